@@ -1,0 +1,152 @@
+#include "X11/X11Connection.hpp"
+
+#include "Foundation/Require.hpp"
+
+#include <QGuiApplication>
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+namespace vireline::x11 {
+namespace {
+
+using PropertyReply = Owned<xcb_get_property_reply_t>;
+
+template <class T>
+std::span<const T> items(const PropertyReply& reply) {
+    const auto bytes = static_cast<std::size_t>(xcb_get_property_value_length(reply.get()));
+    return {static_cast<const T*>(xcb_get_property_value(reply.get())), bytes / sizeof(T)};
+}
+
+PropertyReply property(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t name,
+                       xcb_atom_t type) {
+    const auto cookie = xcb_get_property(connection, 0, window, name, type, 0,
+                                         X11Connection::maximumPropertyBytes / 4);
+    return PropertyReply{xcb_get_property_reply(connection, cookie, nullptr)};
+}
+
+xcb_window_t rootOf(xcb_connection_t* connection, int screenNumber) {
+    auto screen = xcb_setup_roots_iterator(xcb_get_setup(connection));
+    for (; screenNumber > 0 && screen.rem > 1; --screenNumber)
+        xcb_screen_next(&screen);
+    return screen.data->root;
+}
+
+}
+
+X11Connection::X11Connection() {
+    const auto* native = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    require(native != nullptr, "the application runs on the xcb platform plugin");
+    connection_ = native->connection();
+    // Qt opens the screen that DISPLAY names, which a program practically always meets as 0.
+    root_ = rootOf(connection_, screenNumber_);
+    qGuiApp->installNativeEventFilter(this);
+}
+
+X11Connection::~X11Connection() {
+    if (qGuiApp != nullptr)
+        qGuiApp->removeNativeEventFilter(this);
+}
+
+xcb_atom_t X11Connection::atom(std::string_view name) const {
+    const auto [entry, isNew] = atoms_.try_emplace(std::string{name}, XCB_ATOM_NONE);
+    if (!isNew)
+        return entry->second;
+    const auto cookie =
+        xcb_intern_atom(connection_, 0, static_cast<std::uint16_t>(name.size()), name.data());
+    const Owned<xcb_intern_atom_reply_t> reply{xcb_intern_atom_reply(connection_, cookie, nullptr)};
+    if (reply)
+        entry->second = reply->atom;
+    return entry->second;
+}
+
+std::string X11Connection::atomName(xcb_atom_t atom) const {
+    const Owned<xcb_get_atom_name_reply_t> reply{
+        xcb_get_atom_name_reply(connection_, xcb_get_atom_name(connection_, atom), nullptr)};
+    if (!reply)
+        return {};
+    const auto length = static_cast<std::size_t>(xcb_get_atom_name_name_length(reply.get()));
+    return {xcb_get_atom_name_name(reply.get()), length};
+}
+
+std::vector<std::uint32_t> X11Connection::words(xcb_window_t window, std::string_view name,
+                                                xcb_atom_t type) const {
+    const auto reply = property(connection_, window, atom(name), type);
+    if (!reply || reply->type != type || reply->format != 32)
+        return {};
+    const auto values = items<std::uint32_t>(reply);
+    return {values.begin(), values.end()};
+}
+
+std::optional<std::string> X11Connection::text(xcb_window_t window, std::string_view name) const {
+    const auto reply = property(connection_, window, atom(name), XCB_GET_PROPERTY_TYPE_ANY);
+    if (!reply || reply->format != 8)
+        return std::nullopt;
+    if (reply->type != XCB_ATOM_STRING && reply->type != atom("UTF8_STRING"))
+        return std::nullopt;
+    const auto bytes = items<char>(reply);
+    return std::string{bytes.begin(), bytes.end()};
+}
+
+std::vector<xcb_atom_t> X11Connection::atoms(xcb_window_t window, std::string_view name) const {
+    return words(window, name, XCB_ATOM_ATOM);
+}
+
+std::vector<xcb_window_t> X11Connection::windows(xcb_window_t window, std::string_view name) const {
+    return words(window, name, XCB_ATOM_WINDOW);
+}
+
+void X11Connection::setWords(xcb_window_t window, std::string_view name, xcb_atom_t type,
+                             std::span<const std::uint32_t> values) const {
+    xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, window, atom(name), type, 32,
+                        static_cast<std::uint32_t>(values.size()), values.data());
+}
+
+void X11Connection::setText(xcb_window_t window, std::string_view name,
+                            std::string_view text) const {
+    xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, window, atom(name), atom("UTF8_STRING"),
+                        8, static_cast<std::uint32_t>(text.size()), text.data());
+}
+
+void X11Connection::selectInput(xcb_window_t window, std::uint32_t eventMask) const {
+    const Owned<xcb_get_window_attributes_reply_t> attributes{xcb_get_window_attributes_reply(
+        connection_, xcb_get_window_attributes(connection_, window), nullptr)};
+    if (!attributes)
+        return;
+    const std::uint32_t mask = attributes->your_event_mask | eventMask;
+    if (mask == attributes->your_event_mask)
+        return;
+    xcb_change_window_attributes(connection_, window, XCB_CW_EVENT_MASK, &mask);
+}
+
+void X11Connection::sendToRoot(xcb_window_t window, std::string_view message,
+                               std::span<const std::uint32_t> data) const {
+    xcb_client_message_event_t event{};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = window;
+    event.type = atom(message);
+    std::ranges::copy(data.first(std::min<std::size_t>(data.size(), 5)), event.data.data32);
+    std::array<char, 32> bytes{};
+    std::memcpy(bytes.data(), &event, sizeof event);
+    xcb_send_event(connection_, 0, root_,
+                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                   bytes.data());
+}
+
+void X11Connection::flush() const {
+    xcb_flush(connection_);
+}
+
+Subscription X11Connection::observe(std::function<void(const xcb_generic_event_t&)> handler) {
+    return events_.add(std::move(handler));
+}
+
+bool X11Connection::nativeEventFilter(const QByteArray& type, void* message, qintptr*) {
+    if (type == "xcb_generic_event_t") {
+        events_.notify(*static_cast<const xcb_generic_event_t*>(message));
+    }
+    return false;
+}
+
+}

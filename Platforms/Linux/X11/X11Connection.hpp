@@ -1,0 +1,94 @@
+/// The program's one connection to the X server, shared with Qt: atoms, properties read within
+/// bounds, and the events that Qt passes by. A window may vanish between any two calls; what is
+/// asked of it then simply has no answer.
+#pragma once
+
+#include "Foundation/CallbackList.hpp"
+
+#include <xcb/xcb.h>
+
+#include <QAbstractNativeEventFilter>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace vireline::x11 {
+
+struct Freed {
+    void operator()(void* memory) const noexcept {
+        std::free(
+            memory); // NOLINT(cppcoreguidelines-owning-memory): xcb hands out malloc'ed memory
+    }
+};
+
+/// A reply or an error of an xcb call.
+template <class T>
+using Owned = std::unique_ptr<T, Freed>;
+
+class X11Connection : private QAbstractNativeEventFilter {
+public:
+    /// Longest property that is read; anybody can set one of any length.
+    static constexpr std::uint32_t maximumPropertyBytes = 4U << 20U;
+
+    /// Takes the connection of the running QApplication, which must use the xcb plugin.
+    X11Connection();
+    ~X11Connection() override;
+    X11Connection(const X11Connection&) = delete;
+    X11Connection& operator=(const X11Connection&) = delete;
+    X11Connection(X11Connection&&) = delete;
+    X11Connection& operator=(X11Connection&&) = delete;
+
+    [[nodiscard]] xcb_connection_t* get() const noexcept { return connection_; }
+    [[nodiscard]] xcb_window_t root() const noexcept { return root_; }
+    [[nodiscard]] int screenNumber() const noexcept { return screenNumber_; }
+
+    /// One round trip for a name that was not asked for before.
+    [[nodiscard]] xcb_atom_t atom(std::string_view name) const;
+    [[nodiscard]] std::string atomName(xcb_atom_t atom) const;
+
+    /// The 32-bit items of a property of this type; empty when it is missing or of another kind.
+    [[nodiscard]] std::vector<std::uint32_t> words(xcb_window_t window, std::string_view property,
+                                                   xcb_atom_t type) const;
+    /// The bytes of a text property (STRING or UTF8_STRING), as they are.
+    [[nodiscard]] std::optional<std::string> text(xcb_window_t window,
+                                                  std::string_view property) const;
+    [[nodiscard]] std::vector<xcb_atom_t> atoms(xcb_window_t window,
+                                                std::string_view property) const;
+    [[nodiscard]] std::vector<xcb_window_t> windows(xcb_window_t window,
+                                                    std::string_view property) const;
+
+    void setWords(xcb_window_t window, std::string_view property, xcb_atom_t type,
+                  std::span<const std::uint32_t> values) const;
+    void setText(xcb_window_t window, std::string_view property, std::string_view text) const;
+
+    /// Adds to what this client hears of a window; Qt's own choice stays.
+    void selectInput(xcb_window_t window, std::uint32_t eventMask) const;
+
+    /// Sends a client message about `window` to the root window, as EWMH asks for.
+    void sendToRoot(xcb_window_t window, std::string_view message,
+                    std::span<const std::uint32_t> data) const;
+
+    void flush() const;
+
+    /// Hears every event, before Qt does. The response type's high bit (sent events) is stripped by
+    /// nobody; mask it with 0x7f.
+    [[nodiscard]] Subscription observe(std::function<void(const xcb_generic_event_t&)> handler);
+
+private:
+    bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
+
+    xcb_connection_t* connection_ = nullptr;
+    xcb_window_t root_ = XCB_NONE;
+    int screenNumber_ = 0;
+    mutable std::unordered_map<std::string, xcb_atom_t> atoms_;
+    CallbackList<const xcb_generic_event_t&> events_;
+};
+
+}

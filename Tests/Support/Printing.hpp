@@ -1,0 +1,23 @@
+/// How values that have no stream operator of their own appear in a failing test.
+#pragma once
+
+#include "Interaction/ClickPolicy.hpp"
+#include "Settings/Settings.hpp"
+
+#include <ostream>
+
+namespace vireline {
+
+inline std::ostream& operator<<(std::ostream& out, MenuEntry entry) {
+    return out << title(entry);
+}
+
+inline std::ostream& operator<<(std::ostream& out, DockPosition position) {
+    return out << rawValue(position);
+}
+
+inline std::ostream& operator<<(std::ostream& out, SourceMode mode) {
+    return out << rawValue(mode);
+}
+
+}

@@ -1,0 +1,24 @@
+/// Collects what a callback is called with.
+#pragma once
+
+#include <functional>
+#include <vector>
+
+namespace vireline::test {
+
+template <class T>
+class Recorder {
+public:
+    Recorder() = default;
+    /// Installs itself as the one listener.
+    explicit Recorder(std::function<void(const T&)>& slot) {
+        slot = [this](const T& value) { values.push_back(value); };
+    }
+
+    [[nodiscard]] int count() const { return static_cast<int>(values.size()); }
+    [[nodiscard]] const T& last() const { return values.back(); }
+
+    std::vector<T> values;
+};
+
+}

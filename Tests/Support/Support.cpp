@@ -1,0 +1,2 @@
+#include "Support/Printing.hpp"
+#include "Support/Recorder.hpp"

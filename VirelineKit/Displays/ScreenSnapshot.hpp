@@ -1,0 +1,40 @@
+/// One display as seen at one moment, so that geometry works on values and never on live objects.
+#pragma once
+
+#include "Foundation/Geometry.hpp"
+
+#include <cstdint>
+#include <optional>
+#include <ostream>
+#include <vector>
+
+namespace vireline {
+
+struct PlatformScreen;
+class Screens;
+
+/// Rectangles are in global space: points, origin at the primary display's bottom-left corner,
+/// y upwards. The first snapshot of every list is the primary display.
+struct ScreenSnapshot {
+    /// The display ID, which ties panels, clicks and guard zones to displays.
+    std::uint32_t id = 0;
+    std::uint32_t unitNumber = 0;
+    Rect frame;
+    Rect visibleFrame;
+    /// Pixels per point.
+    double backingScaleFactor = 1;
+
+    /// Nothing for a screen without a display ID.
+    [[nodiscard]] static std::optional<ScreenSnapshot> of(const PlatformScreen& screen);
+
+    /// All screens that have a display ID, in the platform's order.
+    [[nodiscard]] static std::vector<ScreenSnapshot> current(const Screens& screens);
+
+    bool operator==(const ScreenSnapshot&) const = default;
+};
+
+inline std::ostream& operator<<(std::ostream& out, const ScreenSnapshot& screen) {
+    return out << '#' << screen.id << ' ' << screen.frame;
+}
+
+}

@@ -1,0 +1,41 @@
+/// A value whose changes can be watched. Equal writes are silent.
+#pragma once
+
+#include "Foundation/CallbackList.hpp"
+
+#include <utility>
+
+namespace vireline {
+
+template <class T>
+class Observable {
+public:
+    Observable() = default;
+    explicit Observable(T initial) : value_(std::move(initial)) {}
+    Observable(const Observable&) = delete;
+    Observable& operator=(const Observable&) = delete;
+    Observable(Observable&&) = delete;
+    Observable& operator=(Observable&&) = delete;
+    ~Observable() = default;
+
+    [[nodiscard]] const T& get() const noexcept { return value_; }
+
+    /// Stores the value and, if it differs from the one before, announces the change.
+    void set(T value) {
+        if (value == value_)
+            return;
+        value_ = std::move(value);
+        changes_.notify();
+    }
+
+    /// Calls `listener` after every change; the new value is then in place.
+    [[nodiscard]] Subscription observe(std::function<void()> listener) {
+        return changes_.add(std::move(listener));
+    }
+
+private:
+    T value_{};
+    CallbackList<> changes_;
+};
+
+}

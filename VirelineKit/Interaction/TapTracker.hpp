@@ -1,0 +1,22 @@
+/// Tells single from double clicks on one tile. The first tap of a double click counts as a single
+/// at once; nothing waits for a second.
+#pragma once
+
+#include <optional>
+
+namespace vireline {
+
+class TapTracker {
+public:
+    enum class Resolution { single, doubled };
+
+    /// Records a tap at `time` and says whether it completes a double click. `time` and `threshold`
+    /// are in the same unit; a gap of exactly `threshold` is too long.
+    Resolution registerTap(double time, double threshold);
+
+private:
+    /// The last tap that counted as a single click.
+    std::optional<double> lastTap_;
+};
+
+}

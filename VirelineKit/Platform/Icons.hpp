@@ -1,0 +1,47 @@
+/// Pictures for tiles. The platform decides which pixels an image has at which size.
+#pragma once
+
+#include "Foundation/Geometry.hpp"
+
+#include <memory>
+#include <string>
+
+namespace vireline {
+
+/// What a platform draws for an image node. Sizes are in points.
+class Image {
+public:
+    explicit Image(Size size) : size_(size) {}
+    Image(const Image&) = delete;
+    Image& operator=(const Image&) = delete;
+    Image(Image&&) = delete;
+    Image& operator=(Image&&) = delete;
+    virtual ~Image() = default;
+
+    [[nodiscard]] Size size() const noexcept { return size_; }
+
+private:
+    Size size_;
+};
+
+/// Shared by every view that shows the image; equal handles are the same image.
+using ImageHandle = std::shared_ptr<const Image>;
+
+class Icons {
+public:
+    virtual ~Icons() = default;
+
+    /// The icon of the file, folder or application at `path`, a generic one if it has none or does
+    /// not exist. `key` is an app's bundle identifier, for apps that have no file of their own.
+    [[nodiscard]] virtual ImageHandle iconForFile(const std::string& path, const std::string& key,
+                                                  Size size) = 0;
+
+    /// A named system image such as "NSTrashEmpty"; null when the system has none.
+    [[nodiscard]] virtual ImageHandle namedImage(const std::string& name, Size size) = 0;
+
+    /// A system symbol such as "trash.fill"; null when the system has none.
+    [[nodiscard]] virtual ImageHandle
+    symbol(const std::string& name, const std::string& accessibilityDescription, Size size) = 0;
+};
+
+}

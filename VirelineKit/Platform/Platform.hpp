@@ -1,0 +1,39 @@
+/// All ports of one platform, as the application delegate receives them.
+#pragma once
+
+namespace vireline {
+
+class Application;
+class ApplicationCatalog;
+class DockPreferences;
+class FileEvents;
+class FileSystem;
+class Icons;
+class PanelWindows;
+class PointerSettings;
+class RunLoop;
+class RunningApplications;
+class Screens;
+class Trash;
+class UserFolders;
+class Workspace;
+
+/// References to objects that outlive the program's own.
+struct Platform {
+    Application& application;
+    RunLoop& runLoop;
+    FileSystem& fileSystem;
+    FileEvents& fileEvents;
+    UserFolders& userFolders;
+    Trash& trash;
+    DockPreferences& dockPreferences;
+    ApplicationCatalog& catalog;
+    RunningApplications& runningApplications;
+    Workspace& workspace;
+    Icons& icons;
+    Screens& screens;
+    PanelWindows& panelWindows;
+    PointerSettings& pointerSettings;
+};
+
+}

@@ -1,0 +1,60 @@
+/// The applications that run now, and their coming and going.
+#pragma once
+
+#include "Foundation/FileURL.hpp"
+#include "Foundation/ScopedHandle.hpp"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vireline {
+
+enum class ActivationPolicy {
+    regular,    ///< an ordinary app, with a place in the dock
+    accessory,  ///< has windows but no place in the dock
+    prohibited, ///< no user interface
+};
+
+/// One running application at one moment.
+struct RunningApplication {
+    std::optional<std::string> bundleID;
+    std::optional<FileURL> bundleURL;
+    std::optional<std::string> localizedName;
+    ActivationPolicy activationPolicy = ActivationPolicy::regular;
+    /// 0 when unknown.
+    std::int32_t processIdentifier = 0;
+    /// Whether it is the frontmost app.
+    bool isActive = false;
+
+    bool operator==(const RunningApplication&) const = default;
+};
+
+class RunningApplications {
+public:
+    /// Receives the app concerned, or nothing when the system did not say which.
+    using Handler = std::function<void(const std::optional<RunningApplication>&)>;
+
+    virtual ~RunningApplications() = default;
+
+    /// All of them, in the order that the system reports.
+    [[nodiscard]] virtual std::vector<RunningApplication> running() const = 0;
+
+    /// The instances of one app, in the system's order.
+    [[nodiscard]] virtual std::vector<RunningApplication>
+    instances(const std::string& bundleID) const = 0;
+
+    /// Hides all windows of the app. Bringing it forward again undoes this.
+    virtual void hide(const RunningApplication& app) = 0;
+
+    /// Asks the app to quit; it may refuse or ask the user first.
+    virtual void terminate(const RunningApplication& app) = 0;
+
+    [[nodiscard]] virtual Subscription observeWillLaunch(Handler handler) = 0;
+    [[nodiscard]] virtual Subscription observeDidLaunch(Handler handler) = 0;
+    [[nodiscard]] virtual Subscription observeDidTerminate(Handler handler) = 0;
+};
+
+}

@@ -1,0 +1,66 @@
+/// The one record of what the user chose.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vireline {
+
+/// Where the pinned list comes from.
+enum class SourceMode {
+    mirror, ///< it follows the desktop's own dock
+    manual, ///< it is `Settings::manualApps`
+};
+
+/// The edge of each display that holds the dock.
+enum class DockPosition { bottom, left, right };
+
+/// The text that stands for the value in the preferences file.
+[[nodiscard]] std::string_view rawValue(SourceMode mode) noexcept;
+[[nodiscard]] std::string_view rawValue(DockPosition position) noexcept;
+
+/// The value that a text stands for, case-sensitive; nothing for any other text.
+[[nodiscard]] std::optional<SourceMode> sourceMode(std::string_view rawValue) noexcept;
+[[nodiscard]] std::optional<DockPosition> dockPosition(std::string_view rawValue) noexcept;
+
+/// One entry of the manual list.
+struct StoredApp {
+    std::string bundleID;
+    std::string name;
+    /// The file-system path of the application bundle.
+    std::string path;
+
+    bool operator==(const StoredApp&) const = default;
+};
+
+struct Settings {
+    std::int64_t schemaVersion = 1;
+    SourceMode sourceMode = SourceMode::mirror;
+    std::vector<StoredApp> manualApps;
+    /// Points.
+    double iconSize = 44;
+    /// Kept for a later version; nothing consults it yet.
+    bool hideOverFullScreen = true;
+    DockPosition position = DockPosition::bottom;
+    bool autoHide = false;
+    bool magnificationEnabled = false;
+    /// The factor used while magnification is enabled.
+    double magnification = 1.5;
+    bool anchorAppleDock = false;
+    bool openOnThisDisplay = false;
+    bool summonOnClick = false;
+    bool fillOnDoubleClick = false;
+    bool onboardingCompleted = false;
+
+    bool operator==(const Settings&) const = default;
+};
+
+/// The factor in force: 1 while magnification is off.
+[[nodiscard]] inline double effectiveMagnification(const Settings& settings) noexcept {
+    return settings.magnificationEnabled ? settings.magnification : 1.0;
+}
+
+}

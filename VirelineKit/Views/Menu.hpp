@@ -1,0 +1,56 @@
+/// Menus as data; each platform has one translator to its own.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace vireline {
+
+struct MenuSeparator {
+    bool operator==(const MenuSeparator&) const = default;
+};
+
+struct MenuCommand {
+    std::string title;
+
+    bool operator==(const MenuCommand&) const = default;
+};
+
+using MenuItem = std::variant<MenuCommand, MenuSeparator>;
+
+/// A popup menu.
+struct Menu {
+    std::vector<MenuItem> entries;
+
+    bool operator==(const Menu&) const = default;
+};
+
+/// What an entry of the hidden main menu does: to the program, or to whatever has the focus.
+enum class StandardAction { terminate, undo, redo, cut, copy, paste, selectAll };
+
+struct MainMenuCommand {
+    std::string title;
+    StandardAction action;
+    /// With the platform's command modifier; an upper-case letter means shift as well.
+    char keyEquivalent;
+
+    bool operator==(const MainMenuCommand&) const = default;
+};
+
+struct MainMenuSubmenu {
+    std::string title;
+    std::vector<std::variant<MainMenuCommand, MenuSeparator>> entries;
+
+    bool operator==(const MainMenuSubmenu&) const = default;
+};
+
+/// The program's main menu: untitled items, each with one submenu.
+struct MainMenu {
+    std::vector<MainMenuSubmenu> submenus;
+
+    bool operator==(const MainMenu&) const = default;
+};
+
+}

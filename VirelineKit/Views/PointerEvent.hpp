@@ -1,0 +1,27 @@
+/// What the pointer did over a view, as every platform reports it.
+#pragma once
+
+#include "Foundation/Geometry.hpp"
+
+#include <ostream>
+
+namespace vireline {
+
+struct PointerEvent {
+    enum class Kind {
+        moved,            ///< also while the primary button is held
+        exited,           ///< no longer over the view; the position says nothing
+        pressed,          ///< primary button
+        released,         ///< primary button
+        secondaryPressed, ///< the button, or the combination, that asks for a menu
+        cancelled,        ///< the press in progress was taken away
+    };
+
+    Kind kind = Kind::moved;
+    /// The view's coordinates: points, origin top-left, y downwards.
+    Point position;
+
+    bool operator==(const PointerEvent&) const = default;
+};
+
+}

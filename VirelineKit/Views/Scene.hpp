@@ -1,0 +1,84 @@
+/// What one dock shows at one moment, as data: nodes to paint, back to front, and regions that
+/// take input. Coordinates are the view's own: points, origin top-left, y downwards.
+#pragma once
+
+#include "Foundation/Geometry.hpp"
+#include "Platform/Icons.hpp"
+
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace vireline {
+
+/// A translucent background with rounded corners; a capsule when the radius reaches half the
+/// thickness.
+struct GlassNode {
+    double cornerRadius = 0;
+
+    bool operator==(const GlassNode&) const = default;
+};
+
+/// An image, drawn into the node's frame.
+struct ImageNode {
+    ImageHandle image;
+
+    bool operator==(const ImageNode&) const = default;
+};
+
+/// A filled circle in the system's secondary label colour.
+struct DotNode {
+    bool operator==(const DotNode&) const = default;
+};
+
+/// A line in the system's separator colour.
+struct SeparatorNode {
+    double cornerRadius = 0;
+
+    bool operator==(const SeparatorNode&) const = default;
+};
+
+/// One line of text in a glass capsule, centred in the node's frame and no wider than it; what does
+/// not fit ends in an ellipsis.
+struct LabelNode {
+    std::string text;
+    /// System font, medium weight; points.
+    double fontSize = 0;
+    /// Between the text and the capsule's edge; points.
+    Size padding;
+
+    bool operator==(const LabelNode&) const = default;
+};
+
+/// A capsule in the primary colour, which a collapsed dock leaves at the screen's edge.
+struct HandleNode {
+    bool operator==(const HandleNode&) const = default;
+};
+
+struct SceneNode {
+    /// The same node in the next scene carries the same identity.
+    std::string id;
+    /// At scale 1 and without the offset.
+    Rect frame;
+    std::variant<GlassNode, ImageNode, DotNode, SeparatorNode, LabelNode, HandleNode> content;
+    /// About the point `anchor`, or the frame's centre.
+    double scale = 1;
+    std::optional<Point> anchor;
+    Point offset;
+    double opacity = 1;
+
+    bool operator==(const SceneNode&) const = default;
+};
+
+struct Scene {
+    std::vector<SceneNode> nodes;
+
+    /// The part of the view that takes the pointer; clicks beside it reach the window below.
+    /// Absent: the whole window.
+    std::optional<Rect> inputRegion;
+
+    bool operator==(const Scene&) const = default;
+};
+
+}

@@ -1,0 +1,43 @@
+# How every target of the project is compiled.
+
+option(VIRELINE_PROGRAM "Build the platform and the executable" ON)
+option(VIRELINE_TESTS "Build the tests" OFF)
+option(VIRELINE_BENCHMARKS "Build the benchmarks" OFF)
+option(VIRELINE_SANITIZE "Compile with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+
+set(CMAKE_CXX_STANDARD 23)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_SCAN_FOR_MODULES OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+find_program(CCACHE ccache)
+if(CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+add_library(vireline_options INTERFACE)
+target_compile_options(vireline_options INTERFACE -Wall -Wextra -Wconversion -Werror)
+
+if(VIRELINE_SANITIZE)
+    target_compile_options(vireline_options INTERFACE
+        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(vireline_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT APPLE)
+    target_compile_options(vireline_options INTERFACE
+        -fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
+    target_link_options(vireline_options INTERFACE -Wl,-z,relro,-z,now -Wl,--as-needed)
+    include(CheckPIESupported)
+    check_pie_supported(LANGUAGES CXX)
+endif()
+
+# Adds a static library made of every source file below the current folder.
+function(vireline_library name)
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS *.cpp *.hpp *.mm)
+    add_library(${name} STATIC ${sources})
+    target_link_libraries(${name} PUBLIC vireline_options)
+    target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+endfunction()
