@@ -23,8 +23,9 @@ constexpr Size labelPadding{9, 3};
 
 }
 
-DockRootView::DockRootView(const DockViewContext& context, PanelUIState& ui, const PanelSpec& spec)
-    : context_(context), ui_(ui), spec_(spec) {
+DockRootView::DockRootView(const DockViewContext& context, PanelUIState& ui, const PanelSpec& spec,
+                           bool takesWholeWindow)
+    : context_(context), ui_(ui), spec_(spec), takesWholeWindow_(takesWholeWindow) {
     const auto relayoutSoon = lifetime_.guard([this] { relayout(); });
     observations_ = {context_.model.items.observe(lifetime_.guard([this] { rebuildTiles(); })),
                      context_.model.configuredIconSize.observe(relayoutSoon),
@@ -36,12 +37,8 @@ DockRootView::DockRootView(const DockViewContext& context, PanelUIState& ui, con
     rebuildTiles();
 }
 
-void DockRootView::setSpec(const PanelSpec& spec) {
+void DockRootView::update(const PanelSpec& spec, bool takesWholeWindow) {
     spec_ = spec;
-    relayout();
-}
-
-void DockRootView::setTakesWholeWindow(bool takesWholeWindow) {
     takesWholeWindow_ = takesWholeWindow;
     relayout();
 }
