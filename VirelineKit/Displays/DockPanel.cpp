@@ -36,7 +36,7 @@ DockPanel::DockPanel(const PanelSpec& spec, bool autoHide, const DockViewContext
     : spec_(spec)
     , autoHide_(autoHide)
     , runLoop_(context.runLoop)
-    , hosting_(context, uiState_, spec)
+    , hosting_(context, uiState_, spec, autoHide)
     , window_(windows.makePanel(spec.displayID, spec.frame, *this)) {
     hosting_.onSceneChange =
         lifetime_.guard([this](const Scene& scene) { window_->present(scene); });
