@@ -11,6 +11,9 @@ namespace vireline {
 
 class FileURL {
 public:
+    /// The root folder.
+    FileURL() = default;
+
     /// From an absolute file-system path. A trailing slash is dropped, except for the root folder.
     [[nodiscard]] static FileURL fromPath(std::string_view path);
 
@@ -41,7 +44,7 @@ public:
 private:
     explicit FileURL(std::string path) : path_(std::move(path)) {}
 
-    std::string path_;
+    std::string path_ = "/";
 };
 
 inline std::ostream& operator<<(std::ostream& out, const FileURL& url) {

@@ -16,7 +16,8 @@ public:
 
     [[nodiscard]] virtual bool exists(const FileURL& url) const = 0;
 
-    /// The whole file. Fails when it cannot be read or is longer than `maximumBytes`.
+    /// The whole file. Fails when it cannot be read; with the code of `std::errc::file_too_large`
+    /// when it is longer than `maximumBytes`.
     [[nodiscard]] virtual Result<std::string> read(const FileURL& url,
                                                    std::size_t maximumBytes) const = 0;
 

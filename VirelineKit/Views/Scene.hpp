@@ -5,6 +5,8 @@
 #include "Foundation/Geometry.hpp"
 #include "Platform/Icons.hpp"
 
+#include <compare>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <variant>
@@ -56,16 +58,26 @@ struct HandleNode {
     bool operator==(const HandleNode&) const = default;
 };
 
+/// Tells a node from the others of its scene; the same node carries it from scene to scene.
+struct NodeID {
+    enum class Part { strip, separator, icon, dot, label, handle };
+
+    Part part = Part::strip;
+    /// The tile, or the number of the separator; 0 where there is but one such node.
+    std::uint32_t owner = 0;
+
+    auto operator<=>(const NodeID&) const = default;
+};
+
 struct SceneNode {
-    /// The same node in the next scene carries the same identity.
-    std::string id;
+    NodeID id;
     /// At scale 1 and without the offset.
     Rect frame;
     std::variant<GlassNode, ImageNode, DotNode, SeparatorNode, LabelNode, HandleNode> content;
     /// About the point `anchor`, or the frame's centre.
     double scale = 1;
-    std::optional<Point> anchor;
-    Point offset;
+    std::optional<Point> anchor = {};
+    Point offset = {};
     double opacity = 1;
 
     bool operator==(const SceneNode&) const = default;

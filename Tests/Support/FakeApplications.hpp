@@ -1,0 +1,190 @@
+/// The ports that deal with applications, in memory: the installed, the running and those that the
+/// desktop's own dock shows, opening things, icons, and the program itself.
+#pragma once
+
+#include "Foundation/CallbackList.hpp"
+#include "Model/DockItem.hpp"
+#include "Platform/Application.hpp"
+#include "Platform/ApplicationCatalog.hpp"
+#include "Platform/DockPreferences.hpp"
+#include "Platform/Icons.hpp"
+#include "Platform/RunningApplications.hpp"
+#include "Platform/Workspace.hpp"
+
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace vireline::test {
+
+class FakeApplicationCatalog final : public ApplicationCatalog {
+public:
+    [[nodiscard]] std::optional<FileURL> urlForBundleID(const std::string& bundleID) const override;
+    [[nodiscard]] std::optional<std::string> bundleIdentifier(const FileURL& url) const override;
+    [[nodiscard]] std::string displayName(const FileURL& url) const override;
+    [[nodiscard]] std::string bundleExtension() const override { return appExtension; }
+    [[nodiscard]] FileManager fileManager() const override { return manager; }
+    [[nodiscard]] std::vector<std::string> wellKnownBundleIDs() const override { return wellKnown; }
+
+    std::vector<AppRef> installed;
+    std::string appExtension = ApplicationCatalog::bundleExtension();
+    FileManager manager = ApplicationCatalog::fileManager();
+    std::vector<std::string> wellKnown = ApplicationCatalog::wellKnownBundleIDs();
+};
+
+class FakeDockPreferences final : public DockPreferences {
+public:
+    [[nodiscard]] std::optional<PropertyList> persistentApps() override;
+    [[nodiscard]] Subscription observeChanges(std::function<void()> handler) override;
+
+    void announceChange() { changes_.notify(); }
+
+    /// The value of "persistent-apps".
+    std::optional<PropertyList> tiles;
+    int reads = 0;
+
+private:
+    CallbackList<> changes_;
+};
+
+/// Knows the bytes that a test gave it and takes all others for damaged.
+class FakePropertyListDecoder final : public PropertyListDecoder {
+public:
+    [[nodiscard]] Result<PropertyList> decode(std::span<const std::byte> bytes) const override;
+
+    std::map<std::string, PropertyList> known;
+    PlatformError damage{1, "not a property list"};
+};
+
+class FakeRunningApplications final : public RunningApplications {
+public:
+    [[nodiscard]] std::vector<RunningApplication> running() const override { return apps; }
+    [[nodiscard]] std::vector<RunningApplication>
+    instances(const std::string& bundleID) const override;
+    void hide(const RunningApplication& app) override { hidden.push_back(app); }
+    void terminate(const RunningApplication& app) override { terminated.push_back(app); }
+    [[nodiscard]] Subscription observeWillLaunch(Handler handler) override;
+    [[nodiscard]] Subscription observeDidLaunch(Handler handler) override;
+    [[nodiscard]] Subscription observeDidTerminate(Handler handler) override;
+
+    /// What the system would announce; the list of apps is the test's to change.
+    void announceWillLaunch(const std::optional<RunningApplication>& app) {
+        willLaunch_.notify(app);
+    }
+    void announceDidLaunch(const std::optional<RunningApplication>& app) { didLaunch_.notify(app); }
+    void announceDidTerminate(const std::optional<RunningApplication>& app) {
+        didTerminate_.notify(app);
+    }
+
+    /// The whole course of a launch: announced, in the list, announced again.
+    void launch(const RunningApplication& app);
+    /// Takes every instance of the app out of the list and announces each.
+    void quit(const std::string& bundleID);
+    /// Makes the app the frontmost one; nobody is with an empty identifier.
+    void bringToFront(const std::string& bundleID);
+
+    std::vector<RunningApplication> apps;
+    std::vector<RunningApplication> hidden;
+    std::vector<RunningApplication> terminated;
+
+private:
+    using Listeners = CallbackList<std::optional<RunningApplication>>;
+
+    Listeners willLaunch_;
+    Listeners didLaunch_;
+    Listeners didTerminate_;
+};
+
+class FakeWorkspace final : public Workspace {
+public:
+    struct OpenedApplication {
+        std::string bundleID;
+        FileURL url;
+
+        bool operator==(const OpenedApplication&) const = default;
+    };
+
+    void openApplication(const std::string& bundleID, const FileURL& url) override {
+        openedApplications.push_back({bundleID, url});
+    }
+    void open(const FileURL& url) override { opened.push_back(url); }
+    void reveal(const std::vector<FileURL>& urls) override { revealed.push_back(urls); }
+
+    std::vector<OpenedApplication> openedApplications;
+    std::vector<FileURL> opened;
+    std::vector<std::vector<FileURL>> revealed;
+};
+
+inline std::ostream& operator<<(std::ostream& out, const FakeWorkspace::OpenedApplication& app) {
+    return out << app.bundleID << " " << app.url;
+}
+
+/// An image that remembers what it was asked for as.
+class FakeImage final : public Image {
+public:
+    FakeImage(std::string source, Size size) : Image(size), source_(std::move(source)) {}
+
+    /// A path, or the name of a system image or symbol.
+    [[nodiscard]] const std::string& source() const noexcept { return source_; }
+
+private:
+    std::string source_;
+};
+
+class FakeIcons final : public Icons {
+public:
+    struct FileRequest {
+        std::string path;
+        std::string key;
+        Size size;
+
+        bool operator==(const FileRequest&) const = default;
+    };
+    struct SymbolRequest {
+        std::string name;
+        std::string accessibilityDescription;
+        Size size;
+
+        bool operator==(const SymbolRequest&) const = default;
+    };
+
+    [[nodiscard]] ImageHandle iconForFile(const std::string& path, const std::string& key,
+                                          Size size) override;
+    [[nodiscard]] ImageHandle namedImage(const std::string& name, Size size) override;
+    [[nodiscard]] ImageHandle symbol(const std::string& name,
+                                     const std::string& accessibilityDescription,
+                                     Size size) override;
+
+    std::set<std::string> knownImages{"NSTrashEmpty"};
+    std::set<std::string> knownSymbols{"trash.fill"};
+    std::vector<FileRequest> fileRequests;
+    std::vector<std::string> imageRequests;
+    std::vector<SymbolRequest> symbolRequests;
+};
+
+class FakeApplication final : public Application {
+public:
+    void becomeAccessory() override { isAccessory = true; }
+    void installMainMenu(const MainMenu& menu) override { mainMenu = menu; }
+    /// Launches, lets `whileRunning` act, and returns as if the user had quit then.
+    int run(std::function<void()> onFinishedLaunching) override;
+    void terminate() override { ++terminations; }
+    [[nodiscard]] std::int64_t processIdentifier() const override { return process; }
+    [[nodiscard]] Subscription observeSecondStart(std::function<void()> handler) override;
+
+    void announceSecondStart() { secondStarts_.notify(); }
+
+    std::function<void()> whileRunning;
+    bool isAccessory = false;
+    std::optional<MainMenu> mainMenu;
+    int terminations = 0;
+    int exitCode = 0;
+    std::int64_t process = 4711;
+
+private:
+    CallbackList<> secondStarts_;
+};
+
+}

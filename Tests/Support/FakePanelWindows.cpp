@@ -1,0 +1,85 @@
+#include "Support/FakePanelWindows.hpp"
+
+#include "Foundation/Require.hpp"
+
+#include <utility>
+
+namespace vireline::test {
+
+PanelWindowListener& FakePanel::listener() const {
+    require(isAlive(), "the dock window is alive");
+    return *listener_;
+}
+
+void FakePanel::choose(std::size_t index) {
+    require(isAlive() && isMenuOpen_, "a menu is open");
+    require(index < menus.back().menu.entries.size(), "the menu has that entry");
+    isMenuOpen_ = false;
+    const auto onChoice = menus.back().onChoice;
+    onChoice(index);
+}
+
+void FakePanel::dismissMenu() {
+    require(isAlive() && isMenuOpen_, "a menu is open");
+    isMenuOpen_ = false;
+}
+
+FakePanelWindow::~FakePanelWindow() {
+    panel_->listener_ = nullptr;
+    panel_->isVisible = false;
+    panel_->isMenuOpen_ = false;
+    for (FakePanel::PoppedMenu& menu : panel_->menus)
+        menu.onChoice = nullptr;
+}
+
+void FakePanelWindow::setFrame(const Rect& frame, bool animate) {
+    panel_->frame = frame;
+    panel_->frameChanges.push_back({frame, animate});
+}
+
+void FakePanelWindow::present(const Scene& scene) {
+    panel_->scene = scene;
+    ++panel_->presentations;
+}
+
+void FakePanelWindow::orderFrontRegardless() {
+    panel_->isVisible = true;
+    ++panel_->timesOrderedFront;
+}
+
+void FakePanelWindow::popUpMenu(const Menu& menu, Point at,
+                                std::function<void(std::size_t)> onChoice) {
+    panel_->menus.push_back({menu, at, std::move(onChoice)});
+    panel_->isMenuOpen_ = true;
+}
+
+std::unique_ptr<PanelWindow> FakePanelWindows::makePanel(std::uint32_t displayID, const Rect& frame,
+                                                         PanelWindowListener& listener) {
+    made.push_back(std::make_shared<FakePanel>(displayID, frame, listener));
+    return std::make_unique<FakePanelWindow>(made.back());
+}
+
+FakePanel* FakePanelWindows::find(std::uint32_t displayID) const {
+    for (const auto& panel : made) {
+        if (panel->isAlive() && panel->displayID == displayID)
+            return panel.get();
+    }
+    return nullptr;
+}
+
+FakePanel& FakePanelWindows::panel(std::uint32_t displayID) const {
+    FakePanel* found = find(displayID);
+    require(found != nullptr, "the display has a dock window");
+    return *found;
+}
+
+std::vector<std::uint32_t> FakePanelWindows::displays() const {
+    std::vector<std::uint32_t> found;
+    for (const auto& panel : made) {
+        if (panel->isAlive())
+            found.push_back(panel->displayID);
+    }
+    return found;
+}
+
+}

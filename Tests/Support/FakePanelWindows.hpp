@@ -1,0 +1,124 @@
+/// The displays, the dock windows on them and the pointer's settings, in memory. A dock window's
+/// record outlives the window, so that a test can tell what became of it.
+#pragma once
+
+#include "Foundation/CallbackList.hpp"
+#include "Platform/PanelWindow.hpp"
+#include "Platform/PointerSettings.hpp"
+#include "Platform/Screens.hpp"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace vireline::test {
+
+class FakeScreens final : public Screens {
+public:
+    [[nodiscard]] std::vector<PlatformScreen> screens() const override { return list; }
+    [[nodiscard]] Subscription observeParameters(std::function<void()> handler) override {
+        return changes_.add(std::move(handler));
+    }
+
+    void announceChange() { changes_.notify(); }
+
+    std::vector<PlatformScreen> list;
+
+private:
+    CallbackList<> changes_;
+};
+
+/// What became of one dock window.
+class FakePanel {
+public:
+    struct FrameChange {
+        Rect frame;
+        bool animate = false;
+
+        bool operator==(const FrameChange&) const = default;
+    };
+    struct PoppedMenu {
+        Menu menu;
+        Point at;
+        std::function<void(std::size_t)> onChoice;
+    };
+
+    FakePanel(std::uint32_t display, const Rect& initial, PanelWindowListener& reportsTo)
+        : displayID(display), frame(initial), listener_(&reportsTo) {}
+
+    [[nodiscard]] bool isAlive() const noexcept { return listener_ != nullptr; }
+
+    /// Where the platform reports to; the window must be alive.
+    [[nodiscard]] PanelWindowListener& listener() const;
+
+    /// Chooses an entry of the menu that was popped up last, and closes it.
+    void choose(std::size_t index);
+    /// Closes that menu without a choice.
+    void dismissMenu();
+    [[nodiscard]] bool isMenuOpen() const noexcept { return isMenuOpen_; }
+
+    std::uint32_t displayID;
+    /// Where it is now, where it was asked to go since its making.
+    Rect frame;
+    std::vector<FrameChange> frameChanges;
+    std::optional<Rect> hostedFrame;
+    std::optional<Scene> scene;
+    int presentations = 0;
+    bool isVisible = false;
+    int timesOrderedFront = 0;
+    std::vector<PoppedMenu> menus;
+
+private:
+    friend class FakePanelWindow;
+
+    /// Null once the window is gone.
+    PanelWindowListener* listener_;
+    bool isMenuOpen_ = false;
+};
+
+class FakePanelWindow final : public PanelWindow {
+public:
+    explicit FakePanelWindow(std::shared_ptr<FakePanel> panel) : panel_(std::move(panel)) {}
+    FakePanelWindow(const FakePanelWindow&) = delete;
+    FakePanelWindow& operator=(const FakePanelWindow&) = delete;
+    FakePanelWindow(FakePanelWindow&&) = delete;
+    FakePanelWindow& operator=(FakePanelWindow&&) = delete;
+    ~FakePanelWindow() override;
+
+    void setFrame(const Rect& frame, bool animate) override;
+    void setHostedFrame(const Rect& frame) override { panel_->hostedFrame = frame; }
+    void present(const Scene& scene) override;
+    void orderFrontRegardless() override;
+    void orderOut() override { panel_->isVisible = false; }
+    void popUpMenu(const Menu& menu, Point at, std::function<void(std::size_t)> onChoice) override;
+
+private:
+    std::shared_ptr<FakePanel> panel_;
+};
+
+class FakePanelWindows final : public PanelWindows {
+public:
+    [[nodiscard]] std::unique_ptr<PanelWindow> makePanel(std::uint32_t displayID, const Rect& frame,
+                                                         PanelWindowListener& listener) override;
+
+    /// The window alive on this display; null when there is none.
+    [[nodiscard]] FakePanel* find(std::uint32_t displayID) const;
+    /// The same, where the test takes it for granted.
+    [[nodiscard]] FakePanel& panel(std::uint32_t displayID) const;
+    /// The displays that have a window, in the order of the windows' making.
+    [[nodiscard]] std::vector<std::uint32_t> displays() const;
+
+    /// Every window ever made, oldest first, whether it lives or not.
+    std::vector<std::shared_ptr<FakePanel>> made;
+};
+
+class FakePointerSettings final : public PointerSettings {
+public:
+    [[nodiscard]] double doubleClickInterval() const override { return interval; }
+
+    double interval = 0.5;
+};
+
+}

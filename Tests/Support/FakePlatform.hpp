@@ -1,0 +1,51 @@
+/// A whole platform in memory, with a virtual clock. Its ports record what they are asked for and
+/// let a test bring about events and failures.
+#pragma once
+
+#include "Platform/Platform.hpp"
+#include "Support/FakeApplications.hpp"
+#include "Support/FakeFiles.hpp"
+#include "Support/FakePanelWindows.hpp"
+#include "Support/FakeRunLoop.hpp"
+
+#include <initializer_list>
+#include <string>
+
+namespace vireline::test {
+
+class FakePlatform {
+public:
+    [[nodiscard]] Platform ports();
+
+    /// Puts an app's bundle on the disk and into the catalog.
+    AppRef install(const std::string& bundleID, const std::string& name);
+
+    /// Pins the apps in the desktop's own dock, in this order.
+    void pin(std::initializer_list<AppRef> apps);
+
+    /// A regular app that runs from the place where it is installed; not started yet.
+    [[nodiscard]] static RunningApplication instanceOf(const AppRef& app,
+                                                       std::int32_t processIdentifier = 100);
+
+    FakeRunLoop runLoop;
+    FakeFileSystem fileSystem;
+    FakeFileEvents fileEvents{fileSystem};
+    FakeUserFolders userFolders;
+    FakeTrash trash;
+    FakeDockPreferences dockPreferences;
+    FakeApplicationCatalog catalog;
+    FakeRunningApplications running;
+    FakeWorkspace workspace;
+    FakeIcons icons;
+    FakeScreens screens;
+    FakePanelWindows panelWindows;
+    FakePointerSettings pointerSettings;
+    FakeApplication application;
+};
+
+/// One tile of "persistent-apps" as the desktop's own dock writes it; what is absent is left out.
+[[nodiscard]] PropertyList dockTile(const std::string& urlText,
+                                    const std::optional<std::string>& label = std::nullopt,
+                                    const std::optional<std::string>& bundleID = std::nullopt);
+
+}

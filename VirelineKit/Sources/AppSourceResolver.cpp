@@ -1,0 +1,132 @@
+#include "Sources/AppSourceResolver.hpp"
+
+#include "App/DevLog.hpp"
+#include "Platform/ApplicationCatalog.hpp"
+#include "Platform/FileSystem.hpp"
+#include "Sources/RunningAppsMonitor.hpp"
+
+#include <algorithm>
+
+namespace vireline {
+
+AppSourceResolver::AppSourceResolver(PreferencesStore& store, const Platform& platform)
+    : store_(store), catalog_(platform.catalog), fileSystem_(platform.fileSystem),
+      mirror_(platform) {}
+
+void AppSourceResolver::start() {
+    mirror_.onChange = lifetime_.guard([this](const std::vector<AppRef>& apps) {
+        lastMirror_ = apps;
+        if (isMirroring())
+            emit();
+    });
+    mirror_.start();
+}
+
+void AppSourceResolver::emit() {
+    if (!isMirroring())
+        seedIfNeeded();
+    const auto apps = isMirroring() ? mirrorList() : manualList();
+    if (onChange)
+        onChange(apps);
+}
+
+std::vector<AppRef> AppSourceResolver::mirrorList() const {
+    if (!lastMirror_.empty())
+        return lastMirror_;
+    DevLog::write("mirror empty, using fallback list");
+    return TemporaryPinnedSource::load(catalog_);
+}
+
+std::vector<AppRef> AppSourceResolver::manualList() const {
+    std::vector<AppRef> apps;
+    for (const StoredApp& app : store_.settings().manualApps) {
+        // A path from a file that anybody may have edited: one that is not absolute leads nowhere.
+        if (!app.path.starts_with('/'))
+            continue;
+        const auto url = FileURL::fromPath(app.path);
+        if (fileSystem_.exists(url))
+            apps.push_back({app.bundleID, app.name, url});
+    }
+    return apps;
+}
+
+bool AppSourceResolver::isMirroring() const {
+    return store_.settings().sourceMode == SourceMode::mirror;
+}
+
+void AppSourceResolver::setManualApps(std::vector<StoredApp> apps) {
+    Settings settings = store_.settings();
+    settings.manualApps = std::move(apps);
+    store_.setSettings(std::move(settings));
+}
+
+void AppSourceResolver::seedIfNeeded() {
+    if (!store_.settings().manualApps.empty() || lastMirror_.empty())
+        return;
+    std::vector<StoredApp> seeded;
+    for (const AppRef& app : lastMirror_)
+        seeded.push_back({app.bundleID, app.name, app.url.path()});
+    const std::string count = std::to_string(seeded.size());
+    setManualApps(std::move(seeded));
+    DevLog::write("manual list seeded from mirror, " + count + " apps");
+}
+
+void AppSourceResolver::adoptManualIfMirroring() {
+    if (!isMirroring())
+        return;
+    seedIfNeeded();
+    Settings settings = store_.settings();
+    if (settings.manualApps.empty())
+        return;
+    settings.sourceMode = SourceMode::manual;
+    store_.setSettings(std::move(settings));
+    DevLog::write("list edited while mirroring: switched to manual, seeded");
+}
+
+// In the edits below a write of the settings may well replace what the arguments refer to, such as
+// a tile of the dock that asked: they are not read after it.
+
+void AppSourceResolver::addManualApp(const FileURL& url) {
+    const FileURL added{url};
+    adoptManualIfMirroring();
+    if (isMirroring() || added.pathExtension() != catalog_.bundleExtension())
+        return;
+    const auto bundleID = catalog_.bundleIdentifier(added);
+    auto apps = store_.settings().manualApps;
+    if (!bundleID || std::ranges::find(apps, *bundleID, &StoredApp::bundleID) != apps.end())
+        return;
+    apps.push_back({*bundleID, catalog_.displayName(added), added.path()});
+    setManualApps(std::move(apps));
+    DevLog::write("manual add " + *bundleID);
+}
+
+void AppSourceResolver::removeManualApp(const std::string& bundleID) {
+    if (isMirroring())
+        return;
+    const std::string line = "manual remove " + bundleID;
+    auto apps = store_.settings().manualApps;
+    std::erase_if(apps, [&](const StoredApp& app) { return app.bundleID == bundleID; });
+    setManualApps(std::move(apps));
+    DevLog::write(line);
+}
+
+void AppSourceResolver::moveManualApp(const std::string& bundleID, int toIndex) {
+    const std::string moving{bundleID};
+    adoptManualIfMirroring();
+    auto apps = store_.settings().manualApps;
+    const auto found = std::ranges::find(apps, moving, &StoredApp::bundleID);
+    if (isMirroring() || found == apps.end())
+        return;
+    const auto target = std::clamp<std::ptrdiff_t>(toIndex, 0, std::ssize(apps) - 1);
+    if (target == found - apps.begin())
+        return;
+    const StoredApp moved = *found;
+    apps.erase(found);
+    // Two writes: each is saved and announced, so the docks see the app leave before it arrives.
+    setManualApps(apps);
+    apps.insert(apps.begin() + target, moved);
+    setManualApps(std::move(apps));
+    DevLog::write("manual move " + moving + " to " + std::to_string(target));
+}
+
+}

@@ -1,0 +1,30 @@
+#include "Sources/IconStore.hpp"
+
+#include "Displays/DockMetrics.hpp"
+#include "Foundation/Require.hpp"
+
+namespace vireline {
+namespace {
+
+constexpr Size iconSize{DockMetrics::iconSize, DockMetrics::iconSize};
+
+}
+
+ImageHandle IconStore::icon(const std::string& path, const std::string& key) {
+    auto& image = cache_[key];
+    if (!image)
+        image = icons_.iconForFile(path, key, iconSize);
+    return image;
+}
+
+ImageHandle IconStore::trashIcon() {
+    auto& image = cache_[trashKey];
+    if (!image)
+        image = icons_.namedImage("NSTrashEmpty", iconSize);
+    if (!image)
+        image = icons_.symbol("trash.fill", "Trash", iconSize);
+    require(image != nullptr, "the system has a picture of the Trash");
+    return image;
+}
+
+}

@@ -1,0 +1,43 @@
+/// Watches whatever file a path names, through its replacement, its deletion and its return.
+#pragma once
+
+#include "Foundation/FileURL.hpp"
+#include "Foundation/Lifetime.hpp"
+#include "Platform/FileEvents.hpp"
+#include "Platform/RunLoop.hpp"
+
+#include <functional>
+
+namespace vireline {
+
+class PathWatcher {
+public:
+    /// Seconds from the loss of the file, or from a failure to open it, to the next attempt.
+    static constexpr double retryDelay = 1.0;
+
+    /// `onChange` is called for every batch of events of the file, not when it comes back.
+    PathWatcher(FileURL url, FileEvents& fileEvents, RunLoop& runLoop,
+                std::function<void()> onChange);
+    PathWatcher(const PathWatcher&) = delete;
+    PathWatcher& operator=(const PathWatcher&) = delete;
+    PathWatcher(PathWatcher&&) = delete;
+    PathWatcher& operator=(PathWatcher&&) = delete;
+    ~PathWatcher() = default;
+
+    void start();
+
+private:
+    void handle(FileEventSet events);
+    void retryLater();
+
+    FileURL url_;
+    FileEvents& fileEvents_;
+    RunLoop& runLoop_;
+    std::function<void()> onChange_;
+    /// Set while the file is watched.
+    Subscription source_;
+    Timer retry_;
+    Lifetime lifetime_;
+};
+
+}

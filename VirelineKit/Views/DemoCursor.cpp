@@ -1,0 +1,26 @@
+#include "Views/DemoCursor.hpp"
+
+#include <algorithm>
+#include <locale>
+#include <sstream>
+#include <string>
+
+namespace vireline {
+
+std::optional<double> demoCursorFraction(std::string_view text) {
+    // What a stream would take beyond a decimal number: blanks, hexadecimal, infinities.
+    const bool isPlain = std::ranges::all_of(
+        text, [](char c) { return std::string_view{"0123456789+-.eE"}.contains(c); });
+    if (text.empty() || !isPlain)
+        return std::nullopt;
+    std::istringstream stream{std::string{text}};
+    stream.imbue(std::locale::classic());
+    double fraction = 0;
+    stream >> fraction;
+    const bool isWhole = stream.peek() == std::istringstream::traits_type::eof();
+    if (stream.fail() || !isWhole)
+        return std::nullopt;
+    return fraction;
+}
+
+}

@@ -1,0 +1,136 @@
+#include "Views/StripLayout.hpp"
+
+#include "Displays/DockMetrics.hpp"
+#include "Views/DockMagnifier.hpp"
+
+#include <algorithm>
+
+namespace vireline::StripLayout {
+namespace {
+
+using namespace DockMetrics;
+
+/// Between an icon and its dot, and between the dot and the strip's edge: icon, dot and gaps share
+/// the padding that the strip has on that side.
+constexpr double dotSpacing = 1.5;
+/// How much of a strip's thickness a separator takes.
+constexpr double separatorShare = 0.6;
+/// How far the magnification band reaches beyond the strip.
+constexpr double bandOverhang = 8;
+
+/// One tile along the axis, from the strip's leading edge.
+struct Span {
+    double start = 0;
+    double length = 0;
+
+    [[nodiscard]] double end() const noexcept { return start + length; }
+};
+
+/// The strip along its axis.
+struct AxisLayout {
+    std::vector<Span> tiles;
+    /// Of the strip, in the view.
+    double shift = 0;
+    double length = 0;
+};
+
+/// Takes out a tile that planning made room for; what follows moves up.
+void leaveOut(AxisLayout& axis, std::size_t index) {
+    const double freed = axis.tiles[index].length + iconSpacing;
+    axis.tiles.erase(axis.tiles.begin() + static_cast<std::ptrdiff_t>(index));
+    for (auto i = index; i < axis.tiles.size(); ++i)
+        axis.tiles[i].start -= freed;
+    axis.length -= freed;
+}
+
+AxisLayout axisLayout(const Request& request) {
+    const double size = request.iconSize;
+    const auto counts = request.counts();
+    const double container = request.edge.length();
+    const double baseLength = DockOrdering::stripWidth(counts, size);
+    const auto base = DockMagnifier::baseCenters(counts, size);
+    std::optional<double> cursorInStrip;
+    if (request.cursorAxis)
+        cursorInStrip = *request.cursorAxis - (container - baseLength) / 2;
+    const auto scales = DockMagnifier::scales(base, cursorInStrip, request.magnification,
+                                              DockMagnifier::radius(size));
+    const auto packed = DockMagnifier::packedCenters(base, scales, size);
+
+    AxisLayout axis;
+    axis.length = DockMagnifier::packedLength(packed, scales, size);
+    axis.shift = DockMagnifier::anchoredShift(base, packed, {baseLength, axis.length, container},
+                                              request.cursorAxis);
+    axis.tiles.reserve(packed.size());
+    for (std::size_t i = 0; i < packed.size(); ++i) {
+        const double length = size * scales[i];
+        axis.tiles.push_back({packed[i] - length / 2, length});
+    }
+    const auto firstUtility =
+        static_cast<std::size_t>(request.pinnedCount + request.unpinnedRunningCount);
+    if (!request.hasTrash)
+        leaveOut(axis, firstUtility + 1);
+    if (!request.hasDownloads)
+        leaveOut(axis, firstUtility);
+    return axis;
+}
+
+TileFrames tileFrames(const Edge& edge, const Span& span, double shift) {
+    const double start = shift + span.start;
+    const double dotStart = start + (span.length - indicatorDiameter) / 2;
+    return {edge.rect(start, span.length, stripPadding, span.length),
+            edge.rect(dotStart, indicatorDiameter, dotSpacing, indicatorDiameter),
+            edge.rect(start, span.length, 0, stripPadding + span.length)};
+}
+
+/// Before the tile at `index`, or behind the last one when that group turned out empty.
+Rect separatorFrame(const Request& request, const AxisLayout& axis, std::size_t index) {
+    const double thickness = request.iconSize + stripHeightPadding;
+    const double length = thickness * separatorShare;
+    double start = stripPadding;
+    if (index < axis.tiles.size()) {
+        start = axis.tiles[index].start - iconSpacing - separatorWidth;
+    } else if (!axis.tiles.empty()) {
+        start = axis.tiles.back().end() + iconSpacing;
+    }
+    return request.edge.rect(axis.shift + start, separatorWidth, (thickness - length) / 2, length);
+}
+
+double growth(const Request& request) noexcept {
+    return std::max(0.0, (request.magnification - 1) * request.iconSize);
+}
+
+}
+
+StripFrames layout(const Request& request) {
+    const AxisLayout axis = axisLayout(request);
+    const Edge& edge = request.edge;
+    const double thickness = request.iconSize + stripHeightPadding;
+
+    StripFrames frames;
+    frames.glass = edge.rect(axis.shift, axis.length, 0, thickness);
+    const double lengthAtRest = DockOrdering::stripWidth(request.counts(), request.iconSize);
+    frames.glassAtRest = edge.rect((edge.length() - lengthAtRest) / 2, lengthAtRest, 0, thickness);
+    frames.tiles.reserve(axis.tiles.size());
+    for (const Span& span : axis.tiles)
+        frames.tiles.push_back(tileFrames(edge, span, axis.shift));
+    const auto firstRunning = static_cast<std::size_t>(request.pinnedCount);
+    const auto firstUtility = firstRunning + static_cast<std::size_t>(request.unpinnedRunningCount);
+    if (request.unpinnedRunningCount > 0) {
+        frames.separators.push_back(separatorFrame(request, axis, firstRunning));
+    }
+    frames.separators.push_back(separatorFrame(request, axis, firstUtility));
+    frames.labelZone = edge.rect(0, edge.length(), thickness + growth(request), labelZoneHeight);
+    return frames;
+}
+
+bool isInMagnificationBand(Point p, const Edge& edge, double iconSize) noexcept {
+    return edge.distance(p) <= iconSize + stripHeightPadding + bandOverhang;
+}
+
+Rect fullGrowth(const Request& request) noexcept {
+    const double thickness = request.iconSize + stripHeightPadding;
+    return request.edge.rect(0, request.edge.length(), 0,
+                             thickness + std::max(bandOverhang, growth(request)));
+}
+
+}

@@ -1,0 +1,71 @@
+/// Where everything on one dock lies: tiles, separators, the glass behind them and the label's
+/// room. Rectangles are in the view's coordinates: points, origin top-left, y downwards.
+#pragma once
+
+#include "Foundation/Geometry.hpp"
+#include "Model/DockOrdering.hpp"
+#include "Settings/Settings.hpp"
+#include "Views/Edge.hpp"
+
+#include <optional>
+#include <vector>
+
+namespace vireline {
+
+struct TileFrames {
+    Rect icon;
+    /// The running dot, on the side of the display edge.
+    Rect dot;
+    /// What counts as the tile for the pointer.
+    Rect hit;
+
+    bool operator==(const TileFrames&) const = default;
+};
+
+struct StripFrames {
+    Rect glass;
+    /// The glass with nothing magnified.
+    Rect glassAtRest;
+    /// Pinned, running, then the utility tiles that there are.
+    std::vector<TileFrames> tiles;
+    /// One before the running group, if it holds anything, and one before the utility group.
+    std::vector<Rect> separators;
+    /// The room above a bottom strip at its greatest growth; meaningless for the sides, which show
+    /// no label.
+    Rect labelZone;
+
+    bool operator==(const StripFrames&) const = default;
+};
+
+namespace StripLayout {
+
+struct Request {
+    int pinnedCount = 0;
+    int unpinnedRunningCount = 0;
+    /// Room for both utility tiles is always planned; one whose folder is unknown is left out.
+    bool hasDownloads = true;
+    bool hasTrash = true;
+    /// The effective size on this display.
+    double iconSize = 44;
+    /// The factor under the pointer; 1 is off.
+    double magnification = 1;
+    Edge edge;
+    /// The pointer along the axis, from the view's leading edge.
+    std::optional<double> cursorAxis;
+
+    [[nodiscard]] DockOrdering::Counts counts() const noexcept {
+        return {pinnedCount, unpinnedRunningCount, 2};
+    }
+};
+
+[[nodiscard]] StripFrames layout(const Request& request);
+
+/// Whether a point lies in the band along the display edge where the pointer magnifies. It reaches
+/// a little beyond the strip, so that crossing into the grown icons does not end it.
+[[nodiscard]] bool isInMagnificationBand(Point p, const Edge& edge, double iconSize) noexcept;
+
+/// The whole of what magnified tiles can ever cover.
+[[nodiscard]] Rect fullGrowth(const Request& request) noexcept;
+
+}
+}
