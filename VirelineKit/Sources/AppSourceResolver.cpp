@@ -22,6 +22,9 @@ void AppSourceResolver::start() {
             emit();
     });
     mirror_.start();
+    // The mirror's first reading shows nothing in manual mode, and the user's own list is due too.
+    if (!isMirroring())
+        emit();
 }
 
 void AppSourceResolver::emit() {

@@ -1,9 +1,9 @@
 #include "Views/DockRootView.hpp"
 
 #include "Displays/DockMetrics.hpp"
+#include "Interaction/TrashService.hpp"
 #include "Platform/PointerSettings.hpp"
 #include "Platform/RunLoop.hpp"
-#include "Platform/UserFolders.hpp"
 #include "Sources/IconStore.hpp"
 
 #include <algorithm>
@@ -23,8 +23,9 @@ constexpr Size labelPadding{9, 3};
 
 }
 
-DockRootView::DockRootView(const DockViewContext& context, PanelUIState& ui, const PanelSpec& spec)
-    : context_(context), ui_(ui), spec_(spec) {
+DockRootView::DockRootView(const DockViewContext& context, PanelUIState& ui, const PanelSpec& spec,
+                           bool takesWholeWindow)
+    : context_(context), ui_(ui), spec_(spec), takesWholeWindow_(takesWholeWindow) {
     const auto relayoutSoon = lifetime_.guard([this] { relayout(); });
     observations_ = {context_.model.items.observe(lifetime_.guard([this] { rebuildTiles(); })),
                      context_.model.configuredIconSize.observe(relayoutSoon),
@@ -36,12 +37,8 @@ DockRootView::DockRootView(const DockViewContext& context, PanelUIState& ui, con
     rebuildTiles();
 }
 
-void DockRootView::setSpec(const PanelSpec& spec) {
+void DockRootView::update(const PanelSpec& spec, bool takesWholeWindow) {
     spec_ = spec;
-    relayout();
-}
-
-void DockRootView::setTakesWholeWindow(bool takesWholeWindow) {
     takesWholeWindow_ = takesWholeWindow;
     relayout();
 }
@@ -51,11 +48,11 @@ void DockRootView::rebuildTiles() {
     for (const DockItem& item : context_.model.items.get()) {
         addTile(tiles, TileKind::app, item, context_.icons.icon(item.url.path(), item.id));
     }
-    if (const auto url = context_.userFolders.downloads()) {
+    if (const auto url = context_.trash.downloadsURL()) {
         addTile(tiles, TileKind::downloads, {IconStore::downloadsKey, "Downloads", *url},
                 context_.icons.icon(url->path(), IconStore::downloadsKey));
     }
-    if (const auto url = context_.userFolders.trash()) {
+    if (const auto url = context_.trash.trashURL()) {
         addTile(tiles, TileKind::trash, {IconStore::trashKey, "Trash", *url},
                 context_.icons.trashIcon());
     }

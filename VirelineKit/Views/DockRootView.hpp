@@ -24,7 +24,7 @@ namespace vireline {
 class IconStore;
 class PointerSettings;
 class RunLoop;
-class UserFolders;
+class TrashService;
 
 /// What the views of all docks share. Everything outlives the views.
 struct DockViewContext {
@@ -33,14 +33,15 @@ struct DockViewContext {
     const DockActions& actions;
     RunLoop& runLoop;
     const PointerSettings& pointerSettings;
-    const UserFolders& userFolders;
+    const TrashService& trash;
     /// Freezes a magnified state for screenshots until the pointer comes.
     std::optional<double> demoCursorFraction;
 };
 
 class DockRootView {
 public:
-    DockRootView(const DockViewContext& context, PanelUIState& ui, const PanelSpec& spec);
+    DockRootView(const DockViewContext& context, PanelUIState& ui, const PanelSpec& spec,
+                 bool takesWholeWindow);
     DockRootView(const DockRootView&) = delete;
     DockRootView& operator=(const DockRootView&) = delete;
     DockRootView(DockRootView&&) = delete;
@@ -54,11 +55,9 @@ public:
 
     [[nodiscard]] const Scene& scene() const noexcept { return scene_; }
 
-    /// A new plan for the hosting panel. The view is as large as the planned frame.
-    void setSpec(const PanelSpec& spec);
-
-    /// An auto-hiding panel takes the pointer everywhere, so that it knows when the pointer leaves.
-    void setTakesWholeWindow(bool takesWholeWindow);
+    /// A new plan for the hosting panel. The view is as large as the planned frame. An auto-hiding
+    /// panel takes the pointer everywhere, so that it knows when the pointer leaves.
+    void update(const PanelSpec& spec, bool takesWholeWindow);
 
     void pointerEvent(const PointerEvent& event);
 
@@ -96,7 +95,7 @@ private:
     DockViewContext context_;
     PanelUIState& ui_;
     PanelSpec spec_;
-    bool takesWholeWindow_ = false;
+    bool takesWholeWindow_;
 
     std::vector<Tile> tiles_;
     std::uint32_t lastSerial_ = 0;

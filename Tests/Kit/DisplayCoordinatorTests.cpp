@@ -1,0 +1,180 @@
+#include "Displays/DisplayCoordinator.hpp"
+#include "Support/DockFixture.hpp"
+#include "Support/LoggedLines.hpp"
+
+#include <gtest/gtest.h>
+
+namespace vireline {
+namespace {
+
+using testing::Test;
+
+class DisplayCoordinatorTest : public Test {
+protected:
+    DisplayCoordinatorTest() {
+        coordinator.dockConfig = [this] { return config; };
+        dock.setTiles(3, 0);
+        attach(2);
+    }
+
+    /// The primary with the desktop's own dock as display 1, the others to its left.
+    void attach(int displays) {
+        auto& list = dock.platform.screens.list;
+        list = {test::screenWithDock(1, {0, 0, 1920, 1080})};
+        for (int i = 1; i < displays; ++i) {
+            list.push_back(
+                test::screenAt(static_cast<std::uint32_t>(i + 1), {-1280.0 * i, -200, 1280, 1024}));
+        }
+    }
+
+    [[nodiscard]] test::FakePanelWindows& windows() { return dock.platform.panelWindows; }
+    void advance(double seconds) { dock.platform.runLoop.advance(seconds); }
+
+    test::DockFixture dock;
+    test::LoggedLines log;
+    DisplayCoordinator::DockConfig config;
+    DisplayCoordinator coordinator{dock.context(), dock.platform.screens,
+                                   dock.platform.panelWindows};
+};
+
+TEST_F(DisplayCoordinatorTest, PutsADockOnEveryDisplayButTheOneWithTheDesktopsOwn) {
+    attach(3);
+    coordinator.start();
+
+    EXPECT_EQ(windows().displays(), (std::vector<std::uint32_t>{2, 3}));
+    EXPECT_EQ(log.count("reconcile screens=[1, 2, 3] desired=[2, 3] create=2 destroy=0 reframe=0"),
+              1);
+    EXPECT_TRUE(windows().panel(2).isVisible);
+}
+
+TEST_F(DisplayCoordinatorTest, LogsWhereAPanelWasCreated) {
+    coordinator.start();
+
+    EXPECT_EQ(log.messages().back(), "created panel #2 at (-772.5, -196, 265, 84) autoHide=false");
+}
+
+// Behaviour: display-coordinator-1
+TEST_F(DisplayCoordinatorTest, ReconcilesOnceHalfASecondAfterTheLastOfABurst) {
+    coordinator.start();
+    log.clear();
+
+    for (int i = 0; i < 3; ++i) {
+        dock.platform.screens.announceChange();
+        advance(0.1);
+    }
+    advance(0.39);
+    EXPECT_EQ(log.messages(), (std::vector<std::string>{"screen-params #1", "screen-params #2",
+                                                        "screen-params #3"}));
+    advance(0.02);
+
+    EXPECT_EQ(log.count("reconcile screens=[1, 2] desired=[2] create=0 destroy=0 reframe=0"), 1);
+}
+
+// Behaviour: display-coordinator-2
+TEST_F(DisplayCoordinatorTest, AnotherEdgeRebuildsEveryPanel) {
+    attach(3);
+    coordinator.start();
+    log.clear();
+
+    config.position = DockPosition::left;
+    coordinator.reconcile();
+
+    EXPECT_EQ(log.count("rebuilt panel #2 for position change"), 1);
+    EXPECT_EQ(log.count("rebuilt panel #3 for position change"), 1);
+    EXPECT_EQ(log.count("reconcile screens=[1, 2, 3] desired=[2, 3] create=2 destroy=0 reframe=0"),
+              1);
+    EXPECT_EQ(windows().made.size(), 4U);
+    EXPECT_FALSE(windows().made[0]->isAlive());
+    EXPECT_FALSE(windows().made[0]->isVisible);
+    EXPECT_EQ(windows().panel(2).frame.x, -1276);
+}
+
+// Behaviour: display-coordinator-3
+TEST_F(DisplayCoordinatorTest, UnpluggingTheOnlyOtherDisplayDestroysItsPanel) {
+    coordinator.start();
+    log.clear();
+
+    attach(1);
+    coordinator.reconcile();
+
+    EXPECT_EQ(log.messages(), (std::vector<std::string>{
+                                  "reconcile screens=[1] desired=[] create=0 destroy=1 reframe=0",
+                                  "destroyed panel #2"}));
+    EXPECT_TRUE(windows().displays().empty());
+}
+
+// Behaviour: display-coordinator-4
+TEST_F(DisplayCoordinatorTest, ATileMoreMovesEveryPanel) {
+    attach(3);
+    coordinator.start();
+    log.clear();
+
+    dock.setTiles(4, 0);
+    coordinator.reconcile();
+
+    EXPECT_EQ(log.count("reconcile screens=[1, 2, 3] desired=[2, 3] create=0 destroy=0 reframe=2"),
+              1);
+    EXPECT_EQ(log.count("reframed panel #2 -> (-797.5, -196, 315, 84)"), 1);
+    EXPECT_EQ(windows().panel(2).frame.width, 315);
+}
+
+// Behaviour: display-coordinator-5
+TEST_F(DisplayCoordinatorTest, AChangeOfAvailableWidthAloneReframesNothingYetReachesThePanels) {
+    // Icons of the smallest size: a wider display changes what they may use, not the frame.
+    dock.setTiles(100, 0);
+    coordinator.start();
+    const Rect before = windows().panel(2).frame;
+    const int presentations = windows().panel(2).presentations;
+    log.clear();
+
+    auto& screen = dock.platform.screens.list[1];
+    screen.frame = {screen.frame.x - 50, screen.frame.y, screen.frame.width + 100,
+                    screen.frame.height};
+    coordinator.reconcile();
+
+    EXPECT_EQ(log.messages(),
+              (std::vector<std::string>{
+                  "reconcile screens=[1, 2] desired=[2] create=0 destroy=0 reframe=0"}));
+    EXPECT_EQ(windows().panel(2).frame, before);
+    EXPECT_GT(windows().panel(2).presentations, presentations);
+}
+
+TEST_F(DisplayCoordinatorTest, TurningAutoHideOffExpandsThePanels) {
+    config.autoHide = true;
+    coordinator.start();
+    EXPECT_EQ(log.messages().back(), "created panel #2 at (-772.5, -196, 265, 84) autoHide=true");
+    EXPECT_EQ(windows().panel(2).frame, (Rect{-772.5, -200, 265, 4}));
+
+    config.autoHide = false;
+    coordinator.reconcile();
+
+    EXPECT_EQ(windows().panel(2).frame, (Rect{-772.5, -196, 265, 84}));
+}
+
+TEST_F(DisplayCoordinatorTest, ThePanelFollowsTheDesktopsDockToAnotherDisplay) {
+    coordinator.start();
+
+    dock.platform.screens.list = {test::screenAt(1, {0, 0, 1920, 1080}),
+                                  test::screenWithDock(2, {-1280, -200, 1280, 1024})};
+    coordinator.reconcile();
+
+    EXPECT_EQ(windows().displays(), std::vector<std::uint32_t>{1});
+}
+
+TEST_F(DisplayCoordinatorTest, NothingHappensAfterItIsGone) {
+    auto own = std::make_unique<DisplayCoordinator>(dock.context(), dock.platform.screens,
+                                                    dock.platform.panelWindows);
+    own->start();
+    dock.platform.screens.announceChange();
+    own.reset();
+    log.clear();
+
+    dock.platform.screens.announceChange();
+    advance(1);
+
+    EXPECT_TRUE(log.messages().empty());
+    EXPECT_TRUE(windows().displays().empty());
+}
+
+}
+}

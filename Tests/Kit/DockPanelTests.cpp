@@ -1,0 +1,183 @@
+#include "Displays/DockPanel.hpp"
+#include "Support/DockFixture.hpp"
+
+#include <gtest/gtest.h>
+
+namespace vireline {
+namespace {
+
+using test::FakePanel;
+
+constexpr PanelSpec bottomSpec{7, {100, 4, 300, 84}, 600, DockPosition::bottom};
+constexpr PanelSpec leftSpec{7, {-1276, 100, 58, 300}, 600, DockPosition::left};
+constexpr PanelSpec rightSpec{7, {1218, 100, 58, 300}, 600, DockPosition::right};
+
+class DockPanelTest : public testing::Test {
+protected:
+    DockPanel& show(const PanelSpec& spec, bool autoHide) {
+        panel_ =
+            std::make_unique<DockPanel>(spec, autoHide, dock.context(), dock.platform.panelWindows);
+        return *panel_;
+    }
+
+    [[nodiscard]] FakePanel& window() const { return dock.platform.panelWindows.panel(7); }
+    void advance(double seconds) { dock.platform.runLoop.advance(seconds); }
+    [[nodiscard]] bool showsHandle() const {
+        return window().scene->nodes.front().id.part == NodeID::Part::handle;
+    }
+
+    test::DockFixture dock;
+
+private:
+    std::unique_ptr<DockPanel> panel_;
+};
+
+// Behaviour: dock-panel-1
+TEST_F(DockPanelTest, StartsAsASliverWithAutoHideOn) {
+    DockPanel& panel = show(bottomSpec, true);
+    panel.orderFrontRegardless();
+
+    EXPECT_EQ(window().frame, (Rect{100, 0, 300, 4}));
+    EXPECT_TRUE(panel.collapsed());
+    EXPECT_TRUE(showsHandle());
+    EXPECT_TRUE(window().isVisible);
+    EXPECT_FALSE(window().frameChanges.back().animate);
+}
+
+TEST_F(DockPanelTest, StandsOnItsPlannedFrameWithAutoHideOff) {
+    DockPanel& panel = show(bottomSpec, false);
+
+    EXPECT_EQ(window().frame, bottomSpec.frame);
+    EXPECT_EQ(window().hostedFrame, (Rect{0, 0, 300, 84}));
+    EXPECT_FALSE(panel.collapsed());
+    EXPECT_FALSE(showsHandle());
+}
+
+// Behaviour: dock-panel-3
+TEST_F(DockPanelTest, ExpandsToTheHoverFrameWhenThePointerTouchesTheSliver) {
+    show(bottomSpec, true);
+
+    window().listener().mouseEntered();
+
+    EXPECT_EQ(window().frame, (Rect{100, 0, 300, 88}));
+    EXPECT_TRUE(window().frameChanges.back().animate);
+    EXPECT_FALSE(showsHandle());
+}
+
+// Behaviour: dock-panel-2
+TEST_F(DockPanelTest, ComingBackInTimeKeepsItExpanded) {
+    DockPanel& panel = show(bottomSpec, true);
+    window().listener().mouseEntered();
+
+    window().listener().mouseExited();
+    advance(0.3);
+    window().listener().mouseEntered();
+    advance(2);
+
+    EXPECT_FALSE(panel.collapsed());
+}
+
+// Behaviour: dock-panel-2
+TEST_F(DockPanelTest, CollapsesWithAnAnimationAfterThePointerStayedAway) {
+    DockPanel& panel = show(bottomSpec, true);
+    window().listener().mouseEntered();
+
+    window().listener().mouseExited();
+    advance(0.59);
+    EXPECT_FALSE(panel.collapsed());
+    advance(0.02);
+
+    EXPECT_TRUE(panel.collapsed());
+    EXPECT_EQ(window().frame, bottomSpec.collapsedFrame());
+    EXPECT_TRUE(window().frameChanges.back().animate);
+}
+
+TEST_F(DockPanelTest, LeavingAgainStartsTheWaitAnew) {
+    DockPanel& panel = show(bottomSpec, true);
+    window().listener().mouseEntered();
+    window().listener().mouseExited();
+    advance(0.5);
+    window().listener().mouseExited();
+    advance(0.5);
+
+    EXPECT_FALSE(panel.collapsed());
+    advance(0.11);
+    EXPECT_TRUE(panel.collapsed());
+}
+
+// Behaviour: dock-panel-4
+TEST_F(DockPanelTest, StartsNoTimerWithAutoHideOff) {
+    show(bottomSpec, false);
+
+    window().listener().mouseEntered();
+    window().listener().mouseExited();
+
+    EXPECT_EQ(dock.platform.runLoop.pendingTimers(), 0);
+}
+
+TEST_F(DockPanelTest, ThePointerLeavingASliverStartsNoTimer) {
+    show(bottomSpec, true);
+
+    window().listener().mouseExited();
+
+    EXPECT_EQ(dock.platform.runLoop.pendingTimers(), 0);
+}
+
+TEST_F(DockPanelTest, TheStripStaysOnItsPlannedFrameInEveryState) {
+    for (const PanelSpec& spec : {bottomSpec, leftSpec, rightSpec}) {
+        show(spec, true);
+        const auto hostedOnScreen = [&] {
+            const Rect hosted = *window().hostedFrame;
+            return Rect{window().frame.x + hosted.x, window().frame.y + hosted.y, hosted.width,
+                        hosted.height};
+        };
+        window().listener().mouseEntered();
+
+        EXPECT_EQ(hostedOnScreen(), spec.frame) << rawValue(spec.position);
+    }
+}
+
+TEST_F(DockPanelTest, ACollapsedRightDockKeepsTheViewsRightEdgeAtTheDisplaysEdge) {
+    show(rightSpec, true);
+
+    EXPECT_EQ(window().frame, (Rect{1276, 100, 4, 300}));
+    EXPECT_EQ(window().hostedFrame, (Rect{4 - 58, 0, 58, 300}));
+}
+
+TEST_F(DockPanelTest, ACollapsedDockMovesAsASliver) {
+    DockPanel& panel = show(bottomSpec, true);
+    PanelSpec moved = bottomSpec;
+    moved.frame.x += 50;
+
+    panel.update(moved, true);
+
+    EXPECT_EQ(window().frame, moved.collapsedFrame());
+    EXPECT_FALSE(window().frameChanges.back().animate);
+}
+
+TEST_F(DockPanelTest, TurningAutoHideOffExpandsAtOnceAndForgetsThePendingCollapse) {
+    DockPanel& panel = show(bottomSpec, true);
+    window().listener().mouseEntered();
+    window().listener().mouseExited();
+
+    panel.update(bottomSpec, false);
+    advance(1);
+
+    EXPECT_FALSE(panel.collapsed());
+    EXPECT_EQ(window().frame, bottomSpec.frame);
+    EXPECT_EQ(window().hostedFrame, (Rect{0, 0, 300, 84}));
+}
+
+TEST_F(DockPanelTest, TakesThePointerOnTheStripAloneUnlessItHides) {
+    dock.setTiles(2, 0);
+    DockPanel& panel = show(bottomSpec, false);
+    ASSERT_TRUE(window().scene->inputRegion);
+    EXPECT_EQ(window().scene->inputRegion->height, 58);
+
+    panel.update(bottomSpec, true);
+
+    EXPECT_FALSE(window().scene->inputRegion);
+}
+
+}
+}

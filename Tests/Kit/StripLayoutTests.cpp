@@ -1,0 +1,156 @@
+#include "Views/StripLayout.hpp"
+
+#include <gtest/gtest.h>
+
+namespace vireline {
+namespace {
+
+using StripLayout::Request;
+
+/// A dock just as long as its strip at rest.
+Request bottomDock(int pinned, int running) {
+    Request request;
+    request.pinnedCount = pinned;
+    request.unpinnedRunningCount = running;
+    const double length = DockOrdering::stripWidth(request.counts(), request.iconSize);
+    request.edge = {DockPosition::bottom, {length, 84}};
+    return request;
+}
+
+// Behaviour: dock-strip-1
+TEST(StripLayout, AStripWithoutAppsHoldsTheUtilityTilesBehindOneSeparator) {
+    const StripFrames frames = StripLayout::layout(bottomDock(0, 0));
+
+    ASSERT_EQ(frames.tiles.size(), 2U);
+    EXPECT_EQ(frames.separators.size(), 1U);
+    EXPECT_EQ(frames.tiles[0].icon.midX(), 7 + 7 + 22.0);
+    EXPECT_EQ(frames.separators[0].minX(), 7);
+    EXPECT_EQ(frames.separators[0].width, 1);
+    EXPECT_DOUBLE_EQ(frames.separators[0].height, 58 * 0.6);
+    EXPECT_DOUBLE_EQ(frames.separators[0].midY(), 84 - 29);
+}
+
+TEST(StripLayout, IconsStandInTheMiddleOfABottomStripWithTheirDotsBelow) {
+    const StripFrames frames = StripLayout::layout(bottomDock(1, 1));
+
+    EXPECT_EQ(frames.glass, (Rect{0, 26, frames.glass.width, 58}));
+    EXPECT_EQ(frames.tiles[0].icon, (Rect{7, 33, 44, 44}));
+    EXPECT_EQ(frames.tiles[0].dot, (Rect{27, 78.5, 4, 4}));
+    EXPECT_EQ(frames.labelZone, (Rect{0, 0, frames.glass.width, 26}));
+}
+
+TEST(StripLayout, SeparatorsStandBeforeTheRunningAndTheUtilityGroup) {
+    const StripFrames frames = StripLayout::layout(bottomDock(2, 1));
+
+    ASSERT_EQ(frames.separators.size(), 2U);
+    EXPECT_EQ(frames.separators[0].minX(), frames.tiles[1].icon.maxX() + 6);
+    EXPECT_EQ(frames.separators[0].maxX(), frames.tiles[2].icon.minX() - 6);
+    EXPECT_EQ(frames.separators[1].minX(), frames.tiles[2].icon.maxX() + 6);
+    EXPECT_EQ(frames.glass.maxX(), frames.tiles.back().icon.maxX() + 7);
+}
+
+TEST(StripLayout, SideDocksPutTheDotOnTheScreensSide) {
+    Request request = bottomDock(1, 0);
+    const double length = request.edge.view.width;
+    request.edge = {DockPosition::left, {58, length}};
+    const TileFrames left = StripLayout::layout(request).tiles[0];
+    request.edge.position = DockPosition::right;
+    const TileFrames right = StripLayout::layout(request).tiles[0];
+
+    EXPECT_EQ(left.icon, (Rect{7, 7, 44, 44}));
+    EXPECT_EQ(left.dot, (Rect{1.5, 27, 4, 4}));
+    EXPECT_EQ(right.icon, (Rect{7, 7, 44, 44}));
+    EXPECT_EQ(right.dot, (Rect{58 - 5.5, 27, 4, 4}));
+}
+
+// Behaviour: tiles-7
+TEST(StripLayout, ATileWhoseFolderIsUnknownIsLeftOutAndTheStripCloses) {
+    Request request = bottomDock(1, 0);
+    const StripFrames all = StripLayout::layout(request);
+    request.hasDownloads = false;
+    const StripFrames trashAlone = StripLayout::layout(request);
+    request.hasTrash = false;
+    const StripFrames none = StripLayout::layout(request);
+
+    ASSERT_EQ(trashAlone.tiles.size(), 2U);
+    EXPECT_EQ(trashAlone.tiles[1].icon, all.tiles[1].icon);
+    EXPECT_EQ(trashAlone.glass.width, all.glass.width - 50);
+    ASSERT_EQ(none.tiles.size(), 1U);
+    EXPECT_EQ(none.separators[0].minX(), none.tiles[0].icon.maxX() + 6);
+}
+
+TEST(StripLayout, ThePointUnderThePointerStaysUnderItWhileTheStripGrows) {
+    Request request = bottomDock(5, 0);
+    request.edge.view = {700, 128};
+    request.magnification = 2;
+    const TileFrames atRest = StripLayout::layout(request).tiles[3];
+    request.cursorAxis = atRest.icon.midX();
+    const TileFrames grown = StripLayout::layout(request).tiles[3];
+
+    EXPECT_DOUBLE_EQ(grown.icon.midX(), atRest.icon.midX());
+    EXPECT_DOUBLE_EQ(grown.icon.width, 88);
+    EXPECT_DOUBLE_EQ(grown.icon.maxY(), atRest.icon.maxY());
+}
+
+// Behaviour: dock-strip-5
+TEST(StripLayout, AGrownStripLongerThanItsContainerLeavesNoGapAtEitherEnd) {
+    Request request = bottomDock(8, 0);
+    request.magnification = 2;
+    for (double cursor = 0; cursor <= request.edge.length(); cursor += 1) {
+        request.cursorAxis = cursor;
+        const Rect glass = StripLayout::layout(request).glass;
+        EXPECT_LE(glass.minX(), 1e-9);
+        EXPECT_GE(glass.maxX(), request.edge.length() - 1e-9);
+    }
+}
+
+TEST(StripLayout, MagnifiedTilesNeverOverlapAndStayInOrder) {
+    Request request = bottomDock(10, 3);
+    request.edge.view = {1100, 128};
+    request.magnification = 1.8;
+    for (double cursor = 0; cursor <= 1100; cursor += 7) {
+        request.cursorAxis = cursor;
+        const auto tiles = StripLayout::layout(request).tiles;
+        for (std::size_t i = 1; i < tiles.size(); ++i) {
+            EXPECT_GE(tiles[i].icon.minX(), tiles[i - 1].icon.maxX() + 6 - 1e-9);
+        }
+    }
+}
+
+TEST(StripLayout, TheLabelClearsTheIconsAtTheirLargest) {
+    Request request = bottomDock(3, 0);
+    request.edge.view.height = 84 + 44;
+    request.magnification = 2;
+    request.cursorAxis = 60;
+    const StripFrames frames = StripLayout::layout(request);
+
+    for (const TileFrames& tile : frames.tiles) {
+        EXPECT_LE(frames.labelZone.maxY(), tile.icon.minY());
+    }
+    EXPECT_EQ(frames.labelZone.minY(), 0);
+}
+
+TEST(StripLayout, IconsLargerThanTheWindowsRoomAreClippedAwayFromTheScreensEdge) {
+    Request request = bottomDock(2, 0);
+    request.iconSize = 64;
+    const StripFrames frames = StripLayout::layout(request);
+
+    EXPECT_EQ(frames.glass.maxY(), 84);
+    EXPECT_EQ(frames.tiles[0].icon.maxY(), 84 - 7);
+    EXPECT_LT(frames.labelZone.minY(), 0);
+}
+
+TEST(StripLayout, TheMagnificationBandReachesEightPointsBeyondTheStrip) {
+    const Edge bottom{DockPosition::bottom, {400, 128}};
+    EXPECT_TRUE(StripLayout::isInMagnificationBand({10, 128 - 66}, bottom, 44));
+    EXPECT_FALSE(StripLayout::isInMagnificationBand({10, 128 - 66.5}, bottom, 44));
+    const Edge left{DockPosition::left, {102, 400}};
+    EXPECT_TRUE(StripLayout::isInMagnificationBand({66, 10}, left, 44));
+    EXPECT_FALSE(StripLayout::isInMagnificationBand({66.5, 10}, left, 44));
+    const Edge right{DockPosition::right, {102, 400}};
+    EXPECT_TRUE(StripLayout::isInMagnificationBand({36, 10}, right, 44));
+    EXPECT_FALSE(StripLayout::isInMagnificationBand({35.5, 10}, right, 44));
+}
+
+}
+}

@@ -1,0 +1,49 @@
+#include "App/VirelineApp.hpp"
+#include "Support/FakePlatform.hpp"
+
+#include <gtest/gtest.h>
+
+namespace vireline {
+namespace {
+
+// Behaviour: entry-1
+// Behaviour: entry-2
+TEST(VirelineApp, TheLogLiesInTheProgramsFolderOfTheFirstSupportFolder) {
+    test::FakePlatform platform;
+    platform.userFolders.applicationSupportFolders = {FileURL::fromPath("/data"),
+                                                      FileURL::fromPath("/other")};
+
+    for (int start = 0; start < 2; ++start) {
+        EXPECT_EQ(VirelineApp::prepareLogFile(platform.userFolders, platform.fileSystem).path(),
+                  "/data/Vireline/vireline.log");
+        EXPECT_TRUE(platform.fileSystem.exists(FileURL::fromPath("/data/Vireline")));
+    }
+}
+
+TEST(VirelineAppDeathTest, StopsWithoutAFolderForApplicationData) {
+    test::FakePlatform platform;
+    platform.userFolders.applicationSupportFolders.clear();
+
+    EXPECT_DEATH(
+        static_cast<void>(VirelineApp::prepareLogFile(platform.userFolders, platform.fileSystem)),
+        "the user has a folder for application data");
+}
+
+TEST(VirelineApp, TheHiddenMenuQuitsAndEdits) {
+    const MainMenu menu = VirelineApp::hiddenMainMenu();
+
+    ASSERT_EQ(menu.submenus.size(), 2U);
+    EXPECT_EQ(menu.submenus[0].title, "");
+    EXPECT_EQ(std::get<MainMenuCommand>(menu.submenus[0].entries.at(0)),
+              (MainMenuCommand{"Quit Vireline", StandardAction::terminate, 'q'}));
+    EXPECT_EQ(menu.submenus[1].title, "Edit");
+    std::string keys;
+    for (const auto& entry : menu.submenus[1].entries) {
+        const auto* command = std::get_if<MainMenuCommand>(&entry);
+        keys += command != nullptr ? command->keyEquivalent : '-';
+    }
+    EXPECT_EQ(keys, "zZ-xcva");
+}
+
+}
+}

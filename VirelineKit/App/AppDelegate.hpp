@@ -1,0 +1,59 @@
+/// The program's spine: the one place that knows all objects. It creates them, connects them and
+/// starts them in a fixed order; every change reaches the docks through its three handlers.
+#pragma once
+
+#include "Displays/DisplayCoordinator.hpp"
+#include "Foundation/Lifetime.hpp"
+#include "Interaction/AppActivator.hpp"
+#include "Interaction/DockActions.hpp"
+#include "Interaction/TrashService.hpp"
+#include "Model/DockViewModel.hpp"
+#include "Platform/Platform.hpp"
+#include "Settings/PreferencesStore.hpp"
+#include "Sources/AppSourceResolver.hpp"
+#include "Sources/IconStore.hpp"
+#include "Sources/RunningAppsMonitor.hpp"
+
+#include <span>
+#include <vector>
+
+namespace vireline {
+
+class AppDelegate {
+public:
+    /// Loads the settings; nothing else happens before launching has finished. The platform
+    /// outlives the delegate.
+    explicit AppDelegate(const Platform& platform);
+    AppDelegate(const AppDelegate&) = delete;
+    AppDelegate& operator=(const AppDelegate&) = delete;
+    AppDelegate(AppDelegate&&) = delete;
+    AppDelegate& operator=(AppDelegate&&) = delete;
+    ~AppDelegate() = default;
+
+    void applicationDidFinishLaunching();
+
+private:
+    [[nodiscard]] DockActions makeDockActions();
+    [[nodiscard]] DockViewContext makeViewContext();
+    void connect();
+    void seedModel();
+    void settingsChanged();
+    void pinnedListChanged(const std::vector<AppRef>& pinned);
+    void showTiles(std::span<const AppRef> running);
+
+    Platform platform_;
+    DockViewModel model_;
+    IconStore icons_;
+    RunningAppsMonitor monitor_;
+    AppActivator activator_;
+    TrashService trashService_;
+    PreferencesStore store_;
+    /// The last pinned list that the resolver delivered.
+    std::vector<AppRef> pinned_;
+    AppSourceResolver resolver_;
+    DockActions dockActions_;
+    DisplayCoordinator coordinator_;
+    Lifetime lifetime_;
+};
+
+}

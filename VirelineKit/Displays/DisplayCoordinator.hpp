@@ -1,0 +1,67 @@
+/// Keeps one dock on every display that should have one, in step with the displays, the settings
+/// and the number of tiles.
+#pragma once
+
+#include "Displays/DockPanel.hpp"
+#include "Foundation/Lifetime.hpp"
+#include "Foundation/ScopedHandle.hpp"
+#include "Settings/Settings.hpp"
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <span>
+
+namespace vireline {
+
+class PanelWindows;
+class Screens;
+
+class DisplayCoordinator {
+public:
+    /// What the settings say of all docks.
+    struct DockConfig {
+        DockPosition position = DockPosition::bottom;
+        bool autoHide = false;
+    };
+
+    DisplayCoordinator(const DockViewContext& context, Screens& screens, PanelWindows& windows);
+    DisplayCoordinator(const DisplayCoordinator&) = delete;
+    DisplayCoordinator& operator=(const DisplayCoordinator&) = delete;
+    DisplayCoordinator(DisplayCoordinator&&) = delete;
+    DisplayCoordinator& operator=(DisplayCoordinator&&) = delete;
+    ~DisplayCoordinator() = default;
+
+    /// Reads the settings as they stand at the time of the call.
+    std::function<DockConfig()> dockConfig = [] { return DockConfig{}; };
+
+    /// Reconciles at once, then whenever the displays change.
+    void start();
+
+    /// Reconciles when no display has changed for half a second.
+    void scheduleReconcile();
+
+    /// Creates, moves and destroys panels until they match the displays.
+    void reconcile();
+
+private:
+    void screenParametersChanged();
+    void closePanelsElsewhere(DockPosition position);
+    [[nodiscard]] std::vector<PanelSpec> desiredPanels(std::span<const ScreenSnapshot> screens,
+                                                       DockPosition position) const;
+    void carryOut(const PanelPlan& plan, std::span<const PanelSpec> desired, bool autoHide);
+    void create(const PanelSpec& spec, bool autoHide);
+
+    DockViewContext context_;
+    Screens& screens_;
+    PanelWindows& windows_;
+    std::map<std::uint32_t, std::unique_ptr<DockPanel>> panels_;
+    Timer debounce_;
+    /// Screen-parameter notifications so far, for the log.
+    int eventCount_ = 0;
+    Subscription screenParameters_;
+    Lifetime lifetime_;
+};
+
+}

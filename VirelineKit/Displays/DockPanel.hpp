@@ -1,0 +1,58 @@
+/// The window that carries one dock on one display: never focused, above others, and, with
+/// auto-hide on, shrinking to a sliver at the display's edge after the pointer has left. Created,
+/// moved and destroyed by the display coordinator.
+#pragma once
+
+#include "Displays/PanelPlanner.hpp"
+#include "Displays/PanelUIState.hpp"
+#include "Foundation/Lifetime.hpp"
+#include "Platform/PanelWindow.hpp"
+#include "Views/DockRootView.hpp"
+
+#include <memory>
+
+namespace vireline {
+
+class DockPanel : private PanelWindowListener {
+public:
+    /// Not shown before `orderFrontRegardless`. An auto-hiding panel starts as a sliver.
+    DockPanel(const PanelSpec& spec, bool autoHide, const DockViewContext& context,
+              PanelWindows& windows);
+    ~DockPanel() override;
+    DockPanel(const DockPanel&) = delete;
+    DockPanel& operator=(const DockPanel&) = delete;
+    DockPanel(DockPanel&&) = delete;
+    DockPanel& operator=(DockPanel&&) = delete;
+
+    [[nodiscard]] const PanelSpec& spec() const noexcept { return spec_; }
+    [[nodiscard]] bool collapsed() const noexcept { return collapsed_; }
+
+    void orderFrontRegardless();
+
+    /// Takes over a new plan and the auto-hide setting. A collapsed panel moves as a sliver; one
+    /// that no longer hides expands at once.
+    void update(const PanelSpec& spec, bool autoHide);
+
+    /// Collapses to the sliver, or expands to the frame that reaches the display's edge.
+    void applyCollapsed(bool collapsed, bool animate);
+
+private:
+    void mouseEntered() override;
+    void mouseExited() override;
+    void pointerEvent(const PointerEvent& event) override;
+
+    void setCollapsed(bool collapsed);
+    void pinHosting();
+
+    PanelSpec spec_;
+    bool autoHide_;
+    bool collapsed_ = false;
+    RunLoop& runLoop_;
+    Timer collapseTimer_;
+    PanelUIState uiState_;
+    DockRootView hosting_;
+    std::unique_ptr<PanelWindow> window_;
+    Lifetime lifetime_;
+};
+
+}
