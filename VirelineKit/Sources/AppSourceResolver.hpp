@@ -27,6 +27,7 @@ public:
     AppSourceResolver& operator=(AppSourceResolver&&) = delete;
     ~AppSourceResolver() = default;
 
+    /// Delivers the list in force, and from now on every reading of the mirror while mirroring.
     void start();
 
     /// Computes the pinned list and delivers it, changed or not. In manual mode an empty list is
