@@ -134,6 +134,16 @@ std::optional<std::string> X11Connection::text(xcb_window_t window, std::string_
     return std::string{bytes.begin(), bytes.end()};
 }
 
+std::string X11Connection::bytes(xcb_window_t window, std::string_view name,
+                                 std::string_view type) const {
+    const xcb_atom_t typeAtom = atom(type);
+    const auto reply = property(connection_, window, atom(name), typeAtom);
+    if (!reply || reply->type != typeAtom || reply->format != 8)
+        return {};
+    const auto bytes = items<char>(reply);
+    return {bytes.begin(), bytes.end()};
+}
+
 std::vector<xcb_atom_t> X11Connection::atoms(xcb_window_t window, std::string_view name) const {
     return words(window, name, XCB_ATOM_ATOM);
 }
@@ -173,6 +183,15 @@ void X11Connection::selectInput(std::span<const xcb_window_t> windows,
         if (mask != attributes->your_event_mask)
             xcb_change_window_attributes(connection_, windows[i], XCB_CW_EVENT_MASK, &mask);
     }
+}
+
+void X11Connection::deselectInput(xcb_window_t window, std::uint32_t eventMask) const {
+    const Owned<xcb_get_window_attributes_reply_t> attributes{xcb_get_window_attributes_reply(
+        connection_, xcb_get_window_attributes(connection_, window), nullptr)};
+    if (!attributes)
+        return;
+    const std::uint32_t mask = attributes->your_event_mask & ~eventMask;
+    xcb_change_window_attributes(connection_, window, XCB_CW_EVENT_MASK, &mask);
 }
 
 void X11Connection::sendToRoot(xcb_window_t window, std::string_view message,

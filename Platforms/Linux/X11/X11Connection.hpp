@@ -61,6 +61,10 @@ public:
     /// The bytes of a text property (STRING or UTF8_STRING), as they are.
     [[nodiscard]] std::optional<std::string> text(xcb_window_t window,
                                                   std::string_view property) const;
+    /// The bytes of a property of this type with items of 8 bits; empty when it is missing or of
+    /// another kind.
+    [[nodiscard]] std::string bytes(xcb_window_t window, std::string_view property,
+                                    std::string_view type) const;
     [[nodiscard]] std::vector<xcb_atom_t> atoms(xcb_window_t window,
                                                 std::string_view property) const;
     [[nodiscard]] std::vector<xcb_window_t> windows(xcb_window_t window,
@@ -74,6 +78,8 @@ public:
     void selectInput(xcb_window_t window, std::uint32_t eventMask) const;
     /// The same for many windows in one round trip.
     void selectInput(std::span<const xcb_window_t> windows, std::uint32_t eventMask) const;
+    /// Takes away again what `selectInput` added and nobody else here needs.
+    void deselectInput(xcb_window_t window, std::uint32_t eventMask) const;
 
     /// Sends a client message about `window` to the root window, as EWMH asks for.
     void sendToRoot(xcb_window_t window, std::string_view message,
