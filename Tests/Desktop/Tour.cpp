@@ -40,9 +40,17 @@ Pin installed(const std::string& id, const std::string& name) {
     return {id, name, fs::path{"/usr/share/applications"} / (id + ".desktop")};
 }
 
-const Pin fileManager = installed("pcmanfm", "File Manager");
-const Pin terminal = installed("debian-xterm", "Terminal");
-const Pin editor = installed("org.xfce.mousepad", "Text Editor");
+Pin fileManager() {
+    return installed("pcmanfm", "File Manager");
+}
+
+Pin terminal() {
+    return installed("debian-xterm", "Terminal");
+}
+
+Pin editor() {
+    return installed("org.xfce.mousepad", "Text Editor");
+}
 
 /// Apps that every desktop has in one make or another.
 std::vector<App> scenery() {
@@ -99,7 +107,8 @@ public:
                   << "  vncviewer localhost:" << number << "\n"
                   << "from another computer, after\n"
                   << "  ssh -L " << number << ":localhost:" << number << " <this computer>\n"
-                  << "Ctrl-C ends it." << std::endl;
+                  << "Ctrl-C ends it." << '\n'
+                  << std::flush;
         sigset_t ends;
         sigemptyset(&ends);
         sigaddset(&ends, SIGINT);
@@ -131,11 +140,11 @@ private:
         home.writePreferences(R"({
             "onboardingCompleted": true, "iconSize": 48,
             "magnificationEnabled": true, "magnification": 1.5})");
-        pins_ = {fileManager, terminal, editor};
+        pins_ = {fileManager(), terminal(), editor()};
         for (const auto& app : scenery())
             pins_.push_back({app.id, app.name, home.install(app)});
         home.pin(pins_);
-        home.setFileManager(fileManager.id);
+        home.setFileManager(fileManager().id);
         constexpr int panelThickness = 44;
         desktop_.reserve({"main", Edge::bottom, panelThickness});
         desktop_.launch(scenery().front());
@@ -233,7 +242,7 @@ private:
         const auto file = std::to_string(++pictures_) + "-" + name + ".png";
         if (!seen.writePNG(options_.folder / file))
             throw std::runtime_error{"cannot write " + file};
-        std::cout << file << ": " << caption << std::endl;
+        std::cout << file << ": " << caption << '\n' << std::flush;
     }
 
     static constexpr int terminalIndex = 1;

@@ -120,7 +120,7 @@ fs::path Home::entry(std::string_view id) const {
     return root_.path() / "share/applications" / (std::string{id} + ".desktop");
 }
 
-fs::path Home::installEntry(std::string_view id, std::string_view content) {
+fs::path Home::installEntry(std::string_view id, std::string_view content) const {
     auto file = entry(id);
     // Renamed into place, as package managers do: nobody ever reads half an entry.
     replaceFile(file, content);
@@ -135,7 +135,7 @@ std::string Home::paintIcon(const App& app) const {
     return icon.string();
 }
 
-fs::path Home::install(const App& app) {
+fs::path Home::install(const App& app) const {
     std::ostringstream entry;
     entry << "[Desktop Entry]\nType=Application\nName=" << app.name
           << "\nIcon=" << (app.icon.empty() ? paintIcon(app) : app.icon)
@@ -150,11 +150,11 @@ fs::path Home::install(const App& app) {
     return installEntry(app.id, entry.str());
 }
 
-void Home::uninstall(const App& app) {
+void Home::uninstall(const App& app) const {
     fs::remove(entry(app.id));
 }
 
-void Home::setFileManager(const std::string& id) {
+void Home::setFileManager(const std::string& id) const {
     writeFile(root_.path() / "share/applications/mimeapps.list",
               "[Default Applications]\ninode/directory=" + id +
                   ".desktop\nx-scheme-handler/trash=" + id + ".desktop\n");

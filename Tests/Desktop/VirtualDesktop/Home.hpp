@@ -24,9 +24,9 @@ struct App {
     /// What the test app is told besides its class; field codes such as "%U" are allowed.
     std::vector<std::string> arguments;
     /// Further lines of the desktop entry.
-    std::vector<std::string> keys{};
+    std::vector<std::string> keys{}; // NOLINT(readability-redundant-member-init): GCC warns without
     /// The name of an icon of the theme, instead of the colour.
-    std::string icon{};
+    std::string icon{}; // NOLINT(readability-redundant-member-init): as above
 };
 
 /// One tile of the desktop's own dock.
@@ -59,14 +59,14 @@ public:
     [[nodiscard]] Environment environment() const;
 
     /// Installs a desktop entry and its icon, and returns the entry's path.
-    std::filesystem::path install(const App& app);
-    void uninstall(const App& app);
+    std::filesystem::path install(const App& app) const;
+    void uninstall(const App& app) const;
     /// Installs a desktop entry of any content.
-    std::filesystem::path installEntry(std::string_view id, std::string_view content);
+    std::filesystem::path installEntry(std::string_view id, std::string_view content) const;
     [[nodiscard]] std::filesystem::path entry(std::string_view id) const;
 
     /// Makes the app with this ID the one that opens folders.
-    void setFileManager(const std::string& id);
+    void setFileManager(const std::string& id) const;
 
     /// The apps' tiles in the shape of the list that the desktop's own dock keeps.
     [[nodiscard]] std::string dockList(std::span<const App> apps) const;

@@ -236,7 +236,9 @@ void VirtualDesktop::runVireline() {
 }
 
 ChildProcess& VirtualDesktop::vireline() {
-    return vireline_.value();
+    if (!vireline_)
+        throw std::logic_error{"the program was not started"};
+    return *vireline_;
 }
 
 ChildProcess& VirtualDesktop::run(const std::string& program, std::vector<std::string> arguments) {
