@@ -10,8 +10,10 @@
 namespace vireline {
 
 AppSourceResolver::AppSourceResolver(PreferencesStore& store, const Platform& platform)
-    : store_(store), catalog_(platform.catalog), fileSystem_(platform.fileSystem),
-      mirror_(platform) {}
+    : store_(store)
+    , catalog_(platform.catalog)
+    , fileSystem_(platform.fileSystem)
+    , mirror_(platform) {}
 
 void AppSourceResolver::start() {
     mirror_.onChange = lifetime_.guard([this](const std::vector<AppRef>& apps) {
