@@ -21,9 +21,14 @@ protected:
     }
 
     [[nodiscard]] FakePanel& window() const { return dock.platform.panelWindows.panel(7); }
+    /// What the display shows once all animations are done; no virtual time passes.
+    [[nodiscard]] const Scene& scene() const {
+        window().nextFrame();
+        return *window().scene;
+    }
     void advance(double seconds) { dock.platform.runLoop.advance(seconds); }
     [[nodiscard]] bool showsHandle() const {
-        return window().scene->nodes.front().id.part == NodeID::Part::handle;
+        return scene().nodes.back().id.part == NodeID::Part::handle;
     }
 
     test::DockFixture dock;
@@ -171,12 +176,12 @@ TEST_F(DockPanelTest, TurningAutoHideOffExpandsAtOnceAndForgetsThePendingCollaps
 TEST_F(DockPanelTest, TakesThePointerOnTheStripAloneUnlessItHides) {
     dock.setTiles(2, 0);
     DockPanel& panel = show(bottomSpec, false);
-    ASSERT_TRUE(window().scene->inputRegion);
-    EXPECT_EQ(window().scene->inputRegion->height, 58);
+    ASSERT_TRUE(scene().inputRegion);
+    EXPECT_EQ(scene().inputRegion->height, 58);
 
     panel.update(bottomSpec, true);
 
-    EXPECT_FALSE(window().scene->inputRegion);
+    EXPECT_FALSE(scene().inputRegion);
 }
 
 }

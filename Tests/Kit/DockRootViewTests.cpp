@@ -19,12 +19,11 @@ protected:
         const Size size = isBottom ? Size{length, thickness} : Size{thickness, length};
         const PanelSpec spec{2, {0, 4, size.width, size.height}, length, position};
         view_ = std::make_unique<DockRootView>(context, ui, spec, false);
-        view_->onMenuRequest = [this](const Menu& menu, Point,
-                                      std::function<void(std::size_t)> choose) {
+        view_->onMenuRequest = [this](const Menu& menu, Point, MenuClosed onClose) {
             for (const MenuItem& entry : menu.entries) {
                 menuTitles.push_back(std::get<MenuCommand>(entry).title);
             }
-            chooseFromMenu = std::move(choose);
+            closeMenu = std::move(onClose);
         };
     }
 
@@ -37,7 +36,8 @@ protected:
 
     [[nodiscard]] std::vector<SceneNode> nodes(NodeID::Part part) const {
         std::vector<SceneNode> found;
-        std::ranges::copy_if(view_->scene().nodes, std::back_inserter(found),
+        const Scene scene = view_->makeScene();
+        std::ranges::copy_if(scene.nodes, std::back_inserter(found),
                              [=](const SceneNode& node) { return node.id.part == part; });
         return found;
     }
@@ -54,7 +54,7 @@ protected:
     PanelUIState ui;
     DockViewContext context = dock.context();
     std::vector<std::string> menuTitles;
-    std::function<void(std::size_t)> chooseFromMenu;
+    MenuClosed closeMenu;
 
 private:
     std::unique_ptr<DockRootView> view_;
@@ -223,7 +223,7 @@ TEST_F(DockRootViewTest, TheChosenMenuEntryGoesToTheActions) {
 
     send(Kind::secondaryPressed, centerOfIcon(0));
     dock.setTiles(0, 0);
-    chooseFromMenu(2);
+    closeMenu(2);
 
     EXPECT_EQ(dock.actionsTaken, (std::vector<std::string>{"menu Quit u0 #2"}));
 }
@@ -234,7 +234,7 @@ TEST_F(DockRootViewTest, UtilityTilesAndTheBareStripHaveNoMenu) {
     send(Kind::secondaryPressed, centerOfIcon(0));
     send(Kind::secondaryPressed, {1, 1});
 
-    EXPECT_FALSE(chooseFromMenu);
+    EXPECT_FALSE(closeMenu);
 }
 
 TEST_F(DockRootViewTest, TheLabelNamesTheTileUnderThePointer) {
@@ -356,9 +356,9 @@ TEST_F(DockRootViewTest, ACollapsedDockShowsOnlyItsHandleAtTheEdge) {
                                           std::pair{DockPosition::right, Rect{80, 10, 4, 980}}}) {
         ui.collapsed.set(true);
         show(position);
-        ASSERT_EQ(view().scene().nodes.size(), 1U);
-        EXPECT_EQ(view().scene().nodes[0].frame, frame);
-        EXPECT_EQ(view().scene().nodes[0].opacity, 0.4);
+        ASSERT_EQ(view().makeScene().nodes.size(), 1U);
+        EXPECT_EQ(view().makeScene().nodes[0].frame, frame);
+        EXPECT_EQ(view().makeScene().nodes[0].opacity, 0.4);
     }
 }
 
@@ -383,14 +383,14 @@ TEST_F(DockRootViewTest, TheInputRegionGrowsOnEntryAndNotWithEveryMove) {
     dock.setTiles(3, 0);
     dock.model.magnification.set(2);
     show(DockPosition::bottom, 1000, 128);
-    const auto atRest = view().scene().inputRegion;
+    const auto atRest = view().makeScene().inputRegion;
     send(Kind::moved, centerOfIcon(1));
-    const auto entered = view().scene().inputRegion;
+    const auto entered = view().makeScene().inputRegion;
     send(Kind::moved, centerOfIcon(3));
 
     EXPECT_EQ(atRest->height, 58);
     EXPECT_EQ(entered, (Rect{0, 128 - 102, 1000, 102}));
-    EXPECT_EQ(view().scene().inputRegion, entered);
+    EXPECT_EQ(view().makeScene().inputRegion, entered);
 }
 
 TEST_F(DockRootViewTest, ATileKeepsItsIdentityFromSceneToScene) {
@@ -410,16 +410,16 @@ TEST_F(DockRootViewTest, TilesWithOneIdentityStayTellableApart) {
     EXPECT_NE(icons()[0].id, icons()[1].id);
 }
 
-TEST_F(DockRootViewTest, EqualTilesMakeNoNewScene) {
+TEST_F(DockRootViewTest, EqualTilesAskForNoNewScene) {
     dock.setTiles(2, 0);
     show();
-    int scenes = 0;
-    view().onSceneChange = [&](const Scene&) { ++scenes; };
+    int invalidations = 0;
+    view().onInvalidate = [&] { ++invalidations; };
 
     dock.setTiles(2, 0);
-    EXPECT_EQ(scenes, 0);
+    EXPECT_EQ(invalidations, 0);
     dock.setTiles(2, 1);
-    EXPECT_EQ(scenes, 1);
+    EXPECT_EQ(invalidations, 1);
 }
 
 }
