@@ -88,8 +88,8 @@ private:
 
 }
 
-QtApplication::QtApplication(QApplication& qt, SingleInstance& instance)
-    : qt_(qt), instance_(instance) {
+QtApplication::QtApplication(QApplication& qt, SecondStarts& secondStarts)
+    : qt_(qt), secondStarts_(secondStarts) {
     // The autostart folder brings the program back at the next login. A session manager that
     // restored it as well would start it twice.
     QObject::connect(&qt_, &QGuiApplication::saveStateRequest, &qt_, [](QSessionManager& session) {
@@ -148,7 +148,7 @@ std::int64_t QtApplication::processIdentifier() const {
 }
 
 Subscription QtApplication::observeSecondStart(std::function<void()> handler) {
-    return instance_.observeClaims(std::move(handler));
+    return secondStarts_.observe(std::move(handler));
 }
 
 }

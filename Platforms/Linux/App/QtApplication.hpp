@@ -1,7 +1,7 @@
 /// The program as a Qt application on an X11 desktop.
 #pragma once
 
-#include "App/SingleInstance.hpp"
+#include "App/SecondStarts.hpp"
 #include "Platform/Application.hpp"
 
 #include <QAction>
@@ -14,7 +14,7 @@ namespace vireline::x11 {
 class QtApplication final : public Application {
 public:
     /// Both outlive this object.
-    QtApplication(QApplication& qt, SingleInstance& instance);
+    QtApplication(QApplication& qt, SecondStarts& secondStarts);
 
     /// Nothing to do: no desktop lists a program as such, only its windows, and each of ours asks
     /// to be left out of taskbars and pagers itself.
@@ -40,7 +40,7 @@ private:
     void add(const MainMenuCommand& command);
 
     QApplication& qt_;
-    SingleInstance& instance_;
+    SecondStarts& secondStarts_;
     std::vector<std::unique_ptr<QAction>> actions_;
     bool isTerminated_ = false;
 };

@@ -103,7 +103,7 @@ std::unique_ptr<SingleInstance> SingleInstance::claim(XServer server) {
 SingleInstance::SingleInstance(XServer server, xcb_window_t window, xcb_atom_t claim)
     : server_(std::move(server)), window_(window), claim_(claim) {}
 
-Subscription SingleInstance::observeClaims(std::function<void()> handler) {
+Subscription SingleInstance::observe(std::function<void()> handler) {
     auto subscription = claims_.add(std::move(handler));
     if (!notifier_)
         listen();

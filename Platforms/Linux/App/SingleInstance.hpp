@@ -2,6 +2,7 @@
 /// the selection when its owner goes, however that comes about.
 #pragma once
 
+#include "App/SecondStarts.hpp"
 #include "App/XServer.hpp"
 #include "Foundation/CallbackList.hpp"
 
@@ -10,7 +11,7 @@
 
 namespace vireline::x11 {
 
-class SingleInstance {
+class SingleInstance final : public SecondStarts {
 public:
     /// Makes this process the one. Null when another one is already: that one has then been asked
     /// to show its settings. Needs no event loop. An X server that dies meanwhile also makes the
@@ -21,11 +22,10 @@ public:
     SingleInstance& operator=(const SingleInstance&) = delete;
     SingleInstance(SingleInstance&&) = delete;
     SingleInstance& operator=(SingleInstance&&) = delete;
-    ~SingleInstance() = default;
+    ~SingleInstance() override = default;
 
-    /// Calls `handler` from the event loop when another process claims to be the one. Claims from
-    /// before the first observer are kept for it. Needs the application object.
-    [[nodiscard]] Subscription observeClaims(std::function<void()> handler);
+    /// Claims from before the first observer are kept for it. Needs the application object.
+    [[nodiscard]] Subscription observe(std::function<void()> handler) override;
 
 private:
     SingleInstance(XServer server, xcb_window_t window, xcb_atom_t claim);

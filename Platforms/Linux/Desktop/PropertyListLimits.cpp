@@ -103,9 +103,9 @@ private:
             return size < 8 && holds(at, size + 1);
         case data:
         case asciiText:
-            return admitsSized(size, at, 1);
+            return sizedContent(size, at, 1).has_value();
         case utf16Text:
-            return admitsSized(size, at, 2);
+            return admitsUTF16(size, at);
         case array:
         case set:
             return admitsReferences(size, at, 1, depth);
@@ -137,12 +137,29 @@ private:
         return Count{number(at + 1, width), at + 1 + width};
     }
 
-    bool admitsSized(unsigned size, std::size_t at, std::size_t bytesPerItem) {
+    /// The bytes of so many items.
+    std::optional<std::span<const std::byte>> sizedContent(unsigned size, std::size_t at,
+                                                           std::size_t bytesPerItem) {
         const auto count = countedItems(size, at);
         if (!count || count->items > maximumBytes || !holds(count->at, count->items * bytesPerItem))
+            return std::nullopt;
+        const std::size_t length = static_cast<std::size_t>(count->items) * bytesPerItem;
+        contentBytes_ += length;
+        if (contentBytes_ > maximumBytes)
+            return std::nullopt;
+        return bytes_.subspan(count->at, length);
+    }
+
+    /// A zero within a key makes the parser end the process.
+    bool admitsUTF16(unsigned size, std::size_t at) {
+        const auto text = sizedContent(size, at, 2);
+        if (!text)
             return false;
-        contentBytes_ += static_cast<std::size_t>(count->items) * bytesPerItem;
-        return contentBytes_ <= maximumBytes;
+        for (std::size_t i = 0; i < text->size(); i += 2) {
+            if ((*text)[i] == std::byte{0} && (*text)[i + 1] == std::byte{0})
+                return false;
+        }
+        return true;
     }
 
     bool admitsReferences(unsigned size, std::size_t at, std::size_t referencesPerItem, int depth) {
