@@ -133,8 +133,8 @@ TEST(DockMagnifier, GrowsTilesInPlaceKeepingTheirGaps) {
     const std::vector<double> base{29, 79, 136};
     const std::vector<double> grown{1, 2, 1.5};
     const auto packed = packedCenters(base, grown, icon);
-    EXPECT_EQ(packed, (std::vector<double>{29, 101, 169}));
-    EXPECT_EQ(packedLength(packed, grown, icon), 169 + 33 + 7);
+    EXPECT_EQ(packed, (std::vector<double>{29, 101, 191}));
+    EXPECT_EQ(packedLength(packed, grown, icon), 191 + 33 + 7);
 }
 
 // Behaviour: dock-magnifier-3
@@ -167,8 +167,8 @@ TEST(DockMagnifier, KeepsAPointBetweenTwoTilesUnderThePointer) {
 
 // Behaviour: dock-magnifier-4
 TEST(DockMagnifier, CoversAContainerThatTheGrownStripOverflows) {
-    for (const double cursor : {-100.0, 0.0, 7.0, 150.0, 329.0, 400.0}) {
-        const Strip strip{.counts = {6, 0, 0}, .container = 330, .cursor = cursor};
+    for (const double cursor : {-100.0, 0.0, 7.0, 150.0, 299.0, 400.0}) {
+        const Strip strip{.counts = {6, 0, 0}, .container = 300, .cursor = cursor};
         ASSERT_GT(strip.length, strip.container);
         EXPECT_LE(strip.shift, 0);
         EXPECT_GE(strip.shift, strip.container - strip.length);

@@ -23,9 +23,10 @@ TEST(ScreenSnapshot, CopiesWhatThePlatformReports) {
 // Behaviour: screens-1
 TEST(ScreenSnapshot, PassesOverAScreenWithoutADisplayID) {
     test::FakeScreens screens;
-    screens.list = {{.number = 9, .frame = {0, 0, 800, 600}},
-                    {.number = std::nullopt, .frame = {800, 0, 800, 600}},
-                    {.number = 4, .frame = {-800, 0, 800, 600}}};
+    screens.list.resize(3);
+    screens.list[0].number = 9;
+    screens.list[1].number = std::nullopt;
+    screens.list[2].number = 4;
 
     const auto snapshots = ScreenSnapshot::current(screens);
 
@@ -35,7 +36,9 @@ TEST(ScreenSnapshot, PassesOverAScreenWithoutADisplayID) {
 }
 
 TEST(ScreenSnapshot, TakesADisplayIDOfZeroForOne) {
-    EXPECT_TRUE(ScreenSnapshot::of({.number = 0}));
+    PlatformScreen screen;
+    screen.number = 0;
+    EXPECT_TRUE(ScreenSnapshot::of(screen));
 }
 
 }

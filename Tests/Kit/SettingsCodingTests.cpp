@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <regex>
 
 namespace vireline {
 namespace {
@@ -41,13 +40,15 @@ Settings unusualSettings() {
             .onboardingCompleted = true};
 }
 
-/// The keys of the object on the outermost level, in the order of the text. Relies on the text
-/// being indented by four.
+/// The keys of the outermost object, in the order of the text; relies on an indentation by four.
 std::vector<std::string> topLevelKeys(const std::string& text) {
-    static const std::regex key{"(?:^|\n) {4}\"([^\"]+)\":"};
+    static constexpr std::string_view beforeKey = "\n    \"";
     std::vector<std::string> keys;
-    for (std::sregex_iterator it{text.begin(), text.end(), key}, end; it != end; ++it)
-        keys.push_back((*it)[1]);
+    for (auto found = text.find(beforeKey); found != std::string::npos;
+         found = text.find(beforeKey, found + 1)) {
+        const auto start = found + beforeKey.size();
+        keys.push_back(text.substr(start, text.find('"', start) - start));
+    }
     return keys;
 }
 
