@@ -31,6 +31,7 @@ public:
     /// As this user's environment says.
     [[nodiscard]] static Sources userSources();
 
+    /// Changes are noticed where the user's environment has its applications folders.
     explicit DesktopEntryCatalog(RunLoop& runLoop, Sources sources = userSources());
     DesktopEntryCatalog(const DesktopEntryCatalog&) = delete;
     DesktopEntryCatalog& operator=(const DesktopEntryCatalog&) = delete;
@@ -45,7 +46,7 @@ public:
     [[nodiscard]] std::string bundleExtension() const override { return "desktop"; }
     /// Empty when no program opens folders.
     [[nodiscard]] FileManager fileManager() const override;
-    /// At most ten, all installed.
+    /// Ten, the installed ones first; those of the user's choice before common ones.
     [[nodiscard]] std::vector<std::string> wellKnownBundleIDs() const override;
 
     /// All installed entries as they stand now. The reference holds until the next call.
@@ -61,10 +62,12 @@ private:
     class FolderWatch;
 
     void noteChange();
+    [[nodiscard]] bool isInstalled(const std::string& bundleID) const;
 
     RunLoop& runLoop_;
     Sources sources_;
     mutable std::optional<DesktopEntryIndex> index_;
+    mutable std::optional<FileManager> fileManager_;
     std::unique_ptr<FolderWatch> watch_;
     Timer announcement_;
     CallbackList<> changes_;

@@ -1,0 +1,29 @@
+/// Owners for what GLib hands out.
+#pragma once
+
+#include <gio/gio.h>
+
+#include <memory>
+
+namespace vireline::x11 {
+
+struct GObjectUnref {
+    void operator()(gpointer object) const noexcept { g_object_unref(object); }
+};
+
+/// One reference to a GObject.
+template <class T>
+using GObjectHandle = std::unique_ptr<T, GObjectUnref>;
+
+/// A GLib structure that is ended by `end`.
+template <class T, auto end>
+struct GLibEnd {
+    void operator()(T* value) const noexcept { end(value); }
+};
+
+template <class T, auto end>
+using GLibHandle = std::unique_ptr<T, GLibEnd<T, end>>;
+
+using GErrorHandle = GLibHandle<GError, g_error_free>;
+
+}
