@@ -50,7 +50,7 @@ TEST_F(DisplayCoordinatorTest, PutsADockOnEveryDisplayButTheOneWithTheDesktopsOw
 TEST_F(DisplayCoordinatorTest, LogsWhereAPanelWasCreated) {
     coordinator.start();
 
-    EXPECT_EQ(log.messages().back(), "created panel #2 at (-786, -196, 292, 84) autoHide=false");
+    EXPECT_EQ(log.messages().back(), "created panel #2 at (-772.5, -196, 265, 84) autoHide=false");
 }
 
 // Behaviour: display-coordinator-1
@@ -114,8 +114,8 @@ TEST_F(DisplayCoordinatorTest, ATileMoreMovesEveryPanel) {
 
     EXPECT_EQ(log.count("reconcile screens=[1, 2, 3] desired=[2, 3] create=0 destroy=0 reframe=2"),
               1);
-    EXPECT_EQ(log.count("reframed panel #2 -> (-811, -196, 342, 84)"), 1);
-    EXPECT_EQ(windows().panel(2).frame.width, 342);
+    EXPECT_EQ(log.count("reframed panel #2 -> (-797.5, -196, 315, 84)"), 1);
+    EXPECT_EQ(windows().panel(2).frame.width, 315);
 }
 
 // Behaviour: display-coordinator-5
@@ -142,13 +142,13 @@ TEST_F(DisplayCoordinatorTest, AChangeOfAvailableWidthAloneReframesNothingYetRea
 TEST_F(DisplayCoordinatorTest, TurningAutoHideOffExpandsThePanels) {
     config.autoHide = true;
     coordinator.start();
-    EXPECT_EQ(log.messages().back(), "created panel #2 at (-786, -196, 292, 84) autoHide=true");
-    EXPECT_EQ(windows().panel(2).frame, (Rect{-786, -200, 292, 4}));
+    EXPECT_EQ(log.messages().back(), "created panel #2 at (-772.5, -196, 265, 84) autoHide=true");
+    EXPECT_EQ(windows().panel(2).frame, (Rect{-772.5, -200, 265, 4}));
 
     config.autoHide = false;
     coordinator.reconcile();
 
-    EXPECT_EQ(windows().panel(2).frame, (Rect{-786, -196, 292, 84}));
+    EXPECT_EQ(windows().panel(2).frame, (Rect{-772.5, -196, 265, 84}));
 }
 
 TEST_F(DisplayCoordinatorTest, ThePanelFollowsTheDesktopsDockToAnotherDisplay) {

@@ -9,7 +9,9 @@ using StripLayout::Request;
 
 /// A dock just as long as its strip at rest.
 Request bottomDock(int pinned, int running) {
-    Request request{.pinnedCount = pinned, .unpinnedRunningCount = running};
+    Request request;
+    request.pinnedCount = pinned;
+    request.unpinnedRunningCount = running;
     const double length = DockOrdering::stripWidth(request.counts(), request.iconSize);
     request.edge = {DockPosition::bottom, {length, 84}};
     return request;
@@ -22,7 +24,10 @@ TEST(StripLayout, AStripWithoutAppsHoldsTheUtilityTilesBehindOneSeparator) {
     ASSERT_EQ(frames.tiles.size(), 2U);
     EXPECT_EQ(frames.separators.size(), 1U);
     EXPECT_EQ(frames.tiles[0].icon.midX(), 7 + 7 + 22.0);
-    EXPECT_EQ(frames.separators[0], (Rect{7, 84 - 58 + 58 * 0.2, 1, 58 * 0.6}));
+    EXPECT_EQ(frames.separators[0].minX(), 7);
+    EXPECT_EQ(frames.separators[0].width, 1);
+    EXPECT_DOUBLE_EQ(frames.separators[0].height, 58 * 0.6);
+    EXPECT_DOUBLE_EQ(frames.separators[0].midY(), 84 - 29);
 }
 
 TEST(StripLayout, IconsStandInTheMiddleOfABottomStripWithTheirDotsBelow) {

@@ -8,13 +8,7 @@ DockFixture::DockFixture() {
 }
 
 DockViewContext DockFixture::context() {
-    return {model,
-            icons,
-            actions,
-            platform.runLoop,
-            platform.pointerSettings,
-            platform.userFolders,
-            std::nullopt};
+    return {model, icons, actions, platform.runLoop, platform.pointerSettings, trash, std::nullopt};
 }
 
 void DockFixture::setTiles(int pinned, int unpinned) {

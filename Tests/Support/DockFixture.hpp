@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Interaction/DockActions.hpp"
+#include "Interaction/TrashService.hpp"
 #include "Model/DockViewModel.hpp"
 #include "Sources/IconStore.hpp"
 #include "Support/FakePlatform.hpp"
@@ -16,6 +17,7 @@ struct DockFixture {
     FakePlatform platform;
     DockViewModel model;
     IconStore icons{platform.icons};
+    TrashService trash{platform.trash, platform.userFolders};
     /// One line for every action, such as "click a.b #2".
     std::vector<std::string> actionsTaken;
     bool manualMode = false;

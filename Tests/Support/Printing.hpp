@@ -20,4 +20,8 @@ inline std::ostream& operator<<(std::ostream& out, SourceMode mode) {
     return out << rawValue(mode);
 }
 
+inline std::ostream& operator<<(std::ostream& out, const StoredApp& app) {
+    return out << app.bundleID << " \"" << app.name << "\" " << app.path;
+}
+
 }

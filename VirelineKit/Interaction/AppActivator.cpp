@@ -6,9 +6,8 @@ namespace vireline {
 
 void AppActivator::leftClick(const DockItem& item, std::uint32_t /*display*/) {
     const auto app = firstInstance(item.id);
-    const ClickPolicy::AppState state{.isRunning = app.has_value(),
-                                      .isFrontmost = app && app->isActive,
-                                      .hasWindowHere = false};
+    const ClickPolicy::AppState state{
+        .isRunning = app.has_value(), .isFrontmost = app && app->isActive, .hasWindowHere = false};
     switch (ClickPolicy::decide(state, /*summonEnabled=*/false)) {
     case ClickAction::launch:
         open(item, "click launch " + item.id);

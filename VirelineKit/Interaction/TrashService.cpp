@@ -20,8 +20,9 @@ void TrashService::moveWaiting() {
         const FileURL url = std::move(waiting_.front());
         waiting_.pop_front();
         isMoving_ = true;
-        trash_.moveToTrash(
-            url, lifetime_.guard([this, url](const Result<void>& outcome) { finish(url, outcome); }));
+        trash_.moveToTrash(url, lifetime_.guard([this, url](const Result<void>& outcome) {
+            finish(url, outcome);
+        }));
     }
     isInLoop_ = false;
 }

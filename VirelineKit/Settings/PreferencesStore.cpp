@@ -24,9 +24,9 @@ Settings defaultsInsteadOfDamagedFile() {
 
 PreferencesStore::PreferencesStore(FileSystem& fileSystem, const UserFolders& folders,
                                    const std::optional<FileURL>& directory)
-    : fileSystem_(fileSystem),
-      fileURL_((directory ? *directory : defaultDirectory(folders)).appending("preferences.json")),
-      settings_(load()) {}
+    : fileSystem_(fileSystem)
+    , fileURL_((directory ? *directory : defaultDirectory(folders)).appending("preferences.json"))
+    , settings_(load()) {}
 
 Settings PreferencesStore::load() const {
     const auto text = fileSystem_.read(fileURL_, maximumFileBytes);

@@ -10,8 +10,10 @@
 namespace vireline {
 
 AppSourceResolver::AppSourceResolver(PreferencesStore& store, const Platform& platform)
-    : store_(store), catalog_(platform.catalog), fileSystem_(platform.fileSystem),
-      mirror_(platform) {}
+    : store_(store)
+    , catalog_(platform.catalog)
+    , fileSystem_(platform.fileSystem)
+    , mirror_(platform) {}
 
 void AppSourceResolver::start() {
     mirror_.onChange = lifetime_.guard([this](const std::vector<AppRef>& apps) {
@@ -20,6 +22,9 @@ void AppSourceResolver::start() {
             emit();
     });
     mirror_.start();
+    // The mirror's first reading shows nothing in manual mode, and the user's own list is due too.
+    if (!isMirroring())
+        emit();
 }
 
 void AppSourceResolver::emit() {

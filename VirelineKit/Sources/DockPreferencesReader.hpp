@@ -1,5 +1,5 @@
-/// Reads the pinned apps out of the preferences of the desktop's own dock. Nothing here asks whether
-/// an app still exists.
+/// Reads the pinned apps out of the preferences of the desktop's own dock. Nothing here asks
+/// whether an app still exists.
 #pragma once
 
 #include "Foundation/FileURL.hpp"

@@ -10,9 +10,11 @@
 namespace vireline {
 
 MirrorSource::MirrorSource(const Platform& platform)
-    : preferences_(platform.dockPreferences), catalog_(platform.catalog),
-      fileSystem_(platform.fileSystem), runLoop_(platform.runLoop),
-      watcher_(DockPreferencesReader::plistURL(platform.userFolders), platform.fileEvents,
+    : preferences_(platform.dockPreferences)
+    , catalog_(platform.catalog)
+    , fileSystem_(platform.fileSystem)
+    , runLoop_(platform.runLoop)
+    , watcher_(DockPreferencesReader::plistURL(platform.userFolders), platform.fileEvents,
                platform.runLoop, lifetime_.guard([this] { scheduleEmit(); })) {}
 
 void MirrorSource::start() {
@@ -40,8 +42,7 @@ std::vector<AppRef> MirrorSource::resolve(std::span<const ParsedDockEntry> entri
         const auto bundleID =
             entry.bundleID ? entry.bundleID : catalog_.bundleIdentifier(entry.url);
         if (bundleID)
-            apps.push_back({*bundleID,
-                            entry.label ? *entry.label : catalog_.displayName(entry.url),
+            apps.push_back({*bundleID, entry.label ? *entry.label : catalog_.displayName(entry.url),
                             entry.url});
     }
     const auto manager = catalog_.fileManager();

@@ -1,5 +1,5 @@
-/// Keeps the program's copy of the apps pinned in the desktop's own dock current. A burst of signals
-/// that the dock changed makes one reading.
+/// Keeps the program's copy of the apps pinned in the desktop's own dock current. A burst of
+/// signals that the dock changed makes one reading.
 #pragma once
 
 #include "Foundation/Lifetime.hpp"

@@ -6,12 +6,14 @@ namespace vireline {
 
 PathWatcher::PathWatcher(FileURL url, FileEvents& fileEvents, RunLoop& runLoop,
                          std::function<void()> onChange)
-    : url_(std::move(url)), fileEvents_(fileEvents), runLoop_(runLoop),
-      onChange_(std::move(onChange)) {}
+    : url_(std::move(url))
+    , fileEvents_(fileEvents)
+    , runLoop_(runLoop)
+    , onChange_(std::move(onChange)) {}
 
 void PathWatcher::start() {
-    auto source = fileEvents_.watch(
-        url_, lifetime_.guard([this](FileEventSet events) { handle(events); }));
+    auto source =
+        fileEvents_.watch(url_, lifetime_.guard([this](FileEventSet events) { handle(events); }));
     if (source)
         source_ = *std::move(source);
     else

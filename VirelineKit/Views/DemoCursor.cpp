@@ -17,9 +17,9 @@ std::optional<double> demoCursorFraction(std::string_view text) {
     stream.imbue(std::locale::classic());
     double fraction = 0;
     stream >> fraction;
-    const bool isWhole = stream.peek() == std::istringstream::traits_type::eof();
-    if (stream.fail() || !isWhole)
+    if (stream.fail() || stream.peek() != std::istringstream::traits_type::eof()) {
         return std::nullopt;
+    }
     return fraction;
 }
 

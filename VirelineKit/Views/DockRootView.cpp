@@ -1,9 +1,9 @@
 #include "Views/DockRootView.hpp"
 
 #include "Displays/DockMetrics.hpp"
+#include "Interaction/TrashService.hpp"
 #include "Platform/PointerSettings.hpp"
 #include "Platform/RunLoop.hpp"
-#include "Platform/UserFolders.hpp"
 #include "Sources/IconStore.hpp"
 
 #include <algorithm>
@@ -48,11 +48,11 @@ void DockRootView::rebuildTiles() {
     for (const DockItem& item : context_.model.items.get()) {
         addTile(tiles, TileKind::app, item, context_.icons.icon(item.url.path(), item.id));
     }
-    if (const auto url = context_.userFolders.downloads()) {
+    if (const auto url = context_.trash.downloadsURL()) {
         addTile(tiles, TileKind::downloads, {IconStore::downloadsKey, "Downloads", *url},
                 context_.icons.icon(url->path(), IconStore::downloadsKey));
     }
-    if (const auto url = context_.userFolders.trash()) {
+    if (const auto url = context_.trash.trashURL()) {
         addTile(tiles, TileKind::trash, {IconStore::trashKey, "Trash", *url},
                 context_.icons.trashIcon());
     }

@@ -24,7 +24,7 @@ namespace vireline {
 class IconStore;
 class PointerSettings;
 class RunLoop;
-class UserFolders;
+class TrashService;
 
 /// What the views of all docks share. Everything outlives the views.
 struct DockViewContext {
@@ -33,7 +33,7 @@ struct DockViewContext {
     const DockActions& actions;
     RunLoop& runLoop;
     const PointerSettings& pointerSettings;
-    const UserFolders& userFolders;
+    const TrashService& trash;
     /// Freezes a magnified state for screenshots until the pointer comes.
     std::optional<double> demoCursorFraction;
 };

@@ -1,0 +1,18 @@
+/// The desktop's own pointer settings, as Qt hears of them.
+#pragma once
+
+#include "Platform/PointerSettings.hpp"
+
+#include <QGuiApplication>
+#include <QStyleHints>
+
+namespace vireline::x11 {
+
+class QtPointerSettings final : public PointerSettings {
+public:
+    [[nodiscard]] double doubleClickInterval() const override {
+        return QGuiApplication::styleHints()->mouseDoubleClickInterval() / 1000.0;
+    }
+};
+
+}

@@ -1,0 +1,148 @@
+#include "Desktop/PropertyListReader.hpp"
+
+#include "Desktop/PropertyListLimits.hpp"
+#include "GLib/GLibHandles.hpp"
+
+#include <plist/plist.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <memory>
+
+namespace vireline::x11 {
+namespace {
+
+using Root = GLibHandle<void, plist_free>;
+
+/// Something that libplist has from malloc.
+template <class T>
+using Allocated = GLibHandle<T, std::free>;
+
+std::string validText(std::string_view text) {
+    const auto length = static_cast<gssize>(text.size());
+    if (g_utf8_validate(text.data(), length, nullptr) != 0)
+        return std::string{text};
+    const GLibHandle<char, g_free> mended{g_utf8_make_valid(text.data(), length)};
+    return mended.get();
+}
+
+PropertyList text(plist_t node) {
+    std::uint64_t length = 0;
+    const char* characters = plist_get_string_ptr(node, &length);
+    if (characters == nullptr)
+        return PropertyList{""};
+    return PropertyList{validText({characters, static_cast<std::size_t>(length)})};
+}
+
+PropertyList data(plist_t node) {
+    std::uint64_t length = 0;
+    const char* content = plist_get_data_ptr(node, &length);
+    if (content == nullptr)
+        return PropertyList{PropertyList::Data{}};
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): characters as bytes
+    const std::span bytes{reinterpret_cast<const std::byte*>(content),
+                          static_cast<std::size_t>(length)};
+    return PropertyList{PropertyList::Data(bytes.begin(), bytes.end())};
+}
+
+std::optional<PropertyList> value(plist_t node, int depth);
+
+std::optional<PropertyList> array(plist_t node, int depth) {
+    plist_array_iter started = nullptr;
+    plist_array_new_iter(node, &started);
+    const Allocated<void> iterator{started};
+    PropertyList::Array items;
+    while (true) {
+        plist_t item = nullptr;
+        plist_array_next_item(node, iterator.get(), &item);
+        if (item == nullptr)
+            return PropertyList{std::move(items)};
+        auto converted = value(item, depth + 1);
+        if (!converted)
+            return std::nullopt;
+        items.push_back(*std::move(converted));
+    }
+}
+
+std::optional<PropertyList> dictionary(plist_t node, int depth) {
+    plist_dict_iter started = nullptr;
+    plist_dict_new_iter(node, &started);
+    const Allocated<void> iterator{started};
+    PropertyList::Dictionary entries;
+    while (true) {
+        char* name = nullptr;
+        plist_t item = nullptr;
+        plist_dict_next_item(node, iterator.get(), &name, &item);
+        const Allocated<char> key{name};
+        if (!key || item == nullptr)
+            return PropertyList{std::move(entries)};
+        auto converted = value(item, depth + 1);
+        if (!converted)
+            return std::nullopt;
+        entries.insert_or_assign(validText(key.get()), *std::move(converted));
+    }
+}
+
+/// A node of the parser as a plain value; nothing for what lies too deep.
+std::optional<PropertyList> value(plist_t node, int depth) {
+    if (depth > PropertyListLimits::maximumDepth)
+        return std::nullopt;
+    switch (plist_get_node_type(node)) {
+    case PLIST_BOOLEAN: {
+        std::uint8_t boolean = 0;
+        plist_get_bool_val(node, &boolean);
+        return PropertyList{boolean != 0};
+    }
+    case PLIST_UINT: {
+        std::uint64_t bits = 0;
+        plist_get_uint_val(node, &bits);
+        return PropertyList{static_cast<std::int64_t>(bits)};
+    }
+    case PLIST_REAL: {
+        double real = 0;
+        plist_get_real_val(node, &real);
+        return PropertyList{real};
+    }
+    case PLIST_STRING:
+        return text(node);
+    case PLIST_DATA:
+        return data(node);
+    case PLIST_ARRAY:
+        return array(node, depth);
+    case PLIST_DICT:
+        return dictionary(node, depth);
+    default:
+        return PropertyList{};
+    }
+}
+
+std::unexpected<PlatformError> notAPropertyList() {
+    return std::unexpected{PlatformError{EINVAL, "not a property list"}};
+}
+
+}
+
+Result<PropertyList> PropertyListReader::decode(std::span<const std::byte> bytes) const {
+    if (bytes.size() > PropertyListLimits::maximumBytes)
+        return std::unexpected{PlatformError{EFBIG, "property list too long"}};
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): bytes as characters
+    const auto* characters = reinterpret_cast<const char*>(bytes.data());
+    const auto length = static_cast<std::uint32_t>(bytes.size());
+    const bool isBinary = length > 0 && plist_is_binary(characters, length) != 0;
+    if (isBinary ? !PropertyListLimits::admitsBinary(bytes) : !PropertyListLimits::admitsXML(bytes))
+        return notAPropertyList();
+    plist_t parsed = nullptr;
+    if (isBinary)
+        plist_from_bin(characters, length, &parsed);
+    else
+        plist_from_xml(characters, length, &parsed);
+    const Root root{parsed};
+    if (!root)
+        return notAPropertyList();
+    auto converted = value(root.get(), 0);
+    if (!converted)
+        return notAPropertyList();
+    return *std::move(converted);
+}
+
+}

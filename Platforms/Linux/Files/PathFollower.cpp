@@ -1,0 +1,256 @@
+#include "Files/PathFollower.hpp"
+
+#include "Files/FileDescriptor.hpp"
+
+#include <sys/inotify.h>
+#include <sys/stat.h>
+
+#include <QSocketNotifier>
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <cstring>
+#include <deque>
+#include <memory>
+#include <set>
+#include <string_view>
+#include <system_error>
+
+namespace vireline::x11 {
+namespace {
+
+/// As many as the kernel follows in one path.
+constexpr int maximumLinks = 40;
+
+/// Every step of the path: whether it still is what the path goes through.
+constexpr std::uint32_t ownFate = IN_DELETE_SELF | IN_MOVE_SELF | IN_DONT_FOLLOW;
+/// The last existing folder, while the next step is missing.
+constexpr std::uint32_t arrivals = IN_CREATE | IN_MOVED_TO;
+/// What the path names. Of a folder, these are about its entries.
+constexpr std::uint32_t content =
+    IN_MODIFY | IN_CLOSE_WRITE | IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO;
+/// A file that somebody holds open lives on without its name; only its link count tells.
+constexpr std::uint32_t lossOfName = IN_ATTRIB;
+
+/// A writer that never pauses must not keep the event loop from its other work.
+constexpr int readsInOneTurn = 8;
+
+using WatchID = int;
+
+std::deque<std::string> components(std::string_view path) {
+    std::deque<std::string> names;
+    while (!path.empty()) {
+        const std::size_t end = std::min(path.find('/'), path.size());
+        if (end > 0)
+            names.emplace_back(path.substr(0, end));
+        path.remove_prefix(std::min(end + 1, path.size()));
+    }
+    return names;
+}
+
+/// The text of the link; nothing when `path` is none, or has gone.
+std::optional<std::string> linkText(const std::string& path) {
+    std::array<char, PATH_MAX> text{};
+    const ssize_t length = ::readlink(path.c_str(), text.data(), text.size());
+    if (length < 0)
+        return std::nullopt;
+    return std::string{text.data(), static_cast<std::size_t>(length)};
+}
+
+/// One walk along a path from the root, with a watch on every step of it. A watch is always set
+/// before the question that it guards is asked, so nothing slips in between.
+class Walk {
+public:
+    Walk(int inotify, const std::string& path) : inotify_(inotify), ahead_(components(path)) {}
+
+    /// The watch of what the path names; nothing while it names nothing.
+    Result<std::optional<WatchID>> go() {
+        while (!ahead_.empty()) {
+            const std::string name = std::move(ahead_.front());
+            ahead_.pop_front();
+            auto step = take(name);
+            if (!step || !*step)
+                return step;
+            last_ = **step;
+        }
+        return last_;
+    }
+
+    [[nodiscard]] const std::set<WatchID>& watches() const noexcept { return watches_; }
+
+private:
+    /// Goes to `name` in the current folder: the watch there, or nothing if there is no such entry.
+    Result<std::optional<WatchID>> take(const std::string& name) {
+        if (name == ".")
+            return last_;
+        if (name == "..") {
+            folder_ = FileURL::fromPath(folder_).parent().path();
+            return last_;
+        }
+        const std::string entry = folder_ == "/" ? "/" + name : folder_ + "/" + name;
+        const std::uint32_t mask = ahead_.empty() ? ownFate | content | lossOfName : ownFate;
+        auto watch = add(entry, mask);
+        if (!watch && watch.error().code == ENOENT) {
+            watch = add(folder_, ownFate | arrivals);
+            if (watch)
+                watch = add(entry, mask);
+        }
+        // What goes while the walk is under way leaves an event behind, which starts another walk.
+        if (!watch && (watch.error().code == ENOENT || watch.error().code == ENOTDIR))
+            return std::nullopt;
+        if (!watch)
+            return std::unexpected{watch.error()};
+        if (const auto text = linkText(entry)) {
+            if (!follow(*text))
+                return std::nullopt;
+        } else {
+            folder_ = entry;
+        }
+        return *watch;
+    }
+
+    /// Puts a link's text in front of what is ahead. False for a chain of links without an end.
+    bool follow(std::string_view text) {
+        if (++links_ > maximumLinks)
+            return false;
+        if (text.starts_with('/'))
+            folder_ = "/";
+        const auto names = components(text);
+        ahead_.insert(ahead_.begin(), names.begin(), names.end());
+        return true;
+    }
+
+    Result<WatchID> add(const std::string& path, std::uint32_t mask) {
+        const WatchID watch = ::inotify_add_watch(inotify_, path.c_str(), mask);
+        if (watch >= 0) {
+            watches_.insert(watch);
+            return watch;
+        }
+        const int code = errno;
+        // A folder that may be passed through but not listed, such as some systems' /home, cannot
+        // be watched. The way leads on without a watch on it.
+        if (code == EACCES && (mask & content) == 0 && ::access(path.c_str(), X_OK) == 0)
+            return unwatched;
+        return std::unexpected{
+            PlatformError{code, path + ": " + std::generic_category().message(code)}};
+    }
+
+    static constexpr WatchID unwatched = -1;
+
+    int inotify_;
+    std::deque<std::string> ahead_;
+    std::string folder_ = "/";
+    std::optional<WatchID> last_ = unwatched;
+    int links_ = 0;
+    std::set<WatchID> watches_;
+};
+
+class PathFollower {
+public:
+    PathFollower(FileURL url, std::function<void(PathEvents)> handler)
+        : path_(url.path())
+        , handler_(std::move(handler))
+        , inotify_(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {}
+
+    Result<void> start() {
+        if (!inotify_) {
+            const int code = errno;
+            return std::unexpected{PlatformError{code, std::generic_category().message(code)}};
+        }
+        return walk();
+    }
+
+    /// Events are read from now on, while `self` lives.
+    static void listen(const std::shared_ptr<PathFollower>& self) {
+        self->notifier_ =
+            std::make_unique<QSocketNotifier>(self->inotify_.get(), QSocketNotifier::Read);
+        QObject::connect(self->notifier_.get(), &QSocketNotifier::activated,
+                         [weak = std::weak_ptr{self}] {
+                             if (const auto follower = weak.lock())
+                                 follower->report();
+                         });
+    }
+
+private:
+    /// Brings the watches in line with what the path leads through now.
+    Result<void> walk() {
+        Walk walk{inotify_.get(), path_};
+        auto found = walk.go();
+        std::ranges::for_each(watches_, [&](WatchID watch) {
+            // Fails for one that the kernel has ended already, with its file.
+            if (!walk.watches().contains(watch))
+                ::inotify_rm_watch(inotify_.get(), watch);
+        });
+        watches_ = walk.watches();
+        named_ = found.value_or(std::nullopt);
+        if (!found)
+            return std::unexpected{found.error()};
+        return {};
+    }
+
+    void report() {
+        const Pending pending = readPending();
+        PathEvents events{.changed = pending.ofContent};
+        if (pending.ofPath) {
+            // A watch is one inode's, and its number is never given again.
+            const auto before = named_;
+            const bool failed = !walk();
+            events.appeared = named_ && named_ != before;
+            events.removed = (before && named_ != before) || failed;
+        }
+        if (events != PathEvents{})
+            handler_(events);
+    }
+
+    struct Pending {
+        bool ofContent = false;
+        bool ofPath = false;
+    };
+
+    Pending readPending() {
+        Pending pending;
+        alignas(inotify_event) std::array<char, 16UL * 1024> buffer{};
+        for (int reads = 0; reads < readsInOneTurn; ++reads) {
+            const ssize_t length = ::read(inotify_.get(), buffer.data(), buffer.size());
+            if (length < 0 && errno == EINTR)
+                continue;
+            if (length <= 0)
+                break;
+            for (std::size_t at = 0; at < static_cast<std::size_t>(length);) {
+                inotify_event event{};
+                std::memcpy(&event, buffer.data() + at, sizeof event);
+                note(event, pending);
+                at += sizeof event + event.len;
+            }
+        }
+        return pending;
+    }
+
+    void note(const inotify_event& event, Pending& pending) const {
+        const bool lost = (event.mask & IN_Q_OVERFLOW) != 0;
+        const bool known = watches_.contains(event.wd);
+        pending.ofContent |= lost || (known && event.wd == named_ && (event.mask & content) != 0);
+        pending.ofPath |= lost || (known && (event.wd != named_ || (event.mask & content) == 0));
+    }
+
+    std::string path_;
+    std::function<void(PathEvents)> handler_;
+    FileDescriptor inotify_;
+    /// Declared behind the descriptor: it must go first.
+    std::unique_ptr<QSocketNotifier> notifier_;
+    std::set<WatchID> watches_;
+    std::optional<WatchID> named_;
+};
+
+}
+
+Result<Subscription> followPath(const FileURL& url, std::function<void(PathEvents)> handler) {
+    auto follower = std::make_shared<PathFollower>(url, std::move(handler));
+    if (auto started = follower->start(); !started)
+        return std::unexpected{started.error()};
+    PathFollower::listen(follower);
+    return Subscription{std::move(follower)};
+}
+
+}

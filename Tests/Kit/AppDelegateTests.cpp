@@ -1,0 +1,213 @@
+#include "App/AppDelegate.hpp"
+#include "Settings/SettingsCoding.hpp"
+#include "Support/DockFixture.hpp"
+#include "Support/LoggedLines.hpp"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace vireline {
+namespace {
+
+/// The whole program on two displays, the second of which gets a dock.
+class AppDelegateTest : public testing::Test {
+protected:
+    AppDelegateTest() {
+        platform.screens.list = {test::screenWithDock(1, {0, 0, 1920, 1080}),
+                                 test::screenAt(2, {1920, 0, 1920, 1080})};
+        finder = platform.install("com.apple.finder", "Finder");
+        mail = platform.install("com.apple.mail", "Mail");
+        notes = platform.install("com.apple.Notes", "Notes");
+        platform.pin({finder, mail});
+    }
+
+    void store(const Settings& settings) {
+        platform.fileSystem.put(preferences(), SettingsCoding::encode(settings));
+    }
+
+    [[nodiscard]] FileURL preferences() const {
+        return platform.userFolders.applicationSupport()
+            .front()
+            .appending("Vireline")
+            .appending("preferences.json");
+    }
+
+    AppDelegate& start() {
+        delegate_ = std::make_unique<AppDelegate>(platform.ports());
+        delegate_->applicationDidFinishLaunching();
+        return *delegate_;
+    }
+
+    [[nodiscard]] test::FakePanel& dock() { return platform.panelWindows.panel(2); }
+    [[nodiscard]] std::vector<SceneNode> icons() {
+        auto nodes = dock().scene->nodes;
+        std::erase_if(nodes, [](const auto& n) { return n.id.part != NodeID::Part::icon; });
+        return nodes;
+    }
+    void secondaryClickTile(std::size_t index) {
+        dock().listener().pointerEvent(
+            {PointerEvent::Kind::secondaryPressed, icons().at(index).frame.center()});
+    }
+    void clickTile(std::size_t index) {
+        const Point p = icons().at(index).frame.center();
+        dock().listener().pointerEvent({PointerEvent::Kind::pressed, p});
+        dock().listener().pointerEvent({PointerEvent::Kind::released, p});
+    }
+    [[nodiscard]] int reconciles() const {
+        return static_cast<int>(std::ranges::count_if(
+            log.messages(), [](const auto& line) { return line.starts_with("reconcile "); }));
+    }
+
+    test::FakePlatform platform;
+    test::LoggedLines log;
+    AppRef finder;
+    AppRef mail;
+    AppRef notes;
+
+private:
+    std::unique_ptr<AppDelegate> delegate_;
+};
+
+TEST_F(AppDelegateTest, StartsInAFixedOrderAndShowsTheMirroredApps) {
+    start();
+
+    const auto lines = log.messages();
+    ASSERT_GE(lines.size(), 3U);
+    EXPECT_EQ(lines[0],
+              "Vireline started pid=" + std::to_string(platform.application.processIdentifier()));
+    EXPECT_EQ(lines[1], "mirror: 2 pinned apps from Apple's Dock");
+    EXPECT_TRUE(lines.back().starts_with("reconcile screens=[1, 2] desired=[2] create=0"));
+    EXPECT_EQ(icons().size(), 4U);
+}
+
+// Behaviour: app-delegate-3
+// Behaviour: dock-view-model-5
+TEST_F(AppDelegateTest, DocksAreNotMagnifiedWhileMagnificationIsOff) {
+    Settings settings;
+    settings.magnification = 2;
+    store(settings);
+    start();
+
+    EXPECT_EQ(dock().frame.height, 84);
+}
+
+TEST_F(AppDelegateTest, ShowsEverySettingOfTheFileFromTheStart) {
+    Settings settings;
+    settings.sourceMode = SourceMode::manual;
+    settings.manualApps = {{notes.bundleID, notes.name, notes.url.path()},
+                           {"gone", "Gone", "/Applications/Gone.app"}};
+    settings.position = DockPosition::right;
+    settings.iconSize = 32;
+    settings.autoHide = true;
+    settings.magnificationEnabled = true;
+    settings.magnification = 1.5;
+    store(settings);
+    start();
+
+    // Three tiles of 32 points; icons that grow by half make room of 16 points.
+    EXPECT_EQ(dock().frame.width, 4);
+    EXPECT_EQ(dock().frame.maxX(), 3840);
+    dock().listener().mouseEntered();
+    EXPECT_EQ(dock().frame.width, 58 + 16 + 4);
+    EXPECT_EQ(icons().size(), 3U);
+    EXPECT_EQ(icons()[0].frame.width, 32);
+}
+
+TEST_F(AppDelegateTest, ARunningAppGetsATileAndAnEndedOneLosesIt) {
+    start();
+    const auto instance = test::FakePlatform::instanceOf(notes);
+
+    platform.running.launch(instance);
+    EXPECT_EQ(icons().size(), 5U);
+    platform.running.quit(notes.bundleID);
+    EXPECT_EQ(icons().size(), 4U);
+}
+
+// Behaviour: app-delegate-4
+// Behaviour: dock-view-model-2
+TEST_F(AppDelegateTest, APinnedAppThatStartsReplacesTheTilesWithoutANewLayout) {
+    start();
+    log.clear();
+
+    platform.running.launch(test::FakePlatform::instanceOf(mail));
+
+    EXPECT_EQ(reconciles(), 0);
+    const auto lit = std::ranges::count_if(dock().scene->nodes, [](const auto& node) {
+        return node.id.part == NodeID::Part::dot && node.opacity == 1;
+    });
+    EXPECT_EQ(lit, 1);
+}
+
+// Behaviour: app-delegate-4
+// Behaviour: dock-view-model-3
+TEST_F(AppDelegateTest, AnUnpinnedAppThatStartsAsksForOneNewLayout) {
+    start();
+    log.clear();
+
+    platform.running.launch(test::FakePlatform::instanceOf(notes));
+
+    EXPECT_EQ(reconciles(), 1);
+}
+
+TEST_F(AppDelegateTest, AClickLaunchesHidesAndReopens) {
+    start();
+    log.clear();
+
+    clickTile(1);
+    EXPECT_EQ(log.messages().back(), "click launch com.apple.mail");
+    platform.running.launch(test::FakePlatform::instanceOf(mail));
+    platform.running.bringToFront(mail.bundleID);
+    platform.runLoop.advance(1);
+    clickTile(1);
+    EXPECT_EQ(log.messages().back(), "click hide com.apple.mail");
+    platform.running.bringToFront("");
+    platform.runLoop.advance(1);
+    clickTile(1);
+    EXPECT_EQ(log.messages().back(), "click reopen com.apple.mail");
+}
+
+TEST_F(AppDelegateTest, AUtilityTileOpensItsFolderAndSaysSo) {
+    start();
+
+    clickTile(2);
+
+    EXPECT_EQ(platform.workspace.opened, std::vector{*platform.userFolders.downloads()});
+    EXPECT_EQ(log.messages().back(), "open folder Downloads");
+}
+
+// Behaviour: app-activator-4
+TEST_F(AppDelegateTest, RemovingFromTheMenuEditsTheManualListAlone) {
+    Settings settings;
+    settings.sourceMode = SourceMode::manual;
+    settings.manualApps = {{mail.bundleID, mail.name, mail.url.path()},
+                           {notes.bundleID, notes.name, notes.url.path()}};
+    store(settings);
+    start();
+    log.clear();
+
+    secondaryClickTile(0);
+    ASSERT_EQ(dock().menus.back().menu.entries.size(), 3U);
+    dock().choose(2);
+
+    EXPECT_EQ(icons().size(), 3U);
+    EXPECT_EQ(log.count("manual remove com.apple.mail"), 1);
+    EXPECT_EQ(log.count("removeFromDock reached AppActivator, wiring error"), 0);
+    const auto saved = SettingsCoding::decode(
+        platform.fileSystem.read(preferences(), std::size_t{1} << 20U).value());
+    ASSERT_TRUE(saved);
+    EXPECT_EQ(saved->manualApps.size(), 1U);
+}
+
+TEST_F(AppDelegateTest, TheDisplaysAreFollowed) {
+    start();
+
+    platform.screens.list.push_back(test::screenAt(3, {-800, 0, 800, 600}));
+    platform.screens.announceChange();
+    platform.runLoop.advance(0.6);
+
+    EXPECT_EQ(platform.panelWindows.displays(), (std::vector<std::uint32_t>{2, 3}));
+}
+
+}
+}

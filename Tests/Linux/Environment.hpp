@@ -1,0 +1,36 @@
+/// An environment variable for the length of a test.
+#pragma once
+
+#include <cstdlib>
+#include <optional>
+#include <string>
+
+namespace vireline::test {
+
+class EnvironmentVariable {
+public:
+    /// Unset while this lives if there is no value.
+    EnvironmentVariable(const char* name, const std::optional<std::string>& value) : name_(name) {
+        if (const char* before = std::getenv(name))
+            before_ = before;
+        set(value);
+    }
+    EnvironmentVariable(const EnvironmentVariable&) = delete;
+    EnvironmentVariable& operator=(const EnvironmentVariable&) = delete;
+    EnvironmentVariable(EnvironmentVariable&&) = delete;
+    EnvironmentVariable& operator=(EnvironmentVariable&&) = delete;
+    ~EnvironmentVariable() { set(before_); }
+
+private:
+    void set(const std::optional<std::string>& value) const {
+        if (value)
+            ::setenv(name_, value->c_str(), 1);
+        else
+            ::unsetenv(name_);
+    }
+
+    const char* name_;
+    std::optional<std::string> before_;
+};
+
+}

@@ -1,0 +1,53 @@
+/// A real event loop without a display, for tests of what runs on one. Waiting is always for a
+/// condition, and bounded.
+#pragma once
+
+#include <QAbstractEventDispatcher>
+#include <QApplication>
+#include <QTimer>
+#include <array>
+#include <functional>
+
+namespace vireline::test {
+
+/// The test program's one application object; made when first asked for.
+inline QApplication& testApplication() {
+    static std::array<char, 12> name{"LinuxTests"};
+    static std::array<char, 10> option{"-platform"};
+    static std::array<char, 10> platform{"offscreen"};
+    static std::array<char*, 4> arguments{name.data(), option.data(), platform.data(), nullptr};
+    static int count = 3;
+    // Never taken down: Qt's own statics, which it needs for that, may go before it.
+    // NOLINTNEXTLINE(cppcoreguidelines-owning-memory)
+    static auto& application = *new QApplication{count, arguments.data()};
+    return application;
+}
+
+/// Runs the loop until `condition` holds; false when it does not within ten seconds.
+inline bool waitUntil(const std::function<bool()>& condition) {
+    testApplication();
+    bool isLate = false;
+    QTimer limit;
+    limit.setSingleShot(true);
+    QObject::connect(&limit, &QTimer::timeout, [&] { isLate = true; });
+    limit.start(std::chrono::seconds{10});
+    while (!condition()) {
+        if (isLate)
+            return false;
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    return true;
+}
+
+/// Delivers what has happened already, and what comes of that, without waiting for anything more.
+inline void deliverPendingEvents() {
+    testApplication();
+    QCoreApplication::processEvents();
+    constexpr int mostRounds = 10'000;
+    for (int round = 0; round < mostRounds; ++round) {
+        if (!QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents))
+            return;
+    }
+}
+
+}

@@ -1,0 +1,10 @@
+// Memory that other libraries keep for the whole process without a pointer to it that the leak
+// checker would find.
+
+// NOLINTNEXTLINE(bugprone-reserved-identifier): the name under which the checker looks for it
+extern "C" const char* __lsan_default_suppressions();
+
+// NOLINTNEXTLINE(bugprone-reserved-identifier)
+const char* __lsan_default_suppressions() {
+    return "leak:libfontconfig.so\n";
+}

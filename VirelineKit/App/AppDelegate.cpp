@@ -1,0 +1,125 @@
+#include "App/AppDelegate.hpp"
+
+#include "App/DevLog.hpp"
+#include "Platform/Application.hpp"
+#include "Platform/Workspace.hpp"
+#include "Views/DemoCursor.hpp"
+
+#include <cstdlib>
+#include <string>
+
+namespace vireline {
+namespace {
+
+std::optional<double> demoCursor() {
+    const char* const text = std::getenv("VIRELINE_DEMO_CURSOR");
+    return text == nullptr ? std::nullopt : demoCursorFraction(text);
+}
+
+}
+
+AppDelegate::AppDelegate(const Platform& platform)
+    : platform_(platform)
+    , icons_(platform.icons)
+    , monitor_(platform.runningApplications)
+    , activator_(platform.runningApplications, platform.workspace)
+    , trashService_(platform.trash, platform.userFolders)
+    , store_(platform.fileSystem, platform.userFolders)
+    , resolver_(store_, platform)
+    , coordinator_(makeViewContext(), platform.screens, platform.panelWindows) {
+    dockActions_ = makeDockActions();
+}
+
+void AppDelegate::applicationDidFinishLaunching() {
+    DevLog::write("Vireline started pid=" +
+                  std::to_string(platform_.application.processIdentifier()));
+    seedModel();
+    connect();
+    resolver_.start();
+    monitor_.start();
+    coordinator_.start();
+}
+
+void AppDelegate::connect() {
+    coordinator_.dockConfig = lifetime_.guardOr(DisplayCoordinator::DockConfig{}, [this] {
+        const Settings& settings = store_.settings();
+        return DisplayCoordinator::DockConfig{settings.position, settings.autoHide};
+    });
+    model_.onLayoutChange = lifetime_.guard([this] { coordinator_.reconcile(); });
+    store_.onChange = lifetime_.guard([this] { settingsChanged(); });
+    resolver_.onChange =
+        lifetime_.guard([this](const std::vector<AppRef>& pinned) { pinnedListChanged(pinned); });
+    monitor_.onChange =
+        lifetime_.guard([this](const std::vector<AppRef>& running) { showTiles(running); });
+    monitor_.onLaunching = lifetime_.guard([this](const std::string& bundleID) {
+        auto launching = model_.launching.get();
+        launching.insert(bundleID);
+        model_.launching.set(std::move(launching));
+    });
+    monitor_.onSettled = lifetime_.guard([this](const std::string& bundleID) {
+        auto launching = model_.launching.get();
+        launching.erase(bundleID);
+        model_.launching.set(std::move(launching));
+    });
+}
+
+void AppDelegate::seedModel() {
+    model_.configuredIconSize.set(store_.settings().iconSize);
+    model_.magnification.set(effectiveMagnification(store_.settings()));
+}
+
+void AppDelegate::settingsChanged() {
+    seedModel();
+    resolver_.emit();
+    coordinator_.reconcile();
+}
+
+void AppDelegate::pinnedListChanged(const std::vector<AppRef>& pinned) {
+    pinned_ = pinned;
+    showTiles(monitor_.current());
+}
+
+void AppDelegate::showTiles(std::span<const AppRef> running) {
+    const std::size_t before = model_.items.get().size();
+    model_.items.set(DockOrdering::merge(pinned_, running));
+    if (model_.items.get().size() != before && model_.onLayoutChange)
+        model_.onLayoutChange();
+}
+
+DockViewContext AppDelegate::makeViewContext() {
+    return {model_,        icons_,      dockActions_, platform_.runLoop, platform_.pointerSettings,
+            trashService_, demoCursor()};
+}
+
+DockActions AppDelegate::makeDockActions() {
+    DockActions actions;
+    actions.leftClick = lifetime_.guard([this](const DockItem& item, std::uint32_t display) {
+        activator_.leftClick(item, display);
+    });
+    actions.doubleClick = lifetime_.guard([this](const DockItem& item, std::uint32_t display) {
+        activator_.doubleClick(item, display);
+    });
+    actions.menuSelect =
+        lifetime_.guard([this](MenuEntry entry, const DockItem& item, std::uint32_t display) {
+            if (entry == MenuEntry::removeFromDock) {
+                resolver_.removeManualApp(item.id);
+            } else {
+                activator_.menuSelect(entry, item, display);
+            }
+        });
+    actions.addApp = lifetime_.guard([this](const FileURL& url) { resolver_.addManualApp(url); });
+    actions.moveApp = lifetime_.guard([this](const std::string& bundleID, int toIndex) {
+        resolver_.moveManualApp(bundleID, toIndex);
+    });
+    actions.isManualMode = lifetime_.guardOr(
+        false, [this] { return store_.settings().sourceMode == SourceMode::manual; });
+    actions.openFolder = lifetime_.guard([this](const FileURL& url) {
+        platform_.workspace.open(url);
+        DevLog::write("open folder " + url.lastPathComponent());
+    });
+    actions.trashFiles =
+        lifetime_.guard([this](const std::vector<FileURL>& urls) { trashService_.trash(urls); });
+    return actions;
+}
+
+}
