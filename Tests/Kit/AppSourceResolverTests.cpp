@@ -45,7 +45,6 @@ struct AppSourceResolverTest : testing::Test {
         platform.pin({finder, mail});
         owned();
         resolver.start();
-        resolver.emit();
         log.clear();
         lists.values.clear();
     }
@@ -276,6 +275,15 @@ TEST_F(AppSourceResolverTest, SeedsAnEmptyManualListWhenTheUserSwitchesToIt) {
     EXPECT_EQ(manualApps(), stored(Apps{finder, mail, notes, music, maps}));
     EXPECT_EQ(lists.last(), (Apps{finder, mail, notes, music, maps}));
     EXPECT_EQ(log.messages(), Lines{"manual list seeded from mirror, 5 apps"});
+}
+
+TEST_F(AppSourceResolverTest, ShowsTheManualListFromTheStart) {
+    setManual(stored(Apps{chess}));
+    platform.pin({mail});
+
+    resolver.start();
+
+    EXPECT_EQ(lists.values, (std::vector<Apps>{Apps{chess}}));
 }
 
 TEST_F(AppSourceResolverTest, RecordsReadingsInManualModeButShowsNothingOfThem) {

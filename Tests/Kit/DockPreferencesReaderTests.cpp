@@ -19,6 +19,7 @@ PropertyList preferencesHolding(PropertyList::Array tiles) {
 
 std::vector<std::string> paths(const std::vector<ParsedDockEntry>& entries) {
     std::vector<std::string> found;
+    found.reserve(entries.size());
     for (const auto& entry : entries)
         found.push_back(entry.url.path());
     return found;

@@ -10,7 +10,6 @@
 namespace vireline {
 namespace {
 
-using test::dockTile;
 using test::FakePlatform;
 using test::LoggedLines;
 using test::Recorder;

@@ -16,7 +16,7 @@ using test::FakePlatform;
 using test::LoggedLines;
 using Lines = std::vector<std::string>;
 
-const std::string damagedLine = "preferences unreadable, using defaults (file kept)";
+constexpr const char* damagedLine = "preferences unreadable, using defaults (file kept)";
 
 struct PreferencesStoreTest : testing::Test {
     [[nodiscard]] PreferencesStore makeStore() {

@@ -103,7 +103,7 @@ void FakeFileEvents::fire(const FileURL& url, FileEventSet events) {
 int FakeFileEvents::watchCount(const FileURL& url) const {
     return static_cast<int>(std::ranges::count_if(watches_, [&](const auto& candidate) {
         const auto watch = candidate.lock();
-        return watch && watch->url == url && watch->state != Watch::State::lost;
+        return watch && watch->url == url;
     }));
 }
 

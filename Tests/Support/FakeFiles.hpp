@@ -54,7 +54,7 @@ public:
     /// follow nothing any more.
     void fire(const FileURL& url, FileEventSet events);
 
-    /// Watches of `url` that hold the file or wait for it.
+    /// Watches of `url` that have not been ended, also those that follow nothing any more.
     [[nodiscard]] int watchCount(const FileURL& url) const;
 
     /// Whether a watch of a missing file waits for it instead of failing.

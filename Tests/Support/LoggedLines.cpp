@@ -35,6 +35,7 @@ std::vector<std::string> LoggedLines::messages() const {
         else if (!messages.empty())
             messages.back() += '\n' + line;
     }
+    messages.erase(messages.begin(), messages.begin() + forgotten_);
     return messages;
 }
 
@@ -43,7 +44,7 @@ int LoggedLines::count(std::string_view message) const {
 }
 
 void LoggedLines::clear() {
-    std::filesystem::remove(file());
+    forgotten_ += static_cast<std::ptrdiff_t>(messages().size());
 }
 
 }

@@ -4,6 +4,7 @@
 
 #include "Support/TemporaryFolder.hpp"
 
+#include <cstddef>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -33,6 +34,7 @@ public:
 
 private:
     TemporaryFolder folder_;
+    std::ptrdiff_t forgotten_ = 0;
 };
 
 }

@@ -35,11 +35,9 @@ std::string timestamp() {
 }
 
 bool writeNewFile(const fs::path& path, std::string_view content) {
-    struct Close {
-        void operator()(std::FILE* file) const { std::fclose(file); }
-    };
     // "x" refuses whatever is there already, a symbolic link included.
-    std::unique_ptr<std::FILE, Close> file{std::fopen(path.c_str(), "wbx")};
+    std::unique_ptr<std::FILE, int (*)(std::FILE*)> file{std::fopen(path.c_str(), "wbx"),
+                                                         std::fclose};
     if (!file)
         return false;
     std::error_code failed;
@@ -83,10 +81,11 @@ void write(std::string_view message) {
     const std::string line = "[" + timestamp() + "] " + std::string{message} + "\n";
     std::fwrite(line.data(), 1, line.size(), stdout);
     std::fflush(stdout);
-    if (!path())
+    const auto& path = storedPath();
+    if (!path)
         return;
 
-    const fs::path file{*path()};
+    const fs::path file{*path};
     std::error_code ignored;
     // A link could lead out of the program's folder, and a pipe could block: only a plain file is
     // written to, and nothing else is ever replaced.

@@ -5,16 +5,18 @@
 namespace vireline {
 
 void AppActivator::leftClick(const DockItem& item, std::uint32_t /*display*/) {
-    const auto app = firstInstance(item.id);
-    const ClickPolicy::AppState state{
-        .isRunning = app.has_value(), .isFrontmost = app && app->isActive, .hasWindowHere = false};
+    const auto instances = applications_.instances(item.id);
+    const bool isRunning = !instances.empty();
+    const ClickPolicy::AppState state{.isRunning = isRunning,
+                                      .isFrontmost = isRunning && instances.front().isActive,
+                                      .hasWindowHere = false};
     switch (ClickPolicy::decide(state, /*summonEnabled=*/false)) {
     case ClickAction::launch:
         open(item, "click launch " + item.id);
         break;
     case ClickAction::hide: {
         const std::string line = "click hide " + item.id;
-        applications_.hide(*app);
+        applications_.hide(instances.front());
         DevLog::write(line);
         break;
     }
@@ -46,17 +48,12 @@ void AppActivator::menuSelect(MenuEntry entry, const DockItem& item, std::uint32
         break;
     case MenuEntry::quit: {
         const std::string line = "menu quit " + item.id;
-        if (const auto app = firstInstance(item.id))
-            applications_.terminate(*app);
+        if (const auto instances = applications_.instances(item.id); !instances.empty())
+            applications_.terminate(instances.front());
         DevLog::write(line);
         break;
     }
     }
-}
-
-std::optional<RunningApplication> AppActivator::firstInstance(const std::string& bundleID) const {
-    const auto instances = applications_.instances(bundleID);
-    return instances.empty() ? std::nullopt : std::optional{instances.front()};
 }
 
 void AppActivator::open(const DockItem& item, const std::string& logLine) {

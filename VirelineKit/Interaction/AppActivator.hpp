@@ -7,12 +7,12 @@
 #include "Platform/Workspace.hpp"
 
 #include <cstdint>
-#include <optional>
 #include <string>
 
 namespace vireline {
 
-/// `display` is everywhere the display ID of the dock that the tile sits on.
+/// `display` is everywhere the display ID of the dock that the tile sits on. Of several running
+/// instances the first stands for the app.
 class AppActivator {
 public:
     AppActivator(RunningApplications& applications, Workspace& workspace)
@@ -34,9 +34,6 @@ public:
     void menuSelect(MenuEntry entry, const DockItem& item, std::uint32_t display);
 
 private:
-    /// Of several instances the first stands for the app.
-    [[nodiscard]] std::optional<RunningApplication>
-    firstInstance(const std::string& bundleID) const;
     void open(const DockItem& item, const std::string& logLine);
 
     RunningApplications& applications_;

@@ -7,21 +7,14 @@
 #include <cmath>
 #include <cstdint>
 #include <string_view>
-#include <unordered_set>
+#include <unordered_map>
 #include <utility>
 
 namespace vireline::DockOrdering {
 namespace {
 
-using Identifiers = std::unordered_set<std::string_view>;
-
-/// Views into `apps`.
-Identifiers identifiers(std::span<const AppRef> apps) {
-    Identifiers found;
-    found.reserve(apps.size());
-    for (const AppRef& app : apps)
-        found.insert(app.bundleID);
-    return found;
+DockItem item(const AppRef& app, bool isPinned, bool isRunning) {
+    return {app.bundleID, app.name, app.url, isPinned, isRunning};
 }
 
 }
@@ -37,19 +30,29 @@ int Counts::separators() const noexcept {
 }
 
 std::vector<DockItem> merge(std::span<const AppRef> pinned, std::span<const AppRef> running) {
-    const Identifiers pinnedIDs = identifiers(pinned);
-    const Identifiers runningIDs = identifiers(running);
+    // One insertion or one look-up for each app: hashing is most of what a merge costs.
+    std::unordered_map<std::string_view, bool> isRunningByID;
+    isRunningByID.reserve(pinned.size());
+    std::vector<const bool*> isPinnedRunning;
+    isPinnedRunning.reserve(pinned.size());
+    for (const AppRef& app : pinned)
+        isPinnedRunning.push_back(&isRunningByID.try_emplace(app.bundleID, false).first->second);
+
+    std::vector<const AppRef*> unpinned;
+    unpinned.reserve(running.size());
+    for (const AppRef& app : running) {
+        if (const auto found = isRunningByID.find(app.bundleID); found != isRunningByID.end())
+            found->second = true;
+        else
+            unpinned.push_back(&app);
+    }
 
     std::vector<DockItem> items;
-    items.reserve(pinned.size() + running.size());
-    for (const AppRef& app : pinned) {
-        const bool isRunning = runningIDs.contains(app.bundleID);
-        items.push_back({app.bundleID, app.name, app.url, true, isRunning});
-    }
-    for (const AppRef& app : running) {
-        if (!pinnedIDs.contains(app.bundleID))
-            items.push_back({app.bundleID, app.name, app.url, false, true});
-    }
+    items.reserve(pinned.size() + unpinned.size());
+    for (std::size_t i = 0; i < pinned.size(); ++i)
+        items.push_back(item(pinned[i], true, *isPinnedRunning[i]));
+    for (const AppRef* app : unpinned)
+        items.push_back(item(*app, false, true));
     return items;
 }
 

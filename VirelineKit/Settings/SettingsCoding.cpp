@@ -56,6 +56,11 @@ void forEach(const Members& members, Visitor visit) {
     std::apply([&](const auto&... member) { (visit(member), ...); }, members);
 }
 
+template <class Members, class Predicate>
+bool anyOf(const Members& members, Predicate holds) {
+    return std::apply([&](const auto&... member) { return (holds(member) || ...); }, members);
+}
+
 template <class T>
 Json encoded(const T& value) {
     return value;
@@ -205,12 +210,9 @@ public:
         if (depthPassedOver_ > 0)
             return true;
         key_ = std::move(name);
-        isKnown_ = false;
-        const auto compare = [this](const auto& member) { isKnown_ |= key_ == member.key; };
-        if (place_ == Place::app)
-            forEach(appMembers, compare);
-        else
-            forEach(settingsMembers, compare);
+        const auto isCurrent = [this](const auto& member) { return key_ == member.key; };
+        isKnown_ =
+            place_ == Place::app ? anyOf(appMembers, isCurrent) : anyOf(settingsMembers, isCurrent);
         return true;
     }
 
@@ -264,14 +266,12 @@ private:
             return true;
         bool isRead = false;
         if (place_ == Place::settings) {
-            forEach(settingsMembers, [&](const auto& member) {
-                if (key_ == member.key)
-                    isRead = setOrReset(member, value);
+            isRead = anyOf(settingsMembers, [&](const auto& member) {
+                return key_ == member.key && setOrReset(member, value);
             });
         } else if (place_ == Place::app) {
-            forEach(appMembers, [&](const auto& member) {
-                if (key_ == member.key)
-                    isRead = assign(app_.*member.field, value);
+            isRead = anyOf(appMembers, [&](const auto& member) {
+                return key_ == member.key && assign(app_.*member.field, value);
             });
         }
         return isRead || failAtValue();

@@ -13,6 +13,8 @@ namespace vireline::SettingsCoding {
 /// What is wrong with a text that cannot be read.
 struct Error {
     std::string description;
+
+    bool operator==(const Error&) const = default;
 };
 
 /// All keys are written. Text that is not UTF-8 has its bad bytes replaced.

@@ -59,6 +59,15 @@ bool AppSourceResolver::isMirroring() const {
     return store_.settings().sourceMode == SourceMode::mirror;
 }
 
+std::optional<StoredApp> AppSourceResolver::manualEntry(const FileURL& url) const {
+    if (url.pathExtension() != catalog_.bundleExtension())
+        return std::nullopt;
+    const auto bundleID = catalog_.bundleIdentifier(url);
+    if (!bundleID)
+        return std::nullopt;
+    return StoredApp{*bundleID, catalog_.displayName(url), url.path()};
+}
+
 void AppSourceResolver::setManualApps(std::vector<StoredApp> apps) {
     Settings settings = store_.settings();
     settings.manualApps = std::move(apps);
@@ -69,6 +78,7 @@ void AppSourceResolver::seedIfNeeded() {
     if (!store_.settings().manualApps.empty() || lastMirror_.empty())
         return;
     std::vector<StoredApp> seeded;
+    seeded.reserve(lastMirror_.size());
     for (const AppRef& app : lastMirror_)
         seeded.push_back({app.bundleID, app.name, app.url.path()});
     const std::string count = std::to_string(seeded.size());
@@ -92,17 +102,16 @@ void AppSourceResolver::adoptManualIfMirroring() {
 // a tile of the dock that asked: they are not read after it.
 
 void AppSourceResolver::addManualApp(const FileURL& url) {
-    const FileURL added{url};
+    const auto added = manualEntry(url);
     adoptManualIfMirroring();
-    if (isMirroring() || added.pathExtension() != catalog_.bundleExtension())
+    if (isMirroring() || !added)
         return;
-    const auto bundleID = catalog_.bundleIdentifier(added);
     auto apps = store_.settings().manualApps;
-    if (!bundleID || std::ranges::find(apps, *bundleID, &StoredApp::bundleID) != apps.end())
+    if (std::ranges::find(apps, added->bundleID, &StoredApp::bundleID) != apps.end())
         return;
-    apps.push_back({*bundleID, catalog_.displayName(added), added.path()});
+    apps.push_back(*added);
     setManualApps(std::move(apps));
-    DevLog::write("manual add " + *bundleID);
+    DevLog::write("manual add " + added->bundleID);
 }
 
 void AppSourceResolver::removeManualApp(const std::string& bundleID) {
@@ -115,7 +124,7 @@ void AppSourceResolver::removeManualApp(const std::string& bundleID) {
     DevLog::write(line);
 }
 
-void AppSourceResolver::moveManualApp(const std::string& bundleID, int toIndex) {
+void AppSourceResolver::moveManualApp(std::string_view bundleID, int toIndex) {
     const std::string moving{bundleID};
     adoptManualIfMirroring();
     auto apps = store_.settings().manualApps;
@@ -125,11 +134,11 @@ void AppSourceResolver::moveManualApp(const std::string& bundleID, int toIndex) 
     const auto target = std::clamp<std::ptrdiff_t>(toIndex, 0, std::ssize(apps) - 1);
     if (target == found - apps.begin())
         return;
-    const StoredApp moved = *found;
+    StoredApp moved = std::move(*found);
     apps.erase(found);
     // Two writes: each is saved and announced, so the docks see the app leave before it arrives.
     setManualApps(apps);
-    apps.insert(apps.begin() + target, moved);
+    apps.insert(apps.begin() + target, std::move(moved));
     setManualApps(std::move(apps));
     DevLog::write("manual move " + moving + " to " + std::to_string(target));
 }

@@ -9,7 +9,9 @@
 #include "Sources/MirrorSource.hpp"
 
 #include <functional>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vireline {
@@ -25,6 +27,7 @@ public:
     AppSourceResolver& operator=(AppSourceResolver&&) = delete;
     ~AppSourceResolver() = default;
 
+    /// Delivers the list in force, and from now on every reading of the mirror while mirroring.
     void start();
 
     /// Computes the pinned list and delivers it, changed or not. In manual mode an empty list is
@@ -40,7 +43,7 @@ public:
     void removeManualApp(const std::string& bundleID);
 
     /// Moves the app's first entry to `toIndex`, or to the nearer end of the list.
-    void moveManualApp(const std::string& bundleID, int toIndex);
+    void moveManualApp(std::string_view bundleID, int toIndex);
 
     /// Receives the pinned list.
     std::function<void(const std::vector<AppRef>&)> onChange;
@@ -49,6 +52,8 @@ private:
     [[nodiscard]] bool isMirroring() const;
     [[nodiscard]] std::vector<AppRef> mirrorList() const;
     [[nodiscard]] std::vector<AppRef> manualList() const;
+    /// What the list would hold for the app at `url`; nothing if that is no app.
+    [[nodiscard]] std::optional<StoredApp> manualEntry(const FileURL& url) const;
     void setManualApps(std::vector<StoredApp> apps);
 
     /// Fills an empty manual list from the last reading of the mirror.

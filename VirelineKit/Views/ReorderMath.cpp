@@ -13,7 +13,7 @@ int targetIndex(const Drag& drag) {
         return drag.draggedIndex;
     // Rounds halves away from zero, so that both directions feel the same.
     const double steps = std::round(drag.offset / drag.slot);
-    constexpr double limit = 1LL << 62;
+    constexpr double limit = 0x1p62;
     require(std::abs(steps) < limit, "a drag covers a finite number of slots");
     const std::int64_t target = drag.draggedIndex + static_cast<std::int64_t>(steps);
     return static_cast<int>(std::clamp<std::int64_t>(target, 0, drag.count - 1));

@@ -2,6 +2,8 @@
 
 #include "Foundation/Require.hpp"
 
+#include <xcb/xinput.h>
+
 #include <QGuiApplication>
 #include <algorithm>
 #include <array>
@@ -32,6 +34,34 @@ xcb_window_t rootOf(xcb_connection_t* connection, int screenNumber) {
     return screen.data->root;
 }
 
+/// 0 when the server does not have the extension.
+std::uint8_t opcodeOf(xcb_connection_t* connection, std::string_view extension) {
+    const auto cookie = xcb_query_extension(
+        connection, static_cast<std::uint16_t>(extension.size()), extension.data());
+    const Owned<xcb_query_extension_reply_t> reply{
+        xcb_query_extension_reply(connection, cookie, nullptr)};
+    return reply && reply->present != 0 ? reply->major_opcode : std::uint8_t{0};
+}
+
+/// The time of a press of a button or key; nothing for other events.
+std::optional<xcb_timestamp_t> pressTime(const xcb_generic_event_t& event,
+                                         std::uint8_t inputExtension) {
+    const int type = event.response_type & 0x7f;
+    if (type == XCB_BUTTON_PRESS || type == XCB_KEY_PRESS) {
+        xcb_button_press_event_t press{};
+        std::memcpy(&press, &event, sizeof press);
+        return press.time;
+    }
+    if (type != XCB_GE_GENERIC)
+        return std::nullopt;
+    // The fields up to the time are alike in all events of devices.
+    xcb_input_button_press_event_t press{};
+    std::memcpy(&press, &event, sizeof event);
+    const bool isPress =
+        press.event_type == XCB_INPUT_BUTTON_PRESS || press.event_type == XCB_INPUT_KEY_PRESS;
+    return press.extension == inputExtension && isPress ? std::optional{press.time} : std::nullopt;
+}
+
 }
 
 X11Connection::X11Connection() {
@@ -40,6 +70,7 @@ X11Connection::X11Connection() {
     connection_ = native->connection();
     // Qt opens the screen that DISPLAY names, which a program practically always meets as 0.
     root_ = rootOf(connection_, screenNumber_);
+    inputExtension_ = opcodeOf(connection_, "XInputExtension");
     qGuiApp->installNativeEventFilter(this);
 }
 
@@ -58,6 +89,21 @@ xcb_atom_t X11Connection::atom(std::string_view name) const {
     if (reply)
         entry->second = reply->atom;
     return entry->second;
+}
+
+void X11Connection::intern(std::span<const std::string_view> names) const {
+    std::vector<std::pair<std::string_view, xcb_intern_atom_cookie_t>> asked;
+    for (const std::string_view name : names) {
+        if (!atoms_.contains(std::string{name})) {
+            const auto length = static_cast<std::uint16_t>(name.size());
+            asked.emplace_back(name, xcb_intern_atom(connection_, 0, length, name.data()));
+        }
+    }
+    for (const auto& [name, cookie] : asked) {
+        const Owned<xcb_intern_atom_reply_t> reply{
+            xcb_intern_atom_reply(connection_, cookie, nullptr)};
+        atoms_[std::string{name}] = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+    }
 }
 
 std::string X11Connection::atomName(xcb_atom_t atom) const {
@@ -88,6 +134,16 @@ std::optional<std::string> X11Connection::text(xcb_window_t window, std::string_
     return std::string{bytes.begin(), bytes.end()};
 }
 
+std::string X11Connection::bytes(xcb_window_t window, std::string_view name,
+                                 std::string_view type) const {
+    const xcb_atom_t typeAtom = atom(type);
+    const auto reply = property(connection_, window, atom(name), typeAtom);
+    if (!reply || reply->type != typeAtom || reply->format != 8)
+        return {};
+    const auto bytes = items<char>(reply);
+    return {bytes.begin(), bytes.end()};
+}
+
 std::vector<xcb_atom_t> X11Connection::atoms(xcb_window_t window, std::string_view name) const {
     return words(window, name, XCB_ATOM_ATOM);
 }
@@ -109,13 +165,32 @@ void X11Connection::setText(xcb_window_t window, std::string_view name,
 }
 
 void X11Connection::selectInput(xcb_window_t window, std::uint32_t eventMask) const {
+    selectInput(std::span{&window, 1}, eventMask);
+}
+
+void X11Connection::selectInput(std::span<const xcb_window_t> windows,
+                                std::uint32_t eventMask) const {
+    std::vector<xcb_get_window_attributes_cookie_t> cookies;
+    cookies.reserve(windows.size());
+    for (const xcb_window_t window : windows)
+        cookies.push_back(xcb_get_window_attributes(connection_, window));
+    for (std::size_t i = 0; i < windows.size(); ++i) {
+        const Owned<xcb_get_window_attributes_reply_t> attributes{
+            xcb_get_window_attributes_reply(connection_, cookies[i], nullptr)};
+        if (!attributes)
+            continue;
+        const std::uint32_t mask = attributes->your_event_mask | eventMask;
+        if (mask != attributes->your_event_mask)
+            xcb_change_window_attributes(connection_, windows[i], XCB_CW_EVENT_MASK, &mask);
+    }
+}
+
+void X11Connection::deselectInput(xcb_window_t window, std::uint32_t eventMask) const {
     const Owned<xcb_get_window_attributes_reply_t> attributes{xcb_get_window_attributes_reply(
         connection_, xcb_get_window_attributes(connection_, window), nullptr)};
     if (!attributes)
         return;
-    const std::uint32_t mask = attributes->your_event_mask | eventMask;
-    if (mask == attributes->your_event_mask)
-        return;
+    const std::uint32_t mask = attributes->your_event_mask & ~eventMask;
     xcb_change_window_attributes(connection_, window, XCB_CW_EVENT_MASK, &mask);
 }
 
@@ -144,7 +219,10 @@ Subscription X11Connection::observe(std::function<void(const xcb_generic_event_t
 
 bool X11Connection::nativeEventFilter(const QByteArray& type, void* message, qintptr*) {
     if (type == "xcb_generic_event_t") {
-        events_.notify(*static_cast<const xcb_generic_event_t*>(message));
+        const auto& event = *static_cast<const xcb_generic_event_t*>(message);
+        if (const auto time = pressTime(event, inputExtension_))
+            userTime_ = *time;
+        events_.notify(event);
     }
     return false;
 }

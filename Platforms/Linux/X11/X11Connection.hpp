@@ -51,6 +51,8 @@ public:
 
     /// One round trip for a name that was not asked for before.
     [[nodiscard]] xcb_atom_t atom(std::string_view name) const;
+    /// Learns many names in one round trip.
+    void intern(std::span<const std::string_view> names) const;
     [[nodiscard]] std::string atomName(xcb_atom_t atom) const;
 
     /// The 32-bit items of a property of this type; empty when it is missing or of another kind.
@@ -59,6 +61,10 @@ public:
     /// The bytes of a text property (STRING or UTF8_STRING), as they are.
     [[nodiscard]] std::optional<std::string> text(xcb_window_t window,
                                                   std::string_view property) const;
+    /// The bytes of a property of this type with items of 8 bits; empty when it is missing or of
+    /// another kind.
+    [[nodiscard]] std::string bytes(xcb_window_t window, std::string_view property,
+                                    std::string_view type) const;
     [[nodiscard]] std::vector<xcb_atom_t> atoms(xcb_window_t window,
                                                 std::string_view property) const;
     [[nodiscard]] std::vector<xcb_window_t> windows(xcb_window_t window,
@@ -70,12 +76,20 @@ public:
 
     /// Adds to what this client hears of a window; Qt's own choice stays.
     void selectInput(xcb_window_t window, std::uint32_t eventMask) const;
+    /// The same for many windows in one round trip.
+    void selectInput(std::span<const xcb_window_t> windows, std::uint32_t eventMask) const;
+    /// Takes away again what `selectInput` added and nobody else here needs.
+    void deselectInput(xcb_window_t window, std::uint32_t eventMask) const;
 
     /// Sends a client message about `window` to the root window, as EWMH asks for.
     void sendToRoot(xcb_window_t window, std::string_view message,
                     std::span<const std::uint32_t> data) const;
 
     void flush() const;
+
+    /// The server's time of the user's last press of a button or key in one of our windows; 0,
+    /// which stands for now, before the first.
+    [[nodiscard]] xcb_timestamp_t userTime() const noexcept { return userTime_; }
 
     /// Hears every event, before Qt does. The response type's high bit (sent events) is stripped by
     /// nobody; mask it with 0x7f.
@@ -87,6 +101,8 @@ private:
     xcb_connection_t* connection_ = nullptr;
     xcb_window_t root_ = XCB_NONE;
     int screenNumber_ = 0;
+    std::uint8_t inputExtension_ = 0;
+    xcb_timestamp_t userTime_ = XCB_CURRENT_TIME;
     mutable std::unordered_map<std::string, xcb_atom_t> atoms_;
     CallbackList<const xcb_generic_event_t&> events_;
 };

@@ -1,0 +1,45 @@
+/// One movement of the pointer over a magnified dock.
+#include "Views/DockMagnifier.hpp"
+
+#include <benchmark/benchmark.h>
+
+namespace vireline {
+namespace {
+
+constexpr double iconSize = 44;
+constexpr double magnification = 2;
+
+DockOrdering::Counts countsOf(std::int64_t tiles) {
+    const int utility = 2;
+    const int running = static_cast<int>(tiles) / 4;
+    return {.pinned = static_cast<int>(tiles) - running - utility,
+            .unpinnedRunning = running,
+            .utility = utility};
+}
+
+/// Everything that a view asks for to place its tiles anew, result arrays included.
+void wholeLayout(benchmark::State& state) {
+    const DockOrdering::Counts counts = countsOf(state.range(0));
+    const double baseLength = DockOrdering::stripWidth(counts, iconSize);
+    const double container =
+        baseLength + DockMagnifier::maxExtraLength(counts.tiles(), iconSize, magnification);
+    const double start = (container - baseLength) / 2;
+    double cursor = 0;
+    for (auto _ : state) {
+        // Another place each time, as a moving pointer has.
+        cursor = cursor < container ? cursor + 7 : 0;
+        const auto base = DockMagnifier::baseCenters(counts, iconSize);
+        const auto scales = DockMagnifier::scales(base, cursor - start, magnification,
+                                                  DockMagnifier::radius(iconSize));
+        const auto packed = DockMagnifier::packedCenters(base, scales, iconSize);
+        const double length = DockMagnifier::packedLength(packed, scales, iconSize);
+        double shift =
+            DockMagnifier::anchoredShift(base, packed, {baseLength, length, container}, cursor);
+        benchmark::DoNotOptimize(shift);
+    }
+    state.SetComplexityN(state.range(0));
+}
+BENCHMARK(wholeLayout)->Arg(12)->Arg(40)->Arg(160)->Arg(640)->Complexity(benchmark::oN);
+
+}
+}

@@ -1,0 +1,39 @@
+/// The plan of all panels, made anew with every change of the displays, the settings and the number
+/// of tiles.
+#include "Displays/PanelPlanner.hpp"
+
+#include <benchmark/benchmark.h>
+
+namespace vireline {
+namespace {
+
+/// Displays side by side, the first of which holds the desktop's own dock.
+std::vector<ScreenSnapshot> displays(std::int64_t count) {
+    std::vector<ScreenSnapshot> screens;
+    for (std::int64_t i = 0; i < count; ++i) {
+        const double width = 1280 + 64 * static_cast<double>(i);
+        const Rect frame{static_cast<double>(i) * 4000, 0, width, 1440};
+        screens.push_back(
+            {.id = static_cast<std::uint32_t>(i), .frame = frame, .visibleFrame = frame});
+    }
+    screens.front().visibleFrame.y += 70;
+    return screens;
+}
+
+void desiredPanels(benchmark::State& state) {
+    const auto screens = displays(state.range(0));
+    const PanelPlanner::Request request{.pinnedCount = 30,
+                                        .unpinnedRunningCount = 8,
+                                        .maxIconSize = 64,
+                                        .magnification = 2,
+                                        .hiddenDisplays = {}};
+    for (auto _ : state) {
+        auto panels = PanelPlanner::desiredPanels(screens, request);
+        benchmark::DoNotOptimize(panels.data());
+    }
+    state.SetComplexityN(state.range(0));
+}
+BENCHMARK(desiredPanels)->Arg(2)->Arg(16)->Arg(64)->Complexity(benchmark::oN);
+
+}
+}

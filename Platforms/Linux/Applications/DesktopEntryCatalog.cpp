@@ -1,0 +1,170 @@
+#include "Applications/DesktopEntryCatalog.hpp"
+
+#include "Applications/Entries/DesktopEntryFiles.hpp"
+#include "Applications/Entries/WellKnownApplications.hpp"
+#include "Applications/Identity/PlainText.hpp"
+#include "GLib/GLibHandles.hpp"
+
+#include <gio/gdesktopappinfo.h>
+
+#include <string_view>
+
+namespace vireline::x11 {
+namespace {
+
+/// Installing a package touches a folder many times.
+constexpr double settlingSeconds = 0.5;
+
+using GString = GLibHandle<char, g_free>;
+
+/// The ID of the program that opens content of this type; empty if there is none.
+std::string defaultHandler(std::string_view contentType) {
+    const GObjectHandle<GAppInfo> info{
+        g_app_info_get_default_for_type(std::string{contentType}.c_str(), FALSE)};
+    const char* id = info ? g_app_info_get_id(info.get()) : nullptr;
+    return id == nullptr ? std::string{} : DesktopEntries::idFor(id);
+}
+
+bool isInPath(const std::string& program) {
+    return GString{g_find_program_in_path(program.c_str())} != nullptr;
+}
+
+/// Whether what the entry starts is there.
+bool isStartable(const DesktopEntry& entry) {
+    if (!entry.tryExec.empty() && !isInPath(entry.tryExec))
+        return false;
+    if (entry.dBusActivatable)
+        return true;
+    const auto words = AppCommands::words(entry.exec);
+    return !words.empty() && isInPath(words.front());
+}
+
+}
+
+/// GIO's word that an applications folder changed. It comes once, until GIO is asked about an
+/// application again.
+class DesktopEntryCatalog::FolderWatch {
+public:
+    explicit FolderWatch(DesktopEntryCatalog& catalog)
+        : monitor_(g_app_info_monitor_get())
+        , handler_(g_signal_connect(monitor_.get(), "changed", G_CALLBACK(changed), &catalog)) {}
+    FolderWatch(const FolderWatch&) = delete;
+    FolderWatch& operator=(const FolderWatch&) = delete;
+    FolderWatch(FolderWatch&&) = delete;
+    FolderWatch& operator=(FolderWatch&&) = delete;
+    ~FolderWatch() { g_signal_handler_disconnect(monitor_.get(), handler_); }
+
+    /// Asks GIO about an application, any one.
+    static void arm() {
+        const GObjectHandle<GDesktopAppInfo> none{g_desktop_app_info_new("none.desktop")};
+    }
+
+private:
+    static void changed(GAppInfoMonitor*, gpointer catalog) {
+        static_cast<DesktopEntryCatalog*>(catalog)->noteChange();
+    }
+
+    GObjectHandle<GAppInfoMonitor> monitor_;
+    gulong handler_;
+};
+
+DesktopEntryCatalog::Sources DesktopEntryCatalog::userSources() {
+    Sources sources;
+    const auto addFolder = [&sources](const char* dataFolder) {
+        if (g_path_is_absolute(dataFolder) != FALSE)
+            sources.folders.push_back(FileURL::fromPath(dataFolder).appending("applications"));
+    };
+    addFolder(g_get_user_data_dir());
+    for (const char* const* folder = g_get_system_data_dirs(); *folder != nullptr; ++folder)
+        addFolder(*folder);
+    for (const char* const* name = g_get_language_names(); *name != nullptr; ++name) {
+        // Entries name languages without a character set.
+        if (const std::string_view language = *name; !language.contains('.') && language != "C")
+            sources.languages.emplace_back(language);
+    }
+    return sources;
+}
+
+DesktopEntryCatalog::DesktopEntryCatalog(RunLoop& runLoop, Sources sources)
+    : runLoop_(runLoop)
+    , sources_(std::move(sources))
+    , watch_(std::make_unique<FolderWatch>(*this)) {}
+
+DesktopEntryCatalog::~DesktopEntryCatalog() = default;
+
+const DesktopEntryIndex& DesktopEntryCatalog::index() const {
+    if (!index_) {
+        // Armed before reading, so that no change falls between.
+        FolderWatch::arm();
+        index_.emplace(DesktopEntryFiles::scan(sources_.folders, sources_.languages));
+    }
+    return *index_;
+}
+
+std::optional<FileURL> DesktopEntryCatalog::urlForBundleID(const std::string& bundleID) const {
+    const IndexedEntry* found = index().find(bundleID);
+    if (found == nullptr || !isStartable(found->entry))
+        return std::nullopt;
+    return found->entry.url();
+}
+
+bool DesktopEntryCatalog::isInstalled(const std::string& bundleID) const {
+    return urlForBundleID(bundleID).has_value();
+}
+
+std::optional<std::string> DesktopEntryCatalog::bundleIdentifier(const FileURL& url) const {
+    const auto entry = entryAt(url);
+    return entry ? std::optional{entry->id} : std::nullopt;
+}
+
+std::string DesktopEntryCatalog::displayName(const FileURL& url) const {
+    if (const auto entry = entryAt(url))
+        return entry->name;
+    const GString name{g_filename_display_name(url.lastPathComponent().c_str())};
+    return PlainText::clean(name.get());
+}
+
+ApplicationCatalog::FileManager DesktopEntryCatalog::fileManager() const {
+    if (fileManager_)
+        return *fileManager_;
+    const auto isThere = [this](const std::string& id) { return isInstalled(id); };
+    const auto& role = WellKnownApplications::roles().front();
+    std::string id = defaultHandler(role.contentType);
+    if (id.empty() || !isThere(id))
+        id = WellKnownApplications::firstInstalled(role.commonIDs, isThere);
+    const IndexedEntry* found = index().find(id);
+    fileManager_ = FileManager{.bundleID = id, .name = found == nullptr ? "" : found->entry.name};
+    return *fileManager_;
+}
+
+std::vector<std::string> DesktopEntryCatalog::wellKnownBundleIDs() const {
+    return WellKnownApplications::choose(
+        [this](std::string_view contentType) {
+            const bool isFolder = contentType == WellKnownApplications::roles().front().contentType;
+            return isFolder ? fileManager().bundleID : defaultHandler(contentType);
+        },
+        [this](const std::string& id) { return isInstalled(id); });
+}
+
+std::optional<DesktopEntry> DesktopEntryCatalog::entryAt(const FileURL& url) const {
+    if (!url.path().ends_with(DesktopEntries::extension))
+        return std::nullopt;
+    // The file is read even if the index knows it: the two may differ until a change is announced.
+    auto entry = DesktopEntryFiles::read(
+        url.path(), DesktopEntryFiles::idOf(url.path(), sources_.folders), sources_.languages);
+    if (entry && (entry->hidden || !PlainText::isClean(entry->id)))
+        return std::nullopt;
+    return entry;
+}
+
+Subscription DesktopEntryCatalog::observeChanges(std::function<void()> handler) {
+    return changes_.add(std::move(handler));
+}
+
+void DesktopEntryCatalog::noteChange() {
+    index_.reset();
+    fileManager_.reset();
+    announcement_ = runLoop_.after(settlingSeconds, lifetime_.guard([this] { changes_.notify(); }));
+}
+
+}

@@ -1,0 +1,58 @@
+#include "Applications/Entries/DesktopEntryIndex.hpp"
+
+#include "Applications/Identity/PlainText.hpp"
+
+#include <algorithm>
+
+namespace vireline::x11 {
+namespace {
+
+std::string_view idOf(const IndexedEntry& indexed) {
+    return indexed.entry.id;
+}
+
+/// Names such as "python3.11" or "app-1.2.3" have dots as well, but begin with no domain.
+std::string tailOf(std::string_view foldedID) {
+    const std::size_t first = foldedID.find('.');
+    const std::size_t last = foldedID.rfind('.');
+    if (first == last || first < 2 || last + 1 == foldedID.size())
+        return {};
+    const auto isLetter = [](char c) { return c >= 'a' && c <= 'z'; };
+    const bool beginsWithDomain = std::ranges::all_of(foldedID.substr(0, first), isLetter);
+    return beginsWithDomain ? std::string{foldedID.substr(last + 1)} : std::string{};
+}
+
+IndexedEntry indexed(DesktopEntry entry) {
+    IndexedEntry result{.entry = std::move(entry)};
+    result.foldedID = PlainText::folded(result.entry.id);
+    result.tail = tailOf(result.foldedID);
+    result.foldedWMClass = PlainText::folded(result.entry.startupWMClass);
+    result.command = AppCommands::fromExec(result.entry.exec);
+    return result;
+}
+
+}
+
+DesktopEntryIndex::DesktopEntryIndex(std::vector<DesktopEntry> entries) {
+    std::ranges::stable_sort(entries, {}, &DesktopEntry::id);
+    const auto repeated = std::ranges::unique(entries, {}, &DesktopEntry::id);
+    entries.erase(repeated.begin(), repeated.end());
+    std::erase_if(entries, [](const DesktopEntry& entry) { return entry.hidden; });
+    entries_.reserve(entries.size());
+    for (auto& entry : entries)
+        entries_.push_back(indexed(std::move(entry)));
+}
+
+const IndexedEntry* DesktopEntryIndex::find(std::string_view id) const {
+    const auto found = std::ranges::lower_bound(entries_, id, {}, idOf);
+    return found != entries_.end() && found->entry.id == id ? &*found : nullptr;
+}
+
+const IndexedEntry* DesktopEntryIndex::findPath(std::string_view path) const {
+    const auto found = std::ranges::find(entries_, path, [](const IndexedEntry& indexed) {
+        return std::string_view{indexed.entry.path};
+    });
+    return found == entries_.end() ? nullptr : &*found;
+}
+
+}

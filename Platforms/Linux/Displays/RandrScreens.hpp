@@ -1,0 +1,77 @@
+/// The displays of an X server: RandR's monitors, scaled as Qt scales them, less the room that
+/// other programs' panels reserve. Keeps a snapshot that events refresh.
+#pragma once
+
+#include "Displays/DisplayGeometry.hpp"
+#include "Displays/Monitors.hpp"
+#include "Displays/SleepWatch.hpp"
+#include "Displays/StrutWindows.hpp"
+#include "Foundation/CallbackList.hpp"
+#include "Platform/Screens.hpp"
+
+#include <QObject>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+class QScreen;
+
+namespace vireline::x11 {
+
+class X11Connection;
+
+class RandrScreens final : public Screens {
+public:
+    explicit RandrScreens(X11Connection& connection);
+    RandrScreens(const RandrScreens&) = delete;
+    RandrScreens& operator=(const RandrScreens&) = delete;
+    RandrScreens(RandrScreens&&) = delete;
+    RandrScreens& operator=(RandrScreens&&) = delete;
+    ~RandrScreens() override = default;
+
+    /// The snapshot; asks nobody.
+    [[nodiscard]] std::vector<PlatformScreen> screens() const override;
+    [[nodiscard]] Subscription observeParameters(std::function<void()> handler) override;
+
+    /// Where the display with this ID lies now; nothing if it is gone.
+    [[nodiscard]] std::optional<Display> display(std::uint32_t displayID) const;
+
+    /// The screen that Qt takes that display for; null if it knows none of its name.
+    [[nodiscard]] QScreen* qtScreen(std::uint32_t displayID) const;
+
+private:
+    struct Snapshot {
+        std::vector<PlatformScreen> screens;
+        /// In the same order.
+        std::vector<Display> displays;
+
+        bool operator==(const Snapshot&) const = default;
+    };
+
+    [[nodiscard]] Snapshot read();
+    [[nodiscard]] const std::string& nameOf(xcb_atom_t name) const;
+    void watchQtScreens();
+    void watchScale(QScreen* screen);
+    void handle(const xcb_generic_event_t& event);
+    void refreshSoon(bool announce);
+    void refresh();
+
+    X11Connection& connection_;
+    bool monitorsAreListed_ = false;
+    std::uint8_t firstRandrEvent_ = 0;
+    mutable std::map<xcb_atom_t, std::string> names_;
+    StrutWindows strutWindows_;
+    Snapshot snapshot_;
+    bool refreshIsDue_ = false;
+    bool announcementIsDue_ = false;
+    CallbackList<> observers_;
+    Subscription events_;
+    SleepWatch sleepWatch_;
+    /// Ends Qt's connections and queued calls with this object.
+    QObject context_;
+};
+
+}

@@ -1,0 +1,46 @@
+/// Reads many properties in one round trip: ask for all, then look at the answers. A window that
+/// vanished, a property that is missing and one of another kind all have no answer.
+#pragma once
+
+#include "X11/X11Connection.hpp"
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace vireline::x11 {
+
+class PropertyBatch {
+public:
+    explicit PropertyBatch(const X11Connection& connection) : connection_(connection) {}
+    PropertyBatch(const PropertyBatch&) = delete;
+    PropertyBatch& operator=(const PropertyBatch&) = delete;
+    PropertyBatch(PropertyBatch&&) = delete;
+    PropertyBatch& operator=(PropertyBatch&&) = delete;
+    ~PropertyBatch();
+
+    /// Asks for at most the first `maximumBytes`, and returns the request's number: they count from
+    /// 0. All are asked before the first answer is looked at.
+    std::size_t ask(xcb_window_t window, std::string_view property, std::size_t maximumBytes);
+
+    /// The 32-bit items of a property of this type. Valid as long as this lives.
+    [[nodiscard]] std::span<const std::uint32_t> words(std::size_t request, xcb_atom_t type);
+    /// The first of `words`.
+    [[nodiscard]] std::optional<std::uint32_t> word(std::size_t request, xcb_atom_t type);
+    /// The bytes of a property of format 8, whatever its type. Valid as long as this lives.
+    [[nodiscard]] std::string_view bytes(std::size_t request);
+    /// Whether the window was there to be asked.
+    [[nodiscard]] bool hasWindow(std::size_t request);
+
+private:
+    const xcb_get_property_reply_t* reply(std::size_t request);
+
+    const X11Connection& connection_;
+    std::vector<xcb_get_property_cookie_t> cookies_;
+    /// Answers that were looked at so far.
+    std::vector<Owned<xcb_get_property_reply_t>> replies_;
+};
+
+}

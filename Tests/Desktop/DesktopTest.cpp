@@ -1,0 +1,165 @@
+#include "DesktopTest.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <sstream>
+
+namespace vireline::desktop {
+namespace {
+
+std::string describe(const std::vector<PlannedDock>& docks) {
+    std::ostringstream text;
+    for (const auto& dock : docks)
+        text << " #" << dock.spec.displayID << ' ' << dock.frame;
+    return text.str();
+}
+
+std::string describe(const std::vector<DockWindow>& docks) {
+    std::ostringstream text;
+    for (const auto& dock : docks)
+        text << ' ' << dock;
+    return text.str();
+}
+
+bool match(const std::vector<DockWindow>& docks, const std::vector<PlannedDock>& planned) {
+    return std::ranges::equal(docks, planned, [](const auto& dock, const auto& plan) {
+        return dock.displayID == plan.spec.displayID && dock.frame == plan.frame;
+    });
+}
+
+}
+
+void DesktopTest::TearDown() {
+    if (!HasFailure() || !desktop_)
+        return;
+    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
+    const auto name = std::string{test->test_suite_name()} + "." + test->name();
+    desktop_->leaveEvidence(EVIDENCE_FOLDER, name);
+}
+
+VirtualDesktop& DesktopTest::make(const Options& options) {
+    desktop_ = std::make_unique<VirtualDesktop>(testedPrograms(), options);
+    return *desktop_;
+}
+
+VirtualDesktop& DesktopTest::runWithTwoDisplays(const std::vector<App>& pinned, Options options) {
+    if (options.monitors.empty())
+        options.monitors = twoMonitors();
+    auto& desktop = make(options);
+    for (const auto& app : pinned)
+        desktop.home().install(app);
+    desktop.home().pin(pinned);
+    desktop.runVireline();
+    return desktop;
+}
+
+testing::AssertionResult DesktopTest::docksSettle(const Request& request) {
+    const auto planned = desktop().planned(request);
+    if (eventually([&] { return match(desktop().docks().shown(), planned); }))
+        return testing::AssertionSuccess();
+    return testing::AssertionFailure()
+           << "planned:" << describe(planned) << "; shown:" << describe(desktop().docks().shown());
+}
+
+PlannedDock DesktopTest::plannedDock(const std::string& monitor, const Request& request) {
+    const auto planned = desktop().planned(request);
+    const auto found =
+        std::ranges::find(planned, monitor, [](const auto& dock) { return dock.monitor.name; });
+    if (found == planned.end())
+        throw std::runtime_error{"no dock is planned on " + monitor};
+    return *found;
+}
+
+DockLayout DesktopTest::layout(const std::string& monitor, const Request& request) {
+    constexpr int utilityTiles = 2;
+    return {plannedDock(monitor, request),
+            {request.pinnedCount, request.unpinnedRunningCount, utilityTiles},
+            request.maxIconSize};
+}
+
+testing::AssertionResult DesktopTest::turns(PixelPoint place, Colour colour) {
+    if (eventually([&] { return isSame(desktop().pixel(place), colour); }))
+        return testing::AssertionSuccess();
+    return testing::AssertionFailure()
+           << place << " is " << desktop().pixel(place) << " and not " << colour;
+}
+
+testing::AssertionResult DesktopTest::turnsFrom(PixelPoint place, Colour colour) {
+    if (eventually([&] { return !isSame(desktop().pixel(place), colour); }))
+        return testing::AssertionSuccess();
+    return testing::AssertionFailure() << place << " stays " << colour;
+}
+
+testing::AssertionResult DesktopTest::logs(std::string_view prefix, int times) {
+    if (desktop().log().reaches(prefix, times))
+        return testing::AssertionSuccess();
+    auto failure = testing::AssertionFailure();
+    failure << "fewer than " << times << " messages begin with \"" << prefix << "\":";
+    for (const auto& message : desktop().log().messages())
+        failure << "\n  " << message;
+    return failure;
+}
+
+testing::AssertionResult DesktopTest::dotShows(PixelPoint dot, bool shows) {
+    // The strip beside the dot, in the same row, has the colour that the dot stands out from.
+    constexpr int beside = 8;
+    constexpr int contrast = 24;
+    const auto stands = [&] {
+        const Picture row = desktop().picture({dot.x - beside, dot.y, beside + 1, 1});
+        return row.at(0, 0).distance(row.at(beside, 0)) >= contrast;
+    };
+    if (eventually([&] { return stands() == shows; }))
+        return testing::AssertionSuccess();
+    return testing::AssertionFailure()
+           << "the dot at " << dot << (shows ? " does not show" : " still shows");
+}
+
+xcb_window_t DesktopTest::openMenu(PixelPoint icon) {
+    desktop().pointer().click(icon, Pointer::Button::secondary);
+    if (!eventually([&] { return !desktop().docks().menus().empty(); }))
+        return XCB_NONE;
+    return desktop().docks().menus().front();
+}
+
+void DesktopTest::choose(xcb_window_t menu, int index, int count) {
+    const auto frame = desktop().client().frame(menu).value_or(PixelRect{});
+    desktop().pointer().click(
+        {frame.x + frame.width / 2, frame.y + frame.height * (2 * index + 1) / (2 * count)});
+}
+
+Programs testedPrograms() {
+    const char* other = std::getenv("VIRELINE_PROGRAM");
+    return {other == nullptr ? VIRELINE_PROGRAM : other, TEST_APP, FILE_MANAGER};
+}
+
+PanelPlanner::Request tiles(int pinned, int running) {
+    PanelPlanner::Request request;
+    request.pinnedCount = pinned;
+    request.unpinnedRunningCount = running;
+    return request;
+}
+
+std::vector<Monitor> twoMonitors() {
+    return {{"left", {0, 0, 1920, 1080}}, {"right", {1920, 0, 1920, 1080}}};
+}
+
+std::vector<Monitor> threeMonitors() {
+    return {{"main", {1280, 800, 1600, 900}},
+            {"above", {320, 0, 1280, 800}},
+            {"side", {2880, 600, 1024, 768}}};
+}
+
+std::vector<App> someApps(int count) {
+    constexpr std::array names{"Alpha", "Beta", "Gamma", "Delta", "Epsilon", "Zeta"};
+    std::vector<App> apps;
+    for (int i = 0; i < count; ++i) {
+        const std::string name = i < static_cast<int>(names.size())
+                                     ? names.at(static_cast<std::size_t>(i))
+                                     : "App" + std::to_string(i);
+        apps.push_back({"org.example." + name, name, distinctColour(i), {}, {}});
+    }
+    return apps;
+}
+
+}

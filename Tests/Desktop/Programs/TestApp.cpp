@@ -1,0 +1,336 @@
+/// A small real X program that plays the apps and panels of the virtual desktop. What it does
+/// beyond opening a window is told by its arguments.
+#include "VirtualDesktop/XClient.hpp"
+
+#include <poll.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <functional>
+#include <iostream>
+#include <map>
+#include <optional>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace vireline::desktop {
+namespace {
+
+struct Strut {
+    std::string edge;
+    int thickness = 0;
+};
+
+struct Options {
+    std::string windowClass = "testapp";
+    std::string windowInstance;
+    std::string title = "Test app";
+    int delay = 0;
+    int windows = 1;
+    PixelRect frame{0, 0, 320, 200};
+    bool isPlaced = false;
+    std::uint32_t colour = 0xf0f0e8;
+    std::string type = "NORMAL";
+    std::optional<Strut> strut;
+    std::optional<std::uint32_t> icon;
+    /// Further text properties, by name.
+    std::map<std::string, std::string> properties;
+    bool skipTaskbar = false;
+    bool ignoreClose = false;
+    bool crash = false;
+    bool keepStartup = false;
+    std::string record;
+    /// What is no option, such as the files that it is asked to open.
+    std::vector<std::string> operands;
+};
+
+int number(std::string_view text, int base = 10) {
+    int value = 0;
+    std::from_chars(text.data(), text.data() + text.size(), value, base);
+    return value;
+}
+
+/// Two numbers with one letter between them.
+std::pair<int, int> pair(std::string_view text, char between) {
+    const auto middle = text.find(between);
+    if (middle == std::string_view::npos)
+        return {};
+    return {number(text.substr(0, middle)), number(text.substr(middle + 1))};
+}
+
+Options parse(const std::vector<std::string>& arguments) {
+    Options options;
+    using Setter = std::function<void(const std::string&)>;
+    const std::map<std::string, Setter> withValue{
+        {"--class", [&](const auto& value) { options.windowClass = value; }},
+        {"--instance", [&](const auto& value) { options.windowInstance = value; }},
+        {"--title", [&](const auto& value) { options.title = value; }},
+        {"--delay", [&](const auto& value) { options.delay = number(value); }},
+        {"--windows", [&](const auto& value) { options.windows = number(value); }},
+        {"--size",
+         [&](const auto& value) {
+             std::tie(options.frame.width, options.frame.height) = pair(value, 'x');
+         }},
+        {"--at",
+         [&](const auto& value) {
+             std::tie(options.frame.x, options.frame.y) = pair(value, ',');
+             options.isPlaced = true;
+         }},
+        {"--colour",
+         [&](const auto& value) {
+             options.colour = static_cast<std::uint32_t>(number(value, 16));
+         }},
+        {"--type", [&](const auto& value) { options.type = value; }},
+        {"--strut",
+         [&](const auto& value) {
+             const auto colon = value.find(':');
+             options.strut = Strut{value.substr(0, colon), number(value.substr(colon + 1))};
+             options.type = "DOCK";
+         }},
+        {"--icon",
+         [&](const auto& value) { options.icon = static_cast<std::uint32_t>(number(value, 16)); }},
+        {"--property",
+         [&](const auto& value) {
+             const auto equals = value.find('=');
+             options.properties[value.substr(0, equals)] = value.substr(equals + 1);
+         }},
+        {"--record", [&](const auto& value) { options.record = value; }},
+    };
+    const std::map<std::string, bool*> flags{{"--skip-taskbar", &options.skipTaskbar},
+                                             {"--ignore-close", &options.ignoreClose},
+                                             {"--crash", &options.crash},
+                                             {"--keep-startup", &options.keepStartup}};
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        if (const auto flag = flags.find(arguments[i]); flag != flags.end())
+            *flag->second = true;
+        else if (const auto setter = withValue.find(arguments[i]);
+                 setter != withValue.end() && i + 1 < arguments.size())
+            setter->second(arguments[++i]);
+        else
+            options.operands.push_back(arguments[i]);
+    }
+    if (options.windowInstance.empty())
+        options.windowInstance = options.windowClass;
+    return options;
+}
+
+class TestApp {
+public:
+    TestApp(Options options, const std::string& display)
+        : options_(std::move(options)), client_(display) {
+        if (const char* id = std::getenv("DESKTOP_STARTUP_ID"))
+            startupID_ = id;
+    }
+
+    void openWindows() {
+        for (int i = 0; i < options_.windows; ++i) {
+            const auto window = client_.createWindow(options_.frame, options_.colour);
+            describe(window);
+            if (options_.strut)
+                reserve(window, *options_.strut);
+            client_.map(window);
+            windows_.push_back(window);
+        }
+        if (!startupID_.empty() && !options_.keepStartup)
+            endStartup();
+        client_.sync();
+    }
+
+    /// Until the last window is closed or the X server goes.
+    void run() {
+        pollfd readable{xcb_get_file_descriptor(client_.get()), POLLIN, 0};
+        while (!windows_.empty() && xcb_connection_has_error(client_.get()) == 0) {
+            while (const auto event = client_.pollEvent())
+                handle(*event);
+            xcb_flush(client_.get());
+            if (!windows_.empty())
+                poll(&readable, 1, -1);
+        }
+    }
+
+    void record(const std::string& line) const {
+        if (!options_.record.empty())
+            std::ofstream{options_.record, std::ios::app} << line << std::endl;
+    }
+
+private:
+    void describe(xcb_window_t window) const {
+        client_.setText(window, "WM_CLASS", "STRING",
+                        options_.windowInstance + '\0' + options_.windowClass + '\0');
+        client_.setText(window, "WM_NAME", "STRING", options_.title);
+        client_.setText(window, "_NET_WM_NAME", options_.title);
+        client_.setAtoms(window, "WM_PROTOCOLS", {"WM_DELETE_WINDOW"});
+        client_.setAtoms(window, "_NET_WM_WINDOW_TYPE", {"_NET_WM_WINDOW_TYPE_" + options_.type});
+        client_.setWords(window, "_NET_WM_PID", XCB_ATOM_CARDINAL,
+                         {static_cast<std::uint32_t>(getpid())});
+        if (options_.skipTaskbar)
+            client_.setAtoms(window, "_NET_WM_STATE", {"_NET_WM_STATE_SKIP_TASKBAR"});
+        if (!startupID_.empty())
+            client_.setText(window, "_NET_STARTUP_ID", startupID_);
+        if (options_.icon)
+            setIcon(window, *options_.icon);
+        if (options_.isPlaced)
+            placeByHand(window);
+        for (const auto& [name, value] : options_.properties)
+            client_.setText(window, name, value);
+    }
+
+    void setIcon(xcb_window_t window, std::uint32_t colour) const {
+        constexpr std::uint32_t side = 64;
+        constexpr std::uint32_t opaque = 0xff000000;
+        std::vector<std::uint32_t> icon(2 + side * side, opaque | colour);
+        icon[0] = side;
+        icon[1] = side;
+        client_.setWords(window, "_NET_WM_ICON", XCB_ATOM_CARDINAL, icon);
+    }
+
+    /// Says that the user chose the window's place, so that the window manager keeps it.
+    void placeByHand(xcb_window_t window) const {
+        constexpr std::uint32_t userPosition = 1;
+        std::vector<std::uint32_t> hints(18, 0);
+        hints[0] = userPosition;
+        hints[1] = static_cast<std::uint32_t>(options_.frame.x);
+        hints[2] = static_cast<std::uint32_t>(options_.frame.y);
+        client_.setWords(window, "WM_NORMAL_HINTS", XCB_ATOM_WM_SIZE_HINTS, hints);
+    }
+
+    void reserve(xcb_window_t window, const Strut& strut) const {
+        const PixelRect& frame = options_.frame;
+        const int width = client_.screen().width_in_pixels;
+        const int height = client_.screen().height_in_pixels;
+        const auto word = [](int value) { return static_cast<std::uint32_t>(value); };
+        // left, right, top, bottom, then a start and an end for each of them.
+        std::vector<std::uint32_t> values(12, 0);
+        if (strut.edge == "left")
+            values = {word(frame.right()),
+                      0,
+                      0,
+                      0,
+                      word(frame.y),
+                      word(frame.bottom() - 1),
+                      0,
+                      0,
+                      0,
+                      0,
+                      0,
+                      0};
+        else if (strut.edge == "right")
+            values = {0,
+                      word(width - frame.x),
+                      0,
+                      0,
+                      0,
+                      0,
+                      word(frame.y),
+                      word(frame.bottom() - 1),
+                      0,
+                      0,
+                      0,
+                      0};
+        else if (strut.edge == "top")
+            values = {
+                0, 0, word(frame.bottom()), 0, 0, 0, 0, 0, word(frame.x), word(frame.right() - 1),
+                0, 0};
+        else
+            values = {0,
+                      0,
+                      0,
+                      word(height - frame.y),
+                      0,
+                      0,
+                      0,
+                      0,
+                      0,
+                      0,
+                      word(frame.x),
+                      word(frame.right() - 1)};
+        client_.setWords(window, "_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL, values);
+        values.resize(4);
+        client_.setWords(window, "_NET_WM_STRUT", XCB_ATOM_CARDINAL, values);
+    }
+
+    /// Tells everybody that the launch is over, in pieces of 20 bytes.
+    void endStartup() const {
+        const std::string message = "remove: ID=\"" + startupID_ + '"' + '\0';
+        xcb_client_message_event_t event{};
+        event.response_type = XCB_CLIENT_MESSAGE;
+        event.format = 8;
+        event.window = windows_.front();
+        event.type = client_.atom("_NET_STARTUP_INFO_BEGIN");
+        constexpr std::size_t piece = 20;
+        for (std::size_t start = 0; start < message.size(); start += piece) {
+            std::ranges::fill(event.data.data8, std::uint8_t{0});
+            const auto length = std::min(piece, message.size() - start);
+            std::copy_n(message.begin() + static_cast<std::ptrdiff_t>(start), length,
+                        std::begin(event.data.data8));
+            std::array<char, sizeof event> bytes{};
+            std::memcpy(bytes.data(), &event, sizeof event);
+            xcb_send_event(client_.get(), 0, client_.root(), XCB_EVENT_MASK_PROPERTY_CHANGE,
+                           bytes.data());
+            event.type = client_.atom("_NET_STARTUP_INFO");
+        }
+    }
+
+    void handle(const xcb_generic_event_t& event) {
+        constexpr unsigned sentFlag = 0x80;
+        switch (event.response_type & ~sentFlag) {
+        case XCB_CLIENT_MESSAGE:
+            if (!options_.ignoreClose)
+                close(reinterpret_cast<const xcb_client_message_event_t&>(event).window);
+            else
+                record("asked to close");
+            break;
+        case XCB_BUTTON_PRESS: {
+            const auto& press = reinterpret_cast<const xcb_button_press_event_t&>(event);
+            record("press " + std::to_string(press.root_x) + ' ' + std::to_string(press.root_y));
+            break;
+        }
+        default:
+            break;
+        }
+    }
+
+    void close(xcb_window_t window) {
+        record("closed");
+        client_.destroy(window);
+        std::erase(windows_, window);
+    }
+
+    Options options_;
+    XClient client_;
+    std::string startupID_;
+    std::vector<xcb_window_t> windows_;
+};
+
+int run(const std::vector<std::string>& arguments) {
+    const Options options = parse(arguments);
+    if (options.crash)
+        std::abort();
+    const char* display = std::getenv("DISPLAY");
+    TestApp app{options, display == nullptr ? "" : display};
+    for (const auto& operand : options.operands)
+        app.record("open " + operand);
+    app.record("started");
+    std::this_thread::sleep_for(std::chrono::milliseconds{options.delay});
+    app.openWindows();
+    app.run();
+    return EXIT_SUCCESS;
+}
+
+}
+}
+
+int main(int count, char** arguments) {
+    try {
+        return vireline::desktop::run({arguments + 1, arguments + count});
+    } catch (const std::exception& error) {
+        std::cerr << error.what() << '\n';
+        return EXIT_FAILURE;
+    }
+}

@@ -1,0 +1,51 @@
+/// The docks on the screen, told by their titles.
+#pragma once
+
+#include "VirtualDesktop/PixelGeometry.hpp"
+#include "VirtualDesktop/XClient.hpp"
+
+#include <cstdint>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace vireline::desktop {
+
+struct DockWindow {
+    std::uint32_t displayID = 0;
+    PixelRect frame;
+    xcb_window_t window = XCB_NONE;
+
+    bool operator==(const DockWindow&) const = default;
+};
+
+inline std::ostream& operator<<(std::ostream& out, const DockWindow& dock) {
+    return out << '#' << dock.displayID << ' ' << dock.frame;
+}
+
+class DockWindows {
+public:
+    explicit DockWindows(const XClient& client) : client_(client) {}
+
+    /// Those that are shown, in ascending order of display IDs.
+    [[nodiscard]] std::vector<DockWindow> shown() const;
+
+    /// The one on a display; its window is XCB_NONE if there is none.
+    [[nodiscard]] DockWindow on(std::uint32_t displayID) const;
+
+    /// Where the window takes the pointer, in the window's coordinates.
+    [[nodiscard]] std::vector<PixelRect> inputRegion(xcb_window_t window) const;
+    /// Where the window is opaque or translucent, rather than cut away.
+    [[nodiscard]] std::vector<PixelRect> outline(xcb_window_t window) const;
+
+    /// Whether `upper` covers `lower` where they overlap.
+    [[nodiscard]] bool isAbove(xcb_window_t upper, xcb_window_t lower) const;
+
+    /// Popup menus on the screen.
+    [[nodiscard]] std::vector<xcb_window_t> menus() const;
+
+private:
+    const XClient& client_;
+};
+
+}

@@ -1,0 +1,42 @@
+/// The user's hands: a real pointer and keyboard, through XTest.
+#pragma once
+
+#include "VirtualDesktop/PixelGeometry.hpp"
+#include "VirtualDesktop/XClient.hpp"
+
+#include <xcb/xproto.h>
+
+namespace vireline::desktop {
+
+class Pointer {
+public:
+    explicit Pointer(const XClient& client) : client_(client) {}
+
+    enum class Button : std::uint8_t { primary = 1, middle = 2, secondary = 3 };
+
+    void moveTo(PixelPoint place) const;
+    void press(Button button) const;
+    void release(Button button) const;
+    void click(PixelPoint place, Button button = Button::primary) const;
+    [[nodiscard]] PixelPoint position() const;
+
+private:
+    const XClient& client_;
+};
+
+class Keyboard {
+public:
+    explicit Keyboard(const XClient& client) : client_(client) {}
+
+    static constexpr xcb_keysym_t escape = 0xff1b;
+    static constexpr xcb_keysym_t enter = 0xff0d;
+    static constexpr xcb_keysym_t down = 0xff54;
+
+    /// Presses and releases the key that types `symbol`.
+    void type(xcb_keysym_t symbol) const;
+
+private:
+    const XClient& client_;
+};
+
+}

@@ -1,0 +1,36 @@
+/// The log file of the program under test, read afresh at each question.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vireline::desktop {
+
+class ProgramLog {
+public:
+    explicit ProgramLog(std::filesystem::path file) : file_(std::move(file)) {}
+
+    /// All lines, as they are in the file.
+    [[nodiscard]] std::vector<std::string> lines() const;
+
+    /// All messages, without their times.
+    [[nodiscard]] std::vector<std::string> messages() const;
+
+    /// How many messages begin with `prefix`.
+    [[nodiscard]] int count(std::string_view prefix) const;
+
+    /// The last message that begins with `prefix`; empty if there is none.
+    [[nodiscard]] std::string last(std::string_view prefix) const;
+
+    /// Waits until at least `times` messages begin with `prefix`.
+    [[nodiscard]] bool reaches(std::string_view prefix, int times = 1) const;
+
+    [[nodiscard]] const std::filesystem::path& file() const noexcept { return file_; }
+
+private:
+    std::filesystem::path file_;
+};
+
+}

@@ -1,0 +1,23 @@
+/// A folder of its own for one test, gone with it.
+#pragma once
+
+#include <filesystem>
+
+namespace vireline::desktop {
+
+class TemporaryFolder {
+public:
+    TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    TemporaryFolder(TemporaryFolder&&) = delete;
+    TemporaryFolder& operator=(TemporaryFolder&&) = delete;
+    ~TemporaryFolder();
+
+    [[nodiscard]] const std::filesystem::path& path() const noexcept { return path_; }
+
+private:
+    std::filesystem::path path_;
+};
+
+}

@@ -1,0 +1,294 @@
+#include "VirtualDesktop/VirtualDesktop.hpp"
+
+#include "VirtualDesktop/Waiting.hpp"
+
+#include <algorithm>
+#include <array>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+
+namespace vireline::desktop {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Focus follows clicks, new windows get the focus, and nothing else happens by itself.
+constexpr std::string_view windowManagerConfiguration = R"(<?xml version="1.0"?>
+<openbox_config xmlns="http://openbox.org/3.4/rc">
+  <focus><focusNew>yes</focusNew><followMouse>no</followMouse></focus>
+  <placement><policy>Smart</policy><monitor>Any</monitor></placement>
+  <theme><name>Clearlooks</name><animateIconify>no</animateIconify></theme>
+  <desktops><number>2</number></desktops>
+  <keyboard/>
+  <mouse>
+    <context name="Client">
+      <mousebind button="Left" action="Press">
+        <action name="Focus"/><action name="Raise"/>
+      </mousebind>
+    </context>
+  </mouse>
+</openbox_config>
+)";
+
+/// The options' tallest screen that still holds all monitors.
+XServer::Options serverOptions(const VirtualDesktop::Options& options, const Home& home) {
+    XServer::Options server{options.width, options.height, options.randr,
+                            home.scratch() / "x-server.log"};
+    for (const auto& monitor : options.monitors) {
+        server.width = std::max(server.width, monitor.frame.right());
+        server.height = std::max(server.height, monitor.frame.bottom());
+    }
+    return server;
+}
+
+PixelRect panelFrame(const Monitor& monitor, Edge edge, int thickness) {
+    PixelRect frame = monitor.frame;
+    if (edge == Edge::bottom)
+        frame.y = frame.bottom() - thickness;
+    if (edge == Edge::right)
+        frame.x = frame.right() - thickness;
+    if (edge == Edge::bottom || edge == Edge::top)
+        frame.height = thickness;
+    else
+        frame.width = thickness;
+    return frame;
+}
+
+std::string name(Edge edge) {
+    constexpr std::array<const char*, 4> names{"bottom", "left", "right", "top"};
+    return names.at(static_cast<std::size_t>(edge));
+}
+
+std::string scaleFactors(const std::map<std::string, double>& scales) {
+    std::string text;
+    for (const auto& [monitor, scale] : scales)
+        text += (text.empty() ? "" : ";") + monitor + "=" + std::to_string(scale);
+    return text;
+}
+
+xcb_window_t selectionOwner(const XClient& client, std::string_view selection) {
+    const Owned<xcb_get_selection_owner_reply_t> reply{xcb_get_selection_owner_reply(
+        client.get(), xcb_get_selection_owner(client.get(), client.atom(selection)), nullptr)};
+    return reply ? reply->owner : XCB_NONE;
+}
+
+bool hasWindowManager(const XClient& client) {
+    const auto check = client.words(client.root(), "_NET_SUPPORTING_WM_CHECK");
+    return !check.empty() && client.words(check.front(), "_NET_SUPPORTING_WM_CHECK") == check;
+}
+
+/// Window managers announce themselves before they listen, and forget who comes between: shows a
+/// window until it is managed.
+bool managesWindows(const XClient& client) {
+    constexpr std::chrono::milliseconds attempt{100};
+    const xcb_window_t probe = client.createWindow({0, 0, 1, 1}, 0);
+    const bool isManaged = eventually([&] {
+        client.map(probe);
+        if (eventually([&] { return client.hasProperty(probe, "WM_STATE"); }, attempt))
+            return true;
+        xcb_unmap_window(client.get(), probe);
+        return false;
+    });
+    client.destroy(probe);
+    return isManaged;
+}
+
+void require(bool came, const char* what) {
+    if (!came)
+        throw std::runtime_error{std::string{what} + " does not start"};
+}
+
+}
+
+VirtualDesktop::VirtualDesktop(Programs programs, const Options& options)
+    : programs_(std::move(programs))
+    , home_(programs_.testApp)
+    , server_(serverOptions(options, home_))
+    , client_(std::make_unique<XClient>(server_.display())) {
+    displays_.scales = options.scales;
+    environment_ = home_.environment();
+    environment_["DISPLAY"] = server_.display();
+    if (!options.scales.empty())
+        environment_["QT_SCREEN_SCALE_FACTORS"] = scaleFactors(options.scales);
+    if (!options.monitors.empty())
+        setMonitors(options.monitors);
+    if (options.sessionBus)
+        startSessionBus();
+    if (options.windowManager)
+        startWindowManager();
+    if (options.compositor)
+        startCompositor();
+}
+
+void VirtualDesktop::setMonitors(const std::vector<Monitor>& monitors) {
+    displays_.monitors = monitors;
+    desktop::setMonitors(*client_, monitors);
+}
+
+const Monitor& VirtualDesktop::monitor(const std::string& name) const {
+    return *std::ranges::find(displays_.monitors, name, &Monitor::name);
+}
+
+std::uint32_t VirtualDesktop::displayIDOf(const std::string& monitor) const {
+    return displayID(*client_, monitor);
+}
+
+Environment VirtualDesktop::sessionEnvironment() const {
+    // The session's own programs need their themes and settings, which the home does not have.
+    Environment environment = environment_;
+    environment["XDG_DATA_DIRS"] = "/usr/local/share:/usr/share";
+    environment["XDG_CONFIG_DIRS"] = "/etc/xdg";
+    return environment;
+}
+
+void VirtualDesktop::startSessionBus() {
+    const auto socket = home_.scratch() / "bus";
+    const std::string address = "unix:path=" + socket.string();
+    bus_.emplace(Command{"dbus-daemon",
+                         {"--session", "--nofork", "--nopidfile", "--address=" + address},
+                         environment_,
+                         {},
+                         home_.scratch() / "bus.log",
+                         {}});
+    require(eventually([&] { return fs::exists(socket); }), "the session bus");
+    environment_["DBUS_SESSION_BUS_ADDRESS"] = address;
+}
+
+void VirtualDesktop::startWindowManager() {
+    const auto configuration = home_.scratch() / "openbox.xml";
+    writeFile(configuration, windowManagerConfiguration);
+    windowManager_.emplace(Command{"openbox",
+                                   {"--sm-disable", "--config-file", configuration.string()},
+                                   sessionEnvironment(),
+                                   {},
+                                   home_.scratch() / "window-manager.log",
+                                   {}});
+    require(eventually([&] { return hasWindowManager(*client_); }) && managesWindows(*client_),
+            "the window manager");
+}
+
+void VirtualDesktop::startCompositor() {
+    compositor_.emplace(Command{"picom",
+                                {"--config", "/dev/null", "--backend", "xrender"},
+                                sessionEnvironment(),
+                                {},
+                                home_.scratch() / "compositor.log",
+                                {}});
+    require(eventually([&] { return selectionOwner(*client_, "_NET_WM_CM_S0") != XCB_NONE; }),
+            "the compositor");
+}
+
+void VirtualDesktop::reserve(const Reservation& reservation) {
+    displays_.reservations.push_back(reservation);
+    const auto frame =
+        panelFrame(monitor(reservation.monitor), reservation.edge, reservation.thickness);
+    const auto title = "panel " + std::to_string(displays_.reservations.size());
+    panels_.emplace_back(
+        Command{programs_.testApp.string(),
+                {"--class", "other-panel", "--title", title, "--size",
+                 std::to_string(frame.width) + "x" + std::to_string(frame.height), "--at",
+                 std::to_string(frame.x) + "," + std::to_string(frame.y), "--strut",
+                 name(reservation.edge) + ":" + std::to_string(reservation.thickness), "--colour",
+                 "202830"},
+                environment_,
+                {},
+                home_.scratch() / "panel.log",
+                {}});
+    require(eventually([&] {
+                return std::ranges::any_of(client_->allWindows(), [&](xcb_window_t window) {
+                    return client_->text(window, "WM_NAME") == title && client_->isViewable(window);
+                });
+            }),
+            "the panel");
+}
+
+void VirtualDesktop::endReservations() {
+    displays_.reservations.clear();
+    panels_.clear();
+}
+
+ChildProcess& VirtualDesktop::startVireline() {
+    return vireline_.emplace(Command{programs_.vireline.string(),
+                                     {},
+                                     environment_,
+                                     home_.scratch() / "vireline.out",
+                                     home_.scratch() / "vireline.err",
+                                     {}});
+}
+
+void VirtualDesktop::runVireline() {
+    const int before = log().count("reconcile ");
+    startVireline();
+    require(
+        eventually([&] { return log().count("reconcile ") > before || !vireline().isRunning(); }),
+        "the program");
+    require(vireline().isRunning(), "the program");
+}
+
+ChildProcess& VirtualDesktop::vireline() {
+    return vireline_.value();
+}
+
+ChildProcess& VirtualDesktop::run(const std::string& program, std::vector<std::string> arguments) {
+    return apps_.emplace_back(
+        Command{program, std::move(arguments), environment_, {}, home_.scratch() / "apps.log", {}});
+}
+
+ChildProcess& VirtualDesktop::launch(const App& app, std::vector<std::string> arguments) {
+    std::vector<std::string> all{"--class", windowClass(app), "--title", app.name};
+    std::ranges::copy(app.arguments, std::back_inserter(all));
+    std::ranges::move(arguments, std::back_inserter(all));
+    return run(programs_.testApp.string(), std::move(all));
+}
+
+fs::path VirtualDesktop::startFileManagerService() {
+    auto calls = home_.scratch() / "file-manager-calls";
+    const auto ready = home_.scratch() / "file-manager-ready";
+    run(programs_.fileManager.string(), {calls.string(), ready.string()});
+    require(eventually([&] { return fs::exists(ready); }), "the file manager's service");
+    return calls;
+}
+
+std::vector<xcb_window_t> VirtualDesktop::windowsOf(const App& app) const {
+    auto windows = client_->managedWindows();
+    std::erase_if(windows, [&](xcb_window_t window) {
+        const std::string classes = client_->text(window, "WM_CLASS");
+        const std::string wanted = windowClass(app);
+        return classes != wanted + '\0' + wanted + '\0';
+    });
+    return windows;
+}
+
+std::vector<xcb_window_t> VirtualDesktop::visibleWindowsOf(const App& app) const {
+    auto windows = windowsOf(app);
+    std::erase_if(windows, [&](xcb_window_t window) { return !client_->isViewable(window); });
+    return windows;
+}
+
+bool VirtualDesktop::isActive(const App& app) const {
+    const auto windows = windowsOf(app);
+    return std::ranges::find(windows, client_->activeWindow()) != windows.end();
+}
+
+std::vector<PlannedDock> VirtualDesktop::planned(const PanelPlanner::Request& request) const {
+    return plannedDocks(*client_, displays_, request);
+}
+
+Colour VirtualDesktop::pixel(PixelPoint place) const {
+    return picture({place.x, place.y, 1, 1}).at(0, 0);
+}
+
+void VirtualDesktop::leaveEvidence(const fs::path& folder, const std::string& name) const {
+    fs::create_directories(folder);
+    Picture::ofScreen(*client_).writePNG(folder / (name + ".png"));
+    std::ofstream logs{folder / (name + ".log")};
+    logs << "== vireline.log\n" << readFile(log().file());
+    for (const auto& file : fs::directory_iterator{home_.scratch()}) {
+        const auto extension = file.path().extension();
+        if (extension == ".log" || extension == ".err")
+            logs << "== " << file.path().filename().string() << '\n' << readFile(file.path());
+    }
+}
+
+}

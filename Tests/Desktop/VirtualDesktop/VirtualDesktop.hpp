@@ -1,0 +1,126 @@
+/// A whole desktop without a screen: X server, monitors, window manager and what else a session
+/// has, a fresh home, and the program on it. All of it ends with its owner, and any number of them
+/// run side by side.
+#pragma once
+
+#include "VirtualDesktop/ChildProcess.hpp"
+#include "VirtualDesktop/DockLayout.hpp"
+#include "VirtualDesktop/DockWindows.hpp"
+#include "VirtualDesktop/Home.hpp"
+#include "VirtualDesktop/Monitors.hpp"
+#include "VirtualDesktop/Picture.hpp"
+#include "VirtualDesktop/Pointer.hpp"
+#include "VirtualDesktop/ProgramLog.hpp"
+#include "VirtualDesktop/XClient.hpp"
+#include "VirtualDesktop/XServer.hpp"
+
+#include <filesystem>
+#include <list>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vireline::desktop {
+
+/// Where the programs are that the harness runs.
+struct Programs {
+    std::filesystem::path vireline;
+    std::filesystem::path testApp;
+    std::filesystem::path fileManager;
+};
+
+class VirtualDesktop {
+public:
+    struct Options {
+        /// The first is primary. None leaves the server's own single display.
+        std::vector<Monitor> monitors{};
+        bool windowManager = true;
+        bool compositor = false;
+        bool sessionBus = false;
+        bool randr = true;
+        /// Pixels per point of monitors where it is not 1.
+        std::map<std::string, double> scales{};
+        /// The X screen, which holds all monitors that a test will attach.
+        int width = 4096;
+        int height = 2304;
+    };
+
+    VirtualDesktop(Programs programs, const Options& options);
+
+    [[nodiscard]] Home& home() noexcept { return home_; }
+    [[nodiscard]] const XClient& client() const noexcept { return *client_; }
+    [[nodiscard]] DockWindows docks() const { return DockWindows{*client_}; }
+    [[nodiscard]] Pointer pointer() const { return Pointer{*client_}; }
+    [[nodiscard]] Keyboard keyboard() const { return Keyboard{*client_}; }
+    [[nodiscard]] ProgramLog log() const { return ProgramLog{home_.log()}; }
+    [[nodiscard]] const Displays& displays() const noexcept { return displays_; }
+    [[nodiscard]] const std::string& display() const noexcept { return server_.display(); }
+
+    /// For programs of this desktop; tests may add to it before they start one.
+    [[nodiscard]] Environment& environment() noexcept { return environment_; }
+
+    void setMonitors(const std::vector<Monitor>& monitors);
+    [[nodiscard]] const Monitor& monitor(const std::string& name) const;
+    [[nodiscard]] std::uint32_t displayIDOf(const std::string& monitor) const;
+
+    void startWindowManager();
+    void stopWindowManager() { windowManager_.reset(); }
+    void startCompositor();
+
+    /// Puts another program's panel at an edge of a monitor, where it reserves its thickness.
+    void reserve(const Reservation& reservation);
+    /// Ends all such panels.
+    void endReservations();
+
+    /// Starts the program under test and returns at once.
+    ChildProcess& startVireline();
+    /// Starts it, waits until it has planned its docks, and throws if it does not get there.
+    void runVireline();
+    [[nodiscard]] ChildProcess& vireline();
+    void stopVireline() { vireline_.reset(); }
+
+    /// Starts an app as a user would from a terminal: nothing tells the dock beforehand.
+    ChildProcess& launch(const App& app, std::vector<std::string> arguments = {});
+    /// Starts any program on this desktop.
+    ChildProcess& run(const std::string& program, std::vector<std::string> arguments);
+    /// Starts the service that shows files on the session bus; its calls go to the file returned.
+    std::filesystem::path startFileManagerService();
+
+    /// Managed windows of the app, shown or not.
+    [[nodiscard]] std::vector<xcb_window_t> windowsOf(const App& app) const;
+    /// Windows that the user sees: managed and not hidden.
+    [[nodiscard]] std::vector<xcb_window_t> visibleWindowsOf(const App& app) const;
+    [[nodiscard]] bool isActive(const App& app) const;
+
+    /// The docks that should be there with this many tiles and the other values in force.
+    [[nodiscard]] std::vector<PlannedDock> planned(const PanelPlanner::Request& request) const;
+
+    [[nodiscard]] Colour pixel(PixelPoint place) const;
+    [[nodiscard]] Picture picture(const PixelRect& area) const {
+        return Picture::ofScreen(*client_, area);
+    }
+
+    /// A picture of the screen and all logs, under this name in `folder`.
+    void leaveEvidence(const std::filesystem::path& folder, const std::string& name) const;
+
+private:
+    [[nodiscard]] Environment sessionEnvironment() const;
+    void startSessionBus();
+
+    Programs programs_;
+    Home home_;
+    XServer server_;
+    std::unique_ptr<XClient> client_;
+    Displays displays_;
+    Environment environment_;
+    std::optional<ChildProcess> bus_;
+    std::optional<ChildProcess> windowManager_;
+    std::optional<ChildProcess> compositor_;
+    std::list<ChildProcess> panels_;
+    std::list<ChildProcess> apps_;
+    std::optional<ChildProcess> vireline_;
+};
+
+}

@@ -1,0 +1,103 @@
+/// A plain client of the virtual X server: properties, geometry and stacking of anybody's windows,
+/// and windows of its own. What is asked of a window that is gone has no answer.
+#pragma once
+
+#include "VirtualDesktop/PixelGeometry.hpp"
+
+#include <xcb/xcb.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <initializer_list>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vireline::desktop {
+
+struct Freed {
+    void operator()(void* memory) const noexcept {
+        std::free(memory); // NOLINT(cppcoreguidelines-owning-memory): xcb returns malloc'ed memory
+    }
+};
+
+/// A reply or an event of xcb.
+template <class T>
+using Owned = std::unique_ptr<T, Freed>;
+
+class XClient {
+public:
+    /// Throws when there is no such display.
+    explicit XClient(const std::string& display);
+
+    [[nodiscard]] xcb_connection_t* get() const noexcept { return connection_.get(); }
+    [[nodiscard]] const xcb_screen_t& screen() const noexcept { return *screen_; }
+    [[nodiscard]] xcb_window_t root() const noexcept { return screen_->root; }
+    [[nodiscard]] bool hasExtension(const std::string& name) const;
+
+    [[nodiscard]] xcb_atom_t atom(std::string_view name) const;
+
+    [[nodiscard]] std::vector<std::uint32_t> words(xcb_window_t window,
+                                                   std::string_view property) const;
+    [[nodiscard]] std::vector<xcb_atom_t> atoms(xcb_window_t window,
+                                                std::string_view property) const;
+    /// The bytes of a property of format 8.
+    [[nodiscard]] std::string text(xcb_window_t window, std::string_view property) const;
+    [[nodiscard]] bool hasProperty(xcb_window_t window, std::string_view property) const;
+
+    void setWords(xcb_window_t window, std::string_view property, xcb_atom_t type,
+                  const std::vector<std::uint32_t>& values) const;
+    void setAtoms(xcb_window_t window, std::string_view property,
+                  std::initializer_list<std::string_view> values) const;
+    void setText(xcb_window_t window, std::string_view property, std::string_view value) const;
+    void setText(xcb_window_t window, std::string_view property, std::string_view type,
+                 std::string_view value) const;
+
+    /// Tells the window manager something about `window`, as EWMH asks for.
+    void sendToRoot(xcb_window_t window, std::string_view message,
+                    const std::vector<std::uint32_t>& data) const;
+
+    /// Direct children of `window`, the lowest first.
+    [[nodiscard]] std::vector<xcb_window_t> children(xcb_window_t window) const;
+    /// All windows below the root window, a parent before its children, the lowest first.
+    [[nodiscard]] std::vector<xcb_window_t> allWindows() const;
+    /// Without the window's border.
+    [[nodiscard]] std::optional<PixelRect> frame(xcb_window_t window) const;
+    /// Shown, and its parents are too.
+    [[nodiscard]] bool isViewable(xcb_window_t window) const;
+    [[nodiscard]] bool overridesRedirect(xcb_window_t window) const;
+    [[nodiscard]] int depth(xcb_window_t window) const;
+
+    /// Windows that the window manager manages, the oldest first.
+    [[nodiscard]] std::vector<xcb_window_t> managedWindows() const;
+    [[nodiscard]] xcb_window_t activeWindow() const;
+    [[nodiscard]] xcb_window_t focusedWindow() const;
+
+    /// A window of this client with this background, not mapped.
+    [[nodiscard]] xcb_window_t createWindow(const PixelRect& frame, std::uint32_t background) const;
+    void map(xcb_window_t window) const;
+    void destroy(xcb_window_t window) const;
+
+    /// The next event that is waiting, if any.
+    [[nodiscard]] Owned<xcb_generic_event_t> pollEvent() const;
+
+    /// Returns once the server has carried out all requests so far.
+    void sync() const;
+
+private:
+    struct Disconnected {
+        void operator()(xcb_connection_t* connection) const noexcept { xcb_disconnect(connection); }
+    };
+
+    [[nodiscard]] Owned<xcb_get_property_reply_t> property(xcb_window_t window,
+                                                           std::string_view name) const;
+
+    std::unique_ptr<xcb_connection_t, Disconnected> connection_;
+    const xcb_screen_t* screen_ = nullptr;
+    mutable std::map<std::string, xcb_atom_t, std::less<>> atoms_;
+};
+
+}

@@ -1,0 +1,91 @@
+#include "VirtualDesktop/XServer.hpp"
+
+#include "VirtualDesktop/Waiting.hpp"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <stdexcept>
+#include <system_error>
+
+namespace vireline::desktop {
+namespace {
+
+class Pipe {
+public:
+    Pipe() {
+        if (pipe2(ends_.data(), O_CLOEXEC) != 0)
+            throw std::system_error{errno, std::generic_category(), "pipe"};
+    }
+    Pipe(const Pipe&) = delete;
+    Pipe& operator=(const Pipe&) = delete;
+    Pipe(Pipe&&) = delete;
+    Pipe& operator=(Pipe&&) = delete;
+    ~Pipe() {
+        closeWritingEnd();
+        close(ends_[0]);
+    }
+
+    [[nodiscard]] int writingEnd() const { return ends_[1]; }
+    void closeWritingEnd() {
+        if (ends_[1] >= 0)
+            close(ends_[1]);
+        ends_[1] = -1;
+    }
+
+    /// Text up to a line feed, the end of the file, or the end of our patience.
+    [[nodiscard]] std::string readLine() const {
+        std::string line;
+        pollfd readable{ends_[0], POLLIN, 0};
+        const auto limit = std::chrono::milliseconds{patience}.count();
+        while (poll(&readable, 1, static_cast<int>(limit)) == 1) {
+            char letter = 0;
+            if (read(ends_[0], &letter, 1) != 1 || letter == '\n')
+                break;
+            line += letter;
+        }
+        return line;
+    }
+
+private:
+    std::array<int, 2> ends_{-1, -1};
+};
+
+std::string pathVariable() {
+    const char* path = std::getenv("PATH");
+    return path == nullptr ? "/usr/bin:/bin" : path;
+}
+
+}
+
+XServer::XServer(const Options& options) {
+    Pipe numbers;
+    const std::string size =
+        std::to_string(options.width) + "x" + std::to_string(options.height) + "x24";
+    Command command;
+    command.program = "Xvfb";
+    // Without -noreset the server forgets its monitors when its last client leaves.
+    command.arguments = {"-displayfd", std::to_string(numbers.writingEnd()),
+                         "-screen",    "0",
+                         size,         "-noreset",
+                         "-nolisten",  "tcp"};
+    if (!options.randr) {
+        command.arguments.emplace_back("-extension");
+        command.arguments.emplace_back("RANDR");
+    }
+    command.environment = {{"PATH", pathVariable()}};
+    command.errors = options.errors;
+    command.inherited = numbers.writingEnd();
+    process_.emplace(command);
+    numbers.closeWritingEnd();
+    const std::string number = numbers.readLine();
+    if (number.empty())
+        throw std::runtime_error{"Xvfb does not start"};
+    display_ = ":" + number;
+}
+
+}

@@ -1,0 +1,34 @@
+/// An X server without a screen, on a display number that was free.
+#pragma once
+
+#include "VirtualDesktop/ChildProcess.hpp"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vireline::desktop {
+
+class XServer {
+public:
+    struct Options {
+        int width = 0;
+        int height = 0;
+        /// Whether it offers RandR.
+        bool randr = true;
+        /// Where its own messages go.
+        std::filesystem::path errors;
+    };
+
+    /// Returns once clients can connect; throws when it does not start.
+    explicit XServer(const Options& options);
+
+    /// Such as ":7".
+    [[nodiscard]] const std::string& display() const noexcept { return display_; }
+
+private:
+    std::optional<ChildProcess> process_;
+    std::string display_;
+};
+
+}

@@ -1,0 +1,63 @@
+#include "Interaction/TapTracker.hpp"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace vireline {
+namespace {
+
+using Resolution = TapTracker::Resolution;
+
+// Behaviour: click-policy-4
+TEST(TapTracker, CountsTapsExactlyTheThresholdApartAsTwoClicks) {
+    TapTracker taps;
+    EXPECT_EQ(taps.registerTap(10, 0.5), Resolution::single);
+    EXPECT_EQ(taps.registerTap(10.5, 0.5), Resolution::single);
+}
+
+// Behaviour: click-policy-4
+TEST(TapTracker, CountsTapsCloserThanTheThresholdAsADoubleClick) {
+    TapTracker taps;
+    EXPECT_EQ(taps.registerTap(10, 0.5), Resolution::single);
+    EXPECT_EQ(taps.registerTap(std::nextafter(10.5, 10), 0.5), Resolution::doubled);
+}
+
+// Behaviour: click-policy-5
+TEST(TapTracker, BeginsAnewAfterADoubleClick) {
+    TapTracker taps;
+    EXPECT_EQ(taps.registerTap(1.0, 0.5), Resolution::single);
+    EXPECT_EQ(taps.registerTap(1.1, 0.5), Resolution::doubled);
+    EXPECT_EQ(taps.registerTap(1.2, 0.5), Resolution::single);
+    EXPECT_EQ(taps.registerTap(1.3, 0.5), Resolution::doubled);
+}
+
+// Behaviour: click-policy-6
+TEST(TapTracker, MeasuresFromATapWhoseClockWentBackwards) {
+    TapTracker taps;
+    EXPECT_EQ(taps.registerTap(10.0, 0.5), Resolution::single);
+    EXPECT_EQ(taps.registerTap(9.9, 0.5), Resolution::single);
+    EXPECT_EQ(taps.registerTap(10.3, 0.5), Resolution::doubled);
+}
+
+TEST(TapTracker, MeasuresFromTheLastSingleClick) {
+    TapTracker taps;
+    EXPECT_EQ(taps.registerTap(1, 0.5), Resolution::single);
+    EXPECT_EQ(taps.registerTap(2, 0.5), Resolution::single);
+    EXPECT_EQ(taps.registerTap(2.4, 0.5), Resolution::doubled);
+}
+
+TEST(TapTracker, TakesTwoTapsAtTheSameMomentForADoubleClick) {
+    TapTracker taps;
+    EXPECT_EQ(taps.registerTap(0, 0.5), Resolution::single);
+    EXPECT_EQ(taps.registerTap(0, 0.5), Resolution::doubled);
+}
+
+TEST(TapTracker, KnowsNoDoubleClickWithoutAThreshold) {
+    TapTracker taps;
+    EXPECT_EQ(taps.registerTap(1, 0), Resolution::single);
+    EXPECT_EQ(taps.registerTap(1, 0), Resolution::single);
+}
+
+}
+}
