@@ -49,6 +49,9 @@ struct Launch {
     [[noreturn]] void run() const {
         prctl(PR_SET_PDEATHSIG, SIGKILL);
         setsid();
+        sigset_t none;
+        sigemptyset(&none);
+        sigprocmask(SIG_SETMASK, &none, nullptr);
         redirect(STDOUT_FILENO, output);
         redirect(STDERR_FILENO, errors);
         if (inherited)
