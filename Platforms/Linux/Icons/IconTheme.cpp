@@ -1,6 +1,6 @@
 #include "Icons/IconTheme.hpp"
 
-#include "Icons/BoundedFile.hpp"
+#include "Files/BoundedFile.hpp"
 
 #include <glib.h>
 #include <unistd.h>

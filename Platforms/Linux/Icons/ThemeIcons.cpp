@@ -104,18 +104,17 @@ ThemeIcons::ThemeIcons(const DesktopEntryCatalog& catalog, const WindowIconSourc
 
 ImageHandle ThemeIcons::iconForFile(const std::string& path, const std::string& key, Size size) {
     const DesktopEntryIndex& index = catalog_.index();
-    const DesktopEntry* entry = index.findPath(path);
-    if (entry == nullptr)
-        entry = index.find(key);
-    std::optional<DesktopEntry> elsewhere;
-    if (entry == nullptr && path.ends_with(DesktopEntries::extension))
-        elsewhere = catalog_.entryAt(FileURL::fromPath(path));
-    if (elsewhere)
-        entry = &*elsewhere;
+    const IndexedEntry* indexed = index.findPath(path);
+    if (indexed == nullptr)
+        indexed = index.find(key);
 
     ImageHandle image;
-    if (entry != nullptr)
-        image = declaredIcon(entry->icon, size);
+    if (indexed != nullptr) {
+        image = declaredIcon(indexed->entry.icon, size);
+    } else if (path.ends_with(DesktopEntries::extension)) {
+        if (const auto elsewhere = catalog_.entryAt(FileURL::fromPath(path)))
+            image = declaredIcon(elsewhere->icon, size);
+    }
     if (!image)
         image = windowIcon(key, size);
     std::error_code error;
