@@ -19,12 +19,11 @@ protected:
         const Size size = isBottom ? Size{length, thickness} : Size{thickness, length};
         const PanelSpec spec{2, {0, 4, size.width, size.height}, length, position};
         view_ = std::make_unique<DockRootView>(context, ui, spec, false);
-        view_->onMenuRequest = [this](const Menu& menu, Point,
-                                      std::function<void(std::size_t)> choose) {
+        view_->onMenuRequest = [this](const Menu& menu, Point, MenuClosed onClose) {
             for (const MenuItem& entry : menu.entries) {
                 menuTitles.push_back(std::get<MenuCommand>(entry).title);
             }
-            chooseFromMenu = std::move(choose);
+            closeMenu = std::move(onClose);
         };
     }
 
@@ -37,7 +36,8 @@ protected:
 
     [[nodiscard]] std::vector<SceneNode> nodes(NodeID::Part part) const {
         std::vector<SceneNode> found;
-        std::ranges::copy_if(view_->scene().nodes, std::back_inserter(found),
+        const Scene scene = view_->makeScene();
+        std::ranges::copy_if(scene.nodes, std::back_inserter(found),
                              [=](const SceneNode& node) { return node.id.part == part; });
         return found;
     }
@@ -54,7 +54,7 @@ protected:
     PanelUIState ui;
     DockViewContext context = dock.context();
     std::vector<std::string> menuTitles;
-    std::function<void(std::size_t)> chooseFromMenu;
+    MenuClosed closeMenu;
 
 private:
     std::unique_ptr<DockRootView> view_;
@@ -223,7 +223,7 @@ TEST_F(DockRootViewTest, TheChosenMenuEntryGoesToTheActions) {
 
     send(Kind::secondaryPressed, centerOfIcon(0));
     dock.setTiles(0, 0);
-    chooseFromMenu(2);
+    closeMenu(2);
 
     EXPECT_EQ(dock.actionsTaken, (std::vector<std::string>{"menu Quit u0 #2"}));
 }
@@ -234,7 +234,7 @@ TEST_F(DockRootViewTest, UtilityTilesAndTheBareStripHaveNoMenu) {
     send(Kind::secondaryPressed, centerOfIcon(0));
     send(Kind::secondaryPressed, {1, 1});
 
-    EXPECT_FALSE(chooseFromMenu);
+    EXPECT_FALSE(closeMenu);
 }
 
 TEST_F(DockRootViewTest, TheLabelNamesTheTileUnderThePointer) {
@@ -264,11 +264,12 @@ TEST_F(DockRootViewTest, SideDocksShowNoLabel) {
 TEST_F(DockRootViewTest, WithoutMagnificationThePointerLeavesNoTrace) {
     dock.setTiles(3, 0);
     show();
+    static_cast<void>(view().makeScene());
     const auto before = icons();
 
     send(Kind::moved, centerOfIcon(1));
 
-    EXPECT_EQ(icons(), before);
+    EXPECT_TRUE(icons() == before);
     const double slack = 1000 - DockOrdering::stripWidth({3, 0, 2}, 44);
     EXPECT_EQ(nodes(NodeID::Part::strip)[0].frame.x, slack / 2);
 }
@@ -356,9 +357,9 @@ TEST_F(DockRootViewTest, ACollapsedDockShowsOnlyItsHandleAtTheEdge) {
                                           std::pair{DockPosition::right, Rect{80, 10, 4, 980}}}) {
         ui.collapsed.set(true);
         show(position);
-        ASSERT_EQ(view().scene().nodes.size(), 1U);
-        EXPECT_EQ(view().scene().nodes[0].frame, frame);
-        EXPECT_EQ(view().scene().nodes[0].opacity, 0.4);
+        ASSERT_EQ(view().makeScene().nodes.size(), 1U);
+        EXPECT_EQ(view().makeScene().nodes[0].frame, frame);
+        EXPECT_EQ(view().makeScene().nodes[0].opacity, 0.4);
     }
 }
 
@@ -383,14 +384,14 @@ TEST_F(DockRootViewTest, TheInputRegionGrowsOnEntryAndNotWithEveryMove) {
     dock.setTiles(3, 0);
     dock.model.magnification.set(2);
     show(DockPosition::bottom, 1000, 128);
-    const auto atRest = view().scene().inputRegion;
+    const auto atRest = view().makeScene().inputRegion;
     send(Kind::moved, centerOfIcon(1));
-    const auto entered = view().scene().inputRegion;
+    const auto entered = view().makeScene().inputRegion;
     send(Kind::moved, centerOfIcon(3));
 
     EXPECT_EQ(atRest->height, 58);
     EXPECT_EQ(entered, (Rect{0, 128 - 102, 1000, 102}));
-    EXPECT_EQ(view().scene().inputRegion, entered);
+    EXPECT_EQ(view().makeScene().inputRegion, entered);
 }
 
 TEST_F(DockRootViewTest, ATileKeepsItsIdentityFromSceneToScene) {
@@ -410,16 +411,200 @@ TEST_F(DockRootViewTest, TilesWithOneIdentityStayTellableApart) {
     EXPECT_NE(icons()[0].id, icons()[1].id);
 }
 
-TEST_F(DockRootViewTest, EqualTilesMakeNoNewScene) {
+TEST_F(DockRootViewTest, EqualTilesAskForNoNewScene) {
     dock.setTiles(2, 0);
     show();
-    int scenes = 0;
-    view().onSceneChange = [&](const Scene&) { ++scenes; };
+    int invalidations = 0;
+    view().onInvalidate = [&] { ++invalidations; };
 
     dock.setTiles(2, 0);
-    EXPECT_EQ(scenes, 0);
+    EXPECT_EQ(invalidations, 0);
     dock.setTiles(2, 1);
-    EXPECT_EQ(scenes, 1);
+    EXPECT_EQ(invalidations, 1);
+}
+
+/// Drags of tiles, on a dock of four pinned tiles and a running one.
+class TileDragTest : public DockRootViewTest {
+protected:
+    void SetUp() override {
+        dock.setTiles(4, 1);
+        show();
+        view().onReorderDrag = [this](bool isDragged) { dragStates.push_back(isDragged); };
+    }
+    void dragTile(std::size_t index, double dx, double dy = 0) {
+        const Point p = centerOfIcon(index);
+        send(Kind::pressed, p);
+        send(Kind::moved, {p.x + dx, p.y + dy});
+    }
+    [[nodiscard]] SceneNode iconOf(std::uint32_t serial) const {
+        const auto all = icons();
+        return *std::ranges::find(all, NodeID{NodeID::Part::icon, serial}, &SceneNode::id);
+    }
+
+    std::vector<bool> dragStates;
+};
+
+TEST_F(TileDragTest, ATileComesOffAfterFourPoints) {
+    dragTile(1, 3.9);
+    EXPECT_TRUE(dragStates.empty());
+    dragTile(1, 4);
+    EXPECT_EQ(dragStates, std::vector{true});
+}
+
+TEST_F(TileDragTest, TheDraggedTileFollowsThePointerOnTopWithoutAnimation) {
+    const auto serial = icons()[1].id.owner;
+    dragTile(1, 30);
+
+    const SceneNode dragged = iconOf(serial);
+    EXPECT_EQ(dragged.slide, (Point{30, 0}));
+    EXPECT_EQ(dragged.scale, 1.08);
+    EXPECT_FALSE(dragged.motion.slide);
+    EXPECT_EQ(icons().back().id.owner, serial);
+}
+
+TEST_F(TileDragTest, NeighboursMakeRoomWithAnAnimation) {
+    const auto third = icons()[2].id.owner;
+    dragTile(1, 30);
+
+    EXPECT_EQ(iconOf(third).slide, (Point{-50, 0}));
+    EXPECT_EQ(iconOf(third).motion.slide, (Curve{0.15, Easing::easeInOut}));
+}
+
+TEST_F(TileDragTest, LettingGoMovesTheAppAndIsNoClick) {
+    dragTile(1, 110);
+    send(Kind::released, {500, 50});
+
+    EXPECT_EQ(dock.actionsTaken, std::vector<std::string>{"move p1 3"});
+    EXPECT_EQ(dragStates, (std::vector{true, false}));
+    EXPECT_EQ(icons()[1].slide, Point{});
+    EXPECT_EQ(icons()[1].motion.slide, (Curve{0.15, Easing::easeInOut}));
+}
+
+TEST_F(TileDragTest, ATileLetGoWhereItWasSettlesAndMovesNothing) {
+    dragTile(1, 20);
+    send(Kind::released, {500, 50});
+
+    EXPECT_TRUE(dock.actionsTaken.empty());
+    EXPECT_EQ(icons()[1].motion.slide, (Curve{0.2, Easing::easeInOut}));
+}
+
+TEST_F(TileDragTest, ACancelledDragMovesNothing) {
+    dragTile(1, 110);
+    send(Kind::cancelled);
+    send(Kind::released, {500, 50});
+
+    EXPECT_TRUE(dock.actionsTaken.empty());
+    EXPECT_EQ(dragStates, (std::vector{true, false}));
+}
+
+// Behaviour: tiles-3
+TEST_F(TileDragTest, RunningAndUtilityTilesNeverComeOff) {
+    for (const std::size_t index : {4U, 5U, 6U}) {
+        dragTile(index, 110);
+        send(Kind::cancelled);
+    }
+
+    EXPECT_TRUE(dragStates.empty());
+    EXPECT_TRUE(dock.actionsTaken.empty());
+}
+
+TEST_F(TileDragTest, ADragEndsWhenItsTileLeavesTheList) {
+    dragTile(3, 60);
+    dock.setTiles(3, 1);
+    static_cast<void>(view().makeScene());
+    send(Kind::released, {500, 50});
+
+    EXPECT_EQ(dragStates, (std::vector{true, false}));
+    EXPECT_TRUE(dock.actionsTaken.empty());
+}
+
+TEST_F(TileDragTest, AMagnifiedStripKeepsStillWhileATileIsDragged) {
+    dock.model.magnification.set(2);
+    show(DockPosition::bottom, 1000, 128);
+    send(Kind::moved, centerOfIcon(0));
+    dragTile(0, 10);
+    const Rect before = icons()[2].frame;
+    dragTile(0, 60);
+
+    EXPECT_EQ(icons()[2].frame, before);
+}
+
+TEST_F(TileDragTest, SideDocksReorderAlongTheirLength) {
+    show(DockPosition::left, 1000, 58);
+    dragTile(0, 3, 110);
+    send(Kind::released, {20, 500});
+
+    EXPECT_EQ(dock.actionsTaken, std::vector<std::string>{"move p0 2"});
+}
+
+class DropTest : public DockRootViewTest {
+protected:
+    void SetUp() override {
+        dock.setTiles(1, 0);
+        show();
+    }
+    [[nodiscard]] bool drop(const std::vector<std::string>& urls, Point at) {
+        view().dragEntered(urls);
+        return view().dropped(at);
+    }
+};
+
+// Behaviour: tiles-6
+TEST_F(DropTest, FilesDroppedOnTheTrashAreTrashedTogether) {
+    EXPECT_TRUE(drop({"file:///a", "file:///b", "file:///c"}, centerOfIcon(2)));
+
+    EXPECT_EQ(dock.actionsTaken, std::vector<std::string>{"trash 3"});
+}
+
+// Behaviour: tiles-6
+TEST_F(DropTest, OnDownloadsAndEverywhereElseTheyAreOfferedAsApps) {
+    EXPECT_TRUE(drop({"file:///a.app", "file:///b.app"}, centerOfIcon(1)));
+    EXPECT_TRUE(drop({"file:///c.app"}, centerOfIcon(0)));
+
+    EXPECT_EQ(dock.actionsTaken,
+              (std::vector<std::string>{"add /a.app", "add /b.app", "add /c.app"}));
+}
+
+TEST_F(DropTest, RemoteURLsAreRefusedWhileStillDragged) {
+    view().dragEntered({"https://example.org/a", "file://host/b", "nonsense"});
+
+    EXPECT_FALSE(view().dragMoved(centerOfIcon(2)));
+    EXPECT_FALSE(view().dropped(centerOfIcon(2)));
+    EXPECT_TRUE(dock.actionsTaken.empty());
+}
+
+TEST_F(DropTest, NothingCanBeDroppedBesideTheStrip) {
+    view().dragEntered({"file:///a"});
+
+    EXPECT_FALSE(view().dragMoved({1, 60}));
+    EXPECT_TRUE(view().dragMoved(centerOfIcon(0)));
+}
+
+TEST_F(DropTest, TheTrashGrowsWhileFilesAreOverIt) {
+    view().dragEntered({"file:///a"});
+    static_cast<void>(view().dragMoved(centerOfIcon(2)));
+    EXPECT_EQ(icons()[2].scale, 1.1);
+    EXPECT_EQ(icons()[2].motion.scale, (Curve{0.12, Easing::easeOut}));
+    static_cast<void>(view().dragMoved(centerOfIcon(1)));
+    EXPECT_EQ(icons()[2].scale, 1);
+    static_cast<void>(view().dragMoved(centerOfIcon(2)));
+    view().dragExited();
+    EXPECT_EQ(icons()[2].scale, 1);
+}
+
+TEST_F(DockRootViewTest, ALaunchingAppBobsAwayFromTheEdgeUntilItHasSettled) {
+    dock.setTiles(1, 0);
+    for (const auto& [position, bounce] : {std::pair{DockPosition::bottom, Point{0, -12}},
+                                           std::pair{DockPosition::left, Point{12, 0}},
+                                           std::pair{DockPosition::right, Point{-12, 0}}}) {
+        dock.model.launching.set({"p0"});
+        show(position);
+        EXPECT_EQ(icons()[0].bounce, bounce);
+        EXPECT_EQ(icons()[0].motion.bounce, (Curve{0.3, Easing::easeInOut, true}));
+        dock.model.launching.set({});
+        EXPECT_EQ(icons()[0].bounce, Point{});
+        EXPECT_EQ(icons()[0].motion.bounce, (Curve{0.2, Easing::easeOut}));
+    }
 }
 
 }
