@@ -44,10 +44,10 @@ public:
     RealWatch() { test::testApplication(); }
 
     /// Whole at once, as a watch that has attached may see the writing.
-    void create() { test::replaceByRename(file, "one"); }
-    void overwrite() { test::overwrite(file, "two"); }
-    void replace() { test::replaceByRename(file, "three"); }
-    void remove() { test::removeAll(file); }
+    void create() const { test::replaceByRename(file, "one"); }
+    void overwrite() const { test::overwrite(file, "two"); }
+    void replace() const { test::replaceByRename(file, "three"); }
+    void remove() const { test::removeAll(file); }
     void deliver() { test::deliverPendingEvents(); }
 
 private:
