@@ -1,6 +1,6 @@
 #include "Icons/ChosenIconTheme.hpp"
 
-#include "Icons/BoundedFile.hpp"
+#include "Files/BoundedFile.hpp"
 #include "Icons/IniText.hpp"
 
 #include <glib.h>
@@ -18,7 +18,7 @@ void addFrom(const std::vector<std::string>& files, std::string_view group, std:
         const auto text = BoundedFile::read(path, maximumBytes);
         if (!text)
             continue;
-        const IniText lines{{text->data(), static_cast<std::size_t>(text->size())}};
+        const IniText lines{*text};
         if (auto name = lines.value(group, key)) {
             if (name->size() >= 2 && name->starts_with('"') && name->ends_with('"'))
                 name = name->substr(1, name->size() - 2);

@@ -1,6 +1,6 @@
 #include "Icons/ImageFile.hpp"
 
-#include "Icons/BoundedFile.hpp"
+#include "Files/BoundedFile.hpp"
 #include "Icons/SvgBudget.hpp"
 
 #include <QBuffer>
@@ -47,8 +47,9 @@ QByteArray formatOf(const QByteArray& content) {
     return content.startsWith("\x89PNG") ? QByteArrayLiteral("png") : QByteArray{};
 }
 
-std::optional<QImage> readPicture(QByteArray content, int side) {
-    QBuffer buffer{&content};
+std::optional<QImage> readPicture(const QByteArray& content, int side) {
+    QBuffer buffer;
+    buffer.setData(content);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader{&buffer, formatOf(content)};
     const QSize size = reader.size();
@@ -61,11 +62,12 @@ std::optional<QImage> readPicture(QByteArray content, int side) {
 }
 
 std::optional<QImage> load(const std::string& path, int side) {
-    auto content = BoundedFile::read(path, maximumBytes);
-    if (!content)
+    const auto file = BoundedFile::read(path, maximumBytes);
+    if (!file)
         return std::nullopt;
-    return looksLikeSvg(*content) ? renderSvg(*content, side)
-                                  : readPicture(std::move(*content), side);
+    const auto content =
+        QByteArray::fromRawData(file->data(), static_cast<qsizetype>(file->size()));
+    return looksLikeSvg(content) ? renderSvg(content, side) : readPicture(content, side);
 }
 
 QImage fitted(const QImage& picture, int side) {

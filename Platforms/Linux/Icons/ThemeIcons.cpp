@@ -36,13 +36,13 @@ QImage genericPicture(const IconTheme& theme, int side) {
     return DrawnIcons::application(side);
 }
 
-/// The extension that some entries add to a name in the theme, against the rules.
-std::string withoutExtension(const std::string& icon) {
+/// Some entries add an extension to a name in the theme, against the rules.
+Names themeNames(const std::string& icon) {
     for (const char* extension : {".png", ".svg", ".xpm"}) {
         if (icon.ends_with(extension))
-            return icon.substr(0, icon.size() - 4);
+            return {icon, icon.substr(0, icon.size() - 4)};
     }
-    return icon;
+    return {icon};
 }
 
 /// The smallest picture that is large enough, else the largest; `pictures` ascend.
@@ -104,18 +104,17 @@ ThemeIcons::ThemeIcons(const DesktopEntryCatalog& catalog, const WindowIconSourc
 
 ImageHandle ThemeIcons::iconForFile(const std::string& path, const std::string& key, Size size) {
     const DesktopEntryIndex& index = catalog_.index();
-    const DesktopEntry* entry = index.findPath(path);
-    if (entry == nullptr)
-        entry = index.find(key);
-    std::optional<DesktopEntry> elsewhere;
-    if (entry == nullptr && path.ends_with(DesktopEntries::extension))
-        elsewhere = catalog_.entryAt(FileURL::fromPath(path));
-    if (elsewhere)
-        entry = &*elsewhere;
+    const IndexedEntry* indexed = index.findPath(path);
+    if (indexed == nullptr)
+        indexed = index.find(key);
 
     ImageHandle image;
-    if (entry != nullptr)
-        image = declaredIcon(entry->icon, size);
+    if (indexed != nullptr) {
+        image = declaredIcon(indexed->entry.icon, size);
+    } else if (path.ends_with(DesktopEntries::extension)) {
+        if (const auto elsewhere = catalog_.entryAt(FileURL::fromPath(path)))
+            image = declaredIcon(elsewhere->icon, size);
+    }
     if (!image)
         image = windowIcon(key, size);
     std::error_code error;
@@ -135,7 +134,7 @@ ImageHandle ThemeIcons::symbol(const std::string& name,
 
 ImageHandle ThemeIcons::declaredIcon(const std::string& icon, Size size) const {
     if (!icon.starts_with('/'))
-        return themeIcon({icon, withoutExtension(icon)}, size);
+        return themeIcon(themeNames(icon), size);
     std::error_code error;
     if (!std::filesystem::is_regular_file(icon, error))
         return nullptr;

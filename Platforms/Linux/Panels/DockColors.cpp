@@ -32,7 +32,7 @@ DockColors light(const Cover& cover) {
     return {
         .glassTop = faded({248, 249, 251}, cover.glassTop),
         .glassBottom = faded({232, 235, 240}, cover.glassBottom),
-        .outline = faded({0, 0, 0}, 48),
+        .outline = faded({0, 0, 0}, 42),
         .highlightTop = faded({255, 255, 255}, 200),
         .highlightBottom = faded({255, 255, 255}, 96),
         .labelGlass = faded({248, 249, 251}, cover.label),
@@ -47,8 +47,8 @@ DockColors dark(const Cover& cover) {
     return {
         .glassTop = faded({54, 56, 62}, cover.glassTop),
         .glassBottom = faded({32, 33, 38}, cover.glassBottom),
-        .outline = faded({0, 0, 0}, 128),
-        .highlightTop = faded({255, 255, 255}, 66),
+        .outline = faded({0, 0, 0}, 96),
+        .highlightTop = faded({255, 255, 255}, 58),
         .highlightBottom = faded({255, 255, 255}, 26),
         .labelGlass = faded({44, 45, 51}, cover.label),
         .text = faded({255, 255, 255}, 235),
