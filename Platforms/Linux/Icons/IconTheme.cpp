@@ -19,17 +19,17 @@ constexpr std::string_view lastTheme = "hicolor";
 constexpr std::size_t maximumIndexBytes = 1U << 20U;
 /// Chains of themes are short; a crafted one could go on.
 constexpr std::size_t maximumThemes = 32;
-/// Sides looked for are few: two sizes for each scale of a display.
-constexpr std::size_t maximumSearches = 16;
 constexpr std::array<std::string_view, 3> extensions{".png", ".svg", ".xpm"};
+
+using Names = std::set<std::string, std::less<>>;
 
 bool isReadable(const std::string& path) {
     return ::access(path.c_str(), R_OK) == 0;
 }
 
 /// The names in a folder; none if it cannot be read.
-std::set<std::string, std::less<>> namesIn(const std::string& folder) {
-    std::set<std::string, std::less<>> names;
+Names namesIn(const std::string& folder) {
+    Names names;
     std::error_code error;
     for (std::filesystem::directory_iterator it{folder, error};
          !error && it != std::filesystem::end(it); it.increment(error)) {
@@ -42,6 +42,11 @@ std::set<std::string, std::less<>> namesIn(const std::string& folder) {
 bool isPlainName(std::string_view name) {
     return !name.empty() && name != "." && name != ".." && !name.contains('/') &&
            !name.contains('\0');
+}
+
+/// The folder that a theme's own folder lies in.
+std::string_view topOf(std::string_view folder) {
+    return folder.substr(0, folder.find('/'));
 }
 
 std::optional<std::string> pictureIn(const std::string& folder, std::string_view icon) {
@@ -80,20 +85,62 @@ bool IconTheme::isInstalled(const Folders& folders, std::string_view name) {
 IconTheme::IconTheme(Folders folders, std::string name)
     : folders_(std::move(folders)), name_(std::move(name)) {}
 
+/// Caches can be out of date although they look new. So what none of them knows is looked for in
+/// the folders themselves.
 std::optional<std::string> IconTheme::find(std::string_view icon, int side) const {
     if (!isPlainName(icon))
         return std::nullopt;
-    for (const Search& theme : searches(side)) {
-        for (const std::string& folder : theme) {
-            if (auto path = pictureIn(folder, icon))
-                return path;
-        }
-    }
+    if (auto path = search(icon, side, true))
+        return path;
+    if (auto path = search(icon, side, false))
+        return path;
     for (const std::string& folder : folders_.pictures) {
         if (auto path = pictureIn(folder, icon))
             return path;
     }
     return std::nullopt;
+}
+
+std::optional<std::string> IconTheme::search(std::string_view icon, int side,
+                                             bool trustsCaches) const {
+    for (const Theme& theme : themes()) {
+        std::vector<Found> found;
+        for (const Root& root : theme.roots) {
+            if (root.cache && trustsCaches) {
+                searchCache(theme, root, icon, found);
+            } else {
+                searchFolders(theme, root, icon, found);
+            }
+        }
+        const auto best =
+            std::ranges::min_element(found, [side](const Found& first, const Found& second) {
+                return IconThemeIndexes::isBetter(first.folder, second.folder, side);
+            });
+        if (best != found.end())
+            return best->path;
+    }
+    return std::nullopt;
+}
+
+void IconTheme::searchCache(const Theme& theme, const Root& root, std::string_view icon,
+                            std::vector<Found>& found) {
+    for (const IconCache::Place& place : root.cache->find(icon)) {
+        const auto folder = theme.folders.find(place.folder);
+        if (folder == theme.folders.end())
+            continue;
+        if (auto path = pictureIn(root.path + '/' + folder->first, icon))
+            found.push_back({folder->second, *std::move(path)});
+    }
+}
+
+void IconTheme::searchFolders(const Theme& theme, const Root& root, std::string_view icon,
+                              std::vector<Found>& found) {
+    for (const auto& [name, folder] : theme.folders) {
+        if (!root.tops.contains(topOf(name)))
+            continue;
+        if (auto path = pictureIn(root.path + '/' + name, icon))
+            found.push_back({folder, *std::move(path)});
+    }
 }
 
 /// Each theme right before its parents, and each once, so that loops end.
@@ -123,50 +170,28 @@ std::optional<IconTheme::Theme> IconTheme::load(std::string_view name,
                                                 std::vector<std::string>& parents) const {
     Theme theme;
     std::optional<IconThemeIndex> index;
-    std::set<std::string, std::less<>> tops;
+    Names tops;
     for (const std::string& folder : folders_.themes) {
         const std::string root = folder + '/' + std::string{name};
-        auto names = namesIn(root);
+        Names names = namesIn(root);
         if (names.empty())
             continue;
-        theme.roots.push_back(root);
         if (!index && names.contains("index.theme")) {
             if (const auto text = BoundedFile::read(root + "/index.theme", maximumIndexBytes))
-                index =
-                    IconThemeIndexes::parse({text->data(), static_cast<std::size_t>(text->size())});
+                index = IconThemeIndexes::parse(*text);
         }
-        tops.merge(names);
+        tops.insert(names.begin(), names.end());
+        theme.roots.push_back({root, std::move(names), IconCache::open(root)});
     }
     if (!index)
         return std::nullopt;
     parents = std::move(index->parents);
     // An index names hundreds of folders of which most installations have few.
-    std::ranges::copy_if(index->folders, std::back_inserter(theme.folders),
-                         [&](const IconFolder& folder) {
-                             return tops.contains(folder.path.substr(0, folder.path.find('/')));
-                         });
-    return theme;
-}
-
-const std::vector<IconTheme::Search>& IconTheme::searches(int side) const {
-    const auto known = searches_.find(side);
-    if (known != searches_.end())
-        return known->second;
-    if (searches_.size() >= maximumSearches)
-        searches_.clear();
-    std::vector<Search> all;
-    for (const Theme& theme : themes()) {
-        Search search;
-        for (const IconFolder& folder : IconThemeIndexes::bestFirst(theme.folders, side)) {
-            for (const std::string& root : theme.roots) {
-                std::string path = root + '/' + folder.path;
-                if (isReadable(path))
-                    search.push_back(std::move(path));
-            }
-        }
-        all.push_back(std::move(search));
+    for (const IconFolder& folder : index->folders) {
+        if (tops.contains(topOf(folder.path)))
+            theme.folders.emplace(folder.path, folder);
     }
-    return searches_.emplace(side, std::move(all)).first->second;
+    return theme;
 }
 
 }

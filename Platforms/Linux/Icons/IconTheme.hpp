@@ -2,11 +2,12 @@
 /// "hicolor", and the folders of pictures without a theme.
 #pragma once
 
+#include "Icons/IconCache.hpp"
 #include "Icons/IconThemeIndex.hpp"
 
-#include <functional>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,26 +36,40 @@ public:
     [[nodiscard]] std::optional<std::string> find(std::string_view icon, int side) const;
 
 private:
-    /// The folders that exist, in the order in which they are to be searched for one size.
-    using Search = std::vector<std::string>;
+    /// A folder of one theme; a theme can be spread over several places.
+    struct Root {
+        std::string path;
+        /// What lies directly in it.
+        std::set<std::string, std::less<>> tops;
+        std::optional<IconCache> cache;
+    };
 
     struct Theme {
-        /// The theme's own folders: one theme can be spread over several places.
-        std::vector<std::string> roots;
-        /// Only those that exist in one of the roots.
-        std::vector<IconFolder> folders;
+        std::vector<Root> roots;
+        /// Only those that exist in one of the roots, by their paths.
+        std::map<std::string, IconFolder, std::less<>> folders;
+    };
+
+    /// A picture and the folder that it was found in.
+    struct Found {
+        IconFolder folder;
+        std::string path;
     };
 
     [[nodiscard]] const std::vector<Theme>& themes() const;
     [[nodiscard]] std::optional<Theme> load(std::string_view name,
                                             std::vector<std::string>& parents) const;
-    [[nodiscard]] const std::vector<Search>& searches(int side) const;
+    [[nodiscard]] std::optional<std::string> search(std::string_view icon, int side,
+                                                    bool trustsCaches) const;
+
+    static void searchCache(const Theme& theme, const Root& root, std::string_view icon,
+                            std::vector<Found>& found);
+    static void searchFolders(const Theme& theme, const Root& root, std::string_view icon,
+                              std::vector<Found>& found);
 
     Folders folders_;
     std::string name_;
     mutable std::optional<std::vector<Theme>> themes_;
-    /// By side length.
-    mutable std::map<int, std::vector<Search>> searches_;
 };
 
 }

@@ -2,7 +2,6 @@
 
 #include "Icons/IniText.hpp"
 
-#include <algorithm>
 #include <charconv>
 #include <cstdlib>
 #include <optional>
@@ -15,6 +14,9 @@ constexpr std::string_view themeGroup = "Icon Theme";
 /// Pixels; also keeps sums of sizes far from overflow.
 constexpr int maximumSize = 4096;
 constexpr int maximumScale = 8;
+/// Pictures smaller than this were drawn for toolbars: doubled for a dense screen they have as many
+/// pixels as those for launchers, but not their detail.
+constexpr int smallestDoubled = 32;
 
 std::optional<int> number(const IniText& text, std::string_view group, std::string_view key) {
     const auto digits = text.value(group, key);
@@ -29,9 +31,11 @@ std::optional<int> number(const IniText& text, std::string_view group, std::stri
 std::optional<IconFolder> folder(const IniText& text, std::string_view path) {
     const auto size = number(text, path, "Size");
     const int scale = number(text, path, "Scale").value_or(1);
-    if (!size || scale > maximumScale || path.starts_with('/') || path.contains(".."))
+    if (!size || scale > maximumScale || (scale > 1 && *size < smallestDoubled) ||
+        path.starts_with('/') || path.contains(".."))
         return std::nullopt;
-    IconFolder folder{std::string{path}, *size * scale, *size * scale, *size * scale};
+    const int pixels = *size * scale;
+    IconFolder folder{std::string{path}, pixels, pixels, pixels};
     const auto type = text.value(path, "Type").value_or("Threshold");
     if (type == "Scalable") {
         folder.smallest = number(text, path, "MinSize").value_or(*size) * scale;
@@ -47,10 +51,10 @@ std::optional<IconFolder> folder(const IniText& text, std::string_view path) {
 /// How many pixels the folder's pictures miss or exceed `side` by: made for it, larger, smaller.
 auto rank(const IconFolder& folder, int side) {
     if (folder.smallest <= side && side <= folder.largest)
-        return std::tuple{0, std::abs(folder.size - side)};
+        return std::tuple{0, std::abs(folder.size - side), folder.order};
     if (folder.smallest > side)
-        return std::tuple{1, folder.smallest - side};
-    return std::tuple{2, side - folder.largest};
+        return std::tuple{1, folder.smallest - side, folder.order};
+    return std::tuple{2, side - folder.largest, folder.order};
 }
 
 }
@@ -60,8 +64,10 @@ IconThemeIndex parse(std::string_view text) {
     IconThemeIndex index;
     for (const std::string_view key : {"Directories", "ScaledDirectories"}) {
         for (const std::string_view path : lines.list(themeGroup, key)) {
-            if (const auto found = folder(lines, path))
-                index.folders.push_back(*found);
+            if (auto found = folder(lines, path)) {
+                found->order = index.folders.size();
+                index.folders.push_back(*std::move(found));
+            }
         }
     }
     for (const std::string_view parent : lines.list(themeGroup, "Inherits")) {
@@ -70,10 +76,8 @@ IconThemeIndex parse(std::string_view text) {
     return index;
 }
 
-std::vector<IconFolder> bestFirst(std::vector<IconFolder> folders, int side) {
-    std::ranges::stable_sort(folders, {},
-                             [side](const IconFolder& folder) { return rank(folder, side); });
-    return folders;
+bool isBetter(const IconFolder& first, const IconFolder& second, int side) {
+    return rank(first, side) < rank(second, side);
 }
 
 }

@@ -2,6 +2,7 @@
 /// falls back on.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,6 +16,8 @@ struct IconFolder {
     int size = 0;
     int smallest = 0;
     int largest = 0;
+    /// Its place in the index: of equally good folders the first counts.
+    std::size_t order = 0;
 
     bool operator==(const IconFolder&) const = default;
 };
@@ -33,9 +36,9 @@ namespace IconThemeIndexes {
 /// are left out.
 [[nodiscard]] IconThemeIndex parse(std::string_view text);
 
-/// The folders in the order in which a picture for `side` pixels is best taken from them: made for
-/// that size, then larger ones, the nearest first, then smaller ones.
-[[nodiscard]] std::vector<IconFolder> bestFirst(std::vector<IconFolder> folders, int side);
+/// Whether a picture for `side` pixels is better taken from the first folder than from the second:
+/// one made for that size before larger ones, the nearest first, before smaller ones.
+[[nodiscard]] bool isBetter(const IconFolder& first, const IconFolder& second, int side);
 
 }
 }

@@ -36,13 +36,13 @@ QImage genericPicture(const IconTheme& theme, int side) {
     return DrawnIcons::application(side);
 }
 
-/// The extension that some entries add to a name in the theme, against the rules.
-std::string withoutExtension(const std::string& icon) {
+/// Some entries add an extension to a name in the theme, against the rules.
+Names themeNames(const std::string& icon) {
     for (const char* extension : {".png", ".svg", ".xpm"}) {
         if (icon.ends_with(extension))
-            return icon.substr(0, icon.size() - 4);
+            return {icon, icon.substr(0, icon.size() - 4)};
     }
-    return icon;
+    return {icon};
 }
 
 /// The smallest picture that is large enough, else the largest; `pictures` ascend.
@@ -134,7 +134,7 @@ ImageHandle ThemeIcons::symbol(const std::string& name,
 
 ImageHandle ThemeIcons::declaredIcon(const std::string& icon, Size size) const {
     if (!icon.starts_with('/'))
-        return themeIcon({icon, withoutExtension(icon)}, size);
+        return themeIcon(themeNames(icon), size);
     std::error_code error;
     if (!std::filesystem::is_regular_file(icon, error))
         return nullptr;
