@@ -37,12 +37,21 @@ TEST(AppCommand, WrappersAreSeenThrough) {
     EXPECT_EQ(fromExec("sh -c 'exec A=1 tool --x'").program, "tool");
 }
 
-TEST(AppCommand, ShellsWithinShellsEnd) {
-    std::string exec = "tool";
-    for (int i = 0; i < 3; ++i)
-        exec = "sh -c \"" + exec + "\"";
+std::string inShells(int count, std::string command) {
+    for (int i = 0; i < count; ++i) {
+        std::string quoted;
+        for (const char c : command)
+            quoted += c == '"' || c == '\\' ? std::string{'\\', c} : std::string{c};
+        command = "sh -c \"";
+        command += quoted;
+        command += '"';
+    }
+    return command;
+}
 
-    EXPECT_NO_FATAL_FAILURE(static_cast<void>(fromExec(exec)));
+TEST(AppCommand, ShellsWithinShellsAreFollowedNotForEver) {
+    EXPECT_EQ(fromExec(inShells(3, "tool")).program, "tool");
+    EXPECT_EQ(fromExec(inShells(12, "tool")).program, "sh");
 }
 
 TEST(AppCommand, AFlatpakIsKnownByItsId) {

@@ -9,6 +9,8 @@
 
 namespace vireline::x11::test {
 
+// GCC wants an initializer for each member that a designated list may leave out.
+// NOLINTBEGIN(readability-redundant-member-init)
 struct EntryShape {
     std::string id;
     std::string exec;
@@ -30,6 +32,8 @@ struct ProcessShape {
     std::string controlGroup = {};
     std::string flatpakID = {};
 };
+
+// NOLINTEND(readability-redundant-member-init)
 
 struct IdentityCase {
     std::string name;

@@ -8,7 +8,6 @@ namespace vireline {
 namespace {
 
 using x11::AppIdentity::appOf;
-using x11::test::EntryShape;
 using x11::test::IdentityCase;
 using x11::test::indexOf;
 

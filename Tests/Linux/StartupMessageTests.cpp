@@ -49,7 +49,7 @@ TEST(StartupMessage, WithoutAnIdOrOfAnotherKindIsNone) {
 }
 
 TEST(StartupMessage, AnyBytesAreMetWithAMessageOrNone) {
-    const std::string whole = "new: ID=\"a b\" NAME=c\\ d SCREEN=0";
+    const std::string whole = R"(new: ID="a b" NAME=c\ d SCREEN=0)";
     std::mt19937 random{3};
     for (int i = 0; i < 20'000; ++i) {
         std::string damaged = whole;

@@ -27,11 +27,21 @@ PropertyReply property(xcb_connection_t* connection, xcb_window_t window, xcb_at
     return PropertyReply{xcb_get_property_reply(connection, cookie, nullptr)};
 }
 
+xcb_connection_t* connectionOfQt() {
+    const auto* native = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    require(native != nullptr, "the application runs on the xcb platform plugin");
+    return native->connection();
+}
+
 xcb_window_t rootOf(xcb_connection_t* connection, int screenNumber) {
     auto screen = xcb_setup_roots_iterator(xcb_get_setup(connection));
     for (; screenNumber > 0 && screen.rem > 1; --screenNumber)
         xcb_screen_next(&screen);
     return screen.data->root;
+}
+
+xcb_intern_atom_cookie_t askForAtom(xcb_connection_t* connection, std::string_view name) {
+    return xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
 }
 
 /// 0 when the server does not have the extension.
@@ -64,13 +74,11 @@ std::optional<xcb_timestamp_t> pressTime(const xcb_generic_event_t& event,
 
 }
 
-X11Connection::X11Connection() {
-    const auto* native = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    require(native != nullptr, "the application runs on the xcb platform plugin");
-    connection_ = native->connection();
-    // Qt opens the screen that DISPLAY names, which a program practically always meets as 0.
-    root_ = rootOf(connection_, screenNumber_);
-    inputExtension_ = opcodeOf(connection_, "XInputExtension");
+// Qt opens the screen that DISPLAY names, which a program practically always meets as 0.
+X11Connection::X11Connection()
+    : connection_(connectionOfQt())
+    , root_(rootOf(connection_, screenNumber_))
+    , inputExtension_(opcodeOf(connection_, "XInputExtension")) {
     qGuiApp->installNativeEventFilter(this);
 }
 
@@ -83,8 +91,7 @@ xcb_atom_t X11Connection::atom(std::string_view name) const {
     const auto [entry, isNew] = atoms_.try_emplace(std::string{name}, XCB_ATOM_NONE);
     if (!isNew)
         return entry->second;
-    const auto cookie =
-        xcb_intern_atom(connection_, 0, static_cast<std::uint16_t>(name.size()), name.data());
+    const auto cookie = askForAtom(connection_, name);
     const Owned<xcb_intern_atom_reply_t> reply{xcb_intern_atom_reply(connection_, cookie, nullptr)};
     if (reply)
         entry->second = reply->atom;
@@ -94,10 +101,8 @@ xcb_atom_t X11Connection::atom(std::string_view name) const {
 void X11Connection::intern(std::span<const std::string_view> names) const {
     std::vector<std::pair<std::string_view, xcb_intern_atom_cookie_t>> asked;
     for (const std::string_view name : names) {
-        if (!atoms_.contains(std::string{name})) {
-            const auto length = static_cast<std::uint16_t>(name.size());
-            asked.emplace_back(name, xcb_intern_atom(connection_, 0, length, name.data()));
-        }
+        if (!atoms_.contains(std::string{name}))
+            asked.emplace_back(name, askForAtom(connection_, name));
     }
     for (const auto& [name, cookie] : asked) {
         const Owned<xcb_intern_atom_reply_t> reply{

@@ -23,8 +23,8 @@ namespace vireline::x11 {
 
 struct Freed {
     void operator()(void* memory) const noexcept {
-        std::free(
-            memory); // NOLINT(cppcoreguidelines-owning-memory): xcb hands out malloc'ed memory
+        // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): xcb hands out malloc'ed memory
+        std::free(memory);
     }
 };
 
@@ -103,10 +103,10 @@ private:
               std::string_view message, std::span<const std::uint32_t> data) const;
     bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
 
-    xcb_connection_t* connection_ = nullptr;
-    xcb_window_t root_ = XCB_NONE;
+    xcb_connection_t* connection_;
     int screenNumber_ = 0;
-    std::uint8_t inputExtension_ = 0;
+    xcb_window_t root_;
+    std::uint8_t inputExtension_;
     xcb_timestamp_t userTime_ = XCB_CURRENT_TIME;
     mutable std::unordered_map<std::string, xcb_atom_t> atoms_;
     CallbackList<const xcb_generic_event_t&> events_;

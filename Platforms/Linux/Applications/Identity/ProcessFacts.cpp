@@ -3,11 +3,11 @@
 #include "Applications/Identity/PlainText.hpp"
 #include "Files/BoundedFile.hpp"
 
-#include <limits.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
+#include <climits>
 #include <optional>
 
 namespace vireline::x11::ProcessInspection {

@@ -8,15 +8,16 @@ void LaunchTracker::begin(const std::string& startupID, const IdentifiedApp& app
     if (find(startupID) != nullptr)
         return;
     if (launches_.size() >= maximumLaunches) {
-        fail(launches_.front().startupID);
+        fail(std::string{launches_.front().startupID});
         launches_.erase(launches_.begin());
     }
     Launch& launch = launches_.emplace_back();
     launch.startupID = startupID;
     launch.app = app;
     launch.isOurs = isOurs;
-    launch.patience =
-        runLoop_.after(patienceSeconds, lifetime_.guard([this, startupID] { fail(startupID); }));
+    // The timer owns what it captured, and failing ends the timer.
+    launch.patience = runLoop_.after(
+        patienceSeconds, lifetime_.guard([this, startupID] { fail(std::string{startupID}); }));
     if (onWillLaunch)
         onWillLaunch(app);
 }
@@ -38,11 +39,9 @@ bool LaunchTracker::fail(const std::string& startupID) {
     launch->isPending = false;
     const bool isOurs = launch->isOurs;
     const IdentifiedApp app = launch->app;
-    // A copy, since the timer that may be calling owns the text.
-    const std::string ended = startupID;
     launch->patience.reset();
     if (isOurs && onOurEnd)
-        onOurEnd(ended);
+        onOurEnd(startupID);
     if (onFailed)
         onFailed(app);
     return true;
@@ -71,7 +70,7 @@ std::optional<IdentifiedApp> LaunchTracker::launchedApp(const std::string& start
     const auto launch = std::ranges::find(launches_, startupID, &Launch::startupID);
     if (startupID.empty() || launch == launches_.end() || !launch->isOurs)
         return std::nullopt;
-    if (launch->owner && *launch->owner != processIdentifier)
+    if (launch->owner.value_or(processIdentifier) != processIdentifier)
         return std::nullopt;
     return launch->app;
 }

@@ -45,6 +45,7 @@ Result<Children> start(const std::string& path, GAppLaunchContext* context) {
         return std::unexpected(nothingToStart());
     Children children;
     GError* error = nullptr;
+    // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): C's way with flags
     const auto flags = static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_DO_NOT_REAP_CHILD);
     if (g_desktop_app_info_launch_uris_as_manager(info.get(), nullptr, context, flags, startSession,
                                                   nullptr, noteChild, &children, &error) == FALSE)
@@ -96,6 +97,7 @@ void watch(GPid child, FailureHandler onFailure) {
     const auto end = [](gpointer data) {
         std::unique_ptr<FailureHandler>{static_cast<FailureHandler*>(data)}.reset();
     };
+    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): GLib ends it through `end`
     g_child_watch_add_full(G_PRIORITY_DEFAULT, child, ended, handler.release(), end);
 }
 

@@ -197,11 +197,13 @@ void ClientWindowReader::completeStartupIDs(PropertyBatch& batch,
     PropertyBatch leaders{connection_};
     std::vector<std::pair<std::size_t, ClientWindow*>> asked;
     for (std::size_t i = 0; i < windows.size(); ++i) {
-        const auto leader = batch.word(requests[i].leader, XCB_ATOM_WINDOW);
-        if (!windows[i] || !windows[i]->traits.startupID.empty() || !leader ||
-            *leader == windows[i]->id)
+        auto& window = windows[i];
+        if (!window || !window->traits.startupID.empty())
             continue;
-        asked.emplace_back(leaders.ask(*leader, "_NET_STARTUP_ID", maximumTextBytes), &*windows[i]);
+        const xcb_window_t leader =
+            batch.word(requests[i].leader, XCB_ATOM_WINDOW).value_or(window->id);
+        if (leader != window->id)
+            asked.emplace_back(leaders.ask(leader, "_NET_STARTUP_ID", maximumTextBytes), &*window);
     }
     for (const auto& [request, window] : asked)
         window->traits.startupID = PlainText::clean(leaders.bytes(request), maximumTextBytes);
