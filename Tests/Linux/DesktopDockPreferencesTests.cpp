@@ -102,12 +102,12 @@ protected:
     }
 
     void setFavorites(std::vector<const char*> names) const {
-        settings->set("org.gnome.shell", nullptr, "favorite-apps", std::move(names));
+        settings.value().set("org.gnome.shell", nullptr, "favorite-apps", std::move(names));
     }
 
     void setPlankOrder(std::vector<const char*> names) const {
-        settings->set("net.launchpad.plank.dock.settings", plankPath, "dock-items",
-                      std::move(names));
+        settings.value().set("net.launchpad.plank.dock.settings", plankPath, "dock-items",
+                             std::move(names));
     }
 
     /// A launcher as Plank writes it.
@@ -131,7 +131,7 @@ protected:
 
     /// The URLs of all tiles; one text "nothing" when there is no list at all.
     std::vector<std::string> urls() {
-        const auto apps = preferences->persistentApps();
+        const auto apps = preferences.value().persistentApps();
         if (!apps || apps->array() == nullptr)
             return {"nothing"};
         std::vector<std::string> found;
@@ -143,6 +143,7 @@ protected:
 
     static std::vector<std::string> entryURLs(const std::vector<std::string>& names) {
         std::vector<std::string> found;
+        found.reserve(names.size());
         for (const std::string& name : names)
             found.push_back(entry(name).absoluteString());
         return found;
@@ -169,11 +170,11 @@ protected:
 TEST_F(DesktopDockPreferencesTest, OffersTheWellKnownAppsThatAreInstalledWhenThereIsNoList) {
     start();
 
-    const auto apps = preferences->persistentApps();
+    const auto apps = preferences.value().persistentApps();
 
     EXPECT_EQ(urls(), entryURLs({"files", "web"}));
     ASSERT_TRUE(apps);
-    const PropertyList& first = apps->array()->front();
+    const PropertyList& first = apps.value().array()->front();
     EXPECT_EQ(*first.find("tile-data")->find("file-label")->string(), "The files");
     EXPECT_EQ(*first.find("tile-data")->find("bundle-identifier")->string(), "files");
 }

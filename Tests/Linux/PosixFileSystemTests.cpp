@@ -68,13 +68,10 @@ private:
     bool isOther_ = false;
 };
 
-/// A file system of one page, or none when mounting is not allowed here.
+/// A file system of four pages, or none when mounting is not allowed here.
 class TinyDisk {
 public:
-    explicit TinyDisk(FileURL folder) : folder_(std::move(folder)) {
-        test::makeFolder(folder_);
-        isMounted_ = ::mount("tmpfs", folder_.path().c_str(), "tmpfs", 0, "size=16k") == 0;
-    }
+    explicit TinyDisk(const FileURL& folder) : folder_(folder), isMounted_(mountOn(folder)) {}
     TinyDisk(const TinyDisk&) = delete;
     TinyDisk& operator=(const TinyDisk&) = delete;
     TinyDisk(TinyDisk&&) = delete;
@@ -87,8 +84,13 @@ public:
     [[nodiscard]] bool isMounted() const { return isMounted_; }
 
 private:
+    static bool mountOn(const FileURL& folder) {
+        test::makeFolder(folder);
+        return ::mount("tmpfs", folder.path().c_str(), "tmpfs", 0, "size=16k") == 0;
+    }
+
     FileURL folder_;
-    bool isMounted_ = false;
+    bool isMounted_;
 };
 
 TEST_F(PosixFileSystemTest, ReadsBackWhatItWrote) {
@@ -133,7 +135,7 @@ TEST_F(PosixFileSystemTest, ReplacesALinkInsteadOfWritingThroughIt) {
 
 TEST_F(PosixFileSystemTest, KeepsTheOldFileWhenTheFolderIsReadOnly) {
     ASSERT_TRUE(fileSystem.writeAtomically(file, "old"));
-    fs::permissions(temporary.path(), fs::perms{0555});
+    ASSERT_EQ(::chmod(folder.path().c_str(), 0555), 0);
 
     const auto written = [&] {
         const AsOrdinaryUser user;
@@ -149,7 +151,7 @@ TEST_F(PosixFileSystemTest, KeepsTheOldFileWhenTheFolderIsReadOnly) {
     EXPECT_EQ(written.error().description, file.path() + ": Permission denied");
     ASSERT_FALSE(made);
     EXPECT_EQ(made.error().code, EACCES);
-    fs::permissions(temporary.path(), fs::perms{0755});
+    ASSERT_EQ(::chmod(folder.path().c_str(), 0755), 0);
     EXPECT_EQ(content(file), "old");
     EXPECT_EQ(names(), Names{"preferences.json"});
 }
@@ -254,7 +256,7 @@ TEST_F(PosixFileSystemTest, CreatesAllMissingFoldersForTheUserAlone) {
 TEST_F(PosixFileSystemTest, LeavesAFolderThatExistsAsItIs) {
     const FileURL shared = folder.appending("shared");
     test::makeFolder(shared);
-    fs::permissions(shared.path(), fs::perms{0755});
+    ASSERT_EQ(::chmod(shared.path().c_str(), 0755), 0);
 
     EXPECT_TRUE(fileSystem.createFolder(shared));
 

@@ -132,6 +132,7 @@ int QtApplication::run(std::function<void()> onFinishedLaunching) {
     if (isTerminated_)
         return 0;
     Starter starter{std::move(onFinishedLaunching)};
+    // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): Qt deletes it
     QCoreApplication::postEvent(&starter, new QEvent{QEvent::User},
                                 std::numeric_limits<int>::max());
     return QApplication::exec();

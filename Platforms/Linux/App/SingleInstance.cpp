@@ -2,6 +2,7 @@
 
 #include "X11/X11Connection.hpp"
 
+#include <QTimer>
 #include <array>
 #include <cstring>
 #include <string>
@@ -116,7 +117,7 @@ void SingleInstance::listen() {
     QObject::connect(notifier_.get(), &QSocketNotifier::activated, [this] { readEvents(); });
     // Events that came along with earlier replies are in memory; the descriptor knows nothing of
     // them.
-    QMetaObject::invokeMethod(notifier_.get(), [this] { readEvents(); }, Qt::QueuedConnection);
+    QTimer::singleShot(0, notifier_.get(), [this] { readEvents(); });
 }
 
 void SingleInstance::readEvents() {

@@ -43,7 +43,6 @@ std::unique_ptr<QApplication> makeApplication(int& argumentCount, char** argumen
 // An argument outranks QT_QPA_PLATFORM, and "-name" is the instance part of WM_CLASS.
 XcbApplication::XcbApplication()
     : arguments_{"vireline", "-platform", "xcb", "-name", "vireline"}
-    , argumentPointers_{}
     , argumentCount_(static_cast<int>(arguments_.size())) {
     std::ranges::transform(arguments_, argumentPointers_.begin(),
                            [](std::string& argument) { return argument.data(); });

@@ -19,7 +19,7 @@ public:
 private:
     std::array<std::string, 5> arguments_;
     /// Qt keeps references to these two for as long as it lives, and takes out what it understood.
-    std::array<char*, 6> argumentPointers_;
+    std::array<char*, 6> argumentPointers_{};
     int argumentCount_;
     std::unique_ptr<QApplication> application_;
 };

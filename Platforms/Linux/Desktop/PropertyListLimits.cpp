@@ -16,7 +16,7 @@ constexpr std::size_t trailerBytes = 32;
 
 /// The kind of a value, which is the upper half of its first byte. Kinds that the parser does not
 /// know, such as the null value, are not admitted.
-enum Kind : unsigned {
+enum Kind : std::uint8_t {
     boolean = 0x0,
     integer = 0x1,
     real = 0x2,

@@ -7,6 +7,7 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 
 namespace vireline::x11 {
@@ -14,15 +15,21 @@ namespace {
 
 using Root = GLibHandle<void, plist_free>;
 
-/// Something that libplist has from malloc.
-template <class T>
-using Allocated = GLibHandle<T, std::free>;
+struct Free {
+    void operator()(void* memory) const noexcept {
+        // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): libplist hands out malloc'ed memory
+        std::free(memory);
+    }
+};
 
-std::string validText(std::string_view text) {
-    const auto length = static_cast<gssize>(text.size());
-    if (g_utf8_validate(text.data(), length, nullptr) != 0)
-        return std::string{text};
-    const GLibHandle<char, g_free> mended{g_utf8_make_valid(text.data(), length)};
+template <class T>
+using Allocated = std::unique_ptr<T, Free>;
+
+std::string validText(const char* text, std::size_t length) {
+    const auto signedLength = static_cast<gssize>(length);
+    if (g_utf8_validate(text, signedLength, nullptr) != 0)
+        return {text, length};
+    const GLibHandle<char, g_free> mended{g_utf8_make_valid(text, signedLength)};
     return mended.get();
 }
 
@@ -31,7 +38,7 @@ PropertyList text(plist_t node) {
     const char* characters = plist_get_string_ptr(node, &length);
     if (characters == nullptr)
         return PropertyList{""};
-    return PropertyList{validText({characters, static_cast<std::size_t>(length)})};
+    return PropertyList{validText(characters, static_cast<std::size_t>(length))};
 }
 
 PropertyList data(plist_t node) {
@@ -79,7 +86,8 @@ std::optional<PropertyList> dictionary(plist_t node, int depth) {
         auto converted = value(item, depth + 1);
         if (!converted)
             return std::nullopt;
-        entries.insert_or_assign(validText(key.get()), *std::move(converted));
+        entries.insert_or_assign(validText(key.get(), std::strlen(key.get())),
+                                 *std::move(converted));
     }
 }
 

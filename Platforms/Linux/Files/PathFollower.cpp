@@ -69,10 +69,9 @@ public:
         while (!ahead_.empty()) {
             const std::string name = std::move(ahead_.front());
             ahead_.pop_front();
-            auto step = take(name);
-            if (!step || !*step)
-                return step;
-            last_ = **step;
+            last_ = take(name);
+            if (!last_ || !last_->has_value())
+                break;
         }
         return last_;
     }
@@ -141,14 +140,15 @@ private:
     int inotify_;
     std::deque<std::string> ahead_;
     std::string folder_ = "/";
-    std::optional<WatchID> last_ = unwatched;
+    /// The watch of the step taken last.
+    Result<std::optional<WatchID>> last_ = unwatched;
     int links_ = 0;
     std::set<WatchID> watches_;
 };
 
 class PathFollower {
 public:
-    PathFollower(FileURL url, std::function<void(PathEvents)> handler)
+    PathFollower(const FileURL& url, std::function<void(PathEvents)> handler)
         : path_(url.path())
         , handler_(std::move(handler))
         , inotify_(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {}
@@ -212,6 +212,8 @@ private:
         Pending pending;
         alignas(inotify_event) std::array<char, 16UL * 1024> buffer{};
         for (int reads = 0; reads < readsInOneTurn; ++reads) {
+            // The lock meant by the check is that of a weak pointer, and nothing here blocks.
+            // NOLINTNEXTLINE(clang-analyzer-unix.BlockInCriticalSection)
             const ssize_t length = ::read(inotify_.get(), buffer.data(), buffer.size());
             if (length < 0 && errno == EINTR)
                 continue;

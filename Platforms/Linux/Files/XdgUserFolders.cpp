@@ -40,7 +40,7 @@ XdgUserFolders::XdgUserFolders()
           absolutePath(std::getenv("XDG_CONFIG_HOME")).value_or(home_.appending(".config"))) {}
 
 std::optional<FileURL> XdgUserFolders::downloads() const {
-    const auto named = absolutePath(g_get_user_special_dir(G_USER_DIRECTORY_DOWNLOAD));
+    auto named = absolutePath(g_get_user_special_dir(G_USER_DIRECTORY_DOWNLOAD));
     if (named && *named != home_ && isFolder(*named))
         return named;
     const FileURL usual = home_.appending("Downloads");

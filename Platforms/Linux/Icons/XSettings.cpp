@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <utility>
+#include <variant>
 
 namespace vireline::x11::XSettings {
 namespace {
@@ -58,8 +58,13 @@ private:
     bool isLittleEndian_ = true;
 };
 
-/// The next setting's name and, for a text, its value; nothing at the first that is malformed.
-std::optional<std::pair<std::string_view, std::optional<std::string_view>>> next(Reader& reader) {
+struct Setting {
+    std::string_view name;
+    std::variant<std::monostate, std::string_view, std::uint32_t> value;
+};
+
+/// Nothing at the first setting that is malformed.
+std::optional<Setting> next(Reader& reader) {
     const auto kind = reader.number(1);
     reader.take(1);
     const auto name = reader.text(reader.number(2));
@@ -68,14 +73,15 @@ std::optional<std::pair<std::string_view, std::optional<std::string_view>>> next
         return std::nullopt;
     switch (static_cast<Kind>(*kind)) {
     case Kind::integer:
-        reader.take(4);
-        return std::pair{*name, std::nullopt};
+        if (const auto value = reader.number(4))
+            return Setting{*name, *value};
+        return std::nullopt;
     case Kind::colour:
         reader.take(8);
-        return std::pair{*name, std::nullopt};
+        return Setting{*name, {}};
     case Kind::text:
         if (const auto value = reader.text(reader.number(4)))
-            return std::pair{*name, std::optional{*value}};
+            return Setting{*name, *value};
         return std::nullopt;
     }
     return std::nullopt;
@@ -83,22 +89,25 @@ std::optional<std::pair<std::string_view, std::optional<std::string_view>>> next
 
 }
 
-Texts parse(std::string_view bytes) {
+Values parse(std::string_view bytes) {
     Reader reader{bytes};
     reader.take(4);
     const std::uint32_t count = reader.number(4).value_or(0);
-    Texts texts;
+    Values values;
     for (std::uint32_t i = 0; i < count; ++i) {
         const auto setting = next(reader);
         if (!setting)
             break;
-        if (setting->second)
-            texts.emplace(setting->first, *setting->second);
+        if (const auto* text = std::get_if<std::string_view>(&setting->value)) {
+            values.texts.emplace(setting->name, *text);
+        } else if (const auto* number = std::get_if<std::uint32_t>(&setting->value)) {
+            values.numbers.emplace(setting->name, static_cast<std::int32_t>(*number));
+        }
     }
-    return texts;
+    return values;
 }
 
-Texts read(const X11Connection& connection) {
+Values read(const X11Connection& connection) {
     const std::string selection = "_XSETTINGS_S" + std::to_string(connection.screenNumber());
     const Owned<xcb_get_selection_owner_reply_t> owner{xcb_get_selection_owner_reply(
         connection.get(), xcb_get_selection_owner(connection.get(), connection.atom(selection)),

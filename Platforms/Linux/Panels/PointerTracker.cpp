@@ -1,5 +1,7 @@
 #include "Panels/PointerTracker.hpp"
 
+#include <utility>
+
 namespace vireline::x11 {
 
 using Kind = PointerEvent::Kind;
@@ -60,10 +62,7 @@ void PointerTracker::left(const Whereabouts& now) {
         return;
     if (isPressed_ && now.isPrimaryHeld)
         return;
-    if (isPressed_) {
-        isPressed_ = false;
-        send(Kind::cancelled);
-    }
+    cancelled();
     if (now.isOverWindow) {
         isInDoubt_ = isInside_;
     } else {
@@ -71,13 +70,15 @@ void PointerTracker::left(const Whereabouts& now) {
     }
 }
 
+void PointerTracker::cancelled() {
+    if (std::exchange(isPressed_, false))
+        send(Kind::cancelled);
+}
+
 void PointerTracker::menuOpened() {
     isInDoubt_ = false;
     hasMenu_ = true;
-    if (isPressed_) {
-        isPressed_ = false;
-        send(Kind::cancelled);
-    }
+    cancelled();
 }
 
 void PointerTracker::menuClosed(const Whereabouts& now) {
@@ -91,10 +92,7 @@ void PointerTracker::menuClosed(const Whereabouts& now) {
 
 void PointerTracker::hidden() {
     isInDoubt_ = false;
-    if (isPressed_) {
-        isPressed_ = false;
-        send(Kind::cancelled);
-    }
+    cancelled();
     leave();
 }
 

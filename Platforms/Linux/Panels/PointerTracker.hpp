@@ -29,6 +29,9 @@ public:
     void released(Point position, bool isOverWindow);
     void left(const Whereabouts& now);
 
+    /// The user thought better of what the button is held down for.
+    void cancelled();
+
     /// Until it closes, the pointer belongs to the menu.
     void menuOpened();
     void menuClosed(const Whereabouts& now);

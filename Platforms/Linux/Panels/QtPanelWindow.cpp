@@ -221,6 +221,12 @@ void QtPanelWindow::mouseReleaseEvent(QMouseEvent* event) {
         pointer_.released(viewPosition(event->position()), takesPointer(event->position()));
 }
 
+/// Keys arrive only while a drag holds the keyboard.
+void QtPanelWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape)
+        pointer_.cancelled();
+}
+
 void QtPanelWindow::surfaceCreated() {
     window_ = static_cast<xcb_window_t>(winId());
     surface_.emplace(context_.connection, window_);
@@ -421,26 +427,35 @@ void QtPanelWindow::pointerLeft() {
     }
 }
 
-void QtPanelWindow::popUpMenu(const Menu& menu, Point at,
-                              std::function<void(std::size_t)> onChoice) {
+Timer QtPanelWindow::requestFrame(std::function<void()> onFrame) {
+    if (const QScreen* const shownOn = context_.screens.qtScreen(displayID_))
+        frames_.setRefreshRate(shownOn->refreshRate());
+    return frames_.request(std::move(onFrame));
+}
+
+void QtPanelWindow::watchForCancel(bool watches) {
+    setKeyboardGrabEnabled(watches);
+}
+
+void QtPanelWindow::popUpMenu(const Menu& menu, Point at, MenuClosed onClose) {
     QScreen* const screen = context_.screens.qtScreen(displayID_);
     if (screen == nullptr || menu.entries.empty())
-        return;
+        return onClose(std::nullopt);
     const QPointF rootPixel = mapping_.toPixels(at) + QPointF(target_.x, target_.y);
     pointer_.menuOpened();
     menu_ = std::make_unique<PopUpMenu>(
         menu, *screen, qtPosition(*screen, display_, rootPixel),
-        [this, onChoice = std::move(onChoice)](std::optional<std::size_t> chosen) {
-            menuClosed(chosen, onChoice);
+        [this, onClose = std::move(onClose)](std::optional<std::size_t> chosen) {
+            menuClosed(chosen, onClose);
         });
 }
 
-void QtPanelWindow::menuClosed(std::optional<std::size_t> chosen,
-                               const std::function<void(std::size_t)>& onChoice) {
+void QtPanelWindow::menuClosed(std::optional<std::size_t> chosen, const MenuClosed& onClose) {
+    // The menu owns the callback, and what it does may end this window.
+    const MenuClosed tell = onClose;
     menu_.reset();
     pointer_.menuClosed(whereabouts());
-    if (chosen)
-        onChoice(*chosen);
+    tell(chosen);
 }
 
 }

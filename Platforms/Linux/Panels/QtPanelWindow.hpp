@@ -6,6 +6,7 @@
 #include "Foundation/Lifetime.hpp"
 #include "Foundation/ScopedHandle.hpp"
 #include "Panels/DockColors.hpp"
+#include "Panels/FrameClock.hpp"
 #include "Panels/PanelSurface.hpp"
 #include "Panels/PointerTracker.hpp"
 #include "Panels/PopUpMenu.hpp"
@@ -52,13 +53,16 @@ public:
     void present(const Scene& scene) override;
     void orderFrontRegardless() override;
     void orderOut() override;
-    void popUpMenu(const Menu& menu, Point at, std::function<void(std::size_t)> onChoice) override;
+    [[nodiscard]] Timer requestFrame(std::function<void()> onFrame) override;
+    void watchForCancel(bool watches) override;
+    void popUpMenu(const Menu& menu, Point at, MenuClosed onClose) override;
 
 private:
     bool event(QEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
     void observe();
     void handleNative(const xcb_generic_event_t& event);
@@ -84,8 +88,7 @@ private:
     [[nodiscard]] bool takesPointer(QPointF position) const;
     [[nodiscard]] PointerTracker::Whereabouts whereabouts() const;
     void pointerLeft();
-    void menuClosed(std::optional<std::size_t> chosen,
-                    const std::function<void(std::size_t)>& onChoice);
+    void menuClosed(std::optional<std::size_t> chosen, const MenuClosed& onClose);
 
     PanelContext context_;
     std::uint32_t displayID_;
@@ -107,6 +110,7 @@ private:
     std::optional<PanelSurface> surface_;
     std::optional<WindowShape> shape_;
     QTimer doubt_;
+    FrameClock frames_;
     std::unique_ptr<PopUpMenu> menu_;
     std::vector<Subscription> subscriptions_;
     Lifetime lifetime_;

@@ -33,8 +33,8 @@ QRectF drawnRect(const SceneNode& node, const ViewMapping& mapping) {
     const auto along = [&](double value, double fixed, double offset) {
         return fixed + (value - fixed) * node.scale + offset;
     };
-    return mapping.pixels({along(node.frame.x, anchor.x, node.offset.x),
-                           along(node.frame.y, anchor.y, node.offset.y),
+    return mapping.pixels({along(node.frame.x, anchor.x, node.offset().x),
+                           along(node.frame.y, anchor.y, node.offset().y),
                            node.frame.width * node.scale, node.frame.height * node.scale});
 }
 

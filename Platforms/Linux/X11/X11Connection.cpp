@@ -196,6 +196,17 @@ void X11Connection::deselectInput(xcb_window_t window, std::uint32_t eventMask) 
 
 void X11Connection::sendToRoot(xcb_window_t window, std::string_view message,
                                std::span<const std::uint32_t> data) const {
+    send(root_, XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY, window,
+         message, data);
+}
+
+void X11Connection::sendToWindow(xcb_window_t window, std::string_view message,
+                                 std::span<const std::uint32_t> data) const {
+    send(window, XCB_EVENT_MASK_NO_EVENT, window, message, data);
+}
+
+void X11Connection::send(xcb_window_t destination, std::uint32_t eventMask, xcb_window_t window,
+                         std::string_view message, std::span<const std::uint32_t> data) const {
     xcb_client_message_event_t event{};
     event.response_type = XCB_CLIENT_MESSAGE;
     event.format = 32;
@@ -204,9 +215,7 @@ void X11Connection::sendToRoot(xcb_window_t window, std::string_view message,
     std::ranges::copy(data.first(std::min<std::size_t>(data.size(), 5)), event.data.data32);
     std::array<char, 32> bytes{};
     std::memcpy(bytes.data(), &event, sizeof event);
-    xcb_send_event(connection_, 0, root_,
-                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
-                   bytes.data());
+    xcb_send_event(connection_, 0, destination, eventMask, bytes.data());
 }
 
 void X11Connection::flush() const {

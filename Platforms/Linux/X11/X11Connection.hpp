@@ -84,6 +84,9 @@ public:
     /// Sends a client message about `window` to the root window, as EWMH asks for.
     void sendToRoot(xcb_window_t window, std::string_view message,
                     std::span<const std::uint32_t> data) const;
+    /// Sends a client message to the client that made `window`.
+    void sendToWindow(xcb_window_t window, std::string_view message,
+                      std::span<const std::uint32_t> data) const;
 
     void flush() const;
 
@@ -96,6 +99,8 @@ public:
     [[nodiscard]] Subscription observe(std::function<void(const xcb_generic_event_t&)> handler);
 
 private:
+    void send(xcb_window_t destination, std::uint32_t eventMask, xcb_window_t window,
+              std::string_view message, std::span<const std::uint32_t> data) const;
     bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
 
     xcb_connection_t* connection_ = nullptr;

@@ -136,7 +136,9 @@ private:
 
 std::optional<DesktopEntry> parse(std::string_view text, std::string id, std::string path,
                                   std::span<const std::string> languages) {
-    DesktopEntry entry{.id = std::move(id), .path = std::move(path)};
+    DesktopEntry entry;
+    entry.id = std::move(id);
+    entry.path = std::move(path);
     Reader reader{languages, entry};
     bool isInGroup = false;
     while (!text.empty()) {

@@ -49,7 +49,7 @@ private:
         const std::string& path = item.path().native();
         if (path.ends_with(DesktopEntries::extension)) {
             std::string relative = path.substr(root_.native().size() + 1);
-            if (PlainText::isClean(relative))
+            if (PlainText::isClean(relative) && relative != DesktopEntries::extension)
                 found_.push_back(std::move(relative));
             return;
         }
@@ -79,7 +79,8 @@ std::vector<DesktopEntry> scan(std::span<const FileURL> folders,
                                std::span<const std::string> languages) {
     std::vector<DesktopEntry> entries;
     for (const auto& folder : folders) {
-        for (const auto& relative : Walk{folder}.found()) {
+        const Walk walk{folder};
+        for (const auto& relative : walk.found()) {
             auto entry =
                 read(folder.appending(relative).path(), DesktopEntries::idFor(relative), languages);
             if (entry)

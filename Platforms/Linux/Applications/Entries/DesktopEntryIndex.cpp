@@ -23,7 +23,8 @@ std::string tailOf(std::string_view foldedID) {
 }
 
 IndexedEntry indexed(DesktopEntry entry) {
-    IndexedEntry result{.entry = std::move(entry)};
+    IndexedEntry result;
+    result.entry = std::move(entry);
     result.foldedID = PlainText::folded(result.entry.id);
     result.tail = tailOf(result.foldedID);
     result.foldedWMClass = PlainText::folded(result.entry.startupWMClass);

@@ -85,7 +85,9 @@ bool isOption(std::string_view word) {
 }
 
 Process prepared(const ProcessFacts& facts) {
-    Process process{.facts = facts, .command = AppCommands::fromArguments(facts.arguments)};
+    Process process;
+    process.facts = facts;
+    process.command = AppCommands::fromArguments(facts.arguments);
     process.programs.push_back(process.command.program);
     if (process.command.interpreter.empty())
         process.programs.push_back(facts.executable);

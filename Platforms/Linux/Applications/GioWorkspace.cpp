@@ -1,0 +1,112 @@
+#include "Applications/GioWorkspace.hpp"
+
+#include "App/DevLog.hpp"
+#include "Applications/Identity/PlainText.hpp"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <iterator>
+#include <system_error>
+
+namespace vireline::x11 {
+namespace {
+
+std::string described(const PlatformError& error) {
+    return PlainText::clean(error.description, 1024);
+}
+
+/// Programs that other programs are started from hand the ID on to all of those, and some entries
+/// say that theirs does not know what to do with one.
+bool wantsStartupID(const DesktopEntry& entry) {
+    return !entry.terminal && !entry.isTerminalEmulator && entry.startupNotify.value_or(true);
+}
+
+bool exists(const FileURL& url) {
+    std::error_code error;
+    return std::filesystem::exists(url.path(), error);
+}
+
+}
+
+GioWorkspace::GioWorkspace(X11Connection& connection, const DesktopEntryCatalog& catalog,
+                           EwmhRunningApplications& running, const UserFolders& folders)
+    : connection_(connection), catalog_(catalog), running_(running), folders_(folders) {}
+
+void GioWorkspace::openApplication(const std::string& bundleID, const FileURL& url) {
+    if (running_.bringForward(bundleID))
+        return;
+    if (const auto entry = catalog_.entryAt(url))
+        launch(bundleID, *entry);
+    else
+        DevLog::write("launch failed " + bundleID + ": no desktop entry");
+}
+
+void GioWorkspace::open(const FileURL& url) {
+    std::vector<std::string> uris{url.absoluteString()};
+    if (url == folders_.trash())
+        uris = {"trash:///", url.appending("files").absoluteString()};
+    launcher_.open(
+        std::move(uris), fileManagerPath(), lifetime_.guard([url](const Result<void>& outcome) {
+            if (!outcome)
+                DevLog::write("open failed " + PlainText::clean(url.lastPathComponent()) + ": " +
+                              described(outcome.error()));
+        }));
+}
+
+void GioWorkspace::reveal(const std::vector<FileURL>& urls) {
+    std::vector<FileURL> files;
+    std::ranges::copy_if(urls, std::back_inserter(files), exists);
+    if (files.empty()) {
+        DevLog::write("reveal failed: no such file");
+        return;
+    }
+    std::vector<std::string> uris;
+    std::ranges::transform(files, std::back_inserter(uris), &FileURL::absoluteString);
+    fileManager_.showItems(
+        std::move(uris), lifetime_.guard([this, files](const Result<void>& outcome) {
+            if (outcome)
+                return;
+            DevLog::write("reveal failed, opening the folder: " + described(outcome.error()));
+            openFolders(files);
+        }));
+}
+
+/// A desktop need not say which program opens folders for there to be one.
+std::string GioWorkspace::fileManagerPath() const {
+    const auto* found = catalog_.index().find(catalog_.fileManager().bundleID);
+    return found == nullptr ? std::string{} : found->entry.path;
+}
+
+void GioWorkspace::launch(const std::string& bundleID, const DesktopEntry& entry) {
+    const std::string startupID = nextStartupID();
+    const bool handsOn = wantsStartupID(entry);
+    const bool tellsOthers = handsOn && entry.startupNotify.value_or(false);
+    running_.launchBegan(startupID, entry, bundleID, tellsOthers);
+    launcher_.launch(entry, handsOn ? startupID : std::string{},
+                     lifetime_.guard([this, bundleID, startupID](const PlatformError& error) {
+                         if (running_.launchFailed(startupID))
+                             DevLog::write("launch failed " + bundleID + ": " + described(error));
+                     }));
+}
+
+void GioWorkspace::openFolders(const std::vector<FileURL>& files) {
+    std::vector<FileURL> folders;
+    for (const FileURL& file : files) {
+        if (const FileURL folder = file.parent();
+            std::ranges::find(folders, folder) == folders.end())
+            folders.push_back(folder);
+    }
+    for (const FileURL& folder : folders)
+        open(folder);
+}
+
+/// Different from those of all other programs and of earlier runs; the time of the click at its end
+/// lets the new window come to the front.
+std::string GioWorkspace::nextStartupID() {
+    return "vireline-" + std::to_string(getpid()) + '-' + std::to_string(++launches_) + "_TIME" +
+           std::to_string(connection_.userTime());
+}
+
+}

@@ -1,0 +1,84 @@
+#include "Applications/Launching/LaunchTracker.hpp"
+
+#include <algorithm>
+
+namespace vireline::x11 {
+
+void LaunchTracker::begin(const std::string& startupID, const IdentifiedApp& app, bool isOurs) {
+    if (find(startupID) != nullptr)
+        return;
+    if (launches_.size() >= maximumLaunches) {
+        fail(launches_.front().startupID);
+        launches_.erase(launches_.begin());
+    }
+    Launch& launch = launches_.emplace_back();
+    launch.startupID = startupID;
+    launch.app = app;
+    launch.isOurs = isOurs;
+    launch.patience =
+        runLoop_.after(patienceSeconds, lifetime_.guard([this, startupID] { fail(startupID); }));
+    if (onWillLaunch)
+        onWillLaunch(app);
+}
+
+void LaunchTracker::finish(const std::string& startupID) {
+    Launch* launch = find(startupID);
+    if (launch == nullptr || !launch->isPending)
+        return;
+    launch->isPending = false;
+    launch->patience.reset();
+    if (onFinished)
+        onFinished(IdentifiedApp{launch->app});
+}
+
+bool LaunchTracker::fail(const std::string& startupID) {
+    Launch* launch = find(startupID);
+    if (launch == nullptr || !launch->isPending)
+        return false;
+    launch->isPending = false;
+    const bool isOurs = launch->isOurs;
+    const IdentifiedApp app = launch->app;
+    // A copy, since the timer that may be calling owns the text.
+    const std::string ended = startupID;
+    launch->patience.reset();
+    if (isOurs && onOurEnd)
+        onOurEnd(ended);
+    if (onFailed)
+        onFailed(app);
+    return true;
+}
+
+void LaunchTracker::appShowed(const std::string& bundleID, std::int32_t processIdentifier) {
+    std::vector<std::string> ended;
+    for (Launch& launch : launches_) {
+        if (launch.app.bundleID != bundleID)
+            continue;
+        if (!launch.owner)
+            launch.owner = processIdentifier;
+        if (launch.isPending && launch.isOurs)
+            ended.push_back(launch.startupID);
+        launch.isPending = false;
+        launch.patience.reset();
+    }
+    for (const std::string& startupID : ended) {
+        if (onOurEnd)
+            onOurEnd(startupID);
+    }
+}
+
+std::optional<IdentifiedApp> LaunchTracker::launchedApp(const std::string& startupID,
+                                                        std::int32_t processIdentifier) const {
+    const auto launch = std::ranges::find(launches_, startupID, &Launch::startupID);
+    if (startupID.empty() || launch == launches_.end() || !launch->isOurs)
+        return std::nullopt;
+    if (launch->owner && *launch->owner != processIdentifier)
+        return std::nullopt;
+    return launch->app;
+}
+
+LaunchTracker::Launch* LaunchTracker::find(const std::string& startupID) {
+    const auto found = std::ranges::find(launches_, startupID, &Launch::startupID);
+    return found == launches_.end() ? nullptr : &*found;
+}
+
+}

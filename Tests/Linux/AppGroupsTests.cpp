@@ -1,0 +1,130 @@
+#include "Applications/Windows/AppGroups.hpp"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace vireline {
+namespace {
+
+using x11::AppGroup;
+using x11::ClientWindow;
+using x11::OwnedWindow;
+namespace AppGroups = x11::AppGroups;
+using IDs = std::vector<xcb_window_t>;
+
+ClientWindow ordinary(xcb_window_t id) {
+    ClientWindow window{};
+    window.id = id;
+    window.isOrdinary = true;
+    return window;
+}
+
+ClientWindow helper(xcb_window_t id) {
+    ClientWindow window{};
+    window.id = id;
+    return window;
+}
+
+OwnedWindow of(const std::string& app, ClientWindow window) {
+    x11::IdentifiedApp identified;
+    identified.bundleID = app;
+    return {std::move(window), std::move(identified)};
+}
+
+std::vector<std::string> namesOf(const std::vector<AppGroup>& groups) {
+    std::vector<std::string> names;
+    names.reserve(groups.size());
+    for (const auto& group : groups)
+        names.push_back(group.app.bundleID);
+    return names;
+}
+
+AppGroup groupOf(std::vector<ClientWindow> windows) {
+    return {.app = {}, .windows = std::move(windows)};
+}
+
+TEST(AppGroups, StandInTheOrderOfTheirFirstOrdinaryWindows) {
+    const std::vector<OwnedWindow> windows{of("c", helper(1)), of("a", ordinary(2)),
+                                           of("b", ordinary(3)), of("a", ordinary(4)),
+                                           of("c", ordinary(5))};
+
+    const auto groups = AppGroups::group(windows);
+
+    EXPECT_EQ(namesOf(groups), (std::vector<std::string>{"a", "b", "c"}));
+    EXPECT_EQ(groups[0].windows.size(), 2U);
+    EXPECT_EQ(groups[2].windows.front().id, 1U);
+}
+
+TEST(AppGroups, AnAppWithoutAnOrdinaryWindowDoesNotRun) {
+    EXPECT_TRUE(AppGroups::group(std::vector{of("tray", helper(1))}).empty());
+}
+
+TEST(AppGroups, OfNoWindowsAreNone) {
+    EXPECT_TRUE(AppGroups::group({}).empty());
+}
+
+TEST(AppGroups, TheMostRecentWindowIsTheOneThatWasActiveLast) {
+    auto first = ordinary(1);
+    first.lastActive = 5;
+    auto second = ordinary(2);
+    second.lastActive = 3;
+    auto palette = helper(3);
+    palette.lastActive = 9;
+
+    EXPECT_EQ(AppGroups::mostRecent(groupOf({palette, first, second})).id, 1U);
+}
+
+TEST(AppGroups, OfWindowsThatWereNeverActiveTheNewestIsMostRecent) {
+    EXPECT_EQ(AppGroups::mostRecent(groupOf({ordinary(1), ordinary(2)})).id, 2U);
+}
+
+TEST(AppGroups, APaletteMakesItsAppActiveToo) {
+    const auto group = groupOf({ordinary(1), helper(2)});
+
+    EXPECT_TRUE(AppGroups::isActive(group, 2));
+    EXPECT_FALSE(AppGroups::isActive(group, 3));
+    EXPECT_FALSE(AppGroups::isActive(groupOf({ordinary(XCB_NONE)}), XCB_NONE));
+}
+
+TEST(AppGroups, HidingTakesWhatIsShownOnTheCurrentDesktop) {
+    auto here = ordinary(1);
+    here.desktop = 2;
+    auto elsewhere = ordinary(2);
+    elsewhere.desktop = 0;
+    auto hidden = ordinary(3);
+    hidden.desktop = 2;
+    hidden.isHidden = true;
+    const auto everywhere = ordinary(4);
+
+    const auto group = groupOf({here, elsewhere, hidden, everywhere, helper(5)});
+
+    EXPECT_EQ(AppGroups::shownOn(group, 2), (IDs{1, 4}));
+}
+
+TEST(AppGroups, BringingForwardRestoresWhatIsStillHiddenTheMostRecentLast) {
+    auto recent = ordinary(1);
+    recent.isHidden = true;
+    recent.lastActive = 7;
+    auto older = ordinary(2);
+    older.isHidden = true;
+    older.lastActive = 4;
+    const auto restoredByHand = ordinary(3);
+    auto iconifiedByHand = ordinary(4);
+    iconifiedByHand.isHidden = true;
+
+    const auto group = groupOf({recent, older, restoredByHand, iconifiedByHand});
+
+    EXPECT_EQ(AppGroups::stillHidden(group, IDs{1, 2, 3, 99}), (IDs{2, 1}));
+}
+
+TEST(AppGroups, ComingAndGoingIsTheDifferenceOfTwoLists) {
+    const auto before = AppGroups::group(std::vector{of("a", ordinary(1)), of("b", ordinary(2))});
+    const auto after = AppGroups::group(std::vector{of("b", ordinary(2)), of("c", ordinary(3))});
+
+    EXPECT_EQ(namesOf(AppGroups::without(before, after)), std::vector<std::string>{"a"});
+    EXPECT_EQ(namesOf(AppGroups::without(after, before)), std::vector<std::string>{"c"});
+}
+
+}
+}

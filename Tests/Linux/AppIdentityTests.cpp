@@ -1,0 +1,121 @@
+#include "AppIdentityFixtures.hpp"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace vireline {
+namespace {
+
+using x11::AppIdentity::appOf;
+using x11::test::EntryShape;
+using x11::test::IdentityCase;
+using x11::test::indexOf;
+
+class AppIdentityOf : public testing::TestWithParam<IdentityCase> {};
+
+TEST_P(AppIdentityOf, IsTheOneRightTile) {
+    const auto app = x11::test::identify(GetParam());
+
+    EXPECT_EQ(app.bundleID, GetParam().expected);
+    EXPECT_EQ(app.hasEntry, GetParam().hasEntry);
+}
+
+std::string caseName(const testing::TestParamInfo<IdentityCase>& info) {
+    return info.param.name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Toolkits, AppIdentityOf, testing::ValuesIn(x11::test::toolkitCases()),
+                         caseName);
+INSTANTIATE_TEST_SUITE_P(Classes, AppIdentityOf, testing::ValuesIn(x11::test::classCases()),
+                         caseName);
+INSTANTIATE_TEST_SUITE_P(Sandboxes, AppIdentityOf, testing::ValuesIn(x11::test::sandboxCases()),
+                         caseName);
+INSTANTIATE_TEST_SUITE_P(Wine, AppIdentityOf, testing::ValuesIn(x11::test::wineCases()), caseName);
+INSTANTIATE_TEST_SUITE_P(WebApps, AppIdentityOf, testing::ValuesIn(x11::test::webAppCases()),
+                         caseName);
+INSTANTIATE_TEST_SUITE_P(Programs, AppIdentityOf, testing::ValuesIn(x11::test::programCases()),
+                         caseName);
+INSTANTIATE_TEST_SUITE_P(Traps, AppIdentityOf, testing::ValuesIn(x11::test::trapCases()), caseName);
+
+x11::WindowTraits windowOfClass(const std::string& className) {
+    x11::WindowTraits window;
+    window.className = className;
+    return window;
+}
+
+TEST(AppIdentity, OurOwnLaunchComesBeforeEverythingElse) {
+    const auto index = indexOf({{.id = "launched", .exec = "a"}, {.id = "other", .exec = "b"}});
+    auto window = windowOfClass("other");
+    window.gtkApplicationID = "other";
+
+    const auto app =
+        x11::AppIdentity::identify(window, {}, index, appOf(index.find("launched")->entry));
+
+    EXPECT_EQ(app.bundleID, "launched");
+}
+
+TEST(AppIdentity, AnEntrysAppHasTheEntrysNameAndFile) {
+    const auto index = indexOf({{.id = "code", .exec = "code"}});
+
+    const auto app = x11::AppIdentity::identify(windowOfClass("Code"), {}, index);
+
+    EXPECT_EQ(app, (x11::IdentifiedApp{.bundleID = "code",
+                                       .name = "code",
+                                       .path = "/usr/share/applications/code.desktop",
+                                       .hasEntry = true}));
+}
+
+TEST(AppIdentity, AnAppOfItsOwnIsAtItsExecutable) {
+    x11::ProcessFacts process;
+    process.executable = "/opt/odd/tool";
+
+    const auto app =
+        x11::AppIdentity::identify(windowOfClass("Odd"), process, x11::DesktopEntryIndex{});
+
+    EXPECT_EQ(app, (x11::IdentifiedApp{.bundleID = "Odd", .name = "Odd", .path = "/opt/odd/tool"}));
+}
+
+TEST(AppIdentity, AnAppOfItsOwnWithoutAProcessHasAPathMadeFromItsClass) {
+    const auto app = x11::AppIdentity::identify(windowOfClass("a/b"), {}, x11::DesktopEntryIndex{});
+
+    EXPECT_EQ(app.path, "/a-b");
+}
+
+TEST(WindowTraits, WMClassHasTwoHalves) {
+    x11::WindowTraits window;
+
+    window.setWMClass(std::string_view{"xterm\0XTerm\0", 12});
+
+    EXPECT_EQ(window.instance, "xterm");
+    EXPECT_EQ(window.className, "XTerm");
+}
+
+TEST(WindowTraits, WMClassOfNothingButZeroBytesIsEmpty) {
+    x11::WindowTraits window;
+
+    window.setWMClass(std::string_view{"\0\0\0\0", 4});
+
+    EXPECT_EQ(window, x11::WindowTraits{});
+}
+
+TEST(WindowTraits, WMClassWithoutItsEndIsTakenAsFarAsItGoes) {
+    x11::WindowTraits window;
+
+    window.setWMClass(std::string_view{"only", 4});
+
+    EXPECT_EQ(window.instance, "only");
+    EXPECT_EQ(window.className, "");
+}
+
+TEST(WindowTraits, WMClassOfAnyLengthIsBounded) {
+    x11::WindowTraits window;
+
+    window.setWMClass(std::string(4'000'000, 'x') + '\0' + std::string(4'000'000, 'y'));
+
+    EXPECT_EQ(window.instance.size(), 256U);
+    EXPECT_EQ(window.className.size(), 256U);
+}
+
+}
+}
