@@ -2,6 +2,7 @@
 
 option(VIRELINE_PROGRAM "Build the platform and the executable" ON)
 option(VIRELINE_TESTS "Build the tests" OFF)
+option(VIRELINE_TOUR "Offer the targets DesktopTour and DesktopMeasure" OFF)
 option(VIRELINE_BENCHMARKS "Build the benchmarks" OFF)
 option(VIRELINE_SANITIZE "Compile with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
 
@@ -10,6 +11,7 @@ set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_CXX_SCAN_FOR_MODULES OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
 find_program(CCACHE ccache)
@@ -19,6 +21,10 @@ endif()
 
 add_library(vireline_options INTERFACE)
 target_compile_options(vireline_options INTERFACE -Wall -Wextra -Wconversion -Werror)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+    # Optimising, GCC 12 warns inside its own std::string and std::variant (its bugs 105651, 105562).
+    target_compile_options(vireline_options INTERFACE -Wno-restrict -Wno-maybe-uninitialized)
+endif()
 
 if(VIRELINE_SANITIZE)
     target_compile_options(vireline_options INTERFACE

@@ -129,8 +129,8 @@ void DesktopTest::choose(xcb_window_t menu, int index, int count) {
 }
 
 Programs testedPrograms() {
-    const char* other = std::getenv("VIRELINE_PROGRAM");
-    return {other == nullptr ? VIRELINE_PROGRAM : other, TEST_APP, FILE_MANAGER};
+    const char* other = std::getenv("VIRELINE_TESTED_PROGRAM");
+    return {other == nullptr ? TESTED_PROGRAM : other, TEST_APP, FILE_MANAGER};
 }
 
 PanelPlanner::Request tiles(int pinned, int running) {

@@ -57,7 +57,7 @@ private:
     std::unique_ptr<VirtualDesktop> desktop_;
 };
 
-/// The programs that the tests run; VIRELINE_PROGRAM may name another program to test.
+/// The programs that the tests run; VIRELINE_TESTED_PROGRAM may name another program to test.
 [[nodiscard]] Programs testedPrograms();
 
 /// A plan's request for this many tiles, with the settings at their defaults.

@@ -1,1 +1,195 @@
-int main() {}
+/// Measures the program as it runs: how fast its docks come up on two displays, what memory it
+/// takes, and whether it sleeps while nothing happens.
+#include "VirtualDesktop/VirtualDesktop.hpp"
+#include "VirtualDesktop/Waiting.hpp"
+
+#include <poll.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <fstream>
+#include <iomanip>
+#include <iostream>
+#include <set>
+#include <sstream>
+#include <thread>
+
+namespace vireline::desktop {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using Milliseconds = std::chrono::duration<double, std::milli>;
+
+constexpr int dockCount = 2;
+/// With Downloads and Trash, twelve tiles.
+constexpr int appCount = 10;
+
+/// Sees windows appear, by events, so that watching costs the program nothing.
+class DockWatch {
+public:
+    explicit DockWatch(const std::string& display) : client_(display) {
+        listen(client_.root(), XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
+        client_.sync();
+    }
+
+    /// When the last of the docks was mapped.
+    Clock::time_point waitForDocks() {
+        const auto deadline = Clock::now() + patience;
+        while (docks_.size() < dockCount && Clock::now() < deadline)
+            waitForEvents();
+        if (docks_.size() < dockCount)
+            throw std::runtime_error{"the docks do not come up"};
+        return Clock::now();
+    }
+
+private:
+    void waitForEvents() {
+        constexpr int limit = 100;
+        pollfd readable{xcb_get_file_descriptor(client_.get()), POLLIN, 0};
+        poll(&readable, 1, limit);
+        while (const auto event = client_.pollEvent())
+            handle(*event);
+    }
+
+    void handle(const xcb_generic_event_t& event) {
+        if (event.response_type == XCB_CREATE_NOTIFY) {
+            const auto& created = reinterpret_cast<const xcb_create_notify_event_t&>(event);
+            // Once the window manager has put it into a frame, the root window tells no more.
+            listen(created.window, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+            xcb_flush(client_.get());
+        } else if (event.response_type == XCB_MAP_NOTIFY) {
+            const auto window = reinterpret_cast<const xcb_map_notify_event_t&>(event).window;
+            if (client_.text(window, "_NET_WM_NAME").starts_with("Vireline dock #"))
+                docks_.insert(window);
+        }
+    }
+
+    void listen(xcb_window_t window, std::uint32_t events) const {
+        xcb_change_window_attributes(client_.get(), window, XCB_CW_EVENT_MASK, &events);
+    }
+
+    XClient client_;
+    std::set<xcb_window_t> docks_;
+};
+
+std::unique_ptr<VirtualDesktop> makeDesktop() {
+    VirtualDesktop::Options options;
+    options.monitors = {{"main", {0, 0, 1920, 1080}},
+                        {"first", {1920, 0, 1920, 1080}},
+                        {"second", {0, 1080, 1920, 1080}}};
+    auto desktop =
+        std::make_unique<VirtualDesktop>(Programs{TESTED_PROGRAM, TEST_APP, FILE_MANAGER}, options);
+    std::vector<App> apps;
+    for (int i = 0; i < appCount; ++i) {
+        const auto name = "App" + std::to_string(i);
+        apps.push_back({"org.example." + name, name, distinctColour(i), {}, {}});
+        desktop->home().install(apps.back());
+    }
+    desktop->home().pin(apps);
+    return desktop;
+}
+
+double startOnce(VirtualDesktop& desktop) {
+    DockWatch watch{desktop.display()};
+    const auto start = Clock::now();
+    desktop.startVireline();
+    return Milliseconds{watch.waitForDocks() - start}.count();
+}
+
+/// Ascending.
+std::vector<double> startTimes(VirtualDesktop& desktop) {
+    constexpr int rounds = 15;
+    // The first start fills the caches.
+    startOnce(desktop);
+    std::vector<double> times;
+    for (int i = 0; i < rounds; ++i) {
+        desktop.stopVireline();
+        if (!eventually([&] { return desktop.docks().shown().empty(); }))
+            throw std::runtime_error{"the docks stay after the program's end"};
+        times.push_back(startOnce(desktop));
+    }
+    std::ranges::sort(times);
+    return times;
+}
+
+/// A number of kilobytes from the kernel's sum over all of a process's mappings.
+long kilobytes(pid_t pid, std::string_view key) {
+    std::ifstream file{"/proc/" + std::to_string(pid) + "/smaps_rollup"};
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with(key))
+            return std::strtol(line.c_str() + key.size(), nullptr, 10);
+    }
+    throw std::runtime_error{"the kernel tells no memory of the program"};
+}
+
+/// All context switches of all threads so far.
+long contextSwitches(pid_t pid) {
+    long total = 0;
+    for (const auto& thread :
+         std::filesystem::directory_iterator{"/proc/" + std::to_string(pid) + "/task"}) {
+        std::ifstream file{thread.path() / "status"};
+        for (std::string line; std::getline(file, line);) {
+            if (const auto name = line.find("ctxt_switches:"); name != std::string::npos)
+                total += std::strtol(line.c_str() + name + 14, nullptr, 10);
+        }
+    }
+    return total;
+}
+
+void report(const std::string& what, double value, const std::string& unit,
+            const std::string& promise) {
+    std::cout << std::left << std::setw(44) << what << std::right << std::setw(9) << std::fixed
+              << std::setprecision(1) << value << ' ' << std::left << std::setw(9) << unit
+              << promise << '\n';
+}
+
+/// Until the program has not run for two seconds: it may still be drawing what came last.
+void waitForRest(pid_t pid) {
+    using namespace std::chrono_literals;
+    long before = -1;
+    if (!eventually([&] {
+            const long now = contextSwitches(pid);
+            const bool isAtRest = now == before;
+            before = now;
+            if (!isAtRest)
+                std::this_thread::sleep_for(2s);
+            return isAtRest;
+        }))
+        std::cout << "the program does not come to rest\n";
+}
+
+void measure() {
+    const auto desktop = makeDesktop();
+    const auto times = startTimes(*desktop);
+    report("start to the last of two docks, median", times[times.size() / 2], "ms", "<= 120");
+    report("start to the last of two docks, best", times.front(), "ms", "");
+    report("start to the last of two docks, worst", times.back(), "ms", "");
+
+    const pid_t pid = desktop->vireline().pid();
+    waitForRest(pid);
+    constexpr double perMegabyte = 1024;
+    report("PSS, 12 tiles on two displays",
+           static_cast<double>(kilobytes(pid, "Pss:")) / perMegabyte, "MB", "<= 30");
+    report("RSS, 12 tiles on two displays",
+           static_cast<double>(kilobytes(pid, "Rss:")) / perMegabyte, "MB", "");
+
+    constexpr std::chrono::seconds rest{20};
+    const long before = contextSwitches(pid);
+    std::this_thread::sleep_for(rest);
+    report("context switches in 20 s at rest", static_cast<double>(contextSwitches(pid) - before),
+           "", "<= 2");
+}
+
+}
+}
+
+int main() {
+    try {
+        vireline::desktop::measure();
+        return EXIT_SUCCESS;
+    } catch (const std::exception& error) {
+        std::cerr << "measure: " << error.what() << '\n';
+        return EXIT_FAILURE;
+    }
+}

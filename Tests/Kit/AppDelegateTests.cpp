@@ -39,7 +39,14 @@ protected:
         return *delegate_;
     }
 
-    [[nodiscard]] test::FakePanel& dock() { return platform.panelWindows.panel(2); }
+    /// The dock as its display shows it, all animations done.
+    [[nodiscard]] test::FakePanel& dock() {
+        auto& panel = platform.panelWindows.panel(2);
+        panel.nextFrame();
+        platform.runLoop.advance(0.5);
+        panel.nextFrame();
+        return panel;
+    }
     [[nodiscard]] std::vector<SceneNode> icons() {
         auto nodes = dock().scene->nodes;
         std::erase_if(nodes, [](const auto& n) { return n.id.part != NodeID::Part::icon; });

@@ -131,6 +131,7 @@ TEST_F(DisplayCoordinatorTest, AChangeOfAvailableWidthAloneReframesNothingYetRea
     screen.frame = {screen.frame.x - 50, screen.frame.y, screen.frame.width + 100,
                     screen.frame.height};
     coordinator.reconcile();
+    windows().panel(2).nextFrame();
 
     EXPECT_EQ(log.messages(),
               (std::vector<std::string>{

@@ -139,13 +139,15 @@ TEST(DockMagnifier, GrowsTilesInPlaceKeepingTheirGaps) {
 
 // Behaviour: dock-magnifier-3
 TEST(DockMagnifier, AnchorsTheOuterTileForAPointerBeyondIt) {
-    const Strip first{.counts = {5, 0, 0}, .container = 1200, .cursor = 480};
-    ASSERT_LT(*first.cursorInStrip(), first.base.front());
-    EXPECT_NEAR(first.shift + first.packed.front(), *first.cursor, 1e-9);
+    constexpr double before = 480;
+    const Strip first{.counts = {5, 0, 0}, .container = 1200, .cursor = before};
+    ASSERT_LT(before - first.centering(), first.base.front());
+    EXPECT_NEAR(first.shift + first.packed.front(), before, 1e-9);
 
-    const Strip last{.counts = {5, 0, 0}, .container = 1200, .cursor = 720};
-    ASSERT_GT(*last.cursorInStrip(), last.base.back());
-    EXPECT_NEAR(last.shift + last.packed.back(), *last.cursor, 1e-9);
+    constexpr double behind = 720;
+    const Strip last{.counts = {5, 0, 0}, .container = 1200, .cursor = behind};
+    ASSERT_GT(behind - last.centering(), last.base.back());
+    EXPECT_NEAR(last.shift + last.packed.back(), behind, 1e-9);
 }
 
 TEST(DockMagnifier, KeepsTheTileUnderThePointerUnderIt) {
@@ -154,15 +156,17 @@ TEST(DockMagnifier, KeepsTheTileUnderThePointerUnderIt) {
     const double centering = (container - DockOrdering::stripWidth(counts, icon)) / 2;
     const auto base = baseCenters(counts, icon);
     for (std::size_t i = 0; i < base.size(); ++i) {
-        const Strip strip{.counts = counts, .container = container, .cursor = centering + base[i]};
-        EXPECT_NEAR(strip.shift + strip.packed[i], *strip.cursor, 1e-9) << i;
+        const double cursor = centering + base[i];
+        const Strip strip{.counts = counts, .container = container, .cursor = cursor};
+        EXPECT_NEAR(strip.shift + strip.packed[i], cursor, 1e-9) << i;
     }
 }
 
 TEST(DockMagnifier, KeepsAPointBetweenTwoTilesUnderThePointer) {
-    const Strip strip{.counts = {5, 0, 0}, .container = 1200, .cursor = 600 + 25};
+    constexpr double cursor = 600 + 25;
+    const Strip strip{.counts = {5, 0, 0}, .container = 1200, .cursor = cursor};
     const double between = (strip.packed[2] + strip.packed[3]) / 2;
-    EXPECT_NEAR(strip.shift + between, *strip.cursor, 1e-9);
+    EXPECT_NEAR(strip.shift + between, cursor, 1e-9);
 }
 
 // Behaviour: dock-magnifier-4
@@ -214,8 +218,10 @@ TEST(DockMagnifier, ScalesByTheFormulaEverywhere) {
     test::Random random{24};
     for (int round = 0; round < 2'000; ++round) {
         const Strip strip = randomStrip(random);
+        const auto cursor = strip.cursorInStrip();
+        ASSERT_TRUE(cursor);
         for (std::size_t i = 0; i < strip.base.size(); ++i) {
-            const double distance = std::abs(strip.base[i] - *strip.cursorInStrip());
+            const double distance = std::abs(strip.base[i] - cursor.value_or(0));
             const double d = std::min(distance / radius(strip.iconSize), 1.0);
             const double w = std::cos(d * std::numbers::pi / 2);
             EXPECT_NEAR(strip.scales[i], 1 + (strip.magnification - 1) * w * w, 1e-12);
@@ -235,11 +241,10 @@ TEST(DockMagnifier, AddsNoLengthWithoutMagnificationOrTiles) {
 TEST(DockMagnifier, AddsWhatARowWithThePointerOnItsMiddleTileGrows) {
     for (int count = 1; count <= 60; ++count) {
         for (const double size : {16.0, 44.0, 63.5}) {
-            std::vector<double> row;
-            for (int i = 0; i < count; ++i)
-                row.push_back(i * (size + 6));
-            const auto grown =
-                scales(row, row[static_cast<std::size_t>(count / 2)], 1.7, radius(size));
+            std::vector<double> row(static_cast<std::size_t>(count));
+            for (std::size_t i = 0; i < row.size(); ++i)
+                row[i] = static_cast<double>(i) * (size + 6);
+            const auto grown = scales(row, row[row.size() / 2], 1.7, radius(size));
             const double extra = std::accumulate(grown.begin(), grown.end(), 0.0) - count;
             EXPECT_NEAR(maxExtraLength(count, size, 1.7), size * extra, 1e-9) << count;
         }

@@ -96,6 +96,7 @@ TEST(DockOrdering, MergesRandomListsAsAPlainSearchDoes) {
         const auto pinned = randomApps(random);
         const auto running = randomApps(random);
         std::vector<DockItem> expected;
+        expected.reserve(pinned.size() + running.size());
         for (const AppRef& app : pinned)
             expected.push_back(item(app, true, lists(running, app.bundleID)));
         for (const AppRef& app : running) {

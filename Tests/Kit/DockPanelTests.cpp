@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace vireline {
 namespace {
 
@@ -21,9 +23,22 @@ protected:
     }
 
     [[nodiscard]] FakePanel& window() const { return dock.platform.panelWindows.panel(7); }
+    /// What the display shows once all animations are done; no virtual time passes.
+    [[nodiscard]] const Scene& scene() const {
+        window().nextFrame();
+        return *window().scene;
+    }
     void advance(double seconds) { dock.platform.runLoop.advance(seconds); }
     [[nodiscard]] bool showsHandle() const {
-        return window().scene->nodes.front().id.part == NodeID::Part::handle;
+        return scene().nodes.back().id.part == NodeID::Part::handle;
+    }
+
+    [[nodiscard]] Point firstIconCenter() const {
+        const Scene shown = scene();
+        const auto isIcon = [](const SceneNode& node) {
+            return node.id.part == NodeID::Part::icon;
+        };
+        return std::ranges::find_if(shown.nodes, isIcon)->frame.center();
     }
 
     test::DockFixture dock;
@@ -171,12 +186,107 @@ TEST_F(DockPanelTest, TurningAutoHideOffExpandsAtOnceAndForgetsThePendingCollaps
 TEST_F(DockPanelTest, TakesThePointerOnTheStripAloneUnlessItHides) {
     dock.setTiles(2, 0);
     DockPanel& panel = show(bottomSpec, false);
-    ASSERT_TRUE(window().scene->inputRegion);
-    EXPECT_EQ(window().scene->inputRegion->height, 58);
+    ASSERT_TRUE(scene().inputRegion);
+    EXPECT_EQ(scene().inputRegion->height, 58);
 
     panel.update(bottomSpec, true);
 
-    EXPECT_FALSE(window().scene->inputRegion);
+    EXPECT_FALSE(scene().inputRegion);
+}
+
+TEST_F(DockPanelTest, AnOpenMenuHoldsItOpen) {
+    dock.setTiles(1, 0);
+    DockPanel& panel = show(bottomSpec, true);
+    window().listener().mouseEntered();
+    const Point overIcon = firstIconCenter();
+    window().listener().pointerEvent({PointerEvent::Kind::secondaryPressed, overIcon});
+    ASSERT_TRUE(window().isMenuOpen());
+
+    window().listener().mouseExited();
+    advance(5);
+    EXPECT_FALSE(panel.collapsed());
+    window().dismissMenu();
+    advance(0.7);
+
+    EXPECT_TRUE(panel.collapsed());
+}
+
+TEST_F(DockPanelTest, ADraggedTileHoldsItOpenAndListensForEscape) {
+    dock.setTiles(2, 0);
+    DockPanel& panel = show(bottomSpec, true);
+    window().listener().mouseEntered();
+    const Point overIcon = firstIconCenter();
+    window().listener().pointerEvent({PointerEvent::Kind::pressed, overIcon});
+    window().listener().pointerEvent({PointerEvent::Kind::moved, {overIcon.x + 10, overIcon.y}});
+    EXPECT_TRUE(window().watchesForCancel);
+
+    window().listener().mouseExited();
+    advance(5);
+    EXPECT_FALSE(panel.collapsed());
+    window().listener().pointerEvent({PointerEvent::Kind::cancelled, {}});
+    EXPECT_FALSE(window().watchesForCancel);
+    advance(0.7);
+
+    EXPECT_TRUE(panel.collapsed());
+}
+
+TEST_F(DockPanelTest, ADragToTheSliverOpensItAndItsEndLetsItCollapse) {
+    DockPanel& panel = show(bottomSpec, true);
+
+    window().listener().dragEntered({"file:///a"});
+    EXPECT_FALSE(panel.collapsed());
+    advance(5);
+    EXPECT_FALSE(panel.collapsed());
+    window().listener().dragExited();
+    advance(0.7);
+
+    EXPECT_TRUE(panel.collapsed());
+}
+
+TEST_F(DockPanelTest, AsksForNoFrameAtRest) {
+    dock.setTiles(2, 0);
+    show(bottomSpec, false);
+
+    EXPECT_FALSE(window().isFrameRequested());
+}
+
+TEST_F(DockPanelTest, ManyPointerMovesBetweenTwoFramesMakeOneScene) {
+    dock.setTiles(2, 0);
+    show(bottomSpec, false);
+    const int before = window().presentations;
+
+    for (int i = 0; i < 10; ++i) {
+        window().listener().pointerEvent({PointerEvent::Kind::moved, {100.0 + i, 60}});
+    }
+    window().nextFrame();
+
+    EXPECT_EQ(window().presentations, before + 1);
+}
+
+TEST_F(DockPanelTest, FramesGoOnUntilTheLastAnimationHasEnded) {
+    dock.setTiles(2, 0);
+    show(bottomSpec, false);
+    dock.setTiles(3, 0);
+
+    window().nextFrame();
+    EXPECT_TRUE(window().isFrameRequested());
+    advance(0.1);
+    window().nextFrame();
+    EXPECT_TRUE(window().isFrameRequested());
+    advance(0.11);
+    window().nextFrame();
+    EXPECT_FALSE(window().isFrameRequested());
+}
+
+TEST_F(DockPanelTest, ADesktopThatAsksForLessMotionGetsNone) {
+    dock.platform.motionSettings.reduces = true;
+    dock.setTiles(2, 0);
+    show(bottomSpec, false);
+    dock.setTiles(3, 0);
+
+    window().nextFrame();
+
+    EXPECT_FALSE(window().isFrameRequested());
 }
 
 }

@@ -8,7 +8,14 @@ DockFixture::DockFixture() {
 }
 
 DockViewContext DockFixture::context() {
-    return {model, icons, actions, platform.runLoop, platform.pointerSettings, trash, std::nullopt};
+    return {model,
+            icons,
+            actions,
+            platform.runLoop,
+            platform.pointerSettings,
+            platform.motionSettings,
+            trash,
+            std::nullopt};
 }
 
 void DockFixture::setTiles(int pinned, int unpinned) {

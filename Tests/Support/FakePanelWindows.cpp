@@ -15,13 +15,22 @@ void FakePanel::choose(std::size_t index) {
     require(isAlive() && isMenuOpen_, "a menu is open");
     require(index < menus.back().menu.entries.size(), "the menu has that entry");
     isMenuOpen_ = false;
-    const auto onChoice = menus.back().onChoice;
-    onChoice(index);
+    const MenuClosed onClose = menus.back().onClose;
+    onClose(index);
 }
 
 void FakePanel::dismissMenu() {
     require(isAlive() && isMenuOpen_, "a menu is open");
     isMenuOpen_ = false;
+    const MenuClosed onClose = menus.back().onClose;
+    onClose(std::nullopt);
+}
+
+void FakePanel::nextFrame() {
+    const auto request = frameRequest_.lock();
+    frameRequest_.reset();
+    if (request)
+        (*request)();
 }
 
 FakePanelWindow::~FakePanelWindow() {
@@ -29,7 +38,7 @@ FakePanelWindow::~FakePanelWindow() {
     panel_->isVisible = false;
     panel_->isMenuOpen_ = false;
     for (FakePanel::PoppedMenu& menu : panel_->menus)
-        menu.onChoice = nullptr;
+        menu.onClose = nullptr;
 }
 
 void FakePanelWindow::setFrame(const Rect& frame, bool animate) {
@@ -47,9 +56,14 @@ void FakePanelWindow::orderFrontRegardless() {
     ++panel_->timesOrderedFront;
 }
 
-void FakePanelWindow::popUpMenu(const Menu& menu, Point at,
-                                std::function<void(std::size_t)> onChoice) {
-    panel_->menus.push_back({menu, at, std::move(onChoice)});
+Timer FakePanelWindow::requestFrame(std::function<void()> onFrame) {
+    auto request = std::make_shared<std::function<void()>>(std::move(onFrame));
+    panel_->frameRequest_ = request;
+    return Timer{std::move(request)};
+}
+
+void FakePanelWindow::popUpMenu(const Menu& menu, Point at, MenuClosed onClose) {
+    panel_->menus.push_back({menu, at, std::move(onClose)});
     panel_->isMenuOpen_ = true;
 }
 

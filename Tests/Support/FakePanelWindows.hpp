@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Foundation/CallbackList.hpp"
+#include "Platform/MotionSettings.hpp"
 #include "Platform/PanelWindow.hpp"
 #include "Platform/PointerSettings.hpp"
 #include "Platform/Screens.hpp"
@@ -42,7 +43,7 @@ public:
     struct PoppedMenu {
         Menu menu;
         Point at;
-        std::function<void(std::size_t)> onChoice;
+        MenuClosed onClose;
     };
 
     FakePanel(std::uint32_t display, const Rect& initial, PanelWindowListener& reportsTo)
@@ -59,6 +60,10 @@ public:
     void dismissMenu();
     [[nodiscard]] bool isMenuOpen() const noexcept { return isMenuOpen_; }
 
+    /// Lets the display show its next frame, if one was asked for.
+    void nextFrame();
+    [[nodiscard]] bool isFrameRequested() const noexcept { return !frameRequest_.expired(); }
+
     std::uint32_t displayID;
     /// Where it is now, where it was asked to go since its making.
     Rect frame;
@@ -68,6 +73,7 @@ public:
     int presentations = 0;
     bool isVisible = false;
     int timesOrderedFront = 0;
+    bool watchesForCancel = false;
     std::vector<PoppedMenu> menus;
 
 private:
@@ -76,6 +82,7 @@ private:
     /// Null once the window is gone.
     PanelWindowListener* listener_;
     bool isMenuOpen_ = false;
+    std::weak_ptr<std::function<void()>> frameRequest_;
 };
 
 class FakePanelWindow final : public PanelWindow {
@@ -92,7 +99,9 @@ public:
     void present(const Scene& scene) override;
     void orderFrontRegardless() override;
     void orderOut() override { panel_->isVisible = false; }
-    void popUpMenu(const Menu& menu, Point at, std::function<void(std::size_t)> onChoice) override;
+    [[nodiscard]] Timer requestFrame(std::function<void()> onFrame) override;
+    void watchForCancel(bool watches) override { panel_->watchesForCancel = watches; }
+    void popUpMenu(const Menu& menu, Point at, MenuClosed onClose) override;
 
 private:
     std::shared_ptr<FakePanel> panel_;
@@ -112,6 +121,13 @@ public:
 
     /// Every window ever made, oldest first, whether it lives or not.
     std::vector<std::shared_ptr<FakePanel>> made;
+};
+
+class FakeMotionSettings final : public MotionSettings {
+public:
+    [[nodiscard]] bool reducesMotion() const override { return reduces; }
+
+    bool reduces = false;
 };
 
 class FakePointerSettings final : public PointerSettings {

@@ -18,6 +18,7 @@ Platform FakePlatform::ports() {
         .screens = screens,
         .panelWindows = panelWindows,
         .pointerSettings = pointerSettings,
+        .motionSettings = motionSettings,
     };
 }
 

@@ -40,6 +40,7 @@ public:
     FakeScreens screens;
     FakePanelWindows panelWindows;
     FakePointerSettings pointerSettings;
+    FakeMotionSettings motionSettings;
     FakeApplication application;
 };
 

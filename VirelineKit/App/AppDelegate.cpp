@@ -87,8 +87,14 @@ void AppDelegate::showTiles(std::span<const AppRef> running) {
 }
 
 DockViewContext AppDelegate::makeViewContext() {
-    return {model_,        icons_,      dockActions_, platform_.runLoop, platform_.pointerSettings,
-            trashService_, demoCursor()};
+    return {model_,
+            icons_,
+            dockActions_,
+            platform_.runLoop,
+            platform_.pointerSettings,
+            platform_.motionSettings,
+            trashService_,
+            demoCursor()};
 }
 
 DockActions AppDelegate::makeDockActions() {

@@ -1,6 +1,7 @@
 #include "Displays/DockPanel.hpp"
 
 #include "Displays/DockMetrics.hpp"
+#include "Platform/MotionSettings.hpp"
 #include "Platform/RunLoop.hpp"
 
 #include <utility>
@@ -36,20 +37,27 @@ DockPanel::DockPanel(const PanelSpec& spec, bool autoHide, const DockViewContext
     : spec_(spec)
     , autoHide_(autoHide)
     , runLoop_(context.runLoop)
+    , motionSettings_(context.motionSettings)
     , hosting_(context, uiState_, spec, autoHide)
     , window_(windows.makePanel(spec.displayID, spec.frame, *this)) {
-    hosting_.onSceneChange =
-        lifetime_.guard([this](const Scene& scene) { window_->present(scene); });
+    hosting_.onInvalidate = lifetime_.guard([this] { sceneInvalidated(); });
     hosting_.onMenuRequest =
-        lifetime_.guard([this](const Menu& menu, Point at, std::function<void(std::size_t)> done) {
-            window_->popUpMenu(menu, at, std::move(done));
+        lifetime_.guard([this](const Menu& menu, Point at, const MenuClosed& onClose) {
+            popUpMenu(menu, at, onClose);
         });
-    window_->present(hosting_.scene());
+    hosting_.onReorderDrag = lifetime_.guard([this](bool isDragged) {
+        isTileDragged_ = isDragged;
+        window_->watchForCancel(isDragged);
+        if (!isDragged)
+            collapseLater();
+    });
     if (autoHide_) {
         applyCollapsed(true, false);
     } else {
         pinHosting();
     }
+    // So that the window is never seen without its content.
+    showFrame();
 }
 
 DockPanel::~DockPanel() {
@@ -96,6 +104,16 @@ void DockPanel::pinHosting() {
 }
 
 void DockPanel::mouseEntered() {
+    isPointerOver_ = true;
+    comeOut();
+}
+
+void DockPanel::mouseExited() {
+    isPointerOver_ = false;
+    collapseLater();
+}
+
+void DockPanel::comeOut() {
     if (!autoHide_)
         return;
     collapseTimer_.reset();
@@ -103,15 +121,69 @@ void DockPanel::mouseEntered() {
         applyCollapsed(false, true);
 }
 
-void DockPanel::mouseExited() {
-    if (!autoHide_ || collapsed_)
+void DockPanel::collapseLater() {
+    if (!autoHide_ || collapsed_ || isHeldOpen())
         return;
     collapseTimer_ =
         runLoop_.after(collapseDelay, lifetime_.guard([this] { applyCollapsed(true, true); }));
 }
 
+bool DockPanel::isHeldOpen() const noexcept {
+    return isPointerOver_ || isMenuOpen_ || isTileDragged_ || isDragOver_;
+}
+
+void DockPanel::popUpMenu(const Menu& menu, Point at, const MenuClosed& onClose) {
+    isMenuOpen_ = true;
+    auto closed = [this, onClose](std::optional<std::size_t> chosen) {
+        isMenuOpen_ = false;
+        collapseLater();
+        onClose(chosen);
+    };
+    window_->popUpMenu(menu, at, lifetime_.guard(std::move(closed)));
+}
+
 void DockPanel::pointerEvent(const PointerEvent& event) {
     hosting_.pointerEvent(event);
+}
+
+void DockPanel::dragEntered(const std::vector<std::string>& urls) {
+    isDragOver_ = true;
+    comeOut();
+    hosting_.dragEntered(urls);
+}
+
+bool DockPanel::dragMoved(Point at) {
+    return hosting_.dragMoved(at);
+}
+
+void DockPanel::dragExited() {
+    isDragOver_ = false;
+    hosting_.dragExited();
+    collapseLater();
+}
+
+bool DockPanel::dropped(Point at) {
+    isDragOver_ = false;
+    const bool isTaken = hosting_.dropped(at);
+    collapseLater();
+    return isTaken;
+}
+
+void DockPanel::sceneInvalidated() {
+    if (std::exchange(sceneIsStale_, true))
+        return;
+    nextFrame_ = window_->requestFrame(lifetime_.guard([this] { showFrame(); }));
+}
+
+void DockPanel::showFrame() {
+    const double now = runLoop_.now();
+    if (std::exchange(sceneIsStale_, false)) {
+        animator_.setTarget(hosting_.makeScene(), now, motionSettings_.reducesMotion());
+    }
+    window_->present(animator_.frame(now));
+    if (animator_.isMoving(now)) {
+        nextFrame_ = window_->requestFrame(lifetime_.guard([this] { showFrame(); }));
+    }
 }
 
 }

@@ -7,6 +7,7 @@
 #include "Displays/PanelUIState.hpp"
 #include "Foundation/Lifetime.hpp"
 #include "Platform/PanelWindow.hpp"
+#include "Views/Animator.hpp"
 #include "Views/DockRootView.hpp"
 
 #include <memory>
@@ -40,18 +41,43 @@ private:
     void mouseEntered() override;
     void mouseExited() override;
     void pointerEvent(const PointerEvent& event) override;
+    void dragEntered(const std::vector<std::string>& urls) override;
+    bool dragMoved(Point at) override;
+    void dragExited() override;
+    bool dropped(Point at) override;
 
     void setCollapsed(bool collapsed);
     void pinHosting();
+    void popUpMenu(const Menu& menu, Point at, const MenuClosed& onClose);
+
+    /// Opens a collapsed panel, or keeps an open one from collapsing.
+    void comeOut();
+    /// Collapses after a while, unless something holds the panel open.
+    void collapseLater();
+    [[nodiscard]] bool isHeldOpen() const noexcept;
+
+    void sceneInvalidated();
+    void showFrame();
 
     PanelSpec spec_;
     bool autoHide_;
     bool collapsed_ = false;
     RunLoop& runLoop_;
+    const MotionSettings& motionSettings_;
     Timer collapseTimer_;
+    /// What holds an auto-hiding panel open.
+    bool isPointerOver_ = false;
+    bool isMenuOpen_ = false;
+    bool isTileDragged_ = false;
+    bool isDragOver_ = false;
+
     PanelUIState uiState_;
     DockRootView hosting_;
+    Animator animator_;
     std::unique_ptr<PanelWindow> window_;
+    bool sceneIsStale_ = true;
+    /// The frame that was asked for, if any.
+    Timer nextFrame_;
     Lifetime lifetime_;
 };
 

@@ -6,8 +6,6 @@
 #include "Model/DockOrdering.hpp"
 #include "Views/DockMagnifier.hpp"
 
-#include <algorithm>
-
 namespace vireline {
 namespace PanelPlanner {
 namespace {
@@ -70,13 +68,12 @@ PanelSpec panel(const ScreenSnapshot& screen, const DockOrdering::Counts& counts
 
 std::vector<PanelSpec> desiredPanels(std::span<const ScreenSnapshot> screens,
                                      const Request& request) {
-    std::vector<PanelSpec> panels;
-    if (screens.size() < 2)
-        return panels;
+    // A single display is always the host, which leaves it without a panel.
     const auto host = DockLocationDetector::dockHost(screens);
     const DockOrdering::Counts counts{.pinned = request.pinnedCount,
                                       .unpinnedRunning = request.unpinnedRunningCount,
                                       .utility = utilityCount};
+    std::vector<PanelSpec> panels;
     panels.reserve(screens.size());
     for (const ScreenSnapshot& screen : screens) {
         if (screen.id != host && !request.hiddenDisplays.contains(screen.id))

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Foundation/Geometry.hpp"
+#include "Foundation/ScopedHandle.hpp"
 #include "Views/Menu.hpp"
 #include "Views/PointerEvent.hpp"
 #include "Views/Scene.hpp"
@@ -10,8 +11,14 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace vireline {
+
+/// Receives the index of the chosen entry, or nothing.
+using MenuClosed = std::function<void(std::optional<std::size_t>)>;
 
 /// Who hears of the window's events. Outlives the window.
 class PanelWindowListener {
@@ -26,6 +33,15 @@ public:
     /// A pointer event over the hosted view, in the view's coordinates. Between a press and its
     /// release the positions may lie outside the view.
     virtual void pointerEvent(const PointerEvent& event) = 0;
+
+    /// Something is dragged over the hosted view from another program. The text of its URLs, files
+    /// and others, comes once, in the order given.
+    virtual void dragEntered(const std::vector<std::string>& urls) = 0;
+    /// Tells whether it could be dropped at this point of the view.
+    virtual bool dragMoved(Point at) = 0;
+    virtual void dragExited() = 0;
+    /// It was dropped, which also ends the drag. Tells whether the drop was taken.
+    virtual bool dropped(Point at) = 0;
 };
 
 class PanelWindow {
@@ -39,18 +55,26 @@ public:
     /// y upwards. The view may be larger than the window, which then clips it.
     virtual void setHostedFrame(const Rect& frame) = 0;
 
-    /// What the hosted view shows from now on.
+    /// What the hosted view shows from now on. Node values are taken as they are; nothing is
+    /// animated here.
     virtual void present(const Scene& scene) = 0;
+
+    /// Calls `onFrame` once, when the display is ready for the next frame: at once after a while
+    /// without any, else in step with the display's refresh. Asking again before it came replaces
+    /// the callback. Dropping the timer cancels it.
+    [[nodiscard]] virtual Timer requestFrame(std::function<void()> onFrame) = 0;
+
+    /// While on, the Escape key and the loss of the pointer end a drag with a `cancelled` event.
+    virtual void watchForCancel(bool watches) = 0;
 
     /// Shows the window above others without activating the program.
     virtual void orderFrontRegardless() = 0;
     virtual void orderOut() = 0;
 
-    /// Pops `menu` up with its corner at `at`, in the view's coordinates, inside the display.
-    /// `onChoice` receives the index of the chosen entry of `menu.entries`, and is not called when
-    /// the user chooses nothing.
-    virtual void popUpMenu(const Menu& menu, Point at,
-                           std::function<void(std::size_t)> onChoice) = 0;
+    /// Pops `menu` up with its corner at `at`, in the view's coordinates, inside the display. Once
+    /// it has closed, `onClose` receives the index of the chosen entry of `menu.entries`, or
+    /// nothing.
+    virtual void popUpMenu(const Menu& menu, Point at, MenuClosed onClose) = 0;
 };
 
 class PanelWindows {

@@ -9,6 +9,7 @@ class DockPreferences;
 class FileEvents;
 class FileSystem;
 class Icons;
+class MotionSettings;
 class PanelWindows;
 class PointerSettings;
 class RunLoop;
@@ -34,6 +35,7 @@ struct Platform {
     Screens& screens;
     PanelWindows& panelWindows;
     PointerSettings& pointerSettings;
+    MotionSettings& motionSettings;
 };
 
 }

@@ -23,7 +23,8 @@ double scaleAt(double distance, double magnification, double radius) {
     return 1 + (magnification - 1) * weight * weight;
 }
 
-/// The place among the packed centres of a place among the base centres.
+/// The place among the packed centres of a place among the base centres. Beyond the outer ones it
+/// is theirs.
 double mapped(double place, std::span<const double> base, std::span<const double> packed) {
     const auto next = std::ranges::find_if(base, [place](double c) { return c >= place; });
     if (next == base.end())
@@ -100,10 +101,7 @@ double anchoredShift(std::span<const double> baseCenters, std::span<const double
     const double centered = (lengths.container - lengths.base) / 2;
     if (!cursor || baseCenters.empty() || baseCenters.size() != packedCenters.size())
         return centered;
-    // Not std::clamp: with a nonsensical negative icon size the centres descend.
-    const double place =
-        std::max(baseCenters.front(), std::min(*cursor - centered, baseCenters.back()));
-    const double shift = *cursor - mapped(place, baseCenters, packedCenters);
+    const double shift = *cursor - mapped(*cursor - centered, baseCenters, packedCenters);
     const double room = lengths.container - lengths.packed;
     return std::clamp(shift, std::min(room, 0.0), std::max(room, 0.0));
 }

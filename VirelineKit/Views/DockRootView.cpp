@@ -1,94 +1,73 @@
 #include "Views/DockRootView.hpp"
 
 #include "Displays/DockMetrics.hpp"
-#include "Interaction/TrashService.hpp"
 #include "Platform/PointerSettings.hpp"
 #include "Platform/RunLoop.hpp"
-#include "Sources/IconStore.hpp"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace vireline {
 namespace {
 
 constexpr double pulseSeconds = 0.1;
-constexpr double pulseScale = 0.92;
-constexpr double handleOpacity = 0.4;
-/// At each end of a collapsed dock's handle.
-constexpr double handlePadding = 10;
-constexpr double separatorRadius = 0.5;
-constexpr double labelFontSize = 12;
-constexpr Size labelPadding{9, 3};
+/// How far a pressed tile must be moved before it comes off.
+constexpr double dragThreshold = 4;
 
 }
 
 DockRootView::DockRootView(const DockViewContext& context, PanelUIState& ui, const PanelSpec& spec,
                            bool takesWholeWindow)
     : context_(context), ui_(ui), spec_(spec), takesWholeWindow_(takesWholeWindow) {
-    const auto relayoutSoon = lifetime_.guard([this] { relayout(); });
-    observations_ = {context_.model.items.observe(lifetime_.guard([this] { rebuildTiles(); })),
-                     context_.model.configuredIconSize.observe(relayoutSoon),
-                     context_.model.magnification.observe(relayoutSoon),
-                     ui_.collapsed.observe(relayoutSoon)};
-    if (context_.demoCursorFraction && context_.model.magnification.get() > 1) {
-        cursorAxis_ = *context_.demoCursorFraction * layoutRequest().edge.length();
+    const auto invalidated = lifetime_.guard([this] { invalidate(); });
+    const auto& model = context_.model;
+    observations_ = {context_.model.items.observe(lifetime_.guard([this] {
+                         tilesAreStale_ = true;
+                         invalidate();
+                     })),
+                     context_.model.configuredIconSize.observe(invalidated),
+                     context_.model.magnification.observe(invalidated),
+                     context_.model.launching.observe(invalidated),
+                     ui_.collapsed.observe(invalidated)};
+    if (context_.demoCursorFraction && model.magnification.get() > 1) {
+        cursorAxis_ =
+            *context_.demoCursorFraction * Edge{spec.position, spec.frame.size()}.length();
     }
-    rebuildTiles();
 }
 
 void DockRootView::update(const PanelSpec& spec, bool takesWholeWindow) {
     spec_ = spec;
     takesWholeWindow_ = takesWholeWindow;
-    relayout();
+    invalidate();
 }
 
-void DockRootView::rebuildTiles() {
-    std::vector<Tile> tiles;
-    for (const DockItem& item : context_.model.items.get()) {
-        addTile(tiles, TileKind::app, item, context_.icons.icon(item.url.path(), item.id));
-    }
-    if (const auto url = context_.trash.downloadsURL()) {
-        addTile(tiles, TileKind::downloads, {IconStore::downloadsKey, "Downloads", *url},
-                context_.icons.icon(url->path(), IconStore::downloadsKey));
-    }
-    if (const auto url = context_.trash.trashURL()) {
-        addTile(tiles, TileKind::trash, {IconStore::trashKey, "Trash", *url},
-                context_.icons.trashIcon());
-    }
-    tiles_ = std::move(tiles);
-    relayout();
+void DockRootView::invalidate() {
+    layoutIsStale_ = true;
+    if (onInvalidate)
+        onInvalidate();
 }
 
-/// A tile that was there before keeps its state. Of several with one identity, the first of the old
-/// ones goes to the first of the new.
-void DockRootView::addTile(std::vector<Tile>& tiles, TileKind kind, DockItem item,
-                           ImageHandle image) {
-    Tile tile;
-    const auto before = std::ranges::find_if(
-        tiles_, [&](const Tile& old) { return old.serial != 0 && old.item.id == item.id; });
-    if (before != tiles_.end()) {
-        tile = std::move(*before);
-        before->serial = 0;
-    } else {
-        tile.serial = ++lastSerial_;
+void DockRootView::layoutIfNeeded() {
+    if (std::exchange(tilesAreStale_, false)) {
+        tiles_.rebuild(context_.model.items.get(), context_.icons, context_.trash);
+        listChanged_ = true;
+        if (press_ && tiles_.find(press_->serial) == nullptr)
+            endDrag(false);
     }
-    tile.kind = kind;
-    tile.item = std::move(item);
-    tile.image = std::move(image);
-    tiles.push_back(std::move(tile));
+    if (!std::exchange(layoutIsStale_, false))
+        return;
+    request_ = layoutRequest();
+    frames_ = StripLayout::layout(request_);
 }
 
 StripLayout::Request DockRootView::layoutRequest() const {
-    const auto has = [this](TileKind kind) {
-        return std::ranges::any_of(tiles_, [=](const Tile& tile) { return tile.kind == kind; });
-    };
     const auto& items = context_.model.items.get();
     StripLayout::Request request;
     request.pinnedCount = static_cast<int>(std::ranges::count_if(items, &DockItem::isPinned));
     request.unpinnedRunningCount = static_cast<int>(items.size()) - request.pinnedCount;
-    request.hasDownloads = has(TileKind::downloads);
-    request.hasTrash = has(TileKind::trash);
+    request.hasDownloads = tiles_.has(TileKind::downloads);
+    request.hasTrash = tiles_.has(TileKind::trash);
     request.iconSize = DockOrdering::fittedIconSize(request.counts(), spec_.availableWidth,
                                                     context_.model.configuredIconSize.get());
     request.magnification = context_.model.magnification.get();
@@ -97,67 +76,70 @@ StripLayout::Request DockRootView::layoutRequest() const {
     return request;
 }
 
-void DockRootView::relayout() {
-    request_ = layoutRequest();
-    frames_ = StripLayout::layout(request_);
-    scene_ = ui_.collapsed.get() ? collapsedScene() : stripScene();
-    if (onSceneChange)
-        onSceneChange(scene_);
-}
-
-Scene DockRootView::collapsedScene() const {
-    const Edge& edge = request_.edge;
-    SceneNode handle{.id = {NodeID::Part::handle}, .frame = {}, .content = HandleNode{}};
-    handle.frame = edge.rect(handlePadding, std::max(0.0, edge.length() - 2 * handlePadding), 0,
-                             DockMetrics::sliverThickness);
-    handle.opacity = handleOpacity;
-    return {{std::move(handle)}, std::nullopt};
-}
-
-Scene DockRootView::stripScene() const {
-    Scene scene;
-    scene.nodes.reserve(2 * frames_.tiles.size() + frames_.separators.size() + 2);
-    scene.nodes.push_back({.id = {NodeID::Part::strip},
-                           .frame = frames_.glass,
-                           .content = GlassNode{DockMetrics::cornerRadius}});
-    for (std::size_t i = 0; i < frames_.separators.size(); ++i) {
-        scene.nodes.push_back({.id = {NodeID::Part::separator, static_cast<std::uint32_t>(i)},
-                               .frame = frames_.separators[i],
-                               .content = SeparatorNode{separatorRadius}});
-    }
-    const Tile* hovered = nullptr;
-    for (std::size_t i = 0; i < tiles_.size(); ++i) {
-        addTileNodes(scene, tiles_[i], frames_.tiles[i]);
-        if (pointer_ && frames_.tiles[i].hit.contains(*pointer_))
-            hovered = &tiles_[i];
-    }
-    if (hovered != nullptr && request_.edge.isHorizontal()) {
-        scene.nodes.push_back(
-            {.id = {NodeID::Part::label, hovered->serial},
-             .frame = frames_.labelZone,
-             .content = LabelNode{hovered->item.name, labelFontSize, labelPadding}});
-    }
-    if (!takesWholeWindow_) {
-        const bool grows = pointer_ && request_.magnification > 1;
-        scene.inputRegion = grows ? StripLayout::fullGrowth(request_) : frames_.glassAtRest;
-    }
+Scene DockRootView::makeScene() {
+    layoutIfNeeded();
+    if (ui_.collapsed.get())
+        return DockScene::collapsed(request_.edge);
+    DockLook look{.edge = request_.edge,
+                  .frames = frames_,
+                  .tiles = {},
+                  .label = labelText(),
+                  .listChanged = std::exchange(listChanged_, false),
+                  .settles = std::exchange(settles_, false)};
+    look.tiles.reserve(tiles_.all().size());
+    int index = 0;
+    for (const DockTile& tile : tiles_.all())
+        look.tiles.push_back(lookOf(tile, index++));
+    Scene scene = DockScene::expanded(look);
+    scene.inputRegion = inputRegion();
     return scene;
 }
 
-void DockRootView::addTileNodes(Scene& scene, const Tile& tile, const TileFrames& frames) const {
-    SceneNode icon{.id = {NodeID::Part::icon, tile.serial},
-                   .frame = frames.icon,
-                   .content = ImageNode{tile.image}};
-    // Utility tiles keep the dot's place free, so that their icons line up with those of apps.
-    SceneNode dot{
-        .id = {NodeID::Part::dot, tile.serial}, .frame = frames.dot, .content = DotNode{}};
-    dot.opacity = tile.item.isRunning ? 1 : 0;
-    const double scale = tile.pulse ? pulseScale : 1;
-    for (SceneNode* node : {&icon, &dot}) {
-        node->scale = scale;
-        node->anchor = frames.icon.united(frames.dot).center();
-        scene.nodes.push_back(std::move(*node));
+TileLook DockRootView::lookOf(const DockTile& tile, int index) const {
+    TileLook look;
+    look.serial = tile.serial;
+    look.image = tile.image;
+    look.isRunning = tile.item.isRunning;
+    look.isLaunching =
+        tile.kind == TileKind::app && context_.model.launching.get().contains(tile.item.id);
+    look.isPulsing = tile.pulse;
+    look.isDropTargeted = dropTarget_ == tile.serial;
+    if (const auto drag = reorderDrag(); drag && tile.isPinnedApp()) {
+        look.isBeingDragged = index == drag->draggedIndex;
+        look.slide = look.isBeingDragged ? drag->offset : ReorderMath::neighborOffset(index, *drag);
     }
+    return look;
+}
+
+std::optional<std::string> DockRootView::labelText() const {
+    // A dock at the side has no room for labels.
+    if (!pointer_ || !request_.edge.isHorizontal())
+        return std::nullopt;
+    for (std::size_t i = 0; i < frames_.tiles.size(); ++i) {
+        const DockTile& tile = tiles_.all()[i];
+        const bool isHovered = press_ && press_->isDragging
+                                   ? press_->serial == tile.serial
+                                   : frames_.tiles[i].hit.contains(*pointer_);
+        if (isHovered)
+            return tile.item.name;
+    }
+    return std::nullopt;
+}
+
+std::optional<Rect> DockRootView::inputRegion() const {
+    if (takesWholeWindow_)
+        return std::nullopt;
+    const bool grows = pointer_ && request_.magnification > 1;
+    return grows ? StripLayout::fullGrowth(request_) : frames_.glassAtRest;
+}
+
+DockTile* DockRootView::tileAt(Point p) {
+    layoutIfNeeded();
+    for (std::size_t i = 0; i < frames_.tiles.size(); ++i) {
+        if (frames_.tiles[i].hit.contains(p))
+            return &tiles_.all()[i];
+    }
+    return nullptr;
 }
 
 void DockRootView::pointerEvent(const PointerEvent& event) {
@@ -165,27 +147,22 @@ void DockRootView::pointerEvent(const PointerEvent& event) {
         return pointerExited();
     if (ui_.collapsed.get())
         return;
-    Tile* const tile = tileAt(event.position);
     switch (event.kind) {
     case PointerEvent::Kind::moved:
         pointerMoved(event.position);
         break;
     case PointerEvent::Kind::pressed:
-        pressed_ = tile != nullptr ? std::optional{tile->serial} : std::nullopt;
+        pressed(event.position);
         break;
-    case PointerEvent::Kind::released: {
-        const bool isTap = tile != nullptr && pressed_ == tile->serial;
-        pressed_.reset();
-        if (isTap)
-            tap(*tile);
+    case PointerEvent::Kind::released:
+        released(event.position);
         break;
-    }
     case PointerEvent::Kind::secondaryPressed:
-        if (tile != nullptr)
+        if (const DockTile* tile = tileAt(event.position))
             requestMenu(*tile, event.position);
         break;
     case PointerEvent::Kind::cancelled:
-        pressed_.reset();
+        endDrag(false);
         break;
     case PointerEvent::Kind::exited:
         break;
@@ -194,64 +171,70 @@ void DockRootView::pointerEvent(const PointerEvent& event) {
 
 void DockRootView::pointerMoved(Point p) {
     pointer_ = p;
-    if (request_.magnification > 1) {
-        const Edge& edge = request_.edge;
+    if (press_)
+        drag(p);
+    // A strip that a tile is dragged along keeps still.
+    const bool isDragging = press_ && press_->isDragging;
+    if (!isDragging && context_.model.magnification.get() > 1) {
+        const Edge edge{spec_.position, spec_.frame.size()};
         const bool magnifies = StripLayout::isInMagnificationBand(p, edge, request_.iconSize);
         cursorAxis_ = magnifies ? std::optional{edge.along(p)} : std::nullopt;
     }
-    relayout();
+    invalidate();
 }
 
 void DockRootView::pointerExited() {
     pointer_.reset();
-    pressed_.reset();
     // A collapsed dock keeps its magnified state frozen.
     if (!ui_.collapsed.get())
         cursorAxis_.reset();
-    relayout();
+    invalidate();
 }
 
-DockRootView::Tile* DockRootView::tileAt(Point p) {
-    for (std::size_t i = 0; i < tiles_.size(); ++i) {
-        if (frames_.tiles[i].hit.contains(p))
-            return &tiles_[i];
+void DockRootView::pressed(Point p) {
+    const DockTile* const tile = tileAt(p);
+    press_ = tile != nullptr ? std::optional{Press{.serial = tile->serial, .at = p}} : std::nullopt;
+}
+
+void DockRootView::released(Point p) {
+    if (press_ && press_->isDragging) {
+        endDrag(true);
+        pointerMoved(p);
+        return;
     }
-    return nullptr;
+    DockTile* const tile = tileAt(p);
+    const bool isTap = tile != nullptr && press_ && press_->serial == tile->serial;
+    press_.reset();
+    if (isTap)
+        tap(*tile);
 }
 
-DockRootView::Tile* DockRootView::tileWithSerial(std::uint32_t serial) {
-    const auto found = std::ranges::find(tiles_, serial, &Tile::serial);
-    return found == tiles_.end() ? nullptr : &*found;
-}
-
-void DockRootView::tap(Tile& tile) {
+void DockRootView::tap(DockTile& tile) {
     tile.pulse = true;
     tile.pulseEnd =
         context_.runLoop.after(pulseSeconds, lifetime_.guard([this, serial = tile.serial] {
-            Tile* const pulsing = tileWithSerial(serial);
-            if (pulsing == nullptr)
-                return;
-            pulsing->pulse = false;
-            relayout();
+            DockTile* const pulsing = tiles_.find(serial);
+            if (pulsing != nullptr)
+                pulsing->pulse = false;
+            invalidate();
         }));
-    const auto resolution =
-        tile.kind == TileKind::app
-            ? tile.taps.registerTap(context_.runLoop.now(),
-                                    context_.pointerSettings.doubleClickInterval())
-            : TapTracker::Resolution::single;
-    relayout();
+    const bool isDouble = tile.kind == TileKind::app &&
+                          tile.taps.registerTap(context_.runLoop.now(),
+                                                context_.pointerSettings.doubleClickInterval()) ==
+                              TapTracker::Resolution::doubled;
+    invalidate();
     // The action may replace the tiles; from here on only the copies count.
     const DockItem item = tile.item;
     if (tile.kind != TileKind::app) {
         context_.actions.openFolder(item.url);
-    } else if (resolution == TapTracker::Resolution::doubled) {
+    } else if (isDouble) {
         context_.actions.doubleClick(item, spec_.displayID);
     } else {
         context_.actions.leftClick(item, spec_.displayID);
     }
 }
 
-void DockRootView::requestMenu(const Tile& tile, Point at) {
+void DockRootView::requestMenu(const DockTile& tile, Point at) {
     if (tile.kind != TileKind::app || !onMenuRequest)
         return;
     const bool canRemove = tile.item.isPinned && context_.actions.isManualMode();
@@ -260,11 +243,101 @@ void DockRootView::requestMenu(const Tile& tile, Point at) {
     for (const MenuEntry entry : entries) {
         menu.entries.emplace_back(MenuCommand{std::string{title(entry)}});
     }
-    onMenuRequest(
-        menu, at,
-        lifetime_.guard([this, entries = std::move(entries), item = tile.item](std::size_t chosen) {
-            context_.actions.menuSelect(entries.at(chosen), item, spec_.displayID);
-        }));
+    auto closed = [this, entries = std::move(entries),
+                   item = tile.item](std::optional<std::size_t> chosen) {
+        if (chosen)
+            context_.actions.menuSelect(entries.at(*chosen), item, spec_.displayID);
+    };
+    onMenuRequest(menu, at, lifetime_.guard(std::move(closed)));
+}
+
+void DockRootView::drag(Point p) {
+    const Point moved{p.x - press_->at.x, p.y - press_->at.y};
+    if (!press_->isDragging) {
+        const DockTile* const tile = tiles_.find(press_->serial);
+        const bool comesOff =
+            tile != nullptr && tile->isPinnedApp() && std::hypot(moved.x, moved.y) >= dragThreshold;
+        if (!comesOff)
+            return;
+        press_->isDragging = true;
+        if (onReorderDrag)
+            onReorderDrag(true);
+    }
+    press_->offset = spec_.position == DockPosition::bottom ? moved.x : moved.y;
+}
+
+void DockRootView::endDrag(bool isDropped) {
+    const bool isDragging = press_ && press_->isDragging;
+    const auto drag = reorderDrag();
+    press_.reset();
+    if (!isDragging)
+        return;
+    settles_ = true;
+    invalidate();
+    if (onReorderDrag)
+        onReorderDrag(false);
+    // The tile may have left the list in the user's hand.
+    if (!drag)
+        return;
+    const int target = ReorderMath::targetIndex(*drag);
+    if (!isDropped || target == drag->draggedIndex)
+        return;
+    const auto& dragged = tiles_.all()[static_cast<std::size_t>(drag->draggedIndex)];
+    context_.actions.moveApp(std::string{dragged.item.id}, target);
+}
+
+std::optional<ReorderMath::Drag> DockRootView::reorderDrag() const {
+    if (!press_ || !press_->isDragging)
+        return std::nullopt;
+    const auto& tiles = tiles_.all();
+    const auto dragged = std::ranges::find(tiles, press_->serial, &DockTile::serial);
+    if (dragged == tiles.end())
+        return std::nullopt;
+    return ReorderMath::Drag{.draggedIndex = static_cast<int>(dragged - tiles.begin()),
+                             .offset = press_->offset,
+                             .slot = request_.iconSize + DockMetrics::iconSpacing,
+                             .count = request_.pinnedCount};
+}
+
+void DockRootView::dragEntered(const std::vector<std::string>& urls) {
+    draggedFiles_.clear();
+    for (const std::string& text : urls) {
+        if (auto url = FileURL::parse(text))
+            draggedFiles_.push_back(*std::move(url));
+    }
+}
+
+bool DockRootView::dragMoved(Point at) {
+    const DockTile* const tile = tileAt(at);
+    const bool isOverTrash = tile != nullptr && tile->kind == TileKind::trash;
+    const bool canDrop =
+        !draggedFiles_.empty() && frames_.glass.united(frames_.glassAtRest).contains(at);
+    const auto target = canDrop && isOverTrash ? std::optional{tile->serial} : std::nullopt;
+    if (std::exchange(dropTarget_, target) != target)
+        invalidate();
+    return canDrop;
+}
+
+void DockRootView::dragExited() {
+    draggedFiles_.clear();
+    if (std::exchange(dropTarget_, std::nullopt))
+        invalidate();
+}
+
+bool DockRootView::dropped(Point at) {
+    const bool canDrop = dragMoved(at);
+    const bool isForTrash = dropTarget_.has_value();
+    const auto files = std::exchange(draggedFiles_, {});
+    dragExited();
+    if (!canDrop)
+        return false;
+    if (isForTrash) {
+        context_.actions.trashFiles(files);
+    } else {
+        for (const FileURL& url : files)
+            context_.actions.addApp(url);
+    }
+    return true;
 }
 
 }

@@ -6,25 +6,25 @@
 #include "Displays/PanelUIState.hpp"
 #include "Foundation/Lifetime.hpp"
 #include "Interaction/DockActions.hpp"
-#include "Interaction/TapTracker.hpp"
 #include "Model/DockViewModel.hpp"
-#include "Views/Menu.hpp"
-#include "Views/PointerEvent.hpp"
-#include "Views/Scene.hpp"
+#include "Platform/PanelWindow.hpp"
+#include "Views/DockScene.hpp"
+#include "Views/DockTiles.hpp"
+#include "Views/ReorderMath.hpp"
 #include "Views/StripLayout.hpp"
 
 #include <array>
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace vireline {
 
-class IconStore;
+class MotionSettings;
 class PointerSettings;
 class RunLoop;
-class TrashService;
 
 /// What the views of all docks share. Everything outlives the views.
 struct DockViewContext {
@@ -33,6 +33,7 @@ struct DockViewContext {
     const DockActions& actions;
     RunLoop& runLoop;
     const PointerSettings& pointerSettings;
+    const MotionSettings& motionSettings;
     const TrashService& trash;
     /// Freezes a magnified state for screenshots until the pointer comes.
     std::optional<double> demoCursorFraction;
@@ -48,12 +49,16 @@ public:
     DockRootView& operator=(DockRootView&&) = delete;
     ~DockRootView() = default;
 
-    /// Called with every new scene.
-    std::function<void(const Scene&)> onSceneChange;
-    /// Asks for a popup menu at a point of the view; the chosen entry's index goes to the callback.
-    std::function<void(const Menu&, Point, std::function<void(std::size_t)>)> onMenuRequest;
+    /// The scene has become another. Comes with every event; the scene itself is made when asked
+    /// for, so that events between two frames cost next to nothing.
+    std::function<void()> onInvalidate;
+    /// Asks for a popup menu at a point of the view.
+    std::function<void(const Menu&, Point, MenuClosed)> onMenuRequest;
+    /// A tile is being dragged from now on, or no longer.
+    std::function<void(bool)> onReorderDrag;
 
-    [[nodiscard]] const Scene& scene() const noexcept { return scene_; }
+    /// Says what is new since the call before, so it is for one caller, once a frame.
+    [[nodiscard]] Scene makeScene();
 
     /// A new plan for the hosting panel. The view is as large as the planned frame. An auto-hiding
     /// panel takes the pointer everywhere, so that it knows when the pointer leaves.
@@ -61,56 +66,67 @@ public:
 
     void pointerEvent(const PointerEvent& event);
 
-private:
-    enum class TileKind { app, downloads, trash };
+    /// A drag from another program, as `PanelWindowListener` has it.
+    void dragEntered(const std::vector<std::string>& urls);
+    bool dragMoved(Point at);
+    void dragExited();
+    bool dropped(Point at);
 
-    struct Tile {
-        TileKind kind = TileKind::app;
-        /// A utility tile has a synthetic item.
-        DockItem item;
-        ImageHandle image;
-        /// Names the tile in scenes for as long as it stays in the strip.
+private:
+    /// The primary button is down on a tile.
+    struct Press {
         std::uint32_t serial = 0;
-        TapTracker taps;
-        /// Pressed looks for a moment after a tap; the timer ends it.
-        bool pulse = false;
-        Timer pulseEnd;
+        Point at;
+        /// The tile has come off: it follows the pointer along the axis by `offset`.
+        bool isDragging = false;
+        double offset = 0;
     };
 
-    void rebuildTiles();
-    void addTile(std::vector<Tile>& tiles, TileKind kind, DockItem item, ImageHandle image);
-    void relayout();
+    void invalidate();
+    void layoutIfNeeded();
     [[nodiscard]] StripLayout::Request layoutRequest() const;
-    [[nodiscard]] Scene collapsedScene() const;
-    [[nodiscard]] Scene stripScene() const;
-    void addTileNodes(Scene& scene, const Tile& tile, const TileFrames& frames) const;
+    [[nodiscard]] TileLook lookOf(const DockTile& tile, int index) const;
+    [[nodiscard]] std::optional<std::string> labelText() const;
+    [[nodiscard]] std::optional<Rect> inputRegion() const;
 
+    [[nodiscard]] DockTile* tileAt(Point p);
     void pointerMoved(Point p);
     void pointerExited();
-    [[nodiscard]] Tile* tileAt(Point p);
-    [[nodiscard]] Tile* tileWithSerial(std::uint32_t serial);
-    void tap(Tile& tile);
-    void requestMenu(const Tile& tile, Point at);
+    void pressed(Point p);
+    void released(Point p);
+    void tap(DockTile& tile);
+    void requestMenu(const DockTile& tile, Point at);
+
+    void drag(Point p);
+    /// Ends a drag; the tile goes home, or to where it was let go.
+    void endDrag(bool isDropped);
+    /// Where the dragged tile is and would go; nothing while none is dragged.
+    [[nodiscard]] std::optional<ReorderMath::Drag> reorderDrag() const;
 
     DockViewContext context_;
     PanelUIState& ui_;
     PanelSpec spec_;
     bool takesWholeWindow_;
 
-    std::vector<Tile> tiles_;
-    std::uint32_t lastSerial_ = 0;
+    DockTiles tiles_;
     StripLayout::Request request_;
     StripFrames frames_;
-    Scene scene_;
+    bool tilesAreStale_ = true;
+    bool layoutIsStale_ = true;
+    /// For the next scene alone.
+    bool listChanged_ = false;
+    bool settles_ = false;
 
     /// Where the pointer is over the view.
     std::optional<Point> pointer_;
     /// The pointer along the axis while it magnifies.
     std::optional<double> cursorAxis_;
-    /// The tile under the last press.
-    std::optional<std::uint32_t> pressed_;
+    std::optional<Press> press_;
+    /// The files that another program drags over the view, and the tile they would go to.
+    std::vector<FileURL> draggedFiles_;
+    std::optional<std::uint32_t> dropTarget_;
 
-    std::array<Subscription, 4> observations_;
+    std::array<Subscription, 5> observations_;
     Lifetime lifetime_;
 };
 

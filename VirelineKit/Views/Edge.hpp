@@ -39,6 +39,19 @@ struct Edge {
         return view.height - p.y;
     }
 
+    /// The movement by `along` the axis and by `away` from the edge, in the view's coordinates.
+    [[nodiscard]] constexpr Point vector(double along, double away) const noexcept {
+        switch (position) {
+        case DockPosition::left:
+            return {away, along};
+        case DockPosition::right:
+            return {-away, along};
+        case DockPosition::bottom:
+            break;
+        }
+        return {along, -away};
+    }
+
     /// The rectangle that begins at `start` along the axis and at `nearEdge` from the edge.
     [[nodiscard]] constexpr Rect rect(double start, double length, double nearEdge,
                                       double thickness) const noexcept {

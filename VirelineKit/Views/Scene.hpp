@@ -4,6 +4,7 @@
 
 #include "Foundation/Geometry.hpp"
 #include "Platform/Icons.hpp"
+#include "Views/Curve.hpp"
 
 #include <compare>
 #include <cstdint>
@@ -69,6 +70,20 @@ struct NodeID {
     auto operator<=>(const NodeID&) const = default;
 };
 
+/// How a node's changes reach the screen. Without a curve a change shows at once; a movement under
+/// way then goes on towards the new target.
+struct Motion {
+    std::optional<Curve> frame = {};
+    std::optional<Curve> slide = {};
+    std::optional<Curve> bounce = {};
+    std::optional<Curve> scale = {};
+    std::optional<Curve> opacity = {};
+    /// Fades a node in that was not there before, and out when it is gone.
+    std::optional<Curve> presence = {};
+
+    bool operator==(const Motion&) const = default;
+};
+
 struct SceneNode {
     NodeID id;
     /// At scale 1 and without the offset.
@@ -77,8 +92,14 @@ struct SceneNode {
     /// About the point `anchor`, or the frame's centre.
     double scale = 1;
     std::optional<Point> anchor = {};
-    Point offset = {};
+    /// Aside, along the dock's axis, and away from the display's edge.
+    Point slide = {};
+    Point bounce = {};
     double opacity = 1;
+    Motion motion = {};
+
+    /// From the frame to where the node is drawn.
+    [[nodiscard]] Point offset() const noexcept { return {slide.x + bounce.x, slide.y + bounce.y}; }
 
     bool operator==(const SceneNode&) const = default;
 };

@@ -47,11 +47,12 @@ void GioWorkspace::open(const FileURL& url) {
     std::vector<std::string> uris{url.absoluteString()};
     if (url == folders_.trash())
         uris = {"trash:///", url.appending("files").absoluteString()};
-    launcher_.open(std::move(uris), lifetime_.guard([url](const Result<void>& outcome) {
-        if (!outcome)
-            DevLog::write("open failed " + PlainText::clean(url.lastPathComponent()) + ": " +
-                          described(outcome.error()));
-    }));
+    launcher_.open(
+        std::move(uris), fileManagerPath(), lifetime_.guard([url](const Result<void>& outcome) {
+            if (!outcome)
+                DevLog::write("open failed " + PlainText::clean(url.lastPathComponent()) + ": " +
+                              described(outcome.error()));
+        }));
 }
 
 void GioWorkspace::reveal(const std::vector<FileURL>& urls) {
@@ -70,6 +71,12 @@ void GioWorkspace::reveal(const std::vector<FileURL>& urls) {
             DevLog::write("reveal failed, opening the folder: " + described(outcome.error()));
             openFolders(files);
         }));
+}
+
+/// A desktop need not say which program opens folders for there to be one.
+std::string GioWorkspace::fileManagerPath() const {
+    const auto* found = catalog_.index().find(catalog_.fileManager().bundleID);
+    return found == nullptr ? std::string{} : found->entry.path;
 }
 
 void GioWorkspace::launch(const std::string& bundleID, const DesktopEntry& entry) {

@@ -26,6 +26,7 @@ public:
     void reveal(const std::vector<FileURL>& urls) override;
 
 private:
+    [[nodiscard]] std::string fileManagerPath() const;
     void launch(const std::string& bundleID, const DesktopEntry& entry);
     void openFolders(const std::vector<FileURL>& files);
     [[nodiscard]] std::string nextStartupID();

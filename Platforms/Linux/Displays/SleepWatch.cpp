@@ -1,6 +1,6 @@
 #include "Displays/SleepWatch.hpp"
 
-#include <gio/gio.h>
+#include "GLib/GLibHandles.hpp"
 
 #include <utility>
 
@@ -8,8 +8,8 @@ namespace vireline::x11 {
 
 struct SleepWatch::State {
     std::function<void()> onResume;
-    GCancellable* connecting = g_cancellable_new();
-    GDBusConnection* bus = nullptr;
+    GObjectHandle<GCancellable> connecting{g_cancellable_new()};
+    GObjectHandle<GDBusConnection> bus;
     guint subscription = 0;
 
     explicit State(std::function<void()> callback) : onResume(std::move(callback)) {}
@@ -18,11 +18,8 @@ struct SleepWatch::State {
     State(State&&) = delete;
     State& operator=(State&&) = delete;
     ~State() {
-        if (bus != nullptr) {
-            g_dbus_connection_signal_unsubscribe(bus, subscription);
-            g_object_unref(bus);
-        }
-        g_object_unref(connecting);
+        if (bus)
+            g_dbus_connection_signal_unsubscribe(bus.get(), subscription);
     }
 
     /// What GIO keeps for its callbacks: it must not keep the state itself alive.
@@ -34,21 +31,17 @@ struct SleepWatch::State {
 
     static void connected(GObject* /*source*/, GAsyncResult* result, gpointer data) {
         const std::unique_ptr<Handle> handle{static_cast<Handle*>(data)};
-        GDBusConnection* const bus = g_bus_get_finish(result, nullptr);
-        if (bus == nullptr)
-            return;
+        GObjectHandle<GDBusConnection> bus{g_bus_get_finish(result, nullptr)};
         const auto state = handle->lock();
-        if (!state) {
-            g_object_unref(bus);
+        if (!bus || !state)
             return;
-        }
         // A bus that goes away must not take the program along.
-        g_dbus_connection_set_exit_on_close(bus, FALSE);
-        state->bus = bus;
+        g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
         state->subscription = g_dbus_connection_signal_subscribe(
-            bus, "org.freedesktop.login1", "org.freedesktop.login1.Manager", "PrepareForSleep",
-            "/org/freedesktop/login1", nullptr, G_DBUS_SIGNAL_FLAGS_NONE, prepareForSleep,
-            std::make_unique<Handle>(state).release(), deleteHandle);
+            bus.get(), "org.freedesktop.login1", "org.freedesktop.login1.Manager",
+            "PrepareForSleep", "/org/freedesktop/login1", nullptr, G_DBUS_SIGNAL_FLAGS_NONE,
+            prepareForSleep, std::make_unique<Handle>(state).release(), deleteHandle);
+        state->bus = std::move(bus);
     }
 
     static void prepareForSleep(GDBusConnection* /*bus*/, const gchar* /*sender*/,
@@ -66,12 +59,12 @@ struct SleepWatch::State {
 
 SleepWatch::SleepWatch(std::function<void()> onResume)
     : state_(std::make_shared<State>(std::move(onResume))) {
-    g_bus_get(G_BUS_TYPE_SYSTEM, state_->connecting, State::connected,
+    g_bus_get(G_BUS_TYPE_SYSTEM, state_->connecting.get(), State::connected,
               std::make_unique<State::Handle>(state_).release());
 }
 
 SleepWatch::~SleepWatch() {
-    g_cancellable_cancel(state_->connecting);
+    g_cancellable_cancel(state_->connecting.get());
 }
 
 }

@@ -1,5 +1,6 @@
 #include "Displays/StrutWindows.hpp"
 
+#include "X11/PropertyBatch.hpp"
 #include "X11/X11Connection.hpp"
 
 #include <algorithm>
@@ -14,59 +15,65 @@ namespace {
 /// Far more than any desktop has; a client list can be of any length.
 constexpr std::size_t maximumWindows = 4096;
 
-/// What is asked about one window, all windows at once.
-struct Query {
-    xcb_window_t window = XCB_NONE;
-    xcb_get_property_cookie_t partial{};
-    xcb_get_property_cookie_t plain{};
-    xcb_get_property_cookie_t type{};
-    xcb_get_geometry_cookie_t geometry{};
-    xcb_translate_coordinates_cookie_t corner{};
-    xcb_get_window_attributes_cookie_t attributes{};
-};
-
+/// What one window says of itself.
 struct Answer {
     std::optional<StrutWindow> strut;
     /// It reserves room, or may begin to.
     bool isWatched = false;
 };
 
-class Batch {
+/// Questions about windows, all asked before the first answer is waited for.
+class Questions {
 public:
-    explicit Batch(const X11Connection& connection)
-        : connection_(connection)
-        , partial_(connection.atom("_NET_WM_STRUT_PARTIAL"))
-        , plain_(connection.atom("_NET_WM_STRUT"))
-        , type_(connection.atom("_NET_WM_WINDOW_TYPE"))
-        , dock_(connection.atom("_NET_WM_WINDOW_TYPE_DOCK")) {}
+    explicit Questions(const X11Connection& connection)
+        : connection_(connection), properties_(connection) {}
 
-    [[nodiscard]] Query ask(xcb_window_t window) const {
+    void ask(xcb_window_t window) {
+        constexpr std::size_t strutBytes = 12 * sizeof(std::uint32_t);
+        constexpr std::size_t typeBytes = 8 * sizeof(std::uint32_t);
         xcb_connection_t* const x = connection_.get();
-        return {window,
-                property(window, partial_, XCB_ATOM_CARDINAL),
-                property(window, plain_, XCB_ATOM_CARDINAL),
-                property(window, type_, XCB_ATOM_ATOM),
-                xcb_get_geometry(x, window),
-                xcb_translate_coordinates(x, window, connection_.root(), 0, 0),
-                xcb_get_window_attributes(x, window)};
+        asked_.push_back({window, properties_.ask(window, "_NET_WM_STRUT_PARTIAL", strutBytes),
+                          properties_.ask(window, "_NET_WM_STRUT", strutBytes),
+                          properties_.ask(window, "_NET_WM_WINDOW_TYPE", typeBytes),
+                          xcb_get_geometry(x, window),
+                          xcb_translate_coordinates(x, window, connection_.root(), 0, 0),
+                          xcb_get_window_attributes(x, window)});
     }
 
-    [[nodiscard]] Answer answer(const Query& query) const {
+    /// Calls `receive` with each window and its answer, in the order asked.
+    template <class Receive>
+    void answers(Receive receive) {
+        for (const Question& question : asked_) {
+            receive(question.window, answer(question));
+        }
+    }
+
+private:
+    struct Question {
+        xcb_window_t window;
+        std::size_t partial;
+        std::size_t plain;
+        std::size_t type;
+        xcb_get_geometry_cookie_t geometry;
+        xcb_translate_coordinates_cookie_t corner;
+        xcb_get_window_attributes_cookie_t attributes;
+    };
+
+    Answer answer(const Question& question) {
         xcb_connection_t* const x = connection_.get();
-        const auto partial = reply(query.partial);
-        const auto plain = reply(query.plain);
-        const auto type = reply(query.type);
         const Owned<xcb_get_geometry_reply_t> geometry{
-            xcb_get_geometry_reply(x, query.geometry, nullptr)};
+            xcb_get_geometry_reply(x, question.geometry, nullptr)};
         const Owned<xcb_translate_coordinates_reply_t> corner{
-            xcb_translate_coordinates_reply(x, query.corner, nullptr)};
+            xcb_translate_coordinates_reply(x, question.corner, nullptr)};
         const Owned<xcb_get_window_attributes_reply_t> attributes{
-            xcb_get_window_attributes_reply(x, query.attributes, nullptr)};
-        const bool isMapped = attributes && attributes->map_state != XCB_MAP_STATE_UNMAPPED;
+            xcb_get_window_attributes_reply(x, question.attributes, nullptr)};
+        const auto strut = Struts::read(properties_.words(question.partial, XCB_ATOM_CARDINAL),
+                                        properties_.words(question.plain, XCB_ATOM_CARDINAL));
+        const auto types = properties_.words(question.type, XCB_ATOM_ATOM);
         Answer answer;
-        answer.isWatched = std::ranges::find(items(type), dock_) != items(type).end();
-        const auto strut = Struts::read(items(partial), items(plain));
-        answer.isWatched = answer.isWatched || strut.has_value();
+        answer.isWatched =
+            strut || std::ranges::count(types, connection_.atom("_NET_WM_WINDOW_TYPE_DOCK")) > 0;
+        const bool isMapped = attributes && attributes->map_state != XCB_MAP_STATE_UNMAPPED;
         if (strut && isMapped && geometry && corner) {
             answer.strut = StrutWindow{
                 {corner->dst_x, corner->dst_y, geometry->width, geometry->height}, *strut};
@@ -74,32 +81,9 @@ public:
         return answer;
     }
 
-private:
-    using PropertyReply = Owned<xcb_get_property_reply_t>;
-
-    [[nodiscard]] xcb_get_property_cookie_t property(xcb_window_t window, xcb_atom_t name,
-                                                     xcb_atom_t type) const {
-        constexpr std::uint32_t items = 12;
-        return xcb_get_property(connection_.get(), 0, window, name, type, 0, items);
-    }
-
-    [[nodiscard]] PropertyReply reply(xcb_get_property_cookie_t cookie) const {
-        return PropertyReply{xcb_get_property_reply(connection_.get(), cookie, nullptr)};
-    }
-
-    static std::span<const std::uint32_t> items(const PropertyReply& reply) {
-        if (!reply || reply->format != 32)
-            return {};
-        const auto bytes = static_cast<std::size_t>(xcb_get_property_value_length(reply.get()));
-        return {static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get())),
-                bytes / sizeof(std::uint32_t)};
-    }
-
     const X11Connection& connection_;
-    xcb_atom_t partial_;
-    xcb_atom_t plain_;
-    xcb_atom_t type_;
-    xcb_atom_t dock_;
+    PropertyBatch properties_;
+    std::vector<Question> asked_;
 };
 
 }
@@ -111,26 +95,24 @@ StrutWindows::StrutWindows(X11Connection& connection)
 }
 
 std::vector<StrutWindow> StrutWindows::read() {
-    const Batch batch{connection_};
-    std::vector<Query> queries;
+    Questions questions{connection_};
     for (const xcb_window_t window : candidates()) {
         if (!isOwn(window))
-            queries.push_back(batch.ask(window));
+            questions.ask(window);
     }
     std::vector<StrutWindow> found;
     std::unordered_set<xcb_window_t> watched;
-    for (const Query& query : queries) {
-        const Answer answer = batch.answer(query);
+    questions.answers([&](xcb_window_t window, const Answer& answer) {
         if (answer.strut)
             found.push_back(*answer.strut);
         if (!answer.isWatched)
-            continue;
-        watched.insert(query.window);
-        if (!watched_.contains(query.window)) {
-            connection_.selectInput(query.window, XCB_EVENT_MASK_PROPERTY_CHANGE |
-                                                      XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+            return;
+        watched.insert(window);
+        if (!watched_.contains(window)) {
+            connection_.selectInput(window, XCB_EVENT_MASK_PROPERTY_CHANGE |
+                                                XCB_EVENT_MASK_STRUCTURE_NOTIFY);
         }
-    }
+    });
     watched_ = std::move(watched);
     connection_.flush();
     return found;

@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 
 namespace vireline::x11::BoundedFile {
@@ -15,12 +16,16 @@ FileDescriptor open(const std::string& path) {
     return FileDescriptor{::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY)};
 }
 
+/// A bound is often far above what a file holds; memory is taken as it is needed.
+constexpr std::size_t chunkBytes = 16UL * 1024;
+
 /// Up to `size` bytes; fewer at the file's end or after an error.
 std::string readUpTo(const FileDescriptor& file, std::size_t size) {
-    std::string content(size, '\0');
+    std::string content;
     std::size_t filled = 0;
     while (filled < size) {
-        const ssize_t got = ::read(file.get(), content.data() + filled, size - filled);
+        content.resize(std::min(size, filled + chunkBytes));
+        const ssize_t got = ::read(file.get(), content.data() + filled, content.size() - filled);
         if (got < 0 && errno == EINTR)
             continue;
         if (got <= 0)

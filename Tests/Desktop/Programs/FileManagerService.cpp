@@ -29,7 +29,7 @@ void called(GDBusConnection*, const char*, const char*, const char*, const char*
     g_variant_get(parameters, "(as&s)", &items, &startupID);
     const char* item = nullptr;
     while (g_variant_iter_next(items, "&s", &item) != 0)
-        calls << method << ' ' << item << std::endl;
+        calls << method << ' ' << item << '\n' << std::flush;
     g_variant_iter_free(items);
     g_dbus_method_invocation_return_value(invocation, nullptr);
 }

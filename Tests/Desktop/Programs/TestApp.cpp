@@ -156,7 +156,7 @@ public:
 
     void record(const std::string& line) const {
         if (!options_.record.empty())
-            std::ofstream{options_.record, std::ios::app} << line << std::endl;
+            std::ofstream{options_.record, std::ios::app} << line << '\n';
     }
 
 private:

@@ -49,6 +49,9 @@ struct Launch {
     [[noreturn]] void run() const {
         prctl(PR_SET_PDEATHSIG, SIGKILL);
         setsid();
+        sigset_t none;
+        sigemptyset(&none);
+        sigprocmask(SIG_SETMASK, &none, nullptr);
         redirect(STDOUT_FILENO, output);
         redirect(STDERR_FILENO, errors);
         if (inherited)
@@ -59,22 +62,25 @@ struct Launch {
     }
 };
 
-}
-
-ChildProcess::ChildProcess(const Command& command) {
+pid_t start(const Command& command) {
     std::vector<std::string> arguments{command.program};
     std::ranges::copy(command.arguments, std::back_inserter(arguments));
     std::vector<std::string> variables;
     for (const auto& [name, value] : command.environment)
-        variables.push_back(name + "=" + value);
+        variables.emplace_back(name).append("=").append(value);
     const Launch launch{pointers(arguments), pointers(variables), fileOr(command.output),
                         fileOr(command.errors), command.inherited};
-    pid_ = fork();
-    if (pid_ < 0)
+    const pid_t pid = fork();
+    if (pid < 0)
         throw std::system_error{errno, std::generic_category(), "fork"};
-    if (pid_ == 0)
+    if (pid == 0)
         launch.run();
+    return pid;
 }
+
+}
+
+ChildProcess::ChildProcess(const Command& command) : pid_(start(command)) {}
 
 ChildProcess::ChildProcess(ChildProcess&& other) noexcept
     : pid_(std::exchange(other.pid_, 0)), exitCode_(other.exitCode_) {}

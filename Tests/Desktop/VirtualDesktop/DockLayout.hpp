@@ -14,7 +14,7 @@
 
 namespace vireline::desktop {
 
-enum class Edge { bottom, left, right, top };
+enum class Edge : std::uint8_t { bottom, left, right, top };
 
 /// What another program reserves at one edge of a monitor; pixels.
 struct Reservation {

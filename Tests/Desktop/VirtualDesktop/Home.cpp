@@ -33,21 +33,32 @@ std::string escaped(std::string_view text) {
     return result;
 }
 
-std::string tile(const App& app, const fs::path& entry) {
-    const std::string url = FileURL::fromPath(entry.string()).absoluteString();
+std::string tile(const Pin& pin) {
+    const std::string url = FileURL::fromPath(pin.entry.string()).absoluteString();
     return "<dict><key>tile-data</key><dict>"
            "<key>file-data</key><dict><key>_CFURLString</key><string>" +
            escaped(url) +
            "</string></dict>"
            "<key>file-label</key><string>" +
-           escaped(app.name) +
+           escaped(pin.name) +
            "</string>"
            "<key>bundle-identifier</key><string>" +
-           escaped(app.id) + "</string></dict></dict>\n";
+           escaped(pin.id) + "</string></dict></dict>\n";
+}
+
+std::string listOf(std::span<const Pin> pins) {
+    std::string list = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                       "<plist version=\"1.0\"><dict><key>persistent-apps</key><array>\n";
+    for (const auto& pin : pins)
+        list += tile(pin);
+    return list + "</array></dict></plist>\n";
 }
 
 /// As one argument of an Exec key.
 std::string execArgument(std::string_view argument) {
+    // A field code counts only outside of quotes.
+    if (argument.starts_with('%'))
+        return std::string{argument};
     return '"' + std::string{argument} + '"';
 }
 
@@ -109,21 +120,25 @@ fs::path Home::entry(std::string_view id) const {
     return root_.path() / "share/applications" / (std::string{id} + ".desktop");
 }
 
-fs::path Home::installEntry(std::string_view id, std::string_view content) {
+fs::path Home::installEntry(std::string_view id, std::string_view content) const {
     auto file = entry(id);
     // Renamed into place, as package managers do: nobody ever reads half an entry.
     replaceFile(file, content);
     return file;
 }
 
-fs::path Home::install(const App& app) {
-    constexpr int iconSize = 128;
+std::string Home::paintIcon(const App& app) const {
+    constexpr int side = 128;
     const fs::path icon = root_.path() / "share/pixmaps" / (app.id + ".png");
     fs::create_directories(icon.parent_path());
-    Picture{iconSize, iconSize, app.colour}.writePNG(icon);
+    Picture{side, side, app.colour}.writePNG(icon);
+    return icon.string();
+}
 
+fs::path Home::install(const App& app) const {
     std::ostringstream entry;
-    entry << "[Desktop Entry]\nType=Application\nName=" << app.name << "\nIcon=" << icon.string()
+    entry << "[Desktop Entry]\nType=Application\nName=" << app.name
+          << "\nIcon=" << (app.icon.empty() ? paintIcon(app) : app.icon)
           << "\nStartupWMClass=" << windowClass(app)
           << "\nStartupNotify=true\nExec=" << execArgument(testApp_.string()) << " --class "
           << execArgument(windowClass(app)) << " --title " << execArgument(app.name);
@@ -135,26 +150,29 @@ fs::path Home::install(const App& app) {
     return installEntry(app.id, entry.str());
 }
 
-void Home::uninstall(const App& app) {
+void Home::uninstall(const App& app) const {
     fs::remove(entry(app.id));
 }
 
-void Home::setFileManager(const App& app) {
+void Home::setFileManager(const std::string& id) const {
     writeFile(root_.path() / "share/applications/mimeapps.list",
-              "[Default Applications]\ninode/directory=" + app.id +
-                  ".desktop\nx-scheme-handler/trash=" + app.id + ".desktop\n");
+              "[Default Applications]\ninode/directory=" + id +
+                  ".desktop\nx-scheme-handler/trash=" + id + ".desktop\n");
 }
 
 std::string Home::dockList(std::span<const App> apps) const {
-    std::string list = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                       "<plist version=\"1.0\"><dict><key>persistent-apps</key><array>\n";
+    std::vector<Pin> pins;
     for (const auto& app : apps)
-        list += tile(app, entry(app.id));
-    return list + "</array></dict></plist>\n";
+        pins.push_back({app.id, app.name, entry(app.id)});
+    return listOf(pins);
 }
 
 void Home::pin(std::span<const App> apps) const {
     writeFile(dockPreferences(), dockList(apps));
+}
+
+void Home::pin(std::span<const Pin> pins) const {
+    writeFile(dockPreferences(), listOf(pins));
 }
 
 void Home::writePreferences(std::string_view json) const {

@@ -21,10 +21,19 @@ struct App {
     std::string id;
     std::string name;
     Colour colour;
-    /// What the test app is told besides its class.
+    /// What the test app is told besides its class; field codes such as "%U" are allowed.
     std::vector<std::string> arguments;
     /// Further lines of the desktop entry.
-    std::vector<std::string> keys;
+    std::vector<std::string> keys{}; // NOLINT(readability-redundant-member-init): GCC warns without
+    /// The name of an icon of the theme, instead of the colour.
+    std::string icon{}; // NOLINT(readability-redundant-member-init): as above
+};
+
+/// One tile of the desktop's own dock.
+struct Pin {
+    std::string id;
+    std::string name;
+    std::filesystem::path entry;
 };
 
 /// The class that windows of the app carry.
@@ -50,23 +59,27 @@ public:
     [[nodiscard]] Environment environment() const;
 
     /// Installs a desktop entry and its icon, and returns the entry's path.
-    std::filesystem::path install(const App& app);
-    void uninstall(const App& app);
+    std::filesystem::path install(const App& app) const;
+    void uninstall(const App& app) const;
     /// Installs a desktop entry of any content.
-    std::filesystem::path installEntry(std::string_view id, std::string_view content);
+    std::filesystem::path installEntry(std::string_view id, std::string_view content) const;
     [[nodiscard]] std::filesystem::path entry(std::string_view id) const;
 
-    /// Makes `app` the one that opens folders.
-    void setFileManager(const App& app);
+    /// Makes the app with this ID the one that opens folders.
+    void setFileManager(const std::string& id) const;
 
     /// The apps' tiles in the shape of the list that the desktop's own dock keeps.
     [[nodiscard]] std::string dockList(std::span<const App> apps) const;
     /// Writes that list in place.
     void pin(std::span<const App> apps) const;
+    void pin(std::span<const Pin> pins) const;
 
     void writePreferences(std::string_view json) const;
 
 private:
+    /// An icon of the app's colour; its path.
+    [[nodiscard]] std::string paintIcon(const App& app) const;
+
     TemporaryFolder root_;
     std::filesystem::path testApp_;
 };

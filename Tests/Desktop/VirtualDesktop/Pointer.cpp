@@ -20,7 +20,7 @@ xcb_keycode_t keycode(const XClient& client, xcb_keysym_t symbol) {
         client.get(), xcb_get_keyboard_mapping(client.get(), setup->min_keycode, count), nullptr)};
     if (reply) {
         const auto* symbols = xcb_get_keyboard_mapping_keysyms(reply.get());
-        for (int key = 0; key < count; ++key) {
+        for (std::size_t key = 0; key < count; ++key) {
             if (symbols[key * reply->keysyms_per_keycode] == symbol)
                 return static_cast<xcb_keycode_t>(setup->min_keycode + key);
         }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <ranges>
 
 namespace vireline::desktop {
 
@@ -33,9 +34,9 @@ int ProgramLog::count(std::string_view prefix) const {
 
 std::string ProgramLog::last(std::string_view prefix) const {
     const auto all = messages();
-    for (auto message = all.rbegin(); message != all.rend(); ++message) {
-        if (message->starts_with(prefix))
-            return *message;
+    for (const auto& message : all | std::views::reverse) {
+        if (message.starts_with(prefix))
+            return message;
     }
     return {};
 }

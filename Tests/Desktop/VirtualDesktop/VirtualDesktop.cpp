@@ -13,6 +13,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr const char* installedData = "/usr/local/share:/usr/share";
+
 /// Focus follows clicks, new windows get the focus, and nothing else happens by itself.
 constexpr std::string_view windowManagerConfiguration = R"(<?xml version="1.0"?>
 <openbox_config xmlns="http://openbox.org/3.4/rc">
@@ -111,6 +113,8 @@ VirtualDesktop::VirtualDesktop(Programs programs, const Options& options)
     environment_["DISPLAY"] = server_.display();
     if (!options.scales.empty())
         environment_["QT_SCREEN_SCALE_FACTORS"] = scaleFactors(options.scales);
+    if (options.installedApps)
+        environment_["XDG_DATA_DIRS"] += std::string{":"} + installedData;
     if (!options.monitors.empty())
         setMonitors(options.monitors);
     if (options.sessionBus)
@@ -137,7 +141,7 @@ std::uint32_t VirtualDesktop::displayIDOf(const std::string& monitor) const {
 Environment VirtualDesktop::sessionEnvironment() const {
     // The session's own programs need their themes and settings, which the home does not have.
     Environment environment = environment_;
-    environment["XDG_DATA_DIRS"] = "/usr/local/share:/usr/share";
+    environment["XDG_DATA_DIRS"] = installedData;
     environment["XDG_CONFIG_DIRS"] = "/etc/xdg";
     return environment;
 }
@@ -209,8 +213,13 @@ void VirtualDesktop::endReservations() {
 }
 
 ChildProcess& VirtualDesktop::startVireline() {
-    return vireline_.emplace(Command{programs_.vireline.string(),
-                                     {},
+    return startVirelineThrough({});
+}
+
+ChildProcess& VirtualDesktop::startVirelineThrough(std::vector<std::string> command) {
+    command.push_back(programs_.vireline.string());
+    return vireline_.emplace(Command{command.front(),
+                                     {command.begin() + 1, command.end()},
                                      environment_,
                                      home_.scratch() / "vireline.out",
                                      home_.scratch() / "vireline.err",
@@ -227,7 +236,9 @@ void VirtualDesktop::runVireline() {
 }
 
 ChildProcess& VirtualDesktop::vireline() {
-    return vireline_.value();
+    if (!vireline_)
+        throw std::logic_error{"the program was not started"};
+    return *vireline_;
 }
 
 ChildProcess& VirtualDesktop::run(const std::string& program, std::vector<std::string> arguments) {

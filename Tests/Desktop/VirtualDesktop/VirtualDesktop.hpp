@@ -35,13 +35,16 @@ class VirtualDesktop {
 public:
     struct Options {
         /// The first is primary. None leaves the server's own single display.
-        std::vector<Monitor> monitors{};
+        std::vector<Monitor>
+            monitors{}; // NOLINT(readability-redundant-member-init): GCC warns without
         bool windowManager = true;
         bool compositor = false;
         bool sessionBus = false;
         bool randr = true;
+        /// Whether the apps installed on this computer are there besides the home's own.
+        bool installedApps = false;
         /// Pixels per point of monitors where it is not 1.
-        std::map<std::string, double> scales{};
+        std::map<std::string, double> scales{}; // NOLINT(readability-redundant-member-init)
         /// The X screen, which holds all monitors that a test will attach.
         int width = 4096;
         int height = 2304;
@@ -61,6 +64,9 @@ public:
     /// For programs of this desktop; tests may add to it before they start one.
     [[nodiscard]] Environment& environment() noexcept { return environment_; }
 
+    /// Ends the X server under everybody's feet; nothing can be asked of the desktop afterwards.
+    void stopServer() { server_.stop(); }
+
     void setMonitors(const std::vector<Monitor>& monitors);
     [[nodiscard]] const Monitor& monitor(const std::string& name) const;
     [[nodiscard]] std::uint32_t displayIDOf(const std::string& monitor) const;
@@ -68,6 +74,7 @@ public:
     void startWindowManager();
     void stopWindowManager() { windowManager_.reset(); }
     void startCompositor();
+    void stopCompositor() { compositor_.reset(); }
 
     /// Puts another program's panel at an edge of a monitor, where it reserves its thickness.
     void reserve(const Reservation& reservation);
@@ -76,6 +83,9 @@ public:
 
     /// Starts the program under test and returns at once.
     ChildProcess& startVireline();
+    /// Starts it through another program, which is given the program's path as its last argument
+    /// and replaces itself by it.
+    ChildProcess& startVirelineThrough(std::vector<std::string> command);
     /// Starts it, waits until it has planned its docks, and throws if it does not get there.
     void runVireline();
     [[nodiscard]] ChildProcess& vireline();

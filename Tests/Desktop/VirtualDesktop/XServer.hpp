@@ -23,6 +23,8 @@ public:
     /// Returns once clients can connect; throws when it does not start.
     explicit XServer(const Options& options);
 
+    void stop() { process_.reset(); }
+
     /// Such as ":7".
     [[nodiscard]] const std::string& display() const noexcept { return display_; }
 

@@ -46,8 +46,12 @@ const IndexedEntry* first(const Candidates& candidates) {
     return candidates.empty() ? nullptr : candidates.front();
 }
 
+/// The first if there is nothing to choose: a copy of an entry starts the same program.
 const IndexedEntry* only(const Candidates& candidates) {
-    return candidates.size() == 1 ? candidates.front() : nullptr;
+    const auto isAlike = [&candidates](const IndexedEntry* entry) {
+        return entry->command == candidates.front()->command;
+    };
+    return std::ranges::all_of(candidates, isAlike) ? first(candidates) : nullptr;
 }
 
 class Search {

@@ -25,6 +25,10 @@ PlatformError failure(GError* raw) {
     return {.code = error->code, .description = error->message};
 }
 
+PlatformError nothingToStart() {
+    return {.code = ENOENT, .description = "nothing to start"};
+}
+
 /// In the new process, before it becomes the program: what is started outlives whoever started it,
 /// also when that is ended from its terminal.
 void startSession(gpointer) {
@@ -38,7 +42,7 @@ void noteChild(GDesktopAppInfo*, GPid child, gpointer children) {
 Result<Children> start(const std::string& path, GAppLaunchContext* context) {
     const GObjectHandle<GDesktopAppInfo> info{g_desktop_app_info_new_from_filename(path.c_str())};
     if (!info)
-        return std::unexpected(PlatformError{.code = ENOENT, .description = "nothing to start"});
+        return std::unexpected(nothingToStart());
     Children children;
     GError* error = nullptr;
     const auto flags = static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_DO_NOT_REAP_CHILD);
@@ -48,7 +52,27 @@ Result<Children> start(const std::string& path, GAppLaunchContext* context) {
     return children;
 }
 
-Result<void> openFirst(const std::vector<std::string>& uris, GAppLaunchContext* context) {
+Result<void> openWith(const std::string& entryPath, const std::string& uri,
+                      GAppLaunchContext* context) {
+    const GObjectHandle<GDesktopAppInfo> info{
+        g_desktop_app_info_new_from_filename(entryPath.c_str())};
+    if (!info)
+        return std::unexpected(nothingToStart());
+    std::string address = uri;
+    GList uris{.data = address.data(), .next = nullptr, .prev = nullptr};
+    GError* error = nullptr;
+    if (g_app_info_launch_uris(G_APP_INFO(info.get()), &uris, context, &error) == FALSE)
+        return std::unexpected(failure(error));
+    return {};
+}
+
+bool isFolder(const std::string& uri) {
+    const GLibHandle<char, g_free> path{g_filename_from_uri(uri.c_str(), nullptr, nullptr)};
+    return path && g_file_test(path.get(), G_FILE_TEST_IS_DIR) != FALSE;
+}
+
+Result<void> openFirst(const std::vector<std::string>& uris, const std::string& fileManagerPath,
+                       GAppLaunchContext* context) {
     Result<void> outcome;
     for (const auto& uri : uris) {
         GError* error = nullptr;
@@ -56,7 +80,8 @@ Result<void> openFirst(const std::vector<std::string>& uris, GAppLaunchContext* 
             return {};
         outcome = std::unexpected(failure(error));
     }
-    return outcome;
+    const bool hasFallback = !fileManagerPath.empty() && isFolder(uris.back());
+    return hasFallback ? openWith(fileManagerPath, uris.back(), context) : outcome;
 }
 
 /// Takes notice of the child's end, which also frees its place in the system's table.
@@ -94,11 +119,11 @@ void Launcher::launch(const DesktopEntry& entry, const std::string& startupID,
         });
 }
 
-void Launcher::open(std::vector<std::string> uris, Outcome done) {
+void Launcher::open(std::vector<std::string> uris, std::string fileManagerPath, Outcome done) {
     const SharedContext context{LaunchContext::make({}, [] {})};
-    runInWorker<Result<void>>(
-        [uris = std::move(uris), context] { return openFirst(uris, context.get()); },
-        lifetime_.guard(std::move(done)));
+    runInWorker<Result<void>>([uris = std::move(uris), path = std::move(fileManagerPath),
+                               context] { return openFirst(uris, path, context.get()); },
+                              lifetime_.guard(std::move(done)));
 }
 
 }

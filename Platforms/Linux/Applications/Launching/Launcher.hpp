@@ -20,9 +20,10 @@ public:
     void launch(const DesktopEntry& entry, const std::string& startupID,
                 std::function<void(const PlatformError&)> onFailure);
 
-    /// Opens the first of `uris` for which there is a program that can. `done` hears of the last
-    /// failure if there is none.
-    void open(std::vector<std::string> uris, Outcome done);
+    /// Opens the first of `uris` that the user's programs for such things can open; failing that
+    /// the last, if it is a folder, with the program of the entry at `fileManagerPath`. `done`
+    /// hears of the last failure.
+    void open(std::vector<std::string> uris, std::string fileManagerPath, Outcome done);
 
 private:
     Lifetime lifetime_;

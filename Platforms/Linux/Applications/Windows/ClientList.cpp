@@ -95,6 +95,7 @@ void ClientList::refresh() {
     const xcb_window_t activeBefore = active_;
     const auto listed = listedWindows();
     if (!isHandingOver(listed)) {
+        noteManager();
         learn(listed);
         windows_.clear();
         for (const xcb_window_t id : listed) {
@@ -139,9 +140,13 @@ void ClientList::watchManager(xcb_window_t manager) {
         isAlive = batch.word(check, XCB_ATOM_WINDOW) == manager;
     }
     manager_ = manager;
-    if (hasManager_ && !isAlive)
-        DevLog::write("no window manager");
     hasManager_ = isAlive;
+}
+
+void ClientList::noteManager() {
+    if (isManaged_ && !hasManager_)
+        DevLog::write("no window manager");
+    isManaged_ = hasManager_;
 }
 
 /// A window manager that leaves takes its list with it, though not the windows: they stay mapped,

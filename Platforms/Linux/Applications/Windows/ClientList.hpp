@@ -48,6 +48,7 @@ private:
     void refresh();
     [[nodiscard]] std::vector<xcb_window_t> listedWindows();
     void watchManager(xcb_window_t manager);
+    void noteManager();
     [[nodiscard]] bool isHandingOver(const std::vector<xcb_window_t>& listed);
     void learn(const std::vector<xcb_window_t>& listed);
     void seedActivations();
@@ -65,6 +66,8 @@ private:
     /// The window by which the window manager shows that it lives.
     xcb_window_t manager_ = XCB_NONE;
     bool hasManager_ = true;
+    /// The same without the gap between one window manager and the next.
+    bool isManaged_ = true;
     /// When the list was first seen to lack windows that are still shown.
     std::optional<double> handOverSince_;
     Timer refresh_;

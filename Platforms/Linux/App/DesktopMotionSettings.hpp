@@ -1,0 +1,25 @@
+/// Whether this desktop wants animations, as its settings daemon said when the program started.
+#pragma once
+
+#include "Icons/XSettings.hpp"
+#include "Platform/MotionSettings.hpp"
+
+namespace vireline::x11 {
+
+class DesktopMotionSettings final : public MotionSettings {
+public:
+    explicit DesktopMotionSettings(const XSettings::Numbers& numbers)
+        : reducesMotion_(asksForLess(numbers)) {}
+
+    [[nodiscard]] bool reducesMotion() const override { return reducesMotion_; }
+
+private:
+    [[nodiscard]] static bool asksForLess(const XSettings::Numbers& numbers) {
+        const auto animations = numbers.find("Gtk/EnableAnimations");
+        return animations != numbers.end() && animations->second == 0;
+    }
+
+    bool reducesMotion_;
+};
+
+}

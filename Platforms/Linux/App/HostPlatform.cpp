@@ -1,0 +1,115 @@
+#include "App/HostPlatform.hpp"
+
+#include "App/DesktopMotionSettings.hpp"
+#include "App/QtApplication.hpp"
+#include "App/QtPointerSettings.hpp"
+#include "App/QtRunLoop.hpp"
+#include "App/SingleInstance.hpp"
+#include "App/XcbApplication.hpp"
+#include "Applications/DesktopEntryCatalog.hpp"
+#include "Applications/EwmhRunningApplications.hpp"
+#include "Applications/GioWorkspace.hpp"
+#include "Desktop/DesktopDockPreferences.hpp"
+#include "Displays/RandrScreens.hpp"
+#include "Files/GioTrash.hpp"
+#include "Files/InotifyFileEvents.hpp"
+#include "Files/PosixFileSystem.hpp"
+#include "Files/XdgUserFolders.hpp"
+#include "Icons/ChosenIconTheme.hpp"
+#include "Icons/ThemeIcons.hpp"
+#include "Icons/XSettings.hpp"
+#include "Panels/QtPanelWindows.hpp"
+#include "X11/X11Connection.hpp"
+
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+
+namespace vireline {
+namespace {
+
+using namespace x11;
+
+IconTheme iconTheme(const XSettings::Texts& settings) {
+    auto folders = IconTheme::userFolders();
+    auto name = ChosenIconTheme::name(folders, settings, ChosenIconTheme::userFiles());
+    return {std::move(folders), std::move(name)};
+}
+
+std::string widgetTheme(const XSettings::Texts& settings) {
+    const auto name = settings.find("Net/ThemeName");
+    return name == settings.end() ? std::string{} : name->second;
+}
+
+std::string currentDesktop() {
+    const char* const name = std::getenv("XDG_CURRENT_DESKTOP");
+    return name == nullptr ? std::string{} : name;
+}
+
+}
+
+/// Each part needs some of those above it.
+struct HostPlatform::Parts {
+    explicit Parts(std::unique_ptr<SingleInstance> claimed)
+        : instance(std::move(claimed)), application(qt.qt(), *instance) {}
+
+    std::unique_ptr<SingleInstance> instance;
+    XcbApplication qt;
+    QtApplication application;
+    QtRunLoop runLoop;
+    QtPointerSettings pointerSettings;
+    PosixFileSystem fileSystem;
+    InotifyFileEvents fileEvents;
+    XdgUserFolders userFolders;
+    GioTrash trash;
+    X11Connection connection;
+    XSettings::Values settings = XSettings::read(connection);
+    DesktopMotionSettings motionSettings{settings.numbers};
+    DesktopEntryCatalog catalog{runLoop};
+    EwmhRunningApplications runningApplications{connection, runLoop, catalog};
+    GioWorkspace workspace{connection, catalog, runningApplications, userFolders};
+    DesktopDockPreferences dockPreferences{
+        {userFolders.home(), userFolders.configHome(), currentDesktop(), {}}, fileSystem, catalog};
+    ThemeIcons icons{catalog, runningApplications, iconTheme(settings.texts)};
+    RandrScreens screens{connection};
+    QtPanelWindows panelWindows{connection, screens, widgetTheme(settings.texts)};
+};
+
+std::expected<std::unique_ptr<HostPlatform>, HostPlatform::Ended> HostPlatform::start() {
+    auto server = XServer::connect();
+    if (!server) {
+        std::fprintf(stderr, "vireline: %s\n", server.error().description.c_str());
+        return std::unexpected{EXIT_FAILURE};
+    }
+    auto instance = SingleInstance::claim(*std::move(server));
+    if (!instance) {
+        std::puts("Vireline is already running; asked it to show its settings.");
+        return std::unexpected{EXIT_SUCCESS};
+    }
+    return std::unique_ptr<HostPlatform>{
+        new HostPlatform{std::make_unique<Parts>(std::move(instance))}};
+}
+
+HostPlatform::HostPlatform(std::unique_ptr<Parts> parts) : parts_(std::move(parts)) {}
+
+HostPlatform::~HostPlatform() = default;
+
+Platform HostPlatform::ports() {
+    return {.application = parts_->application,
+            .runLoop = parts_->runLoop,
+            .fileSystem = parts_->fileSystem,
+            .fileEvents = parts_->fileEvents,
+            .userFolders = parts_->userFolders,
+            .trash = parts_->trash,
+            .dockPreferences = parts_->dockPreferences,
+            .catalog = parts_->catalog,
+            .runningApplications = parts_->runningApplications,
+            .workspace = parts_->workspace,
+            .icons = parts_->icons,
+            .screens = parts_->screens,
+            .panelWindows = parts_->panelWindows,
+            .pointerSettings = parts_->pointerSettings,
+            .motionSettings = parts_->motionSettings};
+}
+
+}

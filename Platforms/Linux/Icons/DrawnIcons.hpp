@@ -1,0 +1,14 @@
+/// Pictures for when no icon theme has any.
+#pragma once
+
+#include <QImage>
+
+namespace vireline::x11::DrawnIcons {
+
+/// A plain tile that stands for any application. `side` is in pixels.
+[[nodiscard]] QImage application(int side);
+
+/// A bin.
+[[nodiscard]] QImage trash(int side);
+
+}

@@ -1,0 +1,84 @@
+#include "Panels/PanelSurface.hpp"
+
+#include "Panels/OpaqueOutline.hpp"
+#include "X11/X11Connection.hpp"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace vireline::x11 {
+
+PanelSurface::PanelSurface(const X11Connection& connection, xcb_window_t window)
+    : connection_(connection), window_(window), context_(xcb_generate_id(connection.get())) {
+    const Owned<xcb_get_geometry_reply_t> geometry{xcb_get_geometry_reply(
+        connection.get(), xcb_get_geometry(connection.get(), window), nullptr)};
+    if (geometry)
+        depth_ = geometry->depth;
+    constexpr std::uint32_t noExposures = 0;
+    xcb_create_gc(connection.get(), context_, window, XCB_GC_GRAPHICS_EXPOSURES, &noExposures);
+}
+
+PanelSurface::~PanelSurface() {
+    xcb_free_gc(connection_.get(), context_);
+}
+
+void PanelSurface::resize(QSize pixels) {
+    if (image_.size() == pixels)
+        return;
+    image_ = QImage{pixels, QImage::Format_ARGB32_Premultiplied};
+    image_.fill(Qt::transparent);
+}
+
+void PanelSurface::upload(const QRegion& region, std::optional<std::uint32_t> base) {
+    for (const QRect& rect : region& image_.rect()) {
+        uploadRect(rect, base);
+    }
+    connection_.flush();
+}
+
+/// In bands, since a request can hold only so much.
+void PanelSurface::uploadRect(const QRect& rect, std::optional<std::uint32_t> base) {
+    constexpr std::size_t headerBytes = 64;
+    const std::size_t room =
+        std::size_t{xcb_get_maximum_request_length(connection_.get())} * 4 - headerBytes;
+    const auto rowBytes = static_cast<std::size_t>(rect.width()) * sizeof(std::uint32_t);
+    const int bandHeight = std::max(1, static_cast<int>(room / rowBytes));
+    for (int top = rect.top(); top <= rect.bottom(); top += bandHeight) {
+        const QRect band{rect.left(), top, rect.width(),
+                         std::min(bandHeight, rect.bottom() + 1 - top)};
+        rows_.clear();
+        for (int y = band.top(); y <= band.bottom(); ++y) {
+            const auto* const line =
+                reinterpret_cast<const std::uint32_t*>(image_.constScanLine(y)) + band.left();
+            rows_.insert(rows_.end(), line, line + band.width());
+        }
+        if (base)
+            std::ranges::transform(rows_, rows_.begin(), [base](std::uint32_t pixel) {
+                return OpaqueOutline::over(pixel, *base);
+            });
+        send(band);
+    }
+}
+
+/// Depths of 24 and 32 take the pixels as they are. Anything less has 16 bits for one, or 8 for the
+/// few of a palette, which nobody has had for decades.
+void PanelSurface::send(const QRect& rect) {
+    const auto put = [&](const void* pixels, std::size_t bytes) {
+        xcb_put_image(
+            connection_.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, window_, context_,
+            static_cast<std::uint16_t>(rect.width()), static_cast<std::uint16_t>(rect.height()),
+            static_cast<std::int16_t>(rect.left()), static_cast<std::int16_t>(rect.top()), 0,
+            depth_, static_cast<std::uint32_t>(bytes), static_cast<const std::uint8_t*>(pixels));
+    };
+    if (depth_ >= 24) {
+        put(rows_.data(), rows_.size() * sizeof(std::uint32_t));
+        return;
+    }
+    const QImage deep{reinterpret_cast<const uchar*>(rows_.data()), rect.width(), rect.height(),
+                      QImage::Format_RGB32};
+    const QImage shallow =
+        deep.convertToFormat(depth_ == 15 ? QImage::Format_RGB555 : QImage::Format_RGB16);
+    put(shallow.constBits(), static_cast<std::size_t>(shallow.sizeInBytes()));
+}
+
+}

@@ -1,0 +1,128 @@
+#include "Panels/PointerTracker.hpp"
+
+#include <utility>
+
+namespace vireline::x11 {
+
+using Kind = PointerEvent::Kind;
+
+void PointerTracker::entered(Point position) {
+    isInDoubt_ = false;
+    if (hasMenu_)
+        return;
+    if (!isInside_) {
+        isInside_ = true;
+        listener_.mouseEntered();
+    }
+    moved(position);
+}
+
+void PointerTracker::moved(Point position) {
+    isInDoubt_ = false;
+    if (hasMenu_)
+        return;
+    if (isPressed_) {
+        send(Kind::moved, position);
+    } else if (!isInside_) {
+        entered(position);
+    } else {
+        hover(position);
+    }
+}
+
+void PointerTracker::pressed(Point position) {
+    if (hasMenu_ || isPressed_ || !isOnView(position))
+        return;
+    isPressed_ = true;
+    send(Kind::pressed, position);
+}
+
+void PointerTracker::secondaryPressed(Point position) {
+    if (!hasMenu_ && !isPressed_ && isOnView(position))
+        send(Kind::secondaryPressed, position);
+}
+
+void PointerTracker::released(Point position, bool isOverWindow) {
+    if (!isPressed_)
+        return;
+    isPressed_ = false;
+    send(Kind::released, position);
+    if (hasMenu_)
+        return;
+    if (isOverWindow) {
+        hover(position);
+    } else {
+        leave();
+    }
+}
+
+void PointerTracker::left(const Whereabouts& now) {
+    isInDoubt_ = false;
+    if (hasMenu_)
+        return;
+    if (isPressed_ && now.isPrimaryHeld)
+        return;
+    cancelled();
+    if (now.isOverWindow) {
+        isInDoubt_ = isInside_;
+    } else {
+        leave();
+    }
+}
+
+void PointerTracker::cancelled() {
+    if (std::exchange(isPressed_, false))
+        send(Kind::cancelled);
+}
+
+void PointerTracker::menuOpened() {
+    isInDoubt_ = false;
+    hasMenu_ = true;
+    cancelled();
+}
+
+void PointerTracker::menuClosed(const Whereabouts& now) {
+    hasMenu_ = false;
+    if (now.isOverWindow) {
+        entered(now.position);
+    } else {
+        leave();
+    }
+}
+
+void PointerTracker::hidden() {
+    isInDoubt_ = false;
+    cancelled();
+    leave();
+}
+
+void PointerTracker::send(Kind kind, Point position) {
+    listener_.pointerEvent({kind, position});
+}
+
+void PointerTracker::hover(Point position) {
+    const bool wasOnView = isOnView_;
+    isOnView_ = isOnView(position);
+    if (isOnView_) {
+        send(Kind::moved, position);
+    } else if (wasOnView) {
+        send(Kind::exited);
+    }
+}
+
+void PointerTracker::leave() {
+    if (isOnView_) {
+        isOnView_ = false;
+        send(Kind::exited);
+    }
+    if (isInside_) {
+        isInside_ = false;
+        listener_.mouseExited();
+    }
+}
+
+bool PointerTracker::isOnView(Point position) const {
+    return Rect{0, 0, viewSize_.width, viewSize_.height}.contains(position);
+}
+
+}

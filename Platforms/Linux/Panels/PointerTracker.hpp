@@ -1,0 +1,61 @@
+/// Makes sense of what the X server tells of the pointer: a grab by somebody else or by our own
+/// menu looks like leaving, a button held down keeps the pointer here wherever it goes.
+#pragma once
+
+#include "Foundation/Geometry.hpp"
+#include "Platform/PanelWindow.hpp"
+
+namespace vireline::x11 {
+
+class PointerTracker {
+public:
+    /// Where the pointer really is, whatever the last event said.
+    struct Whereabouts {
+        bool isOverWindow = false;
+        bool isPrimaryHeld = false;
+        /// The view's coordinates.
+        Point position;
+    };
+
+    explicit PointerTracker(PanelWindowListener& listener) : listener_(listener) {}
+
+    /// The hosted view's size in points; positions beside it are in the window but not on the view.
+    void setViewSize(Size size) { viewSize_ = size; }
+
+    void entered(Point position);
+    void moved(Point position);
+    void pressed(Point position);
+    void secondaryPressed(Point position);
+    void released(Point position, bool isOverWindow);
+    void left(const Whereabouts& now);
+
+    /// The user thought better of what the button is held down for.
+    void cancelled();
+
+    /// Until it closes, the pointer belongs to the menu.
+    void menuOpened();
+    void menuClosed(const Whereabouts& now);
+
+    /// The window is not shown any more.
+    void hidden();
+
+    /// Somebody else holds the pointer, which was here when last heard of: nothing will tell when
+    /// it really leaves.
+    [[nodiscard]] bool isInDoubt() const noexcept { return isInDoubt_; }
+
+private:
+    void send(PointerEvent::Kind kind, Point position = {});
+    void hover(Point position);
+    void leave();
+    [[nodiscard]] bool isOnView(Point position) const;
+
+    PanelWindowListener& listener_;
+    Size viewSize_;
+    bool isInside_ = false;
+    bool isOnView_ = false;
+    bool isPressed_ = false;
+    bool hasMenu_ = false;
+    bool isInDoubt_ = false;
+};
+
+}

@@ -1,0 +1,59 @@
+#include "Panels/PopUpMenu.hpp"
+
+#include <QScreen>
+#include <algorithm>
+#include <utility>
+
+namespace vireline::x11 {
+namespace {
+
+/// Lies the menu's nearest corner at `at`, as long as the screen has room for that.
+QPoint placed(QPoint at, QSize menu, const QRect& screen) {
+    const auto along = [](int from, int length, int low, int high) {
+        const int opposite = from - length;
+        const int best = from + length <= high || opposite < low ? from : opposite;
+        return std::max(low, std::min(best, high - length));
+    };
+    return {along(at.x(), menu.width(), screen.left(), screen.left() + screen.width()),
+            along(at.y(), menu.height(), screen.top(), screen.top() + screen.height())};
+}
+
+}
+
+PopUpMenu::PopUpMenu(const Menu& menu, QScreen& screen, QPoint at, Closed closed)
+    : closed_(std::move(closed)), menu_(std::make_unique<QMenu>().release()) {
+    fill(menu);
+    // The choice comes after the hiding, in the same event; by the next turn both are known.
+    QObject::connect(menu_.get(), &QMenu::aboutToHide, menu_.get(),
+                     lifetime_.guard([this] { finish(); }), Qt::QueuedConnection);
+    menu_->setScreen(&screen);
+    menu_->popup(placed(at, menu_->sizeHint(), screen.geometry()));
+}
+
+void PopUpMenu::Discard::operator()(QMenu* menu) const {
+    menu->disconnect();
+    menu->hide();
+    menu->deleteLater();
+}
+
+void PopUpMenu::fill(const Menu& menu) {
+    for (std::size_t i = 0; i < menu.entries.size(); ++i) {
+        const auto* const command = std::get_if<MenuCommand>(&menu.entries[i]);
+        if (command == nullptr) {
+            menu_->addSeparator();
+            continue;
+        }
+        // A single ampersand would mark a shortcut.
+        const QString title =
+            QString::fromStdString(command->title).replace(QLatin1Char('&'), QLatin1String("&&"));
+        QObject::connect(menu_->addAction(title), &QAction::triggered, menu_.get(),
+                         lifetime_.guard([this, i](bool) { chosen_ = i; }));
+    }
+}
+
+void PopUpMenu::finish() {
+    if (const auto closed = std::exchange(closed_, nullptr))
+        closed(chosen_);
+}
+
+}

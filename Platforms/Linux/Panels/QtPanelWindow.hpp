@@ -1,0 +1,119 @@
+/// The window of one dock on an X server. Qt owns it and brings its events; its place, its pixels
+/// and its shape go to the server directly, in whole pixels, whatever scales the displays have.
+#pragma once
+
+#include "Displays/DisplayGeometry.hpp"
+#include "Foundation/Lifetime.hpp"
+#include "Foundation/ScopedHandle.hpp"
+#include "Panels/DockColors.hpp"
+#include "Panels/FrameClock.hpp"
+#include "Panels/PanelSurface.hpp"
+#include "Panels/PointerTracker.hpp"
+#include "Panels/PopUpMenu.hpp"
+#include "Panels/ViewMapping.hpp"
+#include "Panels/WindowShape.hpp"
+#include "Platform/PanelWindow.hpp"
+
+#include <QRegion>
+#include <QTimer>
+#include <QWindow>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace vireline::x11 {
+
+class Appearance;
+class DesktopWatch;
+class RandrScreens;
+class X11Connection;
+
+/// What all docks share; outlives them.
+struct PanelContext {
+    X11Connection& connection;
+    RandrScreens& screens;
+    DesktopWatch& desktop;
+    Appearance& appearance;
+};
+
+class QtPanelWindow final : public QWindow, public PanelWindow {
+public:
+    QtPanelWindow(const PanelContext& context, std::uint32_t displayID, const Rect& frame,
+                  PanelWindowListener& listener);
+    QtPanelWindow(const QtPanelWindow&) = delete;
+    QtPanelWindow& operator=(const QtPanelWindow&) = delete;
+    QtPanelWindow(QtPanelWindow&&) = delete;
+    QtPanelWindow& operator=(QtPanelWindow&&) = delete;
+    ~QtPanelWindow() override;
+
+    void setFrame(const Rect& frame, bool animate) override;
+    void setHostedFrame(const Rect& frame) override;
+    void present(const Scene& scene) override;
+    void orderFrontRegardless() override;
+    void orderOut() override;
+    [[nodiscard]] Timer requestFrame(std::function<void()> onFrame) override;
+    void watchForCancel(bool watches) override;
+    void popUpMenu(const Menu& menu, Point at, MenuClosed onClose) override;
+
+private:
+    bool event(QEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+    void observe();
+    void handleNative(const xcb_generic_event_t& event);
+    void displaysChanged();
+    void lookChanged();
+    void windowManagerChanged();
+    void surfaceCreated();
+    void updateSoon();
+    void update();
+    void place();
+    void checkPlace();
+    void relayout();
+    void paint();
+    void upload(const QRegion& region);
+    void applyInput();
+    void applyBackdrop();
+
+    [[nodiscard]] Backdrop backdrop() const;
+    [[nodiscard]] DockColors colors() const;
+    [[nodiscard]] QRegion uncoveredByView() const;
+    [[nodiscard]] std::vector<xcb_rectangle_t> blurRegion() const;
+    [[nodiscard]] Point viewPosition(QPointF position) const;
+    [[nodiscard]] bool takesPointer(QPointF position) const;
+    [[nodiscard]] PointerTracker::Whereabouts whereabouts() const;
+    void pointerLeft();
+    void menuClosed(std::optional<std::size_t> chosen, const MenuClosed& onClose);
+
+    PanelContext context_;
+    std::uint32_t displayID_;
+    PointerTracker pointer_;
+    Display display_;
+    Rect frame_;
+    Rect hostedFrame_;
+    /// The window's place in the root window, as it should be.
+    PixelRect target_;
+    /// What the server was last asked for.
+    std::optional<PixelRect> placed_;
+    ViewMapping mapping_;
+    Scene scene_;
+    QRegion damage_;
+    bool updateIsDue_ = false;
+    int correctionsLeft_ = 0;
+    /// The X window of the moment; Qt makes another one when it loses the screen.
+    xcb_window_t window_ = XCB_NONE;
+    std::optional<PanelSurface> surface_;
+    std::optional<WindowShape> shape_;
+    QTimer doubt_;
+    FrameClock frames_;
+    std::unique_ptr<PopUpMenu> menu_;
+    std::vector<Subscription> subscriptions_;
+    Lifetime lifetime_;
+};
+
+}

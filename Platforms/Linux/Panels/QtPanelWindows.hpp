@@ -1,0 +1,31 @@
+/// Makes the docks' windows and holds what they share.
+#pragma once
+
+#include "Panels/Appearance.hpp"
+#include "Panels/DesktopWatch.hpp"
+#include "Platform/PanelWindow.hpp"
+
+#include <string>
+
+namespace vireline::x11 {
+
+class RandrScreens;
+class X11Connection;
+
+class QtPanelWindows final : public PanelWindows {
+public:
+    /// `widgetTheme` is the name of the desktop's widget theme, empty if unknown.
+    QtPanelWindows(X11Connection& connection, RandrScreens& screens,
+                   const std::string& widgetTheme);
+
+    [[nodiscard]] std::unique_ptr<PanelWindow> makePanel(std::uint32_t displayID, const Rect& frame,
+                                                         PanelWindowListener& listener) override;
+
+private:
+    X11Connection& connection_;
+    RandrScreens& screens_;
+    DesktopWatch desktop_;
+    Appearance appearance_;
+};
+
+}

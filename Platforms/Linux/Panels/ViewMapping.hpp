@@ -1,0 +1,41 @@
+/// From a view's points to the pixels of the window that hosts it. What is drawn sharp lies on
+/// whole pixels; this is the one place that says which.
+#pragma once
+
+#include "Views/Scene.hpp"
+
+#include <QRect>
+#include <QRectF>
+
+namespace vireline::x11 {
+
+struct ViewMapping {
+    /// The view's top-left corner in the window, in pixels.
+    QPoint origin;
+    /// Pixels per point.
+    double scale = 1;
+
+    bool operator==(const ViewMapping&) const = default;
+
+    [[nodiscard]] QRectF pixels(const Rect& view) const;
+    [[nodiscard]] Point toView(QPointF pixels) const;
+    [[nodiscard]] QPointF toPixels(Point view) const;
+};
+
+namespace ViewMappings {
+
+/// Where a node is drawn, its scale and its offset included, at broken pixels.
+[[nodiscard]] QRectF drawnRect(const SceneNode& node, const ViewMapping& mapping);
+
+/// The nearest whole pixels edge by edge, never without area.
+[[nodiscard]] QRect snapped(const QRectF& rect);
+
+/// At the nearest whole pixel with the nearest whole size, so that equal things stay equal wherever
+/// they lie. Never without area.
+[[nodiscard]] QRect snappedAsWhole(const QRectF& rect);
+
+/// All pixels that painting the node can touch.
+[[nodiscard]] QRect touched(const SceneNode& node, const ViewMapping& mapping);
+
+}
+}

@@ -1,0 +1,89 @@
+#include "Panels/WindowShape.hpp"
+
+#include "X11/X11Connection.hpp"
+
+#include <xcb/shape.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <tuple>
+#include <utility>
+
+namespace vireline::x11 {
+namespace {
+
+constexpr std::string_view blurProperty = "_KDE_NET_WM_BLUR_BEHIND_REGION";
+
+auto fields(const xcb_rectangle_t& rect) {
+    return std::tuple{rect.x, rect.y, rect.width, rect.height};
+}
+
+void send(const X11Connection& connection, xcb_window_t window, xcb_shape_kind_t kind,
+          std::span<const xcb_rectangle_t> rectangles) {
+    xcb_shape_rectangles(connection.get(), XCB_SHAPE_SO_SET, kind, XCB_CLIP_ORDERING_YX_BANDED,
+                         window, 0, 0, static_cast<std::uint32_t>(rectangles.size()),
+                         rectangles.data());
+}
+
+void clear(const X11Connection& connection, xcb_window_t window, xcb_shape_kind_t kind) {
+    xcb_shape_mask(connection.get(), XCB_SHAPE_SO_SET, kind, window, 0, 0, XCB_PIXMAP_NONE);
+}
+
+bool areEqual(std::span<const xcb_rectangle_t> first, std::span<const xcb_rectangle_t> second) {
+    return std::ranges::equal(first, second, {}, fields, fields);
+}
+
+}
+
+void WindowShape::setBounding(std::optional<std::vector<xcb_rectangle_t>> rectangles) {
+    if (rectangles.has_value() == bounding_.has_value() &&
+        (!rectangles || areEqual(*rectangles, *bounding_)))
+        return;
+    bounding_ = std::move(rectangles);
+    if (bounding_) {
+        send(connection_, window_, XCB_SHAPE_SK_BOUNDING, *bounding_);
+    } else {
+        clear(connection_, window_, XCB_SHAPE_SK_BOUNDING);
+    }
+}
+
+void WindowShape::setInput(std::optional<PixelRect> region) {
+    if (region == input_)
+        return;
+    input_ = region;
+    if (!input_)
+        return clear(connection_, window_, XCB_SHAPE_SK_INPUT);
+    const xcb_rectangle_t rectangle{
+        static_cast<std::int16_t>(input_->x), static_cast<std::int16_t>(input_->y),
+        static_cast<std::uint16_t>(input_->width), static_cast<std::uint16_t>(input_->height)};
+    send(connection_, window_, XCB_SHAPE_SK_INPUT, std::span{&rectangle, 1});
+}
+
+void WindowShape::setBlurred(std::vector<xcb_rectangle_t> region) {
+    if (areEqual(region, blurred_))
+        return;
+    blurred_ = std::move(region);
+    if (blurred_.empty()) {
+        xcb_delete_property(connection_.get(), window_, connection_.atom(blurProperty));
+        return;
+    }
+    std::vector<std::uint32_t> words;
+    for (const xcb_rectangle_t& rect : blurred_) {
+        words.insert(words.end(),
+                     {static_cast<std::uint32_t>(rect.x), static_cast<std::uint32_t>(rect.y),
+                      std::uint32_t{rect.width}, std::uint32_t{rect.height}});
+    }
+    connection_.setWords(window_, blurProperty, XCB_ATOM_CARDINAL, words);
+}
+
+bool WindowShape::takesPointer(int x, int y) const {
+    if (input_ && !input_->contains(x, y))
+        return false;
+    return !bounding_ || std::ranges::any_of(*bounding_, [=](const xcb_rectangle_t& r) {
+        return x >= r.x && x < r.x + r.width && y >= r.y && y < r.y + r.height;
+    });
+}
+
+}

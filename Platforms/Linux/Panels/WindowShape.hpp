@@ -1,0 +1,39 @@
+/// Which of a window's pixels exist, which take the pointer, and behind which the compositor blurs.
+/// Sends only what differs from what was sent before.
+#pragma once
+
+#include "X11/PixelRect.hpp"
+
+#include <xcb/xcb.h>
+
+#include <optional>
+#include <vector>
+
+namespace vireline::x11 {
+
+class X11Connection;
+
+class WindowShape {
+public:
+    /// For a window that has just been created.
+    WindowShape(const X11Connection& connection, xcb_window_t window)
+        : connection_(connection), window_(window) {}
+
+    /// Nothing: the whole rectangle of the window.
+    void setBounding(std::optional<std::vector<xcb_rectangle_t>> rectangles);
+    void setInput(std::optional<PixelRect> region);
+    /// An empty list is nowhere.
+    void setBlurred(std::vector<xcb_rectangle_t> region);
+
+    /// Whether a pixel of the window takes the pointer, as far as this shape is concerned.
+    [[nodiscard]] bool takesPointer(int x, int y) const;
+
+private:
+    const X11Connection& connection_;
+    xcb_window_t window_;
+    std::optional<std::vector<xcb_rectangle_t>> bounding_;
+    std::optional<PixelRect> input_;
+    std::vector<xcb_rectangle_t> blurred_;
+};
+
+}

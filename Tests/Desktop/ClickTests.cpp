@@ -1,0 +1,198 @@
+/// What a click on a tile does to real apps.
+#include "DesktopTest.hpp"
+
+namespace vireline::desktop {
+namespace {
+
+class Click : public DesktopTest {
+protected:
+    /// Runs the program with Alpha and Beta pinned.
+    void runWithTwoPinned() { runWithTwoDisplays({alpha, beta}); }
+
+    [[nodiscard]] PixelPoint tile(int index) { return layout("right", tiles(2)).icon(index); }
+
+    void clickTile(int index) { desktop().pointer().click(tile(index)); }
+
+    /// Clicks Alpha's tile and waits until its window is in front.
+    void launchAlpha() {
+        clickTile(0);
+        ASSERT_TRUE(eventually([&] { return desktop().isActive(alpha); }));
+    }
+
+    const App alpha = someApps(2)[0];
+    const App beta = someApps(2)[1];
+};
+
+TEST_F(Click, LaunchesAnAppThatDoesNotRun) {
+    runWithTwoPinned();
+    ASSERT_TRUE(docksSettle(tiles(2)));
+    clickTile(0);
+    EXPECT_TRUE(logs("click launch " + alpha.id));
+    EXPECT_TRUE(eventually([&] { return desktop().visibleWindowsOf(alpha).size() == 1; }));
+}
+
+TEST_F(Click, TellsTheAppItsStartupID) {
+    runWithTwoPinned();
+    ASSERT_TRUE(docksSettle(tiles(2)));
+    launchAlpha();
+    const auto window = desktop().windowsOf(alpha).at(0);
+    EXPECT_FALSE(desktop().client().text(window, "_NET_STARTUP_ID").empty());
+}
+
+TEST_F(Click, HidesTheFrontmostApp) {
+    runWithTwoPinned();
+    ASSERT_TRUE(docksSettle(tiles(2)));
+    launchAlpha();
+    clickTile(0);
+    EXPECT_TRUE(logs("click hide " + alpha.id));
+    EXPECT_TRUE(eventually([&] { return desktop().visibleWindowsOf(alpha).empty(); }));
+    EXPECT_EQ(desktop().windowsOf(alpha).size(), 1U);
+}
+
+TEST_F(Click, BringsAHiddenAppBack) {
+    runWithTwoPinned();
+    ASSERT_TRUE(docksSettle(tiles(2)));
+    launchAlpha();
+    clickTile(0);
+    ASSERT_TRUE(eventually([&] { return desktop().visibleWindowsOf(alpha).empty(); }));
+    clickTile(0);
+    EXPECT_TRUE(logs("click reopen " + alpha.id));
+    EXPECT_TRUE(eventually([&] { return desktop().isActive(alpha); }));
+    EXPECT_EQ(desktop().visibleWindowsOf(alpha).size(), 1U);
+}
+
+TEST_F(Click, BringsAnAppBehindOthersForward) {
+    runWithTwoPinned();
+    ASSERT_TRUE(docksSettle(tiles(2)));
+    launchAlpha();
+    clickTile(1);
+    ASSERT_TRUE(eventually([&] { return desktop().isActive(beta); }));
+    clickTile(0);
+    EXPECT_TRUE(logs("click reopen " + alpha.id));
+    EXPECT_TRUE(eventually([&] { return desktop().isActive(alpha); }));
+}
+
+TEST_F(Click, HidesAllWindowsOfAnApp) {
+    runWithTwoPinned();
+    ASSERT_TRUE(docksSettle(tiles(2)));
+    desktop().launch(alpha, {"--windows", "3"});
+    ASSERT_TRUE(eventually([&] { return desktop().visibleWindowsOf(alpha).size() == 3; }));
+    ASSERT_TRUE(eventually([&] { return desktop().isActive(alpha); }));
+    clickTile(0);
+    EXPECT_TRUE(eventually([&] { return desktop().visibleWindowsOf(alpha).empty(); }));
+    clickTile(0);
+    EXPECT_TRUE(eventually([&] { return desktop().visibleWindowsOf(alpha).size() == 3; }));
+}
+
+TEST_F(Click, WorksOnEveryDock) {
+    runWithTwoDisplays({alpha, beta}, {.monitors = threeMonitors()});
+    ASSERT_TRUE(docksSettle(tiles(2)));
+    desktop().pointer().click(layout("above", tiles(2)).icon(0));
+    EXPECT_TRUE(logs("click launch " + alpha.id));
+    desktop().pointer().click(layout("side", tiles(2)).icon(1));
+    EXPECT_TRUE(logs("click launch " + beta.id));
+}
+
+TEST_F(Click, NeverTakesTheFocus) {
+    runWithTwoPinned();
+    ASSERT_TRUE(docksSettle(tiles(2)));
+    launchAlpha();
+    const auto active = desktop().client().activeWindow();
+    const auto focused = desktop().client().focusedWindow();
+    // The gap between two tiles belongs to the dock and does nothing.
+    const auto first = tile(0);
+    const auto second = tile(1);
+    desktop().pointer().click({(first.x + second.x) / 2, first.y});
+    // The pointer's second click is answered after the first.
+    clickTile(1);
+    ASSERT_TRUE(logs("click launch " + beta.id));
+    ASSERT_TRUE(eventually([&] { return desktop().isActive(beta); }));
+    EXPECT_EQ(desktop().log().count("click hide"), 0);
+    EXPECT_NE(active, desktop().docks().on(desktop().displayIDOf("right")).window);
+    EXPECT_NE(focused, desktop().docks().on(desktop().displayIDOf("right")).window);
+}
+
+TEST_F(Click, KeepsTheKeyboardWhereItWas) {
+    runWithTwoPinned();
+    ASSERT_TRUE(docksSettle(tiles(2)));
+    launchAlpha();
+    const auto focused = desktop().client().focusedWindow();
+    desktop().pointer().moveTo(tile(1));
+    desktop().pointer().press(Pointer::Button::primary);
+    desktop().client().sync();
+    EXPECT_EQ(desktop().client().focusedWindow(), focused);
+    // Let go beside the dock: no click.
+    desktop().pointer().moveTo(desktop().monitor("right").frame.center());
+    desktop().pointer().release(Pointer::Button::primary);
+    EXPECT_EQ(desktop().client().focusedWindow(), focused);
+}
+
+TEST_F(Click, OnDownloadsOpensTheFolder) {
+    auto& desktop = make({.monitors = twoMonitors()});
+    const auto record = (desktop.home().scratch() / "files").string();
+    const App files{"org.example.Files",
+                    "Files",
+                    distinctColour(7),
+                    {"--record", record, "%U"},
+                    {"MimeType=inode/directory;"}};
+    desktop.home().install(files);
+    desktop.home().setFileManager(files.id);
+    desktop.home().pin(std::vector<App>{});
+    desktop.runVireline();
+    ASSERT_TRUE(docksSettle(tiles(1)));
+    desktop.pointer().click(layout("right", tiles(1)).icon(1));
+    EXPECT_TRUE(logs("open folder Downloads"));
+    const auto opened = "open file://" + desktop.home().downloads().string();
+    EXPECT_TRUE(eventually([&] { return readFile(record).contains(opened); })) << readFile(record);
+}
+
+TEST_F(Click, OnTrashOpensIt) {
+    auto& desktop = make({.monitors = twoMonitors()});
+    const auto record = (desktop.home().scratch() / "files").string();
+    const App files{"org.example.Files",
+                    "Files",
+                    distinctColour(7),
+                    {"--record", record, "%U"},
+                    {"MimeType=inode/directory;x-scheme-handler/trash;"}};
+    desktop.home().install(files);
+    desktop.home().setFileManager(files.id);
+    desktop.home().pin(std::vector<App>{});
+    desktop.runVireline();
+    ASSERT_TRUE(docksSettle(tiles(1)));
+    desktop.pointer().click(layout("right", tiles(1)).icon(2));
+    EXPECT_TRUE(logs("open folder Trash"));
+    EXPECT_TRUE(eventually([&] { return readFile(record).contains("open trash:///"); }))
+        << readFile(record);
+}
+
+TEST_F(Click, SurvivesAnAppThatCannotStart) {
+    auto& desktop = make({.monitors = twoMonitors()});
+    desktop.home().installEntry("broken", "[Desktop Entry]\nType=Application\nName=Broken\n"
+                                          "Exec=/nowhere/at/all %U\n");
+    desktop.home().install(alpha);
+    desktop.home().pin(std::vector{App{"broken", "Broken", {}, {}}, alpha});
+    desktop.runVireline();
+    ASSERT_TRUE(docksSettle(tiles(2)));
+    clickTile(0);
+    EXPECT_TRUE(logs("click launch broken"));
+    clickTile(1);
+    EXPECT_TRUE(eventually([&] { return desktop.isActive(alpha); }));
+}
+
+TEST_F(Click, SurvivesAnAppThatCrashesBeforeItsWindow) {
+    auto& desktop = make({.monitors = twoMonitors()});
+    App crashing = beta;
+    crashing.arguments = {"--crash"};
+    desktop.home().install(crashing);
+    desktop.home().install(alpha);
+    desktop.home().pin(std::vector{crashing, alpha});
+    desktop.runVireline();
+    ASSERT_TRUE(docksSettle(tiles(2)));
+    clickTile(0);
+    EXPECT_TRUE(logs("click launch " + crashing.id));
+    clickTile(1);
+    EXPECT_TRUE(eventually([&] { return desktop.isActive(alpha); }));
+}
+
+}
+}

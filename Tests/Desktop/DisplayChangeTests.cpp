@@ -1,0 +1,150 @@
+/// Docks follow displays that come, go and change.
+#include "DesktopTest.hpp"
+
+namespace vireline::desktop {
+namespace {
+
+class DisplayChange : public DesktopTest {
+protected:
+    void runWithThreeDisplays() {
+        runWithTwoDisplays(someApps(3), {.monitors = threeMonitors()});
+        ASSERT_TRUE(docksSettle(threeTiles));
+    }
+
+    /// All messages of the log that begin like this and came after `mark`.
+    [[nodiscard]] int countSince(int mark, std::string_view prefix) {
+        return desktop().log().count(prefix) - mark;
+    }
+
+    Request threeTiles = tiles(3);
+};
+
+TEST_F(DisplayChange, GivesADockToADisplayThatIsAdded) {
+    runWithThreeDisplays();
+    auto monitors = threeMonitors();
+    monitors.push_back({"below", {1280, 1700, 800, 600}});
+    desktop().setMonitors(monitors);
+    EXPECT_TRUE(docksSettle(threeTiles));
+    EXPECT_EQ(desktop().docks().shown().size(), 3U);
+}
+
+TEST_F(DisplayChange, TakesTheDockOfADisplayThatIsRemoved) {
+    runWithThreeDisplays();
+    auto monitors = threeMonitors();
+    monitors.pop_back();
+    desktop().setMonitors(monitors);
+    EXPECT_TRUE(docksSettle(threeTiles));
+    EXPECT_TRUE(logs("destroyed panel #" + std::to_string(desktop().displayIDOf("side"))));
+}
+
+TEST_F(DisplayChange, FollowsADisplayThatMoves) {
+    runWithThreeDisplays();
+    auto monitors = threeMonitors();
+    monitors[2].frame.y += 300;
+    desktop().setMonitors(monitors);
+    EXPECT_TRUE(docksSettle(threeTiles));
+}
+
+TEST_F(DisplayChange, FollowsADisplayThatIsRotated) {
+    runWithThreeDisplays();
+    auto monitors = threeMonitors();
+    std::swap(monitors[2].frame.width, monitors[2].frame.height);
+    desktop().setMonitors(monitors);
+    EXPECT_TRUE(docksSettle(threeTiles));
+}
+
+TEST_F(DisplayChange, FollowsADisplayThatIsResized) {
+    runWithThreeDisplays();
+    auto monitors = threeMonitors();
+    monitors[1].frame = {0, 0, 1024, 600};
+    desktop().setMonitors(monitors);
+    EXPECT_TRUE(docksSettle(threeTiles));
+    EXPECT_TRUE(logs("reframed panel #" + std::to_string(desktop().displayIDOf("above"))));
+}
+
+TEST_F(DisplayChange, FollowsThePrimaryThatMoves) {
+    // Global space begins at the primary, so that every frame changes with it.
+    runWithThreeDisplays();
+    auto monitors = threeMonitors();
+    monitors[0].frame.y += 400;
+    desktop().setMonitors(monitors);
+    EXPECT_TRUE(docksSettle(threeTiles));
+}
+
+TEST_F(DisplayChange, FollowsAnotherDisplayThatBecomesPrimary) {
+    runWithThreeDisplays();
+    auto monitors = threeMonitors();
+    std::swap(monitors[0], monitors[1]);
+    desktop().setMonitors(monitors);
+    EXPECT_TRUE(docksSettle(threeTiles));
+}
+
+TEST_F(DisplayChange, LeavesNoDockOnTheLastDisplay) {
+    runWithThreeDisplays();
+    desktop().setMonitors({threeMonitors().front()});
+    EXPECT_TRUE(docksSettle(threeTiles));
+    EXPECT_TRUE(desktop().docks().shown().empty());
+}
+
+TEST_F(DisplayChange, ComesBackFromASingleDisplay) {
+    runWithThreeDisplays();
+    desktop().setMonitors({threeMonitors().front()});
+    ASSERT_TRUE(docksSettle(threeTiles));
+    desktop().setMonitors(threeMonitors());
+    EXPECT_TRUE(docksSettle(threeTiles));
+    EXPECT_EQ(desktop().docks().shown().size(), 2U);
+}
+
+TEST_F(DisplayChange, ReconcilesOnceAfterABurst) {
+    runWithThreeDisplays();
+    const int reconciles = desktop().log().count("reconcile ");
+    const int notices = desktop().log().count("screen-params #");
+    constexpr int changes = 50;
+    auto monitors = threeMonitors();
+    for (int i = 1; i <= changes; ++i) {
+        monitors[2].frame.y = 600 + i;
+        desktop().setMonitors(monitors);
+    }
+    EXPECT_TRUE(docksSettle(threeTiles));
+    EXPECT_GT(countSince(notices, "screen-params #"), 0);
+    // Another reconcile shows that none of the burst is still to come.
+    monitors[2].frame.y = 600;
+    desktop().setMonitors(monitors);
+    ASSERT_TRUE(docksSettle(threeTiles));
+    EXPECT_EQ(countSince(reconciles, "reconcile "), 2);
+}
+
+TEST_F(DisplayChange, HasOneDockForEachDisplayAfterChaos) {
+    runWithThreeDisplays();
+    constexpr int rounds = 50;
+    for (int i = 0; i < rounds; ++i) {
+        auto monitors = threeMonitors();
+        monitors[1].frame.width = 800 + 16 * (i % 7);
+        if (i % 3 == 0)
+            monitors.pop_back();
+        if (i % 5 == 0)
+            monitors = {monitors.front()};
+        desktop().setMonitors(monitors);
+    }
+    desktop().setMonitors(threeMonitors());
+    EXPECT_TRUE(docksSettle(threeTiles));
+    for (const auto& dock : desktop().docks().shown()) {
+        const auto inside = [&](const auto& monitor) { return monitor.frame.contains(dock.frame); };
+        EXPECT_EQ(std::ranges::count_if(threeMonitors(), inside), 1) << dock;
+    }
+}
+
+TEST_F(DisplayChange, KeepsTheTilesOfADockThatMoves) {
+    runWithThreeDisplays();
+    auto monitors = threeMonitors();
+    monitors[2].frame.y += 300;
+    desktop().setMonitors(monitors);
+    ASSERT_TRUE(docksSettle(threeTiles));
+    const auto apps = someApps(3);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_TRUE(
+            turns(layout("side", threeTiles).icon(i), apps[static_cast<std::size_t>(i)].colour));
+}
+
+}
+}

@@ -1,0 +1,238 @@
+/// The dock as a window: what it tells the window manager, what of it is seen, and where it takes
+/// the pointer.
+#include "DesktopTest.hpp"
+
+#include <algorithm>
+
+namespace vireline::desktop {
+namespace {
+
+class DockWindowProperties : public DesktopTest {
+protected:
+    /// The window of the dock on the display "right".
+    xcb_window_t runWithOneDock(Options options = {}) {
+        runWithTwoDisplays(apps, std::move(options));
+        EXPECT_TRUE(docksSettle(twoTiles));
+        return desktop().docks().on(desktop().displayIDOf("right")).window;
+    }
+
+    [[nodiscard]] bool hasAtom(xcb_window_t window, std::string_view property,
+                               std::string_view value) {
+        const auto atoms = desktop().client().atoms(window, property);
+        return std::ranges::find(atoms, desktop().client().atom(value)) != atoms.end();
+    }
+
+    const std::vector<App> apps = someApps(2);
+    Request twoTiles = tiles(2);
+};
+
+TEST_F(DockWindowProperties, NameItsDisplay) {
+    const auto dock = runWithOneDock();
+    EXPECT_EQ(desktop().client().text(dock, "_NET_WM_NAME"),
+              "Vireline dock #" + std::to_string(desktop().displayIDOf("right")));
+}
+
+TEST_F(DockWindowProperties, CarryTheProgramsClass) {
+    const auto dock = runWithOneDock();
+    EXPECT_EQ(desktop().client().text(dock, "WM_CLASS"), (std::string{"vireline\0Vireline\0", 18}));
+}
+
+TEST_F(DockWindowProperties, SayThatItIsADock) {
+    const auto dock = runWithOneDock();
+    EXPECT_TRUE(hasAtom(dock, "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DOCK"));
+}
+
+TEST_F(DockWindowProperties, KeepItAboveOnAllDesktopsAndOutOfLists) {
+    const auto dock = runWithOneDock();
+    for (const auto* state : {"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_STICKY",
+                              "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"})
+        EXPECT_TRUE(eventually([&] { return hasAtom(dock, "_NET_WM_STATE", state); })) << state;
+}
+
+TEST_F(DockWindowProperties, ReserveNoRoom) {
+    const auto dock = runWithOneDock();
+    const auto strut = desktop().client().words(dock, "_NET_WM_STRUT");
+    EXPECT_TRUE(std::ranges::all_of(strut, [](auto length) { return length == 0; }));
+    const auto partial = desktop().client().words(dock, "_NET_WM_STRUT_PARTIAL");
+    EXPECT_TRUE(std::ranges::all_of(partial, [](auto length) { return length == 0; }));
+}
+
+TEST_F(DockWindowProperties, RefuseTheKeyboard) {
+    const auto dock = runWithOneDock();
+    const auto hints = desktop().client().words(dock, "WM_HINTS");
+    constexpr std::uint32_t inputFlag = 1;
+    ASSERT_GE(hints.size(), 2U);
+    EXPECT_EQ(hints[0] & inputFlag, inputFlag);
+    EXPECT_EQ(hints[1], 0U);
+    // A window that takes the focus by itself would say so here.
+    EXPECT_FALSE(hasAtom(dock, "WM_PROTOCOLS", "WM_TAKE_FOCUS"));
+}
+
+TEST_F(DockWindowProperties, HaveRoomForTranslucencyWithACompositor) {
+    constexpr int withAlpha = 32;
+    const auto dock = runWithOneDock({.compositor = true});
+    EXPECT_EQ(desktop().client().depth(dock), withAlpha);
+}
+
+class DockSurface : public DockWindowProperties {
+protected:
+    /// A window of one colour on the whole display "right", below its dock.
+    void putBehind(const App& app, const std::string& colour) {
+        const auto& frame = desktop().monitor("right").frame;
+        desktop().launch(app,
+                         {"--at", std::to_string(frame.x) + "," + std::to_string(frame.y), "--size",
+                          std::to_string(frame.width) + "x" + std::to_string(frame.height),
+                          "--colour", colour, "--skip-taskbar", "--record", record().string()});
+        ASSERT_TRUE(eventually([&] { return desktop().isActive(app); }));
+    }
+
+    [[nodiscard]] std::filesystem::path record() { return desktop().home().scratch() / "behind"; }
+
+    /// A place of the strip's background, in its padding at the leading end.
+    [[nodiscard]] PixelPoint glass() {
+        const auto strip = layout("right", twoTiles).strip();
+        return {strip.x + 3, strip.y + strip.height / 2};
+    }
+
+    /// A place above the strip, where only labels show.
+    [[nodiscard]] PixelPoint labelZone() {
+        const auto frame = plannedDock("right", twoTiles).frame;
+        return {frame.x + 4, frame.y + 4};
+    }
+
+    const App red{"org.example.Red", "Red", {}, {}};
+    const App blue{"org.example.Blue", "Blue", {}, {}};
+    const Colour redColour{0xf0, 0x10, 0x10};
+    const Colour blueColour{0x10, 0x10, 0xf0};
+};
+
+TEST_F(DockSurface, StaysAboveOtherWindows) {
+    const auto dock = runWithOneDock();
+    putBehind(red, "f01010");
+    EXPECT_TRUE(desktop().docks().isAbove(dock, desktop().windowsOf(red).at(0)));
+    EXPECT_TRUE(turns(layout("right", twoTiles).icon(0), apps[0].colour));
+}
+
+TEST_F(DockSurface, LetsColoursThroughWithACompositor) {
+    runWithOneDock({.compositor = true});
+    putBehind(red, "f01010");
+    ASSERT_TRUE(turns(labelZone(), redColour));
+    ASSERT_TRUE(turnsFrom(glass(), redColour));
+    const auto overRed = desktop().pixel(glass());
+    putBehind(blue, "1010f0");
+    ASSERT_TRUE(turns(labelZone(), blueColour));
+    EXPECT_TRUE(turnsFrom(glass(), overRed));
+}
+
+TEST_F(DockSurface, IsOpaqueWithoutACompositor) {
+    runWithOneDock();
+    putBehind(red, "f01010");
+    ASSERT_TRUE(turns(labelZone(), redColour));
+    ASSERT_TRUE(turnsFrom(glass(), redColour));
+    const auto overRed = desktop().pixel(glass());
+    putBehind(blue, "1010f0");
+    ASSERT_TRUE(turns(labelZone(), blueColour));
+    EXPECT_EQ(desktop().pixel(glass()), overRed);
+}
+
+TEST_F(DockSurface, LeavesTheStripsCornersFreeWithoutACompositor) {
+    runWithOneDock();
+    putBehind(red, "f01010");
+    const auto strip = layout("right", twoTiles).strip();
+    EXPECT_TRUE(turns({strip.x, strip.y}, redColour));
+    EXPECT_TRUE(turns({strip.right() - 1, strip.y}, redColour));
+    EXPECT_TRUE(turns({strip.x, strip.bottom() - 1}, redColour));
+    EXPECT_TRUE(turns({strip.right() - 1, strip.bottom() - 1}, redColour));
+}
+
+TEST_F(DockSurface, BecomesTranslucentWhenACompositorComes) {
+    runWithOneDock();
+    putBehind(red, "f01010");
+    ASSERT_TRUE(turnsFrom(glass(), redColour));
+    const auto opaque = desktop().pixel(glass());
+    desktop().startCompositor();
+    EXPECT_TRUE(turnsFrom(glass(), opaque));
+    EXPECT_TRUE(turns(labelZone(), redColour));
+}
+
+TEST_F(DockSurface, BecomesOpaqueWhenTheCompositorGoes) {
+    runWithOneDock({.compositor = true});
+    putBehind(red, "f01010");
+    ASSERT_TRUE(turns(labelZone(), redColour));
+    desktop().stopCompositor();
+    EXPECT_TRUE(turns(labelZone(), redColour));
+    const auto strip = layout("right", twoTiles).strip();
+    EXPECT_TRUE(turns({strip.x, strip.y}, redColour));
+    EXPECT_TRUE(turns(layout("right", twoTiles).icon(0), apps[0].colour));
+}
+
+TEST_F(DockSurface, LetsClicksAboveTheStripThrough) {
+    runWithOneDock();
+    putBehind(red, "f01010");
+    const auto place = labelZone();
+    desktop().pointer().click(place);
+    const auto press = "press " + std::to_string(place.x) + ' ' + std::to_string(place.y);
+    EXPECT_TRUE(eventually([&] { return readFile(record()).contains(press); }))
+        << readFile(record());
+}
+
+TEST_F(DockSurface, LetsClicksThroughBesideTheStripOfAMagnifyingDock) {
+    auto& desktop = make({.monitors = twoMonitors()});
+    for (const auto& app : apps)
+        desktop.home().install(app);
+    desktop.home().pin(apps);
+    desktop.home().writePreferences(
+        R"({"onboardingCompleted": true, "magnificationEnabled": true, "magnification": 2})");
+    desktop.runVireline();
+    twoTiles.magnification = 2;
+    ASSERT_TRUE(docksSettle(twoTiles));
+    putBehind(red, "f01010");
+    // The window is longer than the strip at rest, to hold the grown one.
+    const auto frame = plannedDock("right", twoTiles).frame;
+    ASSERT_LT(frame.x, layout("right", twoTiles).strip().x - 8);
+    const PixelPoint place{frame.x + 2, frame.bottom() - 4};
+    desktop.pointer().click(place);
+    const auto press = "press " + std::to_string(place.x) + ' ' + std::to_string(place.y);
+    EXPECT_TRUE(eventually([&] { return readFile(record()).contains(press); }))
+        << readFile(record());
+}
+
+TEST_F(DockSurface, TakesClicksOnTheStrip) {
+    runWithOneDock();
+    putBehind(red, "f01010");
+    desktop().pointer().click(glass());
+    // The second click, above the strip, comes through, and the first one never did.
+    const auto place = labelZone();
+    desktop().pointer().click(place);
+    const auto press = "press " + std::to_string(place.x) + ' ' + std::to_string(place.y);
+    ASSERT_TRUE(eventually([&] { return readFile(record()).contains(press); }));
+    const auto first =
+        "press " + std::to_string(glass().x) + ' ' + std::to_string(glass().y) + '\n';
+    EXPECT_FALSE(readFile(record()).contains(first)) << readFile(record());
+}
+
+TEST_F(DockSurface, ShowsTheNameOfTheTileUnderThePointer) {
+    runWithOneDock({.compositor = true});
+    putBehind(red, "f01010");
+    const auto icon = layout("right", twoTiles).icon(0);
+    const PixelPoint label{icon.x, plannedDock("right", twoTiles).frame.y + 10};
+    ASSERT_TRUE(turns(label, redColour));
+    desktop().pointer().moveTo(icon);
+    EXPECT_TRUE(turnsFrom({label.x - 12, label.y}, redColour));
+    desktop().pointer().moveTo(desktop().monitor("left").frame.center());
+    EXPECT_TRUE(turns({label.x - 12, label.y}, redColour));
+}
+
+TEST_F(DockSurface, DrawsIconsPixelByPixelAtTwiceTheScale) {
+    runWithOneDock({.scales = {{"right", 2}}});
+    ASSERT_TRUE(turns(layout("right", twoTiles).icon(0), apps[0].colour));
+    const auto icon = desktop().picture(plannedDock("right", twoTiles).frame);
+    constexpr int side = 88;
+    const auto bounds = icon.bounds(apps[0].colour);
+    EXPECT_EQ(bounds.width, side);
+    EXPECT_EQ(bounds.height, side);
+    EXPECT_EQ(icon.count(apps[0].colour), side * side);
+}
+
+}
+}

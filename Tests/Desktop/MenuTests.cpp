@@ -1,0 +1,190 @@
+/// The menus of the tiles.
+#include "DesktopTest.hpp"
+
+namespace vireline::desktop {
+namespace {
+
+class TileMenu : public DesktopTest {
+protected:
+    [[nodiscard]] PixelPoint alphaTile() { return layout("right", tiles(1)).icon(0); }
+
+    /// Opens Alpha's menu, which has `count` entries, and chooses one of them.
+    void chooseOf(int index, int count) {
+        const auto menu = openMenu(alphaTile());
+        ASSERT_NE(menu, xcb_window_t{XCB_NONE});
+        choose(menu, index, count);
+    }
+
+    void runWithAlpha(Options options = {}) {
+        runWithTwoDisplays({alpha}, std::move(options));
+        ASSERT_TRUE(docksSettle(tiles(1)));
+    }
+
+    void launchAlpha() {
+        desktop().launch(alpha);
+        ASSERT_TRUE(dotShows(layout("right", tiles(1)).dot(0), true));
+    }
+
+    /// Preferences with a manual list of these apps.
+    [[nodiscard]] std::string manualList(const std::vector<App>& apps) {
+        std::string list;
+        for (const auto& app : apps)
+            list += (list.empty() ? "" : ",") + std::string{R"({"bundleID": ")"} + app.id +
+                    R"(", "name": ")" + app.name + R"(", "path": ")" +
+                    desktop().home().entry(app.id).string() + R"("})";
+        return R"({"onboardingCompleted": true, "sourceMode": "manual", "schemaVersion": 7,
+                   "hideOverFullScreen": false, "manualApps": [)" +
+               list + "]}";
+    }
+
+    void runWithManualList(const std::vector<App>& apps) {
+        auto& desktop = make({.monitors = twoMonitors()});
+        for (const auto& app : apps)
+            desktop.home().install(app);
+        desktop.home().writePreferences(manualList(apps));
+        desktop.runVireline();
+        ASSERT_TRUE(docksSettle(tiles(static_cast<int>(apps.size()))));
+    }
+
+    const App alpha = someApps(1)[0];
+};
+
+TEST_F(TileMenu, BeginsWithOpenForAnAppThatDoesNotRun) {
+    runWithAlpha();
+    chooseOf(0, 2);
+    EXPECT_TRUE(logs("click launch " + alpha.id));
+    EXPECT_TRUE(eventually([&] { return desktop().isActive(alpha); }));
+}
+
+TEST_F(TileMenu, ShowsTheDesktopEntryThroughTheFileManagersService) {
+    runWithAlpha({.sessionBus = true});
+    const auto calls = desktop().startFileManagerService();
+    chooseOf(1, 2);
+    EXPECT_TRUE(logs("menu show-in-finder " + alpha.id));
+    const auto call = "ShowItems file://" + desktop().home().entry(alpha.id).string();
+    EXPECT_TRUE(eventually([&] { return readFile(calls).contains(call); })) << readFile(calls);
+}
+
+TEST_F(TileMenu, OpensTheEntrysFolderWhereThereIsNoSuchService) {
+    auto& desktop = make({.monitors = twoMonitors()});
+    const auto record = (desktop.home().scratch() / "files").string();
+    const App files{"org.example.Files",
+                    "Files",
+                    distinctColour(7),
+                    {"--record", record, "%U"},
+                    {"MimeType=inode/directory;"}};
+    desktop.home().install(files);
+    desktop.home().install(alpha);
+    desktop.home().setFileManager(files.id);
+    desktop.home().pin(std::vector{alpha, files});
+    desktop.runVireline();
+    ASSERT_TRUE(docksSettle(tiles(2)));
+    const auto menu = openMenu(layout("right", tiles(2)).icon(0));
+    ASSERT_NE(menu, xcb_window_t{XCB_NONE});
+    choose(menu, 1, 2);
+    EXPECT_TRUE(logs("menu show-in-finder " + alpha.id));
+    const auto opened = "open file://" + desktop.home().entry(alpha.id).parent_path().string();
+    EXPECT_TRUE(eventually([&] { return readFile(record).contains(opened); })) << readFile(record);
+}
+
+TEST_F(TileMenu, BeginsWithShowForAnAppThatRuns) {
+    runWithAlpha();
+    launchAlpha();
+    ASSERT_TRUE(eventually([&] { return desktop().isActive(alpha); }));
+    chooseOf(0, 3);
+    // The same decision as a click: the frontmost app is hidden.
+    EXPECT_TRUE(logs("click hide " + alpha.id));
+}
+
+TEST_F(TileMenu, QuitsAnApp) {
+    runWithAlpha();
+    launchAlpha();
+    chooseOf(2, 3);
+    EXPECT_TRUE(logs("menu quit " + alpha.id));
+    EXPECT_TRUE(eventually([&] { return desktop().windowsOf(alpha).empty(); }));
+    EXPECT_TRUE(dotShows(layout("right", tiles(1)).dot(0), false));
+}
+
+TEST_F(TileMenu, QuitsAllWindowsOfAnApp) {
+    runWithAlpha();
+    desktop().launch(alpha, {"--windows", "3"});
+    ASSERT_TRUE(eventually([&] { return desktop().windowsOf(alpha).size() == 3; }));
+    ASSERT_TRUE(dotShows(layout("right", tiles(1)).dot(0), true));
+    chooseOf(2, 3);
+    EXPECT_TRUE(eventually([&] { return desktop().windowsOf(alpha).empty(); }));
+}
+
+TEST_F(TileMenu, OnlyAsksAnAppToQuit) {
+    runWithAlpha();
+    const auto record = (desktop().home().scratch() / "alpha").string();
+    auto& app = desktop().launch(alpha, {"--ignore-close", "--record", record});
+    ASSERT_TRUE(dotShows(layout("right", tiles(1)).dot(0), true));
+    chooseOf(2, 3);
+    EXPECT_TRUE(eventually([&] { return readFile(record).contains("asked to close"); }));
+    EXPECT_TRUE(app.isRunning());
+    EXPECT_TRUE(dotShows(layout("right", tiles(1)).dot(0), true));
+}
+
+TEST_F(TileMenu, RemovesAnAppFromTheManualList) {
+    const auto apps = someApps(2);
+    runWithManualList(apps);
+    const auto menu = openMenu(layout("right", tiles(2)).icon(0));
+    ASSERT_NE(menu, xcb_window_t{XCB_NONE});
+    choose(menu, 2, 3);
+    EXPECT_TRUE(logs("manual remove " + apps[0].id));
+    EXPECT_TRUE(docksSettle(tiles(1)));
+    EXPECT_TRUE(turns(layout("right", tiles(1)).icon(0), apps[1].colour));
+}
+
+TEST_F(TileMenu, WritesARemovalIntoThePreferencesAtOnce) {
+    const auto apps = someApps(2);
+    runWithManualList(apps);
+    const auto menu = openMenu(layout("right", tiles(2)).icon(0));
+    ASSERT_NE(menu, xcb_window_t{XCB_NONE});
+    choose(menu, 2, 3);
+    ASSERT_TRUE(logs("manual remove " + apps[0].id));
+    const auto saved = readFile(desktop().home().preferences());
+    EXPECT_FALSE(saved.contains(apps[0].id)) << saved;
+    EXPECT_TRUE(saved.contains(apps[1].id)) << saved;
+    // What no control edits is kept.
+    EXPECT_TRUE(saved.contains("\"schemaVersion\": 7")) << saved;
+    EXPECT_TRUE(saved.contains("\"hideOverFullScreen\": false")) << saved;
+}
+
+TEST_F(TileMenu, ClosesWithEscapeAndDoesNothing) {
+    runWithAlpha();
+    ASSERT_NE(openMenu(alphaTile()), xcb_window_t{XCB_NONE});
+    desktop().keyboard().type(Keyboard::escape);
+    EXPECT_TRUE(eventually([&] { return desktop().docks().menus().empty(); }));
+    desktop().pointer().click(alphaTile());
+    ASSERT_TRUE(logs("click "));
+    EXPECT_EQ(desktop().log().count("click "), 1);
+    EXPECT_EQ(desktop().log().count("menu "), 0);
+}
+
+/// The edge of the display where the dock is, as the preferences say it.
+class TileMenuAtEdge : public TileMenu, public testing::WithParamInterface<const char*> {};
+
+TEST_P(TileMenuAtEdge, OpensInsideTheDocksDisplay) {
+    auto& desktop = make({.monitors = twoMonitors()});
+    const auto apps = someApps(8);
+    for (const auto& app : apps)
+        desktop.home().install(app);
+    desktop.home().pin(apps);
+    desktop.home().writePreferences(std::string{R"({"onboardingCompleted": true, "position": ")"} +
+                                    GetParam() + R"("})");
+    desktop.runVireline();
+    auto request = tiles(8);
+    request.position = dockPosition(GetParam()).value_or(DockPosition::bottom);
+    ASSERT_TRUE(docksSettle(request));
+    const auto menu = openMenu(layout("right", request).icon(7));
+    ASSERT_NE(menu, xcb_window_t{XCB_NONE});
+    const auto frame = desktop.client().frame(menu).value_or(PixelRect{});
+    EXPECT_TRUE(desktop.monitor("right").frame.contains(frame)) << frame;
+}
+
+INSTANTIATE_TEST_SUITE_P(Edges, TileMenuAtEdge, testing::Values("bottom", "left", "right"),
+                         [](const auto& edge) { return std::string{edge.param}; });
+
+}
+}

@@ -1,0 +1,69 @@
+/// One dock's view on the fake platform, and what it shows as lists of nodes.
+#pragma once
+
+#include "Support/DockFixture.hpp"
+#include "Views/DockRootView.hpp"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vireline::test {
+
+using Kind = PointerEvent::Kind;
+
+/// A dock on display 2, wide enough for its tiles at full size.
+class DockRootViewTest : public testing::Test {
+protected:
+    void show(DockPosition position = DockPosition::bottom, double length = 1000,
+              double thickness = 84) {
+        const bool isBottom = position == DockPosition::bottom;
+        const Size size = isBottom ? Size{length, thickness} : Size{thickness, length};
+        const PanelSpec spec{2, {0, 4, size.width, size.height}, length, position};
+        view_ = std::make_unique<DockRootView>(context, ui, spec, false);
+        view_->onMenuRequest = [this](const Menu& menu, Point, MenuClosed onClose) {
+            for (const MenuItem& entry : menu.entries) {
+                menuTitles.push_back(std::get<MenuCommand>(entry).title);
+            }
+            closeMenu = std::move(onClose);
+        };
+    }
+
+    [[nodiscard]] DockRootView& view() const { return *view_; }
+    void send(Kind kind, Point p = {}) { view_->pointerEvent({kind, p}); }
+    void tapAt(Point p) {
+        send(Kind::pressed, p);
+        send(Kind::released, p);
+    }
+
+    [[nodiscard]] std::vector<SceneNode> nodes(NodeID::Part part) const {
+        std::vector<SceneNode> found;
+        const Scene scene = view_->makeScene();
+        std::ranges::copy_if(scene.nodes, std::back_inserter(found),
+                             [=](const SceneNode& node) { return node.id.part == part; });
+        return found;
+    }
+    [[nodiscard]] std::vector<SceneNode> icons() const { return nodes(NodeID::Part::icon); }
+    [[nodiscard]] Point centerOfIcon(std::size_t index) const {
+        return icons().at(index).frame.center();
+    }
+    [[nodiscard]] std::string labelText() const {
+        const auto labels = nodes(NodeID::Part::label);
+        return labels.empty() ? "" : std::get<LabelNode>(labels.front().content).text;
+    }
+
+    DockFixture dock;
+    PanelUIState ui;
+    DockViewContext context = dock.context();
+    std::vector<std::string> menuTitles;
+    MenuClosed closeMenu;
+
+private:
+    std::unique_ptr<DockRootView> view_;
+};
+
+}

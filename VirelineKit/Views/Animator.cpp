@@ -1,0 +1,144 @@
+#include "Views/Animator.hpp"
+
+#include <algorithm>
+#include <utility>
+
+namespace vireline {
+
+double Animator::Track::lacking(double now) const noexcept {
+    return curve ? residual * (1 - progress(*curve, now - start)) : 0;
+}
+
+bool Animator::Track::isMoving(double now) const noexcept {
+    return curve && residual != 0 && vireline::isMoving(*curve, now - start);
+}
+
+Animator::Values Animator::values(const SceneNode& node) noexcept {
+    return {node.frame.x, node.frame.y,  node.frame.width, node.frame.height, node.slide.x,
+            node.slide.y, node.bounce.x, node.bounce.y,    node.scale,        node.opacity};
+}
+
+void Animator::assign(SceneNode& node, const Values& v) noexcept {
+    node.frame = {v[0], v[1], v[2], v[3]};
+    node.slide = {v[4], v[5]};
+    node.bounce = {v[6], v[7]};
+    node.scale = v[8];
+    node.opacity = v[9];
+}
+
+Animator::Curves Animator::curves(const Motion& motion) noexcept {
+    return {motion.frame, motion.frame,  motion.frame,  motion.frame, motion.slide,
+            motion.slide, motion.bounce, motion.bounce, motion.scale, motion.opacity};
+}
+
+bool Animator::isMoving(const Actor& actor, double now) noexcept {
+    return std::ranges::any_of(actor.tracks,
+                               [=](const Track& track) { return track.isMoving(now); });
+}
+
+void Animator::retarget(Actor& actor, const SceneNode& target, double now) {
+    const Values from = values(actor.target);
+    const Values to = values(target);
+    const Curves curve = curves(target.motion);
+    for (std::size_t i = 0; i < propertyCount; ++i) {
+        Track& track = actor.tracks[i];
+        if (from[i] == to[i] || !curve[i])
+            continue;
+        const double shown = from[i] + track.lacking(now);
+        track = {shown - to[i], now, curve[i]};
+    }
+    if (actor.isLeaving && target.motion.presence) {
+        const double shown = actor.tracks[opacityIndex].lacking(now);
+        actor.tracks[opacityIndex] = {shown - target.opacity, now, target.motion.presence};
+    }
+    actor.isLeaving = false;
+    actor.target = target;
+}
+
+Animator::Actor Animator::entering(const SceneNode& target, double now) {
+    Actor actor{.target = target, .tracks = {}};
+    if (target.motion.presence) {
+        actor.tracks[opacityIndex] = {-target.opacity, now, target.motion.presence};
+    }
+    return actor;
+}
+
+/// Whether the node is still to be shown for a while.
+bool Animator::leave(Actor& actor, double now) {
+    if (!actor.target.motion.presence)
+        return false;
+    Track& opacity = actor.tracks[opacityIndex];
+    if (!actor.isLeaving) {
+        opacity = {actor.target.opacity + opacity.lacking(now), now, actor.target.motion.presence};
+        actor.target.opacity = 0;
+        actor.isLeaving = true;
+    }
+    return opacity.isMoving(now);
+}
+
+/// The actor of a node, which the caller moves from. Scenes mostly keep their order, so the search
+/// begins behind the last one found.
+Animator::Actor* Animator::take(const NodeID& id, std::size_t& hint) {
+    for (std::size_t i = 0; i < actors_.size(); ++i) {
+        Actor& actor = actors_[(hint + i) % actors_.size()];
+        if (actor.isTaken || actor.target.id != id)
+            continue;
+        hint = (hint + i + 1) % actors_.size();
+        return &actor;
+    }
+    return nullptr;
+}
+
+void Animator::keepLeaving(std::vector<Actor>& next, double now) {
+    for (std::size_t i = 0; i < actors_.size(); ++i) {
+        if (actors_[i].isTaken || !leave(actors_[i], now))
+            continue;
+        const auto place = static_cast<std::ptrdiff_t>(std::min(i, next.size()));
+        next.insert(next.begin() + place, std::move(actors_[i]));
+    }
+}
+
+void Animator::setTarget(const Scene& scene, double now, bool reducesMotion) {
+    const bool atOnce = std::exchange(isFirst_, false) || reducesMotion;
+    if (atOnce)
+        actors_.clear();
+    std::vector<Actor> next;
+    next.reserve(scene.nodes.size() + 4);
+    std::size_t hint = 0;
+    for (const SceneNode& node : scene.nodes) {
+        if (atOnce) {
+            next.push_back({.target = node, .tracks = {}});
+        } else if (Actor* const known = take(node.id, hint)) {
+            retarget(*known, node, now);
+            next.push_back(std::move(*known));
+            known->isTaken = true;
+        } else {
+            next.push_back(entering(node, now));
+        }
+    }
+    keepLeaving(next, now);
+    actors_ = std::move(next);
+    inputRegion_ = scene.inputRegion;
+}
+
+const Scene& Animator::frame(double now) {
+    std::erase_if(actors_, [=](const Actor& actor) {
+        return actor.isLeaving && !actor.tracks[opacityIndex].isMoving(now);
+    });
+    frame_.nodes.clear();
+    for (const Actor& actor : actors_) {
+        SceneNode& node = frame_.nodes.emplace_back(actor.target);
+        Values shown = values(actor.target);
+        for (std::size_t i = 0; i < propertyCount; ++i)
+            shown[i] += actor.tracks[i].lacking(now);
+        assign(node, shown);
+    }
+    frame_.inputRegion = inputRegion_;
+    return frame_;
+}
+
+bool Animator::isMoving(double now) const noexcept {
+    return std::ranges::any_of(actors_, [=](const Actor& actor) { return isMoving(actor, now); });
+}
+
+}

@@ -1,0 +1,129 @@
+#include "Views/DockScene.hpp"
+
+#include "Displays/DockMetrics.hpp"
+
+#include <algorithm>
+#include <utility>
+
+namespace vireline::DockScene {
+namespace {
+
+constexpr Curve listChange{0.2, Easing::easeInOut};
+constexpr Curve labelChange{0.12, Easing::easeOut};
+constexpr Curve pulse{0.1, Easing::easeOut};
+constexpr Curve dropTarget{0.12, Easing::easeOut};
+constexpr Curve makingRoom{0.15, Easing::easeInOut};
+constexpr Curve settling{0.2, Easing::easeInOut};
+constexpr Curve dotChange{0.15, Easing::easeOut};
+constexpr Curve bouncing{0.3, Easing::easeInOut, true};
+constexpr Curve landing{0.2, Easing::easeOut};
+
+constexpr double pulseScale = 0.92;
+constexpr double draggedScale = 1.08;
+constexpr double dropTargetScale = 1.1;
+constexpr double bounceHeight = 12;
+constexpr double handleOpacity = 0.4;
+/// At each end of a collapsed dock's handle.
+constexpr double handlePadding = 10;
+constexpr double separatorRadius = 0.5;
+constexpr double labelFontSize = 12;
+constexpr Size labelPadding{9, 3};
+
+double scaleOf(const TileLook& tile) {
+    if (tile.isPulsing)
+        return pulseScale;
+    if (tile.isBeingDragged)
+        return draggedScale;
+    return tile.isDropTargeted ? dropTargetScale : 1;
+}
+
+/// What moves with a list of tiles.
+Motion listMotion(const DockLook& look) {
+    Motion motion;
+    if (look.listChanged)
+        motion.frame = listChange;
+    motion.presence = listChange;
+    return motion;
+}
+
+Motion tileMotion(const DockLook& look, const TileLook& tile) {
+    Motion motion = listMotion(look);
+    if (!tile.isBeingDragged)
+        motion.slide = look.settles ? settling : makingRoom;
+    motion.scale = tile.isDropTargeted ? dropTarget : pulse;
+    motion.bounce = tile.isLaunching ? bouncing : landing;
+    return motion;
+}
+
+void addTile(std::vector<SceneNode>& nodes, const DockLook& look, std::size_t index) {
+    const TileLook& tile = look.tiles[index];
+    const TileFrames& frames = look.frames.tiles[index];
+    SceneNode node{.id = {NodeID::Part::icon, tile.serial},
+                   .frame = frames.icon,
+                   .content = ImageNode{tile.image}};
+    node.scale = scaleOf(tile);
+    node.anchor = frames.icon.united(frames.dot).center();
+    node.slide = look.edge.vector(tile.slide, 0);
+    node.bounce = look.edge.vector(0, tile.isLaunching ? bounceHeight : 0);
+    node.motion = tileMotion(look, tile);
+    nodes.push_back(node);
+
+    // The dot keeps its place when it does not show, also under utility tiles, so that no icon
+    // moves when an app starts or ends and all icons line up.
+    node.id.part = NodeID::Part::dot;
+    node.frame = frames.dot;
+    node.content = DotNode{};
+    node.opacity = tile.isRunning ? 1 : 0;
+    node.motion.opacity = dotChange;
+    nodes.push_back(std::move(node));
+}
+
+}
+
+Scene expanded(const DockLook& look) {
+    Scene scene;
+    auto& nodes = scene.nodes;
+    nodes.reserve(2 * look.tiles.size() + look.frames.separators.size() + 2);
+    nodes.push_back({.id = {NodeID::Part::strip},
+                     .frame = look.frames.glass,
+                     .content = GlassNode{DockMetrics::cornerRadius},
+                     .motion = listMotion(look)});
+    // Counted from the end, so that the one before the utility tiles stays itself when the running
+    // group comes and goes.
+    auto separator = static_cast<std::uint32_t>(look.frames.separators.size());
+    for (const Rect& frame : look.frames.separators) {
+        nodes.push_back({.id = {NodeID::Part::separator, --separator},
+                         .frame = frame,
+                         .content = SeparatorNode{separatorRadius},
+                         .motion = listMotion(look)});
+    }
+    std::optional<std::size_t> dragged;
+    for (std::size_t i = 0; i < look.tiles.size(); ++i) {
+        if (look.tiles[i].isBeingDragged) {
+            dragged = i;
+        } else {
+            addTile(nodes, look, i);
+        }
+    }
+    if (dragged)
+        addTile(nodes, look, *dragged);
+    if (look.label) {
+        nodes.push_back({.id = {NodeID::Part::label},
+                         .frame = look.frames.labelZone,
+                         .content = LabelNode{*look.label, labelFontSize, labelPadding},
+                         .motion = {.presence = labelChange}});
+    }
+    return scene;
+}
+
+Scene collapsed(const Edge& edge) {
+    const double length = std::max(0.0, edge.length() - 2 * handlePadding);
+    SceneNode handle{.id = {NodeID::Part::handle},
+                     .frame = edge.rect(handlePadding, length, 0, DockMetrics::sliverThickness),
+                     .content = HandleNode{},
+                     .opacity = handleOpacity,
+                     .motion = {.presence = listChange}};
+    return {{std::move(handle)}, std::nullopt};
+}
+
+}

@@ -1,0 +1,46 @@
+# What all scripts share. Sourced, never run: moves to the project's folder.
+# shellcheck shell=bash
+
+cd "$(dirname "${BASH_SOURCE[0]}")/../.." || exit
+
+jobs=$(getconf _NPROCESSORS_ONLN)
+
+say() {
+    printf '\n==> %s\n' "$*"
+}
+
+fail() {
+    printf '%s\n' "$*" >&2
+    exit 1
+}
+
+is_linux() {
+    [[ $(uname) == Linux ]]
+}
+
+# Runs a step under a heading and notes how long it took.
+step_times=()
+step() {
+    local title=$1 started=$SECONDS
+    shift
+    say "$title"
+    "$@"
+    step_times+=("$(printf '%5d s  %s' $((SECONDS - started)) "$title")")
+}
+
+print_step_times() {
+    say "How long each step took"
+    printf '%s\n' "${step_times[@]}"
+}
+
+# build_with <preset> [target...]
+build_with() {
+    local preset=$1
+    shift
+    cmake --preset "$preset" > /dev/null
+    if (($# > 0)); then
+        cmake --build --preset "$preset" --parallel "$jobs" --target "$@"
+    else
+        cmake --build --preset "$preset" --parallel "$jobs"
+    fi
+}

@@ -1,0 +1,50 @@
+# Debian packages by what they are for. Sourced, never run.
+# shellcheck shell=bash disable=SC2034
+
+# To build and run the program.
+packages_build=(
+    ccache
+    cmake
+    g++
+    git
+    libplist-dev
+    libqt6svg6-dev
+    libxcb-randr0-dev
+    libxcb-shape0-dev
+    libxcb-xfixes0-dev
+    libxcb1-dev
+    libglib2.0-dev
+    ninja-build
+    nlohmann-json3-dev
+    pkg-config
+    qt6-base-dev
+)
+
+# To test it: sanitizers come with the compilers.
+packages_test=(
+    clang-19
+    clang-format-19
+    clang-tidy-19
+    libbenchmark-dev
+    libgtest-dev
+    libpng-dev
+    libxcb-xtest0-dev
+)
+
+# A desktop without a screen, for the tests and for the tour.
+packages_desktop=(
+    dbus
+    fonts-dejavu-core
+    openbox
+    picom
+    xvfb
+)
+
+# What the tour shows on it.
+packages_tour=(
+    mousepad
+    papirus-icon-theme
+    pcmanfm
+    x11vnc
+    xterm
+)
