@@ -3,6 +3,7 @@
 #include "X11/X11Connection.hpp"
 
 #include <array>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,18 +25,6 @@ void setAtoms(const X11Connection& connection, xcb_window_t window, std::string_
     connection.setWords(window, property, XCB_ATOM_ATOM, atoms);
 }
 
-/// Position and size are ours to choose, and the corner meant is the window's own.
-void setSizeHints(const X11Connection& connection, xcb_window_t window) {
-    constexpr std::uint32_t userPosition = 1U << 0U;
-    constexpr std::uint32_t userSize = 1U << 1U;
-    constexpr std::uint32_t programPosition = 1U << 2U;
-    constexpr std::uint32_t gravity = 1U << 9U;
-    std::array<std::uint32_t, 18> hints{};
-    hints.front() = userPosition | userSize | programPosition | gravity;
-    hints.back() = XCB_GRAVITY_STATIC;
-    connection.setWords(window, "WM_NORMAL_HINTS", XCB_ATOM_WM_SIZE_HINTS, hints);
-}
-
 void setNoInput(const X11Connection& connection, xcb_window_t window) {
     constexpr std::uint32_t inputHint = 1U << 0U;
     constexpr std::uint32_t stateHint = 1U << 1U;
@@ -55,7 +44,7 @@ void apply(const X11Connection& connection, xcb_window_t window, std::uint32_t d
     setAtoms(connection, window, "WM_PROTOCOLS",
              std::array{"WM_DELETE_WINDOW"sv, "_NET_WM_PING"sv});
     setNoInput(connection, window);
-    setSizeHints(connection, window);
+    applySizeHints(connection, window);
 
     constexpr std::string_view windowClass = "vireline\0Vireline\0"sv;
     xcb_change_property(connection.get(), XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_CLASS,
@@ -65,6 +54,17 @@ void apply(const X11Connection& connection, xcb_window_t window, std::uint32_t d
     connection.setText(window, "_NET_WM_NAME", title);
     xcb_change_property(connection.get(), XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_NAME,
                         XCB_ATOM_STRING, 8, static_cast<std::uint32_t>(title.size()), title.data());
+}
+
+void applySizeHints(const X11Connection& connection, xcb_window_t window) {
+    constexpr std::uint32_t userPosition = 1U << 0U;
+    constexpr std::uint32_t userSize = 1U << 1U;
+    constexpr std::uint32_t programPosition = 1U << 2U;
+    constexpr std::uint32_t gravity = 1U << 9U;
+    std::array<std::uint32_t, 18> hints{};
+    hints.front() = userPosition | userSize | programPosition | gravity;
+    hints.back() = XCB_GRAVITY_STATIC;
+    connection.setWords(window, "WM_NORMAL_HINTS", XCB_ATOM_WM_SIZE_HINTS, hints);
 }
 
 void assertState(const X11Connection& connection, xcb_window_t window) {
@@ -77,21 +77,6 @@ void assertState(const X11Connection& connection, xcb_window_t window) {
     }
     connection.sendToRoot(window, "_NET_WM_DESKTOP", std::array{allDesktops, application});
     connection.flush();
-}
-
-void setBlurRegion(const X11Connection& connection, xcb_window_t window,
-                   std::span<const xcb_rectangle_t> region) {
-    std::vector<std::uint32_t> words;
-    for (const xcb_rectangle_t& rect : region) {
-        words.insert(words.end(), {static_cast<std::uint32_t>(rect.x),
-                                   static_cast<std::uint32_t>(rect.y), rect.width, rect.height});
-    }
-    if (words.empty()) {
-        xcb_delete_property(connection.get(), window,
-                            connection.atom("_KDE_NET_WM_BLUR_BEHIND_REGION"));
-    } else {
-        connection.setWords(window, "_KDE_NET_WM_BLUR_BEHIND_REGION", XCB_ATOM_CARDINAL, words);
-    }
 }
 
 }

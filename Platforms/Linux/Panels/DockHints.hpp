@@ -5,7 +5,6 @@
 #include <xcb/xcb.h>
 
 #include <cstdint>
-#include <span>
 
 namespace vireline::x11 {
 
@@ -17,12 +16,12 @@ namespace DockHints {
 /// away from a withdrawn one.
 void apply(const X11Connection& connection, xcb_window_t window, std::uint32_t displayID);
 
+/// That the program alone chooses place and size, to the pixel. Qt says otherwise each time it
+/// shows the window: on dense screens it allows whole points only.
+void applySizeHints(const X11Connection& connection, xcb_window_t window);
+
 /// Asks a window manager that found the window already shown.
 void assertState(const X11Connection& connection, xcb_window_t window);
-
-/// Where to blur what lies behind the window; an empty list is nowhere.
-void setBlurRegion(const X11Connection& connection, xcb_window_t window,
-                   std::span<const xcb_rectangle_t> region);
 
 }
 }

@@ -115,7 +115,7 @@ void QtPanelWindow::orderFrontRegardless() {
     } else {
         setVisible(true);
     }
-    // Qt has its own idea of the hints and of the place, rounded to points.
+    DockHints::applySizeHints(context_.connection, window_);
     place();
     updateSoon();
 }
@@ -347,9 +347,7 @@ void QtPanelWindow::applyBackdrop() {
     shape_->setBounding(kind == Backdrop::opaque
                             ? std::optional{OpaqueOutline::rectangles(surface_->image())}
                             : std::nullopt);
-    DockHints::setBlurRegion(context_.connection, window_,
-                             kind == Backdrop::blurred ? blurRegion()
-                                                       : std::vector<xcb_rectangle_t>{});
+    shape_->setBlurred(kind == Backdrop::blurred ? blurRegion() : std::vector<xcb_rectangle_t>{});
 }
 
 Backdrop QtPanelWindow::backdrop() const {

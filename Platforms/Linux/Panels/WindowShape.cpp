@@ -5,11 +5,20 @@
 #include <xcb/shape.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <span>
+#include <string_view>
+#include <tuple>
 #include <utility>
 
 namespace vireline::x11 {
 namespace {
+
+constexpr std::string_view blurProperty = "_KDE_NET_WM_BLUR_BEHIND_REGION";
+
+auto fields(const xcb_rectangle_t& rect) {
+    return std::tuple{rect.x, rect.y, rect.width, rect.height};
+}
 
 void send(const X11Connection& connection, xcb_window_t window, xcb_shape_kind_t kind,
           std::span<const xcb_rectangle_t> rectangles) {
@@ -22,15 +31,15 @@ void clear(const X11Connection& connection, xcb_window_t window, xcb_shape_kind_
     xcb_shape_mask(connection.get(), XCB_SHAPE_SO_SET, kind, window, 0, 0, XCB_PIXMAP_NONE);
 }
 
-bool areEqual(const xcb_rectangle_t& a, const xcb_rectangle_t& b) {
-    return a.x == b.x && a.y == b.y && a.width == b.width && a.height == b.height;
+bool areEqual(std::span<const xcb_rectangle_t> first, std::span<const xcb_rectangle_t> second) {
+    return std::ranges::equal(first, second, {}, fields, fields);
 }
 
 }
 
 void WindowShape::setBounding(std::optional<std::vector<xcb_rectangle_t>> rectangles) {
     if (rectangles.has_value() == bounding_.has_value() &&
-        (!rectangles || std::ranges::equal(*rectangles, *bounding_, areEqual)))
+        (!rectangles || areEqual(*rectangles, *bounding_)))
         return;
     bounding_ = std::move(rectangles);
     if (bounding_) {
@@ -50,6 +59,23 @@ void WindowShape::setInput(std::optional<PixelRect> region) {
         static_cast<std::int16_t>(input_->x), static_cast<std::int16_t>(input_->y),
         static_cast<std::uint16_t>(input_->width), static_cast<std::uint16_t>(input_->height)};
     send(connection_, window_, XCB_SHAPE_SK_INPUT, std::span{&rectangle, 1});
+}
+
+void WindowShape::setBlurred(std::vector<xcb_rectangle_t> region) {
+    if (areEqual(region, blurred_))
+        return;
+    blurred_ = std::move(region);
+    if (blurred_.empty()) {
+        xcb_delete_property(connection_.get(), window_, connection_.atom(blurProperty));
+        return;
+    }
+    std::vector<std::uint32_t> words;
+    for (const xcb_rectangle_t& rect : blurred_) {
+        words.insert(words.end(),
+                     {static_cast<std::uint32_t>(rect.x), static_cast<std::uint32_t>(rect.y),
+                      std::uint32_t{rect.width}, std::uint32_t{rect.height}});
+    }
+    connection_.setWords(window_, blurProperty, XCB_ATOM_CARDINAL, words);
 }
 
 bool WindowShape::takesPointer(int x, int y) const {

@@ -1,5 +1,5 @@
-/// Which of a window's pixels exist, and which take the pointer. Sends only what differs from what
-/// was sent before.
+/// Which of a window's pixels exist, which take the pointer, and behind which the compositor blurs.
+/// Sends only what differs from what was sent before.
 #pragma once
 
 #include "X11/PixelRect.hpp"
@@ -22,6 +22,8 @@ public:
     /// Nothing: the whole rectangle of the window.
     void setBounding(std::optional<std::vector<xcb_rectangle_t>> rectangles);
     void setInput(std::optional<PixelRect> region);
+    /// An empty list is nowhere.
+    void setBlurred(std::vector<xcb_rectangle_t> region);
 
     /// Whether a pixel of the window takes the pointer, as far as this shape is concerned.
     [[nodiscard]] bool takesPointer(int x, int y) const;
@@ -31,6 +33,7 @@ private:
     xcb_window_t window_;
     std::optional<std::vector<xcb_rectangle_t>> bounding_;
     std::optional<PixelRect> input_;
+    std::vector<xcb_rectangle_t> blurred_;
 };
 
 }
