@@ -182,7 +182,8 @@ TEST(DesktopEntryCatalog, AnEntryThatIsItsOwnIconIsAnEntryLikeOthers) {
     const auto path = (installation.system / "a.desktop").string();
     Installation::write(path, entryText("A") + "Icon=" + path + "\n");
 
-    EXPECT_EQ(installation.catalog.entryAt(FileURL::fromPath(path))->icon, path);
+    const auto entry = installation.catalog.entryAt(FileURL::fromPath(path));
+    EXPECT_EQ(entry.value_or(x11::DesktopEntry{}).icon, path);
 }
 
 TEST(DesktopEntryCatalog, WithoutFoldersIsEmpty) {

@@ -16,15 +16,19 @@ std::optional<DesktopEntry> parse(const std::string& text,
     return x11::DesktopEntries::parse(text, "id", "/id.desktop", languages);
 }
 
+/// The entry in a text that holds one; an empty one otherwise.
+DesktopEntry entryIn(const std::string& text, const std::vector<std::string>& languages = {}) {
+    return parse(text, languages).value_or(DesktopEntry{});
+}
+
 constexpr const char* plain = "[Desktop Entry]\nType=Application\nName=Files\nExec=files %U\n";
 
 TEST(DesktopEntry, HasWhatItsFileSays) {
-    const auto entry = parse("# comment\n\n[Desktop Entry]\nType=Application\nName=Files\n"
-                             "Exec=files %U\nTryExec=files\nIcon=folder\nStartupWMClass=Files\n"
-                             "Terminal=true\nNoDisplay=true\nDBusActivatable=true\n"
-                             "StartupNotify=false\nCategories=System;TerminalEmulator;\n");
+    const auto entry = entryIn("# comment\n\n[Desktop Entry]\nType=Application\nName=Files\n"
+                               "Exec=files %U\nTryExec=files\nIcon=folder\nStartupWMClass=Files\n"
+                               "Terminal=true\nNoDisplay=true\nDBusActivatable=true\n"
+                               "StartupNotify=false\nCategories=System;TerminalEmulator;\n");
 
-    ASSERT_TRUE(entry);
     DesktopEntry expected;
     expected.id = "id";
     expected.path = "/id.desktop";
@@ -38,32 +42,32 @@ TEST(DesktopEntry, HasWhatItsFileSays) {
     expected.terminal = true;
     expected.isTerminalEmulator = true;
     expected.startupNotify = false;
-    EXPECT_EQ(*entry, expected);
+    EXPECT_EQ(entry, expected);
 }
 
 TEST(DesktopEntry, NameIsInThePreferredLanguage) {
     const std::string text = std::string{plain} + "Name[de]=Dateien\nName[de_AT]=Dateien!\n"
                                                   "Name[fr]=Fichiers\n";
 
-    EXPECT_EQ(parse(text, {"de_AT", "de"})->name, "Dateien!");
-    EXPECT_EQ(parse(text, {"de_CH", "de"})->name, "Dateien");
-    EXPECT_EQ(parse(text, {"it"})->name, "Files");
+    EXPECT_EQ(entryIn(text, {"de_AT", "de"}).name, "Dateien!");
+    EXPECT_EQ(entryIn(text, {"de_CH", "de"}).name, "Dateien");
+    EXPECT_EQ(entryIn(text, {"it"}).name, "Files");
 }
 
 TEST(DesktopEntry, AnEmptyTranslationDoesNotHideTheName) {
-    EXPECT_EQ(parse(std::string{plain} + "Name[de]=\n", {"de"})->name, "Files");
+    EXPECT_EQ(entryIn(std::string{plain} + "Name[de]=\n", {"de"}).name, "Files");
 }
 
 TEST(DesktopEntry, ActionsSayNothingAboutIt) {
     const auto entry =
-        parse(std::string{plain} + "[Desktop Action new]\nName=New Window\nExec=files --new\n");
+        entryIn(std::string{plain} + "[Desktop Action new]\nName=New Window\nExec=files --new\n");
 
-    EXPECT_EQ(entry->name, "Files");
-    EXPECT_EQ(entry->exec, "files %U");
+    EXPECT_EQ(entry.name, "Files");
+    EXPECT_EQ(entry.exec, "files %U");
 }
 
 TEST(DesktopEntry, EscapesAreResolved) {
-    EXPECT_EQ(parse("[Desktop Entry]\nType=Application\nName=A\\sB\\\\C\\xD\nExec=e\n")->name,
+    EXPECT_EQ(entryIn("[Desktop Entry]\nType=Application\nName=A\\sB\\\\C\\xD\nExec=e\n").name,
               "A B\\C\\xD");
 }
 
@@ -83,10 +87,7 @@ TEST(DesktopEntry, WithoutExecIsNoneUnlessDBusActivatesIt) {
 }
 
 TEST(DesktopEntry, HiddenNeedsNothingElse) {
-    const auto entry = parse("[Desktop Entry]\nHidden=true\n");
-
-    ASSERT_TRUE(entry);
-    EXPECT_TRUE(entry->hidden);
+    EXPECT_TRUE(entryIn("[Desktop Entry]\nHidden=true\n").hidden);
 }
 
 TEST(DesktopEntry, WithoutItsGroupIsNone) {
@@ -96,13 +97,13 @@ TEST(DesktopEntry, WithoutItsGroupIsNone) {
 }
 
 TEST(DesktopEntry, LinesMayEndAsOnWindows) {
-    EXPECT_EQ(parse("[Desktop Entry]\r\nType=Application\r\nName=A\r\nExec=e\r\n")->name, "A");
+    EXPECT_EQ(entryIn("[Desktop Entry]\r\nType=Application\r\nName=A\r\nExec=e\r\n").name, "A");
 }
 
 TEST(DesktopEntry, NamesOfAnyLengthAreBounded) {
     const std::string name(1'000'000, 'n');
 
-    EXPECT_EQ(parse("[Desktop Entry]\nType=Application\nName=" + name + "\nExec=e\n")->name.size(),
+    EXPECT_EQ(entryIn("[Desktop Entry]\nType=Application\nName=" + name + "\nExec=e\n").name.size(),
               256U);
 }
 

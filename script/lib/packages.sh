@@ -10,8 +10,10 @@ packages_build=(
     libplist-dev
     libqt6svg6-dev
     libxcb-randr0-dev
+    libxcb-res0-dev
     libxcb-shape0-dev
     libxcb-xfixes0-dev
+    libxcb-xinput-dev
     libxcb1-dev
     libglib2.0-dev
     ninja-build
