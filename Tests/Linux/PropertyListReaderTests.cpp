@@ -167,14 +167,17 @@ TEST(PropertyListReader, RefusesOneLongTextThatIsReferredToVeryOften) {
 
 TEST(PropertyListReader, RefusesCountsThatLieOutsideOfTheFile) {
     using namespace std::string_literals;
-    const std::string hugeCount = "\x13\x40\x00\x00\x00\x00\x00\x00\x01"s;
-    for (const std::string& bytes :
-         {"\x4F" + hugeCount, "\x5F" + hugeCount, "\x6F" + hugeCount, "\xAF" + hugeCount,
-          "\xDF" + hugeCount, "\x5F\x13\x7F\xFF\xFF\xFF\xFF\xFF\xFF\xFF"s, "\x4F\x14"s,
-          BinaryPropertyList::marked(0x5, 14), "\x1F"s, BinaryPropertyList::marked(0x2, 4),
-          "\xA1"s}) {
+    std::vector<std::string> values{"\x5F\x13\x7F\xFF\xFF\xFF\xFF\xFF\xFF\xFF"s, "\x4F\x14"s,
+                                    BinaryPropertyList::marked(0x5, 14),         "\x1F"s,
+                                    BinaryPropertyList::marked(0x2, 4),          "\xA1"s};
+    for (const unsigned kind : {0x4U, 0x5U, 0x6U, 0xAU, 0xDU}) {
+        values.push_back(BinaryPropertyList::number(kind << 4U | 0xFU, 1) +
+                         "\x13\x40\x00\x00\x00\x00\x00\x00\x01"s);
+    }
+
+    for (const std::string& value : values) {
         BinaryPropertyList plist;
-        EXPECT_FALSE(decode(plist.file(plist.add(bytes))));
+        EXPECT_FALSE(decode(plist.file(plist.add(value))));
     }
 }
 
