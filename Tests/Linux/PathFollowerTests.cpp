@@ -1,11 +1,13 @@
 #include "Files/PathFollower.hpp"
 #include "Linux/EventLoop.hpp"
 #include "Linux/FileOperations.hpp"
+#include "Linux/OrdinaryUser.hpp"
 #include "Support/TemporaryFolder.hpp"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
+#include <sys/stat.h>
 
+#include <cerrno>
 #include <fstream>
 #include <vector>
 
@@ -322,6 +324,35 @@ TEST_F(PathFollower, MayBeEndedByItsOwnReport) {
     deliverPendingEvents();
 
     EXPECT_EQ(count, 1);
+}
+
+TEST_F(PathFollower, LeadsThroughAFolderThatMayBePassedButNotListed) {
+    const FileURL closed = folder.appending("closed");
+    const FileURL within = closed.appending("open/list");
+    makeFolder(within.parent());
+    overwrite(within, "one");
+    ASSERT_EQ(::chmod(closed.path().c_str(), 0311), 0);
+    {
+        const test::OrdinaryUser user;
+        follow(within);
+    }
+
+    overwrite(within, "two");
+
+    EXPECT_EQ(newReports(), Reports{changed});
+    ::chmod(closed.path().c_str(), 0755);
+}
+
+TEST_F(PathFollower, FailsWhereItCouldNotSeeTheFileArrive) {
+    const FileURL closed = folder.appending("closed");
+    makeFolder(closed);
+    ASSERT_EQ(::chmod(closed.path().c_str(), 0311), 0);
+
+    const test::OrdinaryUser user;
+    const auto following = followPath(closed.appending("list"), [](PathEvents) {});
+
+    ASSERT_FALSE(following);
+    EXPECT_EQ(following.error().code, EACCES);
 }
 
 /// Makes the kernel drop all further events of a folder that is watched for arrivals.

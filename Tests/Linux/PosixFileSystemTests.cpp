@@ -1,5 +1,6 @@
 #include "Files/PosixFileSystem.hpp"
 #include "Linux/FileOperations.hpp"
+#include "Linux/OrdinaryUser.hpp"
 #include "Support/TemporaryFolder.hpp"
 
 #include <gtest/gtest.h>
@@ -45,27 +46,6 @@ protected:
     FileURL folder = test::urlOf(temporary.path());
     FileURL file = folder.appending("preferences.json");
     PosixFileSystem fileSystem;
-};
-
-/// Rights are checked as an ordinary user's, also when the tests run as root.
-class AsOrdinaryUser {
-public:
-    AsOrdinaryUser() {
-        if (::geteuid() == 0)
-            isOther_ = ::seteuid(nobody) == 0;
-    }
-    AsOrdinaryUser(const AsOrdinaryUser&) = delete;
-    AsOrdinaryUser& operator=(const AsOrdinaryUser&) = delete;
-    AsOrdinaryUser(AsOrdinaryUser&&) = delete;
-    AsOrdinaryUser& operator=(AsOrdinaryUser&&) = delete;
-    ~AsOrdinaryUser() {
-        if (isOther_ && ::seteuid(0) != 0)
-            std::abort();
-    }
-
-private:
-    static constexpr uid_t nobody = 65534;
-    bool isOther_ = false;
 };
 
 /// A file system of four pages, or none when mounting is not allowed here.
@@ -138,11 +118,11 @@ TEST_F(PosixFileSystemTest, KeepsTheOldFileWhenTheFolderIsReadOnly) {
     ASSERT_EQ(::chmod(folder.path().c_str(), 0555), 0);
 
     const auto written = [&] {
-        const AsOrdinaryUser user;
+        const test::OrdinaryUser user;
         return fileSystem.writeAtomically(file, "new");
     }();
     const auto made = [&] {
-        const AsOrdinaryUser user;
+        const test::OrdinaryUser user;
         return fileSystem.createFolder(folder.appending("Vireline"));
     }();
 

@@ -1,0 +1,31 @@
+/// Puts a test under the rules for ordinary users: for root, permissions prove nothing.
+#pragma once
+
+#include <unistd.h>
+
+#include <cstdlib>
+
+namespace vireline::test {
+
+/// Rights are checked as an ordinary user's, also when the tests run as root.
+class OrdinaryUser {
+public:
+    OrdinaryUser() {
+        if (::geteuid() == 0)
+            isOther_ = ::seteuid(nobody) == 0;
+    }
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+    OrdinaryUser(OrdinaryUser&&) = delete;
+    OrdinaryUser& operator=(OrdinaryUser&&) = delete;
+    ~OrdinaryUser() {
+        if (isOther_ && ::seteuid(0) != 0)
+            std::abort();
+    }
+
+private:
+    static constexpr uid_t nobody = 65534;
+    bool isOther_ = false;
+};
+
+}
