@@ -441,6 +441,8 @@ void QtPanelWindow::popUpMenu(const Menu& menu, Point at, MenuClosed onClose) {
     QScreen* const screen = context_.screens.qtScreen(displayID_);
     if (screen == nullptr || menu.entries.empty())
         return onClose(std::nullopt);
+    if (menu_)
+        menu_->end();
     const QPointF rootPixel = mapping_.toPixels(at) + QPointF(target_.x, target_.y);
     pointer_.menuOpened();
     menu_ = std::make_unique<PopUpMenu>(
