@@ -6,11 +6,11 @@ namespace {
 
 using desktop::Keyboard;
 using desktop::PixelRect;
-using desktop::Pointer;
 using test::EventLog;
 
 const Menu menu{
     {MenuCommand{"Open"}, MenuSeparator{}, MenuCommand{"Tom & Jerry"}, MenuCommand{"Quit"}}};
+}
 
 class PopUpMenuTest : public test::WindowTest {
 protected:
@@ -28,7 +28,7 @@ protected:
     void open(PanelWindow& dock, const std::string& monitor, Point at) {
         desk().pointer().moveTo(pixelAt(monitor, at));
         settle();
-        dock.popUpMenu(menu, at, [this](std::optional<std::size_t> chosen) {
+        dock.popUpMenu(sampleMenu(), at, [this](std::optional<std::size_t> chosen) {
             ++closed;
             choice = chosen;
         });

@@ -3,14 +3,11 @@
 namespace vireline {
 namespace {
 
-using desktop::PixelRect;
-
 class RandrScreensTest : public test::WindowTest {
 protected:
-    RandrScreensTest() {
+    void SetUp() override {
+        WindowTest::SetUp();
         observation_ = screens.observeParameters([this] { ++announcements; });
-        settle();
-        announcements = 0;
     }
 
     [[nodiscard]] std::vector<std::optional<std::uint32_t>> ids() const {

@@ -81,12 +81,12 @@ bool WindowTest::prepare() {
     return eventually([] { return QGuiApplication::screens().size() == 3; });
 }
 
-WindowTest::WindowTest() {
+void WindowTest::SetUp() {
     EXPECT_TRUE(isPrepared_);
     settle();
 }
 
-WindowTest::~WindowTest() {
+void WindowTest::TearDown() {
     settle();
 }
 

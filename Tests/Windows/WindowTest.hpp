@@ -34,8 +34,8 @@ public:
 
 class WindowTest : public testing::Test {
 protected:
-    WindowTest();
-    ~WindowTest() override;
+    void SetUp() override;
+    void TearDown() override;
 
     static desktop::VirtualDesktop& desk();
     static const desktop::XClient& client() { return desk().client(); }

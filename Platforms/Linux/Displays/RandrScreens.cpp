@@ -72,6 +72,7 @@ RandrScreens::Snapshot RandrScreens::read() {
     monitors = Monitors::inOrder(std::move(monitors));
 
     std::vector<PixelRect> frames;
+    frames.reserve(monitors.size());
     for (const Monitor& monitor : monitors) {
         frames.push_back(monitor.pixels);
     }

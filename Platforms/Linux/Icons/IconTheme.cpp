@@ -147,13 +147,13 @@ void IconTheme::searchFolders(const Theme& theme, const Root& root, std::string_
 const std::vector<IconTheme::Theme>& IconTheme::themes() const {
     if (themes_)
         return *themes_;
-    themes_.emplace();
+    auto& themes = themes_.emplace();
     std::set<std::string, std::less<>> seen{std::string{lastTheme}};
     std::deque<std::string> waiting{name_};
     const auto take = [&](const std::string& name) {
         std::vector<std::string> parents;
         if (auto theme = load(name, parents))
-            themes_->push_back(std::move(*theme));
+            themes.push_back(std::move(*theme));
         waiting.insert(waiting.begin(), parents.begin(), parents.end());
     };
     while (!waiting.empty() && seen.size() < maximumThemes) {
@@ -163,7 +163,7 @@ const std::vector<IconTheme::Theme>& IconTheme::themes() const {
             take(name);
     }
     take(std::string{lastTheme});
-    return *themes_;
+    return themes;
 }
 
 std::optional<IconTheme::Theme> IconTheme::load(std::string_view name,

@@ -72,7 +72,7 @@ std::optional<QImage> load(const std::string& path, int side) {
 
 QImage fitted(const QImage& picture, int side) {
     const QImage source = picture.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    const QImage scaled =
+    QImage scaled =
         std::max(source.width(), source.height()) == side
             ? source
             : source.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);

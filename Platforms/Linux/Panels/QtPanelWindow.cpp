@@ -106,15 +106,17 @@ void QtPanelWindow::present(const Scene& scene) {
 }
 
 void QtPanelWindow::orderFrontRegardless() {
+    if (window_ == XCB_NONE)
+        create();
     relayout();
-    if (!isVisible())
-        DockHints::apply(context_.connection, window_, displayID_);
     place();
-    if (isVisible()) {
-        raise();
-    } else {
-        setVisible(true);
-    }
+    if (isVisible())
+        return raise();
+    DockHints::apply(context_.connection, window_, displayID_);
+    paint();
+    surface_->beginBackground(base());
+    hasBackground_ = true;
+    setVisible(true);
     DockHints::applySizeHints(context_.connection, window_);
     place();
     updateSoon();
@@ -155,8 +157,11 @@ void QtPanelWindow::handleNative(const xcb_generic_event_t& event) {
     switch (event.response_type & ~sentFlag) {
     case XCB_EXPOSE: {
         const auto& exposed = reinterpret_cast<const xcb_expose_event_t&>(event);
-        if (exposed.window == window_)
-            upload(QRect{exposed.x, exposed.y, exposed.width, exposed.height});
+        if (exposed.window != window_)
+            break;
+        upload(QRect{exposed.x, exposed.y, exposed.width, exposed.height});
+        if (surface_ && std::exchange(hasBackground_, false))
+            surface_->endBackground();
         break;
     }
     case XCB_CONFIGURE_NOTIFY: {
@@ -229,8 +234,8 @@ void QtPanelWindow::keyPressEvent(QKeyEvent* event) {
 
 void QtPanelWindow::surfaceCreated() {
     window_ = static_cast<xcb_window_t>(winId());
-    surface_.emplace(context_.connection, window_);
-    shape_.emplace(context_.connection, window_);
+    surface_ = std::make_unique<PanelSurface>(context_.connection, window_);
+    shape_ = std::make_unique<WindowShape>(context_.connection, window_);
     context_.connection.selectInput(window_,
                                     XCB_EVENT_MASK_EXPOSURE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     DockHints::apply(context_.connection, window_, displayID_);
@@ -327,8 +332,12 @@ void QtPanelWindow::paint() {
 void QtPanelWindow::upload(const QRegion& region) {
     if (!surface_ || !isVisible())
         return;
-    const bool isOpaque = backdrop() == Backdrop::opaque;
-    surface_->upload(region, isOpaque ? std::optional{colors().labelGlass.rgba()} : std::nullopt);
+    surface_->upload(region, base());
+}
+
+std::optional<std::uint32_t> QtPanelWindow::base() const {
+    return backdrop() == Backdrop::opaque ? std::optional{colors().labelGlass.rgba()}
+                                          : std::nullopt;
 }
 
 void QtPanelWindow::applyInput() {

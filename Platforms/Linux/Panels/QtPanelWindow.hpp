@@ -82,6 +82,8 @@ private:
 
     [[nodiscard]] Backdrop backdrop() const;
     [[nodiscard]] DockColors colors() const;
+    /// What translucent pixels are laid over where nothing shines through them.
+    [[nodiscard]] std::optional<std::uint32_t> base() const;
     [[nodiscard]] QRegion uncoveredByView() const;
     [[nodiscard]] std::vector<xcb_rectangle_t> blurRegion() const;
     [[nodiscard]] Point viewPosition(QPointF position) const;
@@ -104,11 +106,13 @@ private:
     Scene scene_;
     QRegion damage_;
     bool updateIsDue_ = false;
+    /// The server paints the window by itself until it is first shown.
+    bool hasBackground_ = false;
     int correctionsLeft_ = 0;
     /// The X window of the moment; Qt makes another one when it loses the screen.
     xcb_window_t window_ = XCB_NONE;
-    std::optional<PanelSurface> surface_;
-    std::optional<WindowShape> shape_;
+    std::unique_ptr<PanelSurface> surface_;
+    std::unique_ptr<WindowShape> shape_;
     QTimer doubt_;
     FrameClock frames_;
     std::unique_ptr<PopUpMenu> menu_;
