@@ -70,9 +70,11 @@ protected:
     ThemeIcons& icons() {
         if (!catalog_) {
             const std::string root = folder.path().string();
-            catalog_.emplace(loop_, DesktopEntryCatalog::Sources{
-                                        {FileURL::fromPath(root + "/applications")}, {}});
-            icons_.emplace(*catalog_, windows, IconTheme{{{root + "/icons"}, {}}, "hicolor"});
+            catalog_ = std::make_unique<DesktopEntryCatalog>(
+                loop_,
+                DesktopEntryCatalog::Sources{{FileURL::fromPath(root + "/applications")}, {}});
+            icons_ = std::make_unique<ThemeIcons>(*catalog_, windows,
+                                                  IconTheme{{{root + "/icons"}, {}}, "hicolor"});
         }
         return *icons_;
     }
@@ -91,8 +93,8 @@ protected:
 
 private:
     test::FakeRunLoop loop_;
-    std::optional<DesktopEntryCatalog> catalog_;
-    std::optional<ThemeIcons> icons_;
+    std::unique_ptr<DesktopEntryCatalog> catalog_;
+    std::unique_ptr<ThemeIcons> icons_;
 };
 
 TEST_F(ThemeIconsTest, TakesTheThemesIconThatTheEntryNames) {

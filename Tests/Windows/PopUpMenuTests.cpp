@@ -8,8 +8,9 @@ using desktop::Keyboard;
 using desktop::PixelRect;
 using test::EventLog;
 
-const Menu menu{
-    {MenuCommand{"Open"}, MenuSeparator{}, MenuCommand{"Tom & Jerry"}, MenuCommand{"Quit"}}};
+Menu sampleMenu() {
+    return {
+        {MenuCommand{"Open"}, MenuSeparator{}, MenuCommand{"Tom & Jerry"}, MenuCommand{"Quit"}}};
 }
 
 class PopUpMenuTest : public test::WindowTest {

@@ -42,9 +42,12 @@ public:
     void TearDown() override { session().reset(); }
 };
 
-// GoogleTest takes it over.
-[[maybe_unused]] const auto* const endOfSession =
-    testing::AddGlobalTestEnvironment(std::make_unique<EndOfSession>().release());
+const testing::Environment* registered() noexcept {
+    // GoogleTest takes it over.
+    return testing::AddGlobalTestEnvironment(std::make_unique<EndOfSession>().release());
+}
+
+[[maybe_unused]] const testing::Environment* const endOfSession = registered();
 
 }
 
