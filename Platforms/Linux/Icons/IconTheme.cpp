@@ -107,7 +107,7 @@ std::optional<std::string> IconTheme::search(std::string_view icon, int side,
         std::vector<Found> found;
         for (const Root& root : theme.roots) {
             if (root.cache && trustsCaches) {
-                searchCache(theme, root, icon, found);
+                searchCache(theme, root, *root.cache, icon, found);
             } else {
                 searchFolders(theme, root, icon, found);
             }
@@ -122,9 +122,9 @@ std::optional<std::string> IconTheme::search(std::string_view icon, int side,
     return std::nullopt;
 }
 
-void IconTheme::searchCache(const Theme& theme, const Root& root, std::string_view icon,
-                            std::vector<Found>& found) {
-    for (const IconCache::Place& place : root.cache->find(icon)) {
+void IconTheme::searchCache(const Theme& theme, const Root& root, const IconCache& cache,
+                            std::string_view icon, std::vector<Found>& found) {
+    for (const IconCache::Place& place : cache.find(icon)) {
         const auto folder = theme.folders.find(place.folder);
         if (folder == theme.folders.end())
             continue;
