@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -89,10 +90,10 @@ protected:
     }
 
     void start(const std::string& currentDesktop = "", std::string_view described = schemas) {
-        settings.emplace(home.appending("schemas"), described);
+        settings = std::make_unique<Settings>(home.appending("schemas"), described);
         if (!settings->areThere())
             GTEST_SKIP() << "glib-compile-schemas is not installed";
-        preferences.emplace(
+        preferences = std::make_unique<DesktopDockPreferences>(
             DesktopDockPreferences::Surroundings{.home = home,
                                                  .configHome = home.appending(".config"),
                                                  .currentDesktop = currentDesktop,
@@ -102,12 +103,12 @@ protected:
     }
 
     void setFavorites(std::vector<const char*> names) const {
-        settings.value().set("org.gnome.shell", nullptr, "favorite-apps", std::move(names));
+        settings->set("org.gnome.shell", nullptr, "favorite-apps", std::move(names));
     }
 
     void setPlankOrder(std::vector<const char*> names) const {
-        settings.value().set("net.launchpad.plank.dock.settings", plankPath, "dock-items",
-                             std::move(names));
+        settings->set("net.launchpad.plank.dock.settings", plankPath, "dock-items",
+                      std::move(names));
     }
 
     /// A launcher as Plank writes it.
@@ -131,7 +132,7 @@ protected:
 
     /// The URLs of all tiles; one text "nothing" when there is no list at all.
     std::vector<std::string> urls() {
-        const auto apps = preferences.value().persistentApps();
+        const auto apps = preferences->persistentApps();
         if (!apps || apps->array() == nullptr)
             return {"nothing"};
         std::vector<std::string> found;
@@ -161,8 +162,8 @@ protected:
     FileURL launchers = home.appending(".config/plank/dock1/launchers");
     PosixFileSystem fileSystem;
     test::FakeApplicationCatalog catalog;
-    std::optional<Settings> settings;
-    std::optional<DesktopDockPreferences> preferences;
+    std::unique_ptr<Settings> settings;
+    std::unique_ptr<DesktopDockPreferences> preferences;
     int announced = 0;
     Subscription changes;
 };
@@ -170,11 +171,11 @@ protected:
 TEST_F(DesktopDockPreferencesTest, OffersTheWellKnownAppsThatAreInstalledWhenThereIsNoList) {
     start();
 
-    const auto apps = preferences.value().persistentApps();
+    const PropertyList apps = preferences->persistentApps().value_or(PropertyList{});
 
     EXPECT_EQ(urls(), entryURLs({"files", "web"}));
-    ASSERT_TRUE(apps);
-    const PropertyList& first = apps.value().array()->front();
+    ASSERT_NE(apps.array(), nullptr);
+    const PropertyList& first = apps.array()->front();
     EXPECT_EQ(*first.find("tile-data")->find("file-label")->string(), "The files");
     EXPECT_EQ(*first.find("tile-data")->find("bundle-identifier")->string(), "files");
 }

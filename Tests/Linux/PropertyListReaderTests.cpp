@@ -166,12 +166,18 @@ TEST(PropertyListReader, RefusesOneLongTextThatIsReferredToVeryOften) {
 }
 
 TEST(PropertyListReader, RefusesCountsThatLieOutsideOfTheFile) {
-    for (const char* bytes :
-         {"\x5F\x13\x7F\xFF\xFF\xFF\xFF\xFF\xFF\xFF", "\x6F\x13\x80\x00\x00\x00\x00\x00\x00\x01",
-          "\xAF\x13\x40\x00\x00\x00\x00\x00\x00\x01", "\xDF\x13\x40\x00\x00\x00\x00\x00\x00\x01",
-          "\x4F\x14", "\x5E", "\x1F", "\x24", "\xA1"}) {
+    using namespace std::string_literals;
+    std::vector<std::string> values{"\x5F\x13\x7F\xFF\xFF\xFF\xFF\xFF\xFF\xFF"s, "\x4F\x14"s,
+                                    BinaryPropertyList::marked(0x5, 14),         "\x1F"s,
+                                    BinaryPropertyList::marked(0x2, 4),          "\xA1"s};
+    for (const unsigned kind : {0x4U, 0x5U, 0x6U, 0xAU, 0xDU}) {
+        values.push_back(BinaryPropertyList::number(kind << 4U | 0xFU, 1) +
+                         "\x13\x40\x00\x00\x00\x00\x00\x00\x01"s);
+    }
+
+    for (const std::string& value : values) {
         BinaryPropertyList plist;
-        EXPECT_FALSE(decode(plist.file(plist.add(bytes))));
+        EXPECT_FALSE(decode(plist.file(plist.add(value))));
     }
 }
 

@@ -36,8 +36,11 @@ protected:
 TEST_F(QtApplicationTest, LaunchesBeforeAllOtherEventsAndEndsWhenToldTo) {
     std::vector<std::string> order;
     QTimer::singleShot(0, [&] { order.emplace_back("other"); });
-    QMetaObject::invokeMethod(
-        qApp, [&] { order.emplace_back("posted earlier"); }, Qt::QueuedConnection);
+    QObject named;
+    QObject::connect(
+        &named, &QObject::objectNameChanged, &named, [&] { order.emplace_back("posted earlier"); },
+        Qt::QueuedConnection);
+    named.setObjectName(QStringLiteral("a name"));
 
     const int code = application.run([&] {
         order.emplace_back("launched");

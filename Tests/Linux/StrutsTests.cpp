@@ -80,6 +80,7 @@ TEST(Struts, NeverGiveMoreThanTheMonitorWhateverIsSet) {
     std::uniform_int_distribution<std::uint32_t> depth{0, 5000};
     for (int turn = 0; turn < 2000; ++turn) {
         std::vector<StrutWindow> windows;
+        windows.reserve(5);
         for (int i = 0; i < 5; ++i) {
             windows.push_back({{position(random), position(random), position(random) + 500,
                                 position(random) + 500},

@@ -39,6 +39,7 @@ RandrScreens::RandrScreens(X11Connection& connection)
     } else {
         DevLog::write("no monitors from the X server, displays as Qt finds them");
     }
+    connection.selectInput(connection.root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     strutWindows_.onChange = [this] { refreshSoon(false); };
     watchQtScreens();
     snapshot_ = read();
@@ -71,6 +72,7 @@ RandrScreens::Snapshot RandrScreens::read() {
     monitors = Monitors::inOrder(std::move(monitors));
 
     std::vector<PixelRect> frames;
+    frames.reserve(monitors.size());
     for (const Monitor& monitor : monitors) {
         frames.push_back(monitor.pixels);
     }
@@ -122,14 +124,18 @@ void RandrScreens::watchScale(QScreen* screen) {
     QObject::connect(screen, &QScreen::geometryChanged, &context_, refresh);
 }
 
+/// Monitors that a user defines are announced by nothing but a root window configured anew.
 void RandrScreens::handle(const xcb_generic_event_t& event) {
     constexpr std::uint8_t sentFlag = 0x80;
     const int kind = event.response_type & ~sentFlag;
-    const bool isRandr =
-        monitorsAreListed_ && (kind == firstRandrEvent_ + XCB_RANDR_NOTIFY ||
-                               kind == firstRandrEvent_ + XCB_RANDR_SCREEN_CHANGE_NOTIFY);
-    if (isRandr)
+    if (kind == XCB_CONFIGURE_NOTIFY) {
+        const auto& configured = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
+        if (configured.window == connection_.root())
+            refreshSoon(true);
+    } else if (monitorsAreListed_ && (kind == firstRandrEvent_ + XCB_RANDR_NOTIFY ||
+                                      kind == firstRandrEvent_ + XCB_RANDR_SCREEN_CHANGE_NOTIFY)) {
         refreshSoon(true);
+    }
 }
 
 /// In the loop's next turn, when Qt has seen the events as well and a burst has come together.

@@ -107,7 +107,7 @@ std::optional<std::string> IconTheme::search(std::string_view icon, int side,
         std::vector<Found> found;
         for (const Root& root : theme.roots) {
             if (root.cache && trustsCaches) {
-                searchCache(theme, root, icon, found);
+                searchCache(theme, root, *root.cache, icon, found);
             } else {
                 searchFolders(theme, root, icon, found);
             }
@@ -122,9 +122,9 @@ std::optional<std::string> IconTheme::search(std::string_view icon, int side,
     return std::nullopt;
 }
 
-void IconTheme::searchCache(const Theme& theme, const Root& root, std::string_view icon,
-                            std::vector<Found>& found) {
-    for (const IconCache::Place& place : root.cache->find(icon)) {
+void IconTheme::searchCache(const Theme& theme, const Root& root, const IconCache& cache,
+                            std::string_view icon, std::vector<Found>& found) {
+    for (const IconCache::Place& place : cache.find(icon)) {
         const auto folder = theme.folders.find(place.folder);
         if (folder == theme.folders.end())
             continue;
@@ -147,13 +147,13 @@ void IconTheme::searchFolders(const Theme& theme, const Root& root, std::string_
 const std::vector<IconTheme::Theme>& IconTheme::themes() const {
     if (themes_)
         return *themes_;
-    themes_.emplace();
+    auto& themes = themes_.emplace();
     std::set<std::string, std::less<>> seen{std::string{lastTheme}};
     std::deque<std::string> waiting{name_};
     const auto take = [&](const std::string& name) {
         std::vector<std::string> parents;
         if (auto theme = load(name, parents))
-            themes_->push_back(std::move(*theme));
+            themes.push_back(std::move(*theme));
         waiting.insert(waiting.begin(), parents.begin(), parents.end());
     };
     while (!waiting.empty() && seen.size() < maximumThemes) {
@@ -163,7 +163,7 @@ const std::vector<IconTheme::Theme>& IconTheme::themes() const {
             take(name);
     }
     take(std::string{lastTheme});
-    return *themes_;
+    return themes;
 }
 
 std::optional<IconTheme::Theme> IconTheme::load(std::string_view name,

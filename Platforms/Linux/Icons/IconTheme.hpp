@@ -62,8 +62,8 @@ private:
     [[nodiscard]] std::optional<std::string> search(std::string_view icon, int side,
                                                     bool trustsCaches) const;
 
-    static void searchCache(const Theme& theme, const Root& root, std::string_view icon,
-                            std::vector<Found>& found);
+    static void searchCache(const Theme& theme, const Root& root, const IconCache& cache,
+                            std::string_view icon, std::vector<Found>& found);
     static void searchFolders(const Theme& theme, const Root& root, std::string_view icon,
                               std::vector<Found>& found);
 

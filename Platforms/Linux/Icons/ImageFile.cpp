@@ -72,10 +72,9 @@ std::optional<QImage> load(const std::string& path, int side) {
 
 QImage fitted(const QImage& picture, int side) {
     const QImage source = picture.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    const QImage scaled =
-        std::max(source.width(), source.height()) == side
-            ? source
-            : source.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    QImage scaled = std::max(source.width(), source.height()) == side
+                        ? source
+                        : source.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     if (scaled.width() == side && scaled.height() == side)
         return scaled;
     QImage square = transparentSquare(side);

@@ -92,8 +92,8 @@ public:
     }
 
     [[nodiscard]] std::uint64_t of(std::size_t index, std::size_t depth) {
-        if (known_[index])
-            return *known_[index];
+        if (const auto& known = known_[index])
+            return *known;
         // Twice: down the tree, and along the repetitions.
         if (depth > 2 * maximumDepth)
             return endless;

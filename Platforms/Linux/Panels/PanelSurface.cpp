@@ -29,15 +29,33 @@ void PanelSurface::resize(QSize pixels) {
     image_.fill(Qt::transparent);
 }
 
+void PanelSurface::beginBackground(std::optional<std::uint32_t> base) {
+    if (image_.isNull())
+        return;
+    const xcb_pixmap_t pixmap = xcb_generate_id(connection_.get());
+    xcb_create_pixmap(connection_.get(), depth_, pixmap, window_,
+                      static_cast<std::uint16_t>(image_.width()),
+                      static_cast<std::uint16_t>(image_.height()));
+    uploadRect(pixmap, image_.rect(), base);
+    xcb_change_window_attributes(connection_.get(), window_, XCB_CW_BACK_PIXMAP, &pixmap);
+    xcb_free_pixmap(connection_.get(), pixmap);
+}
+
+void PanelSurface::endBackground() {
+    constexpr std::uint32_t none = XCB_BACK_PIXMAP_NONE;
+    xcb_change_window_attributes(connection_.get(), window_, XCB_CW_BACK_PIXMAP, &none);
+}
+
 void PanelSurface::upload(const QRegion& region, std::optional<std::uint32_t> base) {
     for (const QRect& rect : region& image_.rect()) {
-        uploadRect(rect, base);
+        uploadRect(window_, rect, base);
     }
     connection_.flush();
 }
 
 /// In bands, since a request can hold only so much.
-void PanelSurface::uploadRect(const QRect& rect, std::optional<std::uint32_t> base) {
+void PanelSurface::uploadRect(xcb_drawable_t to, const QRect& rect,
+                              std::optional<std::uint32_t> base) {
     constexpr std::size_t headerBytes = 64;
     const std::size_t room =
         std::size_t{xcb_get_maximum_request_length(connection_.get())} * 4 - headerBytes;
@@ -56,16 +74,16 @@ void PanelSurface::uploadRect(const QRect& rect, std::optional<std::uint32_t> ba
             std::ranges::transform(rows_, rows_.begin(), [base](std::uint32_t pixel) {
                 return OpaqueOutline::over(pixel, *base);
             });
-        send(band);
+        send(to, band);
     }
 }
 
 /// Depths of 24 and 32 take the pixels as they are. Anything less has 16 bits for one, or 8 for the
 /// few of a palette, which nobody has had for decades.
-void PanelSurface::send(const QRect& rect) {
+void PanelSurface::send(xcb_drawable_t to, const QRect& rect) {
     const auto put = [&](const void* pixels, std::size_t bytes) {
         xcb_put_image(
-            connection_.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, window_, context_,
+            connection_.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, to, context_,
             static_cast<std::uint16_t>(rect.width()), static_cast<std::uint16_t>(rect.height()),
             static_cast<std::int16_t>(rect.left()), static_cast<std::int16_t>(rect.top()), 0,
             depth_, static_cast<std::uint32_t>(bytes), static_cast<const std::uint8_t*>(pixels));

@@ -32,12 +32,17 @@ public:
     /// What to paint on; premultiplied colours.
     [[nodiscard]] QImage& image() noexcept { return image_; }
 
+    /// Has the server itself paint the picture where the window appears, so that it is never seen
+    /// without; until `endBackground`. Colours as for `upload`.
+    void beginBackground(std::optional<std::uint32_t> base);
+    void endBackground();
+
     /// Sends the region's pixels; over `base`, an opaque colour, where one is given.
     void upload(const QRegion& region, std::optional<std::uint32_t> base);
 
 private:
-    void uploadRect(const QRect& rect, std::optional<std::uint32_t> base);
-    void send(const QRect& rect);
+    void uploadRect(xcb_drawable_t to, const QRect& rect, std::optional<std::uint32_t> base);
+    void send(xcb_drawable_t to, const QRect& rect);
 
     const X11Connection& connection_;
     xcb_window_t window_;

@@ -51,6 +51,11 @@ void PopUpMenu::fill(const Menu& menu) {
     }
 }
 
+void PopUpMenu::end() {
+    menu_->close();
+    finish();
+}
+
 void PopUpMenu::finish() {
     if (const auto closed = std::exchange(closed_, nullptr))
         closed(chosen_);

@@ -32,6 +32,9 @@ public:
 
     void close() { menu_->close(); }
 
+    /// Closes it and tells so at once.
+    void end();
+
 private:
     /// Hidden at once, deleted when no event of its own is being handled.
     struct Discard {

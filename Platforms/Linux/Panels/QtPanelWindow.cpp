@@ -1,6 +1,5 @@
 #include "Panels/QtPanelWindow.hpp"
 
-#include "App/DevLog.hpp"
 #include "Displays/RandrScreens.hpp"
 #include "Panels/Appearance.hpp"
 #include "Panels/DesktopWatch.hpp"
@@ -17,15 +16,12 @@
 #include <QPlatformSurfaceEvent>
 #include <QPolygon>
 #include <QScreen>
-#include <array>
 #include <cmath>
 #include <utility>
 
 namespace vireline::x11 {
 namespace {
 
-/// How often a window that somebody else moved is put back before that one has its way.
-constexpr int maximumCorrections = 4;
 /// Milliseconds between two looks at a pointer that somebody else holds.
 constexpr int doubtInterval = 250;
 
@@ -69,7 +65,7 @@ QtPanelWindow::QtPanelWindow(const PanelContext& context, std::uint32_t displayI
                                  .expandedTo({1, 1})});
     }
     create();
-    place();
+    place_->set(target_);
 }
 
 void QtPanelWindow::observe() {
@@ -106,17 +102,19 @@ void QtPanelWindow::present(const Scene& scene) {
 }
 
 void QtPanelWindow::orderFrontRegardless() {
+    if (window_ == XCB_NONE)
+        create();
     relayout();
-    if (!isVisible())
-        DockHints::apply(context_.connection, window_, displayID_);
-    place();
-    if (isVisible()) {
-        raise();
-    } else {
-        setVisible(true);
-    }
+    place_->set(target_);
+    if (isVisible())
+        return raise();
+    DockHints::apply(context_.connection, window_, displayID_);
+    paint();
+    surface_->beginBackground(base());
+    hasBackground_ = true;
+    setVisible(true);
     DockHints::applySizeHints(context_.connection, window_);
-    place();
+    place_->set(target_);
     updateSoon();
 }
 
@@ -144,9 +142,9 @@ void QtPanelWindow::lookChanged() {
 }
 
 void QtPanelWindow::windowManagerChanged() {
-    if (!isVisible())
+    if (!isVisible() || !place_)
         return;
-    correctionsLeft_ = maximumCorrections;
+    place_->startOver();
     DockHints::assertState(context_.connection, window_);
 }
 
@@ -155,15 +153,17 @@ void QtPanelWindow::handleNative(const xcb_generic_event_t& event) {
     switch (event.response_type & ~sentFlag) {
     case XCB_EXPOSE: {
         const auto& exposed = reinterpret_cast<const xcb_expose_event_t&>(event);
-        if (exposed.window == window_)
-            upload(QRect{exposed.x, exposed.y, exposed.width, exposed.height});
+        if (exposed.window != window_)
+            break;
+        upload(QRect{exposed.x, exposed.y, exposed.width, exposed.height});
+        if (surface_ && std::exchange(hasBackground_, false))
+            surface_->endBackground();
         break;
     }
     case XCB_CONFIGURE_NOTIFY: {
         const auto& configured = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
-        const PixelRect place{configured.x, configured.y, configured.width, configured.height};
-        if (configured.window == window_ && place != target_)
-            checkPlace();
+        if (configured.window == window_ && place_)
+            place_->configured(configured);
         break;
     }
     default:
@@ -178,6 +178,7 @@ bool QtPanelWindow::event(QEvent* event) {
             QPlatformSurfaceEvent::SurfaceCreated) {
             surfaceCreated();
         } else {
+            place_.reset();
             shape_.reset();
             surface_.reset();
             window_ = XCB_NONE;
@@ -229,12 +230,12 @@ void QtPanelWindow::keyPressEvent(QKeyEvent* event) {
 
 void QtPanelWindow::surfaceCreated() {
     window_ = static_cast<xcb_window_t>(winId());
-    surface_.emplace(context_.connection, window_);
-    shape_.emplace(context_.connection, window_);
+    surface_ = std::make_unique<PanelSurface>(context_.connection, window_);
+    shape_ = std::make_unique<WindowShape>(context_.connection, window_);
+    place_ = std::make_unique<WindowPlace>(context_.connection, window_, displayID_);
     context_.connection.selectInput(window_,
                                     XCB_EVENT_MASK_EXPOSURE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     DockHints::apply(context_.connection, window_, displayID_);
-    placed_.reset();
     lookChanged();
 }
 
@@ -250,8 +251,8 @@ void QtPanelWindow::update() {
     if (!surface_)
         return;
     relayout();
-    if (placed_ != target_)
-        place();
+    if (place_->asked() != target_)
+        place_->set(target_);
     paint();
 }
 
@@ -263,41 +264,6 @@ void QtPanelWindow::relayout() {
         return;
     mapping_ = mapping;
     damage_ = QRect{0, 0, target_.width, target_.height};
-}
-
-void QtPanelWindow::place() {
-    correctionsLeft_ = maximumCorrections;
-    placed_ = target_;
-    const std::array<std::uint32_t, 4> values{
-        static_cast<std::uint32_t>(target_.x), static_cast<std::uint32_t>(target_.y),
-        static_cast<std::uint32_t>(target_.width), static_cast<std::uint32_t>(target_.height)};
-    xcb_configure_window(context_.connection.get(), window_,
-                         XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH |
-                             XCB_CONFIG_WINDOW_HEIGHT,
-                         values.data());
-    context_.connection.flush();
-}
-
-/// The event may speak of a place inside the window manager's frame, or be out of date: what counts
-/// is where the window is.
-void QtPanelWindow::checkPlace() {
-    xcb_connection_t* const x = context_.connection.get();
-    const auto cornerCookie =
-        xcb_translate_coordinates(x, window_, context_.connection.root(), 0, 0);
-    const auto sizeCookie = xcb_get_geometry(x, window_);
-    const Owned<xcb_translate_coordinates_reply_t> corner{
-        xcb_translate_coordinates_reply(x, cornerCookie, nullptr)};
-    const Owned<xcb_get_geometry_reply_t> size{xcb_get_geometry_reply(x, sizeCookie, nullptr)};
-    if (!corner || !size)
-        return;
-    const PixelRect now{corner->dst_x, corner->dst_y, size->width, size->height};
-    if (now == target_ || correctionsLeft_ == 0)
-        return;
-    const int left = correctionsLeft_ - 1;
-    place();
-    correctionsLeft_ = left;
-    if (left == 0)
-        DevLog::write("dock does not stay in place #" + std::to_string(displayID_));
 }
 
 void QtPanelWindow::paint() {
@@ -327,8 +293,12 @@ void QtPanelWindow::paint() {
 void QtPanelWindow::upload(const QRegion& region) {
     if (!surface_ || !isVisible())
         return;
-    const bool isOpaque = backdrop() == Backdrop::opaque;
-    surface_->upload(region, isOpaque ? std::optional{colors().labelGlass.rgba()} : std::nullopt);
+    surface_->upload(region, base());
+}
+
+std::optional<std::uint32_t> QtPanelWindow::base() const {
+    return backdrop() == Backdrop::opaque ? std::optional{colors().labelGlass.rgba()}
+                                          : std::nullopt;
 }
 
 void QtPanelWindow::applyInput() {
@@ -441,6 +411,8 @@ void QtPanelWindow::popUpMenu(const Menu& menu, Point at, MenuClosed onClose) {
     QScreen* const screen = context_.screens.qtScreen(displayID_);
     if (screen == nullptr || menu.entries.empty())
         return onClose(std::nullopt);
+    if (menu_)
+        menu_->end();
     const QPointF rootPixel = mapping_.toPixels(at) + QPointF(target_.x, target_.y);
     pointer_.menuOpened();
     menu_ = std::make_unique<PopUpMenu>(

@@ -11,6 +11,7 @@
 #include "Panels/PointerTracker.hpp"
 #include "Panels/PopUpMenu.hpp"
 #include "Panels/ViewMapping.hpp"
+#include "Panels/WindowPlace.hpp"
 #include "Panels/WindowShape.hpp"
 #include "Platform/PanelWindow.hpp"
 
@@ -72,8 +73,6 @@ private:
     void surfaceCreated();
     void updateSoon();
     void update();
-    void place();
-    void checkPlace();
     void relayout();
     void paint();
     void upload(const QRegion& region);
@@ -82,6 +81,8 @@ private:
 
     [[nodiscard]] Backdrop backdrop() const;
     [[nodiscard]] DockColors colors() const;
+    /// What translucent pixels are laid over where nothing shines through them.
+    [[nodiscard]] std::optional<std::uint32_t> base() const;
     [[nodiscard]] QRegion uncoveredByView() const;
     [[nodiscard]] std::vector<xcb_rectangle_t> blurRegion() const;
     [[nodiscard]] Point viewPosition(QPointF position) const;
@@ -98,17 +99,17 @@ private:
     Rect hostedFrame_;
     /// The window's place in the root window, as it should be.
     PixelRect target_;
-    /// What the server was last asked for.
-    std::optional<PixelRect> placed_;
     ViewMapping mapping_;
     Scene scene_;
     QRegion damage_;
     bool updateIsDue_ = false;
-    int correctionsLeft_ = 0;
+    /// The server paints the window by itself until it is first shown.
+    bool hasBackground_ = false;
     /// The X window of the moment; Qt makes another one when it loses the screen.
     xcb_window_t window_ = XCB_NONE;
-    std::optional<PanelSurface> surface_;
-    std::optional<WindowShape> shape_;
+    std::unique_ptr<PanelSurface> surface_;
+    std::unique_ptr<WindowShape> shape_;
+    std::unique_ptr<WindowPlace> place_;
     QTimer doubt_;
     FrameClock frames_;
     std::unique_ptr<PopUpMenu> menu_;

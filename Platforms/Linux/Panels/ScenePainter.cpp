@@ -65,10 +65,38 @@ Label layOut(const LabelNode& node, const QRectF& room, double scale) {
     return label;
 }
 
+constexpr double sideTolerance = 1.0 / 64;
+
+bool isSameSide(double a, double b) {
+    return std::abs(a - b) < sideTolerance;
+}
+
+/// The side of an icon that has not grown, in points: the smallest there is, unless it is the only
+/// one of its size among others, all of which have then grown.
+double restingSide(const Scene& scene) {
+    double smallest = 0;
+    int count = 0;
+    int images = 0;
+    for (const SceneNode& node : scene.nodes) {
+        if (!std::holds_alternative<ImageNode>(node.content))
+            continue;
+        ++images;
+        const double side = node.frame.width;
+        if (count == 0 || side < smallest - sideTolerance) {
+            smallest = side;
+            count = 1;
+        } else if (isSameSide(side, smallest)) {
+            ++count;
+        }
+    }
+    return count > 1 || images == 1 ? smallest : 0;
+}
+
 class NodePainter {
 public:
-    NodePainter(QPainter& painter, const ViewMapping& mapping, const DockColors& colors)
-        : painter_(painter), mapping_(mapping), colors_(colors) {}
+    NodePainter(QPainter& painter, const ViewMapping& mapping, const DockColors& colors,
+                double restingSide)
+        : painter_(painter), mapping_(mapping), colors_(colors), restingSide_(restingSide) {}
 
     void paint(const SceneNode& node) const {
         painter_.setOpacity(std::clamp(node.opacity, 0.0, 1.0));
@@ -82,20 +110,19 @@ private:
                   colors_.glassTop, colors_.glassBottom);
     }
 
-    /// Whole sizes are drawn one to one on whole pixels; what is growing lies between them, and is
-    /// drawn from a larger picture.
+    /// Icons at rest are drawn one to one on whole pixels; those that have grown or shrunk lie
+    /// between pixels, so as to move smoothly, and are drawn from a larger picture.
     void draw(const ImageNode& node, const QRectF& rect, double /*nodeScale*/) const {
         const auto* const image = dynamic_cast<const RasterImage*>(node.image.get());
         if (image == nullptr || rect.width() < 1 || rect.height() < 1)
             return;
-        constexpr double tolerance = 1.0 / 64;
-        const QRect whole = ViewMappings::snappedAsWhole(rect);
-        const bool isSquare = whole.width() == whole.height();
-        if (isSquare && std::abs(rect.width() - whole.width()) < tolerance) {
+        const double side = std::max(rect.width(), rect.height());
+        if (isSameSide(side, restingSide_ * mapping_.scale)) {
+            const QRect whole = ViewMappings::snappedAsWhole(rect);
             painter_.drawImage(whole.topLeft(), image->exact(whole.width()));
             return;
         }
-        const QImage picture = image->forScaling(std::max(rect.width(), rect.height()));
+        const QImage picture = image->forScaling(side);
         painter_.drawImage(rect, picture, QRectF{picture.rect()});
     }
 
@@ -137,6 +164,7 @@ private:
     QPainter& painter_;
     const ViewMapping& mapping_;
     const DockColors& colors_;
+    double restingSide_;
 };
 
 }
@@ -145,7 +173,7 @@ void paint(QPainter& painter, const Scene& scene, const ViewMapping& mapping,
            const DockColors& colors, const QRect& damage) {
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform |
                            QPainter::TextAntialiasing);
-    const NodePainter nodes{painter, mapping, colors};
+    const NodePainter nodes{painter, mapping, colors, restingSide(scene)};
     for (const SceneNode& node : scene.nodes) {
         if (node.opacity > 0 && ViewMappings::touched(node, mapping).intersects(damage))
             nodes.paint(node);

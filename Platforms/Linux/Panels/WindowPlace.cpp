@@ -1,0 +1,54 @@
+#include "Panels/WindowPlace.hpp"
+
+#include "App/DevLog.hpp"
+#include "X11/X11Connection.hpp"
+
+#include <array>
+#include <string>
+
+namespace vireline::x11 {
+
+void WindowPlace::set(const PixelRect& place) {
+    asked_ = place;
+    startOver();
+    send(place);
+}
+
+/// The event may speak of a place inside the window manager's frame, or be out of date: what counts
+/// is where the window is.
+void WindowPlace::configured(const xcb_configure_notify_event_t& event) {
+    const PixelRect told{event.x, event.y, event.width, event.height};
+    if (!asked_ || told == *asked_ || correctionsLeft_ == 0)
+        return;
+    const auto place = now();
+    if (!place || *place == *asked_)
+        return;
+    send(*asked_);
+    if (--correctionsLeft_ == 0)
+        DevLog::write("dock does not stay in place #" + std::to_string(displayID_));
+}
+
+void WindowPlace::send(const PixelRect& place) const {
+    const std::array<std::uint32_t, 4> values{
+        static_cast<std::uint32_t>(place.x), static_cast<std::uint32_t>(place.y),
+        static_cast<std::uint32_t>(place.width), static_cast<std::uint32_t>(place.height)};
+    xcb_configure_window(connection_.get(), window_,
+                         XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH |
+                             XCB_CONFIG_WINDOW_HEIGHT,
+                         values.data());
+    connection_.flush();
+}
+
+std::optional<PixelRect> WindowPlace::now() const {
+    xcb_connection_t* const x = connection_.get();
+    const auto cornerCookie = xcb_translate_coordinates(x, window_, connection_.root(), 0, 0);
+    const auto sizeCookie = xcb_get_geometry(x, window_);
+    const Owned<xcb_translate_coordinates_reply_t> corner{
+        xcb_translate_coordinates_reply(x, cornerCookie, nullptr)};
+    const Owned<xcb_get_geometry_reply_t> size{xcb_get_geometry_reply(x, sizeCookie, nullptr)};
+    if (!corner || !size)
+        return std::nullopt;
+    return PixelRect{corner->dst_x, corner->dst_y, size->width, size->height};
+}
+
+}

@@ -1,0 +1,46 @@
+/// Keeps a window where it was put, against window managers and against Qt's own rounding.
+#pragma once
+
+#include "X11/PixelRect.hpp"
+
+#include <xcb/xcb.h>
+
+#include <cstdint>
+#include <optional>
+
+namespace vireline::x11 {
+
+class X11Connection;
+
+class WindowPlace {
+public:
+    /// For a window that has just been created, the dock of that display.
+    WindowPlace(const X11Connection& connection, xcb_window_t window, std::uint32_t displayID)
+        : connection_(connection), window_(window), displayID_(displayID) {}
+
+    /// Puts it there, in pixels of the root window, and from now on back there.
+    void set(const PixelRect& place);
+
+    /// What the server was last asked for.
+    [[nodiscard]] const std::optional<PixelRect>& asked() const noexcept { return asked_; }
+
+    /// Somebody else may have moved it. Gives in to whoever moves it away again and again.
+    void configured(const xcb_configure_notify_event_t& event);
+
+    /// Another window manager came; what the one before insisted on is forgotten.
+    void startOver() noexcept { correctionsLeft_ = maximumCorrections; }
+
+private:
+    static constexpr int maximumCorrections = 4;
+
+    void send(const PixelRect& place) const;
+    [[nodiscard]] std::optional<PixelRect> now() const;
+
+    const X11Connection& connection_;
+    xcb_window_t window_;
+    std::uint32_t displayID_;
+    std::optional<PixelRect> asked_;
+    int correctionsLeft_ = maximumCorrections;
+};
+
+}

@@ -1,0 +1,189 @@
+#include "Panels/PointerTracker.hpp"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace vireline::x11 {
+namespace {
+
+using Log = std::vector<std::string>;
+
+/// Writes down what the tracker tells, a word each, with the position where it says something.
+class Listener final : public PanelWindowListener {
+public:
+    void mouseEntered() override { log.emplace_back("in"); }
+    void mouseExited() override { log.emplace_back("out"); }
+    void pointerEvent(const PointerEvent& event) override {
+        const auto at = ' ' + std::to_string(static_cast<int>(event.position.x));
+        switch (event.kind) {
+        case PointerEvent::Kind::moved:
+            log.push_back("moved" + at);
+            break;
+        case PointerEvent::Kind::exited:
+            log.emplace_back("exited");
+            break;
+        case PointerEvent::Kind::pressed:
+            log.push_back("pressed" + at);
+            break;
+        case PointerEvent::Kind::released:
+            log.push_back("released" + at);
+            break;
+        case PointerEvent::Kind::secondaryPressed:
+            log.push_back("secondary" + at);
+            break;
+        case PointerEvent::Kind::cancelled:
+            log.emplace_back("cancelled");
+            break;
+        }
+    }
+    void dragEntered(const std::vector<std::string>& /*urls*/) override {}
+    bool dragMoved(Point /*at*/) override { return false; }
+    void dragExited() override {}
+    bool dropped(Point /*at*/) override { return false; }
+
+    /// What was told since the last time.
+    Log take() { return std::exchange(log, {}); }
+
+    Log log;
+};
+
+constexpr PointerTracker::Whereabouts away{};
+constexpr PointerTracker::Whereabouts awayWithButton{false, true, {}};
+
+constexpr PointerTracker::Whereabouts here(Point position) {
+    return {true, false, position};
+}
+
+class PointerTrackerTest : public testing::Test {
+protected:
+    PointerTrackerTest() { tracker.setViewSize({100, 50}); }
+
+    void enter() {
+        tracker.entered({10, 10});
+        listener.take();
+    }
+
+    Listener listener;
+    PointerTracker tracker{listener};
+};
+
+TEST_F(PointerTrackerTest, EntersAtOnceWhereThePointerIs) {
+    tracker.entered({10, 10});
+    EXPECT_EQ(listener.take(), (Log{"in", "moved 10"}));
+}
+
+TEST_F(PointerTrackerTest, TakesAMoveOutOfNowhereForEntering) {
+    tracker.moved({20, 10});
+    EXPECT_EQ(listener.take(), (Log{"in", "moved 20"}));
+}
+
+TEST_F(PointerTrackerTest, LeavesTheViewBeforeTheWindow) {
+    enter();
+    tracker.left(away);
+    EXPECT_EQ(listener.take(), (Log{"exited", "out"}));
+}
+
+TEST_F(PointerTrackerTest, LeavesTheViewAloneInTheGapBesideIt) {
+    enter();
+    tracker.moved({10, 52});
+    tracker.moved({11, 52});
+    EXPECT_EQ(listener.take(), (Log{"exited"}));
+    tracker.moved({12, 49});
+    EXPECT_EQ(listener.take(), (Log{"moved 12"}));
+}
+
+TEST_F(PointerTrackerTest, IgnoresPressesBesideTheView) {
+    enter();
+    tracker.moved({10, 52});
+    listener.take();
+    tracker.pressed({10, 52});
+    tracker.secondaryPressed({10, 52});
+    tracker.released({10, 52}, true);
+    EXPECT_EQ(listener.take(), Log{});
+}
+
+TEST_F(PointerTrackerTest, KeepsThePointerWhileAButtonIsHeld) {
+    enter();
+    tracker.pressed({10, 10});
+    tracker.moved({400, 10});
+    tracker.left(awayWithButton);
+    tracker.moved({500, 10});
+    EXPECT_EQ(listener.take(), (Log{"pressed 10", "moved 400", "moved 500"}));
+    tracker.released({500, 10}, false);
+    EXPECT_EQ(listener.take(), (Log{"released 500", "exited", "out"}));
+}
+
+TEST_F(PointerTrackerTest, StaysWhenTheButtonIsReleasedInside) {
+    enter();
+    tracker.pressed({10, 10});
+    tracker.left(awayWithButton);
+    tracker.entered({30, 10});
+    tracker.released({30, 10}, true);
+    EXPECT_EQ(listener.take(), (Log{"pressed 10", "moved 30", "released 30", "moved 30"}));
+}
+
+TEST_F(PointerTrackerTest, CancelsAPressThatSomebodyElseTook) {
+    enter();
+    tracker.pressed({10, 10});
+    listener.take();
+    tracker.left(away);
+    EXPECT_EQ(listener.take(), (Log{"cancelled", "exited", "out"}));
+    tracker.released({10, 10}, true);
+    EXPECT_EQ(listener.take(), Log{});
+}
+
+TEST_F(PointerTrackerTest, DoubtsALeaveThatTheServerDoesNotConfirm) {
+    enter();
+    tracker.left(here({}));
+    EXPECT_EQ(listener.take(), Log{});
+    EXPECT_TRUE(tracker.isInDoubt());
+    tracker.entered({12, 10});
+    EXPECT_EQ(listener.take(), (Log{"moved 12"}));
+    EXPECT_FALSE(tracker.isInDoubt());
+}
+
+TEST_F(PointerTrackerTest, LeavesOnceTheDoubtIsOver) {
+    enter();
+    tracker.left(here({}));
+    tracker.left(away);
+    EXPECT_EQ(listener.take(), (Log{"exited", "out"}));
+    EXPECT_FALSE(tracker.isInDoubt());
+}
+
+TEST_F(PointerTrackerTest, StaysSilentWhileItsMenuHoldsThePointer) {
+    enter();
+    tracker.secondaryPressed({10, 10});
+    tracker.menuOpened();
+    listener.take();
+    tracker.left(away);
+    tracker.entered({60, 10});
+    tracker.moved({70, 10});
+    tracker.pressed({70, 10});
+    EXPECT_EQ(listener.take(), Log{});
+}
+
+TEST_F(PointerTrackerTest, LooksAroundWhenItsMenuCloses) {
+    enter();
+    tracker.menuOpened();
+    tracker.menuClosed(here({40, 10}));
+    EXPECT_EQ(listener.take(), (Log{"moved 40"}));
+    tracker.menuOpened();
+    tracker.menuClosed(away);
+    EXPECT_EQ(listener.take(), (Log{"exited", "out"}));
+}
+
+TEST_F(PointerTrackerTest, LeavesWhenTheWindowGoes) {
+    enter();
+    tracker.pressed({10, 10});
+    listener.take();
+    tracker.hidden();
+    EXPECT_EQ(listener.take(), (Log{"cancelled", "exited", "out"}));
+    tracker.hidden();
+    EXPECT_EQ(listener.take(), Log{});
+}
+
+}
+}

@@ -1,0 +1,210 @@
+#include "Icons/IconImage.hpp"
+#include "Linux/EventLoop.hpp"
+#include "Panels/ScenePainter.hpp"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <vector>
+
+namespace vireline::x11 {
+namespace {
+
+constexpr NodeID anyNode{};
+
+/// A checkerboard of single pixels, which any blur turns grey; counts what was rendered.
+struct Checkers {
+    std::vector<int> sides;
+
+    [[nodiscard]] ImageHandle image() {
+        return std::make_shared<IconImage>(Size{44, 44}, [this](int side) {
+            sides.push_back(side);
+            QImage board{side, side, QImage::Format_ARGB32_Premultiplied};
+            for (int y = 0; y < side; ++y) {
+                for (int x = 0; x < side; ++x) {
+                    board.setPixelColor(x, y, (x + y) % 2 == 0 ? Qt::black : Qt::white);
+                }
+            }
+            return board;
+        });
+    }
+};
+
+class ScenePainterTest : public testing::Test {
+protected:
+    ScenePainterTest() { test::testApplication(); }
+
+    static QImage painted(const Scene& scene, double scale, bool isDark = false,
+                          Backdrop backdrop = Backdrop::translucent) {
+        QImage canvas{static_cast<int>(200 * scale), static_cast<int>(100 * scale),
+                      QImage::Format_ARGB32_Premultiplied};
+        canvas.fill(Qt::transparent);
+        QPainter painter{&canvas};
+        ScenePainter::paint(painter, scene, {{0, 0}, scale}, DockColors::of(isDark, backdrop),
+                            canvas.rect());
+        return canvas;
+    }
+
+    static Scene one(Rect frame, decltype(SceneNode::content) content) {
+        return {.nodes = {{.id = anyNode, .frame = frame, .content = std::move(content)}},
+                .inputRegion = {}};
+    }
+
+    /// The smallest rectangle around everything that was painted.
+    static QRect inked(const QImage& canvas) {
+        QRect all;
+        for (int y = 0; y < canvas.height(); ++y) {
+            for (int x = 0; x < canvas.width(); ++x) {
+                if (qAlpha(canvas.pixel(x, y)) > 0)
+                    all |= QRect{x, y, 1, 1};
+            }
+        }
+        return all;
+    }
+};
+
+TEST_F(ScenePainterTest, DrawsImagesPixelForPixelAtEveryScale) {
+    for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
+        Checkers checkers;
+        // At a place that is no whole pixel.
+        const QImage canvas =
+            painted(one({10.3, 20.4, 44, 44}, ImageNode{checkers.image()}), scale);
+        const int side = static_cast<int>(44 * scale);
+        ASSERT_EQ(checkers.sides, std::vector{side});
+        const QRect ink = inked(canvas);
+        ASSERT_EQ(ink.size(), QSize(side, side)) << scale;
+        for (int i = 0; i < side; ++i) {
+            const QRgb pixel = canvas.pixel(ink.left() + i, ink.top());
+            ASSERT_EQ(pixel, i % 2 == 0 ? 0xff000000U : 0xffffffffU) << scale << ' ' << i;
+        }
+    }
+}
+
+TEST_F(ScenePainterTest, DrawsIconsAtRestOnWholePixelsWhateverTheirSize) {
+    Checkers checkers;
+    const QImage canvas = painted(one({10, 20, 37, 37}, ImageNode{checkers.image()}), 1.25);
+    EXPECT_EQ(checkers.sides, std::vector{46});
+    EXPECT_EQ(inked(canvas).size(), QSize(46, 46));
+}
+
+TEST_F(ScenePainterTest, DrawsGrowingImagesFromFewRenderings) {
+    Checkers checkers;
+    const ImageHandle image = checkers.image();
+    for (double side = 44.5; side < 88; side += 0.5) {
+        Scene scene;
+        for (const double x : {0.0, 44.0}) {
+            scene.nodes.push_back(
+                {.id = anyNode, .frame = {x, 0, 44, 44}, .content = ImageNode{image}});
+        }
+        scene.nodes.push_back(
+            {.id = anyNode, .frame = {100, 5, side, side}, .content = ImageNode{image}});
+        ASSERT_GE(inked(painted(scene, 1)).right(), 100 + side - 2);
+    }
+    EXPECT_EQ(checkers.sides, (std::vector{44, 64, 128}));
+}
+
+TEST_F(ScenePainterTest, DrawsNothingThatIsInvisible) {
+    Checkers checkers;
+    Scene scene = one({10, 10, 44, 44}, ImageNode{checkers.image()});
+    scene.nodes.front().opacity = 0;
+    EXPECT_TRUE(inked(painted(scene, 1)).isEmpty());
+    EXPECT_TRUE(checkers.sides.empty());
+}
+
+TEST_F(ScenePainterTest, LeavesNodesOutsideTheDamageAlone) {
+    Checkers checkers;
+    QImage canvas{200, 100, QImage::Format_ARGB32_Premultiplied};
+    canvas.fill(Qt::transparent);
+    QPainter painter{&canvas};
+    ScenePainter::paint(painter, one({100, 10, 44, 44}, ImageNode{checkers.image()}), {{0, 0}, 1},
+                        DockColors::of(false, Backdrop::translucent), {0, 0, 50, 50});
+    painter.end();
+    EXPECT_TRUE(inked(canvas).isEmpty());
+}
+
+TEST_F(ScenePainterTest, GivesGlassRoundCornersAndALightEdge) {
+    for (const double scale : {1.0, 2.0}) {
+        const QImage canvas = painted(one({10, 20, 150, 58}, GlassNode{18}), scale);
+        const auto at = [&](double x, double y) {
+            return canvas.pixelColor(static_cast<int>(x * scale), static_cast<int>(y * scale));
+        };
+        EXPECT_EQ(inked(canvas),
+                  QRect(static_cast<int>(10 * scale), static_cast<int>(20 * scale),
+                        static_cast<int>(150 * scale), static_cast<int>(58 * scale)));
+        EXPECT_EQ(at(11, 21).alpha(), 0) << "the corner is cut";
+        const QColor middle = at(85, 50);
+        EXPECT_GT(middle.alpha(), 100);
+        EXPECT_LT(middle.alpha(), 255) << "the desktop shines through";
+        const int edge = static_cast<int>(20 * scale);
+        const int x = static_cast<int>(85 * scale);
+        EXPECT_LT(canvas.pixelColor(x, edge).lightness(), middle.lightness()) << "outline";
+        EXPECT_GT(canvas.pixelColor(x, edge + 1).lightness(), middle.lightness()) << "highlight";
+    }
+}
+
+TEST_F(ScenePainterTest, MakesGlassOpaqueWithoutACompositor) {
+    for (const bool isDark : {false, true}) {
+        const QImage canvas =
+            painted(one({10, 20, 150, 58}, GlassNode{18}), 1, isDark, Backdrop::opaque);
+        EXPECT_EQ(canvas.pixelColor(85, 50).alpha(), 255);
+    }
+}
+
+TEST_F(ScenePainterTest, FollowsTheDesktopIntoTheDark) {
+    const Scene scene = one({10, 20, 150, 58}, GlassNode{18});
+    EXPECT_GT(painted(scene, 1, false).pixelColor(85, 50).lightness(), 180);
+    EXPECT_LT(painted(scene, 1, true).pixelColor(85, 50).lightness(), 80);
+}
+
+TEST_F(ScenePainterTest, DrawsSeparatorsOnWholePixels) {
+    const QImage canvas = painted(one({50.5, 20, 1, 30}, SeparatorNode{0}), 1);
+    const QRect ink = inked(canvas);
+    EXPECT_EQ(ink.width(), 1);
+    EXPECT_EQ(ink.height(), 30);
+    EXPECT_EQ(canvas.pixelColor(ink.left(), 35).alpha(),
+              DockColors::of(false, Backdrop::translucent).separator.alpha());
+}
+
+TEST_F(ScenePainterTest, KeepsALabelWithinItsRoom) {
+    const LabelNode shortName{"Mail", 12, {9, 3}};
+    const LabelNode longName{std::string(300, 'w'), 12, {9, 3}};
+    const Rect room{20, 0, 120, 26};
+    const QRect small = inked(painted(one(room, shortName), 1));
+    const QRect large = inked(painted(one(room, longName), 1));
+    EXPECT_LT(small.width(), 80);
+    EXPECT_NEAR(small.center().x(), 79.5, 1);
+    EXPECT_LE(large.width(), 120);
+    EXPECT_GT(large.width(), 100);
+    EXPECT_TRUE(QRect(20, 0, 120, 26).contains(large));
+}
+
+TEST_F(ScenePainterTest, SurvivesLabelsWithoutAnyRoom) {
+    for (const std::string& text : {std::string{}, std::string{"Mail"}, std::string("a\nb\tc"),
+                                    std::string("\xff\xfe\x80")}) {
+        const QImage canvas = painted(one({20, 10, 3, 3}, LabelNode{text, 12, {9, 3}}), 1);
+        EXPECT_LE(inked(canvas).width(), 5);
+    }
+}
+
+TEST_F(ScenePainterTest, ScalesANodeAboutItsAnchor) {
+    Scene scene = one({40, 40, 20, 20}, HandleNode{});
+    scene.nodes.front().scale = 0.5;
+    EXPECT_EQ(inked(painted(scene, 1)), QRect(45, 45, 10, 10));
+    scene.nodes.front().anchor = Point{40, 40};
+    EXPECT_EQ(inked(painted(scene, 1)), QRect(40, 40, 10, 10));
+}
+
+TEST_F(ScenePainterTest, TellsTheOutlinesOfAllGlass) {
+    Scene scene = one({10, 20, 150, 58}, GlassNode{18});
+    scene.nodes.push_back({.id = {NodeID::Part::label},
+                           .frame = {20, 0, 120, 20},
+                           .content = LabelNode{"Mail", 12, {9, 3}}});
+    const auto outlines = ScenePainter::glassOutlines(scene, {{0, 0}, 1});
+    ASSERT_EQ(outlines.size(), 2U);
+    EXPECT_EQ(outlines.front().boundingRect(), QRectF(10, 20, 150, 58));
+    EXPECT_FALSE(outlines.front().contains(QPointF(11, 21)));
+}
+
+}
+}

@@ -1,0 +1,282 @@
+#include "Windows/WindowTest.hpp"
+
+#include <xcb/shape.h>
+
+#include <algorithm>
+
+namespace vireline {
+namespace {
+
+using desktop::PixelRect;
+using desktop::Pointer;
+using test::EventLog;
+using Words = std::vector<std::string>;
+
+class PanelWindowTest : public test::WindowTest {
+protected:
+    static PixelRect frameOf(const std::string& monitor) {
+        return client().frame(windowOf(monitor)).value_or(PixelRect{});
+    }
+
+    static bool hasAtom(xcb_window_t window, const std::string& property, const std::string& atom) {
+        const auto atoms = client().atoms(window, property);
+        return std::ranges::find(atoms, client().atom(atom)) != atoms.end();
+    }
+
+    void moveTo(const std::string& monitor, Point view) {
+        desk().pointer().moveTo(pixelAt(monitor, view));
+    }
+
+    /// Stands where a compositor would; nothing is composited.
+    class Compositor {
+    public:
+        Compositor() : window_(client().createWindow({0, 0, 1, 1}, 0)) {
+            xcb_set_selection_owner(client().get(), window_, client().atom("_NET_WM_CM_S0"),
+                                    XCB_CURRENT_TIME);
+            client().sync();
+        }
+        Compositor(const Compositor&) = delete;
+        Compositor& operator=(const Compositor&) = delete;
+        Compositor(Compositor&&) = delete;
+        Compositor& operator=(Compositor&&) = delete;
+        ~Compositor() {
+            client().destroy(window_);
+            client().sync();
+        }
+
+    private:
+        xcb_window_t window_;
+    };
+
+    EventLog log;
+};
+
+TEST_F(PanelWindowTest, LiesOnThePlannedPixelsOfEveryDisplay) {
+    EventLog other;
+    const auto main = showDock("main", log);
+    const auto left = showDock("left", other);
+    const auto dense = showDock("dense", other);
+    EXPECT_EQ(frameOf("main"), (PixelRect{1720, 1012, 400, 84}));
+    EXPECT_EQ(frameOf("left"), (PixelRect{440, 812, 400, 84}));
+    EXPECT_EQ(frameOf("dense"), (PixelRect{2560 + 768 - 400, 1200 - 8 - 168, 800, 168}));
+}
+
+TEST_F(PanelWindowTest, FollowsANewFrameToOddPixels) {
+    const auto dock = showDock("dense", log);
+    const Rect display = screen("dense").frame;
+    dock->setFrame({display.minX() + 10.5, display.minY() + 4, 300.5, 84.5}, false);
+    EXPECT_TRUE(eventually([&] { return frameOf("dense") == PixelRect{2581, 1023, 601, 169}; }));
+}
+
+TEST_F(PanelWindowTest, TellsTheWindowManagerThatItIsADock) {
+    const auto dock = showDock("main", log);
+    const auto window = windowOf("main");
+    EXPECT_TRUE(hasAtom(window, "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DOCK"));
+    EXPECT_TRUE(hasAtom(window, "_NET_WM_STATE", "_NET_WM_STATE_ABOVE"));
+    EXPECT_TRUE(hasAtom(window, "_NET_WM_STATE", "_NET_WM_STATE_SKIP_TASKBAR"));
+    EXPECT_TRUE(hasAtom(window, "_NET_WM_STATE", "_NET_WM_STATE_SKIP_PAGER"));
+    EXPECT_EQ(client().words(window, "_NET_WM_DESKTOP"), (std::vector<std::uint32_t>{0xffffffff}));
+    EXPECT_EQ(client().text(window, "WM_CLASS"), std::string("vireline\0Vireline\0", 18));
+    EXPECT_FALSE(client().hasProperty(window, "_NET_WM_STRUT"));
+    EXPECT_FALSE(client().hasProperty(window, "_NET_WM_STRUT_PARTIAL"));
+    EXPECT_EQ(client().depth(window), 32);
+}
+
+// Behaviour: dock-panel-5
+TEST_F(PanelWindowTest, NeverTakesTheFocus) {
+    const auto editor = client().createWindow({1400, 400, 300, 300}, 0);
+    client().map(editor);
+    client().sync();
+    ASSERT_TRUE(eventually([&] { return client().focusedWindow() == editor; }));
+    const auto dock = showDock("main", log);
+    desk().pointer().click(pixelAt("main", {200, 50}));
+    EXPECT_TRUE(eventually([&] { return log.has("released 200,50"); }));
+    EXPECT_EQ(client().activeWindow(), editor);
+    EXPECT_EQ(client().focusedWindow(), editor);
+    client().destroy(editor);
+    client().sync();
+}
+
+TEST_F(PanelWindowTest, ReportsThePointerInTheViewsPoints) {
+    for (const char* monitor : {"main", "dense"}) {
+        EventLog events;
+        const auto dock = showDock(monitor, events);
+        moveTo(monitor, {100, 40});
+        EXPECT_TRUE(eventually([&] { return events.has("moved 100,40"); })) << monitor;
+        EXPECT_EQ(events.words.front(), "in");
+        desk().pointer().press(Pointer::Button::primary);
+        EXPECT_TRUE(eventually([&] { return events.has("pressed 100,40"); }));
+        moveTo(monitor, {300, 60});
+        EXPECT_TRUE(eventually([&] { return events.has("moved 300,60"); }));
+        desk().pointer().release(Pointer::Button::primary);
+        EXPECT_TRUE(eventually([&] { return events.has("released 300,60"); }));
+        EXPECT_FALSE(events.has("out"));
+        desk().pointer().moveTo({5, 5});
+        EXPECT_TRUE(eventually([&] { return events.has("out"); }));
+        EXPECT_TRUE(events.has("exited"));
+    }
+}
+
+TEST_F(PanelWindowTest, LetsClicksBesideItsInputRegionThrough) {
+    const Compositor compositor;
+    const auto dock = showDock("main", log);
+    moveTo("main", {200, 10});
+    settle();
+    EXPECT_EQ(log.words, Words{});
+    moveTo("main", {200, 30});
+    EXPECT_TRUE(eventually([&] { return log.has("in"); }));
+
+    Scene scene = dockScene();
+    scene.inputRegion.reset();
+    dock->present(scene);
+    moveTo("main", {200, 5});
+    EXPECT_TRUE(eventually([&] { return log.has("moved 200,5"); }));
+}
+
+TEST_F(PanelWindowTest, KeepsThePointerWhileTheButtonIsHeldOutside) {
+    const auto dock = showDock("main", log);
+    moveTo("main", {100, 40});
+    desk().pointer().press(Pointer::Button::primary);
+    moveTo("main", {100, -200});
+    EXPECT_TRUE(eventually([&] { return log.has("moved 100,-200"); }));
+    EXPECT_FALSE(log.has("out"));
+    desk().pointer().release(Pointer::Button::primary);
+    EXPECT_TRUE(eventually([&] { return log.has("out"); }));
+    const auto released = std::ranges::find(log.words, "released 100,-200");
+    EXPECT_LT(released, std::ranges::find(log.words, "out"));
+}
+
+TEST_F(PanelWindowTest, TakesAGrabBySomebodyElseForNoLeave) {
+    const auto dock = showDock("main", log);
+    moveTo("main", {100, 40});
+    EXPECT_TRUE(eventually([&] { return log.has("moved 100,40"); }));
+    const auto grab = xcb_grab_pointer(client().get(), 0, client().root(), 0, XCB_GRAB_MODE_ASYNC,
+                                       XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME);
+    desktop::Owned<xcb_grab_pointer_reply_t> granted{
+        xcb_grab_pointer_reply(client().get(), grab, nullptr)};
+    ASSERT_EQ(granted->status, XCB_GRAB_STATUS_SUCCESS);
+    settle();
+    EXPECT_FALSE(log.has("out"));
+
+    // No event tells of this one.
+    desk().pointer().moveTo({5, 5});
+    EXPECT_TRUE(eventually([&] { return log.has("out"); }));
+    xcb_ungrab_pointer(client().get(), XCB_CURRENT_TIME);
+    client().sync();
+}
+
+TEST_F(PanelWindowTest, GoesBackWhereItBelongs) {
+    const auto dock = showDock("main", log);
+    const PixelRect planned = frameOf("main");
+    const std::uint32_t x = 1300;
+    xcb_configure_window(client().get(), windowOf("main"), XCB_CONFIG_WINDOW_X, &x);
+    client().sync();
+    EXPECT_TRUE(eventually([&] {
+        settle();
+        return frameOf("main") == planned;
+    }));
+}
+
+TEST_F(PanelWindowTest, StaysAboveWhenAnotherWindowManagerComes) {
+    const auto dock = showDock("main", log);
+    desk().stopWindowManager();
+    desk().startWindowManager();
+    EXPECT_TRUE(eventually(
+        [&] { return hasAtom(windowOf("main"), "_NET_WM_STATE", "_NET_WM_STATE_ABOVE"); }));
+    EXPECT_EQ(frameOf("main"), (PixelRect{1720, 1012, 400, 84}));
+}
+
+TEST_F(PanelWindowTest, MayComeBeforeTheWindowManager) {
+    desk().stopWindowManager();
+    const auto dock = showDock("main", log);
+    desk().startWindowManager();
+    const auto managed = [&] {
+        const auto windows = client().managedWindows();
+        return std::ranges::find(windows, windowOf("main")) != windows.end();
+    };
+    EXPECT_TRUE(eventually(managed));
+    EXPECT_TRUE(eventually(
+        [&] { return hasAtom(windowOf("main"), "_NET_WM_STATE", "_NET_WM_STATE_ABOVE"); }));
+    EXPECT_EQ(frameOf("main"), (PixelRect{1720, 1012, 400, 84}));
+}
+
+TEST_F(PanelWindowTest, HasAnOutlineInsteadOfABlackBoxWithoutACompositor) {
+    const auto dock = showDock("main", log);
+    settle();
+    const PixelRect frame = frameOf("main");
+    EXPECT_EQ(desk().pixel({frame.x + 200, frame.y + 10}),
+              desk().pixel({frame.x + 200, frame.y - 50}))
+        << "the label zone shows what lies below";
+    EXPECT_EQ(desk().pixel({frame.x + 1, frame.y + 27}),
+              desk().pixel({frame.x + 200, frame.y - 50}))
+        << "so does the corner";
+    const auto glass = desk().pixel({frame.x + 200, frame.y + 55});
+    EXPECT_GT(glass.red, 200);
+    EXPECT_GT(glass.blue, 200);
+}
+
+TEST_F(PanelWindowTest, LosesItsOutlineUnderACompositorAndAsksItToBlur) {
+    const auto dock = showDock("main", log);
+    const auto isShaped = [&] {
+        const auto reply =
+            desktop::Owned<xcb_shape_query_extents_reply_t>{xcb_shape_query_extents_reply(
+                client().get(), xcb_shape_query_extents(client().get(), windowOf("main")),
+                nullptr)};
+        return reply && reply->bounding_shaped != 0;
+    };
+    EXPECT_TRUE(eventually(isShaped));
+
+    auto compositor = std::make_unique<Compositor>();
+    EXPECT_TRUE(eventually([&] { return !isShaped(); }));
+    const char* const blur = "_KDE_NET_WM_BLUR_BEHIND_REGION";
+    EXPECT_FALSE(client().hasProperty(windowOf("main"), blur));
+
+    client().setWords(client().root(), blur, XCB_ATOM_CARDINAL, {0});
+    client().sync();
+    EXPECT_TRUE(eventually([&] { return client().hasProperty(windowOf("main"), blur); }));
+
+    compositor.reset();
+    xcb_delete_property(client().get(), client().root(), client().atom(blur));
+    client().sync();
+    EXPECT_TRUE(
+        eventually([&] { return isShaped() && !client().hasProperty(windowOf("main"), blur); }));
+}
+
+TEST_F(PanelWindowTest, PaintsANewScene) {
+    const auto dock = showDock("main", log);
+    const auto middle = [&] { return desk().pixel(pixelAt("main", {200, 55})); };
+    const auto before = middle();
+    Scene scene = dockScene();
+    scene.nodes.push_back(
+        {.id = {NodeID::Part::handle}, .frame = {150, 50, 100, 10}, .content = HandleNode{}});
+    dock->present(scene);
+    EXPECT_TRUE(eventually([&] { return middle().red < 60; }));
+    dock->present(dockScene());
+    EXPECT_TRUE(eventually([&] { return middle() == before; }));
+}
+
+TEST_F(PanelWindowTest, GoesWithItsObject) {
+    auto dock = showDock("main", log);
+    dock->orderOut();
+    EXPECT_TRUE(eventually([&] { return !client().isViewable(windowOf("main")); }));
+    dock->orderFrontRegardless();
+    EXPECT_TRUE(eventually([&] { return client().isViewable(windowOf("main")); }));
+    dock.reset();
+    EXPECT_TRUE(eventually([&] { return windowOf("main") == XCB_NONE; }));
+}
+
+TEST_F(PanelWindowTest, SurvivesTheLossOfItsDisplay) {
+    const auto dock = showDock("dense", log);
+    desk().setMonitors({threeMonitors()[0], threeMonitors()[1]});
+    EXPECT_TRUE(eventually([&] { return screens.screens().size() == 2; }));
+    settle();
+    desk().setMonitors(threeMonitors());
+    EXPECT_TRUE(eventually([&] {
+        return screens.screens().size() == 3 && frameOf("dense") == PixelRect{2928, 1024, 800, 168};
+    }));
+    moveTo("dense", {100, 40});
+    EXPECT_TRUE(eventually([&] { return log.has("moved 100,40"); }));
+}
+
+}
+}

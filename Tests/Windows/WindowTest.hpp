@@ -1,0 +1,80 @@
+/// The platform's displays and dock windows in this process, on a virtual X desktop with three
+/// displays, the last of them at two pixels a point. One desktop serves all tests of the process.
+#pragma once
+
+#include "Displays/RandrScreens.hpp"
+#include "Panels/QtPanelWindows.hpp"
+#include "VirtualDesktop/VirtualDesktop.hpp"
+#include "X11/X11Connection.hpp"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vireline::test {
+
+/// Writes down what the window reports, a word each with the position where there is one.
+class EventLog final : public PanelWindowListener {
+public:
+    void mouseEntered() override { words.emplace_back("in"); }
+    void mouseExited() override { words.emplace_back("out"); }
+    void pointerEvent(const PointerEvent& event) override;
+    void dragEntered(const std::vector<std::string>& /*urls*/) override {}
+    bool dragMoved(Point /*at*/) override { return false; }
+    void dragExited() override {}
+    bool dropped(Point /*at*/) override { return false; }
+
+    [[nodiscard]] bool has(std::string_view word) const;
+
+    std::vector<std::string> words;
+};
+
+class WindowTest : public testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    static desktop::VirtualDesktop& desk();
+    static const desktop::XClient& client() { return desk().client(); }
+    static std::vector<desktop::Monitor> threeMonitors();
+
+    /// Lets the program work until `condition` holds; false when it does not within the desktop's
+    /// patience.
+    static bool eventually(const std::function<bool()>& condition);
+    /// Lets the program work until it has heard of everything that happened up to now.
+    void settle();
+
+    static std::uint32_t idOf(const std::string& monitor) { return desk().displayIDOf(monitor); }
+    /// Fails the test when the display is unknown.
+    [[nodiscard]] PlatformScreen screen(const std::string& monitor) const;
+
+    /// A dock of 400 × 84 points, 4 above the display's bottom edge, all of it glass but the
+    /// highest 26 points, which also let the pointer through.
+    std::unique_ptr<PanelWindow> showDock(const std::string& monitor, EventLog& log);
+    static Scene dockScene();
+    /// The X window of the dock on that display; waits until it is shown.
+    static xcb_window_t windowOf(const std::string& monitor);
+    /// The pixel of the screen at a point of that dock's view.
+    desktop::PixelPoint pixelAt(const std::string& monitor, Point view) const;
+
+    /// A panel of another program, shown. `strut` holds the twelve numbers of a partial strut, or
+    /// none.
+    static xcb_window_t addPanel(const desktop::PixelRect& frame,
+                                 const std::vector<std::uint32_t>& strut);
+
+private:
+    /// The desktop as every test finds it.
+    [[nodiscard]] static bool prepare();
+
+    bool isPrepared_ = prepare();
+
+protected:
+    x11::X11Connection connection;
+    x11::RandrScreens screens{connection};
+    x11::QtPanelWindows panels{connection, screens, {}};
+};
+
+}
