@@ -83,7 +83,7 @@ protected:
                          {"--at", std::to_string(frame.x) + "," + std::to_string(frame.y), "--size",
                           std::to_string(frame.width) + "x" + std::to_string(frame.height),
                           "--colour", colour, "--skip-taskbar", "--record", record().string()});
-        ASSERT_TRUE(eventually([&] { return desktop().isActive(app); }));
+        ASSERT_TRUE(eventually([&] { return !desktop().visibleWindowsOf(app).empty(); }));
     }
 
     [[nodiscard]] std::filesystem::path record() { return desktop().home().scratch() / "behind"; }

@@ -297,7 +297,7 @@ void VirtualDesktop::leaveEvidence(const fs::path& folder, const std::string& na
     logs << "== vireline.log\n" << readFile(log().file());
     for (const auto& file : fs::directory_iterator{home_.scratch()}) {
         const auto extension = file.path().extension();
-        if (extension == ".log" || extension == ".err")
+        if (extension == ".log" || extension == ".out" || extension == ".err")
             logs << "== " << file.path().filename().string() << '\n' << readFile(file.path());
     }
 }
