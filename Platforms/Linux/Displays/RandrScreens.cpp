@@ -36,6 +36,7 @@ RandrScreens::RandrScreens(X11Connection& connection)
             XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE | XCB_RANDR_NOTIFY_MASK_OUTPUT_CHANGE |
                 XCB_RANDR_NOTIFY_MASK_CRTC_CHANGE | XCB_RANDR_NOTIFY_MASK_OUTPUT_PROPERTY |
                 XCB_RANDR_NOTIFY_MASK_RESOURCE_CHANGE);
+        connection.selectInput(connection.root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     } else {
         DevLog::write("no monitors from the X server, displays as Qt finds them");
     }
@@ -128,8 +129,16 @@ void RandrScreens::handle(const xcb_generic_event_t& event) {
     const bool isRandr =
         monitorsAreListed_ && (kind == firstRandrEvent_ + XCB_RANDR_NOTIFY ||
                                kind == firstRandrEvent_ + XCB_RANDR_SCREEN_CHANGE_NOTIFY);
-    if (isRandr)
+    if (isRandr || isScreenReconfigured(event))
         refreshSoon(true);
+}
+
+/// All that the server says when somebody sets or deletes a monitor that no output belongs to.
+bool RandrScreens::isScreenReconfigured(const xcb_generic_event_t& event) const {
+    constexpr std::uint8_t sentFlag = 0x80;
+    return (event.response_type & ~sentFlag) == XCB_CONFIGURE_NOTIFY &&
+           reinterpret_cast<const xcb_configure_notify_event_t&>(event).window ==
+               connection_.root();
 }
 
 /// In the loop's next turn, when Qt has seen the events as well and a burst has come together.
