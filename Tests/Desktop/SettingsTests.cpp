@@ -78,9 +78,9 @@ TEST_F(Preferences, ClipLargeIconsOfSideDocksAtTheFarSide) {
     ASSERT_TRUE(docksSettle(twoTiles));
     ASSERT_TRUE(turns(layout("right", twoTiles).icon(0), apps[0].colour));
     const auto dock = plannedDock("right", twoTiles).frame;
-    // The window is 58 points thick; dot and gap come first, the icon up to the window's far edge.
-    constexpr int dotAndGap = 6;
-    EXPECT_LE(firstIcon().x, dock.x + dotAndGap);
+    // Behind the padding comes the icon, up to the window's far edge.
+    constexpr int padding = 7;
+    EXPECT_EQ(firstIcon().x, dock.x + padding);
     EXPECT_EQ(firstIcon().right(), dock.right());
 }
 

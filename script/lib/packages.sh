@@ -8,7 +8,7 @@ packages_build=(
     g++
     git
     libplist-dev
-    libqt6svg6-dev
+    qt6-svg-dev
     libxcb-randr0-dev
     libxcb-res0-dev
     libxcb-shape0-dev

@@ -124,18 +124,22 @@ void RandrScreens::watchScale(QScreen* screen) {
     QObject::connect(screen, &QScreen::geometryChanged, &context_, refresh);
 }
 
-/// Monitors that a user defines are announced by nothing but a root window configured anew.
 void RandrScreens::handle(const xcb_generic_event_t& event) {
     constexpr std::uint8_t sentFlag = 0x80;
     const int kind = event.response_type & ~sentFlag;
-    if (kind == XCB_CONFIGURE_NOTIFY) {
-        const auto& configured = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
-        if (configured.window == connection_.root())
-            refreshSoon(true);
-    } else if (monitorsAreListed_ && (kind == firstRandrEvent_ + XCB_RANDR_NOTIFY ||
-                                      kind == firstRandrEvent_ + XCB_RANDR_SCREEN_CHANGE_NOTIFY)) {
+    const bool isRandr =
+        monitorsAreListed_ && (kind == firstRandrEvent_ + XCB_RANDR_NOTIFY ||
+                               kind == firstRandrEvent_ + XCB_RANDR_SCREEN_CHANGE_NOTIFY);
+    if (isRandr || isScreenReconfigured(event))
         refreshSoon(true);
-    }
+}
+
+/// Monitors that a user defines are announced by nothing but a root window configured anew.
+bool RandrScreens::isScreenReconfigured(const xcb_generic_event_t& event) const {
+    constexpr std::uint8_t sentFlag = 0x80;
+    return (event.response_type & ~sentFlag) == XCB_CONFIGURE_NOTIFY &&
+           reinterpret_cast<const xcb_configure_notify_event_t&>(event).window ==
+               connection_.root();
 }
 
 /// In the loop's next turn, when Qt has seen the events as well and a burst has come together.

@@ -56,6 +56,7 @@ private:
     void watchQtScreens();
     void watchScale(QScreen* screen);
     void handle(const xcb_generic_event_t& event);
+    [[nodiscard]] bool isScreenReconfigured(const xcb_generic_event_t& event) const;
     void refreshSoon(bool announce);
     void refresh();
 

@@ -13,7 +13,7 @@ int rounded(double value) {
     return static_cast<int>(std::lround(value));
 }
 
-/// Between an icon and its running dot.
+/// Between the strip's edge and a running dot.
 constexpr double dotGap = 1.5;
 
 Rect frameOf(const Monitor& monitor, const PixelRect& primary, double scale) {
@@ -90,12 +90,13 @@ DockLayout::DockLayout(const PlannedDock& dock, const DockOrdering::Counts& coun
     , length_(DockOrdering::stripWidth(counts, iconSize_)) {}
 
 PixelPoint DockLayout::icon(int index) const {
-    const double across = DockMetrics::indicatorDiameter + dotGap + iconSize_ / 2;
+    const double across = DockMetrics::stripPadding + iconSize_ / 2;
     return place(centers_.at(static_cast<std::size_t>(index)), across);
 }
 
 PixelPoint DockLayout::dot(int index) const {
-    return place(centers_.at(static_cast<std::size_t>(index)), DockMetrics::indicatorDiameter / 2);
+    return place(centers_.at(static_cast<std::size_t>(index)),
+                 dotGap + DockMetrics::indicatorDiameter / 2);
 }
 
 PixelRect DockLayout::strip() const {

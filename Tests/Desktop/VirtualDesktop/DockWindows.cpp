@@ -81,14 +81,12 @@ bool DockWindows::isAbove(xcb_window_t upper, xcb_window_t lower) const {
 }
 
 std::vector<xcb_window_t> DockWindows::menus() const {
+    constexpr std::string_view programsClass{"vireline\0Vireline\0", 18};
     std::vector<xcb_window_t> menus;
     for (const xcb_window_t window : client_.children(client_.root())) {
-        const auto types = client_.atoms(window, "_NET_WM_WINDOW_TYPE");
-        const bool isMenu =
-            std::ranges::find(types, client_.atom("_NET_WM_WINDOW_TYPE_POPUP_MENU")) !=
-                types.end() ||
-            std::ranges::find(types, client_.atom("_NET_WM_WINDOW_TYPE_MENU")) != types.end();
-        if (isMenu && client_.isViewable(window))
+        if (client_.overridesRedirect(window) && client_.isViewable(window) &&
+            client_.text(window, "WM_CLASS") == programsClass &&
+            !displayIDOf(client_.text(window, "_NET_WM_NAME")))
             menus.push_back(window);
     }
     return menus;

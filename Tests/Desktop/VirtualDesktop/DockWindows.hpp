@@ -41,7 +41,7 @@ public:
     /// Whether `upper` covers `lower` where they overlap.
     [[nodiscard]] bool isAbove(xcb_window_t upper, xcb_window_t lower) const;
 
-    /// Popup menus on the screen.
+    /// The program's popup menus: what it shows besides docks without asking the window manager.
     [[nodiscard]] std::vector<xcb_window_t> menus() const;
 
 private:
