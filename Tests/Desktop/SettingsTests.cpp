@@ -93,7 +93,9 @@ TEST_F(Preferences, MagnifyTheTileUnderThePointer) {
     constexpr int atRest = 44;
     EXPECT_EQ(firstIcon().width, atRest);
     desktop().pointer().moveTo(icon);
-    EXPECT_TRUE(eventually([&] { return firstIcon().width == 2 * atRest; })) << firstIcon();
+    // A grown tile's sides fall between pixels, where its colour is mixed with the strip's.
+    EXPECT_TRUE(eventually([&] { return firstIcon().width >= 2 * atRest - 1; })) << firstIcon();
+    EXPECT_LE(firstIcon().width, 2 * atRest);
     desktop().pointer().moveTo(desktop().monitor("left").frame.center());
     EXPECT_TRUE(eventually([&] { return firstIcon().width == atRest; })) << firstIcon();
 }

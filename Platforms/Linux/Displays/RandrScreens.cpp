@@ -1,6 +1,6 @@
 #include "Displays/RandrScreens.hpp"
 
-#include "App/DevLog.hpp"
+#include "App/StartLog.hpp"
 #include "X11/X11Connection.hpp"
 
 #include <xcb/randr.h>
@@ -37,7 +37,7 @@ RandrScreens::RandrScreens(X11Connection& connection)
                 XCB_RANDR_NOTIFY_MASK_CRTC_CHANGE | XCB_RANDR_NOTIFY_MASK_OUTPUT_PROPERTY |
                 XCB_RANDR_NOTIFY_MASK_RESOURCE_CHANGE);
     } else {
-        DevLog::write("no monitors from the X server, displays as Qt finds them");
+        logOnceStarted("no monitors from the X server, displays as Qt finds them");
     }
     connection.selectInput(connection.root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     strutWindows_.onChange = [this] { refreshSoon(false); };

@@ -1,6 +1,6 @@
 #include "Panels/DesktopWatch.hpp"
 
-#include "App/DevLog.hpp"
+#include "App/StartLog.hpp"
 #include "X11/X11Connection.hpp"
 
 #include <xcb/xfixes.h>
@@ -23,7 +23,7 @@ DesktopWatch::DesktopWatch(X11Connection& connection)
     watchCompositor();
     offer_.set(read());
     if (!offer().isComposited)
-        DevLog::write("no compositor, docks are opaque");
+        logOnceStarted("no compositor, docks are opaque");
 }
 
 /// Without XFixes the compositor of the start counts for ever.

@@ -1,6 +1,6 @@
 #include "Applications/Entries/DesktopEntryFiles.hpp"
 
-#include "App/DevLog.hpp"
+#include "App/StartLog.hpp"
 #include "Applications/Identity/PlainText.hpp"
 #include "Files/BoundedFile.hpp"
 
@@ -71,7 +71,7 @@ std::optional<DesktopEntry> read(const std::string& path, std::string id,
     if (const auto text = BoundedFile::read(path, maximumBytes))
         entry = DesktopEntries::parse(*text, std::move(id), path, languages);
     if (!entry && access(path.c_str(), F_OK) == 0)
-        DevLog::write("desktop entry passed over: " + PlainText::clean(path, 4096));
+        logOnceStarted("desktop entry passed over: " + PlainText::clean(path, 4096));
     return entry;
 }
 

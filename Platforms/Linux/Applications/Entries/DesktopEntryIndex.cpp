@@ -3,6 +3,8 @@
 #include "Applications/Identity/PlainText.hpp"
 
 #include <algorithm>
+#include <map>
+#include <string>
 
 namespace vireline::x11 {
 namespace {
@@ -35,13 +37,17 @@ IndexedEntry indexed(DesktopEntry entry) {
 }
 
 DesktopEntryIndex::DesktopEntryIndex(std::vector<DesktopEntry> entries) {
-    std::ranges::stable_sort(entries, {}, &DesktopEntry::id);
-    const auto repeated = std::ranges::unique(entries, {}, &DesktopEntry::id);
-    entries.erase(repeated.begin(), repeated.end());
-    std::erase_if(entries, [](const DesktopEntry& entry) { return entry.hidden; });
-    entries_.reserve(entries.size());
-    for (auto& entry : entries)
-        entries_.push_back(indexed(std::move(entry)));
+    // Of several with one ID the first counts.
+    std::map<std::string, DesktopEntry> byID;
+    for (auto& entry : entries) {
+        std::string id = entry.id;
+        byID.try_emplace(std::move(id), std::move(entry));
+    }
+    entries_.reserve(byID.size());
+    for (auto& [id, entry] : byID) {
+        if (!entry.hidden)
+            entries_.push_back(indexed(std::move(entry)));
+    }
 }
 
 const IndexedEntry* DesktopEntryIndex::find(std::string_view id) const {

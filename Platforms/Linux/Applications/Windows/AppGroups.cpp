@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 #include <iterator>
+#include <utility>
 
 namespace vireline::x11::AppGroups {
 namespace {
@@ -70,7 +71,9 @@ std::vector<xcb_window_t> stillHidden(const AppGroup& group,
         group.windows, std::back_inserter(hidden), [windows](const ClientWindow& window) {
             return window.isHidden && std::ranges::find(windows, window.id) != windows.end();
         });
-    std::ranges::stable_sort(hidden, {}, &ClientWindow::lastActive);
+    std::ranges::sort(hidden, {}, [](const ClientWindow& window) {
+        return std::pair{window.lastActive, window.id};
+    });
     std::vector<xcb_window_t> ids;
     std::ranges::transform(hidden, std::back_inserter(ids), &ClientWindow::id);
     return ids;

@@ -1,6 +1,6 @@
 #include "Applications/Windows/ClientList.hpp"
 
-#include "App/DevLog.hpp"
+#include "App/StartLog.hpp"
 #include "X11/PropertyBatch.hpp"
 
 #include <unistd.h>
@@ -145,7 +145,7 @@ void ClientList::watchManager(xcb_window_t manager) {
 
 void ClientList::noteManager() {
     if (isManaged_ && !hasManager_)
-        DevLog::write("no window manager");
+        logOnceStarted("no window manager");
     isManaged_ = hasManager_;
 }
 

@@ -19,7 +19,7 @@ std::vector<WindowIcon> parse(std::span<const std::uint32_t> items) {
         icons.push_back({width, height, {pixels.begin(), pixels.end()}});
         items = items.subspan(count);
     }
-    std::ranges::stable_sort(icons, {}, [](const WindowIcon& icon) { return icon.pixels.size(); });
+    std::ranges::sort(icons, {}, [](const WindowIcon& icon) { return icon.pixels.size(); });
     return icons;
 }
 
