@@ -24,9 +24,9 @@ struct App {
     /// What the test app is told besides its class; field codes such as "%U" are allowed.
     std::vector<std::string> arguments;
     /// Further lines of the desktop entry.
-    std::vector<std::string> keys{}; // NOLINT(readability-redundant-member-init): GCC warns without
+    std::vector<std::string> keys{};
     /// The name of an icon of the theme, instead of the colour.
-    std::string icon{}; // NOLINT(readability-redundant-member-init): as above
+    std::string icon{};
 };
 
 /// One tile of the desktop's own dock.
