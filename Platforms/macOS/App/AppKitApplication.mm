@@ -1,0 +1,95 @@
+#include "App/AppKitApplication.hpp"
+
+#include "Bridge/Attempt.hpp"
+#include "Bridge/Conversions.hpp"
+#include "Translation/StandardActions.hpp"
+
+#include <string>
+#include <utility>
+
+/// Says when the application has finished launching. Everything else about the program's life is
+/// AppKit's own business.
+@interface VirelineApplicationDelegate : NSObject <NSApplicationDelegate>
+- (instancetype)initWithFunction:(std::function<void()>)onFinishedLaunching;
+@end
+
+@implementation VirelineApplicationDelegate {
+    std::function<void()> _onFinishedLaunching;
+}
+
+- (instancetype)initWithFunction:(std::function<void()>)onFinishedLaunching {
+    self = [super init];
+    if (self != nil)
+        _onFinishedLaunching = std::move(onFinishedLaunching);
+    return self;
+}
+
+- (void)applicationDidFinishLaunching:(NSNotification*)notification {
+    static_cast<void>(notification);
+    _onFinishedLaunching();
+}
+
+@end
+
+namespace vireline::macos {
+namespace {
+
+NSMenuItem* makeItem(const MenuSeparator&) {
+    return [NSMenuItem separatorItem];
+}
+
+NSMenuItem* makeItem(const MainMenuCommand& command) {
+    const SEL action = NSSelectorFromString(toNSString(StandardActions::selector(command.action)));
+    return [[NSMenuItem alloc] initWithTitle:toNSString(command.title)
+                                      action:action
+                               keyEquivalent:toNSString(std::string(1, command.keyEquivalent))];
+}
+
+NSMenuItem* makeItem(const MainMenuSubmenu& submenu) {
+    NSMenu* menu = [[NSMenu alloc] initWithTitle:toNSString(submenu.title)];
+    for (const auto& entry : submenu.entries)
+        [menu addItem:std::visit([](const auto& kind) { return makeItem(kind); }, entry)];
+    NSMenuItem* item = [[NSMenuItem alloc] initWithTitle:@"" action:nil keyEquivalent:@""];
+    item.submenu = menu;
+    return item;
+}
+
+}
+
+void AppKitApplication::becomeAccessory() {
+    attempt("setActivationPolicy", [] {
+        [NSApplication.sharedApplication
+            setActivationPolicy:NSApplicationActivationPolicyAccessory];
+    });
+}
+
+void AppKitApplication::installMainMenu(const MainMenu& menu) {
+    attempt("setMainMenu", [&] {
+        NSMenu* bar = [[NSMenu alloc] initWithTitle:@""];
+        for (const MainMenuSubmenu& submenu : menu.submenus)
+            [bar addItem:makeItem(submenu)];
+        NSApplication.sharedApplication.mainMenu = bar;
+    });
+}
+
+int AppKitApplication::run(std::function<void()> onFinishedLaunching) {
+    delegate_ =
+        [[VirelineApplicationDelegate alloc] initWithFunction:std::move(onFinishedLaunching)];
+    NSApplication.sharedApplication.delegate = delegate_;
+    [NSApplication.sharedApplication run];
+    return 0;
+}
+
+void AppKitApplication::terminate() {
+    attempt("terminate", [] { [NSApplication.sharedApplication terminate:nil]; });
+}
+
+std::int64_t AppKitApplication::processIdentifier() const {
+    return NSProcessInfo.processInfo.processIdentifier;
+}
+
+Subscription AppKitApplication::observeSecondStart(std::function<void()>) {
+    return {};
+}
+
+}

@@ -1,0 +1,13 @@
+/// Reduce Motion in the system's accessibility settings.
+#pragma once
+
+#include "Platform/MotionSettings.hpp"
+
+namespace vireline::macos {
+
+class MacMotionSettings final : public MotionSettings {
+public:
+    [[nodiscard]] bool reducesMotion() const override;
+};
+
+}

@@ -1,0 +1,13 @@
+/// The pointer as the user set it up in the system's settings.
+#pragma once
+
+#include "Platform/PointerSettings.hpp"
+
+namespace vireline::macos {
+
+class MacPointerSettings final : public PointerSettings {
+public:
+    [[nodiscard]] double doubleClickInterval() const override;
+};
+
+}

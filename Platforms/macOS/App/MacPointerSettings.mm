@@ -1,0 +1,11 @@
+#include "App/MacPointerSettings.hpp"
+
+#import <AppKit/AppKit.h>
+
+namespace vireline::macos {
+
+double MacPointerSettings::doubleClickInterval() const {
+    return NSEvent.doubleClickInterval;
+}
+
+}

@@ -1,0 +1,17 @@
+/// The kit's clock and timers on the main run loop.
+#pragma once
+
+#include "Platform/RunLoop.hpp"
+
+namespace vireline::macos {
+
+/// Timers fire in the common modes, so also while a menu is open or a control is held. The clock
+/// stands still while the computer sleeps, as the timers do.
+class MainRunLoop final : public RunLoop {
+public:
+    [[nodiscard]] double now() const override;
+    [[nodiscard]] Timer after(double seconds, std::function<void()> fire) override;
+    [[nodiscard]] Timer every(double seconds, std::function<void()> fire) override;
+};
+
+}

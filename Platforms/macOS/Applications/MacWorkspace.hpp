@@ -1,0 +1,15 @@
+/// Opening things through the workspace.
+#pragma once
+
+#include "Platform/Workspace.hpp"
+
+namespace vireline::macos {
+
+class MacWorkspace final : public Workspace {
+public:
+    void openApplication(const std::string& bundleID, const FileURL& url) override;
+    void open(const FileURL& url) override;
+    void reveal(const std::vector<FileURL>& urls) override;
+};
+
+}

@@ -1,0 +1,23 @@
+/// The running applications as the workspace lists and announces them.
+#pragma once
+
+#include "Platform/RunningApplications.hpp"
+
+namespace vireline::macos {
+
+class WorkspaceApplications final : public RunningApplications {
+public:
+    [[nodiscard]] std::vector<RunningApplication> running() const override;
+    [[nodiscard]] std::vector<RunningApplication>
+    instances(const std::string& bundleID) const override;
+
+    /// Of an app that has ended meanwhile, nothing is hidden or asked.
+    void hide(const RunningApplication& app) override;
+    void terminate(const RunningApplication& app) override;
+
+    [[nodiscard]] Subscription observeWillLaunch(Handler handler) override;
+    [[nodiscard]] Subscription observeDidLaunch(Handler handler) override;
+    [[nodiscard]] Subscription observeDidTerminate(Handler handler) override;
+};
+
+}

@@ -1,0 +1,49 @@
+#include "Bridge/Notifications.hpp"
+
+#include "Bridge/Attempt.hpp"
+
+#include <memory>
+#include <utility>
+
+namespace vireline::macos {
+namespace {
+
+using Handler = std::function<void(NSNotification*)>;
+
+/// Ends the observation when the subscription lets go of it.
+struct Observation {
+    Observation(NSNotificationCenter* observed, Handler called)
+        : center(observed), handler(std::move(called)) {}
+    Observation(const Observation&) = delete;
+    Observation& operator=(const Observation&) = delete;
+    Observation(Observation&&) = delete;
+    Observation& operator=(Observation&&) = delete;
+    ~Observation() {
+        if (id<NSObject> installed = token; installed != nil)
+            attempt("removeObserver", [&] { [center removeObserver:installed]; });
+    }
+
+    NSNotificationCenter* center;
+    Handler handler;
+    id<NSObject> token = nil;
+};
+
+}
+
+Subscription observe(NSNotificationCenter* center, NSNotificationName name,
+                     std::function<void(NSNotification*)> handler) {
+    auto observation = std::make_shared<Observation>(center, std::move(handler));
+    const std::weak_ptr<Observation> weak = observation;
+    attempt("addObserverForName", [&] {
+        observation->token = [center addObserverForName:name
+                                                 object:nil
+                                                  queue:NSOperationQueue.mainQueue
+                                             usingBlock:^(NSNotification* notification) {
+                                               if (const auto observed = weak.lock())
+                                                   observed->handler(notification);
+                                             }];
+    });
+    return Subscription{std::move(observation)};
+}
+
+}

@@ -1,0 +1,14 @@
+/// The preferences of Apple's Dock. They are read and never written.
+#pragma once
+
+#include "Platform/DockPreferences.hpp"
+
+namespace vireline::macos {
+
+class CFDockPreferences final : public DockPreferences {
+public:
+    [[nodiscard]] std::optional<PropertyList> persistentApps() override;
+    [[nodiscard]] Subscription observeChanges(std::function<void()> handler) override;
+};
+
+}

@@ -1,0 +1,100 @@
+#include "Displays/MacScreens.hpp"
+
+#include "Bridge/Attempt.hpp"
+#include "Bridge/Conversions.hpp"
+#include "Bridge/Notifications.hpp"
+#include "Translation/DisplayNumbers.hpp"
+
+#import <AppKit/AppKit.h>
+#import <CoreGraphics/CoreGraphics.h>
+#import <dispatch/dispatch.h>
+
+#include <array>
+#include <memory>
+#include <utility>
+
+namespace vireline::macos {
+namespace {
+
+using Handler = std::function<void()>;
+
+/// Nothing when the entry is missing, no whole number, or none that fits.
+std::optional<std::uint32_t> displayNumber(NSScreen* screen) {
+    const auto number = toWholeNumber(screen.deviceDescription[@"NSScreenNumber"]);
+    return number ? DisplayNumbers::fromReported(*number) : std::nullopt;
+}
+
+PlatformScreen describe(NSScreen* screen) {
+    const auto number = displayNumber(screen);
+    return {.number = number,
+            .unitNumber = number ? CGDisplayUnitNumber(*number) : 0,
+            .frame = toRect(screen.frame),
+            .visibleFrame = toRect(screen.visibleFrame),
+            .backingScaleFactor = screen.backingScaleFactor};
+}
+
+/// Asks the display server to say when another display becomes the main one.
+class MainDisplayWatch {
+public:
+    explicit MainDisplayWatch(std::shared_ptr<Handler> handler) : handler_(std::move(handler)) {
+        CGDisplayRegisterReconfigurationCallback(&reconfigured, this);
+    }
+    MainDisplayWatch(const MainDisplayWatch&) = delete;
+    MainDisplayWatch& operator=(const MainDisplayWatch&) = delete;
+    MainDisplayWatch(MainDisplayWatch&&) = delete;
+    MainDisplayWatch& operator=(MainDisplayWatch&&) = delete;
+    ~MainDisplayWatch() { CGDisplayRemoveReconfigurationCallback(&reconfigured, this); }
+
+private:
+    static void reconfigured(CGDirectDisplayID, CGDisplayChangeSummaryFlags flags, void* watch) {
+        if ((flags & kCGDisplaySetMainFlag) == 0)
+            return;
+        const std::weak_ptr<Handler> weak = static_cast<MainDisplayWatch*>(watch)->handler_;
+        // The screens are not up to date before the next turn.
+        dispatch_async(dispatch_get_main_queue(), ^{
+          if (const auto handler = weak.lock())
+              (*handler)();
+        });
+    }
+
+    std::shared_ptr<Handler> handler_;
+};
+
+/// All that one observer holds.
+struct Observation {
+    explicit Observation(Handler handler)
+        : shared(std::make_shared<Handler>(std::move(handler))), mainDisplay(shared) {}
+
+    std::shared_ptr<Handler> shared;
+    MainDisplayWatch mainDisplay;
+    std::vector<Subscription> notifications;
+};
+
+}
+
+std::vector<PlatformScreen> MacScreens::screens() const {
+    return attemptOr(std::vector<PlatformScreen>{}, "screens", [] {
+        std::vector<PlatformScreen> described;
+        for (NSScreen* screen in NSScreen.screens)
+            described.push_back(describe(screen));
+        return described;
+    });
+}
+
+Subscription MacScreens::observeParameters(std::function<void()> handler) {
+    auto observation = std::make_shared<Observation>(std::move(handler));
+    const auto announce = [shared = observation->shared](NSNotification*) { (*shared)(); };
+    observation->notifications.push_back(observe(NSNotificationCenter.defaultCenter,
+                                                 NSApplicationDidChangeScreenParametersNotification,
+                                                 announce));
+    const std::array<NSNotificationName, 5> names{
+        NSWorkspaceDidWakeNotification, NSWorkspaceScreensDidSleepNotification,
+        NSWorkspaceScreensDidWakeNotification, NSWorkspaceSessionDidBecomeActiveNotification,
+        NSWorkspaceSessionDidResignActiveNotification};
+    for (NSNotificationName name : names)
+        observation->notifications.push_back(
+            observe(NSWorkspace.sharedWorkspace.notificationCenter, name, announce));
+    return Subscription{std::move(observation)};
+}
+
+}

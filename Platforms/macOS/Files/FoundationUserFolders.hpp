@@ -1,0 +1,16 @@
+/// The user's folders as the file manager knows them.
+#pragma once
+
+#include "Platform/UserFolders.hpp"
+
+namespace vireline::macos {
+
+class FoundationUserFolders final : public UserFolders {
+public:
+    [[nodiscard]] FileURL home() const override;
+    [[nodiscard]] std::vector<FileURL> applicationSupport() const override;
+    [[nodiscard]] std::optional<FileURL> downloads() const override;
+    [[nodiscard]] std::optional<FileURL> trash() const override;
+};
+
+}

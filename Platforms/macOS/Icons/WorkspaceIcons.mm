@@ -1,0 +1,41 @@
+#include "Icons/WorkspaceIcons.hpp"
+
+#include "Bridge/Attempt.hpp"
+#include "Bridge/Conversions.hpp"
+#include "Icons/MacImage.hpp"
+
+namespace vireline::macos {
+namespace {
+
+/// A copy, since the system shares the image with whoever else asks for it.
+ImageHandle sized(NSImage* image, Size size) {
+    NSImage* const own = [image copy];
+    if (own == nil)
+        return nullptr;
+    own.size = toCGSize(size);
+    return std::make_shared<MacImage>(own, size);
+}
+
+}
+
+ImageHandle WorkspaceIcons::iconForFile(const std::string& path, const std::string&, Size size) {
+    return attemptOr(ImageHandle{}, "iconForFile", [&] {
+        return sized([NSWorkspace.sharedWorkspace iconForFile:toNSString(path)], size);
+    });
+}
+
+ImageHandle WorkspaceIcons::namedImage(const std::string& name, Size size) {
+    return attemptOr(ImageHandle{}, "imageNamed",
+                     [&] { return sized([NSImage imageNamed:toNSString(name)], size); });
+}
+
+ImageHandle WorkspaceIcons::symbol(const std::string& name,
+                                   const std::string& accessibilityDescription, Size size) {
+    return attemptOr(ImageHandle{}, "imageWithSystemSymbolName", [&] {
+        return sized([NSImage imageWithSystemSymbolName:toNSString(name)
+                               accessibilityDescription:toNSString(accessibilityDescription)],
+                     size);
+    });
+}
+
+}

@@ -1,0 +1,10 @@
+#pragma once
+
+#import <CoreGraphics/CoreGraphics.h>
+#import <Foundation/Foundation.h>
+
+#define APPKIT_EXTERN CF_EXPORT
+
+typedef CGPoint NSPoint;
+typedef CGSize NSSize;
+typedef CGRect NSRect;

@@ -1,0 +1,25 @@
+#pragma once
+
+#import <AppKit/NSMenu.h>
+#import <AppKit/NSResponder.h>
+#import <AppKit/NSRunningApplication.h>
+
+NS_ASSUME_NONNULL_BEGIN
+
+@protocol NSApplicationDelegate <NSObject>
+@optional
+- (void)applicationDidFinishLaunching:(NSNotification*)notification;
+@end
+
+@interface NSApplication : NSResponder
+@property (class, readonly, strong) __kindof NSApplication* sharedApplication;
+@property (nullable, weak) id<NSApplicationDelegate> delegate;
+@property (nullable, strong) NSMenu* mainMenu;
+- (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)activationPolicy;
+- (void)run;
+- (void)terminate:(nullable id)sender;
+@end
+
+APPKIT_EXTERN NSNotificationName const NSApplicationDidChangeScreenParametersNotification;
+
+NS_ASSUME_NONNULL_END

@@ -1,0 +1,5 @@
+#pragma once
+
+#include <CoreFoundation/CFBase.h>
+
+typedef CFTypeRef CFPropertyListRef;

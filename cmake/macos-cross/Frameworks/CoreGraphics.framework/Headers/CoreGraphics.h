@@ -1,0 +1,8 @@
+// The types and functions of Core Graphics that the program uses, as Apple documents them.
+#pragma once
+
+#include <CoreGraphics/CGBase.h>
+#include <CoreGraphics/CGDirectDisplay.h>
+#include <CoreGraphics/CGDisplayConfiguration.h>
+#include <CoreGraphics/CGError.h>
+#include <CoreGraphics/CGGeometry.h>

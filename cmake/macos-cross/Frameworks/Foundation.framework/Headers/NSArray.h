@@ -1,0 +1,18 @@
+#pragma once
+
+#import <Foundation/NSEnumerator.h>
+
+NS_ASSUME_NONNULL_BEGIN
+
+@interface NSArray<__covariant ObjectType> : NSObject <NSCopying, NSFastEnumeration>
+@property (readonly) NSUInteger count;
+- (ObjectType)objectAtIndexedSubscript:(NSUInteger)idx;
++ (instancetype)array;
++ (instancetype)arrayWithObjects:(const ObjectType _Nonnull[_Nonnull])objects count:(NSUInteger)cnt;
+@end
+
+@interface NSMutableArray<ObjectType> : NSArray<ObjectType>
+- (void)addObject:(ObjectType)anObject;
+@end
+
+NS_ASSUME_NONNULL_END

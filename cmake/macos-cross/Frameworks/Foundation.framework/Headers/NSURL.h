@@ -1,0 +1,13 @@
+#pragma once
+
+#import <Foundation/NSObjCRuntime.h>
+
+NS_ASSUME_NONNULL_BEGIN
+
+@interface NSURL : NSObject <NSCopying>
+@property (readonly, getter=isFileURL) BOOL fileURL;
+@property (nullable, readonly, copy) NSString* path;
++ (NSURL*)fileURLWithPath:(NSString*)path;
+@end
+
+NS_ASSUME_NONNULL_END
