@@ -8,12 +8,12 @@
 #include "Panels/DockColors.hpp"
 #include "Panels/FrameClock.hpp"
 #include "Panels/PanelSurface.hpp"
-#include "Panels/PointerTracker.hpp"
 #include "Panels/PopUpMenu.hpp"
 #include "Panels/ViewMapping.hpp"
 #include "Panels/WindowPlace.hpp"
 #include "Panels/WindowShape.hpp"
 #include "Platform/PanelWindow.hpp"
+#include "Views/PointerTracker.hpp"
 
 #include <QRegion>
 #include <QTimer>
