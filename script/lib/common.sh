@@ -28,6 +28,12 @@ step() {
     step_times+=("$(printf '%5d s  %s' $((SECONDS - started)) "$title")")
 }
 
+# Notes a step that is left out, and why.
+skip() {
+    say "Skipped: $1"
+    step_times+=("skipped  $1")
+}
+
 print_step_times() {
     say "How long each step took"
     printf '%s\n' "${step_times[@]}"

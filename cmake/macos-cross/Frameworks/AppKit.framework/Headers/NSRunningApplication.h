@@ -6,8 +6,7 @@ NS_ASSUME_NONNULL_BEGIN
 
 typedef NS_ENUM(NSInteger, NSApplicationActivationPolicy) {
     NSApplicationActivationPolicyRegular,
-    NSApplicationActivationPolicyAccessory,
-    NSApplicationActivationPolicyProhibited
+    NSApplicationActivationPolicyAccessory
 };
 
 @interface NSRunningApplication : NSObject

@@ -34,8 +34,11 @@ typedef unsigned long CFTypeID;
 typedef const void* CFTypeRef;
 typedef const struct CF_BRIDGED_TYPE(NSString) __CFString* CFStringRef;
 
+typedef const struct __CFAllocator* CFAllocatorRef;
 
 CF_EXPORT CFTypeID CFGetTypeID(CFTypeRef cf);
+CF_EXPORT CFTypeRef CFRetain(CFTypeRef cf);
+CF_EXPORT void CFRelease(CFTypeRef cf);
 
 CF_IMPLICIT_BRIDGING_DISABLED
 

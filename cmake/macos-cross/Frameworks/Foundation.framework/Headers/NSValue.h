@@ -12,6 +12,7 @@ NS_ASSUME_NONNULL_BEGIN
 @property (readonly) double doubleValue;
 @property (readonly) long long longLongValue;
 + (NSNumber*)numberWithInt:(int)value;
++ (NSNumber*)numberWithBool:(BOOL)value;
 @end
 
 NS_ASSUME_NONNULL_END

@@ -1,0 +1,34 @@
+/// The macOS platform as the executable sees it: all ports, owned in one place.
+#pragma once
+
+#include "Platform/Platform.hpp"
+
+#include <expected>
+#include <memory>
+
+namespace vireline {
+
+class HostPlatform {
+public:
+    /// An exit code. Nothing here ends the process before its start.
+    using Ended = int;
+
+    [[nodiscard]] static std::expected<std::unique_ptr<HostPlatform>, Ended> start();
+
+    HostPlatform(const HostPlatform&) = delete;
+    HostPlatform& operator=(const HostPlatform&) = delete;
+    HostPlatform(HostPlatform&&) = delete;
+    HostPlatform& operator=(HostPlatform&&) = delete;
+    ~HostPlatform();
+
+    [[nodiscard]] Platform ports();
+
+private:
+    struct Parts;
+
+    explicit HostPlatform(std::unique_ptr<Parts> parts);
+
+    std::unique_ptr<Parts> parts_;
+};
+
+}

@@ -1,0 +1,67 @@
+#include "App/HostPlatform.hpp"
+
+#include "App/AppKitApplication.hpp"
+#include "App/MacMotionSettings.hpp"
+#include "App/MacPointerSettings.hpp"
+#include "App/MainRunLoop.hpp"
+#include "Applications/MacWorkspace.hpp"
+#include "Applications/WorkspaceApplications.hpp"
+#include "Applications/WorkspaceCatalog.hpp"
+#include "Desktop/CFDockPreferences.hpp"
+#include "Displays/MacScreens.hpp"
+#include "Files/DispatchFileEvents.hpp"
+#include "Files/FoundationFileSystem.hpp"
+#include "Files/FoundationTrash.hpp"
+#include "Files/FoundationUserFolders.hpp"
+#include "Icons/WorkspaceIcons.hpp"
+#include "Panels/MacPanelWindows.hpp"
+
+#include <utility>
+
+namespace vireline {
+
+struct HostPlatform::Parts {
+    macos::AppKitApplication application;
+    macos::MainRunLoop runLoop;
+    macos::FoundationFileSystem fileSystem;
+    macos::DispatchFileEvents fileEvents;
+    macos::FoundationUserFolders userFolders;
+    macos::FoundationTrash trash;
+    macos::CFDockPreferences dockPreferences;
+    macos::WorkspaceCatalog catalog;
+    macos::WorkspaceApplications runningApplications;
+    macos::MacWorkspace workspace;
+    macos::WorkspaceIcons icons;
+    macos::MacScreens screens;
+    macos::MacPanelWindows panelWindows;
+    macos::MacPointerSettings pointerSettings;
+    macos::MacMotionSettings motionSettings;
+};
+
+std::expected<std::unique_ptr<HostPlatform>, HostPlatform::Ended> HostPlatform::start() {
+    return std::unique_ptr<HostPlatform>{new HostPlatform{std::make_unique<Parts>()}};
+}
+
+HostPlatform::HostPlatform(std::unique_ptr<Parts> parts) : parts_(std::move(parts)) {}
+
+HostPlatform::~HostPlatform() = default;
+
+Platform HostPlatform::ports() {
+    return {.application = parts_->application,
+            .runLoop = parts_->runLoop,
+            .fileSystem = parts_->fileSystem,
+            .fileEvents = parts_->fileEvents,
+            .userFolders = parts_->userFolders,
+            .trash = parts_->trash,
+            .dockPreferences = parts_->dockPreferences,
+            .catalog = parts_->catalog,
+            .runningApplications = parts_->runningApplications,
+            .workspace = parts_->workspace,
+            .icons = parts_->icons,
+            .screens = parts_->screens,
+            .panelWindows = parts_->panelWindows,
+            .pointerSettings = parts_->pointerSettings,
+            .motionSettings = parts_->motionSettings};
+}
+
+}

@@ -1,0 +1,14 @@
+/// Makes the windows of the docks.
+#pragma once
+
+#include "Platform/PanelWindow.hpp"
+
+namespace vireline::macos {
+
+class MacPanelWindows final : public PanelWindows {
+public:
+    [[nodiscard]] std::unique_ptr<PanelWindow> makePanel(std::uint32_t displayID, const Rect& frame,
+                                                         PanelWindowListener& listener) override;
+};
+
+}
