@@ -1,0 +1,14 @@
+/// Makes the docks' windows.
+#pragma once
+
+#include "Platform/PanelWindow.hpp"
+
+namespace vireline::macos {
+
+class AppKitPanelWindows final : public PanelWindows {
+public:
+    [[nodiscard]] std::unique_ptr<PanelWindow> makePanel(std::uint32_t displayID, const Rect& frame,
+                                                         PanelWindowListener& listener) override;
+};
+
+}
