@@ -147,9 +147,10 @@ void DockPanel::pointerEvent(const PointerEvent& event) {
 }
 
 void DockPanel::dragEntered(const std::vector<std::string>& urls) {
-    isDragOver_ = true;
-    comeOut();
-    hosting_.dragEntered(urls);
+    // For anything but files there is nothing to come out for.
+    isDragOver_ = hosting_.dragEntered(urls);
+    if (isDragOver_)
+        comeOut();
 }
 
 bool DockPanel::dragMoved(Point at) {

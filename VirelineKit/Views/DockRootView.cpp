@@ -299,12 +299,13 @@ std::optional<ReorderMath::Drag> DockRootView::reorderDrag() const {
                              .count = request_.pinnedCount};
 }
 
-void DockRootView::dragEntered(const std::vector<std::string>& urls) {
+bool DockRootView::dragEntered(const std::vector<std::string>& urls) {
     draggedFiles_.clear();
     for (const std::string& text : urls) {
         if (auto url = FileURL::parse(text))
             draggedFiles_.push_back(*std::move(url));
     }
+    return !draggedFiles_.empty();
 }
 
 bool DockRootView::dragMoved(Point at) {

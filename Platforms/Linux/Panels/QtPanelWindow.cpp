@@ -5,6 +5,7 @@
 #include "Panels/DesktopWatch.hpp"
 #include "Panels/DockHints.hpp"
 #include "Panels/OpaqueOutline.hpp"
+#include "Panels/PointerQuery.hpp"
 #include "Panels/SceneDamage.hpp"
 #include "Panels/ScenePainter.hpp"
 #include "X11/X11Connection.hpp"
@@ -42,6 +43,7 @@ QtPanelWindow::QtPanelWindow(const PanelContext& context, std::uint32_t displayI
                              const Rect& frame, PanelWindowListener& listener)
     : context_(context)
     , displayID_(displayID)
+    , listener_(listener)
     , pointer_(listener)
     , display_(context.screens.display(displayID).value_or(Display{}))
     , frame_(frame)
@@ -121,6 +123,8 @@ void QtPanelWindow::orderFrontRegardless() {
 void QtPanelWindow::orderOut() {
     menu_.reset();
     setVisible(false);
+    if (drops_)
+        drops_->leave();
     pointer_.hidden();
     doubt_.stop();
 }
@@ -178,6 +182,7 @@ bool QtPanelWindow::event(QEvent* event) {
             QPlatformSurfaceEvent::SurfaceCreated) {
             surfaceCreated();
         } else {
+            drops_.reset();
             place_.reset();
             shape_.reset();
             surface_.reset();
@@ -202,6 +207,15 @@ bool QtPanelWindow::event(QEvent* event) {
     return QWindow::event(event);
 }
 
+/// Of what the server sends to this window, before Qt sees it.
+bool QtPanelWindow::nativeEvent(const QByteArray& type, void* message, qintptr* /*result*/) {
+    if (type != "xcb_generic_event_t" || !drops_)
+        return false;
+    const auto& event = *static_cast<const xcb_generic_event_t*>(message);
+    return (event.response_type & 0x7fU) == XCB_CLIENT_MESSAGE &&
+           drops_->handle(reinterpret_cast<const xcb_client_message_event_t&>(event));
+}
+
 void QtPanelWindow::mouseMoveEvent(QMouseEvent* event) {
     pointer_.moved(viewPosition(event->position()));
 }
@@ -219,7 +233,8 @@ void QtPanelWindow::mousePressEvent(QMouseEvent* event) {
 
 void QtPanelWindow::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton)
-        pointer_.released(viewPosition(event->position()), takesPointer(event->position()));
+        pointer_.released(viewPosition(event->position()),
+                          takesPointer(event->position() * devicePixelRatio()));
 }
 
 /// Keys arrive only while a drag holds the keyboard.
@@ -233,6 +248,10 @@ void QtPanelWindow::surfaceCreated() {
     surface_ = std::make_unique<PanelSurface>(context_.connection, window_);
     shape_ = std::make_unique<WindowShape>(context_.connection, window_);
     place_ = std::make_unique<WindowPlace>(context_.connection, window_, displayID_);
+    drops_ =
+        std::make_unique<XdndTarget>(context_.connection, window_, listener_, [this](int x, int y) {
+            return mapping_.toView(QPointF(x, y) - QPointF(target_.x, target_.y));
+        });
     context_.connection.selectInput(window_,
                                     XCB_EVENT_MASK_EXPOSURE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     DockHints::apply(context_.connection, window_, displayID_);
@@ -357,8 +376,7 @@ Point QtPanelWindow::viewPosition(QPointF position) const {
     return mapping_.toView(position * devicePixelRatio());
 }
 
-bool QtPanelWindow::takesPointer(QPointF position) const {
-    const QPointF pixel = position * devicePixelRatio();
+bool QtPanelWindow::takesPointer(QPointF pixel) const {
     const int x = static_cast<int>(std::floor(pixel.x()));
     const int y = static_cast<int>(std::floor(pixel.y()));
     return PixelRect{0, 0, target_.width, target_.height}.contains(x, y) &&
@@ -368,23 +386,13 @@ bool QtPanelWindow::takesPointer(QPointF position) const {
 PointerTracker::Whereabouts QtPanelWindow::whereabouts() const {
     if (window_ == XCB_NONE)
         return {};
-    xcb_connection_t* const x = context_.connection.get();
-    const auto ownCookie = xcb_query_pointer(x, window_);
-    const auto rootCookie = xcb_query_pointer(x, context_.connection.root());
-    const auto treeCookie = xcb_query_tree(x, window_);
-    const Owned<xcb_query_pointer_reply_t> own{xcb_query_pointer_reply(x, ownCookie, nullptr)};
-    const Owned<xcb_query_pointer_reply_t> top{xcb_query_pointer_reply(x, rootCookie, nullptr)};
-    const Owned<xcb_query_tree_reply_t> tree{xcb_query_tree_reply(x, treeCookie, nullptr)};
-    if (!own || !top || !tree || own->same_screen == 0)
+    const auto place = PointerQuery::place(context_.connection, window_);
+    if (!place)
         return {};
-    // Another window may lie over this one there. A window manager that frames docks does so once.
-    const bool isTopmost = top->child == window_ || top->child == tree->parent;
-    const bool takes =
-        shape_ && shape_->takesPointer(own->win_x, own->win_y) &&
-        PixelRect{0, 0, target_.width, target_.height}.contains(own->win_x, own->win_y);
-    return {.isOverWindow = isTopmost && takes,
-            .isPrimaryHeld = (own->mask & XCB_BUTTON_MASK_1) != 0,
-            .position = mapping_.toView(QPointF(own->win_x, own->win_y))};
+    const QPointF pixel(place->x, place->y);
+    return {.isOverWindow = place->isUncovered && takesPointer(pixel),
+            .isPrimaryHeld = place->isPrimaryHeld,
+            .position = mapping_.toView(pixel)};
 }
 
 /// Also looked at again for as long as somebody else holds the pointer.

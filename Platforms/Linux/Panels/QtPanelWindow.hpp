@@ -6,6 +6,7 @@
 #include "Foundation/Lifetime.hpp"
 #include "Foundation/ScopedHandle.hpp"
 #include "Panels/DockColors.hpp"
+#include "Panels/Drops/XdndTarget.hpp"
 #include "Panels/FrameClock.hpp"
 #include "Panels/PanelSurface.hpp"
 #include "Panels/PointerTracker.hpp"
@@ -60,6 +61,7 @@ public:
 
 private:
     bool event(QEvent* event) override;
+    bool nativeEvent(const QByteArray& type, void* message, qintptr* result) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -86,13 +88,14 @@ private:
     [[nodiscard]] QRegion uncoveredByView() const;
     [[nodiscard]] std::vector<xcb_rectangle_t> blurRegion() const;
     [[nodiscard]] Point viewPosition(QPointF position) const;
-    [[nodiscard]] bool takesPointer(QPointF position) const;
+    [[nodiscard]] bool takesPointer(QPointF pixel) const;
     [[nodiscard]] PointerTracker::Whereabouts whereabouts() const;
     void pointerLeft();
     void menuClosed(std::optional<std::size_t> chosen, const MenuClosed& onClose);
 
     PanelContext context_;
     std::uint32_t displayID_;
+    PanelWindowListener& listener_;
     PointerTracker pointer_;
     Display display_;
     Rect frame_;
@@ -110,6 +113,7 @@ private:
     std::unique_ptr<PanelSurface> surface_;
     std::unique_ptr<WindowShape> shape_;
     std::unique_ptr<WindowPlace> place_;
+    std::unique_ptr<XdndTarget> drops_;
     QTimer doubt_;
     FrameClock frames_;
     std::unique_ptr<PopUpMenu> menu_;
