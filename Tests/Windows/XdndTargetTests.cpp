@@ -1,6 +1,6 @@
 /// What is dragged over a dock from another program, message by message.
 #include "Support/LoggedLines.hpp"
-#include "Windows/DragSource.hpp"
+#include "VirtualDesktop/DragSource.hpp"
 #include "Windows/WindowTest.hpp"
 #include "X11/SelectionTransfer.hpp"
 
@@ -9,7 +9,7 @@
 namespace vireline {
 namespace {
 
-using test::DragSource;
+using desktop::DragSource;
 using test::EventLog;
 using Status = DragSource::Status;
 using Words = std::vector<std::string>;

@@ -1,16 +1,19 @@
-#include "Windows/DragSource.hpp"
+#include "VirtualDesktop/DragSource.hpp"
 
 #include <algorithm>
 #include <array>
 #include <cstring>
 #include <utility>
 
-namespace vireline::test {
+namespace vireline::desktop {
 
 DragSource::DragSource(const std::string& display)
     : client_(display), window_(client_.createWindow({0, 0, 1, 1}, 0)) {
-    xcb_set_selection_owner(client_.get(), window_, client_.atom("XdndSelection"),
-                            XCB_CURRENT_TIME);
+    own(XCB_CURRENT_TIME);
+}
+
+void DragSource::own(xcb_timestamp_t time) {
+    xcb_set_selection_owner(client_.get(), window_, client_.atom("XdndSelection"), time);
     client_.sync();
 }
 
@@ -30,7 +33,7 @@ void DragSource::enter(xcb_window_t target, std::uint32_t version) {
          {window_, version << 24U | (hasMore ? 1U : 0U), types[0], types[1], types[2]});
 }
 
-void DragSource::move(desktop::PixelPoint root, std::string_view action) {
+void DragSource::move(PixelPoint root, std::string_view action) {
     const auto place = static_cast<std::uint32_t>(root.x << 16 | root.y);
     send("XdndPosition", {window_, 0, place, XCB_CURRENT_TIME, client_.atom(action)});
 }
@@ -56,8 +59,10 @@ void DragSource::send(std::string_view type, std::vector<std::uint32_t> data) co
     client_.sync();
 }
 
-void DragSource::work() {
+bool DragSource::work() {
+    bool hasWorked = false;
     while (const auto event = client_.pollEvent()) {
+        hasWorked = true;
         switch (event->response_type & 0x7f) {
         case XCB_SELECTION_REQUEST:
             serve(reinterpret_cast<const xcb_selection_request_event_t&>(*event));
@@ -76,6 +81,7 @@ void DragSource::work() {
             break;
         }
     }
+    return hasWorked;
 }
 
 void DragSource::serve(const xcb_selection_request_event_t& request) {
@@ -143,7 +149,7 @@ void DragSource::hear(const xcb_client_message_event_t& message) {
 }
 
 std::string DragSource::nameOf(xcb_atom_t atom) const {
-    const desktop::Owned<xcb_get_atom_name_reply_t> reply{
+    const Owned<xcb_get_atom_name_reply_t> reply{
         xcb_get_atom_name_reply(client_.get(), xcb_get_atom_name(client_.get(), atom), nullptr)};
     if (!reply)
         return {};

@@ -10,9 +10,10 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
-namespace vireline::test {
+namespace vireline::desktop {
 
 class DragSource {
 public:
@@ -28,13 +29,17 @@ public:
     /// What it answers when asked for its content in a form.
     enum class Answer { content, inPieces, nothing, refusal, numbers, vanished };
 
+    [[nodiscard]] const XClient& client() const noexcept { return client_; }
+
+    /// Says that it is what is dragged now.
+    void own(xcb_timestamp_t time);
     void enter(xcb_window_t target, std::uint32_t version = 5);
-    void move(desktop::PixelPoint root, std::string_view action = "XdndActionCopy");
+    void move(PixelPoint root, std::string_view action = "XdndActionCopy");
     void leave();
     void drop();
 
-    /// Does what the messages that have come ask for.
-    void work();
+    /// Does what the messages that have come ask for; whether there were any.
+    bool work();
 
     /// The content by its form.
     std::map<std::string, std::string> contents;
@@ -44,6 +49,8 @@ public:
     std::vector<std::string> actions;
 
     std::vector<Status> statuses;
+    /// Those that came since the last time.
+    [[nodiscard]] std::vector<Status> takeStatuses() { return std::exchange(statuses, {}); }
     /// Set when the target says that it is done with the drop.
     std::optional<Status> finished;
     /// How often the content was asked for.
@@ -65,7 +72,7 @@ private:
     void hear(const xcb_client_message_event_t& message);
     [[nodiscard]] std::string nameOf(xcb_atom_t atom) const;
 
-    desktop::XClient client_;
+    XClient client_;
     xcb_window_t window_;
     xcb_window_t target_ = XCB_NONE;
     std::optional<Pieces> pieces_;
