@@ -1,4 +1,5 @@
 /// Files that are dragged from another program's window and dropped on a dock.
+#include "AnswerTimes.hpp"
 #include "DesktopTest.hpp"
 #include "FileDrag.hpp"
 #include "VirtualDesktop/DragSource.hpp"
@@ -109,6 +110,39 @@ TEST_F(Drop, OnTrashGoesOnAfterAFailure) {
     EXPECT_TRUE(logs("trashed third"));
     EXPECT_EQ(desktop().log().count("trashed first"), 1);
     EXPECT_EQ(desktop().log().count("trash failed for missing: "), 1);
+}
+
+TEST_F(Drop, OfSevenThousandFilesOnTrashLeavesTheDockAnswering) {
+    constexpr int count = 7000;
+    run();
+    std::vector<fs::path> files;
+    fs::create_directory(desktop().home().folder() / "many");
+    for (int i = 0; i < count; ++i)
+        files.push_back(makeFile("many/file " + std::to_string(i)));
+    AnswerTimes answers{desktop().display(),
+                        desktop().docks().on(desktop().displayIDOf("right")).window,
+                        desktop().vireline().pid()};
+    auto slowest = answers.ask();
+    const auto ask = [&] { slowest = std::max(slowest, answers.ask()); };
+
+    FileDrag drag{desktop(), {urlList(files)}};
+    EXPECT_EQ(drag.moveTo(tile(trash)), "accepted XdndActionCopy");
+    ask();
+    EXPECT_EQ(drag.drop(), taken);
+    constexpr std::chrono::seconds whileBusy{90};
+    EXPECT_TRUE(eventually(
+        [&] {
+            ask();
+            return fs::is_empty(desktop().home().folder() / "many");
+        },
+        whileBusy));
+
+    EXPECT_TRUE(logs("trashed file ", count));
+    EXPECT_EQ(desktop().log().count("trashed file "), count);
+    EXPECT_EQ(desktop().log().count("trash failed"), 0);
+    constexpr AnswerTimes::Milliseconds limit{50};
+    EXPECT_LE(slowest, limit) << slowest.count();
+    RecordProperty("slowest answer in ms", std::to_string(slowest.count()));
 }
 
 TEST_F(Drop, OnDownloadsFallsThroughToTheStrip) {

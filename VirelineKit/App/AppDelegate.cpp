@@ -23,7 +23,7 @@ AppDelegate::AppDelegate(const Platform& platform)
     , icons_(platform.icons)
     , monitor_(platform.runningApplications)
     , activator_(platform.runningApplications, platform.workspace)
-    , trashService_(platform.trash, platform.userFolders)
+    , trashService_(platform.trash, platform.userFolders, platform.runLoop)
     , store_(platform.fileSystem, platform.userFolders)
     , resolver_(store_, platform)
     , coordinator_(makeViewContext(), platform.screens, platform.panelWindows) {
