@@ -15,11 +15,13 @@ std::optional<PointerPlace> PointerQuery::place(const X11Connection& connection,
     const Owned<xcb_query_tree_reply_t> tree{xcb_query_tree_reply(x, treeCookie, nullptr)};
     if (!own || !top || !tree || own->same_screen == 0)
         return std::nullopt;
+    constexpr std::uint32_t anyButton = XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3;
     // A window manager that frames docks does so once.
     return PointerPlace{.x = own->win_x,
                         .y = own->win_y,
                         .isUncovered = top->child == window || top->child == tree->parent,
-                        .isPrimaryHeld = (own->mask & XCB_BUTTON_MASK_1) != 0};
+                        .isPrimaryHeld = (own->mask & XCB_BUTTON_MASK_1) != 0,
+                        .isAnyHeld = (own->mask & anyButton) != 0};
 }
 
 }

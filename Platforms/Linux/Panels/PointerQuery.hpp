@@ -17,6 +17,7 @@ struct PointerPlace {
     /// No window of another client lies between, as far as that can be told.
     bool isUncovered = false;
     bool isPrimaryHeld = false;
+    bool isAnyHeld = false;
 };
 
 namespace PointerQuery {

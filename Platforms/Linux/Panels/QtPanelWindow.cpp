@@ -191,7 +191,8 @@ bool QtPanelWindow::event(QEvent* event) {
         break;
     case QEvent::Enter: {
         const QPointF position = static_cast<QEnterEvent*>(event)->position();
-        pointer_.entered(viewPosition(position));
+        const auto place = PointerQuery::place(context_.connection, window_);
+        pointer_.entered(viewPosition(position), place && place->isAnyHeld);
         break;
     }
     case QEvent::Leave:
