@@ -84,6 +84,7 @@ private:
 
     void invalidate();
     void layoutIfNeeded();
+    [[nodiscard]] bool canHold(const Press& press);
     [[nodiscard]] StripLayout::Request layoutRequest() const;
     [[nodiscard]] TileLook lookOf(const DockTile& tile, int index) const;
     [[nodiscard]] std::optional<std::string> labelText() const;
