@@ -1,14 +1,14 @@
 /// Which pixels differ between two scenes.
 #pragma once
 
+#include "Panels/Damage.hpp"
 #include "Panels/ViewMapping.hpp"
 #include "Views/Scene.hpp"
 
-#include <QRegion>
-
 namespace vireline::x11::SceneDamage {
 
-/// What has to be painted again to get from one to the other; nothing for equal ones.
-[[nodiscard]] QRegion between(const Scene& before, const Scene& after, const ViewMapping& mapping);
+/// Adds what has to be painted again to get from one to the other; nothing for scenes that look the
+/// same.
+void add(Damage& damage, const Scene& before, const Scene& after, const ViewMapping& mapping);
 
 }

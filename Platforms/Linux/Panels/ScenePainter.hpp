@@ -1,25 +1,37 @@
 /// Paints a scene's few kinds of nodes. Nothing else on this platform looks at a node's kind to
-/// draw it.
+/// draw it. Keeps pictures of what is drawn alike from frame to frame.
 #pragma once
 
 #include "Panels/DockColors.hpp"
+#include "Panels/Glass.hpp"
+#include "Panels/LabelPainter.hpp"
+#include "Panels/SmoothScaler.hpp"
 #include "Panels/ViewMapping.hpp"
 #include "Views/Scene.hpp"
 
-#include <QPainter>
+#include <QImage>
 #include <QPainterPath>
+#include <QRect>
+#include <span>
 #include <vector>
 
-namespace vireline::x11::ScenePainter {
+namespace vireline::x11 {
 
-/// Paints all nodes that `damage` touches, back to front, over what is there. The painter is in
-/// device pixels, without a transformation.
-void paint(QPainter& painter, const Scene& scene, const ViewMapping& mapping,
-           const DockColors& colors, const QRect& damage);
+class ScenePainter {
+public:
+    /// Paints what of the scene lies in one of the rectangles, over what is on the canvas.
+    void paint(QImage& canvas, const Scene& scene, const ViewMapping& mapping,
+               const DockColors& colors, std::span<const QRect> damage);
 
-/// The outlines of the scene's glass, the label's included, in pixels: what a compositor may blur
-/// the background of.
-[[nodiscard]] std::vector<QPainterPath> glassOutlines(const Scene& scene,
-                                                      const ViewMapping& mapping);
+    /// The outlines of the scene's glass, the label's included, in pixels: what a compositor may
+    /// blur the background of.
+    [[nodiscard]] static std::vector<QPainterPath> glassOutlines(const Scene& scene,
+                                                                 const ViewMapping& mapping);
+
+private:
+    GlassPainter glass_;
+    LabelPainter label_;
+    SmoothScaler scaler_;
+};
 
 }

@@ -1,0 +1,50 @@
+/// Draws pictures at any size and any broken pixel, as icons that grow and move need it: between
+/// four pixels of the picture for each one drawn, with soft edges. Qt draws the same, but sets
+/// several threads to work on every icon, which takes longer than the drawing.
+#pragma once
+
+#include <QImage>
+#include <QRect>
+#include <QRectF>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace vireline::x11 {
+
+class SmoothScaler {
+public:
+    /// Lays `picture` over what is on the canvas, in `rect`, but only inside of `clip`, which lies
+    /// on the canvas. `alpha` is of 255. Both images have premultiplied colours; the picture should
+    /// be no more than about twice as large as `rect`.
+    void draw(QImage& canvas, const QImage& picture, const QRectF& rect, int alpha,
+              const QRect& clip);
+
+private:
+    /// The four channels of a pixel, 16 bits apart, so that one operation does for all.
+    using Channels = std::uint64_t;
+
+    /// Where one row or column of the canvas takes its pixels from.
+    struct Tap {
+        int first = 0;
+        int second = 0;
+        /// The second one's, of 256.
+        unsigned weight = 0;
+        /// How much of it the picture covers, of 256.
+        unsigned coverage = 0;
+    };
+
+    static void findTaps(std::vector<Tap>& taps, int begin, int end, double start, double length,
+                         int side);
+    void mixRows(std::span<const std::uint32_t> first, std::span<const std::uint32_t> second,
+                 unsigned weight);
+    void drawRow(std::span<std::uint32_t> target, unsigned cover) const;
+
+    // Kept to spare allocations: they are filled for every icon of every frame.
+    std::vector<Tap> columns_;
+    std::vector<Tap> rows_;
+    /// One row of the picture at its own width.
+    std::vector<Channels> line_;
+};
+
+}
