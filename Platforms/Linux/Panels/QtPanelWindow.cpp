@@ -114,6 +114,8 @@ void QtPanelWindow::orderFrontRegardless() {
 void QtPanelWindow::orderOut() {
     menu_.reset();
     setVisible(false);
+    if (sampler_)
+        sampler_->stop();
     pointer_.hidden();
     doubt_.stop();
 }
@@ -173,6 +175,7 @@ bool QtPanelWindow::event(QEvent* event) {
             if (picture_)
                 scene_ = picture_->scene();
             picture_.reset();
+            sampler_.reset();
             window_ = XCB_NONE;
         }
         break;
@@ -195,7 +198,13 @@ bool QtPanelWindow::event(QEvent* event) {
 }
 
 void QtPanelWindow::mouseMoveEvent(QMouseEvent* event) {
+    if (sampler_ && sampler_->isSampling())
+        return;
     pointer_.moved(viewPosition(event->position()));
+    if (sampler_) {
+        sampler_->start();
+        requestTick();
+    }
 }
 
 void QtPanelWindow::mousePressEvent(QMouseEvent* event) {
@@ -225,6 +234,7 @@ void QtPanelWindow::surfaceCreated() {
     picture_ = std::make_unique<PanelPicture>(context_.connection, window_, context_.desktop,
                                               context_.appearance);
     picture_->setScene(scene_);
+    sampler_ = std::make_unique<PointerSampler>(context_.connection, window_);
     place_ = std::make_unique<WindowPlace>(context_.connection, window_, displayID_);
     context_.connection.selectInput(window_,
                                     XCB_EVENT_MASK_EXPOSURE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
@@ -234,7 +244,7 @@ void QtPanelWindow::surfaceCreated() {
 
 /// Everything that changes within one turn of the loop is shown at once.
 void QtPanelWindow::updateSoon() {
-    if (std::exchange(updateIsDue_, true))
+    if (std::exchange(updateIsDue_, true) || isInFrame_)
         return;
     QMetaObject::invokeMethod(this, lifetime_.guard([this] { update(); }), Qt::QueuedConnection);
 }
@@ -251,8 +261,24 @@ void QtPanelWindow::update() {
 
 /// What is presented for a frame is shown in that frame.
 void QtPanelWindow::showFrame() {
-    listener_.frameDue();
+    samplePointer();
+    if (std::exchange(isFrameAsked_, false)) {
+        isInFrame_ = true;
+        listener_.frameDue();
+        isInFrame_ = false;
+    }
     update();
+    if (sampler_ && sampler_->isSampling())
+        requestTick();
+}
+
+void QtPanelWindow::samplePointer() {
+    if (!sampler_ || !sampler_->isSampling())
+        return;
+    const auto pixel = sampler_->sample();
+    picture_->serverHasCaughtUp();
+    if (pixel)
+        pointer_.moved(mapping_.toView(*pixel));
 }
 
 void QtPanelWindow::relayout() {
@@ -296,6 +322,8 @@ PointerTracker::Whereabouts QtPanelWindow::whereabouts() const {
 
 /// Also looked at again for as long as somebody else holds the pointer.
 void QtPanelWindow::pointerLeft() {
+    if (sampler_)
+        sampler_->stop();
     pointer_.left(whereabouts());
     if (pointer_.isInDoubt()) {
         doubt_.start();
@@ -305,6 +333,11 @@ void QtPanelWindow::pointerLeft() {
 }
 
 void QtPanelWindow::requestFrame() {
+    isFrameAsked_ = true;
+    requestTick();
+}
+
+void QtPanelWindow::requestTick() {
     if (const QScreen* const shownOn = screen())
         frames_.setRefreshRate(shownOn->refreshRate());
     frames_.request();

@@ -7,6 +7,7 @@
 #include "Foundation/ScopedHandle.hpp"
 #include "Panels/FrameClock.hpp"
 #include "Panels/PanelPicture.hpp"
+#include "Panels/PointerSampler.hpp"
 #include "Panels/PointerTracker.hpp"
 #include "Panels/PopUpMenu.hpp"
 #include "Panels/ViewMapping.hpp"
@@ -71,7 +72,9 @@ private:
     void updateSoon();
     void update();
     void relayout();
+    void requestTick();
     void showFrame();
+    void samplePointer();
 
     [[nodiscard]] Point viewPosition(QPointF position) const;
     [[nodiscard]] bool takesPointer(QPointF position) const;
@@ -92,9 +95,12 @@ private:
     /// What to show once there is an X window.
     Scene scene_;
     bool updateIsDue_ = false;
+    bool isFrameAsked_ = false;
+    bool isInFrame_ = false;
     /// The X window of the moment; Qt makes another one when it loses the screen.
     xcb_window_t window_ = XCB_NONE;
     std::unique_ptr<PanelPicture> picture_;
+    std::unique_ptr<PointerSampler> sampler_;
     std::unique_ptr<WindowPlace> place_;
     QTimer doubt_;
     std::unique_ptr<PopUpMenu> menu_;
