@@ -6,6 +6,7 @@
 #include "VirtualDesktop/Waiting.hpp"
 #include "VirtualDesktop/Wallpaper.hpp"
 
+#include <fstream>
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
@@ -140,6 +141,17 @@ PixelPoint place(const Subject& subject, int step) {
             subject.from.y};
 }
 
+double schedMs(pid_t pid) {
+    double total = 0;
+    for (auto& t : std::filesystem::directory_iterator{"/proc/" + std::to_string(pid) + "/task"}) {
+        std::ifstream f{t.path() / "schedstat"};
+        double ns = 0;
+        f >> ns;
+        total += ns / 1e6;
+    }
+    return total;
+}
+
 Figures sweep(VirtualDesktop& desktop, const Subject& subject) {
     const PixelPoint away{subject.from.x, subject.from.y - 500};
     const auto pointer = desktop.pointer();
@@ -147,7 +159,7 @@ Figures sweep(VirtualDesktop& desktop, const Subject& subject) {
     if (!comesToRest(subject.pid, 1s))
         std::cout << subject.name << " does not come to rest\n";
 
-    const auto before = processorTime(subject.pid); const long sw = contextSwitches(subject.pid);
+    const auto before = processorTime(subject.pid); const double sched = schedMs(subject.pid); const long sw = contextSwitches(subject.pid);
     auto next = Clock::now();
     for (int step = 0; step < steps; ++step) {
         std::this_thread::sleep_until(next += pace);
@@ -156,6 +168,7 @@ Figures sweep(VirtualDesktop& desktop, const Subject& subject) {
     Figures figures;
     figures.milliseconds = (processorTime(subject.pid) - before).count();
 
+    std::cout << "ms " << (processorTime(subject.pid) - before).count() << " sched " << schedMs(subject.pid) - sched << std::endl;
     std::cout << "switches " << contextSwitches(subject.pid) - sw << std::endl;
     pointer.moveTo(away);
     // Longer than any animation takes that the pointer leaves behind.

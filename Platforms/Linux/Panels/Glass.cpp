@@ -1,5 +1,7 @@
 #include "Panels/Glass.hpp"
 
+#include "Panels/Pixels.hpp"
+
 #include <QLinearGradient>
 #include <algorithm>
 #include <cmath>
@@ -9,6 +11,7 @@ namespace {
 
 /// How much of the middle is drawn at once; pixels.
 constexpr int pieceWidth = 128;
+constexpr int opaque = 255;
 
 /// A line of whole pixels along the inside of the rectangle, `inset` pixels from its edge.
 void drawRing(QPainter& painter, const QRectF& rect, double radius, double inset, double width,
@@ -45,22 +48,28 @@ void Glass::draw(QPainter& painter, const QRect& rect, const GlassLook& look) {
              downwards(area, look.highlightTop, look.highlightBottom));
 }
 
-void GlassPainter::draw(QPainter& painter, const QRect& rect, const GlassLook& look) {
+void GlassPainter::draw(QImage& canvas, const QRect& rect, const GlassLook& look, int alpha,
+                        const QRect& clip) {
     const int end = static_cast<int>(std::ceil(look.radius)) + 1;
     const int longest = 2 * end + pieceWidth;
     const QSize size{std::min(rect.width(), longest), rect.height()};
     if (picture_.size() != size || look_ != look)
         render(size, look);
-    if (size.width() < longest)
-        return painter.drawImage(rect.topLeft(), picture_);
-    const auto drawPart = [&](int x, int width, int from) {
-        painter.drawImage(QPoint{x, rect.top()}, picture_, QRect{from, 0, width, rect.height()});
+    const auto draw = [&](int x, int width, int from) {
+        const Pixels::Piece piece{picture_, {from, 0, width, rect.height()}, {x, rect.top()}};
+        if (alpha == opaque) {
+            Pixels::put(canvas, piece, clip);
+        } else {
+            Pixels::lay(canvas, piece, alpha, clip);
+        }
     };
+    if (size.width() < longest)
+        return draw(rect.left(), size.width(), 0);
     const int farEnd = rect.left() + rect.width() - end;
-    drawPart(rect.left(), end, 0);
+    draw(rect.left(), end, 0);
     for (int x = rect.left() + end; x < farEnd; x += pieceWidth)
-        drawPart(x, std::min(pieceWidth, farEnd - x), end);
-    drawPart(farEnd, end, end + pieceWidth);
+        draw(x, std::min(pieceWidth, farEnd - x), end);
+    draw(farEnd, end, end + pieceWidth);
 }
 
 void GlassPainter::render(QSize size, const GlassLook& look) {

@@ -36,7 +36,9 @@ void draw(QPainter& painter, const QRect& rect, const GlassLook& look);
 /// Draws glass again and again, of a length that changes all the time, from one picture.
 class GlassPainter {
 public:
-    void draw(QPainter& painter, const QRect& rect, const GlassLook& look);
+    /// `alpha` is of 255. Glass that has not faded replaces what is below it, which is nothing.
+    void draw(QImage& canvas, const QRect& rect, const GlassLook& look, int alpha,
+              const QRect& clip);
 
 private:
     void render(QSize size, const GlassLook& look);

@@ -1,9 +1,12 @@
 #include "Panels/LabelPainter.hpp"
 
 #include "Panels/Glass.hpp"
+#include "Panels/Pixels.hpp"
 
 #include <QFontMetricsF>
 #include <QGuiApplication>
+#include <QPainter>
+#include <QString>
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -51,17 +54,24 @@ QImage render(const Layout& layout, const PlacedNode& place, const DockColors& c
 
 }
 
-void LabelPainter::draw(QPainter& painter, const LabelNode& label, const PlacedNode& place,
-                        const DockColors& colors) {
-    Key key{label, place.rect.size(), place.scale, colors, QGuiApplication::font()};
-    if (picture_.isNull() || key != key_) {
-        picture_ = render(layOut(label, place), place, colors);
-        key_ = std::move(key);
-    }
+void LabelPainter::draw(QImage& canvas, const LabelNode& label, const PlacedNode& place,
+                        const DockColors& colors, const QRect& clip) {
+    const QImage& shown = picture(
+        {label, place.rect.size(), place.scale, colors, QGuiApplication::font()}, place);
     const QPointF corner =
-        place.rect.center() - QPointF(picture_.width() / 2.0, picture_.height() / 2.0);
-    painter.drawImage(ViewMappings::snappedAsWhole({corner, QSizeF(picture_.size())}).topLeft(),
-                      picture_);
+        place.rect.center() - QPointF(shown.width() / 2.0, shown.height() / 2.0);
+    const QRect area = ViewMappings::snappedAsWhole({corner, QSizeF(shown.size())});
+    Pixels::lay(canvas, Pixels::pieceOf(shown, area.topLeft()), place.alpha, clip);
+}
+
+const QImage& LabelPainter::picture(Key key, const PlacedNode& place) {
+    const auto known = std::ranges::find(entries_, key, &Entry::key);
+    if (known != entries_.end())
+        return known->picture;
+    if (entries_.size() == most)
+        entries_.erase(entries_.begin());
+    QImage rendered = render(layOut(key.label, place), place, key.colors);
+    return entries_.emplace_back(std::move(key), std::move(rendered)).picture;
 }
 
 QRect LabelPainter::capsule(const LabelNode& label, const PlacedNode& place) {

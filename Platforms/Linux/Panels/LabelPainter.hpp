@@ -8,15 +8,15 @@
 
 #include <QFont>
 #include <QImage>
-#include <QPainter>
-#include <QString>
+#include <QRect>
+#include <vector>
 
 namespace vireline::x11 {
 
 class LabelPainter {
 public:
-    void draw(QPainter& painter, const LabelNode& label, const PlacedNode& place,
-              const DockColors& colors);
+    void draw(QImage& canvas, const LabelNode& label, const PlacedNode& place,
+              const DockColors& colors, const QRect& clip);
 
     /// Where the capsule lies; whole pixels.
     [[nodiscard]] static QRect capsule(const LabelNode& label, const PlacedNode& place);
@@ -32,8 +32,17 @@ private:
         bool operator==(const Key&) const = default;
     };
 
-    Key key_;
-    QImage picture_;
+    struct Entry {
+        Key key;
+        QImage picture;
+    };
+
+    [[nodiscard]] const QImage& picture(Key key, const PlacedNode& place);
+
+    /// As many as a pointer sweeps over in one go; the latest last.
+    static constexpr std::size_t most = 24;
+
+    std::vector<Entry> entries_;
 };
 
 }

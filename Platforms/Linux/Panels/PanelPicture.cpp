@@ -3,6 +3,7 @@
 #include "Panels/Appearance.hpp"
 #include "Panels/DesktopWatch.hpp"
 #include "Panels/OpaqueOutline.hpp"
+#include "Panels/Pixels.hpp"
 #include "Panels/SceneDamage.hpp"
 #include "X11/X11Connection.hpp"
 
@@ -16,13 +17,6 @@ namespace {
 xcb_rectangle_t xcbRectangle(const QRect& rect) {
     return {static_cast<std::int16_t>(rect.x()), static_cast<std::int16_t>(rect.y()),
             static_cast<std::uint16_t>(rect.width()), static_cast<std::uint16_t>(rect.height())};
-}
-
-void fill(QImage& canvas, const QRect& rect, const QColor& colour) {
-    const QRect area = rect & canvas.rect();
-    const QRgb pixel = qPremultiply(colour.rgba());
-    for (int y = area.top(); y <= area.bottom(); ++y)
-        std::fill_n(reinterpret_cast<QRgb*>(canvas.scanLine(y)) + area.left(), area.width(), pixel);
 }
 
 }
@@ -75,13 +69,11 @@ Damage PanelPicture::paint() {
     surface_.resize(layout_.window);
     QImage& canvas = surface_.canvas();
     const DockColors used = colors();
-    for (const QRect& rect : damage.rects())
-        fill(canvas, rect, Qt::transparent);
+    painter_.paint(canvas, scene_, layout_.mapping, used, damage.rects());
     if (backdrop() == Backdrop::opaque) {
         for (const QRect& gap : uncoveredByView())
-            fill(canvas, gap, used.glassBottom);
+            Pixels::fill(canvas, gap, used.glassBottom.rgba());
     }
-    painter_.paint(canvas, scene_, layout_.mapping, used, damage.rects());
     return damage;
 }
 

@@ -1,6 +1,7 @@
 #include "Panels/ScenePainter.hpp"
 
 #include "Icons/RasterImage.hpp"
+#include "Panels/Pixels.hpp"
 
 #include <algorithm>
 
@@ -9,19 +10,17 @@ namespace {
 
 /// One node's content, drawn where the node is placed.
 struct NodePainter {
-    QPainter& painter;
     QImage& canvas;
     const QRect& clip;
     const PlacedNode& place;
     double pixelsPerPoint;
     const DockColors& colors;
-    GlassPainter& glasses;
-    LabelPainter& labels;
-    SmoothScaler& scaler;
+    ScenePainter::Cache& cache;
 
     void operator()(const GlassNode& glass) const {
-        glasses.draw(painter, place.rect.toRect(),
-                     colors.glass(glass.cornerRadius * place.scale, place.scale));
+        cache.glass.draw(canvas, place.rect.toRect(),
+                         colors.glass(glass.cornerRadius * place.scale, place.scale), place.alpha,
+                         clip);
     }
 
     /// A sharp one is drawn one to one; any other comes from a larger picture.
@@ -31,51 +30,72 @@ struct NodePainter {
             return;
         if (place.isSharp) {
             const QRect whole = place.rect.toRect();
-            painter.drawImage(whole.topLeft(), image->exact(whole.width()));
+            Pixels::lay(canvas, Pixels::pieceOf(image->exact(whole.width()), whole.topLeft()),
+                        place.alpha, clip);
             return;
         }
         const double side = std::max(place.rect.width(), place.rect.height());
-        scaler.draw(canvas, image->forScaling(side, node.largestSide * pixelsPerPoint),
-                    place.rect, place.alpha, clip);
+        cache.scaler.draw(canvas, image->forScaling(side, node.largestSide * pixelsPerPoint),
+                          place.rect, place.alpha, clip);
     }
 
-    void operator()(const DotNode& /*dot*/) const {
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(colors.dot);
-        painter.drawEllipse(place.rect);
-    }
+    void operator()(const DotNode& /*dot*/) const { drawShape(place.rect.width(), colors.dot); }
 
     void operator()(const SeparatorNode& separator) const {
-        painter.fillPath(Glass::roundedPath(place.rect, separator.cornerRadius * place.scale),
-                         colors.separator);
+        drawShape(separator.cornerRadius * place.scale, colors.separator);
     }
 
-    void operator()(const LabelNode& label) const { labels.draw(painter, label, place, colors); }
+    void operator()(const LabelNode& label) const {
+        cache.label.draw(canvas, label, place, colors, clip);
+    }
 
     void operator()(const HandleNode& /*handle*/) const {
-        painter.fillPath(
-            Glass::roundedPath(place.rect, place.rect.height() + place.rect.width()),
-            colors.handle);
+        drawShape(place.rect.height() + place.rect.width(), colors.handle);
+    }
+
+    void drawShape(double radius, const QColor& colour) const {
+        const QRect whole = place.rect.toRect();
+        const QImage& picture = cache.shapes.picture({whole.size(), radius, colour});
+        Pixels::lay(canvas, Pixels::pieceOf(picture, whole.topLeft()), place.alpha, clip);
     }
 };
+
+/// What of the rectangle the glass at the bottom of the scene does not replace.
+void clear(QImage& canvas, const QRect& rect, const Scene& scene, const ViewMapping& mapping) {
+    QRect replaced;
+    if (!scene.nodes.empty() && std::holds_alternative<GlassNode>(scene.nodes.front().content)) {
+        const PlacedNode glass = ViewMappings::placed(scene.nodes.front(), mapping);
+        if (glass.alpha == 255)
+            replaced = glass.rect.toRect() & rect;
+    }
+    if (replaced.isEmpty())
+        return Pixels::fill(canvas, rect, 0);
+    const QPoint corner = rect.bottomRight();
+    Pixels::fill(canvas, {rect.topLeft(), QPoint{corner.x(), replaced.top() - 1}}, 0);
+    Pixels::fill(canvas, {QPoint{rect.left(), replaced.bottom() + 1}, corner}, 0);
+    Pixels::fill(canvas,
+                 {QPoint{rect.left(), replaced.top()},
+                  QPoint{replaced.left() - 1, replaced.bottom()}},
+                 0);
+    Pixels::fill(canvas,
+                 {QPoint{replaced.right() + 1, replaced.top()},
+                  QPoint{corner.x(), replaced.bottom()}},
+                 0);
+}
 
 }
 
 void ScenePainter::paint(QImage& canvas, const Scene& scene, const ViewMapping& mapping,
                          const DockColors& colors, std::span<const QRect> damage) {
-    QPainter painter{&canvas};
-    painter.setRenderHint(QPainter::Antialiasing);
     for (const QRect& rect : damage) {
         const QRect clip = rect & canvas.rect();
-        painter.setClipRect(clip);
+        clear(canvas, clip, scene, mapping);
         for (const SceneNode& node : scene.nodes) {
             const PlacedNode place = ViewMappings::placed(node, mapping);
             if (place.alpha == 0 || !place.touched().intersects(clip))
                 continue;
-            painter.setOpacity(place.alpha / 255.0);
-            std::visit(
-                NodePainter{painter, canvas, clip, place, mapping.scale, colors, glass_, label_, scaler_},
-                node.content);
+            std::visit(NodePainter{canvas, clip, place, mapping.scale, colors, cache_},
+                       node.content);
         }
     }
 }

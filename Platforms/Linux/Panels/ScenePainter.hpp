@@ -5,6 +5,7 @@
 #include "Panels/DockColors.hpp"
 #include "Panels/Glass.hpp"
 #include "Panels/LabelPainter.hpp"
+#include "Panels/RoundedShapes.hpp"
 #include "Panels/SmoothScaler.hpp"
 #include "Panels/ViewMapping.hpp"
 #include "Views/Scene.hpp"
@@ -19,7 +20,15 @@ namespace vireline::x11 {
 
 class ScenePainter {
 public:
-    /// Paints what of the scene lies in one of the rectangles, over what is on the canvas.
+    /// What is kept from frame to frame.
+    struct Cache {
+        GlassPainter glass;
+        LabelPainter label;
+        RoundedShapes shapes;
+        SmoothScaler scaler;
+    };
+
+    /// Paints what of the scene lies in one of the rectangles, in place of what is on the canvas.
     void paint(QImage& canvas, const Scene& scene, const ViewMapping& mapping,
                const DockColors& colors, std::span<const QRect> damage);
 
@@ -29,9 +38,7 @@ public:
                                                                  const ViewMapping& mapping);
 
 private:
-    GlassPainter glass_;
-    LabelPainter label_;
-    SmoothScaler scaler_;
+    Cache cache_;
 };
 
 }

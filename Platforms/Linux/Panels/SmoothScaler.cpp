@@ -1,44 +1,17 @@
 #include "Panels/SmoothScaler.hpp"
 
+#include "Panels/PixelPair.hpp"
+
 #include <algorithm>
+#include <array>
 #include <cmath>
-#include <cstdint>
+#include <cstring>
 
 namespace vireline::x11 {
 namespace {
 
-using Channels = std::uint64_t;
-
-constexpr Channels lowBytes = 0x00ff00ff00ff00ffU;
-constexpr unsigned whole = 256;
-
-constexpr Channels spread(std::uint32_t pixel) {
-    return (pixel | Channels{pixel} << 24U) & lowBytes;
-}
-
-constexpr std::uint32_t gathered(Channels channels) {
-    return static_cast<std::uint32_t>(channels | channels >> 24U);
-}
-
-/// Between two pixels; `weight` is the second one's, of 256.
-constexpr Channels between(Channels first, Channels second, unsigned weight) {
-    return ((first * (whole - weight) + second * weight) >> 8U) & lowBytes;
-}
-
-constexpr Channels faded(Channels channels, unsigned weight) {
-    return ((channels * weight) >> 8U) & lowBytes;
-}
-
-/// A premultiplied pixel over another; divides by 255 as exactly as rounding can.
-constexpr std::uint32_t over(Channels pixel, std::uint32_t below) {
-    const auto alpha = static_cast<unsigned>(pixel >> 48U);
-    constexpr Channels halves = 0x0080008000800080U;
-    const Channels shining = spread(below) * (255 - alpha) + halves;
-    return gathered(pixel + (((shining + ((shining >> 8U) & lowBytes)) >> 8U) & lowBytes));
-}
-
-std::span<const std::uint32_t> row(const QImage& image, int y) {
-    return {reinterpret_cast<const std::uint32_t*>(image.constScanLine(y)),
+std::span<const std::uint32_t> row(const QImage& image, std::uint32_t y) {
+    return {reinterpret_cast<const std::uint32_t*>(image.constScanLine(static_cast<int>(y))),
             static_cast<std::size_t>(image.width())};
 }
 
@@ -52,35 +25,72 @@ void SmoothScaler::findTaps(std::vector<Tap>& taps, int begin, int end, double s
     taps.clear();
     for (int pixel = begin; pixel < end; ++pixel) {
         const double source = std::clamp((pixel + 0.5 - start) * ratio - 0.5, 0.0, side - 1.0);
-        const int first = static_cast<int>(source);
+        const auto first = static_cast<std::uint32_t>(source);
         const double covered =
             std::min(pixel + 1.0, start + length) - std::max<double>(pixel, start);
-        taps.push_back({first, std::min(first + 1, side - 1),
-                        static_cast<unsigned>((source - first) * whole),
-                        static_cast<unsigned>(std::clamp(covered, 0.0, 1.0) * whole + 0.5)});
+        const auto weight = static_cast<std::uint16_t>((source - first) * PixelPairs::whole);
+        taps.push_back({.first = first,
+                        .second = std::min(first + 1, static_cast<std::uint32_t>(side - 1)),
+                        .weights = PixelPairs::everywhere(weight),
+                        .coverage = static_cast<std::uint16_t>(
+                            std::clamp(covered, 0.0, 1.0) * PixelPairs::whole + 0.5)});
     }
 }
 
+/// A line has an even number of pixels; what is beyond a picture's last one does not count.
 void SmoothScaler::mixRows(std::span<const std::uint32_t> first,
-                           std::span<const std::uint32_t> second, unsigned weight) {
-    for (std::size_t x = 0; x < line_.size(); ++x)
-        line_[x] = between(spread(first[x]), spread(second[x]), weight);
+                           std::span<const std::uint32_t> second,
+                           PixelPairs::Channels weight) {
+    const PixelPair weights = PixelPairs::of(weight, weight);
+    std::size_t x = 0;
+    for (; x + 1 < first.size(); x += 2) {
+        const PixelPair pair = PixelPairs::between(PixelPairs::load(first.data() + x),
+                                                   PixelPairs::load(second.data() + x), weights);
+        std::memcpy(line_.data() + x, &pair, sizeof pair);
+    }
+    if (x == first.size())
+        return;
+    const std::array<std::uint32_t, 2> lastOfFirst{first[x], 0};
+    const std::array<std::uint32_t, 2> lastOfSecond{second[x], 0};
+    const PixelPair pair = PixelPairs::between(PixelPairs::load(lastOfFirst.data()),
+                                               PixelPairs::load(lastOfSecond.data()), weights);
+    std::memcpy(line_.data() + x, &pair, sizeof line_[x]);
 }
 
-void SmoothScaler::drawRow(std::span<std::uint32_t> target, unsigned cover) const {
-    for (std::size_t x = 0; x < target.size(); ++x) {
-        const Tap& tap = columns_[x];
-        Channels pixel = between(line_[static_cast<std::size_t>(tap.first)],
-                                 line_[static_cast<std::size_t>(tap.second)], tap.weight);
-        if (const unsigned covered = tap.coverage * cover / whole; covered < whole)
-            pixel = faded(pixel, covered);
-        const auto alpha = pixel >> 48U;
-        if (alpha == 255) {
-            target[x] = gathered(pixel);
-        } else if (alpha != 0) {
-            target[x] = over(pixel, target[x]);
+/// What the picture shows at two neighbouring columns.
+inline PixelPair SmoothScaler::pairAt(std::size_t x) const {
+    const Tap& left = columns_[x];
+    const Tap& right = columns_[x + 1];
+    return PixelPairs::between(PixelPairs::of(line_[left.first], line_[right.first]),
+                               PixelPairs::of(line_[left.second], line_[right.second]),
+                               PixelPairs::of(left.weights, right.weights));
+}
+
+void SmoothScaler::drawRow(std::span<std::uint32_t> target, std::uint16_t cover) const {
+    // Only at its edges and while it fades does a picture cover pixels in part.
+    const auto layPart = [&](std::size_t x, std::uint32_t* to) {
+        const auto covered = [&](const Tap& tap) {
+            return PixelPairs::everywhere(
+                static_cast<std::uint16_t>(tap.coverage * cover / PixelPairs::whole));
+        };
+        const PixelPair pair = PixelPairs::faded(
+            pairAt(x), PixelPairs::of(covered(columns_[x]), covered(columns_[x + 1])));
+        PixelPairs::store(to, PixelPairs::over(pair, PixelPairs::load(to)));
+    };
+    const std::size_t pairs = target.size() / 2;
+    for (std::size_t i = 0; i < pairs; ++i) {
+        std::uint32_t* const to = target.data() + 2 * i;
+        if (cover < PixelPairs::whole || i == 0 || 2 * i + 3 > target.size()) {
+            layPart(2 * i, to);
+        } else {
+            PixelPairs::store(to, PixelPairs::over(pairAt(2 * i), PixelPairs::load(to)));
         }
     }
+    if (target.size() % 2 == 0)
+        return;
+    std::array<std::uint32_t, 2> last{target.back(), 0};
+    layPart(target.size() - 1, last.data());
+    target.back() = last.front();
 }
 
 void SmoothScaler::draw(QImage& canvas, const QImage& picture, const QRectF& rect, int alpha,
@@ -90,13 +100,16 @@ void SmoothScaler::draw(QImage& canvas, const QImage& picture, const QRectF& rec
         return;
     findTaps(columns_, area.left(), area.right() + 1, rect.left(), rect.width(), picture.width());
     findTaps(rows_, area.top(), area.bottom() + 1, rect.top(), rect.height(), picture.height());
-    line_.resize(static_cast<std::size_t>(picture.width()));
-    const auto opacity = static_cast<unsigned>(alpha + (alpha >> 7));
+    // One more, as columns are drawn in pairs.
+    columns_.push_back(columns_.back());
+    line_.resize(static_cast<std::size_t>(picture.width() + picture.width() % 2));
+    const int opacity = alpha + (alpha >> 7);
     for (int y = area.top(); y <= area.bottom(); ++y) {
         const Tap& tap = rows_[static_cast<std::size_t>(y - area.top())];
-        mixRows(row(picture, tap.first), row(picture, tap.second), tap.weight);
+        mixRows(row(picture, tap.first), row(picture, tap.second), tap.weights);
         auto* const target = reinterpret_cast<std::uint32_t*>(canvas.scanLine(y)) + area.left();
-        drawRow({target, static_cast<std::size_t>(area.width())}, tap.coverage * opacity / whole);
+        drawRow({target, static_cast<std::size_t>(area.width())},
+                static_cast<std::uint16_t>(tap.coverage * opacity / PixelPairs::whole));
     }
 }
 

@@ -3,6 +3,8 @@
 /// several threads to work on every icon, which takes longer than the drawing.
 #pragma once
 
+#include "Panels/PixelPair.hpp"
+
 #include <QImage>
 #include <QRect>
 #include <QRectF>
@@ -21,30 +23,28 @@ public:
               const QRect& clip);
 
 private:
-    /// The four channels of a pixel, 16 bits apart, so that one operation does for all.
-    using Channels = std::uint64_t;
-
     /// Where one row or column of the canvas takes its pixels from.
     struct Tap {
-        int first = 0;
-        int second = 0;
-        /// The second one's, of 256.
-        unsigned weight = 0;
+        std::uint32_t first = 0;
+        std::uint32_t second = 0;
+        /// The second one's, of 256, for each channel.
+        PixelPairs::Channels weights = 0;
         /// How much of it the picture covers, of 256.
-        unsigned coverage = 0;
+        std::uint16_t coverage = 0;
     };
 
     static void findTaps(std::vector<Tap>& taps, int begin, int end, double start, double length,
                          int side);
     void mixRows(std::span<const std::uint32_t> first, std::span<const std::uint32_t> second,
-                 unsigned weight);
-    void drawRow(std::span<std::uint32_t> target, unsigned cover) const;
+                 PixelPairs::Channels weight);
+    [[nodiscard]] PixelPair pairAt(std::size_t x) const;
+    void drawRow(std::span<std::uint32_t> target, std::uint16_t cover) const;
 
     // Kept to spare allocations: they are filled for every icon of every frame.
     std::vector<Tap> columns_;
     std::vector<Tap> rows_;
     /// One row of the picture at its own width.
-    std::vector<Channels> line_;
+    std::vector<PixelPairs::Channels> line_;
 };
 
 }
