@@ -1,7 +1,5 @@
 #include "Panels/Glass.hpp"
 
-#include "Panels/Pixels.hpp"
-
 #include <QLinearGradient>
 #include <algorithm>
 #include <cmath>
@@ -48,15 +46,16 @@ void Glass::draw(QPainter& painter, const QRect& rect, const GlassLook& look) {
              downwards(area, look.highlightTop, look.highlightBottom));
 }
 
-void GlassPainter::draw(QImage& canvas, const QRect& rect, const GlassLook& look, int alpha,
+void GlassPainter::draw(const Canvas& canvas, const QRect& rect, const GlassLook& look, int alpha,
                         const QRect& clip) {
     const int end = static_cast<int>(std::ceil(look.radius)) + 1;
     const int longest = 2 * end + pieceWidth;
     const QSize size{std::min(rect.width(), longest), rect.height()};
     if (picture_.size() != size || look_ != look)
         render(size, look);
+    const Picture picture = Pixels::picture(picture_);
     const auto draw = [&](int x, int width, int from) {
-        const Pixels::Piece piece{picture_, {from, 0, width, rect.height()}, {x, rect.top()}};
+        const Pixels::Piece piece{picture, {from, 0, width, rect.height()}, {x, rect.top()}};
         if (alpha == opaque) {
             Pixels::put(canvas, piece, clip);
         } else {

@@ -2,6 +2,8 @@
 /// line around it and a light one inside that.
 #pragma once
 
+#include "Panels/Pixels.hpp"
+
 #include <QColor>
 #include <QImage>
 #include <QPainter>
@@ -37,7 +39,7 @@ void draw(QPainter& painter, const QRect& rect, const GlassLook& look);
 class GlassPainter {
 public:
     /// `alpha` is of 255. Glass that has not faded replaces what is below it, which is nothing.
-    void draw(QImage& canvas, const QRect& rect, const GlassLook& look, int alpha,
+    void draw(const Canvas& canvas, const QRect& rect, const GlassLook& look, int alpha,
               const QRect& clip);
 
 private:

@@ -1,7 +1,6 @@
 #include "Panels/LabelPainter.hpp"
 
 #include "Panels/Glass.hpp"
-#include "Panels/Pixels.hpp"
 
 #include <QFontMetricsF>
 #include <QGuiApplication>
@@ -54,7 +53,7 @@ QImage render(const Layout& layout, const PlacedNode& place, const DockColors& c
 
 }
 
-void LabelPainter::draw(QImage& canvas, const LabelNode& label, const PlacedNode& place,
+void LabelPainter::draw(const Canvas& canvas, const LabelNode& label, const PlacedNode& place,
                         const DockColors& colors, const QRect& clip) {
     const QImage& shown = picture(
         {label, place.rect.size(), place.scale, colors, QGuiApplication::font()}, place);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Panels/DockColors.hpp"
+#include "Panels/Pixels.hpp"
 #include "Panels/ViewMapping.hpp"
 #include "Views/Scene.hpp"
 
@@ -15,7 +16,7 @@ namespace vireline::x11 {
 
 class LabelPainter {
 public:
-    void draw(QImage& canvas, const LabelNode& label, const PlacedNode& place,
+    void draw(const Canvas& canvas, const LabelNode& label, const PlacedNode& place,
               const DockColors& colors, const QRect& clip);
 
     /// Where the capsule lies; whole pixels.

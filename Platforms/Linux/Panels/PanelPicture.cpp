@@ -3,9 +3,9 @@
 #include "Panels/Appearance.hpp"
 #include "Panels/DesktopWatch.hpp"
 #include "Panels/OpaqueOutline.hpp"
+#include "Panels/PanelContext.hpp"
 #include "Panels/Pixels.hpp"
 #include "Panels/SceneDamage.hpp"
-#include "X11/X11Connection.hpp"
 
 #include <QPolygon>
 #include <QRegion>
@@ -21,12 +21,11 @@ xcb_rectangle_t xcbRectangle(const QRect& rect) {
 
 }
 
-PanelPicture::PanelPicture(const X11Connection& connection, xcb_window_t window,
-                           const DesktopWatch& desktop, const Appearance& appearance)
-    : desktop_(desktop)
-    , appearance_(appearance)
-    , surface_(connection, window)
-    , shape_(connection, window) {}
+PanelPicture::PanelPicture(const PanelContext& context, xcb_window_t window)
+    : desktop_(context.desktop)
+    , appearance_(context.appearance)
+    , surface_(context.connection, context.drawing, window)
+    , shape_(context.connection, window) {}
 
 void PanelPicture::setScene(const Scene& scene) {
     SceneDamage::add(damage_, scene_, scene, layout_.mapping);
@@ -67,7 +66,7 @@ void PanelPicture::prepareToAppear() {
 Damage PanelPicture::paint() {
     const Damage damage = std::exchange(damage_, {});
     surface_.resize(layout_.window);
-    QImage& canvas = surface_.canvas();
+    const Canvas canvas = Pixels::canvas(surface_.canvas());
     const DockColors used = colors();
     painter_.paint(canvas, scene_, layout_.mapping, used, damage.rects());
     if (backdrop() == Backdrop::opaque) {

@@ -21,7 +21,7 @@ namespace vireline::x11 {
 
 class Appearance;
 class DesktopWatch;
-class X11Connection;
+struct PanelContext;
 
 /// Where a window shows its view; pixels.
 struct PanelLayout {
@@ -36,8 +36,7 @@ struct PanelLayout {
 class PanelPicture {
 public:
     /// For a window that exists for as long as this does. The others outlive it.
-    PanelPicture(const X11Connection& connection, xcb_window_t window, const DesktopWatch& desktop,
-                 const Appearance& appearance);
+    PanelPicture(const PanelContext& context, xcb_window_t window);
 
     void setScene(const Scene& scene);
     [[nodiscard]] const Scene& scene() const noexcept { return scene_; }

@@ -1,6 +1,7 @@
 #include "Panels/PanelSurface.hpp"
 
 #include "Panels/OpaqueOutline.hpp"
+#include "X11/DrawingConnection.hpp"
 #include "X11/X11Connection.hpp"
 
 #include <algorithm>
@@ -9,15 +10,17 @@
 
 namespace vireline::x11 {
 
-PanelSurface::PanelSurface(const X11Connection& connection, xcb_window_t window)
-    : connection_(connection), window_(window), context_(xcb_generate_id(connection.get())) {
+PanelSurface::PanelSurface(const X11Connection& connection, const DrawingConnection& drawing,
+                           xcb_window_t window)
+    : connection_(drawing), window_(window), context_(xcb_generate_id(drawing.get())) {
+    // Asked where the window was made, so that it exists when the drawing begins.
     const Owned<xcb_get_geometry_reply_t> geometry{xcb_get_geometry_reply(
         connection.get(), xcb_get_geometry(connection.get(), window), nullptr)};
     if (geometry)
         depth_ = geometry->depth;
     canShare_ = depth_ >= 24;
     constexpr std::uint32_t noExposures = 0;
-    xcb_create_gc(connection.get(), context_, window, XCB_GC_GRAPHICS_EXPOSURES, &noExposures);
+    xcb_create_gc(drawing.get(), context_, window, XCB_GC_GRAPHICS_EXPOSURES, &noExposures);
 }
 
 PanelSurface::~PanelSurface() {
@@ -42,11 +45,8 @@ void PanelSurface::resize(QSize pixels) {
 }
 
 QImage& PanelSurface::canvas() {
-    if (std::exchange(mayBeRead_, false)) {
-        // Requests are carried out in their order.
-        const Owned<xcb_get_input_focus_reply_t> answer{xcb_get_input_focus_reply(
-            connection_.get(), xcb_get_input_focus(connection_.get()), nullptr)};
-    }
+    if (std::exchange(mayBeRead_, false))
+        connection_.finish();
     return image_;
 }
 
@@ -60,11 +60,13 @@ void PanelSurface::beginBackground(std::optional<std::uint32_t> base) {
     uploadRect(pixmap, image_.rect(), base);
     xcb_change_window_attributes(connection_.get(), window_, XCB_CW_BACK_PIXMAP, &pixmap);
     xcb_free_pixmap(connection_.get(), pixmap);
+    connection_.finish();
 }
 
 void PanelSurface::endBackground() {
     constexpr std::uint32_t none = XCB_BACK_PIXMAP_NONE;
     xcb_change_window_attributes(connection_.get(), window_, XCB_CW_BACK_PIXMAP, &none);
+    connection_.flush();
 }
 
 void PanelSurface::upload(const Damage& damage, std::optional<std::uint32_t> base) {

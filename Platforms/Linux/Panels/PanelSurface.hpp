@@ -15,12 +15,14 @@
 
 namespace vireline::x11 {
 
+class DrawingConnection;
 class X11Connection;
 
 class PanelSurface {
 public:
     /// For a window that exists for as long as this does.
-    PanelSurface(const X11Connection& connection, xcb_window_t window);
+    PanelSurface(const X11Connection& connection, const DrawingConnection& drawing,
+                 xcb_window_t window);
     PanelSurface(const PanelSurface&) = delete;
     PanelSurface& operator=(const PanelSurface&) = delete;
     PanelSurface(PanelSurface&&) = delete;
@@ -58,7 +60,7 @@ private:
     void sendInBands(xcb_drawable_t to, const QRect& rect, std::optional<std::uint32_t> base);
     void send(xcb_drawable_t to, const QRect& rect);
 
-    const X11Connection& connection_;
+    const DrawingConnection& connection_;
     xcb_window_t window_;
     xcb_gcontext_t context_;
     std::uint8_t depth_ = 0;

@@ -13,29 +13,31 @@ namespace {
 using Row = std::span<std::uint32_t>;
 using ConstRow = std::span<const std::uint32_t>;
 
+std::size_t pitchOf(const QImage& image) {
+    return static_cast<std::size_t>(image.bytesPerLine()) / sizeof(std::uint32_t);
+}
+
 /// Where a piece meets the clip and the canvas, on both sides.
 struct Overlap {
     QRect target;
     QPoint source;
-
-    [[nodiscard]] Row targetRow(QImage& canvas, int i) const {
-        auto* const line = reinterpret_cast<std::uint32_t*>(canvas.scanLine(target.top() + i));
-        return Row{line, static_cast<std::size_t>(canvas.width())}.subspan(
-            static_cast<std::size_t>(target.left()), static_cast<std::size_t>(target.width()));
-    }
-    [[nodiscard]] ConstRow sourceRow(const QImage& picture, int i) const {
-        const auto* const line =
-            reinterpret_cast<const std::uint32_t*>(picture.constScanLine(source.y() + i));
-        return ConstRow{line, static_cast<std::size_t>(picture.width())}.subspan(
-            static_cast<std::size_t>(source.x()), static_cast<std::size_t>(target.width()));
-    }
 };
 
-Overlap overlapOf(const QImage& canvas, const Piece& piece, const QRect& clip) {
-    const QRect part = piece.part & piece.picture.rect();
+Overlap overlapOf(const Canvas& canvas, const Piece& piece, const QRect& clip) {
+    const QRect part = piece.part & piece.picture.area();
     const QPoint corner = piece.at + part.topLeft() - piece.part.topLeft();
-    const QRect target = QRect{corner, part.size()} & clip & canvas.rect();
+    const QRect target = QRect{corner, part.size()} & clip & canvas.area();
     return {target, part.topLeft() + target.topLeft() - corner};
+}
+
+/// Calls `work` with each row of the canvas that the piece meets, and with the piece's own.
+template <class Work>
+void forEachRow(const Canvas& canvas, const Piece& piece, const QRect& clip, const Work& work) {
+    const auto [target, source] = overlapOf(canvas, piece, clip);
+    for (int i = 0; i < target.height(); ++i) {
+        work(canvas.row(target.x(), target.y() + i, target.width()),
+             piece.picture.row(source.x(), source.y() + i, target.width()));
+    }
 }
 
 PixelPair mixed(PixelPair pixels, PixelPair below, std::uint16_t opacity) {
@@ -63,24 +65,35 @@ void layRow(Row target, ConstRow source, std::uint16_t opacity) {
 
 }
 
-void fill(QImage& canvas, const QRect& rect, std::uint32_t pixel) {
-    const Overlap overlap{rect & canvas.rect(), {}};
-    for (int i = 0; i < overlap.target.height(); ++i)
-        std::ranges::fill(overlap.targetRow(canvas, i), pixel);
+Canvas canvas(QImage& image) {
+    return {reinterpret_cast<std::uint32_t*>(image.bits()), image.size(), pitchOf(image)};
 }
 
-void put(QImage& canvas, const Piece& piece, const QRect& clip) {
-    const Overlap overlap = overlapOf(canvas, piece, clip);
-    for (int i = 0; i < overlap.target.height(); ++i)
-        std::ranges::copy(overlap.sourceRow(piece.picture, i),
-                          overlap.targetRow(canvas, i).begin());
+Picture picture(const QImage& image) {
+    return {reinterpret_cast<const std::uint32_t*>(image.constBits()), image.size(),
+            pitchOf(image)};
 }
 
-void lay(QImage& canvas, const Piece& piece, int alpha, const QRect& clip) {
-    const Overlap overlap = overlapOf(canvas, piece, clip);
+Piece pieceOf(const QImage& image, QPoint at) {
+    return {picture(image), image.rect(), at};
+}
+
+void fill(const Canvas& canvas, const QRect& rect, std::uint32_t pixel) {
+    const QRect area = rect & canvas.area();
+    for (int i = 0; i < area.height(); ++i)
+        std::ranges::fill(canvas.row(area.x(), area.y() + i, area.width()), pixel);
+}
+
+void put(const Canvas& canvas, const Piece& piece, const QRect& clip) {
+    forEachRow(canvas, piece, clip,
+               [](Row target, ConstRow source) { std::ranges::copy(source, target.begin()); });
+}
+
+void lay(const Canvas& canvas, const Piece& piece, int alpha, const QRect& clip) {
     const auto opacity = static_cast<std::uint16_t>(alpha + (alpha >> 7));
-    for (int i = 0; i < overlap.target.height(); ++i)
-        layRow(overlap.targetRow(canvas, i), overlap.sourceRow(piece.picture, i), opacity);
+    forEachRow(canvas, piece, clip, [opacity](Row target, ConstRow source) {
+        layRow(target, source, opacity);
+    });
 }
 
 }

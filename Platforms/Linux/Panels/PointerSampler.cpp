@@ -1,5 +1,7 @@
 #include "Panels/PointerSampler.hpp"
 
+#include "Panels/PanelContext.hpp"
+#include "X11/DrawingConnection.hpp"
 #include "X11/X11Connection.hpp"
 
 #include <xcb/xinput.h>
@@ -40,10 +42,10 @@ std::vector<PointerSampler::Selection> selections(xcb_connection_t* connection,
 
 }
 
-PointerSampler::PointerSampler(const X11Connection& connection, xcb_window_t window)
-    : connection_(connection)
+PointerSampler::PointerSampler(const PanelContext& context, xcb_window_t window)
+    : context_(context)
     , window_(window)
-    , selections_(selections(connection.get(), window)) {}
+    , selections_(selections(context.connection.get(), window)) {}
 
 void PointerSampler::start() {
     if (std::exchange(isSampling_, true))
@@ -60,10 +62,14 @@ void PointerSampler::stop() {
 
 std::optional<QPoint> PointerSampler::sample() {
     // Before the question, so that no movement falls between the last answer and the first event.
-    if (stillSamples_ == patience)
+    if (stillSamples_ == patience) {
         stop();
+        context_.connection.finish();
+    }
+    xcb_connection_t* const connection = context_.drawing.get();
     const Owned<xcb_query_pointer_reply_t> reply{xcb_query_pointer_reply(
-        connection_.get(), xcb_query_pointer(connection_.get(), window_), nullptr)};
+        connection, xcb_query_pointer(connection, window_), nullptr)};
+    context_.drawing.discardEvents();
     if (!reply || reply->same_screen == 0)
         return std::nullopt;
     constexpr unsigned buttons = XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3;
@@ -77,9 +83,9 @@ std::optional<QPoint> PointerSampler::sample() {
 /// Without movements of devices the server would tell those of the core pointer instead.
 void PointerSampler::select(bool motion) const {
     if (motion) {
-        connection_.selectInput(window_, coreMovements);
+        context_.connection.selectInput(window_, coreMovements);
     } else {
-        connection_.deselectInput(window_, coreMovements);
+        context_.connection.deselectInput(window_, coreMovements);
     }
     for (const Selection& selection : selections_) {
         std::vector<std::uint32_t> request(headWords);
@@ -90,10 +96,10 @@ void PointerSampler::select(bool motion) const {
         if (!motion)
             request[headWords] &= ~movements;
         xcb_input_xi_select_events(
-            connection_.get(), window_, 1,
+            context_.connection.get(), window_, 1,
             reinterpret_cast<const xcb_input_event_mask_t*>(request.data()));
     }
-    connection_.flush();
+    context_.connection.flush();
 }
 
 }

@@ -11,7 +11,7 @@
 
 namespace vireline::x11 {
 
-class X11Connection;
+struct PanelContext;
 
 class PointerSampler {
 public:
@@ -23,7 +23,7 @@ public:
 
     /// For a window that has just been created, with its events selected, and exists for as long as
     /// this does.
-    PointerSampler(const X11Connection& connection, xcb_window_t window);
+    PointerSampler(const PanelContext& context, xcb_window_t window);
 
     /// An event told of a movement. From now on samples do, and no more such events come but those
     /// that are on their way, and none during a press at all.
@@ -39,7 +39,7 @@ public:
 private:
     void select(bool motion) const;
 
-    const X11Connection& connection_;
+    const PanelContext& context_;
     xcb_window_t window_;
     /// Those that movements are among.
     std::vector<Selection> selections_;

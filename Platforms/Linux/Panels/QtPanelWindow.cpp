@@ -231,10 +231,9 @@ void QtPanelWindow::keyPressEvent(QKeyEvent* event) {
 
 void QtPanelWindow::surfaceCreated() {
     window_ = static_cast<xcb_window_t>(winId());
-    picture_ = std::make_unique<PanelPicture>(context_.connection, window_, context_.desktop,
-                                              context_.appearance);
+    picture_ = std::make_unique<PanelPicture>(context_, window_);
     picture_->setScene(scene_);
-    sampler_ = std::make_unique<PointerSampler>(context_.connection, window_);
+    sampler_ = std::make_unique<PointerSampler>(context_, window_);
     place_ = std::make_unique<WindowPlace>(context_.connection, window_, displayID_);
     context_.connection.selectInput(window_,
                                     XCB_EVENT_MASK_EXPOSURE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);

@@ -6,6 +6,7 @@
 #include "Foundation/Lifetime.hpp"
 #include "Foundation/ScopedHandle.hpp"
 #include "Panels/FrameClock.hpp"
+#include "Panels/PanelContext.hpp"
 #include "Panels/PanelPicture.hpp"
 #include "Panels/PointerSampler.hpp"
 #include "Panels/PointerTracker.hpp"
@@ -23,19 +24,6 @@
 #include <vector>
 
 namespace vireline::x11 {
-
-class Appearance;
-class DesktopWatch;
-class RandrScreens;
-class X11Connection;
-
-/// What all docks share; outlives them.
-struct PanelContext {
-    X11Connection& connection;
-    RandrScreens& screens;
-    DesktopWatch& desktop;
-    Appearance& appearance;
-};
 
 class QtPanelWindow final : public QWindow, public PanelWindow {
 public:

@@ -1,7 +1,6 @@
 #include "Panels/ScenePainter.hpp"
 
 #include "Icons/RasterImage.hpp"
-#include "Panels/Pixels.hpp"
 
 #include <algorithm>
 
@@ -10,7 +9,7 @@ namespace {
 
 /// One node's content, drawn where the node is placed.
 struct NodePainter {
-    QImage& canvas;
+    const Canvas& canvas;
     const QRect& clip;
     const PlacedNode& place;
     double pixelsPerPoint;
@@ -30,13 +29,13 @@ struct NodePainter {
             return;
         if (place.isSharp) {
             const QRect whole = place.rect.toRect();
-            Pixels::lay(canvas, Pixels::pieceOf(image->exact(whole.width()), whole.topLeft()),
-                        place.alpha, clip);
+            const QImage picture = image->exact(whole.width());
+            Pixels::lay(canvas, Pixels::pieceOf(picture, whole.topLeft()), place.alpha, clip);
             return;
         }
         const double side = std::max(place.rect.width(), place.rect.height());
-        cache.scaler.draw(canvas, image->forScaling(side, node.largestSide * pixelsPerPoint),
-                          place.rect, place.alpha, clip);
+        const QImage picture = image->forScaling(side, node.largestSide * pixelsPerPoint);
+        cache.scaler.draw(canvas, Pixels::picture(picture), place.rect, place.alpha, clip);
     }
 
     void operator()(const DotNode& /*dot*/) const { drawShape(place.rect.width(), colors.dot); }
@@ -61,7 +60,7 @@ struct NodePainter {
 };
 
 /// What of the rectangle the glass at the bottom of the scene does not replace.
-void clear(QImage& canvas, const QRect& rect, const Scene& scene, const ViewMapping& mapping) {
+void clear(const Canvas& canvas, const QRect& rect, const Scene& scene, const ViewMapping& mapping) {
     QRect replaced;
     if (!scene.nodes.empty() && std::holds_alternative<GlassNode>(scene.nodes.front().content)) {
         const PlacedNode glass = ViewMappings::placed(scene.nodes.front(), mapping);
@@ -85,10 +84,10 @@ void clear(QImage& canvas, const QRect& rect, const Scene& scene, const ViewMapp
 
 }
 
-void ScenePainter::paint(QImage& canvas, const Scene& scene, const ViewMapping& mapping,
+void ScenePainter::paint(const Canvas& canvas, const Scene& scene, const ViewMapping& mapping,
                          const DockColors& colors, std::span<const QRect> damage) {
     for (const QRect& rect : damage) {
-        const QRect clip = rect & canvas.rect();
+        const QRect clip = rect & canvas.area();
         clear(canvas, clip, scene, mapping);
         for (const SceneNode& node : scene.nodes) {
             const PlacedNode place = ViewMappings::placed(node, mapping);

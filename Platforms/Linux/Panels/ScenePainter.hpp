@@ -5,12 +5,12 @@
 #include "Panels/DockColors.hpp"
 #include "Panels/Glass.hpp"
 #include "Panels/LabelPainter.hpp"
+#include "Panels/Pixels.hpp"
 #include "Panels/RoundedShapes.hpp"
 #include "Panels/SmoothScaler.hpp"
 #include "Panels/ViewMapping.hpp"
 #include "Views/Scene.hpp"
 
-#include <QImage>
 #include <QPainterPath>
 #include <QRect>
 #include <span>
@@ -29,7 +29,7 @@ public:
     };
 
     /// Paints what of the scene lies in one of the rectangles, in place of what is on the canvas.
-    void paint(QImage& canvas, const Scene& scene, const ViewMapping& mapping,
+    void paint(const Canvas& canvas, const Scene& scene, const ViewMapping& mapping,
                const DockColors& colors, std::span<const QRect> damage);
 
     /// The outlines of the scene's glass, the label's included, in pixels: what a compositor may

@@ -8,15 +8,6 @@
 #include <cstring>
 
 namespace vireline::x11 {
-namespace {
-
-std::span<const std::uint32_t> row(const QImage& image, std::uint32_t y) {
-    return {reinterpret_cast<const std::uint32_t*>(image.constScanLine(static_cast<int>(y))),
-            static_cast<std::size_t>(image.width())};
-}
-
-}
-
 /// For the canvas's pixels from `begin` to `end` along one axis, where the picture reaches from
 /// `start` over `length` and has `side` pixels of its own.
 void SmoothScaler::findTaps(std::vector<Tap>& taps, int begin, int end, double start,
@@ -93,10 +84,10 @@ void SmoothScaler::drawRow(std::span<std::uint32_t> target, std::uint16_t cover)
     target.back() = last.front();
 }
 
-void SmoothScaler::draw(QImage& canvas, const QImage& picture, const QRectF& rect, int alpha,
+void SmoothScaler::draw(const Canvas& canvas, const Picture& picture, const QRectF& rect, int alpha,
                         const QRect& clip) {
     const QRect area = rect.toAlignedRect() & clip;
-    if (area.isEmpty() || picture.isNull())
+    if (area.isEmpty() || picture.area().isEmpty())
         return;
     findTaps(columns_, area.left(), area.right() + 1, rect.left(), rect.width(), picture.width());
     findTaps(rows_, area.top(), area.bottom() + 1, rect.top(), rect.height(), picture.height());
@@ -104,11 +95,13 @@ void SmoothScaler::draw(QImage& canvas, const QImage& picture, const QRectF& rec
     columns_.push_back(columns_.back());
     line_.resize(static_cast<std::size_t>(picture.width() + picture.width() % 2));
     const int opacity = alpha + (alpha >> 7);
+    const auto pictureRow = [&](std::uint32_t y) {
+        return picture.row(0, static_cast<int>(y), picture.width());
+    };
     for (int y = area.top(); y <= area.bottom(); ++y) {
         const Tap& tap = rows_[static_cast<std::size_t>(y - area.top())];
-        mixRows(row(picture, tap.first), row(picture, tap.second), tap.weights);
-        auto* const target = reinterpret_cast<std::uint32_t*>(canvas.scanLine(y)) + area.left();
-        drawRow({target, static_cast<std::size_t>(area.width())},
+        mixRows(pictureRow(tap.first), pictureRow(tap.second), tap.weights);
+        drawRow(canvas.row(area.x(), y, area.width()),
                 static_cast<std::uint16_t>(tap.coverage * opacity / PixelPairs::whole));
     }
 }

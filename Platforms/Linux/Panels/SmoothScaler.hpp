@@ -4,8 +4,8 @@
 #pragma once
 
 #include "Panels/PixelPair.hpp"
+#include "Panels/Pixels.hpp"
 
-#include <QImage>
 #include <QRect>
 #include <QRectF>
 #include <cstdint>
@@ -19,7 +19,7 @@ public:
     /// Lays `picture` over what is on the canvas, in `rect`, but only inside of `clip`, which lies
     /// on the canvas. `alpha` is of 255. Both images have premultiplied colours; the picture should
     /// be no more than about twice as large as `rect`.
-    void draw(QImage& canvas, const QImage& picture, const QRectF& rect, int alpha,
+    void draw(const Canvas& canvas, const Picture& picture, const QRectF& rect, int alpha,
               const QRect& clip);
 
 private:

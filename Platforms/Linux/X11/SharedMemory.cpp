@@ -1,6 +1,7 @@
 #include "X11/SharedMemory.hpp"
 
 #include "Files/FileDescriptor.hpp"
+#include "X11/DrawingConnection.hpp"
 #include "X11/X11Connection.hpp"
 
 #include <sys/mman.h>
@@ -29,7 +30,7 @@ bool hasExtension(xcb_connection_t* connection) {
 
 }
 
-std::unique_ptr<SharedMemory> SharedMemory::make(const X11Connection& connection,
+std::unique_ptr<SharedMemory> SharedMemory::make(const DrawingConnection& connection,
                                                  std::size_t bytes) {
     xcb_connection_t* const x = connection.get();
     if (bytes == 0 || bytes > std::numeric_limits<std::uint32_t>::max() || !isLocal(x) ||

@@ -9,13 +9,13 @@
 
 namespace vireline::x11 {
 
-class X11Connection;
+class DrawingConnection;
 
 class SharedMemory {
 public:
     /// Null when the server cannot share memory with this program, as across a network. One round
     /// trip.
-    [[nodiscard]] static std::unique_ptr<SharedMemory> make(const X11Connection& connection,
+    [[nodiscard]] static std::unique_ptr<SharedMemory> make(const DrawingConnection& connection,
                                                             std::size_t bytes);
 
     SharedMemory(const SharedMemory&) = delete;
@@ -30,10 +30,10 @@ public:
     [[nodiscard]] xcb_shm_seg_t segment() const noexcept { return segment_; }
 
 private:
-    SharedMemory(const X11Connection& connection, xcb_shm_seg_t segment, std::span<std::byte> bytes)
+    SharedMemory(const DrawingConnection& connection, xcb_shm_seg_t segment, std::span<std::byte> bytes)
         : connection_(connection), segment_(segment), bytes_(bytes) {}
 
-    const X11Connection& connection_;
+    const DrawingConnection& connection_;
     xcb_shm_seg_t segment_;
     std::span<std::byte> bytes_;
 };
