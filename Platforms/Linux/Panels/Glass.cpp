@@ -9,7 +9,6 @@ namespace {
 
 /// How much of the middle is drawn at once; pixels.
 constexpr int pieceWidth = 128;
-constexpr int opaque = 255;
 
 /// A line of whole pixels along the inside of the rectangle, `inset` pixels from its edge.
 void drawRing(QPainter& painter, const QRectF& rect, double radius, double inset, double width,
@@ -46,29 +45,37 @@ void Glass::draw(QPainter& painter, const QRect& rect, const GlassLook& look) {
              downwards(area, look.highlightTop, look.highlightBottom));
 }
 
-void GlassPainter::draw(const Canvas& canvas, const QRect& rect, const GlassLook& look, int alpha,
-                        const QRect& clip) {
+template <class Draw>
+void GlassPainter::forEachPiece(const QRect& rect, const GlassLook& look, const Draw& draw) {
     const int end = static_cast<int>(std::ceil(look.radius)) + 1;
     const int longest = 2 * end + pieceWidth;
     const QSize size{std::min(rect.width(), longest), rect.height()};
     if (picture_.size() != size || look_ != look)
         render(size, look);
     const Picture picture = Pixels::picture(picture_);
-    const auto draw = [&](int x, int width, int from) {
-        const Pixels::Piece piece{picture, {from, 0, width, rect.height()}, {x, rect.top()}};
-        if (alpha == opaque) {
-            Pixels::put(canvas, piece, clip);
-        } else {
-            Pixels::lay(canvas, piece, alpha, clip);
-        }
+    const auto drawPiece = [&](int x, int width, int from) {
+        draw(Pixels::Piece{picture, {from, 0, width, rect.height()}, {x, rect.top()}});
     };
     if (size.width() < longest)
-        return draw(rect.left(), size.width(), 0);
+        return drawPiece(rect.left(), size.width(), 0);
     const int farEnd = rect.left() + rect.width() - end;
-    draw(rect.left(), end, 0);
+    drawPiece(rect.left(), end, 0);
     for (int x = rect.left() + end; x < farEnd; x += pieceWidth)
-        draw(x, std::min(pieceWidth, farEnd - x), end);
-    draw(farEnd, end, end + pieceWidth);
+        drawPiece(x, std::min(pieceWidth, farEnd - x), end);
+    drawPiece(farEnd, end, end + pieceWidth);
+}
+
+void GlassPainter::lay(const Canvas& canvas, const QRect& rect, const GlassLook& look, int alpha,
+                       const QRect& clip) {
+    forEachPiece(rect, look, [&](const Pixels::Piece& piece) {
+        Pixels::lay(canvas, piece, alpha, clip);
+    });
+}
+
+void GlassPainter::put(const Canvas& canvas, const QRect& rect, const GlassLook& look,
+                       const QRect& clip) {
+    forEachPiece(rect, look,
+                 [&](const Pixels::Piece& piece) { Pixels::put(canvas, piece, clip); });
 }
 
 void GlassPainter::render(QSize size, const GlassLook& look) {

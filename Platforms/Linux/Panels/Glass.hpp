@@ -38,12 +38,17 @@ void draw(QPainter& painter, const QRect& rect, const GlassLook& look);
 /// Draws glass again and again, of a length that changes all the time, from one picture.
 class GlassPainter {
 public:
-    /// `alpha` is of 255. Glass that has not faded replaces what is below it, which is nothing.
-    void draw(const Canvas& canvas, const QRect& rect, const GlassLook& look, int alpha,
-              const QRect& clip);
+    /// `alpha` is of 255.
+    void lay(const Canvas& canvas, const QRect& rect, const GlassLook& look, int alpha,
+             const QRect& clip);
+    /// In place of what is there.
+    void put(const Canvas& canvas, const QRect& rect, const GlassLook& look, const QRect& clip);
 
 private:
     void render(QSize size, const GlassLook& look);
+    /// Calls `draw` with each piece of the picture that the glass is made of.
+    template <class Draw>
+    void forEachPiece(const QRect& rect, const GlassLook& look, const Draw& draw);
 
     GlassLook look_;
     /// Both ends, and between them a piece that is repeated for as long as the glass is.

@@ -28,14 +28,17 @@ PanelPicture::PanelPicture(const PanelContext& context, xcb_window_t window)
     , shape_(context.connection, window) {}
 
 void PanelPicture::setScene(const Scene& scene) {
-    SceneDamage::add(damage_, scene_, scene, layout_.mapping);
+    ViewMappings::place(nextPlaces_, scene, layout_.mapping);
+    SceneDamage::add(damage_, {scene_.nodes, places_}, {scene.nodes, nextPlaces_});
     scene_ = scene;
+    std::swap(places_, nextPlaces_);
 }
 
 void PanelPicture::setLayout(const PanelLayout& layout) {
     if (layout == layout_)
         return;
     layout_ = layout;
+    ViewMappings::place(places_, scene_, layout_.mapping);
     damageAll();
 }
 
@@ -68,7 +71,7 @@ Damage PanelPicture::paint() {
     surface_.resize(layout_.window);
     const Canvas canvas = Pixels::canvas(surface_.canvas());
     const DockColors used = colors();
-    painter_.paint(canvas, scene_, layout_.mapping, used, damage.rects());
+    painter_.paint(canvas, {scene_.nodes, places_}, layout_.mapping.scale, used, damage.rects());
     if (backdrop() == Backdrop::opaque) {
         for (const QRect& gap : uncoveredByView())
             Pixels::fill(canvas, gap, used.glassBottom.rgba());
@@ -123,7 +126,7 @@ QRegion PanelPicture::uncoveredByView() const {
 
 std::vector<xcb_rectangle_t> PanelPicture::blurRegion() const {
     QRegion region;
-    for (const QPainterPath& outline : ScenePainter::glassOutlines(scene_, layout_.mapping))
+    for (const QPainterPath& outline : ScenePainter::glassOutlines({scene_.nodes, places_}))
         region += QRegion{outline.toFillPolygon().toPolygon()};
     std::vector<xcb_rectangle_t> rectangles;
     for (const QRect& rect : region)

@@ -79,6 +79,9 @@ private:
     ScenePainter painter_;
     PanelLayout layout_;
     Scene scene_;
+    std::vector<PlacedNode> places_;
+    /// Those of the next scene; kept to spare an allocation each time.
+    std::vector<PlacedNode> nextPlaces_;
     Damage damage_;
     /// The server paints the window by itself until it is first shown.
     bool hasBackground_ = false;

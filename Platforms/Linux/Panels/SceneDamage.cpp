@@ -2,19 +2,19 @@
 
 #include <algorithm>
 #include <cmath>
-#include <span>
+#include <optional>
 
 namespace vireline::x11::SceneDamage {
 namespace {
 
-using Nodes = std::span<const SceneNode>;
-
-/// The node of that identity, looked for at its old place first.
-const SceneNode* find(Nodes nodes, const SceneNode& node, std::size_t place) {
-    if (place < nodes.size() && nodes[place].id == node.id)
-        return &nodes[place];
-    const auto found = std::ranges::find(nodes, node.id, &SceneNode::id);
-    return found == nodes.end() ? nullptr : &*found;
+/// Where the node of that identity is, looked for at its old index first; nothing if nowhere.
+std::optional<std::size_t> find(const PlacedScene& scene, const NodeID& id, std::size_t index) {
+    if (index < scene.nodes.size() && scene.nodes[index].id == id)
+        return index;
+    const auto found = std::ranges::find(scene.nodes, id, &SceneNode::id);
+    if (found == scene.nodes.end())
+        return std::nullopt;
+    return static_cast<std::size_t>(found - scene.nodes.begin());
 }
 
 /// What a glass shows besides its two ends is the same however long it is, as long as it keeps its
@@ -38,40 +38,37 @@ bool differsInLengthOnly(const PlacedNode& place, PlacedNode other) {
     return other == place;
 }
 
-void addChange(Damage& damage, const SceneNode& node, const SceneNode* other,
-               const ViewMapping& mapping) {
-    const PlacedNode place = ViewMappings::placed(node, mapping);
-    if (place.alpha == 0)
-        return;
-    if (other == nullptr || other->content != node.content)
-        return damage.add(place.touched());
-    const PlacedNode before = ViewMappings::placed(*other, mapping);
-    if (before == place)
+/// What one node shows that it did not show where `before` was; nothing was it nowhere.
+void addChange(Damage& damage, const SceneNode& node, const PlacedNode& place,
+               const PlacedNode* before) {
+    if (place.alpha == 0 || (before != nullptr && *before == place))
         return;
     const auto* const glass = std::get_if<GlassNode>(&node.content);
-    if (glass != nullptr && differsInLengthOnly(place, before))
-        return addEnds(damage, *glass, place, before);
+    if (glass != nullptr && before != nullptr && differsInLengthOnly(place, *before))
+        return addEnds(damage, *glass, place, *before);
     damage.add(place.touched());
 }
 
-/// The pixels of all nodes that do not look just the same among `others`. A node that does but
+/// The pixels of all nodes that do not look just the same in the other scene. A node that does but
 /// comes in another order, before or behind one it overlaps, counts as different.
-void addChanged(Damage& damage, Nodes nodes, Nodes others, const ViewMapping& mapping) {
-    const SceneNode* latest = nullptr;
-    for (std::size_t i = 0; i < nodes.size(); ++i) {
-        const SceneNode* const other = find(others, nodes[i], i);
-        const bool isInOrder = other != nullptr && (latest == nullptr || latest < other);
-        addChange(damage, nodes[i], isInOrder ? other : nullptr, mapping);
+void addChanged(Damage& damage, const PlacedScene& scene, const PlacedScene& other) {
+    std::size_t next = 0;
+    for (std::size_t i = 0; i < scene.nodes.size(); ++i) {
+        const auto found = find(other, scene.nodes[i].id, i);
+        const bool isInOrder = found && *found >= next;
+        const bool isSame = isInOrder && other.nodes[*found].content == scene.nodes[i].content;
+        addChange(damage, scene.nodes[i], scene.places[i],
+                  isSame ? &other.places[*found] : nullptr);
         if (isInOrder)
-            latest = other;
+            next = *found + 1;
     }
 }
 
 }
 
-void add(Damage& damage, const Scene& before, const Scene& after, const ViewMapping& mapping) {
-    addChanged(damage, before.nodes, after.nodes, mapping);
-    addChanged(damage, after.nodes, before.nodes, mapping);
+void add(Damage& damage, const PlacedScene& before, const PlacedScene& after) {
+    addChanged(damage, before, after);
+    addChanged(damage, after, before);
 }
 
 }

@@ -12,14 +12,18 @@ struct NodePainter {
     const Canvas& canvas;
     const QRect& clip;
     const PlacedNode& place;
+    bool isBackground;
     double pixelsPerPoint;
     const DockColors& colors;
     ScenePainter::Cache& cache;
 
     void operator()(const GlassNode& glass) const {
-        cache.glass.draw(canvas, place.rect.toRect(),
-                         colors.glass(glass.cornerRadius * place.scale, place.scale), place.alpha,
-                         clip);
+        const GlassLook look = colors.glass(glass.cornerRadius * place.scale, place.scale);
+        if (isBackground) {
+            cache.glass.put(canvas, place.rect.toRect(), look, clip);
+        } else {
+            cache.glass.lay(canvas, place.rect.toRect(), look, place.alpha, clip);
+        }
     }
 
     /// A sharp one is drawn one to one; any other comes from a larger picture.
@@ -59,56 +63,58 @@ struct NodePainter {
     }
 };
 
-/// What of the rectangle the glass at the bottom of the scene does not replace.
-void clear(const Canvas& canvas, const QRect& rect, const Scene& scene, const ViewMapping& mapping) {
-    QRect replaced;
-    if (!scene.nodes.empty() && std::holds_alternative<GlassNode>(scene.nodes.front().content)) {
-        const PlacedNode glass = ViewMappings::placed(scene.nodes.front(), mapping);
-        if (glass.alpha == 255)
-            replaced = glass.rect.toRect() & rect;
-    }
-    if (replaced.isEmpty())
+/// The glass at the bottom of the scene; empty if it lets anything shine through but the desktop.
+QRect backgroundOf(const PlacedScene& scene) {
+    const bool hasGlass =
+        !scene.nodes.empty() && std::holds_alternative<GlassNode>(scene.nodes.front().content);
+    return hasGlass && scene.places.front().alpha == 255 ? scene.places.front().rect.toRect()
+                                                         : QRect{};
+}
+
+/// All of the rectangle but the part that the background is about to replace.
+void clear(const Canvas& canvas, const QRect& rect, const QRect& background) {
+    const QRect kept = background & rect;
+    if (kept.isEmpty())
         return Pixels::fill(canvas, rect, 0);
-    const QPoint corner = rect.bottomRight();
-    Pixels::fill(canvas, {rect.topLeft(), QPoint{corner.x(), replaced.top() - 1}}, 0);
-    Pixels::fill(canvas, {QPoint{rect.left(), replaced.bottom() + 1}, corner}, 0);
-    Pixels::fill(canvas,
-                 {QPoint{rect.left(), replaced.top()},
-                  QPoint{replaced.left() - 1, replaced.bottom()}},
-                 0);
-    Pixels::fill(canvas,
-                 {QPoint{replaced.right() + 1, replaced.top()},
-                  QPoint{corner.x(), replaced.bottom()}},
-                 0);
+    const auto clearBetween = [&](int left, int top, int right, int bottom) {
+        Pixels::fill(canvas, {QPoint{left, top}, QPoint{right, bottom}}, 0);
+    };
+    clearBetween(rect.left(), rect.top(), rect.right(), kept.top() - 1);
+    clearBetween(rect.left(), kept.bottom() + 1, rect.right(), rect.bottom());
+    clearBetween(rect.left(), kept.top(), kept.left() - 1, kept.bottom());
+    clearBetween(kept.right() + 1, kept.top(), rect.right(), kept.bottom());
 }
 
 }
 
-void ScenePainter::paint(const Canvas& canvas, const Scene& scene, const ViewMapping& mapping,
+void ScenePainter::paint(const Canvas& canvas, const PlacedScene& scene, double pixelsPerPoint,
                          const DockColors& colors, std::span<const QRect> damage) {
+    const QRect background = backgroundOf(scene);
     for (const QRect& rect : damage) {
         const QRect clip = rect & canvas.area();
-        clear(canvas, clip, scene, mapping);
-        for (const SceneNode& node : scene.nodes) {
-            const PlacedNode place = ViewMappings::placed(node, mapping);
-            if (place.alpha == 0 || !place.touched().intersects(clip))
-                continue;
-            std::visit(NodePainter{canvas, clip, place, mapping.scale, colors, cache_},
-                       node.content);
+        clear(canvas, clip, background);
+        for (std::size_t i = 0; i < scene.nodes.size(); ++i) {
+            const PlacedNode& place = scene.places[i];
+            const bool isBackground = i == 0 && !background.isEmpty();
+            if (place.alpha > 0 && place.touched().intersects(clip)) {
+                std::visit(
+                    NodePainter{canvas, clip, place, isBackground, pixelsPerPoint, colors, cache_},
+                    scene.nodes[i].content);
+            }
         }
     }
 }
 
-std::vector<QPainterPath> ScenePainter::glassOutlines(const Scene& scene,
-                                                      const ViewMapping& mapping) {
+std::vector<QPainterPath> ScenePainter::glassOutlines(const PlacedScene& scene) {
     std::vector<QPainterPath> outlines;
-    for (const SceneNode& node : scene.nodes) {
-        const PlacedNode place = ViewMappings::placed(node, mapping);
+    for (std::size_t i = 0; i < scene.nodes.size(); ++i) {
+        const PlacedNode& place = scene.places[i];
         if (place.alpha == 0)
             continue;
-        if (const auto* glass = std::get_if<GlassNode>(&node.content)) {
+        const auto& content = scene.nodes[i].content;
+        if (const auto* glass = std::get_if<GlassNode>(&content)) {
             outlines.push_back(Glass::roundedPath(place.rect, glass->cornerRadius * place.scale));
-        } else if (const auto* label = std::get_if<LabelNode>(&node.content)) {
+        } else if (const auto* label = std::get_if<LabelNode>(&content)) {
             const QRect capsule = LabelPainter::capsule(*label, place);
             outlines.push_back(Glass::roundedPath(capsule, capsule.height()));
         }

@@ -7,9 +7,8 @@
 #include "Panels/LabelPainter.hpp"
 #include "Panels/Pixels.hpp"
 #include "Panels/RoundedShapes.hpp"
+#include "Panels/SceneDamage.hpp"
 #include "Panels/SmoothScaler.hpp"
-#include "Panels/ViewMapping.hpp"
-#include "Views/Scene.hpp"
 
 #include <QPainterPath>
 #include <QRect>
@@ -29,13 +28,12 @@ public:
     };
 
     /// Paints what of the scene lies in one of the rectangles, in place of what is on the canvas.
-    void paint(const Canvas& canvas, const Scene& scene, const ViewMapping& mapping,
+    void paint(const Canvas& canvas, const PlacedScene& scene, double pixelsPerPoint,
                const DockColors& colors, std::span<const QRect> damage);
 
     /// The outlines of the scene's glass, the label's included, in pixels: what a compositor may
     /// blur the background of.
-    [[nodiscard]] static std::vector<QPainterPath> glassOutlines(const Scene& scene,
-                                                                 const ViewMapping& mapping);
+    [[nodiscard]] static std::vector<QPainterPath> glassOutlines(const PlacedScene& scene);
 
 private:
     Cache cache_;

@@ -78,6 +78,12 @@ PlacedNode placed(const SceneNode& node, const ViewMapping& mapping) {
     return place;
 }
 
+void place(std::vector<PlacedNode>& places, const Scene& scene, const ViewMapping& mapping) {
+    places.clear();
+    for (const SceneNode& node : scene.nodes)
+        places.push_back(placed(node, mapping));
+}
+
 QRect snapped(const QRectF& rect) {
     const int left = nearest(rect.left());
     const int top = nearest(rect.top());

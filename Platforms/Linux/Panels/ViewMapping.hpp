@@ -6,6 +6,7 @@
 
 #include <QRect>
 #include <QRectF>
+#include <vector>
 
 namespace vireline::x11 {
 
@@ -43,6 +44,8 @@ struct PlacedNode {
 namespace ViewMappings {
 
 [[nodiscard]] PlacedNode placed(const SceneNode& node, const ViewMapping& mapping);
+/// All of them, in their order, in place of what `places` held.
+void place(std::vector<PlacedNode>& places, const Scene& scene, const ViewMapping& mapping);
 
 /// The nearest whole pixels edge by edge, never without area.
 [[nodiscard]] QRect snapped(const QRectF& rect);
