@@ -6,8 +6,8 @@
 #include "VirtualDesktop/Waiting.hpp"
 #include "VirtualDesktop/Wallpaper.hpp"
 
-#include <fstream>
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <iostream>
 #include <stdexcept>
@@ -20,16 +20,17 @@ using Clock = std::chrono::steady_clock;
 using namespace std::chrono_literals;
 
 constexpr int tileCount = 12;
-/// Downloads and Trash are tiles too.
-constexpr int pinnedCount = tileCount - 3;
-//ROUNDS
+/// The file manager leads the program's list; Downloads and Trash end it.
+constexpr int pinnedApps = tileCount - 3;
 constexpr int iconSize = 44;
 constexpr double magnification = 1.5;
 
-/// How far a sweep goes, and how fast.
+/// A sweep goes there and back twice, and takes four seconds.
 constexpr int steps = 1000;
-const int passes = getenv("PASSES") ? atoi(getenv("PASSES")) : 4;
+constexpr int passes = 4;
 constexpr Clock::duration pace = 4ms;
+/// In the first one, icons are drawn at sizes that they never had before.
+constexpr int laterSweeps = 5;
 
 /// A dock that is measured: its process and the line that the pointer follows.
 struct Subject {
@@ -39,16 +40,28 @@ struct Subject {
     PixelPoint to;
 };
 
+/// What sweeps took, in milliseconds, of the program itself and of the X server.
+struct Times {
+    double own = 0;
+    double server = 0;
+};
+
 struct Figures {
-    double milliseconds = 0;
+    Times first;
+    Times later;
     long wakeUps = 0;
 };
 
 std::vector<App> apps() {
+    constexpr std::array<const char*, tileCount> icons{
+        "web-browser",             "internet-mail",           "office-calendar",
+        "multimedia-audio-player", "multimedia-photo-viewer", "system-software-install",
+        "utilities-terminal",      "accessories-text-editor", "accessories-calculator",
+        "preferences-system",      "system-file-manager",     "libreoffice-writer"};
     std::vector<App> all;
-    for (int i = 0; i < tileCount; ++i) {
-        const auto name = "App" + std::to_string(i);
-        all.push_back({"org.example." + name, name, distinctColour(i), {}, {}});
+    for (const char* const icon : icons) {
+        const auto name = "App" + std::to_string(all.size());
+        all.push_back({"org.example." + name, name, {}, {}, {}, icon});
     }
     return all;
 }
@@ -62,28 +75,25 @@ std::unique_ptr<VirtualDesktop> makeDesktop() {
     auto desktop =
         std::make_unique<VirtualDesktop>(Programs{TESTED_PROGRAM, TEST_APP, FILE_MANAGER}, options);
     paintWallpaper(desktop->client(), desktop->displays().monitors);
+    writeFile(desktop->home().folder() / ".config/gtk-3.0/settings.ini",
+              "[Settings]\ngtk-icon-theme-name=Papirus\n");
     return desktop;
 }
 
-PanelPlanner::Request request() {
-    PanelPlanner::Request request;
-    request.pinnedCount = pinnedCount;
-    request.unpinnedRunningCount = 0;
-    request.maxIconSize = iconSize;
-    request.magnification = magnification;
-    return request;
-}
-
 Subject startVireline(VirtualDesktop& desktop, const std::vector<App>& apps) {
-    desktop.home().pin(std::span{apps}.first(pinnedCount));
+    desktop.home().pin(std::span{apps}.first(pinnedApps));
     desktop.home().writePreferences(
         R"({"onboardingCompleted": true, "iconSize": 44, "magnificationEnabled": true,
             "magnification": 1.5})");
     desktop.runVireline();
     if (!eventually([&] { return desktop.docks().shown().size() == 1; }))
         throw std::runtime_error{"the dock does not come up"};
-    const auto planned = desktop.planned(request());
-    const DockLayout layout{planned.front(), {pinnedCount, 0, 2}, iconSize};
+    PanelPlanner::Request request;
+    request.pinnedCount = pinnedApps + 1;
+    request.maxIconSize = iconSize;
+    request.magnification = magnification;
+    const DockLayout layout{
+        desktop.planned(request).front(), {request.pinnedCount, 0, 2}, iconSize};
     const PixelRect strip = layout.strip();
     const int y = strip.center().y;
     return {"Vireline", desktop.vireline().pid(), {strip.x, y}, {strip.right() - 1, y}};
@@ -103,79 +113,97 @@ void configurePlank(VirtualDesktop& desktop, const std::vector<App>& apps) {
     writeFile(configuration / "glib-2.0/settings/keyfile",
               "[net/launchpad/plank/docks/dock1]\ndock-items=[" + items +
                   "]\nicon-size=" + std::to_string(iconSize) +
-                  "\nzoom-enabled=true\nzoom-percent=150\nhide-mode='" + std::string(getenv("HIDE") ? getenv("HIDE") : "none") + "'\n"
+                  "\nzoom-enabled=true\nzoom-percent=150\nhide-mode='none'\n"
                   "show-dock-item=false\nlock-items=true\n");
     desktop.environment()["GSETTINGS_BACKEND"] = "keyfile";
+}
+
+/// The window of Plank's dock; nothing before it is shown.
+std::optional<PixelRect> plankFrame(const XClient& client) {
+    for (const xcb_window_t window : client.managedWindows()) {
+        if (client.text(window, "WM_CLASS").starts_with("plank") &&
+            client.hasProperty(window, "_NET_WM_STRUT_PARTIAL"))
+            return client.frame(window);
+    }
+    return std::nullopt;
 }
 
 Subject startPlank(VirtualDesktop& desktop, const std::vector<App>& apps) {
     configurePlank(desktop, apps);
     const pid_t pid = desktop.run("plank", {"-n", "dock1"}).pid();
-    PixelRect frame;
-    const auto isShown = [&] {
-        for (const xcb_window_t window : desktop.client().managedWindows()) {
-            if (desktop.client().text(window, "WM_CLASS").starts_with("plank") &&
-                desktop.client().hasProperty(window, "_NET_WM_STRUT_PARTIAL")) {
-                frame = desktop.client().frame(window).value_or(PixelRect{});
-                return true;
-            }
-        }
-        return false;
-    };
-    if (!eventually(isShown))
+    std::optional<PixelRect> frame;
+    if (!eventually([&] { return (frame = plankFrame(desktop.client())).has_value(); }))
         throw std::runtime_error{"Plank does not come up"};
     // Its window is as long as the display; the tiles are in the middle of it.
-    constexpr int tile = 48;
+    constexpr int tile = 54;
     const int half = tileCount * tile / 2;
-    const int middle = frame.center().x;
-    const int y = frame.bottom() - iconSize / 2;
+    const int middle = frame->center().x;
+    const int y = frame->bottom() - iconSize / 2;
     return {"Plank", pid, {middle - half, y}, {middle + half, y}};
 }
 
-/// There and back, in equal steps.
 PixelPoint place(const Subject& subject, int step) {
-    const int perPass = steps / passes;
+    constexpr int perPass = steps / passes;
     const int inPass = step % perPass;
     const int along = (step / perPass) % 2 == 0 ? inPass : perPass - 1 - inPass;
     return {subject.from.x + (subject.to.x - subject.from.x) * along / (perPass - 1),
             subject.from.y};
 }
 
-double schedMs(pid_t pid) {
-    double total = 0;
-    for (auto& t : std::filesystem::directory_iterator{"/proc/" + std::to_string(pid) + "/task"}) {
-        std::ifstream f{t.path() / "schedstat"};
-        double ns = 0;
-        f >> ns;
-        total += ns / 1e6;
-    }
-    return total;
+void leave(const VirtualDesktop& desktop, const Subject& subject) {
+    constexpr int farEnough = 500;
+    desktop.pointer().moveTo({subject.from.x, subject.from.y - farEnough});
 }
 
-Figures sweep(VirtualDesktop& desktop, const Subject& subject) {
-    const PixelPoint away{subject.from.x, subject.from.y - 500};
-    const auto pointer = desktop.pointer();
-    pointer.moveTo(away);
+Times sweep(const VirtualDesktop& desktop, const Subject& subject) {
+    leave(desktop, subject);
     if (!comesToRest(subject.pid, 1s))
         std::cout << subject.name << " does not come to rest\n";
-
-    const auto before = processorTime(subject.pid); const double sched = schedMs(subject.pid); const long sw = contextSwitches(subject.pid);
+    const auto own = processorTime(subject.pid);
+    const auto server = processorTime(desktop.server());
     auto next = Clock::now();
     for (int step = 0; step < steps; ++step) {
         std::this_thread::sleep_until(next += pace);
-        pointer.moveTo(place(subject, step));
+        desktop.pointer().moveTo(place(subject, step));
     }
-    Figures figures;
-    figures.milliseconds = (processorTime(subject.pid) - before).count();
+    return {(processorTime(subject.pid) - own).count(),
+            (processorTime(desktop.server()) - server).count()};
+}
 
-    std::cout << "ms " << (processorTime(subject.pid) - before).count() << " sched " << schedMs(subject.pid) - sched << std::endl;
-    std::cout << "switches " << contextSwitches(subject.pid) - sw << std::endl;
-    pointer.moveTo(away);
-    // Longer than any animation takes that the pointer leaves behind.
-    std::this_thread::sleep_for(500ms);
-    const long switches = contextSwitches(subject.pid);
+/// In the second that begins when all that the pointer has left behind must have come to its end.
+long wakeUpsAfterwards(const VirtualDesktop& desktop, const Subject& subject) {
+    constexpr auto longestAnimation = 500ms;
+    leave(desktop, subject);
+    std::this_thread::sleep_for(longestAnimation);
+    const long before = contextSwitches(subject.pid);
     std::this_thread::sleep_for(1s);
-    figures.wakeUps = contextSwitches(subject.pid) - switches;
+    return contextSwitches(subject.pid) - before;
+}
+
+void tell(const Subject& subject, const Figures& figures) {
+    const auto time = [&](const std::string& what, double value) {
+        report(subject.name + ": " + what, value, "ms");
+    };
+    time("processor time of the first sweep", figures.first.own);
+    time("of a later one, on average", figures.later.own);
+    time("the X server's for a later one", figures.later.server);
+    report(subject.name + ": wake-ups in 1 s afterwards", static_cast<double>(figures.wakeUps), "",
+           "0");
+}
+
+/// By turns, as what else the computer does may change.
+std::vector<Figures> measure(const VirtualDesktop& desktop, const std::vector<Subject>& subjects) {
+    std::vector<Figures> figures(subjects.size());
+    for (std::size_t i = 0; i < subjects.size(); ++i)
+        figures[i].first = sweep(desktop, subjects[i]);
+    for (int round = 0; round < laterSweeps; ++round) {
+        for (std::size_t i = 0; i < subjects.size(); ++i) {
+            const Times times = sweep(desktop, subjects[i]);
+            figures[i].later.own += times.own / laterSweeps;
+            figures[i].later.server += times.server / laterSweeps;
+            figures[i].wakeUps += wakeUpsAfterwards(desktop, subjects[i]);
+        }
+    }
     return figures;
 }
 
@@ -184,26 +212,16 @@ void compare() {
     const auto installed = apps();
     for (const App& app : installed)
         desktop->home().install(app);
-    std::vector<Subject> subjects; if (!getenv("NOPLANK")) subjects.push_back(startPlank(*desktop, installed));
-    subjects.push_back(startVireline(*desktop, installed));
-    std::vector<double> times;
-    for (const Subject& subject : subjects) {
-        const int rounds = getenv("ROUNDS") ? atoi(getenv("ROUNDS")) : 1;
-        std::cout << "PID " << subject.name << ' ' << subject.pid << std::endl;
-        for (int i = 0; i < rounds; ++i) sweep(*desktop, subject);
-        const Figures figures = sweep(*desktop, subject);
-        times.push_back(figures.milliseconds);
-        report(subject.name + ": processor time of 4 s of movement", figures.milliseconds, "ms");
-        report(subject.name + ": wake-ups in 1 s at rest afterwards",
-               static_cast<double>(figures.wakeUps), "", "0");
-    }
-    if (times.size() > 1) report("Vireline's share of Plank's time", 100 * times[1] / times[0], "%", "<= 25");
-    desktop->pointer().moveTo(place(subjects[0], 90));
-    std::this_thread::sleep_for(1s);
-    Picture::ofScreen(desktop->client()).writePNG("/tmp/surface-plank.png");
-    desktop->pointer().moveTo(place(subjects.back(), 90));
-    std::this_thread::sleep_for(1s);
-    Picture::ofScreen(desktop->client()).writePNG("/tmp/surface-vireline.png");
+    const std::vector<Subject> subjects{startPlank(*desktop, installed),
+                                        startVireline(*desktop, installed)};
+    const auto figures = measure(*desktop, subjects);
+    for (std::size_t i = 0; i < subjects.size(); ++i)
+        tell(subjects[i], figures[i]);
+    constexpr double percent = 100;
+    report("Vireline's share of Plank's time, the first sweep",
+           percent * figures[1].first.own / figures[0].first.own, "%", "<= 25");
+    report("Vireline's share of Plank's time, later ones",
+           percent * figures[1].later.own / figures[0].later.own, "%", "<= 25");
 }
 
 }
