@@ -174,9 +174,8 @@ bool DockPanel::dropped(Point at) {
 }
 
 void DockPanel::sceneInvalidated() {
-    if (std::exchange(sceneIsStale_, true))
-        return;
-    nextFrame_ = window_->requestFrame(lifetime_.guard([this] { showFrame(); }));
+    if (!std::exchange(sceneIsStale_, true))
+        window_->requestFrame();
 }
 
 void DockPanel::showFrame() {
@@ -185,9 +184,8 @@ void DockPanel::showFrame() {
         animator_.setTarget(hosting_.makeScene(), now, motionSettings_.reducesMotion());
     }
     window_->present(animator_.frame(now));
-    if (animator_.isMoving(now)) {
-        nextFrame_ = window_->requestFrame(lifetime_.guard([this] { showFrame(); }));
-    }
+    if (animator_.isMoving(now))
+        window_->requestFrame();
 }
 
 }

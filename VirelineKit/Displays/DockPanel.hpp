@@ -40,6 +40,7 @@ public:
 private:
     void mouseEntered() override;
     void mouseExited() override;
+    void frameDue() override { showFrame(); }
     void pointerEvent(const PointerEvent& event) override;
     void dragEntered(const std::vector<std::string>& urls) override;
     bool dragMoved(Point at) override;
@@ -76,8 +77,6 @@ private:
     Animator animator_;
     std::unique_ptr<PanelWindow> window_;
     bool sceneIsStale_ = true;
-    /// The frame that was asked for, if any.
-    Timer nextFrame_;
     Lifetime lifetime_;
 };
 

@@ -63,6 +63,9 @@ public:
     /// For programs of this desktop; tests may add to it before they start one.
     [[nodiscard]] Environment& environment() noexcept { return environment_; }
 
+    /// The X server's process.
+    [[nodiscard]] pid_t server() const { return server_.pid(); }
+
     /// Ends the X server under everybody's feet; nothing can be asked of the desktop afterwards.
     void stopServer() { server_.stop(); }
 
