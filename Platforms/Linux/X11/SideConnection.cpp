@@ -1,6 +1,7 @@
 #include "X11/SideConnection.hpp"
 
 #include <poll.h>
+#include <xcb/xcbext.h>
 
 #include <algorithm>
 #include <utility>
