@@ -4,7 +4,7 @@
 
 #include "VirtualDesktop/ChildProcess.hpp"
 #include "VirtualDesktop/Colour.hpp"
-#include "VirtualDesktop/TemporaryFolder.hpp"
+#include "Support/TemporaryFolder.hpp"
 
 #include <filesystem>
 #include <span>
@@ -80,7 +80,7 @@ private:
     /// An icon of the app's colour; its path.
     [[nodiscard]] std::string paintIcon(const App& app) const;
 
-    TemporaryFolder root_;
+    test::TemporaryFolder root_;
     std::filesystem::path testApp_;
 };
 
