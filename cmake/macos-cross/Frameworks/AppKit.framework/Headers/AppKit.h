@@ -3,6 +3,7 @@
 
 #import <AppKit/AppKitDefines.h>
 #import <AppKit/NSApplication.h>
+#import <AppKit/NSCell.h>
 #import <AppKit/NSEvent.h>
 #import <AppKit/NSImage.h>
 #import <AppKit/NSMenu.h>
@@ -10,4 +11,6 @@
 #import <AppKit/NSResponder.h>
 #import <AppKit/NSRunningApplication.h>
 #import <AppKit/NSScreen.h>
+#import <AppKit/NSStatusBar.h>
+#import <AppKit/NSStatusItem.h>
 #import <AppKit/NSWorkspace.h>
