@@ -1,13 +1,12 @@
 #pragma once
 
+#import <AppKit/NSButton.h>
 #import <AppKit/NSImage.h>
 #import <AppKit/NSMenu.h>
-#import <AppKit/NSResponder.h>
 
 NS_ASSUME_NONNULL_BEGIN
 
-@interface NSStatusBarButton : NSResponder
-@property (nullable, strong) NSImage* image;
+@interface NSStatusBarButton : NSButton
 @end
 
 @interface NSStatusItem : NSObject
