@@ -53,13 +53,19 @@ void DockRootView::layoutIfNeeded() {
     if (std::exchange(tilesAreStale_, false)) {
         tiles_.rebuild(context_.model.items.get(), context_.icons, context_.trash);
         listChanged_ = true;
-        if (press_ && tiles_.find(press_->serial) == nullptr)
+        if (press_ && !canHold(*press_))
             endDrag(false);
     }
     if (!std::exchange(layoutIsStale_, false))
         return;
     request_ = layoutRequest();
     frames_ = StripLayout::layout(request_);
+}
+
+/// Whether the tile under the button is still one that can be pressed, or dragged.
+bool DockRootView::canHold(const Press& press) {
+    const DockTile* const tile = tiles_.find(press.serial);
+    return tile != nullptr && (!press.isDragging || tile->isPinnedApp());
 }
 
 StripLayout::Request DockRootView::layoutRequest() const {
@@ -146,8 +152,13 @@ DockTile* DockRootView::tileAt(Point p) {
 void DockRootView::pointerEvent(const PointerEvent& event) {
     if (event.kind == PointerEvent::Kind::exited)
         return pointerExited();
-    if (ui_.collapsed.get())
+    if (ui_.collapsed.get()) {
+        // There is nothing here any more that a button could hold.
+        if (event.kind == PointerEvent::Kind::released ||
+            event.kind == PointerEvent::Kind::cancelled)
+            endDrag(false);
         return;
+    }
     switch (event.kind) {
     case PointerEvent::Kind::moved:
         pointerMoved(event.position);
@@ -193,6 +204,7 @@ void DockRootView::pointerExited() {
 }
 
 void DockRootView::pressed(Point p) {
+    endDrag(false);
     const DockTile* const tile = tileAt(p);
     press_ = tile != nullptr ? std::optional{Press{.serial = tile->serial, .at = p}} : std::nullopt;
 }
@@ -300,12 +312,13 @@ std::optional<ReorderMath::Drag> DockRootView::reorderDrag() const {
                              .count = request_.pinnedCount};
 }
 
-void DockRootView::dragEntered(const std::vector<std::string>& urls) {
+bool DockRootView::dragEntered(const std::vector<std::string>& urls) {
     draggedFiles_.clear();
     for (const std::string& text : urls) {
         if (auto url = FileURL::parse(text))
             draggedFiles_.push_back(*std::move(url));
     }
+    return !draggedFiles_.empty();
 }
 
 bool DockRootView::dragMoved(Point at) {

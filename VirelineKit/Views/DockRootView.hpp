@@ -66,8 +66,8 @@ public:
 
     void pointerEvent(const PointerEvent& event);
 
-    /// A drag from another program, as `PanelWindowListener` has it.
-    void dragEntered(const std::vector<std::string>& urls);
+    /// A drag from another program, as `PanelWindowListener` has it. Tells whether it brings files.
+    bool dragEntered(const std::vector<std::string>& urls);
     bool dragMoved(Point at);
     void dragExited();
     bool dropped(Point at);
@@ -90,6 +90,7 @@ private:
 
     void invalidate();
     void layoutIfNeeded();
+    [[nodiscard]] bool canHold(const Press& press);
     [[nodiscard]] StripLayout::Request layoutRequest() const;
     [[nodiscard]] TileLook lookOf(const DockTile& tile, int index) const;
     [[nodiscard]] std::optional<std::string> labelText() const;

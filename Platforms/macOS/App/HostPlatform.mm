@@ -15,6 +15,8 @@
 #include "Files/FoundationUserFolders.hpp"
 #include "Icons/WorkspaceIcons.hpp"
 #include "Panels/MacPanelWindows.hpp"
+#include "Windows/AXAccessibility.hpp"
+#include "Windows/EventTaps.hpp"
 
 #include <utility>
 
@@ -36,6 +38,8 @@ struct HostPlatform::Parts {
     macos::MacPanelWindows panelWindows;
     macos::MacPointerSettings pointerSettings;
     macos::MacMotionSettings motionSettings;
+    macos::AXAccessibility accessibility;
+    macos::EventTaps pointerTaps;
 };
 
 std::expected<std::unique_ptr<HostPlatform>, HostPlatform::Ended> HostPlatform::start() {
@@ -61,7 +65,9 @@ Platform HostPlatform::ports() {
             .screens = parts_->screens,
             .panelWindows = parts_->panelWindows,
             .pointerSettings = parts_->pointerSettings,
-            .motionSettings = parts_->motionSettings};
+            .motionSettings = parts_->motionSettings,
+            .accessibility = parts_->accessibility,
+            .pointerTaps = parts_->pointerTaps};
 }
 
 }

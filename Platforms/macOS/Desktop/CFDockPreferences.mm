@@ -29,7 +29,9 @@
 
 - (void)notificationPosted:(NSNotification*)notification {
     static_cast<void>(notification);
-    _handler();
+    // Copied, since the handler may end this object.
+    const auto handler = _handler;
+    handler();
 }
 
 @end

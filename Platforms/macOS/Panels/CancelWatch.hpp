@@ -1,5 +1,5 @@
-/// While it lives, sees when a drag of the program's own is taken away: by the Escape key, which goes
-/// to whatever program has the focus, or by a release of the button that nobody tells of.
+/// While it lives, sees when a drag of the program's own is taken away: by the Escape key, which
+/// goes to whatever program has the focus, or by a release of the button that nobody tells of.
 #pragma once
 
 #include "Foundation/ScopedHandle.hpp"

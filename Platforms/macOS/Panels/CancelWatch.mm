@@ -50,10 +50,9 @@ public:
 
 private:
     void look() {
-        const DragWatch::Look now{
-            .isEscapeDown =
-                CGEventSourceKeyState(kCGEventSourceStateCombinedSessionState, escapeKey),
-            .isPrimaryDown = (NSEvent.pressedMouseButtons & 1) != 0};
+        const DragWatch::Look now{.isEscapeDown = CGEventSourceKeyState(
+                                      kCGEventSourceStateCombinedSessionState, escapeKey),
+                                  .isPrimaryDown = (NSEvent.pressedMouseButtons & 1) != 0};
         if (!drag_.isTakenAway(now))
             return;
         [timer_ invalidate];

@@ -36,9 +36,9 @@ namespace {
 class API_AVAILABLE(macos(14.0)) DisplayLinkTicks final : public RefreshTicks {
 public:
     DisplayLinkTicks(NSView* view, std::function<void()> onTick)
-        : link_([view displayLinkWithTarget:[[VirelineTickTarget alloc]
-                                                initWithFunction:std::move(onTick)]
-                                   selector:@selector(tick:)]) {
+        : link_([view
+              displayLinkWithTarget:[[VirelineTickTarget alloc] initWithFunction:std::move(onTick)]
+                           selector:@selector(tick:)]) {
         link_.paused = YES;
         [link_ addToRunLoop:NSRunLoop.mainRunLoop forMode:NSRunLoopCommonModes];
     }
@@ -70,13 +70,13 @@ public:
         const NSInteger rate = view_.window.screen.maximumFramesPerSecond;
         constexpr NSInteger usualRate = 60;
         const std::weak_ptr<std::function<void()>> weak = onTick_;
-        timer_ = [NSTimer timerWithTimeInterval:1.0 / static_cast<double>(rate > 0 ? rate
-                                                                                   : usualRate)
-                                        repeats:YES
-                                          block:^(NSTimer*) {
-                                            if (const auto onTick = weak.lock())
-                                                (*onTick)();
-                                          }];
+        timer_ =
+            [NSTimer timerWithTimeInterval:1.0 / static_cast<double>(rate > 0 ? rate : usualRate)
+                                   repeats:YES
+                                     block:^(NSTimer*) {
+                                       if (const auto onTick = weak.lock())
+                                           (*onTick)();
+                                     }];
         [NSRunLoop.mainRunLoop addTimer:timer_ forMode:NSRunLoopCommonModes];
     }
 
@@ -100,8 +100,7 @@ std::unique_ptr<RefreshTicks> makeTicks(NSView* view, std::function<void()> onTi
 }
 
 FrameClock::FrameClock(NSView* view, std::function<void()> onFrame)
-    : onFrame_(std::move(onFrame))
-    , ticks_(makeTicks(view, lifetime_.guard([this] { tick(); }))) {}
+    : onFrame_(std::move(onFrame)), ticks_(makeTicks(view, lifetime_.guard([this] { tick(); }))) {}
 
 void FrameClock::request() {
     if (pacer_.request() == FramePacer::Start::notNeeded)

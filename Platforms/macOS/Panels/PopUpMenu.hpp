@@ -33,7 +33,11 @@ public:
     PopUpMenu& operator=(PopUpMenu&&) = delete;
     ~PopUpMenu();
 
+    /// Closes it and tells so at once.
+    void end();
+
 private:
+    void close();
     void finish();
 
     Closed closed_;

@@ -25,9 +25,8 @@ std::shared_ptr<PopUpMenu> PopUpMenu::open(const Menu& menu, NSView* view, NSPoi
     dispatch_async(dispatch_get_main_queue(), ^{
       NSView* const shownIn = weakView;
       if (!weak.expired() && shownIn != nil)
-          attempt("popUpMenu", [&] {
-              [native popUpMenuPositioningItem:nil atLocation:at inView:shownIn];
-          });
+          attempt("popUpMenu",
+                  [&] { [native popUpMenuPositioningItem:nil atLocation:at inView:shownIn]; });
       // The choice may come right behind the closing.
       dispatch_async(dispatch_get_main_queue(), ^{
         if (const auto held = weak.lock())
@@ -38,6 +37,15 @@ std::shared_ptr<PopUpMenu> PopUpMenu::open(const Menu& menu, NSView* view, NSPoi
 }
 
 PopUpMenu::~PopUpMenu() {
+    close();
+}
+
+void PopUpMenu::end() {
+    close();
+    finish();
+}
+
+void PopUpMenu::close() {
     attempt("cancelTracking", [this] { [menu_ cancelTrackingWithoutAnimation]; });
 }
 

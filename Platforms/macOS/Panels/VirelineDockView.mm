@@ -113,8 +113,7 @@ bool isSameKind(const SceneNode& one, const SceneNode& other) {
         NSAccessibilityPostNotification(self, NSAccessibilityLayoutChangedNotification);
     } else if (now.running != before.running) {
         for (const ShownTile& tile : _tiles)
-            NSAccessibilityPostNotification(tile.element,
-                                            NSAccessibilityValueChangedNotification);
+            NSAccessibilityPostNotification(tile.element, NSAccessibilityValueChangedNotification);
     }
 }
 

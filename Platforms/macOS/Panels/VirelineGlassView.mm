@@ -3,7 +3,7 @@
 /// What is used of the system's glass, which development kits before version 26 do not declare.
 @protocol VirelineSystemGlass
 @property CGFloat cornerRadius;
-@property (nullable, strong) NSView* contentView;
+@property(nullable, strong) NSView* contentView;
 @end
 
 namespace {

@@ -11,8 +11,8 @@
 /// A view for nodes of the kind of this one, which it does not show yet.
 + (nonnull VirelineNodeView*)viewForNode:(const vireline::SceneNode&)node;
 
-/// Shows a node of that kind; `scale` is the display's pixels per point. The superview's coordinates
-/// are the scene's.
+/// Shows a node of that kind; `scale` is the display's pixels per point. The superview's
+/// coordinates are the scene's.
 - (void)showNode:(const vireline::SceneNode&)node scale:(CGFloat)scale;
 
 @end

@@ -137,8 +137,7 @@ NSImage* colored(NSImage* image) {
 
 @implementation VirelineImageNodeView {
     NSImage* _image;
-    /// Of the layer's contents; it only ever grows, so that going in and out of magnification costs
-    /// nothing after the first time.
+    /// Of the layer's contents, which suffice for the largest size.
     CGFloat _contentsScale;
 }
 
@@ -163,13 +162,11 @@ NSImage* colored(NSImage* image) {
         self.needsDisplay = YES;
         return;
     }
-    const double side = std::max(self.frame.size.width, self.frame.size.height);
-    const double sharp = ScenePlacement::imageScale(image->size(), side, scale);
-    const bool isSame = image->image() == _image;
-    if (isSame && sharp <= _contentsScale)
+    const double sharp = ScenePlacement::imageScale(image->size(), content->largestSide, scale);
+    if (image->image() == _image && sharp == _contentsScale)
         return;
     _image = image->image();
-    _contentsScale = isSame ? std::max(sharp, _contentsScale) : sharp;
+    _contentsScale = sharp;
     self.needsDisplay = YES;
 }
 
@@ -238,8 +235,7 @@ NSImage* colored(NSImage* image) {
     _text.stringValue = toNSString(label->text);
     const Size text = toSize(_text.intrinsicContentSize);
     const Size padding{label->padding.width * node.scale, label->padding.height * node.scale};
-    self.frame =
-        toCGRect(ScenePlacement::capsule(toRect(self.frame), text, padding, scale));
+    self.frame = toCGRect(ScenePlacement::capsule(toRect(self.frame), text, padding, scale));
     const NSSize size = self.frame.size;
     _glass.cornerRadius = size.height / 2;
     _text.frame = NSMakeRect(padding.width, (size.height - text.height) / 2,

@@ -1,4 +1,5 @@
-/// The window that carries a dock: borderless, floating, on every desktop, never key and never main.
+/// The window that carries a dock: borderless, floating, on every desktop, never key and never
+/// main.
 #pragma once
 
 #include "Translation/PanelInput.hpp"
@@ -14,6 +15,6 @@
                                 input:(std::weak_ptr<vireline::macos::PanelInput>)input;
 
 /// Whether the pointer is somewhere over the window, which is shown.
-@property (readonly) BOOL isUnderPointer;
+@property(readonly) BOOL isUnderPointer;
 
 @end

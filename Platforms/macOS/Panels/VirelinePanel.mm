@@ -9,9 +9,9 @@ using vireline::macos::toPoint;
 
 namespace {
 
-constexpr NSWindowCollectionBehavior onEveryDesktop =
-    NSWindowCollectionBehaviorCanJoinAllSpaces | NSWindowCollectionBehaviorStationary |
-    NSWindowCollectionBehaviorFullScreenAuxiliary;
+constexpr NSWindowCollectionBehavior onEveryDesktop = NSWindowCollectionBehaviorCanJoinAllSpaces |
+                                                      NSWindowCollectionBehaviorStationary |
+                                                      NSWindowCollectionBehaviorFullScreenAuxiliary;
 
 static_assert(NSWindowStyleMaskNonactivatingPanel == 128);
 static_assert(NSFloatingWindowLevel == 3);
@@ -60,7 +60,8 @@ static_assert(onEveryDesktop == 273);
 }
 
 - (BOOL)isUnderPointer {
-    return self.visible && vireline::macos::toRect(self.frame).contains(toPoint(NSEvent.mouseLocation));
+    return self.visible &&
+           vireline::macos::toRect(self.frame).contains(toPoint(NSEvent.mouseLocation));
 }
 
 - (void)mouseEntered:(NSEvent*)event {

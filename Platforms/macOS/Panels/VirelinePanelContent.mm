@@ -28,9 +28,10 @@ static_assert(DropOperations::generic == NSDragOperationGeneric);
 /// In the order given. A reference to a file by its number becomes its path.
 std::vector<std::string> fileURLs(NSPasteboard* pasteboard) {
     std::vector<std::string> texts;
-    NSArray* const urls =
-        [pasteboard readObjectsForClasses:@[ NSURL.class ]
-                                  options:@{NSPasteboardURLReadingFileURLsOnlyKey : @YES}];
+    NSArray* const urls = [pasteboard readObjectsForClasses:@[ NSURL.class ]
+                                                    options:@{
+                                                        NSPasteboardURLReadingFileURLsOnlyKey : @YES
+                                                    }];
     for (id object in urls) {
         if (![object isKindOfClass:NSURL.class])
             continue;
@@ -42,8 +43,7 @@ std::vector<std::string> fileURLs(NSPasteboard* pasteboard) {
 }
 
 NSDragOperation operation(BOOL canDrop, id<NSDraggingInfo> drag) {
-    return canDrop ? DropOperations::chosen(drag.draggingSourceOperationMask)
-                   : NSDragOperationNone;
+    return canDrop ? DropOperations::chosen(drag.draggingSourceOperationMask) : NSDragOperationNone;
 }
 
 }

@@ -12,6 +12,6 @@
 
 - (nonnull instancetype)initWithTile:(std::uint32_t)tile dock:(nonnull VirelineDockView*)dock;
 
-@property (readonly) std::uint32_t tile;
+@property(readonly) std::uint32_t tile;
 
 @end

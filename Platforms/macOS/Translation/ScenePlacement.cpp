@@ -20,12 +20,6 @@ double nearest(double pixel) {
     return std::floor(pixel + 0.5);
 }
 
-bool isWhole(double length, double scale) {
-    constexpr double tolerance = 1.0 / 64;
-    const double pixels = length * scale;
-    return std::abs(pixels - nearest(pixels)) < tolerance;
-}
-
 struct Placing {
     Rect rect;
     double scale;
@@ -35,9 +29,11 @@ struct Placing {
     Rect operator()(const DotNode&) const { return snappedAsWhole(rect, scale); }
     Rect operator()(const SeparatorNode&) const { return snappedAsWhole(rect, scale); }
     Rect operator()(const LabelNode&) const { return rect; }
-    Rect operator()(const ImageNode&) const {
-        const bool isSharp = isWhole(rect.width, scale) && isWhole(rect.height, scale);
-        return isSharp ? snappedAsWhole(rect, scale) : rect;
+    Rect operator()(const ImageNode& image) const {
+        constexpr double tolerance = 1.0 / 64;
+        const double side = std::max(rect.width, rect.height);
+        const bool isAtRest = std::abs(side - image.restingSide) < tolerance;
+        return isAtRest ? snappedAsWhole(rect, scale) : rect;
     }
 };
 
@@ -75,11 +71,8 @@ Rect capsule(const Rect& room, Size text, Size padding, double scale) {
 
 double imageScale(Size image, double side, double scale) {
     const double own = std::max(image.width, image.height);
-    double grown = 1;
     constexpr double most = 8;
-    while (grown < most && own * grown < side)
-        grown *= 2;
-    return grown * scale;
+    return own > 0 ? std::clamp(side / own, 1.0, most) * scale : scale;
 }
 
 }

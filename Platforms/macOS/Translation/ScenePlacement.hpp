@@ -23,8 +23,8 @@ namespace vireline::macos::ScenePlacement {
 /// A label's capsule around text of that size, centred in the node's frame and no larger than it.
 [[nodiscard]] Rect capsule(const Rect& room, Size text, Size padding, double scale);
 
-/// Pixels per point of an image's own size, for it to be sharp when drawn with `side` points on its
-/// longer side: in powers of two, so that a growing icon asks for few.
+/// Pixels per point of an image's own size, for it to be sharp with `side` points on its longer
+/// side. Never fewer than the display has.
 [[nodiscard]] double imageScale(Size image, double side, double scale);
 
 }

@@ -29,14 +29,20 @@ struct Programs {
     std::filesystem::path vireline;
     std::filesystem::path testApp;
     std::filesystem::path fileManager;
+    /// Loaded into window managers that need an output for each monitor.
+    std::filesystem::path monitorOutputs{}; // NOLINT(readability-redundant-member-init)
 };
 
 class VirtualDesktop {
 public:
+    /// Two of different kinds: each has its own idea of frames, gravities and focus.
+    enum class Manager : std::uint8_t { openbox, xfwm4 };
+
     struct Options {
         /// The first is primary. None leaves the server's own single display.
         std::vector<Monitor> monitors{};
         bool windowManager = true;
+        Manager manager = Manager::openbox;
         bool compositor = false;
         bool sessionBus = false;
         bool randr = true;
@@ -62,6 +68,9 @@ public:
 
     /// For programs of this desktop; tests may add to it before they start one.
     [[nodiscard]] Environment& environment() noexcept { return environment_; }
+
+    /// The X server's process.
+    [[nodiscard]] pid_t server() const { return server_.pid(); }
 
     /// Ends the X server under everybody's feet; nothing can be asked of the desktop afterwards.
     void stopServer() { server_.stop(); }
@@ -116,7 +125,13 @@ public:
 
 private:
     [[nodiscard]] Environment sessionEnvironment() const;
+    /// A bus at `socket` for programs with this environment; its address.
+    [[nodiscard]] static std::string startBus(std::optional<ChildProcess>& bus,
+                                              const std::filesystem::path& socket,
+                                              const Environment& environment);
     void startSessionBus();
+    void startOpenbox();
+    void startXfwm4();
 
     Programs programs_;
     Home home_;
@@ -124,7 +139,9 @@ private:
     std::unique_ptr<XClient> client_;
     Displays displays_;
     Environment environment_;
+    Manager manager_;
     std::optional<ChildProcess> bus_;
+    std::optional<ChildProcess> managerBus_;
     std::optional<ChildProcess> windowManager_;
     std::optional<ChildProcess> compositor_;
     std::list<ChildProcess> panels_;

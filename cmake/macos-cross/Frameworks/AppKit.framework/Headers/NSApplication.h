@@ -1,5 +1,6 @@
 #pragma once
 
+#import <AppKit/NSEvent.h>
 #import <AppKit/NSMenu.h>
 #import <AppKit/NSResponder.h>
 #import <AppKit/NSRunningApplication.h>
@@ -15,6 +16,8 @@ NS_ASSUME_NONNULL_BEGIN
 @property (class, readonly, strong) __kindof NSApplication* sharedApplication;
 @property (nullable, weak) id<NSApplicationDelegate> delegate;
 @property (nullable, strong) NSMenu* mainMenu;
+@property (nullable, readonly, strong) NSEvent* currentEvent;
+- (void)activateIgnoringOtherApps:(BOOL)flag API_DEPRECATED("", macos(10.0, 14.0));
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)activationPolicy;
 - (void)run;
 - (void)terminate:(nullable id)sender;

@@ -1,6 +1,6 @@
 #pragma once
 
-#import <AppKit/AppKitDefines.h>
+#import <AppKit/NSCell.h>
 
 @class NSMenu;
 
@@ -8,6 +8,11 @@ NS_ASSUME_NONNULL_BEGIN
 
 @interface NSMenuItem : NSObject <NSCopying>
 @property (nullable, strong) NSMenu* submenu;
+@property (copy) NSString* title;
+@property NSControlStateValue state;
+@property (nullable, weak) id target;
+@property (nullable, strong) id representedObject;
+@property NSInteger tag;
 + (NSMenuItem*)separatorItem;
 - (instancetype)initWithTitle:(NSString*)string
                        action:(nullable SEL)selector

@@ -19,9 +19,10 @@
 #define CF_ENUM(type, name)                                                                        \
     enum __attribute__((enum_extensibility(open))) name : type name;                               \
     enum name : type
+// In C++ a set of flags is a plain number, so that flags can be joined.
 #define CF_OPTIONS(type, name)                                                                     \
-    enum __attribute__((enum_extensibility(open), flag_enum)) name : type name;                    \
-    enum name : type
+    type name;                                                                                     \
+    enum __attribute__((enum_extensibility(open), flag_enum)) : name
 
 #define CF_BRIDGED_TYPE(type) __attribute__((objc_bridge(type)))
 

@@ -8,6 +8,7 @@ NS_ASSUME_NONNULL_BEGIN
 @property (readonly, getter=isFileURL) BOOL fileURL;
 @property (nullable, readonly, copy) NSString* path;
 + (NSURL*)fileURLWithPath:(NSString*)path;
++ (nullable instancetype)URLWithString:(NSString*)URLString;
 @end
 
 NS_ASSUME_NONNULL_END

@@ -14,25 +14,24 @@
 #import <AppKit/AppKit.h>
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <vector>
 
 namespace vireline::macos {
 
-class AppKitPanelWindow final : public PanelWindow {
+class MacPanelWindow final : public PanelWindow {
 public:
-    AppKitPanelWindow(std::uint32_t displayID, const Rect& frame, PanelWindowListener& listener);
-    AppKitPanelWindow(const AppKitPanelWindow&) = delete;
-    AppKitPanelWindow& operator=(const AppKitPanelWindow&) = delete;
-    AppKitPanelWindow(AppKitPanelWindow&&) = delete;
-    AppKitPanelWindow& operator=(AppKitPanelWindow&&) = delete;
-    ~AppKitPanelWindow() override;
+    MacPanelWindow(std::uint32_t displayID, const Rect& frame, PanelWindowListener& listener);
+    MacPanelWindow(const MacPanelWindow&) = delete;
+    MacPanelWindow& operator=(const MacPanelWindow&) = delete;
+    MacPanelWindow(MacPanelWindow&&) = delete;
+    MacPanelWindow& operator=(MacPanelWindow&&) = delete;
+    ~MacPanelWindow() override;
 
     void setFrame(const Rect& frame, bool animate) override;
     void setHostedFrame(const Rect& frame) override;
     void present(const Scene& scene) override;
-    [[nodiscard]] Timer requestFrame(std::function<void()> onFrame) override;
+    void requestFrame() override { frames_.request(); }
     void watchForCancel(bool watches) override;
     void orderFrontRegardless() override;
     void orderOut() override;
@@ -44,7 +43,6 @@ private:
     void restore();
     void lookAtPointerSoon();
     void lookAtPointer();
-    void showFrame();
     void menuClosed(std::optional<std::size_t> chosen, const MenuClosed& onClose);
     [[nodiscard]] Point pointer() const;
 
@@ -53,7 +51,6 @@ private:
     VirelinePanel* _Nonnull panel_;
     VirelineDockView* _Nonnull dock_;
     FrameClock frames_;
-    std::weak_ptr<std::function<void()>> frameRequest_;
     std::shared_ptr<PopUpMenu> menu_;
     Subscription cancelWatch_;
     std::vector<Subscription> subscriptions_;

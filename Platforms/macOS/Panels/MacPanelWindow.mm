@@ -1,4 +1,4 @@
-#include "Panels/AppKitPanelWindow.hpp"
+#include "Panels/MacPanelWindow.hpp"
 
 #include "Bridge/Attempt.hpp"
 #include "Bridge/Conversions.hpp"
@@ -27,13 +27,13 @@ VirelineDockView* fill(VirelinePanel* panel, const std::shared_ptr<PanelInput>& 
 
 }
 
-AppKitPanelWindow::AppKitPanelWindow(std::uint32_t displayID, const Rect& frame,
-                                     PanelWindowListener& listener)
+MacPanelWindow::MacPanelWindow(std::uint32_t displayID, const Rect& frame,
+                               PanelWindowListener& listener)
     : input_(std::make_shared<PanelInput>(listener))
     , frame_(frame)
     , panel_([[VirelinePanel alloc] initWithFrame:toCGRect(frame) input:input_])
     , dock_(fill(panel_, input_))
-    , frames_(dock_, lifetime_.guard([this] { showFrame(); })) {
+    , frames_(dock_, [&listener] { listener.frameDue(); }) {
     // Nobody sees it but assistive technology.
     panel_.title = toNSString("Vireline dock #" + std::to_string(displayID));
     input_->setHosted({{0, 0, frame.width, frame.height}});
@@ -41,7 +41,7 @@ AppKitPanelWindow::AppKitPanelWindow(std::uint32_t displayID, const Rect& frame,
 }
 
 /// After any of these the window may have been moved, or show what is out of date.
-void AppKitPanelWindow::observe() {
+void MacPanelWindow::observe() {
     const auto changed = lifetime_.guard([this](NSNotification*) { restore(); });
     subscriptions_.push_back(macos::observe(NSNotificationCenter.defaultCenter,
                                             NSApplicationDidChangeScreenParametersNotification,
@@ -54,21 +54,22 @@ void AppKitPanelWindow::observe() {
             macos::observe(NSWorkspace.sharedWorkspace.notificationCenter, name, changed));
 }
 
-AppKitPanelWindow::~AppKitPanelWindow() {
+MacPanelWindow::~MacPanelWindow() {
     attempt("close", [this] {
         panel_.contentView = nil;
         [panel_ close];
     });
 }
 
-void AppKitPanelWindow::setFrame(const Rect& frame, bool animate) {
+void MacPanelWindow::setFrame(const Rect& frame, bool animate) {
     frame_ = frame;
     attempt("setFrame", [&] { applyFrame(animate); });
     lookAtPointerSoon();
 }
 
-/// An animation that runs already is replaced: it would go on to where the window no longer belongs.
-void AppKitPanelWindow::applyFrame(bool animate) {
+/// An animation that runs already is replaced: it would go on to where the window no longer
+/// belongs.
+void MacPanelWindow::applyFrame(bool animate) {
     const auto arrived = lifetime_.guard([this] { lookAtPointerSoon(); });
     [NSAnimationContext
         runAnimationGroup:^(NSAnimationContext* context) {
@@ -83,17 +84,17 @@ void AppKitPanelWindow::applyFrame(bool animate) {
         [panel_ setFrame:toCGRect(frame_) display:YES];
 }
 
-void AppKitPanelWindow::setHostedFrame(const Rect& frame) {
+void MacPanelWindow::setHostedFrame(const Rect& frame) {
     input_->setHosted({frame});
     attempt("setHostedFrame", [&] { dock_.frame = toCGRect(frame); });
 }
 
-void AppKitPanelWindow::present(const Scene& scene) {
+void MacPanelWindow::present(const Scene& scene) {
     input_->setInputRegion(scene.inputRegion);
     attempt("present", [&] { [dock_ presentScene:scene]; });
 }
 
-void AppKitPanelWindow::restore() {
+void MacPanelWindow::restore() {
     attempt("restore", [this] {
         applyFrame(false);
         [dock_ presentAgain];
@@ -102,30 +103,18 @@ void AppKitPanelWindow::restore() {
     lookAtPointerSoon();
 }
 
-Timer AppKitPanelWindow::requestFrame(std::function<void()> onFrame) {
-    auto request = std::make_shared<std::function<void()>>(std::move(onFrame));
-    frameRequest_ = request;
-    frames_.request();
-    return Timer{std::move(request)};
-}
-
-void AppKitPanelWindow::showFrame() {
-    if (const auto request = std::exchange(frameRequest_, {}).lock())
-        (*request)();
-}
-
-void AppKitPanelWindow::watchForCancel(bool watches) {
+void MacPanelWindow::watchForCancel(bool watches) {
     cancelWatch_.reset();
     if (watches)
         cancelWatch_ = macos::watchForCancel(lifetime_.guard([this] { input_->cancelled(); }));
 }
 
-void AppKitPanelWindow::orderFrontRegardless() {
+void MacPanelWindow::orderFrontRegardless() {
     attempt("orderFrontRegardless", [this] { [panel_ orderFrontRegardless]; });
     lookAtPointerSoon();
 }
 
-void AppKitPanelWindow::orderOut() {
+void MacPanelWindow::orderOut() {
     menu_.reset();
     attempt("orderOut", [this] { [panel_ orderOut:nil]; });
     input_->dragEnded();
@@ -134,14 +123,14 @@ void AppKitPanelWindow::orderOut() {
 
 /// A window that comes to lie under the pointer, or that is taken away from under it, hears nothing
 /// from the system before the pointer moves.
-void AppKitPanelWindow::lookAtPointerSoon() {
+void MacPanelWindow::lookAtPointerSoon() {
     const auto look = lifetime_.guard([this] { lookAtPointer(); });
     dispatch_async(dispatch_get_main_queue(), ^{
       look();
     });
 }
 
-void AppKitPanelWindow::lookAtPointer() {
+void MacPanelWindow::lookAtPointer() {
     const bool isPrimaryHeld = (NSEvent.pressedMouseButtons & 1) != 0;
     if (!panel_.isUnderPointer)
         input_->pointerLeft(isPrimaryHeld);
@@ -149,21 +138,24 @@ void AppKitPanelWindow::lookAtPointer() {
         input_->pointerEntered(pointer());
 }
 
-Point AppKitPanelWindow::pointer() const {
+Point MacPanelWindow::pointer() const {
     return toPoint([panel_ convertPointFromScreen:NSEvent.mouseLocation]);
 }
 
-void AppKitPanelWindow::popUpMenu(const Menu& menu, Point at, MenuClosed onClose) {
+void MacPanelWindow::popUpMenu(const Menu& menu, Point at, MenuClosed onClose) {
     if (menu.entries.empty())
         return onClose(std::nullopt);
-    menu_.reset();
+    if (const auto open = menu_)
+        open->end();
     input_->menuOpened();
-    menu_ = PopUpMenu::open(menu, dock_, toCGPoint(at),
-                            [this, onClose = std::move(onClose)](
-                                std::optional<std::size_t> chosen) { menuClosed(chosen, onClose); });
+    menu_ =
+        PopUpMenu::open(menu, dock_, toCGPoint(at),
+                        [this, onClose = std::move(onClose)](std::optional<std::size_t> chosen) {
+                            menuClosed(chosen, onClose);
+                        });
 }
 
-void AppKitPanelWindow::menuClosed(std::optional<std::size_t> chosen, const MenuClosed& onClose) {
+void MacPanelWindow::menuClosed(std::optional<std::size_t> chosen, const MenuClosed& onClose) {
     // The menu owns the callback, and what it does may end this window.
     const MenuClosed tell = onClose;
     menu_.reset();

@@ -1,0 +1,23 @@
+#include "Bridge/ActionTarget.hpp"
+
+#include <utility>
+
+@implementation VirelineActionTarget {
+    std::function<void()> _onAction;
+}
+
+- (instancetype)initWithFunction:(std::function<void()>)onAction {
+    self = [super init];
+    if (self != nil)
+        _onAction = std::move(onAction);
+    return self;
+}
+
+- (void)act:(id)sender {
+    static_cast<void>(sender);
+    // Copied, since the action may end this object.
+    const auto onAction = _onAction;
+    onAction();
+}
+
+@end

@@ -1,0 +1,36 @@
+/// The events that a tap in the pointer's path sees, by the system's numbers.
+#pragma once
+
+#include "Platform/PointerTap.hpp"
+
+#include <cstdint>
+#include <optional>
+
+namespace vireline::macos::TapEvents {
+
+inline constexpr std::uint32_t mouseMoved = 5;
+inline constexpr std::uint32_t leftMouseDragged = 6;
+inline constexpr std::uint32_t tapDisabledByTimeout = 0xFFFFFFFE;
+inline constexpr std::uint32_t tapDisabledByUserInput = 0xFFFFFFFF;
+
+/// What a tap asks for. That it was disabled, it is told unasked.
+inline constexpr std::uint64_t mask = std::uint64_t{1} << mouseMoved | std::uint64_t{1}
+                                                                           << leftMouseDragged;
+
+/// Nothing for what was not asked for.
+[[nodiscard]] constexpr std::optional<PointerTapEvent::Kind> kind(std::uint32_t type) {
+    switch (type) {
+    case mouseMoved:
+        return PointerTapEvent::Kind::mouseMoved;
+    case leftMouseDragged:
+        return PointerTapEvent::Kind::leftMouseDragged;
+    case tapDisabledByTimeout:
+        return PointerTapEvent::Kind::tapDisabledByTimeout;
+    case tapDisabledByUserInput:
+        return PointerTapEvent::Kind::tapDisabledByUserInput;
+    default:
+        return std::nullopt;
+    }
+}
+
+}

@@ -1,0 +1,29 @@
+/// Other programs' windows through the system's Accessibility interface.
+#pragma once
+
+#include "Platform/Accessibility.hpp"
+
+namespace vireline::macos {
+
+/// Positions and sizes are passed on as they are: the interface's space is the port's. An attribute
+/// of another type than documented is an error like a missing one.
+class AXAccessibility final : public Accessibility {
+public:
+    [[nodiscard]] bool isTrusted() const override;
+    bool isTrustedWithPrompt() override;
+
+    [[nodiscard]] ElementHandle application(std::int32_t processIdentifier,
+                                            const std::string& bundleID) override;
+    void setMessagingTimeout(AccessibilityElement& element, float seconds) override;
+
+    [[nodiscard]] Result<ElementHandle> mainWindow(AccessibilityElement& application) override;
+    [[nodiscard]] Result<std::vector<ElementHandle>>
+    windows(AccessibilityElement& application) override;
+
+    [[nodiscard]] Result<Point> position(AccessibilityElement& window) override;
+    Result<void> setPosition(AccessibilityElement& window, Point position) override;
+    [[nodiscard]] Result<Size> size(AccessibilityElement& window) override;
+    Result<void> setSize(AccessibilityElement& window, Size size) override;
+};
+
+}

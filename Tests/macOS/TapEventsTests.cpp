@@ -1,0 +1,30 @@
+#include "Translation/TapEvents.hpp"
+
+#include <gtest/gtest.h>
+
+namespace vireline {
+namespace {
+
+using namespace macos;
+
+TEST(TapEvents, AskForMovesWithoutAButtonAndWithTheLeftOne) {
+    EXPECT_EQ(TapEvents::mask, 0x60U);
+}
+
+TEST(TapEvents, TellTheKindsOfEventsApart) {
+    EXPECT_EQ(TapEvents::kind(5), PointerTapEvent::Kind::mouseMoved);
+    EXPECT_EQ(TapEvents::kind(6), PointerTapEvent::Kind::leftMouseDragged);
+}
+
+TEST(TapEvents, NoticeThatTheTapWasDisabled) {
+    EXPECT_EQ(TapEvents::kind(0xFFFFFFFE), PointerTapEvent::Kind::tapDisabledByTimeout);
+    EXPECT_EQ(TapEvents::kind(0xFFFFFFFF), PointerTapEvent::Kind::tapDisabledByUserInput);
+}
+
+TEST(TapEvents, LetPassWhatWasNotAskedFor) {
+    EXPECT_EQ(TapEvents::kind(1), std::nullopt);
+    EXPECT_EQ(TapEvents::kind(0), std::nullopt);
+}
+
+}
+}
