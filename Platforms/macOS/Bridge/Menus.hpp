@@ -8,17 +8,11 @@
 #include <cstddef>
 #include <functional>
 
-/// Hears of a menu's commands as the kit counts them.
-@interface VirelineMenuTarget : NSObject
-
-/// `onChosen` receives the index of the chosen entry.
-- (nonnull instancetype)initWithFunction:(std::function<void(std::size_t)>)onChosen;
-
-@end
-
 namespace vireline::macos {
 
-/// A menu without a title. AppKit keeps no hold of `target`.
-[[nodiscard]] NSMenu* _Nonnull makeMenu(const Menu& menu, VirelineMenuTarget* _Nonnull target);
+/// `onChoose` receives the index of the chosen entry of `menu.entries`. It lives as long as the
+/// menu.
+[[nodiscard]] NSMenu* _Nonnull toNSMenu(const Menu& menu,
+                                        std::function<void(std::size_t)> onChoose);
 
 }

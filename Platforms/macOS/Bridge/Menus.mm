@@ -5,27 +5,28 @@
 #include <utility>
 #include <variant>
 
-@interface VirelineMenuTarget ()
-- (void)chose:(id)sender;
+/// What all items of one menu are sent to. The items hold it, since as their target it is held by
+/// nobody.
+@interface VirelineMenuTarget : NSObject
+- (instancetype)initWithFunction:(std::function<void(std::size_t)>)onChoose;
+- (void)choose:(NSMenuItem*)item;
 @end
 
 @implementation VirelineMenuTarget {
-    std::function<void(std::size_t)> _onChosen;
+    std::function<void(std::size_t)> _onChoose;
 }
 
-- (instancetype)initWithFunction:(std::function<void(std::size_t)>)onChosen {
+- (instancetype)initWithFunction:(std::function<void(std::size_t)>)onChoose {
     self = [super init];
     if (self != nil)
-        _onChosen = std::move(onChosen);
+        _onChoose = std::move(onChoose);
     return self;
 }
 
-- (void)chose:(id)sender {
-    if (![sender isKindOfClass:NSMenuItem.class])
-        return;
-    const NSInteger index = static_cast<NSMenuItem*>(sender).tag;
-    if (index >= 0)
-        _onChosen(static_cast<std::size_t>(index));
+- (void)choose:(NSMenuItem*)item {
+    // Copied, since the choice may end this object.
+    const auto onChoose = _onChoose;
+    onChoose(static_cast<std::size_t>(item.tag));
 }
 
 @end
@@ -33,27 +34,26 @@
 namespace vireline::macos {
 namespace {
 
-NSMenuItem* makeItem(const MenuItem& entry, VirelineMenuTarget* target) {
-    const auto* const command = std::get_if<MenuCommand>(&entry);
-    if (command == nullptr)
-        return [NSMenuItem separatorItem];
-    NSMenuItem* const item = [[NSMenuItem alloc] initWithTitle:toNSString(command->title)
-                                                        action:@selector(chose:)
+NSMenuItem* makeItem(const MenuCommand& command, VirelineMenuTarget* target, std::size_t index) {
+    NSMenuItem* const item = [[NSMenuItem alloc] initWithTitle:toNSString(command.title)
+                                                        action:@selector(choose:)
                                                  keyEquivalent:@""];
     item.target = target;
+    item.representedObject = target;
+    item.tag = static_cast<NSInteger>(index);
     return item;
 }
 
 }
 
-NSMenu* makeMenu(const Menu& menu, VirelineMenuTarget* target) {
+NSMenu* toNSMenu(const Menu& menu, std::function<void(std::size_t)> onChoose) {
     NSMenu* const made = [[NSMenu alloc] initWithTitle:@""];
-    made.autoenablesItems = NO;
-    NSInteger index = 0;
-    for (const MenuItem& entry : menu.entries) {
-        NSMenuItem* const item = makeItem(entry, target);
-        item.tag = index++;
-        [made addItem:item];
+    VirelineMenuTarget* const target =
+        [[VirelineMenuTarget alloc] initWithFunction:std::move(onChoose)];
+    for (std::size_t index = 0; index < menu.entries.size(); ++index) {
+        const auto* const command = std::get_if<MenuCommand>(&menu.entries.at(index));
+        [made addItem:command == nullptr ? [NSMenuItem separatorItem]
+                                         : makeItem(*command, target, index)];
     }
     return made;
 }

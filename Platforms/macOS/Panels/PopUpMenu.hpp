@@ -1,7 +1,6 @@
 /// A native popup menu made of a menu's data, which opens without anybody having the focus.
 #pragma once
 
-#include "Bridge/Menus.hpp"
 #include "Views/Menu.hpp"
 
 #import <AppKit/AppKit.h>
@@ -42,7 +41,6 @@ private:
 
     Closed closed_;
     std::optional<std::size_t> chosen_;
-    VirelineMenuTarget* _Nullable target_ = nil;
     NSMenu* _Nullable menu_ = nil;
 };
 

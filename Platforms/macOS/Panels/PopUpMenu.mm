@@ -1,34 +1,38 @@
 #include "Panels/PopUpMenu.hpp"
 
 #include "Bridge/Attempt.hpp"
-
-#import <dispatch/dispatch.h>
+#include "Bridge/Menus.hpp"
 
 #include <utility>
 
 namespace vireline::macos {
+namespace {
+
+void inTheNextTurn(void (^block)()) {
+    [NSRunLoop.mainRunLoop performInModes:@[ NSRunLoopCommonModes ] block:block];
+}
+
+}
 
 std::shared_ptr<PopUpMenu> PopUpMenu::open(const Menu& menu, NSView* view, NSPoint at,
                                            Closed closed) {
     auto opened = std::make_shared<PopUpMenu>(std::move(closed));
     const std::weak_ptr<PopUpMenu> weak = opened;
-    VirelineMenuTarget* const target =
-        [[VirelineMenuTarget alloc] initWithFunction:[weak](std::size_t index) {
-            if (const auto held = weak.lock())
-                held->chosen_ = index;
-        }];
-    NSMenu* const native = makeMenu(menu, target);
-    opened->target_ = target;
+    NSMenu* const native = toNSMenu(menu, [weak](std::size_t index) {
+        if (const auto held = weak.lock())
+            held->chosen_ = index;
+    });
     opened->menu_ = native;
-    // The view may be gone by the next turn, and the menu with it while it is open.
+    // The view may be gone by the next turn, and the menu with it while it is open. On the main
+    // queue it would hold up all that comes there.
     __weak NSView* const weakView = view;
-    dispatch_async(dispatch_get_main_queue(), ^{
+    inTheNextTurn(^{
       NSView* const shownIn = weakView;
       if (!weak.expired() && shownIn != nil)
           attempt("popUpMenu",
                   [&] { [native popUpMenuPositioningItem:nil atLocation:at inView:shownIn]; });
       // The choice may come right behind the closing.
-      dispatch_async(dispatch_get_main_queue(), ^{
+      inTheNextTurn(^{
         if (const auto held = weak.lock())
             held->finish();
       });

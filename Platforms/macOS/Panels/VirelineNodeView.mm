@@ -74,7 +74,7 @@ struct MakeView {
 
 /// A symbol comes as a shape without a colour of its own.
 NSImage* colored(NSImage* image) {
-    if (!image.template)
+    if (![image isTemplate])
         return image;
     return [NSImage imageWithSize:image.size
                           flipped:NO

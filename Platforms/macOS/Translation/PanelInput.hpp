@@ -30,7 +30,9 @@ public:
 
     void pointerEntered(Point at) { pointer_.entered(hosted_.toView(at)); }
     void pointerMoved(Point at) { pointer_.moved(hosted_.toView(at)); }
-    void pointerLeft(bool isPrimaryHeld) { pointer_.left({.isPrimaryHeld = isPrimaryHeld}); }
+    void pointerLeft(bool isPrimaryHeld) {
+        pointer_.left({.isPrimaryHeld = isPrimaryHeld, .position = {}});
+    }
     void pressed(Point at, bool asksForMenu);
     void released(Point at, bool isOverWindow);
     void cancelled() { pointer_.cancelled(); }
