@@ -1,4 +1,4 @@
-/// Makes the windows of the docks.
+/// Makes the docks' windows.
 #pragma once
 
 #include "Platform/PanelWindow.hpp"

@@ -2,12 +2,20 @@
 #pragma once
 
 #import <AppKit/AppKitDefines.h>
+#import <AppKit/NSAccessibility.h>
+#import <AppKit/NSAccessibilityConstants.h>
+#import <AppKit/NSAccessibilityElement.h>
+#import <AppKit/NSAccessibilityProtocols.h>
+#import <AppKit/NSAnimation.h>
+#import <AppKit/NSAnimationContext.h>
 #import <AppKit/NSApplication.h>
+#import <AppKit/NSBezierPath.h>
 #import <AppKit/NSBox.h>
 #import <AppKit/NSButton.h>
 #import <AppKit/NSCell.h>
 #import <AppKit/NSColor.h>
 #import <AppKit/NSControl.h>
+#import <AppKit/NSDragging.h>
 #import <AppKit/NSEvent.h>
 #import <AppKit/NSFont.h>
 #import <AppKit/NSFontDescriptor.h>
@@ -16,6 +24,9 @@
 #import <AppKit/NSImageView.h>
 #import <AppKit/NSMenu.h>
 #import <AppKit/NSMenuItem.h>
+#import <AppKit/NSPanel.h>
+#import <AppKit/NSParagraphStyle.h>
+#import <AppKit/NSPasteboard.h>
 #import <AppKit/NSResponder.h>
 #import <AppKit/NSRunningApplication.h>
 #import <AppKit/NSScreen.h>
@@ -27,6 +38,8 @@
 #import <AppKit/NSSwitch.h>
 #import <AppKit/NSText.h>
 #import <AppKit/NSTextField.h>
+#import <AppKit/NSTrackingArea.h>
 #import <AppKit/NSView.h>
+#import <AppKit/NSVisualEffectView.h>
 #import <AppKit/NSWindow.h>
 #import <AppKit/NSWorkspace.h>

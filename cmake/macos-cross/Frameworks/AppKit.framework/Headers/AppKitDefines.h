@@ -4,7 +4,3 @@
 #import <Foundation/Foundation.h>
 
 #define APPKIT_EXTERN CF_EXPORT
-
-typedef CGPoint NSPoint;
-typedef CGSize NSSize;
-typedef CGRect NSRect;

@@ -3,6 +3,7 @@
 #import <AppKit/NSCell.h>
 #import <AppKit/NSColor.h>
 #import <AppKit/NSFont.h>
+#import <AppKit/NSParagraphStyle.h>
 #import <AppKit/NSText.h>
 #import <AppKit/NSView.h>
 
@@ -15,6 +16,8 @@ typedef NS_ENUM(NSUInteger, NSControlSize) { NSControlSizeSmall = 1 };
 @property (nullable) SEL action;
 @property (nullable, strong) NSFont* font;
 @property NSTextAlignment alignment;
+@property NSLineBreakMode lineBreakMode API_AVAILABLE(macos(10.10));
+@property BOOL usesSingleLineMode API_AVAILABLE(macos(10.10));
 @property NSControlSize controlSize;
 @property (copy) NSString* stringValue;
 @property double doubleValue;

@@ -6,12 +6,23 @@ NS_ASSUME_NONNULL_BEGIN
 
 typedef NSString* NSImageName;
 
+typedef NS_ENUM(NSInteger, NSImageResizingMode) { NSImageResizingModeStretch = 0 };
+
 @interface NSImage : NSObject <NSCopying>
 @property NSSize size;
+@property NSEdgeInsets capInsets API_AVAILABLE(macos(10.10));
+@property NSImageResizingMode resizingMode API_AVAILABLE(macos(10.10));
 + (nullable NSImage*)imageNamed:(NSImageName)name;
 + (nullable instancetype)imageWithSystemSymbolName:(NSString*)symbolName
                           accessibilityDescription:(nullable NSString*)description
     API_AVAILABLE(macos(11.0));
++ (instancetype)imageWithSize:(NSSize)size
+                      flipped:(BOOL)drawingHandlerShouldBeCalledWithFlippedContext
+               drawingHandler:(BOOL (^)(NSRect dstRect))drawingHandler
+    API_AVAILABLE(macos(10.8));
+- (BOOL)isTemplate;
+- (void)drawInRect:(NSRect)rect API_AVAILABLE(macos(10.9));
+- (id)layerContentsForContentsScale:(CGFloat)layerContentsScale API_AVAILABLE(macos(10.7));
 @end
 
 NS_ASSUME_NONNULL_END

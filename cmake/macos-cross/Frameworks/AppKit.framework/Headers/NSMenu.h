@@ -4,6 +4,8 @@
 
 NS_ASSUME_NONNULL_BEGIN
 
+@class NSView;
+
 @protocol NSMenuDelegate <NSObject>
 @optional
 - (void)menuNeedsUpdate:(NSMenu*)menu;
@@ -13,6 +15,10 @@ NS_ASSUME_NONNULL_BEGIN
 @property (nullable, weak) id<NSMenuDelegate> delegate;
 - (instancetype)initWithTitle:(NSString*)title NS_DESIGNATED_INITIALIZER;
 - (void)addItem:(NSMenuItem*)newItem;
+- (BOOL)popUpMenuPositioningItem:(nullable NSMenuItem*)item
+                      atLocation:(NSPoint)location
+                          inView:(nullable NSView*)view API_AVAILABLE(macos(10.6));
+- (void)cancelTrackingWithoutAnimation API_AVAILABLE(macos(10.6));
 - (nullable NSMenuItem*)itemWithTag:(NSInteger)tag;
 @end
 

@@ -12,6 +12,7 @@ typedef NSString* NSDeviceDescriptionKey;
 @property (readonly) NSRect visibleFrame;
 @property (readonly, copy) NSDictionary<NSDeviceDescriptionKey, id>* deviceDescription;
 @property (readonly) CGFloat backingScaleFactor;
+@property (readonly) NSInteger maximumFramesPerSecond API_AVAILABLE(macos(12.0));
 @end
 
 NS_ASSUME_NONNULL_END

@@ -4,8 +4,10 @@
 
 typedef NS_ENUM(NSInteger, NSTextAlignment) {
 #if TARGET_CPU_ARM64
+    NSTextAlignmentCenter = 1,
     NSTextAlignmentRight = 2
 #else
-    NSTextAlignmentRight = 1
+    NSTextAlignmentRight = 1,
+    NSTextAlignmentCenter = 2
 #endif
 };

@@ -13,6 +13,7 @@
 #import <Foundation/NSException.h>
 #import <Foundation/NSFileHandle.h>
 #import <Foundation/NSFileManager.h>
+#import <Foundation/NSGeometry.h>
 #import <Foundation/NSNotification.h>
 #import <Foundation/NSObjCRuntime.h>
 #import <Foundation/NSOperation.h>

@@ -21,6 +21,7 @@ NS_ASSUME_NONNULL_BEGIN
 typedef double NSTimeInterval;
 
 FOUNDATION_EXPORT SEL NSSelectorFromString(NSString* selectorName);
+FOUNDATION_EXPORT Class _Nullable NSClassFromString(NSString* className);
 
 @protocol NSCopying
 - (id)copyWithZone:(nullable struct _NSZone*)zone;

@@ -1,0 +1,18 @@
+/// The kit's menus as AppKit's.
+#pragma once
+
+#include "Views/Menu.hpp"
+
+#import <AppKit/AppKit.h>
+
+#include <cstddef>
+#include <functional>
+
+namespace vireline::macos {
+
+/// `onChoose` receives the index of the chosen entry of `menu.entries`. It lives as long as the
+/// menu.
+[[nodiscard]] NSMenu* _Nonnull toNSMenu(const Menu& menu,
+                                        std::function<void(std::size_t)> onChoose);
+
+}

@@ -1,0 +1,61 @@
+#include "Bridge/Menus.hpp"
+
+#include "Bridge/Conversions.hpp"
+
+#include <utility>
+#include <variant>
+
+/// What all items of one menu are sent to. The items hold it, since as their target it is held by
+/// nobody.
+@interface VirelineMenuTarget : NSObject
+- (instancetype)initWithFunction:(std::function<void(std::size_t)>)onChoose;
+- (void)choose:(NSMenuItem*)item;
+@end
+
+@implementation VirelineMenuTarget {
+    std::function<void(std::size_t)> _onChoose;
+}
+
+- (instancetype)initWithFunction:(std::function<void(std::size_t)>)onChoose {
+    self = [super init];
+    if (self != nil)
+        _onChoose = std::move(onChoose);
+    return self;
+}
+
+- (void)choose:(NSMenuItem*)item {
+    // Copied, since the choice may end this object.
+    const auto onChoose = _onChoose;
+    onChoose(static_cast<std::size_t>(item.tag));
+}
+
+@end
+
+namespace vireline::macos {
+namespace {
+
+NSMenuItem* makeItem(const MenuCommand& command, VirelineMenuTarget* target, std::size_t index) {
+    NSMenuItem* const item = [[NSMenuItem alloc] initWithTitle:toNSString(command.title)
+                                                        action:@selector(choose:)
+                                                 keyEquivalent:@""];
+    item.target = target;
+    item.representedObject = target;
+    item.tag = static_cast<NSInteger>(index);
+    return item;
+}
+
+}
+
+NSMenu* toNSMenu(const Menu& menu, std::function<void(std::size_t)> onChoose) {
+    NSMenu* const made = [[NSMenu alloc] initWithTitle:@""];
+    VirelineMenuTarget* const target =
+        [[VirelineMenuTarget alloc] initWithFunction:std::move(onChoose)];
+    for (std::size_t index = 0; index < menu.entries.size(); ++index) {
+        const auto* const command = std::get_if<MenuCommand>(&menu.entries.at(index));
+        [made addItem:command == nullptr ? [NSMenuItem separatorItem]
+                                         : makeItem(*command, target, index)];
+    }
+    return made;
+}
+
+}

@@ -1,0 +1,78 @@
+#include "Panels/CancelWatch.hpp"
+
+#include "Bridge/Attempt.hpp"
+#include "Translation/DragWatch.hpp"
+
+#import <AppKit/AppKit.h>
+#import <CoreGraphics/CoreGraphics.h>
+
+#include <memory>
+#include <utility>
+
+namespace vireline::macos {
+namespace {
+
+/// The key of that place on every keyboard.
+constexpr CGKeyCode escapeKey = 53;
+constexpr NSTimeInterval interval = 1.0 / 60;
+
+class Watch {
+public:
+    explicit Watch(std::function<void()> onCancel) : onCancel_(std::move(onCancel)) {}
+    Watch(const Watch&) = delete;
+    Watch& operator=(const Watch&) = delete;
+    Watch(Watch&&) = delete;
+    Watch& operator=(Watch&&) = delete;
+    ~Watch() {
+        attempt("removeMonitor", [this] {
+            [timer_ invalidate];
+            if (monitor_ != nil)
+                [NSEvent removeMonitor:monitor_];
+        });
+    }
+
+    static void start(const std::shared_ptr<Watch>& watch) {
+        const std::weak_ptr<Watch> weak = watch;
+        watch->timer_ = [NSTimer timerWithTimeInterval:interval
+                                               repeats:YES
+                                                 block:^(NSTimer*) {
+                                                   if (const auto held = weak.lock())
+                                                       held->look();
+                                                 }];
+        [NSRunLoop.mainRunLoop addTimer:watch->timer_ forMode:NSRunLoopCommonModes];
+        // The key ends the drag alone, also when a window of the program's own has the focus.
+        watch->monitor_ =
+            [NSEvent addLocalMonitorForEventsMatchingMask:NSEventMaskKeyDown
+                                                  handler:^NSEvent*(NSEvent* event) {
+                                                    return event.keyCode == escapeKey ? nil : event;
+                                                  }];
+    }
+
+private:
+    void look() {
+        const DragWatch::Look now{.isEscapeDown = CGEventSourceKeyState(
+                                      kCGEventSourceStateCombinedSessionState, escapeKey),
+                                  .isPrimaryDown = (NSEvent.pressedMouseButtons & 1) != 0};
+        if (!drag_.isTakenAway(now))
+            return;
+        [timer_ invalidate];
+        // It may end this watch.
+        const auto tell = onCancel_;
+        tell();
+    }
+
+    std::function<void()> onCancel_;
+    DragWatch drag_;
+    NSTimer* timer_ = nil;
+    id monitor_ = nil;
+};
+
+}
+
+Subscription watchForCancel(std::function<void()> onCancel) {
+    auto watch = std::make_shared<Watch>(std::move(onCancel));
+    attempt("addLocalMonitor", [&] { Watch::start(watch); });
+    return Subscription{std::move(watch)};
+}
+
+}

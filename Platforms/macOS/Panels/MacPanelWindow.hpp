@@ -1,0 +1,60 @@
+/// The window of one dock, on AppKit: a panel with a content that takes the input and a view that
+/// shows the scene.
+#pragma once
+
+#include "Foundation/Lifetime.hpp"
+#include "Foundation/ScopedHandle.hpp"
+#include "Panels/FrameClock.hpp"
+#include "Panels/PopUpMenu.hpp"
+#include "Panels/VirelineDockView.hpp"
+#include "Panels/VirelinePanel.hpp"
+#include "Platform/PanelWindow.hpp"
+#include "Translation/PanelInput.hpp"
+
+#import <AppKit/AppKit.h>
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace vireline::macos {
+
+class MacPanelWindow final : public PanelWindow {
+public:
+    MacPanelWindow(std::uint32_t displayID, const Rect& frame, PanelWindowListener& listener);
+    MacPanelWindow(const MacPanelWindow&) = delete;
+    MacPanelWindow& operator=(const MacPanelWindow&) = delete;
+    MacPanelWindow(MacPanelWindow&&) = delete;
+    MacPanelWindow& operator=(MacPanelWindow&&) = delete;
+    ~MacPanelWindow() override;
+
+    void setFrame(const Rect& frame, bool animate) override;
+    void setHostedFrame(const Rect& frame) override;
+    void present(const Scene& scene) override;
+    void requestFrame() override { frames_.request(); }
+    void watchForCancel(bool watches) override;
+    void orderFrontRegardless() override;
+    void orderOut() override;
+    void popUpMenu(const Menu& menu, Point at, MenuClosed onClose) override;
+
+private:
+    void observe();
+    void applyFrame(bool animate);
+    void restore();
+    void lookAtPointerSoon();
+    void lookAtPointer();
+    void menuClosed(std::optional<std::size_t> chosen, const MenuClosed& onClose);
+    [[nodiscard]] Point pointer() const;
+
+    std::shared_ptr<PanelInput> input_;
+    Rect frame_;
+    VirelinePanel* _Nonnull panel_;
+    VirelineDockView* _Nonnull dock_;
+    FrameClock frames_;
+    std::shared_ptr<PopUpMenu> menu_;
+    Subscription cancelWatch_;
+    std::vector<Subscription> subscriptions_;
+    Lifetime lifetime_;
+};
+
+}

@@ -1,0 +1,166 @@
+#include "Panels/MacPanelWindow.hpp"
+
+#include "Bridge/Attempt.hpp"
+#include "Bridge/Conversions.hpp"
+#include "Bridge/Notifications.hpp"
+#include "Panels/CancelWatch.hpp"
+#include "Panels/VirelinePanelContent.hpp"
+
+#import <dispatch/dispatch.h>
+
+#include <array>
+#include <string>
+#include <utility>
+
+namespace vireline::macos {
+namespace {
+
+VirelineDockView* fill(VirelinePanel* panel, const std::shared_ptr<PanelInput>& input) {
+    VirelinePanelContent* const content = [[VirelinePanelContent alloc] initWithPanel:panel
+                                                                                input:input];
+    VirelineDockView* const dock = [[VirelineDockView alloc] initWithFrame:content.bounds
+                                                                     input:input];
+    [content addSubview:dock];
+    panel.contentView = content;
+    return dock;
+}
+
+}
+
+MacPanelWindow::MacPanelWindow(std::uint32_t displayID, const Rect& frame,
+                               PanelWindowListener& listener)
+    : input_(std::make_shared<PanelInput>(listener))
+    , frame_(frame)
+    , panel_([[VirelinePanel alloc] initWithFrame:toCGRect(frame) input:input_])
+    , dock_(fill(panel_, input_))
+    , frames_(dock_, [&listener] { listener.frameDue(); }) {
+    // Nobody sees it but assistive technology.
+    panel_.title = toNSString("Vireline dock #" + std::to_string(displayID));
+    input_->setHosted({{0, 0, frame.width, frame.height}});
+    observe();
+}
+
+/// After any of these the window may have been moved, or show what is out of date.
+void MacPanelWindow::observe() {
+    const auto changed = lifetime_.guard([this](NSNotification*) { restore(); });
+    subscriptions_.push_back(macos::observe(NSNotificationCenter.defaultCenter,
+                                            NSApplicationDidChangeScreenParametersNotification,
+                                            changed));
+    const std::array<NSNotificationName, 3> names{NSWorkspaceDidWakeNotification,
+                                                  NSWorkspaceScreensDidWakeNotification,
+                                                  NSWorkspaceSessionDidBecomeActiveNotification};
+    for (NSNotificationName name : names)
+        subscriptions_.push_back(
+            macos::observe(NSWorkspace.sharedWorkspace.notificationCenter, name, changed));
+}
+
+MacPanelWindow::~MacPanelWindow() {
+    attempt("close", [this] {
+        panel_.contentView = nil;
+        [panel_ close];
+    });
+}
+
+void MacPanelWindow::setFrame(const Rect& frame, bool animate) {
+    frame_ = frame;
+    attempt("setFrame", [&] { applyFrame(animate); });
+    lookAtPointerSoon();
+}
+
+/// An animation that runs already is replaced: it would go on to where the window no longer
+/// belongs.
+void MacPanelWindow::applyFrame(bool animate) {
+    const auto arrived = lifetime_.guard([this] { lookAtPointerSoon(); });
+    [NSAnimationContext
+        runAnimationGroup:^(NSAnimationContext* context) {
+          if (!animate)
+              context.duration = 0;
+          [panel_.animator setFrame:toCGRect(frame_) display:YES];
+        }
+        completionHandler:^{
+          arrived();
+        }];
+    if (!animate)
+        [panel_ setFrame:toCGRect(frame_) display:YES];
+}
+
+void MacPanelWindow::setHostedFrame(const Rect& frame) {
+    input_->setHosted({frame});
+    attempt("setHostedFrame", [&] { dock_.frame = toCGRect(frame); });
+}
+
+void MacPanelWindow::present(const Scene& scene) {
+    input_->setInputRegion(scene.inputRegion);
+    attempt("present", [&] { [dock_ presentScene:scene]; });
+}
+
+void MacPanelWindow::restore() {
+    attempt("restore", [this] {
+        applyFrame(false);
+        [dock_ presentAgain];
+    });
+    frames_.catchUp();
+    lookAtPointerSoon();
+}
+
+void MacPanelWindow::watchForCancel(bool watches) {
+    cancelWatch_.reset();
+    if (watches)
+        cancelWatch_ = macos::watchForCancel(lifetime_.guard([this] { input_->cancelled(); }));
+}
+
+void MacPanelWindow::orderFrontRegardless() {
+    attempt("orderFrontRegardless", [this] { [panel_ orderFrontRegardless]; });
+    lookAtPointerSoon();
+}
+
+void MacPanelWindow::orderOut() {
+    menu_.reset();
+    attempt("orderOut", [this] { [panel_ orderOut:nil]; });
+    input_->dragEnded();
+    input_->hidden();
+}
+
+/// A window that comes to lie under the pointer, or that is taken away from under it, hears nothing
+/// from the system before the pointer moves.
+void MacPanelWindow::lookAtPointerSoon() {
+    const auto look = lifetime_.guard([this] { lookAtPointer(); });
+    dispatch_async(dispatch_get_main_queue(), ^{
+      look();
+    });
+}
+
+void MacPanelWindow::lookAtPointer() {
+    const bool isPrimaryHeld = (NSEvent.pressedMouseButtons & 1) != 0;
+    if (!panel_.isUnderPointer)
+        input_->pointerLeft(isPrimaryHeld);
+    else if (!isPrimaryHeld)
+        input_->pointerEntered(pointer());
+}
+
+Point MacPanelWindow::pointer() const {
+    return toPoint([panel_ convertPointFromScreen:NSEvent.mouseLocation]);
+}
+
+void MacPanelWindow::popUpMenu(const Menu& menu, Point at, MenuClosed onClose) {
+    if (menu.entries.empty())
+        return onClose(std::nullopt);
+    if (const auto open = menu_)
+        open->end();
+    input_->menuOpened();
+    menu_ =
+        PopUpMenu::open(menu, dock_, toCGPoint(at),
+                        [this, onClose = std::move(onClose)](std::optional<std::size_t> chosen) {
+                            menuClosed(chosen, onClose);
+                        });
+}
+
+void MacPanelWindow::menuClosed(std::optional<std::size_t> chosen, const MenuClosed& onClose) {
+    // The menu owns the callback, and what it does may end this window.
+    const MenuClosed tell = onClose;
+    menu_.reset();
+    input_->menuClosed(pointer(), panel_.isUnderPointer);
+    tell(chosen);
+}
+
+}

@@ -1,0 +1,47 @@
+/// A native popup menu made of a menu's data, which opens without anybody having the focus.
+#pragma once
+
+#include "Views/Menu.hpp"
+
+#import <AppKit/AppKit.h>
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace vireline::macos {
+
+/// The system's menus hold up whoever opens them, so this one opens in the next turn of the loop.
+/// Dropped, it closes without a word.
+class PopUpMenu {
+public:
+    /// Called once, in a turn of its own, with the index of the chosen entry if there is one. May
+    /// drop the menu.
+    using Closed = std::function<void(std::optional<std::size_t>)>;
+
+    /// Opens with its top-left corner at `at`, in the coordinates of `view`; the system moves it
+    /// into the display.
+    [[nodiscard]] static std::shared_ptr<PopUpMenu> open(const Menu& menu, NSView* _Nonnull view,
+                                                         NSPoint at, Closed closed);
+
+    explicit PopUpMenu(Closed closed) : closed_(std::move(closed)) {}
+    PopUpMenu(const PopUpMenu&) = delete;
+    PopUpMenu& operator=(const PopUpMenu&) = delete;
+    PopUpMenu(PopUpMenu&&) = delete;
+    PopUpMenu& operator=(PopUpMenu&&) = delete;
+    ~PopUpMenu();
+
+    /// Closes it and tells so at once.
+    void end();
+
+private:
+    void close();
+    void finish();
+
+    Closed closed_;
+    std::optional<std::size_t> chosen_;
+    NSMenu* _Nullable menu_ = nil;
+};
+
+}

@@ -1,0 +1,61 @@
+#include "Panels/PopUpMenu.hpp"
+
+#include "Bridge/Attempt.hpp"
+#include "Bridge/Menus.hpp"
+
+#include <utility>
+
+namespace vireline::macos {
+namespace {
+
+void inTheNextTurn(void (^block)()) {
+    [NSRunLoop.mainRunLoop performInModes:@[ NSRunLoopCommonModes ] block:block];
+}
+
+}
+
+std::shared_ptr<PopUpMenu> PopUpMenu::open(const Menu& menu, NSView* view, NSPoint at,
+                                           Closed closed) {
+    auto opened = std::make_shared<PopUpMenu>(std::move(closed));
+    const std::weak_ptr<PopUpMenu> weak = opened;
+    NSMenu* const native = toNSMenu(menu, [weak](std::size_t index) {
+        if (const auto held = weak.lock())
+            held->chosen_ = index;
+    });
+    opened->menu_ = native;
+    // The view may be gone by the next turn, and the menu with it while it is open. On the main
+    // queue it would hold up all that comes there.
+    __weak NSView* const weakView = view;
+    inTheNextTurn(^{
+      NSView* const shownIn = weakView;
+      if (!weak.expired() && shownIn != nil)
+          attempt("popUpMenu",
+                  [&] { [native popUpMenuPositioningItem:nil atLocation:at inView:shownIn]; });
+      // The choice may come right behind the closing.
+      inTheNextTurn(^{
+        if (const auto held = weak.lock())
+            held->finish();
+      });
+    });
+    return opened;
+}
+
+PopUpMenu::~PopUpMenu() {
+    close();
+}
+
+void PopUpMenu::end() {
+    close();
+    finish();
+}
+
+void PopUpMenu::close() {
+    attempt("cancelTracking", [this] { [menu_ cancelTrackingWithoutAnimation]; });
+}
+
+void PopUpMenu::finish() {
+    if (const auto closed = std::exchange(closed_, nullptr))
+        closed(chosen_);
+}
+
+}

@@ -1,0 +1,245 @@
+#include "Panels/VirelineNodeView.hpp"
+
+#include "Bridge/Conversions.hpp"
+#include "Icons/MacImage.hpp"
+#include "Panels/VirelineGlassView.hpp"
+#include "Translation/ScenePlacement.hpp"
+
+#import <QuartzCore/QuartzCore.h>
+
+#include <algorithm>
+#include <variant>
+
+using namespace vireline;
+using macos::MacImage;
+using macos::toCGRect;
+using macos::toNSString;
+using macos::toRect;
+using macos::toSize;
+namespace ScenePlacement = macos::ScenePlacement;
+
+/// A shape of one colour.
+@interface VirelineFillNodeView : VirelineNodeView
+@end
+
+@interface VirelineImageNodeView : VirelineNodeView
+@end
+
+@interface VirelineGlassNodeView : VirelineNodeView
+@end
+
+@interface VirelineLabelNodeView : VirelineNodeView
+@end
+
+namespace {
+
+/// The colour and the corners of what is filled.
+struct Fill {
+    NSColor* __strong color;
+    double cornerRadius;
+};
+
+struct FillOf {
+    const SceneNode& node;
+    Size size;
+
+    Fill operator()(const DotNode&) const { return {NSColor.secondaryLabelColor, capsule()}; }
+    Fill operator()(const HandleNode&) const { return {NSColor.labelColor, capsule()}; }
+    Fill operator()(const SeparatorNode& separator) const {
+        const double asked = separator.cornerRadius * node.scale;
+        return {NSColor.separatorColor, ScenePlacement::cornerRadius(asked, size)};
+    }
+    Fill operator()(const auto&) const { return {NSColor.clearColor, 0}; }
+
+private:
+    [[nodiscard]] double capsule() const {
+        return ScenePlacement::cornerRadius(std::max(size.width, size.height), size);
+    }
+};
+
+struct MakeView {
+    VirelineNodeView* operator()(const GlassNode&) const {
+        return [[VirelineGlassNodeView alloc] initWithFrame:NSZeroRect];
+    }
+    VirelineNodeView* operator()(const ImageNode&) const {
+        return [[VirelineImageNodeView alloc] initWithFrame:NSZeroRect];
+    }
+    VirelineNodeView* operator()(const LabelNode&) const {
+        return [[VirelineLabelNodeView alloc] initWithFrame:NSZeroRect];
+    }
+    VirelineNodeView* operator()(const auto&) const {
+        return [[VirelineFillNodeView alloc] initWithFrame:NSZeroRect];
+    }
+};
+
+/// A symbol comes as a shape without a colour of its own.
+NSImage* colored(NSImage* image) {
+    if (![image isTemplate])
+        return image;
+    return [NSImage imageWithSize:image.size
+                          flipped:NO
+                   drawingHandler:^(NSRect rect) {
+                     [image drawInRect:rect];
+                     [NSColor.labelColor set];
+                     NSRectFillUsingOperation(rect, NSCompositingOperationSourceIn);
+                     return YES;
+                   }];
+}
+
+}
+
+@implementation VirelineNodeView
+
++ (VirelineNodeView*)viewForNode:(const SceneNode&)node {
+    return std::visit(MakeView{}, node.content);
+}
+
+- (instancetype)initWithFrame:(NSRect)frame {
+    self = [super initWithFrame:frame];
+    if (self == nil)
+        return nil;
+    self.wantsLayer = YES;
+    self.layerContentsRedrawPolicy = NSViewLayerContentsRedrawOnSetNeedsDisplay;
+    return self;
+}
+
+- (void)showNode:(const SceneNode&)node scale:(CGFloat)scale {
+    self.frame = toCGRect(ScenePlacement::frame(node, scale));
+    self.alphaValue = std::clamp(node.opacity, 0.0, 1.0);
+}
+
+@end
+
+@implementation VirelineFillNodeView {
+    NSColor* _color;
+}
+
+- (BOOL)wantsUpdateLayer {
+    return YES;
+}
+
+- (void)showNode:(const SceneNode&)node scale:(CGFloat)scale {
+    [super showNode:node scale:scale];
+    const Fill fill = std::visit(FillOf{node, toSize(self.frame.size)}, node.content);
+    self.layer.cornerRadius = fill.cornerRadius;
+    if ([fill.color isEqual:_color])
+        return;
+    _color = fill.color;
+    self.needsDisplay = YES;
+}
+
+/// Called again whenever the system goes from light to dark or back.
+- (void)updateLayer {
+    self.layer.backgroundColor = _color.CGColor;
+}
+
+@end
+
+@implementation VirelineImageNodeView {
+    NSImage* _image;
+    /// Of the layer's contents, which suffice for the largest size.
+    CGFloat _contentsScale;
+}
+
+- (CALayer*)makeBackingLayer {
+    CALayer* const layer = [super makeBackingLayer];
+    layer.contentsGravity = kCAGravityResize;
+    layer.minificationFilter = kCAFilterTrilinear;
+    return layer;
+}
+
+- (BOOL)wantsUpdateLayer {
+    return YES;
+}
+
+- (void)showNode:(const SceneNode&)node scale:(CGFloat)scale {
+    [super showNode:node scale:scale];
+    const auto* const content = std::get_if<ImageNode>(&node.content);
+    const auto* const image =
+        content == nullptr ? nullptr : dynamic_cast<const MacImage*>(content->image.get());
+    if (image == nullptr) {
+        _image = nil;
+        self.needsDisplay = YES;
+        return;
+    }
+    const double sharp = ScenePlacement::imageScale(image->size(), content->largestSide, scale);
+    if (image->image() == _image && sharp == _contentsScale)
+        return;
+    _image = image->image();
+    _contentsScale = sharp;
+    self.needsDisplay = YES;
+}
+
+/// Called again whenever the system goes from light to dark or back.
+- (void)updateLayer {
+    self.layer.contentsScale = _contentsScale;
+    self.layer.contents =
+        _image == nil ? nil : [colored(_image) layerContentsForContentsScale:_contentsScale];
+}
+
+@end
+
+@implementation VirelineGlassNodeView {
+    VirelineGlassView* _glass;
+}
+
+- (instancetype)initWithFrame:(NSRect)frame {
+    self = [super initWithFrame:frame];
+    if (self == nil)
+        return nil;
+    _glass = [[VirelineGlassView alloc] initWithFrame:self.bounds];
+    _glass.autoresizingMask = NSViewWidthSizable | NSViewHeightSizable;
+    [self addSubview:_glass];
+    return self;
+}
+
+- (void)showNode:(const SceneNode&)node scale:(CGFloat)scale {
+    [super showNode:node scale:scale];
+    if (const auto* const glass = std::get_if<GlassNode>(&node.content)) {
+        _glass.cornerRadius =
+            ScenePlacement::cornerRadius(glass->cornerRadius * node.scale, toSize(self.frame.size));
+    }
+}
+
+@end
+
+@implementation VirelineLabelNodeView {
+    VirelineGlassView* _glass;
+    NSTextField* _text;
+}
+
+- (instancetype)initWithFrame:(NSRect)frame {
+    self = [super initWithFrame:frame];
+    if (self == nil)
+        return nil;
+    _text = [NSTextField labelWithString:@""];
+    _text.textColor = NSColor.labelColor;
+    _text.alignment = NSTextAlignmentCenter;
+    _text.lineBreakMode = NSLineBreakByTruncatingTail;
+    _text.usesSingleLineMode = YES;
+    NSView* const room = [[NSView alloc] initWithFrame:NSZeroRect];
+    [room addSubview:_text];
+    _glass = [[VirelineGlassView alloc] initWithFrame:self.bounds];
+    _glass.autoresizingMask = NSViewWidthSizable | NSViewHeightSizable;
+    [_glass embed:room];
+    [self addSubview:_glass];
+    return self;
+}
+
+- (void)showNode:(const SceneNode&)node scale:(CGFloat)scale {
+    [super showNode:node scale:scale];
+    const auto* const label = std::get_if<LabelNode>(&node.content);
+    if (label == nullptr)
+        return;
+    _text.font = [NSFont systemFontOfSize:label->fontSize * node.scale weight:NSFontWeightMedium];
+    _text.stringValue = toNSString(label->text);
+    const Size text = toSize(_text.intrinsicContentSize);
+    const Size padding{label->padding.width * node.scale, label->padding.height * node.scale};
+    self.frame = toCGRect(ScenePlacement::capsule(toRect(self.frame), text, padding, scale));
+    const NSSize size = self.frame.size;
+    _glass.cornerRadius = size.height / 2;
+    _text.frame = NSMakeRect(padding.width, (size.height - text.height) / 2,
+                             std::max(0.0, size.width - 2 * padding.width), text.height);
+}
+
+@end

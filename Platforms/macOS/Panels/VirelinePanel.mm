@@ -1,0 +1,78 @@
+#include "Panels/VirelinePanel.hpp"
+
+#include "Bridge/Conversions.hpp"
+
+#include <utility>
+
+using vireline::macos::PanelInput;
+using vireline::macos::toPoint;
+
+namespace {
+
+constexpr NSWindowCollectionBehavior onEveryDesktop = NSWindowCollectionBehaviorCanJoinAllSpaces |
+                                                      NSWindowCollectionBehaviorStationary |
+                                                      NSWindowCollectionBehaviorFullScreenAuxiliary;
+
+static_assert(NSWindowStyleMaskNonactivatingPanel == 128);
+static_assert(NSFloatingWindowLevel == 3);
+static_assert(onEveryDesktop == 273);
+
+}
+
+@implementation VirelinePanel {
+    std::weak_ptr<PanelInput> _input;
+}
+
+- (instancetype)initWithFrame:(NSRect)frame input:(std::weak_ptr<PanelInput>)input {
+    self = [super initWithContentRect:frame
+                            styleMask:NSWindowStyleMaskNonactivatingPanel
+                              backing:NSBackingStoreBuffered
+                                defer:NO];
+    if (self == nil)
+        return nil;
+    _input = std::move(input);
+    self.level = NSFloatingWindowLevel;
+    self.collectionBehavior = onEveryDesktop;
+    self.floatingPanel = YES;
+    self.becomesKeyOnlyIfNeeded = YES;
+    self.hidesOnDeactivate = NO;
+    self.opaque = NO;
+    self.backgroundColor = NSColor.clearColor;
+    self.releasedWhenClosed = NO;
+    self.movable = NO;
+    // It would be that of an earlier frame wherever icons have grown since.
+    self.hasShadow = NO;
+    return self;
+}
+
+- (BOOL)canBecomeKeyWindow {
+    return NO;
+}
+
+- (BOOL)canBecomeMainWindow {
+    return NO;
+}
+
+/// A dock stays where it was planned.
+- (NSRect)constrainFrameRect:(NSRect)frameRect toScreen:(NSScreen*)screen {
+    static_cast<void>(screen);
+    return frameRect;
+}
+
+- (BOOL)isUnderPointer {
+    return self.visible &&
+           vireline::macos::toRect(self.frame).contains(toPoint(NSEvent.mouseLocation));
+}
+
+- (void)mouseEntered:(NSEvent*)event {
+    if (const auto input = _input.lock())
+        input->pointerEntered(toPoint(event.locationInWindow));
+}
+
+- (void)mouseExited:(NSEvent*)event {
+    static_cast<void>(event);
+    if (const auto input = _input.lock())
+        input->pointerLeft((NSEvent.pressedMouseButtons & 1) != 0);
+}
+
+@end

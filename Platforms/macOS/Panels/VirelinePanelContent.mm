@@ -1,0 +1,152 @@
+#include "Panels/VirelinePanelContent.hpp"
+
+#include "Bridge/Conversions.hpp"
+#include "Translation/DropOperations.hpp"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+using vireline::macos::PanelInput;
+using vireline::macos::toPoint;
+using vireline::macos::toRect;
+using vireline::macos::toText;
+namespace DropOperations = vireline::macos::DropOperations;
+
+namespace {
+
+constexpr NSTrackingAreaOptions entering =
+    NSTrackingMouseEnteredAndExited | NSTrackingActiveAlways | NSTrackingInVisibleRect;
+constexpr NSTrackingAreaOptions moving =
+    NSTrackingMouseMoved | NSTrackingActiveAlways | NSTrackingInVisibleRect;
+
+static_assert(entering == 641);
+static_assert(DropOperations::copy == NSDragOperationCopy);
+static_assert(DropOperations::link == NSDragOperationLink);
+static_assert(DropOperations::generic == NSDragOperationGeneric);
+
+/// In the order given. A reference to a file by its number becomes its path.
+std::vector<std::string> fileURLs(NSPasteboard* pasteboard) {
+    std::vector<std::string> texts;
+    NSArray* const urls = [pasteboard readObjectsForClasses:@[ NSURL.class ]
+                                                    options:@{
+                                                        NSPasteboardURLReadingFileURLsOnlyKey : @YES
+                                                    }];
+    for (id object in urls) {
+        if (![object isKindOfClass:NSURL.class])
+            continue;
+        NSURL* const url = object;
+        NSURL* const path = url.filePathURL;
+        texts.push_back(toText(path == nil ? url.absoluteString : path.absoluteString));
+    }
+    return texts;
+}
+
+NSDragOperation operation(BOOL canDrop, id<NSDraggingInfo> drag) {
+    return canDrop ? DropOperations::chosen(drag.draggingSourceOperationMask) : NSDragOperationNone;
+}
+
+}
+
+@implementation VirelinePanelContent {
+    std::weak_ptr<PanelInput> _input;
+}
+
+- (instancetype)initWithPanel:(NSPanel*)panel input:(std::weak_ptr<PanelInput>)input {
+    self = [super initWithFrame:NSMakeRect(0, 0, panel.frame.size.width, panel.frame.size.height)];
+    if (self == nil)
+        return nil;
+    _input = std::move(input);
+    self.wantsLayer = YES;
+    // What it shows keeps its place from the bottom-left corner.
+    self.autoresizesSubviews = NO;
+    [self addTrackingArea:[[NSTrackingArea alloc] initWithRect:NSZeroRect
+                                                       options:entering
+                                                         owner:panel
+                                                      userInfo:nil]];
+    [self addTrackingArea:[[NSTrackingArea alloc] initWithRect:NSZeroRect
+                                                       options:moving
+                                                         owner:self
+                                                      userInfo:nil]];
+    [self registerForDraggedTypes:@[ NSPasteboardTypeFileURL ]];
+    return self;
+}
+
+/// A click is a click, also while another program is in front.
+- (BOOL)acceptsFirstMouse:(NSEvent*)event {
+    static_cast<void>(event);
+    return YES;
+}
+
+- (NSView*)hitTest:(NSPoint)point {
+    const auto input = _input.lock();
+    const NSPoint at = [self convertPoint:point fromView:self.superview];
+    const bool takes = input && toRect(self.bounds).contains(toPoint(at));
+    return takes && input->takesPointer(toPoint(at)) ? self : nil;
+}
+
+- (void)mouseMoved:(NSEvent*)event {
+    if (const auto input = _input.lock())
+        input->pointerMoved(toPoint(event.locationInWindow));
+}
+
+- (void)mouseDragged:(NSEvent*)event {
+    [self mouseMoved:event];
+}
+
+- (void)mouseDown:(NSEvent*)event {
+    const bool asksForMenu = (event.modifierFlags & NSEventModifierFlagControl) != 0;
+    if (const auto input = _input.lock())
+        input->pressed(toPoint(event.locationInWindow), asksForMenu);
+}
+
+- (void)mouseUp:(NSEvent*)event {
+    const vireline::Point at = toPoint(event.locationInWindow);
+    if (const auto input = _input.lock())
+        input->released(at, toRect(self.bounds).contains(at));
+}
+
+- (void)rightMouseDown:(NSEvent*)event {
+    if (const auto input = _input.lock())
+        input->pressed(toPoint(event.locationInWindow), true);
+}
+
+- (NSDragOperation)draggingEntered:(id<NSDraggingInfo>)sender {
+    const auto input = _input.lock();
+    const bool canDrop = input && input->dragEntered(fileURLs(sender.draggingPasteboard),
+                                                     toPoint(sender.draggingLocation));
+    return operation(canDrop, sender);
+}
+
+- (NSDragOperation)draggingUpdated:(id<NSDraggingInfo>)sender {
+    const auto input = _input.lock();
+    const bool canDrop = input && input->dragMoved(toPoint(sender.draggingLocation));
+    return operation(canDrop, sender);
+}
+
+/// A drag that rests needs no answer.
+- (BOOL)wantsPeriodicDraggingUpdates {
+    return NO;
+}
+
+- (void)draggingExited:(id<NSDraggingInfo>)sender {
+    static_cast<void>(sender);
+    if (const auto input = _input.lock())
+        input->dragEnded();
+}
+
+- (void)draggingEnded:(id<NSDraggingInfo>)sender {
+    [self draggingExited:sender];
+}
+
+- (BOOL)performDragOperation:(id<NSDraggingInfo>)sender {
+    const auto input = _input.lock();
+    return input && input->dropped(toPoint(sender.draggingLocation));
+}
+
+/// What it shows has the tiles; by itself it is nothing to anybody.
+- (id)accessibilityHitTest:(NSPoint)point {
+    return [self.subviews.firstObject accessibilityHitTest:point];
+}
+
+@end

@@ -1,0 +1,34 @@
+#include "Translation/AccessibleScene.hpp"
+
+#include <algorithm>
+
+namespace vireline::macos {
+namespace {
+
+struct Place {
+    double x;
+    double y;
+    std::uint32_t tile;
+
+    auto operator<=>(const Place&) const = default;
+};
+
+}
+
+AccessibleScene AccessibleScene::of(const Scene& scene) {
+    AccessibleScene noticed;
+    std::vector<Place> places;
+    for (const SceneNode& node : scene.nodes) {
+        if (node.id.part == NodeID::Part::icon)
+            places.push_back({node.frame.midX(), node.frame.midY(), node.id.owner});
+        else if (node.id.part == NodeID::Part::dot && node.opacity > 0)
+            noticed.running.push_back(node.id.owner);
+    }
+    std::ranges::sort(places);
+    for (const Place& place : places)
+        noticed.tiles.push_back(place.tile);
+    std::ranges::sort(noticed.running);
+    return noticed;
+}
+
+}

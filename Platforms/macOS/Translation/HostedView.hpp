@@ -1,0 +1,28 @@
+/// A view inside the window that hosts it: the window's coordinates have their origin at its
+/// bottom-left corner, y upwards, the view's at the view's top-left corner, y downwards.
+#pragma once
+
+#include "Foundation/Geometry.hpp"
+
+namespace vireline::macos {
+
+struct HostedView {
+    /// In the window's coordinates.
+    Rect frame;
+
+    [[nodiscard]] constexpr Point toView(Point window) const noexcept {
+        return {window.x - frame.minX(), frame.maxY() - window.y};
+    }
+
+    [[nodiscard]] constexpr Point toWindow(Point view) const noexcept {
+        return {frame.minX() + view.x, frame.maxY() - view.y};
+    }
+
+    [[nodiscard]] constexpr Rect toWindow(const Rect& view) const noexcept {
+        return {frame.minX() + view.minX(), frame.maxY() - view.maxY(), view.width, view.height};
+    }
+
+    bool operator==(const HostedView&) const = default;
+};
+
+}

@@ -1,0 +1,59 @@
+/// From what happens to a dock's window to what its listener hears of it. Positions come in the
+/// window's coordinates: origin bottom-left, y upwards.
+#pragma once
+
+#include "Translation/HostedView.hpp"
+#include "Views/PointerTracker.hpp"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vireline::macos {
+
+class PanelInput {
+public:
+    explicit PanelInput(PanelWindowListener& listener) : listener_(listener), pointer_(listener) {}
+    PanelInput(const PanelInput&) = delete;
+    PanelInput& operator=(const PanelInput&) = delete;
+    PanelInput(PanelInput&&) = delete;
+    PanelInput& operator=(PanelInput&&) = delete;
+    ~PanelInput() = default;
+
+    [[nodiscard]] PanelWindowListener& listener() noexcept { return listener_; }
+
+    [[nodiscard]] const HostedView& hosted() const noexcept { return hosted_; }
+    void setHosted(const HostedView& hosted);
+    /// In the view's coordinates; nothing is the whole window.
+    void setInputRegion(const std::optional<Rect>& region) { inputRegion_ = region; }
+    [[nodiscard]] bool takesPointer(Point at) const;
+
+    void pointerEntered(Point at) { pointer_.entered(hosted_.toView(at)); }
+    void pointerMoved(Point at) { pointer_.moved(hosted_.toView(at)); }
+    void pointerLeft(bool isPrimaryHeld) {
+        pointer_.left({.isPrimaryHeld = isPrimaryHeld, .position = {}});
+    }
+    void pressed(Point at, bool asksForMenu);
+    void released(Point at, bool isOverWindow);
+    void cancelled() { pointer_.cancelled(); }
+    void hidden() { pointer_.hidden(); }
+
+    void menuOpened() { pointer_.menuOpened(); }
+    void menuClosed(Point at, bool isOverWindow);
+
+    /// Something is dragged over the window. Tells whether it could be dropped there.
+    bool dragEntered(const std::vector<std::string>& urls, Point at);
+    bool dragMoved(Point at);
+    /// It left, or ended elsewhere; the system may say both.
+    void dragEnded();
+    bool dropped(Point at);
+
+private:
+    PanelWindowListener& listener_;
+    PointerTracker pointer_;
+    HostedView hosted_;
+    std::optional<Rect> inputRegion_;
+    bool isDragOver_ = false;
+};
+
+}

@@ -1,0 +1,5 @@
+#pragma once
+
+#import <AppKit/AppKitDefines.h>
+
+typedef NS_ENUM(NSUInteger, NSLineBreakMode) { NSLineBreakByTruncatingTail = 4 };

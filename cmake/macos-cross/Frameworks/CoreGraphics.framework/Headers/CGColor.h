@@ -1,0 +1,5 @@
+#pragma once
+
+#include <CoreGraphics/CGBase.h>
+
+typedef struct CGColor* CGColorRef;

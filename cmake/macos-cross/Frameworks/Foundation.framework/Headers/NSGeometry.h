@@ -1,0 +1,31 @@
+#pragma once
+
+#include <CoreGraphics/CGGeometry.h>
+
+#import <Foundation/NSObjCRuntime.h>
+
+typedef CGPoint NSPoint;
+typedef CGSize NSSize;
+typedef CGRect NSRect;
+
+typedef struct {
+    CGFloat top;
+    CGFloat left;
+    CGFloat bottom;
+    CGFloat right;
+} NSEdgeInsets;
+
+FOUNDATION_EXPORT const NSRect NSZeroRect;
+
+static inline NSSize NSMakeSize(CGFloat w, CGFloat h) {
+    return NSSize{w, h};
+}
+
+static inline NSRect NSMakeRect(CGFloat x, CGFloat y, CGFloat w, CGFloat h) {
+    return NSRect{{x, y}, {w, h}};
+}
+
+static inline NSEdgeInsets NSEdgeInsetsMake(CGFloat top, CGFloat left, CGFloat bottom,
+                                            CGFloat right) {
+    return NSEdgeInsets{top, left, bottom, right};
+}
