@@ -1,8 +1,7 @@
 /// What every file watch does that can wait for a missing file, the fake and the real one alike.
-#include "Files/InotifyFileEvents.hpp"
-#include "Linux/EventLoop.hpp"
-#include "Linux/FileOperations.hpp"
+#include "Host.hpp"
 #include "Support/FakeFiles.hpp"
+#include "Support/FileOperations.hpp"
 #include "Support/TemporaryFolder.hpp"
 
 #include <gtest/gtest.h>
@@ -31,6 +30,8 @@ public:
     }
     void deliver() {}
 
+    static constexpr bool waitsForMissingFiles = true;
+
 private:
     test::FakeFileSystem files_;
 
@@ -41,7 +42,7 @@ public:
 
 class RealWatch {
 public:
-    RealWatch() { test::testApplication(); }
+    RealWatch() { test::prepareHost(); }
 
     /// Whole at once, as a watch that has attached may see the writing.
     void create() const { test::replaceByRename(file, "one"); }
@@ -50,12 +51,14 @@ public:
     void remove() const { test::removeAll(file); }
     void deliver() { test::deliverPendingEvents(); }
 
+    static constexpr bool waitsForMissingFiles = test::hostWaitsForMissingFiles;
+
 private:
     test::TemporaryFolder temporary_;
 
 public:
     FileURL file = test::urlOf(temporary_.path()).appending("list");
-    x11::InotifyFileEvents port;
+    test::HostFileEvents port;
 };
 
 template <class Watch>
@@ -139,6 +142,8 @@ TYPED_TEST(FileEventsContract, FollowsTheNewFileAfterAFreshStart) {
 
 TYPED_TEST(FileEventsContract, AttachesToAMissingFileWithoutAnEventOnceItAppears) {
     using Reports = typename TestFixture::Reports;
+    if constexpr (!TypeParam::waitsForMissingFiles)
+        GTEST_SKIP() << "this platform cannot wait for a missing file";
     this->start();
 
     this->watch.create();

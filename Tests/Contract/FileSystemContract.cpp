@@ -1,5 +1,5 @@
 /// What every file system port does, the fake and the real one alike.
-#include "Files/PosixFileSystem.hpp"
+#include "Host.hpp"
 #include "Support/FakeFiles.hpp"
 #include "Support/TemporaryFolder.hpp"
 
@@ -19,7 +19,7 @@ struct FakeFiles {
 };
 
 struct RealFiles {
-    x11::PosixFileSystem port;
+    test::HostFileSystem port;
     test::TemporaryFolder temporary;
     FileURL root = FileURL::fromPath(temporary.path().string());
 };

@@ -1,7 +1,6 @@
 /// What every run loop does, the one on the virtual clock and the real one alike. All delays are
 /// short, since the real one takes them.
-#include "App/QtRunLoop.hpp"
-#include "Linux/EventLoop.hpp"
+#include "Host.hpp"
 #include "Support/FakeRunLoop.hpp"
 
 #include <gtest/gtest.h>
@@ -30,13 +29,13 @@ public:
 
 class RealTime {
 public:
-    RealTime() { test::testApplication(); }
+    RealTime() { test::prepareHost(); }
 
     static bool passUntil(const std::function<bool()>& condition) {
         return test::waitUntil(condition);
     }
 
-    x11::QtRunLoop loop;
+    test::HostRunLoop loop;
 };
 
 template <class Time>

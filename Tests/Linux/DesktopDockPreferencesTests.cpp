@@ -1,7 +1,7 @@
 #include "Desktop/DesktopDockPreferences.hpp"
 #include "Files/PosixFileSystem.hpp"
 #include "Linux/EventLoop.hpp"
-#include "Linux/FileOperations.hpp"
+#include "Support/FileOperations.hpp"
 #include "Support/FakeApplications.hpp"
 #include "Support/TemporaryFolder.hpp"
 

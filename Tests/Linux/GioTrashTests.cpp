@@ -1,7 +1,7 @@
 #include "Files/GioTrash.hpp"
 #include "Linux/Environment.hpp"
 #include "Linux/EventLoop.hpp"
-#include "Linux/FileOperations.hpp"
+#include "Support/FileOperations.hpp"
 #include "Support/TemporaryFolder.hpp"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "Files/PathFollower.hpp"
 #include "Linux/EventLoop.hpp"
-#include "Linux/FileOperations.hpp"
+#include "Support/FileOperations.hpp"
 #include "Linux/OrdinaryUser.hpp"
 #include "Support/TemporaryFolder.hpp"
 

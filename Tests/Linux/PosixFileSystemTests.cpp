@@ -1,5 +1,5 @@
 #include "Files/PosixFileSystem.hpp"
-#include "Linux/FileOperations.hpp"
+#include "Support/FileOperations.hpp"
 #include "Linux/OrdinaryUser.hpp"
 #include "Support/TemporaryFolder.hpp"
 

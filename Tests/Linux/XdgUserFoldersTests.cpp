@@ -1,6 +1,6 @@
 #include "Files/XdgUserFolders.hpp"
 #include "Linux/Environment.hpp"
-#include "Linux/FileOperations.hpp"
+#include "Support/FileOperations.hpp"
 #include "Support/TemporaryFolder.hpp"
 
 #include <glib.h>

@@ -31,11 +31,13 @@ set(CMAKE_OSX_SYSROOT "" CACHE STRING "")
 set(CMAKE_CXX_FLAGS_INIT "-target ${target}-macos.13.0 -fno-sanitize=undefined -F${CMAKE_CURRENT_LIST_DIR}/Frameworks")
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-L${CMAKE_CURRENT_LIST_DIR}/lib")
 
-# Nothing of this machine's is looked at, except for the JSON header: Findings of packages go to the
-# folder that stages it alone.
+# Nothing of this machine's is looked at, except for the JSON headers and GoogleTest's sources, which
+# the packages here take out of it.
 set(CMAKE_FIND_ROOT_PATH ${CMAKE_CURRENT_LIST_DIR})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 set(nlohmann_json_DIR ${CMAKE_CURRENT_LIST_DIR}/nlohmann_json)
+set(GTest_DIR ${CMAKE_CURRENT_LIST_DIR}/GTest)
+set(CMAKE_FIND_PACKAGE_PREFER_CONFIG ON)

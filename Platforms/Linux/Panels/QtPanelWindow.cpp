@@ -149,22 +149,11 @@ void QtPanelWindow::windowManagerChanged() {
 
 void QtPanelWindow::handleNative(const xcb_generic_event_t& event) {
     constexpr std::uint8_t sentFlag = 0x80;
-    switch (event.response_type & ~sentFlag) {
-    case XCB_EXPOSE: {
-        const auto& exposed = reinterpret_cast<const xcb_expose_event_t&>(event);
-        if (exposed.window == window_ && picture_ && isVisible())
-            picture_->exposed({exposed.x, exposed.y, exposed.width, exposed.height});
-        break;
-    }
-    case XCB_CONFIGURE_NOTIFY: {
-        const auto& configured = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
-        if (configured.window == window_ && place_)
-            place_->configured(configured);
-        break;
-    }
-    default:
-        break;
-    }
+    if ((event.response_type & ~sentFlag) != XCB_CONFIGURE_NOTIFY)
+        return;
+    const auto& configured = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
+    if (configured.window == window_ && place_)
+        place_->configured(configured);
 }
 
 bool QtPanelWindow::event(QEvent* event) {
@@ -182,6 +171,11 @@ bool QtPanelWindow::event(QEvent* event) {
             sampler_.reset();
             window_ = XCB_NONE;
         }
+        break;
+    case QEvent::Expose:
+        // Comes when Qt has taken all of the server's own events in a row, which say what is lost.
+        if (picture_ && isExposed())
+            picture_->exposed();
         break;
     case QEvent::Enter: {
         const QPointF position = static_cast<QEnterEvent*>(event)->position();

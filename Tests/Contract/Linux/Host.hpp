@@ -1,0 +1,22 @@
+/// The real adapters that the contracts are tested with on Linux.
+#pragma once
+
+#include "App/QtRunLoop.hpp"
+#include "Files/InotifyFileEvents.hpp"
+#include "Files/PosixFileSystem.hpp"
+#include "Linux/EventLoop.hpp"
+
+namespace vireline::test {
+
+using HostFileEvents = x11::InotifyFileEvents;
+using HostFileSystem = x11::PosixFileSystem;
+using HostRunLoop = x11::QtRunLoop;
+
+/// Whether a watch can be opened on a file that does not exist yet.
+inline constexpr bool hostWaitsForMissingFiles = true;
+
+inline void prepareHost() {
+    testApplication();
+}
+
+}
