@@ -53,7 +53,9 @@ TEST(FramePacer, TheTicksEndWithTheFirstThatNobodyAskedFor) {
 
     EXPECT_EQ(pacer.tick(), Tick::rest);
 
+    EXPECT_FALSE(pacer.isTicking());
     EXPECT_EQ(pacer.request(), Start::ticks);
+    EXPECT_TRUE(pacer.isTicking());
 }
 
 TEST(FramePacer, WithoutARequestThereIsNoFrame) {

@@ -45,7 +45,7 @@ protected:
 };
 
 TEST_F(PanelInputTest, ReportsThePointerInTheViewsCoordinates) {
-    input.pointerEntered({10, 80});
+    input.pointerEntered({10, 80}, false);
     input.pointerMoved({20, 60});
 
     EXPECT_EQ(listener.entered, 1);
@@ -54,15 +54,24 @@ TEST_F(PanelInputTest, ReportsThePointerInTheViewsCoordinates) {
 }
 
 TEST_F(PanelInputTest, TheGapBelowTheViewIsWindowButNotView) {
-    input.pointerEntered({10, 20});
+    input.pointerEntered({10, 20}, false);
     input.pointerMoved({10, 2});
 
     EXPECT_EQ(listener.exited, 0);
     EXPECT_EQ(listener.events.back().kind, Kind::exited);
 }
 
+TEST_F(PanelInputTest, APointerThatComesWithAHeldButtonIsBusyElsewhere) {
+    input.pointerEntered({10, 20}, true);
+    EXPECT_EQ(listener.entered, 0);
+
+    input.pointerEntered({10, 20}, false);
+
+    EXPECT_EQ(listener.entered, 1);
+}
+
 TEST_F(PanelInputTest, AHeldButtonKeepsThePointerHere) {
-    input.pointerEntered({10, 20});
+    input.pointerEntered({10, 20}, false);
     input.pressed({10, 20}, false);
 
     input.pointerLeft(true);
@@ -73,7 +82,7 @@ TEST_F(PanelInputTest, AHeldButtonKeepsThePointerHere) {
 }
 
 TEST_F(PanelInputTest, APressThatAsksForAMenuIsNoPress) {
-    input.pointerEntered({10, 20});
+    input.pointerEntered({10, 20}, false);
 
     input.pressed({10, 20}, true);
     input.released({10, 20}, true);
@@ -83,7 +92,7 @@ TEST_F(PanelInputTest, APressThatAsksForAMenuIsNoPress) {
 }
 
 TEST_F(PanelInputTest, AMenuDoesNotMakeThePointerLeave) {
-    input.pointerEntered({10, 20});
+    input.pointerEntered({10, 20}, false);
 
     input.menuOpened();
     input.pointerLeft(false);
@@ -148,7 +157,7 @@ TEST_F(PanelInputTest, AnotherDragEndsTheOneBefore) {
 }
 
 TEST_F(PanelInputTest, AHiddenWindowHasNoPointerOverIt) {
-    input.pointerEntered({10, 20});
+    input.pointerEntered({10, 20}, false);
     input.pressed({10, 20}, false);
 
     input.hidden();

@@ -39,14 +39,16 @@ public:
     void request();
 
     /// Shows a frame that is due without waiting for the display, which may have been asleep or may
-    /// be another one by now.
+    /// be another one by now, and listens to it anew.
     void catchUp();
 
 private:
+    void listen();
     void fire();
     void tick();
     void fireSoon();
 
+    __weak NSView* _Nullable view_;
     std::function<void()> onFrame_;
     FramePacer pacer_;
     Lifetime lifetime_;

@@ -100,7 +100,14 @@ std::unique_ptr<RefreshTicks> makeTicks(NSView* view, std::function<void()> onTi
 }
 
 FrameClock::FrameClock(NSView* view, std::function<void()> onFrame)
-    : onFrame_(std::move(onFrame)), ticks_(makeTicks(view, lifetime_.guard([this] { tick(); }))) {}
+    : view_(view), onFrame_(std::move(onFrame)) {
+    listen();
+}
+
+void FrameClock::listen() {
+    if (NSView* const view = view_; view != nil)
+        ticks_ = makeTicks(view, lifetime_.guard([this] { tick(); }));
+}
 
 void FrameClock::request() {
     if (pacer_.request() == FramePacer::Start::notNeeded)
@@ -110,6 +117,9 @@ void FrameClock::request() {
 }
 
 void FrameClock::catchUp() {
+    listen();
+    if (pacer_.isTicking())
+        ticks_->start();
     fireSoon();
 }
 

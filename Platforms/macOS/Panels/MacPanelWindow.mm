@@ -131,11 +131,11 @@ void MacPanelWindow::lookAtPointerSoon() {
 }
 
 void MacPanelWindow::lookAtPointer() {
-    const bool isPrimaryHeld = (NSEvent.pressedMouseButtons & 1) != 0;
-    if (!panel_.isUnderPointer)
-        input_->pointerLeft(isPrimaryHeld);
-    else if (!isPrimaryHeld)
-        input_->pointerEntered(pointer());
+    const NSUInteger buttons = NSEvent.pressedMouseButtons;
+    if (panel_.isUnderPointer)
+        input_->pointerEntered(pointer(), buttons != 0);
+    else
+        input_->pointerLeft((buttons & 1) != 0);
 }
 
 Point MacPanelWindow::pointer() const {

@@ -10,10 +10,13 @@
 #include <utility>
 #include <vector>
 
-using namespace vireline;
-using macos::AccessibleScene;
-using macos::PanelInput;
-using macos::toPoint;
+using vireline::AccessibleTile;
+using vireline::NodeID;
+using vireline::Scene;
+using vireline::SceneNode;
+using vireline::macos::AccessibleScene;
+using vireline::macos::PanelInput;
+using vireline::macos::toPoint;
 
 namespace {
 
@@ -73,6 +76,11 @@ bool isSameKind(const SceneNode& one, const SceneNode& other) {
 - (void)viewDidChangeBackingProperties {
     [super viewDidChangeBackingProperties];
     _scale = self.window == nil ? 1 : self.window.backingScaleFactor;
+    [self presentAgain];
+}
+
+- (void)viewDidChangeEffectiveAppearance {
+    [super viewDidChangeEffectiveAppearance];
     [self presentAgain];
 }
 
@@ -149,7 +157,7 @@ bool isSameKind(const SceneNode& one, const SceneNode& other) {
 
 - (id)accessibilityHitTest:(NSPoint)point {
     const NSPoint inWindow = [self.window convertPointFromScreen:point];
-    const Point at = toPoint([self convertPoint:inWindow fromView:nil]);
+    const auto at = toPoint([self convertPoint:inWindow fromView:nil]);
     for (VirelineTileElement* element in self.accessibilityChildren) {
         const auto tile = [self tile:element.tile];
         if (tile && tile->frame.contains(at))

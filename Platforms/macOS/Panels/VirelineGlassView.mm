@@ -1,6 +1,7 @@
 #include "Panels/VirelineGlassView.hpp"
 
-/// What is used of the system's glass, which development kits before version 26 do not declare.
+/// What is used of the system's glass, which systems and development kits before version 26 do not
+/// have.
 @protocol VirelineSystemGlass
 @property CGFloat cornerRadius;
 @property(nullable, strong) NSView* contentView;
@@ -9,15 +10,11 @@
 namespace {
 
 NSView<VirelineSystemGlass>* makeGlass() {
-    if (@available(macOS 26, *)) {
-        const Class glass = NSClassFromString(@"NSGlassEffectView");
-        const BOOL isKnown = [glass isSubclassOfClass:NSView.class] &&
-                             [glass instancesRespondToSelector:@selector(setCornerRadius:)] &&
-                             [glass instancesRespondToSelector:@selector(setContentView:)];
-        if (isKnown)
-            return [[glass alloc] initWithFrame:NSZeroRect];
-    }
-    return nil;
+    const Class glass = NSClassFromString(@"NSGlassEffectView");
+    const BOOL isKnown = [glass isSubclassOfClass:NSView.class] &&
+                         [glass instancesRespondToSelector:@selector(setCornerRadius:)] &&
+                         [glass instancesRespondToSelector:@selector(setContentView:)];
+    return isKnown ? [[glass alloc] initWithFrame:NSZeroRect] : nil;
 }
 
 NSVisualEffectView* makeMaterial() {

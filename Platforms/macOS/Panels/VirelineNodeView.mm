@@ -10,13 +10,19 @@
 #include <algorithm>
 #include <variant>
 
-using namespace vireline;
-using macos::MacImage;
-using macos::toCGRect;
-using macos::toNSString;
-using macos::toRect;
-using macos::toSize;
-namespace ScenePlacement = macos::ScenePlacement;
+using vireline::DotNode;
+using vireline::GlassNode;
+using vireline::HandleNode;
+using vireline::ImageNode;
+using vireline::LabelNode;
+using vireline::SceneNode;
+using vireline::SeparatorNode;
+using vireline::macos::MacImage;
+using vireline::macos::toCGRect;
+using vireline::macos::toNSString;
+using vireline::macos::toRect;
+using vireline::macos::toSize;
+namespace ScenePlacement = vireline::macos::ScenePlacement;
 
 /// A shape of one colour.
 @interface VirelineFillNodeView : VirelineNodeView
@@ -41,7 +47,7 @@ struct Fill {
 
 struct FillOf {
     const SceneNode& node;
-    Size size;
+    vireline::Size size;
 
     Fill operator()(const DotNode&) const { return {NSColor.secondaryLabelColor, capsule()}; }
     Fill operator()(const HandleNode&) const { return {NSColor.labelColor, capsule()}; }
@@ -72,15 +78,17 @@ struct MakeView {
     }
 };
 
-/// A symbol comes as a shape without a colour of its own.
+/// A symbol comes as a shape without a colour of its own. It gets the one that labels have now,
+/// which the drawing, as it comes later, could not tell.
 NSImage* colored(NSImage* image) {
     if (![image isTemplate])
         return image;
+    NSColor* const color = [NSColor colorWithCGColor:NSColor.labelColor.CGColor];
     return [NSImage imageWithSize:image.size
                           flipped:NO
                    drawingHandler:^(NSRect rect) {
                      [image drawInRect:rect];
-                     [NSColor.labelColor set];
+                     [color set];
                      NSRectFillUsingOperation(rect, NSCompositingOperationSourceIn);
                      return YES;
                    }];
@@ -233,8 +241,9 @@ NSImage* colored(NSImage* image) {
         return;
     _text.font = [NSFont systemFontOfSize:label->fontSize * node.scale weight:NSFontWeightMedium];
     _text.stringValue = toNSString(label->text);
-    const Size text = toSize(_text.intrinsicContentSize);
-    const Size padding{label->padding.width * node.scale, label->padding.height * node.scale};
+    const vireline::Size text = toSize(_text.intrinsicContentSize);
+    const vireline::Size padding{label->padding.width * node.scale,
+                                 label->padding.height * node.scale};
     self.frame = toCGRect(ScenePlacement::capsule(toRect(self.frame), text, padding, scale));
     const NSSize size = self.frame.size;
     _glass.cornerRadius = size.height / 2;

@@ -14,7 +14,6 @@ constexpr NSWindowCollectionBehavior onEveryDesktop = NSWindowCollectionBehavior
                                                       NSWindowCollectionBehaviorFullScreenAuxiliary;
 
 static_assert(NSWindowStyleMaskNonactivatingPanel == 128);
-static_assert(NSFloatingWindowLevel == 3);
 static_assert(onEveryDesktop == 273);
 
 }
@@ -66,7 +65,7 @@ static_assert(onEveryDesktop == 273);
 
 - (void)mouseEntered:(NSEvent*)event {
     if (const auto input = _input.lock())
-        input->pointerEntered(toPoint(event.locationInWindow));
+        input->pointerEntered(toPoint(event.locationInWindow), NSEvent.pressedMouseButtons != 0);
 }
 
 - (void)mouseExited:(NSEvent*)event {

@@ -25,6 +25,8 @@ public:
         return Start::ticks;
     }
 
+    [[nodiscard]] bool isTicking() const noexcept { return isTicking_; }
+
     /// Whether a frame is to be shown now, in between ticks.
     [[nodiscard]] bool fire() noexcept { return take(); }
 

@@ -28,7 +28,9 @@ public:
     void setInputRegion(const std::optional<Rect>& region) { inputRegion_ = region; }
     [[nodiscard]] bool takesPointer(Point at) const;
 
-    void pointerEntered(Point at) { pointer_.entered(hosted_.toView(at)); }
+    void pointerEntered(Point at, bool isButtonHeld) {
+        pointer_.entered(hosted_.toView(at), isButtonHeld);
+    }
     void pointerMoved(Point at) { pointer_.moved(hosted_.toView(at)); }
     void pointerLeft(bool isPrimaryHeld) {
         pointer_.left({.isPrimaryHeld = isPrimaryHeld, .position = {}});

@@ -14,6 +14,7 @@ NS_ASSUME_NONNULL_BEGIN
 @property (class, strong, readonly) NSColor* systemOrangeColor;
 @property (class, strong, readonly) NSColor* controlAccentColor API_AVAILABLE(macos(10.14));
 @property (readonly) CGColorRef CGColor API_AVAILABLE(macos(10.8));
++ (nullable NSColor*)colorWithCGColor:(CGColorRef)cgColor API_AVAILABLE(macos(10.8));
 - (NSColor*)colorWithAlphaComponent:(CGFloat)alpha;
 - (void)set;
 @end

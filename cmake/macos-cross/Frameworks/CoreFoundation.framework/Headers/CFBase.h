@@ -1,5 +1,7 @@
 #pragma once
 
+// Its names are global, as a Mac has them: Point, Rect, Size.
+#include <MacTypes.h>
 #include <os/availability.h>
 #include <stdbool.h>
 #include <stddef.h>
@@ -29,7 +31,6 @@
 CF_ASSUME_NONNULL_BEGIN
 CF_IMPLICIT_BRIDGING_ENABLED
 
-typedef unsigned char Boolean;
 typedef signed long CFIndex;
 typedef unsigned long CFTypeID;
 typedef const void* CFTypeRef;
