@@ -14,14 +14,6 @@ struct HostedView {
         return {window.x - frame.minX(), frame.maxY() - window.y};
     }
 
-    [[nodiscard]] constexpr Point toWindow(Point view) const noexcept {
-        return {frame.minX() + view.x, frame.maxY() - view.y};
-    }
-
-    [[nodiscard]] constexpr Rect toWindow(const Rect& view) const noexcept {
-        return {frame.minX() + view.minX(), frame.maxY() - view.maxY(), view.width, view.height};
-    }
-
     bool operator==(const HostedView&) const = default;
 };
 

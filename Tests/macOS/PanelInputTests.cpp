@@ -1,0 +1,161 @@
+#include "Translation/PanelInput.hpp"
+
+#include <gtest/gtest.h>
+
+namespace vireline::macos {
+namespace {
+
+using Kind = PointerEvent::Kind;
+
+/// Keeps what it hears.
+class Listener final : public PanelWindowListener {
+public:
+    void mouseEntered() override { ++entered; }
+    void mouseExited() override { ++exited; }
+    void frameDue() override {}
+    void pointerEvent(const PointerEvent& event) override { events.push_back(event); }
+    void dragEntered(const std::vector<std::string>& urls) override { dragged = urls; }
+    bool dragMoved(Point at) override {
+        dragPoints.push_back(at);
+        return takesDrops;
+    }
+    void dragExited() override { ++dragsLeft; }
+    bool dropped(Point at) override {
+        drops.push_back(at);
+        return takesDrops;
+    }
+
+    int entered = 0;
+    int exited = 0;
+    std::vector<PointerEvent> events;
+    std::vector<std::string> dragged;
+    std::vector<Point> dragPoints;
+    std::vector<Point> drops;
+    int dragsLeft = 0;
+    bool takesDrops = true;
+};
+
+/// The input of a window of 300 by 88 points that hosts a view 4 points above its bottom.
+class PanelInputTest : public testing::Test {
+protected:
+    PanelInputTest() { input.setHosted({{0, 4, 300, 84}}); }
+
+    Listener listener;
+    PanelInput input{listener};
+};
+
+TEST_F(PanelInputTest, ReportsThePointerInTheViewsCoordinates) {
+    input.pointerEntered({10, 80});
+    input.pointerMoved({20, 60});
+
+    EXPECT_EQ(listener.entered, 1);
+    EXPECT_EQ(listener.events,
+              (std::vector<PointerEvent>{{Kind::moved, {10, 8}}, {Kind::moved, {20, 28}}}));
+}
+
+TEST_F(PanelInputTest, TheGapBelowTheViewIsWindowButNotView) {
+    input.pointerEntered({10, 20});
+    input.pointerMoved({10, 2});
+
+    EXPECT_EQ(listener.exited, 0);
+    EXPECT_EQ(listener.events.back().kind, Kind::exited);
+}
+
+TEST_F(PanelInputTest, AHeldButtonKeepsThePointerHere) {
+    input.pointerEntered({10, 20});
+    input.pressed({10, 20}, false);
+
+    input.pointerLeft(true);
+    EXPECT_EQ(listener.exited, 0);
+    input.released({10, 400}, false);
+
+    EXPECT_EQ(listener.exited, 1);
+}
+
+TEST_F(PanelInputTest, APressThatAsksForAMenuIsNoPress) {
+    input.pointerEntered({10, 20});
+
+    input.pressed({10, 20}, true);
+    input.released({10, 20}, true);
+
+    EXPECT_EQ(listener.events[1], (PointerEvent{Kind::secondaryPressed, {10, 68}}));
+    EXPECT_EQ(listener.events.size(), 2U);
+}
+
+TEST_F(PanelInputTest, AMenuDoesNotMakeThePointerLeave) {
+    input.pointerEntered({10, 20});
+
+    input.menuOpened();
+    input.pointerLeft(false);
+    EXPECT_EQ(listener.exited, 0);
+    input.menuClosed({10, 400}, false);
+
+    EXPECT_EQ(listener.exited, 1);
+}
+
+TEST_F(PanelInputTest, OnlyTheInputRegionTakesThePointer) {
+    EXPECT_TRUE(input.takesPointer({1, 1}));
+
+    input.setInputRegion(Rect{100, 26, 100, 58});
+
+    EXPECT_TRUE(input.takesPointer({150, 30}));
+    EXPECT_FALSE(input.takesPointer({150, 80}));
+    EXPECT_FALSE(input.takesPointer({50, 30}));
+}
+
+TEST_F(PanelInputTest, ADragBringsItsURLsOnceAndThenItsPlaces) {
+    EXPECT_TRUE(input.dragEntered({"file:///a", "file:///b"}, {10, 80}));
+    EXPECT_TRUE(input.dragMoved({20, 60}));
+
+    EXPECT_EQ(listener.dragged, (std::vector<std::string>{"file:///a", "file:///b"}));
+    EXPECT_EQ(listener.dragPoints, (std::vector<Point>{{10, 8}, {20, 28}}));
+}
+
+TEST_F(PanelInputTest, ADragThatNobodyTakesIsRefused) {
+    listener.takesDrops = false;
+
+    EXPECT_FALSE(input.dragEntered({"file:///a"}, {10, 80}));
+    EXPECT_FALSE(input.dropped({10, 80}));
+}
+
+TEST_F(PanelInputTest, ADragThatLeavesAndEndsIsOneExit) {
+    input.dragEntered({"file:///a"}, {10, 80});
+
+    input.dragEnded();
+    input.dragEnded();
+
+    EXPECT_EQ(listener.dragsLeft, 1);
+}
+
+TEST_F(PanelInputTest, ADropEndsTheDrag) {
+    input.dragEntered({"file:///a"}, {10, 80});
+
+    EXPECT_TRUE(input.dropped({10, 80}));
+    input.dragEnded();
+
+    EXPECT_EQ(listener.drops, (std::vector<Point>{{10, 8}}));
+    EXPECT_EQ(listener.dragsLeft, 0);
+    EXPECT_FALSE(input.dropped({10, 80}));
+}
+
+TEST_F(PanelInputTest, AnotherDragEndsTheOneBefore) {
+    input.dragEntered({"file:///a"}, {10, 80});
+
+    input.dragEntered({"file:///b"}, {10, 80});
+
+    EXPECT_EQ(listener.dragsLeft, 1);
+    EXPECT_EQ(listener.dragged, (std::vector<std::string>{"file:///b"}));
+}
+
+TEST_F(PanelInputTest, AHiddenWindowHasNoPointerOverIt) {
+    input.pointerEntered({10, 20});
+    input.pressed({10, 20}, false);
+
+    input.hidden();
+
+    EXPECT_EQ(listener.events[2].kind, Kind::cancelled);
+    EXPECT_EQ(listener.exited, 1);
+}
+
+}
+}
