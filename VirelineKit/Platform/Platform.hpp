@@ -9,12 +9,15 @@ class DockPreferences;
 class FileEvents;
 class FileSystem;
 class Icons;
+class LoginItemService;
 class MotionSettings;
 class PanelWindows;
 class PointerSettings;
+class ProgramWindows;
 class RunLoop;
 class RunningApplications;
 class Screens;
+class StatusBar;
 class Trash;
 class UserFolders;
 class Workspace;
@@ -36,6 +39,9 @@ struct Platform {
     PanelWindows& panelWindows;
     PointerSettings& pointerSettings;
     MotionSettings& motionSettings;
+    StatusBar& statusBar;
+    LoginItemService& loginItemService;
+    ProgramWindows& programWindows;
 };
 
 }

@@ -10,6 +10,7 @@
 #include "Applications/EwmhRunningApplications.hpp"
 #include "Applications/GioWorkspace.hpp"
 #include "Desktop/DesktopDockPreferences.hpp"
+#include "Desktop/DesktopNames.hpp"
 #include "Displays/RandrScreens.hpp"
 #include "Files/GioTrash.hpp"
 #include "Files/InotifyFileEvents.hpp"
@@ -19,6 +20,10 @@
 #include "Icons/ThemeIcons.hpp"
 #include "Icons/XSettings.hpp"
 #include "Panels/QtPanelWindows.hpp"
+#include "Session/AutostartLoginItem.hpp"
+#include "StatusBar/TrayStatusBar.hpp"
+#include "Windows/QtProgramWindows.hpp"
+#include "Windows/Symbols.hpp"
 #include "X11/X11Connection.hpp"
 
 #include <cstdio>
@@ -70,9 +75,18 @@ struct HostPlatform::Parts {
     GioWorkspace workspace{connection, catalog, runningApplications, userFolders};
     DesktopDockPreferences dockPreferences{
         {userFolders.home(), userFolders.configHome(), currentDesktop(), {}}, fileSystem, catalog};
-    ThemeIcons icons{catalog, runningApplications, iconTheme(settings.texts)};
+    /// Of symbols; that of the apps' icons goes its own way with the icons.
+    IconTheme theme = iconTheme(settings.texts);
+    ThemeIcons icons{catalog, runningApplications, theme};
     RandrScreens screens{connection};
     QtPanelWindows panelWindows{connection, screens, widgetTheme(settings.texts)};
+    Symbols symbols{theme};
+    TrayStatusBar statusBar{{connection, panelWindows.appearance(), symbols, theme}};
+    AutostartLoginItem loginItem{
+        fileSystem,
+        {userFolders.configHome(), AutostartLoginItem::ownPath(), DesktopNames::current()}};
+    QtProgramWindows programWindows{
+        {connection, application, panelWindows.appearance(), symbols, motionSettings}};
 };
 
 std::expected<std::unique_ptr<HostPlatform>, HostPlatform::Ended> HostPlatform::start() {
@@ -109,7 +123,10 @@ Platform HostPlatform::ports() {
             .screens = parts_->screens,
             .panelWindows = parts_->panelWindows,
             .pointerSettings = parts_->pointerSettings,
-            .motionSettings = parts_->motionSettings};
+            .motionSettings = parts_->motionSettings,
+            .statusBar = parts_->statusBar,
+            .loginItemService = parts_->loginItem,
+            .programWindows = parts_->programWindows};
 }
 
 }
