@@ -19,6 +19,11 @@ Platform FakePlatform::ports() {
         .panelWindows = panelWindows,
         .pointerSettings = pointerSettings,
         .motionSettings = motionSettings,
+        .accessibility = accessibility,
+        .pointerTaps = pointerTaps,
+        .statusBar = statusBar,
+        .loginItemService = loginItem,
+        .programWindows = programWindows,
     };
 }
 

@@ -3,9 +3,11 @@
 #pragma once
 
 #include "Platform/Platform.hpp"
+#include "Support/FakeAccessibility.hpp"
 #include "Support/FakeApplications.hpp"
 #include "Support/FakeFiles.hpp"
 #include "Support/FakePanelWindows.hpp"
+#include "Support/FakeProgramWindows.hpp"
 #include "Support/FakeRunLoop.hpp"
 
 #include <initializer_list>
@@ -41,6 +43,11 @@ public:
     FakePanelWindows panelWindows;
     FakePointerSettings pointerSettings;
     FakeMotionSettings motionSettings;
+    FakeAccessibility accessibility;
+    FakePointerTaps pointerTaps;
+    FakeStatusBar statusBar;
+    FakeLoginItemService loginItem;
+    FakeProgramWindows programWindows;
     FakeApplication application;
 };
 

@@ -22,25 +22,60 @@ AppDelegate::AppDelegate(const Platform& platform)
     : platform_(platform)
     , icons_(platform.icons)
     , monitor_(platform.runningApplications)
-    , activator_(platform.runningApplications, platform.workspace)
+    , activator_(platform.runningApplications, platform.workspace, platform.screens,
+                 platform.accessibility)
+    , loginItem_(platform.loginItemService)
+    , anchorGuard_(platform.accessibility, platform.pointerTaps, platform.runLoop)
     , trashService_(platform.trash, platform.userFolders)
     , store_(platform.fileSystem, platform.userFolders)
     , resolver_(store_, platform)
-    , coordinator_(makeViewContext(), platform.screens, platform.panelWindows) {
+    , coordinator_(makeViewContext(), platform.screens, platform.panelWindows)
+    , windowMover_(platform.accessibility, platform.runningApplications, platform.screens,
+                   platform.runLoop) {
     dockActions_ = makeDockActions();
 }
 
 void AppDelegate::applicationDidFinishLaunching() {
     DevLog::write("Vireline started pid=" +
                   std::to_string(platform_.application.processIdentifier()));
+    makeStatusItem();
     seedModel();
     connect();
     resolver_.start();
     monitor_.start();
     coordinator_.start();
+    if (!store_.settings().onboardingCompleted)
+        showOnboarding();
+    secondStarts_ =
+        platform_.application.observeSecondStart(lifetime_.guard([this] { showSettings(); }));
+}
+
+void AppDelegate::makeStatusItem() {
+    statusItem_.emplace(platform_.statusBar, platform_.application, loginItem_,
+                        lifetime_.guard([this] { showSettings(); }),
+                        lifetime_.guard([this] { showOnboarding(); }));
+}
+
+void AppDelegate::showSettings() {
+    if (!settingsWindow_)
+        settingsWindow_.emplace(store_, loginItem_, anchorGuard_, platform_.programWindows,
+                                platform_.workspace);
+    settingsWindow_->show();
+}
+
+void AppDelegate::showOnboarding() {
+    if (!onboarding_)
+        onboarding_.emplace(store_, anchorGuard_, platform_.programWindows, platform_.workspace);
+    onboarding_->show();
 }
 
 void AppDelegate::connect() {
+    coordinator_.onGuardZonesChanged =
+        lifetime_.guard([this](const std::vector<Rect>& zones) { anchorGuard_.zones = zones; });
+    guardAsSet();
+    activator_.windowMover = &windowMover_;
+    activator_.settings =
+        lifetime_.guardOr(Settings{}, [this]() -> const Settings& { return store_.settings(); });
     coordinator_.dockConfig = lifetime_.guardOr(DisplayCoordinator::DockConfig{}, [this] {
         const Settings& settings = store_.settings();
         return DisplayCoordinator::DockConfig{settings.position, settings.autoHide};
@@ -68,8 +103,16 @@ void AppDelegate::seedModel() {
     model_.magnification.set(effectiveMagnification(store_.settings()));
 }
 
+void AppDelegate::guardAsSet() {
+    if (store_.settings().anchorAppleDock)
+        anchorGuard_.enable();
+    else
+        anchorGuard_.disable();
+}
+
 void AppDelegate::settingsChanged() {
     seedModel();
+    guardAsSet();
     resolver_.emit();
     coordinator_.reconcile();
 }
@@ -125,6 +168,11 @@ DockActions AppDelegate::makeDockActions() {
     });
     actions.trashFiles =
         lifetime_.guard([this](const std::vector<FileURL>& urls) { trashService_.trash(urls); });
+    actions.showSettings = lifetime_.guard([this] { showSettings(); });
+    actions.quit = lifetime_.guard([this] {
+        DevLog::write("quit from dock");
+        platform_.application.terminate();
+    });
     return actions;
 }
 

@@ -3,6 +3,7 @@
 
 namespace vireline {
 
+class Accessibility;
 class Application;
 class ApplicationCatalog;
 class DockPreferences;
@@ -13,6 +14,7 @@ class LoginItemService;
 class MotionSettings;
 class PanelWindows;
 class PointerSettings;
+class PointerTaps;
 class ProgramWindows;
 class RunLoop;
 class RunningApplications;
@@ -39,6 +41,8 @@ struct Platform {
     PanelWindows& panelWindows;
     PointerSettings& pointerSettings;
     MotionSettings& motionSettings;
+    Accessibility& accessibility;
+    PointerTaps& pointerTaps;
     StatusBar& statusBar;
     LoginItemService& loginItemService;
     ProgramWindows& programWindows;

@@ -19,11 +19,13 @@
 #include "Icons/ChosenIconTheme.hpp"
 #include "Icons/ThemeIcons.hpp"
 #include "Icons/XSettings.hpp"
+#include "OwnWindows/QtProgramWindows.hpp"
+#include "OwnWindows/Symbols.hpp"
 #include "Panels/QtPanelWindows.hpp"
+#include "Pointer/XInputPointerTaps.hpp"
 #include "Session/AutostartLoginItem.hpp"
 #include "StatusBar/TrayStatusBar.hpp"
-#include "Windows/QtProgramWindows.hpp"
-#include "Windows/Symbols.hpp"
+#include "Windows/EwmhAccessibility.hpp"
 #include "X11/X11Connection.hpp"
 
 #include <cstdio>
@@ -80,6 +82,8 @@ struct HostPlatform::Parts {
     ThemeIcons icons{catalog, runningApplications, theme};
     RandrScreens screens{connection};
     QtPanelWindows panelWindows{connection, screens, widgetTheme(settings.texts)};
+    EwmhAccessibility accessibility{connection, runLoop, runningApplications, screens};
+    XInputPointerTaps pointerTaps{screens};
     Symbols symbols{theme};
     TrayStatusBar statusBar{{connection, panelWindows.appearance(), symbols, theme}};
     AutostartLoginItem loginItem{
@@ -124,6 +128,8 @@ Platform HostPlatform::ports() {
             .panelWindows = parts_->panelWindows,
             .pointerSettings = parts_->pointerSettings,
             .motionSettings = parts_->motionSettings,
+            .accessibility = parts_->accessibility,
+            .pointerTaps = parts_->pointerTaps,
             .statusBar = parts_->statusBar,
             .loginItemService = parts_->loginItem,
             .programWindows = parts_->programWindows};

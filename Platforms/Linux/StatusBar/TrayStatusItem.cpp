@@ -2,7 +2,7 @@
 
 #include "Icons/IconTheme.hpp"
 #include "Panels/Appearance.hpp"
-#include "Windows/Symbols.hpp"
+#include "OwnWindows/Symbols.hpp"
 
 #include <QCursor>
 #include <QGuiApplication>

@@ -1,0 +1,93 @@
+#include "OwnWindows/WindowPalette.hpp"
+
+#include <algorithm>
+#include <utility>
+
+namespace vireline::x11::WindowPalette {
+namespace {
+
+constexpr int middleLightness = 128;
+
+/// So that white text can be read on it, and so that it stands out from a dark card.
+QColor usableAccent(const QColor& accent, bool isDark) {
+    float hue = 0;
+    float saturation = 0;
+    float lightness = 0;
+    accent.getHslF(&hue, &saturation, &lightness);
+    const auto [low, high] = isDark ? std::pair{0.45F, 0.62F} : std::pair{0.30F, 0.52F};
+    // A grey has no hue.
+    return QColor::fromHslF(std::max(hue, 0.0F), saturation, std::clamp(lightness, low, high));
+}
+
+QPalette light() {
+    QPalette palette;
+    palette.setColor(QPalette::Window, {244, 244, 246});
+    palette.setColor(QPalette::Base, {255, 255, 255});
+    palette.setColor(QPalette::AlternateBase, {248, 248, 250});
+    palette.setColor(QPalette::Mid, {226, 226, 230});
+    palette.setColor(QPalette::Button, {230, 230, 234});
+    palette.setColor(QPalette::Dark, {196, 196, 202});
+    palette.setColor(QPalette::Light, {255, 255, 255});
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(role, {29, 29, 33});
+    palette.setColor(QPalette::PlaceholderText, {98, 98, 106});
+    return palette;
+}
+
+QPalette dark() {
+    QPalette palette;
+    palette.setColor(QPalette::Window, {32, 33, 36});
+    palette.setColor(QPalette::Base, {45, 46, 50});
+    palette.setColor(QPalette::AlternateBase, {50, 51, 56});
+    palette.setColor(QPalette::Mid, {62, 63, 69});
+    palette.setColor(QPalette::Button, {66, 67, 74});
+    palette.setColor(QPalette::Dark, {98, 99, 108});
+    palette.setColor(QPalette::Light, {104, 106, 116});
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(role, {242, 242, 245});
+    palette.setColor(QPalette::PlaceholderText, {172, 173, 181});
+    return palette;
+}
+
+QColor mixed(const QColor& colour, const QColor& other, double share) {
+    const auto mix = [share](int a, int b) {
+        return static_cast<int>(a * (1 - share) + b * share);
+    };
+    return {mix(colour.red(), other.red()), mix(colour.green(), other.green()),
+            mix(colour.blue(), other.blue())};
+}
+
+}
+
+QPalette make(bool isDark, const QColor& accent) {
+    QPalette palette = isDark ? dark() : light();
+    palette.setColor(QPalette::Highlight, usableAccent(accent, isDark));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    return palette;
+}
+
+bool isDark(const QPalette& palette) {
+    return palette.color(QPalette::Window).lightness() < middleLightness;
+}
+
+QColor tone(const QPalette& palette, StatusLine::Tone tone) {
+    switch (tone) {
+    case StatusLine::Tone::positive:
+        return isDark(palette) ? QColor{70, 207, 104} : QColor{34, 150, 66};
+    case StatusLine::Tone::warning:
+        return isDark(palette) ? QColor{255, 172, 84} : QColor{176, 88, 0};
+    case StatusLine::Tone::neutral:
+        break;
+    }
+    return palette.color(QPalette::Text);
+}
+
+QColor hovered(const QPalette& palette, const QColor& colour) {
+    return mixed(colour, palette.color(QPalette::Text), 0.05);
+}
+
+QColor pressed(const QPalette& palette, const QColor& colour) {
+    return mixed(colour, palette.color(QPalette::Text), 0.12);
+}
+
+}
