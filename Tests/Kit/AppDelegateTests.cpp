@@ -360,7 +360,7 @@ TEST_F(AppDelegateTest, AChangeOfPositionAloneDeliversThePinnedListAndReconciles
 
     set(SettingsField::position, std::size_t{1});
 
-    EXPECT_EQ(dock().frame.x, 1920);
+    EXPECT_EQ(dock().frame.x, 1924);
     EXPECT_EQ(log.count("rebuilt panel #2 for position change"), 1);
     // The running app that nobody announced is noticed with the new pinned list.
     EXPECT_EQ(icons().size(), 5U);
@@ -373,7 +373,8 @@ TEST_F(AppDelegateTest, EverySettingTakesEffectAtOnce) {
     set(SettingsField::iconSize, 60.0);
     EXPECT_EQ(icons()[0].frame.width, 60);
     set(SettingsField::autoHide, true);
-    EXPECT_EQ(dock().frame.height, 4);
+    // It reaches to the edge now, and collapses once the pointer has been there.
+    EXPECT_EQ(dock().frame.height, 88);
     set(SettingsField::anchorAppleDock, true);
     EXPECT_TRUE(platform.pointerTaps.isEnabled());
     set(SettingsField::anchorAppleDock, false);
