@@ -130,7 +130,8 @@ void DesktopTest::choose(xcb_window_t menu, int index, int count) {
 
 Programs testedPrograms() {
     const char* other = std::getenv("VIRELINE_TESTED_PROGRAM");
-    return {other == nullptr ? TESTED_PROGRAM : other, TEST_APP, FILE_MANAGER};
+    return {other == nullptr ? TESTED_PROGRAM : other, TEST_APP, FILE_MANAGER,
+            NOTIFIER_HOST};
 }
 
 PanelPlanner::Request tiles(int pinned, int running) {
