@@ -106,6 +106,7 @@ public:
     NotifierHost startNotifierHost(bool showsItems = true);
     /// Ends that panel.
     void stopNotifierHost() { notifierHost_.reset(); }
+    void stopSessionBus() { bus_.reset(); }
 
     /// The windows' controls. Only with accessibility.
     [[nodiscard]] AccessibleTree controls() const {
