@@ -14,13 +14,13 @@ namespace fs = std::filesystem;
 using Role = AccessibleRole;
 using Lines = std::vector<std::string>;
 
-constexpr std::string_view trayConfiguration = "panel_items = S\n"
+constexpr std::string_view trayConfiguration = "rounded = 0\n"
+                                               "background_color = #102030 100\n"
+                                               "panel_items = S\n"
                                                "panel_size = 200 32\n"
                                                "panel_position = top left horizontal\n"
-                                               "panel_monitor = all\n"
                                                "panel_background_id = 1\n"
-                                               "rounded = 0\n"
-                                               "background_color = #102030 100\n"
+                                               "systray_padding = 4 4 4\n"
                                                "systray_icon_size = 24\n";
 
 class StatusItem : public ProgramWindowTest {

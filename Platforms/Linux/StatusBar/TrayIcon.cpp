@@ -12,7 +12,7 @@
 namespace vireline::x11 {
 namespace {
 
-/// Trays resize their icons at once.
+/// Trays that want another one resize their icons at once.
 constexpr std::uint16_t firstSide = 24;
 constexpr std::uint8_t translucentDepth = 32;
 /// Of the icon's window.
@@ -77,6 +77,8 @@ void TrayIcon::create(const std::string& name) {
     xcb_connection_t* const server = connection_.get();
     const Visual visual = visualFor(connection_, manager_);
     depth_ = visual.depth;
+    width_ = firstSide;
+    height_ = firstSide;
     isTranslucent_ = depth_ == translucentDepth;
     const std::uint32_t events = XCB_EVENT_MASK_EXPOSURE | XCB_EVENT_MASK_STRUCTURE_NOTIFY |
                                  XCB_EVENT_MASK_BUTTON_PRESS | XCB_EVENT_MASK_BUTTON_RELEASE;
