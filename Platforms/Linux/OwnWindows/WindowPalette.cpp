@@ -1,22 +1,36 @@
 #include "OwnWindows/WindowPalette.hpp"
 
 #include <algorithm>
-#include <utility>
+#include <cmath>
 
 namespace vireline::x11::WindowPalette {
 namespace {
 
 constexpr int middleLightness = 128;
 
-/// So that white text can be read on it, and so that it stands out from a dark card.
+/// How bright a colour looks, from 0 to 1.
+double luminance(const QColor& colour) {
+    const auto linear = [](double share) {
+        return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+/// As bright as it may be for white text on it, and bright enough to stand out from a dark card.
 QColor usableAccent(const QColor& accent, bool isDark) {
+    constexpr double brightest = 0.32;
+    constexpr float step = 0.02F;
     float hue = 0;
     float saturation = 0;
     float lightness = 0;
     accent.getHslF(&hue, &saturation, &lightness);
-    const auto [low, high] = isDark ? std::pair{0.45F, 0.62F} : std::pair{0.30F, 0.52F};
     // A grey has no hue.
-    return QColor::fromHslF(std::max(hue, 0.0F), saturation, std::clamp(lightness, low, high));
+    hue = std::max(hue, 0.0F);
+    lightness = std::clamp(lightness, isDark ? 0.45F : 0.3F, 0.62F);
+    while (luminance(QColor::fromHslF(hue, saturation, lightness)) > brightest)
+        lightness -= step;
+    return QColor::fromHslF(hue, saturation, lightness);
 }
 
 QPalette light() {
@@ -45,7 +59,7 @@ QPalette dark() {
     palette.setColor(QPalette::Light, {104, 106, 116});
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         palette.setColor(role, {242, 242, 245});
-    palette.setColor(QPalette::PlaceholderText, {172, 173, 181});
+    palette.setColor(QPalette::PlaceholderText, {178, 179, 187});
     return palette;
 }
 
