@@ -25,7 +25,7 @@ AppDelegate::AppDelegate(const Platform& platform)
     , activator_(platform.runningApplications, platform.workspace, platform.screens,
                  platform.accessibility)
     , anchorGuard_(platform.accessibility, platform.pointerTaps, platform.runLoop)
-    , trashService_(platform.trash, platform.userFolders)
+    , trashService_(platform.trash, platform.userFolders, platform.runLoop)
     , store_(platform.fileSystem, platform.userFolders)
     , resolver_(store_, platform)
     , coordinator_(makeViewContext(), platform.screens, platform.panelWindows)

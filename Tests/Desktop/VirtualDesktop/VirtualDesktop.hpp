@@ -40,8 +40,7 @@ public:
 
     struct Options {
         /// The first is primary. None leaves the server's own single display.
-        std::vector<Monitor>
-            monitors{}; // NOLINT(readability-redundant-member-init): GCC warns without
+        std::vector<Monitor> monitors{};
         bool windowManager = true;
         Manager manager = Manager::openbox;
         bool compositor = false;
@@ -50,7 +49,7 @@ public:
         /// Whether the apps installed on this computer are there besides the home's own.
         bool installedApps = false;
         /// Pixels per point of monitors where it is not 1.
-        std::map<std::string, double> scales{}; // NOLINT(readability-redundant-member-init)
+        std::map<std::string, double> scales{};
         /// The X screen, which holds all monitors that a test will attach.
         int width = 4096;
         int height = 2304;
@@ -69,6 +68,9 @@ public:
 
     /// For programs of this desktop; tests may add to it before they start one.
     [[nodiscard]] Environment& environment() noexcept { return environment_; }
+
+    /// The X server's process.
+    [[nodiscard]] pid_t server() const { return server_.pid(); }
 
     /// Ends the X server under everybody's feet; nothing can be asked of the desktop afterwards.
     void stopServer() { server_.stop(); }
