@@ -1,5 +1,7 @@
 /// Measures the program as it runs: how fast its docks come up on two displays, what memory it
 /// takes, and whether it sleeps while nothing happens.
+#include "VirtualDesktop/ProcessFigures.hpp"
+#include "VirtualDesktop/Report.hpp"
 #include "VirtualDesktop/VirtualDesktop.hpp"
 #include "VirtualDesktop/Waiting.hpp"
 
@@ -8,11 +10,8 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
-#include <fstream>
-#include <iomanip>
 #include <iostream>
 #include <set>
-#include <sstream>
 #include <thread>
 
 namespace vireline::desktop {
@@ -113,52 +112,6 @@ std::vector<double> startTimes(VirtualDesktop& desktop) {
     return times;
 }
 
-/// A number of kilobytes from the kernel's sum over all of a process's mappings.
-long kilobytes(pid_t pid, std::string_view key) {
-    std::ifstream file{"/proc/" + std::to_string(pid) + "/smaps_rollup"};
-    for (std::string line; std::getline(file, line);) {
-        if (line.starts_with(key))
-            return std::strtol(line.c_str() + key.size(), nullptr, 10);
-    }
-    throw std::runtime_error{"the kernel tells no memory of the program"};
-}
-
-/// All context switches of all threads so far.
-long contextSwitches(pid_t pid) {
-    long total = 0;
-    for (const auto& thread :
-         std::filesystem::directory_iterator{"/proc/" + std::to_string(pid) + "/task"}) {
-        std::ifstream file{thread.path() / "status"};
-        for (std::string line; std::getline(file, line);) {
-            if (const auto name = line.find("ctxt_switches:"); name != std::string::npos)
-                total += std::strtol(line.c_str() + name + 14, nullptr, 10);
-        }
-    }
-    return total;
-}
-
-void report(const std::string& what, double value, const std::string& unit,
-            const std::string& promise) {
-    std::cout << std::left << std::setw(44) << what << std::right << std::setw(9) << std::fixed
-              << std::setprecision(1) << value << ' ' << std::left << std::setw(9) << unit
-              << promise << '\n';
-}
-
-/// Until the program has not run for two seconds: it may still be drawing what came last.
-void waitForRest(pid_t pid) {
-    using namespace std::chrono_literals;
-    long before = -1;
-    if (!eventually([&] {
-            const long now = contextSwitches(pid);
-            const bool isAtRest = now == before;
-            before = now;
-            if (!isAtRest)
-                std::this_thread::sleep_for(2s);
-            return isAtRest;
-        }))
-        std::cout << "the program does not come to rest\n";
-}
-
 void measure() {
     const auto desktop = makeDesktop();
     const auto times = startTimes(*desktop);
@@ -167,7 +120,9 @@ void measure() {
     report("start to the last of two docks, worst", times.back(), "ms", "");
 
     const pid_t pid = desktop->vireline().pid();
-    waitForRest(pid);
+    // It may still be drawing what came last.
+    if (!comesToRest(pid, std::chrono::seconds{2}))
+        std::cout << "the program does not come to rest\n";
     constexpr double perMegabyte = 1024;
     report("PSS, 12 tiles on two displays",
            static_cast<double>(kilobytes(pid, "Pss:")) / perMegabyte, "MB", "<= 30");

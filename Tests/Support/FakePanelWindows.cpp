@@ -27,10 +27,8 @@ void FakePanel::dismissMenu() {
 }
 
 void FakePanel::nextFrame() {
-    const auto request = frameRequest_.lock();
-    frameRequest_.reset();
-    if (request)
-        (*request)();
+    if (isAlive() && std::exchange(isFrameRequested_, false))
+        listener_->frameDue();
 }
 
 FakePanelWindow::~FakePanelWindow() {
@@ -54,12 +52,6 @@ void FakePanelWindow::present(const Scene& scene) {
 void FakePanelWindow::orderFrontRegardless() {
     panel_->isVisible = true;
     ++panel_->timesOrderedFront;
-}
-
-Timer FakePanelWindow::requestFrame(std::function<void()> onFrame) {
-    auto request = std::make_shared<std::function<void()>>(std::move(onFrame));
-    panel_->frameRequest_ = request;
-    return Timer{std::move(request)};
 }
 
 void FakePanelWindow::popUpMenu(const Menu& menu, Point at, MenuClosed onClose) {

@@ -62,7 +62,7 @@ public:
 
     /// Lets the display show its next frame, if one was asked for.
     void nextFrame();
-    [[nodiscard]] bool isFrameRequested() const noexcept { return !frameRequest_.expired(); }
+    [[nodiscard]] bool isFrameRequested() const noexcept { return isFrameRequested_; }
 
     std::uint32_t displayID;
     /// Where it is now, where it was asked to go since its making.
@@ -82,7 +82,7 @@ private:
     /// Null once the window is gone.
     PanelWindowListener* listener_;
     bool isMenuOpen_ = false;
-    std::weak_ptr<std::function<void()>> frameRequest_;
+    bool isFrameRequested_ = false;
 };
 
 class FakePanelWindow final : public PanelWindow {
@@ -99,7 +99,7 @@ public:
     void present(const Scene& scene) override;
     void orderFrontRegardless() override;
     void orderOut() override { panel_->isVisible = false; }
-    [[nodiscard]] Timer requestFrame(std::function<void()> onFrame) override;
+    void requestFrame() override { panel_->isFrameRequested_ = true; }
     void watchForCancel(bool watches) override { panel_->watchesForCancel = watches; }
     void popUpMenu(const Menu& menu, Point at, MenuClosed onClose) override;
 

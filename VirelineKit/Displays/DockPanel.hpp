@@ -40,6 +40,7 @@ public:
 private:
     void mouseEntered() override;
     void mouseExited() override;
+    void frameDue() override { showFrame(); }
     void pointerEvent(const PointerEvent& event) override;
     void dragEntered(const std::vector<std::string>& urls) override;
     bool dragMoved(Point at) override;
@@ -67,7 +68,7 @@ private:
     Timer collapseTimer_;
     /// What holds an auto-hiding panel open.
     bool isPointerOver_ = false;
-    bool isMenuOpen_ = false;
+    int openMenus_ = 0;
     bool isTileDragged_ = false;
     bool isDragOver_ = false;
 
@@ -76,8 +77,6 @@ private:
     Animator animator_;
     std::unique_ptr<PanelWindow> window_;
     bool sceneIsStale_ = true;
-    /// The frame that was asked for, if any.
-    Timer nextFrame_;
     Lifetime lifetime_;
 };
 

@@ -30,6 +30,9 @@ public:
     virtual void mouseEntered() = 0;
     virtual void mouseExited() = 0;
 
+    /// The frame that was asked for is due: what changed until now can be presented.
+    virtual void frameDue() = 0;
+
     /// A pointer event over the hosted view, in the view's coordinates. Between a press and its
     /// release the positions may lie outside the view.
     virtual void pointerEvent(const PointerEvent& event) = 0;
@@ -59,10 +62,10 @@ public:
     /// animated here.
     virtual void present(const Scene& scene) = 0;
 
-    /// Calls `onFrame` once, when the display is ready for the next frame: at once after a while
-    /// without any, else in step with the display's refresh. Asking again before it came replaces
-    /// the callback. Dropping the timer cancels it.
-    [[nodiscard]] virtual Timer requestFrame(std::function<void()> onFrame) = 0;
+    /// Has the listener told once when the display is ready for the next frame: at once after a
+    /// while without any, else in step with the display's refresh. Asking again before that changes
+    /// nothing.
+    virtual void requestFrame() = 0;
 
     /// While on, the Escape key and the loss of the pointer end a drag with a `cancelled` event.
     virtual void watchForCancel(bool watches) = 0;

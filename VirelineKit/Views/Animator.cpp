@@ -89,12 +89,12 @@ Animator::Actor* Animator::take(const NodeID& id, std::size_t& hint) {
     return nullptr;
 }
 
-void Animator::keepLeaving(std::vector<Actor>& next, double now) {
+void Animator::keepLeaving(double now) {
     for (std::size_t i = 0; i < actors_.size(); ++i) {
         if (actors_[i].isTaken || !leave(actors_[i], now))
             continue;
-        const auto place = static_cast<std::ptrdiff_t>(std::min(i, next.size()));
-        next.insert(next.begin() + place, std::move(actors_[i]));
+        const auto place = static_cast<std::ptrdiff_t>(std::min(i, next_.size()));
+        next_.insert(next_.begin() + place, std::move(actors_[i]));
     }
 }
 
@@ -102,22 +102,21 @@ void Animator::setTarget(const Scene& scene, double now, bool reducesMotion) {
     const bool atOnce = std::exchange(isFirst_, false) || reducesMotion;
     if (atOnce)
         actors_.clear();
-    std::vector<Actor> next;
-    next.reserve(scene.nodes.size() + 4);
     std::size_t hint = 0;
     for (const SceneNode& node : scene.nodes) {
         if (atOnce) {
-            next.push_back({.target = node, .tracks = {}});
+            next_.push_back({.target = node, .tracks = {}});
         } else if (Actor* const known = take(node.id, hint)) {
             retarget(*known, node, now);
-            next.push_back(std::move(*known));
+            next_.push_back(std::move(*known));
             known->isTaken = true;
         } else {
-            next.push_back(entering(node, now));
+            next_.push_back(entering(node, now));
         }
     }
-    keepLeaving(next, now);
-    actors_ = std::move(next);
+    keepLeaving(now);
+    std::swap(actors_, next_);
+    next_.clear();
     inputRegion_ = scene.inputRegion;
 }
 

@@ -57,10 +57,12 @@ private:
     [[nodiscard]] static Actor entering(const SceneNode& target, double now);
     static bool leave(Actor& actor, double now);
     [[nodiscard]] Actor* take(const NodeID& id, std::size_t& hint);
-    void keepLeaving(std::vector<Actor>& next, double now);
+    void keepLeaving(double now);
 
     /// In the order of painting.
     std::vector<Actor> actors_;
+    /// Where those of the next scene gather; kept to spare an allocation each time.
+    std::vector<Actor> next_;
     std::optional<Rect> inputRegion_;
     bool isFirst_ = true;
     Scene frame_;

@@ -55,12 +55,18 @@ Motion tileMotion(const DockLook& look, const TileLook& tile) {
     return motion;
 }
 
+ImageNode imageOf(const TileLook& tile, const StripFrames& frames) {
+    return {.image = tile.image,
+            .restingSide = frames.iconSize,
+            .largestSide = std::max(frames.magnifiedIconSize, frames.iconSize * dropTargetScale)};
+}
+
 void addTile(std::vector<SceneNode>& nodes, const DockLook& look, std::size_t index) {
     const TileLook& tile = look.tiles[index];
     const TileFrames& frames = look.frames.tiles[index];
     SceneNode node{.id = {NodeID::Part::icon, tile.serial},
                    .frame = frames.icon,
-                   .content = ImageNode{tile.image}};
+                   .content = imageOf(tile, look.frames)};
     node.scale = scaleOf(tile);
     node.anchor = frames.icon.united(frames.dot).center();
     node.slide = look.edge.vector(tile.slide, 0);

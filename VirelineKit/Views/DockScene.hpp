@@ -29,7 +29,7 @@ struct TileLook {
 
 struct DockLook {
     Edge edge;
-    StripFrames frames;
+    const StripFrames& frames;
     /// One for each of the frames' tiles.
     std::vector<TileLook> tiles;
     /// The label's text while there is one.

@@ -26,6 +26,10 @@ struct GlassNode {
 /// An image, drawn into the node's frame.
 struct ImageNode {
     ImageHandle image;
+    /// The side of its frame where nothing has grown or shrunk, and where it is drawn sharp.
+    double restingSide = 0;
+    /// The side that it can grow to, as far as is known beforehand.
+    double largestSide = 0;
 
     bool operator==(const ImageNode&) const = default;
 };

@@ -65,8 +65,8 @@ AxisLayout axisLayout(const Request& request) {
         const double length = size * scales[i];
         axis.tiles.push_back({packed[i] - length / 2, length});
     }
-    const auto firstUtility =
-        static_cast<std::size_t>(request.pinnedCount + request.unpinnedRunningCount);
+    const auto firstUtility = static_cast<std::size_t>(request.pinnedCount) +
+                              static_cast<std::size_t>(request.unpinnedRunningCount);
     if (!request.hasTrash)
         leaveOut(axis, firstUtility + 1);
     if (!request.hasDownloads)
@@ -107,6 +107,8 @@ StripFrames layout(const Request& request) {
     const double thickness = request.iconSize + stripHeightPadding;
 
     StripFrames frames;
+    frames.iconSize = request.iconSize;
+    frames.magnifiedIconSize = request.iconSize * std::max(request.magnification, 1.0);
     frames.glass = edge.rect(axis.shift, axis.length, 0, thickness);
     const double lengthAtRest = DockOrdering::stripWidth(request.counts(), request.iconSize);
     frames.glassAtRest = edge.rect((edge.length() - lengthAtRest) / 2, lengthAtRest, 0, thickness);

@@ -28,6 +28,10 @@ struct StripFrames {
     Rect glassAtRest;
     /// Pinned, running, then the utility tiles that there are.
     std::vector<TileFrames> tiles;
+    /// The side of an icon that has not grown.
+    double iconSize = 0;
+    /// The side of the one under the pointer.
+    double magnifiedIconSize = 0;
     /// One before the running group, if it holds anything, and one before the utility group.
     std::vector<Rect> separators;
     /// The room above a bottom strip at its greatest growth; meaningless for the sides, which show

@@ -12,6 +12,7 @@ packages_build=(
     libxcb-randr0-dev
     libxcb-res0-dev
     libxcb-shape0-dev
+    libxcb-shm0-dev
     libxcb-xfixes0-dev
     libxcb-xinput-dev
     libxcb1-dev
@@ -42,6 +43,7 @@ packages_desktop=(
     openbox
     picom
     tint2
+    xfwm4
     xvfb
 )
 

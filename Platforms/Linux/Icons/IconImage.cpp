@@ -1,6 +1,7 @@
 #include "Icons/IconImage.hpp"
 
 #include <algorithm>
+#include <cmath>
 
 namespace vireline::x11 {
 
@@ -17,15 +18,12 @@ QImage IconImage::exact(int side) const {
     return kept_.back();
 }
 
-/// Powers of two: the picture that is drawn is then always more than half of the one it comes from,
-/// where sampling two by two pixels loses nothing.
-QImage IconImage::forScaling(double side) const {
-    constexpr int smallest = 32;
-    int step = smallest;
-    while (step < side && step < maximumSide) {
-        step *= 2;
-    }
-    return exact(step);
+/// The picture of the largest is sharp when the icon gets there.
+QImage IconImage::forScaling(double side, double largest) const {
+    int pictureSide = static_cast<int>(std::ceil(largest));
+    while (pictureSide > 2 * side)
+        pictureSide = (pictureSide + 1) / 2;
+    return exact(pictureSide);
 }
 
 }

@@ -16,7 +16,7 @@ public:
     IconImage(Size size, Render render) : RasterImage(size), render_(std::move(render)) {}
 
     [[nodiscard]] QImage exact(int side) const override;
-    [[nodiscard]] QImage forScaling(double side) const override;
+    [[nodiscard]] QImage forScaling(double side, double largest) const override;
 
 private:
     /// Displays of two scales at rest and magnified, and one on its way out.

@@ -1,5 +1,8 @@
 #include "Panels/DockColors.hpp"
 
+#include <algorithm>
+#include <cmath>
+
 namespace vireline::x11 {
 namespace {
 
@@ -58,6 +61,28 @@ DockColors dark(const Cover& cover) {
     };
 }
 
+/// How thick a fine line is: one pixel on ordinary screens and on those of double density.
+double hairline(double scale) {
+    return std::max(1.0, std::floor(scale / 2));
+}
+
+}
+
+GlassLook DockColors::glass(double radius, double scale) const {
+    return {.radius = radius,
+            .line = hairline(scale),
+            .top = glassTop,
+            .bottom = glassBottom,
+            .outline = outline,
+            .highlightTop = highlightTop,
+            .highlightBottom = highlightBottom};
+}
+
+GlassLook DockColors::label(double radius, double scale) const {
+    GlassLook look = glass(radius, scale);
+    look.top = labelGlass;
+    look.bottom = labelGlass;
+    return look;
 }
 
 DockColors DockColors::of(bool isDark, Backdrop backdrop) {

@@ -1,6 +1,8 @@
 /// The colours of a dock: light or dark, over a blurred background, a plain one, or none at all.
 #pragma once
 
+#include "Panels/Glass.hpp"
+
 #include <QColor>
 
 namespace vireline::x11 {
@@ -28,6 +30,11 @@ struct DockColors {
     QColor handle;
 
     bool operator==(const DockColors&) const = default;
+
+    /// The strip's glass; `radius` in pixels, at that many pixels a point.
+    [[nodiscard]] GlassLook glass(double radius, double scale) const;
+    /// A label's.
+    [[nodiscard]] GlassLook label(double radius, double scale) const;
 
     [[nodiscard]] static DockColors of(bool isDark, Backdrop backdrop);
 };

@@ -2,18 +2,18 @@
 /// display's refresh. Without a request nothing wakes up.
 #pragma once
 
-#include "Foundation/ScopedHandle.hpp"
-
-#include <QElapsedTimer>
 #include <QTimer>
+#include <chrono>
 #include <functional>
-#include <memory>
 
 namespace vireline::x11 {
 
 class FrameClock {
 public:
-    FrameClock();
+    using Duration = std::chrono::steady_clock::duration;
+
+    /// Calls `onFrame` for each frame that was asked for.
+    explicit FrameClock(std::function<void()> onFrame);
     FrameClock(const FrameClock&) = delete;
     FrameClock& operator=(const FrameClock&) = delete;
     FrameClock(FrameClock&&) = delete;
@@ -23,16 +23,17 @@ public:
     /// Frames a second, as the display says; what no display can mean counts as 60.
     void setRefreshRate(double rate);
 
-    /// Calls `onFrame` once. A request before that replaces this one; dropping the handle ends it.
-    [[nodiscard]] Timer request(std::function<void()> onFrame);
+    /// Asks for one frame. Asking again before it came changes nothing.
+    void request();
 
 private:
-    void fire();
+    using Clock = std::chrono::steady_clock;
 
+    std::function<void()> onFrame_;
     QTimer timer_;
-    QElapsedTimer sinceLastFrame_;
-    qint64 intervalMicroseconds_;
-    std::weak_ptr<std::function<void()>> request_;
+    Duration interval_;
+    /// When the last frame was due, whether or not it came in time.
+    Clock::time_point lastDue_;
 };
 
 }

@@ -1,21 +1,26 @@
 #include "Panels/PanelSurface.hpp"
 
 #include "Panels/OpaqueOutline.hpp"
+#include "X11/DrawingConnection.hpp"
 #include "X11/X11Connection.hpp"
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 
 namespace vireline::x11 {
 
-PanelSurface::PanelSurface(const X11Connection& connection, xcb_window_t window)
-    : connection_(connection), window_(window), context_(xcb_generate_id(connection.get())) {
+PanelSurface::PanelSurface(const X11Connection& connection, const DrawingConnection& drawing,
+                           xcb_window_t window)
+    : connection_(drawing), window_(window), context_(xcb_generate_id(drawing.get())) {
+    // Asked where the window was made, so that it exists when the drawing begins.
     const Owned<xcb_get_geometry_reply_t> geometry{xcb_get_geometry_reply(
         connection.get(), xcb_get_geometry(connection.get(), window), nullptr)};
     if (geometry)
         depth_ = geometry->depth;
+    canShare_ = depth_ >= 24;
     constexpr std::uint32_t noExposures = 0;
-    xcb_create_gc(connection.get(), context_, window, XCB_GC_GRAPHICS_EXPOSURES, &noExposures);
+    xcb_create_gc(drawing.get(), context_, window, XCB_GC_GRAPHICS_EXPOSURES, &noExposures);
 }
 
 PanelSurface::~PanelSurface() {
@@ -25,8 +30,24 @@ PanelSurface::~PanelSurface() {
 void PanelSurface::resize(QSize pixels) {
     if (image_.size() == pixels)
         return;
-    image_ = QImage{pixels, QImage::Format_ARGB32_Premultiplied};
-    image_.fill(Qt::transparent);
+    image_ = {};
+    const auto bytes = static_cast<std::size_t>(pixels.width()) *
+                       static_cast<std::size_t>(pixels.height()) * sizeof(std::uint32_t);
+    if (canShare_ && (!memory_ || memory_->bytes().size() < bytes)) {
+        memory_ = SharedMemory::make(connection_, bytes);
+        canShare_ = memory_ != nullptr;
+        mayBeRead_ = false;
+    }
+    image_ = memory_ ? QImage{reinterpret_cast<uchar*>(memory_->bytes().data()), pixels.width(),
+                              pixels.height(), QImage::Format_ARGB32_Premultiplied}
+                     : QImage{pixels, QImage::Format_ARGB32_Premultiplied};
+    canvas().fill(Qt::transparent);
+}
+
+QImage& PanelSurface::canvas() {
+    if (std::exchange(mayBeRead_, false))
+        connection_.finish();
+    return image_;
 }
 
 void PanelSurface::beginBackground(std::optional<std::uint32_t> base) {
@@ -39,23 +60,46 @@ void PanelSurface::beginBackground(std::optional<std::uint32_t> base) {
     uploadRect(pixmap, image_.rect(), base);
     xcb_change_window_attributes(connection_.get(), window_, XCB_CW_BACK_PIXMAP, &pixmap);
     xcb_free_pixmap(connection_.get(), pixmap);
+    connection_.finish();
 }
 
 void PanelSurface::endBackground() {
     constexpr std::uint32_t none = XCB_BACK_PIXMAP_NONE;
     xcb_change_window_attributes(connection_.get(), window_, XCB_CW_BACK_PIXMAP, &none);
+    connection_.flush();
 }
 
-void PanelSurface::upload(const QRegion& region, std::optional<std::uint32_t> base) {
-    for (const QRect& rect : region& image_.rect()) {
-        uploadRect(window_, rect, base);
+void PanelSurface::upload(const Damage& damage, std::optional<std::uint32_t> base) {
+    for (const QRect& rect : damage.rects()) {
+        if (const QRect part = rect & area(); !part.isEmpty())
+            uploadRect(window_, part, base);
     }
     connection_.flush();
 }
 
-/// In bands, since a request can hold only so much.
+/// The pixels that lie over an opaque colour exist only on their way.
 void PanelSurface::uploadRect(xcb_drawable_t to, const QRect& rect,
                               std::optional<std::uint32_t> base) {
+    if (memory_ && !base) {
+        share(to, rect);
+    } else {
+        sendInBands(to, rect, base);
+    }
+}
+
+void PanelSurface::share(xcb_drawable_t to, const QRect& rect) {
+    const auto number = [](int value) { return static_cast<std::uint16_t>(value); };
+    xcb_shm_put_image(connection_.get(), to, context_, number(image_.width()),
+                      number(image_.height()), number(rect.x()), number(rect.y()),
+                      number(rect.width()), number(rect.height()),
+                      static_cast<std::int16_t>(rect.x()), static_cast<std::int16_t>(rect.y()),
+                      depth_, XCB_IMAGE_FORMAT_Z_PIXMAP, 0, memory_->segment(), 0);
+    mayBeRead_ = true;
+}
+
+/// In bands, since a request can hold only so much.
+void PanelSurface::sendInBands(xcb_drawable_t to, const QRect& rect,
+                               std::optional<std::uint32_t> base) {
     constexpr std::size_t headerBytes = 64;
     const std::size_t room =
         std::size_t{xcb_get_maximum_request_length(connection_.get())} * 4 - headerBytes;

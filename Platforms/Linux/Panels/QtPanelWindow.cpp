@@ -4,17 +4,13 @@
 #include "Panels/Appearance.hpp"
 #include "Panels/DesktopWatch.hpp"
 #include "Panels/DockHints.hpp"
-#include "Panels/OpaqueOutline.hpp"
-#include "Panels/SceneDamage.hpp"
-#include "Panels/ScenePainter.hpp"
+#include "Panels/PointerQuery.hpp"
 #include "X11/X11Connection.hpp"
 
 #include <QEnterEvent>
 #include <QGuiApplication>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QPlatformSurfaceEvent>
-#include <QPolygon>
 #include <QScreen>
 #include <cmath>
 #include <utility>
@@ -24,11 +20,6 @@ namespace {
 
 /// Milliseconds between two looks at a pointer that somebody else holds.
 constexpr int doubtInterval = 250;
-
-xcb_rectangle_t xcbRectangle(const QRect& rect) {
-    return {static_cast<std::int16_t>(rect.x()), static_cast<std::int16_t>(rect.y()),
-            static_cast<std::uint16_t>(rect.width()), static_cast<std::uint16_t>(rect.height())};
-}
 
 /// Qt's coordinates of a pixel: a screen's corner keeps its place in pixels, inside it they scale.
 QPoint qtPosition(const QScreen& screen, const Display& display, QPointF rootPixel) {
@@ -42,10 +33,12 @@ QtPanelWindow::QtPanelWindow(const PanelContext& context, std::uint32_t displayI
                              const Rect& frame, PanelWindowListener& listener)
     : context_(context)
     , displayID_(displayID)
+    , listener_(listener)
     , pointer_(listener)
     , display_(context.screens.display(displayID).value_or(Display{}))
     , frame_(frame)
-    , hostedFrame_{0, 0, frame.width, frame.height} {
+    , hostedFrame_{0, 0, frame.width, frame.height}
+    , frames_(lifetime_.guard([this] { showFrame(); })) {
     setFlags(Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::WindowStaysOnTopHint);
     QSurfaceFormat format;
     format.setAlphaBufferSize(8);
@@ -96,8 +89,11 @@ void QtPanelWindow::setHostedFrame(const Rect& frame) {
 }
 
 void QtPanelWindow::present(const Scene& scene) {
-    damage_ += SceneDamage::between(scene_, scene, mapping_);
-    scene_ = scene;
+    if (picture_) {
+        picture_->setScene(scene);
+    } else {
+        scene_ = scene;
+    }
     updateSoon();
 }
 
@@ -109,9 +105,7 @@ void QtPanelWindow::orderFrontRegardless() {
     if (isVisible())
         return raise();
     DockHints::apply(context_.connection, window_, displayID_);
-    paint();
-    surface_->beginBackground(base());
-    hasBackground_ = true;
+    picture_->prepareToAppear();
     setVisible(true);
     DockHints::applySizeHints(context_.connection, window_);
     place_->set(target_);
@@ -121,6 +115,10 @@ void QtPanelWindow::orderFrontRegardless() {
 void QtPanelWindow::orderOut() {
     menu_.reset();
     setVisible(false);
+    if (drops_)
+        drops_->leave();
+    if (sampler_)
+        sampler_->stop();
     pointer_.hidden();
     doubt_.stop();
 }
@@ -137,7 +135,8 @@ void QtPanelWindow::displaysChanged() {
 }
 
 void QtPanelWindow::lookChanged() {
-    damage_ = QRect{0, 0, target_.width, target_.height};
+    if (picture_)
+        picture_->lookChanged();
     updateSoon();
 }
 
@@ -153,11 +152,8 @@ void QtPanelWindow::handleNative(const xcb_generic_event_t& event) {
     switch (event.response_type & ~sentFlag) {
     case XCB_EXPOSE: {
         const auto& exposed = reinterpret_cast<const xcb_expose_event_t&>(event);
-        if (exposed.window != window_)
-            break;
-        upload(QRect{exposed.x, exposed.y, exposed.width, exposed.height});
-        if (surface_ && std::exchange(hasBackground_, false))
-            surface_->endBackground();
+        if (exposed.window == window_ && picture_ && isVisible())
+            picture_->exposed({exposed.x, exposed.y, exposed.width, exposed.height});
         break;
     }
     case XCB_CONFIGURE_NOTIFY: {
@@ -178,15 +174,19 @@ bool QtPanelWindow::event(QEvent* event) {
             QPlatformSurfaceEvent::SurfaceCreated) {
             surfaceCreated();
         } else {
+            drops_.reset();
             place_.reset();
-            shape_.reset();
-            surface_.reset();
+            if (picture_)
+                scene_ = picture_->scene();
+            picture_.reset();
+            sampler_.reset();
             window_ = XCB_NONE;
         }
         break;
     case QEvent::Enter: {
         const QPointF position = static_cast<QEnterEvent*>(event)->position();
-        pointer_.entered(viewPosition(position));
+        const auto place = PointerQuery::place(context_.connection, window_);
+        pointer_.entered(viewPosition(position), place && place->isAnyHeld);
         break;
     }
     case QEvent::Leave:
@@ -202,8 +202,23 @@ bool QtPanelWindow::event(QEvent* event) {
     return QWindow::event(event);
 }
 
+/// Of what the server sends to this window, before Qt sees it.
+bool QtPanelWindow::nativeEvent(const QByteArray& type, void* message, qintptr* /*result*/) {
+    if (type != "xcb_generic_event_t" || !drops_)
+        return false;
+    const auto& event = *static_cast<const xcb_generic_event_t*>(message);
+    return (event.response_type & 0x7fU) == XCB_CLIENT_MESSAGE &&
+           drops_->handle(reinterpret_cast<const xcb_client_message_event_t&>(event));
+}
+
 void QtPanelWindow::mouseMoveEvent(QMouseEvent* event) {
+    if (sampler_ && sampler_->isSampling())
+        return;
     pointer_.moved(viewPosition(event->position()));
+    if (sampler_) {
+        sampler_->start();
+        requestTick();
+    }
 }
 
 void QtPanelWindow::mousePressEvent(QMouseEvent* event) {
@@ -219,7 +234,8 @@ void QtPanelWindow::mousePressEvent(QMouseEvent* event) {
 
 void QtPanelWindow::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton)
-        pointer_.released(viewPosition(event->position()), takesPointer(event->position()));
+        pointer_.released(viewPosition(event->position()),
+                          takesPointer(event->position() * devicePixelRatio()));
 }
 
 /// Keys arrive only while a drag holds the keyboard.
@@ -230,9 +246,14 @@ void QtPanelWindow::keyPressEvent(QKeyEvent* event) {
 
 void QtPanelWindow::surfaceCreated() {
     window_ = static_cast<xcb_window_t>(winId());
-    surface_ = std::make_unique<PanelSurface>(context_.connection, window_);
-    shape_ = std::make_unique<WindowShape>(context_.connection, window_);
+    picture_ = std::make_unique<PanelPicture>(context_, window_);
+    picture_->setScene(scene_);
+    sampler_ = std::make_unique<PointerSampler>(context_, window_);
     place_ = std::make_unique<WindowPlace>(context_.connection, window_, displayID_);
+    drops_ =
+        std::make_unique<XdndTarget>(context_.connection, window_, listener_, [this](int x, int y) {
+            return mapping_.toView(QPointF(x, y) - QPointF(target_.x, target_.y));
+        });
     context_.connection.selectInput(window_,
                                     XCB_EVENT_MASK_EXPOSURE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     DockHints::apply(context_.connection, window_, displayID_);
@@ -241,154 +262,77 @@ void QtPanelWindow::surfaceCreated() {
 
 /// Everything that changes within one turn of the loop is shown at once.
 void QtPanelWindow::updateSoon() {
-    if (std::exchange(updateIsDue_, true))
+    if (std::exchange(updateIsDue_, true) || isInFrame_)
         return;
     QMetaObject::invokeMethod(this, lifetime_.guard([this] { update(); }), Qt::QueuedConnection);
 }
 
 void QtPanelWindow::update() {
-    updateIsDue_ = false;
-    if (!surface_)
+    if (!std::exchange(updateIsDue_, false) || !picture_)
         return;
     relayout();
     if (place_->asked() != target_)
         place_->set(target_);
-    paint();
+    picture_->update(isVisible());
+    context_.connection.flush();
+}
+
+/// What is presented for a frame is shown in that frame.
+void QtPanelWindow::showFrame() {
+    samplePointer();
+    if (std::exchange(isFrameAsked_, false)) {
+        isInFrame_ = true;
+        listener_.frameDue();
+        isInFrame_ = false;
+    }
+    update();
+    if (sampler_ && sampler_->isSampling())
+        requestTick();
+}
+
+void QtPanelWindow::samplePointer() {
+    if (!sampler_ || !sampler_->isSampling())
+        return;
+    const auto pixel = sampler_->sample();
+    picture_->serverHasCaughtUp();
+    if (pixel)
+        pointer_.moved(mapping_.toView(*pixel));
 }
 
 void QtPanelWindow::relayout() {
     target_ = DisplayGeometry::toPixels(display_, frame_);
     const PixelRect view = DisplayGeometry::viewPixels(display_, frame_, hostedFrame_);
-    const ViewMapping mapping{{view.x, view.y}, display_.scale};
-    if (mapping == mapping_)
-        return;
-    mapping_ = mapping;
-    damage_ = QRect{0, 0, target_.width, target_.height};
-}
-
-void QtPanelWindow::paint() {
-    if (target_.width != surface_->image().width() || target_.height != surface_->image().height())
-        damage_ = QRect{0, 0, target_.width, target_.height};
-    applyInput();
-    if (damage_.isEmpty())
-        return;
-    surface_->resize({target_.width, target_.height});
-    const QRegion damage = std::exchange(damage_, {}) & QRect{0, 0, target_.width, target_.height};
-    QPainter painter{&surface_->image()};
-    painter.setClipRegion(damage);
-    painter.setCompositionMode(QPainter::CompositionMode_Source);
-    painter.fillRect(damage.boundingRect(), Qt::transparent);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-    if (backdrop() == Backdrop::opaque) {
-        for (const QRect& rect : uncoveredByView()) {
-            painter.fillRect(rect, colors().glassBottom);
-        }
-    }
-    ScenePainter::paint(painter, scene_, mapping_, colors(), damage.boundingRect());
-    painter.end();
-    applyBackdrop();
-    upload(damage);
-}
-
-void QtPanelWindow::upload(const QRegion& region) {
-    if (!surface_ || !isVisible())
-        return;
-    surface_->upload(region, base());
-}
-
-std::optional<std::uint32_t> QtPanelWindow::base() const {
-    return backdrop() == Backdrop::opaque ? std::optional{colors().labelGlass.rgba()}
-                                          : std::nullopt;
-}
-
-void QtPanelWindow::applyInput() {
-    std::optional<PixelRect> region;
-    if (scene_.inputRegion) {
-        const QRect pixels = mapping_.pixels(*scene_.inputRegion).toAlignedRect() &
-                             QRect{0, 0, target_.width, target_.height};
-        region = PixelRect{pixels.x(), pixels.y(), pixels.width(), pixels.height()};
-    }
-    shape_->setInput(region);
-    context_.connection.flush();
-}
-
-void QtPanelWindow::applyBackdrop() {
-    const Backdrop kind = backdrop();
-    shape_->setBounding(kind == Backdrop::opaque
-                            ? std::optional{OpaqueOutline::rectangles(surface_->image())}
-                            : std::nullopt);
-    shape_->setBlurred(kind == Backdrop::blurred ? blurRegion() : std::vector<xcb_rectangle_t>{});
-}
-
-Backdrop QtPanelWindow::backdrop() const {
-    const DesktopOffer& offer = context_.desktop.offer();
-    if (!offer.isComposited || !surface_->hasAlpha())
-        return Backdrop::opaque;
-    return offer.blursBehind ? Backdrop::blurred : Backdrop::translucent;
-}
-
-DockColors QtPanelWindow::colors() const {
-    return DockColors::of(context_.appearance.isDark(), backdrop());
-}
-
-/// What a dock that takes the whole window has besides its view: the gap to the display's edge. In
-/// an opaque window only what is painted takes the pointer, and it must not get lost there.
-QRegion QtPanelWindow::uncoveredByView() const {
-    if (scene_.inputRegion)
-        return {};
-    const QRect view =
-        ViewMappings::snapped(mapping_.pixels({0, 0, hostedFrame_.width, hostedFrame_.height}));
-    return QRegion{0, 0, target_.width, target_.height} - view;
-}
-
-std::vector<xcb_rectangle_t> QtPanelWindow::blurRegion() const {
-    QRegion region;
-    for (const QPainterPath& outline : ScenePainter::glassOutlines(scene_, mapping_)) {
-        region += QRegion{outline.toFillPolygon().toPolygon()};
-    }
-    std::vector<xcb_rectangle_t> rectangles;
-    for (const QRect& rect : region) {
-        rectangles.push_back(xcbRectangle(rect));
-    }
-    return rectangles;
+    mapping_ = {{view.x, view.y}, display_.scale};
+    if (picture_)
+        picture_->setLayout({{target_.width, target_.height}, mapping_, hostedFrame_.size()});
 }
 
 Point QtPanelWindow::viewPosition(QPointF position) const {
     return mapping_.toView(position * devicePixelRatio());
 }
 
-bool QtPanelWindow::takesPointer(QPointF position) const {
-    const QPointF pixel = position * devicePixelRatio();
+bool QtPanelWindow::takesPointer(QPointF pixel) const {
     const int x = static_cast<int>(std::floor(pixel.x()));
     const int y = static_cast<int>(std::floor(pixel.y()));
-    return PixelRect{0, 0, target_.width, target_.height}.contains(x, y) &&
-           (!shape_ || shape_->takesPointer(x, y));
+    return picture_ && picture_->takesPointer(x, y);
 }
 
 PointerTracker::Whereabouts QtPanelWindow::whereabouts() const {
     if (window_ == XCB_NONE)
         return {};
-    xcb_connection_t* const x = context_.connection.get();
-    const auto ownCookie = xcb_query_pointer(x, window_);
-    const auto rootCookie = xcb_query_pointer(x, context_.connection.root());
-    const auto treeCookie = xcb_query_tree(x, window_);
-    const Owned<xcb_query_pointer_reply_t> own{xcb_query_pointer_reply(x, ownCookie, nullptr)};
-    const Owned<xcb_query_pointer_reply_t> top{xcb_query_pointer_reply(x, rootCookie, nullptr)};
-    const Owned<xcb_query_tree_reply_t> tree{xcb_query_tree_reply(x, treeCookie, nullptr)};
-    if (!own || !top || !tree || own->same_screen == 0)
+    const auto place = PointerQuery::place(context_.connection, window_);
+    if (!place)
         return {};
-    // Another window may lie over this one there. A window manager that frames docks does so once.
-    const bool isTopmost = top->child == window_ || top->child == tree->parent;
-    const bool takes =
-        shape_ && shape_->takesPointer(own->win_x, own->win_y) &&
-        PixelRect{0, 0, target_.width, target_.height}.contains(own->win_x, own->win_y);
-    return {.isOverWindow = isTopmost && takes,
-            .isPrimaryHeld = (own->mask & XCB_BUTTON_MASK_1) != 0,
-            .position = mapping_.toView(QPointF(own->win_x, own->win_y))};
+    const QPointF pixel(place->x, place->y);
+    return {.isOverWindow = place->isUncovered && takesPointer(pixel),
+            .isPrimaryHeld = place->isPrimaryHeld,
+            .position = mapping_.toView(pixel)};
 }
 
 /// Also looked at again for as long as somebody else holds the pointer.
 void QtPanelWindow::pointerLeft() {
+    if (sampler_)
+        sampler_->stop();
     pointer_.left(whereabouts());
     if (pointer_.isInDoubt()) {
         doubt_.start();
@@ -397,10 +341,15 @@ void QtPanelWindow::pointerLeft() {
     }
 }
 
-Timer QtPanelWindow::requestFrame(std::function<void()> onFrame) {
-    if (const QScreen* const shownOn = context_.screens.qtScreen(displayID_))
+void QtPanelWindow::requestFrame() {
+    isFrameAsked_ = true;
+    requestTick();
+}
+
+void QtPanelWindow::requestTick() {
+    if (const QScreen* const shownOn = screen())
         frames_.setRefreshRate(shownOn->refreshRate());
-    return frames_.request(std::move(onFrame));
+    frames_.request();
 }
 
 void QtPanelWindow::watchForCancel(bool watches) {

@@ -5,17 +5,17 @@
 #include "Displays/DisplayGeometry.hpp"
 #include "Foundation/Lifetime.hpp"
 #include "Foundation/ScopedHandle.hpp"
-#include "Panels/DockColors.hpp"
+#include "Panels/Drops/XdndTarget.hpp"
 #include "Panels/FrameClock.hpp"
-#include "Panels/PanelSurface.hpp"
+#include "Panels/PanelContext.hpp"
+#include "Panels/PanelPicture.hpp"
+#include "Panels/PointerSampler.hpp"
 #include "Panels/PointerTracker.hpp"
 #include "Panels/PopUpMenu.hpp"
 #include "Panels/ViewMapping.hpp"
 #include "Panels/WindowPlace.hpp"
-#include "Panels/WindowShape.hpp"
 #include "Platform/PanelWindow.hpp"
 
-#include <QRegion>
 #include <QTimer>
 #include <QWindow>
 #include <cstdint>
@@ -25,19 +25,6 @@
 #include <vector>
 
 namespace vireline::x11 {
-
-class Appearance;
-class DesktopWatch;
-class RandrScreens;
-class X11Connection;
-
-/// What all docks share; outlives them.
-struct PanelContext {
-    X11Connection& connection;
-    RandrScreens& screens;
-    DesktopWatch& desktop;
-    Appearance& appearance;
-};
 
 class QtPanelWindow final : public QWindow, public PanelWindow {
 public:
@@ -54,12 +41,13 @@ public:
     void present(const Scene& scene) override;
     void orderFrontRegardless() override;
     void orderOut() override;
-    [[nodiscard]] Timer requestFrame(std::function<void()> onFrame) override;
+    void requestFrame() override;
     void watchForCancel(bool watches) override;
     void popUpMenu(const Menu& menu, Point at, MenuClosed onClose) override;
 
 private:
     bool event(QEvent* event) override;
+    bool nativeEvent(const QByteArray& type, void* message, qintptr* result) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -74,25 +62,19 @@ private:
     void updateSoon();
     void update();
     void relayout();
-    void paint();
-    void upload(const QRegion& region);
-    void applyInput();
-    void applyBackdrop();
+    void requestTick();
+    void showFrame();
+    void samplePointer();
 
-    [[nodiscard]] Backdrop backdrop() const;
-    [[nodiscard]] DockColors colors() const;
-    /// What translucent pixels are laid over where nothing shines through them.
-    [[nodiscard]] std::optional<std::uint32_t> base() const;
-    [[nodiscard]] QRegion uncoveredByView() const;
-    [[nodiscard]] std::vector<xcb_rectangle_t> blurRegion() const;
     [[nodiscard]] Point viewPosition(QPointF position) const;
-    [[nodiscard]] bool takesPointer(QPointF position) const;
+    [[nodiscard]] bool takesPointer(QPointF pixel) const;
     [[nodiscard]] PointerTracker::Whereabouts whereabouts() const;
     void pointerLeft();
     void menuClosed(std::optional<std::size_t> chosen, const MenuClosed& onClose);
 
     PanelContext context_;
     std::uint32_t displayID_;
+    PanelWindowListener& listener_;
     PointerTracker pointer_;
     Display display_;
     Rect frame_;
@@ -100,21 +82,22 @@ private:
     /// The window's place in the root window, as it should be.
     PixelRect target_;
     ViewMapping mapping_;
+    /// What to show once there is an X window.
     Scene scene_;
-    QRegion damage_;
     bool updateIsDue_ = false;
-    /// The server paints the window by itself until it is first shown.
-    bool hasBackground_ = false;
+    bool isFrameAsked_ = false;
+    bool isInFrame_ = false;
     /// The X window of the moment; Qt makes another one when it loses the screen.
     xcb_window_t window_ = XCB_NONE;
-    std::unique_ptr<PanelSurface> surface_;
-    std::unique_ptr<WindowShape> shape_;
+    std::unique_ptr<PanelPicture> picture_;
+    std::unique_ptr<PointerSampler> sampler_;
     std::unique_ptr<WindowPlace> place_;
+    std::unique_ptr<XdndTarget> drops_;
     QTimer doubt_;
-    FrameClock frames_;
     std::unique_ptr<PopUpMenu> menu_;
     std::vector<Subscription> subscriptions_;
     Lifetime lifetime_;
+    FrameClock frames_;
 };
 
 }

@@ -4,6 +4,7 @@
 #include "Panels/Appearance.hpp"
 #include "Panels/DesktopWatch.hpp"
 #include "Platform/PanelWindow.hpp"
+#include "X11/DrawingConnection.hpp"
 
 #include <string>
 
@@ -26,6 +27,7 @@ public:
 
 private:
     X11Connection& connection_;
+    DrawingConnection drawing_;
     RandrScreens& screens_;
     DesktopWatch desktop_;
     Appearance appearance_;

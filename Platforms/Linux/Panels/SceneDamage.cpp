@@ -1,42 +1,74 @@
 #include "Panels/SceneDamage.hpp"
 
 #include <algorithm>
-#include <span>
+#include <cmath>
+#include <optional>
 
 namespace vireline::x11::SceneDamage {
 namespace {
 
-using Nodes = std::span<const SceneNode>;
-
-/// The node of that identity, looked for at its old place first.
-const SceneNode* find(Nodes nodes, const SceneNode& node, std::size_t place) {
-    if (place < nodes.size() && nodes[place].id == node.id)
-        return &nodes[place];
-    const auto found = std::ranges::find(nodes, node.id, &SceneNode::id);
-    return found == nodes.end() ? nullptr : &*found;
+/// Where the node of that identity is, looked for at its old index first; nothing if nowhere.
+std::optional<std::size_t> find(const PlacedScene& scene, const NodeID& id, std::size_t index) {
+    if (index < scene.nodes.size() && scene.nodes[index].id == id)
+        return index;
+    const auto found = std::ranges::find(scene.nodes, id, &SceneNode::id);
+    if (found == scene.nodes.end())
+        return std::nullopt;
+    return static_cast<std::size_t>(found - scene.nodes.begin());
 }
 
-/// The pixels of all nodes that are not just the same among `others`. A node that is the same but
+/// What a glass shows besides its two ends is the same however long it is, as long as it keeps its
+/// height. Adds the end at the left and the one at the right.
+void addEnds(Damage& damage, const GlassNode& glass, const PlacedNode& place,
+             const PlacedNode& other) {
+    const QRect all = place.touched();
+    const QRect before = other.touched();
+    const int corner = static_cast<int>(std::ceil(glass.cornerRadius * place.scale)) + 1;
+    const int left = std::max(all.left(), before.left()) + corner;
+    const int right = std::min(all.right(), before.right()) - corner;
+    if (left >= right)
+        return damage.add(all);
+    damage.add(QRect{all.topLeft(), QPoint{left, all.bottom()}});
+    damage.add(QRect{QPoint{right, all.top()}, all.bottomRight()});
+}
+
+bool differsInLengthOnly(const PlacedNode& place, PlacedNode other) {
+    other.rect.setLeft(place.rect.left());
+    other.rect.setRight(place.rect.right());
+    return other == place;
+}
+
+/// What one node shows that it did not show where `before` was; nothing was it nowhere.
+void addChange(Damage& damage, const SceneNode& node, const PlacedNode& place,
+               const PlacedNode* before) {
+    if (place.alpha == 0 || (before != nullptr && *before == place))
+        return;
+    const auto* const glass = std::get_if<GlassNode>(&node.content);
+    if (glass != nullptr && before != nullptr && differsInLengthOnly(place, *before))
+        return addEnds(damage, *glass, place, *before);
+    damage.add(place.touched());
+}
+
+/// The pixels of all nodes that do not look just the same in the other scene. A node that does but
 /// comes in another order, before or behind one it overlaps, counts as different.
-void addChanged(QRegion& region, Nodes nodes, Nodes others, const ViewMapping& mapping) {
-    const SceneNode* latest = nullptr;
-    for (std::size_t i = 0; i < nodes.size(); ++i) {
-        const SceneNode* const other = find(others, nodes[i], i);
-        const bool isInOrder = other != nullptr && (latest == nullptr || latest < other);
-        if (!isInOrder || *other != nodes[i])
-            region += ViewMappings::touched(nodes[i], mapping);
+void addChanged(Damage& damage, const PlacedScene& scene, const PlacedScene& other) {
+    std::size_t next = 0;
+    for (std::size_t i = 0; i < scene.nodes.size(); ++i) {
+        const auto found = find(other, scene.nodes[i].id, i);
+        const bool isInOrder = found && *found >= next;
+        const bool isSame = isInOrder && other.nodes[*found].content == scene.nodes[i].content;
+        addChange(damage, scene.nodes[i], scene.places[i],
+                  isSame ? &other.places[*found] : nullptr);
         if (isInOrder)
-            latest = other;
+            next = *found + 1;
     }
 }
 
 }
 
-QRegion between(const Scene& before, const Scene& after, const ViewMapping& mapping) {
-    QRegion region;
-    addChanged(region, before.nodes, after.nodes, mapping);
-    addChanged(region, after.nodes, before.nodes, mapping);
-    return region;
+void add(Damage& damage, const PlacedScene& before, const PlacedScene& after) {
+    addChanged(damage, before, after);
+    addChanged(damage, after, before);
 }
 
 }

@@ -1,14 +1,25 @@
 /// Which pixels differ between two scenes.
 #pragma once
 
+#include "Panels/Damage.hpp"
 #include "Panels/ViewMapping.hpp"
 #include "Views/Scene.hpp"
 
-#include <QRegion>
+#include <span>
 
-namespace vireline::x11::SceneDamage {
+namespace vireline::x11 {
 
-/// What has to be painted again to get from one to the other; nothing for equal ones.
-[[nodiscard]] QRegion between(const Scene& before, const Scene& after, const ViewMapping& mapping);
+/// Nodes and where each of them lies, back to front.
+struct PlacedScene {
+    std::span<const SceneNode> nodes;
+    std::span<const PlacedNode> places;
+};
 
+namespace SceneDamage {
+
+/// Adds what has to be painted again to get from one to the other; nothing for scenes that look the
+/// same.
+void add(Damage& damage, const PlacedScene& before, const PlacedScene& after);
+
+}
 }

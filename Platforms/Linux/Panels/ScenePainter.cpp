@@ -2,197 +2,121 @@
 
 #include "Icons/RasterImage.hpp"
 
-#include <QFontMetricsF>
-#include <QGuiApplication>
-#include <QLinearGradient>
-#include <QString>
 #include <algorithm>
-#include <cmath>
 
-namespace vireline::x11::ScenePainter {
+namespace vireline::x11 {
 namespace {
 
-QPainterPath roundedPath(const QRectF& rect, double radius) {
-    const double most = std::min(rect.width(), rect.height()) / 2;
-    const double r = std::clamp(radius, 0.0, most);
-    QPainterPath path;
-    path.addRoundedRect(rect, r, r);
-    return path;
-}
+/// One node's content, drawn where the node is placed.
+struct NodePainter {
+    const Canvas& canvas;
+    const QRect& clip;
+    const PlacedNode& place;
+    bool isBackground;
+    double pixelsPerPoint;
+    const DockColors& colors;
+    ScenePainter::Cache& cache;
 
-/// How thick a fine line is: one pixel on ordinary screens and on those of double density.
-double hairline(double scale) {
-    return std::max(1.0, std::floor(scale / 2));
-}
-
-/// A line of whole pixels along the inside of the rectangle, `inset` pixels from its edge.
-void drawRing(QPainter& painter, const QRectF& rect, double radius, double inset, double width,
-              const QBrush& brush) {
-    const double middle = inset + width / 2;
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen{brush, width});
-    painter.drawPath(roundedPath(rect.adjusted(middle, middle, -middle, -middle), radius - middle));
-}
-
-QLinearGradient downwards(const QRectF& rect, const QColor& top, const QColor& bottom) {
-    QLinearGradient gradient{rect.topLeft(), rect.bottomLeft()};
-    gradient.setColorAt(0, top);
-    gradient.setColorAt(1, bottom);
-    return gradient;
-}
-
-struct Label {
-    QRectF capsule;
-    QString text;
-    QFont font;
-};
-
-Label layOut(const LabelNode& node, const QRectF& room, double scale) {
-    Label label;
-    label.font = QGuiApplication::font();
-    label.font.setWeight(QFont::Medium);
-    label.font.setPixelSize(std::max(1, static_cast<int>(std::lround(node.fontSize * scale))));
-    const QFontMetricsF metrics{label.font};
-    const QSizeF padding{node.padding.width * scale, node.padding.height * scale};
-    const double widest = std::max(0.0, room.width() - 2 * padding.width());
-    label.text =
-        metrics.elidedText(QString::fromStdString(node.text).simplified(), Qt::ElideRight, widest);
-    const double width =
-        std::min(room.width(), metrics.horizontalAdvance(label.text) + 2 * padding.width());
-    const double height = std::min(room.height(), metrics.height() + 2 * padding.height());
-    label.capsule = ViewMappings::snappedAsWhole(
-        {room.center().x() - width / 2, room.center().y() - height / 2, width, height});
-    return label;
-}
-
-constexpr double sideTolerance = 1.0 / 64;
-
-bool isSameSide(double a, double b) {
-    return std::abs(a - b) < sideTolerance;
-}
-
-/// The side of an icon that has not grown, in points: the smallest there is, unless it is the only
-/// one of its size among others, all of which have then grown.
-double restingSide(const Scene& scene) {
-    double smallest = 0;
-    int count = 0;
-    int images = 0;
-    for (const SceneNode& node : scene.nodes) {
-        if (!std::holds_alternative<ImageNode>(node.content))
-            continue;
-        ++images;
-        const double side = node.frame.width;
-        if (count == 0 || side < smallest - sideTolerance) {
-            smallest = side;
-            count = 1;
-        } else if (isSameSide(side, smallest)) {
-            ++count;
+    void operator()(const GlassNode& glass) const {
+        const GlassLook look = colors.glass(glass.cornerRadius * place.scale, place.scale);
+        if (isBackground) {
+            cache.glass.put(canvas, place.rect.toRect(), look, clip);
+        } else {
+            cache.glass.lay(canvas, place.rect.toRect(), look, place.alpha, clip);
         }
     }
-    return count > 1 || images == 1 ? smallest : 0;
-}
 
-class NodePainter {
-public:
-    NodePainter(QPainter& painter, const ViewMapping& mapping, const DockColors& colors,
-                double restingSide)
-        : painter_(painter), mapping_(mapping), colors_(colors), restingSide_(restingSide) {}
-
-    void paint(const SceneNode& node) const {
-        painter_.setOpacity(std::clamp(node.opacity, 0.0, 1.0));
-        const QRectF rect = ViewMappings::drawnRect(node, mapping_);
-        std::visit([&](const auto& content) { draw(content, rect, node.scale); }, node.content);
-    }
-
-private:
-    void draw(const GlassNode& glass, const QRectF& rect, double nodeScale) const {
-        drawGlass(ViewMappings::snapped(rect), glass.cornerRadius * mapping_.scale * nodeScale,
-                  colors_.glassTop, colors_.glassBottom);
-    }
-
-    /// Icons at rest are drawn one to one on whole pixels; those that have grown or shrunk lie
-    /// between pixels, so as to move smoothly, and are drawn from a larger picture.
-    void draw(const ImageNode& node, const QRectF& rect, double /*nodeScale*/) const {
+    /// A sharp one is drawn one to one; any other comes from a larger picture.
+    void operator()(const ImageNode& node) const {
         const auto* const image = dynamic_cast<const RasterImage*>(node.image.get());
-        if (image == nullptr || rect.width() < 1 || rect.height() < 1)
+        if (image == nullptr || place.rect.isEmpty())
             return;
-        const double side = std::max(rect.width(), rect.height());
-        if (isSameSide(side, restingSide_ * mapping_.scale)) {
-            const QRect whole = ViewMappings::snappedAsWhole(rect);
-            painter_.drawImage(whole.topLeft(), image->exact(whole.width()));
+        if (place.isSharp) {
+            const QRect whole = place.rect.toRect();
+            const QImage picture = image->exact(whole.width());
+            Pixels::lay(canvas, Pixels::pieceOf(picture, whole.topLeft()), place.alpha, clip);
             return;
         }
-        const QImage picture = image->forScaling(side);
-        painter_.drawImage(rect, picture, QRectF{picture.rect()});
+        const double side = std::max(place.rect.width(), place.rect.height());
+        const QImage picture = image->forScaling(side, node.largestSide * pixelsPerPoint);
+        cache.scaler.draw(canvas, Pixels::picture(picture), place.rect, place.alpha, clip);
     }
 
-    void draw(const DotNode& /*dot*/, const QRectF& rect, double /*nodeScale*/) const {
-        painter_.setPen(Qt::NoPen);
-        painter_.setBrush(colors_.dot);
-        painter_.drawEllipse(QRectF{ViewMappings::snappedAsWhole(rect)});
+    void operator()(const DotNode& /*dot*/) const { drawShape(place.rect.width(), colors.dot); }
+
+    void operator()(const SeparatorNode& separator) const {
+        drawShape(separator.cornerRadius * place.scale, colors.separator);
     }
 
-    void draw(const SeparatorNode& separator, const QRectF& rect, double nodeScale) const {
-        const QRectF line{ViewMappings::snappedAsWhole(rect)};
-        painter_.fillPath(roundedPath(line, separator.cornerRadius * mapping_.scale * nodeScale),
-                          colors_.separator);
+    void operator()(const LabelNode& label) const {
+        cache.label.draw(canvas, label, place, colors, clip);
     }
 
-    void draw(const LabelNode& node, const QRectF& rect, double nodeScale) const {
-        const Label label = layOut(node, rect, mapping_.scale * nodeScale);
-        drawGlass(label.capsule, label.capsule.height() / 2, colors_.labelGlass,
-                  colors_.labelGlass);
-        painter_.setFont(label.font);
-        painter_.setPen(colors_.text);
-        painter_.drawText(label.capsule, Qt::AlignCenter | Qt::TextSingleLine, label.text);
+    void operator()(const HandleNode& /*handle*/) const {
+        drawShape(place.rect.height() + place.rect.width(), colors.handle);
     }
 
-    void draw(const HandleNode& /*handle*/, const QRectF& rect, double /*nodeScale*/) const {
-        const QRectF bar{ViewMappings::snapped(rect)};
-        painter_.fillPath(roundedPath(bar, bar.height() + bar.width()), colors_.handle);
+    void drawShape(double radius, const QColor& colour) const {
+        const QRect whole = place.rect.toRect();
+        const QImage& picture = cache.shapes.picture({whole.size(), radius, colour});
+        Pixels::lay(canvas, Pixels::pieceOf(picture, whole.topLeft()), place.alpha, clip);
     }
-
-    void drawGlass(const QRectF& rect, double radius, const QColor& top,
-                   const QColor& bottom) const {
-        painter_.fillPath(roundedPath(rect, radius), downwards(rect, top, bottom));
-        const double line = hairline(mapping_.scale);
-        drawRing(painter_, rect, radius, 0, line, colors_.outline);
-        drawRing(painter_, rect, radius, line, line,
-                 downwards(rect, colors_.highlightTop, colors_.highlightBottom));
-    }
-
-    QPainter& painter_;
-    const ViewMapping& mapping_;
-    const DockColors& colors_;
-    double restingSide_;
 };
 
+/// The glass at the bottom of the scene; empty if it lets anything shine through but the desktop.
+QRect backgroundOf(const PlacedScene& scene) {
+    const bool hasGlass =
+        !scene.nodes.empty() && std::holds_alternative<GlassNode>(scene.nodes.front().content);
+    return hasGlass && scene.places.front().alpha == 255 ? scene.places.front().rect.toRect()
+                                                         : QRect{};
 }
 
-void paint(QPainter& painter, const Scene& scene, const ViewMapping& mapping,
-           const DockColors& colors, const QRect& damage) {
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform |
-                           QPainter::TextAntialiasing);
-    const NodePainter nodes{painter, mapping, colors, restingSide(scene)};
-    for (const SceneNode& node : scene.nodes) {
-        if (node.opacity > 0 && ViewMappings::touched(node, mapping).intersects(damage))
-            nodes.paint(node);
+/// All of the rectangle but the part that the background is about to replace.
+void clear(const Canvas& canvas, const QRect& rect, const QRect& background) {
+    const QRect kept = background & rect;
+    if (kept.isEmpty())
+        return Pixels::fill(canvas, rect, 0);
+    const auto clearBetween = [&](int left, int top, int right, int bottom) {
+        Pixels::fill(canvas, {QPoint{left, top}, QPoint{right, bottom}}, 0);
+    };
+    clearBetween(rect.left(), rect.top(), rect.right(), kept.top() - 1);
+    clearBetween(rect.left(), kept.bottom() + 1, rect.right(), rect.bottom());
+    clearBetween(rect.left(), kept.top(), kept.left() - 1, kept.bottom());
+    clearBetween(kept.right() + 1, kept.top(), rect.right(), kept.bottom());
+}
+
+}
+
+void ScenePainter::paint(const Canvas& canvas, const PlacedScene& scene, double pixelsPerPoint,
+                         const DockColors& colors, std::span<const QRect> damage) {
+    const QRect background = backgroundOf(scene);
+    for (const QRect& rect : damage) {
+        const QRect clip = rect & canvas.area();
+        clear(canvas, clip, background);
+        for (std::size_t i = 0; i < scene.nodes.size(); ++i) {
+            const PlacedNode& place = scene.places[i];
+            const bool isBackground = i == 0 && !background.isEmpty();
+            if (place.alpha > 0 && place.touched().intersects(clip)) {
+                std::visit(
+                    NodePainter{canvas, clip, place, isBackground, pixelsPerPoint, colors, cache_},
+                    scene.nodes[i].content);
+            }
+        }
     }
 }
 
-std::vector<QPainterPath> glassOutlines(const Scene& scene, const ViewMapping& mapping) {
+std::vector<QPainterPath> ScenePainter::glassOutlines(const PlacedScene& scene) {
     std::vector<QPainterPath> outlines;
-    for (const SceneNode& node : scene.nodes) {
-        if (node.opacity <= 0)
+    for (std::size_t i = 0; i < scene.nodes.size(); ++i) {
+        const PlacedNode& place = scene.places[i];
+        if (place.alpha == 0)
             continue;
-        const QRectF rect = ViewMappings::drawnRect(node, mapping);
-        const double scale = mapping.scale * node.scale;
-        if (const auto* glass = std::get_if<GlassNode>(&node.content)) {
-            outlines.push_back(
-                roundedPath(ViewMappings::snapped(rect), glass->cornerRadius * scale));
-        } else if (const auto* label = std::get_if<LabelNode>(&node.content)) {
-            const QRectF capsule = layOut(*label, rect, scale).capsule;
-            outlines.push_back(roundedPath(capsule, capsule.height() / 2));
+        const auto& content = scene.nodes[i].content;
+        if (const auto* glass = std::get_if<GlassNode>(&content)) {
+            outlines.push_back(Glass::roundedPath(place.rect, glass->cornerRadius * place.scale));
+        } else if (const auto* label = std::get_if<LabelNode>(&content)) {
+            const QRect capsule = LabelPainter::capsule(*label, place);
+            outlines.push_back(Glass::roundedPath(capsule, capsule.height()));
         }
     }
     return outlines;

@@ -1,25 +1,42 @@
 /// Paints a scene's few kinds of nodes. Nothing else on this platform looks at a node's kind to
-/// draw it.
+/// draw it. Keeps pictures of what is drawn alike from frame to frame.
 #pragma once
 
 #include "Panels/DockColors.hpp"
-#include "Panels/ViewMapping.hpp"
-#include "Views/Scene.hpp"
+#include "Panels/Glass.hpp"
+#include "Panels/LabelPainter.hpp"
+#include "Panels/Pixels.hpp"
+#include "Panels/RoundedShapes.hpp"
+#include "Panels/SceneDamage.hpp"
+#include "Panels/SmoothScaler.hpp"
 
-#include <QPainter>
 #include <QPainterPath>
+#include <QRect>
+#include <span>
 #include <vector>
 
-namespace vireline::x11::ScenePainter {
+namespace vireline::x11 {
 
-/// Paints all nodes that `damage` touches, back to front, over what is there. The painter is in
-/// device pixels, without a transformation.
-void paint(QPainter& painter, const Scene& scene, const ViewMapping& mapping,
-           const DockColors& colors, const QRect& damage);
+class ScenePainter {
+public:
+    /// What is kept from frame to frame.
+    struct Cache {
+        GlassPainter glass;
+        LabelPainter label;
+        RoundedShapes shapes;
+        SmoothScaler scaler;
+    };
 
-/// The outlines of the scene's glass, the label's included, in pixels: what a compositor may blur
-/// the background of.
-[[nodiscard]] std::vector<QPainterPath> glassOutlines(const Scene& scene,
-                                                      const ViewMapping& mapping);
+    /// Paints what of the scene lies in one of the rectangles, in place of what is on the canvas.
+    void paint(const Canvas& canvas, const PlacedScene& scene, double pixelsPerPoint,
+               const DockColors& colors, std::span<const QRect> damage);
+
+    /// The outlines of the scene's glass, the label's included, in pixels: what a compositor may
+    /// blur the background of.
+    [[nodiscard]] static std::vector<QPainterPath> glassOutlines(const PlacedScene& scene);
+
+private:
+    Cache cache_;
+};
 
 }

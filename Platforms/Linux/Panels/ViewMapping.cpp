@@ -11,6 +11,32 @@ int nearest(double pixel) {
     return static_cast<int>(std::clamp(std::floor(pixel + 0.5), -reach, reach));
 }
 
+/// Finer steps than these nobody sees, and a place that nobody sees change need not be painted.
+QRectF inSmallSteps(const QRectF& rect) {
+    constexpr double steps = 16;
+    const auto rounded = [](double pixel) { return std::floor(pixel * steps + 0.5) / steps; };
+    const double left = rounded(rect.left());
+    const double top = rounded(rect.top());
+    return {left, top, rounded(rect.right()) - left, rounded(rect.bottom()) - top};
+}
+
+/// Where a node is drawn, its scale and its offset included, at broken pixels.
+QRectF drawnRect(const SceneNode& node, const ViewMapping& mapping) {
+    const Point anchor = node.anchor.value_or(node.frame.center());
+    const auto along = [&](double value, double fixed, double offset) {
+        return fixed + (value - fixed) * node.scale + offset;
+    };
+    return mapping.pixels({along(node.frame.x, anchor.x, node.offset().x),
+                           along(node.frame.y, anchor.y, node.offset().y),
+                           node.frame.width * node.scale, node.frame.height * node.scale});
+}
+
+bool isAtRest(const ImageNode& image, const QRectF& rect, double scale) {
+    constexpr double tolerance = 1.0 / 64;
+    const double side = std::max(rect.width(), rect.height());
+    return std::abs(side - image.restingSide * scale) < tolerance * scale;
+}
+
 }
 
 QRectF ViewMapping::pixels(const Rect& view) const {
@@ -26,16 +52,36 @@ QPointF ViewMapping::toPixels(Point view) const {
     return {origin.x() + view.x * scale, origin.y() + view.y * scale};
 }
 
+QRect PlacedNode::touched() const {
+    return rect.toAlignedRect().adjusted(-1, -1, 1, 1);
+}
+
 namespace ViewMappings {
 
-QRectF drawnRect(const SceneNode& node, const ViewMapping& mapping) {
-    const Point anchor = node.anchor.value_or(node.frame.center());
-    const auto along = [&](double value, double fixed, double offset) {
-        return fixed + (value - fixed) * node.scale + offset;
-    };
-    return mapping.pixels({along(node.frame.x, anchor.x, node.offset().x),
-                           along(node.frame.y, anchor.y, node.offset().y),
-                           node.frame.width * node.scale, node.frame.height * node.scale});
+PlacedNode placed(const SceneNode& node, const ViewMapping& mapping) {
+    const QRectF rect = drawnRect(node, mapping);
+    PlacedNode place;
+    place.scale = mapping.scale * node.scale;
+    place.alpha = static_cast<int>(std::lround(std::clamp(node.opacity, 0.0, 1.0) * 255));
+    const auto* const image = std::get_if<ImageNode>(&node.content);
+    const bool isBar = std::holds_alternative<GlassNode>(node.content) ||
+                       std::holds_alternative<HandleNode>(node.content);
+    if (image != nullptr && !isAtRest(*image, rect, mapping.scale)) {
+        place.rect = inSmallSteps(rect);
+        place.isSharp = false;
+    } else if (std::holds_alternative<LabelNode>(node.content)) {
+        // It finds its own place in this room.
+        place.rect = inSmallSteps(rect);
+    } else {
+        place.rect = isBar ? snapped(rect) : snappedAsWhole(rect);
+    }
+    return place;
+}
+
+void place(std::vector<PlacedNode>& places, const Scene& scene, const ViewMapping& mapping) {
+    places.clear();
+    for (const SceneNode& node : scene.nodes)
+        places.push_back(placed(node, mapping));
 }
 
 QRect snapped(const QRectF& rect) {
@@ -50,10 +96,6 @@ QRect snappedAsWhole(const QRectF& rect) {
     const int height = std::max(1, nearest(rect.height()));
     return {nearest(rect.center().x() - width / 2.0), nearest(rect.center().y() - height / 2.0),
             width, height};
-}
-
-QRect touched(const SceneNode& node, const ViewMapping& mapping) {
-    return drawnRect(node, mapping).toAlignedRect().adjusted(-1, -1, 1, 1);
 }
 
 }

@@ -6,6 +6,7 @@
 
 #include <QRect>
 #include <QRectF>
+#include <vector>
 
 namespace vireline::x11 {
 
@@ -22,10 +23,29 @@ struct ViewMapping {
     [[nodiscard]] QPointF toPixels(Point view) const;
 };
 
+/// A node as it comes to lie on the window: nodes of equal content that are placed alike look
+/// alike.
+struct PlacedNode {
+    /// Pixels. Whole ones for all that is drawn sharp; an image that has grown or shrunk lies
+    /// between them, so as to move smoothly.
+    QRectF rect;
+    bool isSharp = true;
+    /// Pixels a point for lengths inside of it.
+    double scale = 1;
+    /// Of 255.
+    int alpha = 255;
+
+    bool operator==(const PlacedNode&) const = default;
+
+    /// All pixels that painting it can touch.
+    [[nodiscard]] QRect touched() const;
+};
+
 namespace ViewMappings {
 
-/// Where a node is drawn, its scale and its offset included, at broken pixels.
-[[nodiscard]] QRectF drawnRect(const SceneNode& node, const ViewMapping& mapping);
+[[nodiscard]] PlacedNode placed(const SceneNode& node, const ViewMapping& mapping);
+/// All of them, in their order, in place of what `places` held.
+void place(std::vector<PlacedNode>& places, const Scene& scene, const ViewMapping& mapping);
 
 /// The nearest whole pixels edge by edge, never without area.
 [[nodiscard]] QRect snapped(const QRectF& rect);
@@ -33,9 +53,6 @@ namespace ViewMappings {
 /// At the nearest whole pixel with the nearest whole size, so that equal things stay equal wherever
 /// they lie. Never without area.
 [[nodiscard]] QRect snappedAsWhole(const QRectF& rect);
-
-/// All pixels that painting the node can touch.
-[[nodiscard]] QRect touched(const SceneNode& node, const ViewMapping& mapping);
 
 }
 }

@@ -49,7 +49,7 @@ void WindowKeeper::send(xcb_window_t window, const WindowSnapshot& now, const Wi
                      .correctedUntil = corrected,
                      .keptUntil = std::max(keptUntil.value_or(corrected), corrected)};
     if (isNew)
-        listen(window, true);
+        listen(window);
     makeMovable(window, now);
     request(window, now, goal);
 }
@@ -127,7 +127,7 @@ void WindowKeeper::checkChanged() {
         const auto found = kept_.find(window);
         if (found == kept_.end() || check(window, found->second))
             continue;
-        listen(window, false);
+        ignore(window);
         kept_.erase(found);
     }
 }
@@ -137,8 +137,12 @@ bool WindowKeeper::check(xcb_window_t window, Kept& kept) {
         return false;
     const auto deadline = SideConnection::in(checkSeconds);
     const auto now = reader_.read(window, deadline);
-    if (!now)
-        return now.error().code == WindowReader::noAnswer;
+    if (!now) {
+        const bool isLate = now.error().code == WindowReader::noAnswer;
+        if (isLate)
+            checkLater(window);
+        return isLate;
+    }
     if (!isAstray(kept, *now))
         return true;
     if (++kept.corrections > mostCorrections || reader_.isUserAtWork(deadline))
@@ -156,9 +160,21 @@ bool WindowKeeper::isAstray(const Kept& kept, const WindowSnapshot& now) const {
     return WindowGoals::outerFrame(kept.goal, now, displays) != now.outer();
 }
 
-void WindowKeeper::listen(xcb_window_t window, bool listens) const {
-    const std::uint32_t mask = listens ? windowEvents : 0;
-    xcb_change_window_attributes(side_.get(), window, XCB_CW_EVENT_MASK, &mask);
+void WindowKeeper::checkLater(xcb_window_t window) {
+    noteChange(window);
+    nextCheck_ = runLoop_.after(checkSeconds, lifetime_.guard([this] { checkChanged(); }));
+}
+
+/// Returns once the server knows: it may take the requests of one connection long before those of
+/// another.
+void WindowKeeper::listen(xcb_window_t window) const {
+    xcb_change_window_attributes(side_.get(), window, XCB_CW_EVENT_MASK, &windowEvents);
+    side_.sync(SideConnection::in(checkSeconds));
+}
+
+void WindowKeeper::ignore(xcb_window_t window) const {
+    constexpr std::uint32_t nothing = 0;
+    xcb_change_window_attributes(side_.get(), window, XCB_CW_EVENT_MASK, &nothing);
     side_.flush();
 }
 

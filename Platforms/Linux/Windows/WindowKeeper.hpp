@@ -62,7 +62,9 @@ private:
     [[nodiscard]] bool isAstray(const Kept& kept, const WindowSnapshot& now) const;
     void makeMovable(xcb_window_t window, const WindowSnapshot& now) const;
     void request(xcb_window_t window, const WindowSnapshot& now, const WindowGoal& goal) const;
-    void listen(xcb_window_t window, bool listens) const;
+    void checkLater(xcb_window_t window);
+    void listen(xcb_window_t window) const;
+    void ignore(xcb_window_t window) const;
 
     const X11Connection& connection_;
     SideConnection& side_;
@@ -71,6 +73,7 @@ private:
     Displays displays_;
     std::map<xcb_window_t, Kept> kept_;
     std::set<xcb_window_t> changed_;
+    Timer nextCheck_;
     Lifetime lifetime_;
 };
 

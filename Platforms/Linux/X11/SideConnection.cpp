@@ -27,6 +27,10 @@ SideConnection::Deadline SideConnection::in(double seconds) {
            std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>{seconds});
 }
 
+void SideConnection::sync(Deadline deadline) {
+    static_cast<void>(reply<xcb_get_input_focus_reply_t>(xcb_get_input_focus(get()), deadline));
+}
+
 void* SideConnection::wait(unsigned int sequence, Deadline deadline) {
     using std::chrono::milliseconds;
     flush();

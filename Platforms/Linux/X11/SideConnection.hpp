@@ -46,6 +46,10 @@ public:
 
     void flush() const { xcb_flush(get()); }
 
+    /// Returns once the server has carried out all requests on this connection so far, or the
+    /// deadline has passed.
+    void sync(Deadline deadline);
+
     /// Receives every event, in a turn of the event loop; then, once for all that came together,
     /// `onRest` is called. Neither may end this connection.
     std::function<void(const xcb_generic_event_t&)> onEvent;

@@ -227,6 +227,11 @@ void X11Connection::flush() const {
     xcb_flush(connection_);
 }
 
+void X11Connection::finish() const {
+    const Owned<xcb_get_input_focus_reply_t> answer{
+        xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr)};
+}
+
 Subscription X11Connection::observe(std::function<void(const xcb_generic_event_t&)> handler) {
     return events_.add(std::move(handler));
 }

@@ -89,6 +89,8 @@ public:
                       std::span<const std::uint32_t> data) const;
 
     void flush() const;
+    /// Returns once the server has carried out everything so far.
+    void finish() const;
 
     /// The server's time of the user's last press of a button or key in one of our windows; 0,
     /// which stands for now, before the first.

@@ -25,6 +25,8 @@ public:
 
     void stop() { process_.reset(); }
 
+    [[nodiscard]] pid_t pid() const { return process_ ? process_->pid() : 0; }
+
     /// Such as ":7".
     [[nodiscard]] const std::string& display() const noexcept { return display_; }
 

@@ -1,0 +1,157 @@
+/// One frame of a magnified dock, from the pointer's movement to the pixels on their way to the
+/// server: the processor time of all threads, and what it allocates.
+#include "App/XcbApplication.hpp"
+#include "Displays/DockPanel.hpp"
+#include "Displays/RandrScreens.hpp"
+#include "Icons/DrawnIcons.hpp"
+#include "Icons/IconImage.hpp"
+#include "Panels/QtPanelWindows.hpp"
+#include "Support/DockFixture.hpp"
+#include "VirtualDesktop/VirtualDesktop.hpp"
+#include "X11/X11Connection.hpp"
+
+#include <benchmark/benchmark.h>
+
+#include <atomic>
+#include <cstdlib>
+#include <ctime>
+#include <memory>
+#include <new>
+
+namespace {
+
+std::atomic<std::int64_t> allocations{0};
+
+}
+
+void* operator new(std::size_t size) {
+    allocations.fetch_add(1, std::memory_order_relaxed);
+    if (void* const memory = std::malloc(size == 0 ? 1 : size))
+        return memory;
+    throw std::bad_alloc{};
+}
+
+void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t /*size*/) noexcept {
+    std::free(memory);
+}
+
+namespace vireline::x11 {
+namespace {
+
+/// The platform's windows, with a line to what they report to.
+class TappedWindows final : public PanelWindows {
+public:
+    explicit TappedWindows(PanelWindows& windows) : windows_(windows) {}
+
+    [[nodiscard]] std::unique_ptr<PanelWindow> makePanel(std::uint32_t displayID, const Rect& frame,
+                                                         PanelWindowListener& listener) override {
+        listener_ = &listener;
+        return windows_.makePanel(displayID, frame, listener);
+    }
+
+    void move(Point at) const { listener_->pointerEvent({PointerEvent::Kind::moved, at}); }
+
+private:
+    PanelWindows& windows_;
+    PanelWindowListener* listener_ = nullptr;
+};
+
+class DrawnAppIcons final : public Icons {
+public:
+    [[nodiscard]] ImageHandle iconForFile(const std::string& /*path*/, const std::string& /*key*/,
+                                          Size size) override {
+        return std::make_shared<IconImage>(size, DrawnIcons::application);
+    }
+    [[nodiscard]] ImageHandle namedImage(const std::string& /*name*/, Size size) override {
+        return std::make_shared<IconImage>(size, DrawnIcons::trash);
+    }
+    [[nodiscard]] ImageHandle symbol(const std::string& /*name*/,
+                                     const std::string& /*accessibilityDescription*/,
+                                     Size size) override {
+        return std::make_shared<IconImage>(size, DrawnIcons::trash);
+    }
+};
+
+double processorSeconds() {
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+}
+
+struct Server {
+    explicit Server(double scale)
+        : desktop({}, {.monitors = {{"main", {0, 0, 3840, 1200}}}, .compositor = true}) {
+        ::setenv("DISPLAY", desktop.display().c_str(), 1);
+        ::setenv("QT_SCREEN_SCALE_FACTORS", ("main=" + std::to_string(scale)).c_str(), 1);
+    }
+
+    desktop::VirtualDesktop desktop;
+};
+
+void magnifiedFrame(benchmark::State& state) {
+    const auto scale = static_cast<double>(state.range(1));
+    const Server server{scale};
+    const XcbApplication application;
+    X11Connection connection;
+    RandrScreens screens{connection};
+    QtPanelWindows windows{connection, screens, {}};
+    TappedWindows tapped{windows};
+    test::DockFixture fixture;
+    DrawnAppIcons drawn;
+    IconStore icons{drawn};
+    DockViewContext context{fixture.model,
+                            icons,
+                            fixture.actions,
+                            fixture.platform.runLoop,
+                            fixture.platform.pointerSettings,
+                            fixture.platform.motionSettings,
+                            fixture.trash,
+                            std::nullopt};
+    constexpr int utilityTiles = 2;
+    const int apps = static_cast<int>(state.range(0)) - utilityTiles;
+    fixture.setTiles(apps, 0);
+    fixture.model.configuredIconSize.set(44);
+    fixture.model.magnification.set(2);
+    while (screens.screens().empty())
+        QCoreApplication::processEvents();
+    const auto screen = screens.screens().front();
+    constexpr double length = 1300;
+    const PanelSpec spec{screen.number.value_or(0), {100, 4, length, 130}, length, DockPosition::bottom};
+    DockPanel panel{spec, false, context, tapped};
+    panel.orderFrontRegardless();
+    for (int i = 0; i < 200; ++i)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+
+    double x = 300;
+    std::int64_t allocated = 0;
+    for (auto _ : state) {
+        x = x < 1000 ? x + 3.7 : 300;
+        fixture.platform.runLoop.advance(1.0 / 60);
+        const double started = processorSeconds();
+        const auto before = allocations.load();
+        tapped.move({x, 100});
+        QCoreApplication::processEvents();
+        // The frame clock holds frames back to the display's pace.
+        timespec pause{0, 17'000'000};
+        nanosleep(&pause, nullptr);
+        QCoreApplication::processEvents();
+        state.SetIterationTime(processorSeconds() - started);
+        allocated += allocations.load() - before;
+    }
+    state.counters["allocations"] =
+        static_cast<double>(allocated) / static_cast<double>(state.iterations());
+}
+BENCHMARK(magnifiedFrame)
+    ->Args({12, 1})
+    ->Args({20, 1})
+    ->Args({20, 2})
+    ->UseManualTime()
+    ->Iterations(200)
+    ->Unit(benchmark::kMicrosecond);
+
+}
+}

@@ -1,0 +1,21 @@
+/// What the windows of all docks share.
+#pragma once
+
+namespace vireline::x11 {
+
+class Appearance;
+class DesktopWatch;
+class DrawingConnection;
+class RandrScreens;
+class X11Connection;
+
+/// All of it outlives them.
+struct PanelContext {
+    X11Connection& connection;
+    const DrawingConnection& drawing;
+    RandrScreens& screens;
+    DesktopWatch& desktop;
+    Appearance& appearance;
+};
+
+}

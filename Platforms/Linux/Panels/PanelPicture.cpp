@@ -1,0 +1,141 @@
+#include "Panels/PanelPicture.hpp"
+
+#include "Panels/Appearance.hpp"
+#include "Panels/DesktopWatch.hpp"
+#include "Panels/OpaqueOutline.hpp"
+#include "Panels/PanelContext.hpp"
+#include "Panels/Pixels.hpp"
+#include "Panels/SceneDamage.hpp"
+
+#include <QPolygon>
+#include <QRegion>
+#include <algorithm>
+
+namespace vireline::x11 {
+namespace {
+
+xcb_rectangle_t xcbRectangle(const QRect& rect) {
+    return {static_cast<std::int16_t>(rect.x()), static_cast<std::int16_t>(rect.y()),
+            static_cast<std::uint16_t>(rect.width()), static_cast<std::uint16_t>(rect.height())};
+}
+
+}
+
+PanelPicture::PanelPicture(const PanelContext& context, xcb_window_t window)
+    : desktop_(context.desktop)
+    , appearance_(context.appearance)
+    , surface_(context.connection, context.drawing, window)
+    , shape_(context.connection, window) {}
+
+void PanelPicture::setScene(const Scene& scene) {
+    ViewMappings::place(nextPlaces_, scene, layout_.mapping);
+    SceneDamage::add(damage_, {scene_.nodes, places_}, {scene.nodes, nextPlaces_});
+    scene_ = scene;
+    std::swap(places_, nextPlaces_);
+}
+
+void PanelPicture::setLayout(const PanelLayout& layout) {
+    if (layout == layout_)
+        return;
+    layout_ = layout;
+    ViewMappings::place(places_, scene_, layout_.mapping);
+    damageAll();
+}
+
+void PanelPicture::update(bool isShown) {
+    applyInput();
+    if (damage_.isEmpty())
+        return;
+    const Damage painted = paint();
+    applyBackdrop();
+    if (isShown)
+        surface_.upload(painted, base());
+}
+
+void PanelPicture::exposed(const QRect& pixels) {
+    Damage lost;
+    lost.add(pixels);
+    surface_.upload(lost, base());
+    if (std::exchange(hasBackground_, false))
+        surface_.endBackground();
+}
+
+void PanelPicture::prepareToAppear() {
+    update(false);
+    surface_.beginBackground(base());
+    hasBackground_ = true;
+}
+
+Damage PanelPicture::paint() {
+    const Damage damage = std::exchange(damage_, {});
+    surface_.resize(layout_.window);
+    const Canvas canvas = Pixels::canvas(surface_.canvas());
+    const DockColors used = colors();
+    painter_.paint(canvas, {scene_.nodes, places_}, layout_.mapping.scale, used, damage.rects());
+    if (backdrop() == Backdrop::opaque) {
+        for (const QRect& gap : uncoveredByView())
+            Pixels::fill(canvas, gap, used.glassBottom.rgba());
+    }
+    return damage;
+}
+
+void PanelPicture::applyInput() {
+    std::optional<PixelRect> region;
+    if (scene_.inputRegion) {
+        const QRect pixels = layout_.mapping.pixels(*scene_.inputRegion).toAlignedRect() &
+                             QRect{{0, 0}, layout_.window};
+        region = PixelRect{pixels.x(), pixels.y(), pixels.width(), pixels.height()};
+    }
+    shape_.setInput(region);
+}
+
+void PanelPicture::applyBackdrop() {
+    const Backdrop kind = backdrop();
+    shape_.setBounding(kind == Backdrop::opaque
+                           ? std::optional{OpaqueOutline::rectangles(surface_.image())}
+                           : std::nullopt);
+    shape_.setBlurred(kind == Backdrop::blurred ? blurRegion() : std::vector<xcb_rectangle_t>{});
+}
+
+Backdrop PanelPicture::backdrop() const {
+    const DesktopOffer& offer = desktop_.offer();
+    if (!offer.isComposited || !surface_.hasAlpha())
+        return Backdrop::opaque;
+    return offer.blursBehind ? Backdrop::blurred : Backdrop::translucent;
+}
+
+DockColors PanelPicture::colors() const {
+    return DockColors::of(appearance_.isDark(), backdrop());
+}
+
+/// What translucent pixels are laid over where nothing shines through them.
+std::optional<std::uint32_t> PanelPicture::base() const {
+    return backdrop() == Backdrop::opaque ? std::optional{colors().labelGlass.rgba()}
+                                          : std::nullopt;
+}
+
+/// What a dock that takes the whole window has besides its view: the gap to the display's edge. In
+/// an opaque window only what is painted takes the pointer, and it must not get lost there.
+QRegion PanelPicture::uncoveredByView() const {
+    if (scene_.inputRegion)
+        return {};
+    const QRect view = ViewMappings::snapped(
+        layout_.mapping.pixels({0, 0, layout_.view.width, layout_.view.height}));
+    return QRegion{QRect{{0, 0}, layout_.window}} - view;
+}
+
+std::vector<xcb_rectangle_t> PanelPicture::blurRegion() const {
+    QRegion region;
+    for (const QPainterPath& outline : ScenePainter::glassOutlines({scene_.nodes, places_}))
+        region += QRegion{outline.toFillPolygon().toPolygon()};
+    std::vector<xcb_rectangle_t> rectangles;
+    for (const QRect& rect : region)
+        rectangles.push_back(xcbRectangle(rect));
+    return rectangles;
+}
+
+bool PanelPicture::takesPointer(int x, int y) const {
+    return QRect{{0, 0}, layout_.window}.contains(x, y) && shape_.takesPointer(x, y);
+}
+
+}

@@ -1,0 +1,90 @@
+/// What one dock's window shows: paints a scene where it changed, brings the pixels to the server,
+/// and keeps the window's outline and the region that takes the pointer in step with them.
+#pragma once
+
+#include "Panels/Damage.hpp"
+#include "Panels/DockColors.hpp"
+#include "Panels/PanelSurface.hpp"
+#include "Panels/ScenePainter.hpp"
+#include "Panels/ViewMapping.hpp"
+#include "Panels/WindowShape.hpp"
+#include "Views/Scene.hpp"
+
+#include <xcb/xcb.h>
+
+#include <cstdint>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace vireline::x11 {
+
+class Appearance;
+class DesktopWatch;
+struct PanelContext;
+
+/// Where a window shows its view; pixels.
+struct PanelLayout {
+    QSize window;
+    ViewMapping mapping;
+    /// Points.
+    Size view;
+
+    bool operator==(const PanelLayout&) const = default;
+};
+
+class PanelPicture {
+public:
+    /// For a window that exists for as long as this does. The others outlive it.
+    PanelPicture(const PanelContext& context, xcb_window_t window);
+
+    void setScene(const Scene& scene);
+    [[nodiscard]] const Scene& scene() const noexcept { return scene_; }
+    void setLayout(const PanelLayout& layout);
+    /// The colours, or what lies behind the glass, have become others.
+    void lookChanged() { damageAll(); }
+
+    /// Paints what changed, and sends it if the window is shown.
+    void update(bool isShown);
+
+    /// The server has lost these pixels of the window, which is shown.
+    void exposed(const QRect& pixels);
+
+    /// Paints, and has the server show the picture by itself from the moment the window appears.
+    void prepareToAppear();
+
+    /// The server has answered something that was asked after the last update.
+    void serverHasCaughtUp() { surface_.serverHasCaughtUp(); }
+
+    /// Whether a pixel of the window takes the pointer.
+    [[nodiscard]] bool takesPointer(int x, int y) const;
+
+private:
+    void damageAll() { damage_.add({{0, 0}, layout_.window}); }
+    /// What has been painted.
+    Damage paint();
+    void applyInput();
+    void applyBackdrop();
+
+    [[nodiscard]] Backdrop backdrop() const;
+    [[nodiscard]] DockColors colors() const;
+    [[nodiscard]] std::optional<std::uint32_t> base() const;
+    [[nodiscard]] QRegion uncoveredByView() const;
+    [[nodiscard]] std::vector<xcb_rectangle_t> blurRegion() const;
+
+    const DesktopWatch& desktop_;
+    const Appearance& appearance_;
+    PanelSurface surface_;
+    WindowShape shape_;
+    ScenePainter painter_;
+    PanelLayout layout_;
+    Scene scene_;
+    std::vector<PlacedNode> places_;
+    /// Those of the next scene; kept to spare an allocation each time.
+    std::vector<PlacedNode> nextPlaces_;
+    Damage damage_;
+    /// The server paints the window by itself until it is first shown.
+    bool hasBackground_ = false;
+};
+
+}

@@ -1,0 +1,79 @@
+/// Arithmetic on two premultiplied pixels at once, which the processor's vectors do in one step.
+#pragma once
+
+#include <bit>
+#include <cstdint>
+#include <cstring>
+
+namespace vireline::x11 {
+
+/// The channels of two neighbouring pixels, each in 16 bits.
+// NOLINTNEXTLINE(modernize-avoid-c-arrays): a vector of the compiler's
+using PixelPair [[gnu::vector_size(16)]] = std::uint16_t;
+
+namespace PixelPairs {
+
+/// Weights and coverage are parts of this.
+inline constexpr std::uint16_t whole = 256;
+
+using Bytes [[gnu::vector_size(8)]] = std::uint8_t;
+
+[[nodiscard]] inline PixelPair load(const std::uint32_t* pixels) noexcept {
+    Bytes bytes;
+    std::memcpy(&bytes, pixels, sizeof bytes);
+    return __builtin_convertvector(bytes, PixelPair);
+}
+
+inline void store(std::uint32_t* pixels, PixelPair pair) noexcept {
+    const Bytes bytes = __builtin_convertvector(pair, Bytes);
+    std::memcpy(pixels, &bytes, sizeof bytes);
+}
+
+/// The channels of one pixel, each in 16 bits.
+using Channels = std::uint64_t;
+
+/// Not by way of memory, which a processor has to wait for.
+[[nodiscard]] inline PixelPair of(Channels first, Channels second) noexcept {
+    using Words [[gnu::vector_size(16)]] = std::uint64_t;
+    return reinterpret_cast<PixelPair>(Words{first, second});
+}
+
+/// The same value for all channels of a pixel.
+[[nodiscard]] constexpr Channels everywhere(std::uint16_t value) noexcept {
+    constexpr Channels ones = 0x0001000100010001U;
+    return value * ones;
+}
+
+/// The same value for all channels of both.
+[[nodiscard]] inline PixelPair all(std::uint16_t value) noexcept {
+    return PixelPair{} + value;
+}
+
+/// `second`'s weights are of `whole`.
+[[nodiscard]] inline PixelPair between(PixelPair first, PixelPair second,
+                                       PixelPair weights) noexcept {
+    return (first * (whole - weights) + second * weights) >> 8;
+}
+
+[[nodiscard]] inline PixelPair faded(PixelPair pair, PixelPair weights) noexcept {
+    return (pair * weights) >> 8;
+}
+
+/// Each pixel's own alpha in all of its channels.
+[[nodiscard]] inline PixelPair alphas(PixelPair pair) noexcept {
+    if constexpr (std::endian::native == std::endian::little) {
+        return __builtin_shufflevector(pair, pair, 3, 3, 3, 3, 7, 7, 7, 7);
+    } else {
+        return __builtin_shufflevector(pair, pair, 0, 0, 0, 0, 4, 4, 4, 4);
+    }
+}
+
+/// Divides by 255 as exactly as rounding can.
+[[nodiscard]] inline PixelPair over(PixelPair pair, PixelPair below) noexcept {
+    constexpr std::uint16_t half = 128;
+    const PixelPair shining = below * (255 - alphas(pair)) + half;
+    return pair + ((shining + (shining >> 8)) >> 8);
+}
+
+}
+}

@@ -1,0 +1,51 @@
+/// Reads where the pointer is once a frame while it moves over a window, in place of an event for
+/// every movement: there can be a thousand a second, each of which wakes the program up.
+#pragma once
+
+#include <xcb/xinput.h>
+
+#include <QPoint>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace vireline::x11 {
+
+struct PanelContext;
+
+class PointerSampler {
+public:
+    /// The events that the window gets of some devices.
+    struct Selection {
+        xcb_input_device_id_t device = 0;
+        std::vector<std::uint32_t> events;
+    };
+
+    /// For a window that has just been created, with its events selected, and exists for as long as
+    /// this does.
+    PointerSampler(const PanelContext& context, xcb_window_t window);
+
+    /// An event told of a movement. From now on samples do, and no more such events come but those
+    /// that are on their way, and none during a press at all.
+    void start();
+    /// Events are to tell again.
+    void stop();
+    [[nodiscard]] bool isSampling() const noexcept { return isSampling_; }
+
+    /// The pointer's place, in pixels from the window's corner, if it has moved since the sample
+    /// before. One round trip. Stops once the pointer has kept still for a while.
+    [[nodiscard]] std::optional<QPoint> sample();
+
+private:
+    void select(bool motion) const;
+
+    const PanelContext& context_;
+    xcb_window_t window_;
+    /// Those that movements are among.
+    std::vector<Selection> selections_;
+    bool isSampling_ = false;
+    std::optional<QPoint> last_;
+    int stillSamples_ = 0;
+};
+
+}

@@ -1,0 +1,38 @@
+/// A connection of our own beside Qt's, for what is done in every frame. Qt reads its connection in
+/// a thread, which each answer there wakes up before the thread that waits for it; here there is
+/// nobody else. Requests of the two are carried out in any order.
+#pragma once
+
+#include <xcb/xcb.h>
+
+#include <memory>
+
+namespace vireline::x11 {
+
+class X11Connection;
+
+class DrawingConnection {
+public:
+    /// Falls back to Qt's connection, which outlives it, if there can be no other.
+    explicit DrawingConnection(const X11Connection& qt);
+
+    [[nodiscard]] xcb_connection_t* get() const noexcept;
+
+    void flush() const;
+
+    /// Returns once the server has carried out everything so far.
+    void finish() const;
+
+    /// Forgets what nobody here listens to, such as errors about windows that are gone.
+    void discardEvents() const;
+
+private:
+    struct Disconnect {
+        void operator()(xcb_connection_t* connection) const noexcept { xcb_disconnect(connection); }
+    };
+
+    const X11Connection& qt_;
+    std::unique_ptr<xcb_connection_t, Disconnect> own_;
+};
+
+}
