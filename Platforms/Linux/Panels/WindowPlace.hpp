@@ -31,7 +31,7 @@ public:
     void startOver() noexcept { correctionsLeft_ = maximumCorrections; }
 
 private:
-    static constexpr int maximumCorrections = 4;
+    static constexpr int maximumCorrections = 16;
 
     void send(const PixelRect& place) const;
     [[nodiscard]] std::optional<PixelRect> now() const;
