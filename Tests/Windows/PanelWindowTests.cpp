@@ -3,6 +3,7 @@
 #include <xcb/shape.h>
 
 #include <algorithm>
+#include <array>
 
 namespace vireline {
 namespace {
@@ -253,6 +254,35 @@ TEST_F(PanelWindowTest, PaintsANewScene) {
     EXPECT_TRUE(eventually([&] { return middle().red < 60; }));
     dock->present(dockScene());
     EXPECT_TRUE(eventually([&] { return middle() == before; }));
+}
+
+TEST_F(PanelWindowTest, RestoresAllThatAnotherWindowLeavesBehind) {
+    const auto dock = showDock("main", log);
+    settle();
+    const PixelRect frame = frameOf("main");
+    const auto pixels = [&] {
+        std::vector<desktop::Colour> found;
+        for (const int x : {60, 160, 260, 360})
+            found.push_back(desk().pixel({frame.x + x, frame.y + 55}));
+        return found;
+    };
+    const auto before = pixels();
+
+    // In four pieces, which the server tells of one by one.
+    const auto cover = client().createWindow(frame, 0x00ff0000);
+    const std::array<xcb_rectangle_t, 4> pieces{
+        {{50, 50, 20, 10}, {150, 52, 20, 10}, {250, 48, 20, 10}, {350, 54, 20, 10}}};
+    const std::uint32_t yes = 1;
+    xcb_change_window_attributes(client().get(), cover, XCB_CW_OVERRIDE_REDIRECT, &yes);
+    xcb_shape_rectangles(client().get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING,
+                         XCB_CLIP_ORDERING_UNSORTED, cover, 0, 0, pieces.size(), pieces.data());
+    client().map(cover);
+    client().sync();
+    EXPECT_TRUE(eventually([&] { return pixels().back().green < 60; }));
+    client().destroy(cover);
+    client().sync();
+
+    EXPECT_TRUE(eventually([&] { return pixels() == before; }));
 }
 
 TEST_F(PanelWindowTest, GoesWithItsObject) {

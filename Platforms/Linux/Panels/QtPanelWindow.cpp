@@ -10,6 +10,7 @@
 #include <QEnterEvent>
 #include <QGuiApplication>
 #include <QMouseEvent>
+#include <QPaintEvent>
 #include <QPlatformSurfaceEvent>
 #include <QScreen>
 #include <cmath>
@@ -149,22 +150,11 @@ void QtPanelWindow::windowManagerChanged() {
 
 void QtPanelWindow::handleNative(const xcb_generic_event_t& event) {
     constexpr std::uint8_t sentFlag = 0x80;
-    switch (event.response_type & ~sentFlag) {
-    case XCB_EXPOSE: {
-        const auto& exposed = reinterpret_cast<const xcb_expose_event_t&>(event);
-        if (exposed.window == window_ && picture_ && isVisible())
-            picture_->exposed({exposed.x, exposed.y, exposed.width, exposed.height});
-        break;
-    }
-    case XCB_CONFIGURE_NOTIFY: {
-        const auto& configured = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
-        if (configured.window == window_ && place_)
-            place_->configured(configured);
-        break;
-    }
-    default:
-        break;
-    }
+    if ((event.response_type & ~sentFlag) != XCB_CONFIGURE_NOTIFY)
+        return;
+    const auto& configured = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
+    if (configured.window == window_ && place_)
+        place_->configured(configured);
 }
 
 bool QtPanelWindow::event(QEvent* event) {
@@ -183,6 +173,9 @@ bool QtPanelWindow::event(QEvent* event) {
             window_ = XCB_NONE;
         }
         break;
+    case QEvent::Paint:
+        exposed(static_cast<const QPaintEvent*>(event)->region());
+        break;
     case QEvent::Enter: {
         const QPointF position = static_cast<QEnterEvent*>(event)->position();
         const auto place = PointerQuery::place(context_.connection, window_);
@@ -200,6 +193,17 @@ bool QtPanelWindow::event(QEvent* event) {
         break;
     }
     return QWindow::event(event);
+}
+
+/// Of the events that tell so, Qt takes all but the first for itself and tells of them together.
+void QtPanelWindow::exposed(const QRegion& region) {
+    if (!picture_ || !isVisible())
+        return;
+    for (const QRect& rect : region) {
+        const QRectF pixels{QPointF(rect.topLeft()) * devicePixelRatio(),
+                            QSizeF(rect.size()) * devicePixelRatio()};
+        picture_->exposed(pixels.toAlignedRect());
+    }
 }
 
 /// Of what the server sends to this window, before Qt sees it.

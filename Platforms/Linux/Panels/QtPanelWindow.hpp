@@ -16,6 +16,7 @@
 #include "Panels/WindowPlace.hpp"
 #include "Platform/PanelWindow.hpp"
 
+#include <QRegion>
 #include <QTimer>
 #include <QWindow>
 #include <cstdint>
@@ -55,6 +56,7 @@ private:
 
     void observe();
     void handleNative(const xcb_generic_event_t& event);
+    void exposed(const QRegion& region);
     void displaysChanged();
     void lookChanged();
     void windowManagerChanged();
