@@ -52,10 +52,10 @@ void PanelPicture::update(bool isShown) {
         surface_.upload(painted, base());
 }
 
-void PanelPicture::exposed(const QRect& pixels) {
-    Damage lost;
-    lost.add(pixels);
-    surface_.upload(lost, base());
+void PanelPicture::exposed() {
+    Damage all;
+    all.add(surface_.area());
+    surface_.upload(all, base());
     if (std::exchange(hasBackground_, false))
         surface_.endBackground();
 }

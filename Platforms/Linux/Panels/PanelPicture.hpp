@@ -47,8 +47,8 @@ public:
     /// Paints what changed, and sends it if the window is shown.
     void update(bool isShown);
 
-    /// The server has lost these pixels of the window, which is shown.
-    void exposed(const QRect& pixels);
+    /// The server has lost pixels of the window, which is shown.
+    void exposed();
 
     /// Paints, and has the server show the picture by itself from the moment the window appears.
     void prepareToAppear();

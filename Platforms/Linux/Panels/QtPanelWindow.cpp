@@ -10,7 +10,6 @@
 #include <QEnterEvent>
 #include <QGuiApplication>
 #include <QMouseEvent>
-#include <QPaintEvent>
 #include <QPlatformSurfaceEvent>
 #include <QScreen>
 #include <cmath>
@@ -173,8 +172,10 @@ bool QtPanelWindow::event(QEvent* event) {
             window_ = XCB_NONE;
         }
         break;
-    case QEvent::Paint:
-        exposed(static_cast<const QPaintEvent*>(event)->region());
+    case QEvent::Expose:
+        // Comes when Qt has taken all of the server's own events in a row, which say what is lost.
+        if (picture_ && isExposed())
+            picture_->exposed();
         break;
     case QEvent::Enter: {
         const QPointF position = static_cast<QEnterEvent*>(event)->position();
@@ -193,17 +194,6 @@ bool QtPanelWindow::event(QEvent* event) {
         break;
     }
     return QWindow::event(event);
-}
-
-/// Of the events that tell so, Qt takes all but the first for itself and tells of them together.
-void QtPanelWindow::exposed(const QRegion& region) {
-    if (!picture_ || !isVisible())
-        return;
-    for (const QRect& rect : region) {
-        const QRectF pixels{QPointF(rect.topLeft()) * devicePixelRatio(),
-                            QSizeF(rect.size()) * devicePixelRatio()};
-        picture_->exposed(pixels.toAlignedRect());
-    }
 }
 
 /// Of what the server sends to this window, before Qt sees it.

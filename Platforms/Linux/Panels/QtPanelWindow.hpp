@@ -16,7 +16,6 @@
 #include "Panels/WindowPlace.hpp"
 #include "Platform/PanelWindow.hpp"
 
-#include <QRegion>
 #include <QTimer>
 #include <QWindow>
 #include <cstdint>
@@ -56,7 +55,6 @@ private:
 
     void observe();
     void handleNative(const xcb_generic_event_t& event);
-    void exposed(const QRegion& region);
     void displaysChanged();
     void lookChanged();
     void windowManagerChanged();
