@@ -147,6 +147,47 @@ TEST_F(PanelWindowTest, KeepsThePointerWhileTheButtonIsHeldOutside) {
     EXPECT_LT(released, std::ranges::find(log.words, "out"));
 }
 
+TEST_F(PanelWindowTest, FollowsAPressFromAMovingPointerOutOfTheWindow) {
+    const auto dock = showDock("main", log);
+    for (int x = 80; x < 100; x += 4)
+        moveTo("main", {static_cast<double>(x), 40});
+    EXPECT_TRUE(eventually([&] { return log.has("moved 96,40"); }));
+    desk().pointer().press(Pointer::Button::primary);
+    EXPECT_TRUE(eventually([&] { return log.has("pressed 96,40"); }));
+    moveTo("main", {110, -100});
+    EXPECT_TRUE(eventually([&] { return log.has("moved 110,-100"); }));
+    moveTo("main", {120, -200});
+    EXPECT_TRUE(eventually([&] { return log.has("moved 120,-200"); }));
+    EXPECT_FALSE(log.has("out"));
+    desk().pointer().release(Pointer::Button::primary);
+    EXPECT_TRUE(eventually([&] { return log.has("out"); }));
+
+    // Nothing tells of it any more.
+    log.words.clear();
+    moveTo("main", {130, -250});
+    settle();
+    EXPECT_EQ(std::ranges::count(log.words, "in"), 0);
+}
+
+TEST_F(PanelWindowTest, FollowsAPressThatIsQuickerThanAFrame) {
+    const auto dock = showDock("main", log);
+    const auto isMovedAfterThePress = [&] {
+        const auto pressed = std::ranges::find(log.words, "pressed 96,40");
+        return std::find(pressed, log.words.end(), "moved 180,40") != log.words.end();
+    };
+    for (int round = 0; round < 10; ++round) {
+        log.words.clear();
+        moveTo("main", {90, 40});
+        moveTo("main", {96, 40});
+        EXPECT_TRUE(eventually([&] { return log.has("moved 96,40"); }));
+        desk().pointer().press(Pointer::Button::primary);
+        moveTo("main", {180, 40});
+        EXPECT_TRUE(eventually(isMovedAfterThePress)) << round;
+        desk().pointer().release(Pointer::Button::primary);
+        EXPECT_TRUE(eventually([&] { return log.has("released 180,40"); }));
+    }
+}
+
 TEST_F(PanelWindowTest, TakesAGrabBySomebodyElseForNoLeave) {
     const auto dock = showDock("main", log);
     moveTo("main", {100, 40});
