@@ -206,7 +206,8 @@ bool QtPanelWindow::nativeEvent(const QByteArray& type, void* message, qintptr* 
 }
 
 void QtPanelWindow::mouseMoveEvent(QMouseEvent* event) {
-    if (sampler_ && sampler_->isSampling())
+    // During a press Qt tells where it ends, before the release.
+    if (sampler_ && sampler_->isSampling() && !pointer_.isPressed())
         return;
     pointer_.moved(viewPosition(event->position()));
     if (sampler_) {
@@ -219,6 +220,9 @@ void QtPanelWindow::mousePressEvent(QMouseEvent* event) {
     if (menu_)
         return menu_->close();
     const Point position = viewPosition(event->position());
+    // The last sample may be further on than the press.
+    if (sampler_)
+        sampler_->forget();
     if (event->button() == Qt::LeftButton) {
         pointer_.pressed(position);
     } else if (event->button() == Qt::RightButton) {
@@ -227,9 +231,12 @@ void QtPanelWindow::mousePressEvent(QMouseEvent* event) {
 }
 
 void QtPanelWindow::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton)
-        pointer_.released(viewPosition(event->position()),
-                          takesPointer(event->position() * devicePixelRatio()));
+    if (event->button() != Qt::LeftButton)
+        return;
+    const bool isOverWindow = takesPointer(event->position() * devicePixelRatio());
+    if (sampler_ && !isOverWindow)
+        sampler_->stop();
+    pointer_.released(viewPosition(event->position()), isOverWindow);
 }
 
 /// Keys arrive only while a drag holds the keyboard.
@@ -289,7 +296,8 @@ void QtPanelWindow::samplePointer() {
         return;
     const auto pixel = sampler_->sample();
     picture_->serverHasCaughtUp();
-    if (pixel)
+    // Beside the window it is on its way out, unless a button holds it.
+    if (pixel && (pointer_.isPressed() || takesPointer(*pixel)))
         pointer_.moved(mapping_.toView(*pixel));
 }
 
@@ -325,9 +333,9 @@ PointerTracker::Whereabouts QtPanelWindow::whereabouts() const {
 
 /// Also looked at again for as long as somebody else holds the pointer.
 void QtPanelWindow::pointerLeft() {
-    if (sampler_)
-        sampler_->stop();
     pointer_.left(whereabouts());
+    if (sampler_ && !pointer_.isPressed())
+        sampler_->stop();
     if (pointer_.isInDoubt()) {
         doubt_.start();
     } else {
