@@ -34,7 +34,8 @@ void DesktopTest::TearDown() {
     if (!HasFailure() || !desktop_)
         return;
     const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    const auto name = std::string{test->test_suite_name()} + "." + test->name();
+    auto name = std::string{test->test_suite_name()} + "." + test->name();
+    std::ranges::replace(name, '/', '-');
     desktop_->leaveEvidence(EVIDENCE_FOLDER, name);
 }
 
@@ -52,6 +53,18 @@ VirtualDesktop& DesktopTest::runWithTwoDisplays(const std::vector<App>& pinned, 
     desktop.home().pin(pinned);
     desktop.runVireline();
     return desktop;
+}
+
+App DesktopTest::fileManager() {
+    return {"org.example.Files",
+            "Files",
+            distinctColour(7),
+            {"--record", opened().string(), "%U"},
+            {"MimeType=inode/directory;x-scheme-handler/trash;"}};
+}
+
+std::filesystem::path DesktopTest::opened() {
+    return desktop().home().scratch() / "opened";
 }
 
 testing::AssertionResult DesktopTest::docksSettle(const Request& request) {
@@ -130,7 +143,7 @@ void DesktopTest::choose(xcb_window_t menu, int index, int count) {
 
 Programs testedPrograms() {
     const char* other = std::getenv("VIRELINE_TESTED_PROGRAM");
-    return {other == nullptr ? TESTED_PROGRAM : other, TEST_APP, FILE_MANAGER};
+    return {other == nullptr ? TESTED_PROGRAM : other, TEST_APP, FILE_MANAGER, MONITOR_OUTPUTS};
 }
 
 PanelPlanner::Request tiles(int pinned, int running) {

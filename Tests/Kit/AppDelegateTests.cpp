@@ -80,10 +80,11 @@ TEST_F(AppDelegateTest, StartsInAFixedOrderAndShowsTheMirroredApps) {
     start();
 
     const auto lines = log.messages();
-    ASSERT_GE(lines.size(), 3U);
+    ASSERT_GE(lines.size(), 4U);
     EXPECT_EQ(lines[0],
               "Vireline started pid=" + std::to_string(platform.application.processIdentifier()));
-    EXPECT_EQ(lines[1], "mirror: 2 pinned apps from Apple's Dock");
+    EXPECT_EQ(lines[1], "anchor guard off");
+    EXPECT_EQ(lines[2], "mirror: 2 pinned apps from Apple's Dock");
     EXPECT_TRUE(lines.back().starts_with("reconcile screens=[1, 2] desired=[2] create=0"));
     EXPECT_EQ(icons().size(), 4U);
 }
@@ -204,6 +205,90 @@ TEST_F(AppDelegateTest, RemovingFromTheMenuEditsTheManualListAlone) {
         platform.fileSystem.read(preferences(), std::size_t{1} << 20U).value());
     ASSERT_TRUE(saved);
     EXPECT_EQ(saved->manualApps.size(), 1U);
+}
+
+TEST_F(AppDelegateTest, GuardsTheDisplaysWithADockIfTheSettingsSaySo) {
+    Settings settings;
+    settings.anchorAppleDock = true;
+    store(settings);
+    start();
+
+    EXPECT_EQ(log.messages()[1], "anchor guard active, 0 zones");
+    EXPECT_EQ(platform.pointerTaps.move({2500, 1079}), (Point{2500, 1077}));
+    EXPECT_EQ(platform.pointerTaps.move({500, 1079}), (Point{500, 1079}));
+}
+
+TEST_F(AppDelegateTest, TheGuardFollowsTheDisplays) {
+    Settings settings;
+    settings.anchorAppleDock = true;
+    store(settings);
+    start();
+
+    platform.screens.list[1].frame.y = 200;
+    platform.screens.announceChange();
+    platform.runLoop.advance(0.6);
+
+    EXPECT_EQ(platform.pointerTaps.move({2500, 1079}), (Point{2500, 877}));
+}
+
+TEST_F(AppDelegateTest, TheGuardWaitsForThePermission) {
+    Settings settings;
+    settings.anchorAppleDock = true;
+    store(settings);
+    platform.accessibility.trusted = false;
+    start();
+    EXPECT_EQ(log.count("anchor guard: requested Accessibility permission"), 1);
+
+    platform.accessibility.trusted = true;
+    platform.runLoop.advance(2);
+
+    EXPECT_EQ(log.messages().back(), "anchor guard active, 1 zones");
+    EXPECT_EQ(platform.pointerTaps.move({2500, 1079}), (Point{2500, 1077}));
+}
+
+TEST_F(AppDelegateTest, AnySettingThatChangesBringsTheGuardInLineAgain) {
+    Settings settings;
+    settings.sourceMode = SourceMode::manual;
+    settings.manualApps = {{mail.bundleID, mail.name, mail.url.path()},
+                           {notes.bundleID, notes.name, notes.url.path()}};
+    settings.anchorAppleDock = true;
+    store(settings);
+    platform.pointerTaps.failure = PlatformError{1, "no tap"};
+    start();
+    EXPECT_FALSE(platform.pointerTaps.isTapped());
+
+    platform.pointerTaps.failure.reset();
+    secondaryClickTile(0);
+    dock().choose(2);
+
+    EXPECT_TRUE(platform.pointerTaps.isEnabled());
+}
+
+TEST_F(AppDelegateTest, AClickSummonsOpensHereAndFillsIfTheSettingsSaySo) {
+    Settings settings;
+    settings.openOnThisDisplay = true;
+    settings.summonOnClick = true;
+    settings.fillOnDoubleClick = true;
+    store(settings);
+    start();
+    constexpr std::int32_t process = 100;
+
+    clickTile(1);
+    platform.running.launch(test::FakePlatform::instanceOf(mail, process));
+    auto& window = platform.accessibility.addWindow(process, {100, 100, 400, 300});
+    platform.runLoop.advance(1);
+    EXPECT_EQ(window.frame, (Rect{2680, 390, 400, 300})) << "it opens on the clicked display";
+
+    window.frame.x = 100;
+    clickTile(1);
+    EXPECT_EQ(window.frame.x, 2680) << "it comes to the clicked display";
+
+    window.frame.x = 100;
+    platform.runLoop.advance(5);
+    platform.pointerSettings.interval = 5;
+    clickTile(1);
+    clickTile(1);
+    EXPECT_EQ(window.frame, (Rect{1920, 0, 1920, 1080 - 92})) << "it fills the clicked display";
 }
 
 TEST_F(AppDelegateTest, TheDisplaysAreFollowed) {

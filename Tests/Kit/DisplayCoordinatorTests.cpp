@@ -1,6 +1,7 @@
 #include "Displays/DisplayCoordinator.hpp"
 #include "Support/DockFixture.hpp"
 #include "Support/LoggedLines.hpp"
+#include "Support/Recorder.hpp"
 
 #include <gtest/gtest.h>
 
@@ -160,6 +161,19 @@ TEST_F(DisplayCoordinatorTest, ThePanelFollowsTheDesktopsDockToAnotherDisplay) {
     coordinator.reconcile();
 
     EXPECT_EQ(windows().displays(), std::vector<std::uint32_t>{1});
+}
+
+TEST_F(DisplayCoordinatorTest, AnnouncesTheBandsOfTheDisplaysWithADockAfterEveryReconcile) {
+    attach(3);
+    test::Recorder<std::vector<Rect>> zones{coordinator.onGuardZonesChanged};
+
+    coordinator.start();
+    EXPECT_EQ(zones.last(), (std::vector<Rect>{{-1280, 1277, 1280, 3}, {-2560, 1277, 1280, 3}}));
+    attach(1);
+    coordinator.reconcile();
+
+    EXPECT_EQ(zones.count(), 2);
+    EXPECT_EQ(zones.last(), std::vector<Rect>{});
 }
 
 TEST_F(DisplayCoordinatorTest, NothingHappensAfterItIsGone) {

@@ -243,6 +243,49 @@ TEST_F(DockPanelTest, ADragToTheSliverOpensItAndItsEndLetsItCollapse) {
     EXPECT_TRUE(panel.collapsed());
 }
 
+TEST_F(DockPanelTest, StaysInForADragThatBringsNoFiles) {
+    DockPanel& panel = show(bottomSpec, true);
+
+    window().listener().dragEntered({"https://example.org/a", "file://elsewhere/b"});
+
+    EXPECT_TRUE(panel.collapsed());
+}
+
+TEST_F(DockPanelTest, AMenuThatOpensWhileItWaitsHoldsItOpen) {
+    dock.setTiles(1, 0);
+    DockPanel& panel = show(bottomSpec, true);
+    window().listener().mouseEntered();
+    const Point overIcon = firstIconCenter();
+    window().listener().mouseExited();
+    advance(0.3);
+    window().listener().pointerEvent({PointerEvent::Kind::secondaryPressed, overIcon});
+
+    advance(5);
+    EXPECT_FALSE(panel.collapsed());
+    window().dismissMenu();
+    advance(0.7);
+
+    EXPECT_TRUE(panel.collapsed());
+}
+
+TEST_F(DockPanelTest, AButtonThatWasReleasedWhileItWasInDragsNothingLater) {
+    dock.setTiles(2, 0);
+    DockPanel& panel = show(bottomSpec, true);
+    window().listener().mouseEntered();
+    const Point overIcon = firstIconCenter();
+    window().listener().pointerEvent({PointerEvent::Kind::pressed, overIcon});
+    window().listener().mouseExited();
+    advance(0.7);
+    ASSERT_TRUE(panel.collapsed());
+    window().listener().pointerEvent({PointerEvent::Kind::released, overIcon});
+
+    window().listener().mouseEntered();
+    window().listener().pointerEvent({PointerEvent::Kind::moved, {overIcon.x + 10, overIcon.y}});
+
+    EXPECT_FALSE(window().watchesForCancel);
+    EXPECT_TRUE(dock.actionsTaken.empty());
+}
+
 TEST_F(DockPanelTest, AsksForNoFrameAtRest) {
     dock.setTiles(2, 0);
     show(bottomSpec, false);

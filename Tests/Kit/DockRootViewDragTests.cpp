@@ -103,6 +103,26 @@ TEST_F(TileDragTest, ADragEndsWhenItsTileLeavesTheList) {
     EXPECT_TRUE(dock.actionsTaken.empty());
 }
 
+TEST_F(TileDragTest, ADragEndsWhenItsTileIsNotPinnedAnyMore) {
+    dragTile(3, -60);
+    auto items = dock.model.items.get();
+    items[3].isPinned = false;
+    dock.model.items.set(items);
+    static_cast<void>(view().makeScene());
+    send(Kind::released, {500, 50});
+
+    EXPECT_EQ(dragStates, (std::vector{true, false}));
+    EXPECT_TRUE(dock.actionsTaken.empty());
+}
+
+TEST_F(TileDragTest, AnotherPressEndsADragWhoseReleaseNeverCame) {
+    dragTile(1, 110);
+    send(Kind::pressed, centerOfIcon(0));
+
+    EXPECT_EQ(dragStates, (std::vector{true, false}));
+    EXPECT_TRUE(dock.actionsTaken.empty());
+}
+
 TEST_F(TileDragTest, AMagnifiedStripKeepsStillWhileATileIsDragged) {
     dock.model.magnification.set(2);
     show(DockPosition::bottom, 1000, 128);

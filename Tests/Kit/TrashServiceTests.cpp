@@ -22,7 +22,7 @@ struct TrashServiceTest : testing::Test {
     FileURL second = FileURL::fromPath("/Users/ada/second.txt");
     FileURL third = FileURL::fromPath("/Users/ada/third.txt");
     std::unique_ptr<TrashService> service =
-        std::make_unique<TrashService>(platform.trash, platform.userFolders);
+        std::make_unique<TrashService>(platform.trash, platform.userFolders, platform.runLoop);
 };
 
 TEST_F(TrashServiceTest, MovesFilesInTheirOrderAndLogsEach) {
@@ -66,6 +66,63 @@ TEST_F(TrashServiceTest, QueuesASecondDropBehindTheFirst) {
 
     EXPECT_EQ(platform.trash.trashed, (URLs{first, second, third}));
     EXPECT_EQ(platform.trash.heldCount(), 0);
+}
+
+TEST_F(TrashServiceTest, AMoveThatHangsHoldsUpTheRestOfItsFolderAlone) {
+    const FileURL far = FileURL::fromPath("/server/far.txt");
+    const FileURL farther = FileURL::fromPath("/server/farther.txt");
+    platform.trash.holds = true;
+    service->trash({far, first, farther, second});
+
+    platform.runLoop.advance(TrashService::patience - 0.1);
+    EXPECT_EQ(platform.trash.requests, URLs{far});
+    platform.runLoop.advance(0.2);
+    EXPECT_EQ(platform.trash.requests, (URLs{far, first}));
+    platform.trash.completeMove(first);
+    platform.trash.completeMove(second);
+    EXPECT_EQ(platform.trash.requests, (URLs{far, first, second}));
+
+    platform.trash.completeMove(far);
+    EXPECT_EQ(platform.trash.requests, (URLs{far, first, second, farther}));
+    platform.trash.completeMove(farther);
+    EXPECT_EQ(log.messages(), (Lines{"trashed first.txt", "trashed second.txt", "trashed far.txt",
+                                     "trashed farther.txt"}));
+}
+
+TEST_F(TrashServiceTest, AMoveThatHungKeepsItsOrderInItsFolder) {
+    const FileURL far = FileURL::fromPath("/server/far.txt");
+    const FileURL farther = FileURL::fromPath("/server/farther.txt");
+    const FileURL farthest = FileURL::fromPath("/server/farthest.txt");
+    platform.trash.holds = true;
+    service->trash({far, farther});
+    platform.runLoop.advance(TrashService::patience + 0.1);
+    service->trash({farthest});
+    for (const FileURL& url : {far, farther, farthest})
+        platform.trash.completeMove(url);
+
+    EXPECT_EQ(platform.trash.trashed, (URLs{far, farther, farthest}));
+    EXPECT_EQ(platform.runLoop.pendingTimers(), 0);
+}
+
+TEST_F(TrashServiceTest, HasOnlySoManyMovesHangAtATime) {
+    URLs files;
+    for (std::size_t i = 0; i < TrashService::maximumHanging + 2; ++i)
+        files.push_back(FileURL::fromPath("/server" + std::to_string(i) + "/file"));
+    platform.trash.holds = true;
+    service->trash(files);
+
+    platform.runLoop.advance(100);
+    EXPECT_EQ(platform.trash.requests.size(), TrashService::maximumHanging);
+    EXPECT_EQ(platform.runLoop.pendingTimers(), 0);
+
+    platform.trash.completeMove(files.front());
+    EXPECT_EQ(platform.trash.requests.size(), TrashService::maximumHanging + 1);
+}
+
+TEST_F(TrashServiceTest, WaitsForNothingAtRest) {
+    service->trash({first, second});
+
+    EXPECT_EQ(platform.runLoop.pendingTimers(), 0);
 }
 
 TEST_F(TrashServiceTest, StopsSafelyWhenItEndsDuringAMove) {

@@ -81,6 +81,19 @@ TEST_F(PointerTrackerTest, TakesAMoveOutOfNowhereForEntering) {
     EXPECT_EQ(listener.take(), (Log{"in", "moved 20"}));
 }
 
+TEST_F(PointerTrackerTest, TakesNoPointerThatIsBusyElsewhere) {
+    tracker.entered({10, 10}, true);
+    EXPECT_EQ(listener.take(), Log{});
+    tracker.entered({20, 10});
+    EXPECT_EQ(listener.take(), (Log{"in", "moved 20"}));
+}
+
+TEST_F(PointerTrackerTest, TakesAPressOutOfNowhereForEntering) {
+    tracker.entered({10, 10}, true);
+    tracker.pressed({20, 10});
+    EXPECT_EQ(listener.take(), (Log{"in", "pressed 20"}));
+}
+
 TEST_F(PointerTrackerTest, LeavesTheViewBeforeTheWindow) {
     enter();
     tracker.left(away);

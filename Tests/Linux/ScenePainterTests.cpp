@@ -106,7 +106,8 @@ TEST_F(ScenePainterTest, DrawsIconsAtRestOnWholePixelsWhateverTheirSize) {
 TEST_F(ScenePainterTest, DrawsGrowingImagesFromFewRenderings) {
     Checkers checkers;
     const ImageNode node = icon(checkers);
-    for (double side = 40; side < 88; side += 0.5) {
+    for (int halves = 2 * 40; halves < 2 * 88; ++halves) {
+        const double side = halves / 2.0;
         const QRect ink = inked(painted(one({100, 5, side, side}, node), 1));
         ASSERT_NEAR(ink.width(), side, 1) << side;
     }

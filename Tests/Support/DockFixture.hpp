@@ -17,7 +17,7 @@ struct DockFixture {
     FakePlatform platform;
     DockViewModel model;
     IconStore icons{platform.icons};
-    TrashService trash{platform.trash, platform.userFolders};
+    TrashService trash{platform.trash, platform.userFolders, platform.runLoop};
     /// One line for every action, such as "click a.b #2".
     std::vector<std::string> actionsTaken;
     bool manualMode = false;

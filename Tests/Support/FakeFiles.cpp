@@ -123,6 +123,14 @@ void FakeTrash::complete() {
     finish(move);
 }
 
+void FakeTrash::completeMove(const FileURL& url) {
+    const auto found = std::ranges::find(held_, url, &Move::url);
+    require(found != held_.end(), "the move of that file is held");
+    const Move move = std::move(*found);
+    held_.erase(found);
+    finish(move);
+}
+
 void FakeTrash::finish(const Move& move) {
     const auto failed = failures.find(move.url.path());
     if (failed != failures.end()) {

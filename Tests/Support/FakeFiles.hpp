@@ -96,6 +96,8 @@ public:
 
     /// Completes the oldest move that is held.
     void complete();
+    /// Completes the held move of this file.
+    void completeMove(const FileURL& url);
     [[nodiscard]] int heldCount() const { return static_cast<int>(held_.size()); }
 
     bool holds = false;

@@ -19,6 +19,8 @@ Platform FakePlatform::ports() {
         .panelWindows = panelWindows,
         .pointerSettings = pointerSettings,
         .motionSettings = motionSettings,
+        .accessibility = accessibility,
+        .pointerTaps = pointerTaps,
     };
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Platform/Platform.hpp"
+#include "Support/FakeAccessibility.hpp"
 #include "Support/FakeApplications.hpp"
 #include "Support/FakeFiles.hpp"
 #include "Support/FakePanelWindows.hpp"
@@ -41,6 +42,8 @@ public:
     FakePanelWindows panelWindows;
     FakePointerSettings pointerSettings;
     FakeMotionSettings motionSettings;
+    FakeAccessibility accessibility;
+    FakePointerTaps pointerTaps;
     FakeApplication application;
 };
 

@@ -51,15 +51,39 @@ const testing::Environment* registered() noexcept {
 
 }
 
+namespace {
+
+std::string place(Point at) {
+    return std::to_string(std::lround(at.x)) + ',' + std::to_string(std::lround(at.y));
+}
+
+}
+
 void EventLog::pointerEvent(const PointerEvent& event) {
     static constexpr std::array names{"moved",    "exited",    "pressed",
                                       "released", "secondary", "cancelled"};
     std::string word = names.at(static_cast<std::size_t>(event.kind));
     if (event.kind != PointerEvent::Kind::exited && event.kind != PointerEvent::Kind::cancelled) {
-        word += ' ' + std::to_string(std::lround(event.position.x)) + ',' +
-                std::to_string(std::lround(event.position.y));
+        word += ' ' + place(event.position);
     }
     words.push_back(word);
+}
+
+void EventLog::dragEntered(const std::vector<std::string>& urls) {
+    std::string word = "drag in";
+    for (const std::string& url : urls)
+        word += ' ' + url;
+    words.push_back(word);
+}
+
+bool EventLog::dragMoved(Point at) {
+    words.push_back("drag at " + place(at));
+    return takesDrops;
+}
+
+bool EventLog::dropped(Point at) {
+    words.push_back("dropped " + place(at));
+    return takesDrops;
 }
 
 bool EventLog::has(std::string_view word) const {

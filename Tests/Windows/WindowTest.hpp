@@ -23,14 +23,16 @@ public:
     void mouseExited() override { words.emplace_back("out"); }
     void frameDue() override { words.emplace_back("frame"); }
     void pointerEvent(const PointerEvent& event) override;
-    void dragEntered(const std::vector<std::string>& /*urls*/) override {}
-    bool dragMoved(Point /*at*/) override { return false; }
-    void dragExited() override {}
-    bool dropped(Point /*at*/) override { return false; }
+    void dragEntered(const std::vector<std::string>& urls) override;
+    bool dragMoved(Point at) override;
+    void dragExited() override { words.emplace_back("drag out"); }
+    bool dropped(Point at) override;
 
     [[nodiscard]] bool has(std::string_view word) const;
 
     std::vector<std::string> words;
+    /// What it answers to drags.
+    bool takesDrops = true;
 };
 
 class WindowTest : public testing::Test {

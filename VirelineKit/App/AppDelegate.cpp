@@ -22,11 +22,15 @@ AppDelegate::AppDelegate(const Platform& platform)
     : platform_(platform)
     , icons_(platform.icons)
     , monitor_(platform.runningApplications)
-    , activator_(platform.runningApplications, platform.workspace)
-    , trashService_(platform.trash, platform.userFolders)
+    , activator_(platform.runningApplications, platform.workspace, platform.screens,
+                 platform.accessibility)
+    , anchorGuard_(platform.accessibility, platform.pointerTaps, platform.runLoop)
+    , trashService_(platform.trash, platform.userFolders, platform.runLoop)
     , store_(platform.fileSystem, platform.userFolders)
     , resolver_(store_, platform)
-    , coordinator_(makeViewContext(), platform.screens, platform.panelWindows) {
+    , coordinator_(makeViewContext(), platform.screens, platform.panelWindows)
+    , windowMover_(platform.accessibility, platform.runningApplications, platform.screens,
+                   platform.runLoop) {
     dockActions_ = makeDockActions();
 }
 
@@ -41,6 +45,12 @@ void AppDelegate::applicationDidFinishLaunching() {
 }
 
 void AppDelegate::connect() {
+    coordinator_.onGuardZonesChanged =
+        lifetime_.guard([this](const std::vector<Rect>& zones) { anchorGuard_.zones = zones; });
+    guardAsSet();
+    activator_.windowMover = &windowMover_;
+    activator_.settings =
+        lifetime_.guardOr(Settings{}, [this]() -> const Settings& { return store_.settings(); });
     coordinator_.dockConfig = lifetime_.guardOr(DisplayCoordinator::DockConfig{}, [this] {
         const Settings& settings = store_.settings();
         return DisplayCoordinator::DockConfig{settings.position, settings.autoHide};
@@ -68,8 +78,16 @@ void AppDelegate::seedModel() {
     model_.magnification.set(effectiveMagnification(store_.settings()));
 }
 
+void AppDelegate::guardAsSet() {
+    if (store_.settings().anchorAppleDock)
+        anchorGuard_.enable();
+    else
+        anchorGuard_.disable();
+}
+
 void AppDelegate::settingsChanged() {
     seedModel();
+    guardAsSet();
     resolver_.emit();
     coordinator_.reconcile();
 }

@@ -13,6 +13,8 @@
 #include "Sources/AppSourceResolver.hpp"
 #include "Sources/IconStore.hpp"
 #include "Sources/RunningAppsMonitor.hpp"
+#include "WindowManagement/DockAnchorGuard.hpp"
+#include "WindowManagement/WindowMover.hpp"
 
 #include <span>
 #include <vector>
@@ -36,6 +38,7 @@ private:
     [[nodiscard]] DockActions makeDockActions();
     [[nodiscard]] DockViewContext makeViewContext();
     void connect();
+    void guardAsSet();
     void seedModel();
     void settingsChanged();
     void pinnedListChanged(const std::vector<AppRef>& pinned);
@@ -46,6 +49,7 @@ private:
     IconStore icons_;
     RunningAppsMonitor monitor_;
     AppActivator activator_;
+    DockAnchorGuard anchorGuard_;
     TrashService trashService_;
     PreferencesStore store_;
     /// The last pinned list that the resolver delivered.
@@ -53,6 +57,7 @@ private:
     AppSourceResolver resolver_;
     DockActions dockActions_;
     DisplayCoordinator coordinator_;
+    WindowMover windowMover_;
     Lifetime lifetime_;
 };
 

@@ -3,9 +3,11 @@
 #include "App/DevLog.hpp"
 #include "Platform/RunLoop.hpp"
 #include "Platform/Screens.hpp"
+#include "WindowManagement/GuardMath.hpp"
 
 #include <algorithm>
 #include <ranges>
+#include <set>
 #include <sstream>
 #include <string>
 
@@ -72,6 +74,7 @@ void DisplayCoordinator::reconcile() {
         " desired=", listed(desired, &PanelSpec::displayID), " create=", plan.create.size(),
         " destroy=", plan.destroy.size(), " reframe=", plan.reframe.size());
     carryOut(plan, desired, config.autoHide);
+    announceGuardZones(screens);
 }
 
 /// A panel is built for its edge; another edge gets a new one.
@@ -128,6 +131,15 @@ void DisplayCoordinator::create(const PanelSpec& spec, bool autoHide) {
     panels_[spec.displayID] = std::move(panel);
     log("created panel #", spec.displayID, " at ", spec.frame,
         " autoHide=", autoHide ? "true" : "false");
+}
+
+void DisplayCoordinator::announceGuardZones(std::span<const ScreenSnapshot> screens) const {
+    if (!onGuardZonesChanged)
+        return;
+    std::set<std::uint32_t> guarded;
+    for (const auto& [display, panel] : panels_)
+        guarded.insert(display);
+    onGuardZonesChanged(GuardMath::guardZones(screens, guarded));
 }
 
 }

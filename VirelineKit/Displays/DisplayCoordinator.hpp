@@ -12,6 +12,7 @@
 #include <map>
 #include <memory>
 #include <span>
+#include <vector>
 
 namespace vireline {
 
@@ -36,6 +37,10 @@ public:
     /// Reads the settings as they stand at the time of the call.
     std::function<DockConfig()> dockConfig = [] { return DockConfig{}; };
 
+    /// Receives, after every reconcile, the bands along the bottom edges of the displays with a
+    /// dock; event space.
+    std::function<void(const std::vector<Rect>&)> onGuardZonesChanged;
+
     /// Reconciles at once, then whenever the displays change.
     void start();
 
@@ -52,6 +57,7 @@ private:
                                                        DockPosition position) const;
     void carryOut(const PanelPlan& plan, std::span<const PanelSpec> desired, bool autoHide);
     void create(const PanelSpec& spec, bool autoHide);
+    void announceGuardZones(std::span<const ScreenSnapshot> screens) const;
 
     DockViewContext context_;
     Screens& screens_;

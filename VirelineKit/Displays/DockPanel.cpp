@@ -124,18 +124,21 @@ void DockPanel::comeOut() {
 void DockPanel::collapseLater() {
     if (!autoHide_ || collapsed_ || isHeldOpen())
         return;
-    collapseTimer_ =
-        runLoop_.after(collapseDelay, lifetime_.guard([this] { applyCollapsed(true, true); }));
+    collapseTimer_ = runLoop_.after(collapseDelay, lifetime_.guard([this] {
+        // What holds it open now lets it collapse in its turn.
+        if (!isHeldOpen())
+            applyCollapsed(true, true);
+    }));
 }
 
 bool DockPanel::isHeldOpen() const noexcept {
-    return isPointerOver_ || isMenuOpen_ || isTileDragged_ || isDragOver_;
+    return isPointerOver_ || openMenus_ > 0 || isTileDragged_ || isDragOver_;
 }
 
 void DockPanel::popUpMenu(const Menu& menu, Point at, const MenuClosed& onClose) {
-    isMenuOpen_ = true;
+    ++openMenus_;
     auto closed = [this, onClose](std::optional<std::size_t> chosen) {
-        isMenuOpen_ = false;
+        --openMenus_;
         collapseLater();
         onClose(chosen);
     };
@@ -147,9 +150,10 @@ void DockPanel::pointerEvent(const PointerEvent& event) {
 }
 
 void DockPanel::dragEntered(const std::vector<std::string>& urls) {
-    isDragOver_ = true;
-    comeOut();
-    hosting_.dragEntered(urls);
+    // For anything but files there is nothing to come out for.
+    isDragOver_ = hosting_.dragEntered(urls);
+    if (isDragOver_)
+        comeOut();
 }
 
 bool DockPanel::dragMoved(Point at) {

@@ -68,7 +68,7 @@ private:
     Timer collapseTimer_;
     /// What holds an auto-hiding panel open.
     bool isPointerOver_ = false;
-    bool isMenuOpen_ = false;
+    int openMenus_ = 0;
     bool isTileDragged_ = false;
     bool isDragOver_ = false;
 

@@ -1,18 +1,30 @@
 #include "Interaction/AppActivator.hpp"
 
 #include "App/DevLog.hpp"
+#include "Displays/ScreenSnapshot.hpp"
+#include "Platform/Accessibility.hpp"
+#include "WindowManagement/WindowMover.hpp"
+
+#include <string>
 
 namespace vireline {
 
-void AppActivator::leftClick(const DockItem& item, std::uint32_t /*display*/) {
+void AppActivator::leftClick(const DockItem& item, std::uint32_t display) {
     const auto instances = applications_.instances(item.id);
     const bool isRunning = !instances.empty();
-    const ClickPolicy::AppState state{.isRunning = isRunning,
-                                      .isFrontmost = isRunning && instances.front().isActive,
-                                      .hasWindowHere = false};
-    switch (ClickPolicy::decide(state, /*summonEnabled=*/false)) {
+    const bool summonEnabled = windowMover != nullptr && settings().summonOnClick;
+    const auto screens = ScreenSnapshot::current(screens_);
+    const ClickPolicy::AppState state{
+        .isRunning = isRunning,
+        .isFrontmost = isRunning && instances.front().isActive,
+        .hasWindowHere = isRunning && summonEnabled &&
+                         windowMover->appHasWindow(instances.front(), display, screens)};
+    switch (ClickPolicy::decide(state, summonEnabled)) {
     case ClickAction::launch:
-        open(item, "click launch " + item.id);
+        launch(item, display);
+        break;
+    case ClickAction::activate:
+        open(item, "click reopen " + item.id);
         break;
     case ClickAction::hide: {
         const std::string line = "click hide " + item.id;
@@ -20,15 +32,40 @@ void AppActivator::leftClick(const DockItem& item, std::uint32_t /*display*/) {
         DevLog::write(line);
         break;
     }
-    case ClickAction::activate:
     case ClickAction::summon:
-        open(item, "click reopen " + item.id);
+        windowMover->summonMainWindow(instances.front(), display, screens);
+        open(item, "click summon " + item.id + " on #" + std::to_string(display));
         break;
     }
 }
 
+void AppActivator::launch(const DockItem& item, std::uint32_t display) {
+    // The tile may be gone once the app is opened.
+    const std::string bundleID = item.id;
+    workspace_.openApplication(bundleID, item.url);
+    if (windowMover != nullptr && settings().openOnThisDisplay)
+        windowMover->expect(bundleID, display, WindowMover::Center{});
+    DevLog::write("click launch " + bundleID);
+}
+
+bool AppActivator::canFill() const {
+    return windowMover != nullptr && settings().fillOnDoubleClick && accessibility_.isTrusted();
+}
+
 void AppActivator::doubleClick(const DockItem& item, std::uint32_t display) {
-    leftClick(item, display);
+    if (!canFill()) {
+        leftClick(item, display);
+        return;
+    }
+    const std::string bundleID = item.id;
+    workspace_.openApplication(bundleID, item.url);
+    const Settings current = settings();
+    windowMover->expect(bundleID, display,
+                        FillContext{.position = current.position,
+                                    .dockReserved = !current.autoHide,
+                                    .magnification = effectiveMagnification(current),
+                                    .configuredIconSize = current.iconSize});
+    DevLog::write("double-click fill " + bundleID + " on #" + std::to_string(display));
 }
 
 void AppActivator::menuSelect(MenuEntry entry, const DockItem& item, std::uint32_t display) {

@@ -1,10 +1,18 @@
 #include "Interaction/TrashService.hpp"
 
 #include "App/DevLog.hpp"
+#include "Platform/RunLoop.hpp"
 
 #include <utility>
 
 namespace vireline {
+namespace {
+
+std::string folderOf(const FileURL& url) {
+    return url.parent().path();
+}
+
+}
 
 void TrashService::trash(const std::vector<FileURL>& urls) {
     waiting_.insert(waiting_.end(), urls.begin(), urls.end());
@@ -16,24 +24,47 @@ void TrashService::moveWaiting() {
     // one more level of calls for every file of a large drop.
     if (std::exchange(isInLoop_, true))
         return;
-    while (!isMoving_ && !waiting_.empty()) {
-        const FileURL url = std::move(waiting_.front());
+    while (!current_ && !waiting_.empty() && hanging_.size() < maximumHanging) {
+        FileURL url = std::move(waiting_.front());
         waiting_.pop_front();
-        isMoving_ = true;
-        trash_.moveToTrash(url, lifetime_.guard([this, url](const Result<void>& outcome) {
-            finish(url, outcome);
-        }));
+        if (const auto hanging = hanging_.find(folderOf(url)); hanging != hanging_.end()) {
+            hanging->second.push_back(std::move(url));
+        } else {
+            begin(url);
+        }
     }
     isInLoop_ = false;
 }
 
-void TrashService::finish(const FileURL& url, const Result<void>& outcome) {
+void TrashService::begin(const FileURL& url) {
+    const std::uint64_t move = ++lastMove_;
+    current_ = move;
+    patienceEnds_ = runLoop_.after(patience, lifetime_.guard([this, url] { setAside(url); }));
+    trash_.moveToTrash(url, lifetime_.guard([this, url, move](const Result<void>& outcome) {
+        finish(url, move, outcome);
+    }));
+}
+
+void TrashService::setAside(const FileURL& url) {
+    current_.reset();
+    hanging_.try_emplace(folderOf(url));
+    moveWaiting();
+}
+
+void TrashService::finish(const FileURL& url, std::uint64_t move, const Result<void>& outcome) {
     if (outcome)
         DevLog::write("trashed " + url.lastPathComponent());
     else
         DevLog::write("trash failed for " + url.lastPathComponent() + ": " +
                       outcome.error().description);
-    isMoving_ = false;
+    if (current_ == move) {
+        current_.reset();
+        patienceEnds_.reset();
+    } else if (auto folder = hanging_.extract(folderOf(url))) {
+        Files& held = folder.mapped();
+        waiting_.insert(waiting_.begin(), std::make_move_iterator(held.begin()),
+                        std::make_move_iterator(held.end()));
+    }
     moveWaiting();
 }
 

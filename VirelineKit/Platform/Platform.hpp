@@ -3,6 +3,7 @@
 
 namespace vireline {
 
+class Accessibility;
 class Application;
 class ApplicationCatalog;
 class DockPreferences;
@@ -12,6 +13,7 @@ class Icons;
 class MotionSettings;
 class PanelWindows;
 class PointerSettings;
+class PointerTaps;
 class RunLoop;
 class RunningApplications;
 class Screens;
@@ -36,6 +38,8 @@ struct Platform {
     PanelWindows& panelWindows;
     PointerSettings& pointerSettings;
     MotionSettings& motionSettings;
+    Accessibility& accessibility;
+    PointerTaps& pointerTaps;
 };
 
 }

@@ -52,13 +52,19 @@ void DockRootView::layoutIfNeeded() {
     if (std::exchange(tilesAreStale_, false)) {
         tiles_.rebuild(context_.model.items.get(), context_.icons, context_.trash);
         listChanged_ = true;
-        if (press_ && tiles_.find(press_->serial) == nullptr)
+        if (press_ && !canHold(*press_))
             endDrag(false);
     }
     if (!std::exchange(layoutIsStale_, false))
         return;
     request_ = layoutRequest();
     frames_ = StripLayout::layout(request_);
+}
+
+/// Whether the tile under the button is still one that can be pressed, or dragged.
+bool DockRootView::canHold(const Press& press) {
+    const DockTile* const tile = tiles_.find(press.serial);
+    return tile != nullptr && (!press.isDragging || tile->isPinnedApp());
 }
 
 StripLayout::Request DockRootView::layoutRequest() const {
@@ -145,8 +151,13 @@ DockTile* DockRootView::tileAt(Point p) {
 void DockRootView::pointerEvent(const PointerEvent& event) {
     if (event.kind == PointerEvent::Kind::exited)
         return pointerExited();
-    if (ui_.collapsed.get())
+    if (ui_.collapsed.get()) {
+        // There is nothing here any more that a button could hold.
+        if (event.kind == PointerEvent::Kind::released ||
+            event.kind == PointerEvent::Kind::cancelled)
+            endDrag(false);
         return;
+    }
     switch (event.kind) {
     case PointerEvent::Kind::moved:
         pointerMoved(event.position);
@@ -172,7 +183,7 @@ void DockRootView::pointerEvent(const PointerEvent& event) {
 void DockRootView::pointerMoved(Point p) {
     pointer_ = p;
     if (press_)
-        drag(p);
+        drag(*press_, p);
     // A strip that a tile is dragged along keeps still.
     const bool isDragging = press_ && press_->isDragging;
     if (!isDragging && context_.model.magnification.get() > 1) {
@@ -192,6 +203,7 @@ void DockRootView::pointerExited() {
 }
 
 void DockRootView::pressed(Point p) {
+    endDrag(false);
     const DockTile* const tile = tileAt(p);
     press_ = tile != nullptr ? std::optional{Press{.serial = tile->serial, .at = p}} : std::nullopt;
 }
@@ -251,19 +263,19 @@ void DockRootView::requestMenu(const DockTile& tile, Point at) {
     onMenuRequest(menu, at, lifetime_.guard(std::move(closed)));
 }
 
-void DockRootView::drag(Point p) {
-    const Point moved{p.x - press_->at.x, p.y - press_->at.y};
-    if (!press_->isDragging) {
-        const DockTile* const tile = tiles_.find(press_->serial);
+void DockRootView::drag(Press& press, Point p) {
+    const Point moved{p.x - press.at.x, p.y - press.at.y};
+    if (!press.isDragging) {
+        const DockTile* const tile = tiles_.find(press.serial);
         const bool comesOff =
             tile != nullptr && tile->isPinnedApp() && std::hypot(moved.x, moved.y) >= dragThreshold;
         if (!comesOff)
             return;
-        press_->isDragging = true;
+        press.isDragging = true;
         if (onReorderDrag)
             onReorderDrag(true);
     }
-    press_->offset = spec_.position == DockPosition::bottom ? moved.x : moved.y;
+    press.offset = spec_.position == DockPosition::bottom ? moved.x : moved.y;
 }
 
 void DockRootView::endDrag(bool isDropped) {
@@ -299,12 +311,13 @@ std::optional<ReorderMath::Drag> DockRootView::reorderDrag() const {
                              .count = request_.pinnedCount};
 }
 
-void DockRootView::dragEntered(const std::vector<std::string>& urls) {
+bool DockRootView::dragEntered(const std::vector<std::string>& urls) {
     draggedFiles_.clear();
     for (const std::string& text : urls) {
         if (auto url = FileURL::parse(text))
             draggedFiles_.push_back(*std::move(url));
     }
+    return !draggedFiles_.empty();
 }
 
 bool DockRootView::dragMoved(Point at) {

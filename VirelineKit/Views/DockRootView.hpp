@@ -66,8 +66,8 @@ public:
 
     void pointerEvent(const PointerEvent& event);
 
-    /// A drag from another program, as `PanelWindowListener` has it.
-    void dragEntered(const std::vector<std::string>& urls);
+    /// A drag from another program, as `PanelWindowListener` has it. Tells whether it brings files.
+    bool dragEntered(const std::vector<std::string>& urls);
     bool dragMoved(Point at);
     void dragExited();
     bool dropped(Point at);
@@ -84,6 +84,7 @@ private:
 
     void invalidate();
     void layoutIfNeeded();
+    [[nodiscard]] bool canHold(const Press& press);
     [[nodiscard]] StripLayout::Request layoutRequest() const;
     [[nodiscard]] TileLook lookOf(const DockTile& tile, int index) const;
     [[nodiscard]] std::optional<std::string> labelText() const;
@@ -97,7 +98,7 @@ private:
     void tap(DockTile& tile);
     void requestMenu(const DockTile& tile, Point at);
 
-    void drag(Point p);
+    void drag(Press& press, Point p);
     /// Ends a drag; the tile goes home, or to where it was let go.
     void endDrag(bool isDropped);
     /// Where the dragged tile is and would go; nothing while none is dragged.

@@ -40,6 +40,7 @@ packages_desktop=(
     fonts-dejavu-core
     openbox
     picom
+    xfwm4
     xvfb
 )
 

@@ -19,6 +19,8 @@
 #include "Icons/ThemeIcons.hpp"
 #include "Icons/XSettings.hpp"
 #include "Panels/QtPanelWindows.hpp"
+#include "Pointer/XInputPointerTaps.hpp"
+#include "Windows/EwmhAccessibility.hpp"
 #include "X11/X11Connection.hpp"
 
 #include <cstdio>
@@ -73,6 +75,8 @@ struct HostPlatform::Parts {
     ThemeIcons icons{catalog, runningApplications, iconTheme(settings.texts)};
     RandrScreens screens{connection};
     QtPanelWindows panelWindows{connection, screens, widgetTheme(settings.texts)};
+    EwmhAccessibility accessibility{connection, runLoop, runningApplications, screens};
+    XInputPointerTaps pointerTaps{screens};
 };
 
 std::expected<std::unique_ptr<HostPlatform>, HostPlatform::Ended> HostPlatform::start() {
@@ -109,7 +113,9 @@ Platform HostPlatform::ports() {
             .screens = parts_->screens,
             .panelWindows = parts_->panelWindows,
             .pointerSettings = parts_->pointerSettings,
-            .motionSettings = parts_->motionSettings};
+            .motionSettings = parts_->motionSettings,
+            .accessibility = parts_->accessibility,
+            .pointerTaps = parts_->pointerTaps};
 }
 
 }

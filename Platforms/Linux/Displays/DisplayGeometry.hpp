@@ -7,6 +7,7 @@
 #include "X11/PixelRect.hpp"
 
 #include <cstdint>
+#include <span>
 
 namespace vireline::x11 {
 
@@ -37,6 +38,29 @@ namespace DisplayGeometry {
 /// Where a view lies, whose frame is given in points from its window's bottom-left corner, y
 /// upwards. `window` is the window's frame in global points.
 [[nodiscard]] PixelRect viewPixels(const Display& display, const Rect& window, const Rect& view);
+
+// Event space: points, origin at the primary display's top-left corner, y downwards. The displays
+// are those of one moment, the primary first; there is at least one.
+
+/// Between global and event space, both ways.
+[[nodiscard]] Rect flipped(const Rect& rect, std::span<const Display> displays);
+
+/// The display that shows this pixel, else the one nearest to it.
+[[nodiscard]] const Display& nearest(std::span<const Display> displays, int x, int y);
+
+/// The display that holds this point of event space, else the one nearest to it.
+[[nodiscard]] const Display& nearest(std::span<const Display> displays, Point event);
+
+/// Where a pixel lies: its top-left corner.
+[[nodiscard]] Point eventPoint(std::span<const Display> displays, int x, int y);
+
+/// The pixel that holds this point.
+[[nodiscard]] PixelPoint pixelAt(std::span<const Display> displays, Point event);
+
+/// What `toPoints` and `toPixels` do, in event space and on the display that holds, or is nearest
+/// to, the rectangle's centre.
+[[nodiscard]] Rect toEventSpace(std::span<const Display> displays, const PixelRect& pixels);
+[[nodiscard]] PixelRect toPixels(std::span<const Display> displays, const Rect& event);
 
 }
 }

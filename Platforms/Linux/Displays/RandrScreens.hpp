@@ -39,6 +39,11 @@ public:
     /// Where the display with this ID lies now; nothing if it is gone.
     [[nodiscard]] std::optional<Display> display(std::uint32_t displayID) const;
 
+    /// Where all displays lie now, in the order of `screens`.
+    [[nodiscard]] const std::vector<Display>& displays() const noexcept {
+        return snapshot_.displays;
+    }
+
     /// The screen that Qt takes that display for; null if it knows none of its name.
     [[nodiscard]] QScreen* qtScreen(std::uint32_t displayID) const;
 

@@ -1,33 +1,30 @@
 #include "Files/GioTrash.hpp"
 
 #include "GLib/GLibHandles.hpp"
+#include "GLib/Worker.hpp"
 
 #include <gio/gio.h>
 
-#include <memory>
+#include <string>
+#include <utility>
 
 namespace vireline::x11 {
 namespace {
 
-using Completion = std::function<void(Result<void>)>;
-
-void finish(GObject* source, GAsyncResult* result, gpointer data) {
-    const std::unique_ptr<Completion> done{static_cast<Completion*>(data)};
+Result<void> move(const std::string& path) {
+    const GObjectHandle<GFile> file{g_file_new_for_path(path.c_str())};
     GError* error = nullptr;
-    if (g_file_trash_finish(G_FILE(source), result, &error) != 0) {
-        (*done)({});
-        return;
-    }
+    if (g_file_trash(file.get(), nullptr, &error) != 0)
+        return {};
     const GErrorHandle owned{error};
-    (*done)(std::unexpected{PlatformError{owned->code, owned->message}});
+    return std::unexpected{PlatformError{owned->code, owned->message}};
 }
 
 }
 
-void GioTrash::moveToTrash(const FileURL& url, Completion done) {
-    const GObjectHandle<GFile> file{g_file_new_for_path(url.path().c_str())};
-    auto completion = std::make_unique<Completion>(std::move(done));
-    g_file_trash_async(file.get(), G_PRIORITY_DEFAULT, nullptr, finish, completion.release());
+// Even to make a GFile may take long: a path may turn out to be another machine's.
+void GioTrash::moveToTrash(const FileURL& url, std::function<void(Result<void>)> done) {
+    runInWorker<Result<void>>([path = url.path()] { return move(path); }, std::move(done));
 }
 
 }

@@ -6,14 +6,13 @@ namespace vireline::x11 {
 
 using Kind = PointerEvent::Kind;
 
-void PointerTracker::entered(Point position) {
+void PointerTracker::entered(Point position, bool isButtonHeld) {
+    if (isButtonHeld && !isPressed_)
+        return;
     isInDoubt_ = false;
     if (hasMenu_)
         return;
-    if (!isInside_) {
-        isInside_ = true;
-        listener_.mouseEntered();
-    }
+    enter();
     moved(position);
 }
 
@@ -31,7 +30,10 @@ void PointerTracker::moved(Point position) {
 }
 
 void PointerTracker::pressed(Point position) {
-    if (hasMenu_ || isPressed_ || !isOnView(position))
+    if (hasMenu_ || isPressed_)
+        return;
+    enter();
+    if (!isOnView(position))
         return;
     isPressed_ = true;
     send(Kind::pressed, position);
@@ -98,6 +100,12 @@ void PointerTracker::hidden() {
 
 void PointerTracker::send(Kind kind, Point position) {
     listener_.pointerEvent({kind, position});
+}
+
+void PointerTracker::enter() {
+    if (std::exchange(isInside_, true))
+        return;
+    listener_.mouseEntered();
 }
 
 void PointerTracker::hover(Point position) {

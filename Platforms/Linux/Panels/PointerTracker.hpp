@@ -22,7 +22,9 @@ public:
     /// The hosted view's size in points; positions beside it are in the window but not on the view.
     void setViewSize(Size size) { viewSize_ = size; }
 
-    void entered(Point position);
+    /// A pointer that comes with a button held is in the middle of something else, such as moving a
+    /// window. Where the button is let go here, there is word of it again.
+    void entered(Point position, bool isButtonHeld = false);
     void moved(Point position);
     void pressed(Point position);
     void secondaryPressed(Point position);
@@ -45,6 +47,7 @@ public:
 
 private:
     void send(PointerEvent::Kind kind, Point position = {});
+    void enter();
     void hover(Point position);
     void leave();
     [[nodiscard]] bool isOnView(Point position) const;

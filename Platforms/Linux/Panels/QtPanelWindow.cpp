@@ -4,6 +4,7 @@
 #include "Panels/Appearance.hpp"
 #include "Panels/DesktopWatch.hpp"
 #include "Panels/DockHints.hpp"
+#include "Panels/PointerQuery.hpp"
 #include "X11/X11Connection.hpp"
 
 #include <QEnterEvent>
@@ -114,6 +115,8 @@ void QtPanelWindow::orderFrontRegardless() {
 void QtPanelWindow::orderOut() {
     menu_.reset();
     setVisible(false);
+    if (drops_)
+        drops_->leave();
     if (sampler_)
         sampler_->stop();
     pointer_.hidden();
@@ -160,6 +163,7 @@ bool QtPanelWindow::event(QEvent* event) {
             QPlatformSurfaceEvent::SurfaceCreated) {
             surfaceCreated();
         } else {
+            drops_.reset();
             place_.reset();
             if (picture_)
                 scene_ = picture_->scene();
@@ -175,7 +179,8 @@ bool QtPanelWindow::event(QEvent* event) {
         break;
     case QEvent::Enter: {
         const QPointF position = static_cast<QEnterEvent*>(event)->position();
-        pointer_.entered(viewPosition(position));
+        const auto place = PointerQuery::place(context_.connection, window_);
+        pointer_.entered(viewPosition(position), place && place->isAnyHeld);
         break;
     }
     case QEvent::Leave:
@@ -189,6 +194,15 @@ bool QtPanelWindow::event(QEvent* event) {
         break;
     }
     return QWindow::event(event);
+}
+
+/// Of what the server sends to this window, before Qt sees it.
+bool QtPanelWindow::nativeEvent(const QByteArray& type, void* message, qintptr* /*result*/) {
+    if (type != "xcb_generic_event_t" || !drops_)
+        return false;
+    const auto& event = *static_cast<const xcb_generic_event_t*>(message);
+    return (event.response_type & 0x7fU) == XCB_CLIENT_MESSAGE &&
+           drops_->handle(reinterpret_cast<const xcb_client_message_event_t&>(event));
 }
 
 void QtPanelWindow::mouseMoveEvent(QMouseEvent* event) {
@@ -214,7 +228,8 @@ void QtPanelWindow::mousePressEvent(QMouseEvent* event) {
 
 void QtPanelWindow::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton)
-        pointer_.released(viewPosition(event->position()), takesPointer(event->position()));
+        pointer_.released(viewPosition(event->position()),
+                          takesPointer(event->position() * devicePixelRatio()));
 }
 
 /// Keys arrive only while a drag holds the keyboard.
@@ -229,6 +244,10 @@ void QtPanelWindow::surfaceCreated() {
     picture_->setScene(scene_);
     sampler_ = std::make_unique<PointerSampler>(context_, window_);
     place_ = std::make_unique<WindowPlace>(context_.connection, window_, displayID_);
+    drops_ =
+        std::make_unique<XdndTarget>(context_.connection, window_, listener_, [this](int x, int y) {
+            return mapping_.toView(QPointF(x, y) - QPointF(target_.x, target_.y));
+        });
     context_.connection.selectInput(window_,
                                     XCB_EVENT_MASK_EXPOSURE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     DockHints::apply(context_.connection, window_, displayID_);
@@ -286,8 +305,7 @@ Point QtPanelWindow::viewPosition(QPointF position) const {
     return mapping_.toView(position * devicePixelRatio());
 }
 
-bool QtPanelWindow::takesPointer(QPointF position) const {
-    const QPointF pixel = position * devicePixelRatio();
+bool QtPanelWindow::takesPointer(QPointF pixel) const {
     const int x = static_cast<int>(std::floor(pixel.x()));
     const int y = static_cast<int>(std::floor(pixel.y()));
     return picture_ && picture_->takesPointer(x, y);
@@ -296,21 +314,13 @@ bool QtPanelWindow::takesPointer(QPointF position) const {
 PointerTracker::Whereabouts QtPanelWindow::whereabouts() const {
     if (window_ == XCB_NONE)
         return {};
-    xcb_connection_t* const x = context_.connection.get();
-    const auto ownCookie = xcb_query_pointer(x, window_);
-    const auto rootCookie = xcb_query_pointer(x, context_.connection.root());
-    const auto treeCookie = xcb_query_tree(x, window_);
-    const Owned<xcb_query_pointer_reply_t> own{xcb_query_pointer_reply(x, ownCookie, nullptr)};
-    const Owned<xcb_query_pointer_reply_t> top{xcb_query_pointer_reply(x, rootCookie, nullptr)};
-    const Owned<xcb_query_tree_reply_t> tree{xcb_query_tree_reply(x, treeCookie, nullptr)};
-    if (!own || !top || !tree || own->same_screen == 0)
+    const auto place = PointerQuery::place(context_.connection, window_);
+    if (!place)
         return {};
-    // Another window may lie over this one there. A window manager that frames docks does so once.
-    const bool isTopmost = top->child == window_ || top->child == tree->parent;
-    const bool takes = picture_ && picture_->takesPointer(own->win_x, own->win_y);
-    return {.isOverWindow = isTopmost && takes,
-            .isPrimaryHeld = (own->mask & XCB_BUTTON_MASK_1) != 0,
-            .position = mapping_.toView(QPointF(own->win_x, own->win_y))};
+    const QPointF pixel(place->x, place->y);
+    return {.isOverWindow = place->isUncovered && takesPointer(pixel),
+            .isPrimaryHeld = place->isPrimaryHeld,
+            .position = mapping_.toView(pixel)};
 }
 
 /// Also looked at again for as long as somebody else holds the pointer.

@@ -5,6 +5,7 @@
 #include "Displays/DisplayGeometry.hpp"
 #include "Foundation/Lifetime.hpp"
 #include "Foundation/ScopedHandle.hpp"
+#include "Panels/Drops/XdndTarget.hpp"
 #include "Panels/FrameClock.hpp"
 #include "Panels/PanelContext.hpp"
 #include "Panels/PanelPicture.hpp"
@@ -46,6 +47,7 @@ public:
 
 private:
     bool event(QEvent* event) override;
+    bool nativeEvent(const QByteArray& type, void* message, qintptr* result) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -65,7 +67,7 @@ private:
     void samplePointer();
 
     [[nodiscard]] Point viewPosition(QPointF position) const;
-    [[nodiscard]] bool takesPointer(QPointF position) const;
+    [[nodiscard]] bool takesPointer(QPointF pixel) const;
     [[nodiscard]] PointerTracker::Whereabouts whereabouts() const;
     void pointerLeft();
     void menuClosed(std::optional<std::size_t> chosen, const MenuClosed& onClose);
@@ -90,6 +92,7 @@ private:
     std::unique_ptr<PanelPicture> picture_;
     std::unique_ptr<PointerSampler> sampler_;
     std::unique_ptr<WindowPlace> place_;
+    std::unique_ptr<XdndTarget> drops_;
     QTimer doubt_;
     std::unique_ptr<PopUpMenu> menu_;
     std::vector<Subscription> subscriptions_;

@@ -8,6 +8,13 @@
 
 namespace vireline::x11 {
 
+struct PixelPoint {
+    int x = 0;
+    int y = 0;
+
+    bool operator==(const PixelPoint&) const = default;
+};
+
 struct PixelRect {
     int x = 0;
     int y = 0;
@@ -16,6 +23,9 @@ struct PixelRect {
 
     [[nodiscard]] constexpr int right() const noexcept { return x + width; }
     [[nodiscard]] constexpr int bottom() const noexcept { return y + height; }
+    [[nodiscard]] constexpr PixelPoint center() const noexcept {
+        return {x + width / 2, y + height / 2};
+    }
     [[nodiscard]] constexpr bool isEmpty() const noexcept { return width <= 0 || height <= 0; }
 
     /// Pixels that both hold.
@@ -33,6 +43,10 @@ struct PixelRect {
 
     bool operator==(const PixelRect&) const = default;
 };
+
+inline std::ostream& operator<<(std::ostream& out, const PixelPoint& p) {
+    return out << '+' << p.x << '+' << p.y;
+}
 
 inline std::ostream& operator<<(std::ostream& out, const PixelRect& r) {
     return out << r.width << 'x' << r.height << (r.x < 0 ? "" : "+") << r.x << (r.y < 0 ? "" : "+")

@@ -4,13 +4,13 @@ namespace vireline::x11 {
 
 PropertyBatch::~PropertyBatch() {
     for (std::size_t i = replies_.size(); i < cookies_.size(); ++i)
-        xcb_discard_reply(connection_.get(), cookies_[i].sequence);
+        xcb_discard_reply(server_, cookies_[i].sequence);
 }
 
 std::size_t PropertyBatch::ask(xcb_window_t window, std::string_view property,
                                std::size_t maximumBytes) {
     const auto words = static_cast<std::uint32_t>((maximumBytes + 3) / 4);
-    cookies_.push_back(xcb_get_property(connection_.get(), 0, window, connection_.atom(property),
+    cookies_.push_back(xcb_get_property(server_, 0, window, connection_.atom(property),
                                         XCB_GET_PROPERTY_TYPE_ANY, 0, words));
     return cookies_.size() - 1;
 }
@@ -42,8 +42,11 @@ bool PropertyBatch::hasWindow(std::size_t request) {
 
 const xcb_get_property_reply_t* PropertyBatch::reply(std::size_t request) {
     while (replies_.size() <= request) {
-        replies_.emplace_back(
-            xcb_get_property_reply(connection_.get(), cookies_[replies_.size()], nullptr));
+        const auto cookie = cookies_[replies_.size()];
+        if (side_ != nullptr)
+            replies_.push_back(side_->reply<xcb_get_property_reply_t>(cookie, deadline_));
+        else
+            replies_.emplace_back(xcb_get_property_reply(server_, cookie, nullptr));
     }
     return replies_[request].get();
 }

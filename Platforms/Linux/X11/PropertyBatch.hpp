@@ -2,6 +2,7 @@
 /// vanished, a property that is missing and one of another kind all have no answer.
 #pragma once
 
+#include "X11/SideConnection.hpp"
 #include "X11/X11Connection.hpp"
 
 #include <cstddef>
@@ -14,7 +15,12 @@ namespace vireline::x11 {
 
 class PropertyBatch {
 public:
-    explicit PropertyBatch(const X11Connection& connection) : connection_(connection) {}
+    explicit PropertyBatch(const X11Connection& connection)
+        : connection_(connection), server_(connection.get()) {}
+    /// Asks on the side connection: what is not answered by the deadline has no answer.
+    PropertyBatch(const X11Connection& connection, SideConnection& side,
+                  SideConnection::Deadline deadline)
+        : connection_(connection), server_(side.get()), side_(&side), deadline_(deadline) {}
     PropertyBatch(const PropertyBatch&) = delete;
     PropertyBatch& operator=(const PropertyBatch&) = delete;
     PropertyBatch(PropertyBatch&&) = delete;
@@ -37,7 +43,11 @@ public:
 private:
     const xcb_get_property_reply_t* reply(std::size_t request);
 
+    /// Knows the atoms.
     const X11Connection& connection_;
+    xcb_connection_t* server_;
+    SideConnection* side_ = nullptr;
+    SideConnection::Deadline deadline_;
     std::vector<xcb_get_property_cookie_t> cookies_;
     /// Answers that were looked at so far.
     std::vector<Owned<xcb_get_property_reply_t>> replies_;

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <chrono>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
@@ -35,8 +36,13 @@ struct Options {
     int windows = 1;
     PixelRect frame{0, 0, 320, 200};
     bool isPlaced = false;
+    /// Where it moves its windows by itself, and how many milliseconds after it has shown them.
+    std::optional<PixelPoint> laterPlace;
+    int laterDelay = 0;
     std::uint32_t colour = 0xf0f0e8;
     std::string type = "NORMAL";
+    /// The desktop that its windows open on.
+    std::optional<std::uint32_t> desktop;
     std::optional<Strut> strut;
     std::optional<std::uint32_t> icon;
     /// Further text properties, by name.
@@ -82,6 +88,15 @@ Options parse(const std::vector<std::string>& arguments) {
              std::tie(options.frame.x, options.frame.y) = pair(value, ',');
              options.isPlaced = true;
          }},
+        {"--later",
+         [&](const auto& value) {
+             const auto colon = value.find(':');
+             options.laterDelay = number(value.substr(0, colon));
+             const auto [x, y] = pair(value.substr(colon + 1), ',');
+             options.laterPlace = PixelPoint{x, y};
+         }},
+        {"--desktop",
+         [&](const auto& value) { options.desktop = static_cast<std::uint32_t>(number(value)); }},
         {"--colour",
          [&](const auto& value) {
              options.colour = static_cast<std::uint32_t>(number(value, 16));
@@ -140,6 +155,7 @@ public:
         if (!startupID_.empty() && !options_.keepStartup)
             endStartup();
         client_.sync();
+        shown_ = std::chrono::steady_clock::now();
     }
 
     /// Until the last window is closed or the X server goes.
@@ -149,8 +165,8 @@ public:
             while (const auto event = client_.pollEvent())
                 handle(*event);
             xcb_flush(client_.get());
-            if (!windows_.empty())
-                poll(&readable, 1, -1);
+            if (!windows_.empty() && poll(&readable, 1, untilMove()) == 0)
+                moveByItself();
         }
     }
 
@@ -160,6 +176,27 @@ public:
     }
 
 private:
+    /// Milliseconds; for ever when there is nothing to be done.
+    [[nodiscard]] int untilMove() const {
+        using std::chrono::milliseconds;
+        if (!options_.laterPlace || hasMoved_)
+            return -1;
+        const auto due = shown_ + milliseconds{options_.laterDelay};
+        const auto left = std::chrono::ceil<milliseconds>(due - std::chrono::steady_clock::now());
+        return static_cast<int>(std::max<milliseconds::rep>(0, left.count()));
+    }
+
+    void moveByItself() {
+        hasMoved_ = true;
+        const auto word = [](int value) { return static_cast<std::uint32_t>(value); };
+        const std::array place{word(options_.laterPlace->x), word(options_.laterPlace->y)};
+        for (const xcb_window_t window : windows_) {
+            xcb_configure_window(client_.get(), window, XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y,
+                                 place.data());
+        }
+        record("moved by itself");
+    }
+
     void describe(xcb_window_t window) const {
         client_.setText(window, "WM_CLASS", "STRING",
                         options_.windowInstance + '\0' + options_.windowClass + '\0');
@@ -173,6 +210,8 @@ private:
             client_.setAtoms(window, "_NET_WM_STATE", {"_NET_WM_STATE_SKIP_TASKBAR"});
         if (!startupID_.empty())
             client_.setText(window, "_NET_STARTUP_ID", startupID_);
+        if (options_.desktop)
+            client_.setWords(window, "_NET_WM_DESKTOP", XCB_ATOM_CARDINAL, {*options_.desktop});
         if (options_.icon)
             setIcon(window, *options_.icon);
         if (options_.isPlaced)
@@ -306,6 +345,8 @@ private:
     XClient client_;
     std::string startupID_;
     std::vector<xcb_window_t> windows_;
+    std::chrono::steady_clock::time_point shown_;
+    bool hasMoved_ = false;
 };
 
 int run(const std::vector<std::string>& arguments) {

@@ -33,6 +33,19 @@ constexpr std::string_view windowManagerConfiguration = R"(<?xml version="1.0"?>
 </openbox_config>
 )";
 
+/// The same for the other one, which keeps its settings with a service of its own.
+constexpr std::string_view xfwm4Configuration = R"(<?xml version="1.0" encoding="UTF-8"?>
+<channel name="xfwm4" version="1.0">
+  <property name="general" type="empty">
+    <property name="click_to_focus" type="bool" value="true"/>
+    <property name="focus_new" type="bool" value="true"/>
+    <property name="use_compositing" type="bool" value="false"/>
+    <property name="placement_ratio" type="int" value="100"/>
+    <property name="workspace_count" type="int" value="2"/>
+  </property>
+</channel>
+)";
+
 /// The options' tallest screen that still holds all monitors.
 XServer::Options serverOptions(const VirtualDesktop::Options& options, const Home& home) {
     XServer::Options server{options.width, options.height, options.randr,
@@ -107,7 +120,8 @@ VirtualDesktop::VirtualDesktop(Programs programs, const Options& options)
     : programs_(std::move(programs))
     , home_(programs_.testApp)
     , server_(serverOptions(options, home_))
-    , client_(std::make_unique<XClient>(server_.display())) {
+    , client_(std::make_unique<XClient>(server_.display()))
+    , manager_(options.manager) {
     displays_.scales = options.scales;
     environment_ = home_.environment();
     environment_["DISPLAY"] = server_.display();
@@ -146,20 +160,57 @@ Environment VirtualDesktop::sessionEnvironment() const {
     return environment;
 }
 
-void VirtualDesktop::startSessionBus() {
-    const auto socket = home_.scratch() / "bus";
+std::string VirtualDesktop::startBus(std::optional<ChildProcess>& bus, const fs::path& socket,
+                                     const Environment& environment) {
     const std::string address = "unix:path=" + socket.string();
-    bus_.emplace(Command{"dbus-daemon",
-                         {"--session", "--nofork", "--nopidfile", "--address=" + address},
-                         environment_,
-                         {},
-                         home_.scratch() / "bus.log",
-                         {}});
+    bus.emplace(Command{"dbus-daemon",
+                        {"--session", "--nofork", "--nopidfile", "--address=" + address},
+                        environment,
+                        {},
+                        socket.string() + ".log",
+                        {}});
     require(eventually([&] { return fs::exists(socket); }), "the session bus");
-    environment_["DBUS_SESSION_BUS_ADDRESS"] = address;
+    return address;
+}
+
+void VirtualDesktop::startSessionBus() {
+    environment_["DBUS_SESSION_BUS_ADDRESS"] =
+        startBus(bus_, home_.scratch() / "bus", environment_);
 }
 
 void VirtualDesktop::startWindowManager() {
+    if (manager_ == Manager::openbox)
+        startOpenbox();
+    else
+        startXfwm4();
+    require(eventually([&] { return hasWindowManager(*client_); }) && managesWindows(*client_),
+            "the window manager");
+}
+
+/// With a bus of its own, so that the program meets no more of a session than it is given.
+void VirtualDesktop::startXfwm4() {
+    const auto settings = home_.scratch() / "xfwm4";
+    writeFile(settings / "xfce4/xfconf/xfce-perchannel-xml/xfwm4.xml", xfwm4Configuration);
+    Environment environment = sessionEnvironment();
+    environment["XDG_CONFIG_HOME"] = settings.string();
+    environment["NO_AT_BRIDGE"] = "1";
+    if (!managerBus_) {
+        environment["DBUS_SESSION_BUS_ADDRESS"] =
+            startBus(managerBus_, home_.scratch() / "manager-bus", environment);
+    } else {
+        environment["DBUS_SESSION_BUS_ADDRESS"] =
+            "unix:path=" + (home_.scratch() / "manager-bus").string();
+    }
+    environment["LD_PRELOAD"] = programs_.monitorOutputs.string();
+    windowManager_.emplace(Command{"xfwm4",
+                                   {"--compositor=off"},
+                                   environment,
+                                   {},
+                                   home_.scratch() / "window-manager.log",
+                                   {}});
+}
+
+void VirtualDesktop::startOpenbox() {
     const auto configuration = home_.scratch() / "openbox.xml";
     writeFile(configuration, windowManagerConfiguration);
     windowManager_.emplace(Command{"openbox",
@@ -168,8 +219,6 @@ void VirtualDesktop::startWindowManager() {
                                    {},
                                    home_.scratch() / "window-manager.log",
                                    {}});
-    require(eventually([&] { return hasWindowManager(*client_); }) && managesWindows(*client_),
-            "the window manager");
 }
 
 void VirtualDesktop::startCompositor() {

@@ -29,22 +29,27 @@ struct Programs {
     std::filesystem::path vireline;
     std::filesystem::path testApp;
     std::filesystem::path fileManager;
+    /// Loaded into window managers that need an output for each monitor.
+    std::filesystem::path monitorOutputs{}; // NOLINT(readability-redundant-member-init)
 };
 
 class VirtualDesktop {
 public:
+    /// Two of different kinds: each has its own idea of frames, gravities and focus.
+    enum class Manager : std::uint8_t { openbox, xfwm4 };
+
     struct Options {
         /// The first is primary. None leaves the server's own single display.
-        std::vector<Monitor>
-            monitors{}; // NOLINT(readability-redundant-member-init): GCC warns without
+        std::vector<Monitor> monitors{};
         bool windowManager = true;
+        Manager manager = Manager::openbox;
         bool compositor = false;
         bool sessionBus = false;
         bool randr = true;
         /// Whether the apps installed on this computer are there besides the home's own.
         bool installedApps = false;
         /// Pixels per point of monitors where it is not 1.
-        std::map<std::string, double> scales{}; // NOLINT(readability-redundant-member-init)
+        std::map<std::string, double> scales{};
         /// The X screen, which holds all monitors that a test will attach.
         int width = 4096;
         int height = 2304;
@@ -120,7 +125,13 @@ public:
 
 private:
     [[nodiscard]] Environment sessionEnvironment() const;
+    /// A bus at `socket` for programs with this environment; its address.
+    [[nodiscard]] static std::string startBus(std::optional<ChildProcess>& bus,
+                                              const std::filesystem::path& socket,
+                                              const Environment& environment);
     void startSessionBus();
+    void startOpenbox();
+    void startXfwm4();
 
     Programs programs_;
     Home home_;
@@ -128,7 +139,9 @@ private:
     std::unique_ptr<XClient> client_;
     Displays displays_;
     Environment environment_;
+    Manager manager_;
     std::optional<ChildProcess> bus_;
+    std::optional<ChildProcess> managerBus_;
     std::optional<ChildProcess> windowManager_;
     std::optional<ChildProcess> compositor_;
     std::list<ChildProcess> panels_;

@@ -55,6 +55,7 @@ ClientList::ClientList(X11Connection& connection, RunLoop& runLoop)
         lifetime_.guard([this](const xcb_generic_event_t& event) { handle(event); }));
     refresh();
     seedActivations();
+    hasStarted_ = true;
 }
 
 void ClientList::handle(const xcb_generic_event_t& event) {
@@ -191,8 +192,12 @@ void ClientList::learn(const std::vector<xcb_window_t>& listed) {
     for (auto& window : reader_.read(wanted)) {
         if (!window)
             continue;
-        auto& known = known_[window->id];
+        const auto [entry, isNew] = known_.try_emplace(window->id);
+        Known& known = entry->second;
         window->lastActive = known.window.lastActive;
+        window->appeared = known.window.appeared;
+        if (isNew && hasStarted_)
+            window->appeared = runLoop_.now();
         if (window->id == active_ && window->lastActive == 0)
             window->lastActive = ++activations_;
         known.isOwn = window->processIdentifier == getpid();

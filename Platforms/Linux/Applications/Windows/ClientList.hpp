@@ -70,6 +70,7 @@ private:
     bool isManaged_ = true;
     /// When the list was first seen to lack windows that are still shown.
     std::optional<double> handOverSince_;
+    bool hasStarted_ = false;
     Timer refresh_;
     bool isRefreshDue_ = false;
     Timer handOver_;

@@ -18,12 +18,16 @@ struct ClientWindow {
     /// Whether it is a normal window or a dialog that asks for a place in taskbars: one that makes
     /// its program a running app.
     bool isOrdinary = false;
+    /// Whether it is there for another window's or its program's sake, rather than for its own.
+    bool isDialog = false;
     /// Iconified or otherwise not shown.
     bool isHidden = false;
     /// Nothing for a window that is on every desktop or does not say.
     std::optional<std::uint32_t> desktop;
     /// When it was active last, on a clock of its own; greater is later, 0 is never.
     std::uint64_t lastActive = 0;
+    /// When it was first listed, on the run loop's clock; nothing for one that was there before.
+    std::optional<double> appeared;
 
     [[nodiscard]] bool isOnDesktop(std::uint32_t wanted) const noexcept {
         return desktop.value_or(wanted) == wanted;

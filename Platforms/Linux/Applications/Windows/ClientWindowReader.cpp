@@ -14,10 +14,10 @@
 namespace vireline::x11 {
 namespace {
 
-constexpr std::array<std::string_view, 10> windowProperties{
+constexpr std::array<std::string_view, 11> windowProperties{
     "WM_CLASS",      "_GTK_APPLICATION_ID", "_KDE_NET_WM_DESKTOP_FILE", "_NET_STARTUP_ID",
     "_NET_WM_PID",   "WM_CLIENT_MACHINE",   "WM_CLIENT_LEADER",         "_NET_WM_WINDOW_TYPE",
-    "_NET_WM_STATE", "_NET_WM_DESKTOP"};
+    "_NET_WM_STATE", "_NET_WM_DESKTOP",     "WM_TRANSIENT_FOR"};
 
 constexpr std::array<std::string_view, 2> states{"_NET_WM_STATE_SKIP_TASKBAR",
                                                  "_NET_WM_STATE_HIDDEN"};
@@ -31,7 +31,6 @@ constexpr std::array<std::string_view, 14> types{
     "_NET_WM_WINDOW_TYPE_DROPDOWN_MENU", "_NET_WM_WINDOW_TYPE_POPUP_MENU",
     "_NET_WM_WINDOW_TYPE_TOOLTIP",       "_NET_WM_WINDOW_TYPE_NOTIFICATION",
     "_NET_WM_WINDOW_TYPE_COMBO",         "_NET_WM_WINDOW_TYPE_DND"};
-constexpr std::size_t ordinaryTypes = 2;
 
 constexpr std::size_t maximumTextBytes = 1024;
 constexpr std::size_t maximumAtomBytes = 256;
@@ -71,7 +70,7 @@ std::int32_t ownerIn(xcb_res_query_client_ids_reply_t& reply) {
 struct ClientWindowReader::Requests {
     xcb_window_t window;
     std::size_t wmClass, gtkID, kdeFile, startupID, processID, machine, leader, type, state,
-        desktop;
+        desktop, transientFor;
     std::optional<xcb_res_query_client_ids_cookie_t> owner;
 };
 
@@ -124,6 +123,7 @@ ClientWindowReader::Requests ClientWindowReader::ask(PropertyBatch& batch,
                       .type = words("_NET_WM_WINDOW_TYPE"),
                       .state = words("_NET_WM_STATE"),
                       .desktop = words("_NET_WM_DESKTOP"),
+                      .transientFor = words("WM_TRANSIENT_FOR"),
                       .owner = std::nullopt};
     if (hasResourceExtension_) {
         const xcb_res_client_id_spec_t spec{.client = window,
@@ -145,7 +145,10 @@ std::optional<ClientWindow> ClientWindowReader::collect(PropertyBatch& batch,
     window.traits.kdeDesktopFile =
         PlainText::clean(batch.bytes(requests.kdeFile), maximumTextBytes);
     window.traits.startupID = PlainText::clean(batch.bytes(requests.startupID), maximumTextBytes);
-    window.isOrdinary = isOrdinary(batch, requests);
+    const Kind windowKind = kind(batch, requests);
+    window.isOrdinary =
+        windowKind != Kind::other && !hasState(batch, requests, "_NET_WM_STATE_SKIP_TASKBAR");
+    window.isDialog = windowKind == Kind::dialog;
     window.isHidden = hasState(batch, requests, "_NET_WM_STATE_HIDDEN");
     window.desktop = batch.word(requests.desktop, XCB_ATOM_CARDINAL);
     if (window.desktop == allDesktops)
@@ -159,19 +162,20 @@ bool ClientWindowReader::hasState(PropertyBatch& batch, const Requests& requests
     return std::ranges::find(states, connection_.atom(state)) != states.end();
 }
 
-bool ClientWindowReader::isOrdinary(PropertyBatch& batch, const Requests& requests) const {
-    if (hasState(batch, requests, "_NET_WM_STATE_SKIP_TASKBAR"))
-        return false;
+ClientWindowReader::Kind ClientWindowReader::kind(PropertyBatch& batch,
+                                                  const Requests& requests) const {
     // A window lists the types that it could pass for, the best first; of those it may have made up
     // itself nothing is known.
     for (const xcb_atom_t type : batch.words(requests.type, XCB_ATOM_ATOM)) {
         const auto known = std::ranges::find_if(
             types, [this, type](std::string_view name) { return connection_.atom(name) == type; });
+        if (known == types.begin())
+            return Kind::normal;
         if (known != types.end())
-            return known < types.begin() + ordinaryTypes;
+            return known == types.begin() + 1 ? Kind::dialog : Kind::other;
     }
-    // A window without a type is a normal one, or a dialog if it is transient: both count.
-    return true;
+    const auto owner = batch.word(requests.transientFor, XCB_ATOM_WINDOW);
+    return owner.value_or(XCB_NONE) == XCB_NONE ? Kind::normal : Kind::dialog;
 }
 
 std::int32_t ClientWindowReader::process(PropertyBatch& batch, const Requests& requests) const {

@@ -33,7 +33,9 @@ private:
                                                       const Requests& requests) const;
     [[nodiscard]] bool hasState(PropertyBatch& batch, const Requests& requests,
                                 std::string_view state) const;
-    [[nodiscard]] bool isOrdinary(PropertyBatch& batch, const Requests& requests) const;
+    /// A window without a known type is a normal one, or a dialog if it belongs to another window.
+    enum class Kind { normal, dialog, other };
+    [[nodiscard]] Kind kind(PropertyBatch& batch, const Requests& requests) const;
     [[nodiscard]] std::int32_t process(PropertyBatch& batch, const Requests& requests) const;
     void completeStartupIDs(PropertyBatch& batch, std::span<const Requests> requests,
                             std::span<std::optional<ClientWindow>> windows) const;

@@ -1,0 +1,223 @@
+#include "Panels/Drops/XdndTarget.hpp"
+
+#include "App/DevLog.hpp"
+#include "Panels/Drops/DroppedText.hpp"
+#include "X11/X11Connection.hpp"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <span>
+#include <string>
+#include <utility>
+
+namespace vireline::x11 {
+namespace {
+
+constexpr std::uint32_t oldestVersion = 3;
+constexpr std::uint32_t version = 5;
+constexpr xcb_atom_t noAction = XCB_ATOM_NONE;
+
+/// A transfer that was given up may still be answered: the next one uses another property.
+constexpr std::array<std::string_view, 4> properties{"_VIRELINE_DROP_0", "_VIRELINE_DROP_1",
+                                                     "_VIRELINE_DROP_2", "_VIRELINE_DROP_3"};
+
+constexpr std::array<std::string_view, 9> names{
+    "XdndAware",      "XdndEnter",      "XdndPosition",  "XdndLeave",      "XdndDrop",
+    "XdndActionCopy", "XdndActionMove", "XdndActionAsk", "XdndActionList",
+};
+
+std::string hostName() {
+    std::array<char, 256> name{};
+    return gethostname(name.data(), name.size() - 1) == 0 ? name.data() : "";
+}
+
+bool isThere(const X11Connection& connection, xcb_window_t window) {
+    const Owned<xcb_get_geometry_reply_t> geometry{xcb_get_geometry_reply(
+        connection.get(), xcb_get_geometry(connection.get(), window), nullptr)};
+    return geometry != nullptr;
+}
+
+}
+
+XdndTarget::XdndTarget(X11Connection& connection, xcb_window_t window,
+                       PanelWindowListener& listener, ViewPoint viewPoint)
+    : connection_(connection)
+    , window_(window)
+    , listener_(listener)
+    , viewPoint_(std::move(viewPoint)) {
+    connection_.intern(names);
+    connection_.intern(DroppedText::formats);
+    connection_.intern(properties);
+    connection_.selectInput(window_, XCB_EVENT_MASK_PROPERTY_CHANGE);
+    connection_.setWords(window_, "XdndAware", XCB_ATOM_ATOM, std::array{version});
+}
+
+XdndTarget::~XdndTarget() {
+    leave();
+}
+
+bool XdndTarget::handle(const xcb_client_message_event_t& message) {
+    if (message.format != 32)
+        return false;
+    const auto is = [&](std::string_view name) { return message.type == connection_.atom(name); };
+    if (is("XdndEnter")) {
+        enter(message);
+    } else if (is("XdndPosition")) {
+        if (isFromSource(message))
+            move(message);
+    } else if (is("XdndLeave")) {
+        if (isFromSource(message))
+            leave();
+    } else if (is("XdndDrop")) {
+        if (isFromSource(message))
+            drop();
+    } else {
+        return false;
+    }
+    return true;
+}
+
+bool XdndTarget::isFromSource(const xcb_client_message_event_t& message) const {
+    return drag_ && message.data.data32[0] == drag_->source;
+}
+
+void XdndTarget::enter(const xcb_client_message_event_t& message) {
+    leave();
+    const xcb_window_t source = message.data.data32[0];
+    const std::uint32_t spoken = message.data.data32[1] >> 24U;
+    if (spoken < oldestVersion || spoken > version)
+        return;
+    // Its end is the drag's. Asked first, looked at then, so that no end falls between.
+    connection_.selectInput(source, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+    if (!isThere(connection_, source))
+        return;
+    sourceEvents_ = connection_.observe([this, source](const xcb_generic_event_t& event) {
+        if ((event.response_type & 0x7fU) == XCB_DESTROY_NOTIFY &&
+            reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window == source)
+            leave();
+    });
+    drag_ = Drag{.source = source,
+                 .format = bestFormat(message),
+                 .actions = connection_.atoms(source, "XdndActionList")};
+    if (drag_->format.empty())
+        drag_->content = Content::refused;
+}
+
+std::string_view XdndTarget::bestFormat(const xcb_client_message_event_t& message) const {
+    const bool hasMore = (message.data.data32[1] & 1U) != 0;
+    const auto offered =
+        hasMore ? connection_.atoms(message.data.data32[0], "XdndTypeList")
+                : std::vector<xcb_atom_t>(message.data.data32 + 2, message.data.data32 + 5);
+    for (const std::string_view format : DroppedText::formats) {
+        if (std::ranges::find(offered, connection_.atom(format)) != offered.end())
+            return format;
+    }
+    return {};
+}
+
+void XdndTarget::move(const xcb_client_message_event_t& message) {
+    const std::uint32_t place = message.data.data32[2];
+    drag_->x = static_cast<std::int16_t>(place >> 16U);
+    drag_->y = static_cast<std::int16_t>(place & 0xffffU);
+    drag_->action = message.data.data32[4];
+    drag_->owesStatus = true;
+    if (drag_->content == Content::unasked)
+        ask(message.data.data32[3]);
+    else if (drag_->content != Content::asked)
+        sendStatus();
+}
+
+/// What is dragged is asked for at the first position, which has the time that the source knows its
+/// drag by.
+void XdndTarget::ask(xcb_timestamp_t time) {
+    drag_->content = Content::asked;
+    const auto property = properties.at(transfers_++ % properties.size());
+    transfer_ = std::make_unique<SelectionTransfer>(
+        connection_,
+        SelectionTransfer::Request{.requestor = window_,
+                                   .selection = connection_.atom("XdndSelection"),
+                                   .target = connection_.atom(drag_->format),
+                                   .property = connection_.atom(property),
+                                   .time = time},
+        [this](const Result<std::string>& content) { answered(content); });
+}
+
+void XdndTarget::answered(const Result<std::string>& content) {
+    if (content) {
+        drag_->content = Content::told;
+        listener_.dragEntered(DroppedText::urls(drag_->format, *content, hostName()));
+    } else {
+        drag_->content = Content::refused;
+        DevLog::write("drag refused: " + content.error().description);
+    }
+    if (drag_->owesFinish)
+        finish();
+    else if (drag_->owesStatus)
+        sendStatus();
+}
+
+void XdndTarget::sendStatus() {
+    constexpr std::uint32_t accepts = 1;
+    constexpr std::uint32_t wantsEveryPosition = 2;
+    drag_->owesStatus = false;
+    const bool canDrop = drag_->content == Content::told && listener_.dragMoved(at());
+    connection_.sendToWindow(
+        drag_->source, "XdndStatus",
+        std::array<std::uint32_t, 5>{window_, wantsEveryPosition | (canDrop ? accepts : 0), 0, 0,
+                                     canDrop ? chosenAction() : noAction});
+    connection_.flush();
+}
+
+/// A target may always answer that it copies. What the source insists on instead, though, is left
+/// to it: it may have reasons.
+xcb_atom_t XdndTarget::chosenAction() const {
+    const xcb_atom_t copy = connection_.atom("XdndActionCopy");
+    const xcb_atom_t move = connection_.atom("XdndActionMove");
+    const xcb_atom_t ask = connection_.atom("XdndActionAsk");
+    const auto offers = [this](xcb_atom_t action) {
+        return std::ranges::find(drag_->actions, action) != drag_->actions.end();
+    };
+    if (drag_->action == copy || offers(copy))
+        return copy;
+    if (drag_->action == move || (drag_->action == ask && offers(move)))
+        return move;
+    return drag_->action == ask && !drag_->actions.empty() ? ask : copy;
+}
+
+void XdndTarget::leave() {
+    transfer_.reset();
+    sourceEvents_.reset();
+    const auto drag = std::exchange(drag_, std::nullopt);
+    if (drag && drag->content == Content::told)
+        listener_.dragExited();
+}
+
+void XdndTarget::drop() {
+    // Nobody waits for a status any more.
+    drag_->owesStatus = false;
+    if (drag_->content == Content::asked) {
+        drag_->owesFinish = true;
+    } else {
+        finish();
+    }
+}
+
+void XdndTarget::finish() {
+    const Drag drag = *drag_;
+    const xcb_atom_t action = chosenAction();
+    const Point place = at();
+    // The listener hears of the drop instead of a leave, and what it does may end this.
+    drag_->content = Content::refused;
+    leave();
+    const X11Connection& connection = connection_;
+    const xcb_window_t window = window_;
+    const bool isTaken = drag.content == Content::told && listener_.dropped(place);
+    connection.sendToWindow(
+        drag.source, "XdndFinished",
+        std::array<std::uint32_t, 3>{window, isTaken ? 1U : 0U, isTaken ? action : noAction});
+    connection.flush();
+}
+
+}

@@ -1,0 +1,131 @@
+#include "Pointer/XInputPointerTaps.hpp"
+
+#include "Displays/DisplayGeometry.hpp"
+#include "Displays/RandrScreens.hpp"
+#include "X11/SideConnection.hpp"
+
+#include <xcb/xinput.h>
+
+#include <cerrno>
+#include <cstddef>
+#include <set>
+#include <span>
+#include <utility>
+
+namespace vireline::x11 {
+namespace {
+
+/// How long the server may take to say where the pointer is; seconds.
+constexpr double querySeconds = 0.05;
+constexpr double creationSeconds = 0.5;
+
+/// Of the protocol's numbers with 16 bits behind the point.
+constexpr int fixedOne = 1 << 16;
+
+/// Bits of the buttons held, the first button's being bit 1.
+constexpr std::uint32_t leftButton = 1U << XCB_BUTTON_INDEX_1;
+constexpr std::uint32_t otherButtons = 1U << XCB_BUTTON_INDEX_2 | 1U << XCB_BUTTON_INDEX_3;
+
+std::uint32_t buttonsHeld(const xcb_input_xi_query_pointer_reply_t& reply) {
+    return reply.buttons_len > 0 ? *xcb_input_xi_query_pointer_buttons(&reply) : 0;
+}
+
+/// Nothing for a move with another button than the left one.
+std::optional<PointerTapEvent::Kind> kindOfMove(std::uint32_t buttons) {
+    if ((buttons & leftButton) != 0)
+        return PointerTapEvent::Kind::leftMouseDragged;
+    if ((buttons & otherButtons) != 0)
+        return std::nullopt;
+    return PointerTapEvent::Kind::mouseMoved;
+}
+
+/// Since 2.1, raw motion is announced also while another program has grabbed the pointer.
+bool hasRawMotion(SideConnection& connection) {
+    const auto* const extension = xcb_get_extension_data(connection.get(), &xcb_input_id);
+    if (extension == nullptr || extension->present == 0)
+        return false;
+    constexpr std::uint16_t major = 2;
+    constexpr std::uint16_t minor = 1;
+    const auto reply = connection.reply<xcb_input_xi_query_version_reply_t>(
+        xcb_input_xi_query_version(connection.get(), major, minor),
+        SideConnection::in(creationSeconds));
+    return reply && (reply->major_version > major ||
+                     (reply->major_version == major && reply->minor_version >= minor));
+}
+
+class RawMotionTap final : public PointerTap {
+public:
+    RawMotionTap(std::unique_ptr<SideConnection> connection, const RandrScreens& screens,
+                 PointerTaps::Callback callback)
+        : screens_(screens)
+        , callback_(std::move(callback))
+        , inputExtension_(xcb_get_extension_data(connection->get(), &xcb_input_id)->major_opcode)
+        , connection_(std::move(connection)) {
+        connection_->onEvent = [this](const xcb_generic_event_t& event) { noteMotion(event); };
+        connection_->onRest = [this] { passMotion(); };
+    }
+
+    void setEnabled(bool isEnabled) override {
+        struct {
+            xcb_input_event_mask_t head;
+            std::uint32_t mask;
+        } const selection{{XCB_INPUT_DEVICE_ALL_MASTER, 1},
+                          isEnabled ? std::uint32_t{XCB_INPUT_XI_EVENT_MASK_RAW_MOTION} : 0U};
+        xcb_input_xi_select_events(connection_->get(), connection_->root(), 1, &selection.head);
+        connection_->flush();
+    }
+
+private:
+    void noteMotion(const xcb_generic_event_t& event) {
+        if (event.response_type != XCB_GE_GENERIC)
+            return;
+        const auto& motion = reinterpret_cast<const xcb_input_raw_motion_event_t&>(event);
+        if (motion.extension == inputExtension_ && motion.event_type == XCB_INPUT_RAW_MOTION)
+            moved_.insert(motion.deviceid);
+    }
+
+    /// However many moves came together, where the pointer is now is what counts.
+    void passMotion() {
+        for (const xcb_input_device_id_t pointer : std::exchange(moved_, {}))
+            pass(pointer);
+    }
+
+    void pass(xcb_input_device_id_t pointer) {
+        const auto reply = connection_->reply<xcb_input_xi_query_pointer_reply_t>(
+            xcb_input_xi_query_pointer(connection_->get(), connection_->root(), pointer),
+            SideConnection::in(querySeconds));
+        const std::span<const Display> displays{screens_.displays()};
+        const auto kind = reply ? kindOfMove(buttonsHeld(*reply)) : std::nullopt;
+        if (!kind || displays.empty())
+            return;
+        const PixelPoint now{reply->root_x >> 16, reply->root_y >> 16};
+        const auto wanted = callback_({*kind, DisplayGeometry::eventPoint(displays, now.x, now.y)});
+        if (!wanted)
+            return;
+        const PixelPoint pixel = DisplayGeometry::pixelAt(displays, *wanted);
+        if (pixel == now)
+            return;
+        xcb_input_xi_warp_pointer(connection_->get(), XCB_NONE, connection_->root(), 0, 0, 0, 0,
+                                  pixel.x * fixedOne, pixel.y * fixedOne, pointer);
+        connection_->flush();
+    }
+
+    const RandrScreens& screens_;
+    PointerTaps::Callback callback_;
+    std::uint8_t inputExtension_;
+    std::set<xcb_input_device_id_t> moved_;
+    std::unique_ptr<SideConnection> connection_;
+};
+
+}
+
+Result<std::unique_ptr<PointerTap>> XInputPointerTaps::create(Callback callback) {
+    auto connection = SideConnection::open();
+    if (!connection)
+        return std::unexpected{connection.error()};
+    if (!hasRawMotion(**connection))
+        return std::unexpected{PlatformError{ENOTSUP, "the X server has no XInput 2.1"}};
+    return std::make_unique<RawMotionTap>(*std::move(connection), screens_, std::move(callback));
+}
+
+}

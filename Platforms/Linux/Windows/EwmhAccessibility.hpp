@@ -1,0 +1,70 @@
+/// Other programs' windows, moved by asking the window manager as pagers and taskbars do (EWMH).
+/// The permission is there exactly while a window manager runs that can be asked.
+#pragma once
+
+#include "Applications/Windows/ClientWindow.hpp"
+#include "Platform/Accessibility.hpp"
+#include "Windows/WindowKeeper.hpp"
+#include "Windows/WindowReader.hpp"
+#include "X11/SideConnection.hpp"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vireline::x11 {
+
+class EwmhRunningApplications;
+class RandrScreens;
+
+class EwmhAccessibility final : public Accessibility {
+public:
+    EwmhAccessibility(const X11Connection& connection, RunLoop& runLoop,
+                      const EwmhRunningApplications& applications, const RandrScreens& screens);
+    EwmhAccessibility(const EwmhAccessibility&) = delete;
+    EwmhAccessibility& operator=(const EwmhAccessibility&) = delete;
+    EwmhAccessibility(EwmhAccessibility&&) = delete;
+    EwmhAccessibility& operator=(EwmhAccessibility&&) = delete;
+    ~EwmhAccessibility() override = default;
+
+    [[nodiscard]] bool isTrusted() const override;
+    /// There is nobody to ask: another window manager is what it takes.
+    bool isTrustedWithPrompt() override { return isTrusted(); }
+
+    [[nodiscard]] ElementHandle application(std::int32_t processIdentifier,
+                                            const std::string& bundleID) override;
+    void setMessagingTimeout(AccessibilityElement& element, float seconds) override;
+    [[nodiscard]] Result<ElementHandle> mainWindow(AccessibilityElement& application) override;
+    [[nodiscard]] Result<std::vector<ElementHandle>>
+    windows(AccessibilityElement& application) override;
+    [[nodiscard]] Result<Point> position(AccessibilityElement& window) override;
+    Result<void> setPosition(AccessibilityElement& window, Point position) override;
+    [[nodiscard]] Result<Size> size(AccessibilityElement& window) override;
+    Result<void> setSize(AccessibilityElement& window, Size size) override;
+
+private:
+    struct AppElement;
+    struct WindowElement;
+
+    /// Exists if the server let us in, and then for good.
+    struct Access {
+        Access(std::unique_ptr<SideConnection> opened, const X11Connection& connection,
+               RunLoop& runLoop, const RandrScreens& screens);
+
+        std::unique_ptr<SideConnection> side;
+        WindowReader reader;
+        WindowKeeper keeper;
+    };
+
+    [[nodiscard]] std::vector<ClientWindow> windowsOf(const AppElement& application) const;
+    [[nodiscard]] Result<WindowSnapshot> look(const WindowElement& window) const;
+    [[nodiscard]] Result<Rect> frame(const WindowElement& window) const;
+    [[nodiscard]] Rect frame(const WindowSnapshot& snapshot) const;
+    void send(const WindowElement& window, const WindowSnapshot& now, const WindowGoal& goal);
+
+    const EwmhRunningApplications& applications_;
+    const RandrScreens& screens_;
+    std::unique_ptr<Access> access_;
+};
+
+}

@@ -1,0 +1,80 @@
+/// Sends windows where they were asked to be, and sees to it that they get there: window managers
+/// answer later and each in its way, and programs that have just started move their windows once
+/// more. Works by events alone.
+#pragma once
+
+#include "Displays/DisplayGeometry.hpp"
+#include "Foundation/Lifetime.hpp"
+#include "Foundation/ScopedHandle.hpp"
+#include "Windows/WindowGoal.hpp"
+#include "Windows/WindowReader.hpp"
+#include "X11/SideConnection.hpp"
+#include "X11/X11Connection.hpp"
+
+#include <xcb/xproto.h>
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <set>
+#include <span>
+
+namespace vireline {
+class RunLoop;
+}
+
+namespace vireline::x11 {
+
+class WindowKeeper {
+public:
+    using Displays = std::function<std::span<const Display>()>;
+
+    /// Requests go out on `connection`, in order with all others of this program; `side` hears what
+    /// becomes of them.
+    WindowKeeper(const X11Connection& connection, SideConnection& side, RunLoop& runLoop,
+                 Displays displays);
+    WindowKeeper(const WindowKeeper&) = delete;
+    WindowKeeper& operator=(const WindowKeeper&) = delete;
+    WindowKeeper(WindowKeeper&&) = delete;
+    WindowKeeper& operator=(WindowKeeper&&) = delete;
+    ~WindowKeeper() = default;
+
+    /// Makes the window one that can be seen and moved, and sends it to its goal. Until it has had
+    /// time to get there it is corrected; until `keptUntil`, a time of the run loop's clock, it is
+    /// brought back when it goes to another display by itself, and not by the user's hand.
+    void send(xcb_window_t window, const WindowSnapshot& now, const WindowGoal& goal,
+              std::optional<double> keptUntil);
+
+private:
+    struct Kept {
+        WindowGoal goal;
+        double correctedUntil = 0;
+        double keptUntil = 0;
+        int corrections = 0;
+    };
+
+    void handle(const xcb_generic_event_t& event);
+    [[nodiscard]] bool isOver(xcb_window_t window) const;
+    void noteChange(xcb_window_t window);
+    void checkChanged();
+    /// Whether the window is still to be kept.
+    [[nodiscard]] bool check(xcb_window_t window, Kept& kept);
+    [[nodiscard]] bool isAstray(const Kept& kept, const WindowSnapshot& now) const;
+    void makeMovable(xcb_window_t window, const WindowSnapshot& now) const;
+    void request(xcb_window_t window, const WindowSnapshot& now, const WindowGoal& goal) const;
+    void checkLater(xcb_window_t window);
+    void listen(xcb_window_t window) const;
+    void ignore(xcb_window_t window) const;
+
+    const X11Connection& connection_;
+    SideConnection& side_;
+    RunLoop& runLoop_;
+    WindowReader reader_;
+    Displays displays_;
+    std::map<xcb_window_t, Kept> kept_;
+    std::set<xcb_window_t> changed_;
+    Timer nextCheck_;
+    Lifetime lifetime_;
+};
+
+}

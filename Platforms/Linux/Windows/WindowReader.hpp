@@ -1,0 +1,40 @@
+/// Looks at other programs' windows, within a limit of time.
+#pragma once
+
+#include "Foundation/Result.hpp"
+#include "Windows/WindowSnapshot.hpp"
+#include "X11/SideConnection.hpp"
+#include "X11/X11Connection.hpp"
+
+#include <xcb/xproto.h>
+
+namespace vireline::x11 {
+
+class WindowReader {
+public:
+    /// The codes of its errors: the window is gone, or the X server does not answer.
+    static constexpr int windowIsGone = XCB_WINDOW;
+    static constexpr int noAnswer = 110; // ETIMEDOUT
+
+    /// `side` carries the questions.
+    WindowReader(const X11Connection& connection, SideConnection& side);
+
+    [[nodiscard]] Result<WindowSnapshot> read(xcb_window_t window,
+                                              SideConnection::Deadline deadline) const;
+
+    /// Whether a change of this property changes what `read` says.
+    [[nodiscard]] bool concerns(xcb_atom_t property) const;
+
+    /// Whether a window manager runs that does what it takes to move windows: lists them, activates
+    /// them, moves and sizes them.
+    [[nodiscard]] bool canMoveWindows(SideConnection::Deadline deadline) const;
+
+    /// Whether a button or a key is held down right now.
+    [[nodiscard]] bool isUserAtWork(SideConnection::Deadline deadline) const;
+
+private:
+    const X11Connection& connection_;
+    SideConnection& side_;
+};
+
+}

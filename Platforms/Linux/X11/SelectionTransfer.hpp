@@ -1,0 +1,65 @@
+/// Brings a selection's content over from the program that owns it (ICCCM section 2.4), which may
+/// take its time, send it in pieces, or die. Nothing waits for it meanwhile.
+#pragma once
+
+#include "Foundation/Result.hpp"
+#include "Foundation/ScopedHandle.hpp"
+
+#include <xcb/xcb.h>
+
+#include <QTimer>
+#include <chrono>
+#include <cstddef>
+#include <functional>
+#include <string>
+
+namespace vireline::x11 {
+
+class X11Connection;
+
+class SelectionTransfer {
+public:
+    struct Request {
+        /// A window whose properties this client hears of.
+        xcb_window_t requestor = XCB_NONE;
+        xcb_atom_t selection = XCB_ATOM_NONE;
+        /// The form that the content is wanted in.
+        xcb_atom_t target = XCB_ATOM_NONE;
+        /// A property of the requestor that no other transfer uses.
+        xcb_atom_t property = XCB_ATOM_NONE;
+        xcb_timestamp_t time = XCB_CURRENT_TIME;
+    };
+
+    /// Called once; may end the transfer.
+    using Done = std::function<void(Result<std::string>)>;
+
+    /// Some tens of thousands of URLs.
+    static constexpr std::size_t maximumBytes = 16U << 20U;
+    static constexpr std::chrono::seconds usualPatience{5};
+
+    /// Fails when the owner gives no sign of life for `patience`.
+    SelectionTransfer(X11Connection& connection, const Request& request, Done done,
+                      std::chrono::milliseconds patience = usualPatience);
+    SelectionTransfer(const SelectionTransfer&) = delete;
+    SelectionTransfer& operator=(const SelectionTransfer&) = delete;
+    SelectionTransfer(SelectionTransfer&&) = delete;
+    SelectionTransfer& operator=(SelectionTransfer&&) = delete;
+    ~SelectionTransfer() = default;
+
+private:
+    void handle(const xcb_generic_event_t& event);
+    void answered(const xcb_selection_notify_event_t& answer);
+    void takePiece();
+    void fail(const char* reason);
+    void finish(Result<std::string> outcome);
+
+    X11Connection& connection_;
+    Request request_;
+    Done done_;
+    bool comesInPieces_ = false;
+    std::string content_;
+    QTimer limit_;
+    Subscription events_;
+};
+
+}

@@ -1,0 +1,94 @@
+#include "AnswerTimes.hpp"
+
+#include "VirtualDesktop/Waiting.hpp"
+
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstring>
+#include <fstream>
+#include <stdexcept>
+
+namespace vireline::desktop {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+/// What the process's main thread spent waiting for a processor so far.
+std::chrono::nanoseconds queueingOf(pid_t process) {
+    const std::string number = std::to_string(process);
+    std::ifstream statistics{"/proc/" + number + "/task/" + number + "/schedstat"};
+    long long running = 0;
+    long long waiting = 0;
+    statistics >> running >> waiting;
+    return std::chrono::nanoseconds{waiting};
+}
+
+/// Whoever listens at the other end of the socket.
+pid_t serverOf(const XClient& client) {
+    ucred peer{};
+    socklen_t length = sizeof peer;
+    if (getsockopt(xcb_get_file_descriptor(client.get()), SOL_SOCKET, SO_PEERCRED, &peer,
+                   &length) != 0)
+        throw std::runtime_error{"the X server does not say who it is"};
+    return peer.pid;
+}
+
+}
+
+AnswerTimes::AnswerTimes(const std::string& display, xcb_window_t window, pid_t program)
+    : client_(display), window_(window), processes_{program, getpid(), serverOf(client_)} {
+    // Qt sends its answers to those who listen for this.
+    const std::uint32_t mask = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+    xcb_change_window_attributes(client_.get(), client_.root(), XCB_CW_EVENT_MASK, &mask);
+    client_.sync();
+}
+
+AnswerTimes::Milliseconds AnswerTimes::ask() {
+    xcb_client_message_event_t ping{};
+    ping.response_type = XCB_CLIENT_MESSAGE;
+    ping.format = 32;
+    ping.window = window_;
+    ping.type = client_.atom("WM_PROTOCOLS");
+    ping.data.data32[0] = client_.atom("_NET_WM_PING");
+    ping.data.data32[1] = ++question_;
+    ping.data.data32[2] = window_;
+    std::array<char, sizeof ping> bytes{};
+    std::memcpy(bytes.data(), &ping, sizeof ping);
+
+    const auto queued = queueing();
+    const auto start = Clock::now();
+    xcb_send_event(client_.get(), 0, window_, XCB_EVENT_MASK_NO_EVENT, bytes.data());
+    xcb_flush(client_.get());
+    while (!isAnswered()) {
+        if (Clock::now() > start + patience)
+            throw std::runtime_error{"the program does not answer"};
+        pollfd readable{xcb_get_file_descriptor(client_.get()), POLLIN, 0};
+        constexpr int limit = 1000;
+        poll(&readable, 1, limit);
+    }
+    const Milliseconds elapsed = Clock::now() - start;
+    return elapsed - Milliseconds{queueing() - queued};
+}
+
+std::chrono::nanoseconds AnswerTimes::queueing() const {
+    std::chrono::nanoseconds sum{0};
+    for (const pid_t process : processes_)
+        sum += queueingOf(process);
+    return sum;
+}
+
+bool AnswerTimes::isAnswered() {
+    while (const auto event = client_.pollEvent()) {
+        if ((event->response_type & 0x7f) != XCB_CLIENT_MESSAGE)
+            continue;
+        const auto& message = reinterpret_cast<const xcb_client_message_event_t&>(*event);
+        if (message.window == client_.root() && message.data.data32[1] == question_)
+            return true;
+    }
+    return false;
+}
+
+}

@@ -1,0 +1,182 @@
+/// Apps that are launched from a dock open on its display, wherever they would have gone.
+#include "WindowFeatureTest.hpp"
+
+namespace vireline::desktop {
+namespace {
+
+constexpr const char* openHere = R"("openOnThisDisplay": true)";
+
+class OpenHere : public UnderEachManager {
+protected:
+    /// Makes the app at `index` one that is told these arguments; before the program runs.
+    void tell(std::size_t index, const std::vector<std::string>& arguments) {
+        App changed = apps.at(index);
+        changed.arguments = arguments;
+        desktop().home().install(changed);
+    }
+    /// A corner on that display at which an app asks to be placed.
+    [[nodiscard]] std::string cornerOn(const std::string& monitor) {
+        const PixelRect display = desktop().monitor(monitor).frame;
+        return std::to_string(display.x + 40) + "," + std::to_string(display.y + 60);
+    }
+};
+
+TEST_P(OpenHere, MovesALaunchedAppToTheMiddleOfTheClickedDisplay) {
+    runWith(openHere);
+    tell(0, {"--at", cornerOn("main")});
+    tell(1, {"--at", cornerOn("above")});
+
+    clickTile("above", 0);
+    EXPECT_TRUE(comesToMiddle(windowOf(0), "above"));
+    clickTile("side", 1);
+    EXPECT_TRUE(comesToMiddle(windowOf(1), "side"));
+
+    EXPECT_TRUE(logs("placement done for " + apps[0].id));
+    EXPECT_TRUE(logs("placement done for " + apps[1].id));
+}
+
+TEST_P(OpenHere, MovesAnAppToThePrimaryDisplayToo) {
+    runWith(openHere, "side");
+    tell(0, {"--at", cornerOn("side")});
+
+    clickTile("main", 0);
+
+    EXPECT_TRUE(comesToMiddle(windowOf(0), "main"));
+}
+
+TEST_P(OpenHere, LeavesAppsWhereTheyOpenWhileItIsOff) {
+    runWith(R"("summonOnClick": true, "fillOnDoubleClick": true)");
+    tell(0, {"--at", cornerOn("main")});
+
+    clickTile("side", 0);
+    ASSERT_TRUE(eventually([&] { return desktop().isActive(apps[0]); }));
+    ASSERT_TRUE(dotShows(layout("side", request).dot(0), /*shows=*/true));
+
+    EXPECT_TRUE(comesOnto(windowOf(0), "main"));
+    EXPECT_EQ(desktop().log().count("placement"), 0);
+}
+
+TEST_P(OpenHere, WaitsForAWindowThatComesLate) {
+    runWith(openHere);
+    tell(0, {"--delay", "1500", "--at", cornerOn("main")});
+
+    clickTile("side", 0);
+
+    EXPECT_TRUE(logs("placement armed for " + apps[0].id + " on #"));
+    EXPECT_TRUE(comesToMiddle(windowOf(0), "side"));
+}
+
+TEST_P(OpenHere, KeepsTwoLaunchesApart) {
+    runWith(openHere);
+    tell(0, {"--delay", "900", "--at", cornerOn("main")});
+    tell(1, {"--delay", "600", "--at", cornerOn("main")});
+
+    clickTile("side", 0);
+    clickTile("above", 1);
+
+    EXPECT_TRUE(comesToMiddle(windowOf(0), "side"));
+    EXPECT_TRUE(comesToMiddle(windowOf(1), "above"));
+}
+
+TEST_P(OpenHere, FetchesAWindowFromAnotherDesktop) {
+    runWith(openHere);
+    tell(0, {"--desktop", "1", "--at", cornerOn("main")});
+
+    clickTile("side", 0);
+
+    EXPECT_TRUE(comesToMiddle(windowOf(0), "side"));
+    EXPECT_TRUE(eventually([&] { return desktop().visibleWindowsOf(apps[0]).size() == 1; }));
+}
+
+TEST_P(OpenHere, MovesAWindowOfAnUnknownProcess) {
+    runWith(openHere);
+    tell(0, {"--property", "WM_CLIENT_MACHINE=elsewhere.example", "--at", cornerOn("main")});
+
+    clickTile("above", 0);
+
+    EXPECT_TRUE(comesToMiddle(windowOf(0), "above"));
+    EXPECT_TRUE(logs("summon pid 0 to display #"));
+}
+
+TEST_P(OpenHere, BringsBackAWindowThatMovesItselfAway) {
+    runWith(openHere);
+    const auto record = desktop().home().scratch() / "moves";
+    tell(0, {"--later", "2500:" + cornerOn("main"), "--record", record.string(), "--at",
+             cornerOn("main")});
+
+    clickTile("side", 0);
+    ASSERT_TRUE(comesToMiddle(windowOf(0), "side"));
+    ASSERT_TRUE(eventually([&] { return readFile(record).contains("moved by itself"); }));
+
+    // It goes over there and comes back, or has done so already.
+    EXPECT_TRUE(comesToMiddle(windowOf(0), "side"));
+    clickTile("side", 1);
+    EXPECT_TRUE(logs("click launch " + apps[1].id));
+    EXPECT_TRUE(comesToMiddle(windowOf(0), "side"));
+}
+
+TEST_P(OpenHere, LeavesAWindowToTheUsersHand) {
+    runWith(openHere);
+    tell(0, {"--at", cornerOn("main")});
+    clickTile("side", 0);
+    const auto window = windowOf(0);
+    ASSERT_TRUE(comesToMiddle(window, "side"));
+
+    // As a window manager moves it that the user drags.
+    const PixelRect above = desktop().monitor("above").frame;
+    desktop().pointer().moveTo(outerFrame(window).center());
+    desktop().pointer().press(Pointer::Button::primary);
+    constexpr std::uint32_t toPosition = 10U | 1U << 8U | 1U << 9U | 2U << 12U;
+    desktop().client().sendToRoot(window, "_NET_MOVERESIZE_WINDOW",
+                                  {toPosition, static_cast<std::uint32_t>(above.x + 300),
+                                   static_cast<std::uint32_t>(above.y + 200), 0, 0});
+    ASSERT_TRUE(comesOnto(window, "above"));
+    // A click on the other tile is answered after what the program heard of the window.
+    desktop().client().sync();
+    desktop().pointer().release(Pointer::Button::primary);
+    clickTile("side", 1);
+    ASSERT_TRUE(logs("click launch " + apps[1].id));
+    ASSERT_TRUE(logs("placement done for " + apps[1].id));
+
+    EXPECT_TRUE(above.contains(outerFrame(window).center())) << outerFrame(window);
+}
+
+TEST_P(OpenHere, GivesUpOnAnAppThatNeverShowsAWindow) {
+    runWith(openHere);
+    tell(0, {"--delay", "60000"});
+
+    clickTile("side", 0);
+
+    EXPECT_TRUE(logs("placement armed for " + apps[0].id + " on #"));
+    EXPECT_TRUE(logs("placement gave up on " + apps[0].id));
+    EXPECT_EQ(desktop().log().count("placement gave up on "), 1);
+}
+
+TEST_P(OpenHere, LaunchesAllTheSameWithoutAWindowManager) {
+    Options options;
+    options.windowManager = false;
+    runWith(openHere, {}, options);
+
+    clickTile("side", 0);
+
+    EXPECT_TRUE(logs("click launch " + apps[0].id));
+    EXPECT_EQ(desktop().log().count("placement"), 0);
+}
+
+TEST_P(OpenHere, GivesUpQuietlyWhenTheWindowManagerGoes) {
+    runWith(openHere);
+    tell(0, {"--delay", "1500", "--at", cornerOn("main")});
+
+    clickTile("side", 0);
+    ASSERT_TRUE(logs("placement armed for " + apps[0].id + " on #"));
+    desktop().stopWindowManager();
+
+    EXPECT_TRUE(logs("placement gave up on " + apps[0].id));
+    EXPECT_EQ(desktop().log().count("summon pid"), 0);
+    EXPECT_TRUE(desktop().vireline().isRunning());
+}
+
+INSTANTIATE_TEST_SUITE_P(Under, OpenHere, eachManager(), managerName);
+
+}
+}

@@ -1,0 +1,160 @@
+#include "Support/FakeAccessibility.hpp"
+
+#include <algorithm>
+#include <sstream>
+
+namespace vireline::test {
+namespace {
+
+/// As on macOS.
+constexpr int invalidElement = -25202;
+constexpr int noValue = -25212;
+
+template <class Value>
+std::string described(const std::string& attribute, const Value& value) {
+    std::ostringstream text;
+    text << attribute << ' ' << value;
+    return text.str();
+}
+
+}
+
+struct FakeAccessibility::Element final : public AccessibilityElement {
+    explicit Element(std::int32_t process) : processIdentifier(process) {}
+    explicit Element(const std::shared_ptr<FakeWindow>& shown) : window(shown) {}
+
+    std::int32_t processIdentifier = 0;
+    std::weak_ptr<FakeWindow> window;
+    bool hasTimeout = false;
+
+    static Element& of(AccessibilityElement& element) { return dynamic_cast<Element&>(element); }
+};
+
+bool FakeAccessibility::isTrustedWithPrompt() {
+    if (!trusted)
+        ++prompts;
+    return trusted;
+}
+
+ElementHandle FakeAccessibility::application(std::int32_t processIdentifier,
+                                             const std::string& /*bundleID*/) {
+    return std::make_shared<Element>(processIdentifier);
+}
+
+void FakeAccessibility::setMessagingTimeout(AccessibilityElement& element, float seconds) {
+    Element::of(element).hasTimeout = true;
+    timeouts.push_back(seconds);
+}
+
+Result<ElementHandle> FakeAccessibility::mainWindow(AccessibilityElement& application) {
+    if (const auto failure = failureOf("AXMainWindow", application))
+        return std::unexpected{*failure};
+    const auto& windows = windows_[Element::of(application).processIdentifier];
+    if (windows.empty())
+        return std::unexpected{PlatformError{noValue, "no main window"}};
+    if (isNoElement("AXMainWindow"))
+        return ElementHandle{};
+    return std::make_shared<Element>(windows.front());
+}
+
+Result<std::vector<ElementHandle>> FakeAccessibility::windows(AccessibilityElement& application) {
+    if (const auto failure = failureOf("AXWindows", application))
+        return std::unexpected{*failure};
+    std::vector<ElementHandle> elements;
+    if (isNoElement("AXWindows"))
+        elements.emplace_back();
+    for (const auto& window : windows_[Element::of(application).processIdentifier])
+        elements.push_back(std::make_shared<Element>(window));
+    return elements;
+}
+
+Result<Point> FakeAccessibility::position(AccessibilityElement& window) {
+    if (const auto failure = failureOf("AXPosition", window))
+        return std::unexpected{*failure};
+    const Rect frame = Element::of(window).window.lock()->frame;
+    return Point{frame.x, frame.y};
+}
+
+Result<void> FakeAccessibility::setPosition(AccessibilityElement& window, Point position) {
+    sets.push_back(described("AXPosition", position));
+    if (const auto failure = failureOf("set AXPosition", window))
+        return std::unexpected{*failure};
+    Rect& frame = Element::of(window).window.lock()->frame;
+    frame = {position.x, position.y, frame.width, frame.height};
+    return {};
+}
+
+Result<Size> FakeAccessibility::size(AccessibilityElement& window) {
+    if (const auto failure = failureOf("AXSize", window))
+        return std::unexpected{*failure};
+    return Element::of(window).window.lock()->frame.size();
+}
+
+Result<void> FakeAccessibility::setSize(AccessibilityElement& window, Size size) {
+    sets.push_back(described("AXSize", Point{size.width, size.height}));
+    if (const auto failure = failureOf("set AXSize", window))
+        return std::unexpected{*failure};
+    FakeWindow& changed = *Element::of(window).window.lock();
+    changed.frame.width = std::max(size.width, changed.minimumSize.width);
+    changed.frame.height = std::max(size.height, changed.minimumSize.height);
+    return {};
+}
+
+FakeWindow& FakeAccessibility::addWindow(std::int32_t processIdentifier, const Rect& frame) {
+    return *windows_[processIdentifier].emplace_back(
+        std::make_shared<FakeWindow>(FakeWindow{.frame = frame}));
+}
+
+std::optional<PlatformError> FakeAccessibility::failureOf(const std::string& call,
+                                                          AccessibilityElement& element) {
+    const Element& asked = Element::of(element);
+    if (!asked.hasTimeout)
+        ++callsWithoutTimeout;
+    if (const auto failure = failures.find(call); failure != failures.end())
+        return failure->second;
+    if (!call.ends_with("Window") && !call.ends_with("Windows") && asked.window.expired())
+        return PlatformError{invalidElement, "the window is gone"};
+    return std::nullopt;
+}
+
+bool FakeAccessibility::isNoElement(const std::string& attribute) const {
+    return std::ranges::find(notElements, attribute) != notElements.end();
+}
+
+class FakePointerTaps::Tap final : public PointerTap {
+public:
+    explicit Tap(std::shared_ptr<State> state) : state_(std::move(state)) {}
+    void setEnabled(bool isEnabled) override { state_->isEnabled = isEnabled; }
+
+private:
+    std::shared_ptr<State> state_;
+};
+
+Result<std::unique_ptr<PointerTap>> FakePointerTaps::create(Callback callback) {
+    if (failure)
+        return std::unexpected{*failure};
+    ++created;
+    auto state = std::make_shared<State>(State{.callback = std::move(callback)});
+    tap_ = state;
+    return std::make_unique<Tap>(std::move(state));
+}
+
+Point FakePointerTaps::move(Point to, PointerTapEvent::Kind kind) {
+    const auto tap = tap_.lock();
+    if (!tap || !tap->isEnabled)
+        return to;
+    return tap->callback({kind, to}).value_or(to);
+}
+
+void FakePointerTaps::disableByTimeout() {
+    const auto tap = tap_.lock();
+    tap->isEnabled = false;
+    tap->callback({PointerTapEvent::Kind::tapDisabledByTimeout, {}});
+}
+
+bool FakePointerTaps::isEnabled() const {
+    const auto tap = tap_.lock();
+    return tap && tap->isEnabled;
+}
+
+}

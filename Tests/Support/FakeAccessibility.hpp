@@ -1,0 +1,95 @@
+/// Other programs' windows and the pointer's path, in memory.
+#pragma once
+
+#include "Platform/Accessibility.hpp"
+#include "Platform/PointerTap.hpp"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vireline::test {
+
+/// A window of another program, in event space.
+struct FakeWindow {
+    Rect frame;
+    /// The smallest size that it takes; a smaller one is answered with this.
+    Size minimumSize{};
+};
+
+class FakeAccessibility final : public Accessibility {
+public:
+    [[nodiscard]] bool isTrusted() const override { return trusted; }
+    bool isTrustedWithPrompt() override;
+    [[nodiscard]] ElementHandle application(std::int32_t processIdentifier,
+                                            const std::string& bundleID) override;
+    void setMessagingTimeout(AccessibilityElement& element, float seconds) override;
+    [[nodiscard]] Result<ElementHandle> mainWindow(AccessibilityElement& application) override;
+    [[nodiscard]] Result<std::vector<ElementHandle>>
+    windows(AccessibilityElement& application) override;
+    [[nodiscard]] Result<Point> position(AccessibilityElement& window) override;
+    Result<void> setPosition(AccessibilityElement& window, Point position) override;
+    [[nodiscard]] Result<Size> size(AccessibilityElement& window) override;
+    Result<void> setSize(AccessibilityElement& window, Size size) override;
+
+    /// Gives the app with this process a window more, the first of which is its main one.
+    FakeWindow& addWindow(std::int32_t processIdentifier, const Rect& frame);
+    /// The app's windows, oldest first.
+    [[nodiscard]] std::vector<std::shared_ptr<FakeWindow>>&
+    windowsOf(std::int32_t processIdentifier) {
+        return windows_[processIdentifier];
+    }
+
+    bool trusted = true;
+    int prompts = 0;
+    /// Calls that fail, by the name of the attribute; "set AXPosition" for a setter.
+    std::map<std::string, PlatformError> failures;
+    /// Elements that are handed out as something else: "AXMainWindow", "AXWindows" (its first).
+    std::vector<std::string> notElements;
+    /// Every attribute that was set, in order, such as "AXPosition (10, 20)".
+    std::vector<std::string> sets;
+    /// Elements that were asked something before they had a time-out.
+    int callsWithoutTimeout = 0;
+    std::vector<float> timeouts;
+
+private:
+    struct Element;
+
+    [[nodiscard]] std::optional<PlatformError> failureOf(const std::string& call,
+                                                         AccessibilityElement& element);
+    [[nodiscard]] bool isNoElement(const std::string& attribute) const;
+
+    std::map<std::int32_t, std::vector<std::shared_ptr<FakeWindow>>> windows_;
+};
+
+class FakePointerTaps final : public PointerTaps {
+public:
+    [[nodiscard]] Result<std::unique_ptr<PointerTap>> create(Callback callback) override;
+
+    /// Moves the pointer as the user would; where it ends up.
+    Point move(Point to, PointerTapEvent::Kind kind = PointerTapEvent::Kind::mouseMoved);
+
+    /// Disables the tap as the system does and tells it so.
+    void disableByTimeout();
+
+    [[nodiscard]] bool isTapped() const { return !tap_.expired(); }
+    [[nodiscard]] bool isEnabled() const;
+
+    /// While set, no tap can be created.
+    std::optional<PlatformError> failure;
+    int created = 0;
+
+private:
+    struct State {
+        Callback callback;
+        bool isEnabled = false;
+    };
+    class Tap;
+
+    std::weak_ptr<State> tap_;
+};
+
+}

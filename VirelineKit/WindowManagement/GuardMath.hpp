@@ -1,0 +1,28 @@
+/// Bands along the bottom edges of displays, and how a pointer is kept out of them. Zones and
+/// points are in event space: points, origin at the primary display's top-left corner, y downwards.
+#pragma once
+
+#include "Displays/ScreenSnapshot.hpp"
+#include "Foundation/Geometry.hpp"
+
+#include <cstdint>
+#include <optional>
+#include <set>
+#include <span>
+#include <vector>
+
+namespace vireline::GuardMath {
+
+/// How deep a band is, in points.
+inline constexpr double bandDepth = 3;
+
+/// The band of every guarded display, in the order of the screens, the first of which is the
+/// primary display.
+[[nodiscard]] std::vector<Rect> guardZones(std::span<const ScreenSnapshot> screens,
+                                           const std::set<std::uint32_t>& guarded);
+
+/// Where a pointer below a band's top goes: straight up to that top, from however far below, so
+/// that no speed carries it past the band. Nothing for a pointer that may stay.
+[[nodiscard]] std::optional<Point> clamp(Point point, std::span<const Rect> zones) noexcept;
+
+}
