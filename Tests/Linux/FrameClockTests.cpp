@@ -1,6 +1,5 @@
-#include "Panels/FrameClock.hpp"
-
 #include "Linux/EventLoop.hpp"
+#include "Panels/FrameClock.hpp"
 
 #include <gtest/gtest.h>
 

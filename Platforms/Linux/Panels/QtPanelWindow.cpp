@@ -76,9 +76,12 @@ QtPanelWindow::~QtPanelWindow() {
     destroy();
 }
 
-void QtPanelWindow::setFrame(const Rect& frame, bool /*animate*/) {
+/// What moves is the content, which the kit takes care of; the window has room for both ends.
+void QtPanelWindow::setFrame(const Rect& frame, bool animate) {
     display_ = context_.screens.display(displayID_).value_or(display_);
+    const Rect before = frameBefore_.value_or(frame_);
     frame_ = frame;
+    frameBefore_ = animate && before.united(frame) == before ? std::optional{before} : std::nullopt;
     updateSoon();
 }
 
@@ -152,8 +155,12 @@ void QtPanelWindow::handleNative(const xcb_generic_event_t& event) {
     if ((event.response_type & ~sentFlag) != XCB_CONFIGURE_NOTIFY)
         return;
     const auto& configured = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
-    if (configured.window == window_ && place_)
-        place_->configured(configured);
+    if (configured.window != window_ || !place_)
+        return;
+    place_->configured(configured);
+    // What is shown keeps its place on the display while the window comes to its own.
+    updateIsDue_ = true;
+    update();
 }
 
 bool QtPanelWindow::event(QEvent* event) {
@@ -253,7 +260,7 @@ void QtPanelWindow::surfaceCreated() {
     place_ = std::make_unique<WindowPlace>(context_.connection, window_, displayID_);
     drops_ =
         std::make_unique<XdndTarget>(context_.connection, window_, listener_, [this](int x, int y) {
-            return mapping_.toView(QPointF(x, y) - QPointF(target_.x, target_.y));
+            return mapping_.toView(QPointF(x, y) - corner());
         });
     context_.connection.selectInput(window_,
                                     XCB_EVENT_MASK_EXPOSURE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
@@ -286,6 +293,8 @@ void QtPanelWindow::showFrame() {
         listener_.frameDue();
         isInFrame_ = false;
     }
+    if (!isFrameAsked_ && std::exchange(frameBefore_, std::nullopt))
+        updateIsDue_ = true;
     update();
     if (sampler_ && sampler_->isSampling())
         requestTick();
@@ -301,12 +310,25 @@ void QtPanelWindow::samplePointer() {
         pointer_.moved(mapping_.toView(*pixel));
 }
 
+/// The view lies where it is planned on the display, wherever the window is at the moment.
 void QtPanelWindow::relayout() {
-    target_ = DisplayGeometry::toPixels(display_, frame_);
+    target_ = DisplayGeometry::toPixels(display_, frameBefore_.value_or(frame_));
+    const PixelRect actual = place_ ? place_->actual().value_or(target_) : target_;
+    const PixelRect planned = DisplayGeometry::toPixels(display_, frame_);
     const PixelRect view = DisplayGeometry::viewPixels(display_, frame_, hostedFrame_);
-    mapping_ = {{view.x, view.y}, display_.scale};
-    if (picture_)
-        picture_->setLayout({{target_.width, target_.height}, mapping_, hostedFrame_.size()});
+    const QPoint plannedCorner = QPoint{planned.x, planned.y} - QPoint{actual.x, actual.y};
+    mapping_ = {plannedCorner + QPoint{view.x, view.y}, display_.scale};
+    if (picture_) {
+        picture_->setLayout({.window = {actual.width, actual.height},
+                             .active = {plannedCorner, QSize{planned.width, planned.height}},
+                             .mapping = mapping_,
+                             .view = hostedFrame_.size()});
+    }
+}
+
+QPoint QtPanelWindow::corner() const {
+    const PixelRect actual = place_ ? place_->actual().value_or(target_) : target_;
+    return {actual.x, actual.y};
 }
 
 Point QtPanelWindow::viewPosition(QPointF position) const {
@@ -364,7 +386,7 @@ void QtPanelWindow::popUpMenu(const Menu& menu, Point at, MenuClosed onClose) {
         return onClose(std::nullopt);
     if (menu_)
         menu_->end();
-    const QPointF rootPixel = mapping_.toPixels(at) + QPointF(target_.x, target_.y);
+    const QPointF rootPixel = mapping_.toPixels(at) + corner();
     pointer_.menuOpened();
     menu_ = std::make_unique<PopUpMenu>(
         menu, *screen, qtPosition(*screen, display_, rootPixel),
