@@ -25,7 +25,7 @@ void wholeLayout(benchmark::State& state) {
         baseLength + DockMagnifier::maxExtraLength(counts.tiles(), iconSize, magnification);
     const double start = (container - baseLength) / 2;
     double cursor = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto _ : state) {
         // Another place each time, as a moving pointer has.
         cursor = cursor < container ? cursor + 7 : 0;
         const auto base = DockMagnifier::baseCenters(counts, iconSize);

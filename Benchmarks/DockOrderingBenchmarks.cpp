@@ -25,7 +25,7 @@ void merge(benchmark::State& state) {
     const std::int64_t count = state.range(0);
     const auto pinned = apps(0, count);
     const auto running = apps(count / 2, count);
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto _ : state) {
         auto items = DockOrdering::merge(pinned, running);
         benchmark::DoNotOptimize(items.data());
     }

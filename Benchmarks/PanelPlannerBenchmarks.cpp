@@ -27,7 +27,7 @@ void desiredPanels(benchmark::State& state) {
                                         .maxIconSize = 64,
                                         .magnification = 2,
                                         .hiddenDisplays = {}};
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto _ : state) {
         auto panels = PanelPlanner::desiredPanels(screens, request);
         benchmark::DoNotOptimize(panels.data());
     }

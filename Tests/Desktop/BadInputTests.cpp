@@ -91,6 +91,33 @@ INSTANTIATE_TEST_SUITE_P(
                     Sample{"NestedObjects", nested(depth, R"({"a":)")}),
     [](const auto& sample) { return std::string{sample.param.name}; });
 
+class AbsurdNumbers : public BadInput, public testing::WithParamInterface<Sample> {};
+
+TEST_P(AbsurdNumbers, StillGiveADockThatLaunches) {
+    auto& desktop = prepare();
+    desktop.home().writePreferences(GetParam().content);
+    desktop.runVireline();
+    ASSERT_TRUE(eventually([&] { return desktop.docks().shown().size() == 1; }));
+    const auto dock = desktop.docks().shown().front().frame;
+    desktop.pointer().moveTo(dock.center());
+    desktop.home().pin(std::vector{apps[0]});
+    EXPECT_TRUE(logs("mirror: 1 pinned apps from Apple's Dock"));
+    EXPECT_TRUE(desktop.vireline().isRunning());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Content, AbsurdNumbers,
+    testing::Values(
+        Sample{"HugeIcons", R"({"iconSize": 1e6})"},
+        Sample{"LargestIcons", R"({"iconSize": 1.7e308})"},
+        Sample{"NegativeIcons", R"({"iconSize": -1e6})"}, Sample{"NoIcons", R"({"iconSize": 0})"},
+        Sample{"HugeGrowth", R"({"magnificationEnabled": true, "magnification": 1e6})"},
+        Sample{"LargestGrowth", R"({"magnificationEnabled": true, "magnification": 1.7e308})"},
+        Sample{"NegativeGrowth", R"({"magnificationEnabled": true, "magnification": -1e6})"},
+        Sample{"AllAtOnce", R"({"iconSize": 1.7e308, "position": "left",
+                           "magnificationEnabled": true, "magnification": 1.7e308})"}),
+    [](const auto& sample) { return std::string{sample.param.name}; });
+
 TEST_F(BadInput, PreferencesOfAHundredMegabytesAreKeptAndCostNoMemory) {
     auto& desktop = prepare();
     desktop.home().writePreferences("");

@@ -132,12 +132,7 @@ TEST_F(Click, KeepsTheKeyboardWhereItWas) {
 
 TEST_F(Click, OnDownloadsOpensTheFolder) {
     auto& desktop = make({.monitors = twoMonitors()});
-    const auto record = (desktop.home().scratch() / "files").string();
-    const App files{"org.example.Files",
-                    "Files",
-                    distinctColour(7),
-                    {"--record", record, "%U"},
-                    {"MimeType=inode/directory;"}};
+    const App files = fileManager();
     desktop.home().install(files);
     desktop.home().setFileManager(files.id);
     desktop.home().pin(std::vector<App>{});
@@ -145,18 +140,14 @@ TEST_F(Click, OnDownloadsOpensTheFolder) {
     ASSERT_TRUE(docksSettle(tiles(1)));
     desktop.pointer().click(layout("right", tiles(1)).icon(1));
     EXPECT_TRUE(logs("open folder Downloads"));
-    const auto opened = desktop.home().downloads().string() + '\n';
-    EXPECT_TRUE(eventually([&] { return readFile(record).contains(opened); })) << readFile(record);
+    const auto folder = desktop.home().downloads().string() + '\n';
+    EXPECT_TRUE(eventually([&] { return readFile(opened()).contains(folder); }))
+        << readFile(opened());
 }
 
 TEST_F(Click, OnTrashOpensIt) {
     auto& desktop = make({.monitors = twoMonitors()});
-    const auto record = (desktop.home().scratch() / "files").string();
-    const App files{"org.example.Files",
-                    "Files",
-                    distinctColour(7),
-                    {"--record", record, "%U"},
-                    {"MimeType=inode/directory;x-scheme-handler/trash;"}};
+    const App files = fileManager();
     desktop.home().install(files);
     desktop.home().setFileManager(files.id);
     desktop.home().pin(std::vector<App>{});
@@ -164,8 +155,8 @@ TEST_F(Click, OnTrashOpensIt) {
     ASSERT_TRUE(docksSettle(tiles(1)));
     desktop.pointer().click(layout("right", tiles(1)).icon(2));
     EXPECT_TRUE(logs("open folder Trash"));
-    EXPECT_TRUE(eventually([&] { return readFile(record).contains("open trash:///"); }))
-        << readFile(record);
+    EXPECT_TRUE(eventually([&] { return readFile(opened()).contains("open trash:///"); }))
+        << readFile(opened());
 }
 
 TEST_F(Click, SurvivesAnAppThatCannotStart) {

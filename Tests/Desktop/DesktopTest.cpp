@@ -55,6 +55,18 @@ VirtualDesktop& DesktopTest::runWithTwoDisplays(const std::vector<App>& pinned, 
     return desktop;
 }
 
+App DesktopTest::fileManager() {
+    return {"org.example.Files",
+            "Files",
+            distinctColour(7),
+            {"--record", opened().string(), "%U"},
+            {"MimeType=inode/directory;x-scheme-handler/trash;"}};
+}
+
+std::filesystem::path DesktopTest::opened() {
+    return desktop().home().scratch() / "opened";
+}
+
 testing::AssertionResult DesktopTest::docksSettle(const Request& request) {
     const auto planned = desktop().planned(request);
     if (eventually([&] { return match(desktop().docks().shown(), planned); }))

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -27,6 +28,10 @@ protected:
     /// A desktop with two displays side by side, the apps pinned, and the program running with its
     /// one dock on the display "right".
     VirtualDesktop& runWithTwoDisplays(const std::vector<App>& pinned, Options options = {});
+
+    /// An app that opens folders and the Trash, and notes each in the file `opened()`.
+    [[nodiscard]] App fileManager();
+    [[nodiscard]] std::filesystem::path opened();
 
     /// The docks come to be exactly where they are planned with this many tiles and these settings.
     [[nodiscard]] testing::AssertionResult docksSettle(const Request& request);

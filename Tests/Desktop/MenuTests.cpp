@@ -67,12 +67,7 @@ TEST_F(TileMenu, ShowsTheDesktopEntryThroughTheFileManagersService) {
 
 TEST_F(TileMenu, OpensTheEntrysFolderWhereThereIsNoSuchService) {
     auto& desktop = make({.monitors = twoMonitors()});
-    const auto record = (desktop.home().scratch() / "files").string();
-    const App files{"org.example.Files",
-                    "Files",
-                    distinctColour(7),
-                    {"--record", record, "%U"},
-                    {"MimeType=inode/directory;"}};
+    const App files = fileManager();
     desktop.home().install(files);
     desktop.home().install(alpha);
     desktop.home().setFileManager(files.id);
@@ -83,8 +78,9 @@ TEST_F(TileMenu, OpensTheEntrysFolderWhereThereIsNoSuchService) {
     ASSERT_NE(menu, xcb_window_t{XCB_NONE});
     choose(menu, 1, 2);
     EXPECT_TRUE(logs("menu show-in-finder " + alpha.id));
-    const auto opened = desktop.home().entry(alpha.id).parent_path().string() + '\n';
-    EXPECT_TRUE(eventually([&] { return readFile(record).contains(opened); })) << readFile(record);
+    const auto folder = desktop.home().entry(alpha.id).parent_path().string() + '\n';
+    EXPECT_TRUE(eventually([&] { return readFile(opened()).contains(folder); }))
+        << readFile(opened());
 }
 
 TEST_F(TileMenu, BeginsWithShowForAnAppThatRuns) {

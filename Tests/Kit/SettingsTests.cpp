@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace vireline {
 namespace {
 
@@ -32,13 +34,20 @@ TEST(Settings, KnowNoOtherTexts) {
 // Behaviour: dock-view-model-5
 TEST(Settings, HaveAFactorOfOneInForceWhileMagnificationIsOff) {
     Settings settings;
-    for (const double stored : {0.2, 1.0, 1.5, 2.0, 500.0}) {
+    for (const double stored : {0.2, 1.0, 1.5, 2.0, 16.0}) {
         settings.magnification = stored;
         settings.magnificationEnabled = false;
         EXPECT_EQ(effectiveMagnification(settings), 1.0);
         settings.magnificationEnabled = true;
         EXPECT_EQ(effectiveMagnification(settings), stored);
     }
+}
+
+TEST(Settings, HaveNoFactorInForceThatNoDisplayHasRoomFor) {
+    Settings settings;
+    settings.magnificationEnabled = true;
+    settings.magnification = std::numeric_limits<double>::max();
+    EXPECT_EQ(effectiveMagnification(settings), largestMagnification);
 }
 
 }

@@ -96,7 +96,7 @@ TEST(StripLayout, ThePointUnderThePointerStaysUnderItWhileTheStripGrows) {
 TEST(StripLayout, AGrownStripLongerThanItsContainerLeavesNoGapAtEitherEnd) {
     Request request = bottomDock(8, 0);
     request.magnification = 2;
-    for (double cursor = 0; cursor <= request.edge.length(); cursor += 1) {
+    for (int cursor = 0; cursor <= request.edge.length(); ++cursor) {
         request.cursorAxis = cursor;
         const Rect glass = StripLayout::layout(request).glass;
         EXPECT_LE(glass.minX(), 1e-9);
@@ -108,7 +108,7 @@ TEST(StripLayout, MagnifiedTilesNeverOverlapAndStayInOrder) {
     Request request = bottomDock(10, 3);
     request.edge.view = {1100, 128};
     request.magnification = 1.8;
-    for (double cursor = 0; cursor <= 1100; cursor += 7) {
+    for (int cursor = 0; cursor <= 1100; cursor += 7) {
         request.cursorAxis = cursor;
         const auto tiles = StripLayout::layout(request).tiles;
         for (std::size_t i = 1; i < tiles.size(); ++i) {

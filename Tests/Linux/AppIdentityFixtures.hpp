@@ -10,7 +10,6 @@
 namespace vireline::x11::test {
 
 // GCC wants an initializer for each member that a designated list may leave out.
-// NOLINTBEGIN(readability-redundant-member-init)
 struct EntryShape {
     std::string id;
     std::string exec;
@@ -32,8 +31,6 @@ struct ProcessShape {
     std::string controlGroup = {};
     std::string flatpakID = {};
 };
-
-// NOLINTEND(readability-redundant-member-init)
 
 struct IdentityCase {
     std::string name;

@@ -91,7 +91,8 @@ TEST_F(ScenePainterTest, DrawsIconsAtRestOnWholePixelsWhateverTheirSize) {
 TEST_F(ScenePainterTest, DrawsGrowingImagesFromFewRenderings) {
     Checkers checkers;
     const ImageHandle image = checkers.image();
-    for (double side = 44.5; side < 88; side += 0.5) {
+    for (int halves = 2 * 44 + 1; halves < 2 * 88; ++halves) {
+        const double side = halves / 2.0;
         Scene scene;
         for (const double x : {0.0, 44.0}) {
             scene.nodes.push_back(

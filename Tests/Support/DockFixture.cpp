@@ -20,11 +20,11 @@ DockViewContext DockFixture::context() {
 
 void DockFixture::setTiles(int pinned, int unpinned) {
     std::vector<DockItem> items;
+    items.reserve(static_cast<std::size_t>(pinned) + static_cast<std::size_t>(unpinned));
     for (int i = 0; i < pinned; ++i)
         items.push_back(tileItem("p" + std::to_string(i), true, false));
-    for (int i = 0; i < unpinned; ++i) {
+    for (int i = 0; i < unpinned; ++i)
         items.push_back(tileItem("u" + std::to_string(i), false, true));
-    }
     model.items.set(std::move(items));
 }
 

@@ -1,6 +1,7 @@
 /// The one record of what the user chose.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -58,9 +59,14 @@ struct Settings {
     bool operator==(const Settings&) const = default;
 };
 
+/// The largest factor in force, well beyond what one may choose. A file may hold any number, and a
+/// dock's window makes room for the growth.
+inline constexpr double largestMagnification = 16;
+
 /// The factor in force: 1 while magnification is off.
 [[nodiscard]] inline double effectiveMagnification(const Settings& settings) noexcept {
-    return settings.magnificationEnabled ? settings.magnification : 1.0;
+    return settings.magnificationEnabled ? std::min(settings.magnification, largestMagnification)
+                                         : 1.0;
 }
 
 }

@@ -172,7 +172,7 @@ void DockRootView::pointerEvent(const PointerEvent& event) {
 void DockRootView::pointerMoved(Point p) {
     pointer_ = p;
     if (press_)
-        drag(p);
+        drag(*press_, p);
     // A strip that a tile is dragged along keeps still.
     const bool isDragging = press_ && press_->isDragging;
     if (!isDragging && context_.model.magnification.get() > 1) {
@@ -251,19 +251,19 @@ void DockRootView::requestMenu(const DockTile& tile, Point at) {
     onMenuRequest(menu, at, lifetime_.guard(std::move(closed)));
 }
 
-void DockRootView::drag(Point p) {
-    const Point moved{p.x - press_->at.x, p.y - press_->at.y};
-    if (!press_->isDragging) {
-        const DockTile* const tile = tiles_.find(press_->serial);
+void DockRootView::drag(Press& press, Point p) {
+    const Point moved{p.x - press.at.x, p.y - press.at.y};
+    if (!press.isDragging) {
+        const DockTile* const tile = tiles_.find(press.serial);
         const bool comesOff =
             tile != nullptr && tile->isPinnedApp() && std::hypot(moved.x, moved.y) >= dragThreshold;
         if (!comesOff)
             return;
-        press_->isDragging = true;
+        press.isDragging = true;
         if (onReorderDrag)
             onReorderDrag(true);
     }
-    press_->offset = spec_.position == DockPosition::bottom ? moved.x : moved.y;
+    press.offset = spec_.position == DockPosition::bottom ? moved.x : moved.y;
 }
 
 void DockRootView::endDrag(bool isDropped) {

@@ -97,7 +97,7 @@ private:
     void tap(DockTile& tile);
     void requestMenu(const DockTile& tile, Point at);
 
-    void drag(Point p);
+    void drag(Press& press, Point p);
     /// Ends a drag; the tile goes home, or to where it was let go.
     void endDrag(bool isDropped);
     /// Where the dragged tile is and would go; nothing while none is dragged.

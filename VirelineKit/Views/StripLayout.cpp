@@ -65,8 +65,8 @@ AxisLayout axisLayout(const Request& request) {
         const double length = size * scales[i];
         axis.tiles.push_back({packed[i] - length / 2, length});
     }
-    const auto firstUtility =
-        static_cast<std::size_t>(request.pinnedCount + request.unpinnedRunningCount);
+    const auto firstUtility = static_cast<std::size_t>(request.pinnedCount) +
+                              static_cast<std::size_t>(request.unpinnedRunningCount);
     if (!request.hasTrash)
         leaveOut(axis, firstUtility + 1);
     if (!request.hasDownloads)

@@ -4,7 +4,7 @@
 
 #include "VirtualDesktop/ChildProcess.hpp"
 #include "VirtualDesktop/Colour.hpp"
-#include "VirtualDesktop/TemporaryFolder.hpp"
+#include "Support/TemporaryFolder.hpp"
 
 #include <filesystem>
 #include <span>
@@ -24,9 +24,9 @@ struct App {
     /// What the test app is told besides its class; field codes such as "%U" are allowed.
     std::vector<std::string> arguments;
     /// Further lines of the desktop entry.
-    std::vector<std::string> keys{}; // NOLINT(readability-redundant-member-init): GCC warns without
+    std::vector<std::string> keys{};
     /// The name of an icon of the theme, instead of the colour.
-    std::string icon{}; // NOLINT(readability-redundant-member-init): as above
+    std::string icon{};
 };
 
 /// One tile of the desktop's own dock.
@@ -80,7 +80,7 @@ private:
     /// An icon of the app's colour; its path.
     [[nodiscard]] std::string paintIcon(const App& app) const;
 
-    TemporaryFolder root_;
+    test::TemporaryFolder root_;
     std::filesystem::path testApp_;
 };
 

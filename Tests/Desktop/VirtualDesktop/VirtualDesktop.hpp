@@ -40,8 +40,7 @@ public:
 
     struct Options {
         /// The first is primary. None leaves the server's own single display.
-        std::vector<Monitor>
-            monitors{}; // NOLINT(readability-redundant-member-init): GCC warns without
+        std::vector<Monitor> monitors{};
         bool windowManager = true;
         Manager manager = Manager::openbox;
         bool compositor = false;
@@ -50,7 +49,7 @@ public:
         /// Whether the apps installed on this computer are there besides the home's own.
         bool installedApps = false;
         /// Pixels per point of monitors where it is not 1.
-        std::map<std::string, double> scales{}; // NOLINT(readability-redundant-member-init)
+        std::map<std::string, double> scales{};
         /// The X screen, which holds all monitors that a test will attach.
         int width = 4096;
         int height = 2304;

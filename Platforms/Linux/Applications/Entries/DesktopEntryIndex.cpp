@@ -3,8 +3,9 @@
 #include "Applications/Identity/PlainText.hpp"
 
 #include <algorithm>
-#include <map>
 #include <string>
+#include <unordered_set>
+#include <utility>
 
 namespace vireline::x11 {
 namespace {
@@ -37,17 +38,15 @@ IndexedEntry indexed(DesktopEntry entry) {
 }
 
 DesktopEntryIndex::DesktopEntryIndex(std::vector<DesktopEntry> entries) {
-    // Of several with one ID the first counts.
-    std::map<std::string, DesktopEntry> byID;
-    for (auto& entry : entries) {
-        std::string id = entry.id;
-        byID.try_emplace(std::move(id), std::move(entry));
-    }
-    entries_.reserve(byID.size());
-    for (auto& [id, entry] : byID) {
-        if (!entry.hidden)
-            entries_.push_back(indexed(std::move(entry)));
-    }
+    // Of several with one ID the first counts, also if it is there to hide the others.
+    std::unordered_set<std::string> seen;
+    std::erase_if(entries, [&seen](const DesktopEntry& entry) {
+        return !seen.insert(entry.id).second || entry.hidden;
+    });
+    std::ranges::sort(entries, {}, &DesktopEntry::id);
+    entries_.reserve(entries.size());
+    for (auto& entry : entries)
+        entries_.push_back(indexed(std::move(entry)));
 }
 
 const IndexedEntry* DesktopEntryIndex::find(std::string_view id) const {

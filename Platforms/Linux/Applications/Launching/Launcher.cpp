@@ -97,7 +97,6 @@ void watch(GPid child, FailureHandler onFailure) {
     const auto end = [](gpointer data) {
         std::unique_ptr<FailureHandler>{static_cast<FailureHandler*>(data)}.reset();
     };
-    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): GLib ends it through `end`
     g_child_watch_add_full(G_PRIORITY_DEFAULT, child, ended, handler.release(), end);
 }
 
