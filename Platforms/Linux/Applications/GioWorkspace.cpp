@@ -35,7 +35,7 @@ GioWorkspace::GioWorkspace(X11Connection& connection, const DesktopEntryCatalog&
     : connection_(connection), catalog_(catalog), running_(running), folders_(folders) {}
 
 void GioWorkspace::openApplication(const std::string& bundleID, const FileURL& url) {
-    if (running_.bringForward(bundleID))
+    if (running_.bringForward(bundleID) || running_.isJustLaunching(bundleID))
         return;
     if (const auto entry = catalog_.entryAt(url))
         launch(bundleID, *entry);
