@@ -120,7 +120,8 @@ void magnifiedFrame(benchmark::State& state) {
         QCoreApplication::processEvents();
     const auto screen = screens.screens().front();
     constexpr double length = 1300;
-    const PanelSpec spec{screen.number.value_or(0), {100, 4, length, 130}, length, DockPosition::bottom};
+    const PanelSpec spec{
+        screen.number.value_or(0), {100, 4, length, 130}, length, DockPosition::bottom};
     DockPanel panel{spec, false, context, tapped};
     panel.orderFrontRegardless();
     for (int i = 0; i < 200; ++i)

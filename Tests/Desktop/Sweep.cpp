@@ -53,11 +53,18 @@ struct Figures {
 };
 
 std::vector<App> apps() {
-    constexpr std::array<const char*, tileCount> icons{
-        "web-browser",             "internet-mail",           "office-calendar",
-        "multimedia-audio-player", "multimedia-photo-viewer", "system-software-install",
-        "utilities-terminal",      "accessories-text-editor", "accessories-calculator",
-        "preferences-system",      "system-file-manager",     "libreoffice-writer"};
+    constexpr std::array<const char*, tileCount> icons{"web-browser",
+                                                       "internet-mail",
+                                                       "office-calendar",
+                                                       "multimedia-audio-player",
+                                                       "multimedia-photo-viewer",
+                                                       "system-software-install",
+                                                       "utilities-terminal",
+                                                       "accessories-text-editor",
+                                                       "accessories-calculator",
+                                                       "preferences-system",
+                                                       "system-file-manager",
+                                                       "libreoffice-writer"};
     std::vector<App> all;
     for (const char* const icon : icons) {
         const auto name = "App" + std::to_string(all.size());

@@ -29,13 +29,20 @@ PixelPoint WindowFeatureTest::tile(const std::string& monitor, int index) {
 
 void WindowFeatureTest::clickTile(const std::string& monitor, int index) {
     reveal(monitor);
+    const int before = clicksLogged();
     desktop().pointer().click(tile(monitor, index));
+    EXPECT_TRUE(eventually([&] { return clicksLogged() > before; }));
 }
 
 void WindowFeatureTest::doubleClickTile(const std::string& monitor, int index) {
-    reveal(monitor);
+    clickTile(monitor, index);
+    const int before = clicksLogged();
     desktop().pointer().click(tile(monitor, index));
-    desktop().pointer().click(tile(monitor, index));
+    EXPECT_TRUE(eventually([&] { return clicksLogged() > before; }));
+}
+
+int WindowFeatureTest::clicksLogged() {
+    return desktop().log().count("click ") + desktop().log().count("double-click ");
 }
 
 void WindowFeatureTest::reveal(const std::string& monitor) {

@@ -16,6 +16,7 @@ class Listener final : public PanelWindowListener {
 public:
     void mouseEntered() override { log.emplace_back("in"); }
     void mouseExited() override { log.emplace_back("out"); }
+    void frameDue() override {}
     void pointerEvent(const PointerEvent& event) override {
         const auto at = ' ' + std::to_string(static_cast<int>(event.position.x));
         switch (event.kind) {

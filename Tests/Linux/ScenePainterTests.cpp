@@ -40,10 +40,26 @@ protected:
         QImage canvas{static_cast<int>(200 * scale), static_cast<int>(100 * scale),
                       QImage::Format_ARGB32_Premultiplied};
         canvas.fill(Qt::transparent);
-        QPainter painter{&canvas};
-        ScenePainter::paint(painter, scene, {{0, 0}, scale}, DockColors::of(isDark, backdrop),
-                            canvas.rect());
+        paint(canvas, scene, scale, DockColors::of(isDark, backdrop), canvas.rect());
         return canvas;
+    }
+
+    static void paint(QImage& canvas, const Scene& scene, double scale, const DockColors& colors,
+                      const QRect& damage) {
+        const std::vector<PlacedNode> places = placesOf(scene, scale);
+        ScenePainter{}.paint(Pixels::canvas(canvas), {scene.nodes, places}, scale, colors,
+                             std::span{&damage, 1});
+    }
+
+    static std::vector<PlacedNode> placesOf(const Scene& scene, double scale) {
+        std::vector<PlacedNode> places;
+        ViewMappings::place(places, scene, {{0, 0}, scale});
+        return places;
+    }
+
+    /// An icon with room to grow to twice its size.
+    static ImageNode icon(Checkers& checkers, double side = 44) {
+        return {checkers.image(), side, 2 * side};
     }
 
     static Scene one(Rect frame, decltype(SceneNode::content) content) {
@@ -68,8 +84,7 @@ TEST_F(ScenePainterTest, DrawsImagesPixelForPixelAtEveryScale) {
     for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
         Checkers checkers;
         // At a place that is no whole pixel.
-        const QImage canvas =
-            painted(one({10.3, 20.4, 44, 44}, ImageNode{checkers.image()}), scale);
+        const QImage canvas = painted(one({10.3, 20.4, 44, 44}, icon(checkers)), scale);
         const int side = static_cast<int>(44 * scale);
         ASSERT_EQ(checkers.sides, std::vector{side});
         const QRect ink = inked(canvas);
@@ -83,31 +98,33 @@ TEST_F(ScenePainterTest, DrawsImagesPixelForPixelAtEveryScale) {
 
 TEST_F(ScenePainterTest, DrawsIconsAtRestOnWholePixelsWhateverTheirSize) {
     Checkers checkers;
-    const QImage canvas = painted(one({10, 20, 37, 37}, ImageNode{checkers.image()}), 1.25);
+    const QImage canvas = painted(one({10, 20, 37, 37}, icon(checkers, 37)), 1.25);
     EXPECT_EQ(checkers.sides, std::vector{46});
     EXPECT_EQ(inked(canvas).size(), QSize(46, 46));
 }
 
 TEST_F(ScenePainterTest, DrawsGrowingImagesFromFewRenderings) {
     Checkers checkers;
-    const ImageHandle image = checkers.image();
-    for (int halves = 2 * 44 + 1; halves < 2 * 88; ++halves) {
+    const ImageNode node = icon(checkers);
+    for (int halves = 2 * 40; halves < 2 * 88; ++halves) {
         const double side = halves / 2.0;
-        Scene scene;
-        for (const double x : {0.0, 44.0}) {
-            scene.nodes.push_back(
-                {.id = anyNode, .frame = {x, 0, 44, 44}, .content = ImageNode{image}});
-        }
-        scene.nodes.push_back(
-            {.id = anyNode, .frame = {100, 5, side, side}, .content = ImageNode{image}});
-        ASSERT_GE(inked(painted(scene, 1)).right(), 100 + side - 2);
+        const QRect ink = inked(painted(one({100, 5, side, side}, node), 1));
+        ASSERT_NEAR(ink.width(), side, 1) << side;
     }
-    EXPECT_EQ(checkers.sides, (std::vector{44, 64, 128}));
+    // At rest, which is half of its largest size, and at that.
+    EXPECT_EQ(checkers.sides, (std::vector{44, 88}));
+}
+
+TEST_F(ScenePainterTest, DrawsTheLargestImageSharp) {
+    Checkers checkers;
+    const QImage canvas = painted(one({50, 10, 88, 88}, icon(checkers)), 1);
+    for (int i = 0; i < 88; ++i)
+        ASSERT_EQ(canvas.pixel(50 + i, 10), i % 2 == 0 ? 0xff000000U : 0xffffffffU) << i;
 }
 
 TEST_F(ScenePainterTest, DrawsNothingThatIsInvisible) {
     Checkers checkers;
-    Scene scene = one({10, 10, 44, 44}, ImageNode{checkers.image()});
+    Scene scene = one({10, 10, 44, 44}, icon(checkers));
     scene.nodes.front().opacity = 0;
     EXPECT_TRUE(inked(painted(scene, 1)).isEmpty());
     EXPECT_TRUE(checkers.sides.empty());
@@ -117,10 +134,8 @@ TEST_F(ScenePainterTest, LeavesNodesOutsideTheDamageAlone) {
     Checkers checkers;
     QImage canvas{200, 100, QImage::Format_ARGB32_Premultiplied};
     canvas.fill(Qt::transparent);
-    QPainter painter{&canvas};
-    ScenePainter::paint(painter, one({100, 10, 44, 44}, ImageNode{checkers.image()}), {{0, 0}, 1},
-                        DockColors::of(false, Backdrop::translucent), {0, 0, 50, 50});
-    painter.end();
+    paint(canvas, one({100, 10, 44, 44}, icon(checkers)), 1,
+          DockColors::of(false, Backdrop::translucent), {0, 0, 50, 50});
     EXPECT_TRUE(inked(canvas).isEmpty());
 }
 
@@ -201,7 +216,7 @@ TEST_F(ScenePainterTest, TellsTheOutlinesOfAllGlass) {
     scene.nodes.push_back({.id = {NodeID::Part::label},
                            .frame = {20, 0, 120, 20},
                            .content = LabelNode{"Mail", 12, {9, 3}}});
-    const auto outlines = ScenePainter::glassOutlines(scene, {{0, 0}, 1});
+    const auto outlines = ScenePainter::glassOutlines({scene.nodes, placesOf(scene, 1)});
     ASSERT_EQ(outlines.size(), 2U);
     EXPECT_EQ(outlines.front().boundingRect(), QRectF(10, 20, 150, 58));
     EXPECT_FALSE(outlines.front().contains(QPointF(11, 21)));

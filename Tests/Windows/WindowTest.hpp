@@ -21,6 +21,7 @@ class EventLog final : public PanelWindowListener {
 public:
     void mouseEntered() override { words.emplace_back("in"); }
     void mouseExited() override { words.emplace_back("out"); }
+    void frameDue() override { words.emplace_back("frame"); }
     void pointerEvent(const PointerEvent& event) override;
     void dragEntered(const std::vector<std::string>& urls) override;
     bool dragMoved(Point at) override;

@@ -86,6 +86,7 @@ private:
     void layoutIfNeeded();
     [[nodiscard]] bool canHold(const Press& press);
     [[nodiscard]] StripLayout::Request layoutRequest() const;
+    [[nodiscard]] Scene makeExpandedScene();
     [[nodiscard]] TileLook lookOf(const DockTile& tile, int index) const;
     [[nodiscard]] std::optional<std::string> labelText() const;
     [[nodiscard]] std::optional<Rect> inputRegion() const;
@@ -118,6 +119,10 @@ private:
     /// For the next scene alone.
     bool listChanged_ = false;
     bool settles_ = false;
+    /// The scene before was that of a collapsed dock.
+    bool wasCollapsed_ = false;
+    /// See `Scene`.
+    Point viewPlace_;
 
     /// Where the pointer is over the view.
     std::optional<Point> pointer_;

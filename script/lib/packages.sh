@@ -47,6 +47,11 @@ packages_desktop=(
     xvfb
 )
 
+# What the program is compared with.
+packages_comparison=(
+    plank
+)
+
 # What the tour shows on it.
 packages_tour=(
     mousepad

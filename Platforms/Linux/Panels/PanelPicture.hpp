@@ -26,6 +26,8 @@ struct PanelContext;
 /// Where a window shows its view; pixels.
 struct PanelLayout {
     QSize window;
+    /// The part of the window that the dock asks for; the rest is there for a movement's sake.
+    QRect active;
     ViewMapping mapping;
     /// Points.
     Size view;
@@ -47,8 +49,8 @@ public:
     /// Paints what changed, and sends it if the window is shown.
     void update(bool isShown);
 
-    /// The server has lost these pixels of the window, which is shown.
-    void exposed(const QRect& pixels);
+    /// The server has lost pixels of the window, which is shown.
+    void exposed();
 
     /// Paints, and has the server show the picture by itself from the moment the window appears.
     void prepareToAppear();

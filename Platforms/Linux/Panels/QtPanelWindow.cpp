@@ -76,9 +76,12 @@ QtPanelWindow::~QtPanelWindow() {
     destroy();
 }
 
-void QtPanelWindow::setFrame(const Rect& frame, bool /*animate*/) {
+/// What moves is the content, which the kit takes care of; the window has room for both ends.
+void QtPanelWindow::setFrame(const Rect& frame, bool animate) {
     display_ = context_.screens.display(displayID_).value_or(display_);
+    const Rect before = frameBefore_.value_or(frame_);
     frame_ = frame;
+    frameBefore_ = animate && before.united(frame) == before ? std::optional{before} : std::nullopt;
     updateSoon();
 }
 
@@ -149,22 +152,15 @@ void QtPanelWindow::windowManagerChanged() {
 
 void QtPanelWindow::handleNative(const xcb_generic_event_t& event) {
     constexpr std::uint8_t sentFlag = 0x80;
-    switch (event.response_type & ~sentFlag) {
-    case XCB_EXPOSE: {
-        const auto& exposed = reinterpret_cast<const xcb_expose_event_t&>(event);
-        if (exposed.window == window_ && picture_ && isVisible())
-            picture_->exposed({exposed.x, exposed.y, exposed.width, exposed.height});
-        break;
-    }
-    case XCB_CONFIGURE_NOTIFY: {
-        const auto& configured = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
-        if (configured.window == window_ && place_)
-            place_->configured(configured);
-        break;
-    }
-    default:
-        break;
-    }
+    if ((event.response_type & ~sentFlag) != XCB_CONFIGURE_NOTIFY)
+        return;
+    const auto& configured = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
+    if (configured.window != window_ || !place_)
+        return;
+    place_->configured(configured);
+    // What is shown keeps its place on the display while the window comes to its own.
+    updateIsDue_ = true;
+    update();
 }
 
 bool QtPanelWindow::event(QEvent* event) {
@@ -182,6 +178,11 @@ bool QtPanelWindow::event(QEvent* event) {
             sampler_.reset();
             window_ = XCB_NONE;
         }
+        break;
+    case QEvent::Expose:
+        // Comes when Qt has taken all of the server's own events in a row, which say what is lost.
+        if (picture_ && isExposed())
+            picture_->exposed();
         break;
     case QEvent::Enter: {
         const QPointF position = static_cast<QEnterEvent*>(event)->position();
@@ -212,7 +213,8 @@ bool QtPanelWindow::nativeEvent(const QByteArray& type, void* message, qintptr* 
 }
 
 void QtPanelWindow::mouseMoveEvent(QMouseEvent* event) {
-    if (sampler_ && sampler_->isSampling())
+    // During a press Qt tells where it ends, before the release.
+    if (sampler_ && sampler_->isSampling() && !pointer_.isPressed())
         return;
     pointer_.moved(viewPosition(event->position()));
     if (sampler_) {
@@ -225,6 +227,9 @@ void QtPanelWindow::mousePressEvent(QMouseEvent* event) {
     if (menu_)
         return menu_->close();
     const Point position = viewPosition(event->position());
+    // The last sample may be further on than the press.
+    if (sampler_)
+        sampler_->forget();
     if (event->button() == Qt::LeftButton) {
         pointer_.pressed(position);
     } else if (event->button() == Qt::RightButton) {
@@ -233,9 +238,12 @@ void QtPanelWindow::mousePressEvent(QMouseEvent* event) {
 }
 
 void QtPanelWindow::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton)
-        pointer_.released(viewPosition(event->position()),
-                          takesPointer(event->position() * devicePixelRatio()));
+    if (event->button() != Qt::LeftButton)
+        return;
+    const bool isOverWindow = takesPointer(event->position() * devicePixelRatio());
+    if (sampler_ && !isOverWindow)
+        sampler_->stop();
+    pointer_.released(viewPosition(event->position()), isOverWindow);
 }
 
 /// Keys arrive only while a drag holds the keyboard.
@@ -252,7 +260,7 @@ void QtPanelWindow::surfaceCreated() {
     place_ = std::make_unique<WindowPlace>(context_.connection, window_, displayID_);
     drops_ =
         std::make_unique<XdndTarget>(context_.connection, window_, listener_, [this](int x, int y) {
-            return mapping_.toView(QPointF(x, y) - QPointF(target_.x, target_.y));
+            return mapping_.toView(QPointF(x, y) - corner());
         });
     context_.connection.selectInput(window_,
                                     XCB_EVENT_MASK_EXPOSURE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
@@ -285,6 +293,8 @@ void QtPanelWindow::showFrame() {
         listener_.frameDue();
         isInFrame_ = false;
     }
+    if (!isFrameAsked_ && std::exchange(frameBefore_, std::nullopt))
+        updateIsDue_ = true;
     update();
     if (sampler_ && sampler_->isSampling())
         requestTick();
@@ -295,16 +305,30 @@ void QtPanelWindow::samplePointer() {
         return;
     const auto pixel = sampler_->sample();
     picture_->serverHasCaughtUp();
-    if (pixel)
+    // Beside the window it is on its way out, unless a button holds it.
+    if (pixel && (pointer_.isPressed() || takesPointer(*pixel)))
         pointer_.moved(mapping_.toView(*pixel));
 }
 
+/// The view lies where it is planned on the display, wherever the window is at the moment.
 void QtPanelWindow::relayout() {
-    target_ = DisplayGeometry::toPixels(display_, frame_);
+    target_ = DisplayGeometry::toPixels(display_, frameBefore_.value_or(frame_));
+    const PixelRect actual = place_ ? place_->actual().value_or(target_) : target_;
+    const PixelRect planned = DisplayGeometry::toPixels(display_, frame_);
     const PixelRect view = DisplayGeometry::viewPixels(display_, frame_, hostedFrame_);
-    mapping_ = {{view.x, view.y}, display_.scale};
-    if (picture_)
-        picture_->setLayout({{target_.width, target_.height}, mapping_, hostedFrame_.size()});
+    const QPoint plannedCorner = QPoint{planned.x, planned.y} - QPoint{actual.x, actual.y};
+    mapping_ = {plannedCorner + QPoint{view.x, view.y}, display_.scale};
+    if (picture_) {
+        picture_->setLayout({.window = {actual.width, actual.height},
+                             .active = {plannedCorner, QSize{planned.width, planned.height}},
+                             .mapping = mapping_,
+                             .view = hostedFrame_.size()});
+    }
+}
+
+QPoint QtPanelWindow::corner() const {
+    const PixelRect actual = place_ ? place_->actual().value_or(target_) : target_;
+    return {actual.x, actual.y};
 }
 
 Point QtPanelWindow::viewPosition(QPointF position) const {
@@ -331,9 +355,9 @@ PointerTracker::Whereabouts QtPanelWindow::whereabouts() const {
 
 /// Also looked at again for as long as somebody else holds the pointer.
 void QtPanelWindow::pointerLeft() {
-    if (sampler_)
-        sampler_->stop();
     pointer_.left(whereabouts());
+    if (sampler_ && !pointer_.isPressed())
+        sampler_->stop();
     if (pointer_.isInDoubt()) {
         doubt_.start();
     } else {
@@ -362,7 +386,7 @@ void QtPanelWindow::popUpMenu(const Menu& menu, Point at, MenuClosed onClose) {
         return onClose(std::nullopt);
     if (menu_)
         menu_->end();
-    const QPointF rootPixel = mapping_.toPixels(at) + QPointF(target_.x, target_.y);
+    const QPointF rootPixel = mapping_.toPixels(at) + corner();
     pointer_.menuOpened();
     menu_ = std::make_unique<PopUpMenu>(
         menu, *screen, qtPosition(*screen, display_, rootPixel),

@@ -66,6 +66,8 @@ private:
     void showFrame();
     void samplePointer();
 
+    /// The window's corner in the root window.
+    [[nodiscard]] QPoint corner() const;
     [[nodiscard]] Point viewPosition(QPointF position) const;
     [[nodiscard]] bool takesPointer(QPointF pixel) const;
     [[nodiscard]] PointerTracker::Whereabouts whereabouts() const;
@@ -79,6 +81,9 @@ private:
     Display display_;
     Rect frame_;
     Rect hostedFrame_;
+    /// A frame that shrank with an animation leaves the window as large as before until the
+    /// animation is over.
+    std::optional<Rect> frameBefore_;
     /// The window's place in the root window, as it should be.
     PixelRect target_;
     ViewMapping mapping_;

@@ -10,8 +10,8 @@
 namespace vireline::x11 {
 /// For the canvas's pixels from `begin` to `end` along one axis, where the picture reaches from
 /// `start` over `length` and has `side` pixels of its own.
-void SmoothScaler::findTaps(std::vector<Tap>& taps, int begin, int end, double start,
-                            double length, int side) {
+void SmoothScaler::findTaps(std::vector<Tap>& taps, int begin, int end, double start, double length,
+                            int side) {
     const double ratio = side / length;
     taps.clear();
     for (int pixel = begin; pixel < end; ++pixel) {
@@ -30,8 +30,7 @@ void SmoothScaler::findTaps(std::vector<Tap>& taps, int begin, int end, double s
 
 /// A line has an even number of pixels; what is beyond a picture's last one does not count.
 void SmoothScaler::mixRows(std::span<const std::uint32_t> first,
-                           std::span<const std::uint32_t> second,
-                           PixelPairs::Channels weight) {
+                           std::span<const std::uint32_t> second, PixelPairs::Channels weight) {
     const PixelPair weights = PixelPairs::of(weight, weight);
     std::size_t x = 0;
     for (; x + 1 < first.size(); x += 2) {

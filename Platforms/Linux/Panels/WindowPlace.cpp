@@ -18,10 +18,8 @@ void WindowPlace::set(const PixelRect& place) {
 /// is where the window is.
 void WindowPlace::configured(const xcb_configure_notify_event_t& event) {
     const PixelRect told{event.x, event.y, event.width, event.height};
-    if (!asked_ || told == *asked_ || correctionsLeft_ == 0)
-        return;
-    const auto place = now();
-    if (!place || *place == *asked_)
+    actual_ = told == asked_ ? told : now();
+    if (!asked_ || !actual_ || *actual_ == *asked_ || correctionsLeft_ == 0)
         return;
     send(*asked_);
     if (--correctionsLeft_ == 0)

@@ -24,14 +24,20 @@ public:
     /// What the server was last asked for.
     [[nodiscard]] const std::optional<PixelRect>& asked() const noexcept { return asked_; }
 
-    /// Somebody else may have moved it. Gives in to whoever moves it away again and again.
+    /// Where it is, as far as the server has told.
+    [[nodiscard]] const std::optional<PixelRect>& actual() const noexcept {
+        return actual_ ? actual_ : asked_;
+    }
+
+    /// The server has put it somewhere, or somebody else has. Gives in to whoever moves it away
+    /// again and again.
     void configured(const xcb_configure_notify_event_t& event);
 
     /// Another window manager came; what the one before insisted on is forgotten.
     void startOver() noexcept { correctionsLeft_ = maximumCorrections; }
 
 private:
-    static constexpr int maximumCorrections = 4;
+    static constexpr int maximumCorrections = 16;
 
     void send(const PixelRect& place) const;
     [[nodiscard]] std::optional<PixelRect> now() const;
@@ -40,6 +46,8 @@ private:
     xcb_window_t window_;
     std::uint32_t displayID_;
     std::optional<PixelRect> asked_;
+    /// Nothing before the server first told.
+    std::optional<PixelRect> actual_;
     int correctionsLeft_ = maximumCorrections;
 };
 

@@ -36,8 +36,8 @@ std::chrono::duration<double, std::milli> processorTime(pid_t pid) {
     if (!fields)
         throw std::runtime_error{"the kernel tells no times of the process"};
     constexpr double perSecond = 1000;
-    return std::chrono::duration<double, std::milli>{
-        (user + system) * perSecond / static_cast<double>(sysconf(_SC_CLK_TCK))};
+    return std::chrono::duration<double, std::milli>{(user + system) * perSecond /
+                                                     static_cast<double>(sysconf(_SC_CLK_TCK))};
 }
 
 long kilobytes(pid_t pid, std::string_view key) {

@@ -1,0 +1,79 @@
+#include "Linux/EventLoop.hpp"
+#include "Panels/FrameClock.hpp"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace vireline::x11 {
+namespace {
+
+using std::chrono::duration_cast;
+using std::chrono::milliseconds;
+using std::chrono::steady_clock;
+
+class FrameClockTest : public testing::Test {
+protected:
+    FrameClockTest() { test::testApplication(); }
+
+    /// Lets frames come, each of which asks for the next, and tells how long that took.
+    milliseconds timeOf(int count) {
+        left_ = count;
+        const auto start = steady_clock::now();
+        clock.request();
+        EXPECT_TRUE(test::waitUntil([this] { return left_ == 0; }));
+        return duration_cast<milliseconds>(steady_clock::now() - start);
+    }
+
+    int frames = 0;
+    FrameClock clock{[this] {
+        ++frames;
+        if (left_ > 0 && --left_ > 0)
+            clock.request();
+    }};
+
+private:
+    int left_ = 0;
+};
+
+TEST_F(FrameClockTest, GivesTheFirstFrameWithoutWaitingForTheDisplay) {
+    clock.setRefreshRate(20);
+    EXPECT_LT(timeOf(1).count(), 50);
+}
+
+TEST_F(FrameClockTest, GivesOneFrameForManyRequests) {
+    for (int i = 0; i < 10; ++i)
+        clock.request();
+    EXPECT_TRUE(test::waitUntil([this] { return frames > 0; }));
+    test::deliverPendingEvents();
+    EXPECT_EQ(frames, 1);
+}
+
+TEST_F(FrameClockTest, GivesNoFrameThatNobodyAskedFor) {
+    timeOf(1);
+    bool isLater = false;
+    QTimer::singleShot(milliseconds{60}, [&] { isLater = true; });
+    EXPECT_TRUE(test::waitUntil([&] { return isLater; }));
+    EXPECT_EQ(frames, 1);
+}
+
+TEST_F(FrameClockTest, KeepsUpWithTheDisplayThoughTimersCountWholeMilliseconds) {
+    clock.setRefreshRate(60);
+    // 29 intervals lie between 30 frames; each rounded up to 17 ms would make 493.
+    EXPECT_GE(timeOf(30).count(), 480);
+}
+
+TEST_F(FrameClockTest, NeverComesFasterThanTheDisplay) {
+    clock.setRefreshRate(100);
+    EXPECT_GE(timeOf(21).count(), 199);
+}
+
+TEST_F(FrameClockTest, TakesAnImpossibleRateForAnOrdinaryOne) {
+    for (const double rate : {0.0, -1.0, 1e9, std::numeric_limits<double>::quiet_NaN()}) {
+        clock.setRefreshRate(rate);
+        EXPECT_GE(timeOf(4).count(), 49) << rate;
+    }
+}
+
+}
+}
