@@ -1,5 +1,6 @@
 /// Measures the program as it runs: how fast its docks come up on two displays, what memory it
 /// takes, and whether it sleeps while nothing happens.
+#include "SettingsFigures.hpp"
 #include "VirtualDesktop/ProcessFigures.hpp"
 #include "VirtualDesktop/Report.hpp"
 #include "VirtualDesktop/VirtualDesktop.hpp"
@@ -142,6 +143,7 @@ void measure() {
 int main() {
     try {
         vireline::desktop::measure();
+        vireline::desktop::measureSettings();
         return EXIT_SUCCESS;
     } catch (const std::exception& error) {
         std::cerr << "measure: " << error.what() << '\n';
