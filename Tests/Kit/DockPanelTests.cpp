@@ -460,5 +460,29 @@ TEST_F(DockInMotion, DoesNotFlyToAnotherDisplay) {
         EXPECT_GT(place.corner.x, 2000);
 }
 
+TEST_F(DockPanelTest, WithLessMotionTheWindowExpandsAtOnce) {
+    dock.platform.motionSettings.reduces = true;
+    show(bottomSpec, true);
+
+    window().listener().mouseEntered();
+
+    EXPECT_EQ(window().frame, (Rect{100, 0, 300, 88}));
+    EXPECT_FALSE(window().frameChanges.back().animate);
+}
+
+TEST_F(DockPanelTest, AssistiveTechnologyReachesTheTilesThroughTheWindow) {
+    dock.setTiles(1, 0);
+    show(bottomSpec, false);
+
+    const auto tiles = window().listener().accessibleTiles();
+    ASSERT_EQ(tiles.size(), 3U);
+    window().listener().pressTile(tiles[0].id);
+    window().listener().showTileMenu(tiles[0].id);
+
+    EXPECT_EQ(dock.actionsTaken, (std::vector<std::string>{"click p0 #7"}));
+    ASSERT_EQ(window().menus.size(), 1U);
+    EXPECT_TRUE(tiles[0].frame.contains(window().menus[0].at));
+}
+
 }
 }

@@ -84,7 +84,8 @@ void DockPanel::update(const PanelSpec& spec, bool autoHide) {
 
 void DockPanel::applyCollapsed(bool collapsed, bool animate) {
     setCollapsed(collapsed);
-    window_->setFrame(collapsed ? spec_.collapsedFrame() : spec_.hoverFrame(), animate);
+    window_->setFrame(collapsed ? spec_.collapsedFrame() : spec_.hoverFrame(),
+                      animate && !motionSettings_.reducesMotion());
     pinHosting();
 }
 
@@ -171,6 +172,18 @@ bool DockPanel::dropped(Point at) {
     const bool isTaken = hosting_.dropped(at);
     collapseLater();
     return isTaken;
+}
+
+std::vector<AccessibleTile> DockPanel::accessibleTiles() {
+    return hosting_.accessibleTiles();
+}
+
+void DockPanel::pressTile(std::uint32_t id) {
+    hosting_.press(id);
+}
+
+void DockPanel::showTileMenu(std::uint32_t id) {
+    hosting_.showMenu(id);
 }
 
 void DockPanel::sceneInvalidated() {

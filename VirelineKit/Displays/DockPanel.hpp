@@ -46,6 +46,9 @@ private:
     bool dragMoved(Point at) override;
     void dragExited() override;
     bool dropped(Point at) override;
+    [[nodiscard]] std::vector<AccessibleTile> accessibleTiles() override;
+    void pressTile(std::uint32_t id) override;
+    void showTileMenu(std::uint32_t id) override;
 
     void setCollapsed(bool collapsed);
     void pinHosting();

@@ -4,6 +4,7 @@
 
 #include "Foundation/Geometry.hpp"
 #include "Foundation/ScopedHandle.hpp"
+#include "Platform/AccessibleTile.hpp"
 #include "Views/Menu.hpp"
 #include "Views/PointerEvent.hpp"
 #include "Views/Scene.hpp"
@@ -45,6 +46,13 @@ public:
     virtual void dragExited() = 0;
     /// It was dropped, which also ends the drag. Tells whether the drop was taken.
     virtual bool dropped(Point at) = 0;
+
+    /// The tiles as assistive technology presents them, as they are now; asked for only while there
+    /// is any.
+    [[nodiscard]] virtual std::vector<AccessibleTile> accessibleTiles() { return {}; }
+    /// What assistive technology did to a tile; one that is gone takes no notice.
+    virtual void pressTile(std::uint32_t /*id*/) {}
+    virtual void showTileMenu(std::uint32_t /*id*/) {}
 };
 
 class PanelWindow {

@@ -3,6 +3,7 @@
 #include "Displays/DockMetrics.hpp"
 #include "Platform/PointerSettings.hpp"
 #include "Platform/RunLoop.hpp"
+#include "Views/AccessibleTiles.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -394,6 +395,29 @@ bool DockRootView::dropped(Point at) {
             context_.actions.addApp(url);
     }
     return true;
+}
+
+std::vector<AccessibleTile> DockRootView::accessibleTiles() {
+    if (ui_.collapsed.get())
+        return {};
+    layoutIfNeeded();
+    return AccessibleTiles::describe(tiles_.all(), frames_);
+}
+
+void DockRootView::press(std::uint32_t serial) {
+    layoutIfNeeded();
+    if (DockTile* const tile = tiles_.find(serial))
+        tap(*tile);
+}
+
+void DockRootView::showMenu(std::uint32_t serial) {
+    layoutIfNeeded();
+    const auto& tiles = tiles_.all();
+    const auto tile = std::ranges::find(tiles, serial, &DockTile::serial);
+    if (tile == tiles.end())
+        return;
+    const auto index = static_cast<std::size_t>(tile - tiles.begin());
+    requestMenu(*tile, frames_.tiles.at(index).hit.center());
 }
 
 }

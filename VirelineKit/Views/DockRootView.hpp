@@ -72,6 +72,12 @@ public:
     void dragExited();
     bool dropped(Point at);
 
+    /// The tiles as assistive technology presents them; none while the dock is collapsed.
+    [[nodiscard]] std::vector<AccessibleTile> accessibleTiles();
+    /// As if the tile of that serial were tapped, or its menu asked for.
+    void press(std::uint32_t serial);
+    void showMenu(std::uint32_t serial);
+
 private:
     /// The primary button is down on a tile.
     struct Press {

@@ -10,11 +10,11 @@
 #include "Panels/PanelContext.hpp"
 #include "Panels/PanelPicture.hpp"
 #include "Panels/PointerSampler.hpp"
-#include "Panels/PointerTracker.hpp"
 #include "Panels/PopUpMenu.hpp"
 #include "Panels/ViewMapping.hpp"
 #include "Panels/WindowPlace.hpp"
 #include "Platform/PanelWindow.hpp"
+#include "Views/PointerTracker.hpp"
 
 #include <QTimer>
 #include <QWindow>

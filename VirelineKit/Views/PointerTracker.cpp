@@ -1,8 +1,8 @@
-#include "Panels/PointerTracker.hpp"
+#include "Views/PointerTracker.hpp"
 
 #include <utility>
 
-namespace vireline::x11 {
+namespace vireline {
 
 using Kind = PointerEvent::Kind;
 

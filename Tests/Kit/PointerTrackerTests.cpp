@@ -1,4 +1,4 @@
-#include "Panels/PointerTracker.hpp"
+#include "Views/PointerTracker.hpp"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-namespace vireline::x11 {
+namespace vireline {
 namespace {
 
 using Log = std::vector<std::string>;

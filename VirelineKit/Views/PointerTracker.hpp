@@ -1,11 +1,12 @@
-/// Makes sense of what the X server tells of the pointer: a grab by somebody else or by our own
-/// menu looks like leaving, a button held down keeps the pointer here wherever it goes.
+/// Makes sense of what a window system tells of the pointer over a dock's window: a menu or
+/// somebody else's grab looks like leaving, a button held down keeps the pointer here wherever it
+/// goes.
 #pragma once
 
 #include "Foundation/Geometry.hpp"
 #include "Platform/PanelWindow.hpp"
 
-namespace vireline::x11 {
+namespace vireline {
 
 class PointerTracker {
 public:

@@ -1,0 +1,17 @@
+/// What a dock's tiles are to assistive technology.
+#pragma once
+
+#include "Platform/AccessibleTile.hpp"
+#include "Views/DockTiles.hpp"
+#include "Views/StripLayout.hpp"
+
+#include <span>
+#include <vector>
+
+namespace vireline::AccessibleTiles {
+
+/// In the order of the strip; one frame for each tile.
+[[nodiscard]] std::vector<AccessibleTile> describe(std::span<const DockTile> tiles,
+                                                   const StripFrames& frames);
+
+}
