@@ -155,7 +155,8 @@ void QtPanelWindow::handleNative(const xcb_generic_event_t& event) {
         const auto& exposed = reinterpret_cast<const xcb_expose_event_t&>(event);
         if (exposed.window != window_)
             break;
-        upload(QRect{exposed.x, exposed.y, exposed.width, exposed.height});
+        // All of it: Qt takes the other events of the same exposure for itself.
+        upload(surface_ ? QRegion{surface_->image().rect()} : QRegion{});
         if (surface_ && std::exchange(hasBackground_, false))
             surface_->endBackground();
         break;
