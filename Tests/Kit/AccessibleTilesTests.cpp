@@ -19,9 +19,9 @@ TEST_F(AccessibleTilesTest, AppsAreButtonsThatSayWhetherTheyRun) {
     const auto tiles = view().accessibleTiles();
 
     ASSERT_EQ(tiles.size(), 4U);
-    EXPECT_EQ(tiles[0].label, "p0");
+    EXPECT_EQ(tiles[0].label, "App p0");
     EXPECT_EQ(tiles[0].value, "not running");
-    EXPECT_EQ(tiles[1].label, "u0");
+    EXPECT_EQ(tiles[1].label, "App u0");
     EXPECT_EQ(tiles[1].value, "running");
     EXPECT_TRUE(tiles[0].hasMenu && tiles[1].hasMenu);
 }
