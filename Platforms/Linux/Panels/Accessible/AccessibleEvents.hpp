@@ -1,0 +1,14 @@
+/// Tells assistive technology what has changed.
+#pragma once
+
+#include <QAccessible>
+
+namespace vireline::x11::AccessibleEvents {
+
+/// Only for while there is any.
+inline void tell(QAccessibleInterface& about, QAccessible::Event what) {
+    QAccessibleEvent event{&about, what};
+    QAccessible::updateAccessibility(&event);
+}
+
+}
