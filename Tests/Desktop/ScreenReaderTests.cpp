@@ -118,6 +118,31 @@ TEST_F(ScreenReader, FindsAnAppThatComesAndLosesOneThatGoes) {
     EXPECT_EQ(desktop().controls().name(gone), "");
 }
 
+TEST_F(ScreenReader, IsToldWhatChanges) {
+    auto& desktop = make({.monitors = twoMonitors(), .accessibility = true});
+    auto events = desktop.accessibleEvents();
+    const App gamma = someApps(3)[2];
+    for (const auto& app : someApps(3))
+        desktop.home().install(app);
+    desktop.home().pin(apps);
+    desktop.runVireline();
+    ASSERT_TRUE(findsTiles({"Alpha", "Beta", "Downloads", "Trash"}));
+    const auto dock = desktop.controls().find(Role::frame, "Vireline dock").value();
+    const auto alpha = tile("Alpha");
+    ASSERT_FALSE(events.has(alpha, "PropertyChange accessible-description"));
+
+    desktop.launch(apps[0]);
+    EXPECT_TRUE(
+        eventually([&] { return events.has(alpha, "PropertyChange accessible-description"); }));
+
+    auto& process = desktop.launch(gamma);
+    EXPECT_TRUE(eventually([&] { return events.has(dock, "ChildrenChanged add"); }));
+    ASSERT_FALSE(events.has(dock, "ChildrenChanged remove"));
+
+    process.signal(SIGTERM);
+    EXPECT_TRUE(eventually([&] { return events.has(dock, "ChildrenChanged remove"); }));
+}
+
 TEST_F(ScreenReader, FindsNoTilesOfAHiddenDock) {
     auto& desktop = make({.monitors = twoMonitors(), .accessibility = true});
     for (const auto& app : apps)

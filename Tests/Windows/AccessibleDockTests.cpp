@@ -1,9 +1,9 @@
+#include "Panels/Accessible/AccessibleDock.hpp"
 #include "Windows/WindowTest.hpp"
 
 #include <QAccessible>
 #include <QGuiApplication>
 #include <QWindow>
-#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -13,45 +13,26 @@ namespace {
 using test::EventLog;
 using Words = std::vector<std::string>;
 
-/// What assistive technology would be told, a word each. There is one at a time: Qt knows only a
-/// plain function.
-class Told {
-public:
-    Told() {
-        words().clear();
-        QAccessible::installUpdateHandler(note);
+std::string wordOf(QAccessible::Event event) {
+    switch (event) {
+    case QAccessible::ObjectCreated:
+        return "new";
+    case QAccessible::ObjectDestroyed:
+        return "gone";
+    case QAccessible::ObjectShow:
+        return "shown";
+    case QAccessible::ObjectHide:
+        return "hidden";
+    case QAccessible::ObjectReorder:
+        return "order";
+    case QAccessible::NameChanged:
+        return "name";
+    case QAccessible::DescriptionChanged:
+        return "description";
+    default:
+        return "something";
     }
-    Told(const Told&) = delete;
-    Told& operator=(const Told&) = delete;
-    Told(Told&&) = delete;
-    Told& operator=(Told&&) = delete;
-    ~Told() { QAccessible::installUpdateHandler(nullptr); }
-
-    [[nodiscard]] static Words take() { return std::exchange(words(), {}); }
-
-private:
-    static Words& words() {
-        static Words told;
-        return told;
-    }
-
-    static void note(QAccessibleEvent* event) {
-        static constexpr std::array names{
-            std::pair{QAccessible::ObjectCreated, "new"},
-            std::pair{QAccessible::ObjectDestroyed, "gone"},
-            std::pair{QAccessible::ObjectShow, "shown"},
-            std::pair{QAccessible::ObjectHide, "hidden"},
-            std::pair{QAccessible::ObjectReorder, "order"},
-            std::pair{QAccessible::NameChanged, "name"},
-            std::pair{QAccessible::DescriptionChanged, "description"},
-        };
-        const auto* const kind =
-            std::ranges::find(names, event->type(), [](const auto& name) { return name.first; });
-        const auto* const about = event->accessibleInterface();
-        if (kind != names.end() && about != nullptr)
-            words().push_back(kind->second + (' ' + about->text(QAccessible::Name).toStdString()));
-    }
-};
+}
 
 AccessibleTile app(std::uint32_t id, const std::string& name, bool isRunning = false) {
     const double x = 10.0 + 50.0 * id;
@@ -216,65 +197,14 @@ TEST_F(AccessibleDockTest, ATileIsTheSameForAsLongAsItStays) {
     EXPECT_EQ(QAccessible::accessibleInterface(beta), nullptr) << "it is gone";
 }
 
-TEST_F(AccessibleDockTest, TellsWhatIsNew) {
-    showTiles({app(1, "Alpha"), app(2, "Beta"), app(3, "Gamma")});
-    const Told told;
-
-    showTiles({app(1, "Alpha", true), app(2, "Beta Two"), app(3, "Gamma")});
-    EXPECT_EQ(told.take(), (Words{"description Alpha", "name Beta Two"}));
-
-    showTiles({app(1, "Alpha", true), app(3, "Gamma"), app(4, "Delta")});
-    EXPECT_EQ(told.take(), (Words{"gone Beta Two", "new Delta"}));
-
-    showTiles({app(3, "Gamma"), app(1, "Alpha", true), app(4, "Delta")});
-    EXPECT_EQ(told.take(), Words{"order Vireline dock"});
-
-    showTiles({});
-    EXPECT_EQ(told.take(), (Words{"gone Gamma", "gone Alpha", "gone Delta"}));
-}
-
-TEST_F(AccessibleDockTest, TellsNothingWhenOnlyPlacesChange) {
-    showTiles({app(1, "Alpha")});
-    const Told told;
-    AccessibleTile moved = app(1, "Alpha");
-    moved.frame.x += 20;
-
-    showTiles({moved});
-
-    EXPECT_EQ(told.take(), Words{});
-    EXPECT_EQ(tile(0)->rect(), QRect(1720 + 80, 1012 + 30, 44, 44));
-}
-
-TEST_F(AccessibleDockTest, TellsThatADockComesAndGoes) {
-    const Told told;
-
-    showTiles({app(1, "Alpha")});
-    EXPECT_EQ(told.take(), Words{"new Vireline dock"});
-
-    dock->orderOut();
-    EXPECT_EQ(told.take(), Words{"hidden Vireline dock"});
-    EXPECT_TRUE(interfaceOf("main")->state().invisible);
-    EXPECT_TRUE(tile(0)->state().invisible);
-
-    dock->orderFrontRegardless();
-    EXPECT_EQ(told.take(), Words{"shown Vireline dock"});
-
-    const auto id = QAccessible::uniqueId(interfaceOf("main"));
-    dock.reset();
-    EXPECT_EQ(told.take(), Words{"gone Vireline dock"});
-    EXPECT_EQ(QAccessible::accessibleInterface(id), nullptr);
-}
-
 TEST_F(AccessibleDockTest, NobodyIsAskedForTilesWithoutAssistiveTechnology) {
     showTiles({app(1, "Alpha")});
     const auto button = idOfTile(0);
     QAccessible::setActive(false);
-    const Told told;
     const int before = log.tilesAsked;
 
     showTiles({app(2, "Beta")});
 
-    EXPECT_EQ(told.take(), Words{});
     EXPECT_EQ(log.tilesAsked, before);
     EXPECT_EQ(QAccessible::accessibleInterface(button), nullptr);
 }
@@ -289,6 +219,85 @@ TEST_F(AccessibleDockTest, IsUpToDateWhenAssistiveTechnologyComesLater) {
     QAccessible::setActive(true);
 
     EXPECT_EQ(names(), Words{"Gamma"});
+}
+
+/// A dock in a window of no display, with what it tells written down, a word each.
+class AccessibleEventsTest : public test::WindowTest {
+protected:
+    void present(std::vector<AccessibleTile> tiles) {
+        log.tiles = std::move(tiles);
+        dock->refresh();
+    }
+
+    Words told() { return std::exchange(told_, {}); }
+
+    EventLog log;
+    QWindow window;
+
+private:
+    Words told_;
+
+protected:
+    std::unique_ptr<x11::AccessibleDock> dock =
+        std::make_unique<x11::AccessibleDock>(x11::DockAccess{
+            window, log, [](const Rect&) { return QRect{}; },
+            [this](const QAccessibleInterface& about, QAccessible::Event what) {
+                told_.push_back(wordOf(what) + ' ' + about.text(QAccessible::Name).toStdString());
+            }});
+};
+
+TEST_F(AccessibleEventsTest, TellThatADockComesAndGoes) {
+    QAccessible::setActive(true);
+    present({app(1, "Alpha")});
+    EXPECT_EQ(told(), Words{"new Vireline dock"});
+
+    window.setVisible(true);
+    EXPECT_EQ(told(), Words{"shown Vireline dock"});
+
+    window.setVisible(false);
+    EXPECT_EQ(told(), Words{"hidden Vireline dock"});
+
+    dock.reset();
+    EXPECT_EQ(told(), Words{"gone Vireline dock"});
+}
+
+TEST_F(AccessibleEventsTest, TellWhatIsNewOfTheTiles) {
+    QAccessible::setActive(true);
+    present({app(1, "Alpha"), app(2, "Beta"), app(3, "Gamma")});
+    told();
+
+    present({app(1, "Alpha", true), app(2, "Beta Two"), app(3, "Gamma")});
+    EXPECT_EQ(told(), (Words{"description Alpha", "name Beta Two"}));
+
+    present({app(1, "Alpha", true), app(3, "Gamma"), app(4, "Delta")});
+    EXPECT_EQ(told(), (Words{"gone Beta Two", "new Delta"}));
+
+    present({app(3, "Gamma"), app(1, "Alpha", true), app(4, "Delta")});
+    EXPECT_EQ(told(), Words{"order Vireline dock"});
+
+    present({});
+    EXPECT_EQ(told(), (Words{"gone Gamma", "gone Alpha", "gone Delta"}));
+}
+
+TEST_F(AccessibleEventsTest, TellNothingWhenOnlyPlacesChange) {
+    QAccessible::setActive(true);
+    present({app(1, "Alpha")});
+    told();
+    AccessibleTile moved = app(1, "Alpha");
+    moved.frame.x += 20;
+
+    present({moved});
+
+    EXPECT_EQ(told(), Words{});
+}
+
+TEST_F(AccessibleEventsTest, TellNothingWithoutAssistiveTechnology) {
+    QAccessible::setActive(false);
+    present({app(1, "Alpha")});
+    present({app(2, "Beta")});
+    window.setVisible(true);
+
+    EXPECT_EQ(told(), Words{});
 }
 
 }

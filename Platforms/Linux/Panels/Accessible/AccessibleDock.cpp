@@ -1,6 +1,5 @@
 #include "Panels/Accessible/AccessibleDock.hpp"
 
-#include "Panels/Accessible/AccessibleEvents.hpp"
 #include "Platform/PanelWindow.hpp"
 
 #include <QWindow>
@@ -38,12 +37,12 @@ void AccessibleDock::refresh() {
         return root_.reset();
     if (root_)
         return root_->setTiles(dock_.listener.accessibleTiles());
-    AccessibleEvents::tell(*root(), QAccessible::ObjectCreated);
+    dock_.tell(*root(), QAccessible::ObjectCreated);
 }
 
 void AccessibleDock::tell(QAccessible::Event what) {
     if (isActive_ && root_)
-        AccessibleEvents::tell(*root_, what);
+        dock_.tell(*root_, what);
 }
 
 }

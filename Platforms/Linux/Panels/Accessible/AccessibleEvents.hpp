@@ -5,7 +5,6 @@
 
 namespace vireline::x11::AccessibleEvents {
 
-/// Only for while there is any.
 inline void tell(QAccessibleInterface& about, QAccessible::Event what) {
     QAccessibleEvent event{&about, what};
     QAccessible::updateAccessibility(&event);

@@ -2,7 +2,9 @@
 #pragma once
 
 #include "Foundation/Geometry.hpp"
+#include "Panels/Accessible/AccessibleEvents.hpp"
 
+#include <QAccessible>
 #include <QRect>
 #include <functional>
 
@@ -19,6 +21,9 @@ struct DockAccess {
     PanelWindowListener& listener;
     /// Where a part of the view is on the screen, in Qt's coordinates.
     std::function<QRect(const Rect&)> place;
+    /// Takes what assistive technology is to be told; only while there is any.
+    std::function<void(QAccessibleInterface& about, QAccessible::Event what)> tell =
+        AccessibleEvents::tell;
 };
 
 }

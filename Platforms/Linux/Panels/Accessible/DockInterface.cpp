@@ -1,6 +1,5 @@
 #include "Panels/Accessible/DockInterface.hpp"
 
-#include "Panels/Accessible/AccessibleEvents.hpp"
 #include "Panels/Accessible/DockAccess.hpp"
 
 #include <QGuiApplication>
@@ -40,9 +39,9 @@ void DockInterface::setTiles(const std::vector<AccessibleTile>& tiles) {
             buttons_.insert(place, makeRegistered<TileButton>(dock_, *this, tiles[i]))->get());
     }
     for (TileButton* const button : added)
-        AccessibleEvents::tell(*button, QAccessible::ObjectCreated);
+        dock_.tell(*button, QAccessible::ObjectCreated);
     if (isReordered)
-        AccessibleEvents::tell(*this, QAccessible::ObjectReorder);
+        dock_.tell(*this, QAccessible::ObjectReorder);
 }
 
 void DockInterface::endOthers(const std::vector<AccessibleTile>& tiles) {
@@ -51,7 +50,7 @@ void DockInterface::endOthers(const std::vector<AccessibleTile>& tiles) {
     };
     for (const auto& button : buttons_) {
         if (isGone(button))
-            AccessibleEvents::tell(*button, QAccessible::ObjectDestroyed);
+            dock_.tell(*button, QAccessible::ObjectDestroyed);
     }
     std::erase_if(buttons_, isGone);
 }

@@ -1,6 +1,5 @@
 #include "Panels/Accessible/TileButton.hpp"
 
-#include "Panels/Accessible/AccessibleEvents.hpp"
 #include "Panels/Accessible/DockAccess.hpp"
 #include "Platform/PanelWindow.hpp"
 
@@ -15,9 +14,9 @@ TileButton::TileButton(const DockAccess& dock, QAccessibleInterface& parent, Acc
 void TileButton::update(const AccessibleTile& tile) {
     const AccessibleTile before = std::exchange(tile_, tile);
     if (before.label != tile.label)
-        AccessibleEvents::tell(*this, QAccessible::NameChanged);
+        dock_.tell(*this, QAccessible::NameChanged);
     if (before.value != tile.value)
-        AccessibleEvents::tell(*this, QAccessible::DescriptionChanged);
+        dock_.tell(*this, QAccessible::DescriptionChanged);
 }
 
 QWindow* TileButton::window() const {
