@@ -4,13 +4,14 @@
 
 namespace vireline::desktop {
 
-AccessibleEvents::AccessibleEvents(const std::string& address) : bus_(address) {
+AccessibleEvents::AccessibleEvents(const std::string& address)
+    : bus_(address)
+    , subscription_(g_dbus_connection_signal_subscribe(
+          bus_.connection(), nullptr, "org.a11y.atspi.Event.Object", nullptr, nullptr, nullptr,
+          G_DBUS_SIGNAL_FLAGS_NONE, note, this, nullptr)) {
     const BusObject registry{"org.a11y.atspi.Registry", "/org/a11y/atspi/registry"};
     static_cast<void>(bus_.callOrThrow(registry, "org.a11y.atspi.Registry", "RegisterEvent",
                                        g_variant_new("(s)", "object:")));
-    subscription_ = g_dbus_connection_signal_subscribe(
-        bus_.connection(), nullptr, "org.a11y.atspi.Event.Object", nullptr, nullptr, nullptr,
-        G_DBUS_SIGNAL_FLAGS_NONE, note, this, nullptr);
 }
 
 AccessibleEvents::~AccessibleEvents() {

@@ -35,7 +35,7 @@ private:
                      gpointer self);
 
     BusClient bus_;
-    guint subscription_ = 0;
+    guint subscription_;
     std::vector<Event> events_;
 };
 
