@@ -98,6 +98,8 @@ bool hasWindowManager(const XClient& client) {
 bool managesWindows(const XClient& client) {
     constexpr std::chrono::milliseconds attempt{100};
     const xcb_window_t probe = client.createWindow({0, 0, 1, 1}, 0);
+    // No app's, which docks would show.
+    client.setAtoms(probe, "_NET_WM_WINDOW_TYPE", {"_NET_WM_WINDOW_TYPE_UTILITY"});
     const bool isManaged = eventually([&] {
         client.map(probe);
         if (eventually([&] { return client.hasProperty(probe, "WM_STATE"); }, attempt))
