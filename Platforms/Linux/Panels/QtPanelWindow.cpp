@@ -5,6 +5,7 @@
 #include "Panels/DesktopWatch.hpp"
 #include "Panels/DockHints.hpp"
 #include "Panels/PointerQuery.hpp"
+#include "Panels/QtCoordinates.hpp"
 #include "X11/X11Connection.hpp"
 
 #include <QEnterEvent>
@@ -21,12 +22,6 @@ namespace {
 /// Milliseconds between two looks at a pointer that somebody else holds.
 constexpr int doubtInterval = 250;
 
-/// Qt's coordinates of a pixel: a screen's corner keeps its place in pixels, inside it they scale.
-QPoint qtPosition(const QScreen& screen, const Display& display, QPointF rootPixel) {
-    const QPointF inside = rootPixel - QPointF(display.pixels.x, display.pixels.y);
-    return (screen.geometry().topLeft() + inside / screen.devicePixelRatio()).toPoint();
-}
-
 }
 
 QtPanelWindow::QtPanelWindow(const PanelContext& context, std::uint32_t displayID,
@@ -38,6 +33,8 @@ QtPanelWindow::QtPanelWindow(const PanelContext& context, std::uint32_t displayI
     , display_(context.screens.display(displayID).value_or(Display{}))
     , frame_(frame)
     , hostedFrame_{0, 0, frame.width, frame.height}
+    , accessible_(std::make_unique<AccessibleDock>(
+          DockAccess{*this, listener, [this](const Rect& view) { return placeOnScreen(view); }}))
     , frames_(lifetime_.guard([this] { showFrame(); })) {
     setFlags(Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::WindowStaysOnTopHint);
     QSurfaceFormat format;
@@ -52,10 +49,8 @@ QtPanelWindow::QtPanelWindow(const PanelContext& context, std::uint32_t displayI
     relayout();
     if (QScreen* const screen = context.screens.qtScreen(displayID)) {
         setScreen(screen);
-        const QPoint corner = qtPosition(*screen, display_, QPointF(target_.x, target_.y));
-        setGeometry({corner, (QSizeF(target_.width, target_.height) / screen->devicePixelRatio())
-                                 .toSize()
-                                 .expandedTo({1, 1})});
+        const QRect target{target_.x, target_.y, target_.width, target_.height};
+        setGeometry(QtCoordinates::rect(*screen, display_, target));
     }
     create();
     place_->set(target_);
@@ -73,6 +68,7 @@ void QtPanelWindow::observe() {
 
 QtPanelWindow::~QtPanelWindow() {
     menu_.reset();
+    accessible_.reset();
     destroy();
 }
 
@@ -97,6 +93,7 @@ void QtPanelWindow::present(const Scene& scene) {
     } else {
         scene_ = scene;
     }
+    accessible_->refresh();
     updateSoon();
 }
 
@@ -151,13 +148,8 @@ void QtPanelWindow::windowManagerChanged() {
 }
 
 void QtPanelWindow::handleNative(const xcb_generic_event_t& event) {
-    constexpr std::uint8_t sentFlag = 0x80;
-    if ((event.response_type & ~sentFlag) != XCB_CONFIGURE_NOTIFY)
+    if (!place_ || !place_->handle(event))
         return;
-    const auto& configured = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
-    if (configured.window != window_ || !place_)
-        return;
-    place_->configured(configured);
     // What is shown keeps its place on the display while the window comes to its own.
     updateIsDue_ = true;
     update();
@@ -341,6 +333,15 @@ bool QtPanelWindow::takesPointer(QPointF pixel) const {
     return picture_ && picture_->takesPointer(x, y);
 }
 
+QRect QtPanelWindow::placeOnScreen(const Rect& view) const {
+    const QRectF pixels = mapping_.pixels(view).translated(corner());
+    return screen() != nullptr ? QtCoordinates::rect(*screen(), display_, pixels) : QRect{};
+}
+
+QAccessibleInterface* QtPanelWindow::accessibleRoot() const {
+    return accessible_ ? accessible_->root() : nullptr;
+}
+
 PointerTracker::Whereabouts QtPanelWindow::whereabouts() const {
     if (window_ == XCB_NONE)
         return {};
@@ -389,7 +390,7 @@ void QtPanelWindow::popUpMenu(const Menu& menu, Point at, MenuClosed onClose) {
     const QPointF rootPixel = mapping_.toPixels(at) + corner();
     pointer_.menuOpened();
     menu_ = std::make_unique<PopUpMenu>(
-        menu, *screen, qtPosition(*screen, display_, rootPixel),
+        menu, *screen, QtCoordinates::position(*screen, display_, rootPixel),
         [this, onClose = std::move(onClose)](std::optional<std::size_t> chosen) {
             menuClosed(chosen, onClose);
         });

@@ -14,6 +14,17 @@ void WindowPlace::set(const PixelRect& place) {
     send(place);
 }
 
+bool WindowPlace::handle(const xcb_generic_event_t& event) {
+    constexpr std::uint8_t sentFlag = 0x80;
+    if ((event.response_type & ~sentFlag) != XCB_CONFIGURE_NOTIFY)
+        return false;
+    const auto& configuration = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
+    if (configuration.window != window_)
+        return false;
+    configured(configuration);
+    return true;
+}
+
 /// The event may speak of a place inside the window manager's frame, or be out of date: what counts
 /// is where the window is.
 void WindowPlace::configured(const xcb_configure_notify_event_t& event) {

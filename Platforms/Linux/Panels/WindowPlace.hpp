@@ -29,9 +29,9 @@ public:
         return actual_ ? actual_ : asked_;
     }
 
-    /// The server has put it somewhere, or somebody else has. Gives in to whoever moves it away
-    /// again and again.
-    void configured(const xcb_configure_notify_event_t& event);
+    /// Takes any event, and says whether it told of this window that the server, or somebody else,
+    /// has put it somewhere. Gives in to whoever moves it away again and again.
+    bool handle(const xcb_generic_event_t& event);
 
     /// Another window manager came; what the one before insisted on is forgotten.
     void startOver() noexcept { correctionsLeft_ = maximumCorrections; }
@@ -39,6 +39,7 @@ public:
 private:
     static constexpr int maximumCorrections = 16;
 
+    void configured(const xcb_configure_notify_event_t& event);
     void send(const PixelRect& place) const;
     [[nodiscard]] std::optional<PixelRect> now() const;
 

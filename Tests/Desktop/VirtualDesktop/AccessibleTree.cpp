@@ -7,6 +7,14 @@ namespace {
 
 constexpr const char* accessible = "org.a11y.atspi.Accessible";
 constexpr const char* component = "org.a11y.atspi.Component";
+constexpr const char* action = "org.a11y.atspi.Action";
+
+BusObject reference(GVariant* value) {
+    const char* name = nullptr;
+    const char* path = nullptr;
+    g_variant_get(value, "(&s&o)", &name, &path);
+    return {name, path};
+}
 
 const BusObject& registry() {
     static const BusObject root{"org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root"};
@@ -23,10 +31,7 @@ std::vector<BusObject> AccessibleTree::children(const BusObject& parent) const {
     const Variant list{g_variant_get_child_value(reply.get(), 0)};
     for (gsize i = 0; i < g_variant_n_children(list.get()); ++i) {
         const Variant child{g_variant_get_child_value(list.get(), i)};
-        const char* name = nullptr;
-        const char* path = nullptr;
-        g_variant_get(child.get(), "(&s&o)", &name, &path);
-        found.push_back({name, path});
+        found.push_back(reference(child.get()));
     }
     return found;
 }
@@ -71,8 +76,7 @@ std::vector<std::string> AccessibleTree::names(AccessibleRole wanted) const {
 
 PixelRect AccessibleTree::frame(const BusObject& control) const {
     constexpr std::uint32_t onScreen = 0;
-    const auto reply =
-        bus_.call(control, component, "GetExtents", g_variant_new("(u)", onScreen));
+    const auto reply = bus_.call(control, component, "GetExtents", g_variant_new("(u)", onScreen));
     PixelRect frame{};
     if (reply)
         g_variant_get(reply.get(), "((iiii))", &frame.x, &frame.y, &frame.width, &frame.height);
@@ -98,8 +102,47 @@ double AccessibleTree::value(const BusObject& slider) const {
 }
 
 std::string AccessibleTree::name(const BusObject& control) const {
-    const auto name = bus_.property(control, accessible, "Name");
-    return name ? g_variant_get_string(name.get(), nullptr) : std::string{};
+    return text(control, "Name");
+}
+
+std::string AccessibleTree::description(const BusObject& control) const {
+    return text(control, "Description");
+}
+
+std::string AccessibleTree::text(const BusObject& control, const char* property) const {
+    const auto text = bus_.property(control, accessible, property);
+    return text ? g_variant_get_string(text.get(), nullptr) : std::string{};
+}
+
+BusObject AccessibleTree::parent(const BusObject& control) const {
+    const auto parent = bus_.property(control, accessible, "Parent");
+    return parent ? reference(parent.get()) : BusObject{};
+}
+
+std::vector<std::string> AccessibleTree::actions(const BusObject& control) const {
+    std::vector<std::string> names;
+    const auto count = bus_.property(control, action, "NActions");
+    for (int i = 0; count && i < g_variant_get_int32(count.get()); ++i) {
+        const auto reply = bus_.call(control, action, "GetName", g_variant_new("(i)", i));
+        const char* name = "";
+        if (reply)
+            g_variant_get(reply.get(), "(&s)", &name);
+        names.emplace_back(name);
+    }
+    return names;
+}
+
+bool AccessibleTree::act(const BusObject& control, const std::string& name) const {
+    const auto names = actions(control);
+    const auto found = std::ranges::find(names, name);
+    if (found == names.end())
+        return false;
+    const auto index = static_cast<int>(found - names.begin());
+    const auto reply = bus_.call(control, action, "DoAction", g_variant_new("(i)", index));
+    gboolean isDone = FALSE;
+    if (reply)
+        g_variant_get(reply.get(), "(b)", &isDone);
+    return isDone != FALSE;
 }
 
 AccessibleRole AccessibleTree::role(const BusObject& control) const {

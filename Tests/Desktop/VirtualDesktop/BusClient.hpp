@@ -45,6 +45,8 @@ public:
 
     [[nodiscard]] bool hasOwner(const std::string& name) const;
 
+    [[nodiscard]] GDBusConnection* connection() const noexcept { return connection_.get(); }
+
 private:
     struct Unref {
         void operator()(gpointer object) const noexcept { g_object_unref(object); }

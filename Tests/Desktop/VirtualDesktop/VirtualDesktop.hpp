@@ -3,6 +3,7 @@
 /// run side by side.
 #pragma once
 
+#include "VirtualDesktop/AccessibleEvents.hpp"
 #include "VirtualDesktop/AccessibleTree.hpp"
 #include "VirtualDesktop/ChildProcess.hpp"
 #include "VirtualDesktop/DockLayout.hpp"
@@ -119,6 +120,10 @@ public:
     /// The windows' controls. Only with accessibility.
     [[nodiscard]] AccessibleTree controls() const {
         return AccessibleTree{accessibilityAddress_};
+    }
+    /// What programs tell of them from now on. Only with accessibility.
+    [[nodiscard]] AccessibleEvents accessibleEvents() const {
+        return AccessibleEvents{accessibilityAddress_};
     }
 
     /// Starts the service that shows files on the session bus; its calls go to the file returned.
