@@ -239,6 +239,8 @@ void DockRootView::pressed(Point p) {
 }
 
 void DockRootView::released(Point p) {
+    // A list that changed since the last frame may have ended the press.
+    layoutIfNeeded();
     if (press_ && press_->isDragging) {
         endDrag(true);
         pointerMoved(p);
