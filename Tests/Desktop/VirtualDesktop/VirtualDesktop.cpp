@@ -331,8 +331,12 @@ ChildProcess& VirtualDesktop::launch(const App& app, std::vector<std::string> ar
 NotifierHost VirtualDesktop::startNotifierHost(bool showsItems) {
     const std::vector<std::string> arguments =
         showsItems ? std::vector<std::string>{} : std::vector<std::string>{"--no-host"};
-    notifierHost_.emplace(Command{programs_.notifierHost.string(), arguments, environment_, {},
-                                  home_.scratch() / "notifier-host.log", {}});
+    notifierHost_.emplace(Command{programs_.notifierHost.string(),
+                                  arguments,
+                                  environment_,
+                                  {},
+                                  home_.scratch() / "notifier-host.log",
+                                  {}});
     NotifierHost host{environment_.at("DBUS_SESSION_BUS_ADDRESS")};
     require(eventually([&] { return host.isThere(); }), "the panel for status items");
     return host;

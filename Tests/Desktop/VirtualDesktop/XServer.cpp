@@ -9,6 +9,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdlib>
+#include <random>
 #include <stdexcept>
 #include <system_error>
 
@@ -62,13 +63,17 @@ std::string pathVariable() {
 
 }
 
-// Servers that look for a free number at the same time may find the same, so each gets one of its
-// process's own; a process may have two servers.
+// Servers that look for a free number at the same time may find the same, and a program that was
+// started late must not meet the server that comes after its own.
 XServer::XServer(const Options& options) {
-    constexpr int mostProcesses = 25'000;
-    const int number = 100 + 2 * (getpid() % mostProcesses);
-    if (!start(options, number) && !start(options, number + 1))
-        throw std::runtime_error{"Xvfb does not start"};
+    constexpr int attempts = 5;
+    std::random_device entropy;
+    std::uniform_int_distribution<int> numbers{100, 59'999};
+    for (int i = 0; i < attempts; ++i) {
+        if (start(options, numbers(entropy)))
+            return;
+    }
+    throw std::runtime_error{"Xvfb does not start"};
 }
 
 bool XServer::start(const Options& options, int number) {

@@ -78,6 +78,13 @@ void ClientList::handle(const xcb_generic_event_t& event) {
         if (as<xcb_destroy_notify_event_t>(event).window == manager_)
             scheduleRefresh();
         break;
+    case XCB_GE_GENERIC:
+        // What the pointer does now is to meet everything that was told before.
+        if (isRefreshDue_) {
+            refresh_.reset();
+            refresh();
+        }
+        break;
     default:
         break;
     }

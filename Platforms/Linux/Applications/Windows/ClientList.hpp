@@ -33,8 +33,8 @@ public:
     /// The window with the keyboard's focus; XCB_NONE if none has it.
     [[nodiscard]] xcb_window_t activeWindow() const noexcept { return active_; }
 
-    /// The windows or the active one changed. Comes on the run loop's next turn, once for all that
-    /// happened before.
+    /// The windows or the active one changed. Comes on the run loop's next turn, or before the next
+    /// event of the pointer, once for all that happened before.
     std::function<void()> onChange;
 
 private:
