@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 
 namespace vireline::x11 {
@@ -28,7 +29,8 @@ protected:
     int frames = 0;
     FrameClock clock{[this] {
         ++frames;
-        if (left_ > 0 && --left_ > 0)
+        left_ = std::max(left_ - 1, 0);
+        if (left_ > 0)
             clock.request();
     }};
 

@@ -30,7 +30,7 @@ private:
 
 class RecordedStatusItem final : public StatusItem {
 public:
-    explicit RecordedStatusItem(std::optional<FakeStatusBar::Item>& item) : item_(item) {}
+    explicit RecordedStatusItem(std::optional<FakeStatusItem>& item) : item_(item) {}
     RecordedStatusItem(const RecordedStatusItem&) = delete;
     RecordedStatusItem& operator=(const RecordedStatusItem&) = delete;
     RecordedStatusItem(RecordedStatusItem&&) = delete;
@@ -44,7 +44,7 @@ public:
     void setMenu(const Menu& menu) override { item_->menu = menu; }
 
 private:
-    std::optional<FakeStatusBar::Item>& item_;
+    std::optional<FakeStatusItem>& item_;
 };
 
 /// Chooses the entry of an open menu that `matches`, if there is one.

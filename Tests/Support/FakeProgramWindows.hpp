@@ -64,17 +64,16 @@ public:
     int unregistrations = 0;
 };
 
+struct FakeStatusItem {
+    std::string symbol;
+    std::string description;
+    Menu menu;
+    StatusItemListener* listener = nullptr;
+};
+
 class FakeStatusBar final : public StatusBar {
 public:
     [[nodiscard]] std::unique_ptr<StatusItem> makeStatusItem(StatusItemListener& listener) override;
-
-    /// What the one item is.
-    struct Item {
-        std::string symbol;
-        std::string description;
-        Menu menu;
-        StatusItemListener* listener = nullptr;
-    };
 
     /// Opens the item's menu and returns what the user sees.
     [[nodiscard]] const Menu& openMenu();
@@ -83,7 +82,8 @@ public:
     /// Presses a key with the command modifier while the menu is open.
     void pressKey(char key);
 
-    std::optional<Item> item;
+    /// The one that is there.
+    std::optional<FakeStatusItem> item;
     int made = 0;
 };
 

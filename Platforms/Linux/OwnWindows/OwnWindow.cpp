@@ -1,9 +1,9 @@
 #include "OwnWindows/OwnWindow.hpp"
 
 #include "App/QtApplication.hpp"
-#include "Panels/Appearance.hpp"
 #include "OwnWindows/ProgramIcon.hpp"
 #include "OwnWindows/WindowPalette.hpp"
+#include "Panels/Appearance.hpp"
 #include "X11/X11Connection.hpp"
 
 #include <QCloseEvent>
@@ -67,7 +67,7 @@ void OwnWindow::setContent(std::unique_ptr<QWidget> content) {
 void OwnWindow::closeOnEscape() {
     auto shortcut = std::make_unique<QShortcut>(QKeySequence{Qt::Key_Escape}, this);
     QObject::connect(shortcut.get(), &QShortcut::activated, this, [this] { close(); });
-    shortcut.release();
+    static_cast<void>(shortcut.release());
 }
 
 void OwnWindow::placeInTheMiddle() {

@@ -37,32 +37,30 @@ std::string AutostartLoginItem::ownPath() {
     return failed ? std::string{"vireline"} : path.string();
 }
 
-Result<std::optional<std::string>> AutostartLoginItem::read() const {
+Result<std::string> AutostartLoginItem::read() const {
     auto text = fileSystem_.read(entry_, maximumBytes);
-    if (text)
-        return *std::move(text);
-    if (text.error().code == ENOENT)
-        return std::nullopt;
-    return std::unexpected{std::move(text.error())};
+    if (!text && text.error().code == ENOENT)
+        return std::string{};
+    return text;
 }
 
 LoginItemService::Status AutostartLoginItem::status() const {
     const auto text = read();
     if (!text)
         return Status::notFound;
-    if (!*text || !AutostartEntry::isValid(**text))
+    if (!AutostartEntry::isValid(*text))
         return Status::notRegistered;
-    return AutostartEntry::isEnabled(**text, place_.desktopNames) ? Status::enabled
-                                                                  : Status::requiresApproval;
+    return AutostartEntry::isEnabled(*text, place_.desktopNames) ? Status::enabled
+                                                                 : Status::requiresApproval;
 }
 
 Result<void> AutostartLoginItem::registerItem() {
     const auto text = read();
     if (!text)
         return std::unexpected{text.error()};
-    if (!*text || isBlank(**text))
+    if (isBlank(*text))
         return write(AutostartEntry::make(place_.programPath));
-    const auto switchedOn = AutostartEntry::enabled(**text, place_.desktopNames);
+    const auto switchedOn = AutostartEntry::enabled(*text, place_.desktopNames);
     return switchedOn ? write(*switchedOn) : std::unexpected{notAnEntry(entry_)};
 }
 
@@ -70,10 +68,10 @@ Result<void> AutostartLoginItem::unregisterItem() {
     const auto text = read();
     if (!text)
         return std::unexpected{text.error()};
-    if (!*text)
+    if (isBlank(*text))
         return {};
-    if (!AutostartEntry::isUnedited(**text)) {
-        const auto hidden = AutostartEntry::hidden(**text);
+    if (!AutostartEntry::isUnedited(*text)) {
+        const auto hidden = AutostartEntry::hidden(*text);
         return hidden ? write(*hidden) : std::unexpected{notAnEntry(entry_)};
     }
     if (::unlink(entry_.path().c_str()) == 0 || errno == ENOENT)

@@ -37,8 +37,8 @@ public:
     Result<void> unregisterItem() override;
 
 private:
-    /// Nothing when there is no entry.
-    [[nodiscard]] Result<std::optional<std::string>> read() const;
+    /// Empty when there is no entry.
+    [[nodiscard]] Result<std::string> read() const;
     [[nodiscard]] Result<void> write(const std::string& text);
 
     FileSystem& fileSystem_;

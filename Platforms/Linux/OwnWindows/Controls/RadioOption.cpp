@@ -57,8 +57,9 @@ void RadioOption::paintEvent(QPaintEvent* /*event*/) {
     painter.setPen(colours.color(QPalette::Text));
     const QRect label = isReversed ? rect().adjusted(0, 0, -(edge + circleSide + gap), 0)
                                    : rect().adjusted(edge + circleSide + gap, 0, 0, 0);
-    painter.drawText(label, (isReversed ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter,
-                     text());
+    const Qt::Alignment alignment =
+        (isReversed ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+    painter.drawText(label, static_cast<int>(alignment.toInt()), text());
     if (Painting::showsFocus(*this))
         Painting::ring(painter, *this, circle, radius);
 }
