@@ -21,9 +21,6 @@ endif()
 
 add_library(vireline_options INTERFACE)
 target_compile_options(vireline_options INTERFACE -Wall -Wextra -Wconversion -Werror)
-if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
-    target_compile_options(vireline_options INTERFACE -Wreserved-identifier)
-endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     # Optimising, GCC 12 warns inside its own std::string and std::variant (its bugs 105651, 105562).
     target_compile_options(vireline_options INTERFACE -Wno-restrict -Wno-maybe-uninitialized)

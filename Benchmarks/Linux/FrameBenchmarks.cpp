@@ -129,7 +129,7 @@ void magnifiedFrame(benchmark::State& state) {
 
     double x = 300;
     std::int64_t allocated = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto frame : state) {
         x = x < 1000 ? x + 3.7 : 300;
         fixture.platform.runLoop.advance(1.0 / 60);
         const double started = processorSeconds();

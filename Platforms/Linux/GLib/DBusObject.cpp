@@ -44,7 +44,7 @@ DBusObject::DBusObject(GDBusConnection* bus, std::string path, const char* inter
                                           kept.get(), deleteHandlers, nullptr);
     // GIO has taken them over unless it failed, which it does for a path that is taken.
     if (registration_ != 0)
-        kept.release();
+        static_cast<void>(kept.release());
 }
 
 DBusObject::~DBusObject() {

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <algorithm>
+#include <ranges>
 
 namespace vireline::x11 {
 
@@ -28,9 +29,9 @@ void ValueLabel::paintEvent(QPaintEvent* /*event*/) {
     painter.setPen(palette().color(QPalette::PlaceholderText));
     const int cell = digitWidth();
     int x = width();
-    for (auto letter = text_.crbegin(); letter != text_.crend(); ++letter) {
+    for (const QChar letter : text_ | std::views::reverse) {
         x -= cell;
-        painter.drawText(QRect{x, 0, cell, height()}, Qt::AlignCenter, QString{*letter});
+        painter.drawText(QRect{x, 0, cell, height()}, Qt::AlignCenter, QString{letter});
     }
 }
 
