@@ -80,6 +80,11 @@ protected:
 
 [[nodiscard]] std::string nameOf(VirtualDesktop::Manager manager);
 
+/// How the tests' framework names a window manager.
+inline void PrintTo(VirtualDesktop::Manager manager, std::ostream* out) {
+    *out << nameOf(manager);
+}
+
 /// The test's name behind the suite's.
 [[nodiscard]] std::string
 managerName(const testing::TestParamInfo<VirtualDesktop::Manager>& manager);

@@ -15,6 +15,7 @@ using Rows = std::vector<FeatureRow>;
 
 std::vector<std::string> buttonTitles(const OnboardingPage& page) {
     std::vector<std::string> titles;
+    titles.reserve(page.buttons.size());
     for (const OnboardingButton& button : page.buttons)
         titles.push_back(button.title);
     return titles;
@@ -49,14 +50,13 @@ TEST(OnboardingView, OffersTheWindowFeaturesLast) {
     const OnboardingPage page = OnboardingView::page(2, Status::off);
     EXPECT_EQ(page.title, "Window superpowers");
     EXPECT_EQ(page.text, "One macOS permission unlocks four more features");
-    EXPECT_EQ(page.rows,
-              (Rows{{"pin", "Anchor: Apple's Dock stops jumping between displays"},
-                    {"macwindow.badge.plus",
-                     "Open here: apps launched from a dock open on that display"},
-                    {"arrow.right.doc.on.clipboard",
-                     "Summon: click a running app to bring its window over"},
-                    {"rectangle.expand.vertical",
-                     "Fill: double-click to fill the display, dock kept clear"}}));
+    EXPECT_EQ(page.rows, (Rows{{"pin", "Anchor: Apple's Dock stops jumping between displays"},
+                               {"macwindow.badge.plus",
+                                "Open here: apps launched from a dock open on that display"},
+                               {"arrow.right.doc.on.clipboard",
+                                "Summon: click a running app to bring its window over"},
+                               {"rectangle.expand.vertical",
+                                "Fill: double-click to fill the display, dock kept clear"}}));
 }
 
 // Behaviour: onboarding-3
@@ -96,11 +96,10 @@ TEST(OnboardingView, ExplainsWhatItWaitsFor) {
 }
 
 TEST(OnboardingView, ShowsInGreenThatTheFeaturesAreEnabled) {
-    EXPECT_EQ(
-        OnboardingView::page(2, Status::active).permission,
-        (PermissionBlock{StatusLine{"checkmark.circle.fill", StatusLine::Tone::positive,
-                                    "Enabled. Enjoy.", StatusLine::Tone::neutral, ""},
-                         std::nullopt, ""}));
+    EXPECT_EQ(OnboardingView::page(2, Status::active).permission,
+              (PermissionBlock{StatusLine{"checkmark.circle.fill", StatusLine::Tone::positive,
+                                          "Enabled. Enjoy.", StatusLine::Tone::neutral, ""},
+                               std::nullopt, ""}));
 }
 
 class OnboardingWindowTest : public testing::Test {

@@ -9,9 +9,13 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-const Names gnome{"ubuntu", "GNOME"};
-const Names xfce{"XFCE"};
-const Names none;
+Names gnome() {
+    return {"ubuntu", "GNOME"};
+}
+
+Names xfce() {
+    return {"XFCE"};
+}
 
 /// An entry with these lines besides what makes it one.
 std::string entry(const std::string& lines = {}) {
@@ -24,7 +28,7 @@ TEST(AutostartEntry, ANewOneStartsTheProgramOnEveryDesktop) {
     EXPECT_TRUE(text.starts_with("[Desktop Entry]\nType=Application\nName=Vireline\n")) << text;
     EXPECT_TRUE(text.contains("\nExec=/usr/bin/vireline\n")) << text;
     EXPECT_TRUE(text.contains("\nIcon=vireline\n")) << text;
-    for (const Names& desktop : {gnome, xfce, none})
+    for (const Names& desktop : {gnome(), xfce(), Names{}})
         EXPECT_TRUE(AutostartEntry::isEnabled(text, desktop));
 }
 
@@ -54,30 +58,30 @@ TEST(AutostartEntry, IsOnlyValidWithItsGroupTypeAndCommand) {
 }
 
 TEST(AutostartEntry, IsSwitchedOffByBeingHidden) {
-    EXPECT_FALSE(AutostartEntry::isEnabled(entry("Hidden=true\n"), gnome));
-    EXPECT_TRUE(AutostartEntry::isEnabled(entry("Hidden=false\n"), gnome));
+    EXPECT_FALSE(AutostartEntry::isEnabled(entry("Hidden=true\n"), gnome()));
+    EXPECT_TRUE(AutostartEntry::isEnabled(entry("Hidden=false\n"), gnome()));
 }
 
 TEST(AutostartEntry, IsSwitchedOffByTheDesktopsOwnSwitch) {
-    EXPECT_FALSE(AutostartEntry::isEnabled(entry("X-GNOME-Autostart-enabled=false\n"), xfce));
-    EXPECT_TRUE(AutostartEntry::isEnabled(entry("X-GNOME-Autostart-enabled=true\n"), xfce));
+    EXPECT_FALSE(AutostartEntry::isEnabled(entry("X-GNOME-Autostart-enabled=false\n"), xfce()));
+    EXPECT_TRUE(AutostartEntry::isEnabled(entry("X-GNOME-Autostart-enabled=true\n"), xfce()));
 }
 
 TEST(AutostartEntry, IsMeantForTheDesktopsThatItNames) {
     const auto only = entry("OnlyShowIn=GNOME;KDE;\n");
-    EXPECT_TRUE(AutostartEntry::isEnabled(only, gnome));
-    EXPECT_FALSE(AutostartEntry::isEnabled(only, xfce));
-    EXPECT_FALSE(AutostartEntry::isEnabled(only, none));
+    EXPECT_TRUE(AutostartEntry::isEnabled(only, gnome()));
+    EXPECT_FALSE(AutostartEntry::isEnabled(only, xfce()));
+    EXPECT_FALSE(AutostartEntry::isEnabled(only, Names{}));
 
     const auto except = entry("NotShowIn=XFCE;\n");
-    EXPECT_TRUE(AutostartEntry::isEnabled(except, gnome));
-    EXPECT_FALSE(AutostartEntry::isEnabled(except, xfce));
-    EXPECT_TRUE(AutostartEntry::isEnabled(except, none));
+    EXPECT_TRUE(AutostartEntry::isEnabled(except, gnome()));
+    EXPECT_FALSE(AutostartEntry::isEnabled(except, xfce()));
+    EXPECT_TRUE(AutostartEntry::isEnabled(except, Names{}));
 }
 
 TEST(AutostartEntry, LetsTheMostParticularNameOfTheDesktopDecide) {
     const auto both = entry("OnlyShowIn=GNOME;\nNotShowIn=ubuntu;\n");
-    EXPECT_FALSE(AutostartEntry::isEnabled(both, gnome));
+    EXPECT_FALSE(AutostartEntry::isEnabled(both, gnome()));
     EXPECT_TRUE(AutostartEntry::isEnabled(both, Names{"GNOME", "ubuntu"}));
 }
 
@@ -86,10 +90,10 @@ TEST(AutostartEntry, SwitchedOnKeepsEverythingElse) {
                                            "X-GNOME-Autostart-enabled=false\nX-Other=7\n"
                                            "\n[Desktop Action Go]\nExec=other\n");
 
-    const auto after = AutostartEntry::enabled(before, gnome);
+    const auto after = AutostartEntry::enabled(before, gnome());
 
     ASSERT_TRUE(after);
-    EXPECT_TRUE(AutostartEntry::isEnabled(*after, gnome)) << *after;
+    EXPECT_TRUE(AutostartEntry::isEnabled(*after, gnome())) << *after;
     for (const char* const kept : {"# mine", "Name[de]=Meins", "Exec=vireline --mine", "X-Other=7",
                                    "[Desktop Action Go]", "Exec=other"})
         EXPECT_TRUE(after->contains(kept)) << kept << " in\n" << *after;
@@ -98,19 +102,19 @@ TEST(AutostartEntry, SwitchedOnKeepsEverythingElse) {
 TEST(AutostartEntry, SwitchedOnLetsThisDesktopIn) {
     for (const char* const lines : {"OnlyShowIn=KDE;\n", "NotShowIn=XFCE;LXQt;\n",
                                     "OnlyShowIn=KDE;\nNotShowIn=XFCE;\n", "OnlyShowIn=\n"}) {
-        const auto after = AutostartEntry::enabled(entry(lines), xfce);
+        const auto after = AutostartEntry::enabled(entry(lines), xfce());
         ASSERT_TRUE(after);
-        EXPECT_TRUE(AutostartEntry::isEnabled(*after, xfce)) << *after;
+        EXPECT_TRUE(AutostartEntry::isEnabled(*after, xfce())) << *after;
     }
     // The other desktops stay as they were.
-    const auto others = AutostartEntry::enabled(entry("NotShowIn=XFCE;LXQt;\n"), xfce);
+    const auto others = AutostartEntry::enabled(entry("NotShowIn=XFCE;LXQt;\n"), xfce());
     EXPECT_FALSE(AutostartEntry::isEnabled(*others, Names{"LXQt"}));
-    const auto nameless = AutostartEntry::enabled(entry("OnlyShowIn=KDE;\n"), none);
-    EXPECT_TRUE(AutostartEntry::isEnabled(*nameless, none));
+    const auto nameless = AutostartEntry::enabled(entry("OnlyShowIn=KDE;\n"), Names{});
+    EXPECT_TRUE(AutostartEntry::isEnabled(*nameless, Names{}));
 }
 
 TEST(AutostartEntry, SwitchedOnLeavesOneAloneThatAlreadyIs) {
-    EXPECT_EQ(AutostartEntry::enabled(entry("OnlyShowIn=GNOME;\n"), gnome),
+    EXPECT_EQ(AutostartEntry::enabled(entry("OnlyShowIn=GNOME;\n"), gnome()),
               entry("OnlyShowIn=GNOME;\n"));
 }
 
@@ -118,13 +122,13 @@ TEST(AutostartEntry, HiddenKeepsEverythingElse) {
     const auto after = AutostartEntry::hidden(entry("X-Other=7\n"));
 
     ASSERT_TRUE(after);
-    EXPECT_FALSE(AutostartEntry::isEnabled(*after, gnome));
+    EXPECT_FALSE(AutostartEntry::isEnabled(*after, gnome()));
     EXPECT_TRUE(after->contains("X-Other=7"));
-    EXPECT_TRUE(AutostartEntry::isEnabled(*AutostartEntry::enabled(*after, gnome), gnome));
+    EXPECT_TRUE(AutostartEntry::isEnabled(*AutostartEntry::enabled(*after, gnome()), gnome()));
 }
 
 TEST(AutostartEntry, OfWhatIsNoneMakesNothing) {
-    EXPECT_EQ(AutostartEntry::enabled("something else", gnome), std::nullopt);
+    EXPECT_EQ(AutostartEntry::enabled("something else", gnome()), std::nullopt);
     EXPECT_EQ(AutostartEntry::hidden("something else"), std::nullopt);
 }
 

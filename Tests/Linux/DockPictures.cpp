@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <numeric>
 #include <utility>
 
@@ -151,7 +152,9 @@ QImage PicturedDock::picture(double scale, bool isDark) const {
     const Scene& shown = scene();
     const Rect& hosted = *window().hostedFrame;
     const Size size = window().frame.size();
-    const auto pixels = [scale](double points) { return static_cast<int>(points * scale + 0.5); };
+    const auto pixels = [scale](double points) {
+        return static_cast<int>(std::lround(points * scale));
+    };
     const x11::ViewMapping mapping{
         {pixels(hosted.x), pixels(size.height - hosted.y - hosted.height)}, scale};
     std::vector<x11::PlacedNode> places;
@@ -174,7 +177,7 @@ QImage sheetOf(const std::vector<QImage>& pictures, int columns) {
         const std::size_t index = row * static_cast<std::size_t>(columns) + column;
         return index < pictures.size() ? pictures[index].size() : QSize{};
     };
-    const std::size_t count = static_cast<std::size_t>(columns);
+    const auto count = static_cast<std::size_t>(columns);
     const std::size_t rows = (pictures.size() + count - 1) / count;
     std::vector<int> widths(count, 0);
     std::vector<int> heights(rows, 0);

@@ -18,6 +18,10 @@ struct Look {
     const char* name;
     DockPosition position;
     double scale;
+
+    friend std::ostream& operator<<(std::ostream& out, const Look& look) {
+        return out << look.name;
+    }
 };
 
 std::string nameOf(const testing::TestParamInfo<Look>& info) {
@@ -51,13 +55,14 @@ Difference differenceOf(const QImage& a, const QImage& b) {
 }
 
 class GoldenPicture : public testing::Test {
-protected:
+public:
     GoldenPicture() {
         testApplication();
         QGuiApplication::setFont(QFont{QStringLiteral("DejaVu Sans")});
     }
     ~GoldenPicture() override { QGuiApplication::setFont(font_); }
 
+protected:
     /// Compares with the picture of that name, or takes its place when asked to.
     static void compare(const std::string& name, const QImage& actual) {
         const QString file = QString::fromStdString(name + ".png");

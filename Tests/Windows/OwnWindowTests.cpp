@@ -111,8 +111,8 @@ TEST_F(OwnWindowTest, TheEditMenusKeysWorkInATextField) {
         return eventually([&] { return field.text() == QLatin1String{text}; });
     };
 
-    for (const xcb_keysym_t letter : {'d', 'o', 'c', 'k'})
-        keyboard.type(letter);
+    for (const char letter : {'d', 'o', 'c', 'k'})
+        keyboard.type(static_cast<unsigned char>(letter));
     EXPECT_TRUE(reads("dock"));
     keyboard.typeWithControl('a');
     keyboard.typeWithControl('c');
@@ -201,8 +201,8 @@ TEST_F(OwnWindowTest, TheWheelScrollsThePageAndMovesNoSlider) {
     pointer.press(desktop::Pointer::Button::wheelDown);
     pointer.release(desktop::Pointer::Button::wheelDown);
 
-    EXPECT_TRUE(eventually(
-        [&] { return slider->mapToGlobal(slider->rect().center()).y() < before.y(); }));
+    EXPECT_TRUE(
+        eventually([&] { return slider->mapToGlobal(slider->rect().center()).y() < before.y(); }));
     EXPECT_TRUE(listener.values.empty());
 }
 
