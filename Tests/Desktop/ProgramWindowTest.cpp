@@ -68,8 +68,8 @@ void ProgramWindowTest::startAgain() {
 void ProgramWindowTest::openSettings() {
     startAgain();
     ASSERT_TRUE(opens(settingsTitle));
-    ASSERT_TRUE(eventually(
-        [&] { return desktop().client().activeWindow() == window(settingsTitle); }));
+    ASSERT_TRUE(
+        eventually([&] { return desktop().client().activeWindow() == window(settingsTitle); }));
 }
 
 void ProgramWindowTest::close(std::string_view title) {

@@ -214,8 +214,8 @@ struct ControlCase {
 
 std::vector<ControlCase> switches() {
     const auto toggle = [](const char* name, const char* control, void (*change)(Settings&)) {
-        return ControlCase{.name = name, .role = Role::checkBox, .control = control,
-                           .change = change};
+        return ControlCase{
+            .name = name, .role = Role::checkBox, .control = control, .change = change};
     };
     auto cases = std::vector{
         toggle("Magnification", "Magnification",
@@ -261,8 +261,7 @@ std::vector<ControlCase> allButSliders() {
     return cases;
 }
 
-class SettingsControl : public ProgramWindowTest,
-                        public testing::WithParamInterface<ControlCase> {
+class SettingsControl : public ProgramWindowTest, public testing::WithParamInterface<ControlCase> {
 protected:
     /// The file, the docks and the window all show what the control was used for.
     void expectChange() {
@@ -319,8 +318,7 @@ protected:
         const auto at = [&](double share) {
             // Half a knob and the ring around it at both ends.
             constexpr int reach = 14;
-            return PixelPoint{frame.x + reach +
-                                  static_cast<int>(share * (frame.width - 2 * reach)),
+            return PixelPoint{frame.x + reach + static_cast<int>(share * (frame.width - 2 * reach)),
                               frame.center().y};
         };
         auto pointer = desktop().pointer();

@@ -447,8 +447,8 @@ TEST_F(AppDelegateTest, ADragInADockShowsInTheSettingsAtOnce) {
     dock().listener().pointerEvent({PointerEvent::Kind::released, {to.x + 2, to.y}});
 
     const Form& form = platform.programWindows.forms.at(0)->content;
-    EXPECT_EQ(
-        std::get<RadioGroup>(test::rowOf(form, SettingsField::sourceMode).control).selected, 1U);
+    EXPECT_EQ(std::get<RadioGroup>(test::rowOf(form, SettingsField::sourceMode).control).selected,
+              1U);
 }
 
 }

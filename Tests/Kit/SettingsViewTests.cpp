@@ -35,8 +35,8 @@ TEST(SettingsView, HasFiveSectionsInOrder) {
     for (const FormSection& section : formOf({}).sections)
         titles.push_back(section.title);
 
-    EXPECT_EQ(titles, (std::vector<std::string>{"Apps", "Appearance", "Behaviour", "Windows",
-                                                "General"}));
+    EXPECT_EQ(titles,
+              (std::vector<std::string>{"Apps", "Appearance", "Behaviour", "Windows", "General"}));
 }
 
 TEST(SettingsView, HasItsControlsInOrderUnderTheirSections) {
@@ -69,9 +69,9 @@ TEST(SettingsView, OffersTheSourcesAsARadioGroup) {
               (RadioGroup{{"Mirror Apple's Dock", "Manual list"}, 0}));
 
     settings.sourceMode = SourceMode::manual;
-    EXPECT_EQ(std::get<RadioGroup>(rowOf(formOf(settings), SettingsField::sourceMode).control)
-                  .selected,
-              1U);
+    EXPECT_EQ(
+        std::get<RadioGroup>(rowOf(formOf(settings), SettingsField::sourceMode).control).selected,
+        1U);
 }
 
 TEST(SettingsView, OffersThePositionsAsSegments) {
@@ -88,7 +88,7 @@ TEST(SettingsView, OffersThePositionsAsSegments) {
 TEST(SettingsView, ShowsEachSwitchAsTheSettingsHaveIt) {
     struct Switch {
         SettingsField field;
-        bool Settings::*setting;
+        bool Settings::* setting;
     };
     for (const auto& [field, setting] :
          {Switch{SettingsField::magnificationEnabled, &Settings::magnificationEnabled},
@@ -182,8 +182,7 @@ TEST(SettingsView, ShowsEveryStepOfTheMagnificationAsItsOwnPercentage) {
     for (int tenth = 12; tenth <= 20; ++tenth) {
         // As a slider computes it, with the error that this has.
         const double slid = 1.2 + (tenth - 12) * 0.1;
-        const Settings moved =
-            SettingsView::edited(settings, SettingsField::magnification, slid);
+        const Settings moved = SettingsView::edited(settings, SettingsField::magnification, slid);
         EXPECT_EQ(moved.magnification, tenth / 10.0);
         EXPECT_EQ(sliderOf(formOf(moved), SettingsField::magnification).valueText,
                   std::to_string(tenth * 10));
@@ -204,8 +203,7 @@ TEST(SettingsView, ShowsValuesOutsideARangeAtItsEnd) {
     settings.magnificationEnabled = true;
     settings.iconSize = 500;
     settings.magnification = 0.2;
-    EXPECT_EQ(sliderOf(formOf(settings), SettingsField::iconSize),
-              (Slider{32, 64, 1, 64, "500"}));
+    EXPECT_EQ(sliderOf(formOf(settings), SettingsField::iconSize), (Slider{32, 64, 1, 64, "500"}));
     EXPECT_EQ(sliderOf(formOf(settings), SettingsField::magnification),
               (Slider{1.2, 2.0, 0.1, 1.2, "20"}));
 }
@@ -239,10 +237,10 @@ TEST(SettingsView, SaysInGreenThatTheAnchorIsActive) {
     Settings settings;
     settings.anchorAppleDock = true;
     const Form form = formOf(settings, Status::active);
-    EXPECT_EQ(rowOf(form, SettingsField::anchorAppleDock).status,
-              (StatusLine{"checkmark.circle.fill", StatusLine::Tone::positive,
-                          "Active. Apple's Dock stays where it is.", StatusLine::Tone::neutral,
-                          ""}));
+    EXPECT_EQ(
+        rowOf(form, SettingsField::anchorAppleDock).status,
+        (StatusLine{"checkmark.circle.fill", StatusLine::Tone::positive,
+                    "Active. Apple's Dock stays where it is.", StatusLine::Tone::neutral, ""}));
 }
 
 TEST(SettingsView, SaysInOrangeThatTheAnchorWaitsAndLeadsToThePermission) {

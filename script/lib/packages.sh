@@ -52,9 +52,10 @@ packages_comparison=(
     plank
 )
 
-# What the tour shows on it.
+# What the tour and the documents' pictures show on it, and what packs the pictures.
 packages_tour=(
     mousepad
+    optipng
     papirus-icon-theme
     pcmanfm
     x11vnc

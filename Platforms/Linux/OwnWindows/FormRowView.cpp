@@ -1,6 +1,5 @@
 #include "OwnWindows/FormRowView.hpp"
 
-#include "Platform/ProgramWindows.hpp"
 #include "OwnWindows/Controls/Painting.hpp"
 #include "OwnWindows/Controls/RadioOption.hpp"
 #include "OwnWindows/Controls/SegmentedControl.hpp"
@@ -9,6 +8,7 @@
 #include "OwnWindows/Controls/TextLabel.hpp"
 #include "OwnWindows/Controls/ValueLabel.hpp"
 #include "OwnWindows/Controls/ValueSlider.hpp"
+#include "Platform/ProgramWindows.hpp"
 
 #include <QEnterEvent>
 #include <QHBoxLayout>

@@ -1,8 +1,8 @@
 /// A whole form: sections of rows on cards, one below the other.
 #pragma once
 
-#include "Windows/Form.hpp"
 #include "OwnWindows/FormRowView.hpp"
+#include "Windows/Form.hpp"
 
 #include <QWidget>
 #include <vector>

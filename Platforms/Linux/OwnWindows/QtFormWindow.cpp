@@ -1,8 +1,8 @@
 #include "OwnWindows/QtFormWindow.hpp"
 
-#include "Platform/MotionSettings.hpp"
 #include "OwnWindows/FormView.hpp"
 #include "OwnWindows/PageScroller.hpp"
+#include "Platform/MotionSettings.hpp"
 
 namespace vireline::x11 {
 

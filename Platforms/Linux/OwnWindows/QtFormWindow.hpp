@@ -1,8 +1,8 @@
 /// The settings form in a window that scrolls.
 #pragma once
 
-#include "Platform/ProgramWindows.hpp"
 #include "OwnWindows/WindowShell.hpp"
+#include "Platform/ProgramWindows.hpp"
 
 namespace vireline::x11 {
 

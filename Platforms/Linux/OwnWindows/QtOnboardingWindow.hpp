@@ -1,8 +1,8 @@
 /// The welcome tour's window, one page at a time.
 #pragma once
 
-#include "Platform/ProgramWindows.hpp"
 #include "OwnWindows/WindowShell.hpp"
+#include "Platform/ProgramWindows.hpp"
 
 #include <QStackedWidget>
 

@@ -1,8 +1,8 @@
 /// Makes the program's own windows and holds what they share.
 #pragma once
 
-#include "Platform/ProgramWindows.hpp"
 #include "OwnWindows/OwnWindow.hpp"
+#include "Platform/ProgramWindows.hpp"
 
 namespace vireline::x11 {
 

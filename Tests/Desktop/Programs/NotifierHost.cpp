@@ -79,13 +79,11 @@ std::string menuPath(const Panel& panel) {
 
 /// The last key of the first shortcut.
 std::string keyOf(GVariant* properties) {
-    const Variant shortcuts{
-        g_variant_lookup_value(properties, "shortcut", G_VARIANT_TYPE("aas"))};
+    const Variant shortcuts{g_variant_lookup_value(properties, "shortcut", G_VARIANT_TYPE("aas"))};
     if (!shortcuts || g_variant_n_children(shortcuts.get()) == 0)
         return {};
     const Variant keys{g_variant_get_child_value(shortcuts.get(), 0)};
-    const Variant last{
-        g_variant_get_child_value(keys.get(), g_variant_n_children(keys.get()) - 1)};
+    const Variant last{g_variant_get_child_value(keys.get(), g_variant_n_children(keys.get()) - 1)};
     return g_variant_get_string(last.get(), nullptr);
 }
 
@@ -148,7 +146,7 @@ GVariant* menuAsText(const Panel& panel) {
     return g_variant_new("(as)", &lines);
 }
 
-void chooseWhere(const Panel& panel, const std::string Entry::*member, const std::string& wanted) {
+void chooseWhere(const Panel& panel, const std::string Entry::* member, const std::string& wanted) {
     for (const Entry& entry : openMenu(panel)) {
         if (entry.*member == wanted)
             return click(panel, entry.id);
@@ -198,8 +196,8 @@ GVariant* answer(Panel& panel, const std::string& method, GVariant* parameters) 
 
 void hostCalled(GDBusConnection*, const char*, const char*, const char*, const char* method,
                 GVariant* parameters, GDBusMethodInvocation* invocation, void* panel) {
-    g_dbus_method_invocation_return_value(
-        invocation, answer(*static_cast<Panel*>(panel), method, parameters));
+    g_dbus_method_invocation_return_value(invocation,
+                                          answer(*static_cast<Panel*>(panel), method, parameters));
 }
 
 void watcherCalled(GDBusConnection*, const char* sender, const char*, const char*,
@@ -247,8 +245,8 @@ void reached(GDBusConnection* bus, const char*, void* data) {
 int main(int count, char** arguments) {
     Panel panel;
     panel.hasHost = count < 2 || std::string{arguments[1]} != "--no-host";
-    g_bus_own_name(G_BUS_TYPE_SESSION, "org.kde.StatusNotifierWatcher",
-                   G_BUS_NAME_OWNER_FLAGS_NONE, reached, nullptr, nullptr, &panel, nullptr);
+    g_bus_own_name(G_BUS_TYPE_SESSION, "org.kde.StatusNotifierWatcher", G_BUS_NAME_OWNER_FLAGS_NONE,
+                   reached, nullptr, nullptr, &panel, nullptr);
     const std::unique_ptr<GMainLoop, decltype(&g_main_loop_unref)> loop{g_main_loop_new(nullptr, 0),
                                                                         g_main_loop_unref};
     g_main_loop_run(loop.get());

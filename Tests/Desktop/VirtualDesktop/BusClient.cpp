@@ -19,8 +19,8 @@ BusClient::Connection BusClient::connect(const std::string& address) {
     const auto flags =
         static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                           G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-    return Connection{g_dbus_connection_new_for_address_sync(address.c_str(), flags, nullptr,
-                                                             nullptr, nullptr)};
+    return Connection{
+        g_dbus_connection_new_for_address_sync(address.c_str(), flags, nullptr, nullptr, nullptr)};
 }
 
 bool BusClient::answers(const std::string& address) {
@@ -54,9 +54,9 @@ Variant BusClient::property(const BusObject& object, const char* interfaceName,
 }
 
 bool BusClient::hasOwner(const std::string& name) const {
-    const auto reply = call({"org.freedesktop.DBus", "/org/freedesktop/DBus"},
-                            "org.freedesktop.DBus", "NameHasOwner",
-                            g_variant_new("(s)", name.c_str()));
+    const auto reply =
+        call({"org.freedesktop.DBus", "/org/freedesktop/DBus"}, "org.freedesktop.DBus",
+             "NameHasOwner", g_variant_new("(s)", name.c_str()));
     gboolean has = FALSE;
     if (reply)
         g_variant_get(reply.get(), "(b)", &has);

@@ -118,9 +118,7 @@ public:
     void stopSessionBus() { bus_.reset(); }
 
     /// The windows' controls. Only with accessibility.
-    [[nodiscard]] AccessibleTree controls() const {
-        return AccessibleTree{accessibilityAddress_};
-    }
+    [[nodiscard]] AccessibleTree controls() const { return AccessibleTree{accessibilityAddress_}; }
     /// What programs tell of them from now on. Only with accessibility.
     [[nodiscard]] AccessibleEvents accessibleEvents() const {
         return AccessibleEvents{accessibilityAddress_};

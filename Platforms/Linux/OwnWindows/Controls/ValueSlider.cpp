@@ -97,6 +97,7 @@ void ValueSlider::paintEvent(QPaintEvent* /*event*/) {
                    {0, 0, 0, shade});
     Painting::fill(painter, circle, half,
                    isSliderDown() ? QColor{236, 236, 240} : QColor{Qt::white});
+    Painting::outline(painter, circle, half, {0, 0, 0, shade});
     if (Painting::showsFocus(*this))
         Painting::ring(painter, *this, circle, half);
 }
