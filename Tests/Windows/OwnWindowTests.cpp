@@ -66,6 +66,15 @@ protected:
         }));
     }
 
+    /// Null while the settings are not open.
+    static QSlider* sizeSlider() {
+        for (QWidget* const widget : QApplication::allWidgets()) {
+            if (widget->accessibleName() == QStringLiteral("Icon size"))
+                return dynamic_cast<QSlider*>(widget);
+        }
+        return nullptr;
+    }
+
     /// The shown window with this title; nothing if there is none.
     static std::optional<PixelRect> frameOf(std::string_view title) {
         for (const xcb_window_t window : client().managedWindows()) {
@@ -160,11 +169,7 @@ TEST_F(OwnWindowTest, LeavesNoWidgetBehindWhenItIsClosed) {
 TEST_F(OwnWindowTest, AKnobInTheHandStaysThereWhateverTheSettingsSay) {
     pointAt("main");
     const auto window = showSettings();
-    QSlider* slider = nullptr;
-    for (QWidget* const widget : QApplication::allWidgets()) {
-        if (widget->accessibleName() == QStringLiteral("Icon size"))
-            slider = dynamic_cast<QSlider*>(widget);
-    }
+    QSlider* const slider = sizeSlider();
     ASSERT_NE(slider, nullptr);
     const QPoint middle = slider->mapToGlobal(slider->rect().center());
     const auto pointer = desk().pointer();
@@ -189,11 +194,7 @@ TEST_F(OwnWindowTest, AKnobInTheHandStaysThereWhateverTheSettingsSay) {
 TEST_F(OwnWindowTest, TheWheelScrollsThePageAndMovesNoSlider) {
     pointAt("main");
     const auto window = showSettings();
-    QSlider* slider = nullptr;
-    for (QWidget* const widget : QApplication::allWidgets()) {
-        if (widget->accessibleName() == QStringLiteral("Icon size"))
-            slider = dynamic_cast<QSlider*>(widget);
-    }
+    QSlider* const slider = sizeSlider();
     ASSERT_NE(slider, nullptr);
     const QPoint before = slider->mapToGlobal(slider->rect().center());
     const auto pointer = desk().pointer();
