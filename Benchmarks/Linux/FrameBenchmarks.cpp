@@ -24,6 +24,8 @@ std::atomic<std::int64_t> allocations{0};
 
 }
 
+// Below them there are no owners.
+// NOLINTBEGIN(cppcoreguidelines-owning-memory)
 void* operator new(std::size_t size) {
     allocations.fetch_add(1, std::memory_order_relaxed);
     if (void* const memory = std::malloc(size == 0 ? 1 : size))
@@ -38,6 +40,7 @@ void operator delete(void* memory) noexcept {
 void operator delete(void* memory, std::size_t /*size*/) noexcept {
     std::free(memory);
 }
+// NOLINTEND(cppcoreguidelines-owning-memory)
 
 namespace vireline::x11 {
 namespace {
