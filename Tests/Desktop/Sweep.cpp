@@ -182,9 +182,9 @@ long wakeUpsAfterwards(const VirtualDesktop& desktop, const Subject& subject) {
     constexpr auto longestAnimation = 500ms;
     leave(desktop, subject);
     std::this_thread::sleep_for(longestAnimation);
-    const long before = contextSwitches(subject.pid);
+    ContextSwitches switches{subject.pid};
     std::this_thread::sleep_for(1s);
-    return contextSwitches(subject.pid) - before;
+    return switches.count();
 }
 
 void tell(const Subject& subject, const Figures& figures) {

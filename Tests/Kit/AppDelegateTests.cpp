@@ -276,11 +276,11 @@ TEST_F(AppDelegateTest, AClickSummonsOpensHereAndFillsIfTheSettingsSaySo) {
     settings.fillOnDoubleClick = true;
     store(settings);
     start();
-    constexpr std::int32_t process = 100;
+    const auto running = test::FakePlatform::instanceOf(mail, 100);
 
     clickTile(1);
-    platform.running.launch(test::FakePlatform::instanceOf(mail, process));
-    auto& window = platform.accessibility.addWindow(process, {100, 100, 400, 300});
+    platform.running.launch(running);
+    auto& window = platform.accessibility.addWindow(running, {100, 100, 400, 300});
     platform.runLoop.advance(1);
     EXPECT_EQ(window.frame, (Rect{2680, 390, 400, 300})) << "it opens on the clicked display";
 
