@@ -110,6 +110,8 @@ public:
             desktop_.pointer().moveTo(tile);
             // Beyond a double click, and beyond the time in which the window is kept in its place.
             std::this_thread::sleep_for(std::chrono::milliseconds{1500});
+            if (desktop_.client().frame(window) != home)
+                throw std::runtime_error{"the window does not stay where it was"};
             const auto start = Clock::now();
             desktop_.pointer().press(Pointer::Button::primary);
             desktop_.pointer().release(Pointer::Button::primary);
