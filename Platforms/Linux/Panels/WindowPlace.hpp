@@ -5,6 +5,7 @@
 
 #include <xcb/xcb.h>
 
+#include <QTimer>
 #include <cstdint>
 #include <optional>
 
@@ -15,8 +16,12 @@ class X11Connection;
 class WindowPlace {
 public:
     /// For a window that has just been created, the dock of that display.
-    WindowPlace(const X11Connection& connection, xcb_window_t window, std::uint32_t displayID)
-        : connection_(connection), window_(window), displayID_(displayID) {}
+    WindowPlace(const X11Connection& connection, xcb_window_t window, std::uint32_t displayID);
+    WindowPlace(const WindowPlace&) = delete;
+    WindowPlace& operator=(const WindowPlace&) = delete;
+    WindowPlace(WindowPlace&&) = delete;
+    WindowPlace& operator=(WindowPlace&&) = delete;
+    ~WindowPlace() = default;
 
     /// Puts it there, in pixels of the root window, and from now on back there.
     void set(const PixelRect& place);
@@ -37,9 +42,10 @@ public:
     void startOver() noexcept { correctionsLeft_ = maximumCorrections; }
 
 private:
-    static constexpr int maximumCorrections = 16;
+    static constexpr int maximumCorrections = 8;
 
     void configured(const xcb_configure_notify_event_t& event);
+    void correct();
     void send(const PixelRect& place) const;
     [[nodiscard]] std::optional<PixelRect> now() const;
 
@@ -50,6 +56,8 @@ private:
     /// Nothing before the server first told.
     std::optional<PixelRect> actual_;
     int correctionsLeft_ = maximumCorrections;
+    /// Runs while a correction may still be on its way.
+    QTimer pause_;
 };
 
 }
