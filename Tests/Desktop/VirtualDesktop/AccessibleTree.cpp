@@ -64,6 +64,16 @@ std::optional<BusObject> AccessibleTree::find(AccessibleRole wanted,
     return found;
 }
 
+std::optional<BusObject> AccessibleTree::focused() const {
+    std::optional<BusObject> found;
+    walkAll([&](const BusObject& control) {
+        if (is(control, AccessibleState::focused))
+            found = control;
+        return false;
+    });
+    return found;
+}
+
 std::vector<std::string> AccessibleTree::names(AccessibleRole wanted) const {
     std::vector<std::string> found;
     walkAll([&](const BusObject& control) {

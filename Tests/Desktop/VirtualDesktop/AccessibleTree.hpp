@@ -40,6 +40,9 @@ public:
     /// none.
     [[nodiscard]] std::optional<BusObject> find(AccessibleRole role, const std::string& name) const;
 
+    /// The control that takes the keys; nothing if none does.
+    [[nodiscard]] std::optional<BusObject> focused() const;
+
     /// The names of all such controls that are visible, in the order of the windows.
     [[nodiscard]] std::vector<std::string> names(AccessibleRole role) const;
 
