@@ -2,7 +2,7 @@
 
 option(VIRELINE_PROGRAM "Build the platform and the executable" ON)
 option(VIRELINE_TESTS "Build the tests" OFF)
-option(VIRELINE_TOUR "Offer the targets DesktopTour and DesktopMeasure" OFF)
+option(VIRELINE_TOUR "Offer the targets for the tour, the pictures and the measurements" OFF)
 option(VIRELINE_BENCHMARKS "Build the benchmarks" OFF)
 option(VIRELINE_SANITIZE "Compile with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
 

@@ -24,6 +24,8 @@ std::atomic<std::int64_t> allocations{0};
 
 }
 
+// Below them there are no owners.
+// NOLINTBEGIN(cppcoreguidelines-owning-memory)
 void* operator new(std::size_t size) {
     allocations.fetch_add(1, std::memory_order_relaxed);
     if (void* const memory = std::malloc(size == 0 ? 1 : size))
@@ -38,6 +40,7 @@ void operator delete(void* memory) noexcept {
 void operator delete(void* memory, std::size_t /*size*/) noexcept {
     std::free(memory);
 }
+// NOLINTEND(cppcoreguidelines-owning-memory)
 
 namespace vireline::x11 {
 namespace {
@@ -120,7 +123,8 @@ void magnifiedFrame(benchmark::State& state) {
         QCoreApplication::processEvents();
     const auto screen = screens.screens().front();
     constexpr double length = 1300;
-    const PanelSpec spec{screen.number.value_or(0), {100, 4, length, 130}, length, DockPosition::bottom};
+    const PanelSpec spec{
+        screen.number.value_or(0), {100, 4, length, 130}, length, DockPosition::bottom};
     DockPanel panel{spec, false, context, tapped};
     panel.orderFrontRegardless();
     for (int i = 0; i < 200; ++i)
@@ -128,7 +132,7 @@ void magnifiedFrame(benchmark::State& state) {
 
     double x = 300;
     std::int64_t allocated = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto frame : state) {
         x = x < 1000 ? x + 3.7 : 300;
         fixture.platform.runLoop.advance(1.0 / 60);
         const double started = processorSeconds();

@@ -28,9 +28,19 @@ protected:
     /// The program still does its main job: a click launches the first of the pinned apps.
     void expectWorking() {
         ASSERT_TRUE(docksSettle(twoTiles));
-        desktop().pointer().click(layout("right", twoTiles).icon(0));
+        const PixelPoint tile = layout("right", twoTiles).icon(0);
+        ASSERT_TRUE(turns(tile, apps[0].colour));
+        desktop().pointer().click(tile);
         EXPECT_TRUE(eventually([&] { return desktop().isActive(apps[0]); }));
         EXPECT_TRUE(desktop().vireline().isRunning());
+    }
+
+    /// Without preferences this is the first start, and the window that says so takes the focus.
+    void expectWelcome() {
+        const auto& client = desktop().client();
+        EXPECT_TRUE(eventually([&] {
+            return client.text(client.focusedWindow(), "_NET_WM_NAME") == "Welcome to Vireline";
+        }));
     }
 
     const std::vector<App> apps = someApps(2);
@@ -71,6 +81,7 @@ TEST_P(BadPreferences, AreKeptAsTheyAreAndReplacedByDefaults) {
     desktop.home().writePreferences(GetParam().content);
     desktop.runVireline();
     EXPECT_TRUE(logs("preferences unreadable, using defaults (file kept)"));
+    expectWelcome();
     expectWorking();
     // Not EXPECT_EQ, which would print all of it.
     EXPECT_TRUE(readFile(desktop.home().preferences()) == GetParam().content);
@@ -124,6 +135,7 @@ TEST_F(BadInput, PreferencesOfAHundredMegabytesAreKeptAndCostNoMemory) {
     constexpr std::size_t size = 100 * megabyte;
     fs::resize_file(desktop.home().preferences(), size);
     desktop.runVireline();
+    expectWelcome();
     expectWorking();
     EXPECT_EQ(fs::file_size(desktop.home().preferences()), size);
 }

@@ -9,8 +9,18 @@
 
 #include <filesystem>
 #include <memory>
+#include <ostream>
 #include <string>
 #include <vector>
+
+namespace vireline {
+
+/// How the tests' framework names an edge.
+inline void PrintTo(DockPosition position, std::ostream* out) {
+    *out << rawValue(position);
+}
+
+}
 
 namespace vireline::desktop {
 

@@ -116,6 +116,7 @@ TEST_F(Drop, OfSevenThousandFilesOnTrashLeavesTheDockAnswering) {
     constexpr int count = 7000;
     run();
     std::vector<fs::path> files;
+    files.reserve(count);
     fs::create_directory(desktop().home().folder() / "many");
     for (int i = 0; i < count; ++i)
         files.push_back(makeFile("many/file " + std::to_string(i)));

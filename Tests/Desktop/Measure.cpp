@@ -1,9 +1,11 @@
 /// Measures the program as it runs: how fast its docks come up on two displays, what memory it
 /// takes, and whether it sleeps while nothing happens.
+#include "SettingsFigures.hpp"
 #include "VirtualDesktop/ProcessFigures.hpp"
 #include "VirtualDesktop/Report.hpp"
 #include "VirtualDesktop/VirtualDesktop.hpp"
 #include "VirtualDesktop/Waiting.hpp"
+#include "WindowFigures.hpp"
 
 #include <poll.h>
 
@@ -130,10 +132,9 @@ void measure() {
            static_cast<double>(kilobytes(pid, "Rss:")) / perMegabyte, "MB", "");
 
     constexpr std::chrono::seconds rest{20};
-    const long before = contextSwitches(pid);
+    ContextSwitches switches{pid};
     std::this_thread::sleep_for(rest);
-    report("context switches in 20 s at rest", static_cast<double>(contextSwitches(pid) - before),
-           "", "<= 2");
+    report("context switches in 20 s at rest", static_cast<double>(switches.count()), "", "<= 2");
 }
 
 }
@@ -142,6 +143,8 @@ void measure() {
 int main() {
     try {
         vireline::desktop::measure();
+        vireline::desktop::measureSettings();
+        vireline::desktop::measureWindows();
         return EXIT_SUCCESS;
     } catch (const std::exception& error) {
         std::cerr << "measure: " << error.what() << '\n';

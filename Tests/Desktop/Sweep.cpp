@@ -53,11 +53,18 @@ struct Figures {
 };
 
 std::vector<App> apps() {
-    constexpr std::array<const char*, tileCount> icons{
-        "web-browser",             "internet-mail",           "office-calendar",
-        "multimedia-audio-player", "multimedia-photo-viewer", "system-software-install",
-        "utilities-terminal",      "accessories-text-editor", "accessories-calculator",
-        "preferences-system",      "system-file-manager",     "libreoffice-writer"};
+    constexpr std::array<const char*, tileCount> icons{"web-browser",
+                                                       "internet-mail",
+                                                       "office-calendar",
+                                                       "multimedia-audio-player",
+                                                       "multimedia-photo-viewer",
+                                                       "system-software-install",
+                                                       "utilities-terminal",
+                                                       "accessories-text-editor",
+                                                       "accessories-calculator",
+                                                       "preferences-system",
+                                                       "system-file-manager",
+                                                       "libreoffice-writer"};
     std::vector<App> all;
     for (const char* const icon : icons) {
         const auto name = "App" + std::to_string(all.size());
@@ -175,9 +182,9 @@ long wakeUpsAfterwards(const VirtualDesktop& desktop, const Subject& subject) {
     constexpr auto longestAnimation = 500ms;
     leave(desktop, subject);
     std::this_thread::sleep_for(longestAnimation);
-    const long before = contextSwitches(subject.pid);
+    ContextSwitches switches{subject.pid};
     std::this_thread::sleep_for(1s);
-    return contextSwitches(subject.pid) - before;
+    return switches.count();
 }
 
 void tell(const Subject& subject, const Figures& figures) {

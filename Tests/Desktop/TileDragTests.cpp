@@ -172,6 +172,8 @@ TEST_F(TileDrag, GivesTheKeyboardBack) {
     run();
     EXPECT_FALSE(isKeyboardHeld());
     drag(0, 1);
+    // Asking holds it as well, for a moment, and must not come first.
+    ASSERT_TRUE(turns(tile(0), beta.colour));
     EXPECT_TRUE(eventually([&] { return isKeyboardHeld(); }));
     letGo();
     EXPECT_TRUE(eventually([&] { return !isKeyboardHeld(); }));

@@ -22,13 +22,19 @@ protected:
 
     /// The tile of the app at `index` on that display.
     [[nodiscard]] PixelPoint tile(const std::string& monitor, int index = 0);
+    /// Returns once the program has acted on the click.
     void clickTile(const std::string& monitor, int index = 0);
 
+    /// Two clicks, the second as soon as the program has acted on the first. Clicks that follow
+    /// each other faster than anybody's hand are not all passed on by window managers.
     void doubleClickTile(const std::string& monitor, int index = 0);
 
     /// Starts the app at `index` as from a terminal, with a window whose corner is there, and waits
     /// until it is active and the docks know of it.
     xcb_window_t open(int index, PixelPoint corner, std::vector<std::string> arguments = {});
+
+    /// Clicks and double clicks that the program has acted on.
+    [[nodiscard]] int clicksLogged();
 
     /// A dock that hides comes out.
     void reveal(const std::string& monitor);
@@ -73,6 +79,11 @@ protected:
 }
 
 [[nodiscard]] std::string nameOf(VirtualDesktop::Manager manager);
+
+/// How the tests' framework names a window manager.
+inline void PrintTo(VirtualDesktop::Manager manager, std::ostream* out) {
+    *out << nameOf(manager);
+}
 
 /// The test's name behind the suite's.
 [[nodiscard]] std::string

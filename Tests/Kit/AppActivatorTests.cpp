@@ -141,7 +141,7 @@ struct WindowFeatures : AppActivatorTest {
     /// Starts the app with one window whose corner is there.
     test::FakeWindow& runAt(double x, double y) {
         platform.running.apps = {FakePlatform::instanceOf(app, process)};
-        return platform.accessibility.addWindow(process, {x, y, 400, 300});
+        return platform.accessibility.addWindow(platform.running.apps.front(), {x, y, 400, 300});
     }
 
     static constexpr std::int32_t process = 100;

@@ -48,7 +48,7 @@ struct WindowMoverTest : testing::Test {
 };
 
 TEST_F(WindowMoverTest, TellsOnWhichDisplayTheMainWindowIs) {
-    ax.addWindow(process, {100, 100, 400, 300});
+    ax.addWindow(running, {100, 100, 400, 300});
 
     EXPECT_TRUE(hasWindowOn(1));
     EXPECT_FALSE(hasWindowOn(2));
@@ -56,7 +56,7 @@ TEST_F(WindowMoverTest, TellsOnWhichDisplayTheMainWindowIs) {
 
 // Behaviour: window-mover-3
 TEST_F(WindowMoverTest, AWindowWhoseCentreIsOnNoDisplayIsNowhere) {
-    ax.addWindow(process, {-300, 100, 400, 300});
+    ax.addWindow(running, {-300, 100, 400, 300});
 
     EXPECT_FALSE(hasWindowOn(1));
     EXPECT_FALSE(hasWindowOn(2));
@@ -64,7 +64,7 @@ TEST_F(WindowMoverTest, AWindowWhoseCentreIsOnNoDisplayIsNowhere) {
 
 TEST_F(WindowMoverTest, TakesWhatItCannotTellForHere) {
     EXPECT_TRUE(hasWindowOn(2)) << "no window";
-    ax.addWindow(process, {100, 100, 400, 300});
+    ax.addWindow(running, {100, 100, 400, 300});
     ax.failures["AXPosition"] = {-25211, "disabled"};
     EXPECT_TRUE(hasWindowOn(2)) << "no position";
     ax.failures = {{"AXSize", {-25211, "disabled"}}};
@@ -75,8 +75,8 @@ TEST_F(WindowMoverTest, TakesWhatItCannotTellForHere) {
 }
 
 TEST_F(WindowMoverTest, SummonsTheMainWindowToTheMiddleOfTheDisplay) {
-    const auto& window = ax.addWindow(process, {100, 100, 400, 300});
-    const auto& other = ax.addWindow(process, {10, 20, 30, 40});
+    const auto& other = ax.addWindow(running, {10, 20, 30, 40});
+    const auto& window = ax.addWindow(running, {100, 100, 400, 300});
 
     EXPECT_TRUE(summonTo(2));
 
@@ -86,7 +86,7 @@ TEST_F(WindowMoverTest, SummonsTheMainWindowToTheMiddleOfTheDisplay) {
 }
 
 TEST_F(WindowMoverTest, LogsTheErrorOfASummonThatFails) {
-    ax.addWindow(process, {100, 100, 400, 300});
+    ax.addWindow(running, {100, 100, 400, 300});
     ax.failures["set AXPosition"] = {-25204, "cannot complete"};
 
     EXPECT_FALSE(summonTo(2));
@@ -96,7 +96,7 @@ TEST_F(WindowMoverTest, LogsTheErrorOfASummonThatFails) {
 
 TEST_F(WindowMoverTest, SummonsNothingSilently) {
     EXPECT_FALSE(summonTo(2)) << "no window";
-    ax.addWindow(process, {100, 100, 400, 300});
+    ax.addWindow(running, {100, 100, 400, 300});
     EXPECT_FALSE(summonTo(7)) << "no such display";
     ax.trusted = false;
     EXPECT_FALSE(summonTo(2)) << "no permission";
@@ -106,7 +106,7 @@ TEST_F(WindowMoverTest, SummonsNothingSilently) {
 }
 
 TEST_F(WindowMoverTest, FillsByMovingResizingAndSettling) {
-    const auto& window = ax.addWindow(process, {100, 100, 400, 300});
+    const auto& window = ax.addWindow(running, {100, 100, 400, 300});
 
     EXPECT_TRUE(fillOn(2));
 
@@ -117,7 +117,7 @@ TEST_F(WindowMoverTest, FillsByMovingResizingAndSettling) {
 }
 
 TEST_F(WindowMoverTest, LogsAllThreeErrorsOfAFillAndStillTriesEachStep) {
-    ax.addWindow(process, {100, 100, 400, 300});
+    ax.addWindow(running, {100, 100, 400, 300});
     ax.failures["set AXSize"] = {-25205, "unsupported"};
 
     EXPECT_FALSE(fillOn(2));
@@ -128,7 +128,7 @@ TEST_F(WindowMoverTest, LogsAllThreeErrorsOfAFillAndStillTriesEachStep) {
 
 TEST_F(WindowMoverTest, FillsNothingSilently) {
     EXPECT_FALSE(fillOn(2)) << "no window";
-    ax.addWindow(process, {100, 100, 400, 300});
+    ax.addWindow(running, {100, 100, 400, 300});
     EXPECT_FALSE(fillOn(7)) << "no such display";
     EXPECT_FALSE(mover.fillMainWindow(running, 2, {}, context)) << "no displays";
     ax.trusted = false;
@@ -139,8 +139,8 @@ TEST_F(WindowMoverTest, FillsNothingSilently) {
 }
 
 TEST_F(WindowMoverTest, WithoutAMainWindowTakesTheFirstOfAll) {
-    const auto& first = ax.addWindow(process, {100, 100, 400, 300});
-    const auto& second = ax.addWindow(process, {100, 100, 200, 200});
+    const auto& first = ax.addWindow(running, {100, 100, 400, 300});
+    const auto& second = ax.addWindow(running, {100, 100, 200, 200});
     ax.failures["AXMainWindow"] = {-25212, "no value"};
 
     EXPECT_TRUE(summonTo(2));
@@ -150,7 +150,7 @@ TEST_F(WindowMoverTest, WithoutAMainWindowTakesTheFirstOfAll) {
 }
 
 TEST_F(WindowMoverTest, PassesOverValuesThatAreNoElements) {
-    const auto& first = ax.addWindow(process, {100, 100, 400, 300});
+    const auto& first = ax.addWindow(running, {100, 100, 400, 300});
     ax.notElements = {"AXMainWindow", "AXWindows"};
 
     EXPECT_TRUE(summonTo(2));
@@ -159,7 +159,7 @@ TEST_F(WindowMoverTest, PassesOverValuesThatAreNoElements) {
 }
 
 TEST_F(WindowMoverTest, GivesUpWhenTheWindowsCannotBeRead) {
-    ax.addWindow(process, {100, 100, 400, 300});
+    ax.addWindow(running, {100, 100, 400, 300});
     ax.failures = {{"AXMainWindow", {-25204, "no answer"}}, {"AXWindows", {-25204, "no answer"}}};
 
     EXPECT_FALSE(summonTo(2));
@@ -167,7 +167,7 @@ TEST_F(WindowMoverTest, GivesUpWhenTheWindowsCannotBeRead) {
 }
 
 TEST_F(WindowMoverTest, GivesEveryElementItsTimeOutBeforeAskingIt) {
-    ax.addWindow(process, {100, 100, 400, 300});
+    ax.addWindow(running, {100, 100, 400, 300});
 
     fillOn(2);
     summonTo(2);
@@ -179,7 +179,7 @@ TEST_F(WindowMoverTest, GivesEveryElementItsTimeOutBeforeAskingIt) {
 }
 
 TEST_F(WindowMoverTest, PlacesARunningAppAtOnce) {
-    const auto& window = ax.addWindow(process, {100, 100, 400, 300});
+    const auto& window = ax.addWindow(running, {100, 100, 400, 300});
     platform.running.apps = {running};
 
     expectCentered();
@@ -196,7 +196,7 @@ TEST_F(WindowMoverTest, PlacesAnAppOnceItsWindowIsThere) {
     platform.runLoop.advance(1);
     platform.running.apps = {running};
     platform.runLoop.advance(1);
-    const auto& window = ax.addWindow(process, {100, 100, 400, 300});
+    const auto& window = ax.addWindow(running, {100, 100, 400, 300});
     platform.runLoop.advance(0.39);
     EXPECT_EQ(window.frame.x, 100);
 
@@ -209,7 +209,7 @@ TEST_F(WindowMoverTest, PlacesAnAppOnceItsWindowIsThere) {
 TEST_F(WindowMoverTest, FillsWithTheContextThatItWasArmedWith) {
     mover.expect(app.bundleID, 2, context);
     platform.running.apps = {running};
-    const auto& window = ax.addWindow(process, {100, 100, 400, 300});
+    const auto& window = ax.addWindow(running, {100, 100, 400, 300});
 
     platform.runLoop.advance(0.4);
 
@@ -238,7 +238,7 @@ TEST_F(WindowMoverTest, TriesAnAppWithoutAWindowTwentySixTimesAndGivesUpOnce) {
 TEST_F(WindowMoverTest, TheTimerEndsATickAfterTheLastPlacement) {
     expectCentered();
     platform.runLoop.advance(0.1);
-    ax.addWindow(process, {100, 100, 400, 300});
+    ax.addWindow(running, {100, 100, 400, 300});
     platform.running.apps = {running};
 
     platform.runLoop.advance(0.3);
@@ -266,9 +266,10 @@ TEST_F(WindowMoverTest, TwoAppsKeepTheirOwnDisplays) {
     const AppRef notes = platform.install("com.apple.Notes", "Notes");
     expectCentered(2);
     mover.expect(notes.bundleID, 1, WindowMover::Center{});
-    platform.running.apps = {running, FakePlatform::instanceOf(notes, 200)};
-    const auto& mail = ax.addWindow(process, {100, 100, 400, 300});
-    const auto& other = ax.addWindow(200, {2000, 100, 400, 300});
+    const auto runningNotes = FakePlatform::instanceOf(notes, 200);
+    platform.running.apps = {running, runningNotes};
+    const auto& mail = ax.addWindow(running, {100, 100, 400, 300});
+    const auto& other = ax.addWindow(runningNotes, {2000, 100, 400, 300});
 
     platform.runLoop.advance(0.4);
 
@@ -290,7 +291,7 @@ TEST_F(WindowMoverTest, GivesUpWhenThePermissionIsWithdrawnMeanwhile) {
     expectCentered();
     ax.trusted = false;
     platform.running.apps = {running};
-    const auto& window = ax.addWindow(process, {100, 100, 400, 300});
+    const auto& window = ax.addWindow(running, {100, 100, 400, 300});
 
     platform.runLoop.advance(20);
 
@@ -302,7 +303,7 @@ TEST_F(WindowMoverTest, GivesUpWhenThePermissionIsWithdrawnMeanwhile) {
 TEST_F(WindowMoverTest, UsesTheDisplaysAsTheyAreAtTheTry) {
     expectCentered();
     platform.running.apps = {running};
-    const auto& window = ax.addWindow(process, {100, 100, 400, 300});
+    const auto& window = ax.addWindow(running, {100, 100, 400, 300});
     platform.screens.list.pop_back();
     platform.runLoop.advance(0.4);
     EXPECT_EQ(window.frame.x, 100);
@@ -320,7 +321,7 @@ TEST_F(WindowMoverTest, TriesNothingAfterItsEnd) {
         brief.expect(app.bundleID, 2, WindowMover::Center{});
     }
     platform.running.apps = {running};
-    const auto& window = ax.addWindow(process, {100, 100, 400, 300});
+    const auto& window = ax.addWindow(running, {100, 100, 400, 300});
 
     platform.runLoop.advance(1);
 

@@ -1,9 +1,9 @@
-#include "Panels/FrameClock.hpp"
-
 #include "Linux/EventLoop.hpp"
+#include "Panels/FrameClock.hpp"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 
 namespace vireline::x11 {
@@ -29,7 +29,8 @@ protected:
     int frames = 0;
     FrameClock clock{[this] {
         ++frames;
-        if (left_ > 0 && --left_ > 0)
+        left_ = std::max(left_ - 1, 0);
+        if (left_ > 0)
             clock.request();
     }};
 

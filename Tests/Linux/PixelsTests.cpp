@@ -1,5 +1,4 @@
 #include "Panels/Pixels.hpp"
-
 #include "Panels/SmoothScaler.hpp"
 
 #include <gtest/gtest.h>

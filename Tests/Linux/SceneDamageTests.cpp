@@ -51,8 +51,7 @@ TEST(SceneDamage, HoldsAppearedAndVanishedNodes) {
     Scene after = scene();
     after.nodes.erase(after.nodes.begin() + 1);
     after.nodes.push_back(node(NodeID::Part::handle, 0, {0, 0, 5, 5}));
-    EXPECT_EQ(between(scene(), after),
-              QRegion(29, 39, 10, 10) + QRegion(9, 19, 12, 12));
+    EXPECT_EQ(between(scene(), after), QRegion(29, 39, 10, 10) + QRegion(9, 19, 12, 12));
 }
 
 TEST(SceneDamage, HoldsNodesThatChangedTheirOrder) {

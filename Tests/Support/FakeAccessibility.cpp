@@ -1,13 +1,16 @@
 #include "Support/FakeAccessibility.hpp"
 
 #include <algorithm>
+#include <iterator>
 #include <sstream>
+#include <utility>
 
 namespace vireline::test {
 namespace {
 
 /// As on macOS.
 constexpr int invalidElement = -25202;
+constexpr int cannotComplete = -25204;
 constexpr int noValue = -25212;
 
 template <class Value>
@@ -20,10 +23,12 @@ std::string described(const std::string& attribute, const Value& value) {
 }
 
 struct FakeAccessibility::Element final : public AccessibilityElement {
-    explicit Element(std::int32_t process) : processIdentifier(process) {}
+    Element(std::int32_t process, std::string identifier)
+        : processIdentifier(process), bundleID(std::move(identifier)) {}
     explicit Element(const std::shared_ptr<FakeWindow>& shown) : window(shown) {}
 
     std::int32_t processIdentifier = 0;
+    std::string bundleID;
     std::weak_ptr<FakeWindow> window;
     bool hasTimeout = false;
 
@@ -37,8 +42,8 @@ bool FakeAccessibility::isTrustedWithPrompt() {
 }
 
 ElementHandle FakeAccessibility::application(std::int32_t processIdentifier,
-                                             const std::string& /*bundleID*/) {
-    return std::make_shared<Element>(processIdentifier);
+                                             const std::string& bundleID) {
+    return std::make_shared<Element>(processIdentifier, bundleID);
 }
 
 void FakeAccessibility::setMessagingTimeout(AccessibilityElement& element, float seconds) {
@@ -49,12 +54,14 @@ void FakeAccessibility::setMessagingTimeout(AccessibilityElement& element, float
 Result<ElementHandle> FakeAccessibility::mainWindow(AccessibilityElement& application) {
     if (const auto failure = failureOf("AXMainWindow", application))
         return std::unexpected{*failure};
-    const auto& windows = windows_[Element::of(application).processIdentifier];
-    if (windows.empty())
+    auto windows = windowsOf(Element::of(application));
+    std::erase_if(windows, [](const Owned& owned) { return owned.window->isDialog; });
+    const auto main = std::ranges::max_element(windows, {}, &Owned::lastActive);
+    if (main == windows.end())
         return std::unexpected{PlatformError{noValue, "no main window"}};
     if (isNoElement("AXMainWindow"))
         return ElementHandle{};
-    return std::make_shared<Element>(windows.front());
+    return std::make_shared<Element>(main->window);
 }
 
 Result<std::vector<ElementHandle>> FakeAccessibility::windows(AccessibilityElement& application) {
@@ -63,8 +70,8 @@ Result<std::vector<ElementHandle>> FakeAccessibility::windows(AccessibilityEleme
     std::vector<ElementHandle> elements;
     if (isNoElement("AXWindows"))
         elements.emplace_back();
-    for (const auto& window : windows_[Element::of(application).processIdentifier])
-        elements.push_back(std::make_shared<Element>(window));
+    for (const Owned& owned : windowsOf(Element::of(application)))
+        elements.push_back(std::make_shared<Element>(owned.window));
     return elements;
 }
 
@@ -100,9 +107,19 @@ Result<void> FakeAccessibility::setSize(AccessibilityElement& window, Size size)
     return {};
 }
 
-FakeWindow& FakeAccessibility::addWindow(std::int32_t processIdentifier, const Rect& frame) {
-    return *windows_[processIdentifier].emplace_back(
-        std::make_shared<FakeWindow>(FakeWindow{.frame = frame}));
+FakeWindow& FakeAccessibility::addWindow(const RunningApplication& app, const Rect& frame) {
+    auto window = std::make_shared<FakeWindow>(FakeWindow{.frame = frame});
+    windows_.push_back(
+        {app.bundleID.value_or(""), app.processIdentifier, ++activations_, std::move(window)});
+    return *windows_.back().window;
+}
+
+void FakeAccessibility::activate(const FakeWindow& window) {
+    find(window)->lastActive = ++activations_;
+}
+
+void FakeAccessibility::close(const FakeWindow& window) {
+    windows_.erase(find(window));
 }
 
 std::optional<PlatformError> FakeAccessibility::failureOf(const std::string& call,
@@ -112,13 +129,35 @@ std::optional<PlatformError> FakeAccessibility::failureOf(const std::string& cal
         ++callsWithoutTimeout;
     if (const auto failure = failures.find(call); failure != failures.end())
         return failure->second;
-    if (!call.ends_with("Window") && !call.ends_with("Windows") && asked.window.expired())
+    if (call.ends_with("Window") || call.ends_with("Windows"))
+        return std::nullopt;
+    if (!answers)
+        return PlatformError{cannotComplete, "no answer"};
+    if (asked.window.expired())
         return PlatformError{invalidElement, "the window is gone"};
     return std::nullopt;
 }
 
 bool FakeAccessibility::isNoElement(const std::string& attribute) const {
     return std::ranges::find(notElements, attribute) != notElements.end();
+}
+
+std::vector<FakeAccessibility::Owned>
+FakeAccessibility::windowsOf(const Element& application) const {
+    std::vector<Owned> all;
+    std::ranges::copy_if(windows_, std::back_inserter(all), [&](const Owned& owned) {
+        return owned.bundleID == application.bundleID;
+    });
+    std::vector<Owned> its;
+    std::ranges::copy_if(all, std::back_inserter(its), [&](const Owned& owned) {
+        return owned.processIdentifier == application.processIdentifier;
+    });
+    return application.processIdentifier == 0 || its.empty() ? all : its;
+}
+
+std::vector<FakeAccessibility::Owned>::iterator FakeAccessibility::find(const FakeWindow& window) {
+    return std::ranges::find(windows_, &window,
+                             [](const Owned& owned) { return owned.window.get(); });
 }
 
 class FakePointerTaps::Tap final : public PointerTap {

@@ -3,6 +3,7 @@
 
 #include "Platform/Accessibility.hpp"
 #include "Platform/PointerTap.hpp"
+#include "Platform/RunningApplications.hpp"
 
 #include <cstdint>
 #include <map>
@@ -18,6 +19,8 @@ struct FakeWindow {
     Rect frame;
     /// The smallest size that it takes; a smaller one is answered with this.
     Size minimumSize{};
+    /// Never an app's main window.
+    bool isDialog = false;
 };
 
 class FakeAccessibility final : public Accessibility {
@@ -35,15 +38,15 @@ public:
     [[nodiscard]] Result<Size> size(AccessibilityElement& window) override;
     Result<void> setSize(AccessibilityElement& window, Size size) override;
 
-    /// Gives the app with this process a window more, the first of which is its main one.
-    FakeWindow& addWindow(std::int32_t processIdentifier, const Rect& frame);
-    /// The app's windows, oldest first.
-    [[nodiscard]] std::vector<std::shared_ptr<FakeWindow>>&
-    windowsOf(std::int32_t processIdentifier) {
-        return windows_[processIdentifier];
-    }
+    /// Gives the app a window more, which is active from then on.
+    FakeWindow& addWindow(const RunningApplication& app, const Rect& frame);
+    /// The app's main window is the one that was active last.
+    void activate(const FakeWindow& window);
+    void close(const FakeWindow& window);
 
     bool trusted = true;
+    /// While false, every call about a window fails.
+    bool answers = true;
     int prompts = 0;
     /// Calls that fail, by the name of the attribute; "set AXPosition" for a setter.
     std::map<std::string, PlatformError> failures;
@@ -58,11 +61,24 @@ public:
 private:
     struct Element;
 
+    struct Owned {
+        std::string bundleID;
+        std::int32_t processIdentifier = 0;
+        /// Greater is later.
+        int lastActive = 0;
+        std::shared_ptr<FakeWindow> window;
+    };
+
     [[nodiscard]] std::optional<PlatformError> failureOf(const std::string& call,
                                                          AccessibilityElement& element);
     [[nodiscard]] bool isNoElement(const std::string& attribute) const;
+    /// Those of its process; if that is unknown, or has none, all of the app's.
+    [[nodiscard]] std::vector<Owned> windowsOf(const Element& application) const;
+    [[nodiscard]] std::vector<Owned>::iterator find(const FakeWindow& window);
 
-    std::map<std::int32_t, std::vector<std::shared_ptr<FakeWindow>>> windows_;
+    /// Oldest first.
+    std::vector<Owned> windows_;
+    int activations_ = 0;
 };
 
 class FakePointerTaps final : public PointerTaps {

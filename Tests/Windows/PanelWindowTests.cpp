@@ -3,6 +3,7 @@
 #include <xcb/shape.h>
 
 #include <algorithm>
+#include <array>
 
 namespace vireline {
 namespace {
@@ -146,6 +147,47 @@ TEST_F(PanelWindowTest, KeepsThePointerWhileTheButtonIsHeldOutside) {
     EXPECT_LT(released, std::ranges::find(log.words, "out"));
 }
 
+TEST_F(PanelWindowTest, FollowsAPressFromAMovingPointerOutOfTheWindow) {
+    const auto dock = showDock("main", log);
+    for (int x = 80; x < 100; x += 4)
+        moveTo("main", {static_cast<double>(x), 40});
+    EXPECT_TRUE(eventually([&] { return log.has("moved 96,40"); }));
+    desk().pointer().press(Pointer::Button::primary);
+    EXPECT_TRUE(eventually([&] { return log.has("pressed 96,40"); }));
+    moveTo("main", {110, -100});
+    EXPECT_TRUE(eventually([&] { return log.has("moved 110,-100"); }));
+    moveTo("main", {120, -200});
+    EXPECT_TRUE(eventually([&] { return log.has("moved 120,-200"); }));
+    EXPECT_FALSE(log.has("out"));
+    desk().pointer().release(Pointer::Button::primary);
+    EXPECT_TRUE(eventually([&] { return log.has("out"); }));
+
+    // Nothing tells of it any more.
+    log.words.clear();
+    moveTo("main", {130, -250});
+    settle();
+    EXPECT_EQ(std::ranges::count(log.words, "in"), 0);
+}
+
+TEST_F(PanelWindowTest, FollowsAPressThatIsQuickerThanAFrame) {
+    const auto dock = showDock("main", log);
+    const auto isMovedAfterThePress = [&] {
+        const auto pressed = std::ranges::find(log.words, "pressed 96,40");
+        return std::find(pressed, log.words.end(), "moved 180,40") != log.words.end();
+    };
+    for (int round = 0; round < 10; ++round) {
+        log.words.clear();
+        moveTo("main", {90, 40});
+        moveTo("main", {96, 40});
+        EXPECT_TRUE(eventually([&] { return log.has("moved 96,40"); }));
+        desk().pointer().press(Pointer::Button::primary);
+        moveTo("main", {180, 40});
+        EXPECT_TRUE(eventually(isMovedAfterThePress)) << round;
+        desk().pointer().release(Pointer::Button::primary);
+        EXPECT_TRUE(eventually([&] { return log.has("released 180,40"); }));
+    }
+}
+
 TEST_F(PanelWindowTest, TakesAGrabBySomebodyElseForNoLeave) {
     const auto dock = showDock("main", log);
     moveTo("main", {100, 40});
@@ -253,6 +295,35 @@ TEST_F(PanelWindowTest, PaintsANewScene) {
     EXPECT_TRUE(eventually([&] { return middle().red < 60; }));
     dock->present(dockScene());
     EXPECT_TRUE(eventually([&] { return middle() == before; }));
+}
+
+TEST_F(PanelWindowTest, RestoresAllThatAnotherWindowLeavesBehind) {
+    const auto dock = showDock("main", log);
+    settle();
+    const PixelRect frame = frameOf("main");
+    const auto pixels = [&] {
+        std::vector<desktop::Colour> found;
+        for (const int x : {60, 160, 260, 360})
+            found.push_back(desk().pixel({frame.x + x, frame.y + 55}));
+        return found;
+    };
+    const auto before = pixels();
+
+    // In four pieces, which the server tells of one by one.
+    const auto cover = client().createWindow(frame, 0x00ff0000);
+    const std::array<xcb_rectangle_t, 4> pieces{
+        {{50, 50, 20, 10}, {150, 52, 20, 10}, {250, 48, 20, 10}, {350, 54, 20, 10}}};
+    const std::uint32_t yes = 1;
+    xcb_change_window_attributes(client().get(), cover, XCB_CW_OVERRIDE_REDIRECT, &yes);
+    xcb_shape_rectangles(client().get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING,
+                         XCB_CLIP_ORDERING_UNSORTED, cover, 0, 0, pieces.size(), pieces.data());
+    client().map(cover);
+    client().sync();
+    EXPECT_TRUE(eventually([&] { return pixels().back().green < 60; }));
+    client().destroy(cover);
+    client().sync();
+
+    EXPECT_TRUE(eventually([&] { return pixels() == before; }));
 }
 
 TEST_F(PanelWindowTest, GoesWithItsObject) {

@@ -9,7 +9,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,12 +29,17 @@ public:
     bool dragMoved(Point at) override;
     void dragExited() override { words.emplace_back("drag out"); }
     bool dropped(Point at) override;
+    [[nodiscard]] std::vector<AccessibleTile> accessibleTiles() override;
+    void pressTile(std::uint32_t id) override { words.push_back("tile " + std::to_string(id)); }
+    void showTileMenu(std::uint32_t id) override { words.push_back("menu " + std::to_string(id)); }
 
     [[nodiscard]] bool has(std::string_view word) const;
 
     std::vector<std::string> words;
     /// What it answers to drags.
     bool takesDrops = true;
+    std::vector<AccessibleTile> tiles;
+    int tilesAsked = 0;
 };
 
 class WindowTest : public testing::Test {

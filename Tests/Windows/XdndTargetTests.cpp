@@ -332,6 +332,13 @@ struct ActionCase {
     std::string asked;
     std::vector<std::string> offered;
     std::string answered;
+
+    friend std::ostream& operator<<(std::ostream& out, const ActionCase& action) {
+        out << action.asked << " of";
+        for (const std::string& offered : action.offered)
+            out << ' ' << offered;
+        return out << ": " << action.answered;
+    }
 };
 
 class XdndActionTest : public XdndTargetTest, public testing::WithParamInterface<ActionCase> {};

@@ -33,7 +33,8 @@ void AppActivator::leftClick(const DockItem& item, std::uint32_t display) {
         break;
     }
     case ClickAction::summon:
-        windowMover->summonMainWindow(instances.front(), display, screens);
+        if (windowMover != nullptr)
+            windowMover->summonMainWindow(instances.front(), display, screens);
         open(item, "click summon " + item.id + " on #" + std::to_string(display));
         break;
     }

@@ -4,6 +4,13 @@
 #include <utility>
 
 namespace vireline {
+namespace {
+
+Rect moved(const Rect& rect, Point by) {
+    return {rect.x + by.x, rect.y + by.y, rect.width, rect.height};
+}
+
+}
 
 double Animator::Track::lacking(double now) const noexcept {
     return curve ? residual * (1 - progress(*curve, now - start)) : 0;
@@ -14,21 +21,24 @@ bool Animator::Track::isMoving(double now) const noexcept {
 }
 
 Animator::Values Animator::values(const SceneNode& node) noexcept {
-    return {node.frame.x, node.frame.y,  node.frame.width, node.frame.height, node.slide.x,
-            node.slide.y, node.bounce.x, node.bounce.y,    node.scale,        node.opacity};
+    return {node.frame.x,   node.frame.y,   node.frame.width, node.frame.height,
+            node.slide.x,   node.slide.y,   node.bounce.x,    node.bounce.y,
+            node.passing.x, node.passing.y, node.scale,       node.opacity};
 }
 
 void Animator::assign(SceneNode& node, const Values& v) noexcept {
     node.frame = {v[0], v[1], v[2], v[3]};
     node.slide = {v[4], v[5]};
     node.bounce = {v[6], v[7]};
-    node.scale = v[8];
-    node.opacity = v[9];
+    node.passing = {v[8], v[9]};
+    node.scale = v[10];
+    node.opacity = v[11];
 }
 
 Animator::Curves Animator::curves(const Motion& motion) noexcept {
-    return {motion.frame, motion.frame,  motion.frame,  motion.frame, motion.slide,
-            motion.slide, motion.bounce, motion.bounce, motion.scale, motion.opacity};
+    return {motion.frame,    motion.frame,    motion.frame,  motion.frame,
+            motion.slide,    motion.slide,    motion.bounce, motion.bounce,
+            motion.presence, motion.presence, motion.scale,  motion.opacity};
 }
 
 bool Animator::isMoving(const Actor& actor, double now) noexcept {
@@ -36,7 +46,9 @@ bool Animator::isMoving(const Actor& actor, double now) noexcept {
                                [=](const Track& track) { return track.isMoving(now); });
 }
 
-void Animator::retarget(Actor& actor, const SceneNode& target, double now) {
+/// `shift` leads from where the view is now to where it was.
+void Animator::retarget(Actor& actor, const SceneNode& target, double now, Point shift) {
+    actor.target.frame = moved(actor.target.frame, shift);
     const Values from = values(actor.target);
     const Values to = values(target);
     const Curves curve = curves(target.motion);
@@ -55,25 +67,32 @@ void Animator::retarget(Actor& actor, const SceneNode& target, double now) {
     actor.target = target;
 }
 
-Animator::Actor Animator::entering(const SceneNode& target, double now) {
+Animator::Actor Animator::entering(const SceneNode& target, double now, Point passage) {
     Actor actor{.target = target, .tracks = {}};
-    if (target.motion.presence) {
-        actor.tracks[opacityIndex] = {-target.opacity, now, target.motion.presence};
+    if (const auto& curve = target.motion.presence) {
+        actor.tracks[opacityIndex] = {-target.opacity, now, curve};
+        actor.tracks[passingIndex] = {passage.x, now, curve};
+        actor.tracks[passingIndex + 1] = {passage.y, now, curve};
     }
     return actor;
 }
 
 /// Whether the node is still to be shown for a while.
-bool Animator::leave(Actor& actor, double now) {
+bool Animator::leave(Actor& actor, double now, Point passage, Point shift) {
     if (!actor.target.motion.presence)
         return false;
-    Track& opacity = actor.tracks[opacityIndex];
     if (!actor.isLeaving) {
-        opacity = {actor.target.opacity + opacity.lacking(now), now, actor.target.motion.presence};
-        actor.target.opacity = 0;
+        SceneNode gone = actor.target;
+        gone.frame = moved(gone.frame, shift);
+        gone.passing = passage;
+        gone.opacity = 0;
+        gone.motion.opacity = gone.motion.presence;
+        retarget(actor, gone, now, shift);
         actor.isLeaving = true;
+    } else {
+        actor.target.frame = moved(actor.target.frame, shift);
     }
-    return opacity.isMoving(now);
+    return actor.tracks[opacityIndex].isMoving(now);
 }
 
 /// The actor of a node, which the caller moves from. Scenes mostly keep their order, so the search
@@ -89,9 +108,9 @@ Animator::Actor* Animator::take(const NodeID& id, std::size_t& hint) {
     return nullptr;
 }
 
-void Animator::keepLeaving(double now) {
+void Animator::keepLeaving(double now, Point passage, Point shift) {
     for (std::size_t i = 0; i < actors_.size(); ++i) {
-        if (actors_[i].isTaken || !leave(actors_[i], now))
+        if (actors_[i].isTaken || !leave(actors_[i], now, passage, shift))
             continue;
         const auto place = static_cast<std::ptrdiff_t>(std::min(i, next_.size()));
         next_.insert(next_.begin() + place, std::move(actors_[i]));
@@ -102,22 +121,24 @@ void Animator::setTarget(const Scene& scene, double now, bool reducesMotion) {
     const bool atOnce = std::exchange(isFirst_, false) || reducesMotion;
     if (atOnce)
         actors_.clear();
+    const Point shift{viewPlace_.x - scene.viewPlace.x, viewPlace_.y - scene.viewPlace.y};
     std::size_t hint = 0;
     for (const SceneNode& node : scene.nodes) {
         if (atOnce) {
             next_.push_back({.target = node, .tracks = {}});
         } else if (Actor* const known = take(node.id, hint)) {
-            retarget(*known, node, now);
+            retarget(*known, node, now, shift);
             next_.push_back(std::move(*known));
             known->isTaken = true;
         } else {
-            next_.push_back(entering(node, now));
+            next_.push_back(entering(node, now, scene.passage));
         }
     }
-    keepLeaving(now);
+    keepLeaving(now, scene.passage, shift);
     std::swap(actors_, next_);
     next_.clear();
     inputRegion_ = scene.inputRegion;
+    viewPlace_ = scene.viewPlace;
 }
 
 const Scene& Animator::frame(double now) {

@@ -24,8 +24,9 @@ public:
     [[nodiscard]] bool isMoving(double now) const noexcept;
 
 private:
-    /// x, y, width and height of the frame, both axes of slide and bounce, scale, opacity.
-    static constexpr std::size_t propertyCount = 10;
+    /// x, y, width and height of the frame, both axes of slide, bounce and passing, scale, opacity.
+    static constexpr std::size_t propertyCount = 12;
+    static constexpr std::size_t passingIndex = 8;
     static constexpr std::size_t opacityIndex = propertyCount - 1;
     using Values = std::array<double, propertyCount>;
     using Curves = std::array<std::optional<Curve>, propertyCount>;
@@ -53,17 +54,18 @@ private:
     [[nodiscard]] static Curves curves(const Motion& motion) noexcept;
 
     [[nodiscard]] static bool isMoving(const Actor& actor, double now) noexcept;
-    static void retarget(Actor& actor, const SceneNode& target, double now);
-    [[nodiscard]] static Actor entering(const SceneNode& target, double now);
-    static bool leave(Actor& actor, double now);
+    static void retarget(Actor& actor, const SceneNode& target, double now, Point shift);
+    [[nodiscard]] static Actor entering(const SceneNode& target, double now, Point passage);
+    static bool leave(Actor& actor, double now, Point passage, Point shift);
     [[nodiscard]] Actor* take(const NodeID& id, std::size_t& hint);
-    void keepLeaving(double now);
+    void keepLeaving(double now, Point passage, Point shift);
 
     /// In the order of painting.
     std::vector<Actor> actors_;
     /// Where those of the next scene gather; kept to spare an allocation each time.
     std::vector<Actor> next_;
     std::optional<Rect> inputRegion_;
+    Point viewPlace_;
     bool isFirst_ = true;
     Scene frame_;
 };

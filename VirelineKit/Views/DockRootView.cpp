@@ -16,6 +16,16 @@ constexpr double pulseSeconds = 0.1;
 /// How far a pressed tile must be moved before it comes off.
 constexpr double dragThreshold = 4;
 
+/// From one frame's top-left corner to the other's, y downwards; the frames are global, where y is
+/// upwards.
+Point movement(const Rect& from, const Rect& to) {
+    return {to.minX() - from.minX(), from.maxY() - to.maxY()};
+}
+
+bool isNear(Point movement, Size size) {
+    return std::abs(movement.x) < size.width && std::abs(movement.y) < size.height;
+}
+
 }
 
 DockRootView::DockRootView(const DockViewContext& context, PanelUIState& ui, const PanelSpec& spec,
@@ -38,6 +48,10 @@ DockRootView::DockRootView(const DockViewContext& context, PanelUIState& ui, con
 }
 
 void DockRootView::update(const PanelSpec& spec, bool takesWholeWindow) {
+    const Point moved = movement(spec_.frame, spec.frame);
+    // A dock that is planned somewhere else altogether does not fly there.
+    if (isNear(moved, spec.frame.size()))
+        viewPlace_ = {viewPlace_.x + moved.x, viewPlace_.y + moved.y};
     spec_ = spec;
     takesWholeWindow_ = takesWholeWindow;
     invalidate();
@@ -85,8 +99,21 @@ StripLayout::Request DockRootView::layoutRequest() const {
 
 Scene DockRootView::makeScene() {
     layoutIfNeeded();
-    if (ui_.collapsed.get())
-        return DockScene::collapsed(request_.edge);
+    const bool isCollapsed = ui_.collapsed.get();
+    const Edge& edge = request_.edge;
+    Scene scene = isCollapsed ? DockScene::collapsed(edge) : makeExpandedScene();
+    scene.viewPlace = viewPlace_;
+    if (isCollapsed) {
+        // The view of a collapsed dock lies in the gap that is planned at the display's edge.
+        const Point sunk = edge.vector(0, -DockMetrics::sliverThickness);
+        scene.viewPlace = {viewPlace_.x + sunk.x, viewPlace_.y + sunk.y};
+    }
+    if (isCollapsed != std::exchange(wasCollapsed_, isCollapsed))
+        scene.passage = edge.vector(0, -edge.thickness());
+    return scene;
+}
+
+Scene DockRootView::makeExpandedScene() {
     DockLook look{.edge = request_.edge,
                   .frames = frames_,
                   .tiles = {},
@@ -172,6 +199,8 @@ void DockRootView::pointerEvent(const PointerEvent& event) {
     case PointerEvent::Kind::secondaryPressed:
         if (const DockTile* tile = tileAt(event.position))
             requestMenu(*tile, event.position);
+        else if (frames_.glass.contains(event.position))
+            requestProgramMenu(event.position);
         break;
     case PointerEvent::Kind::cancelled:
         endDrag(false);
@@ -210,6 +239,8 @@ void DockRootView::pressed(Point p) {
 }
 
 void DockRootView::released(Point p) {
+    // A list that changed since the last frame may have ended the press.
+    layoutIfNeeded();
     if (press_ && press_->isDragging) {
         endDrag(true);
         pointerMoved(p);
@@ -262,6 +293,20 @@ void DockRootView::requestMenu(const DockTile& tile, Point at) {
             context_.actions.menuSelect(entries.at(*chosen), item, spec_.displayID);
     };
     onMenuRequest(menu, at, lifetime_.guard(std::move(closed)));
+}
+
+/// A desktop may lack the place for a status item; the way to the settings is here as well.
+void DockRootView::requestProgramMenu(Point at) {
+    if (!onMenuRequest)
+        return;
+    const Menu menu{{MenuCommand{"Settings…"}, MenuCommand{"Quit Vireline"}}};
+    const auto closed = [this](std::optional<std::size_t> chosen) {
+        if (chosen == 0U)
+            context_.actions.showSettings();
+        else if (chosen == 1U)
+            context_.actions.quit();
+    };
+    onMenuRequest(menu, at, lifetime_.guard(closed));
 }
 
 void DockRootView::drag(Press& press, Point p) {

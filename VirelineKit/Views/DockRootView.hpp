@@ -92,6 +92,7 @@ private:
     void layoutIfNeeded();
     [[nodiscard]] bool canHold(const Press& press);
     [[nodiscard]] StripLayout::Request layoutRequest() const;
+    [[nodiscard]] Scene makeExpandedScene();
     [[nodiscard]] TileLook lookOf(const DockTile& tile, int index) const;
     [[nodiscard]] std::optional<std::string> labelText() const;
     [[nodiscard]] std::optional<Rect> inputRegion() const;
@@ -103,6 +104,7 @@ private:
     void released(Point p);
     void tap(DockTile& tile);
     void requestMenu(const DockTile& tile, Point at);
+    void requestProgramMenu(Point at);
 
     void drag(Press& press, Point p);
     /// Ends a drag; the tile goes home, or to where it was let go.
@@ -123,6 +125,10 @@ private:
     /// For the next scene alone.
     bool listChanged_ = false;
     bool settles_ = false;
+    /// The scene before was that of a collapsed dock.
+    bool wasCollapsed_ = false;
+    /// See `Scene`.
+    Point viewPlace_;
 
     /// Where the pointer is over the view.
     std::optional<Point> pointer_;

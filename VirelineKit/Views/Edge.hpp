@@ -21,6 +21,11 @@ struct Edge {
         return isHorizontal() ? view.width : view.height;
     }
 
+    /// The view's extent across the axis.
+    [[nodiscard]] constexpr double thickness() const noexcept {
+        return isHorizontal() ? view.height : view.width;
+    }
+
     /// Where a point lies along the axis, from the view's leading edge.
     [[nodiscard]] constexpr double along(Point p) const noexcept {
         return isHorizontal() ? p.x : p.y;

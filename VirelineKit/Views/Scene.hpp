@@ -82,7 +82,7 @@ struct Motion {
     std::optional<Curve> bounce = {};
     std::optional<Curve> scale = {};
     std::optional<Curve> opacity = {};
-    /// Fades a node in that was not there before, and out when it is gone.
+    /// Fades a node in that was not there before, and out when it is gone, on its passage.
     std::optional<Curve> presence = {};
 
     bool operator==(const Motion&) const = default;
@@ -99,11 +99,15 @@ struct SceneNode {
     /// Aside, along the dock's axis, and away from the display's edge.
     Point slide = {};
     Point bounce = {};
+    /// Beside its place while it comes or goes; at its place in every scene that a view makes.
+    Point passing = {};
     double opacity = 1;
     Motion motion = {};
 
     /// From the frame to where the node is drawn.
-    [[nodiscard]] Point offset() const noexcept { return {slide.x + bounce.x, slide.y + bounce.y}; }
+    [[nodiscard]] Point offset() const noexcept {
+        return {slide.x + bounce.x + passing.x, slide.y + bounce.y + passing.y};
+    }
 
     bool operator==(const SceneNode&) const = default;
 };
@@ -114,6 +118,14 @@ struct Scene {
     /// The part of the view that takes the pointer; clicks beside it reach the window below.
     /// Absent: the whole window.
     std::optional<Rect> inputRegion;
+
+    /// How far beside their place nodes begin that were not there before, and those end that are
+    /// gone.
+    Point passage = {};
+
+    /// Where the view's corner lies, from a point that stays where it is from scene to scene: what
+    /// moves with a curve sets out from where it was on the display.
+    Point viewPlace = {};
 
     bool operator==(const Scene&) const = default;
 };

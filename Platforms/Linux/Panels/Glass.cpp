@@ -67,15 +67,13 @@ void GlassPainter::forEachPiece(const QRect& rect, const GlassLook& look, const 
 
 void GlassPainter::lay(const Canvas& canvas, const QRect& rect, const GlassLook& look, int alpha,
                        const QRect& clip) {
-    forEachPiece(rect, look, [&](const Pixels::Piece& piece) {
-        Pixels::lay(canvas, piece, alpha, clip);
-    });
+    forEachPiece(rect, look,
+                 [&](const Pixels::Piece& piece) { Pixels::lay(canvas, piece, alpha, clip); });
 }
 
 void GlassPainter::put(const Canvas& canvas, const QRect& rect, const GlassLook& look,
                        const QRect& clip) {
-    forEachPiece(rect, look,
-                 [&](const Pixels::Piece& piece) { Pixels::put(canvas, piece, clip); });
+    forEachPiece(rect, look, [&](const Pixels::Piece& piece) { Pixels::put(canvas, piece, clip); });
 }
 
 void GlassPainter::render(QSize size, const GlassLook& look) {

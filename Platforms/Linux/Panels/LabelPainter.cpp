@@ -55,10 +55,9 @@ QImage render(const Layout& layout, const PlacedNode& place, const DockColors& c
 
 void LabelPainter::draw(const Canvas& canvas, const LabelNode& label, const PlacedNode& place,
                         const DockColors& colors, const QRect& clip) {
-    const QImage& shown = picture(
-        {label, place.rect.size(), place.scale, colors, QGuiApplication::font()}, place);
-    const QPointF corner =
-        place.rect.center() - QPointF(shown.width() / 2.0, shown.height() / 2.0);
+    const QImage& shown =
+        picture({label, place.rect.size(), place.scale, colors, QGuiApplication::font()}, place);
+    const QPointF corner = place.rect.center() - QPointF(shown.width() / 2.0, shown.height() / 2.0);
     const QRect area = ViewMappings::snappedAsWhole({corner, QSizeF(shown.size())});
     Pixels::lay(canvas, Pixels::pieceOf(shown, area.topLeft()), place.alpha, clip);
 }

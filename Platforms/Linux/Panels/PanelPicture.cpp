@@ -80,13 +80,10 @@ Damage PanelPicture::paint() {
 }
 
 void PanelPicture::applyInput() {
-    std::optional<PixelRect> region;
-    if (scene_.inputRegion) {
-        const QRect pixels = layout_.mapping.pixels(*scene_.inputRegion).toAlignedRect() &
-                             QRect{{0, 0}, layout_.window};
-        region = PixelRect{pixels.x(), pixels.y(), pixels.width(), pixels.height()};
-    }
-    shape_.setInput(region);
+    QRect region = layout_.active & QRect{{0, 0}, layout_.window};
+    if (scene_.inputRegion)
+        region &= layout_.mapping.pixels(*scene_.inputRegion).toAlignedRect();
+    shape_.setInput(PixelRect{region.x(), region.y(), region.width(), region.height()});
 }
 
 void PanelPicture::applyBackdrop() {
@@ -121,7 +118,7 @@ QRegion PanelPicture::uncoveredByView() const {
         return {};
     const QRect view = ViewMappings::snapped(
         layout_.mapping.pixels({0, 0, layout_.view.width, layout_.view.height}));
-    return QRegion{QRect{{0, 0}, layout_.window}} - view;
+    return QRegion{layout_.active} - view;
 }
 
 std::vector<xcb_rectangle_t> PanelPicture::blurRegion() const {

@@ -26,6 +26,8 @@ struct PanelContext;
 /// Where a window shows its view; pixels.
 struct PanelLayout {
     QSize window;
+    /// The part of the window that the dock asks for; the rest is there for a movement's sake.
+    QRect active;
     ViewMapping mapping;
     /// Points.
     Size view;

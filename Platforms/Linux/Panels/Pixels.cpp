@@ -91,9 +91,8 @@ void put(const Canvas& canvas, const Piece& piece, const QRect& clip) {
 
 void lay(const Canvas& canvas, const Piece& piece, int alpha, const QRect& clip) {
     const auto opacity = static_cast<std::uint16_t>(alpha + (alpha >> 7));
-    forEachRow(canvas, piece, clip, [opacity](Row target, ConstRow source) {
-        layRow(target, source, opacity);
-    });
+    forEachRow(canvas, piece, clip,
+               [opacity](Row target, ConstRow source) { layRow(target, source, opacity); });
 }
 
 }

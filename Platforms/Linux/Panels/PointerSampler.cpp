@@ -67,8 +67,8 @@ std::optional<QPoint> PointerSampler::sample() {
         context_.connection.finish();
     }
     xcb_connection_t* const connection = context_.drawing.get();
-    const Owned<xcb_query_pointer_reply_t> reply{xcb_query_pointer_reply(
-        connection, xcb_query_pointer(connection, window_), nullptr)};
+    const Owned<xcb_query_pointer_reply_t> reply{
+        xcb_query_pointer_reply(connection, xcb_query_pointer(connection, window_), nullptr)};
     context_.drawing.discardEvents();
     if (!reply || reply->same_screen == 0)
         return std::nullopt;
@@ -95,9 +95,8 @@ void PointerSampler::select(bool motion) const {
         request.insert(request.end(), selection.events.begin(), selection.events.end());
         if (!motion)
             request[headWords] &= ~movements;
-        xcb_input_xi_select_events(
-            context_.connection.get(), window_, 1,
-            reinterpret_cast<const xcb_input_event_mask_t*>(request.data()));
+        xcb_input_xi_select_events(context_.connection.get(), window_, 1,
+                                   reinterpret_cast<const xcb_input_event_mask_t*>(request.data()));
     }
     context_.connection.flush();
 }

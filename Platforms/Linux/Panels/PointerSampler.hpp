@@ -32,6 +32,9 @@ public:
     void stop();
     [[nodiscard]] bool isSampling() const noexcept { return isSampling_; }
 
+    /// The next sample counts as a movement, wherever it is.
+    void forget() { last_.reset(); }
+
     /// The pointer's place, in pixels from the window's corner, if it has moved since the sample
     /// before. One round trip. Stops once the pointer has kept still for a while.
     [[nodiscard]] std::optional<QPoint> sample();

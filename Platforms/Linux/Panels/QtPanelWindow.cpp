@@ -5,6 +5,7 @@
 #include "Panels/DesktopWatch.hpp"
 #include "Panels/DockHints.hpp"
 #include "Panels/PointerQuery.hpp"
+#include "Panels/QtCoordinates.hpp"
 #include "X11/X11Connection.hpp"
 
 #include <QEnterEvent>
@@ -21,12 +22,6 @@ namespace {
 /// Milliseconds between two looks at a pointer that somebody else holds.
 constexpr int doubtInterval = 250;
 
-/// Qt's coordinates of a pixel: a screen's corner keeps its place in pixels, inside it they scale.
-QPoint qtPosition(const QScreen& screen, const Display& display, QPointF rootPixel) {
-    const QPointF inside = rootPixel - QPointF(display.pixels.x, display.pixels.y);
-    return (screen.geometry().topLeft() + inside / screen.devicePixelRatio()).toPoint();
-}
-
 }
 
 QtPanelWindow::QtPanelWindow(const PanelContext& context, std::uint32_t displayID,
@@ -38,6 +33,8 @@ QtPanelWindow::QtPanelWindow(const PanelContext& context, std::uint32_t displayI
     , display_(context.screens.display(displayID).value_or(Display{}))
     , frame_(frame)
     , hostedFrame_{0, 0, frame.width, frame.height}
+    , accessible_(std::make_unique<AccessibleDock>(
+          DockAccess{*this, listener, [this](const Rect& view) { return placeOnScreen(view); }}))
     , frames_(lifetime_.guard([this] { showFrame(); })) {
     setFlags(Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::WindowStaysOnTopHint);
     QSurfaceFormat format;
@@ -52,10 +49,8 @@ QtPanelWindow::QtPanelWindow(const PanelContext& context, std::uint32_t displayI
     relayout();
     if (QScreen* const screen = context.screens.qtScreen(displayID)) {
         setScreen(screen);
-        const QPoint corner = qtPosition(*screen, display_, QPointF(target_.x, target_.y));
-        setGeometry({corner, (QSizeF(target_.width, target_.height) / screen->devicePixelRatio())
-                                 .toSize()
-                                 .expandedTo({1, 1})});
+        const QRect target{target_.x, target_.y, target_.width, target_.height};
+        setGeometry(QtCoordinates::rect(*screen, display_, target));
     }
     create();
     place_->set(target_);
@@ -73,12 +68,16 @@ void QtPanelWindow::observe() {
 
 QtPanelWindow::~QtPanelWindow() {
     menu_.reset();
+    accessible_.reset();
     destroy();
 }
 
-void QtPanelWindow::setFrame(const Rect& frame, bool /*animate*/) {
+/// What moves is the content, which the kit takes care of; the window has room for both ends.
+void QtPanelWindow::setFrame(const Rect& frame, bool animate) {
     display_ = context_.screens.display(displayID_).value_or(display_);
+    const Rect before = frameBefore_.value_or(frame_);
     frame_ = frame;
+    frameBefore_ = animate && before.united(frame) == before ? std::optional{before} : std::nullopt;
     updateSoon();
 }
 
@@ -94,6 +93,7 @@ void QtPanelWindow::present(const Scene& scene) {
     } else {
         scene_ = scene;
     }
+    accessible_->refresh();
     updateSoon();
 }
 
@@ -148,12 +148,11 @@ void QtPanelWindow::windowManagerChanged() {
 }
 
 void QtPanelWindow::handleNative(const xcb_generic_event_t& event) {
-    constexpr std::uint8_t sentFlag = 0x80;
-    if ((event.response_type & ~sentFlag) != XCB_CONFIGURE_NOTIFY)
+    if (!place_ || !place_->handle(event))
         return;
-    const auto& configured = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
-    if (configured.window == window_ && place_)
-        place_->configured(configured);
+    // What is shown keeps its place on the display while the window comes to its own.
+    updateIsDue_ = true;
+    update();
 }
 
 bool QtPanelWindow::event(QEvent* event) {
@@ -206,7 +205,8 @@ bool QtPanelWindow::nativeEvent(const QByteArray& type, void* message, qintptr* 
 }
 
 void QtPanelWindow::mouseMoveEvent(QMouseEvent* event) {
-    if (sampler_ && sampler_->isSampling())
+    // During a press Qt tells where it ends, before the release.
+    if (sampler_ && sampler_->isSampling() && !pointer_.isPressed())
         return;
     pointer_.moved(viewPosition(event->position()));
     if (sampler_) {
@@ -219,6 +219,9 @@ void QtPanelWindow::mousePressEvent(QMouseEvent* event) {
     if (menu_)
         return menu_->close();
     const Point position = viewPosition(event->position());
+    // The last sample may be further on than the press.
+    if (sampler_)
+        sampler_->forget();
     if (event->button() == Qt::LeftButton) {
         pointer_.pressed(position);
     } else if (event->button() == Qt::RightButton) {
@@ -227,9 +230,12 @@ void QtPanelWindow::mousePressEvent(QMouseEvent* event) {
 }
 
 void QtPanelWindow::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton)
-        pointer_.released(viewPosition(event->position()),
-                          takesPointer(event->position() * devicePixelRatio()));
+    if (event->button() != Qt::LeftButton)
+        return;
+    const bool isOverWindow = takesPointer(event->position() * devicePixelRatio());
+    if (sampler_ && !isOverWindow)
+        sampler_->stop();
+    pointer_.released(viewPosition(event->position()), isOverWindow);
 }
 
 /// Keys arrive only while a drag holds the keyboard.
@@ -246,7 +252,7 @@ void QtPanelWindow::surfaceCreated() {
     place_ = std::make_unique<WindowPlace>(context_.connection, window_, displayID_);
     drops_ =
         std::make_unique<XdndTarget>(context_.connection, window_, listener_, [this](int x, int y) {
-            return mapping_.toView(QPointF(x, y) - QPointF(target_.x, target_.y));
+            return mapping_.toView(QPointF(x, y) - corner());
         });
     context_.connection.selectInput(window_,
                                     XCB_EVENT_MASK_EXPOSURE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
@@ -279,6 +285,8 @@ void QtPanelWindow::showFrame() {
         listener_.frameDue();
         isInFrame_ = false;
     }
+    if (!isFrameAsked_ && std::exchange(frameBefore_, std::nullopt))
+        updateIsDue_ = true;
     update();
     if (sampler_ && sampler_->isSampling())
         requestTick();
@@ -289,16 +297,30 @@ void QtPanelWindow::samplePointer() {
         return;
     const auto pixel = sampler_->sample();
     picture_->serverHasCaughtUp();
-    if (pixel)
+    // Beside the window it is on its way out, unless a button holds it.
+    if (pixel && (pointer_.isPressed() || takesPointer(*pixel)))
         pointer_.moved(mapping_.toView(*pixel));
 }
 
+/// The view lies where it is planned on the display, wherever the window is at the moment.
 void QtPanelWindow::relayout() {
-    target_ = DisplayGeometry::toPixels(display_, frame_);
+    target_ = DisplayGeometry::toPixels(display_, frameBefore_.value_or(frame_));
+    const PixelRect actual = place_ ? place_->actual().value_or(target_) : target_;
+    const PixelRect planned = DisplayGeometry::toPixels(display_, frame_);
     const PixelRect view = DisplayGeometry::viewPixels(display_, frame_, hostedFrame_);
-    mapping_ = {{view.x, view.y}, display_.scale};
-    if (picture_)
-        picture_->setLayout({{target_.width, target_.height}, mapping_, hostedFrame_.size()});
+    const QPoint plannedCorner = QPoint{planned.x, planned.y} - QPoint{actual.x, actual.y};
+    mapping_ = {plannedCorner + QPoint{view.x, view.y}, display_.scale};
+    if (picture_) {
+        picture_->setLayout({.window = {actual.width, actual.height},
+                             .active = {plannedCorner, QSize{planned.width, planned.height}},
+                             .mapping = mapping_,
+                             .view = hostedFrame_.size()});
+    }
+}
+
+QPoint QtPanelWindow::corner() const {
+    const PixelRect actual = place_ ? place_->actual().value_or(target_) : target_;
+    return {actual.x, actual.y};
 }
 
 Point QtPanelWindow::viewPosition(QPointF position) const {
@@ -309,6 +331,15 @@ bool QtPanelWindow::takesPointer(QPointF pixel) const {
     const int x = static_cast<int>(std::floor(pixel.x()));
     const int y = static_cast<int>(std::floor(pixel.y()));
     return picture_ && picture_->takesPointer(x, y);
+}
+
+QRect QtPanelWindow::placeOnScreen(const Rect& view) const {
+    const QRectF pixels = mapping_.pixels(view).translated(corner());
+    return screen() != nullptr ? QtCoordinates::rect(*screen(), display_, pixels) : QRect{};
+}
+
+QAccessibleInterface* QtPanelWindow::accessibleRoot() const {
+    return accessible_ ? accessible_->root() : nullptr;
 }
 
 PointerTracker::Whereabouts QtPanelWindow::whereabouts() const {
@@ -325,9 +356,9 @@ PointerTracker::Whereabouts QtPanelWindow::whereabouts() const {
 
 /// Also looked at again for as long as somebody else holds the pointer.
 void QtPanelWindow::pointerLeft() {
-    if (sampler_)
-        sampler_->stop();
     pointer_.left(whereabouts());
+    if (sampler_ && !pointer_.isPressed())
+        sampler_->stop();
     if (pointer_.isInDoubt()) {
         doubt_.start();
     } else {
@@ -356,10 +387,10 @@ void QtPanelWindow::popUpMenu(const Menu& menu, Point at, MenuClosed onClose) {
         return onClose(std::nullopt);
     if (menu_)
         menu_->end();
-    const QPointF rootPixel = mapping_.toPixels(at) + QPointF(target_.x, target_.y);
+    const QPointF rootPixel = mapping_.toPixels(at) + corner();
     pointer_.menuOpened();
     menu_ = std::make_unique<PopUpMenu>(
-        menu, *screen, qtPosition(*screen, display_, rootPixel),
+        menu, *screen, QtCoordinates::position(*screen, display_, rootPixel),
         [this, onClose = std::move(onClose)](std::optional<std::size_t> chosen) {
             menuClosed(chosen, onClose);
         });

@@ -5,6 +5,7 @@
 #include "Displays/DisplayGeometry.hpp"
 #include "Foundation/Lifetime.hpp"
 #include "Foundation/ScopedHandle.hpp"
+#include "Panels/Accessible/AccessibleDock.hpp"
 #include "Panels/Drops/XdndTarget.hpp"
 #include "Panels/FrameClock.hpp"
 #include "Panels/PanelContext.hpp"
@@ -45,6 +46,8 @@ public:
     void watchForCancel(bool watches) override;
     void popUpMenu(const Menu& menu, Point at, MenuClosed onClose) override;
 
+    [[nodiscard]] QAccessibleInterface* accessibleRoot() const override;
+
 private:
     bool event(QEvent* event) override;
     bool nativeEvent(const QByteArray& type, void* message, qintptr* result) override;
@@ -66,8 +69,12 @@ private:
     void showFrame();
     void samplePointer();
 
+    /// The window's corner in the root window.
+    [[nodiscard]] QPoint corner() const;
     [[nodiscard]] Point viewPosition(QPointF position) const;
     [[nodiscard]] bool takesPointer(QPointF pixel) const;
+    /// Where a part of the view is on the screen, in Qt's coordinates.
+    [[nodiscard]] QRect placeOnScreen(const Rect& view) const;
     [[nodiscard]] PointerTracker::Whereabouts whereabouts() const;
     void pointerLeft();
     void menuClosed(std::optional<std::size_t> chosen, const MenuClosed& onClose);
@@ -79,6 +86,9 @@ private:
     Display display_;
     Rect frame_;
     Rect hostedFrame_;
+    /// A frame that shrank with an animation leaves the window as large as before until the
+    /// animation is over.
+    std::optional<Rect> frameBefore_;
     /// The window's place in the root window, as it should be.
     PixelRect target_;
     ViewMapping mapping_;
@@ -95,6 +105,7 @@ private:
     std::unique_ptr<XdndTarget> drops_;
     QTimer doubt_;
     std::unique_ptr<PopUpMenu> menu_;
+    std::unique_ptr<AccessibleDock> accessible_;
     std::vector<Subscription> subscriptions_;
     Lifetime lifetime_;
     FrameClock frames_;

@@ -10,8 +10,8 @@
 namespace vireline::x11 {
 /// For the canvas's pixels from `begin` to `end` along one axis, where the picture reaches from
 /// `start` over `length` and has `side` pixels of its own.
-void SmoothScaler::findTaps(std::vector<Tap>& taps, int begin, int end, double start,
-                            double length, int side) {
+void SmoothScaler::findTaps(std::vector<Tap>& taps, int begin, int end, double start, double length,
+                            int side) {
     const double ratio = side / length;
     taps.clear();
     for (int pixel = begin; pixel < end; ++pixel) {
@@ -24,14 +24,13 @@ void SmoothScaler::findTaps(std::vector<Tap>& taps, int begin, int end, double s
                         .second = std::min(first + 1, static_cast<std::uint32_t>(side - 1)),
                         .weights = PixelPairs::everywhere(weight),
                         .coverage = static_cast<std::uint16_t>(
-                            std::clamp(covered, 0.0, 1.0) * PixelPairs::whole + 0.5)});
+                            std::lround(std::clamp(covered, 0.0, 1.0) * PixelPairs::whole))});
     }
 }
 
 /// A line has an even number of pixels; what is beyond a picture's last one does not count.
 void SmoothScaler::mixRows(std::span<const std::uint32_t> first,
-                           std::span<const std::uint32_t> second,
-                           PixelPairs::Channels weight) {
+                           std::span<const std::uint32_t> second, PixelPairs::Channels weight) {
     const PixelPair weights = PixelPairs::of(weight, weight);
     std::size_t x = 0;
     for (; x + 1 < first.size(); x += 2) {
@@ -93,7 +92,8 @@ void SmoothScaler::draw(const Canvas& canvas, const Picture& picture, const QRec
     findTaps(rows_, area.top(), area.bottom() + 1, rect.top(), rect.height(), picture.height());
     // One more, as columns are drawn in pairs.
     columns_.push_back(columns_.back());
-    line_.resize(static_cast<std::size_t>(picture.width() + picture.width() % 2));
+    const int evenWidth = picture.width() + picture.width() % 2;
+    line_.resize(static_cast<std::size_t>(evenWidth));
     const int opacity = alpha + (alpha >> 7);
     const auto pictureRow = [&](std::uint32_t y) {
         return picture.row(0, static_cast<int>(y), picture.width());

@@ -37,6 +37,18 @@ bool isAtRest(const ImageNode& image, const QRectF& rect, double scale) {
     return std::abs(side - image.restingSide * scale) < tolerance * scale;
 }
 
+/// A dot often lies in the middle between two pixels, of which one is nearer to the line around the
+/// strip: moves it a little towards its tile.
+QRectF awayFromTheEdge(QRectF rect, const SceneNode& node) {
+    constexpr double little = 1.0 / 256;
+    const Point dot = node.frame.center();
+    const Point tile = node.anchor.value_or(dot);
+    const auto step = [](double from, double to) {
+        return to == from ? 0 : std::copysign(little, to - from);
+    };
+    return rect.translated(step(dot.x, tile.x), step(dot.y, tile.y));
+}
+
 }
 
 QRectF ViewMapping::pixels(const Rect& view) const {
@@ -73,7 +85,7 @@ PlacedNode placed(const SceneNode& node, const ViewMapping& mapping) {
         // It finds its own place in this room.
         place.rect = inSmallSteps(rect);
     } else {
-        place.rect = isBar ? snapped(rect) : snappedAsWhole(rect);
+        place.rect = isBar ? snapped(rect) : snappedAsWhole(awayFromTheEdge(rect, node));
     }
     return place;
 }

@@ -1,12 +1,32 @@
 #include "Panels/WindowPlace.hpp"
 
 #include "App/DevLog.hpp"
+#include "Panels/DockHints.hpp"
 #include "X11/X11Connection.hpp"
 
 #include <array>
+#include <chrono>
 #include <string>
 
 namespace vireline::x11 {
+namespace {
+
+/// Time for a correction to come about, before the next one. What was on its way before it would
+/// otherwise be answered with as many more.
+constexpr std::chrono::milliseconds pauseLength{100};
+
+}
+
+WindowPlace::WindowPlace(const X11Connection& connection, xcb_window_t window,
+                         std::uint32_t displayID)
+    : connection_(connection), window_(window), displayID_(displayID) {
+    pause_.setSingleShot(true);
+    pause_.setInterval(pauseLength);
+    pause_.callOnTimeout([this] {
+        actual_ = now();
+        correct();
+    });
+}
 
 void WindowPlace::set(const PixelRect& place) {
     asked_ = place;
@@ -14,16 +34,33 @@ void WindowPlace::set(const PixelRect& place) {
     send(place);
 }
 
+bool WindowPlace::handle(const xcb_generic_event_t& event) {
+    constexpr std::uint8_t sentFlag = 0x80;
+    if ((event.response_type & ~sentFlag) != XCB_CONFIGURE_NOTIFY)
+        return false;
+    const auto& configuration = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
+    if (configuration.window != window_)
+        return false;
+    configured(configuration);
+    return true;
+}
+
 /// The event may speak of a place inside the window manager's frame, or be out of date: what counts
 /// is where the window is.
 void WindowPlace::configured(const xcb_configure_notify_event_t& event) {
     const PixelRect told{event.x, event.y, event.width, event.height};
-    if (!asked_ || told == *asked_ || correctionsLeft_ == 0)
+    actual_ = told == asked_ ? told : now();
+    if (!pause_.isActive())
+        correct();
+}
+
+void WindowPlace::correct() {
+    if (!asked_ || !actual_ || *actual_ == *asked_ || correctionsLeft_ == 0)
         return;
-    const auto place = now();
-    if (!place || *place == *asked_)
-        return;
+    // Qt may have announced its own since, with steps that the size does not fit between.
+    DockHints::applySizeHints(connection_, window_);
     send(*asked_);
+    pause_.start();
     if (--correctionsLeft_ == 0)
         DevLog::write("dock does not stay in place #" + std::to_string(displayID_));
 }

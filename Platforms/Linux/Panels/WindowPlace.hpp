@@ -5,6 +5,7 @@
 
 #include <xcb/xcb.h>
 
+#include <QTimer>
 #include <cstdint>
 #include <optional>
 
@@ -15,8 +16,12 @@ class X11Connection;
 class WindowPlace {
 public:
     /// For a window that has just been created, the dock of that display.
-    WindowPlace(const X11Connection& connection, xcb_window_t window, std::uint32_t displayID)
-        : connection_(connection), window_(window), displayID_(displayID) {}
+    WindowPlace(const X11Connection& connection, xcb_window_t window, std::uint32_t displayID);
+    WindowPlace(const WindowPlace&) = delete;
+    WindowPlace& operator=(const WindowPlace&) = delete;
+    WindowPlace(WindowPlace&&) = delete;
+    WindowPlace& operator=(WindowPlace&&) = delete;
+    ~WindowPlace() = default;
 
     /// Puts it there, in pixels of the root window, and from now on back there.
     void set(const PixelRect& place);
@@ -24,15 +29,23 @@ public:
     /// What the server was last asked for.
     [[nodiscard]] const std::optional<PixelRect>& asked() const noexcept { return asked_; }
 
-    /// Somebody else may have moved it. Gives in to whoever moves it away again and again.
-    void configured(const xcb_configure_notify_event_t& event);
+    /// Where it is, as far as the server has told.
+    [[nodiscard]] const std::optional<PixelRect>& actual() const noexcept {
+        return actual_ ? actual_ : asked_;
+    }
+
+    /// Takes any event, and says whether it told of this window that the server, or somebody else,
+    /// has put it somewhere. Gives in to whoever moves it away again and again.
+    bool handle(const xcb_generic_event_t& event);
 
     /// Another window manager came; what the one before insisted on is forgotten.
     void startOver() noexcept { correctionsLeft_ = maximumCorrections; }
 
 private:
-    static constexpr int maximumCorrections = 4;
+    static constexpr int maximumCorrections = 8;
 
+    void configured(const xcb_configure_notify_event_t& event);
+    void correct();
     void send(const PixelRect& place) const;
     [[nodiscard]] std::optional<PixelRect> now() const;
 
@@ -40,7 +53,11 @@ private:
     xcb_window_t window_;
     std::uint32_t displayID_;
     std::optional<PixelRect> asked_;
+    /// Nothing before the server first told.
+    std::optional<PixelRect> actual_;
     int correctionsLeft_ = maximumCorrections;
+    /// Runs while a correction may still be on its way.
+    QTimer pause_;
 };
 
 }

@@ -18,7 +18,9 @@ constexpr double keepSeconds = 10;
 
 constexpr float defaultTimeout = 0.5F;
 
-const PlatformError noWindow{WindowReader::windowIsGone, "the app has no such window"};
+std::unexpected<PlatformError> noWindow() {
+    return std::unexpected{PlatformError{WindowReader::windowIsGone, "the app has no such window"}};
+}
 
 }
 
@@ -84,7 +86,7 @@ void EwmhAccessibility::setMessagingTimeout(AccessibilityElement& element, float
 Result<ElementHandle> EwmhAccessibility::mainWindow(AccessibilityElement& application) {
     const auto main = AppWindows::mainWindow(windowsOf(AppElement::of(application)));
     if (!main)
-        return std::unexpected{noWindow};
+        return noWindow();
     return std::make_shared<WindowElement>(*main);
 }
 
@@ -142,7 +144,7 @@ std::vector<ClientWindow> EwmhAccessibility::windowsOf(const AppElement& applica
 
 Result<WindowSnapshot> EwmhAccessibility::look(const WindowElement& window) const {
     if (!access_ || screens_.displays().empty())
-        return std::unexpected{noWindow};
+        return noWindow();
     return access_->reader.read(window.id, SideConnection::in(window.timeout));
 }
 

@@ -18,8 +18,8 @@ namespace {
 bool isLocal(xcb_connection_t* connection) {
     sockaddr_storage address{};
     socklen_t length = sizeof address;
-    return getsockname(xcb_get_file_descriptor(connection),
-                       reinterpret_cast<sockaddr*>(&address), &length) == 0 &&
+    return getsockname(xcb_get_file_descriptor(connection), reinterpret_cast<sockaddr*>(&address),
+                       &length) == 0 &&
            address.ss_family == AF_UNIX;
 }
 
@@ -44,8 +44,7 @@ std::unique_ptr<SharedMemory> SharedMemory::make(const DrawingConnection& connec
     if (!reply || reply->nfd != 1)
         return nullptr;
     const FileDescriptor file{*xcb_shm_create_segment_reply_fds(x, reply.get())};
-    void* const memory =
-        ::mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_SHARED, file.get(), 0);
+    void* const memory = ::mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_SHARED, file.get(), 0);
     if (memory == MAP_FAILED) {
         xcb_shm_detach(x, segment);
         return nullptr;

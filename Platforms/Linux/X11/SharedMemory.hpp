@@ -30,7 +30,8 @@ public:
     [[nodiscard]] xcb_shm_seg_t segment() const noexcept { return segment_; }
 
 private:
-    SharedMemory(const DrawingConnection& connection, xcb_shm_seg_t segment, std::span<std::byte> bytes)
+    SharedMemory(const DrawingConnection& connection, xcb_shm_seg_t segment,
+                 std::span<std::byte> bytes)
         : connection_(connection), segment_(segment), bytes_(bytes) {}
 
     const DrawingConnection& connection_;

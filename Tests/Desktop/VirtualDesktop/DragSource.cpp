@@ -20,10 +20,12 @@ void DragSource::own(xcb_timestamp_t time) {
 void DragSource::enter(xcb_window_t target, std::uint32_t version) {
     target_ = target;
     std::vector<xcb_atom_t> types;
+    types.reserve(contents.size());
     for (const auto& [type, content] : contents)
         types.push_back(client_.atom(type));
     client_.setWords(window_, "XdndTypeList", XCB_ATOM_ATOM, types);
     std::vector<xcb_atom_t> offered;
+    offered.reserve(actions.size());
     for (const auto& action : actions)
         offered.push_back(client_.atom(action));
     client_.setWords(window_, "XdndActionList", XCB_ATOM_ATOM, offered);

@@ -2,9 +2,9 @@
 /// computer, and the files that the program reads.
 #pragma once
 
+#include "Support/TemporaryFolder.hpp"
 #include "VirtualDesktop/ChildProcess.hpp"
 #include "VirtualDesktop/Colour.hpp"
-#include "Support/TemporaryFolder.hpp"
 
 #include <filesystem>
 #include <span>

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -16,6 +17,18 @@ namespace {
 
 std::filesystem::path folderOf(pid_t pid) {
     return std::filesystem::path{"/proc"} / std::to_string(pid);
+}
+
+/// Nothing for a thread that has just ended.
+std::optional<long> switchesOf(const std::filesystem::path& thread) {
+    constexpr std::string_view key = "ctxt_switches:";
+    std::optional<long> sum;
+    std::ifstream file{thread / "status"};
+    for (std::string line; std::getline(file, line);) {
+        if (const auto name = line.find(key); name != std::string::npos)
+            sum = sum.value_or(0) + std::strtol(line.c_str() + name + key.size(), nullptr, 10);
+    }
+    return sum;
 }
 
 }
@@ -36,8 +49,8 @@ std::chrono::duration<double, std::milli> processorTime(pid_t pid) {
     if (!fields)
         throw std::runtime_error{"the kernel tells no times of the process"};
     constexpr double perSecond = 1000;
-    return std::chrono::duration<double, std::milli>{
-        (user + system) * perSecond / static_cast<double>(sysconf(_SC_CLK_TCK))};
+    return std::chrono::duration<double, std::milli>{(user + system) * perSecond /
+                                                     static_cast<double>(sysconf(_SC_CLK_TCK))};
 }
 
 long kilobytes(pid_t pid, std::string_view key) {
@@ -49,24 +62,35 @@ long kilobytes(pid_t pid, std::string_view key) {
     throw std::runtime_error{"the kernel tells no memory of the process"};
 }
 
-long contextSwitches(pid_t pid) {
-    constexpr std::string_view key = "ctxt_switches:";
-    long total = 0;
-    for (const auto& thread : std::filesystem::directory_iterator{folderOf(pid) / "task"}) {
-        std::ifstream file{thread.path() / "status"};
-        for (std::string line; std::getline(file, line);) {
-            if (const auto name = line.find(key); name != std::string::npos)
-                total += std::strtol(line.c_str() + name + key.size(), nullptr, 10);
-        }
+ContextSwitches::ContextSwitches(pid_t pid) : pid_(pid) {
+    look();
+    before_ = total();
+}
+
+long ContextSwitches::count() {
+    look();
+    return total() - before_;
+}
+
+void ContextSwitches::look() {
+    for (const auto& thread : std::filesystem::directory_iterator{folderOf(pid_) / "task"}) {
+        if (const auto switches = switchesOf(thread.path()))
+            threads_[thread.path().filename()] = *switches;
     }
-    return total;
+}
+
+long ContextSwitches::total() const {
+    long sum = 0;
+    for (const auto& [thread, switches] : threads_)
+        sum += switches;
+    return sum;
 }
 
 bool comesToRest(pid_t pid, std::chrono::milliseconds calm) {
     return eventually([&] {
-        const long before = contextSwitches(pid);
+        ContextSwitches switches{pid};
         std::this_thread::sleep_for(calm);
-        return contextSwitches(pid) == before;
+        return switches.count() == 0;
     });
 }
 

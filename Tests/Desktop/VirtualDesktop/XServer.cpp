@@ -9,6 +9,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdlib>
+#include <random>
 #include <stdexcept>
 #include <system_error>
 
@@ -62,17 +63,35 @@ std::string pathVariable() {
 
 }
 
+// Servers that look for a free number at the same time may find the same, and a program that was
+// started late must not meet the server that comes after its own.
 XServer::XServer(const Options& options) {
+    constexpr int attempts = 5;
+    std::random_device entropy;
+    std::uniform_int_distribution<int> numbers{100, 59'999};
+    for (int i = 0; i < attempts; ++i) {
+        if (start(options, numbers(entropy)))
+            return;
+    }
+    throw std::runtime_error{"Xvfb does not start"};
+}
+
+bool XServer::start(const Options& options, int number) {
     Pipe numbers;
-    const std::string size =
-        std::to_string(options.width) + "x" + std::to_string(options.height) + "x24";
+    display_ = ":" + std::to_string(number);
     Command command;
     command.program = "Xvfb";
     // Without -noreset the server forgets its monitors when its last client leaves.
-    command.arguments = {"-displayfd", std::to_string(numbers.writingEnd()),
-                         "-screen",    "0",
-                         size,         "-noreset",
-                         "-nolisten",  "tcp"};
+    command.arguments = {display_,
+                         "-displayfd",
+                         std::to_string(numbers.writingEnd()),
+                         "-screen",
+                         "0",
+                         std::to_string(options.width) + "x" + std::to_string(options.height) +
+                             "x24",
+                         "-noreset",
+                         "-nolisten",
+                         "tcp"};
     if (!options.randr) {
         command.arguments.emplace_back("-extension");
         command.arguments.emplace_back("RANDR");
@@ -82,10 +101,7 @@ XServer::XServer(const Options& options) {
     command.inherited = numbers.writingEnd();
     process_.emplace(command);
     numbers.closeWritingEnd();
-    const std::string number = numbers.readLine();
-    if (number.empty())
-        throw std::runtime_error{"Xvfb does not start"};
-    display_ = ":" + number;
+    return numbers.readLine() == std::to_string(number);
 }
 
 }

@@ -1,4 +1,4 @@
-/// An X server without a screen, on a display number that was free.
+/// An X server without a screen, on a display number of its own.
 #pragma once
 
 #include "VirtualDesktop/ChildProcess.hpp"
@@ -31,6 +31,9 @@ public:
     [[nodiscard]] const std::string& display() const noexcept { return display_; }
 
 private:
+    /// Whether clients can connect to it under this display number.
+    [[nodiscard]] bool start(const Options& options, int number);
+
     std::optional<ChildProcess> process_;
     std::string display_;
 };

@@ -54,8 +54,7 @@ ClientList::ClientList(X11Connection& connection, RunLoop& runLoop)
     events_ = connection_.observe(
         lifetime_.guard([this](const xcb_generic_event_t& event) { handle(event); }));
     refresh();
-    seedActivations();
-    hasStarted_ = true;
+    noteEarlierWindows();
 }
 
 void ClientList::handle(const xcb_generic_event_t& event) {
@@ -77,6 +76,13 @@ void ClientList::handle(const xcb_generic_event_t& event) {
     case XCB_DESTROY_NOTIFY:
         if (as<xcb_destroy_notify_event_t>(event).window == manager_)
             scheduleRefresh();
+        break;
+    case XCB_GE_GENERIC:
+        // What the pointer does now is to meet everything that was told before.
+        if (isRefreshDue_) {
+            refresh_.reset();
+            refresh();
+        }
         break;
     default:
         break;
@@ -196,7 +202,7 @@ void ClientList::learn(const std::vector<xcb_window_t>& listed) {
         Known& known = entry->second;
         window->lastActive = known.window.lastActive;
         window->appeared = known.window.appeared;
-        if (isNew && hasStarted_)
+        if (isNew)
             window->appeared = runLoop_.now();
         if (window->id == active_ && window->lastActive == 0)
             window->lastActive = ++activations_;
@@ -205,8 +211,9 @@ void ClientList::learn(const std::vector<xcb_window_t>& listed) {
     }
 }
 
-/// What was active before this program came is unknown; the order on the screen is close to it.
-void ClientList::seedActivations() {
+/// When they appeared is unknown, and so is what was active before; the order on the screen is
+/// close to that.
+void ClientList::noteEarlierWindows() {
     const auto stacked = connection_.windows(connection_.root(), "_NET_CLIENT_LIST_STACKING");
     for (const xcb_window_t id : stacked) {
         if (const auto found = known_.find(id); found != known_.end() && id != active_)
@@ -214,8 +221,11 @@ void ClientList::seedActivations() {
     }
     if (const auto found = known_.find(active_); found != known_.end())
         found->second.window.lastActive = ++activations_;
-    for (auto& window : windows_)
-        window.lastActive = known_[window.id].window.lastActive;
+    for (auto& window : windows_) {
+        ClientWindow& known = known_[window.id].window;
+        known.appeared.reset();
+        window = known;
+    }
 }
 
 void ClientList::noteActive(xcb_window_t active) {

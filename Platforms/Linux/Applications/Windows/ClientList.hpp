@@ -33,8 +33,8 @@ public:
     /// The window with the keyboard's focus; XCB_NONE if none has it.
     [[nodiscard]] xcb_window_t activeWindow() const noexcept { return active_; }
 
-    /// The windows or the active one changed. Comes on the run loop's next turn, once for all that
-    /// happened before.
+    /// The windows or the active one changed. Comes on the run loop's next turn, or before the next
+    /// event of the pointer, once for all that happened before.
     std::function<void()> onChange;
 
 private:
@@ -51,7 +51,7 @@ private:
     void noteManager();
     [[nodiscard]] bool isHandingOver(const std::vector<xcb_window_t>& listed);
     void learn(const std::vector<xcb_window_t>& listed);
-    void seedActivations();
+    void noteEarlierWindows();
     void noteActive(xcb_window_t active);
 
     X11Connection& connection_;
@@ -70,7 +70,6 @@ private:
     bool isManaged_ = true;
     /// When the list was first seen to lack windows that are still shown.
     std::optional<double> handOverSince_;
-    bool hasStarted_ = false;
     Timer refresh_;
     bool isRefreshDue_ = false;
     Timer handOver_;

@@ -64,23 +64,22 @@ bool XdndTarget::handle(const xcb_client_message_event_t& message) {
     const auto is = [&](std::string_view name) { return message.type == connection_.atom(name); };
     if (is("XdndEnter")) {
         enter(message);
-    } else if (is("XdndPosition")) {
-        if (isFromSource(message))
-            move(message);
-    } else if (is("XdndLeave")) {
-        if (isFromSource(message))
-            leave();
-    } else if (is("XdndDrop")) {
-        if (isFromSource(message))
-            drop();
-    } else {
+        return true;
+    }
+    const bool isMove = is("XdndPosition");
+    const bool isLeave = is("XdndLeave");
+    if (!isMove && !isLeave && !is("XdndDrop"))
         return false;
+    if (!drag_ || message.data.data32[0] != drag_->source)
+        return true;
+    if (isMove) {
+        move(*drag_, message);
+    } else if (isLeave) {
+        leave();
+    } else {
+        drop(*drag_);
     }
     return true;
-}
-
-bool XdndTarget::isFromSource(const xcb_client_message_event_t& message) const {
-    return drag_ && message.data.data32[0] == drag_->source;
 }
 
 void XdndTarget::enter(const xcb_client_message_event_t& message) {
@@ -98,18 +97,20 @@ void XdndTarget::enter(const xcb_client_message_event_t& message) {
             reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window == source)
             leave();
     });
-    drag_ = Drag{.source = source,
-                 .format = bestFormat(message),
-                 .actions = connection_.atoms(source, "XdndActionList")};
-    if (drag_->format.empty())
-        drag_->content = Content::refused;
+    Drag drag{.source = source,
+              .format = bestFormat(message),
+              .actions = connection_.atoms(source, "XdndActionList")};
+    if (drag.format.empty())
+        drag.content = Content::refused;
+    drag_ = std::move(drag);
 }
 
 std::string_view XdndTarget::bestFormat(const xcb_client_message_event_t& message) const {
     const bool hasMore = (message.data.data32[1] & 1U) != 0;
-    const auto offered =
-        hasMore ? connection_.atoms(message.data.data32[0], "XdndTypeList")
-                : std::vector<xcb_atom_t>(message.data.data32 + 2, message.data.data32 + 5);
+    const std::span<const std::uint32_t> words{message.data.data32};
+    const auto few = words.subspan(2);
+    const auto offered = hasMore ? connection_.atoms(words[0], "XdndTypeList")
+                                 : std::vector<xcb_atom_t>{few.begin(), few.end()};
     for (const std::string_view format : DroppedText::formats) {
         if (std::ranges::find(offered, connection_.atom(format)) != offered.end())
             return format;
@@ -117,73 +118,77 @@ std::string_view XdndTarget::bestFormat(const xcb_client_message_event_t& messag
     return {};
 }
 
-void XdndTarget::move(const xcb_client_message_event_t& message) {
+void XdndTarget::move(Drag& drag, const xcb_client_message_event_t& message) {
     const std::uint32_t place = message.data.data32[2];
-    drag_->x = static_cast<std::int16_t>(place >> 16U);
-    drag_->y = static_cast<std::int16_t>(place & 0xffffU);
-    drag_->action = message.data.data32[4];
-    drag_->owesStatus = true;
-    if (drag_->content == Content::unasked)
-        ask(message.data.data32[3]);
-    else if (drag_->content != Content::asked)
-        sendStatus();
+    drag.x = static_cast<std::int16_t>(place >> 16U);
+    drag.y = static_cast<std::int16_t>(place & 0xffffU);
+    drag.action = message.data.data32[4];
+    drag.owesStatus = true;
+    if (drag.content == Content::unasked)
+        ask(drag, message.data.data32[3]);
+    else if (drag.content != Content::asked)
+        sendStatus(drag);
 }
 
 /// What is dragged is asked for at the first position, which has the time that the source knows its
 /// drag by.
-void XdndTarget::ask(xcb_timestamp_t time) {
-    drag_->content = Content::asked;
+void XdndTarget::ask(Drag& drag, xcb_timestamp_t time) {
+    drag.content = Content::asked;
     const auto property = properties.at(transfers_++ % properties.size());
     transfer_ = std::make_unique<SelectionTransfer>(
         connection_,
         SelectionTransfer::Request{.requestor = window_,
                                    .selection = connection_.atom("XdndSelection"),
-                                   .target = connection_.atom(drag_->format),
+                                   .target = connection_.atom(drag.format),
                                    .property = connection_.atom(property),
                                    .time = time},
-        [this](const Result<std::string>& content) { answered(content); });
+        [this](const Result<std::string>& content) {
+            if (drag_)
+                answered(*drag_, content);
+        });
 }
 
-void XdndTarget::answered(const Result<std::string>& content) {
+void XdndTarget::answered(Drag& drag, const Result<std::string>& content) {
     if (content) {
-        drag_->content = Content::told;
-        listener_.dragEntered(DroppedText::urls(drag_->format, *content, hostName()));
+        drag.content = Content::told;
+        listener_.dragEntered(DroppedText::urls(drag.format, *content, hostName()));
     } else {
-        drag_->content = Content::refused;
+        drag.content = Content::refused;
         DevLog::write("drag refused: " + content.error().description);
     }
-    if (drag_->owesFinish)
-        finish();
-    else if (drag_->owesStatus)
-        sendStatus();
+    if (drag.owesFinish)
+        finish(drag);
+    else if (drag.owesStatus)
+        sendStatus(drag);
 }
 
-void XdndTarget::sendStatus() {
+void XdndTarget::sendStatus(Drag& drag) {
     constexpr std::uint32_t accepts = 1;
     constexpr std::uint32_t wantsEveryPosition = 2;
-    drag_->owesStatus = false;
-    const bool canDrop = drag_->content == Content::told && listener_.dragMoved(at());
+    drag.owesStatus = false;
+    const bool canDrop =
+        drag.content == Content::told && listener_.dragMoved(viewPoint_(drag.x, drag.y));
     connection_.sendToWindow(
-        drag_->source, "XdndStatus",
+        drag.source, "XdndStatus",
         std::array<std::uint32_t, 5>{window_, wantsEveryPosition | (canDrop ? accepts : 0), 0, 0,
-                                     canDrop ? chosenAction() : noAction});
+                                     canDrop ? chosenAction(drag) : noAction});
     connection_.flush();
 }
 
 /// A target may always answer that it copies. What the source insists on instead, though, is left
 /// to it: it may have reasons.
-xcb_atom_t XdndTarget::chosenAction() const {
+xcb_atom_t XdndTarget::chosenAction(const Drag& drag) const {
     const xcb_atom_t copy = connection_.atom("XdndActionCopy");
     const xcb_atom_t move = connection_.atom("XdndActionMove");
     const xcb_atom_t ask = connection_.atom("XdndActionAsk");
-    const auto offers = [this](xcb_atom_t action) {
-        return std::ranges::find(drag_->actions, action) != drag_->actions.end();
+    const auto offers = [&](xcb_atom_t action) {
+        return std::ranges::find(drag.actions, action) != drag.actions.end();
     };
-    if (drag_->action == copy || offers(copy))
+    if (drag.action == copy || offers(copy))
         return copy;
-    if (drag_->action == move || (drag_->action == ask && offers(move)))
+    if (drag.action == move || (drag.action == ask && offers(move)))
         return move;
-    return drag_->action == ask && !drag_->actions.empty() ? ask : copy;
+    return drag.action == ask && !drag.actions.empty() ? ask : copy;
 }
 
 void XdndTarget::leave() {
@@ -194,28 +199,28 @@ void XdndTarget::leave() {
         listener_.dragExited();
 }
 
-void XdndTarget::drop() {
+void XdndTarget::drop(Drag& drag) {
     // Nobody waits for a status any more.
-    drag_->owesStatus = false;
-    if (drag_->content == Content::asked) {
-        drag_->owesFinish = true;
+    drag.owesStatus = false;
+    if (drag.content == Content::asked) {
+        drag.owesFinish = true;
     } else {
-        finish();
+        finish(drag);
     }
 }
 
-void XdndTarget::finish() {
-    const Drag drag = *drag_;
-    const xcb_atom_t action = chosenAction();
-    const Point place = at();
+void XdndTarget::finish(Drag& drag) {
+    const xcb_window_t source = drag.source;
+    const xcb_atom_t action = chosenAction(drag);
+    const Point place = viewPoint_(drag.x, drag.y);
     // The listener hears of the drop instead of a leave, and what it does may end this.
-    drag_->content = Content::refused;
+    const bool canDrop = std::exchange(drag.content, Content::refused) == Content::told;
     leave();
     const X11Connection& connection = connection_;
     const xcb_window_t window = window_;
-    const bool isTaken = drag.content == Content::told && listener_.dropped(place);
+    const bool isTaken = canDrop && listener_.dropped(place);
     connection.sendToWindow(
-        drag.source, "XdndFinished",
+        source, "XdndFinished",
         std::array<std::uint32_t, 3>{window, isTaken ? 1U : 0U, isTaken ? action : noAction});
     connection.flush();
 }

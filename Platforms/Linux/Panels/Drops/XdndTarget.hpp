@@ -68,17 +68,15 @@ private:
     };
 
     void enter(const xcb_client_message_event_t& message);
-    void move(const xcb_client_message_event_t& message);
-    void drop();
+    void move(Drag& drag, const xcb_client_message_event_t& message);
+    void drop(Drag& drag);
 
-    void ask(xcb_timestamp_t time);
-    void answered(const Result<std::string>& content);
-    void sendStatus();
-    void finish();
+    void ask(Drag& drag, xcb_timestamp_t time);
+    void answered(Drag& drag, const Result<std::string>& content);
+    void sendStatus(Drag& drag);
+    void finish(Drag& drag);
     [[nodiscard]] std::string_view bestFormat(const xcb_client_message_event_t& message) const;
-    [[nodiscard]] xcb_atom_t chosenAction() const;
-    [[nodiscard]] bool isFromSource(const xcb_client_message_event_t& message) const;
-    [[nodiscard]] Point at() const { return viewPoint_(drag_->x, drag_->y); }
+    [[nodiscard]] xcb_atom_t chosenAction(const Drag& drag) const;
 
     X11Connection& connection_;
     xcb_window_t window_;

@@ -1,0 +1,13 @@
+/// Tells assistive technology what has changed.
+#pragma once
+
+#include <QAccessible>
+
+namespace vireline::x11::AccessibleEvents {
+
+inline void tell(QAccessibleInterface& about, QAccessible::Event what) {
+    QAccessibleEvent event{&about, what};
+    QAccessible::updateAccessibility(&event);
+}
+
+}

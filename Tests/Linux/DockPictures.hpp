@@ -1,0 +1,54 @@
+/// Pictures of whole docks without an X server: the kit's scenes, painted as on the screen.
+#pragma once
+
+#include "Settings/Settings.hpp"
+#include "Support/FakePanelWindows.hpp"
+
+#include <QImage>
+#include <memory>
+#include <vector>
+
+namespace vireline::test {
+
+/// One dock with three pinned apps, the first of which runs, another running app, and Downloads and
+/// Trash.
+class PicturedDock {
+public:
+    struct Options {
+        DockPosition position = DockPosition::bottom;
+        double iconSize = 44;
+        double magnification = 1.5;
+        bool autoHide = false;
+    };
+
+    explicit PicturedDock(const Options& options);
+    PicturedDock(const PicturedDock&) = delete;
+    PicturedDock& operator=(const PicturedDock&) = delete;
+    PicturedDock(PicturedDock&&) = delete;
+    PicturedDock& operator=(PicturedDock&&) = delete;
+    ~PicturedDock();
+
+    /// The pointer comes to the middle of a tile, or moves there.
+    void pointAt(std::size_t tile);
+    void press();
+    /// Moves by this much along the dock.
+    void moveAlong(double distance);
+
+    /// What the dock's window shows once all animations have come to their end, on a plain
+    /// background.
+    [[nodiscard]] QImage picture(double scale, bool isDark) const;
+
+private:
+    struct Parts;
+
+    [[nodiscard]] FakePanel& window() const;
+    [[nodiscard]] const Scene& scene() const;
+    void send(PointerEvent::Kind kind);
+
+    std::unique_ptr<Parts> parts_;
+};
+
+/// All pictures on one sheet, in rows of `columns`.
+[[nodiscard]] QImage sheetOf(const std::vector<QImage>& pictures, int columns);
+
+}
