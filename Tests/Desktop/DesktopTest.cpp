@@ -143,7 +143,8 @@ void DesktopTest::choose(xcb_window_t menu, int index, int count) {
 
 Programs testedPrograms() {
     const char* other = std::getenv("VIRELINE_TESTED_PROGRAM");
-    return {other == nullptr ? TESTED_PROGRAM : other, TEST_APP, FILE_MANAGER, MONITOR_OUTPUTS};
+    return {other == nullptr ? TESTED_PROGRAM : other, TEST_APP, FILE_MANAGER, NOTIFIER_HOST,
+            MONITOR_OUTPUTS};
 }
 
 PanelPlanner::Request tiles(int pinned, int running) {

@@ -51,6 +51,10 @@ void WindowFeatureTest::reveal(const std::string& monitor) {
     EXPECT_TRUE(eventually([&] { return isShownAt(plan.spec.collapsedFrame()); }));
     desktop().pointer().moveTo(pixels(plan.spec.collapsedFrame()).center());
     EXPECT_TRUE(eventually([&] { return isShownAt(plan.spec.hoverFrame()); }));
+    // A tile that has grown mixes its pixels.
+    constexpr int mixed = 100;
+    EXPECT_TRUE(eventually(
+        [&] { return desktop().pixel(tile(monitor)).distance(apps[0].colour) < mixed; }));
 }
 
 xcb_window_t WindowFeatureTest::open(int index, PixelPoint corner,
@@ -62,8 +66,9 @@ xcb_window_t WindowFeatureTest::open(int index, PixelPoint corner,
     EXPECT_TRUE(eventually([&] { return desktop().isActive(app); }));
     // A dock that hides comes out only after the program has heard of the window.
     if (!autoHide) {
-        EXPECT_TRUE(dotShows(layout(desktop().planned(request).front().monitor.name, request).dot(index),
-                             /*shows=*/true));
+        EXPECT_TRUE(
+            dotShows(layout(desktop().planned(request).front().monitor.name, request).dot(index),
+                     /*shows=*/true));
     }
     return windowOf(index);
 }

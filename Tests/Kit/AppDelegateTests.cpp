@@ -61,6 +61,11 @@ protected:
         dock().listener().pointerEvent({PointerEvent::Kind::pressed, p});
         dock().listener().pointerEvent({PointerEvent::Kind::released, p});
     }
+    /// Sets a control of the settings window.
+    void set(SettingsField field, const FormValue& value) {
+        platform.application.announceSecondStart();
+        platform.programWindows.forms.at(0)->listener.formChanged(field, value);
+    }
     [[nodiscard]] int reconciles() const {
         return static_cast<int>(std::ranges::count_if(
             log.messages(), [](const auto& line) { return line.starts_with("reconcile "); }));
@@ -299,6 +304,151 @@ TEST_F(AppDelegateTest, TheDisplaysAreFollowed) {
     platform.runLoop.advance(0.6);
 
     EXPECT_EQ(platform.panelWindows.displays(), (std::vector<std::uint32_t>{2, 3}));
+}
+
+// Behaviour: app-delegate-1
+TEST_F(AppDelegateTest, AFirstLaunchTakesTheDefaultsAndShowsTheTour) {
+    start();
+
+    // A strip of four icons of 44 points, and no zones in force.
+    EXPECT_EQ(icons()[0].frame.width, 44);
+    EXPECT_EQ(dock().frame.height, 84);
+    EXPECT_FALSE(platform.pointerTaps.isTapped());
+    ASSERT_EQ(platform.programWindows.tours.size(), 1U);
+    EXPECT_TRUE(platform.programWindows.tours[0]->isVisible);
+    EXPECT_TRUE(platform.programWindows.forms.empty());
+}
+
+// Behaviour: app-delegate-2
+TEST_F(AppDelegateTest, ALaunchAfterTheTourWasFinishedShowsNoWindow) {
+    Settings settings;
+    settings.onboardingCompleted = true;
+    store(settings);
+    start();
+
+    EXPECT_TRUE(platform.programWindows.tours.empty());
+    EXPECT_TRUE(platform.programWindows.forms.empty());
+}
+
+TEST_F(AppDelegateTest, TheTourIsNotShownAgainOnceItWasFinished) {
+    start();
+    platform.programWindows.tours[0]->listener.onboardingActed(OnboardingAction::finish);
+
+    start();
+
+    EXPECT_EQ(platform.programWindows.tours.size(), 1U);
+}
+
+// Behaviour: app-delegate-3
+TEST_F(AppDelegateTest, SwitchingMagnificationOnBringsTheStoredFactorIntoForce) {
+    Settings settings;
+    settings.magnification = 2;
+    store(settings);
+    start();
+
+    set(SettingsField::magnificationEnabled, true);
+
+    // Icons that grow to twice their size make room of their height.
+    EXPECT_EQ(dock().frame.height, 84 + 44);
+}
+
+// Behaviour: app-delegate-5
+TEST_F(AppDelegateTest, AChangeOfPositionAloneDeliversThePinnedListAndReconciles) {
+    start();
+    platform.running.apps.push_back(test::FakePlatform::instanceOf(notes));
+    log.clear();
+
+    set(SettingsField::position, std::size_t{1});
+
+    EXPECT_EQ(dock().frame.x, 1924);
+    EXPECT_EQ(log.count("rebuilt panel #2 for position change"), 1);
+    // The running app that nobody announced is noticed with the new pinned list.
+    EXPECT_EQ(icons().size(), 5U);
+    EXPECT_GE(reconciles(), 1);
+}
+
+TEST_F(AppDelegateTest, EverySettingTakesEffectAtOnce) {
+    start();
+
+    set(SettingsField::iconSize, 60.0);
+    EXPECT_EQ(icons()[0].frame.width, 60);
+    set(SettingsField::autoHide, true);
+    // It reaches to the edge now, and collapses once the pointer has been there.
+    EXPECT_EQ(dock().frame.height, 88);
+    set(SettingsField::anchorAppleDock, true);
+    EXPECT_TRUE(platform.pointerTaps.isEnabled());
+    set(SettingsField::anchorAppleDock, false);
+    EXPECT_FALSE(platform.pointerTaps.isTapped());
+}
+
+TEST_F(AppDelegateTest, TheStatusItemIsThereBeforeTheDocks) {
+    start();
+
+    EXPECT_EQ(platform.statusBar.made, 1);
+    platform.statusBar.choose("Settings…");
+    EXPECT_TRUE(platform.programWindows.forms.at(0)->isVisible);
+    platform.programWindows.tours.at(0)->closeByButton();
+    platform.statusBar.choose("Welcome Tour…");
+    EXPECT_TRUE(platform.programWindows.tours.at(0)->isVisible);
+    platform.statusBar.choose("Quit Vireline");
+    EXPECT_EQ(platform.application.terminations, 1);
+}
+
+TEST_F(AppDelegateTest, TheSwitchAndTheMenuShareOneLoginItem) {
+    start();
+
+    platform.statusBar.choose("Launch at Login");
+    platform.statusBar.choose("Settings…");
+    const Form& form = platform.programWindows.forms.at(0)->content;
+    EXPECT_TRUE(std::get<Toggle>(test::rowOf(form, SettingsField::launchAtLogin).control).isOn);
+
+    set(SettingsField::launchAtLogin, false);
+    EXPECT_EQ(std::get<MenuCommand>(platform.statusBar.openMenu().entries.at(2)).isChecked, false);
+}
+
+TEST_F(AppDelegateTest, ASecondStartShowsTheSettings) {
+    start();
+
+    platform.application.announceSecondStart();
+    platform.application.announceSecondStart();
+
+    ASSERT_EQ(platform.programWindows.forms.size(), 1U);
+    EXPECT_EQ(platform.programWindows.forms[0]->timesShown, 2);
+}
+
+TEST_F(AppDelegateTest, ASecondaryClickBesideTheTilesLeadsToTheSettingsAndToTheEnd) {
+    start();
+    const auto clickBesideTheTiles = [this] {
+        const Rect icon = icons()[0].frame;
+        dock().listener().pointerEvent(
+            {PointerEvent::Kind::secondaryPressed, {icon.minX() - 3, icon.midY()}});
+    };
+
+    clickBesideTheTiles();
+    EXPECT_EQ(dock().menus.back().menu,
+              (Menu{{MenuCommand{"Settings…"}, MenuCommand{"Quit Vireline"}}}));
+    dock().choose(0);
+    EXPECT_TRUE(platform.programWindows.forms.at(0)->isVisible);
+
+    clickBesideTheTiles();
+    dock().choose(1);
+    EXPECT_EQ(platform.application.terminations, 1);
+    EXPECT_EQ(log.messages().back(), "quit from dock");
+}
+
+TEST_F(AppDelegateTest, ADragInADockShowsInTheSettingsAtOnce) {
+    start();
+    platform.statusBar.choose("Settings…");
+    const Point from = icons()[0].frame.center();
+    const Point to = icons()[1].frame.center();
+
+    dock().listener().pointerEvent({PointerEvent::Kind::pressed, from});
+    dock().listener().pointerEvent({PointerEvent::Kind::moved, {to.x + 2, to.y}});
+    dock().listener().pointerEvent({PointerEvent::Kind::released, {to.x + 2, to.y}});
+
+    const Form& form = platform.programWindows.forms.at(0)->content;
+    EXPECT_EQ(
+        std::get<RadioGroup>(test::rowOf(form, SettingsField::sourceMode).control).selected, 1U);
 }
 
 }

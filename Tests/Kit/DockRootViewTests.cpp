@@ -176,13 +176,30 @@ TEST_F(DockRootViewTest, TheChosenMenuEntryGoesToTheActions) {
     EXPECT_EQ(dock.actionsTaken, (std::vector<std::string>{"menu Quit u0 #2"}));
 }
 
-TEST_F(DockRootViewTest, UtilityTilesAndTheBareStripHaveNoMenu) {
+TEST_F(DockRootViewTest, UtilityTilesAndWhatLiesBesideTheStripHaveNoMenu) {
     show();
 
     send(Kind::secondaryPressed, centerOfIcon(0));
     send(Kind::secondaryPressed, {1, 1});
 
     EXPECT_FALSE(closeMenu);
+}
+
+TEST_F(DockRootViewTest, SeparatorsAndTheBareStripLeadToTheSettingsAndToTheEnd) {
+    dock.setTiles(1, 1);
+    show();
+    const Point separator = nodes(NodeID::Part::separator).front().frame.center();
+    const Rect strip = nodes(NodeID::Part::strip).front().frame;
+
+    send(Kind::secondaryPressed, separator);
+    EXPECT_EQ(menuTitles, (std::vector<std::string>{"Settings…", "Quit Vireline"}));
+    closeMenu(0);
+    send(Kind::secondaryPressed, {strip.minX() + 2, strip.midY()});
+    closeMenu(1);
+    send(Kind::secondaryPressed, {strip.minX() + 2, strip.midY()});
+    closeMenu(std::nullopt);
+
+    EXPECT_EQ(dock.actionsTaken, (std::vector<std::string>{"settings", "quit"}));
 }
 
 TEST_F(DockRootViewTest, TheLabelNamesTheTileUnderThePointer) {

@@ -56,6 +56,27 @@ TEST(LaunchTracker, HearingOfItsOwnLaunchAgainChangesNothing) {
     EXPECT_EQ(tracking.said, Lines{"will a"});
 }
 
+TEST(LaunchTracker, KnowsForAMomentThatItHasJustBegunALaunch) {
+    Tracking tracking;
+
+    tracking.tracker.begin("id", app("a"), true);
+    tracking.tracker.begin("other", app("b"), false);
+
+    EXPECT_TRUE(tracking.tracker.hasJustBegun("a"));
+    EXPECT_FALSE(tracking.tracker.hasJustBegun("b")) << "it is not ours";
+    tracking.loop.advance(1);
+    EXPECT_FALSE(tracking.tracker.hasJustBegun("a"));
+}
+
+TEST(LaunchTracker, ALaunchThatIsOverHasNotJustBegun) {
+    Tracking tracking;
+
+    tracking.tracker.begin("id", app("a"), true);
+    tracking.tracker.fail("id");
+
+    EXPECT_FALSE(tracking.tracker.hasJustBegun("a"));
+}
+
 TEST(LaunchTracker, ALaunchThatShowsNothingEndsAfterFifteenSeconds) {
     Tracking tracking;
     tracking.tracker.begin("id", app("a"), true);

@@ -50,6 +50,8 @@ DockActions DockFixture::recordingActions() {
     recording.trashFiles = [=](const std::vector<FileURL>& urls) {
         record("trash " + std::to_string(urls.size()));
     };
+    recording.showSettings = [=] { record("settings"); };
+    recording.quit = [=] { record("quit"); };
     return recording;
 }
 

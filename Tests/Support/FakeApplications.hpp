@@ -112,9 +112,14 @@ public:
     void open(const FileURL& url) override { opened.push_back(url); }
     void reveal(const std::vector<FileURL>& urls) override { revealed.push_back(urls); }
 
+    void openSystemSettings(const std::string& paneURL) override {
+        openedPanes.push_back(paneURL);
+    }
+
     std::vector<OpenedApplication> openedApplications;
     std::vector<FileURL> opened;
     std::vector<std::vector<FileURL>> revealed;
+    std::vector<std::string> openedPanes;
 };
 
 inline std::ostream& operator<<(std::ostream& out, const FakeWorkspace::OpenedApplication& app) {

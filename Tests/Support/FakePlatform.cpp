@@ -21,6 +21,9 @@ Platform FakePlatform::ports() {
         .motionSettings = motionSettings,
         .accessibility = accessibility,
         .pointerTaps = pointerTaps,
+        .statusBar = statusBar,
+        .loginItemService = loginItem,
+        .programWindows = programWindows,
     };
 }
 

@@ -7,6 +7,7 @@
 #include "Support/FakeApplications.hpp"
 #include "Support/FakeFiles.hpp"
 #include "Support/FakePanelWindows.hpp"
+#include "Support/FakeProgramWindows.hpp"
 #include "Support/FakeRunLoop.hpp"
 
 #include <initializer_list>
@@ -44,6 +45,9 @@ public:
     FakeMotionSettings motionSettings;
     FakeAccessibility accessibility;
     FakePointerTaps pointerTaps;
+    FakeStatusBar statusBar;
+    FakeLoginItemService loginItem;
+    FakeProgramWindows programWindows;
     FakeApplication application;
 };
 

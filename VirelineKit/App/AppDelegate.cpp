@@ -24,6 +24,7 @@ AppDelegate::AppDelegate(const Platform& platform)
     , monitor_(platform.runningApplications)
     , activator_(platform.runningApplications, platform.workspace, platform.screens,
                  platform.accessibility)
+    , loginItem_(platform.loginItemService)
     , anchorGuard_(platform.accessibility, platform.pointerTaps, platform.runLoop)
     , trashService_(platform.trash, platform.userFolders, platform.runLoop)
     , store_(platform.fileSystem, platform.userFolders)
@@ -37,11 +38,35 @@ AppDelegate::AppDelegate(const Platform& platform)
 void AppDelegate::applicationDidFinishLaunching() {
     DevLog::write("Vireline started pid=" +
                   std::to_string(platform_.application.processIdentifier()));
+    makeStatusItem();
     seedModel();
     connect();
     resolver_.start();
     monitor_.start();
     coordinator_.start();
+    if (!store_.settings().onboardingCompleted)
+        showOnboarding();
+    secondStarts_ =
+        platform_.application.observeSecondStart(lifetime_.guard([this] { showSettings(); }));
+}
+
+void AppDelegate::makeStatusItem() {
+    statusItem_.emplace(platform_.statusBar, platform_.application, loginItem_,
+                        lifetime_.guard([this] { showSettings(); }),
+                        lifetime_.guard([this] { showOnboarding(); }));
+}
+
+void AppDelegate::showSettings() {
+    if (!settingsWindow_)
+        settingsWindow_.emplace(store_, loginItem_, anchorGuard_, platform_.programWindows,
+                                platform_.workspace);
+    settingsWindow_->show();
+}
+
+void AppDelegate::showOnboarding() {
+    if (!onboarding_)
+        onboarding_.emplace(store_, anchorGuard_, platform_.programWindows, platform_.workspace);
+    onboarding_->show();
 }
 
 void AppDelegate::connect() {
@@ -143,6 +168,11 @@ DockActions AppDelegate::makeDockActions() {
     });
     actions.trashFiles =
         lifetime_.guard([this](const std::vector<FileURL>& urls) { trashService_.trash(urls); });
+    actions.showSettings = lifetime_.guard([this] { showSettings(); });
+    actions.quit = lifetime_.guard([this] {
+        DevLog::write("quit from dock");
+        platform_.application.terminate();
+    });
     return actions;
 }
 

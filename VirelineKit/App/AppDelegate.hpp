@@ -2,6 +2,8 @@
 /// starts them in a fixed order; every change reaches the docks through its three handlers.
 #pragma once
 
+#include "App/LoginItemManager.hpp"
+#include "App/StatusItemController.hpp"
 #include "Displays/DisplayCoordinator.hpp"
 #include "Foundation/Lifetime.hpp"
 #include "Interaction/AppActivator.hpp"
@@ -15,7 +17,10 @@
 #include "Sources/RunningAppsMonitor.hpp"
 #include "WindowManagement/DockAnchorGuard.hpp"
 #include "WindowManagement/WindowMover.hpp"
+#include "Windows/OnboardingWindow.hpp"
+#include "Windows/SettingsWindow.hpp"
 
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -37,6 +42,9 @@ public:
 private:
     [[nodiscard]] DockActions makeDockActions();
     [[nodiscard]] DockViewContext makeViewContext();
+    void makeStatusItem();
+    void showSettings();
+    void showOnboarding();
     void connect();
     void guardAsSet();
     void seedModel();
@@ -49,15 +57,21 @@ private:
     IconStore icons_;
     RunningAppsMonitor monitor_;
     AppActivator activator_;
+    LoginItemManager loginItem_;
     DockAnchorGuard anchorGuard_;
     TrashService trashService_;
     PreferencesStore store_;
     /// The last pinned list that the resolver delivered.
     std::vector<AppRef> pinned_;
+    std::optional<StatusItemController> statusItem_;
     AppSourceResolver resolver_;
+    /// Made when they are first shown, and kept from then on.
+    std::optional<SettingsWindowController> settingsWindow_;
+    std::optional<OnboardingWindowController> onboarding_;
     DockActions dockActions_;
     DisplayCoordinator coordinator_;
     WindowMover windowMover_;
+    Subscription secondStarts_;
     Lifetime lifetime_;
 };
 

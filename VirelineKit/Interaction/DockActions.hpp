@@ -24,6 +24,8 @@ struct DockActions {
     std::function<bool()> isManualMode;
     std::function<void(const FileURL& url)> openFolder;
     std::function<void(const std::vector<FileURL>& urls)> trashFiles;
+    std::function<void()> showSettings;
+    std::function<void()> quit;
 };
 
 }

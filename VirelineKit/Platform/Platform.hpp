@@ -10,13 +10,16 @@ class DockPreferences;
 class FileEvents;
 class FileSystem;
 class Icons;
+class LoginItemService;
 class MotionSettings;
 class PanelWindows;
 class PointerSettings;
 class PointerTaps;
+class ProgramWindows;
 class RunLoop;
 class RunningApplications;
 class Screens;
+class StatusBar;
 class Trash;
 class UserFolders;
 class Workspace;
@@ -40,6 +43,9 @@ struct Platform {
     MotionSettings& motionSettings;
     Accessibility& accessibility;
     PointerTaps& pointerTaps;
+    StatusBar& statusBar;
+    LoginItemService& loginItemService;
+    ProgramWindows& programWindows;
 };
 
 }

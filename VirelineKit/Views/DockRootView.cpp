@@ -172,6 +172,8 @@ void DockRootView::pointerEvent(const PointerEvent& event) {
     case PointerEvent::Kind::secondaryPressed:
         if (const DockTile* tile = tileAt(event.position))
             requestMenu(*tile, event.position);
+        else if (frames_.glass.contains(event.position))
+            requestProgramMenu(event.position);
         break;
     case PointerEvent::Kind::cancelled:
         endDrag(false);
@@ -262,6 +264,20 @@ void DockRootView::requestMenu(const DockTile& tile, Point at) {
             context_.actions.menuSelect(entries.at(*chosen), item, spec_.displayID);
     };
     onMenuRequest(menu, at, lifetime_.guard(std::move(closed)));
+}
+
+/// A desktop may lack the place for a status item; the way to the settings is here as well.
+void DockRootView::requestProgramMenu(Point at) {
+    if (!onMenuRequest)
+        return;
+    const Menu menu{{MenuCommand{"Settings…"}, MenuCommand{"Quit Vireline"}}};
+    const auto closed = [this](std::optional<std::size_t> chosen) {
+        if (chosen == 0U)
+            context_.actions.showSettings();
+        else if (chosen == 1U)
+            context_.actions.quit();
+    };
+    onMenuRequest(menu, at, lifetime_.guard(closed));
 }
 
 void DockRootView::drag(Press& press, Point p) {

@@ -103,6 +103,7 @@ private:
     void released(Point p);
     void tap(DockTile& tile);
     void requestMenu(const DockTile& tile, Point at);
+    void requestProgramMenu(Point at);
 
     void drag(Press& press, Point p);
     /// Ends a drag; the tile goes home, or to where it was let go.

@@ -14,13 +14,17 @@ struct MenuSeparator {
 
 struct MenuCommand {
     std::string title;
+    /// With the platform's command modifier, while the menu is open; 0 for none.
+    char keyEquivalent = 0;
+    /// Nothing for a command that never has a check mark.
+    std::optional<bool> isChecked{};
 
     bool operator==(const MenuCommand&) const = default;
 };
 
 using MenuItem = std::variant<MenuCommand, MenuSeparator>;
 
-/// A popup menu.
+/// A popup menu, or that of a status item.
 struct Menu {
     std::vector<MenuItem> entries;
 

@@ -28,6 +28,7 @@ packages_test=(
     clang-19
     clang-format-19
     clang-tidy-19
+    desktop-file-utils
     libbenchmark-dev
     libgtest-dev
     libpng-dev
@@ -36,10 +37,12 @@ packages_test=(
 
 # A desktop without a screen, for the tests and for the tour.
 packages_desktop=(
+    at-spi2-core
     dbus
     fonts-dejavu-core
     openbox
     picom
+    tint2
     xfwm4
     xvfb
 )

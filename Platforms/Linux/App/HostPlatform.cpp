@@ -10,6 +10,7 @@
 #include "Applications/EwmhRunningApplications.hpp"
 #include "Applications/GioWorkspace.hpp"
 #include "Desktop/DesktopDockPreferences.hpp"
+#include "Desktop/DesktopNames.hpp"
 #include "Displays/RandrScreens.hpp"
 #include "Files/GioTrash.hpp"
 #include "Files/InotifyFileEvents.hpp"
@@ -18,8 +19,12 @@
 #include "Icons/ChosenIconTheme.hpp"
 #include "Icons/ThemeIcons.hpp"
 #include "Icons/XSettings.hpp"
+#include "OwnWindows/QtProgramWindows.hpp"
+#include "OwnWindows/Symbols.hpp"
 #include "Panels/QtPanelWindows.hpp"
 #include "Pointer/XInputPointerTaps.hpp"
+#include "Session/AutostartLoginItem.hpp"
+#include "StatusBar/TrayStatusBar.hpp"
 #include "Windows/EwmhAccessibility.hpp"
 #include "X11/X11Connection.hpp"
 
@@ -72,11 +77,20 @@ struct HostPlatform::Parts {
     GioWorkspace workspace{connection, catalog, runningApplications, userFolders};
     DesktopDockPreferences dockPreferences{
         {userFolders.home(), userFolders.configHome(), currentDesktop(), {}}, fileSystem, catalog};
-    ThemeIcons icons{catalog, runningApplications, iconTheme(settings.texts)};
+    /// Of symbols; that of the apps' icons goes its own way with the icons.
+    IconTheme theme = iconTheme(settings.texts);
+    ThemeIcons icons{catalog, runningApplications, theme};
     RandrScreens screens{connection};
     QtPanelWindows panelWindows{connection, screens, widgetTheme(settings.texts)};
     EwmhAccessibility accessibility{connection, runLoop, runningApplications, screens};
     XInputPointerTaps pointerTaps{screens};
+    Symbols symbols{theme};
+    TrayStatusBar statusBar{{connection, panelWindows.appearance(), symbols, theme}};
+    AutostartLoginItem loginItem{
+        fileSystem,
+        {userFolders.configHome(), AutostartLoginItem::ownPath(), DesktopNames::current()}};
+    QtProgramWindows programWindows{
+        {connection, application, panelWindows.appearance(), symbols, motionSettings}};
 };
 
 std::expected<std::unique_ptr<HostPlatform>, HostPlatform::Ended> HostPlatform::start() {
@@ -115,7 +129,10 @@ Platform HostPlatform::ports() {
             .pointerSettings = parts_->pointerSettings,
             .motionSettings = parts_->motionSettings,
             .accessibility = parts_->accessibility,
-            .pointerTaps = parts_->pointerTaps};
+            .pointerTaps = parts_->pointerTaps,
+            .statusBar = parts_->statusBar,
+            .loginItemService = parts_->loginItem,
+            .programWindows = parts_->programWindows};
 }
 
 }

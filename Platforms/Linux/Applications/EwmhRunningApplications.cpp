@@ -78,6 +78,8 @@ void EwmhRunningApplications::hide(const RunningApplication& app) {
         iconify(window);
         if (std::ranges::find(hidden, window) == hidden.end())
             hidden.push_back(window);
+        if (window == clients_.activeWindow())
+            leaving_ = window;
     }
     connection_.flush();
 }
@@ -119,6 +121,7 @@ bool EwmhRunningApplications::bringForward(const std::string& bundleID) {
     const AppGroup* group = AppGroups::find(groups_, bundleID);
     if (group == nullptr)
         return false;
+    leaving_ = XCB_NONE;
     if (const auto hidden = hidden_.extract(bundleID)) {
         for (const xcb_window_t window : AppGroups::stillHidden(*group, hidden.mapped()))
             xcb_map_window(connection_.get(), window);
@@ -156,6 +159,8 @@ std::vector<ClientWindow> EwmhRunningApplications::windows(const std::string& bu
 }
 
 void EwmhRunningApplications::update() {
+    if (clients_.activeWindow() != leaving_)
+        leaving_ = XCB_NONE;
     announce(std::exchange(groups_, currentGroups()));
 }
 
@@ -231,7 +236,8 @@ EwmhRunningApplications::appNamedBy(const StartupMessage& message) const {
 RunningApplication EwmhRunningApplications::describe(const AppGroup& group) const {
     RunningApplication app = describeApp(group.app);
     app.processIdentifier = AppGroups::mostRecent(group).processIdentifier;
-    app.isActive = AppGroups::isActive(group, clients_.activeWindow());
+    const xcb_window_t active = clients_.activeWindow();
+    app.isActive = active != leaving_ && AppGroups::isActive(group, active);
     return app;
 }
 

@@ -54,6 +54,10 @@ public:
     /// too, and of its end if the app says nothing itself.
     void launchBegan(const std::string& startupID, const DesktopEntry& entry,
                      const std::string& bundleID, bool tellsOthers);
+    /// Whether a launch of ours is on its way that began a moment ago.
+    [[nodiscard]] bool isJustLaunching(const std::string& bundleID) const {
+        return launches_.hasJustBegun(bundleID);
+    }
     /// The launch came to nothing. False when it had ended before, as with a program that showed a
     /// window and ends with an error later.
     bool launchFailed(const std::string& startupID);
@@ -90,6 +94,8 @@ private:
     std::vector<AppGroup> groups_;
     /// What `hide` iconified, by app.
     std::unordered_map<std::string, std::vector<xcb_window_t>> hidden_;
+    /// The active window while it is on its way out, iconified by `hide`.
+    xcb_window_t leaving_ = XCB_NONE;
     /// Launches that other programs were told of.
     std::vector<std::string> announced_;
     CallbackList<std::optional<RunningApplication>> willLaunch_;

@@ -1,12 +1,9 @@
 #include "Applications/FileManagerClient.hpp"
 
 #include "GLib/GLibHandles.hpp"
+#include "GLib/SessionBus.hpp"
 
-#include <cerrno>
-#include <cstdlib>
-#include <filesystem>
 #include <memory>
-#include <system_error>
 #include <utility>
 
 namespace vireline::x11 {
@@ -38,49 +35,29 @@ void replied(GObject* bus, GAsyncResult* result, gpointer data) {
     finish(call, error);
 }
 
-void connected(GObject*, GAsyncResult* result, gpointer data) {
-    auto call = takeCall(data);
-    GError* error = nullptr;
-    const GObjectHandle<GDBusConnection> bus{g_bus_get_finish(result, &error)};
-    if (!bus) {
-        finish(call, error);
-        return;
-    }
+void show(GDBusConnection* bus, std::unique_ptr<Call> call) {
     GVariantBuilder uris;
     g_variant_builder_init(&uris, G_VARIANT_TYPE_STRING_ARRAY);
     for (const auto& uri : call->uris)
         g_variant_builder_add(&uris, "s", uri.c_str());
-    g_dbus_connection_call(bus.get(), "org.freedesktop.FileManager1",
-                           "/org/freedesktop/FileManager1", "org.freedesktop.FileManager1",
-                           "ShowItems", g_variant_new("(ass)", &uris, ""), nullptr,
-                           G_DBUS_CALL_FLAGS_NONE, FileManagerClient::timeoutMilliseconds, nullptr,
-                           replied, call.release());
-}
-
-/// GIO would start a bus of its own where there is none, which serves nobody.
-bool hasSessionBus() {
-    const char* address = std::getenv("DBUS_SESSION_BUS_ADDRESS");
-    if (address != nullptr && *address != '\0')
-        return true;
-    std::error_code error;
-    return std::filesystem::exists(std::filesystem::path{g_get_user_runtime_dir()} / "bus", error);
+    g_dbus_connection_call(bus, "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1",
+                           "org.freedesktop.FileManager1", "ShowItems",
+                           g_variant_new("(ass)", &uris, ""), nullptr, G_DBUS_CALL_FLAGS_NONE,
+                           FileManagerClient::timeoutMilliseconds, nullptr, replied,
+                           call.release());
 }
 
 }
 
 void FileManagerClient::showItems(std::vector<std::string> uris,
                                   std::function<void(Result<void>)> done) {
-    auto call = std::make_unique<Call>(Call{std::move(uris), lifetime_.guard(std::move(done))});
-    if (hasSessionBus()) {
-        g_bus_get(G_BUS_TYPE_SESSION, nullptr, connected, call.release());
-        return;
-    }
-    const auto fail = [](gpointer data) -> gboolean {
-        takeCall(data)->done(
-            std::unexpected(PlatformError{.code = ENOENT, .description = "no session bus"}));
-        return G_SOURCE_REMOVE;
-    };
-    g_idle_add(fail, call.release());
+    const Call call{std::move(uris), lifetime_.guard(std::move(done))};
+    SessionBus::connect([call](const Result<SessionBus::Connection>& bus) {
+        if (bus)
+            show(bus->get(), std::make_unique<Call>(call));
+        else
+            call.done(std::unexpected{bus.error()});
+    });
 }
 
 }

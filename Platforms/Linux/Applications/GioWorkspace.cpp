@@ -2,12 +2,15 @@
 
 #include "App/DevLog.hpp"
 #include "Applications/Identity/PlainText.hpp"
+#include "Desktop/DesktopNames.hpp"
+#include "Desktop/SettingsPanes.hpp"
 
 #include <unistd.h>
 
 #include <algorithm>
 #include <filesystem>
 #include <iterator>
+#include <string_view>
 #include <system_error>
 
 namespace vireline::x11 {
@@ -35,7 +38,7 @@ GioWorkspace::GioWorkspace(X11Connection& connection, const DesktopEntryCatalog&
     : connection_(connection), catalog_(catalog), running_(running), folders_(folders) {}
 
 void GioWorkspace::openApplication(const std::string& bundleID, const FileURL& url) {
-    if (running_.bringForward(bundleID))
+    if (running_.bringForward(bundleID) || running_.isJustLaunching(bundleID))
         return;
     if (const auto entry = catalog_.entryAt(url))
         launch(bundleID, *entry);
@@ -71,6 +74,15 @@ void GioWorkspace::reveal(const std::vector<FileURL>& urls) {
             DevLog::write("reveal failed, opening the folder: " + described(outcome.error()));
             openFolders(files);
         }));
+}
+
+void GioWorkspace::openSystemSettings(const std::string& paneURL) {
+    for (const std::string_view id : SettingsPanes::entries(paneURL, DesktopNames::current())) {
+        const std::string bundleID{id};
+        if (const auto url = catalog_.urlForBundleID(bundleID))
+            return openApplication(bundleID, *url);
+    }
+    DevLog::write("no matching settings pane on this desktop");
 }
 
 /// A desktop need not say which program opens folders for there to be one.

@@ -1,7 +1,9 @@
 #include "Panels/PopUpMenu.hpp"
 
+#include <QKeyEvent>
 #include <QScreen>
 #include <algorithm>
+#include <cctype>
 #include <utility>
 
 namespace vireline::x11 {
@@ -18,10 +20,30 @@ QPoint placed(QPoint at, QSize menu, const QRect& screen) {
             along(at.y(), menu.height(), screen.top(), screen.top() + screen.height())};
 }
 
+QKeyCombination keyOf(char keyEquivalent) {
+    const auto letter = static_cast<unsigned char>(keyEquivalent);
+    return QKeyCombination{Qt::ControlModifier, static_cast<Qt::Key>(std::toupper(letter))};
+}
+
+/// A menu that belongs to no window takes no part in Qt's own handling of shortcuts.
+class KeyedMenu final : public QMenu {
+private:
+    void keyPressEvent(QKeyEvent* event) override {
+        for (QAction* const action : actions()) {
+            if (action->shortcut() != QKeySequence{event->keyCombination()} ||
+                action->shortcut().isEmpty())
+                continue;
+            close();
+            return action->trigger();
+        }
+        QMenu::keyPressEvent(event);
+    }
+};
+
 }
 
 PopUpMenu::PopUpMenu(const Menu& menu, QScreen& screen, QPoint at, Closed closed)
-    : closed_(std::move(closed)), menu_(std::make_unique<QMenu>().release()) {
+    : closed_(std::move(closed)), menu_(std::make_unique<KeyedMenu>().release()) {
     fill(menu);
     // The choice comes after the hiding, in the same event; by the next turn both are known.
     QObject::connect(menu_.get(), &QMenu::aboutToHide, menu_.get(),
@@ -46,7 +68,12 @@ void PopUpMenu::fill(const Menu& menu) {
         // A single ampersand would mark a shortcut.
         const QString title =
             QString::fromStdString(command->title).replace(QLatin1Char('&'), QLatin1String("&&"));
-        QObject::connect(menu_->addAction(title), &QAction::triggered, menu_.get(),
+        QAction* const action = menu_->addAction(title);
+        action->setCheckable(command->isChecked.has_value());
+        action->setChecked(command->isChecked.value_or(false));
+        if (command->keyEquivalent != 0)
+            action->setShortcut(QKeySequence{keyOf(command->keyEquivalent)});
+        QObject::connect(action, &QAction::triggered, menu_.get(),
                          lifetime_.guard([this, i](bool) { chosen_ = i; }));
     }
 }

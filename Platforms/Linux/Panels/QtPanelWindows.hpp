@@ -22,6 +22,9 @@ public:
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanel(std::uint32_t displayID, const Rect& frame,
                                                          PanelWindowListener& listener) override;
 
+    /// Of the desktop that the docks are on.
+    [[nodiscard]] Appearance& appearance() noexcept { return appearance_; }
+
 private:
     X11Connection& connection_;
     DrawingConnection drawing_;

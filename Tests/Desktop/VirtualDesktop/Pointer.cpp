@@ -62,4 +62,11 @@ void Keyboard::type(xcb_keysym_t symbol) const {
     fake(client_, XCB_KEY_RELEASE, key);
 }
 
+void Keyboard::typeWithControl(xcb_keysym_t symbol) const {
+    const auto modifier = keycode(client_, control);
+    fake(client_, XCB_KEY_PRESS, modifier);
+    type(symbol);
+    fake(client_, XCB_KEY_RELEASE, modifier);
+}
+
 }

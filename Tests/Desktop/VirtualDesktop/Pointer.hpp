@@ -12,7 +12,13 @@ class Pointer {
 public:
     explicit Pointer(const XClient& client) : client_(client) {}
 
-    enum class Button : std::uint8_t { primary = 1, middle = 2, secondary = 3 };
+    enum class Button : std::uint8_t {
+        primary = 1,
+        middle = 2,
+        secondary = 3,
+        wheelUp = 4,
+        wheelDown = 5,
+    };
 
     void moveTo(PixelPoint place) const;
     void press(Button button) const;
@@ -30,10 +36,19 @@ public:
 
     static constexpr xcb_keysym_t escape = 0xff1b;
     static constexpr xcb_keysym_t enter = 0xff0d;
+    static constexpr xcb_keysym_t tab = 0xff09;
+    static constexpr xcb_keysym_t space = 0x20;
+    static constexpr xcb_keysym_t home = 0xff50;
+    static constexpr xcb_keysym_t up = 0xff52;
+    static constexpr xcb_keysym_t right = 0xff53;
     static constexpr xcb_keysym_t down = 0xff54;
+    static constexpr xcb_keysym_t end = 0xff57;
+    static constexpr xcb_keysym_t control = 0xffe3;
 
     /// Presses and releases the key that types `symbol`.
     void type(xcb_keysym_t symbol) const;
+    /// The same while Control is held.
+    void typeWithControl(xcb_keysym_t symbol) const;
 
 private:
     const XClient& client_;

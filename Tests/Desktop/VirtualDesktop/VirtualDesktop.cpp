@@ -131,8 +131,10 @@ VirtualDesktop::VirtualDesktop(Programs programs, const Options& options)
         environment_["XDG_DATA_DIRS"] += std::string{":"} + installedData;
     if (!options.monitors.empty())
         setMonitors(options.monitors);
-    if (options.sessionBus)
+    if (options.sessionBus || options.accessibility)
         startSessionBus();
+    if (options.accessibility)
+        startAccessibilityBus();
     if (options.windowManager)
         startWindowManager();
     if (options.compositor)
@@ -169,13 +171,35 @@ std::string VirtualDesktop::startBus(std::optional<ChildProcess>& bus, const fs:
                         {},
                         socket.string() + ".log",
                         {}});
-    require(eventually([&] { return fs::exists(socket); }), "the session bus");
+    // There is a socket some time before anybody answers on it.
+    require(eventually([&] { return BusClient::answers(address); }), "the session bus");
     return address;
 }
 
 void VirtualDesktop::startSessionBus() {
     environment_["DBUS_SESSION_BUS_ADDRESS"] =
         startBus(bus_, home_.scratch() / "bus", environment_);
+}
+
+/// A bus of its own, whose address the session bus tells.
+void VirtualDesktop::startAccessibilityBus() {
+    accessibilityBus_.emplace(Command{"/usr/libexec/at-spi-bus-launcher",
+                                      {"--launch-immediately", "--a11y=1"},
+                                      sessionEnvironment(),
+                                      {},
+                                      home_.scratch() / "accessibility-bus.log",
+                                      {}});
+    const BusClient session{environment_.at("DBUS_SESSION_BUS_ADDRESS")};
+    require(eventually([&] {
+                const auto reply = session.call({"org.a11y.Bus", "/org/a11y/bus"}, "org.a11y.Bus",
+                                                "GetAddress", nullptr);
+                const char* address = "";
+                if (reply)
+                    g_variant_get(reply.get(), "(&s)", &address);
+                accessibilityAddress_ = address;
+                return !accessibilityAddress_.empty();
+            }),
+            "the accessibility bus");
 }
 
 void VirtualDesktop::startWindowManager() {
@@ -300,6 +324,16 @@ ChildProcess& VirtualDesktop::launch(const App& app, std::vector<std::string> ar
     std::ranges::copy(app.arguments, std::back_inserter(all));
     std::ranges::move(arguments, std::back_inserter(all));
     return run(programs_.testApp.string(), std::move(all));
+}
+
+NotifierHost VirtualDesktop::startNotifierHost(bool showsItems) {
+    const std::vector<std::string> arguments =
+        showsItems ? std::vector<std::string>{} : std::vector<std::string>{"--no-host"};
+    notifierHost_.emplace(Command{programs_.notifierHost.string(), arguments, environment_, {},
+                                  home_.scratch() / "notifier-host.log", {}});
+    NotifierHost host{environment_.at("DBUS_SESSION_BUS_ADDRESS")};
+    require(eventually([&] { return host.isThere(); }), "the panel for status items");
+    return host;
 }
 
 fs::path VirtualDesktop::startFileManagerService() {

@@ -3,11 +3,13 @@
 /// run side by side.
 #pragma once
 
+#include "VirtualDesktop/AccessibleTree.hpp"
 #include "VirtualDesktop/ChildProcess.hpp"
 #include "VirtualDesktop/DockLayout.hpp"
 #include "VirtualDesktop/DockWindows.hpp"
 #include "VirtualDesktop/Home.hpp"
 #include "VirtualDesktop/Monitors.hpp"
+#include "VirtualDesktop/NotifierHost.hpp"
 #include "VirtualDesktop/Picture.hpp"
 #include "VirtualDesktop/Pointer.hpp"
 #include "VirtualDesktop/ProgramLog.hpp"
@@ -29,6 +31,7 @@ struct Programs {
     std::filesystem::path vireline;
     std::filesystem::path testApp;
     std::filesystem::path fileManager;
+    std::filesystem::path notifierHost{}; // NOLINT(readability-redundant-member-init)
     /// Loaded into window managers that need an output for each monitor.
     std::filesystem::path monitorOutputs{}; // NOLINT(readability-redundant-member-init)
 };
@@ -45,6 +48,9 @@ public:
         Manager manager = Manager::openbox;
         bool compositor = false;
         bool sessionBus = false;
+        /// Whether programs tell assistive technology of their windows; they need the session bus
+        /// for that, which comes along.
+        bool accessibility = false;
         bool randr = true;
         /// Whether the apps installed on this computer are there besides the home's own.
         bool installedApps = false;
@@ -103,6 +109,18 @@ public:
     ChildProcess& launch(const App& app, std::vector<std::string> arguments = {});
     /// Starts any program on this desktop.
     ChildProcess& run(const std::string& program, std::vector<std::string> arguments);
+    /// Starts a panel that shows status notifier items, or only keeps them until it is told to show
+    /// them. Needs the session bus.
+    NotifierHost startNotifierHost(bool showsItems = true);
+    /// Ends that panel.
+    void stopNotifierHost() { notifierHost_.reset(); }
+    void stopSessionBus() { bus_.reset(); }
+
+    /// The windows' controls. Only with accessibility.
+    [[nodiscard]] AccessibleTree controls() const {
+        return AccessibleTree{accessibilityAddress_};
+    }
+
     /// Starts the service that shows files on the session bus; its calls go to the file returned.
     std::filesystem::path startFileManagerService();
 
@@ -130,6 +148,7 @@ private:
                                               const std::filesystem::path& socket,
                                               const Environment& environment);
     void startSessionBus();
+    void startAccessibilityBus();
     void startOpenbox();
     void startXfwm4();
 
@@ -141,6 +160,9 @@ private:
     Environment environment_;
     Manager manager_;
     std::optional<ChildProcess> bus_;
+    std::optional<ChildProcess> accessibilityBus_;
+    std::string accessibilityAddress_;
+    std::optional<ChildProcess> notifierHost_;
     std::optional<ChildProcess> managerBus_;
     std::optional<ChildProcess> windowManager_;
     std::optional<ChildProcess> compositor_;

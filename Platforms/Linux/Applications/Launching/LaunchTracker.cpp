@@ -15,11 +15,19 @@ void LaunchTracker::begin(const std::string& startupID, const IdentifiedApp& app
     launch.startupID = startupID;
     launch.app = app;
     launch.isOurs = isOurs;
+    launch.began = runLoop_.now();
     // The timer owns what it captured, and failing ends the timer.
     launch.patience = runLoop_.after(
         patienceSeconds, lifetime_.guard([this, startupID] { fail(std::string{startupID}); }));
     if (onWillLaunch)
         onWillLaunch(app);
+}
+
+bool LaunchTracker::hasJustBegun(const std::string& bundleID) const {
+    return std::ranges::any_of(launches_, [&](const Launch& launch) {
+        return launch.isOurs && launch.isPending && launch.app.bundleID == bundleID &&
+               runLoop_.now() - launch.began < pairSeconds;
+    });
 }
 
 void LaunchTracker::finish(const std::string& startupID) {

@@ -18,6 +18,8 @@ class LaunchTracker {
 public:
     /// A launch that shows nothing for this long is taken to have ended.
     static constexpr double patienceSeconds = 15;
+    /// So soon after a launch of ours, opening the app again is the second click of a pair.
+    static constexpr double pairSeconds = 1;
     /// Launches that are remembered, the newest, for the windows that may still bear their IDs.
     static constexpr std::size_t maximumLaunches = 64;
 
@@ -31,6 +33,9 @@ public:
     /// `isOurs`: only by our own launches windows are told apart. An ID that is known already
     /// changes nothing.
     void begin(const std::string& startupID, const IdentifiedApp& app, bool isOurs);
+
+    /// Whether a launch of ours is on its way that began a moment ago.
+    [[nodiscard]] bool hasJustBegun(const std::string& bundleID) const;
 
     /// The starter or the app itself says that the launch is over.
     void finish(const std::string& startupID);
@@ -59,6 +64,8 @@ private:
         IdentifiedApp app;
         bool isOurs = false;
         bool isPending = true;
+        /// On the run loop's clock.
+        double began = 0;
         /// Of the app's first window; nothing before there is one.
         std::optional<std::int32_t> owner;
         Timer patience;

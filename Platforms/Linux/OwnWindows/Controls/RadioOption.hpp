@@ -1,0 +1,20 @@
+/// One option of several that stand on lines of their own.
+#pragma once
+
+#include <QRadioButton>
+
+namespace vireline::x11 {
+
+class RadioOption final : public QRadioButton {
+public:
+    RadioOption(const QString& title, QWidget* parent);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+private:
+    void paintEvent(QPaintEvent* event) override;
+    [[nodiscard]] bool hitButton(const QPoint& position) const override;
+};
+
+}

@@ -1,0 +1,22 @@
+/// A number whose digits all take the same width, at the trailing end of its box.
+#pragma once
+
+#include <QWidget>
+
+namespace vireline::x11 {
+
+class ValueLabel final : public QWidget {
+public:
+    ValueLabel(int width, QWidget* parent);
+
+    void setText(const QString& text);
+    [[nodiscard]] const QString& text() const noexcept { return text_; }
+
+private:
+    void paintEvent(QPaintEvent* event) override;
+    [[nodiscard]] int digitWidth() const;
+
+    QString text_;
+};
+
+}

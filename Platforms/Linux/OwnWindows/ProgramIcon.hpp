@@ -1,0 +1,15 @@
+/// The program's own icon.
+#pragma once
+
+#include <QIcon>
+#include <QPixmap>
+
+namespace vireline::x11::ProgramIcon {
+
+/// In the sizes that window managers ask for.
+[[nodiscard]] QIcon icon();
+
+/// A square of `side` pixels.
+[[nodiscard]] QPixmap picture(int side);
+
+}

@@ -1,0 +1,49 @@
+/// A status item as hosts on the session bus show it: org.kde.StatusNotifierItem and its menu.
+#pragma once
+
+#include "Foundation/Lifetime.hpp"
+#include "StatusBar/NotifierMenu.hpp"
+#include "StatusBar/StatusSymbol.hpp"
+
+#include <QImage>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace vireline::x11 {
+
+class NotifierItem {
+public:
+    struct Content {
+        StatusSymbol symbol;
+        /// The symbol's name in the icon theme, which the host shows in colours of its own; empty
+        /// if the theme has none.
+        std::string iconName;
+        Menu menu;
+    };
+    struct Callbacks {
+        /// The symbol as a square of this many pixels, for hosts that know no themes.
+        std::function<QImage(int side)> picture;
+        NotifierMenu::Update menuNeedsUpdate;
+        NotifierMenu::Chosen menuItemChosen;
+        /// A host that shows no menus asks for the item's own.
+        std::function<void()> popUpMenu;
+    };
+
+    NotifierItem(GDBusConnection* bus, Content content, Callbacks callbacks);
+
+    /// The picture has become another.
+    void pictureChanged() const;
+
+private:
+    void call(const std::string& method, GDBusMethodInvocation* invocation) const;
+    [[nodiscard]] GVariant* get(const std::string& property) const;
+    [[nodiscard]] GVariant* pixmaps() const;
+
+    Content content_;
+    Callbacks callbacks_;
+    NotifierMenu menu_;
+    DBusObject object_;
+};
+
+}

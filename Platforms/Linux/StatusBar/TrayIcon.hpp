@@ -1,0 +1,58 @@
+/// An icon docked with an X screen's system tray, as XEmbed has it. Painted straight into its X
+/// window, in whole pixels, over whatever the tray shows behind it.
+#pragma once
+
+#include "Foundation/ScopedHandle.hpp"
+
+#include <xcb/xcb.h>
+
+#include <QColor>
+#include <QImage>
+#include <functional>
+#include <string>
+
+namespace vireline::x11 {
+
+class X11Connection;
+
+class TrayIcon {
+public:
+    struct Callbacks {
+        /// The icon's shape in a colour, as a square of this many pixels.
+        std::function<QImage(int side, const QColor& colour)> picture;
+        /// The user pressed it.
+        std::function<void()> pressed;
+    };
+
+    /// Asks the tray, given by its manager's window, to dock it.
+    TrayIcon(X11Connection& connection, xcb_window_t manager, const std::string& name,
+             Callbacks callbacks);
+    TrayIcon(const TrayIcon&) = delete;
+    TrayIcon& operator=(const TrayIcon&) = delete;
+    TrayIcon(TrayIcon&&) = delete;
+    TrayIcon& operator=(TrayIcon&&) = delete;
+    ~TrayIcon();
+
+private:
+    void create(const std::string& name);
+    void dock();
+    void handle(const xcb_generic_event_t& event);
+    void paint();
+    [[nodiscard]] QImage ground() const;
+    [[nodiscard]] QColor colourOn(const QImage& ground) const;
+    void show(const QImage& picture) const;
+
+    X11Connection& connection_;
+    xcb_window_t manager_;
+    Callbacks callbacks_;
+    xcb_window_t window_ = XCB_NONE;
+    xcb_colormap_t colormap_ = XCB_NONE;
+    /// With an alpha channel, or as deep as the screen.
+    bool isTranslucent_ = false;
+    std::uint8_t depth_ = 0;
+    int width_ = 0;
+    int height_ = 0;
+    Subscription events_;
+};
+
+}

@@ -1,0 +1,45 @@
+#include "StatusBar/TrayManager.hpp"
+
+#include "X11/X11Connection.hpp"
+
+namespace vireline::x11 {
+
+TrayManager::TrayManager(X11Connection& connection)
+    : connection_(connection)
+    , selection_(
+          connection.atom("_NET_SYSTEM_TRAY_S" + std::to_string(connection.screenNumber()))) {
+    events_ = connection_.observe([this](const xcb_generic_event_t& event) { handle(event); });
+    // A new tray says so to the root window.
+    connection_.selectInput(connection_.root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+    look();
+}
+
+void TrayManager::handle(const xcb_generic_event_t& event) {
+    const auto type = event.response_type & 0x7fU;
+    if (type == XCB_CLIENT_MESSAGE) {
+        const auto& message = reinterpret_cast<const xcb_client_message_event_t&>(event);
+        if (message.type == connection_.atom("MANAGER") && message.format == 32 &&
+            message.data.data32[1] == selection_)
+            look();
+    } else if (type == XCB_DESTROY_NOTIFY) {
+        const auto& gone = reinterpret_cast<const xcb_destroy_notify_event_t&>(event);
+        if (gone.window == window_.get())
+            look();
+    }
+}
+
+void TrayManager::look() {
+    const xcb_window_t found = owner();
+    // Before it is announced: the tray must not go unseen in between.
+    if (found != XCB_NONE)
+        connection_.selectInput(found, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+    window_.set(found);
+}
+
+xcb_window_t TrayManager::owner() const {
+    const Owned<xcb_get_selection_owner_reply_t> reply{xcb_get_selection_owner_reply(
+        connection_.get(), xcb_get_selection_owner(connection_.get(), selection_), nullptr)};
+    return reply ? reply->owner : xcb_window_t{XCB_NONE};
+}
+
+}

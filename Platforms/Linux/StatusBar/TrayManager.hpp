@@ -1,0 +1,41 @@
+/// The system tray of an X screen, whoever runs it: the window that icons are docked with.
+#pragma once
+
+#include "Foundation/Observable.hpp"
+
+#include <xcb/xcb.h>
+
+#include <functional>
+#include <string>
+
+namespace vireline::x11 {
+
+class X11Connection;
+
+class TrayManager {
+public:
+    explicit TrayManager(X11Connection& connection);
+    TrayManager(const TrayManager&) = delete;
+    TrayManager& operator=(const TrayManager&) = delete;
+    TrayManager(TrayManager&&) = delete;
+    TrayManager& operator=(TrayManager&&) = delete;
+    ~TrayManager() = default;
+
+    /// XCB_NONE while there is no tray.
+    [[nodiscard]] xcb_window_t window() const noexcept { return window_.get(); }
+    [[nodiscard]] Subscription observe(std::function<void()> listener) {
+        return window_.observe(std::move(listener));
+    }
+
+private:
+    void handle(const xcb_generic_event_t& event);
+    void look();
+    [[nodiscard]] xcb_window_t owner() const;
+
+    X11Connection& connection_;
+    xcb_atom_t selection_;
+    Observable<xcb_window_t> window_{XCB_NONE};
+    Subscription events_;
+};
+
+}

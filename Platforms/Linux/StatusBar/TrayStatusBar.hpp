@@ -1,0 +1,21 @@
+/// Makes status items for whatever tray this desktop has.
+#pragma once
+
+#include "StatusBar/TrayStatusItem.hpp"
+
+namespace vireline::x11 {
+
+class TrayStatusBar final : public StatusBar {
+public:
+    explicit TrayStatusBar(const StatusBarContext& context) : context_(context) {}
+
+    [[nodiscard]] std::unique_ptr<StatusItem>
+    makeStatusItem(StatusItemListener& listener) override {
+        return std::make_unique<TrayStatusItem>(context_, listener);
+    }
+
+private:
+    StatusBarContext context_;
+};
+
+}

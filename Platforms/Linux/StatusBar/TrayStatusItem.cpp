@@ -1,0 +1,96 @@
+#include "StatusBar/TrayStatusItem.hpp"
+
+#include "Icons/IconTheme.hpp"
+#include "Panels/Appearance.hpp"
+#include "OwnWindows/Symbols.hpp"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace vireline::x11 {
+namespace {
+
+constexpr const char* installedSymbol = "vireline-symbolic";
+
+}
+
+TrayStatusItem::TrayStatusItem(const StatusBarContext& context, StatusItemListener& listener)
+    : context_(context), listener_(listener), tray_(context.connection) {
+    const auto changed = lifetime_.guard([this] { update(); });
+    observations_ = {hosts_.observe(changed), tray_.observe(changed),
+                     context_.appearance.observe(lifetime_.guard([this] {
+                         if (notifierItem_)
+                             notifierItem_->pictureChanged();
+                     }))};
+}
+
+void TrayStatusItem::setImage(const std::string& symbol,
+                              const std::string& accessibilityDescription) {
+    symbol_ = {symbol, accessibilityDescription};
+}
+
+void TrayStatusItem::setMenu(const Menu& menu) {
+    menu_ = menu;
+    update();
+}
+
+void TrayStatusItem::update() {
+    if (hosts_.bus() != nullptr && !notifierItem_)
+        makeNotifierItem();
+    const bool belongsInTray =
+        hosts_.state() == NotifierHosts::State::absent && tray_.window() != XCB_NONE;
+    if (!belongsInTray)
+        trayIcon_.reset();
+    else if (!trayIcon_ || dockedWith_ != tray_.window())
+        makeTrayIcon();
+}
+
+/// On every bus, whether or not anybody shows items yet.
+void TrayStatusItem::makeNotifierItem() {
+    constexpr int usualSide = 22;
+    const bool isInstalled = context_.theme.find(installedSymbol, usualSide).has_value();
+    notifierItem_ = std::make_unique<NotifierItem>(
+        hosts_.bus(),
+        NotifierItem::Content{symbol_, isInstalled ? installedSymbol : std::string{}, menu_},
+        NotifierItem::Callbacks{
+            .picture = [this](int side) { return picture(side); },
+            .menuNeedsUpdate = [this](Menu& menu) { listener_.menuNeedsUpdate(menu); },
+            .menuItemChosen = [this](std::size_t index) { listener_.menuItemChosen(index); },
+            .popUpMenu = [this] { popUpMenu(); }});
+    hosts_.announceItem();
+}
+
+void TrayStatusItem::makeTrayIcon() {
+    trayIcon_.reset();
+    dockedWith_ = tray_.window();
+    trayIcon_ = std::make_unique<TrayIcon>(
+        context_.connection, dockedWith_, symbol_.description,
+        TrayIcon::Callbacks{.picture =
+                                [this](int side, const QColor& colour) {
+                                    return context_.symbols.image(symbol_.name, side, colour);
+                                },
+                            .pressed = [this] { popUpMenu(); }});
+}
+
+void TrayStatusItem::popUpMenu() {
+    const QPoint pointer = QCursor::pos();
+    QScreen* const screen = QGuiApplication::screenAt(pointer);
+    listener_.menuNeedsUpdate(menu_);
+    auto closed = [this](std::optional<std::size_t> chosen) {
+        popUpMenu_.reset();
+        if (chosen)
+            listener_.menuItemChosen(*chosen);
+    };
+    popUpMenu_ = std::make_unique<PopUpMenu>(
+        menu_, screen == nullptr ? *QGuiApplication::primaryScreen() : *screen, pointer,
+        lifetime_.guard(std::move(closed)));
+}
+
+/// For hosts whose ground nobody knows: as other symbols look on such a desktop.
+QImage TrayStatusItem::picture(int side) const {
+    const QColor colour = context_.appearance.isDark() ? QColor{240, 240, 244} : QColor{60, 60, 66};
+    return context_.symbols.image(symbol_.name, side, colour);
+}
+
+}

@@ -1,0 +1,64 @@
+/// A status item wherever this desktop shows such: with a status notifier host if there is one,
+/// else in the system tray, else nowhere until one of them comes.
+#pragma once
+
+#include "Foundation/Lifetime.hpp"
+#include "Panels/PopUpMenu.hpp"
+#include "Platform/StatusBar.hpp"
+#include "StatusBar/NotifierHosts.hpp"
+#include "StatusBar/NotifierItem.hpp"
+#include "StatusBar/TrayIcon.hpp"
+#include "StatusBar/TrayManager.hpp"
+
+#include <array>
+#include <memory>
+
+namespace vireline::x11 {
+
+class Appearance;
+class IconTheme;
+class Symbols;
+
+/// Outlives the items.
+struct StatusBarContext {
+    X11Connection& connection;
+    Appearance& appearance;
+    const Symbols& symbols;
+    const IconTheme& theme;
+};
+
+class TrayStatusItem final : public StatusItem {
+public:
+    TrayStatusItem(const StatusBarContext& context, StatusItemListener& listener);
+    TrayStatusItem(const TrayStatusItem&) = delete;
+    TrayStatusItem& operator=(const TrayStatusItem&) = delete;
+    TrayStatusItem(TrayStatusItem&&) = delete;
+    TrayStatusItem& operator=(TrayStatusItem&&) = delete;
+    ~TrayStatusItem() override = default;
+
+    void setImage(const std::string& symbol, const std::string& accessibilityDescription) override;
+    void setMenu(const Menu& menu) override;
+
+private:
+    void update();
+    void makeNotifierItem();
+    void makeTrayIcon();
+    void popUpMenu();
+    [[nodiscard]] QImage picture(int side) const;
+
+    StatusBarContext context_;
+    StatusItemListener& listener_;
+    StatusSymbol symbol_;
+    Menu menu_;
+    NotifierHosts hosts_;
+    TrayManager tray_;
+    std::unique_ptr<NotifierItem> notifierItem_;
+    std::unique_ptr<TrayIcon> trayIcon_;
+    /// The tray that the icon is in.
+    xcb_window_t dockedWith_ = XCB_NONE;
+    std::unique_ptr<PopUpMenu> popUpMenu_;
+    std::array<Subscription, 3> observations_;
+    Lifetime lifetime_;
+};
+
+}

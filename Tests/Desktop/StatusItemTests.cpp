@@ -1,0 +1,360 @@
+/// The status item on real desktops: with a panel that shows status notifier items, in a system
+/// tray, with either coming and going, and without both; and the start at login that its menu
+/// switches.
+#include "ProgramWindowTest.hpp"
+
+#include <algorithm>
+#include <csignal>
+#include <filesystem>
+
+namespace vireline::desktop {
+namespace {
+
+namespace fs = std::filesystem;
+using Role = AccessibleRole;
+using Lines = std::vector<std::string>;
+
+constexpr std::string_view trayConfiguration = "rounded = 0\n"
+                                               "background_color = #102030 100\n"
+                                               "panel_items = S\n"
+                                               "panel_size = 200 32\n"
+                                               "panel_position = top left horizontal\n"
+                                               "panel_background_id = 1\n"
+                                               "systray_padding = 4 4 4\n"
+                                               "systray_icon_size = 24\n";
+
+class StatusItem : public ProgramWindowTest {
+protected:
+    ChildProcess& startTray() {
+        const auto configuration = desktop().home().scratch() / "tray.conf";
+        writeFile(configuration, trayConfiguration);
+        return desktop().run("tint2", {"-c", configuration.string()});
+    }
+
+    /// The icon in the tray; XCB_NONE if there is none.
+    [[nodiscard]] xcb_window_t trayIcon() {
+        const auto& client = desktop().client();
+        for (const xcb_window_t window : client.allWindows()) {
+            if (client.text(window, "_NET_WM_NAME") == "Vireline" && client.isViewable(window))
+                return window;
+        }
+        return XCB_NONE;
+    }
+    [[nodiscard]] testing::AssertionResult trayHasIcon(bool has) {
+        if (eventually([&] { return (trayIcon() != XCB_NONE) == has; }))
+            return testing::AssertionSuccess();
+        return testing::AssertionFailure() << (has ? "no icon in the tray" : "the icon stays");
+    }
+    /// The icon's place on the screen.
+    [[nodiscard]] PixelRect trayIconFrame() {
+        return desktop().client().frame(trayIcon()).value_or(PixelRect{});
+    }
+    [[nodiscard]] testing::AssertionResult isRegistered(const NotifierHost& host,
+                                                        std::size_t times = 1) {
+        if (eventually([&] { return host.itemCount() >= times; }))
+            return testing::AssertionSuccess();
+        return testing::AssertionFailure() << "the item is not registered";
+    }
+
+    [[nodiscard]] fs::path autostartEntry() {
+        return desktop().home().folder() / ".config/autostart/vireline.desktop";
+    }
+
+    static constexpr int menuEntryCount = 5;
+};
+
+Lines menuWithLogin(bool isChecked) {
+    return {"Settings…", "Welcome Tour…",
+            std::string{isChecked ? "[x]" : "[ ]"} + " Launch at Login", "---", "Quit Vireline"};
+}
+
+TEST_F(StatusItem, IsShownByAHostWithItsMenu) {
+    runWith();
+    const auto host = desktop().startNotifierHost();
+    ASSERT_TRUE(isRegistered(host));
+
+    EXPECT_EQ(host.text("Id"), "vireline");
+    EXPECT_EQ(host.text("Title"), "Vireline");
+    EXPECT_EQ(host.text("Status"), "Active");
+    EXPECT_EQ(host.text("IconAccessibleDesc"), "Vireline");
+    EXPECT_TRUE(host.flag("ItemIsMenu"));
+    EXPECT_GE(host.pictureCount(), 4U);
+    EXPECT_EQ(host.openMenu(), menuWithLogin(false));
+}
+
+TEST_F(StatusItem, OpensTheSettingsAndTheTourFromAHost) {
+    runWith();
+    const auto host = desktop().startNotifierHost();
+    ASSERT_TRUE(isRegistered(host));
+
+    host.choose("Settings…");
+    EXPECT_TRUE(opens(settingsTitle));
+    host.choose("Welcome Tour…");
+    EXPECT_TRUE(opens(tourTitle));
+}
+
+// Behaviour: status-item-2
+TEST_F(StatusItem, OpensTheSettingsAndQuitsByKeyFromAHost) {
+    runWith();
+    const auto host = desktop().startNotifierHost();
+    ASSERT_TRUE(isRegistered(host));
+
+    host.press("comma");
+    EXPECT_TRUE(opens(settingsTitle));
+    host.press("q");
+    EXPECT_EQ(desktop().vireline().waitForExit(), 0);
+    EXPECT_EQ(desktop().log().messages().back(), "quit from menu bar");
+}
+
+// Behaviour: status-item-1
+TEST_F(StatusItem, ShowsTheStartAtLoginAsItIsAtEachOpening) {
+    runWith();
+    const auto host = desktop().startNotifierHost();
+    ASSERT_TRUE(isRegistered(host));
+    ASSERT_EQ(host.openMenu(), menuWithLogin(false));
+
+    writeFile(autostartEntry(),
+              "[Desktop Entry]\nType=Application\nName=Mine\nExec=vireline --mine\n");
+    EXPECT_EQ(host.openMenu(), menuWithLogin(true));
+    writeFile(autostartEntry(), "[Desktop Entry]\nType=Application\nName=Mine\nExec=vireline "
+                                "--mine\nX-GNOME-Autostart-enabled=false\n");
+    EXPECT_EQ(host.openMenu(), menuWithLogin(false));
+    fs::remove(autostartEntry());
+    EXPECT_EQ(host.openMenu(), menuWithLogin(false));
+}
+
+TEST_F(StatusItem, SwitchesTheStartAtLoginOnAndOffAgain) {
+    runWith();
+    const auto host = desktop().startNotifierHost();
+    ASSERT_TRUE(isRegistered(host));
+
+    host.choose("Launch at Login");
+    EXPECT_TRUE(logs("login item registered"));
+    EXPECT_EQ(host.openMenu(), menuWithLogin(true));
+    const auto entry = readFile(autostartEntry());
+    EXPECT_TRUE(entry.contains("\nExec=" + testedPrograms().vireline.string() + "\n")) << entry;
+    EXPECT_TRUE(entry.contains("\nIcon=vireline\n")) << entry;
+
+    host.choose("Launch at Login");
+    EXPECT_TRUE(logs("login item unregistered"));
+    EXPECT_FALSE(fs::exists(autostartEntry()));
+}
+
+TEST_F(StatusItem, SharesTheStartAtLoginWithTheSettings) {
+    runWith();
+    const auto host = desktop().startNotifierHost();
+    ASSERT_TRUE(isRegistered(host));
+    openSettings();
+
+    click(Role::checkBox, "Launch at login");
+    EXPECT_TRUE(logs("login item registered"));
+    EXPECT_EQ(host.openMenu(), menuWithLogin(true));
+
+    // The switch is read when the window is shown, not before.
+    close(settingsTitle);
+    host.choose("Launch at Login");
+    EXPECT_TRUE(logs("login item unregistered"));
+    openSettings();
+    const auto shown = control(Role::checkBox, "Launch at login");
+    EXPECT_FALSE(desktop().controls().is(shown, AccessibleState::checked));
+}
+
+TEST_F(StatusItem, KeepsWhatTheUserWroteIntoTheAutostartEntry) {
+    runWith();
+    const auto host = desktop().startNotifierHost();
+    ASSERT_TRUE(isRegistered(host));
+    writeFile(autostartEntry(), "# mine\n[Desktop Entry]\nType=Application\nName=Mine\n"
+                                "Exec=vireline --mine\n");
+
+    host.choose("Launch at Login");
+    EXPECT_TRUE(logs("login item unregistered"));
+    EXPECT_EQ(host.openMenu(), menuWithLogin(false));
+    host.choose("Launch at Login");
+    EXPECT_TRUE(logs("login item registered"));
+
+    EXPECT_EQ(host.openMenu(), menuWithLogin(true));
+    const auto entry = readFile(autostartEntry());
+    EXPECT_TRUE(entry.contains("# mine")) << entry;
+    EXPECT_TRUE(entry.contains("Exec=vireline --mine")) << entry;
+}
+
+TEST_F(StatusItem, SaysWhyTheStartAtLoginCannotBeSwitched) {
+    runWith();
+    const auto host = desktop().startNotifierHost();
+    ASSERT_TRUE(isRegistered(host));
+    // A file where the folder should be stops anybody, root included.
+    writeFile(autostartEntry().parent_path(), "");
+
+    host.choose("Launch at Login");
+
+    EXPECT_TRUE(logs("login item toggle failed: "));
+    EXPECT_EQ(desktop().log().count("login item "), 1);
+    EXPECT_EQ(host.openMenu(), menuWithLogin(false));
+}
+
+TEST_F(StatusItem, IsThereForAHostThatComesLaterAndForTheNextOne) {
+    runWith();
+    ASSERT_TRUE(docksSettle(twoTiles));
+    for (int round = 0; round < 2; ++round) {
+        const auto host = desktop().startNotifierHost();
+        EXPECT_TRUE(isRegistered(host));
+        EXPECT_EQ(host.openMenu(), menuWithLogin(false));
+        desktop().stopNotifierHost();
+    }
+}
+
+TEST_F(StatusItem, PopsItsOwnMenuUpForAHostThatShowsNone) {
+    runWith();
+    const auto host = desktop().startNotifierHost();
+    ASSERT_TRUE(isRegistered(host));
+    const auto display = desktop().monitor("left").frame;
+    desktop().pointer().moveTo(display.center());
+
+    host.activate();
+
+    ASSERT_TRUE(eventually([&] { return !desktop().docks().menus().empty(); }));
+    choose(desktop().docks().menus().front(), 0, menuEntryCount);
+    EXPECT_TRUE(opens(settingsTitle));
+}
+
+TEST_F(StatusItem, IsInTheTrayWhereThereIsNoHost) {
+    runWith();
+    startTray();
+    ASSERT_TRUE(trayHasIcon(true));
+
+    desktop().pointer().click(trayIconFrame().center());
+    ASSERT_TRUE(eventually([&] { return !desktop().docks().menus().empty(); }));
+    choose(desktop().docks().menus().front(), 0, menuEntryCount);
+    EXPECT_TRUE(opens(settingsTitle));
+
+    desktop().pointer().click(trayIconFrame().center(), Pointer::Button::secondary);
+    ASSERT_TRUE(eventually([&] { return !desktop().docks().menus().empty(); }));
+    choose(desktop().docks().menus().front(), menuEntryCount - 1, menuEntryCount);
+    EXPECT_EQ(desktop().vireline().waitForExit(), 0);
+    EXPECT_TRUE(trayHasIcon(false));
+}
+
+TEST_F(StatusItem, StandsOutFromTheTray) {
+    runWith();
+    startTray();
+    ASSERT_TRUE(trayHasIcon(true));
+
+    // On a dark ground the symbol is bright.
+    EXPECT_TRUE(eventually([&] {
+        const auto picture = desktop().picture(trayIconFrame());
+        constexpr Colour bright{240, 240, 244};
+        return picture.count(bright) >= 10;
+    }));
+}
+
+TEST_F(StatusItem, FollowsTheKeysOfItsMenuInTheTray) {
+    runWith();
+    startTray();
+    ASSERT_TRUE(trayHasIcon(true));
+
+    desktop().pointer().click(trayIconFrame().center());
+    ASSERT_TRUE(eventually([&] { return !desktop().docks().menus().empty(); }));
+    desktop().keyboard().typeWithControl(',');
+    EXPECT_TRUE(opens(settingsTitle));
+    EXPECT_TRUE(eventually([&] { return desktop().docks().menus().empty(); }));
+
+    desktop().pointer().click(trayIconFrame().center());
+    ASSERT_TRUE(eventually([&] { return !desktop().docks().menus().empty(); }));
+    desktop().keyboard().typeWithControl('q');
+    EXPECT_EQ(desktop().vireline().waitForExit(), 0);
+    EXPECT_EQ(desktop().log().messages().back(), "quit from menu bar");
+}
+
+TEST_F(StatusItem, ReturnsToATrayThatWasStartedAgain) {
+    runWith();
+    auto& first = startTray();
+    ASSERT_TRUE(trayHasIcon(true));
+    first.signal(SIGTERM);
+    ASSERT_TRUE(first.waitForExit());
+    ASSERT_TRUE(trayHasIcon(false));
+
+    startTray();
+
+    EXPECT_TRUE(trayHasIcon(true));
+    EXPECT_TRUE(desktop().vireline().isRunning());
+}
+
+TEST_F(StatusItem, MovesFromTheTrayToAHostAndBack) {
+    runWith();
+    startTray();
+    ASSERT_TRUE(trayHasIcon(true));
+
+    const auto host = desktop().startNotifierHost();
+    EXPECT_TRUE(isRegistered(host));
+    EXPECT_TRUE(trayHasIcon(false));
+    desktop().stopNotifierHost();
+    EXPECT_TRUE(trayHasIcon(true));
+}
+
+TEST_F(StatusItem, StaysInTheTrayWhileNobodyShowsTheListOfItems) {
+    runWith();
+    startTray();
+    const auto host = desktop().startNotifierHost(false);
+    ASSERT_TRUE(isRegistered(host));
+    EXPECT_TRUE(trayHasIcon(true));
+
+    host.becomeHost();
+
+    EXPECT_TRUE(trayHasIcon(false));
+}
+
+TEST_F(StatusItem, IsInTheTrayWithoutASessionBus) {
+    auto& desktop = make({.monitors = twoMonitors()});
+    startTray();
+    desktop.runVireline();
+
+    EXPECT_TRUE(trayHasIcon(true));
+}
+
+TEST_F(StatusItem, IsMissedByNobodyWhereThereIsNoPlaceForIt) {
+    runWithTwoDisplays(apps);
+    ASSERT_TRUE(docksSettle(twoTiles));
+
+    const auto messages = desktop().log().messages();
+    EXPECT_TRUE(std::ranges::none_of(messages, [](const std::string& message) {
+        return message.contains("tray") || message.contains("status") || message.contains("bus");
+    }));
+    startAgain();
+    EXPECT_TRUE(opens(settingsTitle));
+}
+
+TEST_F(StatusItem, OutlivesTheSessionBus) {
+    runWith();
+    {
+        const auto host = desktop().startNotifierHost();
+        ASSERT_TRUE(isRegistered(host));
+    }
+    desktop().stopSessionBus();
+
+    startAgain();
+
+    EXPECT_TRUE(opens(settingsTitle));
+    EXPECT_TRUE(desktop().vireline().isRunning());
+}
+
+TEST_F(StatusItem, IsNotTheOnlyWayToTheSettingsAndToTheEnd) {
+    runWith();
+    ASSERT_TRUE(docksSettle(twoTiles));
+    const auto icon = layout("right", twoTiles).icon(0);
+    // Between the strip's edge and its first tile.
+    constexpr int besideTheIcon = 22 + 3;
+    const PixelPoint bare{icon.x - besideTheIcon, icon.y};
+
+    const auto menu = openMenu(bare);
+    ASSERT_NE(menu, xcb_window_t{XCB_NONE});
+    choose(menu, 0, 2);
+    EXPECT_TRUE(opens(settingsTitle));
+    close(settingsTitle);
+    choose(openMenu(bare), 1, 2);
+
+    EXPECT_EQ(desktop().vireline().waitForExit(), 0);
+    EXPECT_EQ(desktop().log().messages().back(), "quit from dock");
+}
+
+}
+}

@@ -1,0 +1,43 @@
+/// A panel with status notifier items, seen from the test that tells it what to do.
+#pragma once
+
+#include "VirtualDesktop/BusClient.hpp"
+
+#include <string>
+#include <vector>
+
+namespace vireline::desktop {
+
+class NotifierHost {
+public:
+    explicit NotifierHost(const std::string& busAddress) : bus_(busAddress) {}
+
+    /// Whether the panel runs.
+    [[nodiscard]] bool isThere() const;
+    /// How many items were registered so far.
+    [[nodiscard]] std::size_t itemCount() const;
+
+    /// A text property of the item; empty if it has none.
+    [[nodiscard]] std::string text(const char* property) const;
+    [[nodiscard]] bool flag(const char* property) const;
+    /// How many pictures the item has.
+    [[nodiscard]] std::size_t pictureCount() const;
+
+    /// Opens the item's menu: "Settings…", "[x] Launch at Login", "---".
+    [[nodiscard]] std::vector<std::string> openMenu() const;
+    void choose(const std::string& label) const;
+    /// Presses a key with Control while the menu is open.
+    void press(const std::string& key) const;
+    /// Activates the item, as for a host that shows no menus.
+    void activate() const;
+    /// Begins to show items where it only kept them before.
+    void becomeHost() const;
+
+private:
+    [[nodiscard]] Variant property(const char* name) const;
+    [[nodiscard]] Variant tell(const char* method, GVariant* parameters) const;
+
+    BusClient bus_;
+};
+
+}

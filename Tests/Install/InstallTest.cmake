@@ -1,0 +1,30 @@
+# Installs into a folder of its own through DESTDIR and says what is missing there or too much.
+# Given: BUILD_FOLDER, and SCRATCH, a folder that this test may replace.
+file(REMOVE_RECURSE ${SCRATCH})
+set(ENV{DESTDIR} ${SCRATCH})
+execute_process(
+    COMMAND ${CMAKE_COMMAND} --install ${BUILD_FOLDER} --prefix /usr
+    OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+
+set(expected
+    usr/bin/vireline
+    usr/share/applications/vireline.desktop
+    usr/share/icons/hicolor/scalable/apps/vireline.svg
+    usr/share/icons/hicolor/symbolic/apps/vireline-symbolic.svg)
+foreach(side IN ITEMS 16 22 24 32 48 64 128 256 512)
+    list(APPEND expected usr/share/icons/hicolor/${side}x${side}/apps/vireline.png)
+endforeach()
+file(GLOB_RECURSE installed RELATIVE ${SCRATCH} ${SCRATCH}/*)
+list(SORT expected)
+list(SORT installed)
+if(NOT installed STREQUAL expected)
+    message(FATAL_ERROR "installed: ${installed}\nexpected: ${expected}")
+endif()
+
+find_program(VALIDATE desktop-file-validate)
+if(NOT VALIDATE)
+    message(FATAL_ERROR "desktop-file-validate is missing")
+endif()
+execute_process(
+    COMMAND ${VALIDATE} ${SCRATCH}/usr/share/applications/vireline.desktop
+    COMMAND_ERROR_IS_FATAL ANY)

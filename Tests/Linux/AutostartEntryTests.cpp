@@ -1,0 +1,132 @@
+#include "Session/AutostartEntry.hpp"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace vireline::x11 {
+namespace {
+
+using Names = std::vector<std::string>;
+
+const Names gnome{"ubuntu", "GNOME"};
+const Names xfce{"XFCE"};
+const Names none;
+
+/// An entry with these lines besides what makes it one.
+std::string entry(const std::string& lines = {}) {
+    return "[Desktop Entry]\nType=Application\nName=Mine\nExec=vireline --mine\n" + lines;
+}
+
+TEST(AutostartEntry, ANewOneStartsTheProgramOnEveryDesktop) {
+    const auto text = AutostartEntry::make("/usr/bin/vireline");
+
+    EXPECT_TRUE(text.starts_with("[Desktop Entry]\nType=Application\nName=Vireline\n")) << text;
+    EXPECT_TRUE(text.contains("\nExec=/usr/bin/vireline\n")) << text;
+    EXPECT_TRUE(text.contains("\nIcon=vireline\n")) << text;
+    for (const Names& desktop : {gnome, xfce, none})
+        EXPECT_TRUE(AutostartEntry::isEnabled(text, desktop));
+}
+
+TEST(AutostartEntry, QuotesAPathThatACommandLineWouldTakeApart) {
+    EXPECT_TRUE(
+        AutostartEntry::make("/home/a b/vireline").contains("\nExec=\"/home/a b/vireline\"\n"));
+    // As a quoted argument, and then as the value of a key, where each backslash is doubled.
+    EXPECT_TRUE(AutostartEntry::make("/x/100% \"$\\v").contains(R"(Exec="/x/100%% \\"\\$\\\\v")"));
+}
+
+TEST(AutostartEntry, KnowsWhatItWroteItselfWhereverTheProgramIs) {
+    EXPECT_TRUE(AutostartEntry::isUnedited(AutostartEntry::make("/usr/bin/vireline")));
+    EXPECT_TRUE(AutostartEntry::isUnedited(AutostartEntry::make("/home/a b/100%/vireline")));
+    EXPECT_FALSE(AutostartEntry::isUnedited(entry()));
+    EXPECT_FALSE(
+        AutostartEntry::isUnedited(AutostartEntry::make("/usr/bin/vireline") + "# mine\n"));
+    EXPECT_FALSE(AutostartEntry::isUnedited(""));
+}
+
+TEST(AutostartEntry, IsOnlyValidWithItsGroupTypeAndCommand) {
+    EXPECT_TRUE(AutostartEntry::isValid(entry()));
+    for (const char* const text :
+         {"", "Type=Application\nExec=vireline\n", "[Desktop Entry]\nType=Application\n",
+          "[Desktop Entry]\nType=Link\nExec=vireline\n", "[Other]\nType=Application\nExec=v\n",
+          "\x01\x02\x03"})
+        EXPECT_FALSE(AutostartEntry::isValid(text)) << text;
+}
+
+TEST(AutostartEntry, IsSwitchedOffByBeingHidden) {
+    EXPECT_FALSE(AutostartEntry::isEnabled(entry("Hidden=true\n"), gnome));
+    EXPECT_TRUE(AutostartEntry::isEnabled(entry("Hidden=false\n"), gnome));
+}
+
+TEST(AutostartEntry, IsSwitchedOffByTheDesktopsOwnSwitch) {
+    EXPECT_FALSE(AutostartEntry::isEnabled(entry("X-GNOME-Autostart-enabled=false\n"), xfce));
+    EXPECT_TRUE(AutostartEntry::isEnabled(entry("X-GNOME-Autostart-enabled=true\n"), xfce));
+}
+
+TEST(AutostartEntry, IsMeantForTheDesktopsThatItNames) {
+    const auto only = entry("OnlyShowIn=GNOME;KDE;\n");
+    EXPECT_TRUE(AutostartEntry::isEnabled(only, gnome));
+    EXPECT_FALSE(AutostartEntry::isEnabled(only, xfce));
+    EXPECT_FALSE(AutostartEntry::isEnabled(only, none));
+
+    const auto except = entry("NotShowIn=XFCE;\n");
+    EXPECT_TRUE(AutostartEntry::isEnabled(except, gnome));
+    EXPECT_FALSE(AutostartEntry::isEnabled(except, xfce));
+    EXPECT_TRUE(AutostartEntry::isEnabled(except, none));
+}
+
+TEST(AutostartEntry, LetsTheMostParticularNameOfTheDesktopDecide) {
+    const auto both = entry("OnlyShowIn=GNOME;\nNotShowIn=ubuntu;\n");
+    EXPECT_FALSE(AutostartEntry::isEnabled(both, gnome));
+    EXPECT_TRUE(AutostartEntry::isEnabled(both, Names{"GNOME", "ubuntu"}));
+}
+
+TEST(AutostartEntry, SwitchedOnKeepsEverythingElse) {
+    const auto before = "# mine\n" + entry("Name[de]=Meins\nHidden=true\n"
+                                           "X-GNOME-Autostart-enabled=false\nX-Other=7\n"
+                                           "\n[Desktop Action Go]\nExec=other\n");
+
+    const auto after = AutostartEntry::enabled(before, gnome);
+
+    ASSERT_TRUE(after);
+    EXPECT_TRUE(AutostartEntry::isEnabled(*after, gnome)) << *after;
+    for (const char* const kept : {"# mine", "Name[de]=Meins", "Exec=vireline --mine", "X-Other=7",
+                                   "[Desktop Action Go]", "Exec=other"})
+        EXPECT_TRUE(after->contains(kept)) << kept << " in\n" << *after;
+}
+
+TEST(AutostartEntry, SwitchedOnLetsThisDesktopIn) {
+    for (const char* const lines : {"OnlyShowIn=KDE;\n", "NotShowIn=XFCE;LXQt;\n",
+                                    "OnlyShowIn=KDE;\nNotShowIn=XFCE;\n", "OnlyShowIn=\n"}) {
+        const auto after = AutostartEntry::enabled(entry(lines), xfce);
+        ASSERT_TRUE(after);
+        EXPECT_TRUE(AutostartEntry::isEnabled(*after, xfce)) << *after;
+    }
+    // The other desktops stay as they were.
+    const auto others = AutostartEntry::enabled(entry("NotShowIn=XFCE;LXQt;\n"), xfce);
+    EXPECT_FALSE(AutostartEntry::isEnabled(*others, Names{"LXQt"}));
+    const auto nameless = AutostartEntry::enabled(entry("OnlyShowIn=KDE;\n"), none);
+    EXPECT_TRUE(AutostartEntry::isEnabled(*nameless, none));
+}
+
+TEST(AutostartEntry, SwitchedOnLeavesOneAloneThatAlreadyIs) {
+    EXPECT_EQ(AutostartEntry::enabled(entry("OnlyShowIn=GNOME;\n"), gnome),
+              entry("OnlyShowIn=GNOME;\n"));
+}
+
+TEST(AutostartEntry, HiddenKeepsEverythingElse) {
+    const auto after = AutostartEntry::hidden(entry("X-Other=7\n"));
+
+    ASSERT_TRUE(after);
+    EXPECT_FALSE(AutostartEntry::isEnabled(*after, gnome));
+    EXPECT_TRUE(after->contains("X-Other=7"));
+    EXPECT_TRUE(AutostartEntry::isEnabled(*AutostartEntry::enabled(*after, gnome), gnome));
+}
+
+TEST(AutostartEntry, OfWhatIsNoneMakesNothing) {
+    EXPECT_EQ(AutostartEntry::enabled("something else", gnome), std::nullopt);
+    EXPECT_EQ(AutostartEntry::hidden("something else"), std::nullopt);
+}
+
+}
+}

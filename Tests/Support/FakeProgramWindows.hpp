@@ -1,0 +1,90 @@
+/// The program's own windows, its status item and its login item, in memory. A window's record
+/// outlives the window, so that a test can tell what became of it.
+#pragma once
+
+#include "Platform/LoginItemService.hpp"
+#include "Platform/ProgramWindows.hpp"
+#include "Platform/StatusBar.hpp"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vireline::test {
+
+/// What became of one window whose content is a `Content` and whose user is heard by a `Listener`.
+template <class Content, class Listener>
+struct FakeOwnWindow {
+    FakeOwnWindow(WindowStyle made, Listener& reportsTo)
+        : style(std::move(made)), listener(reportsTo) {}
+
+    /// As the user does.
+    void closeByButton() { isVisible = false; }
+
+    WindowStyle style;
+    Listener& listener;
+    Content content;
+    int presentations = 0;
+    bool isVisible = false;
+    int timesShown = 0;
+};
+
+using FakeForm = FakeOwnWindow<Form, FormListener>;
+using FakeTour = FakeOwnWindow<OnboardingPage, OnboardingListener>;
+
+class FakeProgramWindows final : public ProgramWindows {
+public:
+    [[nodiscard]] std::unique_ptr<FormWindow> makeFormWindow(const WindowStyle& style,
+                                                             FormListener& listener) override;
+    [[nodiscard]] std::unique_ptr<OnboardingPageWindow>
+    makeOnboardingWindow(const WindowStyle& style, OnboardingListener& listener) override;
+
+    /// Every window ever made.
+    std::vector<std::shared_ptr<FakeForm>> forms;
+    std::vector<std::shared_ptr<FakeTour>> tours;
+};
+
+/// A row that the test takes for granted.
+[[nodiscard]] const FormRow& rowOf(const Form& form, SettingsField field);
+/// Null when the form has no such row.
+[[nodiscard]] const FormRow* findRow(const Form& form, SettingsField field);
+
+class FakeLoginItemService final : public LoginItemService {
+public:
+    [[nodiscard]] Status status() const override { return current; }
+    Result<void> registerItem() override;
+    Result<void> unregisterItem() override;
+
+    Status current = Status::notRegistered;
+    /// While set, calls fail and change nothing.
+    std::optional<PlatformError> failure;
+    int registrations = 0;
+    int unregistrations = 0;
+};
+
+class FakeStatusBar final : public StatusBar {
+public:
+    [[nodiscard]] std::unique_ptr<StatusItem> makeStatusItem(StatusItemListener& listener) override;
+
+    /// What the one item is.
+    struct Item {
+        std::string symbol;
+        std::string description;
+        Menu menu;
+        StatusItemListener* listener = nullptr;
+    };
+
+    /// Opens the item's menu and returns what the user sees.
+    [[nodiscard]] const Menu& openMenu();
+    /// Chooses the entry with this title.
+    void choose(std::string_view title);
+    /// Presses a key with the command modifier while the menu is open.
+    void pressKey(char key);
+
+    std::optional<Item> item;
+    int made = 0;
+};
+
+}

@@ -1,0 +1,38 @@
+/// The program's one permanent entry point: an item in the menu bar or tray, whose menu opens the
+/// settings and the welcome tour, switches the start at login, and quits.
+#pragma once
+
+#include "Platform/StatusBar.hpp"
+
+#include <functional>
+#include <memory>
+
+namespace vireline {
+
+class Application;
+class LoginItemManager;
+
+class StatusItemController : private StatusItemListener {
+public:
+    StatusItemController(StatusBar& statusBar, Application& application,
+                         LoginItemManager& loginItem, std::function<void()> showSettings,
+                         std::function<void()> showOnboarding);
+    ~StatusItemController() override = default;
+    StatusItemController(const StatusItemController&) = delete;
+    StatusItemController& operator=(const StatusItemController&) = delete;
+    StatusItemController(StatusItemController&&) = delete;
+    StatusItemController& operator=(StatusItemController&&) = delete;
+
+private:
+    void menuNeedsUpdate(Menu& menu) override;
+    void menuItemChosen(std::size_t index) override;
+    void quit();
+
+    Application& application_;
+    LoginItemManager& loginItem_;
+    std::function<void()> showSettings_;
+    std::function<void()> showOnboarding_;
+    std::unique_ptr<StatusItem> statusItem_;
+};
+
+}

@@ -1,0 +1,50 @@
+/// The welcome tour: shown at every start until the user has finished it once, and on request.
+#pragma once
+
+#include "Foundation/Lifetime.hpp"
+#include "Foundation/ScopedHandle.hpp"
+#include "Platform/ProgramWindows.hpp"
+
+#include <memory>
+
+namespace vireline {
+
+class DockAnchorGuard;
+class PreferencesStore;
+class Workspace;
+
+class OnboardingWindowController : private OnboardingListener {
+public:
+    OnboardingWindowController(PreferencesStore& store, DockAnchorGuard& anchorGuard,
+                               ProgramWindows& windows, Workspace& workspace);
+    ~OnboardingWindowController() override = default;
+    OnboardingWindowController(const OnboardingWindowController&) = delete;
+    OnboardingWindowController& operator=(const OnboardingWindowController&) = delete;
+    OnboardingWindowController(OnboardingWindowController&&) = delete;
+    OnboardingWindowController& operator=(OnboardingWindowController&&) = delete;
+
+    /// Brings the window to the front; one that was closed starts over at the first page.
+    void show();
+
+    /// Closes the window for good: it does not come back by itself.
+    void finish();
+
+private:
+    void onboardingActed(OnboardingAction action) override;
+
+    void makeWindow();
+    void present();
+    void go(int step);
+    void enableFeatures();
+
+    PreferencesStore& store_;
+    DockAnchorGuard& anchorGuard_;
+    ProgramWindows& windows_;
+    Workspace& workspace_;
+    std::unique_ptr<OnboardingPageWindow> window_;
+    int step_ = 0;
+    Subscription anchorStatus_;
+    Lifetime lifetime_;
+};
+
+}

@@ -1,0 +1,53 @@
+/// The settings window: made when it is first shown and kept from then on. What the user changes is
+/// written through the store at once; what changes elsewhere shows at once.
+#pragma once
+
+#include "Foundation/Lifetime.hpp"
+#include "Foundation/ScopedHandle.hpp"
+#include "Platform/ProgramWindows.hpp"
+
+#include <array>
+#include <memory>
+
+namespace vireline {
+
+class DockAnchorGuard;
+class LoginItemManager;
+class PreferencesStore;
+class Workspace;
+
+class SettingsWindowController : private FormListener {
+public:
+    SettingsWindowController(PreferencesStore& store, LoginItemManager& loginItem,
+                             DockAnchorGuard& anchorGuard, ProgramWindows& windows,
+                             Workspace& workspace);
+    ~SettingsWindowController() override = default;
+    SettingsWindowController(const SettingsWindowController&) = delete;
+    SettingsWindowController& operator=(const SettingsWindowController&) = delete;
+    SettingsWindowController(SettingsWindowController&&) = delete;
+    SettingsWindowController& operator=(SettingsWindowController&&) = delete;
+
+    /// Brings the window to the front, whatever other programs show.
+    void show();
+
+private:
+    void formChanged(SettingsField field, const FormValue& value) override;
+    void formStatusButtonPressed(SettingsField field) override;
+
+    void makeWindow();
+    void present();
+    void setLaunchAtLogin(bool isOn);
+
+    PreferencesStore& store_;
+    LoginItemManager& loginItem_;
+    DockAnchorGuard& anchorGuard_;
+    ProgramWindows& windows_;
+    Workspace& workspace_;
+    std::unique_ptr<FormWindow> window_;
+    /// As the system had it when the window was last shown, or as the user set it since.
+    bool launchAtLogin_ = false;
+    std::array<Subscription, 2> observations_;
+    Lifetime lifetime_;
+};
+
+}
