@@ -115,6 +115,8 @@ const std::vector<std::string>& promisedCalls() {
         "NSVisualEffectView",
         "systemFontOfSize",
         "separatorColor",
+        "NSStatusBar",
+        "NSWindow",
         "URLsForDirectory",
         "NSDownloadsDirectory",
         "NSTrashDirectory",
@@ -141,6 +143,9 @@ const std::vector<std::string>& promisedCalls() {
         "AXUIElementSetMessagingTimeout",
         "AXValueCreate",
         "AXValueGetValue",
+        "mainAppService",
+        "registerAndReturnError",
+        "unregisterAndReturnError",
     };
     return calls;
 }

@@ -14,7 +14,10 @@
 #include "Files/FoundationTrash.hpp"
 #include "Files/FoundationUserFolders.hpp"
 #include "Icons/WorkspaceIcons.hpp"
+#include "OwnWindows/MacProgramWindows.hpp"
 #include "Panels/MacPanelWindows.hpp"
+#include "Session/MainAppLoginItem.hpp"
+#include "StatusBar/MenuBar.hpp"
 #include "Windows/AXAccessibility.hpp"
 #include "Windows/EventTaps.hpp"
 
@@ -40,6 +43,9 @@ struct HostPlatform::Parts {
     macos::MacMotionSettings motionSettings;
     macos::AXAccessibility accessibility;
     macos::EventTaps pointerTaps;
+    macos::MenuBar statusBar;
+    macos::MainAppLoginItem loginItemService;
+    macos::MacProgramWindows programWindows;
 };
 
 std::expected<std::unique_ptr<HostPlatform>, HostPlatform::Ended> HostPlatform::start() {
@@ -67,7 +73,10 @@ Platform HostPlatform::ports() {
             .pointerSettings = parts_->pointerSettings,
             .motionSettings = parts_->motionSettings,
             .accessibility = parts_->accessibility,
-            .pointerTaps = parts_->pointerTaps};
+            .pointerTaps = parts_->pointerTaps,
+            .statusBar = parts_->statusBar,
+            .loginItemService = parts_->loginItemService,
+            .programWindows = parts_->programWindows};
 }
 
 }

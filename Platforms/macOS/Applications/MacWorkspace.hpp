@@ -10,6 +10,7 @@ public:
     void openApplication(const std::string& bundleID, const FileURL& url) override;
     void open(const FileURL& url) override;
     void reveal(const std::vector<FileURL>& urls) override;
+    void openSystemSettings(const std::string& paneURL) override;
 };
 
 }

@@ -1,5 +1,6 @@
 #include "Applications/MacWorkspace.hpp"
 
+#include "App/DevLog.hpp"
 #include "Bridge/Attempt.hpp"
 #include "Bridge/Conversions.hpp"
 
@@ -28,6 +29,14 @@ void MacWorkspace::reveal(const std::vector<FileURL>& urls) {
         for (const FileURL& url : urls)
             [files addObject:toNSURL(url)];
         [NSWorkspace.sharedWorkspace activateFileViewerSelectingURLs:files];
+    });
+}
+
+void MacWorkspace::openSystemSettings(const std::string& paneURL) {
+    attempt("openURL", [&] {
+        NSURL* const url = [NSURL URLWithString:toNSString(paneURL)];
+        if (url == nil || ![NSWorkspace.sharedWorkspace openURL:url])
+            DevLog::write("no pane of the system's settings for " + paneURL);
     });
 }
 

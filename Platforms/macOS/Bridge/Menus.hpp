@@ -15,4 +15,8 @@ namespace vireline::macos {
 [[nodiscard]] NSMenu* _Nonnull toNSMenu(const Menu& menu,
                                         std::function<void(std::size_t)> onChoose);
 
+/// Brings titles and check marks up to date. `shown` was made of a menu with the same entries in
+/// the same order.
+void update(NSMenu* _Nonnull shown, const Menu& menu);
+
 }

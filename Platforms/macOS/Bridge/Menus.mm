@@ -2,6 +2,7 @@
 
 #include "Bridge/Conversions.hpp"
 
+#include <string>
 #include <utility>
 #include <variant>
 
@@ -34,13 +35,23 @@
 namespace vireline::macos {
 namespace {
 
+std::string keyEquivalent(const MenuCommand& command) {
+    return command.keyEquivalent == 0 ? std::string{} : std::string(1, command.keyEquivalent);
+}
+
+void update(NSMenuItem* item, const MenuCommand& command) {
+    item.title = toNSString(command.title);
+    item.state = command.isChecked.value_or(false) ? NSControlStateValueOn : NSControlStateValueOff;
+}
+
 NSMenuItem* makeItem(const MenuCommand& command, VirelineMenuTarget* target, std::size_t index) {
     NSMenuItem* const item = [[NSMenuItem alloc] initWithTitle:toNSString(command.title)
                                                         action:@selector(choose:)
-                                                 keyEquivalent:@""];
+                                                 keyEquivalent:toNSString(keyEquivalent(command))];
     item.target = target;
     item.representedObject = target;
     item.tag = static_cast<NSInteger>(index);
+    update(item, command);
     return item;
 }
 
@@ -56,6 +67,15 @@ NSMenu* toNSMenu(const Menu& menu, std::function<void(std::size_t)> onChoose) {
                                          : makeItem(*command, target, index)];
     }
     return made;
+}
+
+void update(NSMenu* shown, const Menu& menu) {
+    for (std::size_t index = 0; index < menu.entries.size(); ++index) {
+        NSMenuItem* const item = [shown itemWithTag:static_cast<NSInteger>(index)];
+        const auto* const command = std::get_if<MenuCommand>(&menu.entries.at(index));
+        if (item != nil && command != nullptr)
+            update(item, *command);
+    }
 }
 
 }

@@ -1,0 +1,47 @@
+/// The settings window: a form of native controls in titled boxes.
+#pragma once
+
+#include "OwnWindows/FormRowView.hpp"
+#include "OwnWindows/TitledWindow.hpp"
+#include "Platform/ProgramWindows.hpp"
+
+#import <AppKit/AppKit.h>
+
+#include <memory>
+#include <vector>
+
+namespace vireline::macos {
+
+class MacFormWindow final : public FormWindow {
+public:
+    MacFormWindow(const WindowStyle& style, FormListener& listener);
+
+    void present(const Form& form) override;
+    void makeKeyAndOrderFront() override { window_.makeKeyAndOrderFront(); }
+    void close() override { window_.close(); }
+    [[nodiscard]] bool isVisible() const override { return window_.isVisible(); }
+
+private:
+    struct SectionView {
+        NSTextField* _Nonnull title;
+        NSBox* _Nonnull box;
+        /// What the box shows; its coordinates grow downwards.
+        VirelineFlippedView* _Nonnull content;
+        std::vector<std::unique_ptr<FormRowView>> rows;
+        std::vector<NSBox*> separators;
+    };
+
+    [[nodiscard]] SectionView makeSection();
+    void show(SectionView& view, const FormSection& section);
+    void layOut();
+    double layOut(SectionView& view, double top);
+
+    FormListener& listener_;
+    double width_;
+    double leastHeight_;
+    TitledWindow window_;
+    VirelineFlippedView* _Nonnull content_;
+    std::vector<SectionView> sections_;
+};
+
+}

@@ -1,0 +1,15 @@
+/// The start at login, as the system's list of login items has it.
+#pragma once
+
+#include "Platform/LoginItemService.hpp"
+
+namespace vireline::macos {
+
+class MainAppLoginItem final : public LoginItemService {
+public:
+    [[nodiscard]] Status status() const override;
+    Result<void> registerItem() override;
+    Result<void> unregisterItem() override;
+};
+
+}
