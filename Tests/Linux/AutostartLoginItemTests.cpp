@@ -1,8 +1,8 @@
 #include "Files/PosixFileSystem.hpp"
-#include "Linux/FileOperations.hpp"
 #include "Linux/OrdinaryUser.hpp"
 #include "Session/AutostartEntry.hpp"
 #include "Session/AutostartLoginItem.hpp"
+#include "Support/FileOperations.hpp"
 #include "Support/TemporaryFolder.hpp"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #include "Desktop/DesktopDockPreferences.hpp"
 #include "Files/PosixFileSystem.hpp"
 #include "Linux/EventLoop.hpp"
-#include "Support/FileOperations.hpp"
 #include "Support/FakeApplications.hpp"
+#include "Support/FileOperations.hpp"
 #include "Support/TemporaryFolder.hpp"
 
 #define G_SETTINGS_ENABLE_BACKEND

@@ -1,7 +1,7 @@
 #include "Files/PathFollower.hpp"
 #include "Linux/EventLoop.hpp"
-#include "Support/FileOperations.hpp"
 #include "Linux/OrdinaryUser.hpp"
+#include "Support/FileOperations.hpp"
 #include "Support/TemporaryFolder.hpp"
 
 #include <gtest/gtest.h>

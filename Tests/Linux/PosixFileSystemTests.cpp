@@ -1,6 +1,6 @@
 #include "Files/PosixFileSystem.hpp"
-#include "Support/FileOperations.hpp"
 #include "Linux/OrdinaryUser.hpp"
+#include "Support/FileOperations.hpp"
 #include "Support/TemporaryFolder.hpp"
 
 #include <gtest/gtest.h>

@@ -37,6 +37,7 @@
 @end
 
 namespace vireline::macos {
+
 std::optional<PropertyList> CFDockPreferences::persistentApps() {
     return attemptOr(
         std::optional<PropertyList>{}, "CFPreferences", []() -> std::optional<PropertyList> {

@@ -26,7 +26,7 @@ private:
     CFHandle<AXUIElementRef> element_;
 };
 
-/// Every element that the kit hands in was made here.
+/// Every element that the kit hands in was made here. Null when the system made none.
 AXUIElementRef refOf(AccessibilityElement& element) {
     return static_cast<AXElement&>(element).ref();
 }
@@ -44,8 +44,11 @@ ElementHandle toElement(CFTypeRef value) {
 }
 
 Result<CFHandle<CFTypeRef>> attribute(AccessibilityElement& element, CFStringRef name) {
+    const AXUIElementRef asked = refOf(element);
+    if (asked == nullptr)
+        return failure(kAXErrorIllegalArgument);
     CFTypeRef value = nullptr;
-    const AXError code = AXUIElementCopyAttributeValue(refOf(element), name, &value);
+    const AXError code = AXUIElementCopyAttributeValue(asked, name, &value);
     CFHandle<CFTypeRef> owned{value};
     if (code != kAXErrorSuccess)
         return failure(code);
@@ -71,10 +74,11 @@ Result<Converted> boxedAttribute(AccessibilityElement& element, CFStringRef name
 template <class Content>
 Result<void> setBoxedAttribute(AccessibilityElement& element, CFStringRef name, AXValueType type,
                                const Content& content) {
+    const AXUIElementRef asked = refOf(element);
     const CFHandle<AXValueRef> value{AXValueCreate(type, &content)};
-    if (!value)
+    if (asked == nullptr || !value)
         return failure(kAXErrorIllegalArgument);
-    const AXError code = AXUIElementSetAttributeValue(refOf(element), name, value.get());
+    const AXError code = AXUIElementSetAttributeValue(asked, name, value.get());
     if (code != kAXErrorSuccess)
         return failure(code);
     return {};
@@ -100,7 +104,8 @@ ElementHandle AXAccessibility::application(std::int32_t processIdentifier, const
 }
 
 void AXAccessibility::setMessagingTimeout(AccessibilityElement& element, float seconds) {
-    AXUIElementSetMessagingTimeout(refOf(element), seconds);
+    if (const AXUIElementRef asked = refOf(element); asked != nullptr)
+        AXUIElementSetMessagingTimeout(asked, seconds);
 }
 
 Result<ElementHandle> AXAccessibility::mainWindow(AccessibilityElement& application) {
