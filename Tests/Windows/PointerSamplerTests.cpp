@@ -1,4 +1,8 @@
+#include "Panels/DesktopWatch.hpp"
+#include "Panels/PanelContext.hpp"
+#include "Panels/PointerSampler.hpp"
 #include "Windows/WindowTest.hpp"
+#include "X11/DrawingConnection.hpp"
 
 #include <algorithm>
 
@@ -81,6 +85,23 @@ TEST_F(PointerSamplerTest, FollowsADragThatBeganAfterAPause) {
     EXPECT_TRUE(eventually([&] { return log.has("moved 150,-130"); }));
     desk().pointer().release(Pointer::Button::primary);
     EXPECT_TRUE(eventually([&] { return log.has("released 150,-130"); }));
+}
+
+// The server is further on than the events that the program has heard of.
+TEST_F(PointerSamplerTest, TakesNoPlaceBehindAReleaseForADrag) {
+    const auto dock = showDock("main", log);
+    const x11::DrawingConnection drawing{connection};
+    x11::DesktopWatch watch{connection};
+    const x11::PanelContext context{connection, drawing, screens, watch, panels.appearance()};
+    x11::PointerSampler sampler{context, windowOf("main")};
+    moveTo({100, 50});
+    desk().pointer().press(Pointer::Button::primary);
+    EXPECT_EQ(sampler.sample(true), QPoint(100, 50));
+
+    desk().pointer().release(Pointer::Button::primary);
+    moveTo({160, 60});
+    EXPECT_EQ(sampler.sample(true), std::nullopt);
+    EXPECT_EQ(sampler.sample(false), QPoint(160, 60));
 }
 
 }

@@ -1,6 +1,7 @@
 #include "Files/PosixFileSystem.hpp"
 
 #include "Files/FileDescriptor.hpp"
+#include "Files/Folders.hpp"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -91,11 +92,6 @@ void synchronizeFolder(const FileURL& folder) {
         openAgainWhenInterrupted(folder.path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)};
     if (opened)
         ::fsync(opened.get());
-}
-
-bool isFolder(const FileURL& url) {
-    struct stat found{};
-    return ::stat(url.path().c_str(), &found) == 0 && S_ISDIR(found.st_mode);
 }
 
 }

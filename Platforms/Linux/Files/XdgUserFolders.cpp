@@ -1,8 +1,9 @@
 #include "Files/XdgUserFolders.hpp"
 
+#include "Files/Folders.hpp"
+
 #include <glib.h>
 #include <pwd.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -23,11 +24,6 @@ FileURL homeFolder() {
     const passwd* entry = ::getpwuid(::geteuid());
     return absolutePath(entry == nullptr ? nullptr : entry->pw_dir)
         .value_or(FileURL::fromPath("/"));
-}
-
-bool isFolder(const FileURL& url) {
-    struct stat found{};
-    return ::stat(url.path().c_str(), &found) == 0 && S_ISDIR(found.st_mode);
 }
 
 }

@@ -1,5 +1,6 @@
 #include "OwnWindows/FormRowView.hpp"
 
+#include "OwnWindows/Controls/Making.hpp"
 #include "OwnWindows/Controls/Painting.hpp"
 #include "OwnWindows/Controls/RadioOption.hpp"
 #include "OwnWindows/Controls/SegmentedControl.hpp"
@@ -26,15 +27,6 @@ constexpr int verticalPadding = 12;
 constexpr int leastHeight = 50;
 constexpr int gap = 16;
 
-QString text(const std::string& string) {
-    return QString::fromStdString(string);
-}
-
-template <class Widget, class... Arguments>
-Widget* makeWidget(Arguments&&... arguments) {
-    return std::make_unique<Widget>(std::forward<Arguments>(arguments)...).release();
-}
-
 int stepIndex(const Slider& slider, double value) {
     return static_cast<int>(std::lround((value - slider.minimum) / slider.step));
 }
@@ -45,7 +37,7 @@ FormRowView::FormRowView(const FormRow& row, const FormContext& context, QWidget
     : QWidget(parent)
     , field_(row.field)
     , context_(context)
-    , title_(TextLabel::make(TextLabel::Kind::body, text(row.title), this)) {
+    , title_(TextLabel::make(TextLabel::Kind::body, toQString(row.title), this)) {
     setMinimumHeight(leastHeight);
     arrange(row);
     present(row);
@@ -84,7 +76,7 @@ QWidget* FormRowView::addControl(const RadioGroup& group) {
     lines->setSpacing(0);
     std::vector<RadioOption*> buttons;
     for (std::size_t i = 0; i < group.options.size(); ++i) {
-        auto* const button = makeWidget<RadioOption>(text(group.options[i]), options);
+        auto* const button = makeWidget<RadioOption>(toQString(group.options[i]), options);
         QObject::connect(button, &QAbstractButton::toggled, this, [this, i](bool isOn) {
             if (isOn)
                 changed(i);
@@ -107,7 +99,7 @@ QWidget* FormRowView::addControl(const RadioGroup& group) {
 QWidget* FormRowView::addControl(const Segments& segments) {
     QStringList titles;
     for (const std::string& option : segments.options)
-        titles.append(text(option));
+        titles.append(toQString(option));
     auto* const control = makeWidget<SegmentedControl>(titles, this);
     name(*control);
     control->onChoice = [this](std::size_t index) { changed(index); };
@@ -146,7 +138,7 @@ QWidget* FormRowView::addControl(const Slider& slider) {
                      });
     update_ = [control, value](const FormRow& row) {
         const auto& shown = std::get<Slider>(row.control);
-        value->setText(text(shown.valueText));
+        value->setText(toQString(shown.valueText));
         // The hand that holds the knob decides where it is.
         if (control->isSliderDown())
             return;
@@ -172,7 +164,7 @@ void FormRowView::present(const FormRow& row) {
         addToColumn(*caption_);
     }
     if (caption_ != nullptr) {
-        caption_->setText(text(row.caption));
+        caption_->setText(toQString(row.caption));
         caption_->setVisible(!row.caption.empty());
     }
     if (row.status && status_ == nullptr) {

@@ -1,5 +1,6 @@
 #include "OwnWindows/OnboardingPageView.hpp"
 
+#include "OwnWindows/Controls/Making.hpp"
 #include "OwnWindows/Controls/Painting.hpp"
 #include "OwnWindows/Controls/PushButton.hpp"
 #include "OwnWindows/Controls/StatusLineView.hpp"
@@ -19,15 +20,6 @@ namespace {
 constexpr int outerPadding = 32;
 constexpr int innerPadding = 16;
 constexpr int featureSymbolSide = 22;
-
-QString text(const std::string& string) {
-    return QString::fromStdString(string);
-}
-
-template <class Widget, class... Arguments>
-Widget* makeWidget(Arguments&&... arguments) {
-    return std::make_unique<Widget>(std::forward<Arguments>(arguments)...).release();
-}
 
 /// Shows the program's icon.
 class Emblem final : public QWidget {
@@ -95,7 +87,7 @@ OnboardingPageView::OnboardingPageView(const OnboardingPage& page, const Symbols
 }
 
 QLabel* OnboardingPageView::addText(TextLabel::Kind kind, const std::string& words) {
-    QLabel* const label = TextLabel::make(kind, text(words), this);
+    QLabel* const label = TextLabel::make(kind, toQString(words), this);
     label->setContentsMargins(Painting::ringRoom, 0, Painting::ringRoom, 0);
     return label;
 }
@@ -134,7 +126,7 @@ void OnboardingPageView::addFeatures(const OnboardingPage& page, QVBoxLayout& co
             makeWidget<SymbolView>(symbols_, featureSymbolSide, SymbolView::Look::tinted, this);
         symbol->show(feature.symbol, StatusLine::Tone::neutral);
         row->addWidget(symbol, 0, Qt::AlignVCenter);
-        row->addWidget(TextLabel::make(TextLabel::Kind::body, text(feature.text), this), 1,
+        row->addWidget(TextLabel::make(TextLabel::Kind::body, toQString(feature.text), this), 1,
                        Qt::AlignVCenter);
         column.addLayout(row.release());
         column.addSpacing(gap);
@@ -177,8 +169,8 @@ void OnboardingPageView::addNavigation(const OnboardingPage& page, QVBoxLayout& 
 
 QWidget* OnboardingPageView::makeButton(const OnboardingButton& button, bool isProminent) {
     auto* const made = makeWidget<PushButton>(
-        text(button.title), isProminent ? PushButton::Look::prominent : PushButton::Look::plain,
-        this);
+        toQString(button.title),
+        isProminent ? PushButton::Look::prominent : PushButton::Look::plain, this);
     made->setAutoDefault(true);
     QObject::connect(made, &QAbstractButton::clicked, this,
                      [this, action = button.action] { acted_(action); });

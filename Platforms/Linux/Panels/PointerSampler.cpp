@@ -60,7 +60,7 @@ void PointerSampler::stop() {
         select(true);
 }
 
-std::optional<QPoint> PointerSampler::sample() {
+std::optional<QPoint> PointerSampler::sample(bool isPressed) {
     // Before the question, so that no movement falls between the last answer and the first event.
     if (stillSamples_ == patience) {
         stop();
@@ -77,6 +77,8 @@ std::optional<QPoint> PointerSampler::sample() {
     // A button that was pressed since keeps the events away until it is released.
     const bool isStill = last_ == place && (reply->mask & buttons) == 0;
     stillSamples_ = isStill ? stillSamples_ + 1 : 0;
+    if (isPressed && (reply->mask & XCB_BUTTON_MASK_1) == 0)
+        return std::nullopt;
     return std::exchange(last_, place) == place ? std::nullopt : std::optional{place};
 }
 

@@ -36,8 +36,10 @@ public:
     void forget() { last_.reset(); }
 
     /// The pointer's place, in pixels from the window's corner, if it has moved since the sample
-    /// before. One round trip. Stops once the pointer has kept still for a while.
-    [[nodiscard]] std::optional<QPoint> sample();
+    /// before. One round trip. Stops once the pointer has kept still for a while. During a press it
+    /// tells nothing once the button is up: the release is on its way, and the pointer may be
+    /// anywhere since.
+    [[nodiscard]] std::optional<QPoint> sample(bool isPressed);
 
 private:
     void select(bool motion) const;

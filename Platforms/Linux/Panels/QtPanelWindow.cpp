@@ -295,7 +295,7 @@ void QtPanelWindow::showFrame() {
 void QtPanelWindow::samplePointer() {
     if (!sampler_ || !sampler_->isSampling())
         return;
-    const auto pixel = sampler_->sample();
+    const auto pixel = sampler_->sample(pointer_.isPressed());
     picture_->serverHasCaughtUp();
     // Beside the window it is on its way out, unless a button holds it.
     if (pixel && (pointer_.isPressed() || takesPointer(*pixel)))

@@ -64,6 +64,7 @@ public:
 
     VirtualDesktop(Programs programs, const Options& options);
 
+    [[nodiscard]] const Programs& programs() const noexcept { return programs_; }
     [[nodiscard]] Home& home() noexcept { return home_; }
     [[nodiscard]] const XClient& client() const noexcept { return *client_; }
     [[nodiscard]] DockWindows docks() const { return DockWindows{*client_}; }

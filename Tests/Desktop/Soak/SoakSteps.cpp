@@ -1,0 +1,400 @@
+#include "Soak/SoakSteps.hpp"
+
+#include "FileDrag.hpp"
+#include "Settings/SettingsCoding.hpp"
+#include "Soak/SoakChecks.hpp"
+#include "VirtualDesktop/Waiting.hpp"
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <filesystem>
+#include <iterator>
+
+namespace vireline::desktop {
+namespace {
+
+constexpr auto saveFailed = "preferences save failed";
+
+/// Something that has to come of a step.
+void require(bool isSo, const std::string& complaint) {
+    if (!isSo)
+        throw Violation{complaint};
+}
+
+const App& anyOf(SoakWorld& world, const std::vector<App>& apps) {
+    return apps.at(world.any(apps.size()));
+}
+
+/// A dock with tiles that stand still; nothing while docks hide.
+std::optional<DockLayout> anyShownDock(SoakWorld& world) {
+    const auto dock = world.settings().autoHide ? std::nullopt : world.anyDock();
+    return dock ? std::optional{world.layout(*dock)} : std::nullopt;
+}
+
+// Apps.
+
+void launch(SoakWorld& world) {
+    if (const auto apps = world.notRunning(); !apps.empty())
+        world.launch(anyOf(world, apps));
+}
+
+void launchFromDock(SoakWorld& world) {
+    auto apps = world.pinned();
+    const auto dock = anyShownDock(world);
+    if (!dock)
+        return;
+    const auto index = world.any(apps.size());
+    const App app = apps.at(index);
+    const bool wasRunning = world.isRunning(app);
+    world.desktop().pointer().click(dock->icon(static_cast<int>(index)));
+    if (!wasRunning)
+        require(eventually([&] { return world.isRunning(app); }),
+                app.name + " is not launched by its tile");
+}
+
+void clickRunning(SoakWorld& world) {
+    const auto unpinned = world.runningUnpinned();
+    const auto dock = anyShownDock(world);
+    if (!dock || unpinned.empty())
+        return;
+    const auto index = world.pinned().size() + world.any(unpinned.size());
+    world.desktop().pointer().click(dock->icon(static_cast<int>(index)));
+}
+
+void quit(SoakWorld& world) {
+    world.endSuspensions();
+    if (const auto apps = world.running(); !apps.empty())
+        world.quit(anyOf(world, apps), world.onceIn(2) ? SIGTERM : SIGKILL);
+}
+
+void hang(SoakWorld& world) {
+    if (const auto apps = world.running(); !apps.empty())
+        world.suspend(anyOf(world, apps));
+}
+
+void goOn(SoakWorld& world) {
+    world.endSuspensions();
+}
+
+void moveWindows(SoakWorld& world) {
+    constexpr std::uint32_t everything = 15U << 8U;
+    const auto& client = world.desktop().client();
+    for (const xcb_window_t window : client.managedWindows()) {
+        const auto place = [&] { return static_cast<std::uint32_t>(world.any(3000)); };
+        const auto length = [&] { return static_cast<std::uint32_t>(50 + world.any(1500)); };
+        client.sendToRoot(window, "_NET_MOVERESIZE_WINDOW",
+                          {everything, place(), place(), length(), length()});
+    }
+    client.sync();
+}
+
+// The dock.
+
+void sweep(SoakWorld& world) {
+    const auto dock = world.anyDock();
+    if (!dock)
+        return;
+    const PixelRect& display = dock->monitor.frame;
+    constexpr int steps = 40;
+    for (int i = 0; i < steps; ++i) {
+        const int x =
+            display.x + static_cast<int>(world.any(static_cast<std::size_t>(display.width)));
+        const int y = dock->frame.y + static_cast<int>(world.any(60));
+        world.desktop().pointer().moveTo({x, std::min(y, display.bottom() - 1)});
+    }
+}
+
+void openMenu(SoakWorld& world) {
+    const auto dock = anyShownDock(world);
+    if (!dock)
+        return;
+    world.desktop().pointer().click(dock->icon(static_cast<int>(world.any(world.pinned().size()))),
+                                    Pointer::Button::secondary);
+    const auto isOpen = [&] { return !world.desktop().docks().menus().empty(); };
+    require(eventually(isOpen), "no menu opens");
+    world.desktop().keyboard().type(Keyboard::escape);
+    require(eventually([&] { return !isOpen(); }), "the menu does not close");
+}
+
+/// Leads the pressed pointer from tile to tile.
+void drag(SoakWorld& world, const DockLayout& dock, int from, int to) {
+    const auto pointer = world.desktop().pointer();
+    const PixelPoint start = dock.icon(from);
+    const PixelPoint end = dock.icon(to);
+    pointer.moveTo(start);
+    pointer.press(Pointer::Button::primary);
+    constexpr int steps = 12;
+    for (int i = 1; i <= steps; ++i)
+        pointer.moveTo(
+            {start.x + (end.x - start.x) * i / steps, start.y + (end.y - start.y) * i / steps});
+    if (world.onceIn(4))
+        world.desktop().keyboard().type(Keyboard::escape);
+    pointer.release(Pointer::Button::primary);
+}
+
+bool isManual(const Settings& settings) {
+    return settings.sourceMode == SourceMode::manual;
+}
+
+bool has(const std::vector<StoredApp>& apps, const std::string& id) {
+    return std::ranges::find(apps, id, &StoredApp::bundleID) != apps.end();
+}
+
+std::vector<std::string> identifiers(const std::vector<App>& apps) {
+    std::vector<std::string> ids;
+    std::ranges::transform(apps, std::back_inserter(ids), &App::id);
+    std::ranges::sort(ids);
+    return ids;
+}
+
+void dragTile(SoakWorld& world) {
+    const auto dock = anyShownDock(world);
+    const auto apps = world.pinned();
+    if (!dock || apps.size() < 2)
+        return;
+    const auto from = world.any(apps.size());
+    const auto to = (from + 1 + world.any(apps.size() - 1)) % apps.size();
+    const int before = world.desktop().log().count("manual move ");
+    drag(world, *dock, static_cast<int>(from), static_cast<int>(to));
+    // Escape, or a place that is the old one, ends the drag without a change.
+    const bool isMoved =
+        eventually([&] { return world.desktop().log().count("manual move ") > before; },
+                   std::chrono::milliseconds{500});
+    if (!isMoved)
+        return;
+    world.awaitSave(isManual);
+    require(identifiers(world.pinned()) == identifiers(apps), "a drag loses or makes a tile");
+}
+
+void dropOnDock(SoakWorld& world, const std::filesystem::path& file, int tile,
+                const DockLayout& dock) {
+    FileDrag drag{world.desktop(), {urlList({file})}};
+    static_cast<void>(drag.moveTo(dock.icon(tile)));
+    const std::string result = drag.drop();
+    require(result.starts_with("done"), "a drop is not taken: " + result);
+    drag.program().signal(SIGTERM);
+    static_cast<void>(drag.program().waitForExit());
+}
+
+void dropApp(SoakWorld& world) {
+    const auto dock = anyShownDock(world);
+    const auto pinned = identifiers(world.pinned());
+    const auto& app = anyOf(world, world.apps());
+    if (!dock || std::ranges::binary_search(pinned, app.id))
+        return;
+    dropOnDock(world, world.desktop().home().entry(app.id), 0, *dock);
+    world.awaitSave(
+        [&](const Settings& saved) { return isManual(saved) && has(saved.manualApps, app.id); });
+}
+
+void dropOnTrash(SoakWorld& world) {
+    const auto dock = anyShownDock(world);
+    if (!dock)
+        return;
+    const auto file = world.desktop().home().folder() / "unwanted";
+    writeFile(file, "unwanted");
+    const auto planned = world.request();
+    const int trash = planned.pinnedCount + planned.unpinnedRunningCount + 1;
+    dropOnDock(world, file, trash, *dock);
+    require(eventually([&] { return !std::filesystem::exists(file); }),
+            "a file that was dropped on the Trash is still there");
+}
+
+// The screen and the session.
+
+void changeMonitors(SoakWorld& world) {
+    world.setMonitors(world.any(SoakWorld::arrangementCount()));
+    // Sometimes the next change comes before the program has followed this one.
+    if (world.onceIn(3))
+        world.setMonitors(world.any(SoakWorld::arrangementCount()));
+}
+
+void restartWindowManager(SoakWorld& world) {
+    world.desktop().stopWindowManager();
+    world.desktop().startWindowManager();
+}
+
+void toggleCompositor(SoakWorld& world) {
+    if (world.onceIn(2))
+        world.desktop().startCompositor();
+    else
+        world.desktop().stopCompositor();
+}
+
+void loseBus(SoakWorld& world) {
+    world.loseBus();
+}
+
+// Settings.
+
+BusObject control(SoakWorld& world, AccessibleRole role, const std::string& name) {
+    std::optional<BusObject> found;
+    require(eventually([&] {
+                found = world.desktop().controls().find(role, name);
+                return found.has_value();
+            }),
+            "the settings have no control " + name);
+    return *found;
+}
+
+/// Clicks a control at a part of its length.
+void click(SoakWorld& world, const BusObject& control, double part = 0.5) {
+    const PixelRect frame = world.desktop().controls().frame(control);
+    const auto along = static_cast<int>(part * frame.width);
+    world.desktop().pointer().click({frame.x + along, frame.center().y});
+}
+
+/// Where on the slider a size is that differs from the one in force.
+double otherPart(SoakWorld& world) {
+    constexpr double middle = 48;
+    return world.settings().iconSize < middle ? 0.9 : 0.1;
+}
+
+void changeSize(SoakWorld& world) {
+    if (!world.hasBus())
+        return;
+    const double before = world.settings().iconSize;
+    world.openSettings();
+    click(world, control(world, AccessibleRole::slider, "Icon size"), otherPart(world));
+    world.awaitSave([&](const Settings& saved) { return saved.iconSize != before; });
+    world.closeSettings();
+}
+
+void changePosition(SoakWorld& world) {
+    if (!world.hasBus())
+        return;
+    constexpr std::array positions{"Bottom", "Left", "Right"};
+    const auto before = world.settings().position;
+    const auto other = (static_cast<std::size_t>(before) + 1 + world.any(2)) % positions.size();
+    world.openSettings();
+    click(world, control(world, AccessibleRole::radioButton, positions.at(other)));
+    world.awaitSave(
+        [&](const Settings& saved) { return saved.position == static_cast<DockPosition>(other); });
+    world.closeSettings();
+}
+
+void changeSource(SoakWorld& world) {
+    if (!world.hasBus())
+        return;
+    const bool isMirror = world.settings().sourceMode == SourceMode::mirror;
+    world.openSettings();
+    click(world, control(world, AccessibleRole::radioButton,
+                         isMirror ? "Manual list" : "Mirror Apple's Dock"));
+    // A list of the user's own begins as the one that was mirrored.
+    world.awaitSave([&](const Settings& saved) {
+        return isManual(saved) == isMirror && (!isMirror || !saved.manualApps.empty());
+    });
+    world.closeSettings();
+}
+
+void changePins(SoakWorld& world) {
+    std::vector<std::string> ids;
+    for (const App& app : world.apps()) {
+        if (world.onceIn(2))
+            ids.push_back(app.id);
+    }
+    if (!ids.empty())
+        world.pin(ids);
+}
+
+void replacePreferences(SoakWorld& world) {
+    constexpr std::array contents{"",         "{",
+                                  "[]",       "{\"iconSize\": \"large\"}",
+                                  "\xff\xfe", "{\"schemaVersion\": 99, \"autoHide\": null}"};
+    const auto file = world.desktop().home().preferences();
+    std::filesystem::remove(file);
+    writeFile(file, contents.at(world.any(contents.size())));
+    world.fileWasReplaced();
+}
+
+/// One change cannot be saved; the next save brings it along.
+void failDisk(SoakWorld& world) {
+    if (!world.hasBus())
+        return;
+    const auto file = world.desktop().home().preferences();
+    world.openSettings();
+    const double before = world.settings().iconSize;
+    const auto slider = control(world, AccessibleRole::slider, "Icon size");
+    const int failures = world.desktop().log().count(saveFailed);
+    std::filesystem::remove(file);
+    std::filesystem::create_directories(file / "in the way");
+    click(world, slider, otherPart(world));
+    const bool isLogged = world.desktop().log().reaches(saveFailed, failures + 1);
+    std::filesystem::remove_all(file);
+    require(isLogged, "a save that failed is not logged");
+    click(world, slider, 0.5);
+    world.awaitSave([&](const Settings& saved) { return saved.iconSize != before; });
+    world.closeSettings();
+}
+
+Settings anySettings(SoakWorld& world) {
+    Settings settings;
+    settings.onboardingCompleted = true;
+    constexpr std::array positions{DockPosition::bottom, DockPosition::left, DockPosition::right};
+    settings.position = positions.at(world.any(positions.size()));
+    settings.iconSize = 32 + static_cast<double>(world.any(33));
+    settings.autoHide = world.onceIn(4);
+    settings.magnificationEnabled = world.onceIn(2);
+    settings.summonOnClick = world.onceIn(2);
+    settings.openOnThisDisplay = world.onceIn(2);
+    settings.anchorAppleDock = world.onceIn(4);
+    return settings;
+}
+
+/// With other settings, or with those that it saved: after a power cut these are all there is.
+void restart(SoakWorld& world) {
+    if (world.onceIn(2))
+        world.end();
+    else
+        world.kill();
+    if (world.isFileReplaced() || world.onceIn(2)) {
+        std::filesystem::remove_all(world.desktop().home().preferences());
+        world.desktop().home().writePreferences(SettingsCoding::encode(anySettings(world)));
+    }
+    world.start();
+}
+
+}
+
+std::span<const SoakStep> soakSteps() {
+    static const std::array steps{
+        SoakStep{"an app starts", 8, launch},
+        SoakStep{"a tile launches its app", 6, launchFromDock},
+        SoakStep{"the tile of a running app is clicked", 4, clickRunning},
+        SoakStep{"an app ends", 6, quit},
+        SoakStep{"an app hangs", 2, hang},
+        SoakStep{"the apps that hung go on", 2, goOn},
+        SoakStep{"windows move", 3, moveWindows},
+        SoakStep{"the pointer wanders over a dock", 4, sweep},
+        SoakStep{"a menu opens and closes", 3, openMenu},
+        SoakStep{"a tile is dragged", 4, dragTile},
+        SoakStep{"an app is dropped on a dock", 2, dropApp},
+        SoakStep{"a file is dropped on the Trash", 2, dropOnTrash},
+        SoakStep{"the displays change", 5, changeMonitors},
+        SoakStep{"the window manager starts anew", 2, restartWindowManager},
+        SoakStep{"the compositor comes or goes", 2, toggleCompositor},
+        SoakStep{"the session bus goes away", 1, loseBus},
+        SoakStep{"the icon size changes", 2, changeSize},
+        SoakStep{"the position changes", 2, changePosition},
+        SoakStep{"the source changes", 1, changeSource},
+        SoakStep{"the desktop's own list changes", 3, changePins},
+        SoakStep{"the preferences file is replaced", 2, replacePreferences},
+        SoakStep{"the disk fails once", 1, failDisk},
+        SoakStep{"the program starts anew", 1, restart},
+    };
+    return steps;
+}
+
+void warmUp(SoakWorld& world) {
+    const App app = world.apps().back();
+    world.launch(app);
+    checkDesktop(world);
+    openMenu(world);
+    world.openSettings();
+    world.closeSettings();
+    world.endApps();
+    checkDesktop(world);
+}
+
+}
