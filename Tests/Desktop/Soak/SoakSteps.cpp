@@ -32,6 +32,13 @@ std::optional<DockLayout> anyShownDock(SoakWorld& world) {
     return dock ? std::optional{world.layout(*dock)} : std::nullopt;
 }
 
+/// Clicks a tile and keeps the pointer there until the program has acted on it.
+void clickTile(SoakWorld& world, const DockLayout& dock, std::size_t index) {
+    const int before = world.desktop().log().count("click ");
+    world.desktop().pointer().click(dock.icon(static_cast<int>(index)));
+    require(world.desktop().log().reaches("click ", before + 1), "a click comes to nothing");
+}
+
 // Apps.
 
 void launch(SoakWorld& world) {
@@ -47,7 +54,7 @@ void launchFromDock(SoakWorld& world) {
     const auto index = world.any(apps.size());
     const App app = apps.at(index);
     const bool wasRunning = world.isRunning(app);
-    world.desktop().pointer().click(dock->icon(static_cast<int>(index)));
+    clickTile(world, *dock, index);
     if (!wasRunning)
         require(eventually([&] { return world.isRunning(app); }),
                 app.name + " is not launched by its tile");
@@ -58,8 +65,7 @@ void clickRunning(SoakWorld& world) {
     const auto dock = anyShownDock(world);
     if (!dock || unpinned.empty())
         return;
-    const auto index = world.pinned().size() + world.any(unpinned.size());
-    world.desktop().pointer().click(dock->icon(static_cast<int>(index)));
+    clickTile(world, *dock, world.pinned().size() + world.any(unpinned.size()));
 }
 
 void quit(SoakWorld& world) {
