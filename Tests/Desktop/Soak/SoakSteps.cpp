@@ -294,14 +294,27 @@ void changeSource(SoakWorld& world) {
     world.closeSettings();
 }
 
+DockOrdering::Counts tileCounts(SoakWorld& world) {
+    const auto request = world.request();
+    return {request.pinnedCount, request.unpinnedRunningCount, 2};
+}
+
 void changePins(SoakWorld& world) {
     std::vector<std::string> ids;
     for (const App& app : world.apps()) {
         if (world.onceIn(2))
             ids.push_back(app.id);
     }
-    if (!ids.empty())
-        world.pin(ids);
+    if (ids.empty())
+        return;
+    const auto before = tileCounts(world);
+    const auto list = world.mirrored();
+    world.pin(ids);
+    // Docks take another length when the number of tiles changes. Where only a separator comes or
+    // goes they keep theirs until something else happens, which cannot be checked.
+    if (const auto now = tileCounts(world);
+        now.tiles() == before.tiles() && now.separators() != before.separators())
+        world.pin(list);
 }
 
 void replacePreferences(SoakWorld& world) {

@@ -79,6 +79,7 @@ public:
 
     /// The pinned list that the desktop's own dock keeps, by identifier.
     void pin(const std::vector<std::string>& ids);
+    [[nodiscard]] std::vector<std::string> mirrored() const { return mirrored_; }
     /// The pinned list in force.
     [[nodiscard]] std::vector<App> pinned() const;
     [[nodiscard]] std::vector<App> runningUnpinned() const;
