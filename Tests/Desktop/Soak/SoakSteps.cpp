@@ -47,12 +47,12 @@ void launch(SoakWorld& world) {
 }
 
 void launchFromDock(SoakWorld& world) {
-    auto apps = world.pinned();
+    const auto apps = world.pinned();
     const auto dock = anyShownDock(world);
     if (!dock)
         return;
     const auto index = world.any(apps.size());
-    const App app = apps.at(index);
+    const App& app = apps.at(index);
     const bool wasRunning = world.isRunning(app);
     clickTile(world, *dock, index);
     if (!wasRunning)
@@ -123,8 +123,8 @@ void openMenu(SoakWorld& world) {
     require(eventually([&] { return !isOpen(); }), "the menu does not close");
 }
 
-/// Leads the pressed pointer from tile to tile.
-void drag(SoakWorld& world, const DockLayout& dock, int from, int to) {
+/// Leads the pressed pointer from tile to tile. Tells whether it let go, rather than cancel.
+bool drag(SoakWorld& world, const DockLayout& dock, int from, int to) {
     const auto pointer = world.desktop().pointer();
     const PixelPoint start = dock.icon(from);
     const PixelPoint end = dock.icon(to);
@@ -134,9 +134,11 @@ void drag(SoakWorld& world, const DockLayout& dock, int from, int to) {
     for (int i = 1; i <= steps; ++i)
         pointer.moveTo(
             {start.x + (end.x - start.x) * i / steps, start.y + (end.y - start.y) * i / steps});
-    if (world.onceIn(4))
+    const bool isCancelled = world.onceIn(4);
+    if (isCancelled)
         world.desktop().keyboard().type(Keyboard::escape);
     pointer.release(Pointer::Button::primary);
+    return !isCancelled;
 }
 
 bool isManual(const Settings& settings) {
@@ -154,23 +156,35 @@ std::vector<std::string> identifiers(const std::vector<App>& apps) {
     return ids;
 }
 
+/// The list that a drag edits. One of the user's own comes back when a mirrored one is edited.
+std::vector<std::string> editedList(SoakWorld& world) {
+    const auto& own = world.settings().manualApps;
+    std::vector<std::string> ids;
+    if (own.empty())
+        return identifiers(world.pinned());
+    std::ranges::transform(own, std::back_inserter(ids), &StoredApp::bundleID);
+    std::ranges::sort(ids);
+    return ids;
+}
+
 void dragTile(SoakWorld& world) {
     const auto dock = anyShownDock(world);
     const auto apps = world.pinned();
+    const auto list = editedList(world);
     if (!dock || apps.size() < 2)
         return;
     const auto from = world.any(apps.size());
     const auto to = (from + 1 + world.any(apps.size() - 1)) % apps.size();
-    const int before = world.desktop().log().count("manual move ");
-    drag(world, *dock, static_cast<int>(from), static_cast<int>(to));
-    // Escape, or a place that is the old one, ends the drag without a change.
-    const bool isMoved =
-        eventually([&] { return world.desktop().log().count("manual move ") > before; },
-                   std::chrono::milliseconds{500});
-    if (!isMoved)
+    const std::string line = "manual move " + apps.at(from).id + ' ';
+    const int before = world.desktop().log().count(line);
+    const bool isDropped = drag(world, *dock, static_cast<int>(from), static_cast<int>(to));
+    if (!isDropped || !std::ranges::binary_search(list, apps.at(from).id))
         return;
+    // The place may be the app's own in the list that comes back.
+    const bool comesBack = !isManual(world.settings());
+    require(world.desktop().log().reaches(line, before + 1) || comesBack, "a drag moves nothing");
     world.awaitSave(isManual);
-    require(identifiers(world.pinned()) == identifiers(apps), "a drag loses or makes a tile");
+    require(identifiers(world.pinned()) == list, "a drag loses or makes a tile");
 }
 
 void dropOnDock(SoakWorld& world, const std::filesystem::path& file, int tile,
@@ -319,8 +333,8 @@ void changePins(SoakWorld& world) {
 
 void replacePreferences(SoakWorld& world) {
     constexpr std::array contents{"",         "{",
-                                  "[]",       "{\"iconSize\": \"large\"}",
-                                  "\xff\xfe", "{\"schemaVersion\": 99, \"autoHide\": null}"};
+                                  "[]",       R"({"iconSize": "large"})",
+                                  "\xff\xfe", R"({"schemaVersion": 99, "autoHide": null})"};
     const auto file = world.desktop().home().preferences();
     std::filesystem::remove(file);
     writeFile(file, contents.at(world.any(contents.size())));
@@ -342,7 +356,8 @@ void failDisk(SoakWorld& world) {
     const bool isLogged = world.desktop().log().reaches(saveFailed, failures + 1);
     std::filesystem::remove_all(file);
     require(isLogged, "a save that failed is not logged");
-    click(world, slider, 0.5);
+    constexpr double middle = 48;
+    click(world, slider, before < middle ? 0.7 : 0.3);
     world.awaitSave([&](const Settings& saved) { return saved.iconSize != before; });
     world.closeSettings();
 }
