@@ -178,11 +178,11 @@ void dragTile(SoakWorld& world) {
     const std::string line = "manual move " + apps.at(from).id + ' ';
     const int before = world.desktop().log().count(line);
     const bool isDropped = drag(world, *dock, static_cast<int>(from), static_cast<int>(to));
-    if (!isDropped || !std::ranges::binary_search(list, apps.at(from).id))
+    if (!isDropped)
         return;
-    // The place may be the app's own in the list that comes back.
+    // The list that comes back may lack the app, or have it at that place.
     const bool comesBack = !isManual(world.settings());
-    require(world.desktop().log().reaches(line, before + 1) || comesBack, "a drag moves nothing");
+    require(comesBack || world.desktop().log().reaches(line, before + 1), "a drag moves nothing");
     world.awaitSave(isManual);
     require(identifiers(world.pinned()) == list, "a drag loses or makes a tile");
 }
