@@ -5,6 +5,7 @@ option(VIRELINE_TESTS "Build the tests" OFF)
 option(VIRELINE_TOUR "Offer the targets for the tour, the pictures and the measurements" OFF)
 option(VIRELINE_BENCHMARKS "Build the benchmarks" OFF)
 option(VIRELINE_SANITIZE "Compile with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+option(VIRELINE_FUZZ "Compile for libFuzzer; needs Clang" OFF)
 
 set(CMAKE_CXX_STANDARD 23)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -30,6 +31,11 @@ if(VIRELINE_SANITIZE)
     target_compile_options(vireline_options INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(vireline_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(VIRELINE_FUZZ)
+    target_compile_options(vireline_options INTERFACE -fsanitize=fuzzer-no-link)
+    target_link_options(vireline_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT APPLE)
