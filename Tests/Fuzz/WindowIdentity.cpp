@@ -78,7 +78,8 @@ const DesktopEntryIndex& installed() {
 
 void readIcons(std::string_view bytes) {
     std::vector<std::uint32_t> items(bytes.size() / sizeof(std::uint32_t));
-    std::memcpy(items.data(), bytes.data(), items.size() * sizeof(std::uint32_t));
+    if (!items.empty())
+        std::memcpy(items.data(), bytes.data(), items.size() * sizeof(std::uint32_t));
     for (const WindowIcon& icon : WindowIcons::parse(items))
         require(icon.pixels.size() == std::size_t{icon.width} * icon.height,
                 "a picture has all its pixels");
