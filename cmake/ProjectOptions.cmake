@@ -40,8 +40,10 @@ endif()
 
 if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT APPLE)
     target_compile_options(vireline_options INTERFACE
-        -fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
-    target_link_options(vireline_options INTERFACE -Wl,-z,relro,-z,now -Wl,--as-needed)
+        -fstack-protector-strong -fstack-clash-protection
+        -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
+    target_link_options(vireline_options INTERFACE
+        -Wl,-z,relro,-z,now,-z,noexecstack -Wl,--as-needed)
     include(CheckPIESupported)
     check_pie_supported(LANGUAGES CXX)
 endif()

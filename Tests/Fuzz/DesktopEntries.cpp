@@ -29,7 +29,7 @@ void readApplication(std::string_view text) {
 /// Switching on and off ends where it says it does, whatever else the entry holds.
 void switchAutostart(const std::string& text) {
     const auto enabled = AutostartEntry::enabled(text, desktopNames);
-    require(enabled.has_value() == AutostartEntry::isValid(text), "valid entries can be enabled");
+    require(!enabled || AutostartEntry::isValid(text), "only valid entries can be enabled");
     if (enabled)
         require(AutostartEntry::isEnabled(*enabled, desktopNames), "an enabled entry is enabled");
     if (const auto hidden = AutostartEntry::hidden(text))

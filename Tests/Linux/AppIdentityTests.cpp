@@ -84,7 +84,9 @@ TEST(AppIdentity, AnAppOfItsOwnWithoutAProcessHasAPathMadeFromItsClass) {
 
 TEST(AppIdentity, TellsLongCommandLinesApartAtOnce) {
     constexpr int count = 16'000;
-    x11::ProcessFacts process{.executable = "/usr/bin/tool", .arguments = {"/usr/bin/tool"}};
+    x11::ProcessFacts process;
+    process.executable = "/usr/bin/tool";
+    process.arguments = {"/usr/bin/tool"};
     std::string exec = "/usr/bin/tool";
     for (int i = 0; i < count; ++i) {
         process.arguments.push_back(std::to_string(i));
