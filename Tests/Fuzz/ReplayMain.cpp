@@ -33,7 +33,7 @@ int replay(const fs::path& folder) {
 
 int main(int argc, char** argv) {
     int count = 0;
-    for (const std::string folder : std::vector<std::string>(argv + 1, argv + argc))
+    for (const std::string& folder : std::vector<std::string>(argv + 1, argv + argc))
         count += replay(folder);
     std::printf("%d files read\n", count);
     return count > 0 ? 0 : 1;

@@ -9,6 +9,7 @@ execute_process(
 set(expected
     usr/bin/vireline
     usr/share/applications/vireline.desktop
+    usr/share/metainfo/vireline.metainfo.xml
     usr/share/icons/hicolor/scalable/apps/vireline.svg
     usr/share/icons/hicolor/symbolic/apps/vireline-symbolic.svg)
 foreach(side IN ITEMS 16 22 24 32 48 64 128 256 512)
