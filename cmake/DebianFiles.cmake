@@ -3,7 +3,8 @@ if(NOT CPACK_GENERATOR STREQUAL "DEB")
     return()
 endif()
 
-set(documents ${CPACK_TEMPORARY_DIRECTORY}/usr/share/doc/vireline)
+set(share ${CPACK_TEMPORARY_DIRECTORY}/usr/share)
+set(documents ${share}/doc/vireline)
 file(MAKE_DIRECTORY ${documents})
 file(READ ${CPACK_RESOURCE_FILE_LICENSE} license)
 string(REGEX REPLACE "^MIT License\n+Copyright[^\n]*\n+" "" license "${license}")
@@ -22,7 +23,6 @@ License: Expat
  ${license}
 ")
 
-# The same file for the same version, whenever it is packed.
 string(TIMESTAMP packed "%a, %d %b %Y %H:%M:%S +0000" UTC)
 file(WRITE ${documents}/changelog
 "vireline (${CPACK_PACKAGE_VERSION}) unstable; urgency=medium
@@ -31,9 +31,11 @@ file(WRITE ${documents}/changelog
 
  -- ${CPACK_PACKAGE_CONTACT}  ${packed}
 ")
-execute_process(COMMAND gzip --best --no-name ${documents}/changelog COMMAND_ERROR_IS_FATAL ANY)
+execute_process(
+    COMMAND gzip --best --no-name ${documents}/changelog ${share}/man/man1/vireline.1
+    COMMAND_ERROR_IS_FATAL ANY)
 
-file(GLOB_RECURSE added ${documents}/*)
+file(GLOB_RECURSE added ${documents}/* ${share}/man/*)
 foreach(file IN LISTS added)
     file(CHMOD ${file} PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 endforeach()

@@ -8,7 +8,6 @@ set(CPACK_VERBATIM_VARIABLES ON)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_STRIP_FILES ON)
-set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
@@ -18,14 +17,18 @@ set(CPACK_DEBIAN_PACKAGE_SECTION x11)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS hicolor-icon-theme)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
-" The desktop's own dock stays where it is, on its display. Vireline gives
- every other display one of its own: the apps pinned there, mirrored live, or
- a list of your own; then the apps that run; then Downloads and Trash. A click
- launches an app, brings it forward or hides it. It runs under X11.")
+"The desktop's own dock stays where it is, on its display. Vireline gives
+every other display one of its own: the apps pinned there, mirrored live, or
+a list of your own; then the apps that run; then Downloads and Trash. A click
+launches an app, brings it forward or hides it. It runs under X11.")
 set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/DebianFiles.cmake)
 
 set(CPACK_SOURCE_GENERATOR TGZ)
 set(CPACK_SOURCE_PACKAGE_FILE_NAME vireline-${PROJECT_VERSION})
-set(CPACK_SOURCE_IGNORE_FILES "/\\.git$" "/\\.git/" "/build/" "/\\.cache/" "/compile_commands\\.json$")
+string(REGEX REPLACE "([][+.*()^$?|\\\\])" "\\\\\\1" source_folder "${PROJECT_SOURCE_DIR}")
+set(CPACK_SOURCE_IGNORE_FILES)
+foreach(ours IN ITEMS "\\.git" build "\\.cache" "compile_commands\\.json")
+    list(APPEND CPACK_SOURCE_IGNORE_FILES "^${source_folder}/${ours}(/|$)")
+endforeach()
 
 include(CPack)
