@@ -50,7 +50,7 @@ constexpr std::array programs{
     Program{"firefox_firefox", "env BAMF=/x /snap/bin/firefox %u"},
     Program{"code_code", "snap run code.url-handler %F"},
     Program{"org.gimp.GIMP", "/usr/bin/flatpak run --branch=stable org.gimp.GIMP @@u %U @@"},
-    Program{"wine-notepad", "env WINEPREFIX=\"/home/a/.wine\" wine C:\\\\windows\\\\notepad.exe"},
+    Program{"wine-notepad", R"(env WINEPREFIX="/home/a/.wine" wine C:\\windows\\notepad.exe)"},
     Program{"python3.11", "/usr/bin/python3.11", "", true},
     Program{"script", "python3 -m script.main"},
     Program{"java-tool", "sh -c \"exec java -jar '/opt/tool.jar' %f\""},
