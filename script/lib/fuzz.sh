@@ -6,6 +6,7 @@
 fuzz_for() {
     local seconds=$1
     [[ $seconds =~ ^[1-9][0-9]*$ ]] || fail "script/test --fuzz: how many seconds?"
+    rm -rf build/fuzz/log
     mkdir -p build/fuzz/found build/fuzz/log
     local targets=() target running=()
     for target in Tests/Fuzz/Corpus/*; do
@@ -13,8 +14,11 @@ fuzz_for() {
     done
 
     for target in "${targets[@]}"; do
-        ((${#running[@]} < jobs)) || { wait "${running[0]}" && running=("${running[@]:1}"); } ||
-            break
+        if ((${#running[@]} == jobs)); then
+            # What one finds does not end the others.
+            wait "${running[0]}" || true
+            running=("${running[@]:1}")
+        fi
         fuzz_one "$target" "$seconds" &
         running+=($!)
     done
