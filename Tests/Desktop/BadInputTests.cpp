@@ -347,7 +347,7 @@ TEST_F(BadDisk, PreferencesThatTheUserLinkedStayWhereTheyAreKept) {
     auto& desktop = prepare();
     const auto kept = desktop.home().folder() / "dotfiles/vireline.json";
     writeFile(kept, manualList());
-    fs::create_directories(desktop.home().dataFolder());
+    fs::remove(desktop.home().preferences());
     fs::create_symlink(kept, desktop.home().preferences());
     desktop.runVireline();
     ASSERT_TRUE(docksSettle(twoTiles));
