@@ -35,7 +35,7 @@ fuzz_one() {
     "build/fuzz/Tests/Fuzz/Fuzz$target" \
         -max_total_time="$seconds" -timeout=2 -max_len=65536 -rss_limit_mb=1024 -malloc_limit_mb=256 \
         -dict="Tests/Fuzz/$target.dict" -artifact_prefix="build/fuzz/found/$target-" \
-        -print_final_stats=1 \
+        -print_final_stats=1 -close_fd_mask=1 \
         "build/fuzz/corpus/$target" "Tests/Fuzz/Corpus/$target" > "build/fuzz/log/$target" 2>&1
 }
 
