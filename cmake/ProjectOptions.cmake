@@ -5,6 +5,7 @@ option(VIRELINE_TESTS "Build the tests" OFF)
 option(VIRELINE_TOUR "Offer the targets for the tour, the pictures and the measurements" OFF)
 option(VIRELINE_BENCHMARKS "Build the benchmarks" OFF)
 option(VIRELINE_SANITIZE "Compile with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+option(VIRELINE_FUZZ "Compile for libFuzzer; needs Clang" OFF)
 
 set(CMAKE_CXX_STANDARD 23)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -32,10 +33,17 @@ if(VIRELINE_SANITIZE)
     target_link_options(vireline_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(VIRELINE_FUZZ)
+    target_compile_options(vireline_options INTERFACE -fsanitize=fuzzer-no-link)
+    target_link_options(vireline_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT APPLE)
     target_compile_options(vireline_options INTERFACE
-        -fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
-    target_link_options(vireline_options INTERFACE -Wl,-z,relro,-z,now -Wl,--as-needed)
+        -fstack-protector-strong -fstack-clash-protection
+        -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
+    target_link_options(vireline_options INTERFACE
+        -Wl,-z,relro,-z,now,-z,noexecstack -Wl,--as-needed)
     include(CheckPIESupported)
     check_pie_supported(LANGUAGES CXX)
 endif()

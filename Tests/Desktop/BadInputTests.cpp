@@ -330,5 +330,32 @@ TEST_F(BadDisk, AFullDiskLosesNoPreferences) {
     EXPECT_EQ(readFile(inside), manualList());
 }
 
+TEST_F(BadDisk, SavedPreferencesAreTheUsersAlone) {
+    auto& desktop = prepare();
+    desktop.home().writePreferences(manualList());
+    fs::permissions(desktop.home().preferences(), fs::perms::all);
+    desktop.runVireline();
+    ASSERT_TRUE(docksSettle(twoTiles));
+    removeFirstApp();
+    EXPECT_TRUE(eventually([&] {
+        return fs::status(desktop.home().preferences()).permissions() ==
+               (fs::perms::owner_read | fs::perms::owner_write);
+    }));
+}
+
+TEST_F(BadDisk, PreferencesThatTheUserLinkedStayWhereTheyAreKept) {
+    auto& desktop = prepare();
+    const auto kept = desktop.home().folder() / "dotfiles/vireline.json";
+    writeFile(kept, manualList());
+    fs::remove(desktop.home().preferences());
+    fs::create_symlink(kept, desktop.home().preferences());
+    desktop.runVireline();
+    ASSERT_TRUE(docksSettle(twoTiles));
+    removeFirstApp();
+    EXPECT_TRUE(eventually([&] { return !readFile(kept).contains(apps[0].id); }));
+    EXPECT_TRUE(readFile(kept).contains(apps[1].id));
+    EXPECT_TRUE(fs::is_symlink(desktop.home().preferences()));
+}
+
 }
 }

@@ -6,14 +6,8 @@ execute_process(
     COMMAND ${CMAKE_COMMAND} --install ${BUILD_FOLDER} --prefix /usr
     OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
 
-set(expected
-    usr/bin/vireline
-    usr/share/applications/vireline.desktop
-    usr/share/icons/hicolor/scalable/apps/vireline.svg
-    usr/share/icons/hicolor/symbolic/apps/vireline-symbolic.svg)
-foreach(side IN ITEMS 16 22 24 32 48 64 128 256 512)
-    list(APPEND expected usr/share/icons/hicolor/${side}x${side}/apps/vireline.png)
-endforeach()
+include(${CMAKE_CURRENT_LIST_DIR}/InstalledFiles.cmake)
+set(expected ${installed_files})
 file(GLOB_RECURSE installed RELATIVE ${SCRATCH} ${SCRATCH}/*)
 list(SORT expected)
 list(SORT installed)

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ctime>
 #include <string>
 
 namespace vireline {
@@ -79,6 +80,26 @@ TEST(AppIdentity, AnAppOfItsOwnWithoutAProcessHasAPathMadeFromItsClass) {
     const auto app = x11::AppIdentity::identify(windowOfClass("a/b"), {}, x11::DesktopEntryIndex{});
 
     EXPECT_EQ(app.path, "/a-b");
+}
+
+TEST(AppIdentity, TellsLongCommandLinesApartAtOnce) {
+    constexpr int count = 16'000;
+    x11::ProcessFacts process;
+    process.executable = "/usr/bin/tool";
+    process.arguments = {"/usr/bin/tool"};
+    std::string exec = "/usr/bin/tool";
+    for (int i = 0; i < count; ++i) {
+        process.arguments.push_back(std::to_string(i));
+        exec += ' ' + std::to_string(count - 1 - i);
+    }
+    const auto index = indexOf({{.id = "one", .exec = exec}, {.id = "other", .exec = "tool x"}});
+
+    const std::clock_t began = std::clock();
+    const auto app = x11::AppIdentity::identify(windowOfClass("X"), process, index);
+
+    EXPECT_EQ(app.bundleID, "one");
+    // In order this takes hundredths of a second also under sanitizers; one by one, many seconds.
+    EXPECT_LT(std::clock() - began, 2 * CLOCKS_PER_SEC);
 }
 
 TEST(WindowTraits, WMClassHasTwoHalves) {

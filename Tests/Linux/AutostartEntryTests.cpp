@@ -113,6 +113,23 @@ TEST(AutostartEntry, SwitchedOnLetsThisDesktopIn) {
     EXPECT_TRUE(AutostartEntry::isEnabled(*nameless, Names{}));
 }
 
+TEST(AutostartEntry, SwitchedOnFindsEveryRepetitionOfWhatKeepsItOff) {
+    const auto text = entry("Hidden=true\nNotShowIn=GNOME;\nHidden=true\nNotShowIn=GNOME;KDE;\n");
+
+    const auto switchedOn = AutostartEntry::enabled(text, gnome());
+
+    ASSERT_TRUE(switchedOn);
+    EXPECT_TRUE(AutostartEntry::isEnabled(*switchedOn, gnome()));
+}
+
+TEST(AutostartEntry, IsNotSwitchedOnWhenItRepeatsItselfWithoutEnd) {
+    std::string lines;
+    for (int i = 0; i < 10'000; ++i)
+        lines += "Hidden=true\n";
+
+    EXPECT_FALSE(AutostartEntry::enabled(entry(lines), gnome()));
+}
+
 TEST(AutostartEntry, SwitchedOnLeavesOneAloneThatAlreadyIs) {
     EXPECT_EQ(AutostartEntry::enabled(entry("OnlyShowIn=GNOME;\n"), gnome()),
               entry("OnlyShowIn=GNOME;\n"));

@@ -101,16 +101,102 @@ TEST_F(PosixFileSystemTest, LeavesAReaderOfTheOldFileUndisturbed) {
     EXPECT_EQ(seen, "old");
 }
 
-TEST_F(PosixFileSystemTest, ReplacesALinkInsteadOfWritingThroughIt) {
+TEST_F(PosixFileSystemTest, WritesThroughTheUsersOwnLinkToTheirOwnFile) {
+    const FileURL kept = folder.appending("dotfiles/vireline.json");
+    test::makeFolder(kept.parent());
+    test::overwrite(kept, "old");
+    for (const std::string& link : {kept.path(), std::string{"dotfiles/vireline.json"}}) {
+        fs::remove(file.path());
+        fs::create_symlink(link, file.path());
+
+        ASSERT_TRUE(fileSystem.writeAtomically(file, "by " + link));
+
+        EXPECT_TRUE(fs::is_symlink(file.path()));
+        EXPECT_FALSE(fs::is_symlink(kept.path()));
+        EXPECT_EQ(content(kept), "by " + link);
+    }
+    EXPECT_EQ(std::distance(fs::directory_iterator{kept.parent().path()}, {}), 1);
+}
+
+TEST_F(PosixFileSystemTest, MakesTheFileThatTheUsersOwnLinkWaitsFor) {
+    test::makeFolder(folder.appending("dotfiles"));
+    fs::create_symlink("dotfiles/next", file.path());
+    fs::create_symlink("vireline.json", folder.appending("dotfiles/next").path());
+
+    ASSERT_TRUE(fileSystem.writeAtomically(file, "mine"));
+
+    EXPECT_EQ(content(folder.appending("dotfiles/vireline.json")), "mine");
+    EXPECT_TRUE(fs::is_symlink(folder.appending("dotfiles/next").path()));
+}
+
+/// Something of another user's below the test's folder. Of the system's if the tests do not run as
+/// root, who alone can give things away.
+class OthersProperty {
+public:
+    explicit OthersProperty(const FileURL& folder) : folder_(folder.appending("theirs")) {
+        if (::geteuid() != 0) {
+            folder_ = FileURL::fromPath("/etc");
+            return;
+        }
+        test::makeFolder(folder_);
+        test::overwrite(file(), "precious");
+        test::giveAway(folder_);
+        test::giveAway(file());
+    }
+
+    [[nodiscard]] FileURL file() const { return folder_.appending("passwd"); }
+    [[nodiscard]] FileURL missing() const { return folder_.appending("vireline-test"); }
+
+private:
+    FileURL folder_;
+};
+
+TEST_F(PosixFileSystemTest, ReplacesALinkToAnotherUsersFile) {
+    const OthersProperty others{folder};
+    const std::string before = content(others.file());
+    fs::create_symlink(others.file().path(), file.path());
+
+    ASSERT_TRUE(fileSystem.writeAtomically(file, "mine"));
+
+    EXPECT_EQ(content(others.file()), before);
+    EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(file.path())));
+    EXPECT_EQ(content(file), "mine");
+}
+
+TEST_F(PosixFileSystemTest, ReplacesALinkIntoAnotherUsersFolder) {
+    const OthersProperty others{folder};
+    fs::create_symlink(others.missing().path(), file.path());
+
+    ASSERT_TRUE(fileSystem.writeAtomically(file, "mine"));
+
+    EXPECT_FALSE(fileSystem.exists(others.missing()));
+    EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(file.path())));
+}
+
+TEST_F(PosixFileSystemTest, ReplacesALinkThatAnotherUserPlanted) {
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "only root can make a link look like another user's";
     const FileURL victim = folder.appending("victim");
     test::overwrite(victim, "precious");
     fs::create_symlink(victim.path(), file.path());
+    test::giveAway(file);
 
     ASSERT_TRUE(fileSystem.writeAtomically(file, "mine"));
 
     EXPECT_EQ(content(victim), "precious");
     EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(file.path())));
-    EXPECT_EQ(content(file), "mine");
+}
+
+TEST_F(PosixFileSystemTest, ReplacesLinksThatLeadNowhere) {
+    for (const char* const link : {"preferences.json", "none/file", ".."}) {
+        fs::remove(file.path());
+        fs::create_symlink(link, file.path());
+
+        ASSERT_TRUE(fileSystem.writeAtomically(file, "mine"));
+
+        EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(file.path())));
+        EXPECT_EQ(names(), Names{"preferences.json"});
+    }
 }
 
 TEST_F(PosixFileSystemTest, KeepsTheOldFileWhenTheFolderIsReadOnly) {

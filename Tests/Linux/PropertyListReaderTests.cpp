@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <ctime>
 #include <string>
 
 namespace vireline::x11 {
@@ -203,10 +204,11 @@ TEST(PropertyListReader, TakesLittleTimeForAllThatTheLimitsAdmit) {
         entries += "<key>k" + std::to_string(i < pairs / 2 ? i : pairs / 2) + "</key><true/>";
     const std::string bytes = xml("<dict>" + entries + "</dict>");
 
-    const auto start = std::chrono::steady_clock::now();
+    // The processor's time: what else runs on the computer says nothing of the parser.
+    const std::clock_t start = std::clock();
     EXPECT_TRUE(decode(bytes));
 
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds{5});
+    EXPECT_LT(std::clock() - start, 5 * CLOCKS_PER_SEC);
 }
 
 TEST(PropertyListReader, RefusesWhatIsTooLong) {

@@ -3,9 +3,13 @@
 
 #include "Foundation/FileURL.hpp"
 
+#include <unistd.h>
+
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <string_view>
+#include <system_error>
 
 namespace vireline::test {
 
@@ -31,6 +35,13 @@ inline void makeFolder(const FileURL& folder) {
 
 inline void removeAll(const FileURL& url) {
     std::filesystem::remove_all(url.path());
+}
+
+/// Makes it another user's, and if it is a link, the link. For root only.
+inline void giveAway(const FileURL& url) {
+    constexpr uid_t nobody = 65534;
+    if (::lchown(url.path().c_str(), nobody, static_cast<gid_t>(-1)) != 0)
+        throw std::system_error{errno, std::generic_category(), url.path()};
 }
 
 inline void rename(const FileURL& from, const FileURL& to) {

@@ -67,28 +67,11 @@ void append(const fs::path& path, std::string_view line) {
     file.write(line.data(), static_cast<std::streamsize>(line.size()));
 }
 
-}
-
-void setPath(std::optional<std::string> path) {
-    storedPath() = std::move(path);
-}
-
-const std::optional<std::string>& path() {
-    return storedPath();
-}
-
-void write(std::string_view message) {
-    const std::string line = "[" + timestamp() + "] " + std::string{message} + "\n";
-    std::fwrite(line.data(), 1, line.size(), stdout);
-    std::fflush(stdout);
-    const auto& path = storedPath();
-    if (!path)
-        return;
-
-    const fs::path file{*path};
+/// A link could lead out of the program's folder, and a pipe could block: only a plain file is
+/// written to, and nothing else is ever replaced.
+void appendToPlainFile(const std::string& path, std::string_view line) {
+    const fs::path file{path};
     std::error_code ignored;
-    // A link could lead out of the program's folder, and a pipe could block: only a plain file is
-    // written to, and nothing else is ever replaced.
     switch (fs::symlink_status(file, ignored).type()) {
     case fs::file_type::regular:
         append(file, line);
@@ -99,6 +82,33 @@ void write(std::string_view message) {
     default:
         break;
     }
+}
+
+Appender& storedAppender() {
+    static Appender appender = appendToPlainFile;
+    return appender;
+}
+
+}
+
+void setPath(std::optional<std::string> path) {
+    storedPath() = std::move(path);
+}
+
+const std::optional<std::string>& path() {
+    return storedPath();
+}
+
+void setAppender(Appender appender) {
+    storedAppender() = appender;
+}
+
+void write(std::string_view message) {
+    const std::string line = "[" + timestamp() + "] " + std::string{message} + "\n";
+    std::fwrite(line.data(), 1, line.size(), stdout);
+    std::fflush(stdout);
+    if (const auto& path = storedPath())
+        storedAppender()(*path, line);
 }
 
 }

@@ -33,6 +33,7 @@ packages_test=(
     libgtest-dev
     libpng-dev
     libxcb-xtest0-dev
+    lintian
 )
 
 # A desktop without a screen, for the tests and for the tour.

@@ -1,6 +1,7 @@
 #include "App/HostPlatform.hpp"
 
 #include "App/DesktopMotionSettings.hpp"
+#include "App/DevLog.hpp"
 #include "App/QtApplication.hpp"
 #include "App/QtPointerSettings.hpp"
 #include "App/QtRunLoop.hpp"
@@ -14,6 +15,7 @@
 #include "Displays/RandrScreens.hpp"
 #include "Files/GioTrash.hpp"
 #include "Files/InotifyFileEvents.hpp"
+#include "Files/LogFile.hpp"
 #include "Files/PosixFileSystem.hpp"
 #include "Files/XdgUserFolders.hpp"
 #include "Icons/ChosenIconTheme.hpp"
@@ -104,6 +106,7 @@ std::expected<std::unique_ptr<HostPlatform>, HostPlatform::Ended> HostPlatform::
         std::puts("Vireline is already running; asked it to show its settings.");
         return std::unexpected{EXIT_SUCCESS};
     }
+    DevLog::setAppender(LogFile::append);
     return std::unique_ptr<HostPlatform>{
         new HostPlatform{std::make_unique<Parts>(std::move(instance))}};
 }

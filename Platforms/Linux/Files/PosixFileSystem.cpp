@@ -2,6 +2,7 @@
 
 #include "Files/FileDescriptor.hpp"
 #include "Files/Folders.hpp"
+#include "Files/WriteTarget.hpp"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -9,9 +10,9 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstdio>
-#include <cstdlib>
+#include <random>
 #include <system_error>
+#include <utility>
 
 namespace vireline::x11 {
 namespace {
@@ -47,20 +48,21 @@ int writeAll(int file, std::string_view content) {
 /// this object unless it took that one's place.
 class Replacement {
 public:
-    explicit Replacement(const FileURL& target)
-        : path_(target.parent().appending("." + target.lastPathComponent() + ".XXXXXX").path())
-        // Creates with O_EXCL, which follows no link, and mode 0600.
-        , file_(::mkostemp(path_.data(), O_CLOEXEC)) {}
+    explicit Replacement(WriteTarget target) : target_(std::move(target)) {
+        if (target_.error == 0)
+            create();
+    }
     Replacement(const Replacement&) = delete;
     Replacement& operator=(const Replacement&) = delete;
     Replacement(Replacement&&) = delete;
     Replacement& operator=(Replacement&&) = delete;
     ~Replacement() {
         if (created_ && !placed_)
-            ::unlink(path_.c_str());
+            ::unlinkat(target_.folder.get(), name_.c_str(), 0);
     }
 
-    [[nodiscard]] bool wasCreated() const noexcept { return created_; }
+    /// Why there is no such file; 0 if there is.
+    [[nodiscard]] int error() const noexcept { return target_.error; }
 
     /// 0, or what went wrong.
     int fill(std::string_view content) {
@@ -71,28 +73,40 @@ public:
         return file_.close() ? 0 : errno;
     }
 
-    int takePlace(const FileURL& target) {
-        if (std::rename(path_.c_str(), target.path().c_str()) != 0)
+    /// 0, or what went wrong. The folder's entries are brought to the disk as well; the file is in
+    /// place by then, and not every file system can do this, so its failure is none of the write.
+    int takePlace() {
+        const int folder = target_.folder.get();
+        if (::renameat(folder, name_.c_str(), folder, target_.name.c_str()) != 0)
             return errno;
         placed_ = true;
+        ::fsync(folder);
         return 0;
     }
 
 private:
-    std::string path_;
+    /// With O_EXCL, which follows no link, for the user alone.
+    void create() {
+        constexpr int maximumAttempts = 16;
+        std::random_device random;
+        for (int attempt = 0; attempt < maximumAttempts; ++attempt) {
+            name_ = "." + target_.name + "." + std::to_string(random());
+            file_ = FileDescriptor{::openat(target_.folder.get(), name_.c_str(),
+                                            O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                                            S_IRUSR | S_IWUSR)};
+            created_ = static_cast<bool>(file_);
+            target_.error = created_ ? 0 : errno;
+            if (target_.error != EEXIST && target_.error != EINTR)
+                return;
+        }
+    }
+
+    WriteTarget target_;
+    std::string name_;
     FileDescriptor file_;
-    bool created_ = static_cast<bool>(file_);
+    bool created_ = false;
     bool placed_ = false;
 };
-
-/// Brings the folder's entries to the disk. The new file is in place already, and not every file
-/// system can do this, so its failure is no failure of the write.
-void synchronizeFolder(const FileURL& folder) {
-    const FileDescriptor opened{
-        openAgainWhenInterrupted(folder.path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)};
-    if (opened)
-        ::fsync(opened.get());
-}
 
 }
 
@@ -153,14 +167,13 @@ Result<void> PosixFileSystem::createFolder(const FileURL& url) {
 }
 
 Result<void> PosixFileSystem::writeAtomically(const FileURL& url, std::string_view content) {
-    Replacement replacement{url};
-    if (!replacement.wasCreated())
-        return failure(url, errno);
+    Replacement replacement{resolvedWriteTarget(url)};
+    if (replacement.error() != 0)
+        return failure(url, replacement.error());
     if (const int code = replacement.fill(content); code != 0)
         return failure(url, code);
-    if (const int code = replacement.takePlace(url); code != 0)
+    if (const int code = replacement.takePlace(); code != 0)
         return failure(url, code);
-    synchronizeFolder(url.parent());
     return {};
 }
 

@@ -17,8 +17,9 @@ public:
     /// Folders that it makes are the user's alone (mode 0700).
     Result<void> createFolder(const FileURL& url) override;
 
-    /// Writes a new file beside `url`, brings it to the disk and renames it over `url`. A symbolic
-    /// link at `url` is itself replaced and never followed, so that whoever can plant a link in the
+    /// Writes a new file beside the old one, brings it to the disk and renames it over that. A
+    /// symbolic link at `url` is followed when it, the file that it leads to and that file's folder
+    /// are the user's own; any other is itself replaced, so that whoever can plant a link in the
     /// folder cannot make the program overwrite a file elsewhere.
     Result<void> writeAtomically(const FileURL& url, std::string_view content) override;
 };

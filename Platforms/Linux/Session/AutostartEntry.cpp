@@ -175,15 +175,23 @@ bool isEnabled(const std::string& text, std::span<const std::string> desktopName
 
 std::optional<std::string> enabled(const std::string& text,
                                    std::span<const std::string> desktopNames) {
-    const KeyFile file = parse(text);
-    if (!isValid(file.get()))
-        return std::nullopt;
-    remove(file.get(), hiddenKey);
-    if (isSwitchedOff(file.get()))
-        g_key_file_set_boolean(file.get(), group, switchKey, TRUE);
-    if (!isShownIn(file.get(), desktopNames))
-        showIn(file.get(), desktopNames);
-    return textOf(file.get());
+    // Of a key that an entry holds twice, each pass takes out one. Nobody means to write many.
+    constexpr int maximumPasses = 8;
+    std::string edited = text;
+    for (int pass = 0; pass < maximumPasses; ++pass) {
+        const KeyFile file = parse(edited);
+        if (!isValid(file.get()))
+            return std::nullopt;
+        remove(file.get(), hiddenKey);
+        if (isSwitchedOff(file.get()))
+            g_key_file_set_boolean(file.get(), group, switchKey, TRUE);
+        if (!isShownIn(file.get(), desktopNames))
+            showIn(file.get(), desktopNames);
+        edited = textOf(file.get());
+        if (isEnabled(edited, desktopNames))
+            return edited;
+    }
+    return std::nullopt;
 }
 
 std::optional<std::string> hidden(const std::string& text) {

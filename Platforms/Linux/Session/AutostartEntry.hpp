@@ -22,7 +22,7 @@ namespace vireline::x11::AutostartEntry {
 [[nodiscard]] bool isEnabled(const std::string& text, std::span<const std::string> desktopNames);
 
 /// The same entry with nothing in it that keeps such a desktop from starting it. Nothing for what
-/// is no valid entry.
+/// is no valid entry, or is one that repeats itself without end.
 [[nodiscard]] std::optional<std::string> enabled(const std::string& text,
                                                  std::span<const std::string> desktopNames);
 

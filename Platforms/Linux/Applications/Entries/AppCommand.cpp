@@ -57,11 +57,6 @@ bool isOption(std::string_view word) {
     return word.starts_with('-');
 }
 
-void dropFront(Words& words, std::size_t count) {
-    words.erase(words.begin(),
-                words.begin() + static_cast<std::ptrdiff_t>(std::min(count, words.size())));
-}
-
 /// The file name in a Windows path, in lower case.
 std::string windowsBaseName(std::string_view path) {
     const std::size_t slash = path.find_last_of("\\/");
@@ -75,20 +70,24 @@ std::optional<std::string> windowsProgramIn(std::string_view word) {
     return isProgram ? std::optional{std::move(name)} : std::nullopt;
 }
 
+/// Erases them all at once: a command line may be nothing but thousands of wrappers.
 void dropWrappers(Words& words) {
-    while (!words.empty()) {
-        if (isAssignment(words.front())) {
-            dropFront(words, 1);
+    std::size_t first = 0;
+    while (first < words.size()) {
+        if (isAssignment(words[first])) {
+            ++first;
             continue;
         }
-        if (!isOneOf(wrappers, PlainText::baseName(words.front())))
-            return;
-        dropFront(words, 1);
-        while (!words.empty() && isOption(words.front())) {
-            const bool hasValue = words.front() == "-u" || words.front() == "-n";
-            dropFront(words, hasValue ? 2 : 1);
+        if (!isOneOf(wrappers, PlainText::baseName(words[first])))
+            break;
+        ++first;
+        while (first < words.size() && isOption(words[first])) {
+            const bool hasValue = words[first] == "-u" || words[first] == "-n";
+            first += hasValue ? 2 : 1;
         }
     }
+    first = std::min(first, words.size());
+    words.erase(words.begin(), words.begin() + static_cast<std::ptrdiff_t>(first));
 }
 
 /// What a shell is told to run with -c; nothing for other command lines.

@@ -88,6 +88,8 @@ Process prepared(const ProcessFacts& facts) {
     Process process;
     process.facts = facts;
     process.command = AppCommands::fromArguments(facts.arguments);
+    process.sortedArguments = process.command.arguments;
+    std::ranges::sort(process.sortedArguments);
     process.programs.push_back(process.command.program);
     if (process.command.interpreter.empty())
         process.programs.push_back(facts.executable);
@@ -108,8 +110,7 @@ std::optional<Quality> quality(const IndexedEntry& entry, const Process& process
     if (!command.windowsProgram.empty() || process.facts.arguments.empty())
         return quality;
     for (const std::string& argument : command.arguments) {
-        const auto& present = process.command.arguments;
-        if (std::ranges::find(present, argument) != present.end())
+        if (std::ranges::binary_search(process.sortedArguments, argument))
             ++quality.presentArguments;
         else if (isOption(argument))
             --quality.missingOptions;

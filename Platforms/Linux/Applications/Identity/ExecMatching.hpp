@@ -15,6 +15,8 @@ namespace vireline::x11::ExecMatching {
 struct Process {
     ProcessFacts facts;
     AppCommand command;
+    /// Those of the command line, sorted: either side may have thousands.
+    std::vector<std::string> sortedArguments;
     /// Paths and names under which its program may stand in an Exec line.
     std::vector<std::string> programs;
 };
