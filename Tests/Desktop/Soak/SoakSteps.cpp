@@ -182,7 +182,7 @@ void dragTile(SoakWorld& world) {
         return;
     // The list that comes back may lack the app, or have it at that place.
     const bool comesBack = !isManual(world.settings());
-    require(comesBack || world.desktop().log().reaches(line, before + 1), "a drag moves nothing");
+    require(world.desktop().log().reaches(line, before + 1) || comesBack, "a drag moves nothing");
     world.awaitSave(isManual);
     require(identifiers(world.pinned()) == list, "a drag loses or makes a tile");
 }
