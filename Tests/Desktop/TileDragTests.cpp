@@ -46,19 +46,6 @@ protected:
         }
     }
 
-    /// Whether some client holds the keyboard.
-    [[nodiscard]] bool isKeyboardHeld() {
-        auto* const x = desktop().client().get();
-        const Owned<xcb_grab_keyboard_reply_t> grab{xcb_grab_keyboard_reply(
-            x,
-            xcb_grab_keyboard(x, 0, desktop().client().root(), XCB_CURRENT_TIME,
-                              XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC),
-            nullptr)};
-        xcb_ungrab_keyboard(x, XCB_CURRENT_TIME);
-        desktop().client().sync();
-        return grab && grab->status == XCB_GRAB_STATUS_ALREADY_GRABBED;
-    }
-
     const std::vector<App> apps = someApps(3);
     const App& alpha = apps[0];
     const App& beta = apps[1];
@@ -158,7 +145,7 @@ TEST_F(TileDrag, EndsWithEscapeAndLeavesTheListAlone) {
     run();
     drag(0, 2);
     ASSERT_TRUE(turns(tile(0), beta.colour));
-    ASSERT_TRUE(eventually([&] { return isKeyboardHeld(); }));
+    ASSERT_TRUE(eventually([&] { return desktop().keyboard().isHeld(); }));
     desktop().keyboard().type(Keyboard::escape);
     expectTiles({alpha, beta, gamma});
     letGo();
@@ -170,13 +157,13 @@ TEST_F(TileDrag, EndsWithEscapeAndLeavesTheListAlone) {
 
 TEST_F(TileDrag, GivesTheKeyboardBack) {
     run();
-    EXPECT_FALSE(isKeyboardHeld());
+    EXPECT_FALSE(desktop().keyboard().isHeld());
     drag(0, 1);
     // Asking holds it as well, for a moment, and must not come first.
     ASSERT_TRUE(turns(tile(0), beta.colour));
-    EXPECT_TRUE(eventually([&] { return isKeyboardHeld(); }));
+    EXPECT_TRUE(eventually([&] { return desktop().keyboard().isHeld(); }));
     letGo();
-    EXPECT_TRUE(eventually([&] { return !isKeyboardHeld(); }));
+    EXPECT_TRUE(eventually([&] { return !desktop().keyboard().isHeld(); }));
 }
 
 TEST_F(TileDrag, GoesOnFarFromTheDock) {
@@ -224,7 +211,7 @@ TEST_F(TileDrag, IsOffWhenItsTileLeavesTheList) {
     ASSERT_TRUE(docksSettle(request));
     letGo();
     expectTiles({beta, gamma});
-    EXPECT_TRUE(eventually([&] { return !isKeyboardHeld(); }));
+    EXPECT_TRUE(eventually([&] { return !desktop().keyboard().isHeld(); }));
     EXPECT_EQ(desktop().log().count("manual"), 0);
 }
 

@@ -135,8 +135,11 @@ bool drag(SoakWorld& world, const DockLayout& dock, int from, int to) {
         pointer.moveTo(
             {start.x + (end.x - start.x) * i / steps, start.y + (end.y - start.y) * i / steps});
     const bool isCancelled = world.onceIn(4);
-    if (isCancelled)
+    if (isCancelled) {
+        require(eventually([&] { return world.desktop().keyboard().isHeld(); }),
+                "a drag does not listen for Escape");
         world.desktop().keyboard().type(Keyboard::escape);
+    }
     pointer.release(Pointer::Button::primary);
     return !isCancelled;
 }

@@ -69,4 +69,16 @@ void Keyboard::typeWithControl(xcb_keysym_t symbol) const {
     fake(client_, XCB_KEY_RELEASE, modifier);
 }
 
+bool Keyboard::isHeld() const {
+    auto* const x = client_.get();
+    const Owned<xcb_grab_keyboard_reply_t> grab{
+        xcb_grab_keyboard_reply(x,
+                                xcb_grab_keyboard(x, 0, client_.root(), XCB_CURRENT_TIME,
+                                                  XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC),
+                                nullptr)};
+    xcb_ungrab_keyboard(x, XCB_CURRENT_TIME);
+    client_.sync();
+    return grab && grab->status == XCB_GRAB_STATUS_ALREADY_GRABBED;
+}
+
 }

@@ -49,6 +49,8 @@ public:
     void type(xcb_keysym_t symbol) const;
     /// The same while Control is held.
     void typeWithControl(xcb_keysym_t symbol) const;
+    /// Whether some client holds the keyboard, so that all keys go there.
+    [[nodiscard]] bool isHeld() const;
 
 private:
     const XClient& client_;
