@@ -44,7 +44,8 @@ Strip randomStrip(test::Random& random) {
                         .unpinnedRunning = random.integer(0, 10),
                         .utility = random.integer(0, 2)};
     const double size = random.integer(16, 64);
-    const double container = DockOrdering::stripWidth(counts, size) + random.real(-300, 600);
+    const double container =
+        std::max(0.0, DockOrdering::stripWidth(counts, size) + random.real(-300, 600));
     return {.counts = counts,
             .iconSize = size,
             .magnification = random.real(1.05, 2.5),
