@@ -147,7 +147,7 @@ void waking(FaultWorld& world) {
     world.start();
     world.pass(3600);
     if (world.platform.fake.pointerTaps.isTapped())
-        world.platform.fake.pointerTaps.disableByTimeout();
+        world.platform.fake.pointerTaps.disable(PointerTapEvent::Kind::tapDisabledByTimeout);
     for (int i = 0; i < 3; ++i)
         world.platform.fake.screens.announceChange();
     world.platform.fake.dockPreferences.announceChange();

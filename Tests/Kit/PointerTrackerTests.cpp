@@ -199,5 +199,44 @@ TEST_F(PointerTrackerTest, LeavesWhenTheWindowGoes) {
     EXPECT_EQ(listener.take(), Log{});
 }
 
+TEST_F(PointerTrackerTest, AMenuHoldsWhateverThePointerDoesMeanwhile) {
+    tracker.entered({10, 10});
+    tracker.menuOpened();
+    listener.take();
+
+    tracker.entered({20, 10});
+    tracker.moved({20, 10});
+    tracker.pressed({20, 10});
+    tracker.secondaryPressed({20, 10});
+    tracker.released({20, 10}, true);
+    tracker.left(away);
+
+    EXPECT_EQ(listener.take(), Log{});
+}
+
+TEST_F(PointerTrackerTest, AHeldButtonIsNotPressedOnceMore) {
+    tracker.entered({10, 10});
+    tracker.pressed({10, 10});
+    EXPECT_TRUE(tracker.isPressed());
+    listener.take();
+
+    tracker.pressed({12, 10});
+    tracker.secondaryPressed({12, 10});
+
+    EXPECT_EQ(listener.take(), Log{});
+    tracker.released({12, 10}, true);
+    EXPECT_FALSE(tracker.isPressed());
+}
+
+TEST_F(PointerTrackerTest, ASecondaryPressBesideTheViewIsNobodys) {
+    tracker.entered({10, 10});
+    listener.take();
+
+    tracker.secondaryPressed({10, -5});
+    EXPECT_EQ(listener.take(), Log{});
+    tracker.secondaryPressed({10, 10});
+    EXPECT_EQ(listener.take(), Log{"secondary 10"});
+}
+
 }
 }

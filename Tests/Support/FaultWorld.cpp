@@ -52,16 +52,16 @@ void FaultWorld::quit() {
 }
 
 void FaultWorld::click(const std::string& label) {
-    if (const auto at = tile(label)) {
-        dock()->listener().pointerEvent({PointerEvent::Kind::pressed, *at});
-        dock()->listener().pointerEvent({PointerEvent::Kind::released, *at});
-    }
+    if (const auto at = tile(label))
+        send({PointerEvent::Kind::pressed, PointerEvent::Kind::released}, *at);
 }
 
 void FaultWorld::doubleClick(const std::string& label) {
     pass(1);
-    click(label);
-    click(label);
+    if (const auto at = tile(label)) {
+        for (int i = 0; i < 2; ++i)
+            send({PointerEvent::Kind::pressed, PointerEvent::Kind::released}, *at);
+    }
     pass(1);
 }
 
@@ -69,7 +69,7 @@ void FaultWorld::chooseFromMenu(const std::string& label, const std::string& tit
     const auto at = tile(label);
     if (!at)
         return;
-    dock()->listener().pointerEvent({PointerEvent::Kind::secondaryPressed, *at});
+    send({PointerEvent::Kind::secondaryPressed}, *at);
     const auto& entries = dock()->menus.back().menu.entries;
     const auto chosen = std::ranges::find_if(entries, [&](const MenuItem& entry) {
         const auto* const command = std::get_if<MenuCommand>(&entry);
@@ -86,9 +86,8 @@ void FaultWorld::dragTile(const std::string& label, const std::string& onto) {
     const auto to = tile(onto);
     if (!from || !to)
         return;
-    dock()->listener().pointerEvent({PointerEvent::Kind::pressed, *from});
-    dock()->listener().pointerEvent({PointerEvent::Kind::moved, *to});
-    dock()->listener().pointerEvent({PointerEvent::Kind::released, *to});
+    send({PointerEvent::Kind::pressed}, *from);
+    send({PointerEvent::Kind::moved, PointerEvent::Kind::released}, *to);
 }
 
 void FaultWorld::dropOn(const std::string& label, const FileURL& file) {
@@ -133,20 +132,24 @@ FaultWorld::Sight FaultWorld::look() {
     return sight;
 }
 
-FakePanel* FaultWorld::dock() {
-    FakePanel* const panel = platform.fake.panelWindows.find(display);
-    if (panel != nullptr) {
-        panel->nextFrame();
-        pass(0.3);
-        panel->nextFrame();
+void FaultWorld::send(std::initializer_list<PointerEvent::Kind> kinds, Point at) {
+    for (const PointerEvent::Kind kind : kinds) {
+        if (FakePanel* const panel = dock())
+            panel->listener().pointerEvent({kind, at});
     }
-    return panel;
+}
+
+FakePanel* FaultWorld::dock() {
+    return platform.fake.panelWindows.find(display);
 }
 
 std::optional<Point> FaultWorld::tile(const std::string& label) {
     FakePanel* const panel = dock();
     if (panel == nullptr)
         return std::nullopt;
+    panel->nextFrame();
+    pass(0.5);
+    panel->nextFrame();
     const auto all = panel->listener().accessibleTiles();
     const auto found = std::ranges::find(all, label, &AccessibleTile::label);
     return found == all.end() ? std::nullopt : std::optional{found->frame.center()};

@@ -6,6 +6,7 @@
 #include "Support/FaultyPlatform.hpp"
 #include "Support/LoggedLines.hpp"
 
+#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <ostream>
@@ -83,7 +84,9 @@ public:
 
 private:
     [[nodiscard]] FakePanel* dock();
+    /// Where it lies once everything has come to rest.
     [[nodiscard]] std::optional<Point> tile(const std::string& label);
+    void send(std::initializer_list<PointerEvent::Kind> kinds, Point at);
     [[nodiscard]] FileURL preferences() const;
 
     std::string textBefore_;

@@ -34,7 +34,6 @@ Displays/DockLocationDetector.cpp
 Displays/DockMetrics.hpp
 Displays/FullScreenDetector.cpp
 Displays/PanelPlanner.cpp
-Foundation/FileURL.cpp
 Foundation/Geometry.hpp
 Interaction/ClickPolicy.cpp
 Interaction/TapTracker.cpp
@@ -44,7 +43,6 @@ Settings/Settings.hpp
 Settings/SettingsCoding.cpp
 Sources/DockPreferencesReader.cpp
 Views/AccessibleTiles.cpp
-Views/Animator.cpp
 Views/Curve.cpp
 Views/DemoCursor.cpp
 Views/DockMagnifier.cpp
@@ -68,11 +66,12 @@ ADDRESS_SPACE = 2 << 30
 # The quicker one, if it is there.
 LINKER = ["-fuse-ld=lld"] if shutil.which("ld.lld") else ["-fuse-ld=gold"] if shutil.which("ld.gold") else []
 
+STANDARD_HEADERS = """algorithm array cmath cstdint functional map memory optional ostream ranges set span
+string string_view utility variant vector""".split()
+
 BINARY = {
-    "<": ["<=", ">="], "<=": ["<", ">"], ">": [">=", "<="], ">=": [">", "<"],
-    "==": ["!="], "!=": ["=="], "&&": ["||"], "||": ["&&"],
-    "+": ["-"], "-": ["+"], "*": ["/"], "/": ["*"], "%": ["*"],
-    "+=": ["-="], "-=": ["+="], "*=": ["/="], "/=": ["*="],
+    "<": "<=", "<=": "<", ">": ">=", ">=": ">", "==": "!=", "!=": "==", "&&": "||", "||": "&&",
+    "+": "-", "-": "+", "*": "/", "/": "*", "%": "*", "+=": "-=", "-=": "+=", "*=": "/=", "/=": "*=",
 }
 WORDS = {"true": "false", "false": "true", "min": "max", "max": "min"}
 
@@ -123,18 +122,16 @@ def changed_number(text):
     return repr(value + 1 if value.is_integer() else round(value * 1.1, 9))
 
 
-def replacements(match):
-    kind = match.lastgroup if match.lastgroup != "suffix" else "number"
-    token = match[kind]
+def replacement(kind, token):
     if kind == "binary":
-        return kind, BINARY[token]
+        return BINARY[token]
     if kind == "step":
-        return kind, ["--" if token == "++" else "++"]
+        return "--" if token == "++" else "++"
     if kind in ("minus", "no"):
-        return kind, [""]
+        return ""
     if kind == "number":
-        return kind, [changed_number(token)]
-    return kind, [WORDS[token]]
+        return changed_number(token)
+    return WORDS[token]
 
 
 def mutants_of(path):
@@ -142,18 +139,17 @@ def mutants_of(path):
     code = HIDDEN.sub(lambda hidden: re.sub(r"[^\n]", " ", hidden[0]), source)
     found, seen = [], {}
     for match in TOKENS.finditer(code):
-        kind, news = replacements(match)
+        kind = "number" if match.lastgroup == "suffix" else match.lastgroup
         start = match.start(kind)
         begin = source.rfind("\n", 0, start) + 1
         text = source[begin:source.find("\n", start)].strip()
         # How much room is made beforehand changes nothing.
         if ".reserve(" in text:
             continue
-        line = source.count("\n", 0, start) + 1
-        for new in news:
-            place = (text, match[kind], new)
-            seen[place] = seen.get(place, 0) + 1
-            found.append(Mutant(path, start, line, text, match[kind], new, seen[place]))
+        old = match[kind]
+        seen[text, old] = seen.get((text, old), 0) + 1
+        found.append(Mutant(path, start, source.count("\n", 0, start) + 1, text, old,
+                            replacement(kind, old), seen[text, old]))
     return found
 
 
@@ -179,6 +175,8 @@ class Worker:
         self.folder = WORK / str(number)
         self.source = self.folder / "source"
         self.build = self.folder / "build"
+        # There while the build folder may hold what was built from a mutant.
+        self.mark = self.folder / "at work"
         # Units whose objects were last built from a mutant.
         self.stale = set()
         self.environment = dict(os.environ, CCACHE_DIR=str(WORK / "ccache"), CCACHE_MAXSIZE="2G",
@@ -189,7 +187,11 @@ class Worker:
                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT, **options)
 
     def prepare(self, jobs):
+        """Anew if the last run was interrupted."""
+        if self.mark.exists():
+            shutil.rmtree(self.build, ignore_errors=True)
         self.build.mkdir(parents=True, exist_ok=True)
+        self.mark.touch()
         self.copy_sources()
         configure = ["cmake", "-G", "Ninja", "-S", str(self.source), "-B", str(self.build),
                      "-D", "CMAKE_CXX_COMPILER=clang++-19", "-D", "CMAKE_BUILD_TYPE=Debug",
@@ -204,10 +206,23 @@ class Worker:
         commands = json.loads((self.build / "compile_commands.json").read_text())
         self.objects = {str(pathlib.Path(c["file"]).relative_to(self.source)):
                         re.search(r" -o (\S+)", c["command"])[1] for c in commands}
+        self.commands = {str(pathlib.Path(c["file"]).relative_to(self.source)):
+                         c["command"].split(" -o ")[0].replace(shutil.which("ccache") or " ", "", 1)
+                         for c in commands}
+        self.precompile()
         self.libraries = self.libraries_of_the_tests()
         failure = self.link_and_test(["*"])
         if failure is not None:
             sys.exit(f"the tests fail without any change:\n{failure}")
+
+    def precompile(self):
+        """Most of the time for a unit of the kit goes into the standard library's headers."""
+        header = self.folder / "standard.hpp"
+        header.write_text("".join(f"#include <{name}>\n" for name in STANDARD_HEADERS))
+        flags = shlex.split(next(c for unit, c in self.commands.items() if unit.startswith("VirelineKit")))
+        made = self.run([*flags, "-x", "c++-header", str(header), "-o", f"{header}.pch"])
+        if made.returncode != 0:
+            sys.exit(made.stdout)
 
     def libraries_of_the_tests(self):
         """The kit's and the fakes' objects are linked directly: that spares an archive each time."""
@@ -264,7 +279,12 @@ class Worker:
 
     def judge_with(self, units, tests):
         self.stale.update(units)
-        built = self.ninja(*[self.objects[unit] for unit in units])
+        if len(units) == 1:
+            built = self.run([*shlex.split(self.commands[units[0]]),
+                              "-include-pch", str(self.folder / "standard.hpp.pch"),
+                              "-o", self.objects[units[0]], "-c", str(self.source / units[0])])
+        else:
+            built = self.ninja(*[self.objects[unit] for unit in units])
         if built.returncode != 0:
             return "caught" if "static assertion failed" in built.stdout else "not C++"
         return "survived" if self.link_and_test(tests, units) is None else "caught"
@@ -285,8 +305,14 @@ class Worker:
 
     def restore(self):
         """Builds what still stands as a mutant left it."""
+        for unit in self.stale:
+            (self.build / self.objects[unit]).unlink(missing_ok=True)
         self.ninja(*[self.objects[unit] for unit in self.stale])
         self.stale.clear()
+
+    def finish(self):
+        self.restore()
+        self.mark.unlink()
 
     def test(self, tests, program):
         """What failed; nothing when all passed."""
@@ -374,6 +400,8 @@ def main():
     for worker in workers:
         worker.prepare(chosen.jobs)
     outcomes = judge_all(mutants, workers)
+    for worker in workers:
+        worker.finish()
     survived -= {m.key for m in outcomes}
     survived |= {m.key for m, outcome in outcomes.items() if outcome == "survived"}
     LAST.write_text(json.dumps(sorted(survived), indent=1))
