@@ -294,5 +294,15 @@ TEST(Animator, ANodeThatIsFadingOutStaysWhereItIsOnTheDisplayThoughTheViewMoves)
     EXPECT_TRUE(animator.frame(0.1).nodes.empty()) << "and it is gone in its time";
 }
 
+TEST(Animator, ANodeThatCannotFadeIsThereAtOnce) {
+    Animator animator;
+    animator.setTarget(sceneOf({dotAt(0)}), 0);
+
+    animator.setTarget(sceneOf({dotAt(0), dotAt(10, 2)}), 1);
+
+    EXPECT_EQ(animator.frame(1).nodes.at(1), dotAt(10, 2));
+    EXPECT_FALSE(animator.isMoving(1));
+}
+
 }
 }

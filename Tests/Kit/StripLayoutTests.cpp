@@ -152,5 +152,16 @@ TEST(StripLayout, TheMagnificationBandReachesEightPointsBeyondTheStrip) {
     EXPECT_FALSE(StripLayout::isInMagnificationBand({35.5, 10}, right, 44));
 }
 
+TEST(StripLayout, AStripWithoutAnyTileHasItsSeparatorBehindThePadding) {
+    Request request = bottomDock(0, 0);
+    request.hasDownloads = false;
+    request.hasTrash = false;
+    const StripFrames frames = StripLayout::layout(request);
+
+    EXPECT_TRUE(frames.tiles.empty());
+    ASSERT_EQ(frames.separators.size(), 1U);
+    EXPECT_EQ(frames.separators[0].minX() - frames.glass.minX(), 7);
+}
+
 }
 }
