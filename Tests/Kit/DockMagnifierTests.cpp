@@ -260,5 +260,17 @@ TEST(DockMagnifier, SurvivesIconSizesThatMakeNoSense) {
     }
 }
 
+TEST(DockMagnifier, MagnifiesHoweverShortTheReach) {
+    EXPECT_EQ(DockMagnifier::scales(std::vector{10.0, 11.0}, 10, 2, 0.5), (std::vector{2.0, 1.0}));
+}
+
+TEST(DockMagnifier, PutsAStripAgainstTheEndThatThePointerIsBeyond) {
+    const std::vector base{10.0};
+    EXPECT_EQ(anchoredShift(base, base, {.base = 20, .packed = 20, .container = 30}, -100), 0);
+    EXPECT_EQ(anchoredShift(base, base, {.base = 20, .packed = 20, .container = 30}, 100), 10);
+    EXPECT_EQ(anchoredShift(base, base, {.base = 20, .packed = 20, .container = 15}, -100), -5);
+    EXPECT_EQ(anchoredShift(base, base, {.base = 20, .packed = 20, .container = 15}, 100), 0);
+}
+
 }
 }
