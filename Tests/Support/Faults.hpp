@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -52,6 +53,11 @@ public:
     /// Fallible calls so far.
     [[nodiscard]] int calls() const noexcept { return calls_; }
 
+    /// The names of all fallible calls so far.
+    [[nodiscard]] const std::set<std::string, std::less<>>& names() const noexcept {
+        return names_;
+    }
+
     /// The call that failed, such as "FileSystem::read"; nothing while none has.
     [[nodiscard]] const std::optional<std::string>& failed() const noexcept { return failed_; }
 
@@ -59,6 +65,7 @@ public:
     template <class Call>
     auto operator()(std::string_view name, Call call) -> decltype(call()) {
         using Answer = decltype(call());
+        names_.emplace(name);
         if (++calls_ != doomed_)
             return call();
         failed_ = name;
@@ -68,6 +75,7 @@ public:
 private:
     int doomed_ = 0;
     int calls_ = 0;
+    std::set<std::string, std::less<>> names_;
     std::optional<std::string> failed_;
 };
 
