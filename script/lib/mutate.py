@@ -63,11 +63,14 @@ PROCESSOR_SECONDS = 20
 WALL_SECONDS = 120
 ADDRESS_SPACE = 2 << 30
 
+# More of the units that name a header are only built when the nearest do not catch a change of it.
+MOST_NEAR_UNITS = 8
+
 # The quicker one, if it is there.
 LINKER = ["-fuse-ld=lld"] if shutil.which("ld.lld") else ["-fuse-ld=gold"] if shutil.which("ld.gold") else []
 
-STANDARD_HEADERS = """algorithm array cmath cstdint functional map memory optional ostream ranges set span
-string string_view utility variant vector""".split()
+OUTER_HEADERS = """algorithm array cmath cstdint functional map memory nlohmann/json.hpp optional ostream ranges
+set span string string_view utility variant vector""".split()
 
 BINARY = {
     "<": "<=", "<=": "<", ">": ">=", ">=": ">", "==": "!=", "!=": "==", "&&": "||", "||": "&&",
@@ -216,9 +219,9 @@ class Worker:
             sys.exit(f"the tests fail without any change:\n{failure}")
 
     def precompile(self):
-        """Most of the time for a unit of the kit goes into the standard library's headers."""
-        header = self.folder / "standard.hpp"
-        header.write_text("".join(f"#include <{name}>\n" for name in STANDARD_HEADERS))
+        """Most of the time for a unit of the kit goes into the headers of others."""
+        header = self.folder / "outer.hpp"
+        header.write_text("".join(f"#include <{name}>\n" for name in OUTER_HEADERS))
         flags = shlex.split(next(c for unit, c in self.commands.items() if unit.startswith("VirelineKit")))
         made = self.run([*flags, "-x", "c++-header", str(header), "-o", f"{header}.pch"])
         if made.returncode != 0:
@@ -257,8 +260,8 @@ class Worker:
             return self.judge(mutant)
         finally:
             file.write_text(original)
-            # Of one file's mutants the next replaces what the last one left, but for a header.
-            if len(self.stale) > 2:
+            # Of one file's mutants the next one replaces what this one left, unless all was built.
+            if len(self.stale) == len(self.objects):
                 self.restore()
 
     def judge(self, mutant):
@@ -266,28 +269,40 @@ class Worker:
         tests = [f"*{subject}*", f"-*{subject}*"]
         if not mutant.path.endswith(".hpp"):
             return self.judge_with([f"VirelineKit/{mutant.path}"], tests)
-        # A header takes long to build with all that include it. What its own unit and its own tests
-        # make of the change is enough to call it caught: linked in front of all others, their copies
-        # of its functions are those that the whole program uses.
-        stem = pathlib.PurePath(mutant.path).with_suffix("")
-        few = [name for name in (f"VirelineKit/{stem}.cpp", f"Tests/Kit/{stem.name}Tests.cpp")
-               if name in self.objects]
+        # A header takes long to build with all that include it. What the kit's units that name it and
+        # its own tests make of the change is enough to call it caught: linked in front of all others,
+        # their copies of its functions are those that the whole program uses.
+        few = self.nearest_units(mutant.path)
         outcome = self.judge_with(few, tests) if few else "survived"
         if outcome == "survived":
             outcome = self.judge_with(list(self.objects), tests)
         return outcome
 
+    def nearest_units(self, header):
+        stem = pathlib.PurePath(header).with_suffix("")
+        own = [f"VirelineKit/{stem}.cpp", f"Tests/Kit/{stem.name}Tests.cpp"]
+        near = [unit for unit in self.objects if unit.startswith("VirelineKit/") and
+                f'#include "{header}"' in (self.source / unit).read_text()]
+        units = [unit for unit in own if unit in self.objects]
+        return units + [unit for unit in near[:MOST_NEAR_UNITS] if unit not in units]
+
     def judge_with(self, units, tests):
         self.stale.update(units)
-        if len(units) == 1:
-            built = self.run([*shlex.split(self.commands[units[0]]),
-                              "-include-pch", str(self.folder / "standard.hpp.pch"),
-                              "-o", self.objects[units[0]], "-c", str(self.source / units[0])])
-        else:
-            built = self.ninja(*[self.objects[unit] for unit in units])
+        for unit in units:
+            if len(units) == len(self.objects):
+                built = self.ninja(*self.objects.values())
+                break
+            built = self.compile(unit)
+            if built.returncode != 0:
+                break
         if built.returncode != 0:
             return "caught" if "static assertion failed" in built.stdout else "not C++"
         return "survived" if self.link_and_test(tests, units) is None else "caught"
+
+    def compile(self, unit):
+        return self.run([*shlex.split(self.commands[unit]), "-o", self.objects[unit],
+                         "-include-pch", str(self.folder / "outer.hpp.pch"),
+                         "-c", str(self.source / unit)])
 
     def link_and_test(self, tests, front=()):
         """What failed; nothing when all passed."""
@@ -328,22 +343,26 @@ class Worker:
         return None if ran.returncode == 0 else ran.stdout
 
 
-def judge_all(mutants, workers):
-    """By file, so that a worker builds little anew from one mutant to the next."""
+def judge_all(mutants, workers, known):
+    """By file, so that a worker builds little anew from one mutant to the next. Every outcome is kept
+    at once in `known`, by the mutant's key, and on the disk."""
     free = queue.Queue()
     for worker in workers:
         free.put(worker)
     files = {}
     for mutant in mutants:
         files.setdefault(mutant.path, []).append(mutant)
-    outcomes = {}
+    total, judged = len(mutants), 0
 
     def judge_file(batch):
+        nonlocal judged
         worker = free.get()
         try:
             for mutant in batch:
-                outcomes[mutant] = worker.outcome(mutant)
-                print(f"{len(outcomes):4} of {len(mutants)}  {outcomes[mutant]:9} "
+                known[mutant.key] = worker.outcome(mutant)
+                judged += 1
+                LAST.write_text(json.dumps(known, indent=1))
+                print(f"{judged:4} of {total}  {known[mutant.key]:9} "
                       f"{mutant.path}:{mutant.line}  {mutant.change}", flush=True)
         finally:
             worker.restore()
@@ -353,11 +372,12 @@ def judge_all(mutants, workers):
         largest_first = sorted(files.values(), key=len, reverse=True)
         for done in [pool.submit(judge_file, batch) for batch in largest_first]:
             done.result()
-    return outcomes
 
 
-def report(outcomes, equivalents, is_whole):
-    judged = [m for m, outcome in outcomes.items() if outcome != "not C++"]
+def report(mutants, known, equivalents):
+    """Whether enough of them were caught, and the file of equivalents is current."""
+    outcomes = {mutant: known[mutant.key] for mutant in mutants}
+    judged = [m for m in mutants if outcomes[m] != "not C++"]
     survivors = [m for m in judged if outcomes[m] == "survived"]
     unexplained = [m for m in survivors if m.key not in equivalents]
     changing = [m for m in judged if m not in survivors or m in unexplained]
@@ -368,9 +388,8 @@ def report(outcomes, equivalents, is_whole):
     for mutant in sorted(unexplained, key=lambda m: (m.path, m.line)):
         print(f"survived: VirelineKit/{mutant.path}:{mutant.line}\n    {mutant.key}")
     survived = {m.key for m in survivors}
-    judged_files = {m.path for m in outcomes}
-    stale = [key for key in equivalents
-             if key not in survived and (is_whole or key.split(" | ")[0] in judged_files)]
+    paths = {m.path for m in mutants}
+    stale = [key for key in equivalents if key not in survived and key.split(" | ")[0] in paths]
     for key in stale:
         print(f"no such survivor any more: {key}")
     return share >= REQUIRED_SHARE and not stale
@@ -379,16 +398,15 @@ def report(outcomes, equivalents, is_whole):
 def main():
     arguments = argparse.ArgumentParser(prog="script/mutate", description="Mutation check of the kit's rules.")
     arguments.add_argument("--list", action="store_true", help="only say what would be changed")
-    arguments.add_argument("--again", action="store_true", help="only those that survived the last time")
+    arguments.add_argument("--again", action="store_true", help="only those that were not caught the last time")
     arguments.add_argument("--jobs", type=int, default=min(2, os.cpu_count() or 1))
     arguments.add_argument("files", nargs="*", help="only rules whose path contains this")
     chosen = arguments.parse_args()
 
     paths = [p for p in RULES if not chosen.files or any(f in p for f in chosen.files)]
     mutants = [mutant for path in paths for mutant in mutants_of(path)]
-    survived = set(json.loads(LAST.read_text())) if LAST.exists() else set()
-    if chosen.again:
-        mutants = [m for m in mutants if m.key in survived]
+    known = json.loads(LAST.read_text()) if chosen.again and LAST.exists() else {}
+    due = [m for m in mutants if known.get(m.key, "survived") == "survived"]
     if chosen.list:
         for mutant in mutants:
             print(f"{mutant.path}:{mutant.line}  {mutant.change}  |  {mutant.text}")
@@ -396,16 +414,13 @@ def main():
         return True
 
     WORK.mkdir(parents=True, exist_ok=True)
-    workers = [Worker(number) for number in range(min(chosen.jobs, len(paths)))]
+    workers = [Worker(number) for number in range(chosen.jobs)]
     for worker in workers:
         worker.prepare(chosen.jobs)
-    outcomes = judge_all(mutants, workers)
+    judge_all(due, workers, known)
     for worker in workers:
         worker.finish()
-    survived -= {m.key for m in outcomes}
-    survived |= {m.key for m, outcome in outcomes.items() if outcome == "survived"}
-    LAST.write_text(json.dumps(sorted(survived), indent=1))
-    return report(outcomes, read_equivalents(), not chosen.files and not chosen.again)
+    return report(mutants, known, read_equivalents())
 
 
 if __name__ == "__main__":
