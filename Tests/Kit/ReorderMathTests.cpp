@@ -89,5 +89,9 @@ TEST(ReorderMathDeathTest, StopsForADragWithoutEnd) {
     EXPECT_DEATH((void)neighborOffset(1, drag), "broken condition");
 }
 
+TEST(ReorderMath, CountsSlotsHoweverNarrow) {
+    EXPECT_EQ(targetIndex({.draggedIndex = 1, .offset = 1, .slot = 0.5, .count = 5}), 3);
+}
+
 }
 }

@@ -139,7 +139,7 @@ void FaultWorld::send(std::initializer_list<PointerEvent::Kind> kinds, Point at)
     }
 }
 
-FakePanel* FaultWorld::dock() {
+FakePanel* FaultWorld::dock() const {
     return platform.fake.panelWindows.find(display);
 }
 

@@ -83,7 +83,7 @@ public:
     std::optional<std::string> textAtQuit;
 
 private:
-    [[nodiscard]] FakePanel* dock();
+    [[nodiscard]] FakePanel* dock() const;
     /// Where it lies once everything has come to rest.
     [[nodiscard]] std::optional<Point> tile(const std::string& label);
     void send(std::initializer_list<PointerEvent::Kind> kinds, Point at);
