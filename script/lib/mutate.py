@@ -224,6 +224,8 @@ class Worker:
         header.write_text("".join(f"#include <{name}>\n" for name in OUTER_HEADERS))
         flags = shlex.split(next(c for unit, c in self.commands.items() if unit.startswith("VirelineKit")))
         made = self.run([*flags, "-x", "c++-header", str(header), "-o", f"{header}.pch"])
+        if made.returncode == 0:
+            made = self.compile(next(f"VirelineKit/{rule}" for rule in RULES if rule.endswith(".cpp")))
         if made.returncode != 0:
             sys.exit(made.stdout)
 
@@ -300,8 +302,10 @@ class Worker:
         return "survived" if self.link_and_test(tests, units) is None else "caught"
 
     def compile(self, unit):
+        # It is made with the kit's flags, which are not the tests'.
+        precompiled = ["-include-pch", str(self.folder / "outer.hpp.pch")]
         return self.run([*shlex.split(self.commands[unit]), "-o", self.objects[unit],
-                         "-include-pch", str(self.folder / "outer.hpp.pch"),
+                         *(precompiled if unit.startswith("VirelineKit/") else []),
                          "-c", str(self.source / unit)])
 
     def link_and_test(self, tests, front=()):
