@@ -271,22 +271,22 @@ class Worker:
         tests = [f"*{subject}*", f"-*{subject}*"]
         if not mutant.path.endswith(".hpp"):
             return self.judge_with([f"VirelineKit/{mutant.path}"], tests)
-        # A header takes long to build with all that include it. What the kit's units that name it and
-        # its own tests make of the change is enough to call it caught: linked in front of all others,
-        # their copies of its functions are those that the whole program uses.
-        few = self.nearest_units(mutant.path)
-        outcome = self.judge_with(few, tests) if few else "survived"
-        if outcome == "survived":
-            outcome = self.judge_with(list(self.objects), tests)
-        return outcome
+        # A header takes long to build with all that include it. What its own unit and its own tests
+        # make of the change, or else the kit's units that name it, is enough to call it caught: linked
+        # in front of all others, their copies of its functions are those that the whole program uses.
+        for units in (*self.nearest_units(mutant.path), list(self.objects)):
+            outcome = self.judge_with(units, tests) if units else "survived"
+            if outcome != "survived":
+                return outcome
+        return "survived"
 
     def nearest_units(self, header):
         stem = pathlib.PurePath(header).with_suffix("")
-        own = [f"VirelineKit/{stem}.cpp", f"Tests/Kit/{stem.name}Tests.cpp"]
+        own = [unit for unit in (f"VirelineKit/{stem}.cpp", f"Tests/Kit/{stem.name}Tests.cpp")
+               if unit in self.objects]
         near = [unit for unit in self.objects if unit.startswith("VirelineKit/") and
-                f'#include "{header}"' in (self.source / unit).read_text()]
-        units = [unit for unit in own if unit in self.objects]
-        return units + [unit for unit in near[:MOST_NEAR_UNITS] if unit not in units]
+                unit not in own and f'#include "{header}"' in (self.source / unit).read_text()]
+        return own, own + near[:MOST_NEAR_UNITS]
 
     def judge_with(self, units, tests):
         self.stale.update(units)
