@@ -2,6 +2,7 @@
 
 option(VIRELINE_PROGRAM "Build the platform and the executable" ON)
 option(VIRELINE_TESTS "Build the tests" OFF)
+option(VIRELINE_COVERAGE "Have programs count which of their code runs; needs Clang" OFF)
 option(VIRELINE_TOUR "Offer the targets for the tour, the pictures and the measurements" OFF)
 option(VIRELINE_BENCHMARKS "Build the benchmarks" OFF)
 option(VIRELINE_SANITIZE "Compile with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
@@ -25,6 +26,13 @@ target_compile_options(vireline_options INTERFACE -Wall -Wextra -Wconversion -We
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     # Optimising, GCC 12 warns inside its own std::string and std::variant (its bugs 105651, 105562).
     target_compile_options(vireline_options INTERFACE -Wno-restrict -Wno-maybe-uninitialized)
+endif()
+
+if(VIRELINE_COVERAGE)
+    # The counts live in the file itself, so that those of a program that ends early count too.
+    target_compile_options(vireline_options INTERFACE
+        -fprofile-instr-generate -fcoverage-mapping -mllvm -runtime-counter-relocation)
+    target_link_options(vireline_options INTERFACE -fprofile-instr-generate)
 endif()
 
 if(VIRELINE_SANITIZE)

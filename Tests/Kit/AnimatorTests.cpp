@@ -269,5 +269,40 @@ TEST(Animator, ANodeThatComesBackTurnsRoundWhereItIs) {
     EXPECT_EQ(animator.frame(1.4).nodes, std::vector{fadingDotAt(0)});
 }
 
+TEST(Animator, ANodeThatCannotFadeIsGoneAtOnce) {
+    Animator animator;
+    animator.setTarget(sceneOf({dotAt(0)}), 0);
+
+    animator.setTarget(sceneOf({}), 1);
+
+    EXPECT_TRUE(animator.frame(1).nodes.empty());
+    EXPECT_FALSE(animator.isMoving(1));
+}
+
+TEST(Animator, ANodeThatIsFadingOutStaysWhereItIsOnTheDisplayThoughTheViewMoves) {
+    Animator animator;
+    SceneNode node = dotAt(10);
+    node.motion.presence = fade;
+    animator.setTarget(sceneOf({node}), 0);
+    animator.setTarget(sceneOf({}), 0);
+
+    Scene moved = sceneOf({});
+    moved.viewPlace = {4, 0};
+    animator.setTarget(moved, 0.05);
+
+    EXPECT_EQ(xAt(animator, 0.05), 6);
+    EXPECT_TRUE(animator.frame(0.1).nodes.empty()) << "and it is gone in its time";
+}
+
+TEST(Animator, ANodeThatCannotFadeIsThereAtOnce) {
+    Animator animator;
+    animator.setTarget(sceneOf({dotAt(0)}), 0);
+
+    animator.setTarget(sceneOf({dotAt(0), dotAt(10, 2)}), 1);
+
+    EXPECT_EQ(animator.frame(1).nodes.at(1), dotAt(10, 2));
+    EXPECT_FALSE(animator.isMoving(1));
+}
+
 }
 }

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace vireline {
 namespace {
@@ -449,6 +450,19 @@ TEST_F(AppDelegateTest, ADragInADockShowsInTheSettingsAtOnce) {
     const Form& form = platform.programWindows.forms.at(0)->content;
     EXPECT_EQ(std::get<RadioGroup>(test::rowOf(form, SettingsField::sourceMode).control).selected,
               1U);
+}
+
+TEST_F(AppDelegateTest, TheEnvironmentCanFreezeAMagnifiedState) {
+    Settings settings;
+    settings.magnificationEnabled = true;
+    settings.magnification = 2;
+    store(settings);
+    ASSERT_EQ(::setenv("VIRELINE_DEMO_CURSOR", "0.5", 1), 0);
+    start();
+    ::unsetenv("VIRELINE_DEMO_CURSOR");
+
+    EXPECT_GT(icons()[1].frame.width, 80);
+    EXPECT_LT(icons()[0].frame.width, icons()[1].frame.width);
 }
 
 }

@@ -42,5 +42,19 @@ TEST(Curve, OthersEndWithTheirDuration) {
     EXPECT_FALSE(isMoving({0.2, Easing::easeOut}, 0.2));
 }
 
+TEST(Curve, EasesByCubes) {
+    EXPECT_DOUBLE_EQ(progress({2, Easing::easeOut}, 0.5), 0.578125);
+    EXPECT_DOUBLE_EQ(progress({2, Easing::easeInOut}, 0.5), 0.0625);
+    EXPECT_DOUBLE_EQ(progress({2, Easing::easeInOut}, 1.5), 0.9375);
+}
+
+TEST(Curve, ARepeatingCurveTakesEachWayBackAsItCame) {
+    const Curve bounce{1, Easing::easeOut, true};
+    for (const double leg : {0.0, 2.0, 4.0}) {
+        EXPECT_DOUBLE_EQ(progress(bounce, leg + 0.25), 0.578125);
+        EXPECT_DOUBLE_EQ(progress(bounce, leg + 1.75), 0.578125);
+    }
+}
+
 }
 }

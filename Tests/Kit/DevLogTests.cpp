@@ -192,5 +192,24 @@ TEST(DevLog, LeavesAFolderAtItsPlaceAlone) {
     EXPECT_EQ(std::distance(fs::directory_iterator{log.folder()}, {}), 1);
 }
 
+TEST(DevLog, GoesOnPrintingWhenSomethingStandsWhereTheNewFileIsMade) {
+    const LoggedLines log;
+    const fs::path inTheWay = log.file().string() + ".new";
+    fs::create_directories(inTheWay / "with content");
+
+    EXPECT_EQ(withoutStamp(outputOf("still printed")), "still printed\n");
+
+    EXPECT_FALSE(fs::exists(log.file()));
+    EXPECT_TRUE(fs::exists(inTheWay / "with content"));
+}
+
+TEST(DevLog, TellsWhereItsFileIs) {
+    {
+        const LoggedLines log;
+        EXPECT_EQ(DevLog::path(), log.file().string());
+    }
+    EXPECT_EQ(DevLog::path(), std::nullopt);
+}
+
 }
 }

@@ -130,10 +130,13 @@ TEST_F(DockAnchorGuardTest, TriesForATapAgainWhenEnabledAgain) {
 TEST_F(DockAnchorGuardTest, EnablesATapAgainThatTheSystemDisabled) {
     guard->enable();
 
-    taps.disableByTimeout();
+    for (const auto reason : {PointerTapEvent::Kind::tapDisabledByTimeout,
+                              PointerTapEvent::Kind::tapDisabledByUserInput}) {
+        taps.disable(reason);
 
-    EXPECT_TRUE(taps.isEnabled());
-    EXPECT_EQ(taps.move({2000, 1079}), (Point{2000, 1077}));
+        EXPECT_TRUE(taps.isEnabled());
+        EXPECT_EQ(taps.move({2000, 1079}), (Point{2000, 1077}));
+    }
 }
 
 TEST_F(DockAnchorGuardTest, DisablingLeavesNoTapBehind) {

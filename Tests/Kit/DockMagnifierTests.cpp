@@ -44,7 +44,8 @@ Strip randomStrip(test::Random& random) {
                         .unpinnedRunning = random.integer(0, 10),
                         .utility = random.integer(0, 2)};
     const double size = random.integer(16, 64);
-    const double container = DockOrdering::stripWidth(counts, size) + random.real(-300, 600);
+    const double container =
+        std::max(0.0, DockOrdering::stripWidth(counts, size) + random.real(-300, 600));
     return {.counts = counts,
             .iconSize = size,
             .magnification = random.real(1.05, 2.5),
@@ -257,6 +258,18 @@ TEST(DockMagnifier, SurvivesIconSizesThatMakeNoSense) {
         EXPECT_EQ(strip.packed.size(), 9U) << size;
         EXPECT_FALSE(std::isnan(maxExtraLength(9, size, 2))) << size;
     }
+}
+
+TEST(DockMagnifier, MagnifiesHoweverShortTheReach) {
+    EXPECT_EQ(DockMagnifier::scales(std::vector{10.0, 11.0}, 10, 2, 0.5), (std::vector{2.0, 1.0}));
+}
+
+TEST(DockMagnifier, PutsAStripAgainstTheEndThatThePointerIsBeyond) {
+    const std::vector base{10.0};
+    EXPECT_EQ(anchoredShift(base, base, {.base = 20, .packed = 20, .container = 30}, -100), 0);
+    EXPECT_EQ(anchoredShift(base, base, {.base = 20, .packed = 20, .container = 30}, 100), 10);
+    EXPECT_EQ(anchoredShift(base, base, {.base = 20, .packed = 20, .container = 15}, -100), -5);
+    EXPECT_EQ(anchoredShift(base, base, {.base = 20, .packed = 20, .container = 15}, 100), 0);
 }
 
 }

@@ -184,5 +184,10 @@ TEST(DockOrderingDeathTest, StopsWhereTheNumberOfTilesOverflows) {
     EXPECT_DEATH((void)DockOrdering::stripWidth({maxInt, maxInt, maxInt}, 48), "broken condition");
 }
 
+TEST(DockOrdering, FitsALoneTileIntoItsRoom) {
+    EXPECT_EQ(DockOrdering::fittedIconSize({1, 0, 0}, 50, 44), 36);
+    EXPECT_EQ(DockOrdering::fittedIconSize({}, 50, 44), 44);
+}
+
 }
 }

@@ -82,6 +82,19 @@ TEST_F(TileDragTest, ACancelledDragMovesNothing) {
     EXPECT_EQ(dragStates, (std::vector{true, false}));
 }
 
+TEST_F(TileDragTest, ADragEndsWithTheButtonThoughTheDockCollapsedMeanwhile) {
+    for (const Kind end : {Kind::released, Kind::cancelled}) {
+        dragTile(1, 110);
+        ui.collapsed.set(true);
+        send(end);
+        ui.collapsed.set(false);
+
+        EXPECT_TRUE(dock.actionsTaken.empty()) << "nothing was moved";
+        EXPECT_EQ(dragStates, (std::vector{true, false}));
+        dragStates.clear();
+    }
+}
+
 // Behaviour: tiles-3
 TEST_F(TileDragTest, RunningAndUtilityTilesNeverComeOff) {
     for (const std::size_t index : {4U, 5U, 6U}) {

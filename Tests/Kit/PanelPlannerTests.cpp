@@ -303,5 +303,13 @@ TEST(PanelPlanner, LeadsFromAnyPanelsToTheDesiredOnes) {
     }
 }
 
+TEST(PanelPlanner, KeepsRoomForTheLeastMagnification) {
+    const double room = onlyPanel(wide, fiveTiles()).availableWidth;
+    const PanelSpec magnified = onlyPanel(wide, fiveTiles(DockPosition::bottom, 1.001));
+
+    EXPECT_LT(magnified.availableWidth, room);
+    EXPECT_GT(magnified.availableWidth, room - 1);
+}
+
 }
 }

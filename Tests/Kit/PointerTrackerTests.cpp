@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -31,6 +32,8 @@ public:
             break;
         case PointerEvent::Kind::released:
             log.push_back("released" + at);
+            if (onReleased)
+                onReleased();
             break;
         case PointerEvent::Kind::secondaryPressed:
             log.push_back("secondary" + at);
@@ -49,6 +52,8 @@ public:
     Log take() { return std::exchange(log, {}); }
 
     Log log;
+    /// What the release of the button leads to.
+    std::function<void()> onReleased;
 };
 
 constexpr PointerTracker::Whereabouts away{};
@@ -197,6 +202,67 @@ TEST_F(PointerTrackerTest, LeavesWhenTheWindowGoes) {
     EXPECT_EQ(listener.take(), (Log{"cancelled", "exited", "out"}));
     tracker.hidden();
     EXPECT_EQ(listener.take(), Log{});
+}
+
+TEST_F(PointerTrackerTest, AMenuHoldsWhateverThePointerDoesMeanwhile) {
+    tracker.entered({10, 10});
+    tracker.menuOpened();
+    listener.take();
+
+    tracker.entered({20, 10});
+    tracker.moved({20, 10});
+    tracker.pressed({20, 10});
+    tracker.secondaryPressed({20, 10});
+    tracker.released({20, 10}, true);
+    tracker.left(away);
+
+    EXPECT_EQ(listener.take(), Log{});
+}
+
+TEST_F(PointerTrackerTest, AHeldButtonIsNotPressedOnceMore) {
+    tracker.entered({10, 10});
+    tracker.pressed({10, 10});
+    EXPECT_TRUE(tracker.isPressed());
+    listener.take();
+
+    tracker.pressed({12, 10});
+    tracker.secondaryPressed({12, 10});
+
+    EXPECT_EQ(listener.take(), Log{});
+    tracker.released({12, 10}, true);
+    EXPECT_FALSE(tracker.isPressed());
+}
+
+TEST_F(PointerTrackerTest, ASecondaryPressBesideTheViewIsNobodys) {
+    tracker.entered({10, 10});
+    listener.take();
+
+    tracker.secondaryPressed({10, -5});
+    EXPECT_EQ(listener.take(), Log{});
+    tracker.secondaryPressed({10, 10});
+    EXPECT_EQ(listener.take(), Log{"secondary 10"});
+}
+
+TEST_F(PointerTrackerTest, AReleaseThatOpensAMenuIsTheLastThatIsHeard) {
+    listener.onReleased = [this] { tracker.menuOpened(); };
+    enter();
+    tracker.pressed({10, 10});
+    listener.take();
+
+    tracker.released({10, 10}, false);
+
+    EXPECT_EQ(listener.take(), Log{"released 10"});
+}
+
+TEST_F(PointerTrackerTest, APointerThatComesBackWithOurButtonIsStillOurs) {
+    enter();
+    tracker.pressed({10, 10});
+    tracker.left(awayWithButton);
+    listener.take();
+
+    tracker.entered({20, 10}, true);
+
+    EXPECT_EQ(listener.take(), Log{"moved 20"});
 }
 
 }

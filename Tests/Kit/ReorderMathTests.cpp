@@ -87,6 +87,12 @@ TEST(ReorderMathDeathTest, StopsForADragWithoutEnd) {
     const Drag drag{.draggedIndex = 2, .offset = infinity, .slot = slot, .count = 5};
     EXPECT_DEATH((void)targetIndex(drag), "broken condition");
     EXPECT_DEATH((void)neighborOffset(1, drag), "broken condition");
+    EXPECT_DEATH((void)targetIndex({.draggedIndex = 0, .offset = 0x1p62, .slot = 1, .count = 5}),
+                 "broken condition");
+}
+
+TEST(ReorderMath, CountsSlotsHoweverNarrow) {
+    EXPECT_EQ(targetIndex({.draggedIndex = 1, .offset = 1, .slot = 0.5, .count = 5}), 3);
 }
 
 }

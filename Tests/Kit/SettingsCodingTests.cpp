@@ -321,5 +321,18 @@ TEST(SettingsCoding, KeepsRandomSettingsThroughWritingAndReading) {
     }
 }
 
+TEST(SettingsCoding, TakesNoKnownNameFromInsideAnUnknownMember) {
+    EXPECT_EQ(decode(R"({"future": {"iconSize": 99, "autoHide": true, "position": "left",
+                         "manualApps": [{"bundleID": "a", "name": "A", "path": "/a"}]},
+                         "list": [{"iconSize": 99}]})"),
+              Settings{});
+}
+
+TEST(SettingsCoding, WritesNamesAsTheyAre) {
+    Settings settings;
+    settings.manualApps = {{"b", "Größe 漢字", "/p"}};
+    EXPECT_NE(encode(settings).find("\"Größe 漢字\""), std::string::npos);
+}
+
 }
 }

@@ -289,6 +289,7 @@ TEST(SettingsView, IgnoresWhatNoSuchControlGives) {
     EXPECT_EQ(SettingsView::edited({}, SettingsField::position, std::size_t{3}), Settings{});
     EXPECT_EQ(SettingsView::edited({}, SettingsField::position, true), Settings{});
     EXPECT_EQ(SettingsView::edited({}, SettingsField::iconSize, notANumber), Settings{});
+    EXPECT_EQ(SettingsView::edited({}, SettingsField::magnification, true), Settings{});
     EXPECT_EQ(SettingsView::edited({}, SettingsField::autoHide, 1.0), Settings{});
     EXPECT_EQ(SettingsView::edited({}, SettingsField::launchAtLogin, true), Settings{});
 }

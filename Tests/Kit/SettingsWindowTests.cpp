@@ -182,6 +182,15 @@ TEST_F(SettingsWindowTest, TogglesTheLoginItem) {
     EXPECT_FALSE(isOn(SettingsField::launchAtLogin));
 }
 
+TEST_F(SettingsWindowTest, TheLoginItemIsSwitchedByASwitchAlone) {
+    controller.show();
+
+    set(SettingsField::launchAtLogin, 1.0);
+
+    EXPECT_EQ(platform.loginItem.registrations, 0);
+    EXPECT_FALSE(isOn(SettingsField::launchAtLogin));
+}
+
 TEST_F(SettingsWindowTest, LeavesALoginItemAloneThatIsAlreadyAsTheUserSetsIt) {
     controller.show();
     platform.loginItem.current = LoginStatus::enabled;

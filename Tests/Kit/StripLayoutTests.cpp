@@ -73,6 +73,7 @@ TEST(StripLayout, ATileWhoseFolderIsUnknownIsLeftOutAndTheStripCloses) {
     const StripFrames none = StripLayout::layout(request);
 
     ASSERT_EQ(trashAlone.tiles.size(), 2U);
+    EXPECT_EQ(trashAlone.tiles[0].icon, all.tiles[0].icon);
     EXPECT_EQ(trashAlone.tiles[1].icon, all.tiles[1].icon);
     EXPECT_EQ(trashAlone.glass.width, all.glass.width - 50);
     ASSERT_EQ(none.tiles.size(), 1U);
@@ -150,6 +151,56 @@ TEST(StripLayout, TheMagnificationBandReachesEightPointsBeyondTheStrip) {
     const Edge right{DockPosition::right, {102, 400}};
     EXPECT_TRUE(StripLayout::isInMagnificationBand({36, 10}, right, 44));
     EXPECT_FALSE(StripLayout::isInMagnificationBand({35.5, 10}, right, 44));
+}
+
+TEST(StripLayout, AStripWithoutAnyTileHasItsSeparatorBehindThePadding) {
+    Request request = bottomDock(0, 0);
+    request.hasDownloads = false;
+    request.hasTrash = false;
+    const StripFrames frames = StripLayout::layout(request);
+
+    EXPECT_TRUE(frames.tiles.empty());
+    ASSERT_EQ(frames.separators.size(), 1U);
+    EXPECT_EQ(frames.separators[0].minX() - frames.glass.minX(), 7);
+}
+
+TEST(StripLayout, AMissingUtilityTileMovesNoOtherThanTheOneBehindIt) {
+    Request request = bottomDock(1, 2);
+    const StripFrames all = StripLayout::layout(request);
+    request.hasTrash = false;
+    const StripFrames downloadsAlone = StripLayout::layout(request);
+
+    ASSERT_EQ(downloadsAlone.tiles.size(), 4U);
+    for (std::size_t i = 0; i < 4; ++i)
+        EXPECT_EQ(downloadsAlone.tiles[i].icon, all.tiles[i].icon);
+    request.hasTrash = true;
+    request.hasDownloads = false;
+    EXPECT_EQ(StripLayout::layout(request).tiles, downloadsAlone.tiles);
+}
+
+TEST(StripLayout, ATileTakesThePointerFromItsIconToTheDisplaysEdge) {
+    EXPECT_EQ(StripLayout::layout(bottomDock(1, 0)).tiles[0].hit, (Rect{7, 33, 44, 51}));
+}
+
+TEST(StripLayout, TellsHowLargeAnIconCanGrow) {
+    Request request = bottomDock(1, 0);
+    request.magnification = 1.5;
+    EXPECT_EQ(StripLayout::layout(request).magnifiedIconSize, 66);
+    request.magnification = 0.5;
+    EXPECT_EQ(StripLayout::layout(request).magnifiedIconSize, 44);
+}
+
+TEST(StripLayout, TheGlassAtRestIsInTheMiddleWhateverIsMagnified) {
+    Request request = bottomDock(2, 0);
+    const double length = request.edge.view.width;
+    request.edge.view = {length + 100, 128};
+    request.magnification = 2;
+    request.cursorAxis = 60;
+
+    const StripFrames frames = StripLayout::layout(request);
+
+    EXPECT_EQ(frames.glassAtRest, (Rect{50, 128 - 58, length, 58}));
+    EXPECT_GT(frames.glass.width, length);
 }
 
 }

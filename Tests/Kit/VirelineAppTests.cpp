@@ -1,5 +1,6 @@
 #include "App/VirelineApp.hpp"
 #include "Support/FakePlatform.hpp"
+#include "Support/LoggedLines.hpp"
 
 #include <gtest/gtest.h>
 
@@ -43,6 +44,23 @@ TEST(VirelineApp, TheHiddenMenuQuitsAndEdits) {
         keys += command != nullptr ? command->keyEquivalent : '-';
     }
     EXPECT_EQ(keys, "zZ-xcva");
+}
+
+TEST(VirelineApp, RunsAsAnAccessoryWithItsMenuAndItsLogUntilTheUserQuits) {
+    const test::LoggedLines log;
+    test::FakePlatform platform;
+    platform.application.exitCode = 3;
+    std::vector<std::string> linesWhileRunning;
+    platform.application.whileRunning = [&] { linesWhileRunning = log.messages(); };
+
+    const int code = VirelineApp::run(platform.ports(), log.file().string());
+
+    EXPECT_EQ(code, 3);
+    EXPECT_TRUE(platform.application.isAccessory);
+    EXPECT_EQ(platform.application.mainMenu, VirelineApp::hiddenMainMenu());
+    ASSERT_FALSE(linesWhileRunning.empty());
+    EXPECT_EQ(linesWhileRunning.front(), "Vireline started pid=4711");
+    EXPECT_FALSE(platform.statusBar.item) << "nothing is left of the program";
 }
 
 }

@@ -114,5 +114,12 @@ TEST(WindowPlacement, HasNoAnswersWithoutScreens) {
     EXPECT_EQ(WindowPlacement::displayContaining({10, 10}, {20, 20}, {}), std::nullopt);
 }
 
+TEST(WindowPlacement, AWindowWhoseCentreIsBelowEveryDisplayIsOnNone) {
+    const Screens screens{primary()};
+
+    EXPECT_EQ(WindowPlacement::displayContaining({10, 1000}, {200, 200}, screens), std::nullopt);
+    EXPECT_EQ(WindowPlacement::displayContaining({10, 1000}, {200, 150}, screens), 1U);
+}
+
 }
 }

@@ -185,10 +185,10 @@ Point FakePointerTaps::move(Point to, PointerTapEvent::Kind kind) {
     return tap->callback({kind, to}).value_or(to);
 }
 
-void FakePointerTaps::disableByTimeout() {
+void FakePointerTaps::disable(PointerTapEvent::Kind reason) {
     const auto tap = tap_.lock();
     tap->isEnabled = false;
-    tap->callback({PointerTapEvent::Kind::tapDisabledByTimeout, {}});
+    tap->callback({reason, {}});
 }
 
 bool FakePointerTaps::isEnabled() const {

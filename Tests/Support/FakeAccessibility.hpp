@@ -88,8 +88,8 @@ public:
     /// Moves the pointer as the user would; where it ends up.
     Point move(Point to, PointerTapEvent::Kind kind = PointerTapEvent::Kind::mouseMoved);
 
-    /// Disables the tap as the system does and tells it so.
-    void disableByTimeout();
+    /// Disables the tap as the system does and tells it why.
+    void disable(PointerTapEvent::Kind reason);
 
     [[nodiscard]] bool isTapped() const { return !tap_.expired(); }
     [[nodiscard]] bool isEnabled() const;

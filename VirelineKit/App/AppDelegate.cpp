@@ -125,7 +125,7 @@ void AppDelegate::pinnedListChanged(const std::vector<AppRef>& pinned) {
 void AppDelegate::showTiles(std::span<const AppRef> running) {
     const std::size_t before = model_.items.get().size();
     model_.items.set(DockOrdering::merge(pinned_, running));
-    if (model_.items.get().size() != before && model_.onLayoutChange)
+    if (model_.items.get().size() != before)
         model_.onLayoutChange();
 }
 

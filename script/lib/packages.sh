@@ -62,3 +62,11 @@ packages_tour=(
     x11vnc
     xterm
 )
+
+# What only script/coverage needs, and script/mutate.
+packages_coverage=(
+    llvm-19
+)
+packages_mutate=(
+    python3
+)

@@ -1,0 +1,402 @@
+/// Every fallible call of every port fails once, in each of these courses of a user's day: the
+/// program goes on, loses no setting, says what failed, and is as good as new once nothing fails.
+#include "Support/DockFixture.hpp"
+#include "Support/FaultWorld.hpp"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <set>
+#include <string_view>
+
+namespace vireline {
+namespace {
+
+using test::FaultWorld;
+
+Settings afterTheTour() {
+    Settings settings;
+    settings.onboardingCompleted = true;
+    return settings;
+}
+
+/// With all that moves other programs' windows.
+Settings withWindowFeatures() {
+    Settings settings = afterTheTour();
+    settings.openOnThisDisplay = true;
+    settings.summonOnClick = true;
+    settings.fillOnDoubleClick = true;
+    settings.anchorAppleDock = true;
+    return settings;
+}
+
+Settings manualList(const FaultWorld& world) {
+    Settings settings = afterTheTour();
+    settings.sourceMode = SourceMode::manual;
+    for (const AppRef& app : {world.mail, world.notes, world.finder})
+        settings.manualApps.push_back({app.bundleID, app.name, app.url.path()});
+    return settings;
+}
+
+void firstStart(FaultWorld& world) {
+    world.start();
+    world.act(OnboardingAction::advance);
+    world.act(OnboardingAction::enableFeatures);
+    world.act(OnboardingAction::advance);
+    world.act(OnboardingAction::finish);
+}
+
+void mirroring(FaultWorld& world) {
+    world.store(afterTheTour());
+    world.start();
+    world.platform.fake.pin({world.mail, world.notes});
+    world.platform.fake.dockPreferences.announceChange();
+    world.pass(0.4);
+    world.platform.fake.fileEvents.fire(world.desktopsDock, {.changed = true, .removed = true});
+    world.pass(2);
+    world.platform.fake.pin({world.notes});
+    world.platform.fake.fileEvents.fire(world.desktopsDock, {.changed = true});
+    world.pass(1);
+}
+
+void editingTheManualList(FaultWorld& world) {
+    world.store(manualList(world));
+    world.start();
+    world.chooseFromMenu("Notes", "Remove from Dock");
+    world.dragTile("Finder", "Mail");
+    world.dropOn("Mail", world.notes.url);
+}
+
+void draggingWhileMirroring(FaultWorld& world) {
+    world.store(afterTheTour());
+    world.start();
+    world.dragTile("Mail", "Finder");
+}
+
+void dropping(FaultWorld& world) {
+    world.store(afterTheTour());
+    world.start();
+    const FileURL letter = FileURL::fromPath("/Users/ada/letter.txt");
+    world.platform.fake.fileSystem.put(letter);
+    world.dropOn("Trash", letter);
+    world.dropOn("Mail", world.notes.url);
+    world.click("Downloads");
+}
+
+void launchingAndSummoning(FaultWorld& world) {
+    world.store(withWindowFeatures());
+    world.start();
+    const auto instance = test::FakePlatform::instanceOf(world.mail);
+    world.click("Mail");
+    world.platform.fake.running.launch(instance);
+    auto& window = world.platform.fake.accessibility.addWindow(instance, {100, 100, 400, 300});
+    world.pass(2);
+    window.frame.x = 100;
+    world.click("Mail");
+    world.pass(2);
+    window.frame.x = 100;
+    world.doubleClick("Mail");
+    world.platform.fake.running.bringToFront(world.mail.bundleID);
+    world.click("Mail");
+    world.chooseFromMenu("Mail", "Quit");
+    world.platform.fake.running.quit(world.mail.bundleID);
+}
+
+/// Of an app that names no window as its main one.
+void summoningAnyWindow(FaultWorld& world) {
+    world.store(withWindowFeatures());
+    world.platform.fake.accessibility.notElements = {"AXMainWindow"};
+    world.start();
+    const auto instance = test::FakePlatform::instanceOf(world.mail);
+    world.platform.fake.running.launch(instance);
+    world.platform.fake.accessibility.addWindow(instance, {100, 100, 400, 300});
+    world.click("Mail");
+    world.pass(2);
+}
+
+void waitingForThePermission(FaultWorld& world) {
+    world.store(withWindowFeatures());
+    world.platform.fake.accessibility.trusted = false;
+    world.start();
+    world.pass(5);
+    world.platform.fake.accessibility.trusted = true;
+    world.pass(5);
+}
+
+void withoutAnythingToMirror(FaultWorld& world) {
+    world.store(afterTheTour());
+    world.platform.fake.dockPreferences.tiles.reset();
+    std::erase(world.platform.fake.catalog.installed, world.finder);
+    world.start();
+    world.pass(1);
+}
+
+void changingEverySetting(FaultWorld& world) {
+    world.store(afterTheTour());
+    world.start();
+    using Field = SettingsField;
+    const std::array<std::pair<Field, FormValue>, 11> changes{
+        {{Field::position, std::size_t{1}},
+         {Field::iconSize, 60.0},
+         {Field::magnificationEnabled, true},
+         {Field::magnification, 1.8},
+         {Field::autoHide, true},
+         {Field::anchorAppleDock, true},
+         {Field::openOnThisDisplay, true},
+         {Field::summonOnClick, true},
+         {Field::fillOnDoubleClick, true},
+         {Field::launchAtLogin, true},
+         {Field::sourceMode, std::size_t{1}}}};
+    for (const auto& [field, value] : changes) {
+        world.set(field, value);
+        world.pass(0.2);
+    }
+    world.set(Field::launchAtLogin, false);
+}
+
+void changingDisplays(FaultWorld& world) {
+    world.store(withWindowFeatures());
+    world.start();
+    auto& screens = world.platform.fake.screens.list;
+    screens.push_back(test::screenAt(3, {-800, 0, 800, 600}));
+    world.announceScreens();
+    screens[1].frame.y = 200;
+    screens.pop_back();
+    world.announceScreens();
+    screens.pop_back();
+    world.announceScreens();
+    screens.push_back(test::screenAt(FaultWorld::display, {1920, 0, 1920, 1080}));
+    world.announceScreens();
+}
+
+/// As after a sleep: everything is announced at once, and the pointer's tap was switched off.
+void waking(FaultWorld& world) {
+    world.store(withWindowFeatures());
+    world.start();
+    world.pass(3600);
+    if (world.platform.fake.pointerTaps.isTapped())
+        world.platform.fake.pointerTaps.disable(PointerTapEvent::Kind::tapDisabledByTimeout);
+    for (int i = 0; i < 3; ++i)
+        world.platform.fake.screens.announceChange();
+    world.platform.fake.dockPreferences.announceChange();
+    world.platform.fake.fileEvents.fire(world.desktopsDock, {.changed = true, .removed = true});
+    world.platform.fake.running.announceDidLaunch(std::nullopt);
+    world.pass(3);
+}
+
+void quittingAndStartingAgain(FaultWorld& world) {
+    world.store(afterTheTour());
+    world.start();
+    world.dragTile("Mail", "Finder");
+    world.set(SettingsField::iconSize, 40.0);
+    world.quit();
+    world.pass(1);
+    world.start();
+    world.set(SettingsField::position, std::size_t{2});
+}
+
+void switchingTheLoginItem(FaultWorld& world) {
+    world.store(afterTheTour());
+    world.start();
+    world.platform.fake.statusBar.choose("Launch at Login");
+    world.platform.fake.statusBar.choose("Launch at Login");
+    world.platform.fake.statusBar.choose("Settings…");
+}
+
+/// What the log holds after the failure of a call that the user may notice.
+const std::map<std::string, std::vector<std::string>, std::less<>>& loggedFailures() {
+    static const std::map<std::string, std::vector<std::string>, std::less<>> lines{
+        {"FileSystem::createFolder", {"preferences save failed: injected failure"}},
+        {"FileSystem::writeAtomically", {"preferences save failed: injected failure"}},
+        {"Trash::moveToTrash", {"trash failed for letter.txt: injected failure"}},
+        {"PointerTaps::create", {"anchor guard: tap creation failed, staying in waiting state"}},
+        {"Accessibility::isTrustedWithPrompt",
+         {"anchor guard: requested Accessibility permission"}},
+        {"LoginItemService::registerItem", {"login item toggle failed: injected failure"}},
+        {"LoginItemService::unregisterItem", {"login item toggle failed: injected failure"}},
+        {"Accessibility::setPosition",
+         {": AXError 5", ": move=5 resize=0 settle=0", ": move=0 resize=0 settle=5"}},
+        {"Accessibility::setSize", {": move=0 resize=5 settle=0"}},
+    };
+    return lines;
+}
+
+/// The others, which are made up for by themselves or are an answer like any other.
+const std::map<std::string, std::string_view, std::less<>>& quietFailures() {
+    static const std::map<std::string, std::string_view, std::less<>> reasons{
+        {"FileSystem::read", "a first start finds no file either"},
+        {"FileSystem::exists", "an app that is not there has no tile"},
+        {"FileEvents::watch", "the desktop's dock may have no file yet; tried again in a second"},
+        {"DockPreferences::persistentApps", "the desktop's dock may have no list"},
+        {"UserFolders::downloads", "a user may have none"},
+        {"UserFolders::trash", "a user may have none"},
+        {"ApplicationCatalog::urlForBundleID", "the app may not be installed"},
+        {"ApplicationCatalog::bundleIdentifier", "the file may be no app"},
+        {"Icons::namedImage", "the symbol stands in"},
+        {"Accessibility::isTrusted", "the user may not have granted it"},
+        {"Accessibility::mainWindow", "the list of windows is asked instead"},
+        {"Accessibility::windows", "the app may have none yet; tried again, or the click goes on"},
+        {"Accessibility::position", "tried again, or the click goes on"},
+        {"Accessibility::size", "tried again, or the click goes on"},
+    };
+    return reasons;
+}
+
+struct Course {
+    const char* name;
+    void (*run)(FaultWorld& world);
+    /// What the user does in it depends on the tiles, and changes the list of apps.
+    bool editsTheList = false;
+};
+
+constexpr std::array courses{
+    Course{"FirstStart", firstStart},
+    Course{"Mirroring", mirroring},
+    Course{"WithoutAnythingToMirror", withoutAnythingToMirror},
+    Course{"EditingTheManualList", editingTheManualList, true},
+    Course{"DraggingWhileMirroring", draggingWhileMirroring, true},
+    Course{"Dropping", dropping, true},
+    Course{"LaunchingAndSummoning", launchingAndSummoning},
+    Course{"SummoningAnyWindow", summoningAnyWindow},
+    Course{"WaitingForThePermission", waitingForThePermission},
+    Course{"ChangingEverySetting", changingEverySetting, true},
+    Course{"ChangingDisplays", changingDisplays},
+    Course{"Waking", waking},
+    Course{"QuittingAndStartingAgain", quittingAndStartingAgain, true},
+    Course{"SwitchingTheLoginItem", switchingTheLoginItem},
+};
+
+std::ostream& operator<<(std::ostream& out, const Course& course) {
+    return out << course.name;
+}
+
+/// A course with one call that failed, or none.
+struct Trial {
+    int calls = 0;
+    std::set<std::string> callsMade;
+    std::string failed;
+    std::vector<std::string> log;
+    FaultWorld::Disk atTheEnd;
+    std::optional<std::string> textAtQuit;
+    /// Once everything was looked at anew and one more setting had changed.
+    FaultWorld::Disk diskAfterwards;
+    FaultWorld::Sight afterwards;
+    FaultWorld::Sight afterARestart;
+};
+
+void lookAtEverythingAnew(FaultWorld& world) {
+    world.platform.fake.dockPreferences.announceChange();
+    world.announceScreens();
+    const auto visitor = test::FakePlatform::instanceOf(world.visitor);
+    world.platform.fake.running.launch(visitor);
+    world.platform.fake.running.quit(world.visitor.bundleID);
+    world.pass(3);
+    world.set(SettingsField::autoHide, true);
+    world.set(SettingsField::autoHide, false);
+    world.pass(1);
+}
+
+Trial tryOut(const Course& course, int doomedCall) {
+    Trial trial;
+    testing::internal::CaptureStdout();
+    {
+        FaultWorld world;
+        test::Faults& faults = world.platform.faults;
+        faults.failCall(doomedCall);
+        course.run(world);
+        trial.calls = faults.calls();
+        trial.callsMade.insert(faults.names().begin(), faults.names().end());
+        trial.failed = faults.failed().value_or("nothing");
+        trial.log = world.log.messages();
+        trial.atTheEnd = world.disk();
+        trial.textAtQuit = world.textAtQuit;
+
+        faults.failCall(0);
+        lookAtEverythingAnew(world);
+        trial.diskAfterwards = world.disk();
+        trial.afterwards = world.look();
+        world.quit();
+        world.start();
+        trial.afterARestart = world.look();
+    }
+    testing::internal::GetCapturedStdout();
+    return trial;
+}
+
+/// It holds the last save that succeeded, else what it held before the program started.
+void expectWhole(const FaultWorld::Disk& disk) {
+    EXPECT_EQ(disk.text, disk.lastSave.value_or(disk.textBefore));
+    EXPECT_EQ(disk.settings.has_value(), !disk.text.empty()) << disk.text;
+}
+
+void expectTheLogToSayWhatFailed(const Trial& trial) {
+    if (quietFailures().contains(trial.failed))
+        return;
+    const auto expected = loggedFailures().find(trial.failed);
+    ASSERT_NE(expected, loggedFailures().end()) << "nobody said what the log holds then";
+    EXPECT_TRUE(std::ranges::any_of(trial.log, [&](const std::string& line) {
+        return std::ranges::any_of(expected->second,
+                                   [&](const auto& end) { return line.ends_with(end); });
+    })) << testing::PrintToString(trial.log);
+}
+
+/// Whether the course may rightly end otherwise than without the failure.
+bool mayEndOtherwise(const Course& course, const Trial& trial, const Trial& unharmed) {
+    // The defaults hold then, until a change of the user's replaces the file.
+    if (trial.failed == "FileSystem::read")
+        return true;
+    // The program ended before another save could make up for the one that failed.
+    const bool isSave =
+        trial.failed == "FileSystem::createFolder" || trial.failed == "FileSystem::writeAtomically";
+    if (isSave && trial.textAtQuit != unharmed.textAtQuit)
+        return true;
+    // A tile that is missing for a moment cannot be dragged, and does not get into the user's list.
+    constexpr std::array<std::string_view, 3> shapesTheTiles{
+        "DockPreferences::persistentApps", "FileSystem::exists",
+        "ApplicationCatalog::bundleIdentifier"};
+    return course.editsTheList && std::ranges::count(shapesTheTiles, trial.failed) > 0;
+}
+
+class EveryCallFailsOnce : public testing::TestWithParam<Course> {};
+
+TEST_P(EveryCallFailsOnce, AndTheProgramGoesOnLosesNothingAndSaysSo) {
+    const Course& course = GetParam();
+    const Trial unharmed = tryOut(course, 0);
+
+    for (int call = 1; call <= unharmed.calls; ++call) {
+        const Trial trial = tryOut(course, call);
+
+        SCOPED_TRACE("call " + std::to_string(call) + ", " + trial.failed);
+        expectTheLogToSayWhatFailed(trial);
+        expectWhole(trial.atTheEnd);
+        expectWhole(trial.diskAfterwards);
+        EXPECT_EQ(trial.afterARestart, trial.afterwards);
+        if (!mayEndOtherwise(course, trial, unharmed)) {
+            EXPECT_EQ(trial.diskAfterwards.text, unharmed.diskAfterwards.text);
+            EXPECT_EQ(trial.afterwards, unharmed.afterwards);
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Courses, EveryCallFailsOnce, testing::ValuesIn(courses),
+                         [](const auto& instance) { return std::string{instance.param.name}; });
+
+TEST(FallibleCalls, AreAllMadeInSomeCourse) {
+    std::set<std::string> made;
+    for (const Course& course : courses) {
+        const Trial trial = tryOut(course, 0);
+        made.insert(trial.callsMade.begin(), trial.callsMade.end());
+    }
+
+    std::set<std::string> expected;
+    for (const auto& [call, lines] : loggedFailures())
+        expected.insert(call);
+    for (const auto& [call, reason] : quietFailures())
+        expected.insert(call);
+    EXPECT_EQ(made, expected);
+}
+
+}
+}
