@@ -47,9 +47,13 @@ packages_desktop=(
     xvfb
 )
 
-# What the program is compared with.
+# What the program is compared with. tint2 is one of them too.
 packages_comparison=(
+    cairo-dock
+    lxqt-panel
     plank
+    polybar
+    xfce4-panel
 )
 
 # What the tour and the documents' pictures show on it, and what packs the pictures.

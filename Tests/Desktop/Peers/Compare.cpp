@@ -134,9 +134,8 @@ private:
         figures[Figure::residentMemory].push_back(memory.resident);
         figures[Figure::proportionalMemory].push_back(memory.proportional);
         figures[Figure::privateMemory].push_back(memory.own);
-        figures[Figure::servicesMemory].push_back(memory.services);
         if (isLast)
-            parts_.push_back({subject.name(), memoryParts(sessionOf(subject.pid()))});
+            parts_.push_back({subject.name(), memoryParts(subject.own())});
     }
 
     void measureCosts(Subject& subject, Figures& figures) const {
@@ -151,9 +150,7 @@ private:
             figures[Figure::pointerServerTime].push_back(cost.server);
         }
         if (wants("windows")) {
-            const auto cost = subject.openWindows(windows);
-            figures[Figure::windowsTime].push_back(cost.own);
-            figures[Figure::windowsServicesTime].push_back(cost.services);
+            figures[Figure::windowsTime].push_back(subject.openWindows(windows).own);
         }
         if (wants("displays"))
             figures[Figure::displaysTime].push_back(subject.changeDisplays(shareOfChanges).own);

@@ -16,13 +16,11 @@ enum class Figure : std::uint8_t {
     residentMemory,
     proportionalMemory,
     privateMemory,
-    servicesMemory,
     idleTime,
     idleWakeUps,
     pointerTime,
     pointerServerTime,
     windowsTime,
-    windowsServicesTime,
     displaysTime,
     growth,
 };

@@ -95,7 +95,8 @@ void configureLxqt(VirtualDesktop& desktop, std::span<const App> apps) {
     writeFile(configuration / "lxqt.conf", "[General]\nicon_theme=Papirus\n");
 }
 
-/// It has no launchers with icons: texts that can be clicked, and the active window's title.
+/// It has no launchers with icons: texts that can be clicked, over which the pointer's picture
+/// changes, and the active window's title.
 void configurePolybar(VirtualDesktop& desktop, std::span<const App> apps) {
     std::ostringstream modules;
     std::ostringstream settings;
@@ -111,7 +112,7 @@ void configurePolybar(VirtualDesktop& desktop, std::span<const App> apps) {
              << desktop.displays().monitors.front().name
              << "\nwidth = 100%\nheight = " << panelThickness
              << "\nbottom = true\nbackground = #c0202020\nforeground = #ffffff\n"
-                "font-0 = DejaVu Sans:size=12\nmodules-left ="
+                "font-0 = DejaVu Sans:size=12\ncursor-click = pointer\nmodules-left ="
              << modules.str() << "\nmodules-center = title\n";
     writeFile(desktop.home().folder() / ".config/polybar/config.ini", settings.str());
 }

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <csignal>
+#include <iterator>
 #include <stdexcept>
 #include <thread>
 
@@ -57,11 +58,17 @@ const std::vector<Monitor>& twoDisplays() {
 std::unique_ptr<VirtualDesktop> makeDesktop(const std::vector<App>& apps) {
     VirtualDesktop::Options options;
     options.monitors = twoDisplays();
+    // No more than the displays: some of the programs know the whole screen only.
+    options.width = 0;
+    options.height = 0;
     options.compositor = true;
     options.sessionBus = true;
     options.installedApps = true;
     auto desktop =
         std::make_unique<VirtualDesktop>(Programs{TESTED_PROGRAM, TEST_APP, FILE_MANAGER}, options);
+    // What a session starts for any program is not called up by one of them alone.
+    desktop->environment()["NO_AT_BRIDGE"] = "1";
+    desktop->environment()["GIO_USE_VFS"] = "local";
     paintWallpaper(desktop->client(), desktop->displays().monitors);
     writeFile(desktop->home().folder() / ".config/gtk-3.0/settings.ini",
               "[Settings]\ngtk-icon-theme-name=Papirus\n");
@@ -118,7 +125,7 @@ double Subject::start() {
 }
 
 void Subject::stop() {
-    const pid_t leader = pid();
+    const pid_t leader = process_->pid();
     process_.reset();
     // What it has left running.
     for (const pid_t left : sessionOf(leader))
@@ -126,26 +133,26 @@ void Subject::stop() {
     require(eventually([&] { return sessionOf(leader).empty(); }), "the program does not end");
 }
 
-std::vector<pid_t> Subject::services() const {
-    auto found = sessionOf(desktop_->sessionBus());
-    std::erase(found, desktop_->sessionBus());
-    return found;
+std::vector<pid_t> Subject::own() const {
+    auto all = sessionOf(desktop_->sessionBus());
+    std::erase(all, desktop_->sessionBus());
+    std::ranges::copy(sessionOf(process_->pid()), std::back_inserter(all));
+    return all;
 }
 
 Subject::Memory Subject::memory() const {
     const auto pids = own();
     return {megabytes(kilobytes(pids, "Rss:")), megabytes(kilobytes(pids, "Pss:")),
-            megabytes(privateKilobytes(pids)), megabytes(privateKilobytes(services()))};
+            megabytes(privateKilobytes(pids))};
 }
 
 Subject::Cost Subject::spent() const {
-    return {processorTime(own()).count(), processorTime(services()).count(),
-            processorTime(desktop_->server()).count()};
+    return {processorTime(own()).count(), processorTime(desktop_->server()).count()};
 }
 
 Subject::Cost Subject::costSince(const Cost& before) const {
     const Cost now = spent();
-    return {now.own - before.own, now.services - before.services, now.server - before.server};
+    return {now.own - before.own, now.server - before.server};
 }
 
 Subject::Rest Subject::rest(std::chrono::seconds length) const {

@@ -1,5 +1,6 @@
 /// One of the compared programs on a desktop of its own, with a home and a session bus that nothing
-/// else uses, and what is measured of it. Its child processes count as itself.
+/// else uses, and what is measured of it. Its child processes count as itself, and so do the
+/// services that it calls up on that bus.
 #pragma once
 
 #include "Peers/Peer.hpp"
@@ -16,8 +17,6 @@ public:
     /// Processor time, milliseconds.
     struct Cost {
         double own = 0;
-        /// Of what its calls on the session bus have started.
-        double services = 0;
         double server = 0;
     };
 
@@ -26,7 +25,6 @@ public:
         double resident = 0;
         double proportional = 0;
         double own = 0;
-        double services = 0;
     };
 
     struct Rest {
@@ -52,14 +50,13 @@ public:
     /// By how many kilobytes its private memory grows while apps are started and ended.
     [[nodiscard]] double growth(int launches) const;
 
-    [[nodiscard]] pid_t pid() const { return process_->pid(); }
+    /// Its processes.
+    [[nodiscard]] std::vector<pid_t> own() const;
     [[nodiscard]] const std::string& name() const { return peer_.name; }
     /// Of both displays, with the pointer over the third launcher.
     [[nodiscard]] Picture picture() const;
 
 private:
-    [[nodiscard]] std::vector<pid_t> own() const { return sessionOf(pid()); }
-    [[nodiscard]] std::vector<pid_t> services() const;
     [[nodiscard]] Cost spent() const;
     [[nodiscard]] Cost costSince(const Cost& before) const;
     void leaveDock() const;
