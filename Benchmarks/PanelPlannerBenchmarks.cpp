@@ -33,7 +33,7 @@ void desiredPanels(benchmark::State& state) {
     }
     state.SetComplexityN(state.range(0));
 }
-BENCHMARK(desiredPanels)->Arg(2)->Arg(16)->Arg(64)->Complexity(benchmark::oN);
+BENCHMARK(desiredPanels)->RangeMultiplier(2)->Range(1, 64)->Complexity(benchmark::oN);
 
 }
 }
