@@ -61,10 +61,15 @@ public:
                                           {2000.0 * static_cast<double>(i), 0, width, 1080}));
     }
 
-    /// The fake windows keep all that ever happened to them.
-    void forgetHistory() {
-        for (const auto& panel : dock.platform.panelWindows.made)
+    /// The displays' next frame, for which every dock describes what it shows.
+    void showFrame() {
+        constexpr double framesPerSecond = 60;
+        dock.platform.runLoop.advance(1 / framesPerSecond);
+        for (const auto& panel : dock.platform.panelWindows.made) {
+            panel->nextFrame();
+            // The fake windows keep all that ever happened to them.
             panel->frameChanges.clear();
+        }
     }
 
     QuietOutput quiet;
@@ -83,7 +88,7 @@ void reconcile(benchmark::State& state, std::int64_t displays, std::int64_t tile
         isNarrow = !isNarrow;
         docks.arrange(isNarrow);
         docks.coordinator.reconcile();
-        docks.forgetHistory();
+        docks.showFrame();
     }
     state.SetComplexityN(state.range(0));
 }
@@ -120,7 +125,7 @@ void changeTiles(benchmark::State& state, std::int64_t displays, std::int64_t ti
         hasMore = !hasMore;
         docks.setTiles(tiles + (hasMore ? 1 : 0));
         docks.coordinator.reconcile();
-        docks.forgetHistory();
+        docks.showFrame();
     }
     state.SetComplexityN(state.range(0));
 }

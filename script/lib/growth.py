@@ -10,7 +10,7 @@ import re
 import sys
 
 # A line through the larger half may rise this much more steeply than in proportion: figures jitter.
-STEEPEST = 1.15
+STEEPEST = 1.2
 
 SERIES = {
     "tiles": [
