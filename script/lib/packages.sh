@@ -51,6 +51,7 @@ packages_desktop=(
 packages_comparison=(
     cairo-dock
     lxqt-panel
+    lxqt-qtplugin
     plank
     polybar
     xfce4-panel

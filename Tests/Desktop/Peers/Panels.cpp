@@ -93,6 +93,8 @@ void configureLxqt(VirtualDesktop& desktop, std::span<const App> apps) {
     settings << "apps\\size=" << number << "\n[taskbar]\ntype=taskbar\n";
     writeFile(configuration / "panel.conf", settings.str());
     writeFile(configuration / "lxqt.conf", "[General]\nicon_theme=Papirus\n");
+    // As in its own session, or it finds no icons.
+    desktop.environment()["QT_QPA_PLATFORMTHEME"] = "lxqt";
 }
 
 /// It has no launchers with icons: texts that can be clicked, over which the pointer's picture
@@ -125,11 +127,11 @@ Peer configured(Peer peer, void (*configure)(VirtualDesktop&, std::span<const Ap
 }
 
 std::vector<Peer> panels() {
-    constexpr int textPitch = 64;
-    return {configured(panel("tint2", {"tint2"}, launcherIconSize), configureTint2),
+    constexpr int textPitch = 51;
+    return {configured(panel("tint2", {"tint2"}, 46), configureTint2),
             configured(panel("xfce4-panel", {"xfce4-panel", "--disable-wm-check"}, panelThickness),
                        configureXfce),
-            configured(panel("lxqt-panel", {"lxqt-panel"}, panelThickness), configureLxqt),
+            configured(panel("lxqt-panel", {"lxqt-panel"}, 52), configureLxqt),
             configured(panel("polybar", {"polybar", "launchers"}, textPitch), configurePolybar)};
 }
 
