@@ -18,6 +18,8 @@ public:
     QuietOutput() : kept_(dup(STDOUT_FILENO)) {
         std::fflush(stdout);
         const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+        if (nowhere < 0)
+            return;
         dup2(nowhere, STDOUT_FILENO);
         close(nowhere);
     }
@@ -27,6 +29,8 @@ public:
     QuietOutput& operator=(QuietOutput&&) = delete;
     ~QuietOutput() {
         std::fflush(stdout);
+        if (kept_ < 0)
+            return;
         dup2(kept_, STDOUT_FILENO);
         close(kept_);
     }

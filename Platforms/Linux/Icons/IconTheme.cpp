@@ -9,6 +9,7 @@
 #include <array>
 #include <deque>
 #include <filesystem>
+#include <functional>
 #include <set>
 #include <utility>
 
@@ -113,10 +114,12 @@ std::optional<std::string> IconTheme::search(std::string_view icon, int side,
             }
         }
         // The best first, so that few files are looked for.
-        std::ranges::stable_sort(
-            candidates, [side](const Candidate& first, const Candidate& second) {
-                return IconThemeIndexes::isBetter(*first.folder, *second.folder, side);
-            });
+        std::ranges::sort(candidates, [side](const Candidate& first, const Candidate& second) {
+            if (IconThemeIndexes::isBetter(*first.folder, *second.folder, side))
+                return true;
+            // Of the same folder in two places, the earlier place.
+            return first.folder == second.folder && std::less{}(first.root, second.root);
+        });
         for (const Candidate& candidate : candidates) {
             if (auto path = pictureIn(candidate.root->path + '/' + candidate.folder->path, icon))
                 return path;

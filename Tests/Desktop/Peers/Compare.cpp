@@ -87,8 +87,9 @@ public:
         auto peers = docks();
         std::ranges::move(panels(), std::back_inserter(peers));
         for (const Peer& peer : peers) {
+            // One that fails to start may do so by chance.
             if (options_.names.empty() || options_.names.contains(peer.name))
-                measure(peer);
+                static_cast<void>(isMeasured(peer) || isMeasured(peer));
         }
     }
 
@@ -102,6 +103,16 @@ public:
 private:
     [[nodiscard]] bool wants(const char* measure) const {
         return options_.measures.contains(measure);
+    }
+
+    bool isMeasured(const Peer& peer) {
+        try {
+            measure(peer);
+            return true;
+        } catch (const std::exception& error) {
+            std::cerr << ' ' << error.what() << '\n';
+            return false;
+        }
     }
 
     void measure(const Peer& peer) {
@@ -134,8 +145,10 @@ private:
         figures[Figure::residentMemory].push_back(memory.resident);
         figures[Figure::proportionalMemory].push_back(memory.proportional);
         figures[Figure::privateMemory].push_back(memory.own);
-        if (isLast)
+        if (isLast) {
+            std::erase_if(parts_, [&](const auto& part) { return part.name == subject.name(); });
             parts_.push_back({subject.name(), memoryParts(subject.own())});
+        }
     }
 
     void measureCosts(Subject& subject, Figures& figures) const {

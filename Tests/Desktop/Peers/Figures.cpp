@@ -93,6 +93,7 @@ double value(const Figures& figures, Figure figure) {
 
 void writeTable(std::ostream& out, const std::vector<Column>& columns) {
     std::vector<std::string> names;
+    names.reserve(columns.size());
     for (const auto& column : columns)
         names.push_back(column.name + (column.version.empty() ? "" : " " + column.version));
     writeLine(out, "", names);
@@ -102,6 +103,7 @@ void writeTable(std::ostream& out, const std::vector<Column>& columns) {
     out << '\n';
     for (const Row& row : rows) {
         std::vector<std::string> cells;
+        cells.reserve(columns.size());
         for (const auto& column : columns)
             cells.push_back(cell(row, column.figures));
         const bool isMeasured =

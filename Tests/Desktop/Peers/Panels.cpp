@@ -51,30 +51,30 @@ void configureXfce(VirtualDesktop& desktop, std::span<const App> apps) {
         const auto item = app.id + ".desktop";
         writeFile(configuration / "panel" / ("launcher-" + plugin) / item,
                   readFile(desktop.home().entry(app.id)));
-        ids << "<value type=\"int\" value=\"" << plugin << "\"/>";
-        plugins << "<property name=\"plugin-" << plugin << "\" type=\"string\" value=\"launcher\">"
-                << "<property name=\"items\" type=\"array\"><value type=\"string\" value=\"" << item
-                << "\"/></property></property>\n";
+        ids << "<value type='int' value='" << plugin << "'/>";
+        plugins << "<property name='plugin-" << plugin << "' type='string' value='launcher'>"
+                << "<property name='items' type='array'><value type='string' value='" << item
+                << "'/></property></property>\n";
     }
     ++id;
     std::ostringstream channel;
-    channel << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-               "<channel name=\"xfce4-panel\" version=\"1.0\">\n"
-               "<property name=\"configver\" type=\"int\" value=\"2\"/>\n"
-               "<property name=\"panels\" type=\"array\"><value type=\"int\" value=\"1\"/>\n"
-               "<property name=\"panel-1\" type=\"empty\">"
-               "<property name=\"position\" type=\"string\" value=\"p=8;x=0;y=0\"/>"
-               "<property name=\"output-name\" type=\"string\" value=\"Primary\"/>"
-               "<property name=\"length\" type=\"uint\" value=\"100\"/>"
-               "<property name=\"position-locked\" type=\"bool\" value=\"true\"/>"
-               "<property name=\"icon-size\" type=\"uint\" value=\""
-            << launcherIconSize << "\"/><property name=\"size\" type=\"uint\" value=\""
-            << panelThickness << "\"/><property name=\"plugin-ids\" type=\"array\">" << ids.str()
-            << "<value type=\"int\" value=\"" << id
-            << "\"/></property></property></property>\n"
-               "<property name=\"plugins\" type=\"empty\">\n"
-            << plugins.str() << "<property name=\"plugin-" << id
-            << "\" type=\"string\" value=\"tasklist\"/></property>\n</channel>\n";
+    channel << "<?xml version='1.0' encoding='UTF-8'?>\n"
+               "<channel name='xfce4-panel' version='1.0'>\n"
+               "<property name='configver' type='int' value='2'/>\n"
+               "<property name='panels' type='array'><value type='int' value='1'/>\n"
+               "<property name='panel-1' type='empty'>"
+               "<property name='position' type='string' value='p=8;x=0;y=0'/>"
+               "<property name='output-name' type='string' value='Primary'/>"
+               "<property name='length' type='uint' value='100'/>"
+               "<property name='position-locked' type='bool' value='true'/>"
+               "<property name='icon-size' type='uint' value='"
+            << launcherIconSize << "'/><property name='size' type='uint' value='" << panelThickness
+            << "'/><property name='plugin-ids' type='array'>" << ids.str()
+            << "<value type='int' value='" << id
+            << "'/></property></property></property>\n"
+               "<property name='plugins' type='empty'>\n"
+            << plugins.str() << "<property name='plugin-" << id
+            << "' type='string' value='tasklist'/></property>\n</channel>\n";
     writeFile(configuration / "xfconf/xfce-perchannel-xml/xfce4-panel.xml", channel.str());
 }
 

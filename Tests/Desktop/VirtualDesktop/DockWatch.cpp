@@ -10,7 +10,7 @@
 namespace vireline::desktop {
 
 DockWatch::DockWatch(const std::string& display) : client_(display) {
-    listen(client_.root(), XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
+    listen(client_.root(), XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE);
     client_.sync();
 }
 
@@ -38,11 +38,22 @@ void DockWatch::handle(const xcb_generic_event_t& event) {
         listen(created.window, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
         xcb_flush(client_.get());
     } else if (event.response_type == XCB_MAP_NOTIFY) {
+        note(reinterpret_cast<const xcb_map_notify_event_t&>(event).window, Clock::now());
+    } else if (event.response_type == XCB_PROPERTY_NOTIFY &&
+               reinterpret_cast<const xcb_property_notify_event_t&>(event).atom ==
+                   client_.atom("_NET_CLIENT_LIST")) {
+        // Of windows that came too fast to be listened to in time.
         const auto now = Clock::now();
-        const auto window = reinterpret_cast<const xcb_map_notify_event_t&>(event).window;
-        if (isDock(window) && std::ranges::find(docks_, window, &Shown::window) == docks_.end())
-            docks_.push_back({window, now});
+        for (const xcb_window_t window : client_.managedWindows()) {
+            if (client_.isViewable(window))
+                note(window, now);
+        }
     }
+}
+
+void DockWatch::note(xcb_window_t window, Clock::time_point now) {
+    if (isDock(window) && std::ranges::find(docks_, window, &Shown::window) == docks_.end())
+        docks_.push_back({window, now});
 }
 
 bool DockWatch::isDock(xcb_window_t window) const {

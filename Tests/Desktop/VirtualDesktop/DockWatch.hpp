@@ -28,6 +28,7 @@ public:
 private:
     void waitForEvents();
     void handle(const xcb_generic_event_t& event);
+    void note(xcb_window_t window, Clock::time_point now);
     void listen(xcb_window_t window, std::uint32_t events) const;
     [[nodiscard]] bool isDock(xcb_window_t window) const;
 
