@@ -39,7 +39,14 @@ void wholeLayout(benchmark::State& state) {
     }
     state.SetComplexityN(state.range(0));
 }
-BENCHMARK(wholeLayout)->Arg(12)->Arg(40)->Arg(160)->Arg(640)->Complexity(benchmark::oN);
+BENCHMARK(wholeLayout)
+    ->Arg(10)
+    ->Arg(25)
+    ->Arg(50)
+    ->Arg(100)
+    ->Arg(200)
+    ->Arg(400)
+    ->Complexity(benchmark::oN);
 
 }
 }

@@ -32,10 +32,12 @@ void merge(benchmark::State& state) {
     state.SetComplexityN(count);
 }
 BENCHMARK(merge)
-    ->Arg(250)
-    ->Arg(500)
-    ->Arg(1000)
-    ->Arg(2000)
+    ->Arg(10)
+    ->Arg(25)
+    ->Arg(50)
+    ->Arg(100)
+    ->Arg(200)
+    ->Arg(400)
     ->Arg(4000)
     ->Unit(benchmark::kMicrosecond)
     ->Complexity(benchmark::oN);

@@ -1,12 +1,14 @@
 /// One frame of a magnified dock, from the pointer's movement to the pixels on their way to the
 /// server: the processor time of all threads, and what it allocates.
 #include "App/XcbApplication.hpp"
+#include "Displays/DockMetrics.hpp"
 #include "Displays/DockPanel.hpp"
 #include "Displays/RandrScreens.hpp"
 #include "Icons/DrawnIcons.hpp"
 #include "Icons/IconImage.hpp"
 #include "Panels/QtPanelWindows.hpp"
 #include "Support/DockFixture.hpp"
+#include "Views/DockMagnifier.hpp"
 #include "VirtualDesktop/VirtualDesktop.hpp"
 #include "X11/X11Connection.hpp"
 
@@ -87,7 +89,7 @@ double processorSeconds() {
 
 struct Server {
     explicit Server(double scale)
-        : desktop({}, {.monitors = {{"main", {0, 0, 3840, 1200}}}, .compositor = true}) {
+        : desktop({}, {.monitors = {{"main", {0, 0, 10240, 1200}}}, .compositor = true}) {
         ::setenv("DISPLAY", desktop.display().c_str(), 1);
         ::setenv("QT_SCREEN_SCALE_FACTORS", ("main=" + std::to_string(scale)).c_str(), 1);
     }
@@ -95,8 +97,19 @@ struct Server {
     desktop::VirtualDesktop desktop;
 };
 
-void magnifiedFrame(benchmark::State& state) {
-    const auto scale = static_cast<double>(state.range(1));
+constexpr int utilityTiles = 2;
+constexpr double magnification = 2;
+
+/// A dock's tiles, the length of its window and where the pointer goes in it; points.
+struct Dock {
+    int tiles = 0;
+    double iconSize = 44;
+    double length = 1300;
+    double from = 300;
+    double to = 1000;
+};
+
+void magnifyFrames(benchmark::State& state, const Dock& dock, double scale) {
     const Server server{scale};
     const XcbApplication application;
     X11Connection connection;
@@ -114,26 +127,23 @@ void magnifiedFrame(benchmark::State& state) {
                             fixture.platform.motionSettings,
                             fixture.trash,
                             std::nullopt};
-    constexpr int utilityTiles = 2;
-    const int apps = static_cast<int>(state.range(0)) - utilityTiles;
-    fixture.setTiles(apps, 0);
-    fixture.model.configuredIconSize.set(44);
-    fixture.model.magnification.set(2);
+    fixture.setTiles(dock.tiles - utilityTiles, 0);
+    fixture.model.configuredIconSize.set(dock.iconSize);
+    fixture.model.magnification.set(magnification);
     while (screens.screens().empty())
         QCoreApplication::processEvents();
     const auto screen = screens.screens().front();
-    constexpr double length = 1300;
     const PanelSpec spec{
-        screen.number.value_or(0), {100, 4, length, 130}, length, DockPosition::bottom};
+        screen.number.value_or(0), {100, 4, dock.length, 130}, dock.length, DockPosition::bottom};
     DockPanel panel{spec, false, context, tapped};
     panel.orderFrontRegardless();
     for (int i = 0; i < 200; ++i)
         QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
 
-    double x = 300;
+    double x = dock.from;
     std::int64_t allocated = 0;
     for ([[maybe_unused]] const auto frame : state) {
-        x = x < 1000 ? x + 3.7 : 300;
+        x = x < dock.to ? x + 3.7 : dock.from;
         fixture.platform.runLoop.advance(1.0 / 60);
         const double started = processorSeconds();
         const auto before = allocations.load();
@@ -149,6 +159,11 @@ void magnifiedFrame(benchmark::State& state) {
     state.counters["allocations"] =
         static_cast<double>(allocated) / static_cast<double>(state.iterations());
 }
+
+void magnifiedFrame(benchmark::State& state) {
+    magnifyFrames(state, {.tiles = static_cast<int>(state.range(0))},
+                  static_cast<double>(state.range(1)));
+}
 BENCHMARK(magnifiedFrame)
     ->Args({12, 1})
     ->Args({20, 1})
@@ -156,6 +171,31 @@ BENCHMARK(magnifiedFrame)
     ->UseManualTime()
     ->Iterations(200)
     ->Unit(benchmark::kMicrosecond);
+
+/// Icons of the size that a dock with very many tiles has, whatever their number, and a window as
+/// long as they are together.
+void frameByTiles(benchmark::State& state) {
+    Dock dock{.tiles = static_cast<int>(state.range(0)), .iconSize = DockMetrics::minIconSize};
+    const double strip =
+        DockOrdering::stripWidth({dock.tiles - utilityTiles, 0, utilityTiles}, dock.iconSize);
+    dock.length = strip + DockMagnifier::maxExtraLength(dock.tiles, dock.iconSize, magnification);
+    constexpr double around = 80;
+    dock.from = dock.length / 2 - around;
+    dock.to = dock.length / 2 + around;
+    magnifyFrames(state, dock, 1);
+    state.SetComplexityN(state.range(0));
+}
+BENCHMARK(frameByTiles)
+    ->Arg(10)
+    ->Arg(25)
+    ->Arg(50)
+    ->Arg(100)
+    ->Arg(200)
+    ->Arg(400)
+    ->UseManualTime()
+    ->Iterations(100)
+    ->Unit(benchmark::kMicrosecond)
+    ->Complexity(benchmark::oN);
 
 }
 }

@@ -1,78 +1,28 @@
 /// Measures the program as it runs: how fast its docks come up on two displays, what memory it
 /// takes, and whether it sleeps while nothing happens.
 #include "SettingsFigures.hpp"
+#include "VirtualDesktop/DockWatch.hpp"
 #include "VirtualDesktop/ProcessFigures.hpp"
 #include "VirtualDesktop/Report.hpp"
 #include "VirtualDesktop/VirtualDesktop.hpp"
 #include "VirtualDesktop/Waiting.hpp"
 #include "WindowFigures.hpp"
 
-#include <poll.h>
-
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <iostream>
-#include <set>
 #include <thread>
 
 namespace vireline::desktop {
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using Clock = DockWatch::Clock;
 using Milliseconds = std::chrono::duration<double, std::milli>;
 
-constexpr int dockCount = 2;
+constexpr std::size_t dockCount = 2;
 /// With Downloads and Trash, twelve tiles.
 constexpr int appCount = 10;
-
-/// Sees windows appear, by events, so that watching costs the program nothing.
-class DockWatch {
-public:
-    explicit DockWatch(const std::string& display) : client_(display) {
-        listen(client_.root(), XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
-        client_.sync();
-    }
-
-    /// When the last of the docks was mapped.
-    Clock::time_point waitForDocks() {
-        const auto deadline = Clock::now() + patience;
-        while (docks_.size() < dockCount && Clock::now() < deadline)
-            waitForEvents();
-        if (docks_.size() < dockCount)
-            throw std::runtime_error{"the docks do not come up"};
-        return Clock::now();
-    }
-
-private:
-    void waitForEvents() {
-        constexpr int limit = 100;
-        pollfd readable{xcb_get_file_descriptor(client_.get()), POLLIN, 0};
-        poll(&readable, 1, limit);
-        while (const auto event = client_.pollEvent())
-            handle(*event);
-    }
-
-    void handle(const xcb_generic_event_t& event) {
-        if (event.response_type == XCB_CREATE_NOTIFY) {
-            const auto& created = reinterpret_cast<const xcb_create_notify_event_t&>(event);
-            // Once the window manager has put it into a frame, the root window tells no more.
-            listen(created.window, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
-            xcb_flush(client_.get());
-        } else if (event.response_type == XCB_MAP_NOTIFY) {
-            const auto window = reinterpret_cast<const xcb_map_notify_event_t&>(event).window;
-            if (client_.text(window, "_NET_WM_NAME").starts_with("Vireline dock #"))
-                docks_.insert(window);
-        }
-    }
-
-    void listen(xcb_window_t window, std::uint32_t events) const {
-        xcb_change_window_attributes(client_.get(), window, XCB_CW_EVENT_MASK, &events);
-    }
-
-    XClient client_;
-    std::set<xcb_window_t> docks_;
-};
 
 std::unique_ptr<VirtualDesktop> makeDesktop() {
     VirtualDesktop::Options options;
@@ -95,7 +45,7 @@ double startOnce(VirtualDesktop& desktop) {
     DockWatch watch{desktop.display()};
     const auto start = Clock::now();
     desktop.startVireline();
-    return Milliseconds{watch.waitForDocks() - start}.count();
+    return Milliseconds{watch.waitForDocks(dockCount).back().when - start}.count();
 }
 
 /// Ascending.

@@ -127,6 +127,35 @@ TEST_F(DockRootViewTest, ATappedTileShrinksForATenthOfASecond) {
     EXPECT_EQ(icons()[0].scale, 1);
 }
 
+TEST_F(DockRootViewTest, MovingWithinATileOfAStripThatDoesNotGrowNeedsNoFrame) {
+    dock.setTiles(2, 0);
+    show();
+    const Point first = centerOfIcon(0);
+    send(Kind::moved, first);
+    int frames = 0;
+    view().onInvalidate = [&frames] { ++frames; };
+
+    send(Kind::moved, {first.x + 3, first.y});
+    EXPECT_EQ(frames, 0);
+    send(Kind::moved, centerOfIcon(1));
+    EXPECT_EQ(frames, 1);
+    EXPECT_EQ(labelText(), "App p1");
+}
+
+TEST_F(DockRootViewTest, EveryMovementOverAStripThatGrowsNeedsAFrame) {
+    dock.setTiles(2, 0);
+    dock.model.magnification.set(2);
+    show();
+    const Point first = centerOfIcon(0);
+    send(Kind::moved, first);
+    int frames = 0;
+    view().onInvalidate = [&frames] { ++frames; };
+
+    send(Kind::moved, {first.x + 3, first.y});
+
+    EXPECT_EQ(frames, 1);
+}
+
 TEST_F(DockRootViewTest, UtilityTilesOpenTheirFolders) {
     show();
 

@@ -73,8 +73,9 @@ protected:
             catalog_ = std::make_unique<DesktopEntryCatalog>(
                 loop_,
                 DesktopEntryCatalog::Sources{{FileURL::fromPath(root + "/applications")}, {}});
-            icons_ = std::make_unique<ThemeIcons>(*catalog_, windows,
-                                                  IconTheme{{{root + "/icons"}, {}}, "hicolor"});
+            const IconTheme::Folders folders{{root + "/icons"}, {}};
+            icons_ = std::make_unique<ThemeIcons>(
+                *catalog_, windows, std::make_shared<const IconTheme>(folders, "hicolor"));
         }
         return *icons_;
     }

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 #include <utility>
 
 namespace vireline {
@@ -149,15 +150,22 @@ std::optional<std::string> DockRootView::labelText() const {
     // A dock at the side has no room for labels.
     if (!pointer_ || !request_.edge.isHorizontal())
         return std::nullopt;
-    for (std::size_t i = 0; i < frames_.tiles.size(); ++i) {
-        const DockTile& tile = tiles_.all()[i];
-        const bool isHovered = press_ && press_->isDragging
-                                   ? press_->serial == tile.serial
-                                   : frames_.tiles[i].hit.contains(*pointer_);
-        if (isHovered)
-            return tile.item.name;
+    if (press_ && press_->isDragging) {
+        const auto dragged = std::ranges::find(tiles_.all(), press_->serial, &DockTile::serial);
+        return dragged == tiles_.all().end() ? std::nullopt : std::optional{dragged->item.name};
     }
-    return std::nullopt;
+    const auto hovered = hoveredTile();
+    return hovered ? std::optional{tiles_.all()[*hovered].item.name} : std::nullopt;
+}
+
+std::optional<std::size_t> DockRootView::hoveredTile() const {
+    if (!pointer_)
+        return std::nullopt;
+    const auto hovered = std::ranges::find_if(
+        frames_.tiles, [this](const TileFrames& tile) { return tile.hit.contains(*pointer_); });
+    if (hovered == frames_.tiles.end())
+        return std::nullopt;
+    return static_cast<std::size_t>(hovered - frames_.tiles.begin());
 }
 
 std::optional<Rect> DockRootView::inputRegion() const {
@@ -211,6 +219,10 @@ void DockRootView::pointerEvent(const PointerEvent& event) {
 }
 
 void DockRootView::pointerMoved(Point p) {
+    const auto shows = [this] {
+        return std::tuple{pointer_.has_value(), cursorAxis_, hoveredTile()};
+    };
+    const auto before = shows();
     pointer_ = p;
     if (press_)
         drag(*press_, p);
@@ -221,7 +233,9 @@ void DockRootView::pointerMoved(Point p) {
         const bool magnifies = StripLayout::isInMagnificationBand(p, edge, request_.iconSize);
         cursorAxis_ = magnifies ? std::optional{edge.along(p)} : std::nullopt;
     }
-    invalidate();
+    // Within one tile of a strip that does not grow, nothing looks different.
+    if (press_ || shows() != before)
+        invalidate();
 }
 
 void DockRootView::pointerExited() {

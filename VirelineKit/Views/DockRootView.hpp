@@ -14,6 +14,7 @@
 #include "Views/StripLayout.hpp"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -95,6 +96,8 @@ private:
     [[nodiscard]] Scene makeExpandedScene();
     [[nodiscard]] TileLook lookOf(const DockTile& tile, int index) const;
     [[nodiscard]] std::optional<std::string> labelText() const;
+    /// The tile under the pointer, by its place among the tiles as they lie now.
+    [[nodiscard]] std::optional<std::size_t> hoveredTile() const;
     [[nodiscard]] std::optional<Rect> inputRegion() const;
 
     [[nodiscard]] DockTile* tileAt(Point p);

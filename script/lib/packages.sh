@@ -48,9 +48,14 @@ packages_desktop=(
     xvfb
 )
 
-# What the program is compared with.
+# What the program is compared with. tint2 is one of them too.
 packages_comparison=(
+    cairo-dock
+    lxqt-panel
+    lxqt-qtplugin
     plank
+    polybar
+    xfce4-panel
 )
 
 # What the tour and the documents' pictures show on it, and what packs the pictures.

@@ -39,10 +39,10 @@ namespace {
 
 using namespace x11;
 
-IconTheme iconTheme(const XSettings::Texts& settings) {
+std::shared_ptr<const IconTheme> iconTheme(const XSettings::Texts& settings) {
     auto folders = IconTheme::userFolders();
     auto name = ChosenIconTheme::name(folders, settings, ChosenIconTheme::userFiles());
-    return {std::move(folders), std::move(name)};
+    return std::make_shared<const IconTheme>(std::move(folders), std::move(name));
 }
 
 std::string widgetTheme(const XSettings::Texts& settings) {
@@ -79,15 +79,15 @@ struct HostPlatform::Parts {
     GioWorkspace workspace{connection, catalog, runningApplications, userFolders};
     DesktopDockPreferences dockPreferences{
         {userFolders.home(), userFolders.configHome(), currentDesktop(), {}}, fileSystem, catalog};
-    /// Of symbols; that of the apps' icons goes its own way with the icons.
-    IconTheme theme = iconTheme(settings.texts);
+    /// Read once for the apps' icons and the symbols.
+    std::shared_ptr<const IconTheme> theme = iconTheme(settings.texts);
     ThemeIcons icons{catalog, runningApplications, theme};
     RandrScreens screens{connection};
     QtPanelWindows panelWindows{connection, screens, widgetTheme(settings.texts)};
     EwmhAccessibility accessibility{connection, runLoop, runningApplications, screens};
     XInputPointerTaps pointerTaps{screens};
-    Symbols symbols{theme};
-    TrayStatusBar statusBar{{connection, panelWindows.appearance(), symbols, theme}};
+    Symbols symbols{*theme};
+    TrayStatusBar statusBar{{connection, panelWindows.appearance(), symbols, *theme}};
     AutostartLoginItem loginItem{
         fileSystem,
         {userFolders.configHome(), AutostartLoginItem::ownPath(), DesktopNames::current()}};

@@ -9,6 +9,7 @@
 #include <array>
 #include <deque>
 #include <filesystem>
+#include <functional>
 #include <set>
 #include <utility>
 
@@ -104,42 +105,43 @@ std::optional<std::string> IconTheme::find(std::string_view icon, int side) cons
 std::optional<std::string> IconTheme::search(std::string_view icon, int side,
                                              bool trustsCaches) const {
     for (const Theme& theme : themes()) {
-        std::vector<Found> found;
+        std::vector<Candidate> candidates;
         for (const Root& root : theme.roots) {
             if (root.cache && trustsCaches) {
-                searchCache(theme, root, *root.cache, icon, found);
+                addFromCache(theme, root, *root.cache, icon, candidates);
             } else {
-                searchFolders(theme, root, icon, found);
+                addFolders(theme, root, candidates);
             }
         }
-        const auto best =
-            std::ranges::min_element(found, [side](const Found& first, const Found& second) {
-                return IconThemeIndexes::isBetter(first.folder, second.folder, side);
-            });
-        if (best != found.end())
-            return best->path;
+        // The best first, so that few files are looked for.
+        std::ranges::sort(candidates, [side](const Candidate& first, const Candidate& second) {
+            if (IconThemeIndexes::isBetter(*first.folder, *second.folder, side))
+                return true;
+            // Of the same folder in two places, the earlier place.
+            return first.folder == second.folder && std::less{}(first.root, second.root);
+        });
+        for (const Candidate& candidate : candidates) {
+            if (auto path = pictureIn(candidate.root->path + '/' + candidate.folder->path, icon))
+                return path;
+        }
     }
     return std::nullopt;
 }
 
-void IconTheme::searchCache(const Theme& theme, const Root& root, const IconCache& cache,
-                            std::string_view icon, std::vector<Found>& found) {
+void IconTheme::addFromCache(const Theme& theme, const Root& root, const IconCache& cache,
+                             std::string_view icon, std::vector<Candidate>& candidates) {
     for (const IconCache::Place& place : cache.find(icon)) {
         const auto folder = theme.folders.find(place.folder);
-        if (folder == theme.folders.end())
-            continue;
-        if (auto path = pictureIn(root.path + '/' + folder->first, icon))
-            found.push_back({folder->second, *std::move(path)});
+        if (folder != theme.folders.end())
+            candidates.push_back({&folder->second, &root});
     }
 }
 
-void IconTheme::searchFolders(const Theme& theme, const Root& root, std::string_view icon,
-                              std::vector<Found>& found) {
+void IconTheme::addFolders(const Theme& theme, const Root& root,
+                           std::vector<Candidate>& candidates) {
     for (const auto& [name, folder] : theme.folders) {
-        if (!root.tops.contains(topOf(name)))
-            continue;
-        if (auto path = pictureIn(root.path + '/' + name, icon))
-            found.push_back({folder, *std::move(path)});
+        if (root.tops.contains(topOf(name)))
+            candidates.push_back({&folder, &root});
     }
 }
 

@@ -50,10 +50,10 @@ private:
         std::map<std::string, IconFolder, std::less<>> folders;
     };
 
-    /// A picture and the folder that it was found in.
-    struct Found {
-        IconFolder folder;
-        std::string path;
+    /// Where a picture may be.
+    struct Candidate {
+        const IconFolder* folder = nullptr;
+        const Root* root = nullptr;
     };
 
     [[nodiscard]] const std::vector<Theme>& themes() const;
@@ -62,10 +62,10 @@ private:
     [[nodiscard]] std::optional<std::string> search(std::string_view icon, int side,
                                                     bool trustsCaches) const;
 
-    static void searchCache(const Theme& theme, const Root& root, const IconCache& cache,
-                            std::string_view icon, std::vector<Found>& found);
-    static void searchFolders(const Theme& theme, const Root& root, std::string_view icon,
-                              std::vector<Found>& found);
+    static void addFromCache(const Theme& theme, const Root& root, const IconCache& cache,
+                             std::string_view icon, std::vector<Candidate>& candidates);
+    static void addFolders(const Theme& theme, const Root& root,
+                           std::vector<Candidate>& candidates);
 
     Folders folders_;
     std::string name_;

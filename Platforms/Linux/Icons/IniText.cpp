@@ -1,22 +1,33 @@
 #include "Icons/IniText.hpp"
 
+#include <algorithm>
+#include <cstddef>
+
 namespace vireline::x11 {
 namespace {
 
-std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view blanks = " \t\r";
-    const auto first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+bool isBlank(char letter) {
+    return letter == ' ' || letter == '\t' || letter == '\r';
 }
 
-/// Takes the part up to one of `separators` off the front of `text`.
-std::string_view takeUpTo(std::string_view separators, std::string_view& text) {
-    const auto end = text.find_first_of(separators);
+std::string_view trimmed(std::string_view text) {
+    while (!text.empty() && isBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
+/// Takes the part before `end` off the front of `text`, along with the separator there.
+std::string_view take(std::size_t end, std::string_view& text) {
     const auto part = text.substr(0, end);
-    text = end == std::string_view::npos ? std::string_view{} : text.substr(end + 1);
+    text.remove_prefix(std::min(text.size(), part.size() + 1));
     return part;
+}
+
+std::size_t findSeparator(std::string_view text) {
+    const auto isSeparator = [](char letter) { return letter == ',' || letter == ';'; };
+    return static_cast<std::size_t>(std::ranges::find_if(text, isSeparator) - text.begin());
 }
 
 }
@@ -24,7 +35,7 @@ std::string_view takeUpTo(std::string_view separators, std::string_view& text) {
 IniText::IniText(std::string_view text) {
     Keys* group = nullptr;
     while (!text.empty()) {
-        const auto line = trimmed(takeUpTo("\n", text));
+        const auto line = trimmed(take(text.find('\n'), text));
         if (line.starts_with('[') && line.ends_with(']')) {
             group = &groups_[line.substr(1, line.size() - 2)];
             continue;
@@ -48,7 +59,7 @@ std::vector<std::string_view> IniText::list(std::string_view group, std::string_
     std::vector<std::string_view> items;
     auto rest = value(group, key).value_or(std::string_view{});
     while (!rest.empty()) {
-        const auto item = trimmed(takeUpTo(",;", rest));
+        const auto item = trimmed(take(findSeparator(rest), rest));
         if (!item.empty())
             items.push_back(item);
     }

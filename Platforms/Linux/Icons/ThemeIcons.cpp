@@ -94,10 +94,8 @@ Names folderIcons(const std::string& path) {
 }
 
 ThemeIcons::ThemeIcons(const DesktopEntryCatalog& catalog, const WindowIconSource& windows,
-                       IconTheme theme)
-    : catalog_(catalog)
-    , windows_(windows)
-    , theme_(std::make_shared<const IconTheme>(std::move(theme))) {
+                       std::shared_ptr<const IconTheme> theme)
+    : catalog_(catalog), windows_(windows), theme_(std::move(theme)) {
     // Also for pictures inside of drawings, which Qt decodes by itself.
     QImageReader::setAllocationLimit(maximumDecodedMegabytes);
 }

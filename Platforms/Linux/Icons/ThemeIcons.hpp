@@ -19,7 +19,7 @@ class WindowIconSource;
 class ThemeIcons final : public Icons {
 public:
     ThemeIcons(const DesktopEntryCatalog& catalog, const WindowIconSource& windows,
-               IconTheme theme);
+               std::shared_ptr<const IconTheme> theme);
     ThemeIcons(const ThemeIcons&) = delete;
     ThemeIcons& operator=(const ThemeIcons&) = delete;
     ThemeIcons(ThemeIcons&&) = delete;

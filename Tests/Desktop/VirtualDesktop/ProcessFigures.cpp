@@ -2,9 +2,9 @@
 
 #include "VirtualDesktop/Waiting.hpp"
 
-#include <unistd.h>
-
+#include <charconv>
 #include <cstdlib>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -15,12 +15,14 @@
 namespace vireline::desktop {
 namespace {
 
-std::filesystem::path folderOf(pid_t pid) {
-    return std::filesystem::path{"/proc"} / std::to_string(pid);
+namespace fs = std::filesystem;
+
+fs::path folderOf(pid_t pid) {
+    return fs::path{"/proc"} / std::to_string(pid);
 }
 
 /// Nothing for a thread that has just ended.
-std::optional<long> switchesOf(const std::filesystem::path& thread) {
+std::optional<long> switchesOf(const fs::path& thread) {
     constexpr std::string_view key = "ctxt_switches:";
     std::optional<long> sum;
     std::ifstream file{thread / "status"};
@@ -31,38 +33,82 @@ std::optional<long> switchesOf(const std::filesystem::path& thread) {
     return sum;
 }
 
+/// By the process's own clock: /proc tells whole ticks only. Nothing for a process that has ended.
+std::optional<ProcessorTime> timeOf(pid_t pid) {
+    clockid_t clock = 0;
+    timespec time{};
+    if (clock_getcpuclockid(pid, &clock) != 0 || clock_gettime(clock, &time) != 0)
+        return std::nullopt;
+    return std::chrono::seconds{time.tv_sec} + std::chrono::nanoseconds{time.tv_nsec};
 }
 
-std::chrono::duration<double, std::milli> processorTime(pid_t pid) {
-    std::ifstream file{folderOf(pid) / "stat"};
-    std::string line;
-    std::getline(file, line);
-    // The name may hold anything, blanks and brackets too; the numbers begin behind it.
-    std::istringstream fields{line.substr(line.rfind(')') + 1)};
-    constexpr int fieldsBefore = 11;
-    std::string skipped;
-    for (int i = 0; i < fieldsBefore; ++i)
-        fields >> skipped;
-    double user = 0;
-    double system = 0;
-    fields >> user >> system;
-    if (!fields)
-        throw std::runtime_error{"the kernel tells no times of the process"};
-    constexpr double perSecond = 1000;
-    return std::chrono::duration<double, std::milli>{(user + system) * perSecond /
-                                                     static_cast<double>(sysconf(_SC_CLK_TCK))};
-}
-
-long kilobytes(pid_t pid, std::string_view key) {
+/// Nothing when the kernel does not tell.
+std::optional<long> memoryOf(pid_t pid, std::string_view key) {
     std::ifstream file{folderOf(pid) / "smaps_rollup"};
     for (std::string line; std::getline(file, line);) {
         if (line.starts_with(key))
             return std::strtol(line.c_str() + key.size(), nullptr, 10);
     }
+    return std::nullopt;
+}
+
+/// The leader of the process's session; 0 for a process that has ended.
+pid_t leaderOf(pid_t pid) {
+    std::ifstream file{folderOf(pid) / "stat"};
+    std::string line;
+    if (!std::getline(file, line))
+        return 0;
+    // The name may hold anything, blanks and brackets too; the fields begin behind it.
+    std::istringstream fields{line.substr(line.rfind(')') + 1)};
+    char state = 0;
+    pid_t parent = 0;
+    pid_t group = 0;
+    pid_t leader = 0;
+    fields >> state >> parent >> group >> leader;
+    return leader;
+}
+
+}
+
+ProcessorTime processorTime(pid_t pid) {
+    if (const auto time = timeOf(pid))
+        return *time;
+    throw std::runtime_error{"the kernel tells no times of the process"};
+}
+
+ProcessorTime processorTime(std::span<const pid_t> pids) {
+    ProcessorTime sum{};
+    for (const pid_t pid : pids)
+        sum += timeOf(pid).value_or(ProcessorTime{});
+    return sum;
+}
+
+std::vector<pid_t> sessionOf(pid_t leader) {
+    std::vector<pid_t> found;
+    for (const auto& entry : fs::directory_iterator{"/proc"}) {
+        const std::string name = entry.path().filename();
+        pid_t pid = 0;
+        const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), pid);
+        if (error == std::errc{} && end == name.data() + name.size() && leaderOf(pid) == leader)
+            found.push_back(pid);
+    }
+    return found;
+}
+
+long kilobytes(pid_t pid, std::string_view key) {
+    if (const auto memory = memoryOf(pid, key))
+        return *memory;
     throw std::runtime_error{"the kernel tells no memory of the process"};
 }
 
-ContextSwitches::ContextSwitches(pid_t pid) : pid_(pid) {
+long kilobytes(std::span<const pid_t> pids, std::string_view key) {
+    long sum = 0;
+    for (const pid_t pid : pids)
+        sum += memoryOf(pid, key).value_or(0);
+    return sum;
+}
+
+ContextSwitches::ContextSwitches(std::vector<pid_t> pids) : pids_(std::move(pids)) {
     look();
     before_ = total();
 }
@@ -73,9 +119,12 @@ long ContextSwitches::count() {
 }
 
 void ContextSwitches::look() {
-    for (const auto& thread : std::filesystem::directory_iterator{folderOf(pid_) / "task"}) {
-        if (const auto switches = switchesOf(thread.path()))
-            threads_[thread.path().filename()] = *switches;
+    for (const pid_t pid : pids_) {
+        std::error_code gone;
+        for (const auto& thread : fs::directory_iterator{folderOf(pid) / "task", gone}) {
+            if (const auto switches = switchesOf(thread.path()))
+                threads_[thread.path().filename()] = *switches;
+        }
     }
 }
 
@@ -86,9 +135,9 @@ long ContextSwitches::total() const {
     return sum;
 }
 
-bool comesToRest(pid_t pid, std::chrono::milliseconds calm) {
+bool comesToRest(const std::vector<pid_t>& pids, std::chrono::milliseconds calm) {
     return eventually([&] {
-        ContextSwitches switches{pid};
+        ContextSwitches switches{pids};
         std::this_thread::sleep_for(calm);
         return switches.count() == 0;
     });

@@ -80,6 +80,9 @@ public:
     /// The X server's process.
     [[nodiscard]] pid_t server() const { return server_.pid(); }
 
+    /// The session bus's process, which also begins the session of what it starts; 0 without one.
+    [[nodiscard]] pid_t sessionBus() const { return bus_ ? bus_->pid() : 0; }
+
     /// Ends the X server under everybody's feet; nothing can be asked of the desktop afterwards.
     void stopServer() { server_.stop(); }
 

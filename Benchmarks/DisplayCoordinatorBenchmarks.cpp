@@ -1,0 +1,162 @@
+/// What all docks cost together: their places made anew when displays change, and their scenes when
+/// the tiles change, by the number of displays and of tiles.
+#include "Displays/DisplayCoordinator.hpp"
+#include "Support/DockFixture.hpp"
+
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cstdio>
+
+namespace vireline {
+namespace {
+
+/// The program's log goes to standard output, where the benchmarks' report goes as well.
+class QuietOutput {
+public:
+    QuietOutput() : kept_(dup(STDOUT_FILENO)) {
+        std::fflush(stdout);
+        const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+        if (nowhere < 0)
+            return;
+        dup2(nowhere, STDOUT_FILENO);
+        close(nowhere);
+    }
+    QuietOutput(const QuietOutput&) = delete;
+    QuietOutput& operator=(const QuietOutput&) = delete;
+    QuietOutput(QuietOutput&&) = delete;
+    QuietOutput& operator=(QuietOutput&&) = delete;
+    ~QuietOutput() {
+        std::fflush(stdout);
+        if (kept_ < 0)
+            return;
+        dup2(kept_, STDOUT_FILENO);
+        close(kept_);
+    }
+
+private:
+    int kept_;
+};
+
+/// Docks on this many displays, besides the one that holds the desktop's own.
+class Docks {
+public:
+    Docks(std::int64_t displays, std::int64_t tiles) : displays_(displays) {
+        setTiles(tiles);
+        arrange(false);
+        coordinator.start();
+    }
+
+    /// Every fourth app runs without being pinned.
+    void setTiles(std::int64_t tiles) {
+        constexpr int utility = 2;
+        const int apps = static_cast<int>(tiles) - utility;
+        dock.setTiles(apps - apps / 4, apps / 4);
+    }
+
+    /// Narrower displays move every dock.
+    void arrange(bool isNarrow) {
+        const double width = isNarrow ? 1600 : 1920;
+        auto& list = dock.platform.screens.list;
+        list = {test::screenWithDock(1, {0, 0, width, 1080})};
+        for (std::int64_t i = 1; i <= displays_; ++i)
+            list.push_back(test::screenAt(static_cast<std::uint32_t>(i + 1),
+                                          {2000.0 * static_cast<double>(i), 0, width, 1080}));
+    }
+
+    /// The displays' next frame, for which every dock describes what it shows.
+    void showFrame() {
+        constexpr double framesPerSecond = 60;
+        dock.platform.runLoop.advance(1 / framesPerSecond);
+        for (const auto& panel : dock.platform.panelWindows.made) {
+            panel->nextFrame();
+            // The fake windows keep all that ever happened to them.
+            panel->frameChanges.clear();
+        }
+    }
+
+    QuietOutput quiet;
+    test::DockFixture dock;
+    DisplayCoordinator coordinator{dock.context(), dock.platform.screens,
+                                   dock.platform.panelWindows};
+
+private:
+    std::int64_t displays_;
+};
+
+void reconcile(benchmark::State& state, std::int64_t displays, std::int64_t tiles) {
+    Docks docks{displays, tiles};
+    bool isNarrow = false;
+    for ([[maybe_unused]] const auto _ : state) {
+        isNarrow = !isNarrow;
+        docks.arrange(isNarrow);
+        docks.coordinator.reconcile();
+        docks.showFrame();
+    }
+    state.SetComplexityN(state.range(0));
+}
+
+void reconcileByDisplays(benchmark::State& state) {
+    constexpr std::int64_t tiles = 20;
+    reconcile(state, state.range(0), tiles);
+}
+BENCHMARK(reconcileByDisplays)
+    ->RangeMultiplier(2)
+    ->Range(1, 16)
+    ->Unit(benchmark::kMicrosecond)
+    ->Complexity(benchmark::oN);
+
+void reconcileByTiles(benchmark::State& state) {
+    constexpr std::int64_t displays = 2;
+    reconcile(state, displays, state.range(0));
+}
+BENCHMARK(reconcileByTiles)
+    ->Arg(10)
+    ->Arg(25)
+    ->Arg(50)
+    ->Arg(100)
+    ->Arg(200)
+    ->Arg(400)
+    ->Unit(benchmark::kMicrosecond)
+    ->Complexity(benchmark::oN);
+
+/// An app starts or ends: every dock has a tile more or less.
+void changeTiles(benchmark::State& state, std::int64_t displays, std::int64_t tiles) {
+    Docks docks{displays, tiles};
+    bool hasMore = false;
+    for ([[maybe_unused]] const auto _ : state) {
+        hasMore = !hasMore;
+        docks.setTiles(tiles + (hasMore ? 1 : 0));
+        docks.coordinator.reconcile();
+        docks.showFrame();
+    }
+    state.SetComplexityN(state.range(0));
+}
+
+void changeTilesByDisplays(benchmark::State& state) {
+    constexpr std::int64_t tiles = 20;
+    changeTiles(state, state.range(0), tiles);
+}
+BENCHMARK(changeTilesByDisplays)
+    ->RangeMultiplier(2)
+    ->Range(1, 16)
+    ->Unit(benchmark::kMicrosecond)
+    ->Complexity(benchmark::oN);
+
+void changeTilesByTiles(benchmark::State& state) {
+    constexpr std::int64_t displays = 2;
+    changeTiles(state, displays, state.range(0));
+}
+BENCHMARK(changeTilesByTiles)
+    ->Arg(10)
+    ->Arg(25)
+    ->Arg(50)
+    ->Arg(100)
+    ->Arg(200)
+    ->Arg(400)
+    ->Unit(benchmark::kMicrosecond)
+    ->Complexity(benchmark::oN);
+
+}
+}

@@ -1,0 +1,97 @@
+#include "Peers/Targets.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <iomanip>
+#include <sstream>
+#include <string_view>
+
+namespace vireline::desktop {
+namespace {
+
+constexpr std::string_view plain = "Vireline";
+constexpr std::string_view magnified = "Vireline, magnified";
+
+struct Target {
+    std::string_view subject;
+    Figure figure;
+    std::string_view what;
+    /// At most this share of what the least of the others takes.
+    double share = 1;
+    std::vector<std::string_view> others;
+};
+
+const std::vector<Target>& targets() {
+    const std::vector<std::string_view> all{"Plank",       "cairo-dock", "tint2",
+                                            "xfce4-panel", "lxqt-panel", "polybar"};
+    const std::vector<std::string_view> docks{"Plank", "cairo-dock"};
+    const std::vector<std::string_view> full{"Plank", "cairo-dock", "xfce4-panel", "lxqt-panel"};
+    constexpr double quarter = 0.25;
+    static const std::vector<Target> list{
+        {plain, Figure::idleTime, "first of all in processor time at rest", 1, all},
+        {plain, Figure::pointerTime, "first of all under the pointer", 1, all},
+        {magnified, Figure::pointerTime, "magnified, a quarter of the docks under the pointer",
+         quarter, docks},
+        {plain, Figure::start, "first of docks and full panels to start", 1, full},
+        {plain, Figure::proportionalMemory, "first of docks and full panels in memory (PSS)", 1,
+         full},
+        {plain, Figure::privateMemory, "… in private memory", 1, full},
+    };
+    return list;
+}
+
+const Column* find(const std::vector<Column>& columns, std::string_view name) {
+    const auto found = std::ranges::find(columns, name, &Column::name);
+    return found == columns.end() ? nullptr : &*found;
+}
+
+/// The one that takes the least; none where nothing was measured.
+const Column* least(const std::vector<Column>& columns, const Target& target) {
+    const Column* best = nullptr;
+    for (const auto name : target.others) {
+        const Column* const other = find(columns, name);
+        if (other != nullptr && !std::isnan(value(other->figures, target.figure)) &&
+            (best == nullptr ||
+             value(other->figures, target.figure) < value(best->figures, target.figure)))
+            best = other;
+    }
+    return best;
+}
+
+void write(std::ostream& out, std::string_view what, double figure, double limit,
+           const std::string& against) {
+    std::ostringstream numbers;
+    numbers << std::fixed << std::setprecision(1) << figure << " against " << limit << against;
+    out << "- " << what << ": " << numbers.str() << (figure <= limit ? ", holds" : ", **missed**")
+        << '\n';
+}
+
+}
+
+void writeTargets(std::ostream& out, const std::vector<Column>& columns) {
+    out << '\n';
+    for (const Target& target : targets()) {
+        const Column* const subject = find(columns, target.subject);
+        const Column* const other = least(columns, target);
+        if (subject == nullptr || other == nullptr)
+            continue;
+        const double figure = value(subject->figures, target.figure);
+        if (!std::isnan(figure))
+            write(out, target.what, figure, target.share * value(other->figures, target.figure),
+                  " of " + other->name);
+    }
+    for (const auto name : {plain, magnified}) {
+        const Column* const subject = find(columns, name);
+        if (subject == nullptr)
+            continue;
+        constexpr double megabyte = 1024;
+        if (const double wakeUps = value(subject->figures, Figure::idleWakeUps);
+            !std::isnan(wakeUps))
+            write(out, subject->name + ", wake-ups at rest", wakeUps, 0, "");
+        if (const double growth = value(subject->figures, Figure::growth); !std::isnan(growth))
+            write(out, subject->name + ", growth in KB", growth, megabyte, "");
+    }
+    out << '\n';
+}
+
+}
