@@ -68,10 +68,13 @@ packages_tour=(
     xterm
 )
 
-# What only script/coverage needs, and script/mutate.
+# What only script/coverage needs, script/mutate, and script/soak --valgrind.
 packages_coverage=(
     llvm-19
 )
 packages_mutate=(
     python3
+)
+packages_valgrind=(
+    valgrind
 )
