@@ -136,8 +136,9 @@ bool drag(SoakWorld& world, const DockLayout& dock, int from, int to) {
             {start.x + (end.x - start.x) * i / steps, start.y + (end.y - start.y) * i / steps});
     const bool isCancelled = world.onceIn(4);
     if (isCancelled) {
-        require(eventually([&] { return world.desktop().keyboard().isHeld(); }),
-                "a drag does not listen for Escape");
+        const Colour tile = world.pinned().at(static_cast<std::size_t>(from)).colour;
+        require(eventually([&] { return !isSame(world.desktop().pixel(start), tile); }),
+                "a tile does not follow the pointer");
         world.desktop().keyboard().type(Keyboard::escape);
     }
     pointer.release(Pointer::Button::primary);
