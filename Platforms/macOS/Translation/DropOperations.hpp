@@ -1,6 +1,8 @@
 /// What a drop does to what is dragged, in the system's numbers.
 #pragma once
 
+#include <initializer_list>
+
 namespace vireline::macos::DropOperations {
 
 inline constexpr unsigned long none = 0;

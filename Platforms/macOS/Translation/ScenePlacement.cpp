@@ -22,7 +22,7 @@ double nearest(double pixel) {
 
 struct Placing {
     Rect rect;
-    double scale;
+    double scale = 1;
 
     Rect operator()(const GlassNode&) const { return snapped(rect, scale); }
     Rect operator()(const HandleNode&) const { return snapped(rect, scale); }
