@@ -19,12 +19,16 @@ struct Layout {
     QFont font;
 };
 
+QFont fontOf(int pixelSize) {
+    QFont font = QGuiApplication::font();
+    font.setWeight(QFont::Medium);
+    font.setPixelSize(pixelSize);
+    return font;
+}
+
 Layout layOut(const LabelNode& label, const PlacedNode& place) {
     Layout layout;
-    layout.font = QGuiApplication::font();
-    layout.font.setWeight(QFont::Medium);
-    layout.font.setPixelSize(
-        std::max(1, static_cast<int>(std::lround(label.fontSize * place.scale))));
+    layout.font = fontOf(std::max(1, static_cast<int>(std::lround(label.fontSize * place.scale))));
     const QFontMetricsF metrics{layout.font};
     const QRectF& room = place.rect;
     const QSizeF padding{label.padding.width * place.scale, label.padding.height * place.scale};
@@ -74,6 +78,12 @@ const QImage& LabelPainter::picture(Key key, const PlacedNode& place) {
 
 QRect LabelPainter::capsule(const LabelNode& label, const PlacedNode& place) {
     return layOut(label, place).capsule;
+}
+
+void LabelPainter::prepareFont() {
+    constexpr int usualSize = 13;
+    static_cast<void>(
+        QFontMetricsF{fontOf(usualSize)}.horizontalAdvance(QStringLiteral("Vireline")));
 }
 
 }

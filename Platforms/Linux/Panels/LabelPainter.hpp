@@ -22,6 +22,10 @@ public:
     /// Where the capsule lies; whole pixels.
     [[nodiscard]] static QRect capsule(const LabelNode& label, const PlacedNode& place);
 
+    /// Looks the labels' font up, which the first label would otherwise wait for, for longer than a
+    /// frame.
+    static void prepareFont();
+
 private:
     struct Key {
         LabelNode label;

@@ -1,17 +1,29 @@
 #include "Panels/QtPanelWindows.hpp"
 
+#include "Panels/LabelPainter.hpp"
 #include "Panels/QtPanelWindow.hpp"
 
+#include <chrono>
+
 namespace vireline::x11 {
+namespace {
+
+/// The docks are on the screen by then, and nobody has pointed at one.
+constexpr std::chrono::milliseconds afterStart{400};
+
+}
 
 QtPanelWindows::QtPanelWindows(X11Connection& connection, RandrScreens& screens,
                                const std::string& widgetTheme)
-
     : connection_(connection)
     , drawing_(connection)
     , screens_(screens)
     , desktop_(connection)
-    , appearance_(widgetTheme) {}
+    , appearance_(widgetTheme) {
+    QObject::connect(&fontIsDue_, &QTimer::timeout, &LabelPainter::prepareFont);
+    fontIsDue_.setSingleShot(true);
+    fontIsDue_.start(afterStart);
+}
 
 std::unique_ptr<PanelWindow> QtPanelWindows::makePanel(std::uint32_t displayID, const Rect& frame,
                                                        PanelWindowListener& listener) {

@@ -6,6 +6,7 @@
 #include "Platform/PanelWindow.hpp"
 #include "X11/DrawingConnection.hpp"
 
+#include <QTimer>
 #include <string>
 
 namespace vireline::x11 {
@@ -31,6 +32,7 @@ private:
     RandrScreens& screens_;
     DesktopWatch desktop_;
     Appearance appearance_;
+    QTimer fontIsDue_;
 };
 
 }
