@@ -29,9 +29,18 @@ private:
     std::optional<QByteArray> value_;
 };
 
+/// Else libdbus ends the process when Qt asks something of a session bus that has just gone. Apps
+/// that are launched get the environment that this program was given.
+void outliveTheSessionBus() {
+    constexpr auto variable = "DBUS_FATAL_WARNINGS";
+    if (!qEnvironmentVariableIsSet(variable))
+        qputenv(variable, "0");
+}
+
 std::unique_ptr<QApplication> makeApplication(int& argumentCount, char** arguments) {
     // GIO delivers its results through GLib's main loop, which Qt must therefore run on.
     const WithoutVariable noGLib{"QT_NO_GLIB"};
+    outliveTheSessionBus();
     QApplication::setDesktopFileName(QStringLiteral("vireline"));
     QApplication::setApplicationName(QStringLiteral("Vireline"));
     QApplication::setQuitOnLastWindowClosed(false);

@@ -10,8 +10,7 @@ namespace vireline::x11 {
 
 class XcbApplication {
 public:
-    /// Needs a running X server; Qt ends the process without one. The environment that programs
-    /// started from here inherit is left as it was.
+    /// Needs a running X server; Qt ends the process without one.
     XcbApplication();
 
     [[nodiscard]] QApplication& qt() noexcept { return *application_; }
