@@ -1,7 +1,9 @@
+#include "VirtualDesktop/Waiting.hpp"
 #include "Windows/WindowTest.hpp"
 
 #include <xcb/shape.h>
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <array>
 
@@ -205,6 +207,47 @@ TEST_F(PanelWindowTest, TakesAGrabBySomebodyElseForNoLeave) {
     EXPECT_TRUE(eventually([&] { return log.has("out"); }));
     xcb_ungrab_pointer(client().get(), XCB_CURRENT_TIME);
     client().sync();
+}
+
+TEST_F(PanelWindowTest, KeepsWhatIsOverItWhileTheWindowManagerMovesItsEdges) {
+    const auto dock = showDock("main", log);
+    Scene scene = dockScene();
+    scene.inputRegion.reset();
+    dock->present(scene);
+    const PixelRect hidden{1720, 1096, 400, 4};
+    const PixelRect shown{1720, 1012, 400, 88};
+    const Rect display = screen("main").frame;
+    const double x = display.midX() - 200;
+    const auto hide = [&] {
+        dock->setFrame({x, display.minY(), 400, 4}, false);
+        dock->setHostedFrame({0, 0, 400, 84});
+    };
+    const auto show = [&] {
+        dock->setFrame({x, display.minY(), 400, 88}, false);
+        dock->setHostedFrame({0, 4, 400, 84});
+    };
+    hide();
+    ASSERT_TRUE(eventually([&] { return frameOf("main") == hidden; }));
+    settle();
+    const auto isOver = [&] { return client().windowAt(hidden.center()) == windowOf("main"); };
+    ASSERT_TRUE(isOver());
+
+    // The program asks for its new place, and hears nothing yet of having got it.
+    const auto isMovedTo = [&](const PixelRect& place) {
+        QCoreApplication::sendPostedEvents();
+        return desktop::eventually([&] { return frameOf("main") == place; });
+    };
+    show();
+    EXPECT_TRUE(isMovedTo(shown));
+    EXPECT_TRUE(isOver());
+    settle();
+    EXPECT_TRUE(isOver());
+
+    hide();
+    EXPECT_TRUE(isMovedTo(hidden));
+    EXPECT_TRUE(isOver());
+    settle();
+    EXPECT_TRUE(isOver());
 }
 
 TEST_F(PanelWindowTest, GoesBackWhereItBelongs) {

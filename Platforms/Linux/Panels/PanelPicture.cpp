@@ -44,12 +44,14 @@ void PanelPicture::setLayout(const PanelLayout& layout) {
 
 void PanelPicture::update(bool isShown) {
     applyInput();
-    if (damage_.isEmpty())
-        return;
-    const Damage painted = paint();
-    applyBackdrop();
-    if (isShown)
-        surface_.upload(painted, base());
+    if (!damage_.isEmpty()) {
+        const Damage painted = paint();
+        applyBackdrop();
+        if (isShown)
+            surface_.upload(painted, base());
+    }
+    // Last, so that the window loses nothing of the old regions before it has the new ones.
+    shape_.setEcho({layout_.lag.x(), layout_.lag.y()});
 }
 
 void PanelPicture::exposed() {

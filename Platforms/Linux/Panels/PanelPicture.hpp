@@ -28,6 +28,8 @@ struct PanelLayout {
     QSize window;
     /// The part of the window that the dock asks for; the rest is there for a movement's sake.
     QRect active;
+    /// What its corner is still away from where it was asked to be.
+    QPoint lag;
     ViewMapping mapping;
     /// Points.
     Size view;

@@ -19,6 +19,9 @@ PanelSurface::PanelSurface(const X11Connection& connection, const DrawingConnect
     if (geometry)
         depth_ = geometry->depth;
     canShare_ = depth_ >= 24;
+    // What is shown keeps its place on the screen while the window's edges move.
+    constexpr std::uint32_t gravity = XCB_GRAVITY_STATIC;
+    xcb_change_window_attributes(drawing.get(), window, XCB_CW_BIT_GRAVITY, &gravity);
     constexpr std::uint32_t noExposures = 0;
     xcb_create_gc(drawing.get(), context_, window, XCB_GC_GRAPHICS_EXPOSURES, &noExposures);
 }

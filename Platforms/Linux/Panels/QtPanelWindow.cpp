@@ -271,9 +271,10 @@ void QtPanelWindow::update() {
     if (!std::exchange(updateIsDue_, false) || !picture_)
         return;
     relayout();
+    picture_->update(isVisible());
+    // After the regions, which go with the window on its way.
     if (place_->asked() != target_)
         place_->set(target_);
-    picture_->update(isVisible());
     context_.connection.flush();
 }
 
@@ -313,6 +314,7 @@ void QtPanelWindow::relayout() {
     if (picture_) {
         picture_->setLayout({.window = {actual.width, actual.height},
                              .active = {plannedCorner, QSize{planned.width, planned.height}},
+                             .lag = {actual.x - target_.x, actual.y - target_.y},
                              .mapping = mapping_,
                              .view = hostedFrame_.size()});
     }

@@ -2,8 +2,6 @@
 
 #include "X11/X11Connection.hpp"
 
-#include <xcb/shape.h>
-
 #include <algorithm>
 #include <cstdint>
 #include <span>
@@ -20,17 +18,6 @@ auto fields(const xcb_rectangle_t& rect) {
     return std::tuple{rect.x, rect.y, rect.width, rect.height};
 }
 
-void send(const X11Connection& connection, xcb_window_t window, xcb_shape_kind_t kind,
-          std::span<const xcb_rectangle_t> rectangles) {
-    xcb_shape_rectangles(connection.get(), XCB_SHAPE_SO_SET, kind, XCB_CLIP_ORDERING_YX_BANDED,
-                         window, 0, 0, static_cast<std::uint32_t>(rectangles.size()),
-                         rectangles.data());
-}
-
-void clear(const X11Connection& connection, xcb_window_t window, xcb_shape_kind_t kind) {
-    xcb_shape_mask(connection.get(), XCB_SHAPE_SO_SET, kind, window, 0, 0, XCB_PIXMAP_NONE);
-}
-
 bool areEqual(std::span<const xcb_rectangle_t> first, std::span<const xcb_rectangle_t> second) {
     return std::ranges::equal(first, second, {}, fields, fields);
 }
@@ -42,23 +29,14 @@ void WindowShape::setBounding(std::optional<std::vector<xcb_rectangle_t>> rectan
         (!rectangles || areEqual(*rectangles, *bounding_)))
         return;
     bounding_ = std::move(rectangles);
-    if (bounding_) {
-        send(connection_, window_, XCB_SHAPE_SK_BOUNDING, *bounding_);
-    } else {
-        clear(connection_, window_, XCB_SHAPE_SK_BOUNDING);
-    }
+    sendBounding();
 }
 
-void WindowShape::setInput(std::optional<PixelRect> region) {
+void WindowShape::setInput(const PixelRect& region) {
     if (region == input_)
         return;
     input_ = region;
-    if (!input_)
-        return clear(connection_, window_, XCB_SHAPE_SK_INPUT);
-    const xcb_rectangle_t rectangle{
-        static_cast<std::int16_t>(input_->x), static_cast<std::int16_t>(input_->y),
-        static_cast<std::uint16_t>(input_->width), static_cast<std::uint16_t>(input_->height)};
-    send(connection_, window_, XCB_SHAPE_SK_INPUT, std::span{&rectangle, 1});
+    sendInput();
 }
 
 void WindowShape::setBlurred(std::vector<xcb_rectangle_t> region) {
@@ -76,6 +54,44 @@ void WindowShape::setBlurred(std::vector<xcb_rectangle_t> region) {
                       std::uint32_t{rect.width}, std::uint32_t{rect.height}});
     }
     connection_.setWords(window_, blurProperty, XCB_ATOM_CARDINAL, words);
+}
+
+void WindowShape::setEcho(PixelPoint offset) {
+    if (offset == echo_)
+        return;
+    echo_ = offset;
+    if (bounding_)
+        sendBounding();
+    if (input_)
+        sendInput();
+}
+
+void WindowShape::sendBounding() const {
+    if (bounding_)
+        return send(XCB_SHAPE_SK_BOUNDING, *bounding_);
+    xcb_shape_mask(connection_.get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, window_, 0, 0,
+                   XCB_PIXMAP_NONE);
+}
+
+void WindowShape::sendInput() const {
+    if (!input_)
+        return;
+    const xcb_rectangle_t rectangle{
+        static_cast<std::int16_t>(input_->x), static_cast<std::int16_t>(input_->y),
+        static_cast<std::uint16_t>(input_->width), static_cast<std::uint16_t>(input_->height)};
+    send(XCB_SHAPE_SK_INPUT, std::span{&rectangle, 1});
+}
+
+void WindowShape::send(xcb_shape_kind_t kind, std::span<const xcb_rectangle_t> rectangles) const {
+    const auto sendAt = [&](xcb_shape_op_t operation, PixelPoint offset) {
+        xcb_shape_rectangles(connection_.get(), operation, kind, XCB_CLIP_ORDERING_YX_BANDED,
+                             window_, static_cast<std::int16_t>(offset.x),
+                             static_cast<std::int16_t>(offset.y),
+                             static_cast<std::uint32_t>(rectangles.size()), rectangles.data());
+    };
+    sendAt(XCB_SHAPE_SO_SET, {});
+    if (echo_ != PixelPoint{})
+        sendAt(XCB_SHAPE_SO_UNION, echo_);
 }
 
 bool WindowShape::takesPointer(int x, int y) const {

@@ -4,9 +4,11 @@
 
 #include "X11/PixelRect.hpp"
 
+#include <xcb/shape.h>
 #include <xcb/xcb.h>
 
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace vireline::x11 {
@@ -19,21 +21,31 @@ public:
     WindowShape(const X11Connection& connection, xcb_window_t window)
         : connection_(connection), window_(window) {}
 
-    /// Nothing: the whole rectangle of the window.
+    /// None: the whole rectangle of the window.
     void setBounding(std::optional<std::vector<xcb_rectangle_t>> rectangles);
-    void setInput(std::optional<PixelRect> region);
+    void setInput(const PixelRect& region);
     /// An empty list is nowhere.
     void setBlurred(std::vector<xcb_rectangle_t> region);
+
+    /// Has the window exist, and take the pointer, this far beside its regions as well. A window
+    /// that is about to move by the opposite, whenever the window manager comes to it, so keeps
+    /// what is over it until its new regions are set.
+    void setEcho(PixelPoint offset);
 
     /// Whether a pixel of the window takes the pointer, as far as this shape is concerned.
     [[nodiscard]] bool takesPointer(int x, int y) const;
 
 private:
+    void sendBounding() const;
+    void sendInput() const;
+    void send(xcb_shape_kind_t kind, std::span<const xcb_rectangle_t> rectangles) const;
+
     const X11Connection& connection_;
     xcb_window_t window_;
     std::optional<std::vector<xcb_rectangle_t>> bounding_;
     std::optional<PixelRect> input_;
     std::vector<xcb_rectangle_t> blurred_;
+    PixelPoint echo_;
 };
 
 }

@@ -7,6 +7,7 @@
 
 #include <poll.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <fstream>
@@ -164,20 +165,12 @@ private:
 
     /// The lowest window there that says it takes drags.
     [[nodiscard]] xcb_window_t targetAt(PixelPoint place) const {
-        xcb_window_t window = client_.root();
-        xcb_window_t target = XCB_NONE;
-        while (window != XCB_NONE) {
-            if (client_.hasProperty(window, "XdndAware"))
-                target = window;
-            const Owned<xcb_translate_coordinates_reply_t> below{xcb_translate_coordinates_reply(
-                client_.get(),
-                xcb_translate_coordinates(client_.get(), client_.root(), window,
-                                          static_cast<std::int16_t>(place.x),
-                                          static_cast<std::int16_t>(place.y)),
-                nullptr)};
-            window = below ? below->child : xcb_window_t{XCB_NONE};
-        }
-        return target;
+        const auto windows = client_.windowsAt(place);
+        const auto target =
+            std::find_if(windows.rbegin(), windows.rend(), [&](xcb_window_t window) {
+                return client_.hasProperty(window, "XdndAware");
+            });
+        return target == windows.rend() ? xcb_window_t{XCB_NONE} : *target;
     }
 
     void record(const std::string& line) const {

@@ -148,6 +148,20 @@ std::vector<xcb_window_t> XClient::allWindows() const {
     return found;
 }
 
+std::vector<xcb_window_t> XClient::windowsAt(PixelPoint place) const {
+    std::vector<xcb_window_t> found{root()};
+    while (true) {
+        const auto cookie = xcb_translate_coordinates(get(), root(), found.back(),
+                                                      static_cast<std::int16_t>(place.x),
+                                                      static_cast<std::int16_t>(place.y));
+        const Owned<xcb_translate_coordinates_reply_t> below{
+            xcb_translate_coordinates_reply(get(), cookie, nullptr)};
+        if (!below || below->child == XCB_NONE)
+            return found;
+        found.push_back(below->child);
+    }
+}
+
 std::optional<PixelRect> XClient::frame(xcb_window_t window) const {
     const auto geometryCookie = xcb_get_geometry(get(), window);
     const auto placeCookie = xcb_translate_coordinates(get(), window, root(), 0, 0);

@@ -64,6 +64,10 @@ public:
     [[nodiscard]] std::vector<xcb_window_t> children(xcb_window_t window) const;
     /// All windows below the root window, a parent before its children, the lowest first.
     [[nodiscard]] std::vector<xcb_window_t> allWindows() const;
+    /// Each holds the next one there, the root window first.
+    [[nodiscard]] std::vector<xcb_window_t> windowsAt(PixelPoint place) const;
+    /// The lowest of them, which the pointer would be over.
+    [[nodiscard]] xcb_window_t windowAt(PixelPoint place) const { return windowsAt(place).back(); }
     /// Without the window's border.
     [[nodiscard]] std::optional<PixelRect> frame(xcb_window_t window) const;
     /// Shown, and its parents are too.
