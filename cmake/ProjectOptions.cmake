@@ -18,7 +18,9 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
 find_program(CCACHE ccache)
 if(CCACHE)
-    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+    # Without that it caches nothing that begins with a precompiled header.
+    set(CMAKE_CXX_COMPILER_LAUNCHER
+        ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
 endif()
 
 add_library(vireline_options INTERFACE)
@@ -36,8 +38,10 @@ if(VIRELINE_COVERAGE)
 endif()
 
 if(VIRELINE_SANITIZE)
-    target_compile_options(vireline_options INTERFACE
-        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    # A target that has the property LOOKS_FROM_OUTSIDE does nothing itself that needs watching.
+    set(is_watched "$<NOT:$<BOOL:$<TARGET_PROPERTY:LOOKS_FROM_OUTSIDE>>>")
+    target_compile_options(vireline_options INTERFACE "$<${is_watched}:\
+-fsanitize=address,undefined;-fno-sanitize-recover=all;-fno-omit-frame-pointer>")
     target_link_options(vireline_options INTERFACE -fsanitize=address,undefined)
 endif()
 
