@@ -18,9 +18,10 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
 find_program(CCACHE ccache)
 if(CCACHE)
-    # Without that it caches nothing that begins with a precompiled header.
+    # Without these it caches nothing that begins with a precompiled header.
+    set(sloppiness pch_defines,time_macros,include_file_mtime,include_file_ctime)
     set(CMAKE_CXX_COMPILER_LAUNCHER
-        ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
+        ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=${sloppiness} ${CCACHE})
 endif()
 
 add_library(vireline_options INTERFACE)

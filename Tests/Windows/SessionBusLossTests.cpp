@@ -22,12 +22,10 @@ class SessionBusLoss : public test::WindowTest {
 protected:
     static inline const QString connectionName = QStringLiteral("lost");
 
-    SessionBusLoss() { EXPECT_TRUE(connection_.isConnected()); }
-    SessionBusLoss(const SessionBusLoss&) = delete;
-    SessionBusLoss& operator=(const SessionBusLoss&) = delete;
-    SessionBusLoss(SessionBusLoss&&) = delete;
-    SessionBusLoss& operator=(SessionBusLoss&&) = delete;
-    ~SessionBusLoss() override { QDBusConnection::disconnectFromBus(connectionName); }
+    void TearDown() override {
+        QDBusConnection::disconnectFromBus(connectionName);
+        WindowTest::TearDown();
+    }
 
     /// Listens to a program of that name, which Qt has to ask the bus for; in a thread, since Qt
     /// waits for the answer.
@@ -68,6 +66,7 @@ protected:
 };
 
 TEST_F(SessionBusLoss, IsOutlivedByTheNextQuestion) {
+    ASSERT_TRUE(connection_.isConnected());
     bus_.signal(SIGSTOP);
     const Listening asking{connection_, QStringLiteral("org.example.First")};
     ASSERT_TRUE(eventually([&] { return asking.waits(); }));

@@ -112,6 +112,11 @@ std::size_t resourcesOf(SoakWorld& world, xcb_window_t resource) {
 
 }
 
+void require(bool isSo, const std::string& complaint) {
+    if (!isSo)
+        throw Violation{complaint};
+}
+
 void checkDesktop(SoakWorld& world) {
     world.parkPointer();
     if (!world.desktop().vireline().isRunning())

@@ -5,9 +5,12 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <map>
+#include <string>
 
 namespace vireline::desktop {
+
+/// Something that has to come of a step.
+void require(bool isSo, const std::string& complaint);
 
 /// The program runs, its docks are where they belong and show the tiles that they should, and the
 /// file on the disk is what it saved.

@@ -1,26 +1,19 @@
 #include "Soak/SoakSteps.hpp"
 
 #include "FileDrag.hpp"
-#include "Settings/SettingsCoding.hpp"
+#include "Soak/SettingsSteps.hpp"
 #include "Soak/SoakChecks.hpp"
 #include "VirtualDesktop/Waiting.hpp"
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <csignal>
 #include <filesystem>
 #include <iterator>
 
 namespace vireline::desktop {
 namespace {
-
-constexpr auto saveFailed = "preferences save failed";
-
-/// Something that has to come of a step.
-void require(bool isSo, const std::string& complaint) {
-    if (!isSo)
-        throw Violation{complaint};
-}
 
 const App& anyOf(SoakWorld& world, const std::vector<App>& apps) {
     return apps.at(world.any(apps.size()));
@@ -119,8 +112,13 @@ void openMenu(SoakWorld& world) {
                                     Pointer::Button::secondary);
     const auto isOpen = [&] { return !world.desktop().docks().menus().empty(); };
     require(eventually(isOpen), "no menu opens");
-    world.desktop().keyboard().type(Keyboard::escape);
-    require(eventually([&] { return !isOpen(); }), "the menu does not close");
+    // A menu hears keys from a moment after it is seen.
+    constexpr int tries = 20;
+    for (int i = 0; i < tries && isOpen(); ++i) {
+        world.desktop().keyboard().type(Keyboard::escape);
+        static_cast<void>(eventually([&] { return !isOpen(); }, std::chrono::seconds{1}));
+    }
+    require(!isOpen(), "the menu does not close");
 }
 
 /// Leads the pressed pointer from tile to tile. Tells whether it let go, rather than cancel.
@@ -250,66 +248,37 @@ void loseBus(SoakWorld& world) {
     world.loseBus();
 }
 
-// Settings.
+/// A process that does nothing for as long as this lives.
+class Hang {
+public:
+    explicit Hang(pid_t process) : process_(process) { ::kill(process_, SIGSTOP); }
+    Hang(const Hang&) = delete;
+    Hang& operator=(const Hang&) = delete;
+    Hang(Hang&&) = delete;
+    Hang& operator=(Hang&&) = delete;
+    ~Hang() { ::kill(process_, SIGCONT); }
 
-BusObject control(SoakWorld& world, AccessibleRole role, const std::string& name) {
-    std::optional<BusObject> found;
-    require(eventually([&] {
-                found = world.desktop().controls().find(role, name);
-                return found.has_value();
-            }),
-            "the settings have no control " + name);
-    return *found;
-}
+private:
+    pid_t process_;
+};
 
-/// Clicks a control at a part of its length.
-void click(SoakWorld& world, const BusObject& control, double part = 0.5) {
-    const PixelRect frame = world.desktop().controls().frame(control);
-    const auto along = static_cast<int>(part * frame.width);
-    world.desktop().pointer().click({frame.x + along, frame.center().y});
-}
-
-/// Where on the slider a size is that differs from the one in force.
-double otherPart(SoakWorld& world) {
-    constexpr double middle = 48;
-    return world.settings().iconSize < middle ? 0.9 : 0.1;
-}
-
-void changeSize(SoakWorld& world) {
-    if (!world.hasBus())
+void hangBus(SoakWorld& world) {
+    const pid_t bus = world.desktop().sessionBus();
+    if (bus == 0)
         return;
-    const double before = world.settings().iconSize;
-    world.openSettings();
-    click(world, control(world, AccessibleRole::slider, "Icon size"), otherPart(world));
-    world.awaitSave([&](const Settings& saved) { return saved.iconSize != before; });
-    world.closeSettings();
+    const Hang hang{bus};
+    launchFromDock(world);
+    checkDesktop(world);
 }
 
-void changePosition(SoakWorld& world) {
-    if (!world.hasBus())
+/// Nothing that is painted is seen meanwhile.
+void hangCompositor(SoakWorld& world) {
+    const pid_t compositor = world.desktop().compositor();
+    if (compositor == 0)
         return;
-    constexpr std::array positions{"Bottom", "Left", "Right"};
-    const auto before = world.settings().position;
-    const auto other = (static_cast<std::size_t>(before) + 1 + world.any(2)) % positions.size();
-    world.openSettings();
-    click(world, control(world, AccessibleRole::radioButton, positions.at(other)));
-    world.awaitSave(
-        [&](const Settings& saved) { return saved.position == static_cast<DockPosition>(other); });
-    world.closeSettings();
-}
-
-void changeSource(SoakWorld& world) {
-    if (!world.hasBus())
-        return;
-    const bool isMirror = world.settings().sourceMode == SourceMode::mirror;
-    world.openSettings();
-    click(world, control(world, AccessibleRole::radioButton,
-                         isMirror ? "Manual list" : "Mirror Apple's Dock"));
-    // A list of the user's own begins as the one that was mirrored.
-    world.awaitSave([&](const Settings& saved) {
-        return isManual(saved) == isMirror && (!isMirror || !saved.manualApps.empty());
-    });
-    world.closeSettings();
+    const Hang hang{compositor};
+    sweep(world);
+    launchFromDock(world);
 }
 
 DockOrdering::Counts tileCounts(SoakWorld& world) {
@@ -335,64 +304,6 @@ void changePins(SoakWorld& world) {
         world.pin(list);
 }
 
-void replacePreferences(SoakWorld& world) {
-    constexpr std::array contents{"",         "{",
-                                  "[]",       R"({"iconSize": "large"})",
-                                  "\xff\xfe", R"({"schemaVersion": 99, "autoHide": null})"};
-    const auto file = world.desktop().home().preferences();
-    std::filesystem::remove(file);
-    writeFile(file, contents.at(world.any(contents.size())));
-    world.fileWasReplaced();
-}
-
-/// One change cannot be saved; the next save brings it along.
-void failDisk(SoakWorld& world) {
-    if (!world.hasBus())
-        return;
-    const auto file = world.desktop().home().preferences();
-    world.openSettings();
-    const double before = world.settings().iconSize;
-    const auto slider = control(world, AccessibleRole::slider, "Icon size");
-    const int failures = world.desktop().log().count(saveFailed);
-    std::filesystem::remove(file);
-    std::filesystem::create_directories(file / "in the way");
-    click(world, slider, otherPart(world));
-    const bool isLogged = world.desktop().log().reaches(saveFailed, failures + 1);
-    std::filesystem::remove_all(file);
-    require(isLogged, "a save that failed is not logged");
-    constexpr double middle = 48;
-    click(world, slider, before < middle ? 0.7 : 0.3);
-    world.awaitSave([&](const Settings& saved) { return saved.iconSize != before; });
-    world.closeSettings();
-}
-
-Settings anySettings(SoakWorld& world) {
-    Settings settings;
-    settings.onboardingCompleted = true;
-    constexpr std::array positions{DockPosition::bottom, DockPosition::left, DockPosition::right};
-    settings.position = positions.at(world.any(positions.size()));
-    settings.iconSize = 32 + static_cast<double>(world.any(33));
-    settings.autoHide = world.onceIn(4);
-    settings.magnificationEnabled = world.onceIn(2);
-    settings.summonOnClick = world.onceIn(2);
-    settings.openOnThisDisplay = world.onceIn(2);
-    settings.anchorAppleDock = world.onceIn(4);
-    return settings;
-}
-
-/// With other settings, or with those that it saved: after a power cut these are all there is.
-void restart(SoakWorld& world) {
-    if (world.onceIn(2))
-        world.end();
-    else
-        world.kill();
-    if (world.isFileReplaced() || world.onceIn(2)) {
-        std::filesystem::remove_all(world.desktop().home().preferences());
-        world.desktop().home().writePreferences(SettingsCoding::encode(anySettings(world)));
-    }
-    world.start();
-}
-
 }
 
 std::span<const SoakStep> soakSteps() {
@@ -412,6 +323,8 @@ std::span<const SoakStep> soakSteps() {
         SoakStep{"the displays change", 5, changeMonitors},
         SoakStep{"the window manager starts anew", 2, restartWindowManager},
         SoakStep{"the compositor comes or goes", 2, toggleCompositor},
+        SoakStep{"the compositor hangs", 2, hangCompositor},
+        SoakStep{"the session bus hangs", 2, hangBus},
         SoakStep{"the session bus goes away", 1, loseBus},
         SoakStep{"the icon size changes", 2, changeSize},
         SoakStep{"the position changes", 2, changePosition},

@@ -94,6 +94,8 @@ public:
     void stopWindowManager() { windowManager_.reset(); }
     void startCompositor();
     void stopCompositor() { compositor_.reset(); }
+    /// Its process; 0 without one.
+    [[nodiscard]] pid_t compositor() const { return compositor_ ? compositor_->pid() : 0; }
 
     /// Puts another program's panel at an edge of a monitor, where it reserves its thickness.
     void reserve(const Reservation& reservation);
