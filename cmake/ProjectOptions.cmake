@@ -68,3 +68,11 @@ function(vireline_library name)
     target_link_libraries(${name} PUBLIC vireline_options)
     target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
 endfunction()
+
+# What is no platform's own is only linked by a cross-build with what is: it has been compiled file by
+# file before, and here takes a fraction of the time.
+function(vireline_build_at_once name)
+    if(CMAKE_CROSSCOMPILING)
+        set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
+    endif()
+endfunction()

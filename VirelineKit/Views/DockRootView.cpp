@@ -150,12 +150,9 @@ std::optional<std::string> DockRootView::labelText() const {
     // A dock at the side has no room for labels.
     if (!pointer_ || !request_.edge.isHorizontal())
         return std::nullopt;
-    if (press_ && press_->isDragging) {
-        const auto dragged = std::ranges::find(tiles_.all(), press_->serial, &DockTile::serial);
-        return dragged == tiles_.all().end() ? std::nullopt : std::optional{dragged->item.name};
-    }
-    const auto hovered = hoveredTile();
-    return hovered ? std::optional{tiles_.all()[*hovered].item.name} : std::nullopt;
+    const bool isDragging = press_ && press_->isDragging;
+    const auto named = isDragging ? tiles_.indexOf(press_->serial) : hoveredTile();
+    return named ? std::optional{tiles_.all()[*named].item.name} : std::nullopt;
 }
 
 std::optional<std::size_t> DockRootView::hoveredTile() const {
@@ -361,11 +358,10 @@ void DockRootView::endDrag(bool isDropped) {
 std::optional<ReorderMath::Drag> DockRootView::reorderDrag() const {
     if (!press_ || !press_->isDragging)
         return std::nullopt;
-    const auto& tiles = tiles_.all();
-    const auto dragged = std::ranges::find(tiles, press_->serial, &DockTile::serial);
-    if (dragged == tiles.end())
+    const auto dragged = tiles_.indexOf(press_->serial);
+    if (!dragged)
         return std::nullopt;
-    return ReorderMath::Drag{.draggedIndex = static_cast<int>(dragged - tiles.begin()),
+    return ReorderMath::Drag{.draggedIndex = static_cast<int>(*dragged),
                              .offset = press_->offset,
                              .slot = request_.iconSize + DockMetrics::iconSpacing,
                              .count = request_.pinnedCount};
@@ -428,12 +424,8 @@ void DockRootView::press(std::uint32_t serial) {
 
 void DockRootView::showMenu(std::uint32_t serial) {
     layoutIfNeeded();
-    const auto& tiles = tiles_.all();
-    const auto tile = std::ranges::find(tiles, serial, &DockTile::serial);
-    if (tile == tiles.end())
-        return;
-    const auto index = static_cast<std::size_t>(tile - tiles.begin());
-    requestMenu(*tile, frames_.tiles.at(index).hit.center());
+    if (const auto index = tiles_.indexOf(serial))
+        requestMenu(tiles_.all()[*index], frames_.tiles.at(*index).hit.center());
 }
 
 }

@@ -47,9 +47,16 @@ bool DockTiles::has(TileKind kind) const {
     return std::ranges::any_of(tiles_, [=](const DockTile& tile) { return tile.kind == kind; });
 }
 
-DockTile* DockTiles::find(std::uint32_t serial) {
+std::optional<std::size_t> DockTiles::indexOf(std::uint32_t serial) const {
     const auto found = std::ranges::find(tiles_, serial, &DockTile::serial);
-    return found == tiles_.end() ? nullptr : &*found;
+    if (found == tiles_.end())
+        return std::nullopt;
+    return static_cast<std::size_t>(found - tiles_.begin());
+}
+
+DockTile* DockTiles::find(std::uint32_t serial) {
+    const auto index = indexOf(serial);
+    return index ? &tiles_[*index] : nullptr;
 }
 
 }

@@ -7,7 +7,9 @@
 #include "Model/DockItem.hpp"
 #include "Platform/Icons.hpp"
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -45,6 +47,8 @@ public:
     [[nodiscard]] const std::vector<DockTile>& all() const noexcept { return tiles_; }
 
     [[nodiscard]] bool has(TileKind kind) const;
+    /// Its place in the strip; nothing when that tile is gone.
+    [[nodiscard]] std::optional<std::size_t> indexOf(std::uint32_t serial) const;
     /// Null when that tile is gone.
     [[nodiscard]] DockTile* find(std::uint32_t serial);
 
