@@ -2,6 +2,7 @@
 #include "DesktopTest.hpp"
 #include "FileDrag.hpp"
 
+#include <algorithm>
 #include <fstream>
 
 namespace vireline::desktop {
@@ -33,6 +34,9 @@ protected:
         prepare(position, std::move(options));
         desktop().runVireline();
         ASSERT_TRUE(hides());
+        // A window manager that is still about to frame a dock takes it off the screen for a
+        // moment.
+        ASSERT_TRUE(eventually([&] { return isManaged(); }));
     }
 
     [[nodiscard]] PanelSpec spec() { return plannedDock("right", request).spec; }
@@ -45,6 +49,12 @@ protected:
         return desktop().docks().on(desktop().displayIDOf("right")).frame;
     }
     [[nodiscard]] bool isHidden() { return shown() == sliver(); }
+    [[nodiscard]] bool isManaged() {
+        const auto dock = desktop().docks().on(desktop().displayIDOf("right")).window;
+        const auto managed = desktop().client().managedWindows();
+        return std::ranges::find(managed, dock) != managed.end() &&
+               desktop().client().isViewable(dock);
+    }
 
     [[nodiscard]] testing::AssertionResult hides(std::chrono::milliseconds limit = patience) {
         if (eventually([&] { return isHidden(); }, limit))

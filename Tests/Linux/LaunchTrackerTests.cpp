@@ -68,12 +68,26 @@ TEST(LaunchTracker, KnowsForAMomentThatItHasJustBegunALaunch) {
     EXPECT_FALSE(tracking.tracker.hasJustBegun("a"));
 }
 
-TEST(LaunchTracker, ALaunchThatIsOverHasNotJustBegun) {
+TEST(LaunchTracker, ALaunchThatFailedOrShowedAWindowHasNotJustBegun) {
+    Tracking tracking;
+
+    tracking.tracker.begin("1", app("a"), true);
+    tracking.tracker.fail("1");
+    tracking.tracker.begin("2", app("b"), true);
+    tracking.tracker.appShowed("b", 1);
+
+    EXPECT_FALSE(tracking.tracker.hasJustBegun("a"));
+    EXPECT_FALSE(tracking.tracker.hasJustBegun("b"));
+}
+
+TEST(LaunchTracker, ALaunchThatIsSaidToBeOverBeforeItsWindowIsThereHasJustBegun) {
     Tracking tracking;
 
     tracking.tracker.begin("id", app("a"), true);
-    tracking.tracker.fail("id");
+    tracking.tracker.finish("id");
 
+    EXPECT_TRUE(tracking.tracker.hasJustBegun("a"));
+    tracking.loop.advance(1);
     EXPECT_FALSE(tracking.tracker.hasJustBegun("a"));
 }
 

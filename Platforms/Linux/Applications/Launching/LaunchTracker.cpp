@@ -24,9 +24,10 @@ void LaunchTracker::begin(const std::string& startupID, const IdentifiedApp& app
 }
 
 bool LaunchTracker::hasJustBegun(const std::string& bundleID) const {
+    // An app may say that it has started before the window manager shows its window.
     return std::ranges::any_of(launches_, [&](const Launch& launch) {
-        return launch.isOurs && launch.isPending && launch.app.bundleID == bundleID &&
-               runLoop_.now() - launch.began < pairSeconds;
+        return launch.isOurs && !launch.hasFailed && !launch.owner &&
+               launch.app.bundleID == bundleID && runLoop_.now() - launch.began < pairSeconds;
     });
 }
 
@@ -45,6 +46,7 @@ bool LaunchTracker::fail(const std::string& startupID) {
     if (launch == nullptr || !launch->isPending)
         return false;
     launch->isPending = false;
+    launch->hasFailed = true;
     const bool isOurs = launch->isOurs;
     const IdentifiedApp app = launch->app;
     launch->patience.reset();

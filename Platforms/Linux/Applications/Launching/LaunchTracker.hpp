@@ -34,7 +34,7 @@ public:
     /// changes nothing.
     void begin(const std::string& startupID, const IdentifiedApp& app, bool isOurs);
 
-    /// Whether a launch of ours is on its way that began a moment ago.
+    /// Whether a launch of ours began a moment ago and has neither failed nor shown a window.
     [[nodiscard]] bool hasJustBegun(const std::string& bundleID) const;
 
     /// The starter or the app itself says that the launch is over.
@@ -64,6 +64,7 @@ private:
         IdentifiedApp app;
         bool isOurs = false;
         bool isPending = true;
+        bool hasFailed = false;
         /// On the run loop's clock.
         double began = 0;
         /// Of the app's first window; nothing before there is one.
