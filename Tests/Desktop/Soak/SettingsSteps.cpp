@@ -6,6 +6,7 @@
 #include "VirtualDesktop/Waiting.hpp"
 
 #include <array>
+#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -25,11 +26,26 @@ BusObject control(SoakWorld& world, AccessibleRole role, const std::string& name
     return *found;
 }
 
-/// Clicks a control at a part of its length.
+/// A place at a part of a control's length, where it is to be seen: on a low display one has to
+/// scroll, and the window of an app that comes may lie over the settings.
+PixelPoint reach(SoakWorld& world, const BusObject& control, double part) {
+    const auto place = [&] {
+        const PixelRect frame = world.desktop().controls().frame(control);
+        return PixelPoint{frame.x + static_cast<int>(part * frame.width), frame.center().y};
+    };
+    constexpr int attempts = 20;
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        if (eventually([&] { return world.areSettingsAt(place()); },
+                       std::chrono::milliseconds{500}))
+            return place();
+        world.openSettings();
+        world.scrollSettings();
+    }
+    throw Violation{"a control of the settings is out of reach"};
+}
+
 void click(SoakWorld& world, const BusObject& control, double part = 0.5) {
-    const PixelRect frame = world.desktop().controls().frame(control);
-    const auto along = static_cast<int>(part * frame.width);
-    world.desktop().pointer().click({frame.x + along, frame.center().y});
+    world.desktop().pointer().click(reach(world, control, part));
 }
 
 /// Where on the slider a size is that differs from the one in force.
@@ -109,10 +125,11 @@ void failDisk(SoakWorld& world) {
     world.openSettings();
     const double before = world.settings().iconSize;
     const auto slider = control(world, AccessibleRole::slider, "Icon size");
+    const PixelPoint place = reach(world, slider, otherPart(world));
     const int failures = world.desktop().log().count(saveFailed);
     std::filesystem::remove(file);
     std::filesystem::create_directories(file / "in the way");
-    click(world, slider, otherPart(world));
+    world.desktop().pointer().click(place);
     const bool isLogged = world.desktop().log().reaches(saveFailed, failures + 1);
     std::filesystem::remove_all(file);
     require(isLogged, "a save that failed is not logged");

@@ -86,9 +86,17 @@ void SoakWorld::start() {
         desktop_->keyboard().type(Keyboard::escape);
 }
 
+bool SoakWorld::isSettings(xcb_window_t window) const {
+    return desktop_->client().text(window, "_NET_WM_NAME") == "Vireline Settings";
+}
+
 bool SoakWorld::areSettingsOpen() const {
-    const auto& client = desktop_->client();
-    return client.text(client.focusedWindow(), "_NET_WM_NAME") == "Vireline Settings";
+    return isSettings(desktop_->client().focusedWindow());
+}
+
+bool SoakWorld::areSettingsAt(PixelPoint place) const {
+    return std::ranges::any_of(desktop_->client().windowsAt(place),
+                               [this](xcb_window_t window) { return isSettings(window); });
 }
 
 void SoakWorld::openSettings() {
@@ -98,6 +106,11 @@ void SoakWorld::openSettings() {
         throw Violation{"a second start does not end"};
     if (!eventually([&] { return areSettingsOpen(); }))
         throw Violation{"the settings do not open"};
+}
+
+void SoakWorld::scrollSettings() {
+    const auto frame = desktop_->client().frame(desktop_->client().focusedWindow());
+    desktop_->pointer().click(frame.value_or(PixelRect{}).center(), Pointer::Button::wheelDown);
 }
 
 void SoakWorld::closeSettings() {

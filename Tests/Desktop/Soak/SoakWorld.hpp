@@ -43,6 +43,10 @@ public:
     void start();
     /// Shows its settings, with the keyboard's focus, as a second start does.
     void openSettings();
+    /// A notch of the wheel over them; they have the focus.
+    void scrollSettings();
+    /// Whether they are what is seen there.
+    [[nodiscard]] bool areSettingsAt(PixelPoint place) const;
     void closeSettings();
     /// Quits it with its key, which it has to follow in good order.
     void end();
@@ -99,6 +103,7 @@ public:
     void parkPointer();
 
 private:
+    [[nodiscard]] bool isSettings(xcb_window_t window) const;
     [[nodiscard]] bool areSettingsOpen() const;
     [[nodiscard]] std::set<pid_t> processesOf(const App& app) const;
     [[nodiscard]] std::vector<App> pinnedOf(const std::vector<std::string>& ids) const;
