@@ -272,5 +272,13 @@ TEST(DockMagnifier, PutsAStripAgainstTheEndThatThePointerIsBeyond) {
     EXPECT_EQ(anchoredShift(base, base, {.base = 20, .packed = 20, .container = 15}, 100), 0);
 }
 
+TEST(DockMagnifier, AStripOfNoLengthInAContainerOfNoneLiesAtItsEdge) {
+    constexpr DockMagnifier::Lengths none;
+    EXPECT_EQ(none.base, 0);
+    EXPECT_EQ(none.packed, 0);
+    EXPECT_EQ(none.container, 0);
+    EXPECT_EQ(DockMagnifier::anchoredShift({}, {}, none, std::nullopt), 0);
+}
+
 }
 }

@@ -62,5 +62,11 @@ TEST(Geometry, UnitesRectanglesIntoTheSmallestThatHoldsBoth) {
     }
 }
 
+TEST(Geometry, BeginsAtTheOriginWithoutAnExtent) {
+    EXPECT_EQ(Point{}, (Point{0, 0}));
+    EXPECT_EQ(Size{}, (Size{0, 0}));
+    EXPECT_EQ(Rect{}, (Rect{0, 0, 0, 0}));
+}
+
 }
 }

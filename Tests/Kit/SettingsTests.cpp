@@ -47,7 +47,9 @@ TEST(Settings, HaveNoFactorInForceThatNoDisplayHasRoomFor) {
     Settings settings;
     settings.magnificationEnabled = true;
     settings.magnification = std::numeric_limits<double>::max();
-    EXPECT_EQ(effectiveMagnification(settings), largestMagnification);
+    EXPECT_EQ(effectiveMagnification(settings), 16);
+    settings.magnification = 16.5;
+    EXPECT_EQ(effectiveMagnification(settings), 16);
 }
 
 }
