@@ -1,8 +1,10 @@
 /// The dock as a window: what it tells the window manager, what of it is seen, and where it takes
 /// the pointer.
 #include "DesktopTest.hpp"
+#include "VirtualDesktop/ProcessFigures.hpp"
 
 #include <algorithm>
+#include <chrono>
 
 namespace vireline::desktop {
 namespace {
@@ -231,6 +233,20 @@ TEST_F(DockSurface, ShowsTheNameOfTheTileUnderThePointer) {
     EXPECT_TRUE(turnsFrom(label, redColour));
     desktop().pointer().moveTo(desktop().monitor("left").frame.center());
     EXPECT_TRUE(turns(label, redColour));
+}
+
+TEST_F(DockSurface, SleepsWhileThePointerMovesAboutOnOneTile) {
+    runWithOneDock();
+    const auto tile = layout("right", twoTiles).icon(0);
+    const pid_t program = desktop().vireline().pid();
+    EXPECT_TRUE(eventually([&] {
+        ContextSwitches switches{program};
+        for (int step = -15; step <= 15; ++step)
+            desktop().pointer().moveTo({tile.x + step, tile.y});
+        return comesToRest(program, std::chrono::milliseconds{100}) && switches.count() == 0;
+    }));
+    desktop().pointer().click(tile);
+    EXPECT_TRUE(logs("click launch " + apps[0].id));
 }
 
 TEST_F(DockSurface, DrawsIconsPixelByPixelAtTwiceTheScale) {

@@ -304,5 +304,20 @@ TEST(Animator, ANodeThatCannotFadeIsThereAtOnce) {
     EXPECT_FALSE(animator.isMoving(1));
 }
 
+TEST(Animator, RegionsAreThoseOfTheSceneToComeAtOnce) {
+    Animator animator;
+    Scene scene = sceneOf({movingDotAt(0)});
+    scene.inputRegion = Rect{0, 0, 10, 10};
+    animator.setTarget(scene, 0);
+    scene = sceneOf({movingDotAt(100)});
+    scene.inputRegion = Rect{0, 0, 20, 20};
+    scene.quietRegions = {{0, 0, 5, 5}};
+    animator.setTarget(scene, 0);
+
+    const Scene shown = animator.frame(0.5);
+    EXPECT_EQ(shown.inputRegion, scene.inputRegion);
+    EXPECT_EQ(shown.quietRegions, scene.quietRegions);
+}
+
 }
 }

@@ -354,6 +354,7 @@ TEST_F(DockRootViewTest, ACollapsedDockShowsOnlyItsHandleAtTheEdge) {
         ASSERT_EQ(view().makeScene().nodes.size(), 1U);
         EXPECT_EQ(view().makeScene().nodes[0].frame, frame);
         EXPECT_EQ(view().makeScene().nodes[0].opacity, 0.4);
+        EXPECT_TRUE(view().makeScene().quietRegions.empty());
     }
 }
 
@@ -386,6 +387,32 @@ TEST_F(DockRootViewTest, TheInputRegionGrowsOnEntryAndNotWithEveryMove) {
     EXPECT_EQ(atRest->height, 58);
     EXPECT_EQ(entered, (Rect{0, 128 - 102, 1000, 102}));
     EXPECT_EQ(view().makeScene().inputRegion, entered);
+}
+
+TEST_F(DockRootViewTest, APointerWithinATileNeedsNoTelling) {
+    dock.setTiles(3, 0);
+    show();
+    const Point overTile = centerOfIcon(1);
+    const auto regions = view().makeScene().quietRegions;
+    EXPECT_TRUE(std::ranges::any_of(regions,
+                                    [=](const Rect& region) { return region.contains(overTile); }));
+
+    send(Kind::moved, overTile);
+    int invalidations = 0;
+    view().onInvalidate = [&] { ++invalidations; };
+    send(Kind::moved, {overTile.x + 15, overTile.y});
+
+    EXPECT_EQ(invalidations, 0);
+    EXPECT_EQ(view().makeScene().quietRegions, regions);
+}
+
+TEST_F(DockRootViewTest, EveryMovementCountsWhereTilesGrow) {
+    dock.setTiles(3, 0);
+    show(DockPosition::bottom, 1000, 128);
+    dock.model.magnification.set(1.2);
+    EXPECT_TRUE(view().makeScene().quietRegions.empty());
+    dock.model.magnification.set(1);
+    EXPECT_FALSE(view().makeScene().quietRegions.empty());
 }
 
 TEST_F(DockRootViewTest, ATileKeepsItsIdentityFromSceneToScene) {

@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
+#include <optional>
+#include <vector>
+
 namespace vireline {
 namespace {
 
@@ -201,6 +206,62 @@ TEST(StripLayout, TheGlassAtRestIsInTheMiddleWhateverIsMagnified) {
 
     EXPECT_EQ(frames.glassAtRest, (Rect{50, 128 - 58, length, 58}));
     EXPECT_GT(frames.glass.width, length);
+}
+
+/// The tile that a point belongs to, if any.
+std::optional<std::size_t> tileAt(const StripFrames& frames, Point p) {
+    for (std::size_t i = 0; i < frames.tiles.size(); ++i) {
+        if (frames.tiles[i].hit.contains(p))
+            return i;
+    }
+    return std::nullopt;
+}
+
+/// Whether every point of the view is in one quiet region, and in each of them all points belong to
+/// the same tile.
+void expectQuietRegionsDivide(const Request& request) {
+    const StripFrames frames = StripLayout::layout(request);
+    const auto regions = StripLayout::quietRegions(frames, request.edge);
+    std::vector<std::optional<Point>> firstIn(regions.size());
+    for (double y = 0.25; y < request.edge.view.height; y += 0.5) {
+        for (double x = 0.25; x < request.edge.view.width; x += 0.5) {
+            const Point p{x, y};
+            const auto contains = [p](const Rect& region) { return region.contains(p); };
+            ASSERT_EQ(std::ranges::count_if(regions, contains), 1) << p;
+            const auto index =
+                static_cast<std::size_t>(std::ranges::find_if(regions, contains) - regions.begin());
+            firstIn[index] = firstIn[index].value_or(p);
+            ASSERT_EQ(tileAt(frames, *firstIn[index]), tileAt(frames, p)) << p;
+        }
+    }
+}
+
+TEST(StripLayout, QuietRegionsDivideTheViewByTiles) {
+    Request request = bottomDock(2, 1);
+    expectQuietRegionsDivide(request);
+    const double length = request.edge.view.width;
+    for (const DockPosition side : {DockPosition::left, DockPosition::right}) {
+        request.edge = {side, {58, length}};
+        expectQuietRegionsDivide(request);
+    }
+    request.hasTrash = false;
+    expectQuietRegionsDivide(request);
+}
+
+TEST(StripLayout, EveryTileIsAQuietRegion) {
+    const Request request = bottomDock(2, 0);
+    const StripFrames frames = StripLayout::layout(request);
+    const auto regions = StripLayout::quietRegions(frames, request.edge);
+    for (const TileFrames& tile : frames.tiles)
+        EXPECT_EQ(std::ranges::count(regions, tile.hit), 1);
+    EXPECT_EQ(regions.size(), 2 * frames.tiles.size() + 2);
+}
+
+TEST(StripLayout, AStripWithoutTilesHasTwoQuietRegions) {
+    Request request = bottomDock(0, 0);
+    request.hasDownloads = false;
+    request.hasTrash = false;
+    expectQuietRegionsDivide(request);
 }
 
 }

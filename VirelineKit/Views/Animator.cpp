@@ -138,6 +138,7 @@ void Animator::setTarget(const Scene& scene, double now, bool reducesMotion) {
     std::swap(actors_, next_);
     next_.clear();
     inputRegion_ = scene.inputRegion;
+    frame_.quietRegions = scene.quietRegions;
     viewPlace_ = scene.viewPlace;
 }
 

@@ -127,6 +127,8 @@ Scene DockRootView::makeExpandedScene() {
         look.tiles.push_back(lookOf(tile, index++));
     Scene scene = DockScene::expanded(look);
     scene.inputRegion = inputRegion();
+    if (request_.magnification <= 1)
+        scene.quietRegions = StripLayout::quietRegions(frames_, request_.edge);
     return scene;
 }
 

@@ -45,6 +45,8 @@ public:
     /// The primary button is down since it was pressed here; the pointer may be anywhere.
     [[nodiscard]] bool isPressed() const noexcept { return isPressed_; }
 
+    [[nodiscard]] bool hasMenu() const noexcept { return hasMenu_; }
+
     /// Somebody else holds the pointer, which was here when last heard of: nothing will tell when
     /// it really leaves.
     [[nodiscard]] bool isInDoubt() const noexcept { return isInDoubt_; }

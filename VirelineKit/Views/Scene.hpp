@@ -119,6 +119,11 @@ struct Scene {
     /// Absent: the whole window.
     std::optional<Rect> inputRegion;
 
+    /// Parts of the view, none on top of another, in each of which the pointer can move, with no
+    /// button held, without anything looking different: a window need not tell of that. Elsewhere
+    /// every movement counts.
+    std::vector<Rect> quietRegions = {};
+
     /// How far beside their place nodes begin that were not there before, and those end that are
     /// gone.
     Point passage = {};

@@ -129,6 +129,22 @@ bool isInMagnificationBand(Point p, const Edge& edge, double iconSize) noexcept 
     return edge.distance(p) <= iconSize + stripHeightPadding + bandOverhang;
 }
 
+std::vector<Rect> quietRegions(const StripFrames& frames, const Edge& edge) {
+    const double reach = stripPadding + frames.iconSize;
+    std::vector<Rect> regions;
+    regions.reserve(2 * frames.tiles.size() + 2);
+    double end = 0;
+    for (const auto& [icon, dot, hit] : frames.tiles) {
+        const double start = edge.along({hit.minX(), hit.minY()});
+        regions.push_back(edge.rect(end, start - end, 0, reach));
+        regions.push_back(hit);
+        end = edge.along({hit.maxX(), hit.maxY()});
+    }
+    regions.push_back(edge.rect(end, edge.length() - end, 0, reach));
+    regions.push_back(edge.rect(0, edge.length(), reach, edge.thickness() - reach));
+    return regions;
+}
+
 Rect fullGrowth(const Request& request) noexcept {
     const double thickness = request.iconSize + stripHeightPadding;
     return request.edge.rect(0, request.edge.length(), 0,

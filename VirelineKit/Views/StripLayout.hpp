@@ -68,6 +68,9 @@ struct Request {
 /// a little beyond the strip, so that crossing into the grown icons does not end it.
 [[nodiscard]] bool isInMagnificationBand(Point p, const Edge& edge, double iconSize) noexcept;
 
+/// Divides the view: each part is over one tile, or over none. For a strip that has not grown.
+[[nodiscard]] std::vector<Rect> quietRegions(const StripFrames& frames, const Edge& edge);
+
 /// The whole of what magnified tiles can ever cover.
 [[nodiscard]] Rect fullGrowth(const Request& request) noexcept;
 

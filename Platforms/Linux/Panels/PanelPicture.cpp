@@ -30,8 +30,11 @@ PanelPicture::PanelPicture(const PanelContext& context, xcb_window_t window)
 void PanelPicture::setScene(const Scene& scene) {
     ViewMappings::place(nextPlaces_, scene, layout_.mapping);
     SceneDamage::add(damage_, {scene_.nodes, places_}, {scene.nodes, nextPlaces_});
+    const bool isDividedAnew = scene.quietRegions != scene_.quietRegions;
     scene_ = scene;
     std::swap(places_, nextPlaces_);
+    if (isDividedAnew)
+        placeQuietAreas();
 }
 
 void PanelPicture::setLayout(const PanelLayout& layout) {
@@ -39,6 +42,7 @@ void PanelPicture::setLayout(const PanelLayout& layout) {
         return;
     layout_ = layout;
     ViewMappings::place(places_, scene_, layout_.mapping);
+    placeQuietAreas();
     damageAll();
 }
 
@@ -79,6 +83,12 @@ Damage PanelPicture::paint() {
             Pixels::fill(canvas, gap, used.glassBottom.rgba());
     }
     return damage;
+}
+
+void PanelPicture::placeQuietAreas() {
+    quietAreas_.clear();
+    for (const Rect& region : scene_.quietRegions)
+        quietAreas_.push_back(layout_.mapping.pixelsIn(region) & QRect{{0, 0}, layout_.window});
 }
 
 void PanelPicture::applyInput() {

@@ -57,8 +57,8 @@ public:
     /// Paints, and has the server show the picture by itself from the moment the window appears.
     void prepareToAppear();
 
-    /// The server has answered something that was asked after the last update.
-    void serverHasCaughtUp() { surface_.serverHasCaughtUp(); }
+    /// The scene's quiet regions, in pixels of the window.
+    [[nodiscard]] const std::vector<QRect>& quietAreas() const noexcept { return quietAreas_; }
 
     /// Whether a pixel of the window takes the pointer.
     [[nodiscard]] bool takesPointer(int x, int y) const;
@@ -67,6 +67,7 @@ private:
     void damageAll() { damage_.add({{0, 0}, layout_.window}); }
     /// What has been painted.
     Damage paint();
+    void placeQuietAreas();
     void applyInput();
     void applyBackdrop();
 
@@ -86,6 +87,7 @@ private:
     std::vector<PlacedNode> places_;
     /// Those of the next scene; kept to spare an allocation each time.
     std::vector<PlacedNode> nextPlaces_;
+    std::vector<QRect> quietAreas_;
     Damage damage_;
     /// The server paints the window by itself until it is first shown.
     bool hasBackground_ = false;

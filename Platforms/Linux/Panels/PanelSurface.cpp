@@ -1,7 +1,6 @@
 #include "Panels/PanelSurface.hpp"
 
 #include "Panels/OpaqueOutline.hpp"
-#include "X11/DrawingConnection.hpp"
 #include "X11/X11Connection.hpp"
 
 #include <algorithm>
@@ -39,7 +38,7 @@ void PanelSurface::resize(QSize pixels) {
     if (canShare_ && (!memory_ || memory_->bytes().size() < bytes)) {
         memory_ = SharedMemory::make(connection_, bytes);
         canShare_ = memory_ != nullptr;
-        mayBeRead_ = false;
+        read_.reset();
     }
     image_ = memory_ ? QImage{reinterpret_cast<uchar*>(memory_->bytes().data()), pixels.width(),
                               pixels.height(), QImage::Format_ARGB32_Premultiplied}
@@ -48,8 +47,11 @@ void PanelSurface::resize(QSize pixels) {
 }
 
 QImage& PanelSurface::canvas() {
-    if (std::exchange(mayBeRead_, false))
-        connection_.finish();
+    if (read_) {
+        read_->await();
+        read_.reset();
+        connection_.discardEvents();
+    }
     return image_;
 }
 
@@ -77,6 +79,8 @@ void PanelSurface::upload(const Damage& damage, std::optional<std::uint32_t> bas
         if (const QRect part = rect & area(); !part.isEmpty())
             uploadRect(window_, part, base);
     }
+    if (memory_ && !base)
+        read_.emplace(connection_.get());
     connection_.flush();
 }
 
@@ -97,7 +101,6 @@ void PanelSurface::share(xcb_drawable_t to, const QRect& rect) {
                       number(rect.width()), number(rect.height()),
                       static_cast<std::int16_t>(rect.x()), static_cast<std::int16_t>(rect.y()),
                       depth_, XCB_IMAGE_FORMAT_Z_PIXMAP, 0, memory_->segment(), 0);
-    mayBeRead_ = true;
 }
 
 /// In bands, since a request can hold only so much.

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Panels/Damage.hpp"
+#include "X11/DrawingConnection.hpp"
 #include "X11/SharedMemory.hpp"
 
 #include <xcb/xcb.h>
@@ -15,7 +16,6 @@
 
 namespace vireline::x11 {
 
-class DrawingConnection;
 class X11Connection;
 
 class PanelSurface {
@@ -42,10 +42,6 @@ public:
     /// what was sent before.
     [[nodiscard]] QImage& canvas();
 
-    /// The server has carried out everything that was sent, as an answer to something asked later
-    /// tells: there is nothing to wait for.
-    void serverHasCaughtUp() noexcept { mayBeRead_ = false; }
-
     /// Has the server itself paint the picture where the window appears, so that it is never seen
     /// without; until `endBackground`. Colours as for `upload`.
     void beginBackground(std::optional<std::uint32_t> base);
@@ -67,8 +63,8 @@ private:
     /// Where the image's pixels are, if the server takes them from there.
     std::unique_ptr<SharedMemory> memory_;
     bool canShare_ = false;
-    /// The server may not yet have read what it was last told to take from the shared memory.
-    bool mayBeRead_ = false;
+    /// Behind what the server was last told to take from the shared memory.
+    std::optional<ServerMark> read_;
     QImage image_;
     /// The rows on their way, kept to spare an allocation each time.
     std::vector<std::uint32_t> rows_;

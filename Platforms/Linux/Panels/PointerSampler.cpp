@@ -42,9 +42,11 @@ std::vector<PointerSampler::Selection> selections(xcb_connection_t* connection,
 
 }
 
-PointerSampler::PointerSampler(const PanelContext& context, xcb_window_t window)
+PointerSampler::PointerSampler(const PanelContext& context, xcb_window_t window,
+                               std::function<void(QPoint)> onEntry)
     : context_(context)
     , window_(window)
+    , onEntry_(std::move(onEntry))
     , selections_(selections(context.connection.get(), window)) {}
 
 void PointerSampler::start() {
@@ -56,8 +58,19 @@ void PointerSampler::start() {
 }
 
 void PointerSampler::stop() {
+    quiet_.reset();
+    isWaiting_ = false;
     if (std::exchange(isSampling_, false))
         select(true);
+}
+
+void PointerSampler::setQuietAreas(const std::vector<QRect>& areas) {
+    if (quiet_ ? quiet_->areas() == areas : areas.empty())
+        return;
+    isWaiting_ = false;
+    quiet_.reset();
+    if (!areas.empty())
+        quiet_.emplace(window_, areas, onEntry_);
 }
 
 std::optional<QPoint> PointerSampler::sample(bool isPressed) {
@@ -75,7 +88,9 @@ std::optional<QPoint> PointerSampler::sample(bool isPressed) {
     constexpr unsigned buttons = XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3;
     const QPoint place{reply->win_x, reply->win_y};
     // A button that was pressed since keeps the events away until it is released.
-    const bool isStill = last_ == place && (reply->mask & buttons) == 0;
+    const bool tellsEvents = (reply->mask & buttons) == 0;
+    isWaiting_ = tellsEvents && quiet_ && quiet_->watches(place);
+    const bool isStill = tellsEvents && last_ == place;
     stillSamples_ = isStill ? stillSamples_ + 1 : 0;
     if (isPressed && (reply->mask & XCB_BUTTON_MASK_1) == 0)
         return std::nullopt;

@@ -4,7 +4,6 @@
 #include "Panels/Appearance.hpp"
 #include "Panels/DesktopWatch.hpp"
 #include "Panels/DockHints.hpp"
-#include "Panels/PointerQuery.hpp"
 #include "Panels/QtCoordinates.hpp"
 #include "X11/X11Connection.hpp"
 
@@ -17,19 +16,12 @@
 #include <utility>
 
 namespace vireline::x11 {
-namespace {
-
-/// Milliseconds between two looks at a pointer that somebody else holds.
-constexpr int doubtInterval = 250;
-
-}
-
 QtPanelWindow::QtPanelWindow(const PanelContext& context, std::uint32_t displayID,
                              const Rect& frame, PanelWindowListener& listener)
     : context_(context)
     , displayID_(displayID)
     , listener_(listener)
-    , pointer_(listener)
+    , pointer_(context_, listener, *this)
     , display_(context.screens.display(displayID).value_or(Display{}))
     , frame_(frame)
     , hostedFrame_{0, 0, frame.width, frame.height}
@@ -41,9 +33,6 @@ QtPanelWindow::QtPanelWindow(const PanelContext& context, std::uint32_t displayI
     format.setAlphaBufferSize(8);
     setFormat(format);
     setTitle(QStringLiteral("Vireline dock #%1").arg(displayID));
-    doubt_.setInterval(doubtInterval);
-    QObject::connect(&doubt_, &QTimer::timeout, this, [this] { pointerLeft(); });
-
     pointer_.setViewSize(hostedFrame_.size());
     observe();
     relayout();
@@ -117,10 +106,7 @@ void QtPanelWindow::orderOut() {
     setVisible(false);
     if (drops_)
         drops_->leave();
-    if (sampler_)
-        sampler_->stop();
     pointer_.hidden();
-    doubt_.stop();
 }
 
 /// Only a display that has kept its place in points while its pixels changed leaves the dock where
@@ -167,7 +153,7 @@ bool QtPanelWindow::event(QEvent* event) {
             if (picture_)
                 scene_ = picture_->scene();
             picture_.reset();
-            sampler_.reset();
+            pointer_.setWindow(XCB_NONE);
             window_ = XCB_NONE;
         }
         break;
@@ -176,14 +162,11 @@ bool QtPanelWindow::event(QEvent* event) {
         if (picture_ && isExposed())
             picture_->exposed();
         break;
-    case QEvent::Enter: {
-        const QPointF position = static_cast<QEnterEvent*>(event)->position();
-        const auto place = PointerQuery::place(context_.connection, window_);
-        pointer_.entered(viewPosition(position), place && place->isAnyHeld);
+    case QEvent::Enter:
+        pointer_.entered(pixel(static_cast<QEnterEvent*>(event)->position()));
         break;
-    }
     case QEvent::Leave:
-        pointerLeft();
+        pointer_.left();
         break;
     case QEvent::Close:
         // A dock goes when its display goes, not when a window manager asks it to.
@@ -200,42 +183,24 @@ bool QtPanelWindow::nativeEvent(const QByteArray& type, void* message, qintptr* 
     if (type != "xcb_generic_event_t" || !drops_)
         return false;
     const auto& event = *static_cast<const xcb_generic_event_t*>(message);
+    if (pointer_.handle(event))
+        return true;
     return (event.response_type & 0x7fU) == XCB_CLIENT_MESSAGE &&
            drops_->handle(reinterpret_cast<const xcb_client_message_event_t&>(event));
 }
 
 void QtPanelWindow::mouseMoveEvent(QMouseEvent* event) {
-    // During a press Qt tells where it ends, before the release.
-    if (sampler_ && sampler_->isSampling() && !pointer_.isPressed())
-        return;
-    pointer_.moved(viewPosition(event->position()));
-    if (sampler_) {
-        sampler_->start();
-        requestTick();
-    }
+    pointer_.moved(pixel(event->position()));
 }
 
 void QtPanelWindow::mousePressEvent(QMouseEvent* event) {
     if (menu_)
         return menu_->close();
-    const Point position = viewPosition(event->position());
-    // The last sample may be further on than the press.
-    if (sampler_)
-        sampler_->forget();
-    if (event->button() == Qt::LeftButton) {
-        pointer_.pressed(position);
-    } else if (event->button() == Qt::RightButton) {
-        pointer_.secondaryPressed(position);
-    }
+    pointer_.pressed(event->button(), pixel(event->position()));
 }
 
 void QtPanelWindow::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton)
-        return;
-    const bool isOverWindow = takesPointer(event->position() * devicePixelRatio());
-    if (sampler_ && !isOverWindow)
-        sampler_->stop();
-    pointer_.released(viewPosition(event->position()), isOverWindow);
+    pointer_.released(event->button(), pixel(event->position()));
 }
 
 /// Keys arrive only while a drag holds the keyboard.
@@ -248,7 +213,7 @@ void QtPanelWindow::surfaceCreated() {
     window_ = static_cast<xcb_window_t>(winId());
     picture_ = std::make_unique<PanelPicture>(context_, window_);
     picture_->setScene(scene_);
-    sampler_ = std::make_unique<PointerSampler>(context_, window_);
+    pointer_.setWindow(window_);
     place_ = std::make_unique<WindowPlace>(context_.connection, window_, displayID_);
     drops_ =
         std::make_unique<XdndTarget>(context_.connection, window_, listener_, [this](int x, int y) {
@@ -268,19 +233,20 @@ void QtPanelWindow::updateSoon() {
 }
 
 void QtPanelWindow::update() {
-    if (!std::exchange(updateIsDue_, false) || !picture_)
-        return;
-    relayout();
-    picture_->update(isVisible());
-    // After the regions, which go with the window on its way.
-    if (place_->asked() != target_)
-        place_->set(target_);
-    context_.connection.flush();
+    if (std::exchange(updateIsDue_, false) && picture_) {
+        relayout();
+        picture_->update(isVisible());
+        // After the regions, which go with the window on its way.
+        if (place_->asked() != target_)
+            place_->set(target_);
+        context_.connection.flush();
+    }
+    pointer_.follow();
 }
 
 /// What is presented for a frame is shown in that frame.
 void QtPanelWindow::showFrame() {
-    samplePointer();
+    pointer_.sample();
     if (std::exchange(isFrameAsked_, false)) {
         isInFrame_ = true;
         listener_.frameDue();
@@ -289,18 +255,6 @@ void QtPanelWindow::showFrame() {
     if (!isFrameAsked_ && std::exchange(frameBefore_, std::nullopt))
         updateIsDue_ = true;
     update();
-    if (sampler_ && sampler_->isSampling())
-        requestTick();
-}
-
-void QtPanelWindow::samplePointer() {
-    if (!sampler_ || !sampler_->isSampling())
-        return;
-    const auto pixel = sampler_->sample(pointer_.isPressed());
-    picture_->serverHasCaughtUp();
-    // Beside the window it is on its way out, unless a button holds it.
-    if (pixel && (pointer_.isPressed() || takesPointer(*pixel)))
-        pointer_.moved(mapping_.toView(*pixel));
 }
 
 /// The view lies where it is planned on the display, wherever the window is at the moment.
@@ -325,8 +279,16 @@ QPoint QtPanelWindow::corner() const {
     return {actual.x, actual.y};
 }
 
-Point QtPanelWindow::viewPosition(QPointF position) const {
-    return mapping_.toView(position * devicePixelRatio());
+QPointF QtPanelWindow::pixel(QPointF position) const {
+    return position * devicePixelRatio();
+}
+
+Point QtPanelWindow::viewPosition(QPointF pixel) const {
+    return mapping_.toView(pixel);
+}
+
+const std::vector<QRect>& QtPanelWindow::quietAreas() const {
+    return picture_->quietAreas();
 }
 
 bool QtPanelWindow::takesPointer(QPointF pixel) const {
@@ -342,30 +304,6 @@ QRect QtPanelWindow::placeOnScreen(const Rect& view) const {
 
 QAccessibleInterface* QtPanelWindow::accessibleRoot() const {
     return accessible_ ? accessible_->root() : nullptr;
-}
-
-PointerTracker::Whereabouts QtPanelWindow::whereabouts() const {
-    if (window_ == XCB_NONE)
-        return {};
-    const auto place = PointerQuery::place(context_.connection, window_);
-    if (!place)
-        return {};
-    const QPointF pixel(place->x, place->y);
-    return {.isOverWindow = place->isUncovered && takesPointer(pixel),
-            .isPrimaryHeld = place->isPrimaryHeld,
-            .position = mapping_.toView(pixel)};
-}
-
-/// Also looked at again for as long as somebody else holds the pointer.
-void QtPanelWindow::pointerLeft() {
-    pointer_.left(whereabouts());
-    if (sampler_ && !pointer_.isPressed())
-        sampler_->stop();
-    if (pointer_.isInDoubt()) {
-        doubt_.start();
-    } else {
-        doubt_.stop();
-    }
 }
 
 void QtPanelWindow::requestFrame() {
@@ -402,7 +340,7 @@ void QtPanelWindow::menuClosed(std::optional<std::size_t> chosen, const MenuClos
     // The menu owns the callback, and what it does may end this window.
     const MenuClosed tell = onClose;
     menu_.reset();
-    pointer_.menuClosed(whereabouts());
+    pointer_.menuClosed();
     tell(chosen);
 }
 

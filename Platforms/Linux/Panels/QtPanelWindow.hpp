@@ -10,14 +10,12 @@
 #include "Panels/FrameClock.hpp"
 #include "Panels/PanelContext.hpp"
 #include "Panels/PanelPicture.hpp"
-#include "Panels/PointerSampler.hpp"
+#include "Panels/PanelPointer.hpp"
 #include "Panels/PopUpMenu.hpp"
 #include "Panels/ViewMapping.hpp"
 #include "Panels/WindowPlace.hpp"
 #include "Platform/PanelWindow.hpp"
-#include "Views/PointerTracker.hpp"
 
-#include <QTimer>
 #include <QWindow>
 #include <cstdint>
 #include <functional>
@@ -27,7 +25,7 @@
 
 namespace vireline::x11 {
 
-class QtPanelWindow final : public QWindow, public PanelWindow {
+class QtPanelWindow final : public QWindow, public PanelWindow, private PanelPointer::Window {
 public:
     QtPanelWindow(const PanelContext& context, std::uint32_t displayID, const Rect& frame,
                   PanelWindowListener& listener);
@@ -65,24 +63,25 @@ private:
     void updateSoon();
     void update();
     void relayout();
-    void requestTick();
     void showFrame();
-    void samplePointer();
+
+    [[nodiscard]] bool takesPointer(QPointF pixel) const override;
+    [[nodiscard]] Point viewPosition(QPointF pixel) const override;
+    [[nodiscard]] const std::vector<QRect>& quietAreas() const override;
+    void requestTick() override;
 
     /// The window's corner in the root window.
     [[nodiscard]] QPoint corner() const;
-    [[nodiscard]] Point viewPosition(QPointF position) const;
-    [[nodiscard]] bool takesPointer(QPointF pixel) const;
+    /// Of a position that Qt tells.
+    [[nodiscard]] QPointF pixel(QPointF position) const;
     /// Where a part of the view is on the screen, in Qt's coordinates.
     [[nodiscard]] QRect placeOnScreen(const Rect& view) const;
-    [[nodiscard]] PointerTracker::Whereabouts whereabouts() const;
-    void pointerLeft();
     void menuClosed(std::optional<std::size_t> chosen, const MenuClosed& onClose);
 
     PanelContext context_;
     std::uint32_t displayID_;
     PanelWindowListener& listener_;
-    PointerTracker pointer_;
+    PanelPointer pointer_;
     Display display_;
     Rect frame_;
     Rect hostedFrame_;
@@ -100,10 +99,8 @@ private:
     /// The X window of the moment; Qt makes another one when it loses the screen.
     xcb_window_t window_ = XCB_NONE;
     std::unique_ptr<PanelPicture> picture_;
-    std::unique_ptr<PointerSampler> sampler_;
     std::unique_ptr<WindowPlace> place_;
     std::unique_ptr<XdndTarget> drops_;
-    QTimer doubt_;
     std::unique_ptr<PopUpMenu> menu_;
     std::unique_ptr<AccessibleDock> accessible_;
     std::vector<Subscription> subscriptions_;

@@ -56,6 +56,15 @@ QRectF ViewMapping::pixels(const Rect& view) const {
             view.height * scale};
 }
 
+QRect ViewMapping::pixelsIn(const Rect& view) const {
+    const QRectF exact = pixels(view);
+    const QPoint first{static_cast<int>(std::ceil(exact.left())),
+                       static_cast<int>(std::ceil(exact.top()))};
+    const QPoint end{static_cast<int>(std::ceil(exact.right())),
+                     static_cast<int>(std::ceil(exact.bottom()))};
+    return {first, end - QPoint{1, 1}};
+}
+
 Point ViewMapping::toView(QPointF pixels) const {
     return {(pixels.x() - origin.x()) / scale, (pixels.y() - origin.y()) / scale};
 }

@@ -19,6 +19,8 @@ struct ViewMapping {
     bool operator==(const ViewMapping&) const = default;
 
     [[nodiscard]] QRectF pixels(const Rect& view) const;
+    /// Those pixels that a pointer in the rectangle points to.
+    [[nodiscard]] QRect pixelsIn(const Rect& view) const;
     [[nodiscard]] Point toView(QPointF pixels) const;
     [[nodiscard]] QPointF toPixels(Point view) const;
 };

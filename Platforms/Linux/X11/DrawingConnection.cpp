@@ -2,7 +2,28 @@
 
 #include "X11/X11Connection.hpp"
 
+#include <xcb/xcbext.h>
+
+#include <utility>
+
 namespace vireline::x11 {
+
+ServerMark::~ServerMark() {
+    if (!isAnswered_)
+        xcb_discard_reply(connection_, cookie_.sequence);
+}
+
+void ServerMark::await() {
+    if (std::exchange(isAnswered_, true))
+        return;
+    // Waiting asks the system whether there is anything before it looks.
+    void* answer = nullptr;
+    xcb_generic_error_t* error = nullptr;
+    if (xcb_poll_for_reply(connection_, cookie_.sequence, &answer, &error) == 0)
+        answer = xcb_get_input_focus_reply(connection_, cookie_, &error);
+    const Owned<void> ownedAnswer{answer};
+    const Owned<xcb_generic_error_t> ownedError{error};
+}
 
 DrawingConnection::DrawingConnection(const X11Connection& qt)
     : qt_(qt), own_(xcb_connect(nullptr, nullptr)) {
@@ -19,8 +40,7 @@ void DrawingConnection::flush() const {
 }
 
 void DrawingConnection::finish() const {
-    const Owned<xcb_get_input_focus_reply_t> answer{
-        xcb_get_input_focus_reply(get(), xcb_get_input_focus(get()), nullptr)};
+    ServerMark{get()}.await();
     discardEvents();
 }
 

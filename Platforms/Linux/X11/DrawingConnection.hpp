@@ -11,6 +11,27 @@ namespace vireline::x11 {
 
 class X11Connection;
 
+/// Asks the server, with whatever is sent next, to tell once it has carried out all requests before
+/// this. Mostly the answer is there by the time that anybody needs it.
+class ServerMark {
+public:
+    explicit ServerMark(xcb_connection_t* connection)
+        : connection_(connection), cookie_(xcb_get_input_focus(connection)) {}
+    ServerMark(const ServerMark&) = delete;
+    ServerMark& operator=(const ServerMark&) = delete;
+    ServerMark(ServerMark&&) = delete;
+    ServerMark& operator=(ServerMark&&) = delete;
+    ~ServerMark();
+
+    /// Returns once it has.
+    void await();
+
+private:
+    xcb_connection_t* connection_;
+    xcb_get_input_focus_cookie_t cookie_;
+    bool isAnswered_ = false;
+};
+
 class DrawingConnection {
 public:
     /// Falls back to Qt's connection, which outlives it, if there can be no other.

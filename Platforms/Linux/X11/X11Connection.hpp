@@ -47,6 +47,8 @@ public:
 
     [[nodiscard]] xcb_connection_t* get() const noexcept { return connection_; }
     [[nodiscard]] xcb_window_t root() const noexcept { return root_; }
+    /// The major opcode of the input devices' events; 0 where there are none.
+    [[nodiscard]] std::uint8_t inputExtension() const noexcept { return inputExtension_; }
     [[nodiscard]] int screenNumber() const noexcept { return screenNumber_; }
 
     /// One round trip for a name that was not asked for before.
