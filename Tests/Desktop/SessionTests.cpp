@@ -1,5 +1,6 @@
 /// The program in sessions that lack something, and its own start and end.
 #include "DesktopTest.hpp"
+#include "Support/SilentSocket.hpp"
 
 #include <unistd.h>
 
@@ -160,6 +161,27 @@ TEST_F(Session, RunsWithASessionBus) {
     ASSERT_TRUE(docksSettle(twoTiles));
     desktop().pointer().click(layout("right", twoTiles).icon(0));
     EXPECT_TRUE(eventually([&] { return desktop().isActive(apps[0]); }));
+}
+
+TEST_F(Session, DoesWithoutASessionBusThatNeverAnswers) {
+    runWithTwoDisplays(apps);
+    ASSERT_TRUE(docksSettle(twoTiles));
+    desktop().stopVireline();
+    const auto socket = desktop().home().scratch() / "silent-bus";
+    const test::SilentSocket bus{socket};
+    desktop().environment()["DBUS_SESSION_BUS_ADDRESS"] = "unix:path=" + socket.string();
+
+    desktop().runVireline();
+
+    EXPECT_TRUE(docksSettle(twoTiles));
+    EXPECT_TRUE(logs("session bus does not answer, going on without it"));
+    // Apps are told of the bus that there is.
+    desktop().pointer().click(layout("right", twoTiles).icon(0));
+    EXPECT_TRUE(eventually([&] { return desktop().isActive(apps[0]); }));
+    const auto app = desktop().client().words(desktop().windowsOf(apps[0]).at(0), "_NET_WM_PID");
+    ASSERT_EQ(app.size(), 1U);
+    EXPECT_TRUE(readFile("/proc/" + std::to_string(app[0]) + "/environ")
+                    .contains("DBUS_SESSION_BUS_ADDRESS=unix:path=" + socket.string()));
 }
 
 TEST_F(Session, WithoutRandRShowsNoDockAndStaysUp) {

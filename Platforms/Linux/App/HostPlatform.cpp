@@ -6,6 +6,7 @@
 #include "App/QtPointerSettings.hpp"
 #include "App/QtRunLoop.hpp"
 #include "App/SingleInstance.hpp"
+#include "App/StartLog.hpp"
 #include "App/XcbApplication.hpp"
 #include "Applications/DesktopEntryCatalog.hpp"
 #include "Applications/EwmhRunningApplications.hpp"
@@ -18,6 +19,7 @@
 #include "Files/LogFile.hpp"
 #include "Files/PosixFileSystem.hpp"
 #include "Files/XdgUserFolders.hpp"
+#include "GLib/BusProbe.hpp"
 #include "Icons/ChosenIconTheme.hpp"
 #include "Icons/ThemeIcons.hpp"
 #include "Icons/XSettings.hpp"
@@ -53,6 +55,15 @@ std::string widgetTheme(const XSettings::Texts& settings) {
 std::string currentDesktop() {
     const char* const name = std::getenv("XDG_CURRENT_DESKTOP");
     return name == nullptr ? std::string{} : name;
+}
+
+/// Before Qt, which would wait for it. Whether there was a bus that hangs.
+bool hidesABusThatHangs() {
+    constexpr unsigned int patience = 1;
+    if (BusProbe::answers(BusProbe::sessionAddress(), patience))
+        return false;
+    BusProbe::hideSessionBus();
+    return true;
 }
 
 }
@@ -107,8 +118,11 @@ std::expected<std::unique_ptr<HostPlatform>, HostPlatform::Ended> HostPlatform::
         return std::unexpected{EXIT_SUCCESS};
     }
     DevLog::setAppender(LogFile::append);
-    return std::unique_ptr<HostPlatform>{
-        new HostPlatform{std::make_unique<Parts>(std::move(instance))}};
+    const bool isBusHidden = hidesABusThatHangs();
+    auto parts = std::make_unique<Parts>(std::move(instance));
+    if (isBusHidden)
+        logOnceStarted("session bus does not answer, going on without it");
+    return std::unique_ptr<HostPlatform>{new HostPlatform{std::move(parts)}};
 }
 
 HostPlatform::HostPlatform(std::unique_ptr<Parts> parts) : parts_(std::move(parts)) {}

@@ -1,0 +1,46 @@
+/// A socket that lets everybody connect and never says a word, as a program that hangs has it.
+#pragma once
+
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+namespace vireline::test {
+
+class SilentSocket {
+public:
+    /// Makes the socket's file. Throws when it cannot.
+    explicit SilentSocket(const std::filesystem::path& path)
+        : socket_(::socket(AF_UNIX, SOCK_STREAM, 0)) {
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        const std::string name = path.string();
+        name.copy(static_cast<char*>(address.sun_path), sizeof address.sun_path - 1);
+        constexpr int waiting = 8;
+        if (::bind(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
+            ::listen(socket_, waiting) != 0)
+            throw std::system_error{errno, std::generic_category(), name};
+    }
+    SilentSocket(const SilentSocket&) = delete;
+    SilentSocket& operator=(const SilentSocket&) = delete;
+    SilentSocket(SilentSocket&&) = delete;
+    SilentSocket& operator=(SilentSocket&&) = delete;
+    ~SilentSocket() { ::close(socket_); }
+
+    /// Ends the connection of the next one who comes.
+    void turnAway() const {
+        const int connection = ::accept(socket_, nullptr, nullptr);
+        if (connection >= 0)
+            ::close(connection);
+    }
+
+private:
+    int socket_;
+};
+
+}
