@@ -14,7 +14,7 @@ std::optional<PointerCrossing> PointerCrossing::of(const xcb_generic_event_t& ev
     if (type == XCB_ENTER_NOTIFY || type == XCB_LEAVE_NOTIFY) {
         xcb_enter_notify_event_t crossing{};
         std::memcpy(&crossing, &event, sizeof crossing);
-        return PointerCrossing{type == XCB_ENTER_NOTIFY, crossing.mode, crossing.detail};
+        return PointerCrossing{type == XCB_ENTER_NOTIFY, crossing.detail};
     }
     if (type != XCB_GE_GENERIC)
         return std::nullopt;
@@ -25,7 +25,7 @@ std::optional<PointerCrossing> PointerCrossing::of(const xcb_generic_event_t& ev
     if (crossing.extension != connection.inputExtension() ||
         (!isEntry && crossing.event_type != XCB_INPUT_LEAVE))
         return std::nullopt;
-    return PointerCrossing{isEntry, crossing.mode, crossing.detail};
+    return PointerCrossing{isEntry, crossing.detail};
 }
 
 bool PointerCrossing::isOfChild() const noexcept {

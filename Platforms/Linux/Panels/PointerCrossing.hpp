@@ -12,9 +12,7 @@ class X11Connection;
 
 struct PointerCrossing {
     bool isEntry = false;
-    /// As the protocol has them: XCB_NOTIFY_MODE_NORMAL and so on, XCB_NOTIFY_DETAIL_ANCESTOR and
-    /// so on.
-    std::uint8_t mode = 0;
+    /// As the protocol has it: XCB_NOTIFY_DETAIL_ANCESTOR and so on.
     std::uint8_t detail = 0;
 
     /// The pointer came from a child of the window, or went to one.

@@ -1,6 +1,6 @@
 /// Reads where the pointer is once a frame while it moves over a window, in place of an event for
 /// every movement: there can be a thousand a second, each of which wakes the program up. Where a
-/// movement makes no difference, it waits for the pointer to leave.
+/// movement makes no difference, it waits for the pointer to go elsewhere.
 #pragma once
 
 #include "Panels/PointerGrid.hpp"
@@ -27,8 +27,7 @@ public:
     };
 
     /// For a window that has just been created, with its events selected, and exists for as long as
-    /// this does.
-    /// `onEntry` hears where the pointer came into another of the quiet areas, in pixels.
+    /// this does. `onEntry` hears where the pointer came into another of the quiet areas, in pixels.
     PointerSampler(const PanelContext& context, xcb_window_t window,
                    std::function<void(QPoint)> onEntry);
 
