@@ -27,7 +27,8 @@ public:
     };
 
     /// For a window that has just been created, with its events selected, and exists for as long as
-    /// this does. `onEntry` hears where the pointer came into another of the quiet areas, in pixels.
+    /// this does. `onEntry` hears where the pointer came into another of the quiet areas, in
+    /// pixels.
     PointerSampler(const PanelContext& context, xcb_window_t window,
                    std::function<void(QPoint)> onEntry);
 
