@@ -222,6 +222,9 @@ std::optional<std::size_t> tileAt(const StripFrames& frames, Point p) {
 void expectQuietRegionsDivide(const Request& request) {
     const StripFrames frames = StripLayout::layout(request);
     const auto regions = StripLayout::quietRegions(frames, request.edge);
+    const Rect view{0, 0, request.edge.view.width, request.edge.view.height};
+    for (const Rect& region : regions)
+        EXPECT_EQ(region.united(view), view) << region;
     std::vector<std::optional<Point>> firstIn(regions.size());
     for (double y = 0.25; y < request.edge.view.height; y += 0.5) {
         for (double x = 0.25; x < request.edge.view.width; x += 0.5) {
