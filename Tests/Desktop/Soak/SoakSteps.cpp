@@ -262,9 +262,21 @@ private:
     pid_t process_;
 };
 
+/// Whether this run of the program has launched an app.
+bool hasLaunched(SoakWorld& world) {
+    const auto messages = world.desktop().log().messages();
+    const auto start = std::ranges::find_if(messages.rbegin(), messages.rend(), [](const auto& m) {
+        return m.starts_with("Vireline started");
+    });
+    return std::any_of(start.base(), messages.end(),
+                       [](const auto& m) { return m.starts_with("click launch "); });
+}
+
+/// With its first launch GIO loads what it knows the desktop's file systems by, and waits for the
+/// bus to be there for that; the docks do not, but the app comes half a minute late.
 void hangBus(SoakWorld& world) {
     const pid_t bus = world.desktop().sessionBus();
-    if (bus == 0)
+    if (bus == 0 || !hasLaunched(world))
         return;
     const Hang hang{bus};
     launchFromDock(world);
