@@ -187,7 +187,9 @@ TEST_F(PointerTrackerTest, StaysSilentWhileItsMenuHoldsThePointer) {
 TEST_F(PointerTrackerTest, LooksAroundWhenItsMenuCloses) {
     enter();
     tracker.menuOpened();
+    EXPECT_TRUE(tracker.hasMenu());
     tracker.menuClosed(here({40, 10}));
+    EXPECT_FALSE(tracker.hasMenu());
     EXPECT_EQ(listener.take(), (Log{"moved 40"}));
     tracker.menuOpened();
     tracker.menuClosed(away);
