@@ -112,10 +112,7 @@ void replacePreferences(SoakWorld& world) {
     constexpr std::array contents{"",         "{",
                                   "[]",       R"({"iconSize": "large"})",
                                   "\xff\xfe", R"({"schemaVersion": 99, "autoHide": null})"};
-    const auto file = world.desktop().home().preferences();
-    std::filesystem::remove(file);
-    writeFile(file, contents.at(world.any(contents.size())));
-    world.fileWasReplaced();
+    world.replaceFile(contents.at(world.any(contents.size())));
 }
 
 void failDisk(SoakWorld& world) {

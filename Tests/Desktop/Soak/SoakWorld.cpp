@@ -77,7 +77,7 @@ std::size_t SoakWorld::any(std::size_t count) {
 void SoakWorld::start() {
     const auto text = readFile(desktop_->home().preferences());
     settings_ = SettingsCoding::decode(text).value_or(Settings{});
-    isFileReplaced_ = false;
+    replacement_.reset();
     const int before = desktop_->log().count("reconcile ");
     desktop_->startVirelineThrough(through_);
     if (!eventually([&] { return desktop_->log().count("reconcile ") > before; }))
@@ -137,14 +137,22 @@ void SoakWorld::kill() {
 void SoakWorld::awaitSave(const std::function<bool(const Settings&)>& isExpected) {
     Settings saved;
     const bool isSaved = eventually([&] {
-        const auto decoded = SettingsCoding::decode(readFile(desktop_->home().preferences()));
+        const auto content = readFile(desktop_->home().preferences());
+        const auto decoded = SettingsCoding::decode(content);
         saved = decoded.value_or(settings_);
-        return decoded && isExpected(saved);
+        return decoded && content != replacement_ && isExpected(saved);
     });
     if (!isSaved)
         throw Violation{"the program does not save its settings"};
     settings_ = saved;
-    isFileReplaced_ = false;
+    replacement_.reset();
+}
+
+void SoakWorld::replaceFile(const std::string& content) {
+    const auto file = desktop_->home().preferences();
+    std::filesystem::remove(file);
+    writeFile(file, content);
+    replacement_ = content;
 }
 
 void SoakWorld::loseBus() {

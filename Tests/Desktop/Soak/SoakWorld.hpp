@@ -58,8 +58,8 @@ public:
     /// Takes over what it saves, as soon as that is as expected.
     void awaitSave(const std::function<bool(const Settings&)>& isExpected);
     /// The file holds what is not the program's: until it saves again or starts, nothing is known.
-    void fileWasReplaced() { isFileReplaced_ = true; }
-    [[nodiscard]] bool isFileReplaced() const noexcept { return isFileReplaced_; }
+    void replaceFile(const std::string& content);
+    [[nodiscard]] bool isFileReplaced() const noexcept { return replacement_.has_value(); }
 
     /// The session bus; without it nobody is told where the settings' controls are.
     void loseBus();
@@ -113,7 +113,8 @@ private:
     std::vector<std::string> through_;
     std::unique_ptr<VirtualDesktop> desktop_;
     Settings settings_;
-    bool isFileReplaced_ = false;
+    /// What the file holds in place of settings that the program saved.
+    std::optional<std::string> replacement_;
     bool hasBus_ = true;
     std::vector<std::string> mirrored_;
     std::set<pid_t> suspended_;
