@@ -222,6 +222,8 @@ TEST_F(BadInput, WindowPropertiesOfAbsurdLengthAndTypeHarmNoOther) {
     client.setWords(window, "_NET_WM_WINDOW_TYPE", XCB_ATOM_WINDOW, {0xffffffff});
     client.map(window);
     ASSERT_TRUE(eventually([&] { return client.hasProperty(window, "WM_STATE"); }));
+    // An app of its own, for all the dock can tell.
+    ASSERT_TRUE(docksSettle(tiles(2, 1)));
     client.setWords(window, "_NET_WM_ICON", XCB_ATOM_CARDINAL, {64, 64, 0xff00ff00});
     client.setWords(window, "WM_CLASS", XCB_ATOM_INTEGER, {42});
     client.destroy(window);
