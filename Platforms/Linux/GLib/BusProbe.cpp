@@ -14,7 +14,7 @@ namespace {
 constexpr auto addressVariable = "DBUS_SESSION_BUS_ADDRESS";
 
 /// The first line that a client says, behind a zero byte; the identity is the digits of the user's
-/// number, each as the two of its code. From the D-Bus specification's authentication protocol.
+/// number, each as the two of its code. As D-Bus's authentication protocol has it.
 std::string greeting() {
     std::string text("\0AUTH EXTERNAL ", 15);
     for (const char digit : std::to_string(getuid())) {
