@@ -36,9 +36,9 @@ struct FakeAccessibility::Element final : public AccessibilityElement {
 };
 
 bool FakeAccessibility::isTrustedWithPrompt() {
-    if (!trusted)
+    if (!isTrusted())
         ++prompts;
-    return trusted;
+    return isTrusted();
 }
 
 ElementHandle FakeAccessibility::application(std::int32_t processIdentifier,

@@ -25,7 +25,8 @@ struct FakeWindow {
 
 class FakeAccessibility final : public Accessibility {
 public:
-    [[nodiscard]] bool isTrusted() const override { return trusted; }
+    [[nodiscard]] bool isTrusted() const override { return trusted && movesWindows; }
+    [[nodiscard]] bool canMoveWindows() const override { return movesWindows; }
     bool isTrustedWithPrompt() override;
     [[nodiscard]] ElementHandle application(std::int32_t processIdentifier,
                                             const std::string& bundleID) override;
@@ -45,6 +46,8 @@ public:
     void close(const FakeWindow& window);
 
     bool trusted = true;
+    /// Whether windows can be moved on this desktop at all.
+    bool movesWindows = true;
     /// While false, every call about a window fails.
     bool answers = true;
     int prompts = 0;

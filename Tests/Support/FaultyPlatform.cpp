@@ -153,6 +153,8 @@ public:
     [[nodiscard]] bool isTrusted() const override {
         return faults_("Accessibility::isTrusted", [&] { return port_.isTrusted(); });
     }
+    /// Never without an answer.
+    [[nodiscard]] bool canMoveWindows() const override { return port_.canMoveWindows(); }
     bool isTrustedWithPrompt() override {
         return faults_("Accessibility::isTrustedWithPrompt",
                        [&] { return port_.isTrustedWithPrompt(); });

@@ -64,6 +64,8 @@ protected:
 
     void withdrawPermission() { port.trusted = false; }
     void grantPermission() { port.trusted = true; }
+    void loseTheAbilityToMoveWindows() { port.movesWindows = false; }
+    void regainTheAbilityToMoveWindows() { port.movesWindows = true; }
     void stopAnswering() { port.answers = false; }
     void answerAgain() { port.answers = true; }
 
@@ -153,6 +155,18 @@ protected:
         desk().startWindowManager();
         isManaged_ = true;
     }
+    /// The window manager goes on, but says what one says that moves no windows.
+    void loseTheAbilityToMoveWindows() {
+        supported_ = client().words(client().root(), "_NET_SUPPORTED");
+        auto fewer = supported_;
+        std::erase(fewer, client().atom("_NET_MOVERESIZE_WINDOW"));
+        client().setWords(client().root(), "_NET_SUPPORTED", XCB_ATOM_ATOM, fewer);
+        client().sync();
+    }
+    void regainTheAbilityToMoveWindows() {
+        client().setWords(client().root(), "_NET_SUPPORTED", XCB_ATOM_ATOM, supported_);
+        client().sync();
+    }
     static void stopAnswering() { ::kill(desk().server(), SIGSTOP); }
     static void answerAgain() { ::kill(desk().server(), SIGCONT); }
 
@@ -194,6 +208,7 @@ private:
     x11::EwmhRunningApplications applications_{connection, runLoop_, catalog_};
     std::map<std::string, Running> running_;
     bool isManaged_ = true;
+    std::vector<std::uint32_t> supported_;
 
 protected:
     x11::EwmhAccessibility port{connection, runLoop_, applications_, screens};
@@ -290,6 +305,18 @@ TYPED_TEST(AccessibilityContract, AsksForThePermissionAndTellsWhetherItIsThere) 
     this->withdrawPermission();
 
     EXPECT_TRUE(this->eventually([&] { return !this->port.isTrustedWithPrompt(); }));
+}
+
+TYPED_TEST(AccessibilityContract, TellsWhetherThisDesktopLetsWindowsBeMoved) {
+    EXPECT_TRUE(this->port.canMoveWindows());
+
+    this->loseTheAbilityToMoveWindows();
+    EXPECT_TRUE(this->eventually([&] { return !this->port.canMoveWindows(); }));
+    EXPECT_FALSE(this->port.isTrusted());
+
+    this->regainTheAbilityToMoveWindows();
+    EXPECT_TRUE(this->eventually([&] { return this->port.canMoveWindows(); }));
+    EXPECT_TRUE(this->port.isTrusted());
 }
 
 TYPED_TEST(AccessibilityContract, ListsTheWindowsOldestFirst) {

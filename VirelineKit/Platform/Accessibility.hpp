@@ -35,7 +35,12 @@ public:
     /// Whether the user has granted the permission; asked afresh each time, it can be withdrawn.
     [[nodiscard]] virtual bool isTrusted() const = 0;
 
-    /// The same, and the system shows its request for the permission if it is missing.
+    /// Whether this desktop lets any program move others' windows. Where it does not, nothing is
+    /// trusted and no permission would help; asked each time, since another window manager may
+    /// take over.
+    [[nodiscard]] virtual bool canMoveWindows() const = 0;
+
+    /// As `isTrusted`, and the system shows its request for the permission if it is missing.
     virtual bool isTrustedWithPrompt() = 0;
 
     /// The element of a running app, whether or not there is one. Several apps may share a process;

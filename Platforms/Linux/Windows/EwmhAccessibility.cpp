@@ -68,7 +68,7 @@ EwmhAccessibility::EwmhAccessibility(const X11Connection& connection, RunLoop& r
         access_ = std::make_unique<Access>(*std::move(side), connection, runLoop, screens);
 }
 
-bool EwmhAccessibility::isTrusted() const {
+bool EwmhAccessibility::canMoveWindows() const {
     return access_ && access_->reader.canMoveWindows(SideConnection::in(trustSeconds));
 }
 

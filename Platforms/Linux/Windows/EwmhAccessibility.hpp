@@ -27,8 +27,9 @@ public:
     EwmhAccessibility& operator=(EwmhAccessibility&&) = delete;
     ~EwmhAccessibility() override = default;
 
-    [[nodiscard]] bool isTrusted() const override;
-    /// There is nobody to ask: another window manager is what it takes.
+    [[nodiscard]] bool isTrusted() const override { return canMoveWindows(); }
+    [[nodiscard]] bool canMoveWindows() const override;
+    /// There is no permission to ask for: another window manager is what it takes.
     bool isTrustedWithPrompt() override { return isTrusted(); }
 
     [[nodiscard]] ElementHandle application(std::int32_t processIdentifier,

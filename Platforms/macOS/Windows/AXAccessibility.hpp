@@ -10,6 +10,7 @@ namespace vireline::macos {
 class AXAccessibility final : public Accessibility {
 public:
     [[nodiscard]] bool isTrusted() const override;
+    [[nodiscard]] bool canMoveWindows() const override { return true; }
     bool isTrustedWithPrompt() override;
 
     [[nodiscard]] ElementHandle application(std::int32_t processIdentifier,
