@@ -85,8 +85,10 @@ TEST_F(DisplayCoordinatorTest, AnotherEdgeRebuildsEveryPanel) {
     EXPECT_EQ(log.count("reconcile screens=[1, 2, 3] desired=[2, 3] create=2 destroy=0 reframe=0"),
               1);
     EXPECT_EQ(windows().made.size(), 4U);
+    EXPECT_TRUE(windows().made[0]->isOrderedOut);
+    EXPECT_TRUE(windows().made[0]->isAlive());
+    advance(0);
     EXPECT_FALSE(windows().made[0]->isAlive());
-    EXPECT_FALSE(windows().made[0]->isVisible);
     EXPECT_EQ(windows().panel(2).frame.x, -1276);
 }
 

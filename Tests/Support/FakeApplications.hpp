@@ -11,6 +11,7 @@
 #include "Platform/RunningApplications.hpp"
 #include "Platform/Workspace.hpp"
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <set>
@@ -108,6 +109,8 @@ public:
 
     void openApplication(const std::string& bundleID, const FileURL& url) override {
         openedApplications.push_back({bundleID, url});
+        if (onOpenApplication)
+            onOpenApplication();
     }
     void open(const FileURL& url) override { opened.push_back(url); }
     void reveal(const std::vector<FileURL>& urls) override { revealed.push_back(urls); }
@@ -118,6 +121,8 @@ public:
     std::vector<FileURL> opened;
     std::vector<std::vector<FileURL>> revealed;
     std::vector<std::string> openedPanes;
+    /// Called from within `openApplication`, as a platform might that announces a launch at once.
+    std::function<void()> onOpenApplication;
 };
 
 inline std::ostream& operator<<(std::ostream& out, const FakeWorkspace::OpenedApplication& app) {

@@ -5,10 +5,22 @@
 #include <utility>
 
 namespace vireline::test {
+namespace {
+
+bool isThere(const FakePanel& panel) {
+    return panel.isAlive() && !panel.isOrderedOut;
+}
+
+}
 
 PanelWindowListener& FakePanel::listener() const {
     require(isAlive(), "the dock window is alive");
     return *listener_;
+}
+
+PointerTracker& FakePanel::pointer() const {
+    require(isAlive(), "the dock window is alive");
+    return *pointer_;
 }
 
 void FakePanel::choose(std::size_t index) {
@@ -31,8 +43,14 @@ void FakePanel::nextFrame() {
         listener_->frameDue();
 }
 
+FakePanelWindow::FakePanelWindow(std::shared_ptr<FakePanel> panel)
+    : panel_(std::move(panel)), pointer_(panel_->listener()) {
+    panel_->pointer_ = &pointer_;
+}
+
 FakePanelWindow::~FakePanelWindow() {
     panel_->listener_ = nullptr;
+    panel_->pointer_ = nullptr;
     panel_->isVisible = false;
     panel_->isMenuOpen_ = false;
     for (FakePanel::PoppedMenu& menu : panel_->menus)
@@ -42,6 +60,13 @@ FakePanelWindow::~FakePanelWindow() {
 void FakePanelWindow::setFrame(const Rect& frame, bool animate) {
     panel_->frame = frame;
     panel_->frameChanges.push_back({frame, animate});
+    if (const auto report = std::exchange(panel_->onSetFrame, nullptr))
+        report();
+}
+
+void FakePanelWindow::setHostedFrame(const Rect& frame) {
+    panel_->hostedFrame = frame;
+    pointer_.setViewSize(frame.size());
 }
 
 void FakePanelWindow::present(const Scene& scene) {
@@ -51,7 +76,15 @@ void FakePanelWindow::present(const Scene& scene) {
 
 void FakePanelWindow::orderFrontRegardless() {
     panel_->isVisible = true;
+    panel_->isOrderedOut = false;
     ++panel_->timesOrderedFront;
+}
+
+void FakePanelWindow::orderOut() {
+    panel_->isVisible = false;
+    panel_->isOrderedOut = true;
+    panel_->isMenuOpen_ = false;
+    pointer_.hidden();
 }
 
 void FakePanelWindow::popUpMenu(const Menu& menu, Point at, MenuClosed onClose) {
@@ -67,7 +100,7 @@ std::unique_ptr<PanelWindow> FakePanelWindows::makePanel(std::uint32_t displayID
 
 FakePanel* FakePanelWindows::find(std::uint32_t displayID) const {
     for (const auto& panel : made) {
-        if (panel->isAlive() && panel->displayID == displayID)
+        if (isThere(*panel) && panel->displayID == displayID)
             return panel.get();
     }
     return nullptr;
@@ -82,7 +115,7 @@ FakePanel& FakePanelWindows::panel(std::uint32_t displayID) const {
 std::vector<std::uint32_t> FakePanelWindows::displays() const {
     std::vector<std::uint32_t> found;
     for (const auto& panel : made) {
-        if (panel->isAlive())
+        if (isThere(*panel))
             found.push_back(panel->displayID);
     }
     return found;

@@ -7,6 +7,7 @@
 #include "Platform/PanelWindow.hpp"
 #include "Platform/PointerSettings.hpp"
 #include "Platform/Screens.hpp"
+#include "Views/PointerTracker.hpp"
 
 #include <cstdint>
 #include <functional>
@@ -54,6 +55,9 @@ public:
     /// Where the platform reports to; the window must be alive.
     [[nodiscard]] PanelWindowListener& listener() const;
 
+    /// The pointer over the window, which must be alive, as a platform keeps track of it.
+    [[nodiscard]] PointerTracker& pointer() const;
+
     /// Chooses an entry of the menu that was popped up last, and closes it.
     void choose(std::size_t index);
     /// Closes that menu without a choice.
@@ -72,22 +76,28 @@ public:
     std::optional<Scene> scene;
     int presentations = 0;
     bool isVisible = false;
+    /// Since it was last shown.
+    bool isOrderedOut = false;
     int timesOrderedFront = 0;
     bool watchesForCancel = false;
     std::vector<PoppedMenu> menus;
+    /// Called once, from within the next `setFrame`, as a platform might that reports an event
+    /// there.
+    std::function<void()> onSetFrame;
 
 private:
     friend class FakePanelWindow;
 
     /// Null once the window is gone.
     PanelWindowListener* listener_;
+    PointerTracker* pointer_ = nullptr;
     bool isMenuOpen_ = false;
     bool isFrameRequested_ = false;
 };
 
 class FakePanelWindow final : public PanelWindow {
 public:
-    explicit FakePanelWindow(std::shared_ptr<FakePanel> panel) : panel_(std::move(panel)) {}
+    explicit FakePanelWindow(std::shared_ptr<FakePanel> panel);
     FakePanelWindow(const FakePanelWindow&) = delete;
     FakePanelWindow& operator=(const FakePanelWindow&) = delete;
     FakePanelWindow(FakePanelWindow&&) = delete;
@@ -95,16 +105,17 @@ public:
     ~FakePanelWindow() override;
 
     void setFrame(const Rect& frame, bool animate) override;
-    void setHostedFrame(const Rect& frame) override { panel_->hostedFrame = frame; }
+    void setHostedFrame(const Rect& frame) override;
     void present(const Scene& scene) override;
     void orderFrontRegardless() override;
-    void orderOut() override { panel_->isVisible = false; }
+    void orderOut() override;
     void requestFrame() override { panel_->isFrameRequested_ = true; }
     void watchForCancel(bool watches) override { panel_->watchesForCancel = watches; }
     void popUpMenu(const Menu& menu, Point at, MenuClosed onClose) override;
 
 private:
     std::shared_ptr<FakePanel> panel_;
+    PointerTracker pointer_;
 };
 
 class FakePanelWindows final : public PanelWindows {
@@ -112,11 +123,11 @@ public:
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanel(std::uint32_t displayID, const Rect& frame,
                                                          PanelWindowListener& listener) override;
 
-    /// The window alive on this display; null when there is none.
+    /// The window on this display, shown or still to be shown; null when there is none.
     [[nodiscard]] FakePanel* find(std::uint32_t displayID) const;
     /// The same, where the test takes it for granted.
     [[nodiscard]] FakePanel& panel(std::uint32_t displayID) const;
-    /// The displays that have a window, in the order of the windows' making.
+    /// The displays that have such a window, in the order of the windows' making.
     [[nodiscard]] std::vector<std::uint32_t> displays() const;
 
     /// Every window ever made, oldest first, whether it lives or not.

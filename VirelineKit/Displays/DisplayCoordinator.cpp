@@ -10,6 +10,7 @@
 #include <set>
 #include <sstream>
 #include <string>
+#include <utility>
 
 namespace vireline {
 namespace {
@@ -60,7 +61,18 @@ void DisplayCoordinator::scheduleReconcile() {
         context_.runLoop.after(screenChangeDebounce, lifetime_.guard([this] { reconcile(); }));
 }
 
+/// What a platform's window reports from within a call, such as a change of the list, must find
+/// each panel where this round left it.
 void DisplayCoordinator::reconcile() {
+    isAnotherRoundDue_ = true;
+    if (std::exchange(isReconciling_, true))
+        return;
+    while (std::exchange(isAnotherRoundDue_, false))
+        reconcileOnce();
+    isReconciling_ = false;
+}
+
+void DisplayCoordinator::reconcileOnce() {
     const auto screens = ScreenSnapshot::current(screens_);
     const DockConfig config = dockConfig();
     closePanelsElsewhere(config.position);
@@ -85,7 +97,7 @@ void DisplayCoordinator::closePanelsElsewhere(DockPosition position) {
             continue;
         }
         const std::uint32_t display = panel->first;
-        panel = panels_.erase(panel);
+        panel = retire(panel);
         log("rebuilt panel #", display, " for position change");
     }
 }
@@ -106,7 +118,7 @@ std::vector<PanelSpec> DisplayCoordinator::desiredPanels(std::span<const ScreenS
 void DisplayCoordinator::carryOut(const PanelPlan& plan, std::span<const PanelSpec> desired,
                                   bool autoHide) {
     for (const std::uint32_t display : plan.destroy) {
-        panels_.erase(display);
+        retire(panels_.find(display));
         log("destroyed panel #", display);
     }
     for (const PanelSpec& spec : plan.reframe) {
@@ -131,6 +143,14 @@ void DisplayCoordinator::create(const PanelSpec& spec, bool autoHide) {
     panels_[spec.displayID] = std::move(panel);
     log("created panel #", spec.displayID, " at ", spec.frame,
         " autoHide=", autoHide ? "true" : "false");
+}
+
+DisplayCoordinator::Panels::iterator DisplayCoordinator::retire(Panels::iterator panel) {
+    panel->second->retire();
+    retired_.push_back(std::move(panel->second));
+    retirement_ =
+        context_.runLoop.after(0, lifetime_.guard([this] { std::exchange(retired_, {}); }));
+    return panels_.erase(panel);
 }
 
 void DisplayCoordinator::announceGuardZones(std::span<const ScreenSnapshot> screens) const {

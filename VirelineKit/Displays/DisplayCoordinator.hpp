@@ -47,22 +47,34 @@ public:
     /// Reconciles when no display has changed for half a second.
     void scheduleReconcile();
 
-    /// Creates, moves and destroys panels until they match the displays.
+    /// Creates, moves and retires panels until they match the displays. Asked for while it is at
+    /// work, it makes a further round afterwards.
     void reconcile();
 
 private:
+    using Panels = std::map<std::uint32_t, std::unique_ptr<DockPanel>>;
+
     void screenParametersChanged();
+    void reconcileOnce();
     void closePanelsElsewhere(DockPosition position);
     [[nodiscard]] std::vector<PanelSpec> desiredPanels(std::span<const ScreenSnapshot> screens,
                                                        DockPosition position) const;
     void carryOut(const PanelPlan& plan, std::span<const PanelSpec> desired, bool autoHide);
     void create(const PanelSpec& spec, bool autoHide);
+    /// Returns what follows the panel.
+    Panels::iterator retire(Panels::iterator panel);
     void announceGuardZones(std::span<const ScreenSnapshot> screens) const;
 
     DockViewContext context_;
     Screens& screens_;
     PanelWindows& windows_;
-    std::map<std::uint32_t, std::unique_ptr<DockPanel>> panels_;
+    Panels panels_;
+    /// Off their displays. Whatever led to their end may be an event of their own windows, so they
+    /// live until the run loop's next turn.
+    std::vector<std::unique_ptr<DockPanel>> retired_;
+    Timer retirement_;
+    bool isReconciling_ = false;
+    bool isAnotherRoundDue_ = false;
     Timer debounce_;
     /// Screen-parameter notifications so far, for the log.
     int eventCount_ = 0;

@@ -68,6 +68,13 @@ void DockPanel::orderFrontRegardless() {
     window_->orderFrontRegardless();
 }
 
+void DockPanel::retire() {
+    // The end of a press or a drag that this brings about is the last thing that counts.
+    window_->orderOut();
+    isRetired_ = true;
+    collapseTimer_.reset();
+}
+
 void DockPanel::update(const PanelSpec& spec, bool autoHide) {
     spec_ = spec;
     autoHide_ = autoHide;
@@ -115,7 +122,7 @@ void DockPanel::mouseExited() {
 }
 
 void DockPanel::comeOut() {
-    if (!autoHide_)
+    if (!autoHide_ || isRetired_)
         return;
     collapseTimer_.reset();
     if (collapsed_)
@@ -123,7 +130,7 @@ void DockPanel::comeOut() {
 }
 
 void DockPanel::collapseLater() {
-    if (!autoHide_ || collapsed_ || isHeldOpen())
+    if (!autoHide_ || isRetired_ || collapsed_ || isHeldOpen())
         return;
     collapseTimer_ = runLoop_.after(collapseDelay, lifetime_.guard([this] {
         // What holds it open now lets it collapse in its turn.
@@ -147,10 +154,13 @@ void DockPanel::popUpMenu(const Menu& menu, Point at, const MenuClosed& onClose)
 }
 
 void DockPanel::pointerEvent(const PointerEvent& event) {
-    hosting_.pointerEvent(event);
+    if (!isRetired_)
+        hosting_.pointerEvent(event);
 }
 
 void DockPanel::dragEntered(const std::vector<std::string>& urls) {
+    if (isRetired_)
+        return;
     // For anything but files there is nothing to come out for.
     isDragOver_ = hosting_.dragEntered(urls);
     if (isDragOver_)
@@ -158,7 +168,7 @@ void DockPanel::dragEntered(const std::vector<std::string>& urls) {
 }
 
 bool DockPanel::dragMoved(Point at) {
-    return hosting_.dragMoved(at);
+    return !isRetired_ && hosting_.dragMoved(at);
 }
 
 void DockPanel::dragExited() {
@@ -169,21 +179,23 @@ void DockPanel::dragExited() {
 
 bool DockPanel::dropped(Point at) {
     isDragOver_ = false;
-    const bool isTaken = hosting_.dropped(at);
+    const bool isTaken = !isRetired_ && hosting_.dropped(at);
     collapseLater();
     return isTaken;
 }
 
 std::vector<AccessibleTile> DockPanel::accessibleTiles() {
-    return hosting_.accessibleTiles();
+    return isRetired_ ? std::vector<AccessibleTile>{} : hosting_.accessibleTiles();
 }
 
 void DockPanel::pressTile(std::uint32_t id) {
-    hosting_.press(id);
+    if (!isRetired_)
+        hosting_.press(id);
 }
 
 void DockPanel::showTileMenu(std::uint32_t id) {
-    hosting_.showMenu(id);
+    if (!isRetired_)
+        hosting_.showMenu(id);
 }
 
 void DockPanel::sceneInvalidated() {

@@ -37,6 +37,9 @@ public:
     /// Collapses to the sliver, or expands to the frame that reaches the display's edge.
     void applyCollapsed(bool collapsed, bool animate);
 
+    /// Takes the dock off its display for good: nothing that its window still reports counts.
+    void retire();
+
 private:
     void mouseEntered() override;
     void mouseExited() override;
@@ -69,6 +72,7 @@ private:
     RunLoop& runLoop_;
     const MotionSettings& motionSettings_;
     Timer collapseTimer_;
+    bool isRetired_ = false;
     /// What holds an auto-hiding panel open.
     bool isPointerOver_ = false;
     int openMenus_ = 0;
