@@ -39,7 +39,9 @@ void DesktopTest::TearDown() {
     desktop_->leaveEvidence(EVIDENCE_FOLDER, name);
 }
 
-VirtualDesktop& DesktopTest::make(const Options& options) {
+VirtualDesktop& DesktopTest::make(Options options) {
+    if (!options.manager)
+        options.manager = testedManager();
     desktop_ = std::make_unique<VirtualDesktop>(testedPrograms(), options);
     return *desktop_;
 }
@@ -145,6 +147,11 @@ Programs testedPrograms() {
     const char* other = std::getenv("VIRELINE_TESTED_PROGRAM");
     return {other == nullptr ? TESTED_PROGRAM : other, TEST_APP, FILE_MANAGER, NOTIFIER_HOST,
             MONITOR_OUTPUTS};
+}
+
+std::optional<VirtualDesktop::Manager> testedManager() {
+    const char* name = std::getenv("VIRELINE_TESTED_MANAGER");
+    return name == nullptr ? std::nullopt : windowManagerNamed(name);
 }
 
 PanelPlanner::Request tiles(int pinned, int running) {

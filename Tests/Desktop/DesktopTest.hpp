@@ -9,6 +9,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -31,8 +32,8 @@ protected:
 
     void TearDown() override;
 
-    /// Makes the desktop of this test.
-    VirtualDesktop& make(const Options& options);
+    /// Makes the desktop of this test, under the tested manager unless the options say another.
+    VirtualDesktop& make(Options options);
     [[nodiscard]] VirtualDesktop& desktop() { return *desktop_; }
 
     /// A desktop with two displays side by side, the apps pinned, and the program running with its
@@ -74,6 +75,9 @@ private:
 
 /// The programs that the tests run; VIRELINE_TESTED_PROGRAM may name another program to test.
 [[nodiscard]] Programs testedPrograms();
+
+/// The window manager that VIRELINE_TESTED_MANAGER names, if it names one.
+[[nodiscard]] std::optional<VirtualDesktop::Manager> testedManager();
 
 /// A plan's request for this many tiles, with the settings at their defaults.
 [[nodiscard]] PanelPlanner::Request tiles(int pinned, int running = 0);

@@ -56,17 +56,23 @@ PixelPoint Pointer::position() const {
     return {reply->root_x, reply->root_y};
 }
 
+void Keyboard::press(xcb_keysym_t symbol) const {
+    fake(client_, XCB_KEY_PRESS, keycode(client_, symbol));
+}
+
+void Keyboard::release(xcb_keysym_t symbol) const {
+    fake(client_, XCB_KEY_RELEASE, keycode(client_, symbol));
+}
+
 void Keyboard::type(xcb_keysym_t symbol) const {
-    const auto key = keycode(client_, symbol);
-    fake(client_, XCB_KEY_PRESS, key);
-    fake(client_, XCB_KEY_RELEASE, key);
+    press(symbol);
+    release(symbol);
 }
 
 void Keyboard::typeWithControl(xcb_keysym_t symbol) const {
-    const auto modifier = keycode(client_, control);
-    fake(client_, XCB_KEY_PRESS, modifier);
+    press(control);
     type(symbol);
-    fake(client_, XCB_KEY_RELEASE, modifier);
+    release(control);
 }
 
 bool Keyboard::isHeld() const {

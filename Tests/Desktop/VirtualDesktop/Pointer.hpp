@@ -44,6 +44,12 @@ public:
     static constexpr xcb_keysym_t down = 0xff54;
     static constexpr xcb_keysym_t end = 0xff57;
     static constexpr xcb_keysym_t control = 0xffe3;
+    static constexpr xcb_keysym_t alt = 0xffe9;
+    static constexpr xcb_keysym_t super = 0xffeb;
+
+    /// Presses the key that types `symbol`, and keeps it down.
+    void press(xcb_keysym_t symbol) const;
+    void release(xcb_keysym_t symbol) const;
 
     /// Presses and releases the key that types `symbol`.
     void type(xcb_keysym_t symbol) const;

@@ -15,40 +15,9 @@ namespace fs = std::filesystem;
 
 constexpr const char* installedData = "/usr/local/share:/usr/share";
 
-/// Focus follows clicks, new windows get the focus, and nothing else happens by itself.
-constexpr std::string_view windowManagerConfiguration = R"(<?xml version="1.0"?>
-<openbox_config xmlns="http://openbox.org/3.4/rc">
-  <focus><focusNew>yes</focusNew><followMouse>no</followMouse></focus>
-  <placement><policy>Smart</policy><monitor>Any</monitor></placement>
-  <theme><name>Clearlooks</name><animateIconify>no</animateIconify></theme>
-  <desktops><number>2</number></desktops>
-  <keyboard/>
-  <mouse>
-    <context name="Client">
-      <mousebind button="Left" action="Press">
-        <action name="Focus"/><action name="Raise"/>
-      </mousebind>
-    </context>
-  </mouse>
-</openbox_config>
-)";
-
-/// The same for the other one, which keeps its settings with a service of its own.
-constexpr std::string_view xfwm4Configuration = R"(<?xml version="1.0" encoding="UTF-8"?>
-<channel name="xfwm4" version="1.0">
-  <property name="general" type="empty">
-    <property name="click_to_focus" type="bool" value="true"/>
-    <property name="focus_new" type="bool" value="true"/>
-    <property name="use_compositing" type="bool" value="false"/>
-    <property name="placement_ratio" type="int" value="100"/>
-    <property name="workspace_count" type="int" value="2"/>
-  </property>
-</channel>
-)";
-
 /// The options' tallest screen that still holds all monitors.
 XServer::Options serverOptions(const VirtualDesktop::Options& options, const Home& home) {
-    XServer::Options server{options.width, options.height, options.randr,
+    XServer::Options server{options.width, options.height, options.randr, options.outputs,
                             home.scratch() / "x-server.log"};
     for (const auto& monitor : options.monitors) {
         server.width = std::max(server.width, monitor.frame.right());
@@ -88,9 +57,12 @@ xcb_window_t selectionOwner(const XClient& client, std::string_view selection) {
     return reply ? reply->owner : XCB_NONE;
 }
 
-bool hasWindowManager(const XClient& client) {
+/// The window by which a window manager says that it runs; XCB_NONE without one.
+xcb_window_t managerWindow(const XClient& client) {
     const auto check = client.words(client.root(), "_NET_SUPPORTING_WM_CHECK");
-    return !check.empty() && client.words(check.front(), "_NET_SUPPORTING_WM_CHECK") == check;
+    if (check.empty() || client.words(check.front(), "_NET_SUPPORTING_WM_CHECK") != check)
+        return XCB_NONE;
+    return check.front();
 }
 
 /// Window managers announce themselves before they listen, and forget who comes between: shows a
@@ -123,7 +95,9 @@ VirtualDesktop::VirtualDesktop(Programs programs, const Options& options)
     , home_(programs_.testApp)
     , server_(serverOptions(options, home_))
     , client_(std::make_unique<XClient>(server_.display()))
-    , manager_(options.manager) {
+    , manager_(options.manager.value_or(Manager::openbox))
+    , managerComposites_(options.managerComposites)
+    , hasOutputs_(options.outputs) {
     displays_.scales = options.scales;
     environment_ = home_.environment();
     environment_["DISPLAY"] = server_.display();
@@ -145,7 +119,10 @@ VirtualDesktop::VirtualDesktop(Programs programs, const Options& options)
 
 void VirtualDesktop::setMonitors(const std::vector<Monitor>& monitors) {
     displays_.monitors = monitors;
-    desktop::setMonitors(*client_, monitors);
+    if (hasOutputs_)
+        setOutputs(*client_, monitors);
+    else
+        desktop::setMonitors(*client_, monitors);
 }
 
 const Monitor& VirtualDesktop::monitor(const std::string& name) const {
@@ -205,46 +182,43 @@ void VirtualDesktop::startAccessibilityBus() {
 }
 
 void VirtualDesktop::startWindowManager() {
-    if (manager_ == Manager::openbox)
-        startOpenbox();
-    else
-        startXfwm4();
-    require(eventually([&] { return hasWindowManager(*client_); }) && managesWindows(*client_),
+    startWindowManager({.composites = managerComposites_});
+}
+
+void VirtualDesktop::replaceWindowManager(Manager manager) {
+    std::optional<ChildProcess> former;
+    if (windowManager_ && canReplaceAnother(manager))
+        former.emplace(std::move(*windowManager_));
+    windowManager_.reset();
+    manager_ = manager;
+    startWindowManager({.composites = managerComposites_, .replaces = former.has_value()});
+    require(!former || former->waitForExit().has_value(), "the new window manager");
+}
+
+void VirtualDesktop::startWindowManager(const ManagerOptions& options) {
+    const auto former = managerWindow(*client_);
+    const auto folder = home_.scratch() / shortName(manager_);
+    windowManager_.emplace(windowManagerCommand(manager_, options, folder, managerEnvironment()));
+    require(eventually([&] {
+                const auto window = managerWindow(*client_);
+                return window != XCB_NONE && (!options.replaces || window != former);
+            }) &&
+                managesWindows(*client_),
             "the window manager");
 }
 
 /// With a bus of its own, so that the program meets no more of a session than it is given.
-void VirtualDesktop::startXfwm4() {
-    const auto settings = home_.scratch() / "xfwm4";
-    writeFile(settings / "xfce4/xfconf/xfce-perchannel-xml/xfwm4.xml", xfwm4Configuration);
+Environment VirtualDesktop::managerEnvironment() {
     Environment environment = sessionEnvironment();
-    environment["XDG_CONFIG_HOME"] = settings.string();
-    environment["NO_AT_BRIDGE"] = "1";
-    if (!managerBus_) {
-        environment["DBUS_SESSION_BUS_ADDRESS"] =
-            startBus(managerBus_, home_.scratch() / "manager-bus", environment);
-    } else {
-        environment["DBUS_SESSION_BUS_ADDRESS"] =
-            "unix:path=" + (home_.scratch() / "manager-bus").string();
+    if (needsSessionBus(manager_)) {
+        const auto socket = home_.scratch() / "manager-bus";
+        environment["DBUS_SESSION_BUS_ADDRESS"] = managerBus_
+                                                      ? "unix:path=" + socket.string()
+                                                      : startBus(managerBus_, socket, environment);
     }
-    environment["LD_PRELOAD"] = programs_.monitorOutputs.string();
-    windowManager_.emplace(Command{"xfwm4",
-                                   {"--compositor=off"},
-                                   environment,
-                                   {},
-                                   home_.scratch() / "window-manager.log",
-                                   {}});
-}
-
-void VirtualDesktop::startOpenbox() {
-    const auto configuration = home_.scratch() / "openbox.xml";
-    writeFile(configuration, windowManagerConfiguration);
-    windowManager_.emplace(Command{"openbox",
-                                   {"--sm-disable", "--config-file", configuration.string()},
-                                   sessionEnvironment(),
-                                   {},
-                                   home_.scratch() / "window-manager.log",
-                                   {}});
+    if (manager_ == Manager::xfwm4 && !hasOutputs_)
+        environment["LD_PRELOAD"] = programs_.monitorOutputs.string();
+    return environment;
 }
 
 void VirtualDesktop::startCompositor() {

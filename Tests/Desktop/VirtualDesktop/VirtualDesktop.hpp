@@ -11,9 +11,11 @@
 #include "VirtualDesktop/Home.hpp"
 #include "VirtualDesktop/Monitors.hpp"
 #include "VirtualDesktop/NotifierHost.hpp"
+#include "VirtualDesktop/Outputs.hpp"
 #include "VirtualDesktop/Picture.hpp"
 #include "VirtualDesktop/Pointer.hpp"
 #include "VirtualDesktop/ProgramLog.hpp"
+#include "VirtualDesktop/WindowManagers.hpp"
 #include "VirtualDesktop/XClient.hpp"
 #include "VirtualDesktop/XServer.hpp"
 
@@ -39,20 +41,25 @@ struct Programs {
 
 class VirtualDesktop {
 public:
-    /// Two of different kinds: each has its own idea of frames, gravities and focus.
-    enum class Manager : std::uint8_t { openbox, xfwm4 };
+    using Manager = WindowManager;
 
     struct Options {
         /// The first is primary. None leaves the server's own single display.
         std::vector<Monitor> monitors{};
         bool windowManager = true;
-        Manager manager = Manager::openbox;
+        /// Openbox if it is not said.
+        std::optional<Manager> manager{};
+        /// Whether the window manager composites, if it can.
+        bool managerComposites = false;
+        /// A compositor beside the window manager.
         bool compositor = false;
         bool sessionBus = false;
         /// Whether programs tell assistive technology of their windows; they need the session bus
         /// for that, which comes along.
         bool accessibility = false;
         bool randr = true;
+        /// Whether the X server has a real output for each monitor; they are called `outputName`.
+        bool outputs = false;
         /// Whether the apps installed on this computer are there besides the home's own.
         bool installedApps = false;
         /// Pixels per point of monitors where it is not 1.
@@ -92,6 +99,8 @@ public:
 
     void startWindowManager();
     void stopWindowManager() { windowManager_.reset(); }
+    /// Lets another window manager take over from the one that runs.
+    void replaceWindowManager(Manager manager);
     void startCompositor();
     void stopCompositor() { compositor_.reset(); }
     /// Its process; 0 without one.
@@ -158,8 +167,8 @@ private:
                                               const Environment& environment);
     void startSessionBus();
     void startAccessibilityBus();
-    void startOpenbox();
-    void startXfwm4();
+    [[nodiscard]] Environment managerEnvironment();
+    void startWindowManager(const ManagerOptions& options);
 
     Programs programs_;
     Home home_;
@@ -168,6 +177,8 @@ private:
     Displays displays_;
     Environment environment_;
     Manager manager_;
+    bool managerComposites_;
+    bool hasOutputs_;
     std::optional<ChildProcess> bus_;
     std::optional<ChildProcess> accessibilityBus_;
     std::string accessibilityAddress_;

@@ -1,5 +1,6 @@
 #include "VirtualDesktop/XServer.hpp"
 
+#include "VirtualDesktop/Home.hpp"
 #include "VirtualDesktop/Waiting.hpp"
 
 #include <fcntl.h>
@@ -15,6 +16,24 @@
 
 namespace vireline::desktop {
 namespace {
+
+/// No devices but XTest's, and video memory for several large monitors.
+constexpr std::string_view outputsConfiguration = R"(Section "ServerFlags"
+    Option "AutoAddDevices" "false"
+    Option "AutoAddGPU" "false"
+    Option "DontVTSwitch" "true"
+EndSection
+Section "Device"
+    Identifier "card"
+    Driver "dummy"
+    VideoRam 262144
+EndSection
+Section "Screen"
+    Identifier "screen"
+    Device "card"
+    DefaultDepth 24
+EndSection
+)";
 
 class Pipe {
 public:
@@ -56,6 +75,28 @@ private:
     std::array<int, 2> ends_{-1, -1};
 };
 
+/// Xvfb with one screen of the options' size.
+Command memoryServer(const XServer::Options& options) {
+    Command command;
+    command.program = "Xvfb";
+    command.arguments = {"-screen", "0",
+                         std::to_string(options.width) + "x" + std::to_string(options.height) +
+                             "x24"};
+    return command;
+}
+
+/// Xorg, whose screen takes the size that its monitors need.
+Command outputsServer(const XServer::Options& options) {
+    const auto folder = options.errors.parent_path();
+    writeFile(folder / "xorg.conf", outputsConfiguration);
+    Command command;
+    // Not the one in the path, which some systems run as root.
+    command.program = "/usr/lib/xorg/Xorg";
+    command.arguments = {"-config", (folder / "xorg.conf").string(), "-logfile",
+                         (folder / "xorg.log").string()};
+    return command;
+}
+
 std::string pathVariable() {
     const char* path = std::getenv("PATH");
     return path == nullptr ? "/usr/bin:/bin" : path;
@@ -73,25 +114,18 @@ XServer::XServer(const Options& options) {
         if (start(options, numbers(entropy)))
             return;
     }
-    throw std::runtime_error{"Xvfb does not start"};
+    throw std::runtime_error{"the X server does not start"};
 }
 
 bool XServer::start(const Options& options, int number) {
     Pipe numbers;
     display_ = ":" + std::to_string(number);
-    Command command;
-    command.program = "Xvfb";
+    Command command = options.outputs ? outputsServer(options) : memoryServer(options);
     // Without -noreset the server forgets its monitors when its last client leaves.
-    command.arguments = {display_,
-                         "-displayfd",
-                         std::to_string(numbers.writingEnd()),
-                         "-screen",
-                         "0",
-                         std::to_string(options.width) + "x" + std::to_string(options.height) +
-                             "x24",
-                         "-noreset",
-                         "-nolisten",
-                         "tcp"};
+    const std::vector<std::string> common{"-displayfd", std::to_string(numbers.writingEnd()),
+                                          "-noreset", "-nolisten", "tcp"};
+    command.arguments.insert(command.arguments.begin(), display_);
+    command.arguments.insert(command.arguments.end(), common.begin(), common.end());
     if (!options.randr) {
         command.arguments.emplace_back("-extension");
         command.arguments.emplace_back("RANDR");

@@ -1,4 +1,5 @@
-/// An X server without a screen, on a display number of its own.
+/// An X server without a screen, on a display number of its own: Xvfb, or Xorg on a driver that has
+/// outputs but no hardware.
 #pragma once
 
 #include "VirtualDesktop/ChildProcess.hpp"
@@ -16,6 +17,8 @@ public:
         int height = 0;
         /// Whether it offers RandR.
         bool randr = true;
+        /// Whether it has an output for each monitor, as graphics cards do. Xvfb has a single one.
+        bool outputs = false;
         /// Where its own messages go.
         std::filesystem::path errors;
     };

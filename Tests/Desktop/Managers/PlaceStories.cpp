@@ -1,0 +1,239 @@
+/// Where docks are, under every window manager: on which monitors, above and below what, and
+/// through the changes that go on around them.
+#include "ManagerStory.hpp"
+
+namespace vireline::desktop {
+namespace {
+
+class Frames : public ManagerStory {};
+
+TEST_F(Frames, AreOnTheMonitorsWithoutAPanel) {
+    run();
+    checkDocks();
+    check(comes([&] {
+              return isOnTop(middle, middle.alpha, alpha.colour) &&
+                     isOnTop(middle, middle.beta, beta.colour);
+          }),
+          "the dock's tiles are not seen where its window is");
+    check(comes([&] {
+              return isOnTop(side, side.alpha, alpha.colour) &&
+                     isOnTop(side, side.beta, beta.colour);
+          }),
+          "the other dock's tiles are not seen where its window is");
+}
+
+TEST_F(Frames, StayWhenWindowsOpen) {
+    run();
+    open(alpha, middle.monitor);
+    open(beta, side.monitor);
+    check(stays([&] { return isInPlace(middle) && isInPlace(side); }),
+          "docks move when windows open: " + docksShown());
+}
+
+class Stacking : public ManagerStory {
+protected:
+    void checkAbove(xcb_window_t window) {
+        demand(outer(window).contains(middle.frame.center()),
+               "the test's own window does not reach below the dock");
+        check(comes([&] { return isOnTop(middle, middle.alpha, alpha.colour); }),
+              "the window covers the dock");
+        check(stays([&] { return takesPointer(middle, middle.alpha); }),
+              "the dock does not stay above the window");
+    }
+};
+
+TEST_F(Stacking, IsAboveAWindowThatOpensLater) {
+    run();
+    checkAbove(openLarge(alpha, middle.monitor, {"--colour", "206040"}));
+}
+
+TEST_F(Stacking, IsAboveAWindowThatIsClicked) {
+    run();
+    const auto window = openLarge(alpha, middle.monitor, {"--colour", "206040"});
+    desktop().pointer().click(middle.monitor.center());
+    checkAbove(window);
+}
+
+TEST_F(Stacking, IsAboveAMaximisedWindow) {
+    run();
+    if (!supports("_NET_WM_STATE_MAXIMIZED_VERT"))
+        GTEST_SKIP() << "it maximises no windows";
+    const auto window = open(alpha, middle.monitor, {"--colour", "206040"});
+    ask(window, "MAXIMIZED", true);
+    demand(comes([&] { return outer(window).width > 1500; }), "the window is not maximised");
+    checkAbove(window);
+}
+
+class Kinship : public ManagerStory {};
+
+TEST_F(Kinship, IsInNoListAndOnEveryDesktop) {
+    if (!hasManager())
+        GTEST_SKIP() << "it keeps no list of windows";
+    run();
+    for (const auto& place : {middle, side}) {
+        const auto window = dock(place).window;
+        check(comes([&] { return has(window, "SKIP_TASKBAR") && has(window, "SKIP_PAGER"); }),
+              "lists of windows show the dock");
+    }
+    open(alpha, middle.monitor);
+    if (!leaveDesktopOf(alpha))
+        GTEST_SKIP() << "it has one desktop only";
+    check(comes([&] { return isOnTop(middle, middle.alpha, alpha.colour); }),
+          "the dock is not on the other desktop");
+    checkDocks();
+}
+
+/// A drag with a key that moves windows, from a place of the strip that holds no tile.
+class Drags : public ManagerStory, public testing::WithParamInterface<xcb_keysym_t> {};
+
+TEST_P(Drags, LeaveTheDockWhereItIs) {
+    run();
+    const PixelPoint grip{middle.frame.x + 3, middle.alpha.y};
+    desktop().pointer().moveTo(grip);
+    desktop().keyboard().press(GetParam());
+    desktop().pointer().press(Pointer::Button::primary);
+    for (int step = 1; step <= 20; ++step)
+        desktop().pointer().moveTo({grip.x - 10 * step, grip.y - 10 * step});
+    check(stays([&] { return isInPlace(middle); }), "the dock is dragged away: " + docksShown());
+    desktop().pointer().release(Pointer::Button::primary);
+    desktop().keyboard().release(GetParam());
+    checkDocks();
+    const auto sides = desktop().client().words(dock(middle).window, "_NET_FRAME_EXTENTS");
+    check(std::ranges::all_of(sides, [](auto side) { return side == 0; }), "the dock is decorated");
+}
+
+INSTANTIATE_TEST_SUITE_P(With, Drags, testing::Values(Keyboard::alt, Keyboard::super),
+                         [](const auto& key) {
+                             return std::string{key.param == Keyboard::alt ? "Alt" : "Super"};
+                         });
+
+class FullScreen : public ManagerStory {
+protected:
+    /// Whether the window is all there is to see and to click where the dock was.
+    [[nodiscard]] bool covers(xcb_window_t window, Colour colour) {
+        return !takesPointer(middle, middle.alpha) &&
+               isSame(desktop().pixel(middle.alpha), colour) &&
+               desktop().client().frame(window) == middle.monitor;
+    }
+
+    const Colour film{0x20, 0x60, 0x40};
+};
+
+TEST_F(FullScreen, CoversTheDockOfItsMonitorOnly) {
+    run();
+    if (!supports("_NET_WM_STATE_FULLSCREEN"))
+        GTEST_SKIP() << "it makes no window full-screen";
+    const auto window = open(alpha, middle.monitor, {"--colour", "206040"});
+    ask(window, "FULLSCREEN", true);
+    demand(comes([&] { return desktop().client().frame(window) == middle.monitor; }),
+           "the test's own window does not become full-screen");
+    check(comes([&] { return covers(window, film); }), "the dock covers a full-screen window");
+    check(stays([&] { return covers(window, film); }), "the dock comes back over it");
+    check(comes([&] { return isOnTop(side, side.alpha, alpha.colour); }),
+          "the other monitor's dock goes as well");
+
+    ask(window, "FULLSCREEN", false);
+    check(comes([&] { return isOnTop(middle, middle.alpha, alpha.colour); }),
+          "the dock does not come back when full screen ends");
+    checkDocks();
+}
+
+TEST_F(FullScreen, LetsTheDockBackWhenTheWindowCloses) {
+    run();
+    if (!supports("_NET_WM_STATE_FULLSCREEN"))
+        GTEST_SKIP() << "it makes no window full-screen";
+    const auto window = open(alpha, middle.monitor, {"--colour", "206040"});
+    ask(window, "FULLSCREEN", true);
+    demand(comes([&] { return desktop().client().frame(window) == middle.monitor; }),
+           "the test's own window does not become full-screen");
+    check(comes([&] { return covers(window, film); }), "the dock covers a full-screen window");
+    desktop().client().sendToRoot(window, "_NET_CLOSE_WINDOW", {XCB_CURRENT_TIME, 2});
+    demand(comes([&] { return !isShown(alpha); }), "the test's own window does not close");
+    check(comes([&] { return isOnTop(middle, middle.alpha, alpha.colour); }),
+          "the dock does not come back when the full-screen window closes");
+}
+
+class HotPlug : public ManagerStory {
+protected:
+    void checkClicks() {
+        check(comes([&] { return isOnTop(side, side.alpha, alpha.colour); }),
+              "the new dock is not seen");
+        clickTile(side.alpha, "click launch " + alpha.id);
+        check(comes([&] { return isShown(alpha); }), "the new dock launches nothing");
+    }
+};
+
+TEST_F(HotPlug, TakesTheDockOfAMonitorAndGivesItBack) {
+    run();
+    desktop().setMonitors({monitors[0], monitors[1]});
+    check(comes([&] { return isInPlace(middle) && desktop().docks().shown().size() == 1; }),
+          "after an unplug: " + docksShown());
+    desktop().setMonitors(monitors);
+    checkDocks();
+    checkClicks();
+}
+
+TEST_F(HotPlug, GivesAllDocksBackAfterASingleMonitor) {
+    run();
+    desktop().setMonitors({monitors[0]});
+    check(comes([&] { return desktop().docks().shown().empty(); }),
+          "with a single monitor: " + docksShown());
+    desktop().setMonitors(monitors);
+    checkDocks();
+    checkClicks();
+}
+
+TEST_F(HotPlug, FollowsAMonitorThatTakesAnotherMode) {
+    run();
+    auto smaller = monitors;
+    smaller[1].frame = {1280, 0, 1280, 720};
+    desktop().setMonitors(smaller);
+    const PixelRect inSmaller{1813, 632, 215, 84};
+    check(comes([&] { return isInPlace(middle, inSmaller) && isInPlace(side); }),
+          "after a change of mode: " + docksShown());
+    desktop().setMonitors(monitors);
+    checkDocks();
+}
+
+class Succession : public ManagerStory {
+protected:
+    void checkEverything() {
+        checkDocks();
+        const auto window = openLarge(alpha, middle.monitor, {"--colour", "206040"});
+        check(comes([&] { return isOnTop(middle, middle.alpha, alpha.colour); }),
+              "a window covers the dock");
+        desktop().client().sendToRoot(window, "_NET_CLOSE_WINDOW", {XCB_CURRENT_TIME, 2});
+        demand(comes([&] { return !isShown(alpha); }), "the test's own window does not close");
+        clickTile(side.beta, "click launch " + beta.id);
+        demand(comes([&] { return desktop().isActive(beta); }), "the dock launches nothing");
+        desktop().client().sendToRoot(desktop().windowsOf(beta).front(), "_NET_CLOSE_WINDOW",
+                                      {XCB_CURRENT_TIME, 2});
+        demand(comes([&] { return !isShown(beta); }), "the test's own window does not close");
+    }
+
+    [[nodiscard]] static WindowManager other() {
+        return isManager(WindowManager::openbox) ? WindowManager::xfwm4 : WindowManager::openbox;
+    }
+};
+
+TEST_F(Succession, OfTheSameManagerKeepsTheDocks) {
+    if (!hasManager())
+        GTEST_SKIP() << "there is none to restart";
+    run();
+    desktop().stopWindowManager();
+    desktop().startWindowManager();
+    checkEverything();
+}
+
+TEST_F(Succession, OfAnotherManagerAndBackKeepsTheDocks) {
+    run();
+    desktop().replaceWindowManager(other());
+    checkEverything();
+    if (const auto manager = testedManager()) {
+        desktop().replaceWindowManager(*manager);
+        checkEverything();
+    }
+}
+
+}
+}
