@@ -6,6 +6,7 @@ option(VIRELINE_COVERAGE "Have programs count which of their code runs; needs Cl
 option(VIRELINE_TOUR "Offer the targets for the tour, the pictures and the measurements" OFF)
 option(VIRELINE_BENCHMARKS "Build the benchmarks" OFF)
 option(VIRELINE_SANITIZE "Compile with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+option(VIRELINE_PAPER "Build the macOS platform on paper classes, and its tests; needs Clang" OFF)
 option(VIRELINE_FUZZ "Compile for libFuzzer; needs Clang" OFF)
 
 set(CMAKE_CXX_STANDARD 23)
@@ -69,10 +70,10 @@ function(vireline_library name)
     target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
 endfunction()
 
-# What is no platform's own is only linked by a cross-build with what is: it has been compiled file by
-# file before, and here takes a fraction of the time.
+# What is no platform's own is only linked by a cross-build, or on paper, with what is: it has been
+# compiled file by file before, and here takes a fraction of the time.
 function(vireline_build_at_once name)
-    if(CMAKE_CROSSCOMPILING)
+    if(CMAKE_CROSSCOMPILING OR VIRELINE_PAPER)
         set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
     endif()
 endfunction()

@@ -23,13 +23,14 @@ packages_build=(
     qt6-base-dev
 )
 
-# To test it: sanitizers come with the compilers.
+# To test it. GCC brings its sanitizers along, Clang does not.
 packages_test=(
     clang-19
     clang-format-19
     clang-tidy-19
     desktop-file-utils
     libbenchmark-dev
+    libclang-rt-19-dev
     libgtest-dev
     libpng-dev
     libxcb-xtest0-dev

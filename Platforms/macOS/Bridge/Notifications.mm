@@ -34,14 +34,17 @@ Subscription observe(NSNotificationCenter* center, NSNotificationName name,
                      std::function<void(NSNotification*)> handler) {
     auto observation = std::make_shared<Observation>(center, std::move(handler));
     const std::weak_ptr<Observation> weak = observation;
+    // Made outside of the lambda: a block in there would capture `weak` as the lambda does, by
+    // reference.
+    void (^const posted)(NSNotification*) = ^(NSNotification* notification) {
+      if (const auto observed = weak.lock())
+          observed->handler(notification);
+    };
     attempt("addObserverForName", [&] {
         observation->token = [center addObserverForName:name
                                                  object:nil
                                                   queue:NSOperationQueue.mainQueue
-                                             usingBlock:^(NSNotification* notification) {
-                                               if (const auto observed = weak.lock())
-                                                   observed->handler(notification);
-                                             }];
+                                             usingBlock:posted];
     });
     return Subscription{std::move(observation)};
 }

@@ -1,0 +1,183 @@
+// Other programs' windows, as their accessibility elements.
+#include "Cocoa/CoreObjects.hpp"
+#include "Cocoa/Paper.hpp"
+
+@implementation PaperElement
+
+- (BOOL)isEqual:(id)other {
+    if (![other isKindOfClass:PaperElement.class])
+        return NO;
+    PaperElement* const element = other;
+    return element.processIdentifier == self.processIdentifier && element.window == self.window;
+}
+
+@end
+
+@implementation PaperBox
+@end
+
+namespace {
+
+constexpr NSInteger noWindow = -1;
+// Documented in AXError.h.
+constexpr auto invalidElement = static_cast<AXError>(-25202);
+constexpr auto cannotComplete = static_cast<AXError>(-25204);
+constexpr auto noValue = static_cast<AXError>(-25212);
+
+struct State {
+    bool isTrusted = false;
+    float timeout = 6;
+    std::map<int, paper::ForeignApp> apps;
+};
+
+State& state() {
+    static auto& only = *new State;
+    return only;
+}
+
+PaperElement* elementOf(AXUIElementRef reference) {
+    return (__bridge PaperElement*)reference;
+}
+
+PaperElement* makeElement(int processIdentifier, NSInteger window) {
+    PaperElement* const element = [[PaperElement alloc] init];
+    element.processIdentifier = processIdentifier;
+    element.window = window;
+    return element;
+}
+
+/// Null, and `error` why. A question to a program that hangs takes its time-out.
+paper::ForeignApp* asked(PaperElement* element, AXError& error) {
+    const auto found = state().apps.find(element.processIdentifier);
+    error = cannotComplete;
+    if (found == state().apps.end())
+        return nullptr;
+    ++found->second.questions;
+    if (!found->second.isHung)
+        return &found->second;
+    paper::stall(state().timeout);
+    return nullptr;
+}
+
+AXError copyOfApp(PaperElement* element, const paper::ForeignApp& app, const std::string& name,
+                  CFTypeRef* value) {
+    if (name == "AXMainWindow") {
+        if (app.windows.empty())
+            return noValue;
+        *value = (__bridge_retained CFTypeRef)makeElement(element.processIdentifier, 0);
+        return kAXErrorSuccess;
+    }
+    NSMutableArray* const windows = [NSMutableArray array];
+    for (std::size_t index = 0; index < app.windows.size(); ++index)
+        [windows addObject:makeElement(element.processIdentifier, static_cast<NSInteger>(index))];
+    *value = (__bridge_retained CFTypeRef)windows;
+    return kAXErrorSuccess;
+}
+
+paper::ForeignWindow* windowOf(PaperElement* element, paper::ForeignApp& app, AXError& error) {
+    const auto index = static_cast<std::size_t>(element.window);
+    error = invalidElement;
+    if (index >= app.windows.size())
+        return nullptr;
+    error = app.windows[index].error;
+    return error == kAXErrorSuccess ? &app.windows[index] : nullptr;
+}
+
+}
+
+extern "C" {
+
+CFStringRef kAXTrustedCheckOptionPrompt = CFSTR("AXTrustedCheckOptionPrompt");
+
+Boolean AXIsProcessTrusted(void) {
+    return state().isTrusted;
+}
+
+Boolean AXIsProcessTrustedWithOptions(CFDictionaryRef) {
+    paper::requests().emplace_back("ask for the permission");
+    return state().isTrusted;
+}
+
+CFTypeID AXUIElementGetTypeID(void) {
+    return paper::elementType;
+}
+
+AXUIElementRef AXUIElementCreateApplication(int processIdentifier) {
+    return (__bridge_retained AXUIElementRef)makeElement(processIdentifier, noWindow);
+}
+
+AXError AXUIElementSetMessagingTimeout(AXUIElementRef, float seconds) {
+    state().timeout = seconds;
+    return kAXErrorSuccess;
+}
+
+// Documented: the caller owns the value.
+AXError AXUIElementCopyAttributeValue(AXUIElementRef reference, CFStringRef attribute,
+                                      CFTypeRef* value) {
+    PaperElement* const element = elementOf(reference);
+    const std::string& name = [(__bridge NSString*)attribute paperText];
+    AXError error = kAXErrorSuccess;
+    paper::ForeignApp* const app = asked(element, error);
+    if (app == nullptr)
+        return error;
+    if (element.window == noWindow)
+        return copyOfApp(element, *app, name, value);
+    const paper::ForeignWindow* const window = windowOf(element, *app, error);
+    if (window == nullptr)
+        return error;
+    *value = name == "AXPosition" ? AXValueCreate(kAXValueCGPointType, &window->position)
+                                  : AXValueCreate(kAXValueCGSizeType, &window->size);
+    return kAXErrorSuccess;
+}
+
+// Belief: a window takes every position and size; real ones keep to limits of their own.
+AXError AXUIElementSetAttributeValue(AXUIElementRef reference, CFStringRef attribute,
+                                     CFTypeRef value) {
+    PaperElement* const element = elementOf(reference);
+    AXError error = kAXErrorSuccess;
+    paper::ForeignApp* const app = asked(element, error);
+    paper::ForeignWindow* const window = app == nullptr ? nullptr : windowOf(element, *app, error);
+    if (window == nullptr)
+        return error;
+    if ([(__bridge NSString*)attribute paperText] == "AXPosition")
+        AXValueGetValue(static_cast<AXValueRef>(value), kAXValueCGPointType, &window->position);
+    else
+        AXValueGetValue(static_cast<AXValueRef>(value), kAXValueCGSizeType, &window->size);
+    return kAXErrorSuccess;
+}
+
+CFTypeID AXValueGetTypeID(void) {
+    return paper::boxType;
+}
+
+AXValueRef AXValueCreate(AXValueType type, const void* content) {
+    PaperBox* const box = [[PaperBox alloc] init];
+    box.type = type;
+    box.content = *static_cast<const CGPoint*>(content);
+    return (__bridge_retained AXValueRef)box;
+}
+
+Boolean AXValueGetValue(AXValueRef value, AXValueType type, void* content) {
+    PaperBox* const box = (__bridge PaperBox*)value;
+    if (box.type != type)
+        return 0;
+    *static_cast<CGPoint*>(content) = box.content;
+    return 1;
+}
+}
+
+namespace paper {
+
+std::map<int, ForeignApp>& foreignApps() {
+    return state().apps;
+}
+
+void setTrusted(bool isTrusted) {
+    state().isTrusted = isTrusted;
+}
+
+bool isTrusted() {
+    return state().isTrusted;
+}
+
+}

@@ -1,0 +1,31 @@
+/// The paper objects behind Core Foundation's opaque references.
+#pragma once
+
+#import <ApplicationServices/ApplicationServices.h>
+#import <Foundation/Foundation.h>
+
+/// A program, or one of its windows.
+@interface PaperElement : NSObject
+@property int processIdentifier;
+/// Nothing for the program itself.
+@property NSInteger window;
+@end
+
+/// A point or a size in the box that attributes carry it in.
+@interface PaperBox : NSObject
+@property AXValueType type;
+@property CGPoint content;
+@end
+
+namespace paper {
+
+enum : CFTypeID {
+    otherType = 1,
+    arrayType = 19,
+    booleanType = 21,
+    numberType = 22,
+    elementType = 60,
+    boxType = 61
+};
+
+}

@@ -1,0 +1,90 @@
+// Display links, and animations of windows, both in step with a display of 60 frames a second.
+#include "Cocoa/Paper.hpp"
+
+#include <algorithm>
+
+@interface CADisplayLink ()
+@property(strong) id paperTarget;
+@property SEL paperSelector;
+@property double paperDue;
+@property(weak) NSView* paperView;
+@end
+
+// Documented: holds its target and is held by its run loop until it is invalidated; one made from a
+// view follows the view's display and rests while there is none.
+@implementation CADisplayLink
+
+- (void)addToRunLoop:(NSRunLoop*)loop forMode:(NSRunLoopMode)mode {
+    static_cast<void>(loop);
+    static_cast<void>(mode);
+    self.paperDue = paper::now() + paper::frameInterval;
+    paper::displayLinks().push_back(self);
+}
+
+- (void)invalidate {
+    CADisplayLink* const me = self;
+    self.paperTarget = nil;
+    std::erase(paper::displayLinks(), me);
+}
+
+- (BOOL)paperRests {
+    NSWindow* const window = self.paperView.window;
+    return self.paused || !window.visible || window.screen == nil;
+}
+
+@end
+
+@interface CADisplayLink (Rest)
+- (BOOL)paperRests;
+@end
+
+@implementation NSView (DisplayLink)
+
+- (CADisplayLink*)displayLinkWithTarget:(id)target selector:(SEL)selector {
+    CADisplayLink* const link = [[CADisplayLink alloc] init];
+    link.paperTarget = target;
+    link.paperSelector = selector;
+    link.paperView = self;
+    return link;
+}
+
+@end
+
+namespace paper {
+
+std::vector<CADisplayLink*>& displayLinks() {
+    static auto& all = *new std::vector<CADisplayLink*>;
+    return all;
+}
+
+namespace {
+
+double nextLink() {
+    double next = never;
+    for (CADisplayLink* const link : displayLinks()) {
+        if ([link paperRests])
+            link.paperDue = std::max(link.paperDue, now() + frameInterval);
+        else
+            next = std::min(next, link.paperDue);
+    }
+    return next;
+}
+
+}
+
+double nextFrame() {
+    return std::min(nextLink(), nextAnimationStep());
+}
+
+void serveFrame() {
+    stepAnimations();
+    const auto links = displayLinks();
+    for (CADisplayLink* const link : links) {
+        if (link.paperTarget == nil || link.paperDue > now() || [link paperRests])
+            continue;
+        link.paperDue = now() + frameInterval;
+        guarded("display link", [&] { send(link.paperTarget, link.paperSelector, link); });
+    }
+}
+
+}

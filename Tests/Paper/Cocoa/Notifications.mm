@@ -1,0 +1,113 @@
+// Notification centres.
+#include "Cocoa/Paper.hpp"
+
+#include <algorithm>
+
+@interface PaperObserver : NSObject
+@property(copy) NSString* name;
+@property(copy) void (^block)(NSNotification*);
+@property(unsafe_unretained) id target;
+@property SEL selector;
+@end
+
+@implementation PaperObserver
+@end
+
+@implementation NSNotification
+
+- (id)copyWithZone:(struct _NSZone*)zone {
+    static_cast<void>(zone);
+    return self;
+}
+
+@end
+
+@implementation NSOperationQueue
+
++ (NSOperationQueue*)mainQueue {
+    static NSOperationQueue* const queue = [[NSOperationQueue alloc] init];
+    return queue;
+}
+
+@end
+
+// Documented: the centre holds a block's observer until it is removed; a notification posted on the
+// main thread reaches a block on the main queue before the post returns; an observer that another
+// one removed is no longer called.
+@implementation NSNotificationCenter {
+@public
+    std::vector<PaperObserver*> _observers;
+}
+
++ (NSNotificationCenter*)defaultCenter {
+    static NSNotificationCenter* const center = [[NSNotificationCenter alloc] init];
+    return center;
+}
+
+- (id<NSObject>)addObserverForName:(NSNotificationName)name
+                            object:(id)object
+                             queue:(NSOperationQueue*)queue
+                        usingBlock:(void (^)(NSNotification*))block {
+    static_cast<void>(object);
+    static_cast<void>(queue);
+    PaperObserver* const observer = [[PaperObserver alloc] init];
+    observer.name = name;
+    observer.block = block;
+    _observers.push_back(observer);
+    return observer;
+}
+
+- (void)removeObserver:(id)observer {
+    std::erase_if(_observers, [&](PaperObserver* known) {
+        return known == observer || (known.target != nil && known.target == observer);
+    });
+}
+
+- (void)paperPost:(NSNotificationName)name userInfo:(NSDictionary*)userInfo {
+    NSNotification* const notification = [[NSNotification alloc] init];
+    notification.userInfo = userInfo;
+    const auto observers = _observers;
+    for (PaperObserver* const observer : observers) {
+        const bool isThere = std::ranges::find(_observers, observer) != _observers.end();
+        if (!isThere || (observer.name != nil && ![observer.name isEqual:name]))
+            continue;
+        paper::guarded("notification " + name.paperText, [&] {
+            if (observer.block != nil)
+                observer.block(notification);
+            else
+                paper::send(observer.target, observer.selector, notification);
+        });
+    }
+}
+
+- (NSUInteger)paperObservers {
+    return _observers.size();
+}
+
+@end
+
+// Documented: an observer is not held, and not removed by itself. Delivery at once, whatever the
+// program's activation, is what the suspension behaviour asks for.
+@implementation NSDistributedNotificationCenter
+
++ (NSDistributedNotificationCenter*)defaultCenter {
+    static NSDistributedNotificationCenter* const center =
+        [[NSDistributedNotificationCenter alloc] init];
+    return center;
+}
+
+- (void)addObserver:(id)target
+              selector:(SEL)selector
+                  name:(NSNotificationName)name
+                object:(NSString*)object
+    suspensionBehavior:(NSNotificationSuspensionBehavior)behavior {
+    static_cast<void>(object);
+    static_cast<void>(behavior);
+    PaperObserver* const observer = [[PaperObserver alloc] init];
+    observer.name = name;
+    observer.target = target;
+    observer.selector = selector;
+    _observers.push_back(observer);
+}
+
+@end

@@ -1,0 +1,235 @@
+// Applications, the workspace and the login item.
+#include "Cocoa/Paper.hpp"
+
+#include <algorithm>
+
+NSString* const NSWorkspaceApplicationKey = @"NSWorkspaceApplicationKey";
+NSNotificationName const NSWorkspaceWillLaunchApplicationNotification =
+    @"NSWorkspaceWillLaunchApplicationNotification";
+NSNotificationName const NSWorkspaceDidLaunchApplicationNotification =
+    @"NSWorkspaceDidLaunchApplicationNotification";
+NSNotificationName const NSWorkspaceDidTerminateApplicationNotification =
+    @"NSWorkspaceDidTerminateApplicationNotification";
+NSNotificationName const NSWorkspaceDidWakeNotification = @"NSWorkspaceDidWakeNotification";
+NSNotificationName const NSWorkspaceScreensDidSleepNotification =
+    @"NSWorkspaceScreensDidSleepNotification";
+NSNotificationName const NSWorkspaceScreensDidWakeNotification =
+    @"NSWorkspaceScreensDidWakeNotification";
+NSNotificationName const NSWorkspaceSessionDidBecomeActiveNotification =
+    @"NSWorkspaceSessionDidBecomeActiveNotification";
+NSNotificationName const NSWorkspaceSessionDidResignActiveNotification =
+    @"NSWorkspaceSessionDidResignActiveNotification";
+
+namespace {
+
+NSArray* matching(const std::vector<NSRunningApplication*>& apps,
+                  const std::function<bool(NSRunningApplication*)>& isMeant) {
+    NSMutableArray* const found = [NSMutableArray array];
+    for (NSRunningApplication* const app : apps)
+        if (isMeant(app))
+            [found addObject:app];
+    return found;
+}
+
+bool& motionIsReduced() {
+    static bool isReduced = false;
+    return isReduced;
+}
+
+NSRunningApplication* make(const paper::App& app) {
+    NSRunningApplication* const made = [[NSRunningApplication alloc] init];
+    if (!app.bundleID.empty())
+        made.bundleIdentifier = paper::text(app.bundleID);
+    made.localizedName = paper::text(app.name);
+    made.processIdentifier = app.processIdentifier;
+    if (!app.path.empty())
+        made.bundleURL = [NSURL fileURLWithPath:paper::text(app.path)];
+    return made;
+}
+
+void announce(NSNotificationName name, NSRunningApplication* app) {
+    [NSWorkspace.sharedWorkspace.notificationCenter paperPost:name
+                                                     userInfo:@{NSWorkspaceApplicationKey : app}];
+}
+
+}
+
+// Documented: what these were asked is a request; the program hears of the outcome by notification.
+@implementation NSRunningApplication
+
++ (NSArray*)runningApplicationsWithBundleIdentifier:(NSString*)identifier {
+    return matching(paper::applications(), [&](NSRunningApplication* app) {
+        return [app.bundleIdentifier isEqual:identifier];
+    });
+}
+
++ (instancetype)runningApplicationWithProcessIdentifier:(int)processIdentifier {
+    return matching(paper::applications(),
+                    [&](NSRunningApplication* app) {
+                        return app.processIdentifier == processIdentifier;
+                    })
+        .firstObject;
+}
+
+- (BOOL)hide {
+    paper::requests().push_back("hide " + self.bundleIdentifier.paperText);
+    return YES;
+}
+
+- (BOOL)terminate {
+    paper::requests().push_back("terminate " + self.bundleIdentifier.paperText);
+    return YES;
+}
+
+@end
+
+@implementation NSWorkspaceOpenConfiguration
+
++ (instancetype)configuration {
+    return [[self alloc] init];
+}
+
+- (id)copyWithZone:(struct _NSZone*)zone {
+    static_cast<void>(zone);
+    return self;
+}
+
+@end
+
+// Documented: the notifications of applications come from the workspace's own centre.
+@implementation NSWorkspace {
+    NSNotificationCenter* _center;
+}
+
++ (NSWorkspace*)sharedWorkspace {
+    static NSWorkspace* const workspace = [[NSWorkspace alloc] init];
+    return workspace;
+}
+
+- (NSNotificationCenter*)notificationCenter {
+    if (_center == nil)
+        _center = [[NSNotificationCenter alloc] init];
+    return _center;
+}
+
+- (NSArray*)runningApplications {
+    return matching(paper::applications(), [](NSRunningApplication*) { return true; });
+}
+
+- (BOOL)accessibilityDisplayShouldReduceMotion {
+    return motionIsReduced();
+}
+
+- (BOOL)openURL:(NSURL*)url {
+    paper::requests().push_back("open " + url.absoluteString.paperText);
+    return YES;
+}
+
+- (void)openApplicationAtURL:(NSURL*)url
+               configuration:(NSWorkspaceOpenConfiguration*)configuration
+           completionHandler:(void (^)(NSRunningApplication*, NSError*))onEnd {
+    static_cast<void>(onEnd);
+    const std::string how = configuration.activates ? "launch " : "launch behind ";
+    paper::requests().push_back(how + url.path.paperText);
+}
+
+- (void)activateFileViewerSelectingURLs:(NSArray*)urls {
+    for (NSURL* url in urls)
+        paper::requests().push_back("reveal " + url.path.paperText);
+}
+
+- (NSImage*)iconForFile:(NSString*)path {
+    NSImage* const icon = [NSImage imageNamed:path];
+    return icon;
+}
+
+- (NSURL*)URLForApplicationWithBundleIdentifier:(NSString*)identifier {
+    NSRunningApplication* const found =
+        matching(paper::installedApplications(), [&](NSRunningApplication* app) {
+            return [app.bundleIdentifier isEqual:identifier];
+        }).firstObject;
+    return found.bundleURL;
+}
+
+@end
+
+@implementation SMAppService
+
++ (SMAppService*)mainAppService {
+    static SMAppService* const service = [[SMAppService alloc] init];
+    return service;
+}
+
+- (BOOL)registerAndReturnError:(NSError**)error {
+    static_cast<void>(error);
+    self.status = SMAppServiceStatusEnabled;
+    return YES;
+}
+
+- (BOOL)unregisterAndReturnError:(NSError**)error {
+    static_cast<void>(error);
+    self.status = SMAppServiceStatusNotRegistered;
+    return YES;
+}
+
+@end
+
+namespace paper {
+
+std::vector<NSRunningApplication*>& applications() {
+    static auto& running = *new std::vector<NSRunningApplication*>;
+    return running;
+}
+
+std::vector<NSRunningApplication*>& installedApplications() {
+    static auto& installed = *new std::vector<NSRunningApplication*>;
+    return installed;
+}
+
+std::vector<std::string>& requests() {
+    static auto& all = *new std::vector<std::string>;
+    return all;
+}
+
+void install(const App& app) {
+    installedApplications().push_back(make(app));
+}
+
+NSRunningApplication* run(const App& app) {
+    NSRunningApplication* const made = make(app);
+    applications().push_back(made);
+    installedApplications().push_back(made);
+    return made;
+}
+
+NSRunningApplication* launch(const App& app) {
+    @autoreleasepool {
+        NSRunningApplication* const made = make(app);
+        announce(NSWorkspaceWillLaunchApplicationNotification, made);
+        applications().push_back(made);
+        installedApplications().push_back(made);
+        announce(NSWorkspaceDidLaunchApplicationNotification, made);
+        drain();
+        return made;
+    }
+}
+
+void quit(int processIdentifier) {
+    @autoreleasepool {
+        NSRunningApplication* const app =
+            [NSRunningApplication runningApplicationWithProcessIdentifier:processIdentifier];
+        std::erase(applications(), app);
+        announce(NSWorkspaceDidTerminateApplicationNotification, app);
+        drain();
+    }
+}
+
+bool reducesMotion() {
+    return motionIsReduced();
+}
+
+void setReducesMotion(bool reduces) {
+    motionIsReduced() = reduces;
+}
+
+}
