@@ -4,6 +4,8 @@
 #include <array>
 #include <cstdlib>
 #include <sstream>
+#include <stdexcept>
+#include <string_view>
 
 namespace vireline::desktop {
 namespace {
@@ -151,7 +153,12 @@ Programs testedPrograms() {
 
 std::optional<VirtualDesktop::Manager> testedManager() {
     const char* name = std::getenv("VIRELINE_TESTED_MANAGER");
-    return name == nullptr ? std::nullopt : windowManagerNamed(name);
+    if (name == nullptr || name == std::string_view{"none"})
+        return std::nullopt;
+    const auto manager = windowManagerNamed(name);
+    if (!manager)
+        throw std::runtime_error{"no window manager is called " + std::string{name}};
+    return manager;
 }
 
 PanelPlanner::Request tiles(int pinned, int running) {

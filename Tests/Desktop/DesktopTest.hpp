@@ -76,7 +76,7 @@ private:
 /// The programs that the tests run; VIRELINE_TESTED_PROGRAM may name another program to test.
 [[nodiscard]] Programs testedPrograms();
 
-/// The window manager that VIRELINE_TESTED_MANAGER names, if it names one.
+/// The window manager that VIRELINE_TESTED_MANAGER names; nothing if it is not set, or "none".
 [[nodiscard]] std::optional<VirtualDesktop::Manager> testedManager();
 
 /// A plan's request for this many tiles, with the settings at their defaults.

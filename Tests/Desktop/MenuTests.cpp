@@ -158,6 +158,19 @@ TEST_F(TileMenu, ClosesWithEscapeAndDoesNothing) {
     EXPECT_EQ(desktop().log().count("menu "), 0);
 }
 
+TEST_F(TileMenu, ClosesWithAClickElsewhereThatDoesNothingElse) {
+    runWithAlpha();
+    ASSERT_NE(openMenu(alphaTile()), xcb_window_t{XCB_NONE});
+    // It is seen a moment before it holds keyboard and pointer.
+    ASSERT_TRUE(eventually([&] { return desktop().keyboard().isHeld(); }));
+    desktop().pointer().click(desktop().monitor("left").frame.center());
+    EXPECT_TRUE(eventually([&] { return desktop().docks().menus().empty(); }));
+    desktop().pointer().click(alphaTile());
+    ASSERT_TRUE(logs("click "));
+    EXPECT_EQ(desktop().log().count("click "), 1);
+    EXPECT_EQ(desktop().log().count("menu "), 0);
+}
+
 /// The edge of the display where the dock is, as the preferences say it.
 class TileMenuAtEdge : public TileMenu, public testing::WithParamInterface<const char*> {};
 

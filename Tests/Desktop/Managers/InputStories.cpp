@@ -74,8 +74,8 @@ TEST_F(Passing, OfClicksBesideAMagnifyingDock) {
            "the dock has no room to grow");
     openBehind();
     const auto frame = dock(middle).frame;
-    checkPasses({frame.x + 4, frame.bottom() - 6}, "beside the strip");
-    checkPasses({frame.right() - 4, frame.bottom() - 6}, "beside the strip's other end");
+    checkPasses({frame.x + 4, middle.alpha.y}, "beside the strip");
+    checkPasses({frame.right() - 4, middle.alpha.y}, "beside the strip's other end");
 }
 
 TEST_F(Passing, NotOfClicksOnTheStrip) {
