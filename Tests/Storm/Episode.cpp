@@ -1,0 +1,148 @@
+#include "Storm/Episode.hpp"
+
+#include "Storm/World.hpp"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <numeric>
+
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer) && !defined(__APPLE__)
+#define VIRELINE_CHECKS_LEAKS
+#endif
+#elif defined(__SANITIZE_ADDRESS__)
+#define VIRELINE_CHECKS_LEAKS
+#endif
+
+#ifdef VIRELINE_CHECKS_LEAKS
+#include <sanitizer/lsan_interface.h>
+#endif
+
+namespace vireline::storm {
+namespace {
+
+constexpr int wellDone = 0;
+constexpr int foundWrong = 3;
+
+bool leaks() {
+#ifdef VIRELINE_CHECKS_LEAKS
+    return __lsan_do_recoverable_leak_check() != 0;
+#else
+    return false;
+#endif
+}
+
+void tell(const std::string& text) {
+    std::fputs(text.c_str(), stderr);
+}
+
+/// Steps are told before they are taken: the last one of a process that died is the one.
+int live(const Episode& episode) {
+    const auto world = std::make_unique<World>(episode.seed);
+    for (const int step : episode.steps) {
+        if (world->failure())
+            break;
+        world->perform(step);
+        tell(world->story().back() + '\n');
+    }
+    if (!world->failure())
+        world->end();
+    if (world->failure()) {
+        tell("WRONG: " + *world->failure() + '\n');
+        return foundWrong;
+    }
+    return wellDone;
+}
+
+[[noreturn]] void liveAndExit(const Episode& episode, int output) {
+    dup2(output, STDERR_FILENO);
+    if (std::freopen("/dev/null", "w", stdout) == nullptr)
+        std::abort();
+    int result = live(episode);
+    if (result == wellDone && leaks()) {
+        tell("WRONG: memory is leaked\n");
+        result = foundWrong;
+    }
+    _exit(result);
+}
+
+std::string readAll(int descriptor) {
+    std::string text;
+    std::array<char, 4096> buffer{};
+    for (;;) {
+        const auto count = read(descriptor, buffer.data(), buffer.size());
+        if (count > 0)
+            text.append(buffer.data(), static_cast<std::size_t>(count));
+        else if (count == 0 || errno != EINTR)
+            return text;
+    }
+}
+
+/// The first line that begins so, without that beginning; empty if there is none.
+std::string lineBehind(const std::string& text, const std::string& beginning) {
+    const auto at = text.find(beginning);
+    if (at == text.npos)
+        return {};
+    const auto from = at + beginning.size();
+    return text.substr(from, text.find('\n', from) - from);
+}
+
+Failure failureOf(const std::string& output, int status) {
+    Failure failure;
+    std::string wrong = lineBehind(output, "WRONG: ");
+    if (wrong.empty())
+        wrong = lineBehind(output, "SUMMARY: ");
+    if (wrong.empty())
+        wrong = lineBehind(output, "broken condition: ");
+    if (wrong.empty())
+        wrong = "the process ended with status " + std::to_string(status);
+    // Numbers differ from one course to the next.
+    for (const char letter : wrong) {
+        if (letter >= '0' && letter <= '9')
+            failure.kind += '#';
+        else
+            failure.kind += letter;
+        if (failure.kind.size() == 24)
+            break;
+    }
+    failure.message = wrong;
+    failure.story = output;
+    return failure;
+}
+
+}
+
+Episode wholeEpisode(unsigned seed, int steps) {
+    Episode episode{seed, std::vector<int>(static_cast<std::size_t>(steps))};
+    std::iota(episode.steps.begin(), episode.steps.end(), 1);
+    return episode;
+}
+
+std::optional<Failure> run(const Episode& episode) {
+    std::array<int, 2> ends{};
+    if (pipe(ends.data()) != 0)
+        return Failure{"no pipe", "no pipe", {}};
+    std::fflush(nullptr);
+    const pid_t child = fork();
+    if (child == 0) {
+        close(ends[0]);
+        liveAndExit(episode, ends[1]);
+    }
+    close(ends[1]);
+    const std::string output = readAll(ends[0]);
+    close(ends[0]);
+    int status = 0;
+    while (child > 0 && waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    }
+    if (child > 0 && WIFEXITED(status) && WEXITSTATUS(status) == wellDone)
+        return std::nullopt;
+    return failureOf(output, status);
+}
+
+}

@@ -1,0 +1,32 @@
+/// Runs a course of steps in a process of its own, so that one that dies can be reported and cut
+/// down like any other that fails.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vireline::storm {
+
+struct Episode {
+    unsigned seed = 0;
+    /// The numbers of the steps, in order.
+    std::vector<int> steps;
+};
+
+struct Failure {
+    /// Tells one kind of failure from another, as far as it can be told.
+    std::string kind;
+    /// What is wrong, or what the sanitizer says.
+    std::string message;
+    /// What had happened, as far as the process lived to tell.
+    std::string story;
+};
+
+/// All steps from the first to that number.
+[[nodiscard]] Episode wholeEpisode(unsigned seed, int steps);
+
+/// Nothing when all is well.
+[[nodiscard]] std::optional<Failure> run(const Episode& episode);
+
+}

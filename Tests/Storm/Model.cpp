@@ -1,0 +1,148 @@
+#include "Storm/Model.hpp"
+
+#include <algorithm>
+#include <array>
+
+namespace vireline::storm {
+
+void Model::start() {
+    if (fileIsDamaged && !around_.platform.fileSystem.readFailure) {
+        line("preferences unreadable, using defaults (file kept)");
+        settings = {};
+    } else {
+        settings =
+            around_.platform.fileSystem.readFailure ? Settings{} : saved.value_or(Settings{});
+    }
+    runs_ = true;
+    line("Vireline started pid=4711");
+    guardAsSet();
+    readMirror();
+    watch();
+    if (isManual())
+        emit();
+    showTiles();
+    reconcile();
+}
+
+void Model::quit() {
+    runs_ = false;
+    items.clear();
+    pinned_.clear();
+    lastMirror_.clear();
+    launching.clear();
+    docks.clear();
+    bands.clear();
+    guard = Guard::off;
+    announcements_ = 0;
+    watchesFile = false;
+    mirrorAt_.reset();
+    reconcileAt_.reset();
+    retryWatchAt_.reset();
+    pollAt_.reset();
+}
+
+std::optional<Time> Model::nextDue() const {
+    std::optional<Time> next;
+    const auto consider = [&](const std::optional<Time>& due) {
+        if (due && (!next || *due < *next))
+            next = due;
+    };
+    for (const auto& due : {mirrorAt_, reconcileAt_, retryWatchAt_, pollAt_})
+        consider(due);
+    for (const auto& [display, dock] : docks)
+        consider(dock.hidesAt);
+    return next ? std::optional{*next - now_} : std::nullopt;
+}
+
+void Model::pass(Time duration) {
+    now_ += duration;
+    const auto isDue = [this](std::optional<Time>& due) {
+        return due && *due <= now_ ? std::exchange(due, std::nullopt).has_value() : false;
+    };
+    for (auto& [display, dock] : docks) {
+        if (isDue(dock.hidesAt))
+            dock.isIn = !dock.isHeld();
+    }
+    if (isDue(mirrorAt_))
+        readMirror();
+    if (isDue(retryWatchAt_))
+        watch();
+    if (isDue(pollAt_)) {
+        if (around_.platform.accessibility.trusted)
+            startTap();
+        else
+            pollAt_ = now_ + nanoseconds(2);
+    }
+    if (isDue(reconcileAt_))
+        reconcile();
+}
+
+void Model::write(const Settings& changed) {
+    if (changed == settings)
+        return;
+    settings = changed;
+    save();
+    settingsChanged();
+}
+
+void Model::save() {
+    const auto& files = around_.platform.fileSystem;
+    const auto& failure = files.folderFailure ? files.folderFailure : files.writeFailure;
+    if (failure) {
+        line("preferences save failed: " + failure->description);
+        return;
+    }
+    saved = settings;
+    fileIsDamaged = false;
+    saves.push_back(settings);
+}
+
+void Model::settingsChanged() {
+    guardAsSet();
+    emit();
+    reconcile();
+}
+
+void Model::guardAsSet() {
+    if (!settings.anchorAppleDock) {
+        pollAt_.reset();
+        guard = Guard::off;
+        line("anchor guard off");
+    } else if (guard == Guard::active) {
+        return;
+    } else if (around_.platform.accessibility.trusted) {
+        pollAt_.reset();
+        startTap();
+    } else if (!pollAt_) {
+        guard = Guard::waiting;
+        ++prompts;
+        line("anchor guard: requested Accessibility permission");
+        pollAt_ = now_ + nanoseconds(2);
+    }
+}
+
+void Model::startTap() {
+    if (around_.platform.pointerTaps.failure) {
+        guard = Guard::waiting;
+        line("anchor guard: tap creation failed, staying in waiting state");
+    } else {
+        guard = Guard::active;
+        line("anchor guard active, " + std::to_string(bands.size()) + " zones");
+    }
+}
+
+void Model::screensAnnounced() {
+    line("screen-params #" + std::to_string(++announcements_));
+    reconcileAt_ = now_ + nanoseconds(0.5);
+}
+
+TileCounts Model::counts() const {
+    const auto pinned = static_cast<int>(std::ranges::count_if(items, &DockItem::isPinned));
+    return {pinned, static_cast<int>(items.size()) - pinned};
+}
+
+double Model::magnification() const {
+    return settings.magnificationEnabled ? std::min(settings.magnification, 16.0) : 1;
+}
+
+}

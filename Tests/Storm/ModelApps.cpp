@@ -1,0 +1,211 @@
+/// Which apps the docks show: the desktop's own pins, the user's list, the running apps.
+#include "Storm/Model.hpp"
+#include "Storm/Muted.hpp"
+
+#include <algorithm>
+#include <iterator>
+
+namespace vireline::storm {
+
+std::vector<AppRef> Model::mirrored() const {
+    std::vector<AppRef> list;
+    if (!around_.pinsAreAbsent && !around_.pinsAreDamaged) {
+        for (const Pin& pin : around_.pins) {
+            const AppRef& app = around_.apps.at(pin.app);
+            if (pin.kind == Pin::Kind::webAddress || pin.kind == Pin::Kind::withoutFile)
+                continue;
+            const bool isInCatalog = around_.isInCatalog(app);
+            if (!around_.isOnDisk(app) || (pin.kind == Pin::Kind::unidentified && !isInCatalog))
+                continue;
+            std::string name = pinnedLabel(app);
+            if (pin.kind == Pin::Kind::unlabelled)
+                name = isInCatalog ? app.name : app.url.lastPathComponent();
+            list.push_back({app.bundleID, name, app.url});
+        }
+    }
+    const AppRef& finder = around_.apps.front();
+    const bool isListed = std::ranges::count(list, finder.bundleID, &AppRef::bundleID) > 0;
+    if (!isListed && around_.isInCatalog(finder))
+        list.insert(list.begin(), {finder.bundleID, "Finder", finder.url});
+    return list;
+}
+
+void Model::readMirror() {
+    ++mirrorReads;
+    lastMirror_ = mirrored();
+    line("mirror: " + std::to_string(lastMirror_.size()) + " pinned apps from Apple's Dock");
+    if (!isManual())
+        emit();
+}
+
+void Model::watch() {
+    const auto& platform = around_.platform;
+    waitsForFile_ = !platform.fileSystem.exists(around_.desktopsDock);
+    watchesFile = platform.fileEvents.waitsForMissingFiles || !waitsForFile_;
+    if (!watchesFile)
+        retryWatchAt_ = now_ + nanoseconds(1);
+}
+
+void Model::desktopsDockFileChanged(bool isRemoved) {
+    waitsForFile_ = waitsForFile_ && !around_.platform.fileSystem.exists(around_.desktopsDock);
+    if (!watchesFile || waitsForFile_)
+        return;
+    desktopsDockAnnounced();
+    if (!isRemoved)
+        return;
+    watchesFile = false;
+    retryWatchAt_ = now_ + nanoseconds(1);
+}
+
+void Model::settled(const std::optional<std::string>& bundleID) {
+    if (bundleID)
+        launching.erase(*bundleID);
+    showTiles();
+}
+
+void Model::emit() {
+    if (isManual()) {
+        seed();
+        pinned_ = shownManualApps();
+    } else if (lastMirror_.empty()) {
+        line("mirror empty, using fallback list");
+        pinned_ = fallback();
+    } else {
+        pinned_ = lastMirror_;
+    }
+    showTiles();
+}
+
+/// Of the well-known apps only the first four of this world are any.
+std::vector<AppRef> Model::fallback() const {
+    std::vector<AppRef> list;
+    for (std::size_t i = 0; i < 4; ++i) {
+        if (around_.isInCatalog(around_.apps[i]))
+            list.push_back(around_.apps[i]);
+    }
+    return list;
+}
+
+std::vector<AppRef> Model::shownManualApps() const {
+    std::vector<AppRef> list;
+    for (const StoredApp& app : settings.manualApps) {
+        const auto url = FileURL::fromPath(app.path);
+        if (around_.platform.fileSystem.exists(url))
+            list.push_back({app.bundleID, app.name, url});
+    }
+    return list;
+}
+
+void Model::seed() {
+    if (!settings.manualApps.empty() || lastMirror_.empty())
+        return;
+    Settings seeded = settings;
+    for (const AppRef& app : lastMirror_)
+        seeded.manualApps.push_back({app.bundleID, app.name, app.url.path()});
+    const std::string count = std::to_string(seeded.manualApps.size());
+    write(seeded);
+    line("manual list seeded from mirror, " + count + " apps");
+}
+
+void Model::adopt() {
+    if (isManual())
+        return;
+    seed();
+    if (settings.manualApps.empty())
+        return;
+    Settings adopted = settings;
+    adopted.sourceMode = SourceMode::manual;
+    write(adopted);
+    line("list edited while mirroring: switched to manual, seeded");
+}
+
+void Model::addApp(const FileURL& url) {
+    const auto app = std::ranges::find(around_.apps, url, &AppRef::url);
+    const bool isApp = app != around_.apps.end() && around_.isInCatalog(*app);
+    adopt();
+    if (!isManual() || !isApp)
+        return;
+    if (std::ranges::count(settings.manualApps, app->bundleID, &StoredApp::bundleID) > 0)
+        return;
+    Settings added = settings;
+    added.manualApps.push_back({app->bundleID, app->name, url.path()});
+    write(added);
+    line("manual add " + app->bundleID);
+}
+
+void Model::removeApp(const std::string& bundleID) {
+    if (!isManual())
+        return;
+    Settings removed = settings;
+    std::erase_if(removed.manualApps,
+                  [&](const StoredApp& app) { return app.bundleID == bundleID; });
+    write(removed);
+    line("manual remove " + bundleID);
+}
+
+/// `place` counts the tiles that are shown; the list may hold apps that are gone as well, and the
+/// app takes the place of the entry that is shown there.
+void Model::moveApp(const std::string& bundleID, int place) {
+    adopt();
+    if (!isManual())
+        return;
+    auto& list = settings.manualApps;
+    const auto from = std::ranges::find(list, bundleID, &StoredApp::bundleID);
+    if (from == list.end())
+        return;
+    std::vector<std::ptrdiff_t> shown;
+    for (std::size_t i = 0; i < list.size(); ++i) {
+        if (around_.platform.fileSystem.exists(FileURL::fromPath(list[i].path)))
+            shown.push_back(static_cast<std::ptrdiff_t>(i));
+    }
+    if (shown.empty())
+        return;
+    const auto target =
+        shown.at(std::min(static_cast<std::size_t>(std::max(place, 0)), shown.size() - 1));
+    if (target == from - list.begin())
+        return;
+    const StoredApp moved = *from;
+    Settings without = settings;
+    without.manualApps.erase(without.manualApps.begin() + (from - list.begin()));
+    Settings with = without;
+    with.manualApps.insert(with.manualApps.begin() + target, moved);
+    write(without);
+    write(with);
+    line("manual move " + bundleID + " to " + std::to_string(target));
+}
+
+/// The pinned apps, then the running ones that are not among them.
+void Model::showTiles() {
+    std::vector<AppRef> running;
+    for (const RunningApplication& app : around_.platform.running.apps) {
+        if (app.activationPolicy == ActivationPolicy::regular && app.bundleID && app.bundleURL)
+            running.push_back({*app.bundleID,
+                               app.localizedName ? *app.localizedName : *app.bundleID,
+                               *app.bundleURL});
+    }
+    std::vector<DockItem> merged;
+    std::set<std::string> pinnedIDs;
+    for (const AppRef& app : pinned_) {
+        pinnedIDs.insert(app.bundleID);
+        const bool isRunning = std::ranges::count(running, app.bundleID, &AppRef::bundleID) > 0;
+        merged.push_back({app.bundleID, app.name, app.url, true, isRunning});
+    }
+    for (const AppRef& app : running) {
+        if (!pinnedIDs.contains(app.bundleID))
+            merged.push_back({app.bundleID, app.name, app.url, false, true});
+    }
+    if (merged == items)
+        return;
+    const TileCounts before = counts();
+    items = std::move(merged);
+    for (auto& [display, dock] : docks)
+        dock.tilesAreStale = true;
+    // The length depends on the number of tiles, and on whether a separator stands before the
+    // running ones.
+    const TileCounts after = counts();
+    if (before.pinned + before.unpinned != after.pinned + after.unpinned ||
+        ((before.unpinned > 0) != (after.unpinned > 0) && !muted::separators))
+        reconcile();
+}
+
+}

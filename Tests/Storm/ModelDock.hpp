@@ -1,0 +1,73 @@
+/// One dock as it should be.
+#pragma once
+
+#include "Foundation/Geometry.hpp"
+#include "Settings/Settings.hpp"
+
+#include <cmath>
+#include <compare>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace vireline::storm {
+
+/// Nanoseconds since the program's first start, so that steps of a tenth add up exactly.
+using Time = std::int64_t;
+
+[[nodiscard]] inline Time nanoseconds(double seconds) {
+    return std::llround(seconds * 1e9);
+}
+
+/// Tells a dock from one that was on the same display before.
+struct DockID {
+    std::uint32_t display = 0;
+    int incarnation = 0;
+
+    bool operator==(const DockID&) const = default;
+};
+
+/// The n-th tile, from 0, of the app with that identifier.
+struct TileKey {
+    std::string id;
+    int occurrence = 0;
+
+    auto operator<=>(const TileKey&) const = default;
+};
+
+/// The button is down on a tile, which may have come off.
+struct ModelPress {
+    TileKey tile;
+    Point at;
+    bool isDragging = false;
+};
+
+struct ModelDock {
+    DockID id;
+    Rect frame;
+    double available = 0;
+    DockPosition position = DockPosition::bottom;
+
+    bool hides = false;
+    bool isIn = false;
+    bool hasPointer = false;
+    bool hasFiles = false;
+    int menus = 0;
+    std::optional<ModelPress> press = {};
+    std::optional<Time> hidesAt = {};
+
+    /// The utility tiles, as they were when the tiles were last laid out.
+    bool hasDownloads = false;
+    bool hasTrash = false;
+    bool tilesAreStale = true;
+    /// When each tile was last clicked once.
+    std::map<TileKey, double> taps = {};
+
+    [[nodiscard]] bool isHeld() const {
+        return hasPointer || hasFiles || menus > 0 || (press && press->isDragging);
+    }
+};
+
+}

@@ -1,0 +1,13 @@
+/// Kinds of finds that are known and not mended yet; each goes with its mend.
+#pragma once
+
+namespace vireline::storm::muted {
+
+/// A tile that is moved past apps that are gone from the disk lands elsewhere.
+inline constexpr bool movesPastMissingApps = true;
+/// A strip that gets one separator more, and not one tile, no longer fits its panel.
+inline constexpr bool separators = true;
+/// Sizes below zero, opacities beyond their range, quiet regions outside the view.
+inline constexpr bool scenes = true;
+
+}

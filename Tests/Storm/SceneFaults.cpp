@@ -1,0 +1,86 @@
+/// What no scene may hold, whatever it shows.
+#include "Storm/Muted.hpp"
+#include "Storm/World.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <set>
+
+namespace vireline::storm {
+namespace {
+
+/// Points; what adding up many numbers costs.
+constexpr double rounding = 1e-6;
+
+bool isFinite(const Rect& rect) {
+    return std::isfinite(rect.x) && std::isfinite(rect.y) && std::isfinite(rect.width) &&
+           std::isfinite(rect.height);
+}
+
+std::string described(const SceneNode& node) {
+    std::ostringstream text;
+    text << "node " << static_cast<int>(node.id.part) << '/' << node.id.owner << " at "
+         << node.frame << ", scale " << node.scale << ", opacity " << node.opacity;
+    return text.str();
+}
+
+bool isSound(const SceneNode& node) {
+    const Point offset = node.offset();
+    const bool isFiniteAll = isFinite(node.frame) && std::isfinite(offset.x) &&
+                             std::isfinite(offset.y) && std::isfinite(node.scale) &&
+                             std::isfinite(node.opacity);
+    const bool isInRange =
+        node.frame.width >= 0 && node.frame.height >= 0 && node.opacity >= 0 && node.opacity <= 1;
+    return isFiniteAll && node.scale > 0 && (isInRange || muted::scenes);
+}
+
+bool isWithin(const Rect& rect, Size view) {
+    return rect.minX() >= -rounding && rect.minY() >= -rounding &&
+           rect.maxX() <= view.width + rounding && rect.maxY() <= view.height + rounding;
+}
+
+bool overlap(const Rect& a, const Rect& b) {
+    return std::min(a.maxX(), b.maxX()) - std::max(a.minX(), b.minX()) > rounding &&
+           std::min(a.maxY(), b.maxY()) - std::max(a.minY(), b.minY()) > rounding;
+}
+
+std::optional<std::string> faultOfQuietRegions(const std::vector<Rect>& regions, Size view) {
+    std::ostringstream text;
+    for (std::size_t i = 0; i < regions.size(); ++i) {
+        const Rect& region = regions[i];
+        if (!isFinite(region) || region.width < 0 || region.height < 0)
+            text << "a quiet region " << region;
+        else if (!isWithin(region, view))
+            text << "a quiet region " << region << " outside the view";
+        else if (std::any_of(regions.begin(), regions.begin() + static_cast<std::ptrdiff_t>(i),
+                             [&](const Rect& other) { return overlap(region, other); }))
+            text << "a quiet region " << region << " on top of another";
+        else
+            continue;
+        return text.str();
+    }
+    return std::nullopt;
+}
+
+}
+
+std::optional<std::string> faultOf(const Scene& scene, Size view) {
+    std::set<NodeID> ids;
+    for (const SceneNode& node : scene.nodes) {
+        if (!isSound(node))
+            return described(node);
+        if (!ids.insert(node.id).second)
+            return "two of " + described(node);
+        const auto* const image = std::get_if<ImageNode>(&node.content);
+        if (image != nullptr && image->image == nullptr)
+            return "no image for " + described(node);
+    }
+    if (scene.inputRegion && (!isFinite(*scene.inputRegion) || scene.inputRegion->width < 0 ||
+                              scene.inputRegion->height < 0))
+        return "a broken input region";
+    if (muted::scenes)
+        return std::nullopt;
+    return faultOfQuietRegions(scene.quietRegions, view);
+}
+
+}

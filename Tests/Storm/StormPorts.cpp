@@ -1,0 +1,50 @@
+#include "Storm/StormPorts.hpp"
+
+namespace vireline::storm {
+
+std::unique_ptr<PanelWindow> StormPanelWindows::makePanel(std::uint32_t displayID,
+                                                          const Rect& frame,
+                                                          PanelWindowListener& listener) {
+    const int incarnation = ++made_[displayID];
+    const bool isTracked = tracksAll_ || (!tracksNone_ && incarnation % 2 == 0);
+    auto window = std::make_unique<StormWindow>(DockID{displayID, incarnation}, listener, witness_,
+                                                isTracked);
+    window->frame = frame;
+    return window;
+}
+
+StormPorts::StormPorts(test::FakePlatform& platform, WindowWitness& witness, bool tracksAll,
+                       bool tracksNone)
+    : fake_(platform)
+    , panelWindows_(witness, tracksAll, tracksNone)
+    , screens_(platform.screens, listeners_, witness)
+    , running_(platform.running, listeners_, witness)
+    , workspace_(platform.workspace, witness) {}
+
+Platform StormPorts::ports() {
+    const Platform others = fake_.ports();
+    return Platform{
+        .application = others.application,
+        .runLoop = others.runLoop,
+        .fileSystem = others.fileSystem,
+        .fileEvents = others.fileEvents,
+        .userFolders = others.userFolders,
+        .trash = others.trash,
+        .dockPreferences = dockPreferences_,
+        .catalog = others.catalog,
+        .runningApplications = running_,
+        .workspace = workspace_,
+        .icons = others.icons,
+        .screens = screens_,
+        .panelWindows = panelWindows_,
+        .pointerSettings = others.pointerSettings,
+        .motionSettings = others.motionSettings,
+        .accessibility = others.accessibility,
+        .pointerTaps = others.pointerTaps,
+        .statusBar = others.statusBar,
+        .loginItemService = others.loginItemService,
+        .programWindows = others.programWindows,
+    };
+}
+
+}

@@ -1,0 +1,39 @@
+/// Random courses of events over the whole kit, on the fake platform, against the model. A failing
+/// one is cut down to the steps that matter.
+#include "Storm/Shrinker.hpp"
+
+#include <gtest/gtest.h>
+
+#include <iostream>
+#include <random>
+
+namespace vireline::storm {
+namespace {
+
+constexpr int steps = 1200;
+
+testing::AssertionResult holds(unsigned seed) {
+    const Episode episode = wholeEpisode(seed, steps);
+    const auto failure = run(episode);
+    if (!failure)
+        return testing::AssertionSuccess();
+    return testing::AssertionFailure() << report(shrunk({episode, *failure}));
+}
+
+class Storm : public testing::TestWithParam<unsigned> {};
+
+TEST_P(Storm, LeavesTheProgramAsItShouldBe) {
+    EXPECT_TRUE(holds(GetParam()));
+}
+
+/// Even ones are calm; in the others the platform calls back from within calls.
+INSTANTIATE_TEST_SUITE_P(Seeds, Storm, testing::Range(1U, 9U));
+
+TEST(StormOfTheDay, LeavesTheProgramAsItShouldBe) {
+    const unsigned seed = std::random_device{}() % 1'000'000;
+    std::cout << "seed " << seed << '\n';
+    EXPECT_TRUE(holds(seed));
+}
+
+}
+}

@@ -1,0 +1,160 @@
+#include "Storm/StormWindow.hpp"
+
+#include <utility>
+
+namespace vireline::storm {
+
+using Kind = PointerEvent::Kind;
+
+StormWindow::StormWindow(DockID dock, PanelWindowListener& listener, WindowWitness& witness,
+                         bool isTracked)
+    : id(dock), listener_(listener), witness_(witness), isTracked_(isTracked) {
+    witness_.windowMade(*this);
+}
+
+StormWindow::~StormWindow() {
+    witness_.windowGone(*this);
+}
+
+void StormWindow::setFrame(const Rect& moved, bool /*animate*/) {
+    frame = moved;
+    witness_.called("setFrame");
+}
+
+void StormWindow::setHostedFrame(const Rect& moved) {
+    hosted = moved;
+    tracker_.setViewSize(moved.size());
+    witness_.called("setHostedFrame");
+}
+
+void StormWindow::present(const Scene& scene) {
+    witness_.presented(*this, scene);
+    witness_.called("present");
+}
+
+void StormWindow::requestFrame() {
+    awaitsFrame = true;
+    witness_.called("requestFrame");
+}
+
+void StormWindow::watchForCancel(bool watches) {
+    watchesForCancel = watches;
+    witness_.called("watchForCancel");
+}
+
+void StormWindow::orderFrontRegardless() {
+    isShown = true;
+    witness_.called("orderFrontRegardless");
+}
+
+void StormWindow::orderOut() {
+    isShown = false;
+    hasMenu = false;
+    onMenuClosed_ = nullptr;
+    if (isTracked_)
+        tracker_.hidden();
+    witness_.called("orderOut");
+}
+
+void StormWindow::popUpMenu(const Menu& shown, Point /*at*/, MenuClosed onClose) {
+    if (hasMenu)
+        closeMenu(std::nullopt);
+    menu = shown;
+    hasMenu = true;
+    onMenuClosed_ = std::move(onClose);
+    if (isTracked_)
+        tracker_.menuOpened();
+    witness_.menuOpened(*this);
+    witness_.called("popUpMenu");
+}
+
+void StormWindow::enter(Point at) {
+    if (isTracked_)
+        return tracker_.entered(at);
+    mouseEntered();
+}
+
+void StormWindow::leave(bool isHeld, bool isStillOver) {
+    if (isTracked_)
+        return tracker_.left(
+            {.isOverWindow = isStillOver, .isPrimaryHeld = isHeld, .position = {}});
+    pointerEvent({Kind::exited, {}});
+    mouseExited();
+}
+
+void StormWindow::move(Point at) {
+    if (isTracked_)
+        return tracker_.moved(at);
+    pointerEvent({Kind::moved, at});
+}
+
+void StormWindow::press(Point at) {
+    if (isTracked_)
+        return tracker_.pressed(at);
+    pointerEvent({Kind::pressed, at});
+}
+
+void StormWindow::release(Point at, bool isOver) {
+    if (isTracked_)
+        return tracker_.released(at, isOver);
+    pointerEvent({Kind::released, at});
+}
+
+void StormWindow::pressSecondary(Point at) {
+    if (isTracked_)
+        return tracker_.secondaryPressed(at);
+    pointerEvent({Kind::secondaryPressed, at});
+}
+
+void StormWindow::cancel() {
+    if (isTracked_)
+        return tracker_.cancelled();
+    pointerEvent({Kind::cancelled, {}});
+}
+
+void StormWindow::closeMenu(std::optional<std::size_t> chosen) {
+    hasMenu = false;
+    const MenuClosed tell = std::exchange(onMenuClosed_, nullptr);
+    if (isTracked_)
+        tracker_.menuClosed({});
+    witness_.menuClosed(*this, chosen);
+    tell(chosen);
+}
+
+void StormWindow::showFrame() {
+    if (std::exchange(awaitsFrame, false))
+        frameDue();
+}
+
+std::vector<AccessibleTile> StormWindow::tiles() {
+    witness_.laidOut(id);
+    return listener_.accessibleTiles();
+}
+
+std::optional<std::size_t> StormWindow::tileAt(Point at) {
+    const auto all = tiles();
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        if (all[i].frame.contains(at))
+            return i;
+    }
+    return std::nullopt;
+}
+
+void StormWindow::mouseEntered() {
+    witness_.entered(id);
+    listener_.mouseEntered();
+}
+
+void StormWindow::mouseExited() {
+    witness_.exited(id);
+    listener_.mouseExited();
+}
+
+void StormWindow::pointerEvent(const PointerEvent& event) {
+    const bool isButton = event.kind == Kind::pressed || event.kind == Kind::released ||
+                          event.kind == Kind::secondaryPressed;
+    witness_.pointer(id, event, isButton ? tileAt(event.position) : std::nullopt);
+    listener_.pointerEvent(event);
+}
+
+}
