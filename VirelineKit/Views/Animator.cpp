@@ -46,25 +46,54 @@ bool Animator::isMoving(const Actor& actor, double now) noexcept {
                                [=](const Track& track) { return track.isMoving(now); });
 }
 
+/// A size that changes at once while it is on its way has the same part of that way still to go, as
+/// otherwise it could be less than nothing; and so has the place, as far as it comes of growing
+/// about a point of the node.
+void Animator::keepProportion(Track& place, Track& size, double from, double to) noexcept {
+    if (size.residual == 0)
+        return;
+    const double ratio = from > 0 ? to / from : 0;
+    const double fixed = std::clamp(place.residual / size.residual, -1.0, 0.0);
+    const double change = (ratio - 1) * size.residual;
+    place.residual += fixed * change;
+    size.residual += change;
+}
+
+/// What goes back and forth sets out from its place at rest, also if its node is only just there.
+void Animator::bob(Actor& actor, double now) noexcept {
+    const auto& curve = actor.target.motion.bounce;
+    if (!curve || !curve->repeats)
+        return;
+    const Values target = values(actor.target);
+    for (const std::size_t i : {bounceIndex, bounceIndex + 1}) {
+        if (Track& track = actor.tracks[i]; !track.isMoving(now))
+            track = {-target[i], now, curve};
+    }
+}
+
 /// `shift` leads from where the view is now to where it was.
 void Animator::retarget(Actor& actor, const SceneNode& target, double now, Point shift) {
     actor.target.frame = moved(actor.target.frame, shift);
     const Values from = values(actor.target);
     const Values to = values(target);
-    const Curves curve = curves(target.motion);
+    Curves curve = curves(target.motion);
+    if (actor.isLeaving && target.motion.presence)
+        curve[opacityIndex] = target.motion.presence;
     for (std::size_t i = 0; i < propertyCount; ++i) {
         Track& track = actor.tracks[i];
-        if (from[i] == to[i] || !curve[i])
+        if (from[i] == to[i])
             continue;
+        if (!curve[i]) {
+            if (i == sizeIndex || i == sizeIndex + 1)
+                keepProportion(actor.tracks[i - sizeIndex], track, from[i], to[i]);
+            continue;
+        }
         const double shown = from[i] + track.lacking(now);
         track = {shown - to[i], now, curve[i]};
     }
-    if (actor.isLeaving && target.motion.presence) {
-        const double shown = actor.tracks[opacityIndex].lacking(now);
-        actor.tracks[opacityIndex] = {shown - target.opacity, now, target.motion.presence};
-    }
     actor.isLeaving = false;
     actor.target = target;
+    bob(actor, now);
 }
 
 Animator::Actor Animator::entering(const SceneNode& target, double now, Point passage) {
@@ -74,6 +103,7 @@ Animator::Actor Animator::entering(const SceneNode& target, double now, Point pa
         actor.tracks[passingIndex] = {passage.x, now, curve};
         actor.tracks[passingIndex + 1] = {passage.y, now, curve};
     }
+    bob(actor, now);
     return actor;
 }
 
@@ -126,6 +156,8 @@ void Animator::setTarget(const Scene& scene, double now, bool reducesMotion) {
     for (const SceneNode& node : scene.nodes) {
         if (atOnce) {
             next_.push_back({.target = node, .tracks = {}});
+            if (!reducesMotion)
+                bob(next_.back(), now);
         } else if (Actor* const known = take(node.id, hint)) {
             retarget(*known, node, now, shift);
             next_.push_back(std::move(*known));
@@ -152,6 +184,8 @@ const Scene& Animator::frame(double now) {
         Values shown = values(actor.target);
         for (std::size_t i = 0; i < propertyCount; ++i)
             shown[i] += actor.tracks[i].lacking(now);
+        shown[sizeIndex] = std::max(0.0, shown[sizeIndex]);
+        shown[sizeIndex + 1] = std::max(0.0, shown[sizeIndex + 1]);
         assign(node, shown);
     }
     frame_.inputRegion = inputRegion_;

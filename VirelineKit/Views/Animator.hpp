@@ -12,8 +12,9 @@ namespace vireline {
 
 class Animator {
 public:
-    /// Takes over a new scene at the time `now`, in seconds. The first one shows at once, and so
-    /// does every one while `reducesMotion` holds.
+    /// Takes over a new scene at the time `now`, in seconds. The first one shows at once, but for
+    /// what goes back and forth; and so does every one while `reducesMotion` holds, in which
+    /// nothing moves at all.
     void setTarget(const Scene& scene, double now, bool reducesMotion = false);
 
     /// What shows at the time `now`: the target's nodes with the values that they have then, and
@@ -26,6 +27,8 @@ public:
 private:
     /// x, y, width and height of the frame, both axes of slide, bounce and passing, scale, opacity.
     static constexpr std::size_t propertyCount = 12;
+    static constexpr std::size_t sizeIndex = 2;
+    static constexpr std::size_t bounceIndex = 6;
     static constexpr std::size_t passingIndex = 8;
     static constexpr std::size_t opacityIndex = propertyCount - 1;
     using Values = std::array<double, propertyCount>;
@@ -54,6 +57,8 @@ private:
     [[nodiscard]] static Curves curves(const Motion& motion) noexcept;
 
     [[nodiscard]] static bool isMoving(const Actor& actor, double now) noexcept;
+    static void keepProportion(Track& place, Track& size, double from, double to) noexcept;
+    static void bob(Actor& actor, double now) noexcept;
     static void retarget(Actor& actor, const SceneNode& target, double now, Point shift);
     [[nodiscard]] static Actor entering(const SceneNode& target, double now, Point passage);
     static bool leave(Actor& actor, double now, Point passage, Point shift);
