@@ -178,6 +178,15 @@ TEST(DockMagnifier, CoversAContainerThatTheGrownStripOverflows) {
         EXPECT_LE(strip.shift, 0);
         EXPECT_GE(strip.shift, strip.container - strip.length);
     }
+    const auto shiftAt = [](double cursor) {
+        return Strip{.counts = {6, 0, 0}, .container = 300, .cursor = cursor}.shift;
+    };
+    // Held by the strip's far end, by the pointer, by the strip's near end.
+    EXPECT_NEAR(shiftAt(-100), -8, 1e-9);
+    EXPECT_NEAR(shiftAt(0), -48.899187, 1e-6);
+    EXPECT_NEAR(shiftAt(150), -59, 1e-9);
+    EXPECT_NEAR(shiftAt(299), -15.795383, 1e-6);
+    EXPECT_NEAR(shiftAt(400), 0, 1e-9);
 }
 
 TEST(DockMagnifier, StaysInsideAContainerThatHoldsTheGrownStrip) {
