@@ -481,7 +481,8 @@ TEST_F(DockPanelTest, AssistiveTechnologyReachesTheTilesThroughTheWindow) {
 
     EXPECT_EQ(dock.actionsTaken, (std::vector<std::string>{"click p0 #7"}));
     ASSERT_EQ(window().menus.size(), 1U);
-    EXPECT_TRUE(tiles[0].frame.contains(window().menus[0].at));
+    EXPECT_EQ(window().menus[0].place,
+              (MenuPlace{{tiles[0].frame.midX(), 84 - 58 - 4}, MenuPlace::Side::above}));
 }
 
 }

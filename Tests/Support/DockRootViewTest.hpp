@@ -25,7 +25,9 @@ protected:
         const Size size = isBottom ? Size{length, thickness} : Size{thickness, length};
         const PanelSpec spec{2, {0, 4, size.width, size.height}, length, position};
         view_ = std::make_unique<DockRootView>(context, ui, spec, false);
-        view_->onMenuRequest = [this](const Menu& menu, Point, MenuClosed onClose) {
+        view_->onMenuRequest = [this](const Menu& menu, const MenuPlace& place,
+                                      MenuClosed onClose) {
+            menuPlace = place;
             for (const MenuItem& entry : menu.entries) {
                 menuTitles.push_back(std::get<MenuCommand>(entry).title);
             }
@@ -60,6 +62,7 @@ protected:
     PanelUIState ui;
     DockViewContext context = dock.context();
     std::vector<std::string> menuTitles;
+    MenuPlace menuPlace;
     MenuClosed closeMenu;
 
 private:

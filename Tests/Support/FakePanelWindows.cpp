@@ -87,8 +87,8 @@ void FakePanelWindow::orderOut() {
     pointer_.hidden();
 }
 
-void FakePanelWindow::popUpMenu(const Menu& menu, Point at, MenuClosed onClose) {
-    panel_->menus.push_back({menu, at, std::move(onClose)});
+void FakePanelWindow::popUpMenu(const Menu& menu, const MenuPlace& place, MenuClosed onClose) {
+    panel_->menus.push_back({menu, place, std::move(onClose)});
     panel_->isMenuOpen_ = true;
 }
 

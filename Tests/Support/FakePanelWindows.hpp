@@ -43,7 +43,7 @@ public:
     };
     struct PoppedMenu {
         Menu menu;
-        Point at;
+        MenuPlace place;
         MenuClosed onClose;
     };
 
@@ -111,7 +111,7 @@ public:
     void orderOut() override;
     void requestFrame() override { panel_->isFrameRequested_ = true; }
     void watchForCancel(bool watches) override { panel_->watchesForCancel = watches; }
-    void popUpMenu(const Menu& menu, Point at, MenuClosed onClose) override;
+    void popUpMenu(const Menu& menu, const MenuPlace& place, MenuClosed onClose) override;
 
 private:
     std::shared_ptr<FakePanel> panel_;

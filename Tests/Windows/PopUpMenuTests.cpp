@@ -29,7 +29,7 @@ protected:
     void open(PanelWindow& dock, const std::string& monitor, Point at) {
         desk().pointer().moveTo(pixelAt(monitor, at));
         settle();
-        dock.popUpMenu(sampleMenu(), at, [this](std::optional<std::size_t> chosen) {
+        dock.popUpMenu(sampleMenu(), {at, side}, [this](std::optional<std::size_t> chosen) {
             ++closed;
             choice = chosen;
         });
@@ -38,6 +38,7 @@ protected:
     }
 
     EventLog log;
+    MenuPlace::Side side = MenuPlace::Side::above;
     int closed = 0;
     std::optional<std::size_t> choice;
 };
@@ -54,6 +55,29 @@ TEST_F(PopUpMenuTest, OpensInsideTheDocksOwnDisplay) {
         }
         EXPECT_TRUE(eventually([&] { return closed == 3; }));
         EXPECT_EQ(choice, std::nullopt);
+    }
+}
+
+TEST_F(PopUpMenuTest, OpensOnTheSideThatIsAskedFor) {
+    using Side = MenuPlace::Side;
+    for (const char* monitor : {"main", "dense"}) {
+        const auto dock = showDock(monitor, log);
+        const auto at = pixelAt(monitor, {200, 20});
+        for (const Side asked : {Side::above, Side::leftOf, Side::rightOf}) {
+            side = asked;
+            open(*dock, monitor, {200, 20});
+            const PixelRect menu = menuFrame();
+            constexpr int rounding = 2;
+            if (asked == Side::above) {
+                EXPECT_NEAR(menu.bottom(), at.y, rounding) << monitor;
+                EXPECT_NEAR(menu.center().x, at.x, rounding) << monitor;
+            } else {
+                const int near = asked == Side::leftOf ? menu.right() : menu.x;
+                EXPECT_NEAR(near, at.x, rounding) << monitor;
+            }
+            desk().keyboard().type(Keyboard::escape);
+            EXPECT_TRUE(eventually([] { return menuFrame().width == 0; }));
+        }
     }
 }
 

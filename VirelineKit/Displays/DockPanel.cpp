@@ -42,9 +42,8 @@ DockPanel::DockPanel(const PanelSpec& spec, bool autoHide, const DockViewContext
     , window_(windows.makePanel(spec.displayID, spec.frame, *this)) {
     hosting_.onInvalidate = lifetime_.guard([this] { sceneInvalidated(); });
     hosting_.onMenuRequest =
-        lifetime_.guard([this](const Menu& menu, Point at, const MenuClosed& onClose) {
-            popUpMenu(menu, at, onClose);
-        });
+        lifetime_.guard([this](const Menu& menu, const MenuPlace& place,
+                               const MenuClosed& onClose) { popUpMenu(menu, place, onClose); });
     hosting_.onReorderDrag = lifetime_.guard([this](bool isDragged) {
         isTileDragged_ = isDragged;
         window_->watchForCancel(isDragged);
@@ -143,14 +142,14 @@ bool DockPanel::isHeldOpen() const noexcept {
     return isPointerOver_ || openMenus_ > 0 || isTileDragged_ || isDragOver_;
 }
 
-void DockPanel::popUpMenu(const Menu& menu, Point at, const MenuClosed& onClose) {
+void DockPanel::popUpMenu(const Menu& menu, const MenuPlace& place, const MenuClosed& onClose) {
     ++openMenus_;
     auto closed = [this, onClose](std::optional<std::size_t> chosen) {
         --openMenus_;
         collapseLater();
         onClose(chosen);
     };
-    window_->popUpMenu(menu, at, lifetime_.guard(std::move(closed)));
+    window_->popUpMenu(menu, place, lifetime_.guard(std::move(closed)));
 }
 
 void DockPanel::pointerEvent(const PointerEvent& event) {

@@ -55,7 +55,7 @@ private:
 
     void setCollapsed(bool collapsed);
     void pinHosting();
-    void popUpMenu(const Menu& menu, Point at, const MenuClosed& onClose);
+    void popUpMenu(const Menu& menu, const MenuPlace& place, const MenuClosed& onClose);
 
     /// Opens a collapsed panel, or keeps an open one from collapsing.
     void comeOut();

@@ -21,6 +21,28 @@ namespace vireline {
 /// Receives the index of the chosen entry, or nothing.
 using MenuClosed = std::function<void(std::optional<std::size_t>)>;
 
+/// How far a window reaches beyond its frame, on each side as seen on the display. Points, none
+/// negative.
+struct Overhang {
+    double left = 0;
+    double top = 0;
+    double right = 0;
+    double bottom = 0;
+
+    /// A frame in global coordinates, and the overhang around it.
+    [[nodiscard]] constexpr Rect around(const Rect& frame) const noexcept {
+        return {frame.x - left, frame.y - bottom, frame.width + left + right,
+                frame.height + top + bottom};
+    }
+
+    /// A view that fills the frame, and the overhang around it, in the view's coordinates.
+    [[nodiscard]] constexpr Rect around(Size view) const noexcept {
+        return {-left, -top, view.width + left + right, view.height + top + bottom};
+    }
+
+    bool operator==(const Overhang&) const = default;
+};
+
 /// Who hears of the window's events. Outlives the window.
 class PanelWindowListener {
 public:
@@ -34,8 +56,8 @@ public:
     /// The frame that was asked for is due: what changed until now can be presented.
     virtual void frameDue() = 0;
 
-    /// A pointer event over the hosted view, in the view's coordinates. Between a press and its
-    /// release the positions may lie outside the view.
+    /// A pointer event over the hosted view or what it draws in the window's overhang, in the
+    /// view's coordinates. Between a press and its release it may be anywhere.
     virtual void pointerEvent(const PointerEvent& event) = 0;
 
     /// Something is dragged over the hosted view from another program. The text of its URLs, files
@@ -58,6 +80,12 @@ public:
 class PanelWindow {
 public:
     virtual ~PanelWindow() = default;
+
+    /// Room for what the hosted view draws beyond the window's frame. A window whose frame is set
+    /// from now on is larger than that on the display. The rest is transparent and, but for the
+    /// scene's input region, no part of the window for the pointer: clicks reach what is below.
+    /// No frame or place that is set here counts the overhang in.
+    virtual void setOverhang(const Overhang& overhang) = 0;
 
     /// Global coordinates.
     virtual void setFrame(const Rect& frame, bool animate) = 0;
@@ -82,10 +110,9 @@ public:
     virtual void orderFrontRegardless() = 0;
     virtual void orderOut() = 0;
 
-    /// Pops `menu` up with its corner at `at`, in the view's coordinates, inside the display. Once
-    /// it has closed, `onClose` receives the index of the chosen entry of `menu.entries`, or
-    /// nothing.
-    virtual void popUpMenu(const Menu& menu, Point at, MenuClosed onClose) = 0;
+    /// Pops `menu` up at its place, moved as far as it takes to lie inside the display. Once it has
+    /// closed, `onClose` receives the index of the chosen entry of `menu.entries`, or nothing.
+    virtual void popUpMenu(const Menu& menu, const MenuPlace& place, MenuClosed onClose) = 0;
 };
 
 class PanelWindows {

@@ -204,8 +204,8 @@ void DockRootView::pointerEvent(const PointerEvent& event) {
         released(event.position);
         break;
     case PointerEvent::Kind::secondaryPressed:
-        if (const DockTile* tile = tileAt(event.position))
-            requestMenu(*tile, event.position);
+        if (const auto tile = indexAt(event.position))
+            requestMenu(*tile);
         else if (frames_.glass.contains(event.position))
             requestProgramMenu(event.position);
         break;
@@ -291,7 +291,8 @@ void DockRootView::tap(DockTile& tile) {
     }
 }
 
-void DockRootView::requestMenu(const DockTile& tile, Point at) {
+void DockRootView::requestMenu(std::size_t index) {
+    const DockTile& tile = tiles_.all().at(index);
     if (tile.kind != TileKind::app || !onMenuRequest)
         return;
     const bool canRemove = tile.item.isPinned && context_.actions.isManualMode();
@@ -305,7 +306,9 @@ void DockRootView::requestMenu(const DockTile& tile, Point at) {
         if (chosen)
             context_.actions.menuSelect(entries.at(*chosen), item, spec_.displayID);
     };
-    onMenuRequest(menu, at, lifetime_.guard(std::move(closed)));
+    const double middle = request_.edge.along(frames_.tiles.at(index).hit.center());
+    onMenuRequest(menu, StripLayout::menuPlace(frames_, request_.edge, middle),
+                  lifetime_.guard(std::move(closed)));
 }
 
 /// A desktop may lack the place for a status item; the way to the settings is here as well.
@@ -319,7 +322,8 @@ void DockRootView::requestProgramMenu(Point at) {
         else if (chosen == 1U)
             context_.actions.quit();
     };
-    onMenuRequest(menu, at, lifetime_.guard(closed));
+    onMenuRequest(menu, StripLayout::menuPlace(frames_, request_.edge, request_.edge.along(at)),
+                  lifetime_.guard(closed));
 }
 
 void DockRootView::drag(Press& press, Point p) {
@@ -427,7 +431,7 @@ void DockRootView::press(std::uint32_t serial) {
 void DockRootView::showMenu(std::uint32_t serial) {
     layoutIfNeeded();
     if (const auto index = tiles_.indexOf(serial))
-        requestMenu(tiles_.all()[*index], frames_.tiles.at(*index).hit.center());
+        requestMenu(*index);
 }
 
 }

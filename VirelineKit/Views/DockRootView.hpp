@@ -53,8 +53,8 @@ public:
     /// The scene has become another. Comes with every event; the scene itself is made when asked
     /// for, so that events between two frames cost next to nothing.
     std::function<void()> onInvalidate;
-    /// Asks for a popup menu at a point of the view.
-    std::function<void(const Menu&, Point, MenuClosed)> onMenuRequest;
+    /// Asks for a popup menu.
+    std::function<void(const Menu&, const MenuPlace&, MenuClosed)> onMenuRequest;
     /// A tile is being dragged from now on, or no longer.
     std::function<void(bool)> onReorderDrag;
 
@@ -106,7 +106,7 @@ private:
     void pressed(Point p);
     void released(Point p);
     void tap(DockTile& tile);
-    void requestMenu(const DockTile& tile, Point at);
+    void requestMenu(std::size_t index);
     void requestProgramMenu(Point at);
 
     void drag(Press& press, Point p);

@@ -1,6 +1,8 @@
 /// Menus as data; each platform has one translator to its own.
 #pragma once
 
+#include "Foundation/Geometry.hpp"
+
 #include <optional>
 #include <string>
 #include <variant>
@@ -29,6 +31,30 @@ struct Menu {
     std::vector<MenuItem> entries;
 
     bool operator==(const Menu&) const = default;
+};
+
+/// Where a popup menu opens: on that side of a point of the view, with the middle of its nearest
+/// side there.
+struct MenuPlace {
+    enum class Side { above, leftOf, rightOf };
+
+    Point at;
+    Side side = Side::above;
+
+    /// The top-left corner of a menu of that size; y downwards, like the point's.
+    [[nodiscard]] constexpr Point corner(Size menu) const noexcept {
+        switch (side) {
+        case Side::leftOf:
+            return {at.x - menu.width, at.y - menu.height / 2};
+        case Side::rightOf:
+            return {at.x, at.y - menu.height / 2};
+        case Side::above:
+            break;
+        }
+        return {at.x - menu.width / 2, at.y - menu.height};
+    }
+
+    bool operator==(const MenuPlace&) const = default;
 };
 
 /// What an entry of the hidden main menu does: to the program, or to whatever has the focus.

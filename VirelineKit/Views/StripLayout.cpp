@@ -18,6 +18,8 @@ constexpr double separatorShare = 0.6;
 /// How far the magnification band reaches beyond the strip.
 constexpr double bandOverhang = 8;
 
+/// Between the strip and a menu.
+constexpr double menuGap = 4;
 /// One tile along the axis, from the strip's leading edge.
 struct Span {
     double start = 0;
@@ -126,6 +128,23 @@ StripFrames layout(const Request& request) {
 }
 
 bool isInMagnificationBand(Point p, const Edge& edge, double iconSize) noexcept {
+Rect labelZone(const StripFrames& frames, const Edge& edge, std::size_t tile) {
+    const Point moved = edge.vector(0, frames.tiles.at(tile).icon.width - frames.iconSize);
+    const Rect& zone = frames.labelZone;
+    return {zone.x + moved.x, zone.y + moved.y, zone.width, zone.height};
+}
+
+MenuPlace menuPlace(const StripFrames& frames, const Edge& edge, double along) {
+    double reach = frames.iconSize + stripHeightPadding;
+    for (const TileFrames& tile : frames.tiles)
+        reach = std::max(reach, stripPadding + tile.icon.width);
+    const Rect place = edge.rect(along, 0, reach + menuGap, 0);
+    using Side = MenuPlace::Side;
+    if (edge.isHorizontal())
+        return {{place.x, place.y}, Side::above};
+    return {{place.x, place.y}, edge.position == DockPosition::left ? Side::rightOf : Side::leftOf};
+}
+
     return edge.distance(p) <= iconSize + stripHeightPadding + bandOverhang;
 }
 

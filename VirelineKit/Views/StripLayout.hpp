@@ -6,6 +6,7 @@
 #include "Model/DockOrdering.hpp"
 #include "Settings/Settings.hpp"
 #include "Views/Edge.hpp"
+#include "Views/Menu.hpp"
 
 #include <optional>
 #include <vector>
@@ -70,6 +71,13 @@ struct Request {
 
 /// Divides the view: each part is over one tile, or over none. For a strip that has not grown.
 [[nodiscard]] std::vector<Rect> quietRegions(const StripFrames& frames, const Edge& edge);
+/// The label's room for a tile: as much farther out as the tile has grown.
+[[nodiscard]] Rect labelZone(const StripFrames& frames, const Edge& edge, std::size_t tile);
+
+/// Where a menu opens for a place along the axis: beside the strip and all that has grown out of
+/// it.
+[[nodiscard]] MenuPlace menuPlace(const StripFrames& frames, const Edge& edge, double along);
+
 
 /// The whole of what magnified tiles can ever cover.
 [[nodiscard]] Rect fullGrowth(const Request& request) noexcept;

@@ -21,6 +21,16 @@ QPoint placed(QPoint at, QSize menu, const QRect& screen) {
 }
 
 QKeyCombination keyOf(char keyEquivalent) {
+QPoint placed(const MenuPlace& place, QSize menu, const QRect& screen) {
+    const Point corner =
+        place.corner({static_cast<double>(menu.width()), static_cast<double>(menu.height())});
+    const auto along = [](double from, int length, int low, int high) {
+        return std::max(low, std::min(static_cast<int>(std::lround(from)), high - length));
+    };
+    return {along(corner.x, menu.width(), screen.left(), screen.left() + screen.width()),
+            along(corner.y, menu.height(), screen.top(), screen.top() + screen.height())};
+}
+
     const auto letter = static_cast<unsigned char>(keyEquivalent);
     return QKeyCombination{Qt::ControlModifier, static_cast<Qt::Key>(std::toupper(letter))};
 }
@@ -44,12 +54,21 @@ private:
 
 PopUpMenu::PopUpMenu(const Menu& menu, QScreen& screen, QPoint at, Closed closed)
     : closed_(std::move(closed)), menu_(std::make_unique<KeyedMenu>().release()) {
+    : PopUpMenu(menu, screen, std::move(closed)) {
+    menu_->popup(placed(at, menu_->sizeHint(), screen.geometry()));
+}
+
+PopUpMenu::PopUpMenu(const Menu& menu, QScreen& screen, const MenuPlace& place, Closed closed)
+    : PopUpMenu(menu, screen, std::move(closed)) {
+    menu_->popup(placed(place, menu_->sizeHint(), screen.geometry()));
+}
+
+PopUpMenu::PopUpMenu(const Menu& menu, QScreen& screen, Closed closed)
     fill(menu);
     // The choice comes after the hiding, in the same event; by the next turn both are known.
     QObject::connect(menu_.get(), &QMenu::aboutToHide, menu_.get(),
                      lifetime_.guard([this] { finish(); }), Qt::QueuedConnection);
     menu_->setScreen(&screen);
-    menu_->popup(placed(at, menu_->sizeHint(), screen.geometry()));
 }
 
 void PopUpMenu::Discard::operator()(QMenu* menu) const {

@@ -24,6 +24,8 @@ public:
 
     /// Opens at a position in Qt's coordinates, moved so as to lie inside the screen.
     PopUpMenu(const Menu& menu, QScreen& screen, QPoint at, Closed closed);
+    /// Opens at that place in Qt's coordinates, moved so as to lie inside the screen.
+    PopUpMenu(const Menu& menu, QScreen& screen, const MenuPlace& place, Closed closed);
     PopUpMenu(const PopUpMenu&) = delete;
     PopUpMenu& operator=(const PopUpMenu&) = delete;
     PopUpMenu(PopUpMenu&&) = delete;
@@ -41,6 +43,7 @@ private:
         void operator()(QMenu* menu) const;
     };
 
+    PopUpMenu(const Menu& menu, QScreen& screen, Closed closed);
     void fill(const Menu& menu);
     void finish();
 

@@ -321,16 +321,18 @@ void QtPanelWindow::watchForCancel(bool watches) {
     setKeyboardGrabEnabled(watches);
 }
 
-void QtPanelWindow::popUpMenu(const Menu& menu, Point at, MenuClosed onClose) {
+void QtPanelWindow::popUpMenu(const Menu& menu, const MenuPlace& place, MenuClosed onClose) {
     QScreen* const screen = context_.screens.qtScreen(displayID_);
     if (screen == nullptr || menu.entries.empty())
         return onClose(std::nullopt);
     if (menu_)
         menu_->end();
-    const QPointF rootPixel = mapping_.toPixels(at) + corner();
+    const QPointF rootPixel = mapping_.toPixels(place.at) + corner();
+    const QPoint at = QtCoordinates::position(*screen, display_, rootPixel);
     pointer_.menuOpened();
     menu_ = std::make_unique<PopUpMenu>(
-        menu, *screen, QtCoordinates::position(*screen, display_, rootPixel),
+        menu, *screen,
+        MenuPlace{{static_cast<double>(at.x()), static_cast<double>(at.y())}, place.side},
         [this, onClose = std::move(onClose)](std::optional<std::size_t> chosen) {
             menuClosed(chosen, onClose);
         });

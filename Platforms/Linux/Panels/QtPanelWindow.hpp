@@ -42,7 +42,7 @@ public:
     void orderOut() override;
     void requestFrame() override;
     void watchForCancel(bool watches) override;
-    void popUpMenu(const Menu& menu, Point at, MenuClosed onClose) override;
+    void popUpMenu(const Menu& menu, const MenuPlace& place, MenuClosed onClose) override;
 
     [[nodiscard]] QAccessibleInterface* accessibleRoot() const override;
 

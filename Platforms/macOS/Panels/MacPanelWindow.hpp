@@ -35,7 +35,7 @@ public:
     void watchForCancel(bool watches) override;
     void orderFrontRegardless() override;
     void orderOut() override;
-    void popUpMenu(const Menu& menu, Point at, MenuClosed onClose) override;
+    void popUpMenu(const Menu& menu, const MenuPlace& place, MenuClosed onClose) override;
 
 private:
     void observe();

@@ -142,14 +142,14 @@ Point MacPanelWindow::pointer() const {
     return toPoint([panel_ convertPointFromScreen:NSEvent.mouseLocation]);
 }
 
-void MacPanelWindow::popUpMenu(const Menu& menu, Point at, MenuClosed onClose) {
+void MacPanelWindow::popUpMenu(const Menu& menu, const MenuPlace& place, MenuClosed onClose) {
     if (menu.entries.empty())
         return onClose(std::nullopt);
     if (const auto open = menu_)
         open->end();
     input_->menuOpened();
     menu_ =
-        PopUpMenu::open(menu, dock_, toCGPoint(at),
+        PopUpMenu::open(menu, dock_, place,
                         [this, onClose = std::move(onClose)](std::optional<std::size_t> chosen) {
                             menuClosed(chosen, onClose);
                         });

@@ -23,7 +23,7 @@ public:
     /// Opens with its top-left corner at `at`, in the coordinates of `view`; the system moves it
     /// into the display.
     [[nodiscard]] static std::shared_ptr<PopUpMenu> open(const Menu& menu, NSView* _Nonnull view,
-                                                         NSPoint at, Closed closed);
+                                                         const MenuPlace& place, Closed closed);
 
     explicit PopUpMenu(Closed closed) : closed_(std::move(closed)) {}
     PopUpMenu(const PopUpMenu&) = delete;

@@ -14,7 +14,7 @@ void inTheNextTurn(void (^block)()) {
 
 }
 
-std::shared_ptr<PopUpMenu> PopUpMenu::open(const Menu& menu, NSView* view, NSPoint at,
+std::shared_ptr<PopUpMenu> PopUpMenu::open(const Menu& menu, NSView* view, const MenuPlace& place,
                                            Closed closed) {
     auto opened = std::make_shared<PopUpMenu>(std::move(closed));
     const std::weak_ptr<PopUpMenu> weak = opened;
@@ -24,6 +24,7 @@ std::shared_ptr<PopUpMenu> PopUpMenu::open(const Menu& menu, NSView* view, NSPoi
     });
     opened->menu_ = native;
     // The view may be gone by the next turn, and the menu with it while it is open. On the main
+    const NSPoint at = toCGPoint(place.corner(toSize(native.size)));
     // queue it would hold up all that comes there.
     __weak NSView* const weakView = view;
     inTheNextTurn(^{

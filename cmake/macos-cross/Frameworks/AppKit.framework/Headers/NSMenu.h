@@ -13,6 +13,7 @@ NS_ASSUME_NONNULL_BEGIN
 
 @interface NSMenu : NSObject <NSCopying>
 @property (nullable, weak) id<NSMenuDelegate> delegate;
+@property (readonly) NSSize size API_AVAILABLE(macos(10.6));
 - (instancetype)initWithTitle:(NSString*)title NS_DESIGNATED_INITIALIZER;
 - (void)addItem:(NSMenuItem*)newItem;
 - (BOOL)popUpMenuPositioningItem:(nullable NSMenuItem*)item
