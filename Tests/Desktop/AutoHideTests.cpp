@@ -44,7 +44,11 @@ protected:
         return desktop().displays().pixels(desktop().monitor("right"), global);
     }
     [[nodiscard]] PixelRect sliver() { return pixels(spec().collapsedFrame()); }
-    [[nodiscard]] PixelRect hoverFrame() { return pixels(spec().hoverFrame()); }
+    /// The window of a dock that is out.
+    [[nodiscard]] PixelRect hoverFrame() {
+        const auto dock = plannedDock("right", request);
+        return pixels(dock.overhang.around(dock.spec.hoverFrame()));
+    }
     [[nodiscard]] PixelRect shown() {
         return desktop().docks().on(desktop().displayIDOf("right")).frame;
     }

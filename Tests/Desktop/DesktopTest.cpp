@@ -13,7 +13,7 @@ namespace {
 std::string describe(const std::vector<PlannedDock>& docks) {
     std::ostringstream text;
     for (const auto& dock : docks)
-        text << " #" << dock.spec.displayID << ' ' << dock.frame;
+        text << " #" << dock.spec.displayID << ' ' << dock.window;
     return text.str();
 }
 
@@ -26,7 +26,7 @@ std::string describe(const std::vector<DockWindow>& docks) {
 
 bool match(const std::vector<DockWindow>& docks, const std::vector<PlannedDock>& planned) {
     return std::ranges::equal(docks, planned, [](const auto& dock, const auto& plan) {
-        return dock.displayID == plan.spec.displayID && dock.frame == plan.frame;
+        return dock.displayID == plan.spec.displayID && dock.frame == plan.window;
     });
 }
 

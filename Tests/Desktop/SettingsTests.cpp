@@ -70,20 +70,6 @@ TEST_F(Preferences, MakeTheIconsLarger) {
     EXPECT_EQ(firstIcon().height, size);
 }
 
-TEST_F(Preferences, ClipLargeIconsOfSideDocksAtTheFarSide) {
-    constexpr int size = 64;
-    runWith(R"("iconSize": 64, "position": "left")");
-    twoTiles.maxIconSize = size;
-    twoTiles.position = DockPosition::left;
-    ASSERT_TRUE(docksSettle(twoTiles));
-    ASSERT_TRUE(turns(layout("right", twoTiles).icon(0), apps[0].colour));
-    const auto dock = plannedDock("right", twoTiles).frame;
-    // Behind the padding comes the icon, up to the window's far edge.
-    constexpr int padding = 7;
-    EXPECT_EQ(firstIcon().x, dock.x + padding);
-    EXPECT_EQ(firstIcon().right(), dock.right());
-}
-
 TEST_F(Preferences, MagnifyTheTileUnderThePointer) {
     runWith(R"("magnificationEnabled": true, "magnification": 2)");
     twoTiles.magnification = 2;

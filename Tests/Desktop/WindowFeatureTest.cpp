@@ -57,7 +57,8 @@ void WindowFeatureTest::reveal(const std::string& monitor) {
     };
     EXPECT_TRUE(eventually([&] { return isShownAt(plan.spec.collapsedFrame()); }));
     desktop().pointer().moveTo(pixels(plan.spec.collapsedFrame()).center());
-    EXPECT_TRUE(eventually([&] { return isShownAt(plan.spec.hoverFrame()); }));
+    EXPECT_TRUE(
+        eventually([&] { return isShownAt(plan.overhang.around(plan.spec.hoverFrame())); }));
     // A tile that has grown mixes its pixels.
     constexpr int mixed = 100;
     EXPECT_TRUE(eventually(

@@ -204,7 +204,9 @@ TEST_F(DropTest, TheTrashGrowsWhileFilesAreOverIt) {
     EXPECT_EQ(icons()[2].scale, 1.1);
     EXPECT_EQ(icons()[2].motion.scale, (Curve{0.12, Easing::easeOut}));
     static_cast<void>(view().dragMoved(centerOfIcon(1)));
-    EXPECT_EQ(icons()[2].scale, 1);
+    const SceneNode left = icons()[2];
+    EXPECT_EQ(left.scale, 1);
+    EXPECT_EQ(left.motion.scale, (Curve{0.12, Easing::easeOut}));
     static_cast<void>(view().dragMoved(centerOfIcon(2)));
     view().dragExited();
     EXPECT_EQ(icons()[2].scale, 1);

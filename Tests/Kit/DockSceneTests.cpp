@@ -130,13 +130,44 @@ TEST_F(DockSceneTest, TheDraggedTileIsOnTop) {
 }
 
 TEST_F(DockSceneTest, ALabelFadesInOverItsZone) {
-    look.label = "Mail";
+    look.label = LabelLook{1, "Mail"};
 
-    const SceneNode label{.id = {NodeID::Part::label},
+    const SceneNode label{.id = {NodeID::Part::label, 4},
                           .frame = frames.labelZone,
                           .content = LabelNode{"Mail", 12, {9, 3}},
                           .motion = {.presence = Curve{0.12, Easing::easeOut}}};
-    EXPECT_EQ(node(NodeID::Part::label), label);
+    EXPECT_EQ(node(NodeID::Part::label, 4), label);
+    EXPECT_EQ(DockScene::expanded(look).nodes.back(), label);
+}
+
+TEST_F(DockSceneTest, ALabelMovesOutAsItsTileGrows) {
+    frames.tiles[0].icon = {-15, -11, 88, 88};
+    look.label = LabelLook{0, "Mail"};
+    EXPECT_EQ(node(NodeID::Part::label, 3).frame, (Rect{0, -44, 215, 26}));
+    look.label = LabelLook{1, "Maps"};
+    EXPECT_EQ(node(NodeID::Part::label, 4).frame, (Rect{0, 0, 215, 26}));
+}
+
+TEST_F(DockSceneTest, ADraggedTileGrowsAtOnceAndShrinksOnItsWayHome) {
+    look.tiles[0].isBeingDragged = true;
+    EXPECT_EQ(icon().scale, 1.08);
+    EXPECT_EQ(icon().motion.scale, std::nullopt);
+
+    look.tiles[0].isBeingDragged = false;
+    look.tiles[0].wasBeingDragged = true;
+    look.settles = true;
+    EXPECT_EQ(icon().scale, 1);
+    EXPECT_EQ(icon().motion.scale, (Curve{0.2, Easing::easeInOut}));
+    EXPECT_EQ(icon().motion.slide, icon().motion.scale);
+}
+
+TEST_F(DockSceneTest, ADropTargetShrinksAsSlowlyAsItGrows) {
+    look.tiles[1].isDropTargeted = true;
+    EXPECT_EQ(node(NodeID::Part::icon, 4).motion.scale, (Curve{0.12, Easing::easeOut}));
+
+    look.tiles[1].isDropTargeted = false;
+    look.tiles[1].wasDropTargeted = true;
+    EXPECT_EQ(node(NodeID::Part::icon, 4).motion.scale, (Curve{0.12, Easing::easeOut}));
 }
 
 TEST_F(DockSceneTest, ACollapsedDockIsAHandleAlongTheEdge) {

@@ -65,7 +65,7 @@ constexpr PointerTracker::Whereabouts here(Point position) {
 
 class PointerTrackerTest : public testing::Test {
 protected:
-    PointerTrackerTest() { tracker.setViewSize({100, 50}); }
+    PointerTrackerTest() { tracker.setViewArea({0, 0, 100, 50}); }
 
     void enter() {
         tracker.entered({10, 10});

@@ -32,7 +32,7 @@ TEST(StripLayout, AStripWithoutAppsHoldsTheUtilityTilesBehindOneSeparator) {
     EXPECT_EQ(frames.separators[0].minX(), 7);
     EXPECT_EQ(frames.separators[0].width, 1);
     EXPECT_DOUBLE_EQ(frames.separators[0].height, 58 * 0.6);
-    EXPECT_DOUBLE_EQ(frames.separators[0].midY(), 84 - 29);
+    EXPECT_DOUBLE_EQ(frames.separators[0].maxY(), 84);
 }
 
 TEST(StripLayout, IconsStandInTheMiddleOfABottomStripWithTheirDotsBelow) {
@@ -123,27 +123,91 @@ TEST(StripLayout, MagnifiedTilesNeverOverlapAndStayInOrder) {
     }
 }
 
-TEST(StripLayout, TheLabelClearsTheIconsAtTheirLargest) {
+TEST(StripLayout, TheLabelStandsOnTheStripAndAsMuchHigherAsItsTileHasGrown) {
     Request request = bottomDock(3, 0);
     request.edge.view.height = 84 + 44;
     request.magnification = 2;
-    request.cursorAxis = 60;
-    const StripFrames frames = StripLayout::layout(request);
+    const double length = request.edge.length();
+    EXPECT_EQ(StripLayout::labelZone(StripLayout::layout(request), request.edge, 1),
+              (Rect{0, 128 - 58 - 26, length, 26}));
 
-    for (const TileFrames& tile : frames.tiles) {
-        EXPECT_LE(frames.labelZone.maxY(), tile.icon.minY());
-    }
-    EXPECT_EQ(frames.labelZone.minY(), 0);
+    request.cursorAxis = 79;
+    const StripFrames frames = StripLayout::layout(request);
+    ASSERT_EQ(frames.tiles[1].icon.width, 88);
+    EXPECT_EQ(StripLayout::labelZone(frames, request.edge, 1), (Rect{0, 0, length, 26}));
+    EXPECT_EQ(StripLayout::labelZone(frames, request.edge, 4),
+              (Rect{0, 128 - 58 - 26, length, 26}));
 }
 
-TEST(StripLayout, IconsLargerThanTheWindowsRoomAreClippedAwayFromTheScreensEdge) {
+TEST(StripLayout, IconsLargerThanTheViewReachBeyondItAwayFromTheScreensEdge) {
     Request request = bottomDock(2, 0);
     request.iconSize = 64;
     const StripFrames frames = StripLayout::layout(request);
 
     EXPECT_EQ(frames.glass.maxY(), 84);
     EXPECT_EQ(frames.tiles[0].icon.maxY(), 84 - 7);
-    EXPECT_LT(frames.labelZone.minY(), 0);
+    EXPECT_EQ(frames.labelZone.minY(), 84 - 78 - 26);
+}
+
+TEST(StripLayout, SeparatorsStandOnTheScreensSide) {
+    Request request = bottomDock(1, 0);
+    const double length = request.edge.view.width;
+    request.edge = {DockPosition::left, {58, length}};
+    EXPECT_EQ(StripLayout::layout(request).separators[0], (Rect{0, 57, 58 * 0.6, 1}));
+    request.edge.position = DockPosition::right;
+    EXPECT_EQ(StripLayout::layout(request).separators[0], (Rect{58 - 58 * 0.6, 57, 58 * 0.6, 1}));
+}
+
+TEST(StripLayout, AMenuOpensBesideTheStripAndWhatHasGrownOutOfIt) {
+    using Side = MenuPlace::Side;
+    Request request = bottomDock(3, 0);
+    const double length = request.edge.length();
+    const auto place = [&] {
+        return StripLayout::menuPlace(StripLayout::layout(request), request.edge, 79);
+    };
+    EXPECT_EQ(place(), (MenuPlace{{79, 84 - 58 - 4}, Side::above}));
+    request.edge = {DockPosition::left, {58, length}};
+    EXPECT_EQ(place(), (MenuPlace{{62, 79}, Side::rightOf}));
+    request.edge = {DockPosition::right, {58, length}};
+    EXPECT_EQ(place(), (MenuPlace{{-4, 79}, Side::leftOf}));
+
+    request.edge = {DockPosition::bottom, {length, 128}};
+    request.magnification = 2;
+    request.cursorAxis = 79;
+    EXPECT_EQ(place(), (MenuPlace{{79, 128 - 7 - 88 - 4}, Side::above}));
+}
+
+TEST(MenuPlace, LaysTheMiddleOfTheNearestSideAtThePoint) {
+    using Side = MenuPlace::Side;
+    EXPECT_EQ((MenuPlace{{100, 200}, Side::above}.corner({40, 30})), (Point{80, 170}));
+    EXPECT_EQ((MenuPlace{{100, 200}, Side::rightOf}.corner({40, 30})), (Point{100, 185}));
+    EXPECT_EQ((MenuPlace{{100, 200}, Side::leftOf}.corner({40, 30})), (Point{60, 185}));
+}
+
+TEST(StripLayout, TheOverhangIsWhatIsDrawnBeyondTheView) {
+    struct Case {
+        DockPosition position;
+        double iconSize;
+        double magnification;
+        double thickness;
+        double overhang;
+    };
+    // At the bottom the label lies farthest out, at the sides a dragged tile that bobs.
+    for (const Case& tried :
+         {Case{DockPosition::bottom, 32, 1, 84, 0}, Case{DockPosition::bottom, 44, 1, 84, 0},
+          Case{DockPosition::bottom, 44, 2, 128, 0}, Case{DockPosition::bottom, 64, 1, 84, 20},
+          Case{DockPosition::bottom, 64, 2, 148, 20}, Case{DockPosition::left, 32, 1, 58, 0},
+          Case{DockPosition::left, 44, 1, 58, 7}, Case{DockPosition::left, 44, 2, 102, 9},
+          Case{DockPosition::right, 64, 1, 58, 28}, Case{DockPosition::right, 64, 2, 122, 31}}) {
+        Request request;
+        request.iconSize = tried.iconSize;
+        request.magnification = tried.magnification;
+        const bool isBottom = tried.position == DockPosition::bottom;
+        request.edge = {tried.position,
+                        isBottom ? Size{400, tried.thickness} : Size{tried.thickness, 400}};
+        EXPECT_EQ(StripLayout::overhang(request), tried.overhang)
+            << tried.iconSize << " x " << tried.magnification;
+    }
 }
 
 TEST(StripLayout, TheMagnificationBandReachesEightPointsBeyondTheStrip) {
@@ -222,12 +286,14 @@ std::optional<std::size_t> tileAt(const StripFrames& frames, Point p) {
 void expectQuietRegionsDivide(const Request& request) {
     const StripFrames frames = StripLayout::layout(request);
     const auto regions = StripLayout::quietRegions(frames, request.edge);
-    const Rect view{0, 0, request.edge.view.width, request.edge.view.height};
-    for (const Rect& region : regions)
-        EXPECT_EQ(region.united(view), view) << region;
+    const Rect all = frames.glass.united({0, 0, request.edge.view.width, request.edge.view.height});
+    for (const Rect& region : regions) {
+        EXPECT_EQ(region.united(all), all) << region;
+        EXPECT_TRUE(region.width > 0 && region.height > 0) << region;
+    }
     std::vector<std::optional<Point>> firstIn(regions.size());
-    for (double y = 0.25; y < request.edge.view.height; y += 0.5) {
-        for (double x = 0.25; x < request.edge.view.width; x += 0.5) {
+    for (double y = all.minY() + 0.25; y < all.maxY(); y += 0.5) {
+        for (double x = all.minX() + 0.25; x < all.maxX(); x += 0.5) {
             const Point p{x, y};
             const auto contains = [p](const Rect& region) { return region.contains(p); };
             ASSERT_EQ(std::ranges::count_if(regions, contains), 1) << p;
@@ -248,6 +314,9 @@ TEST(StripLayout, QuietRegionsDivideTheViewByTiles) {
         expectQuietRegionsDivide(request);
     }
     request.hasTrash = false;
+    expectQuietRegionsDivide(request);
+    request.iconSize = 64;
+    request.edge.view.height = DockOrdering::stripWidth(request.counts(), 64);
     expectQuietRegionsDivide(request);
 }
 

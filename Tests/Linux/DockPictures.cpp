@@ -151,12 +151,14 @@ const Scene& PicturedDock::scene() const {
 QImage PicturedDock::picture(double scale, bool isDark) const {
     const Scene& shown = scene();
     const Rect& hosted = *window().hostedFrame;
-    const Size size = window().frame.size();
+    const Overhang& overhang = window().overhang;
+    const double top = window().frame.height - hosted.maxY();
+    const Size size = overhang.around(window().frame).size();
     const auto pixels = [scale](double points) {
         return static_cast<int>(std::lround(points * scale));
     };
-    const x11::ViewMapping mapping{
-        {pixels(hosted.x), pixels(size.height - hosted.y - hosted.height)}, scale};
+    const x11::ViewMapping mapping{{pixels(overhang.left + hosted.x), pixels(overhang.top + top)},
+                                   scale};
     std::vector<x11::PlacedNode> places;
     x11::ViewMappings::place(places, shown, mapping);
 

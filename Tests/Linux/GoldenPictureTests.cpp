@@ -127,16 +127,27 @@ INSTANTIATE_TEST_SUITE_P(All, GoldenDock,
                                          Look{"rightDense", DockPosition::right, 2}),
                          nameOf);
 
-/// Icons that are larger than the windows are made for lose what is away from the display's edge.
-TEST_F(GoldenPicture, ClipsLargeIconsAwayFromTheEdge) {
+class GoldenSizes : public GoldenPicture, public testing::WithParamInterface<DockPosition> {};
+
+/// A row for each size of icons: pointed at, first without magnification, then with it twofold.
+TEST_P(GoldenSizes, AreAllWhole) {
     std::vector<QImage> pictures;
-    for (const DockPosition position :
-         {DockPosition::bottom, DockPosition::left, DockPosition::right}) {
-        PicturedDock dock{{.position = position, .iconSize = 80, .magnification = 1}};
-        pictures.push_back(dock.picture(1, false));
+    for (const double size : {32.0, 44.0, 64.0}) {
+        for (const double magnification : {1.0, 2.0}) {
+            PicturedDock dock{
+                {.position = GetParam(), .iconSize = size, .magnification = magnification}};
+            dock.pointAt(1);
+            pictures.push_back(dock.picture(1, false));
+        }
     }
-    compare("largeIcons", sheetOf(pictures, 3));
+    const int columns = GetParam() == DockPosition::bottom ? 2 : 6;
+    compare("sizes-" + std::string{rawValue(GetParam())}, sheetOf(pictures, columns));
 }
+
+INSTANTIATE_TEST_SUITE_P(All, GoldenSizes,
+                         testing::Values(DockPosition::bottom, DockPosition::left,
+                                         DockPosition::right),
+                         [](const auto& edge) { return std::string{rawValue(edge.param)}; });
 
 /// At scales between the whole ones, icons at rest are as sharp as at these.
 TEST_F(GoldenPicture, IsSharpAtScalesInBetween) {

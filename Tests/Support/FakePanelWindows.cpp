@@ -59,6 +59,7 @@ FakePanelWindow::~FakePanelWindow() {
 
 void FakePanelWindow::setFrame(const Rect& frame, bool animate) {
     panel_->frame = frame;
+    panel_->overhang = panel_->nextOverhang;
     panel_->frameChanges.push_back({frame, animate});
     if (const auto report = std::exchange(panel_->onSetFrame, nullptr))
         report();

@@ -72,6 +72,9 @@ public:
     /// Where it is now, where it was asked to go since its making.
     Rect frame;
     std::vector<FrameChange> frameChanges;
+    /// As it was set last, and as it applies to the frame.
+    Overhang nextOverhang;
+    Overhang overhang;
     std::optional<Rect> hostedFrame;
     std::optional<Scene> scene;
     int presentations = 0;
@@ -104,6 +107,7 @@ public:
     FakePanelWindow& operator=(FakePanelWindow&&) = delete;
     ~FakePanelWindow() override;
 
+    void setOverhang(const Overhang& overhang) override { panel_->nextOverhang = overhang; }
     void setFrame(const Rect& frame, bool animate) override;
     void setHostedFrame(const Rect& frame) override;
     void present(const Scene& scene) override;

@@ -112,6 +112,64 @@ TEST_F(PanelInputTest, OnlyTheInputRegionTakesThePointer) {
     EXPECT_FALSE(input.takesPointer({50, 30}));
 }
 
+/// The same view without the gap, in a window that reaches 20 points further to the right and 10 to
+/// the top; the input region reaches 5 points into the former.
+class OverhangInputTest : public PanelInputTest {
+protected:
+    OverhangInputTest() {
+        input.setOverhang({.top = 10, .right = 20}, {300, 84});
+        input.setHosted({{0, 0, 300, 84}});
+        input.setInputRegion(Rect{0, 26, 305, 58});
+    }
+};
+
+TEST_F(OverhangInputTest, TheOverhangIsNoPartOfTheDock) {
+    input.pointerEntered({100, 90}, false);
+    input.pointerMoved({310, 40});
+    EXPECT_EQ(listener.entered, 0);
+    EXPECT_FALSE(input.takesPointer({310, 40}));
+
+    input.pointerMoved({100, 80});
+    EXPECT_EQ(listener.entered, 1);
+    input.pointerMoved({100, 84});
+    EXPECT_EQ(listener.exited, 1);
+}
+
+TEST_F(OverhangInputTest, WhatTakesThePointerThereBelongsToTheDock) {
+    input.pointerEntered({302, 40}, false);
+    EXPECT_EQ(listener.entered, 1);
+    EXPECT_EQ(listener.events, (std::vector<PointerEvent>{{Kind::moved, {302, 44}}}));
+    EXPECT_TRUE(input.takesPointer({302, 40}));
+}
+
+TEST_F(OverhangInputTest, AHeldButtonKeepsThePointerThere) {
+    input.pressed({100, 40}, false);
+    input.pointerMoved({310, 40});
+    EXPECT_EQ(listener.exited, 0);
+
+    input.released({310, 40}, true);
+    EXPECT_EQ(listener.exited, 1);
+}
+
+TEST_F(OverhangInputTest, AMenuThatClosesOverItLetsThePointerGo) {
+    input.pointerEntered({100, 40}, false);
+    input.menuOpened();
+    input.menuClosed({310, 40}, true);
+    EXPECT_EQ(listener.exited, 1);
+}
+
+TEST_F(OverhangInputTest, ADragThroughItIsNotOverTheDock) {
+    EXPECT_FALSE(input.dragEntered({"file:///a"}, {310, 40}));
+    EXPECT_TRUE(listener.dragged.empty());
+
+    EXPECT_TRUE(input.dragMoved({100, 40}));
+    EXPECT_EQ(listener.dragged, (std::vector<std::string>{"file:///a"}));
+
+    EXPECT_FALSE(input.dragMoved({310, 40}));
+    EXPECT_EQ(listener.dragsLeft, 1);
+    EXPECT_FALSE(input.dropped({310, 40}));
+}
+
 TEST_F(PanelInputTest, ADragBringsItsURLsOnceAndThenItsPlaces) {
     EXPECT_TRUE(input.dragEntered({"file:///a", "file:///b"}, {10, 80}));
     EXPECT_TRUE(input.dragMoved({20, 60}));

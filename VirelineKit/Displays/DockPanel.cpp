@@ -53,6 +53,7 @@ DockPanel::DockPanel(const PanelSpec& spec, bool autoHide, const DockViewContext
     if (autoHide_) {
         applyCollapsed(true, false);
     } else {
+        setWindowFrame(spec.frame, false);
         pinHosting();
     }
     // So that the window is never seen without its content.
@@ -84,15 +85,23 @@ void DockPanel::update(const PanelSpec& spec, bool autoHide) {
     }
     collapseTimer_.reset();
     setCollapsed(false);
-    window_->setFrame(spec.frame, false);
+    setWindowFrame(spec.frame, false);
     pinHosting();
 }
 
 void DockPanel::applyCollapsed(bool collapsed, bool animate) {
     setCollapsed(collapsed);
-    window_->setFrame(collapsed ? spec_.collapsedFrame() : spec_.hoverFrame(),
-                      animate && !motionSettings_.reducesMotion());
+    setWindowFrame(collapsed ? spec_.collapsedFrame() : spec_.hoverFrame(),
+                   animate && !motionSettings_.reducesMotion());
     pinHosting();
+}
+
+/// A sliver has nothing to show beyond its frame.
+void DockPanel::setWindowFrame(const Rect& frame, bool animate) {
+    windowFrame_ = frame;
+    overhang_ = collapsed_ ? Overhang{} : hosting_.overhang();
+    window_->setOverhang(overhang_);
+    window_->setFrame(frame, animate);
 }
 
 void DockPanel::setCollapsed(bool collapsed) {
@@ -206,6 +215,9 @@ void DockPanel::showFrame() {
     const double now = runLoop_.now();
     if (std::exchange(sceneIsStale_, false)) {
         animator_.setTarget(hosting_.makeScene(), now, motionSettings_.reducesMotion());
+        // Icons may have changed their size within the same plan.
+        if (!collapsed_ && overhang_ != hosting_.overhang())
+            setWindowFrame(windowFrame_, false);
     }
     window_->present(animator_.frame(now));
     if (animator_.isMoving(now))

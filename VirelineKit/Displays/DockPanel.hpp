@@ -54,6 +54,7 @@ private:
     void showTileMenu(std::uint32_t id) override;
 
     void setCollapsed(bool collapsed);
+    void setWindowFrame(const Rect& frame, bool animate);
     void pinHosting();
     void popUpMenu(const Menu& menu, const MenuPlace& place, const MenuClosed& onClose);
 
@@ -83,6 +84,9 @@ private:
     DockRootView hosting_;
     Animator animator_;
     std::unique_ptr<PanelWindow> window_;
+    /// As the window was given them.
+    Rect windowFrame_;
+    Overhang overhang_;
     bool sceneIsStale_ = true;
     Lifetime lifetime_;
 };

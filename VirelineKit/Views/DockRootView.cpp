@@ -98,6 +98,14 @@ StripLayout::Request DockRootView::layoutRequest() const {
     return request;
 }
 
+Overhang DockRootView::overhang() const {
+    const StripLayout::Request request = layoutRequest();
+    const Point reach = request.edge.vector(0, StripLayout::overhang(request));
+    return {.left = std::max(0.0, -reach.x),
+            .top = std::max(0.0, -reach.y),
+            .right = std::max(0.0, reach.x)};
+}
+
 Scene DockRootView::makeScene() {
     layoutIfNeeded();
     const bool isCollapsed = ui_.collapsed.get();
@@ -109,8 +117,9 @@ Scene DockRootView::makeScene() {
         const Point sunk = edge.vector(0, -DockMetrics::sliverThickness);
         scene.viewPlace = {viewPlace_.x + sunk.x, viewPlace_.y + sunk.y};
     }
+    const double strip = request_.iconSize + DockMetrics::stripHeightPadding;
     if (isCollapsed != std::exchange(wasCollapsed_, isCollapsed))
-        scene.passage = edge.vector(0, -edge.thickness());
+        scene.passage = edge.vector(0, -std::max(edge.thickness(), strip));
     return scene;
 }
 
@@ -118,13 +127,15 @@ Scene DockRootView::makeExpandedScene() {
     DockLook look{.edge = request_.edge,
                   .frames = frames_,
                   .tiles = {},
-                  .label = labelText(),
+                  .label = label(),
                   .listChanged = std::exchange(listChanged_, false),
                   .settles = std::exchange(settles_, false)};
     look.tiles.reserve(tiles_.all().size());
     int index = 0;
     for (const DockTile& tile : tiles_.all())
         look.tiles.push_back(lookOf(tile, index++));
+    shownDropTarget_ = dropTarget_;
+    shownDragged_ = press_ && press_->isDragging ? std::optional{press_->serial} : std::nullopt;
     Scene scene = DockScene::expanded(look);
     scene.inputRegion = inputRegion();
     if (request_.magnification <= 1)
@@ -141,6 +152,8 @@ TileLook DockRootView::lookOf(const DockTile& tile, int index) const {
         tile.kind == TileKind::app && context_.model.launching.get().contains(tile.item.id);
     look.isPulsing = tile.pulse;
     look.isDropTargeted = dropTarget_ == tile.serial;
+    look.wasDropTargeted = shownDropTarget_ == tile.serial;
+    look.wasBeingDragged = shownDragged_ == tile.serial;
     if (const auto drag = reorderDrag(); drag && tile.isPinnedApp()) {
         look.isBeingDragged = index == drag->draggedIndex;
         look.slide = look.isBeingDragged ? drag->offset : ReorderMath::neighborOffset(index, *drag);
@@ -148,13 +161,13 @@ TileLook DockRootView::lookOf(const DockTile& tile, int index) const {
     return look;
 }
 
-std::optional<std::string> DockRootView::labelText() const {
+std::optional<LabelLook> DockRootView::label() const {
     // A dock at the side has no room for labels.
     if (!pointer_ || !request_.edge.isHorizontal())
         return std::nullopt;
     const bool isDragging = press_ && press_->isDragging;
     const auto named = isDragging ? tiles_.indexOf(press_->serial) : hoveredTile();
-    return named ? std::optional{tiles_.all()[*named].item.name} : std::nullopt;
+    return named ? std::optional{LabelLook{*named, tiles_.all()[*named].item.name}} : std::nullopt;
 }
 
 std::optional<std::size_t> DockRootView::hoveredTile() const {
@@ -167,20 +180,29 @@ std::optional<std::size_t> DockRootView::hoveredTile() const {
     return static_cast<std::size_t>(hovered - frames_.tiles.begin());
 }
 
-std::optional<Rect> DockRootView::inputRegion() const {
-    if (takesWholeWindow_)
-        return std::nullopt;
+Rect DockRootView::inputRegion() const {
     const bool grows = pointer_ && request_.magnification > 1;
-    return grows ? StripLayout::fullGrowth(request_) : frames_.glassAtRest;
+    const Rect tiles = grows ? StripLayout::fullGrowth(request_) : frames_.glassAtRest;
+    if (!takesWholeWindow_)
+        return tiles;
+    // The view and the gap between it and the display's edge.
+    const Edge& edge = request_.edge;
+    const double gap = DockMetrics::sliverThickness;
+    return tiles.united(edge.rect(0, edge.length(), -gap, gap + edge.thickness()));
 }
 
-DockTile* DockRootView::tileAt(Point p) {
+std::optional<std::size_t> DockRootView::indexAt(Point p) {
     layoutIfNeeded();
     for (std::size_t i = 0; i < frames_.tiles.size(); ++i) {
         if (frames_.tiles[i].hit.contains(p))
-            return &tiles_.all()[i];
+            return i;
     }
-    return nullptr;
+    return std::nullopt;
+}
+
+DockTile* DockRootView::tileAt(Point p) {
+    const auto index = indexAt(p);
+    return index ? &tiles_.all()[*index] : nullptr;
 }
 
 void DockRootView::pointerEvent(const PointerEvent& event) {

@@ -65,6 +65,9 @@ public:
     /// panel takes the pointer everywhere, so that it knows when the pointer leaves.
     void update(const PanelSpec& spec, bool takesWholeWindow);
 
+    /// How far the dock ever draws beyond the view, as the tiles and settings are now.
+    [[nodiscard]] Overhang overhang() const;
+
     void pointerEvent(const PointerEvent& event);
 
     /// A drag from another program, as `PanelWindowListener` has it. Tells whether it brings files.
@@ -95,11 +98,12 @@ private:
     [[nodiscard]] StripLayout::Request layoutRequest() const;
     [[nodiscard]] Scene makeExpandedScene();
     [[nodiscard]] TileLook lookOf(const DockTile& tile, int index) const;
-    [[nodiscard]] std::optional<std::string> labelText() const;
+    [[nodiscard]] std::optional<LabelLook> label() const;
     /// The tile under the pointer, by its place among the tiles as they lie now.
     [[nodiscard]] std::optional<std::size_t> hoveredTile() const;
-    [[nodiscard]] std::optional<Rect> inputRegion() const;
+    [[nodiscard]] Rect inputRegion() const;
 
+    [[nodiscard]] std::optional<std::size_t> indexAt(Point p);
     [[nodiscard]] DockTile* tileAt(Point p);
     void pointerMoved(Point p);
     void pointerExited();
@@ -128,6 +132,9 @@ private:
     /// For the next scene alone.
     bool listChanged_ = false;
     bool settles_ = false;
+    /// The tiles that were a drop target and dragged in the scene before.
+    std::optional<std::uint32_t> shownDropTarget_;
+    std::optional<std::uint32_t> shownDragged_;
     /// The scene before was that of a collapsed dock.
     bool wasCollapsed_ = false;
     /// See `Scene`.

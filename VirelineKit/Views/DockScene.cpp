@@ -19,9 +19,7 @@ constexpr Curve bouncing{0.3, Easing::easeInOut, true};
 constexpr Curve landing{0.2, Easing::easeOut};
 
 constexpr double pulseScale = 0.92;
-constexpr double draggedScale = 1.08;
 constexpr double dropTargetScale = 1.1;
-constexpr double bounceHeight = 12;
 constexpr double handleOpacity = 0.4;
 /// At each end of a collapsed dock's handle.
 constexpr double handlePadding = 10;
@@ -33,7 +31,7 @@ double scaleOf(const TileLook& tile) {
     if (tile.isPulsing)
         return pulseScale;
     if (tile.isBeingDragged)
-        return draggedScale;
+        return StripLayout::draggedScale;
     return tile.isDropTargeted ? dropTargetScale : 1;
 }
 
@@ -46,11 +44,20 @@ Motion listMotion(const DockLook& look) {
     return motion;
 }
 
+/// A tile that comes off grows at once and shrinks on its way home.
+std::optional<Curve> scaleMotion(const TileLook& tile) {
+    if (tile.isBeingDragged && !tile.wasBeingDragged)
+        return std::nullopt;
+    if (tile.wasBeingDragged && !tile.isBeingDragged)
+        return settling;
+    return tile.isDropTargeted || tile.wasDropTargeted ? dropTarget : pulse;
+}
+
 Motion tileMotion(const DockLook& look, const TileLook& tile) {
     Motion motion = listMotion(look);
     if (!tile.isBeingDragged)
         motion.slide = look.settles ? settling : makingRoom;
-    motion.scale = tile.isDropTargeted ? dropTarget : pulse;
+    motion.scale = scaleMotion(tile);
     motion.bounce = tile.isLaunching ? bouncing : landing;
     return motion;
 }
@@ -70,7 +77,7 @@ void addTile(std::vector<SceneNode>& nodes, const DockLook& look, std::size_t in
     node.scale = scaleOf(tile);
     node.anchor = frames.icon.united(frames.dot).center();
     node.slide = look.edge.vector(tile.slide, 0);
-    node.bounce = look.edge.vector(0, tile.isLaunching ? bounceHeight : 0);
+    node.bounce = look.edge.vector(0, tile.isLaunching ? StripLayout::bounceHeight : 0);
     node.motion = tileMotion(look, tile);
     nodes.push_back(node);
 
@@ -114,9 +121,11 @@ Scene expanded(const DockLook& look) {
     if (dragged)
         addTile(nodes, look, *dragged);
     if (look.label) {
-        nodes.push_back({.id = {NodeID::Part::label},
-                         .frame = look.frames.labelZone,
-                         .content = LabelNode{*look.label, labelFontSize, labelPadding},
+        const auto& [tile, text] = *look.label;
+        // A label for each tile, so that one fades into the next.
+        nodes.push_back({.id = {NodeID::Part::label, look.tiles.at(tile).serial},
+                         .frame = StripLayout::labelZone(look.frames, look.edge, tile),
+                         .content = LabelNode{text, labelFontSize, labelPadding},
                          .motion = {.presence = labelChange}});
     }
     return scene;

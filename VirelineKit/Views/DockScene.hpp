@@ -5,6 +5,7 @@
 #include "Views/Scene.hpp"
 #include "Views/StripLayout.hpp"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -23,8 +24,17 @@ struct TileLook {
     bool isPulsing = false;
     bool isDropTargeted = false;
     bool isBeingDragged = false;
+    /// The same in the scene before.
+    bool wasDropTargeted = false;
+    bool wasBeingDragged = false;
     /// Along the axis: with the pointer, or aside for the tile that is dragged.
     double slide = 0;
+};
+
+/// The name of one of the tiles.
+struct LabelLook {
+    std::size_t tile = 0;
+    std::string text;
 };
 
 struct DockLook {
@@ -32,8 +42,7 @@ struct DockLook {
     const StripFrames& frames;
     /// One for each of the frames' tiles.
     std::vector<TileLook> tiles;
-    /// The label's text while there is one.
-    std::optional<std::string> label;
+    std::optional<LabelLook> label;
     /// The tiles are others than in the scene before.
     bool listChanged = false;
     /// A dragged tile was let go since the scene before.

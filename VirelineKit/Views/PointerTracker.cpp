@@ -130,7 +130,7 @@ void PointerTracker::leave() {
 }
 
 bool PointerTracker::isOnView(Point position) const {
-    return Rect{0, 0, viewSize_.width, viewSize_.height}.contains(position);
+    return viewArea_.contains(position);
 }
 
 }

@@ -20,8 +20,9 @@ public:
 
     explicit PointerTracker(PanelWindowListener& listener) : listener_(listener) {}
 
-    /// The hosted view's size in points; positions beside it are in the window but not on the view.
-    void setViewSize(Size size) { viewSize_ = size; }
+    /// Where the hosted view draws, in its own coordinates; positions beside that are in the window
+    /// but not on the view.
+    void setViewArea(const Rect& area) { viewArea_ = area; }
 
     /// A pointer that comes with a button held is in the middle of something else, such as moving a
     /// window. Where the button is let go here, there is word of it again.
@@ -59,7 +60,7 @@ private:
     [[nodiscard]] bool isOnView(Point position) const;
 
     PanelWindowListener& listener_;
-    Size viewSize_;
+    Rect viewArea_;
     bool isInside_ = false;
     bool isOnView_ = false;
     bool isPressed_ = false;

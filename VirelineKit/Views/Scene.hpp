@@ -115,8 +115,8 @@ struct SceneNode {
 struct Scene {
     std::vector<SceneNode> nodes;
 
-    /// The part of the view that takes the pointer; clicks beside it reach the window below.
-    /// Absent: the whole window.
+    /// The part of the view, and of the overhang of its window, that takes the pointer; clicks
+    /// beside it reach the window below. Absent: the window's whole frame.
     std::optional<Rect> inputRegion;
 
     /// Parts of the view, none on top of another, in each of which the pointer can move, with no

@@ -4,6 +4,7 @@
 #include "Views/DockMagnifier.hpp"
 
 #include <algorithm>
+#include <cmath>
 
 namespace vireline::StripLayout {
 namespace {
@@ -17,9 +18,9 @@ constexpr double dotSpacing = 1.5;
 constexpr double separatorShare = 0.6;
 /// How far the magnification band reaches beyond the strip.
 constexpr double bandOverhang = 8;
-
 /// Between the strip and a menu.
 constexpr double menuGap = 4;
+
 /// One tile along the axis, from the strip's leading edge.
 struct Span {
     double start = 0;
@@ -94,7 +95,7 @@ Rect separatorFrame(const Request& request, const AxisLayout& axis, std::size_t 
     } else if (!axis.tiles.empty()) {
         start = axis.tiles.back().end() + iconSpacing;
     }
-    return request.edge.rect(axis.shift + start, separatorWidth, (thickness - length) / 2, length);
+    return request.edge.rect(axis.shift + start, separatorWidth, 0, length);
 }
 
 double growth(const Request& request) noexcept {
@@ -123,11 +124,10 @@ StripFrames layout(const Request& request) {
         frames.separators.push_back(separatorFrame(request, axis, firstRunning));
     }
     frames.separators.push_back(separatorFrame(request, axis, firstUtility));
-    frames.labelZone = edge.rect(0, edge.length(), thickness + growth(request), labelZoneHeight);
+    frames.labelZone = edge.rect(0, edge.length(), thickness, labelZoneHeight);
     return frames;
 }
 
-bool isInMagnificationBand(Point p, const Edge& edge, double iconSize) noexcept {
 Rect labelZone(const StripFrames& frames, const Edge& edge, std::size_t tile) {
     const Point moved = edge.vector(0, frames.tiles.at(tile).icon.width - frames.iconSize);
     const Rect& zone = frames.labelZone;
@@ -145,29 +145,49 @@ MenuPlace menuPlace(const StripFrames& frames, const Edge& edge, double along) {
     return {{place.x, place.y}, edge.position == DockPosition::left ? Side::rightOf : Side::leftOf};
 }
 
+bool isInMagnificationBand(Point p, const Edge& edge, double iconSize) noexcept {
     return edge.distance(p) <= iconSize + stripHeightPadding + bandOverhang;
 }
 
 std::vector<Rect> quietRegions(const StripFrames& frames, const Edge& edge) {
     const double reach = stripPadding + frames.iconSize;
+    const double far = std::max(edge.thickness(), frames.iconSize + stripHeightPadding);
     std::vector<Rect> regions;
     regions.reserve(2 * frames.tiles.size() + 2);
+    const auto add = [&regions](const Rect& region) {
+        if (region.width > 0 && region.height > 0)
+            regions.push_back(region);
+    };
     double end = 0;
     for (const auto& [icon, dot, hit] : frames.tiles) {
         const double start = edge.along({hit.minX(), hit.minY()});
-        regions.push_back(edge.rect(end, start - end, 0, reach));
-        regions.push_back(hit);
+        add(edge.rect(end, start - end, 0, reach));
+        add(hit);
         end = edge.along({hit.maxX(), hit.maxY()});
     }
-    regions.push_back(edge.rect(end, edge.length() - end, 0, reach));
-    regions.push_back(edge.rect(0, edge.length(), reach, edge.thickness() - reach));
+    add(edge.rect(end, edge.length() - end, 0, reach));
+    add(edge.rect(0, edge.length(), reach, far - reach));
     return regions;
 }
 
 Rect fullGrowth(const Request& request) noexcept {
     const double thickness = request.iconSize + stripHeightPadding;
+    const double band = thickness + bandOverhang;
+    const double icons = stripPadding + request.iconSize + growth(request);
+    const double drawn = std::max(thickness, std::min(band, icons));
+    const double most = std::max(band, thickness + growth(request));
     return request.edge.rect(0, request.edge.length(), 0,
-                             thickness + std::max(bandOverhang, growth(request)));
+                             std::min(most, std::max(request.edge.thickness(), drawn)));
+}
+
+double overhang(const Request& request) noexcept {
+    const double side = request.iconSize + growth(request);
+    const double tile = stripPadding + side;
+    // Scaled about the middle of the tile, which the dot belongs to.
+    const double scaled = (draggedScale - 1) * (tile - dotSpacing) / 2;
+    const double label = request.edge.isHorizontal() ? labelZoneHeight : 0;
+    const double reach = std::max(tile + scaled + bounceHeight, side + stripHeightPadding + label);
+    return std::max(0.0, std::ceil(reach - request.edge.thickness()));
 }
 
 }

@@ -8,6 +8,7 @@
 #include "Views/Edge.hpp"
 #include "Views/Menu.hpp"
 
+#include <cstddef>
 #include <optional>
 #include <vector>
 
@@ -35,14 +36,19 @@ struct StripFrames {
     double magnifiedIconSize = 0;
     /// One before the running group, if it holds anything, and one before the utility group.
     std::vector<Rect> separators;
-    /// The room above a bottom strip at its greatest growth; meaningless for the sides, which show
-    /// no label.
+    /// The room directly on a bottom strip that has not grown; meaningless for the sides, which
+    /// show no label.
     Rect labelZone;
 
     bool operator==(const StripFrames&) const = default;
 };
 
 namespace StripLayout {
+
+/// How far a launching tile bobs away from the display's edge, in points, and how much larger a
+/// dragged one is drawn.
+inline constexpr double bounceHeight = 12;
+inline constexpr double draggedScale = 1.08;
 
 struct Request {
     int pinnedCount = 0;
@@ -65,12 +71,6 @@ struct Request {
 
 [[nodiscard]] StripFrames layout(const Request& request);
 
-/// Whether a point lies in the band along the display edge where the pointer magnifies. It reaches
-/// a little beyond the strip, so that crossing into the grown icons does not end it.
-[[nodiscard]] bool isInMagnificationBand(Point p, const Edge& edge, double iconSize) noexcept;
-
-/// Divides the view: each part is over one tile, or over none. For a strip that has not grown.
-[[nodiscard]] std::vector<Rect> quietRegions(const StripFrames& frames, const Edge& edge);
 /// The label's room for a tile: as much farther out as the tile has grown.
 [[nodiscard]] Rect labelZone(const StripFrames& frames, const Edge& edge, std::size_t tile);
 
@@ -78,9 +78,21 @@ struct Request {
 /// it.
 [[nodiscard]] MenuPlace menuPlace(const StripFrames& frames, const Edge& edge, double along);
 
+/// Whether a point lies in the band along the display edge where the pointer magnifies. It reaches
+/// a little beyond the strip, so that crossing into the grown icons does not end it.
+[[nodiscard]] bool isInMagnificationBand(Point p, const Edge& edge, double iconSize) noexcept;
 
-/// The whole of what magnified tiles can ever cover.
+/// Divides the view and the strip: each part is over one tile, or over none, and none is empty. For
+/// a strip that has not grown.
+[[nodiscard]] std::vector<Rect> quietRegions(const StripFrames& frames, const Edge& edge);
+
+/// Where magnified tiles take the pointer: as far as the view reaches, and beyond it as far as they
+/// are drawn while the pointer magnifies.
 [[nodiscard]] Rect fullGrowth(const Request& request) noexcept;
+
+/// How far beyond the view, away from the display's edge, anything is ever drawn: tiles at their
+/// largest, also while they bob, and the label above those. Whole points.
+[[nodiscard]] double overhang(const Request& request) noexcept;
 
 }
 }

@@ -92,9 +92,7 @@ void PanelPicture::placeQuietAreas() {
 }
 
 void PanelPicture::applyInput() {
-    QRect region = layout_.active & QRect{{0, 0}, layout_.window};
-    if (scene_.inputRegion)
-        region &= layout_.mapping.pixels(*scene_.inputRegion).toAlignedRect();
+    const QRect region = inputRegion();
     shape_.setInput(PixelRect{region.x(), region.y(), region.width(), region.height()});
 }
 
@@ -104,6 +102,13 @@ void PanelPicture::applyBackdrop() {
                            ? std::optional{OpaqueOutline::rectangles(surface_.image())}
                            : std::nullopt);
     shape_.setBlurred(kind == Backdrop::blurred ? blurRegion() : std::vector<xcb_rectangle_t>{});
+}
+
+QRect PanelPicture::inputRegion() const {
+    const QRect taken = scene_.inputRegion
+                            ? layout_.mapping.pixels(*scene_.inputRegion).toAlignedRect()
+                            : layout_.active;
+    return taken & QRect{{0, 0}, layout_.window};
 }
 
 Backdrop PanelPicture::backdrop() const {
@@ -123,14 +128,12 @@ std::optional<std::uint32_t> PanelPicture::base() const {
                                           : std::nullopt;
 }
 
-/// What a dock that takes the whole window has besides its view: the gap to the display's edge. In
+/// What a dock that takes its whole frame has besides its view: the gap to the display's edge. In
 /// an opaque window only what is painted takes the pointer, and it must not get lost there.
 QRegion PanelPicture::uncoveredByView() const {
-    if (scene_.inputRegion)
-        return {};
     const QRect view = ViewMappings::snapped(
         layout_.mapping.pixels({0, 0, layout_.view.width, layout_.view.height}));
-    return QRegion{layout_.active} - view;
+    return QRegion{layout_.active & inputRegion()} - view;
 }
 
 std::vector<xcb_rectangle_t> PanelPicture::blurRegion() const {

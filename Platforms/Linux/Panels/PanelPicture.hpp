@@ -26,7 +26,8 @@ struct PanelContext;
 /// Where a window shows its view; pixels.
 struct PanelLayout {
     QSize window;
-    /// The part of the window that the dock asks for; the rest is there for a movement's sake.
+    /// The part of the window that is the dock's frame; the rest is there for what is drawn beyond
+    /// it, or for a movement's sake.
     QRect active;
     /// What its corner is still away from where it was asked to be.
     QPoint lag;
@@ -71,6 +72,8 @@ private:
     void applyInput();
     void applyBackdrop();
 
+    /// Pixels of the window.
+    [[nodiscard]] QRect inputRegion() const;
     [[nodiscard]] Backdrop backdrop() const;
     [[nodiscard]] DockColors colors() const;
     [[nodiscard]] std::optional<std::uint32_t> base() const;

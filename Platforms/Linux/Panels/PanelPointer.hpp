@@ -35,7 +35,7 @@ public:
     /// All of them outlive it.
     PanelPointer(const PanelContext& context, PanelWindowListener& listener, Window& window);
 
-    void setViewSize(Size size) { tracker_.setViewSize(size); }
+    void setViewArea(const Rect& area) { tracker_.setViewArea(area); }
     /// The X window from now on, which has just been created, or XCB_NONE.
     void setWindow(xcb_window_t window);
 

@@ -4,6 +4,7 @@
 #include <QScreen>
 #include <algorithm>
 #include <cctype>
+#include <cmath>
 #include <utility>
 
 namespace vireline::x11 {
@@ -20,7 +21,6 @@ QPoint placed(QPoint at, QSize menu, const QRect& screen) {
             along(at.y(), menu.height(), screen.top(), screen.top() + screen.height())};
 }
 
-QKeyCombination keyOf(char keyEquivalent) {
 QPoint placed(const MenuPlace& place, QSize menu, const QRect& screen) {
     const Point corner =
         place.corner({static_cast<double>(menu.width()), static_cast<double>(menu.height())});
@@ -31,6 +31,7 @@ QPoint placed(const MenuPlace& place, QSize menu, const QRect& screen) {
             along(corner.y, menu.height(), screen.top(), screen.top() + screen.height())};
 }
 
+QKeyCombination keyOf(char keyEquivalent) {
     const auto letter = static_cast<unsigned char>(keyEquivalent);
     return QKeyCombination{Qt::ControlModifier, static_cast<Qt::Key>(std::toupper(letter))};
 }
@@ -53,7 +54,6 @@ private:
 }
 
 PopUpMenu::PopUpMenu(const Menu& menu, QScreen& screen, QPoint at, Closed closed)
-    : closed_(std::move(closed)), menu_(std::make_unique<KeyedMenu>().release()) {
     : PopUpMenu(menu, screen, std::move(closed)) {
     menu_->popup(placed(at, menu_->sizeHint(), screen.geometry()));
 }
@@ -64,6 +64,7 @@ PopUpMenu::PopUpMenu(const Menu& menu, QScreen& screen, const MenuPlace& place, 
 }
 
 PopUpMenu::PopUpMenu(const Menu& menu, QScreen& screen, Closed closed)
+    : closed_(std::move(closed)), menu_(std::make_unique<KeyedMenu>().release()) {
     fill(menu);
     // The choice comes after the hiding, in the same event; by the next turn both are known.
     QObject::connect(menu_.get(), &QMenu::aboutToHide, menu_.get(),

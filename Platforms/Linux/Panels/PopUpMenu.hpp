@@ -22,7 +22,7 @@ public:
     /// chosen entry if there is one. May destroy the menu.
     using Closed = std::function<void(std::optional<std::size_t>)>;
 
-    /// Opens at a position in Qt's coordinates, moved so as to lie inside the screen.
+    /// Opens with one of its corners at a position in Qt's coordinates, inside the screen.
     PopUpMenu(const Menu& menu, QScreen& screen, QPoint at, Closed closed);
     /// Opens at that place in Qt's coordinates, moved so as to lie inside the screen.
     PopUpMenu(const Menu& menu, QScreen& screen, const MenuPlace& place, Closed closed);

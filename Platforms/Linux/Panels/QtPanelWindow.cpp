@@ -33,7 +33,7 @@ QtPanelWindow::QtPanelWindow(const PanelContext& context, std::uint32_t displayI
     format.setAlphaBufferSize(8);
     setFormat(format);
     setTitle(QStringLiteral("Vireline dock #%1").arg(displayID));
-    pointer_.setViewSize(hostedFrame_.size());
+    pointer_.setViewArea(overhang_.around(hostedFrame_.size()));
     observe();
     relayout();
     if (QScreen* const screen = context.screens.qtScreen(displayID)) {
@@ -64,15 +64,18 @@ QtPanelWindow::~QtPanelWindow() {
 /// What moves is the content, which the kit takes care of; the window has room for both ends.
 void QtPanelWindow::setFrame(const Rect& frame, bool animate) {
     display_ = context_.screens.display(displayID_).value_or(display_);
-    const Rect before = frameBefore_.value_or(frame_);
+    const Rect before = extentBefore_.value_or(extent());
     frame_ = frame;
-    frameBefore_ = animate && before.united(frame) == before ? std::optional{before} : std::nullopt;
+    overhang_ = nextOverhang_;
+    const bool shrinks = before.united(extent()) == before;
+    extentBefore_ = animate && shrinks ? std::optional{before} : std::nullopt;
+    pointer_.setViewArea(overhang_.around(hostedFrame_.size()));
     updateSoon();
 }
 
 void QtPanelWindow::setHostedFrame(const Rect& frame) {
     hostedFrame_ = frame;
-    pointer_.setViewSize(frame.size());
+    pointer_.setViewArea(overhang_.around(frame.size()));
     updateSoon();
 }
 
@@ -252,14 +255,14 @@ void QtPanelWindow::showFrame() {
         listener_.frameDue();
         isInFrame_ = false;
     }
-    if (!isFrameAsked_ && std::exchange(frameBefore_, std::nullopt))
+    if (!isFrameAsked_ && std::exchange(extentBefore_, std::nullopt))
         updateIsDue_ = true;
     update();
 }
 
 /// The view lies where it is planned on the display, wherever the window is at the moment.
 void QtPanelWindow::relayout() {
-    target_ = DisplayGeometry::toPixels(display_, frameBefore_.value_or(frame_));
+    target_ = DisplayGeometry::toPixels(display_, extentBefore_.value_or(extent()));
     const PixelRect actual = place_ ? place_->actual().value_or(target_) : target_;
     const PixelRect planned = DisplayGeometry::toPixels(display_, frame_);
     const PixelRect view = DisplayGeometry::viewPixels(display_, frame_, hostedFrame_);

@@ -35,6 +35,7 @@ public:
     QtPanelWindow& operator=(QtPanelWindow&&) = delete;
     ~QtPanelWindow() override;
 
+    void setOverhang(const Overhang& overhang) override { nextOverhang_ = overhang; }
     void setFrame(const Rect& frame, bool animate) override;
     void setHostedFrame(const Rect& frame) override;
     void present(const Scene& scene) override;
@@ -70,6 +71,8 @@ private:
     [[nodiscard]] const std::vector<QRect>& quietAreas() const override;
     void requestTick() override;
 
+    /// The frame with its overhang, in global coordinates.
+    [[nodiscard]] Rect extent() const { return overhang_.around(frame_); }
     /// The window's corner in the root window.
     [[nodiscard]] QPoint corner() const;
     /// Of a position that Qt tells.
@@ -85,9 +88,12 @@ private:
     Display display_;
     Rect frame_;
     Rect hostedFrame_;
-    /// A frame that shrank with an animation leaves the window as large as before until the
-    /// animation is over.
-    std::optional<Rect> frameBefore_;
+    /// That of the frame, and that of frames to come.
+    Overhang overhang_;
+    Overhang nextOverhang_;
+    /// A window that shrinks with an animation stays as large as it was until the animation is
+    /// over. With its overhang, in global coordinates.
+    std::optional<Rect> extentBefore_;
     /// The window's place in the root window, as it should be.
     PixelRect target_;
     ViewMapping mapping_;

@@ -28,6 +28,7 @@ public:
     MacPanelWindow& operator=(MacPanelWindow&&) = delete;
     ~MacPanelWindow() override;
 
+    void setOverhang(const Overhang& overhang) override { nextOverhang_ = overhang; }
     void setFrame(const Rect& frame, bool animate) override;
     void setHostedFrame(const Rect& frame) override;
     void present(const Scene& scene) override;
@@ -40,6 +41,7 @@ public:
 private:
     void observe();
     void applyFrame(bool animate);
+    void placeDock();
     void restore();
     void lookAtPointerSoon();
     void lookAtPointer();
@@ -48,6 +50,10 @@ private:
 
     std::shared_ptr<PanelInput> input_;
     Rect frame_;
+    Rect hostedFrame_;
+    /// That of the frame, and that of frames to come.
+    Overhang overhang_;
+    Overhang nextOverhang_;
     VirelinePanel* _Nonnull panel_;
     VirelineDockView* _Nonnull dock_;
     FrameClock frames_;

@@ -31,12 +31,13 @@ MacPanelWindow::MacPanelWindow(std::uint32_t displayID, const Rect& frame,
                                PanelWindowListener& listener)
     : input_(std::make_shared<PanelInput>(listener))
     , frame_(frame)
+    , hostedFrame_{0, 0, frame.width, frame.height}
     , panel_([[VirelinePanel alloc] initWithFrame:toCGRect(frame) input:input_])
     , dock_(fill(panel_, input_))
     , frames_(dock_, [&listener] { listener.frameDue(); }) {
     // Nobody sees it but assistive technology.
     panel_.title = toNSString("Vireline dock #" + std::to_string(displayID));
-    input_->setHosted({{0, 0, frame.width, frame.height}});
+    placeDock();
     observe();
 }
 
@@ -63,30 +64,45 @@ MacPanelWindow::~MacPanelWindow() {
 
 void MacPanelWindow::setFrame(const Rect& frame, bool animate) {
     frame_ = frame;
+    overhang_ = nextOverhang_;
     attempt("setFrame", [&] { applyFrame(animate); });
+    placeDock();
     lookAtPointerSoon();
 }
 
 /// An animation that runs already is replaced: it would go on to where the window no longer
 /// belongs.
 void MacPanelWindow::applyFrame(bool animate) {
+    const NSRect extent = toCGRect(overhang_.around(frame_));
     const auto arrived = lifetime_.guard([this] { lookAtPointerSoon(); });
     [NSAnimationContext
         runAnimationGroup:^(NSAnimationContext* context) {
           if (!animate)
               context.duration = 0;
-          [panel_.animator setFrame:toCGRect(frame_) display:YES];
+          [panel_.animator setFrame:extent display:YES];
         }
         completionHandler:^{
           arrived();
         }];
     if (!animate)
-        [panel_ setFrame:toCGRect(frame_) display:YES];
+        [panel_ setFrame:extent display:YES];
 }
 
 void MacPanelWindow::setHostedFrame(const Rect& frame) {
-    input_->setHosted({frame});
-    attempt("setHostedFrame", [&] { dock_.frame = toCGRect(frame); });
+    hostedFrame_ = frame;
+    placeDock();
+}
+
+/// The dock's view is as large as what it draws; its coordinates are those of the hosted view.
+void MacPanelWindow::placeDock() {
+    const Rect hosted{hostedFrame_.x + overhang_.left, hostedFrame_.y + overhang_.bottom,
+                      hostedFrame_.width, hostedFrame_.height};
+    input_->setOverhang(overhang_, frame_.size());
+    input_->setHosted({hosted});
+    attempt("placeDock", [&] {
+        dock_.frame = toCGRect(overhang_.around(hosted));
+        dock_.bounds = toCGRect(overhang_.around(hosted.size()));
+    });
 }
 
 void MacPanelWindow::present(const Scene& scene) {
@@ -132,7 +148,7 @@ void MacPanelWindow::lookAtPointerSoon() {
 
 void MacPanelWindow::lookAtPointer() {
     const NSUInteger buttons = NSEvent.pressedMouseButtons;
-    if (panel_.isUnderPointer)
+    if (panel_.isUnderPointer && input_->isOver(pointer()))
         input_->pointerEntered(pointer(), buttons != 0);
     else
         input_->pointerLeft((buttons & 1) != 0);

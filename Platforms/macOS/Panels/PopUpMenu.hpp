@@ -20,8 +20,8 @@ public:
     /// drop the menu.
     using Closed = std::function<void(std::optional<std::size_t>)>;
 
-    /// Opens with its top-left corner at `at`, in the coordinates of `view`; the system moves it
-    /// into the display.
+    /// Opens at that place of `view`, whose y grows downwards; the system moves it into the
+    /// display.
     [[nodiscard]] static std::shared_ptr<PopUpMenu> open(const Menu& menu, NSView* _Nonnull view,
                                                          const MenuPlace& place, Closed closed);
 

@@ -1,6 +1,7 @@
 #include "Panels/PopUpMenu.hpp"
 
 #include "Bridge/Attempt.hpp"
+#include "Bridge/Conversions.hpp"
 #include "Bridge/Menus.hpp"
 
 #include <utility>
@@ -23,8 +24,8 @@ std::shared_ptr<PopUpMenu> PopUpMenu::open(const Menu& menu, NSView* view, const
             held->chosen_ = index;
     });
     opened->menu_ = native;
-    // The view may be gone by the next turn, and the menu with it while it is open. On the main
     const NSPoint at = toCGPoint(place.corner(toSize(native.size)));
+    // The view may be gone by the next turn, and the menu with it while it is open. On the main
     // queue it would hold up all that comes there.
     __weak NSView* const weakView = view;
     inTheNextTurn(^{

@@ -6,11 +6,40 @@ namespace vireline::macos {
 
 void PanelInput::setHosted(const HostedView& hosted) {
     hosted_ = hosted;
-    pointer_.setViewSize(hosted.frame.size());
+    pointer_.setViewArea(overhang_.around(hosted.frame.size()));
+}
+
+void PanelInput::setOverhang(const Overhang& overhang, Size frame) {
+    overhang_ = overhang;
+    frame_ = frame;
+    pointer_.setViewArea(overhang_.around(hosted_.frame.size()));
+}
+
+/// Sides without an overhang have no limit: a window on its way to its frame may still be larger.
+bool PanelInput::isInOverhang(Point at) const {
+    return at.x < overhang_.left || at.y < overhang_.bottom ||
+           (overhang_.right > 0 && at.x >= overhang_.left + frame_.width) ||
+           (overhang_.top > 0 && at.y >= overhang_.bottom + frame_.height);
 }
 
 bool PanelInput::takesPointer(Point at) const {
-    return !inputRegion_ || inputRegion_->contains(hosted_.toView(at));
+    return inputRegion_ ? inputRegion_->contains(hosted_.toView(at)) : !isInOverhang(at);
+}
+
+bool PanelInput::isOver(Point at) const {
+    return takesPointer(at) || !isInOverhang(at);
+}
+
+void PanelInput::pointerEntered(Point at, bool isButtonHeld) {
+    if (isOver(at))
+        pointer_.entered(hosted_.toView(at), isButtonHeld);
+}
+
+void PanelInput::pointerMoved(Point at) {
+    if (isOver(at) || pointer_.isPressed())
+        pointer_.moved(hosted_.toView(at));
+    else
+        pointer_.left({});
 }
 
 void PanelInput::pressed(Point at, bool asksForMenu) {
@@ -22,25 +51,37 @@ void PanelInput::pressed(Point at, bool asksForMenu) {
 }
 
 void PanelInput::released(Point at, bool isOverWindow) {
-    pointer_.released(hosted_.toView(at), isOverWindow);
+    pointer_.released(hosted_.toView(at), isOverWindow && isOver(at));
 }
 
 void PanelInput::menuClosed(Point at, bool isOverWindow) {
-    pointer_.menuClosed({.isOverWindow = isOverWindow, .position = hosted_.toView(at)});
+    pointer_.menuClosed(
+        {.isOverWindow = isOverWindow && isOver(at), .position = hosted_.toView(at)});
 }
 
 bool PanelInput::dragEntered(const std::vector<std::string>& urls, Point at) {
     dragEnded();
-    isDragOver_ = true;
-    listener_.dragEntered(urls);
+    draggedURLs_ = urls;
     return dragMoved(at);
 }
 
+/// What is dragged through the overhang comes and goes within the window.
 bool PanelInput::dragMoved(Point at) {
-    return isDragOver_ && listener_.dragMoved(hosted_.toView(at));
+    if (!isOver(at)) {
+        leaveDrag();
+        return false;
+    }
+    if (!std::exchange(isDragOver_, true))
+        listener_.dragEntered(draggedURLs_);
+    return listener_.dragMoved(hosted_.toView(at));
 }
 
 void PanelInput::dragEnded() {
+    draggedURLs_.clear();
+    leaveDrag();
+}
+
+void PanelInput::leaveDrag() {
     if (std::exchange(isDragOver_, false))
         listener_.dragExited();
 }

@@ -24,14 +24,16 @@ public:
 
     [[nodiscard]] const HostedView& hosted() const noexcept { return hosted_; }
     void setHosted(const HostedView& hosted);
-    /// In the view's coordinates; nothing is the whole window.
+    /// That of a window whose frame has this size.
+    void setOverhang(const Overhang& overhang, Size frame);
+    /// In the view's coordinates; nothing is the whole frame.
     void setInputRegion(const std::optional<Rect>& region) { inputRegion_ = region; }
     [[nodiscard]] bool takesPointer(Point at) const;
+    /// Whether a point of the window counts as being over the dock.
+    [[nodiscard]] bool isOver(Point at) const;
 
-    void pointerEntered(Point at, bool isButtonHeld) {
-        pointer_.entered(hosted_.toView(at), isButtonHeld);
-    }
-    void pointerMoved(Point at) { pointer_.moved(hosted_.toView(at)); }
+    void pointerEntered(Point at, bool isButtonHeld);
+    void pointerMoved(Point at);
     void pointerLeft(bool isPrimaryHeld) {
         pointer_.left({.isPrimaryHeld = isPrimaryHeld, .position = {}});
     }
@@ -51,10 +53,18 @@ public:
     bool dropped(Point at);
 
 private:
+    [[nodiscard]] bool isInOverhang(Point at) const;
+    void leaveDrag();
+
     PanelWindowListener& listener_;
     PointerTracker pointer_;
     HostedView hosted_;
+    Overhang overhang_;
+    Size frame_;
     std::optional<Rect> inputRegion_;
+    /// What is dragged over the window.
+    std::vector<std::string> draggedURLs_;
+    /// It is over the dock.
     bool isDragOver_ = false;
 };
 

@@ -43,7 +43,7 @@ Finding findDocks(SoakWorld& world) {
     const bool match =
         std::ranges::equal(shown, planned, [hides](const auto& dock, const auto& plan) {
             return dock.displayID == plan.spec.displayID &&
-                   (hides ? liesIn(dock.frame, plan.monitor.frame) : dock.frame == plan.frame);
+                   (hides ? liesIn(dock.frame, plan.monitor.frame) : dock.frame == plan.window);
         });
     return match ? Finding{} : describe(shown, planned);
 }

@@ -33,6 +33,21 @@ void reserve(Rect& visible, Edge edge, double thickness) {
         visible.height -= thickness;
 }
 
+/// Worked out apart from the program's own layout: at the bottom the label on the largest icon
+/// reaches farthest, at the sides an icon that bobs while it is dragged.
+Overhang overhangOf(const PanelSpec& spec, const PanelPlanner::Request& request) {
+    const DockOrdering::Counts counts{request.pinnedCount, request.unpinnedRunningCount, 2};
+    const double icon =
+        std::max(1.0, request.magnification) *
+        DockOrdering::fittedIconSize(counts, spec.availableWidth, request.maxIconSize);
+    if (spec.position == DockPosition::bottom)
+        return {.top = std::max(0.0, icon + 14 + 26 - spec.frame.height)};
+    const double reach = 7 + icon + 0.04 * (icon + 5.5) + 12;
+    const double overhang = std::max(0.0, std::ceil(reach - spec.frame.width));
+    return spec.position == DockPosition::left ? Overhang{.right = overhang}
+                                               : Overhang{.left = overhang};
+}
+
 }
 
 double Displays::scale(const std::string& monitor) const {
@@ -75,8 +90,10 @@ std::vector<PlannedDock> plannedDocks(const XClient& client, const Displays& dis
         const auto monitor = std::ranges::find_if(displays.monitors, [&](const auto& candidate) {
             return displayID(client, candidate.name) == spec.displayID;
         });
-        docks.push_back(
-            {*monitor, displays.scale(monitor->name), spec, displays.pixels(*monitor, spec.frame)});
+        const Overhang overhang = overhangOf(spec, request);
+        docks.push_back({*monitor, displays.scale(monitor->name), spec,
+                         displays.pixels(*monitor, spec.frame), overhang,
+                         displays.pixels(*monitor, overhang.around(spec.frame))});
     }
     std::ranges::sort(docks, {}, [](const auto& dock) { return dock.spec.displayID; });
     return docks;

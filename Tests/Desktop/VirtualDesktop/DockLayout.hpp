@@ -5,6 +5,7 @@
 #include "Displays/PanelPlanner.hpp"
 #include "Displays/ScreenSnapshot.hpp"
 #include "Model/DockOrdering.hpp"
+#include "Platform/PanelWindow.hpp"
 #include "VirtualDesktop/DockWindows.hpp"
 #include "VirtualDesktop/Monitors.hpp"
 
@@ -43,6 +44,9 @@ struct PlannedDock {
     double scale = 1;
     PanelSpec spec;
     PixelRect frame;
+    /// What it draws beyond its frame while it is out, and the whole of its window.
+    Overhang overhang;
+    PixelRect window;
 };
 
 /// The docks that should be there, in ascending order of display IDs.
