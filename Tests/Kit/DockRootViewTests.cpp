@@ -1,6 +1,7 @@
 #include "Support/DockRootViewTest.hpp"
 
 #include <algorithm>
+#include <utility>
 
 namespace vireline {
 namespace {
@@ -170,12 +171,22 @@ TEST_F(DockRootViewTest, UtilityTilesOpenTheirFolders) {
 
 // Behaviour: tiles-7
 TEST_F(DockRootViewTest, WithoutADownloadsFolderOrATrashThereIsNoTileForIt) {
-    dock.platform.userFolders.downloadsFolder.reset();
-    dock.platform.userFolders.trashFolder.reset();
     dock.setTiles(1, 0);
-    show();
-
+    const auto names = [this] {
+        show();
+        std::vector<std::string> found;
+        for (const AccessibleTile& tile : view().accessibleTiles())
+            found.push_back(tile.label);
+        return found;
+    };
+    using Names = std::vector<std::string>;
+    const auto downloads = std::exchange(dock.platform.userFolders.downloadsFolder, std::nullopt);
+    EXPECT_EQ(names(), (Names{"App p0", "Trash"}));
+    dock.platform.userFolders.trashFolder.reset();
+    EXPECT_EQ(names(), (Names{"App p0"}));
     EXPECT_EQ(icons().size(), 1U);
+    dock.platform.userFolders.downloadsFolder = downloads;
+    EXPECT_EQ(names(), (Names{"App p0", "Downloads"}));
 }
 
 // Behaviour: tiles-4
@@ -274,10 +285,16 @@ TEST_F(DockRootViewTest, ThePointerMagnifiesTheTileUnderItAndNoneFarAway) {
     dock.model.magnification.set(2);
     show(DockPosition::bottom, 1000, 128);
 
-    send(Kind::moved, centerOfIcon(0));
-
+    const Point first = centerOfIcon(0);
+    send(Kind::moved, first);
     EXPECT_EQ(icons()[0].frame.width, 88);
-    EXPECT_EQ(icons()[4].frame.width, 44);
+    EXPECT_NEAR(icons()[2].frame.width, 48.2016, 1e-3);
+    EXPECT_EQ(icons()[3].frame.width, 44);
+
+    // Between the first two, the fourth is two and a half tiles away.
+    send(Kind::moved, {first.x + 25, first.y});
+    EXPECT_NEAR(icons()[2].frame.width, 59.2016, 1e-3);
+    EXPECT_NEAR(icons()[3].frame.width, 44, 1e-9);
 }
 
 TEST_F(DockRootViewTest, MagnificationEndsBeyondTheBandAndWhenThePointerLeaves) {
@@ -296,16 +313,18 @@ TEST_F(DockRootViewTest, MagnificationEndsBeyondTheBandAndWhenThePointerLeaves) 
 }
 
 // Behaviour: dock-strip-4
-TEST_F(DockRootViewTest, APointerBeyondTheLastTileHoldsThatTileInPlace) {
+TEST_F(DockRootViewTest, APointerBeyondTheFirstOrTheLastTileHoldsThatTileInPlace) {
     dock.setTiles(3, 0);
     dock.model.magnification.set(2);
     show(DockPosition::bottom, 1000, 128);
-    const Rect glass = nodes(NodeID::Part::strip)[0].frame;
+    // The strip at rest goes from 367.5 to 632.5.
+    send(Kind::moved, {652.5, 120});
+    EXPECT_NEAR(icons().back().frame.midX(), 652.5, 1e-9);
+    EXPECT_NEAR(icons().back().frame.width, 73.3220, 1e-3);
 
-    send(Kind::moved, {glass.maxX() + 20, 120});
-
-    EXPECT_GT(icons().back().frame.width, 44);
-    EXPECT_LE(nodes(NodeID::Part::strip)[0].frame.maxX(), 1000);
+    send(Kind::moved, {347.5, 120});
+    EXPECT_NEAR(icons().front().frame.midX(), 347.5, 1e-9);
+    EXPECT_NEAR(icons().front().frame.width, 73.3220, 1e-3);
 }
 
 // Behaviour: dock-strip-6
@@ -324,15 +343,18 @@ TEST_F(DockRootViewTest, ADemoCursorFreezesAMagnifiedStateUntilThePointerComes) 
     dock.setTiles(8, 0);
     dock.model.magnification.set(2);
     context.demoCursorFraction = 0.5;
+    for (const auto& [position, thickness] :
+         {std::pair{DockPosition::bottom, 128.0}, std::pair{DockPosition::left, 102.0}}) {
+        show(position, 1000, thickness);
+        // The strip at rest is 515 long, so the pointer is at 257.5 of it, between these two.
+        EXPECT_NEAR(icons()[4].frame.width, 82.5935, 1e-3);
+        EXPECT_NEAR(icons()[5].frame.width, 84.8656, 1e-3);
+        send(Kind::exited);
+        EXPECT_EQ(icons()[5].frame.width, 44);
+    }
+    context.demoCursorFraction = 0.25;
     show(DockPosition::bottom, 1000, 128);
-    const auto widest = [&] {
-        return std::ranges::max(icons(), {}, [](const auto& n) { return n.frame.width; }).frame;
-    };
-    EXPECT_NEAR(widest().midX(), 500, 44);
-    EXPECT_GT(widest().width, 80);
-
-    send(Kind::exited);
-    EXPECT_EQ(widest().width, 44);
+    EXPECT_NEAR(icons()[0].frame.width, 84.8656, 1e-3);
 }
 
 TEST_F(DockRootViewTest, ADemoCursorDoesNothingWithoutMagnification) {
@@ -387,6 +409,26 @@ TEST_F(DockRootViewTest, TheInputRegionGrowsOnEntryAndNotWithEveryMove) {
     EXPECT_EQ(atRest->height, 58);
     EXPECT_EQ(entered, (Rect{0, 128 - 102, 1000, 102}));
     EXPECT_EQ(view().makeScene().inputRegion, entered);
+}
+
+TEST_F(DockRootViewTest, ThePointerIsTakenBeyondTheViewOnlyWhereTilesAreDrawn) {
+    dock.setTiles(3, 0);
+    dock.model.configuredIconSize.set(64);
+    show(DockPosition::left, 1000, 58);
+    const auto atRest = view().makeScene().inputRegion;
+    EXPECT_EQ(atRest->minX(), 0);
+    EXPECT_EQ(atRest->maxX(), 78);
+
+    dock.model.magnification.set(1.2);
+    show(DockPosition::left, 1000, 58 + 0.2 * 64);
+    send(Kind::moved, centerOfIcon(1));
+    EXPECT_DOUBLE_EQ(view().makeScene().inputRegion->maxX(), 7 + 1.2 * 64);
+
+    // Farther out than the band the pointer makes the icons small again.
+    dock.model.magnification.set(1.4);
+    show(DockPosition::left, 1000, 58 + 0.4 * 64);
+    send(Kind::moved, centerOfIcon(1));
+    EXPECT_DOUBLE_EQ(view().makeScene().inputRegion->maxX(), 86);
 }
 
 TEST_F(DockRootViewTest, APointerWithinATileNeedsNoTelling) {
