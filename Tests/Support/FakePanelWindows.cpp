@@ -67,7 +67,7 @@ void FakePanelWindow::setFrame(const Rect& frame, bool animate) {
 
 void FakePanelWindow::setHostedFrame(const Rect& frame) {
     panel_->hostedFrame = frame;
-    pointer_.setViewSize(frame.size());
+    pointer_.setViewArea(panel_->overhang.around(frame.size()));
 }
 
 void FakePanelWindow::present(const Scene& scene) {
