@@ -16,14 +16,20 @@ StormWindow::~StormWindow() {
     witness_.windowGone(*this);
 }
 
+void StormWindow::setOverhang(const Overhang& beyond) {
+    nextOverhang = beyond;
+    witness_.called("setOverhang");
+}
+
 void StormWindow::setFrame(const Rect& moved, bool /*animate*/) {
     frame = moved;
+    overhang = nextOverhang;
     witness_.called("setFrame");
 }
 
 void StormWindow::setHostedFrame(const Rect& moved) {
     hosted = moved;
-    tracker_.setViewSize(moved.size());
+    tracker_.setViewArea(overhang.around(moved.size()));
     witness_.called("setHostedFrame");
 }
 
@@ -56,7 +62,7 @@ void StormWindow::orderOut() {
     witness_.called("orderOut");
 }
 
-void StormWindow::popUpMenu(const Menu& shown, Point /*at*/, MenuClosed onClose) {
+void StormWindow::popUpMenu(const Menu& shown, const MenuPlace& /*place*/, MenuClosed onClose) {
     if (hasMenu)
         closeMenu(std::nullopt);
     menu = shown;

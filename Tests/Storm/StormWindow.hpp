@@ -51,6 +51,7 @@ public:
     StormWindow& operator=(StormWindow&&) = delete;
     ~StormWindow() override;
 
+    void setOverhang(const Overhang& overhang) override;
     void setFrame(const Rect& frame, bool animate) override;
     void setHostedFrame(const Rect& frame) override;
     void present(const Scene& scene) override;
@@ -58,7 +59,7 @@ public:
     void watchForCancel(bool watches) override;
     void orderFrontRegardless() override;
     void orderOut() override;
-    void popUpMenu(const Menu& menu, Point at, MenuClosed onClose) override;
+    void popUpMenu(const Menu& menu, const MenuPlace& place, MenuClosed onClose) override;
 
     /// What the user does; positions in the view's coordinates. The window may be gone afterwards.
     void enter(Point at);
@@ -80,6 +81,9 @@ public:
     const DockID id;
     Rect frame;
     Rect hosted;
+    /// That of the frame, and that of frames to come.
+    Overhang overhang;
+    Overhang nextOverhang;
     Menu menu;
     /// The app that the menu is about; nothing for the program's own.
     std::optional<DockItem> menuItem;

@@ -77,6 +77,12 @@ std::function<NSMenuItem*(NSMenu*)>& menuAnswer() {
         paper::guarded("menu item", [&] { paper::send(target, item.paperAction, item); });
 }
 
+- (NSSize)size {
+    constexpr double width = 160;
+    constexpr double itemHeight = 22;
+    return {width, itemHeight * static_cast<double>(_items.size())};
+}
+
 - (BOOL)popUpMenuPositioningItem:(NSMenuItem*)item
                       atLocation:(NSPoint)location
                           inView:(NSView*)view {

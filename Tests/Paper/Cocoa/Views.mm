@@ -103,6 +103,7 @@ NSRect autoresized(NSView* view, NSSize before, NSSize after) {
     std::vector<NSTrackingArea*> _areas;
     NSArray* _draggedTypes;
     NSRect _frame;
+    NSPoint _boundsOrigin;
     BOOL _wantsLayer;
 }
 @synthesize accessibilityElement, accessibilityRole, accessibilityLabel, accessibilityValue,
@@ -155,11 +156,12 @@ NSRect autoresized(NSView* view, NSSize before, NSSize after) {
 }
 
 - (NSRect)bounds {
-    return {{0, 0}, _frame.size};
+    return {_boundsOrigin, _frame.size};
 }
 
 - (void)setBounds:(NSRect)bounds {
-    static_cast<void>(bounds);
+    // Nothing here scales what a view shows.
+    _boundsOrigin = bounds.origin;
 }
 
 - (BOOL)isFlipped {
@@ -271,13 +273,15 @@ NSRect autoresized(NSView* view, NSSize before, NSSize after) {
 }
 
 - (NSPoint)paperPointInSuperview:(NSPoint)point {
-    const double y = [self paperIsTurned] ? _frame.size.height - point.y : point.y;
-    return {_frame.origin.x + point.x, _frame.origin.y + y};
+    const double inside = point.y - _boundsOrigin.y;
+    const double y = [self paperIsTurned] ? _frame.size.height - inside : inside;
+    return {_frame.origin.x + point.x - _boundsOrigin.x, _frame.origin.y + y};
 }
 
 - (NSPoint)paperPointFromSuperview:(NSPoint)point {
     const double y = point.y - _frame.origin.y;
-    return {point.x - _frame.origin.x, [self paperIsTurned] ? _frame.size.height - y : y};
+    const double inside = [self paperIsTurned] ? _frame.size.height - y : y;
+    return {point.x - _frame.origin.x + _boundsOrigin.x, inside + _boundsOrigin.y};
 }
 
 - (NSPoint)paperPointInWindow:(NSPoint)point {
