@@ -73,6 +73,43 @@ TEST_F(DockPlacement, ComesBackWhenTheOtherDockIsGone) {
     EXPECT_NE(desktop().docks().on(desktop().displayIDOf("right")).window, XCB_NONE);
 }
 
+TEST_F(DockPlacement, StandsBeyondASecondPanel) {
+    runOn({.monitors = twoMonitors()});
+    desktop().reserve({"left", Edge::bottom, panelThickness});
+    desktop().reserve({"right", Edge::bottom, panelThickness});
+    desktop().runVireline();
+    EXPECT_TRUE(docksSettle(threeTiles));
+    const auto right = desktop().displayIDOf("right");
+    const auto& display = desktop().monitor("right").frame;
+    constexpr int gap = 4;
+    EXPECT_EQ(desktop().docks().on(right).frame.bottom(), display.bottom() - panelThickness - gap);
+    desktop().endReservations();
+    EXPECT_TRUE(docksSettle(threeTiles));
+    EXPECT_TRUE(eventually(
+        [&] { return desktop().docks().on(right).frame.bottom() == display.bottom() - gap; }));
+}
+
+TEST_F(DockPlacement, OpensBeyondASecondPanelFromItsSliver) {
+    runOn({.monitors = twoMonitors()});
+    desktop().home().writePreferences(R"({"onboardingCompleted": true, "autoHide": true})");
+    desktop().reserve({"left", Edge::bottom, panelThickness});
+    desktop().reserve({"right", Edge::bottom, panelThickness});
+    desktop().runVireline();
+    const auto planned = plannedDock("right", threeTiles).frame;
+    const auto right = desktop().displayIDOf("right");
+    constexpr int sliver = 4;
+    const int edge = desktop().monitor("right").frame.bottom() - panelThickness;
+    ASSERT_TRUE(eventually([&] {
+        const auto frame = desktop().docks().on(right).frame;
+        return frame.height == sliver && frame.bottom() == edge;
+    }));
+    desktop().pointer().moveTo({planned.center().x, edge - 1});
+    EXPECT_TRUE(eventually([&] {
+        const auto frame = desktop().docks().on(right).frame;
+        return frame.y == planned.y && frame.bottom() == edge;
+    }));
+}
+
 TEST_F(DockPlacement, ShowsNoDockOnASingleDisplay) {
     runOn({.monitors = {twoMonitors().front()}}).runVireline();
     EXPECT_TRUE(logs("reconcile screens=[" + std::to_string(desktop().displayIDOf("left")) +

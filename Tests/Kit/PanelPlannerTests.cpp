@@ -5,6 +5,8 @@
 #include "Support/Printing.hpp"
 #include "Support/Random.hpp"
 #include "Support/Samples.hpp"
+#include "WindowManagement/GuardMath.hpp"
+#include "WindowManagement/WindowPlacement.hpp"
 
 #include <gtest/gtest.h>
 
@@ -309,6 +311,87 @@ TEST(PanelPlanner, KeepsRoomForTheLeastMagnification) {
 
     EXPECT_LT(magnified.availableWidth, room);
     EXPECT_GT(magnified.availableWidth, room - 1);
+}
+
+/// The wide display, with a panel of another program at its bottom.
+constexpr double otherPanel = 40;
+
+std::vector<ScreenSnapshot> withAPanelOnEach() {
+    return {sampleHost(1, primary), sampleHost(2, wide, otherPanel)};
+}
+
+TEST(PanelPlanner, StandsBeyondAPanelThatAnotherProgramHasAtTheEdge) {
+    const auto screens = withAPanelOnEach();
+    const PanelSpec panel = desiredPanels(screens, fiveTiles()).at(0);
+    PanelSpec expected = onlyPanel(wide, fiveTiles());
+    expected.frame.y += otherPanel;
+    EXPECT_EQ(panel, expected);
+    EXPECT_EQ(panel.collapsedFrame().minY(), screens[1].visibleFrame.minY());
+    EXPECT_EQ(panel.hoverFrame().minY(), screens[1].visibleFrame.minY());
+
+    ScreenSnapshot sides = sampleScreen(2, wide);
+    sides.visibleFrame.x += 30;
+    sides.visibleFrame.width -= 30 + 50;
+    const std::vector besides{sampleHost(1, primary), sides};
+    const PanelSpec left = desiredPanels(besides, fiveTiles(DockPosition::left)).at(0);
+    EXPECT_EQ(left.frame.minX(), wide.minX() + 30 + 4);
+    EXPECT_EQ(left.collapsedFrame().minX(), wide.minX() + 30);
+    const PanelSpec right = desiredPanels(besides, fiveTiles(DockPosition::right)).at(0);
+    EXPECT_EQ(right.frame.maxX(), wide.maxX() - 50 - 4);
+    EXPECT_EQ(right.collapsedFrame().maxX(), wide.maxX() - 50);
+}
+
+TEST(PanelPlanner, IgnoresPanelsAtOtherEdgesThatTheDockDoesNotReach) {
+    ScreenSnapshot screen = sampleHost(2, wide, otherPanel);
+    screen.visibleFrame.height -= 25;
+    screen.visibleFrame.x += 30;
+    screen.visibleFrame.width -= 30;
+    const std::vector screens{sampleHost(1, primary), screen};
+    const PanelSpec bottom = desiredPanels(screens, fiveTiles()).at(0);
+    EXPECT_EQ(bottom.frame.midX(), wide.midX());
+    const PanelSpec right = desiredPanels(screens, fiveTiles(DockPosition::right)).at(0);
+    EXPECT_EQ(right, onlyPanel(wide, fiveTiles(DockPosition::right)));
+}
+
+TEST(PanelPlanner, FitsALongDockBetweenThePanelsAtItsEnds) {
+    ScreenSnapshot screen = sampleHost(2, wide, otherPanel);
+    screen.visibleFrame.x += 100;
+    screen.visibleFrame.width -= 100;
+    Request request = fiveTiles();
+    request.pinnedCount = 38;
+    const PanelSpec panel =
+        desiredPanels(std::vector{sampleHost(1, primary), screen}, request).at(0);
+    EXPECT_EQ(panel.availableWidth, 1820 - 20);
+    EXPECT_EQ(panel.frame.midX(), screen.visibleFrame.midX());
+    EXPECT_GE(panel.frame.minX(), screen.visibleFrame.minX() + 10);
+
+    request.position = DockPosition::right;
+    const PanelSpec side =
+        desiredPanels(std::vector{sampleHost(1, primary), screen}, request).at(0);
+    EXPECT_GE(side.frame.minY(), wide.minY() + otherPanel + 10);
+}
+
+TEST(PanelPlanner, StaysAtTheEdgeWhereOnlyAMenuBarOrAHiddenDockTakesRoom) {
+    ScreenSnapshot screen = sampleHost(2, wide, 4);
+    screen.visibleFrame.height -= 25;
+    const std::vector screens{sampleHost(1, primary), screen};
+    EXPECT_EQ(desiredPanels(screens, fiveTiles()).at(0), onlyPanel(wide, fiveTiles()));
+    const Request left = fiveTiles(DockPosition::left);
+    EXPECT_EQ(desiredPanels(screens, left).at(0), onlyPanel(wide, left));
+}
+
+TEST(PanelPlanner, LeavesADockBeyondAPanelInReachOfThePointerAndFreeOfFilledWindows) {
+    const auto screens = withAPanelOnEach();
+    const PanelSpec panel = desiredPanels(screens, fiveTiles()).at(0);
+    const Rect sliver = panel.collapsedFrame();
+    const Point atSliver{sliver.midX(), primary.height - sliver.midY()};
+    EXPECT_FALSE(GuardMath::clamp(atSliver, GuardMath::guardZones(screens, {2})));
+
+    const auto filled = WindowPlacement::fillFrame(
+        screens[1], screens, {.dockReserved = true, .magnification = 1, .configuredIconSize = 48});
+    const double bottomOfWindow = primary.height - (filled.position.y + filled.size.height);
+    EXPECT_GE(bottomOfWindow, panel.frame.maxY());
+    EXPECT_EQ(bottomOfWindow - panel.frame.maxY(), 4);
 }
 
 }

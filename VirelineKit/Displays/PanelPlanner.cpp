@@ -49,18 +49,52 @@ double thickness(DockPosition edge, double iconSize, double magnification) {
     return magnification > 1 ? resting + (magnification - 1) * iconSize : resting;
 }
 
+/// An inset of the visible frame up to this depth is not a panel: systems reserve a few points for
+/// a dock that hides itself, and a planned panel stands clear of those anyway.
+constexpr double negligibleInset = DockMetrics::bottomMargin;
+
+/// The part of a display that other programs' panels leave free at the edges where docks stand. The
+/// top edge does not count, since menu bars inset it too.
+Rect beyondPanels(const ScreenSnapshot& screen) {
+    const auto inset = [](double depth) { return depth > negligibleInset ? depth : 0; };
+    const Rect& frame = screen.frame;
+    const double left = inset(screen.visibleFrame.minX() - frame.minX());
+    const double right = inset(frame.maxX() - screen.visibleFrame.maxX());
+    const double bottom = inset(screen.visibleFrame.minY() - frame.minY());
+    return {frame.x + left, frame.y + bottom, frame.width - left - right, frame.height - bottom};
+}
+
+bool contains(DockEdge::Extent outer, DockEdge::Extent inner) {
+    return outer.start <= inner.start && inner.end() <= outer.end();
+}
+
+struct Placed {
+    DockEdge::Extent along;
+    Fit tiles;
+};
+
+/// In the middle of a stretch of the display's edge.
+Placed centred(DockEdge::Extent stretch, const DockOrdering::Counts& counts,
+               const Request& request) {
+    const Fit tiles = fit(counts, stretch.length, request);
+    return {{stretch.middle() - tiles.panelLength / 2, tiles.panelLength}, tiles};
+}
+
+/// Stands beyond a panel that another program has at the same edge. A panel across one end of the
+/// edge matters only to a dock so long that it would reach it.
 PanelSpec panel(const ScreenSnapshot& screen, const DockOrdering::Counts& counts,
                 const Request& request) {
     const DockPosition edge = request.position;
-    const DockEdge::Extent display = DockEdge::along(screen.frame, edge);
-    const Fit tiles = fit(counts, display.length, request);
-    const DockEdge::Extent along{display.middle() - tiles.panelLength / 2, tiles.panelLength};
-    const DockEdge::Extent across = DockEdge::atEdge(
-        DockEdge::across(screen.frame, edge),
-        thickness(edge, tiles.iconSize, request.magnification), DockMetrics::bottomMargin, edge);
+    const Rect free = beyondPanels(screen);
+    Placed placed = centred(DockEdge::along(screen.frame, edge), counts, request);
+    if (const auto stretch = DockEdge::along(free, edge); !contains(stretch, placed.along))
+        placed = centred(stretch, counts, request);
+    const double depth = thickness(edge, placed.tiles.iconSize, request.magnification);
+    const DockEdge::Extent across =
+        DockEdge::atEdge(DockEdge::across(free, edge), depth, DockMetrics::bottomMargin, edge);
     return {.displayID = screen.id,
-            .frame = DockEdge::rect(along, across, edge),
-            .availableWidth = tiles.availableWidth,
+            .frame = DockEdge::rect(placed.along, across, edge),
+            .availableWidth = placed.tiles.availableWidth,
             .position = edge};
 }
 

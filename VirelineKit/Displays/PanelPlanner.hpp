@@ -23,7 +23,8 @@ struct PanelSpec {
     double availableWidth = 0;
     DockPosition position = DockPosition::bottom;
 
-    /// The sliver along the display's edge. It fills the gap that a planned frame leaves there.
+    /// The sliver along the display's edge, or along another program's panel there. It fills the
+    /// gap that a planned frame leaves.
     [[nodiscard]] Rect collapsedFrame() const;
 
     /// The frame joined with the sliver: where the pointer counts as being over the dock.
@@ -61,7 +62,8 @@ struct Request {
 };
 
 /// One panel for every display but the one that holds the desktop's own dock, in screen order; none
-/// with fewer than two displays.
+/// with fewer than two displays. Where another program has a panel at the dock's edge, the dock
+/// stands beyond it, at the edge of the visible frame.
 [[nodiscard]] std::vector<PanelSpec> desiredPanels(std::span<const ScreenSnapshot> screens,
                                                    const Request& request);
 
