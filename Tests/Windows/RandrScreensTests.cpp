@@ -3,6 +3,8 @@
 namespace vireline {
 namespace {
 
+using desktop::PixelRect;
+
 class RandrScreensTest : public test::WindowTest {
 protected:
     void SetUp() override {
@@ -97,6 +99,38 @@ TEST_F(RandrScreensTest, ShowAMirroredDisplayOnce) {
     desk().setMonitors(monitors);
     EXPECT_TRUE(eventually([&] { return ids().size() == 2; }));
     EXPECT_EQ(ids().front(), idOf("main"));
+}
+
+TEST_F(RandrScreensTest, FindPanelsThatTheWindowManagerDoesNotList) {
+    const auto window = client().createWindow({1400, 400, 300, 300}, 0);
+    client().map(window);
+    client().sync();
+    ASSERT_TRUE(eventually([&] { return client().managedWindows().size() == 1; }));
+    settle();
+
+    // In a window of another program, as in a frame.
+    const PixelRect edge{1280, 1060, 1280, 40};
+    const auto frame = client().createWindow(edge, 0);
+    const auto panel = client().createWindow({0, 0, 1280, 40}, 0);
+    client().setWords(panel, "_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL,
+                      {0, 0, 0, 1244, 0, 0, 0, 0, 0, 0, 1280, 2559});
+    const std::uint32_t unmanaged = 1;
+    xcb_change_window_attributes(client().get(), frame, XCB_CW_OVERRIDE_REDIRECT, &unmanaged);
+    xcb_reparent_window(client().get(), panel, frame, 0, 0);
+    client().map(panel);
+    client().map(frame);
+    client().sync();
+    EXPECT_TRUE(eventually([&] { return screen("main").visibleFrame.height == 760; }));
+
+    client().destroy(window);
+    client().sync();
+    ASSERT_TRUE(eventually([&] { return client().managedWindows().empty(); }));
+    settle();
+    settle();
+    EXPECT_EQ(screen("main").visibleFrame.height, 760);
+    client().destroy(frame);
+    client().sync();
+    EXPECT_TRUE(eventually([&] { return screen("main").visibleFrame.height == 800; }));
 }
 
 TEST_F(RandrScreensTest, ReadStrutsWithoutAWindowManager) {

@@ -97,7 +97,7 @@ StrutWindows::StrutWindows(X11Connection& connection)
 std::vector<StrutWindow> StrutWindows::read() {
     Questions questions{connection_};
     for (const xcb_window_t window : candidates()) {
-        if (!isOwn(window))
+        if (!connection_.isOwn(window))
             questions.ask(window);
     }
     std::vector<StrutWindow> found;
@@ -121,35 +121,60 @@ std::vector<StrutWindow> StrutWindows::read() {
 /// The list of a window manager that is gone may linger; windows that no longer exist do no harm.
 std::vector<xcb_window_t> StrutWindows::candidates() {
     auto windows = connection_.windows(connection_.root(), "_NET_CLIENT_LIST");
-    watchTree(windows.empty());
-    if (windows.empty()) {
-        const Owned<xcb_query_tree_reply_t> tree{xcb_query_tree_reply(
-            connection_.get(), xcb_query_tree(connection_.get(), connection_.root()), nullptr)};
-        if (tree) {
-            const auto count = static_cast<std::size_t>(xcb_query_tree_children_length(tree.get()));
-            const std::span children{xcb_query_tree_children(tree.get()), count};
-            windows.assign(children.begin(), children.end());
-        }
-    }
     windows.resize(std::min(windows.size(), maximumWindows));
+    // Every move of every window is told to those who watch the tree, so only where it has to be.
+    if (listsDocks(windows)) {
+        topLevels_.reset();
+    } else {
+        if (!topLevels_)
+            topLevels_ = connection_.watchTopLevels();
+        addUnlisted(windows);
+    }
     return windows;
 }
 
-bool StrutWindows::isOwn(xcb_window_t window) const {
-    const xcb_setup_t& setup = *xcb_get_setup(connection_.get());
-    return (window & ~setup.resource_id_mask) == setup.resource_id_base;
+/// Ours are docks as well, so that this can be told wherever one is shown.
+bool StrutWindows::listsDocks(std::span<const xcb_window_t> windows) const {
+    constexpr std::size_t typeBytes = 8 * sizeof(std::uint32_t);
+    const xcb_atom_t dock = connection_.atom("_NET_WM_WINDOW_TYPE_DOCK");
+    PropertyBatch types{connection_};
+    for (const xcb_window_t window : windows)
+        types.ask(window, "_NET_WM_WINDOW_TYPE", typeBytes);
+    for (std::size_t i = 0; i < windows.size(); ++i) {
+        if (std::ranges::count(types.words(i, XCB_ATOM_ATOM), dock) > 0)
+            return true;
+    }
+    return false;
 }
 
-/// Every move of every window is told to who watches the tree, so only while nobody lists windows.
-void StrutWindows::watchTree(bool watch) {
-    if (watch == watchesTree_)
-        return;
-    watchesTree_ = watch;
-    if (watch) {
-        connection_.selectInput(connection_.root(), XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
-    } else {
-        connection_.deselectInput(connection_.root(), XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
+/// A panel may be a child of the root, or of a frame around it.
+void StrutWindows::addUnlisted(std::vector<xcb_window_t>& windows) const {
+    xcb_connection_t* const x = connection_.get();
+    std::unordered_set<xcb_window_t> known{windows.begin(), windows.end()};
+    const auto childrenOf = [&](xcb_query_tree_cookie_t cookie) {
+        std::vector<xcb_window_t> children;
+        const Owned<xcb_query_tree_reply_t> tree{xcb_query_tree_reply(x, cookie, nullptr)};
+        if (tree) {
+            const std::span all{
+                xcb_query_tree_children(tree.get()),
+                static_cast<std::size_t>(xcb_query_tree_children_length(tree.get()))};
+            children.assign(all.begin(), all.end());
+        }
+        return children;
+    };
+    const auto add = [&](xcb_window_t window) {
+        if (windows.size() < maximumWindows && known.insert(window).second)
+            windows.push_back(window);
+    };
+    const auto topLevels = childrenOf(xcb_query_tree(x, connection_.root()));
+    std::vector<xcb_query_tree_cookie_t> asked;
+    asked.reserve(topLevels.size());
+    for (const xcb_window_t window : topLevels) {
+        asked.push_back(xcb_query_tree(x, window));
+        add(window);
     }
+    for (const xcb_query_tree_cookie_t cookie : asked)
+        std::ranges::for_each(childrenOf(cookie), add);
 }
 
 void StrutWindows::handle(const xcb_generic_event_t& event) {
@@ -160,7 +185,7 @@ void StrutWindows::handle(const xcb_generic_event_t& event) {
 /// A window appeared or went, as `reporter` tells.
 bool StrutWindows::comesOrGoes(xcb_window_t reporter, xcb_window_t window) const {
     if (reporter == connection_.root())
-        return watchesTree_ && !isOwn(window);
+        return topLevels_ && !connection_.isOwn(window);
     return watched_.contains(window);
 }
 

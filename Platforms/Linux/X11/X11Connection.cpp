@@ -199,6 +199,27 @@ void X11Connection::deselectInput(xcb_window_t window, std::uint32_t eventMask) 
     xcb_change_window_attributes(connection_, window, XCB_CW_EVENT_MASK, &mask);
 }
 
+Subscription X11Connection::watchTopLevels() const {
+    if (const auto shared = topLevels_.lock())
+        return Subscription{shared};
+    selectInput(root_, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
+    auto ended = std::make_shared<Subscription>(Subscription::calling(
+        [this] { deselectInput(root_, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY); }));
+    topLevels_ = ended;
+    return Subscription{std::move(ended)};
+}
+
+bool X11Connection::isOwn(xcb_window_t window) const noexcept {
+    const xcb_setup_t& setup = *xcb_get_setup(connection_);
+    return (window & ~setup.resource_id_mask) == setup.resource_id_base;
+}
+
+bool X11Connection::isManaged() const {
+    const Owned<xcb_get_window_attributes_reply_t> root{xcb_get_window_attributes_reply(
+        connection_, xcb_get_window_attributes(connection_, root_), nullptr)};
+    return root && (root->all_event_masks & XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT) != 0;
+}
+
 void X11Connection::sendToRoot(xcb_window_t window, std::string_view message,
                                std::span<const std::uint32_t> data) const {
     send(root_, XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY, window,

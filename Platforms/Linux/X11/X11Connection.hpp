@@ -83,6 +83,16 @@ public:
     /// Takes away again what `selectInput` added and nobody else here needs.
     void deselectInput(xcb_window_t window, std::uint32_t eventMask) const;
 
+    /// Hears of every window that comes, goes, moves or is restacked on the root window, for as
+    /// long as somebody keeps such a subscription. A window that is dragged tells of every step.
+    [[nodiscard]] Subscription watchTopLevels() const;
+
+    /// Whether this program made the window; it need not exist any more.
+    [[nodiscard]] bool isOwn(xcb_window_t window) const noexcept;
+
+    /// Whether a window manager decides about windows; asks the server.
+    [[nodiscard]] bool isManaged() const;
+
     /// Sends a client message about `window` to the root window, as EWMH asks for.
     void sendToRoot(xcb_window_t window, std::string_view message,
                     std::span<const std::uint32_t> data) const;
@@ -113,6 +123,7 @@ private:
     std::uint8_t inputExtension_;
     xcb_timestamp_t userTime_ = XCB_CURRENT_TIME;
     mutable std::unordered_map<std::string, xcb_atom_t> atoms_;
+    mutable std::weak_ptr<void> topLevels_;
     CallbackList<const xcb_generic_event_t&> events_;
 };
 
