@@ -277,6 +277,7 @@ void DockRootView::released(Point p) {
     // A list that changed since the last frame may have ended the press.
     layoutIfNeeded();
     if (press_ && press_->isDragging) {
+        drag(*press_, p);
         endDrag(true);
         pointerMoved(p);
         return;
