@@ -41,17 +41,26 @@ void Model::quit() {
     pollAt_.reset();
 }
 
+std::vector<Time> Model::dues() const {
+    std::vector<Time> all;
+    for (const auto& due : {mirrorAt_, reconcileAt_, retryWatchAt_, pollAt_}) {
+        if (due)
+            all.push_back(*due);
+    }
+    for (const auto& [display, dock] : docks) {
+        if (dock.hidesAt)
+            all.push_back(*dock.hidesAt);
+    }
+    return all;
+}
+
 std::optional<Time> Model::nextDue() const {
-    std::optional<Time> next;
-    const auto consider = [&](const std::optional<Time>& due) {
-        if (due && (!next || *due < *next))
-            next = due;
-    };
-    for (const auto& due : {mirrorAt_, reconcileAt_, retryWatchAt_, pollAt_})
-        consider(due);
-    for (const auto& [display, dock] : docks)
-        consider(dock.hidesAt);
-    return next ? std::optional{*next - now_} : std::nullopt;
+    const auto all = dues();
+    return all.empty() ? std::nullopt : std::optional{*std::ranges::min_element(all) - now_};
+}
+
+int Model::duesIn(Time duration) const {
+    return static_cast<int>(std::ranges::count(dues(), now_ + duration));
 }
 
 void Model::pass(Time duration) {

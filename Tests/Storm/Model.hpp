@@ -31,6 +31,8 @@ public:
 
     /// When something falls due next; nothing while only the user can change anything.
     [[nodiscard]] std::optional<Time> nextDue() const;
+    /// How many things fall due exactly then.
+    [[nodiscard]] int duesIn(Time duration) const;
     void pass(Time duration);
 
     /// The user, or the program in the user's name, changes the settings.
@@ -89,6 +91,7 @@ public:
     [[nodiscard]] int restingTimers() const { return (retryWatchAt_ ? 1 : 0) + (pollAt_ ? 1 : 0); }
 
 private:
+    [[nodiscard]] std::vector<Time> dues() const;
     [[nodiscard]] double seconds() const { return around_.platform.runLoop.now(); }
     void line(const std::string& pattern) { lines.push_back(pattern); }
 

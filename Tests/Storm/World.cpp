@@ -125,7 +125,7 @@ void World::perform(int step) {
 }
 
 void World::called(const char* what) {
-    if (!armed_ || wasInterrupted_ || !runs_ || --armed_->callsLeft > 0)
+    if (!armed_ || wasInterrupted_ || isCrowded_ || !runs_ || --armed_->callsLeft > 0)
         return;
     wasInterrupted_ = true;
     Armed now = *std::exchange(armed_, std::nullopt);
@@ -152,8 +152,10 @@ void World::pass(double seconds) {
     while (true) {
         const Time slice = std::min(left, model.nextDue().value_or(left));
         left -= slice;
+        isCrowded_ = model.duesIn(slice) > 1;
         model.pass(slice);
         around.platform.runLoop.advance(static_cast<double>(slice) / 1e9);
+        isCrowded_ = false;
         if (left == 0)
             break;
     }

@@ -139,6 +139,8 @@ private:
     /// what the program has read afterwards is in force.
     bool wasInterrupted_ = false;
     bool hasReadApps_ = false;
+    /// Several things fall due at once: the order that an interruption would depend on is free.
+    bool isCrowded_ = false;
     /// Lines of the log before the displays were last read after that; nothing if they were not.
     std::optional<std::size_t> linesWhenScreensWereRead_;
 };
