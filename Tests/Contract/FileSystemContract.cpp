@@ -1,4 +1,5 @@
 /// What every file system port does, the fake and the real one alike.
+#include "Foundation/ReplacementNames.hpp"
 #include "Host.hpp"
 #include "Support/FakeFiles.hpp"
 #include "Support/TemporaryFolder.hpp"
@@ -107,6 +108,21 @@ TYPED_TEST(FileSystemContract, FailsToWriteOverAFolder) {
     EXPECT_EQ(written.error().code, codeOf(std::errc::is_a_directory));
 }
 
+TYPED_TEST(FileSystemContract, RemovesWhatAnEarlierWriteThatWasCutOffLeftBehind) {
+    const FileURL left = this->at(ReplacementNames::name("file", 7));
+    const FileURL other = this->at(ReplacementNames::name("other", 7));
+    const FileURL similar = this->at(".file.7");
+    for (const FileURL& url : {left, other, similar})
+        ASSERT_TRUE(this->port.writeAtomically(url, "half"));
+
+    ASSERT_TRUE(this->port.writeAtomically(this->at("file"), "new"));
+
+    EXPECT_FALSE(this->port.exists(left));
+    EXPECT_TRUE(this->port.exists(other));
+    EXPECT_TRUE(this->port.exists(similar));
+    EXPECT_EQ(this->port.read(this->at("file"), 100), "new");
+}
+
 TYPED_TEST(FileSystemContract, CreatesAFolderWithAllThatAreMissingAboveIt) {
     ASSERT_TRUE(this->port.createFolder(this->at("one/two/three")));
 
@@ -114,6 +130,7 @@ TYPED_TEST(FileSystemContract, CreatesAFolderWithAllThatAreMissingAboveIt) {
     EXPECT_TRUE(this->port.writeAtomically(this->at("one/two/three/file"), "x"));
 }
 
+// Behaviour: entry-2
 TYPED_TEST(FileSystemContract, CreatesAFolderThatExistsWithoutAnError) {
     ASSERT_TRUE(this->port.createFolder(this->at("folder")));
     ASSERT_TRUE(this->port.writeAtomically(this->at("folder/file"), "kept"));

@@ -1,5 +1,6 @@
 #include "Support/FakeFiles.hpp"
 
+#include "Foundation/ReplacementNames.hpp"
 #include "Foundation/Require.hpp"
 
 #include <algorithm>
@@ -49,6 +50,11 @@ Result<void> FakeFileSystem::writeAtomically(const FileURL& url, std::string_vie
         return failure(std::errc::no_such_file_or_directory);
     if (folders.contains(url.path()))
         return failure(std::errc::is_a_directory);
+    std::erase_if(files, [&](const auto& file) {
+        const auto other = FileURL::fromPath(file.first);
+        return other.parent() == url.parent() &&
+               ReplacementNames::isName(other.lastPathComponent(), url.lastPathComponent());
+    });
     files[url.path()] = content;
     writes[url.path()].emplace_back(content);
     return {};

@@ -26,7 +26,8 @@ public:
 
     /// Replaces the file whole: a reader, or the next start after a power cut, sees the old content
     /// or the new, never a part. A failure leaves the old file as it was. Readable and writable by
-    /// the user alone.
+    /// the user alone. What earlier such calls left in the folder that were cut off, by a crash
+    /// say, is removed.
     virtual Result<void> writeAtomically(const FileURL& url, std::string_view content) = 0;
 };
 

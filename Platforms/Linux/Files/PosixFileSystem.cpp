@@ -2,7 +2,9 @@
 
 #include "Files/FileDescriptor.hpp"
 #include "Files/Folders.hpp"
+#include "Files/Leftovers.hpp"
 #include "Files/WriteTarget.hpp"
+#include "Foundation/ReplacementNames.hpp"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -45,12 +47,15 @@ int writeAll(int file, std::string_view content) {
 }
 
 /// A file that no other has the name of, in the folder of the one that it is to replace. Gone with
-/// this object unless it took that one's place.
+/// this object unless it took that one's place. Open until then, so that no other process takes it
+/// for left over.
 class Replacement {
 public:
     explicit Replacement(WriteTarget target) : target_(std::move(target)) {
-        if (target_.error == 0)
-            create();
+        if (target_.error != 0)
+            return;
+        removeLeftovers(target_.folder.get(), target_.name);
+        create();
     }
     Replacement(const Replacement&) = delete;
     Replacement& operator=(const Replacement&) = delete;
@@ -68,9 +73,7 @@ public:
     int fill(std::string_view content) {
         if (const int code = writeAll(file_.get(), content); code != 0)
             return code;
-        if (::fsync(file_.get()) != 0)
-            return errno;
-        return file_.close() ? 0 : errno;
+        return ::fsync(file_.get()) == 0 ? 0 : errno;
     }
 
     /// 0, or what went wrong. The folder's entries are brought to the disk as well; the file is in
@@ -90,13 +93,17 @@ private:
         constexpr int maximumAttempts = 16;
         std::random_device random;
         for (int attempt = 0; attempt < maximumAttempts; ++attempt) {
-            name_ = "." + target_.name + "." + std::to_string(random());
+            constexpr unsigned bitsPerDraw = 32;
+            name_ = ReplacementNames::name(target_.name,
+                                           std::uint64_t{random()} << bitsPerDraw | random());
             file_ = FileDescriptor{::openat(target_.folder.get(), name_.c_str(),
                                             O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
                                             S_IRUSR | S_IWUSR)};
             created_ = static_cast<bool>(file_);
             target_.error = created_ ? 0 : errno;
-            if (target_.error != EEXIST && target_.error != EINTR)
+            if (created_ && holdAgainstRemoval(file_.get()))
+                return;
+            if (!created_ && target_.error != EEXIST && target_.error != EINTR)
                 return;
         }
     }

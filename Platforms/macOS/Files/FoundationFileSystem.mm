@@ -2,6 +2,8 @@
 
 #include "Bridge/Attempt.hpp"
 #include "Bridge/Conversions.hpp"
+#include "Files/Leftovers.hpp"
+#include "Foundation/ReplacementNames.hpp"
 
 #import <Foundation/Foundation.h>
 #include <fcntl.h>
@@ -12,6 +14,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <random>
 
 namespace vireline::macos {
 namespace {
@@ -63,13 +66,14 @@ Result<std::string> readFile(const FileURL& url, std::size_t maximumBytes) {
 }
 
 /// A file that no other has the name of, in the folder of the one that it is to replace. Gone with
-/// this object unless it took that one's place.
+/// this object unless it took that one's place. Open until then, so that no other process takes it
+/// for left over.
 class Replacement {
 public:
-    explicit Replacement(const FileURL& target)
-        : path_(target.parent().appending("." + target.lastPathComponent() + ".XXXXXX").path())
-        // Creates with O_EXCL, which follows no link, and mode 0600.
-        , file_(::mkostemp(path_.data(), O_CLOEXEC)) {}
+    explicit Replacement(const FileURL& target) {
+        removeLeftovers(target);
+        create(target);
+    }
     Replacement(const Replacement&) = delete;
     Replacement& operator=(const Replacement&) = delete;
     Replacement(Replacement&&) = delete;
@@ -77,16 +81,17 @@ public:
     ~Replacement() {
         if (wasCreated() && !isPlaced_)
             ::unlink(path_.c_str());
+        [handle_ closeAndReturnError:nil];
     }
 
-    [[nodiscard]] bool wasCreated() const noexcept { return file_ >= 0; }
+    [[nodiscard]] bool wasCreated() const noexcept { return handle_ != nil; }
+    /// Why it was not.
+    [[nodiscard]] int error() const noexcept { return error_; }
 
     Result<void> fill(std::string_view content) {
-        NSFileHandle* const handle = owning(file_);
         NSError* error = nil;
         NSData* const data = [NSData dataWithBytes:content.data() length:content.size()];
-        if (![handle writeData:data error:&error] || ![handle synchronizeAndReturnError:&error] ||
-            ![handle closeAndReturnError:&error])
+        if (![handle_ writeData:data error:&error] || ![handle_ synchronizeAndReturnError:&error])
             return failure(error);
         return {};
     }
@@ -99,15 +104,38 @@ public:
     }
 
 private:
+    /// With O_EXCL, which follows no link, for the user alone.
+    void create(const FileURL& target) {
+        constexpr int maximumAttempts = 16;
+        constexpr unsigned bitsPerDraw = 32;
+        std::random_device random;
+        for (int attempt = 0; attempt < maximumAttempts && handle_ == nil; ++attempt) {
+            const auto token = std::uint64_t{random()} << bitsPerDraw | random();
+            const auto name = ReplacementNames::name(target.lastPathComponent(), token);
+            path_ = target.parent().appending(name).path();
+            const int file =
+                ::open(path_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                       S_IRUSR | S_IWUSR);
+            error_ = file < 0 ? errno : 0;
+            if (file < 0 && error_ != EEXIST && error_ != EINTR)
+                return;
+            if (file >= 0 && holdAgainstRemoval(file))
+                handle_ = owning(file);
+            else if (file >= 0)
+                ::close(file);
+        }
+    }
+
     std::string path_;
-    int file_;
+    NSFileHandle* handle_ = nil;
+    int error_ = 0;
     bool isPlaced_ = false;
 };
 
 Result<void> replaceFile(const FileURL& url, std::string_view content) {
     Replacement replacement{url};
     if (!replacement.wasCreated())
-        return failure(errno);
+        return failure(replacement.error());
     if (auto filled = replacement.fill(content); !filled)
         return filled;
     return replacement.takePlace(url);

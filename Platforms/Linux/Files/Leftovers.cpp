@@ -1,0 +1,71 @@
+#include "Files/Leftovers.hpp"
+
+#include "Files/FileDescriptor.hpp"
+#include "Foundation/ReplacementNames.hpp"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vireline::x11 {
+namespace {
+
+struct CloseFolder {
+    void operator()(DIR* folder) const noexcept { ::closedir(folder); }
+};
+
+/// Of a descriptor's own, as reading moves on in it.
+std::unique_ptr<DIR, CloseFolder> opened(int folder) {
+    const int number = ::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    DIR* const stream = number < 0 ? nullptr : ::fdopendir(number);
+    if (stream == nullptr && number >= 0)
+        ::close(number);
+    return std::unique_ptr<DIR, CloseFolder>{stream};
+}
+
+std::vector<std::string> replacements(int folder, std::string_view name) {
+    std::vector<std::string> found;
+    const auto entries = opened(folder);
+    while (const dirent* const entry = entries ? ::readdir(entries.get()) : nullptr) {
+        if (ReplacementNames::isName(entry->d_name, name))
+            found.emplace_back(entry->d_name);
+    }
+    return found;
+}
+
+bool looksLikeOurs(int file) {
+    struct stat found{};
+    return ::fstat(file, &found) == 0 && S_ISREG(found.st_mode) && found.st_uid == ::geteuid() &&
+           found.st_nlink == 1 && (found.st_mode & (S_IRWXG | S_IRWXO)) == 0;
+}
+
+}
+
+bool holdAgainstRemoval(int file) {
+    int failed = 0;
+    do {
+        failed = ::flock(file, LOCK_EX);
+    } while (failed != 0 && errno == EINTR);
+    // Where files cannot be marked, others cannot take them for left over either.
+    struct stat found{};
+    return ::fstat(file, &found) != 0 || found.st_nlink > 0;
+}
+
+void removeLeftovers(int folder, std::string_view name) {
+    for (const std::string& replacement : replacements(folder, name)) {
+        const FileDescriptor file{
+            ::openat(folder, replacement.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC)};
+        // One that has taken the other file's place meanwhile no longer has this name.
+        if (file && looksLikeOurs(file.get()) && ::flock(file.get(), LOCK_EX | LOCK_NB) == 0)
+            ::unlinkat(folder, replacement.c_str(), 0);
+    }
+}
+
+}
