@@ -328,5 +328,42 @@ TEST_F(AppSourceResolverTest, CarriesOnWhenTheSettingsCannotBeSaved) {
     EXPECT_EQ(log.count("preferences save failed: No space left on device"), 3);
 }
 
+TEST_F(AppSourceResolverTest, AMoveCountsTheAppsThatAreShownAlone) {
+    startManual({finder, mail, notes, maps});
+    platform.fileSystem.remove(notes.url);
+
+    resolver.moveManualApp(mail.bundleID, 2);
+
+    EXPECT_EQ(lists.last(), (Apps{finder, maps, mail}));
+    EXPECT_EQ(manualApps(), stored(Apps{finder, notes, maps, mail}));
+    EXPECT_EQ(log.messages(), Lines{"manual move com.apple.mail to 3"});
+
+    resolver.moveManualApp(mail.bundleID, 1);
+
+    EXPECT_EQ(lists.last(), (Apps{finder, mail, maps}));
+}
+
+TEST_F(AppSourceResolverTest, AMoveToThePlaceWhereAnAppIsShownChangesNothing) {
+    startManual({notes, finder, mail});
+    platform.fileSystem.remove(notes.url);
+
+    resolver.moveManualApp(finder.bundleID, 0);
+    resolver.moveManualApp(mail.bundleID, 9);
+
+    EXPECT_EQ(manualApps(), stored(Apps{notes, finder, mail}));
+    EXPECT_TRUE(log.messages().empty());
+}
+
+TEST_F(AppSourceResolverTest, AMoveKeepsEveryHiddenAppBetweenItsNeighbours) {
+    startManual({finder, notes, mail, music, maps});
+    platform.fileSystem.remove(notes.url);
+    platform.fileSystem.remove(music.url);
+
+    resolver.moveManualApp(maps.bundleID, 0);
+
+    EXPECT_EQ(lists.last(), (Apps{maps, finder, mail}));
+    EXPECT_EQ(manualApps(), stored(Apps{maps, finder, notes, mail, music}));
+}
+
 }
 }

@@ -45,14 +45,26 @@ std::vector<AppRef> AppSourceResolver::mirrorList() const {
 std::vector<AppRef> AppSourceResolver::manualList() const {
     std::vector<AppRef> apps;
     for (const StoredApp& app : store_.settings().manualApps) {
-        // A path from a file that anybody may have edited: one that is not absolute leads nowhere.
-        if (!app.path.starts_with('/'))
-            continue;
-        const auto url = FileURL::fromPath(app.path);
-        if (fileSystem_.exists(url))
-            apps.push_back({app.bundleID, app.name, url});
+        if (isShown(app))
+            apps.push_back({app.bundleID, app.name, FileURL::fromPath(app.path)});
     }
     return apps;
+}
+
+bool AppSourceResolver::isShown(const StoredApp& app) const {
+    // A path from a file that anybody may have edited: one that is not absolute leads nowhere.
+    return app.path.starts_with('/') && fileSystem_.exists(FileURL::fromPath(app.path));
+}
+
+std::vector<std::ptrdiff_t> AppSourceResolver::shownPlaces() const {
+    std::vector<std::ptrdiff_t> places;
+    std::ptrdiff_t place = 0;
+    for (const StoredApp& app : store_.settings().manualApps) {
+        if (isShown(app))
+            places.push_back(place);
+        ++place;
+    }
+    return places;
 }
 
 bool AppSourceResolver::isMirroring() const {
@@ -128,19 +140,24 @@ void AppSourceResolver::moveManualApp(std::string_view bundleID, int toIndex) {
     const std::string moving{bundleID};
     adoptManualIfMirroring();
     auto apps = store_.settings().manualApps;
-    const auto found = std::ranges::find(apps, moving, &StoredApp::bundleID);
-    if (isMirroring() || found == apps.end())
+    const auto places = shownPlaces();
+    const auto bundleIDAt = [&](std::ptrdiff_t place) -> const std::string& {
+        return apps[static_cast<std::size_t>(place)].bundleID;
+    };
+    const auto from = std::ranges::find(places, moving, bundleIDAt);
+    if (isMirroring() || from == places.end())
         return;
-    const auto target = std::clamp<std::ptrdiff_t>(toIndex, 0, std::ssize(apps) - 1);
-    if (target == found - apps.begin())
+    const auto target = std::clamp<std::ptrdiff_t>(toIndex, 0, std::ssize(places) - 1);
+    const std::ptrdiff_t to = places[static_cast<std::size_t>(target)];
+    if (to == *from)
         return;
-    StoredApp moved = std::move(*found);
-    apps.erase(found);
+    StoredApp moved = std::move(apps[static_cast<std::size_t>(*from)]);
+    apps.erase(apps.begin() + *from);
     // Two writes: each is saved and announced, so the docks see the app leave before it arrives.
     setManualApps(apps);
-    apps.insert(apps.begin() + target, std::move(moved));
+    apps.insert(apps.begin() + to, std::move(moved));
     setManualApps(std::move(apps));
-    DevLog::write("manual move " + moving + " to " + std::to_string(target));
+    DevLog::write("manual move " + moving + " to " + std::to_string(to));
 }
 
 }

@@ -8,6 +8,7 @@
 #include "Settings/PreferencesStore.hpp"
 #include "Sources/MirrorSource.hpp"
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
@@ -42,7 +43,9 @@ public:
     /// program's to remove.
     void removeManualApp(const std::string& bundleID);
 
-    /// Moves the app's first entry to `toIndex`, or to the nearer end of the list.
+    /// Moves the app's first entry to `toIndex` among the entries that are shown, or to their
+    /// nearer end. Entries that are hidden, as their apps are gone, do not count and stay where
+    /// they are.
     void moveManualApp(std::string_view bundleID, int toIndex);
 
     /// Receives the pinned list.
@@ -52,6 +55,9 @@ private:
     [[nodiscard]] bool isMirroring() const;
     [[nodiscard]] std::vector<AppRef> mirrorList() const;
     [[nodiscard]] std::vector<AppRef> manualList() const;
+    [[nodiscard]] bool isShown(const StoredApp& app) const;
+    /// Where in the manual list the entries stand that are shown.
+    [[nodiscard]] std::vector<std::ptrdiff_t> shownPlaces() const;
     /// What the list would hold for the app at `url`; nothing if that is no app.
     [[nodiscard]] std::optional<StoredApp> manualEntry(const FileURL& url) const;
     void setManualApps(std::vector<StoredApp> apps);
