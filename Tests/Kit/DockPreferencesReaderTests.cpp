@@ -113,6 +113,16 @@ TEST_F(DockPreferencesParseTest,
     EXPECT_EQ(failed.error(), decoder.damage);
 }
 
+TEST_F(DockPreferencesParseTest, HandsOutTheListOfAFileAsItIs) {
+    decoder.known["file"] = PropertyList{Dictionary{{"persistent-apps", PropertyList{"text"}}}};
+    const auto bytes = std::as_bytes(std::span{std::string_view{"file"}});
+
+    EXPECT_EQ(DockPreferencesReader::tileList(bytes, decoder).value(), PropertyList{"text"});
+    decoder.known["file"] = PropertyList{Dictionary{}};
+    EXPECT_EQ(DockPreferencesReader::tileList(bytes, decoder).value(), std::nullopt);
+    EXPECT_FALSE(DockPreferencesReader::tileList({}, decoder));
+}
+
 TEST_F(DockPreferencesParseTest, ReadsTheTilesOfAWholeFile) {
     const auto entries = parse(preferencesHolding({dockTile("file:///a.app", "A", "a")}));
 

@@ -121,7 +121,6 @@ const std::vector<std::string>& promisedCalls() {
         "createDirectoryAtURL",
         "displayNameAtPath",
         "trashItemAtURL",
-        "propertyListWithData",
         "NSDistributedNotificationCenter",
         "timerWithTimeInterval",
         "CFPreferencesAppSynchronize",

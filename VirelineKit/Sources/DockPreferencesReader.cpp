@@ -40,13 +40,21 @@ std::vector<ParsedDockEntry> readCurrent(DockPreferences& preferences) {
     return list ? parseList(*list) : std::vector<ParsedDockEntry>{};
 }
 
-Result<std::vector<ParsedDockEntry>> parse(std::span<const std::byte> data,
-                                           const PropertyListDecoder& decoder) {
+Result<std::optional<PropertyList>> tileList(std::span<const std::byte> data,
+                                             const PropertyListDecoder& decoder) {
     const auto root = decoder.decode(data);
     if (!root)
         return std::unexpected{root.error()};
     const PropertyList* list = root->find("persistent-apps");
-    return list == nullptr ? std::vector<ParsedDockEntry>{} : parseList(*list);
+    return list == nullptr ? std::nullopt : std::optional{*list};
+}
+
+Result<std::vector<ParsedDockEntry>> parse(std::span<const std::byte> data,
+                                           const PropertyListDecoder& decoder) {
+    const auto list = tileList(data, decoder);
+    if (!list)
+        return std::unexpected{list.error()};
+    return *list ? parseList(**list) : std::vector<ParsedDockEntry>{};
 }
 
 std::vector<ParsedDockEntry> parseEntries(const PropertyList::Array& tiles) {

@@ -29,6 +29,11 @@ namespace DockPreferencesReader {
 /// The tiles as they stand now; none when the preferences are absent or of another shape.
 [[nodiscard]] std::vector<ParsedDockEntry> readCurrent(DockPreferences& preferences);
 
+/// The list of tiles in a whole preferences file, of whatever shape it is; nothing if the file has
+/// none. Fails only when the bytes are no property list.
+[[nodiscard]] Result<std::optional<PropertyList>> tileList(std::span<const std::byte> data,
+                                                           const PropertyListDecoder& decoder);
+
 /// The tiles of a whole preferences file. Fails only when the bytes are no property list.
 [[nodiscard]] Result<std::vector<ParsedDockEntry>> parse(std::span<const std::byte> data,
                                                          const PropertyListDecoder& decoder);

@@ -3,6 +3,7 @@
 #include "App/DevLog.hpp"
 #include "Desktop/PropertyListLimits.hpp"
 #include "Files/PathFollower.hpp"
+#include "Sources/DockPreferencesReader.hpp"
 
 namespace vireline::x11 {
 
@@ -13,9 +14,8 @@ std::optional<PropertyList> PropertyListPins::read() {
     const auto content = fileSystem_.read(file_, PropertyListLimits::maximumBytes);
     if (!content)
         return std::nullopt;
-    const auto root = reader_.decode(std::as_bytes(std::span{*content}));
-    const PropertyList* apps = root ? root->find("persistent-apps") : nullptr;
-    return apps == nullptr ? std::nullopt : std::optional{*apps};
+    return DockPreferencesReader::tileList(std::as_bytes(std::span{*content}), reader_)
+        .value_or(std::nullopt);
 }
 
 Subscription PropertyListPins::observe(std::function<void()> handler) {
