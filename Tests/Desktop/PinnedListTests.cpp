@@ -50,6 +50,7 @@ TEST_F(PinnedList, FollowsAListThatIsReplacedByRename) {
     expectTiles({apps[1], apps[2], apps[3]});
 }
 
+// Behaviour: mirror-source-2
 TEST_F(PinnedList, KeepsFollowingAfterARename) {
     runPinning(2);
     expectTiles({apps[0], apps[1]});

@@ -87,6 +87,7 @@ TEST_F(SettingsWindow, ComesBackFromBeingMinimised) {
     EXPECT_EQ(window(settingsTitle), first);
 }
 
+// Behaviour: entry-3
 TEST_F(SettingsWindow, QuitsTheProgramWithItsKey) {
     runWith();
     openSettings();

@@ -215,15 +215,19 @@ TEST_F(OnboardingWindowTest, EnablesTheFourFeaturesOneAfterAnother) {
 }
 
 // Behaviour: onboarding-2
-TEST_F(OnboardingWindowTest, EnablingTheFeaturesTwiceOpensThePaneTwiceAndChangesNothingMore) {
+TEST_F(OnboardingWindowTest, EnablingTheFeaturesTwiceOpensThePaneTwiceAndSetsTheSameFourSwitches) {
     showLastPage();
     act(OnboardingAction::enableFeatures);
     const Settings once = store.settings();
+    EXPECT_EQ(saved().size(), 4U);
+    Settings changed = once;
+    changed.summonOnClick = false;
+    changed.anchorAppleDock = false;
+    store.setSettings(changed);
 
     act(OnboardingAction::enableFeatures);
 
     EXPECT_EQ(store.settings(), once);
-    EXPECT_EQ(saved().size(), 4U);
     const std::string pane =
         "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility";
     EXPECT_EQ(platform.workspace.openedPanes, (std::vector<std::string>{pane, pane}));

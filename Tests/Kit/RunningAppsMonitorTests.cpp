@@ -26,7 +26,13 @@ struct RunningAppsMonitorTest : testing::Test {
 };
 
 // Behaviour: running-apps-monitor-1
-TEST_F(RunningAppsMonitorTest, DeliversAnEmptyListOnceWhenNothingRuns) {
+TEST_F(RunningAppsMonitorTest, DeliversAnEmptyListOnceWhenNoOrdinaryAppRuns) {
+    RunningApplication accessory = FakePlatform::instanceOf(notes);
+    accessory.activationPolicy = ActivationPolicy::accessory;
+    RunningApplication background = FakePlatform::instanceOf(mail);
+    background.activationPolicy = ActivationPolicy::prohibited;
+    platform.running.apps = {accessory, background};
+
     monitor->start();
 
     EXPECT_EQ(monitor->current(), Apps{});

@@ -8,7 +8,6 @@ namespace vireline {
 namespace {
 
 // Behaviour: entry-1
-// Behaviour: entry-2
 TEST(VirelineApp, TheLogLiesInTheProgramsFolderOfTheFirstSupportFolder) {
     test::FakePlatform platform;
     platform.userFolders.applicationSupportFolders = {FileURL::fromPath("/data"),
@@ -19,6 +18,25 @@ TEST(VirelineApp, TheLogLiesInTheProgramsFolderOfTheFirstSupportFolder) {
                   "/data/Vireline/vireline.log");
         EXPECT_TRUE(platform.fileSystem.exists(FileURL::fromPath("/data/Vireline")));
     }
+}
+
+// Behaviour: entry-2
+TEST(VirelineApp, GoesOnInAFolderThatExistsAndLeavesWhatIsInIt) {
+    test::FakePlatform platform;
+    platform.userFolders.applicationSupportFolders = {FileURL::fromPath("/data")};
+    platform.fileSystem.put(FileURL::fromPath("/data/Vireline/notes"), "kept");
+    // What a folder answers that cannot be made as it is there already, or at all.
+    platform.fileSystem.folderFailure = PlatformError{17, "File exists"};
+
+    const FileURL logFile = VirelineApp::prepareLogFile(platform.userFolders, platform.fileSystem);
+    const test::LoggedLines log;
+    bool isRunning = false;
+    platform.application.whileRunning = [&] { isRunning = platform.statusBar.item.has_value(); };
+    VirelineApp::run(platform.ports(), log.file().string());
+
+    EXPECT_EQ(logFile.path(), "/data/Vireline/vireline.log");
+    EXPECT_TRUE(isRunning);
+    EXPECT_EQ(platform.fileSystem.files.at("/data/Vireline/notes"), "kept");
 }
 
 TEST(VirelineAppDeathTest, StopsWithoutAFolderForApplicationData) {
@@ -39,11 +57,15 @@ TEST(VirelineApp, TheHiddenMenuQuitsAndEdits) {
               (MainMenuCommand{"Quit Vireline", StandardAction::terminate, 'q'}));
     EXPECT_EQ(menu.submenus[1].title, "Edit");
     std::string keys;
+    std::vector<std::string> titles;
     for (const auto& entry : menu.submenus[1].entries) {
         const auto* command = std::get_if<MainMenuCommand>(&entry);
         keys += command != nullptr ? command->keyEquivalent : '-';
+        titles.push_back(command != nullptr ? command->title : "-");
     }
     EXPECT_EQ(keys, "zZ-xcva");
+    EXPECT_EQ(titles, (std::vector<std::string>{"Undo", "Redo", "-", "Cut", "Copy", "Paste",
+                                                "Select All"}));
 }
 
 TEST(VirelineApp, RunsAsAnAccessoryWithItsMenuAndItsLogUntilTheUserQuits) {

@@ -190,6 +190,7 @@ TEST_F(DesktopDockPreferencesTest, PrefersThePropertyListToAllOthers) {
     EXPECT_EQ(urls(), std::vector<std::string>{"file:///from/plist"});
 }
 
+// Behaviour: dock-preferences-reader-4
 TEST_F(DesktopDockPreferencesTest, HasNothingWhenThePropertyListIsDamagedAndAsksNobodyElse) {
     makeFolder(plistFile.parent());
     overwrite(plistFile, "no property list");

@@ -1,16 +1,23 @@
+#include "Files/FileDescriptor.hpp"
 #include "Files/LogFile.hpp"
 #include "Support/FileOperations.hpp"
 #include "Support/TemporaryFolder.hpp"
 
 #include <gtest/gtest.h>
+#include <sys/inotify.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <array>
 #include <atomic>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <string_view>
 #include <thread>
+#include <vector>
 
 namespace vireline::x11 {
 namespace {
@@ -32,6 +39,7 @@ protected:
     FileURL victim = folder.appending("victim");
 };
 
+// Behaviour: dev-log-1
 TEST_F(LogFileTest, MakesAFileThatOnlyTheUserCanReadAndLeavesNothingBeside) {
     append("first\n");
 
@@ -40,6 +48,28 @@ TEST_F(LogFileTest, MakesAFileThatOnlyTheUserCanReadAndLeavesNothingBeside) {
     EXPECT_EQ(std::distance(fs::directory_iterator{folder.path()}, {}), 1);
 }
 
+TEST_F(LogFileTest, ShowsANewFileOnlyOnceItHasItsFirstLine) {
+    const FileDescriptor watch{::inotify_init1(IN_NONBLOCK | IN_CLOEXEC)};
+    ASSERT_GE(::inotify_add_watch(watch.get(), folder.path().c_str(),
+                                  IN_CREATE | IN_MOVED_TO | IN_MODIFY),
+              0);
+
+    append("first\n");
+
+    alignas(inotify_event) std::array<char, 4096> buffer{};
+    const ssize_t length = ::read(watch.get(), buffer.data(), buffer.size());
+    std::vector<std::uint32_t> events;
+    for (ssize_t at = 0; at < length;) {
+        const auto& event =
+            reinterpret_cast<const inotify_event&>(buffer.at(static_cast<std::size_t>(at)));
+        if (std::string_view{event.name} == "vireline.log")
+            events.push_back(event.mask);
+        at += static_cast<ssize_t>(sizeof event + event.len);
+    }
+    EXPECT_EQ(events, std::vector<std::uint32_t>{IN_MOVED_TO});
+}
+
+// Behaviour: dev-log-2
 TEST_F(LogFileTest, AppendsToWhatIsThere) {
     test::overwrite(log, "from the last run\n");
 

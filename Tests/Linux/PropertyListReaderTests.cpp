@@ -1,6 +1,7 @@
 #include "Desktop/PropertyListLimits.hpp"
 #include "Desktop/PropertyListReader.hpp"
 #include "Linux/BinaryPropertyList.hpp"
+#include "Sources/DockPreferencesReader.hpp"
 
 #include <gtest/gtest.h>
 
@@ -236,6 +237,17 @@ TEST(PropertyListReader, ReadsLargeDocks) {
 
     ASSERT_TRUE(list) << list.error();
     EXPECT_EQ(list->find("persistent-apps")->array()->size(), 500U);
+}
+
+// Behaviour: dock-preferences-reader-4
+TEST(PropertyListReader, TellsADockWithoutTilesFromBytesThatAreNoPropertyList) {
+    const auto parse = [](std::string_view bytes) {
+        return DockPreferencesReader::parse(bytesOf(bytes), PropertyListReader{});
+    };
+
+    EXPECT_EQ(parse(xml("<dict/>")), std::vector<ParsedDockEntry>{});
+    EXPECT_FALSE(parse("no property list"));
+    EXPECT_FALSE(parse(""));
 }
 
 }

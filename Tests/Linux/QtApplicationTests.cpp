@@ -1,4 +1,5 @@
 #include "App/QtApplication.hpp"
+#include "App/VirelineApp.hpp"
 #include "Foundation/CallbackList.hpp"
 #include "Linux/EventLoop.hpp"
 
@@ -7,6 +8,7 @@
 #include <QCloseEvent>
 #include <QLineEdit>
 #include <QTimer>
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -86,9 +88,16 @@ TEST_F(QtApplicationTest, OffersEveryCommandOfTheMenuWithTheDesktopsShortcut) {
 }
 
 // Behaviour: entry-3
-TEST_F(QtApplicationTest, QuitsByTheMenusCommand) {
-    QAction& quit = onlyAction(StandardAction::terminate, 'q');
+TEST_F(QtApplicationTest, QuitsByTheProgramsOwnMenu) {
+    application.installMainMenu(VirelineApp::hiddenMainMenu());
+    const auto actions = application.mainMenuActions();
+    const auto quits = [](const QAction* action) {
+        return action->shortcuts().contains(QKeySequence{Qt::CTRL | Qt::Key_Q});
+    };
+    ASSERT_EQ(std::ranges::count_if(actions, quits), 1);
+    QAction& quit = **std::ranges::find_if(actions, quits);
 
+    EXPECT_EQ(quit.text(), QStringLiteral("Quit Vireline"));
     EXPECT_EQ(application.run([&] { quit.trigger(); }), 0);
 }
 

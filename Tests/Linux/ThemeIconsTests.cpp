@@ -137,6 +137,7 @@ TEST_F(ThemeIconsTest, IgnoresAWindowsPictureThatLies) {
     EXPECT_EQ(colour(icons().iconForFile("/opt/odd", "odd", tile)), QColor(Qt::gray));
 }
 
+// Behaviour: icon-store-2
 TEST_F(ThemeIconsTest, IsGenericWhereNothingElseIs) {
     EXPECT_EQ(colour(icons().iconForFile("/opt/none", "none", tile)), QColor(Qt::gray));
     EXPECT_EQ(colour(icons().iconForFile(addEntry("a", "no-such-icon"), "a", tile)),

@@ -1,6 +1,7 @@
 /// The program's own windows in this process, on a real X server: their keys, their size on a dense
 /// display, and what is left of them once they are closed.
 #include "App/QtApplication.hpp"
+#include "App/VirelineApp.hpp"
 #include "Icons/IconTheme.hpp"
 #include "OwnWindows/OwnWindow.hpp"
 #include "OwnWindows/QtProgramWindows.hpp"
@@ -42,19 +43,9 @@ public:
     std::vector<FormValue> values;
 };
 
-MainMenu editMenu() {
-    return {{{"Edit",
-              {MainMenuCommand{"Undo", StandardAction::undo, 'z'},
-               MainMenuCommand{"Redo", StandardAction::redo, 'Z'},
-               MainMenuCommand{"Cut", StandardAction::cut, 'x'},
-               MainMenuCommand{"Copy", StandardAction::copy, 'c'},
-               MainMenuCommand{"Paste", StandardAction::paste, 'v'},
-               MainMenuCommand{"Select All", StandardAction::selectAll, 'a'}}}}};
-}
-
 class OwnWindowTest : public test::WindowTest {
 protected:
-    OwnWindowTest() { application.installMainMenu(editMenu()); }
+    OwnWindowTest() { application.installMainMenu(VirelineApp::hiddenMainMenu()); }
 
     /// Where the pointer is decides where a window opens.
     static void pointAt(const std::string& monitor) {
@@ -127,6 +118,10 @@ TEST_F(OwnWindowTest, TheEditMenusKeysWorkInATextField) {
     keyboard.typeWithControl('c');
     keyboard.type(Keyboard::end);
     keyboard.typeWithControl('v');
+    EXPECT_TRUE(reads("dockdock"));
+    keyboard.typeWithControl('z');
+    EXPECT_TRUE(reads("dock"));
+    keyboard.typeWithControlAndShift('z');
     EXPECT_TRUE(reads("dockdock"));
     keyboard.typeWithControl('z');
     EXPECT_TRUE(reads("dock"));

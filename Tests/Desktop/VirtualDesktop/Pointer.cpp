@@ -75,6 +75,13 @@ void Keyboard::typeWithControl(xcb_keysym_t symbol) const {
     release(control);
 }
 
+void Keyboard::typeWithControlAndShift(xcb_keysym_t symbol) const {
+    const auto modifier = keycode(client_, shift);
+    fake(client_, XCB_KEY_PRESS, modifier);
+    typeWithControl(symbol);
+    fake(client_, XCB_KEY_RELEASE, modifier);
+}
+
 bool Keyboard::isHeld() const {
     auto* const x = client_.get();
     const Owned<xcb_grab_keyboard_reply_t> grab{

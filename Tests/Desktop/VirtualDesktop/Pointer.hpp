@@ -44,6 +44,7 @@ public:
     static constexpr xcb_keysym_t down = 0xff54;
     static constexpr xcb_keysym_t end = 0xff57;
     static constexpr xcb_keysym_t control = 0xffe3;
+    static constexpr xcb_keysym_t shift = 0xffe1;
     static constexpr xcb_keysym_t alt = 0xffe9;
     static constexpr xcb_keysym_t super = 0xffeb;
 
@@ -55,6 +56,7 @@ public:
     void type(xcb_keysym_t symbol) const;
     /// The same while Control is held.
     void typeWithControl(xcb_keysym_t symbol) const;
+    void typeWithControlAndShift(xcb_keysym_t symbol) const;
     /// Whether some client holds the keyboard, so that all keys go there.
     [[nodiscard]] bool isHeld() const;
 
