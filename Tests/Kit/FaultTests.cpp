@@ -175,7 +175,7 @@ void changingDisplays(FaultWorld& world) {
 void waking(FaultWorld& world) {
     world.store(withWindowFeatures());
     world.start();
-    world.pass(3600);
+    world.pass(60);
     if (world.platform.fake.pointerTaps.isTapped())
         world.platform.fake.pointerTaps.disable(PointerTapEvent::Kind::tapDisabledByTimeout);
     for (int i = 0; i < 3; ++i)

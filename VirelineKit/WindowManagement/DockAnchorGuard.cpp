@@ -6,66 +6,86 @@
 #include "WindowManagement/GuardMath.hpp"
 
 #include <string>
+#include <utility>
 
 namespace vireline {
 namespace {
 
 constexpr double permissionPollInterval = 2;
+/// While active. A permission that is withdrawn must be noticed without the system saying so.
+constexpr double permissionCheckInterval = 5;
 
 }
 
 void DockAnchorGuard::enable() {
     if (tap_)
         return;
-    if (accessibility_.isTrusted()) {
-        permissionPoll_.reset();
+    if (accessibility_.isTrusted())
         startTap();
-    } else if (!permissionPoll_) {
+    else if (!permissionPoll_)
         waitForPermission();
-    }
 }
 
 void DockAnchorGuard::waitForPermission() {
     status_.set(Status::waitingForPermission);
     accessibility_.isTrustedWithPrompt();
     DevLog::write("anchor guard: requested Accessibility permission");
-    permissionPoll_ =
-        runLoop_.every(permissionPollInterval, lifetime_.guard([this] { checkPermission(); }));
+    lookEvery(permissionPollInterval);
+}
+
+void DockAnchorGuard::lookEvery(double seconds) {
+    permissionPoll_ = runLoop_.every(seconds, lifetime_.guard([this] { checkPermission(); }));
 }
 
 void DockAnchorGuard::checkPermission() {
-    if (status_.get() != Status::waitingForPermission || !accessibility_.isTrusted())
-        return;
-    permissionPoll_.reset();
-    startTap();
+    const bool isTrusted = accessibility_.isTrusted();
+    if (tap_ && !isTrusted)
+        permissionWithdrawn();
+    else if (!tap_ && isTrusted)
+        startTap();
+}
+
+/// A tap without the permission is never enabled again: the system disables it each time, and holds
+/// up the pointer of the whole session meanwhile.
+void DockAnchorGuard::permissionWithdrawn() {
+    tap_.reset();
+    status_.set(Status::waitingForPermission);
+    DevLog::write("anchor guard: Accessibility permission withdrawn");
+    lookEvery(permissionPollInterval);
 }
 
 void DockAnchorGuard::startTap() {
     auto tap = taps_.create(lifetime_.guardOr(
         std::optional<Point>{}, [this](const PointerTapEvent& event) { return pass(event); }));
     if (!tap) {
-        DevLog::write("anchor guard: tap creation failed, staying in waiting state");
+        if (!std::exchange(hasFailed_, true))
+            DevLog::write("anchor guard: tap creation failed, staying in waiting state");
         status_.set(Status::waitingForPermission);
+        lookEvery(permissionPollInterval);
         return;
     }
+    hasFailed_ = false;
     tap_ = *std::move(tap);
     tap_->setEnabled(true);
     status_.set(Status::active);
+    lookEvery(permissionCheckInterval);
     DevLog::write("anchor guard active, " + std::to_string(zones.size()) + " zones");
 }
 
-std::optional<Point> DockAnchorGuard::pass(const PointerTapEvent& event) const {
+std::optional<Point> DockAnchorGuard::pass(const PointerTapEvent& event) {
     using Kind = PointerTapEvent::Kind;
     if (event.kind == Kind::tapDisabledByTimeout || event.kind == Kind::tapDisabledByUserInput) {
-        if (tap_)
+        if (!accessibility_.isTrusted())
+            permissionWithdrawn();
+        else if (tap_)
             tap_->setEnabled(true);
         return std::nullopt;
     }
     return GuardMath::clamp(event.location, zones);
 }
-
 void DockAnchorGuard::disable() {
     permissionPoll_.reset();
+    hasFailed_ = false;
     if (tap_) {
         tap_->setEnabled(false);
         tap_.reset();

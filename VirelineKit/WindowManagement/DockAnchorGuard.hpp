@@ -23,7 +23,7 @@ class DockAnchorGuard {
 public:
     enum class Status {
         off,
-        waitingForPermission, ///< the user was asked, or the system gave no tap
+        waitingForPermission, ///< the user was asked, or the system gave no tap or took it back
         active,
     };
 
@@ -53,9 +53,11 @@ public:
 
 private:
     void waitForPermission();
+    void lookEvery(double seconds);
     void checkPermission();
+    void permissionWithdrawn();
     void startTap();
-    [[nodiscard]] std::optional<Point> pass(const PointerTapEvent& event) const;
+    [[nodiscard]] std::optional<Point> pass(const PointerTapEvent& event);
 
     Accessibility& accessibility_;
     PointerTaps& taps_;
@@ -63,7 +65,10 @@ private:
     Observable<Status> status_{Status::off};
     /// Exists exactly while `status` is `active`.
     std::unique_ptr<PointerTap> tap_;
+    /// Looks at the permission as long as the guard is enabled.
     Timer permissionPoll_;
+    /// The last tap asked for was refused, which the log says once.
+    bool hasFailed_ = false;
     Lifetime lifetime_;
 };
 
