@@ -9,6 +9,9 @@ namespace vireline {
 namespace {
 
 constexpr double retryInterval = 0.4;
+/// For so long a program that let a question time out is asked nothing: each question stops the
+/// docks.
+constexpr double hungPause = 5;
 
 const ScreenSnapshot* find(std::span<const ScreenSnapshot> screens, std::uint32_t display) {
     const auto found = std::ranges::find(screens, display, &ScreenSnapshot::id);
@@ -92,13 +95,32 @@ bool WindowMover::fillMainWindow(const RunningApplication& app, std::uint32_t di
     return move && resize && settle;
 }
 
+/// A program that does not answer takes all the time that it is given.
+bool WindowMover::timedOut(double asked) const {
+    constexpr double clockTolerance = 0.05;
+    return runLoop_.now() - asked >= static_cast<double>(axTimeout) - clockTolerance;
+}
+
+bool WindowMover::isHung(std::int32_t processIdentifier) const {
+    const auto found = hungUntil_.find(processIdentifier);
+    return found != hungUntil_.end() && runLoop_.now() < found->second;
+}
+
 ElementHandle WindowMover::mainWindow(const RunningApplication& app) {
+    if (isHung(app.processIdentifier))
+        return nullptr;
+    hungUntil_.erase(app.processIdentifier);
+    const double asked = runLoop_.now();
     const ElementHandle element =
         accessibility_.application(app.processIdentifier, app.bundleID.value_or(""));
     accessibility_.setMessagingTimeout(*element, axTimeout);
     ElementHandle found;
-    if (auto main = accessibility_.mainWindow(*element))
+    if (auto main = accessibility_.mainWindow(*element)) {
         found = *std::move(main);
+    } else if (timedOut(asked)) {
+        hungUntil_[app.processIdentifier] = runLoop_.now() + hungPause;
+        return nullptr;
+    }
     if (!found) {
         const auto windows = accessibility_.windows(*element);
         if (!windows)

@@ -80,6 +80,9 @@ public:
     }
 
 private:
+    [[nodiscard]] bool timedOut(double asked) const;
+    [[nodiscard]] bool isHung(std::int32_t processIdentifier) const;
+    /// Null also for a program that does not answer.
     [[nodiscard]] ElementHandle mainWindow(const RunningApplication& app);
     /// Event space.
     [[nodiscard]] std::optional<Rect> frame(AccessibilityElement& window);
@@ -95,6 +98,8 @@ private:
     const Screens& screens_;
     RunLoop& runLoop_;
     std::map<std::string, Pending> pending_;
+    /// When programs that did not answer may be asked again, by process.
+    std::map<std::int32_t, double> hungUntil_;
     /// Only while placements are pending.
     Timer retryTimer_;
     Lifetime lifetime_;
