@@ -19,9 +19,9 @@ namespace fs = std::filesystem;
 /// Documented as safe on every thread, or made by the runtime itself.
 const std::set<std::string, std::less<>>& threadSafeClasses() {
     static const std::set<std::string, std::less<>> names{
-        "NSConstantString", "NSData",         "NSDictionary", "NSError",    "NSFileManager",
-        "NSNumber",         "NSString",       "NSURL",        "PaperQueue", "PaperCFString",
-        "PaperShortString", "NSMutableArray", "NSArray",      "PaperBlock"};
+        "NSConstantString", "NSData",           "NSDictionary",   "NSError", "NSFileManager",
+        "NSNumber",         "NSObject",         "NSString",       "NSURL",   "PaperQueue",
+        "PaperCFString",    "PaperShortString", "NSMutableArray", "NSArray", "PaperBlock"};
     return names;
 }
 

@@ -26,8 +26,7 @@ public:
 
     [[nodiscard]] virtual std::int64_t processIdentifier() const = 0;
 
-    /// Somebody started the program a second time, which asks this one for its settings. Never
-    /// announced where the system itself keeps one instance.
+    /// The user started the program a second time, which asks this one for its settings.
     [[nodiscard]] virtual Subscription observeSecondStart(std::function<void()> handler) = 0;
 };
 

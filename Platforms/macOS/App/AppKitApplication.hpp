@@ -21,10 +21,11 @@ public:
 
     [[nodiscard]] std::int64_t processIdentifier() const override;
 
-    /// Nothing is ever announced: the system keeps one instance.
+    /// The system keeps one instance, and tells it when the user opens the program again.
     [[nodiscard]] Subscription observeSecondStart(std::function<void()> handler) override;
 
 private:
+    CallbackList<> reopened_;
     /// The application itself holds it weakly.
     id<NSApplicationDelegate> _Nullable delegate_ = nil;
 };

@@ -7,26 +7,38 @@
 #include <string>
 #include <utility>
 
-/// Says when the application has finished launching. Everything else about the program's life is
-/// AppKit's own business.
+/// Says when the application has finished launching, and when the user opens it again. Everything
+/// else about the program's life is AppKit's own business.
 @interface VirelineApplicationDelegate : NSObject <NSApplicationDelegate>
-- (instancetype)initWithFunction:(std::function<void()>)onFinishedLaunching;
+- (instancetype)initWithLaunch:(std::function<void()>)onFinishedLaunching
+                        reopen:(std::function<void()>)onReopened;
 @end
 
 @implementation VirelineApplicationDelegate {
     std::function<void()> _onFinishedLaunching;
+    std::function<void()> _onReopened;
 }
 
-- (instancetype)initWithFunction:(std::function<void()>)onFinishedLaunching {
+- (instancetype)initWithLaunch:(std::function<void()>)onFinishedLaunching
+                        reopen:(std::function<void()>)onReopened {
     self = [super init];
-    if (self != nil)
-        _onFinishedLaunching = std::move(onFinishedLaunching);
+    if (self == nil)
+        return nil;
+    _onFinishedLaunching = std::move(onFinishedLaunching);
+    _onReopened = std::move(onReopened);
     return self;
 }
 
 - (void)applicationDidFinishLaunching:(NSNotification*)notification {
     static_cast<void>(notification);
     _onFinishedLaunching();
+}
+
+- (BOOL)applicationShouldHandleReopen:(NSApplication*)sender hasVisibleWindows:(BOOL)hasWindows {
+    static_cast<void>(sender);
+    static_cast<void>(hasWindows);
+    _onReopened();
+    return NO;
 }
 
 @end
@@ -73,8 +85,8 @@ void AppKitApplication::installMainMenu(const MainMenu& menu) {
 }
 
 int AppKitApplication::run(std::function<void()> onFinishedLaunching) {
-    delegate_ =
-        [[VirelineApplicationDelegate alloc] initWithFunction:std::move(onFinishedLaunching)];
+    delegate_ = [[VirelineApplicationDelegate alloc] initWithLaunch:std::move(onFinishedLaunching)
+                                                             reopen:[this] { reopened_.notify(); }];
     NSApplication.sharedApplication.delegate = delegate_;
     [NSApplication.sharedApplication run];
     return 0;
@@ -88,8 +100,8 @@ std::int64_t AppKitApplication::processIdentifier() const {
     return NSProcessInfo.processInfo.processIdentifier;
 }
 
-Subscription AppKitApplication::observeSecondStart(std::function<void()>) {
-    return {};
+Subscription AppKitApplication::observeSecondStart(std::function<void()> handler) {
+    return reopened_.add(std::move(handler));
 }
 
 }

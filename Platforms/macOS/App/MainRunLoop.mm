@@ -22,7 +22,7 @@ Timer add(double seconds, BOOL repeats, std::function<void()> fire) {
                                                           (*held)();
                                                     }];
     [NSRunLoop.mainRunLoop addTimer:timer forMode:NSRunLoopCommonModes];
-    return Timer::calling([timer, shared] { [timer invalidate]; });
+    return Timer::calling([timer, shared] { attempt("invalidate", [&] { [timer invalidate]; }); });
 }
 
 }

@@ -27,8 +27,11 @@ RunningApplication describe(NSRunningApplication* app) {
 std::vector<RunningApplication> describe(NSArray<NSRunningApplication*>* apps) {
     std::vector<RunningApplication> described;
     described.reserve(apps.count);
-    for (NSRunningApplication* app in apps)
-        described.push_back(describe(app));
+    for (NSRunningApplication* app in apps) {
+        // One that ended a moment ago may still be listed.
+        if (!app.terminated)
+            described.push_back(describe(app));
+    }
     return described;
 }
 

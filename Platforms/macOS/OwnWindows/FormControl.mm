@@ -158,8 +158,9 @@ public:
             return false;
         control_.minValue = slider->minimum;
         control_.maxValue = slider->maximum;
+        value_ = slider->value;
         if (!isHeld_)
-            control_.doubleValue = slider->value;
+            control_.doubleValue = value_;
         text_.stringValue = toNSString(slider->valueText);
         return true;
     }
@@ -184,11 +185,16 @@ private:
         size_ = {frames.at(1).maxX(), height};
     }
 
-    /// What is told of a slider that the user still holds must not move it.
+    /// What is told of a slider that the user still holds must not move it. Let go, or moved by
+    /// assistive technology, it comes to rest on the step that is nearest.
     void moved(const OnChange& onChange) {
         const NSEventType type = NSApplication.sharedApplication.currentEvent.type;
-        isHeld_ = type == NSEventTypeLeftMouseDown || type == NSEventTypeLeftMouseDragged;
+        const bool isDragged =
+            type == NSEventTypeLeftMouseDown || type == NSEventTypeLeftMouseDragged;
+        isHeld_ = isDragged && (NSEvent.pressedMouseButtons & 1) != 0;
         onChange(FormValue{control_.doubleValue});
+        if (!isHeld_)
+            control_.doubleValue = value_;
     }
 
     VirelineFlippedView* view_;
@@ -196,6 +202,8 @@ private:
     NSSlider* control_;
     NSTextField* text_;
     Size size_;
+    /// As the settings have it.
+    double value_ = 0;
     bool isHeld_ = false;
 };
 

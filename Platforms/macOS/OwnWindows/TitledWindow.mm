@@ -20,6 +20,9 @@ TitledWindow::TitledWindow(const WindowStyle& style)
                                               defer:NO]) {
     window_.title = toNSString(style.title);
     window_.releasedWhenClosed = NO;
+    // An accessory program cannot take the user to another desktop: the window comes to the user's.
+    window_.collectionBehavior =
+        NSWindowCollectionBehaviorMoveToActiveSpace | NSWindowCollectionBehaviorFullScreenAuxiliary;
     [window_ center];
 }
 
@@ -33,8 +36,10 @@ void TitledWindow::setContent(NSView* content) {
 
 void TitledWindow::makeKeyAndOrderFront() {
     attempt("makeKeyAndOrderFront", [this] {
-        [window_ makeKeyAndOrderFront:nil];
         [NSApplication.sharedApplication activateIgnoringOtherApps:YES];
+        [window_ makeKeyAndOrderFront:nil];
+        // The activation is a request that the system may refuse.
+        [window_ orderFrontRegardless];
     });
 }
 

@@ -1,5 +1,7 @@
 #include "Panels/FrameClock.hpp"
 
+#include "Bridge/Attempt.hpp"
+
 #import <QuartzCore/QuartzCore.h>
 #import <dispatch/dispatch.h>
 
@@ -24,7 +26,9 @@
 
 - (void)tick:(id)sender {
     static_cast<void>(sender);
-    _onTick();
+    // Copied, since the tick may end this object.
+    const auto onTick = _onTick;
+    onTick();
 }
 
 @end
@@ -46,7 +50,9 @@ public:
     DisplayLinkTicks& operator=(const DisplayLinkTicks&) = delete;
     DisplayLinkTicks(DisplayLinkTicks&&) = delete;
     DisplayLinkTicks& operator=(DisplayLinkTicks&&) = delete;
-    ~DisplayLinkTicks() override { [link_ invalidate]; }
+    ~DisplayLinkTicks() override {
+        attempt("invalidate", [this] { [link_ invalidate]; });
+    }
 
     void start() override { link_.paused = NO; }
     void stop() override { link_.paused = YES; }
@@ -64,7 +70,9 @@ public:
     TimerTicks& operator=(const TimerTicks&) = delete;
     TimerTicks(TimerTicks&&) = delete;
     TimerTicks& operator=(TimerTicks&&) = delete;
-    ~TimerTicks() override { [timer_ invalidate]; }
+    ~TimerTicks() override {
+        attempt("invalidate", [this] { [timer_ invalidate]; });
+    }
 
     void start() override {
         const NSInteger rate = view_.window.screen.maximumFramesPerSecond;

@@ -67,6 +67,8 @@ bool isSameKind(const SceneNode& one, const SceneNode& other) {
 }
 
 - (void)presentAgain {
+    // Not told of every change: also looked up after sleep and changes of the displays.
+    _scale = self.window == nil ? 1 : self.window.backingScaleFactor;
     for (auto& [identifier, shown] : _nodes) {
         [shown.view showNode:shown.node scale:_scale];
         shown.view.needsDisplay = YES;
@@ -75,7 +77,11 @@ bool isSameKind(const SceneNode& one, const SceneNode& other) {
 
 - (void)viewDidChangeBackingProperties {
     [super viewDidChangeBackingProperties];
-    _scale = self.window == nil ? 1 : self.window.backingScaleFactor;
+    [self presentAgain];
+}
+
+- (void)viewDidMoveToWindow {
+    [super viewDidMoveToWindow];
     [self presentAgain];
 }
 

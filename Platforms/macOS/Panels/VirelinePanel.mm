@@ -35,6 +35,8 @@ static_assert(onEveryDesktop == 273);
     self.floatingPanel = YES;
     self.becomesKeyOnlyIfNeeded = YES;
     self.hidesOnDeactivate = NO;
+    // Nor with the other programs when the user hides all but one.
+    self.canHide = NO;
     self.opaque = NO;
     self.backgroundColor = NSColor.clearColor;
     self.releasedWhenClosed = NO;

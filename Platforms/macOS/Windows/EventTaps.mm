@@ -26,6 +26,11 @@ public:
         if (!port_)
             return;
         source_ = CFHandle{CFMachPortCreateRunLoopSource(nullptr, port_.get(), 0)};
+        // The system may have taken the port back already.
+        if (!source_) {
+            port_ = {};
+            return;
+        }
         CFRunLoopAddSource(CFRunLoopGetMain(), source_.get(), kCFRunLoopCommonModes);
         // The system hands a new tap out enabled.
         CGEventTapEnable(port_.get(), false);

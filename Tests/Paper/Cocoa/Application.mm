@@ -24,6 +24,11 @@ std::vector<std::string>& escaped() {
     return all;
 }
 
+bool& activationIsRefused() {
+    static bool isRefused = false;
+    return isRefused;
+}
+
 NSScreen* make(const paper::Display& display) {
     NSScreen* const screen = [[NSScreen alloc] init];
     screen.frame = display.frame;
@@ -66,6 +71,8 @@ uint32_t CGDisplayUnitNumber(CGDirectDisplayID display) {
 
 - (void)activateIgnoringOtherApps:(BOOL)ignoresOthers {
     static_cast<void>(ignoresOthers);
+    if (!activationIsRefused())
+        self.paperIsActive = YES;
     paper::requests().emplace_back("activate");
 }
 
@@ -108,6 +115,23 @@ void plug(const std::vector<Display>& displays) {
         [NSNotificationCenter.defaultCenter
             paperPost:NSApplicationDidChangeScreenParametersNotification
              userInfo:nil];
+        drain();
+    }
+}
+
+void refuseActivation(bool refuses) {
+    activationIsRefused() = refuses;
+}
+
+void reopen() {
+    @autoreleasepool {
+        NSApplication* const application = NSApplication.sharedApplication;
+        const id<NSApplicationDelegate> delegate = application.delegate;
+        guarded("reopen", [&] {
+            if ([delegate respondsToSelector:@selector(applicationShouldHandleReopen:
+                                                                   hasVisibleWindows:)])
+                [delegate applicationShouldHandleReopen:application hasVisibleWindows:NO];
+        });
         drain();
     }
 }

@@ -57,6 +57,7 @@
 @end
 
 @interface NSRunningApplication ()
+@property(readwrite, getter=isTerminated) BOOL terminated;
 @property(readwrite, getter=isActive) BOOL active;
 @property(readwrite) NSApplicationActivationPolicy activationPolicy;
 @property(readwrite, copy) NSString* localizedName;
@@ -96,6 +97,8 @@
 @property(readwrite, getter=isMiniaturized) BOOL miniaturized;
 @property NSWindowStyleMask paperStyle;
 @property BOOL paperIsKey;
+/// Lies behind the windows of the program in front.
+@property BOOL paperIsBehind;
 - (BOOL)paperIsTitled;
 @end
 
@@ -150,6 +153,7 @@
 @property(readwrite, strong) NSEvent* currentEvent;
 @property NSApplicationActivationPolicy paperPolicy;
 @property BOOL paperIsTerminated;
+@property BOOL paperIsActive;
 
 @end
 
@@ -186,6 +190,9 @@ inline constexpr double frameInterval = 1.0 / 60;
 void serveFrame();
 [[nodiscard]] double nextAnimationStep();
 void stepAnimations();
+
+/// Tells the dispatch sources what happened to their files.
+void serveSources();
 
 /// Runs one queued block of each background queue that is not held up.
 void runBackgroundQueues();

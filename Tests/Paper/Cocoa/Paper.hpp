@@ -56,6 +56,14 @@ struct App {
 NSRunningApplication* run(const App& app);
 NSRunningApplication* launch(const App& app);
 void quit(int processIdentifier);
+/// Ends and says so while the workspace still lists it.
+void quitButStayListed(int processIdentifier);
+/// The user hides all programs but the one in front.
+void hideOthers();
+/// The system grants no activation, as from version 14 on it need not.
+void refuseActivation(bool refuses);
+/// The user opens the program that runs already.
+void reopen();
 /// Found by the workspace without running.
 void install(const App& app);
 /// What the program asked of the system, in order: "open /Applications/Notes.app".
@@ -66,6 +74,8 @@ void movePointer(NSPoint to);
 void press(bool control = false);
 void release();
 void rightPress();
+/// The user drags a slider to this value and lets go.
+void dragSlider(NSSlider* slider, double value);
 void click(NSPoint at, bool control = false);
 /// The button goes up where no window hears of it.
 void loseRelease();
@@ -121,8 +131,6 @@ void allowTaps(bool allows);
 void setHome(const std::string& path);
 [[nodiscard]] const std::string& home();
 [[nodiscard]] std::size_t fileWatches();
-/// To each watch.
-void announceFileEvent(unsigned long flags);
 /// What is pinned in Apple's Dock: property list objects.
 void setPersistentApps(id list);
 /// A tile of that list.

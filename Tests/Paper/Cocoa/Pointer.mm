@@ -264,6 +264,17 @@ void rightPress() {
     }
 }
 
+void dragSlider(NSSlider* slider, double value) {
+    pointer().buttons = 1;
+    NSApplication.sharedApplication.currentEvent =
+        makeEvent(NSEventTypeLeftMouseDragged, slider.window);
+    slider.doubleValue = value;
+    [slider paperAct];
+    pointer().buttons = 0;
+    NSApplication.sharedApplication.currentEvent = makeEvent(leftMouseUp, slider.window);
+    [slider paperAct];
+}
+
 void click(NSPoint at, bool control) {
     movePointer(at);
     press(control);

@@ -150,24 +150,7 @@ bool runOne(std::deque<Block>& queue) {
 @implementation PaperQueue
 @end
 
-// Documented: handlers run on the source's queue; the cancel handler runs once, after which no
-// event comes; a source is created suspended.
-@interface PaperSource : NSObject <OS_dispatch_source>
-@property(copy) dispatch_block_t onEvent;
-@property(copy) dispatch_block_t onCancel;
-@property uintptr_t data;
-@property BOOL isCancelled;
-@end
-
-@implementation PaperSource
-@end
-
 namespace {
-
-std::vector<PaperSource*>& sources() {
-    static auto& all = *new std::vector<PaperSource*>;
-    return all;
-}
 
 PaperQueue* makeQueue(BOOL isMain) {
     PaperQueue* const queue = [[PaperQueue alloc] init];
@@ -178,8 +161,6 @@ PaperQueue* makeQueue(BOOL isMain) {
 }
 
 extern "C" {
-
-const struct dispatch_source_type_s _dispatch_source_type_vnode{1};
 
 dispatch_queue_t dispatch_get_main_queue(void) {
     static PaperQueue* const queue = makeQueue(YES);
@@ -201,37 +182,11 @@ void dispatch_async(dispatch_queue_t queue, dispatch_block_t block) {
     (known.isMain ? loop().mainQueue : loop().background).push_back(block);
 }
 
-dispatch_source_t dispatch_source_create(dispatch_source_type_t, uintptr_t, uintptr_t,
-                                         dispatch_queue_t) {
-    return [[PaperSource alloc] init];
-}
-
-void dispatch_source_set_event_handler(dispatch_source_t source, dispatch_block_t handler) {
-    static_cast<PaperSource*>(source).onEvent = handler;
-}
-
-void dispatch_source_set_cancel_handler(dispatch_source_t source, dispatch_block_t handler) {
-    static_cast<PaperSource*>(source).onCancel = handler;
-}
-
-uintptr_t dispatch_source_get_data(dispatch_source_t source) {
-    return static_cast<PaperSource*>(source).data;
-}
-
-void dispatch_resume(dispatch_object_t source) {
-    sources().push_back(static_cast<PaperSource*>(source));
-}
-
-void dispatch_source_cancel(dispatch_source_t source) {
-    auto* const cancelled = static_cast<PaperSource*>(source);
-    if (cancelled.isCancelled)
-        return;
-    cancelled.isCancelled = YES;
-    cancelled.onEvent = nil;
-    std::erase(sources(), cancelled);
-    if (const dispatch_block_t handler = cancelled.onCancel; handler != nil)
-        loop().mainQueue.push_back(handler);
-    cancelled.onCancel = nil;
+// Passes virtual time, as everything here does.
+int32_t CFRunLoopRunInMode(CFRunLoopMode, double seconds, Boolean) {
+    constexpr int32_t timedOut = 3;
+    paper::advance(seconds);
+    return timedOut;
 }
 }
 
@@ -258,6 +213,7 @@ void runBackgroundQueues() {
 }
 
 void drain() {
+    serveSources();
     constexpr int endless = 10000;
     for (int turn = 0; turn < endless; ++turn) {
         if (runOne(loop().performed) || runOne(loop().mainQueue))
@@ -288,20 +244,6 @@ void advance(double seconds) {
         }
     }
     loop().now = std::max(loop().now, end);
-}
-
-std::size_t fileWatches() {
-    return sources().size();
-}
-
-void announceFileEvent(unsigned long flags) {
-    const auto all = sources();
-    for (PaperSource* const source : all) {
-        source.data = flags;
-        if (const dispatch_block_t handler = source.onEvent; handler != nil)
-            guarded("file event", [&] { handler(); });
-    }
-    drain();
 }
 
 }

@@ -47,6 +47,7 @@ NSWindow* keyWindow() {
     self.opaque = YES;
     self.hasShadow = YES;
     self.movable = YES;
+    self.canHide = YES;
     self.contentView = [[NSView alloc] initWithFrame:{{0, 0}, content.size}];
     allWindows().push_back(self);
     return self;
@@ -157,6 +158,7 @@ NSWindow* keyWindow() {
     const auto behind =
         std::ranges::find_if(order, [&](NSWindow* window) { return window.level <= me.level; });
     order.insert(behind, me);
+    self.paperIsBehind = NO;
     self.visible = YES;
 }
 
@@ -172,6 +174,8 @@ NSWindow* keyWindow() {
     static_cast<void>(sender);
     self.miniaturized = NO;
     [self orderFrontRegardless];
+    // Documented: of a program that is not active, behind the windows of the one that is.
+    self.paperIsBehind = !NSApplication.sharedApplication.paperIsActive;
     if (!self.canBecomeKeyWindow)
         return;
     keyWindow().paperIsKey = NO;
@@ -339,6 +343,13 @@ NSWindow* windowTitled(const std::string& beginning) {
         if (window != nil && window.title != nil && window.title.paperText.starts_with(beginning))
             return window;
     return nil;
+}
+
+void hideOthers() {
+    const auto windows = orderedWindows();
+    for (NSWindow* const window : windows)
+        if (window.canHide)
+            [window orderOut:nil];
 }
 
 void display() {

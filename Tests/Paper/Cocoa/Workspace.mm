@@ -224,6 +224,16 @@ void quit(int processIdentifier) {
     }
 }
 
+void quitButStayListed(int processIdentifier) {
+    @autoreleasepool {
+        NSRunningApplication* const app =
+            [NSRunningApplication runningApplicationWithProcessIdentifier:processIdentifier];
+        app.terminated = YES;
+        announce(NSWorkspaceDidTerminateApplicationNotification, app);
+        drain();
+    }
+}
+
 bool reducesMotion() {
     return motionIsReduced();
 }

@@ -161,6 +161,24 @@ TEST_F(Tiles, OfTheTrashTakeFiles) {
     EXPECT_TRUE(logHas("trashed letter.txt"));
 }
 
+TEST_F(Tiles, OfTheTrashHoldNothingUpWhileItIsSlow) {
+    const std::string file = home() + "/letter.txt";
+    std::ofstream{file} << "Dear";
+    runProgram([&] {
+        NSWindow* const dock = dockOn(2);
+        paper::holdBackground(true);
+        paper::beginFileDrag({file}, NSDragOperationGeneric);
+        paper::movePointer(centreOf(tileNamed(dock, "Trash")));
+        EXPECT_TRUE(paper::dropFiles());
+        paper::advance(0.5);
+        EXPECT_TRUE(std::ifstream{file}.good());
+        paper::holdBackground(false);
+        paper::advance(0.5);
+        EXPECT_FALSE(std::ifstream{file}.good());
+    });
+    EXPECT_TRUE(logHas("trashed letter.txt"));
+}
+
 TEST_F(Tiles, GrowUnderThePointerAndShrinkAgain) {
     writePreferences(R"({"onboardingCompleted": true, "magnificationEnabled": true})");
     runProgram([] {

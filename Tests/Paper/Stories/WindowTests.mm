@@ -50,6 +50,54 @@ TEST_F(OwnWindows, OfSettingsAreOneWindowHoweverOftenTheyAreOpened) {
     });
 }
 
+TEST_F(OwnWindows, ComeToTheFrontWhenActivationIsRefused) {
+    paper::refuseActivation(true);
+    runProgram([] { EXPECT_FALSE(openSettings().paperIsBehind); });
+}
+
+TEST_F(OwnWindows, ComeToTheDesktopThatIsShownAlsoOverAFullScreen) {
+    runProgram([] {
+        EXPECT_EQ(openSettings().collectionBehavior,
+                  NSWindowCollectionBehaviorMoveToActiveSpace |
+                      NSWindowCollectionBehaviorFullScreenAuxiliary);
+    });
+}
+
+TEST_F(OwnWindows, OfSettingsOpenWhenTheProgramIsOpenedAgain) {
+    runProgram([] {
+        paper::reopen();
+        EXPECT_TRUE(paper::windowTitled("Vireline Settings").visible);
+    });
+}
+
+TEST_F(OwnWindows, HaveSlidersThatComeToRestOnAStep) {
+    runProgram([this] {
+        NSSlider* const slider = controlNamed(openSettings(), "Icon size");
+        ASSERT_NE(slider, nil);
+        paper::dragSlider(slider, 51.776);
+        EXPECT_DOUBLE_EQ(slider.doubleValue, 52);
+        EXPECT_NE(preferences().find("\"iconSize\": 52"), std::string::npos) << preferences();
+        // A small move that ends on the same step.
+        paper::dragSlider(slider, 52.2);
+        EXPECT_DOUBLE_EQ(slider.doubleValue, 52);
+    });
+}
+
+TEST_F(OwnWindows, HaveSlidersThatAssistiveTechnologyMovesByWholeSteps) {
+    runProgram([] {
+        NSSlider* const slider = controlNamed(openSettings(), "Icon size");
+        ASSERT_NE(slider, nil);
+        // The last event is a press on a dock: an increment by assistive technology comes without
+        // one.
+        paper::movePointer({2400, 30});
+        paper::press();
+        paper::loseRelease();
+        slider.doubleValue = 51.4;
+        [slider paperAct];
+        EXPECT_DOUBLE_EQ(slider.doubleValue, 51);
+    });
+}
+
 TEST_F(OwnWindows, OfTheTourComeAtTheFirstStartAndNeverAgain) {
     writePreferences("{}");
     runProgram([] {
@@ -128,41 +176,35 @@ TEST_F(ForeignWindows, FillTheDisplayOnADoubleClick) {
     EXPECT_TRUE(logHas("fill pid 502 on #2: ok"));
 }
 
-class Anchor : public OwnWindows {
-protected:
-    Anchor() { writePreferences(R"({"onboardingCompleted": true, "anchorAppleDock": true})"); }
-};
-
-TEST_F(Anchor, AsksForThePermissionAndStartsOnceItIsGranted) {
-    runProgram([] {
-        EXPECT_EQ(paper::enabledTaps(), 0U);
-        paper::setTrusted(true);
-        paper::advance(5);
-        EXPECT_EQ(paper::enabledTaps(), 1U);
-    });
-    EXPECT_TRUE(logHas("anchor guard: requested Accessibility permission"));
-    EXPECT_TRUE(logHas("anchor guard active, 2 zones"));
-}
-
-TEST_F(Anchor, KeepsThePointerAboveTheBottomOfADockedDisplay) {
-    paper::setTrusted(true);
-    runProgram([] {
-        paper::movePointer({2000, 0});
-        EXPECT_DOUBLE_EQ(NSEvent.mouseLocation.y, 3);
-        paper::movePointer({2000, 500});
-        EXPECT_DOUBLE_EQ(NSEvent.mouseLocation.y, 500);
-        paper::movePointer({700, 0});
-        EXPECT_DOUBLE_EQ(NSEvent.mouseLocation.y, 0);
+TEST_F(ForeignWindows, OfAProgramThatHangsHoldTheDocksUpOnce) {
+    writePreferences(R"({"onboardingCompleted": true, "summonOnClick": true})");
+    const paper::App mail = makeApp("Mail", 502);
+    runProgram([&] {
+        paper::launch(mail);
+        paper::foreignApps()[502].isHung = true;
+        const NSPoint at = centreOf(tileNamed(dockOn(2), "Mail"));
+        const double before = paper::now();
+        paper::click(at);
+        paper::advance(1);
+        paper::click(at);
+        paper::advance(1);
+        // Two clicks and two seconds of waiting, and one question that timed out.
+        EXPECT_EQ(paper::foreignApps()[502].questions, 1);
+        EXPECT_NEAR(paper::now() - before, 2.5, 0.01);
     });
 }
 
-TEST_F(Anchor, EndsWithTheSwitch) {
-    paper::setTrusted(true);
-    runProgram([] {
-        switchOn(controlNamed(openSettings(), "Keep Apple's Dock on its own display"), false);
-        EXPECT_EQ(paper::enabledTaps(), 0U);
-        paper::movePointer({2000, 0});
-        EXPECT_DOUBLE_EQ(NSEvent.mouseLocation.y, 0);
+TEST_F(ForeignWindows, OfAProgramThatHangsAreNotAskedForAllTheTimeWhileTheyAreToFill) {
+    writePreferences(R"({"onboardingCompleted": true, "fillOnDoubleClick": true})");
+    const paper::App mail = makeApp("Mail", 502);
+    runProgram([&] {
+        paper::launch(mail);
+        paper::foreignApps()[502].isHung = true;
+        const NSPoint at = centreOf(tileNamed(dockOn(2), "Mail"));
+        paper::click(at);
+        paper::click(at);
+        paper::advance(20);
+        EXPECT_LE(paper::foreignApps()[502].questions, 4);
     });
 }
 

@@ -7,9 +7,12 @@
 
 NS_ASSUME_NONNULL_BEGIN
 
+@class NSApplication;
+
 @protocol NSApplicationDelegate <NSObject>
 @optional
 - (void)applicationDidFinishLaunching:(NSNotification*)notification;
+- (BOOL)applicationShouldHandleReopen:(NSApplication*)sender hasVisibleWindows:(BOOL)flag;
 @end
 
 @interface NSApplication : NSResponder

@@ -14,7 +14,7 @@ typedef NS_ENUM(NSUInteger, NSControlSize) { NSControlSizeSmall = 1 };
 @interface NSControl : NSView
 @property (nullable, weak) id target;
 @property (nullable) SEL action;
-@property (nullable, strong) NSFont* font;
+@property (nullable, copy) NSFont* font;
 @property NSTextAlignment alignment;
 @property NSLineBreakMode lineBreakMode API_AVAILABLE(macos(10.10));
 @property BOOL usesSingleLineMode API_AVAILABLE(macos(10.10));

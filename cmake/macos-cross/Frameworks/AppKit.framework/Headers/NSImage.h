@@ -1,12 +1,21 @@
 #pragma once
 
+#include <TargetConditionals.h>
+
 #import <AppKit/AppKitDefines.h>
 
 NS_ASSUME_NONNULL_BEGIN
 
 typedef NSString* NSImageName;
 
-typedef NS_ENUM(NSInteger, NSImageResizingMode) { NSImageResizingModeStretch = 0 };
+// The two modes changed places on Apple silicon.
+typedef NS_ENUM(NSInteger, NSImageResizingMode) {
+#if TARGET_CPU_ARM64
+    NSImageResizingModeStretch = 1
+#else
+    NSImageResizingModeStretch = 0
+#endif
+};
 
 @interface NSImage : NSObject <NSCopying>
 @property NSSize size;

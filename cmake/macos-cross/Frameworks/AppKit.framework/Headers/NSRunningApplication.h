@@ -10,6 +10,7 @@ typedef NS_ENUM(NSInteger, NSApplicationActivationPolicy) {
 };
 
 @interface NSRunningApplication : NSObject
+@property (readonly, getter=isTerminated) BOOL terminated;
 @property (readonly, getter=isActive) BOOL active;
 @property (readonly) NSApplicationActivationPolicy activationPolicy;
 @property (nullable, readonly, copy) NSString* localizedName;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <TargetConditionals.h>
+
 #import <AppKit/AppKitDefines.h>
 
 typedef NS_ENUM(NSInteger, NSTextAlignment) {

@@ -46,6 +46,7 @@ typedef NS_ENUM(NSInteger, NSViewLayerContentsRedrawPolicy) {
 - (BOOL)acceptsFirstMouse:(nullable NSEvent*)event;
 - (CALayer*)makeBackingLayer;
 - (void)updateLayer API_AVAILABLE(macos(10.8));
+- (void)viewDidMoveToWindow;
 - (void)viewDidChangeEffectiveAppearance API_AVAILABLE(macos(10.14));
 - (void)viewDidChangeBackingProperties API_AVAILABLE(macos(10.7));
 - (void)addTrackingArea:(NSTrackingArea*)trackingArea;

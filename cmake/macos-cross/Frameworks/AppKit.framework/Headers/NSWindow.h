@@ -18,6 +18,7 @@ typedef NS_OPTIONS(NSUInteger, NSWindowStyleMask) {
 
 typedef NS_OPTIONS(NSUInteger, NSWindowCollectionBehavior) {
     NSWindowCollectionBehaviorCanJoinAllSpaces = 1 << 0,
+    NSWindowCollectionBehaviorMoveToActiveSpace = 1 << 1,
     NSWindowCollectionBehaviorStationary = 1 << 4,
     NSWindowCollectionBehaviorFullScreenAuxiliary = 1 << 8
 };
@@ -32,6 +33,7 @@ static const NSWindowLevel NSFloatingWindowLevel = 3;
 @property NSWindowLevel level;
 @property NSWindowCollectionBehavior collectionBehavior API_AVAILABLE(macos(10.5));
 @property BOOL hidesOnDeactivate;
+@property BOOL canHide;
 @property (getter=isOpaque) BOOL opaque;
 @property (null_resettable, copy) NSColor* backgroundColor;
 @property (getter=isMovable) BOOL movable API_AVAILABLE(macos(10.6));
