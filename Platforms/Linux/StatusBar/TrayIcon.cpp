@@ -133,9 +133,11 @@ void TrayIcon::handle(const xcb_generic_event_t& event) {
         paint();
         break;
     }
+    case XCB_BUTTON_PRESS:
+        buttonPressed(reinterpret_cast<const xcb_button_press_event_t&>(event));
+        break;
     case XCB_BUTTON_RELEASE:
-        if (reinterpret_cast<const xcb_button_release_event_t&>(event).event == window_)
-            callbacks_.pressed();
+        buttonReleased(reinterpret_cast<const xcb_button_release_event_t&>(event));
         break;
     case XCB_DESTROY_NOTIFY:
         // A tray that ends may take its icons along.
@@ -145,6 +147,28 @@ void TrayIcon::handle(const xcb_generic_event_t& event) {
     default:
         break;
     }
+}
+
+/// A second button that joins in ends the click, as it does with a button of a toolkit.
+void TrayIcon::buttonPressed(const xcb_button_press_event_t& press) {
+    if (press.event != window_)
+        return;
+    constexpr unsigned int anyButton = XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3;
+    const bool isAlone = (press.state & anyButton) == 0;
+    const bool clicks = press.detail == XCB_BUTTON_INDEX_1 || press.detail == XCB_BUTTON_INDEX_3;
+    pressed_ = isAlone && clicks ? std::optional{press.detail} : std::nullopt;
+}
+
+void TrayIcon::buttonReleased(const xcb_button_release_event_t& release) {
+    if (release.event != window_ || pressed_ != release.detail)
+        return;
+    pressed_.reset();
+    const bool isOnIcon = release.same_screen != 0 && release.event_x >= 0 &&
+                          release.event_x < width_ && release.event_y >= 0 &&
+                          release.event_y < height_;
+    // The last statement: a click may end the icon.
+    if (isOnIcon)
+        callbacks_.clicked();
 }
 
 void TrayIcon::paint() {

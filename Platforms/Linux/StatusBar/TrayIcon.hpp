@@ -9,6 +9,7 @@
 #include <QColor>
 #include <QImage>
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace vireline::x11 {
@@ -20,8 +21,9 @@ public:
     struct Callbacks {
         /// The icon's shape in a colour, as a square of this many pixels.
         std::function<QImage(int side, const QColor& colour)> picture;
-        /// The user pressed it.
-        std::function<void()> pressed;
+        /// The user clicked it with the primary or the secondary button: pressed and released it
+        /// there.
+        std::function<void()> clicked;
     };
 
     /// Asks the tray, given by its manager's window, to dock it.
@@ -37,6 +39,8 @@ private:
     void create(const std::string& name);
     void dock();
     void handle(const xcb_generic_event_t& event);
+    void buttonPressed(const xcb_button_press_event_t& press);
+    void buttonReleased(const xcb_button_release_event_t& release);
     void paint();
     [[nodiscard]] QImage ground() const;
     [[nodiscard]] QColor colourOn(const QImage& ground) const;
@@ -52,6 +56,9 @@ private:
     std::uint8_t depth_ = 0;
     int width_ = 0;
     int height_ = 0;
+    /// The one button held down since it was pressed on the icon; nothing if a click is not under
+    /// way.
+    std::optional<xcb_button_t> pressed_;
     Subscription events_;
 };
 

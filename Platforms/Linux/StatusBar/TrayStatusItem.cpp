@@ -70,7 +70,7 @@ void TrayStatusItem::makeTrayIcon() {
                                 [this](int side, const QColor& colour) {
                                     return context_.symbols.image(symbol_.name, side, colour);
                                 },
-                            .pressed = [this] { popUpMenu(); }});
+                            .clicked = [this] { popUpMenu(); }});
 }
 
 void TrayStatusItem::popUpMenu() {
