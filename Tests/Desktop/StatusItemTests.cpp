@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <csignal>
 #include <filesystem>
+#include <utility>
 
 namespace vireline::desktop {
 namespace {
@@ -113,11 +114,13 @@ TEST_F(StatusItem, ShowsTheStartAtLoginAsItIsAtEachOpening) {
     ASSERT_TRUE(isRegistered(host));
     ASSERT_EQ(host.openMenu(), menuWithLogin(false));
 
-    writeFile(autostartEntry(),
-              "[Desktop Entry]\nType=Application\nName=Mine\nExec=vireline --mine\n");
+    const std::string entry = "[Desktop Entry]\nType=Application\nName=Mine\nExec=";
+    const std::string program = testedPrograms().vireline.string();
+    writeFile(autostartEntry(), entry + program + " --mine\n");
     EXPECT_EQ(host.openMenu(), menuWithLogin(true));
-    writeFile(autostartEntry(), "[Desktop Entry]\nType=Application\nName=Mine\nExec=vireline "
-                                "--mine\nX-GNOME-Autostart-enabled=false\n");
+    writeFile(autostartEntry(), entry + program + " --mine\nX-GNOME-Autostart-enabled=false\n");
+    EXPECT_EQ(host.openMenu(), menuWithLogin(false));
+    writeFile(autostartEntry(), entry + "/deleted/vireline --mine\n");
     EXPECT_EQ(host.openMenu(), menuWithLogin(false));
     fs::remove(autostartEntry());
     EXPECT_EQ(host.openMenu(), menuWithLogin(false));
@@ -163,8 +166,9 @@ TEST_F(StatusItem, KeepsWhatTheUserWroteIntoTheAutostartEntry) {
     runWith();
     const auto host = desktop().startNotifierHost();
     ASSERT_TRUE(isRegistered(host));
-    writeFile(autostartEntry(), "# mine\n[Desktop Entry]\nType=Application\nName=Mine\n"
-                                "Exec=vireline --mine\n");
+    const std::string program = testedPrograms().vireline.string();
+    writeFile(autostartEntry(), "# mine\n[Desktop Entry]\nType=Application\nName=Mine\nExec=" +
+                                    program + " --mine\n");
 
     host.choose("Launch at Login");
     EXPECT_TRUE(logs("login item unregistered"));
@@ -175,7 +179,7 @@ TEST_F(StatusItem, KeepsWhatTheUserWroteIntoTheAutostartEntry) {
     EXPECT_EQ(host.openMenu(), menuWithLogin(true));
     const auto entry = readFile(autostartEntry());
     EXPECT_TRUE(entry.contains("# mine")) << entry;
-    EXPECT_TRUE(entry.contains("Exec=vireline --mine")) << entry;
+    EXPECT_TRUE(entry.contains("Exec=" + program + " --mine")) << entry;
 }
 
 TEST_F(StatusItem, SaysWhyTheStartAtLoginCannotBeSwitched) {
@@ -232,6 +236,31 @@ TEST_F(StatusItem, IsInTheTrayWhereThereIsNoHost) {
     choose(desktop().docks().menus().front(), menuEntryCount - 1, menuEntryCount);
     EXPECT_EQ(desktop().vireline().waitForExit(), 0);
     EXPECT_TRUE(trayHasIcon(false));
+}
+
+TEST_F(StatusItem, OpensItsMenuInTheTrayForAClickAlone) {
+    runWith();
+    startTray();
+    ASSERT_TRUE(trayHasIcon(true));
+    ASSERT_TRUE(docksSettle(twoTiles));
+    const auto pointer = desktop().pointer();
+    const PixelPoint icon = trayIconFrame().center();
+    const PixelPoint elsewhere = desktop().monitor("left").frame.center();
+
+    for (const auto button :
+         {Pointer::Button::wheelUp, Pointer::Button::wheelDown, Pointer::Button::middle})
+        pointer.click(icon, button);
+    for (const auto& [from, to] : {std::pair{icon, elsewhere}, std::pair{elsewhere, icon}}) {
+        pointer.moveTo(from);
+        pointer.press(Pointer::Button::primary);
+        pointer.moveTo(to);
+        pointer.release(Pointer::Button::primary);
+    }
+
+    // A menu would take this click for its own.
+    pointer.click(layout("right", twoTiles).icon(0));
+    EXPECT_TRUE(logs("click launch " + apps[0].id));
+    EXPECT_TRUE(desktop().docks().menus().empty());
 }
 
 TEST_F(StatusItem, StandsOutFromTheTray) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace vireline::x11 {
@@ -133,6 +135,32 @@ TEST(AutostartEntry, IsNotSwitchedOnWhenItRepeatsItselfWithoutEnd) {
 TEST(AutostartEntry, SwitchedOnLeavesOneAloneThatAlreadyIs) {
     EXPECT_EQ(AutostartEntry::enabled(entry("OnlyShowIn=GNOME;\n"), gnome()),
               entry("OnlyShowIn=GNOME;\n"));
+}
+
+TEST(AutostartEntry, NeedsItsProgramAndTheOneThatItAsksFor) {
+    EXPECT_EQ(AutostartEntry::neededPrograms(entry()), Names{"vireline"});
+    EXPECT_EQ(AutostartEntry::neededPrograms(entry("TryExec=/opt/v\n")),
+              (Names{"vireline", "/opt/v"}));
+    EXPECT_EQ(AutostartEntry::neededPrograms(AutostartEntry::make("/home/a b/100%/vireline")),
+              Names{"/home/a b/100%/vireline"});
+    EXPECT_EQ(AutostartEntry::neededPrograms("rubbish"), Names{});
+}
+
+TEST(AutostartEntry, StartsTheProgramFromItsNewPlaceWithTheSameArguments) {
+    for (const auto& [before, after] : std::vector<std::pair<std::string, std::string>>{
+             {"vireline --mine", "/new/vireline --mine"},
+             {"/old/vireline", "/new/vireline"},
+             {R"("/old place/vireline" --mine "two words")", R"(/new/vireline --mine "two words")"},
+             {"/old/another --theirs", "/new/vireline"}}) {
+        const auto moved = AutostartEntry::withProgram(
+            "# mine\n[Desktop Entry]\nType=Application\nExec=" + before + "\nX-Other=7\n",
+            "/new/vireline");
+        EXPECT_EQ(moved,
+                  "# mine\n[Desktop Entry]\nType=Application\nExec=" + after + "\nX-Other=7\n");
+    }
+    const auto tried = AutostartEntry::withProgram(entry("TryExec=/old/vireline\n"), "/new/v");
+    EXPECT_TRUE(tried && tried->contains("\nTryExec=/new/v\n"));
+    EXPECT_FALSE(AutostartEntry::withProgram("rubbish", "/new/vireline"));
 }
 
 TEST(AutostartEntry, HiddenKeepsEverythingElse) {

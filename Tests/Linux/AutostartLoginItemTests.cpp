@@ -9,6 +9,8 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <fstream>
+#include <string>
 
 namespace vireline::x11 {
 namespace {
@@ -16,7 +18,8 @@ namespace {
 namespace fs = std::filesystem;
 using Status = LoginItemService::Status;
 
-constexpr const char* edited = "[Desktop Entry]\nType=Application\nName=Mine\nExec=mine\n";
+/// Starts a program of the user's own, which exists.
+constexpr const char* edited = "[Desktop Entry]\nType=Application\nName=Mine\nExec=sh -c mine\n";
 
 class AutostartLoginItemTest : public testing::Test {
 protected:
@@ -28,11 +31,21 @@ protected:
         ASSERT_TRUE(fileSystem.writeAtomically(entry, text));
     }
 
+    /// A file that can be started.
+    static std::string program(const fs::path& path) {
+        fs::create_directories(path.parent_path());
+        std::ofstream{path} << "#!/bin/sh\n";
+        fs::permissions(path, fs::perms::owner_all | fs::perms::group_exec |
+                                  fs::perms::others_exec | fs::perms::others_read);
+        return path.string();
+    }
+
     test::TemporaryFolder temporary;
     PosixFileSystem fileSystem;
     FileURL configHome = test::urlOf(temporary.path()).appending("config");
     FileURL entry = configHome.appending("autostart/vireline.desktop");
-    AutostartLoginItem item{fileSystem, {configHome, "/opt/vireline", {"XFCE"}}};
+    const std::string ours = program(temporary.path() / "bin/vireline");
+    AutostartLoginItem item{fileSystem, {configHome, ours, {"XFCE"}}};
 };
 
 TEST_F(AutostartLoginItemTest, IsNotRegisteredWithoutAnEntry) {
@@ -43,7 +56,7 @@ TEST_F(AutostartLoginItemTest, IsRegisteredByAnEntryInAFolderThatIsMadeForIt) {
     ASSERT_TRUE(item.registerItem());
 
     EXPECT_EQ(item.status(), Status::enabled);
-    EXPECT_EQ(content(), AutostartEntry::make("/opt/vireline"));
+    EXPECT_EQ(content(), AutostartEntry::make(ours));
 }
 
 TEST_F(AutostartLoginItemTest, IsUnregisteredByTheEntrysRemoval) {
@@ -62,7 +75,7 @@ TEST_F(AutostartLoginItemTest, WaitsForApprovalWhileAnEntryIsSwitchedOff) {
     ASSERT_TRUE(item.registerItem());
 
     EXPECT_EQ(item.status(), Status::enabled);
-    EXPECT_TRUE(content().contains("Exec=mine"));
+    EXPECT_TRUE(content().contains("Exec=sh -c mine"));
 }
 
 TEST_F(AutostartLoginItemTest, HidesAnEntryThatItsUserEdited) {
@@ -72,7 +85,38 @@ TEST_F(AutostartLoginItemTest, HidesAnEntryThatItsUserEdited) {
     ASSERT_TRUE(item.unregisterItem());
 
     EXPECT_EQ(item.status(), Status::requiresApproval);
-    EXPECT_TRUE(content().contains("Exec=mine"));
+    EXPECT_TRUE(content().contains("Exec=sh -c mine"));
+}
+
+TEST_F(AutostartLoginItemTest, IsOffWhileTheEntrysProgramIsNotThere) {
+    const auto old = program(temporary.path() / "old/vireline");
+    put(AutostartEntry::make(old));
+    EXPECT_EQ(item.status(), Status::enabled);
+    fs::remove(old);
+    EXPECT_EQ(item.status(), Status::requiresApproval);
+
+    ASSERT_TRUE(item.registerItem());
+
+    EXPECT_EQ(item.status(), Status::enabled);
+    EXPECT_EQ(content(), AutostartEntry::make(ours));
+}
+
+TEST_F(AutostartLoginItemTest, IsOffWhileTheProgramThatTheEntryAsksForIsNotThere) {
+    put(std::string{edited} + "TryExec=/no/such/program\n");
+    EXPECT_EQ(item.status(), Status::requiresApproval);
+
+    ASSERT_TRUE(item.registerItem());
+
+    EXPECT_EQ(item.status(), Status::enabled);
+}
+
+TEST_F(AutostartLoginItemTest, SwitchedOnStartsThisProgramFromWhereItIsNow) {
+    const auto old = program(temporary.path() / "old/vireline");
+    put("[Desktop Entry]\nType=Application\nExec=" + old + " --mine\nHidden=true\n");
+
+    ASSERT_TRUE(item.registerItem());
+
+    EXPECT_EQ(content(), "[Desktop Entry]\nType=Application\nExec=" + ours + " --mine\n");
 }
 
 TEST_F(AutostartLoginItemTest, NeverOverwritesWhatIsNoEntry) {

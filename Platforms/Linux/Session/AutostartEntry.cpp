@@ -1,9 +1,13 @@
 #include "Session/AutostartEntry.hpp"
 
+#include "Applications/Entries/AppCommand.hpp"
+#include "Applications/Identity/PlainText.hpp"
 #include "GLib/GLibHandles.hpp"
 
 #include <algorithm>
+#include <cstddef>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace vireline::x11::AutostartEntry {
@@ -14,6 +18,7 @@ constexpr const char* hiddenKey = G_KEY_FILE_DESKTOP_KEY_HIDDEN;
 constexpr const char* onlyShowInKey = G_KEY_FILE_DESKTOP_KEY_ONLY_SHOW_IN;
 constexpr const char* notShowInKey = G_KEY_FILE_DESKTOP_KEY_NOT_SHOW_IN;
 constexpr const char* execKey = G_KEY_FILE_DESKTOP_KEY_EXEC;
+constexpr const char* tryExecKey = G_KEY_FILE_DESKTOP_KEY_TRY_EXEC;
 /// GNOME's own switch, which other desktops heed, too.
 constexpr const char* switchKey = "X-GNOME-Autostart-enabled";
 
@@ -152,6 +157,25 @@ std::string quoted(const std::string& path) {
     return text + '"';
 }
 
+std::string withoutDoubledPercents(std::string word) {
+    for (auto at = word.find("%%"); at != std::string::npos; at = word.find("%%", at + 1))
+        word.erase(at, 1);
+    return word;
+}
+
+/// In bytes, quotes and blanks before it included.
+std::size_t lengthOfFirstWord(std::string_view command) {
+    std::size_t at = std::min(command.find_first_not_of(' '), command.size());
+    bool isQuoted = false;
+    for (; at < command.size() && (isQuoted || command[at] != ' '); ++at) {
+        if (command[at] == '"')
+            isQuoted = !isQuoted;
+        else if (command[at] == '\\' && at + 1 < command.size())
+            ++at;
+    }
+    return at;
+}
+
 }
 
 std::string make(const std::string& programPath) {
@@ -192,6 +216,33 @@ std::optional<std::string> enabled(const std::string& text,
             return edited;
     }
     return std::nullopt;
+}
+
+std::vector<std::string> neededPrograms(const std::string& text) {
+    const KeyFile file = parse(text);
+    if (!isValid(file.get()))
+        return {};
+    std::vector<std::string> programs;
+    const auto words = AppCommands::words(value(file.get(), execKey));
+    programs.push_back(words.empty() ? std::string{} : withoutDoubledPercents(words.front()));
+    if (auto tried = value(file.get(), tryExecKey); !tried.empty())
+        programs.push_back(std::move(tried));
+    return programs;
+}
+
+std::optional<std::string> withProgram(const std::string& text, const std::string& programPath) {
+    const KeyFile file = parse(text);
+    if (!isValid(file.get()))
+        return std::nullopt;
+    const std::string before = value(file.get(), execKey);
+    const auto words = AppCommands::words(before);
+    const bool isSameProgram =
+        !words.empty() && PlainText::baseName(words.front()) == PlainText::baseName(programPath);
+    const std::string arguments = isSameProgram ? before.substr(lengthOfFirstWord(before)) : "";
+    g_key_file_set_string(file.get(), group, execKey, (quoted(programPath) + arguments).c_str());
+    if (has(file.get(), tryExecKey))
+        g_key_file_set_string(file.get(), group, tryExecKey, programPath.c_str());
+    return textOf(file.get());
 }
 
 std::optional<std::string> hidden(const std::string& text) {

@@ -5,6 +5,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace vireline::x11::AutostartEntry {
 
@@ -25,6 +26,16 @@ namespace vireline::x11::AutostartEntry {
 /// is no valid entry, or is one that repeats itself without end.
 [[nodiscard]] std::optional<std::string> enabled(const std::string& text,
                                                  std::span<const std::string> desktopNames);
+
+/// The programs that have to be there for the entry to start anything, as words of a command line:
+/// the one that it starts, and the one that it asks for in TryExec. None for what is no valid
+/// entry.
+[[nodiscard]] std::vector<std::string> neededPrograms(const std::string& text);
+
+/// The same entry, starting the program at this absolute path. The arguments stay if it is only at
+/// another place than the one before. Nothing for what is no valid entry.
+[[nodiscard]] std::optional<std::string> withProgram(const std::string& text,
+                                                     const std::string& programPath);
 
 /// The same entry, hidden, which stands for deleted.
 [[nodiscard]] std::optional<std::string> hidden(const std::string& text);

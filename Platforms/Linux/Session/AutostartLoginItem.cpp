@@ -1,12 +1,16 @@
 #include "Session/AutostartLoginItem.hpp"
 
+#include "Applications/Identity/PlainText.hpp"
+#include "GLib/GLibHandles.hpp"
 #include "Session/AutostartEntry.hpp"
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <optional>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -18,6 +22,11 @@ constexpr std::size_t maximumBytes = std::size_t{256} * 1024;
 
 bool isBlank(const std::string& text) {
     return text.find_first_not_of(" \t\r\n") == std::string::npos;
+}
+
+/// Whether a word that names a program leads to one.
+bool isInstalled(const std::string& program) {
+    return GLibHandle<char, g_free>{g_find_program_in_path(program.c_str())} != nullptr;
 }
 
 PlatformError notAnEntry(const FileURL& file) {
@@ -33,8 +42,14 @@ AutostartLoginItem::AutostartLoginItem(FileSystem& fileSystem, Place place)
 
 std::string AutostartLoginItem::ownPath() {
     std::error_code failed;
-    const auto path = std::filesystem::read_symlink("/proc/self/exe", failed);
-    return failed ? std::string{"vireline"} : path.string();
+    auto path = std::filesystem::read_symlink("/proc/self/exe", failed).string();
+    if (failed)
+        return "vireline";
+    // Appended to the path of a file that was deleted, or replaced by a newer one.
+    constexpr std::string_view mark = " (deleted)";
+    if (path.ends_with(mark) && !std::filesystem::exists(path, failed))
+        path.resize(path.size() - mark.size());
+    return path;
 }
 
 Result<std::string> AutostartLoginItem::read() const {
@@ -50,8 +65,9 @@ LoginItemService::Status AutostartLoginItem::status() const {
         return Status::notFound;
     if (!AutostartEntry::isValid(*text))
         return Status::notRegistered;
-    return AutostartEntry::isEnabled(*text, place_.desktopNames) ? Status::enabled
-                                                                 : Status::requiresApproval;
+    const bool starts = AutostartEntry::isEnabled(*text, place_.desktopNames) &&
+                        std::ranges::all_of(AutostartEntry::neededPrograms(*text), isInstalled);
+    return starts ? Status::enabled : Status::requiresApproval;
 }
 
 Result<void> AutostartLoginItem::registerItem() {
@@ -60,8 +76,17 @@ Result<void> AutostartLoginItem::registerItem() {
         return std::unexpected{text.error()};
     if (isBlank(*text))
         return write(AutostartEntry::make(place_.programPath));
-    const auto switchedOn = AutostartEntry::enabled(*text, place_.desktopNames);
-    return switchedOn ? write(*switchedOn) : std::unexpected{notAnEntry(entry_)};
+    auto entry = AutostartEntry::enabled(*text, place_.desktopNames);
+    if (entry && !startsProgramOfTheUsersOwn(*entry))
+        entry = AutostartEntry::withProgram(*entry, place_.programPath);
+    return entry ? write(*entry) : std::unexpected{notAnEntry(entry_)};
+}
+
+/// Such as a script that starts this one.
+bool AutostartLoginItem::startsProgramOfTheUsersOwn(const std::string& text) const {
+    const auto programs = AutostartEntry::neededPrograms(text);
+    return std::ranges::all_of(programs, isInstalled) &&
+           PlainText::baseName(programs.front()) != PlainText::baseName(place_.programPath);
 }
 
 Result<void> AutostartLoginItem::unregisterItem() {

@@ -26,11 +26,12 @@ public:
     /// The running program's own path.
     [[nodiscard]] static std::string ownPath();
 
-    /// An entry that is there but does not start on this desktop counts as one that waits for the
-    /// user's approval.
+    /// An entry that is there but does not start on this desktop, or starts a program that is not
+    /// there, counts as one that waits for the user's approval.
     [[nodiscard]] Status status() const override;
 
-    /// Writes an entry, or switches the one that is there on.
+    /// Writes an entry, or switches the one that is there on and has it start this program from
+    /// where it is now. A program of the user's own in its place stays.
     Result<void> registerItem() override;
 
     /// Removes the entry, or hides it when it holds more than this program wrote.
@@ -40,6 +41,7 @@ private:
     /// Empty when there is no entry.
     [[nodiscard]] Result<std::string> read() const;
     [[nodiscard]] Result<void> write(const std::string& text);
+    [[nodiscard]] bool startsProgramOfTheUsersOwn(const std::string& text) const;
 
     FileSystem& fileSystem_;
     Place place_;
