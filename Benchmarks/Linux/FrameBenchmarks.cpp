@@ -79,6 +79,9 @@ public:
                                      Size size) override {
         return std::make_shared<IconImage>(size, DrawnIcons::trash);
     }
+    [[nodiscard]] Subscription observeChanges(std::function<void()> /*handler*/) override {
+        return {};
+    }
 };
 
 double processorSeconds() {

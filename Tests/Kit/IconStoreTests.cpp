@@ -75,6 +75,32 @@ TEST(IconStore, TakesTheSymbolWhereTheSystemHasNoImageOfTheTrash) {
               (std::vector<FakeIcons::SymbolRequest>{{"trash.fill", "Trash", iconSize}}));
 }
 
+TEST(IconStore, AsksForEveryImageAgainOnceIconsChanged) {
+    FakeIcons icons;
+    IconStore store{icons};
+    const ImageHandle mail = store.icon("/mail", "mail");
+    const ImageHandle trash = store.trashIcon();
+
+    icons.announceChange();
+
+    EXPECT_NE(store.icon("/mail", "mail"), mail);
+    EXPECT_NE(store.trashIcon(), trash);
+    EXPECT_EQ(icons.fileRequests.size(), 2U);
+}
+
+TEST(IconStore, TellsOfAChangeWhenTheNewImagesCanBeHad) {
+    FakeIcons icons;
+    IconStore store{icons};
+    const ImageHandle before = store.icon("/mail", "mail");
+    ImageHandle after;
+    const auto changes = store.observeChanges([&] { after = store.icon("/mail", "mail"); });
+
+    icons.announceChange();
+
+    ASSERT_TRUE(after);
+    EXPECT_NE(after, before);
+}
+
 TEST(IconStoreDeathTest, StopsWhereTheSystemHasNoPictureOfTheTrash) {
     FakeIcons icons;
     icons.knownImages.clear();

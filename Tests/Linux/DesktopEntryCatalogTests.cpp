@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -91,6 +92,43 @@ TEST(DesktopEntryCatalog, AMalformedEntryHidesNothing) {
     EXPECT_EQ(installation.ids(), IDs{"a"});
     const auto path = (installation.user / "a.desktop").string();
     EXPECT_EQ(installation.log.count("desktop entry passed over: " + path), 1);
+}
+
+TEST(DesktopEntryCatalog, AMalformedEntryIsLoggedOnceHoweverOftenItIsMet) {
+    Installation installation;
+    const auto path = (installation.system / "a.desktop").string();
+    Installation::write(path, "rubbish");
+    const auto url = FileURL::fromPath(path);
+
+    EXPECT_FALSE(installation.catalog.entryAt(url));
+    EXPECT_TRUE(installation.ids().empty());
+    EXPECT_FALSE(installation.catalog.bundleIdentifier(url));
+
+    EXPECT_EQ(installation.log.count("desktop entry passed over: " + path), 1);
+}
+
+TEST(DesktopEntryCatalog, TheWellKnownAppsAreThoseThatAUserWouldStartFromAMenu) {
+    Installation installation;
+    const auto install = [&](const std::string& id, const std::string& lines) {
+        Installation::write(installation.system / (id + ".desktop"), entryText(id) + lines);
+    };
+    install("xterm", "Icon=there\n");
+    install("firefox", "Icon=there\nNoDisplay=true\n");
+    install("chromium", "Icon=there\n");
+    install("gimp", "Icon=nowhere\n");
+    install("galculator", "");
+    install("pluma", "Icon=there\nTerminal=true\n");
+    install("pcmanfm", "Icon=there\n");
+    install("org.gnome.Nautilus", "Icon=nowhere\n");
+    installation.catalog.hasIcon = [](const std::string& icon) { return icon == "there"; };
+
+    auto ids = installation.catalog.wellKnownBundleIDs();
+
+    for (const char* const unfit : {"firefox", "gimp", "galculator", "pluma", "org.gnome.Nautilus"})
+        EXPECT_EQ(std::ranges::count(ids, unfit), 0) << unfit;
+    ids.resize(3);
+    EXPECT_EQ(ids, (IDs{"pcmanfm", "chromium", "xterm"}));
+    EXPECT_EQ(installation.catalog.fileManager().bundleID, "pcmanfm");
 }
 
 TEST(DesktopEntryCatalog, AnEntryWhoseProgramIsMissingIsNowhere) {

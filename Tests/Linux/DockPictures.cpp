@@ -51,6 +51,9 @@ public:
                                      Size /*size*/) override {
         return nullptr;
     }
+    [[nodiscard]] Subscription observeChanges(std::function<void()> /*handler*/) override {
+        return {};
+    }
 
 private:
     static ImageHandle iconOf(Size size, const QColor& colour) {

@@ -116,6 +116,33 @@ TEST_F(ThemeIconsTest, TakesTheFileThatTheEntryNames) {
     EXPECT_EQ(colour(icons().iconForFile(addEntry("mail", file), "mail", tile)), QColor(Qt::green));
 }
 
+TEST_F(ThemeIconsTest, TakesEveryIconFromAnotherThemeOnceThatIsChosen) {
+    addIcon("icons/hicolor/48/all/mailer.png", Qt::red);
+    write("icons/other/index.theme", "[Icon Theme]\nDirectories=all\n[all]\nSize=48\n");
+    addIcon("icons/other/all/mailer.png", Qt::blue);
+    const std::string path = addEntry("mail", "mailer");
+    const ImageHandle before = icons().iconForFile(path, "mail", tile);
+    int changes = 0;
+    const auto subscription = icons().observeChanges([&] { ++changes; });
+
+    const IconTheme::Folders folders{{(folder.path() / "icons").string()}, {}};
+    icons().setTheme(std::make_shared<const IconTheme>(folders, "other"));
+
+    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(colour(icons().iconForFile(path, "mail", tile)), QColor(Qt::blue));
+    EXPECT_EQ(colour(before), QColor(Qt::red));
+}
+
+TEST_F(ThemeIconsTest, TellsWhetherAnIconLeadsToAPicture) {
+    addIcon("icons/hicolor/48/all/mailer.png", Qt::red);
+    const std::string file = addIcon("own/icon.png", Qt::green);
+
+    for (const std::string& icon : {std::string{"mailer"}, std::string{"mailer.png"}, file})
+        EXPECT_TRUE(icons().has(icon)) << icon;
+    for (const char* const icon : {"nothing", "/no/such/file.png", ""})
+        EXPECT_FALSE(icons().has(icon)) << icon;
+}
+
 TEST_F(ThemeIconsTest, ReadsAnEntryOutsideTheApplicationFolders) {
     addIcon("icons/hicolor/48/all/mailer.png", Qt::red);
     write("elsewhere/mail.desktop",

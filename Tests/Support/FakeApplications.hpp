@@ -165,11 +165,21 @@ public:
                                      const std::string& accessibilityDescription,
                                      Size size) override;
 
+    [[nodiscard]] Subscription observeChanges(std::function<void()> handler) override {
+        return changes_.add(std::move(handler));
+    }
+
+    /// As when the user chooses another icon theme.
+    void announceChange() { changes_.notify(); }
+
     std::set<std::string> knownImages{"NSTrashEmpty"};
     std::set<std::string> knownSymbols{"trash.fill"};
     std::vector<FileRequest> fileRequests;
     std::vector<std::string> imageRequests;
     std::vector<SymbolRequest> symbolRequests;
+
+private:
+    CallbackList<> changes_;
 };
 
 class FakeApplication final : public Application {

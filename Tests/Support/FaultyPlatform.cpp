@@ -140,6 +140,9 @@ public:
                                      Size size) override {
         return faults_("Icons::symbol", [&] { return port_.symbol(name, description, size); });
     }
+    [[nodiscard]] Subscription observeChanges(std::function<void()> handler) override {
+        return port_.observeChanges(std::move(handler));
+    }
 
 private:
     Icons& port_;

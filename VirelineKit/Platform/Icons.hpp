@@ -2,7 +2,9 @@
 #pragma once
 
 #include "Foundation/Geometry.hpp"
+#include "Foundation/ScopedHandle.hpp"
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -42,6 +44,10 @@ public:
     /// A system symbol such as "trash.fill"; null when the system has none.
     [[nodiscard]] virtual ImageHandle
     symbol(const std::string& name, const std::string& accessibilityDescription, Size size) = 0;
+
+    /// Announces that icons look different from now on, as after the user chose another icon theme.
+    /// Images handed out before keep their old look. A platform without such a choice never calls.
+    [[nodiscard]] virtual Subscription observeChanges(std::function<void()> handler) = 0;
 };
 
 }

@@ -10,6 +10,9 @@ constexpr Size iconSize{DockMetrics::iconSize, DockMetrics::iconSize};
 
 }
 
+IconStore::IconStore(Icons& icons)
+    : icons_(icons), iconChanges_(icons.observeChanges(lifetime_.guard([this] { forgetAll(); }))) {}
+
 ImageHandle IconStore::icon(const std::string& path, const std::string& key) {
     auto& image = cache_[key];
     if (!image)
@@ -25,6 +28,11 @@ ImageHandle IconStore::trashIcon() {
         image = icons_.symbol("trash.fill", "Trash", iconSize);
     require(image != nullptr, "the system has a picture of the Trash");
     return image;
+}
+
+void IconStore::forgetAll() {
+    cache_.clear();
+    changes_.notify();
 }
 
 }

@@ -3,6 +3,7 @@
 #include "Displays/DockMetrics.hpp"
 #include "Platform/PointerSettings.hpp"
 #include "Platform/RunLoop.hpp"
+#include "Sources/IconStore.hpp"
 #include "Views/AccessibleTiles.hpp"
 
 #include <algorithm>
@@ -34,10 +35,12 @@ DockRootView::DockRootView(const DockViewContext& context, PanelUIState& ui, con
     : context_(context), ui_(ui), spec_(spec), takesWholeWindow_(takesWholeWindow) {
     const auto invalidated = lifetime_.guard([this] { invalidate(); });
     const auto& model = context_.model;
-    observations_ = {context_.model.items.observe(lifetime_.guard([this] {
-                         tilesAreStale_ = true;
-                         invalidate();
-                     })),
+    const auto rebuilt = lifetime_.guard([this] {
+        tilesAreStale_ = true;
+        invalidate();
+    });
+    observations_ = {context_.model.items.observe(rebuilt),
+                     context_.icons.observeChanges(rebuilt),
                      context_.model.configuredIconSize.observe(invalidated),
                      context_.model.magnification.observe(invalidated),
                      context_.model.launching.observe(invalidated),

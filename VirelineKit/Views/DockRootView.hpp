@@ -149,7 +149,7 @@ private:
     std::vector<FileURL> draggedFiles_;
     std::optional<std::uint32_t> dropTarget_;
 
-    std::array<Subscription, 5> observations_;
+    std::array<Subscription, 6> observations_;
     Lifetime lifetime_;
 };
 

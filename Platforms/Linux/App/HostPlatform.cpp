@@ -21,6 +21,7 @@
 #include "Files/XdgUserFolders.hpp"
 #include "GLib/BusProbe.hpp"
 #include "Icons/ChosenIconTheme.hpp"
+#include "Icons/IconThemeWatch.hpp"
 #include "Icons/ThemeIcons.hpp"
 #include "Icons/XSettings.hpp"
 #include "OwnWindows/QtProgramWindows.hpp"
@@ -41,10 +42,8 @@ namespace {
 
 using namespace x11;
 
-std::shared_ptr<const IconTheme> iconTheme(const XSettings::Texts& settings) {
-    auto folders = IconTheme::userFolders();
-    auto name = ChosenIconTheme::name(folders, settings, ChosenIconTheme::userFiles());
-    return std::make_shared<const IconTheme>(std::move(folders), std::move(name));
+std::shared_ptr<const IconTheme> themeNamed(const std::string& name) {
+    return std::make_shared<const IconTheme>(IconTheme::userFolders(), name);
 }
 
 std::string widgetTheme(const XSettings::Texts& settings) {
@@ -71,7 +70,10 @@ bool hidesABusThatHangs() {
 /// Each part needs some of those above it.
 struct HostPlatform::Parts {
     explicit Parts(std::unique_ptr<SingleInstance> claimed)
-        : instance(std::move(claimed)), application(qt.qt(), *instance) {}
+        : instance(std::move(claimed)), application(qt.qt(), *instance) {
+        themeWatch.onChange = [this] { icons.setTheme(themeNamed(themeWatch.name())); };
+        catalog.hasIcon = [this](const std::string& icon) { return icons.has(icon); };
+    }
 
     std::unique_ptr<SingleInstance> instance;
     XcbApplication qt;
@@ -90,8 +92,10 @@ struct HostPlatform::Parts {
     GioWorkspace workspace{connection, catalog, runningApplications, userFolders};
     DesktopDockPreferences dockPreferences{
         {userFolders.home(), userFolders.configHome(), currentDesktop(), {}}, fileSystem, catalog};
-    /// Read once for the apps' icons and the symbols.
-    std::shared_ptr<const IconTheme> theme = iconTheme(settings.texts);
+    IconThemeWatch themeWatch{
+        connection, runLoop, {IconTheme::userFolders(), ChosenIconTheme::userFiles()}};
+    /// That of the start, read once for the apps' icons and the symbols.
+    std::shared_ptr<const IconTheme> theme = themeNamed(themeWatch.name());
     ThemeIcons icons{catalog, runningApplications, theme};
     RandrScreens screens{connection};
     QtPanelWindows panelWindows{connection, screens, widgetTheme(settings.texts)};

@@ -1,5 +1,6 @@
 #include "Applications/DesktopEntryCatalog.hpp"
 
+#include "App/StartLog.hpp"
 #include "Applications/Entries/DesktopEntryFiles.hpp"
 #include "Applications/Entries/WellKnownApplications.hpp"
 #include "Applications/Identity/PlainText.hpp"
@@ -14,6 +15,9 @@ namespace {
 
 /// Installing a package touches a folder many times.
 constexpr double settlingSeconds = 0.5;
+
+/// Files without a valid entry that are remembered, and logged.
+constexpr std::size_t maximumSkipped = 1000;
 
 using GString = GLibHandle<char, g_free>;
 
@@ -96,7 +100,8 @@ const DesktopEntryIndex& DesktopEntryCatalog::index() const {
     if (!index_) {
         // Armed before reading, so that no change falls between.
         FolderWatch::arm();
-        index_.emplace(DesktopEntryFiles::scan(sources_.folders, sources_.languages));
+        index_.emplace(DesktopEntryFiles::scan(sources_.folders, sources_.languages,
+                                               [this](const auto& path) { noteSkipped(path); }));
     }
     return *index_;
 }
@@ -110,6 +115,15 @@ std::optional<FileURL> DesktopEntryCatalog::urlForBundleID(const std::string& bu
 
 bool DesktopEntryCatalog::isInstalled(const std::string& bundleID) const {
     return urlForBundleID(bundleID).has_value();
+}
+
+/// Whether the app is one that a user would start from a menu, and looks like one.
+bool DesktopEntryCatalog::isOrdinary(const std::string& bundleID) const {
+    if (bundleID.empty() || !isInstalled(bundleID) || WellKnownApplications::isHelper(bundleID))
+        return false;
+    const DesktopEntry& entry = index().find(bundleID)->entry;
+    return !entry.noDisplay && !entry.terminal && !entry.icon.empty() &&
+           (!hasIcon || hasIcon(entry.icon));
 }
 
 std::optional<std::string> DesktopEntryCatalog::bundleIdentifier(const FileURL& url) const {
@@ -127,11 +141,16 @@ std::string DesktopEntryCatalog::displayName(const FileURL& url) const {
 ApplicationCatalog::FileManager DesktopEntryCatalog::fileManager() const {
     if (fileManager_)
         return *fileManager_;
-    const auto isThere = [this](const std::string& id) { return isInstalled(id); };
     const auto& role = WellKnownApplications::roles().front();
-    std::string id = defaultHandler(role.contentType);
-    if (id.empty() || !isThere(id))
-        id = WellKnownApplications::firstInstalled(role.commonIDs, isThere);
+    const std::string handler = defaultHandler(role.contentType);
+    std::string id = handler;
+    if (!isOrdinary(handler)) {
+        id = WellKnownApplications::firstInstalled(
+            role.commonIDs, [this](const std::string& common) { return isOrdinary(common); });
+    }
+    // Better a handler that is hidden from menus than no file manager at all.
+    if (id.empty() && isInstalled(handler))
+        id = handler;
     const IndexedEntry* found = index().find(id);
     fileManager_ = FileManager{.bundleID = id, .name = found == nullptr ? "" : found->entry.name};
     return *fileManager_;
@@ -143,7 +162,8 @@ std::vector<std::string> DesktopEntryCatalog::wellKnownBundleIDs() const {
             const bool isFolder = contentType == WellKnownApplications::roles().front().contentType;
             return isFolder ? fileManager().bundleID : defaultHandler(contentType);
         },
-        [this](const std::string& id) { return isInstalled(id); });
+        [this](const std::string& id) { return isInstalled(id); },
+        [this](const std::string& id) { return isInstalled(id) && !isOrdinary(id); });
 }
 
 std::optional<DesktopEntry> DesktopEntryCatalog::entryAt(const FileURL& url) const {
@@ -151,7 +171,8 @@ std::optional<DesktopEntry> DesktopEntryCatalog::entryAt(const FileURL& url) con
         return std::nullopt;
     // The file is read even if the index knows it: the two may differ until a change is announced.
     auto entry = DesktopEntryFiles::read(
-        url.path(), DesktopEntryFiles::idOf(url.path(), sources_.folders), sources_.languages);
+        url.path(), DesktopEntryFiles::idOf(url.path(), sources_.folders), sources_.languages,
+        [this](const auto& path) { noteSkipped(path); });
     if (entry && (entry->hidden || !PlainText::isClean(entry->id)))
         return std::nullopt;
     return entry;
@@ -159,6 +180,12 @@ std::optional<DesktopEntry> DesktopEntryCatalog::entryAt(const FileURL& url) con
 
 Subscription DesktopEntryCatalog::observeChanges(std::function<void()> handler) {
     return changes_.add(std::move(handler));
+}
+
+/// Entries are read again after every change of an applications folder.
+void DesktopEntryCatalog::noteSkipped(const std::string& path) const {
+    if (skipped_.size() < maximumSkipped && skipped_.insert(path).second)
+        logOnceStarted("desktop entry passed over: " + PlainText::clean(path, 4096));
 }
 
 void DesktopEntryCatalog::noteChange() {

@@ -12,6 +12,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -46,7 +47,8 @@ public:
     [[nodiscard]] std::string bundleExtension() const override { return "desktop"; }
     /// Empty when no program opens folders.
     [[nodiscard]] FileManager fileManager() const override;
-    /// Ten, the installed ones first; those of the user's choice before common ones.
+    /// Ten, the installed ones first; those of the user's choice before common ones. What is hidden
+    /// from menus, runs in a terminal or has no icon counts as not installed.
     [[nodiscard]] std::vector<std::string> wellKnownBundleIDs() const override;
 
     /// All installed entries as they stand now. The reference holds until the next call.
@@ -55,6 +57,10 @@ public:
     /// The entry in the file at `url`, wherever that is; nothing if it holds none that is valid.
     [[nodiscard]] std::optional<DesktopEntry> entryAt(const FileURL& url) const;
 
+    /// Whether an entry's icon leads to a picture; every icon counts as one that does while this is
+    /// not set. Entries whose icon does not are no well-known apps.
+    std::function<bool(const std::string& icon)> hasIcon;
+
     /// Announces that entries were added, changed or removed.
     [[nodiscard]] Subscription observeChanges(std::function<void()> handler);
 
@@ -62,12 +68,16 @@ private:
     class FolderWatch;
 
     void noteChange();
+    void noteSkipped(const std::string& path) const;
     [[nodiscard]] bool isInstalled(const std::string& bundleID) const;
+    [[nodiscard]] bool isOrdinary(const std::string& bundleID) const;
 
     RunLoop& runLoop_;
     Sources sources_;
     mutable std::optional<DesktopEntryIndex> index_;
     mutable std::optional<FileManager> fileManager_;
+    /// Paths that the log has named as no valid entries.
+    mutable std::set<std::string> skipped_;
     std::unique_ptr<FolderWatch> watch_;
     Timer announcement_;
     CallbackList<> changes_;

@@ -17,6 +17,8 @@ struct Files {
     /// GTK's settings.ini, the user's before the system's.
     std::vector<std::string> gtkSettings;
     bool isKDE = false;
+    /// Those of them that are the user's own, and change when another theme is chosen.
+    std::vector<std::string> ofUser;
 };
 
 [[nodiscard]] Files userFiles();

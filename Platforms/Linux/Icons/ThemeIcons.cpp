@@ -130,6 +130,15 @@ ImageHandle ThemeIcons::symbol(const std::string& name,
     return name == "trash.fill" ? std::make_shared<IconImage>(size, DrawnIcons::trash) : nullptr;
 }
 
+bool ThemeIcons::has(const std::string& icon) const {
+    return declaredIcon(icon, {1, 1}) != nullptr;
+}
+
+void ThemeIcons::setTheme(std::shared_ptr<const IconTheme> theme) {
+    theme_ = std::move(theme);
+    changes_.notify();
+}
+
 ImageHandle ThemeIcons::declaredIcon(const std::string& icon, Size size) const {
     if (!icon.starts_with('/'))
         return themeIcon(themeNames(icon), size);

@@ -2,13 +2,16 @@
 /// name, from the apps' own windows, and drawn ones where there is none.
 #pragma once
 
+#include "Foundation/CallbackList.hpp"
 #include "Icons/IconTheme.hpp"
 #include "Platform/Icons.hpp"
 
 #include <QImage>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vireline::x11 {
@@ -34,6 +37,15 @@ public:
     [[nodiscard]] ImageHandle symbol(const std::string& name,
                                      const std::string& accessibilityDescription,
                                      Size size) override;
+    [[nodiscard]] Subscription observeChanges(std::function<void()> handler) override {
+        return changes_.add(std::move(handler));
+    }
+
+    /// Whether a desktop entry's icon leads to a picture.
+    [[nodiscard]] bool has(const std::string& icon) const;
+
+    /// Takes all icons from another theme from now on, and announces it.
+    void setTheme(std::shared_ptr<const IconTheme> theme);
 
 private:
     /// A desktop entry's icon: a name in the theme or an absolute path. Null when it leads nowhere.
@@ -47,6 +59,7 @@ private:
     const WindowIconSource& windows_;
     /// Shared with the images, which ask it whenever they are needed at a new size.
     std::shared_ptr<const IconTheme> theme_;
+    CallbackList<> changes_;
 };
 
 }

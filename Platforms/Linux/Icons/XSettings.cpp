@@ -107,14 +107,23 @@ Values parse(std::string_view bytes) {
     return values;
 }
 
-Values read(const X11Connection& connection) {
-    const std::string selection = "_XSETTINGS_S" + std::to_string(connection.screenNumber());
+std::string selection(const X11Connection& connection) {
+    return "_XSETTINGS_S" + std::to_string(connection.screenNumber());
+}
+
+xcb_window_t owner(const X11Connection& connection) {
     const Owned<xcb_get_selection_owner_reply_t> owner{xcb_get_selection_owner_reply(
-        connection.get(), xcb_get_selection_owner(connection.get(), connection.atom(selection)),
+        connection.get(),
+        xcb_get_selection_owner(connection.get(), connection.atom(selection(connection))),
         nullptr)};
-    if (!owner || owner->owner == XCB_NONE)
+    return owner ? owner->owner : xcb_window_t{XCB_NONE};
+}
+
+Values read(const X11Connection& connection) {
+    const xcb_window_t daemon = owner(connection);
+    if (daemon == XCB_NONE)
         return {};
-    return parse(connection.bytes(owner->owner, "_XSETTINGS_SETTINGS", "_XSETTINGS_SETTINGS"));
+    return parse(connection.bytes(daemon, "_XSETTINGS_SETTINGS", "_XSETTINGS_SETTINGS"));
 }
 
 }

@@ -2,6 +2,8 @@
 /// widget theme, whether to animate.
 #pragma once
 
+#include <xcb/xproto.h>
+
 #include <cstdint>
 #include <map>
 #include <string>
@@ -27,6 +29,12 @@ struct Values {
 /// What the bytes of an _XSETTINGS_SETTINGS property say, up to the first setting that is
 /// malformed.
 [[nodiscard]] Values parse(std::string_view bytes);
+
+/// The selection that the settings daemon owns, by its atom's name.
+[[nodiscard]] std::string selection(const X11Connection& connection);
+
+/// The daemon's window, which carries the settings; XCB_NONE when there is no daemon.
+[[nodiscard]] xcb_window_t owner(const X11Connection& connection);
 
 /// Empty when there is no settings daemon. Two or three round trips.
 [[nodiscard]] Values read(const X11Connection& connection);

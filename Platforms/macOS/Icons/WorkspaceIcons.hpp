@@ -13,6 +13,10 @@ public:
     [[nodiscard]] ImageHandle symbol(const std::string& name,
                                      const std::string& accessibilityDescription,
                                      Size size) override;
+    /// The system announces no such change.
+    [[nodiscard]] Subscription observeChanges(std::function<void()> /*handler*/) override {
+        return {};
+    }
 };
 
 }

@@ -34,13 +34,40 @@ std::string settings(std::string_view name, std::string_view value) {
            padded(value);
 }
 
+constexpr std::string_view property = "_XSETTINGS_SETTINGS";
+constexpr std::string_view selection = "_XSETTINGS_S0";
+
+xcb_window_t start(const XClient& client, std::string_view name, std::string_view value) {
+    const xcb_window_t daemon = client.createWindow({0, 0, 1, 1}, 0);
+    client.setText(daemon, property, property, settings(name, value));
+    xcb_set_selection_owner(client.get(), daemon, client.atom(selection), XCB_CURRENT_TIME);
+    return daemon;
+}
+
 }
 
 void announceWidgetTheme(const XClient& client, std::string_view name) {
-    const xcb_window_t daemon = client.createWindow({0, 0, 1, 1}, 0);
-    client.setText(daemon, "_XSETTINGS_SETTINGS", "_XSETTINGS_SETTINGS",
-                   settings("Net/ThemeName", name));
-    xcb_set_selection_owner(client.get(), daemon, client.atom("_XSETTINGS_S0"), XCB_CURRENT_TIME);
+    start(client, "Net/ThemeName", name);
+    client.sync();
+}
+
+xcb_window_t announceIconTheme(const XClient& client, std::string_view name) {
+    const xcb_window_t daemon = start(client, "Net/IconThemeName", name);
+    xcb_client_message_event_t event{};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = client.root();
+    event.type = client.atom("MANAGER");
+    event.data.data32[1] = client.atom(selection);
+    event.data.data32[2] = daemon;
+    xcb_send_event(client.get(), 0, client.root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY,
+                   reinterpret_cast<const char*>(&event));
+    client.sync();
+    return daemon;
+}
+
+void changeIconTheme(const XClient& client, xcb_window_t daemon, std::string_view name) {
+    client.setText(daemon, property, property, settings("Net/IconThemeName", name));
     client.sync();
 }
 

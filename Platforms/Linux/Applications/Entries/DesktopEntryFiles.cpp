@@ -1,6 +1,5 @@
 #include "Applications/Entries/DesktopEntryFiles.hpp"
 
-#include "App/StartLog.hpp"
 #include "Applications/Identity/PlainText.hpp"
 #include "Files/BoundedFile.hpp"
 
@@ -66,23 +65,23 @@ private:
 }
 
 std::optional<DesktopEntry> read(const std::string& path, std::string id,
-                                 std::span<const std::string> languages) {
+                                 std::span<const std::string> languages, const Skipped& skipped) {
     std::optional<DesktopEntry> entry;
     if (const auto text = BoundedFile::read(path, maximumBytes))
         entry = DesktopEntries::parse(*text, std::move(id), path, languages);
     if (!entry && access(path.c_str(), F_OK) == 0)
-        logOnceStarted("desktop entry passed over: " + PlainText::clean(path, 4096));
+        skipped(path);
     return entry;
 }
 
 std::vector<DesktopEntry> scan(std::span<const FileURL> folders,
-                               std::span<const std::string> languages) {
+                               std::span<const std::string> languages, const Skipped& skipped) {
     std::vector<DesktopEntry> entries;
     for (const auto& folder : folders) {
         const Walk walk{folder};
         for (const auto& relative : walk.found()) {
-            auto entry =
-                read(folder.appending(relative).path(), DesktopEntries::idFor(relative), languages);
+            auto entry = read(folder.appending(relative).path(), DesktopEntries::idFor(relative),
+                              languages, skipped);
             if (entry)
                 entries.push_back(std::move(*entry));
         }

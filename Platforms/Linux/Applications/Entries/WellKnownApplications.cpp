@@ -76,6 +76,10 @@ std::span<const std::string_view> others() {
     return otherApps;
 }
 
+bool isHelper(std::string_view id) {
+    return id == "enlightenment_filemanager" || id == "display" || id.starts_with("display-im");
+}
+
 std::string firstInstalled(std::span<const std::string_view> ids,
                            const std::function<bool(const std::string&)>& isInstalled) {
     for (const auto id : ids) {
@@ -86,18 +90,20 @@ std::string firstInstalled(std::span<const std::string_view> ids,
 }
 
 std::vector<std::string> choose(const std::function<std::string(std::string_view)>& handlerFor,
-                                const std::function<bool(const std::string&)>& isInstalled) {
+                                const std::function<bool(const std::string&)>& isInstalled,
+                                const std::function<bool(const std::string&)>& isUnfit) {
     std::vector<std::string> chosen;
-    const auto add = [&chosen](std::string id) {
+    const auto isFit = [&](const std::string& id) { return isInstalled(id) && !isUnfit(id); };
+    const auto add = [&](std::string id) {
         const bool isNew = !id.empty() && std::ranges::find(chosen, id) == chosen.end();
-        if (isNew && chosen.size() < count)
+        if (isNew && chosen.size() < count && !isUnfit(id))
             chosen.push_back(std::move(id));
     };
     for (const auto& role : roles()) {
         std::string handler =
             role.contentType.empty() ? std::string{} : handlerFor(role.contentType);
-        const bool isUsable = !handler.empty() && isInstalled(handler);
-        add(isUsable ? std::move(handler) : firstInstalled(role.commonIDs, isInstalled));
+        const bool isUsable = !handler.empty() && isFit(handler);
+        add(isUsable ? std::move(handler) : firstInstalled(role.commonIDs, isFit));
     }
     for (const auto id : others()) {
         if (std::string name{id}; isInstalled(name))

@@ -27,10 +27,16 @@ struct Role {
 
 /// Ten different IDs: for each role its handler, else the first common one that is installed; then
 /// the others that are. What is left of the ten is filled with common ones that are not, since an
-/// app may be installed later. `handlerFor` gives an ID for a content type, or an empty one.
+/// app may be installed later. `handlerFor` gives an ID for a content type, or an empty one. What
+/// `isUnfit` holds of is never among them.
 [[nodiscard]] std::vector<std::string>
 choose(const std::function<std::string(std::string_view)>& handlerFor,
-       const std::function<bool(const std::string&)>& isInstalled);
+       const std::function<bool(const std::string&)>& isInstalled,
+       const std::function<bool(const std::string&)>& isUnfit);
+
+/// Whether the program is no app of its own, whatever its entry says: a tool that handles some kind
+/// of content for scripts, or a part of a desktop that does not work outside of it.
+[[nodiscard]] bool isHelper(std::string_view id);
 
 /// The first of `ids` that is installed, else an empty one.
 [[nodiscard]] std::string

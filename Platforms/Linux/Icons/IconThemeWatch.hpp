@@ -1,0 +1,64 @@
+/// Follows the desktop's choice of an icon theme while the program runs: the settings daemon's, and
+/// that in the user's own files.
+#pragma once
+
+#include "Foundation/Lifetime.hpp"
+#include "Foundation/ScopedHandle.hpp"
+#include "Icons/ChosenIconTheme.hpp"
+#include "Icons/IconTheme.hpp"
+
+#include <xcb/xcb.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace vireline {
+class RunLoop;
+}
+
+namespace vireline::x11 {
+
+class X11Connection;
+
+class IconThemeWatch {
+public:
+    /// What the theme is chosen by besides the settings daemon.
+    struct Sources {
+        IconTheme::Folders folders;
+        ChosenIconTheme::Files files;
+    };
+
+    IconThemeWatch(X11Connection& connection, RunLoop& runLoop, Sources sources);
+    IconThemeWatch(const IconThemeWatch&) = delete;
+    IconThemeWatch& operator=(const IconThemeWatch&) = delete;
+    IconThemeWatch(IconThemeWatch&&) = delete;
+    IconThemeWatch& operator=(IconThemeWatch&&) = delete;
+    ~IconThemeWatch() = default;
+
+    /// The theme chosen now.
+    [[nodiscard]] const std::string& name() const noexcept { return name_; }
+
+    /// Another theme was chosen.
+    std::function<void()> onChange;
+
+private:
+    void handle(const xcb_generic_event_t& event);
+    void watchDaemon();
+    void watchFiles();
+    void lookSoon();
+    void look();
+
+    X11Connection& connection_;
+    RunLoop& runLoop_;
+    Sources sources_;
+    std::string name_;
+    /// The window that carries the settings; XCB_NONE without a daemon.
+    xcb_window_t daemon_ = XCB_NONE;
+    std::vector<Subscription> fileWatches_;
+    Timer look_;
+    Lifetime lifetime_;
+    Subscription events_;
+};
+
+}
