@@ -90,6 +90,25 @@ TEST_F(Click, HidesAllWindowsOfAnApp) {
     EXPECT_TRUE(eventually([&] { return desktop().visibleWindowsOf(alpha).size() == 3; }));
 }
 
+TEST_F(Click, GoesToTheDesktopOfAnApp) {
+    runWithTwoPinned();
+    ASSERT_TRUE(docksSettle(tiles(2)));
+    launchAlpha();
+    const auto& client = desktop().client();
+    const auto isShown = [&](std::uint32_t number) {
+        return client.words(client.root(), "_NET_CURRENT_DESKTOP") == std::vector{number};
+    };
+    client.sendToRoot(client.root(), "_NET_CURRENT_DESKTOP", {1, XCB_CURRENT_TIME});
+    ASSERT_TRUE(eventually([&] { return isShown(1); }));
+
+    clickTile(0);
+
+    EXPECT_TRUE(logs("click reopen " + alpha.id));
+    EXPECT_TRUE(eventually([&] { return isShown(0) && desktop().isActive(alpha); }));
+    clickTile(0);
+    EXPECT_TRUE(logs("click hide " + alpha.id));
+}
+
 TEST_F(Click, WorksOnEveryDock) {
     runWithTwoDisplays({alpha, beta}, {.monitors = threeMonitors()});
     ASSERT_TRUE(docksSettle(tiles(2)));

@@ -139,24 +139,43 @@ TEST_P(Fill, KeepsToASizeIncrement) {
     EXPECT_TRUE(area.contains(outerFrame(window))) << outerFrame(window) << " of " << area;
 }
 
-TEST_P(Fill, KeepsAMinimumSizeInsideTheDisplay) {
-    request.position = DockPosition::left;
-    runWith(R"("fillOnDoubleClick": true, "position": "left")");
-    context.position = DockPosition::left;
+TEST_P(Fill, LetsAWindowThatIsTooWideReachAwayFromTheDock) {
+    for (const auto position : {DockPosition::left, DockPosition::right}) {
+        request.position = position;
+        runWith(R"("fillOnDoubleClick": true, "position": ")" + std::string{rawValue(position)} +
+                '"');
+        context.position = position;
+        const auto window = open(0, placeOn("main"));
+        const PixelRect area = freeArea("side", context);
+        const int width = area.width + 40;
+        setHints(window, {.minimum = {width, 400}, .base = {}});
+
+        doubleClickTile("side");
+
+        EXPECT_TRUE(eventually([&] {
+            const auto outer = outerFrame(window);
+            const bool meetsTheDock =
+                position == DockPosition::left ? outer.x == area.x : outer.right() == area.right();
+            return outer.width >= width && meetsTheDock && outer.height == area.height;
+        })) << outerFrame(window)
+            << " of " << area;
+    }
+}
+
+TEST_P(Fill, LetsAWindowThatIsTooHighReachAwayFromTheDock) {
+    runWith(fillOnDoubleClick);
     const auto window = open(0, placeOn("main"));
-    const PixelRect side = desktop().monitor("side").frame;
-    // Wider than what the dock leaves.
-    const Hints hints{.minimum = {side.width - 20, 400}, .base = {}};
-    setHints(window, hints);
+    const PixelRect area = freeArea("side", context);
+    setHints(window, {.minimum = {400, area.height + 60}, .base = {}});
 
     doubleClickTile("side");
 
     EXPECT_TRUE(eventually([&] {
         const auto outer = outerFrame(window);
-        return outer.width >= side.width - 20 && outer.right() == side.right() &&
-               outer.height == side.height && side.contains(outer);
+        return outer.height >= area.height + 60 && outer.bottom() == area.bottom() &&
+               outer.x == area.x && outer.width == area.width;
     })) << outerFrame(window)
-        << " on " << side;
+        << " of " << area;
 }
 
 TEST_P(Fill, LeavesAWindowsShadowBeyondTheArea) {

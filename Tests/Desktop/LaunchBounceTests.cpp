@@ -62,6 +62,29 @@ TEST_F(LaunchBounce, LastsUntilASlowStarterShowsItsWindow) {
     EXPECT_TRUE(turns(layout("right", tiles(1)).icon(0), colour));
 }
 
+TEST_F(LaunchBounce, StartsNoSecondCopyForAnotherClick) {
+    App slow = someApps(1)[0];
+    auto& desktop = make({.monitors = twoMonitors()});
+    const auto record = desktop.home().scratch() / "starts";
+    slow.arguments = {"--delay", "3000", "--record", record.string()};
+    desktop.home().install(slow);
+    desktop.home().pin(std::vector{slow});
+    desktop.runVireline();
+    ASSERT_TRUE(docksSettle(tiles(1)));
+
+    click();
+    ASSERT_TRUE(eventually([&] { return readFile(record) == "started\n"; }));
+    const auto start = std::chrono::steady_clock::now();
+    // Later than anybody's second click of a pair, and still without a window.
+    ASSERT_TRUE(eventually([&] { return std::chrono::steady_clock::now() - start > 1500ms; }));
+    ASSERT_TRUE(desktop.windowsOf(slow).empty()) << "it has started already";
+    click();
+    ASSERT_TRUE(logs("click launch " + slow.id, 2));
+
+    ASSERT_TRUE(eventually([&] { return desktop.isActive(slow); }));
+    EXPECT_EQ(readFile(record), "started\n");
+}
+
 TEST_F(LaunchBounce, ShowsOnEveryDock) {
     App slow = someApps(1)[0];
     slow.arguments = {"--delay", "3000"};

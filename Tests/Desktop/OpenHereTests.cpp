@@ -1,6 +1,8 @@
 /// Apps that are launched from a dock open on its display, wherever they would have gone.
 #include "WindowFeatureTest.hpp"
 
+#include <chrono>
+
 namespace vireline::desktop {
 namespace {
 
@@ -13,6 +15,13 @@ protected:
         App changed = apps.at(index);
         changed.arguments = arguments;
         desktop().home().install(changed);
+    }
+    /// Asks the window manager to put the window's corner there.
+    void moveTo(xcb_window_t window, PixelPoint corner) {
+        constexpr std::uint32_t toPosition = 10U | 1U << 8U | 1U << 9U | 2U << 12U;
+        desktop().client().sendToRoot(window, "_NET_MOVERESIZE_WINDOW",
+                                      {toPosition, static_cast<std::uint32_t>(corner.x),
+                                       static_cast<std::uint32_t>(corner.y), 0, 0});
     }
     /// A corner on that display at which an app asks to be placed.
     [[nodiscard]] std::string cornerOn(const std::string& monitor) {
@@ -98,10 +107,10 @@ TEST_P(OpenHere, MovesAWindowOfAnUnknownProcess) {
     EXPECT_TRUE(logs("summon pid 0 to display #"));
 }
 
-TEST_P(OpenHere, BringsBackAWindowThatMovesItselfAway) {
+TEST_P(OpenHere, BringsBackAWindowThatMovesItselfAwayAtOnce) {
     runWith(openHere);
     const auto record = desktop().home().scratch() / "moves";
-    tell(0, {"--later", "2500:" + cornerOn("main"), "--record", record.string(), "--at",
+    tell(0, {"--later", "100:" + cornerOn("main"), "--record", record.string(), "--at",
              cornerOn("main")});
 
     clickTile("side", 0);
@@ -115,6 +124,28 @@ TEST_P(OpenHere, BringsBackAWindowThatMovesItselfAway) {
     EXPECT_TRUE(comesToMiddle(windowOf(0), "side"));
 }
 
+TEST_P(OpenHere, LeavesAWindowToTheUserOnceItHasRested) {
+    runWith(openHere);
+    tell(0, {"--at", cornerOn("main")});
+    clickTile("side", 0);
+    const auto window = windowOf(0);
+    ASSERT_TRUE(comesToMiddle(window, "side"));
+    const auto start = std::chrono::steady_clock::now();
+    ASSERT_TRUE(eventually(
+        [&] { return std::chrono::steady_clock::now() - start > std::chrono::seconds{1}; }));
+
+    // As a pager, a shortcut or an entry of the window's menu does it: nothing is held down.
+    const PixelRect above = desktop().monitor("above").frame;
+    moveTo(window, {above.x + 300, above.y + 200});
+    ASSERT_TRUE(comesOnto(window, "above"));
+    // A click on the other tile is answered after what the program heard of the window.
+    desktop().client().sync();
+    clickTile("side", 1);
+    ASSERT_TRUE(logs("placement done for " + apps[1].id));
+
+    EXPECT_TRUE(above.contains(outerFrame(window).center())) << outerFrame(window);
+}
+
 TEST_P(OpenHere, LeavesAWindowToTheUsersHand) {
     runWith(openHere);
     tell(0, {"--at", cornerOn("main")});
@@ -126,10 +157,7 @@ TEST_P(OpenHere, LeavesAWindowToTheUsersHand) {
     const PixelRect above = desktop().monitor("above").frame;
     desktop().pointer().moveTo(outerFrame(window).center());
     desktop().pointer().press(Pointer::Button::primary);
-    constexpr std::uint32_t toPosition = 10U | 1U << 8U | 1U << 9U | 2U << 12U;
-    desktop().client().sendToRoot(window, "_NET_MOVERESIZE_WINDOW",
-                                  {toPosition, static_cast<std::uint32_t>(above.x + 300),
-                                   static_cast<std::uint32_t>(above.y + 200), 0, 0});
+    moveTo(window, {above.x + 300, above.y + 200});
     ASSERT_TRUE(comesOnto(window, "above"));
     // A click on the other tile is answered after what the program heard of the window.
     desktop().client().sync();

@@ -23,6 +23,16 @@ protected:
                std::to_string(desktop().displayIDOf(monitor));
     }
 
+    /// Asks the window manager to take the window out of these states.
+    void takeStates(xcb_window_t window, const std::string& first, const std::string& second) {
+        constexpr std::uint32_t remove = 0;
+        constexpr std::uint32_t fromPager = 2;
+        const auto& client = desktop().client();
+        client.sendToRoot(window, "_NET_WM_STATE",
+                          {remove, client.atom("_NET_WM_STATE_" + first),
+                           client.atom("_NET_WM_STATE_" + second), fromPager});
+    }
+
     /// Clicks Alpha's tile there and sees its window come.
     void summonTo(const std::string& monitor) {
         clickTile(monitor);
@@ -124,34 +134,54 @@ TEST_P(Summon, MovesTheWindowThatWasActiveLastAndNoOther) {
     EXPECT_TRUE(main.contains(outerFrame(windows[1]).center()));
 }
 
-TEST_P(Summon, TakesAMaximisedWindowAtItsOrdinarySize) {
+TEST_P(Summon, KeepsAMaximisedWindowMaximised) {
     runWith(summonOnClick);
     const auto window = open(0, placeOn("main"));
     const auto before = outerFrame(window);
     setStates(window, "MAXIMIZED_HORZ", "MAXIMIZED_VERT");
-    ASSERT_TRUE(eventually([&] { return outerFrame(window).width > before.width; }));
-
-    summonTo("side");
-
-    EXPECT_FALSE(hasState(window, "MAXIMIZED_HORZ"));
-    EXPECT_FALSE(hasState(window, "MAXIMIZED_VERT"));
-    EXPECT_EQ(outerFrame(window).width, before.width);
-    EXPECT_EQ(outerFrame(window).height, before.height);
-}
-
-TEST_P(Summon, TakesAFullScreenWindowAtItsOrdinarySize) {
-    runWith(summonOnClick);
-    const auto window = open(0, placeOn("main"));
-    const auto before = outerFrame(window);
-    setStates(window, "FULLSCREEN");
-    ASSERT_TRUE(eventually([&] { return outerFrame(window) == desktop().monitor("main").frame; }));
+    ASSERT_TRUE(eventually([&] { return outerFrame(window).width > 1000; }));
 
     clickTile("side");
 
-    EXPECT_TRUE(comesToMiddle(window, "side"));
-    EXPECT_TRUE(eventually([&] { return outerFrame(window).width == before.width; }));
-    EXPECT_EQ(outerFrame(window).height, before.height);
-    EXPECT_FALSE(hasState(window, "FULLSCREEN"));
+    EXPECT_TRUE(logs(summoned("side")));
+    const PixelRect side = desktop().monitor("side").frame;
+    EXPECT_TRUE(eventually([&] {
+        const PixelRect outer = outerFrame(window);
+        return hasState(window, "MAXIMIZED_HORZ") && hasState(window, "MAXIMIZED_VERT") &&
+               side.contains(outer.center()) && outer.width == side.width;
+    })) << outerFrame(window);
+    // Made ordinary again, it stays on that display.
+    takeStates(window, "MAXIMIZED_HORZ", "MAXIMIZED_VERT");
+    EXPECT_TRUE(eventually([&] {
+        const PixelRect outer = outerFrame(window);
+        return outer.width == before.width && outer.height == before.height &&
+               side.contains(outer.center());
+    })) << outerFrame(window);
+}
+
+TEST_P(Summon, KeepsAWindowMaximisedInOneDirection) {
+    runWith(summonOnClick);
+    const auto window = open(0, placeOn("main"));
+    setStates(window, "MAXIMIZED_VERT");
+
+    clickTile("side");
+
+    EXPECT_TRUE(comesOnto(window, "side"));
+    EXPECT_TRUE(eventually([&] { return hasState(window, "MAXIMIZED_VERT"); }));
+    EXPECT_FALSE(hasState(window, "MAXIMIZED_HORZ"));
+}
+
+TEST_P(Summon, KeepsAFullScreenWindowFullScreen) {
+    runWith(summonOnClick);
+    const auto window = open(0, placeOn("main"));
+    setStates(window, "FULLSCREEN");
+    ASSERT_TRUE(eventually([&] { return outerFrame(window) == desktop().monitor("main").frame; }));
+
+    clickTile("above");
+
+    EXPECT_TRUE(logs(summoned("above")));
+    EXPECT_TRUE(comesTo(window, desktop().monitor("above").frame));
+    EXPECT_TRUE(hasState(window, "FULLSCREEN"));
 }
 
 TEST_P(Summon, RestoresAMinimisedWindow) {
@@ -242,6 +272,35 @@ TEST_P(Summon, AnswersAtOnceForAProgramThatHangs) {
 
     std::ranges::sort(answers);
     EXPECT_LT(answers[answers.size() / 2], limit);
+}
+
+TEST_P(Summon, IsSaidOnceToBeImpossibleUnderAWindowManagerThatMovesNoWindows) {
+    constexpr const char* line = "window manager cannot move windows";
+    runWith(summonOnClick);
+    const auto& client = desktop().client();
+    const auto becomeOneThatMovesNone = [&] {
+        auto supported = client.words(client.root(), "_NET_SUPPORTED");
+        std::erase(supported, client.atom("_NET_MOVERESIZE_WINDOW"));
+        client.setWords(client.root(), "_NET_SUPPORTED", XCB_ATOM_ATOM, supported);
+        client.setWords(client.root(), "_NET_SUPPORTING_WM_CHECK", XCB_ATOM_WINDOW,
+                        client.words(client.root(), "_NET_SUPPORTING_WM_CHECK"));
+        client.sync();
+    };
+    desktop().stopVireline();
+    becomeOneThatMovesNone();
+
+    desktop().runVireline();
+    EXPECT_TRUE(logs(line));
+
+    desktop().stopWindowManager();
+    desktop().startWindowManager();
+    open(0, placeOn("main"));
+    summonTo("side");
+    EXPECT_EQ(desktop().log().count(line), 1);
+
+    becomeOneThatMovesNone();
+    EXPECT_TRUE(logs(line, 2));
+    EXPECT_EQ(desktop().log().count(line), 2);
 }
 
 TEST_P(Summon, FallsBackToHidingWithoutAWindowManager) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <vector>
 
 namespace vireline {
@@ -11,7 +12,6 @@ using x11::AppGroup;
 using x11::ClientWindow;
 using x11::OwnedWindow;
 namespace AppGroups = x11::AppGroups;
-using IDs = std::vector<xcb_window_t>;
 
 ClientWindow ordinary(xcb_window_t id) {
     ClientWindow window{};
@@ -82,40 +82,23 @@ TEST(AppGroups, OfWindowsThatWereNeverActiveTheNewestIsMostRecent) {
 TEST(AppGroups, APaletteMakesItsAppActiveToo) {
     const auto group = groupOf({ordinary(1), helper(2)});
 
-    EXPECT_TRUE(AppGroups::isActive(group, 2));
-    EXPECT_FALSE(AppGroups::isActive(group, 3));
-    EXPECT_FALSE(AppGroups::isActive(groupOf({ordinary(XCB_NONE)}), XCB_NONE));
+    EXPECT_TRUE(AppGroups::isActive(group, 2, 0));
+    EXPECT_FALSE(AppGroups::isActive(group, 3, 0));
+    EXPECT_FALSE(AppGroups::isActive(groupOf({ordinary(XCB_NONE)}), XCB_NONE, 0));
 }
 
-TEST(AppGroups, HidingTakesWhatIsShownOnTheCurrentDesktop) {
-    auto here = ordinary(1);
-    here.desktop = 2;
-    auto elsewhere = ordinary(2);
-    elsewhere.desktop = 0;
-    auto hidden = ordinary(3);
-    hidden.desktop = 2;
-    hidden.isHidden = true;
-    const auto everywhere = ordinary(4);
+TEST(AppGroups, AWindowThatCannotBeSeenMakesNoAppActive) {
+    auto elsewhere = ordinary(1);
+    elsewhere.desktop = 1;
+    auto iconified = ordinary(2);
+    iconified.isHidden = true;
+    const auto group = groupOf({elsewhere, iconified, ordinary(3)});
 
-    const auto group = groupOf({here, elsewhere, hidden, everywhere, helper(5)});
-
-    EXPECT_EQ(AppGroups::shownOn(group, 2), (IDs{1, 4}));
-}
-
-TEST(AppGroups, BringingForwardRestoresWhatIsStillHiddenTheMostRecentLast) {
-    auto recent = ordinary(1);
-    recent.isHidden = true;
-    recent.lastActive = 7;
-    auto older = ordinary(2);
-    older.isHidden = true;
-    older.lastActive = 4;
-    const auto restoredByHand = ordinary(3);
-    auto iconifiedByHand = ordinary(4);
-    iconifiedByHand.isHidden = true;
-
-    const auto group = groupOf({recent, older, restoredByHand, iconifiedByHand});
-
-    EXPECT_EQ(AppGroups::stillHidden(group, IDs{1, 2, 3, 99}), (IDs{2, 1}));
+    EXPECT_FALSE(AppGroups::isActive(group, 1, 0));
+    EXPECT_TRUE(AppGroups::isActive(group, 1, 1));
+    EXPECT_TRUE(AppGroups::isActive(group, 1, std::nullopt)) << "there is one desktop only";
+    EXPECT_FALSE(AppGroups::isActive(group, 2, 0));
+    EXPECT_TRUE(AppGroups::isActive(group, 3, 7)) << "it is on every desktop";
 }
 
 TEST(AppGroups, ComingAndGoingIsTheDifferenceOfTwoLists) {

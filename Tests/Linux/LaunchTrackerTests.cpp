@@ -56,19 +56,22 @@ TEST(LaunchTracker, HearingOfItsOwnLaunchAgainChangesNothing) {
     EXPECT_EQ(tracking.said, Lines{"will a"});
 }
 
-TEST(LaunchTracker, KnowsForAMomentThatItHasJustBegunALaunch) {
+TEST(LaunchTracker, ALaunchIsUnderWayUntilItIsOver) {
     Tracking tracking;
 
     tracking.tracker.begin("id", app("a"), true);
     tracking.tracker.begin("other", app("b"), false);
 
-    EXPECT_TRUE(tracking.tracker.hasJustBegun("a"));
-    EXPECT_FALSE(tracking.tracker.hasJustBegun("b")) << "it is not ours";
-    tracking.loop.advance(1);
-    EXPECT_FALSE(tracking.tracker.hasJustBegun("a"));
+    EXPECT_FALSE(tracking.tracker.isUnderWay("c", 1));
+    tracking.loop.advance(14.9);
+    EXPECT_TRUE(tracking.tracker.isUnderWay("a", 1));
+    EXPECT_TRUE(tracking.tracker.isUnderWay("b", 1)) << "whose launch it is does not matter";
+    tracking.loop.advance(0.2);
+    EXPECT_FALSE(tracking.tracker.isUnderWay("a", 1));
+    EXPECT_FALSE(tracking.tracker.isUnderWay("b", 1));
 }
 
-TEST(LaunchTracker, ALaunchThatFailedOrShowedAWindowHasNotJustBegun) {
+TEST(LaunchTracker, ALaunchThatFailedOrShowedAWindowIsNotUnderWay) {
     Tracking tracking;
 
     tracking.tracker.begin("1", app("a"), true);
@@ -76,19 +79,21 @@ TEST(LaunchTracker, ALaunchThatFailedOrShowedAWindowHasNotJustBegun) {
     tracking.tracker.begin("2", app("b"), true);
     tracking.tracker.appShowed("b", 1);
 
-    EXPECT_FALSE(tracking.tracker.hasJustBegun("a"));
-    EXPECT_FALSE(tracking.tracker.hasJustBegun("b"));
+    EXPECT_FALSE(tracking.tracker.isUnderWay("a", 1));
+    EXPECT_FALSE(tracking.tracker.isUnderWay("b", 1));
 }
 
-TEST(LaunchTracker, ALaunchThatIsSaidToBeOverBeforeItsWindowIsThereHasJustBegun) {
+TEST(LaunchTracker, ALaunchThatIsSaidToBeOverBeforeItsWindowIsThereIsUnderWayForADoubleClick) {
     Tracking tracking;
 
     tracking.tracker.begin("id", app("a"), true);
     tracking.tracker.finish("id");
 
-    EXPECT_TRUE(tracking.tracker.hasJustBegun("a"));
-    tracking.loop.advance(1);
-    EXPECT_FALSE(tracking.tracker.hasJustBegun("a"));
+    tracking.loop.advance(1.9);
+    EXPECT_TRUE(tracking.tracker.isUnderWay("a", 2));
+    EXPECT_FALSE(tracking.tracker.isUnderWay("a", 1));
+    tracking.loop.advance(0.2);
+    EXPECT_FALSE(tracking.tracker.isUnderWay("a", 2));
 }
 
 TEST(LaunchTracker, ALaunchThatShowsNothingEndsAfterFifteenSeconds) {

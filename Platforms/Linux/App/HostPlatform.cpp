@@ -89,7 +89,7 @@ struct HostPlatform::Parts {
     DesktopMotionSettings motionSettings{settings.numbers};
     DesktopEntryCatalog catalog{runLoop};
     EwmhRunningApplications runningApplications{connection, runLoop, catalog};
-    GioWorkspace workspace{connection, catalog, runningApplications, userFolders};
+    GioWorkspace workspace{connection, catalog, runningApplications, userFolders, pointerSettings};
     DesktopDockPreferences dockPreferences{
         {userFolders.home(), userFolders.configHome(), currentDesktop(), {}}, fileSystem, catalog};
     IconThemeWatch themeWatch{

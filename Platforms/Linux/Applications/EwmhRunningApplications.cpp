@@ -16,6 +16,9 @@ namespace {
 constexpr std::uint32_t fromPager = 2;
 constexpr std::uint32_t iconicState = 3;
 
+/// How long a window manager may take to do as it was asked.
+constexpr double requestSeconds = HiddenWindows::settlingSeconds;
+
 RunningApplication describeApp(const IdentifiedApp& app) {
     RunningApplication description;
     description.bundleID = app.bundleID;
@@ -29,6 +32,7 @@ RunningApplication describeApp(const IdentifiedApp& app) {
 EwmhRunningApplications::EwmhRunningApplications(X11Connection& connection, RunLoop& runLoop,
                                                  DesktopEntryCatalog& catalog)
     : connection_(connection)
+    , runLoop_(runLoop)
     , catalog_(catalog)
     , clients_(connection, runLoop)
     , messenger_(connection)
@@ -70,17 +74,8 @@ void EwmhRunningApplications::hide(const RunningApplication& app) {
     const AppGroup* group = groupOf(app);
     if (group == nullptr)
         return;
-    const auto desktop =
-        connection_.words(connection_.root(), "_NET_CURRENT_DESKTOP", XCB_ATOM_CARDINAL);
-    const auto shown = AppGroups::shownOn(*group, desktop.empty() ? 0 : desktop.front());
-    auto& hidden = hidden_[group->app.bundleID];
-    for (const xcb_window_t window : shown) {
+    for (const xcb_window_t window : hidden_.hide(*group, currentDesktop(), runLoop_.now()))
         iconify(window);
-        if (std::ranges::find(hidden, window) == hidden.end())
-            hidden.push_back(window);
-        if (window == clients_.activeWindow())
-            leaving_ = window;
-    }
     connection_.flush();
 }
 
@@ -121,14 +116,28 @@ bool EwmhRunningApplications::bringForward(const std::string& bundleID) {
     const AppGroup* group = AppGroups::find(groups_, bundleID);
     if (group == nullptr)
         return false;
-    leaving_ = XCB_NONE;
-    if (const auto hidden = hidden_.extract(bundleID)) {
-        for (const xcb_window_t window : AppGroups::stillHidden(*group, hidden.mapped()))
-            xcb_map_window(connection_.get(), window);
+    const ClientWindow& front = AppGroups::mostRecent(*group);
+    for (const auto& [window, isSurelyIconified] : hidden_.bringBack(*group, runLoop_.now())) {
+        xcb_map_window(connection_.get(), window);
+        // Mapping does nothing to a window that is still to be iconified. Activating it restores it
+        // after that, since requests are carried out in order.
+        if (!isSurelyIconified && window != front.id)
+            activate(window);
     }
-    activate(AppGroups::mostRecent(*group).id);
+    showDesktopOf(front);
+    activate(front.id);
     connection_.flush();
     return true;
+}
+
+std::optional<std::uint32_t> EwmhRunningApplications::currentDesktop() const {
+    if (desktopAskedFor_ && runLoop_.now() - desktopAskedFor_->since < requestSeconds)
+        return desktopAskedFor_->value;
+    return clients_.currentDesktop();
+}
+
+void EwmhRunningApplications::expectOnCurrentDesktop(xcb_window_t window) {
+    windowSentHere_ = Request{window, runLoop_.now()};
 }
 
 void EwmhRunningApplications::launchBegan(const std::string& startupID, const DesktopEntry& entry,
@@ -159,9 +168,23 @@ std::vector<ClientWindow> EwmhRunningApplications::windows(const std::string& bu
 }
 
 void EwmhRunningApplications::update() {
-    if (clients_.activeWindow() != leaving_)
-        leaving_ = XCB_NONE;
-    announce(std::exchange(groups_, currentGroups()));
+    const auto before = std::exchange(groups_, currentGroups());
+    hidden_.update(groups_, clients_.activeWindow());
+    noteDesktops();
+    announce(before);
+}
+
+/// Forgets what was asked of the window manager once it is reported.
+void EwmhRunningApplications::noteDesktops() {
+    const auto desktop = clients_.currentDesktop();
+    if (desktop != desktopBefore_)
+        desktopAskedFor_.reset();
+    if (!windowSentHere_ || !desktop)
+        return;
+    const auto& windows = clients_.windows();
+    const auto sent = std::ranges::find(windows, windowSentHere_->value, &ClientWindow::id);
+    if (sent == windows.end() || sent->isOnDesktop(*desktop))
+        windowSentHere_.reset();
 }
 
 void EwmhRunningApplications::identifyAnew() {
@@ -171,7 +194,6 @@ void EwmhRunningApplications::identifyAnew() {
 
 void EwmhRunningApplications::announce(const std::vector<AppGroup>& before) {
     for (const AppGroup& gone : AppGroups::without(before, groups_)) {
-        hidden_.erase(gone.app.bundleID);
         didTerminate_.notify(describeApp(gone.app));
     }
     for (const AppGroup& fresh : AppGroups::without(groups_, before)) {
@@ -237,12 +259,27 @@ RunningApplication EwmhRunningApplications::describe(const AppGroup& group) cons
     RunningApplication app = describeApp(group.app);
     app.processIdentifier = AppGroups::mostRecent(group).processIdentifier;
     const xcb_window_t active = clients_.activeWindow();
-    app.isActive = active != leaving_ && AppGroups::isActive(group, active);
+    app.isActive = AppGroups::isActive(group, active, clients_.currentDesktop()) &&
+                   !hidden_.isLeaving(active, runLoop_.now());
     return app;
 }
 
 const AppGroup* EwmhRunningApplications::groupOf(const RunningApplication& app) const {
     return app.bundleID ? AppGroups::find(groups_, *app.bundleID) : nullptr;
+}
+
+/// Window managers differ in what activating a window on another desktop does: they go there, fetch
+/// it, or only mark it. Pagers, who ask for the desktop first, get the same from all.
+void EwmhRunningApplications::showDesktopOf(const ClientWindow& window) {
+    const auto current = currentDesktop();
+    const bool isComing = windowSentHere_ && windowSentHere_->value == window.id &&
+                          runLoop_.now() - windowSentHere_->since < requestSeconds;
+    if (!current || !window.desktop || window.isOnDesktop(*current) || isComing)
+        return;
+    desktopBefore_ = clients_.currentDesktop();
+    desktopAskedFor_ = Request{*window.desktop, runLoop_.now()};
+    const std::array<std::uint32_t, 2> data{*window.desktop, connection_.userTime()};
+    connection_.sendToRoot(connection_.root(), "_NET_CURRENT_DESKTOP", data);
 }
 
 void EwmhRunningApplications::iconify(xcb_window_t window) const {

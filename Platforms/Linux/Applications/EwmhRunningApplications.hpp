@@ -8,6 +8,7 @@
 #include "Applications/WindowIconSource.hpp"
 #include "Applications/Windows/AppGroups.hpp"
 #include "Applications/Windows/ClientList.hpp"
+#include "Applications/Windows/HiddenWindows.hpp"
 #include "Foundation/CallbackList.hpp"
 #include "Foundation/Lifetime.hpp"
 #include "Platform/RunLoop.hpp"
@@ -46,17 +47,26 @@ public:
 
     [[nodiscard]] std::vector<WindowIcon> windowIcons(const std::string& bundleID) const override;
 
-    /// Restores what `hide` iconified and activates the window that was active last. False when the
-    /// app does not run.
+    /// Restores what `hide` iconified, shows the desktop of the window that was active last, and
+    /// activates that. False when the app does not run.
     bool bringForward(const std::string& bundleID);
+
+    /// The desktop that is shown, or will be once the window manager has done what was asked of it;
+    /// nothing when it does not say.
+    [[nodiscard]] std::optional<std::uint32_t> currentDesktop() const;
+
+    /// The window was sent to the desktop that is shown: bringing its app forward must not go to
+    /// the one that it came from.
+    void expectOnCurrentDesktop(xcb_window_t window);
 
     /// Announces a launch of ours. With `tellsOthers` the other programs on the display hear of it
     /// too, and of its end if the app says nothing itself.
     void launchBegan(const std::string& startupID, const DesktopEntry& entry,
                      const std::string& bundleID, bool tellsOthers);
-    /// Whether a launch of ours is on its way that began a moment ago.
-    [[nodiscard]] bool isJustLaunching(const std::string& bundleID) const {
-        return launches_.hasJustBegun(bundleID);
+    /// Whether the app is being launched: until the launch is over, and for a double click's length
+    /// after it began.
+    [[nodiscard]] bool isLaunching(const std::string& bundleID, double doubleClickSeconds) const {
+        return launches_.isUnderWay(bundleID, doubleClickSeconds);
     }
     /// The launch came to nothing. False when it had ended before, as with a program that showed a
     /// window and ends with an error later.
@@ -81,21 +91,31 @@ private:
     [[nodiscard]] std::optional<IdentifiedApp> appNamedBy(const StartupMessage& message) const;
     [[nodiscard]] RunningApplication describe(const AppGroup& group) const;
     [[nodiscard]] const AppGroup* groupOf(const RunningApplication& app) const;
+    void noteDesktops();
+    void showDesktopOf(const ClientWindow& window);
     void iconify(xcb_window_t window) const;
     void activate(xcb_window_t window) const;
     void close(xcb_window_t window) const;
 
     X11Connection& connection_;
+    RunLoop& runLoop_;
     DesktopEntryCatalog& catalog_;
     ClientList clients_;
     StartupMessenger messenger_;
     LaunchTracker launches_;
     std::unordered_map<xcb_window_t, Identification> identified_;
     std::vector<AppGroup> groups_;
-    /// What `hide` iconified, by app.
-    std::unordered_map<std::string, std::vector<xcb_window_t>> hidden_;
-    /// The active window while it is on its way out, iconified by `hide`.
-    xcb_window_t leaving_ = XCB_NONE;
+    HiddenWindows hidden_;
+    /// Asked of the window manager at `since`, and not reported yet.
+    struct Request {
+        std::uint32_t value = 0;
+        double since = 0;
+    };
+    /// The desktop to be shown, and the window to be sent to the one that is shown.
+    std::optional<Request> desktopAskedFor_;
+    std::optional<Request> windowSentHere_;
+    /// The desktop that was shown when the first of the two was asked for.
+    std::optional<std::uint32_t> desktopBefore_;
     /// Launches that other programs were told of.
     std::vector<std::string> announced_;
     CallbackList<std::optional<RunningApplication>> willLaunch_;

@@ -34,16 +34,28 @@ bool exists(const FileURL& url) {
 }
 
 GioWorkspace::GioWorkspace(X11Connection& connection, const DesktopEntryCatalog& catalog,
-                           EwmhRunningApplications& running, const UserFolders& folders)
-    : connection_(connection), catalog_(catalog), running_(running), folders_(folders) {}
+                           EwmhRunningApplications& running, const UserFolders& folders,
+                           const PointerSettings& pointerSettings)
+    : connection_(connection)
+    , catalog_(catalog)
+    , running_(running)
+    , folders_(folders)
+    , pointerSettings_(pointerSettings) {}
 
 void GioWorkspace::openApplication(const std::string& bundleID, const FileURL& url) {
-    if (running_.bringForward(bundleID) || running_.isJustLaunching(bundleID))
+    if (running_.bringForward(bundleID) || isLaunching(bundleID))
         return;
     if (const auto entry = catalog_.entryAt(url))
         launch(bundleID, *entry);
     else
         DevLog::write("launch failed " + bundleID + ": no desktop entry");
+}
+
+/// The second click of a pair comes within the user's double-click time, and is handled a little
+/// later than it was made.
+bool GioWorkspace::isLaunching(const std::string& bundleID) const {
+    constexpr double handlingSeconds = 0.6;
+    return running_.isLaunching(bundleID, pointerSettings_.doubleClickInterval() + handlingSeconds);
 }
 
 void GioWorkspace::open(const FileURL& url) {

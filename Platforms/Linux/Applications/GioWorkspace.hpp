@@ -6,6 +6,7 @@
 #include "Applications/FileManagerClient.hpp"
 #include "Applications/Launching/Launcher.hpp"
 #include "Foundation/Lifetime.hpp"
+#include "Platform/PointerSettings.hpp"
 #include "Platform/UserFolders.hpp"
 #include "Platform/Workspace.hpp"
 #include "X11/X11Connection.hpp"
@@ -19,7 +20,8 @@ namespace vireline::x11 {
 class GioWorkspace final : public Workspace {
 public:
     GioWorkspace(X11Connection& connection, const DesktopEntryCatalog& catalog,
-                 EwmhRunningApplications& running, const UserFolders& folders);
+                 EwmhRunningApplications& running, const UserFolders& folders,
+                 const PointerSettings& pointerSettings);
 
     void openApplication(const std::string& bundleID, const FileURL& url) override;
     void open(const FileURL& url) override;
@@ -27,6 +29,7 @@ public:
     void openSystemSettings(const std::string& paneURL) override;
 
 private:
+    [[nodiscard]] bool isLaunching(const std::string& bundleID) const;
     [[nodiscard]] std::string fileManagerPath() const;
     void launch(const std::string& bundleID, const DesktopEntry& entry);
     void openFolders(const std::vector<FileURL>& files);
@@ -36,6 +39,7 @@ private:
     const DesktopEntryCatalog& catalog_;
     EwmhRunningApplications& running_;
     const UserFolders& folders_;
+    const PointerSettings& pointerSettings_;
     Launcher launcher_;
     FileManagerClient fileManager_;
     std::uint64_t launches_ = 0;

@@ -5,6 +5,7 @@
 #include "Displays/RandrScreens.hpp"
 #include "Windows/AppWindows.hpp"
 
+#include <cstddef>
 #include <utility>
 
 namespace vireline::x11 {
@@ -12,9 +13,6 @@ namespace {
 
 /// How long the question for the permission may take; it is about no element.
 constexpr double trustSeconds = 0.5;
-
-/// A program that has just shown its window may still move it; seconds.
-constexpr double keepSeconds = 10;
 
 constexpr float defaultTimeout = 0.5F;
 
@@ -37,10 +35,9 @@ struct EwmhAccessibility::AppElement final : public AccessibilityElement {
 };
 
 struct EwmhAccessibility::WindowElement final : public AccessibilityElement {
-    explicit WindowElement(const ClientWindow& window) : id(window.id), appeared(window.appeared) {}
+    explicit WindowElement(const ClientWindow& window) : id(window.id) {}
 
     xcb_window_t id;
-    std::optional<double> appeared;
     float timeout = defaultTimeout;
     /// What was set through this element. The window manager answers later, and one attribute set
     /// must not undo another.
@@ -52,16 +49,16 @@ struct EwmhAccessibility::WindowElement final : public AccessibilityElement {
     }
 };
 
-EwmhAccessibility::Access::Access(std::unique_ptr<SideConnection> opened,
-                                  const X11Connection& connection, RunLoop& runLoop,
-                                  const RandrScreens& screens)
+EwmhAccessibility::Access::Access(std::unique_ptr<SideConnection> opened, X11Connection& connection,
+                                  RunLoop& runLoop, const RandrScreens& screens)
     : side(std::move(opened))
     , reader(connection, *side)
     , keeper(connection, *side, runLoop,
-             [&screens] { return std::span<const Display>{screens.displays()}; }) {}
+             [&screens] { return std::span<const Display>{screens.displays()}; })
+    , notice(connection, reader, runLoop) {}
 
-EwmhAccessibility::EwmhAccessibility(const X11Connection& connection, RunLoop& runLoop,
-                                     const EwmhRunningApplications& applications,
+EwmhAccessibility::EwmhAccessibility(X11Connection& connection, RunLoop& runLoop,
+                                     EwmhRunningApplications& applications,
                                      const RandrScreens& screens)
     : applications_(applications), screens_(screens) {
     if (auto side = SideConnection::open())
@@ -145,7 +142,11 @@ std::vector<ClientWindow> EwmhAccessibility::windowsOf(const AppElement& applica
 Result<WindowSnapshot> EwmhAccessibility::look(const WindowElement& window) const {
     if (!access_ || screens_.displays().empty())
         return noWindow();
-    return access_->reader.read(window.id, SideConnection::in(window.timeout));
+    auto snapshot = access_->reader.read(window.id, SideConnection::in(window.timeout));
+    // A switch of desktops may have been asked for a moment ago.
+    if (snapshot)
+        snapshot->currentDesktop = applications_.currentDesktop();
+    return snapshot;
 }
 
 Result<Rect> EwmhAccessibility::frame(const WindowElement& window) const {
@@ -159,11 +160,19 @@ Rect EwmhAccessibility::frame(const WindowSnapshot& snapshot) const {
     return DisplayGeometry::toEventSpace(screens_.displays(), snapshot.outer());
 }
 
+Rect EwmhAccessibility::visibleFrame(const Rect& meant) const {
+    const auto& displays = screens_.displays();
+    const auto index = static_cast<std::size_t>(
+        &DisplayGeometry::nearest(displays, meant.center()) - displays.data());
+    return DisplayGeometry::flipped(screens_.screens().at(index).visibleFrame, displays);
+}
+
 void EwmhAccessibility::send(const WindowElement& window, const WindowSnapshot& now,
-                             const WindowGoal& goal) {
-    const auto keptUntil =
-        window.appeared ? std::optional{*window.appeared + keepSeconds} : std::nullopt;
-    access_->keeper.send(window.id, now, goal, keptUntil);
+                             WindowGoal goal) {
+    goal.visible = visibleFrame(goal.frame);
+    if (now.isOnAnotherDesktop())
+        applications_.expectOnCurrentDesktop(window.id);
+    access_->keeper.send(window.id, now, goal);
 }
 
 }

@@ -4,6 +4,7 @@
 
 #include "Applications/Windows/ClientWindow.hpp"
 #include "Platform/Accessibility.hpp"
+#include "Windows/ManagerNotice.hpp"
 #include "Windows/WindowKeeper.hpp"
 #include "Windows/WindowReader.hpp"
 #include "X11/SideConnection.hpp"
@@ -19,8 +20,8 @@ class RandrScreens;
 
 class EwmhAccessibility final : public Accessibility {
 public:
-    EwmhAccessibility(const X11Connection& connection, RunLoop& runLoop,
-                      const EwmhRunningApplications& applications, const RandrScreens& screens);
+    EwmhAccessibility(X11Connection& connection, RunLoop& runLoop,
+                      EwmhRunningApplications& applications, const RandrScreens& screens);
     EwmhAccessibility(const EwmhAccessibility&) = delete;
     EwmhAccessibility& operator=(const EwmhAccessibility&) = delete;
     EwmhAccessibility(EwmhAccessibility&&) = delete;
@@ -49,21 +50,24 @@ private:
 
     /// Exists if the server let us in, and then for good.
     struct Access {
-        Access(std::unique_ptr<SideConnection> opened, const X11Connection& connection,
-               RunLoop& runLoop, const RandrScreens& screens);
+        Access(std::unique_ptr<SideConnection> opened, X11Connection& connection, RunLoop& runLoop,
+               const RandrScreens& screens);
 
         std::unique_ptr<SideConnection> side;
         WindowReader reader;
         WindowKeeper keeper;
+        ManagerNotice notice;
     };
 
     [[nodiscard]] std::vector<ClientWindow> windowsOf(const AppElement& application) const;
     [[nodiscard]] Result<WindowSnapshot> look(const WindowElement& window) const;
     [[nodiscard]] Result<Rect> frame(const WindowElement& window) const;
     [[nodiscard]] Rect frame(const WindowSnapshot& snapshot) const;
-    void send(const WindowElement& window, const WindowSnapshot& now, const WindowGoal& goal);
+    /// Of the display that this frame is meant for.
+    [[nodiscard]] Rect visibleFrame(const Rect& meant) const;
+    void send(const WindowElement& window, const WindowSnapshot& now, WindowGoal goal);
 
-    const EwmhRunningApplications& applications_;
+    EwmhRunningApplications& applications_;
     const RandrScreens& screens_;
     std::unique_ptr<Access> access_;
 };

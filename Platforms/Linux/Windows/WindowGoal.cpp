@@ -5,25 +5,52 @@
 namespace vireline::x11::WindowGoals {
 namespace {
 
+/// One axis of a frame.
+struct Span {
+    int start = 0;
+    int length = 0;
+
+    [[nodiscard]] int end() const noexcept { return start + length; }
+};
+
 /// A side that is too long stays where it was asked to be.
-int keptInside(int start, int length, int boundsStart, int boundsLength) {
-    if (length > boundsLength)
-        return start;
-    return std::clamp(start, boundsStart, boundsStart + boundsLength - length);
+int keptWithin(const Span& span, const Span& bounds) {
+    if (span.length > bounds.length)
+        return span.start;
+    return std::clamp(span.start, bounds.start, bounds.end() - span.length);
 }
 
 PixelRect keptInside(const PixelRect& outer, const PixelRect& bounds) {
-    return {keptInside(outer.x, outer.width, bounds.x, bounds.width),
-            keptInside(outer.y, outer.height, bounds.y, bounds.height), outer.width, outer.height};
+    return {keptWithin({outer.x, outer.width}, {bounds.x, bounds.width}),
+            keptWithin({outer.y, outer.height}, {bounds.y, bounds.height}), outer.width,
+            outer.height};
 }
 
-PixelRect sized(const Rect& frame, const WindowSnapshot& window, const Display& display,
+/// Where a side of this length starts that was asked to be `asked`.
+int placed(int length, const Span& asked, const Span& visible, const Span& display) {
+    const int keptFreeBefore = asked.start - visible.start;
+    const int keptFreeBehind = visible.end() - asked.end();
+    if (length <= asked.length || keptFreeBefore > keptFreeBehind)
+        return asked.start;
+    if (keptFreeBehind > keptFreeBefore)
+        return asked.end() - length;
+    return keptWithin({asked.start, length}, display);
+}
+
+PixelRect sized(const WindowGoal& goal, const WindowSnapshot& window, const Display& display,
                 std::span<const Display> displays) {
-    PixelRect outer = DisplayGeometry::toPixels(display, DisplayGeometry::flipped(frame, displays));
-    const PixelSize size = window.constrained({outer.width, outer.height});
-    outer.width = size.width;
-    outer.height = size.height;
-    return outer;
+    const auto pixels = [&](const Rect& rect) {
+        return DisplayGeometry::toPixels(display, DisplayGeometry::flipped(rect, displays));
+    };
+    const PixelRect asked = pixels(goal.frame);
+    const PixelRect visible = pixels(goal.visible);
+    const PixelRect& whole = display.pixels;
+    const auto [width, height] = window.constrained({asked.width, asked.height});
+    return {
+        placed(width, {asked.x, asked.width}, {visible.x, visible.width}, {whole.x, whole.width}),
+        placed(height, {asked.y, asked.height}, {visible.y, visible.height},
+               {whole.y, whole.height}),
+        width, height};
 }
 
 PixelRect centered(Point center, const WindowSnapshot& window, const Display& display,
@@ -42,9 +69,9 @@ PixelRect centered(Point center, const WindowSnapshot& window, const Display& di
 PixelRect outerFrame(const WindowGoal& goal, const WindowSnapshot& window,
                      std::span<const Display> displays) {
     const Display& display = DisplayGeometry::nearest(displays, goal.frame.center());
-    const PixelRect outer = goal.isSized ? sized(goal.frame, window, display, displays)
-                                         : centered(goal.frame.center(), window, display, displays);
-    return keptInside(outer, display.pixels);
+    if (goal.isSized)
+        return sized(goal, window, display, displays);
+    return keptInside(centered(goal.frame.center(), window, display, displays), display.pixels);
 }
 
 bool isOnDisplay(const WindowGoal& goal, const WindowSnapshot& window,

@@ -15,14 +15,18 @@ struct WindowGoal {
     /// Whether the size is asked for as well. If not, it is the size that the window had when it
     /// was asked to go there: should it have another one there, its centre is what counts.
     bool isSized = false;
+    /// The part of the display that other programs' panels leave, in event space. On an axis where
+    /// the sized frame keeps more of it free at one end than at the other, the dock is at that end:
+    /// a window that cannot be as small reaches out of the frame at the other.
+    Rect visible{};
 
     bool operator==(const WindowGoal&) const = default;
 };
 
 namespace WindowGoals {
 
-/// The outer frame that the window should have, within its size hints, and inside the display as
-/// far as it fits. There is at least one display.
+/// The outer frame that the window should have, within its size hints: never over the dock, and
+/// inside the display as far as it fits. There is at least one display.
 [[nodiscard]] PixelRect outerFrame(const WindowGoal& goal, const WindowSnapshot& window,
                                    std::span<const Display> displays);
 

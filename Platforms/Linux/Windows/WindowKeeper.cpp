@@ -11,9 +11,13 @@
 namespace vireline::x11 {
 namespace {
 
-/// How long a window manager may take to do as it was asked; seconds.
-constexpr double correctionSeconds = 1;
-/// Whoever has moved the window back this often means it.
+/// How long a window manager and the program itself may take to bring the window to its goal;
+/// seconds.
+constexpr double arrivalSeconds = 2;
+/// How long the window has to stay there; seconds. A program that moves the window that it has just
+/// shown does so at once, and a user takes longer than this to decide otherwise.
+constexpr double restSeconds = 0.5;
+/// What has moved the window away this often is meant to.
 constexpr int mostCorrections = 6;
 /// How long a check may take; seconds.
 constexpr double checkSeconds = 0.1;
@@ -41,38 +45,49 @@ WindowKeeper::WindowKeeper(const X11Connection& connection, SideConnection& side
     side_.onRest = lifetime_.guard([this] { checkChanged(); });
 }
 
-void WindowKeeper::send(xcb_window_t window, const WindowSnapshot& now, const WindowGoal& goal,
-                        std::optional<double> keptUntil) {
-    const double corrected = runLoop_.now() + correctionSeconds;
+void WindowKeeper::send(xcb_window_t window, const WindowSnapshot& now, const WindowGoal& goal) {
     const auto [entry, isNew] = kept_.try_emplace(window);
-    entry->second = {.goal = goal,
-                     .correctedUntil = corrected,
-                     .keptUntil = std::max(keptUntil.value_or(corrected), corrected)};
+    // One that is on its way may not fill anything right now.
+    WindowFill fill = now.fill.isAny() ? now.fill : entry->second.fill;
+    if (goal.isSized)
+        fill = {};
+    entry->second = {
+        .goal = goal, .fill = fill, .deadline = runLoop_.now() + arrivalSeconds, .release = {}};
     if (isNew)
         listen(window);
+    releaseAfter(window, entry->second, arrivalSeconds);
     makeMovable(window, now);
     request(window, now, goal);
 }
 
 void WindowKeeper::makeMovable(xcb_window_t window, const WindowSnapshot& now) const {
-    constexpr std::uint32_t remove = 0;
-    if (now.currentDesktopElsewhere) {
+    if (now.isOnAnotherDesktop()) {
         connection_.sendToRoot(window, "_NET_WM_DESKTOP",
-                               std::array{*now.currentDesktopElsewhere, fromPager});
+                               std::array{*now.currentDesktop, fromPager});
     }
-    if (now.isFullScreen) {
-        connection_.sendToRoot(
-            window, "_NET_WM_STATE",
-            std::array{remove, connection_.atom("_NET_WM_STATE_FULLSCREEN"), 0U, fromPager});
-    }
-    if (now.isMaximized) {
-        connection_.sendToRoot(window, "_NET_WM_STATE",
-                               std::array{remove, connection_.atom("_NET_WM_STATE_MAXIMIZED_HORZ"),
-                                          connection_.atom("_NET_WM_STATE_MAXIMIZED_VERT"),
-                                          fromPager});
-    }
+    setFill(window, now.fill, false);
     if (now.isIconified)
         xcb_map_window(connection_.get(), window);
+}
+
+void WindowKeeper::setFill(xcb_window_t window, const WindowFill& fill, bool isOn) const {
+    const std::uint32_t action = isOn ? 1 : 0;
+    const auto set = [&](std::string_view state) {
+        connection_.sendToRoot(window, "_NET_WM_STATE",
+                               std::array{action, connection_.atom(state), 0U, fromPager});
+    };
+    if (fill.screen)
+        set("_NET_WM_STATE_FULLSCREEN");
+    if (fill.width && fill.height) {
+        connection_.sendToRoot(window, "_NET_WM_STATE",
+                               std::array{action, connection_.atom("_NET_WM_STATE_MAXIMIZED_HORZ"),
+                                          connection_.atom("_NET_WM_STATE_MAXIMIZED_VERT"),
+                                          fromPager});
+    } else if (fill.width) {
+        set("_NET_WM_STATE_MAXIMIZED_HORZ");
+    } else if (fill.height) {
+        set("_NET_WM_STATE_MAXIMIZED_VERT");
+    }
 }
 
 void WindowKeeper::request(xcb_window_t window, const WindowSnapshot& now,
@@ -100,7 +115,7 @@ void WindowKeeper::handle(const xcb_generic_event_t& event) {
         break;
     case XCB_PROPERTY_NOTIFY: {
         const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
-        if (reader_.concerns(change.atom) || isOver(change.window))
+        if (reader_.concerns(change.atom))
             noteChange(change.window);
         break;
     }
@@ -112,11 +127,6 @@ void WindowKeeper::handle(const xcb_generic_event_t& event) {
     }
 }
 
-bool WindowKeeper::isOver(xcb_window_t window) const {
-    const auto found = kept_.find(window);
-    return found != kept_.end() && runLoop_.now() > found->second.keptUntil;
-}
-
 void WindowKeeper::noteChange(xcb_window_t window) {
     if (kept_.contains(window))
         changed_.insert(window);
@@ -125,16 +135,12 @@ void WindowKeeper::noteChange(xcb_window_t window) {
 void WindowKeeper::checkChanged() {
     for (const xcb_window_t window : std::exchange(changed_, {})) {
         const auto found = kept_.find(window);
-        if (found == kept_.end() || check(window, found->second))
-            continue;
-        ignore(window);
-        kept_.erase(found);
+        if (found != kept_.end() && !check(window, found->second))
+            release(window);
     }
 }
 
 bool WindowKeeper::check(xcb_window_t window, Kept& kept) {
-    if (isOver(window))
-        return false;
     const auto deadline = SideConnection::in(checkSeconds);
     const auto now = reader_.read(window, deadline);
     if (!now) {
@@ -143,26 +149,54 @@ bool WindowKeeper::check(xcb_window_t window, Kept& kept) {
             checkLater(window);
         return isLate;
     }
-    if (!isAstray(kept, *now))
-        return true;
-    if (++kept.corrections > mostCorrections || reader_.isUserAtWork(deadline))
+    if (kept.fill.isAny() && hasComeToDisplay(kept, *now))
         return false;
-    request(window, *now, kept.goal);
+    if (isAstray(kept, *now)) {
+        if (reader_.isUserAtWork(deadline)) {
+            kept.fill = {};
+            return false;
+        }
+        if (++kept.corrections > mostCorrections)
+            return false;
+        kept.isResting = false;
+        releaseAfter(window, kept, kept.deadline - runLoop_.now());
+        request(window, *now, kept.goal);
+    } else if (!std::exchange(kept.isResting, true)) {
+        releaseAfter(window, kept, restSeconds);
+    }
     return true;
 }
 
 bool WindowKeeper::isAstray(const Kept& kept, const WindowSnapshot& now) const {
     const auto displays = displays_();
-    if (displays.empty())
-        return false;
-    if (runLoop_.now() > kept.correctedUntil)
-        return !WindowGoals::isOnDisplay(kept.goal, now, displays);
-    return WindowGoals::outerFrame(kept.goal, now, displays) != now.outer();
+    return !displays.empty() && WindowGoals::outerFrame(kept.goal, now, displays) != now.outer();
+}
+
+bool WindowKeeper::hasComeToDisplay(const Kept& kept, const WindowSnapshot& now) const {
+    const auto displays = displays_();
+    return !now.fill.isAny() && !displays.empty() &&
+           WindowGoals::isOnDisplay(kept.goal, now, displays);
 }
 
 void WindowKeeper::checkLater(xcb_window_t window) {
     noteChange(window);
     nextCheck_ = runLoop_.after(checkSeconds, lifetime_.guard([this] { checkChanged(); }));
+}
+
+void WindowKeeper::releaseAfter(xcb_window_t window, Kept& kept, double seconds) {
+    kept.release = runLoop_.after(std::max(0.0, seconds),
+                                  lifetime_.guard([this, window] { release(window); }));
+}
+
+/// Makes it fill its display again, wherever it has come to.
+void WindowKeeper::release(xcb_window_t window) {
+    const auto found = kept_.find(window);
+    if (found == kept_.end())
+        return;
+    setFill(window, found->second.fill, true);
+    connection_.flush();
+    ignore(window);
+    kept_.erase(found);
 }
 
 /// Returns once the server knows: it may take the requests of one connection long before those of

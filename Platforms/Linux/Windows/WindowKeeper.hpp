@@ -1,6 +1,7 @@
 /// Sends windows where they were asked to be, and sees to it that they get there: window managers
 /// answer later and each in its way, and programs that have just started move their windows once
-/// more. Works by events alone.
+/// more. A window is held only until it has rested at its goal for a moment, so that whatever moves
+/// it later wins. Works by events, and a timer per window that ends the hold.
 #pragma once
 
 #include "Displays/DisplayGeometry.hpp"
@@ -15,7 +16,6 @@
 
 #include <functional>
 #include <map>
-#include <optional>
 #include <set>
 #include <span>
 
@@ -39,30 +39,36 @@ public:
     WindowKeeper& operator=(WindowKeeper&&) = delete;
     ~WindowKeeper() = default;
 
-    /// Makes the window one that can be seen and moved, and sends it to its goal. Until it has had
-    /// time to get there it is corrected; until `keptUntil`, a time of the run loop's clock, it is
-    /// brought back when it goes to another display by itself, and not by the user's hand.
-    void send(xcb_window_t window, const WindowSnapshot& now, const WindowGoal& goal,
-              std::optional<double> keptUntil);
+    /// Makes the window one that can be seen and moved, and sends it to its goal. Until it has
+    /// rested there it is corrected when it goes elsewhere by itself. A window that filled its
+    /// display, and was not given a size, fills the one that it has come to.
+    void send(xcb_window_t window, const WindowSnapshot& now, const WindowGoal& goal);
 
 private:
     struct Kept {
         WindowGoal goal;
-        double correctedUntil = 0;
-        double keptUntil = 0;
+        /// What the window shall fill again on the display that is meant.
+        WindowFill fill;
+        /// On the run loop's clock; whatever happens, the window is let go then.
+        double deadline = 0;
+        bool isResting = false;
         int corrections = 0;
+        Timer release;
     };
 
     void handle(const xcb_generic_event_t& event);
-    [[nodiscard]] bool isOver(xcb_window_t window) const;
     void noteChange(xcb_window_t window);
     void checkChanged();
-    /// Whether the window is still to be kept.
+    /// Whether the window is still to be held.
     [[nodiscard]] bool check(xcb_window_t window, Kept& kept);
     [[nodiscard]] bool isAstray(const Kept& kept, const WindowSnapshot& now) const;
+    [[nodiscard]] bool hasComeToDisplay(const Kept& kept, const WindowSnapshot& now) const;
     void makeMovable(xcb_window_t window, const WindowSnapshot& now) const;
+    void setFill(xcb_window_t window, const WindowFill& fill, bool isOn) const;
     void request(xcb_window_t window, const WindowSnapshot& now, const WindowGoal& goal) const;
     void checkLater(xcb_window_t window);
+    void releaseAfter(xcb_window_t window, Kept& kept, double seconds);
+    void release(xcb_window_t window);
     void listen(xcb_window_t window) const;
     void ignore(xcb_window_t window) const;
 

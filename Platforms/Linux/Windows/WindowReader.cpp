@@ -88,14 +88,14 @@ Result<WindowSnapshot> WindowReader::read(xcb_window_t window,
     const auto isIn = [&, all = batch.words(state, XCB_ATOM_ATOM)](std::string_view name) {
         return has(all, connection_.atom(name));
     };
-    snapshot.isMaximized =
-        isIn("_NET_WM_STATE_MAXIMIZED_HORZ") || isIn("_NET_WM_STATE_MAXIMIZED_VERT");
-    snapshot.isFullScreen = isIn("_NET_WM_STATE_FULLSCREEN");
+    snapshot.fill = {.width = isIn("_NET_WM_STATE_MAXIMIZED_HORZ"),
+                     .height = isIn("_NET_WM_STATE_MAXIMIZED_VERT"),
+                     .screen = isIn("_NET_WM_STATE_FULLSCREEN")};
     snapshot.isIconified = isIn("_NET_WM_STATE_HIDDEN");
-    const auto its = batch.word(desktop, XCB_ATOM_CARDINAL);
-    const auto current = batch.word(currentDesktop, XCB_ATOM_CARDINAL);
-    if (its && current && *its != allDesktops && *its != *current)
-        snapshot.currentDesktopElsewhere = current;
+    snapshot.desktop = batch.word(desktop, XCB_ATOM_CARDINAL);
+    if (snapshot.desktop == allDesktops)
+        snapshot.desktop.reset();
+    snapshot.currentDesktop = batch.word(currentDesktop, XCB_ATOM_CARDINAL);
     return snapshot;
 }
 
@@ -105,20 +105,22 @@ bool WindowReader::concerns(xcb_atom_t property) const {
     });
 }
 
-bool WindowReader::canMoveWindows(SideConnection::Deadline deadline) const {
+ManagerAbility WindowReader::managerAbility(SideConnection::Deadline deadline) const {
     PropertyBatch ofRoot{connection_, side_, deadline};
     const auto check = ofRoot.ask(side_.root(), "_NET_SUPPORTING_WM_CHECK", word);
     const auto supported = ofRoot.ask(side_.root(), "_NET_SUPPORTED", mostAtoms * word);
     const auto manager = ofRoot.word(check, XCB_ATOM_WINDOW);
     const auto all = ofRoot.words(supported, XCB_ATOM_ATOM);
-    if (!manager || !std::ranges::all_of(requests, [&](std::string_view name) {
-            return has(all, connection_.atom(name));
-        }))
-        return false;
+    if (!manager)
+        return ManagerAbility::noManager;
     // One that was killed leaves its properties behind, but not its window.
     PropertyBatch ofManager{connection_, side_, deadline};
     const auto same = ofManager.ask(*manager, "_NET_SUPPORTING_WM_CHECK", word);
-    return ofManager.word(same, XCB_ATOM_WINDOW) == manager;
+    if (ofManager.word(same, XCB_ATOM_WINDOW) != manager)
+        return ManagerAbility::noManager;
+    const bool moves = std::ranges::all_of(
+        requests, [&](std::string_view name) { return has(all, connection_.atom(name)); });
+    return moves ? ManagerAbility::movesWindows : ManagerAbility::movesNone;
 }
 
 bool WindowReader::isUserAtWork(SideConnection::Deadline deadline) const {

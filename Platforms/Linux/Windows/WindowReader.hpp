@@ -10,6 +10,13 @@
 
 namespace vireline::x11 {
 
+/// What the window manager of the moment offers to programs that move others' windows.
+enum class ManagerAbility {
+    noManager,
+    movesNone,    ///< it runs, but takes no such requests; some only tile
+    movesWindows, ///< lists windows, activates, moves and sizes them
+};
+
 class WindowReader {
 public:
     /// The codes of its errors: the window is gone, or the X server does not answer.
@@ -25,9 +32,12 @@ public:
     /// Whether a change of this property changes what `read` says.
     [[nodiscard]] bool concerns(xcb_atom_t property) const;
 
-    /// Whether a window manager runs that does what it takes to move windows: lists them, activates
-    /// them, moves and sizes them.
-    [[nodiscard]] bool canMoveWindows(SideConnection::Deadline deadline) const;
+    /// No answer in time counts as no window manager.
+    [[nodiscard]] ManagerAbility managerAbility(SideConnection::Deadline deadline) const;
+
+    [[nodiscard]] bool canMoveWindows(SideConnection::Deadline deadline) const {
+        return managerAbility(deadline) == ManagerAbility::movesWindows;
+    }
 
     /// Whether a button or a key is held down right now.
     [[nodiscard]] bool isUserAtWork(SideConnection::Deadline deadline) const;

@@ -19,6 +19,17 @@ struct FrameExtents {
     bool operator==(const FrameExtents&) const = default;
 };
 
+/// What of its display the window fills by the window manager's doing, so that it cannot be moved.
+struct WindowFill {
+    bool width = false;
+    bool height = false;
+    bool screen = false;
+
+    [[nodiscard]] bool isAny() const noexcept { return width || height || screen; }
+
+    bool operator==(const WindowFill&) const = default;
+};
+
 struct WindowSnapshot {
     /// The client area, in root coordinates.
     PixelRect client;
@@ -27,11 +38,16 @@ struct WindowSnapshot {
     /// What the window itself keeps free around what the user takes for it, such as a shadow.
     FrameExtents shadow;
     SizeHints hints;
-    bool isMaximized = false;
-    bool isFullScreen = false;
+    WindowFill fill;
     bool isIconified = false;
-    /// The desktop that it has to be moved to in order to be seen; nothing if it is on that one.
-    std::optional<std::uint32_t> currentDesktopElsewhere;
+    /// Nothing for a window that is on every desktop or does not say.
+    std::optional<std::uint32_t> desktop;
+    /// The one that is shown.
+    std::optional<std::uint32_t> currentDesktop;
+
+    [[nodiscard]] bool isOnAnotherDesktop() const noexcept {
+        return desktop && currentDesktop && *desktop != *currentDesktop;
+    }
 
     /// What the user takes for the window.
     [[nodiscard]] PixelRect outer() const noexcept {

@@ -23,11 +23,14 @@ void LaunchTracker::begin(const std::string& startupID, const IdentifiedApp& app
         onWillLaunch(app);
 }
 
-bool LaunchTracker::hasJustBegun(const std::string& bundleID) const {
-    // An app may say that it has started before the window manager shows its window.
+bool LaunchTracker::isUnderWay(const std::string& bundleID, double pairSeconds) const {
     return std::ranges::any_of(launches_, [&](const Launch& launch) {
-        return launch.isOurs && !launch.hasFailed && !launch.owner &&
-               launch.app.bundleID == bundleID && runLoop_.now() - launch.began < pairSeconds;
+        if (launch.app.bundleID != bundleID)
+            return false;
+        // An app may say that it has started before the window manager shows its window.
+        const bool mayStillShow = launch.isOurs && !launch.hasFailed && !launch.owner &&
+                                  runLoop_.now() - launch.began < pairSeconds;
+        return launch.isPending || mayStillShow;
     });
 }
 

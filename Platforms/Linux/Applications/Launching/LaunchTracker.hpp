@@ -18,8 +18,6 @@ class LaunchTracker {
 public:
     /// A launch that shows nothing for this long is taken to have ended.
     static constexpr double patienceSeconds = 15;
-    /// So soon after a launch of ours, opening the app again is the second click of a pair.
-    static constexpr double pairSeconds = 1;
     /// Launches that are remembered, the newest, for the windows that may still bear their IDs.
     static constexpr std::size_t maximumLaunches = 64;
 
@@ -34,8 +32,9 @@ public:
     /// changes nothing.
     void begin(const std::string& startupID, const IdentifiedApp& app, bool isOurs);
 
-    /// Whether a launch of ours began a moment ago and has neither failed nor shown a window.
-    [[nodiscard]] bool hasJustBegun(const std::string& bundleID) const;
+    /// Whether the app is on its way: a launch of it, anybody's, is not over yet; or one of ours
+    /// began less than `pairSeconds` ago and has neither failed nor shown a window.
+    [[nodiscard]] bool isUnderWay(const std::string& bundleID, double pairSeconds) const;
 
     /// The starter or the app itself says that the launch is over.
     void finish(const std::string& startupID);

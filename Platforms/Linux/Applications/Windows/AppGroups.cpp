@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <functional>
 #include <iterator>
-#include <utility>
 
 namespace vireline::x11::AppGroups {
 namespace {
@@ -50,33 +49,12 @@ const ClientWindow& mostRecent(const AppGroup& group) {
     return *best;
 }
 
-bool isActive(const AppGroup& group, xcb_window_t activeWindow) {
-    return activeWindow != XCB_NONE &&
-           std::ranges::find(group.windows, activeWindow, &ClientWindow::id) != group.windows.end();
-}
-
-std::vector<xcb_window_t> shownOn(const AppGroup& group, std::uint32_t desktop) {
-    std::vector<xcb_window_t> shown;
-    for (const ClientWindow& window : group.windows) {
-        if (window.isOrdinary && !window.isHidden && window.isOnDesktop(desktop))
-            shown.push_back(window.id);
-    }
-    return shown;
-}
-
-std::vector<xcb_window_t> stillHidden(const AppGroup& group,
-                                      std::span<const xcb_window_t> windows) {
-    std::vector<ClientWindow> hidden;
-    std::ranges::copy_if(
-        group.windows, std::back_inserter(hidden), [windows](const ClientWindow& window) {
-            return window.isHidden && std::ranges::find(windows, window.id) != windows.end();
-        });
-    std::ranges::sort(hidden, {}, [](const ClientWindow& window) {
-        return std::pair{window.lastActive, window.id};
-    });
-    std::vector<xcb_window_t> ids;
-    std::ranges::transform(hidden, std::back_inserter(ids), &ClientWindow::id);
-    return ids;
+bool isActive(const AppGroup& group, xcb_window_t activeWindow,
+              std::optional<std::uint32_t> desktop) {
+    const auto active = std::ranges::find(group.windows, activeWindow, &ClientWindow::id);
+    if (activeWindow == XCB_NONE || active == group.windows.end())
+        return false;
+    return !active->isHidden && (!desktop || active->isOnDesktop(*desktop));
 }
 
 std::vector<AppGroup> without(std::span<const AppGroup> these, std::span<const AppGroup> those) {

@@ -5,6 +5,7 @@
 #include "Applications/Windows/ClientWindow.hpp"
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -41,15 +42,11 @@ namespace AppGroups {
 /// The ordinary window that was active last; of those that never were, the newest.
 [[nodiscard]] const ClientWindow& mostRecent(const AppGroup& group);
 
-/// Whether the app has the active window.
-[[nodiscard]] bool isActive(const AppGroup& group, xcb_window_t activeWindow);
-
-/// The windows that hiding iconifies: ordinary, shown, on this desktop.
-[[nodiscard]] std::vector<xcb_window_t> shownOn(const AppGroup& group, std::uint32_t desktop);
-
-/// Those of `windows` that are the app's and still iconified, least recently active first.
-[[nodiscard]] std::vector<xcb_window_t> stillHidden(const AppGroup& group,
-                                                    std::span<const xcb_window_t> windows);
+/// Whether the app has the active window, and that one can be seen while this desktop is shown.
+/// Some window managers leave a window active when they iconify it or show another desktop. Without
+/// a desktop every window counts as being on it.
+[[nodiscard]] bool isActive(const AppGroup& group, xcb_window_t activeWindow,
+                            std::optional<std::uint32_t> desktop);
 
 /// The groups of `these` whose apps are not among `those`.
 [[nodiscard]] std::vector<AppGroup> without(std::span<const AppGroup> these,

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <utility>
 
 namespace vireline::x11 {
 namespace {
@@ -46,9 +47,9 @@ bool isAnyMapped(xcb_connection_t* connection, std::span<const xcb_window_t> win
 
 ClientList::ClientList(X11Connection& connection, RunLoop& runLoop)
     : connection_(connection), runLoop_(runLoop), reader_(connection) {
-    static constexpr std::array<std::string_view, 4> names{
+    static constexpr std::array<std::string_view, 5> names{
         "_NET_CLIENT_LIST", "_NET_CLIENT_LIST_STACKING", "_NET_ACTIVE_WINDOW",
-        "_NET_SUPPORTING_WM_CHECK"};
+        "_NET_CURRENT_DESKTOP", "_NET_SUPPORTING_WM_CHECK"};
     connection_.intern(names);
     connection_.selectInput(connection_.root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
     events_ = connection_.observe(
@@ -64,6 +65,7 @@ void ClientList::handle(const xcb_generic_event_t& event) {
         if (change.window == connection_.root()) {
             const bool concernsList = change.atom == connection_.atom("_NET_CLIENT_LIST") ||
                                       change.atom == connection_.atom("_NET_ACTIVE_WINDOW") ||
+                                      change.atom == connection_.atom("_NET_CURRENT_DESKTOP") ||
                                       change.atom == connection_.atom("_NET_SUPPORTING_WM_CHECK");
             if (concernsList)
                 scheduleRefresh();
@@ -99,7 +101,7 @@ void ClientList::scheduleRefresh() {
 void ClientList::refresh() {
     isRefreshDue_ = false;
     const auto before = windows_;
-    const xcb_window_t activeBefore = active_;
+    const auto shownBefore = std::pair{active_, desktop_};
     const auto listed = listedWindows();
     if (!isHandingOver(listed)) {
         noteManager();
@@ -111,7 +113,7 @@ void ClientList::refresh() {
         }
     }
     connection_.flush();
-    if (onChange && (windows_ != before || active_ != activeBefore))
+    if (onChange && (windows_ != before || std::pair{active_, desktop_} != shownBefore))
         onChange();
 }
 
@@ -120,7 +122,9 @@ std::vector<xcb_window_t> ClientList::listedWindows() {
     PropertyBatch batch{connection_};
     const auto list = batch.ask(root, "_NET_CLIENT_LIST", maximumWindows * 4);
     const auto active = batch.ask(root, "_NET_ACTIVE_WINDOW", 4);
+    const auto desktop = batch.ask(root, "_NET_CURRENT_DESKTOP", 4);
     const auto check = batch.ask(root, "_NET_SUPPORTING_WM_CHECK", 4);
+    desktop_ = batch.word(desktop, XCB_ATOM_CARDINAL);
     watchManager(batch.word(check, XCB_ATOM_WINDOW).value_or(XCB_NONE));
     noteActive(hasManager_ ? batch.word(active, XCB_ATOM_WINDOW).value_or(XCB_NONE) : XCB_NONE);
     if (!hasManager_)
@@ -198,12 +202,8 @@ void ClientList::learn(const std::vector<xcb_window_t>& listed) {
     for (auto& window : reader_.read(wanted)) {
         if (!window)
             continue;
-        const auto [entry, isNew] = known_.try_emplace(window->id);
-        Known& known = entry->second;
+        Known& known = known_[window->id];
         window->lastActive = known.window.lastActive;
-        window->appeared = known.window.appeared;
-        if (isNew)
-            window->appeared = runLoop_.now();
         if (window->id == active_ && window->lastActive == 0)
             window->lastActive = ++activations_;
         known.isOwn = window->processIdentifier == getpid();
@@ -211,8 +211,7 @@ void ClientList::learn(const std::vector<xcb_window_t>& listed) {
     }
 }
 
-/// When they appeared is unknown, and so is what was active before; the order on the screen is
-/// close to that.
+/// What was active before is unknown; the order on the screen is close to that.
 void ClientList::noteEarlierWindows() {
     const auto stacked = connection_.windows(connection_.root(), "_NET_CLIENT_LIST_STACKING");
     for (const xcb_window_t id : stacked) {
@@ -221,11 +220,8 @@ void ClientList::noteEarlierWindows() {
     }
     if (const auto found = known_.find(active_); found != known_.end())
         found->second.window.lastActive = ++activations_;
-    for (auto& window : windows_) {
-        ClientWindow& known = known_[window.id].window;
-        known.appeared.reset();
-        window = known;
-    }
+    for (auto& window : windows_)
+        window = known_[window.id].window;
 }
 
 void ClientList::noteActive(xcb_window_t active) {

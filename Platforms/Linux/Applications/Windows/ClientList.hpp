@@ -33,8 +33,11 @@ public:
     /// The window with the keyboard's focus; XCB_NONE if none has it.
     [[nodiscard]] xcb_window_t activeWindow() const noexcept { return active_; }
 
-    /// The windows or the active one changed. Comes on the run loop's next turn, or before the next
-    /// event of the pointer, once for all that happened before.
+    /// The desktop that is shown; nothing when the window manager does not say.
+    [[nodiscard]] std::optional<std::uint32_t> currentDesktop() const noexcept { return desktop_; }
+
+    /// The windows, the active one or the desktop changed. Comes on the run loop's next turn, or
+    /// before the next event of the pointer, once for all that happened before.
     std::function<void()> onChange;
 
 private:
@@ -62,6 +65,7 @@ private:
     std::unordered_set<xcb_window_t> stale_;
     std::vector<ClientWindow> windows_;
     xcb_window_t active_ = XCB_NONE;
+    std::optional<std::uint32_t> desktop_;
     std::uint64_t activations_ = 0;
     /// The window by which the window manager shows that it lives.
     xcb_window_t manager_ = XCB_NONE;

@@ -26,8 +26,6 @@ struct ClientWindow {
     std::optional<std::uint32_t> desktop;
     /// When it was active last, on a clock of its own; greater is later, 0 is never.
     std::uint64_t lastActive = 0;
-    /// When it was first listed, on the run loop's clock; nothing for one that was there before.
-    std::optional<double> appeared;
 
     [[nodiscard]] bool isOnDesktop(std::uint32_t wanted) const noexcept {
         return desktop.value_or(wanted) == wanted;
