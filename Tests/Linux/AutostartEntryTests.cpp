@@ -152,11 +152,9 @@ TEST(AutostartEntry, StartsTheProgramFromItsNewPlaceWithTheSameArguments) {
              {"/old/vireline", "/new/vireline"},
              {R"("/old place/vireline" --mine "two words")", R"(/new/vireline --mine "two words")"},
              {"/old/another --theirs", "/new/vireline"}}) {
-        const auto moved = AutostartEntry::withProgram(
-            "# mine\n[Desktop Entry]\nType=Application\nExec=" + before + "\nX-Other=7\n",
-            "/new/vireline");
-        EXPECT_EQ(moved,
-                  "# mine\n[Desktop Entry]\nType=Application\nExec=" + after + "\nX-Other=7\n");
+        const std::string group = "[Desktop Entry]\nType=Application\nExec=";
+        EXPECT_EQ(AutostartEntry::withProgram(group + before + "\nX-Other=7\n", "/new/vireline"),
+                  group + after + "\nX-Other=7\n");
     }
     const auto tried = AutostartEntry::withProgram(entry("TryExec=/old/vireline\n"), "/new/v");
     EXPECT_TRUE(tried && tried->contains("\nTryExec=/new/v\n"));

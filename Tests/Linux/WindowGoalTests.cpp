@@ -52,6 +52,15 @@ TEST(WindowGoal, AnothersPanelIsNotTakenForTheDock) {
               (PixelRect{1000, 178, 800, 330}));
 }
 
+TEST(WindowGoal, AFrameThatFillsNoEdgeIsBesideNoDock) {
+    const auto large = windowOfAtLeast(420, 330);
+
+    EXPECT_EQ(placed({1100, 150, 200, 100}, large), (PixelRect{1100, 150, 420, 330}));
+    EXPECT_EQ(placed({1000, 0, 200, 100}, large), (PixelRect{1000, 0, 420, 330}));
+    EXPECT_EQ(placed({1600, 0, 200, 600}, windowOfAtLeast(900, 1)), (PixelRect{1600, 0, 900, 600}))
+        << "the dock is on the left";
+}
+
 TEST(WindowGoal, WhereNoDockIsAWindowStaysOnTheDisplayAsFarAsItFits) {
     const Rect frame{1040, 0, 760, 508};
     const Rect visible{1040, 0, 760, 600};

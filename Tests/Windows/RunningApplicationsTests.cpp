@@ -7,6 +7,8 @@
 #include <sys/types.h>
 #include <xcb/res.h>
 
+#include <QCoreApplication>
+#include <algorithm>
 #include <csignal>
 #include <map>
 #include <string>
@@ -140,6 +142,7 @@ TEST_F(RunningApplicationsTest, StaysOnTheDesktopThatTheWindowIsBeingFetchedTo) 
     constexpr std::uint32_t fromPager = 2;
 
     client().sendToRoot(window, "_NET_WM_DESKTOP", {1, fromPager});
+    client().sync();
     apps.expectOnCurrentDesktop(window);
     ASSERT_TRUE(apps.bringForward("far"));
 

@@ -1,6 +1,7 @@
 #include "Windows/WindowGoal.hpp"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace vireline::x11::WindowGoals {
 namespace {
@@ -26,15 +27,27 @@ PixelRect keptInside(const PixelRect& outer, const PixelRect& bounds) {
             outer.height};
 }
 
+/// At which end of an axis the dock is, as far as a frame tells.
+enum class DockEnd : std::uint8_t { none, start, end };
+
+/// A frame beside a dock takes all that is visible but the strip at that end.
+DockEnd dockEnd(const Span& asked, const Span& visible, bool fillsOtherAxis) {
+    const int freeBefore = asked.start - visible.start;
+    const int freeBehind = visible.end() - asked.end();
+    if (!fillsOtherAxis || (freeBefore > 0) == (freeBehind > 0))
+        return DockEnd::none;
+    return freeBefore > 0 ? DockEnd::start : DockEnd::end;
+}
+
+bool isSame(const Span& one, const Span& other) {
+    return one.start == other.start && one.length == other.length;
+}
+
 /// Where a side of this length starts that was asked to be `asked`.
-int placed(int length, const Span& asked, const Span& visible, const Span& display) {
-    const int keptFreeBefore = asked.start - visible.start;
-    const int keptFreeBehind = visible.end() - asked.end();
-    if (length <= asked.length || keptFreeBefore > keptFreeBehind)
+int placed(int length, const Span& asked, DockEnd dock, const Span& display) {
+    if (length <= asked.length || dock == DockEnd::start)
         return asked.start;
-    if (keptFreeBehind > keptFreeBefore)
-        return asked.end() - length;
-    return keptWithin({asked.start, length}, display);
+    return dock == DockEnd::end ? asked.end() - length : keptWithin({asked.start, length}, display);
 }
 
 PixelRect sized(const WindowGoal& goal, const WindowSnapshot& window, const Display& display,
@@ -42,15 +55,18 @@ PixelRect sized(const WindowGoal& goal, const WindowSnapshot& window, const Disp
     const auto pixels = [&](const Rect& rect) {
         return DisplayGeometry::toPixels(display, DisplayGeometry::flipped(rect, displays));
     };
+    const auto across = [](const PixelRect& rect) { return Span{rect.x, rect.width}; };
+    const auto down = [](const PixelRect& rect) { return Span{rect.y, rect.height}; };
     const PixelRect asked = pixels(goal.frame);
     const PixelRect visible = pixels(goal.visible);
-    const PixelRect& whole = display.pixels;
+    const bool fillsAcross = isSame(across(asked), across(visible));
+    const bool fillsDown = isSame(down(asked), down(visible));
     const auto [width, height] = window.constrained({asked.width, asked.height});
-    return {
-        placed(width, {asked.x, asked.width}, {visible.x, visible.width}, {whole.x, whole.width}),
-        placed(height, {asked.y, asked.height}, {visible.y, visible.height},
-               {whole.y, whole.height}),
-        width, height};
+    return {placed(width, across(asked), dockEnd(across(asked), across(visible), fillsDown),
+                   across(display.pixels)),
+            placed(height, down(asked), dockEnd(down(asked), down(visible), fillsAcross),
+                   down(display.pixels)),
+            width, height};
 }
 
 PixelRect centered(Point center, const WindowSnapshot& window, const Display& display,

@@ -15,9 +15,9 @@ struct WindowGoal {
     /// Whether the size is asked for as well. If not, it is the size that the window had when it
     /// was asked to go there: should it have another one there, its centre is what counts.
     bool isSized = false;
-    /// The part of the display that other programs' panels leave, in event space. On an axis where
-    /// the sized frame keeps more of it free at one end than at the other, the dock is at that end:
-    /// a window that cannot be as small reaches out of the frame at the other.
+    /// The part of the display that other programs' panels leave, in event space. A sized frame
+    /// that is all of it but a strip at one edge keeps that strip free for the dock: a window that
+    /// cannot be as small reaches out of the frame at the opposite edge.
     Rect visible{};
 
     bool operator==(const WindowGoal&) const = default;
