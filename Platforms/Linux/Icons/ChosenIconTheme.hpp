@@ -18,7 +18,7 @@ struct Files {
     std::vector<std::string> gtkSettings;
     bool isKDE = false;
     /// Those of them that are the user's own, and change when another theme is chosen.
-    std::vector<std::string> ofUser;
+    std::vector<std::string> ofUser{};
 };
 
 [[nodiscard]] Files userFiles();
