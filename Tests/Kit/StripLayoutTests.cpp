@@ -320,6 +320,18 @@ TEST(StripLayout, QuietRegionsDivideTheViewByTiles) {
     expectQuietRegionsDivide(request);
 }
 
+TEST(StripLayout, QuietRegionsStayInsideAViewThatTheStripOverflows) {
+    Request request = bottomDock(6, 2);
+    request.edge.view.width -= 133;
+    const StripFrames frames = StripLayout::layout(request);
+    ASSERT_LT(frames.tiles.front().hit.maxX(), 0);
+    for (const Rect& region : StripLayout::quietRegions(frames, request.edge)) {
+        EXPECT_GE(region.minX(), 0) << region;
+        EXPECT_LE(region.maxX(), request.edge.view.width) << region;
+        EXPECT_GT(region.width, 0) << region;
+    }
+}
+
 TEST(StripLayout, EveryTileIsAQuietRegion) {
     const Request request = bottomDock(2, 0);
     const StripFrames frames = StripLayout::layout(request);

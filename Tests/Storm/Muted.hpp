@@ -7,7 +7,5 @@ namespace vireline::storm::muted {
 inline constexpr bool movesPastMissingApps = true;
 /// A strip that gets one separator more, and not one tile, no longer fits its panel.
 inline constexpr bool separators = true;
-/// Sizes below zero, opacities beyond their range, quiet regions outside the view.
-inline constexpr bool scenes = true;
 
 }

@@ -1,5 +1,4 @@
 /// What no scene may hold, whatever it shows.
-#include "Storm/Muted.hpp"
 #include "Storm/World.hpp"
 
 #include <algorithm>
@@ -31,12 +30,12 @@ bool isSound(const SceneNode& node) {
                              std::isfinite(node.opacity);
     const bool isInRange =
         node.frame.width >= 0 && node.frame.height >= 0 && node.opacity >= 0 && node.opacity <= 1;
-    return isFiniteAll && node.scale > 0 && (isInRange || muted::scenes);
+    return isFiniteAll && node.scale > 0 && isInRange;
 }
 
-bool isWithin(const Rect& rect, Size view) {
-    return rect.minX() >= -rounding && rect.minY() >= -rounding &&
-           rect.maxX() <= view.width + rounding && rect.maxY() <= view.height + rounding;
+bool isWithin(const Rect& rect, const Rect& area) {
+    return rect.minX() >= area.minX() - rounding && rect.minY() >= area.minY() - rounding &&
+           rect.maxX() <= area.maxX() + rounding && rect.maxY() <= area.maxY() + rounding;
 }
 
 bool overlap(const Rect& a, const Rect& b) {
@@ -44,14 +43,14 @@ bool overlap(const Rect& a, const Rect& b) {
            std::min(a.maxY(), b.maxY()) - std::max(a.minY(), b.minY()) > rounding;
 }
 
-std::optional<std::string> faultOfQuietRegions(const std::vector<Rect>& regions, Size view) {
+std::optional<std::string> faultOfQuietRegions(const std::vector<Rect>& regions, const Rect& area) {
     std::ostringstream text;
     for (std::size_t i = 0; i < regions.size(); ++i) {
         const Rect& region = regions[i];
-        if (!isFinite(region) || region.width < 0 || region.height < 0)
+        if (!isFinite(region) || region.width <= 0 || region.height <= 0)
             text << "a quiet region " << region;
-        else if (!isWithin(region, view))
-            text << "a quiet region " << region << " outside the view";
+        else if (!isWithin(region, area))
+            text << "a quiet region " << region << " beside what is drawn";
         else if (std::any_of(regions.begin(), regions.begin() + static_cast<std::ptrdiff_t>(i),
                              [&](const Rect& other) { return overlap(region, other); }))
             text << "a quiet region " << region << " on top of another";
@@ -64,7 +63,7 @@ std::optional<std::string> faultOfQuietRegions(const std::vector<Rect>& regions,
 
 }
 
-std::optional<std::string> faultOf(const Scene& scene, Size view) {
+std::optional<std::string> faultOf(const Scene& scene, const Rect& area) {
     std::set<NodeID> ids;
     for (const SceneNode& node : scene.nodes) {
         if (!isSound(node))
@@ -78,9 +77,7 @@ std::optional<std::string> faultOf(const Scene& scene, Size view) {
     if (scene.inputRegion && (!isFinite(*scene.inputRegion) || scene.inputRegion->width < 0 ||
                               scene.inputRegion->height < 0))
         return "a broken input region";
-    if (muted::scenes)
-        return std::nullopt;
-    return faultOfQuietRegions(scene.quietRegions, view);
+    return faultOfQuietRegions(scene.quietRegions, area);
 }
 
 }

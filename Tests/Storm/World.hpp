@@ -151,7 +151,7 @@ private:
 [[nodiscard]] std::vector<Event> settingsEvents();
 [[nodiscard]] std::vector<Event> timeEvents();
 
-/// What is wrong with a scene in a view of that size; nothing if it is sound.
-[[nodiscard]] std::optional<std::string> faultOf(const Scene& scene, Size view);
+/// What is wrong with a scene whose view draws in that area; nothing if it is sound.
+[[nodiscard]] std::optional<std::string> faultOf(const Scene& scene, const Rect& area);
 
 }

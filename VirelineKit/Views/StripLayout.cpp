@@ -160,10 +160,12 @@ std::vector<Rect> quietRegions(const StripFrames& frames, const Edge& edge) {
     };
     double end = 0;
     for (const auto& [icon, dot, hit] : frames.tiles) {
-        const double start = edge.along({hit.minX(), hit.minY()});
+        const double start = std::clamp(edge.along({hit.minX(), hit.minY()}), end, edge.length());
+        const double stop = std::min(edge.length(), edge.along({hit.maxX(), hit.maxY()}));
         add(edge.rect(end, start - end, 0, reach));
-        add(hit);
-        end = edge.along({hit.maxX(), hit.maxY()});
+        // A strip that overflows its view has tiles that lie partly or wholly beside it.
+        add(edge.rect(start, stop - start, 0, reach));
+        end = std::max(end, stop);
     }
     add(edge.rect(end, edge.length() - end, 0, reach));
     add(edge.rect(0, edge.length(), reach, far - reach));
