@@ -37,6 +37,8 @@ void DesktopTest::TearDown() {
         return;
     const auto* test = testing::UnitTest::GetInstance()->current_test_info();
     auto name = std::string{test->test_suite_name()} + "." + test->name();
+    if (const auto manager = testedManager())
+        name.append(".").append(shortName(*manager));
     std::ranges::replace(name, '/', '-');
     desktop_->leaveEvidence(EVIDENCE_FOLDER, name);
 }

@@ -50,3 +50,14 @@ build_with() {
         cmake --build --preset "$preset" --parallel "$jobs"
     fi
 }
+
+# replace_part <document> <name> <file>: puts the file between the two marks of that name.
+replace_part() {
+    local document=$1 name=$2 part=$3
+    awk -v begin="<!-- $name -->" -v end="<!-- end of $name -->" -v part="$part" '
+        $0 == begin { print; print ""; while ((getline line < part) > 0) print line; print ""; skip = 1 }
+        $0 == end { skip = 0 }
+        !skip { print }
+    ' "$document" > "$part.document"
+    mv "$part.document" "$document"
+}

@@ -79,3 +79,17 @@ packages_mutate=(
 packages_valgrind=(
     valgrind
 )
+
+# What script/managers runs the program under: window managers, and an X server with real outputs.
+packages_managers=(
+    awesome
+    bspwm
+    i3-wm
+    icewm
+    kwin-x11
+    marco
+    mate-settings-daemon-common
+    mutter
+    xserver-xorg-core
+    xserver-xorg-video-dummy
+)

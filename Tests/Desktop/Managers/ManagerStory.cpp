@@ -10,6 +10,18 @@ namespace {
 constexpr int panelThickness = 40;
 constexpr std::uint32_t fromPager = 2;
 
+/// Managers that composite may leave windows of other desktops mapped and not paint them. Those
+/// whose monitors have desktops of their own unmap such windows.
+bool isOnAnotherDesktop(const XClient& client, xcb_window_t window) {
+    const auto manager = testedManager();
+    if (manager != WindowManager::kwin && manager != WindowManager::mutter)
+        return false;
+    constexpr std::uint32_t all = 0xffffffff;
+    const auto own = client.words(window, "_NET_WM_DESKTOP");
+    const auto current = client.words(client.root(), "_NET_CURRENT_DESKTOP");
+    return !own.empty() && own.front() != all && own != current;
+}
+
 std::string place(const PixelRect& monitor, int inset) {
     return std::to_string(monitor.x + inset) + "," + std::to_string(monitor.y + inset);
 }
@@ -92,7 +104,7 @@ std::vector<xcb_window_t> ManagerStory::shownWindows(const App& app) {
     std::erase_if(windows, [&](xcb_window_t window) {
         // A frame may have the title as well, but no class.
         return !client.isViewable(window) || client.text(window, "WM_NAME") != app.name ||
-               !client.hasProperty(window, "WM_CLASS");
+               !client.hasProperty(window, "WM_CLASS") || isOnAnotherDesktop(client, window);
     });
     return windows;
 }

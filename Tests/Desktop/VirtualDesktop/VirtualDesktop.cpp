@@ -205,6 +205,9 @@ void VirtualDesktop::startWindowManager(const ManagerOptions& options) {
             }) &&
                 managesWindows(*client_),
             "the window manager");
+    // Some begin with a layout of monitors that is their own idea.
+    if (hasOutputs_)
+        setOutputs(*client_, displays_.monitors);
 }
 
 /// With a bus of its own, so that the program meets no more of a session than it is given.
