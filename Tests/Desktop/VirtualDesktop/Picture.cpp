@@ -42,8 +42,8 @@ Picture Picture::ofScreen(const XClient& client, const PixelRect& area) {
 }
 
 Picture Picture::ofScreen(const XClient& client) {
-    return ofScreen(client,
-                    {0, 0, client.screen().width_in_pixels, client.screen().height_in_pixels});
+    // It may have grown since the client connected.
+    return ofScreen(client, client.frame(client.root()).value_or(PixelRect{}));
 }
 
 Colour Picture::at(int x, int y) const {

@@ -205,6 +205,8 @@ void VirtualDesktop::startWindowManager(const ManagerOptions& options) {
             }) &&
                 managesWindows(*client_),
             "the window manager");
+    if (options.composites && canComposite(manager_))
+        requireCompositor();
     // Some begin with a layout of monitors that is their own idea.
     if (hasOutputs_)
         setOutputs(*client_, displays_.monitors);
@@ -231,6 +233,10 @@ void VirtualDesktop::startCompositor() {
                                 {},
                                 home_.scratch() / "compositor.log",
                                 {}});
+    requireCompositor();
+}
+
+void VirtualDesktop::requireCompositor() const {
     require(eventually([&] { return selectionOwner(*client_, "_NET_WM_CM_S0") != XCB_NONE; }),
             "the compositor");
 }

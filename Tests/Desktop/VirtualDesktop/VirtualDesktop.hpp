@@ -169,6 +169,7 @@ private:
     void startAccessibilityBus();
     [[nodiscard]] Environment managerEnvironment();
     void startWindowManager(const ManagerOptions& options);
+    void requireCompositor() const;
 
     Programs programs_;
     Home home_;

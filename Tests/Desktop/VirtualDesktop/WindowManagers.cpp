@@ -83,19 +83,24 @@ struct Kind {
     std::string_view name;
     std::string_view program;
     bool needsSessionBus = false;
+    bool canComposite = false;
     bool canReplaceAnother = true;
 };
 
 constexpr std::array kinds{
     Kind{WindowManager::openbox, "openbox", "openbox"},
-    Kind{WindowManager::xfwm4, "xfwm4", "xfwm4", /*needsSessionBus=*/true},
-    Kind{WindowManager::kwin, "kwin", "kwin_x11", /*needsSessionBus=*/true},
-    Kind{WindowManager::mutter, "mutter", "mutter", /*needsSessionBus=*/true},
-    Kind{WindowManager::marco, "marco", "marco", /*needsSessionBus=*/true},
+    Kind{WindowManager::xfwm4, "xfwm4", "xfwm4", /*needsSessionBus=*/true,
+         /*canComposite=*/true},
+    Kind{WindowManager::kwin, "kwin", "kwin_x11", /*needsSessionBus=*/true,
+         /*canComposite=*/true},
+    Kind{WindowManager::mutter, "mutter", "mutter", /*needsSessionBus=*/true,
+         /*canComposite=*/true},
+    Kind{WindowManager::marco, "marco", "marco", /*needsSessionBus=*/true,
+         /*canComposite=*/true},
     Kind{WindowManager::icewm, "icewm", "icewm"},
     Kind{WindowManager::i3, "i3", "i3"},
     Kind{WindowManager::awesome, "awesome", "awesome", /*needsSessionBus=*/true},
-    Kind{WindowManager::bspwm, "bspwm", "bspwm", /*needsSessionBus=*/false,
+    Kind{WindowManager::bspwm, "bspwm", "bspwm", /*needsSessionBus=*/false, /*canComposite=*/false,
          /*canReplaceAnother=*/false},
 };
 
@@ -162,6 +167,10 @@ std::optional<WindowManager> windowManagerNamed(std::string_view name) {
 
 bool needsSessionBus(WindowManager manager) {
     return kindOf(manager).needsSessionBus;
+}
+
+bool canComposite(WindowManager manager) {
+    return kindOf(manager).canComposite;
 }
 
 bool canReplaceAnother(WindowManager manager) {

@@ -33,6 +33,9 @@ enum class WindowManager : std::uint8_t {
 /// Whether it asks a session bus for its settings.
 [[nodiscard]] bool needsSessionBus(WindowManager manager);
 
+/// Whether it can paint the screen itself.
+[[nodiscard]] bool canComposite(WindowManager manager);
+
 /// Whether it can take over from a manager that is running.
 [[nodiscard]] bool canReplaceAnother(WindowManager manager);
 
