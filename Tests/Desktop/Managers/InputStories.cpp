@@ -94,7 +94,7 @@ protected:
         constexpr std::uint32_t iconic = 3;
         const auto window = desktop().windowsOf(app).front();
         desktop().client().sendToRoot(window, "WM_CHANGE_STATE", {iconic});
-        return eventually([&] { return !isShown(app); }, std::chrono::seconds{2});
+        return comes([&] { return !isShown(app); });
     }
     void launch(PixelPoint tile, const App& app) {
         clickTile(tile, "click launch " + app.id);

@@ -102,7 +102,8 @@ TEST_P(Drags, LeaveTheDockWhereItIs) {
     desktop().keyboard().release(GetParam());
     checkDocks();
     const auto sides = desktop().client().words(dock(middle).window, "_NET_FRAME_EXTENTS");
-    check(std::ranges::all_of(sides, [](auto side) { return side == 0; }), "the dock is decorated");
+    check(std::ranges::all_of(sides, [](auto side) { return side == 0; }),
+          "the window manager puts a border around the dock");
 }
 
 INSTANTIATE_TEST_SUITE_P(With, Drags, testing::Values(Keyboard::alt, Keyboard::super),

@@ -15,8 +15,7 @@ protected:
         desktop().client().sendToRoot(window, "_NET_MOVERESIZE_WINDOW",
                                       {toPosition, static_cast<std::uint32_t>(side.monitor.x + 100),
                                        static_cast<std::uint32_t>(side.monitor.y + 100), 0, 0});
-        return eventually([&] { return side.monitor.contains(outer(window).center()); },
-                          std::chrono::seconds{2});
+        return comes([&] { return side.monitor.contains(outer(window).center()); });
     }
     /// The only reason for which a story is left out.
     [[nodiscard]] bool cannotMove() { return !hasManager() || !movesWindows(); }

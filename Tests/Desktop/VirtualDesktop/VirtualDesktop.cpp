@@ -187,7 +187,7 @@ void VirtualDesktop::startWindowManager() {
 
 void VirtualDesktop::replaceWindowManager(Manager manager) {
     std::optional<ChildProcess> former;
-    if (windowManager_ && canReplaceAnother(manager))
+    if (windowManager_ && handsOver(manager_) && handsOver(manager))
         former.emplace(std::move(*windowManager_));
     windowManager_.reset();
     manager_ = manager;

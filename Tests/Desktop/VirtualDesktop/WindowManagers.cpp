@@ -84,7 +84,7 @@ struct Kind {
     std::string_view program;
     bool needsSessionBus = false;
     bool canComposite = false;
-    bool canReplaceAnother = true;
+    bool handsOver = true;
 };
 
 constexpr std::array kinds{
@@ -99,9 +99,11 @@ constexpr std::array kinds{
          /*canComposite=*/true},
     Kind{WindowManager::icewm, "icewm", "icewm"},
     Kind{WindowManager::i3, "i3", "i3"},
-    Kind{WindowManager::awesome, "awesome", "awesome", /*needsSessionBus=*/true},
+    // It does not give way to others.
+    Kind{WindowManager::awesome, "awesome", "awesome", /*needsSessionBus=*/true,
+         /*canComposite=*/false, /*handsOver=*/false},
     Kind{WindowManager::bspwm, "bspwm", "bspwm", /*needsSessionBus=*/false, /*canComposite=*/false,
-         /*canReplaceAnother=*/false},
+         /*handsOver=*/false},
 };
 
 const Kind& kindOf(WindowManager manager) {
@@ -173,8 +175,8 @@ bool canComposite(WindowManager manager) {
     return kindOf(manager).canComposite;
 }
 
-bool canReplaceAnother(WindowManager manager) {
-    return kindOf(manager).canReplaceAnother;
+bool handsOver(WindowManager manager) {
+    return kindOf(manager).handsOver;
 }
 
 Command windowManagerCommand(WindowManager manager, const ManagerOptions& options,
@@ -182,7 +184,7 @@ Command windowManagerCommand(WindowManager manager, const ManagerOptions& option
     environment["XDG_CONFIG_HOME"] = folder.string();
     environment["NO_AT_BRIDGE"] = "1";
     auto arguments = configure(manager, options.composites, folder, environment);
-    if (options.replaces && canReplaceAnother(manager))
+    if (options.replaces && handsOver(manager))
         arguments.emplace_back("--replace");
     return {std::string{kindOf(manager).program},
             std::move(arguments),

@@ -36,8 +36,8 @@ enum class WindowManager : std::uint8_t {
 /// Whether it can paint the screen itself.
 [[nodiscard]] bool canComposite(WindowManager manager);
 
-/// Whether it can take over from a manager that is running.
-[[nodiscard]] bool canReplaceAnother(WindowManager manager);
+/// Whether it takes over from a manager that is running, and gives way to one that comes.
+[[nodiscard]] bool handsOver(WindowManager manager);
 
 struct ManagerOptions {
     /// Whether it paints the screen itself, if it can.
