@@ -53,10 +53,9 @@ TEST_F(DockWindowProperties, PutItOnAllDesktops) {
     }));
 }
 
-TEST_F(DockWindowProperties, KeepItAboveAndOutOfLists) {
+TEST_F(DockWindowProperties, KeepItOutOfLists) {
     const auto dock = runWithOneDock();
-    for (const auto* state :
-         {"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"})
+    for (const auto* state : {"_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"})
         EXPECT_TRUE(eventually([&] { return hasAtom(dock, "_NET_WM_STATE", state); })) << state;
 }
 

@@ -11,9 +11,10 @@
 namespace vireline::x11::DockHints {
 namespace {
 
-constexpr std::array<std::string_view, 4> states{"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_STICKY",
-                                                 "_NET_WM_STATE_SKIP_TASKBAR",
-                                                 "_NET_WM_STATE_SKIP_PAGER"};
+/// Not ABOVE: window managers keep docks above ordinary windows because of their type, and some
+/// would keep a dock that asks for more above full-screen windows too.
+constexpr std::array<std::string_view, 3> states{
+    "_NET_WM_STATE_STICKY", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"};
 constexpr std::uint32_t allDesktops = 0xffffffffU;
 
 void setAtoms(const X11Connection& connection, xcb_window_t window, std::string_view property,
@@ -70,10 +71,9 @@ void applySizeHints(const X11Connection& connection, xcb_window_t window) {
 void assertState(const X11Connection& connection, xcb_window_t window) {
     constexpr std::uint32_t add = 1;
     constexpr std::uint32_t application = 1;
-    for (std::size_t i = 0; i < states.size(); i += 2) {
+    for (const std::string_view state : states) {
         connection.sendToRoot(window, "_NET_WM_STATE",
-                              std::array{add, connection.atom(states[i]),
-                                         connection.atom(states[i + 1]), application});
+                              std::array{add, connection.atom(state), 0U, application});
     }
     connection.sendToRoot(window, "_NET_WM_DESKTOP", std::array{allDesktops, application});
     connection.flush();

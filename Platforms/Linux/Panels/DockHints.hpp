@@ -1,5 +1,5 @@
-/// What a dock's window tells the window manager: a dock, above others, on every desktop, in no
-/// taskbar, never focused.
+/// What a dock's window tells the window manager: a dock, and so above ordinary windows, on every
+/// desktop, in no taskbar, never focused.
 #pragma once
 
 #include <xcb/xcb.h>

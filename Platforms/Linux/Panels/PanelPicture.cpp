@@ -98,9 +98,8 @@ void PanelPicture::applyInput() {
 
 void PanelPicture::applyBackdrop() {
     const Backdrop kind = backdrop();
-    shape_.setBounding(kind == Backdrop::opaque
-                           ? std::optional{OpaqueOutline::rectangles(surface_.image())}
-                           : std::nullopt);
+    shape_.setBounding(kind == Backdrop::opaque ? OpaqueOutline::rectangles(surface_.image())
+                                                : wholeWindow());
     shape_.setBlurred(kind == Backdrop::blurred ? blurRegion() : std::vector<xcb_rectangle_t>{});
 }
 
@@ -109,6 +108,12 @@ QRect PanelPicture::inputRegion() const {
                             ? layout_.mapping.pixels(*scene_.inputRegion).toAlignedRect()
                             : layout_.active;
     return taken & QRect{{0, 0}, layout_.window};
+}
+
+/// Compositors draw shadows round windows without a shape of their own, transparent or not. It
+/// holds the window that is asked for as well, which must not be clipped when it comes.
+std::vector<xcb_rectangle_t> PanelPicture::wholeWindow() const {
+    return {xcbRectangle({{0, 0}, layout_.window.expandedTo(layout_.active.size())})};
 }
 
 Backdrop PanelPicture::backdrop() const {

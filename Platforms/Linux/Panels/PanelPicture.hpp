@@ -52,6 +52,9 @@ public:
     /// Paints what changed, and sends it if the window is shown.
     void update(bool isShown);
 
+    /// The window has become another window manager's, or is shown by it.
+    void managed() { shape_.resendInput(); }
+
     /// The server has lost pixels of the window, which is shown.
     void exposed();
 
@@ -74,6 +77,7 @@ private:
 
     /// Pixels of the window.
     [[nodiscard]] QRect inputRegion() const;
+    [[nodiscard]] std::vector<xcb_rectangle_t> wholeWindow() const;
     [[nodiscard]] Backdrop backdrop() const;
     [[nodiscard]] DockColors colors() const;
     [[nodiscard]] std::optional<std::uint32_t> base() const;

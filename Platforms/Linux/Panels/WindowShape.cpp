@@ -24,9 +24,8 @@ bool areEqual(std::span<const xcb_rectangle_t> first, std::span<const xcb_rectan
 
 }
 
-void WindowShape::setBounding(std::optional<std::vector<xcb_rectangle_t>> rectangles) {
-    if (rectangles.has_value() == bounding_.has_value() &&
-        (!rectangles || areEqual(*rectangles, *bounding_)))
+void WindowShape::setBounding(std::vector<xcb_rectangle_t> rectangles) {
+    if (bounding_ && areEqual(rectangles, *bounding_))
         return;
     bounding_ = std::move(rectangles);
     sendBounding();
@@ -68,9 +67,7 @@ void WindowShape::setEcho(PixelPoint offset) {
 
 void WindowShape::sendBounding() const {
     if (bounding_)
-        return send(XCB_SHAPE_SK_BOUNDING, *bounding_);
-    xcb_shape_mask(connection_.get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, window_, 0, 0,
-                   XCB_PIXMAP_NONE);
+        send(XCB_SHAPE_SK_BOUNDING, *bounding_);
 }
 
 void WindowShape::sendInput() const {

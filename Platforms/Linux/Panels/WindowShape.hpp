@@ -21,11 +21,14 @@ public:
     WindowShape(const X11Connection& connection, xcb_window_t window)
         : connection_(connection), window_(window) {}
 
-    /// None: the whole rectangle of the window.
-    void setBounding(std::optional<std::vector<xcb_rectangle_t>> rectangles);
+    void setBounding(std::vector<xcb_rectangle_t> rectangles);
     void setInput(const PixelRect& region);
     /// An empty list is nowhere.
     void setBlurred(std::vector<xcb_rectangle_t> region);
+
+    /// Sends again what takes the pointer: a window manager that puts a frame around the window may
+    /// give the frame that shape only when it hears of a new one.
+    void resendInput() const { sendInput(); }
 
     /// Has the window exist, and take the pointer, this far beside its regions as well. A window
     /// that is about to move by the opposite, whenever the window manager comes to it, so keeps
