@@ -22,13 +22,16 @@ protected:
                                std::to_string(frame.x + 100) + "," + std::to_string(frame.y + 50),
                                "--size", "1700x1000", "--colour", "f01010", "--skip-taskbar",
                                "--record", record().string()});
-        EXPECT_TRUE(eventually([&] { return desktop().isActive(red); }));
+        EXPECT_TRUE(eventually([&] { return !desktop().visibleWindowsOf(red).empty(); }));
         const auto windows = desktop().windowsOf(red);
         return windows.empty() ? XCB_NONE : windows.front();
     }
 
+    /// An active window, as a person would have it.
     void setFullScreen(xcb_window_t window, bool isFullScreen) {
         constexpr std::uint32_t application = 1;
+        constexpr std::uint32_t pager = 2;
+        desktop().client().sendToRoot(window, "_NET_ACTIVE_WINDOW", {pager, 0, 0});
         desktop().client().sendToRoot(window, "_NET_WM_STATE",
                                       {isFullScreen ? 1U : 0U,
                                        desktop().client().atom("_NET_WM_STATE_FULLSCREEN"), 0,

@@ -21,6 +21,7 @@ DesktopWatch::DesktopWatch(X11Connection& connection)
     , events_(connection.observe([this](const xcb_generic_event_t& event) { handle(event); })) {
     connection_.selectInput(connection_.root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
     watchCompositor();
+    watchWindowManager();
     offer_.set(read());
     if (!offer().isComposited)
         logOnceStarted("no compositor, docks are opaque");
@@ -48,6 +49,13 @@ void DesktopWatch::watchCompositor() {
     connection_.flush();
 }
 
+void DesktopWatch::watchWindowManager() {
+    const auto marks = connection_.windows(connection_.root(), "_NET_SUPPORTING_WM_CHECK");
+    managerMark_ = marks.empty() ? XCB_NONE : marks.front();
+    if (managerMark_ != XCB_NONE)
+        connection_.selectInput(managerMark_, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+}
+
 void DesktopWatch::handle(const xcb_generic_event_t& event) {
     constexpr std::uint8_t sentFlag = 0x80;
     const auto kind = static_cast<std::uint8_t>(event.response_type & ~sentFlag);
@@ -60,6 +68,15 @@ void DesktopWatch::handle(const xcb_generic_event_t& event) {
             offer_.set(read());
         } else if (change.atom == connection_.atom("_NET_SUPPORTING_WM_CHECK") &&
                    change.state == XCB_PROPERTY_NEW_VALUE) {
+            misplacesDocks_ = false;
+            watchWindowManager();
+            windowManager_.notify();
+        }
+    } else if (kind == XCB_DESTROY_NOTIFY) {
+        const auto& end = reinterpret_cast<const xcb_destroy_notify_event_t&>(event);
+        if (managerMark_ != XCB_NONE && end.window == managerMark_) {
+            managerMark_ = XCB_NONE;
+            misplacesDocks_ = false;
             windowManager_.notify();
         }
     } else if (selectionEvent_ != 0 && kind == selectionEvent_) {

@@ -37,14 +37,21 @@ public:
         return offer_.observe(std::move(handler));
     }
 
-    /// Announces that a window manager has taken over, or that the one before starts again.
+    /// Announces that a window manager has taken over, that the one before starts again, or that it
+    /// has gone.
     [[nodiscard]] Subscription observeWindowManager(std::function<void()> handler) {
         return windowManager_.add(std::move(handler));
     }
 
+    /// Whether the window manager of the moment has failed to keep a dock where it belongs. Such a
+    /// manager is not given the next one.
+    [[nodiscard]] bool misplacesDocks() const noexcept { return misplacesDocks_; }
+    void noteMisplacedDock() noexcept { misplacesDocks_ = true; }
+
 private:
     void handle(const xcb_generic_event_t& event);
     void watchCompositor();
+    void watchWindowManager();
     [[nodiscard]] DesktopOffer read() const;
     [[nodiscard]] bool announcesBlur() const;
 
@@ -53,6 +60,9 @@ private:
     std::uint8_t selectionEvent_ = 0;
     Observable<DesktopOffer> offer_;
     CallbackList<> windowManager_;
+    /// By which the window manager announces itself, and whose end tells of its own.
+    xcb_window_t managerMark_ = XCB_NONE;
+    bool misplacesDocks_ = false;
     Subscription events_;
 };
 

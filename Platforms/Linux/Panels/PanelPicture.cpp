@@ -113,7 +113,7 @@ QRect PanelPicture::inputRegion() const {
 /// Compositors draw shadows round windows without a shape of their own, transparent or not. It
 /// holds the window that is asked for as well, which must not be clipped when it comes.
 std::vector<xcb_rectangle_t> PanelPicture::wholeWindow() const {
-    return {xcbRectangle({{0, 0}, layout_.window.expandedTo(layout_.active.size())})};
+    return {xcbRectangle({{0, 0}, layout_.window.expandedTo(layout_.asked)})};
 }
 
 Backdrop PanelPicture::backdrop() const {

@@ -26,6 +26,8 @@ struct PanelContext;
 /// Where a window shows its view; pixels.
 struct PanelLayout {
     QSize window;
+    /// The size that the window was asked to have.
+    QSize asked;
     /// The part of the window that is the dock's frame; the rest is there for what is drawn beyond
     /// it, or for a movement's sake.
     QRect active;

@@ -25,10 +25,11 @@ QtPanelWindow::QtPanelWindow(const PanelContext& context, std::uint32_t displayI
     , display_(context.screens.display(displayID).value_or(Display{}))
     , frame_(frame)
     , hostedFrame_{0, 0, frame.width, frame.height}
+    , keptBy_(context.desktop.misplacesDocks() ? Keeper::program : Keeper::windowManager)
     , accessible_(std::make_unique<AccessibleDock>(
           DockAccess{*this, listener, [this](const Rect& view) { return placeOnScreen(view); }}))
     , frames_(lifetime_.guard([this] { showFrame(); })) {
-    setFlags(Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::WindowStaysOnTopHint);
+    setFlags(Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
     QSurfaceFormat format;
     format.setAlphaBufferSize(8);
     setFormat(format);
@@ -42,7 +43,7 @@ QtPanelWindow::QtPanelWindow(const PanelContext& context, std::uint32_t displayI
         setGeometry(QtCoordinates::rect(*screen, display_, target));
     }
     create();
-    place_->set(target_);
+    keeper_->place().set(target_);
 }
 
 void QtPanelWindow::observe() {
@@ -51,8 +52,10 @@ void QtPanelWindow::observe() {
     subscriptions_.push_back(context_.screens.observeParameters([this] { displaysChanged(); }));
     subscriptions_.push_back(context_.desktop.observeOffer([this] { lookChanged(); }));
     subscriptions_.push_back(context_.appearance.observe([this] { lookChanged(); }));
-    subscriptions_.push_back(
-        context_.desktop.observeWindowManager([this] { windowManagerChanged(); }));
+    subscriptions_.push_back(context_.desktop.observeWindowManager([this] {
+        if (isVisible() && keeper_)
+            keeper_->windowManagerChanged();
+    }));
 }
 
 QtPanelWindow::~QtPanelWindow() {
@@ -93,19 +96,30 @@ void QtPanelWindow::orderFrontRegardless() {
     if (window_ == XCB_NONE)
         create();
     relayout();
-    place_->set(target_);
-    if (isVisible())
-        return raise();
+    keeper_->place().set(target_);
+    if (isVisible()) {
+        // A window that the program keeps is where it belongs already.
+        if (keptBy_ == Keeper::windowManager)
+            raise();
+        return;
+    }
+    show();
+}
+
+void QtPanelWindow::show() {
     DockHints::apply(context_.connection, window_, displayID_);
     picture_->prepareToAppear();
     setVisible(true);
     DockHints::applySizeHints(context_.connection, window_);
-    place_->set(target_);
+    keeper_->place().set(target_);
+    keeper_->shown();
     updateSoon();
 }
 
 void QtPanelWindow::orderOut() {
     menu_.reset();
+    if (keeper_)
+        keeper_->hidden();
     setVisible(false);
     if (drops_)
         drops_->leave();
@@ -129,17 +143,13 @@ void QtPanelWindow::lookChanged() {
     updateSoon();
 }
 
-void QtPanelWindow::windowManagerChanged() {
-    if (!isVisible() || !place_)
-        return;
-    place_->startOver();
-    DockHints::assertState(context_.connection, window_);
+void QtPanelWindow::handleNative(const xcb_generic_event_t& event) {
+    if (keeper_)
+        keeper_->handle(event);
 }
 
-void QtPanelWindow::handleNative(const xcb_generic_event_t& event) {
-    if (!place_ || !place_->handle(event))
-        return;
-    // What is shown keeps its place on the display while the window comes to its own.
+/// What is shown keeps its place on the display while the window comes to its own.
+void QtPanelWindow::placeChanged() {
     updateIsDue_ = true;
     update();
 }
@@ -151,13 +161,7 @@ bool QtPanelWindow::event(QEvent* event) {
             QPlatformSurfaceEvent::SurfaceCreated) {
             surfaceCreated();
         } else {
-            drops_.reset();
-            place_.reset();
-            if (picture_)
-                scene_ = picture_->scene();
-            picture_.reset();
-            pointer_.setWindow(XCB_NONE);
-            window_ = XCB_NONE;
+            surfaceDestroyed();
         }
         break;
     case QEvent::Expose:
@@ -217,7 +221,7 @@ void QtPanelWindow::surfaceCreated() {
     picture_ = std::make_unique<PanelPicture>(context_, window_);
     picture_->setScene(scene_);
     pointer_.setWindow(window_);
-    place_ = std::make_unique<WindowPlace>(context_.connection, window_, displayID_);
+    keep();
     drops_ =
         std::make_unique<XdndTarget>(context_.connection, window_, listener_, [this](int x, int y) {
             return mapping_.toView(QPointF(x, y) - corner());
@@ -226,6 +230,45 @@ void QtPanelWindow::surfaceCreated() {
                                     XCB_EVENT_MASK_EXPOSURE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     DockHints::apply(context_.connection, window_, displayID_);
     lookChanged();
+}
+
+void QtPanelWindow::surfaceDestroyed() {
+    drops_.reset();
+    keeper_.reset();
+    if (picture_)
+        scene_ = picture_->scene();
+    picture_.reset();
+    pointer_.setWindow(XCB_NONE);
+    window_ = XCB_NONE;
+}
+
+/// What the keeper asks for happens in the loop's next turn, as it may end the keeper.
+void QtPanelWindow::keep() {
+    keeper_ = std::make_unique<DockKeeper>(context_, window_, displayID_, keptBy_);
+    keeper_->onPlaceChanged = [this] { placeChanged(); };
+    keeper_->onManaged = [this] { picture_->managed(); };
+    keeper_->onKeeperChange = [this](Keeper keeper) {
+        QMetaObject::invokeMethod(this, lifetime_.guard([this, keeper] { changeKeeper(keeper); }),
+                                  Qt::QueuedConnection);
+    };
+    keeper_->onLost = [this] {
+        setVisible(false);
+        setVisible(true);
+    };
+}
+
+/// Window managers disagree about what becomes of a window that is taken from them, or given back
+/// to them, so this one ends and another one begins.
+void QtPanelWindow::changeKeeper(Keeper keeper) {
+    if (keptBy_ == keeper || !keeper_)
+        return;
+    keptBy_ = keeper;
+    const bool isShown = isVisible();
+    destroy();
+    create();
+    relayout();
+    if (isShown)
+        show();
 }
 
 /// Everything that changes within one turn of the loop is shown at once.
@@ -240,8 +283,8 @@ void QtPanelWindow::update() {
         relayout();
         picture_->update(isVisible());
         // After the regions, which go with the window on its way.
-        if (place_->asked() != target_)
-            place_->set(target_);
+        if (keeper_->place().asked() != target_)
+            keeper_->place().set(target_);
         context_.connection.flush();
     }
     pointer_.follow();
@@ -263,22 +306,25 @@ void QtPanelWindow::showFrame() {
 /// The view lies where it is planned on the display, wherever the window is at the moment.
 void QtPanelWindow::relayout() {
     target_ = DisplayGeometry::toPixels(display_, extentBefore_.value_or(extent()));
-    const PixelRect actual = place_ ? place_->actual().value_or(target_) : target_;
+    const PixelRect actual = keeper_ ? keeper_->place().actual().value_or(target_) : target_;
+    const bool isToMove = keeper_ && keeper_->place().isBoundFor(target_);
     const PixelRect planned = DisplayGeometry::toPixels(display_, frame_);
     const PixelRect view = DisplayGeometry::viewPixels(display_, frame_, hostedFrame_);
     const QPoint plannedCorner = QPoint{planned.x, planned.y} - QPoint{actual.x, actual.y};
     mapping_ = {plannedCorner + QPoint{view.x, view.y}, display_.scale};
     if (picture_) {
-        picture_->setLayout({.window = {actual.width, actual.height},
-                             .active = {plannedCorner, QSize{planned.width, planned.height}},
-                             .lag = {actual.x - target_.x, actual.y - target_.y},
-                             .mapping = mapping_,
-                             .view = hostedFrame_.size()});
+        picture_->setLayout(
+            {.window = {actual.width, actual.height},
+             .asked = {target_.width, target_.height},
+             .active = {plannedCorner, QSize{planned.width, planned.height}},
+             .lag = isToMove ? QPoint{actual.x - target_.x, actual.y - target_.y} : QPoint{},
+             .mapping = mapping_,
+             .view = hostedFrame_.size()});
     }
 }
 
 QPoint QtPanelWindow::corner() const {
-    const PixelRect actual = place_ ? place_->actual().value_or(target_) : target_;
+    const PixelRect actual = keeper_ ? keeper_->place().actual().value_or(target_) : target_;
     return {actual.x, actual.y};
 }
 

@@ -8,12 +8,12 @@
 #include "Panels/Accessible/AccessibleDock.hpp"
 #include "Panels/Drops/XdndTarget.hpp"
 #include "Panels/FrameClock.hpp"
+#include "Panels/Keeping/DockKeeper.hpp"
 #include "Panels/PanelContext.hpp"
 #include "Panels/PanelPicture.hpp"
 #include "Panels/PanelPointer.hpp"
 #include "Panels/PopUpMenu.hpp"
 #include "Panels/ViewMapping.hpp"
-#include "Panels/WindowPlace.hpp"
 #include "Platform/PanelWindow.hpp"
 
 #include <QWindow>
@@ -59,8 +59,12 @@ private:
     void handleNative(const xcb_generic_event_t& event);
     void displaysChanged();
     void lookChanged();
-    void windowManagerChanged();
     void surfaceCreated();
+    void surfaceDestroyed();
+    void keep();
+    void changeKeeper(Keeper keeper);
+    void placeChanged();
+    void show();
     void updateSoon();
     void update();
     void relayout();
@@ -102,10 +106,12 @@ private:
     bool updateIsDue_ = false;
     bool isFrameAsked_ = false;
     bool isInFrame_ = false;
+    /// Who keeps the X window in its place.
+    Keeper keptBy_;
     /// The X window of the moment; Qt makes another one when it loses the screen.
     xcb_window_t window_ = XCB_NONE;
     std::unique_ptr<PanelPicture> picture_;
-    std::unique_ptr<WindowPlace> place_;
+    std::unique_ptr<DockKeeper> keeper_;
     std::unique_ptr<XdndTarget> drops_;
     std::unique_ptr<PopUpMenu> menu_;
     std::unique_ptr<AccessibleDock> accessible_;

@@ -15,6 +15,9 @@ namespace {
 /// otherwise be answered with as many more.
 constexpr std::chrono::milliseconds pauseLength{100};
 
+/// Time for a move to come about; more than any window manager takes that means to carry it out.
+constexpr std::chrono::milliseconds arrivalTime{500};
+
 }
 
 WindowPlace::WindowPlace(const X11Connection& connection, xcb_window_t window,
@@ -22,47 +25,85 @@ WindowPlace::WindowPlace(const X11Connection& connection, xcb_window_t window,
     : connection_(connection), window_(window), displayID_(displayID) {
     pause_.setSingleShot(true);
     pause_.setInterval(pauseLength);
-    pause_.callOnTimeout([this] {
-        actual_ = now();
-        correct();
-    });
+    pause_.callOnTimeout([this] { look(); });
+    arrival_.setSingleShot(true);
+    arrival_.setInterval(arrivalTime);
+    arrival_.callOnTimeout([this] { look(); });
 }
 
 void WindowPlace::set(const PixelRect& place) {
     asked_ = place;
-    startOver();
+    isUnderWay_ = actual_ != asked_;
+    if (isUnderWay_)
+        arrival_.start();
+    hasGivenUp_ = false;
+    corrections_.refill();
     send(place);
 }
 
-bool WindowPlace::handle(const xcb_generic_event_t& event) {
-    constexpr std::uint8_t sentFlag = 0x80;
-    if ((event.response_type & ~sentFlag) != XCB_CONFIGURE_NOTIFY)
-        return false;
-    const auto& configuration = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
-    if (configuration.window != window_)
-        return false;
-    configured(configuration);
-    return true;
+void WindowPlace::startOver() {
+    if (asked_)
+        set(*asked_);
 }
 
 /// The event may speak of a place inside the window manager's frame, or be out of date: what counts
 /// is where the window is.
-void WindowPlace::configured(const xcb_configure_notify_event_t& event) {
-    const PixelRect told{event.x, event.y, event.width, event.height};
-    actual_ = told == asked_ ? told : now();
+bool WindowPlace::handle(const xcb_generic_event_t& event) {
+    constexpr std::uint8_t sentFlag = 0x80;
+    switch (event.response_type & ~sentFlag) {
+    case XCB_CONFIGURE_NOTIFY: {
+        const auto& change = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
+        if (change.window != window_)
+            return false;
+        const PixelRect told{change.x, change.y, change.width, change.height};
+        found(told == asked_ ? told : now());
+        return true;
+    }
+    case XCB_REPARENT_NOTIFY:
+        if (reinterpret_cast<const xcb_reparent_notify_event_t&>(event).window != window_)
+            return false;
+        found(now());
+        return true;
+    default:
+        return false;
+    }
+}
+
+void WindowPlace::found(const std::optional<PixelRect>& place) {
+    actual_ = place;
+    if (actual_ == asked_) {
+        isUnderWay_ = false;
+        arrival_.stop();
+    }
     if (!pause_.isActive())
         correct();
 }
 
+/// Some window managers tell nothing of a move that they refuse.
+void WindowPlace::look() {
+    const auto before = actual_;
+    const bool wasUnderWay = isUnderWay_;
+    if (!arrival_.isActive())
+        isUnderWay_ = false;
+    found(now());
+    if (onChange && (actual_ != before || isUnderWay_ != wasUnderWay))
+        onChange();
+}
+
 void WindowPlace::correct() {
-    if (!asked_ || !actual_ || *actual_ == *asked_ || correctionsLeft_ == 0)
+    if (!asked_ || !actual_ || *actual_ == *asked_ || hasGivenUp_)
         return;
+    if (!corrections_.take(CorrectionBudget::Time::clock::now())) {
+        hasGivenUp_ = true;
+        DevLog::write("dock does not stay in place #" + std::to_string(displayID_));
+        if (onGivenUp)
+            onGivenUp();
+        return;
+    }
     // Qt may have announced its own since, with steps that the size does not fit between.
     DockHints::applySizeHints(connection_, window_);
     send(*asked_);
     pause_.start();
-    if (--correctionsLeft_ == 0)
-        DevLog::write("dock does not stay in place #" + std::to_string(displayID_));
 }
 
 void WindowPlace::send(const PixelRect& place) const {

@@ -1,12 +1,14 @@
 /// Keeps a window where it was put, against window managers and against Qt's own rounding.
 #pragma once
 
+#include "Panels/Keeping/CorrectionBudget.hpp"
 #include "X11/PixelRect.hpp"
 
 #include <xcb/xcb.h>
 
 #include <QTimer>
 #include <cstdint>
+#include <functional>
 #include <optional>
 
 namespace vireline::x11 {
@@ -15,6 +17,11 @@ class X11Connection;
 
 class WindowPlace {
 public:
+    /// `actual` or `isUnderWay` has changed without an event.
+    std::function<void()> onChange;
+    /// It was moved away as often as it was put back.
+    std::function<void()> onGivenUp;
+
     /// For a window that has just been created, the dock of that display.
     WindowPlace(const X11Connection& connection, xcb_window_t window, std::uint32_t displayID);
     WindowPlace(const WindowPlace&) = delete;
@@ -34,17 +41,25 @@ public:
         return actual_ ? actual_ : asked_;
     }
 
-    /// Takes any event, and says whether it told of this window that the server, or somebody else,
-    /// has put it somewhere. Gives in to whoever moves it away again and again.
+    /// Whether it may still be on its way there. A move that has not come about within a moment is
+    /// not expected any more.
+    [[nodiscard]] bool isUnderWay() const noexcept { return isUnderWay_; }
+
+    /// Whether it is to be there, and may not have come yet.
+    [[nodiscard]] bool isBoundFor(const PixelRect& place) const noexcept {
+        return isUnderWay_ || asked_ != place;
+    }
+
+    /// Takes any event, and says whether it told of this window that the server, or another
+    /// program, has put it somewhere. Gives in to a program that moves it away again and again.
     bool handle(const xcb_generic_event_t& event);
 
-    /// Another window manager came; what the one before insisted on is forgotten.
-    void startOver() noexcept { correctionsLeft_ = maximumCorrections; }
+    /// Another window manager came: puts it back, whatever the one before insisted on.
+    void startOver();
 
 private:
-    static constexpr int maximumCorrections = 8;
-
-    void configured(const xcb_configure_notify_event_t& event);
+    void look();
+    void found(const std::optional<PixelRect>& place);
     void correct();
     void send(const PixelRect& place) const;
     [[nodiscard]] std::optional<PixelRect> now() const;
@@ -55,9 +70,13 @@ private:
     std::optional<PixelRect> asked_;
     /// Nothing before the server first told.
     std::optional<PixelRect> actual_;
-    int correctionsLeft_ = maximumCorrections;
+    bool isUnderWay_ = false;
+    bool hasGivenUp_ = false;
+    CorrectionBudget corrections_;
     /// Runs while a correction may still be on its way.
     QTimer pause_;
+    /// Until a move that was asked for should have come about.
+    QTimer arrival_;
 };
 
 }

@@ -1,0 +1,60 @@
+/// A window manager of the tests, with one bad habit as some real ones have it. Runs on a thread of
+/// its own until it ends.
+#pragma once
+
+#include "VirtualDesktop/XClient.hpp"
+
+#include <atomic>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace vireline::test {
+
+class OddManager {
+public:
+    enum class Habit : std::uint8_t {
+        none,
+        /// Makes each dock as wide as the screen.
+        docksDocks,
+        /// Shows docks without managing them, and stacks other windows above them.
+        ignoresDocks,
+        /// Manages a dock, but never moves it nor says so.
+        stranded,
+        /// As `ignoresDocks`, and raises its windows whenever a dock comes above one.
+        fightsDocks,
+    };
+
+    OddManager(const std::string& display, Habit habit);
+    OddManager(const OddManager&) = delete;
+    OddManager& operator=(const OddManager&) = delete;
+    OddManager(OddManager&&) = delete;
+    OddManager& operator=(OddManager&&) = delete;
+    ~OddManager();
+
+    /// How often it has raised a window above a dock again.
+    [[nodiscard]] int raises() const noexcept { return raises_; }
+
+private:
+    void run();
+    void handle(const xcb_generic_event_t& event);
+    void show(xcb_window_t window);
+    void configure(const xcb_configure_request_event_t& request);
+    void stacked(const xcb_configure_notify_event_t& change);
+    [[nodiscard]] bool isDock(xcb_window_t window);
+
+    desktop::XClient client_;
+    Habit habit_;
+    xcb_window_t mark_;
+    /// The highest window that is not a dock.
+    xcb_window_t top_ = XCB_NONE;
+    std::map<xcb_window_t, bool> docks_;
+    std::vector<std::uint32_t> listed_;
+    std::atomic<int> raises_{0};
+    std::atomic<bool> isEnding_{false};
+    std::thread thread_;
+};
+
+}
