@@ -45,7 +45,7 @@ TEST_F(ScreenReader, FindsTheDockAsAWindowWithItsTilesInTheirOrder) {
     run();
     const auto tree = desktop().controls();
 
-    const auto dock = tree.find(Role::frame, "Vireline dock");
+    const auto dock = tree.find(Role::frame, "Vireline dock on right");
     ASSERT_TRUE(dock.has_value());
     EXPECT_EQ(tree.children(*dock).size(), 4U);
     EXPECT_TRUE(tree.is(*dock, AccessibleState::showing));
@@ -54,6 +54,19 @@ TEST_F(ScreenReader, FindsTheDockAsAWindowWithItsTilesInTheirOrder) {
         EXPECT_TRUE(tree.is(tile, AccessibleState::showing)) << tree.name(tile);
         EXPECT_TRUE(tree.is(tile, AccessibleState::enabled)) << tree.name(tile);
     }
+}
+
+TEST_F(ScreenReader, TellsTheDocksOfSeveralDisplaysApart) {
+    auto& desktop = make({.monitors = threeMonitors(), .accessibility = true});
+    for (const auto& app : apps)
+        desktop.home().install(app);
+    desktop.home().pin(apps);
+    desktop.runVireline();
+    const auto tree = desktop.controls();
+
+    for (const char* name : {"Vireline dock on above", "Vireline dock on side"})
+        EXPECT_TRUE(eventually([&] { return tree.find(Role::frame, name).has_value(); })) << name;
+    EXPECT_FALSE(tree.find(Role::frame, "Vireline dock on main").has_value());
 }
 
 TEST_F(ScreenReader, KnowsWhereTheTilesAre) {
@@ -127,7 +140,7 @@ TEST_F(ScreenReader, IsToldWhatChanges) {
     desktop.home().pin(apps);
     desktop.runVireline();
     ASSERT_TRUE(findsTiles({"Alpha", "Beta", "Downloads", "Trash"}));
-    const auto dock = desktop.controls().find(Role::frame, "Vireline dock").value();
+    const auto dock = desktop.controls().find(Role::frame, "Vireline dock on right").value();
     const auto alpha = tile("Alpha");
     ASSERT_FALSE(events.has(alpha, "PropertyChange accessible-description"));
 
@@ -152,7 +165,8 @@ TEST_F(ScreenReader, FindsNoTilesOfAHiddenDock) {
     desktop.pointer().moveTo({100, 100});
     desktop.runVireline();
     const auto tree = desktop.controls();
-    ASSERT_TRUE(eventually([&] { return tree.find(Role::frame, "Vireline dock").has_value(); }));
+    ASSERT_TRUE(
+        eventually([&] { return tree.find(Role::frame, "Vireline dock on right").has_value(); }));
     EXPECT_EQ(names(), Words{});
 
     const auto edge = plannedDock("right", tiles(2)).frame;

@@ -96,10 +96,22 @@ TEST_F(AccessibleDockTest, IsAWindowOfTheProgram) {
     ASSERT_NE(root, nullptr);
     EXPECT_TRUE(root->isValid());
     EXPECT_EQ(root->role(), QAccessible::Window);
-    EXPECT_EQ(root->text(QAccessible::Name), QStringLiteral("Vireline dock"));
+    EXPECT_EQ(root->text(QAccessible::Name), QStringLiteral("Vireline dock on main"));
     EXPECT_EQ(root->parent(), QAccessible::queryAccessibleInterface(qGuiApp));
     EXPECT_FALSE(root->state().invisible);
     EXPECT_EQ(QAccessible::queryAccessibleInterface(root->object()), root);
+}
+
+TEST_F(AccessibleDockTest, IsNamedAfterItsDisplay) {
+    EventLog otherLog;
+    const auto other = showDock("dense", otherLog);
+    showTiles({app(1, "Alpha")});
+
+    const auto nameOn = [](const char* monitor) {
+        return interfaceOf(monitor)->text(QAccessible::Name).toStdString();
+    };
+    EXPECT_EQ(nameOn("main"), "Vireline dock on main");
+    EXPECT_EQ(nameOn("dense"), "Vireline dock on dense");
 }
 
 TEST_F(AccessibleDockTest, HasAButtonForEachTile) {
@@ -240,7 +252,7 @@ private:
 protected:
     std::unique_ptr<x11::AccessibleDock> dock =
         std::make_unique<x11::AccessibleDock>(x11::DockAccess{
-            window, log, [](const Rect&) { return QRect{}; },
+            window, log, "Vireline dock on main", [](const Rect&) { return QRect{}; },
             [this](const QAccessibleInterface& about, QAccessible::Event what) {
                 told_.push_back(wordOf(what) + ' ' + about.text(QAccessible::Name).toStdString());
             }});
@@ -249,16 +261,16 @@ protected:
 TEST_F(AccessibleEventsTest, TellThatADockComesAndGoes) {
     QAccessible::setActive(true);
     present({app(1, "Alpha")});
-    EXPECT_EQ(told(), Words{"new Vireline dock"});
+    EXPECT_EQ(told(), Words{"new Vireline dock on main"});
 
     window.setVisible(true);
-    EXPECT_EQ(told(), Words{"shown Vireline dock"});
+    EXPECT_EQ(told(), Words{"shown Vireline dock on main"});
 
     window.setVisible(false);
-    EXPECT_EQ(told(), Words{"hidden Vireline dock"});
+    EXPECT_EQ(told(), Words{"hidden Vireline dock on main"});
 
     dock.reset();
-    EXPECT_EQ(told(), Words{"gone Vireline dock"});
+    EXPECT_EQ(told(), Words{"gone Vireline dock on main"});
 }
 
 TEST_F(AccessibleEventsTest, TellWhatIsNewOfTheTiles) {
@@ -273,7 +285,7 @@ TEST_F(AccessibleEventsTest, TellWhatIsNewOfTheTiles) {
     EXPECT_EQ(told(), (Words{"gone Beta Two", "new Delta"}));
 
     present({app(3, "Gamma"), app(1, "Alpha", true), app(4, "Delta")});
-    EXPECT_EQ(told(), Words{"order Vireline dock"});
+    EXPECT_EQ(told(), Words{"order Vireline dock on main"});
 
     present({});
     EXPECT_EQ(told(), (Words{"gone Gamma", "gone Alpha", "gone Delta"}));

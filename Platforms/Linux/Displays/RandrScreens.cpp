@@ -98,10 +98,10 @@ RandrScreens::Snapshot RandrScreens::read() {
 }
 
 /// An atom's name never changes.
-const std::string& RandrScreens::nameOf(xcb_atom_t name) const {
-    const auto [entry, isNew] = names_.try_emplace(name);
+const std::string& RandrScreens::nameOf(std::uint32_t displayID) const {
+    const auto [entry, isNew] = names_.try_emplace(displayID);
     if (isNew)
-        entry->second = connection_.atomName(name);
+        entry->second = connection_.atomName(displayID);
     return entry->second;
 }
 

@@ -44,6 +44,10 @@ public:
         return snapshot_.displays;
     }
 
+    /// What the X server calls the display with this ID, such as "HDMI-1"; no two have the same
+    /// name.
+    [[nodiscard]] const std::string& nameOf(std::uint32_t displayID) const;
+
     /// The screen that Qt takes that display for; null if it knows none of its name.
     [[nodiscard]] QScreen* qtScreen(std::uint32_t displayID) const;
 
@@ -57,7 +61,6 @@ private:
     };
 
     [[nodiscard]] Snapshot read();
-    [[nodiscard]] const std::string& nameOf(xcb_atom_t name) const;
     void watchQtScreens();
     void watchScale(QScreen* screen);
     void handle(const xcb_generic_event_t& event);

@@ -27,7 +27,8 @@ QtPanelWindow::QtPanelWindow(const PanelContext& context, std::uint32_t displayI
     , hostedFrame_{0, 0, frame.width, frame.height}
     , keptBy_(context.desktop.misplacesDocks() ? Keeper::program : Keeper::windowManager)
     , accessible_(std::make_unique<AccessibleDock>(
-          DockAccess{*this, listener, [this](const Rect& view) { return placeOnScreen(view); }}))
+          DockAccess{*this, listener, "Vireline dock on " + context.screens.nameOf(displayID),
+                     [this](const Rect& view) { return placeOnScreen(view); }}))
     , frames_(lifetime_.guard([this] { showFrame(); })) {
     setFlags(Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
     QSurfaceFormat format;

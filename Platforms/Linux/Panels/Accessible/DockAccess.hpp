@@ -7,6 +7,7 @@
 #include <QAccessible>
 #include <QRect>
 #include <functional>
+#include <string>
 
 class QWindow;
 
@@ -19,6 +20,8 @@ namespace vireline::x11 {
 struct DockAccess {
     QWindow& window;
     PanelWindowListener& listener;
+    /// What the dock is called; tells it from the docks of other displays.
+    std::string name;
     /// Where a part of the view is on the screen, in Qt's coordinates.
     std::function<QRect(const Rect&)> place;
     /// Takes what assistive technology is to be told; only while there is any.

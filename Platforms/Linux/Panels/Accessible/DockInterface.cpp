@@ -99,7 +99,7 @@ int DockInterface::indexOfChild(const QAccessibleInterface* child) const {
 }
 
 QString DockInterface::text(QAccessible::Text kind) const {
-    return kind == QAccessible::Name ? QStringLiteral("Vireline dock") : QString{};
+    return kind == QAccessible::Name ? QString::fromStdString(dock_.name) : QString{};
 }
 
 QRect DockInterface::rect() const {
