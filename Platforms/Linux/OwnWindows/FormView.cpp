@@ -5,6 +5,7 @@
 
 #include <QVBoxLayout>
 #include <algorithm>
+#include <iterator>
 #include <memory>
 
 namespace vireline::x11 {
@@ -92,6 +93,26 @@ private:
     std::vector<FormRowView*> rows_;
 };
 
+namespace {
+
+std::vector<QWidget*> focusable(const QWidget& row) {
+    std::vector<QWidget*> found;
+    const auto widgets = row.findChildren<QWidget*>();
+    std::ranges::copy_if(widgets, std::back_inserter(found), [](const QWidget* widget) {
+        return widget->focusPolicy() != Qt::NoFocus && widget->focusProxy() == nullptr;
+    });
+    return found;
+}
+
+const FormRowView* rowAround(const QWidget* widget) {
+    const FormRowView* row = nullptr;
+    for (; widget != nullptr && row == nullptr; widget = widget->parentWidget())
+        row = dynamic_cast<const FormRowView*>(widget);
+    return row;
+}
+
+}
+
 FormView::FormView(const FormContext& context, QWidget* parent)
     : QWidget(parent), context_(context) {
     auto column = std::make_unique<QVBoxLayout>();
@@ -111,6 +132,29 @@ void FormView::present(const Form& form) {
                                                               section.release());
         }
         sections_[i]->present(form.sections[i]);
+    }
+}
+
+std::optional<FormView::Place> FormView::focus() const {
+    const QWidget* const widget = window()->focusWidget();
+    const FormRowView* const row = rowAround(widget);
+    if (row == nullptr)
+        return std::nullopt;
+    const auto controls = focusable(*row);
+    const auto found = std::ranges::find(controls, widget);
+    if (found == controls.end())
+        return std::nullopt;
+    return Place{row->field(), static_cast<std::size_t>(found - controls.begin())};
+}
+
+void FormView::setFocus(const Place& place) {
+    for (const QWidget* const widget : findChildren<QWidget*>()) {
+        const auto* const row = dynamic_cast<const FormRowView*>(widget);
+        if (row == nullptr || row->field() != place.field)
+            continue;
+        const auto controls = focusable(*row);
+        if (place.index < controls.size())
+            controls[place.index]->setFocus(Qt::OtherFocusReason);
     }
 }
 

@@ -5,6 +5,8 @@
 #include "Windows/Form.hpp"
 
 #include <QWidget>
+#include <cstddef>
+#include <optional>
 #include <vector>
 
 namespace vireline::x11 {
@@ -18,6 +20,17 @@ public:
     /// Rows that were there before stay the same widgets; rows that are gone are hidden until they
     /// come back.
     void present(const Form& form);
+
+    /// A control by its place, which says the same in another view of the form.
+    struct Place {
+        SettingsField field = SettingsField::sourceMode;
+        /// Among the row's controls that take the focus.
+        std::size_t index = 0;
+    };
+    /// The control with the focus; nothing if it is none of the form's.
+    [[nodiscard]] std::optional<Place> focus() const;
+    /// Does nothing if there is no such control.
+    void setFocus(const Place& place);
 
 private:
     FormContext context_;

@@ -1,5 +1,7 @@
 #include "OwnWindows/PageScroller.hpp"
 
+#include <utility>
+
 namespace vireline::x11 {
 namespace {
 
@@ -34,8 +36,15 @@ PageScroller::PageScroller(std::unique_ptr<QWidget> page)
     follow();
 }
 
+void PageScroller::scrollTo(int position) {
+    wanted_ = position;
+    follow();
+}
+
 void PageScroller::follow() {
-    const QScrollBar* const own = verticalScrollBar();
+    QScrollBar* const own = verticalScrollBar();
+    if (wanted_ > 0 && own->maximum() >= wanted_)
+        own->setValue(std::exchange(wanted_, 0));
     bar_->setRange(own->minimum(), own->maximum());
     bar_->setPageStep(own->pageStep());
     bar_->setSingleStep(own->singleStep());

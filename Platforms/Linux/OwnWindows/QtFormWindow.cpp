@@ -1,6 +1,5 @@
 #include "OwnWindows/QtFormWindow.hpp"
 
-#include "OwnWindows/FormView.hpp"
 #include "OwnWindows/PageScroller.hpp"
 #include "Platform/MotionSettings.hpp"
 
@@ -11,8 +10,7 @@ QtFormWindow::QtFormWindow(const WindowStyle& style, const WindowContext& contex
     : context_(context)
     , listener_(listener)
     , shell_(
-          style, context, [this](OwnWindow& window) { furnish(window); },
-          [this] { view_ = nullptr; }) {}
+          style, context, [this](OwnWindow& window) { furnish(window); }, [this] { cleared(); }) {}
 
 void QtFormWindow::present(const Form& form) {
     form_ = form;
@@ -26,8 +24,20 @@ void QtFormWindow::furnish(OwnWindow& window) {
         std::make_unique<FormView>(FormContext{listener_, context_.symbols, animates}, nullptr);
     view_ = view.get();
     view_->present(form_);
-    window.setContent(std::make_unique<PageScroller>(std::move(view)));
+    auto scroller = std::make_unique<PageScroller>(std::move(view));
+    scroller_ = scroller.get();
+    window.setContent(std::move(scroller));
     window.closeOnEscape();
+    scroller_->scrollTo(scrolled_);
+    if (focus_)
+        view_->setFocus(*focus_);
+}
+
+void QtFormWindow::cleared() {
+    scrolled_ = scroller_->position();
+    focus_ = view_->focus();
+    scroller_ = nullptr;
+    view_ = nullptr;
 }
 
 }

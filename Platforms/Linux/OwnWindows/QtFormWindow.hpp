@@ -1,12 +1,15 @@
 /// The settings form in a window that scrolls.
 #pragma once
 
+#include "OwnWindows/FormView.hpp"
 #include "OwnWindows/WindowShell.hpp"
 #include "Platform/ProgramWindows.hpp"
 
+#include <optional>
+
 namespace vireline::x11 {
 
-class FormView;
+class PageScroller;
 
 class QtFormWindow final : public FormWindow {
 public:
@@ -19,12 +22,17 @@ public:
 
 private:
     void furnish(OwnWindow& window);
+    /// Remembers what the user would have to find again.
+    void cleared();
 
     WindowContext context_;
     FormListener& listener_;
     Form form_;
     /// Only while the window is open.
     FormView* view_ = nullptr;
+    PageScroller* scroller_ = nullptr;
+    int scrolled_ = 0;
+    std::optional<FormView::Place> focus_;
     WindowShell shell_;
 };
 
