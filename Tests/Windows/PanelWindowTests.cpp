@@ -95,6 +95,11 @@ TEST_F(PanelWindowTest, NeverTakesTheFocus) {
     const auto dock = showDock("main", log);
     desk().pointer().click(pixelAt("main", {200, 50}));
     EXPECT_TRUE(eventually([&] { return log.has("released 200,50"); }));
+    // The window manager's answer comes behind all that it does about the click.
+    const auto asking = client().createWindow({0, 0, 10, 10}, 0);
+    client().sendToRoot(asking, "_NET_REQUEST_FRAME_EXTENTS", {});
+    EXPECT_TRUE(eventually([&] { return client().hasProperty(asking, "_NET_FRAME_EXTENTS"); }));
+    client().destroy(asking);
     EXPECT_EQ(client().activeWindow(), editor);
     EXPECT_EQ(client().focusedWindow(), editor);
     client().destroy(editor);
