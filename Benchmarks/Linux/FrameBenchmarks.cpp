@@ -129,6 +129,7 @@ void magnifyFrames(benchmark::State& state, const Dock& dock, double scale) {
                             fixture.platform.pointerSettings,
                             fixture.platform.motionSettings,
                             fixture.trash,
+                            fixture.platform.words,
                             std::nullopt};
     fixture.setTiles(dock.tiles - utilityTiles, 0);
     fixture.model.configuredIconSize.set(dock.iconSize);

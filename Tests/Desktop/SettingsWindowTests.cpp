@@ -126,7 +126,7 @@ TEST_F(SettingsWindow, FollowsADragInADock) {
     EXPECT_TRUE(logs("manual move " + apps[0].id));
     EXPECT_TRUE(
         eventually([&] { return desktop().controls().is(manual, AccessibleState::checked); }));
-    EXPECT_TRUE(says("Drag apps from Finder onto the dock to add them."));
+    EXPECT_TRUE(says("Drag apps from the file manager onto the dock to add them."));
 }
 
 TEST_F(SettingsWindow, ShowsTheFactorOnlyWhileMagnificationIsOn) {
@@ -143,21 +143,26 @@ TEST_F(SettingsWindow, ShowsTheFactorOnlyWhileMagnificationIsOn) {
 TEST_F(SettingsWindow, SaysThatTheAnchorIsActiveWhileItIs) {
     runWith();
     openSettings();
+    const std::string line = "Active. The desktop's dock stays where it is.";
 
-    click(Role::checkBox, "Keep Apple's Dock on its own display");
-    EXPECT_TRUE(says("Active. Apple's Dock stays where it is."));
-    click(Role::checkBox, "Keep Apple's Dock on its own display");
-    EXPECT_TRUE(logs("anchor guard off", 2));
+    click(Role::checkBox, "Keep the desktop's dock on its own display");
+    EXPECT_TRUE(says(line));
+    click(Role::checkBox, "Keep the desktop's dock on its own display");
+    EXPECT_TRUE(eventually([&] { return !has(Role::label, line); }));
 }
 
-TEST_F(SettingsWindow, LeadsToThePermissionThatTheAnchorWaitsFor) {
+TEST_F(SettingsWindow, SaysWhatAWindowManagerThatMovesNoWindowsDisables) {
     runWith(R"("anchorAppleDock": true)", {.windowManager = false});
     startAgain();
 
-    EXPECT_TRUE(says("Waiting for permission."));
-    const auto button = control(Role::pushButton, "Open Accessibility Settings");
-    // Without a window manager nobody keeps the window; it is where it was put.
-    EXPECT_TRUE(eventually([&] { return desktop().controls().frame(button).width > 0; }));
+    EXPECT_TRUE(says("Waiting for a window manager that can move windows."));
+    const auto labels = desktop().controls().names(Role::label);
+    EXPECT_EQ(
+        std::ranges::count(labels, "The window manager here cannot move other programs' windows."),
+        3);
+    // Only the dock has buttons: there is no permission to lead to.
+    EXPECT_EQ(desktop().controls().names(Role::pushButton),
+              (std::vector<std::string>{"Alpha", "Beta", "Downloads", "Trash"}));
 }
 
 TEST_F(SettingsWindow, KeepsAValueOutsideItsRangeUntilTheSliderMoves) {
@@ -182,13 +187,13 @@ TEST_F(SettingsWindow, NamesEveryControl) {
 
     EXPECT_EQ(tree.names(Role::checkBox),
               (std::vector<std::string>{"Magnification", "Automatically hide and show the dock",
-                                        "Keep Apple's Dock on its own display",
+                                        "Keep the desktop's dock on its own display",
                                         "Open apps on the dock's display",
                                         "Move windows to the dock you click",
                                         "Fill the display on double-click", "Launch at login"}));
     EXPECT_EQ(tree.names(Role::radioButton),
-              (std::vector<std::string>{"Mirror Apple's Dock", "Manual list", "Bottom", "Left",
-                                        "Right"}));
+              (std::vector<std::string>{"Mirror the desktop's dock", "Manual list", "Bottom",
+                                        "Left", "Right"}));
     EXPECT_EQ(tree.names(Role::slider), (std::vector<std::string>{"Icon size", "Magnify to"}));
 }
 
@@ -223,7 +228,7 @@ std::vector<ControlCase> switches() {
                [](Settings& settings) { settings.magnificationEnabled = true; }),
         toggle("AutoHide", "Automatically hide and show the dock",
                [](Settings& settings) { settings.autoHide = true; }),
-        toggle("Anchor", "Keep Apple's Dock on its own display",
+        toggle("Anchor", "Keep the desktop's dock on its own display",
                [](Settings& settings) { settings.anchorAppleDock = true; }),
         toggle("OpenHere", "Open apps on the dock's display",
                [](Settings& settings) { settings.openOnThisDisplay = true; }),
@@ -233,7 +238,7 @@ std::vector<ControlCase> switches() {
                [](Settings& settings) { settings.fillOnDoubleClick = true; }),
     };
     cases[0].plan = [](PanelPlanner::Request& request) { request.magnification = 1.5; };
-    cases[2].label = "Active. Apple's Dock stays where it is.";
+    cases[2].label = "Active. The desktop's dock stays where it is.";
     return cases;
 }
 
@@ -242,10 +247,10 @@ std::vector<ControlCase> choices() {
         {.name = "Source",
          .role = Role::radioButton,
          .control = "Manual list",
-         .from = "Mirror Apple's Dock",
+         .from = "Mirror the desktop's dock",
          .key = Keyboard::down,
          .change = [](Settings& settings) { settings.sourceMode = SourceMode::manual; },
-         .label = "Drag apps from Finder onto the dock to add them."},
+         .label = "Drag apps from the file manager onto the dock to add them."},
         {.name = "Position",
          .role = Role::radioButton,
          .control = "Left",

@@ -366,23 +366,65 @@ TEST_F(StatusItem, OutlivesTheSessionBus) {
     EXPECT_TRUE(desktop().vireline().isRunning());
 }
 
-TEST_F(StatusItem, IsNotTheOnlyWayToTheSettingsAndToTheEnd) {
-    runWith();
-    ASSERT_TRUE(docksSettle(twoTiles));
-    const auto icon = layout("right", twoTiles).icon(0);
-    // Between the strip's edge and its first tile.
-    constexpr int besideTheIcon = 22 + 3;
-    const PixelPoint bare{icon.x - besideTheIcon, icon.y};
+/// The bare glass of a dock, between its edge and its first tile.
+class BesideTheTiles : public StatusItem {
+protected:
+    /// A point there, once the dock is at its place.
+    [[nodiscard]] PixelPoint glass() {
+        EXPECT_TRUE(docksSettle(twoTiles));
+        const auto icon = layout("right", twoTiles).icon(0);
+        constexpr int besideTheIcon = 22 + 3;
+        return {icon.x - besideTheIcon, icon.y};
+    }
+    /// Opens its menu and chooses the last of `count` entries; how high the menu is.
+    int chooseLast(int count) {
+        const auto menu = openMenu(glass());
+        EXPECT_NE(menu, xcb_window_t{XCB_NONE});
+        const int height = desktop().client().frame(menu).value_or(PixelRect{}).height;
+        choose(menu, count - 1, count);
+        return height;
+    }
+};
 
-    const auto menu = openMenu(bare);
+TEST_F(BesideTheTiles, IsAnotherWayToTheSettingsAndWithoutAPlaceForTheItemToTheEnd) {
+    runWith();
+
+    const auto menu = openMenu(glass());
     ASSERT_NE(menu, xcb_window_t{XCB_NONE});
     choose(menu, 0, 2);
     EXPECT_TRUE(opens(settingsTitle));
     close(settingsTitle);
-    choose(openMenu(bare), 1, 2);
+    chooseLast(2);
 
     EXPECT_EQ(desktop().vireline().waitForExit(), 0);
     EXPECT_EQ(desktop().log().messages().back(), "quit from dock");
+}
+
+TEST_F(BesideTheTiles, NothingQuitsWhileAHostShowsTheItem) {
+    runWith();
+    const auto host = desktop().startNotifierHost();
+    ASSERT_TRUE(isRegistered(host));
+
+    chooseLast(1);
+
+    EXPECT_TRUE(opens(settingsTitle));
+    EXPECT_TRUE(desktop().vireline().isRunning());
+}
+
+TEST_F(BesideTheTiles, NothingQuitsWhileTheItemIsInTheTray) {
+    runWith();
+    auto& tray = startTray();
+    ASSERT_TRUE(trayHasIcon(true));
+
+    const int withTray = chooseLast(1);
+    EXPECT_TRUE(opens(settingsTitle));
+    close(settingsTitle);
+    tray.signal(SIGTERM);
+    ASSERT_TRUE(trayHasIcon(false));
+    const int withoutTray = chooseLast(2);
+
+    EXPECT_EQ(desktop().vireline().waitForExit(), 0);
+    EXPECT_GT(withoutTray, withTray) << "it had an entry less";
 }
 
 }

@@ -343,22 +343,25 @@ TEST_F(AppDelegateTest, ASecondStartShowsTheSettings) {
     EXPECT_EQ(platform.programWindows.forms[0]->timesShown, 2);
 }
 
-TEST_F(AppDelegateTest, ASecondaryClickBesideTheTilesLeadsToTheSettingsAndToTheEnd) {
+TEST_F(AppDelegateTest, ASecondaryClickBesideTheTilesLeadsToTheSettings) {
     start();
-    const auto clickBesideTheTiles = [this] {
-        const Rect icon = icons()[0].frame;
-        dock().listener().pointerEvent(
-            {PointerEvent::Kind::secondaryPressed, {icon.minX() - 3, icon.midY()}});
-    };
 
-    clickBesideTheTiles();
+    secondaryClickBesideTheTiles();
+    EXPECT_EQ(dock().menus.back().menu, (Menu{{MenuCommand{"Settings…"}}}));
+    dock().choose(0);
+
+    EXPECT_TRUE(platform.programWindows.forms.at(0)->isVisible);
+}
+
+TEST_F(AppDelegateTest, ASecondaryClickBesideTheTilesQuitsWhereThereIsNoPlaceForAStatusItem) {
+    start();
+    platform.statusBar.hasPlace = false;
+
+    secondaryClickBesideTheTiles();
     EXPECT_EQ(dock().menus.back().menu,
               (Menu{{MenuCommand{"Settings…"}, MenuCommand{"Quit Vireline"}}}));
-    dock().choose(0);
-    EXPECT_TRUE(platform.programWindows.forms.at(0)->isVisible);
-
-    clickBesideTheTiles();
     dock().choose(1);
+
     EXPECT_EQ(platform.application.terminations, 1);
     EXPECT_EQ(log.messages().back(), "quit from dock");
 }

@@ -75,11 +75,11 @@ TEST(ClickPolicy, OffersWhatFitsTheAppsState) {
 }
 
 TEST(ClickPolicy, TitlesTheMenuEntries) {
-    EXPECT_EQ(title(MenuEntry::open), "Open");
-    EXPECT_EQ(title(MenuEntry::show), "Show");
-    EXPECT_EQ(title(MenuEntry::showInFinder), "Show in Finder");
-    EXPECT_EQ(title(MenuEntry::removeFromDock), "Remove from Dock");
-    EXPECT_EQ(title(MenuEntry::quit), "Quit");
+    EXPECT_EQ(title(MenuEntry::open, {}), "Open");
+    EXPECT_EQ(title(MenuEntry::show, {}), "Show");
+    EXPECT_EQ(title(MenuEntry::showInFinder, {}), "Show in Finder");
+    EXPECT_EQ(title(MenuEntry::removeFromDock, {}), "Remove from Dock");
+    EXPECT_EQ(title(MenuEntry::quit, {}), "Quit");
 }
 
 }

@@ -225,7 +225,30 @@ TEST_F(DockRootViewTest, UtilityTilesAndWhatLiesBesideTheStripHaveNoMenu) {
     EXPECT_FALSE(closeMenu);
 }
 
-TEST_F(DockRootViewTest, SeparatorsAndTheBareStripLeadToTheSettingsAndToTheEnd) {
+TEST_F(DockRootViewTest, TheMenuOfATileCallsTheFileManagerAsTheDesktopDoes) {
+    dock.platform.words.fileManagerInTitle = "Folders";
+    dock.setTiles(1, 0);
+    show();
+
+    send(Kind::secondaryPressed, centerOfIcon(0));
+
+    EXPECT_EQ(menuTitles, (std::vector<std::string>{"Open", "Show in Folders"}));
+}
+
+TEST_F(DockRootViewTest, TheMenuBesideTheTilesDoesNotQuitWhereAStatusItemDoes) {
+    dock.setTiles(1, 1);
+    show();
+    const Rect strip = nodes(NodeID::Part::strip).front().frame;
+
+    send(Kind::secondaryPressed, {strip.minX() + 2, strip.midY()});
+    EXPECT_EQ(menuTitles, (std::vector<std::string>{"Settings…"}));
+    closeMenu(0);
+
+    EXPECT_EQ(dock.actionsTaken, (std::vector<std::string>{"settings"}));
+}
+
+TEST_F(DockRootViewTest, SeparatorsAndTheBareStripLeadToTheSettingsAndWithoutAStatusItemToTheEnd) {
+    dock.platform.statusBar.hasPlace = false;
     dock.setTiles(1, 1);
     show();
     const Point separator = nodes(NodeID::Part::separator).front().frame.center();

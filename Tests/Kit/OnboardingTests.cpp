@@ -22,7 +22,7 @@ std::vector<std::string> buttonTitles(const OnboardingPage& page) {
 }
 
 TEST(OnboardingView, SaysFirstWhatTheProgramDoes) {
-    const OnboardingPage page = OnboardingView::page(0, Status::off);
+    const OnboardingPage page = OnboardingView::page(0, {Status::off}, {});
     EXPECT_EQ(page.title, "Every display deserves a Dock");
     EXPECT_EQ(page.text, "Vireline puts a dock on every display that does not have one. Apple's "
                          "Dock stays exactly where it is, badges and all.");
@@ -31,7 +31,7 @@ TEST(OnboardingView, SaysFirstWhatTheProgramDoes) {
 }
 
 TEST(OnboardingView, SaysThenHowTheDockBehaves) {
-    const OnboardingPage page = OnboardingView::page(1, Status::off);
+    const OnboardingPage page = OnboardingView::page(1, {Status::off}, {});
     EXPECT_EQ(page.title, "It behaves like the real thing");
     EXPECT_EQ(page.text, "");
     EXPECT_EQ(
@@ -47,7 +47,7 @@ TEST(OnboardingView, SaysThenHowTheDockBehaves) {
 }
 
 TEST(OnboardingView, OffersTheWindowFeaturesLast) {
-    const OnboardingPage page = OnboardingView::page(2, Status::off);
+    const OnboardingPage page = OnboardingView::page(2, {Status::off}, {});
     EXPECT_EQ(page.title, "Window superpowers");
     EXPECT_EQ(page.text, "One macOS permission unlocks four more features");
     EXPECT_EQ(page.rows, (Rows{{"pin", "Anchor: Apple's Dock stops jumping between displays"},
@@ -61,23 +61,23 @@ TEST(OnboardingView, OffersTheWindowFeaturesLast) {
 
 // Behaviour: onboarding-3
 TEST(OnboardingView, LeadsForwardAndBackWithinItsPages) {
-    EXPECT_EQ(buttonTitles(OnboardingView::page(0, Status::off)),
+    EXPECT_EQ(buttonTitles(OnboardingView::page(0, {Status::off}, {})),
               std::vector<std::string>{"Continue"});
-    EXPECT_EQ(buttonTitles(OnboardingView::page(1, Status::off)),
+    EXPECT_EQ(buttonTitles(OnboardingView::page(1, {Status::off}, {})),
               (std::vector<std::string>{"Back", "Continue"}));
-    EXPECT_EQ(buttonTitles(OnboardingView::page(2, Status::off)),
+    EXPECT_EQ(buttonTitles(OnboardingView::page(2, {Status::off}, {})),
               (std::vector<std::string>{"Back", "Start using Vireline"}));
 }
 
 TEST(OnboardingView, CountsItsPages) {
     for (int step = 0; step <= OnboardingView::lastStep; ++step) {
-        EXPECT_EQ(OnboardingView::page(step, Status::off).index, step);
-        EXPECT_EQ(OnboardingView::page(step, Status::off).pageCount, 3);
+        EXPECT_EQ(OnboardingView::page(step, {Status::off}, {}).index, step);
+        EXPECT_EQ(OnboardingView::page(step, {Status::off}, {}).pageCount, 3);
     }
 }
 
 TEST(OnboardingView, OffersToEnableTheFeaturesWhileTheAnchorIsOff) {
-    EXPECT_EQ(OnboardingView::page(2, Status::off).permission,
+    EXPECT_EQ(OnboardingView::page(2, {Status::off}, {}).permission,
               (PermissionBlock{
                   std::nullopt,
                   OnboardingButton{"Enable window superpowers", OnboardingAction::enableFeatures},
@@ -85,8 +85,21 @@ TEST(OnboardingView, OffersToEnableTheFeaturesWhileTheAnchorIsOff) {
                   "Settings anytime."}));
 }
 
+TEST(OnboardingView, OffersNoWindowFeatureWhereNoWindowCanBeMoved) {
+    for (const Status status : {Status::off, Status::waitingForPermission, Status::active}) {
+        const OnboardingPage page = OnboardingView::page(2, {status, false}, {});
+        EXPECT_EQ(page.title, "Window superpowers");
+        EXPECT_EQ(page.text, "They need a window manager that can move other programs' windows, "
+                             "which the one that runs now cannot. Everything else works without "
+                             "them.");
+        EXPECT_EQ(page.rows, Rows{});
+        EXPECT_EQ(page.permission, std::nullopt);
+        EXPECT_EQ(buttonTitles(page), (std::vector<std::string>{"Back", "Start using Vireline"}));
+    }
+}
+
 TEST(OnboardingView, ExplainsWhatItWaitsFor) {
-    EXPECT_EQ(OnboardingView::page(2, Status::waitingForPermission).permission,
+    EXPECT_EQ(OnboardingView::page(2, {Status::waitingForPermission}, {}).permission,
               (PermissionBlock{
                   StatusLine{"", StatusLine::Tone::neutral,
                              "Grant Vireline access in the Accessibility pane that just opened, "
@@ -96,10 +109,24 @@ TEST(OnboardingView, ExplainsWhatItWaitsFor) {
 }
 
 TEST(OnboardingView, ShowsInGreenThatTheFeaturesAreEnabled) {
-    EXPECT_EQ(OnboardingView::page(2, Status::active).permission,
+    EXPECT_EQ(OnboardingView::page(2, {Status::active}, {}).permission,
               (PermissionBlock{StatusLine{"checkmark.circle.fill", StatusLine::Tone::positive,
                                           "Enabled. Enjoy.", StatusLine::Tone::neutral, ""},
                                std::nullopt, ""}));
+}
+
+TEST(OnboardingWindow, OpensNoPaneWhereThereIsNothingToGrant) {
+    test::FakePlatform platform;
+    platform.words.permissionPane.clear();
+    PreferencesStore store{platform.fileSystem, platform.userFolders};
+    DockAnchorGuard anchorGuard{platform.accessibility, platform.pointerTaps, platform.runLoop};
+    OnboardingWindowController controller{store, anchorGuard, platform.ports()};
+    controller.show();
+
+    platform.programWindows.tours.at(0)->listener.onboardingActed(OnboardingAction::enableFeatures);
+
+    EXPECT_TRUE(store.settings().fillOnDoubleClick);
+    EXPECT_TRUE(platform.workspace.openedPanes.empty());
 }
 
 class OnboardingWindowTest : public testing::Test {
@@ -124,8 +151,7 @@ protected:
     test::FakePlatform platform;
     PreferencesStore store{platform.fileSystem, platform.userFolders};
     DockAnchorGuard anchorGuard{platform.accessibility, platform.pointerTaps, platform.runLoop};
-    OnboardingWindowController controller{store, anchorGuard, platform.programWindows,
-                                          platform.workspace};
+    OnboardingWindowController controller{store, anchorGuard, platform.ports()};
 };
 
 TEST_F(OnboardingWindowTest, MakesItsWindowWhenItIsFirstShown) {
@@ -137,7 +163,7 @@ TEST_F(OnboardingWindowTest, MakesItsWindowWhenItIsFirstShown) {
     EXPECT_EQ(platform.programWindows.tours.size(), 1U);
     EXPECT_EQ(window().style, (WindowStyle{"Welcome to Vireline", {560, 480}, false}));
     EXPECT_EQ(window().timesShown, 2);
-    EXPECT_EQ(page(), OnboardingView::page(0, Status::off));
+    EXPECT_EQ(page(), OnboardingView::page(0, {Status::off}, {}));
 }
 
 TEST_F(OnboardingWindowTest, TurnsPagesAndNeverLeavesThem) {
@@ -171,6 +197,17 @@ TEST_F(OnboardingWindowTest, StartsOverAfterItWasClosed) {
 
     EXPECT_EQ(page().index, 0);
     EXPECT_FALSE(store.settings().onboardingCompleted);
+}
+
+TEST_F(OnboardingWindowTest, LooksAtEachPageWhetherWindowsCanBeMoved) {
+    platform.accessibility.movesWindows = false;
+    showLastPage();
+    EXPECT_FALSE(page().permission);
+
+    platform.accessibility.movesWindows = true;
+    act(OnboardingAction::back);
+    act(OnboardingAction::advance);
+    EXPECT_TRUE(page().permission);
 }
 
 // Behaviour: onboarding-1

@@ -15,7 +15,7 @@ using test::rowOf;
 
 Form formOf(const Settings& settings, Status anchor = Status::off, bool launchesAtLogin = false) {
     return SettingsView::form(settings,
-                              {.launchesAtLogin = launchesAtLogin, .anchorStatus = anchor});
+                              {.launchesAtLogin = launchesAtLogin, .anchorStatus = anchor}, {});
 }
 
 const std::string& captionOf(const Form& form, SettingsField field) {
@@ -257,6 +257,35 @@ TEST(SettingsView, SaysNothingOfAnAnchorThatIsAboutToStart) {
     settings.anchorAppleDock = true;
     EXPECT_EQ(rowOf(formOf(settings, Status::off), SettingsField::anchorAppleDock).status,
               std::nullopt);
+}
+
+TEST(SettingsView, SaysAtEachWindowFeatureThatNoWindowCanBeMoved) {
+    const auto statusOf = [](SettingsField field, bool canMoveWindows) {
+        const Form form = SettingsView::form(
+            {}, {.anchorStatus = Status::off, .canMoveWindows = canMoveWindows}, {});
+        return rowOf(form, field).status;
+    };
+    for (const SettingsField field :
+         {SettingsField::openOnThisDisplay, SettingsField::summonOnClick,
+          SettingsField::fillOnDoubleClick}) {
+        EXPECT_EQ(statusOf(field, true), std::nullopt);
+        EXPECT_EQ(statusOf(field, false),
+                  (StatusLine{"", StatusLine::Tone::neutral,
+                              "The window manager here cannot move other programs' windows.",
+                              StatusLine::Tone::warning, ""}));
+    }
+    EXPECT_EQ(statusOf(SettingsField::anchorAppleDock, false), std::nullopt);
+}
+
+TEST(SettingsView, SaysThatTheAnchorWaitsForAWindowManager) {
+    Settings settings;
+    settings.anchorAppleDock = true;
+    const Form form = SettingsView::form(
+        settings, {.anchorStatus = Status::waitingForPermission, .canMoveWindows = false}, {});
+    EXPECT_EQ(rowOf(form, SettingsField::anchorAppleDock).status,
+              (StatusLine{"", StatusLine::Tone::neutral,
+                          "Waiting for a window manager that can move windows.",
+                          StatusLine::Tone::warning, ""}));
 }
 
 TEST(SettingsView, TakesOverTheChosenOptions) {

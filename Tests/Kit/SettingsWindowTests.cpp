@@ -38,8 +38,7 @@ protected:
     PreferencesStore store{platform.fileSystem, platform.userFolders};
     LoginItemManager loginItem{platform.loginItem};
     DockAnchorGuard anchorGuard{platform.accessibility, platform.pointerTaps, platform.runLoop};
-    SettingsWindowController controller{store, loginItem, anchorGuard, platform.programWindows,
-                                        platform.workspace};
+    SettingsWindowController controller{store, loginItem, anchorGuard, platform.ports()};
 };
 
 TEST_F(SettingsWindowTest, MakesItsWindowWhenItIsFirstShown) {
@@ -49,7 +48,7 @@ TEST_F(SettingsWindowTest, MakesItsWindowWhenItIsFirstShown) {
 
     EXPECT_EQ(window().style, (WindowStyle{"Vireline Settings", {480, 640}, true}));
     EXPECT_EQ(window().timesShown, 1);
-    EXPECT_EQ(window().content, SettingsView::form({}, {}));
+    EXPECT_EQ(window().content, SettingsView::form({}, {}, {}));
 }
 
 // Behaviour: settings-window-1
@@ -91,8 +90,34 @@ TEST_F(SettingsWindowTest, WritesEveryControlThroughTheStoreAtOnce) {
         expected = SettingsView::edited(expected, field, value);
         EXPECT_EQ(store.settings(), expected);
         EXPECT_EQ(platform.fileSystem.writes[store.fileURL().path()].size(), ++saves);
-        EXPECT_EQ(window().content, SettingsView::form(expected, {}));
+        EXPECT_EQ(window().content, SettingsView::form(expected, {}, {}));
     }
+}
+
+TEST(SettingsWindow, CallsThingsAsThePlatformDoes) {
+    test::FakePlatform platform;
+    platform.words.dock = "the shelf";
+    PreferencesStore store{platform.fileSystem, platform.userFolders};
+    LoginItemManager loginItem{platform.loginItem};
+    DockAnchorGuard anchorGuard{platform.accessibility, platform.pointerTaps, platform.runLoop};
+    SettingsWindowController controller{store, loginItem, anchorGuard, platform.ports()};
+
+    controller.show();
+
+    EXPECT_EQ(
+        test::rowOf(platform.programWindows.forms.at(0)->content, SettingsField::anchorAppleDock)
+            .title,
+        "Keep the shelf on its own display");
+}
+
+TEST_F(SettingsWindowTest, LooksEachTimeWhetherWindowsCanBeMoved) {
+    platform.accessibility.movesWindows = false;
+    controller.show();
+    EXPECT_TRUE(row(SettingsField::summonOnClick).status);
+
+    platform.accessibility.movesWindows = true;
+    controller.show();
+    EXPECT_FALSE(row(SettingsField::summonOnClick).status);
 }
 
 // Behaviour: settings-window-3

@@ -87,10 +87,15 @@ PanelSpec specOf(const PicturedDock::Options& options) {
 
 DockViewContext contextWith(DockFixture& fixture, IconStore& icons) {
     const DockViewContext context = fixture.context();
-    return {context.model,           icons,
-            context.actions,         context.runLoop,
-            context.pointerSettings, context.motionSettings,
-            context.trash,           std::nullopt};
+    return {context.model,
+            icons,
+            context.actions,
+            context.runLoop,
+            context.pointerSettings,
+            context.motionSettings,
+            context.trash,
+            context.words,
+            std::nullopt};
 }
 
 }

@@ -47,7 +47,7 @@ class FormViewTest : public OwnWindowsTest {
 protected:
     void present(const Settings& settings, Status anchor = Status::off) {
         view.present(
-            SettingsView::form(settings, {.launchesAtLogin = false, .anchorStatus = anchor}));
+            SettingsView::form(settings, {.launchesAtLogin = false, .anchorStatus = anchor}, {}));
     }
     /// The control of this accessible name; null if none is to be seen.
     template <class Control>
@@ -173,7 +173,7 @@ TEST_F(FormViewTest, ShowsValuesWithoutClampingWhatTheFileHolds) {
 TEST_F(OwnWindowsTest, HaveASymbolForEveryNameThatTheProgramUses) {
     std::vector<std::string> names{"dock.rectangle", "checkmark.circle.fill"};
     for (int step = 0; step <= OnboardingView::lastStep; ++step) {
-        for (const FeatureRow& row : OnboardingView::page(step, Status::active).rows)
+        for (const FeatureRow& row : OnboardingView::page(step, {Status::active}, {}).rows)
             names.push_back(row.symbol);
     }
     EXPECT_EQ(names.size(), 10U);
@@ -192,7 +192,7 @@ TEST_F(OwnWindowsTest, HaveASymbolForEveryNameThatTheProgramUses) {
 
 TEST_F(OwnWindowsTest, ShowAPageOfTheTourWithItsButtons) {
     std::vector<OnboardingAction> actions;
-    const OnboardingPageView page{OnboardingView::page(2, Status::off), symbols,
+    const OnboardingPageView page{OnboardingView::page(2, {Status::off}, {}), symbols,
                                   [&](OnboardingAction action) { actions.push_back(action); }};
 
     for (QPushButton* const button : page.findChildren<QPushButton*>())

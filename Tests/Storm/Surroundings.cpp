@@ -25,6 +25,8 @@ Surroundings::Surroundings()
     platform.fileSystem.put(letter);
     platform.fileSystem.put(locked);
     platform.trash.failures[locked.path()] = {13, "locked"};
+    // So that the menu beside the tiles has all of its entries.
+    platform.statusBar.hasPlace = false;
 }
 
 void Surroundings::writePins() {

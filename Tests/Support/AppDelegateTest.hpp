@@ -63,6 +63,11 @@ protected:
         dock().listener().pointerEvent(
             {PointerEvent::Kind::secondaryPressed, icons().at(index).frame.center()});
     }
+    void secondaryClickBesideTheTiles() {
+        const Rect icon = icons()[0].frame;
+        dock().listener().pointerEvent(
+            {PointerEvent::Kind::secondaryPressed, {icon.minX() - 3, icon.midY()}});
+    }
     void clickTile(std::size_t index) {
         const Point p = icons().at(index).frame.center();
         dock().listener().pointerEvent({PointerEvent::Kind::pressed, p});

@@ -15,6 +15,7 @@ DockViewContext DockFixture::context() {
             platform.pointerSettings,
             platform.motionSettings,
             trash,
+            platform.words,
             std::nullopt};
 }
 
@@ -37,8 +38,8 @@ DockActions DockFixture::recordingActions() {
     recording.doubleClick = [=](const DockItem& item, std::uint32_t display) {
         record("double-click " + item.id + " #" + std::to_string(display));
     };
-    recording.menuSelect = [=](MenuEntry entry, const DockItem& item, std::uint32_t display) {
-        record("menu " + std::string{title(entry)} + " " + item.id + " #" +
+    recording.menuSelect = [=, this](MenuEntry entry, const DockItem& item, std::uint32_t display) {
+        record("menu " + title(entry, platform.words) + " " + item.id + " #" +
                std::to_string(display));
     };
     recording.addApp = [=](const FileURL& url) { record("add " + url.path()); };
@@ -51,6 +52,7 @@ DockActions DockFixture::recordingActions() {
         record("trash " + std::to_string(urls.size()));
     };
     recording.showSettings = [=] { record("settings"); };
+    recording.hasStatusItem = [this] { return platform.statusBar.hasPlace; };
     recording.quit = [=] { record("quit"); };
     return recording;
 }

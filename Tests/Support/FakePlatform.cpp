@@ -24,6 +24,7 @@ Platform FakePlatform::ports() {
         .statusBar = statusBar,
         .loginItemService = loginItem,
         .programWindows = programWindows,
+        .words = words,
     };
 }
 

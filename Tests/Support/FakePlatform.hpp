@@ -49,6 +49,7 @@ public:
     FakeLoginItemService loginItem;
     FakeProgramWindows programWindows;
     FakeApplication application;
+    DesktopWords words;
 };
 
 /// One tile of "persistent-apps" as the desktop's own dock writes it; what is absent is left out.

@@ -30,7 +30,8 @@ private:
 
 class RecordedStatusItem final : public StatusItem {
 public:
-    explicit RecordedStatusItem(std::optional<FakeStatusItem>& item) : item_(item) {}
+    RecordedStatusItem(std::optional<FakeStatusItem>& item, const bool& hasPlace)
+        : item_(item), hasPlace_(hasPlace) {}
     RecordedStatusItem(const RecordedStatusItem&) = delete;
     RecordedStatusItem& operator=(const RecordedStatusItem&) = delete;
     RecordedStatusItem(RecordedStatusItem&&) = delete;
@@ -42,9 +43,11 @@ public:
         item_->description = accessibilityDescription;
     }
     void setMenu(const Menu& menu) override { item_->menu = menu; }
+    [[nodiscard]] bool hasPlace() const override { return hasPlace_; }
 
 private:
     std::optional<FakeStatusItem>& item_;
+    const bool& hasPlace_;
 };
 
 /// Chooses the entry of an open menu that `matches`, if there is one.
@@ -108,7 +111,7 @@ std::unique_ptr<StatusItem> FakeStatusBar::makeStatusItem(StatusItemListener& li
     ++made;
     item.emplace();
     item->listener = &listener;
-    return std::make_unique<RecordedStatusItem>(item);
+    return std::make_unique<RecordedStatusItem>(item, hasPlace);
 }
 
 const Menu& FakeStatusBar::openMenu() {

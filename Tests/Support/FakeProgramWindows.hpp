@@ -82,6 +82,8 @@ public:
     /// Presses a key with the command modifier while the menu is open.
     void pressKey(char key);
 
+    /// Whether the desktop has room for the item.
+    bool hasPlace = true;
     /// The one that is there.
     std::optional<FakeStatusItem> item;
     int made = 0;

@@ -280,6 +280,7 @@ Platform FaultyPlatform::ports() {
         .statusBar = others.statusBar,
         .loginItemService = ports_->loginItem,
         .programWindows = others.programWindows,
+        .words = others.words,
     };
 }
 

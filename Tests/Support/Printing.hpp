@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Interaction/ClickPolicy.hpp"
+#include "Platform/DesktopWords.hpp"
 #include "Settings/Settings.hpp"
 
 #include <ostream>
@@ -9,7 +10,7 @@
 namespace vireline {
 
 inline std::ostream& operator<<(std::ostream& out, MenuEntry entry) {
-    return out << title(entry);
+    return out << title(entry, DesktopWords{});
 }
 
 inline std::ostream& operator<<(std::ostream& out, DockPosition position) {

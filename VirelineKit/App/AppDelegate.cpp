@@ -58,14 +58,13 @@ void AppDelegate::makeStatusItem() {
 
 void AppDelegate::showSettings() {
     if (!settingsWindow_)
-        settingsWindow_.emplace(store_, loginItem_, anchorGuard_, platform_.programWindows,
-                                platform_.workspace);
+        settingsWindow_.emplace(store_, loginItem_, anchorGuard_, platform_);
     settingsWindow_->show();
 }
 
 void AppDelegate::showOnboarding() {
     if (!onboarding_)
-        onboarding_.emplace(store_, anchorGuard_, platform_.programWindows, platform_.workspace);
+        onboarding_.emplace(store_, anchorGuard_, platform_);
     onboarding_->show();
 }
 
@@ -137,6 +136,7 @@ DockViewContext AppDelegate::makeViewContext() {
             platform_.pointerSettings,
             platform_.motionSettings,
             trashService_,
+            platform_.words,
             demoCursor()};
 }
 
@@ -169,6 +169,8 @@ DockActions AppDelegate::makeDockActions() {
     actions.trashFiles =
         lifetime_.guard([this](const std::vector<FileURL>& urls) { trashService_.trash(urls); });
     actions.showSettings = lifetime_.guard([this] { showSettings(); });
+    actions.hasStatusItem =
+        lifetime_.guardOr(true, [this] { return statusItem_ && statusItem_->hasPlace(); });
     actions.quit = lifetime_.guard([this] {
         DevLog::write("quit from dock");
         platform_.application.terminate();

@@ -23,6 +23,9 @@ public:
     StatusItemController(StatusItemController&&) = delete;
     StatusItemController& operator=(StatusItemController&&) = delete;
 
+    /// Whether the user can reach the item.
+    [[nodiscard]] bool hasPlace() const { return statusItem_->hasPlace(); }
+
 private:
     void menuNeedsUpdate(Menu& menu) override;
     void menuItemChosen(std::size_t index) override;

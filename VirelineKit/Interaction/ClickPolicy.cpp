@@ -1,15 +1,17 @@
 #include "Interaction/ClickPolicy.hpp"
 
+#include "Platform/DesktopWords.hpp"
+
 namespace vireline {
 
-std::string_view title(MenuEntry entry) noexcept {
+std::string title(MenuEntry entry, const DesktopWords& words) {
     switch (entry) {
     case MenuEntry::open:
         return "Open";
     case MenuEntry::show:
         return "Show";
     case MenuEntry::showInFinder:
-        return "Show in Finder";
+        return "Show in " + words.fileManagerInTitle;
     case MenuEntry::removeFromDock:
         return "Remove from Dock";
     case MenuEntry::quit:

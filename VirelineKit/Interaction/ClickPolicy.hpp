@@ -1,10 +1,12 @@
 /// What a click on an app's tile means and what its menu offers.
 #pragma once
 
-#include <string_view>
+#include <string>
 #include <vector>
 
 namespace vireline {
+
+struct DesktopWords;
 
 enum class ClickAction {
     launch,   ///< it does not run: start it
@@ -16,7 +18,7 @@ enum class ClickAction {
 enum class MenuEntry { open, show, showInFinder, removeFromDock, quit };
 
 /// The text that the menu shows.
-[[nodiscard]] std::string_view title(MenuEntry entry) noexcept;
+[[nodiscard]] std::string title(MenuEntry entry, const DesktopWords& words);
 
 namespace ClickPolicy {
 

@@ -25,6 +25,8 @@ struct DockActions {
     std::function<void(const FileURL& url)> openFolder;
     std::function<void(const std::vector<FileURL>& urls)> trashFiles;
     std::function<void()> showSettings;
+    /// Whether the desktop has a place for the status item, whose menu quits the program.
+    std::function<bool()> hasStatusItem;
     std::function<void()> quit;
 };
 

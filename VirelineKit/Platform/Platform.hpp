@@ -1,6 +1,8 @@
 /// All ports of one platform, as the application delegate receives them.
 #pragma once
 
+#include "Platform/DesktopWords.hpp"
+
 namespace vireline {
 
 class Accessibility;
@@ -24,7 +26,7 @@ class Trash;
 class UserFolders;
 class Workspace;
 
-/// References to objects that outlive the program's own.
+/// References to objects that outlive the program's own, and what its texts call things here.
 struct Platform {
     Application& application;
     RunLoop& runLoop;
@@ -46,6 +48,7 @@ struct Platform {
     StatusBar& statusBar;
     LoginItemService& loginItemService;
     ProgramWindows& programWindows;
+    DesktopWords words{};
 };
 
 }

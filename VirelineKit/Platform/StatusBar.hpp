@@ -32,6 +32,9 @@ public:
                           const std::string& accessibilityDescription) = 0;
 
     virtual void setMenu(const Menu& menu) = 0;
+
+    /// Whether the desktop has a place for it now.
+    [[nodiscard]] virtual bool hasPlace() const = 0;
 };
 
 class StatusBar {

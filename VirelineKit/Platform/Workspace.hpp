@@ -22,9 +22,9 @@ public:
     /// Shows the files in the file manager, selected.
     virtual void reveal(const std::vector<FileURL>& urls) = 0;
 
-    /// Opens a pane of the system's settings by its URL. A system without a matching pane says so
-    /// in the log.
-    virtual void openSystemSettings(const std::string& paneURL) = 0;
+    /// Opens a pane of the system's settings by its URL. Only asked of a platform whose words name
+    /// such a pane.
+    virtual void openSystemSettings(const std::string& /*paneURL*/) {}
 };
 
 }

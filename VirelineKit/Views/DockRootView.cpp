@@ -325,7 +325,7 @@ void DockRootView::requestMenu(std::size_t index) {
     auto entries = ClickPolicy::menuEntries(tile.item.isRunning, canRemove);
     Menu menu;
     for (const MenuEntry entry : entries) {
-        menu.entries.emplace_back(MenuCommand{std::string{title(entry)}});
+        menu.entries.emplace_back(MenuCommand{title(entry, context_.words)});
     }
     auto closed = [this, entries = std::move(entries),
                    item = tile.item](std::optional<std::size_t> chosen) {
@@ -337,11 +337,14 @@ void DockRootView::requestMenu(std::size_t index) {
                   lifetime_.guard(std::move(closed)));
 }
 
-/// A desktop may lack the place for a status item; the way to the settings is here as well.
+/// The settings can be opened from here as well. A right-click that misses a tile by a few points
+/// must not offer to quit the program, unless there is no status item that does.
 void DockRootView::requestProgramMenu(Point at) {
     if (!onMenuRequest)
         return;
-    const Menu menu{{MenuCommand{"Settings…"}, MenuCommand{"Quit Vireline"}}};
+    Menu menu{{MenuCommand{"Settings…"}}};
+    if (!context_.actions.hasStatusItem())
+        menu.entries.emplace_back(MenuCommand{"Quit Vireline"});
     const auto closed = [this](std::optional<std::size_t> chosen) {
         if (chosen == 0U)
             context_.actions.showSettings();

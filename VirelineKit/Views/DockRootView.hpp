@@ -23,6 +23,7 @@
 
 namespace vireline {
 
+struct DesktopWords;
 class MotionSettings;
 class PointerSettings;
 class RunLoop;
@@ -36,6 +37,7 @@ struct DockViewContext {
     const PointerSettings& pointerSettings;
     const MotionSettings& motionSettings;
     const TrashService& trash;
+    const DesktopWords& words;
     /// Freezes a magnified state for screenshots until the pointer comes.
     std::optional<double> demoCursorFraction;
 };

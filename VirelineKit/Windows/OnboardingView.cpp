@@ -3,30 +3,30 @@
 namespace vireline::OnboardingView {
 namespace {
 
-OnboardingPage purpose() {
+OnboardingPage purpose(const DesktopWords& words) {
     OnboardingPage page;
-    page.title = "Every display deserves a Dock";
-    page.text = "Vireline puts a dock on every display that does not have one. Apple's Dock stays "
-                "exactly where it is, badges and all.";
+    page.title = "Every display deserves a " + words.anyDock;
+    page.text = "Vireline puts a dock on every display that does not have one. " +
+                words.dockAtStart + " stays exactly where it is, badges and all.";
     return page;
 }
 
-OnboardingPage conduct() {
+OnboardingPage conduct(const DesktopWords& words) {
     OnboardingPage page;
     page.title = "It behaves like the real thing";
     page.rows = {
         {"cursorarrow.click", "Click to launch, raise, or hide. Right-click for options."},
-        {"rectangle.on.rectangle", "Mirrors Apple's Dock automatically. Drag a tile to make it "
-                                   "your own list instead."},
-        {"slider.horizontal.3", "Auto-hide, position, icon size and magnification live in "
-                                "Settings, in the menu bar."},
-        {"arrow.left.arrow.right", "If Apple's Dock visits this display, Vireline politely swaps "
-                                   "to the other one."},
+        {"rectangle.on.rectangle",
+         "Mirrors " + words.dock + " automatically. Drag a tile to make it your own list instead."},
+        {"slider.horizontal.3",
+         "Auto-hide, position, icon size and magnification live in Settings" + words.wayToSettings},
+        {"arrow.left.arrow.right",
+         "If " + words.dock + " visits this display, Vireline politely swaps to the other one."},
     };
     return page;
 }
 
-PermissionBlock permission(DockAnchorGuard::Status status) {
+PermissionBlock permission(DockAnchorGuard::Status status, const DesktopWords& words) {
     using Tone = StatusLine::Tone;
     PermissionBlock block;
     switch (status) {
@@ -35,12 +35,7 @@ PermissionBlock permission(DockAnchorGuard::Status status) {
             "checkmark.circle.fill", Tone::positive, "Enabled. Enjoy.", Tone::neutral, {}};
         break;
     case DockAnchorGuard::Status::waitingForPermission:
-        block.line = StatusLine{{},
-                                Tone::neutral,
-                                "Grant Vireline access in the Accessibility pane that just "
-                                "opened, and this turns green by itself.",
-                                Tone::neutral,
-                                {}};
+        block.line = StatusLine{{}, Tone::neutral, words.tourWaits, Tone::neutral, {}};
         break;
     case DockAnchorGuard::Status::off:
         block.button =
@@ -52,30 +47,35 @@ PermissionBlock permission(DockAnchorGuard::Status status) {
     return block;
 }
 
-OnboardingPage features(DockAnchorGuard::Status status) {
+OnboardingPage features(const Surroundings& surroundings, const DesktopWords& words) {
     OnboardingPage page;
     page.title = "Window superpowers";
-    page.text = "One macOS permission unlocks four more features";
+    if (!surroundings.canMoveWindows) {
+        page.text = "They need a window manager that can move other programs' windows, which the "
+                    "one that runs now cannot. Everything else works without them.";
+        return page;
+    }
+    page.text = words.fourFeatures;
     page.rows = {
-        {"pin", "Anchor: Apple's Dock stops jumping between displays"},
+        {"pin", "Anchor: " + words.dock + " stops jumping between displays"},
         {"macwindow.badge.plus", "Open here: apps launched from a dock open on that display"},
         {"arrow.right.doc.on.clipboard", "Summon: click a running app to bring its window over"},
         {"rectangle.expand.vertical", "Fill: double-click to fill the display, dock kept clear"},
     };
-    page.permission = permission(status);
+    page.permission = permission(surroundings.anchorStatus, words);
     return page;
 }
 
-OnboardingPage content(int step, DockAnchorGuard::Status status) {
+OnboardingPage content(int step, const Surroundings& surroundings, const DesktopWords& words) {
     if (step == 0)
-        return purpose();
-    return step < lastStep ? conduct() : features(status);
+        return purpose(words);
+    return step < lastStep ? conduct(words) : features(surroundings, words);
 }
 
 }
 
-OnboardingPage page(int step, DockAnchorGuard::Status anchorStatus) {
-    OnboardingPage page = content(step, anchorStatus);
+OnboardingPage page(int step, const Surroundings& surroundings, const DesktopWords& words) {
+    OnboardingPage page = content(step, surroundings, words);
     page.index = step;
     page.pageCount = lastStep + 1;
     if (step > 0)

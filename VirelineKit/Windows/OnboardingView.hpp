@@ -1,6 +1,7 @@
 /// The pages of the welcome tour.
 #pragma once
 
+#include "Platform/DesktopWords.hpp"
 #include "WindowManagement/DockAnchorGuard.hpp"
 #include "Windows/OnboardingPage.hpp"
 
@@ -9,7 +10,15 @@ namespace vireline::OnboardingView {
 /// The index of the last page.
 inline constexpr int lastStep = 2;
 
+/// What a page depends on besides its index.
+struct Surroundings {
+    DockAnchorGuard::Status anchorStatus = DockAnchorGuard::Status::off;
+    /// Whether this desktop lets any program move the windows of others.
+    bool canMoveWindows = true;
+};
+
 /// The page of an index from 0 to `lastStep`.
-[[nodiscard]] OnboardingPage page(int step, DockAnchorGuard::Status anchorStatus);
+[[nodiscard]] OnboardingPage page(int step, const Surroundings& surroundings,
+                                  const DesktopWords& words);
 
 }

@@ -1,11 +1,12 @@
 #include "Windows/OnboardingWindow.hpp"
 
 #include "App/DevLog.hpp"
+#include "Platform/Accessibility.hpp"
+#include "Platform/Platform.hpp"
 #include "Platform/Workspace.hpp"
 #include "Settings/PreferencesStore.hpp"
 #include "WindowManagement/DockAnchorGuard.hpp"
 #include "Windows/OnboardingView.hpp"
-#include "Windows/SystemSettings.hpp"
 
 #include <algorithm>
 
@@ -13,9 +14,13 @@ namespace vireline {
 
 OnboardingWindowController::OnboardingWindowController(PreferencesStore& store,
                                                        DockAnchorGuard& anchorGuard,
-                                                       ProgramWindows& windows,
-                                                       Workspace& workspace)
-    : store_(store), anchorGuard_(anchorGuard), windows_(windows), workspace_(workspace) {}
+                                                       const Platform& platform)
+    : store_(store)
+    , anchorGuard_(anchorGuard)
+    , windows_(platform.programWindows)
+    , workspace_(platform.workspace)
+    , accessibility_(platform.accessibility)
+    , words_(platform.words) {}
 
 void OnboardingWindowController::show() {
     if (!window_)
@@ -37,7 +42,9 @@ void OnboardingWindowController::makeWindow() {
 }
 
 void OnboardingWindowController::present() {
-    window_->present(OnboardingView::page(step_, anchorGuard_.status()));
+    const OnboardingView::Surroundings surroundings{
+        .anchorStatus = anchorGuard_.status(), .canMoveWindows = accessibility_.canMoveWindows()};
+    window_->present(OnboardingView::page(step_, surroundings, words_));
 }
 
 void OnboardingWindowController::onboardingActed(OnboardingAction action) {
@@ -66,7 +73,8 @@ void OnboardingWindowController::enableFeatures() {
         settings.*feature = true;
         store_.setSettings(std::move(settings));
     }
-    workspace_.openSystemSettings(SystemSettings::accessibilityPane);
+    if (!words_.permissionPane.empty())
+        workspace_.openSystemSettings(words_.permissionPane);
 }
 
 void OnboardingWindowController::finish() {

@@ -3,20 +3,23 @@
 
 #include "Foundation/Lifetime.hpp"
 #include "Foundation/ScopedHandle.hpp"
+#include "Platform/DesktopWords.hpp"
 #include "Platform/ProgramWindows.hpp"
 
 #include <memory>
 
 namespace vireline {
 
+class Accessibility;
 class DockAnchorGuard;
 class PreferencesStore;
 class Workspace;
+struct Platform;
 
 class OnboardingWindowController : private OnboardingListener {
 public:
     OnboardingWindowController(PreferencesStore& store, DockAnchorGuard& anchorGuard,
-                               ProgramWindows& windows, Workspace& workspace);
+                               const Platform& platform);
     ~OnboardingWindowController() override = default;
     OnboardingWindowController(const OnboardingWindowController&) = delete;
     OnboardingWindowController& operator=(const OnboardingWindowController&) = delete;
@@ -41,6 +44,8 @@ private:
     DockAnchorGuard& anchorGuard_;
     ProgramWindows& windows_;
     Workspace& workspace_;
+    const Accessibility& accessibility_;
+    DesktopWords words_;
     std::unique_ptr<OnboardingPageWindow> window_;
     int step_ = 0;
     Subscription anchorStatus_;

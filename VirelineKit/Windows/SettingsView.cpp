@@ -50,16 +50,22 @@ FormRow toggle(SettingsField field, std::string title, bool isOn, std::string ca
     return {field, std::move(title), Toggle{isOn}, std::move(caption), std::nullopt};
 }
 
-FormSection apps(const Settings& settings) {
-    const char* const caption =
+/// The sentences that there are, in one caption.
+std::string joined(const std::string& first, const std::string& second) {
+    return second.empty() ? first : first + " " + second;
+}
+
+FormSection apps(const Settings& settings, const DesktopWords& words) {
+    const std::string caption =
         settings.sourceMode == SourceMode::mirror
-            ? "The second dock follows Apple's Dock automatically. Reordering or adding an app "
-              "switches to your own manual list."
-            : "Drag apps from Finder onto the dock to add them. Drag tiles to reorder. Right-click "
-              "a tile to remove it.";
+            ? "The second dock follows " + words.dock +
+                  " automatically. Reordering or adding an app switches to your own manual list."
+            : "Drag apps from " + words.fileManager +
+                  " onto the dock to add them. Drag tiles to reorder. Right-click a tile to remove "
+                  "it.";
     return {"Apps",
             {{SettingsField::sourceMode, "Source",
-              RadioGroup{{"Mirror Apple's Dock", "Manual list"},
+              RadioGroup{{"Mirror " + words.dock, "Manual list"},
                          indexOf(sourceModes, settings.sourceMode)},
               caption, std::nullopt}}};
 }
@@ -89,58 +95,71 @@ FormSection appearance(const Settings& settings) {
     return section;
 }
 
-std::optional<StatusLine> anchorLine(const Settings& settings, DockAnchorGuard::Status status) {
+StatusLine warning(std::string text, std::string button = {}) {
+    using Tone = StatusLine::Tone;
+    return {{}, Tone::neutral, std::move(text), Tone::warning, std::move(button)};
+}
+
+std::optional<StatusLine> anchorLine(const Settings& settings, const Surroundings& surroundings,
+                                     const DesktopWords& words) {
     using Tone = StatusLine::Tone;
     if (!settings.anchorAppleDock)
         return std::nullopt;
-    switch (status) {
+    switch (surroundings.anchorStatus) {
     case DockAnchorGuard::Status::active:
         return StatusLine{"checkmark.circle.fill",
                           Tone::positive,
-                          "Active. Apple's Dock stays where it is.",
+                          "Active. " + words.dockAtStart + " stays where it is.",
                           Tone::neutral,
                           {}};
     case DockAnchorGuard::Status::waitingForPermission:
-        return StatusLine{{},
-                          Tone::neutral,
-                          "Waiting for permission.",
-                          Tone::warning,
-                          "Open Accessibility Settings"};
+        if (!surroundings.canMoveWindows)
+            return warning("Waiting for a window manager that can move windows.");
+        return warning(words.anchorWaits, words.openPermissionPane);
     case DockAnchorGuard::Status::off:
         break;
     }
     return std::nullopt;
 }
 
-FormSection behaviour(const Settings& settings, DockAnchorGuard::Status status) {
+FormSection behaviour(const Settings& settings, const Surroundings& surroundings,
+                      const DesktopWords& words) {
     FormSection section{
         "Behaviour",
         {toggle(SettingsField::autoHide, "Automatically hide and show the dock", settings.autoHide,
                 "The dock collapses to a thin line at the screen edge and returns when the pointer "
                 "touches it."),
-         toggle(SettingsField::anchorAppleDock, "Keep Apple's Dock on its own display",
+         toggle(SettingsField::anchorAppleDock, "Keep " + words.dock + " on its own display",
                 settings.anchorAppleDock,
-                "Stops Apple's Dock from jumping to this dock's display when the cursor pushes the "
-                "bottom edge. Needs the Accessibility permission, asked for when you switch it "
-                "on.")}};
-    section.rows.back().status = anchorLine(settings, status);
+                joined("Stops " + words.dock +
+                           " from jumping to this dock's display when the cursor pushes the bottom "
+                           "edge.",
+                       words.anchorNeeds))}};
+    section.rows.back().status = anchorLine(settings, surroundings, words);
     return section;
 }
 
-FormSection windows(const Settings& settings) {
-    return {"Windows",
-            {toggle(SettingsField::openOnThisDisplay, "Open apps on the dock's display",
-                    settings.openOnThisDisplay,
-                    "An app launched from this dock opens its window on this dock's display."),
-             toggle(SettingsField::summonOnClick, "Move windows to the dock you click",
-                    settings.summonOnClick,
-                    "Clicking a running app whose window sits on another display brings the window "
-                    "here."),
-             toggle(SettingsField::fillOnDoubleClick, "Fill the display on double-click",
-                    settings.fillOnDoubleClick,
-                    "Double-clicking a tile grows the app's window to fill this display's free "
-                    "space, leaving room for the dock. All three switches use the same "
-                    "Accessibility permission as the Dock anchor.")}};
+FormSection windows(const Settings& settings, const Surroundings& surroundings,
+                    const DesktopWords& words) {
+    FormSection section{
+        "Windows",
+        {toggle(SettingsField::openOnThisDisplay, "Open apps on the dock's display",
+                settings.openOnThisDisplay,
+                "An app launched from this dock opens its window on this dock's display."),
+         toggle(SettingsField::summonOnClick, "Move windows to the dock you click",
+                settings.summonOnClick,
+                "Clicking a running app whose window sits on another display brings the window "
+                "here."),
+         toggle(SettingsField::fillOnDoubleClick, "Fill the display on double-click",
+                settings.fillOnDoubleClick,
+                joined("Double-clicking a tile grows the app's window to fill this display's free "
+                       "space, leaving room for the dock.",
+                       words.windowFeaturesNeed))}};
+    if (!surroundings.canMoveWindows) {
+        for (FormRow& row : section.rows)
+            row.status = warning("The window manager here cannot move other programs' windows.");
+    }
+    return section;
 }
 
 template <class Options, class Value>
@@ -161,11 +180,11 @@ void toggle(const FormValue& value, bool& toggled) {
 
 }
 
-Form form(const Settings& settings, const Surroundings& surroundings) {
-    return {{apps(settings),
+Form form(const Settings& settings, const Surroundings& surroundings, const DesktopWords& words) {
+    return {{apps(settings, words),
              appearance(settings),
-             behaviour(settings, surroundings.anchorStatus),
-             windows(settings),
+             behaviour(settings, surroundings, words),
+             windows(settings, surroundings, words),
              {"General",
               {toggle(SettingsField::launchAtLogin, "Launch at login",
                       surroundings.launchesAtLogin)}}}};

@@ -2,6 +2,7 @@
 /// record.
 #pragma once
 
+#include "Platform/DesktopWords.hpp"
 #include "Settings/Settings.hpp"
 #include "WindowManagement/DockAnchorGuard.hpp"
 #include "Windows/Form.hpp"
@@ -12,9 +13,12 @@ namespace vireline::SettingsView {
 struct Surroundings {
     bool launchesAtLogin = false;
     DockAnchorGuard::Status anchorStatus = DockAnchorGuard::Status::off;
+    /// Whether this desktop lets any program move the windows of others.
+    bool canMoveWindows = true;
 };
 
-[[nodiscard]] Form form(const Settings& settings, const Surroundings& surroundings);
+[[nodiscard]] Form form(const Settings& settings, const Surroundings& surroundings,
+                        const DesktopWords& words);
 
 /// `settings` with one field as the user set it: a slider's value goes to the nearest step of its
 /// range. A value that no such control gives changes nothing, nor does a field that is no part of

@@ -1,23 +1,26 @@
 #include "Windows/SettingsWindow.hpp"
 
 #include "App/LoginItemManager.hpp"
+#include "Platform/Accessibility.hpp"
+#include "Platform/Platform.hpp"
 #include "Platform/Workspace.hpp"
 #include "Settings/PreferencesStore.hpp"
 #include "WindowManagement/DockAnchorGuard.hpp"
 #include "Windows/SettingsView.hpp"
-#include "Windows/SystemSettings.hpp"
 
 namespace vireline {
 
 SettingsWindowController::SettingsWindowController(PreferencesStore& store,
                                                    LoginItemManager& loginItem,
                                                    DockAnchorGuard& anchorGuard,
-                                                   ProgramWindows& windows, Workspace& workspace)
+                                                   const Platform& platform)
     : store_(store)
     , loginItem_(loginItem)
     , anchorGuard_(anchorGuard)
-    , windows_(windows)
-    , workspace_(workspace) {}
+    , windows_(platform.programWindows)
+    , workspace_(platform.workspace)
+    , accessibility_(platform.accessibility)
+    , words_(platform.words) {}
 
 void SettingsWindowController::show() {
     if (!window_)
@@ -39,9 +42,11 @@ void SettingsWindowController::makeWindow() {
 }
 
 void SettingsWindowController::present() {
-    window_->present(
-        SettingsView::form(store_.settings(), {.launchesAtLogin = launchAtLogin_,
-                                               .anchorStatus = anchorGuard_.status()}));
+    const SettingsView::Surroundings surroundings{.launchesAtLogin = launchAtLogin_,
+                                                  .anchorStatus = anchorGuard_.status(),
+                                                  .canMoveWindows =
+                                                      accessibility_.canMoveWindows()};
+    window_->present(SettingsView::form(store_.settings(), surroundings, words_));
 }
 
 void SettingsWindowController::formChanged(SettingsField field, const FormValue& value) {
@@ -61,7 +66,7 @@ void SettingsWindowController::setLaunchAtLogin(bool isOn) {
 }
 
 void SettingsWindowController::formStatusButtonPressed(SettingsField /*field*/) {
-    workspace_.openSystemSettings(SystemSettings::accessibilityPane);
+    workspace_.openSystemSettings(words_.permissionPane);
 }
 
 }

@@ -4,6 +4,7 @@
 
 #include "Foundation/Lifetime.hpp"
 #include "Foundation/ScopedHandle.hpp"
+#include "Platform/DesktopWords.hpp"
 #include "Platform/ProgramWindows.hpp"
 
 #include <array>
@@ -11,16 +12,17 @@
 
 namespace vireline {
 
+class Accessibility;
 class DockAnchorGuard;
 class LoginItemManager;
 class PreferencesStore;
 class Workspace;
+struct Platform;
 
 class SettingsWindowController : private FormListener {
 public:
     SettingsWindowController(PreferencesStore& store, LoginItemManager& loginItem,
-                             DockAnchorGuard& anchorGuard, ProgramWindows& windows,
-                             Workspace& workspace);
+                             DockAnchorGuard& anchorGuard, const Platform& platform);
     ~SettingsWindowController() override = default;
     SettingsWindowController(const SettingsWindowController&) = delete;
     SettingsWindowController& operator=(const SettingsWindowController&) = delete;
@@ -43,6 +45,8 @@ private:
     DockAnchorGuard& anchorGuard_;
     ProgramWindows& windows_;
     Workspace& workspace_;
+    const Accessibility& accessibility_;
+    DesktopWords words_;
     std::unique_ptr<FormWindow> window_;
     /// As the system had it when the window was last shown, or as the user set it since.
     bool launchAtLogin_ = false;

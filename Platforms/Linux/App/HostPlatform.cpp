@@ -13,6 +13,7 @@
 #include "Applications/GioWorkspace.hpp"
 #include "Desktop/DesktopDockPreferences.hpp"
 #include "Desktop/DesktopNames.hpp"
+#include "Desktop/LinuxWords.hpp"
 #include "Displays/RandrScreens.hpp"
 #include "Files/GioTrash.hpp"
 #include "Files/InotifyFileEvents.hpp"
@@ -153,7 +154,8 @@ Platform HostPlatform::ports() {
             .pointerTaps = parts_->pointerTaps,
             .statusBar = parts_->statusBar,
             .loginItemService = parts_->loginItem,
-            .programWindows = parts_->programWindows};
+            .programWindows = parts_->programWindows,
+            .words = linuxWords()};
 }
 
 }

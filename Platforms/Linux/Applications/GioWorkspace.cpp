@@ -3,7 +3,6 @@
 #include "App/DevLog.hpp"
 #include "Applications/Identity/PlainText.hpp"
 #include "Desktop/DesktopNames.hpp"
-#include "Desktop/SettingsPanes.hpp"
 
 #include <unistd.h>
 
@@ -86,15 +85,6 @@ void GioWorkspace::reveal(const std::vector<FileURL>& urls) {
             DevLog::write("reveal failed, opening the folder: " + described(outcome.error()));
             openFolders(files);
         }));
-}
-
-void GioWorkspace::openSystemSettings(const std::string& paneURL) {
-    for (const std::string_view id : SettingsPanes::entries(paneURL, DesktopNames::current())) {
-        const std::string bundleID{id};
-        if (const auto url = catalog_.urlForBundleID(bundleID))
-            return openApplication(bundleID, *url);
-    }
-    DevLog::write("no matching settings pane on this desktop");
 }
 
 /// A desktop need not say which program opens folders for there to be one.

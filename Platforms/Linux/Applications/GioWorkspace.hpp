@@ -26,7 +26,6 @@ public:
     void openApplication(const std::string& bundleID, const FileURL& url) override;
     void open(const FileURL& url) override;
     void reveal(const std::vector<FileURL>& urls) override;
-    void openSystemSettings(const std::string& paneURL) override;
 
 private:
     [[nodiscard]] bool isLaunching(const std::string& bundleID) const;

@@ -35,6 +35,10 @@ void TrayStatusItem::setMenu(const Menu& menu) {
     update();
 }
 
+bool TrayStatusItem::hasPlace() const {
+    return hosts_.state() == NotifierHosts::State::present || trayIcon_ != nullptr;
+}
+
 void TrayStatusItem::update() {
     if (hosts_.bus() != nullptr && !notifierItem_)
         makeNotifierItem();

@@ -38,6 +38,7 @@ public:
 
     void setImage(const std::string& symbol, const std::string& accessibilityDescription) override;
     void setMenu(const Menu& menu) override;
+    [[nodiscard]] bool hasPlace() const override;
 
 private:
     void update();

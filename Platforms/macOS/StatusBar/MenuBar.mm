@@ -76,6 +76,8 @@ public:
         });
     }
 
+    [[nodiscard]] bool hasPlace() const override { return item_ != nil; }
+
 private:
     void updateMenu() {
         listener_.menuNeedsUpdate(menu_);

@@ -99,7 +99,7 @@ void changeSource(SoakWorld& world) {
     const bool isMirror = world.settings().sourceMode == SourceMode::mirror;
     world.openSettings();
     click(world, control(world, AccessibleRole::radioButton,
-                         isMirror ? "Manual list" : "Mirror Apple's Dock"));
+                         isMirror ? "Manual list" : "Mirror the desktop's dock"));
     // A list of the user's own begins as the one that was mirrored.
     world.awaitSave([&](const Settings& saved) {
         return (saved.sourceMode == SourceMode::manual) == isMirror &&
