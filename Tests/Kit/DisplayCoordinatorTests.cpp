@@ -148,6 +148,7 @@ TEST_F(DisplayCoordinatorTest, AChangeOfAvailableWidthAloneReframesNothingYetRea
     auto& screen = dock.platform.screens.list[1];
     screen.frame = {screen.frame.x - 50, screen.frame.y, screen.frame.width + 100,
                     screen.frame.height};
+    screen.visibleFrame = screen.frame;
     coordinator.reconcile();
 
     EXPECT_EQ(log.messages(),
