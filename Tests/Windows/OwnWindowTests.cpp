@@ -80,7 +80,7 @@ protected:
 
     std::unique_ptr<FormWindow> showSettings() {
         auto window = windows.makeFormWindow({"Some settings", {480, 640}, true}, listener);
-        window->present(SettingsView::form({}, {}));
+        window->present(SettingsView::form({}, {}, {}));
         window->makeKeyAndOrderFront();
         EXPECT_TRUE(eventually([] { return hasFocus("Some settings"); }));
         settle();
@@ -176,7 +176,7 @@ TEST_F(OwnWindowTest, AKnobInTheHandStaysThereWhateverTheSettingsSay) {
 
     Settings other;
     other.iconSize = 60;
-    window->present(SettingsView::form(other, {}));
+    window->present(SettingsView::form(other, {}, {}));
     EXPECT_EQ(slider->value(), held);
 
     pointer.moveTo({middle.x() + 40, middle.y()});
