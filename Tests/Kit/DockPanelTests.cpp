@@ -485,5 +485,72 @@ TEST_F(DockPanelTest, AssistiveTechnologyReachesTheTilesThroughTheWindow) {
               (MenuPlace{{tiles[0].frame.midX(), 84 - 58 - 4}, MenuPlace::Side::above}));
 }
 
+TEST_F(DockPanelTest, ADockThatHidesFromNowOnCollapsesSoon) {
+    DockPanel& panel = show(bottomSpec, false);
+
+    panel.update(bottomSpec, true);
+    advance(0.59);
+    EXPECT_FALSE(panel.collapsed());
+    advance(0.02);
+
+    EXPECT_TRUE(panel.collapsed());
+    EXPECT_EQ(window().frame, (Rect{100, 0, 300, 4}));
+}
+
+TEST_F(DockPanelTest, ADockThatHidesFromNowOnStaysOutWhileThePointerIsThere) {
+    DockPanel& panel = show(bottomSpec, false);
+    window().listener().mouseEntered();
+
+    panel.update(bottomSpec, true);
+    advance(5);
+    EXPECT_FALSE(panel.collapsed());
+    window().listener().mouseExited();
+    advance(0.61);
+
+    EXPECT_TRUE(panel.collapsed());
+}
+
+TEST_F(DockPanelTest, AnotherPlanDoesNotHideADockAnySooner) {
+    DockPanel& panel = show(bottomSpec, false);
+    panel.update(bottomSpec, true);
+    advance(0.4);
+
+    panel.update(bottomSpec, true);
+    advance(0.21);
+
+    EXPECT_TRUE(panel.collapsed()) << "nor any later";
+}
+
+TEST_F(DockPanelTest, AReleaseThatGoesElsewhereLetsAHiddenDockCollapse) {
+    dock.setTiles(3, 0);
+    DockPanel& panel = show(bottomSpec, true);
+    window().pointer().entered({150, 40});
+    window().pointer().pressed(firstIconCenter());
+    window().whereabouts = {.isOverWindow = false, .isPrimaryHeld = true, .position = {}};
+    window().pointer().left(window().whereabouts);
+    advance(5);
+    EXPECT_FALSE(panel.collapsed()) << "the button is still down";
+
+    window().whereabouts.isPrimaryHeld = false;
+    advance(0.5 + 0.61);
+
+    EXPECT_TRUE(panel.collapsed());
+    EXPECT_EQ(dock.platform.runLoop.pendingTimers(), 0);
+}
+
+TEST_F(DockPanelTest, AReleaseThatComesLateIsStillAClick) {
+    dock.setTiles(3, 0);
+    show(bottomSpec, false);
+    const Point icon = firstIconCenter();
+    window().pointer().pressed(icon);
+
+    advance(0.26);
+    window().pointer().released(icon, true);
+    advance(5);
+
+    EXPECT_EQ(dock.actionsTaken, (std::vector<std::string>{"click p0 #7"}));
+    EXPECT_EQ(dock.platform.runLoop.pendingTimers(), 0);
+}
+
 }
 }

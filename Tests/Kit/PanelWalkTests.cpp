@@ -52,12 +52,14 @@ struct ModelDock {
         hidesAt.reset();
         isIn = !isHeld();
     }
-    void setHides(bool on) {
-        hides = on;
-        if (on)
-            return;
-        isIn = false;
-        hidesAt.reset();
+    void setHides(bool on, double now) {
+        const bool hidBefore = std::exchange(hides, on);
+        if (!on) {
+            isIn = false;
+            hidesAt.reset();
+        } else if (!hidBefore) {
+            loosen(now);
+        }
     }
 };
 
@@ -251,7 +253,7 @@ void PanelWalk::settingsStep() {
     } else {
         config.autoHide = random.integer(0, 3) > 0;
         for (auto& [display, state] : model)
-            state.setHides(config.autoHide);
+            state.setHides(config.autoHide, now());
     }
     coordinator.reconcile();
     follow();

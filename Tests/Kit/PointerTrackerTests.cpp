@@ -267,5 +267,67 @@ TEST_F(PointerTrackerTest, APointerThatComesBackWithOurButtonIsStillOurs) {
     EXPECT_EQ(listener.take(), Log{"moved 20"});
 }
 
+TEST_F(PointerTrackerTest, TheSecondLookThatFindsTheButtonUpEndsAPress) {
+    enter();
+    tracker.pressed({10, 10});
+    tracker.left(awayWithButton);
+    listener.take();
+
+    tracker.lookedAt(awayWithButton);
+    tracker.lookedAt(away);
+    EXPECT_EQ(listener.take(), Log{});
+    tracker.lookedAt(away);
+
+    EXPECT_EQ(listener.take(), (Log{"cancelled", "exited", "out"}));
+    EXPECT_FALSE(tracker.isPressed());
+}
+
+TEST_F(PointerTrackerTest, ALookThatFindsTheButtonDownAgainStartsOver) {
+    enter();
+    tracker.pressed({10, 10});
+    listener.take();
+
+    tracker.lookedAt(away);
+    tracker.lookedAt(awayWithButton);
+    tracker.lookedAt(away);
+    EXPECT_TRUE(tracker.isPressed());
+    tracker.released({10, 10}, true);
+    tracker.pressed({10, 10});
+    tracker.lookedAt(away);
+
+    EXPECT_TRUE(tracker.isPressed());
+}
+
+TEST_F(PointerTrackerTest, APressThatIsLostOverTheWindowLeavesThePointerThere) {
+    enter();
+    tracker.pressed({10, 10});
+    listener.take();
+
+    tracker.lookedAt(here({20, 10}));
+    tracker.lookedAt(here({20, 10}));
+
+    EXPECT_EQ(listener.take(), Log{"cancelled"});
+    tracker.moved({30, 10});
+    EXPECT_EQ(listener.take(), Log{"moved 30"});
+}
+
+TEST_F(PointerTrackerTest, LooksChangeNothingWithoutAPressOrADoubt) {
+    enter();
+
+    tracker.lookedAt(away);
+    tracker.lookedAt(away);
+
+    EXPECT_EQ(listener.take(), Log{});
+}
+
+TEST_F(PointerTrackerTest, LeavesTheViewAfterAPressThatNoMovementCameBefore) {
+    tracker.pressed({10, 10});
+    tracker.moved({20, 10});
+    tracker.released({-50, 10}, false);
+
+    EXPECT_EQ(listener.take(),
+              (Log{"in", "pressed 10", "moved 20", "released -50", "exited", "out"}));
+}
+
 }
 }

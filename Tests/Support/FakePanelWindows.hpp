@@ -83,6 +83,8 @@ public:
     bool isOrderedOut = false;
     int timesOrderedFront = 0;
     bool watchesForCancel = false;
+    /// Where the pointer is when the window looks for it.
+    PointerTracker::Whereabouts whereabouts;
     std::vector<PoppedMenu> menus;
     /// Called once, from within the next `setFrame`, as a platform might that reports an event
     /// there.
@@ -115,6 +117,7 @@ public:
     void orderOut() override;
     void requestFrame() override { panel_->isFrameRequested_ = true; }
     void watchForCancel(bool watches) override { panel_->watchesForCancel = watches; }
+    void checkPress() override { pointer_.lookedAt(panel_->whereabouts); }
     void popUpMenu(const Menu& menu, const MenuPlace& place, MenuClosed onClose) override;
 
 private:

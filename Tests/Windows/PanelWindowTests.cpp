@@ -155,6 +155,31 @@ TEST_F(PanelWindowTest, KeepsThePointerWhileTheButtonIsHeldOutside) {
     EXPECT_LT(released, std::ranges::find(log.words, "out"));
 }
 
+TEST_F(PanelWindowTest, FindsOutThatAReleaseWentElsewhere) {
+    const auto dock = showDock("main", log);
+    moveTo("main", {100, 40});
+    desk().pointer().press(Pointer::Button::primary);
+    moveTo("main", {100, -200});
+    EXPECT_TRUE(eventually([&] { return log.has("moved 100,-200"); }));
+    // The window loses the pointer that the press gave it; nothing will tell of the release.
+    xcb_ungrab_pointer(connection.get(), XCB_CURRENT_TIME);
+    connection.flush();
+    settle();
+    for (int look = 0; look < 3; ++look)
+        dock->checkPress();
+    EXPECT_FALSE(log.has("cancelled")) << "the button is still down";
+
+    desk().pointer().release(Pointer::Button::primary);
+    settle();
+    EXPECT_FALSE(log.has("out"));
+    dock->checkPress();
+    EXPECT_FALSE(log.has("cancelled")) << "the release may be on its way";
+    dock->checkPress();
+
+    EXPECT_TRUE(log.has("cancelled"));
+    EXPECT_TRUE(log.has("out"));
+}
+
 TEST_F(PanelWindowTest, FollowsAPressFromAMovingPointerOutOfTheWindow) {
     const auto dock = showDock("main", log);
     for (int x = 80; x < 100; x += 4)

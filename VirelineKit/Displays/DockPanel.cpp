@@ -10,6 +10,7 @@ namespace vireline {
 namespace {
 
 constexpr double collapseDelay = 0.6;
+constexpr double pressCheckInterval = 0.25;
 
 /// Where the hosted view's bottom-left corner lies in a window of this size, y upwards. The view is
 /// as large as the planned frame whatever the window's size, so that nothing in it moves when the
@@ -73,14 +74,17 @@ void DockPanel::retire() {
     window_->orderOut();
     isRetired_ = true;
     collapseTimer_.reset();
+    pressWatch_.reset();
 }
 
 void DockPanel::update(const PanelSpec& spec, bool autoHide) {
     spec_ = spec;
-    autoHide_ = autoHide;
+    const bool hidBefore = std::exchange(autoHide_, autoHide);
     hosting_.update(spec, autoHide);
     if (autoHide) {
         applyCollapsed(collapsed_, false);
+        if (!hidBefore)
+            collapseLater();
         return;
     }
     collapseTimer_.reset();
@@ -162,8 +166,20 @@ void DockPanel::popUpMenu(const Menu& menu, const MenuPlace& place, const MenuCl
 }
 
 void DockPanel::pointerEvent(const PointerEvent& event) {
-    if (!isRetired_)
-        hosting_.pointerEvent(event);
+    if (isRetired_)
+        return;
+    watchPress(event.kind);
+    hosting_.pointerEvent(event);
+}
+
+void DockPanel::watchPress(PointerEvent::Kind kind) {
+    using Kind = PointerEvent::Kind;
+    if (kind == Kind::pressed) {
+        pressWatch_ =
+            runLoop_.every(pressCheckInterval, lifetime_.guard([this] { window_->checkPress(); }));
+    } else if (kind == Kind::released || kind == Kind::cancelled) {
+        pressWatch_.reset();
+    }
 }
 
 void DockPanel::dragEntered(const std::vector<std::string>& urls) {

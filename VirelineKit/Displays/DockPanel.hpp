@@ -31,7 +31,8 @@ public:
     void orderFrontRegardless();
 
     /// Takes over a new plan and the auto-hide setting. A collapsed panel moves as a sliver; one
-    /// that no longer hides expands at once.
+    /// that no longer hides expands at once, and one that hides from now on collapses as if the
+    /// pointer had just left it, unless it is there.
     void update(const PanelSpec& spec, bool autoHide);
 
     /// Collapses to the sliver, or expands to the frame that reaches the display's edge.
@@ -64,6 +65,9 @@ private:
     void collapseLater();
     [[nodiscard]] bool isHeldOpen() const noexcept;
 
+    /// Makes sure that a press ends for the dock as well when its release goes elsewhere.
+    void watchPress(PointerEvent::Kind kind);
+
     void sceneInvalidated();
     void showFrame();
 
@@ -73,6 +77,7 @@ private:
     RunLoop& runLoop_;
     const MotionSettings& motionSettings_;
     Timer collapseTimer_;
+    Timer pressWatch_;
     bool isRetired_ = false;
     /// What holds an auto-hiding panel open.
     bool isPointerOver_ = false;

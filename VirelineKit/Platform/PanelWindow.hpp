@@ -106,6 +106,11 @@ public:
     /// While on, the Escape key and the loss of the pointer end a drag with a `cancelled` event.
     virtual void watchForCancel(bool watches) = 0;
 
+    /// Looks whether the button of the press that was reported last is still down. Reports the end
+    /// of a press, and of the pointer's stay, whose release went elsewhere; called twice, as a
+    /// release may be on its way at first.
+    virtual void checkPress() = 0;
+
     /// Shows the window above others without activating the program.
     virtual void orderFrontRegardless() = 0;
     virtual void orderOut() = 0;

@@ -36,6 +36,9 @@ void PointerTracker::pressed(Point position) {
     if (!isOnView(position))
         return;
     isPressed_ = true;
+    isReleaseOverdue_ = false;
+    // No movement may have come before.
+    isOnView_ = true;
     send(Kind::pressed, position);
 }
 
@@ -75,6 +78,17 @@ void PointerTracker::left(const Whereabouts& now) {
 void PointerTracker::cancelled() {
     if (std::exchange(isPressed_, false))
         send(Kind::cancelled);
+}
+
+void PointerTracker::lookedAt(const Whereabouts& now) {
+    if (!isPressed_) {
+        if (isInDoubt_)
+            left(now);
+    } else if (now.isPrimaryHeld) {
+        isReleaseOverdue_ = false;
+    } else if (std::exchange(isReleaseOverdue_, true)) {
+        left(now);
+    }
 }
 
 void PointerTracker::menuOpened() {

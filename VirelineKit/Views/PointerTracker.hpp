@@ -33,8 +33,13 @@ public:
     void released(Point position, bool isOverWindow);
     void left(const Whereabouts& now);
 
-    /// The user thought better of what the button is held down for.
+    /// The press was cancelled.
     void cancelled();
+
+    /// For looks taken every so often during a press, or while the pointer is in doubt: nothing may
+    /// tell of a release that goes elsewhere. Two looks in a row that find the button up end a
+    /// press, since at the first the release may be on its way.
+    void lookedAt(const Whereabouts& now);
 
     /// Until it closes, the pointer belongs to the menu.
     void menuOpened();
@@ -66,6 +71,8 @@ private:
     bool isPressed_ = false;
     bool hasMenu_ = false;
     bool isInDoubt_ = false;
+    /// The last look found the button of a press up.
+    bool isReleaseOverdue_ = false;
 };
 
 }

@@ -21,7 +21,7 @@ PanelPointer::PanelPointer(const PanelContext& context, PanelWindowListener& lis
                            Window& window)
     : context_(context), owner_(window), tracker_(listener) {
     doubt_.setInterval(doubtInterval);
-    QObject::connect(&doubt_, &QTimer::timeout, &doubt_, [this] { left(); });
+    QObject::connect(&doubt_, &QTimer::timeout, &doubt_, [this] { look(); });
     crossing_.setInterval(crossingTime);
     crossing_.setTimerType(Qt::PreciseTimer);
     crossing_.setSingleShot(true);
@@ -41,9 +41,23 @@ void PanelPointer::entered(QPointF pixel) {
     tracker_.entered(owner_.viewPosition(pixel), place && place->isAnyHeld);
 }
 
-/// Also looked at again for as long as somebody else holds the pointer.
 void PanelPointer::left() {
     tracker_.left(whereabouts());
+    hasLeft();
+}
+
+void PanelPointer::look() {
+    const bool isWatched = tracker_.isPressed() || tracker_.isInDoubt();
+    if (isWatched)
+        tracker_.lookedAt(whereabouts());
+    if (!tracker_.isInDoubt())
+        doubt_.stop();
+    if (isWatched && !tracker_.isPressed())
+        hasLeft();
+}
+
+/// Looked at again for as long as somebody else holds the pointer.
+void PanelPointer::hasLeft() {
     if (sampler_ && !tracker_.isPressed())
         sampler_->stop();
     if (tracker_.isInDoubt()) {

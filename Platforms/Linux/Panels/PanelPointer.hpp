@@ -45,6 +45,9 @@ public:
     void pressed(Qt::MouseButton button, QPointF pixel);
     void released(Qt::MouseButton button, QPointF pixel);
     void cancelled() { tracker_.cancelled(); }
+    /// Asks the server about a press, or a pointer that somebody else holds, that nothing may tell
+    /// the end of.
+    void look();
     /// The window is not shown any more.
     void hidden();
 
@@ -62,6 +65,7 @@ public:
 
 private:
     [[nodiscard]] PointerTracker::Whereabouts whereabouts() const;
+    void hasLeft();
     void areaEntered(QPoint pixel);
     void crossingIsOver();
 

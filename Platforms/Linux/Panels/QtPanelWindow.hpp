@@ -43,6 +43,7 @@ public:
     void orderOut() override;
     void requestFrame() override;
     void watchForCancel(bool watches) override;
+    void checkPress() override { pointer_.look(); }
     void popUpMenu(const Menu& menu, const MenuPlace& place, MenuClosed onClose) override;
 
     [[nodiscard]] QAccessibleInterface* accessibleRoot() const override;

@@ -34,6 +34,7 @@ public:
     void present(const Scene& scene) override;
     void requestFrame() override { frames_.request(); }
     void watchForCancel(bool watches) override;
+    void checkPress() override;
     void orderFrontRegardless() override;
     void orderOut() override;
     void popUpMenu(const Menu& menu, const MenuPlace& place, MenuClosed onClose) override;

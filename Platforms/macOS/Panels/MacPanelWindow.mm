@@ -125,6 +125,10 @@ void MacPanelWindow::watchForCancel(bool watches) {
         cancelWatch_ = macos::watchForCancel(lifetime_.guard([this] { input_->cancelled(); }));
 }
 
+void MacPanelWindow::checkPress() {
+    input_->lookedAt(pointer(), panel_.isUnderPointer, (NSEvent.pressedMouseButtons & 1) != 0);
+}
+
 void MacPanelWindow::orderFrontRegardless() {
     attempt("orderFrontRegardless", [this] { [panel_ orderFrontRegardless]; });
     lookAtPointerSoon();

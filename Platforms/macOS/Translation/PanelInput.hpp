@@ -40,6 +40,10 @@ public:
     void pressed(Point at, bool asksForMenu);
     void released(Point at, bool isOverWindow);
     void cancelled() { pointer_.cancelled(); }
+    /// A look taken during a press, which nothing may tell the end of.
+    void lookedAt(Point at, bool isOverWindow, bool isPrimaryHeld) {
+        pointer_.lookedAt({isOverWindow, isPrimaryHeld, hosted_.toView(at)});
+    }
     void hidden() { pointer_.hidden(); }
 
     void menuOpened() { pointer_.menuOpened(); }
