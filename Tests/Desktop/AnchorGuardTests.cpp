@@ -38,6 +38,13 @@ protected:
 
     /// Where a pointer that was moved there comes to rest, with a point a pixel.
     [[nodiscard]] PixelPoint whereItMayRest(PixelPoint moved) {
+        std::vector<Rect> displays;
+        for (const Monitor& monitor : desktop().displays().monitors) {
+            const PixelRect frame = monitor.frame;
+            displays.push_back({static_cast<double>(frame.x), static_cast<double>(frame.y),
+                                static_cast<double>(frame.width),
+                                static_cast<double>(frame.height)});
+        }
         std::vector<Rect> bands;
         for (const auto* name : {"above", "side"}) {
             const PixelRect display = desktop().monitor(name).frame;
@@ -46,7 +53,7 @@ protected:
                              static_cast<double>(display.width), bandDepth});
         }
         const Point point{static_cast<double>(moved.x), static_cast<double>(moved.y)};
-        const Point reached = GuardMath::clamp(point, bands).value_or(point);
+        const Point reached = GuardMath::clamp(point, bands, displays).value_or(point);
         return {static_cast<int>(reached.x), static_cast<int>(reached.y)};
     }
 
@@ -91,7 +98,7 @@ TEST_F(AnchorGuard, BringsBackAPointerThatShotPastTheDisplaysEnd) {
     EXPECT_TRUE(restsAt({display.x + 40, display.bottom() - bandDepth}));
 }
 
-TEST_F(AnchorGuard, FencesOffADisplayBelowAGuardedOne) {
+TEST_F(AnchorGuard, LetsThePointerDownToADisplayBelowAGuardedOne) {
     const std::vector<Monitor> stacked{{"main", {0, 0, 1280, 800}},
                                        {"upper", {1280, 0, 1280, 800}},
                                        {"lower", {1280, 800, 800, 600}}};
@@ -102,8 +109,20 @@ TEST_F(AnchorGuard, FencesOffADisplayBelowAGuardedOne) {
     desktop.home().writePreferences(R"({"onboardingCompleted": true, "anchorAppleDock": true})");
     desktop.runVireline();
     ASSERT_TRUE(logs("anchor guard active"));
-    desktop.pointer().moveTo({1600, 1100});
-    EXPECT_TRUE(restsAt({1600, 797}));
+    // The part of the upper display that nothing lies below is guarded; it also tells when the
+    // program has dealt with what came before.
+    const auto isHeldBeside = [&] {
+        desktop.pointer().moveTo({2300, 1100});
+        return restsAt({2300, 797});
+    };
+    EXPECT_TRUE(isHeldBeside());
+    for (const int y : {798, 799, 800, 801, 1100, 1398}) {
+        desktop.pointer().moveTo({1600, y});
+        desktop.pointer().moveTo({1601, y});
+        ASSERT_TRUE(isHeldBeside());
+        desktop.pointer().moveTo({1600, y});
+        EXPECT_TRUE(restsAt({1600, y}));
+    }
 }
 
 TEST_F(AnchorGuard, LeavesADisplayWithoutADockFree) {

@@ -90,6 +90,37 @@ TEST_F(AppDelegateTest, AnUnpinnedAppThatStartsAsksForOneNewLayout) {
     EXPECT_EQ(reconciles(), 1);
 }
 
+TEST_F(AppDelegateTest, ASeparatorThatComesOrGoesAsksForANewLayoutToo) {
+    platform.running.launch(test::FakePlatform::instanceOf(mail));
+    start();
+    // Finder, Mail, Downloads and Trash, with one separator.
+    EXPECT_EQ(dock().frame.width, 215);
+
+    platform.pin({finder});
+    platform.dockPreferences.announceChange();
+    platform.runLoop.advance(0.3);
+    EXPECT_EQ(icons().size(), 4U);
+    EXPECT_EQ(dock().frame.width, 222) << "Mail stands behind a separator of its own";
+
+    platform.pin({finder, mail});
+    platform.dockPreferences.announceChange();
+    platform.runLoop.advance(0.3);
+    EXPECT_EQ(dock().frame.width, 215);
+}
+
+TEST_F(AppDelegateTest, AnAppThatChangesGroupsBetweenTheSameSeparatorsAsksForNoNewLayout) {
+    platform.running.launch(test::FakePlatform::instanceOf(mail));
+    platform.running.launch(test::FakePlatform::instanceOf(notes));
+    start();
+    log.clear();
+
+    platform.pin({finder});
+    platform.dockPreferences.announceChange();
+    platform.runLoop.advance(0.3);
+
+    EXPECT_EQ(reconciles(), 0);
+}
+
 TEST_F(AppDelegateTest, AClickLaunchesHidesAndReopens) {
     start();
     log.clear();
@@ -161,6 +192,25 @@ TEST_F(AppDelegateTest, TheGuardFollowsTheDisplays) {
     platform.runLoop.advance(0.6);
 
     EXPECT_EQ(platform.pointerTaps.move({2500, 1079}), (Point{2500, 877}));
+}
+
+TEST_F(AppDelegateTest, TheGuardLetsThePointerDownToADisplayBelow) {
+    Settings settings;
+    settings.anchorAppleDock = true;
+    store(settings);
+    platform.screens.list = {test::screenAt(1, {0, 0, 1920, 1080}),
+                             test::screenWithDock(2, {0, -1080, 1920, 1080})};
+    start();
+
+    EXPECT_EQ(platform.pointerTaps.move({500, 1078}), (Point{500, 1078}));
+    EXPECT_EQ(platform.pointerTaps.move({500, 1500}), (Point{500, 1500}));
+
+    platform.screens.list = {test::screenAt(1, {0, 0, 1920, 1080}),
+                             test::screenWithDock(2, {1920, 0, 1920, 1080})};
+    platform.screens.announceChange();
+    platform.runLoop.advance(0.6);
+
+    EXPECT_EQ(platform.pointerTaps.move({500, 1500}), (Point{500, 1077}));
 }
 
 TEST_F(AppDelegateTest, TheGuardWaitsForThePermission) {
@@ -246,6 +296,21 @@ TEST_F(AppDelegateTest, AFirstLaunchTakesTheDefaultsAndShowsTheTour) {
     EXPECT_TRUE(platform.programWindows.forms.empty());
 }
 
+// Behaviour: onboarding-1
+TEST_F(AppDelegateTest, TheTourOfAProgramWhoseGuardRunsShowsThePermissionAtOnce) {
+    Settings settings;
+    settings.anchorAppleDock = true;
+    store(settings);
+    start();
+
+    auto& tour = *platform.programWindows.tours.at(0);
+    tour.listener.onboardingActed(OnboardingAction::advance);
+    tour.listener.onboardingActed(OnboardingAction::advance);
+
+    ASSERT_TRUE(tour.content.permission && tour.content.permission->line);
+    EXPECT_EQ(tour.content.permission->line->text, "Enabled. Enjoy.");
+}
+
 // Behaviour: app-delegate-2
 TEST_F(AppDelegateTest, ALaunchAfterTheTourWasFinishedShowsNoWindow) {
     Settings settings;
@@ -300,15 +365,17 @@ TEST_F(AppDelegateTest, EverySettingTakesEffectAtOnce) {
     set(SettingsField::iconSize, 60.0);
     EXPECT_EQ(icons()[0].frame.width, 60);
     set(SettingsField::autoHide, true);
-    // It reaches to the edge now, and collapses once the pointer has been there.
+    // It reaches to the edge now, and collapses soon.
     EXPECT_EQ(dock().frame.height, 88);
+    platform.runLoop.advance(0.2);
+    EXPECT_EQ(dock().frame.height, 4);
     set(SettingsField::anchorAppleDock, true);
     EXPECT_TRUE(platform.pointerTaps.isEnabled());
     set(SettingsField::anchorAppleDock, false);
     EXPECT_FALSE(platform.pointerTaps.isTapped());
 }
 
-TEST_F(AppDelegateTest, TheStatusItemIsThereBeforeTheDocks) {
+TEST_F(AppDelegateTest, TheStatusItemOpensTheWindowsAndQuits) {
     start();
 
     EXPECT_EQ(platform.statusBar.made, 1);

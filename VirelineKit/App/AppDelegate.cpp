@@ -4,9 +4,12 @@
 #include "Platform/Application.hpp"
 #include "Platform/Workspace.hpp"
 #include "Views/DemoCursor.hpp"
+#include "WindowManagement/GuardMath.hpp"
 
+#include <algorithm>
 #include <cstdlib>
 #include <string>
+#include <utility>
 
 namespace vireline {
 namespace {
@@ -69,8 +72,11 @@ void AppDelegate::showOnboarding() {
 }
 
 void AppDelegate::connect() {
-    coordinator_.onGuardZonesChanged =
-        lifetime_.guard([this](const std::vector<Rect>& zones) { anchorGuard_.zones = zones; });
+    coordinator_.onGuardZonesChanged = lifetime_.guard([this](const std::vector<Rect>& zones) {
+        anchorGuard_.zones = zones;
+        anchorGuard_.displays =
+            GuardMath::displayFrames(ScreenSnapshot::current(platform_.screens));
+    });
     guardAsSet();
     activator_.windowMover = &windowMover_;
     activator_.settings =
@@ -122,9 +128,14 @@ void AppDelegate::pinnedListChanged(const std::vector<AppRef>& pinned) {
 }
 
 void AppDelegate::showTiles(std::span<const AppRef> running) {
-    const std::size_t before = model_.items.get().size();
+    // What the docks' lengths depend on: the tiles, and the separator before the running ones.
+    const auto lengths = [this] {
+        const auto& items = model_.items.get();
+        return std::pair{items.size(), std::ranges::all_of(items, &DockItem::isPinned)};
+    };
+    const auto before = lengths();
     model_.items.set(DockOrdering::merge(pinned_, running));
-    if (model_.items.get().size() != before)
+    if (lengths() != before)
         model_.onLayoutChange();
 }
 

@@ -154,6 +154,8 @@ DisplayCoordinator::Panels::iterator DisplayCoordinator::retire(Panels::iterator
 }
 
 void DisplayCoordinator::announceGuardZones(std::span<const ScreenSnapshot> screens) const {
+    if (onDisplayFramesChanged)
+        onDisplayFramesChanged(GuardMath::displayFrames(screens));
     if (!onGuardZonesChanged)
         return;
     std::set<std::uint32_t> guarded;

@@ -41,6 +41,9 @@ public:
     /// dock; event space.
     std::function<void(const std::vector<Rect>&)> onGuardZonesChanged;
 
+    /// Receives the frames of all displays right before; event space.
+    std::function<void(const std::vector<Rect>&)> onDisplayFramesChanged;
+
     /// Reconciles at once, then whenever the displays change.
     void start();
 

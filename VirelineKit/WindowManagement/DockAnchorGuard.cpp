@@ -81,7 +81,7 @@ std::optional<Point> DockAnchorGuard::pass(const PointerTapEvent& event) {
             tap_->setEnabled(true);
         return std::nullopt;
     }
-    return GuardMath::clamp(event.location, zones);
+    return GuardMath::clamp(event.location, zones, displays);
 }
 void DockAnchorGuard::disable() {
     permissionPoll_.reset();

@@ -39,6 +39,9 @@ public:
     /// any state.
     std::vector<Rect> zones;
 
+    /// All displays' frames, likewise: the pointer may go from one to the next.
+    std::vector<Rect> displays;
+
     [[nodiscard]] Status status() const noexcept { return status_.get(); }
 
     /// Calls `listener` after every change of `status`.

@@ -25,4 +25,13 @@ inline constexpr double bandDepth = 3;
 /// that no speed carries it past the band. Nothing for a pointer that may stay.
 [[nodiscard]] std::optional<Point> clamp(Point point, std::span<const Rect> zones) noexcept;
 
+/// All displays' frames in event space, in the order of the screens.
+[[nodiscard]] std::vector<Rect> displayFrames(std::span<const ScreenSnapshot> screens);
+
+/// The same where displays may lie below one another: a pointer that is on another display, or on
+/// its way there through a band, may stay. Beyond every display, the band of the lowest display
+/// above the pointer counts, if that has one.
+[[nodiscard]] std::optional<Point> clamp(Point point, std::span<const Rect> zones,
+                                         std::span<const Rect> displays) noexcept;
+
 }
