@@ -146,9 +146,44 @@ std::vector<Rect> guardBands(const std::vector<PlatformScreen>& screens,
     return bands;
 }
 
-Point keptOut(Point pointer, const std::vector<Rect>& bands) {
+std::vector<Rect> eventFrames(const std::vector<PlatformScreen>& screens) {
+    std::vector<Rect> frames;
+    double primaryHeight = 0;
+    for (const PlatformScreen& screen : screens) {
+        if (!screen.number)
+            continue;
+        const Rect& frame = screen.frame;
+        if (frames.empty())
+            primaryHeight = frame.height;
+        frames.push_back(
+            {frame.x, primaryHeight - frame.y - frame.height, frame.width, frame.height});
+    }
+    return frames;
+}
+
+Point keptOut(Point pointer, const std::vector<Rect>& bands, const std::vector<Rect>& displays) {
+    const auto isOn = [](const Rect& rect, double x, double y) {
+        return x >= rect.x && x < rect.x + rect.width && y >= rect.y && y < rect.y + rect.height;
+    };
+    const auto display = [&](double x, double y, double butNotOn = -1e9) {
+        return std::ranges::find_if(displays, [&](const Rect& rect) {
+            return isOn(rect, x, y) && !isOn(rect, x, butNotOn);
+        });
+    };
     for (const Rect& band : bands) {
-        if (pointer.x >= band.x && pointer.x < band.x + band.width && pointer.y > band.y)
+        if (!isOn(band, pointer.x, pointer.y))
+            continue;
+        const bool leadsOn = display(pointer.x, band.y + 3.5, band.y) != displays.end();
+        return leadsOn ? pointer : Point{pointer.x, band.y};
+    }
+    if (display(pointer.x, pointer.y) != displays.end())
+        return pointer;
+    // Beyond them all: straight up to the lowest display there.
+    double y = pointer.y;
+    while (y > -5000 && display(pointer.x, y - 0.5) == displays.end())
+        y -= 0.5;
+    for (const Rect& band : bands) {
+        if (isOn(band, pointer.x, y - 0.5))
             return {pointer.x, band.y};
     }
     return pointer;

@@ -54,8 +54,12 @@ struct LookOfDocks {
 [[nodiscard]] std::vector<Rect> guardBands(const std::vector<PlatformScreen>& screens,
                                            const std::vector<std::uint32_t>& displays);
 
-/// Where a pointer that was moved there ends up.
-[[nodiscard]] Point keptOut(Point pointer, const std::vector<Rect>& bands);
+/// All displays in event space.
+[[nodiscard]] std::vector<Rect> eventFrames(const std::vector<PlatformScreen>& screens);
+
+/// Where a pointer that was moved there ends up, which may go from display to display.
+[[nodiscard]] Point keptOut(Point pointer, const std::vector<Rect>& bands,
+                            const std::vector<Rect>& displays);
 
 /// The place where a tile lands that is dragged by `offset` points.
 [[nodiscard]] int landing(int from, double offset, double slot, int count);

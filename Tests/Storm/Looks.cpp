@@ -1,6 +1,5 @@
 /// What must hold after every step.
 #include "Storm/Log.hpp"
-#include "Storm/Muted.hpp"
 #include "Storm/PreferencesText.hpp"
 #include "Storm/World.hpp"
 
@@ -196,7 +195,7 @@ void World::lookAtPlaces(const StormWindow& window, const ModelDock& dock,
         next += icon + 6;
         end = at + size;
     }
-    if (!muted::separators && !tiles.empty() && end > view + tolerance)
+    if (!tiles.empty() && end > view + tolerance)
         fail("the tiles of dock ", dock.id.display, " reach to ", end, " in a view of ", view);
 }
 
@@ -213,7 +212,7 @@ void World::lookAtGuard() {
         for (const double rise : {-1.0, 0.0, 2.5, 3.0, 3.5}) {
             for (const double x : {screen.frame.x, screen.frame.midX(), screen.frame.maxX()}) {
                 const Point to{x, bottom - rise};
-                const Point expected = isActive ? keptOut(to, model.bands) : to;
+                const Point expected = isActive ? keptOut(to, model.bands, model.displays) : to;
                 if (taps.move(to) != expected)
                     return fail("the pointer at ", to, " is not kept at ", expected);
             }

@@ -41,6 +41,12 @@ void Model::quit() {
     pollAt_.reset();
 }
 
+int Model::restingTimers() const {
+    const auto isWatched = [](const auto& dock) { return dock.second.isButtonDown; };
+    return (retryWatchAt_ ? 1 : 0) + (pollAt_ ? 1 : 0) +
+           static_cast<int>(std::ranges::count_if(docks, isWatched));
+}
+
 std::vector<Time> Model::dues() const {
     std::vector<Time> all;
     for (const auto& due : {mirrorAt_, reconcileAt_, retryWatchAt_, pollAt_}) {

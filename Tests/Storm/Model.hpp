@@ -76,6 +76,7 @@ public:
     std::set<std::string> launching;
     std::map<std::uint32_t, ModelDock> docks;
     std::vector<Rect> bands;
+    std::vector<Rect> displays;
     Guard guard = Guard::off;
     /// What the settings' file holds: the last save that succeeded, unless somebody damaged it.
     std::optional<Settings> saved;
@@ -88,7 +89,7 @@ public:
     int prompts = 0;
     bool watchesFile = false;
     /// Timers that a program at rest may still have.
-    [[nodiscard]] int restingTimers() const { return (retryWatchAt_ ? 1 : 0) + (pollAt_ ? 1 : 0); }
+    [[nodiscard]] int restingTimers() const;
 
 private:
     [[nodiscard]] std::vector<Time> dues() const;

@@ -1,6 +1,5 @@
 /// Which apps the docks show: the desktop's own pins, the user's list, the running apps.
 #include "Storm/Model.hpp"
-#include "Storm/Muted.hpp"
 
 #include <algorithm>
 #include <iterator>
@@ -204,7 +203,7 @@ void Model::showTiles() {
     // running ones.
     const TileCounts after = counts();
     if (before.pinned + before.unpinned != after.pinned + after.unpinned ||
-        ((before.unpinned > 0) != (after.unpinned > 0) && !muted::separators))
+        (before.unpinned > 0) != (after.unpinned > 0))
         reconcile();
 }
 

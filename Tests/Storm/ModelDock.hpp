@@ -56,6 +56,8 @@ struct ModelDock {
     bool hasFiles = false;
     int menus = 0;
     std::optional<ModelPress> press = {};
+    /// The button is down, on whatever: the dock looks from time to time whether it still is.
+    bool isButtonDown = false;
     std::optional<Time> hidesAt = {};
 
     /// The utility tiles, as they were when the tiles were last laid out.

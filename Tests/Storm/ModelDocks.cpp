@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace vireline::storm {
 namespace {
@@ -63,6 +64,7 @@ void Model::reconcile() {
     for (const PlannedDock& plan : planned)
         take(docks.at(plan.display), plan);
     bands = guardBands(screens, desired);
+    displays = eventFrames(screens);
 }
 
 /// A dock belongs to one edge.
@@ -92,9 +94,12 @@ ModelDock Model::fresh(const PlannedDock& plan) {
 void Model::take(ModelDock& dock, const PlannedDock& plan) const {
     dock.frame = plan.frame;
     dock.available = plan.available;
-    dock.hides = settings.autoHide;
-    if (dock.hides)
+    const bool hidBefore = std::exchange(dock.hides, settings.autoHide);
+    if (dock.hides) {
+        if (!hidBefore)
+            hideLater(dock);
         return;
+    }
     dock.isIn = false;
     dock.hidesAt.reset();
 }
@@ -180,6 +185,7 @@ void Model::pointer(DockID id, const PointerEvent& event, std::optional<std::siz
     if (dock == nullptr)
         return;
     const bool ends = event.kind == Kind::released || event.kind == Kind::cancelled;
+    dock->isButtonDown = !ends && (dock->isButtonDown || event.kind == Kind::pressed);
     if (dock->isIn) {
         if (ends)
             letGo(*dock);

@@ -57,6 +57,8 @@ public:
     void present(const Scene& scene) override;
     void requestFrame() override;
     void watchForCancel(bool watches) override;
+    /// Every release is told of.
+    void checkPress() override {}
     void orderFrontRegardless() override;
     void orderOut() override;
     void popUpMenu(const Menu& menu, const MenuPlace& place, MenuClosed onClose) override;

@@ -1,5 +1,4 @@
 /// What changes around the program: displays, apps, the desktop's own dock, files.
-#include "Storm/Muted.hpp"
 #include "Storm/World.hpp"
 
 #include <algorithm>
@@ -279,7 +278,7 @@ std::vector<Event> surroundingEvents() {
             {"pins are announced", 4, announcePins, true},
             {"the pins' file goes", 4, replacePinsFile, true},
             {"the pins' file comes", 4, restorePinsFile},
-            {"an app is deleted", muted::movesPastMissingApps ? 0 : 4, deleteApp},
+            {"an app is deleted", 4, deleteApp},
             {"an app is installed", 8, installApp},
             {"folders change", 3, changeFolders},
             {"icons change", 2, changeIcons},
