@@ -354,6 +354,16 @@ TEST_F(AppSourceResolverTest, AMoveToThePlaceWhereAnAppIsShownChangesNothing) {
     EXPECT_TRUE(log.messages().empty());
 }
 
+TEST_F(AppSourceResolverTest, AnAppThatWasDeletedWhileItsTileWasDraggedIsMovedAndHidden) {
+    startManual({finder, mail, notes});
+    platform.fileSystem.remove(notes.url);
+
+    resolver.moveManualApp(notes.bundleID, 0);
+
+    EXPECT_EQ(lists.last(), (Apps{finder, mail}));
+    EXPECT_EQ(manualApps(), stored(Apps{notes, finder, mail}));
+}
+
 TEST_F(AppSourceResolverTest, AMoveKeepsEveryHiddenAppBetweenItsNeighbours) {
     startManual({finder, notes, mail, music, maps});
     platform.fileSystem.remove(notes.url);

@@ -112,6 +112,13 @@ TEST_F(StackedDisplays, ABandThatLeadsOntoADisplaysCornerEndsWhereThatDoes) {
     EXPECT_EQ(held({500, 998}, all), std::nullopt);
 }
 
+TEST_F(StackedDisplays, TheBandOfADisplayThatOverlapsTheLowestOneDoesNotCountBelowIt) {
+    const std::vector<Rect> overlapping{{0, 0, 1000, 1000}, {0, 0, 1000, 900}};
+    const Zones band{{0, 897, 1000, 3}};
+
+    EXPECT_EQ(GuardMath::clamp({10, 1001}, band, overlapping), std::nullopt);
+}
+
 TEST_F(StackedDisplays, RoundingOpensNoBand) {
     const std::vector<Rect> thirds{{0, 0, 1000, 1000.0 / 3}};
     const Zones band{{0, 1000.0 / 3 - 3, 1000, 3.0 - 1e-9}};

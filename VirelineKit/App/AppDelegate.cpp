@@ -4,7 +4,6 @@
 #include "Platform/Application.hpp"
 #include "Platform/Workspace.hpp"
 #include "Views/DemoCursor.hpp"
-#include "WindowManagement/GuardMath.hpp"
 
 #include <algorithm>
 #include <cstdlib>
@@ -72,11 +71,10 @@ void AppDelegate::showOnboarding() {
 }
 
 void AppDelegate::connect() {
-    coordinator_.onGuardZonesChanged = lifetime_.guard([this](const std::vector<Rect>& zones) {
-        anchorGuard_.zones = zones;
-        anchorGuard_.displays =
-            GuardMath::displayFrames(ScreenSnapshot::current(platform_.screens));
-    });
+    coordinator_.onGuardZonesChanged =
+        lifetime_.guard([this](const std::vector<Rect>& zones) { anchorGuard_.zones = zones; });
+    coordinator_.onDisplayFramesChanged = lifetime_.guard(
+        [this](const std::vector<Rect>& frames) { anchorGuard_.displays = frames; });
     guardAsSet();
     activator_.windowMover = &windowMover_;
     activator_.settings =

@@ -141,18 +141,15 @@ void AppSourceResolver::moveManualApp(std::string_view bundleID, int toIndex) {
     adoptManualIfMirroring();
     auto apps = store_.settings().manualApps;
     const auto places = shownPlaces();
-    const auto bundleIDAt = [&](std::ptrdiff_t place) -> const std::string& {
-        return apps[static_cast<std::size_t>(place)].bundleID;
-    };
-    const auto from = std::ranges::find(places, moving, bundleIDAt);
-    if (isMirroring() || from == places.end())
+    const auto found = std::ranges::find(apps, moving, &StoredApp::bundleID);
+    if (isMirroring() || found == apps.end() || places.empty())
         return;
     const auto target = std::clamp<std::ptrdiff_t>(toIndex, 0, std::ssize(places) - 1);
     const std::ptrdiff_t to = places[static_cast<std::size_t>(target)];
-    if (to == *from)
+    if (to == found - apps.begin())
         return;
-    StoredApp moved = std::move(apps[static_cast<std::size_t>(*from)]);
-    apps.erase(apps.begin() + *from);
+    StoredApp moved = std::move(*found);
+    apps.erase(found);
     // Two writes: each is saved and announced, so the docks see the app leave before it arrives.
     setManualApps(apps);
     apps.insert(apps.begin() + to, std::move(moved));

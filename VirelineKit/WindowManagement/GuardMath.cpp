@@ -1,9 +1,13 @@
 #include "WindowManagement/GuardMath.hpp"
 
 #include <algorithm>
+#include <cmath>
 
 namespace vireline::GuardMath {
 namespace {
+
+/// More than rounding can be off by, and less than any display is high; points.
+constexpr double rounding = 0.5;
 
 bool spans(const Rect& rect, double x) noexcept {
     return rect.minX() <= x && x < rect.maxX();
@@ -23,8 +27,7 @@ const Rect* lowestAbove(Point point, std::span<const Rect> displays) noexcept {
 /// Another display begins where the band's own ends.
 bool leadsOn(const Rect& zone, double x, std::span<const Rect> displays) noexcept {
     const Point top{x, zone.minY()};
-    // More than rounding can be off by, and less than any display is high.
-    const Point below{x, zone.maxY() + 0.5};
+    const Point below{x, zone.maxY() + rounding};
     return std::ranges::any_of(displays, [&](const Rect& display) {
         return display.contains(below) && !display.contains(top);
     });
@@ -76,7 +79,7 @@ std::optional<Point> clamp(Point point, std::span<const Rect> zones,
     if (above == nullptr)
         return clamp(point, zones);
     const auto isItsOwn = [&](const Rect& zone) {
-        return spans(zone, point.x) && above->contains(zone.center());
+        return spans(zone, point.x) && std::abs(zone.maxY() - above->maxY()) < rounding;
     };
     const auto zone = std::ranges::find_if(zones, isItsOwn);
     return zone == zones.end() ? std::nullopt : clamp(point, {&*zone, 1});
