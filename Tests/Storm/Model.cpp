@@ -1,7 +1,7 @@
 #include "Storm/Model.hpp"
 
 #include <algorithm>
-#include <array>
+#include <utility>
 
 namespace vireline::storm {
 
@@ -39,6 +39,7 @@ void Model::quit() {
     reconcileAt_.reset();
     retryWatchAt_.reset();
     pollAt_.reset();
+    tapFailed_ = false;
 }
 
 int Model::restingTimers() const {
@@ -83,10 +84,8 @@ void Model::pass(Time duration) {
     if (isDue(retryWatchAt_))
         watch();
     if (isDue(pollAt_)) {
-        if (around_.platform.accessibility.trusted)
-            startTap();
-        else
-            pollAt_ = now_ + nanoseconds(2);
+        pollAt_ = now_ + pollEvery_;
+        lookAtPermission();
     }
     if (isDue(reconcileAt_))
         reconcile();
@@ -121,29 +120,56 @@ void Model::settingsChanged() {
 void Model::guardAsSet() {
     if (!settings.anchorAppleDock) {
         pollAt_.reset();
+        tapFailed_ = false;
         guard = Guard::off;
         line("anchor guard off");
     } else if (guard == Guard::active) {
         return;
     } else if (around_.platform.accessibility.trusted) {
-        pollAt_.reset();
         startTap();
     } else if (!pollAt_) {
         guard = Guard::waiting;
         ++prompts;
         line("anchor guard: requested Accessibility permission");
-        pollAt_ = now_ + nanoseconds(2);
+        lookEvery(2);
     }
+}
+
+void Model::lookEvery(double seconds) {
+    pollEvery_ = nanoseconds(seconds);
+    pollAt_ = now_ + pollEvery_;
+}
+
+void Model::lookAtPermission() {
+    const bool isTrusted = around_.platform.accessibility.trusted;
+    if (guard == Guard::active && !isTrusted)
+        loseTap();
+    else if (guard == Guard::waiting && isTrusted)
+        startTap();
+}
+
+void Model::tapDisabled() {
+    if (!around_.platform.accessibility.trusted)
+        loseTap();
+}
+
+void Model::loseTap() {
+    guard = Guard::waiting;
+    line("anchor guard: Accessibility permission withdrawn");
+    lookEvery(2);
 }
 
 void Model::startTap() {
     if (around_.platform.pointerTaps.failure) {
         guard = Guard::waiting;
-        line("anchor guard: tap creation failed, staying in waiting state");
-    } else {
-        guard = Guard::active;
-        line("anchor guard active, " + std::to_string(bands.size()) + " zones");
+        if (!std::exchange(tapFailed_, true))
+            line("anchor guard: tap creation failed, staying in waiting state");
+        return lookEvery(2);
     }
+    guard = Guard::active;
+    tapFailed_ = false;
+    lookEvery(5);
+    line("anchor guard active, " + std::to_string(bands.size()) + " zones");
 }
 
 void Model::screensAnnounced() {

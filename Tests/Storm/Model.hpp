@@ -41,6 +41,7 @@ public:
     void removeApp(const std::string& bundleID);
 
     /// What the surroundings tell the program of themselves.
+    void tapDisabled();
     void desktopsDockAnnounced() { mirrorAt_ = now_ + nanoseconds(0.3); }
     void desktopsDockFileChanged(bool isRemoved);
     void screensAnnounced();
@@ -100,6 +101,9 @@ private:
     void settingsChanged();
     void guardAsSet();
     void startTap();
+    void lookEvery(double seconds);
+    void lookAtPermission();
+    void loseTap();
 
     void readMirror();
     [[nodiscard]] std::vector<AppRef> mirrored() const;
@@ -137,6 +141,9 @@ private:
     std::optional<Time> reconcileAt_;
     std::optional<Time> retryWatchAt_;
     std::optional<Time> pollAt_;
+    Time pollEvery_ = 0;
+    /// The last tap that was asked for was refused.
+    bool tapFailed_ = false;
 };
 
 }

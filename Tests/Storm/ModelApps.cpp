@@ -143,31 +143,30 @@ void Model::removeApp(const std::string& bundleID) {
 }
 
 /// `place` counts the tiles that are shown; the list may hold apps that are gone as well, and the
-/// app takes the place of the entry that is shown there.
+/// app's first shown entry takes the place of the one that is shown there.
 void Model::moveApp(const std::string& bundleID, int place) {
     adopt();
     if (!isManual())
         return;
-    auto& list = settings.manualApps;
-    const auto from = std::ranges::find(list, bundleID, &StoredApp::bundleID);
-    if (from == list.end())
-        return;
-    std::vector<std::ptrdiff_t> shown;
+    const auto& list = settings.manualApps;
+    std::vector<std::size_t> shown;
     for (std::size_t i = 0; i < list.size(); ++i) {
         if (around_.platform.fileSystem.exists(FileURL::fromPath(list[i].path)))
-            shown.push_back(static_cast<std::ptrdiff_t>(i));
+            shown.push_back(i);
     }
-    if (shown.empty())
+    const auto from = std::ranges::find(
+        shown, bundleID, [&](std::size_t i) -> const std::string& { return list[i].bundleID; });
+    if (from == shown.end())
         return;
-    const auto target =
-        shown.at(std::min(static_cast<std::size_t>(std::max(place, 0)), shown.size() - 1));
-    if (target == from - list.begin())
+    const std::size_t target =
+        shown[std::min(static_cast<std::size_t>(std::max(place, 0)), shown.size() - 1)];
+    if (target == *from)
         return;
-    const StoredApp moved = *from;
+    const StoredApp moved = list[*from];
     Settings without = settings;
-    without.manualApps.erase(without.manualApps.begin() + (from - list.begin()));
+    without.manualApps.erase(without.manualApps.begin() + static_cast<std::ptrdiff_t>(*from));
     Settings with = without;
-    with.manualApps.insert(with.manualApps.begin() + target, moved);
+    with.manualApps.insert(with.manualApps.begin() + static_cast<std::ptrdiff_t>(target), moved);
     write(without);
     write(with);
     line("manual move " + bundleID + " to " + std::to_string(target));

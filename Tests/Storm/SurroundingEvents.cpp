@@ -253,8 +253,10 @@ void changeTrust(World& world, Random& random) {
 void disableTap(World& world, Random& random) {
     using Kind = PointerTapEvent::Kind;
     auto& taps = world.around.platform.pointerTaps;
-    if (taps.isTapped())
-        taps.disable(random.boolean() ? Kind::tapDisabledByTimeout : Kind::tapDisabledByUserInput);
+    if (!taps.isTapped())
+        return;
+    world.model.tapDisabled();
+    taps.disable(random.boolean() ? Kind::tapDisabledByTimeout : Kind::tapDisabledByUserInput);
 }
 
 void changeMotion(World& world, Random& random) {
@@ -264,9 +266,12 @@ void changeMotion(World& world, Random& random) {
 
 }
 
+/// The displays change between calls alone: what the program reads of them in the middle of one
+/// would depend on the order of what it does there. It may be told of an earlier change at any
+/// time.
 std::vector<Event> surroundingEvents() {
-    return {{"displays change", 12, changeScreens, true},
-            {"the desktop's dock moves", 16, moveDesktopsDock, true},
+    return {{"displays change", 12, changeScreens},
+            {"the desktop's dock moves", 16, moveDesktopsDock},
             {"displays are announced", 6, burstOfScreens, true},
             {"an app starts", 16, launchApp, true},
             {"an app is about to start", 8, beginLaunch, true},
