@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <ranges>
 
 namespace vireline {
 namespace {
@@ -88,10 +89,9 @@ TEST_F(DockPanelDrawingTest, ATileThatSettlesShrinksAndSlidesForTheSameTime) {
         dock.platform.runLoop.advance(seconds);
         window().nextFrame();
         // The one in the hand is painted last.
-        for (auto node = window().scene->nodes.rbegin(); node != window().scene->nodes.rend();
-             ++node)
-            if (node->id.part == NodeID::Part::icon && node->scale > 1)
-                return *node;
+        for (const SceneNode& node : std::views::reverse(window().scene->nodes))
+            if (node.id.part == NodeID::Part::icon && node.scale > 1)
+                return node;
         return SceneNode{};
     };
     const Point first = window().scene->nodes.at(2).frame.center();

@@ -29,7 +29,9 @@ protected:
     void startDaemon(std::string_view theme) {
         daemon_ = desktop::announceIconTheme(client(), theme);
     }
-    void choose(std::string_view theme) { desktop::changeIconTheme(client(), daemon_, theme); }
+    void choose(std::string_view theme) const {
+        desktop::changeIconTheme(client(), daemon_, theme);
+    }
     void writeSettings(const std::string& theme) const {
         write(settings(), "[Settings]\ngtk-icon-theme-name=" + theme + "\n");
     }
