@@ -6,5 +6,7 @@ extern "C" const char* __lsan_default_suppressions();
 
 // NOLINTNEXTLINE(bugprone-reserved-identifier)
 const char* __lsan_default_suppressions() {
-    return "leak:libfontconfig.so\n";
+    // Qt's bus thread may still be reading a message when the process ends.
+    return "leak:libfontconfig.so\n"
+           "leak:libdbus-1.so\n";
 }
