@@ -52,7 +52,7 @@ std::vector<AppRef> AppSourceResolver::manualList() const {
 }
 
 bool AppSourceResolver::isShown(const StoredApp& app) const {
-    // A path from a file that anybody may have edited: one that is not absolute leads nowhere.
+    // A path from a file that anybody may have edited: one that is not absolute is invalid.
     return app.path.starts_with('/') && fileSystem_.exists(FileURL::fromPath(app.path));
 }
 

@@ -1,4 +1,4 @@
-/// How often something is put right before whoever undoes it has won. What was left alone for a
+/// How often something is corrected before the program gives up on it. What was left alone for a
 /// while is put right as often again.
 #pragma once
 
