@@ -131,6 +131,7 @@ TEST_F(LeftoversTest, SavesOfManyProcessesAtATimeAllSucceed) {
     constexpr int processes = 4;
     constexpr int saves = 50;
     std::vector<pid_t> children;
+    children.reserve(processes);
     for (int i = 0; i < processes; ++i) {
         children.push_back(processOf([this] {
             for (int save = 0; save < saves; ++save) {

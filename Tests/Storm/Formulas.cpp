@@ -90,6 +90,7 @@ std::vector<PlannedDock> plannedDocks(const std::vector<PlatformScreen>& screens
         host = numbered.begin();
     numbered.erase(host);
     std::vector<PlannedDock> docks;
+    docks.reserve(numbered.size());
     for (const PlatformScreen& screen : numbered)
         docks.push_back(plannedDock(screen, look));
     return docks;

@@ -143,6 +143,7 @@ void World::lookAtTiles(StormWindow& window, const ModelDock& dock) {
         return;
     }
     std::vector<std::pair<std::string, std::optional<std::string>>> expected;
+    expected.reserve(model.items.size() + 2);
     for (const DockItem& item : model.items)
         expected.emplace_back(item.name, item.isRunning ? "running" : "not running");
     if (dock.hasDownloads)

@@ -319,6 +319,7 @@ void Model::laidOut(DockID id) {
 
 std::vector<TileKey> Model::tilesOf(const ModelDock& dock) const {
     std::vector<TileKey> tiles;
+    tiles.reserve(items.size() + 2);
     std::map<std::string, int> seen;
     for (const DockItem& item : items)
         tiles.push_back({item.id, seen[item.id]++});

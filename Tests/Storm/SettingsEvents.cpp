@@ -165,7 +165,7 @@ void takeTour(World& world, Random& random) {
 /// Somebody edits the file of a program that does not run, and not well.
 void damageFile(World& world, Random& /*random*/) {
     world.end();
-    world.around.platform.fileSystem.put(world.around.preferences(), "{\"iconSize\": \"large\"}");
+    world.around.platform.fileSystem.put(world.around.preferences(), R"({"iconSize": "large"})");
     world.model.fileIsDamaged = true;
     world.restart();
 }

@@ -108,7 +108,7 @@ void World::restart() {
 
 void World::perform(int step) {
     step_ = step;
-    story_.push_back("");
+    story_.emplace_back();
     wasInterrupted_ = false;
     hasReadApps_ = false;
     linesWhenScreensWereRead_.reset();
@@ -242,6 +242,7 @@ void World::menuOpened(StormWindow& window) {
             expected.emplace_back("Quit");
     }
     std::vector<std::string> titles;
+    titles.reserve(window.menu.entries.size());
     for (const MenuItem& entry : window.menu.entries)
         titles.push_back(std::get<MenuCommand>(entry).title);
     if (titles != expected)

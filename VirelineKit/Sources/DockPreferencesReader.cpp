@@ -54,7 +54,8 @@ Result<std::vector<ParsedDockEntry>> parse(std::span<const std::byte> data,
     const auto list = tileList(data, decoder);
     if (!list)
         return std::unexpected{list.error()};
-    return *list ? parseList(**list) : std::vector<ParsedDockEntry>{};
+    const std::optional<PropertyList>& tiles = *list;
+    return tiles ? parseList(*tiles) : std::vector<ParsedDockEntry>{};
 }
 
 std::vector<ParsedDockEntry> parseEntries(const PropertyList::Array& tiles) {

@@ -61,10 +61,8 @@ void WindowKeeper::send(xcb_window_t window, const WindowSnapshot& now, const Wi
 }
 
 void WindowKeeper::makeMovable(xcb_window_t window, const WindowSnapshot& now) const {
-    if (now.isOnAnotherDesktop()) {
-        connection_.sendToRoot(window, "_NET_WM_DESKTOP",
-                               std::array{*now.currentDesktop, fromPager});
-    }
+    if (const auto& shown = now.currentDesktop; shown && now.isOnAnotherDesktop())
+        connection_.sendToRoot(window, "_NET_WM_DESKTOP", std::array{*shown, fromPager});
     setFill(window, now.fill, false);
     if (now.isIconified)
         xcb_map_window(connection_.get(), window);
