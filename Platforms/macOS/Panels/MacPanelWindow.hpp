@@ -55,6 +55,8 @@ private:
     /// That of the frame, and that of frames to come.
     Overhang overhang_;
     Overhang nextOverhang_;
+    /// The window's right edge stays where it is while its left one moves.
+    bool isHeldAtRight_ = false;
     VirelinePanel* _Nonnull panel_;
     VirelineDockView* _Nonnull dock_;
     FrameClock frames_;

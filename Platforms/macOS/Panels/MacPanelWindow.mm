@@ -63,6 +63,7 @@ MacPanelWindow::~MacPanelWindow() {
 }
 
 void MacPanelWindow::setFrame(const Rect& frame, bool animate) {
+    isHeldAtRight_ = HostedView::staysAtRight(frame_, frame);
     frame_ = frame;
     overhang_ = nextOverhang_;
     attempt("setFrame", [&] { applyFrame(animate); });
@@ -94,13 +95,20 @@ void MacPanelWindow::setHostedFrame(const Rect& frame) {
 }
 
 /// The dock's view is as large as what it draws; its coordinates are those of the hosted view.
+/// While an animation changes the window's width, a view that is measured from the left would move
+/// with the left edge: where the right edge stays, the view keeps its distance from that one.
 void MacPanelWindow::placeDock() {
-    const Rect hosted{hostedFrame_.x + overhang_.left, hostedFrame_.y + overhang_.bottom,
-                      hostedFrame_.width, hostedFrame_.height};
-    input_->setOverhang(overhang_, frame_.size());
-    input_->setHosted({hosted});
+    const Rect inWindow{hostedFrame_.x + overhang_.left, hostedFrame_.y + overhang_.bottom,
+                        hostedFrame_.width, hostedFrame_.height};
     attempt("placeDock", [&] {
-        dock_.frame = toCGRect(overhang_.around(hosted));
+        const Rect hosted = HostedView::onWholePixels(inWindow, panel_.backingScaleFactor);
+        input_->setOverhang(overhang_, frame_.size());
+        input_->setHosted({hosted});
+        Rect placed = overhang_.around(hosted);
+        if (isHeldAtRight_)
+            placed.x += panel_.frame.size.width - overhang_.around(frame_).width;
+        dock_.autoresizingMask = isHeldAtRight_ ? NSViewMinXMargin : 0;
+        dock_.frame = toCGRect(placed);
         dock_.bounds = toCGRect(overhang_.around(hosted.size()));
     });
 }
@@ -113,6 +121,7 @@ void MacPanelWindow::present(const Scene& scene) {
 void MacPanelWindow::restore() {
     attempt("restore", [this] {
         applyFrame(false);
+        placeDock();
         [dock_ presentAgain];
     });
     frames_.catchUp();

@@ -58,8 +58,6 @@ NSDragOperation operation(BOOL canDrop, id<NSDraggingInfo> drag) {
         return nil;
     _input = std::move(input);
     self.wantsLayer = YES;
-    // What it shows keeps its place from the bottom-left corner.
-    self.autoresizesSubviews = NO;
     [self addTrackingArea:[[NSTrackingArea alloc] initWithRect:NSZeroRect
                                                        options:entering
                                                          owner:panel

@@ -235,7 +235,9 @@ void advance(double seconds) {
             const double atFrame = nextFrame();
             if (std::min(atTimer, atFrame) > end)
                 break;
-            loop().now = std::max(loop().now, std::min(atTimer, atFrame));
+            // Never early, be it by the last bit of a sum.
+            constexpr double lateness = 1e-6;
+            loop().now = std::max(loop().now, std::min(atTimer, atFrame) + lateness);
             if (atFrame <= atTimer)
                 serveFrame();
             else

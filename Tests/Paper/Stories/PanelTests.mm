@@ -1,7 +1,9 @@
-// What becomes of a dock's window and its content.
+// Where a dock's content lies in its window and on the display, and what becomes of its window.
 #include "ProgramTest.hpp"
 
 #include <algorithm>
+#include <cmath>
+#include <sstream>
 
 namespace vireline {
 namespace {
@@ -11,7 +13,76 @@ protected:
     Panels() { pinThreeApps(); }
 
     static NSView* content(NSWindow* dock) { return dock.contentView.subviews.firstObject; }
+
+    /// How far the content's right edge lies from that of display 2.
+    static double fromTheRightEdge(NSWindow* dock) {
+        const NSRect view = content(dock).frame;
+        return 1440 + 1920 - (dock.frame.origin.x + view.origin.x + view.size.width);
+    }
+
+    static double offThePixels(double length, double scale) {
+        return std::abs(length * scale - std::round(length * scale));
+    }
 };
+
+struct Look {
+    int iconSize;
+    double magnification;
+    const char* position;
+};
+
+class PanelsAtAnySize : public Panels, public testing::WithParamInterface<Look> {};
+
+TEST_P(PanelsAtAnySize, LieOnWholePixels) {
+    const Look& look = GetParam();
+    std::ostringstream settings;
+    settings << R"({"onboardingCompleted": true, "magnificationEnabled": true, "iconSize": )"
+             << look.iconSize << R"(, "magnification": )" << look.magnification
+             << R"(, "position": ")" << look.position << R"("})";
+    writePreferences(settings.str());
+    runProgram([] {
+        for (const unsigned display : {2U, 3U}) {
+            NSWindow* const dock = dockOn(display);
+            const NSRect view = content(dock).frame;
+            const double scale = dock.backingScaleFactor;
+            // What is drawn beyond the view's own edges lies outside of its bounds' origin.
+            const NSPoint origin = content(dock).bounds.origin;
+            EXPECT_LT(offThePixels(view.origin.y + view.size.height + origin.y, scale), 1e-9);
+            EXPECT_LT(offThePixels(view.origin.x - origin.x, scale), 1e-9);
+        }
+    });
+}
+
+// Lengths with a fraction: 44 points that grow to 57.2, 33 that grow to 42.9 and 50.49.
+INSTANTIATE_TEST_SUITE_P(Sizes, PanelsAtAnySize,
+                         testing::Values(Look{44, 1.3, "bottom"}, Look{33, 1.3, "left"},
+                                         Look{33, 1.53, "right"}, Look{61, 1.7, "bottom"},
+                                         Look{44, 1.5, "bottom"}));
+
+TEST_F(Panels, SlideWithTheirWindowAtTheRightEdge) {
+    writePreferences(R"({"onboardingCompleted": true, "autoHide": true, "position": "right"})");
+    runProgram([] {
+        NSWindow* const dock = dockOn(2);
+        const double collapsed = fromTheRightEdge(dock);
+        std::vector<double> distances;
+        const auto watch = [&](int frames) {
+            for (int frame = 0; frame < frames; ++frame) {
+                distances.push_back(fromTheRightEdge(dock));
+                paper::advance(1.0 / 60);
+            }
+        };
+        paper::movePointer({1440 + 1919, dock.frame.origin.y + 50});
+        watch(60);
+        const double out = fromTheRightEdge(dock);
+        paper::movePointer({2000, 600});
+        watch(120);
+        EXPECT_NEAR(distances.back(), collapsed, 0.01);
+        // It moves by no more than the gap beside a dock that is out.
+        const auto [nearest, farthest] = std::ranges::minmax(distances);
+        EXPECT_NEAR(farthest - nearest, out - collapsed, 0.01);
+        EXPECT_NEAR(out - collapsed, 4, 0.01);
+    });
+}
 
 TEST_F(Panels, StayWhenTheUserHidesAllOtherPrograms) {
     runProgram([] {

@@ -12,6 +12,7 @@ NS_ASSUME_NONNULL_BEGIN
 @class NSWindow;
 
 typedef NS_OPTIONS(NSUInteger, NSAutoresizingMaskOptions) {
+    NSViewMinXMargin = 1,
     NSViewWidthSizable = 2,
     NSViewHeightSizable = 16
 };
