@@ -9,12 +9,11 @@
 namespace vireline {
 namespace {
 
-using Kind = PointerTapEvent::Kind;
 using Lines = std::vector<std::string>;
 using Status = DockAnchorGuard::Status;
 
 struct DockAnchorGuardTest : testing::Test {
-    DockAnchorGuardTest() { guard->zones = {{1920, 1077, 1920, 3}}; }
+    DockAnchorGuardTest() { guard->setZones({{1920, 1077, 1920, 3}}); }
 
     test::LoggedLines log;
     test::FakePlatform platform;
@@ -33,7 +32,6 @@ TEST_F(DockAnchorGuardTest, KeepsThePointerOutOfTheBands) {
 
     EXPECT_EQ(guard->status(), Status::active);
     EXPECT_EQ(taps.move({2000, 1079}), (Point{2000, 1077}));
-    EXPECT_EQ(taps.move({2000, 1079}, Kind::leftMouseDragged), (Point{2000, 1077}));
     EXPECT_EQ(taps.move({2000, 900}), (Point{2000, 900}));
     EXPECT_EQ(log.messages(), Lines{"anchor guard active, 1 zones"});
 }
@@ -41,15 +39,35 @@ TEST_F(DockAnchorGuardTest, KeepsThePointerOutOfTheBands) {
 TEST_F(DockAnchorGuardTest, TakesNewZonesWithTheNextMove) {
     guard->enable();
 
-    guard->zones = {{0, 500, 100, 3}};
+    guard->setZones({{0, 500, 100, 3}});
 
     EXPECT_EQ(taps.move({2000, 1079}), (Point{2000, 1079}));
     EXPECT_EQ(taps.move({50, 502}), (Point{50, 500}));
 }
 
+TEST_F(DockAnchorGuardTest, LetsThePointerGoToADisplayBelowThatComes) {
+    guard->enable();
+    EXPECT_EQ(taps.move({2000, 1500}), (Point{2000, 1077}));
+
+    guard->setDisplays({{1920, 0, 1920, 1080}, {1920, 1080, 1920, 1080}});
+
+    EXPECT_EQ(taps.move({2000, 1500}), (Point{2000, 1500}));
+}
+
+// What a tap asks it may ask on another thread, and for the last time while the guard ends.
+TEST_F(DockAnchorGuardTest, GivesTheTapARuleThatNeedsNothingOfIt) {
+    guard->enable();
+    const PointerRule rule = taps.rule();
+
+    guard->setZones({});
+    guard.reset();
+
+    EXPECT_EQ(rule({2000, 1079}), (Point{2000, 1077}));
+}
+
 // Behaviour: anchor-guard-4
 TEST_F(DockAnchorGuardTest, RunsWithoutZonesAndChangesNothing) {
-    guard->zones.clear();
+    guard->setZones({});
 
     guard->enable();
 
@@ -126,8 +144,8 @@ TEST_F(DockAnchorGuardTest, TriesForATapAgainByItself) {
 }
 
 TEST_F(DockAnchorGuardTest, NeverEnablesATapAgainWithoutThePermission) {
-    for (const auto reason : {PointerTapEvent::Kind::tapDisabledByTimeout,
-                              PointerTapEvent::Kind::tapDisabledByUserInput}) {
+    for (const auto reason :
+         {PointerTapEvent::tapDisabledByTimeout, PointerTapEvent::tapDisabledByUserInput}) {
         platform.accessibility.trusted = true;
         guard->enable();
         platform.accessibility.trusted = false;
@@ -175,8 +193,8 @@ TEST_F(DockAnchorGuardTest, TriesForATapAgainWhenEnabledAgain) {
 TEST_F(DockAnchorGuardTest, EnablesATapAgainThatTheSystemDisabled) {
     guard->enable();
 
-    for (const auto reason : {PointerTapEvent::Kind::tapDisabledByTimeout,
-                              PointerTapEvent::Kind::tapDisabledByUserInput}) {
+    for (const auto reason :
+         {PointerTapEvent::tapDisabledByTimeout, PointerTapEvent::tapDisabledByUserInput}) {
         taps.disable(reason);
 
         EXPECT_TRUE(taps.isEnabled());

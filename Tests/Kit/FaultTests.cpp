@@ -177,7 +177,7 @@ void waking(FaultWorld& world) {
     world.start();
     world.pass(60);
     if (world.platform.fake.pointerTaps.isTapped())
-        world.platform.fake.pointerTaps.disable(PointerTapEvent::Kind::tapDisabledByTimeout);
+        world.platform.fake.pointerTaps.disable(PointerTapEvent::tapDisabledByTimeout);
     for (int i = 0; i < 3; ++i)
         world.platform.fake.screens.announceChange();
     world.platform.fake.dockPreferences.announceChange();

@@ -100,9 +100,9 @@ private:
 class NotingPointerTaps final : public PointerTaps {
 public:
     explicit NotingPointerTaps(PointerTaps& real) : real_(real) {}
-    Result<std::unique_ptr<PointerTap>> create(Callback callback) override {
+    Result<std::unique_ptr<PointerTap>> create(PointerRule rule, Disabled onDisabled) override {
         DevLog::write("> tap");
-        return real_.create(std::move(callback));
+        return real_.create(std::move(rule), std::move(onDisabled));
     }
 
 private:

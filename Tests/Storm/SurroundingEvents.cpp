@@ -251,7 +251,7 @@ void changeTrust(World& world, Random& random) {
 }
 
 void disableTap(World& world, Random& random) {
-    using Kind = PointerTapEvent::Kind;
+    using Kind = PointerTapEvent;
     auto& taps = world.around.platform.pointerTaps;
     if (!taps.isTapped())
         return;

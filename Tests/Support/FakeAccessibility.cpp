@@ -164,31 +164,33 @@ class FakePointerTaps::Tap final : public PointerTap {
 public:
     explicit Tap(std::shared_ptr<State> state) : state_(std::move(state)) {}
     void setEnabled(bool isEnabled) override { state_->isEnabled = isEnabled; }
+    void setRule(PointerRule rule) override { state_->rule = std::move(rule); }
 
 private:
     std::shared_ptr<State> state_;
 };
 
-Result<std::unique_ptr<PointerTap>> FakePointerTaps::create(Callback callback) {
+Result<std::unique_ptr<PointerTap>> FakePointerTaps::create(PointerRule rule, Disabled onDisabled) {
     if (failure)
         return std::unexpected{*failure};
     ++created;
-    auto state = std::make_shared<State>(State{.callback = std::move(callback)});
+    auto state = std::make_shared<State>(
+        State{.rule = std::move(rule), .onDisabled = std::move(onDisabled)});
     tap_ = state;
     return std::make_unique<Tap>(std::move(state));
 }
 
-Point FakePointerTaps::move(Point to, PointerTapEvent::Kind kind) {
+Point FakePointerTaps::move(Point to) {
     const auto tap = tap_.lock();
     if (!tap || !tap->isEnabled)
         return to;
-    return tap->callback({kind, to}).value_or(to);
+    return tap->rule(to).value_or(to);
 }
 
-void FakePointerTaps::disable(PointerTapEvent::Kind reason) {
+void FakePointerTaps::disable(PointerTapEvent reason) {
     const auto tap = tap_.lock();
     tap->isEnabled = false;
-    tap->callback({reason, {}});
+    tap->onDisabled(reason);
 }
 
 bool FakePointerTaps::isEnabled() const {

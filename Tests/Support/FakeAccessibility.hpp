@@ -86,13 +86,17 @@ private:
 
 class FakePointerTaps final : public PointerTaps {
 public:
-    [[nodiscard]] Result<std::unique_ptr<PointerTap>> create(Callback callback) override;
+    [[nodiscard]] Result<std::unique_ptr<PointerTap>> create(PointerRule rule,
+                                                             Disabled onDisabled) override;
 
     /// Moves the pointer as the user would; where it ends up.
-    Point move(Point to, PointerTapEvent::Kind kind = PointerTapEvent::Kind::mouseMoved);
+    Point move(Point to);
 
     /// Disables the tap as the system does and tells it why.
-    void disable(PointerTapEvent::Kind reason);
+    void disable(PointerTapEvent reason);
+
+    /// What the tap asks; there is one.
+    [[nodiscard]] PointerRule rule() const { return tap_.lock()->rule; }
 
     [[nodiscard]] bool isTapped() const { return !tap_.expired(); }
     [[nodiscard]] bool isEnabled() const;
@@ -103,7 +107,8 @@ public:
 
 private:
     struct State {
-        Callback callback;
+        PointerRule rule;
+        Disabled onDisabled;
         bool isEnabled = false;
     };
     class Tap;

@@ -200,8 +200,10 @@ class FaultyPointerTaps final : public PointerTaps {
 public:
     FaultyPointerTaps(PointerTaps& port, Faults& faults) : port_(port), faults_(faults) {}
 
-    [[nodiscard]] Result<std::unique_ptr<PointerTap>> create(Callback callback) override {
-        return faults_("PointerTaps::create", [&] { return port_.create(std::move(callback)); });
+    [[nodiscard]] Result<std::unique_ptr<PointerTap>> create(PointerRule rule,
+                                                             Disabled onDisabled) override {
+        return faults_("PointerTaps::create",
+                       [&] { return port_.create(std::move(rule), std::move(onDisabled)); });
     }
 
 private:

@@ -12,13 +12,13 @@ TEST(TapEvents, AskForMovesWithoutAButtonAndWithTheLeftOne) {
 }
 
 TEST(TapEvents, TellTheKindsOfEventsApart) {
-    EXPECT_EQ(TapEvents::kind(5), PointerTapEvent::Kind::mouseMoved);
-    EXPECT_EQ(TapEvents::kind(6), PointerTapEvent::Kind::leftMouseDragged);
+    EXPECT_EQ(TapEvents::kind(5), PointerTapEvent::mouseMoved);
+    EXPECT_EQ(TapEvents::kind(6), PointerTapEvent::leftMouseDragged);
 }
 
 TEST(TapEvents, NoticeThatTheTapWasDisabled) {
-    EXPECT_EQ(TapEvents::kind(0xFFFFFFFE), PointerTapEvent::Kind::tapDisabledByTimeout);
-    EXPECT_EQ(TapEvents::kind(0xFFFFFFFF), PointerTapEvent::Kind::tapDisabledByUserInput);
+    EXPECT_EQ(TapEvents::kind(0xFFFFFFFE), PointerTapEvent::tapDisabledByTimeout);
+    EXPECT_EQ(TapEvents::kind(0xFFFFFFFF), PointerTapEvent::tapDisabledByUserInput);
 }
 
 TEST(TapEvents, LetPassWhatWasNotAskedFor) {

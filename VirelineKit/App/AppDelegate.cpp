@@ -72,9 +72,9 @@ void AppDelegate::showOnboarding() {
 
 void AppDelegate::connect() {
     coordinator_.onGuardZonesChanged =
-        lifetime_.guard([this](const std::vector<Rect>& zones) { anchorGuard_.zones = zones; });
+        lifetime_.guard([this](const std::vector<Rect>& zones) { anchorGuard_.setZones(zones); });
     coordinator_.onDisplayFramesChanged = lifetime_.guard(
-        [this](const std::vector<Rect>& frames) { anchorGuard_.displays = frames; });
+        [this](const std::vector<Rect>& frames) { anchorGuard_.setDisplays(frames); });
     guardAsSet();
     activator_.windowMover = &windowMover_;
     activator_.settings =

@@ -10,18 +10,18 @@
 
 namespace vireline {
 
-struct PointerTapEvent {
-    enum class Kind {
-        mouseMoved,
-        leftMouseDragged,
-        tapDisabledByTimeout,   ///< the system lost patience with the tap
-        tapDisabledByUserInput, ///< the system was told to
-    };
-
-    Kind kind = Kind::mouseMoved;
-    /// Event space: points, origin at the primary display's top-left corner, y downwards.
-    Point location;
+enum class PointerTapEvent {
+    mouseMoved,
+    leftMouseDragged,
+    tapDisabledByTimeout,   ///< the system lost patience with the tap
+    tapDisabledByUserInput, ///< the system was told to
 };
+
+/// Where the pointer shall go instead of this point, both in event space; nothing to let it go
+/// there. It is asked for every move, on a thread of the platform's choice, so that the pointer
+/// never waits for the program: it must be quick, and may use nothing but what it holds and nobody
+/// changes.
+using PointerRule = std::function<std::optional<Point>(Point)>;
 
 /// One tap. Ends with this object, which gives the system back all that it took.
 class PointerTap {
@@ -35,19 +35,24 @@ public:
 
     /// A tap that is not enabled lets everything pass, unseen.
     virtual void setEnabled(bool isEnabled) = 0;
+
+    /// Asks this rule from now on. The one before is no longer asked when this returns, or once
+    /// more by a move that is just on its way.
+    virtual void setRule(PointerRule rule) = 0;
 };
 
 class PointerTaps {
 public:
-    /// Where the pointer shall be instead, in event space; nothing to let it be. Must be quick: it
-    /// is asked for every move.
-    using Callback = std::function<std::optional<Point>(const PointerTapEvent&)>;
+    /// Is told, on the main thread, that the system disabled the tap; never by a tap that has
+    /// ended.
+    using Disabled = std::function<void(PointerTapEvent)>;
 
     virtual ~PointerTaps() = default;
 
     /// A tap for moves without a button and with the left one, not enabled yet. Nothing is ever
     /// swallowed.
-    [[nodiscard]] virtual Result<std::unique_ptr<PointerTap>> create(Callback callback) = 0;
+    [[nodiscard]] virtual Result<std::unique_ptr<PointerTap>> create(PointerRule rule,
+                                                                     Disabled onDisabled) = 0;
 };
 
 }

@@ -17,6 +17,18 @@ constexpr double permissionCheckInterval = 5;
 
 }
 
+void DockAnchorGuard::setZones(std::vector<Rect> zones) {
+    zones_ = std::move(zones);
+    if (tap_)
+        tap_->setRule(rule());
+}
+
+void DockAnchorGuard::setDisplays(std::vector<Rect> displays) {
+    displays_ = std::move(displays);
+    if (tap_)
+        tap_->setRule(rule());
+}
+
 void DockAnchorGuard::enable() {
     if (tap_)
         return;
@@ -55,8 +67,7 @@ void DockAnchorGuard::permissionWithdrawn() {
 }
 
 void DockAnchorGuard::startTap() {
-    auto tap = taps_.create(lifetime_.guardOr(
-        std::optional<Point>{}, [this](const PointerTapEvent& event) { return pass(event); }));
+    auto tap = taps_.create(rule(), lifetime_.guard([this](PointerTapEvent) { tapDisabled(); }));
     if (!tap) {
         if (!std::exchange(hasFailed_, true))
             DevLog::write("anchor guard: tap creation failed, staying in waiting state");
@@ -69,20 +80,24 @@ void DockAnchorGuard::startTap() {
     tap_->setEnabled(true);
     status_.set(Status::active);
     lookEvery(permissionCheckInterval);
-    DevLog::write("anchor guard active, " + std::to_string(zones.size()) + " zones");
+    DevLog::write("anchor guard active, " + std::to_string(zones_.size()) + " zones");
 }
 
-std::optional<Point> DockAnchorGuard::pass(const PointerTapEvent& event) {
-    using Kind = PointerTapEvent::Kind;
-    if (event.kind == Kind::tapDisabledByTimeout || event.kind == Kind::tapDisabledByUserInput) {
-        if (!accessibility_.isTrusted())
-            permissionWithdrawn();
-        else if (tap_)
-            tap_->setEnabled(true);
-        return std::nullopt;
-    }
-    return GuardMath::clamp(event.location, zones, displays);
+PointerRule DockAnchorGuard::rule() const {
+    return [zones = zones_, displays = displays_](Point at) {
+        return GuardMath::clamp(at, zones, displays);
+    };
 }
+
+void DockAnchorGuard::tapDisabled() {
+    if (!tap_)
+        return;
+    if (accessibility_.isTrusted())
+        tap_->setEnabled(true);
+    else
+        permissionWithdrawn();
+}
+
 void DockAnchorGuard::disable() {
     permissionPoll_.reset();
     hasFailed_ = false;

@@ -35,12 +35,11 @@ public:
     DockAnchorGuard& operator=(DockAnchorGuard&&) = delete;
     ~DockAnchorGuard() = default;
 
-    /// The bands that the pointer is kept out of, in event space; the owner replaces them whole, in
-    /// any state.
-    std::vector<Rect> zones;
+    /// The bands that the pointer is kept out of, in event space; replaced whole, in any state.
+    void setZones(std::vector<Rect> zones);
 
     /// All displays' frames, likewise: the pointer may go from one to the next.
-    std::vector<Rect> displays;
+    void setDisplays(std::vector<Rect> displays);
 
     [[nodiscard]] Status status() const noexcept { return status_.get(); }
 
@@ -60,11 +59,15 @@ private:
     void checkPermission();
     void permissionWithdrawn();
     void startTap();
-    [[nodiscard]] std::optional<Point> pass(const PointerTapEvent& event);
+    /// With copies of its own, since the tap asks it on any thread.
+    [[nodiscard]] PointerRule rule() const;
+    void tapDisabled();
 
     Accessibility& accessibility_;
     PointerTaps& taps_;
     RunLoop& runLoop_;
+    std::vector<Rect> zones_;
+    std::vector<Rect> displays_;
     Observable<Status> status_{Status::off};
     /// Exists exactly while `status` is `active`.
     std::unique_ptr<PointerTap> tap_;

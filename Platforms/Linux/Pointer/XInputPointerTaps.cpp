@@ -30,13 +30,9 @@ std::uint32_t buttonsHeld(const xcb_input_xi_query_pointer_reply_t& reply) {
     return reply.buttons_len > 0 ? *xcb_input_xi_query_pointer_buttons(&reply) : 0;
 }
 
-/// Nothing for a move with another button than the left one.
-std::optional<PointerTapEvent::Kind> kindOfMove(std::uint32_t buttons) {
-    if ((buttons & leftButton) != 0)
-        return PointerTapEvent::Kind::leftMouseDragged;
-    if ((buttons & otherButtons) != 0)
-        return std::nullopt;
-    return PointerTapEvent::Kind::mouseMoved;
+/// No move with another button than the left one does.
+bool concerns(std::uint32_t buttons) {
+    return (buttons & leftButton) != 0 || (buttons & otherButtons) == 0;
 }
 
 /// Since 2.1, raw motion is announced also while another program has grabbed the pointer.
@@ -56,9 +52,9 @@ bool hasRawMotion(SideConnection& connection) {
 class RawMotionTap final : public PointerTap {
 public:
     RawMotionTap(std::unique_ptr<SideConnection> connection, const RandrScreens& screens,
-                 PointerTaps::Callback callback)
+                 PointerRule rule)
         : screens_(screens)
-        , callback_(std::move(callback))
+        , rule_(std::move(rule))
         , inputExtension_(xcb_get_extension_data(connection->get(), &xcb_input_id)->major_opcode)
         , connection_(std::move(connection)) {
         connection_->onEvent = [this](const xcb_generic_event_t& event) { noteMotion(event); };
@@ -74,6 +70,8 @@ public:
         xcb_input_xi_select_events(connection_->get(), connection_->root(), 1, &selection.head);
         connection_->flush();
     }
+
+    void setRule(PointerRule rule) override { rule_ = std::move(rule); }
 
 private:
     void noteMotion(const xcb_generic_event_t& event) {
@@ -95,11 +93,10 @@ private:
             xcb_input_xi_query_pointer(connection_->get(), connection_->root(), pointer),
             SideConnection::in(querySeconds));
         const std::span<const Display> displays{screens_.displays()};
-        const auto kind = reply ? kindOfMove(buttonsHeld(*reply)) : std::nullopt;
-        if (!kind || displays.empty())
+        if (!reply || !concerns(buttonsHeld(*reply)) || displays.empty())
             return;
         const PixelPoint now{reply->root_x >> 16, reply->root_y >> 16};
-        const auto wanted = callback_({*kind, DisplayGeometry::eventPoint(displays, now.x, now.y)});
+        const auto wanted = rule_(DisplayGeometry::eventPoint(displays, now.x, now.y));
         if (!wanted)
             return;
         const PixelPoint pixel = DisplayGeometry::pixelAt(displays, *wanted);
@@ -111,7 +108,7 @@ private:
     }
 
     const RandrScreens& screens_;
-    PointerTaps::Callback callback_;
+    PointerRule rule_;
     std::uint8_t inputExtension_;
     std::set<xcb_input_device_id_t> moved_;
     std::unique_ptr<SideConnection> connection_;
@@ -119,13 +116,13 @@ private:
 
 }
 
-Result<std::unique_ptr<PointerTap>> XInputPointerTaps::create(Callback callback) {
+Result<std::unique_ptr<PointerTap>> XInputPointerTaps::create(PointerRule rule, Disabled) {
     auto connection = SideConnection::open();
     if (!connection)
         return std::unexpected{connection.error()};
     if (!hasRawMotion(**connection))
         return std::unexpected{PlatformError{ENOTSUP, "the X server has no XInput 2.1"}};
-    return std::make_unique<RawMotionTap>(*std::move(connection), screens_, std::move(callback));
+    return std::make_unique<RawMotionTap>(*std::move(connection), screens_, std::move(rule));
 }
 
 }

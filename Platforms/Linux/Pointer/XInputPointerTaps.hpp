@@ -14,8 +14,10 @@ public:
     /// Outlives every tap.
     explicit XInputPointerTaps(const RandrScreens& screens) : screens_(screens) {}
 
-    /// Fails without XInput 2.1. Each tap has a connection of its own.
-    [[nodiscard]] Result<std::unique_ptr<PointerTap>> create(Callback callback) override;
+    /// Fails without XInput 2.1. Each tap has a connection of its own, is served on the main
+    /// thread, and is never disabled by the system.
+    [[nodiscard]] Result<std::unique_ptr<PointerTap>> create(PointerRule rule,
+                                                             Disabled onDisabled) override;
 
 private:
     const RandrScreens& screens_;

@@ -18,16 +18,16 @@ inline constexpr std::uint64_t mask = std::uint64_t{1} << mouseMoved | std::uint
                                                                            << leftMouseDragged;
 
 /// Nothing for what was not asked for.
-[[nodiscard]] constexpr std::optional<PointerTapEvent::Kind> kind(std::uint32_t type) {
+[[nodiscard]] constexpr std::optional<PointerTapEvent> kind(std::uint32_t type) {
     switch (type) {
     case mouseMoved:
-        return PointerTapEvent::Kind::mouseMoved;
+        return PointerTapEvent::mouseMoved;
     case leftMouseDragged:
-        return PointerTapEvent::Kind::leftMouseDragged;
+        return PointerTapEvent::leftMouseDragged;
     case tapDisabledByTimeout:
-        return PointerTapEvent::Kind::tapDisabledByTimeout;
+        return PointerTapEvent::tapDisabledByTimeout;
     case tapDisabledByUserInput:
-        return PointerTapEvent::Kind::tapDisabledByUserInput;
+        return PointerTapEvent::tapDisabledByUserInput;
     default:
         return std::nullopt;
     }

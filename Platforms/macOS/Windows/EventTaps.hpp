@@ -7,8 +7,10 @@ namespace vireline::macos {
 
 class EventTaps final : public PointerTaps {
 public:
-    /// Fails without the permission for Accessibility. The taps run on the main run loop.
-    [[nodiscard]] Result<std::unique_ptr<PointerTap>> create(Callback callback) override;
+    /// Fails without the permission for Accessibility. Each tap has a thread of its own, so that
+    /// the pointer never waits for the main one.
+    [[nodiscard]] Result<std::unique_ptr<PointerTap>> create(PointerRule rule,
+                                                             Disabled onDisabled) override;
 };
 
 }

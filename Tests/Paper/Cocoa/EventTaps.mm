@@ -8,7 +8,6 @@
 @property void* info;
 @property CGEventMask mask;
 @property BOOL isEnabled;
-@property BOOL isServed;
 @end
 
 @implementation PaperPort
@@ -16,6 +15,7 @@
 
 @interface PaperRunLoopSource : NSObject
 @property(strong) PaperPort* port;
+@property(strong) id loop;
 @end
 
 @implementation PaperRunLoopSource
@@ -34,6 +34,7 @@ struct Taps {
     std::vector<PaperPort*> ports;
     std::vector<PaperRunLoopSource*> sources;
     std::vector<std::pair<CGDisplayReconfigurationCallBack, void*>> displayWatches;
+    std::size_t unansweredMoves = 0;
     bool isAllowed = true;
     bool isEscapeDown = false;
 };
@@ -47,11 +48,33 @@ PaperPort* portOf(CFMachPortRef reference) {
     return (__bridge PaperPort*)reference;
 }
 
-void call(PaperPort* port, CGEventType type, PaperEvent* event) {
-    // The proxy is never looked into.
-    const auto proxy = reinterpret_cast<CGEventTapProxy>(&taps());
-    paper::guarded("event tap",
-                   [&] { port.callback(proxy, type, (__bridge CGEventRef)event, port.info); });
+/// Null while nothing serves the port.
+CFRunLoopRef loopOf(PaperPort* port) {
+    const std::lock_guard hold{paper::rt::lock()};
+    for (PaperRunLoopSource* const source : taps().sources)
+        if (source.port == port)
+            return (__bridge CFRunLoopRef)source.loop;
+    return nullptr;
+}
+
+/// Documented: where the loop runs that the port's source was added to.
+bool call(PaperPort* port, CGEventType type, PaperEvent* event) {
+    const id loop = (__bridge id)loopOf(port);
+    if (loop == nil)
+        return true;
+    return paper::performOn((__bridge CFRunLoopRef)loop, [&] {
+        // The proxy is never looked into.
+        const auto proxy = reinterpret_cast<CGEventTapProxy>(&taps());
+        paper::guarded("event tap",
+                       [&] { port.callback(proxy, type, (__bridge CGEventRef)event, port.info); });
+    });
+}
+
+std::vector<PaperPort*> enabledPorts() {
+    const std::lock_guard hold{paper::rt::lock()};
+    std::vector<PaperPort*> enabled = taps().ports;
+    std::erase_if(enabled, [](PaperPort* port) { return !port.isEnabled; });
+    return enabled;
 }
 
 }
@@ -62,10 +85,12 @@ CFRunLoopRef CFRunLoopGetMain(void) {
     return (__bridge CFRunLoopRef)NSRunLoop.mainRunLoop;
 }
 
-void CFRunLoopAddSource(CFRunLoopRef, CFRunLoopSourceRef reference, CFRunLoopMode) {
+void CFRunLoopAddSource(CFRunLoopRef loop, CFRunLoopSourceRef reference, CFRunLoopMode) {
+    const std::lock_guard hold{paper::rt::lock()};
     PaperRunLoopSource* const source = (__bridge PaperRunLoopSource*)reference;
-    source.port.isServed = YES;
+    source.loop = (__bridge id)loop;
     taps().sources.push_back(source);
+    paper::sourceAdded(loop);
 }
 
 CFRunLoopSourceRef CFMachPortCreateRunLoopSource(CFAllocatorRef, CFMachPortRef port, CFIndex) {
@@ -76,8 +101,14 @@ CFRunLoopSourceRef CFMachPortCreateRunLoopSource(CFAllocatorRef, CFMachPortRef p
 
 // Documented: the port's sources leave their run loops.
 void CFMachPortInvalidate(CFMachPortRef reference) {
+    const std::lock_guard hold{paper::rt::lock()};
     PaperPort* const port = portOf(reference);
-    std::erase_if(taps().sources, [&](PaperRunLoopSource* source) { return source.port == port; });
+    std::erase_if(taps().sources, [&](PaperRunLoopSource* source) {
+        if (source.port != port)
+            return false;
+        paper::sourceRemoved((__bridge CFRunLoopRef)source.loop);
+        return true;
+    });
     std::erase(taps().ports, port);
 }
 
@@ -92,6 +123,7 @@ CFMachPortRef CGEventTapCreate(CGEventTapLocation, CGEventTapPlacement, CGEventT
     port.info = info;
     port.mask = mask;
     port.isEnabled = YES;
+    const std::lock_guard hold{paper::rt::lock()};
     taps().ports.push_back(port);
     return (__bridge_retained CFMachPortRef)port;
 }
@@ -132,24 +164,24 @@ CGPoint throughTaps(CGPoint at, bool isDragging) {
     PaperEvent* const event = [[PaperEvent alloc] init];
     event.location = at;
     const CGEventType type = isDragging ? kCGEventLeftMouseDragged : kCGEventMouseMoved;
-    const auto all = taps().ports;
-    for (PaperPort* const port : all)
-        if (port.isEnabled && port.isServed && (port.mask >> type & 1U) != 0)
-            call(port, type, event);
+    for (PaperPort* const port : enabledPorts())
+        if ((port.mask >> type & 1U) != 0 && !call(port, type, event))
+            ++taps().unansweredMoves;
     return event.location;
 }
 
 // Belief: the callback hears of it with an event that is not null.
 void disableTaps(CGEventType reason) {
     PaperEvent* const event = [[PaperEvent alloc] init];
-    const auto all = taps().ports;
-    for (PaperPort* const port : all) {
-        if (!port.isEnabled)
-            continue;
+    for (PaperPort* const port : enabledPorts()) {
         port.isEnabled = NO;
-        call(port, reason, event);
+        static_cast<void>(call(port, reason, event));
     }
     drain();
+}
+
+std::size_t unansweredMoves() {
+    return taps().unansweredMoves;
 }
 
 void allowTaps(bool allows) {

@@ -8,6 +8,7 @@
 #import <QuartzCore/QuartzCore.h>
 #import <ServiceManagement/ServiceManagement.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -193,6 +194,13 @@ void stepAnimations();
 
 /// Tells the dispatch sources what happened to their files.
 void serveSources();
+
+[[nodiscard]] bool standsStill();
+/// Of a run loop of any thread.
+void sourceAdded(CFRunLoopRef loop);
+void sourceRemoved(CFRunLoopRef loop);
+/// Runs `body` where the loop is served, and waits for it. False if that does not happen.
+[[nodiscard]] bool performOn(CFRunLoopRef loop, const std::function<void()>& body);
 
 /// Runs one queued block of each background queue that is not held up.
 void runBackgroundQueues();

@@ -28,6 +28,8 @@ void drain();
 void advance(double seconds);
 /// The main thread stands still for so long: time passes and nothing is served.
 void stall(double seconds);
+/// What happens meanwhile, each time.
+void onStall(std::function<void()> meanwhile);
 [[nodiscard]] std::size_t pendingTimers();
 /// Blocks given to background queues wait until it is set to false again.
 void holdBackground(bool holds);
@@ -119,6 +121,8 @@ void setTrusted(bool isTrusted);
 // --- Event taps.
 /// Where the pointer is after the taps had it. Coordinates of Core Graphics: y downwards.
 [[nodiscard]] CGPoint throughTaps(CGPoint at, bool isDragging);
+/// Moves that a tap did not answer within a second, and that went on without it.
+[[nodiscard]] std::size_t unansweredMoves();
 /// As the system does with a tap that was too slow or lost its permission.
 void disableTaps(CGEventType reason);
 /// Whether a tap can be made, beyond the permission.

@@ -13,7 +13,6 @@
 NSRunLoopMode const NSRunLoopCommonModes = @"kCFRunLoopCommonModes";
 
 extern "C" {
-const CFRunLoopMode kCFRunLoopCommonModes = CFSTR("kCFRunLoopCommonModes");
 const CFRunLoopMode kCFRunLoopDefaultMode = CFSTR("kCFRunLoopDefaultMode");
 }
 
@@ -27,6 +26,8 @@ struct Loop {
     std::deque<Block> mainQueue;
     std::deque<Block> background;
     bool holdsBackground = false;
+    bool standsStill = false;
+    std::function<void()> onStall;
     /// In the order in which they were added.
     std::vector<NSTimer*> timers;
 };
@@ -181,13 +182,6 @@ void dispatch_async(dispatch_queue_t queue, dispatch_block_t block) {
     auto* const known = static_cast<PaperQueue*>(queue);
     (known.isMain ? loop().mainQueue : loop().background).push_back(block);
 }
-
-// Passes virtual time, as everything here does.
-int32_t CFRunLoopRunInMode(CFRunLoopMode, double seconds, Boolean) {
-    constexpr int32_t timedOut = 3;
-    paper::advance(seconds);
-    return timedOut;
-}
 }
 
 namespace paper {
@@ -201,7 +195,19 @@ std::size_t pendingTimers() {
 }
 
 void stall(double seconds) {
+    const bool before = std::exchange(loop().standsStill, true);
+    if (loop().onStall)
+        loop().onStall();
+    loop().standsStill = before;
     loop().now += seconds;
+}
+
+bool standsStill() {
+    return loop().standsStill;
+}
+
+void onStall(std::function<void()> meanwhile) {
+    loop().onStall = std::move(meanwhile);
 }
 
 void holdBackground(bool holds) {

@@ -59,7 +59,7 @@ std::string describe(const Class* klass, const char* selector) {
 /// A slot when the message was made to raise.
 Slot* watched(const Class* klass, const char* selector, const void* caller) {
     Accounts& all = accounts();
-    if (pthread_equal(pthread_self(), mainThread) == 0)
+    if (!isMainThread())
         ++all.offMainThread[std::string{klass->name} + " " + selector];
     if (!all.trace && all.faults.empty())
         return nullptr;
@@ -78,6 +78,10 @@ std::uintptr_t answerOfNil() {
     return 0;
 }
 
+}
+
+bool isMainThread() {
+    return pthread_equal(pthread_self(), mainThread) != 0;
 }
 
 Slot* lookUp(Class* klass, const Selector* selector, const void* caller) {

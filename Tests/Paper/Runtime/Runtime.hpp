@@ -41,6 +41,7 @@ void dispose(Object* object);
 [[nodiscard]] std::map<std::string, long> unansweredMessages();
 void noteUnanswered(const std::string& message);
 
+[[nodiscard]] bool isMainThread();
 /// "Class selector" of the messages sent on another thread than the main one.
 [[nodiscard]] std::map<std::string, long> messagesOffMainThread();
 

@@ -1,11 +1,19 @@
 // The guard that keeps the desktop's own dock on its display, and the event tap that it needs.
 #include "ProgramTest.hpp"
 
+#include <atomic>
+#include <thread>
+
 namespace vireline {
 namespace {
 
 class Anchor : public ProgramTest {
 protected:
+    static NSWindow* openSettings() {
+        EXPECT_TRUE(paper::chooseStatusItem("Settings…"));
+        return paper::windowTitled("Vireline Settings");
+    }
+
     Anchor() {
         pinThreeApps();
         writePreferences(R"({"onboardingCompleted": true, "anchorAppleDock": true})");
@@ -35,11 +43,54 @@ TEST_F(Anchor, KeepsThePointerAboveTheBottomOfADockedDisplay) {
     });
 }
 
+TEST_F(Anchor, NeverKeepsThePointerWaitingForTheMainThread) {
+    paper::setTrusted(true);
+    runProgram([] {
+        double y = 0;
+        paper::onStall([&] { y = paper::throughTaps({2000, 899}, false).y; });
+        paper::stall(1);
+        paper::onStall(nullptr);
+        EXPECT_EQ(paper::unansweredMoves(), 0U);
+        EXPECT_DOUBLE_EQ(y, 897);
+    });
+}
+
+TEST_F(Anchor, FollowsTheDisplaysWhileItRuns) {
+    paper::setTrusted(true);
+    runProgram([] {
+        auto displays = threeDisplays();
+        displays.erase(displays.begin() + 1);
+        displays.push_back(
+            {.number = 4, .frame = {{1440, 0}, {800, 600}}, .visible = {{1440, 0}, {800, 600}}});
+        paper::plug(displays);
+        paper::advance(1);
+        EXPECT_DOUBLE_EQ(paper::throughTaps({2000, 899}, false).y, 897);
+        EXPECT_DOUBLE_EQ(paper::throughTaps({2300, 899}, false).y, 899);
+    });
+}
+
+TEST_F(Anchor, MayEndWhileThePointerMoves) {
+    paper::setTrusted(true);
+    runProgram([] {
+        std::atomic<bool> isOver = false;
+        std::thread moving{[&] {
+            while (!isOver)
+                EXPECT_LE(paper::throughTaps({2000, 899}, false).y, 899);
+        }};
+        NSWindow* const settings = openSettings();
+        for (int round = 0; round < 50; ++round)
+            switchOn(controlNamed(settings, "Keep Apple's Dock on its own display"),
+                     round % 2 != 0);
+        isOver = true;
+        moving.join();
+        EXPECT_EQ(paper::enabledTaps(), 1U);
+    });
+}
+
 TEST_F(Anchor, EndsWithTheSwitch) {
     paper::setTrusted(true);
     runProgram([] {
-        EXPECT_TRUE(paper::chooseStatusItem("Settings…"));
-        NSWindow* const settings = paper::windowTitled("Vireline Settings");
+        NSWindow* const settings = openSettings();
         switchOn(controlNamed(settings, "Keep Apple's Dock on its own display"), false);
         EXPECT_EQ(paper::enabledTaps(), 0U);
         paper::movePointer({2000, 0});

@@ -8,10 +8,12 @@ typedef CFStringRef CFRunLoopMode;
 typedef struct __CFRunLoop* CFRunLoopRef;
 typedef struct __CFRunLoopSource* CFRunLoopSourceRef;
 
-CF_EXPORT const CFRunLoopMode _Null_unspecified kCFRunLoopCommonModes;
 CF_EXPORT const CFRunLoopMode _Null_unspecified kCFRunLoopDefaultMode;
 
-CF_EXPORT CFRunLoopRef _Null_unspecified CFRunLoopGetMain(void);
+enum { kCFRunLoopRunFinished = 1 };
+
+CF_EXPORT CFRunLoopRef _Null_unspecified CFRunLoopGetCurrent(void);
+CF_EXPORT void CFRunLoopStop(CFRunLoopRef _Null_unspecified rl);
 CF_EXPORT void CFRunLoopAddSource(CFRunLoopRef _Null_unspecified rl,
                                   CFRunLoopSourceRef _Null_unspecified source,
                                   CFRunLoopMode _Null_unspecified mode);
