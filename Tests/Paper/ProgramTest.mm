@@ -19,9 +19,13 @@ namespace fs = std::filesystem;
 /// Documented as safe on every thread, or made by the runtime itself.
 const std::set<std::string, std::less<>>& threadSafeClasses() {
     static const std::set<std::string, std::less<>> names{
-        "NSConstantString", "NSData",           "NSDictionary",   "NSError", "NSFileManager",
-        "NSNumber",         "NSObject",         "NSString",       "NSURL",   "PaperQueue",
-        "PaperCFString",    "PaperShortString", "NSMutableArray", "NSArray", "PaperBlock"};
+        "NSConstantString", "NSData",        "NSDictionary",
+        "NSError",          "NSFileManager", "NSNumber",
+        "NSObject",         "NSString",      "NSURL",
+        "PaperQueue",       "PaperCFString", "PaperShortString",
+        "NSMutableArray",   "NSArray",       "PaperBlock",
+        "PaperPort",        "PaperEvent",    "PaperRunLoopSource",
+        "PaperThreadLoop"};
     return names;
 }
 
@@ -71,6 +75,7 @@ ProgramTest::ProgramTest() {
     std::string name = (fs::temp_directory_path() / "vireline-paper.XXXXXX").string();
     home_ = ::mkdtemp(name.data());
     paper::setHome(home_);
+    ::setenv("HOME", home_.c_str(), 1);
     @autoreleasepool {
         paper::plug(threeDisplays());
     }
@@ -161,8 +166,9 @@ std::vector<paper::Display> threeDisplays() {
 NSWindow* dockOn(unsigned display) {
     const std::string title = "Vireline dock #" + std::to_string(display);
     const auto& windows = paper::orderedWindows();
-    const auto found = std::ranges::find_if(
-        windows, [&](NSWindow* window) { return window.title.paperText == title; });
+    const auto found = std::ranges::find_if(windows, [&](NSWindow* window) {
+        return window.title != nil && window.title.paperText == title;
+    });
     return found == windows.end() ? nil : *found;
 }
 

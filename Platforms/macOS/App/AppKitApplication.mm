@@ -4,6 +4,8 @@
 #include "Bridge/Conversions.hpp"
 #include "Translation/StandardActions.hpp"
 
+#include <unistd.h>
+
 #include <string>
 #include <utility>
 
@@ -87,9 +89,11 @@ void AppKitApplication::installMainMenu(const MainMenu& menu) {
 int AppKitApplication::run(std::function<void()> onFinishedLaunching) {
     delegate_ = [[VirelineApplicationDelegate alloc] initWithLaunch:std::move(onFinishedLaunching)
                                                              reopen:[this] { reopened_.notify(); }];
-    NSApplication.sharedApplication.delegate = delegate_;
-    [NSApplication.sharedApplication run];
-    return 0;
+    return attemptOr(1, "run", [this] {
+        NSApplication.sharedApplication.delegate = delegate_;
+        [NSApplication.sharedApplication run];
+        return 0;
+    });
 }
 
 void AppKitApplication::terminate() {
@@ -97,7 +101,8 @@ void AppKitApplication::terminate() {
 }
 
 std::int64_t AppKitApplication::processIdentifier() const {
-    return NSProcessInfo.processInfo.processIdentifier;
+    return attemptOr(std::int64_t{::getpid()}, "processIdentifier",
+                     []() -> std::int64_t { return NSProcessInfo.processInfo.processIdentifier; });
 }
 
 Subscription AppKitApplication::observeSecondStart(std::function<void()> handler) {

@@ -28,19 +28,15 @@ Timer add(double seconds, BOOL repeats, std::function<void()> fire) {
 }
 
 double MainRunLoop::now() const {
-    return NSProcessInfo.processInfo.systemUptime;
+    return attemptOr(0.0, "systemUptime", [] { return NSProcessInfo.processInfo.systemUptime; });
 }
 
 Timer MainRunLoop::after(double seconds, std::function<void()> fire) {
-    @autoreleasepool {
-        return add(seconds, NO, std::move(fire));
-    }
+    return attemptOr(Timer{}, "addTimer", [&] { return add(seconds, NO, std::move(fire)); });
 }
 
 Timer MainRunLoop::every(double seconds, std::function<void()> fire) {
-    @autoreleasepool {
-        return add(seconds, YES, std::move(fire));
-    }
+    return attemptOr(Timer{}, "addTimer", [&] { return add(seconds, YES, std::move(fire)); });
 }
 
 }

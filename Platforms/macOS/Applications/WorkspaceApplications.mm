@@ -48,12 +48,11 @@ NSRunningApplication* find(const RunningApplication& app) {
 }
 
 Subscription observeWorkspace(NSNotificationName name, RunningApplications::Handler handler) {
-    return observe(NSWorkspace.sharedWorkspace.notificationCenter, name,
-                   [handler = std::move(handler)](NSNotification* notification) {
-                       handler(attemptOr(std::optional<RunningApplication>{},
-                                         "NSWorkspaceApplicationKey",
-                                         [&] { return concerned(notification); }));
-                   });
+    return observe(
+        workspaceCenter(), name, [handler = std::move(handler)](NSNotification* notification) {
+            handler(attemptOr(std::optional<RunningApplication>{}, "NSWorkspaceApplicationKey",
+                              [&] { return concerned(notification); }));
+        });
 }
 
 }

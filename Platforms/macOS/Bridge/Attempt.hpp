@@ -2,15 +2,20 @@
 /// these, with a pool for what it leaves behind.
 #pragma once
 
+#include "Foundation/Result.hpp"
+
 #import <Foundation/Foundation.h>
 
 namespace vireline::macos {
+
+/// What a call fails with that raised an exception.
+[[nodiscard]] PlatformError raisedError();
 
 /// One line in the log.
 void reportException(const char* _Nonnull call, NSException* _Nonnull exception);
 
 /// What `function` returns; `fallback` when it raised an Objective-C exception, which is logged.
-template <class Function, class Fallback>
+template <class Fallback, class Function>
 [[nodiscard]] auto attemptOr(Fallback fallback, const char* _Nonnull call, Function function)
     -> decltype(function()) {
     @autoreleasepool {

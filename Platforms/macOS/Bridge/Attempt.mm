@@ -3,13 +3,30 @@
 #include "App/DevLog.hpp"
 #include "Bridge/Conversions.hpp"
 
+#include <cerrno>
 #include <string>
 
 namespace vireline::macos {
 
+namespace {
+
+/// Reading why may raise as well.
+std::string describe(NSException* exception) {
+    @try {
+        return toText(exception.name) + ": " + toText(exception.reason);
+    } @catch (NSException*) {
+        return "of unknown kind";
+    }
+}
+
+}
+
 void reportException(const char* call, NSException* exception) {
-    DevLog::write("exception in " + std::string{call} + ": " + toText(exception.name) + ": " +
-                  toText(exception.reason));
+    DevLog::write("exception in " + std::string{call} + ": " + describe(exception));
+}
+
+PlatformError raisedError() {
+    return {EIO, "the system raised an exception"};
 }
 
 }

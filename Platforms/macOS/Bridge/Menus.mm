@@ -1,5 +1,6 @@
 #include "Bridge/Menus.hpp"
 
+#include "Bridge/Attempt.hpp"
 #include "Bridge/Conversions.hpp"
 
 #include <string>
@@ -27,7 +28,10 @@
 - (void)choose:(NSMenuItem*)item {
     // Copied, since the choice may end this object.
     const auto onChoose = _onChoose;
-    onChoose(static_cast<std::size_t>(item.tag));
+    const NSInteger tag =
+        vireline::macos::attemptOr(NSInteger{-1}, "tag", [&] { return item.tag; });
+    if (tag >= 0)
+        onChoose(static_cast<std::size_t>(tag));
 }
 
 @end

@@ -2,6 +2,8 @@
 
 #include "Bridge/Attempt.hpp"
 
+#import <AppKit/AppKit.h>
+
 #include <memory>
 #include <utility>
 
@@ -28,6 +30,16 @@ struct Observation {
     id<NSObject> token = nil;
 };
 
+}
+
+NSNotificationCenter* ownCenter() {
+    return attemptOr<NSNotificationCenter*>(nil, "defaultCenter",
+                                            [] { return NSNotificationCenter.defaultCenter; });
+}
+
+NSNotificationCenter* workspaceCenter() {
+    return attemptOr<NSNotificationCenter*>(
+        nil, "notificationCenter", [] { return NSWorkspace.sharedWorkspace.notificationCenter; });
 }
 
 Subscription observe(NSNotificationCenter* center, NSNotificationName name,

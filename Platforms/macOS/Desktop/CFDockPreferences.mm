@@ -54,8 +54,9 @@ std::optional<PropertyList> CFDockPreferences::persistentApps() {
 Subscription CFDockPreferences::observeChanges(std::function<void()> handler) {
     VirelineDistributedObserver* const observer =
         [[VirelineDistributedObserver alloc] initWithFunction:std::move(handler)];
-    NSDistributedNotificationCenter* const center = NSDistributedNotificationCenter.defaultCenter;
+    NSDistributedNotificationCenter* center = nil;
     attempt("addObserver", [&] {
+        center = NSDistributedNotificationCenter.defaultCenter;
         [center addObserver:observer
                       selector:@selector(notificationPosted:)
                           name:@"com.apple.dock.prefchanged"

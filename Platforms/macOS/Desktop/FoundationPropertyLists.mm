@@ -5,13 +5,11 @@
 
 #import <Foundation/Foundation.h>
 
-#include <cerrno>
-
 namespace vireline::macos {
 
 Result<PropertyList> FoundationPropertyLists::decode(std::span<const std::byte> bytes) const {
-    return attemptOr(Result<PropertyList>{std::unexpected{toPlatformError(EINVAL)}},
-                     "propertyListWithData", [&]() -> Result<PropertyList> {
+    return attemptOr(Result<PropertyList>{std::unexpected{raisedError()}}, "propertyListWithData",
+                     [&]() -> Result<PropertyList> {
                          NSData* const data = [NSData dataWithBytes:bytes.data()
                                                              length:bytes.size()];
                          NSError* error = nil;

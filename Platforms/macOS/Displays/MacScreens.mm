@@ -84,16 +84,14 @@ std::vector<PlatformScreen> MacScreens::screens() const {
 Subscription MacScreens::observeParameters(std::function<void()> handler) {
     auto observation = std::make_shared<Observation>(std::move(handler));
     const auto announce = [shared = observation->shared](NSNotification*) { (*shared)(); };
-    observation->notifications.push_back(observe(NSNotificationCenter.defaultCenter,
-                                                 NSApplicationDidChangeScreenParametersNotification,
-                                                 announce));
+    observation->notifications.push_back(
+        observe(ownCenter(), NSApplicationDidChangeScreenParametersNotification, announce));
     const std::array<NSNotificationName, 5> names{
         NSWorkspaceDidWakeNotification, NSWorkspaceScreensDidSleepNotification,
         NSWorkspaceScreensDidWakeNotification, NSWorkspaceSessionDidBecomeActiveNotification,
         NSWorkspaceSessionDidResignActiveNotification};
     for (NSNotificationName name : names)
-        observation->notifications.push_back(
-            observe(NSWorkspace.sharedWorkspace.notificationCenter, name, announce));
+        observation->notifications.push_back(observe(workspaceCenter(), name, announce));
     return Subscription{std::move(observation)};
 }
 

@@ -22,6 +22,11 @@ static_assert(VnodeEvents::renamed == DISPATCH_VNODE_RENAME);
 
 using Handler = std::function<void(FileEventSet)>;
 
+std::unexpected<PlatformError> failure(int code) {
+    return std::unexpected{
+        attemptOr(raisedError(), "localizedDescription", [&] { return toPlatformError(code); })};
+}
+
 int openForEvents(const FileURL& url) {
     int file = -1;
     do {
@@ -35,13 +40,13 @@ int openForEvents(const FileURL& url) {
 Result<Subscription> DispatchFileEvents::watch(const FileURL& url, Handler handler) {
     const int file = openForEvents(url);
     if (file < 0)
-        return std::unexpected{toPlatformError(errno)};
+        return failure(errno);
     const dispatch_source_t source =
         dispatch_source_create(DISPATCH_SOURCE_TYPE_VNODE, static_cast<uintptr_t>(file),
                                VnodeEvents::all, dispatch_get_main_queue());
     if (source == nil) {
         ::close(file);
-        return std::unexpected{toPlatformError(ENOMEM)};
+        return failure(ENOMEM);
     }
     const auto shared = std::make_shared<Handler>(std::move(handler));
     const std::weak_ptr<Handler> weakHandler = shared;

@@ -81,7 +81,7 @@ public:
     ~Replacement() {
         if (wasCreated() && !isPlaced_)
             ::unlink(path_.c_str());
-        [handle_ closeAndReturnError:nil];
+        attempt("closeAndReturnError", [this] { [handle_ closeAndReturnError:nil]; });
     }
 
     [[nodiscard]] bool wasCreated() const noexcept { return handle_ != nil; }
@@ -151,26 +151,28 @@ bool FoundationFileSystem::exists(const FileURL& url) const {
 }
 
 Result<std::string> FoundationFileSystem::read(const FileURL& url, std::size_t maximumBytes) const {
-    return attemptOr(Result<std::string>{failure(EIO)}, "readDataUpToLength",
+    return attemptOr(Result<std::string>{std::unexpected{raisedError()}}, "readDataUpToLength",
                      [&] { return readFile(url, maximumBytes); });
 }
 
 Result<void> FoundationFileSystem::createFolder(const FileURL& url) {
-    return attemptOr(Result<void>{failure(EIO)}, "createDirectoryAtURL", [&]() -> Result<void> {
-        NSError* error = nil;
-        if (![NSFileManager.defaultManager createDirectoryAtURL:toNSURL(url)
-                                    withIntermediateDirectories:YES
-                                                     attributes:@{
-                                                         NSFilePosixPermissions : @0700
-                                                     }
-                                                          error:&error])
-            return failure(error);
-        return {};
-    });
+    return attemptOr(Result<void>{std::unexpected{raisedError()}}, "createDirectoryAtURL",
+                     [&]() -> Result<void> {
+                         NSError* error = nil;
+                         if (![NSFileManager.defaultManager
+                                        createDirectoryAtURL:toNSURL(url)
+                                 withIntermediateDirectories:YES
+                                                  attributes:@{
+                                                      NSFilePosixPermissions : @0700
+                                                  }
+                                                       error:&error])
+                             return failure(error);
+                         return {};
+                     });
 }
 
 Result<void> FoundationFileSystem::writeAtomically(const FileURL& url, std::string_view content) {
-    return attemptOr(Result<void>{failure(EIO)}, "writeData",
+    return attemptOr(Result<void>{std::unexpected{raisedError()}}, "writeData",
                      [&] { return replaceFile(url, content); });
 }
 

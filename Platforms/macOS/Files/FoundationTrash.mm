@@ -32,7 +32,7 @@ Outcome trash(const FileURL& url) {
         @try {
             return {moved(url)};
         } @catch (NSException* exception) {
-            return {std::unexpected{toPlatformError(EIO)}, exception};
+            return {std::unexpected{raisedError()}, exception};
         }
     }
 }

@@ -5,10 +5,17 @@
 
 #import <Foundation/Foundation.h>
 
+#include <cstdlib>
 #include <utility>
 
 namespace vireline::macos {
 namespace {
+
+/// As the session that started the program has it.
+FileURL sessionsHome() {
+    const char* const path = std::getenv("HOME");
+    return path == nullptr || *path != '/' ? FileURL{} : FileURL::fromPath(path);
+}
 
 /// Never creates it.
 std::optional<FileURL> find(NSSearchPathDirectory folder) {
@@ -24,12 +31,14 @@ std::optional<FileURL> find(NSSearchPathDirectory folder) {
 }
 
 FileURL FoundationUserFolders::home() const {
-    return attemptOr(FileURL{}, "NSHomeDirectory",
+    return attemptOr(sessionsHome(), "NSHomeDirectory",
                      [] { return FileURL::fromPath(toText(NSHomeDirectory())); });
 }
 
 std::vector<FileURL> FoundationUserFolders::applicationSupport() const {
-    return attemptOr(std::vector<FileURL>{}, "URLsForDirectory", [] {
+    // Where it always is, since there is no program without it.
+    const std::vector usual{sessionsHome().appending("Library").appending("Application Support")};
+    return attemptOr(usual, "URLsForDirectory", [] {
         std::vector<FileURL> folders;
         for (NSURL* url in
              [NSFileManager.defaultManager URLsForDirectory:NSApplicationSupportDirectory

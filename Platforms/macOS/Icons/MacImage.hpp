@@ -9,13 +9,13 @@ namespace vireline::macos {
 
 class MacImage final : public Image {
 public:
-    /// `image` has this size, in points; no one else changes it.
-    MacImage(NSImage* _Nonnull image, Size size) : Image(size), image_(image) {}
+    /// `image` has this size, in points; no one else changes it. Nil shows nothing.
+    MacImage(NSImage* _Nullable image, Size size) : Image(size), image_(image) {}
 
-    [[nodiscard]] NSImage* _Nonnull image() const noexcept { return image_; }
+    [[nodiscard]] NSImage* _Nullable image() const noexcept { return image_; }
 
 private:
-    NSImage* _Nonnull image_;
+    NSImage* _Nullable image_;
 };
 
 }

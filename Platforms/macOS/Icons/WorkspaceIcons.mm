@@ -25,7 +25,9 @@ ImageHandle WorkspaceIcons::iconForFile(const std::string& path, const std::stri
 }
 
 ImageHandle WorkspaceIcons::namedImage(const std::string& name, Size size) {
-    return attemptOr(ImageHandle{}, "imageNamed",
+    // The program's own images are there even if the system cannot show them.
+    const ImageHandle empty = std::make_shared<MacImage>(nil, size);
+    return attemptOr(empty, "imageNamed",
                      [&] { return sized([NSImage imageNamed:toNSString(name)], size); });
 }
 

@@ -1,6 +1,7 @@
 #include "OwnWindows/FormControl.hpp"
 
 #include "Bridge/ActionTarget.hpp"
+#include "Bridge/Attempt.hpp"
 #include "Bridge/Conversions.hpp"
 #include "OwnWindows/Labels.hpp"
 #include "Translation/FormLayout.hpp"
@@ -73,8 +74,10 @@ public:
         : options_(segments.options)
         , target_([[VirelineActionTarget alloc]
               initWithFunction:[this, onChange = std::move(onChange)] {
-                  if (control_.selectedSegment >= 0)
-                      onChange(FormValue{static_cast<std::size_t>(control_.selectedSegment)});
+                  const NSInteger chosen = attemptOr(NSInteger{-1}, "selectedSegment",
+                                                     [&] { return control_.selectedSegment; });
+                  if (chosen >= 0)
+                      onChange(FormValue{static_cast<std::size_t>(chosen)});
               }])
         , control_([NSSegmentedControl segmentedControlWithLabels:toNSStrings(options_)
                                                      trackingMode:NSSegmentSwitchTrackingSelectOne
@@ -103,10 +106,10 @@ private:
 class Switch final : public FormControl {
 public:
     Switch(const std::string& label, OnChange onChange)
-        : target_([[VirelineActionTarget alloc]
-              initWithFunction:[this, onChange = std::move(onChange)] {
-                  onChange(FormValue{control_.state == NSControlStateValueOn});
-              }])
+        : target_([[VirelineActionTarget alloc] initWithFunction:[this,
+                                                                  onChange = std::move(onChange)] {
+            attempt("state", [&] { onChange(FormValue{control_.state == NSControlStateValueOn}); });
+        }])
         , control_([[NSSwitch alloc] initWithFrame:NSRect{}]) {
         control_.target = target_;
         control_.action = @selector(act:);
@@ -135,7 +138,9 @@ public:
     ValueSlider(const Slider& slider, const std::string& label, OnChange onChange)
         : view_([[VirelineFlippedView alloc] initWithFrame:NSRect{}])
         , target_([[VirelineActionTarget alloc]
-              initWithFunction:[this, onChange = std::move(onChange)] { moved(onChange); }])
+              initWithFunction:[this, onChange = std::move(onChange)] {
+                  attempt("slider", [&] { moved(onChange); });
+              }])
         , control_([NSSlider sliderWithValue:slider.value
                                     minValue:slider.minimum
                                     maxValue:slider.maximum

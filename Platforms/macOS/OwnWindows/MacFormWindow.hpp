@@ -40,7 +40,8 @@ private:
     double width_;
     double leastHeight_;
     TitledWindow window_;
-    VirelineFlippedView* _Nonnull content_;
+    /// Nil if the system did not make it.
+    VirelineFlippedView* _Nullable content_ = nil;
     std::vector<SectionView> sections_;
 };
 

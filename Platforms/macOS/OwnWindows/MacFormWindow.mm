@@ -44,10 +44,12 @@ MacFormWindow::MacFormWindow(const WindowStyle& style, FormListener& listener)
     : listener_(listener)
     , width_(style.contentSize.width)
     , leastHeight_(style.contentSize.height)
-    , window_(style)
-    , content_(
-          [[VirelineFlippedView alloc] initWithFrame:NSRect{{}, toCGSize(style.contentSize)}]) {
-    window_.setContent(scrolling(content_, style.contentSize));
+    , window_(style) {
+    attempt("settings window", [&] {
+        content_ =
+            [[VirelineFlippedView alloc] initWithFrame:NSRect{{}, toCGSize(style.contentSize)}];
+        window_.setContent(scrolling(content_, style.contentSize));
+    });
 }
 
 void MacFormWindow::present(const Form& form) {

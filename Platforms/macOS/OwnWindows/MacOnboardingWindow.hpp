@@ -8,6 +8,7 @@
 
 #import <AppKit/AppKit.h>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -35,8 +36,9 @@ private:
     OnboardingListener& listener_;
     Size size_;
     TitledWindow window_;
-    VirelineFlippedView* _Nonnull content_;
-    StatusLineView status_{[] {}};
+    /// Null if the system did not make them.
+    VirelineFlippedView* _Nullable content_ = nil;
+    std::unique_ptr<StatusLineView> status_;
     /// Of the buttons shown now, which hold theirs weakly.
     std::vector<VirelineActionTarget*> targets_;
     std::optional<OnboardingPage> shown_;

@@ -30,11 +30,12 @@ NSView* makeDot(bool isCurrent) {
 }
 
 MacOnboardingWindow::MacOnboardingWindow(const WindowStyle& style, OnboardingListener& listener)
-    : listener_(listener)
-    , size_(style.contentSize)
-    , window_(style)
-    , content_([[VirelineFlippedView alloc] initWithFrame:NSRect{{}, toCGSize(size_)}]) {
-    window_.setContent(content_);
+    : listener_(listener), size_(style.contentSize), window_(style) {
+    attempt("tour window", [this] {
+        content_ = [[VirelineFlippedView alloc] initWithFrame:NSRect{{}, toCGSize(size_)}];
+        status_ = std::make_unique<StatusLineView>([] {});
+        window_.setContent(content_);
+    });
 }
 
 void MacOnboardingWindow::present(const OnboardingPage& page) {
@@ -83,12 +84,12 @@ double MacOnboardingWindow::addRow(const FeatureRow& row, double top) {
 }
 
 void MacOnboardingWindow::addPermission(const PermissionBlock& block, double top) {
-    if (block.line) {
-        status_.show(*block.line);
+    if (block.line && status_) {
+        status_->show(*block.line);
         const double width = PageLayout::width(size_);
-        status_.view().frame = toCGRect({PageLayout::padding, top, width, status_.layOut(width)});
-        [content_ addSubview:status_.view()];
-        top = toRect(status_.view().frame).maxY() + PageLayout::rowGap;
+        status_->view().frame = toCGRect({PageLayout::padding, top, width, status_->layOut(width)});
+        [content_ addSubview:status_->view()];
+        top = toRect(status_->view().frame).maxY() + PageLayout::rowGap;
     }
     if (block.button) {
         NSButton* const button = makeButton(*block.button);

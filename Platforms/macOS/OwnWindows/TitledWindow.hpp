@@ -22,7 +22,8 @@ public:
     [[nodiscard]] bool isVisible() const;
 
 private:
-    NSWindow* _Nonnull window_;
+    /// Nil if the system did not make it.
+    NSWindow* _Nullable window_ = nil;
 };
 
 }

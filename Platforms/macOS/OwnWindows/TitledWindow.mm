@@ -13,17 +13,23 @@ NSWindowStyleMask mask(const WindowStyle& style) {
 
 }
 
-TitledWindow::TitledWindow(const WindowStyle& style)
-    : window_([[NSWindow alloc] initWithContentRect:NSRect{{}, toCGSize(style.contentSize)}
-                                          styleMask:mask(style)
-                                            backing:NSBackingStoreBuffered
-                                              defer:NO]) {
-    window_.title = toNSString(style.title);
-    window_.releasedWhenClosed = NO;
-    // An accessory program cannot take the user to another desktop: the window comes to the user's.
-    window_.collectionBehavior =
-        NSWindowCollectionBehaviorMoveToActiveSpace | NSWindowCollectionBehaviorFullScreenAuxiliary;
-    [window_ center];
+TitledWindow::TitledWindow(const WindowStyle& style) {
+    attempt("titled window", [&] {
+        NSWindow* const made =
+            [[NSWindow alloc] initWithContentRect:NSRect{{}, toCGSize(style.contentSize)}
+                                        styleMask:mask(style)
+                                          backing:NSBackingStoreBuffered
+                                            defer:NO];
+        // One that goes when it is closed would be none of ours.
+        made.releasedWhenClosed = NO;
+        window_ = made;
+        window_.title = toNSString(style.title);
+        // An accessory program cannot take the user to another desktop: the window comes to the
+        // user's.
+        window_.collectionBehavior = NSWindowCollectionBehaviorMoveToActiveSpace |
+                                     NSWindowCollectionBehaviorFullScreenAuxiliary;
+        [window_ center];
+    });
 }
 
 TitledWindow::~TitledWindow() {
@@ -31,7 +37,7 @@ TitledWindow::~TitledWindow() {
 }
 
 void TitledWindow::setContent(NSView* content) {
-    window_.contentView = content;
+    attempt("setContentView", [&] { window_.contentView = content; });
 }
 
 void TitledWindow::makeKeyAndOrderFront() {
@@ -48,7 +54,8 @@ void TitledWindow::close() {
 }
 
 bool TitledWindow::isVisible() const {
-    return window_.visible || window_.miniaturized;
+    return attemptOr(false, "isVisible",
+                     [this]() -> bool { return window_.visible || window_.miniaturized; });
 }
 
 }

@@ -50,12 +50,14 @@ public:
 
 private:
     void look() {
-        const DragWatch::Look now{.isEscapeDown = CGEventSourceKeyState(
-                                      kCGEventSourceStateCombinedSessionState, escapeKey),
-                                  .isPrimaryDown = (NSEvent.pressedMouseButtons & 1) != 0};
-        if (!drag_.isTakenAway(now))
+        const bool isTakenAway = attemptOr(false, "pressedMouseButtons", [this] {
+            return drag_.isTakenAway({.isEscapeDown = CGEventSourceKeyState(
+                                          kCGEventSourceStateCombinedSessionState, escapeKey),
+                                      .isPrimaryDown = (NSEvent.pressedMouseButtons & 1) != 0});
+        });
+        if (!isTakenAway)
             return;
-        [timer_ invalidate];
+        attempt("invalidate", [this] { [timer_ invalidate]; });
         // It may end this watch.
         const auto tell = onCancel_;
         tell();

@@ -28,8 +28,9 @@ public:
 
 class FrameClock {
 public:
-    /// Calls `onFrame` for frames that were asked for, on the display that shows `view`.
-    FrameClock(NSView* _Nonnull view, std::function<void()> onFrame);
+    /// Calls `onFrame` for frames that were asked for, on the display that shows `view`; without a
+    /// beat where there is none.
+    FrameClock(NSView* _Nullable view, std::function<void()> onFrame);
     FrameClock(const FrameClock&) = delete;
     FrameClock& operator=(const FrameClock&) = delete;
     FrameClock(FrameClock&&) = delete;
@@ -47,6 +48,7 @@ private:
     void fire();
     void tick();
     void fireSoon();
+    void setTicking(bool isTicking);
 
     __weak NSView* _Nullable view_;
     std::function<void()> onFrame_;

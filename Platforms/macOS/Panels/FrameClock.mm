@@ -113,21 +113,32 @@ FrameClock::FrameClock(NSView* view, std::function<void()> onFrame)
 }
 
 void FrameClock::listen() {
-    if (NSView* const view = view_; view != nil)
-        ticks_ = makeTicks(view, lifetime_.guard([this] { tick(); }));
+    attempt("frame clock", [this] {
+        if (NSView* const view = view_; view != nil)
+            ticks_ = makeTicks(view, lifetime_.guard([this] { tick(); }));
+    });
+}
+
+void FrameClock::setTicking(bool isTicking) {
+    attempt("frame clock", [&] {
+        if (ticks_ && isTicking)
+            ticks_->start();
+        else if (ticks_)
+            ticks_->stop();
+    });
 }
 
 void FrameClock::request() {
     if (pacer_.request() == FramePacer::Start::notNeeded)
         return;
-    ticks_->start();
+    setTicking(true);
     fireSoon();
 }
 
 void FrameClock::catchUp() {
     listen();
     if (pacer_.isTicking())
-        ticks_->start();
+        setTicking(true);
     fireSoon();
 }
 
@@ -147,7 +158,7 @@ void FrameClock::tick() {
     if (pacer_.tick() == FramePacer::Tick::frame)
         onFrame_();
     else
-        ticks_->stop();
+        setTicking(false);
 }
 
 }

@@ -57,8 +57,9 @@ private:
     Overhang nextOverhang_;
     /// The window's right edge stays where it is while its left one moves.
     bool isHeldAtRight_ = false;
-    VirelinePanel* _Nonnull panel_;
-    VirelineDockView* _Nonnull dock_;
+    /// Nil if the system did not make them.
+    VirelinePanel* _Nullable panel_;
+    VirelineDockView* _Nullable dock_;
     FrameClock frames_;
     std::shared_ptr<PopUpMenu> menu_;
     Subscription cancelWatch_;

@@ -15,6 +15,12 @@
 namespace vireline::macos {
 namespace {
 
+VirelinePanel* make(const Rect& frame, const std::shared_ptr<PanelInput>& input) {
+    return attemptOr<VirelinePanel*>(nil, "initWithContentRect", [&] {
+        return [[VirelinePanel alloc] initWithFrame:toCGRect(frame) input:input];
+    });
+}
+
 VirelineDockView* fill(VirelinePanel* panel, const std::shared_ptr<PanelInput>& input) {
     VirelinePanelContent* const content = [[VirelinePanelContent alloc] initWithPanel:panel
                                                                                 input:input];
@@ -25,6 +31,10 @@ VirelineDockView* fill(VirelinePanel* panel, const std::shared_ptr<PanelInput>& 
     return dock;
 }
 
+VirelineDockView* attemptToFill(VirelinePanel* panel, const std::shared_ptr<PanelInput>& input) {
+    return attemptOr<VirelineDockView*>(nil, "setContentView", [&] { return fill(panel, input); });
+}
+
 }
 
 MacPanelWindow::MacPanelWindow(std::uint32_t displayID, const Rect& frame,
@@ -32,11 +42,12 @@ MacPanelWindow::MacPanelWindow(std::uint32_t displayID, const Rect& frame,
     : input_(std::make_shared<PanelInput>(listener))
     , frame_(frame)
     , hostedFrame_{0, 0, frame.width, frame.height}
-    , panel_([[VirelinePanel alloc] initWithFrame:toCGRect(frame) input:input_])
-    , dock_(fill(panel_, input_))
+    , panel_(make(frame, input_))
+    , dock_(attemptToFill(panel_, input_))
     , frames_(dock_, [&listener] { listener.frameDue(); }) {
     // Nobody sees it but assistive technology.
-    panel_.title = toNSString("Vireline dock #" + std::to_string(displayID));
+    attempt("setTitle",
+            [&] { panel_.title = toNSString("Vireline dock #" + std::to_string(displayID)); });
     placeDock();
     observe();
 }
@@ -44,15 +55,13 @@ MacPanelWindow::MacPanelWindow(std::uint32_t displayID, const Rect& frame,
 /// After any of these the window may have been moved, or show what is out of date.
 void MacPanelWindow::observe() {
     const auto changed = lifetime_.guard([this](NSNotification*) { restore(); });
-    subscriptions_.push_back(macos::observe(NSNotificationCenter.defaultCenter,
-                                            NSApplicationDidChangeScreenParametersNotification,
-                                            changed));
+    subscriptions_.push_back(
+        macos::observe(ownCenter(), NSApplicationDidChangeScreenParametersNotification, changed));
     const std::array<NSNotificationName, 3> names{NSWorkspaceDidWakeNotification,
                                                   NSWorkspaceScreensDidWakeNotification,
                                                   NSWorkspaceSessionDidBecomeActiveNotification};
     for (NSNotificationName name : names)
-        subscriptions_.push_back(
-            macos::observe(NSWorkspace.sharedWorkspace.notificationCenter, name, changed));
+        subscriptions_.push_back(macos::observe(workspaceCenter(), name, changed));
 }
 
 MacPanelWindow::~MacPanelWindow() {
@@ -135,7 +144,9 @@ void MacPanelWindow::watchForCancel(bool watches) {
 }
 
 void MacPanelWindow::checkPress() {
-    input_->lookedAt(pointer(), panel_.isUnderPointer, (NSEvent.pressedMouseButtons & 1) != 0);
+    attempt("checkPress", [this] {
+        input_->lookedAt(pointer(), panel_.isUnderPointer, (NSEvent.pressedMouseButtons & 1) != 0);
+    });
 }
 
 void MacPanelWindow::orderFrontRegardless() {
@@ -160,11 +171,13 @@ void MacPanelWindow::lookAtPointerSoon() {
 }
 
 void MacPanelWindow::lookAtPointer() {
-    const NSUInteger buttons = NSEvent.pressedMouseButtons;
-    if (panel_.isUnderPointer && input_->isOver(pointer()))
-        input_->pointerEntered(pointer(), buttons != 0);
-    else
-        input_->pointerLeft((buttons & 1) != 0);
+    attempt("lookAtPointer", [this] {
+        const NSUInteger buttons = NSEvent.pressedMouseButtons;
+        if (panel_.isUnderPointer && input_->isOver(pointer()))
+            input_->pointerEntered(pointer(), buttons != 0);
+        else
+            input_->pointerLeft((buttons & 1) != 0);
+    });
 }
 
 Point MacPanelWindow::pointer() const {
@@ -188,7 +201,10 @@ void MacPanelWindow::menuClosed(std::optional<std::size_t> chosen, const MenuClo
     // The menu owns the callback, and what it does may end this window.
     const MenuClosed tell = onClose;
     menu_.reset();
-    input_->menuClosed(pointer(), panel_.isUnderPointer);
+    const auto [at, isHere] = attemptOr(std::pair{Point{}, false}, "mouseLocation", [this] {
+        return std::pair{pointer(), static_cast<bool>(panel_.isUnderPointer)};
+    });
+    input_->menuClosed(at, isHere);
     tell(chosen);
 }
 

@@ -4,13 +4,21 @@
 #include "Bridge/Conversions.hpp"
 #include "Bridge/Menus.hpp"
 
+#import <dispatch/dispatch.h>
+
 #include <utility>
 
 namespace vireline::macos {
 namespace {
 
+/// On the main queue a menu would hold up all that comes there; that is for want of a better turn.
 void inTheNextTurn(void (^block)()) {
-    [NSRunLoop.mainRunLoop performInModes:@[ NSRunLoopCommonModes ] block:block];
+    const bool isPlanned = attemptOr(false, "performInModes", [&] {
+        [NSRunLoop.mainRunLoop performInModes:@[ NSRunLoopCommonModes ] block:block];
+        return true;
+    });
+    if (!isPlanned)
+        dispatch_async(dispatch_get_main_queue(), block);
 }
 
 }
@@ -19,14 +27,16 @@ std::shared_ptr<PopUpMenu> PopUpMenu::open(const Menu& menu, NSView* view, const
                                            Closed closed) {
     auto opened = std::make_shared<PopUpMenu>(std::move(closed));
     const std::weak_ptr<PopUpMenu> weak = opened;
-    NSMenu* const native = toNSMenu(menu, [weak](std::size_t index) {
-        if (const auto held = weak.lock())
-            held->chosen_ = index;
+    NSPoint at{};
+    attempt("menu", [&] {
+        opened->menu_ = toNSMenu(menu, [weak](std::size_t index) {
+            if (const auto held = weak.lock())
+                held->chosen_ = index;
+        });
+        at = toCGPoint(place.corner(toSize(opened->menu_.size)));
     });
-    opened->menu_ = native;
-    const NSPoint at = toCGPoint(place.corner(toSize(native.size)));
-    // The view may be gone by the next turn, and the menu with it while it is open. On the main
-    // queue it would hold up all that comes there.
+    NSMenu* const native = opened->menu_;
+    // The view may be gone by the next turn, and the menu with it while it is open.
     __weak NSView* const weakView = view;
     inTheNextTurn(^{
       NSView* const shownIn = weakView;

@@ -1,5 +1,6 @@
 #include "Panels/VirelineDockView.hpp"
 
+#include "Bridge/Attempt.hpp"
 #include "Bridge/Conversions.hpp"
 #include "Panels/VirelineNodeView.hpp"
 #include "Panels/VirelineTileElement.hpp"
@@ -15,6 +16,8 @@ using vireline::NodeID;
 using vireline::Scene;
 using vireline::SceneNode;
 using vireline::macos::AccessibleScene;
+using vireline::macos::attempt;
+using vireline::macos::attemptOr;
 using vireline::macos::PanelInput;
 using vireline::macos::toPoint;
 
@@ -76,18 +79,24 @@ bool isSameKind(const SceneNode& one, const SceneNode& other) {
 }
 
 - (void)viewDidChangeBackingProperties {
-    [super viewDidChangeBackingProperties];
-    [self presentAgain];
+    attempt("viewDidChangeBackingProperties", [&] {
+        [super viewDidChangeBackingProperties];
+        [self presentAgain];
+    });
 }
 
 - (void)viewDidMoveToWindow {
-    [super viewDidMoveToWindow];
-    [self presentAgain];
+    attempt("viewDidMoveToWindow", [&] {
+        [super viewDidMoveToWindow];
+        [self presentAgain];
+    });
 }
 
 - (void)viewDidChangeEffectiveAppearance {
-    [super viewDidChangeEffectiveAppearance];
-    [self presentAgain];
+    attempt("viewDidChangeEffectiveAppearance", [&] {
+        [super viewDidChangeEffectiveAppearance];
+        [self presentAgain];
+    });
 }
 
 - (void)show {
@@ -139,8 +148,12 @@ bool isSameKind(const SceneNode& one, const SceneNode& other) {
     return NSAccessibilityGroupRole;
 }
 
-/// A tile stays the same element for as long as it stays in the strip.
 - (NSArray*)accessibilityChildren {
+    return attemptOr<NSArray*>(nil, "accessibilityChildren", [&] { return [self tileElements]; });
+}
+
+/// A tile stays the same element for as long as it stays in the strip.
+- (NSArray*)tileElements {
     if (!_known)
         _known = AccessibleScene::of(_scene);
     NSMutableArray* const children = [NSMutableArray array];
@@ -162,6 +175,10 @@ bool isSameKind(const SceneNode& one, const SceneNode& other) {
 }
 
 - (id)accessibilityHitTest:(NSPoint)point {
+    return attemptOr<id>(nil, "accessibilityHitTest", [&] { return [self elementAt:point]; });
+}
+
+- (id)elementAt:(NSPoint)point {
     const NSPoint inWindow = [self.window convertPointFromScreen:point];
     const auto at = toPoint([self convertPoint:inWindow fromView:nil]);
     for (VirelineTileElement* element in self.accessibilityChildren) {

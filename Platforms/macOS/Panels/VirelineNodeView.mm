@@ -1,5 +1,6 @@
 #include "Panels/VirelineNodeView.hpp"
 
+#include "Bridge/Attempt.hpp"
 #include "Bridge/Conversions.hpp"
 #include "Icons/MacImage.hpp"
 #include "Panels/VirelineGlassView.hpp"
@@ -17,6 +18,7 @@ using vireline::ImageNode;
 using vireline::LabelNode;
 using vireline::SceneNode;
 using vireline::SeparatorNode;
+using vireline::macos::attempt;
 using vireline::macos::MacImage;
 using vireline::macos::toCGRect;
 using vireline::macos::toNSString;
@@ -138,7 +140,7 @@ NSImage* colored(NSImage* image) {
 
 /// Called again whenever the system goes from light to dark or back.
 - (void)updateLayer {
-    self.layer.backgroundColor = _color.CGColor;
+    attempt("updateLayer", [&] { self.layer.backgroundColor = _color.CGColor; });
 }
 
 @end
@@ -180,9 +182,11 @@ NSImage* colored(NSImage* image) {
 
 /// Called again whenever the system goes from light to dark or back.
 - (void)updateLayer {
-    self.layer.contentsScale = _contentsScale;
-    self.layer.contents =
-        _image == nil ? nil : [colored(_image) layerContentsForContentsScale:_contentsScale];
+    attempt("updateLayer", [&] {
+        self.layer.contentsScale = _contentsScale;
+        self.layer.contents =
+            _image == nil ? nil : [colored(_image) layerContentsForContentsScale:_contentsScale];
+    });
 }
 
 @end

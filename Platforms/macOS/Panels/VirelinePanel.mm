@@ -1,9 +1,11 @@
 #include "Panels/VirelinePanel.hpp"
 
+#include "Bridge/Attempt.hpp"
 #include "Bridge/Conversions.hpp"
 
 #include <utility>
 
+using vireline::macos::attempt;
 using vireline::macos::PanelInput;
 using vireline::macos::toPoint;
 
@@ -29,6 +31,7 @@ static_assert(onEveryDesktop == 273);
                                 defer:NO];
     if (self == nil)
         return nil;
+    self.releasedWhenClosed = NO;
     _input = std::move(input);
     self.level = NSFloatingWindowLevel;
     self.collectionBehavior = onEveryDesktop;
@@ -39,7 +42,6 @@ static_assert(onEveryDesktop == 273);
     self.canHide = NO;
     self.opaque = NO;
     self.backgroundColor = NSColor.clearColor;
-    self.releasedWhenClosed = NO;
     self.movable = NO;
     // It would be that of an earlier frame wherever icons have grown since.
     self.hasShadow = NO;
@@ -66,14 +68,19 @@ static_assert(onEveryDesktop == 273);
 }
 
 - (void)mouseEntered:(NSEvent*)event {
-    if (const auto input = _input.lock())
-        input->pointerEntered(toPoint(event.locationInWindow), NSEvent.pressedMouseButtons != 0);
+    attempt("mouseEntered", [&] {
+        if (const auto input = _input.lock())
+            input->pointerEntered(toPoint(event.locationInWindow),
+                                  NSEvent.pressedMouseButtons != 0);
+    });
 }
 
 - (void)mouseExited:(NSEvent*)event {
     static_cast<void>(event);
-    if (const auto input = _input.lock())
-        input->pointerLeft((NSEvent.pressedMouseButtons & 1) != 0);
+    attempt("mouseExited", [&] {
+        if (const auto input = _input.lock())
+            input->pointerLeft((NSEvent.pressedMouseButtons & 1) != 0);
+    });
 }
 
 @end

@@ -1,12 +1,16 @@
 #include "Panels/VirelinePanelContent.hpp"
 
+#include "Bridge/Attempt.hpp"
 #include "Bridge/Conversions.hpp"
 #include "Translation/DropOperations.hpp"
 
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
 
+using vireline::macos::attempt;
+using vireline::macos::attemptOr;
 using vireline::macos::PanelInput;
 using vireline::macos::toPoint;
 using vireline::macos::toRect;
@@ -77,15 +81,25 @@ NSDragOperation operation(BOOL canDrop, id<NSDraggingInfo> drag) {
 }
 
 - (NSView*)hitTest:(NSPoint)point {
-    const auto input = _input.lock();
-    const NSPoint at = [self convertPoint:point fromView:self.superview];
-    const bool takes = input && toRect(self.bounds).contains(toPoint(at));
-    return takes && input->takesPointer(toPoint(at)) ? self : nil;
+    return attemptOr<NSView*>(nil, "hitTest", [&]() -> NSView* {
+        const auto input = _input.lock();
+        const NSPoint at = [self convertPoint:point fromView:self.superview];
+        const bool takes = input && toRect(self.bounds).contains(toPoint(at));
+        return takes && input->takesPointer(toPoint(at)) ? self : nil;
+    });
+}
+
+/// Hands the input over, as long as there is any.
+- (void)tell:(const char*)what to:(const std::function<void(PanelInput&)>&)tell {
+    attempt(what, [&] {
+        if (const auto input = _input.lock())
+            tell(*input);
+    });
 }
 
 - (void)mouseMoved:(NSEvent*)event {
-    if (const auto input = _input.lock())
-        input->pointerMoved(toPoint(event.locationInWindow));
+    [self tell:"mouseMoved"
+            to:[&](PanelInput& input) { input.pointerMoved(toPoint(event.locationInWindow)); }];
 }
 
 - (void)mouseDragged:(NSEvent*)event {
@@ -93,33 +107,41 @@ NSDragOperation operation(BOOL canDrop, id<NSDraggingInfo> drag) {
 }
 
 - (void)mouseDown:(NSEvent*)event {
-    const bool asksForMenu = (event.modifierFlags & NSEventModifierFlagControl) != 0;
-    if (const auto input = _input.lock())
-        input->pressed(toPoint(event.locationInWindow), asksForMenu);
+    [self tell:"mouseDown"
+            to:[&](PanelInput& input) {
+                const bool asksForMenu = (event.modifierFlags & NSEventModifierFlagControl) != 0;
+                input.pressed(toPoint(event.locationInWindow), asksForMenu);
+            }];
 }
 
 - (void)mouseUp:(NSEvent*)event {
-    const vireline::Point at = toPoint(event.locationInWindow);
-    if (const auto input = _input.lock())
-        input->released(at, toRect(self.bounds).contains(at));
+    [self tell:"mouseUp"
+            to:[&](PanelInput& input) {
+                const vireline::Point at = toPoint(event.locationInWindow);
+                input.released(at, toRect(self.bounds).contains(at));
+            }];
 }
 
 - (void)rightMouseDown:(NSEvent*)event {
-    if (const auto input = _input.lock())
-        input->pressed(toPoint(event.locationInWindow), true);
+    [self tell:"rightMouseDown"
+            to:[&](PanelInput& input) { input.pressed(toPoint(event.locationInWindow), true); }];
 }
 
 - (NSDragOperation)draggingEntered:(id<NSDraggingInfo>)sender {
-    const auto input = _input.lock();
-    const bool canDrop = input && input->dragEntered(fileURLs(sender.draggingPasteboard),
-                                                     toPoint(sender.draggingLocation));
-    return operation(canDrop, sender);
+    return attemptOr(NSDragOperation{}, "draggingEntered", [&] {
+        const auto input = _input.lock();
+        const bool canDrop = input && input->dragEntered(fileURLs(sender.draggingPasteboard),
+                                                         toPoint(sender.draggingLocation));
+        return operation(canDrop, sender);
+    });
 }
 
 - (NSDragOperation)draggingUpdated:(id<NSDraggingInfo>)sender {
-    const auto input = _input.lock();
-    const bool canDrop = input && input->dragMoved(toPoint(sender.draggingLocation));
-    return operation(canDrop, sender);
+    return attemptOr(NSDragOperation{}, "draggingUpdated", [&] {
+        const auto input = _input.lock();
+        const bool canDrop = input && input->dragMoved(toPoint(sender.draggingLocation));
+        return operation(canDrop, sender);
+    });
 }
 
 /// A drag that rests needs no answer.
@@ -138,8 +160,10 @@ NSDragOperation operation(BOOL canDrop, id<NSDraggingInfo> drag) {
 }
 
 - (BOOL)performDragOperation:(id<NSDraggingInfo>)sender {
-    const auto input = _input.lock();
-    return input && input->dropped(toPoint(sender.draggingLocation));
+    return attemptOr(false, "performDragOperation", [&] {
+        const auto input = _input.lock();
+        return input && input->dropped(toPoint(sender.draggingLocation));
+    });
 }
 
 /// What it shows has the tiles; by itself it is nothing to anybody.

@@ -1,8 +1,10 @@
 #include "Panels/VirelineTileElement.hpp"
 
+#include "Bridge/Attempt.hpp"
 #include "Bridge/Conversions.hpp"
 #include "Panels/VirelineDockView.hpp"
 
+using vireline::macos::attemptOr;
 using vireline::macos::toCGRect;
 using vireline::macos::toNSString;
 
@@ -28,20 +30,26 @@ using vireline::macos::toNSString;
 }
 
 - (NSString*)accessibilityLabel {
-    const auto tile = [_dock tile:_tile];
-    return tile ? toNSString(tile->label) : nil;
+    return attemptOr<NSString*>(nil, "accessibilityLabel", [&]() -> NSString* {
+        const auto tile = [_dock tile:_tile];
+        return tile ? toNSString(tile->label) : nil;
+    });
 }
 
 - (id)accessibilityValue {
-    const auto tile = [_dock tile:_tile];
-    return tile && tile->value ? toNSString(*tile->value) : nil;
+    return attemptOr<id>(nil, "accessibilityValue", [&]() -> id {
+        const auto tile = [_dock tile:_tile];
+        return tile && tile->value ? toNSString(*tile->value) : nil;
+    });
 }
 
 - (NSRect)accessibilityFrame {
-    VirelineDockView* const dock = _dock;
-    const auto tile = [dock tile:_tile];
-    return dock != nil && tile ? NSAccessibilityFrameInView(dock, toCGRect(tile->frame))
-                               : NSZeroRect;
+    return attemptOr(NSZeroRect, "accessibilityFrame", [&] {
+        VirelineDockView* const dock = _dock;
+        const auto tile = [dock tile:_tile];
+        return dock != nil && tile ? NSAccessibilityFrameInView(dock, toCGRect(tile->frame))
+                                   : NSZeroRect;
+    });
 }
 
 - (BOOL)isAccessibilitySelectorAllowed:(SEL)selector {

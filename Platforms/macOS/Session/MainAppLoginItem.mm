@@ -6,8 +6,6 @@
 
 #import <ServiceManagement/ServiceManagement.h>
 
-#include <cerrno>
-
 namespace vireline::macos {
 namespace {
 
@@ -24,7 +22,7 @@ LoginItemService::Status MainAppLoginItem::status() const {
 }
 
 Result<void> MainAppLoginItem::registerItem() {
-    return attemptOr(Result<void>{std::unexpected{toPlatformError(EIO)}}, "registerAndReturnError",
+    return attemptOr(Result<void>{std::unexpected{raisedError()}}, "registerAndReturnError",
                      []() -> Result<void> {
                          NSError* error = nil;
                          if (![SMAppService.mainAppService registerAndReturnError:&error])
@@ -34,8 +32,8 @@ Result<void> MainAppLoginItem::registerItem() {
 }
 
 Result<void> MainAppLoginItem::unregisterItem() {
-    return attemptOr(Result<void>{std::unexpected{toPlatformError(EIO)}},
-                     "unregisterAndReturnError", []() -> Result<void> {
+    return attemptOr(Result<void>{std::unexpected{raisedError()}}, "unregisterAndReturnError",
+                     []() -> Result<void> {
                          NSError* error = nil;
                          if (![SMAppService.mainAppService unregisterAndReturnError:&error])
                              return std::unexpected{toPlatformError(error)};

@@ -81,8 +81,10 @@ public:
 private:
     void updateMenu() {
         listener_.menuNeedsUpdate(menu_);
-        if (NSMenu* const shown = item_.menu; shown != nil)
-            update(shown, menu_);
+        attempt("menuNeedsUpdate", [this] {
+            if (NSMenu* const shown = item_.menu; shown != nil)
+                update(shown, menu_);
+        });
     }
 
     StatusItemListener& listener_;
