@@ -1,11 +1,12 @@
 #include "ProgramTest.hpp"
 
+#include "Unseen.hpp"
+
 #include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <set>
 #include <sstream>
 #include <utility>
 
@@ -15,35 +16,6 @@ namespace vireline {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// Documented as safe on every thread, or made by the runtime itself.
-const std::set<std::string, std::less<>>& threadSafeClasses() {
-    static const std::set<std::string, std::less<>> names{
-        "NSConstantString", "NSData",        "NSDictionary",
-        "NSError",          "NSFileManager", "NSNumber",
-        "NSObject",         "NSString",      "NSURL",
-        "PaperQueue",       "PaperCFString", "PaperShortString",
-        "NSMutableArray",   "NSArray",       "PaperBlock",
-        "PaperPort",        "PaperEvent",    "PaperRunLoopSource",
-        "PaperThreadLoop"};
-    return names;
-}
-
-void expectNothingUnseen() {
-    EXPECT_EQ(paper::escapedExceptions(), std::vector<std::string>{});
-    for (const auto& [message, times] : paper::rt::unansweredMessages())
-        ADD_FAILURE() << "nothing answers " << message;
-    for (const auto& [message, times] : paper::rt::messagesOffMainThread()) {
-        const std::string name = message.substr(0, message.find(' '));
-        EXPECT_TRUE(threadSafeClasses().contains(name)) << "off the main thread: " << message;
-    }
-}
-
-void expectNothingLeft() {
-    EXPECT_EQ(paper::leftovers(), std::vector<std::string>{});
-    for (const auto& [name, count] : paper::rt::liveObjects())
-        EXPECT_FALSE(name.starts_with("Vireline")) << count << " left of " << name;
-}
 
 std::string read(const fs::path& file) {
     std::ifstream in{file, std::ios::binary};
@@ -100,8 +72,8 @@ void ProgramTest::runProgram(std::function<void()> user) {
         paper::drain();
     }
     EXPECT_EQ(code, 0);
-    expectNothingUnseen();
-    expectNothingLeft();
+    EXPECT_EQ(unseenFaults(), std::vector<std::string>{});
+    EXPECT_EQ(remains(), std::vector<std::string>{});
 }
 
 std::string ProgramTest::supportFolder() const {

@@ -1,7 +1,5 @@
 #include "Storm/Episode.hpp"
 
-#include "Storm/World.hpp"
-
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -9,7 +7,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
-#include <memory>
 #include <numeric>
 
 #if defined(__has_feature)
@@ -23,6 +20,11 @@
 #ifdef VIRELINE_CHECKS_LEAKS
 #include <sanitizer/lsan_interface.h>
 #endif
+
+extern "C" {
+/// Clang's coverage has it.
+[[gnu::weak]] int __llvm_profile_write_file();
+}
 
 namespace vireline::storm {
 namespace {
@@ -38,38 +40,27 @@ bool leaks() {
 #endif
 }
 
-void tell(const std::string& text) {
-    std::fputs(text.c_str(), stderr);
+/// A process that ends in haste would not.
+void writeCounts() {
+    if (__llvm_profile_write_file != nullptr)
+        __llvm_profile_write_file();
 }
 
-/// Steps are told before they are taken: the last one of a process that died is the one.
-int live(const Episode& episode) {
-    const auto world = std::make_unique<World>(episode.seed);
-    for (const int step : episode.steps) {
-        if (world->failure())
-            break;
-        world->perform(step);
-        tell(world->story().back() + '\n');
-    }
-    if (!world->failure())
-        world->end();
-    if (world->failure()) {
-        tell("WRONG: " + *world->failure() + '\n');
-        return foundWrong;
-    }
-    return wellDone;
+void tell(const std::string& text) {
+    std::fputs(text.c_str(), stderr);
 }
 
 [[noreturn]] void liveAndExit(const Episode& episode, int output) {
     dup2(output, STDERR_FILENO);
     if (std::freopen("/dev/null", "w", stdout) == nullptr)
         std::abort();
-    int result = live(episode);
-    if (result == wellDone && leaks()) {
-        tell("WRONG: memory is leaked\n");
-        result = foundWrong;
-    }
-    _exit(result);
+    auto wrong = live(episode, [](const std::string& line) { tell(line + '\n'); });
+    if (!wrong && leaks())
+        wrong = "memory is leaked";
+    if (wrong)
+        tell("WRONG: " + *wrong + '\n');
+    writeCounts();
+    _exit(wrong ? foundWrong : wellDone);
 }
 
 std::string readAll(int descriptor) {

@@ -2,6 +2,7 @@
 /// down like any other that fails.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -22,6 +23,15 @@ struct Failure {
     /// What had happened, as far as the process lived to tell.
     std::string story;
 };
+
+using Tell = std::function<void(const std::string&)>;
+
+/// Takes the steps in this process and tells of each. What is wrong, if anything is. Everything
+/// that storms has one of its own.
+[[nodiscard]] std::optional<std::string> live(const Episode& episode, const Tell& tell);
+
+/// How its tool is called, up to the seed.
+[[nodiscard]] std::string commandToRepeat();
 
 /// All steps from the first to that number.
 [[nodiscard]] Episode wholeEpisode(unsigned seed, int steps);

@@ -56,8 +56,8 @@ std::string report(const Find& find) {
         story = "...\n" + story.substr(story.size() - longestStory);
     return "seed " + std::to_string(find.episode.seed) + ", " +
            std::to_string(find.episode.steps.size()) + " steps: " + find.failure.message + "\n" +
-           story + "To repeat it: script/storm --seed " + std::to_string(find.episode.seed) +
-           " --only " + listed(find.episode.steps) + "\n";
+           story + "To repeat it: " + commandToRepeat() + " --seed " +
+           std::to_string(find.episode.seed) + " --only " + listed(find.episode.steps) + "\n";
 }
 
 }

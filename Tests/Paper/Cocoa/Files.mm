@@ -18,6 +18,11 @@ std::string& homeFolder() {
     return path;
 }
 
+std::string& lockedFolder() {
+    static auto& path = *new std::string;
+    return path;
+}
+
 BOOL failed(NSError** error, int code) {
     if (error != nullptr)
         *error = [NSError errorWithDomain:NSPOSIXErrorDomain code:code userInfo:nil];
@@ -87,6 +92,8 @@ NSString* NSHomeDirectory(void) {
 - (BOOL)trashItemAtURL:(NSURL*)url resultingItemURL:(NSURL**)result error:(NSError**)error {
     static_cast<void>(result);
     const std::filesystem::path from{url.path.paperText};
+    if (!lockedFolder().empty() && from.string().starts_with(lockedFolder()))
+        return failed(error, EPERM);
     const std::filesystem::path trash{homeFolder() + "/.Trash"};
     std::error_code code;
     std::filesystem::create_directories(trash, code);
@@ -191,6 +198,10 @@ namespace paper {
 
 void setHome(const std::string& path) {
     homeFolder() = path;
+}
+
+void lockFolder(const std::string& path) {
+    lockedFolder() = path;
 }
 
 const std::string& home() {

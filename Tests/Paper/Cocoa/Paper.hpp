@@ -134,6 +134,8 @@ void allowTaps(bool allows);
 /// The user's home folder, to be set before the program starts.
 void setHome(const std::string& path);
 [[nodiscard]] const std::string& home();
+/// Nothing in it can be moved to the trash.
+void lockFolder(const std::string& path);
 [[nodiscard]] std::size_t fileWatches();
 /// What is pinned in Apple's Dock: property list objects.
 void setPersistentApps(id list);

@@ -47,6 +47,23 @@ NSRunningApplication* make(const paper::App& app) {
     return made;
 }
 
+/// Found by the workspace from now on, once whatever how often it starts.
+void know(NSRunningApplication* app) {
+    auto& known = paper::installedApplications();
+    std::erase_if(known, [&](NSRunningApplication* other) {
+        return [other.bundleIdentifier isEqual:app.bundleIdentifier];
+    });
+    known.push_back(app);
+}
+
+/// No longer lists one that ended under the same number.
+void list(NSRunningApplication* app) {
+    std::erase_if(paper::applications(), [&](NSRunningApplication* other) {
+        return other.terminated && other.processIdentifier == app.processIdentifier;
+    });
+    paper::applications().push_back(app);
+}
+
 void announce(NSNotificationName name, NSRunningApplication* app) {
     [NSWorkspace.sharedWorkspace.notificationCenter paperPost:name
                                                      userInfo:@{NSWorkspaceApplicationKey : app}];
@@ -192,13 +209,13 @@ std::vector<std::string>& requests() {
 }
 
 void install(const App& app) {
-    installedApplications().push_back(make(app));
+    know(make(app));
 }
 
 NSRunningApplication* run(const App& app) {
     NSRunningApplication* const made = make(app);
-    applications().push_back(made);
-    installedApplications().push_back(made);
+    list(made);
+    know(made);
     return made;
 }
 
@@ -206,8 +223,8 @@ NSRunningApplication* launch(const App& app) {
     @autoreleasepool {
         NSRunningApplication* const made = make(app);
         announce(NSWorkspaceWillLaunchApplicationNotification, made);
-        applications().push_back(made);
-        installedApplications().push_back(made);
+        list(made);
+        know(made);
         announce(NSWorkspaceDidLaunchApplicationNotification, made);
         drain();
         return made;

@@ -1,0 +1,77 @@
+// A storm's episode on paper: the platform's own parts under the whole kit, from launch to quit.
+#include "App/HostPlatform.hpp"
+#include "App/VirelineApp.hpp"
+#include "Platform/Platform.hpp"
+#include "Storm/Episode.hpp"
+#include "Storm/PaperWorld.hpp"
+
+#include <memory>
+
+namespace vireline::storm {
+namespace {
+
+Platform withPanels(const Platform& all, PanelWindows& panels) {
+    return {.application = all.application,
+            .runLoop = all.runLoop,
+            .fileSystem = all.fileSystem,
+            .fileEvents = all.fileEvents,
+            .userFolders = all.userFolders,
+            .trash = all.trash,
+            .dockPreferences = all.dockPreferences,
+            .catalog = all.catalog,
+            .runningApplications = all.runningApplications,
+            .workspace = all.workspace,
+            .icons = all.icons,
+            .screens = all.screens,
+            .panelWindows = panels,
+            .pointerSettings = all.pointerSettings,
+            .motionSettings = all.motionSettings,
+            .accessibility = all.accessibility,
+            .pointerTaps = all.pointerTaps,
+            .statusBar = all.statusBar,
+            .loginItemService = all.loginItemService,
+            .programWindows = all.programWindows,
+            .words = all.words};
+}
+
+void perform(const Episode& episode, PaperWorld& world, const Tell& tell) {
+    for (const int step : episode.steps) {
+        if (world.failure())
+            return;
+        world.perform(step);
+        tell(world.story());
+    }
+}
+
+}
+
+std::optional<std::string> live(const Episode& episode, const Tell& tell) {
+    PaperWorld world{episode.seed};
+    paper::setScript([&] { paper::guarded("the storm", [&] { perform(episode, world, tell); }); });
+    @autoreleasepool {
+        const auto host = HostPlatform::start();
+        const Platform platform = (*host)->ports();
+        WitnessedPanels panels{platform.panelWindows};
+        world.panels = &panels;
+        const auto log = VirelineApp::prepareLogFile(platform.userFolders, platform.fileSystem);
+        static_cast<void>(VirelineApp::run(withPanels(platform, panels), log.path()));
+        world.panels = nullptr;
+    }
+    @autoreleasepool {
+        paper::setPersistentApps(nil);
+        paper::answerMenus(nullptr);
+        paper::cancelFileDrag();
+        // The paper pointer holds the view that was pressed.
+        paper::loseRelease();
+        paper::holdBackground(false);
+        paper::drain();
+    }
+    world.lookForRemains();
+    return world.failure();
+}
+
+std::string commandToRepeat() {
+    return "script/storm --macos";
+}
+
+}

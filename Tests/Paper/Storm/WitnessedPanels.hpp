@@ -1,0 +1,39 @@
+/// The docks' windows with a witness between them and the kit: it passes everything on to the
+/// platform's own windows and remembers what each was told last.
+#pragma once
+
+#include "Platform/PanelWindow.hpp"
+
+#include <vector>
+
+namespace vireline::storm {
+
+/// What the program asked of one window.
+struct ToldWindow {
+    std::uint32_t display = 0;
+    Rect frame;
+    /// The overhang in force: that of the last frame.
+    Overhang overhang;
+    Rect hosted;
+    Scene scene;
+    bool isShown = false;
+};
+
+class WitnessedPanels final : public PanelWindows {
+public:
+    explicit WitnessedPanels(PanelWindows& port) : port_(port) {}
+
+    [[nodiscard]] std::unique_ptr<PanelWindow> makePanel(std::uint32_t displayID, const Rect& frame,
+                                                         PanelWindowListener& listener) override;
+
+    /// Those that exist now.
+    [[nodiscard]] const std::vector<const ToldWindow*>& windows() const noexcept {
+        return windows_;
+    }
+
+private:
+    PanelWindows& port_;
+    std::vector<const ToldWindow*> windows_;
+};
+
+}
