@@ -24,7 +24,8 @@
 
 @end
 
-// Belief: the content fills the box; a real one insets it by its border.
+// Documented: the content view is resized with the box. Belief: it fills the box; a real one insets
+// it by its border.
 @implementation NSBox {
     NSView* _content;
 }
@@ -36,8 +37,15 @@
 - (void)setContentView:(NSView*)view {
     [_content removeFromSuperview];
     _content = view;
-    if (view != nil)
-        [self addSubview:view];
+    if (view == nil)
+        return;
+    view.frame = self.bounds;
+    [self addSubview:view];
+}
+
+- (void)setFrame:(NSRect)frame {
+    [super setFrame:frame];
+    _content.frame = self.bounds;
 }
 
 @end

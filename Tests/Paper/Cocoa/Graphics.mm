@@ -10,7 +10,10 @@ const NSFontWeight NSFontWeightBold = 0.4;
 CALayerContentsGravity const kCAGravityResize = @"resize";
 CALayerContentsFilter const kCAFilterTrilinear = @"trilinear";
 
-void NSRectFillUsingOperation(NSRect, NSCompositingOperation) {}
+void NSRectFillUsingOperation(NSRect, NSCompositingOperation operation) {
+    const bool keepsShape = operation == NSCompositingOperationSourceIn;
+    paper::drawing().emplace_back(keepsShape ? "fill where there is something" : "fill");
+}
 
 @implementation CALayer
 @end
@@ -72,6 +75,7 @@ static NSColor* named(NSString* name) {
 }
 
 - (void)set {
+    paper::drawing().push_back("set " + self.paperName.paperText);
 }
 
 - (BOOL)isEqual:(id)other {
@@ -157,10 +161,13 @@ static NSImage* image(NSString* name, NSSize size) {
 - (void)drawInRect:(NSRect)rect {
     if (self.paperDraw != nil)
         self.paperDraw(rect);
+    else
+        paper::drawing().push_back("draw " + self.paperName.paperText);
 }
 
 - (id)layerContentsForContentsScale:(CGFloat)scale {
     static_cast<void>(scale);
+    paper::drawing().clear();
     [self drawInRect:{{0, 0}, self.size}];
     return self.paperName;
 }
@@ -193,3 +200,12 @@ static NSImage* image(NSString* name, NSSize size) {
 }
 
 @end
+
+namespace paper {
+
+std::vector<std::string>& drawing() {
+    static auto& steps = *new std::vector<std::string>;
+    return steps;
+}
+
+}

@@ -68,6 +68,8 @@ void refuseActivation(bool refuses);
 void reopen();
 /// Found by the workspace without running.
 void install(const App& app);
+/// The login item can be neither registered nor removed, for this reason; 0 for none.
+void refuseLoginItem(int code);
 /// What the program asked of the system, in order: "open /Applications/Notes.app".
 [[nodiscard]] std::vector<std::string>& requests();
 
@@ -100,6 +102,9 @@ void answerMenus(std::function<NSMenuItem*(NSMenu*)> answer);
 bool chooseStatusItem(const std::string& title);
 /// Status items, event monitors, display links and windows that are still there.
 [[nodiscard]] std::vector<std::string> leftovers();
+
+/// What the image that was drawn last is made of, in order: "draw trash.fill".
+[[nodiscard]] std::vector<std::string>& drawing();
 
 // --- Other programs' windows.
 struct ForeignWindow {

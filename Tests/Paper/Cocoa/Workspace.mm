@@ -36,6 +36,18 @@ bool& motionIsReduced() {
     return isReduced;
 }
 
+int& loginItemRefusal() {
+    static int code = 0;
+    return code;
+}
+
+bool refused(NSError** error) {
+    if (loginItemRefusal() == 0)
+        return false;
+    *error = [NSError errorWithDomain:NSPOSIXErrorDomain code:loginItemRefusal() userInfo:nil];
+    return true;
+}
+
 NSRunningApplication* make(const paper::App& app) {
     NSRunningApplication* const made = [[NSRunningApplication alloc] init];
     if (!app.bundleID.empty())
@@ -170,6 +182,7 @@ void announce(NSNotificationName name, NSRunningApplication* app) {
 
 @end
 
+// Documented: an error says why; the status stays what it was.
 @implementation SMAppService
 
 + (SMAppService*)mainAppService {
@@ -178,13 +191,15 @@ void announce(NSNotificationName name, NSRunningApplication* app) {
 }
 
 - (BOOL)registerAndReturnError:(NSError**)error {
-    static_cast<void>(error);
+    if (refused(error))
+        return NO;
     self.status = SMAppServiceStatusEnabled;
     return YES;
 }
 
 - (BOOL)unregisterAndReturnError:(NSError**)error {
-    static_cast<void>(error);
+    if (refused(error))
+        return NO;
     self.status = SMAppServiceStatusNotRegistered;
     return YES;
 }
@@ -249,6 +264,10 @@ void quitButStayListed(int processIdentifier) {
         announce(NSWorkspaceDidTerminateApplicationNotification, app);
         drain();
     }
+}
+
+void refuseLoginItem(int code) {
+    loginItemRefusal() = code;
 }
 
 bool reducesMotion() {

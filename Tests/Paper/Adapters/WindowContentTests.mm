@@ -1,0 +1,374 @@
+// What the program's own windows are made of: the settings' form and the pages of the tour.
+#include "Cocoa/Paper.hpp"
+#include "OwnWindows/MacProgramWindows.hpp"
+#include "Platform/ProgramWindows.hpp"
+#include "ProgramTest.hpp"
+#include "Translation/FormLayout.hpp"
+#include "Translation/PageLayout.hpp"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace vireline::macos {
+namespace {
+
+Rect toRect(NSRect rect) {
+    return {rect.origin.x, rect.origin.y, rect.size.width, rect.size.height};
+}
+
+void collect(NSView* view, Class kind, std::vector<NSView*>& found) {
+    for (NSView* child in view.subviews) {
+        if ([child isKindOfClass:kind])
+            found.push_back(child);
+        collect(child, kind, found);
+    }
+}
+
+std::vector<NSView*> viewsOf(NSView* view, Class kind) {
+    std::vector<NSView*> found;
+    collect(view, kind, found);
+    return found;
+}
+
+/// The label with this text; nil if there is none.
+NSTextField* label(NSView* view, const std::string& text) {
+    for (NSView* each : viewsOf(view, NSTextField.class)) {
+        NSTextField* const field = static_cast<NSTextField*>(static_cast<id>(each));
+        if (field.stringValue != nil && field.stringValue.paperText == text)
+            return field;
+    }
+    return nil;
+}
+
+/// In the coordinates of the window, y upwards.
+Rect inWindow(NSView* view) {
+    return toRect(NSAccessibilityFrameInView(view, view.bounds));
+}
+
+class FormHeard final : public FormListener {
+public:
+    void formChanged(SettingsField field, const FormValue& value) override {
+        changes.emplace_back(field, value);
+    }
+    void formStatusButtonPressed(SettingsField field) override { pressed.push_back(field); }
+
+    std::vector<std::pair<SettingsField, FormValue>> changes;
+    std::vector<SettingsField> pressed;
+};
+
+class FormWindows : public testing::Test {
+protected:
+    static FormRow row(SettingsField field, const std::string& title,
+                       decltype(FormRow::control) control) {
+        return {field, title, std::move(control), {}, {}};
+    }
+
+    /// With each kind of control, a caption and a status line.
+    static Form everything() {
+        FormRow guarded = row(SettingsField::anchorAppleDock, "Anchor", Toggle{true});
+        guarded.caption = "Explained below";
+        guarded.status = StatusLine{.symbol = "checkmark",
+                                    .symbolTone = StatusLine::Tone::positive,
+                                    .text = "Active.",
+                                    .textTone = StatusLine::Tone::warning,
+                                    .button = "Open…"};
+        return {{{"First",
+                  {row(SettingsField::sourceMode, "Source", RadioGroup{{"Mirror", "Manual"}, 1}),
+                   row(SettingsField::position, "Position", Segments{{"One", "Two"}, 1})}},
+                 {"Second",
+                  {row(SettingsField::iconSize, "Size", Slider{32, 64, 1, 44, "44"}), guarded}}}};
+    }
+
+    void show(const Form& form) {
+        @autoreleasepool {
+            window->present(form);
+        }
+    }
+    [[nodiscard]] static NSWindow* shown() { return paper::windowTitled("Form"); }
+    [[nodiscard]] static NSView* content() { return shown().contentView; }
+
+    FormHeard heard;
+    std::unique_ptr<FormWindow> window =
+        MacProgramWindows{}.makeFormWindow({.title = "Form", .contentSize = {480, 560}}, heard);
+};
+
+TEST_F(FormWindows, ShowTheValueOfEveryControl) {
+    @autoreleasepool {
+        show(everything());
+        EXPECT_EQ([controlNamed(shown(), "Mirror") state], NSControlStateValueOff);
+        EXPECT_EQ([controlNamed(shown(), "Manual") state], NSControlStateValueOn);
+        EXPECT_EQ([controlNamed(shown(), "Position") selectedSegment], 1);
+        NSSlider* const slider = controlNamed(shown(), "Size");
+        EXPECT_EQ(slider.doubleValue, 44);
+        EXPECT_EQ(slider.minValue, 32);
+        EXPECT_EQ(slider.maxValue, 64);
+        EXPECT_NE(label(content(), "44"), nil);
+        EXPECT_EQ([controlNamed(shown(), "Anchor") state], NSControlStateValueOn);
+        EXPECT_NE(label(content(), "First"), nil);
+        EXPECT_NE(label(content(), "Source"), nil);
+        EXPECT_FALSE(label(content(), "Explained below").hidden);
+        EXPECT_EQ(label(content(), "Active.").textColor.paperName.paperText, "systemOrange");
+        const auto symbols = viewsOf(content(), NSImageView.class);
+        ASSERT_EQ(symbols.size(), 1U);
+        NSImageView* const symbol = static_cast<NSImageView*>(static_cast<id>(symbols.front()));
+        EXPECT_EQ(symbol.contentTintColor.paperName.paperText, "systemGreen");
+        EXPECT_EQ(symbol.image.paperName.paperText, "checkmark");
+    }
+}
+
+TEST_F(FormWindows, TellWhatTheUserDoes) {
+    @autoreleasepool {
+        show(everything());
+        push(controlNamed(shown(), "Mirror"));
+        NSSegmentedControl* const position = controlNamed(shown(), "Position");
+        position.selectedSegment = 0;
+        [position paperAct];
+        position.selectedSegment = -1;
+        [position paperAct];
+        paper::dragSlider(controlNamed(shown(), "Size"), 50);
+        switchOn(controlNamed(shown(), "Anchor"), false);
+        push(controlNamed(shown(), "Open…"));
+        using Changes = std::vector<std::pair<SettingsField, FormValue>>;
+        EXPECT_TRUE(
+            (heard.changes == Changes{{SettingsField::sourceMode, FormValue{std::size_t{0}}},
+                                      {SettingsField::position, FormValue{std::size_t{0}}},
+                                      {SettingsField::iconSize, FormValue{50.0}},
+                                      {SettingsField::iconSize, FormValue{50.0}},
+                                      {SettingsField::anchorAppleDock, FormValue{false}}}));
+        EXPECT_EQ(heard.pressed, std::vector{SettingsField::anchorAppleDock});
+    }
+}
+
+TEST_F(FormWindows, LeaveASliderAloneThatTheUserHolds) {
+    @autoreleasepool {
+        show(everything());
+        NSSlider* const slider = controlNamed(shown(), "Size");
+        paper::movePointer({5000, 5000});
+        paper::press();
+        NSEvent* const dragged = [[NSEvent alloc] init];
+        dragged.type = NSEventTypeLeftMouseDragged;
+        NSApplication.sharedApplication.currentEvent = dragged;
+        slider.doubleValue = 50.3;
+        [slider paperAct];
+        Form form = everything();
+        form.sections[1].rows[0].control = Slider{32, 64, 1, 50, "50"};
+        show(form);
+        EXPECT_DOUBLE_EQ(slider.doubleValue, 50.3);
+        paper::release();
+        show(form);
+        EXPECT_DOUBLE_EQ(slider.doubleValue, 50.3);
+        [slider paperAct];
+        EXPECT_DOUBLE_EQ(slider.doubleValue, 50);
+        EXPECT_NE(label(content(), "50"), nil);
+    }
+}
+
+TEST_F(FormWindows, KeepTheControlsOfRowsThatStay) {
+    @autoreleasepool {
+        show(everything());
+        const id anchor = controlNamed(shown(), "Anchor");
+        Form form = everything();
+        form.sections[1].rows.erase(form.sections[1].rows.begin());
+        form.sections[1].rows[0].caption.clear();
+        form.sections[1].rows[0].status.reset();
+        show(form);
+        EXPECT_EQ(controlNamed(shown(), "Anchor"), anchor);
+        EXPECT_EQ(controlNamed(shown(), "Size"), nil);
+        EXPECT_EQ(label(content(), "Explained below"), nil);
+        form.sections[0].rows[0].control = RadioGroup{{"Mirror", "Manual", "Third"}, 2};
+        form.sections[0].rows[1].control = Segments{{"One", "Two", "Three"}, 2};
+        show(form);
+        EXPECT_EQ([controlNamed(shown(), "Third") state], NSControlStateValueOn);
+        EXPECT_EQ([controlNamed(shown(), "Position") selectedSegment], 2);
+        // The button of a status line that is hidden is one of them.
+        EXPECT_EQ(viewsOf(content(), NSButton.class).size(), 4U);
+        form.sections.pop_back();
+        show(form);
+        EXPECT_EQ(label(content(), "Second"), nil);
+        EXPECT_EQ(controlNamed(shown(), "Anchor"), nil);
+        show(everything());
+        EXPECT_NE(controlNamed(shown(), "Anchor"), nil);
+        EXPECT_EQ(viewsOf(content(), NSButton.class).size(), 3U);
+    }
+}
+
+TEST_F(FormWindows, DivideTheRowsOfABoxByLines) {
+    @autoreleasepool {
+        const auto lines = [] {
+            const auto boxes = viewsOf(content(), NSBox.class);
+            return std::ranges::count_if(boxes, [](NSView* view) {
+                return static_cast<NSBox*>(static_cast<id>(view)).boxType == NSBoxSeparator;
+            });
+        };
+        show(everything());
+        EXPECT_EQ(lines(), 2);
+        Form form = everything();
+        form.sections[1].rows.pop_back();
+        show(form);
+        EXPECT_EQ(lines(), 1);
+        show(everything());
+        EXPECT_EQ(lines(), 2);
+    }
+}
+
+TEST_F(FormWindows, LayRowsOutWithoutAnyOnTopOfAnother) {
+    @autoreleasepool {
+        show(everything());
+        std::vector<Rect> frames;
+        for (const Class kind : {NSTextField.class, NSSwitch.class, NSSegmentedControl.class,
+                                 NSSlider.class, NSButton.class, NSImageView.class}) {
+            for (NSView* view : viewsOf(content(), kind))
+                if (!view.hidden && !view.superview.hidden && toRect(view.frame).width > 0)
+                    frames.push_back(inWindow(view));
+        }
+        EXPECT_GE(frames.size(), 12U);
+        const auto overlap = [](const Rect& a, const Rect& b) {
+            return std::min(a.maxX(), b.maxX()) > std::max(a.minX(), b.minX()) + 0.5 &&
+                   std::min(a.maxY(), b.maxY()) > std::max(a.minY(), b.minY()) + 0.5;
+        };
+        for (std::size_t one = 0; one < frames.size(); ++one)
+            for (std::size_t other = 0; other < one; ++other)
+                EXPECT_FALSE(overlap(frames[one], frames[other]))
+                    << frames[one] << " and " << frames[other];
+        NSSlider* const slider = controlNamed(shown(), "Size");
+        EXPECT_DOUBLE_EQ(slider.frame.size.width, 180);
+        EXPECT_DOUBLE_EQ(label(content(), "44").frame.size.width, sliderValueWidth);
+        const NSButton* const mirror = controlNamed(shown(), "Mirror");
+        const NSButton* const manual = controlNamed(shown(), "Manual");
+        EXPECT_DOUBLE_EQ(mirror.frame.origin.x, 0);
+        EXPECT_DOUBLE_EQ(manual.frame.origin.x, 0);
+        EXPECT_DOUBLE_EQ(mirror.frame.origin.y, 0);
+        EXPECT_DOUBLE_EQ(manual.frame.origin.y, mirror.frame.size.height);
+        EXPECT_GT(slider.frame.size.height, 0);
+        EXPECT_GT(inWindow(label(content(), "First")).minY(),
+                  inWindow(label(content(), "Second")).maxY());
+        EXPECT_GT(inWindow(label(content(), "Source")).minY(),
+                  inWindow(label(content(), "Position")).maxY());
+        NSView* const document = viewsOf(content(), NSClassFromString(@"VirelineFlippedView"))[0];
+        EXPECT_DOUBLE_EQ(document.frame.size.width, 480);
+        EXPECT_GE(document.frame.size.height, 560);
+        EXPECT_DOUBLE_EQ(document.frame.origin.x, 0);
+        EXPECT_DOUBLE_EQ(document.frame.origin.y, 0);
+    }
+}
+
+class TourHeard final : public OnboardingListener {
+public:
+    void onboardingActed(OnboardingAction action) override { acted.push_back(action); }
+
+    std::vector<OnboardingAction> acted;
+};
+
+class TourWindows : public testing::Test {
+protected:
+    static constexpr Size size{520, 420};
+
+    static OnboardingPage page() {
+        return {
+            .title = "Welcome",
+            .text = "What it is.",
+            .rows = {{"star", "A feature"}, {"moon", "Another one"}},
+            .permission =
+                PermissionBlock{.line = StatusLine{"", StatusLine::Tone::neutral, "Waiting.",
+                                                   StatusLine::Tone::neutral, ""},
+                                .button =
+                                    OnboardingButton{"Enable", OnboardingAction::enableFeatures},
+                                .caption = "Said below"},
+            .index = 1,
+            .pageCount = 3,
+            .buttons = {{"Back", OnboardingAction::back}, {"Continue", OnboardingAction::advance}}};
+    }
+    void show(const OnboardingPage& page) {
+        @autoreleasepool {
+            window->present(page);
+        }
+    }
+    [[nodiscard]] static NSWindow* shown() { return paper::windowTitled("Tour"); }
+    [[nodiscard]] static NSView* content() { return shown().contentView; }
+
+    TourHeard heard;
+    std::unique_ptr<OnboardingPageWindow> window =
+        MacProgramWindows{}.makeOnboardingWindow({.title = "Tour", .contentSize = size}, heard);
+};
+
+TEST_F(TourWindows, ShowEverythingOfAPageFromTopToBottom) {
+    @autoreleasepool {
+        show(page());
+        double top = 0;
+        for (const char* const text :
+             {"Welcome", "What it is.", "A feature", "Another one", "Waiting."}) {
+            NSTextField* const field = label(content(), text);
+            ASSERT_NE(field, nil) << text;
+            const double middle = size.height - inWindow(field).midY() + shown().frame.origin.y;
+            EXPECT_GT(middle, top) << text;
+            top = middle;
+        }
+        EXPECT_EQ(label(content(), "Welcome").font.paperSize, 26);
+        EXPECT_EQ(viewsOf(content(), NSImageView.class).size(), 2U);
+        NSButton* const enable = controlNamed(shown(), "Enable");
+        EXPECT_GT(enable.frame.origin.y, label(content(), "Waiting.").superview.frame.origin.y);
+        EXPECT_GT(label(content(), "Said below").frame.origin.y, enable.frame.origin.y);
+        EXPECT_DOUBLE_EQ(label(content(), "Welcome").frame.origin.x, PageLayout::padding);
+        EXPECT_DOUBLE_EQ(label(content(), "Welcome").frame.origin.y, PageLayout::padding);
+    }
+}
+
+TEST_F(TourWindows, HaveADotAPageWithTheirOwnInTheAccentColour) {
+    @autoreleasepool {
+        show(page());
+        const auto dots = viewsOf(content(), NSBox.class);
+        ASSERT_EQ(dots.size(), 3U);
+        const auto frames = PageLayout::dots(size, 3);
+        for (std::size_t index = 0; index < dots.size(); ++index) {
+            NSBox* const dot = static_cast<NSBox*>(static_cast<id>(dots[index]));
+            const bool isAccent = dot.fillColor.paperName.paperText == "controlAccent";
+            EXPECT_EQ(isAccent, index == 1);
+            EXPECT_TRUE(toRect(dot.frame) == frames[index]);
+            EXPECT_DOUBLE_EQ(dot.cornerRadius, PageLayout::dotDiameter / 2);
+            EXPECT_EQ(dot.borderWidth, 0);
+        }
+    }
+}
+
+TEST_F(TourWindows, TellWhichButtonWasPressedAndGiveReturnToTheLast) {
+    @autoreleasepool {
+        show(page());
+        NSButton* const back = controlNamed(shown(), "Back");
+        NSButton* const forward = controlNamed(shown(), "Continue");
+        EXPECT_EQ(forward.keyEquivalent.paperText, "\r");
+        EXPECT_NE(back.keyEquivalent == nil ? std::string{} : back.keyEquivalent.paperText, "\r");
+        EXPECT_GT(forward.frame.origin.x, back.frame.origin.x);
+        push(back);
+        push(controlNamed(shown(), "Enable"));
+        push(forward);
+        EXPECT_EQ(heard.acted,
+                  (std::vector{OnboardingAction::back, OnboardingAction::enableFeatures,
+                               OnboardingAction::advance}));
+    }
+}
+
+TEST_F(TourWindows, ReplaceAPageButNotByItself) {
+    @autoreleasepool {
+        show(page());
+        const id forward = controlNamed(shown(), "Continue");
+        show(page());
+        EXPECT_EQ(controlNamed(shown(), "Continue"), forward);
+        OnboardingPage last;
+        last.title = "Last";
+        last.buttons = {{"Done", OnboardingAction::finish}};
+        show(last);
+        EXPECT_EQ(controlNamed(shown(), "Continue"), nil);
+        EXPECT_EQ(label(content(), "Welcome"), nil);
+        EXPECT_EQ(viewsOf(content(), NSTextField.class).size(), 1U);
+        push(controlNamed(shown(), "Done"));
+        EXPECT_EQ(heard.acted, std::vector{OnboardingAction::finish});
+        last.title = "Nothing to press";
+        last.buttons.clear();
+        show(last);
+        EXPECT_EQ(viewsOf(content(), NSButton.class).size(), 0U);
+    }
+}
+
+}
+}

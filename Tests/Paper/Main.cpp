@@ -1,0 +1,75 @@
+// Runs the tests: as GoogleTest does, each of them in a process of its own if its name alone is
+// asked for; or with --forked all of them in one go, each in a child, up to the first that fails.
+#include <gtest/gtest.h>
+#include <sanitizer/lsan_interface.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <vector>
+
+namespace {
+
+/// A test that takes longer hangs.
+constexpr unsigned longestSeconds = 60;
+
+std::vector<std::string> namesOfTests() {
+    std::vector<std::string> names;
+    const auto& all = *testing::UnitTest::GetInstance();
+    for (int suite = 0; suite < all.total_test_suite_count(); ++suite) {
+        const testing::TestSuite& tests = *all.GetTestSuite(suite);
+        for (int test = 0; test < tests.total_test_count(); ++test)
+            names.push_back(std::string{tests.name()} + '.' + tests.GetTestInfo(test)->name());
+    }
+    return names;
+}
+
+[[noreturn]] void runAlone(const std::string& name) {
+    alarm(longestSeconds);
+    testing::GTEST_FLAG(filter) = name;
+    const int result = RUN_ALL_TESTS();
+    _exit(result != 0 || __lsan_do_recoverable_leak_check() != 0 ? EXIT_FAILURE : EXIT_SUCCESS);
+}
+
+/// The tests named come first, then all others but those left out by a text in their name.
+int runForked(std::vector<std::string> first, const std::vector<std::string>& leftOut) {
+    for (const std::string& name : namesOfTests())
+        first.push_back(name);
+    for (const std::string& name : first) {
+        bool isLeftOut = false;
+        for (const std::string& text : leftOut)
+            isLeftOut = isLeftOut || name.find(text) != std::string::npos;
+        if (isLeftOut)
+            continue;
+        const pid_t child = fork();
+        if (child == 0)
+            runAlone(name);
+        int status = 0;
+        waitpid(child, &status, 0);
+        if (!WIFEXITED(status) || WEXITSTATUS(status) != EXIT_SUCCESS) {
+            std::printf("FAILED %s\n", name.c_str());
+            return EXIT_FAILURE;
+        }
+    }
+    return EXIT_SUCCESS;
+}
+
+}
+
+int main(int count, char** words) {
+    testing::InitGoogleTest(&count, words);
+    if (count < 2 || std::strcmp(words[1], "--forked") != 0)
+        return RUN_ALL_TESTS();
+    std::vector<std::string> first;
+    std::vector<std::string> leftOut;
+    for (int index = 2; index < count; ++index) {
+        if (*words[index] == '-')
+            leftOut.emplace_back(words[index] + 1);
+        else
+            first.emplace_back(words[index]);
+    }
+    return runForked(std::move(first), leftOut);
+}
