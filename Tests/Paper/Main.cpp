@@ -1,7 +1,6 @@
 // Runs the tests: as GoogleTest does, each of them in a process of its own if its name alone is
 // asked for; or with --forked all of them in one go, each in a child, up to the first that fails.
 #include <gtest/gtest.h>
-#include <sanitizer/lsan_interface.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -10,6 +9,12 @@
 #include <cstring>
 #include <string>
 #include <vector>
+
+extern "C" {
+/// Only where the build has a sanitizer, or counts.
+[[gnu::weak]] int __lsan_do_recoverable_leak_check();
+[[gnu::weak]] int __llvm_profile_write_file();
+}
 
 namespace {
 
@@ -30,8 +35,13 @@ std::vector<std::string> namesOfTests() {
 [[noreturn]] void runAlone(const std::string& name) {
     alarm(longestSeconds);
     testing::GTEST_FLAG(filter) = name;
-    const int result = RUN_ALL_TESTS();
-    _exit(result != 0 || __lsan_do_recoverable_leak_check() != 0 ? EXIT_FAILURE : EXIT_SUCCESS);
+    bool isWell = RUN_ALL_TESTS() == 0;
+    if (__lsan_do_recoverable_leak_check != nullptr)
+        isWell = __lsan_do_recoverable_leak_check() == 0 && isWell;
+    // Clang's coverage, which a process that ends in haste would lose.
+    if (__llvm_profile_write_file != nullptr)
+        __llvm_profile_write_file();
+    _exit(isWell ? EXIT_SUCCESS : EXIT_FAILURE);
 }
 
 /// The tests named come first, then all others but those left out by a text in their name.

@@ -28,6 +28,9 @@ protected:
     /// Runs the program; `user` is what happens between its launch and its end.
     void runProgram(std::function<void()> user);
 
+    /// Behind a run: nothing went wrong unseen, and nothing is left.
+    static void expectAGoodEnd();
+
     /// The program's settings file, before or behind the run.
     void writePreferences(std::string_view json) const;
     [[nodiscard]] std::string preferences() const;

@@ -65,13 +65,19 @@ void ProgramTest::runProgram(std::function<void()> user) {
     paper::setScript([&] { paper::guarded("the test", user); });
     @autoreleasepool {
         code = vireline_main();
+    }
+    EXPECT_EQ(code, 0);
+    expectAGoodEnd();
+}
+
+void ProgramTest::expectAGoodEnd() {
+    @autoreleasepool {
         paper::setPersistentApps(nil);
         paper::answerMenus(nullptr);
     }
     @autoreleasepool {
         paper::drain();
     }
-    EXPECT_EQ(code, 0);
     EXPECT_EQ(unseenFaults(), std::vector<std::string>{});
     EXPECT_EQ(remains(), std::vector<std::string>{});
 }

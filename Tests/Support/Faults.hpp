@@ -9,6 +9,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace vireline::test {
 
@@ -45,9 +46,16 @@ public:
 
     /// The call with this number fails, counted from 1 from now on; none with 0.
     void failCall(int number) {
+        doomedName_.clear();
         doomed_ = number;
         calls_ = 0;
         failed_.reset();
+    }
+
+    /// The first call of that name from now on fails.
+    void failFirst(std::string name) {
+        failCall(0);
+        doomedName_ = std::move(name);
     }
 
     /// Fallible calls so far.
@@ -66,14 +74,18 @@ public:
     auto operator()(std::string_view name, Call call) -> decltype(call()) {
         using Answer = decltype(call());
         names_.emplace(name);
-        if (++calls_ != doomed_)
+        ++calls_;
+        if (calls_ != doomed_ && name != doomedName_)
             return call();
         failed_ = name;
+        doomedName_.clear();
         return Failure<Answer>::answer({code, std::string{description}});
     }
 
 private:
     int doomed_ = 0;
+    /// Of no call when it is empty.
+    std::string doomedName_;
     int calls_ = 0;
     std::set<std::string, std::less<>> names_;
     std::optional<std::string> failed_;

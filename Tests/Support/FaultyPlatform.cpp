@@ -230,18 +230,18 @@ private:
 
 }
 
-struct FaultyPlatform::Ports {
-    Ports(FakePlatform& fake, Faults& faults)
-        : fileSystem(fake.fileSystem, faults)
-        , fileEvents(fake.fileEvents, faults)
-        , userFolders(fake.userFolders, faults)
-        , trash(fake.trash, faults)
-        , dockPreferences(fake.dockPreferences, faults)
-        , catalog(fake.catalog, faults)
-        , icons(fake.icons, faults)
-        , accessibility(fake.accessibility, faults)
-        , pointerTaps(fake.pointerTaps, faults)
-        , loginItem(fake.loginItem, faults) {}
+struct FaultyPorts::Ports {
+    Ports(const Platform& behind, Faults& faults)
+        : fileSystem(behind.fileSystem, faults)
+        , fileEvents(behind.fileEvents, faults)
+        , userFolders(behind.userFolders, faults)
+        , trash(behind.trash, faults)
+        , dockPreferences(behind.dockPreferences, faults)
+        , catalog(behind.catalog, faults)
+        , icons(behind.icons, faults)
+        , accessibility(behind.accessibility, faults)
+        , pointerTaps(behind.pointerTaps, faults)
+        , loginItem(behind.loginItemService, faults) {}
 
     FaultyFileSystem fileSystem;
     FaultyFileEvents fileEvents;
@@ -255,34 +255,34 @@ struct FaultyPlatform::Ports {
     FaultyLoginItemService loginItem;
 };
 
-FaultyPlatform::FaultyPlatform() : ports_(std::make_unique<Ports>(fake, faults)) {}
+FaultyPorts::FaultyPorts(const Platform& behind, Faults& faults)
+    : behind_(behind), ports_(std::make_unique<Ports>(behind, faults)) {}
 
-FaultyPlatform::~FaultyPlatform() = default;
+FaultyPorts::~FaultyPorts() = default;
 
-Platform FaultyPlatform::ports() {
-    const Platform others = fake.ports();
+Platform FaultyPorts::ports() {
     return Platform{
-        .application = others.application,
-        .runLoop = others.runLoop,
+        .application = behind_.application,
+        .runLoop = behind_.runLoop,
         .fileSystem = ports_->fileSystem,
         .fileEvents = ports_->fileEvents,
         .userFolders = ports_->userFolders,
         .trash = ports_->trash,
         .dockPreferences = ports_->dockPreferences,
         .catalog = ports_->catalog,
-        .runningApplications = others.runningApplications,
-        .workspace = others.workspace,
+        .runningApplications = behind_.runningApplications,
+        .workspace = behind_.workspace,
         .icons = ports_->icons,
-        .screens = others.screens,
-        .panelWindows = others.panelWindows,
-        .pointerSettings = others.pointerSettings,
-        .motionSettings = others.motionSettings,
+        .screens = behind_.screens,
+        .panelWindows = behind_.panelWindows,
+        .pointerSettings = behind_.pointerSettings,
+        .motionSettings = behind_.motionSettings,
         .accessibility = ports_->accessibility,
         .pointerTaps = ports_->pointerTaps,
-        .statusBar = others.statusBar,
+        .statusBar = behind_.statusBar,
         .loginItemService = ports_->loginItem,
-        .programWindows = others.programWindows,
-        .words = others.words,
+        .programWindows = behind_.programWindows,
+        .words = behind_.words,
     };
 }
 

@@ -1,7 +1,8 @@
-/// The fake platform behind ports whose calls can be made to fail. Every call whose answer has a
-/// way to say no passes through `faults`; the ports that have none are the fake's own.
+/// A platform behind ports whose calls can be made to fail. Every call whose answer has a way to
+/// say no passes through `Faults`; the ports that have none are the platform's own.
 #pragma once
 
+#include "Platform/Platform.hpp"
 #include "Support/FakePlatform.hpp"
 #include "Support/Faults.hpp"
 
@@ -9,24 +10,34 @@
 
 namespace vireline::test {
 
-class FaultyPlatform {
+class FaultyPorts {
 public:
-    FaultyPlatform();
-    FaultyPlatform(const FaultyPlatform&) = delete;
-    FaultyPlatform& operator=(const FaultyPlatform&) = delete;
-    FaultyPlatform(FaultyPlatform&&) = delete;
-    FaultyPlatform& operator=(FaultyPlatform&&) = delete;
-    ~FaultyPlatform();
+    FaultyPorts(const Platform& behind, Faults& faults);
+    FaultyPorts(const FaultyPorts&) = delete;
+    FaultyPorts& operator=(const FaultyPorts&) = delete;
+    FaultyPorts(FaultyPorts&&) = delete;
+    FaultyPorts& operator=(FaultyPorts&&) = delete;
+    ~FaultyPorts();
 
     [[nodiscard]] Platform ports();
+
+private:
+    struct Ports;
+
+    Platform behind_;
+    std::unique_ptr<Ports> ports_;
+};
+
+/// The fake platform behind such ports.
+class FaultyPlatform {
+public:
+    [[nodiscard]] Platform ports() { return ports_.ports(); }
 
     FakePlatform fake;
     Faults faults;
 
 private:
-    struct Ports;
-
-    std::unique_ptr<Ports> ports_;
+    FaultyPorts ports_{fake.ports(), faults};
 };
 
 }

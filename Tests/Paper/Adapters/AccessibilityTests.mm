@@ -1,0 +1,81 @@
+// Other programs' windows: what their elements answer, and every way in which they do not.
+#include "Cocoa/Paper.hpp"
+#include "Windows/AXAccessibility.hpp"
+
+#include <gtest/gtest.h>
+
+namespace vireline::macos {
+namespace {
+
+class Elements : public testing::Test {
+protected:
+    Elements() {
+        paper::setTrusted(true);
+        paper::foreignApps()[501].windows = {{.position = {10, 20}, .size = {300, 200}},
+                                             {.position = {50, 60}, .size = {400, 250}}};
+    }
+
+    AXAccessibility port;
+    ElementHandle app = port.application(501, "com.example.Notes");
+};
+
+TEST_F(Elements, TellAndTakePositionsAndSizes) {
+    const auto main = port.mainWindow(*app);
+    ASSERT_TRUE(main);
+    EXPECT_EQ(port.position(**main).value(), (Point{10, 20}));
+    EXPECT_EQ(port.size(**main).value(), (Size{300, 200}));
+    EXPECT_TRUE(port.setPosition(**main, {70, 80}));
+    EXPECT_TRUE(port.setSize(**main, {500, 350}));
+    const paper::ForeignWindow& window = paper::foreignApps()[501].windows.front();
+    EXPECT_EQ(window.position.x, 70);
+    EXPECT_EQ(window.position.y, 80);
+    EXPECT_EQ(window.size.width, 500);
+    EXPECT_EQ(window.size.height, 350);
+}
+
+TEST_F(Elements, ListAllWindows) {
+    const auto windows = port.windows(*app);
+    ASSERT_TRUE(windows);
+    ASSERT_EQ(windows->size(), 2U);
+    EXPECT_EQ(port.position(*windows->at(1)).value(), (Point{50, 60}));
+}
+
+TEST_F(Elements, SayWhyTheyDoNotAnswer) {
+    const auto main = port.mainWindow(*app).value();
+    paper::foreignApps()[501].windows.front().error = kAXErrorFailure;
+    EXPECT_EQ(port.position(*main).error().code, kAXErrorFailure);
+    EXPECT_EQ(port.size(*main).error().code, kAXErrorFailure);
+    EXPECT_EQ(port.setPosition(*main, {}).error().code, kAXErrorFailure);
+    EXPECT_EQ(port.setSize(*main, {}).error().code, kAXErrorFailure);
+    EXPECT_FALSE(port.setSize(*main, {}).error().description.empty());
+    paper::foreignApps()[501].windows.clear();
+    EXPECT_FALSE(port.mainWindow(*app));
+    EXPECT_TRUE(port.windows(*app)->empty());
+    const auto none = port.application(502, "");
+    EXPECT_FALSE(port.mainWindow(*none));
+    EXPECT_FALSE(port.windows(*none));
+}
+
+TEST_F(Elements, WaitNoLongerThanTold) {
+    paper::foreignApps()[501].isHung = true;
+    port.setMessagingTimeout(*app, 0.25F);
+    const double before = paper::now();
+    EXPECT_FALSE(port.mainWindow(*app));
+    EXPECT_DOUBLE_EQ(paper::now() - before, 0.25);
+}
+
+TEST_F(Elements, AreForThoseThatTheUserTrusts) {
+    paper::requests().clear();
+    EXPECT_TRUE(port.isTrusted());
+    paper::setTrusted(false);
+    EXPECT_FALSE(port.isTrusted());
+    EXPECT_TRUE(paper::requests().empty());
+    @autoreleasepool {
+        EXPECT_FALSE(port.isTrustedWithPrompt());
+    }
+    EXPECT_EQ(paper::requests(), std::vector<std::string>{"ask for the permission"});
+    EXPECT_TRUE(port.canMoveWindows());
+}
+
+}
+}
