@@ -304,6 +304,8 @@ TEST_F(TourWindows, ShowEverythingOfAPageFromTopToBottom) {
             EXPECT_GT(middle, top) << text;
             top = middle;
         }
+        // A status line without a symbol leaves no room for one.
+        EXPECT_DOUBLE_EQ(label(content(), "Waiting.").frame.origin.x, 0);
         EXPECT_EQ(label(content(), "Welcome").font.paperSize, 26);
         EXPECT_EQ(viewsOf(content(), NSImageView.class).size(), 2U);
         NSButton* const enable = controlNamed(shown(), "Enable");

@@ -1,12 +1,15 @@
 // Views that hold others.
 #include "Cocoa/Extensions.hpp"
 
+// Belief: a material in a window that is never key looks active as soon as its state says so.
 @implementation NSVisualEffectView
 @end
 
 @implementation NSImageView
 @end
 
+// Documented: the document view is held and scrolls as it is larger. Nothing scrolls here: what is
+// looked at is the document's own layout.
 @implementation NSScrollView {
     NSView* _document;
 }

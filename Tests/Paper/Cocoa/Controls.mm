@@ -21,6 +21,7 @@ NSRect NSAccessibilityFrameInView(NSView* view, NSRect frame) {
     return {{std::min(one.x, other.x) + window.x, std::min(one.y, other.y) + window.y}, frame.size};
 }
 
+// Documented: the accessors of an element that is no view; a subclass answers what it knows better.
 @implementation NSAccessibilityElement
 @synthesize accessibilityElement, accessibilityRole, accessibilityLabel, accessibilityValue,
     accessibilityFrame, accessibilityParent, accessibilityChildren;
@@ -69,6 +70,8 @@ NSRect NSAccessibilityFrameInView(NSView* view, NSRect frame) {
 
 @end
 
+// Documented: labelWithString: makes one line, wrappingLabelWithString: as many as the width asks
+// for. Belief: on paper a text is never broken, so both are one line.
 @implementation NSTextField
 
 static id label(Class made, NSString* text) {
@@ -87,6 +90,8 @@ static id label(Class made, NSString* text) {
 
 @end
 
+// Documented: radio buttons with one action in one view are a group, of which one is on. Not done
+// here: the program shows all of them again after each choice.
 @implementation NSButton
 
 static id button(Class made, NSString* title, id target, SEL action) {
@@ -133,6 +138,7 @@ static id button(Class made, NSString* title, id target, SEL action) {
 
 @end
 
+// Documented: selectedSegment is -1 while none is selected.
 @implementation NSSegmentedControl
 
 + (instancetype)segmentedControlWithLabels:(NSArray*)labels

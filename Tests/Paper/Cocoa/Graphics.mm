@@ -15,6 +15,7 @@ void NSRectFillUsingOperation(NSRect, NSCompositingOperation operation) {
     paper::drawing().emplace_back(keepsShape ? "fill where there is something" : "fill");
 }
 
+// Documented: a layer keeps what it was given. Nothing is composed or painted here.
 @implementation CALayer
 @end
 
@@ -182,6 +183,7 @@ static NSImage* image(NSString* name, NSSize size) {
 
 @end
 
+// Documented: fill paints in the current colour; here it is only known to be called.
 @implementation NSBezierPath
 
 + (NSBezierPath*)bezierPathWithRoundedRect:(NSRect)rect xRadius:(CGFloat)x yRadius:(CGFloat)y {

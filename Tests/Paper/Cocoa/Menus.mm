@@ -12,6 +12,7 @@ std::function<NSMenuItem*(NSMenu*)>& menuAnswer() {
 
 }
 
+// Documented: the target is not held, representedObject is.
 @implementation NSMenuItem
 
 - (instancetype)initWithTitle:(NSString*)title action:(SEL)action keyEquivalent:(NSString*)key {
@@ -110,6 +111,8 @@ std::function<NSMenuItem*(NSMenu*)>& menuAnswer() {
 
 @end
 
+// Documented: has a button of its own from the start. Belief: the bar never refuses one; a crowded
+// bar hides it instead.
 @implementation NSStatusItem
 @end
 

@@ -22,6 +22,7 @@
 
 @end
 
+// Documented: the main queue runs what it gets on the main thread.
 @implementation NSOperationQueue
 
 + (NSOperationQueue*)mainQueue {

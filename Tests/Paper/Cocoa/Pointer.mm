@@ -19,6 +19,8 @@ NSPasteboardReadingOptionKey const NSPasteboardURLReadingFileURLsOnlyKey =
 @implementation PaperDrag
 @end
 
+// Documented: objects of the classes asked for, in order. Belief: with file URLs alone asked for, a
+// drag from another program yields them as file:// URLs.
 @implementation NSPasteboard
 
 - (NSArray*)readObjectsForClasses:(NSArray*)classes options:(NSDictionary*)options {

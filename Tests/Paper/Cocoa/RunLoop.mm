@@ -127,6 +127,7 @@ bool runOne(std::deque<Block>& queue) {
 
 @end
 
+// Documented: systemUptime does not count sleep; no sleep is played on this clock.
 @implementation NSProcessInfo
 
 + (NSProcessInfo*)processInfo {

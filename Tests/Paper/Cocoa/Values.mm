@@ -126,6 +126,8 @@ static NSNumber* make(long long whole, double real, BOOL isBoolean, BOOL isReal)
 
 @end
 
+// Documented: name and reason say what went wrong. What paper raises is thrown through C++ frames,
+// as Apple's runtime does on 64 bits.
 @implementation NSException
 
 + (void)paperRaise:(NSExceptionName)name reason:(NSString*)reason {
@@ -147,7 +149,8 @@ extern "C" void paper_raise(const char* reason) {
 }
 
 // Documented: a file URL escapes what is not allowed in a path; URLWithString: gives nil for text
-// that is no URL. Belief: only blanks make it so, which is what the program could meet.
+// that is no URL; an address on the web has a path as well. Belief: only blanks make it so, which
+// is what the program could meet.
 @implementation NSURL {
     std::string _path;
     std::string _text;
@@ -172,6 +175,9 @@ extern "C" void paper_raise(const char* reason) {
     url->_isFile = text.starts_with("file://");
     if (url->_isFile)
         url->_path = text.substr(std::strlen("file://"));
+    else if (const auto host = text.find("://"); host != text.npos)
+        if (const auto path = text.find('/', host + 3); path != text.npos)
+            url->_path = text.substr(path);
     return url;
 }
 

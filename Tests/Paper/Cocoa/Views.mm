@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+// Documented: an event that nothing handles goes up the responder chain. Here it ends at the view.
 @implementation NSResponder
 
 - (void)mouseDown:(NSEvent*)event {

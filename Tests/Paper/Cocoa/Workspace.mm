@@ -112,6 +112,7 @@ void announce(NSNotificationName name, NSRunningApplication* app) {
 
 @end
 
+// Documented: activates is true unless told otherwise; the program sets it always.
 @implementation NSWorkspaceOpenConfiguration
 
 + (instancetype)configuration {
