@@ -57,6 +57,22 @@ TEST_F(DockRootViewTest, TwoQuickTapsAreOneClickAndOneDoubleClick) {
     EXPECT_EQ(dock.actionsTaken, (std::vector<std::string>{"click p0 #2", "double-click p0 #2"}));
 }
 
+TEST_F(DockRootViewTest, TapsAreToldApartByWhenTheyHappenedNotByWhenTheyAreTold) {
+    dock.setTiles(1, 0);
+    show();
+    const auto tapWhen = [this](double time) {
+        send(Kind::pressed, centerOfIcon(0));
+        view().pointerEvent({.kind = Kind::released, .position = centerOfIcon(0), .time = time});
+    };
+
+    tapWhen(10);
+    // What the first tap did took a while.
+    dock.platform.runLoop.advance(3);
+    tapWhen(10.2);
+
+    EXPECT_EQ(dock.actionsTaken, (std::vector<std::string>{"click p0 #2", "double-click p0 #2"}));
+}
+
 TEST_F(DockRootViewTest, TheDoubleClickIntervalIsReadAfreshOnEveryTap) {
     dock.setTiles(1, 0);
     show();

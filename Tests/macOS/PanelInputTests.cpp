@@ -131,7 +131,10 @@ TEST_F(OverhangInputTest, TheOverhangIsNoPartOfTheDock) {
 
     input.pointerMoved({100, 80});
     EXPECT_EQ(listener.entered, 1);
+    // The topmost row of pixels.
     input.pointerMoved({100, 84});
+    EXPECT_EQ(listener.exited, 0);
+    input.pointerMoved({100, 84.5});
     EXPECT_EQ(listener.exited, 1);
 }
 

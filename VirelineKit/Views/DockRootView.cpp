@@ -226,7 +226,7 @@ void DockRootView::pointerEvent(const PointerEvent& event) {
         pressed(event.position);
         break;
     case PointerEvent::Kind::released:
-        released(event.position);
+        released(event);
         break;
     case PointerEvent::Kind::secondaryPressed:
         if (const auto tile = indexAt(event.position))
@@ -276,7 +276,8 @@ void DockRootView::pressed(Point p) {
     press_ = tile != nullptr ? std::optional{Press{.serial = tile->serial, .at = p}} : std::nullopt;
 }
 
-void DockRootView::released(Point p) {
+void DockRootView::released(const PointerEvent& event) {
+    const Point p = event.position;
     // A list that changed since the last frame may have ended the press.
     layoutIfNeeded();
     if (press_ && press_->isDragging) {
@@ -289,10 +290,10 @@ void DockRootView::released(Point p) {
     const bool isTap = tile != nullptr && press_ && press_->serial == tile->serial;
     press_.reset();
     if (isTap)
-        tap(*tile);
+        tap(*tile, event.time.value_or(context_.runLoop.now()));
 }
 
-void DockRootView::tap(DockTile& tile) {
+void DockRootView::tap(DockTile& tile, double time) {
     tile.pulse = true;
     tile.pulseEnd =
         context_.runLoop.after(pulseSeconds, lifetime_.guard([this, serial = tile.serial] {
@@ -301,10 +302,10 @@ void DockRootView::tap(DockTile& tile) {
                 pulsing->pulse = false;
             invalidate();
         }));
-    const bool isDouble = tile.kind == TileKind::app &&
-                          tile.taps.registerTap(context_.runLoop.now(),
-                                                context_.pointerSettings.doubleClickInterval()) ==
-                              TapTracker::Resolution::doubled;
+    const bool isDouble =
+        tile.kind == TileKind::app &&
+        tile.taps.registerTap(time, context_.pointerSettings.doubleClickInterval()) ==
+            TapTracker::Resolution::doubled;
     invalidate();
     // The action may replace the tiles; from here on only the copies count.
     const DockItem item = tile.item;
@@ -454,7 +455,7 @@ std::vector<AccessibleTile> DockRootView::accessibleTiles() {
 void DockRootView::press(std::uint32_t serial) {
     layoutIfNeeded();
     if (DockTile* const tile = tiles_.find(serial))
-        tap(*tile);
+        tap(*tile, context_.runLoop.now());
 }
 
 void DockRootView::showMenu(std::uint32_t serial) {

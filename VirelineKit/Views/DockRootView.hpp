@@ -110,8 +110,8 @@ private:
     void pointerMoved(Point p);
     void pointerExited();
     void pressed(Point p);
-    void released(Point p);
-    void tap(DockTile& tile);
+    void released(const PointerEvent& event);
+    void tap(DockTile& tile, double time);
     void requestMenu(std::size_t index);
     void requestProgramMenu(Point at);
 

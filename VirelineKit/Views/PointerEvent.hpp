@@ -3,6 +3,7 @@
 
 #include "Foundation/Geometry.hpp"
 
+#include <optional>
 #include <ostream>
 
 namespace vireline {
@@ -20,6 +21,9 @@ struct PointerEvent {
     Kind kind = Kind::moved;
     /// The view's coordinates: points, origin top-left, y downwards.
     Point position;
+    /// When it happened, on the run loop's clock, which may be long before it is told; nothing
+    /// where that is not known.
+    std::optional<double> time = std::nullopt;
 
     bool operator==(const PointerEvent&) const = default;
 };

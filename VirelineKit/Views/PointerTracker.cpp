@@ -47,11 +47,11 @@ void PointerTracker::secondaryPressed(Point position) {
         send(Kind::secondaryPressed, position);
 }
 
-void PointerTracker::released(Point position, bool isOverWindow) {
+void PointerTracker::released(Point position, bool isOverWindow, std::optional<double> time) {
     if (!isPressed_)
         return;
     isPressed_ = false;
-    send(Kind::released, position);
+    listener_.pointerEvent({.kind = Kind::released, .position = position, .time = time});
     if (hasMenu_)
         return;
     if (isOverWindow) {
@@ -113,7 +113,7 @@ void PointerTracker::hidden() {
 }
 
 void PointerTracker::send(Kind kind, Point position) {
-    listener_.pointerEvent({kind, position});
+    listener_.pointerEvent({.kind = kind, .position = position});
 }
 
 void PointerTracker::enter() {

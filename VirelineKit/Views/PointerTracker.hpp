@@ -6,6 +6,8 @@
 #include "Foundation/Geometry.hpp"
 #include "Platform/PanelWindow.hpp"
 
+#include <optional>
+
 namespace vireline {
 
 class PointerTracker {
@@ -30,7 +32,7 @@ public:
     void moved(Point position);
     void pressed(Point position);
     void secondaryPressed(Point position);
-    void released(Point position, bool isOverWindow);
+    void released(Point position, bool isOverWindow, std::optional<double> time = std::nullopt);
     void left(const Whereabouts& now);
 
     /// The press was cancelled.

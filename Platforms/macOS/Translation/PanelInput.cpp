@@ -16,10 +16,11 @@ void PanelInput::setOverhang(const Overhang& overhang, Size frame) {
 }
 
 /// Sides without an overhang have no limit: a window on its way to its frame may still be larger.
+/// A pointer's position stands for the pixel to the right of it and, as y grows upwards, below it.
 bool PanelInput::isInOverhang(Point at) const {
-    return at.x < overhang_.left || at.y < overhang_.bottom ||
+    return at.x < overhang_.left || (overhang_.bottom > 0 && at.y <= overhang_.bottom) ||
            (overhang_.right > 0 && at.x >= overhang_.left + frame_.width) ||
-           (overhang_.top > 0 && at.y >= overhang_.bottom + frame_.height);
+           (overhang_.top > 0 && at.y > overhang_.bottom + frame_.height);
 }
 
 bool PanelInput::takesPointer(Point at) const {
@@ -50,8 +51,8 @@ void PanelInput::pressed(Point at, bool asksForMenu) {
         pointer_.pressed(position);
 }
 
-void PanelInput::released(Point at, bool isOverWindow) {
-    pointer_.released(hosted_.toView(at), isOverWindow && isOver(at));
+void PanelInput::released(Point at, bool isOverWindow, std::optional<double> time) {
+    pointer_.released(hosted_.toView(at), isOverWindow && isOver(at), time);
 }
 
 void PanelInput::menuClosed(Point at, bool isOverWindow) {

@@ -38,7 +38,8 @@ public:
         pointer_.left({.isPrimaryHeld = isPrimaryHeld, .position = {}});
     }
     void pressed(Point at, bool asksForMenu);
-    void released(Point at, bool isOverWindow);
+    /// `time` as the run loop's clock has it.
+    void released(Point at, bool isOverWindow, std::optional<double> time = std::nullopt);
     void cancelled() { pointer_.cancelled(); }
     /// A look taken during a press, which nothing may tell the end of.
     void lookedAt(Point at, bool isOverWindow, bool isPrimaryHeld) {
