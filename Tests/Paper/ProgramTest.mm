@@ -17,6 +17,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
+std::size_t entriesOf(const fs::path& folder) {
+    return static_cast<std::size_t>(std::ranges::distance(fs::directory_iterator{folder}));
+}
+
 std::string read(const fs::path& file) {
     std::ifstream in{file, std::ios::binary};
     std::ostringstream content;
@@ -62,6 +66,8 @@ ProgramTest::~ProgramTest() {
 
 void ProgramTest::runProgram(std::function<void()> user) {
     int code = -1;
+    const std::size_t descriptors = entriesOf("/proc/self/fd");
+    const std::size_t threads = entriesOf("/proc/self/task");
     paper::setScript([&] { paper::guarded("the test", user); });
     @autoreleasepool {
         code = vireline_main();
@@ -80,6 +86,8 @@ void ProgramTest::expectAGoodEnd() {
     }
     EXPECT_EQ(unseenFaults(), std::vector<std::string>{});
     EXPECT_EQ(remains(), std::vector<std::string>{});
+    EXPECT_EQ(entriesOf("/proc/self/fd"), descriptors);
+    EXPECT_EQ(entriesOf("/proc/self/task"), threads);
 }
 
 std::string ProgramTest::supportFolder() const {

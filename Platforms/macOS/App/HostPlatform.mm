@@ -21,6 +21,7 @@
 #include "Windows/AXAccessibility.hpp"
 #include "Windows/EventTaps.hpp"
 
+#include <csignal>
 #include <utility>
 
 namespace vireline {
@@ -49,6 +50,8 @@ struct HostPlatform::Parts {
 };
 
 std::expected<std::unique_ptr<HostPlatform>, HostPlatform::Ended> HostPlatform::start() {
+    // A log line that nobody reads any more must not end the program.
+    std::signal(SIGPIPE, SIG_IGN);
     return std::unique_ptr<HostPlatform>{new HostPlatform{std::make_unique<Parts>()}};
 }
 

@@ -3,6 +3,7 @@
 #include "Bridge/Attempt.hpp"
 #include "Bridge/Conversions.hpp"
 #include "Files/Leftovers.hpp"
+#include "Files/WriteTarget.hpp"
 #include "Foundation/ReplacementNames.hpp"
 
 #import <Foundation/Foundation.h>
@@ -133,12 +134,13 @@ private:
 };
 
 Result<void> replaceFile(const FileURL& url, std::string_view content) {
-    Replacement replacement{url};
+    const FileURL target = resolvedWriteTarget(url);
+    Replacement replacement{target};
     if (!replacement.wasCreated())
         return failure(replacement.error());
     if (auto filled = replacement.fill(content); !filled)
         return filled;
-    return replacement.takePlace(url);
+    return replacement.takePlace(target);
 }
 
 }

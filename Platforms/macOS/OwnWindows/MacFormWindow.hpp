@@ -14,7 +14,8 @@ namespace vireline::macos {
 
 class MacFormWindow final : public FormWindow {
 public:
-    MacFormWindow(const WindowStyle& style, FormListener& listener);
+    MacFormWindow(const WindowStyle& style, FormListener& listener,
+                  std::shared_ptr<FocusReturn> focus);
 
     void present(const Form& form) override;
     void makeKeyAndOrderFront() override { window_.makeKeyAndOrderFront(); }

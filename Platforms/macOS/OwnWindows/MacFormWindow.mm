@@ -6,6 +6,7 @@
 #include "Translation/FormLayout.hpp"
 
 #include <algorithm>
+#include <utility>
 
 namespace vireline::macos {
 namespace {
@@ -40,11 +41,12 @@ std::unique_ptr<FormRowView> take(std::vector<std::unique_ptr<FormRowView>>& row
 
 }
 
-MacFormWindow::MacFormWindow(const WindowStyle& style, FormListener& listener)
+MacFormWindow::MacFormWindow(const WindowStyle& style, FormListener& listener,
+                             std::shared_ptr<FocusReturn> focus)
     : listener_(listener)
     , width_(style.contentSize.width)
     , leastHeight_(style.contentSize.height)
-    , window_(style) {
+    , window_(style, std::move(focus)) {
     attempt("settings window", [&] {
         content_ =
             [[VirelineFlippedView alloc] initWithFrame:NSRect{{}, toCGSize(style.contentSize)}];

@@ -16,7 +16,8 @@ namespace vireline::macos {
 
 class MacOnboardingWindow final : public OnboardingPageWindow {
 public:
-    MacOnboardingWindow(const WindowStyle& style, OnboardingListener& listener);
+    MacOnboardingWindow(const WindowStyle& style, OnboardingListener& listener,
+                        std::shared_ptr<FocusReturn> focus);
 
     void present(const OnboardingPage& page) override;
     void makeKeyAndOrderFront() override { window_.makeKeyAndOrderFront(); }

@@ -7,6 +7,7 @@
 #include "Translation/PageLayout.hpp"
 
 #include <algorithm>
+#include <utility>
 
 namespace vireline::macos {
 namespace {
@@ -29,8 +30,9 @@ NSView* makeDot(bool isCurrent) {
 
 }
 
-MacOnboardingWindow::MacOnboardingWindow(const WindowStyle& style, OnboardingListener& listener)
-    : listener_(listener), size_(style.contentSize), window_(style) {
+MacOnboardingWindow::MacOnboardingWindow(const WindowStyle& style, OnboardingListener& listener,
+                                         std::shared_ptr<FocusReturn> focus)
+    : listener_(listener), size_(style.contentSize), window_(style, std::move(focus)) {
     attempt("tour window", [this] {
         content_ = [[VirelineFlippedView alloc] initWithFrame:NSRect{{}, toCGSize(size_)}];
         status_ = std::make_unique<StatusLineView>([] {});

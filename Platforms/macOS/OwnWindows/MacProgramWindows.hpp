@@ -1,7 +1,10 @@
 /// Makes the program's own windows.
 #pragma once
 
+#include "OwnWindows/FocusReturn.hpp"
 #include "Platform/ProgramWindows.hpp"
+
+#include <memory>
 
 namespace vireline::macos {
 
@@ -11,6 +14,9 @@ public:
                                                              FormListener& listener) override;
     [[nodiscard]] std::unique_ptr<OnboardingPageWindow>
     makeOnboardingWindow(const WindowStyle& style, OnboardingListener& listener) override;
+
+private:
+    std::shared_ptr<FocusReturn> focus_ = std::make_shared<FocusReturn>();
 };
 
 }

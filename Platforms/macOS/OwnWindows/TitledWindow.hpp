@@ -5,23 +5,28 @@
 
 #import <AppKit/AppKit.h>
 
+#include <memory>
+
 namespace vireline::macos {
+
+class FocusReturn;
 
 class TitledWindow {
 public:
-    explicit TitledWindow(const WindowStyle& style);
+    TitledWindow(const WindowStyle& style, std::shared_ptr<FocusReturn> focus);
     TitledWindow(const TitledWindow&) = delete;
     TitledWindow& operator=(const TitledWindow&) = delete;
     TitledWindow(TitledWindow&&) = delete;
     TitledWindow& operator=(TitledWindow&&) = delete;
     ~TitledWindow();
 
-    void setContent(NSView* _Nonnull content);
+    void setContent(NSView* _Nullable content);
     void makeKeyAndOrderFront();
     void close();
     [[nodiscard]] bool isVisible() const;
 
 private:
+    std::shared_ptr<FocusReturn> focus_;
     /// Nil if the system did not make it.
     NSWindow* _Nullable window_ = nil;
 };

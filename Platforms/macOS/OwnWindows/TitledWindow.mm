@@ -2,6 +2,9 @@
 
 #include "Bridge/Attempt.hpp"
 #include "Bridge/Conversions.hpp"
+#include "OwnWindows/FocusReturn.hpp"
+
+#include <utility>
 
 namespace vireline::macos {
 namespace {
@@ -13,7 +16,9 @@ NSWindowStyleMask mask(const WindowStyle& style) {
 
 }
 
-TitledWindow::TitledWindow(const WindowStyle& style) {
+TitledWindow::TitledWindow(const WindowStyle& style, std::shared_ptr<FocusReturn> focus)
+    : focus_(std::move(focus)) {
+    focus_->add(*this);
     attempt("titled window", [&] {
         NSWindow* const made =
             [[NSWindow alloc] initWithContentRect:NSRect{{}, toCGSize(style.contentSize)}
@@ -33,6 +38,7 @@ TitledWindow::TitledWindow(const WindowStyle& style) {
 }
 
 TitledWindow::~TitledWindow() {
+    focus_->remove(*this);
     close();
 }
 
@@ -41,6 +47,7 @@ void TitledWindow::setContent(NSView* content) {
 }
 
 void TitledWindow::makeKeyAndOrderFront() {
+    focus_->remember();
     attempt("makeKeyAndOrderFront", [this] {
         [NSApplication.sharedApplication activateIgnoringOtherApps:YES];
         [window_ makeKeyAndOrderFront:nil];

@@ -63,8 +63,16 @@ static_assert(onEveryDesktop == 273);
 }
 
 - (BOOL)isUnderPointer {
-    return self.visible &&
-           vireline::macos::toRect(self.frame).contains(toPoint(NSEvent.mouseLocation));
+    const NSPoint at = NSEvent.mouseLocation;
+    return self.visible && NSMouseInRect(at, self.frame, NO) && ![self isCoveredAt:at];
+}
+
+/// Windows that are transparent at the point do not count, be it this one.
+- (BOOL)isCoveredAt:(NSPoint)point {
+    const NSInteger front = [NSWindow windowNumberAtPoint:point belowWindowWithWindowNumber:0];
+    const NSInteger behind = [NSWindow windowNumberAtPoint:point
+                               belowWindowWithWindowNumber:self.windowNumber];
+    return front != self.windowNumber && front != behind;
 }
 
 - (void)mouseEntered:(NSEvent*)event {

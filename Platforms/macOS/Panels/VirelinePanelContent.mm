@@ -13,7 +13,6 @@ using vireline::macos::attempt;
 using vireline::macos::attemptOr;
 using vireline::macos::PanelInput;
 using vireline::macos::toPoint;
-using vireline::macos::toRect;
 using vireline::macos::toText;
 namespace DropOperations = vireline::macos::DropOperations;
 
@@ -84,7 +83,7 @@ NSDragOperation operation(BOOL canDrop, id<NSDraggingInfo> drag) {
     return attemptOr<NSView*>(nil, "hitTest", [&]() -> NSView* {
         const auto input = _input.lock();
         const NSPoint at = [self convertPoint:point fromView:self.superview];
-        const bool takes = input && toRect(self.bounds).contains(toPoint(at));
+        const bool takes = input && NSMouseInRect(at, self.bounds, NO);
         return takes && input->takesPointer(toPoint(at)) ? self : nil;
     });
 }
@@ -117,8 +116,8 @@ NSDragOperation operation(BOOL canDrop, id<NSDraggingInfo> drag) {
 - (void)mouseUp:(NSEvent*)event {
     [self tell:"mouseUp"
             to:[&](PanelInput& input) {
-                const vireline::Point at = toPoint(event.locationInWindow);
-                input.released(at, toRect(self.bounds).contains(at));
+                const NSPoint at = event.locationInWindow;
+                input.released(toPoint(at), NSMouseInRect(at, self.bounds, NO), event.timestamp);
             }];
 }
 

@@ -120,6 +120,12 @@ AXError AXUIElementCopyAttributeValue(AXUIElementRef reference, CFStringRef attr
     paper::ForeignApp* const app = asked(element, error);
     if (app == nullptr)
         return error;
+    if (const auto refused = app->errors.find(name); refused != app->errors.end())
+        return refused->second;
+    if (app->nonsense.contains(name)) {
+        *value = (__bridge_retained CFTypeRef)paper::text("nonsense");
+        return kAXErrorSuccess;
+    }
     if (element.window == noWindow)
         return copyOfApp(element, *app, name, value);
     const paper::ForeignWindow* const window = windowOf(element, *app, error);
@@ -136,10 +142,13 @@ AXError AXUIElementSetAttributeValue(AXUIElementRef reference, CFStringRef attri
     PaperElement* const element = elementOf(reference);
     AXError error = kAXErrorSuccess;
     paper::ForeignApp* const app = asked(element, error);
+    const std::string& name = [(__bridge NSString*)attribute paperText];
+    if (app != nullptr && app->errors.contains("set " + name))
+        return app->errors.at("set " + name);
     paper::ForeignWindow* const window = app == nullptr ? nullptr : windowOf(element, *app, error);
     if (window == nullptr)
         return error;
-    if ([(__bridge NSString*)attribute paperText] == "AXPosition")
+    if (name == "AXPosition")
         AXValueGetValue(static_cast<AXValueRef>(value), kAXValueCGPointType, &window->position);
     else
         AXValueGetValue(static_cast<AXValueRef>(value), kAXValueCGSizeType, &window->size);

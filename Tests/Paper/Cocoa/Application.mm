@@ -64,6 +64,14 @@ uint32_t CGDisplayUnitNumber(CGDirectDisplayID display) {
     return application;
 }
 
+- (BOOL)isActive {
+    return self.paperIsActive;
+}
+
+- (void)yieldActivationToApplication:(NSRunningApplication*)application {
+    paper::requests().push_back("yield to " + application.bundleIdentifier.paperText);
+}
+
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)policy {
     self.paperPolicy = policy;
     return YES;
@@ -71,8 +79,11 @@ uint32_t CGDisplayUnitNumber(CGDirectDisplayID display) {
 
 - (void)activateIgnoringOtherApps:(BOOL)ignoresOthers {
     static_cast<void>(ignoresOthers);
-    if (!activationIsRefused())
+    if (!activationIsRefused()) {
         self.paperIsActive = YES;
+        for (NSRunningApplication* const other : paper::applications())
+            other.active = NO;
+    }
     paper::requests().emplace_back("activate");
 }
 
@@ -149,6 +160,8 @@ std::vector<std::string> leftovers() {
     std::vector<std::string> left;
     for (NSWindow* const window : orderedWindows())
         left.push_back("window " + window.title.paperText);
+    for (NSWindow* const window : closedWindows())
+        left.push_back("closed window " + window.title.paperText);
     left.insert(left.end(), statusItems().size(), "status item");
     left.insert(left.end(), eventMonitors().size(), "event monitor");
     left.insert(left.end(), displayLinks().size(), "display link");

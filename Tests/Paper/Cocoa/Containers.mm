@@ -5,6 +5,29 @@
 @implementation NSVisualEffectView
 @end
 
+// Documented: shows its content view on glass. Not declared, as the program asks for it by name.
+@interface NSGlassEffectView : NSView
+@property CGFloat cornerRadius;
+@property(strong) NSView* contentView;
+@end
+
+@implementation NSGlassEffectView {
+    NSView* _content;
+}
+
+- (NSView*)contentView {
+    return _content;
+}
+
+- (void)setContentView:(NSView*)view {
+    [_content removeFromSuperview];
+    _content = view;
+    if (view != nil)
+        [self addSubview:view];
+}
+
+@end
+
 @implementation NSImageView
 @end
 

@@ -70,6 +70,7 @@
 @interface NSEvent ()
 @property(readwrite) NSEventType type;
 @property(readwrite) NSEventModifierFlags modifierFlags;
+@property(readwrite) NSTimeInterval timestamp;
 @property(readwrite) NSPoint locationInWindow;
 @property(readwrite) unsigned short keyCode;
 @end
@@ -97,6 +98,8 @@
 @property(readwrite, getter=isVisible) BOOL visible;
 @property(readwrite, getter=isMiniaturized) BOOL miniaturized;
 @property NSWindowStyleMask paperStyle;
+@property(readwrite) NSInteger windowNumber;
+@property NSInteger paperSpace;
 @property BOOL paperIsKey;
 /// Lies behind the windows of the program in front.
 @property BOOL paperIsBehind;
@@ -170,6 +173,10 @@ namespace paper {
 void send(id receiver, SEL selector, id argument);
 
 [[nodiscard]] bool contains(NSRect rect, NSPoint point);
+/// Of the desktops that the user has; 0 at first.
+[[nodiscard]] NSInteger currentSpace();
+/// Another program's window lies there above all docks.
+[[nodiscard]] bool isCovered(NSPoint point);
 [[nodiscard]] double overlap(NSRect one, NSRect other);
 
 // Kept by the paper classes of which there is a list.
@@ -180,6 +187,8 @@ void send(id receiver, SEL selector, id argument);
 [[nodiscard]] std::vector<NSRunningApplication*>& installedApplications();
 /// On screen, the one in front first. The window server holds them.
 [[nodiscard]] std::vector<NSWindow*>& orderedWindows();
+/// Not on screen, but still held by somebody.
+[[nodiscard]] std::vector<NSWindow*> closedWindows();
 [[nodiscard]] std::vector<NSRunningApplication*>& applications();
 
 inline constexpr double never = 1e18;

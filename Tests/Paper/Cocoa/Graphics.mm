@@ -3,6 +3,14 @@
 #include "Cocoa/Paper.hpp"
 
 const NSRect NSZeroRect{};
+
+// Documented: a pointer's position stands for the pixel below and to the right of it.
+BOOL NSMouseInRect(NSPoint point, NSRect rect, BOOL flipped) {
+    const double y = point.y - rect.origin.y;
+    const double x = point.x - rect.origin.x;
+    const bool isWithin = flipped ? y >= 0 && y < rect.size.height : y > 0 && y <= rect.size.height;
+    return x >= 0 && x < rect.size.width && isWithin;
+}
 const NSFontWeight NSFontWeightRegular = 0;
 const NSFontWeight NSFontWeightMedium = 0.23;
 const NSFontWeight NSFontWeightSemibold = 0.3;

@@ -5,6 +5,7 @@
 #import <Foundation/Foundation.h>
 
 #include <string>
+#include <string_view>
 
 using namespace paper;
 
@@ -168,6 +169,11 @@ SEL NSSelectorFromString(NSString* name) {
     return reinterpret_cast<SEL>(rt::selectorNamed(name.UTF8String));
 }
 
+extern "C" bool paper_hasVersion(const char* asked);
+
 Class NSClassFromString(NSString* name) {
+    // Glass came with version 26.
+    if (std::string_view{name.UTF8String} == "NSGlassEffectView" && !paper_hasVersion("macOS 26"))
+        return nil;
     return asClass(rt::classNamed(name.UTF8String));
 }

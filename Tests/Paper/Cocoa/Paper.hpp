@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -81,6 +82,8 @@ void rightPress();
 /// The user drags a slider to this value and lets go.
 void dragSlider(NSSlider* slider, double value);
 void click(NSPoint at, bool control = false);
+/// One that happened so long ago and that the main thread comes to only now.
+void clickEarlier(NSPoint at, double seconds);
 /// The button goes up where no window hears of it.
 void loseRelease();
 [[nodiscard]] NSUInteger pressedButtons();
@@ -106,6 +109,15 @@ bool chooseStatusItem(const std::string& title);
 /// What the image that was drawn last is made of, in order: "draw trash.fill".
 [[nodiscard]] std::vector<std::string>& drawing();
 
+/// The user goes to another desktop, or to another program's full screen.
+void showSpace(int number, bool isFullScreen = false);
+/// Whether a window is to be seen there.
+[[nodiscard]] bool isShown(NSWindow* window);
+/// Another program puts a window there, above all docks.
+void cover(NSRect frame);
+/// 15 at first.
+void setSystemVersion(int major);
+
 // --- Other programs' windows.
 struct ForeignWindow {
     CGPoint position{};
@@ -116,6 +128,10 @@ struct ForeignApp {
     std::vector<ForeignWindow> windows;
     /// Answers nothing: each question costs its time-out.
     bool isHung = false;
+    /// What it refuses, by the attribute's name, with "set " before it for the setting of one.
+    std::map<std::string, AXError> errors;
+    /// Attributes that it answers with a text, whatever they should be.
+    std::set<std::string> nonsense;
     /// Questions asked so far.
     int questions = 0;
 };

@@ -48,6 +48,7 @@ struct PointerState {
     PaperDrag* drag = nil;
     NSView* destination = nil;
     NSDragOperation offered = NSDragOperationNone;
+    double delay = 0;
 };
 
 PointerState& pointer() {
@@ -59,6 +60,7 @@ NSEvent* makeEvent(NSEventType type, NSWindow* window, NSEventModifierFlags modi
     NSEvent* const event = [[NSEvent alloc] init];
     event.type = type;
     event.modifierFlags = modifiers;
+    event.timestamp = paper::now() - pointer().delay;
     event.locationInWindow = [window convertPointFromScreen:pointer().at];
     return event;
 }
@@ -78,9 +80,11 @@ NSView* viewAt(NSWindow* window) {
 }
 
 NSWindow* frontWindow() {
+    if (paper::isCovered(pointer().at))
+        return nil;
     const auto& order = paper::orderedWindows();
     const auto found = std::ranges::find_if(
-        order, [](NSWindow* window) { return paper::contains(window.frame, pointer().at); });
+        order, [](NSWindow* window) { return NSMouseInRect(pointer().at, window.frame, NO); });
     return found == order.end() ? nil : *found;
 }
 
@@ -88,7 +92,7 @@ NSWindow* frontWindow() {
 /// here, wherever its views take none.
 std::pair<NSWindow*, NSView*> target() {
     for (NSWindow* const window : paper::orderedWindows()) {
-        if (!paper::contains(window.frame, pointer().at))
+        if (paper::isCovered(pointer().at) || !NSMouseInRect(pointer().at, window.frame, NO))
             continue;
         NSView* const view = viewAt(window);
         if (view != nil || window.opaque)
@@ -162,7 +166,8 @@ void moveDrag() {
 
 }
 
-// Documented: the location is in the window's coordinates, from its bottom left corner.
+// Documented: the location is in the window's coordinates, from its bottom left corner; the time is
+// in seconds since the start of the system, as its uptime.
 @implementation NSEvent
 
 + (NSTimeInterval)doubleClickInterval {
@@ -281,6 +286,12 @@ void click(NSPoint at, bool control) {
     movePointer(at);
     press(control);
     release();
+}
+
+void clickEarlier(NSPoint at, double seconds) {
+    pointer().delay = seconds;
+    click(at);
+    pointer().delay = 0;
 }
 
 void beginFileDrag(const std::vector<std::string>& paths, NSDragOperation allowed) {

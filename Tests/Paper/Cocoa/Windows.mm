@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+NSNotificationName const NSWindowWillCloseNotification = @"NSWindowWillCloseNotification";
+
 namespace {
 
 constexpr double titleBarHeight = 28;
@@ -48,6 +50,9 @@ NSWindow* keyWindow() {
     self.hasShadow = YES;
     self.movable = YES;
     self.canHide = YES;
+    static NSInteger number = 100;
+    self.windowNumber = ++number;
+    self.paperSpace = paper::currentSpace();
     self.contentView = [[NSView alloc] initWithFrame:{{0, 0}, content.size}];
     allWindows().push_back(self);
     return self;
@@ -160,6 +165,8 @@ NSWindow* keyWindow() {
     order.insert(behind, me);
     self.paperIsBehind = NO;
     self.visible = YES;
+    if ((self.collectionBehavior & NSWindowCollectionBehaviorMoveToActiveSpace) != 0)
+        self.paperSpace = paper::currentSpace();
 }
 
 - (void)orderOut:(id)sender {
@@ -184,6 +191,8 @@ NSWindow* keyWindow() {
 
 - (void)close {
     NSWindow* const me = self;
+    if (self.visible || self.miniaturized)
+        [NSNotificationCenter.defaultCenter paperPost:NSWindowWillCloseNotification userInfo:nil];
     [self orderOut:nil];
     const BOOL ends = !_wasClosed && self.releasedWhenClosed;
     _wasClosed = YES;
@@ -343,6 +352,14 @@ NSWindow* windowTitled(const std::string& beginning) {
         if (window != nil && window.title != nil && window.title.paperText.starts_with(beginning))
             return window;
     return nil;
+}
+
+std::vector<NSWindow*> closedWindows() {
+    std::vector<NSWindow*> closed;
+    for (NSWindow* const window : allWindows())
+        if (window != nil && !window.visible)
+            closed.push_back(window);
+    return closed;
 }
 
 void hideOthers() {

@@ -100,6 +100,15 @@ void announce(NSNotificationName name, NSRunningApplication* app) {
         .firstObject;
 }
 
+// Belief: a program that is active may hand that on, from version 14 on if it yields.
+- (BOOL)activateWithOptions:(NSApplicationActivationOptions)options {
+    static_cast<void>(options);
+    paper::requests().push_back("activate " + self.bundleIdentifier.paperText);
+    NSApplication.sharedApplication.paperIsActive = NO;
+    self.active = YES;
+    return YES;
+}
+
 - (BOOL)hide {
     paper::requests().push_back("hide " + self.bundleIdentifier.paperText);
     return YES;
@@ -144,6 +153,11 @@ void announce(NSNotificationName name, NSRunningApplication* app) {
 
 - (NSArray*)runningApplications {
     return matching(paper::applications(), [](NSRunningApplication*) { return true; });
+}
+
+- (NSRunningApplication*)frontmostApplication {
+    return matching(paper::applications(), [](NSRunningApplication* app) { return app.active; })
+        .firstObject;
 }
 
 - (BOOL)accessibilityDisplayShouldReduceMotion {

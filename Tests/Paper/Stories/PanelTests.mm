@@ -84,6 +84,43 @@ TEST_F(Panels, SlideWithTheirWindowAtTheRightEdge) {
     });
 }
 
+TEST_F(Panels, DoNotBelieveInAPointerThatIsOverAWindowInFront) {
+    writePreferences(R"({"onboardingCompleted": true, "autoHide": true})");
+    runProgram([] {
+        NSWindow* const dock = dockOn(2);
+        const double collapsed = dock.frame.size.height;
+        paper::cover({{1440, 0}, {1920, 200}});
+        paper::movePointer({2400, 2});
+        // After sleep a dock looks where the pointer is.
+        [NSWorkspace.sharedWorkspace.notificationCenter paperPost:NSWorkspaceDidWakeNotification
+                                                         userInfo:nil];
+        paper::advance(1);
+        EXPECT_DOUBLE_EQ(dock.frame.size.height, collapsed);
+    });
+}
+
+TEST_F(Panels, CountTheirTopmostRowOfPixelsAsTheirsAndTheOneBelowThemAsNot) {
+    runProgram([] {
+        NSWindow* const dock = dockOn(2);
+        const NSRect strip = [tileNamed(dock, "Mail") accessibilityFrame];
+        const double x = strip.origin.x + strip.size.width / 2;
+        const auto isHit = [&](double y) {
+            return [dock.contentView hitTest:{x - dock.frame.origin.x, y - dock.frame.origin.y}] !=
+                   nil;
+        };
+        double top = 1080;
+        while (top > 0 && !isHit(top))
+            top -= 0.5;
+        double bottom = top;
+        while (bottom > 0 && isHit(bottom))
+            bottom -= 0.5;
+        // A row of pixels is known by its upper edge: whole numbers at both ends.
+        EXPECT_DOUBLE_EQ(top, std::round(top));
+        EXPECT_DOUBLE_EQ(bottom, std::round(bottom));
+        EXPECT_FALSE(isHit(bottom));
+    });
+}
+
 TEST_F(Panels, StayWhenTheUserHidesAllOtherPrograms) {
     runProgram([] {
         paper::hideOthers();

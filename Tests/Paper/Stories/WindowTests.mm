@@ -2,6 +2,8 @@
 // windows.
 #include "ProgramTest.hpp"
 
+#include <algorithm>
+
 namespace vireline {
 namespace {
 
@@ -62,6 +64,95 @@ TEST_F(OwnWindows, ComeToTheDesktopThatIsShownAlsoOverAFullScreen) {
                       NSWindowCollectionBehaviorFullScreenAuxiliary);
     });
 }
+
+TEST_F(OwnWindows, AreShownOnTheDesktopThatTheUserIsOn) {
+    runProgram([] {
+        NSWindow* const settings = openSettings();
+        EXPECT_TRUE(paper::isShown(settings));
+        paper::showSpace(1);
+        EXPECT_FALSE(paper::isShown(settings));
+        EXPECT_TRUE(paper::isShown(dockOn(2)));
+        openSettings();
+        EXPECT_TRUE(paper::isShown(settings));
+    });
+}
+
+TEST_F(OwnWindows, AreShownOverAnotherProgramsFullScreenAsDocksAre) {
+    runProgram([] {
+        paper::showSpace(2, true);
+        EXPECT_TRUE(paper::isShown(openSettings()));
+        EXPECT_TRUE(paper::isShown(dockOn(2)));
+    });
+}
+
+class Focus : public OwnWindows, public testing::WithParamInterface<int> {
+protected:
+    Focus() { paper::setSystemVersion(GetParam()); }
+
+    static bool isInFront() { return NSApplication.sharedApplication.paperIsActive; }
+};
+
+TEST_P(Focus, GoesBackToTheProgramThatHadItWhenTheLastWindowCloses) {
+    const paper::App mail = makeApp("Mail", 502);
+    runProgram([&] {
+        NSRunningApplication* const before = paper::launch(mail);
+        before.active = YES;
+        NSWindow* const settings = openSettings();
+        EXPECT_TRUE(isInFront());
+        [settings close];
+        paper::drain();
+        EXPECT_TRUE(before.active);
+        EXPECT_FALSE(isInFront());
+        // From version 14 on a program hands the focus on only if it says so before.
+        const auto& asked = paper::requests();
+        EXPECT_EQ(std::ranges::count(asked, "yield to com.example.Mail"), GetParam() >= 14 ? 1 : 0);
+    });
+}
+
+TEST_P(Focus, StaysWhileThereIsAnotherWindow) {
+    writePreferences("{}");
+    const paper::App mail = makeApp("Mail", 502);
+    runProgram([&] {
+        NSRunningApplication* const before = paper::launch(mail);
+        before.active = YES;
+        NSWindow* const settings = openSettings();
+        NSWindow* const tour = paper::windowTitled("Welcome to Vireline");
+        [settings close];
+        paper::drain();
+        EXPECT_TRUE(isInFront());
+        [tour close];
+        paper::drain();
+        EXPECT_TRUE(before.active);
+    });
+}
+
+TEST_P(Focus, IsLeftAloneWhereTheUserHasTakenItElsewhere) {
+    const paper::App mail = makeApp("Mail", 502);
+    runProgram([&] {
+        NSRunningApplication* const before = paper::launch(mail);
+        before.active = YES;
+        NSWindow* const settings = openSettings();
+        NSApplication.sharedApplication.paperIsActive = NO;
+        [settings close];
+        paper::drain();
+        EXPECT_FALSE(before.active);
+    });
+}
+
+TEST_P(Focus, GoesToNoProgramThatHasEnded) {
+    const paper::App mail = makeApp("Mail", 502);
+    runProgram([&] {
+        NSRunningApplication* const before = paper::launch(mail);
+        before.active = YES;
+        NSWindow* const settings = openSettings();
+        paper::quitButStayListed(502);
+        [settings close];
+        paper::drain();
+        EXPECT_FALSE(before.active);
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(Versions, Focus, testing::Values(13, 14));
 
 TEST_F(OwnWindows, OfSettingsOpenWhenTheProgramIsOpenedAgain) {
     runProgram([] {
@@ -192,6 +283,22 @@ TEST_F(ForeignWindows, OfAProgramThatHangsHoldTheDocksUpOnce) {
         EXPECT_EQ(paper::foreignApps()[502].questions, 1);
         EXPECT_NEAR(paper::now() - before, 2.5, 0.01);
     });
+}
+
+TEST_F(ForeignWindows, FillTheDisplayOnADoubleClickThatTheFirstClickHeldUp) {
+    writePreferences(
+        R"({"onboardingCompleted": true, "summonOnClick": true, "fillOnDoubleClick": true})");
+    const paper::App mail = makeApp("Mail", 502);
+    runProgram([&] {
+        paper::launch(mail);
+        paper::foreignApps()[502].isHung = true;
+        const NSPoint at = centreOf(tileNamed(dockOn(2), "Mail"));
+        const double first = paper::now();
+        paper::click(at);
+        EXPECT_GE(paper::now() - first, 0.5);
+        paper::clickEarlier(at, paper::now() - first - 0.2);
+    });
+    EXPECT_TRUE(logHas("double-click fill")) << testing::PrintToString(log());
 }
 
 TEST_F(ForeignWindows, OfAProgramThatHangsAreNotAskedForAllTheTimeWhileTheyAreToFill) {

@@ -18,6 +18,7 @@ typedef NS_OPTIONS(NSUInteger, NSEventModifierFlags) { NSEventModifierFlagContro
 @property (class, readonly) NSUInteger pressedMouseButtons;
 @property (readonly) NSEventType type;
 @property (readonly) NSEventModifierFlags modifierFlags;
+@property (readonly) NSTimeInterval timestamp;
 @property (readonly) NSPoint locationInWindow;
 @property (readonly) unsigned short keyCode;
 + (nullable id)addLocalMonitorForEventsMatchingMask:(NSEventMask)mask

@@ -9,6 +9,10 @@ typedef NS_ENUM(NSInteger, NSApplicationActivationPolicy) {
     NSApplicationActivationPolicyAccessory
 };
 
+typedef NS_OPTIONS(NSUInteger, NSApplicationActivationOptions) {
+    NSApplicationActivateAllWindows = 1 << 0
+};
+
 @interface NSRunningApplication : NSObject
 @property (readonly, getter=isTerminated) BOOL terminated;
 @property (readonly, getter=isActive) BOOL active;
@@ -20,6 +24,7 @@ typedef NS_ENUM(NSInteger, NSApplicationActivationPolicy) {
 + (NSArray<NSRunningApplication*>*)runningApplicationsWithBundleIdentifier:
     (NSString*)bundleIdentifier;
 + (nullable instancetype)runningApplicationWithProcessIdentifier:(int)pid;
+- (BOOL)activateWithOptions:(NSApplicationActivationOptions)options;
 - (BOOL)hide;
 - (BOOL)terminate;
 @end

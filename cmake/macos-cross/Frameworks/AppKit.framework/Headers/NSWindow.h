@@ -29,6 +29,7 @@ static const NSWindowLevel NSFloatingWindowLevel = 3;
 @interface NSWindow : NSResponder <NSAnimatablePropertyContainer>
 @property (readonly) NSRect frame;
 @property (nullable, readonly, strong) NSScreen* screen;
+@property (readonly) NSInteger windowNumber;
 @property (readonly) CGFloat backingScaleFactor API_AVAILABLE(macos(10.7));
 @property NSWindowLevel level;
 @property NSWindowCollectionBehavior collectionBehavior API_AVAILABLE(macos(10.5));
@@ -49,6 +50,8 @@ static const NSWindowLevel NSFloatingWindowLevel = 3;
                           styleMask:(NSWindowStyleMask)style
                             backing:(NSBackingStoreType)backingStoreType
                               defer:(BOOL)flag NS_DESIGNATED_INITIALIZER;
++ (NSInteger)windowNumberAtPoint:(NSPoint)point
+    belowWindowWithWindowNumber:(NSInteger)windowNumber API_AVAILABLE(macos(10.6));
 - (void)center;
 - (void)close;
 - (NSRect)constrainFrameRect:(NSRect)frameRect toScreen:(nullable NSScreen*)screen;
@@ -58,5 +61,7 @@ static const NSWindowLevel NSFloatingWindowLevel = 3;
 - (void)orderOut:(nullable id)sender;
 - (void)makeKeyAndOrderFront:(nullable id)sender;
 @end
+
+APPKIT_EXTERN NSNotificationName const NSWindowWillCloseNotification;
 
 NS_ASSUME_NONNULL_END

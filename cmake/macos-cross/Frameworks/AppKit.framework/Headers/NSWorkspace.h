@@ -15,6 +15,8 @@ API_AVAILABLE(macos(10.15))
 @property (class, readonly, strong) NSWorkspace* sharedWorkspace;
 @property (readonly, strong) NSNotificationCenter* notificationCenter;
 @property (readonly, copy) NSArray<NSRunningApplication*>* runningApplications;
+@property (nullable, readonly, strong) NSRunningApplication* frontmostApplication
+    API_AVAILABLE(macos(10.7));
 @property (readonly) BOOL accessibilityDisplayShouldReduceMotion API_AVAILABLE(macos(10.12));
 - (BOOL)openURL:(NSURL*)url;
 - (void)openApplicationAtURL:(NSURL*)applicationURL

@@ -17,6 +17,8 @@ typedef struct {
 
 FOUNDATION_EXPORT const NSRect NSZeroRect;
 
+FOUNDATION_EXPORT BOOL NSMouseInRect(NSPoint point, NSRect rect, BOOL flipped);
+
 static inline NSSize NSMakeSize(CGFloat w, CGFloat h) {
     return NSSize{w, h};
 }

@@ -1,0 +1,64 @@
+#include "Files/WriteTarget.hpp"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <optional>
+#include <string>
+
+namespace vireline::macos {
+namespace {
+
+/// What is there itself, not where it leads.
+std::optional<struct stat> status(const FileURL& url) {
+    struct stat found{};
+    if (::lstat(url.path().c_str(), &found) != 0)
+        return std::nullopt;
+    return found;
+}
+
+bool isOwn(const struct stat& found) {
+    return found.st_uid == ::geteuid();
+}
+
+/// Where a link of the user's own leads; nothing for whatever else is there.
+std::optional<FileURL> ownLink(const FileURL& url) {
+    const auto found = status(url);
+    if (!found || !S_ISLNK(found->st_mode) || !isOwn(*found))
+        return std::nullopt;
+    std::array<char, PATH_MAX> text{};
+    const ssize_t length = ::readlink(url.path().c_str(), text.data(), text.size());
+    if (length <= 0)
+        return std::nullopt;
+    const std::string link{text.data(), static_cast<std::size_t>(length)};
+    return link.starts_with('/') ? FileURL::fromPath(link) : url.parent().appending(link);
+}
+
+/// Whether a file of the user's own is there, or can be put there, in a folder of the user's own.
+bool isOwnPlace(const FileURL& url) {
+    struct stat folder{};
+    if (::stat(url.parent().path().c_str(), &folder) != 0 || !S_ISDIR(folder.st_mode) ||
+        !isOwn(folder))
+        return false;
+    const auto found = status(url);
+    return found ? S_ISREG(found->st_mode) && isOwn(*found) : errno == ENOENT;
+}
+
+}
+
+FileURL resolvedWriteTarget(const FileURL& url) {
+    constexpr int maximumLinks = 8;
+    FileURL at = url;
+    for (int links = 0; links <= maximumLinks; ++links) {
+        if (const auto next = ownLink(at))
+            at = *next;
+        else
+            return links == 0 || isOwnPlace(at) ? at : url;
+    }
+    return url;
+}
+
+}

@@ -1,0 +1,41 @@
+/// Gives the focus back to the program that had it, once the last of the program's own windows has
+/// closed: without a window, the program would keep it, and what the user types would be lost.
+#pragma once
+
+#include "Foundation/Lifetime.hpp"
+#include "Foundation/ScopedHandle.hpp"
+
+#import <AppKit/AppKit.h>
+
+#include <set>
+
+namespace vireline::macos {
+
+class TitledWindow;
+
+class FocusReturn {
+public:
+    FocusReturn();
+    FocusReturn(const FocusReturn&) = delete;
+    FocusReturn& operator=(const FocusReturn&) = delete;
+    FocusReturn(FocusReturn&&) = delete;
+    FocusReturn& operator=(FocusReturn&&) = delete;
+    ~FocusReturn() = default;
+
+    void add(const TitledWindow& window) { windows_.insert(&window); }
+    void remove(const TitledWindow& window) { windows_.erase(&window); }
+
+    /// To be called before a window takes the focus.
+    void remember();
+
+private:
+    void giveBackSoon();
+    void giveBack();
+
+    std::set<const TitledWindow*> windows_;
+    NSRunningApplication* _Nullable before_ = nil;
+    Lifetime lifetime_;
+    Subscription closing_;
+};
+
+}
