@@ -22,7 +22,7 @@ public:
 
     /// Opens at that place of `view`, whose y grows downwards; the system moves it into the
     /// display.
-    [[nodiscard]] static std::shared_ptr<PopUpMenu> open(const Menu& menu, NSView* _Nonnull view,
+    [[nodiscard]] static std::shared_ptr<PopUpMenu> open(const Menu& menu, NSView* _Nullable view,
                                                          const MenuPlace& place, Closed closed);
 
     explicit PopUpMenu(Closed closed) : closed_(std::move(closed)) {}
