@@ -74,6 +74,8 @@ void ProgramTest::runProgram(std::function<void()> user) {
     }
     EXPECT_EQ(code, 0);
     expectAGoodEnd();
+    EXPECT_EQ(entriesOf("/proc/self/fd"), descriptors);
+    EXPECT_EQ(entriesOf("/proc/self/task"), threads);
 }
 
 void ProgramTest::expectAGoodEnd() {
@@ -86,8 +88,6 @@ void ProgramTest::expectAGoodEnd() {
     }
     EXPECT_EQ(unseenFaults(), std::vector<std::string>{});
     EXPECT_EQ(remains(), std::vector<std::string>{});
-    EXPECT_EQ(entriesOf("/proc/self/fd"), descriptors);
-    EXPECT_EQ(entriesOf("/proc/self/task"), threads);
 }
 
 std::string ProgramTest::supportFolder() const {

@@ -14,9 +14,9 @@ constexpr auto unsupported = static_cast<AXError>(-25205);
 constexpr auto disabled = static_cast<AXError>(-25211);
 constexpr auto noValue = static_cast<AXError>(-25212);
 
-class Elements : public ProgramTest {
+class ForeignElements : public ProgramTest {
 protected:
-    Elements() {
+    ForeignElements() {
         paper::setTrusted(true);
         pinThreeApps();
         writePreferences(
@@ -53,7 +53,7 @@ private:
     bool wasResized_ = false;
 };
 
-class RefusedCalls : public Elements,
+class RefusedCalls : public ForeignElements,
                      public testing::WithParamInterface<std::tuple<const char*, AXError>> {};
 
 TEST_P(RefusedCalls, LeaveTheDocksAlone) {
@@ -71,7 +71,8 @@ INSTANTIATE_TEST_SUITE_P(Each, RefusedCalls,
                                           testing::Values(failure, invalidElement, cannotComplete,
                                                           unsupported, disabled, noValue)));
 
-class NonsensicalAnswers : public Elements, public testing::WithParamInterface<const char*> {};
+class NonsensicalAnswers : public ForeignElements,
+                           public testing::WithParamInterface<const char*> {};
 
 TEST_P(NonsensicalAnswers, LeaveTheDocksAlone) {
     useMail([&](paper::ForeignApp& app) { app.nonsense = {GetParam()}; });
@@ -81,24 +82,24 @@ TEST_P(NonsensicalAnswers, LeaveTheDocksAlone) {
 INSTANTIATE_TEST_SUITE_P(Each, NonsensicalAnswers,
                          testing::Values("AXMainWindow", "AXPosition", "AXSize"));
 
-TEST_F(Elements, MayAllBeRefused) {
+TEST_F(ForeignElements, MayAllBeRefused) {
     useMail([](paper::ForeignApp& app) {
         app.errors = {{"AXMainWindow", noValue}, {"AXWindows", noValue}};
     });
     EXPECT_FALSE(wasMoved());
 }
 
-TEST_F(Elements, MayBeNonsenseAltogether) {
+TEST_F(ForeignElements, MayBeNonsenseAltogether) {
     useMail([](paper::ForeignApp& app) { app.nonsense = {"AXMainWindow", "AXWindows"}; });
     EXPECT_FALSE(wasMoved());
 }
 
-TEST_F(Elements, MayAllHang) {
+TEST_F(ForeignElements, MayAllHang) {
     useMail([](paper::ForeignApp& app) { app.isHung = true; });
     EXPECT_FALSE(wasMoved());
 }
 
-TEST_F(Elements, AreLeftAloneWithoutThePermission) {
+TEST_F(ForeignElements, AreLeftAloneWithoutThePermission) {
     paper::setTrusted(false);
     useMail([](paper::ForeignApp&) {});
     EXPECT_FALSE(wasMoved());
