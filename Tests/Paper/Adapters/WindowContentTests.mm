@@ -169,6 +169,9 @@ TEST_F(FormWindows, KeepTheControlsOfRowsThatStay) {
         show(everything());
         const id anchor = controlNamed(shown(), "Anchor");
         Form form = everything();
+        form.sections[1].rows[1].status->text = "Waiting.";
+        show(form);
+        EXPECT_NE(label(content(), "Waiting."), nil);
         form.sections[1].rows.erase(form.sections[1].rows.begin());
         form.sections[1].rows[0].caption.clear();
         form.sections[1].rows[0].status.reset();
@@ -250,6 +253,23 @@ TEST_F(FormWindows, LayRowsOutWithoutAnyOnTopOfAnother) {
         EXPECT_GE(document.frame.size.height, 560);
         EXPECT_DOUBLE_EQ(document.frame.origin.x, 0);
         EXPECT_DOUBLE_EQ(document.frame.origin.y, 0);
+    }
+}
+
+TEST_F(FormWindows, ComeToTheMiddleOfTheDisplayWithTheFocus) {
+    @autoreleasepool {
+        paper::plug({{.number = 1}});
+        window =
+            MacProgramWindows{}.makeFormWindow({.title = "Form", .contentSize = {480, 560}}, heard);
+        EXPECT_FALSE(window->isVisible());
+        paper::requests().clear();
+        window->makeKeyAndOrderFront();
+        EXPECT_EQ(paper::requests(), std::vector<std::string>{"activate"});
+        EXPECT_TRUE(shown().paperIsKey);
+        EXPECT_DOUBLE_EQ(toRect(shown().frame).midX(), 720);
+        EXPECT_TRUE(window->isVisible());
+        window->close();
+        EXPECT_FALSE(window->isVisible());
     }
 }
 
