@@ -76,6 +76,7 @@
 @end
 
 @interface NSView ()
+@property BOOL autoresizesSubviews;
 - (NSPoint)paperPointInWindow:(NSPoint)point;
 - (NSArray<NSTrackingArea*>*)paperTrackingAreas;
 - (NSArray<NSPasteboardType>*)paperDraggedTypes;

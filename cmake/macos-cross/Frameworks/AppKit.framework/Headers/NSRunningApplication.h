@@ -9,9 +9,7 @@ typedef NS_ENUM(NSInteger, NSApplicationActivationPolicy) {
     NSApplicationActivationPolicyAccessory
 };
 
-typedef NS_OPTIONS(NSUInteger, NSApplicationActivationOptions) {
-    NSApplicationActivateAllWindows = 1 << 0
-};
+typedef NSUInteger NSApplicationActivationOptions;
 
 @interface NSRunningApplication : NSObject
 @property (readonly, getter=isTerminated) BOOL terminated;

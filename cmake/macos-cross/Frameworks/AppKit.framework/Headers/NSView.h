@@ -25,7 +25,6 @@ typedef NS_ENUM(NSInteger, NSViewLayerContentsRedrawPolicy) {
 @property (nullable, readonly, assign) NSWindow* window;
 @property (nullable, readonly, assign) NSView* superview;
 @property NSRect bounds;
-@property BOOL autoresizesSubviews;
 @property NSAutoresizingMaskOptions autoresizingMask;
 @property CGFloat alphaValue;
 @property BOOL needsDisplay;
