@@ -169,5 +169,25 @@ TEST_F(DockPanelDrawingTest, LargerIconsWithinTheSamePlanGetTheirRoom) {
     EXPECT_EQ(window().frameChanges.back(), (test::FakePanel::FrameChange{leftSpec.frame, false}));
 }
 
+TEST_F(DockPanelDrawingTest, AnEventFromWithinACallDecidesWhereTheWindowIs) {
+    DockPanel& panel = show(leftSpec, true);
+    const auto enter = [this] { window().listener().mouseEntered(); };
+
+    window().onSetOverhang = enter;
+    panel.update(leftSpec, true);
+
+    EXPECT_FALSE(panel.collapsed());
+    EXPECT_EQ(window().frame, leftSpec.hoverFrame());
+    EXPECT_EQ(window().overhang, Overhang{.right = 7});
+
+    window().nextFrame();
+    window().onRequestFrame = enter;
+    panel.applyCollapsed(true, true);
+
+    EXPECT_FALSE(panel.collapsed());
+    EXPECT_EQ(window().frame, leftSpec.hoverFrame());
+    EXPECT_EQ(window().overhang, Overhang{.right = 7});
+}
+
 }
 }

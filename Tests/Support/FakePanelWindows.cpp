@@ -2,6 +2,7 @@
 
 #include "Foundation/Require.hpp"
 
+#include <functional>
 #include <utility>
 
 namespace vireline::test {
@@ -9,6 +10,11 @@ namespace {
 
 bool isThere(const FakePanel& panel) {
     return panel.isAlive() && !panel.isOrderedOut;
+}
+
+void callOnce(std::function<void()>& report) {
+    if (const auto once = std::exchange(report, nullptr))
+        once();
 }
 
 }
@@ -61,8 +67,17 @@ void FakePanelWindow::setFrame(const Rect& frame, bool animate) {
     panel_->frame = frame;
     panel_->overhang = panel_->nextOverhang;
     panel_->frameChanges.push_back({frame, animate});
-    if (const auto report = std::exchange(panel_->onSetFrame, nullptr))
-        report();
+    callOnce(panel_->onSetFrame);
+}
+
+void FakePanelWindow::setOverhang(const Overhang& overhang) {
+    panel_->nextOverhang = overhang;
+    callOnce(panel_->onSetOverhang);
+}
+
+void FakePanelWindow::requestFrame() {
+    panel_->isFrameRequested_ = true;
+    callOnce(panel_->onRequestFrame);
 }
 
 void FakePanelWindow::setHostedFrame(const Rect& frame) {

@@ -86,9 +86,11 @@ public:
     /// Where the pointer is when the window looks for it.
     PointerTracker::Whereabouts whereabouts;
     std::vector<PoppedMenu> menus;
-    /// Called once, from within the next `setFrame`, as a platform might that reports an event
+    /// Called once, from within the next such call, as a platform might that reports an event
     /// there.
     std::function<void()> onSetFrame;
+    std::function<void()> onSetOverhang;
+    std::function<void()> onRequestFrame;
 
 private:
     friend class FakePanelWindow;
@@ -109,13 +111,13 @@ public:
     FakePanelWindow& operator=(FakePanelWindow&&) = delete;
     ~FakePanelWindow() override;
 
-    void setOverhang(const Overhang& overhang) override { panel_->nextOverhang = overhang; }
+    void setOverhang(const Overhang& overhang) override;
     void setFrame(const Rect& frame, bool animate) override;
     void setHostedFrame(const Rect& frame) override;
     void present(const Scene& scene) override;
     void orderFrontRegardless() override;
     void orderOut() override;
-    void requestFrame() override { panel_->isFrameRequested_ = true; }
+    void requestFrame() override;
     void watchForCancel(bool watches) override { panel_->watchesForCancel = watches; }
     void checkPress() override { pointer_.lookedAt(panel_->whereabouts); }
     void popUpMenu(const Menu& menu, const MenuPlace& place, MenuClosed onClose) override;

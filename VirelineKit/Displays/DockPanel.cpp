@@ -51,12 +51,10 @@ DockPanel::DockPanel(const PanelSpec& spec, bool autoHide, const DockViewContext
         if (!isDragged)
             collapseLater();
     });
-    if (autoHide_) {
+    if (autoHide_)
         applyCollapsed(true, false);
-    } else {
-        setWindowFrame(spec.frame, false);
-        pinHosting();
-    }
+    else
+        placeWindow(false);
     // So that the window is never seen without its content.
     showFrame();
 }
@@ -89,23 +87,27 @@ void DockPanel::update(const PanelSpec& spec, bool autoHide) {
     }
     collapseTimer_.reset();
     setCollapsed(false);
-    setWindowFrame(spec.frame, false);
-    pinHosting();
+    placeWindow(false);
 }
 
 void DockPanel::applyCollapsed(bool collapsed, bool animate) {
     setCollapsed(collapsed);
-    setWindowFrame(collapsed ? spec_.collapsedFrame() : spec_.hoverFrame(),
-                   animate && !motionSettings_.reducesMotion());
-    pinHosting();
+    placeWindow(animate && !motionSettings_.reducesMotion());
 }
 
-/// A sliver has nothing to show beyond its frame.
-void DockPanel::setWindowFrame(const Rect& frame, bool animate) {
-    windowFrame_ = frame;
+Rect DockPanel::windowFrame() const {
+    if (!autoHide_)
+        return spec_.frame;
+    return collapsed_ ? spec_.collapsedFrame() : spec_.hoverFrame();
+}
+
+/// A sliver has nothing to show beyond its frame. What is set is read just before each call: an
+/// event from within the call before may have changed it.
+void DockPanel::placeWindow(bool animate) {
     overhang_ = collapsed_ ? Overhang{} : hosting_.overhang();
     window_->setOverhang(overhang_);
-    window_->setFrame(frame, animate);
+    window_->setFrame(windowFrame(), animate);
+    pinHosting();
 }
 
 void DockPanel::setCollapsed(bool collapsed) {
@@ -115,11 +117,8 @@ void DockPanel::setCollapsed(bool collapsed) {
 
 void DockPanel::pinHosting() {
     const Size view = spec_.frame.size();
-    Size window = view;
-    if (autoHide_) {
-        window = (collapsed_ ? spec_.collapsedFrame() : spec_.hoverFrame()).size();
-    }
-    const Point origin = hostedOrigin(spec_.position, autoHide_, collapsed_, window, view);
+    const Point origin =
+        hostedOrigin(spec_.position, autoHide_, collapsed_, windowFrame().size(), view);
     window_->setHostedFrame({origin.x, origin.y, view.width, view.height});
 }
 
@@ -233,7 +232,7 @@ void DockPanel::showFrame() {
         animator_.setTarget(hosting_.makeScene(), now, motionSettings_.reducesMotion());
         // Icons may have changed their size within the same plan.
         if (!collapsed_ && overhang_ != hosting_.overhang())
-            setWindowFrame(windowFrame_, false);
+            placeWindow(false);
     }
     window_->present(animator_.frame(now));
     if (animator_.isMoving(now))

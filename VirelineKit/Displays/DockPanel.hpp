@@ -55,7 +55,9 @@ private:
     void showTileMenu(std::uint32_t id) override;
 
     void setCollapsed(bool collapsed);
-    void setWindowFrame(const Rect& frame, bool animate);
+    /// Where the window belongs as things are now.
+    [[nodiscard]] Rect windowFrame() const;
+    void placeWindow(bool animate);
     void pinHosting();
     void popUpMenu(const Menu& menu, const MenuPlace& place, const MenuClosed& onClose);
 
@@ -89,8 +91,7 @@ private:
     DockRootView hosting_;
     Animator animator_;
     std::unique_ptr<PanelWindow> window_;
-    /// As the window was given them.
-    Rect windowFrame_;
+    /// As the window was given it.
     Overhang overhang_;
     bool sceneIsStale_ = true;
     Lifetime lifetime_;
