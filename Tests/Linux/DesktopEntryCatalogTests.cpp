@@ -91,7 +91,7 @@ TEST(DesktopEntryCatalog, AMalformedEntryHidesNothing) {
 
     EXPECT_EQ(installation.ids(), IDs{"a"});
     const auto path = (installation.user / "a.desktop").string();
-    EXPECT_EQ(installation.log.count("desktop entry passed over: " + path), 1);
+    EXPECT_EQ(installation.log.count("ignored desktop entry: " + path), 1);
 }
 
 TEST(DesktopEntryCatalog, AMalformedEntryIsLoggedOnceHoweverOftenItIsMet) {
@@ -104,7 +104,7 @@ TEST(DesktopEntryCatalog, AMalformedEntryIsLoggedOnceHoweverOftenItIsMet) {
     EXPECT_TRUE(installation.ids().empty());
     EXPECT_FALSE(installation.catalog.bundleIdentifier(url));
 
-    EXPECT_EQ(installation.log.count("desktop entry passed over: " + path), 1);
+    EXPECT_EQ(installation.log.count("ignored desktop entry: " + path), 1);
 }
 
 TEST(DesktopEntryCatalog, TheWellKnownAppsAreThoseThatAUserWouldStartFromAMenu) {
@@ -203,7 +203,7 @@ TEST(DesktopEntryCatalog, AFileOfTenMegabytesIsPassedOver) {
 
     EXPECT_TRUE(installation.ids().empty());
     const auto path = (installation.system / "big.desktop").string();
-    EXPECT_EQ(installation.log.count("desktop entry passed over: " + path), 1);
+    EXPECT_EQ(installation.log.count("ignored desktop entry: " + path), 1);
 }
 
 TEST(DesktopEntryCatalog, FileNamesThatNoIdentifierCouldHaveArePassedOver) {

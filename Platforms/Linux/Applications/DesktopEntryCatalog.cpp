@@ -185,7 +185,7 @@ Subscription DesktopEntryCatalog::observeChanges(std::function<void()> handler) 
 /// Entries are read again after every change of an applications folder.
 void DesktopEntryCatalog::noteSkipped(const std::string& path) const {
     if (skipped_.size() < maximumSkipped && skipped_.insert(path).second)
-        logOnceStarted("desktop entry passed over: " + PlainText::clean(path, 4096));
+        logOnceStarted("ignored desktop entry: " + PlainText::clean(path, 4096));
 }
 
 void DesktopEntryCatalog::noteChange() {

@@ -123,8 +123,8 @@ std::vector<StackedWindow> StackKeeper::stack() const {
     return windows;
 }
 
-/// A window may be in a frame, which covers the screen as well. Without a manager nobody says which
-/// windows are full-screen.
+/// A window may be in a frame, which covers the screen as well. Without a manager there is no
+/// state that tells which windows are full-screen.
 void StackKeeper::findFullScreen(std::vector<StackedWindow>& windows) const {
     constexpr std::size_t atomsBytes = 32 * sizeof(std::uint32_t);
     xcb_connection_t* const x = connection_.get();
