@@ -336,6 +336,20 @@ TEST_F(DockRootViewTest, ThePointerMagnifiesTheTileUnderItAndNoneFarAway) {
     EXPECT_NEAR(icons()[3].frame.width, 44, 1e-9);
 }
 
+TEST_F(DockRootViewTest, MagnificationThatIsSwitchedOffUnderThePointerLeavesTheStripInItsPlace) {
+    dock.setTiles(3, 0);
+    show(DockPosition::bottom, 1000, 128);
+    const double start = icons()[0].frame.x;
+    dock.model.magnification.set(2);
+    const Point first = centerOfIcon(0);
+    send(Kind::moved, {first.x - 10, first.y});
+    ASSERT_GT(icons()[0].frame.width, 44);
+
+    dock.model.magnification.set(1);
+
+    EXPECT_EQ(icons()[0].frame.x, start);
+}
+
 TEST_F(DockRootViewTest, MagnificationEndsBeyondTheBandAndWhenThePointerLeaves) {
     dock.setTiles(3, 0);
     dock.model.magnification.set(2);

@@ -97,7 +97,9 @@ StripLayout::Request DockRootView::layoutRequest() const {
                                                     context_.model.configuredIconSize.get());
     request.magnification = context_.model.magnification.get();
     request.edge = {spec_.position, spec_.frame.size()};
-    request.cursorAxis = cursorAxis_;
+    // Magnification may have been switched off under the pointer.
+    if (request.magnification > 1)
+        request.cursorAxis = cursorAxis_;
     return request;
 }
 
