@@ -32,6 +32,11 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
     target_compile_options(vireline_options INTERFACE -Wno-restrict -Wno-maybe-uninitialized)
 endif()
 
+if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # In a batch every source is an included file to GCC, and what it keeps to itself looks like a header's.
+    target_compile_options(vireline_options INTERFACE -Wno-subobject-linkage)
+endif()
+
 if(VIRELINE_COVERAGE)
     # The counts live in the file itself, so that those of a program that ends early count too.
     target_compile_options(vireline_options INTERFACE

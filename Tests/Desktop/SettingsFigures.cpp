@@ -21,7 +21,7 @@ namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 
 /// With Downloads and Trash, twenty tiles.
-constexpr int appCount = 18;
+constexpr int pinnedApps = 18;
 constexpr double smallestSize = 32;
 
 double millisecondsSince(Clock::time_point start) {
@@ -71,7 +71,7 @@ public:
                                  {"first", {1920, 0, 1920, 1080}},
                                  {"second", {0, 1080, 1920, 1080}},
                                  {"third", {1920, 1080, 1920, 1080}}}}) {
-        for (int i = 0; i < appCount; ++i) {
+        for (int i = 0; i < pinnedApps; ++i) {
             const auto name = "App" + std::to_string(i);
             apps_.push_back({"org.example." + name, name, distinctColour(i), {}, {}});
             desktop_.home().install(apps_.back());
@@ -174,11 +174,11 @@ private:
     /// A point of the first tile's icon in each dock at this icon size, just inside its edge.
     [[nodiscard]] std::vector<PixelPoint> firstIcons(double size) const {
         PanelPlanner::Request request;
-        request.pinnedCount = appCount;
+        request.pinnedCount = pinnedApps;
         request.maxIconSize = size;
         std::vector<PixelPoint> places;
         for (const auto& dock : desktop_.planned(request)) {
-            const auto centre = DockLayout{dock, {appCount, 0, 2}, size}.icon(0);
+            const auto centre = DockLayout{dock, {pinnedApps, 0, 2}, size}.icon(0);
             places.push_back({centre.x - static_cast<int>(size / 2) + 2, centre.y});
         }
         return places;

@@ -1,4 +1,5 @@
 /// What goes back and forth, and sizes that change in the middle of an animation.
+#include "Kit/AnimatorScenes.hpp"
 #include "Views/Animator.hpp"
 
 #include <gtest/gtest.h>
@@ -10,22 +11,11 @@
 namespace vireline {
 namespace {
 
-constexpr Curve slow{1, Easing::easeInOut};
-constexpr Curve fade{0.1, Easing::easeOut};
-
-SceneNode dotAt(double x) {
-    return {.id = {NodeID::Part::dot, 1}, .frame = {x, 0, 4, 4}, .content = DotNode{}};
-}
-
-Scene sceneOf(std::vector<SceneNode> nodes) {
-    Scene scene;
-    scene.nodes = std::move(nodes);
-    return scene;
-}
-
-double xAt(Animator& animator, double now) {
-    return animator.frame(now).nodes.at(0).frame.x;
-}
+using test::dotAt;
+using test::fade;
+using test::sceneOf;
+using test::slow;
+using test::xAt;
 
 /// One that has been launching for a while.
 SceneNode bobbingDot() {

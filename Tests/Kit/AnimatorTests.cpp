@@ -1,3 +1,4 @@
+#include "Kit/AnimatorScenes.hpp"
 #include "Views/Animator.hpp"
 
 #include <gtest/gtest.h>
@@ -7,27 +8,16 @@
 namespace vireline {
 namespace {
 
-constexpr Curve slow{1, Easing::easeInOut};
-constexpr Curve fade{0.1, Easing::easeOut};
-
-SceneNode dotAt(double x, std::uint32_t owner = 1) {
-    return {.id = {NodeID::Part::dot, owner}, .frame = {x, 0, 4, 4}, .content = DotNode{}};
-}
+using test::dotAt;
+using test::fade;
+using test::sceneOf;
+using test::slow;
+using test::xAt;
 
 SceneNode movingDotAt(double x) {
     SceneNode node = dotAt(x);
     node.motion.frame = slow;
     return node;
-}
-
-Scene sceneOf(std::vector<SceneNode> nodes) {
-    Scene scene;
-    scene.nodes = std::move(nodes);
-    return scene;
-}
-
-double xAt(Animator& animator, double now) {
-    return animator.frame(now).nodes.at(0).frame.x;
 }
 
 TEST(Animator, TheFirstSceneShowsAtOnce) {

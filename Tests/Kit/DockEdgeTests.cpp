@@ -6,21 +6,21 @@
 namespace vireline {
 namespace {
 
-constexpr Rect display{-1280, 300, 1280, 1024};
-constexpr auto allEdges = {DockPosition::bottom, DockPosition::left, DockPosition::right};
+constexpr Rect displayFrame{-1280, 300, 1280, 1024};
+constexpr auto everyEdge = {DockPosition::bottom, DockPosition::left, DockPosition::right};
 
 TEST(DockEdge, PutsARectangleTogetherFromItsExtents) {
-    for (const DockPosition edge : allEdges) {
-        const auto along = DockEdge::along(display, edge);
-        const auto across = DockEdge::across(display, edge);
-        EXPECT_EQ(DockEdge::rect(along, across, edge), display) << edge;
+    for (const DockPosition edge : everyEdge) {
+        const auto along = DockEdge::along(displayFrame, edge);
+        const auto across = DockEdge::across(displayFrame, edge);
+        EXPECT_EQ(DockEdge::rect(along, across, edge), displayFrame) << edge;
     }
 }
 
 TEST(DockEdge, RunsAlongXAtTheBottomAndAlongYAtTheSides) {
-    EXPECT_EQ(DockEdge::along(display, DockPosition::bottom), (DockEdge::Extent{-1280, 1280}));
-    EXPECT_EQ(DockEdge::along(display, DockPosition::left), (DockEdge::Extent{300, 1024}));
-    EXPECT_EQ(DockEdge::along(display, DockPosition::right), (DockEdge::Extent{300, 1024}));
+    EXPECT_EQ(DockEdge::along(displayFrame, DockPosition::bottom), (DockEdge::Extent{-1280, 1280}));
+    EXPECT_EQ(DockEdge::along(displayFrame, DockPosition::left), (DockEdge::Extent{300, 1024}));
+    EXPECT_EQ(DockEdge::along(displayFrame, DockPosition::right), (DockEdge::Extent{300, 1024}));
 }
 
 TEST(DockEdge, MeasuresAGapFromTheEdgeInwards) {

@@ -1,5 +1,6 @@
 /// What a dock's window shows over time: a whole panel with its view and its animator.
 #include "Displays/DockPanel.hpp"
+#include "Kit/DockPanelSpecs.hpp"
 #include "Support/DockFixture.hpp"
 
 #include <gtest/gtest.h>
@@ -12,9 +13,9 @@
 namespace vireline {
 namespace {
 
-constexpr PanelSpec bottomSpec{7, {100, 4, 300, 84}, 600, DockPosition::bottom};
-constexpr PanelSpec leftSpec{7, {-1276, 100, 58, 300}, 600, DockPosition::left};
-constexpr PanelSpec rightSpec{7, {1218, 100, 58, 300}, 600, DockPosition::right};
+using test::bottomSpec;
+using test::leftSpec;
+using test::rightSpec;
 
 class DockPanelDrawingTest : public testing::Test {
 protected:

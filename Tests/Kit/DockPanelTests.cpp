@@ -1,4 +1,5 @@
 #include "Displays/DockPanel.hpp"
+#include "Kit/DockPanelSpecs.hpp"
 #include "Support/DockFixture.hpp"
 
 #include <gtest/gtest.h>
@@ -10,11 +11,10 @@
 namespace vireline {
 namespace {
 
+using test::bottomSpec;
 using test::FakePanel;
-
-constexpr PanelSpec bottomSpec{7, {100, 4, 300, 84}, 600, DockPosition::bottom};
-constexpr PanelSpec leftSpec{7, {-1276, 100, 58, 300}, 600, DockPosition::left};
-constexpr PanelSpec rightSpec{7, {1218, 100, 58, 300}, 600, DockPosition::right};
+using test::leftSpec;
+using test::rightSpec;
 
 class DockPanelTest : public testing::Test {
 protected:

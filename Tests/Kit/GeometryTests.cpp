@@ -6,7 +6,7 @@
 namespace vireline {
 namespace {
 
-constexpr Rect left{-1280, -200, 1280, 1024};
+constexpr Rect leftDisplay{-1280, -200, 1280, 1024};
 
 Rect randomRect(test::Random& random) {
     return {static_cast<double>(random.integer(-100, 100)),
@@ -16,22 +16,22 @@ Rect randomRect(test::Random& random) {
 }
 
 TEST(Geometry, KnowsTheEdgesAndTheCentreOfARectangle) {
-    EXPECT_EQ(left.minX(), -1280);
-    EXPECT_EQ(left.maxX(), 0);
-    EXPECT_EQ(left.midX(), -640);
-    EXPECT_EQ(left.minY(), -200);
-    EXPECT_EQ(left.maxY(), 824);
-    EXPECT_EQ(left.midY(), 312);
-    EXPECT_EQ(left.center(), (Point{-640, 312}));
-    EXPECT_EQ(left.size(), (Size{1280, 1024}));
+    EXPECT_EQ(leftDisplay.minX(), -1280);
+    EXPECT_EQ(leftDisplay.maxX(), 0);
+    EXPECT_EQ(leftDisplay.midX(), -640);
+    EXPECT_EQ(leftDisplay.minY(), -200);
+    EXPECT_EQ(leftDisplay.maxY(), 824);
+    EXPECT_EQ(leftDisplay.midY(), 312);
+    EXPECT_EQ(leftDisplay.center(), (Point{-640, 312}));
+    EXPECT_EQ(leftDisplay.size(), (Size{1280, 1024}));
 }
 
 TEST(Geometry, CountsTheNearEdgesOfARectangleToItAndTheFarOnesNot) {
-    EXPECT_TRUE(left.contains({-1280, -200}));
-    EXPECT_TRUE(left.contains({-0.001, 823.999}));
-    EXPECT_FALSE(left.contains({0, 0}));
-    EXPECT_FALSE(left.contains({-640, 824}));
-    EXPECT_FALSE(left.contains({-1280.001, 0}));
+    EXPECT_TRUE(leftDisplay.contains({-1280, -200}));
+    EXPECT_TRUE(leftDisplay.contains({-0.001, 823.999}));
+    EXPECT_FALSE(leftDisplay.contains({0, 0}));
+    EXPECT_FALSE(leftDisplay.contains({-640, 824}));
+    EXPECT_FALSE(leftDisplay.contains({-1280.001, 0}));
 }
 
 TEST(Geometry, HoldsNoPointInAnEmptyRectangle) {
@@ -42,7 +42,7 @@ TEST(Geometry, HoldsNoPointInAnEmptyRectangle) {
 TEST(Geometry, PutsEachPointOfAdjoiningRectanglesIntoOneOfThem) {
     const Rect right{0, -200, 1920, 1080};
     for (const Point p : {Point{-1, 0}, Point{0, 0}, Point{0.5, 0}})
-        EXPECT_NE(left.contains(p), right.contains(p)) << p;
+        EXPECT_NE(leftDisplay.contains(p), right.contains(p)) << p;
 }
 
 TEST(Geometry, UnitesRectanglesIntoTheSmallestThatHoldsBoth) {

@@ -9,18 +9,18 @@ namespace {
 
 using Zones = std::vector<Rect>;
 
-const ScreenSnapshot primary = test::sampleScreen(1, {0, 0, 1920, 1080});
+const ScreenSnapshot primaryScreen = test::sampleScreen(1, {0, 0, 1920, 1080});
 const Zones oneZone{{1920, 1077, 1920, 3}};
 
 // Behaviour: anchor-guard-1
 TEST(GuardMath, PutsABandAlongTheBottomOfAGuardedDisplay) {
-    const std::vector screens{primary, test::sampleScreen(2, {1920, 0, 1920, 1080})};
+    const std::vector screens{primaryScreen, test::sampleScreen(2, {1920, 0, 1920, 1080})};
 
     EXPECT_EQ(GuardMath::guardZones(screens, {2}), oneZone);
 }
 
 TEST(GuardMath, FollowsDisplaysThatLieHigherOrLower) {
-    const std::vector screens{primary, test::sampleScreen(3, {-1280, 400, 1280, 1024}),
+    const std::vector screens{primaryScreen, test::sampleScreen(3, {-1280, 400, 1280, 1024}),
                               test::sampleScreen(2, {1920, -500, 800, 600})};
 
     EXPECT_EQ(GuardMath::guardZones(screens, {2, 3}),
@@ -29,8 +29,8 @@ TEST(GuardMath, FollowsDisplaysThatLieHigherOrLower) {
 
 // Behaviour: anchor-guard-4
 TEST(GuardMath, HasNoZonesWithoutGuardedDisplays) {
-    EXPECT_EQ(GuardMath::guardZones(std::vector{primary}, {}), Zones{});
-    EXPECT_EQ(GuardMath::guardZones(std::vector{primary}, {9}), Zones{});
+    EXPECT_EQ(GuardMath::guardZones(std::vector{primaryScreen}, {}), Zones{});
+    EXPECT_EQ(GuardMath::guardZones(std::vector{primaryScreen}, {9}), Zones{});
     EXPECT_EQ(GuardMath::guardZones({}, {1}), Zones{});
 }
 
@@ -60,7 +60,7 @@ TEST(GuardMath, TakesTheFirstOfTheZonesThatMatch) {
 
 TEST(GuardMath, NeverLeavesAPointerInsideABand) {
     test::Random random{7};
-    const std::vector screens{primary, test::sampleScreen(2, {1920, 300, 1280, 1024}),
+    const std::vector screens{primaryScreen, test::sampleScreen(2, {1920, 300, 1280, 1024}),
                               test::sampleScreen(3, {-800, -100, 800, 600})};
     const auto zones = GuardMath::guardZones(screens, {2, 3});
 
@@ -127,7 +127,7 @@ TEST_F(StackedDisplays, RoundingOpensNoBand) {
 }
 
 TEST(GuardMath, PutsTheDisplaysIntoEventSpace) {
-    const std::vector screens{primary, test::sampleScreen(2, {-1280, 400, 1280, 1024}),
+    const std::vector screens{primaryScreen, test::sampleScreen(2, {-1280, 400, 1280, 1024}),
                               test::sampleScreen(3, {0, -600, 800, 600})};
 
     EXPECT_EQ(GuardMath::displayFrames(screens),

@@ -7,7 +7,7 @@
 namespace vireline {
 namespace {
 
-using Status = LoginItemService::Status;
+using LoginStatus = LoginItemService::Status;
 
 class LoginItemManagerTest : public testing::Test {
 protected:
@@ -17,12 +17,12 @@ protected:
 };
 
 TEST_F(LoginItemManagerTest, CountsAsOnWithTheEnabledStatusAlone) {
-    for (const Status status :
-         {Status::notRegistered, Status::requiresApproval, Status::notFound}) {
+    for (const LoginStatus status :
+         {LoginStatus::notRegistered, LoginStatus::requiresApproval, LoginStatus::notFound}) {
         service.current = status;
         EXPECT_FALSE(manager.isEnabled());
     }
-    service.current = Status::enabled;
+    service.current = LoginStatus::enabled;
     EXPECT_TRUE(manager.isEnabled());
 }
 
@@ -36,7 +36,7 @@ TEST_F(LoginItemManagerTest, RegistersAnItemThatIsNot) {
 
 // Behaviour: login-item-1
 TEST_F(LoginItemManagerTest, OnlyUnregistersAnEnabledItem) {
-    service.current = Status::enabled;
+    service.current = LoginStatus::enabled;
 
     manager.toggle();
 
@@ -47,7 +47,7 @@ TEST_F(LoginItemManagerTest, OnlyUnregistersAnEnabledItem) {
 
 // Behaviour: login-item-2
 TEST_F(LoginItemManagerTest, RegistersAnItemThatWaitsForApproval) {
-    service.current = Status::requiresApproval;
+    service.current = LoginStatus::requiresApproval;
 
     manager.toggle();
 
@@ -61,13 +61,13 @@ TEST_F(LoginItemManagerTest, LogsAFailedRegistrationOnceAndLeavesTheStatus) {
 
     manager.toggle();
 
-    EXPECT_EQ(service.current, Status::notRegistered);
+    EXPECT_EQ(service.current, LoginStatus::notRegistered);
     EXPECT_EQ(log.messages(),
               std::vector<std::string>{"login item toggle failed: Permission denied"});
 }
 
 TEST_F(LoginItemManagerTest, LogsAFailedUnregistration) {
-    service.current = Status::enabled;
+    service.current = LoginStatus::enabled;
     service.failure = PlatformError{30, "Read-only file system"};
 
     manager.toggle();

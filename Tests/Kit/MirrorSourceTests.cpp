@@ -16,9 +16,6 @@ using test::Recorder;
 using Apps = std::vector<AppRef>;
 using Lines = std::vector<std::string>;
 
-constexpr FileEventSet changed{.changed = true, .removed = false};
-constexpr FileEventSet removed{.changed = false, .removed = true};
-
 struct MirrorSourceTest : testing::Test {
     MirrorSourceTest() {
         platform.fileSystem.put(plist);
@@ -47,7 +44,7 @@ TEST_F(MirrorSourceTest, ReadsOnceAfterABurstOfSignals) {
 
     platform.dockPreferences.announceChange();
     platform.runLoop.advance(0.1);
-    platform.fileEvents.fire(plist, changed);
+    platform.fileEvents.fire(plist, test::contentChanged);
     platform.runLoop.advance(0.1);
     platform.dockPreferences.announceChange();
     platform.runLoop.advance(0.299);
@@ -63,15 +60,15 @@ TEST_F(MirrorSourceTest, ReadsOnceAfterABurstOfSignals) {
 TEST_F(MirrorSourceTest, FollowsAFileReplacedByRename) {
     source->start();
 
-    platform.fileEvents.fire(plist, removed);
+    platform.fileEvents.fire(plist, test::fileRemoved);
     platform.runLoop.advance(0.3);
     EXPECT_EQ(readings.count(), 2);
 
-    platform.fileEvents.fire(plist, changed);
+    platform.fileEvents.fire(plist, test::contentChanged);
     platform.runLoop.advance(0.7);
     EXPECT_EQ(readings.count(), 2) << "the new file is not watched before a second has passed";
 
-    platform.fileEvents.fire(plist, changed);
+    platform.fileEvents.fire(plist, test::contentChanged);
     platform.runLoop.advance(0.3);
     EXPECT_EQ(readings.count(), 3);
 }
@@ -81,7 +78,7 @@ TEST_F(MirrorSourceTest, ReadsOnceWhenTheFileIsDeletedAndResumesInSilence) {
     source->start();
 
     platform.fileSystem.remove(plist);
-    platform.fileEvents.fire(plist, removed);
+    platform.fileEvents.fire(plist, test::fileRemoved);
     platform.runLoop.advance(3.5);
     EXPECT_EQ(readings.count(), 2);
     EXPECT_EQ(platform.fileEvents.attempts.size(), 4U);
@@ -91,7 +88,7 @@ TEST_F(MirrorSourceTest, ReadsOnceWhenTheFileIsDeletedAndResumesInSilence) {
     EXPECT_EQ(readings.count(), 2);
     EXPECT_EQ(platform.fileEvents.attempts.size(), 5U);
 
-    platform.fileEvents.fire(plist, changed);
+    platform.fileEvents.fire(plist, test::contentChanged);
     platform.runLoop.advance(0.3);
     EXPECT_EQ(readings.count(), 3);
 }
@@ -196,7 +193,7 @@ TEST_F(MirrorSourceTest, EndsWithoutAnotherReading) {
     source.reset();
     platform.runLoop.advance(10);
     platform.dockPreferences.announceChange();
-    platform.fileEvents.fire(plist, changed);
+    platform.fileEvents.fire(plist, test::contentChanged);
     platform.runLoop.advance(10);
 
     EXPECT_EQ(readings.count(), 1);

@@ -20,7 +20,7 @@ using test::sampleHost;
 using test::sampleScreen;
 using Frames = std::map<std::uint32_t, Rect>;
 
-constexpr Rect primary{0, 0, 1440, 900};
+constexpr Rect primaryFrame{0, 0, 1440, 900};
 constexpr Rect wide{1440, 0, 1920, 1080};
 constexpr auto allEdges = {DockPosition::bottom, DockPosition::left, DockPosition::right};
 
@@ -35,14 +35,14 @@ Request fiveTiles(DockPosition position = DockPosition::bottom, double magnifica
 
 PanelSpec onlyPanel(const Rect& display, const Request& request) {
     const auto panels =
-        desiredPanels(std::vector{sampleHost(1, primary), sampleScreen(2, display)}, request);
+        desiredPanels(std::vector{sampleHost(1, primaryFrame), sampleScreen(2, display)}, request);
     EXPECT_EQ(panels.size(), 1U);
     return panels.front();
 }
 
-/// Displays anywhere around the primary one, negative origins among them.
+/// Displays anywhere around the primaryFrame one, negative origins among them.
 std::vector<ScreenSnapshot> randomScreens(test::Random& random) {
-    std::vector<ScreenSnapshot> screens{sampleHost(1, primary)};
+    std::vector<ScreenSnapshot> screens{sampleHost(1, primaryFrame)};
     for (int id = 2, last = random.integer(2, 6); id <= last; ++id) {
         const Rect frame{static_cast<double>(random.integer(-8000, 8000)),
                          static_cast<double>(random.integer(-8000, 8000)),
@@ -64,28 +64,29 @@ Request randomRequest(test::Random& random) {
 
 // Behaviour: panel-planner-1
 TEST(PanelPlanner, GivesASingleDisplayNoPanel) {
-    EXPECT_TRUE(desiredPanels(std::vector{sampleScreen(1, primary)}, fiveTiles()).empty());
-    EXPECT_TRUE(desiredPanels(std::vector{sampleHost(1, primary)}, fiveTiles(DockPosition::left, 2))
-                    .empty());
+    EXPECT_TRUE(desiredPanels(std::vector{sampleScreen(1, primaryFrame)}, fiveTiles()).empty());
+    EXPECT_TRUE(
+        desiredPanels(std::vector{sampleHost(1, primaryFrame)}, fiveTiles(DockPosition::left, 2))
+            .empty());
     EXPECT_TRUE(desiredPanels({}, fiveTiles()).empty());
 }
 
 // Behaviour: panel-planner-2
 TEST(PanelPlanner, GivesThePanelToTheDisplayWithoutTheDesktopsOwnDock) {
     const auto onSecond =
-        desiredPanels(std::vector{sampleHost(1, primary), sampleScreen(2, wide)}, fiveTiles());
+        desiredPanels(std::vector{sampleHost(1, primaryFrame), sampleScreen(2, wide)}, fiveTiles());
     ASSERT_EQ(onSecond.size(), 1U);
     EXPECT_EQ(onSecond.front().displayID, 2U);
 
     const auto onFirst =
-        desiredPanels(std::vector{sampleScreen(1, primary), sampleHost(2, wide)}, fiveTiles());
+        desiredPanels(std::vector{sampleScreen(1, primaryFrame), sampleHost(2, wide)}, fiveTiles());
     ASSERT_EQ(onFirst.size(), 1U);
     EXPECT_EQ(onFirst.front().displayID, 1U);
 }
 
 // Behaviour: panel-planner-3
 TEST(PanelPlanner, LeavesAHiddenDisplayWithoutAPanel) {
-    const std::vector screens{sampleHost(1, primary), sampleScreen(2, wide),
+    const std::vector screens{sampleHost(1, primaryFrame), sampleScreen(2, wide),
                               sampleScreen(3, {-1280, 0, 1280, 1024})};
     Request request = fiveTiles();
     request.hiddenDisplays = {2};
@@ -97,7 +98,7 @@ TEST(PanelPlanner, LeavesAHiddenDisplayWithoutAPanel) {
 }
 
 TEST(PanelPlanner, KeepsTheOrderOfTheScreens) {
-    const std::vector screens{sampleScreen(9, primary), sampleHost(4, wide),
+    const std::vector screens{sampleScreen(9, primaryFrame), sampleHost(4, wide),
                               sampleScreen(7, {-1280, 0, 1280, 1024}),
                               sampleScreen(2, {0, -1024, 1280, 1024})};
     std::vector<std::uint32_t> ids;
@@ -247,7 +248,7 @@ TEST(PanelPlanner, JoinsPanelAndSliverInTheHoverFrame) {
 
 // Behaviour: panel-planner-6
 TEST(PanelPlanner, PlansNothingWhereEveryPanelIsInPlace) {
-    const std::vector screens{sampleHost(1, primary), sampleScreen(2, wide),
+    const std::vector screens{sampleHost(1, primaryFrame), sampleScreen(2, wide),
                               sampleScreen(3, {-1280, 0, 1280, 1024})};
     const auto desired = desiredPanels(screens, fiveTiles());
     const Frames existing{{2, desired[0].frame}, {3, desired[1].frame}};
@@ -317,7 +318,7 @@ TEST(PanelPlanner, KeepsRoomForTheLeastMagnification) {
 constexpr double otherPanel = 40;
 
 std::vector<ScreenSnapshot> withAPanelOnEach() {
-    return {sampleHost(1, primary), sampleHost(2, wide, otherPanel)};
+    return {sampleHost(1, primaryFrame), sampleHost(2, wide, otherPanel)};
 }
 
 TEST(PanelPlanner, StandsBeyondAPanelThatAnotherProgramHasAtTheEdge) {
@@ -332,7 +333,7 @@ TEST(PanelPlanner, StandsBeyondAPanelThatAnotherProgramHasAtTheEdge) {
     ScreenSnapshot sides = sampleScreen(2, wide);
     sides.visibleFrame.x += 30;
     sides.visibleFrame.width -= 30 + 50;
-    const std::vector besides{sampleHost(1, primary), sides};
+    const std::vector besides{sampleHost(1, primaryFrame), sides};
     const PanelSpec left = desiredPanels(besides, fiveTiles(DockPosition::left)).at(0);
     EXPECT_EQ(left.frame.minX(), wide.minX() + 30 + 4);
     EXPECT_EQ(left.collapsedFrame().minX(), wide.minX() + 30);
@@ -346,7 +347,7 @@ TEST(PanelPlanner, IgnoresPanelsAtOtherEdgesThatTheDockDoesNotReach) {
     screen.visibleFrame.height -= 25;
     screen.visibleFrame.x += 30;
     screen.visibleFrame.width -= 30;
-    const std::vector screens{sampleHost(1, primary), screen};
+    const std::vector screens{sampleHost(1, primaryFrame), screen};
     const PanelSpec bottom = desiredPanels(screens, fiveTiles()).at(0);
     EXPECT_EQ(bottom.frame.midX(), wide.midX());
     const PanelSpec right = desiredPanels(screens, fiveTiles(DockPosition::right)).at(0);
@@ -360,21 +361,21 @@ TEST(PanelPlanner, FitsALongDockBetweenThePanelsAtItsEnds) {
     Request request = fiveTiles();
     request.pinnedCount = 38;
     const PanelSpec panel =
-        desiredPanels(std::vector{sampleHost(1, primary), screen}, request).at(0);
+        desiredPanels(std::vector{sampleHost(1, primaryFrame), screen}, request).at(0);
     EXPECT_EQ(panel.availableWidth, 1820 - 20);
     EXPECT_EQ(panel.frame.midX(), screen.visibleFrame.midX());
     EXPECT_GE(panel.frame.minX(), screen.visibleFrame.minX() + 10);
 
     request.position = DockPosition::right;
     const PanelSpec side =
-        desiredPanels(std::vector{sampleHost(1, primary), screen}, request).at(0);
+        desiredPanels(std::vector{sampleHost(1, primaryFrame), screen}, request).at(0);
     EXPECT_GE(side.frame.minY(), wide.minY() + otherPanel + 10);
 }
 
 TEST(PanelPlanner, StaysAtTheEdgeWhereOnlyAMenuBarOrAHiddenDockTakesRoom) {
     ScreenSnapshot screen = sampleHost(2, wide, 4);
     screen.visibleFrame.height -= 25;
-    const std::vector screens{sampleHost(1, primary), screen};
+    const std::vector screens{sampleHost(1, primaryFrame), screen};
     EXPECT_EQ(desiredPanels(screens, fiveTiles()).at(0), onlyPanel(wide, fiveTiles()));
     const Request left = fiveTiles(DockPosition::left);
     EXPECT_EQ(desiredPanels(screens, left).at(0), onlyPanel(wide, left));
@@ -384,12 +385,12 @@ TEST(PanelPlanner, LeavesADockBeyondAPanelInReachOfThePointerAndFreeOfFilledWind
     const auto screens = withAPanelOnEach();
     const PanelSpec panel = desiredPanels(screens, fiveTiles()).at(0);
     const Rect sliver = panel.collapsedFrame();
-    const Point atSliver{sliver.midX(), primary.height - sliver.midY()};
+    const Point atSliver{sliver.midX(), primaryFrame.height - sliver.midY()};
     EXPECT_FALSE(GuardMath::clamp(atSliver, GuardMath::guardZones(screens, {2})));
 
     const auto filled = WindowPlacement::fillFrame(
         screens[1], screens, {.dockReserved = true, .magnification = 1, .configuredIconSize = 48});
-    const double bottomOfWindow = primary.height - (filled.position.y + filled.size.height);
+    const double bottomOfWindow = primaryFrame.height - (filled.position.y + filled.size.height);
     EXPECT_GE(bottomOfWindow, panel.frame.maxY());
     EXPECT_EQ(bottomOfWindow - panel.frame.maxY(), 4);
 }

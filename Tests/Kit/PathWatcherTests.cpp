@@ -10,9 +10,6 @@ namespace {
 
 using test::FakePlatform;
 
-constexpr FileEventSet changed{.changed = true, .removed = false};
-constexpr FileEventSet removed{.changed = false, .removed = true};
-
 struct PathWatcherTest : testing::Test {
     FakePlatform platform;
     FileURL file = FileURL::fromPath("/Users/ada/watched");
@@ -25,8 +22,8 @@ TEST_F(PathWatcherTest, TellsOfEveryBatchOfEvents) {
     platform.fileSystem.put(file);
     watcher->start();
 
-    platform.fileEvents.fire(file, changed);
-    platform.fileEvents.fire(file, changed);
+    platform.fileEvents.fire(file, test::contentChanged);
+    platform.fileEvents.fire(file, test::contentChanged);
 
     EXPECT_EQ(changes, 2);
     EXPECT_EQ(platform.runLoop.pendingTimers(), 0);
@@ -54,7 +51,7 @@ TEST_F(PathWatcherTest, ReleasesARemovedFileAndOpensItsPathASecondLater) {
     EXPECT_EQ(platform.fileEvents.watchCount(file), 0);
     platform.runLoop.advance(1);
     EXPECT_EQ(platform.fileEvents.watchCount(file), 1);
-    platform.fileEvents.fire(file, changed);
+    platform.fileEvents.fire(file, test::contentChanged);
     EXPECT_EQ(changes, 2);
 }
 
@@ -75,7 +72,7 @@ TEST_F(PathWatcherTest, NeverLooksAgainWhereThePlatformWaitsForTheFile) {
     platform.runLoop.advance(10);
     platform.fileSystem.put(file);
     EXPECT_EQ(changes, 0);
-    platform.fileEvents.fire(file, changed);
+    platform.fileEvents.fire(file, test::contentChanged);
 
     EXPECT_EQ(changes, 1);
     EXPECT_EQ(platform.fileEvents.attempts.size(), 1U);
@@ -84,7 +81,7 @@ TEST_F(PathWatcherTest, NeverLooksAgainWhereThePlatformWaitsForTheFile) {
 TEST_F(PathWatcherTest, EndsItsWatchAndItsRetryWithItself) {
     platform.fileSystem.put(file);
     watcher->start();
-    platform.fileEvents.fire(file, removed);
+    platform.fileEvents.fire(file, test::fileRemoved);
 
     watcher.reset();
     platform.runLoop.advance(5);

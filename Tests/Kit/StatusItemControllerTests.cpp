@@ -9,7 +9,7 @@
 namespace vireline {
 namespace {
 
-using Status = LoginItemService::Status;
+using LoginStatus = LoginItemService::Status;
 
 class StatusItemControllerTest : public testing::Test {
 protected:
@@ -56,10 +56,10 @@ TEST_F(StatusItemControllerTest, OpensTheSettingsAndTheTour) {
 
 TEST_F(StatusItemControllerTest, TogglesTheLoginItem) {
     statusBar.choose("Launch at Login");
-    EXPECT_EQ(service.current, Status::enabled);
+    EXPECT_EQ(service.current, LoginStatus::enabled);
 
     statusBar.choose("Launch at Login");
-    EXPECT_EQ(service.current, Status::notRegistered);
+    EXPECT_EQ(service.current, LoginStatus::notRegistered);
 }
 
 TEST_F(StatusItemControllerTest, QuitsAndSaysSo) {
@@ -72,9 +72,9 @@ TEST_F(StatusItemControllerTest, QuitsAndSaysSo) {
 // Behaviour: status-item-1
 TEST_F(StatusItemControllerTest, ReadsTheLoginItemAfreshAtEachOpening) {
     EXPECT_FALSE(isChecked());
-    service.current = Status::enabled;
+    service.current = LoginStatus::enabled;
     EXPECT_TRUE(isChecked());
-    service.current = Status::requiresApproval;
+    service.current = LoginStatus::requiresApproval;
     EXPECT_FALSE(isChecked());
 }
 

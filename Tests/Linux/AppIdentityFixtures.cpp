@@ -1,6 +1,6 @@
 #include "AppIdentityFixtures.hpp"
 
-namespace vireline::x11::test {
+namespace vireline::x11::fixtures {
 namespace {
 
 std::string chromeApp() {

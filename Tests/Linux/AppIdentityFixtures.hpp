@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace vireline::x11::test {
+namespace vireline::x11::fixtures {
 
 // GCC wants an initializer for each member that a designated list may leave out.
 struct EntryShape {

@@ -9,13 +9,13 @@ namespace vireline {
 namespace {
 
 using x11::AppIdentity::appOf;
-using x11::test::IdentityCase;
-using x11::test::indexOf;
+using x11::fixtures::IdentityCase;
+using x11::fixtures::indexOf;
 
 class AppIdentityOf : public testing::TestWithParam<IdentityCase> {};
 
 TEST_P(AppIdentityOf, IsTheOneRightTile) {
-    const auto app = x11::test::identify(GetParam());
+    const auto app = x11::fixtures::identify(GetParam());
 
     EXPECT_EQ(app.bundleID, GetParam().expected);
     EXPECT_EQ(app.hasEntry, GetParam().hasEntry);
@@ -25,18 +25,20 @@ std::string caseName(const testing::TestParamInfo<IdentityCase>& info) {
     return info.param.name;
 }
 
-INSTANTIATE_TEST_SUITE_P(Toolkits, AppIdentityOf, testing::ValuesIn(x11::test::toolkitCases()),
+INSTANTIATE_TEST_SUITE_P(Toolkits, AppIdentityOf, testing::ValuesIn(x11::fixtures::toolkitCases()),
                          caseName);
-INSTANTIATE_TEST_SUITE_P(Classes, AppIdentityOf, testing::ValuesIn(x11::test::classCases()),
+INSTANTIATE_TEST_SUITE_P(Classes, AppIdentityOf, testing::ValuesIn(x11::fixtures::classCases()),
                          caseName);
-INSTANTIATE_TEST_SUITE_P(Sandboxes, AppIdentityOf, testing::ValuesIn(x11::test::sandboxCases()),
+INSTANTIATE_TEST_SUITE_P(Sandboxes, AppIdentityOf, testing::ValuesIn(x11::fixtures::sandboxCases()),
                          caseName);
-INSTANTIATE_TEST_SUITE_P(Wine, AppIdentityOf, testing::ValuesIn(x11::test::wineCases()), caseName);
-INSTANTIATE_TEST_SUITE_P(WebApps, AppIdentityOf, testing::ValuesIn(x11::test::webAppCases()),
+INSTANTIATE_TEST_SUITE_P(Wine, AppIdentityOf, testing::ValuesIn(x11::fixtures::wineCases()),
                          caseName);
-INSTANTIATE_TEST_SUITE_P(Programs, AppIdentityOf, testing::ValuesIn(x11::test::programCases()),
+INSTANTIATE_TEST_SUITE_P(WebApps, AppIdentityOf, testing::ValuesIn(x11::fixtures::webAppCases()),
                          caseName);
-INSTANTIATE_TEST_SUITE_P(Traps, AppIdentityOf, testing::ValuesIn(x11::test::trapCases()), caseName);
+INSTANTIATE_TEST_SUITE_P(Programs, AppIdentityOf, testing::ValuesIn(x11::fixtures::programCases()),
+                         caseName);
+INSTANTIATE_TEST_SUITE_P(Traps, AppIdentityOf, testing::ValuesIn(x11::fixtures::trapCases()),
+                         caseName);
 
 x11::WindowTraits windowOfClass(const std::string& className) {
     x11::WindowTraits window;

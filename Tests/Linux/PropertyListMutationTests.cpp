@@ -54,9 +54,9 @@ std::string binaryDock() {
 }
 
 /// Damages text in one of the ways in which files get damaged, or are made to look so.
-class Damage {
+class Mutation {
 public:
-    explicit Damage(unsigned seed) : random_(seed) {}
+    explicit Mutation(unsigned seed) : random_(seed) {}
 
     std::string done(std::string text) {
         for (std::size_t count = below(8) + 1; count > 0 && !text.empty(); --count)
@@ -117,13 +117,13 @@ class PropertyListMutation : public testing::TestWithParam<unsigned> {};
 
 TEST_P(PropertyListMutation, IsSurvivedInXML) {
     for (unsigned seed = GetParam(); seed < GetParam() + 2'000; ++seed)
-        readTwice(Damage{seed}.done(xmlDock()), seed);
+        readTwice(Mutation{seed}.done(xmlDock()), seed);
 }
 
 TEST_P(PropertyListMutation, IsSurvivedInBinary) {
     const std::string dock = binaryDock();
     for (unsigned seed = GetParam(); seed < GetParam() + 2'000; ++seed)
-        readTwice(Damage{seed}.done(dock), seed);
+        readTwice(Mutation{seed}.done(dock), seed);
 }
 
 TEST_P(PropertyListMutation, IsSurvivedInNoise) {

@@ -17,6 +17,10 @@
 
 namespace vireline::test {
 
+/// What a watch reports.
+inline constexpr FileEventSet contentChanged{.changed = true, .removed = false};
+inline constexpr FileEventSet fileRemoved{.changed = false, .removed = true};
+
 class FakeFileSystem final : public FileSystem {
 public:
     [[nodiscard]] bool exists(const FileURL& url) const override;

@@ -5,18 +5,18 @@
 namespace vireline {
 namespace {
 
-using macos::LoginItemStatuses::fromReported;
+namespace LoginItemStatuses = macos::LoginItemStatuses;
 
 TEST(LoginItemStatuses, KnowTheSystemsNumbers) {
-    EXPECT_EQ(fromReported(0), LoginItemService::Status::notRegistered);
-    EXPECT_EQ(fromReported(1), LoginItemService::Status::enabled);
-    EXPECT_EQ(fromReported(2), LoginItemService::Status::requiresApproval);
-    EXPECT_EQ(fromReported(3), LoginItemService::Status::notFound);
+    EXPECT_EQ(LoginItemStatuses::fromReported(0), LoginItemService::Status::notRegistered);
+    EXPECT_EQ(LoginItemStatuses::fromReported(1), LoginItemService::Status::enabled);
+    EXPECT_EQ(LoginItemStatuses::fromReported(2), LoginItemService::Status::requiresApproval);
+    EXPECT_EQ(LoginItemStatuses::fromReported(3), LoginItemService::Status::notFound);
 }
 
 TEST(LoginItemStatuses, TakeAnUnknownNumberForAnItemThatIsNotFound) {
-    EXPECT_EQ(fromReported(4), LoginItemService::Status::notFound);
-    EXPECT_EQ(fromReported(-1), LoginItemService::Status::notFound);
+    EXPECT_EQ(LoginItemStatuses::fromReported(4), LoginItemService::Status::notFound);
+    EXPECT_EQ(LoginItemStatuses::fromReported(-1), LoginItemService::Status::notFound);
 }
 
 }

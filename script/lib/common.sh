@@ -29,14 +29,19 @@ step() {
 }
 
 # Notes a step that is left out, and why.
+skipped=()
 skip() {
     say "Skipped: $1"
-    step_times+=("skipped  $1")
+    skipped+=("$1")
 }
 
 print_step_times() {
     say "How long each step took"
     printf '%s\n' "${step_times[@]}"
+    local reason
+    for reason in "${skipped[@]}"; do
+        printf '\n*** SKIPPED: %s ***\n' "$reason"
+    done
 }
 
 # build_with <preset> [target...]

@@ -13,7 +13,7 @@ namespace vireline::x11 {
 namespace {
 
 /// Far more than any desktop has; a client list can be of any length.
-constexpr std::size_t maximumWindows = 4096;
+constexpr std::size_t maximumStrutWindows = 4096;
 
 /// What one window says of itself.
 struct Answer {
@@ -121,7 +121,7 @@ std::vector<StrutWindow> StrutWindows::read() {
 /// The list of a window manager that is gone may linger; windows that no longer exist do no harm.
 std::vector<xcb_window_t> StrutWindows::candidates() {
     auto windows = connection_.windows(connection_.root(), "_NET_CLIENT_LIST");
-    windows.resize(std::min(windows.size(), maximumWindows));
+    windows.resize(std::min(windows.size(), maximumStrutWindows));
     // Every move of every window is told to those who watch the tree, so only where it has to be.
     if (listsDocks(windows)) {
         topLevels_.reset();
@@ -163,7 +163,7 @@ void StrutWindows::addUnlisted(std::vector<xcb_window_t>& windows) const {
         return children;
     };
     const auto add = [&](xcb_window_t window) {
-        if (windows.size() < maximumWindows && known.insert(window).second)
+        if (windows.size() < maximumStrutWindows && known.insert(window).second)
             windows.push_back(window);
     };
     const auto topLevels = childrenOf(xcb_query_tree(x, connection_.root()));

@@ -12,7 +12,7 @@ namespace vireline::x11 {
 namespace {
 
 /// A desktop writes its choice to several places, one after the other.
-constexpr double settlingSeconds = 0.2;
+constexpr double themeSettlingSeconds = 0.2;
 
 }
 
@@ -75,7 +75,7 @@ void IconThemeWatch::watchFiles() {
 }
 
 void IconThemeWatch::lookSoon() {
-    look_ = runLoop_.after(settlingSeconds, lifetime_.guard([this] { look(); }));
+    look_ = runLoop_.after(themeSettlingSeconds, lifetime_.guard([this] { look(); }));
 }
 
 void IconThemeWatch::look() {

@@ -23,7 +23,7 @@ constexpr int maximumDecodedMegabytes = 96;
 /// A window's picture above this size is not kept, as nothing draws icons that large.
 constexpr std::uint32_t maximumWindowIconSide = 512;
 
-using Names = std::vector<std::string>;
+using IconNames = std::vector<std::string>;
 
 QImage genericPicture(const IconTheme& theme, int side) {
     for (const char* name : {"application-x-executable", "application-default-icon"}) {
@@ -37,7 +37,7 @@ QImage genericPicture(const IconTheme& theme, int side) {
 }
 
 /// Some entries add an extension to a name in the theme, against the rules.
-Names themeNames(const std::string& icon) {
+IconNames themeNames(const std::string& icon) {
     for (const char* extension : {".png", ".svg", ".xpm"}) {
         if (icon.ends_with(extension))
             return {icon, icon.substr(0, icon.size() - 4)};
@@ -64,8 +64,8 @@ std::optional<QImage> picture(const WindowIcon& icon) {
     return wrapped.convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
-/// Names for a folder: that of its purpose before the plain one.
-Names folderIcons(const std::string& path) {
+/// IconNames for a folder: that of its purpose before the plain one.
+IconNames folderIcons(const std::string& path) {
     struct Purpose {
         GUserDirectory directory;
         const char* icon;
@@ -164,7 +164,7 @@ ImageHandle ThemeIcons::windowIcon(const std::string& bundleID, Size size) const
     });
 }
 
-ImageHandle ThemeIcons::themeIcon(const Names& names, Size size) const {
+ImageHandle ThemeIcons::themeIcon(const IconNames& names, Size size) const {
     const auto known = std::ranges::find_if(names, [this](const std::string& name) {
         return theme_->find(name, probeSide).has_value();
     });

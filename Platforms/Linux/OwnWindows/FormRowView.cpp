@@ -22,10 +22,10 @@
 namespace vireline::x11 {
 namespace {
 
-constexpr int sidePadding = 16;
+constexpr int rowPadding = 16;
 constexpr int verticalPadding = 12;
 constexpr int leastHeight = 50;
-constexpr int gap = 16;
+constexpr int columnGap = 16;
 
 int stepIndex(const Slider& slider, double value) {
     return static_cast<int>(std::lround((value - slider.minimum) / slider.step));
@@ -45,9 +45,9 @@ FormRowView::FormRowView(const FormRow& row, const FormContext& context, QWidget
 
 void FormRowView::arrange(const FormRow& row) {
     auto line = std::make_unique<QHBoxLayout>();
-    line->setContentsMargins(sidePadding - Painting::ringRoom, verticalPadding,
-                             sidePadding - Painting::ringRoom, verticalPadding);
-    line->setSpacing(gap);
+    line->setContentsMargins(rowPadding - Painting::ringRoom, verticalPadding,
+                             rowPadding - Painting::ringRoom, verticalPadding);
+    line->setSpacing(columnGap);
     auto column = std::make_unique<QVBoxLayout>();
     column_ = column.get();
     column_->setSpacing(4);

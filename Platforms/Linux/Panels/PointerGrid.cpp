@@ -10,7 +10,7 @@ namespace vireline::x11 {
 namespace {
 
 /// Seconds.
-constexpr double patience = 0.1;
+constexpr double coverTimeout = 0.1;
 
 }
 
@@ -25,7 +25,7 @@ PointerGrid::PointerGrid(xcb_window_t window, std::vector<QRect> areas,
     cells_.reserve(areas_.size());
     for (const QRect& area : areas_)
         cover(window, area);
-    server_->sync(SideConnection::in(patience));
+    server_->sync(SideConnection::in(coverTimeout));
 }
 
 void PointerGrid::cover(xcb_window_t window, const QRect& area) {

@@ -15,7 +15,7 @@ namespace vireline::x11 {
 namespace {
 
 /// A tenth of a second on usual displays: hands pause.
-constexpr int patience = 6;
+constexpr int samplesUntilStill = 6;
 constexpr std::uint32_t movements = XCB_INPUT_XI_EVENT_MASK_MOTION;
 constexpr std::uint32_t coreMovements =
     XCB_EVENT_MASK_POINTER_MOTION | XCB_EVENT_MASK_BUTTON_MOTION;
@@ -75,7 +75,7 @@ void PointerSampler::setQuietAreas(const std::vector<QRect>& areas) {
 
 std::optional<QPoint> PointerSampler::sample(bool isPressed) {
     // Before the question, so that no movement falls between the last answer and the first event.
-    if (stillSamples_ == patience) {
+    if (stillSamples_ == samplesUntilStill) {
         stop();
         context_.connection.finish();
     }

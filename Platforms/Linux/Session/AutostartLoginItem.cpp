@@ -20,7 +20,7 @@ namespace {
 /// Entries have some hundred bytes.
 constexpr std::size_t maximumBytes = std::size_t{256} * 1024;
 
-bool isBlank(const std::string& text) {
+bool isEmptyText(const std::string& text) {
     return text.find_first_not_of(" \t\r\n") == std::string::npos;
 }
 
@@ -74,7 +74,7 @@ Result<void> AutostartLoginItem::registerItem() {
     const auto text = read();
     if (!text)
         return std::unexpected{text.error()};
-    if (isBlank(*text))
+    if (isEmptyText(*text))
         return write(AutostartEntry::make(place_.programPath));
     auto entry = AutostartEntry::enabled(*text, place_.desktopNames);
     if (entry && !startsProgramOfTheUsersOwn(*entry))
@@ -93,7 +93,7 @@ Result<void> AutostartLoginItem::unregisterItem() {
     const auto text = read();
     if (!text)
         return std::unexpected{text.error()};
-    if (isBlank(*text))
+    if (isEmptyText(*text))
         return {};
     if (!AutostartEntry::isUnedited(*text)) {
         const auto hidden = AutostartEntry::hidden(*text);

@@ -8,7 +8,7 @@
 namespace vireline::x11 {
 namespace {
 
-constexpr const char* interfaceXML = R"xml(<node><interface name="org.kde.StatusNotifierItem">
+constexpr const char* itemInterfaceXML = R"xml(<node><interface name="org.kde.StatusNotifierItem">
 <property name="Category" type="s" access="read"/>
 <property name="Id" type="s" access="read"/>
 <property name="Title" type="s" access="read"/>
@@ -57,7 +57,7 @@ NotifierItem::NotifierItem(GDBusConnection* bus, Content content, Callbacks call
     : content_(std::move(content))
     , callbacks_(std::move(callbacks))
     , menu_(bus, content_.menu, callbacks_.menuNeedsUpdate, callbacks_.menuItemChosen)
-    , object_(bus, itemPath, interfaceXML,
+    , object_(bus, itemPath, itemInterfaceXML,
               {.call = [this](const std::string& method, GVariant* /*parameters*/,
                               GDBusMethodInvocation* invocation) { call(method, invocation); },
                .get = [this](const std::string& property) { return get(property); }}) {}

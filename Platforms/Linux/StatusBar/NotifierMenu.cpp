@@ -6,7 +6,7 @@
 namespace vireline::x11 {
 namespace {
 
-constexpr const char* interfaceXML = R"xml(<node><interface name="com.canonical.dbusmenu">
+constexpr const char* menuInterfaceXML = R"xml(<node><interface name="com.canonical.dbusmenu">
 <property name="Version" type="u" access="read"/>
 <property name="TextDirection" type="s" access="read"/>
 <property name="Status" type="s" access="read"/>
@@ -158,7 +158,7 @@ NotifierMenu::NotifierMenu(GDBusConnection* bus, Menu menu, Update update, Chose
     , update_(std::move(update))
     , chosen_(std::move(chosen))
     , object_(
-          bus, path, interfaceXML,
+          bus, path, menuInterfaceXML,
           {.call =
                [this](const std::string& method, GVariant* parameters,
                       GDBusMethodInvocation* invocation) { call(method, parameters, invocation); },

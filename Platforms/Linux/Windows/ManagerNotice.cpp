@@ -11,7 +11,7 @@ namespace vireline::x11 {
 namespace {
 
 /// A window manager says that it is there before it says what it supports.
-constexpr double settlingSeconds = 1;
+constexpr double managerSettlingSeconds = 1;
 
 /// How long it may take to ask; seconds.
 constexpr double lookSeconds = 0.5;
@@ -40,7 +40,7 @@ void ManagerNotice::handle(const xcb_generic_event_t& event) {
 }
 
 void ManagerNotice::lookSoon() {
-    look_ = runLoop_.after(settlingSeconds, lifetime_.guard([this] { look(); }));
+    look_ = runLoop_.after(managerSettlingSeconds, lifetime_.guard([this] { look(); }));
 }
 
 void ManagerNotice::look() {

@@ -77,7 +77,7 @@ std::unique_ptr<VirtualDesktop> makeDesktop(const std::vector<App>& apps) {
     return desktop;
 }
 
-double megabytes(long kilobytes) {
+double inMegabytes(long kilobytes) {
     constexpr double perMegabyte = 1024;
     return static_cast<double>(kilobytes) / perMegabyte;
 }
@@ -142,8 +142,8 @@ std::vector<pid_t> Subject::own() const {
 
 Subject::Memory Subject::memory() const {
     const auto pids = own();
-    return {megabytes(kilobytes(pids, "Rss:")), megabytes(kilobytes(pids, "Pss:")),
-            megabytes(privateKilobytes(pids))};
+    return {inMegabytes(kilobytes(pids, "Rss:")), inMegabytes(kilobytes(pids, "Pss:")),
+            inMegabytes(privateKilobytes(pids))};
 }
 
 Subject::Cost Subject::spent() const {

@@ -39,7 +39,7 @@ PixelRect panelFrame(const Monitor& monitor, Edge edge, int thickness) {
     return frame;
 }
 
-std::string name(Edge edge) {
+std::string nameOf(Edge edge) {
     constexpr std::array<const char*, 4> names{"bottom", "left", "right", "top"};
     return names.at(static_cast<std::size_t>(edge));
 }
@@ -251,7 +251,7 @@ void VirtualDesktop::reserve(const Reservation& reservation) {
                 {"--class", "other-panel", "--title", title, "--size",
                  std::to_string(frame.width) + "x" + std::to_string(frame.height), "--at",
                  std::to_string(frame.x) + "," + std::to_string(frame.y), "--strut",
-                 name(reservation.edge) + ":" + std::to_string(reservation.thickness), "--colour",
+                 nameOf(reservation.edge) + ":" + std::to_string(reservation.thickness), "--colour",
                  "202830"},
                 environment_,
                 {},

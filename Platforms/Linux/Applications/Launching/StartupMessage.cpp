@@ -6,12 +6,12 @@
 namespace vireline::x11 {
 namespace {
 
-bool isBlank(char c) {
+bool isSpace(char c) {
     return c == ' ' || c == '\t' || c == '\n';
 }
 
-void skipBlanks(std::string_view& text) {
-    while (!text.empty() && isBlank(text.front()))
+void skipSpaces(std::string_view& text) {
+    while (!text.empty() && isSpace(text.front()))
         text.remove_prefix(1);
 }
 
@@ -19,7 +19,7 @@ void skipBlanks(std::string_view& text) {
 std::string takeValue(std::string_view& text) {
     std::string value;
     bool isQuoted = false;
-    for (; !text.empty() && (isQuoted || !isBlank(text.front())); text.remove_prefix(1)) {
+    for (; !text.empty() && (isQuoted || !isSpace(text.front())); text.remove_prefix(1)) {
         if (text.front() == '"') {
             isQuoted = !isQuoted;
             continue;
@@ -31,7 +31,7 @@ std::string takeValue(std::string_view& text) {
     return value;
 }
 
-std::string quoted(std::string_view value) {
+std::string inQuotes(std::string_view value) {
     std::string text = "\"";
     for (const char c : value) {
         if (c == '"' || c == '\\')
@@ -57,7 +57,7 @@ std::optional<StartupMessage> parse(std::string_view text) {
     StartupMessage message;
     message.kind = text.substr(0, colon);
     text.remove_prefix(colon + 1);
-    for (skipBlanks(text); !text.empty(); skipBlanks(text)) {
+    for (skipSpaces(text); !text.empty(); skipSpaces(text)) {
         const std::size_t equals = text.find('=');
         if (equals == std::string_view::npos)
             break;
@@ -77,7 +77,7 @@ std::optional<StartupMessage> parse(std::string_view text) {
 std::string text(const StartupMessage& message) {
     std::string text = message.kind + ':';
     for (const auto& [key, value] : message.values)
-        text += ' ' + key + '=' + quoted(value);
+        text += ' ' + key + '=' + inQuotes(value);
     return text;
 }
 

@@ -9,7 +9,7 @@ namespace vireline::x11 {
 namespace {
 
 constexpr int circleSide = 18;
-constexpr int gap = 10;
+constexpr int labelGap = 10;
 constexpr double dotSide = 8;
 
 }
@@ -22,7 +22,7 @@ RadioOption::RadioOption(const QString& title, QWidget* parent) : QRadioButton(t
 QSize RadioOption::sizeHint() const {
     constexpr int air = 3;
     const QFontMetrics metrics = fontMetrics();
-    return {circleSide + gap + metrics.horizontalAdvance(text()) + 2 * Painting::ringRoom,
+    return {circleSide + labelGap + metrics.horizontalAdvance(text()) + 2 * Painting::ringRoom,
             std::max(circleSide, metrics.height()) + 2 * (Painting::ringRoom + air)};
 }
 
@@ -55,8 +55,8 @@ void RadioOption::paintEvent(QPaintEvent* /*event*/) {
         painter.drawEllipse(circle.adjusted(half, half, -half, -half));
     }
     painter.setPen(colours.color(QPalette::Text));
-    const QRect label = isReversed ? rect().adjusted(0, 0, -(edge + circleSide + gap), 0)
-                                   : rect().adjusted(edge + circleSide + gap, 0, 0, 0);
+    const QRect label = isReversed ? rect().adjusted(0, 0, -(edge + circleSide + labelGap), 0)
+                                   : rect().adjusted(edge + circleSide + labelGap, 0, 0, 0);
     const Qt::Alignment alignment =
         (isReversed ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
     painter.drawText(label, static_cast<int>(alignment.toInt()), text());

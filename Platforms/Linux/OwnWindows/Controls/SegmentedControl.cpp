@@ -11,7 +11,7 @@ namespace vireline::x11 {
 namespace {
 
 constexpr int segmentHeight = 28;
-constexpr int sidePadding = 15;
+constexpr int segmentPadding = 15;
 constexpr double radius = 8;
 constexpr double inset = 2.5;
 
@@ -24,7 +24,7 @@ public:
     }
 
     [[nodiscard]] QSize sizeHint() const override {
-        return {fontMetrics().horizontalAdvance(text()) + 2 * sidePadding,
+        return {fontMetrics().horizontalAdvance(text()) + 2 * segmentPadding,
                 std::max(segmentHeight, fontMetrics().height() + 8) + 2 * Painting::ringRoom};
     }
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }

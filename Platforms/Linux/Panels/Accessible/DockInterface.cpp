@@ -13,7 +13,7 @@
 namespace vireline::x11 {
 namespace {
 
-std::uint32_t idOf(const Registered<TileButton>& button) {
+std::uint32_t tileOf(const Registered<TileButton>& button) {
     return button->tile().id;
 }
 
@@ -30,7 +30,7 @@ void DockInterface::setTiles(const std::vector<AccessibleTile>& tiles) {
     const bool isReordered = reorder(tiles);
     std::vector<TileButton*> added;
     for (std::size_t i = 0; i < tiles.size(); ++i) {
-        if (i < buttons_.size() && idOf(buttons_[i]) == tiles[i].id) {
+        if (i < buttons_.size() && tileOf(buttons_[i]) == tiles[i].id) {
             buttons_[i]->update(tiles[i]);
             continue;
         }
@@ -46,7 +46,7 @@ void DockInterface::setTiles(const std::vector<AccessibleTile>& tiles) {
 
 void DockInterface::endOthers(const std::vector<AccessibleTile>& tiles) {
     const auto isGone = [&](const Registered<TileButton>& button) {
-        return std::ranges::find(tiles, idOf(button), &AccessibleTile::id) == tiles.end();
+        return std::ranges::find(tiles, tileOf(button), &AccessibleTile::id) == tiles.end();
     };
     for (const auto& button : buttons_) {
         if (isGone(button))
@@ -59,7 +59,7 @@ bool DockInterface::reorder(const std::vector<AccessibleTile>& tiles) {
     bool isReordered = false;
     auto next = buttons_.begin();
     for (const AccessibleTile& tile : tiles) {
-        const auto found = std::ranges::find(next, buttons_.end(), tile.id, idOf);
+        const auto found = std::ranges::find(next, buttons_.end(), tile.id, tileOf);
         if (found == buttons_.end())
             continue;
         isReordered = isReordered || found != next;

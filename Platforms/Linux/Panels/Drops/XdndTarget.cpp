@@ -23,7 +23,7 @@ constexpr xcb_atom_t noAction = XCB_ATOM_NONE;
 constexpr std::array<std::string_view, 4> properties{"_VIRELINE_DROP_0", "_VIRELINE_DROP_1",
                                                      "_VIRELINE_DROP_2", "_VIRELINE_DROP_3"};
 
-constexpr std::array<std::string_view, 9> names{
+constexpr std::array<std::string_view, 9> atomNames{
     "XdndAware",      "XdndEnter",      "XdndPosition",  "XdndLeave",      "XdndDrop",
     "XdndActionCopy", "XdndActionMove", "XdndActionAsk", "XdndActionList",
 };
@@ -47,7 +47,7 @@ XdndTarget::XdndTarget(X11Connection& connection, xcb_window_t window,
     , window_(window)
     , listener_(listener)
     , viewPoint_(std::move(viewPoint)) {
-    connection_.intern(names);
+    connection_.intern(atomNames);
     connection_.intern(DroppedText::formats);
     connection_.intern(properties);
     connection_.selectInput(window_, XCB_EVENT_MASK_PROPERTY_CHANGE);

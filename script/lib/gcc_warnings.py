@@ -1,0 +1,44 @@
+#!/usr/bin/env python3
+"""Reads the tests and the benchmarks with GCC, for its warnings; nothing is compiled in full.
+
+The program itself is built by GCC anyway.
+"""
+import concurrent.futures
+import json
+import os
+import pathlib
+import shlex
+import subprocess
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
+BUILD = ROOT / "build/gcc"
+FOLDERS = [BUILD / "Tests", BUILD / "Benchmarks", ROOT / "Tests", ROOT / "Benchmarks"]
+
+
+def commands():
+    for entry in json.loads((BUILD / "compile_commands.json").read_text()):
+        source = pathlib.Path(entry["file"])
+        # What CMake makes only while it builds is not there yet.
+        if source.exists() and any(folder in source.parents for folder in FOLDERS):
+            yield shlex.split(entry["command"]), entry["directory"]
+
+
+def read(command):
+    words, folder = command
+    output = words.index("-o")
+    words = words[:output] + words[output + 2 :] + ["-fsyntax-only"]
+    return subprocess.run(words, cwd=folder, capture_output=True, text=True)
+
+
+def main():
+    subprocess.run(["cmake", "--preset", "gcc"], cwd=ROOT, check=True, stdout=subprocess.DEVNULL)
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        failed = [done for done in pool.map(read, commands()) if done.returncode != 0]
+    for done in failed:
+        print(done.stderr, file=sys.stderr)
+    return bool(failed)
+
+
+if __name__ == "__main__":
+    sys.exit(main())
