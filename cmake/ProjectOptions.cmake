@@ -57,6 +57,11 @@ if(VIRELINE_FUZZ)
     target_link_options(vireline_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
+if(CMAKE_BUILD_TYPE STREQUAL "Release")
+    # What is handed on names no folder of the machine that built it.
+    target_compile_options(vireline_options INTERFACE -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
+endif()
+
 if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT APPLE)
     target_compile_options(vireline_options INTERFACE
         -fstack-protector-strong -fstack-clash-protection

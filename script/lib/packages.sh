@@ -35,6 +35,7 @@ packages_test=(
     libpng-dev
     libxcb-xtest0-dev
     lintian
+    llvm-19
 )
 
 # A desktop without a screen, for the tests and for the tour.
@@ -69,10 +70,7 @@ packages_tour=(
     xterm
 )
 
-# What only script/coverage needs, script/mutate, and script/soak --valgrind.
-packages_coverage=(
-    llvm-19
-)
+# What only script/mutate needs, and script/soak --valgrind.
 packages_mutate=(
     python3
 )
