@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 #include <numeric>
 
 #if defined(__has_feature)
@@ -50,11 +51,18 @@ void tell(const std::string& text) {
     std::fputs(text.c_str(), stderr);
 }
 
+/// What went wrong. Nothing of the program's lets an exception escape, nor may the model run into one.
+std::optional<std::string> outcomeOf(const Episode& episode) try {
+    return live(episode, [](const std::string& line) { tell(line + '\n'); });
+} catch (const std::exception& error) {
+    return std::string{"an exception: "} + error.what();
+}
+
 [[noreturn]] void liveAndExit(const Episode& episode, int output) {
     dup2(output, STDERR_FILENO);
     if (std::freopen("/dev/null", "w", stdout) == nullptr)
         std::abort();
-    auto wrong = live(episode, [](const std::string& line) { tell(line + '\n'); });
+    auto wrong = outcomeOf(episode);
     if (!wrong && leaks())
         wrong = "memory is leaked";
     if (wrong)

@@ -75,20 +75,21 @@ void Model::pass(Time duration) {
     const auto isDue = [this](std::optional<Time>& due) {
         return due && *due <= now_ ? std::exchange(due, std::nullopt).has_value() : false;
     };
-    for (auto& [display, dock] : docks) {
-        if (isDue(dock.hidesAt))
-            dock.isIn = !dock.isHeld();
-    }
-    if (isDue(mirrorAt_))
-        readMirror();
-    if (isDue(retryWatchAt_))
-        watch();
+    // Of what falls due at once, what takes longer was begun earlier.
     if (isDue(pollAt_)) {
         pollAt_ = now_ + pollEvery_;
         lookAtPermission();
     }
+    if (isDue(retryWatchAt_))
+        watch();
+    for (auto& [display, dock] : docks) {
+        if (isDue(dock.hidesAt))
+            dock.isIn = !dock.isHeld();
+    }
     if (isDue(reconcileAt_))
         reconcile();
+    if (isDue(mirrorAt_))
+        readMirror();
 }
 
 void Model::write(const Settings& changed) {

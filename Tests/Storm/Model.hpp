@@ -34,6 +34,7 @@ public:
     /// How many things fall due exactly then.
     [[nodiscard]] int duesIn(Time duration) const;
     void pass(Time duration);
+    [[nodiscard]] Time now() const noexcept { return now_; }
 
     /// The user, or the program in the user's name, changes the settings.
     void write(const Settings& changed);
@@ -49,8 +50,13 @@ public:
     void settled(const std::optional<std::string>& bundleID);
 
     /// The program has read the running apps or the displays at a time of its own.
-    void runningAppsRead() { showTiles(); }
+    void runningAppsRead(const std::vector<RunningApplication>& apps) { showTiles(apps); }
     void screensRead() { reconcile(); }
+
+    /// These docks are there after the displays changed in the middle of a step. One that the
+    /// program kept, and the model did not, is as it was before the step.
+    void recognise(const std::vector<DockID>& ids,
+                   const std::map<std::uint32_t, ModelDock>& before);
 
     /// What happens to a dock; one that is gone takes no notice.
     void entered(DockID id);
@@ -66,6 +72,10 @@ public:
     void chosen(const DockItem& item, std::uint32_t display, const std::string& title);
     /// The dock lays its tiles out: whatever changed before is in force.
     void laidOut(DockID id);
+    /// Assistive technology asks for its tiles, of which a hidden dock has none to lay out.
+    void tilesRead(DockID id);
+    /// Icons look different from now on: all tiles are made again.
+    void iconsChanged();
 
     [[nodiscard]] ModelDock* find(DockID id);
     [[nodiscard]] bool isManual() const { return settings.sourceMode == SourceMode::manual; }
@@ -114,7 +124,8 @@ private:
     void seed();
     void adopt();
     void moveApp(const std::string& bundleID, int place);
-    void showTiles();
+    void showTiles() { showTiles(around_.platform.running.apps); }
+    void showTiles(const std::vector<RunningApplication>& apps);
 
     void reconcile();
     void removeElsewhere();

@@ -142,8 +142,8 @@ void Model::removeApp(const std::string& bundleID) {
     line("manual remove " + bundleID);
 }
 
-/// `place` counts the tiles that are shown; the list may hold apps that are gone as well, and the
-/// app's first shown entry takes the place of the one that is shown there.
+/// `place` counts the tiles that are shown; the list may hold apps that are gone as well. The app's
+/// first entry, shown or not, takes the place of the one that is shown there.
 void Model::moveApp(const std::string& bundleID, int place) {
     adopt();
     if (!isManual())
@@ -154,17 +154,17 @@ void Model::moveApp(const std::string& bundleID, int place) {
         if (around_.platform.fileSystem.exists(FileURL::fromPath(list[i].path)))
             shown.push_back(i);
     }
-    const auto from = std::ranges::find(
-        shown, bundleID, [&](std::size_t i) -> const std::string& { return list[i].bundleID; });
-    if (from == shown.end())
+    const auto entry = std::ranges::find(list, bundleID, &StoredApp::bundleID);
+    if (entry == list.end() || shown.empty())
         return;
+    const auto from = static_cast<std::size_t>(entry - list.begin());
     const std::size_t target =
         shown[std::min(static_cast<std::size_t>(std::max(place, 0)), shown.size() - 1)];
-    if (target == *from)
+    if (target == from)
         return;
-    const StoredApp moved = list[*from];
+    const StoredApp moved = *entry;
     Settings without = settings;
-    without.manualApps.erase(without.manualApps.begin() + static_cast<std::ptrdiff_t>(*from));
+    without.manualApps.erase(without.manualApps.begin() + static_cast<std::ptrdiff_t>(from));
     Settings with = without;
     with.manualApps.insert(with.manualApps.begin() + static_cast<std::ptrdiff_t>(target), moved);
     write(without);
@@ -173,9 +173,9 @@ void Model::moveApp(const std::string& bundleID, int place) {
 }
 
 /// The pinned apps, then the running ones that are not among them.
-void Model::showTiles() {
+void Model::showTiles(const std::vector<RunningApplication>& apps) {
     std::vector<AppRef> running;
-    for (const RunningApplication& app : around_.platform.running.apps) {
+    for (const RunningApplication& app : apps) {
         if (app.activationPolicy == ActivationPolicy::regular && app.bundleID && app.bundleURL)
             running.push_back({*app.bundleID,
                                app.localizedName ? *app.localizedName : *app.bundleID,

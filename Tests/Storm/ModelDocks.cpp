@@ -67,6 +67,24 @@ void Model::reconcile() {
     displays = eventFrames(screens);
 }
 
+void Model::recognise(const std::vector<DockID>& ids,
+                      const std::map<std::uint32_t, ModelDock>& before) {
+    const auto planned =
+        plannedDocks(around_.platform.screens.list,
+                     {counts(), settings.iconSize, magnification(), settings.position});
+    for (const PlannedDock& plan : planned) {
+        const auto dock = docks.find(plan.display);
+        const auto id = std::ranges::find(ids, plan.display, &DockID::display);
+        if (dock == docks.end() || id == ids.end() || dock->second.id == *id)
+            continue;
+        const auto kept = before.find(plan.display);
+        dock->second = kept != before.end() && kept->second.id == *id ? kept->second : fresh(plan);
+        dock->second.id = *id;
+        incarnations_[plan.display] = id->incarnation;
+        take(dock->second, plan);
+    }
+}
+
 /// A dock belongs to one edge.
 void Model::removeElsewhere() {
     for (auto dock = docks.begin(); dock != docks.end();) {
@@ -315,6 +333,17 @@ void Model::laidOut(DockID id) {
     const bool isPinned = place < items.size() && items[place].isPinned;
     if (!isThere || (dock->press->isDragging && !isPinned))
         letGo(*dock);
+}
+
+void Model::tilesRead(DockID id) {
+    const ModelDock* const dock = find(id);
+    if (dock != nullptr && !dock->isIn)
+        laidOut(id);
+}
+
+void Model::iconsChanged() {
+    for (auto& [display, dock] : docks)
+        dock.tilesAreStale = true;
 }
 
 std::vector<TileKey> Model::tilesOf(const ModelDock& dock) const {

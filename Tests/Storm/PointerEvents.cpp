@@ -28,6 +28,8 @@ Point anyPlace(StormWindow& window, Random& random) {
 template <class... Parts>
 void gesture(World& world, StormWindow* window, Parts... parts) {
     const auto part = [&](auto& act) {
+        if (world.wasInterrupted())
+            world.cancelPresses();
         if (world.isAlive(window) && window->isShown)
             act();
     };
@@ -176,7 +178,7 @@ void dragFilesIn(World& world, Random& random) {
 
 void dragFilesOn(World& world, Random& random) {
     if (StormWindow* const window = world.anyWindow(random))
-        static_cast<void>(window->listener().dragMoved(anyPlace(*window, random)));
+        static_cast<void>(window->dragFiles(anyPlace(*window, random)));
 }
 
 void dragFilesOut(World& world, Random& random) {
@@ -196,12 +198,12 @@ void drop(World& world, Random& random) {
     const auto tiles = window->tiles();
     const auto tile = std::ranges::find_if(
         tiles, [&](const AccessibleTile& each) { return each.frame.contains(at); });
-    const bool isTaken = window->listener().dragMoved(at);
+    const bool isTaken = window->dragFiles(at);
     const bool isForTrash = tile != tiles.end() && tile->label == "Trash" && !tile->hasMenu;
     const auto files = std::exchange(window->dragged, {});
     world.note(' ', window->id.display, ' ', at, ' ', files.size(), " files",
                isForTrash ? " on the Trash" : "");
-    if (isTaken && files.empty())
+    if (isTaken && files.empty() && !world.wasInterrupted())
         world.fail("a dock takes a drop of nothing");
     world.model.dropped(window->id, files, isTaken, isForTrash);
     static_cast<void>(window->listener().dropped(at));
@@ -218,12 +220,12 @@ void pressByKey(World& world, Random& random) {
         return;
     const auto tiles = window->tiles();
     if (tiles.empty() || random.integer(0, 3) == 0)
-        return window->listener().pressTile(100'000);
+        return window->pressByKey(100'000);
     const auto index =
         static_cast<std::size_t>(random.integer(0, static_cast<int>(tiles.size()) - 1));
     world.note(' ', window->id.display, " tile ", index);
     world.model.tapped(window->id, index);
-    window->listener().pressTile(tiles[index].id);
+    window->pressByKey(tiles[index].id);
 }
 
 void openMenuByKey(World& world, Random& random) {
@@ -232,12 +234,12 @@ void openMenuByKey(World& world, Random& random) {
         return;
     const auto tiles = window->tiles();
     if (tiles.empty())
-        return window->listener().showTileMenu(100'000);
+        return window->openMenuByKey(100'000);
     const auto index =
         static_cast<std::size_t>(random.integer(0, static_cast<int>(tiles.size()) - 1));
     world.note(' ', window->id.display, " tile ", index);
     world.expectMenuOf(index);
-    window->listener().showTileMenu(tiles[index].id);
+    window->openMenuByKey(tiles[index].id);
 }
 
 }

@@ -162,6 +162,13 @@ void takeTour(World& world, Random& random) {
     listener.onboardingActed(action);
 }
 
+void startAgain(World& world, Random& /*random*/) {
+    const bool wasOpen = world.form() != nullptr && world.form()->isVisible;
+    if (!openForm(world).isVisible)
+        world.fail("a second start shows no settings");
+    world.note(wasOpen ? " with the settings open" : "");
+}
+
 /// Somebody edits the file of a program that does not run, and not well.
 void damageFile(World& world, Random& /*random*/) {
     world.end();
@@ -182,6 +189,7 @@ std::vector<Event> settingsEvents() {
             {"launch at login", 3, launchAtLogin},
             {"the status menu", 5, useStatusMenu},
             {"own windows are closed", 4, closeOwnWindows},
+            {"a second start", 3, startAgain, true},
             {"the status line's button", 1, pressStatusButton},
             {"the tour", 3, takeTour},
             {"a damaged file", 1, damageFile}};

@@ -24,7 +24,7 @@ StormPorts::StormPorts(test::FakePlatform& platform, WindowWitness& witness, boo
 Platform StormPorts::ports() {
     const Platform others = fake_.ports();
     return Platform{
-        .application = others.application,
+        .application = application_,
         .runLoop = others.runLoop,
         .fileSystem = others.fileSystem,
         .fileEvents = others.fileEvents,
@@ -34,7 +34,7 @@ Platform StormPorts::ports() {
         .catalog = others.catalog,
         .runningApplications = running_,
         .workspace = workspace_,
-        .icons = others.icons,
+        .icons = icons_,
         .screens = screens_,
         .panelWindows = panelWindows_,
         .pointerSettings = others.pointerSettings,

@@ -118,6 +118,53 @@ private:
     WindowWitness& witness_;
 };
 
+class StormIcons final : public Icons {
+public:
+    StormIcons(Icons& icons, const Listeners& listeners) : icons_(icons), listeners_(listeners) {}
+
+    [[nodiscard]] ImageHandle iconForFile(const std::string& path, const std::string& key,
+                                          Size size) override {
+        return icons_.iconForFile(path, key, size);
+    }
+    [[nodiscard]] ImageHandle namedImage(const std::string& name, Size size) override {
+        return icons_.namedImage(name, size);
+    }
+    [[nodiscard]] ImageHandle symbol(const std::string& name, const std::string& description,
+                                     Size size) override {
+        return icons_.symbol(name, description, size);
+    }
+    [[nodiscard]] Subscription observeChanges(std::function<void()> handler) override {
+        return icons_.observeChanges(listeners_.counted(std::move(handler)));
+    }
+
+private:
+    Icons& icons_;
+    const Listeners& listeners_;
+};
+
+class StormApplication final : public Application {
+public:
+    StormApplication(Application& application, const Listeners& listeners)
+        : application_(application), listeners_(listeners) {}
+
+    void becomeAccessory() override { application_.becomeAccessory(); }
+    void installMainMenu(const MainMenu& menu) override { application_.installMainMenu(menu); }
+    int run(std::function<void()> onFinishedLaunching) override {
+        return application_.run(std::move(onFinishedLaunching));
+    }
+    void terminate() override { application_.terminate(); }
+    [[nodiscard]] std::int64_t processIdentifier() const override {
+        return application_.processIdentifier();
+    }
+    [[nodiscard]] Subscription observeSecondStart(std::function<void()> handler) override {
+        return application_.observeSecondStart(listeners_.counted(std::move(handler)));
+    }
+
+private:
+    Application& application_;
+    const Listeners& listeners_;
+};
+
 class StormWorkspace final : public Workspace {
 public:
     StormWorkspace(Workspace& workspace, WindowWitness& witness)
@@ -161,7 +208,9 @@ private:
     Listeners listeners_;
     StormPanelWindows panelWindows_;
     StormScreens screens_;
+    StormApplication application_{fake_.application, listeners_};
     StormDockPreferences dockPreferences_{fake_.dockPreferences, listeners_};
+    StormIcons icons_{fake_.icons, listeners_};
     StormRunningApplications running_;
     StormWorkspace workspace_;
 };

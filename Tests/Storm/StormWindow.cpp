@@ -128,13 +128,30 @@ void StormWindow::closeMenu(std::optional<std::size_t> chosen) {
 }
 
 void StormWindow::showFrame() {
-    if (std::exchange(awaitsFrame, false))
-        frameDue();
+    if (!std::exchange(awaitsFrame, false))
+        return;
+    witness_.laidOut(id);
+    frameDue();
 }
 
 std::vector<AccessibleTile> StormWindow::tiles() {
-    witness_.laidOut(id);
+    witness_.tilesRead(id);
     return listener_.accessibleTiles();
+}
+
+void StormWindow::pressByKey(std::uint32_t tile) {
+    witness_.laidOut(id);
+    listener_.pressTile(tile);
+}
+
+void StormWindow::openMenuByKey(std::uint32_t tile) {
+    witness_.laidOut(id);
+    listener_.showTileMenu(tile);
+}
+
+bool StormWindow::dragFiles(Point to) {
+    witness_.laidOut(id);
+    return listener_.dragMoved(to);
 }
 
 std::optional<std::size_t> StormWindow::tileAt(Point at) {

@@ -31,6 +31,7 @@ public:
     virtual void pointer(DockID dock, const PointerEvent& event,
                          std::optional<std::size_t> tile) = 0;
     virtual void laidOut(DockID dock) = 0;
+    virtual void tilesRead(DockID dock) = 0;
 
     virtual void menuOpened(StormWindow& window) = 0;
     virtual void menuClosed(StormWindow& window, std::optional<std::size_t> chosen) = 0;
@@ -79,6 +80,10 @@ public:
     [[nodiscard]] PanelWindowListener& listener() const noexcept { return listener_; }
     /// The tiles that the program tells of, having laid them out.
     [[nodiscard]] std::vector<AccessibleTile> tiles();
+    /// What assistive technology does to a tile, which may be gone.
+    void pressByKey(std::uint32_t tile);
+    void openMenuByKey(std::uint32_t tile);
+    bool dragFiles(Point to);
 
     const DockID id;
     Rect frame;
@@ -103,7 +108,7 @@ private:
     void frameDue() override { listener_.frameDue(); }
     void pointerEvent(const PointerEvent& event) override;
     void dragEntered(const std::vector<std::string>& urls) override { listener_.dragEntered(urls); }
-    bool dragMoved(Point at) override { return listener_.dragMoved(at); }
+    bool dragMoved(Point at) override { return dragFiles(at); }
     void dragExited() override { listener_.dragExited(); }
     bool dropped(Point at) override { return listener_.dropped(at); }
 

@@ -220,6 +220,13 @@ void changeIcons(World& world, Random& random) {
         icons.knownImages.insert("NSTrashEmpty");
 }
 
+/// The user chooses another icon theme.
+void announceIcons(World& world, Random& random) {
+    changeIcons(world, random);
+    world.model.iconsChanged();
+    world.around.platform.icons.announceChange();
+}
+
 void breakFiles(World& world, Random& random) {
     auto& files = world.around.platform.fileSystem;
     files.folderFailure.reset();
@@ -266,12 +273,9 @@ void changeMotion(World& world, Random& random) {
 
 }
 
-/// The displays change between calls alone: what the program reads of them in the middle of one
-/// would depend on the order of what it does there. It may be told of an earlier change at any
-/// time.
 std::vector<Event> surroundingEvents() {
-    return {{"displays change", 12, changeScreens},
-            {"the desktop's dock moves", 16, moveDesktopsDock},
+    return {{"displays change", 12, changeScreens, true},
+            {"the desktop's dock moves", 16, moveDesktopsDock, true},
             {"displays are announced", 6, burstOfScreens, true},
             {"an app starts", 16, launchApp, true},
             {"an app is about to start", 8, beginLaunch, true},
@@ -287,6 +291,7 @@ std::vector<Event> surroundingEvents() {
             {"an app is installed", 8, installApp},
             {"folders change", 3, changeFolders},
             {"icons change", 2, changeIcons},
+            {"another icon theme", 4, announceIcons, true},
             {"files fail or work", 6, breakFiles},
             {"the permission changes", 6, changeTrust},
             {"the tap is disabled", 3, disableTap},

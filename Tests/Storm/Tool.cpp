@@ -78,12 +78,13 @@ int storm(const Arguments& arguments) {
 }
 
 int main(int count, char** words) {
+    vireline::storm::Arguments arguments;
     try {
-        const auto arguments = vireline::storm::parse({words + 1, words + count});
-        return arguments.only.empty() ? vireline::storm::storm(arguments)
-                                      : vireline::storm::repeat(arguments);
+        arguments = vireline::storm::parse({words + 1, words + count});
     } catch (const std::exception&) {
         std::cerr << "usage: Storm [--seed first] [--only steps] [seeds] [steps]\n";
         return EXIT_FAILURE;
     }
+    return arguments.only.empty() ? vireline::storm::storm(arguments)
+                                  : vireline::storm::repeat(arguments);
 }

@@ -110,8 +110,9 @@ void World::perform(int step) {
     step_ = step;
     story_.emplace_back();
     wasInterrupted_ = false;
-    hasReadApps_ = false;
+    appsRead_.reset();
     linesWhenScreensWereRead_.reset();
+    docksBefore_ = model.docks;
     test::Random random{mixed(seed_, step)};
     const Event& event = anyEvent(random);
     note('#', step, " at ", around.platform.runLoop.now(), " s: ", event.name);
@@ -125,7 +126,9 @@ void World::perform(int step) {
 }
 
 void World::called(const char* what) {
-    if (!armed_ || wasInterrupted_ || isCrowded_ || !runs_ || --armed_->callsLeft > 0)
+    // The model is told of a stretch of time before the program lives through it.
+    const bool isAhead = model.now() != nanoseconds(around.platform.runLoop.now());
+    if (isAhead || !armed_ || wasInterrupted_ || isCrowded_ || !runs_ || --armed_->callsLeft > 0)
         return;
     wasInterrupted_ = true;
     Armed now = *std::exchange(armed_, std::nullopt);
@@ -134,20 +137,50 @@ void World::called(const char* what) {
 }
 
 void World::screensRead() {
-    if (wasInterrupted_)
+    // Not everything that reads them reconciles: the first one counts.
+    if (wasInterrupted_ && !linesWhenScreensWereRead_)
         linesWhenScreensWereRead_ = loggedLines().size();
+}
+
+void World::runningAppsRead() {
+    if (wasInterrupted_)
+        appsRead_ = around.platform.running.apps;
 }
 
 /// The model took the interrupted step as a whole before what interrupted it. Where the program has
 /// read something only afterwards, so does the model.
 void World::catchUp() {
-    if (hasReadApps_)
-        model.runningAppsRead();
+    if (appsRead_)
+        model.runningAppsRead(*appsRead_);
     if (linesWhenScreensWereRead_ && hasReconciledSince(*linesWhenScreensWereRead_))
         model.screensRead();
+    if (!wasInterrupted_)
+        return;
+    std::vector<DockID> shown;
+    for (const StormWindow* const window : windows_) {
+        if (window->isShown)
+            shown.push_back(window->id);
+    }
+    model.recognise(shown, docksBefore_);
+    cancelPresses();
+}
+
+/// Whether a press came before what interrupted the step, or went with a list that was there for a
+/// moment only, is not known.
+void World::cancelPresses() {
+    for (StormWindow* const window : std::vector{windows_}) {
+        if (!isAlive(window) || !window->isShown)
+            continue;
+        window->cancel();
+        const PointerEvent cancelled{PointerEvent::Kind::cancelled, {}};
+        model.pointer(window->id, cancelled, std::nullopt);
+        window->listener().pointerEvent(cancelled);
+    }
 }
 
 void World::pass(double seconds) {
+    // What the program has left for its next turn.
+    around.platform.runLoop.advance(0);
     Time left = nanoseconds(seconds);
     while (true) {
         const Time slice = std::min(left, model.nextDue().value_or(left));

@@ -10,6 +10,7 @@
 #include "Support/Random.hpp"
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <sstream>
@@ -81,6 +82,9 @@ public:
     [[nodiscard]] bool isAlive(const StormWindow* window) const;
     [[nodiscard]] test::FakeForm* form() const;
     [[nodiscard]] test::FakeTour* tour() const;
+    /// Whether something has come from within a call in this step.
+    [[nodiscard]] bool wasInterrupted() const noexcept { return wasInterrupted_; }
+    void cancelPresses();
     /// For a menu that assistive technology asks for.
     void expectMenuOf(std::optional<std::size_t> tile);
 
@@ -91,12 +95,13 @@ private:
     void exited(DockID dock) override { model.exited(dock); }
     void pointer(DockID dock, const PointerEvent& event, std::optional<std::size_t> tile) override;
     void laidOut(DockID dock) override { model.laidOut(dock); }
+    void tilesRead(DockID dock) override { model.tilesRead(dock); }
     void menuOpened(StormWindow& window) override;
     void menuClosed(StormWindow& window, std::optional<std::size_t> chosen) override;
     void presented(const StormWindow& window, const Scene& scene) override;
     void called(const char* what) override;
     void screensRead() override;
-    void runningAppsRead() override { hasReadApps_ = wasInterrupted_; }
+    void runningAppsRead() override;
 
     void start();
     void look();
@@ -138,10 +143,12 @@ private:
     /// An event came from within a call in this step: the order of things is not known then, but
     /// what the program has read afterwards is in force.
     bool wasInterrupted_ = false;
-    bool hasReadApps_ = false;
+    std::optional<std::vector<RunningApplication>> appsRead_;
+    /// As they were before the step.
+    std::map<std::uint32_t, ModelDock> docksBefore_;
     /// Several things fall due at once: the order that an interruption would depend on is free.
     bool isCrowded_ = false;
-    /// Lines of the log before the displays were last read after that; nothing if they were not.
+    /// Lines of the log before the displays were first read after that; nothing if they were not.
     std::optional<std::size_t> linesWhenScreensWereRead_;
 };
 
