@@ -53,9 +53,9 @@ public:
     void runningAppsRead(const std::vector<RunningApplication>& apps) { showTiles(apps); }
     void screensRead() { reconcile(); }
 
-    /// These docks are there after the displays changed in the middle of a step. One that the
-    /// program kept, and the model did not, is as it was before the step.
-    void recognise(const std::vector<DockID>& ids,
+    /// These docks are there after a step that was interrupted, of so many that each display has
+    /// had. One that the program kept, and the model did not, is as it was before the step.
+    void recognise(const std::vector<DockID>& ids, const std::map<std::uint32_t, int>& made,
                    const std::map<std::uint32_t, ModelDock>& before);
 
     /// What happens to a dock; one that is gone takes no notice.

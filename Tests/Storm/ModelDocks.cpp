@@ -67,7 +67,7 @@ void Model::reconcile() {
     displays = eventFrames(screens);
 }
 
-void Model::recognise(const std::vector<DockID>& ids,
+void Model::recognise(const std::vector<DockID>& ids, const std::map<std::uint32_t, int>& made,
                       const std::map<std::uint32_t, ModelDock>& before) {
     const auto planned =
         plannedDocks(around_.platform.screens.list,
@@ -80,9 +80,9 @@ void Model::recognise(const std::vector<DockID>& ids,
         const auto kept = before.find(plan.display);
         dock->second = kept != before.end() && kept->second.id == *id ? kept->second : fresh(plan);
         dock->second.id = *id;
-        incarnations_[plan.display] = id->incarnation;
         take(dock->second, plan);
     }
+    incarnations_ = made;
 }
 
 /// A dock belongs to one edge.

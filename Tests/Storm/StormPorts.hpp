@@ -37,6 +37,9 @@ public:
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanel(std::uint32_t displayID, const Rect& frame,
                                                          PanelWindowListener& listener) override;
 
+    /// How many windows each display has had.
+    [[nodiscard]] const std::map<std::uint32_t, int>& made() const noexcept { return made_; }
+
 private:
     WindowWitness& witness_;
     bool tracksAll_;
@@ -199,6 +202,10 @@ public:
                bool tracksNone);
 
     [[nodiscard]] Platform ports();
+
+    [[nodiscard]] const std::map<std::uint32_t, int>& windowsMade() const noexcept {
+        return panelWindows_.made();
+    }
 
     /// Callbacks that the program has installed and not ended.
     [[nodiscard]] int listenerCount() const { return listeners_.count(); }

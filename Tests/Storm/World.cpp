@@ -161,7 +161,7 @@ void World::catchUp() {
         if (window->isShown)
             shown.push_back(window->id);
     }
-    model.recognise(shown, docksBefore_);
+    model.recognise(shown, ports_.windowsMade(), docksBefore_);
     cancelPresses();
 }
 
