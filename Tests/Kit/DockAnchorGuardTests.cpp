@@ -168,6 +168,32 @@ TEST_F(DockAnchorGuardTest, NoticesThatThePermissionIsGone) {
     EXPECT_EQ(platform.accessibility.prompts, 0);
 }
 
+TEST_F(DockAnchorGuardTest, WhereTapsNeedNoPermissionNothingIsAskedForAndNothingWakesIt) {
+    taps.needsPermission = false;
+    platform.accessibility.trusted = false;
+
+    guard->enable();
+
+    EXPECT_EQ(guard->status(), Status::active);
+    EXPECT_EQ(platform.accessibility.prompts, 0);
+    EXPECT_EQ(platform.runLoop.pendingTimers(), 0);
+    taps.disable(Kind::tapDisabledByTimeout);
+    EXPECT_TRUE(taps.isEnabled());
+}
+
+TEST_F(DockAnchorGuardTest, WhereTapsNeedNoPermissionOneThatIsNotToBeHadIsNotWaitedFor) {
+    taps.needsPermission = false;
+    taps.failure = PlatformError{1, "no tap"};
+
+    guard->enable();
+
+    EXPECT_EQ(guard->status(), Status::waitingForPermission);
+    EXPECT_EQ(platform.runLoop.pendingTimers(), 0);
+    taps.failure.reset();
+    guard->enable();
+    EXPECT_EQ(guard->status(), Status::active);
+}
+
 TEST_F(DockAnchorGuardTest, StartsAgainWithThePermission) {
     guard->enable();
     platform.accessibility.trusted = false;

@@ -174,8 +174,10 @@ void changingDisplays(FaultWorld& world) {
 /// As after a sleep: everything is announced at once, and the pointer's tap was switched off.
 void waking(FaultWorld& world) {
     world.store(withWindowFeatures());
+    // So that an hour passes without a look at the permission.
+    world.platform.fake.pointerTaps.needsPermission = false;
     world.start();
-    world.pass(60);
+    world.pass(3600);
     if (world.platform.fake.pointerTaps.isTapped())
         world.platform.fake.pointerTaps.disable(PointerTapEvent::tapDisabledByTimeout);
     for (int i = 0; i < 3; ++i)

@@ -100,6 +100,7 @@ private:
 class NotingPointerTaps final : public PointerTaps {
 public:
     explicit NotingPointerTaps(PointerTaps& real) : real_(real) {}
+    [[nodiscard]] bool needPermission() const override { return real_.needPermission(); }
     Result<std::unique_ptr<PointerTap>> create(PointerRule rule, Disabled onDisabled) override {
         DevLog::write("> tap");
         return real_.create(std::move(rule), std::move(onDisabled));

@@ -277,15 +277,17 @@ TEST(SettingsView, SaysAtEachWindowFeatureThatNoWindowCanBeMoved) {
     EXPECT_EQ(statusOf(SettingsField::anchorAppleDock, false), std::nullopt);
 }
 
-TEST(SettingsView, SaysThatTheAnchorWaitsForAWindowManager) {
+TEST(SettingsView, TheAnchorNeedsNoWindowManager) {
     Settings settings;
     settings.anchorAppleDock = true;
-    const Form form = SettingsView::form(
-        settings, {.anchorStatus = Status::waitingForPermission, .canMoveWindows = false}, {});
-    EXPECT_EQ(rowOf(form, SettingsField::anchorAppleDock).status,
-              (StatusLine{"", StatusLine::Tone::neutral,
-                          "Waiting for a window manager that can move windows.",
-                          StatusLine::Tone::warning, ""}));
+    for (const Status status : {Status::active, Status::waitingForPermission}) {
+        const auto line = [&](bool canMoveWindows) {
+            const Form form = SettingsView::form(
+                settings, {.anchorStatus = status, .canMoveWindows = canMoveWindows}, {});
+            return rowOf(form, SettingsField::anchorAppleDock).status;
+        };
+        EXPECT_EQ(line(false), line(true));
+    }
 }
 
 TEST(SettingsView, TakesOverTheChosenOptions) {

@@ -120,6 +120,17 @@ TEST_F(SettingsWindowTest, LooksEachTimeWhetherWindowsCanBeMoved) {
     EXPECT_FALSE(row(SettingsField::summonOnClick).status);
 }
 
+TEST_F(SettingsWindowTest, FollowsTheWindowManagerWhileItIsOpen) {
+    controller.show();
+    ASSERT_FALSE(row(SettingsField::summonOnClick).status);
+
+    platform.accessibility.changeManager(false);
+    EXPECT_TRUE(row(SettingsField::summonOnClick).status);
+
+    platform.accessibility.changeManager(true);
+    EXPECT_FALSE(row(SettingsField::summonOnClick).status);
+}
+
 // Behaviour: settings-window-3
 TEST_F(SettingsWindowTest, ChangesTheCaptionAtOnceWhenTheSourceGoesBackToMirroring) {
     change([](Settings& settings) { settings.sourceMode = SourceMode::manual; });

@@ -51,7 +51,8 @@ void tell(const std::string& text) {
     std::fputs(text.c_str(), stderr);
 }
 
-/// What went wrong. Nothing of the program's lets an exception escape, nor may the model run into one.
+/// What went wrong. Nothing of the program's lets an exception escape, nor may the model run into
+/// one.
 std::optional<std::string> outcomeOf(const Episode& episode) try {
     return live(episode, [](const std::string& line) { tell(line + '\n'); });
 } catch (const std::exception& error) {

@@ -1,6 +1,7 @@
 /// Other programs' windows and the pointer's path, in memory.
 #pragma once
 
+#include "Foundation/CallbackList.hpp"
 #include "Platform/Accessibility.hpp"
 #include "Platform/PointerTap.hpp"
 #include "Platform/RunningApplications.hpp"
@@ -27,6 +28,9 @@ class FakeAccessibility final : public Accessibility {
 public:
     [[nodiscard]] bool isTrusted() const override { return trusted && movesWindows; }
     [[nodiscard]] bool canMoveWindows() const override { return movesWindows; }
+    [[nodiscard]] Subscription observeManager(std::function<void()> handler) override {
+        return managers_.add(std::move(handler));
+    }
     bool isTrustedWithPrompt() override;
     [[nodiscard]] ElementHandle application(std::int32_t processIdentifier,
                                             const std::string& bundleID) override;
@@ -44,6 +48,12 @@ public:
     /// The app's main window is the one that was active last.
     void activate(const FakeWindow& window);
     void close(const FakeWindow& window);
+
+    /// As when another window manager takes over.
+    void changeManager(bool canMoveWindows) {
+        movesWindows = canMoveWindows;
+        managers_.notify();
+    }
 
     bool trusted = true;
     /// Whether windows can be moved on this desktop at all.
@@ -82,10 +92,12 @@ private:
     /// Oldest first.
     std::vector<Owned> windows_;
     int activations_ = 0;
+    CallbackList<> managers_;
 };
 
 class FakePointerTaps final : public PointerTaps {
 public:
+    [[nodiscard]] bool needPermission() const override { return needsPermission; }
     [[nodiscard]] Result<std::unique_ptr<PointerTap>> create(PointerRule rule,
                                                              Disabled onDisabled) override;
 
@@ -101,6 +113,7 @@ public:
     [[nodiscard]] bool isTapped() const { return !tap_.expired(); }
     [[nodiscard]] bool isEnabled() const;
 
+    bool needsPermission = true;
     /// While set, no tap can be created.
     std::optional<PlatformError> failure;
     int created = 0;

@@ -158,6 +158,9 @@ public:
     }
     /// Never without an answer.
     [[nodiscard]] bool canMoveWindows() const override { return port_.canMoveWindows(); }
+    [[nodiscard]] Subscription observeManager(std::function<void()> handler) override {
+        return port_.observeManager(std::move(handler));
+    }
     bool isTrustedWithPrompt() override {
         return faults_("Accessibility::isTrustedWithPrompt",
                        [&] { return port_.isTrustedWithPrompt(); });
@@ -200,6 +203,7 @@ class FaultyPointerTaps final : public PointerTaps {
 public:
     FaultyPointerTaps(PointerTaps& port, Faults& faults) : port_(port), faults_(faults) {}
 
+    [[nodiscard]] bool needPermission() const override { return port_.needPermission(); }
     [[nodiscard]] Result<std::unique_ptr<PointerTap>> create(PointerRule rule,
                                                              Disabled onDisabled) override {
         return faults_("PointerTaps::create",

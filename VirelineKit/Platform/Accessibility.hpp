@@ -3,8 +3,10 @@
 
 #include "Foundation/Geometry.hpp"
 #include "Foundation/Result.hpp"
+#include "Foundation/ScopedHandle.hpp"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -39,6 +41,10 @@ public:
     /// trusted and no permission would help; asked each time, since another window manager may
     /// take over.
     [[nodiscard]] virtual bool canMoveWindows() const = 0;
+
+    /// Announces that `canMoveWindows` may answer differently from now on. A platform where it
+    /// never does never calls.
+    [[nodiscard]] virtual Subscription observeManager(std::function<void()> handler) = 0;
 
     /// As `isTrusted`, and the system shows its request for the permission if it is missing.
     virtual bool isTrustedWithPrompt() = 0;

@@ -49,6 +49,10 @@ public:
 
     virtual ~PointerTaps() = default;
 
+    /// Whether there are taps only for as long as `Accessibility::isTrusted`. The system may take
+    /// that trust back without saying so.
+    [[nodiscard]] virtual bool needPermission() const = 0;
+
     /// A tap for moves without a button and with the left one, not enabled yet. Nothing is ever
     /// swallowed.
     [[nodiscard]] virtual Result<std::unique_ptr<PointerTap>> create(PointerRule rule,

@@ -32,10 +32,14 @@ void DockAnchorGuard::setDisplays(std::vector<Rect> displays) {
 void DockAnchorGuard::enable() {
     if (tap_)
         return;
-    if (accessibility_.isTrusted())
+    if (mayTap())
         startTap();
     else if (!permissionPoll_)
         waitForPermission();
+}
+
+bool DockAnchorGuard::mayTap() const {
+    return !taps_.needPermission() || accessibility_.isTrusted();
 }
 
 void DockAnchorGuard::waitForPermission() {
@@ -46,14 +50,16 @@ void DockAnchorGuard::waitForPermission() {
 }
 
 void DockAnchorGuard::lookEvery(double seconds) {
+    if (!taps_.needPermission())
+        return;
     permissionPoll_ = runLoop_.every(seconds, lifetime_.guard([this] { checkPermission(); }));
 }
 
 void DockAnchorGuard::checkPermission() {
-    const bool isTrusted = accessibility_.isTrusted();
-    if (tap_ && !isTrusted)
+    const bool may = mayTap();
+    if (tap_ && !may)
         permissionWithdrawn();
-    else if (!tap_ && isTrusted)
+    else if (!tap_ && may)
         startTap();
 }
 
@@ -92,7 +98,7 @@ PointerRule DockAnchorGuard::rule() const {
 void DockAnchorGuard::tapDisabled() {
     if (!tap_)
         return;
-    if (accessibility_.isTrusted())
+    if (mayTap())
         tap_->setEnabled(true);
     else
         permissionWithdrawn();

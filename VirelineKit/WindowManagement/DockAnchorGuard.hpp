@@ -54,6 +54,7 @@ public:
     void disable();
 
 private:
+    [[nodiscard]] bool mayTap() const;
     void waitForPermission();
     void lookEvery(double seconds);
     void checkPermission();
@@ -71,7 +72,7 @@ private:
     Observable<Status> status_{Status::off};
     /// Exists exactly while `status` is `active`.
     std::unique_ptr<PointerTap> tap_;
-    /// Looks at the permission as long as the guard is enabled.
+    /// Looks at the permission as long as the guard is enabled and taps need one.
     Timer permissionPoll_;
     /// The last tap asked for was refused, which the log says once.
     bool hasFailed_ = false;

@@ -50,12 +50,10 @@ PermissionBlock permission(DockAnchorGuard::Status status, const DesktopWords& w
 OnboardingPage features(const Surroundings& surroundings, const DesktopWords& words) {
     OnboardingPage page;
     page.title = "Window superpowers";
-    if (!surroundings.canMoveWindows) {
-        page.text = "They need a window manager that can move other programs' windows, which the "
-                    "one that runs now cannot. Everything else works without them.";
-        return page;
-    }
-    page.text = words.fourFeatures;
+    page.text = surroundings.canMoveWindows
+                    ? words.fourFeatures
+                    : "The last three need a window manager that can move other programs' windows, "
+                      "which the one that runs now cannot.";
     page.rows = {
         {"pin", "Anchor: " + words.dock + " stops jumping between displays"},
         {"macwindow.badge.plus", "Open here: apps launched from a dock open on that display"},

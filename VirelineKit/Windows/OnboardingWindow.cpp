@@ -35,10 +35,11 @@ void OnboardingWindowController::makeWindow() {
     window_ = windows_.makeOnboardingWindow(
         {.title = "Welcome to Vireline", .contentSize = {560, 480}, .isMiniaturizable = false},
         *this);
-    anchorStatus_ = anchorGuard_.observeStatus(lifetime_.guard([this] {
+    const auto changed = lifetime_.guard([this] {
         if (window_->isVisible())
             present();
-    }));
+    });
+    observations_ = {anchorGuard_.observeStatus(changed), accessibility_.observeManager(changed)};
 }
 
 void OnboardingWindowController::present() {

@@ -6,6 +6,7 @@
 #include "Platform/DesktopWords.hpp"
 #include "Platform/ProgramWindows.hpp"
 
+#include <array>
 #include <memory>
 
 namespace vireline {
@@ -44,11 +45,11 @@ private:
     DockAnchorGuard& anchorGuard_;
     ProgramWindows& windows_;
     Workspace& workspace_;
-    const Accessibility& accessibility_;
+    Accessibility& accessibility_;
     DesktopWords words_;
     std::unique_ptr<OnboardingPageWindow> window_;
     int step_ = 0;
-    Subscription anchorStatus_;
+    std::array<Subscription, 2> observations_;
     Lifetime lifetime_;
 };
 

@@ -113,8 +113,6 @@ std::optional<StatusLine> anchorLine(const Settings& settings, const Surrounding
                           Tone::neutral,
                           {}};
     case DockAnchorGuard::Status::waitingForPermission:
-        if (!surroundings.canMoveWindows)
-            return warning("Waiting for a window manager that can move windows.");
         return warning(words.anchorWaits, words.openPermissionPane);
     case DockAnchorGuard::Status::off:
         break;

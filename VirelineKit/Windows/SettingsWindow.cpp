@@ -38,7 +38,8 @@ void SettingsWindowController::makeWindow() {
         if (window_->isVisible())
             present();
     });
-    observations_ = {store_.observe(changed), anchorGuard_.observeStatus(changed)};
+    observations_ = {store_.observe(changed), anchorGuard_.observeStatus(changed),
+                     accessibility_.observeManager(changed)};
 }
 
 void SettingsWindowController::present() {

@@ -45,12 +45,12 @@ private:
     DockAnchorGuard& anchorGuard_;
     ProgramWindows& windows_;
     Workspace& workspace_;
-    const Accessibility& accessibility_;
+    Accessibility& accessibility_;
     DesktopWords words_;
     std::unique_ptr<FormWindow> window_;
     /// As the system had it when the window was last shown, or as the user set it since.
     bool launchAtLogin_ = false;
-    std::array<Subscription, 2> observations_;
+    std::array<Subscription, 3> observations_;
     Lifetime lifetime_;
 };
 

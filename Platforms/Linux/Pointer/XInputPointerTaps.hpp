@@ -14,6 +14,8 @@ public:
     /// Outlives every tap.
     explicit XInputPointerTaps(const RandrScreens& screens) : screens_(screens) {}
 
+    [[nodiscard]] bool needPermission() const override { return false; }
+
     /// Fails without XInput 2.1. Each tap has a connection of its own, is served on the main
     /// thread, and is never disabled by the system.
     [[nodiscard]] Result<std::unique_ptr<PointerTap>> create(PointerRule rule,

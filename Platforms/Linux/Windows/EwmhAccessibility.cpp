@@ -69,6 +69,10 @@ bool EwmhAccessibility::canMoveWindows() const {
     return access_ && access_->reader.canMoveWindows(SideConnection::in(trustSeconds));
 }
 
+Subscription EwmhAccessibility::observeManager(std::function<void()> handler) {
+    return access_ ? access_->notice.observe(std::move(handler)) : Subscription{};
+}
+
 ElementHandle EwmhAccessibility::application(std::int32_t processIdentifier,
                                              const std::string& bundleID) {
     return std::make_shared<AppElement>(processIdentifier, bundleID);

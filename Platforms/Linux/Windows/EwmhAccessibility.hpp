@@ -9,6 +9,7 @@
 #include "Windows/WindowReader.hpp"
 #include "X11/SideConnection.hpp"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -30,6 +31,7 @@ public:
 
     [[nodiscard]] bool isTrusted() const override { return canMoveWindows(); }
     [[nodiscard]] bool canMoveWindows() const override;
+    [[nodiscard]] Subscription observeManager(std::function<void()> handler) override;
     /// There is no permission to ask for: another window manager is what it takes.
     bool isTrustedWithPrompt() override { return isTrusted(); }
 

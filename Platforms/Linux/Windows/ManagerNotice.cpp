@@ -2,7 +2,6 @@
 
 #include "App/DevLog.hpp"
 #include "Platform/RunLoop.hpp"
-#include "Windows/WindowReader.hpp"
 #include "X11/X11Connection.hpp"
 
 #include <cstdint>
@@ -31,12 +30,21 @@ ManagerNotice::ManagerNotice(X11Connection& connection, const WindowReader& read
 
 void ManagerNotice::handle(const xcb_generic_event_t& event) {
     constexpr std::uint8_t sentFlag = 0x80;
-    if ((event.response_type & ~sentFlag) != XCB_PROPERTY_NOTIFY)
-        return;
-    const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
-    if (change.window == connection_.root() && change.state == XCB_PROPERTY_NEW_VALUE &&
-        change.atom == connection_.atom("_NET_SUPPORTING_WM_CHECK"))
+    const auto kind = event.response_type & ~sentFlag;
+    if (kind == XCB_DESTROY_NOTIFY) {
+        const auto& destroyed = reinterpret_cast<const xcb_destroy_notify_event_t&>(event);
+        if (destroyed.window == last_.window)
+            lookSoon();
+    } else if (kind == XCB_PROPERTY_NOTIFY &&
+               concernsManager(reinterpret_cast<const xcb_property_notify_event_t&>(event))) {
         lookSoon();
+    }
+}
+
+bool ManagerNotice::concernsManager(const xcb_property_notify_event_t& change) const {
+    return change.window == connection_.root() &&
+           (change.atom == connection_.atom("_NET_SUPPORTING_WM_CHECK") ||
+            change.atom == connection_.atom("_NET_SUPPORTED"));
 }
 
 void ManagerNotice::lookSoon() {
@@ -44,8 +52,17 @@ void ManagerNotice::lookSoon() {
 }
 
 void ManagerNotice::look() {
-    if (reader_.managerAbility(SideConnection::in(lookSeconds)) == ManagerAbility::movesNone)
+    const auto deadline = SideConnection::in(lookSeconds);
+    const Sighting now{reader_.managerWindow(deadline), reader_.managerAbility(deadline)};
+    if (now == last_)
+        return;
+    last_ = now;
+    // One that is killed takes nothing back, but its window goes.
+    if (now.window)
+        connection_.selectInput(*now.window, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+    if (now.ability == ManagerAbility::movesNone)
         DevLog::write("window manager cannot move windows");
+    changes_.notify();
 }
 
 }

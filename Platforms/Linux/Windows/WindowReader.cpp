@@ -123,6 +123,12 @@ ManagerAbility WindowReader::managerAbility(SideConnection::Deadline deadline) c
     return moves ? ManagerAbility::movesWindows : ManagerAbility::movesNone;
 }
 
+std::optional<xcb_window_t> WindowReader::managerWindow(SideConnection::Deadline deadline) const {
+    PropertyBatch batch{connection_, side_, deadline};
+    const auto check = batch.ask(side_.root(), "_NET_SUPPORTING_WM_CHECK", word);
+    return batch.word(check, XCB_ATOM_WINDOW);
+}
+
 bool WindowReader::isUserAtWork(SideConnection::Deadline deadline) const {
     const auto pointerAsked = xcb_query_pointer(side_.get(), side_.root());
     const auto keysAsked = xcb_query_keymap(side_.get());

@@ -8,6 +8,8 @@
 
 #include <xcb/xproto.h>
 
+#include <optional>
+
 namespace vireline::x11 {
 
 /// What the window manager of the moment offers to programs that move others' windows.
@@ -34,6 +36,10 @@ public:
 
     /// No answer in time counts as no window manager.
     [[nodiscard]] ManagerAbility managerAbility(SideConnection::Deadline deadline) const;
+
+    /// The window by which the window manager shows that it is there; it goes with the manager.
+    [[nodiscard]] std::optional<xcb_window_t>
+    managerWindow(SideConnection::Deadline deadline) const;
 
     [[nodiscard]] bool canMoveWindows(SideConnection::Deadline deadline) const {
         return managerAbility(deadline) == ManagerAbility::movesWindows;

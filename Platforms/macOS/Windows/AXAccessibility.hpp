@@ -11,6 +11,9 @@ class AXAccessibility final : public Accessibility {
 public:
     [[nodiscard]] bool isTrusted() const override;
     [[nodiscard]] bool canMoveWindows() const override { return true; }
+    [[nodiscard]] Subscription observeManager(std::function<void()> /*handler*/) override {
+        return {};
+    }
     bool isTrustedWithPrompt() override;
 
     [[nodiscard]] ElementHandle application(std::int32_t processIdentifier,
