@@ -163,6 +163,18 @@ void World::catchUp() {
     }
     model.recognise(shown, ports_.windowsMade(), docksBefore_);
     cancelPresses();
+    renewTiles();
+}
+
+/// Nor is it known which tiles were laid out before it.
+void World::renewTiles() {
+    constexpr std::uint32_t noTile = 100'000;
+    model.iconsChanged();
+    around.platform.icons.announceChange();
+    for (StormWindow* const window : std::vector{windows_}) {
+        if (isAlive(window) && window->isShown)
+            window->openMenuByKey(noTile);
+    }
 }
 
 /// Whether a press came before what interrupted the step, or went with a list that was there for a

@@ -106,6 +106,7 @@ private:
     void start();
     void look();
     void catchUp();
+    void renewTiles();
     void lookAtLog();
     void lookAtDisk();
     void lookAtDocks();
