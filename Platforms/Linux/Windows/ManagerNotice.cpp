@@ -33,10 +33,12 @@ void ManagerNotice::handle(const xcb_generic_event_t& event) {
     const auto kind = event.response_type & ~sentFlag;
     if (kind == XCB_DESTROY_NOTIFY) {
         const auto& destroyed = reinterpret_cast<const xcb_destroy_notify_event_t&>(event);
-        if (destroyed.window == last_.window)
+        if (last_ && destroyed.window == last_->window)
             lookSoon();
     } else if (kind == XCB_PROPERTY_NOTIFY &&
                concernsManager(reinterpret_cast<const xcb_property_notify_event_t&>(event))) {
+        // Its window may have the number of the one before.
+        last_.reset();
         lookSoon();
     }
 }

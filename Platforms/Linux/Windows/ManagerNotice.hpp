@@ -51,7 +51,8 @@ private:
     X11Connection& connection_;
     const WindowReader& reader_;
     RunLoop& runLoop_;
-    Sighting last_;
+    /// Nothing once another window manager has shown that it is there.
+    std::optional<Sighting> last_;
     CallbackList<> changes_;
     Timer look_;
     Lifetime lifetime_;
