@@ -177,7 +177,7 @@ TEST_F(DockAnchorGuardTest, WhereTapsNeedNoPermissionNothingIsAskedForAndNothing
     EXPECT_EQ(guard->status(), Status::active);
     EXPECT_EQ(platform.accessibility.prompts, 0);
     EXPECT_EQ(platform.runLoop.pendingTimers(), 0);
-    taps.disable(Kind::tapDisabledByTimeout);
+    taps.disable(PointerTapEvent::tapDisabledByTimeout);
     EXPECT_TRUE(taps.isEnabled());
 }
 

@@ -11,9 +11,11 @@
 #include "Windows/SettingsView.hpp"
 #include "Windows/WindowTest.hpp"
 
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QLineEdit>
 #include <QScreen>
+#include <QScrollBar>
 #include <QSlider>
 #include <string>
 
@@ -58,13 +60,14 @@ protected:
     }
 
     /// Null while the settings are not open.
-    static QSlider* sizeSlider() {
+    static QWidget* controlNamed(const char* name) {
         for (QWidget* const widget : QApplication::allWidgets()) {
-            if (widget->accessibleName() == QStringLiteral("Icon size"))
-                return dynamic_cast<QSlider*>(widget);
+            if (widget->isVisible() && widget->accessibleName() == QLatin1String{name})
+                return widget;
         }
         return nullptr;
     }
+    static QSlider* sizeSlider() { return dynamic_cast<QSlider*>(controlNamed("Icon size")); }
 
     /// The shown window with this title; nothing if there is none.
     static std::optional<PixelRect> frameOf(std::string_view title) {
@@ -146,6 +149,28 @@ TEST_F(OwnWindowTest, IsTwiceAsLargeInPixelsOnADenseDisplay) {
     const auto frame = frameOf("Some settings").value_or(PixelRect{});
     EXPECT_EQ(frame.width, 960);
     EXPECT_TRUE(desk().monitor("dense").frame.contains(frame)) << frame;
+}
+
+TEST_F(OwnWindowTest, ShowsTheSamePartOfTheFormWithTheSameFocusWhenItIsOpenedAgain) {
+    pointAt("main");
+    const auto window = showSettings();
+    auto* const scroller = QApplication::activeWindow()->findChild<QAbstractScrollArea*>();
+    ASSERT_GT(scroller->verticalScrollBar()->maximum(), 40);
+    scroller->verticalScrollBar()->setValue(40);
+    controlNamed("Launch at login")->setFocus();
+
+    window->close();
+    settle();
+    window->makeKeyAndOrderFront();
+    ASSERT_TRUE(eventually([] { return hasFocus("Some settings"); }));
+
+    EXPECT_TRUE(eventually([] {
+        const QWidget* const shown = QApplication::activeWindow();
+        return shown != nullptr &&
+               shown->findChild<QAbstractScrollArea*>()->verticalScrollBar()->value() == 40;
+    }));
+    EXPECT_TRUE(
+        eventually([] { return QApplication::focusWidget() == controlNamed("Launch at login"); }));
 }
 
 TEST_F(OwnWindowTest, LeavesNoWidgetBehindWhenItIsClosed) {
