@@ -130,9 +130,11 @@ TEST_F(Session, TakesUpAWindowManagerThatComesLater) {
     EXPECT_TRUE(docksSettle(twoTiles));
     desktop().launch(apps[0]);
     EXPECT_TRUE(dotShows(layout("right", twoTiles).dot(0), true));
-    EXPECT_TRUE(
-        desktop().docks().isAbove(desktop().docks().on(desktop().displayIDOf("right")).window,
-                                  desktop().windowsOf(apps[0]).at(0)));
+    EXPECT_TRUE(eventually([&] {
+        return desktop().docks().isAbove(
+            desktop().docks().on(desktop().displayIDOf("right")).window,
+            desktop().windowsOf(apps[0]).at(0));
+    }));
 }
 
 TEST_F(Session, SurvivesTheWindowManagersRestart) {

@@ -374,7 +374,15 @@ protected:
         EXPECT_TRUE(docksSettle(twoTiles));
         const auto icon = layout("right", twoTiles).icon(0);
         constexpr int besideTheIcon = 22 + 3;
-        return {icon.x - besideTheIcon, icon.y};
+        const PixelPoint glass{icon.x - besideTheIcon, icon.y};
+        EXPECT_TRUE(eventually([&] { return takesClicksAt(glass); }));
+        return glass;
+    }
+    [[nodiscard]] bool takesClicksAt(PixelPoint point) {
+        const auto dock = desktop().docks().on(desktop().displayIDOf("right"));
+        const PixelPoint inside{point.x - dock.frame.x, point.y - dock.frame.y};
+        return std::ranges::any_of(desktop().docks().inputRegion(dock.window),
+                                   [&](const PixelRect& part) { return part.contains(inside); });
     }
     /// Opens its menu and chooses the last of `count` entries; how high the menu is.
     int chooseLast(int count) {
