@@ -162,7 +162,7 @@ void Model::moveApp(const std::string& bundleID, int place) {
         shown[std::min(static_cast<std::size_t>(std::max(place, 0)), shown.size() - 1)];
     if (target == from)
         return;
-    const StoredApp moved = *entry;
+    const StoredApp& moved = *entry;
     Settings without = settings;
     without.manualApps.erase(without.manualApps.begin() + static_cast<std::ptrdiff_t>(from));
     Settings with = without;

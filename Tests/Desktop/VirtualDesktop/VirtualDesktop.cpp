@@ -185,6 +185,13 @@ void VirtualDesktop::startWindowManager() {
     startWindowManager({.composites = managerComposites_});
 }
 
+void VirtualDesktop::stopWindowManager() {
+    windowManager_.reset();
+    // Only then has the server let go of what the window manager had grabbed.
+    require(eventually([&] { return managerWindow(*client_) == XCB_NONE; }),
+            "the end of the window manager");
+}
+
 void VirtualDesktop::replaceWindowManager(Manager manager) {
     std::optional<ChildProcess> former;
     if (windowManager_ && handsOver(manager_) && handsOver(manager))

@@ -98,7 +98,7 @@ public:
     [[nodiscard]] std::uint32_t displayIDOf(const std::string& monitor) const;
 
     void startWindowManager();
-    void stopWindowManager() { windowManager_.reset(); }
+    void stopWindowManager();
     /// Lets another window manager take over from the one that runs.
     void replaceWindowManager(Manager manager);
     void startCompositor();
