@@ -17,10 +17,9 @@ enum class PointerTapEvent {
     tapDisabledByUserInput, ///< the system was told to
 };
 
-/// Where the pointer shall go instead of this point, both in event space; nothing to let it go
-/// there. It is asked for every move, on a thread of the platform's choice, so that the pointer
-/// never waits for the program: it must be quick, and may use nothing but what it holds and nobody
-/// changes.
+/// The position to move the pointer to instead of this one, both in event space; nullopt lets it go
+/// there. Called for every move, on a thread of the platform's choice, so that the pointer never
+/// waits for the program: it must be quick, and may only use its own copies of immutable data.
 using PointerRule = std::function<std::optional<Point>(Point)>;
 
 /// One tap. Ends with this object, which gives the system back all that it took.

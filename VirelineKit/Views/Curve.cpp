@@ -25,7 +25,7 @@ private:
     double cube_;
 };
 
-/// The parameter at which `x`, which grows from 0 to 1 and nowhere stands still between them, is
+/// The parameter at which `x`, which strictly increases from 0 to 1, is
 /// `t`. Newton's method, kept from leaving the interval that holds the solution.
 double solved(const Polynomial& x, double t) noexcept {
     constexpr double precision = 1e-9;

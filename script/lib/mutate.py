@@ -25,7 +25,8 @@ EQUIVALENT = ROOT / "Tests" / "Kit" / "EquivalentMutants.txt"
 REQUIRED_SHARE = 0.95
 
 # What a copy is made of.
-PARTS = ["CMakeLists.txt", "cmake", "VirelineKit", "Tests/CMakeLists.txt", "Tests/Kit", "Tests/Support"]
+PARTS = ["CMakeLists.txt", "cmake", "VirelineKit", "Tests/CMakeLists.txt", "Tests/Kit", "Tests/Storm",
+         "Tests/Support"]
 
 # The rules, and the few values that hold numbers or arithmetic.
 RULES = """
@@ -190,7 +191,7 @@ class Worker:
                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT, **options)
 
     def prepare(self, jobs):
-        """Anew if the last run was interrupted."""
+        """Starts over if the last run was interrupted."""
         if self.mark.exists():
             shutil.rmtree(self.build, ignore_errors=True)
         self.build.mkdir(parents=True, exist_ok=True)

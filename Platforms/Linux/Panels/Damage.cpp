@@ -14,7 +14,7 @@ std::int64_t area(const QRect& rect) {
     return std::int64_t{rect.width()} * rect.height();
 }
 
-/// What is painted in vain when both are painted as one.
+/// The extra pixels painted if both rectangles are merged.
 std::int64_t waste(const QRect& a, const QRect& b) {
     return area(a.united(b)) - area(a) - area(b);
 }

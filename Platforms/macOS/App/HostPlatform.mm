@@ -50,7 +50,7 @@ struct HostPlatform::Parts {
 };
 
 std::expected<std::unique_ptr<HostPlatform>, HostPlatform::Ended> HostPlatform::start() {
-    // A log line that nobody reads any more must not end the program.
+    // A write to a closed pipe, such as the log of a closed terminal, must not end the program.
     std::signal(SIGPIPE, SIG_IGN);
     return std::unique_ptr<HostPlatform>{new HostPlatform{std::make_unique<Parts>()}};
 }

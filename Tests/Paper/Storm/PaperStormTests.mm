@@ -26,7 +26,7 @@ testing::AssertionResult holds(unsigned seed) {
     if (!failure)
         return testing::AssertionSuccess();
     const Find find{episode, *failure};
-    // Whoever only wants to know whether it fails is not made to wait.
+    // Shrinking takes a while, and a mutation run only needs to know that the test fails.
     const bool cutsDown = std::getenv("VIRELINE_UNCUT") == nullptr;
     return testing::AssertionFailure() << report(cutsDown ? shrunk(find, mostRuns) : find);
 }
