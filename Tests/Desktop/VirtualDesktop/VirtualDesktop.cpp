@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <csignal>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
@@ -63,6 +64,14 @@ xcb_window_t managerWindow(const XClient& client) {
     if (check.empty() || client.words(check.front(), "_NET_SUPPORTING_WM_CHECK") != check)
         return XCB_NONE;
     return check.front();
+}
+
+/// Lets a window manager that has left the screen end. Openbox can deadlock within libX11 while it
+/// closes its display.
+void awaitEnd(ChildProcess& manager) {
+    constexpr std::chrono::milliseconds grace{300};
+    if (!eventually([&] { return !manager.isRunning(); }, grace))
+        manager.signal(SIGKILL);
 }
 
 /// Window managers announce themselves before they listen, and forget who comes between: shows a
@@ -186,10 +195,15 @@ void VirtualDesktop::startWindowManager() {
 }
 
 void VirtualDesktop::stopWindowManager() {
-    windowManager_.reset();
-    // Only then has the server let go of what the window manager had grabbed.
+    if (!windowManager_)
+        return;
+    windowManager_->signal(SIGTERM);
     require(eventually([&] { return managerWindow(*client_) == XCB_NONE; }),
             "the end of the window manager");
+    awaitEnd(*windowManager_);
+    windowManager_.reset();
+    // Only then has the server let go of what the window manager had grabbed.
+    require(eventually([&] { return !client_->isManaged(); }), "the end of the window manager");
 }
 
 void VirtualDesktop::replaceWindowManager(Manager manager) {
@@ -199,7 +213,8 @@ void VirtualDesktop::replaceWindowManager(Manager manager) {
     windowManager_.reset();
     manager_ = manager;
     startWindowManager({.composites = managerComposites_, .replaces = former.has_value()});
-    require(!former || former->waitForExit().has_value(), "the new window manager");
+    if (former)
+        awaitEnd(*former);
 }
 
 void VirtualDesktop::startWindowManager(const ManagerOptions& options) {

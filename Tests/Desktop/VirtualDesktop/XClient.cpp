@@ -86,6 +86,12 @@ bool XClient::hasProperty(xcb_window_t window, std::string_view name) const {
     return reply && reply->type != XCB_ATOM_NONE;
 }
 
+bool XClient::isManaged() const {
+    const Owned<xcb_get_window_attributes_reply_t> reply{
+        xcb_get_window_attributes_reply(get(), xcb_get_window_attributes(get(), root()), nullptr)};
+    return reply && (reply->all_event_masks & XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT) != 0;
+}
+
 void XClient::setWords(xcb_window_t window, std::string_view name, xcb_atom_t type,
                        const std::vector<std::uint32_t>& values) const {
     xcb_change_property(get(), XCB_PROP_MODE_REPLACE, window, atom(name), type, 32,

@@ -47,6 +47,8 @@ public:
     /// The bytes of a property of format 8.
     [[nodiscard]] std::string text(xcb_window_t window, std::string_view property) const;
     [[nodiscard]] bool hasProperty(xcb_window_t window, std::string_view property) const;
+    /// Whether a window manager has the root window's children in its charge.
+    [[nodiscard]] bool isManaged() const;
 
     void setWords(xcb_window_t window, std::string_view property, xcb_atom_t type,
                   const std::vector<std::uint32_t>& values) const;
