@@ -1,5 +1,5 @@
 /// One movement of the pointer over a magnified dock.
-#include "Views/DockMagnifier.hpp"
+#include "Layout/DockMagnifier.hpp"
 
 #include <benchmark/benchmark.h>
 

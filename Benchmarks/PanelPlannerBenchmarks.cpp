@@ -1,6 +1,6 @@
 /// The plan of all panels, made anew with every change of the displays, the settings and the number
 /// of tiles.
-#include "Displays/PanelPlanner.hpp"
+#include "Layout/PanelPlanner.hpp"
 
 #include <benchmark/benchmark.h>
 
@@ -22,8 +22,7 @@ std::vector<ScreenSnapshot> displays(std::int64_t count) {
 
 void desiredPanels(benchmark::State& state) {
     const auto screens = displays(state.range(0));
-    const PanelPlanner::Request request{.pinnedCount = 30,
-                                        .unpinnedRunningCount = 8,
+    const PanelPlanner::Request request{.counts = {.pinned = 30, .unpinnedRunning = 8},
                                         .maxIconSize = 64,
                                         .magnification = 2,
                                         .hiddenDisplays = {}};

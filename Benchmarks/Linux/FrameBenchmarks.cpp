@@ -1,14 +1,14 @@
 /// One frame of a magnified dock, from the pointer's movement to the pixels on their way to the
 /// server: the processor time of all threads, and what it allocates.
 #include "App/XcbApplication.hpp"
-#include "Displays/DockMetrics.hpp"
 #include "Displays/DockPanel.hpp"
 #include "Displays/RandrScreens.hpp"
 #include "Icons/DrawnIcons.hpp"
 #include "Icons/IconImage.hpp"
+#include "Layout/DockMagnifier.hpp"
+#include "Model/DockMetrics.hpp"
 #include "Panels/QtPanelWindows.hpp"
 #include "Support/DockFixture.hpp"
-#include "Views/DockMagnifier.hpp"
 #include "VirtualDesktop/VirtualDesktop.hpp"
 #include "X11/X11Connection.hpp"
 

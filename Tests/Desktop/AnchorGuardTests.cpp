@@ -1,6 +1,6 @@
 /// The guard keeps the pointer from the bottom edges of the displays with a dock, at any speed.
+#include "ClientWindows/GuardMath.hpp"
 #include "DesktopTest.hpp"
-#include "WindowManagement/GuardMath.hpp"
 
 #include <chrono>
 #include <random>

@@ -1,6 +1,6 @@
 /// Docks that hide at their display's edge.
 #include "DesktopTest.hpp"
-#include "FileDrag.hpp"
+#include "VirtualDesktop/FileDrag.hpp"
 
 #include <algorithm>
 #include <fstream>
@@ -293,7 +293,7 @@ TEST_F(AutoHide, FindsAPointerThatItMovesUnder) {
     // Beside the sliver, where the one of a longer dock is.
     desktop().pointer().moveTo({sliver().x - 20, sliver().center().y});
     desktop().home().pin(apps);
-    request.pinnedCount = static_cast<int>(apps.size());
+    request.counts.pinned = static_cast<int>(apps.size());
     EXPECT_TRUE(comesOut());
     leave();
     EXPECT_TRUE(hides());
@@ -302,14 +302,14 @@ TEST_F(AutoHide, FindsAPointerThatItMovesUnder) {
 TEST_F(AutoHide, HidesWhenItMovesAwayFromUnderThePointer) {
     run();
     desktop().home().pin(apps);
-    request.pinnedCount = static_cast<int>(apps.size());
+    request.counts.pinned = static_cast<int>(apps.size());
     ASSERT_TRUE(hides());
     touch();
     ASSERT_TRUE(comesOut());
     const auto end = hoverFrame();
     desktop().pointer().moveTo({end.x + 10, end.bottom() - 20});
     desktop().home().pin(std::span{apps}.first(1));
-    request.pinnedCount = 1;
+    request.counts.pinned = 1;
     EXPECT_TRUE(hides());
 }
 

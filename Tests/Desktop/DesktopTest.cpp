@@ -91,10 +91,7 @@ PlannedDock DesktopTest::plannedDock(const std::string& monitor, const Request& 
 }
 
 DockLayout DesktopTest::layout(const std::string& monitor, const Request& request) {
-    constexpr int utilityTiles = 2;
-    return {plannedDock(monitor, request),
-            {request.pinnedCount, request.unpinnedRunningCount, utilityTiles},
-            request.maxIconSize};
+    return {plannedDock(monitor, request), request.counts, request.maxIconSize};
 }
 
 testing::AssertionResult DesktopTest::turns(PixelPoint place, Colour colour) {
@@ -165,8 +162,8 @@ std::optional<VirtualDesktop::Manager> testedManager() {
 
 PanelPlanner::Request tiles(int pinned, int running) {
     PanelPlanner::Request request;
-    request.pinnedCount = pinned;
-    request.unpinnedRunningCount = running;
+    request.counts.pinned = pinned;
+    request.counts.unpinnedRunning = running;
     return request;
 }
 

@@ -1,8 +1,8 @@
 /// Files that are dragged from another program's window and dropped on a dock.
 #include "AnswerTimes.hpp"
 #include "DesktopTest.hpp"
-#include "FileDrag.hpp"
 #include "VirtualDesktop/DragSource.hpp"
+#include "VirtualDesktop/FileDrag.hpp"
 
 #include <csignal>
 #include <fstream>

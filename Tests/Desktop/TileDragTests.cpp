@@ -180,7 +180,7 @@ TEST_F(TileDrag, NeverMovesRunningAndUtilityTiles) {
     const App delta = someApps(4)[3];
     desktop().home().install(delta);
     desktop().launch(delta);
-    request.unpinnedRunningCount = 1;
+    request.counts.unpinnedRunning = 1;
     ASSERT_TRUE(docksSettle(request));
     const auto frame = plannedDock("right", request).frame;
     constexpr int middleOfLabels = 13;
@@ -207,7 +207,7 @@ TEST_F(TileDrag, IsOffWhenItsTileLeavesTheList) {
     drag(0, 2);
     ASSERT_TRUE(turns(tile(0), beta.colour));
     desktop().home().pin(std::vector{beta, gamma});
-    request.pinnedCount = 2;
+    request.counts.pinned = 2;
     ASSERT_TRUE(docksSettle(request));
     letGo();
     expectTiles({beta, gamma});

@@ -2,8 +2,8 @@
 /// apps whose windows they place, and what a person would call a window's frame.
 #pragma once
 
+#include "ClientWindows/WindowPlacement.hpp"
 #include "DesktopTest.hpp"
-#include "WindowManagement/WindowPlacement.hpp"
 
 #include <string>
 #include <vector>

@@ -3,7 +3,7 @@
 
 #include "Foundation/Require.hpp"
 #include "Fuzz/FuzzTarget.hpp"
-#include "Views/DockMagnifier.hpp"
+#include "Layout/DockMagnifier.hpp"
 
 #include <array>
 #include <cmath>

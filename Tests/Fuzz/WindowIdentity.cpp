@@ -2,9 +2,9 @@
 /// parts are separated by lines of "%%": WM_CLASS, the two toolkits' IDs, the startup ID,
 /// _NET_WM_ICON, the executable's path, its command line, its control group, and its sandbox's
 /// file.
+#include "Applications/ClientWindows/WindowIcons.hpp"
 #include "Applications/Identity/AppIdentity.hpp"
 #include "Applications/Identity/PlainText.hpp"
-#include "Applications/Windows/WindowIcons.hpp"
 #include "Foundation/Require.hpp"
 #include "Fuzz/FuzzTarget.hpp"
 

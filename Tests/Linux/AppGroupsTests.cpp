@@ -1,4 +1,4 @@
-#include "Applications/Windows/AppGroups.hpp"
+#include "Applications/ClientWindows/AppGroups.hpp"
 
 #include <gtest/gtest.h>
 

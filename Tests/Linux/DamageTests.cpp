@@ -1,4 +1,4 @@
-#include "Panels/Damage.hpp"
+#include "Painting/Damage.hpp"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 
 #include "Displays/DockPanel.hpp"
 #include "Icons/IconImage.hpp"
-#include "Panels/ScenePainter.hpp"
+#include "Painting/ScenePainter.hpp"
 #include "Support/DockFixture.hpp"
 #include "Support/Samples.hpp"
 
@@ -76,8 +76,7 @@ std::vector<DockItem> items() {
 PanelSpec specOf(const PicturedDock::Options& options) {
     const auto panels = PanelPlanner::desiredPanels(
         std::vector{sampleHost(1, {0, 0, 1280, 800}), sampleScreen(display, {1280, 0, 800, 600})},
-        {.pinnedCount = 3,
-         .unpinnedRunningCount = 1,
+        {.counts = {.pinned = 3, .unpinnedRunning = 1},
          .maxIconSize = options.iconSize,
          .position = options.position,
          .magnification = options.magnification,

@@ -1,4 +1,4 @@
-#include "Applications/Windows/HiddenWindows.hpp"
+#include "Applications/ClientWindows/HiddenWindows.hpp"
 
 #include <gtest/gtest.h>
 

@@ -2,10 +2,10 @@
 #include "App/AppDelegate.hpp"
 #include "Desktop/LinuxWords.hpp"
 #include "Interaction/ClickPolicy.hpp"
+#include "ProgramWindows/OnboardingView.hpp"
+#include "ProgramWindows/SettingsView.hpp"
 #include "Support/FakePlatform.hpp"
 #include "Support/LoggedLines.hpp"
-#include "Windows/OnboardingView.hpp"
-#include "Windows/SettingsView.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "Panels/Pixels.hpp"
-#include "Panels/SmoothScaler.hpp"
+#include "Painting/Pixels.hpp"
+#include "Painting/SmoothScaler.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "App/QtApplication.hpp"
 #include "App/VirelineApp.hpp"
 #include "Foundation/CallbackList.hpp"
 #include "Linux/EventLoop.hpp"
+#include "Toolkit/QtApplication.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "App/QtRunLoop.hpp"
 #include "Linux/EventLoop.hpp"
+#include "Toolkit/QtRunLoop.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "Panels/SceneDamage.hpp"
+#include "Painting/SceneDamage.hpp"
 
 #include <gtest/gtest.h>
 

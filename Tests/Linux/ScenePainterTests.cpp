@@ -1,6 +1,6 @@
 #include "Icons/IconImage.hpp"
 #include "Linux/EventLoop.hpp"
-#include "Panels/ScenePainter.hpp"
+#include "Painting/ScenePainter.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "Windows/WindowGoal.hpp"
+#include "ClientWindows/WindowGoal.hpp"
 
 #include <gtest/gtest.h>
 

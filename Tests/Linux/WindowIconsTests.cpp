@@ -1,4 +1,4 @@
-#include "Applications/Windows/WindowIcons.hpp"
+#include "Applications/ClientWindows/WindowIcons.hpp"
 
 #include <gtest/gtest.h>
 

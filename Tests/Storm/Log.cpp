@@ -1,6 +1,6 @@
 #include "Storm/Log.hpp"
 
-#include "App/DevLog.hpp"
+#include "Foundation/DevLog.hpp"
 
 #include <utility>
 

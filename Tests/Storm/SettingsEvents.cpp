@@ -129,7 +129,7 @@ void useStatusMenu(World& world, Random& random) {
     world.around.platform.statusBar.choose(title);
 }
 
-void closeOwnWindows(World& world, Random& random) {
+void closeProgramWindows(World& world, Random& random) {
     if (world.form() != nullptr && random.boolean())
         world.form()->closeByButton();
     if (world.tour() != nullptr && random.boolean())
@@ -188,7 +188,7 @@ std::vector<Event> settingsEvents() {
             {"nonsense from a control", 2, sendNonsense},
             {"launch at login", 3, launchAtLogin},
             {"the status menu", 5, useStatusMenu},
-            {"own windows are closed", 4, closeOwnWindows},
+            {"own windows are closed", 4, closeProgramWindows},
             {"a second start", 3, startAgain, true},
             {"the status line's button", 1, pressStatusButton},
             {"the tour", 3, takeTour},

@@ -16,8 +16,8 @@ namespace vireline::test {
 
 /// What became of one window whose content is a `Content` and whose user is heard by a `Listener`.
 template <class Content, class Listener>
-struct FakeOwnWindow {
-    FakeOwnWindow(WindowStyle made, Listener& reportsTo)
+struct FakeProgramWindow {
+    FakeProgramWindow(WindowStyle made, Listener& reportsTo)
         : style(std::move(made)), listener(reportsTo) {}
 
     /// As the user does.
@@ -31,8 +31,8 @@ struct FakeOwnWindow {
     int timesShown = 0;
 };
 
-using FakeForm = FakeOwnWindow<Form, FormListener>;
-using FakeTour = FakeOwnWindow<OnboardingPage, OnboardingListener>;
+using FakeForm = FakeProgramWindow<Form, FormListener>;
+using FakeTour = FakeProgramWindow<OnboardingPage, OnboardingListener>;
 
 class FakeProgramWindows final : public ProgramWindows {
 public:

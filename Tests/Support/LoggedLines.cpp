@@ -1,6 +1,6 @@
 #include "Support/LoggedLines.hpp"
 
-#include "App/DevLog.hpp"
+#include "Foundation/DevLog.hpp"
 
 #include <algorithm>
 #include <fstream>

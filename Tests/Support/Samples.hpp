@@ -1,7 +1,7 @@
 /// Values that many tests need, by the few numbers that matter to them.
 #pragma once
 
-#include "Displays/ScreenSnapshot.hpp"
+#include "Layout/ScreenSnapshot.hpp"
 #include "Model/DockItem.hpp"
 
 #include <string>

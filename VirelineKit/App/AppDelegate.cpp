@@ -1,6 +1,6 @@
 #include "App/AppDelegate.hpp"
 
-#include "App/DevLog.hpp"
+#include "Foundation/DevLog.hpp"
 #include "Platform/Application.hpp"
 #include "Platform/Workspace.hpp"
 #include "Views/DemoCursor.hpp"

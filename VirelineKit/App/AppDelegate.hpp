@@ -2,8 +2,9 @@
 /// starts them in a fixed order; every change reaches the docks through its three handlers.
 #pragma once
 
-#include "App/LoginItemManager.hpp"
 #include "App/StatusItemController.hpp"
+#include "ClientWindows/DockAnchorGuard.hpp"
+#include "ClientWindows/WindowMover.hpp"
 #include "Displays/DisplayCoordinator.hpp"
 #include "Foundation/Lifetime.hpp"
 #include "Interaction/AppActivator.hpp"
@@ -11,14 +12,13 @@
 #include "Interaction/TrashService.hpp"
 #include "Model/DockViewModel.hpp"
 #include "Platform/Platform.hpp"
+#include "ProgramWindows/OnboardingWindow.hpp"
+#include "ProgramWindows/SettingsWindow.hpp"
+#include "Settings/LoginItemManager.hpp"
 #include "Settings/PreferencesStore.hpp"
 #include "Sources/AppSourceResolver.hpp"
 #include "Sources/IconStore.hpp"
 #include "Sources/RunningAppsMonitor.hpp"
-#include "WindowManagement/DockAnchorGuard.hpp"
-#include "WindowManagement/WindowMover.hpp"
-#include "Windows/OnboardingWindow.hpp"
-#include "Windows/SettingsWindow.hpp"
 
 #include <optional>
 #include <span>

@@ -1,8 +1,8 @@
 #include "App/StatusItemController.hpp"
 
-#include "App/DevLog.hpp"
-#include "App/LoginItemManager.hpp"
+#include "Foundation/DevLog.hpp"
 #include "Platform/Application.hpp"
+#include "Settings/LoginItemManager.hpp"
 
 #include <string_view>
 #include <utility>

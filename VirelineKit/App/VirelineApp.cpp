@@ -1,7 +1,7 @@
 #include "App/VirelineApp.hpp"
 
 #include "App/AppDelegate.hpp"
-#include "App/DevLog.hpp"
+#include "Foundation/DevLog.hpp"
 #include "Foundation/Require.hpp"
 #include "Platform/Application.hpp"
 #include "Platform/FileSystem.hpp"

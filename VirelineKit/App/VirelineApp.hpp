@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Foundation/FileURL.hpp"
-#include "Views/Menu.hpp"
+#include "Presentation/Menu.hpp"
 
 #include <optional>
 #include <string>

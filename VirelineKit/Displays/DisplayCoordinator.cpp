@@ -1,9 +1,9 @@
 #include "Displays/DisplayCoordinator.hpp"
 
-#include "App/DevLog.hpp"
+#include "ClientWindows/GuardMath.hpp"
+#include "Foundation/DevLog.hpp"
 #include "Platform/RunLoop.hpp"
 #include "Platform/Screens.hpp"
-#include "WindowManagement/GuardMath.hpp"
 
 #include <algorithm>
 #include <ranges>
@@ -104,11 +104,8 @@ void DisplayCoordinator::closePanelsElsewhere(DockPosition position) {
 
 std::vector<PanelSpec> DisplayCoordinator::desiredPanels(std::span<const ScreenSnapshot> screens,
                                                          DockPosition position) const {
-    const auto& items = context_.model.items.get();
-    const auto pinned = static_cast<int>(std::ranges::count_if(items, &DockItem::isPinned));
     PanelPlanner::Request request;
-    request.pinnedCount = pinned;
-    request.unpinnedRunningCount = static_cast<int>(items.size()) - pinned;
+    request.counts = DockOrdering::Counts::of(context_.model.items.get());
     request.maxIconSize = context_.model.configuredIconSize.get();
     request.position = position;
     request.magnification = context_.model.magnification.get();

@@ -1,6 +1,7 @@
 #include "Displays/DockPanel.hpp"
 
-#include "Displays/DockMetrics.hpp"
+#include "Layout/DockEdge.hpp"
+#include "Model/DockMetrics.hpp"
 #include "Platform/MotionSettings.hpp"
 #include "Platform/RunLoop.hpp"
 
@@ -16,19 +17,12 @@ constexpr double pressCheckInterval = 0.25;
 /// as large as the planned frame whatever the window's size, so that nothing in it moves when the
 /// window grows towards the display's edge or shrinks to the sliver there.
 Point hostedOrigin(DockPosition position, bool autoHide, bool collapsed, Size window, Size view) {
-    if (collapsed && position == DockPosition::right)
-        return {window.width - view.width, 0};
-    if (collapsed || !autoHide)
-        return {0, 0};
-    switch (position) {
-    case DockPosition::bottom:
-        return {0, DockMetrics::sliverThickness};
-    case DockPosition::left:
-        return {DockMetrics::sliverThickness, 0};
-    case DockPosition::right:
-        break;
-    }
-    return {0, 0};
+    const auto edge = DockEdge::global(position);
+    const Rect bounds{0, 0, window.width, window.height};
+    const Rect hosted{0, 0, view.width, view.height};
+    const double gap = autoHide && !collapsed ? DockMetrics::sliverThickness : 0;
+    const Extent across = edge.atEdge(edge.across(bounds), edge.across(hosted).length, gap);
+    return edge.rect(edge.along(hosted), across).origin();
 }
 
 }

@@ -3,12 +3,12 @@
 /// moved and destroyed by the display coordinator.
 #pragma once
 
-#include "Displays/PanelPlanner.hpp"
-#include "Displays/PanelUIState.hpp"
 #include "Foundation/Lifetime.hpp"
+#include "Layout/PanelPlanner.hpp"
 #include "Platform/PanelWindow.hpp"
 #include "Views/Animator.hpp"
 #include "Views/DockRootView.hpp"
+#include "Views/PanelUIState.hpp"
 
 #include <memory>
 

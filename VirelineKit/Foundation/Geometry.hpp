@@ -34,6 +34,7 @@ struct Rect {
     [[nodiscard]] constexpr double midY() const noexcept { return y + height / 2; }
     [[nodiscard]] constexpr double maxX() const noexcept { return x + width; }
     [[nodiscard]] constexpr double maxY() const noexcept { return y + height; }
+    [[nodiscard]] constexpr Point origin() const noexcept { return {x, y}; }
     [[nodiscard]] constexpr Size size() const noexcept { return {width, height}; }
     [[nodiscard]] constexpr Point center() const noexcept { return {midX(), midY()}; }
 

@@ -1,9 +1,9 @@
 #include "Interaction/AppActivator.hpp"
 
-#include "App/DevLog.hpp"
-#include "Displays/ScreenSnapshot.hpp"
+#include "ClientWindows/WindowMover.hpp"
+#include "Foundation/DevLog.hpp"
+#include "Layout/ScreenSnapshot.hpp"
 #include "Platform/Accessibility.hpp"
-#include "WindowManagement/WindowMover.hpp"
 
 #include <string>
 

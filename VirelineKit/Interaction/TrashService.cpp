@@ -1,6 +1,6 @@
 #include "Interaction/TrashService.hpp"
 
-#include "App/DevLog.hpp"
+#include "Foundation/DevLog.hpp"
 #include "Platform/RunLoop.hpp"
 
 #include <utility>

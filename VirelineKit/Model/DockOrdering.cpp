@@ -1,7 +1,7 @@
 #include "Model/DockOrdering.hpp"
 
-#include "Displays/DockMetrics.hpp"
 #include "Foundation/Require.hpp"
+#include "Model/DockMetrics.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -17,6 +17,11 @@ DockItem item(const AppRef& app, bool isPinned, bool isRunning) {
     return {app.bundleID, app.name, app.url, isPinned, isRunning};
 }
 
+}
+
+Counts Counts::of(std::span<const DockItem> items) {
+    const auto pinned = static_cast<int>(std::ranges::count_if(items, &DockItem::isPinned));
+    return {.pinned = pinned, .unpinnedRunning = static_cast<int>(items.size()) - pinned};
 }
 
 int Counts::tiles() const {

@@ -13,7 +13,11 @@ namespace vireline::DockOrdering {
 struct Counts {
     int pinned = 0;
     int unpinnedRunning = 0;
-    int utility = 0;
+    /// Downloads and Trash, which every dock has room for.
+    int utility = 2;
+
+    /// Of the app tiles.
+    [[nodiscard]] static Counts of(std::span<const DockItem> items);
 
     [[nodiscard]] int tiles() const;
     /// One before the running group and one before the utility group, where those hold anything.

@@ -1,9 +1,9 @@
 /// What every dock shows. All panels share the one instance; its owner feeds it.
 #pragma once
 
-#include "Displays/DockMetrics.hpp"
 #include "Foundation/Observable.hpp"
 #include "Model/DockItem.hpp"
+#include "Model/DockMetrics.hpp"
 
 #include <functional>
 #include <set>

@@ -4,10 +4,10 @@
 
 #include "Foundation/Geometry.hpp"
 #include "Foundation/ScopedHandle.hpp"
-#include "Platform/AccessibleTile.hpp"
-#include "Views/Menu.hpp"
-#include "Views/PointerEvent.hpp"
-#include "Views/Scene.hpp"
+#include "Presentation/AccessibleTile.hpp"
+#include "Presentation/Menu.hpp"
+#include "Presentation/PointerEvent.hpp"
+#include "Presentation/Scene.hpp"
 
 #include <cstdint>
 #include <functional>

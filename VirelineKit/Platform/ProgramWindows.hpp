@@ -3,8 +3,8 @@
 #pragma once
 
 #include "Foundation/Geometry.hpp"
-#include "Windows/Form.hpp"
-#include "Windows/OnboardingPage.hpp"
+#include "Presentation/Form.hpp"
+#include "Presentation/OnboardingPage.hpp"
 
 #include <memory>
 #include <string>

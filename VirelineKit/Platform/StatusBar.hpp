@@ -1,7 +1,7 @@
 /// The place where the desktop shows small items of running programs: a menu bar or a tray.
 #pragma once
 
-#include "Views/Menu.hpp"
+#include "Presentation/Menu.hpp"
 
 #include <cstddef>
 #include <memory>

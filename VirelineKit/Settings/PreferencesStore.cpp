@@ -1,6 +1,6 @@
 #include "Settings/PreferencesStore.hpp"
 
-#include "App/DevLog.hpp"
+#include "Foundation/DevLog.hpp"
 #include "Foundation/Require.hpp"
 #include "Settings/SettingsCoding.hpp"
 

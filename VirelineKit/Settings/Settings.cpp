@@ -7,50 +7,31 @@
 namespace vireline {
 namespace {
 
-using namespace std::string_view_literals;
+using SourceModeName = std::pair<SourceMode, std::string_view>;
 
 constexpr std::array sourceModes{
-    std::pair{SourceMode::mirror, "mirror"sv},
-    std::pair{SourceMode::manual, "manual"sv},
+    SourceModeName{SourceMode::mirror, "mirror"},
+    SourceModeName{SourceMode::manual, "manual"},
 };
-
-constexpr std::array dockPositions{
-    std::pair{DockPosition::bottom, "bottom"sv},
-    std::pair{DockPosition::left, "left"sv},
-    std::pair{DockPosition::right, "right"sv},
-};
-
-template <class Value, std::size_t size>
-std::string_view
-textOf(Value value, const std::array<std::pair<Value, std::string_view>, size>& table) noexcept {
-    const auto* row = std::ranges::find(table, value, &std::pair<Value, std::string_view>::first);
-    return row == table.end() ? std::string_view{} : row->second;
-}
-
-template <class Value, std::size_t size>
-std::optional<Value>
-valueOf(std::string_view text,
-        const std::array<std::pair<Value, std::string_view>, size>& table) noexcept {
-    const auto* row = std::ranges::find(table, text, &std::pair<Value, std::string_view>::second);
-    return row == table.end() ? std::nullopt : std::optional{row->first};
-}
 
 }
 
 std::string_view rawValue(SourceMode mode) noexcept {
-    return textOf(mode, sourceModes);
+    return std::ranges::find(sourceModes, mode, &SourceModeName::first)->second;
 }
 
 std::string_view rawValue(DockPosition position) noexcept {
-    return textOf(position, dockPositions);
+    return traitsOf(position).name;
 }
 
 std::optional<SourceMode> sourceMode(std::string_view rawValue) noexcept {
-    return valueOf(rawValue, sourceModes);
+    const auto* row = std::ranges::find(sourceModes, rawValue, &SourceModeName::second);
+    return row == sourceModes.end() ? std::nullopt : std::optional{row->first};
 }
 
 std::optional<DockPosition> dockPosition(std::string_view rawValue) noexcept {
-    return valueOf(rawValue, dockPositions);
+    const auto* row = std::ranges::find(dockPositions, rawValue, &DockPositionTraits::name);
+    return row == dockPositions.end() ? std::nullopt : std::optional{row->position};
 }
 
 }

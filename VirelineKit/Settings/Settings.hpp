@@ -2,6 +2,8 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -18,6 +20,29 @@ enum class SourceMode {
 
 /// The edge of each display that holds the dock.
 enum class DockPosition { bottom, left, right };
+
+struct DockPositionTraits {
+    DockPosition position;
+    /// The text that stands for it in the preferences file.
+    std::string_view name;
+    /// The same for the user.
+    std::string_view title;
+    /// Whether a dock there runs along x.
+    bool isHorizontal;
+    /// Whether its coordinate across that axis is the display's greater one in global space.
+    bool isTopOrRight;
+};
+
+/// Every position, in the order in which they are offered.
+inline constexpr std::array dockPositions{
+    DockPositionTraits{DockPosition::bottom, "bottom", "Bottom", true, false},
+    DockPositionTraits{DockPosition::left, "left", "Left", false, false},
+    DockPositionTraits{DockPosition::right, "right", "Right", false, true},
+};
+
+[[nodiscard]] constexpr const DockPositionTraits& traitsOf(DockPosition position) noexcept {
+    return dockPositions[static_cast<std::size_t>(position)];
+}
 
 /// The text that stands for the value in the preferences file.
 [[nodiscard]] std::string_view rawValue(SourceMode mode) noexcept;

@@ -1,6 +1,6 @@
 #include "Sources/AppSourceResolver.hpp"
 
-#include "App/DevLog.hpp"
+#include "Foundation/DevLog.hpp"
 #include "Platform/ApplicationCatalog.hpp"
 #include "Platform/FileSystem.hpp"
 #include "Sources/RunningAppsMonitor.hpp"

@@ -1,7 +1,7 @@
 #include "Sources/IconStore.hpp"
 
-#include "Displays/DockMetrics.hpp"
 #include "Foundation/Require.hpp"
+#include "Model/DockMetrics.hpp"
 
 namespace vireline {
 namespace {

@@ -1,9 +1,9 @@
 /// What a dock's tiles are to assistive technology.
 #pragma once
 
-#include "Platform/AccessibleTile.hpp"
+#include "Layout/StripLayout.hpp"
+#include "Presentation/AccessibleTile.hpp"
 #include "Views/DockTiles.hpp"
-#include "Views/StripLayout.hpp"
 
 #include <span>
 #include <vector>

@@ -2,7 +2,7 @@
 /// where it is; nothing ever jumps but what has no curve.
 #pragma once
 
-#include "Views/Scene.hpp"
+#include "Presentation/Scene.hpp"
 
 #include <array>
 #include <optional>

@@ -1,6 +1,6 @@
 #include "Views/DockRootView.hpp"
 
-#include "Displays/DockMetrics.hpp"
+#include "Model/DockMetrics.hpp"
 #include "Platform/PointerSettings.hpp"
 #include "Platform/RunLoop.hpp"
 #include "Sources/IconStore.hpp"
@@ -87,13 +87,11 @@ bool DockRootView::canHold(const Press& press) {
 }
 
 StripLayout::Request DockRootView::layoutRequest() const {
-    const auto& items = context_.model.items.get();
     StripLayout::Request request;
-    request.pinnedCount = static_cast<int>(std::ranges::count_if(items, &DockItem::isPinned));
-    request.unpinnedRunningCount = static_cast<int>(items.size()) - request.pinnedCount;
+    request.counts = DockOrdering::Counts::of(context_.model.items.get());
     request.hasDownloads = tiles_.has(TileKind::downloads);
     request.hasTrash = tiles_.has(TileKind::trash);
-    request.iconSize = DockOrdering::fittedIconSize(request.counts(), spec_.availableWidth,
+    request.iconSize = DockOrdering::fittedIconSize(request.counts, spec_.availableWidth,
                                                     context_.model.configuredIconSize.get());
     request.magnification = context_.model.magnification.get();
     request.edge = {spec_.position, spec_.frame.size()};
@@ -370,7 +368,7 @@ void DockRootView::drag(Press& press, Point p) {
         if (onReorderDrag)
             onReorderDrag(true);
     }
-    press.offset = spec_.position == DockPosition::bottom ? moved.x : moved.y;
+    press.offset = request_.edge.along(moved);
 }
 
 void DockRootView::endDrag(bool isDropped) {
@@ -402,7 +400,7 @@ std::optional<ReorderMath::Drag> DockRootView::reorderDrag() const {
     return ReorderMath::Drag{.draggedIndex = static_cast<int>(*dragged),
                              .offset = press_->offset,
                              .slot = request_.iconSize + DockMetrics::iconSpacing,
-                             .count = request_.pinnedCount};
+                             .count = request_.counts.pinned};
 }
 
 bool DockRootView::dragEntered(const std::vector<std::string>& urls) {

@@ -2,16 +2,16 @@
 /// and the pointer's gestures into actions. Owned by the panel that hosts it.
 #pragma once
 
-#include "Displays/PanelPlanner.hpp"
-#include "Displays/PanelUIState.hpp"
 #include "Foundation/Lifetime.hpp"
 #include "Interaction/DockActions.hpp"
+#include "Layout/PanelPlanner.hpp"
+#include "Layout/ReorderMath.hpp"
+#include "Layout/StripLayout.hpp"
 #include "Model/DockViewModel.hpp"
 #include "Platform/PanelWindow.hpp"
 #include "Views/DockScene.hpp"
 #include "Views/DockTiles.hpp"
-#include "Views/ReorderMath.hpp"
-#include "Views/StripLayout.hpp"
+#include "Views/PanelUIState.hpp"
 
 #include <array>
 #include <cstddef>

@@ -1,6 +1,6 @@
 #include "Views/DockScene.hpp"
 
-#include "Displays/DockMetrics.hpp"
+#include "Model/DockMetrics.hpp"
 
 #include <algorithm>
 #include <utility>

@@ -1,9 +1,9 @@
 /// The looks of a dock: where everything lies and how it stands, as nodes to paint.
 #pragma once
 
-#include "Views/Edge.hpp"
-#include "Views/Scene.hpp"
-#include "Views/StripLayout.hpp"
+#include "Layout/Edge.hpp"
+#include "Layout/StripLayout.hpp"
+#include "Presentation/Scene.hpp"
 
 #include <cstddef>
 #include <cstdint>

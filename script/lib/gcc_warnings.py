@@ -13,7 +13,7 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 BUILD = ROOT / "build/gcc"
-FOLDERS = [BUILD / "Tests", BUILD / "Benchmarks", ROOT / "Tests", ROOT / "Benchmarks"]
+FOLDERS = [folder / part for folder in (BUILD, ROOT) for part in ("Tests", "Tools", "Benchmarks")]
 
 
 def commands():

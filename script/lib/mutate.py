@@ -30,11 +30,11 @@ PARTS = ["CMakeLists.txt", "cmake", "VirelineKit", "Tests/CMakeLists.txt", "Test
 
 # The rules, and the few values that hold numbers or arithmetic.
 RULES = """
-Displays/DockEdge.hpp
-Displays/DockLocationDetector.cpp
-Displays/DockMetrics.hpp
-Displays/FullScreenDetector.cpp
-Displays/PanelPlanner.cpp
+Layout/DockEdge.hpp
+Layout/DockLocationDetector.cpp
+Model/DockMetrics.hpp
+Layout/FullScreenDetector.cpp
+Layout/PanelPlanner.cpp
 Foundation/Geometry.hpp
 Interaction/ClickPolicy.cpp
 Interaction/TapTracker.cpp
@@ -44,19 +44,19 @@ Settings/Settings.hpp
 Settings/SettingsCoding.cpp
 Sources/DockPreferencesReader.cpp
 Views/AccessibleTiles.cpp
-Views/Curve.cpp
+Presentation/Curve.cpp
 Views/DemoCursor.cpp
-Views/DockMagnifier.cpp
-Views/DockMagnifier.hpp
+Layout/DockMagnifier.cpp
+Layout/DockMagnifier.hpp
 Views/DockScene.cpp
-Views/Edge.hpp
-Views/ReorderMath.cpp
-Views/StripLayout.cpp
-WindowManagement/GuardMath.cpp
-WindowManagement/GuardMath.hpp
-WindowManagement/WindowPlacement.cpp
-Windows/OnboardingView.cpp
-Windows/SettingsView.cpp
+Layout/Edge.hpp
+Layout/ReorderMath.cpp
+Layout/StripLayout.cpp
+ClientWindows/GuardMath.cpp
+ClientWindows/GuardMath.hpp
+ClientWindows/WindowPlacement.cpp
+ProgramWindows/OnboardingView.cpp
+ProgramWindows/SettingsView.cpp
 """.split()
 
 # A mutant that takes longer, or more memory, is caught: tests run in a fraction of that.

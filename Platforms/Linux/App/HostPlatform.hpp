@@ -2,8 +2,8 @@
 /// one place.
 #pragma once
 
-#include "App/XServer.hpp"
 #include "Platform/Platform.hpp"
+#include "X11/XServer.hpp"
 
 #include <expected>
 #include <memory>

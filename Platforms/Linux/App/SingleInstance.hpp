@@ -2,9 +2,9 @@
 /// the selection when its owner goes, however that comes about.
 #pragma once
 
-#include "App/SecondStarts.hpp"
-#include "App/XServer.hpp"
 #include "Foundation/CallbackList.hpp"
+#include "Toolkit/SecondStarts.hpp"
+#include "X11/XServer.hpp"
 
 #include <QSocketNotifier>
 #include <memory>

@@ -1,9 +1,9 @@
 #include "Applications/DesktopEntryCatalog.hpp"
 
-#include "App/StartLog.hpp"
 #include "Applications/Entries/DesktopEntryFiles.hpp"
 #include "Applications/Entries/WellKnownApplications.hpp"
 #include "Applications/Identity/PlainText.hpp"
+#include "Files/StartLog.hpp"
 #include "GLib/GLibHandles.hpp"
 
 #include <gio/gdesktopappinfo.h>

@@ -1,9 +1,9 @@
 #include "Applications/EwmhRunningApplications.hpp"
 
+#include "Applications/ClientWindows/WindowIcons.hpp"
 #include "Applications/Identity/AppIdentity.hpp"
 #include "Applications/Identity/PlainText.hpp"
 #include "Applications/Identity/ProcessFacts.hpp"
-#include "Applications/Windows/WindowIcons.hpp"
 
 #include <algorithm>
 #include <array>

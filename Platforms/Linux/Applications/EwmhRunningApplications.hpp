@@ -2,13 +2,13 @@
 /// launches under way.
 #pragma once
 
+#include "Applications/ClientWindows/AppGroups.hpp"
+#include "Applications/ClientWindows/ClientList.hpp"
+#include "Applications/ClientWindows/HiddenWindows.hpp"
 #include "Applications/DesktopEntryCatalog.hpp"
 #include "Applications/Launching/LaunchTracker.hpp"
 #include "Applications/Launching/StartupMessenger.hpp"
 #include "Applications/WindowIconSource.hpp"
-#include "Applications/Windows/AppGroups.hpp"
-#include "Applications/Windows/ClientList.hpp"
-#include "Applications/Windows/HiddenWindows.hpp"
 #include "Foundation/CallbackList.hpp"
 #include "Foundation/Lifetime.hpp"
 #include "Platform/RunLoop.hpp"

@@ -1,8 +1,8 @@
 #include "Desktop/PlankLaunchers.hpp"
 
-#include "App/DevLog.hpp"
 #include "Desktop/PinnedApps.hpp"
 #include "Files/PathFollower.hpp"
+#include "Foundation/DevLog.hpp"
 
 #include <algorithm>
 #include <filesystem>

@@ -1,8 +1,8 @@
 #include "Desktop/PropertyListPins.hpp"
 
-#include "App/DevLog.hpp"
 #include "Desktop/PropertyListLimits.hpp"
 #include "Files/PathFollower.hpp"
+#include "Foundation/DevLog.hpp"
 #include "Sources/DockPreferencesReader.hpp"
 
 namespace vireline::x11 {

@@ -1,6 +1,6 @@
 #include "Displays/RandrScreens.hpp"
 
-#include "App/StartLog.hpp"
+#include "Files/StartLog.hpp"
 #include "X11/X11Connection.hpp"
 
 #include <xcb/randr.h>

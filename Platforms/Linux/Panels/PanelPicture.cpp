@@ -1,11 +1,11 @@
 #include "Panels/PanelPicture.hpp"
 
-#include "Panels/Appearance.hpp"
+#include "Painting/Pixels.hpp"
+#include "Painting/SceneDamage.hpp"
 #include "Panels/DesktopWatch.hpp"
 #include "Panels/OpaqueOutline.hpp"
 #include "Panels/PanelContext.hpp"
-#include "Panels/Pixels.hpp"
-#include "Panels/SceneDamage.hpp"
+#include "Toolkit/Appearance.hpp"
 
 #include <QPolygon>
 #include <QRegion>

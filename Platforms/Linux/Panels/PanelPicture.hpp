@@ -2,13 +2,13 @@
 /// and keeps the window's outline and the region that takes the pointer in step with them.
 #pragma once
 
-#include "Panels/Damage.hpp"
-#include "Panels/DockColors.hpp"
+#include "Painting/Damage.hpp"
+#include "Painting/DockColors.hpp"
+#include "Painting/ScenePainter.hpp"
+#include "Painting/ViewMapping.hpp"
 #include "Panels/PanelSurface.hpp"
-#include "Panels/ScenePainter.hpp"
-#include "Panels/ViewMapping.hpp"
 #include "Panels/WindowShape.hpp"
-#include "Views/Scene.hpp"
+#include "Presentation/Scene.hpp"
 
 #include <xcb/xcb.h>
 

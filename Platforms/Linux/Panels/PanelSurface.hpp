@@ -2,7 +2,7 @@
 /// share, where they can, else through the connection.
 #pragma once
 
-#include "Panels/Damage.hpp"
+#include "Painting/Damage.hpp"
 #include "X11/DrawingConnection.hpp"
 #include "X11/SharedMemory.hpp"
 

@@ -1,10 +1,10 @@
 #include "Panels/QtPanelWindow.hpp"
 
 #include "Displays/RandrScreens.hpp"
-#include "Panels/Appearance.hpp"
 #include "Panels/DesktopWatch.hpp"
 #include "Panels/DockHints.hpp"
-#include "Panels/QtCoordinates.hpp"
+#include "Toolkit/Appearance.hpp"
+#include "Toolkit/QtCoordinates.hpp"
 #include "X11/X11Connection.hpp"
 
 #include <QEnterEvent>

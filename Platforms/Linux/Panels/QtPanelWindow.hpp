@@ -5,16 +5,16 @@
 #include "Displays/DisplayGeometry.hpp"
 #include "Foundation/Lifetime.hpp"
 #include "Foundation/ScopedHandle.hpp"
+#include "Painting/ViewMapping.hpp"
 #include "Panels/Accessible/AccessibleDock.hpp"
 #include "Panels/Drops/XdndTarget.hpp"
 #include "Panels/FrameClock.hpp"
 #include "Panels/Keeping/DockKeeper.hpp"
 #include "Panels/PanelContext.hpp"
 #include "Panels/PanelPicture.hpp"
-#include "Panels/PanelPointer.hpp"
-#include "Panels/PopUpMenu.hpp"
-#include "Panels/ViewMapping.hpp"
+#include "Panels/Pointer/PanelPointer.hpp"
 #include "Platform/PanelWindow.hpp"
+#include "Toolkit/PopUpMenu.hpp"
 
 #include <QWindow>
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include "Panels/QtPanelWindows.hpp"
 
-#include "Panels/LabelPainter.hpp"
+#include "Painting/LabelPainter.hpp"
 #include "Panels/QtPanelWindow.hpp"
 
 #include <chrono>

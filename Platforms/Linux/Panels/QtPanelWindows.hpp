@@ -1,9 +1,9 @@
 /// Makes the docks' windows and holds what they share.
 #pragma once
 
-#include "Panels/Appearance.hpp"
 #include "Panels/DesktopWatch.hpp"
 #include "Platform/PanelWindow.hpp"
+#include "Toolkit/Appearance.hpp"
 #include "X11/DrawingConnection.hpp"
 
 #include <QTimer>

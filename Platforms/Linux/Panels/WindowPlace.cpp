@@ -1,6 +1,6 @@
 #include "Panels/WindowPlace.hpp"
 
-#include "App/DevLog.hpp"
+#include "Foundation/DevLog.hpp"
 #include "Panels/DockHints.hpp"
 #include "X11/X11Connection.hpp"
 
@@ -13,7 +13,7 @@ namespace {
 
 /// Time for a correction to come about, before the next one. What was on its way before it would
 /// otherwise be answered with as many more.
-constexpr std::chrono::milliseconds pauseLength{100};
+constexpr std::chrono::milliseconds placingPause{100};
 
 /// Time for a move to come about; more than any window manager takes that means to carry it out.
 constexpr std::chrono::milliseconds arrivalTime{500};
@@ -24,7 +24,7 @@ WindowPlace::WindowPlace(const X11Connection& connection, xcb_window_t window,
                          std::uint32_t displayID)
     : connection_(connection), window_(window), displayID_(displayID) {
     pause_.setSingleShot(true);
-    pause_.setInterval(pauseLength);
+    pause_.setInterval(placingPause);
     pause_.callOnTimeout([this] { look(); });
     arrival_.setSingleShot(true);
     arrival_.setInterval(arrivalTime);

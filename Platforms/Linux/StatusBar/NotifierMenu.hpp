@@ -3,7 +3,7 @@
 #pragma once
 
 #include "GLib/DBusObject.hpp"
-#include "Views/Menu.hpp"
+#include "Presentation/Menu.hpp"
 
 #include <cstddef>
 #include <cstdint>

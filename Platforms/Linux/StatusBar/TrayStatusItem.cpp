@@ -1,8 +1,8 @@
 #include "StatusBar/TrayStatusItem.hpp"
 
 #include "Icons/IconTheme.hpp"
-#include "OwnWindows/Symbols.hpp"
-#include "Panels/Appearance.hpp"
+#include "ProgramWindows/Symbols.hpp"
+#include "Toolkit/Appearance.hpp"
 
 #include <QCursor>
 #include <QGuiApplication>

@@ -3,12 +3,12 @@
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
-#include "Panels/PopUpMenu.hpp"
 #include "Platform/StatusBar.hpp"
 #include "StatusBar/NotifierHosts.hpp"
 #include "StatusBar/NotifierItem.hpp"
 #include "StatusBar/TrayIcon.hpp"
 #include "StatusBar/TrayManager.hpp"
+#include "Toolkit/PopUpMenu.hpp"
 
 #include <array>
 #include <memory>

@@ -3,9 +3,7 @@
 /// nobody else. Requests of the two are carried out in any order.
 #pragma once
 
-#include <xcb/xcb.h>
-
-#include <memory>
+#include "X11/XcbHandles.hpp"
 
 namespace vireline::x11 {
 
@@ -48,12 +46,8 @@ public:
     void discardEvents() const;
 
 private:
-    struct Disconnect {
-        void operator()(xcb_connection_t* connection) const noexcept { xcb_disconnect(connection); }
-    };
-
     const X11Connection& qt_;
-    std::unique_ptr<xcb_connection_t, Disconnect> own_;
+    OwnConnection own_;
 };
 
 }

@@ -3,9 +3,9 @@
 /// asked for on it ends with it.
 #pragma once
 
-#include "App/XServer.hpp"
 #include "Foundation/Result.hpp"
 #include "X11/X11Connection.hpp"
+#include "X11/XServer.hpp"
 
 #include <xcb/xcb.h>
 

@@ -1,6 +1,7 @@
 #include "X11/X11Connection.hpp"
 
 #include "Foundation/Require.hpp"
+#include "X11/XcbHandles.hpp"
 
 #include <xcb/xinput.h>
 
@@ -31,13 +32,6 @@ xcb_connection_t* connectionOfQt() {
     const auto* native = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     require(native != nullptr, "the application runs on the xcb platform plugin");
     return native->connection();
-}
-
-xcb_window_t rootOf(xcb_connection_t* connection, int screenNumber) {
-    auto screen = xcb_setup_roots_iterator(xcb_get_setup(connection));
-    for (; screenNumber > 0 && screen.rem > 1; --screenNumber)
-        xcb_screen_next(&screen);
-    return screen.data->root;
 }
 
 xcb_intern_atom_cookie_t askForAtom(xcb_connection_t* connection, std::string_view name) {

@@ -7,6 +7,8 @@
 #include "Applications/MacWorkspace.hpp"
 #include "Applications/WorkspaceApplications.hpp"
 #include "Applications/WorkspaceCatalog.hpp"
+#include "ClientWindows/AXAccessibility.hpp"
+#include "ClientWindows/EventTaps.hpp"
 #include "Desktop/CFDockPreferences.hpp"
 #include "Displays/MacScreens.hpp"
 #include "Files/DispatchFileEvents.hpp"
@@ -14,12 +16,10 @@
 #include "Files/FoundationTrash.hpp"
 #include "Files/FoundationUserFolders.hpp"
 #include "Icons/WorkspaceIcons.hpp"
-#include "OwnWindows/MacProgramWindows.hpp"
 #include "Panels/MacPanelWindows.hpp"
+#include "ProgramWindows/MacProgramWindows.hpp"
 #include "Session/MainAppLoginItem.hpp"
 #include "StatusBar/MenuBar.hpp"
-#include "Windows/AXAccessibility.hpp"
-#include "Windows/EventTaps.hpp"
 
 #include <csignal>
 #include <utility>

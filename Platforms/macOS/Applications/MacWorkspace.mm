@@ -1,8 +1,8 @@
 #include "Applications/MacWorkspace.hpp"
 
-#include "App/DevLog.hpp"
 #include "Bridge/Attempt.hpp"
 #include "Bridge/Conversions.hpp"
+#include "Foundation/DevLog.hpp"
 
 #import <AppKit/AppKit.h>
 

@@ -1,7 +1,7 @@
 #include "Bridge/Attempt.hpp"
 
-#include "App/DevLog.hpp"
 #include "Bridge/Conversions.hpp"
+#include "Foundation/DevLog.hpp"
 
 #include <cerrno>
 #include <string>

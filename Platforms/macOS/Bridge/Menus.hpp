@@ -1,7 +1,7 @@
 /// The kit's menus as AppKit's.
 #pragma once
 
-#include "Views/Menu.hpp"
+#include "Presentation/Menu.hpp"
 
 #import <AppKit/AppKit.h>
 

@@ -1,7 +1,7 @@
 /// A native popup menu made of a menu's data, which opens without anybody having the focus.
 #pragma once
 
-#include "Views/Menu.hpp"
+#include "Presentation/Menu.hpp"
 
 #import <AppKit/AppKit.h>
 

@@ -1,8 +1,8 @@
 /// Shows a dock's scene, one view a node, and its tiles to assistive technology.
 #pragma once
 
+#include "Presentation/Scene.hpp"
 #include "Translation/PanelInput.hpp"
-#include "Views/Scene.hpp"
 
 #import <AppKit/AppKit.h>
 

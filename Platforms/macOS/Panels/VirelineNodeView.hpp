@@ -2,7 +2,7 @@
 /// it.
 #pragma once
 
-#include "Views/Scene.hpp"
+#include "Presentation/Scene.hpp"
 
 #import <AppKit/AppKit.h>
 

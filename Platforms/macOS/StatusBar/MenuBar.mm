@@ -1,9 +1,9 @@
 #include "StatusBar/MenuBar.hpp"
 
-#include "App/DevLog.hpp"
 #include "Bridge/Attempt.hpp"
 #include "Bridge/Conversions.hpp"
 #include "Bridge/Menus.hpp"
+#include "Foundation/DevLog.hpp"
 #include "Foundation/Lifetime.hpp"
 
 #import <AppKit/AppKit.h>

@@ -1,7 +1,7 @@
 /// Which changes of a scene assistive technology has to be told of.
 #pragma once
 
-#include "Views/Scene.hpp"
+#include "Presentation/Scene.hpp"
 
 #include <cstdint>
 #include <vector>

@@ -2,7 +2,7 @@
 /// points, origin top-left, y downwards; a scale is pixels per point.
 #pragma once
 
-#include "Views/Scene.hpp"
+#include "Presentation/Scene.hpp"
 
 namespace vireline::macos::ScenePlacement {
 

@@ -1,7 +1,7 @@
 /// What the responder chain calls the entries of the main menu.
 #pragma once
 
-#include "Views/Menu.hpp"
+#include "Presentation/Menu.hpp"
 
 namespace vireline::macos::StandardActions {
 

@@ -1,10 +1,10 @@
 /// The real adapters that the contracts are tested with on Linux.
 #pragma once
 
-#include "App/QtRunLoop.hpp"
 #include "Files/InotifyFileEvents.hpp"
 #include "Files/PosixFileSystem.hpp"
 #include "Linux/EventLoop.hpp"
+#include "Toolkit/QtRunLoop.hpp"
 
 namespace vireline::test {
 

@@ -1,6 +1,6 @@
 // Other programs' windows: what their elements answer, and every way in which they do not.
+#include "ClientWindows/AXAccessibility.hpp"
 #include "Cocoa/Paper.hpp"
-#include "Windows/AXAccessibility.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // What the program's own windows are made of: the settings' form and the pages of the tour.
 #include "Cocoa/Paper.hpp"
-#include "OwnWindows/MacProgramWindows.hpp"
 #include "Platform/ProgramWindows.hpp"
 #include "ProgramTest.hpp"
+#include "ProgramWindows/MacProgramWindows.hpp"
 #include "Translation/FormLayout.hpp"
 #include "Translation/PageLayout.hpp"
 

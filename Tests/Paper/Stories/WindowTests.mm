@@ -7,9 +7,9 @@
 namespace vireline {
 namespace {
 
-class OwnWindows : public ProgramTest {
+class ProgramWindows : public ProgramTest {
 protected:
-    OwnWindows() { pinThreeApps(); }
+    ProgramWindows() { pinThreeApps(); }
 
     static NSWindow* openSettings() {
         EXPECT_TRUE(paper::chooseStatusItem("Settings…"));
@@ -17,7 +17,7 @@ protected:
     }
 };
 
-TEST_F(OwnWindows, OfSettingsWriteWhatIsSwitched) {
+TEST_F(ProgramWindows, OfSettingsWriteWhatIsSwitched) {
     runProgram([this] {
         NSWindow* const settings = openSettings();
         ASSERT_NE(settings, nil);
@@ -30,7 +30,7 @@ TEST_F(OwnWindows, OfSettingsWriteWhatIsSwitched) {
     });
 }
 
-TEST_F(OwnWindows, OfSettingsMoveDocksToAnotherEdge) {
+TEST_F(ProgramWindows, OfSettingsMoveDocksToAnotherEdge) {
     runProgram([] {
         NSWindow* const settings = openSettings();
         const id position = controlNamed(settings, "Position on screen");
@@ -44,7 +44,7 @@ TEST_F(OwnWindows, OfSettingsMoveDocksToAnotherEdge) {
     });
 }
 
-TEST_F(OwnWindows, OfSettingsAreOneWindowHoweverOftenTheyAreOpened) {
+TEST_F(ProgramWindows, OfSettingsAreOneWindowHoweverOftenTheyAreOpened) {
     runProgram([] {
         NSWindow* const first = openSettings();
         EXPECT_EQ(openSettings(), first);
@@ -52,12 +52,12 @@ TEST_F(OwnWindows, OfSettingsAreOneWindowHoweverOftenTheyAreOpened) {
     });
 }
 
-TEST_F(OwnWindows, ComeToTheFrontWhenActivationIsRefused) {
+TEST_F(ProgramWindows, ComeToTheFrontWhenActivationIsRefused) {
     paper::refuseActivation(true);
     runProgram([] { EXPECT_FALSE(openSettings().paperIsBehind); });
 }
 
-TEST_F(OwnWindows, ComeToTheDesktopThatIsShownAlsoOverAFullScreen) {
+TEST_F(ProgramWindows, ComeToTheDesktopThatIsShownAlsoOverAFullScreen) {
     runProgram([] {
         EXPECT_EQ(openSettings().collectionBehavior,
                   NSWindowCollectionBehaviorMoveToActiveSpace |
@@ -65,7 +65,7 @@ TEST_F(OwnWindows, ComeToTheDesktopThatIsShownAlsoOverAFullScreen) {
     });
 }
 
-TEST_F(OwnWindows, AreShownOnTheDesktopThatTheUserIsOn) {
+TEST_F(ProgramWindows, AreShownOnTheDesktopThatTheUserIsOn) {
     runProgram([] {
         NSWindow* const settings = openSettings();
         EXPECT_TRUE(paper::isShown(settings));
@@ -77,7 +77,7 @@ TEST_F(OwnWindows, AreShownOnTheDesktopThatTheUserIsOn) {
     });
 }
 
-TEST_F(OwnWindows, AreShownOverAnotherProgramsFullScreenAsDocksAre) {
+TEST_F(ProgramWindows, AreShownOverAnotherProgramsFullScreenAsDocksAre) {
     runProgram([] {
         paper::showSpace(2, true);
         EXPECT_TRUE(paper::isShown(openSettings()));
@@ -85,7 +85,7 @@ TEST_F(OwnWindows, AreShownOverAnotherProgramsFullScreenAsDocksAre) {
     });
 }
 
-class Focus : public OwnWindows, public testing::WithParamInterface<int> {
+class Focus : public ProgramWindows, public testing::WithParamInterface<int> {
 protected:
     Focus() { paper::setSystemVersion(GetParam()); }
 
@@ -154,14 +154,14 @@ TEST_P(Focus, GoesToNoProgramThatHasEnded) {
 
 INSTANTIATE_TEST_SUITE_P(Versions, Focus, testing::Values(13, 14));
 
-TEST_F(OwnWindows, OfSettingsOpenWhenTheProgramIsOpenedAgain) {
+TEST_F(ProgramWindows, OfSettingsOpenWhenTheProgramIsOpenedAgain) {
     runProgram([] {
         paper::reopen();
         EXPECT_TRUE(paper::windowTitled("Vireline Settings").visible);
     });
 }
 
-TEST_F(OwnWindows, HaveSlidersThatComeToRestOnAStep) {
+TEST_F(ProgramWindows, HaveSlidersThatComeToRestOnAStep) {
     runProgram([this] {
         NSSlider* const slider = controlNamed(openSettings(), "Icon size");
         ASSERT_NE(slider, nil);
@@ -174,7 +174,7 @@ TEST_F(OwnWindows, HaveSlidersThatComeToRestOnAStep) {
     });
 }
 
-TEST_F(OwnWindows, HaveSlidersThatAssistiveTechnologyMovesByWholeSteps) {
+TEST_F(ProgramWindows, HaveSlidersThatAssistiveTechnologyMovesByWholeSteps) {
     runProgram([] {
         NSSlider* const slider = controlNamed(openSettings(), "Icon size");
         ASSERT_NE(slider, nil);
@@ -189,7 +189,7 @@ TEST_F(OwnWindows, HaveSlidersThatAssistiveTechnologyMovesByWholeSteps) {
     });
 }
 
-TEST_F(OwnWindows, OfTheTourComeAtTheFirstStartAndNeverAgain) {
+TEST_F(ProgramWindows, OfTheTourComeAtTheFirstStartAndNeverAgain) {
     writePreferences("{}");
     runProgram([] {
         NSWindow* const tour = paper::windowTitled("Welcome to Vireline");
@@ -206,7 +206,7 @@ TEST_F(OwnWindows, OfTheTourComeAtTheFirstStartAndNeverAgain) {
     EXPECT_NE(preferences().find("\"onboardingCompleted\": true"), std::string::npos);
 }
 
-TEST_F(OwnWindows, LeaveTheLoginItemToTheStatusMenu) {
+TEST_F(ProgramWindows, LeaveTheLoginItemToTheStatusMenu) {
     runProgram([] {
         EXPECT_TRUE(paper::chooseStatusItem("Launch at Login"));
         EXPECT_EQ(SMAppService.mainAppService.status, SMAppServiceStatusEnabled);
@@ -215,7 +215,7 @@ TEST_F(OwnWindows, LeaveTheLoginItemToTheStatusMenu) {
     });
 }
 
-class AutoHide : public OwnWindows {
+class AutoHide : public ProgramWindows {
 protected:
     AutoHide() { writePreferences(R"({"onboardingCompleted": true, "autoHide": true})"); }
 };
@@ -234,7 +234,7 @@ TEST_F(AutoHide, CollapsesADockToALineAndBringsItBack) {
     });
 }
 
-class ForeignWindows : public OwnWindows {
+class ForeignWindows : public ProgramWindows {
 protected:
     ForeignWindows() { paper::setTrusted(true); }
 };

@@ -89,8 +89,8 @@ std::vector<PanelSpec> PaperWorld::plannedDocks() {
     const auto others = std::ranges::count_if(
         running, [&](std::size_t index) { return !pinned.contains(apps.at(index).bundleID); });
     PanelPlanner::Request request;
-    request.pinnedCount = static_cast<int>(pinned.size());
-    request.unpinnedRunningCount = static_cast<int>(others);
+    request.counts.pinned = static_cast<int>(pinned.size());
+    request.counts.unpinnedRunning = static_cast<int>(others);
     request.maxIconSize = settings.iconSize;
     request.position = settings.position;
     request.magnification = effectiveMagnification(settings);

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "Cocoa/Paper.hpp"
-#include "Displays/PanelPlanner.hpp"
+#include "Layout/PanelPlanner.hpp"
 #include "Storm/WitnessedPanels.hpp"
 #include "Support/Random.hpp"
 

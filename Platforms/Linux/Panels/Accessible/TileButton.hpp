@@ -2,7 +2,7 @@
 /// screen reader speaks it behind the name and the role; a value is a number there.
 #pragma once
 
-#include "Platform/AccessibleTile.hpp"
+#include "Presentation/AccessibleTile.hpp"
 
 #include <QAccessibleActionInterface>
 #include <QAccessibleInterface>

@@ -1,6 +1,6 @@
 #include "Panels/Drops/XdndTarget.hpp"
 
-#include "App/DevLog.hpp"
+#include "Foundation/DevLog.hpp"
 #include "Panels/Drops/DroppedText.hpp"
 #include "X11/X11Connection.hpp"
 

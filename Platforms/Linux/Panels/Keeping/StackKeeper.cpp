@@ -13,7 +13,7 @@ namespace vireline::x11 {
 namespace {
 
 /// A window manager takes some time for all that belongs to one change.
-constexpr std::chrono::milliseconds pauseLength{100};
+constexpr std::chrono::milliseconds stackingPause{100};
 
 std::vector<xcb_window_t> children(xcb_connection_t* x, xcb_query_tree_cookie_t cookie) {
     const Owned<xcb_query_tree_reply_t> tree{xcb_query_tree_reply(x, cookie, nullptr)};
@@ -39,7 +39,7 @@ StackKeeper::StackKeeper(const X11Connection& connection, xcb_window_t window,
     , screen_(screen)
     , topLevels_(connection.watchTopLevels()) {
     pause_.setSingleShot(true);
-    pause_.setInterval(pauseLength);
+    pause_.setInterval(stackingPause);
     pause_.callOnTimeout([this] {
         if (std::exchange(isLookDue_, false))
             look();

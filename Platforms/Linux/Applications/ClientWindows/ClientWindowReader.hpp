@@ -1,0 +1,48 @@
+/// Reads what windows say of themselves, many at a time, and whose processes they are.
+#pragma once
+
+#include "Applications/ClientWindows/ClientWindow.hpp"
+#include "X11/X11Connection.hpp"
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vireline::x11 {
+
+class PropertyBatch;
+
+class ClientWindowReader {
+public:
+    explicit ClientWindowReader(X11Connection& connection);
+
+    /// One answer a window, nothing for one that vanished. `lastActive` is left at 0.
+    [[nodiscard]] std::vector<std::optional<ClientWindow>>
+    read(std::span<const xcb_window_t> windows) const;
+
+    /// Whether a change of this property may change what `read` says.
+    [[nodiscard]] bool concerns(xcb_atom_t property) const;
+
+private:
+    struct Requests;
+
+    [[nodiscard]] Requests ask(PropertyBatch& batch, xcb_window_t window) const;
+    [[nodiscard]] std::optional<ClientWindow> collect(PropertyBatch& batch,
+                                                      const Requests& requests) const;
+    [[nodiscard]] bool hasState(PropertyBatch& batch, const Requests& requests,
+                                std::string_view state) const;
+    /// A window without a known type is a normal one, or a dialog if it belongs to another window.
+    enum class Kind { normal, dialog, other };
+    [[nodiscard]] Kind kind(PropertyBatch& batch, const Requests& requests) const;
+    [[nodiscard]] std::int32_t process(PropertyBatch& batch, const Requests& requests) const;
+    void completeStartupIDs(PropertyBatch& batch, std::span<const Requests> requests,
+                            std::span<std::optional<ClientWindow>> windows) const;
+
+    X11Connection& connection_;
+    std::string hostName_;
+    bool hasResourceExtension_ = false;
+};
+
+}

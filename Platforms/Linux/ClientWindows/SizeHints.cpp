@@ -1,0 +1,74 @@
+#include "ClientWindows/SizeHints.hpp"
+
+#include <algorithm>
+#include <cstddef>
+#include <optional>
+
+namespace vireline::x11 {
+namespace {
+
+/// The protocol's longest window side.
+constexpr int greatest = 32767;
+
+/// ICCCM's flags, and where each pair of numbers stands.
+constexpr std::uint32_t hasMinimum = 1U << 4U;
+constexpr std::uint32_t hasMaximum = 1U << 5U;
+constexpr std::uint32_t hasIncrement = 1U << 6U;
+constexpr std::uint32_t hasBase = 1U << 8U;
+constexpr std::size_t minimumAt = 5;
+constexpr std::size_t maximumAt = 7;
+constexpr std::size_t incrementAt = 9;
+constexpr std::size_t baseAt = 15;
+
+std::optional<PixelSize> sizeAt(std::span<const std::uint32_t> words, std::uint32_t flag,
+                                std::size_t index) {
+    if (words.size() < index + 2 || (words[0] & flag) == 0)
+        return std::nullopt;
+    const auto length = [](std::uint32_t word) {
+        return std::clamp(static_cast<std::int32_t>(word), 0, greatest);
+    };
+    return PixelSize{length(words[index]), length(words[index + 1])};
+}
+
+int constrainedLength(int wanted, int minimum, int maximum, int base, int increment) {
+    const int bounded = std::max(std::min(wanted, maximum), minimum);
+    const int whole = base + std::max(0, bounded - base) / increment * increment;
+    if (whole >= minimum)
+        return whole;
+    // The minimum lies between two steps.
+    return std::max(minimum, std::min(maximum, whole + increment));
+}
+
+}
+
+SizeHints SizeHints::parse(std::span<const std::uint32_t> words) {
+    const auto minimum = sizeAt(words, hasMinimum, minimumAt);
+    const auto maximum = sizeAt(words, hasMaximum, maximumAt);
+    const auto base = sizeAt(words, hasBase, baseAt);
+    const auto increment = sizeAt(words, hasIncrement, incrementAt);
+    SizeHints hints;
+    // Each of the two stands in for the other.
+    if (const auto least = minimum ? minimum : base)
+        hints.minimum = {std::max(1, least->width), std::max(1, least->height)};
+    if (const auto first = base ? base : minimum)
+        hints.base = *first;
+    if (maximum) {
+        const auto most = [](int length, int least) {
+            return length == 0 ? greatest : std::max(length, least);
+        };
+        hints.maximum = {most(maximum->width, hints.minimum.width),
+                         most(maximum->height, hints.minimum.height)};
+    }
+    if (increment)
+        hints.increment = {std::max(1, increment->width), std::max(1, increment->height)};
+    return hints;
+}
+
+PixelSize SizeHints::constrained(PixelSize wanted) const noexcept {
+    return {
+        constrainedLength(wanted.width, minimum.width, maximum.width, base.width, increment.width),
+        constrainedLength(wanted.height, minimum.height, maximum.height, base.height,
+                          increment.height)};
+}
+
+}

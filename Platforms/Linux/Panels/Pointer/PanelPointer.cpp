@@ -1,0 +1,185 @@
+#include "Panels/Pointer/PanelPointer.hpp"
+
+#include "Panels/PanelContext.hpp"
+#include "Panels/Pointer/PointerCrossing.hpp"
+#include "Panels/Pointer/PointerQuery.hpp"
+
+#include <utility>
+
+namespace vireline::x11 {
+namespace {
+
+/// Milliseconds between two looks at a pointer that somebody else holds.
+constexpr int doubtInterval = 250;
+/// Milliseconds, a frame of usual displays: on the way from tile to tile a pointer is between them
+/// for no longer than that.
+constexpr int crossingTime = 16;
+
+}
+
+PanelPointer::PanelPointer(const PanelContext& context, PanelWindowListener& listener,
+                           Window& window)
+    : context_(context), owner_(window), tracker_(listener) {
+    doubt_.setInterval(doubtInterval);
+    QObject::connect(&doubt_, &QTimer::timeout, &doubt_, [this] { look(); });
+    crossing_.setInterval(crossingTime);
+    crossing_.setTimerType(Qt::PreciseTimer);
+    crossing_.setSingleShot(true);
+    QObject::connect(&crossing_, &QTimer::timeout, &crossing_, [this] { crossingIsOver(); });
+}
+
+void PanelPointer::setWindow(xcb_window_t window) {
+    window_ = window;
+    sampler_.reset();
+    if (window != XCB_NONE)
+        sampler_ = std::make_unique<PointerSampler>(context_, window,
+                                                    [this](QPoint pixel) { areaEntered(pixel); });
+}
+
+void PanelPointer::entered(QPointF pixel) {
+    const auto place = PointerQuery::place(context_.connection, window_);
+    tracker_.entered(owner_.viewPosition(pixel), place && place->isAnyHeld);
+}
+
+void PanelPointer::left() {
+    tracker_.left(whereabouts());
+    hasLeft();
+}
+
+void PanelPointer::look() {
+    const bool isWatched = tracker_.isPressed() || tracker_.isInDoubt();
+    if (isWatched)
+        tracker_.lookedAt(whereabouts());
+    if (!tracker_.isInDoubt())
+        doubt_.stop();
+    if (isWatched && !tracker_.isPressed())
+        hasLeft();
+}
+
+/// Looked at again for as long as somebody else holds the pointer.
+void PanelPointer::hasLeft() {
+    if (sampler_ && !tracker_.isPressed())
+        sampler_->stop();
+    if (tracker_.isInDoubt()) {
+        doubt_.start();
+    } else {
+        doubt_.stop();
+    }
+}
+
+void PanelPointer::moved(QPointF pixel) {
+    // During a press Qt tells where it ends, before the release.
+    if (sampler_ && sampler_->isSampling() && !tracker_.isPressed())
+        return;
+    tracker_.moved(owner_.viewPosition(pixel));
+    if (sampler_) {
+        sampler_->start();
+        owner_.requestTick();
+    }
+}
+
+void PanelPointer::pressed(Qt::MouseButton button, QPointF pixel) {
+    // The last sample may be further on than the press.
+    if (sampler_)
+        sampler_->forget();
+    if (button == Qt::LeftButton) {
+        tracker_.pressed(owner_.viewPosition(pixel));
+    } else if (button == Qt::RightButton) {
+        tracker_.secondaryPressed(owner_.viewPosition(pixel));
+    }
+    follow();
+}
+
+void PanelPointer::released(Qt::MouseButton button, QPointF pixel) {
+    if (button != Qt::LeftButton)
+        return;
+    const bool isOverWindow = owner_.takesPointer(pixel);
+    if (sampler_ && !isOverWindow)
+        sampler_->stop();
+    tracker_.released(owner_.viewPosition(pixel), isOverWindow);
+}
+
+void PanelPointer::hidden() {
+    if (sampler_)
+        sampler_->stop();
+    tracker_.hidden();
+    doubt_.stop();
+}
+
+void PanelPointer::menuClosed() {
+    tracker_.menuClosed(whereabouts());
+}
+
+/// Crossings between the window and the quiet areas in it, which Qt takes for ways out of the
+/// window, and those between the areas and other windows, which Qt takes no notice of.
+bool PanelPointer::handle(const xcb_generic_event_t& event) {
+    const auto crossing = PointerCrossing::of(event, context_.connection);
+    if (!crossing || !crossing->isOfChild() || !sampler_)
+        return false;
+    if (crossing->isEntry) {
+        // Also when a button that is pressed here takes hold of the pointer.
+        leaveIsDue_ = false;
+        sampler_->start();
+    } else if (!crossing->isWithin()) {
+        leaveIsDue_ = sampler_->isSampling();
+    }
+    sampler_->endWait();
+    owner_.requestTick();
+    return true;
+}
+
+void PanelPointer::sample() {
+    if (!sampler_ || !sampler_->isSampling())
+        return;
+    if (std::exchange(leaveIsDue_, false))
+        return left();
+    if (sampler_->isWaiting())
+        return;
+    const auto pixel = sampler_->sample(tracker_.isPressed());
+    // Beside the window it is on its way out, unless a button holds it.
+    if (pixel && (tracker_.isPressed() || owner_.takesPointer(*pixel)))
+        tracker_.moved(owner_.viewPosition(*pixel));
+}
+
+void PanelPointer::follow() {
+    if (!sampler_ || !sampler_->isSampling())
+        return;
+    if (tracker_.isPressed() || tracker_.hasMenu()) {
+        sampler_->setQuietAreas({});
+    } else {
+        sampler_->setQuietAreas(owner_.quietAreas());
+    }
+    if (!sampler_->isWaiting())
+        owner_.requestTick();
+}
+
+/// Of two soon after each other the first is taken no note of.
+void PanelPointer::areaEntered(QPoint pixel) {
+    entered_ = pixel;
+    if (crossing_.isActive()) {
+        crossingIsOver();
+    } else {
+        crossing_.start();
+    }
+}
+
+void PanelPointer::crossingIsOver() {
+    crossing_.stop();
+    // Samples know better.
+    if (sampler_ && sampler_->isWaiting())
+        tracker_.moved(owner_.viewPosition(entered_));
+}
+
+PointerTracker::Whereabouts PanelPointer::whereabouts() const {
+    if (window_ == XCB_NONE)
+        return {};
+    const auto place = PointerQuery::place(context_.connection, window_);
+    if (!place)
+        return {};
+    const QPointF pixel(place->x, place->y);
+    return {.isOverWindow = place->isUncovered && owner_.takesPointer(pixel),
+            .isPrimaryHeld = place->isPrimaryHeld,
+            .position = owner_.viewPosition(pixel)};
+}
+
+}

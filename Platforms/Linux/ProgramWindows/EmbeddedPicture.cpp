@@ -1,0 +1,26 @@
+#include "ProgramWindows/EmbeddedPicture.hpp"
+
+#include <QPainter>
+#include <QSvgRenderer>
+
+/// A library's resources wait until they are asked for by name, outside of any namespace.
+static void registerDrawings() {
+    Q_INIT_RESOURCE(vireline);
+}
+
+namespace vireline::x11::EmbeddedPicture {
+
+QImage render(const QString& path, int side) {
+    registerDrawings();
+    QImage image{side, side, QImage::Format_ARGB32_Premultiplied};
+    image.fill(Qt::transparent);
+    QSvgRenderer renderer{QStringLiteral(":/vireline/") + path};
+    if (renderer.isValid()) {
+        QPainter painter{&image};
+        painter.setRenderHint(QPainter::Antialiasing);
+        renderer.render(&painter, QRectF{image.rect()});
+    }
+    return image;
+}
+
+}

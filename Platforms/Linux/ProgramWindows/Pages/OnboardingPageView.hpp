@@ -1,0 +1,39 @@
+/// One page of the welcome tour: title, text or features, how the window features stand, and below
+/// them the dots and the buttons.
+#pragma once
+
+#include "Presentation/OnboardingPage.hpp"
+#include "ProgramWindows/Controls/TextLabel.hpp"
+
+#include <QWidget>
+#include <functional>
+
+class QVBoxLayout;
+
+namespace vireline::x11 {
+
+class Symbols;
+
+class OnboardingPageView final : public QWidget {
+public:
+    using Acted = std::function<void(OnboardingAction)>;
+
+    OnboardingPageView(const OnboardingPage& page, const Symbols& symbols, Acted acted);
+
+    /// What Return should press.
+    [[nodiscard]] QWidget* mainButton() const noexcept { return mainButton_; }
+
+private:
+    void addCover(const OnboardingPage& page, QVBoxLayout& column);
+    void addFeatures(const OnboardingPage& page, QVBoxLayout& column);
+    void addPermission(const PermissionBlock& permission, QVBoxLayout& column);
+    void addNavigation(const OnboardingPage& page, QVBoxLayout& column);
+    QLabel* addText(TextLabel::Kind kind, const std::string& words);
+    QWidget* makeButton(const OnboardingButton& button, bool isProminent);
+
+    const Symbols& symbols_;
+    Acted acted_;
+    QWidget* mainButton_ = nullptr;
+};
+
+}

@@ -1,0 +1,39 @@
+/// The settings form in a window that scrolls.
+#pragma once
+
+#include "Platform/ProgramWindows.hpp"
+#include "ProgramWindows/Pages/FormView.hpp"
+#include "ProgramWindows/WindowShell.hpp"
+
+#include <optional>
+
+namespace vireline::x11 {
+
+class PageScroller;
+
+class QtFormWindow final : public FormWindow {
+public:
+    QtFormWindow(const WindowStyle& style, const WindowContext& context, FormListener& listener);
+
+    void makeKeyAndOrderFront() override { shell_.makeKeyAndOrderFront(); }
+    void close() override { shell_.close(); }
+    [[nodiscard]] bool isVisible() const override { return shell_.isVisible(); }
+    void present(const Form& form) override;
+
+private:
+    void furnish(QtProgramWindow& window);
+    /// Remembers what the user would have to find again.
+    void cleared();
+
+    WindowContext context_;
+    FormListener& listener_;
+    Form form_;
+    /// Only while the window is open.
+    FormView* view_ = nullptr;
+    PageScroller* scroller_ = nullptr;
+    int scrolled_ = 0;
+    std::optional<FormView::Place> focus_;
+    WindowShell shell_;
+};
+
+}

@@ -1,0 +1,22 @@
+/// Makes the program's own windows and holds what they share.
+#pragma once
+
+#include "Platform/ProgramWindows.hpp"
+#include "ProgramWindows/QtProgramWindow.hpp"
+
+namespace vireline::x11 {
+
+class QtProgramWindows final : public ProgramWindows {
+public:
+    explicit QtProgramWindows(const WindowContext& context) : context_(context) {}
+
+    [[nodiscard]] std::unique_ptr<FormWindow> makeFormWindow(const WindowStyle& style,
+                                                             FormListener& listener) override;
+    [[nodiscard]] std::unique_ptr<OnboardingPageWindow>
+    makeOnboardingWindow(const WindowStyle& style, OnboardingListener& listener) override;
+
+private:
+    WindowContext context_;
+};
+
+}

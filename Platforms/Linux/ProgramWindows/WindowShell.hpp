@@ -1,0 +1,49 @@
+/// Holds one of the program's windows: the widgets exist only while the window is open, its place
+/// is remembered from one opening to the next.
+#pragma once
+
+#include "ProgramWindows/QtProgramWindow.hpp"
+
+#include <QPoint>
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace vireline::x11 {
+
+class WindowShell {
+public:
+    /// Fills a window that is about to be shown.
+    using Furnish = std::function<void(QtProgramWindow&)>;
+    /// The window and all in it are about to go.
+    using Cleared = std::function<void()>;
+
+    WindowShell(WindowStyle style, const WindowContext& context, Furnish furnish, Cleared cleared);
+    WindowShell(const WindowShell&) = delete;
+    WindowShell& operator=(const WindowShell&) = delete;
+    WindowShell(WindowShell&&) = delete;
+    WindowShell& operator=(WindowShell&&) = delete;
+    ~WindowShell() = default;
+
+    void makeKeyAndOrderFront();
+    void close();
+    [[nodiscard]] bool isVisible() const noexcept { return window_ != nullptr; }
+
+private:
+    /// When no event of its own is being handled.
+    struct Discard {
+        void operator()(QtProgramWindow* window) const;
+    };
+
+    void open();
+    void closed();
+
+    WindowStyle style_;
+    WindowContext context_;
+    Furnish furnish_;
+    Cleared cleared_;
+    std::optional<QPoint> corner_;
+    std::unique_ptr<QtProgramWindow, Discard> window_;
+};
+
+}

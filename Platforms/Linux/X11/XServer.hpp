@@ -1,0 +1,32 @@
+/// A plain connection to the X server that DISPLAY names, opened before anything else: it tells
+/// cheaply whether there is one, and carries what must be settled before the program really starts.
+#pragma once
+
+#include "Foundation/Result.hpp"
+#include "X11/XcbHandles.hpp"
+
+#include <xcb/xcb.h>
+
+namespace vireline::x11 {
+
+class XServer {
+public:
+    /// Fails with a line for the user when there is no X server, or it lets nobody in.
+    [[nodiscard]] static Result<XServer> connect();
+
+    [[nodiscard]] xcb_connection_t* connection() const noexcept { return connection_.get(); }
+    [[nodiscard]] int screenNumber() const noexcept { return screenNumber_; }
+    [[nodiscard]] xcb_window_t root() const noexcept { return root_; }
+
+    /// XCB_ATOM_NONE when the server is gone.
+    [[nodiscard]] xcb_atom_t atom(const std::string& name) const;
+
+private:
+    XServer(OwnConnection connection, int screenNumber);
+
+    OwnConnection connection_;
+    int screenNumber_;
+    xcb_window_t root_;
+};
+
+}

@@ -1,0 +1,37 @@
+/// One native control of the settings form.
+#pragma once
+
+#include "Foundation/Geometry.hpp"
+#include "Presentation/Form.hpp"
+
+#import <AppKit/AppKit.h>
+
+#include <functional>
+#include <memory>
+
+namespace vireline::macos {
+
+class FormControl {
+public:
+    using Value = decltype(FormRow::control);
+
+    FormControl() = default;
+    FormControl(const FormControl&) = delete;
+    FormControl& operator=(const FormControl&) = delete;
+    FormControl(FormControl&&) = delete;
+    FormControl& operator=(FormControl&&) = delete;
+    virtual ~FormControl() = default;
+
+    /// A radio group, a segmented control, a switch or a slider, as `value` says. `label` is what
+    /// assistive technology calls it.
+    [[nodiscard]] static std::unique_ptr<FormControl>
+    make(const Value& value, const std::string& label, std::function<void(FormValue)> onChange);
+
+    [[nodiscard]] virtual NSView* _Nonnull view() const = 0;
+    [[nodiscard]] virtual Size size() const = 0;
+
+    /// Shows the value; false when it takes another control.
+    [[nodiscard]] virtual bool show(const Value& value) = 0;
+};
+
+}

@@ -1,0 +1,127 @@
+#include "Display/OddManager.hpp"
+
+#include <poll.h>
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+namespace vireline::test {
+namespace {
+
+constexpr const char* check = "_NET_SUPPORTING_WM_CHECK";
+
+}
+
+OddManager::OddManager(const std::string& display, Habit habit)
+    : client_(display), habit_(habit), mark_(client_.createWindow({-10, -10, 1, 1}, 0)) {
+    const std::uint32_t events =
+        XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+    xcb_change_window_attributes(client_.get(), client_.root(), XCB_CW_EVENT_MASK, &events);
+    client_.setWords(mark_, check, XCB_ATOM_WINDOW, {mark_});
+    client_.setWords(client_.root(), check, XCB_ATOM_WINDOW, {mark_});
+    client_.setAtoms(client_.root(), "_NET_SUPPORTED", {"_NET_WM_STATE_FULLSCREEN"});
+    client_.setWords(client_.root(), "_NET_CLIENT_LIST", XCB_ATOM_WINDOW, {});
+    client_.sync();
+    thread_ = std::thread{[this] { run(); }};
+}
+
+OddManager::~OddManager() {
+    isEnding_ = true;
+    thread_.join();
+    client_.destroy(mark_);
+    client_.sync();
+}
+
+void OddManager::run() {
+    constexpr int interval = 10;
+    pollfd readable{xcb_get_file_descriptor(client_.get()), POLLIN, 0};
+    while (!isEnding_) {
+        while (const auto event = client_.pollEvent())
+            handle(*event);
+        xcb_flush(client_.get());
+        poll(&readable, 1, interval);
+    }
+}
+
+void OddManager::handle(const xcb_generic_event_t& event) {
+    switch (event.response_type & 0x7f) {
+    case XCB_MAP_REQUEST:
+        return show(reinterpret_cast<const xcb_map_request_event_t&>(event).window);
+    case XCB_CONFIGURE_REQUEST:
+        return configure(reinterpret_cast<const xcb_configure_request_event_t&>(event));
+    case XCB_CONFIGURE_NOTIFY:
+        return stacked(reinterpret_cast<const xcb_configure_notify_event_t&>(event));
+    default:
+        break;
+    }
+}
+
+void OddManager::show(xcb_window_t window) {
+    const bool isDockWindow = isDock(window);
+    if (isDockWindow && habit_ == Habit::docksDocks) {
+        const std::array<std::uint32_t, 2> place{0, client_.screen().width_in_pixels};
+        xcb_configure_window(client_.get(), window, XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_WIDTH,
+                             place.data());
+    }
+    if (isDockWindow && habit_ == Habit::stranded) {
+        const std::array<std::uint32_t, 2> place{0, 0};
+        xcb_configure_window(client_.get(), window, XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y,
+                             place.data());
+    }
+    const bool isLeftAlone =
+        isDockWindow && (habit_ == Habit::ignoresDocks || habit_ == Habit::fightsDocks);
+    client_.setWords(window, "WM_STATE", client_.atom("WM_STATE"), {1, 0});
+    if (!isLeftAlone) {
+        listed_.push_back(window);
+        client_.setWords(client_.root(), "_NET_CLIENT_LIST", XCB_ATOM_WINDOW, listed_);
+    }
+    if (!isDockWindow) {
+        top_ = window;
+        const std::uint32_t above = XCB_STACK_MODE_ABOVE;
+        xcb_configure_window(client_.get(), window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+    }
+    client_.map(window);
+    xcb_flush(client_.get());
+}
+
+/// Carries out what is asked for, except for what its habit is about.
+void OddManager::configure(const xcb_configure_request_event_t& request) {
+    if (isDock(request.window)) {
+        if (habit_ == Habit::docksDocks || habit_ == Habit::stranded)
+            return;
+    }
+    std::vector<std::uint32_t> values;
+    const auto add = [&](std::uint16_t flag, auto value) {
+        if ((request.value_mask & flag) != 0)
+            values.push_back(static_cast<std::uint32_t>(value));
+    };
+    add(XCB_CONFIG_WINDOW_X, request.x);
+    add(XCB_CONFIG_WINDOW_Y, request.y);
+    add(XCB_CONFIG_WINDOW_WIDTH, request.width);
+    add(XCB_CONFIG_WINDOW_HEIGHT, request.height);
+    add(XCB_CONFIG_WINDOW_BORDER_WIDTH, request.border_width);
+    add(XCB_CONFIG_WINDOW_SIBLING, request.sibling);
+    add(XCB_CONFIG_WINDOW_STACK_MODE, request.stack_mode);
+    xcb_configure_window(client_.get(), request.window, request.value_mask, values.data());
+}
+
+void OddManager::stacked(const xcb_configure_notify_event_t& change) {
+    if (habit_ != Habit::fightsDocks || top_ == XCB_NONE || !isDock(change.window) ||
+        change.above_sibling != top_)
+        return;
+    ++raises_;
+    const std::uint32_t above = XCB_STACK_MODE_ABOVE;
+    xcb_configure_window(client_.get(), top_, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+}
+
+bool OddManager::isDock(xcb_window_t window) {
+    const auto [entry, isNew] = docks_.try_emplace(window, false);
+    if (isNew) {
+        entry->second = std::ranges::count(client_.atoms(window, "_NET_WM_WINDOW_TYPE"),
+                                           client_.atom("_NET_WM_WINDOW_TYPE_DOCK")) > 0;
+    }
+    return entry->second;
+}
+
+}

@@ -1,0 +1,468 @@
+#include "Display/WindowTest.hpp"
+#include "VirtualDesktop/Waiting.hpp"
+
+#include <xcb/shape.h>
+
+#include <QCoreApplication>
+#include <algorithm>
+#include <array>
+
+namespace vireline {
+namespace {
+
+using desktop::PixelRect;
+using desktop::Pointer;
+using test::EventLog;
+using Words = std::vector<std::string>;
+
+class PanelWindowTest : public test::WindowTest {
+protected:
+    static PixelRect frameOf(const std::string& monitor) {
+        return client().frame(windowOf(monitor)).value_or(PixelRect{});
+    }
+
+    static bool hasAtom(xcb_window_t window, const std::string& property, const std::string& atom) {
+        const auto atoms = client().atoms(window, property);
+        return std::ranges::find(atoms, client().atom(atom)) != atoms.end();
+    }
+
+    void moveTo(const std::string& monitor, Point view) {
+        desk().pointer().moveTo(pixelAt(monitor, view));
+    }
+
+    /// Stands where a compositor would; nothing is composited.
+    class Compositor {
+    public:
+        Compositor() : window_(client().createWindow({0, 0, 1, 1}, 0)) {
+            xcb_set_selection_owner(client().get(), window_, client().atom("_NET_WM_CM_S0"),
+                                    XCB_CURRENT_TIME);
+            client().sync();
+        }
+        Compositor(const Compositor&) = delete;
+        Compositor& operator=(const Compositor&) = delete;
+        Compositor(Compositor&&) = delete;
+        Compositor& operator=(Compositor&&) = delete;
+        ~Compositor() {
+            client().destroy(window_);
+            client().sync();
+        }
+
+    private:
+        xcb_window_t window_;
+    };
+
+    EventLog log;
+};
+
+TEST_F(PanelWindowTest, LiesOnThePlannedPixelsOfEveryDisplay) {
+    EventLog other;
+    const auto main = showDock("main", log);
+    const auto left = showDock("left", other);
+    const auto dense = showDock("dense", other);
+    EXPECT_EQ(frameOf("main"), (PixelRect{1720, 1012, 400, 84}));
+    EXPECT_EQ(frameOf("left"), (PixelRect{440, 812, 400, 84}));
+    EXPECT_EQ(frameOf("dense"), (PixelRect{2560 + 768 - 400, 1200 - 8 - 168, 800, 168}));
+}
+
+TEST_F(PanelWindowTest, FollowsANewFrameToOddPixels) {
+    const auto dock = showDock("dense", log);
+    const Rect display = screen("dense").frame;
+    dock->setFrame({display.minX() + 10.5, display.minY() + 4, 300.5, 84.5}, false);
+    EXPECT_TRUE(eventually([&] { return frameOf("dense") == PixelRect{2581, 1023, 601, 169}; }));
+}
+
+TEST_F(PanelWindowTest, TellsTheWindowManagerThatItIsADock) {
+    const auto dock = showDock("main", log);
+    const auto window = windowOf("main");
+    EXPECT_TRUE(hasAtom(window, "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DOCK"));
+    EXPECT_FALSE(hasAtom(window, "_NET_WM_STATE", "_NET_WM_STATE_ABOVE"))
+        << "some window managers put a dock that asks for it over full-screen windows";
+    EXPECT_TRUE(hasAtom(window, "_NET_WM_STATE", "_NET_WM_STATE_SKIP_TASKBAR"));
+    EXPECT_TRUE(hasAtom(window, "_NET_WM_STATE", "_NET_WM_STATE_SKIP_PAGER"));
+    EXPECT_EQ(client().words(window, "_NET_WM_DESKTOP"), (std::vector<std::uint32_t>{0xffffffff}));
+    EXPECT_EQ(client().text(window, "WM_CLASS"), std::string("vireline\0Vireline\0", 18));
+    EXPECT_FALSE(client().hasProperty(window, "_NET_WM_STRUT"));
+    EXPECT_FALSE(client().hasProperty(window, "_NET_WM_STRUT_PARTIAL"));
+    EXPECT_EQ(client().depth(window), 32);
+}
+
+// Behaviour: dock-panel-5
+TEST_F(PanelWindowTest, NeverTakesTheFocus) {
+    const auto editor = client().createWindow({1400, 400, 300, 300}, 0);
+    client().map(editor);
+    client().sync();
+    ASSERT_TRUE(eventually([&] { return client().focusedWindow() == editor; }));
+    const auto dock = showDock("main", log);
+    desk().pointer().click(pixelAt("main", {200, 50}));
+    EXPECT_TRUE(eventually([&] { return log.has("released 200,50"); }));
+    // The window manager's answer comes behind all that it does about the click.
+    const auto asking = client().createWindow({0, 0, 10, 10}, 0);
+    client().sendToRoot(asking, "_NET_REQUEST_FRAME_EXTENTS", {});
+    EXPECT_TRUE(eventually([&] { return client().hasProperty(asking, "_NET_FRAME_EXTENTS"); }));
+    client().destroy(asking);
+    EXPECT_EQ(client().activeWindow(), editor);
+    EXPECT_EQ(client().focusedWindow(), editor);
+    client().destroy(editor);
+    client().sync();
+}
+
+TEST_F(PanelWindowTest, ReportsThePointerInTheViewsPoints) {
+    for (const char* monitor : {"main", "dense"}) {
+        EventLog events;
+        const auto dock = showDock(monitor, events);
+        moveTo(monitor, {100, 40});
+        EXPECT_TRUE(eventually([&] { return events.has("moved 100,40"); })) << monitor;
+        EXPECT_EQ(events.words.front(), "in");
+        desk().pointer().press(Pointer::Button::primary);
+        EXPECT_TRUE(eventually([&] { return events.has("pressed 100,40"); }));
+        moveTo(monitor, {300, 60});
+        EXPECT_TRUE(eventually([&] { return events.has("moved 300,60"); }));
+        desk().pointer().release(Pointer::Button::primary);
+        EXPECT_TRUE(eventually([&] { return events.has("released 300,60"); }));
+        EXPECT_FALSE(events.has("out"));
+        desk().pointer().moveTo({5, 5});
+        EXPECT_TRUE(eventually([&] { return events.has("out"); }));
+        EXPECT_TRUE(events.has("exited"));
+    }
+}
+
+TEST_F(PanelWindowTest, LetsClicksBesideItsInputRegionThrough) {
+    const Compositor compositor;
+    const auto dock = showDock("main", log);
+    moveTo("main", {200, 10});
+    settle();
+    EXPECT_EQ(log.words, Words{});
+    moveTo("main", {200, 30});
+    EXPECT_TRUE(eventually([&] { return log.has("in"); }));
+
+    Scene scene = dockScene();
+    scene.inputRegion.reset();
+    dock->present(scene);
+    moveTo("main", {200, 5});
+    EXPECT_TRUE(eventually([&] { return log.has("moved 200,5"); }));
+}
+
+TEST_F(PanelWindowTest, KeepsThePointerWhileTheButtonIsHeldOutside) {
+    const auto dock = showDock("main", log);
+    moveTo("main", {100, 40});
+    desk().pointer().press(Pointer::Button::primary);
+    moveTo("main", {100, -200});
+    EXPECT_TRUE(eventually([&] { return log.has("moved 100,-200"); }));
+    EXPECT_FALSE(log.has("out"));
+    desk().pointer().release(Pointer::Button::primary);
+    EXPECT_TRUE(eventually([&] { return log.has("out"); }));
+    const auto released = std::ranges::find(log.words, "released 100,-200");
+    EXPECT_LT(released, std::ranges::find(log.words, "out"));
+}
+
+TEST_F(PanelWindowTest, FindsOutThatAReleaseWentElsewhere) {
+    const auto dock = showDock("main", log);
+    moveTo("main", {100, 40});
+    desk().pointer().press(Pointer::Button::primary);
+    moveTo("main", {100, -200});
+    EXPECT_TRUE(eventually([&] { return log.has("moved 100,-200"); }));
+    // The window loses the pointer that the press gave it; nothing will tell of the release.
+    xcb_ungrab_pointer(connection.get(), XCB_CURRENT_TIME);
+    connection.flush();
+    settle();
+    for (int look = 0; look < 3; ++look)
+        dock->checkPress();
+    EXPECT_FALSE(log.has("cancelled")) << "the button is still down";
+
+    desk().pointer().release(Pointer::Button::primary);
+    settle();
+    EXPECT_FALSE(log.has("out"));
+    dock->checkPress();
+    EXPECT_FALSE(log.has("cancelled")) << "the release may be on its way";
+    dock->checkPress();
+
+    EXPECT_TRUE(log.has("cancelled"));
+    EXPECT_TRUE(log.has("out"));
+}
+
+TEST_F(PanelWindowTest, FollowsAPressFromAMovingPointerOutOfTheWindow) {
+    const auto dock = showDock("main", log);
+    for (int x = 80; x < 100; x += 4)
+        moveTo("main", {static_cast<double>(x), 40});
+    EXPECT_TRUE(eventually([&] { return log.has("moved 96,40"); }));
+    desk().pointer().press(Pointer::Button::primary);
+    EXPECT_TRUE(eventually([&] { return log.has("pressed 96,40"); }));
+    moveTo("main", {110, -100});
+    EXPECT_TRUE(eventually([&] { return log.has("moved 110,-100"); }));
+    moveTo("main", {120, -200});
+    EXPECT_TRUE(eventually([&] { return log.has("moved 120,-200"); }));
+    EXPECT_FALSE(log.has("out"));
+    desk().pointer().release(Pointer::Button::primary);
+    EXPECT_TRUE(eventually([&] { return log.has("out"); }));
+
+    // Nothing tells of it any more.
+    log.words.clear();
+    moveTo("main", {130, -250});
+    settle();
+    EXPECT_EQ(std::ranges::count(log.words, "in"), 0);
+}
+
+TEST_F(PanelWindowTest, FollowsAPressThatIsQuickerThanAFrame) {
+    const auto dock = showDock("main", log);
+    const auto isMovedAfterThePress = [&] {
+        const auto pressed = std::ranges::find(log.words, "pressed 96,40");
+        return std::find(pressed, log.words.end(), "moved 180,40") != log.words.end();
+    };
+    for (int round = 0; round < 10; ++round) {
+        log.words.clear();
+        moveTo("main", {90, 40});
+        moveTo("main", {96, 40});
+        EXPECT_TRUE(eventually([&] { return log.has("moved 96,40"); }));
+        desk().pointer().press(Pointer::Button::primary);
+        moveTo("main", {180, 40});
+        EXPECT_TRUE(eventually(isMovedAfterThePress)) << round;
+        desk().pointer().release(Pointer::Button::primary);
+        EXPECT_TRUE(eventually([&] { return log.has("released 180,40"); }));
+    }
+}
+
+TEST_F(PanelWindowTest, TakesAGrabBySomebodyElseForNoLeave) {
+    const auto dock = showDock("main", log);
+    moveTo("main", {100, 40});
+    EXPECT_TRUE(eventually([&] { return log.has("moved 100,40"); }));
+    const auto grab = xcb_grab_pointer(client().get(), 0, client().root(), 0, XCB_GRAB_MODE_ASYNC,
+                                       XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME);
+    desktop::Owned<xcb_grab_pointer_reply_t> granted{
+        xcb_grab_pointer_reply(client().get(), grab, nullptr)};
+    ASSERT_EQ(granted->status, XCB_GRAB_STATUS_SUCCESS);
+    settle();
+    EXPECT_FALSE(log.has("out"));
+
+    // No event tells of this one.
+    desk().pointer().moveTo({5, 5});
+    EXPECT_TRUE(eventually([&] { return log.has("out"); }));
+    xcb_ungrab_pointer(client().get(), XCB_CURRENT_TIME);
+    client().sync();
+}
+
+TEST_F(PanelWindowTest, KeepsWhatIsOverItWhileTheWindowManagerMovesItsEdges) {
+    const auto dock = showDock("main", log);
+    Scene scene = dockScene();
+    scene.inputRegion.reset();
+    dock->present(scene);
+    const PixelRect hidden{1720, 1096, 400, 4};
+    const PixelRect shown{1720, 1012, 400, 88};
+    const Rect display = screen("main").frame;
+    const double x = display.midX() - 200;
+    const auto hide = [&] {
+        dock->setFrame({x, display.minY(), 400, 4}, false);
+        dock->setHostedFrame({0, 0, 400, 84});
+    };
+    const auto show = [&] {
+        dock->setFrame({x, display.minY(), 400, 88}, false);
+        dock->setHostedFrame({0, 4, 400, 84});
+    };
+    hide();
+    ASSERT_TRUE(eventually([&] { return frameOf("main") == hidden; }));
+    settle();
+    const auto isOver = [&] { return client().windowAt(hidden.center()) == windowOf("main"); };
+    ASSERT_TRUE(eventually(isOver));
+
+    // The program asks for its new place, and hears nothing yet of having got it.
+    const auto isMovedTo = [&](const PixelRect& place) {
+        QCoreApplication::sendPostedEvents();
+        return desktop::eventually([&] { return frameOf("main") == place; });
+    };
+    show();
+    EXPECT_TRUE(isMovedTo(shown));
+    EXPECT_TRUE(isOver());
+    settle();
+    EXPECT_TRUE(isOver());
+
+    hide();
+    EXPECT_TRUE(isMovedTo(hidden));
+    EXPECT_TRUE(isOver());
+    settle();
+    EXPECT_TRUE(isOver());
+}
+
+TEST_F(PanelWindowTest, GoesBackWhereItBelongs) {
+    const auto dock = showDock("main", log);
+    const PixelRect planned = frameOf("main");
+    const std::uint32_t x = 1300;
+    xcb_configure_window(client().get(), windowOf("main"), XCB_CONFIG_WINDOW_X, &x);
+    client().sync();
+    EXPECT_TRUE(eventually([&] {
+        settle();
+        return frameOf("main") == planned;
+    }));
+}
+
+TEST_F(PanelWindowTest, StaysAboveWhenAnotherWindowManagerComes) {
+    const auto dock = showDock("main", log);
+    desk().stopWindowManager();
+    desk().startWindowManager();
+    EXPECT_TRUE(eventually(
+        [&] { return hasAtom(windowOf("main"), "_NET_WM_STATE", "_NET_WM_STATE_SKIP_PAGER"); }));
+    EXPECT_EQ(frameOf("main"), (PixelRect{1720, 1012, 400, 84}));
+    const auto editor = client().createWindow({1500, 600, 700, 480}, 0);
+    client().map(editor);
+    client().sync();
+    EXPECT_TRUE(eventually([&] { return client().activeWindow() == editor; }));
+    EXPECT_TRUE(desk().docks().isAbove(windowOf("main"), editor));
+    client().destroy(editor);
+    client().sync();
+}
+
+TEST_F(PanelWindowTest, TellsEveryWindowManagerAgainWhereItTakesThePointer) {
+    const auto dock = showDock("main", log);
+    const xcb_window_t window = windowOf("main");
+    const auto* shape = xcb_get_extension_data(client().get(), &xcb_shape_id);
+    ASSERT_NE(shape, nullptr);
+    xcb_shape_select_input(client().get(), window, 1);
+    client().sync();
+    while (client().pollEvent()) {
+    }
+    const auto isTold = [&] {
+        while (const auto event = client().pollEvent()) {
+            const auto& notify = reinterpret_cast<const xcb_shape_notify_event_t&>(*event);
+            if ((event->response_type & 0x7f) == shape->first_event &&
+                notify.affected_window == window && notify.shape_kind == XCB_SHAPE_SK_INPUT)
+                return true;
+        }
+        return false;
+    };
+    desk().stopWindowManager();
+    EXPECT_TRUE(eventually(isTold)) << "it went back to the root window";
+    desk().startWindowManager();
+    EXPECT_TRUE(eventually(isTold)) << "it got a frame";
+}
+
+TEST_F(PanelWindowTest, MayComeBeforeTheWindowManager) {
+    desk().stopWindowManager();
+    const auto dock = showDock("main", log);
+    desk().startWindowManager();
+    const auto managed = [&] {
+        const auto windows = client().managedWindows();
+        return std::ranges::find(windows, windowOf("main")) != windows.end();
+    };
+    EXPECT_TRUE(eventually(managed));
+    EXPECT_TRUE(eventually(
+        [&] { return hasAtom(windowOf("main"), "_NET_WM_STATE", "_NET_WM_STATE_SKIP_PAGER"); }));
+    EXPECT_EQ(frameOf("main"), (PixelRect{1720, 1012, 400, 84}));
+}
+
+TEST_F(PanelWindowTest, HasAnOutlineInsteadOfABlackBoxWithoutACompositor) {
+    const auto dock = showDock("main", log);
+    settle();
+    const PixelRect frame = frameOf("main");
+    EXPECT_EQ(desk().pixel({frame.x + 200, frame.y + 10}),
+              desk().pixel({frame.x + 200, frame.y - 50}))
+        << "the label zone shows what lies below";
+    EXPECT_EQ(desk().pixel({frame.x + 1, frame.y + 27}),
+              desk().pixel({frame.x + 200, frame.y - 50}))
+        << "so does the corner";
+    const auto glass = desk().pixel({frame.x + 200, frame.y + 55});
+    EXPECT_GT(glass.red, 200);
+    EXPECT_GT(glass.blue, 200);
+}
+
+TEST_F(PanelWindowTest, LosesItsOutlineUnderACompositorAndAsksItToBlur) {
+    const auto dock = showDock("main", log);
+    // What of the window exists, in a shape of its own: compositors may draw shadows round others.
+    const auto shape = [&]() -> std::optional<PixelRect> {
+        const auto reply =
+            desktop::Owned<xcb_shape_query_extents_reply_t>{xcb_shape_query_extents_reply(
+                client().get(), xcb_shape_query_extents(client().get(), windowOf("main")),
+                nullptr)};
+        if (!reply || reply->bounding_shaped == 0)
+            return std::nullopt;
+        return PixelRect{reply->bounding_shape_extents_x, reply->bounding_shape_extents_y,
+                         reply->bounding_shape_extents_width, reply->bounding_shape_extents_height};
+    };
+    const PixelRect whole{0, 0, 400, 84};
+    const auto isShaped = [&] { return shape() && shape() != whole; };
+    EXPECT_TRUE(eventually(isShaped));
+
+    auto compositor = std::make_unique<Compositor>();
+    EXPECT_TRUE(eventually([&] { return shape() == whole; }));
+    const Rect display = screen("main").frame;
+    dock->setFrame({display.midX() - 250, display.minY() + 4, 500, 84}, false);
+    dock->setHostedFrame({0, 0, 500, 84});
+    EXPECT_TRUE(eventually([&] { return shape() == PixelRect{0, 0, 500, 84}; }));
+    const char* const blur = "_KDE_NET_WM_BLUR_BEHIND_REGION";
+    EXPECT_FALSE(client().hasProperty(windowOf("main"), blur));
+
+    client().setWords(client().root(), blur, XCB_ATOM_CARDINAL, {0});
+    client().sync();
+    EXPECT_TRUE(eventually([&] { return client().hasProperty(windowOf("main"), blur); }));
+
+    compositor.reset();
+    xcb_delete_property(client().get(), client().root(), client().atom(blur));
+    client().sync();
+    EXPECT_TRUE(
+        eventually([&] { return isShaped() && !client().hasProperty(windowOf("main"), blur); }));
+}
+
+TEST_F(PanelWindowTest, PaintsANewScene) {
+    const auto dock = showDock("main", log);
+    const auto middle = [&] { return desk().pixel(pixelAt("main", {200, 55})); };
+    const auto before = middle();
+    Scene scene = dockScene();
+    scene.nodes.push_back(
+        {.id = {NodeID::Part::handle}, .frame = {150, 50, 100, 10}, .content = HandleNode{}});
+    dock->present(scene);
+    EXPECT_TRUE(eventually([&] { return middle().red < 60; }));
+    dock->present(dockScene());
+    EXPECT_TRUE(eventually([&] { return middle() == before; }));
+}
+
+TEST_F(PanelWindowTest, RestoresAllThatAnotherWindowLeavesBehind) {
+    const auto dock = showDock("main", log);
+    settle();
+    const PixelRect frame = frameOf("main");
+    const auto pixels = [&] {
+        std::vector<desktop::Colour> found;
+        for (const int x : {60, 160, 260, 360})
+            found.push_back(desk().pixel({frame.x + x, frame.y + 55}));
+        return found;
+    };
+    const auto before = pixels();
+
+    // In four pieces, which the server tells of one by one.
+    const auto cover = client().createWindow(frame, 0x00ff0000);
+    const std::array<xcb_rectangle_t, 4> pieces{
+        {{50, 50, 20, 10}, {150, 52, 20, 10}, {250, 48, 20, 10}, {350, 54, 20, 10}}};
+    const std::uint32_t yes = 1;
+    xcb_change_window_attributes(client().get(), cover, XCB_CW_OVERRIDE_REDIRECT, &yes);
+    xcb_shape_rectangles(client().get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING,
+                         XCB_CLIP_ORDERING_UNSORTED, cover, 0, 0, pieces.size(), pieces.data());
+    client().map(cover);
+    client().sync();
+    EXPECT_TRUE(eventually([&] { return pixels().back().green < 60; }));
+    client().destroy(cover);
+    client().sync();
+
+    EXPECT_TRUE(eventually([&] { return pixels() == before; }));
+}
+
+TEST_F(PanelWindowTest, GoesWithItsObject) {
+    auto dock = showDock("main", log);
+    dock->orderOut();
+    EXPECT_TRUE(eventually([&] { return !client().isViewable(windowOf("main")); }));
+    dock->orderFrontRegardless();
+    EXPECT_TRUE(eventually([&] { return client().isViewable(windowOf("main")); }));
+    dock.reset();
+    EXPECT_TRUE(eventually([&] { return windowOf("main") == XCB_NONE; }));
+}
+
+TEST_F(PanelWindowTest, SurvivesTheLossOfItsDisplay) {
+    const auto dock = showDock("dense", log);
+    desk().setMonitors({threeMonitors()[0], threeMonitors()[1]});
+    EXPECT_TRUE(eventually([&] { return screens.screens().size() == 2; }));
+    settle();
+    desk().setMonitors(threeMonitors());
+    EXPECT_TRUE(eventually([&] {
+        return screens.screens().size() == 3 && frameOf("dense") == PixelRect{2928, 1024, 800, 168};
+    }));
+    moveTo("dense", {100, 40});
+    EXPECT_TRUE(eventually([&] { return log.has("moved 100,40"); }));
+}
+
+}
+}

@@ -1,0 +1,109 @@
+#include "App/StatusItemController.hpp"
+#include "Settings/LoginItemManager.hpp"
+#include "Support/FakeApplications.hpp"
+#include "Support/FakeProgramWindows.hpp"
+#include "Support/LoggedLines.hpp"
+
+#include <gtest/gtest.h>
+
+namespace vireline {
+namespace {
+
+using LoginStatus = LoginItemService::Status;
+
+class StatusItemControllerTest : public testing::Test {
+protected:
+    /// The state of "Launch at Login" in the menu as it opens now.
+    [[nodiscard]] bool isChecked() {
+        const auto& entry = std::get<MenuCommand>(statusBar.openMenu().entries.at(2));
+        return entry.isChecked.value();
+    }
+
+    test::LoggedLines log;
+    test::FakeStatusBar statusBar;
+    test::FakeApplication application;
+    test::FakeLoginItemService service;
+    LoginItemManager loginItem{service};
+    int settingsShown = 0;
+    int toursShown = 0;
+    StatusItemController controller{statusBar, application, loginItem, [this] { ++settingsShown; },
+                                    [this] { ++toursShown; }};
+};
+
+TEST_F(StatusItemControllerTest, ShowsTheDockSymbolUnderTheProgramsName) {
+    ASSERT_TRUE(statusBar.item);
+    EXPECT_EQ(statusBar.item->symbol, "dock.rectangle");
+    EXPECT_EQ(statusBar.item->description, "Vireline");
+}
+
+TEST_F(StatusItemControllerTest, HasFourCommandsTheLastBehindASeparator) {
+    const Menu expected{{MenuCommand{"Settings…", ','}, MenuCommand{"Welcome Tour…"},
+                         MenuCommand{"Launch at Login", 0, false}, MenuSeparator{},
+                         MenuCommand{"Quit Vireline", 'q'}}};
+
+    EXPECT_EQ(statusBar.item->menu, expected);
+}
+
+TEST_F(StatusItemControllerTest, OpensTheSettingsAndTheTour) {
+    statusBar.choose("Settings…");
+    EXPECT_EQ(settingsShown, 1);
+    EXPECT_EQ(toursShown, 0);
+
+    statusBar.choose("Welcome Tour…");
+    EXPECT_EQ(settingsShown, 1);
+    EXPECT_EQ(toursShown, 1);
+}
+
+TEST_F(StatusItemControllerTest, TogglesTheLoginItem) {
+    statusBar.choose("Launch at Login");
+    EXPECT_EQ(service.current, LoginStatus::enabled);
+
+    statusBar.choose("Launch at Login");
+    EXPECT_EQ(service.current, LoginStatus::notRegistered);
+}
+
+TEST_F(StatusItemControllerTest, QuitsAndSaysSo) {
+    statusBar.choose("Quit Vireline");
+
+    EXPECT_EQ(application.terminations, 1);
+    EXPECT_EQ(log.messages(), std::vector<std::string>{"quit from menu bar"});
+}
+
+// Behaviour: status-item-1
+TEST_F(StatusItemControllerTest, ReadsTheLoginItemAfreshAtEachOpening) {
+    EXPECT_FALSE(isChecked());
+    service.current = LoginStatus::enabled;
+    EXPECT_TRUE(isChecked());
+    service.current = LoginStatus::requiresApproval;
+    EXPECT_FALSE(isChecked());
+}
+
+// Behaviour: status-item-2
+TEST_F(StatusItemControllerTest, OpensTheSettingsAndQuitsByKeyWhileTheMenuIsOpen) {
+    statusBar.pressKey(',');
+    EXPECT_EQ(settingsShown, 1);
+    EXPECT_EQ(application.terminations, 0);
+
+    statusBar.pressKey('q');
+    EXPECT_EQ(application.terminations, 1);
+}
+
+TEST_F(StatusItemControllerTest, PassesOverAMenuWithoutTheLoginItem) {
+    Menu other{{MenuCommand{"Something else", 0, true}, MenuSeparator{}}};
+    const Menu before = other;
+
+    statusBar.item->listener->menuNeedsUpdate(other);
+
+    EXPECT_EQ(other, before);
+}
+
+TEST_F(StatusItemControllerTest, IgnoresChoicesThatAreNoCommand) {
+    for (const std::size_t index : {std::size_t{3}, std::size_t{5}, std::size_t{1000}})
+        statusBar.item->listener->menuItemChosen(index);
+
+    EXPECT_EQ(settingsShown + toursShown + application.terminations, 0);
+    EXPECT_EQ(service.registrations, 0);
+}
+
+}
+}

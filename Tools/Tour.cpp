@@ -1,0 +1,279 @@
+/// A short tour of the program on a desktop without a screen: shows what it does, step by step, and
+/// leaves a picture of each step and the program's log.
+#include "VirtualDesktop/VirtualDesktop.hpp"
+#include "VirtualDesktop/Waiting.hpp"
+#include "VirtualDesktop/Wallpaper.hpp"
+
+#include <algorithm>
+#include <csignal>
+#include <cstdlib>
+#include <fstream>
+#include <iostream>
+#include <stdexcept>
+#include <string_view>
+
+namespace vireline::desktop {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct TourOptions {
+    fs::path folder = "build/tour";
+    bool stay = false;
+};
+
+TourOptions parse(const std::vector<std::string>& arguments) {
+    TourOptions options;
+    for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
+        if (*argument == "--stay")
+            options.stay = true;
+        else if (*argument == "--folder" && argument + 1 != arguments.end())
+            options.folder = *++argument;
+        else
+            throw std::runtime_error{"usage: DesktopTour [--folder <folder>] [--stay]"};
+    }
+    return options;
+}
+
+/// An app that is installed on this computer.
+Pin installed(const std::string& id, const std::string& name) {
+    return {id, name, fs::path{"/usr/share/applications"} / (id + ".desktop")};
+}
+
+Pin fileManager() {
+    return installed("pcmanfm", "File Manager");
+}
+
+Pin terminal() {
+    return installed("debian-xterm", "Terminal");
+}
+
+Pin editor() {
+    return installed("org.xfce.mousepad", "Text Editor");
+}
+
+/// Apps that every desktop has in one make or another.
+std::vector<App> scenery() {
+    const auto app = [](const std::string& name, const std::string& icon) {
+        return App{"org.example." + name, name, {}, {"--size", "520x360"}, {}, icon};
+    };
+    return {app("Browser", "web-browser"),
+            app("Mail", "internet-mail"),
+            app("Calendar", "office-calendar"),
+            app("Music", "multimedia-audio-player"),
+            app("Pictures", "multimedia-photo-viewer"),
+            app("Software", "system-software-install")};
+}
+
+std::vector<Monitor> tourMonitors() {
+    return {{"main", {1280, 620, 1600, 900}},
+            {"above-left", {0, 0, 1280, 800}},
+            {"side", {2880, 500, 1080, 1020}}};
+}
+
+class Tour {
+public:
+    explicit Tour(TourOptions options)
+        : options_(std::move(options)), desktop_(programs(), setUp()) {}
+
+    void take() {
+        fs::remove_all(options_.folder);
+        fs::create_directories(options_.folder);
+        furnish();
+        desktop_.runVireline();
+        seeDocks();
+        hover();
+        launch();
+        hide();
+        openMenu();
+        unplug();
+        plugIn();
+        fs::copy_file(desktop_.log().file(), options_.folder / "vireline.log");
+        std::cout << "The pictures and the log are in " << fs::absolute(options_.folder).string()
+                  << '\n';
+    }
+
+    [[nodiscard]] bool stays() const noexcept { return options_.stay; }
+
+    /// Keeps the desktop open until the user ends the tour.
+    void stay() {
+        const auto port = options_.folder / "vnc-port";
+        desktop_.run("x11vnc", {"-display", desktop_.display(), "-localhost", "-forever", "-shared",
+                                "-nopw", "-quiet", "-autoport", "5900", "-flag", port.string()});
+        if (!eventually([&] { return readFile(port).starts_with("PORT="); }))
+            throw std::runtime_error{"x11vnc does not start"};
+        const auto number = std::stoi(readFile(port).substr(std::string_view{"PORT="}.size()));
+        std::cout << "\nThe desktop " << desktop_.display() << " stays open. To look at it:\n"
+                  << "  vncviewer localhost:" << number << "\n"
+                  << "from another computer, after\n"
+                  << "  ssh -L " << number << ":localhost:" << number << " <this computer>\n"
+                  << "Ctrl-C ends it." << '\n'
+                  << std::flush;
+        sigset_t ends;
+        sigemptyset(&ends);
+        sigaddset(&ends, SIGINT);
+        sigaddset(&ends, SIGTERM);
+        int received = 0;
+        sigwait(&ends, &received);
+    }
+
+private:
+    static Programs programs() { return {TESTED_PROGRAM, TEST_APP, FILE_MANAGER}; }
+
+    static VirtualDesktop::Options setUp() {
+        VirtualDesktop::Options options;
+        options.monitors = tourMonitors();
+        options.compositor = true;
+        options.sessionBus = true;
+        options.installedApps = true;
+        options.width = 3960;
+        options.height = 1520;
+        return options;
+    }
+
+    /// Everything but the program: wallpaper, icon theme, apps, and the panel of another program.
+    void furnish() {
+        paintWallpaper(desktop_.client(), desktop_.displays().monitors);
+        auto& home = desktop_.home();
+        writeFile(home.folder() / ".config/gtk-3.0/settings.ini",
+                  "[Settings]\ngtk-icon-theme-name=Papirus\n");
+        home.writePreferences(R"({
+            "onboardingCompleted": true, "iconSize": 48,
+            "magnificationEnabled": true, "magnification": 1.5})");
+        pins_ = {fileManager(), terminal(), editor()};
+        for (const auto& app : scenery())
+            pins_.push_back({app.id, app.name, home.install(app)});
+        home.pin(pins_);
+        home.setFileManager(fileManager().id);
+        constexpr int panelThickness = 44;
+        desktop_.reserve({"main", Edge::bottom, panelThickness});
+        desktop_.launch(scenery().front());
+    }
+
+    void seeDocks() {
+        if (!eventually([&] { return desktop_.docks().shown().size() == 2; }))
+            throw std::runtime_error{"the docks do not come up"};
+        picture("docks", "a dock on every display but the one with the other panel");
+    }
+
+    void hover() {
+        desktop_.pointer().moveTo(tile(3));
+        picture("hover", "tiles grow under the pointer, and a label tells the name");
+    }
+
+    void launch() {
+        desktop_.pointer().click(tile(terminalIndex));
+        if (!eventually([&] { return !terminals().empty(); }))
+            throw std::runtime_error{"a click does not launch the terminal"};
+        picture("launched", "a click launches: the terminal has a window, its tile a dot");
+    }
+
+    void hide() {
+        desktop_.pointer().click(tile(terminalIndex));
+        if (!eventually([&] { return !desktop_.client().isViewable(terminals().front()); }))
+            throw std::runtime_error{"a second click does not hide the terminal"};
+        picture("hidden", "another click hides it; the dot stays");
+        desktop_.pointer().click(tile(terminalIndex));
+        if (!eventually([&] { return desktop_.client().isViewable(terminals().front()); }))
+            throw std::runtime_error{"a third click does not bring the terminal back"};
+    }
+
+    void openMenu() {
+        desktop_.pointer().click(tile(terminalIndex), Pointer::Button::secondary);
+        if (!eventually([&] { return !desktop_.docks().menus().empty(); }))
+            throw std::runtime_error{"no menu opens"};
+        picture("menu", "a secondary click opens the tile's menu");
+        desktop_.keyboard().type(Keyboard::escape);
+        desktop_.pointer().moveTo(desktop_.monitor("main").frame.center());
+    }
+
+    void unplug() {
+        auto monitors = tourMonitors();
+        monitors.pop_back();
+        desktop_.setMonitors(monitors);
+        if (!eventually([&] { return desktop_.docks().shown().size() == 1; }))
+            throw std::runtime_error{"the dock of the display that is gone stays"};
+        picture("unplugged", "its display unplugged, the dock on the right is gone");
+    }
+
+    void plugIn() {
+        desktop_.setMonitors(tourMonitors());
+        if (!eventually([&] { return desktop_.docks().shown().size() == 2; }))
+            throw std::runtime_error{"no dock comes to the display that is back"};
+        picture("plugged-in", "the display is back, and so is its dock");
+    }
+
+    /// The middle of a tile of the dock above left.
+    [[nodiscard]] PixelPoint tile(int index) const {
+        PanelPlanner::Request request;
+        request.counts.pinned = static_cast<int>(pins_.size());
+        request.maxIconSize = 48;
+        request.magnification = 1.5;
+        const auto planned = desktop_.planned(request);
+        const auto dock = std::ranges::find(planned, "above-left",
+                                            [](const auto& plan) { return plan.monitor.name; });
+        return DockLayout{*dock, request.counts, request.maxIconSize}.icon(index);
+    }
+
+    [[nodiscard]] std::vector<xcb_window_t> terminals() const {
+        auto windows = desktop_.client().managedWindows();
+        std::erase_if(windows, [&](xcb_window_t window) {
+            return desktop_.client().text(window, "WM_CLASS") !=
+                   std::string_view{"xterm\0XTerm\0", 12};
+        });
+        return windows;
+    }
+
+    /// Takes a picture once nothing moves any more, or soon enough.
+    void picture(const std::string& name, std::string_view caption) {
+        using namespace std::chrono_literals;
+        auto seen = Picture::ofScreen(desktop_.client());
+        static_cast<void>(eventually(
+            [&] {
+                auto now = Picture::ofScreen(desktop_.client());
+                const bool isStill = now == seen;
+                seen = std::move(now);
+                return isStill;
+            },
+            3s));
+        const auto file = std::to_string(++pictures_) + "-" + name + ".png";
+        if (!seen.writePNG(options_.folder / file))
+            throw std::runtime_error{"cannot write " + file};
+        std::cout << file << ": " << caption << '\n' << std::flush;
+    }
+
+    static constexpr int terminalIndex = 1;
+
+    TourOptions options_;
+    VirtualDesktop desktop_;
+    std::vector<Pin> pins_;
+    int pictures_ = 0;
+};
+
+void run(const std::vector<std::string>& arguments) {
+    const auto options = parse(arguments);
+    // Blocked until the tour waits for them, so that its desktop is always taken down in order.
+    sigset_t ends;
+    sigemptyset(&ends);
+    sigaddset(&ends, SIGINT);
+    sigaddset(&ends, SIGTERM);
+    if (options.stay)
+        sigprocmask(SIG_BLOCK, &ends, nullptr);
+    Tour tour{options};
+    tour.take();
+    if (tour.stays())
+        tour.stay();
+}
+
+}
+}
+
+int main(int count, char** arguments) {
+    try {
+        vireline::desktop::run({arguments + 1, arguments + count});
+        return EXIT_SUCCESS;
+    } catch (const std::exception& error) {
+        std::cerr << "tour: " << error.what() << '\n';
+        return EXIT_FAILURE;
+    }
+}

@@ -1,0 +1,82 @@
+/// Which displays get a dock, where exactly, and what has to change to get there. Rectangles are in
+/// global space: points, origin at the primary display's bottom-left corner, y upwards.
+#pragma once
+
+#include "Foundation/Geometry.hpp"
+#include "Layout/ScreenSnapshot.hpp"
+#include "Model/DockOrdering.hpp"
+#include "Settings/Settings.hpp"
+
+#include <cstdint>
+#include <map>
+#include <ostream>
+#include <set>
+#include <span>
+#include <vector>
+
+namespace vireline {
+
+/// One planned panel.
+struct PanelSpec {
+    std::uint32_t displayID = 0;
+    Rect frame;
+    /// The length along the strip that tiles may use, after margins and magnification room.
+    double availableWidth = 0;
+    DockPosition position = DockPosition::bottom;
+
+    /// The sliver along the display's edge, or along another program's panel there. It fills the
+    /// gap that a planned frame leaves.
+    [[nodiscard]] Rect collapsedFrame() const;
+
+    /// The frame joined with the sliver: where the pointer counts as being over the dock.
+    [[nodiscard]] Rect hoverFrame() const;
+
+    bool operator==(const PanelSpec&) const = default;
+};
+
+inline std::ostream& operator<<(std::ostream& out, const PanelSpec& spec) {
+    return out << '#' << spec.displayID << ' ' << spec.frame << " available "
+               << spec.availableWidth;
+}
+
+/// The way from the panels that exist to those that should.
+struct PanelPlan {
+    std::vector<PanelSpec> create;
+    std::vector<std::uint32_t> destroy;
+    std::vector<PanelSpec> reframe;
+
+    bool operator==(const PanelPlan&) const = default;
+};
+
+namespace PanelPlanner {
+
+/// What the planner is told besides the screens.
+struct Request {
+    DockOrdering::Counts counts;
+    double maxIconSize = 44;
+    DockPosition position = DockPosition::bottom;
+    /// 1 is off.
+    double magnification = 1;
+    /// Displays to leave without a panel.
+    std::set<std::uint32_t> hiddenDisplays;
+};
+
+/// One panel for every display but the one that holds the desktop's own dock, in screen order; none
+/// with fewer than two displays. Where another program has a panel at the dock's edge, the dock
+/// stands beyond it, at the edge of the visible frame.
+[[nodiscard]] std::vector<PanelSpec> desiredPanels(std::span<const ScreenSnapshot> screens,
+                                                   const Request& request);
+
+/// How deep a panel is across its edge. Built on the default icon size whatever the configured one,
+/// so that the dock's windows keep their thickness; magnification adds what `iconSize` grows by.
+/// Only a horizontal dock has room for the label.
+[[nodiscard]] double thickness(DockPosition position, double iconSize,
+                               double magnification) noexcept;
+
+/// `existing` maps a display ID to its panel's current frame. Only frames are compared. `destroy`
+/// ascends; the others keep the order of `desired`.
+[[nodiscard]] PanelPlan plan(std::span<const PanelSpec> desired,
+                             const std::map<std::uint32_t, Rect>& existing);
+
+}
+}

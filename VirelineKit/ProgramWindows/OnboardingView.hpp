@@ -1,0 +1,24 @@
+/// The pages of the welcome tour.
+#pragma once
+
+#include "ClientWindows/DockAnchorGuard.hpp"
+#include "Platform/DesktopWords.hpp"
+#include "Presentation/OnboardingPage.hpp"
+
+namespace vireline::OnboardingView {
+
+/// The index of the last page.
+inline constexpr int lastStep = 2;
+
+/// What a page depends on besides its index.
+struct Surroundings {
+    DockAnchorGuard::Status anchorStatus = DockAnchorGuard::Status::off;
+    /// Whether this desktop lets any program move the windows of others.
+    bool canMoveWindows = true;
+};
+
+/// The page of an index from 0 to `lastStep`.
+[[nodiscard]] OnboardingPage page(int step, const Surroundings& surroundings,
+                                  const DesktopWords& words);
+
+}

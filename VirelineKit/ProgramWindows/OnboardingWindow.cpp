@@ -1,0 +1,90 @@
+#include "ProgramWindows/OnboardingWindow.hpp"
+
+#include "ClientWindows/DockAnchorGuard.hpp"
+#include "Foundation/DevLog.hpp"
+#include "Platform/Accessibility.hpp"
+#include "Platform/Platform.hpp"
+#include "Platform/Workspace.hpp"
+#include "ProgramWindows/OnboardingView.hpp"
+#include "Settings/PreferencesStore.hpp"
+
+#include <algorithm>
+
+namespace vireline {
+
+OnboardingWindowController::OnboardingWindowController(PreferencesStore& store,
+                                                       DockAnchorGuard& anchorGuard,
+                                                       const Platform& platform)
+    : store_(store)
+    , anchorGuard_(anchorGuard)
+    , windows_(platform.programWindows)
+    , workspace_(platform.workspace)
+    , accessibility_(platform.accessibility)
+    , words_(platform.words) {}
+
+void OnboardingWindowController::show() {
+    if (!window_)
+        makeWindow();
+    if (!window_->isVisible())
+        step_ = 0;
+    present();
+    window_->makeKeyAndOrderFront();
+}
+
+void OnboardingWindowController::makeWindow() {
+    window_ = windows_.makeOnboardingWindow(
+        {.title = "Welcome to Vireline", .contentSize = {560, 480}, .isMiniaturizable = false},
+        *this);
+    const auto changed = lifetime_.guard([this] {
+        if (window_->isVisible())
+            present();
+    });
+    observations_ = {anchorGuard_.observeStatus(changed), accessibility_.observeManager(changed)};
+}
+
+void OnboardingWindowController::present() {
+    const OnboardingView::Surroundings surroundings{
+        .anchorStatus = anchorGuard_.status(), .canMoveWindows = accessibility_.canMoveWindows()};
+    window_->present(OnboardingView::page(step_, surroundings, words_));
+}
+
+void OnboardingWindowController::onboardingActed(OnboardingAction action) {
+    switch (action) {
+    case OnboardingAction::back:
+        return go(step_ - 1);
+    case OnboardingAction::advance:
+        return go(step_ + 1);
+    case OnboardingAction::finish:
+        return finish();
+    case OnboardingAction::enableFeatures:
+        return enableFeatures();
+    }
+}
+
+void OnboardingWindowController::go(int step) {
+    step_ = std::clamp(step, 0, OnboardingView::lastStep);
+    present();
+}
+
+void OnboardingWindowController::enableFeatures() {
+    for (bool Settings::* const feature :
+         {&Settings::anchorAppleDock, &Settings::openOnThisDisplay, &Settings::summonOnClick,
+          &Settings::fillOnDoubleClick}) {
+        Settings settings = store_.settings();
+        settings.*feature = true;
+        store_.setSettings(std::move(settings));
+    }
+    if (!words_.permissionPane.empty())
+        workspace_.openSystemSettings(words_.permissionPane);
+}
+
+void OnboardingWindowController::finish() {
+    Settings settings = store_.settings();
+    settings.onboardingCompleted = true;
+    store_.setSettings(std::move(settings));
+    if (window_)
+        window_->close();
+    DevLog::write("onboarding completed");
+}
+
+}
