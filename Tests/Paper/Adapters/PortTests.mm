@@ -1,4 +1,6 @@
 // The ports that ask the system, each by itself.
+#include "App/MacMotionSettings.hpp"
+#include "App/MacPointerSettings.hpp"
 #include "Applications/WorkspaceApplications.hpp"
 #include "Applications/WorkspaceCatalog.hpp"
 #include "Cocoa/Paper.hpp"
@@ -95,6 +97,56 @@ TEST_F(Ports, HearOfEveryChangeOfTheDisplays) {
     subscription.reset();
     paper::drain();
     EXPECT_EQ(heard, 7);
+}
+
+TEST_F(Ports, HearOfEverythingThatMayHaveChangedTheDisplays) {
+    paper::plug({{.number = 1}});
+    int heard = 0;
+    MacScreens port;
+    Subscription subscription = port.observeParameters([&] { ++heard; });
+    int expected = 0;
+    post(NSNotificationCenter.defaultCenter, NSApplicationDidChangeScreenParametersNotification,
+         nil);
+    EXPECT_EQ(heard, ++expected);
+    for (NSNotificationName name :
+         {NSWorkspaceDidWakeNotification, NSWorkspaceScreensDidSleepNotification,
+          NSWorkspaceScreensDidWakeNotification, NSWorkspaceSessionDidBecomeActiveNotification,
+          NSWorkspaceSessionDidResignActiveNotification}) {
+        post(NSWorkspace.sharedWorkspace.notificationCenter, name, nil);
+        EXPECT_EQ(heard, ++expected) << name.paperText;
+    }
+    @autoreleasepool {
+        // The displays are not up to date before the next turn.
+        paper::announceMainDisplay(1);
+        EXPECT_EQ(heard, expected);
+        paper::drain();
+    }
+    EXPECT_EQ(heard, ++expected);
+}
+
+TEST_F(Ports, HearNothingOfTheDisplaysAnyMoreNorWhatIsOnItsWay) {
+    int heard = 0;
+    MacScreens port;
+    Subscription subscription = port.observeParameters([&] { ++heard; });
+    @autoreleasepool {
+        paper::announceMainDisplay(1);
+        subscription.reset();
+        paper::drain();
+    }
+    post(NSWorkspace.sharedWorkspace.notificationCenter, NSWorkspaceDidWakeNotification, nil);
+    EXPECT_EQ(heard, 0);
+}
+
+TEST_F(Ports, AnswerAsIsUsualWhereTheSystemRaises) {
+    paper::plug({{.number = 1}});
+    for (const char* const selector : {"doubleClickInterval", "sharedWorkspace", "screens"})
+        paper::rt::makeRaise(selector);
+    EXPECT_DOUBLE_EQ(MacPointerSettings{}.doubleClickInterval(), 0.5);
+    EXPECT_FALSE(MacMotionSettings{}.reducesMotion());
+    EXPECT_TRUE(MacScreens{}.screens().empty());
+    for (const char* const selector : {"doubleClickInterval", "sharedWorkspace", "screens"})
+        EXPECT_EQ(paper::rt::raised(selector), 1) << selector;
+    paper::rt::clearFaults();
 }
 
 TEST_F(Ports, DescribeRunningAppsButThoseThatHaveEnded) {
