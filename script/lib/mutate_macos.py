@@ -31,6 +31,8 @@ HELPERS = ROOT / "script" / "lib" / "StrongForWeak.hpp"
 TEST_SECONDS = 300
 # Tests of the fakes, one that is another every time, and the slowest, which look at the kit most.
 LEFT_OUT = ["-OneCallFails", "-FakeFiles", "-FakeWatch", "-VirtualTime", "-OfToday"]
+# Lives a day some 200 times, and looks for attempts that are missing.
+EXCEPTIONS = "-Exceptions"
 
 UNDOING = r"remove|invalidate|cancel|close|unlink|Invalidate|Remove|reset\(|orderOut|erase|pop_back|clear\(|= nil;"
 # A statement on a line of its own: a message, a call, or a property that is set.
@@ -150,6 +152,7 @@ class Bench:
                               capture_output=True, check=True).stdout.splitlines()
         self.link = next(c for c in reversed(made) if " -o Tests/Paper/PaperTests " in c)
         self.link = self.link.split(" && ")[1]
+        self.tests = {file: file.read_text() for file in (ROOT / "Tests" / "Paper").rglob("*Tests.mm")}
         # How often a test has caught a bug: those that do come first.
         self.catches = {}
         self.lock = threading.Lock()
@@ -159,13 +162,13 @@ class Bench:
         folder = WORK / hashlib.sha256(key(kind, mutant).encode()).hexdigest()[:16]
         folder.mkdir(exist_ok=True)
         try:
-            return self.judge(mutant, folder)
+            return self.judge(kind, mutant, folder)
         finally:
             for file in folder.iterdir():
                 file.unlink()
             folder.rmdir()
 
-    def judge(self, mutant, folder):
+    def judge(self, kind, mutant, folder):
         source = self.sources[mutant.path]
         changed = folder / pathlib.PurePath(mutant.path).name
         changed.write_text(source[:mutant.start] + mutant.new + source[mutant.start + len(mutant.old):])
@@ -181,12 +184,20 @@ class Bench:
         linked = self.run([*shlex.split(link), *LINKER], 300)
         if linked is None or linked.returncode != 0:
             sys.exit(linked.stdout if linked else "the linker hangs")
-        return self.first_failure(program)
+        left_out = LEFT_OUT if kind == "missing attempt" else [*LEFT_OUT, EXCEPTIONS]
+        return self.first_failure(program, left_out, self.nearest(mutant.path))
 
-    def first_failure(self, program):
+    def nearest(self, path):
+        """The tests in files that include the header of the changed one."""
+        header = f'"{pathlib.PurePath(path).with_suffix(".hpp")}"'
+        return [f"{suite}.{test}" for text in self.tests.values() if header in text
+                for suite, test in re.findall(r"^TEST(?:_F)?\((\w+), (\w+)\)", text, re.M)]
+
+    def first_failure(self, program, left_out, nearest=()):
         with self.lock:
-            first = sorted(self.catches, key=lambda test: -self.catches[test])
-        ran = self.run([str(program), "--gtest_brief=1", "--forked", *LEFT_OUT, *first], TEST_SECONDS)
+            often = sorted(self.catches, key=lambda test: -self.catches[test])
+        first = [*nearest, *(test for test in often if test not in nearest)]
+        ran = self.run([str(program), "--gtest_brief=1", "--forked", *left_out, *first], TEST_SECONDS)
         if ran is None:
             return "caught as it hangs"
         if ran.returncode == 0:
@@ -208,7 +219,7 @@ class Bench:
 
 def judge_all(chosen, jobs, known):
     bench = Bench()
-    if (failure := bench.first_failure(OBJECTS / "Tests/Paper/PaperTests")) != "survived":
+    if (failure := bench.first_failure(OBJECTS / "Tests/Paper/PaperTests", LEFT_OUT)) != "survived":
         sys.exit(f"without any change: {failure}")
     bench.catches.clear()
     judged = 0
