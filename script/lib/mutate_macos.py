@@ -68,8 +68,10 @@ def hidden(source):
 def at(path, source, start, old, new, kind, seen):
     begin = source.rfind("\n", 0, start) + 1
     text = source[begin:source.find("\n", start)].strip()
-    seen[text, kind, old] = seen.get((text, kind, old), 0) + 1
-    return kind, Mutant(path, start, source.count("\n", 0, start) + 1, text, old, new, seen[text, kind, old])
+    # What is told apart by nothing else is counted: two bugs must not share a name.
+    same = (text if kind == "flip" else "", kind, " ".join(old.split()))
+    seen[same] = seen.get(same, 0) + 1
+    return kind, Mutant(path, start, source.count("\n", 0, start) + 1, text, old, new, seen[same])
 
 
 def mutants_of(file):
@@ -275,7 +277,9 @@ def main():
         print(f"{len(chosen)} of {len(mutants)} bugs")
         return True
     known = json.loads(LAST.read_text()) if asked.again and LAST.exists() else {}
-    due = [pair for pair in chosen if known.get(key(*pair), "survived") == "survived"]
+    explained = read_equivalents()
+    due = [pair for pair in chosen if key(*pair) not in known or
+           (known[key(*pair)] == "survived" and key(*pair) not in explained)]
     judge_all(due, asked.jobs, known)
     return report(chosen, known)
 
