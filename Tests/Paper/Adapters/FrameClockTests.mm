@@ -125,6 +125,32 @@ TEST_P(Frames, EndWithTheClockAlsoWithinAFrame) {
     EXPECT_EQ(paper::pendingTimers(), 0U);
 }
 
+TEST_P(Frames, ComeOneByOneWhereTheSystemRaises) {
+    make(1);
+    for (const char* const selector : {"setPaused:", "addTimer:forMode:"})
+        paper::rt::makeRaise(selector);
+    request();
+    @autoreleasepool {
+        paper::drain();
+    }
+    EXPECT_EQ(frames, 1);
+    EXPECT_EQ(paper::rt::raised("setPaused:") + paper::rt::raised("addTimer:forMode:"), 1);
+    paper::rt::clearFaults();
+}
+
+TEST_P(Frames, ComeOneByOneWhereThereIsNoBeat) {
+    for (const char* const selector :
+         {"displayLinkWithTarget:selector:", "timerWithTimeInterval:repeats:block:"})
+        paper::rt::makeRaise(selector);
+    make(1);
+    request();
+    @autoreleasepool {
+        paper::drain();
+    }
+    EXPECT_EQ(frames, 1);
+    paper::rt::clearFaults();
+}
+
 TEST_P(Frames, AreGivenOneByOneWithoutAView) {
     clock = std::make_unique<FrameClock>(nil, [this] { ++frames; });
     request();

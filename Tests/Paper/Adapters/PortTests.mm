@@ -99,31 +99,6 @@ TEST_F(Ports, HearOfEveryChangeOfTheDisplays) {
     EXPECT_EQ(heard, 7);
 }
 
-TEST_F(Ports, HearOfEverythingThatMayHaveChangedTheDisplays) {
-    paper::plug({{.number = 1}});
-    int heard = 0;
-    MacScreens port;
-    Subscription subscription = port.observeParameters([&] { ++heard; });
-    int expected = 0;
-    post(NSNotificationCenter.defaultCenter, NSApplicationDidChangeScreenParametersNotification,
-         nil);
-    EXPECT_EQ(heard, ++expected);
-    for (NSNotificationName name :
-         {NSWorkspaceDidWakeNotification, NSWorkspaceScreensDidSleepNotification,
-          NSWorkspaceScreensDidWakeNotification, NSWorkspaceSessionDidBecomeActiveNotification,
-          NSWorkspaceSessionDidResignActiveNotification}) {
-        post(NSWorkspace.sharedWorkspace.notificationCenter, name, nil);
-        EXPECT_EQ(heard, ++expected) << name.paperText;
-    }
-    @autoreleasepool {
-        // The displays are not up to date before the next turn.
-        paper::announceMainDisplay(1);
-        EXPECT_EQ(heard, expected);
-        paper::drain();
-    }
-    EXPECT_EQ(heard, ++expected);
-}
-
 TEST_F(Ports, HearNothingOfTheDisplaysAnyMoreNorWhatIsOnItsWay) {
     int heard = 0;
     MacScreens port;
@@ -139,13 +114,19 @@ TEST_F(Ports, HearNothingOfTheDisplaysAnyMoreNorWhatIsOnItsWay) {
 
 TEST_F(Ports, AnswerAsIsUsualWhereTheSystemRaises) {
     paper::plug({{.number = 1}});
-    for (const char* const selector : {"doubleClickInterval", "sharedWorkspace", "screens"})
+    constexpr std::array selectors{"doubleClickInterval", "sharedWorkspace", "screens",
+                                   "bundleWithURL:", "displayNameAtPath:"};
+    for (const char* const selector : selectors)
         paper::rt::makeRaise(selector);
     EXPECT_DOUBLE_EQ(MacPointerSettings{}.doubleClickInterval(), 0.5);
     EXPECT_FALSE(MacMotionSettings{}.reducesMotion());
     EXPECT_TRUE(MacScreens{}.screens().empty());
-    for (const char* const selector : {"doubleClickInterval", "sharedWorkspace", "screens"})
-        EXPECT_EQ(paper::rt::raised(selector), 1) << selector;
+    const auto app = FileURL::fromPath("/Applications/Notes.app");
+    EXPECT_EQ(WorkspaceCatalog{}.urlForBundleID("com.example.Notes"), std::nullopt);
+    EXPECT_EQ(WorkspaceCatalog{}.bundleIdentifier(app), std::nullopt);
+    EXPECT_EQ(WorkspaceCatalog{}.displayName(app), "Notes.app");
+    for (const char* const selector : selectors)
+        EXPECT_GE(paper::rt::raised(selector), 1) << selector;
     paper::rt::clearFaults();
 }
 

@@ -96,6 +96,8 @@ void unplug() {
 }
 
 void changeSettings() {
+    // It gets the focus back behind the settings.
+    paper::launch({"com.example.Chess", "Chess", 510, paper::home() + "/Chess.app"}).active = YES;
     static_cast<void>(paper::chooseStatusItem("Settings…"));
     NSWindow* const settings = paper::windowTitled("Vireline Settings");
     switchOn(controlNamed(settings, "Automatically hide and show the dock"), true);
