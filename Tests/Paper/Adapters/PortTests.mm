@@ -99,19 +99,6 @@ TEST_F(Ports, HearOfEveryChangeOfTheDisplays) {
     EXPECT_EQ(heard, 7);
 }
 
-TEST_F(Ports, HearNothingOfTheDisplaysAnyMoreNorWhatIsOnItsWay) {
-    int heard = 0;
-    MacScreens port;
-    Subscription subscription = port.observeParameters([&] { ++heard; });
-    @autoreleasepool {
-        paper::announceMainDisplay(1);
-        subscription.reset();
-        paper::drain();
-    }
-    post(NSWorkspace.sharedWorkspace.notificationCenter, NSWorkspaceDidWakeNotification, nil);
-    EXPECT_EQ(heard, 0);
-}
-
 TEST_F(Ports, AnswerAsIsUsualWhereTheSystemRaises) {
     paper::plug({{.number = 1}});
     constexpr std::array selectors{"doubleClickInterval", "sharedWorkspace", "screens",
