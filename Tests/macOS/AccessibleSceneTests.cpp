@@ -46,6 +46,20 @@ TEST(AccessibleScene, MagnifyingIsNoChange) {
     EXPECT_EQ(AccessibleScene::of(before), AccessibleScene::of(after));
 }
 
+TEST(AccessibleScene, TellsWhichTilesBeganOrCeasedToRun) {
+    Scene before;
+    addTile(before, 1, {0, 0}, 1);
+    addTile(before, 2, {50, 0}, 0);
+    addTile(before, 3, {100, 0}, 1);
+    Scene after;
+    addTile(after, 1, {0, 0}, 0);
+    addTile(after, 2, {50, 0}, 1);
+    addTile(after, 3, {100, 0}, 1);
+
+    EXPECT_EQ(AccessibleScene::of(after).changedSince(AccessibleScene::of(before)), (Tiles{1, 2}));
+    EXPECT_EQ(AccessibleScene::of(after).changedSince(AccessibleScene::of(after)), Tiles{});
+}
+
 TEST(AccessibleScene, NothingButTilesCounts) {
     Scene scene;
     scene.nodes.push_back({.id = {NodeID::Part::strip}, .frame = {}, .content = GlassNode{}});

@@ -36,6 +36,12 @@
     _onFinishedLaunching();
 }
 
+/// There is no state to restore; without an answer the system logs a warning at each start.
+- (BOOL)applicationSupportsSecureRestorableState:(NSApplication*)application {
+    static_cast<void>(application);
+    return YES;
+}
+
 - (BOOL)applicationShouldHandleReopen:(NSApplication*)sender hasVisibleWindows:(BOOL)hasWindows {
     static_cast<void>(sender);
     static_cast<void>(hasWindows);

@@ -134,8 +134,11 @@ bool isSameKind(const SceneNode& one, const SceneNode& other) {
     const AccessibleScene before = std::exchange(*_known, now);
     if (now.tiles != before.tiles) {
         NSAccessibilityPostNotification(self, NSAccessibilityLayoutChangedNotification);
-    } else if (now.running != before.running) {
-        for (const ShownTile& tile : _tiles)
+        return;
+    }
+    const auto changed = now.changedSince(before);
+    for (const ShownTile& tile : _tiles) {
+        if (std::ranges::find(changed, tile.identifier) != changed.end())
             NSAccessibilityPostNotification(tile.element, NSAccessibilityValueChangedNotification);
     }
 }

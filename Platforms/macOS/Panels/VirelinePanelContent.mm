@@ -167,7 +167,8 @@ NSDragOperation operation(BOOL canDrop, id<NSDraggingInfo> drag) {
 
 /// What it shows has the tiles; by itself it is nothing to anybody.
 - (id)accessibilityHitTest:(NSPoint)point {
-    return [self.subviews.firstObject accessibilityHitTest:point];
+    return attemptOr<id>(nil, "accessibilityHitTest",
+                         [&] { return [self.subviews.firstObject accessibilityHitTest:point]; });
 }
 
 @end

@@ -53,10 +53,12 @@ using vireline::macos::toNSString;
 }
 
 - (BOOL)isAccessibilitySelectorAllowed:(SEL)selector {
-    if (selector != @selector(accessibilityPerformShowMenu))
-        return [super isAccessibilitySelectorAllowed:selector];
-    const auto tile = [_dock tile:_tile];
-    return tile && tile->hasMenu;
+    return attemptOr<BOOL>(NO, "isAccessibilitySelectorAllowed", [&]() -> BOOL {
+        if (selector != @selector(accessibilityPerformShowMenu))
+            return [super isAccessibilitySelectorAllowed:selector];
+        const auto tile = [_dock tile:_tile];
+        return tile && tile->hasMenu;
+    });
 }
 
 - (BOOL)accessibilityPerformPress {

@@ -122,7 +122,8 @@ double MacFormWindow::layOut(SectionView& view, double top) {
     const double titleHeight = Labels::fittingSize(view.title, rowWidth).height;
     const auto frames = FormLayout::section(width_, top, titleHeight, heights);
     view.title.frame = toCGRect(frames.title);
-    view.box.frame = toCGRect(frames.box);
+    // The box's own border, whose width only the system knows, lies around what is laid out.
+    [view.box setFrameFromContentFrame:toCGRect(frames.box)];
     for (std::size_t index = 0; index < view.rows.size(); ++index)
         view.rows.at(index)->view().frame = toCGRect(
             {FormLayout::boxPadding, frames.rowTops.at(index), rowWidth, heights.at(index)});

@@ -1,6 +1,7 @@
 #include "Translation/AccessibleScene.hpp"
 
 #include <algorithm>
+#include <iterator>
 
 namespace vireline::macos {
 namespace {
@@ -29,6 +30,12 @@ AccessibleScene AccessibleScene::of(const Scene& scene) {
         noticed.tiles.push_back(place.tile);
     std::ranges::sort(noticed.running);
     return noticed;
+}
+
+std::vector<std::uint32_t> AccessibleScene::changedSince(const AccessibleScene& before) const {
+    std::vector<std::uint32_t> changed;
+    std::ranges::set_symmetric_difference(before.running, running, std::back_inserter(changed));
+    return changed;
 }
 
 }

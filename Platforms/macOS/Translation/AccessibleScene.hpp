@@ -18,6 +18,9 @@ struct AccessibleScene {
 
     /// A dragged tile is painted last and keeps its place, so the order is that of the places.
     [[nodiscard]] static AccessibleScene of(const Scene& scene);
+
+    /// The tiles that have begun or ceased to run, in order.
+    [[nodiscard]] std::vector<std::uint32_t> changedSince(const AccessibleScene& before) const;
 };
 
 }

@@ -1,4 +1,6 @@
 // The ports that ask the system, each by itself.
+#include "App/MacMotionSettings.hpp"
+#include "App/MacPointerSettings.hpp"
 #include "Applications/WorkspaceApplications.hpp"
 #include "Applications/WorkspaceCatalog.hpp"
 #include "Cocoa/Paper.hpp"
@@ -95,6 +97,24 @@ TEST_F(Ports, HearOfEveryChangeOfTheDisplays) {
     subscription.reset();
     paper::drain();
     EXPECT_EQ(heard, 7);
+}
+
+TEST_F(Ports, AnswerAsIsUsualWhereTheSystemRaises) {
+    paper::plug({{.number = 1}});
+    constexpr std::array selectors{"doubleClickInterval", "sharedWorkspace", "screens",
+                                   "bundleWithURL:", "displayNameAtPath:"};
+    for (const char* const selector : selectors)
+        paper::rt::makeRaise(selector);
+    EXPECT_DOUBLE_EQ(MacPointerSettings{}.doubleClickInterval(), 0.5);
+    EXPECT_FALSE(MacMotionSettings{}.reducesMotion());
+    EXPECT_TRUE(MacScreens{}.screens().empty());
+    const auto app = FileURL::fromPath("/Applications/Notes.app");
+    EXPECT_EQ(WorkspaceCatalog{}.urlForBundleID("com.example.Notes"), std::nullopt);
+    EXPECT_EQ(WorkspaceCatalog{}.bundleIdentifier(app), std::nullopt);
+    EXPECT_EQ(WorkspaceCatalog{}.displayName(app), "Notes.app");
+    for (const char* const selector : selectors)
+        EXPECT_GE(paper::rt::raised(selector), 1) << selector;
+    paper::rt::clearFaults();
 }
 
 TEST_F(Ports, DescribeRunningAppsButThoseThatHaveEnded) {

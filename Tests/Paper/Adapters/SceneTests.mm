@@ -1,6 +1,7 @@
 // What the views of a dock show of a scene, and what they are called.
 #include "Cocoa/Paper.hpp"
 #include "Icons/MacImage.hpp"
+#include "Panels/MacPanelWindows.hpp"
 #include "Panels/VirelineDockView.hpp"
 #include "Panels/VirelineGlassView.hpp"
 #include "Translation/PanelInput.hpp"
@@ -8,6 +9,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+
+/// What is used of the system's glass.
+@protocol PaperRounded
+@property CGFloat cornerRadius;
+@end
 
 namespace vireline::macos {
 namespace {
@@ -72,6 +78,10 @@ protected:
         }
     }
     [[nodiscard]] NSView* view(NSUInteger index) const { return dock.subviews[index]; }
+    /// Of the glass that a node shows.
+    [[nodiscard]] NSView* background(NSUInteger index) const {
+        return view(index).subviews.firstObject.subviews.firstObject;
+    }
     static std::string backgroundOf(NSView* view) {
         return [[NSColor colorWithCGColor:view.layer.backgroundColor] paperName].paperText;
     }
@@ -187,6 +197,57 @@ TEST_F(Scenes, RoundTheGlassOfTheStrip) {
     }
 }
 
+TEST_F(Scenes, RoundTheMaskOfTheMaterialWhereThereIsNoGlass) {
+    @autoreleasepool {
+        paper::setSystemVersion(15);
+        show({node(Part::strip, 0, {0, 0, 200, 60}, GlassNode{18})});
+        NSVisualEffectView* const material =
+            static_cast<NSVisualEffectView*>(static_cast<id>(background(0)));
+        ASSERT_TRUE([material isKindOfClass:NSVisualEffectView.class]);
+        EXPECT_DOUBLE_EQ(material.maskImage.size.width, 2 * 18 + 1);
+        EXPECT_DOUBLE_EQ(material.maskImage.capInsets.left, 18);
+    }
+}
+
+TEST_F(Scenes, RoundTheGlassItselfWhereTheSystemHasIt) {
+    @autoreleasepool {
+        paper::setSystemVersion(26);
+        show({node(Part::strip, 0, {0, 0, 200, 60}, GlassNode{18})});
+        NSView* const glass = background(0);
+        ASSERT_TRUE([glass isKindOfClass:NSClassFromString(@"NSGlassEffectView")]);
+        EXPECT_DOUBLE_EQ(static_cast<id<PaperRounded>>(static_cast<id>(glass)).cornerRadius, 18);
+        show({node(Part::strip, 0, {0, 0, 200, 20}, GlassNode{18})});
+        EXPECT_DOUBLE_EQ(static_cast<id<PaperRounded>>(static_cast<id>(glass)).cornerRadius, 10);
+    }
+}
+
+class GlassOfAnotherMake : public Scenes, public testing::WithParamInterface<const char*> {};
+
+TEST_P(GlassOfAnotherMake, IsNotUsed) {
+    @autoreleasepool {
+        paper::setSystemVersion(26);
+        paper::rt::forget("NSGlassEffectView", GetParam());
+        show({node(Part::strip, 0, {0, 0, 200, 60}, GlassNode{18})});
+        EXPECT_TRUE([background(0) isKindOfClass:NSVisualEffectView.class]);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Without, GlassOfAnotherMake,
+                         testing::Values("setCornerRadius:", "setContentView:"));
+
+TEST_F(Scenes, AreGoneWithTheirDockFromAWindowThatIsStillHeld) {
+    NSWindow* held = nil;
+    @autoreleasepool {
+        auto panel = MacPanelWindows{}.makePanel(7, {0, 0, 400, 100}, listener);
+        held = paper::windowTitled("Vireline dock #7");
+        EXPECT_NE(held.contentView, nil);
+        panel.reset();
+        paper::drain();
+    }
+    EXPECT_EQ(held.contentView, nil);
+    EXPECT_FALSE(held.visible);
+}
+
 TEST_F(Scenes, LeadAssistiveTechnologyToTheTiles) {
     @autoreleasepool {
         listener.tiles = {{.id = 4,
@@ -227,24 +288,47 @@ TEST_F(Scenes, LeadAssistiveTechnologyToTheTiles) {
     }
 }
 
+TEST_F(Scenes, SayNothingOfATileWhileTheSystemRaises) {
+    @autoreleasepool {
+        listener.tiles = {{.id = 4,
+                           .label = "Notes",
+                           .value = "running",
+                           .frame = {0, 0, 50, 100},
+                           .hasMenu = true}};
+        const id notes = [dock accessibilityChildren][0];
+        EXPECT_GT([notes accessibilityFrame].size.width, 0);
+        paper::rt::makeRaise("tile:");
+        EXPECT_EQ([notes accessibilityLabel], nil);
+        EXPECT_EQ([notes accessibilityValue], nil);
+        EXPECT_EQ([notes accessibilityFrame].size.width, 0);
+        EXPECT_FALSE(
+            [notes isAccessibilitySelectorAllowed:@selector(accessibilityPerformShowMenu)]);
+        paper::rt::clearFaults();
+        EXPECT_EQ([notes accessibilityLabel].paperText, "Notes");
+    }
+}
+
 TEST_F(Scenes, TellAssistiveTechnologyOfOtherTilesAndOfAppsThatRun) {
     @autoreleasepool {
         const SceneNode notes = node(Part::icon, 4, {0, 0, 44, 44}, icon(NO, 44));
+        const SceneNode mail = node(Part::icon, 5, {50, 0, 44, 44}, icon(NO, 44));
         SceneNode dot = node(Part::dot, 4, {20, 50, 4, 4}, DotNode{});
         dot.opacity = 0;
-        listener.tiles = {{.id = 4,
-                           .label = "Notes",
-                           .value = std::nullopt,
-                           .frame = {0, 0, 50, 100},
-                           .hasMenu = true}};
-        show({notes, dot});
+        for (const std::uint32_t tile : {4U, 5U})
+            listener.tiles.push_back({.id = tile,
+                                      .label = "A tile",
+                                      .value = std::nullopt,
+                                      .frame = {0, 0, 50, 100},
+                                      .hasMenu = true});
+        show({notes, mail, dot});
         paper::requests().clear();
         dot.opacity = 1;
-        show({notes, dot});
+        show({notes, mail, dot});
         EXPECT_TRUE(paper::requests().empty()) << "nothing asked yet";
         static_cast<void>([dock accessibilityChildren]);
         dot.opacity = 0;
-        show({notes, dot});
+        show({notes, mail, dot});
+        // Of the tile that changed alone.
         ASSERT_EQ(paper::requests().size(), 1U);
         EXPECT_TRUE(paper::requests()[0].ends_with("AXValueChanged"));
         show({});

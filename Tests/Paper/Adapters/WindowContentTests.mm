@@ -248,6 +248,10 @@ TEST_F(FormWindows, LayRowsOutWithoutAnyOnTopOfAnother) {
                   inWindow(label(content(), "Second")).maxY());
         EXPECT_GT(inWindow(label(content(), "Source")).minY(),
                   inWindow(label(content(), "Position")).maxY());
+        const NSSwitch* const anchor = controlNamed(shown(), "Anchor");
+        const NSView* const rows = anchor.superview.superview;
+        EXPECT_DOUBLE_EQ(rows.frame.size.width,
+                         FormLayout::rowWidth(480) + 2 * FormLayout::boxPadding);
         NSView* const document = viewsOf(content(), NSClassFromString(@"VirelineFlippedView"))[0];
         EXPECT_DOUBLE_EQ(document.frame.size.width, 480);
         EXPECT_GE(document.frame.size.height, 560);
@@ -368,6 +372,17 @@ TEST_F(TourWindows, TellWhichButtonWasPressedAndGiveReturnToTheLast) {
                   (std::vector{OnboardingAction::back, OnboardingAction::enableFeatures,
                                OnboardingAction::advance}));
     }
+}
+
+TEST_F(TourWindows, KeepNothingOfAPageThatIsReplaced) {
+    show(page());
+    const auto targets = [] { return paper::rt::liveObjects("VirelineActionTarget"); };
+    const long before = targets();
+    OnboardingPage other = page();
+    other.title = "Another";
+    show(other);
+    show(page());
+    EXPECT_EQ(targets(), before);
 }
 
 TEST_F(TourWindows, ReplaceAPageButNotByItself) {

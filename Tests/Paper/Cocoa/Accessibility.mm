@@ -2,6 +2,9 @@
 #include "Cocoa/CoreObjects.hpp"
 #include "Cocoa/Paper.hpp"
 
+// Documented: an opaque reference to a program or a window; two that name the same one are equal.
+// Belief: a window goes on being named while others of its program come and go; here it is known by
+// its place among them.
 @implementation PaperElement
 
 - (BOOL)isEqual:(id)other {
@@ -13,6 +16,7 @@
 
 @end
 
+// Documented: wraps a structure and knows which; it is not unwrapped as another one.
 @implementation PaperBox
 @end
 

@@ -93,6 +93,9 @@ uint32_t CGDisplayUnitNumber(CGDirectDisplayID display) {
         paper::guarded("applicationDidFinishLaunching",
                        [&] { [self.delegate applicationDidFinishLaunching:launched]; });
         paper::drain();
+    }
+    // What the launch left behind is gone by the first event.
+    @autoreleasepool {
         if (const auto user = std::exchange(script(), nullptr))
             user();
     }

@@ -84,6 +84,7 @@ void refuseNil(id object) {
 
 @end
 
+// Documented: what changes while it is enumerated raises; here the process ends.
 @implementation NSMutableArray
 
 - (void)addObject:(id)object {

@@ -28,6 +28,8 @@
 
 @end
 
+// Documented: a template image takes on the tint colour. Belief: the image is scaled down to the
+// view, in proportion; nothing of that is drawn here.
 @implementation NSImageView
 @end
 
@@ -50,10 +52,26 @@
 
 @end
 
-// Documented: the content view is resized with the box. Belief: it fills the box; a real one insets
-// it by its border.
+// Documented: the content view is resized with the box, inside its border. Belief: how wide that
+// border is does not matter; here it is 3 points, and none of a line or a box of the program's own.
 @implementation NSBox {
     NSView* _content;
+}
+
+- (CGFloat)paperInset {
+    return self.boxType == NSBoxSeparator || self.boxType == NSBoxCustom ? 0 : 3;
+}
+
+- (NSRect)paperRoom {
+    const CGFloat inset = [self paperInset];
+    const NSSize size = self.frame.size;
+    return {{inset, inset}, {size.width - 2 * inset, size.height - 2 * inset}};
+}
+
+- (void)setFrameFromContentFrame:(NSRect)content {
+    const CGFloat inset = [self paperInset];
+    self.frame = {{content.origin.x - inset, content.origin.y - inset},
+                  {content.size.width + 2 * inset, content.size.height + 2 * inset}};
 }
 
 - (NSView*)contentView {
@@ -65,13 +83,13 @@
     _content = view;
     if (view == nil)
         return;
-    view.frame = self.bounds;
+    view.frame = [self paperRoom];
     [self addSubview:view];
 }
 
 - (void)setFrame:(NSRect)frame {
     [super setFrame:frame];
-    _content.frame = self.bounds;
+    _content.frame = [self paperRoom];
 }
 
 @end

@@ -113,9 +113,13 @@ static id button(Class made, NSString* title, id target, SEL action) {
 
 @end
 
+// Documented: shows the item's image in the menu bar, and the item's menu when it is clicked.
+// Belief: a template image is legible on every menu bar.
 @implementation NSStatusBarButton
 @end
 
+// Documented: is on or off, and acts when the user changes that. Belief: setting its state does not
+// make it act.
 @implementation NSSwitch
 @end
 

@@ -38,6 +38,8 @@
 - (BOOL)paperRests;
 @end
 
+// Documented: from version 14 on, one display link for each call. Here also before: the program
+// asks for the version.
 @implementation NSView (DisplayLink)
 
 - (CADisplayLink*)displayLinkWithTarget:(id)target selector:(SEL)selector {

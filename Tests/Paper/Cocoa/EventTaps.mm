@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+// Documented: a tap's port holds no reference to what its callback is given, and is enabled and
+// disabled by itself.
 @interface PaperPort : NSObject
 @property CGEventTapCallBack callback;
 @property void* info;
@@ -13,6 +15,7 @@
 @implementation PaperPort
 @end
 
+// Documented: a source of a run loop holds the port that it serves.
 @interface PaperRunLoopSource : NSObject
 @property(strong) PaperPort* port;
 @property(strong) id loop;
@@ -21,6 +24,8 @@
 @implementation PaperRunLoopSource
 @end
 
+// Documented: where the pointer goes can be changed on its way. Belief: the location that the
+// callback set is what the rest of the system gets to see, and the pointer's picture with it.
 @interface PaperEvent : NSObject
 @property CGPoint location;
 @end
@@ -36,6 +41,7 @@ struct Taps {
     std::vector<std::pair<CGDisplayReconfigurationCallBack, void*>> displayWatches;
     std::size_t unansweredMoves = 0;
     bool isAllowed = true;
+    bool isTakenBack = false;
     bool isEscapeDown = false;
 };
 
@@ -93,7 +99,13 @@ void CFRunLoopAddSource(CFRunLoopRef loop, CFRunLoopSourceRef reference, CFRunLo
     paper::sourceAdded(loop);
 }
 
+// Belief: null for a port that has become invalid, as the open sources of Core Foundation say.
 CFRunLoopSourceRef CFMachPortCreateRunLoopSource(CFAllocatorRef, CFMachPortRef port, CFIndex) {
+    if (taps().isTakenBack) {
+        const std::lock_guard hold{paper::rt::lock()};
+        std::erase(taps().ports, portOf(port));
+        return nullptr;
+    }
     PaperRunLoopSource* const source = [[PaperRunLoopSource alloc] init];
     source.port = portOf(port);
     return (__bridge_retained CFRunLoopSourceRef)source;
@@ -186,6 +198,10 @@ std::size_t unansweredMoves() {
 
 void allowTaps(bool allows) {
     taps().isAllowed = allows;
+}
+
+void takeTapsBack(bool takes) {
+    taps().isTakenBack = takes;
 }
 
 std::size_t eventTaps() {

@@ -114,6 +114,8 @@
 @end
 
 @interface NSMenu ()
+/// It is open, and was not told to close.
+@property(readonly) BOOL paperIsTracking;
 - (NSArray<NSMenuItem*>*)paperItems;
 - (void)paperUpdate;
 - (void)paperChoose:(NSMenuItem*)item;

@@ -78,6 +78,10 @@ std::function<NSMenuItem*(NSMenu*)>& menuAnswer() {
         paper::guarded("menu item", [&] { paper::send(target, item.paperAction, item); });
 }
 
+- (BOOL)paperIsTracking {
+    return _isTracking;
+}
+
 - (NSSize)size {
     constexpr double width = 160;
     constexpr double itemHeight = 22;

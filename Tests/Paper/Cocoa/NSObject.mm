@@ -147,6 +147,7 @@ const char* nameOf(Protocol* protocol) {
 
 @end
 
+// Documented, by Clang: a block is an object. What a block captures is in Runtime/Blocks.cpp.
 @interface PaperBlock : NSObject
 @end
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+// Documented: what stands for a block's observer is opaque, and handed back to remove it.
 @interface PaperObserver : NSObject
 @property(copy) NSString* name;
 @property(copy) void (^block)(NSNotification*);
@@ -13,6 +14,7 @@
 @implementation PaperObserver
 @end
 
+// Documented: carries a name, its sender and the user info, of which the program reads the last.
 @implementation NSNotification
 
 - (id)copyWithZone:(struct _NSZone*)zone {

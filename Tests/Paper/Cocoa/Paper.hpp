@@ -148,6 +148,8 @@ void setTrusted(bool isTrusted);
 void disableTaps(CGEventType reason);
 /// Whether a tap can be made, beyond the permission.
 void allowTaps(bool allows);
+/// The system takes a new tap back before anything serves it.
+void takeTapsBack(bool takes);
 [[nodiscard]] std::size_t eventTaps();
 [[nodiscard]] std::size_t enabledTaps();
 

@@ -9,7 +9,9 @@ NSPasteboardType const NSPasteboardTypeFileURL = @"public.file-url";
 NSPasteboardReadingOptionKey const NSPasteboardURLReadingFileURLsOnlyKey =
     @"NSPasteboardURLReadingFileURLsOnlyKey";
 
-// What a destination is told of a drag.
+// What a destination is told of a drag. Documented: the location is in the coordinates of the
+// destination's window, the mask what the source allows. Belief: the mask is narrowed by the
+// modifier keys that are held before the destination sees it.
 @interface PaperDrag : NSObject <NSDraggingInfo>
 @property(readwrite) NSDragOperation draggingSourceOperationMask;
 @property(readwrite) NSPoint draggingLocation;

@@ -145,6 +145,8 @@ bool runOne(std::deque<Block>& queue) {
 
 @end
 
+// Documented: the main queue runs its blocks one by one on the main thread, others elsewhere.
+// Belief: the program does not care which thread that is; here it is a new one for each block.
 @interface PaperQueue : NSObject <OS_dispatch_queue>
 @property BOOL isMain;
 @end

@@ -10,6 +10,7 @@ extern "C" void objc_exception_throw(id exception) __attribute__((noreturn));
 
 NSErrorDomain const NSPOSIXErrorDomain = @"NSPOSIXErrorDomain";
 
+// Documented: never changes, so a copy is itself.
 @implementation NSValue
 
 - (id)copyWithZone:(struct _NSZone*)zone {

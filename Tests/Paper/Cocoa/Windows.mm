@@ -202,6 +202,8 @@ NSWindow* keyWindow() {
 
 @end
 
+// Documented: hides with its program unless told otherwise, and does not make it active where it is
+// a non-activating one. Belief: it needs no more for clicks to leave the focus where it is.
 @implementation NSPanel
 @end
 
@@ -260,6 +262,8 @@ Animations& animations() {
 
 }
 
+// Documented: a stand-in for the window, through which a change becomes an animation as the current
+// group says.
 @interface PaperAnimator : NSObject
 @property(strong) NSWindow* window;
 @end
@@ -288,6 +292,7 @@ Animations& animations() {
 
 @end
 
+// Belief: that it is another one at each call here makes no difference.
 @implementation NSWindow (Animation)
 
 - (instancetype)animator {

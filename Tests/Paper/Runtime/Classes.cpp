@@ -151,6 +151,18 @@ Slot* implementation(Class* klass, std::string_view selector) {
     return nullptr;
 }
 
+void forget(std::string_view className, std::string_view selector) {
+    const std::lock_guard hold{lock()};
+    Class* const klass = classNamed(className);
+    if (klass == nullptr)
+        fail("no class to forget a method of:", std::string{className}.c_str());
+    klass->table->found.clear();
+    if (const auto known = klass->table->own.find(selector); known != klass->table->own.end())
+        klass->table->own.erase(known);
+    else
+        fail("no method to forget:", std::string{selector}.c_str());
+}
+
 Object* allocate(Class* klass) {
     void* const memory = std::calloc(1, headerSize + static_cast<std::size_t>(klass->instanceSize));
     new (memory) Header{1, false};

@@ -26,6 +26,10 @@ namespace paper::rt {
 /// Null when neither the class nor an ancestor implements it.
 [[nodiscard]] Slot* implementation(Class* klass, std::string_view selector);
 
+/// As in a version of the system whose class does not implement it yet. For the rest of the
+/// process.
+void forget(std::string_view className, std::string_view selector);
+
 /// The one selector that `@selector(name)` stands for, so that two of a name are equal.
 [[nodiscard]] Selector* selectorNamed(const std::string& name);
 

@@ -53,6 +53,16 @@ TEST_F(Start, MirrorsThePinnedAppsInTheirOrder) {
     });
 }
 
+TEST_F(Start, HasNoStateToRestoreThatWouldNeedAWarning) {
+    runProgram([] {
+        NSApplication* const application = NSApplication.sharedApplication;
+        const id<NSApplicationDelegate> delegate = application.delegate;
+        ASSERT_TRUE(
+            [delegate respondsToSelector:@selector(applicationSupportsSecureRestorableState:)]);
+        EXPECT_TRUE([delegate applicationSupportsSecureRestorableState:application]);
+    });
+}
+
 TEST_F(Start, QuitsFromTheStatusItem) {
     runProgram([] {
         EXPECT_TRUE(paper::chooseStatusItem("Quit Vireline"));

@@ -123,6 +123,22 @@ TEST_F(Surroundings, MayCloseThePipeThatTheLogGoesTo) {
     });
 }
 
+TEST_F(Surroundings, MayReplaceTheFileOfTheSystemsDockOverAndOver) {
+    const fs::path list = home() + "/Library/Preferences/com.apple.dock.plist";
+    fs::create_directories(list.parent_path());
+    std::ofstream{list} << "text";
+    runProgram([&] {
+        for (int round = 0; round < 3; ++round) {
+            EXPECT_EQ(paper::fileWatches(), 1U);
+            // The watches of the files before are gone, and what stood for them.
+            EXPECT_EQ(paper::rt::liveObjects("PaperSource"), 1);
+            std::ofstream{list.string() + ".new"} << "another text";
+            fs::rename(list.string() + ".new", list);
+            paper::advance(2);
+        }
+    });
+}
+
 TEST_F(Surroundings, MayKeepTheSettingsElsewhereBehindALink) {
     const fs::path file = supportFolder() + "/preferences.json";
     const fs::path kept = home() + "/dotfiles/vireline.json";

@@ -57,11 +57,13 @@ std::size_t openDescriptors() {
 
 /// Of what does something, or shows a dock, there are as many every time.
 bool countsExactly(const std::string& name) {
-    static const std::set<std::string> names{
-        "CADisplayLink",       "NSWindow",           "NSStatusItem",       "NSTrackingArea",
-        "PaperObserver",       "PaperPort",          "PaperRunLoopSource", "VirelinePanel",
-        "VirelineDockView",    "VirelineTickTarget", "VirelineMenuWatch",  "timer that is due",
-        "file that is watched"};
+    static const std::set<std::string> names{"CADisplayLink",      "NSWindow",
+                                             "NSStatusItem",       "NSTrackingArea",
+                                             "PaperObserver",      "PaperPort",
+                                             "PaperRunLoopSource", "VirelinePanel",
+                                             "VirelineDockView",   "VirelineTickTarget",
+                                             "VirelineMenuWatch",  "timer that is due",
+                                             "PaperSource",        "file that is watched"};
     return names.contains(name);
 }
 
@@ -262,8 +264,8 @@ void PaperWorld::goHome() {
 
 void PaperWorld::countObjects() {
     auto now = paper::rt::liveObjects();
-    // Not the objects: the program may hold one that has fired.
     now["file that is watched"] = static_cast<long>(paper::fileWatches());
+    // Not the objects: the program may hold one that has fired.
     now["timer that is due"] = static_cast<long>(paper::pendingTimers());
     if (++timesAtHome_ <= 2) {
         alive_ = std::move(now);

@@ -12,6 +12,7 @@ NS_ASSUME_NONNULL_BEGIN
 @protocol NSApplicationDelegate <NSObject>
 @optional
 - (void)applicationDidFinishLaunching:(NSNotification*)notification;
+- (BOOL)applicationSupportsSecureRestorableState:(NSApplication*)app;
 - (BOOL)applicationShouldHandleReopen:(NSApplication*)sender hasVisibleWindows:(BOOL)flag;
 @end
 

@@ -16,6 +16,7 @@ typedef NS_ENUM(NSUInteger, NSBoxType) { NSBoxSeparator = 2, NSBoxCustom = 4 };
 @property CGFloat borderWidth;
 @property CGFloat cornerRadius;
 @property (copy) NSColor* fillColor;
+- (void)setFrameFromContentFrame:(NSRect)contentFrame;
 @end
 
 NS_ASSUME_NONNULL_END

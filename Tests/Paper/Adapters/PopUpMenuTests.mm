@@ -1,0 +1,126 @@
+// A menu of a dock: when it opens, what closes it, and what it says then.
+#include "Cocoa/Paper.hpp"
+#include "Panels/PopUpMenu.hpp"
+#include "Unseen.hpp"
+
+#include <gtest/gtest.h>
+
+namespace vireline::macos {
+namespace {
+
+class Menus : public testing::Test {
+protected:
+    Menus() {
+        @autoreleasepool {
+            view = [[NSView alloc] initWithFrame:NSMakeRect(0, 0, 100, 100)];
+        }
+    }
+    Menus(const Menus&) = delete;
+    Menus& operator=(const Menus&) = delete;
+    Menus(Menus&&) = delete;
+    Menus& operator=(Menus&&) = delete;
+    ~Menus() override {
+        paper::answerMenus(nullptr);
+        EXPECT_EQ(unseenFaults(), std::vector<std::string>{});
+    }
+
+    void open() {
+        @autoreleasepool {
+            menu =
+                PopUpMenu::open({{MenuCommand{.title = "First"}, MenuCommand{.title = "Second"}}},
+                                view, {}, [this](std::optional<std::size_t> chosen) {
+                                    ++closed;
+                                    choice = chosen;
+                                });
+        }
+    }
+    static void turn() {
+        @autoreleasepool {
+            paper::drain();
+        }
+    }
+    /// Does that while the menu is open, and then chooses the second entry.
+    void whileOpen(std::function<void(NSMenu*)> happens) {
+        paper::answerMenus([this, happens = std::move(happens)](NSMenu* native) {
+            ++opened;
+            happens(native);
+            return paper::itemTitled(native, "Second");
+        });
+    }
+
+    NSView* view = nil;
+    std::shared_ptr<PopUpMenu> menu;
+    int opened = 0;
+    int closed = 0;
+    std::optional<std::size_t> choice;
+};
+
+TEST_F(Menus, OpenInTheNextTurnAndTellWhatWasChosen) {
+    whileOpen([this](NSMenu* native) {
+        EXPECT_TRUE(native.paperIsTracking);
+        EXPECT_EQ(closed, 0);
+    });
+    open();
+    EXPECT_EQ(opened, 0);
+    turn();
+    EXPECT_EQ(opened, 1);
+    EXPECT_EQ(closed, 1);
+    EXPECT_EQ(choice, 1U);
+}
+
+TEST_F(Menus, CloseBeforeTheirEndIsToldOf) {
+    whileOpen([this](NSMenu* native) {
+        menu->end();
+        EXPECT_FALSE(native.paperIsTracking);
+        EXPECT_EQ(closed, 1);
+    });
+    open();
+    turn();
+    EXPECT_EQ(opened, 1);
+    EXPECT_EQ(closed, 1);
+    EXPECT_EQ(choice, std::nullopt);
+}
+
+TEST_F(Menus, CloseWithoutAWordWhenTheyAreDropped) {
+    whileOpen([this](NSMenu* native) {
+        menu.reset();
+        EXPECT_FALSE(native.paperIsTracking);
+    });
+    open();
+    turn();
+    EXPECT_EQ(opened, 1);
+    EXPECT_EQ(closed, 0);
+}
+
+TEST_F(Menus, DoNotOpenInAViewThatIsGoneByThen) {
+    whileOpen([](NSMenu*) {});
+    @autoreleasepool {
+        open();
+        view = nil;
+    }
+    turn();
+    EXPECT_EQ(opened, 0);
+    EXPECT_EQ(closed, 1);
+    EXPECT_EQ(choice, std::nullopt);
+}
+
+TEST_F(Menus, DoNotOpenOnceTheyAreDropped) {
+    whileOpen([](NSMenu*) {});
+    open();
+    menu.reset();
+    turn();
+    EXPECT_EQ(opened, 0);
+    EXPECT_EQ(closed, 0);
+}
+
+TEST_F(Menus, EndOnceOnly) {
+    whileOpen([](NSMenu*) {});
+    open();
+    menu->end();
+    menu->end();
+    turn();
+    EXPECT_EQ(closed, 1);
+}
+
+}
+}
