@@ -126,7 +126,8 @@ void AppDelegate::pinnedListChanged(const std::vector<AppRef>& pinned) {
 }
 
 void AppDelegate::showTiles(std::span<const AppRef> running) {
-    // What the docks' lengths depend on: the tiles, and the separator before the running ones.
+    // A dock's length depends on the number of tiles, and on whether there is a separator before
+    // the unpinned ones.
     const auto lengths = [this] {
         const auto& items = model_.items.get();
         return std::pair{items.size(), std::ranges::all_of(items, &DockItem::isPinned)};

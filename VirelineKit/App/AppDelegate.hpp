@@ -1,5 +1,6 @@
-/// The program's spine: the one place that knows all objects. It creates them, connects them and
-/// starts them in a fixed order; every change reaches the docks through its three handlers.
+/// The composition root: the one place that knows all objects. It creates them, connects them and
+/// starts them in a fixed order. Changes of the settings, the pinned list and the running apps
+/// reach the docks through its handlers.
 #pragma once
 
 #include "App/StatusItemController.hpp"
@@ -28,8 +29,8 @@ namespace vireline {
 
 class AppDelegate {
 public:
-    /// Loads the settings; nothing else happens before launching has finished. The platform
-    /// outlives the delegate.
+    /// Loads the settings; everything else waits for `applicationDidFinishLaunching`. The platform
+    /// must outlive the delegate.
     explicit AppDelegate(const Platform& platform);
     AppDelegate(const AppDelegate&) = delete;
     AppDelegate& operator=(const AppDelegate&) = delete;
@@ -65,7 +66,7 @@ private:
     std::vector<AppRef> pinned_;
     std::optional<StatusItemController> statusItem_;
     AppSourceResolver resolver_;
-    /// Made when they are first shown, and kept from then on.
+    /// Created when first shown, then kept.
     std::optional<SettingsWindowController> settingsWindow_;
     std::optional<OnboardingWindowController> onboarding_;
     DockActions dockActions_;

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::string_view launchAtLogin = "Launch at Login";
 
-/// The entries' places in the menu.
+/// The indices of the entries in the menu.
 enum Entry : std::size_t { openSettings, openOnboarding, toggleLogin, separator, quitProgram };
 
 Menu makeMenu() {

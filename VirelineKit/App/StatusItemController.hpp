@@ -1,5 +1,5 @@
-/// The program's one permanent entry point: an item in the menu bar or tray, whose menu opens the
-/// settings and the welcome tour, switches the start at login, and quits.
+/// The item in the menu bar or tray. Its menu opens the settings and the welcome tour, switches
+/// launching at login on and off, and quits.
 #pragma once
 
 #include "Platform/StatusBar.hpp"
@@ -23,7 +23,7 @@ public:
     StatusItemController(StatusItemController&&) = delete;
     StatusItemController& operator=(StatusItemController&&) = delete;
 
-    /// Whether the user can reach the item.
+    /// Whether the desktop shows the item, so that the user can reach it.
     [[nodiscard]] bool hasPlace() const { return statusItem_->hasPlace(); }
 
 private:

@@ -15,15 +15,14 @@ class UserFolders;
 
 namespace VirelineApp {
 
-/// Where the diagnostic log belongs. Its folder is created if need be; when that fails, logging
-/// fails silently. A system without a folder for application data stops the program.
+/// Where the log belongs. Creates its folder if necessary; if that fails, lines reach standard
+/// output only. Aborts if the system has no folder for application data.
 [[nodiscard]] FileURL prepareLogFile(const UserFolders& folders, FileSystem& files);
 
-/// Runs the program until it is told to terminate; returns the process's exit code.
+/// Runs the program until it is told to terminate. Returns the process's exit code.
 int run(const Platform& platform, const std::string& devLogPath);
 
-/// The menu that nobody sees as a menu bar, but whose key equivalents work in the program's own
-/// windows.
+/// The main menu. It is never visible, but its key equivalents work in the program's own windows.
 [[nodiscard]] MainMenu hiddenMainMenu();
 
 }

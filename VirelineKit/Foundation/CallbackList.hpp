@@ -1,4 +1,4 @@
-/// Any number of listeners to one event, each for as long as its `Subscription` lives.
+/// The listeners to one event, each registered for as long as its `Subscription` lives.
 #pragma once
 
 #include "Foundation/ScopedHandle.hpp"
@@ -20,8 +20,8 @@ public:
         return Subscription{std::move(kept)};
     }
 
-    /// Calls the listeners in the order they came. A listener may add or end any of them, itself
-    /// included; one added during the call is called from the next time on.
+    /// Calls the listeners in the order in which they were added. A listener may add or remove
+    /// listeners, itself included; one that is added during the call is not called until the next.
     template <class... Passed>
     void notify(const Passed&... arguments) {
         std::erase_if(callbacks_, [](const auto& callback) { return callback.expired(); });

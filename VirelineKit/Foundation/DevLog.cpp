@@ -35,7 +35,7 @@ std::string timestamp() {
 }
 
 bool writeNewFile(const fs::path& path, std::string_view content) {
-    // "x" refuses whatever is there already, a symbolic link included.
+    // With "x" this fails if anything exists at the path, even a symbolic link.
     std::unique_ptr<std::FILE, int (*)(std::FILE*)> file{std::fopen(path.c_str(), "wbx"),
                                                          std::fclose};
     if (!file)
@@ -47,7 +47,7 @@ bool writeNewFile(const fs::path& path, std::string_view content) {
     return std::fclose(file.release()) == 0 && isWritten;
 }
 
-/// A reader never sees the file without its line.
+/// Creates the file by renaming a temporary one, so that a reader never sees it empty.
 void createAtomically(const fs::path& path, std::string_view content) {
     fs::path temporary = path;
     temporary += ".new";
@@ -67,8 +67,8 @@ void append(const fs::path& path, std::string_view line) {
     file.write(line.data(), static_cast<std::streamsize>(line.size()));
 }
 
-/// A link could lead out of the program's folder, and a pipe could block: only a plain file is
-/// written to, and nothing else is ever replaced.
+/// Writes to regular files only: a symbolic link could lead out of the program's folder, and a pipe
+/// could block. Anything else at the path is left alone.
 void appendToPlainFile(const std::string& path, std::string_view line) {
     const fs::path file{path};
     std::error_code ignored;

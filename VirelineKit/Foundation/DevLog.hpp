@@ -1,4 +1,4 @@
-/// The program's one diagnostic channel.
+/// The program's log.
 #pragma once
 
 #include <optional>
@@ -7,21 +7,19 @@
 
 namespace vireline::DevLog {
 
-/// The log file's absolute path; set once before the first line. While there is none, lines go to
+/// The log file's absolute path, to be set once before the first line. Without one, lines go to
 /// standard output only.
 void setPath(std::optional<std::string> path);
 [[nodiscard]] const std::optional<std::string>& path();
 
-/// How a line gets into the file at the path: behind what is there, as a new file if nothing is.
-/// Failures are silent.
+/// Appends a line to the file at the path, creating it if necessary. Failures are silent.
 using Appender = void (*)(const std::string& path, std::string_view line);
 
-/// For a platform that can do better than standard C++, which is what lines are appended with at
-/// first.
+/// Replaces the default appender, which uses standard C++ only, with one of the platform's.
 void setAppender(Appender appender);
 
-/// Writes "[time] message" with a line feed to standard output and appends it to the log file.
-/// Opens and closes the file each time; failures are silent.
+/// Writes "[time] message" and a line feed to standard output and appends them to the log file,
+/// which is opened and closed each time. Failures are silent.
 void write(std::string_view message);
 
 }

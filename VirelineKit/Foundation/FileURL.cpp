@@ -13,7 +13,7 @@ bool equalsIgnoringCase(std::string_view a, std::string_view b) {
         a, b, [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
 }
 
-/// RFC 3986 section 3.3: what may stand in a path segment as it is, and the slash between segments.
+/// The characters that need no escape in a path (RFC 3986, section 3.3), and the slash.
 bool isPlainInPath(char c) {
     const auto byte = static_cast<unsigned char>(c);
     return byte < 0x80 &&

@@ -1,5 +1,5 @@
-/// The location of a file or folder: an absolute path that also reads as a "file:" URL. Paths are
-/// bytes as the file system has them; only the URL text is percent-encoded.
+/// The location of a file or folder: an absolute path that also reads as a "file:" URL. A path is
+/// bytes, in the encoding of the file system; only the URL text is percent-encoded.
 #pragma once
 
 #include <optional>
@@ -18,8 +18,8 @@ public:
     [[nodiscard]] static FileURL fromPath(std::string_view path);
 
     /// From URL text such as "file:///Applications/Mail.app/", with an empty or "localhost" host.
-    /// Nothing when the text is no URL, its scheme is not "file", its path is not absolute, or an
-    /// escape is malformed or hides a zero byte.
+    /// Returns nullopt if the text is not a URL, its scheme is not "file", its path is not
+    /// absolute, or an escape is malformed or encodes a zero byte.
     [[nodiscard]] static std::optional<FileURL> parse(std::string_view text);
 
     [[nodiscard]] const std::string& path() const noexcept { return path_; }
@@ -27,16 +27,16 @@ public:
     /// The percent-encoded URL, for example "file:///home/a%20b".
     [[nodiscard]] std::string absoluteString() const;
 
-    /// The text behind the last slash; "/" for the root folder.
+    /// The text after the last slash; "/" for the root folder.
     [[nodiscard]] std::string lastPathComponent() const;
 
-    /// The text behind the last dot of the last component, without the dot; empty if there is none
-    /// or the name only begins with one.
+    /// The text after the last dot of the last component. Empty if there is no dot, or only a
+    /// leading one.
     [[nodiscard]] std::string pathExtension() const;
 
     [[nodiscard]] FileURL appending(std::string_view component) const;
 
-    /// The containing folder; the root folder for itself.
+    /// The containing folder. The root folder is its own parent.
     [[nodiscard]] FileURL parent() const;
 
     bool operator==(const FileURL&) const = default;

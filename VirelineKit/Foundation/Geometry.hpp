@@ -1,5 +1,5 @@
-/// Points, sizes and rectangles. Which way y grows and where the origin lies is said by whoever
-/// hands a value out: global space (y up), event space (y down) or a view's own (y down).
+/// Points, sizes and rectangles. The function that returns a value documents its space: global (y
+/// up), event (y down) or a view's own (y down).
 #pragma once
 
 #include <algorithm>
@@ -21,7 +21,8 @@ struct Size {
     bool operator==(const Size&) const = default;
 };
 
-/// A rectangle by its corner of least coordinates. Width and height are never negative.
+/// A rectangle, given by the corner with the smallest coordinates. Width and height are never
+/// negative.
 struct Rect {
     double x = 0;
     double y = 0;
@@ -38,13 +39,12 @@ struct Rect {
     [[nodiscard]] constexpr Size size() const noexcept { return {width, height}; }
     [[nodiscard]] constexpr Point center() const noexcept { return {midX(), midY()}; }
 
-    /// Half-open: the edges at minX and minY belong to the rectangle, those at maxX and maxY do
-    /// not.
+    /// Half-open: includes the edges at minX and minY, excludes those at maxX and maxY.
     [[nodiscard]] constexpr bool contains(Point p) const noexcept {
         return p.x >= minX() && p.x < maxX() && p.y >= minY() && p.y < maxY();
     }
 
-    /// The smallest rectangle that holds both.
+    /// The smallest rectangle that contains both.
     [[nodiscard]] constexpr Rect united(const Rect& other) const noexcept {
         const double left = std::min(minX(), other.minX());
         const double low = std::min(minY(), other.minY());
@@ -55,7 +55,7 @@ struct Rect {
     bool operator==(const Rect&) const = default;
 };
 
-/// Written as four numbers in the order x, y, width, height.
+/// (x, y, width, height)
 inline std::ostream& operator<<(std::ostream& out, const Rect& r) {
     return out << '(' << r.x << ", " << r.y << ", " << r.width << ", " << r.height << ')';
 }

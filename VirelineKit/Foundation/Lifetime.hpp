@@ -1,4 +1,4 @@
-/// Ties callbacks to the life of the object that they call into.
+/// Disables callbacks once the object that they call into is gone.
 #pragma once
 
 #include <functional>
@@ -8,7 +8,8 @@
 
 namespace vireline {
 
-/// A member of an object, best its last, whose callbacks may be stored by others.
+/// A member of an object that hands out callbacks. It should be the last member, so that it is
+/// destroyed first.
 class Lifetime {
 public:
     Lifetime() = default;
@@ -18,7 +19,7 @@ public:
     Lifetime& operator=(Lifetime&&) = delete;
     ~Lifetime() = default;
 
-    /// `function` for as long as this lives; afterwards a call does nothing.
+    /// Wraps `function` so that calls do nothing once this object is gone.
     template <class Function>
     [[nodiscard]] auto guard(Function function) const {
         return [weak = std::weak_ptr{token_},
@@ -30,7 +31,7 @@ public:
         };
     }
 
-    /// `function` for as long as this lives; afterwards a call returns `fallback`.
+    /// Wraps `function` so that calls return `fallback` once this object is gone.
     template <class Function, class Fallback>
     [[nodiscard]] auto guardOr(Fallback fallback, Function function) const {
         return [weak = std::weak_ptr{token_}, function = std::move(function),

@@ -1,4 +1,4 @@
-/// A value whose changes can be watched. Equal writes are silent.
+/// A value whose changes can be observed. Setting an equal value notifies nobody.
 #pragma once
 
 #include "Foundation/CallbackList.hpp"
@@ -20,7 +20,7 @@ public:
 
     [[nodiscard]] const T& get() const noexcept { return value_; }
 
-    /// Stores the value and, if it differs from the one before, announces the change.
+    /// Stores the value and notifies the observers if it differs from the previous one.
     void set(T value) {
         if (value == value_)
             return;
@@ -28,7 +28,7 @@ public:
         changes_.notify();
     }
 
-    /// Calls `listener` after every change; the new value is then in place.
+    /// Calls `listener` after every change, when `get` already returns the new value.
     [[nodiscard]] Subscription observe(std::function<void()> listener) {
         return changes_.add(std::move(listener));
     }

@@ -1,4 +1,4 @@
-/// A property list as plain data, whatever format it was read from.
+/// A property list as plain data, independent of the file format.
 #pragma once
 
 #include <cstddef>
@@ -30,7 +30,7 @@ public:
     [[nodiscard]] const Array* array() const noexcept { return get<Array>(); }
     [[nodiscard]] const Dictionary* dictionary() const noexcept { return get<Dictionary>(); }
 
-    /// The value under `key` of a dictionary; null when there is none or this is no dictionary.
+    /// The value for `key`; null if there is none or this is not a dictionary.
     [[nodiscard]] const PropertyList* find(std::string_view key) const {
         const Dictionary* entries = dictionary();
         if (entries == nullptr)
@@ -47,7 +47,7 @@ private:
         return std::get_if<T>(&value_);
     }
 
-    /// The first alternative stands for kinds that nothing here reads, such as dates.
+    /// `monostate` stands for the types that the program does not use, such as dates.
     std::variant<std::monostate, bool, std::int64_t, double, std::string, Data, Array, Dictionary>
         value_;
 };

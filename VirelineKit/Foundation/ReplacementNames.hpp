@@ -1,4 +1,4 @@
-/// Names of the files that are written beside another one, in the same folder, to take its place.
+/// Names of the temporary files that are written next to a file and then replace it.
 #pragma once
 
 #include <cstdint>
@@ -7,10 +7,10 @@
 
 namespace vireline::ReplacementNames {
 
-/// Hidden, and of a form that no other program and no person gives a file.
+/// A hidden name, of a form that users and other programs do not use. `token` makes it unique.
 [[nodiscard]] std::string name(std::string_view file, std::uint64_t token);
 
-/// Whether this is such a name for `file`, with whatever token.
+/// Whether `candidate` is such a name for `file`, with any token.
 [[nodiscard]] bool isName(std::string_view candidate, std::string_view file);
 
 }

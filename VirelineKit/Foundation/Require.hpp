@@ -1,4 +1,4 @@
-/// Programming errors stop the program.
+/// Assertions, in release builds too.
 #pragma once
 
 #include <cstdio>
@@ -7,7 +7,7 @@
 
 namespace vireline {
 
-/// Stops the program with a message that names the broken condition, when it does not hold.
+/// Aborts with a message that names the condition, unless it holds.
 inline void require(bool holds, const char* condition,
                     std::source_location where = std::source_location::current()) {
     if (holds)

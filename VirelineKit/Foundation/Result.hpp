@@ -1,4 +1,4 @@
-/// What a port says when a call failed.
+/// The error that a port returns if a call fails.
 #pragma once
 
 #include <expected>
@@ -10,7 +10,7 @@ namespace vireline {
 struct PlatformError {
     /// The platform's own number for the failure: errno, an Accessibility error, a GIO code.
     int code = 0;
-    /// A sentence for the log, in the user's language where the platform has one.
+    /// A sentence for the log, in the user's language if the platform translates it.
     std::string description;
 
     bool operator==(const PlatformError&) const = default;

@@ -1,4 +1,4 @@
-/// Handles that end what they stand for when they are dropped.
+/// Move-only handles that release what they stand for when destroyed.
 #pragma once
 
 #include <functional>
@@ -7,8 +7,8 @@
 
 namespace vireline {
 
-/// Move-only. Whoever hands one out decides what its end means, by what the token's destruction
-/// does. Ending it from inside the callback that it stands for is allowed.
+/// Owns a token, whose destructor does the actual release. The callback that a handle stands for
+/// may destroy the handle while it runs.
 class ScopedHandle {
 public:
     ScopedHandle() = default;
@@ -19,7 +19,7 @@ public:
     ScopedHandle& operator=(const ScopedHandle&) = delete;
     ~ScopedHandle() = default;
 
-    /// A handle whose end calls `onEnd` once.
+    /// A handle that calls `onEnd` once, when it is destroyed or reset.
     [[nodiscard]] static ScopedHandle calling(std::function<void()> onEnd) {
         struct Caller {
             std::function<void()> onEnd;
@@ -38,10 +38,10 @@ private:
     std::shared_ptr<void> token_;
 };
 
-/// Keeps an observer installed.
+/// Keeps an observer registered.
 using Subscription = ScopedHandle;
 
-/// Keeps a timer pending. A one-shot timer that has fired leaves its handle set.
+/// Keeps a timer scheduled. The handle of a one-shot timer stays set after it has fired.
 using Timer = ScopedHandle;
 
 }

@@ -1,4 +1,4 @@
-/// Moves and sizes other programs' windows, for as long as the user lets this program.
+/// Moves and resizes other programs' windows, as far as the user permits it.
 #pragma once
 
 #include "Foundation/Geometry.hpp"
@@ -13,7 +13,7 @@
 
 namespace vireline {
 
-/// An application or a window as the platform knows it. What it stands for may be gone.
+/// The platform's reference to an application or a window, which may be gone by now.
 class AccessibilityElement {
 public:
     AccessibilityElement() = default;
@@ -24,37 +24,37 @@ public:
     virtual ~AccessibilityElement() = default;
 };
 
-/// Null stands for a value that is no element.
+/// Null if the attribute's value is not an element.
 using ElementHandle = std::shared_ptr<AccessibilityElement>;
 
 /// Positions are those of a window's top-left outer corner in event space: points, origin at the
 /// primary display's top-left corner, y downwards. Sizes are outer sizes in points. Every call
-/// blocks for at most its element's time-out; an error's code is the platform's own number.
+/// blocks for at most the element's timeout. The code of an error is the platform's own.
 class Accessibility {
 public:
     virtual ~Accessibility() = default;
 
-    /// Whether the user has granted the permission; asked afresh each time, it can be withdrawn.
+    /// Whether the user has granted the permission. Not cached, since it can be withdrawn at any
+    /// time.
     [[nodiscard]] virtual bool isTrusted() const = 0;
 
-    /// Whether this desktop lets any program move others' windows. Where it does not, nothing is
-    /// trusted and no permission would help; asked each time, since another window manager may
-    /// take over.
+    /// Whether this desktop lets programs move other programs' windows at all. If not, `isTrusted`
+    /// is false, and no permission would help. Not cached, since another window manager may take
+    /// over.
     [[nodiscard]] virtual bool canMoveWindows() const = 0;
 
-    /// Announces that `canMoveWindows` may answer differently from now on. A platform where it
-    /// never does never calls.
+    /// Calls `handler` when the result of `canMoveWindows` may have changed.
     [[nodiscard]] virtual Subscription observeManager(std::function<void()> handler) = 0;
 
-    /// As `isTrusted`, and the system shows its request for the permission if it is missing.
+    /// Like `isTrusted`, but if the permission is missing, the system also asks the user for it.
     virtual bool isTrustedWithPrompt() = 0;
 
-    /// The element of a running app, whether or not there is one. Several apps may share a process;
-    /// one of 0 is unknown.
+    /// The element of an app; never null, even if no such app runs. `bundleID` tells apps apart
+    /// that share a process. A process identifier of 0 means unknown.
     [[nodiscard]] virtual ElementHandle application(std::int32_t processIdentifier,
                                                     const std::string& bundleID) = 0;
 
-    /// How long a call about the element may take from now on; seconds.
+    /// Sets the timeout of calls about the element, in seconds.
     virtual void setMessagingTimeout(AccessibilityElement& element, float seconds) = 0;
 
     /// "AXMainWindow" of an application.

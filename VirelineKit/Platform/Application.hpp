@@ -1,4 +1,5 @@
-/// The program as the desktop sees it: its standing, its main menu, its event loop and its end.
+/// The program as an application of the desktop: activation policy, main menu, event loop,
+/// termination.
 #pragma once
 
 #include "Foundation/CallbackList.hpp"
@@ -12,21 +13,22 @@ class Application {
 public:
     virtual ~Application() = default;
 
-    /// No icon in the desktop's own dock, no visible menu bar.
+    /// From now on, the program has no icon in the desktop's own dock and no visible menu bar.
     virtual void becomeAccessory() = 0;
 
-    /// Key equivalents of `menu` work in the program's own windows from now on.
+    /// From now on, the key equivalents of `menu` work in the program's own windows.
     virtual void installMainMenu(const MainMenu& menu) = 0;
 
-    /// Runs the event loop until `terminate`; `onFinishedLaunching` is its first event. Returns the
-    /// process's exit code.
+    /// Runs the event loop until `terminate` is called. Calls `onFinishedLaunching` as its first
+    /// event. Returns the process's exit code.
     virtual int run(std::function<void()> onFinishedLaunching) = 0;
 
     virtual void terminate() = 0;
 
     [[nodiscard]] virtual std::int64_t processIdentifier() const = 0;
 
-    /// The user started the program a second time, which asks this one for its settings.
+    /// Calls `handler` when the user starts the program a second time, which is a request for the
+    /// settings.
     [[nodiscard]] virtual Subscription observeSecondStart(std::function<void()> handler) = 0;
 };
 

@@ -11,7 +11,7 @@ namespace vireline {
 
 class ApplicationCatalog {
 public:
-    /// The file manager, which leads every mirrored list.
+    /// The file manager, which is put first in a mirrored list that lacks it.
     struct FileManager {
         std::string bundleID;
         std::string name;
@@ -19,15 +19,15 @@ public:
 
     virtual ~ApplicationCatalog() = default;
 
-    /// Where the application with this identifier is installed.
+    /// Where the application with this identifier is installed; nullopt if it is not.
     [[nodiscard]] virtual std::optional<FileURL>
     urlForBundleID(const std::string& bundleID) const = 0;
 
-    /// The identifier of the bundle at `url`; nothing when it cannot be read or has none.
+    /// The identifier of the bundle at `url`; nullopt if it cannot be read or has none.
     [[nodiscard]] virtual std::optional<std::string> bundleIdentifier(const FileURL& url) const = 0;
 
-    /// The name a person would see for the file or folder at `url`; its last path component at
-    /// worst.
+    /// The name to show for the file or folder at `url`; the last path component if there is no
+    /// other.
     [[nodiscard]] virtual std::string displayName(const FileURL& url) const = 0;
 
     /// The path extension of an application bundle, without the dot.
@@ -35,8 +35,8 @@ public:
 
     [[nodiscard]] virtual FileManager fileManager() const { return {"com.apple.finder", "Finder"}; }
 
-    /// Well-known apps, the file manager first: what the docks show when there is nothing to
-    /// mirror.
+    /// Well-known apps, the file manager first. The docks show those that are installed if there is
+    /// nothing to mirror.
     [[nodiscard]] virtual std::vector<std::string> wellKnownBundleIDs() const {
         return {"com.apple.finder",      "com.apple.Safari",     "com.google.Chrome",
                 "com.apple.mail",        "com.microsoft.VSCode", "com.apple.dt.Xcode",

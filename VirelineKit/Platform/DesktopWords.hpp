@@ -1,6 +1,6 @@
-/// What the texts that a user reads call the things that each desktop names in its own way. As it
-/// stands, the record has the words of macOS; another platform brings its own. The log and the
-/// preferences are the same everywhere and take nothing from here.
+/// Words for the texts that the user reads, where desktops differ in what they call things. The
+/// defaults are those of macOS; other platforms replace them. Log lines and the keys of the
+/// preferences are the same on every platform.
 #pragma once
 
 #include <string>
@@ -8,35 +8,35 @@
 namespace vireline {
 
 struct DesktopWords {
-    /// The dock that the desktop has itself, within a sentence and at the beginning of one.
+    /// The desktop's own dock, within a sentence and at the beginning of one.
     std::string dock = "Apple's Dock";
     std::string dockAtStart = "Apple's Dock";
-    /// Any dock of that kind.
+    /// A dock in general.
     std::string anyDock = "Dock";
 
-    /// The program that shows files, within a sentence and in a title.
+    /// The file manager, within a sentence and in a title.
     std::string fileManager = "Finder";
     std::string fileManagerInTitle = "Finder";
 
-    /// Continues the sentence that something is in the settings: where to find them.
+    /// Continues a sentence that ends in "Settings": where to find them.
     std::string wayToSettings = ", in the menu bar.";
 
-    /// What the window features need, as sentences for the captions of the anchor and of the other
-    /// three; empty where they need nothing that the user could grant.
+    /// The permission that the window features need, as a sentence for the caption of the anchor
+    /// and one for that of the other three. Empty if they need none.
     std::string anchorNeeds =
         "Needs the Accessibility permission, asked for when you switch it on.";
     std::string windowFeaturesNeed =
         "All three switches use the same Accessibility permission as the Dock anchor.";
-    /// What the tour says above the list of the four.
+    /// The tour's text above the list of the four window features.
     std::string fourFeatures = "One macOS permission unlocks four more features";
 
-    /// Why the anchor does not guard although it is on, in the settings and in the tour.
+    /// Why the anchor is switched on but not active, in the settings and in the tour.
     std::string anchorWaits = "Waiting for permission.";
     std::string tourWaits = "Grant Vireline access in the Accessibility pane that just opened, and "
                             "this turns green by itself.";
 
-    /// The pane of the system's settings in which the user grants the permission, by its URL, and
-    /// the button that opens it; both empty where there is nothing to grant.
+    /// The URL of the pane of the system's settings in which the user grants the permission, and
+    /// the title of the button that opens it. Both are empty if there is no permission to grant.
     std::string permissionPane =
         "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility";
     std::string openPermissionPane = "Open Accessibility Settings";

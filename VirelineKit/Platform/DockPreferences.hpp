@@ -16,11 +16,12 @@ class DockPreferences {
 public:
     virtual ~DockPreferences() = default;
 
-    /// The "persistent-apps" value as it stands now, after synchronising with whoever writes it;
-    /// nothing when there is none.
+    /// The current "persistent-apps" value, synchronised with the preferences' writer first;
+    /// nullopt if there is none.
     [[nodiscard]] virtual std::optional<PropertyList> persistentApps() = 0;
 
-    /// Announces that the dock says its preferences changed ("com.apple.dock.prefchanged").
+    /// Calls `handler` when the dock announces that its preferences changed
+    /// ("com.apple.dock.prefchanged").
     [[nodiscard]] virtual Subscription observeChanges(std::function<void()> handler) = 0;
 };
 
@@ -28,7 +29,8 @@ class PropertyListDecoder {
 public:
     virtual ~PropertyListDecoder() = default;
 
-    /// Decodes any of the platform's property-list formats; fails when the bytes are none.
+    /// Decodes any of the platform's property-list formats. Fails if the bytes are not a property
+    /// list.
     [[nodiscard]] virtual Result<PropertyList> decode(std::span<const std::byte> bytes) const = 0;
 };
 

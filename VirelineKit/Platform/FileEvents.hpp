@@ -1,4 +1,4 @@
-/// Watches one file for changes made by anybody.
+/// Watches a file for changes by any program.
 #pragma once
 
 #include "Foundation/FileURL.hpp"
@@ -12,7 +12,7 @@ namespace vireline {
 struct FileEventSet {
     /// Written or extended.
     bool changed = false;
-    /// Deleted, renamed or replaced: the watch no longer follows what the path names.
+    /// Deleted, renamed or replaced: the watched file is no longer the one at the path.
     bool removed = false;
 
     bool operator==(const FileEventSet&) const = default;
@@ -22,9 +22,9 @@ class FileEvents {
 public:
     virtual ~FileEvents() = default;
 
-    /// Calls `handler` for every batch of events of the file that `url` names now. Fails when there
-    /// is none, unless the platform can wait for it: then the watch attaches without an event of
-    /// its own once the file appears. Ending the subscription releases the file.
+    /// Calls `handler` for every batch of events of the file that is at `url` now. If there is
+    /// none, the call fails, unless the platform can wait for the file; the watch then starts once
+    /// the file appears, without an event for that. Ending the subscription releases the file.
     [[nodiscard]] virtual Result<Subscription> watch(const FileURL& url,
                                                      std::function<void(FileEventSet)> handler) = 0;
 };

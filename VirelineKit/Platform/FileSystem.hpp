@@ -1,4 +1,4 @@
-/// The files that the program itself keeps, and questions about those of others.
+/// Reads and writes the program's own files, and tells whether others exist.
 #pragma once
 
 #include "Foundation/FileURL.hpp"
@@ -16,18 +16,17 @@ public:
 
     [[nodiscard]] virtual bool exists(const FileURL& url) const = 0;
 
-    /// The whole file. Fails when it cannot be read; with the code of `std::errc::file_too_large`
-    /// when it is longer than `maximumBytes`.
+    /// The contents of the file. Fails if it cannot be read, or, with the code of
+    /// `std::errc::file_too_large`, if it is longer than `maximumBytes`.
     [[nodiscard]] virtual Result<std::string> read(const FileURL& url,
                                                    std::size_t maximumBytes) const = 0;
 
-    /// Creates the folder with all missing ones above it; one that exists is no error.
+    /// Creates the folder and its missing parents. Succeeds if it exists already.
     virtual Result<void> createFolder(const FileURL& url) = 0;
 
-    /// Replaces the file whole: a reader, or the next start after a power cut, sees the old content
-    /// or the new, never a part. A failure leaves the old file as it was. Readable and writable by
-    /// the user alone. What earlier such calls left in the folder that were cut off, by a crash
-    /// say, is removed.
+    /// Replaces the file atomically: a reader, or the next start after a power cut, sees either the
+    /// old content or the new. If the call fails, the old file is unchanged. Only the user may read
+    /// and write the new one. Removes temporary files that interrupted calls left in the folder.
     virtual Result<void> writeAtomically(const FileURL& url, std::string_view content) = 0;
 };
 

@@ -16,7 +16,7 @@ public:
 
     virtual ~LoginItemService() = default;
 
-    /// As the system has it now; anybody may change it at any time.
+    /// The current status. Not cached, since it can change at any time.
     [[nodiscard]] virtual Status status() const = 0;
 
     virtual Result<void> registerItem() = 0;

@@ -1,4 +1,4 @@
-/// How much movement this user wants to see.
+/// The user's preference for animations.
 #pragma once
 
 namespace vireline {
@@ -7,7 +7,7 @@ class MotionSettings {
 public:
     virtual ~MotionSettings() = default;
 
-    /// Whether the desktop asks programs to do without animations. Cheap; asked for every scene.
+    /// Whether the desktop asks programs not to animate. Must be cheap: called for every scene.
     [[nodiscard]] virtual bool reducesMotion() const = 0;
 };
 

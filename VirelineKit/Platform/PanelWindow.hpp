@@ -1,5 +1,5 @@
 /// The window of one dock: borderless, above others, on every desktop, never focused. It paints a
-/// scene and reports what the pointer does; it decides nothing.
+/// scene and reports pointer events; it decides nothing.
 #pragma once
 
 #include "Foundation/Geometry.hpp"
@@ -18,10 +18,10 @@
 
 namespace vireline {
 
-/// Receives the index of the chosen entry, or nothing.
+/// Receives the index of the chosen entry, or nullopt if none was chosen.
 using MenuClosed = std::function<void(std::optional<std::size_t>)>;
 
-/// How far a window reaches beyond its frame, on each side as seen on the display. Points, none
+/// How far a window extends beyond its frame on each side, as seen on the display. In points, never
 /// negative.
 struct Overhang {
     double left = 0;
@@ -29,13 +29,14 @@ struct Overhang {
     double right = 0;
     double bottom = 0;
 
-    /// A frame in global coordinates, and the overhang around it.
+    /// A frame in global coordinates, extended by the overhang.
     [[nodiscard]] constexpr Rect around(const Rect& frame) const noexcept {
         return {frame.x - left, frame.y - bottom, frame.width + left + right,
                 frame.height + top + bottom};
     }
 
-    /// A view that fills the frame, and the overhang around it, in the view's coordinates.
+    /// The bounds of a view that fills the frame, extended by the overhang, in the view's
+    /// coordinates.
     [[nodiscard]] constexpr Rect around(Size view) const noexcept {
         return {-left, -top, view.width + left + right, view.height + top + bottom};
     }
@@ -43,36 +44,35 @@ struct Overhang {
     bool operator==(const Overhang&) const = default;
 };
 
-/// Who hears of the window's events. Outlives the window.
+/// Receives the window's events. Must outlive the window.
 class PanelWindowListener {
 public:
     virtual ~PanelWindowListener() = default;
 
-    /// The pointer came over the window, or left it for good: a menu or a button held down does not
-    /// make it leave.
+    /// The pointer entered or left the window. While a menu is open or a button is held down, it
+    /// does not count as having left.
     virtual void mouseEntered() = 0;
     virtual void mouseExited() = 0;
 
-    /// The frame that was asked for is due: what changed until now can be presented.
+    /// The frame requested with `requestFrame` is due.
     virtual void frameDue() = 0;
 
-    /// A pointer event over the hosted view or what it draws in the window's overhang, in the
-    /// view's coordinates. Between a press and its release it may be anywhere.
+    /// A pointer event over the hosted view or over what it draws in the overhang, in the view's
+    /// coordinates. Between a press and its release, the position may be anywhere.
     virtual void pointerEvent(const PointerEvent& event) = 0;
 
-    /// Something is dragged over the hosted view from another program. The text of its URLs, files
-    /// and others, comes once, in the order given.
+    /// A drag from another program entered the hosted view. `urls` has the texts of all its URLs,
+    /// not only of files, in the drag's order.
     virtual void dragEntered(const std::vector<std::string>& urls) = 0;
-    /// Tells whether it could be dropped at this point of the view.
+    /// Returns whether the drag could be dropped at this point of the view.
     virtual bool dragMoved(Point at) = 0;
     virtual void dragExited() = 0;
-    /// It was dropped, which also ends the drag. Tells whether the drop was taken.
+    /// The drag ended with a drop. Returns whether the drop was accepted.
     virtual bool dropped(Point at) = 0;
 
-    /// The tiles as assistive technology presents them, as they are now; asked for only while there
-    /// is any.
+    /// The current tiles, for assistive technology. Called only while such technology is in use.
     [[nodiscard]] virtual std::vector<AccessibleTile> accessibleTiles() { return {}; }
-    /// What assistive technology did to a tile; one that is gone takes no notice.
+    /// Actions by assistive technology. The identifier of a tile that is gone is ignored.
     virtual void pressTile(std::uint32_t /*id*/) {}
     virtual void showTileMenu(std::uint32_t /*id*/) {}
 };
@@ -81,42 +81,43 @@ class PanelWindow {
 public:
     virtual ~PanelWindow() = default;
 
-    /// Room for what the hosted view draws beyond the window's frame. A window whose frame is set
-    /// from now on is larger than that on the display. The rest is transparent and, but for the
-    /// scene's input region, no part of the window for the pointer: clicks reach what is below.
-    /// No frame or place that is set here counts the overhang in.
+    /// Sets the room for what the hosted view draws beyond the window's frame. Takes effect with
+    /// the next `setFrame`: on the display, the window is then larger than its frame. The overhang
+    /// is transparent and, outside the scene's input region, lets clicks through. Frames and
+    /// positions in this interface never include it.
     virtual void setOverhang(const Overhang& overhang) = 0;
 
     /// Global coordinates.
     virtual void setFrame(const Rect& frame, bool animate) = 0;
 
-    /// Where the hosted view lies in the window: points, origin at the window's bottom-left corner,
-    /// y upwards. The view may be larger than the window, which then clips it.
+    /// The frame of the hosted view in the window: points, origin at the window's bottom-left
+    /// corner, y upwards. A view that is larger than the window is clipped.
     virtual void setHostedFrame(const Rect& frame) = 0;
 
-    /// What the hosted view shows from now on. Node values are taken as they are; nothing is
-    /// animated here.
+    /// Shows this scene. The values of the nodes are shown as they are; nothing is animated here.
     virtual void present(const Scene& scene) = 0;
 
-    /// Has the listener told once when the display is ready for the next frame: at once after a
-    /// while without any, else in step with the display's refresh. Asking again before that changes
-    /// nothing.
+    /// Calls `frameDue` once when the display is ready for the next frame: soon if the dock was at
+    /// rest, otherwise in step with the display's refresh. Requests before that are ignored.
     virtual void requestFrame() = 0;
 
-    /// While on, the Escape key and the loss of the pointer end a drag with a `cancelled` event.
+    /// While watching, the Escape key and the loss of the pointer grab cancel a drag, with a
+    /// `cancelled` event.
     virtual void watchForCancel(bool watches) = 0;
 
-    /// Looks whether the button of the press that was reported last is still down. Reports the end
-    /// of a press, and of the pointer's stay, whose release went elsewhere; called twice, as a
-    /// release may be on its way at first.
+    /// Checks whether the button of the last reported press is still down. If its release went to
+    /// another program, ends the press, and reports that the pointer left if it has. Acts only on
+    /// the second call in a row that finds the button up, since at the first the release may still
+    /// be on its way.
     virtual void checkPress() = 0;
 
     /// Shows the window above others without activating the program.
     virtual void orderFrontRegardless() = 0;
     virtual void orderOut() = 0;
 
-    /// Pops `menu` up at its place, moved as far as it takes to lie inside the display. Once it has
-    /// closed, `onClose` receives the index of the chosen entry of `menu.entries`, or nothing.
+    /// Pops `menu` up at `place`, moved as far as necessary to lie inside the display. Calls
+    /// `onClose` when it has closed, with the index of the chosen entry of `menu.entries`, or
+    /// nullopt.
     virtual void popUpMenu(const Menu& menu, const MenuPlace& place, MenuClosed onClose) = 0;
 };
 
@@ -124,7 +125,7 @@ class PanelWindows {
 public:
     virtual ~PanelWindows() = default;
 
-    /// A window that is not shown yet. `frame` is in global coordinates.
+    /// Creates a hidden window. `frame` is in global coordinates.
     [[nodiscard]] virtual std::unique_ptr<PanelWindow>
     makePanel(std::uint32_t displayID, const Rect& frame, PanelWindowListener& listener) = 0;
 };

@@ -26,7 +26,7 @@ class Trash;
 class UserFolders;
 class Workspace;
 
-/// References to objects that outlive the program's own, and what its texts call things here.
+/// References to objects that outlive the kit's, and this desktop's words for the texts.
 struct Platform {
     Application& application;
     RunLoop& runLoop;

@@ -1,4 +1,4 @@
-/// How this user's pointer is set up.
+/// The user's pointer settings.
 #pragma once
 
 namespace vireline {
@@ -7,8 +7,8 @@ class PointerSettings {
 public:
     virtual ~PointerSettings() = default;
 
-    /// Seconds; the longest gap between two taps that still make a double click. Read afresh on
-    /// every tap, as the user may change it.
+    /// The longest interval between the two taps of a double click, in seconds. Not cached, since
+    /// the user may change it.
     [[nodiscard]] virtual double doubleClickInterval() const = 0;
 };
 

@@ -1,4 +1,4 @@
-/// Stands in the system's pointer path: sees where the pointer goes and may put it elsewhere.
+/// Intercepts pointer movements: sees each position of the pointer and may move it elsewhere.
 #pragma once
 
 #include "Foundation/Geometry.hpp"
@@ -13,16 +13,16 @@ namespace vireline {
 enum class PointerTapEvent {
     mouseMoved,
     leftMouseDragged,
-    tapDisabledByTimeout,   ///< the system lost patience with the tap
-    tapDisabledByUserInput, ///< the system was told to
+    tapDisabledByTimeout,   ///< the tap took too long
+    tapDisabledByUserInput, ///< the system was asked to disable it
 };
 
-/// The position to move the pointer to instead of this one, both in event space; nullopt lets it go
-/// there. Called for every move, on a thread of the platform's choice, so that the pointer never
-/// waits for the program: it must be quick, and may only use its own copies of immutable data.
+/// Returns the position to move the pointer to instead of the given one, both in event space;
+/// nullopt leaves the pointer alone. Called for every move, on any thread, so that the pointer
+/// never waits for the program: it must be fast, and may only use its own copies of immutable data.
 using PointerRule = std::function<std::optional<Point>(Point)>;
 
-/// One tap. Ends with this object, which gives the system back all that it took.
+/// One tap, removed when this object is destroyed.
 class PointerTap {
 public:
     PointerTap() = default;
@@ -32,28 +32,28 @@ public:
     PointerTap& operator=(PointerTap&&) = delete;
     virtual ~PointerTap() = default;
 
-    /// A tap that is not enabled lets everything pass, unseen.
+    /// A disabled tap neither sees nor changes anything.
     virtual void setEnabled(bool isEnabled) = 0;
 
-    /// Asks this rule from now on. The one before is no longer asked when this returns, or once
-    /// more by a move that is just on its way.
+    /// Replaces the rule. After this returns, the old rule may be called once more, for a move that
+    /// is being handled.
     virtual void setRule(PointerRule rule) = 0;
 };
 
 class PointerTaps {
 public:
-    /// Is told, on the main thread, that the system disabled the tap; never by a tap that has
-    /// ended.
+    /// Called on the main thread when the system has disabled the tap. Never called once the tap is
+    /// destroyed.
     using Disabled = std::function<void(PointerTapEvent)>;
 
     virtual ~PointerTaps() = default;
 
-    /// Whether there are taps only for as long as `Accessibility::isTrusted`. The system may take
-    /// that trust back without saying so.
+    /// Whether taps work only while `Accessibility::isTrusted`, which the system may revoke without
+    /// notice.
     [[nodiscard]] virtual bool needPermission() const = 0;
 
-    /// A tap for moves without a button and with the left one, not enabled yet. Nothing is ever
-    /// swallowed.
+    /// Creates a disabled tap for moves with no button and with the left button held. A tap never
+    /// swallows events.
     [[nodiscard]] virtual Result<std::unique_ptr<PointerTap>> create(PointerRule rule,
                                                                      Disabled onDisabled) = 0;
 };

@@ -1,5 +1,5 @@
-/// The program's own windows with native controls: they realise a description and report what the
-/// user does with it, and decide nothing.
+/// The program's own windows, with native controls. They show a description, report what the user
+/// does, and decide nothing.
 #pragma once
 
 #include "Foundation/Geometry.hpp"
@@ -11,10 +11,10 @@
 
 namespace vireline {
 
-/// A titled window that can be closed but not resized.
+/// The windows have a title bar and can be closed, but not resized.
 struct WindowStyle {
     std::string title;
-    /// Points, without the frame.
+    /// In points, without the window's frame.
     Size contentSize;
     bool isMiniaturizable = false;
 
@@ -25,35 +25,35 @@ class ProgramWindow {
 public:
     virtual ~ProgramWindow() = default;
 
-    /// Shows the window in front of all others with the keyboard's focus: in the middle of a
-    /// display the first time, where the user left it from then on.
+    /// Shows the window in front of all others, with the keyboard focus. It is centred on a display
+    /// the first time, and later where the user left it.
     virtual void makeKeyAndOrderFront() = 0;
 
-    /// As if the user had closed it.
+    /// Closes the window, as if the user had done so.
     virtual void close() = 0;
 
-    /// Between its showing and its closing, also while it is miniaturised.
+    /// True from showing until closing, also while the window is miniaturised.
     [[nodiscard]] virtual bool isVisible() const = 0;
 };
 
-/// Who hears what the user does in a form. Outlives the window.
+/// Receives what the user does in a form. Must outlive the window.
 class FormListener {
 public:
     virtual ~FormListener() = default;
 
     virtual void formChanged(SettingsField field, const FormValue& value) = 0;
-    /// The button in the status line below that field's control.
+    /// The button in the status line below the field's control was pressed.
     virtual void formStatusButtonPressed(SettingsField field) = 0;
 };
 
 class FormWindow : public ProgramWindow {
 public:
-    /// What the window shows from now on, also when it is shown only later. Controls that stay are
-    /// updated in place; one that the user is moving is left alone until it is let go.
+    /// Sets the contents, also while the window is hidden. Existing controls are updated in place;
+    /// one that the user is dragging is left alone until it is released.
     virtual void present(const Form& form) = 0;
 };
 
-/// Who hears which button was pressed. Outlives the window.
+/// Receives which button was pressed. Must outlive the window.
 class OnboardingListener {
 public:
     virtual ~OnboardingListener() = default;
@@ -63,7 +63,7 @@ public:
 
 class OnboardingPageWindow : public ProgramWindow {
 public:
-    /// What the window shows from now on, also when it is shown only later.
+    /// Sets the contents, also while the window is hidden.
     virtual void present(const OnboardingPage& page) = 0;
 };
 
@@ -71,7 +71,7 @@ class ProgramWindows {
 public:
     virtual ~ProgramWindows() = default;
 
-    /// Windows that are not shown yet.
+    /// Both create hidden windows.
     [[nodiscard]] virtual std::unique_ptr<FormWindow> makeFormWindow(const WindowStyle& style,
                                                                      FormListener& listener) = 0;
     [[nodiscard]] virtual std::unique_ptr<OnboardingPageWindow>

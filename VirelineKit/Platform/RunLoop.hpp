@@ -11,14 +11,15 @@ class RunLoop {
 public:
     virtual ~RunLoop() = default;
 
-    /// Seconds on a clock that never goes backwards; the origin is arbitrary.
+    /// Seconds on a monotonic clock; the origin is arbitrary.
     [[nodiscard]] virtual double now() const = 0;
 
-    /// Calls `fire` once, `seconds` from now; 0 means the loop's next turn, never at once.
-    /// Dropping the timer cancels it.
+    /// Calls `fire` once, `seconds` from now; 0 means in the loop's next turn, never immediately.
+    /// Destroying the timer cancels it.
     [[nodiscard]] virtual Timer after(double seconds, std::function<void()> fire) = 0;
 
-    /// Calls `fire` every `seconds`, first after one such interval, until the timer is dropped.
+    /// Calls `fire` every `seconds`, the first time after one interval, until the timer is
+    /// destroyed.
     [[nodiscard]] virtual Timer every(double seconds, std::function<void()> fire) = 0;
 };
 

@@ -1,4 +1,4 @@
-/// The applications that run now, and their coming and going.
+/// The running applications, with notifications of launches and exits.
 #pragma once
 
 #include "Foundation/FileURL.hpp"
@@ -18,7 +18,7 @@ enum class ActivationPolicy {
     prohibited, ///< no user interface
 };
 
-/// One running application at one moment.
+/// A snapshot of one running application.
 struct RunningApplication {
     std::optional<std::string> bundleID;
     std::optional<FileURL> bundleURL;
@@ -34,19 +34,19 @@ struct RunningApplication {
 
 class RunningApplications {
 public:
-    /// Receives the app concerned, or nothing when the system did not say which.
+    /// Receives the app concerned; nullopt if the system did not say which.
     using Handler = std::function<void(const std::optional<RunningApplication>&)>;
 
     virtual ~RunningApplications() = default;
 
-    /// All of them, in the order that the system reports.
+    /// All running applications, in the system's order.
     [[nodiscard]] virtual std::vector<RunningApplication> running() const = 0;
 
     /// The instances of one app, in the system's order.
     [[nodiscard]] virtual std::vector<RunningApplication>
     instances(const std::string& bundleID) const = 0;
 
-    /// Hides all windows of the app. Bringing it forward again undoes this.
+    /// Hides all windows of the app, until it is activated again.
     virtual void hide(const RunningApplication& app) = 0;
 
     /// Asks the app to quit; it may refuse or ask the user first.

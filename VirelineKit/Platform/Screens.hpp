@@ -1,4 +1,4 @@
-/// The displays attached now.
+/// The attached displays.
 #pragma once
 
 #include "Foundation/Geometry.hpp"
@@ -14,11 +14,11 @@ namespace vireline {
 /// One display as the platform reports it. Rectangles are in global space: points, origin at the
 /// primary display's bottom-left corner, y upwards.
 struct PlatformScreen {
-    /// The display ID; absent when the platform gives none that fits.
+    /// The display ID; nullopt if the platform has none that fits.
     std::optional<std::uint32_t> number;
     std::uint32_t unitNumber = 0;
     Rect frame;
-    /// The frame less what the menu bar, the desktop's own dock and other panels reserve.
+    /// The frame minus what the menu bar, the desktop's own dock and other panels reserve.
     Rect visibleFrame;
     /// Pixels per point.
     double backingScaleFactor = 1;
@@ -33,7 +33,8 @@ public:
     /// The primary display first, its frame's origin at (0, 0).
     [[nodiscard]] virtual std::vector<PlatformScreen> screens() const = 0;
 
-    /// Announces every change of the displays or of their visible frames. Comes in bursts.
+    /// Calls `handler` after every change of the displays or of their visible frames. Changes come
+    /// in bursts.
     [[nodiscard]] virtual Subscription observeParameters(std::function<void()> handler) = 0;
 };
 

@@ -1,4 +1,4 @@
-/// The place where the desktop shows small items of running programs: a menu bar or a tray.
+/// The place where the desktop shows programs' status items: a menu bar or a tray.
 #pragma once
 
 #include "Presentation/Menu.hpp"
@@ -9,25 +9,25 @@
 
 namespace vireline {
 
-/// Who hears of an item's menu. Outlives the item.
+/// Receives the events of an item's menu. Must outlive the item.
 class StatusItemListener {
 public:
     virtual ~StatusItemListener() = default;
 
-    /// The menu is about to open; what is changed here is what the user sees.
+    /// The menu is about to open. Changes to `menu` show.
     virtual void menuNeedsUpdate(Menu& menu) = 0;
 
-    /// The user chose an entry, by its index in the menu's entries or by its key.
+    /// The user chose the entry with this index, with the pointer or with its key equivalent.
     virtual void menuItemChosen(std::size_t index) = 0;
 };
 
-/// One item, as wide as high. Gone with this object. While the desktop has no place for it, it
+/// A square item, removed when this object is destroyed. While the desktop has no place for it, it
 /// waits for one.
 class StatusItem {
 public:
     virtual ~StatusItem() = default;
 
-    /// A named symbol, and what it is called for those who do not see it.
+    /// A named symbol, and its description for assistive technology.
     virtual void setImage(const std::string& symbol,
                           const std::string& accessibilityDescription) = 0;
 

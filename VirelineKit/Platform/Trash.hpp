@@ -12,7 +12,7 @@ class Trash {
 public:
     virtual ~Trash() = default;
 
-    /// Returns at once; `done` is called on the main thread, once, with the outcome.
+    /// Returns immediately. Calls `done` once, on the main thread, with the outcome.
     virtual void moveToTrash(const FileURL& url, std::function<void(Result<void>)> done) = 0;
 };
 

@@ -1,4 +1,4 @@
-/// Where this user's well-known folders are.
+/// The user's well-known folders.
 #pragma once
 
 #include "Foundation/FileURL.hpp"
@@ -14,14 +14,14 @@ public:
 
     [[nodiscard]] virtual FileURL home() const = 0;
 
-    /// Where programs keep data for this user, the preferred folder first.
+    /// The folders for the user's application data, the preferred one first.
     [[nodiscard]] virtual std::vector<FileURL> applicationSupport() const = 0;
 
-    /// Nothing when there is none.
+    /// nullopt if there is none.
     [[nodiscard]] virtual std::optional<FileURL> downloads() const = 0;
 
-    /// Nothing when there is none; never created by asking. Its last path component is the name
-    /// the log shows.
+    /// nullopt if there is none; this call does not create it. The log shows its last path
+    /// component.
     [[nodiscard]] virtual std::optional<FileURL> trash() const = 0;
 };
 

@@ -1,5 +1,5 @@
-/// Opening things as the user's desktop does. Nothing here blocks, and nothing reports back: an app
-/// that does not open shows so by itself.
+/// Opens things as the desktop does. No call blocks, and none returns a result: the desktop or the
+/// app itself reports failures to the user.
 #pragma once
 
 #include "Foundation/FileURL.hpp"
@@ -13,17 +13,17 @@ class Workspace {
 public:
     virtual ~Workspace() = default;
 
-    /// Launches the application at `url`, or brings it forward and re-opens it when it runs.
+    /// Launches the application at `url`, or activates and re-opens it if it is running.
     virtual void openApplication(const std::string& bundleID, const FileURL& url) = 0;
 
-    /// Opens a file or folder with the application that the user chose for it.
+    /// Opens a file or folder with its default application.
     virtual void open(const FileURL& url) = 0;
 
-    /// Shows the files in the file manager, selected.
+    /// Shows the files in the file manager and selects them.
     virtual void reveal(const std::vector<FileURL>& urls) = 0;
 
-    /// Opens a pane of the system's settings by its URL. Only asked of a platform whose words name
-    /// such a pane.
+    /// Opens a pane of the system's settings by its URL. Called only if the platform's
+    /// `DesktopWords` name such a pane.
     virtual void openSystemSettings(const std::string& /*paneURL*/) {}
 };
 

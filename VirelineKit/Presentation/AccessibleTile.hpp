@@ -1,5 +1,5 @@
-/// A tile as assistive technology presents it: a button with a name, and for an app whether it
-/// runs.
+/// A tile as assistive technology presents it: a button with a name and, for an app, whether it is
+/// running.
 #pragma once
 
 #include "Foundation/Geometry.hpp"
@@ -11,12 +11,13 @@
 namespace vireline {
 
 struct AccessibleTile {
-    /// Names the tile for as long as it stays in the strip; the owner of its nodes in the scene.
+    /// Identifies the tile for as long as it stays in the strip; equals the `owner` of its nodes in
+    /// the scene.
     std::uint32_t id = 0;
     std::string label;
-    /// Nothing for a tile that is no app.
+    /// nullopt for a tile that is not an app.
     std::optional<std::string> value;
-    /// The view's coordinates, without what is only movement.
+    /// In the view's coordinates, without animation offsets.
     Rect frame;
     bool hasMenu = false;
 

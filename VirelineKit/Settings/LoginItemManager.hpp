@@ -1,5 +1,5 @@
-/// Turns the start at login on and off. Keeps no state: what the system has is the only truth, read
-/// afresh whenever it matters.
+/// Turns launching at login on and off. Keeps no state of its own, since the user may change the
+/// login item elsewhere: the system is asked each time.
 #pragma once
 
 namespace vireline {
@@ -15,10 +15,10 @@ public:
     LoginItemManager& operator=(LoginItemManager&&) = delete;
     ~LoginItemManager() = default;
 
-    /// One that waits for the user's approval does not count.
+    /// False while the login item waits for the user's approval.
     [[nodiscard]] bool isEnabled() const;
 
-    /// Registers the login item, or unregisters it when it is enabled. A failure is logged.
+    /// Unregisters the login item if it is enabled, otherwise registers it. A failure is logged.
     void toggle();
 
 private:
