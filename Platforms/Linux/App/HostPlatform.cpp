@@ -57,7 +57,8 @@ std::string currentDesktop() {
     return name == nullptr ? std::string{} : name;
 }
 
-/// Before Qt, which would wait for it. Whether there was a bus that hangs.
+/// Must run before Qt starts, because Qt would wait for the bus. Returns whether the session bus
+/// was hung.
 bool hidesABusThatHangs() {
     constexpr unsigned int patience = 1;
     if (BusProbe::answers(BusProbe::sessionAddress(), patience))
@@ -68,7 +69,7 @@ bool hidesABusThatHangs() {
 
 }
 
-/// Each part needs some of those above it.
+/// Each part may use the parts declared above it.
 struct HostPlatform::Parts {
     explicit Parts(std::unique_ptr<SingleInstance> claimed)
         : instance(std::move(claimed)), application(qt.qt(), *instance) {
@@ -95,7 +96,7 @@ struct HostPlatform::Parts {
         {userFolders.home(), userFolders.configHome(), currentDesktop(), {}}, fileSystem, catalog};
     IconThemeWatch themeWatch{
         connection, runLoop, {IconTheme::userFolders(), ChosenIconTheme::userFiles()}};
-    /// That of the start, read once for the apps' icons and the symbols.
+    /// The theme in use at start-up, loaded once and shared by the app icons and the symbols.
     std::shared_ptr<const IconTheme> theme = themeNamed(themeWatch.name());
     ThemeIcons icons{catalog, runningApplications, theme};
     RandrScreens screens{connection};

@@ -16,7 +16,7 @@ void LaunchTracker::begin(const std::string& startupID, const IdentifiedApp& app
     launch.app = app;
     launch.isOurs = isOurs;
     launch.began = runLoop_.now();
-    // The timer owns what it captured, and failing ends the timer.
+    // A copy of the ID, because `fail` destroys the timer and with it everything captured.
     launch.patience = runLoop_.after(
         patienceSeconds, lifetime_.guard([this, startupID] { fail(std::string{startupID}); }));
     if (onWillLaunch)
@@ -27,7 +27,7 @@ bool LaunchTracker::isUnderWay(const std::string& bundleID, double pairSeconds) 
     return std::ranges::any_of(launches_, [&](const Launch& launch) {
         if (launch.app.bundleID != bundleID)
             return false;
-        // An app may say that it has started before the window manager shows its window.
+        // An app may report that it has started before the window manager lists its window.
         const bool mayStillShow = launch.isOurs && !launch.hasFailed && !launch.owner &&
                                   runLoop_.now() - launch.began < pairSeconds;
         return launch.isPending || mayStillShow;
