@@ -52,13 +52,13 @@ void SelectionTransfer::answered(const xcb_selection_notify_event_t& answer) {
         return;
     if (answer.property == XCB_ATOM_NONE)
         return fail("its owner refuses");
-    // The answer to an earlier request, which nobody waits for any more.
+    // A late reply to an earlier request.
     if (answer.property != request_.property)
         return;
     takePiece();
 }
 
-/// Taking a piece away asks the owner for the next one; an empty one is the last.
+/// Deleting a chunk asks the owner for the next one; an empty chunk is the last.
 void SelectionTransfer::takePiece() {
     limit_.start();
     constexpr auto maximumWords = static_cast<std::uint32_t>(maximumBytes / 4);
