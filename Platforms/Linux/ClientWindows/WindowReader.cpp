@@ -31,10 +31,10 @@ constexpr std::array<std::string_view, 3> requests{"_NET_MOVERESIZE_WINDOW", "_N
 
 constexpr std::uint32_t allDesktops = 0xffffffff;
 constexpr std::size_t word = sizeof(std::uint32_t);
-/// More than any window manager lists.
+/// A sanity limit on the number of supported atoms.
 constexpr std::size_t mostAtoms = 4096;
 
-/// No frame is as thick as this; what says so is broken.
+/// A sanity limit: no frame is this thick.
 constexpr std::uint32_t thickestFrame = 4096;
 
 FrameExtents extents(std::span<const std::uint32_t> words) {
@@ -113,7 +113,7 @@ ManagerAbility WindowReader::managerAbility(SideConnection::Deadline deadline) c
     const auto all = ofRoot.words(supported, XCB_ATOM_ATOM);
     if (!manager)
         return ManagerAbility::noManager;
-    // One that was killed leaves its properties behind, but not its window.
+    // A window manager that was killed leaves its properties behind, but its window is destroyed.
     PropertyBatch ofManager{connection_, side_, deadline};
     const auto same = ofManager.ask(*manager, "_NET_SUPPORTING_WM_CHECK", word);
     if (ofManager.word(same, XCB_ATOM_WINDOW) != manager)

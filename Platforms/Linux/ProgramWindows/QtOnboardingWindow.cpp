@@ -33,7 +33,8 @@ void QtOnboardingWindow::turnPage() {
         [this](OnboardingAction action) { listener_.onboardingActed(action); });
     QWidget* const button = view->mainButton();
     pages_->setCurrentIndex(pages_->addWidget(view.release()));
-    // The page before may be the one whose button was pressed.
+    // The button that was pressed may be on the previous page, which therefore must not be deleted
+    // yet.
     if (pages_->count() > 1) {
         QWidget* const before = pages_->widget(0);
         pages_->removeWidget(before);

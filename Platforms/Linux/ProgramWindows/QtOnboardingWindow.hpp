@@ -25,7 +25,7 @@ private:
     WindowContext context_;
     OnboardingListener& listener_;
     OnboardingPage page_;
-    /// Only while the window is open.
+    /// Null while the window is closed.
     QStackedWidget* pages_ = nullptr;
     WindowShell shell_;
 };

@@ -9,7 +9,8 @@
 namespace vireline::x11 {
 namespace {
 
-/// A window that is closed rarely comes back soon; what drawing it took goes back to the system.
+/// Returns the memory used for drawing to the system, since a closed window is rarely opened again
+/// soon.
 void giveMemoryBack() {
     QPixmapCache::clear();
     malloc_trim(0);

@@ -1,5 +1,5 @@
-/// Holds one of the program's windows: the widgets exist only while the window is open, its place
-/// is remembered from one opening to the next.
+/// Holds one of the program's windows: its widgets exist only while it is open, and its position is
+/// kept from one opening to the next.
 #pragma once
 
 #include "ProgramWindows/QtProgramWindow.hpp"
@@ -13,9 +13,9 @@ namespace vireline::x11 {
 
 class WindowShell {
 public:
-    /// Fills a window that is about to be shown.
+    /// Fills a window before it is shown.
     using Furnish = std::function<void(QtProgramWindow&)>;
-    /// The window and all in it are about to go.
+    /// Called before the window and everything in it are destroyed.
     using Cleared = std::function<void()>;
 
     WindowShell(WindowStyle style, const WindowContext& context, Furnish furnish, Cleared cleared);
@@ -30,7 +30,7 @@ public:
     [[nodiscard]] bool isVisible() const noexcept { return window_ != nullptr; }
 
 private:
-    /// When no event of its own is being handled.
+    /// Deletes later, when none of the window's events is being handled.
     struct Discard {
         void operator()(QtProgramWindow* window) const;
     };
