@@ -7,10 +7,10 @@
 namespace vireline::x11 {
 namespace {
 
-/// How much of the middle is drawn at once; pixels.
+/// Width of the repeated middle piece; pixels.
 constexpr int pieceWidth = 128;
 
-/// A line of whole pixels along the inside of the rectangle, `inset` pixels from its edge.
+/// Strokes a line along the inside of the rectangle, `inset` pixels from its edge.
 void drawRing(QPainter& painter, const QRectF& rect, double radius, double inset, double width,
               const QBrush& brush) {
     const double middle = inset + width / 2;

@@ -17,7 +17,7 @@ std::size_t pitchOf(const QImage& image) {
     return static_cast<std::size_t>(image.bytesPerLine()) / sizeof(std::uint32_t);
 }
 
-/// Where a piece meets the clip and the canvas, on both sides.
+/// Where a piece overlaps the clip and the canvas, in the coordinates of both.
 struct Overlap {
     QRect target;
     QPoint source;
@@ -30,7 +30,7 @@ Overlap overlapOf(const Canvas& canvas, const Piece& piece, const QRect& clip) {
     return {target, part.topLeft() + target.topLeft() - corner};
 }
 
-/// Calls `work` with each row of the canvas that the piece meets, and with the piece's own.
+/// Calls `work` with each overlapping row of the canvas and of the piece.
 template <class Work>
 void forEachRow(const Canvas& canvas, const Piece& piece, const QRect& clip, const Work& work) {
     const auto [target, source] = overlapOf(canvas, piece, clip);

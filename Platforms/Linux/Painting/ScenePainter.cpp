@@ -7,7 +7,7 @@
 namespace vireline::x11 {
 namespace {
 
-/// One node's content, drawn where the node is placed.
+/// Draws the content of one node at its position.
 struct NodePainter {
     const Canvas& canvas;
     const QRect& clip;
@@ -26,7 +26,7 @@ struct NodePainter {
         }
     }
 
-    /// A sharp one is drawn one to one; any other comes from a larger picture.
+    /// A sharp image is drawn unscaled; any other is scaled down from a larger one.
     void operator()(const ImageNode& node) const {
         const auto* const image = dynamic_cast<const RasterImage*>(node.image.get());
         if (image == nullptr || place.rect.isEmpty())
@@ -63,7 +63,7 @@ struct NodePainter {
     }
 };
 
-/// The glass at the bottom of the scene; empty if it lets anything shine through but the desktop.
+/// The glass at the bottom of the scene; empty unless it is fully faded in.
 QRect backgroundOf(const PlacedScene& scene) {
     const bool hasGlass =
         !scene.nodes.empty() && std::holds_alternative<GlassNode>(scene.nodes.front().content);
@@ -71,7 +71,7 @@ QRect backgroundOf(const PlacedScene& scene) {
                                                          : QRect{};
 }
 
-/// All of the rectangle but the part that the background is about to replace.
+/// Clears the rectangle, except for the part that the background will overwrite.
 void clear(const Canvas& canvas, const QRect& rect, const QRect& background) {
     const QRect kept = background & rect;
     if (kept.isEmpty())

@@ -20,7 +20,7 @@ AccessibleDock::~AccessibleDock() {
     tell(QAccessible::ObjectDestroyed);
 }
 
-/// What was made while nobody listened may be out of date.
+/// Buttons that were created while no assistive technology was active may be out of date.
 void AccessibleDock::accessibilityActiveChanged(bool isActive) {
     isActive_ = isActive;
     root_.reset();

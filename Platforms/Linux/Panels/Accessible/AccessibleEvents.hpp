@@ -1,4 +1,4 @@
-/// Tells assistive technology what has changed.
+/// Notifies assistive technology of changes.
 #pragma once
 
 #include <QAccessible>
