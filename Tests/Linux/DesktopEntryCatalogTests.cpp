@@ -24,7 +24,7 @@ std::string entryText(const std::string& name, const std::string& exec = "/bin/s
     return "[Desktop Entry]\nType=Application\nName=" + name + "\nExec=" + exec + "\n";
 }
 
-/// A user's and a system's applications folder with a catalogue over both.
+/// The applications folders of a user and the system, and a catalogue of both.
 struct Installation {
     Installation() {
         fs::create_directories(user);

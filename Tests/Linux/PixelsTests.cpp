@@ -28,7 +28,7 @@ QImage noise(int width, int height, unsigned seed) {
     return image.convertToFormat(format);
 }
 
-/// The greatest difference of any channel of any pixel.
+/// The largest difference in any channel of any pixel.
 int difference(const QImage& a, const QImage& b) {
     int most = 0;
     for (int y = 0; y < a.height(); ++y) {

@@ -1,5 +1,5 @@
-/// The displays, the dock windows on them and the pointer's settings, in memory. A dock window's
-/// record outlives the window, so that a test can tell what became of it.
+/// In-memory fakes of displays, dock windows and pointer settings. A dock window's record outlives
+/// the window, so that a test can inspect it afterwards.
 #pragma once
 
 #include "Foundation/CallbackList.hpp"
@@ -32,7 +32,7 @@ private:
     CallbackList<> changes_;
 };
 
-/// What became of one dock window.
+/// The record of one dock window.
 class FakePanel {
 public:
     struct FrameChange {
@@ -52,13 +52,13 @@ public:
 
     [[nodiscard]] bool isAlive() const noexcept { return listener_ != nullptr; }
 
-    /// Where the platform reports to; the window must be alive.
+    /// The listener of the window, which must still exist.
     [[nodiscard]] PanelWindowListener& listener() const;
 
-    /// The pointer over the window, which must be alive, as a platform keeps track of it.
+    /// The pointer over the window, tracked as on a real platform. The window must still exist.
     [[nodiscard]] PointerTracker& pointer() const;
 
-    /// Chooses an entry of the menu that was popped up last, and closes it.
+    /// Chooses an entry of the last menu that was opened, which closes it.
     void choose(std::size_t index);
     /// Closes that menu without a choice.
     void dismissMenu();

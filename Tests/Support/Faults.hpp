@@ -1,4 +1,4 @@
-/// Lets the n-th fallible call of a platform's ports fail, so that a test can have every call fail
+/// Makes the n-th fallible call of a platform's ports fail, so that a test can make every call fail
 /// in turn.
 #pragma once
 
@@ -13,8 +13,7 @@
 
 namespace vireline::test {
 
-/// What a call answers when it fails, by the type of its answer. A type that is not here cannot
-/// fail.
+/// The result of a failed call, by its type. Calls with other result types cannot fail.
 template <class T>
 struct Failure;
 
@@ -40,11 +39,11 @@ struct Failure<bool> {
 
 class Faults {
 public:
-    /// As the error of a call that fails.
+    /// The error code of failed calls.
     static constexpr int code = 5;
     static constexpr std::string_view description = "injected failure";
 
-    /// The call with this number fails, counted from 1 from now on; none with 0.
+    /// Makes the call with this number fail, counted from 1 from now on; 0 for none.
     void failCall(int number) {
         doomedName_.clear();
         doomed_ = number;
@@ -52,13 +51,13 @@ public:
         failed_.reset();
     }
 
-    /// The first call of that name from now on fails.
+    /// Makes the first call with this name fail from now on.
     void failFirst(std::string name) {
         failCall(0);
         doomedName_ = std::move(name);
     }
 
-    /// Fallible calls so far.
+    /// The number of fallible calls so far.
     [[nodiscard]] int calls() const noexcept { return calls_; }
 
     /// The names of all fallible calls so far.
@@ -66,10 +65,10 @@ public:
         return names_;
     }
 
-    /// The call that failed, such as "FileSystem::read"; nothing while none has.
+    /// The call that failed, such as "FileSystem::read"; nullopt while none has.
     [[nodiscard]] const std::optional<std::string>& failed() const noexcept { return failed_; }
 
-    /// Makes the call, or has it fail without a trace.
+    /// Makes the call, or returns a failure without making it.
     template <class Call>
     auto operator()(std::string_view name, Call call) -> decltype(call()) {
         using Answer = decltype(call());
@@ -84,7 +83,7 @@ public:
 
 private:
     int doomed_ = 0;
-    /// Of no call when it is empty.
+    /// Empty for none.
     std::string doomedName_;
     int calls_ = 0;
     std::set<std::string, std::less<>> names_;
