@@ -13,7 +13,7 @@ using LoginStatus = LoginItemService::Status;
 
 class StatusItemControllerTest : public testing::Test {
 protected:
-    /// The state of "Launch at Login" in the menu as it opens now.
+    /// The state of "Launch at Login" when the menu is opened now.
     [[nodiscard]] bool isChecked() {
         const auto& entry = std::get<MenuCommand>(statusBar.openMenu().entries.at(2));
         return entry.isChecked.value();

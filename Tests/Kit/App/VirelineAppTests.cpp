@@ -25,7 +25,7 @@ TEST(VirelineApp, GoesOnInAFolderThatExistsAndLeavesWhatIsInIt) {
     test::FakePlatform platform;
     platform.userFolders.applicationSupportFolders = {FileURL::fromPath("/data")};
     platform.fileSystem.put(FileURL::fromPath("/data/Vireline/notes"), "kept");
-    // What a folder answers that cannot be made as it is there already, or at all.
+    // The same error for a folder that already exists and one that cannot be created.
     platform.fileSystem.folderFailure = PlatformError{17, "File exists"};
 
     const FileURL logFile = VirelineApp::prepareLogFile(platform.userFolders, platform.fileSystem);

@@ -12,7 +12,7 @@ using Lines = std::vector<std::string>;
 
 constexpr std::int32_t process = 100;
 
-/// An app whose windows a test adds, and two displays: 1 and, at its right, 2.
+/// An app whose windows a test adds, and two displays: 1 and, to its right, 2.
 struct WindowMoverTest : testing::Test {
     WindowMoverTest() {
         platform.screens.list = {test::screenAt(1, {0, 0, 1920, 1080}),

@@ -1,4 +1,4 @@
-/// A dock at each edge of a display.
+/// The specification of a dock at each edge of a display.
 #pragma once
 
 #include "Layout/PanelPlanner.hpp"

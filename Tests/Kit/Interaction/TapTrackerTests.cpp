@@ -37,7 +37,7 @@ TEST(TapTracker, MeasuresFromATapWhoseClockWentBackwards) {
     TapTracker taps;
     EXPECT_EQ(taps.registerTap(10.0, 0.5), Resolution::single);
     EXPECT_EQ(taps.registerTap(9.9, 0.5), Resolution::single);
-    // Too late for the first of them.
+    // Too late to pair with the first of them.
     EXPECT_EQ(taps.registerTap(10.45, 0.5), Resolution::single);
 }
 
@@ -45,7 +45,7 @@ TEST(TapTracker, TakesATapSoonAfterOneWhoseClockWentBackwardsForADoubleClick) {
     TapTracker taps;
     EXPECT_EQ(taps.registerTap(10.0, 0.5), Resolution::single);
     EXPECT_EQ(taps.registerTap(9.9, 0.5), Resolution::single);
-    // Still earlier than the first.
+    // Even earlier than the first.
     EXPECT_EQ(taps.registerTap(9.95, 0.5), Resolution::doubled);
 }
 

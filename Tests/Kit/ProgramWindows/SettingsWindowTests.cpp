@@ -25,7 +25,7 @@ protected:
     void set(SettingsField field, const FormValue& value) {
         window().listener.formChanged(field, value);
     }
-    /// A change from elsewhere.
+    /// Makes a change from outside the window.
     template <class Change>
     void change(Change change) {
         Settings settings = store.settings();

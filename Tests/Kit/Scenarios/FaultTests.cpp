@@ -1,5 +1,6 @@
-/// Every fallible call of every port fails once, in each of these courses of a user's day: the
-/// program goes on, loses no setting, says what failed, and is as good as new once nothing fails.
+/// Makes every fallible call of every port fail once, in each of these user scenarios, and checks
+/// that the program keeps running, loses no setting, logs the failure, and recovers fully
+/// afterwards.
 #include "Support/DockFixture.hpp"
 #include "Support/FaultWorld.hpp"
 
@@ -22,7 +23,7 @@ Settings afterTheTour() {
     return settings;
 }
 
-/// With all that moves other programs' windows.
+/// Enables everything that moves other programs' windows.
 Settings withWindowFeatures() {
     Settings settings = afterTheTour();
     settings.openOnThisDisplay = true;
@@ -104,7 +105,7 @@ void launchingAndSummoning(FaultWorld& world) {
     world.platform.fake.running.quit(world.mail.bundleID);
 }
 
-/// Of an app that names no window as its main one.
+/// Summons an app that does not tell which of its windows is the main one.
 void summoningAnyWindow(FaultWorld& world) {
     world.store(withWindowFeatures());
     world.platform.fake.accessibility.notElements = {"AXMainWindow"};
@@ -171,10 +172,10 @@ void changingDisplays(FaultWorld& world) {
     world.announceScreens();
 }
 
-/// As after a sleep: everything is announced at once, and the pointer's tap was switched off.
+/// As after sleep: everything is announced at once, and the pointer tap was disabled.
 void waking(FaultWorld& world) {
     world.store(withWindowFeatures());
-    // So that an hour passes without a look at the permission.
+    // So that an hour passes without polling for the permission.
     world.platform.fake.pointerTaps.needsPermission = false;
     world.start();
     world.pass(3600);
@@ -207,7 +208,7 @@ void switchingTheLoginItem(FaultWorld& world) {
     world.platform.fake.statusBar.choose("Settings…");
 }
 
-/// What the log holds after the failure of a call that the user may notice.
+/// The expected log lines for failed calls that the user may notice.
 const std::map<std::string, std::vector<std::string>, std::less<>>& loggedFailures() {
     static const std::map<std::string, std::vector<std::string>, std::less<>> lines{
         {"FileSystem::createFolder", {"preferences save failed: injected failure"}},
@@ -225,7 +226,8 @@ const std::map<std::string, std::vector<std::string>, std::less<>>& loggedFailur
     return lines;
 }
 
-/// The others, which are made up for by themselves or are an answer like any other.
+/// The other calls, with the reason why nothing is logged: a retry, or a result that also occurs
+/// normally.
 const std::map<std::string, std::string_view, std::less<>>& quietFailures() {
     static const std::map<std::string, std::string_view, std::less<>> reasons{
         {"FileSystem::read", "a first start finds no file either"},
@@ -249,7 +251,7 @@ const std::map<std::string, std::string_view, std::less<>>& quietFailures() {
 struct Course {
     const char* name;
     void (*run)(FaultWorld& world);
-    /// What the user does in it depends on the tiles, and changes the list of apps.
+    /// The user's actions in it depend on the tiles, and change the list of apps.
     bool editsTheList = false;
 };
 
@@ -274,7 +276,7 @@ std::ostream& operator<<(std::ostream& out, const Course& course) {
     return out << course.name;
 }
 
-/// A course with one call that failed, or none.
+/// The result of a scenario with one failed call, or without any.
 struct Trial {
     int calls = 0;
     std::set<std::string> callsMade;
@@ -282,7 +284,7 @@ struct Trial {
     std::vector<std::string> log;
     FaultWorld::Disk atTheEnd;
     std::optional<std::string> textAtQuit;
-    /// Once everything was looked at anew and one more setting had changed.
+    /// After everything has been refreshed and one more setting has changed.
     FaultWorld::Disk diskAfterwards;
     FaultWorld::Sight afterwards;
     FaultWorld::Sight afterARestart;
@@ -327,7 +329,8 @@ Trial tryOut(const Course& course, int doomedCall) {
     return trial;
 }
 
-/// It holds the last save that succeeded, else what it held before the program started.
+/// The file must contain the last successful save, or else what it contained before the program
+/// started.
 void expectWhole(const FaultWorld::Disk& disk) {
     EXPECT_EQ(disk.text, disk.lastSave.value_or(disk.textBefore));
     EXPECT_EQ(disk.settings.has_value(), !disk.text.empty()) << disk.text;
@@ -344,17 +347,17 @@ void expectTheLogToSayWhatFailed(const Trial& trial) {
     })) << testing::PrintToString(trial.log);
 }
 
-/// Whether the course may rightly end otherwise than without the failure.
+/// Whether the failure may legitimately change the final state of the scenario.
 bool mayEndOtherwise(const Course& course, const Trial& trial, const Trial& unharmed) {
-    // The defaults hold then, until a change of the user's replaces the file.
+    // The defaults are in force until the user's next change replaces the file.
     if (trial.failed == "FileSystem::read")
         return true;
-    // The program ended before another save could make up for the one that failed.
+    // The program quit before another save could make up for the failed one.
     const bool isSave =
         trial.failed == "FileSystem::createFolder" || trial.failed == "FileSystem::writeAtomically";
     if (isSave && trial.textAtQuit != unharmed.textAtQuit)
         return true;
-    // A tile that is missing for a moment cannot be dragged, and does not get into the user's list.
+    // A tile that was temporarily missing cannot be dragged, and is not added to the user's list.
     constexpr std::array<std::string_view, 3> shapesTheTiles{
         "DockPreferences::persistentApps", "FileSystem::exists",
         "ApplicationCatalog::bundleIdentifier"};

@@ -40,7 +40,7 @@ Settings unusualSettings() {
             .onboardingCompleted = true};
 }
 
-/// The keys of the outermost object, in the order of the text; relies on an indentation by four.
+/// The keys of the outermost object, in order; relies on an indentation of four.
 std::vector<std::string> topLevelKeys(const std::string& text) {
     static constexpr std::string_view beforeKey = "\n    \"";
     std::vector<std::string> keys;

@@ -12,7 +12,7 @@ namespace {
 
 using Log = std::vector<std::string>;
 
-/// Writes down what the tracker tells, a word each, with the position where it says something.
+/// Records what the tracker reports, one word each, with the position where it matters.
 class Listener final : public PanelWindowListener {
 public:
     void mouseEntered() override { log.emplace_back("in"); }
@@ -48,11 +48,11 @@ public:
     void dragExited() override {}
     bool dropped(Point /*at*/) override { return false; }
 
-    /// What was told since the last time.
+    /// What was reported since the last call.
     Log take() { return std::exchange(log, {}); }
 
     Log log;
-    /// What the release of the button leads to.
+    /// Called from within `released`.
     std::function<void()> onReleased;
 };
 
