@@ -1,4 +1,4 @@
-/// Which displays have a dock, and where exactly.
+/// Which displays have a dock, and its exact position.
 #include "DesktopTest.hpp"
 
 #include <algorithm>
@@ -38,7 +38,7 @@ TEST_F(DockPlacement, LeavesOutTheDisplayThatHoldsTheOtherDock) {
 }
 
 TEST_F(DockPlacement, FindsTheOtherDockAtAnInnerEdge) {
-    // The right edge of the left display lies in the middle of the X screen.
+    // The right edge of the left display is in the middle of the X screen.
     runOn({.monitors = twoMonitors()});
     desktop().setMonitors({twoMonitors()[1], twoMonitors()[0]});
     desktop().reserve({"left", Edge::right, panelThickness});

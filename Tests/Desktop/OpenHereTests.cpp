@@ -1,4 +1,4 @@
-/// Apps that are launched from a dock open on its display, wherever they would have gone.
+/// Apps launched from a dock open on its display, wherever they would otherwise go.
 #include "WindowFeatureTest.hpp"
 
 #include <chrono>
@@ -10,20 +10,20 @@ constexpr const char* openHere = R"("openOnThisDisplay": true)";
 
 class OpenHere : public UnderEachManager {
 protected:
-    /// Makes the app at `index` one that is told these arguments; before the program runs.
+    /// Sets the arguments of the app at `index`; must be called before the program runs.
     void tell(std::size_t index, const std::vector<std::string>& arguments) {
         App changed = apps.at(index);
         changed.arguments = arguments;
         desktop().home().install(changed);
     }
-    /// Asks the window manager to put the window's corner there.
+    /// Asks the window manager to move the window's corner there.
     void moveTo(xcb_window_t window, PixelPoint corner) {
         constexpr std::uint32_t toPosition = 10U | 1U << 8U | 1U << 9U | 2U << 12U;
         desktop().client().sendToRoot(window, "_NET_MOVERESIZE_WINDOW",
                                       {toPosition, static_cast<std::uint32_t>(corner.x),
                                        static_cast<std::uint32_t>(corner.y), 0, 0});
     }
-    /// A corner on that display at which an app asks to be placed.
+    /// An app's argument that requests a position on that display.
     [[nodiscard]] std::string cornerOn(const std::string& monitor) {
         const PixelRect display = desktop().monitor(monitor).frame;
         return std::to_string(display.x + 40) + "," + std::to_string(display.y + 60);
@@ -117,7 +117,7 @@ TEST_P(OpenHere, BringsBackAWindowThatMovesItselfAwayAtOnce) {
     ASSERT_TRUE(comesToMiddle(windowOf(0), "side"));
     ASSERT_TRUE(eventually([&] { return readFile(record).contains("moved by itself"); }));
 
-    // It goes over there and comes back, or has done so already.
+    // It moves away and is brought back, or that has already happened.
     EXPECT_TRUE(comesToMiddle(windowOf(0), "side"));
     clickTile("side", 1);
     EXPECT_TRUE(logs("click launch " + apps[1].id));
@@ -134,11 +134,11 @@ TEST_P(OpenHere, LeavesAWindowToTheUserOnceItHasRested) {
     ASSERT_TRUE(eventually(
         [&] { return std::chrono::steady_clock::now() - start > std::chrono::seconds{1}; }));
 
-    // As a pager, a shortcut or an entry of the window's menu does it: nothing is held down.
+    // Moved without a button held, like by a pager, a shortcut or the window menu.
     const PixelRect above = desktop().monitor("above").frame;
     moveTo(window, {above.x + 300, above.y + 200});
     ASSERT_TRUE(comesOnto(window, "above"));
-    // A click on the other tile is answered after what the program heard of the window.
+    // A click on the other tile is handled after the events about the window.
     desktop().client().sync();
     clickTile("side", 1);
     ASSERT_TRUE(logs("placement done for " + apps[1].id));
@@ -153,13 +153,13 @@ TEST_P(OpenHere, LeavesAWindowToTheUsersHand) {
     const auto window = windowOf(0);
     ASSERT_TRUE(comesToMiddle(window, "side"));
 
-    // As a window manager moves it that the user drags.
+    // Moved with the button held, as when the user drags it.
     const PixelRect above = desktop().monitor("above").frame;
     desktop().pointer().moveTo(outerFrame(window).center());
     desktop().pointer().press(Pointer::Button::primary);
     moveTo(window, {above.x + 300, above.y + 200});
     ASSERT_TRUE(comesOnto(window, "above"));
-    // A hand holds on for longer than the program takes to look whether it does.
+    // The button is held for longer than the program's polling interval.
     const auto start = std::chrono::steady_clock::now();
     ASSERT_TRUE(eventually(
         [&] { return std::chrono::steady_clock::now() - start > std::chrono::milliseconds{500}; }));

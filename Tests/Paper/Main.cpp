@@ -1,5 +1,5 @@
-// Runs the tests: as GoogleTest does, each of them in a process of its own if its name alone is
-// asked for; or with --forked all of them in one go, each in a child, up to the first that fails.
+// Runs the tests: like GoogleTest, or in a separate process if a single test's name is requested;
+// with --forked all of them, each in a child process, until the first failure.
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -11,14 +11,14 @@
 #include <vector>
 
 extern "C" {
-/// Only where the build has a sanitizer, or counts.
+/// Defined only in builds with a sanitizer or coverage.
 [[gnu::weak]] int __lsan_do_recoverable_leak_check();
 [[gnu::weak]] int __llvm_profile_write_file();
 }
 
 namespace {
 
-/// A test that takes longer hangs.
+/// A test that takes longer is considered hung.
 constexpr unsigned longestSeconds = 60;
 
 std::vector<std::string> namesOfTests() {
@@ -38,13 +38,14 @@ std::vector<std::string> namesOfTests() {
     bool isWell = RUN_ALL_TESTS() == 0;
     if (__lsan_do_recoverable_leak_check != nullptr)
         isWell = __lsan_do_recoverable_leak_check() == 0 && isWell;
-    // Clang's coverage, which a process that ends in haste would lose.
+    // Clang's coverage counts, which `_exit` would not write.
     if (__llvm_profile_write_file != nullptr)
         __llvm_profile_write_file();
     _exit(isWell ? EXIT_SUCCESS : EXIT_FAILURE);
 }
 
-/// The tests named come first, then all others but those left out by a text in their name.
+/// Runs the named tests first, then all others except those whose names contain a text in
+/// `leftOut`.
 int runForked(std::vector<std::string> first, const std::vector<std::string>& leftOut) {
     for (const std::string& name : namesOfTests())
         first.push_back(name);

@@ -1,5 +1,5 @@
-// What becomes of the program when the system raises an exception: each selector that it sends to a
-// class of the system's raises, each time, in a process of its own.
+// The program's reaction to exceptions raised by the system: each selector that it sends to a
+// system class raises every time, in a separate process.
 #include "ProgramTest.hpp"
 
 #include <fcntl.h>
@@ -18,7 +18,7 @@ namespace {
 
 using Selectors = std::set<std::string>;
 
-/// Without these there are no objects.
+/// Without these, no objects can be created.
 const Selectors& indispensable() {
     static const Selectors names{"alloc", "init"};
     return names;
@@ -28,7 +28,7 @@ class Exceptions : public ProgramTest {
 protected:
     Exceptions() { pinThreeApps(); }
 
-    /// A short day: everything that a user does with docks and the status item.
+    /// A short scenario with everything that a user does with docks and the status item.
     static void useProgram() {
         NSWindow* const dock = dockOn(2);
         if (const id tile = tileNamed(dock, "Mail"); tile != nil) {
@@ -48,11 +48,11 @@ protected:
         static_cast<void>(paper::chooseStatusItem("Quit Vireline"));
     }
 
-    /// What a run of the program leaves: the exceptions that went out of it into the system's
-    /// code. Nothing if one ended it.
+    /// The exceptions that escaped from the program into the system's code during a run; nullopt if
+    /// an exception ended it.
     using Escaped = std::optional<Selectors>;
 
-    /// In a process of its own.
+    /// Runs in a separate process.
     template <class Prepare, class Finish>
     [[nodiscard]] Escaped run(Prepare prepare, Finish finish) const {
         const std::string file = home() + "/escaped.txt";
@@ -70,7 +70,7 @@ protected:
         return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? Escaped{lines(file)} : std::nullopt;
     }
 
-    /// What the program sends to classes of the system's in that day.
+    /// The messages that the program sends to system classes in that scenario.
     [[nodiscard]] Selectors sent() const {
         const std::string file = home() + "/sent.txt";
         Selectors seen;
