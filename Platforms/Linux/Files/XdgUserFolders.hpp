@@ -1,4 +1,4 @@
-/// The user's folders according to the XDG base directory and user directory specifications, fixed
+/// The user's folders according to the XDG base directory and user directory conventions, fixed
 /// at start-up.
 #pragma once
 

@@ -36,7 +36,7 @@ QImage genericPicture(const IconTheme& theme, int side) {
     return DrawnIcons::application(side);
 }
 
-/// Some entries add a file extension to a theme icon's name, against the specification.
+/// Some entries add a file extension to a theme icon's name, against the format's rules.
 IconNames themeNames(const std::string& icon) {
     for (const char* extension : {".png", ".svg", ".xpm"}) {
         if (icon.ends_with(extension))

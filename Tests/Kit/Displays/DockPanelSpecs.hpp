@@ -1,4 +1,4 @@
-/// The specification of a dock at each edge of a display.
+/// The planned dock at each edge of a display.
 #pragma once
 
 #include "Layout/PanelPlanner.hpp"
