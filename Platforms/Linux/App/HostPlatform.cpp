@@ -60,8 +60,8 @@ std::string currentDesktop() {
 /// Must run before Qt starts, because Qt would wait for the bus. Returns whether the session bus
 /// was hung.
 bool hidesABusThatHangs() {
-    constexpr unsigned int patience = 1;
-    if (BusProbe::answers(BusProbe::sessionAddress(), patience))
+    constexpr unsigned int timeout = 1;
+    if (BusProbe::answers(BusProbe::sessionAddress(), timeout))
         return false;
     BusProbe::hideSessionBus();
     return true;

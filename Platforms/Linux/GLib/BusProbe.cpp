@@ -26,13 +26,13 @@ std::string greeting() {
 
 }
 
-bool BusProbe::answers(const std::string& address, unsigned int patience) {
+bool BusProbe::answers(const std::string& address, unsigned int timeout) {
     const GObjectHandle<GIOStream> stream{
         g_dbus_address_get_stream_sync(address.c_str(), nullptr, nullptr, nullptr)};
     if (!stream || G_IS_SOCKET_CONNECTION(stream.get()) == 0)
         return true;
     g_socket_set_timeout(g_socket_connection_get_socket(G_SOCKET_CONNECTION(stream.get())),
-                         patience);
+                         timeout);
     const std::string text = greeting();
     GError* raw = nullptr;
     std::array<char, 1> answer{};

@@ -9,7 +9,7 @@ namespace vireline::x11::BusProbe {
 /// False if the bus accepts the connection but does not respond within `timeout` seconds. A bus
 /// that cannot be reached fails at once instead of blocking, and therefore counts as answering.
 /// `address` is a D-Bus address, which may list several alternatives.
-[[nodiscard]] bool answers(const std::string& address, unsigned int patience);
+[[nodiscard]] bool answers(const std::string& address, unsigned int timeout);
 
 /// Where the programs of this session look for the bus.
 [[nodiscard]] std::string sessionAddress();

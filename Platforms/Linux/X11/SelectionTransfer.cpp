@@ -13,13 +13,13 @@ constexpr unsigned sentFlag = 0x80;
 }
 
 SelectionTransfer::SelectionTransfer(X11Connection& connection, const Request& request, Done done,
-                                     std::chrono::milliseconds patience)
+                                     std::chrono::milliseconds timeout)
     : connection_(connection)
     , request_(request)
     , done_(std::move(done))
     , events_(connection.observe([this](const xcb_generic_event_t& event) { handle(event); })) {
     limit_.setSingleShot(true);
-    limit_.setInterval(patience);
+    limit_.setInterval(timeout);
     QObject::connect(&limit_, &QTimer::timeout, &limit_,
                      [this] { fail("its owner does not answer"); });
     limit_.start();

@@ -35,11 +35,11 @@ public:
 
     /// Enough for tens of thousands of URLs.
     static constexpr std::size_t maximumBytes = 16U << 20U;
-    static constexpr std::chrono::seconds usualPatience{5};
+    static constexpr std::chrono::seconds defaultTimeout{5};
 
     /// Fails if the owner does not respond for `timeout`.
     SelectionTransfer(X11Connection& connection, const Request& request, Done done,
-                      std::chrono::milliseconds patience = usualPatience);
+                      std::chrono::milliseconds timeout = defaultTimeout);
     SelectionTransfer(const SelectionTransfer&) = delete;
     SelectionTransfer& operator=(const SelectionTransfer&) = delete;
     SelectionTransfer(SelectionTransfer&&) = delete;

@@ -84,12 +84,12 @@ struct Task {
 }
 
 - (BOOL)perform:(const std::function<void()>&)body {
-    constexpr std::chrono::seconds patience{1};
+    constexpr std::chrono::seconds timeout{1};
     const auto task = std::make_shared<Task>(Task{.body = body});
     std::unique_lock hold{_lock};
     _tasks.push_back(task);
     _changed.notify_all();
-    _changed.wait_for(hold, patience, [&] { return task->isBegun || _sources == 0; });
+    _changed.wait_for(hold, timeout, [&] { return task->isBegun || _sources == 0; });
     _changed.wait(hold, [&] { return task->isDone || !task->isBegun; });
     std::erase(_tasks, task);
     return task->isDone;

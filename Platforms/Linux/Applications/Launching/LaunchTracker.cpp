@@ -17,8 +17,8 @@ void LaunchTracker::begin(const std::string& startupID, const IdentifiedApp& app
     launch.isOurs = isOurs;
     launch.began = runLoop_.now();
     // A copy of the ID, because `fail` destroys the timer and with it everything captured.
-    launch.patience = runLoop_.after(
-        patienceSeconds, lifetime_.guard([this, startupID] { fail(std::string{startupID}); }));
+    launch.timeout = runLoop_.after(
+        timeoutSeconds, lifetime_.guard([this, startupID] { fail(std::string{startupID}); }));
     if (onWillLaunch)
         onWillLaunch(app);
 }
@@ -39,7 +39,7 @@ void LaunchTracker::finish(const std::string& startupID) {
     if (launch == nullptr || !launch->isPending)
         return;
     launch->isPending = false;
-    launch->patience.reset();
+    launch->timeout.reset();
     if (onFinished)
         onFinished(IdentifiedApp{launch->app});
 }
@@ -52,7 +52,7 @@ bool LaunchTracker::fail(const std::string& startupID) {
     launch->hasFailed = true;
     const bool isOurs = launch->isOurs;
     const IdentifiedApp app = launch->app;
-    launch->patience.reset();
+    launch->timeout.reset();
     if (isOurs && onOurEnd)
         onOurEnd(startupID);
     if (onFailed)
@@ -70,7 +70,7 @@ void LaunchTracker::appShowed(const std::string& bundleID, std::int32_t processI
         if (launch.isPending && launch.isOurs)
             ended.push_back(launch.startupID);
         launch.isPending = false;
-        launch.patience.reset();
+        launch.timeout.reset();
     }
     for (const std::string& startupID : ended) {
         if (onOurEnd)

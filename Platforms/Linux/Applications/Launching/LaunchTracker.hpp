@@ -17,7 +17,7 @@ namespace vireline::x11 {
 class LaunchTracker {
 public:
     /// A launch that shows no window within this time counts as failed.
-    static constexpr double patienceSeconds = 15;
+    static constexpr double timeoutSeconds = 15;
     /// Limit on remembered launches, newest kept: later windows may still carry their startup IDs.
     static constexpr std::size_t maximumLaunches = 64;
 
@@ -68,7 +68,7 @@ private:
         double began = 0;
         /// The process that owns the app's first window; nullopt until there is one.
         std::optional<std::int32_t> owner;
-        Timer patience;
+        Timer timeout;
     };
 
     [[nodiscard]] Launch* find(const std::string& startupID);
