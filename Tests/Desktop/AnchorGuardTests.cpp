@@ -28,7 +28,7 @@ protected:
 
     [[nodiscard]] testing::AssertionResult restsAt(PixelPoint place) {
         // Polls without pausing, since each query waits for the server's reply anyway.
-        const auto deadline = std::chrono::steady_clock::now() + patience;
+        const auto deadline = std::chrono::steady_clock::now() + conditionTimeout;
         while (std::chrono::steady_clock::now() < deadline) {
             if (desktop().pointer().position() == place)
                 return testing::AssertionSuccess();

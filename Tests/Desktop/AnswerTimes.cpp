@@ -63,7 +63,7 @@ AnswerTimes::Milliseconds AnswerTimes::ask() {
     xcb_send_event(client_.get(), 0, window_, XCB_EVENT_MASK_NO_EVENT, bytes.data());
     xcb_flush(client_.get());
     while (!isAnswered()) {
-        if (Clock::now() > start + patience)
+        if (Clock::now() > start + conditionTimeout)
             throw std::runtime_error{"the program does not answer"};
         pollfd readable{xcb_get_file_descriptor(client_.get()), POLLIN, 0};
         constexpr int limit = 1000;

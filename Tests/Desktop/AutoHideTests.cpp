@@ -59,7 +59,8 @@ protected:
                desktop().client().isViewable(dock);
     }
 
-    [[nodiscard]] testing::AssertionResult hides(std::chrono::milliseconds limit = patience) {
+    [[nodiscard]] testing::AssertionResult
+    hides(std::chrono::milliseconds limit = conditionTimeout) {
         if (eventually([&] { return isHidden(); }, limit))
             return testing::AssertionSuccess();
         return testing::AssertionFailure() << shown() << " and not " << sliver();

@@ -102,7 +102,7 @@ TEST_F(LaunchBounce, EndsWhenTheAppFailsBeforeItsWindow) {
     EXPECT_TRUE(bounces());
     const auto start = std::chrono::steady_clock::now();
     EXPECT_TRUE(rests());
-    EXPECT_LT(std::chrono::steady_clock::now() - start, 10s) << "nothing but patience ended it";
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 10s) << "only the timeout ended it";
 }
 
 TEST_F(LaunchBounce, EndsForAnAppThatNeverShowsAWindow) {

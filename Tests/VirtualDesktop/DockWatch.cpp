@@ -15,7 +15,7 @@ DockWatch::DockWatch(const std::string& display) : client_(display) {
 }
 
 const std::vector<DockWatch::Shown>& DockWatch::waitForDocks(std::size_t count) {
-    const auto deadline = Clock::now() + patience;
+    const auto deadline = Clock::now() + conditionTimeout;
     while (docks_.size() < count && Clock::now() < deadline)
         waitForEvents();
     if (docks_.size() < count)

@@ -8,12 +8,12 @@ namespace vireline::desktop {
 
 /// Timeout for conditions. Generous, because the machine may be busy and the program may run under
 /// sanitizers; only failures wait this long.
-inline constexpr std::chrono::seconds patience{20};
+inline constexpr std::chrono::seconds conditionTimeout{20};
 
 /// Whether `condition` becomes true within `limit`.
 template <class Condition>
 [[nodiscard]] bool eventually(const Condition& condition,
-                              std::chrono::milliseconds limit = patience) {
+                              std::chrono::milliseconds limit = conditionTimeout) {
     constexpr std::chrono::milliseconds interval{5};
     const auto deadline = std::chrono::steady_clock::now() + limit;
     while (!condition()) {

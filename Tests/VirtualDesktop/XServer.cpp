@@ -61,7 +61,7 @@ public:
     [[nodiscard]] std::string readLine() const {
         std::string line;
         pollfd readable{ends_[0], POLLIN, 0};
-        const auto limit = std::chrono::milliseconds{patience}.count();
+        const auto limit = std::chrono::milliseconds{conditionTimeout}.count();
         while (poll(&readable, 1, static_cast<int>(limit)) == 1) {
             char letter = 0;
             if (read(ends_[0], &letter, 1) != 1 || letter == '\n')

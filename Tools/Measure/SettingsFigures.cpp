@@ -32,7 +32,7 @@ double millisecondsSince(Clock::time_point start) {
 template <class Condition>
 double timeUntil(Clock::time_point start, const Condition& condition) {
     while (!condition()) {
-        if (Clock::now() - start > patience)
+        if (Clock::now() - start > conditionTimeout)
             throw std::runtime_error{"what is to be measured does not come"};
     }
     return millisecondsSince(start);

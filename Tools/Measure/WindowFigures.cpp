@@ -27,7 +27,7 @@ template <class Condition>
 double timeUntil(const Condition& condition) {
     const auto start = Clock::now();
     while (!condition()) {
-        if (Clock::now() - start > patience)
+        if (Clock::now() - start > conditionTimeout)
             throw std::runtime_error{"what is to be measured does not come"};
     }
     return Milliseconds{Clock::now() - start}.count();
