@@ -59,7 +59,7 @@ std::string currentDesktop() {
 
 /// Must run before Qt starts, because Qt would wait for the bus. Returns whether the session bus
 /// was hung.
-bool hidesABusThatHangs() {
+bool unsetHungSessionBus() {
     constexpr unsigned int timeout = 1;
     if (BusProbe::answers(BusProbe::sessionAddress(), timeout))
         return false;
@@ -124,7 +124,7 @@ std::expected<std::unique_ptr<HostPlatform>, HostPlatform::Ended> HostPlatform::
         return std::unexpected{EXIT_SUCCESS};
     }
     DevLog::setAppender(LogFile::append);
-    const bool isBusHidden = hidesABusThatHangs();
+    const bool isBusHidden = unsetHungSessionBus();
     auto parts = std::make_unique<Parts>(std::move(instance));
     if (isBusHidden)
         logOnceStarted("session bus does not answer, going on without it");
