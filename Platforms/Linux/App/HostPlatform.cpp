@@ -112,7 +112,7 @@ struct HostPlatform::Parts {
         {connection, application, panelWindows.appearance(), symbols, motionSettings}};
 };
 
-std::expected<std::unique_ptr<HostPlatform>, HostPlatform::Ended> HostPlatform::start() {
+std::expected<std::unique_ptr<HostPlatform>, HostPlatform::ExitStatus> HostPlatform::start() {
     auto server = XServer::connect();
     if (!server) {
         std::fprintf(stderr, "vireline: %s\n", server.error().description.c_str());

@@ -14,9 +14,9 @@ class HostPlatform {
 public:
     /// Exit status if the program must not go on: there is no X server (a line for the user has
     /// been printed), or another instance runs and was asked to show its settings.
-    using Ended = int;
+    using ExitStatus = int;
 
-    [[nodiscard]] static std::expected<std::unique_ptr<HostPlatform>, Ended> start();
+    [[nodiscard]] static std::expected<std::unique_ptr<HostPlatform>, ExitStatus> start();
 
     HostPlatform(const HostPlatform&) = delete;
     HostPlatform& operator=(const HostPlatform&) = delete;
