@@ -79,7 +79,7 @@ public:
     void take() {
         fs::remove_all(options_.folder);
         fs::create_directories(options_.folder);
-        furnish();
+        populate();
         desktop_.runVireline();
         seeDocks();
         hover();
@@ -133,7 +133,7 @@ private:
 
     /// Sets up everything except the program: wallpaper, icon theme, apps, and another program's
     /// panel.
-    void furnish() {
+    void populate() {
         paintWallpaper(desktop_.client(), desktop_.displays().monitors);
         auto& home = desktop_.home();
         writeFile(home.folder() / ".config/gtk-3.0/settings.ini",

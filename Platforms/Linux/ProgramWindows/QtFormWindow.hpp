@@ -21,7 +21,7 @@ public:
     void present(const Form& form) override;
 
 private:
-    void furnish(QtProgramWindow& window);
+    void populate(QtProgramWindow& window);
     /// Saves the focus and the scroll position.
     void cleared();
 

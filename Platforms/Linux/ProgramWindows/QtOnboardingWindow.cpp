@@ -9,7 +9,7 @@ QtOnboardingWindow::QtOnboardingWindow(const WindowStyle& style, const WindowCon
     : context_(context)
     , listener_(listener)
     , shell_(
-          style, context, [this](QtProgramWindow& window) { furnish(window); },
+          style, context, [this](QtProgramWindow& window) { populate(window); },
           [this] { pages_ = nullptr; }) {}
 
 void QtOnboardingWindow::present(const OnboardingPage& page) {
@@ -20,7 +20,7 @@ void QtOnboardingWindow::present(const OnboardingPage& page) {
         turnPage();
 }
 
-void QtOnboardingWindow::furnish(QtProgramWindow& window) {
+void QtOnboardingWindow::populate(QtProgramWindow& window) {
     auto pages = std::make_unique<QStackedWidget>();
     pages_ = pages.get();
     turnPage();

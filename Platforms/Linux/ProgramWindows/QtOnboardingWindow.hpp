@@ -19,7 +19,7 @@ public:
     void present(const OnboardingPage& page) override;
 
 private:
-    void furnish(QtProgramWindow& window);
+    void populate(QtProgramWindow& window);
     void turnPage();
 
     WindowContext context_;

@@ -14,11 +14,12 @@ namespace vireline::x11 {
 class WindowShell {
 public:
     /// Fills a window before it is shown.
-    using Furnish = std::function<void(QtProgramWindow&)>;
+    using Populate = std::function<void(QtProgramWindow&)>;
     /// Called before the window and everything in it are destroyed.
     using Cleared = std::function<void()>;
 
-    WindowShell(WindowStyle style, const WindowContext& context, Furnish furnish, Cleared cleared);
+    WindowShell(WindowStyle style, const WindowContext& context, Populate populate,
+                Cleared cleared);
     WindowShell(const WindowShell&) = delete;
     WindowShell& operator=(const WindowShell&) = delete;
     WindowShell(WindowShell&&) = delete;
@@ -40,7 +41,7 @@ private:
 
     WindowStyle style_;
     WindowContext context_;
-    Furnish furnish_;
+    Populate populate_;
     Cleared cleared_;
     std::optional<QPoint> corner_;
     std::unique_ptr<QtProgramWindow, Discard> window_;
