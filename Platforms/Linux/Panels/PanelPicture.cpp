@@ -55,7 +55,7 @@ void PanelPicture::update(bool isShown) {
             surface_.upload(painted, base());
     }
     // Must come last, so that the old regions stay covered until the new ones are in place.
-    shape_.setEcho({layout_.lag.x(), layout_.lag.y()});
+    shape_.coverUpcomingMove({layout_.lag.x(), layout_.lag.y()});
 }
 
 void PanelPicture::exposed() {

@@ -32,7 +32,7 @@ public:
 
     /// Extends both regions by a copy at `offset`, so that the pixels stay covered until the window
     /// manager has applied a move by the opposite and the new regions are set.
-    void setEcho(PixelPoint offset);
+    void coverUpcomingMove(PixelPoint offset);
 
     /// Whether this shape lets the window receive the pointer at this pixel.
     [[nodiscard]] bool takesPointer(int x, int y) const;
@@ -47,7 +47,7 @@ private:
     std::optional<std::vector<xcb_rectangle_t>> bounding_;
     std::optional<PixelRect> input_;
     std::vector<xcb_rectangle_t> blurred_;
-    PixelPoint echo_;
+    PixelPoint upcomingMove_;
 };
 
 }
