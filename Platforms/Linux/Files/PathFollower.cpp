@@ -24,14 +24,14 @@ namespace {
 constexpr int maximumLinks = 40;
 
 /// For every component of the path: it is deleted, moved or replaced.
-constexpr std::uint32_t ownFate = IN_DELETE_SELF | IN_MOVE_SELF | IN_DONT_FOLLOW;
+constexpr std::uint32_t selfEvents = IN_DELETE_SELF | IN_MOVE_SELF | IN_DONT_FOLLOW;
 /// For the last existing folder, while the next component is missing.
-constexpr std::uint32_t arrivals = IN_CREATE | IN_MOVED_TO;
+constexpr std::uint32_t arrivalEvents = IN_CREATE | IN_MOVED_TO;
 /// For what the path names. For a folder, these concern its entries.
-constexpr std::uint32_t content =
+constexpr std::uint32_t contentEvents =
     IN_MODIFY | IN_CLOSE_WRITE | IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO;
 /// A deleted file that is still open elsewhere only reports a change of its link count.
-constexpr std::uint32_t lossOfName = IN_ATTRIB;
+constexpr std::uint32_t linkCountEvents = IN_ATTRIB;
 
 /// Limits the reads per turn, so that a continuous stream of events does not starve the event loop.
 constexpr int readsInOneTurn = 8;
@@ -89,10 +89,11 @@ private:
             return last_;
         }
         const std::string entry = folder_ == "/" ? "/" + name : folder_ + "/" + name;
-        const std::uint32_t mask = ahead_.empty() ? ownFate | content | lossOfName : ownFate;
+        const std::uint32_t mask =
+            ahead_.empty() ? selfEvents | contentEvents | linkCountEvents : selfEvents;
         auto watch = add(entry, mask);
         if (!watch && watch.error().code == ENOENT) {
-            watch = add(folder_, ownFate | arrivals);
+            watch = add(folder_, selfEvents | arrivalEvents);
             if (watch)
                 watch = add(entry, mask);
         }
@@ -132,7 +133,7 @@ private:
         const int code = errno;
         // A folder that may be traversed but not read, such as /home on some systems, cannot be
         // watched. The walk continues without a watch on it.
-        if (code == EACCES && (mask & content) == 0 && ::access(path.c_str(), X_OK) == 0)
+        if (code == EACCES && (mask & contentEvents) == 0 && ::access(path.c_str(), X_OK) == 0)
             return unwatched;
         return std::unexpected{
             PlatformError{code, path + ": " + std::generic_category().message(code)}};
@@ -235,8 +236,10 @@ private:
     void note(const inotify_event& event, Pending& pending) const {
         const bool lost = (event.mask & IN_Q_OVERFLOW) != 0;
         const bool known = watches_.contains(event.wd);
-        pending.ofContent |= lost || (known && event.wd == named_ && (event.mask & content) != 0);
-        pending.ofPath |= lost || (known && (event.wd != named_ || (event.mask & content) == 0));
+        pending.ofContent |=
+            lost || (known && event.wd == named_ && (event.mask & contentEvents) != 0);
+        pending.ofPath |=
+            lost || (known && (event.wd != named_ || (event.mask & contentEvents) == 0));
     }
 
     std::string path_;
