@@ -56,9 +56,9 @@ void WindowShape::setBlurred(std::vector<xcb_rectangle_t> region) {
 }
 
 void WindowShape::coverUpcomingMove(PixelPoint offset) {
-    if (offset == upcomingMove_)
+    if (offset == coveredOffset_)
         return;
-    upcomingMove_ = offset;
+    coveredOffset_ = offset;
     if (bounding_)
         sendBounding();
     if (input_)
@@ -87,8 +87,8 @@ void WindowShape::send(xcb_shape_kind_t kind, std::span<const xcb_rectangle_t> r
                              static_cast<std::uint32_t>(rectangles.size()), rectangles.data());
     };
     sendAt(XCB_SHAPE_SO_SET, {});
-    if (upcomingMove_ != PixelPoint{})
-        sendAt(XCB_SHAPE_SO_UNION, upcomingMove_);
+    if (coveredOffset_ != PixelPoint{})
+        sendAt(XCB_SHAPE_SO_UNION, coveredOffset_);
 }
 
 bool WindowShape::takesPointer(int x, int y) const {

@@ -47,7 +47,7 @@ private:
     std::optional<std::vector<xcb_rectangle_t>> bounding_;
     std::optional<PixelRect> input_;
     std::vector<xcb_rectangle_t> blurred_;
-    PixelPoint upcomingMove_;
+    PixelPoint coveredOffset_;
 };
 
 }
