@@ -39,10 +39,10 @@ void draw(QPainter& painter, const QRect& rect, const GlassLook& look);
 class GlassPainter {
 public:
     /// Blends the glass over the canvas; `alpha` is 0 to 255.
-    void lay(const Canvas& canvas, const QRect& rect, const GlassLook& look, int alpha,
-             const QRect& clip);
+    void blend(const Canvas& canvas, const QRect& rect, const GlassLook& look, int alpha,
+               const QRect& clip);
     /// Draws the glass without blending.
-    void put(const Canvas& canvas, const QRect& rect, const GlassLook& look, const QRect& clip);
+    void copy(const Canvas& canvas, const QRect& rect, const GlassLook& look, const QRect& clip);
 
 private:
     void render(QSize size, const GlassLook& look);

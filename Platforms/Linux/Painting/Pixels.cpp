@@ -84,12 +84,12 @@ void fill(const Canvas& canvas, const QRect& rect, std::uint32_t pixel) {
         std::ranges::fill(canvas.row(area.x(), area.y() + i, area.width()), pixel);
 }
 
-void put(const Canvas& canvas, const Piece& piece, const QRect& clip) {
+void copy(const Canvas& canvas, const Piece& piece, const QRect& clip) {
     forEachRow(canvas, piece, clip,
                [](Row target, ConstRow source) { std::ranges::copy(source, target.begin()); });
 }
 
-void lay(const Canvas& canvas, const Piece& piece, int alpha, const QRect& clip) {
+void blend(const Canvas& canvas, const Piece& piece, int alpha, const QRect& clip) {
     const auto opacity = static_cast<std::uint16_t>(alpha + (alpha >> 7));
     forEachRow(canvas, piece, clip,
                [opacity](Row target, ConstRow source) { layRow(target, source, opacity); });

@@ -58,10 +58,10 @@ struct Piece {
 void fill(const Canvas& canvas, const QRect& rect, std::uint32_t pixel);
 
 /// Copies the piece without blending, clipped to `clip`.
-void put(const Canvas& canvas, const Piece& piece, const QRect& clip);
+void copy(const Canvas& canvas, const Piece& piece, const QRect& clip);
 
 /// Blends the piece over the canvas, clipped to `clip`; `alpha` is 0 to 255.
-void lay(const Canvas& canvas, const Piece& piece, int alpha, const QRect& clip);
+void blend(const Canvas& canvas, const Piece& piece, int alpha, const QRect& clip);
 
 }
 }

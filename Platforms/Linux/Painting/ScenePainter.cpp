@@ -20,9 +20,9 @@ struct NodePainter {
     void operator()(const GlassNode& glass) const {
         const GlassLook look = colors.glass(glass.cornerRadius * place.scale, place.scale);
         if (isBackground) {
-            cache.glass.put(canvas, place.rect.toRect(), look, clip);
+            cache.glass.copy(canvas, place.rect.toRect(), look, clip);
         } else {
-            cache.glass.lay(canvas, place.rect.toRect(), look, place.alpha, clip);
+            cache.glass.blend(canvas, place.rect.toRect(), look, place.alpha, clip);
         }
     }
 
@@ -34,7 +34,7 @@ struct NodePainter {
         if (place.isSharp) {
             const QRect whole = place.rect.toRect();
             const QImage picture = image->exact(whole.width());
-            Pixels::lay(canvas, Pixels::pieceOf(picture, whole.topLeft()), place.alpha, clip);
+            Pixels::blend(canvas, Pixels::pieceOf(picture, whole.topLeft()), place.alpha, clip);
             return;
         }
         const double side = std::max(place.rect.width(), place.rect.height());
@@ -59,7 +59,7 @@ struct NodePainter {
     void drawShape(double radius, const QColor& colour) const {
         const QRect whole = place.rect.toRect();
         const QImage& picture = cache.shapes.picture({whole.size(), radius, colour});
-        Pixels::lay(canvas, Pixels::pieceOf(picture, whole.topLeft()), place.alpha, clip);
+        Pixels::blend(canvas, Pixels::pieceOf(picture, whole.topLeft()), place.alpha, clip);
     }
 };
 

@@ -58,7 +58,7 @@ inline PixelPair SmoothScaler::pairAt(std::size_t x) const {
 
 void SmoothScaler::drawRow(std::span<std::uint32_t> target, std::uint16_t cover) const {
     // Partial coverage occurs only at the picture's edges and while it fades.
-    const auto layPart = [&](std::size_t x, std::uint32_t* to) {
+    const auto blendPart = [&](std::size_t x, std::uint32_t* to) {
         const auto covered = [&](const Tap& tap) {
             return PixelPairs::everywhere(
                 static_cast<std::uint16_t>(tap.coverage * cover / PixelPairs::whole));
@@ -71,7 +71,7 @@ void SmoothScaler::drawRow(std::span<std::uint32_t> target, std::uint16_t cover)
     for (std::size_t i = 0; i < pairs; ++i) {
         std::uint32_t* const to = target.data() + 2 * i;
         if (cover < PixelPairs::whole || i == 0 || 2 * i + 3 > target.size()) {
-            layPart(2 * i, to);
+            blendPart(2 * i, to);
         } else {
             PixelPairs::store(to, PixelPairs::over(pairAt(2 * i), PixelPairs::load(to)));
         }
@@ -79,7 +79,7 @@ void SmoothScaler::drawRow(std::span<std::uint32_t> target, std::uint16_t cover)
     if (target.size() % 2 == 0)
         return;
     std::array<std::uint32_t, 2> last{target.back(), 0};
-    layPart(target.size() - 1, last.data());
+    blendPart(target.size() - 1, last.data());
     target.back() = last.front();
 }
 
