@@ -52,7 +52,7 @@ EwmhRunningApplications::EwmhRunningApplications(X11Connection& connection, RunL
         if (std::erase(announced_, startupID) > 0)
             messenger_.broadcast({.kind = "remove", .values = {{"ID", startupID}}});
     };
-    catalogChanges_ = catalog_.observeChanges(lifetime_.guard([this] { identifyAnew(); }));
+    catalogChanges_ = catalog_.observeChanges(lifetime_.guard([this] { identifyAgain(); }));
     groups_ = currentGroups();
 }
 
@@ -187,7 +187,7 @@ void EwmhRunningApplications::noteDesktops() {
         windowSentHere_.reset();
 }
 
-void EwmhRunningApplications::identifyAnew() {
+void EwmhRunningApplications::identifyAgain() {
     identified_.clear();
     update();
 }

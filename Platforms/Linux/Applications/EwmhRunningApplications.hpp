@@ -83,7 +83,7 @@ private:
     };
 
     void update();
-    void identifyAnew();
+    void identifyAgain();
     void announce(const std::vector<AppGroup>& before);
     void handle(const StartupMessage& message);
     [[nodiscard]] std::vector<AppGroup> currentGroups();

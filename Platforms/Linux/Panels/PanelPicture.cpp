@@ -30,10 +30,10 @@ PanelPicture::PanelPicture(const PanelContext& context, xcb_window_t window)
 void PanelPicture::setScene(const Scene& scene) {
     ViewMappings::place(nextPlaces_, scene, layout_.mapping);
     SceneDamage::add(damage_, {scene_.nodes, places_}, {scene.nodes, nextPlaces_});
-    const bool isDividedAnew = scene.quietRegions != scene_.quietRegions;
+    const bool areRegionsNew = scene.quietRegions != scene_.quietRegions;
     scene_ = scene;
     std::swap(places_, nextPlaces_);
-    if (isDividedAnew)
+    if (areRegionsNew)
         placeQuietAreas();
 }
 

@@ -128,8 +128,8 @@ private:
         const Candidates namesakes = all([&](const IndexedEntry& entry) {
             return entry.foldedID == folded && entry.foldedWMClass.empty();
         });
-        const bool isLie = bestQuality(namesakes, process_) > bestQuality(candidates, process_);
-        return isLie ? first(namesakes) : first(candidates);
+        const bool isBetterByID = bestQuality(namesakes, process_) > bestQuality(candidates, process_);
+        return isBetterByID ? first(namesakes) : first(candidates);
     }
 
     [[nodiscard]] const IndexedEntry* byID() const {

@@ -23,13 +23,13 @@ void LaunchTracker::begin(const std::string& startupID, const IdentifiedApp& app
         onWillLaunch(app);
 }
 
-bool LaunchTracker::isUnderWay(const std::string& bundleID, double pairSeconds) const {
+bool LaunchTracker::isUnderWay(const std::string& bundleID, double doubleClickSeconds) const {
     return std::ranges::any_of(launches_, [&](const Launch& launch) {
         if (launch.app.bundleID != bundleID)
             return false;
         // An app may report that it has started before the window manager lists its window.
         const bool mayStillShow = launch.isOurs && !launch.hasFailed && !launch.owner &&
-                                  runLoop_.now() - launch.began < pairSeconds;
+                                  runLoop_.now() - launch.began < doubleClickSeconds;
         return launch.isPending || mayStillShow;
     });
 }

@@ -33,8 +33,8 @@ public:
     void begin(const std::string& startupID, const IdentifiedApp& app, bool isOurs);
 
     /// Whether the app is being launched: a launch of it, by any program, has not ended; or one of
-    /// ours began less than `pairSeconds` ago and has neither failed nor shown a window.
-    [[nodiscard]] bool isUnderWay(const std::string& bundleID, double pairSeconds) const;
+    /// ours began less than `doubleClickSeconds` ago and has neither failed nor shown a window.
+    [[nodiscard]] bool isUnderWay(const std::string& bundleID, double doubleClickSeconds) const;
 
     /// The launcher or the app itself reports that the launch has ended.
     void finish(const std::string& startupID);
