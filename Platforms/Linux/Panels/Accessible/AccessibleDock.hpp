@@ -29,7 +29,7 @@ public:
 
 private:
     void accessibilityActiveChanged(bool isActive) override;
-    void tell(QAccessible::Event what);
+    void notify(QAccessible::Event what);
 
     DockAccess dock_;
     bool isActive_ = QAccessible::isActive();

@@ -5,7 +5,7 @@
 
 namespace vireline::x11::AccessibleEvents {
 
-inline void tell(QAccessibleInterface& about, QAccessible::Event what) {
+inline void notify(QAccessibleInterface& about, QAccessible::Event what) {
     QAccessibleEvent event{&about, what};
     QAccessible::updateAccessibility(&event);
 }

@@ -25,8 +25,8 @@ struct DockAccess {
     /// Converts a part of the view to Qt's screen coordinates.
     std::function<QRect(const Rect&)> place;
     /// Sends an accessibility event; called only while assistive technology is active.
-    std::function<void(QAccessibleInterface& about, QAccessible::Event what)> tell =
-        AccessibleEvents::tell;
+    std::function<void(QAccessibleInterface& about, QAccessible::Event what)> notify =
+        AccessibleEvents::notify;
 };
 
 }
