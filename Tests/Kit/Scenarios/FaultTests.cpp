@@ -248,32 +248,32 @@ const std::map<std::string, std::string_view, std::less<>>& quietFailures() {
     return reasons;
 }
 
-struct Course {
+struct Scenario {
     const char* name;
     void (*run)(FaultWorld& world);
     /// The user's actions in it depend on the tiles, and change the list of apps.
     bool editsTheList = false;
 };
 
-constexpr std::array courses{
-    Course{"FirstStart", firstStart},
-    Course{"Mirroring", mirroring},
-    Course{"WithoutAnythingToMirror", withoutAnythingToMirror},
-    Course{"EditingTheManualList", editingTheManualList, true},
-    Course{"DraggingWhileMirroring", draggingWhileMirroring, true},
-    Course{"Dropping", dropping, true},
-    Course{"LaunchingAndSummoning", launchingAndSummoning},
-    Course{"SummoningAnyWindow", summoningAnyWindow},
-    Course{"WaitingForThePermission", waitingForThePermission},
-    Course{"ChangingEverySetting", changingEverySetting, true},
-    Course{"ChangingDisplays", changingDisplays},
-    Course{"Waking", waking},
-    Course{"QuittingAndStartingAgain", quittingAndStartingAgain, true},
-    Course{"SwitchingTheLoginItem", switchingTheLoginItem},
+constexpr std::array scenarios{
+    Scenario{"FirstStart", firstStart},
+    Scenario{"Mirroring", mirroring},
+    Scenario{"WithoutAnythingToMirror", withoutAnythingToMirror},
+    Scenario{"EditingTheManualList", editingTheManualList, true},
+    Scenario{"DraggingWhileMirroring", draggingWhileMirroring, true},
+    Scenario{"Dropping", dropping, true},
+    Scenario{"LaunchingAndSummoning", launchingAndSummoning},
+    Scenario{"SummoningAnyWindow", summoningAnyWindow},
+    Scenario{"WaitingForThePermission", waitingForThePermission},
+    Scenario{"ChangingEverySetting", changingEverySetting, true},
+    Scenario{"ChangingDisplays", changingDisplays},
+    Scenario{"Waking", waking},
+    Scenario{"QuittingAndStartingAgain", quittingAndStartingAgain, true},
+    Scenario{"SwitchingTheLoginItem", switchingTheLoginItem},
 };
 
-std::ostream& operator<<(std::ostream& out, const Course& course) {
-    return out << course.name;
+std::ostream& operator<<(std::ostream& out, const Scenario& scenario) {
+    return out << scenario.name;
 }
 
 /// The result of a scenario with one failed call, or without any.
@@ -290,7 +290,7 @@ struct Trial {
     FaultWorld::Sight afterARestart;
 };
 
-void lookAtEverythingAnew(FaultWorld& world) {
+void refreshEverything(FaultWorld& world) {
     world.platform.fake.dockPreferences.announceChange();
     world.announceScreens();
     const auto visitor = test::FakePlatform::instanceOf(world.visitor);
@@ -302,14 +302,14 @@ void lookAtEverythingAnew(FaultWorld& world) {
     world.pass(1);
 }
 
-Trial tryOut(const Course& course, int doomedCall) {
+Trial tryOut(const Scenario& scenario, int failingCall) {
     Trial trial;
     testing::internal::CaptureStdout();
     {
         FaultWorld world;
         test::Faults& faults = world.platform.faults;
-        faults.failCall(doomedCall);
-        course.run(world);
+        faults.failCall(failingCall);
+        scenario.run(world);
         trial.calls = faults.calls();
         trial.callsMade.insert(faults.names().begin(), faults.names().end());
         trial.failed = faults.failed().value_or("nothing");
@@ -318,7 +318,7 @@ Trial tryOut(const Course& course, int doomedCall) {
         trial.textAtQuit = world.textAtQuit;
 
         faults.failCall(0);
-        lookAtEverythingAnew(world);
+        refreshEverything(world);
         trial.diskAfterwards = world.disk();
         trial.afterwards = world.look();
         world.quit();
@@ -348,50 +348,50 @@ void expectTheLogToSayWhatFailed(const Trial& trial) {
 }
 
 /// Whether the failure may legitimately change the final state of the scenario.
-bool mayEndOtherwise(const Course& course, const Trial& trial, const Trial& unharmed) {
+bool mayEndDifferently(const Scenario& scenario, const Trial& trial, const Trial& baseline) {
     // The defaults are in force until the user's next change replaces the file.
     if (trial.failed == "FileSystem::read")
         return true;
     // The program quit before another save could make up for the failed one.
     const bool isSave =
         trial.failed == "FileSystem::createFolder" || trial.failed == "FileSystem::writeAtomically";
-    if (isSave && trial.textAtQuit != unharmed.textAtQuit)
+    if (isSave && trial.textAtQuit != baseline.textAtQuit)
         return true;
     // A tile that was temporarily missing cannot be dragged, and is not added to the user's list.
     constexpr std::array<std::string_view, 3> shapesTheTiles{
         "DockPreferences::persistentApps", "FileSystem::exists",
         "ApplicationCatalog::bundleIdentifier"};
-    return course.editsTheList && std::ranges::count(shapesTheTiles, trial.failed) > 0;
+    return scenario.editsTheList && std::ranges::count(shapesTheTiles, trial.failed) > 0;
 }
 
-class EveryCallFailsOnce : public testing::TestWithParam<Course> {};
+class EveryCallFailsOnce : public testing::TestWithParam<Scenario> {};
 
 TEST_P(EveryCallFailsOnce, AndTheProgramGoesOnLosesNothingAndSaysSo) {
-    const Course& course = GetParam();
-    const Trial unharmed = tryOut(course, 0);
+    const Scenario& scenario = GetParam();
+    const Trial baseline = tryOut(scenario, 0);
 
-    for (int call = 1; call <= unharmed.calls; ++call) {
-        const Trial trial = tryOut(course, call);
+    for (int call = 1; call <= baseline.calls; ++call) {
+        const Trial trial = tryOut(scenario, call);
 
         SCOPED_TRACE("call " + std::to_string(call) + ", " + trial.failed);
         expectTheLogToSayWhatFailed(trial);
         expectWhole(trial.atTheEnd);
         expectWhole(trial.diskAfterwards);
         EXPECT_EQ(trial.afterARestart, trial.afterwards);
-        if (!mayEndOtherwise(course, trial, unharmed)) {
-            EXPECT_EQ(trial.diskAfterwards.text, unharmed.diskAfterwards.text);
-            EXPECT_EQ(trial.afterwards, unharmed.afterwards);
+        if (!mayEndDifferently(scenario, trial, baseline)) {
+            EXPECT_EQ(trial.diskAfterwards.text, baseline.diskAfterwards.text);
+            EXPECT_EQ(trial.afterwards, baseline.afterwards);
         }
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Courses, EveryCallFailsOnce, testing::ValuesIn(courses),
+INSTANTIATE_TEST_SUITE_P(Courses, EveryCallFailsOnce, testing::ValuesIn(scenarios),
                          [](const auto& instance) { return std::string{instance.param.name}; });
 
 TEST(FallibleCalls, AreAllMadeInSomeCourse) {
     std::set<std::string> made;
-    for (const Course& course : courses) {
-        const Trial trial = tryOut(course, 0);
+    for (const Scenario& scenario : scenarios) {
+        const Trial trial = tryOut(scenario, 0);
         made.insert(trial.callsMade.begin(), trial.callsMade.end());
     }
 
