@@ -45,8 +45,8 @@ public:
 
     /// Makes the call with this number fail, counted from 1 from now on; 0 for none.
     void failCall(int number) {
-        doomedName_.clear();
-        doomed_ = number;
+        failingName_.clear();
+        failingCall_ = number;
         calls_ = 0;
         failed_.reset();
     }
@@ -54,7 +54,7 @@ public:
     /// Makes the first call with this name fail from now on.
     void failFirst(std::string name) {
         failCall(0);
-        doomedName_ = std::move(name);
+        failingName_ = std::move(name);
     }
 
     /// The number of fallible calls so far.
@@ -74,17 +74,17 @@ public:
         using Answer = decltype(call());
         names_.emplace(name);
         ++calls_;
-        if (calls_ != doomed_ && name != doomedName_)
+        if (calls_ != failingCall_ && name != failingName_)
             return call();
         failed_ = name;
-        doomedName_.clear();
+        failingName_.clear();
         return Failure<Answer>::answer({code, std::string{description}});
     }
 
 private:
-    int doomed_ = 0;
+    int failingCall_ = 0;
     /// Empty for none.
-    std::string doomedName_;
+    std::string failingName_;
     int calls_ = 0;
     std::set<std::string, std::less<>> names_;
     std::optional<std::string> failed_;

@@ -340,7 +340,7 @@ void expectTheLogToSayWhatFailed(const Trial& trial) {
     if (quietFailures().contains(trial.failed))
         return;
     const auto expected = loggedFailures().find(trial.failed);
-    ASSERT_NE(expected, loggedFailures().end()) << "nobody said what the log holds then";
+    ASSERT_NE(expected, loggedFailures().end()) << "no expected log lines are listed for this call";
     EXPECT_TRUE(std::ranges::any_of(trial.log, [&](const std::string& line) {
         return std::ranges::any_of(expected->second,
                                    [&](const auto& end) { return line.ends_with(end); });
