@@ -39,13 +39,13 @@ public:
     };
 
     /// The externally visible state of the program.
-    struct Sight {
+    struct Snapshot {
         /// The tiles and the position of every dock.
         std::vector<std::string> docks;
         int watchesOfTheDesktopsDock = 0;
         bool isPointerGuarded = false;
 
-        bool operator==(const Sight&) const = default;
+        bool operator==(const Snapshot&) const = default;
     };
 
     /// Writes the file that the program finds when it starts.
@@ -68,7 +68,7 @@ public:
     void act(OnboardingAction action);
     void announceScreens();
 
-    [[nodiscard]] Sight look();
+    [[nodiscard]] Snapshot look();
 
     FaultyPlatform platform;
     LoggedLines log;
@@ -93,11 +93,11 @@ private:
     std::unique_ptr<AppDelegate> delegate_;
 };
 
-inline std::ostream& operator<<(std::ostream& out, const FaultWorld::Sight& sight) {
-    for (const std::string& dock : sight.docks)
+inline std::ostream& operator<<(std::ostream& out, const FaultWorld::Snapshot& snapshot) {
+    for (const std::string& dock : snapshot.docks)
         out << dock << "; ";
-    return out << sight.watchesOfTheDesktopsDock << " watches, pointer "
-               << (sight.isPointerGuarded ? "guarded" : "free");
+    return out << snapshot.watchesOfTheDesktopsDock << " watches, pointer "
+               << (snapshot.isPointerGuarded ? "guarded" : "free");
 }
 
 }

@@ -286,8 +286,8 @@ struct Trial {
     std::optional<std::string> textAtQuit;
     /// After everything has been refreshed and one more setting has changed.
     FaultWorld::Disk diskAfterwards;
-    FaultWorld::Sight afterwards;
-    FaultWorld::Sight afterARestart;
+    FaultWorld::Snapshot afterwards;
+    FaultWorld::Snapshot afterARestart;
 };
 
 void refreshEverything(FaultWorld& world) {
