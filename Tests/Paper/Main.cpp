@@ -45,15 +45,15 @@ std::vector<std::string> namesOfTests() {
 }
 
 /// Runs the named tests first, then all others except those whose names contain a text in
-/// `leftOut`.
-int runForked(std::vector<std::string> first, const std::vector<std::string>& leftOut) {
+/// `skipped`.
+int runForked(std::vector<std::string> first, const std::vector<std::string>& skipped) {
     for (const std::string& name : namesOfTests())
         first.push_back(name);
     for (const std::string& name : first) {
-        bool isLeftOut = false;
-        for (const std::string& text : leftOut)
-            isLeftOut = isLeftOut || name.find(text) != std::string::npos;
-        if (isLeftOut)
+        bool isSkipped = false;
+        for (const std::string& text : skipped)
+            isSkipped = isSkipped || name.find(text) != std::string::npos;
+        if (isSkipped)
             continue;
         const pid_t child = fork();
         if (child == 0)
@@ -75,12 +75,12 @@ int main(int count, char** words) {
     if (count < 2 || std::strcmp(words[1], "--forked") != 0)
         return RUN_ALL_TESTS();
     std::vector<std::string> first;
-    std::vector<std::string> leftOut;
+    std::vector<std::string> skipped;
     for (int index = 2; index < count; ++index) {
         if (*words[index] == '-')
-            leftOut.emplace_back(words[index] + 1);
+            skipped.emplace_back(words[index] + 1);
         else
             first.emplace_back(words[index]);
     }
-    return runForked(std::move(first), leftOut);
+    return runForked(std::move(first), skipped);
 }
