@@ -11,7 +11,7 @@ constexpr const char* openHere = R"("openOnThisDisplay": true)";
 class OpenHere : public UnderEachManager {
 protected:
     /// Sets the arguments of the app at `index`; must be called before the program runs.
-    void tell(std::size_t index, const std::vector<std::string>& arguments) {
+    void setArguments(std::size_t index, const std::vector<std::string>& arguments) {
         App changed = apps.at(index);
         changed.arguments = arguments;
         desktop().home().install(changed);
@@ -32,8 +32,8 @@ protected:
 
 TEST_P(OpenHere, MovesALaunchedAppToTheMiddleOfTheClickedDisplay) {
     runWith(openHere);
-    tell(0, {"--at", cornerOn("main")});
-    tell(1, {"--at", cornerOn("above")});
+    setArguments(0, {"--at", cornerOn("main")});
+    setArguments(1, {"--at", cornerOn("above")});
 
     clickTile("above", 0);
     EXPECT_TRUE(comesToMiddle(windowOf(0), "above"));
@@ -46,7 +46,7 @@ TEST_P(OpenHere, MovesALaunchedAppToTheMiddleOfTheClickedDisplay) {
 
 TEST_P(OpenHere, MovesAnAppToThePrimaryDisplayToo) {
     runWith(openHere, "side");
-    tell(0, {"--at", cornerOn("side")});
+    setArguments(0, {"--at", cornerOn("side")});
 
     clickTile("main", 0);
 
@@ -55,7 +55,7 @@ TEST_P(OpenHere, MovesAnAppToThePrimaryDisplayToo) {
 
 TEST_P(OpenHere, LeavesAppsWhereTheyOpenWhileItIsOff) {
     runWith(R"("summonOnClick": true, "fillOnDoubleClick": true)");
-    tell(0, {"--at", cornerOn("main")});
+    setArguments(0, {"--at", cornerOn("main")});
 
     clickTile("side", 0);
     ASSERT_TRUE(eventually([&] { return desktop().isActive(apps[0]); }));
@@ -67,7 +67,7 @@ TEST_P(OpenHere, LeavesAppsWhereTheyOpenWhileItIsOff) {
 
 TEST_P(OpenHere, WaitsForAWindowThatComesLate) {
     runWith(openHere);
-    tell(0, {"--delay", "1500", "--at", cornerOn("main")});
+    setArguments(0, {"--delay", "1500", "--at", cornerOn("main")});
 
     clickTile("side", 0);
 
@@ -77,8 +77,8 @@ TEST_P(OpenHere, WaitsForAWindowThatComesLate) {
 
 TEST_P(OpenHere, KeepsTwoLaunchesApart) {
     runWith(openHere);
-    tell(0, {"--delay", "900", "--at", cornerOn("main")});
-    tell(1, {"--delay", "600", "--at", cornerOn("main")});
+    setArguments(0, {"--delay", "900", "--at", cornerOn("main")});
+    setArguments(1, {"--delay", "600", "--at", cornerOn("main")});
 
     clickTile("side", 0);
     clickTile("above", 1);
@@ -89,7 +89,7 @@ TEST_P(OpenHere, KeepsTwoLaunchesApart) {
 
 TEST_P(OpenHere, FetchesAWindowFromAnotherDesktop) {
     runWith(openHere);
-    tell(0, {"--desktop", "1", "--at", cornerOn("main")});
+    setArguments(0, {"--desktop", "1", "--at", cornerOn("main")});
 
     clickTile("side", 0);
 
@@ -99,7 +99,8 @@ TEST_P(OpenHere, FetchesAWindowFromAnotherDesktop) {
 
 TEST_P(OpenHere, MovesAWindowOfAnUnknownProcess) {
     runWith(openHere);
-    tell(0, {"--property", "WM_CLIENT_MACHINE=elsewhere.example", "--at", cornerOn("main")});
+    setArguments(0,
+                 {"--property", "WM_CLIENT_MACHINE=elsewhere.example", "--at", cornerOn("main")});
 
     clickTile("above", 0);
 
@@ -110,8 +111,8 @@ TEST_P(OpenHere, MovesAWindowOfAnUnknownProcess) {
 TEST_P(OpenHere, BringsBackAWindowThatMovesItselfAwayAtOnce) {
     runWith(openHere);
     const auto record = desktop().home().scratch() / "moves";
-    tell(0, {"--later", "100:" + cornerOn("main"), "--record", record.string(), "--at",
-             cornerOn("main")});
+    setArguments(0, {"--later", "100:" + cornerOn("main"), "--record", record.string(), "--at",
+                     cornerOn("main")});
 
     clickTile("side", 0);
     ASSERT_TRUE(comesToMiddle(windowOf(0), "side"));
@@ -126,7 +127,7 @@ TEST_P(OpenHere, BringsBackAWindowThatMovesItselfAwayAtOnce) {
 
 TEST_P(OpenHere, LeavesAWindowToTheUserOnceItHasRested) {
     runWith(openHere);
-    tell(0, {"--at", cornerOn("main")});
+    setArguments(0, {"--at", cornerOn("main")});
     clickTile("side", 0);
     const auto window = windowOf(0);
     ASSERT_TRUE(comesToMiddle(window, "side"));
@@ -148,7 +149,7 @@ TEST_P(OpenHere, LeavesAWindowToTheUserOnceItHasRested) {
 
 TEST_P(OpenHere, LeavesAWindowToTheUsersHand) {
     runWith(openHere);
-    tell(0, {"--at", cornerOn("main")});
+    setArguments(0, {"--at", cornerOn("main")});
     clickTile("side", 0);
     const auto window = windowOf(0);
     ASSERT_TRUE(comesToMiddle(window, "side"));
@@ -173,7 +174,7 @@ TEST_P(OpenHere, LeavesAWindowToTheUsersHand) {
 
 TEST_P(OpenHere, GivesUpOnAnAppThatNeverShowsAWindow) {
     runWith(openHere);
-    tell(0, {"--delay", "60000"});
+    setArguments(0, {"--delay", "60000"});
 
     clickTile("side", 0);
 
@@ -195,7 +196,7 @@ TEST_P(OpenHere, LaunchesAllTheSameWithoutAWindowManager) {
 
 TEST_P(OpenHere, GivesUpQuietlyWhenTheWindowManagerGoes) {
     runWith(openHere);
-    tell(0, {"--delay", "1500", "--at", cornerOn("main")});
+    setArguments(0, {"--delay", "1500", "--at", cornerOn("main")});
 
     clickTile("side", 0);
     ASSERT_TRUE(logs("placement armed for " + apps[0].id + " on #"));
