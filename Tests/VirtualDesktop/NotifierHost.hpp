@@ -35,7 +35,7 @@ public:
 
 private:
     [[nodiscard]] Variant property(const char* name) const;
-    [[nodiscard]] Variant tell(const char* method, GVariant* parameters) const;
+    [[nodiscard]] Variant call(const char* method, GVariant* parameters) const;
 
     BusClient bus_;
 };
