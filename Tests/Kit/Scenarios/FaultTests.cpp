@@ -385,7 +385,7 @@ TEST_P(EveryCallFailsOnce, AndTheProgramGoesOnLosesNothingAndSaysSo) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Courses, EveryCallFailsOnce, testing::ValuesIn(scenarios),
+INSTANTIATE_TEST_SUITE_P(Scenarios, EveryCallFailsOnce, testing::ValuesIn(scenarios),
                          [](const auto& instance) { return std::string{instance.param.name}; });
 
 TEST(FallibleCalls, AreAllMadeInSomeCourse) {
