@@ -47,7 +47,7 @@ TEST_F(DockPlacement, FindsTheOtherDockAtAnInnerEdge) {
     EXPECT_NE(desktop().docks().on(desktop().displayIDOf("right")).window, XCB_NONE);
 }
 
-TEST_F(DockPlacement, PassesOverAPanelAtTheTop) {
+TEST_F(DockPlacement, IgnoresAPanelAtTheTop) {
     runOn({.monitors = twoMonitors()});
     desktop().reserve({"right", Edge::top, panelThickness});
     desktop().runVireline();
@@ -136,7 +136,7 @@ TEST_F(DockPlacement, GrowsWithTheScaleOfItsDisplay) {
     EXPECT_EQ(dock.frame.height, thicknessAtTwiceTheScale);
 }
 
-TEST_F(DockPlacement, KeepsToWholePixelsAtAScaleAndAHalf) {
+TEST_F(DockPlacement, UsesWholePixelsAtAScaleOfOneAndAHalf) {
     runOn({.monitors = {{"main", {0, 0, 1600, 900}}, {"odd", {1600, 0, 1537, 863}}},
            .scales = {{"odd", 1.5}}})
         .runVireline();

@@ -201,7 +201,7 @@ TEST_F(Drop, IsRefusedInTimeForAnythingElse) {
     EXPECT_EQ(picture.drop(), "not dropped");
 }
 
-TEST_F(Drop, FindsNobodyAboveTheStrip) {
+TEST_F(Drop, FindsNoTargetAboveTheStrip) {
     run();
     FileDrag drag{desktop(), {urlList({makeFile("first")})}};
     const auto frame = plannedDock("right", tiles(2)).frame;

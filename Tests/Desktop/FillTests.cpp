@@ -119,7 +119,7 @@ TEST_P(Fill, RestoresAFullScreenWindowFirst) {
     EXPECT_FALSE(hasState(window, "FULLSCREEN"));
 }
 
-TEST_P(Fill, KeepsToASizeIncrement) {
+TEST_P(Fill, RespectsASizeIncrement) {
     runWith(fillOnDoubleClick);
     const auto window = open(0, placeOn("main"));
     setHints(window, {.minimum = {100, 60}, .base = {7, 5}, .increment = {13, 17}});

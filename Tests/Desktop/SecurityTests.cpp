@@ -47,7 +47,7 @@ protected:
     }
 };
 
-TEST_F(Security, TheWordsOfAnEntryAreArgumentsAndNoCommands) {
+TEST_F(Security, TheWordsOfAnEntryAreArgumentsAndNotCommands) {
     auto& desktop = make({.monitors = twoMonitors()});
     const std::vector<std::string> words{"$(" + trap() + ")", "`" + trap() + "`", "; " + trap(),
                                          "| " + trap(), "&& " + trap() + " #"};
@@ -99,7 +99,7 @@ TEST_F(Security, TheFolderAndTheLogAreTheUsersAloneWhateverTheUmask) {
     EXPECT_EQ(mode(desktop.home().log()), 0600U);
 }
 
-TEST_F(Security, AStartByWhoMayNotUseTheDisplayDisturbsNobody) {
+TEST_F(Security, AStartWithoutAccessToTheDisplayHasNoEffect) {
     runWithTwoDisplays(someApps(1));
     ASSERT_TRUE(docksSettle(tiles(1)));
     closeDisplay();

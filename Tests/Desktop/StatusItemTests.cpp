@@ -319,7 +319,7 @@ TEST_F(StatusItem, MovesFromTheTrayToAHostAndBack) {
     EXPECT_TRUE(trayHasIcon(true));
 }
 
-TEST_F(StatusItem, StaysInTheTrayWhileNobodyShowsTheListOfItems) {
+TEST_F(StatusItem, StaysInTheTrayWhileNoHostShowsItems) {
     runWith();
     startTray();
     const auto host = desktop().startNotifierHost(false);
@@ -339,7 +339,7 @@ TEST_F(StatusItem, IsInTheTrayWithoutASessionBus) {
     EXPECT_TRUE(trayHasIcon(true));
 }
 
-TEST_F(StatusItem, IsMissedByNobodyWhereThereIsNoPlaceForIt) {
+TEST_F(StatusItem, IsNotNeededWhereThereIsNoPlaceForIt) {
     runWithTwoDisplays(apps);
     ASSERT_TRUE(docksSettle(twoTiles));
 

@@ -95,7 +95,7 @@ std::vector<IdentityCase> toolkitCases() {
          {},
          {{.id = "org.kde.okular", .exec = "okular %U"}},
          "org.kde.okular"},
-        {"AnIdWithoutAnEntryIsPassedOver",
+        {"AnIdWithoutAnEntryIsIgnored",
          {.instance = "inkscape", .className = "Inkscape", .gtkID = "org.gnome.Unheard"},
          {},
          {{.id = "inkscape", .exec = "inkscape %F"}},

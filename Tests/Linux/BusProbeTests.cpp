@@ -19,7 +19,7 @@ protected:
     std::string address = "unix:path=" + (folder.path() / "bus").string();
 };
 
-TEST_F(BusProbeTest, ABusThatIsNotThereKeepsNobodyWaiting) {
+TEST_F(BusProbeTest, AMissingBusBlocksNothing) {
     EXPECT_TRUE(x11::BusProbe::answers(address, timeout));
     EXPECT_TRUE(x11::BusProbe::answers("", timeout));
     EXPECT_TRUE(x11::BusProbe::answers("nonsense", timeout));

@@ -191,7 +191,7 @@ TEST_F(DesktopDockPreferencesTest, PrefersThePropertyListToAllOthers) {
 }
 
 // Behaviour: dock-preferences-reader-4
-TEST_F(DesktopDockPreferencesTest, HasNothingWhenThePropertyListIsDamagedAndAsksNobodyElse) {
+TEST_F(DesktopDockPreferencesTest, HasNothingWhenThePropertyListIsDamagedAndTriesNoOtherSource) {
     makeFolder(plistFile.parent());
     overwrite(plistFile, "no property list");
     start("GNOME");
@@ -279,7 +279,7 @@ TEST_F(DesktopDockPreferencesTest, TakesPlanksLaunchersInTheOrderOfItsKeyAndThen
                                                 "file:///apple.desktop", "file:///zebra.desktop"}));
 }
 
-TEST_F(DesktopDockPreferencesTest, PassesOverLaunchersThatAreDamaged) {
+TEST_F(DesktopDockPreferencesTest, IgnoresLaunchersThatAreDamaged) {
     addLauncher("mail", entry("mail").absoluteString());
     overwrite(launchers.appending("empty.dockitem"), "");
     overwrite(launchers.appending("noise.dockitem"), std::string(200, '\xFF'));

@@ -240,7 +240,7 @@ TEST(PropertyListReader, ReadsLargeDocks) {
 }
 
 // Behaviour: dock-preferences-reader-4
-TEST(PropertyListReader, TellsADockWithoutTilesFromBytesThatAreNoPropertyList) {
+TEST(PropertyListReader, DistinguishesADockWithoutTilesFromAnInvalidPropertyList) {
     const auto parse = [](std::string_view bytes) {
         return DockPreferencesReader::parse(bytesOf(bytes), PropertyListReader{});
     };

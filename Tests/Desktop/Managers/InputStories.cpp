@@ -132,7 +132,7 @@ TEST_F(Clicks, HideAndRestore) {
 
 class OtherDesktop : public ManagerStory {};
 
-TEST_F(OtherDesktop, IsNoHindranceForAClick) {
+TEST_F(OtherDesktop, DoesNotPreventAClick) {
     run();
     if (!hasManager())
         GTEST_SKIP() << "it has one desktop only";

@@ -21,7 +21,7 @@ TEST(VirelineApp, TheLogLiesInTheProgramsFolderOfTheFirstSupportFolder) {
 }
 
 // Behaviour: entry-2
-TEST(VirelineApp, GoesOnInAFolderThatExistsAndLeavesWhatIsInIt) {
+TEST(VirelineApp, UsesAFolderThatExistsAndKeepsItsContent) {
     test::FakePlatform platform;
     platform.userFolders.applicationSupportFolders = {FileURL::fromPath("/data")};
     platform.fileSystem.put(FileURL::fromPath("/data/Vireline/notes"), "kept");

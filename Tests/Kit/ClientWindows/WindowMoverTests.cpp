@@ -149,7 +149,7 @@ TEST_F(WindowMoverTest, WithoutAMainWindowTakesTheFirstOfAll) {
     EXPECT_EQ(second.frame.x, 100);
 }
 
-TEST_F(WindowMoverTest, PassesOverValuesThatAreNoElements) {
+TEST_F(WindowMoverTest, IgnoresValuesThatAreNotElements) {
     const auto& first = ax.addWindow(running, {100, 100, 400, 300});
     ax.notElements = {"AXMainWindow", "AXWindows"};
 
@@ -249,7 +249,7 @@ TEST_F(WindowMoverTest, TheTimerEndsATickAfterTheLastPlacement) {
 }
 
 // Behaviour: window-mover-5
-TEST_F(WindowMoverTest, ArmingTwiceKeepsTheLaterPlacementAndCountsAnew) {
+TEST_F(WindowMoverTest, ArmingTwiceKeepsTheLaterPlacementAndRestartsTheCount) {
     expectCentered(1);
     platform.runLoop.advance(4);
     EXPECT_EQ(mover.pending().at(app.bundleID).attempts, 11);

@@ -109,7 +109,7 @@ TEST_F(DockPanelTest, CollapsesWithAnAnimationAfterThePointerStayedAway) {
     EXPECT_TRUE(window().frameChanges.back().animate);
 }
 
-TEST_F(DockPanelTest, LeavingAgainStartsTheWaitAnew) {
+TEST_F(DockPanelTest, LeavingAgainRestartsTheWait) {
     DockPanel& panel = show(bottomSpec, true);
     window().listener().mouseEntered();
     window().listener().mouseExited();

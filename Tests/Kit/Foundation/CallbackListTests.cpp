@@ -52,7 +52,7 @@ TEST(CallbackList, LetsAListenerEndItself) {
     EXPECT_EQ(calls, 100);
 }
 
-TEST(CallbackList, SparesAListenerThatAnEarlierOneEnds) {
+TEST(CallbackList, DoesNotCallAListenerThatAnEarlierOneEnded) {
     CallbackList<> list;
     bool isCalled = false;
     Subscription later;

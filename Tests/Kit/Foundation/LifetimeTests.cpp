@@ -67,7 +67,7 @@ TEST(Lifetime, PassesArgumentsOnAsTheyCame) {
     EXPECT_EQ(*kept, 3);
 }
 
-TEST(Lifetime, SparesAnOwnerThatAnEarlierListenerEnded) {
+TEST(Lifetime, DoesNotCallAnOwnerThatAnEarlierListenerEnded) {
     int calls = 0;
     CallbackList<> list;
     auto owner = std::make_unique<Owner>(calls);

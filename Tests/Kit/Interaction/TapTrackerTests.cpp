@@ -24,7 +24,7 @@ TEST(TapTracker, CountsTapsCloserThanTheThresholdAsADoubleClick) {
 }
 
 // Behaviour: click-policy-5
-TEST(TapTracker, BeginsAnewAfterADoubleClick) {
+TEST(TapTracker, StartsOverAfterADoubleClick) {
     TapTracker taps;
     EXPECT_EQ(taps.registerTap(1.0, 0.5), Resolution::single);
     EXPECT_EQ(taps.registerTap(1.1, 0.5), Resolution::doubled);

@@ -119,7 +119,7 @@ TEST_F(TrashServiceTest, HasOnlySoManyMovesHangAtATime) {
     EXPECT_EQ(platform.trash.requests.size(), TrashService::maximumHanging + 1);
 }
 
-TEST_F(TrashServiceTest, WaitsForNothingAtRest) {
+TEST_F(TrashServiceTest, IsIdleAtRest) {
     service->trash({first, second});
 
     EXPECT_EQ(platform.runLoop.pendingTimers(), 0);

@@ -118,7 +118,7 @@ TEST_F(AppSourceResolverTest, AdoptsTheMirroredListWhenAnAppIsDropped) {
 }
 
 // Behaviour: app-source-resolver-3
-TEST_F(AppSourceResolverTest, PassesOverADroppedAppThatIsInTheListAlready) {
+TEST_F(AppSourceResolverTest, IgnoresADroppedAppThatIsInTheListAlready) {
     startManual({mail, notes});
 
     resolver.addManualApp(mail.url);

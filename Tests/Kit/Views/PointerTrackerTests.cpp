@@ -81,19 +81,19 @@ TEST_F(PointerTrackerTest, EntersAtOnceWhereThePointerIs) {
     EXPECT_EQ(listener.take(), (Log{"in", "moved 10"}));
 }
 
-TEST_F(PointerTrackerTest, TakesAMoveOutOfNowhereForEntering) {
+TEST_F(PointerTrackerTest, TreatsAMoveWithoutAnEntryAsEntering) {
     tracker.moved({20, 10});
     EXPECT_EQ(listener.take(), (Log{"in", "moved 20"}));
 }
 
-TEST_F(PointerTrackerTest, TakesNoPointerThatIsBusyElsewhere) {
+TEST_F(PointerTrackerTest, IgnoresAPointerThatIsGrabbedElsewhere) {
     tracker.entered({10, 10}, true);
     EXPECT_EQ(listener.take(), Log{});
     tracker.entered({20, 10});
     EXPECT_EQ(listener.take(), (Log{"in", "moved 20"}));
 }
 
-TEST_F(PointerTrackerTest, TakesAPressOutOfNowhereForEntering) {
+TEST_F(PointerTrackerTest, TreatsAPressWithoutAnEntryAsEntering) {
     tracker.entered({10, 10}, true);
     tracker.pressed({20, 10});
     EXPECT_EQ(listener.take(), (Log{"in", "pressed 20"}));
@@ -235,7 +235,7 @@ TEST_F(PointerTrackerTest, AHeldButtonIsNotPressedOnceMore) {
     EXPECT_FALSE(tracker.isPressed());
 }
 
-TEST_F(PointerTrackerTest, ASecondaryPressBesideTheViewIsNobodys) {
+TEST_F(PointerTrackerTest, ASecondaryPressBesideTheViewIsIgnored) {
     tracker.entered({10, 10});
     listener.take();
 
@@ -311,7 +311,7 @@ TEST_F(PointerTrackerTest, APressThatIsLostOverTheWindowLeavesThePointerThere) {
     EXPECT_EQ(listener.take(), Log{"moved 30"});
 }
 
-TEST_F(PointerTrackerTest, LooksChangeNothingWithoutAPressOrADoubt) {
+TEST_F(PointerTrackerTest, PollsChangeNothingWithoutAPressOrAGrab) {
     enter();
 
     tracker.lookedAt(away);
