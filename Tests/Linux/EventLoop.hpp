@@ -17,7 +17,7 @@ inline QApplication& testApplication() {
     static std::array<char, 10> platform{"offscreen"};
     static std::array<char*, 4> arguments{name.data(), option.data(), platform.data(), nullptr};
     static int count = 3;
-    // Never taken down: Qt's own statics, which it needs for that, may go before it.
+    // Never destroyed, because Qt's statics, which its destructor needs, may be destroyed first.
     // NOLINTNEXTLINE(cppcoreguidelines-owning-memory)
     static auto& application = *new QApplication{count, arguments.data()};
     return application;

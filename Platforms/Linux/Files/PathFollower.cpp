@@ -216,7 +216,7 @@ private:
         Pending pending;
         alignas(inotify_event) std::array<char, 16UL * 1024> buffer{};
         for (int reads = 0; reads < readsInOneTurn; ++reads) {
-            // The lock meant by the check is that of a weak pointer, and nothing here blocks.
+            // clang-tidy takes the weak pointer's lock for a mutex; nothing here blocks.
             // NOLINTNEXTLINE(clang-analyzer-unix.BlockInCriticalSection)
             const ssize_t length = ::read(inotify_.get(), buffer.data(), buffer.size());
             if (length < 0 && errno == EINTR)

@@ -13,7 +13,7 @@ namespace vireline::x11 {
 
 class QtApplication final : public Application {
 public:
-    /// Both outlive this object.
+    /// Both must outlive this object.
     QtApplication(QApplication& qt, SecondStarts& secondStarts);
 
     /// Does nothing: desktops list windows rather than programs, and each of our windows asks on

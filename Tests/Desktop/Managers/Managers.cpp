@@ -3,7 +3,7 @@
 ///   DesktopManagers --results <file> [options of the tests' framework]
 ///   DesktopManagers --table <folder> <manager>...
 ///
-/// The manager is the one that VIRELINE_TESTED_MANAGER names, or "none".
+/// The manager is the one named in VIRELINE_TESTED_MANAGER, or "none".
 #include "Results.hpp"
 
 #include <cstdlib>

@@ -70,7 +70,7 @@ private:
     WindowPlace place_;
     KeepingFacts facts_;
     std::optional<StackKeeper> stacking_;
-    /// Until the next look at the window.
+    /// Runs until the next check of the window.
     QTimer timer_;
 };
 
