@@ -143,7 +143,7 @@ private:
             client.get(), xcb_get_selection_owner(client.get(), client.atom("_VIRELINE_S0")),
             nullptr)};
         if (!owner)
-            throw std::runtime_error{"nobody is the running program"};
+            throw std::runtime_error{"no running program owns the selection"};
         xcb_client_message_event_t message{};
         message.response_type = XCB_CLIENT_MESSAGE;
         message.format = 32;

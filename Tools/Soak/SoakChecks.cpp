@@ -130,7 +130,7 @@ void checkDesktop(SoakWorld& world) {
 Holdings holdings(SoakWorld& world) {
     const auto docks = world.desktop().docks().shown();
     if (docks.empty())
-        throw std::logic_error{"without a dock, nobody knows which client is the program"};
+        throw std::logic_error{"without a dock, the program's client is unknown"};
     const xcb_window_t dock = docks.front().window;
     Holdings found;
     const auto all = world.desktop().client().allWindows();

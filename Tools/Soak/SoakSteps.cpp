@@ -333,7 +333,7 @@ std::span<const SoakStep> soakSteps() {
         SoakStep{"an app is dropped on a dock", 2, dropApp},
         SoakStep{"a file is dropped on the Trash", 2, dropOnTrash},
         SoakStep{"the displays change", 5, changeMonitors},
-        SoakStep{"the window manager starts anew", 2, restartWindowManager},
+        SoakStep{"the window manager restarts", 2, restartWindowManager},
         SoakStep{"the compositor comes or goes", 2, toggleCompositor},
         SoakStep{"the compositor hangs", 2, hangCompositor},
         SoakStep{"the session bus hangs", 2, hangBus},
@@ -344,7 +344,7 @@ std::span<const SoakStep> soakSteps() {
         SoakStep{"the desktop's own list changes", 3, changePins},
         SoakStep{"the preferences file is replaced", 2, replacePreferences},
         SoakStep{"the disk fails once", 1, failDisk},
-        SoakStep{"the program starts anew", 1, restart},
+        SoakStep{"the program restarts", 1, restart},
     };
     return steps;
 }

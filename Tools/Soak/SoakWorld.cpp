@@ -228,7 +228,7 @@ std::vector<App> SoakWorld::pinnedOf(const std::vector<std::string>& ids) const 
     for (const std::string& id : ids) {
         const auto found = std::ranges::find(apps_, id, &App::id);
         if (found == apps_.end())
-            throw Violation{"nobody has installed " + id};
+            throw Violation{"not installed: " + id};
         pinned.push_back(*found);
     }
     return pinned;
