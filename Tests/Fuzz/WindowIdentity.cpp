@@ -96,7 +96,7 @@ void identify(std::string_view text) {
     process.executable = parts.next();
     process.arguments = ProcessInspection::argumentsIn(
         parts.next().substr(0, ProcessInspection::maximumArgumentBytes));
-    ProcessInspection::takeControlGroup(process, parts.next());
+    ProcessInspection::addControlGroup(process, parts.next());
     if (process.flatpakID.empty())
         process.flatpakID = ProcessInspection::flatpakIDIn(parts.next());
 

@@ -117,11 +117,11 @@ bool EwmhRunningApplications::bringForward(const std::string& bundleID) {
     if (group == nullptr)
         return false;
     const ClientWindow& front = AppGroups::mostRecent(*group);
-    for (const auto& [window, isSurelyIconified] : hidden_.bringBack(*group, runLoop_.now())) {
+    for (const auto& [window, isKnownIconified] : hidden_.bringBack(*group, runLoop_.now())) {
         xcb_map_window(connection_.get(), window);
         // Mapping has no effect on a window that is yet to be iconified. Requests are carried out
         // in order, so activating it restores it after that.
-        if (!isSurelyIconified && window != front.id)
+        if (!isKnownIconified && window != front.id)
             activate(window);
     }
     showDesktopOf(front);
@@ -131,13 +131,13 @@ bool EwmhRunningApplications::bringForward(const std::string& bundleID) {
 }
 
 std::optional<std::uint32_t> EwmhRunningApplications::currentDesktop() const {
-    if (desktopAskedFor_ && runLoop_.now() - desktopAskedFor_->since < requestSeconds)
-        return desktopAskedFor_->value;
+    if (requestedDesktop_ && runLoop_.now() - requestedDesktop_->since < requestSeconds)
+        return requestedDesktop_->value;
     return clients_.currentDesktop();
 }
 
 void EwmhRunningApplications::expectOnCurrentDesktop(xcb_window_t window) {
-    windowSentHere_ = Request{window, runLoop_.now()};
+    windowSentToCurrentDesktop_ = Request{window, runLoop_.now()};
 }
 
 void EwmhRunningApplications::launchBegan(const std::string& startupID, const DesktopEntry& entry,
@@ -178,13 +178,14 @@ void EwmhRunningApplications::update() {
 void EwmhRunningApplications::noteDesktops() {
     const auto desktop = clients_.currentDesktop();
     if (desktop != desktopBefore_)
-        desktopAskedFor_.reset();
-    if (!windowSentHere_ || !desktop)
+        requestedDesktop_.reset();
+    if (!windowSentToCurrentDesktop_ || !desktop)
         return;
     const auto& windows = clients_.windows();
-    const auto sent = std::ranges::find(windows, windowSentHere_->value, &ClientWindow::id);
+    const auto sent =
+        std::ranges::find(windows, windowSentToCurrentDesktop_->value, &ClientWindow::id);
     if (sent == windows.end() || sent->isOnDesktop(*desktop))
-        windowSentHere_.reset();
+        windowSentToCurrentDesktop_.reset();
 }
 
 void EwmhRunningApplications::identifyAgain() {
@@ -273,12 +274,13 @@ const AppGroup* EwmhRunningApplications::groupOf(const RunningApplication& app) 
 /// works the same everywhere.
 void EwmhRunningApplications::showDesktopOf(const ClientWindow& window) {
     const auto current = currentDesktop();
-    const bool isComing = windowSentHere_ && windowSentHere_->value == window.id &&
-                          runLoop_.now() - windowSentHere_->since < requestSeconds;
+    const bool isComing = windowSentToCurrentDesktop_ &&
+                          windowSentToCurrentDesktop_->value == window.id &&
+                          runLoop_.now() - windowSentToCurrentDesktop_->since < requestSeconds;
     if (!current || !window.desktop || window.isOnDesktop(*current) || isComing)
         return;
     desktopBefore_ = clients_.currentDesktop();
-    desktopAskedFor_ = Request{*window.desktop, runLoop_.now()};
+    requestedDesktop_ = Request{*window.desktop, runLoop_.now()};
     const std::array<std::uint32_t, 2> data{*window.desktop, connection_.userTime()};
     connection_.sendToRoot(connection_.root(), "_NET_CURRENT_DESKTOP", data);
 }

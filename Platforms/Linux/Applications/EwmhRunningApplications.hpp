@@ -112,9 +112,9 @@ private:
         double since = 0;
     };
     /// The requested desktop, and the window that was sent to the current desktop.
-    std::optional<Request> desktopAskedFor_;
-    std::optional<Request> windowSentHere_;
-    /// The current desktop at the time of the request in `desktopAskedFor_`.
+    std::optional<Request> requestedDesktop_;
+    std::optional<Request> windowSentToCurrentDesktop_;
+    /// The current desktop at the time of the request in `requestedDesktop_`.
     std::optional<std::uint32_t> desktopBefore_;
     /// Launches that were broadcast to other programs.
     std::vector<std::string> announced_;

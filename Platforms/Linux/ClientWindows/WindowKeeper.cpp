@@ -17,7 +17,7 @@ constexpr double arrivalSeconds = 2;
 /// so at once, and a user takes longer than this to move it.
 constexpr double restSeconds = 0.5;
 /// Something that has moved the window away this often does so deliberately.
-constexpr int mostCorrections = 6;
+constexpr int maximumCorrections = 6;
 /// Timeout for one check; seconds.
 constexpr double checkSeconds = 0.1;
 
@@ -146,14 +146,14 @@ bool WindowKeeper::check(xcb_window_t window, Kept& kept) {
             checkLater(window);
         return isLate;
     }
-    if (kept.fill.isAny() && hasComeToDisplay(kept, *now))
+    if (kept.fill.isAny() && hasReachedDisplay(kept, *now))
         return false;
-    if (isAstray(kept, *now)) {
+    if (isMisplaced(kept, *now)) {
         if (reader_.isUserAtWork(deadline)) {
             kept.fill = {};
             return false;
         }
-        if (++kept.corrections > mostCorrections)
+        if (++kept.corrections > maximumCorrections)
             return false;
         kept.isResting = false;
         releaseAfter(window, kept, kept.deadline - runLoop_.now());
@@ -164,12 +164,12 @@ bool WindowKeeper::check(xcb_window_t window, Kept& kept) {
     return true;
 }
 
-bool WindowKeeper::isAstray(const Kept& kept, const WindowSnapshot& now) const {
+bool WindowKeeper::isMisplaced(const Kept& kept, const WindowSnapshot& now) const {
     const auto displays = displays_();
     return !displays.empty() && WindowGoals::outerFrame(kept.goal, now, displays) != now.outer();
 }
 
-bool WindowKeeper::hasComeToDisplay(const Kept& kept, const WindowSnapshot& now) const {
+bool WindowKeeper::hasReachedDisplay(const Kept& kept, const WindowSnapshot& now) const {
     const auto displays = displays_();
     return !now.fill.isAny() && !displays.empty() &&
            WindowGoals::isOnDisplay(kept.goal, now, displays);

@@ -61,8 +61,8 @@ private:
     void checkChanged();
     /// Whether the window must still be held.
     [[nodiscard]] bool check(xcb_window_t window, Kept& kept);
-    [[nodiscard]] bool isAstray(const Kept& kept, const WindowSnapshot& now) const;
-    [[nodiscard]] bool hasComeToDisplay(const Kept& kept, const WindowSnapshot& now) const;
+    [[nodiscard]] bool isMisplaced(const Kept& kept, const WindowSnapshot& now) const;
+    [[nodiscard]] bool hasReachedDisplay(const Kept& kept, const WindowSnapshot& now) const;
     void makeMovable(xcb_window_t window, const WindowSnapshot& now) const;
     void setFill(xcb_window_t window, const WindowFill& fill, bool isOn) const;
     void request(xcb_window_t window, const WindowSnapshot& now, const WindowGoal& goal) const;

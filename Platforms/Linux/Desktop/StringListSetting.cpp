@@ -7,7 +7,7 @@ using Schema = GLibHandle<GSettingsSchema, g_settings_schema_unref>;
 using SchemaKey = GLibHandle<GSettingsSchemaKey, g_settings_schema_key_unref>;
 using Texts = GLibHandle<gchar*, g_strfreev>;
 
-bool hasListOfTexts(GSettingsSchema* schema, const char* key) {
+bool hasStringList(GSettingsSchema* schema, const char* key) {
     if (g_settings_schema_has_key(schema, key) == 0)
         return false;
     const SchemaKey found{g_settings_schema_get_key(schema, key)};
@@ -50,7 +50,7 @@ std::unique_ptr<StringListSetting> StringListSetting::find(const SettingsStorage
     if (source == nullptr)
         return nullptr;
     const Schema found{g_settings_schema_source_lookup(source, schema, TRUE)};
-    if (!found || !hasListOfTexts(found.get(), key))
+    if (!found || !hasStringList(found.get(), key))
         return nullptr;
     // GLib would also abort if the schema has a fixed path that differs from the requested one.
     const char* ownPath = g_settings_schema_get_path(found.get());

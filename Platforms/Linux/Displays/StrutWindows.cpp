@@ -184,8 +184,8 @@ void StrutWindows::handle(const xcb_generic_event_t& event) {
         onChange();
 }
 
-/// Whether the event from `reporter` says that a relevant window appeared or disappeared.
-bool StrutWindows::comesOrGoes(xcb_window_t reporter, xcb_window_t window) const {
+/// Whether it matters that `reporter` reports this window as mapped or unmapped.
+bool StrutWindows::isRelevantMapChange(xcb_window_t reporter, xcb_window_t window) const {
     if (reporter == connection_.root())
         return topLevels_ && !connection_.isOwn(window);
     return watched_.contains(window);
@@ -208,11 +208,11 @@ bool StrutWindows::concerns(const xcb_generic_event_t& event) const {
     }
     case XCB_MAP_NOTIFY: {
         const auto& change = reinterpret_cast<const xcb_map_notify_event_t&>(event);
-        return comesOrGoes(change.event, change.window);
+        return isRelevantMapChange(change.event, change.window);
     }
     case XCB_UNMAP_NOTIFY: {
         const auto& change = reinterpret_cast<const xcb_unmap_notify_event_t&>(event);
-        return comesOrGoes(change.event, change.window);
+        return isRelevantMapChange(change.event, change.window);
     }
     default:
         return false;

@@ -38,7 +38,7 @@ private:
     [[nodiscard]] std::vector<xcb_window_t> candidates();
     [[nodiscard]] bool listsDocks(std::span<const xcb_window_t> windows) const;
     void addUnlisted(std::vector<xcb_window_t>& windows) const;
-    [[nodiscard]] bool comesOrGoes(xcb_window_t reporter, xcb_window_t window) const;
+    [[nodiscard]] bool isRelevantMapChange(xcb_window_t reporter, xcb_window_t window) const;
     void handle(const xcb_generic_event_t& event);
     [[nodiscard]] bool concerns(const xcb_generic_event_t& event) const;
 

@@ -18,7 +18,7 @@ struct Files {
     std::vector<std::string> gtkSettings;
     bool isKDE = false;
     /// The user's own files among these, which are written when another theme is chosen.
-    std::vector<std::string> ofUser{};
+    std::vector<std::string> usersOwn{};
 };
 
 [[nodiscard]] Files userFiles();

@@ -66,7 +66,7 @@ void IconThemeWatch::watchDaemon() {
 }
 
 void IconThemeWatch::watchFiles() {
-    for (const std::string& path : sources_.files.ofUser) {
+    for (const std::string& path : sources_.files.usersOwn) {
         auto watch = followPath(FileURL::fromPath(path),
                                 lifetime_.guard([this](PathEvents) { lookSoon(); }));
         if (watch)

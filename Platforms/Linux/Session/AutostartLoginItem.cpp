@@ -77,13 +77,13 @@ Result<void> AutostartLoginItem::registerItem() {
     if (isEmptyText(*text))
         return write(AutostartEntry::make(place_.programPath));
     auto entry = AutostartEntry::enabled(*text, place_.desktopNames);
-    if (entry && !startsProgramOfTheUsersOwn(*entry))
+    if (entry && !startsUsersOwnProgram(*entry))
         entry = AutostartEntry::withProgram(*entry, place_.programPath);
     return entry ? write(*entry) : std::unexpected{notAnEntry(entry_)};
 }
 
 /// For example a script that starts this program.
-bool AutostartLoginItem::startsProgramOfTheUsersOwn(const std::string& text) const {
+bool AutostartLoginItem::startsUsersOwnProgram(const std::string& text) const {
     const auto programs = AutostartEntry::neededPrograms(text);
     return std::ranges::all_of(programs, isInstalled) &&
            PlainText::baseName(programs.front()) != PlainText::baseName(place_.programPath);

@@ -42,7 +42,7 @@ private:
     /// Empty if there is no entry.
     [[nodiscard]] Result<std::string> read() const;
     [[nodiscard]] Result<void> write(const std::string& text);
-    [[nodiscard]] bool startsProgramOfTheUsersOwn(const std::string& text) const;
+    [[nodiscard]] bool startsUsersOwnProgram(const std::string& text) const;
 
     FileSystem& fileSystem_;
     Place place_;

@@ -25,7 +25,7 @@ public:
         xcb_window_t window = XCB_NONE;
         /// The window manager has reported it iconified, and nothing else was requested since.
         /// Otherwise the request to iconify it may still be pending.
-        bool isSurelyIconified = false;
+        bool isKnownIconified = false;
 
         bool operator==(const Restored&) const = default;
     };

@@ -62,7 +62,7 @@ std::vector<std::string> argumentsIn(std::string_view text) {
     return arguments;
 }
 
-void takeControlGroup(ProcessFacts& facts, std::string_view text) {
+void addControlGroup(ProcessFacts& facts, std::string_view text) {
     // snap.NAME.APP-UUID.scope; older releases have a dot before the UUID.
     if (const auto snap = scope(text, "snap.")) {
         const std::size_t dot = std::min(snap->find('.'), snap->size());
@@ -101,7 +101,7 @@ ProcessFacts read(std::int32_t processIdentifier) {
     facts.executable = linkTarget(folder + "/exe");
     facts.arguments =
         argumentsIn(BoundedFile::readStart(folder + "/cmdline", maximumArgumentBytes));
-    takeControlGroup(facts, BoundedFile::readStart(folder + "/cgroup", maximumTextBytes));
+    addControlGroup(facts, BoundedFile::readStart(folder + "/cgroup", maximumTextBytes));
     if (facts.flatpakID.empty()) {
         const auto info = BoundedFile::read(folder + "/root/.flatpak-info", maximumTextBytes);
         facts.flatpakID = flatpakIDIn(info.value_or(""));

@@ -35,7 +35,7 @@ inline constexpr std::size_t maximumArgumentBytes = 32UL * 1024;
 [[nodiscard]] std::vector<std::string> argumentsIn(std::string_view text);
 
 /// Adds to `facts` what the text of /proc/…/cgroup says about sandboxes.
-void takeControlGroup(ProcessFacts& facts, std::string_view text);
+void addControlGroup(ProcessFacts& facts, std::string_view text);
 
 /// The ID in the text of a sandbox's /.flatpak-info; empty if it has none.
 [[nodiscard]] std::string flatpakIDIn(std::string_view text);

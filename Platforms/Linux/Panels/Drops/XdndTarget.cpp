@@ -124,7 +124,7 @@ void XdndTarget::move(Drag& drag, const xcb_client_message_event_t& message) {
     drag.x = static_cast<std::int16_t>(place >> 16U);
     drag.y = static_cast<std::int16_t>(place & 0xffffU);
     drag.action = message.data.data32[4];
-    drag.owesStatus = true;
+    drag.needsStatus = true;
     if (drag.content == Content::unasked)
         ask(drag, message.data.data32[3]);
     else if (drag.content != Content::asked)
@@ -157,16 +157,16 @@ void XdndTarget::answered(Drag& drag, const Result<std::string>& content) {
         drag.content = Content::refused;
         DevLog::write("drag refused: " + content.error().description);
     }
-    if (drag.owesFinish)
+    if (drag.needsFinish)
         finish(drag);
-    else if (drag.owesStatus)
+    else if (drag.needsStatus)
         sendStatus(drag);
 }
 
 void XdndTarget::sendStatus(Drag& drag) {
     constexpr std::uint32_t accepts = 1;
     constexpr std::uint32_t wantsEveryPosition = 2;
-    drag.owesStatus = false;
+    drag.needsStatus = false;
     const bool canDrop =
         drag.content == Content::told && listener_.dragMoved(viewPoint_(drag.x, drag.y));
     connection_.sendToWindow(
@@ -202,9 +202,9 @@ void XdndTarget::leave() {
 
 void XdndTarget::drop(Drag& drag) {
     // The source no longer waits for a status.
-    drag.owesStatus = false;
+    drag.needsStatus = false;
     if (drag.content == Content::asked) {
-        drag.owesFinish = true;
+        drag.needsFinish = true;
     } else {
         finish(drag);
     }

@@ -62,8 +62,8 @@ private:
         int y = 0;
         xcb_atom_t action = XCB_ATOM_NONE;
         /// The source waits for a reply to its last position, or to its drop.
-        bool owesStatus = false;
-        bool owesFinish = false;
+        bool needsStatus = false;
+        bool needsFinish = false;
     };
 
     void enter(const xcb_client_message_event_t& message);

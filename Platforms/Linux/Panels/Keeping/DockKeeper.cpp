@@ -59,13 +59,13 @@ void DockKeeper::windowManagerChanged() {
 void DockKeeper::handle(const xcb_generic_event_t& event) {
     if (stacking_)
         stacking_->handle(event);
-    if (tellsOfManager(event))
+    if (mayBeManaged(event))
         onManaged();
     if (place_.handle(event))
         onPlaceChanged();
 }
 
-bool DockKeeper::tellsOfManager(const xcb_generic_event_t& event) const {
+bool DockKeeper::mayBeManaged(const xcb_generic_event_t& event) const {
     constexpr std::uint8_t sentFlag = 0x80;
     switch (event.response_type & ~sentFlag) {
     case XCB_MAP_NOTIFY:

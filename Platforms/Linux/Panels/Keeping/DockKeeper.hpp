@@ -56,7 +56,7 @@ public:
     void handle(const xcb_generic_event_t& event);
 
 private:
-    [[nodiscard]] bool tellsOfManager(const xcb_generic_event_t& event) const;
+    [[nodiscard]] bool mayBeManaged(const xcb_generic_event_t& event) const;
     void look();
     void readFacts();
     void proceed();

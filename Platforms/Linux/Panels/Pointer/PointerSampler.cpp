@@ -88,9 +88,9 @@ std::optional<QPoint> PointerSampler::sample(bool isPressed) {
     constexpr unsigned buttons = XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3;
     const QPoint place{reply->win_x, reply->win_y};
     // A button pressed in the meantime withholds events until its release.
-    const bool tellsEvents = (reply->mask & buttons) == 0;
-    isWaiting_ = tellsEvents && quiet_ && quiet_->watches(place);
-    const bool isStill = tellsEvents && last_ == place;
+    const bool reportsEvents = (reply->mask & buttons) == 0;
+    isWaiting_ = reportsEvents && quiet_ && quiet_->watches(place);
+    const bool isStill = reportsEvents && last_ == place;
     stillSamples_ = isStill ? stillSamples_ + 1 : 0;
     if (isPressed && (reply->mask & XCB_BUTTON_MASK_1) == 0)
         return std::nullopt;
