@@ -128,7 +128,8 @@ private:
         const Candidates namesakes = all([&](const IndexedEntry& entry) {
             return entry.foldedID == folded && entry.foldedWMClass.empty();
         });
-        const bool isBetterByID = bestQuality(namesakes, process_) > bestQuality(candidates, process_);
+        const bool isBetterByID =
+            bestQuality(namesakes, process_) > bestQuality(candidates, process_);
         return isBetterByID ? first(namesakes) : first(candidates);
     }
 
