@@ -17,11 +17,11 @@ class QuietOutput {
 public:
     QuietOutput() : kept_(dup(STDOUT_FILENO)) {
         std::fflush(stdout);
-        const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
-        if (nowhere < 0)
+        const int devNull = open("/dev/null", O_WRONLY | O_CLOEXEC);
+        if (devNull < 0)
             return;
-        dup2(nowhere, STDOUT_FILENO);
-        close(nowhere);
+        dup2(devNull, STDOUT_FILENO);
+        close(devNull);
     }
     QuietOutput(const QuietOutput&) = delete;
     QuietOutput& operator=(const QuietOutput&) = delete;

@@ -1,5 +1,5 @@
-/// Takes the pictures that the documents show: docks, and the program's own windows, light and dark
-/// and at one and two pixels a point.
+/// Takes the screenshots for the documentation: docks and the program's own windows, light and
+/// dark, at one and two pixels per point.
 #include "VirtualDesktop/VirtualDesktop.hpp"
 #include "VirtualDesktop/Waiting.hpp"
 #include "VirtualDesktop/Wallpaper.hpp"
@@ -22,7 +22,7 @@ constexpr std::string_view settingsTitle = "Vireline Settings";
 constexpr std::string_view tourTitle = "Welcome to Vireline";
 constexpr Colour plain{120, 120, 126};
 
-/// How the desktop is while a picture is taken, and what that adds to the picture's name.
+/// The desktop's appearance in a screenshot, and its suffix for the file name.
 struct Look {
     std::string_view theme;
     double scale;
@@ -36,8 +36,8 @@ std::vector<Look> looks() {
             {"Adwaita-dark", 2, "-dark@2x"}};
 }
 
-/// A desktop of two displays, the first of them with another program's panel, and the program on
-/// it.
+/// A desktop with two displays, the first of which has another program's panel, and with the
+/// program running on it.
 class Sitting {
 public:
     Sitting(std::string_view theme, double scale, std::string_view preferences)
@@ -47,19 +47,19 @@ public:
         auto& home = desktop_.home();
         writeFile(home.folder() / ".config/gtk-3.0/settings.ini",
                   "[Settings]\ngtk-icon-theme-name=Papirus\n");
-        // Without any, the program is started for the first time.
+        // Without preferences this counts as the program's first start.
         fs::remove_all(home.dataFolder());
         if (!preferences.empty())
             home.writePreferences(preferences);
         constexpr int panelThickness = 44;
         desktop_.reserve({"main", Edge::bottom, panelThickness});
-        // The program's windows open there, where no dock covers them.
+        // The program's windows open on the display with the pointer, where no dock covers them.
         desktop_.pointer().moveTo(desktop_.monitor("main").frame.center());
     }
 
     [[nodiscard]] VirtualDesktop& desktop() { return desktop_; }
 
-    /// The area of a window that the program shows, without what a window manager puts around it.
+    /// The frame of one of the program's windows, without the window manager's decoration.
     [[nodiscard]] PixelRect waitForWindow(std::string_view title) const {
         std::optional<PixelRect> found;
         const auto& client = desktop_.client();
@@ -76,7 +76,7 @@ public:
         return *found;
     }
 
-    /// Takes a picture once nothing has moved for a while.
+    /// Takes a screenshot after nothing has moved for a while.
     void take(const PixelRect& area, const fs::path& file) const {
         using namespace std::chrono_literals;
         auto seen = desktop_.picture(area);
@@ -93,7 +93,7 @@ public:
         std::cout << file.string() << '\n' << std::flush;
     }
 
-    /// Length in pixels.
+    /// Converts a length to pixels.
     [[nodiscard]] int pixels(int points) const { return static_cast<int>(points * scale_); }
 
 private:
@@ -121,7 +121,7 @@ void takeSettings(const Look& look, const fs::path& folder) {
                         "anchorAppleDock": true, "openOnThisDisplay": true})"};
     auto& desktop = sitting.desktop();
     desktop.runVireline();
-    // Started a second time, the program shows the settings of the one that runs.
+    // A second start shows the settings of the running instance.
     desktop.run(TESTED_PROGRAM, {});
     const auto window = sitting.waitForWindow(settingsTitle);
     sitting.take(window, folder / ("settings" + look.suffix + ".png"));
@@ -147,7 +147,7 @@ void takeTour(const Look& look, const fs::path& folder) {
     }
 }
 
-/// An app of a kind that every desktop has.
+/// An app of a kind found on every desktop.
 App scenery(const std::string& name, const std::string& icon) {
     return {"org.example." + name, name, plain, {"--size", "520x360"}, {}, icon};
 }

@@ -1,5 +1,5 @@
-/// A short tour of the program on a desktop without a screen: shows what it does, step by step, and
-/// leaves a picture of each step and the program's log.
+/// A short tour of the program on a headless desktop: shows its features step by step, and leaves a
+/// picture of each step and the program's log.
 #include "VirtualDesktop/VirtualDesktop.hpp"
 #include "VirtualDesktop/Waiting.hpp"
 #include "VirtualDesktop/Wallpaper.hpp"
@@ -35,7 +35,7 @@ TourOptions parse(const std::vector<std::string>& arguments) {
     return options;
 }
 
-/// An app that is installed on this computer.
+/// A tile for an app that is installed on this computer.
 Pin installed(const std::string& id, const std::string& name) {
     return {id, name, fs::path{"/usr/share/applications"} / (id + ".desktop")};
 }
@@ -52,7 +52,7 @@ Pin editor() {
     return installed("org.xfce.mousepad", "Text Editor");
 }
 
-/// Apps that every desktop has in one make or another.
+/// Apps of kinds found on every desktop.
 std::vector<App> scenery() {
     const auto app = [](const std::string& name, const std::string& icon) {
         return App{"org.example." + name, name, {}, {"--size", "520x360"}, {}, icon};
@@ -79,7 +79,7 @@ public:
     void take() {
         fs::remove_all(options_.folder);
         fs::create_directories(options_.folder);
-        furnish();
+        populate();
         desktop_.runVireline();
         seeDocks();
         hover();
@@ -131,8 +131,9 @@ private:
         return options;
     }
 
-    /// Everything but the program: wallpaper, icon theme, apps, and the panel of another program.
-    void furnish() {
+    /// Sets up everything except the program: wallpaper, icon theme, apps, and another program's
+    /// panel.
+    void populate() {
         paintWallpaper(desktop_.client(), desktop_.displays().monitors);
         auto& home = desktop_.home();
         writeFile(home.folder() / ".config/gtk-3.0/settings.ini",
@@ -203,7 +204,7 @@ private:
         picture("plugged-in", "the display is back, and so is its dock");
     }
 
-    /// The middle of a tile of the dock above left.
+    /// The centre of a tile in the dock on the upper left display.
     [[nodiscard]] PixelPoint tile(int index) const {
         PanelPlanner::Request request;
         request.counts.pinned = static_cast<int>(pins_.size());
@@ -224,7 +225,7 @@ private:
         return windows;
     }
 
-    /// Takes a picture once nothing moves any more, or soon enough.
+    /// Takes a picture when nothing moves any more, or after a timeout.
     void picture(const std::string& name, std::string_view caption) {
         using namespace std::chrono_literals;
         auto seen = Picture::ofScreen(desktop_.client());
@@ -252,7 +253,7 @@ private:
 
 void run(const std::vector<std::string>& arguments) {
     const auto options = parse(arguments);
-    // Blocked until the tour waits for them, so that its desktop is always taken down in order.
+    // Blocked until the tour waits for them, so that the desktop is always shut down in order.
     sigset_t ends;
     sigemptyset(&ends);
     sigaddset(&ends, SIGINT);

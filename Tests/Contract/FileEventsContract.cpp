@@ -1,4 +1,5 @@
-/// What every file watch does that can wait for a missing file, the fake and the real one alike.
+/// The contract of FileEvents for watches on existing and missing files; run against the fake and
+/// the real adapter.
 #include "Host.hpp"
 #include "Support/FakeFiles.hpp"
 #include "Support/FileOperations.hpp"
@@ -16,7 +17,7 @@ static std::ostream& operator<<(std::ostream& out, const FileEventSet& events) {
 
 namespace {
 
-/// The fake is told of events; what really causes them is played after.
+/// The fake fires the events explicitly, after the files have been changed.
 class FakeWatch {
 public:
     FakeWatch() { port.waitsForMissingFiles = true; }
@@ -44,7 +45,7 @@ class RealWatch {
 public:
     RealWatch() { test::prepareHost(); }
 
-    /// Whole at once, as a watch that has attached may see the writing.
+    /// Renamed into place, because a newly attached watch could otherwise see the writing as well.
     void create() const { test::replaceByRename(file, "one"); }
     void overwrite() const { test::overwrite(file, "two"); }
     void replace() const { test::replaceByRename(file, "three"); }
@@ -73,7 +74,7 @@ protected:
         subscription = *std::move(started);
     }
 
-    /// What was reported since the last question.
+    /// The reports since the last call.
     Reports newReports() {
         watch.deliver();
         return std::exchange(reports, {});

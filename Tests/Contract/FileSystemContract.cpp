@@ -1,4 +1,4 @@
-/// What every file system port does, the fake and the real one alike.
+/// The contract of FileSystem, run against the fake and the real adapter.
 #include "Foundation/ReplacementNames.hpp"
 #include "Host.hpp"
 #include "Support/FakeFiles.hpp"

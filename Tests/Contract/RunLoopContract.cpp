@@ -1,5 +1,5 @@
-/// What every run loop does, the one on the virtual clock and the real one alike. All delays are
-/// short, since the real one takes them.
+/// The contract of RunLoop, run against the virtual clock and the real one. All delays are short,
+/// because they are real for the latter.
 #include "Host.hpp"
 #include "Support/FakeRunLoop.hpp"
 
@@ -14,7 +14,7 @@ namespace {
 
 class VirtualTime {
 public:
-    /// Lets time pass until the condition holds; false if it never does.
+    /// Lets time pass until the condition holds; returns false if it never does.
     bool passUntil(const std::function<bool()>& condition) {
         for (int step = 0; step < 10'000; ++step) {
             if (condition())
@@ -41,7 +41,7 @@ public:
 template <class Time>
 class RunLoopContract : public testing::Test {
 protected:
-    /// Lets all fire that is due within `seconds`.
+    /// Lets `seconds` pass, which fires everything due by then.
     void pass(double seconds) {
         bool isOver = false;
         const Timer end = loop.after(seconds, [&] { isOver = true; });

@@ -1,4 +1,5 @@
-/// The guard keeps the pointer from the bottom edges of the displays with a dock, at any speed.
+/// The anchor guard keeps the pointer away from the bottom edges of displays with a dock, at any
+/// speed.
 #include "ClientWindows/GuardMath.hpp"
 #include "DesktopTest.hpp"
 
@@ -12,7 +13,7 @@ constexpr int bandDepth = 3;
 
 class AnchorGuard : public DesktopTest {
 protected:
-    /// Runs the program with its guard on, or off. The first monitor has no dock.
+    /// Runs the program with its guard on or off. The first monitor has no dock.
     VirtualDesktop& runWith(bool isOn, Options options = {}) {
         if (options.monitors.empty())
             options.monitors = threeMonitors();
@@ -26,8 +27,8 @@ protected:
     }
 
     [[nodiscard]] testing::AssertionResult restsAt(PixelPoint place) {
-        // Without a pause between two looks: each waits for the server's answer.
-        const auto deadline = std::chrono::steady_clock::now() + patience;
+        // Polls without pausing, since each query waits for the server's reply anyway.
+        const auto deadline = std::chrono::steady_clock::now() + conditionTimeout;
         while (std::chrono::steady_clock::now() < deadline) {
             if (desktop().pointer().position() == place)
                 return testing::AssertionSuccess();
@@ -36,7 +37,8 @@ protected:
                << "the pointer is at " << desktop().pointer().position() << " and not at " << place;
     }
 
-    /// Where a pointer that was moved there comes to rest, with a point a pixel.
+    /// The allowed resting position of a pointer that was moved to `moved`, with one pixel per
+    /// point.
     [[nodiscard]] PixelPoint whereItMayRest(PixelPoint moved) {
         std::vector<Rect> displays;
         for (const Monitor& monitor : desktop().displays().monitors) {
@@ -57,8 +59,8 @@ protected:
         return {static_cast<int>(reached.x), static_cast<int>(reached.y)};
     }
 
-    /// The program has dealt with every move so far: it passes a point of the dockless display,
-    /// from where nothing moves it, to one that it must not stay at.
+    /// Whether the program has handled all moves so far: waits until a pointer moved into a guarded
+    /// band was put back.
     [[nodiscard]] bool hasCaughtUp() {
         const PixelRect side = desktop().monitor("side").frame;
         const PixelPoint below{side.x + 17, side.bottom() - 1};
@@ -102,15 +104,15 @@ TEST_F(AnchorGuard, LetsThePointerDownToADisplayBelowAGuardedOne) {
     const std::vector<Monitor> stacked{{"main", {0, 0, 1280, 800}},
                                        {"upper", {1280, 0, 1280, 800}},
                                        {"lower", {1280, 800, 800, 600}}};
-    // The lower display has the desktop's own dock and thus none of ours.
+    // The lower display has the desktop's own dock, and therefore none of ours.
     auto& desktop = make({.monitors = stacked});
     desktop.reserve({"lower", Edge::bottom, 40});
     desktop.home().pin(std::vector<App>{});
     desktop.home().writePreferences(R"({"onboardingCompleted": true, "anchorAppleDock": true})");
     desktop.runVireline();
     ASSERT_TRUE(logs("anchor guard active"));
-    // The part of the upper display that nothing lies below is guarded; it also tells when the
-    // program has dealt with what came before.
+    // Only the part of the upper display with nothing below it is guarded; that also reveals when
+    // the program has handled the earlier moves.
     const auto isHeldBeside = [&] {
         desktop.pointer().moveTo({2300, 1100});
         return restsAt({2300, 797});
@@ -127,7 +129,7 @@ TEST_F(AnchorGuard, LetsThePointerDownToADisplayBelowAGuardedOne) {
 
 TEST_F(AnchorGuard, LeavesADisplayWithoutADockFree) {
     runWith(true);
-    // Nothing guarded lies above this part of it.
+    // There is nothing guarded above this part of it.
     const PixelRect main = desktop().monitor("main").frame;
     const PixelPoint corner{main.right() - 10, main.bottom() - 1};
     desktop().pointer().moveTo(corner);
@@ -153,7 +155,7 @@ TEST_F(AnchorGuard, HoldsWhileAnotherProgramDragsWithTheLeftButton) {
     desktop.launch(
         app, {"--at", std::to_string(display.x + 100) + "," + std::to_string(display.y + 100)});
     ASSERT_TRUE(eventually([&] { return desktop.isActive(app); }));
-    // The button's press gives the pointer to the window below until it is released.
+    // Pressing the button grabs the pointer for the window below until the release.
     desktop.pointer().moveTo({display.x + 200, display.y + 200});
     desktop.pointer().press(Pointer::Button::primary);
     desktop.pointer().moveTo({display.x + 210, display.bottom() - 2});
@@ -191,7 +193,7 @@ TEST_F(AnchorGuard, NeverLetsARandomPointerRestInABand) {
     };
     int corrected = 0;
     for (int i = 0; i < moves; ++i) {
-        // Two of four are aimed at a band.
+        // Two of four moves are aimed at a guarded band.
         const PixelRect aim = desktop().displays().monitors.at(i % 4 == 0 ? 1 : 2).frame;
         const PixelPoint to =
             i % 4 < 2 ? PixelPoint{between(aim.x, aim.right() - 1),

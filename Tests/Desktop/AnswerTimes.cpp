@@ -16,7 +16,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// What the process's main thread spent waiting for a processor so far.
+/// The time that the process's main thread has spent waiting for a processor.
 std::chrono::nanoseconds queueingOf(pid_t process) {
     const std::string number = std::to_string(process);
     std::ifstream statistics{"/proc/" + number + "/task/" + number + "/schedstat"};
@@ -26,7 +26,7 @@ std::chrono::nanoseconds queueingOf(pid_t process) {
     return std::chrono::nanoseconds{waiting};
 }
 
-/// Whoever listens at the other end of the socket.
+/// The process at the other end of the client's socket.
 pid_t serverOf(const XClient& client) {
     ucred peer{};
     socklen_t length = sizeof peer;
@@ -40,7 +40,7 @@ pid_t serverOf(const XClient& client) {
 
 AnswerTimes::AnswerTimes(const std::string& display, xcb_window_t window, pid_t program)
     : client_(display), window_(window), processes_{program, getpid(), serverOf(client_)} {
-    // Qt sends its answers to those who listen for this.
+    // Qt sends its answers to clients that select this.
     const std::uint32_t mask = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     xcb_change_window_attributes(client_.get(), client_.root(), XCB_CW_EVENT_MASK, &mask);
     client_.sync();
@@ -63,7 +63,7 @@ AnswerTimes::Milliseconds AnswerTimes::ask() {
     xcb_send_event(client_.get(), 0, window_, XCB_EVENT_MASK_NO_EVENT, bytes.data());
     xcb_flush(client_.get());
     while (!isAnswered()) {
-        if (Clock::now() > start + patience)
+        if (Clock::now() > start + conditionTimeout)
             throw std::runtime_error{"the program does not answer"};
         pollfd readable{xcb_get_file_descriptor(client_.get()), POLLIN, 0};
         constexpr int limit = 1000;

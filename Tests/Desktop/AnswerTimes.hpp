@@ -1,5 +1,5 @@
-/// How long a program's main loop takes to answer, asked the way in which window managers find out
-/// whether a program still lives.
+/// Measures how long a program's main loop takes to answer, with the ping that window managers use
+/// to detect hung programs.
 #pragma once
 
 #include "VirtualDesktop/XClient.hpp"
@@ -15,11 +15,11 @@ class AnswerTimes {
 public:
     using Milliseconds = std::chrono::duration<double, std::milli>;
 
-    /// `window` is one of the program's that understands _NET_WM_PING.
+    /// `window` must be one of the program's that supports _NET_WM_PING.
     AnswerTimes(const std::string& display, xcb_window_t window, pid_t program);
 
-    /// Asks once, and waits for the answer. What the processes took part in it spent waiting for a
-    /// processor that others had does not count. Throws when no answer comes.
+    /// Pings once and waits for the answer. Time that the participating processes spent waiting for
+    /// a busy processor is subtracted. Throws if there is no answer.
     Milliseconds ask();
 
 private:
@@ -28,7 +28,7 @@ private:
 
     XClient client_;
     xcb_window_t window_;
-    /// The program, this one, and the X server between them.
+    /// The program, this process, and the X server between them.
     std::array<pid_t, 3> processes_;
     xcb_timestamp_t question_ = 0;
 };

@@ -1,4 +1,4 @@
-/// Docks that hide at their display's edge.
+/// Docks that collapse to their display's edge.
 #include "DesktopTest.hpp"
 #include "VirtualDesktop/FileDrag.hpp"
 
@@ -10,12 +10,12 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Longer than a dock waits before it hides.
+/// Longer than a dock waits before it collapses.
 constexpr std::chrono::milliseconds longer{1200};
 
 class AutoHide : public DesktopTest {
 protected:
-    /// Makes the desktop with two apps pinned and docks that hide at an edge.
+    /// Creates a desktop with two pinned apps and auto-hiding docks at an edge.
     void prepare(DockPosition position = DockPosition::bottom, Options options = {}) {
         if (options.monitors.empty())
             options.monitors = twoMonitors();
@@ -29,13 +29,12 @@ protected:
         desktop.pointer().moveTo(away());
         request.position = position;
     }
-    /// The same, with the program running and its dock on "right" hidden.
+    /// As above, and runs the program until its dock on "right" has collapsed.
     void run(DockPosition position = DockPosition::bottom, Options options = {}) {
         prepare(position, std::move(options));
         desktop().runVireline();
         ASSERT_TRUE(hides());
-        // A window manager that is still about to frame a dock takes it off the screen for a
-        // moment.
+        // A window manager unmaps a dock for a moment while it reparents it.
         ASSERT_TRUE(eventually([&] { return isManaged(); }));
     }
 
@@ -44,7 +43,7 @@ protected:
         return desktop().displays().pixels(desktop().monitor("right"), global);
     }
     [[nodiscard]] PixelRect sliver() { return pixels(spec().collapsedFrame()); }
-    /// The window of a dock that is out.
+    /// The window's frame while the dock is expanded.
     [[nodiscard]] PixelRect hoverFrame() {
         const auto dock = plannedDock("right", request);
         return pixels(dock.overhang.around(dock.spec.hoverFrame()));
@@ -60,7 +59,8 @@ protected:
                desktop().client().isViewable(dock);
     }
 
-    [[nodiscard]] testing::AssertionResult hides(std::chrono::milliseconds limit = patience) {
+    [[nodiscard]] testing::AssertionResult
+    hides(std::chrono::milliseconds limit = conditionTimeout) {
         if (eventually([&] { return isHidden(); }, limit))
             return testing::AssertionSuccess();
         return testing::AssertionFailure() << shown() << " and not " << sliver();
@@ -70,7 +70,7 @@ protected:
             return testing::AssertionFailure() << shown() << " and not " << hoverFrame();
         return turns(tile(0), apps[0].colour);
     }
-    /// Whether it is still out after a while.
+    /// Whether it is still expanded after a while.
     [[nodiscard]] bool staysOut() {
         return !eventually([&] { return isHidden(); }, longer);
     }
@@ -86,7 +86,7 @@ protected:
 
 class AutoHideAtEdge : public AutoHide, public testing::WithParamInterface<DockPosition> {
 protected:
-    /// Where the rectangle's edge is on the side of the docks.
+    /// The rectangle's edge on the docks' side.
     static int edgeOf(const PixelRect& rect) {
         switch (GetParam()) {
         case DockPosition::left:
@@ -270,7 +270,7 @@ TEST_F(AutoHide, StaysInWhileAWindowIsMovedPastIt) {
     const App editor{"org.example.Editor", "Editor", {}, {}};
     desktop().launch(editor, {"--at", "2200,200", "--skip-taskbar"});
     ASSERT_TRUE(eventually([&] { return !desktop().visibleWindowsOf(editor).empty(); }));
-    // A press holds the pointer for the window that it is made in.
+    // A press grabs the pointer for the window in which it is made.
     desktop().pointer().moveTo({2300, 300});
     desktop().pointer().press(Pointer::Button::primary);
     touch();
@@ -290,7 +290,7 @@ TEST_F(AutoHide, FindsAPointerThatWasThereBeforeIt) {
 
 TEST_F(AutoHide, FindsAPointerThatItMovesUnder) {
     run();
-    // Beside the sliver, where the one of a longer dock is.
+    // Next to the sliver, where a longer dock's sliver would be.
     desktop().pointer().moveTo({sliver().x - 20, sliver().center().y});
     desktop().home().pin(apps);
     request.counts.pinned = static_cast<int>(apps.size());
@@ -318,7 +318,7 @@ TEST_F(AutoHide, ComesOutAtAnInnerEdgeAndLetsThePointerPass) {
     const auto edge = sliver();
     const auto& left = desktop().monitor("left").frame;
     ASSERT_EQ(edge.x, left.right());
-    // On its way across, a step at a time.
+    // Crosses the edge in small steps.
     for (int x = edge.x - 6; x <= edge.x + 300; x += 3) {
         desktop().pointer().moveTo({x, edge.center().y});
         EXPECT_EQ(desktop().pointer().position().x, x);

@@ -1,5 +1,5 @@
-/// Malformed files and windows, full disks and read-only homes: the program does its best and
-/// stays.
+/// Malformed files and windows, full disks and read-only homes: the program copes and keeps
+/// running.
 #include "DesktopTest.hpp"
 
 #include <unistd.h>
@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 class BadInput : public DesktopTest {
 protected:
-    /// A desktop with two apps installed and pinned; the program is not running yet.
+    /// Creates a desktop with two installed and pinned apps, without running the program.
     VirtualDesktop& prepare() {
         auto& desktop = make({.monitors = twoMonitors()});
         for (const auto& app : apps)
@@ -25,7 +25,7 @@ protected:
         return desktop;
     }
 
-    /// The program still does its main job: a click launches the first of the pinned apps.
+    /// Checks that the program still does its main job: a click launches the first pinned app.
     void expectWorking() {
         ASSERT_TRUE(docksSettle(twoTiles));
         const PixelPoint tile = layout("right", twoTiles).icon(0);
@@ -35,7 +35,7 @@ protected:
         EXPECT_TRUE(desktop().vireline().isRunning());
     }
 
-    /// Without preferences this is the first start, and the window that says so takes the focus.
+    /// Without preferences this counts as the first start, whose welcome window takes the focus.
     void expectWelcome() {
         const auto& client = desktop().client();
         EXPECT_TRUE(eventually([&] {
@@ -83,7 +83,7 @@ TEST_P(BadPreferences, AreKeptAsTheyAreAndReplacedByDefaults) {
     EXPECT_TRUE(logs("preferences unreadable, using defaults (file kept)"));
     expectWelcome();
     expectWorking();
-    // Not EXPECT_EQ, which would print all of it.
+    // Not EXPECT_EQ, which would print the whole content.
     EXPECT_TRUE(readFile(desktop.home().preferences()) == GetParam().content);
 }
 
@@ -198,7 +198,7 @@ TEST_F(BadInput, PinnedEntriesThatAreMalformedStillHaveTheirPlace) {
     ASSERT_TRUE(docksSettle(tiles(4)));
     EXPECT_TRUE(turns(layout("right", tiles(4)).icon(0), apps[0].colour));
     EXPECT_TRUE(turns(layout("right", tiles(4)).icon(3), apps[1].colour));
-    // A label of a megabyte is cut, not fatal.
+    // A label of a megabyte is truncated and does no harm.
     desktop.pointer().moveTo(layout("right", tiles(4)).icon(2));
     desktop.pointer().click(layout("right", tiles(4)).icon(0));
     EXPECT_TRUE(eventually([&] { return desktop.isActive(apps[0]); }));
@@ -215,14 +215,14 @@ TEST_F(BadInput, WindowPropertiesOfAbsurdLengthAndTypeHarmNoOther) {
     client.setWords(window, "_NET_WM_NAME", XCB_ATOM_CARDINAL, {1, 2, 3});
     client.setText(window, "_GTK_APPLICATION_ID", "../../../" + endless);
     client.setText(window, "_NET_STARTUP_ID", noise(megabyte));
-    // An icon that claims to be larger than any memory, and one that ends early.
+    // An icon with an impossibly large size, and one that is truncated.
     client.setWords(window, "_NET_WM_ICON", XCB_ATOM_CARDINAL, {0xffffffff, 0xffffffff, 1, 2, 3});
     client.setText(window, "_NET_WM_PID", "not a number");
     client.setWords(window, "_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL, {0xffffffff, 7});
     client.setWords(window, "_NET_WM_WINDOW_TYPE", XCB_ATOM_WINDOW, {0xffffffff});
     client.map(window);
     ASSERT_TRUE(eventually([&] { return client.hasProperty(window, "WM_STATE"); }));
-    // An app of its own, for all the dock can tell.
+    // As far as the dock can tell, it is an app of its own.
     ASSERT_TRUE(docksSettle(tiles(2, 1)));
     client.setWords(window, "_NET_WM_ICON", XCB_ATOM_CARDINAL, {64, 64, 0xff00ff00});
     client.setWords(window, "WM_CLASS", XCB_ATOM_INTEGER, {42});
@@ -263,7 +263,7 @@ TEST_F(BadInput, WindowsThatVanishWhileTheyAreAskedLeaveNothingBehind) {
     expectWorking();
 }
 
-/// Replaces the program's data folder by a small file system of its own, for the program alone.
+/// Replaces the program's data folder by a small file system that only the program sees.
 class BadDisk : public BadInput {
 protected:
     void SetUp() override {
@@ -271,7 +271,7 @@ protected:
             GTEST_SKIP() << "only root can mount a file system for a test";
     }
 
-    /// Runs the program where `mounting`, a shell command, has been carried out for it alone.
+    /// Runs the program in a mount namespace of its own, after the shell command `mounting`.
     void runBehind(const std::string& mounting) {
         auto& process =
             desktop().startVirelineThrough({"unshare", "--mount", "--propagation", "private", "sh",
@@ -321,12 +321,12 @@ TEST_F(BadDisk, AFullDiskLosesNoPreferences) {
     const auto folder = desktop.home().dataFolder().string();
     const auto seed = desktop.home().scratch() / "seed.json";
     writeFile(seed, manualList());
-    // A disk with room for the preferences and for nothing else.
+    // A disk with room for nothing but the preferences.
     runBehind("mount -t tmpfs -o size=16k tmpfs '" + folder + "' && cp '" + seed.string() + "' '" +
               folder + "/preferences.json' && (cat /dev/zero > '" + folder + "/filler' || true)");
     removeFirstApp();
     EXPECT_TRUE(says("preferences save failed: "));
-    // Seen through the program's own root, as nobody else has that disk.
+    // Through the program's own root, because the disk is mounted only for it.
     const fs::path inside = "/proc/" + std::to_string(desktop.vireline().pid()) + "/root" +
                             desktop.home().preferences().string();
     EXPECT_EQ(readFile(inside), manualList());

@@ -1,4 +1,4 @@
-/// What a click on a tile does to real apps.
+/// The effect of clicks on tiles of real apps.
 #include "DesktopTest.hpp"
 
 namespace vireline::desktop {
@@ -19,7 +19,8 @@ protected:
         ASSERT_TRUE(eventually([&] { return desktop().isActive(alpha); }));
     }
 
-    /// Waits until the window manager has handled every click so far: it answers this behind them.
+    /// Waits until the window manager has handled all clicks so far; it processes this request
+    /// after them.
     [[nodiscard]] bool windowManagerIsDone() {
         const auto& client = desktop().client();
         const auto asking = client.createWindow({0, 0, 10, 10}, 0);
@@ -87,7 +88,7 @@ TEST_F(Click, HidesAllWindowsOfAnApp) {
     runWithTwoPinned();
     ASSERT_TRUE(docksSettle(tiles(2)));
     desktop().launch(alpha, {"--windows", "3"});
-    // Each window becomes the active one in turn, which has to be over.
+    // Waits until the series of activations is over, since each window becomes active in turn.
     int looks = 0;
     ASSERT_TRUE(eventually([&] {
         const bool isThere =
@@ -137,7 +138,7 @@ TEST_F(Click, NeverTakesTheFocus) {
     const auto& client = desktop().client();
     const auto active = client.activeWindow();
     const auto focused = client.focusedWindow();
-    // The gap between two tiles belongs to the dock and does nothing.
+    // The gap between two tiles belongs to the dock, and clicking it has no effect.
     const auto first = tile(0);
     const auto second = tile(1);
     desktop().pointer().click({(first.x + second.x) / 2, first.y});
@@ -146,7 +147,7 @@ TEST_F(Click, NeverTakesTheFocus) {
     EXPECT_EQ(client.focusedWindow(), focused);
     EXPECT_EQ(desktop().log().count("click "), 1);
 
-    // A tile's press moves nothing either, before what it does moves the focus on purpose.
+    // Pressing a tile does not move the focus either; only its action may do so afterwards.
     desktop().pointer().moveTo(second);
     desktop().pointer().press(Pointer::Button::primary);
     ASSERT_TRUE(windowManagerIsDone());
@@ -166,7 +167,7 @@ TEST_F(Click, KeepsTheKeyboardWhereItWas) {
     desktop().pointer().press(Pointer::Button::primary);
     desktop().client().sync();
     EXPECT_EQ(desktop().client().focusedWindow(), focused);
-    // Let go beside the dock: no click.
+    // Releasing the button outside the dock is not a click.
     desktop().pointer().moveTo(desktop().monitor("right").frame.center());
     desktop().pointer().release(Pointer::Button::primary);
     EXPECT_EQ(desktop().client().focusedWindow(), focused);

@@ -1,5 +1,4 @@
-/// The program killed at random moments while a stream of settings is written: the preferences are
-/// never lost.
+/// Kills the program at random moments during a series of saves: the preferences are never lost.
 #include "DesktopTest.hpp"
 #include "Settings/SettingsCoding.hpp"
 
@@ -16,7 +15,7 @@ constexpr int killsPerTest = 40;
 constexpr double smallestSize = 32;
 constexpr double largestSize = 64;
 
-/// What the key Right, again and again, makes of the icon size.
+/// The icon sizes that repeatedly pressing the Right key goes through.
 std::vector<double> sizesInTurn() {
     std::vector<double> sizes;
     for (double size = smallestSize; size <= largestSize; ++size)
@@ -26,7 +25,7 @@ std::vector<double> sizesInTurn() {
 
 class Killed : public DesktopTest, public testing::WithParamInterface<unsigned> {
 protected:
-    /// Runs the program with its settings open and the slider of the icon size under the keyboard.
+    /// Runs the program with its settings window open and the icon size slider focused.
     void runAndFocusSlider() {
         desktop().home().writePreferences(R"({"onboardingCompleted": true})");
         std::filesystem::remove(desktop().home().log());
@@ -37,21 +36,21 @@ protected:
             const auto& client = desktop().client();
             return client.text(client.focusedWindow(), "_NET_WM_NAME") == "Vireline Settings";
         }));
-        // The sources, which have the focus at first, and the positions come before it.
+        // Two controls come before it: the sources, which are focused first, and the positions.
         for (int i = 0; i < 2; ++i)
             desktop().keyboard().type(Keyboard::tab);
         desktop().keyboard().type(Keyboard::home);
         ASSERT_TRUE(eventually([&] { return savedSize() == smallestSize; }));
     }
 
-    /// Nothing while there is no whole record.
+    /// nullopt if there is no complete record.
     std::optional<double> savedSize() {
         const auto saved = SettingsCoding::decode(readFile(desktop().home().preferences()));
         return saved ? std::optional{saved->iconSize} : std::nullopt;
     }
 
-    /// The icon size of the dock as the log has it last; a plan is logged after its settings are
-    /// saved.
+    /// The dock's icon size according to the latest line in the log; a plan is logged after its
+    /// settings were saved.
     [[nodiscard]] double lastPlannedSize() {
         const auto line = desktop().log().last("reframed panel #");
         for (const double size : sizesInTurn()) {
@@ -79,7 +78,8 @@ TEST_P(Killed, KeepsOneOfTheLastTwoRecords) {
 
     for (int i = 0; i < killsPerTest; ++i) {
         ASSERT_NO_FATAL_FAILURE(runAndFocusSlider());
-        // Keys come faster than they are saved, so that the end falls between some of them.
+        // Keys are typed faster than changes are saved, so some are pending when the program is
+        // killed.
         const auto keyboard = desktop.keyboard();
         keyboard.type(Keyboard::right);
         ASSERT_TRUE(eventually([&] { return savedSize() > smallestSize; }));

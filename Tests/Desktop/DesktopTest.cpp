@@ -118,7 +118,7 @@ testing::AssertionResult DesktopTest::logs(std::string_view prefix, int times) {
 }
 
 testing::AssertionResult DesktopTest::dotShows(PixelPoint dot, bool shows) {
-    // The strip beside the dot, in the same row, has the colour that the dot stands out from.
+    // Compared with the strip's colour next to the dot, in the same row.
     constexpr int beside = 8;
     constexpr int contrast = 24;
     const auto stands = [&] {

@@ -1,4 +1,4 @@
-/// What the end-to-end tests share: one virtual desktop a test, usual monitors and apps, and
+/// Shared by the end-to-end tests: a virtual desktop per test, common monitors and apps, and
 /// assertions that wait.
 #pragma once
 
@@ -16,7 +16,7 @@
 
 namespace vireline {
 
-/// How the tests' framework names an edge.
+/// Prints an edge in test names.
 inline void PrintTo(DockPosition position, std::ostream* out) {
     *out << rawValue(position);
 }
@@ -32,63 +32,64 @@ protected:
 
     void TearDown() override;
 
-    /// Makes the desktop of this test, under the tested manager unless the options say another.
+    /// Creates the desktop of this test, with the tested window manager unless the options name
+    /// one.
     VirtualDesktop& make(Options options);
     [[nodiscard]] VirtualDesktop& desktop() { return *desktop_; }
 
-    /// A desktop with two displays side by side, the apps pinned, and the program running with its
-    /// one dock on the display "right".
+    /// Creates a desktop with two displays side by side and the apps pinned, and runs the program;
+    /// its only dock is on the display "right".
     VirtualDesktop& runWithTwoDisplays(const std::vector<App>& pinned, Options options = {});
 
-    /// An app that opens folders and the Trash, and notes each in the file `opened()`.
+    /// An app that opens folders and the Trash, and records each in the file `opened()`.
     [[nodiscard]] App fileManager();
     [[nodiscard]] std::filesystem::path opened();
 
-    /// The docks come to be exactly where they are planned with this many tiles and these settings.
+    /// Waits until the docks are exactly where they are planned with these tiles and settings.
     [[nodiscard]] testing::AssertionResult docksSettle(const Request& request);
 
-    /// The dock on a display, as planned.
+    /// The planned dock on a display.
     [[nodiscard]] PlannedDock plannedDock(const std::string& monitor, const Request& request);
 
-    /// Where the tiles of the dock on a display are.
+    /// The positions of the tiles in the dock on a display.
     [[nodiscard]] DockLayout layout(const std::string& monitor, const Request& request);
 
-    /// The pixel comes to have this colour.
+    /// Waits until the pixel has this colour.
     [[nodiscard]] testing::AssertionResult turns(PixelPoint place, Colour colour);
-    /// The pixel keeps away from this colour, or loses it.
+    /// Waits until the pixel has another colour.
     [[nodiscard]] testing::AssertionResult turnsFrom(PixelPoint place, Colour colour);
 
-    /// A message that begins with `prefix` is in the log, or comes.
+    /// Waits until the log contains messages that begin with `prefix`.
     [[nodiscard]] testing::AssertionResult logs(std::string_view prefix, int times = 1);
 
-    /// Whether the running dot under the icon comes, or goes.
+    /// Waits until the running dot under the icon is shown, or is gone.
     [[nodiscard]] testing::AssertionResult dotShows(PixelPoint dot, bool shows);
 
     /// Opens the menu of the tile at `icon` and returns its window; XCB_NONE if none opens.
     [[nodiscard]] xcb_window_t openMenu(PixelPoint icon);
-    /// Clicks an entry of a menu that has `count` of them.
+    /// Clicks one of the menu's `count` entries.
     void choose(xcb_window_t menu, int index, int count);
 
 private:
     std::unique_ptr<VirtualDesktop> desktop_;
 };
 
-/// The programs that the tests run; VIRELINE_TESTED_PROGRAM may name another program to test.
+/// The programs that the tests run; VIRELINE_TESTED_PROGRAM overrides the tested one.
 [[nodiscard]] Programs testedPrograms();
 
-/// The window manager that VIRELINE_TESTED_MANAGER names; nothing if it is not set, or "none".
+/// The window manager named in VIRELINE_TESTED_MANAGER; nullopt if it is unset or "none".
 [[nodiscard]] std::optional<VirtualDesktop::Manager> testedManager();
 
-/// A plan's request for this many tiles, with the settings at their defaults.
+/// A plan's request for these tiles, with default settings.
 [[nodiscard]] PanelPlanner::Request tiles(int pinned, int running = 0);
 
-/// Two full-HD monitors, the primary "left" and "right" beside it.
+/// Two full-HD monitors: "left", the primary, with "right" next to it.
 [[nodiscard]] std::vector<Monitor> twoMonitors();
 
-/// Three of different sizes: the primary, one above-left of it and one to its right.
+/// Three of different sizes: the primary, one above and to its left, and one to its right.
 [[nodiscard]] std::vector<Monitor> threeMonitors();
 
-/// Apps named Alpha, Beta, and so on, each with its own colour.
+/// Apps named Alpha, Beta and so on, in different colours.
 [[nodiscard]] std::vector<App> someApps(int count);
 
 }

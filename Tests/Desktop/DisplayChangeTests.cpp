@@ -1,4 +1,4 @@
-/// Docks follow displays that come, go and change.
+/// Docks follow displays that are attached, removed or changed.
 #include "DesktopTest.hpp"
 
 namespace vireline::desktop {
@@ -11,7 +11,7 @@ protected:
         ASSERT_TRUE(docksSettle(threeTiles));
     }
 
-    /// All messages of the log that begin like this and came after `mark`.
+    /// The number of log messages after `mark` that begin with `prefix`.
     [[nodiscard]] int countSince(int mark, std::string_view prefix) {
         return desktop().log().count(prefix) - mark;
     }
@@ -63,7 +63,7 @@ TEST_F(DisplayChange, FollowsADisplayThatIsResized) {
 }
 
 TEST_F(DisplayChange, FollowsThePrimaryThatMoves) {
-    // Global space begins at the primary, so that every frame changes with it.
+    // The origin of global space is at the primary, so every frame changes.
     runWithThreeDisplays();
     auto monitors = threeMonitors();
     monitors[0].frame.y += 400;
@@ -109,7 +109,7 @@ TEST_F(DisplayChange, ReconcilesOnceAfterABurst) {
     }
     EXPECT_TRUE(docksSettle(threeTiles));
     EXPECT_GT(countSince(notices, "screen-params #"), 0);
-    // Another reconcile shows that none of the burst is still to come.
+    // Another reconciliation shows that nothing of the burst is pending.
     monitors[2].frame.y = 600;
     desktop().setMonitors(monitors);
     ASSERT_TRUE(docksSettle(threeTiles));

@@ -1,4 +1,4 @@
-/// The dock among other windows, under window managers of different kinds.
+/// Docks among other windows, under different kinds of window managers.
 #include "DesktopTest.hpp"
 
 #include <string>
@@ -15,7 +15,7 @@ protected:
         ASSERT_TRUE(docksSettle(tiles(2)));
     }
 
-    /// A large window on the display "right", which reaches below the dock.
+    /// Opens a large window on the display "right" that extends below the dock.
     xcb_window_t openBehind() {
         const auto& frame = desktop().monitor("right").frame;
         desktop().launch(red, {"--at",
@@ -27,7 +27,7 @@ protected:
         return windows.empty() ? XCB_NONE : windows.front();
     }
 
-    /// An active window, as a person would have it.
+    /// Makes it the active window as well, as it usually is.
     void setFullScreen(xcb_window_t window, bool isFullScreen) {
         constexpr std::uint32_t application = 1;
         constexpr std::uint32_t pager = 2;

@@ -1,4 +1,4 @@
-/// Which displays have a dock, and where exactly.
+/// Which displays have a dock, and its exact position.
 #include "DesktopTest.hpp"
 
 #include <algorithm>
@@ -38,7 +38,7 @@ TEST_F(DockPlacement, LeavesOutTheDisplayThatHoldsTheOtherDock) {
 }
 
 TEST_F(DockPlacement, FindsTheOtherDockAtAnInnerEdge) {
-    // The right edge of the left display lies in the middle of the X screen.
+    // The right edge of the left display is in the middle of the X screen.
     runOn({.monitors = twoMonitors()});
     desktop().setMonitors({twoMonitors()[1], twoMonitors()[0]});
     desktop().reserve({"left", Edge::right, panelThickness});
@@ -47,7 +47,7 @@ TEST_F(DockPlacement, FindsTheOtherDockAtAnInnerEdge) {
     EXPECT_NE(desktop().docks().on(desktop().displayIDOf("right")).window, XCB_NONE);
 }
 
-TEST_F(DockPlacement, PassesOverAPanelAtTheTop) {
+TEST_F(DockPlacement, IgnoresAPanelAtTheTop) {
     runOn({.monitors = twoMonitors()});
     desktop().reserve({"right", Edge::top, panelThickness});
     desktop().runVireline();
@@ -136,7 +136,7 @@ TEST_F(DockPlacement, GrowsWithTheScaleOfItsDisplay) {
     EXPECT_EQ(dock.frame.height, thicknessAtTwiceTheScale);
 }
 
-TEST_F(DockPlacement, KeepsToWholePixelsAtAScaleAndAHalf) {
+TEST_F(DockPlacement, UsesWholePixelsAtAScaleOfOneAndAHalf) {
     runOn({.monitors = {{"main", {0, 0, 1600, 900}}, {"odd", {1600, 0, 1537, 863}}},
            .scales = {{"odd", 1.5}}})
         .runVireline();

@@ -1,11 +1,11 @@
-/// Where docks, their icons and labels are, in numbers worked out by hand, and where clicks beside
-/// them go. What is drawn may reach farther from the display's edge than the dock is planned.
+/// The positions of docks, icons and labels, as numbers calculated by hand, and where clicks next
+/// to them go. Drawing may extend beyond a dock's planned frame.
 #include "DesktopTest.hpp"
 
 namespace vireline::desktop {
 namespace {
 
-/// One dock with two pinned apps on the display "right", (1920, 0) to (3840, 1080).
+/// A dock with two pinned apps on the display "right", from (1920, 0) to (3840, 1080).
 class DockReach : public DesktopTest {
 protected:
     void run(const std::string& members) {
@@ -26,7 +26,7 @@ protected:
         return testing::AssertionFailure() << shown() << " and not " << window;
     }
 
-    /// What shows of an app's icon; screen coordinates.
+    /// The visible part of an app's icon, in screen coordinates.
     [[nodiscard]] PixelRect icon(std::size_t index) {
         const PixelRect display = desktop().monitor("right").frame;
         auto bounds = desktop().picture(display).bounds(apps[index].colour);
@@ -40,7 +40,7 @@ protected:
         return testing::AssertionFailure() << icon(index) << " and not " << place;
     }
 
-    /// A window on the whole display "right", below its dock.
+    /// Opens a window below the dock that covers the whole display "right".
     void putWindowBehind() {
         const auto& frame = desktop().monitor("right").frame;
         desktop().launch(behind,
@@ -75,7 +75,7 @@ TEST_F(DockReach, IsAsPlannedWithUsualIconsAtTheBottom) {
 
 TEST_F(DockReach, HoldsALargeIconsLabelAtTheBottom) {
     run(R"("position": "bottom", "iconSize": 64)");
-    // The strip is 78 thick, and above it the label takes 26.
+    // The strip is 78 thick, and the label above it needs 26.
     EXPECT_TRUE(isAt({2733, 1076 - 78 - 26, 295, 78 + 26}));
     ASSERT_TRUE(iconIsAt(0, {2740, 1005, 64, 64}));
     putWindowBehind();
@@ -95,7 +95,7 @@ TEST_F(DockReach, HoldsLargeIconsOnTheLeft) {
     ASSERT_TRUE(iconIsAt(0, {1931, 400, 64, 64}));
     ASSERT_TRUE(iconIsAt(1, {1931, 470, 64, 64}));
     putWindowBehind();
-    // The strip ends at 2002. As planned the window would end at 1982.
+    // The strip ends at 2002, although the planned window would end at 1982.
     EXPECT_TRUE(reachesTheWindowBehind({2005, 540}));
     desktop().pointer().click({1990, 430});
     EXPECT_TRUE(logs("click launch " + apps[0].id));
@@ -119,7 +119,7 @@ TEST_F(DockReach, ASliverStaysASliver) {
     desktop().pointer().moveTo({1921, 540});
     EXPECT_TRUE(isAt({1920, 393, 90, 295}));
     ASSERT_TRUE(iconIsAt(0, {1931, 400, 64, 64}));
-    // Over the outer part of the strip the pointer keeps it out, beside it not.
+    // The pointer keeps it expanded over the outer part of the strip, but not next to it.
     desktop().pointer().moveTo({1998, 540});
     const PixelRect sliver{1920, 393, 4, 295};
     EXPECT_FALSE(eventually([&] { return shown() == sliver; }, std::chrono::seconds{1}));
@@ -133,7 +133,7 @@ TEST_F(DockReach, ATilesMenuOpensAboveTheStrip) {
     const auto menu = openMenu({2785, 1060});
     ASSERT_NE(menu, xcb_window_t{XCB_NONE});
     const auto frame = desktop().client().frame(menu).value_or(PixelRect{});
-    // The strip begins at 1018.
+    // The strip starts at 1018.
     EXPECT_LE(frame.bottom(), 1018) << frame;
     EXPECT_GE(frame.bottom(), 1010) << frame;
     EXPECT_NEAR(frame.center().x, 2802, 1) << frame;

@@ -1,5 +1,4 @@
-/// The dock as a window: what it tells the window manager, what of it is seen, and where it takes
-/// the pointer.
+/// The dock's window: its hints for the window manager, its visible parts, and its input region.
 #include "DesktopTest.hpp"
 #include "VirtualDesktop/ProcessFigures.hpp"
 
@@ -45,7 +44,7 @@ TEST_F(DockWindowProperties, SayThatItIsADock) {
 }
 
 TEST_F(DockWindowProperties, PutItOnAllDesktops) {
-    // The window manager's answer to "sticky".
+    // The window manager sets this for sticky windows.
     constexpr std::uint32_t allDesktops = 0xffffffff;
     const auto dock = runWithOneDock();
     EXPECT_TRUE(eventually([&] {
@@ -74,7 +73,7 @@ TEST_F(DockWindowProperties, RefuseTheKeyboard) {
     ASSERT_GE(hints.size(), 2U);
     EXPECT_EQ(hints[0] & inputFlag, inputFlag);
     EXPECT_EQ(hints[1], 0U);
-    // A window that takes the focus by itself would say so here.
+    // A window that takes the focus by itself would list it here.
     EXPECT_FALSE(hasAtom(dock, "WM_PROTOCOLS", "WM_TAKE_FOCUS"));
 }
 
@@ -86,7 +85,7 @@ TEST_F(DockWindowProperties, HaveRoomForTranslucencyWithACompositor) {
 
 class DockSurface : public DockWindowProperties {
 protected:
-    /// A window of one colour on the whole display "right", below its dock.
+    /// Opens a window of one colour below the dock that covers the whole display "right".
     void putBehind(const App& app, const std::string& colour) {
         const auto& frame = desktop().monitor("right").frame;
         desktop().launch(app,
@@ -98,13 +97,13 @@ protected:
 
     [[nodiscard]] std::filesystem::path record() { return desktop().home().scratch() / "behind"; }
 
-    /// A place of the strip's background, in its padding at the leading end.
+    /// A point on the strip's background, in the padding at its leading end.
     [[nodiscard]] PixelPoint glass() {
         const auto strip = layout("right", twoTiles).strip();
         return {strip.x + 3, strip.y + strip.height / 2};
     }
 
-    /// A place above the strip, where only labels show.
+    /// A point above the strip, where only labels are shown.
     [[nodiscard]] PixelPoint labelZone() {
         const auto frame = plannedDock("right", twoTiles).frame;
         return {frame.x + 4, frame.y + 4};
@@ -197,7 +196,7 @@ TEST_F(DockSurface, LetsClicksThroughBesideTheStripOfAMagnifyingDock) {
     twoTiles.magnification = 2;
     ASSERT_TRUE(docksSettle(twoTiles));
     putBehind(red, "f01010");
-    // The window is longer than the strip at rest, to hold the grown one.
+    // The window is longer than the strip at rest, so that the magnified strip fits.
     const auto frame = plannedDock("right", twoTiles).frame;
     ASSERT_LT(frame.x, layout("right", twoTiles).strip().x - 8);
     const PixelPoint place{frame.x + 2, frame.bottom() - 4};
@@ -211,7 +210,7 @@ TEST_F(DockSurface, TakesClicksOnTheStrip) {
     runWithOneDock();
     putBehind(red, "f01010");
     desktop().pointer().click(glass());
-    // The second click, above the strip, comes through, and the first one never did.
+    // The second click, above the strip, passes through, whereas the first one did not.
     const auto place = labelZone();
     desktop().pointer().click(place);
     const auto press = "press " + std::to_string(place.x) + ' ' + std::to_string(place.y);

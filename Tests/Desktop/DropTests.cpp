@@ -1,4 +1,4 @@
-/// Files that are dragged from another program's window and dropped on a dock.
+/// Files dragged from another program's window and dropped on a dock.
 #include "AnswerTimes.hpp"
 #include "DesktopTest.hpp"
 #include "VirtualDesktop/DragSource.hpp"
@@ -16,14 +16,14 @@ class Drop : public DesktopTest {
 protected:
     static constexpr auto taken = "done XdndActionCopy";
 
-    /// Runs the program with two apps pinned and a third one that is only installed.
+    /// Runs the program with two pinned apps and a third that is only installed.
     void run(Options options = {}) {
         runWithTwoDisplays({apps[0], apps[1]}, std::move(options));
         desktop().home().install(apps[2]);
         ASSERT_TRUE(docksSettle(tiles(2)));
     }
 
-    /// A file in the home, on the volume that its Trash is on.
+    /// Creates a file in the home folder, on the same volume as the Trash.
     fs::path makeFile(const std::string& name) {
         auto file = desktop().home().folder() / name;
         std::ofstream{file} << name;
@@ -43,7 +43,7 @@ protected:
     static constexpr int downloads = 2;
     static constexpr int trash = 3;
 
-    /// Drags the content to a tile and lets go; what came of it.
+    /// Drags the content to a tile and drops it; returns the outcome.
     std::string drop(const FileDrag::Content& content, int onTile) {
         FileDrag drag{desktop(), content};
         static_cast<void>(drag.moveTo(tile(onTile)));
@@ -201,7 +201,7 @@ TEST_F(Drop, IsRefusedInTimeForAnythingElse) {
     EXPECT_EQ(picture.drop(), "not dropped");
 }
 
-TEST_F(Drop, FindsNobodyAboveTheStrip) {
+TEST_F(Drop, FindsNoTargetAboveTheStrip) {
     run();
     FileDrag drag{desktop(), {urlList({makeFile("first")})}};
     const auto frame = plannedDock("right", tiles(2)).frame;

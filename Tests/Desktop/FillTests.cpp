@@ -1,4 +1,4 @@
-/// A double click on a tile fills its display's free area with the app's window, to the pixel.
+/// A double click on a tile resizes the app's window to exactly the display's free area.
 #include "WindowFeatureTest.hpp"
 
 #include <string>
@@ -7,7 +7,7 @@
 namespace vireline::desktop {
 namespace {
 
-/// ICCCM's flags and places for WM_NORMAL_HINTS.
+/// ICCCM's flags and offsets in WM_NORMAL_HINTS.
 struct Hints {
     PixelPoint minimum{1, 1};
     PixelPoint base;
@@ -35,7 +35,7 @@ protected:
         return {display.x + 100, display.y + 120};
     }
 
-    /// Gives the window hints and waits until whoever asks for them has them.
+    /// Sets the window's hints and waits until other clients see them.
     void setHints(xcb_window_t window, const Hints& hints) {
         desktop().client().setWords(window, "WM_NORMAL_HINTS", XCB_ATOM_WM_SIZE_HINTS,
                                     hints.words());
@@ -119,7 +119,7 @@ TEST_P(Fill, RestoresAFullScreenWindowFirst) {
     EXPECT_FALSE(hasState(window, "FULLSCREEN"));
 }
 
-TEST_P(Fill, KeepsToASizeIncrement) {
+TEST_P(Fill, RespectsASizeIncrement) {
     runWith(fillOnDoubleClick);
     const auto window = open(0, placeOn("main"));
     setHints(window, {.minimum = {100, 60}, .base = {7, 5}, .increment = {13, 17}});
@@ -228,7 +228,7 @@ TEST_P(Fill, IsOneMoreClickWithoutAWindowManager) {
 
 INSTANTIATE_TEST_SUITE_P(Under, Fill, eachManager(), managerName);
 
-/// Beside a dock of each kind: window manager, edge, hides, magnifies.
+/// Next to each kind of dock: window manager, edge, auto-hide, magnification.
 using DockKind = std::tuple<VirtualDesktop::Manager, DockPosition, bool, bool>;
 
 class FillBeside : public WindowFeatureTest, public testing::WithParamInterface<DockKind> {

@@ -1,4 +1,4 @@
-/// The virtual desktop itself, so that a failing test can be blamed on the program.
+/// Tests of the virtual desktop itself, so that other failures can be blamed on the program.
 #include "DesktopTest.hpp"
 
 #include <xcb/randr.h>

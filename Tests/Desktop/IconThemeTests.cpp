@@ -11,7 +11,7 @@ constexpr Colour second{0xd0, 0x50, 0x20};
 
 class ChosenIcons : public DesktopTest {
 protected:
-    /// Runs the program with an app whose icon both themes have.
+    /// Runs the program with an app whose icon is in both themes.
     void runWithTheme(const std::string& theme) {
         auto& desktop = make({.monitors = twoMonitors()});
         installTheme("First", first);

@@ -1,4 +1,4 @@
-/// Tiles that bounce while their apps start.
+/// Tiles bounce while their apps are starting.
 #include "DesktopTest.hpp"
 
 namespace vireline::desktop {
@@ -14,7 +14,7 @@ protected:
         ASSERT_TRUE(turns(layout("right", tiles(1)).icon(0), app.colour));
     }
 
-    /// The same with an app that starts any command.
+    /// As above, with an app that runs any command.
     void runCommand(const std::string& command) {
         const App app = someApps(1)[0];
         auto& desktop = make({.monitors = twoMonitors()});
@@ -27,7 +27,7 @@ protected:
         ASSERT_TRUE(turns(layout("right", tiles(1)).icon(0), colour));
     }
 
-    /// Whether the tile is well above its place right now.
+    /// Whether the tile is currently well above its place.
     [[nodiscard]] bool isUp(const std::string& monitor = "right") {
         constexpr int halfIcon = 22;
         constexpr int well = 6;
@@ -39,7 +39,7 @@ protected:
                eventually([&] { return !isUp(monitor); }) &&
                eventually([&] { return isUp(monitor); });
     }
-    /// Whether it has been at rest for longer than a bounce there and back takes.
+    /// Whether it has been at rest for longer than a whole bounce takes.
     [[nodiscard]] bool rests() {
         return eventually([&] { return !eventually([&] { return isUp(); }, 1s); }, 40s);
     }
@@ -75,7 +75,7 @@ TEST_F(LaunchBounce, StartsNoSecondCopyForAnotherClick) {
     click();
     ASSERT_TRUE(eventually([&] { return readFile(record) == "started\n"; }));
     const auto start = std::chrono::steady_clock::now();
-    // Later than anybody's second click of a pair, and still without a window.
+    // Later than the second click of any double click, and still without a window.
     ASSERT_TRUE(eventually([&] { return std::chrono::steady_clock::now() - start > 1500ms; }));
     ASSERT_TRUE(desktop.windowsOf(slow).empty()) << "it has started already";
     click();
@@ -102,7 +102,7 @@ TEST_F(LaunchBounce, EndsWhenTheAppFailsBeforeItsWindow) {
     EXPECT_TRUE(bounces());
     const auto start = std::chrono::steady_clock::now();
     EXPECT_TRUE(rests());
-    EXPECT_LT(std::chrono::steady_clock::now() - start, 10s) << "nothing but patience ended it";
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 10s) << "only the timeout ended it";
 }
 
 TEST_F(LaunchBounce, EndsForAnAppThatNeverShowsAWindow) {

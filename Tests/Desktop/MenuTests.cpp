@@ -25,7 +25,7 @@ protected:
         ASSERT_TRUE(dotShows(layout("right", tiles(1)).dot(0), true));
     }
 
-    /// Preferences with a manual list of these apps.
+    /// Preferences with these apps in the manual list.
     [[nodiscard]] std::string manualList(const std::vector<App>& apps) {
         std::string list;
         for (const auto& app : apps)
@@ -88,7 +88,7 @@ TEST_F(TileMenu, BeginsWithShowForAnAppThatRuns) {
     launchAlpha();
     ASSERT_TRUE(eventually([&] { return desktop().isActive(alpha); }));
     chooseOf(0, 3);
-    // The same decision as a click: the frontmost app is hidden.
+    // The same decision as for a click: the frontmost app is hidden.
     EXPECT_TRUE(logs("click hide " + alpha.id));
 }
 
@@ -142,7 +142,7 @@ TEST_F(TileMenu, WritesARemovalIntoThePreferencesAtOnce) {
     const auto saved = readFile(desktop().home().preferences());
     EXPECT_FALSE(saved.contains(apps[0].id)) << saved;
     EXPECT_TRUE(saved.contains(apps[1].id)) << saved;
-    // What no control edits is kept.
+    // Settings without a control are preserved.
     EXPECT_TRUE(saved.contains("\"schemaVersion\": 7")) << saved;
     EXPECT_TRUE(saved.contains("\"hideOverFullScreen\": false")) << saved;
 }
@@ -161,7 +161,7 @@ TEST_F(TileMenu, ClosesWithEscapeAndDoesNothing) {
 TEST_F(TileMenu, ClosesWithAClickElsewhereThatDoesNothingElse) {
     runWithAlpha();
     ASSERT_NE(openMenu(alphaTile()), xcb_window_t{XCB_NONE});
-    // It is seen a moment before it holds keyboard and pointer.
+    // The menu is visible slightly before it has grabbed the keyboard and pointer.
     ASSERT_TRUE(eventually([&] { return desktop().keyboard().isHeld(); }));
     desktop().pointer().click(desktop().monitor("left").frame.center());
     EXPECT_TRUE(eventually([&] { return desktop().docks().menus().empty(); }));
@@ -171,7 +171,7 @@ TEST_F(TileMenu, ClosesWithAClickElsewhereThatDoesNothingElse) {
     EXPECT_EQ(desktop().log().count("menu "), 0);
 }
 
-/// The edge of the display where the dock is, as the preferences say it.
+/// Parametrised by the dock's edge, as written in the preferences.
 class TileMenuAtEdge : public TileMenu, public testing::WithParamInterface<const char*> {};
 
 TEST_P(TileMenuAtEdge, OpensInsideTheDocksDisplay) {

@@ -1,4 +1,4 @@
-/// Apps that are launched from a dock open on its display, wherever they would have gone.
+/// Apps launched from a dock open on its display, wherever they would otherwise go.
 #include "WindowFeatureTest.hpp"
 
 #include <chrono>
@@ -10,20 +10,20 @@ constexpr const char* openHere = R"("openOnThisDisplay": true)";
 
 class OpenHere : public UnderEachManager {
 protected:
-    /// Makes the app at `index` one that is told these arguments; before the program runs.
-    void tell(std::size_t index, const std::vector<std::string>& arguments) {
+    /// Sets the arguments of the app at `index`; must be called before the program runs.
+    void setArguments(std::size_t index, const std::vector<std::string>& arguments) {
         App changed = apps.at(index);
         changed.arguments = arguments;
         desktop().home().install(changed);
     }
-    /// Asks the window manager to put the window's corner there.
+    /// Asks the window manager to move the window's corner there.
     void moveTo(xcb_window_t window, PixelPoint corner) {
         constexpr std::uint32_t toPosition = 10U | 1U << 8U | 1U << 9U | 2U << 12U;
         desktop().client().sendToRoot(window, "_NET_MOVERESIZE_WINDOW",
                                       {toPosition, static_cast<std::uint32_t>(corner.x),
                                        static_cast<std::uint32_t>(corner.y), 0, 0});
     }
-    /// A corner on that display at which an app asks to be placed.
+    /// An app's argument that requests a position on that display.
     [[nodiscard]] std::string cornerOn(const std::string& monitor) {
         const PixelRect display = desktop().monitor(monitor).frame;
         return std::to_string(display.x + 40) + "," + std::to_string(display.y + 60);
@@ -32,8 +32,8 @@ protected:
 
 TEST_P(OpenHere, MovesALaunchedAppToTheMiddleOfTheClickedDisplay) {
     runWith(openHere);
-    tell(0, {"--at", cornerOn("main")});
-    tell(1, {"--at", cornerOn("above")});
+    setArguments(0, {"--at", cornerOn("main")});
+    setArguments(1, {"--at", cornerOn("above")});
 
     clickTile("above", 0);
     EXPECT_TRUE(comesToMiddle(windowOf(0), "above"));
@@ -46,7 +46,7 @@ TEST_P(OpenHere, MovesALaunchedAppToTheMiddleOfTheClickedDisplay) {
 
 TEST_P(OpenHere, MovesAnAppToThePrimaryDisplayToo) {
     runWith(openHere, "side");
-    tell(0, {"--at", cornerOn("side")});
+    setArguments(0, {"--at", cornerOn("side")});
 
     clickTile("main", 0);
 
@@ -55,7 +55,7 @@ TEST_P(OpenHere, MovesAnAppToThePrimaryDisplayToo) {
 
 TEST_P(OpenHere, LeavesAppsWhereTheyOpenWhileItIsOff) {
     runWith(R"("summonOnClick": true, "fillOnDoubleClick": true)");
-    tell(0, {"--at", cornerOn("main")});
+    setArguments(0, {"--at", cornerOn("main")});
 
     clickTile("side", 0);
     ASSERT_TRUE(eventually([&] { return desktop().isActive(apps[0]); }));
@@ -67,7 +67,7 @@ TEST_P(OpenHere, LeavesAppsWhereTheyOpenWhileItIsOff) {
 
 TEST_P(OpenHere, WaitsForAWindowThatComesLate) {
     runWith(openHere);
-    tell(0, {"--delay", "1500", "--at", cornerOn("main")});
+    setArguments(0, {"--delay", "1500", "--at", cornerOn("main")});
 
     clickTile("side", 0);
 
@@ -77,8 +77,8 @@ TEST_P(OpenHere, WaitsForAWindowThatComesLate) {
 
 TEST_P(OpenHere, KeepsTwoLaunchesApart) {
     runWith(openHere);
-    tell(0, {"--delay", "900", "--at", cornerOn("main")});
-    tell(1, {"--delay", "600", "--at", cornerOn("main")});
+    setArguments(0, {"--delay", "900", "--at", cornerOn("main")});
+    setArguments(1, {"--delay", "600", "--at", cornerOn("main")});
 
     clickTile("side", 0);
     clickTile("above", 1);
@@ -89,7 +89,7 @@ TEST_P(OpenHere, KeepsTwoLaunchesApart) {
 
 TEST_P(OpenHere, FetchesAWindowFromAnotherDesktop) {
     runWith(openHere);
-    tell(0, {"--desktop", "1", "--at", cornerOn("main")});
+    setArguments(0, {"--desktop", "1", "--at", cornerOn("main")});
 
     clickTile("side", 0);
 
@@ -99,7 +99,8 @@ TEST_P(OpenHere, FetchesAWindowFromAnotherDesktop) {
 
 TEST_P(OpenHere, MovesAWindowOfAnUnknownProcess) {
     runWith(openHere);
-    tell(0, {"--property", "WM_CLIENT_MACHINE=elsewhere.example", "--at", cornerOn("main")});
+    setArguments(0,
+                 {"--property", "WM_CLIENT_MACHINE=elsewhere.example", "--at", cornerOn("main")});
 
     clickTile("above", 0);
 
@@ -110,14 +111,14 @@ TEST_P(OpenHere, MovesAWindowOfAnUnknownProcess) {
 TEST_P(OpenHere, BringsBackAWindowThatMovesItselfAwayAtOnce) {
     runWith(openHere);
     const auto record = desktop().home().scratch() / "moves";
-    tell(0, {"--later", "100:" + cornerOn("main"), "--record", record.string(), "--at",
-             cornerOn("main")});
+    setArguments(0, {"--later", "100:" + cornerOn("main"), "--record", record.string(), "--at",
+                     cornerOn("main")});
 
     clickTile("side", 0);
     ASSERT_TRUE(comesToMiddle(windowOf(0), "side"));
     ASSERT_TRUE(eventually([&] { return readFile(record).contains("moved by itself"); }));
 
-    // It goes over there and comes back, or has done so already.
+    // It moves away and is brought back, or that has already happened.
     EXPECT_TRUE(comesToMiddle(windowOf(0), "side"));
     clickTile("side", 1);
     EXPECT_TRUE(logs("click launch " + apps[1].id));
@@ -126,7 +127,7 @@ TEST_P(OpenHere, BringsBackAWindowThatMovesItselfAwayAtOnce) {
 
 TEST_P(OpenHere, LeavesAWindowToTheUserOnceItHasRested) {
     runWith(openHere);
-    tell(0, {"--at", cornerOn("main")});
+    setArguments(0, {"--at", cornerOn("main")});
     clickTile("side", 0);
     const auto window = windowOf(0);
     ASSERT_TRUE(comesToMiddle(window, "side"));
@@ -134,11 +135,11 @@ TEST_P(OpenHere, LeavesAWindowToTheUserOnceItHasRested) {
     ASSERT_TRUE(eventually(
         [&] { return std::chrono::steady_clock::now() - start > std::chrono::seconds{1}; }));
 
-    // As a pager, a shortcut or an entry of the window's menu does it: nothing is held down.
+    // Moved without a button held, like by a pager, a shortcut or the window menu.
     const PixelRect above = desktop().monitor("above").frame;
     moveTo(window, {above.x + 300, above.y + 200});
     ASSERT_TRUE(comesOnto(window, "above"));
-    // A click on the other tile is answered after what the program heard of the window.
+    // A click on the other tile is handled after the events about the window.
     desktop().client().sync();
     clickTile("side", 1);
     ASSERT_TRUE(logs("placement done for " + apps[1].id));
@@ -148,18 +149,18 @@ TEST_P(OpenHere, LeavesAWindowToTheUserOnceItHasRested) {
 
 TEST_P(OpenHere, LeavesAWindowToTheUsersHand) {
     runWith(openHere);
-    tell(0, {"--at", cornerOn("main")});
+    setArguments(0, {"--at", cornerOn("main")});
     clickTile("side", 0);
     const auto window = windowOf(0);
     ASSERT_TRUE(comesToMiddle(window, "side"));
 
-    // As a window manager moves it that the user drags.
+    // Moved with the button held, as when the user drags it.
     const PixelRect above = desktop().monitor("above").frame;
     desktop().pointer().moveTo(outerFrame(window).center());
     desktop().pointer().press(Pointer::Button::primary);
     moveTo(window, {above.x + 300, above.y + 200});
     ASSERT_TRUE(comesOnto(window, "above"));
-    // A hand holds on for longer than the program takes to look whether it does.
+    // The button is held for longer than the program's polling interval.
     const auto start = std::chrono::steady_clock::now();
     ASSERT_TRUE(eventually(
         [&] { return std::chrono::steady_clock::now() - start > std::chrono::milliseconds{500}; }));
@@ -173,7 +174,7 @@ TEST_P(OpenHere, LeavesAWindowToTheUsersHand) {
 
 TEST_P(OpenHere, GivesUpOnAnAppThatNeverShowsAWindow) {
     runWith(openHere);
-    tell(0, {"--delay", "60000"});
+    setArguments(0, {"--delay", "60000"});
 
     clickTile("side", 0);
 
@@ -195,7 +196,7 @@ TEST_P(OpenHere, LaunchesAllTheSameWithoutAWindowManager) {
 
 TEST_P(OpenHere, GivesUpQuietlyWhenTheWindowManagerGoes) {
     runWith(openHere);
-    tell(0, {"--delay", "1500", "--at", cornerOn("main")});
+    setArguments(0, {"--delay", "1500", "--at", cornerOn("main")});
 
     clickTile("side", 0);
     ASSERT_TRUE(logs("placement armed for " + apps[0].id + " on #"));

@@ -8,7 +8,7 @@ namespace {
 
 class PinnedList : public DesktopTest {
 protected:
-    /// The dock on "right" comes to show exactly these apps, in this order.
+    /// Waits until the dock on "right" shows exactly these apps, in this order.
     void expectTiles(const std::vector<App>& apps) {
         const auto request = tiles(static_cast<int>(apps.size()));
         ASSERT_TRUE(docksSettle(request));
@@ -57,7 +57,7 @@ TEST_F(PinnedList, KeepsFollowingAfterARename) {
     replaceFile(desktop().home().dockPreferences(),
                 desktop().home().dockList(std::vector{apps[1], apps[2], apps[3]}));
     expectTiles({apps[1], apps[2], apps[3]});
-    // The watch takes a second to move to the new file.
+    // Moving the watch to the new file takes a second.
     using namespace std::chrono_literals;
     const int before = desktop().log().count("mirror: ");
     EXPECT_TRUE(eventually([&] {
@@ -146,7 +146,7 @@ TEST_F(PinnedList, OverflowsADisplayThatIsTooNarrow) {
     const auto dock = layout("right", tiles(count));
     constexpr double smallest = 16;
     EXPECT_EQ(dock.iconSize(), smallest);
-    // The strip is centred, so that the tiles in the middle are on the display.
+    // The strip is centred, so the tiles in the middle are on the display.
     constexpr int middle = count / 2;
     EXPECT_TRUE(turns(dock.icon(middle), all[middle].colour));
     desktop().pointer().click(dock.icon(middle));

@@ -121,7 +121,7 @@ testing::AssertionResult ProgramWindowTest::focus(const BusObject& control) {
     constexpr int mostControls = 30;
     std::optional<BusObject> before;
     for (int i = 0; i < mostControls; ++i) {
-        // A key that is still on its way would move the focus on later.
+        // Waits for the effect of each key, since a pending one would move the focus on later.
         std::optional<BusObject> now;
         const auto hasMoved = [&] {
             now = tree.focused();

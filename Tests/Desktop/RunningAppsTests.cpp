@@ -1,4 +1,4 @@
-/// Apps that run show on the docks.
+/// Docks show the running apps.
 #include "DesktopTest.hpp"
 
 #include <csignal>
@@ -8,7 +8,7 @@ namespace {
 
 class RunningApps : public DesktopTest {
 protected:
-    /// Runs the program with Alpha and Beta installed and only Alpha pinned.
+    /// Runs the program with Alpha and Beta installed, but only Alpha pinned.
     void runWithAlphaPinned() {
         auto& desktop = make({.monitors = twoMonitors()});
         desktop.home().install(alpha);
@@ -86,7 +86,7 @@ TEST_F(RunningApps, DoNotCountWhenTheyKeepOffTheTaskbar) {
     runWithAlphaPinned();
     desktop().launch(beta, {"--skip-taskbar"});
     ASSERT_TRUE(eventually([&] { return !desktop().windowsOf(beta).empty(); }));
-    // Alpha's start is seen after Beta's; only Alpha's dot comes of both.
+    // Alpha's start is noticed after Beta's, so once its dot shows, Beta's window has been handled.
     desktop().launch(alpha);
     EXPECT_TRUE(dotShows(layout("right", tiles(1)).dot(0), true));
     EXPECT_TRUE(docksSettle(tiles(1)));

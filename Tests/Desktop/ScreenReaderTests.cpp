@@ -1,5 +1,5 @@
-/// What somebody who does not see the screen can do with the docks: assistive technology finds
-/// every tile, says what it is, presses it and opens its menu.
+/// Docks through a screen reader: assistive technology finds every tile, announces it, presses it
+/// and opens its menu.
 #include "DesktopTest.hpp"
 
 #include <csignal>
@@ -25,7 +25,7 @@ protected:
         return testing::AssertionFailure() << "it finds " << testing::PrintToString(names());
     }
 
-    /// Of everything that can be pressed, in the order it comes in.
+    /// The names of everything that can be pressed, in order.
     [[nodiscard]] Words names() { return desktop().controls().names(Role::pushButton); }
 
     [[nodiscard]] BusObject tile(const std::string& name) {

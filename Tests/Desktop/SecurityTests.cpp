@@ -1,5 +1,5 @@
-/// What others wrote becomes arguments and nothing more, the program's files are its user's alone,
-/// and only who may use the display reaches the program that runs there.
+/// Untrusted texts become nothing but arguments, the program's files are private to its user, and
+/// only clients that may use the display can reach the program.
 #include "DesktopTest.hpp"
 
 #include <sys/stat.h>
@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 
 class Security : public DesktopTest {
 protected:
-    /// A command that a shell would carry out if it saw one of these texts.
+    /// A command that a shell would execute if it interpreted one of these texts.
     [[nodiscard]] std::string trap() { return "touch '" + sprung().string() + "'"; }
     [[nodiscard]] fs::path sprung() { return desktop().home().scratch() / "sprung"; }
 
@@ -30,16 +30,16 @@ protected:
         return ::stat(path.c_str(), &found) == 0 ? found.st_mode & 07777U : 0;
     }
 
-    /// From now on the X server takes nobody else in, as it does with other users.
+    /// Makes the X server refuse new clients, as it does for other users.
     void closeDisplay() {
         xcb_connection_t* const connection = desktop().client().get();
-        // Sent by hand, as xcb's own list of families lacks that of all local users.
+        // Sent manually, because xcb's list of families lacks the one of all local users.
         xcb_change_hosts_request_t change{};
         change.mode = XCB_HOST_MODE_DELETE;
         change.family = 252;
         xcb_protocol_request_t request{
             .count = 1, .ext = nullptr, .opcode = XCB_CHANGE_HOSTS, .isvoid = 1};
-        // xcb wants room for two of its own before the first.
+        // xcb needs two free entries before the first.
         std::array<iovec, 3> parts{{{}, {}, {&change, sizeof change}}};
         xcb_send_request(connection, 0, &parts.back(), &request);
         xcb_set_access_control(connection, XCB_ACCESS_CONTROL_ENABLE);
@@ -47,7 +47,7 @@ protected:
     }
 };
 
-TEST_F(Security, TheWordsOfAnEntryAreArgumentsAndNoCommands) {
+TEST_F(Security, TheWordsOfAnEntryAreArgumentsAndNotCommands) {
     auto& desktop = make({.monitors = twoMonitors()});
     const std::vector<std::string> words{"$(" + trap() + ")", "`" + trap() + "`", "; " + trap(),
                                          "| " + trap(), "&& " + trap() + " #"};
@@ -99,7 +99,7 @@ TEST_F(Security, TheFolderAndTheLogAreTheUsersAloneWhateverTheUmask) {
     EXPECT_EQ(mode(desktop.home().log()), 0600U);
 }
 
-TEST_F(Security, AStartByWhoMayNotUseTheDisplayDisturbsNobody) {
+TEST_F(Security, AStartWithoutAccessToTheDisplayHasNoEffect) {
     runWithTwoDisplays(someApps(1));
     ASSERT_TRUE(docksSettle(tiles(1)));
     closeDisplay();

@@ -1,4 +1,4 @@
-/// The program in sessions that lack something, and its own start and end.
+/// The program in sessions that lack something, and its start and end.
 #include "DesktopTest.hpp"
 #include "Support/SilentSocket.hpp"
 
@@ -12,14 +12,14 @@ namespace {
 
 class Session : public DesktopTest {
 protected:
-    /// How a run of the program ended, and what it said.
+    /// How a run of the program ended, and its output.
     struct Ended {
         int exitCode = -1;
         std::string output;
         std::string errors;
     };
 
-    /// Runs the program in this environment until it ends by itself.
+    /// Runs the program in this environment until it exits.
     Ended runToTheEnd(const Environment& environment) {
         const auto output = desktop().home().scratch() / "second.out";
         const auto errors = desktop().home().scratch() / "second.err";
@@ -151,7 +151,7 @@ TEST_F(Session, SurvivesTheWindowManagersRestart) {
 }
 
 TEST_F(Session, RunsWithoutASessionBus) {
-    // The desktop of the tests has none; an app still launches.
+    // The desktop has no session bus; an app still launches.
     runWithTwoDisplays(apps);
     ASSERT_TRUE(docksSettle(twoTiles));
     desktop().pointer().click(layout("right", twoTiles).icon(0));
@@ -177,7 +177,7 @@ TEST_F(Session, DoesWithoutASessionBusThatNeverAnswers) {
 
     EXPECT_TRUE(docksSettle(twoTiles));
     EXPECT_TRUE(logs("session bus does not answer, going on without it"));
-    // Apps are told of the bus that there is.
+    // Apps get the address of the real bus.
     desktop().pointer().click(layout("right", twoTiles).icon(0));
     EXPECT_TRUE(eventually([&] { return desktop().isActive(apps[0]); }));
     const auto app = desktop().client().words(desktop().windowsOf(apps[0]).at(0), "_NET_WM_PID");

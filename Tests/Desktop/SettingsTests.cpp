@@ -1,4 +1,4 @@
-/// What a preferences file that is there at the start changes on the screen.
+/// The effect of settings that are in the preferences file at start-up.
 #include "DesktopTest.hpp"
 
 namespace vireline::desktop {
@@ -6,7 +6,7 @@ namespace {
 
 class Preferences : public DesktopTest {
 protected:
-    /// Runs the program with two displays, two pinned apps, and these members in its preferences.
+    /// Runs the program with two displays, two pinned apps, and these additional preferences.
     VirtualDesktop& runWith(const std::string& members) {
         auto& desktop = make({.monitors = twoMonitors()});
         for (const auto& app : apps)
@@ -17,7 +17,7 @@ protected:
         return desktop;
     }
 
-    /// The part of the display "right" that the first app's icon takes; screen coordinates.
+    /// The frame of the first app's icon on the display "right", in screen coordinates.
     [[nodiscard]] PixelRect firstIcon() {
         const PixelRect display = desktop().monitor("right").frame;
         auto icon = desktop().picture(display).bounds(apps[0].colour);
@@ -79,7 +79,8 @@ TEST_F(Preferences, MagnifyTheTileUnderThePointer) {
     constexpr int atRest = 44;
     EXPECT_EQ(firstIcon().width, atRest);
     desktop().pointer().moveTo(icon);
-    // A grown tile's sides fall between pixels, where its colour is mixed with the strip's.
+    // The edges of a magnified tile lie between pixels, where its colour is blended with the
+    // strip's.
     EXPECT_TRUE(eventually([&] { return firstIcon().width >= 2 * atRest - 1; })) << firstIcon();
     EXPECT_LE(firstIcon().width, 2 * atRest);
     desktop().pointer().moveTo(desktop().monitor("left").frame.center());
@@ -93,7 +94,7 @@ TEST_F(Preferences, KeepTilesAtRestWhileMagnificationIsOff) {
     ASSERT_TRUE(turns(icon, apps[0].colour));
     const auto before = firstIcon();
     desktop().pointer().moveTo(icon);
-    // The label comes with the pointer, and by then the tile would have begun to grow.
+    // The label appears with the pointer, and by then the tile would have started to grow.
     const auto dock = plannedDock("right", twoTiles).frame;
     const PixelRect labels{dock.x, dock.y, dock.width, 20};
     const auto empty = desktop().picture(labels);
@@ -143,7 +144,7 @@ TEST_F(Preferences, AreReadOnlyOnce) {
     twoTiles.position = DockPosition::left;
     ASSERT_TRUE(docksSettle(twoTiles));
     desktop().home().writePreferences(R"({"onboardingCompleted": true, "position": "right"})");
-    // Everything is planned anew, from the settings in memory.
+    // Forces a new plan from the settings in memory.
     const int before = desktop().log().count("reconcile ");
     auto monitors = twoMonitors();
     monitors[1].frame.height -= 100;

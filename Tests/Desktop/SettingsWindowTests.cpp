@@ -1,5 +1,5 @@
-/// The settings window on a real desktop: how it opens and closes, and that every control changes
-/// the file, the docks and what the window says, by pointer and by keyboard.
+/// The settings window on a real desktop: it opens and closes, and every control changes the file,
+/// the docks and the window's texts, by pointer and by keyboard.
 #include "ProgramWindowTest.hpp"
 
 #include <algorithm>
@@ -36,7 +36,7 @@ TEST_F(SettingsWindow, IsAsLargeAsItShouldBeAndInTheMiddleOfTheDisplayWithThePoi
     const auto frame = desktop().client().frame(window(settingsTitle)).value();
     EXPECT_EQ(frame.width, 480);
     EXPECT_EQ(frame.height, 640);
-    // The window manager's frame shifts it by some pixels.
+    // The window manager's decoration shifts it by some pixels.
     constexpr int frameThickness = 40;
     EXPECT_NEAR(frame.center().x, display.center().x, frameThickness);
     EXPECT_NEAR(frame.center().y, display.center().y, frameThickness);
@@ -101,7 +101,7 @@ TEST_F(SettingsWindow, IsNoAppInTheDock) {
     runWith();
     openSettings();
 
-    // A tile of its own would have come with the window.
+    // If the window counted as an app, it would have added a tile.
     EXPECT_TRUE(docksSettle(twoTiles));
     EXPECT_EQ(desktop().log().count("reframed panel"), 0);
 }
@@ -161,9 +161,9 @@ TEST_F(SettingsWindow, SaysWhatAWindowManagerThatMovesNoWindowsDisables) {
     };
     EXPECT_TRUE(says(warning));
     EXPECT_EQ(warnings(), 3);
-    // The anchor needs none.
+    // The anchor does not need a window manager.
     EXPECT_TRUE(says("Active. The desktop's dock stays where it is."));
-    // Only the dock has buttons: there is no permission to lead to.
+    // The only buttons are those of the dock, since there is no permission to ask for.
     EXPECT_EQ(desktop().controls().names(Role::pushButton),
               (std::vector<std::string>{"Alpha", "Beta", "Downloads", "Trash"}));
 
@@ -205,20 +205,20 @@ TEST_F(SettingsWindow, NamesEveryControl) {
     EXPECT_EQ(tree.names(Role::slider), (std::vector<std::string>{"Icon size", "Magnify to"}));
 }
 
-/// One control, how to use it, and what must come of it.
+/// A control, how to operate it, and the expected effect.
 struct ControlCase {
     const char* name;
     Role role;
-    /// What the control is called; of a group, the option to be chosen.
+    /// The control's name; for a group, the option to choose.
     std::string control;
-    /// The option of the group that has the focus before.
+    /// The group's option that is focused before.
     std::string from{}; // NOLINT(readability-redundant-member-init)
     xcb_keysym_t key = Keyboard::space;
-    /// What the file holds then.
+    /// The expected change of the file.
     void (*change)(Settings&) = nullptr;
-    /// What the docks are planned with then.
+    /// The expected change of the docks' plan.
     void (*plan)(PanelPlanner::Request&) = [](PanelPlanner::Request&) {};
-    /// What a label says then.
+    /// The expected text of a label.
     std::string label{}; // NOLINT(readability-redundant-member-init)
 
     friend std::ostream& operator<<(std::ostream& out, const ControlCase& control) {
@@ -277,14 +277,14 @@ std::vector<ControlCase> allButSliders() {
 
 class SettingsControl : public ProgramWindowTest, public testing::WithParamInterface<ControlCase> {
 protected:
-    /// The file, the docks and the window all show what the control was used for.
+    /// Checks that the file, the docks and the window all reflect the change.
     void expectChange() {
         const ControlCase& used = GetParam();
         Settings expected;
         expected.onboardingCompleted = true;
         used.change(expected);
         EXPECT_TRUE(saves([&](Settings settings) {
-            // The manual list is seeded with what was mirrored.
+            // The manual list is initialised from the mirrored one.
             settings.manualApps.clear();
             return settings == expected;
         }));
@@ -326,11 +326,11 @@ INSTANTIATE_TEST_SUITE_P(Each, SettingsControl, testing::ValuesIn(allButSliders(
 
 class SettingsSlider : public ProgramWindowTest {
 protected:
-    /// Drags the slider's knob from where it is to a share of its length.
+    /// Drags the slider's knob between two positions, given as fractions of its length.
     void drag(const BusObject& slider, double from, double to) {
         const auto frame = bringIntoView(slider);
         const auto at = [&](double share) {
-            // Half a knob and the ring around it at both ends.
+            // Half a knob plus the focus ring, at both ends.
             constexpr int reach = 14;
             return PixelPoint{frame.x + reach + static_cast<int>(share * (frame.width - 2 * reach)),
                               frame.center().y};

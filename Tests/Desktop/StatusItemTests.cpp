@@ -1,6 +1,5 @@
-/// The status item on real desktops: with a panel that shows status notifier items, in a system
-/// tray, with either coming and going, and without both; and the start at login that its menu
-/// switches.
+/// The status item on real desktops: in a panel with status notifier items, in a system tray, with
+/// either appearing and disappearing, and without both; and the login item that its menu toggles.
 #include "ProgramWindowTest.hpp"
 
 #include <algorithm>
@@ -46,7 +45,7 @@ protected:
             return testing::AssertionSuccess();
         return testing::AssertionFailure() << (has ? "no icon in the tray" : "the icon stays");
     }
-    /// The icon's place on the screen.
+    /// The icon's frame on the screen.
     [[nodiscard]] PixelRect trayIconFrame() {
         return desktop().client().frame(trayIcon()).value_or(PixelRect{});
     }
@@ -153,7 +152,7 @@ TEST_F(StatusItem, SharesTheStartAtLoginWithTheSettings) {
     EXPECT_TRUE(logs("login item registered"));
     EXPECT_EQ(host.openMenu(), menuWithLogin(true));
 
-    // The switch is read when the window is shown, not before.
+    // The switch is updated when the window is shown, not before.
     close(settingsTitle);
     host.choose("Launch at Login");
     EXPECT_TRUE(logs("login item unregistered"));
@@ -186,7 +185,7 @@ TEST_F(StatusItem, SaysWhyTheStartAtLoginCannotBeSwitched) {
     runWith();
     const auto host = desktop().startNotifierHost();
     ASSERT_TRUE(isRegistered(host));
-    // A file where the folder should be stops anybody, root included.
+    // A file in place of the folder makes writing fail, even for root.
     writeFile(autostartEntry().parent_path(), "");
 
     host.choose("Launch at Login");
@@ -257,7 +256,7 @@ TEST_F(StatusItem, OpensItsMenuInTheTrayForAClickAlone) {
         pointer.release(Pointer::Button::primary);
     }
 
-    // A menu would take this click for its own.
+    // An open menu would consume this click.
     pointer.click(layout("right", twoTiles).icon(0));
     EXPECT_TRUE(logs("click launch " + apps[0].id));
     EXPECT_TRUE(desktop().docks().menus().empty());
@@ -268,7 +267,7 @@ TEST_F(StatusItem, StandsOutFromTheTray) {
     startTray();
     ASSERT_TRUE(trayHasIcon(true));
 
-    // On a dark ground the symbol is bright.
+    // On a dark background the symbol is light.
     EXPECT_TRUE(eventually([&] {
         const auto picture = desktop().picture(trayIconFrame());
         constexpr Colour bright{240, 240, 244};
@@ -320,7 +319,7 @@ TEST_F(StatusItem, MovesFromTheTrayToAHostAndBack) {
     EXPECT_TRUE(trayHasIcon(true));
 }
 
-TEST_F(StatusItem, StaysInTheTrayWhileNobodyShowsTheListOfItems) {
+TEST_F(StatusItem, StaysInTheTrayWhileNoHostShowsItems) {
     runWith();
     startTray();
     const auto host = desktop().startNotifierHost(false);
@@ -340,7 +339,7 @@ TEST_F(StatusItem, IsInTheTrayWithoutASessionBus) {
     EXPECT_TRUE(trayHasIcon(true));
 }
 
-TEST_F(StatusItem, IsMissedByNobodyWhereThereIsNoPlaceForIt) {
+TEST_F(StatusItem, IsNotNeededWhereThereIsNoPlaceForIt) {
     runWithTwoDisplays(apps);
     ASSERT_TRUE(docksSettle(twoTiles));
 
@@ -366,10 +365,10 @@ TEST_F(StatusItem, OutlivesTheSessionBus) {
     EXPECT_TRUE(desktop().vireline().isRunning());
 }
 
-/// The bare glass of a dock, between its edge and its first tile.
+/// The empty glass of a dock, between its end and its first tile.
 class BesideTheTiles : public StatusItem {
 protected:
-    /// A point there, once the dock is at its place.
+    /// A point there; waits until the dock is in place.
     [[nodiscard]] PixelPoint glass() {
         EXPECT_TRUE(docksSettle(twoTiles));
         const auto icon = layout("right", twoTiles).icon(0);
@@ -384,7 +383,7 @@ protected:
         return std::ranges::any_of(desktop().docks().inputRegion(dock.window),
                                    [&](const PixelRect& part) { return part.contains(inside); });
     }
-    /// Opens its menu and chooses the last of `count` entries; how high the menu is.
+    /// Opens the menu there and chooses the last of its `count` entries; returns the menu's height.
     int chooseLast(int count) {
         const auto menu = openMenu(glass());
         EXPECT_NE(menu, xcb_window_t{XCB_NONE});

@@ -1,4 +1,4 @@
-/// A click on a running app's tile brings its window to the display that was clicked.
+/// Clicking a running app's tile brings its window to the clicked display.
 #include "WindowFeatureTest.hpp"
 
 #include <algorithm>
@@ -12,7 +12,7 @@ constexpr const char* summonOnClick = R"("summonOnClick": true)";
 
 class Summon : public UnderEachManager {
 protected:
-    /// Well inside the monitor.
+    /// A position well inside the monitor.
     [[nodiscard]] PixelPoint placeOn(const std::string& monitor) {
         const PixelRect display = desktop().monitor(monitor).frame;
         return {display.x + 100, display.y + 120};
@@ -23,7 +23,7 @@ protected:
                std::to_string(desktop().displayIDOf(monitor));
     }
 
-    /// Asks the window manager to take the window out of these states.
+    /// Asks the window manager to remove these states from the window.
     void takeStates(xcb_window_t window, const std::string& first, const std::string& second) {
         constexpr std::uint32_t remove = 0;
         constexpr std::uint32_t fromPager = 2;
@@ -33,7 +33,7 @@ protected:
                            client.atom("_NET_WM_STATE_" + second), fromPager});
     }
 
-    /// Clicks Alpha's tile there and sees its window come.
+    /// Clicks Alpha's tile there and waits for its window to arrive.
     void summonTo(const std::string& monitor) {
         clickTile(monitor);
         EXPECT_TRUE(comesToMiddle(windowOf(), monitor));
@@ -150,7 +150,7 @@ TEST_P(Summon, KeepsAMaximisedWindowMaximised) {
         return hasState(window, "MAXIMIZED_HORZ") && hasState(window, "MAXIMIZED_VERT") &&
                side.contains(outer.center()) && outer.width == side.width;
     })) << outerFrame(window);
-    // Made ordinary again, it stays on that display.
+    // After the states are removed, it stays on that display.
     takeStates(window, "MAXIMIZED_HORZ", "MAXIMIZED_VERT");
     EXPECT_TRUE(eventually([&] {
         const PixelRect outer = outerFrame(window);
@@ -230,7 +230,7 @@ TEST_P(Summon, CentresAWindowThatIsLargerThanTheDisplay) {
 
     EXPECT_TRUE(comesOnto(window, "side"));
     ASSERT_TRUE(logs(summoned("side")));
-    // It counts as being here from then on.
+    // From then on the window counts as being on this display.
     clickTile("side");
     EXPECT_TRUE(logs("click hide " + apps[0].id));
 }

@@ -1,4 +1,4 @@
-/// Tiles that are dragged to another place of their dock.
+/// Dragging tiles to other positions in their dock.
 #include "DesktopTest.hpp"
 
 namespace vireline::desktop {
@@ -6,7 +6,7 @@ namespace {
 
 class TileDrag : public DesktopTest {
 protected:
-    /// Runs the program with three apps pinned and the docks at an edge.
+    /// Runs the program with three pinned apps and docks at the given edge.
     void run(Options options = {}, DockPosition position = DockPosition::bottom) {
         if (options.monitors.empty())
             options.monitors = twoMonitors();
@@ -23,7 +23,7 @@ protected:
 
     [[nodiscard]] PixelPoint tile(int index) { return layout(display, request).icon(index); }
 
-    /// Takes a tile off and moves it step by step to where another one is, without letting go.
+    /// Drags a tile step by step to another one's position, without releasing it.
     void drag(int from, int to) {
         desktop().pointer().moveTo(tile(from));
         desktop().pointer().press(Pointer::Button::primary);
@@ -37,7 +37,7 @@ protected:
     }
     void letGo() { desktop().pointer().release(Pointer::Button::primary); }
 
-    /// The dock on a display comes to show exactly these, in this order.
+    /// Waits until the dock on a display shows exactly these apps, in this order.
     void expectTiles(const std::vector<App>& expected, const std::string& monitor = "right") {
         const auto dock = layout(monitor, request);
         for (std::size_t i = 0; i < expected.size(); ++i) {
@@ -107,7 +107,7 @@ TEST_F(TileDrag, MakesTheMirroredListTheUsersOwn) {
     EXPECT_EQ(desktop().log().count("list edited while mirroring: switched to manual, seeded"), 1);
     const auto saved = readFile(desktop().home().preferences());
     EXPECT_LT(saved.find(gamma.id), saved.find(beta.id)) << saved;
-    // What the other dock does from now on is its own affair.
+    // From now on the other dock's list is independent.
     desktop().home().pin(std::vector{alpha});
     ASSERT_TRUE(logs("mirror: 1 pinned apps"));
     expectTiles({alpha, gamma, beta});
@@ -130,7 +130,7 @@ TEST_F(TileDrag, LeavesATileThatIsLetGoNearbyWhereItWas) {
     desktop().pointer().moveTo(place);
     desktop().pointer().press(Pointer::Button::primary);
     desktop().pointer().moveTo({place.x + 20, place.y});
-    // Over its neighbour's edge, on top of it.
+    // Above its neighbour's edge, drawn on top of it.
     ASSERT_TRUE(turns({place.x + 40, place.y}, beta.colour));
     letGo();
     expectTiles({alpha, beta, gamma});
@@ -159,7 +159,7 @@ TEST_F(TileDrag, GivesTheKeyboardBack) {
     run();
     EXPECT_FALSE(desktop().keyboard().isHeld());
     drag(0, 1);
-    // Asking holds it as well, for a moment, and must not come first.
+    // Must come first, because checking the grab takes it for a moment.
     ASSERT_TRUE(turns(tile(0), beta.colour));
     EXPECT_TRUE(eventually([&] { return desktop().keyboard().isHeld(); }));
     letGo();
@@ -193,7 +193,7 @@ TEST_F(TileDrag, NeverMovesRunningAndUtilityTiles) {
         desktop().pointer().moveTo(desktop().monitor("right").frame.center());
         ASSERT_TRUE(turns(label, noLabel));
     }
-    // Let go over another tile they are no clicks either.
+    // Releasing it over another tile does not click that either.
     desktop().pointer().click(tile(1));
     ASSERT_TRUE(logs("click launch " + beta.id));
     EXPECT_EQ(desktop().log().count("manual"), 0);

@@ -1,4 +1,4 @@
-/// The welcome tour on a real desktop: through all of its pages, and not shown again.
+/// The welcome tour on a real desktop: all of its pages, and that it is shown only once.
 #include "ProgramWindowTest.hpp"
 
 namespace vireline::desktop {
@@ -8,7 +8,7 @@ using Role = AccessibleRole;
 
 class TourWindow : public ProgramWindowTest {
 protected:
-    /// Presses a button and waits for the page that begins with this title.
+    /// Presses a button and waits for the page whose title begins like this.
     void turn(const std::string& button, const std::string& title) {
         click(Role::pushButton, button);
         EXPECT_TRUE(says(title));

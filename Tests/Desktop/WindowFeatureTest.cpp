@@ -59,7 +59,7 @@ void WindowFeatureTest::reveal(const std::string& monitor) {
     desktop().pointer().moveTo(pixels(plan.spec.collapsedFrame()).center());
     EXPECT_TRUE(
         eventually([&] { return isShownAt(plan.overhang.around(plan.spec.hoverFrame())); }));
-    // A tile that has grown mixes its pixels.
+    // The pixels of a magnified tile are blended.
     constexpr int mixed = 100;
     EXPECT_TRUE(eventually(
         [&] { return desktop().pixel(tile(monitor)).distance(apps[0].colour) < mixed; }));
@@ -72,7 +72,7 @@ xcb_window_t WindowFeatureTest::open(int index, PixelPoint corner,
     const App& app = apps.at(static_cast<std::size_t>(index));
     desktop().launch(app, std::move(arguments));
     EXPECT_TRUE(eventually([&] { return desktop().isActive(app); }));
-    // A dock that hides comes out only after the program has heard of the window.
+    // An auto-hiding dock expands only after the program has noticed the window.
     if (!autoHide) {
         EXPECT_TRUE(
             dotShows(layout(desktop().planned(request).front().monitor.name, request).dot(index),

@@ -1,5 +1,5 @@
-/// What every Accessibility port does, the fake and the real one alike. The real one meets programs
-/// of their own under a window manager; whatever it asks of that one comes true a little later.
+/// The contract of Accessibility, run against the fake and the real adapter. The real one uses
+/// separate programs and a window manager, so its requests take effect with a delay.
 #include "Applications/DesktopEntryCatalog.hpp"
 #include "Applications/EwmhRunningApplications.hpp"
 #include "ClientWindows/EwmhAccessibility.hpp"
@@ -17,10 +17,10 @@ namespace {
 
 enum class Kind : std::uint8_t { normal, dialogs, ofUnknownProcess };
 
-/// A program that was started; it calls its windows by number, the oldest 0.
+/// A running program; its windows are numbered from 0, the oldest.
 struct Program {
     std::string bundleID;
-    /// 0 when the port cannot know it.
+    /// 0 if the port cannot know it.
     std::int32_t process = 0;
 };
 
@@ -57,7 +57,7 @@ protected:
     [[nodiscard]] Rect outerFrame(const Program& program, std::size_t window) {
         return windows_[program.bundleID].at(window)->frame;
     }
-    /// A size that exceeds the window's own.
+    /// Sets a minimum size that exceeds the window's current size.
     void setMinimumSize(const Program& program, std::size_t window, Size outer) {
         windows_[program.bundleID].at(window)->minimumSize = outer;
     }
@@ -104,7 +104,7 @@ protected:
         auto& process = desk().run(TEST_APP, std::move(arguments));
         EXPECT_TRUE(eventually([&] { return applications_.windows(bundleID).size() == windows; }));
         auto ids = windowsOf(bundleID);
-        // A program numbers its windows as it makes them.
+        // A program numbers its windows in order of creation.
         std::ranges::sort(ids);
         running_.insert_or_assign(bundleID, Running{&process, std::move(ids)});
         return {bundleID, kind == Kind::ofUnknownProcess ? 0 : process.pid()};
@@ -125,7 +125,7 @@ protected:
     }
     void end(const Program& program) { running_.at(program.bundleID).process->signal(SIGKILL); }
 
-    /// Every display here has a point a pixel but the one on the right.
+    /// All displays have one pixel per point, except the one on the right.
     [[nodiscard]] Rect outerFrame(const Program& program, std::size_t window) {
         const auto id = idOf(program, window);
         const auto inner = client().frame(id).value_or(desktop::PixelRect{});
@@ -143,7 +143,7 @@ protected:
         hints[5] = static_cast<std::uint32_t>(outer.width - sides.left - sides.right);
         hints[6] = static_cast<std::uint32_t>(outer.height - sides.top - sides.bottom);
         client().setWords(id, "WM_NORMAL_HINTS", XCB_ATOM_WM_SIZE_HINTS, hints);
-        // The window manager enlarges the window at once, and moves it too.
+        // The window manager enlarges the window at once, and may move it.
         EXPECT_TRUE(eventually([&] { return outerFrame(program, window).size() == outer; }));
     }
 
@@ -155,7 +155,7 @@ protected:
         desk().startWindowManager();
         isManaged_ = true;
     }
-    /// The window manager goes on, but says what one says that moves no windows.
+    /// The window manager keeps running, but no longer announces that it moves windows.
     void loseTheAbilityToMoveWindows() {
         supported_ = client().words(client().root(), "_NET_SUPPORTED");
         auto fewer = supported_;
@@ -234,7 +234,7 @@ protected:
         return this->port.windows(*app(program)).value_or(std::vector<ElementHandle>{});
     }
 
-    /// A program whose windows have different corners, in the order in which they are listed.
+    /// A program whose windows have different corners, in their listed order.
     Program runPlaced(std::size_t count) {
         const Program program = this->run(count);
         const auto elements = windows(program);
@@ -270,7 +270,7 @@ protected:
                << "the window is at " << this->outerFrame(program, 0) << " and not at " << frame;
     }
 
-    /// Whatever is asked of it.
+    /// Whether every call about the window fails.
     testing::AssertionResult failsAtAll(AccessibilityElement& window) {
         auto outcome = fails(this->port.position(window));
         outcome = outcome ? fails(this->port.size(window)) : outcome;
@@ -416,7 +416,7 @@ TYPED_TEST(AccessibilityContract, PutsAWindowThereAndReadsItsPositionBack) {
     const auto window = this->window(program);
     const Size size = this->outerFrame(program, 0).size();
 
-    // The second lies on the display at the left, above the primary's upper edge.
+    // The second is on the display to the left, above the primary's upper edge.
     for (const Point corner : {Point{300, 200}, Point{-900, -100}}) {
         ASSERT_TRUE(this->port.setPosition(*window, corner));
         EXPECT_TRUE(this->comesTo(program, {corner.x, corner.y, size.width, size.height}));
@@ -490,7 +490,7 @@ TYPED_TEST(AccessibilityContract, FailsWhenNobodyAnswersWithinTheTimeOut) {
     using Clock = std::chrono::steady_clock;
     const Program program = this->runPlaced(1);
     const auto window = this->window(program);
-    // Far below what a call may take that was given no time-out.
+    // Far below the default timeout.
     this->port.setMessagingTimeout(*window, 0.01F);
 
     this->stopAnswering();

@@ -52,7 +52,7 @@ AccessibleTile trash(std::uint32_t id) {
 
 class AccessibleDockTest : public test::WindowTest {
 protected:
-    /// The dock's interface as Qt finds it, from the program down.
+    /// The dock's interface, looked up through Qt from the application down.
     static QAccessibleInterface* interfaceOf(const std::string& monitor) {
         auto* const program = QAccessible::queryAccessibleInterface(qGuiApp);
         const std::string title = "Vireline dock #" + std::to_string(idOf(monitor));
@@ -71,7 +71,7 @@ protected:
         log.tiles = std::move(tiles);
         if (!dock) {
             dock = showDock(monitor, log);
-            // Tells those that are there, as Qt does when assistive technology comes.
+            // Notifies existing interfaces, as Qt does when assistive technology starts.
             QAccessible::setActive(true);
         }
         dock->present(dockScene());
@@ -149,7 +149,7 @@ TEST_F(AccessibleDockTest, PlacesItsTilesWhereTheyAreOnTheScreen) {
 TEST_F(AccessibleDockTest, PlacesThemInQtsCoordinatesOnADenseDisplay) {
     showTiles({app(1, "Alpha")}, "dense");
 
-    // The display's corner is at 2560, 0, and two of its pixels are one of Qt's.
+    // The display's corner is at (2560, 0), and two of its pixels are one of Qt's.
     EXPECT_EQ(interfaceOf("dense")->child(0)->rect(),
               QRect(2560 + 384 - 200 + 60, 512 + 30, 44, 44));
 }
@@ -233,7 +233,7 @@ TEST_F(AccessibleDockTest, IsUpToDateWhenAssistiveTechnologyComesLater) {
     EXPECT_EQ(names(), Words{"Gamma"});
 }
 
-/// A dock in a window of no display, with what it tells written down, a word each.
+/// A dock in a window without a display, with its accessibility events recorded.
 class AccessibleEventsTest : public test::WindowTest {
 protected:
     void present(std::vector<AccessibleTile> tiles) {

@@ -44,7 +44,7 @@ protected:
                  .files = {.kdeglobals = {},
                            .gtkSettings = {settings().string()},
                            .isKDE = false,
-                           .ofUser = {settings().string()}}}};
+                           .usersOwn = {settings().string()}}}};
     }
 
 private:

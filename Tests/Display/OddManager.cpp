@@ -85,7 +85,7 @@ void OddManager::show(xcb_window_t window) {
     xcb_flush(client_.get());
 }
 
-/// Carries out what is asked for, except for what its habit is about.
+/// Carries out the request, except where the manager's quirk prevents it.
 void OddManager::configure(const xcb_configure_request_event_t& request) {
     if (isDock(request.window)) {
         if (habit_ == Habit::docksDocks || habit_ == Habit::stranded)

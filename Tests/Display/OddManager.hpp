@@ -1,5 +1,5 @@
-/// A window manager of the tests, with one bad habit as some real ones have it. Runs on a thread of
-/// its own until it ends.
+/// A window manager for tests, with one quirk found in real ones. Runs on its own thread until
+/// destroyed.
 #pragma once
 
 #include "VirtualDesktop/XClient.hpp"
@@ -21,9 +21,9 @@ public:
         docksDocks,
         /// Shows docks without managing them, and stacks other windows above them.
         ignoresDocks,
-        /// Manages a dock, but never moves it nor says so.
+        /// Manages a dock, but never moves it or reports its position.
         stranded,
-        /// As `ignoresDocks`, and raises its windows whenever a dock comes above one.
+        /// Like `ignoresDocks`, and raises its windows whenever a dock is raised above one.
         fightsDocks,
     };
 
@@ -48,7 +48,7 @@ private:
     desktop::XClient client_;
     Habit habit_;
     xcb_window_t mark_;
-    /// The highest window that is not a dock.
+    /// The topmost window that is not a dock.
     xcb_window_t top_ = XCB_NONE;
     std::map<xcb_window_t, bool> docks_;
     std::vector<std::uint32_t> listed_;

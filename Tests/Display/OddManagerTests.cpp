@@ -1,4 +1,4 @@
-/// Docks under window managers that do not keep them where they belong.
+/// Docks under window managers that do not keep them in place.
 #include "Display/OddManager.hpp"
 #include "Display/WindowTest.hpp"
 #include "Panels/WindowPlace.hpp"
@@ -43,12 +43,12 @@ protected:
         const auto windows = client().managedWindows();
         return !isUnmanaged() && std::ranges::count(windows, windowOf("main")) > 0;
     }
-    /// The program has taken the dock over, and it is where it belongs.
+    /// Whether the program takes over the dock and it reaches its place.
     bool comesToItsPlaceUnmanaged() {
         return eventually([&] { return isUnmanaged() && frameOfDock() == place; });
     }
 
-    /// Another program's window, shown.
+    /// Shows another program's window.
     static xcb_window_t showWindow(const PixelRect& frame, bool isFullScreen = false) {
         const auto window = client().createWindow(frame, 0x00804020);
         if (isFullScreen)
@@ -63,7 +63,7 @@ protected:
         return desk().docks().isAbove(windowOf("main"), window);
     }
 
-    /// Lets the program work for as long as anything that it waits for can take.
+    /// Processes events for longer than any of the program's timeouts.
     static void letTimePass() {
         const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds{700};
         eventually([&] { return std::chrono::steady_clock::now() > end; });

@@ -1,5 +1,5 @@
-/// What a dock draws beyond its frame: the window has room for it, and the pointer passes through
-/// where nothing is drawn.
+/// Drawing beyond a dock's frame: the window has room for it, and where nothing is drawn the
+/// pointer passes through.
 #include "Display/WindowTest.hpp"
 
 #include <QCoreApplication>
@@ -20,8 +20,8 @@ protected:
         return eventually([&] { return frameOf(monitor) == frame; });
     }
 
-    /// A dock of 58 × 200 points on the left of "main", whose strip is 78 thick, in a window that
-    /// is 90 thick.
+    /// A dock of 58 × 200 points at the left of "main", with a strip 78 points thick, in a window
+    /// 90 points thick.
     std::unique_ptr<PanelWindow> showLargeDock() {
         auto dock = panels.makePanel(idOf("main"), frame(), log);
         dock->setOverhang({.right = 32});
@@ -41,7 +41,7 @@ protected:
         const Rect display = screen("main").frame;
         return {display.minX() + 4, display.midY() - 100, 58, 200};
     }
-    /// A pixel of the screen at this distance from the window's left edge, in its middle.
+    /// A pixel of the screen at this distance from the window's left edge, vertically centred.
     static desktop::PixelPoint at(int x) {
         const PixelRect window = frameOf("main");
         return {window.x + x, window.center().y};
@@ -118,7 +118,7 @@ TEST_F(OverhangTest, StaysUntilAMovementHasEnded) {
     dock->setOverhang({});
     dock->setFrame(sliver, true);
     dock->setHostedFrame({0, 0, 58, 200});
-    // A frame that is asked for tells that the movement goes on.
+    // Requesting a frame means that the animation continues.
     dock->requestFrame();
     QCoreApplication::sendPostedEvents();
     client().sync();

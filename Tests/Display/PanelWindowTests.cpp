@@ -30,7 +30,7 @@ protected:
         desk().pointer().moveTo(pixelAt(monitor, view));
     }
 
-    /// Stands where a compositor would; nothing is composited.
+    /// Claims to be the compositor, but composites nothing.
     class Compositor {
     public:
         Compositor() : window_(client().createWindow({0, 0, 1, 1}, 0)) {
@@ -95,7 +95,7 @@ TEST_F(PanelWindowTest, NeverTakesTheFocus) {
     const auto dock = showDock("main", log);
     desk().pointer().click(pixelAt("main", {200, 50}));
     EXPECT_TRUE(eventually([&] { return log.has("released 200,50"); }));
-    // The window manager's answer comes behind all that it does about the click.
+    // The window manager answers this after it has handled the click.
     const auto asking = client().createWindow({0, 0, 10, 10}, 0);
     client().sendToRoot(asking, "_NET_REQUEST_FRAME_EXTENTS", {});
     EXPECT_TRUE(eventually([&] { return client().hasProperty(asking, "_NET_FRAME_EXTENTS"); }));
@@ -161,7 +161,7 @@ TEST_F(PanelWindowTest, FindsOutThatAReleaseWentElsewhere) {
     desk().pointer().press(Pointer::Button::primary);
     moveTo("main", {100, -200});
     EXPECT_TRUE(eventually([&] { return log.has("moved 100,-200"); }));
-    // The window loses the pointer that the press gave it; nothing will tell of the release.
+    // Breaks the window's implicit grab; the release will not be reported.
     xcb_ungrab_pointer(connection.get(), XCB_CURRENT_TIME);
     connection.flush();
     settle();
@@ -195,7 +195,7 @@ TEST_F(PanelWindowTest, FollowsAPressFromAMovingPointerOutOfTheWindow) {
     desk().pointer().release(Pointer::Button::primary);
     EXPECT_TRUE(eventually([&] { return log.has("out"); }));
 
-    // Nothing tells of it any more.
+    // From now on nothing is reported.
     log.words.clear();
     moveTo("main", {130, -250});
     settle();
@@ -233,7 +233,7 @@ TEST_F(PanelWindowTest, TakesAGrabBySomebodyElseForNoLeave) {
     settle();
     EXPECT_FALSE(log.has("out"));
 
-    // No event tells of this one.
+    // No event is sent for this move.
     desk().pointer().moveTo({5, 5});
     EXPECT_TRUE(eventually([&] { return log.has("out"); }));
     xcb_ungrab_pointer(client().get(), XCB_CURRENT_TIME);
@@ -263,7 +263,7 @@ TEST_F(PanelWindowTest, KeepsWhatIsOverItWhileTheWindowManagerMovesItsEdges) {
     const auto isOver = [&] { return client().windowAt(hidden.center()) == windowOf("main"); };
     ASSERT_TRUE(eventually(isOver));
 
-    // The program asks for its new place, and hears nothing yet of having got it.
+    // The program requests its new position, but is not yet told that it got there.
     const auto isMovedTo = [&](const PixelRect& place) {
         QCoreApplication::sendPostedEvents();
         return desktop::eventually([&] { return frameOf("main") == place; });
@@ -364,7 +364,8 @@ TEST_F(PanelWindowTest, HasAnOutlineInsteadOfABlackBoxWithoutACompositor) {
 
 TEST_F(PanelWindowTest, LosesItsOutlineUnderACompositorAndAsksItToBlur) {
     const auto dock = showDock("main", log);
-    // What of the window exists, in a shape of its own: compositors may draw shadows round others.
+    // The dock's bounding shape. It must have one, because compositors may draw shadows around
+    // windows without.
     const auto shape = [&]() -> std::optional<PixelRect> {
         const auto reply =
             desktop::Owned<xcb_shape_query_extents_reply_t>{xcb_shape_query_extents_reply(
@@ -424,7 +425,7 @@ TEST_F(PanelWindowTest, RestoresAllThatAnotherWindowLeavesBehind) {
     };
     const auto before = pixels();
 
-    // In four pieces, which the server tells of one by one.
+    // Four expose events are sent, one for each part.
     const auto cover = client().createWindow(frame, 0x00ff0000);
     const std::array<xcb_rectangle_t, 4> pieces{
         {{50, 50, 20, 10}, {150, 52, 20, 10}, {250, 48, 20, 10}, {350, 54, 20, 10}}};

@@ -12,12 +12,12 @@ namespace {
 using desktop::Pointer;
 using test::EventLog;
 
-/// Moves the pointer over a dock and looks at what the dock reports and what it listens to.
+/// Moves the pointer over a dock, and checks what the dock reports and which events it selects.
 class PointerSamplerTest : public test::WindowTest {
 protected:
     void moveTo(Point view) { desk().pointer().moveTo(pixelAt("main", view)); }
 
-    /// Whether the server still sends an event for each movement.
+    /// Whether motion events are selected.
     static bool hearsMovements() {
         const desktop::Owned<xcb_get_window_attributes_reply_t> reply{
             xcb_get_window_attributes_reply(
@@ -87,7 +87,7 @@ TEST_F(PointerSamplerTest, FollowsADragThatBeganAfterAPause) {
     EXPECT_TRUE(eventually([&] { return log.has("released 150,-130"); }));
 }
 
-// The server is further on than the events that the program has heard of.
+// The server's state is ahead of the events that the program has received.
 TEST_F(PointerSamplerTest, TakesNoPlaceBehindAReleaseForADrag) {
     const auto dock = showDock("main", log);
     const x11::DrawingConnection drawing{connection};

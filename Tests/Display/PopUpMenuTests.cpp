@@ -15,7 +15,7 @@ Menu sampleMenu() {
 
 class PopUpMenuTest : public test::WindowTest {
 protected:
-    /// The one shown window that no window manager has a say in.
+    /// The only visible override-redirect window.
     static PixelRect menuFrame() {
         for (const xcb_window_t window : client().children(client().root())) {
             const auto frame = client().frame(window);

@@ -1,5 +1,5 @@
-/// The program's own windows in this process, on a real X server: their keys, their size on a dense
-/// display, and what is left of them once they are closed.
+/// The program's own windows in this process, on a real X server: shortcuts, size on a high-density
+/// display, and clean-up after closing.
 #include "App/VirelineApp.hpp"
 #include "Display/WindowTest.hpp"
 #include "Icons/IconTheme.hpp"
@@ -49,7 +49,7 @@ class QtProgramWindowTest : public test::WindowTest {
 protected:
     QtProgramWindowTest() { application.installMainMenu(VirelineApp::hiddenMainMenu()); }
 
-    /// Where the pointer is decides where a window opens.
+    /// Moves the pointer, which determines the display on which a window opens.
     static void pointAt(const std::string& monitor) {
         desk().pointer().moveTo(desk().monitor(monitor).frame.center());
         EXPECT_TRUE(eventually([&] {
@@ -59,7 +59,7 @@ protected:
         }));
     }
 
-    /// Null while the settings are not open.
+    /// Null while the settings window is closed.
     static QWidget* controlNamed(const char* name) {
         for (QWidget* const widget : QApplication::allWidgets()) {
             if (widget->isVisible() && widget->accessibleName() == QLatin1String{name})
@@ -69,7 +69,7 @@ protected:
     }
     static QSlider* sizeSlider() { return dynamic_cast<QSlider*>(controlNamed("Icon size")); }
 
-    /// The shown window with this title; nothing if there is none.
+    /// The visible window with this title; nullopt if there is none.
     static std::optional<PixelRect> frameOf(std::string_view title) {
         for (const xcb_window_t window : client().managedWindows()) {
             if (client().text(window, "_NET_WM_NAME") == title && client().isViewable(window))
@@ -136,7 +136,7 @@ TEST_F(QtProgramWindowTest, TheEditMenusKeysWorkInATextField) {
 }
 
 TEST_F(QtProgramWindowTest, IsTwiceAsLargeInPixelsOnADenseDisplay) {
-    // 640 points and a frame need more than the dense display's 600.
+    // 640 points plus a frame exceed the high-density display's 600 points.
     pointAt("main");
     {
         const auto window = showSettings();

@@ -13,10 +13,10 @@ using desktop::PixelRect;
 using desktop::Pointer;
 using test::EventLog;
 
-/// A dock that is divided into quiet regions: what it hears of the pointer, and how often.
+/// A dock that is divided into quiet regions, with a log of its pointer events.
 class QuietAreaTest : public test::WindowTest {
 protected:
-    /// With a narrow region between two wide ones.
+    /// Has a narrow region between two wide ones.
     static Scene dividedScene() {
         Scene scene = dockScene();
         scene.quietRegions = {{0, 26, 194, 58}, {194, 26, 6, 58}, {200, 26, 200, 58}};
@@ -33,18 +33,18 @@ protected:
         desk().pointer().moveTo(pixelAt(monitor, view));
     }
 
-    /// In two steps: what is told of its entry alone makes nobody watch it.
+    /// In two steps, because the entry event alone does not start sampling.
     void comeTo(Point view, const std::string& monitor = "main") {
         moveTo({view.x + 1, view.y}, monitor);
         settle();
         moveTo(view, monitor);
     }
 
-    /// Moves the pointer there and returns once its place has been taken note of for good.
+    /// Moves the pointer there and returns once sampling has stopped.
     void restAt(PanelWindow& dock, Point view, const std::string& monitor = "main") {
         comeTo(view, monitor);
         EXPECT_TRUE(eventually([&] { return !areas(monitor).empty(); }));
-        // A frame looks at the pointer before it is told of.
+        // In each frame the pointer is sampled before the frame is reported.
         for (int frames = 0; frames < 2; ++frames) {
             log.words.clear();
             dock.requestFrame();
@@ -53,7 +53,7 @@ protected:
         log.words.clear();
     }
 
-    /// The windows that watch the pointer, in pixels of the dock's window.
+    /// The child windows that watch the pointer, in pixels of the dock's window.
     static std::vector<PixelRect> areas(const std::string& monitor = "main") {
         std::vector<PixelRect> found;
         const auto dock = client().frame(windowOf(monitor)).value_or(PixelRect{});
@@ -180,7 +180,7 @@ TEST_F(QuietAreaTest, AGrabBySomebodyElseIsNoWayOutEither) {
     EXPECT_TRUE(eventually([&] { return areas().empty(); }));
     EXPECT_FALSE(log.has("out"));
 
-    // No event tells of this one.
+    // No event is sent for this move.
     desk().pointer().moveTo({5, 5});
     EXPECT_TRUE(eventually([&] { return log.has("out"); }));
     xcb_ungrab_pointer(client().get(), XCB_CURRENT_TIME);

@@ -108,7 +108,7 @@ TEST_F(RandrScreensTest, FindPanelsThatTheWindowManagerDoesNotList) {
     ASSERT_TRUE(eventually([&] { return client().managedWindows().size() == 1; }));
     settle();
 
-    // In a window of another program, as in a frame.
+    // The panel is a child of another program's window, like a frame.
     const PixelRect edge{1280, 1060, 1280, 40};
     const auto frame = client().createWindow(edge, 0);
     const auto panel = client().createWindow({0, 0, 1280, 40}, 0);

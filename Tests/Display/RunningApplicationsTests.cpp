@@ -1,4 +1,4 @@
-/// Hiding apps and bringing them forward under a window manager that is slow to do as it is asked.
+/// Hiding apps and bringing them forward under a slow window manager.
 #include "Applications/DesktopEntryCatalog.hpp"
 #include "Applications/EwmhRunningApplications.hpp"
 #include "Display/WindowTest.hpp"
@@ -43,7 +43,7 @@ protected:
         const auto instances = apps.instances(id);
         return !instances.empty() && instances.front().isActive;
     }
-    /// The app's windows that can be seen.
+    /// The number of the app's visible windows.
     [[nodiscard]] int shown(const std::string& id) const {
         int count = 0;
         for (const auto& window : apps.windows(id))
@@ -99,7 +99,7 @@ TEST_F(RunningApplicationsTest, BringsAllWindowsBackThatTheWindowManagerIsStillT
     ASSERT_TRUE(apps.bringForward("many"));
     resumeManager();
 
-    // Desktops are switched in order with everything else.
+    // Switching desktops is in order with the other requests.
     showDesktop(1);
     showDesktop(0);
     EXPECT_TRUE(eventually([&] { return shown("many") == 3 && isFocused("many"); }));
@@ -110,7 +110,7 @@ TEST_F(RunningApplicationsTest, BringsAllWindowsBackHoweverManyOfThemAreReported
 
     for (int round = 0; round < 5; ++round) {
         hide("many");
-        // As far as the events have come by now.
+        // Handles the events that have arrived so far.
         QCoreApplication::processEvents();
         EXPECT_FALSE(isActive("many"));
         ASSERT_TRUE(apps.bringForward("many"));

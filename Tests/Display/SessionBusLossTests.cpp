@@ -1,4 +1,4 @@
-/// What Qt asks of a session bus that has gone, in the environment that the program sets up for it.
+/// Qt's use of a session bus that has gone away, in the environment that the program sets up.
 #include "Display/WindowTest.hpp"
 #include "VirtualDesktop/BusClient.hpp"
 #include "VirtualDesktop/ChildProcess.hpp"
@@ -27,8 +27,8 @@ protected:
         WindowTest::TearDown();
     }
 
-    /// Listens to a program of that name, which Qt has to ask the bus for; in a thread, since Qt
-    /// waits for the answer.
+    /// Subscribes to a service name, for which Qt queries the bus. Runs in a thread, because Qt
+    /// blocks until the reply.
     class Listening {
     public:
         Listening(QDBusConnection connection, const QString& name)
@@ -49,7 +49,7 @@ protected:
         std::jthread thread_;
     };
 
-    /// Once the bus is there: an attempt that fails stays under its name.
+    /// Call once the bus is there, because a failed connection would be kept under its name.
     QDBusConnection connect() const {
         EXPECT_TRUE(desktop::eventually([&] { return desktop::BusClient::answers(address_); }));
         return QDBusConnection::connectToBus(QString::fromStdString(address_), connectionName);
@@ -70,7 +70,7 @@ TEST_F(SessionBusLoss, IsOutlivedByTheNextQuestion) {
     bus_.signal(SIGSTOP);
     const Listening asking{connection_, QStringLiteral("org.example.First")};
     ASSERT_TRUE(eventually([&] { return asking.waits(); }));
-    // Asks as soon as the first has no answer, before Qt hears that there is nobody to ask.
+    // Queries right after the first one fails, before Qt notices the lost connection.
     const Listening next{connection_, QStringLiteral("org.example.Second")};
     ASSERT_TRUE(eventually([&] { return next.waits(); }));
     bus_.signal(SIGKILL);

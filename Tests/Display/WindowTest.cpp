@@ -20,7 +20,7 @@ using desktop::PixelRect;
 constexpr Size dockSize{400, 84};
 constexpr double labelZone = 26;
 
-/// What outlasts the single tests. Qt has to go before the server that it is connected to.
+/// Outlives the individual tests. Qt must be shut down before the server that it is connected to.
 struct Session {
     Session() {
         ::setenv("DISPLAY", desk.display().c_str(), 1);
@@ -43,7 +43,7 @@ public:
 };
 
 const testing::Environment* registered() noexcept {
-    // GoogleTest takes it over.
+    // GoogleTest takes ownership.
     return testing::AddGlobalTestEnvironment(std::make_unique<EndOfSession>().release());
 }
 
@@ -130,7 +130,7 @@ bool WindowTest::eventually(const std::function<bool()>& condition) {
     });
 }
 
-/// Events come in order: once it has heard of a change made last, it has heard of all.
+/// Events are delivered in order: once the last change has arrived, all earlier ones have.
 void WindowTest::settle() {
     constexpr const char* mark = "_VIRELINE_TEST_MARK";
     bool isHeard = false;

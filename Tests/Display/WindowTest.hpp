@@ -1,5 +1,6 @@
-/// The platform's displays and dock windows in this process, on a virtual X desktop with three
-/// displays, the last of them at two pixels a point. One desktop serves all tests of the process.
+/// Runs the platform's displays and dock windows in this process, on a virtual X desktop with three
+/// displays, the last of which has two pixels per point. The tests of a process share one desktop;
+/// run through ctest, every test has its own process.
 #pragma once
 
 #include "Displays/RandrScreens.hpp"
@@ -18,7 +19,7 @@
 
 namespace vireline::test {
 
-/// Writes down what the window reports, a word each with the position where there is one.
+/// Records what the window reports, one word per report, with the position where there is one.
 class EventLog final : public PanelWindowListener {
 public:
     void mouseEntered() override { words.emplace_back("in"); }
@@ -36,7 +37,7 @@ public:
     [[nodiscard]] bool has(std::string_view word) const;
 
     std::vector<std::string> words;
-    /// What it answers to drags.
+    /// The answer to drags.
     bool takesDrops = true;
     std::vector<AccessibleTile> tiles;
     int tilesAsked = 0;
@@ -51,32 +52,31 @@ protected:
     static const desktop::XClient& client() { return desk().client(); }
     static std::vector<desktop::Monitor> threeMonitors();
 
-    /// Lets the program work until `condition` holds; false when it does not within the desktop's
-    /// patience.
+    /// Processes events until `condition` holds; returns false after the desktop's timeout.
     static bool eventually(const std::function<bool()>& condition);
-    /// Lets the program work until it has heard of everything that happened up to now.
+    /// Processes events until everything that has happened so far was handled.
     void settle();
 
     static std::uint32_t idOf(const std::string& monitor) { return desk().displayIDOf(monitor); }
-    /// Fails the test when the display is unknown.
+    /// Fails the test if the display is unknown.
     [[nodiscard]] PlatformScreen screen(const std::string& monitor) const;
 
-    /// A dock of 400 × 84 points, 4 above the display's bottom edge, all of it glass but the
-    /// highest 26 points, which also let the pointer through.
+    /// A dock of 400 × 84 points, 4 points above the display's bottom edge. It is filled with glass
+    /// except for the topmost 26 points, which also let the pointer through.
     std::unique_ptr<PanelWindow> showDock(const std::string& monitor, EventLog& log);
     static Scene dockScene();
     /// The X window of the dock on that display; waits until it is shown.
     static xcb_window_t windowOf(const std::string& monitor);
-    /// The pixel of the screen at a point of that dock's view.
+    /// The screen pixel at a point of that dock's view.
     desktop::PixelPoint pixelAt(const std::string& monitor, Point view) const;
 
-    /// A panel of another program, shown. `strut` holds the twelve numbers of a partial strut, or
-    /// none.
+    /// Shows a panel of another program. `strut` contains the twelve numbers of a partial strut, or
+    /// nothing.
     static xcb_window_t addPanel(const desktop::PixelRect& frame,
                                  const std::vector<std::uint32_t>& strut);
 
 private:
-    /// The desktop as every test finds it.
+    /// Resets the desktop to the state in which every test starts.
     [[nodiscard]] static bool prepare();
 
     bool isPrepared_ = prepare();

@@ -1,4 +1,4 @@
-/// What is dragged over a dock from another program, message by message.
+/// Drags from another program over a dock, message by message.
 #include "Display/WindowTest.hpp"
 #include "Support/LoggedLines.hpp"
 #include "VirtualDesktop/DragSource.hpp"
@@ -27,7 +27,7 @@ protected:
         WindowTest::TearDown();
     }
 
-    /// Lets both programs work until `condition` holds.
+    /// Processes both programs' events until `condition` holds.
     bool happens(const std::function<bool()>& condition) {
         return eventually([&] {
             if (source)
@@ -47,7 +47,7 @@ protected:
         source->move(pixelAt("main", view), action);
     }
 
-    /// The lines that speak of drags.
+    /// The log lines about drags.
     [[nodiscard]] Words refusals() const {
         Words lines = log.messages();
         std::erase_if(lines,

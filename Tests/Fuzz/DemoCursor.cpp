@@ -1,4 +1,4 @@
-/// Any bytes as VIRELINE_DEMO_CURSOR, and a dock magnified where that puts the pointer.
+/// Fuzzes VIRELINE_DEMO_CURSOR, and the magnification of a dock at the resulting position.
 #include "Views/DemoCursor.hpp"
 
 #include "Foundation/Require.hpp"

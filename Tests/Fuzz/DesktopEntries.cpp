@@ -1,4 +1,4 @@
-/// Any bytes as a desktop entry: an application's, and the program's own in the autostart folder.
+/// Fuzzes desktop entries: those of applications, and the program's own in the autostart folder.
 #include "Applications/Entries/AppCommand.hpp"
 #include "Applications/Entries/DesktopEntry.hpp"
 #include "Applications/Entries/DesktopEntryIndex.hpp"
@@ -26,7 +26,7 @@ void readApplication(std::string_view text) {
     require((index.find(entry->id) == nullptr) == entry->hidden, "a hidden entry is not installed");
 }
 
-/// Switching on and off ends where it says it does, whatever else the entry holds.
+/// Enabling and disabling must have the intended effect, whatever else the entry contains.
 void switchAutostart(const std::string& text) {
     const auto enabled = AutostartEntry::enabled(text, desktopNames);
     require(!enabled || AutostartEntry::isValid(text), "only valid entries can be enabled");

@@ -1,5 +1,5 @@
-/// What all fuzz targets share. A target is one file with this one function, which reads any bytes
-/// as the program would and stops the process when a promise does not hold.
+/// Shared by all fuzz targets. A target is one file with this one function, which parses arbitrary
+/// bytes as the program would and aborts if an invariant is violated.
 #pragma once
 
 #include <cstddef>

@@ -1,5 +1,5 @@
-/// Any bytes as the preferences file: the store starts with them, and what it made of them comes
-/// back from its own file the same.
+/// Fuzzes the preferences file: loads it into the store, and checks that the settings survive being
+/// saved and loaded again.
 #include "Foundation/Require.hpp"
 #include "Fuzz/FuzzTarget.hpp"
 #include "Settings/PreferencesStore.hpp"
@@ -11,7 +11,7 @@
 namespace vireline {
 namespace {
 
-/// What a file can hold: text in it is UTF-8, so a name that is not comes back mended.
+/// What can be stored: invalid UTF-8 in names is replaced.
 Settings asStored(const Settings& settings) {
     auto stored = SettingsCoding::decode(SettingsCoding::encode(settings));
     require(stored.has_value(), "what was encoded can be decoded");

@@ -1,4 +1,4 @@
-/// Any bytes as the property list of the desktop's own dock.
+/// Fuzzes the property list of the desktop's own dock.
 #include "Desktop/PropertyListLimits.hpp"
 #include "Desktop/PropertyListReader.hpp"
 #include "Foundation/Require.hpp"

@@ -1,6 +1,5 @@
-/// Runs a fuzz target once on every file below the folders that it is given. So the corpora, with
-/// all that once broke something, are read again with every run of the tests, whatever the
-/// compiler.
+/// Runs a fuzz target once on every file in the given folders, so that the corpora, including
+/// earlier crashes, are checked in every test run and with every compiler.
 #include "Fuzz/FuzzTarget.hpp"
 
 #include <cstdio>
@@ -21,7 +20,7 @@ int replay(const fs::path& folder) {
             continue;
         std::ifstream file{entry.path(), std::ios::binary};
         const std::vector<std::uint8_t> content{std::istreambuf_iterator<char>{file}, {}};
-        // What stands here last when a target stops the process is the file that made it do so.
+        // If the target aborts, the last path printed is the file that caused it.
         std::fprintf(stderr, "%s\n", entry.path().c_str());
         LLVMFuzzerTestOneInput(content.data(), content.size());
         ++count;

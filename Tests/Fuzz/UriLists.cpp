@@ -1,4 +1,4 @@
-/// Any bytes as what another program drops on a dock, in each form that is understood.
+/// Fuzzes the data that other programs drop on a dock, in every supported format.
 #include "Foundation/FileURL.hpp"
 #include "Foundation/Require.hpp"
 #include "Fuzz/FuzzTarget.hpp"

@@ -1,7 +1,6 @@
-/// Any bytes as what a window and the system say of a program, and which app that makes it. The
-/// parts are separated by lines of "%%": WM_CLASS, the two toolkits' IDs, the startup ID,
-/// _NET_WM_ICON, the executable's path, its command line, its control group, and its sandbox's
-/// file.
+/// Fuzzes the identification of a window's app. The input has these parts, separated by lines of
+/// "%%": WM_CLASS, the IDs of two toolkits, the startup ID, _NET_WM_ICON, the executable's path,
+/// its command line, its control group, and its sandbox's file.
 #include "Applications/ClientWindows/WindowIcons.hpp"
 #include "Applications/Identity/AppIdentity.hpp"
 #include "Applications/Identity/PlainText.hpp"
@@ -40,7 +39,7 @@ struct Program {
     bool terminal = false;
 };
 
-/// One of each kind that is told apart.
+/// One of each kind that is treated differently.
 constexpr std::array programs{
     Program{"org.gnome.Nautilus", "nautilus --new-window %U"},
     Program{"firefox", "/usr/lib/firefox/firefox %u", "Navigator"},
@@ -97,7 +96,7 @@ void identify(std::string_view text) {
     process.executable = parts.next();
     process.arguments = ProcessInspection::argumentsIn(
         parts.next().substr(0, ProcessInspection::maximumArgumentBytes));
-    ProcessInspection::takeControlGroup(process, parts.next());
+    ProcessInspection::addControlGroup(process, parts.next());
     if (process.flatpakID.empty())
         process.flatpakID = ProcessInspection::flatpakIDIn(parts.next());
 

@@ -1,4 +1,4 @@
-# Reads off the program that users get what its build promises: a position-independent executable
+# Checks the hardening of the released program: a position-independent executable
 # with read-only relocations bound at start, protected stacks, fortified calls, no memory that is
 # both writable and executable, no search path of its own for libraries, and no way to a shell.
 # The program is the one that VIRELINE_TESTED_PROGRAM names: an optimised build.

@@ -1,4 +1,4 @@
-# Installs into a folder of its own through DESTDIR and says what is missing there or too much.
+# Installs into a scratch folder through DESTDIR and reports missing and unexpected files.
 # Given: BUILD_FOLDER, and SCRATCH, a folder that this test may replace.
 file(REMOVE_RECURSE ${SCRATCH})
 set(ENV{DESTDIR} ${SCRATCH})

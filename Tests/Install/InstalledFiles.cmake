@@ -1,4 +1,4 @@
-# What an installation below /usr consists of.
+# The files of an installation below /usr.
 set(installed_files
     usr/bin/vireline
     usr/share/applications/vireline.desktop

@@ -115,7 +115,8 @@ TEST(AppCommand, ThousandsOfWrappersAreSeenThroughAtOnce) {
     const auto command = fromExec(exec + "program");
 
     EXPECT_EQ(command.program, "program");
-    // Linear, this takes hundredths of a second also under sanitizers; quadratic, half a minute.
+    // In linear time this takes hundredths of a second even under sanitizers; in quadratic time,
+    // half a minute.
     EXPECT_LT(std::clock() - began, 2 * CLOCKS_PER_SEC);
 }
 

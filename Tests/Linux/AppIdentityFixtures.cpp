@@ -61,7 +61,7 @@ IdentifiedApp identify(const IdentityCase& identityCase) {
     process.executable = identityCase.process.executable;
     process.arguments = identityCase.process.arguments;
     process.flatpakID = identityCase.process.flatpakID;
-    ProcessInspection::takeControlGroup(process, identityCase.process.controlGroup);
+    ProcessInspection::addControlGroup(process, identityCase.process.controlGroup);
     return AppIdentity::identify(window, process, indexOf(identityCase.entries));
 }
 
@@ -95,7 +95,7 @@ std::vector<IdentityCase> toolkitCases() {
          {},
          {{.id = "org.kde.okular", .exec = "okular %U"}},
          "org.kde.okular"},
-        {"AnIdWithoutAnEntryIsPassedOver",
+        {"AnIdWithoutAnEntryIsIgnored",
          {.instance = "inkscape", .className = "Inkscape", .gtkID = "org.gnome.Unheard"},
          {},
          {{.id = "inkscape", .exec = "inkscape %F"}},

@@ -1,4 +1,4 @@
-/// Windows, processes and entries in the shapes in which they are met on real desktops.
+/// Windows, processes and entries as found on real desktops.
 #pragma once
 
 #include "Applications/Identity/AppIdentity.hpp"
@@ -9,7 +9,7 @@
 
 namespace vireline::x11::fixtures {
 
-// GCC wants an initializer for each member that a designated list may leave out.
+// GCC warns about members without a default initializer that a designated initializer list omits.
 struct EntryShape {
     std::string id;
     std::string exec;
@@ -37,7 +37,7 @@ struct IdentityCase {
     WindowShape window;
     ProcessShape process;
     std::vector<EntryShape> entries;
-    /// The bundle identifier that the window gets.
+    /// The expected bundle identifier of the window's app.
     std::string expected;
     bool hasEntry = true;
 };

@@ -19,7 +19,7 @@ Names xfce() {
     return {"XFCE"};
 }
 
-/// An entry with these lines besides what makes it one.
+/// A valid entry with these additional lines.
 std::string entry(const std::string& lines = {}) {
     return "[Desktop Entry]\nType=Application\nName=Mine\nExec=vireline --mine\n" + lines;
 }
@@ -37,7 +37,7 @@ TEST(AutostartEntry, ANewOneStartsTheProgramOnEveryDesktop) {
 TEST(AutostartEntry, QuotesAPathThatACommandLineWouldTakeApart) {
     EXPECT_TRUE(
         AutostartEntry::make("/home/a b/vireline").contains("\nExec=\"/home/a b/vireline\"\n"));
-    // As a quoted argument, and then as the value of a key, where each backslash is doubled.
+    // Escaped twice: as a quoted argument, and then as a value, in which each backslash is doubled.
     EXPECT_TRUE(AutostartEntry::make("/x/100% \"$\\v").contains(R"(Exec="/x/100%% \\"\\$\\\\v")"));
 }
 
@@ -108,7 +108,7 @@ TEST(AutostartEntry, SwitchedOnLetsThisDesktopIn) {
         ASSERT_TRUE(after);
         EXPECT_TRUE(AutostartEntry::isEnabled(*after, xfce())) << *after;
     }
-    // The other desktops stay as they were.
+    // Other desktops are left unchanged.
     const auto others = AutostartEntry::enabled(entry("NotShowIn=XFCE;LXQt;\n"), xfce());
     EXPECT_FALSE(AutostartEntry::isEnabled(*others, Names{"LXQt"}));
     const auto nameless = AutostartEntry::enabled(entry("OnlyShowIn=KDE;\n"), Names{});

@@ -18,7 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 using Status = LoginItemService::Status;
 
-/// Starts a program of the user's own, which exists.
+/// Starts the user's own program, which exists.
 constexpr const char* edited = "[Desktop Entry]\nType=Application\nName=Mine\nExec=sh -c mine\n";
 
 class AutostartLoginItemTest : public testing::Test {
@@ -31,7 +31,7 @@ protected:
         ASSERT_TRUE(fileSystem.writeAtomically(entry, text));
     }
 
-    /// A file that can be started.
+    /// Creates an executable file.
     static std::string program(const fs::path& path) {
         fs::create_directories(path.parent_path());
         std::ofstream{path} << "#!/bin/sh\n";

@@ -1,5 +1,4 @@
-/// Binary property lists put together value by value, so that tests can make ones that no writer
-/// would.
+/// Builds binary property lists value by value, so that tests can make malformed ones.
 #pragma once
 
 #include <cstddef>
@@ -17,10 +16,10 @@ inline std::span<const std::byte> bytesOf(std::string_view text) {
 
 class BinaryPropertyList {
 public:
-    /// The number of the value that the next call adds.
+    /// The index of the value that the next call adds.
     [[nodiscard]] std::uint32_t next() const { return static_cast<std::uint32_t>(values_.size()); }
 
-    /// Adds the bytes of one value; returns its number.
+    /// Adds the bytes of one value; returns its index.
     std::uint32_t add(std::string bytes) {
         values_.push_back(std::move(bytes));
         return next() - 1;
@@ -61,7 +60,7 @@ public:
         return bytes;
     }
 
-    /// A value's first byte, with the count behind it where it does not fit in.
+    /// A value's marker byte, followed by the count if that does not fit into it.
     static std::string marked(unsigned kind, std::size_t count) {
         if (count < 15)
             return number(kind << 4U | count, 1);

@@ -11,7 +11,7 @@
 namespace vireline {
 namespace {
 
-constexpr unsigned int patience = 1;
+constexpr unsigned int timeout = 1;
 
 class BusProbeTest : public testing::Test {
 protected:
@@ -19,23 +19,23 @@ protected:
     std::string address = "unix:path=" + (folder.path() / "bus").string();
 };
 
-TEST_F(BusProbeTest, ABusThatIsNotThereKeepsNobodyWaiting) {
-    EXPECT_TRUE(x11::BusProbe::answers(address, patience));
-    EXPECT_TRUE(x11::BusProbe::answers("", patience));
-    EXPECT_TRUE(x11::BusProbe::answers("nonsense", patience));
-    EXPECT_TRUE(x11::BusProbe::answers("disabled:", patience));
+TEST_F(BusProbeTest, AMissingBusBlocksNothing) {
+    EXPECT_TRUE(x11::BusProbe::answers(address, timeout));
+    EXPECT_TRUE(x11::BusProbe::answers("", timeout));
+    EXPECT_TRUE(x11::BusProbe::answers("nonsense", timeout));
+    EXPECT_TRUE(x11::BusProbe::answers("disabled:", timeout));
 }
 
 TEST_F(BusProbeTest, ABusThatSaysNothingDoesNotAnswer) {
     const test::SilentSocket bus{folder.path() / "bus"};
-    EXPECT_FALSE(x11::BusProbe::answers(address, patience));
-    EXPECT_FALSE(x11::BusProbe::answers("unix:path=/nowhere/at/all;" + address, patience));
+    EXPECT_FALSE(x11::BusProbe::answers(address, timeout));
+    EXPECT_FALSE(x11::BusProbe::answers("unix:path=/nowhere/at/all;" + address, timeout));
 }
 
 TEST_F(BusProbeTest, ABusThatTurnsOneAwayHasAnswered) {
     const test::SilentSocket bus{folder.path() / "bus"};
     std::thread server{[&] { bus.turnAway(); }};
-    EXPECT_TRUE(x11::BusProbe::answers(address, patience));
+    EXPECT_TRUE(x11::BusProbe::answers(address, timeout));
     server.join();
 }
 
@@ -43,7 +43,7 @@ TEST_F(BusProbeTest, TheSessionsBusIsWhereTheEnvironmentSaysOrAtTheUsualPlace) {
     const test::EnvironmentVariable variable{"DBUS_SESSION_BUS_ADDRESS", "unix:path=/some/bus"};
     EXPECT_EQ(x11::BusProbe::sessionAddress(), "unix:path=/some/bus");
     x11::BusProbe::hideSessionBus();
-    EXPECT_TRUE(x11::BusProbe::answers(x11::BusProbe::sessionAddress(), patience));
+    EXPECT_TRUE(x11::BusProbe::answers(x11::BusProbe::sessionAddress(), timeout));
     const test::EnvironmentVariable empty{"DBUS_SESSION_BUS_ADDRESS", ""};
     EXPECT_TRUE(x11::BusProbe::sessionAddress().ends_with("/bus"));
 }

@@ -46,7 +46,7 @@ constexpr std::string_view schemasOfOtherShape = R"(<schemalist>
 using SchemaSource = GLibHandle<GSettingsSchemaSource, g_settings_schema_source_unref>;
 using Schema = GLibHandle<GSettingsSchema, g_settings_schema_unref>;
 
-/// A desktop's settings in memory, with schemas of the test's own.
+/// Desktop settings in memory, with schemas defined by the test.
 class Settings {
 public:
     Settings(const FileURL& folder, std::string_view described) {
@@ -111,7 +111,7 @@ protected:
                       std::move(names));
     }
 
-    /// A launcher as Plank writes it.
+    /// Writes a launcher file as Plank does.
     void addLauncher(const std::string& name, const std::string& url) const {
         makeFolder(launchers);
         replaceByRename(launchers.appending(name + ".dockitem"),
@@ -130,7 +130,7 @@ protected:
                      url + "</string></dict></dict></dict></array>");
     }
 
-    /// The URLs of all tiles; one text "nothing" when there is no list at all.
+    /// The URLs of all tiles, or just "nothing" if there is no list at all.
     std::vector<std::string> urls() {
         const auto apps = preferences->persistentApps();
         if (!apps || apps->array() == nullptr)
@@ -150,7 +150,7 @@ protected:
         return found;
     }
 
-    /// How often a change was announced since the last question.
+    /// The number of announcements since the last call.
     int newAnnouncements() {
         deliverPendingEvents();
         return std::exchange(announced, 0);
@@ -191,7 +191,7 @@ TEST_F(DesktopDockPreferencesTest, PrefersThePropertyListToAllOthers) {
 }
 
 // Behaviour: dock-preferences-reader-4
-TEST_F(DesktopDockPreferencesTest, HasNothingWhenThePropertyListIsDamagedAndAsksNobodyElse) {
+TEST_F(DesktopDockPreferencesTest, HasNothingWhenThePropertyListIsDamagedAndTriesNoOtherSource) {
     makeFolder(plistFile.parent());
     overwrite(plistFile, "no property list");
     start("GNOME");
@@ -279,7 +279,7 @@ TEST_F(DesktopDockPreferencesTest, TakesPlanksLaunchersInTheOrderOfItsKeyAndThen
                                                 "file:///apple.desktop", "file:///zebra.desktop"}));
 }
 
-TEST_F(DesktopDockPreferencesTest, PassesOverLaunchersThatAreDamaged) {
+TEST_F(DesktopDockPreferencesTest, IgnoresLaunchersThatAreDamaged) {
     addLauncher("mail", entry("mail").absoluteString());
     overwrite(launchers.appending("empty.dockitem"), "");
     overwrite(launchers.appending("noise.dockitem"), std::string(200, '\xFF'));

@@ -24,7 +24,7 @@ std::string entryText(const std::string& name, const std::string& exec = "/bin/s
     return "[Desktop Entry]\nType=Application\nName=" + name + "\nExec=" + exec + "\n";
 }
 
-/// A user's and a system's applications folder with a catalogue over both.
+/// The applications folders of a user and the system, and a catalogue of both.
 struct Installation {
     Installation() {
         fs::create_directories(user);
@@ -184,7 +184,7 @@ TEST(DesktopEntryCatalog, FoldersThatContainThemselvesEnd) {
     EXPECT_EQ(installation.ids(), IDs{"sub-a"});
 }
 
-TEST(DesktopEntryCatalog, WhatIsNoOrdinaryFileIsPassedOver) {
+TEST(DesktopEntryCatalog, WhatIsNotARegularFileIsIgnored) {
     Installation installation;
     fs::create_directory(installation.system / "folder.desktop");
     fs::create_symlink("/dev/zero", installation.system / "endless.desktop");
@@ -196,7 +196,7 @@ TEST(DesktopEntryCatalog, WhatIsNoOrdinaryFileIsPassedOver) {
     EXPECT_EQ(installation.ids(), IDs{"good"});
 }
 
-TEST(DesktopEntryCatalog, AFileOfTenMegabytesIsPassedOver) {
+TEST(DesktopEntryCatalog, AFileOfTenMegabytesIsIgnored) {
     Installation installation;
     const std::string half(5'000'000, '#');
     Installation::write(installation.system / "big.desktop", entryText("Big") + half + half);
@@ -206,7 +206,7 @@ TEST(DesktopEntryCatalog, AFileOfTenMegabytesIsPassedOver) {
     EXPECT_EQ(installation.log.count("ignored desktop entry: " + path), 1);
 }
 
-TEST(DesktopEntryCatalog, FileNamesThatNoIdentifierCouldHaveArePassedOver) {
+TEST(DesktopEntryCatalog, FileNamesThatNoIdentifierCouldHaveAreIgnored) {
     Installation installation;
     Installation::write(installation.system / "tab\tbed.desktop", entryText("A"));
     Installation::write(installation.system / "latin\xe4.desktop", entryText("A"));

@@ -16,7 +16,7 @@ std::optional<DesktopEntry> parse(const std::string& text,
     return x11::DesktopEntries::parse(text, "id", "/id.desktop", languages);
 }
 
-/// The entry in a text that holds one; an empty one otherwise.
+/// The entry parsed from the text; an empty one if it is invalid.
 DesktopEntry entryIn(const std::string& text, const std::vector<std::string>& languages = {}) {
     return parse(text, languages).value_or(DesktopEntry{});
 }

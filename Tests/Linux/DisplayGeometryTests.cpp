@@ -11,7 +11,7 @@ namespace {
 
 constexpr PixelRect primary{1280, 900, 1920, 1080};
 
-/// Displays on every side of the primary, at whole and broken scales.
+/// Displays on every side of the primary, with integer and fractional scales.
 std::vector<Display> displays() {
     std::vector<Display> all;
     for (const double scale : {1.0, 1.25, 1.5, 1.75, 2.0, 3.0}) {

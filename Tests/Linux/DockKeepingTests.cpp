@@ -16,7 +16,7 @@ CorrectionBudget::Time at(std::chrono::milliseconds time) {
     return CorrectionBudget::Time{time};
 }
 
-/// How many corrections of a series are carried out.
+/// The number of corrections in a series that are carried out.
 int taken(CorrectionBudget& budget, int count, std::chrono::milliseconds apart,
           std::chrono::milliseconds start = 0ms) {
     int number = 0;
@@ -44,7 +44,7 @@ TEST(CorrectionBudget, StartsAgainAfterAQuietTimeOrWhenItIsRefilled) {
     EXPECT_EQ(taken(budget, 20, 100ms, 6s), 8);
 }
 
-/// A window that a window manager has shown, and manages.
+/// A window that is mapped and managed.
 constexpr KeepingFacts wellKept{
     .hasManager = true, .isMapped = true, .isManaged = true, .looks = 1};
 

@@ -19,7 +19,7 @@ namespace {
 constexpr std::uint32_t display = 2;
 constexpr QRgb background = 0xff687a94;
 
-/// A tile of one colour with a ring of fine lines, in which any blur shows.
+/// A coloured tile with a ring of fine lines, which would reveal any blur.
 QImage drawIcon(int side, const QColor& colour) {
     constexpr double units = 44;
     QImage image{side, side, QImage::Format_ARGB32_Premultiplied};
@@ -146,7 +146,7 @@ FakePanel& PicturedDock::window() const {
     return parts_->fixture.platform.panelWindows.panel(display);
 }
 
-/// Once nothing moves any more.
+/// The scene after all animations have finished.
 const Scene& PicturedDock::scene() const {
     constexpr double longEnough = 1;
     window().nextFrame();

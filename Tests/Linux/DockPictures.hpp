@@ -1,4 +1,4 @@
-/// Pictures of whole docks without an X server: the kit's scenes, painted as on the screen.
+/// Renders pictures of whole docks without an X server: the kit's scenes, painted as on the screen.
 #pragma once
 
 #include "Settings/Settings.hpp"
@@ -10,7 +10,7 @@
 
 namespace vireline::test {
 
-/// One dock with three pinned apps, the first of which runs, another running app, and Downloads and
+/// A dock with three pinned apps, the first of which is running, another running app, Downloads and
 /// Trash.
 class PicturedDock {
 public:
@@ -28,14 +28,13 @@ public:
     PicturedDock& operator=(PicturedDock&&) = delete;
     ~PicturedDock();
 
-    /// The pointer comes to the middle of a tile, or moves there.
+    /// Moves the pointer to the middle of a tile.
     void pointAt(std::size_t tile);
     void press();
-    /// Moves by this much along the dock.
+    /// Moves the pointer by this distance along the dock.
     void moveAlong(double distance);
 
-    /// What the dock's window shows once all animations have come to their end, on a plain
-    /// background.
+    /// The content of the dock's window after all animations have finished, on a plain background.
     [[nodiscard]] QImage picture(double scale, bool isDark) const;
 
 private:
@@ -48,7 +47,7 @@ private:
     std::unique_ptr<Parts> parts_;
 };
 
-/// All pictures on one sheet, in rows of `columns`.
+/// All pictures on one sheet, with `columns` per row.
 [[nodiscard]] QImage sheetOf(const std::vector<QImage>& pictures, int columns);
 
 }

@@ -1,4 +1,4 @@
-/// An environment variable for the length of a test.
+/// Sets an environment variable for the duration of a test.
 #pragma once
 
 #include <cstdlib>
@@ -9,7 +9,7 @@ namespace vireline::test {
 
 class EnvironmentVariable {
 public:
-    /// Unset while this lives if there is no value.
+    /// Unsets the variable if `value` is nullopt.
     EnvironmentVariable(const char* name, const std::optional<std::string>& value) : name_(name) {
         if (const char* before = std::getenv(name))
             before_ = before;

@@ -1,5 +1,5 @@
-/// A real event loop without a display, for tests of what runs on one. Waiting is always for a
-/// condition, and bounded.
+/// A real event loop without a display, for tests of what runs on one. Waits are always for a
+/// condition, with a timeout.
 #pragma once
 
 #include <QAbstractEventDispatcher>
@@ -10,20 +10,20 @@
 
 namespace vireline::test {
 
-/// The test program's one application object; made when first asked for.
+/// The test program's only application object, created on first use.
 inline QApplication& testApplication() {
     static std::array<char, 12> name{"LinuxTests"};
     static std::array<char, 10> option{"-platform"};
     static std::array<char, 10> platform{"offscreen"};
     static std::array<char*, 4> arguments{name.data(), option.data(), platform.data(), nullptr};
     static int count = 3;
-    // Never taken down: Qt's own statics, which it needs for that, may go before it.
+    // Never destroyed, because Qt's statics, which its destructor needs, may be destroyed first.
     // NOLINTNEXTLINE(cppcoreguidelines-owning-memory)
     static auto& application = *new QApplication{count, arguments.data()};
     return application;
 }
 
-/// Runs the loop until `condition` holds; false when it does not within ten seconds.
+/// Runs the loop until `condition` holds; returns false after ten seconds.
 inline bool waitUntil(const std::function<bool()>& condition) {
     testApplication();
     bool isLate = false;
@@ -39,7 +39,7 @@ inline bool waitUntil(const std::function<bool()>& condition) {
     return true;
 }
 
-/// Delivers what has happened already, and what comes of that, without waiting for anything more.
+/// Processes pending events and what they trigger, without waiting for more.
 inline void deliverPendingEvents() {
     testApplication();
     QCoreApplication::processEvents();

@@ -17,7 +17,7 @@ class FrameClockTest : public testing::Test {
 protected:
     FrameClockTest() { test::testApplication(); }
 
-    /// Lets frames come, each of which asks for the next, and tells how long that took.
+    /// The time that `count` consecutive frames take.
     milliseconds timeOf(int count) {
         left_ = count;
         const auto start = steady_clock::now();
@@ -61,7 +61,7 @@ TEST_F(FrameClockTest, GivesNoFrameThatNobodyAskedFor) {
 
 TEST_F(FrameClockTest, KeepsUpWithTheDisplayThoughTimersCountWholeMilliseconds) {
     clock.setRefreshRate(60);
-    // 29 intervals lie between 30 frames; each rounded up to 17 ms would make 493.
+    // There are 29 intervals between 30 frames; rounded up to 17 ms each they would take 493 ms.
     EXPECT_GE(timeOf(30).count(), 480);
 }
 

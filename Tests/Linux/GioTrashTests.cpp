@@ -11,8 +11,8 @@
 namespace vireline::x11 {
 namespace {
 
-/// GIO asks once in a process where the user's folders are, so each of these tests runs in one of
-/// its own, where nobody has asked yet.
+/// GIO looks up the user's folders only once per process, so each of these tests runs in a new
+/// process.
 class GioTrashTest : public testing::Test {
 protected:
     GioTrashTest() { GTEST_FLAG_SET(death_test_style, "threadsafe"); }
@@ -23,7 +23,7 @@ protected:
     test::EnvironmentVariable dataVariable{"XDG_DATA_HOME", std::nullopt};
 };
 
-/// Ends the process, telling whether all expectations were met.
+/// Exits with a status that tells whether all expectations were met.
 [[noreturn]] void endProcess(const FileURL& home) {
     test::removeAll(home);
     std::_Exit(testing::Test::HasFailure() ? 1 : 0);

@@ -1,5 +1,5 @@
-/// Docks as they should look, on every edge, in every state, light and dark: compared with pictures
-/// that somebody has looked at.
+/// Compares docks on every edge, in every state, light and dark, with reference pictures that were
+/// checked by eye.
 #include "Linux/DockPictures.hpp"
 #include "Linux/EventLoop.hpp"
 
@@ -28,11 +28,11 @@ std::string nameOf(const testing::TestParamInfo<Look>& info) {
     return info.param.name;
 }
 
-/// How two pictures of the same size differ.
+/// The difference between two pictures of the same size.
 struct Difference {
-    /// Of the pixel that differs most.
+    /// The largest difference of any pixel.
     int greatest = 0;
-    /// How many pixels a viewer may tell apart.
+    /// The number of pixels with a visible difference.
     int visible = 0;
 };
 
@@ -63,7 +63,7 @@ public:
     ~GoldenPicture() override { QGuiApplication::setFont(font_); }
 
 protected:
-    /// Compares with the picture of that name, or takes its place when asked to.
+    /// Compares with the reference picture of that name, or overwrites it if asked to.
     static void compare(const std::string& name, const QImage& actual) {
         const QString file = QString::fromStdString(name + ".png");
         const QString golden = QDir{QStringLiteral(GOLDEN_PICTURES)}.filePath(file);
@@ -73,7 +73,7 @@ protected:
         }
         const QImage expected{golden};
         ASSERT_EQ(expected.size(), actual.size()) << name;
-        // Letters come out a little differently with every version of the font's renderer.
+        // Versions of the font renderer draw letters slightly differently.
         const int tolerated = actual.width() * actual.height() / 1000;
         const Difference difference = differenceOf(expected, actual);
         if (difference.visible <= tolerated)
@@ -96,7 +96,8 @@ private:
 
 class GoldenDock : public GoldenPicture, public testing::WithParamInterface<Look> {};
 
-/// Row by row: at rest, magnified with a label, a tile dragged past its neighbour, collapsed.
+/// One state per row: at rest, magnified with a label, a tile dragged past its neighbour,
+/// collapsed.
 TEST_P(GoldenDock, LooksAsItShould) {
     const Look& look = GetParam();
     std::vector<QImage> pictures;
@@ -129,7 +130,7 @@ INSTANTIATE_TEST_SUITE_P(All, GoldenDock,
 
 class GoldenSizes : public GoldenPicture, public testing::WithParamInterface<DockPosition> {};
 
-/// A row for each size of icons: pointed at, first without magnification, then with it twofold.
+/// One row per icon size: hovered, without magnification and with twofold magnification.
 TEST_P(GoldenSizes, AreAllWhole) {
     std::vector<QImage> pictures;
     for (const double size : {32.0, 44.0, 64.0}) {
@@ -149,7 +150,7 @@ INSTANTIATE_TEST_SUITE_P(All, GoldenSizes,
                                          DockPosition::right),
                          [](const auto& edge) { return std::string{rawValue(edge.param)}; });
 
-/// At scales between the whole ones, icons at rest are as sharp as at these.
+/// At fractional scales, icons at rest are as sharp as at integer ones.
 TEST_F(GoldenPicture, IsSharpAtScalesInBetween) {
     std::vector<QImage> pictures;
     for (const double scale : {1.25, 1.5, 1.75}) {

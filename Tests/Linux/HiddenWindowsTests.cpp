@@ -10,7 +10,7 @@ namespace {
 using IDs = std::vector<xcb_window_t>;
 using Restored = std::vector<HiddenWindows::Restored>;
 
-/// An app's windows as the window manager reports them, and what the dock hides of them.
+/// An app's windows as the window manager reports them, and which of them the dock hides.
 class HiddenWindowsTest : public testing::Test {
 protected:
     HiddenWindowsTest() {
@@ -86,7 +86,7 @@ TEST_F(HiddenWindowsTest, HidesAgainWhatIsStillToBeRestored) {
     bringBack();
 
     EXPECT_EQ(hide(), (IDs{1, 2, 3}));
-    // The first report is of the earlier request.
+    // The first report is about the earlier request.
     hidden.update({&app, 1}, active);
     EXPECT_EQ(bringBack(), (Restored{{1, false}, {2, false}, {3, false}}));
 }
@@ -113,7 +113,7 @@ TEST_F(HiddenWindowsTest, ForgetsWindowsThatAreGone) {
 TEST_F(HiddenWindowsTest, EveryWindowOfAnAppIsLeavingUntilItIsReported) {
     hide();
     EXPECT_TRUE(hidden.isLeaving(3, now));
-    // The focus goes from one window to the next while they are iconified in turn.
+    // The focus moves from one window to the next while they are being iconified.
     active = 2;
     report(3, true);
 

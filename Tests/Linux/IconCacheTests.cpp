@@ -14,8 +14,8 @@ void append(std::string& bytes, std::uint32_t value, int size = 4) {
     }
 }
 
-/// A cache with one bucket that holds "mail" (PNG and SVG in the second folder) and "web" (SVG in
-/// both), in the order of their chain.
+/// A cache with one hash bucket whose chain contains "mail" (PNG and SVG in the second folder),
+/// then "web" (SVG in both folders).
 std::string cacheBytes() {
     std::string bytes;
     constexpr std::uint32_t hash = 12;

@@ -23,7 +23,7 @@ bool allows(const std::string& text) {
     return SvgBudget::allows({text.data(), static_cast<qsizetype>(text.size())});
 }
 
-/// A drawing in which each of `levels` groups repeats the one before ten times.
+/// A drawing in which each of `levels` groups repeats the previous one ten times.
 std::string bomb(int levels) {
     std::string content = R"(<g id="g0"><rect width="1" height="1"/></g>)";
     for (int level = 1; level <= levels; ++level) {
@@ -103,7 +103,7 @@ protected:
         return path;
     }
 
-    /// Null when there is none.
+    /// Null if the file cannot be loaded.
     static QImage loaded(const std::string& path, int side) {
         return ImageFile::load(path, side).value_or(QImage{});
     }
@@ -155,7 +155,7 @@ TEST_F(ImageFileTest, GivesNothingForDamagedFiles) {
 }
 
 TEST_F(ImageFileTest, RefusesPicturesOfAbsurdSizeBeforeDecodingThem) {
-    // One bit for a pixel: small in the file, 1.6 GB when decoded.
+    // One bit per pixel: small in the file, 1.6 GB when decoded.
     QImage huge{20'000, 20'000, QImage::Format_Mono};
     huge.fill(0);
     const std::string path = (folder.path() / "huge.png").string();

@@ -46,7 +46,7 @@ TEST(IconThemeIndex, PrefersWhatIsMadeForTheSizeThenLargerThenSmaller) {
     EXPECT_TRUE(IconThemeIndexes::isBetter(fixed48, fixed32, 64));
 }
 
-/// Icon themes in a temporary folder, all files empty.
+/// Icon themes made of empty files in a temporary folder.
 class IconThemeTest : public testing::Test {
 protected:
     void write(const std::string& path, const std::string& content = {}) const {
@@ -152,7 +152,7 @@ TEST_F(IconThemeTest, KnowsNoNamesThatLeadElsewhere) {
 TEST_F(IconThemeTest, LooksIntoTheFoldersWhenACacheDoesNotKnow) {
     addTheme("A");
     write("icons/A/48x48/apps/x.png");
-    // A cache of this version without any icon, newer than the folder.
+    // A valid cache without any icons, newer than the folder.
     write("icons/A/icon-theme.cache",
           std::string("\0\1\0\0\0\0\0\x0c\0\0\0\x14\0\0\0\1\xff\xff\xff\xff\0\0\0\0", 24));
     EXPECT_EQ(find("A", "x"), "icons/A/48x48/apps/x.png");

@@ -17,7 +17,7 @@ IdentifiedApp app(const std::string& id) {
     return {.bundleID = id, .name = id, .path = "/" + id + ".desktop", .hasEntry = true};
 }
 
-/// A tracker and what it said, in order.
+/// A tracker and its callbacks, in order.
 struct Tracking {
     Tracking() {
         tracker.onWillLaunch = [this](const IdentifiedApp& a) {

@@ -1,12 +1,12 @@
-// Memory that other libraries keep for the whole process without a pointer to it that the leak
-// checker would find.
+// Memory that other libraries keep for the whole process without a pointer that the leak checker
+// can find.
 
 // NOLINTNEXTLINE(bugprone-reserved-identifier): the name under which the checker looks for it
 extern "C" const char* __lsan_default_suppressions();
 
 // NOLINTNEXTLINE(bugprone-reserved-identifier)
 const char* __lsan_default_suppressions() {
-    // Qt's bus thread may still be reading a message when the process ends.
+    // Qt's bus thread may still be reading a message when the process exits.
     return "leak:libfontconfig.so\n"
            "leak:libdbus-1.so\n";
 }

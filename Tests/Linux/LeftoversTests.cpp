@@ -1,4 +1,4 @@
-/// What a save leaves behind that is cut off by the end of its process, and who may remove it.
+/// The files that an interrupted save leaves behind, and who may remove them.
 #include "Files/FileDescriptor.hpp"
 #include "Files/PosixFileSystem.hpp"
 #include "Foundation/ReplacementNames.hpp"
@@ -40,7 +40,7 @@ protected:
         return found;
     }
 
-    /// A process that does this, and ends at the latest when it has done it.
+    /// Forks a process that runs `work` and then exits.
     [[nodiscard]] static pid_t processOf(const std::function<void()>& work) {
         const pid_t child = ::fork();
         if (child == 0) {
@@ -49,13 +49,13 @@ protected:
         }
         return child;
     }
-    /// The signal that ended it, or 0.
+    /// The signal that terminated the child, or 0.
     [[nodiscard]] static int endOf(pid_t child) {
         int status = 0;
         return ::waitpid(child, &status, 0) == child && WIFSIGNALED(status) ? WTERMSIG(status) : 0;
     }
 
-    /// The system ends the process in the middle of its save.
+    /// Kills a process in the middle of its save.
     void cutOffASave() {
         const pid_t child = processOf([this] {
             constexpr rlimit oneKilobyte{1024, 1024};
@@ -69,7 +69,7 @@ protected:
     [[nodiscard]] fs::path replacement(std::uint64_t token) const {
         return temporary.path() / ReplacementNames::name(settingsName, token);
     }
-    /// As a save makes its file.
+    /// Creates the file as a save does.
     [[nodiscard]] FileDescriptor make(const fs::path& path, mode_t mode = 0600) const {
         FileDescriptor made{::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600)};
         EXPECT_TRUE(made);
@@ -110,7 +110,7 @@ TEST_F(LeftoversTest, ASaveLeavesNothingBehindHoweverManyProcessesWereKilledBefo
         ASSERT_EQ(endOf(child), SIGKILL);
         most = std::max(most, names().size());
     }
-    // The file and, at the worst, what the last of them left.
+    // The file itself, and at most one leftover.
     EXPECT_LE(most, 2U);
 
     ASSERT_TRUE(fileSystem.writeAtomically(file, "the last"));

@@ -1,4 +1,4 @@
-/// Everything that the kit has a user read, with the words that this platform gives it.
+/// Checks every text that the kit shows to the user, with this platform's words.
 #include "App/AppDelegate.hpp"
 #include "Desktop/LinuxWords.hpp"
 #include "Interaction/ClickPolicy.hpp"
@@ -64,7 +64,7 @@ void add(Texts& texts, const Menu& menu) {
     }
 }
 
-/// Each state of what the settings and the tour depend on.
+/// Every state that the settings window and the tour depend on.
 struct Situation {
     Status anchorStatus;
     bool canMoveWindows;
@@ -119,7 +119,7 @@ bool contains(const Texts& texts, const std::string& text) {
     return std::ranges::find(texts, text) != texts.end();
 }
 
-/// What a word of macOS's is found by, in small letters.
+/// Lower-case substrings that reveal a macOS term.
 constexpr std::array foreign{"macos",    "mac os",        "finder",     "apple",
                              "menu bar", "accessibility", "permission", "grant"};
 

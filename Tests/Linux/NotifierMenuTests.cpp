@@ -9,7 +9,7 @@ namespace {
 
 using Value = GLibHandle<GVariant, g_variant_unref>;
 
-/// As text, in the notation of GLib.
+/// The value in GLib's text format.
 std::string text(GVariant* floating) {
     const Value value{g_variant_ref_sink(floating)};
     const GLibHandle<char, g_free> printed{g_variant_print(value.get(), FALSE)};
@@ -53,7 +53,7 @@ TEST(NotifierMenu, ListsNoMoreThanIsAskedFor) {
               "(0, {'children-display': <'submenu'>}, [])");
     EXPECT_EQ(text(NotifierMenuLayout::layout(sample(), 2, -1)),
               "(2, {'type': <'separator'>}, [])");
-    // What is not there is answered with the menu itself.
+    // Unknown IDs yield the menu itself.
     for (const int id : {4, -1, 1000})
         EXPECT_EQ(text(NotifierMenuLayout::layout(sample(), id, 0)),
                   "(0, {'children-display': <'submenu'>}, [])");

@@ -1,4 +1,4 @@
-/// Puts a test under the rules for ordinary users: for root, permissions prove nothing.
+/// Makes permissions apply in a test that runs as root.
 #pragma once
 
 #include <unistd.h>
@@ -7,7 +7,7 @@
 
 namespace vireline::test {
 
-/// Rights are checked as an ordinary user's, also when the tests run as root.
+/// Drops root's privileges for the lifetime of this object.
 class OrdinaryUser {
 public:
     OrdinaryUser() {

@@ -40,7 +40,7 @@ protected:
         subscription = *std::move(following);
     }
 
-    /// What was reported since the last question.
+    /// The reports since the last call.
     std::vector<PathEvents> newReports() {
         deliverPendingEvents();
         return std::exchange(reports, {});
@@ -355,7 +355,7 @@ TEST_F(PathFollower, FailsWhereItCouldNotSeeTheFileArrive) {
     EXPECT_EQ(following.error().code, EACCES);
 }
 
-/// Makes the kernel drop all further events of a folder that is watched for arrivals.
+/// Overflows the kernel's event queue with events in a folder that is watched for arrivals.
 void floodWithArrivals(const FileURL& folder) {
     std::size_t limit = 0;
     std::ifstream{"/proc/sys/fs/inotify/max_queued_events"} >> limit;
@@ -374,7 +374,7 @@ TEST_F(PathFollower, FindsTheFileWhoseArrivalTheKernelLost) {
     floodWithArrivals(file.parent());
     overwrite(file, "one");
 
-    // Nobody can say what else was lost, so a change is reported as well.
+    // Since other events may have been lost too, a change is reported as well.
     EXPECT_EQ(newReports(), (Reports{appeared, changed}));
 }
 

@@ -28,7 +28,7 @@ QImage noise(int width, int height, unsigned seed) {
     return image.convertToFormat(format);
 }
 
-/// The greatest difference of any channel of any pixel.
+/// The largest difference in any channel of any pixel.
 int difference(const QImage& a, const QImage& b) {
     int most = 0;
     for (int y = 0; y < a.height(); ++y) {
@@ -46,8 +46,8 @@ TEST(Pixels, AreLaidOverEachOtherAsAPainterDoes) {
             QImage canvas = noise(50, 20, 1);
             QImage expected = canvas;
             const QImage picture = noise(width, 9, 2);
-            Pixels::lay(Pixels::canvas(canvas), Pixels::pieceOf(picture, {7, 5}), alpha,
-                        canvas.rect());
+            Pixels::blend(Pixels::canvas(canvas), Pixels::pieceOf(picture, {7, 5}), alpha,
+                          canvas.rect());
             QPainter painter{&expected};
             painter.setOpacity(alpha / 255.0);
             painter.drawImage(7, 5, picture);
@@ -62,14 +62,14 @@ TEST(Pixels, StayWithinTheClipAndTheCanvas) {
     const QImage before = canvas;
     const QImage picture = plain(40, 40, 0xffffffff);
     const QRect clip{5, 6, 7, 8};
-    Pixels::lay(Pixels::canvas(canvas), Pixels::pieceOf(picture, {-10, -10}), 255, clip);
+    Pixels::blend(Pixels::canvas(canvas), Pixels::pieceOf(picture, {-10, -10}), 255, clip);
     for (int y = 0; y < 20; ++y) {
         for (int x = 0; x < 20; ++x) {
             const QRgb expected = clip.contains(x, y) ? 0xffffffffU : before.pixel(x, y);
             ASSERT_EQ(canvas.pixel(x, y), expected) << x << ' ' << y;
         }
     }
-    Pixels::put(Pixels::canvas(canvas), Pixels::pieceOf(picture, {30, 30}), canvas.rect());
+    Pixels::copy(Pixels::canvas(canvas), Pixels::pieceOf(picture, {30, 30}), canvas.rect());
     Pixels::fill(Pixels::canvas(canvas), {-5, -5, 100, 100}, 0);
     EXPECT_EQ(difference(canvas, plain(20, 20, 0)), 0);
 }
@@ -77,8 +77,8 @@ TEST(Pixels, StayWithinTheClipAndTheCanvas) {
 TEST(Pixels, PutsAPartOfAPictureInPlaceOfWhatIsThere) {
     QImage canvas = plain(10, 4, 0xff00ff00);
     const QImage picture = noise(30, 4, 3);
-    Pixels::put(Pixels::canvas(canvas), {Pixels::picture(picture), {12, 0, 6, 4}, {2, 0}},
-                canvas.rect());
+    Pixels::copy(Pixels::canvas(canvas), {Pixels::picture(picture), {12, 0, 6, 4}, {2, 0}},
+                 canvas.rect());
     EXPECT_EQ(canvas.pixel(1, 0), 0xff00ff00U);
     EXPECT_EQ(canvas.copy(2, 0, 6, 4), picture.copy(12, 0, 6, 4));
     EXPECT_EQ(canvas.pixel(8, 0), 0xff00ff00U);

@@ -26,7 +26,7 @@ protected:
         return fileSystem.read(url, 1 << 20).value_or("<unreadable>");
     }
 
-    /// The entries of the test's folder.
+    /// The names of the entries in the test's folder.
     [[nodiscard]] std::vector<std::string> names() const {
         std::vector<std::string> found;
         for (const auto& entry : fs::directory_iterator{temporary.path()})
@@ -48,7 +48,7 @@ protected:
     PosixFileSystem fileSystem;
 };
 
-/// A file system of four pages, or none when mounting is not allowed here.
+/// A file system with four pages, if mounting is allowed here.
 class TinyDisk {
 public:
     explicit TinyDisk(const FileURL& folder) : folder_(folder), isMounted_(mountOn(folder)) {}
@@ -129,8 +129,8 @@ TEST_F(PosixFileSystemTest, MakesTheFileThatTheUsersOwnLinkWaitsFor) {
     EXPECT_TRUE(fs::is_symlink(folder.appending("dotfiles/next").path()));
 }
 
-/// Something of another user's below the test's folder. Of the system's if the tests do not run as
-/// root, who alone can give things away.
+/// A file or folder in the test's folder that belongs to another user. Only root can give files
+/// away, so without root it belongs to the system.
 class OthersProperty {
 public:
     explicit OthersProperty(const FileURL& folder) : folder_(folder.appending("theirs")) {

@@ -11,7 +11,7 @@ namespace ProcessInspection = x11::ProcessInspection;
 
 ProcessFacts inGroup(std::string_view text) {
     ProcessFacts facts;
-    ProcessInspection::takeControlGroup(facts, text);
+    ProcessInspection::addControlGroup(facts, text);
     return facts;
 }
 

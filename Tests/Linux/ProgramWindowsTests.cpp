@@ -1,5 +1,5 @@
-/// The program's windows without a screen: what becomes of a description, and that what is there is
-/// kept when the description changes.
+/// The program's windows without a screen: how they present a description, and that they keep their
+/// widgets when it changes.
 #include "Linux/EventLoop.hpp"
 #include "Platform/ProgramWindows.hpp"
 #include "ProgramWindows/Controls/Switch.hpp"
@@ -49,7 +49,7 @@ protected:
         view.present(
             SettingsView::form(settings, {.launchesAtLogin = false, .anchorStatus = anchor}, {}));
     }
-    /// The control of this accessible name; null if none is to be seen.
+    /// The visible control with this accessible name; null if there is none.
     template <class Control>
     [[nodiscard]] Control* find(const char* name) const {
         for (QWidget* const widget : view.findChildren<QWidget*>()) {

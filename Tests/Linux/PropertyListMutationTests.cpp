@@ -1,5 +1,5 @@
-/// Property lists with random damage. What is asked is only that reading them comes to an end,
-/// breaks nothing that the sanitisers would see, and gives the same twice.
+/// Decodes randomly damaged property lists. This must terminate without sanitizer errors and be
+/// deterministic.
 #include "Desktop/PropertyListReader.hpp"
 #include "Linux/BinaryPropertyList.hpp"
 
@@ -53,7 +53,7 @@ std::string binaryDock() {
     return plist.file(plist.dictionary({plist.text("persistent-apps")}, {apps}));
 }
 
-/// Damages text in one of the ways in which files get damaged, or are made to look so.
+/// Damages text in the ways in which real or crafted files are damaged.
 class Mutation {
 public:
     explicit Mutation(unsigned seed) : random_(seed) {}
@@ -94,7 +94,7 @@ private:
                                        "<real/>"}[below(10)]);
             break;
         default:
-            // The trailer says how to read all the rest.
+            // The trailer determines how everything else is read.
             text[text.size() - 1 - std::min(below(32), text.size() - 1)] =
                 static_cast<char>(below(256));
             break;
@@ -106,7 +106,7 @@ private:
 
 void readTwice(const std::string& bytes, unsigned seed) {
     const PropertyListReader reader;
-    // At the end of its own block of memory, so that reading past it is noticed.
+    // At the end of its own allocation, so that reading past it is detected.
     const std::vector<char> exact(bytes.begin(), bytes.end());
     const auto first = reader.decode(std::as_bytes(std::span{exact}));
     const auto second = reader.decode(bytesOf(bytes));

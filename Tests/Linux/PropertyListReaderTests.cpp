@@ -36,7 +36,7 @@ std::string repeated(std::string_view text, int times) {
     return all;
 }
 
-/// Whether the bytes are refused, in a time that nobody notices even in a build full of checks.
+/// Whether the bytes are rejected within an unnoticeable time, even in a debug build.
 bool isRefusedQuickly(std::string_view bytes) {
     const auto start = std::chrono::steady_clock::now();
     const bool isRefused = !decode(bytes);
@@ -123,7 +123,7 @@ TEST(PropertyListReader, RefusesEndlessNestingInXML) {
         xml(repeated("<array>", 100'000) + "<true/>" + repeated("</array>", 100'000))));
     EXPECT_TRUE(isRefusedQuickly(
         xml(repeated("<dict><key>k</key>", 100'000) + repeated("</dict>", 100'000))));
-    // Closing tags where the parser sees none.
+    // The closing tags are in comments, where the parser does not see them.
     EXPECT_TRUE(isRefusedQuickly(xml(repeated("<array><!--</array>-->", 100'000))));
     EXPECT_TRUE(isRefusedQuickly(xml(repeated("<array><? \"?></array>\" ?>", 100'000))));
 }
@@ -205,7 +205,7 @@ TEST(PropertyListReader, TakesLittleTimeForAllThatTheLimitsAdmit) {
         entries += "<key>k" + std::to_string(i < pairs / 2 ? i : pairs / 2) + "</key><true/>";
     const std::string bytes = xml("<dict>" + entries + "</dict>");
 
-    // The processor's time: what else runs on the computer says nothing of the parser.
+    // CPU time, so that other load on the machine does not matter.
     const std::clock_t start = std::clock();
     EXPECT_TRUE(decode(bytes));
 
@@ -240,7 +240,7 @@ TEST(PropertyListReader, ReadsLargeDocks) {
 }
 
 // Behaviour: dock-preferences-reader-4
-TEST(PropertyListReader, TellsADockWithoutTilesFromBytesThatAreNoPropertyList) {
+TEST(PropertyListReader, DistinguishesADockWithoutTilesFromAnInvalidPropertyList) {
     const auto parse = [](std::string_view bytes) {
         return DockPreferencesReader::parse(bytesOf(bytes), PropertyListReader{});
     };

@@ -40,8 +40,8 @@ TEST_F(QtRunLoopTest, KeepsThePaceOfARepeatingTimerOverLateFirings) {
 
     ASSERT_TRUE(waitUntil([&] { return count == 20; }));
 
-    // The twentieth cannot be early. Rounding each interval up to whole milliseconds would make it
-    // come 12 ms late; a busy machine may as well, so only the early side is asked for.
+    // Rounding each interval up to whole milliseconds would make the twentieth firing 12 ms late;
+    // but so may a busy machine, so only the early side is checked.
     EXPECT_GE(loop.now() - start, 20 * 0.010'4);
 }
 

@@ -14,7 +14,7 @@ SceneNode node(NodeID::Part part, std::uint32_t owner, Rect frame) {
     return {.id = {part, owner}, .frame = frame, .content = DotNode{}};
 }
 
-/// A background with two dots on it.
+/// A background with two dots.
 Scene scene() {
     return {.nodes = {node(NodeID::Part::strip, 0, {0, 0, 100, 50}),
                       node(NodeID::Part::dot, 1, {10, 10, 4, 4}),
@@ -43,7 +43,7 @@ TEST(SceneDamage, IsWhereAChangedNodeWasAndIs) {
     Scene after = scene();
     after.nodes[1].frame.x = 20;
     const QRegion damage = between(scene(), after);
-    // 10 + 10 · 2 and 20 + 10 · 2 pixels, 8 wide, with a pixel for soft edges all around.
+    // Pixels (10 + 10 · 2, 20 + 10 · 2), 8 wide, plus a margin of one pixel for antialiasing.
     EXPECT_EQ(damage, QRegion(29, 39, 10, 10) + QRegion(49, 39, 10, 10));
 }
 
@@ -66,7 +66,7 @@ TEST(SceneDamage, FollowsScaleAndOffset) {
     Scene after = scene();
     after.nodes[1].scale = 3;
     const QRegion damage = between(scene(), after);
-    // The dot grows about its centre, (12, 12), to 12 points.
+    // The dot grows around its centre, (12, 12), to 12 points.
     EXPECT_EQ(damage.boundingRect(), QRect(21, 31, 26, 26));
 }
 

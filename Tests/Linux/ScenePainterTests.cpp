@@ -13,7 +13,7 @@ namespace {
 
 constexpr NodeID anyNode{};
 
-/// A checkerboard of single pixels, which any blur turns grey; counts what was rendered.
+/// A checkerboard of single pixels, which any blur would turn grey; records the rendered sizes.
 struct Checkers {
     std::vector<int> sides;
 
@@ -57,7 +57,7 @@ protected:
         return places;
     }
 
-    /// An icon with room to grow to twice its size.
+    /// An icon that can grow to twice its size.
     static ImageNode icon(Checkers& checkers, double side = 44) {
         return {checkers.image(), side, 2 * side};
     }
@@ -67,7 +67,7 @@ protected:
                 .inputRegion = {}};
     }
 
-    /// The smallest rectangle around everything that was painted.
+    /// The bounding rectangle of everything painted.
     static QRect inked(const QImage& canvas) {
         QRect all;
         for (int y = 0; y < canvas.height(); ++y) {
@@ -83,7 +83,7 @@ protected:
 TEST_F(ScenePainterTest, DrawsImagesPixelForPixelAtEveryScale) {
     for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
         Checkers checkers;
-        // At a place that is no whole pixel.
+        // At a fractional position.
         const QImage canvas = painted(one({10.3, 20.4, 44, 44}, icon(checkers)), scale);
         const int side = static_cast<int>(44 * scale);
         ASSERT_EQ(checkers.sides, std::vector{side});
@@ -111,7 +111,7 @@ TEST_F(ScenePainterTest, DrawsGrowingImagesFromFewRenderings) {
         const QRect ink = inked(painted(one({100, 5, side, side}, node), 1));
         ASSERT_NEAR(ink.width(), side, 1) << side;
     }
-    // At rest, which is half of its largest size, and at that.
+    // The size at rest, and the largest size, which is twice that.
     EXPECT_EQ(checkers.sides, (std::vector{44, 88}));
 }
 

@@ -9,7 +9,8 @@
 namespace vireline::x11 {
 namespace {
 
-/// Above-left of the primary, the primary, and one to its right with its bottom on an inner edge.
+/// One display above and to the left of the primary, the primary, and one to its right whose bottom
+/// is an inner edge.
 constexpr std::array<PixelRect, 3> monitors{
     PixelRect{0, 0, 1280, 900}, PixelRect{1280, 900, 1920, 1080}, PixelRect{3200, 400, 640, 800}};
 constexpr PixelRect root{0, 0, 3840, 1980};
@@ -30,7 +31,7 @@ TEST(Struts, CountOnTheMonitorOfTheirWindowAlone) {
 }
 
 TEST(Struts, AreMeasuredFromTheRootsEdgeOnAnInnerEdge) {
-    // 780 pixels lie between the bottom of the third monitor and that of the root.
+    // There are 780 pixels between the bottom of the third monitor and that of the root window.
     const auto frames = visible({{{3200, 1170, 640, 30}, {.bottom = 780 + 30}}});
     EXPECT_EQ(frames[2], (PixelRect{3200, 400, 640, 770}));
 }

@@ -35,7 +35,7 @@ WindowIcon plain(std::uint32_t side, std::uint32_t pixel) {
     return {side, side, std::vector<std::uint32_t>(std::size_t{side} * side, pixel)};
 }
 
-/// A theme whose icons are told apart by their colours, and desktop entries that name them.
+/// A theme whose icons differ in colour, and desktop entries that name them.
 class ThemeIconsTest : public testing::Test {
 protected:
     ThemeIconsTest() {
@@ -60,7 +60,7 @@ protected:
         return file;
     }
 
-    /// Gives the entry's own path.
+    /// Returns the entry's path.
     std::string addEntry(const std::string& id, const std::string& icon) const {
         write("applications/" + id + ".desktop",
               "[Desktop Entry]\nType=Application\nName=x\nExec=/bin/sh\nIcon=" + icon + "\n");

@@ -9,7 +9,7 @@ namespace {
 
 constexpr PixelRect monitor{1000, 0, 800, 600};
 
-/// Two displays in a row, one point a pixel; goals are on the second.
+/// Two displays side by side with one pixel per point; goals are on the second.
 std::vector<Display> displays() {
     const PixelRect primary{0, 0, 1000, 600};
     return {DisplayGeometry::display(primary, primary, 1),
@@ -47,7 +47,7 @@ TEST(WindowGoal, BesideADockAWindowThatIsTooWideReachesAwayFromIt) {
 }
 
 TEST(WindowGoal, AnothersPanelIsNotTakenForTheDock) {
-    // A thick panel at the top, the dock at the bottom.
+    // A thick panel at the top and the dock at the bottom.
     EXPECT_EQ(placed({1000, 200, 800, 308}, windowOfAtLeast(1, 330), {1000, 200, 800, 400}),
               (PixelRect{1000, 178, 800, 330}));
 }

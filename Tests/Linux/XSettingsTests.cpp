@@ -8,7 +8,7 @@
 namespace vireline::x11 {
 namespace {
 
-/// Builds a property in either byte order.
+/// Builds the property in either byte order.
 class Settings {
 public:
     explicit Settings(bool isLittleEndian) : isLittleEndian_(isLittleEndian) {}

@@ -1,5 +1,5 @@
-// Runs the tests: as GoogleTest does, each of them in a process of its own if its name alone is
-// asked for; or with --forked all of them in one go, each in a child, up to the first that fails.
+// Runs the tests: like GoogleTest, or in a separate process if a single test's name is requested;
+// with --forked all of them, each in a child process, until the first failure.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -13,16 +13,16 @@
 #include <vector>
 
 extern "C" {
-/// Only where the build has a sanitizer, or counts.
+/// Defined only in builds with a sanitizer or coverage.
 [[gnu::weak]] int __lsan_do_recoverable_leak_check();
 [[gnu::weak]] int __llvm_profile_write_file();
 }
 
 namespace {
 
-/// A test that works longer runs in circles, however busy the machine is.
+/// A test that takes more of the processor loops, however busy the machine is.
 constexpr rlim_t mostProcessorSeconds = 30;
-/// One that takes longer waits for something that never comes.
+/// A test that takes longer is considered hung.
 constexpr unsigned longestSeconds = 300;
 
 std::vector<std::string> namesOfTests() {
@@ -44,23 +44,24 @@ std::vector<std::string> namesOfTests() {
     bool isWell = RUN_ALL_TESTS() == 0;
     if (__lsan_do_recoverable_leak_check != nullptr)
         isWell = __lsan_do_recoverable_leak_check() == 0 && isWell;
-    // Clang's coverage, which a process that ends in haste would lose.
+    // Clang's coverage counts, which `_exit` would not write.
     if (__llvm_profile_write_file != nullptr)
         __llvm_profile_write_file();
     _exit(isWell ? EXIT_SUCCESS : EXIT_FAILURE);
 }
 
-/// The tests named come first, then all others but those left out by a text in their name.
-int runForked(std::vector<std::string> first, const std::vector<std::string>& leftOut) {
+/// Runs the named tests first, then all others except those whose names contain a text in
+/// `skipped`.
+int runForked(std::vector<std::string> first, const std::vector<std::string>& skipped) {
     const std::set<std::string> known{first.begin(), first.end()};
     for (const std::string& name : namesOfTests())
         if (!known.contains(name))
             first.push_back(name);
     for (const std::string& name : first) {
-        bool isLeftOut = false;
-        for (const std::string& text : leftOut)
-            isLeftOut = isLeftOut || name.find(text) != std::string::npos;
-        if (isLeftOut)
+        bool isSkipped = false;
+        for (const std::string& text : skipped)
+            isSkipped = isSkipped || name.find(text) != std::string::npos;
+        if (isSkipped)
             continue;
         const pid_t child = fork();
         if (child == 0)
@@ -82,12 +83,12 @@ int main(int count, char** words) {
     if (count < 2 || std::strcmp(words[1], "--forked") != 0)
         return RUN_ALL_TESTS();
     std::vector<std::string> first;
-    std::vector<std::string> leftOut;
+    std::vector<std::string> skipped;
     for (int index = 2; index < count; ++index) {
         if (*words[index] == '-')
-            leftOut.emplace_back(words[index] + 1);
+            skipped.emplace_back(words[index] + 1);
         else
             first.emplace_back(words[index]);
     }
-    return runForked(std::move(first), leftOut);
+    return runForked(std::move(first), skipped);
 }

@@ -13,9 +13,9 @@
 
 namespace vireline {
 
-/// Each test runs the program once, in a home folder of its own. Behind every run it checks that
-/// nothing went wrong unseen: no exception left the program, no message was without an answer or on
-/// a wrong thread, and nothing of the program is left.
+/// Each test runs the program once, in its own home folder. After every run it checks that no
+/// exception escaped from the program, no message was unrecognised or sent on the wrong thread, and
+/// nothing of the program is left.
 class ProgramTest : public testing::Test {
 protected:
     ProgramTest();
@@ -25,25 +25,25 @@ protected:
     ProgramTest& operator=(ProgramTest&&) = delete;
     ~ProgramTest() override;
 
-    /// Runs the program; `user` is what happens between its launch and its end.
+    /// Runs the program; `user` is called between its launch and its end.
     void runProgram(std::function<void()> user);
 
-    /// Behind a run: nothing went wrong unseen, and nothing is left.
+    /// Checks after a run that nothing went wrong unnoticed and nothing is left.
     static void expectAGoodEnd();
 
-    /// The program's settings file, before or behind the run.
+    /// Writes the program's settings file; to be called before or after the run.
     void writePreferences(std::string_view json) const;
     [[nodiscard]] std::string preferences() const;
 
-    /// The lines of the program's log, without their times.
+    /// The lines of the program's log, without timestamps.
     [[nodiscard]] std::vector<std::string> log() const;
     [[nodiscard]] bool logHas(std::string_view line) const;
 
     [[nodiscard]] std::string supportFolder() const;
 
-    /// An application in the home folder, known to the workspace.
+    /// Creates an application in the home folder that the workspace finds.
     [[nodiscard]] paper::App makeApp(const std::string& name, int processIdentifier) const;
-    /// Notes, Mail and Music are installed and pinned in Apple's Dock.
+    /// Installs Notes, Mail and Music, and pins them in Apple's Dock.
     void pinThreeApps();
 
     [[nodiscard]] const std::string& home() const noexcept { return home_; }
@@ -52,20 +52,20 @@ private:
     std::string home_;
 };
 
-/// One display with Apple's Dock at its bottom, one to its right, one to its left.
+/// One display with Apple's Dock at the bottom, one to its right and one to its left.
 [[nodiscard]] std::vector<paper::Display> threeDisplays();
 
 /// The window of the dock on a display; nil if there is none on screen.
 [[nodiscard]] NSWindow* dockOn(unsigned display);
 
-/// What assistive technology finds in it, in order.
+/// The accessibility labels of its tiles, in order.
 [[nodiscard]] std::vector<std::string> tileNames(NSWindow* dock);
 [[nodiscard]] id tileNamed(NSWindow* dock, std::string_view name);
 [[nodiscard]] NSPoint centreOf(id tile);
 
-/// The control of a window that bears this title or accessibility label; nil if there is none.
+/// The control with this title or accessibility label; nil if there is none.
 [[nodiscard]] id controlNamed(NSWindow* window, std::string_view name);
-/// Uses a control: a switch or radio button goes on, a segment is chosen, a slider is set.
+/// Operates a control: turns on a switch or radio button, selects a segment, or sets a slider.
 void switchOn(id control, bool isOn);
 void push(id button);
 

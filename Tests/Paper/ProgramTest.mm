@@ -55,7 +55,7 @@ ProgramTest::ProgramTest() {
     @autoreleasepool {
         paper::plug(threeDisplays());
     }
-    // A home that has been through the first run.
+    // The state after the first run.
     writePreferences(R"({"onboardingCompleted": true})");
 }
 

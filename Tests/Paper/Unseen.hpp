@@ -1,4 +1,4 @@
-/// What goes wrong without a test asking for it, and what a program that ended left behind.
+/// Detects problems that no test asks about, and what a program that ended left behind.
 #pragma once
 
 #include <string>
@@ -6,11 +6,11 @@
 
 namespace vireline {
 
-/// Exceptions that left the program, messages without an answer, and messages on another thread to
-/// classes that Apple does not document as safe there.
+/// Escaped exceptions, unrecognised messages, and messages on other threads to classes that Apple
+/// does not document as thread-safe.
 [[nodiscard]] std::vector<std::string> unseenFaults();
 
-/// What of a program that ended is still there: windows, timers, observers, taps and objects.
+/// What is left of a program that has ended: windows, timers, observers, taps and objects.
 [[nodiscard]] std::vector<std::string> remains();
 
 }

@@ -7,7 +7,7 @@
 namespace vireline {
 namespace {
 
-/// Documented as safe on every thread, or made by the runtime itself.
+/// Classes documented as thread-safe, or created by the runtime itself.
 const std::set<std::string, std::less<>>& threadSafeClasses() {
     static const std::set<std::string, std::less<>> names{
         "NSConstantString", "NSData",        "NSDictionary",

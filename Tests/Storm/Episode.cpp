@@ -23,7 +23,7 @@
 #endif
 
 extern "C" {
-/// Clang's coverage has it.
+/// Defined by Clang's coverage runtime.
 [[gnu::weak]] int __llvm_profile_write_file();
 }
 
@@ -41,7 +41,7 @@ bool leaks() {
 #endif
 }
 
-/// A process that ends in haste would not.
+/// `_exit` does not write the coverage counts.
 void writeCounts() {
     if (__llvm_profile_write_file != nullptr)
         __llvm_profile_write_file();
@@ -51,8 +51,7 @@ void tell(const std::string& text) {
     std::fputs(text.c_str(), stderr);
 }
 
-/// What went wrong. Nothing of the program's lets an exception escape, nor may the model run into
-/// one.
+/// Returns what went wrong. Neither the program nor the model may let an exception escape.
 std::optional<std::string> outcomeOf(const Episode& episode) try {
     return live(episode, [](const std::string& line) { tell(line + '\n'); });
 } catch (const std::exception& error) {
@@ -84,7 +83,7 @@ std::string readAll(int descriptor) {
     }
 }
 
-/// The first line that begins so, without that beginning; empty if there is none.
+/// The rest of the first line that begins with `beginning`; empty if there is none.
 std::string lineBehind(const std::string& text, const std::string& beginning) {
     const auto at = text.find(beginning);
     if (at == text.npos)
@@ -102,7 +101,7 @@ Failure failureOf(const std::string& output, int status) {
         wrong = lineBehind(output, "broken condition: ");
     if (wrong.empty())
         wrong = "the process ended with status " + std::to_string(status);
-    // Numbers differ from one course to the next.
+    // Digits are masked, because numbers differ between runs.
     for (const char letter : wrong) {
         if (letter >= '0' && letter <= '9')
             failure.kind += '#';

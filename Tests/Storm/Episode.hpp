@@ -1,5 +1,5 @@
-/// Runs a course of steps in a process of its own, so that one that dies can be reported and cut
-/// down like any other that fails.
+/// Runs a sequence of random steps in a separate process, so that crashes can be reported and
+/// reduced like other failures.
 #pragma once
 
 #include <functional>
@@ -16,27 +16,27 @@ struct Episode {
 };
 
 struct Failure {
-    /// Tells one kind of failure from another, as far as it can be told.
+    /// Identifies the kind of failure, as far as possible.
     std::string kind;
-    /// What is wrong, or what the sanitizer says.
+    /// The violated expectation, or the sanitizer's message.
     std::string message;
-    /// What had happened, as far as the process lived to tell.
+    /// The steps that were performed before the process ended.
     std::string story;
 };
 
 using Tell = std::function<void(const std::string&)>;
 
-/// Takes the steps in this process and tells of each. What is wrong, if anything is. Everything
-/// that storms has one of its own.
+/// Performs the steps in this process and reports each. Returns what is wrong, if anything. Defined
+/// once for each of the platforms under test.
 [[nodiscard]] std::optional<std::string> live(const Episode& episode, const Tell& tell);
 
-/// How its tool is called, up to the seed.
+/// The command line of its tool, up to the seed.
 [[nodiscard]] std::string commandToRepeat();
 
-/// All steps from the first to that number.
+/// All steps from the first up to that number.
 [[nodiscard]] Episode wholeEpisode(unsigned seed, int steps);
 
-/// Nothing when all is well.
+/// nullopt if nothing failed.
 [[nodiscard]] std::optional<Failure> run(const Episode& episode);
 
 }

@@ -15,14 +15,14 @@ int separatorCount(TileCounts counts) {
     return counts.unpinned > 0 ? 2 : 1;
 }
 
-/// All of a strip that is no icon.
+/// The length of everything in a strip except the icons.
 double overhead(TileCounts counts) {
     const int n = tileCount(counts);
     const int s = separatorCount(counts);
     return 6 * (n + s - 1) + s + 14;
 }
 
-/// By how much a strip grows at most, with the pointer on its middle tile.
+/// The maximum growth of a strip, with the pointer on its middle tile.
 double growth(TileCounts counts, double icon, double magnification) {
     if (magnification <= 1)
         return 0;
@@ -179,7 +179,7 @@ Point keptOut(Point pointer, const std::vector<Rect>& bands, const std::vector<R
     }
     if (display(pointer.x, pointer.y) != displays.end())
         return pointer;
-    // Beyond them all: straight up to the lowest display there.
+    // Beyond all displays: straight up to the lowest one in that column.
     double y = pointer.y;
     while (y > -5000 && display(pointer.x, y - 0.5) == displays.end())
         y -= 0.5;

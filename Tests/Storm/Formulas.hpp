@@ -1,6 +1,6 @@
-/// Where docks belong and how long they are, worked out a second time from the documented sizes
-/// and shared with nothing in the kit, so that a mistake there cannot hide here. Rectangles are in
-/// global space: points, y upwards.
+/// The positions and lengths of docks, computed independently from the documented sizes. Shares no
+/// code with the kit, so that a mistake there shows. Rectangles are in global space: points, y
+/// upwards.
 #pragma once
 
 #include "Foundation/Geometry.hpp"
@@ -13,7 +13,7 @@
 
 namespace vireline::storm {
 
-/// What a strip holds; the two utility tiles come on top.
+/// The apps in a strip; the two utility tiles are not counted.
 struct TileCounts {
     int pinned = 0;
     int unpinned = 0;
@@ -21,13 +21,13 @@ struct TileCounts {
     bool operator==(const TileCounts&) const = default;
 };
 
-/// How large icons are where `available` points along the edge can be used.
+/// The icon size if `available` points along the edge can be used.
 [[nodiscard]] double fittedIconSize(TileCounts counts, double available, double largest);
 
 struct PlannedDock {
     std::uint32_t display = 0;
     Rect frame;
-    /// Along the edge, for the tiles.
+    /// Length along the edge that is available for tiles.
     double available = 0;
     DockPosition position = DockPosition::bottom;
 };
@@ -39,32 +39,33 @@ struct LookOfDocks {
     DockPosition position = DockPosition::bottom;
 };
 
-/// One dock for every display but the one that holds the desktop's own, in the displays' order.
+/// A dock for each display except the one with the desktop's own dock, in the order of the
+/// displays.
 [[nodiscard]] std::vector<PlannedDock> plannedDocks(const std::vector<PlatformScreen>& screens,
                                                     const LookOfDocks& look);
 
-/// The window of a hidden dock, and of one that hides but is out.
+/// The window of a collapsed dock, and of an auto-hiding one that is out.
 [[nodiscard]] Rect sliverOf(const Rect& frame, DockPosition position);
 [[nodiscard]] Rect hoverFrameOf(const Rect& frame, DockPosition position);
 
-/// Where the view lies in its window; y upwards.
+/// The frame of the view in its window; y upwards.
 [[nodiscard]] Rect hostedFrameOf(const Rect& frame, DockPosition position, bool hides, bool isIn);
 
-/// The bands along the bottom edges of these displays, in event space.
+/// The guarded bands at the bottom edges of these displays, in event space.
 [[nodiscard]] std::vector<Rect> guardBands(const std::vector<PlatformScreen>& screens,
                                            const std::vector<std::uint32_t>& displays);
 
-/// All displays in event space.
+/// The frames of all displays in event space.
 [[nodiscard]] std::vector<Rect> eventFrames(const std::vector<PlatformScreen>& screens);
 
-/// Where a pointer that was moved there ends up, which may go from display to display.
+/// Where a pointer that is moved to `pointer` ends up, which may be on another display.
 [[nodiscard]] Point keptOut(Point pointer, const std::vector<Rect>& bands,
                             const std::vector<Rect>& displays);
 
-/// The place where a tile lands that is dragged by `offset` points.
+/// The index where a tile lands that is dragged by `offset` points.
 [[nodiscard]] int landing(int from, double offset, double slot, int count);
 
-/// Whether two rectangles are the same but for rounding.
+/// Whether two rectangles are equal except for rounding.
 [[nodiscard]] bool isNear(const Rect& a, const Rect& b);
 
 }

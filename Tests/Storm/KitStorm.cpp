@@ -1,4 +1,4 @@
-// A storm's episode on the fake platform and its virtual clock.
+// Random events on the fake platform and its virtual clock.
 #include "Storm/Episode.hpp"
 #include "Storm/World.hpp"
 
@@ -6,7 +6,8 @@
 
 namespace vireline::storm {
 
-/// Steps are told before the next one is taken: the last one of a process that died is the one.
+/// Each step is reported before it is performed: if the process crashes, the last one is the
+/// culprit.
 std::optional<std::string> live(const Episode& episode, const Tell& tell) {
     const auto world = std::make_unique<World>(episode.seed);
     for (const int step : episode.steps) {

@@ -1,5 +1,5 @@
-/// The program's log, caught line by line before it reaches a file. One process, one log: a storm
-/// runs in a process of its own.
+/// Captures the program's log line by line before it reaches a file. The log is global, so every
+/// run has its own process.
 #pragma once
 
 #include <optional>
@@ -9,19 +9,19 @@
 
 namespace vireline::storm {
 
-/// From now on lines are kept in memory.
+/// Starts keeping log lines in memory.
 void captureLog();
 
-/// The lines since they were last taken, as they would stand in the file.
+/// The lines since they were last taken, as they would appear in the file.
 [[nodiscard]] const std::vector<std::string>& loggedLines();
 
-/// The same, which are forgotten.
+/// Returns the lines and clears them.
 [[nodiscard]] std::vector<std::string> takeLoggedLines();
 
-/// The message of a line "[2025-03-14T09:26:53Z] message"; nothing if it has another form.
+/// The message in a line "[2025-03-14T09:26:53Z] message"; nullopt if it has another format.
 [[nodiscard]] std::optional<std::string> messageOf(std::string_view line);
 
-/// Whether the text is what the pattern says, in which "*" stands for anything.
+/// Whether the text matches the pattern, in which "*" stands for anything.
 [[nodiscard]] bool matches(std::string_view text, std::string_view pattern);
 
 }

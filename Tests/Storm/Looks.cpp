@@ -1,4 +1,4 @@
-/// What must hold after every step.
+/// The checks after every step.
 #include "Storm/Log.hpp"
 #include "Storm/PreferencesText.hpp"
 #include "Storm/World.hpp"
@@ -12,7 +12,7 @@ namespace {
 
 constexpr double tolerance = 1e-6;
 
-/// What the window mover says depends on other programs' windows, which the model leaves alone.
+/// The window mover's messages depend on other programs' windows, which are not modelled.
 bool isOfTheWindowMover(const std::string& message) {
     constexpr std::array<std::string_view, 3> beginnings{"placement ", "summon pid ", "fill pid "};
     return std::ranges::any_of(beginnings, [&](auto text) { return message.starts_with(text); });
@@ -22,7 +22,7 @@ bool isReconcile(const std::string& line) {
     return line.starts_with("reconcile ");
 }
 
-/// Along the dock's axis.
+/// The start along the dock's axis.
 double startAlong(const Rect& rect, DockPosition position) {
     return position == DockPosition::bottom ? rect.x : rect.y;
 }
@@ -65,7 +65,7 @@ void World::lookAtLog() {
     }
     const auto expected = std::exchange(model.lines, {});
     if (wasInterrupted_) {
-        // Rounds that are asked for within a round may be made as one.
+        // Reconciliations requested from within one may be combined.
         const auto made = std::ranges::count_if(messages, isReconcile);
         const auto due = std::ranges::count_if(expected, isReconcile);
         if ((made == 0) != (due == 0) || made > 2 * due)
@@ -167,7 +167,7 @@ void World::lookAtTiles(StormWindow& window, const ModelDock& dock) {
     lookAtPlaces(window, dock, tiles);
 }
 
-/// Exactly, unless something may be magnified; then only that they follow each other.
+/// Positions are compared exactly, except while tiles may be magnified; then only their order is.
 void World::lookAtPlaces(const StormWindow& window, const ModelDock& dock,
                          const std::vector<AccessibleTile>& tiles) {
     const TileCounts counts = model.counts();
@@ -257,7 +257,7 @@ void World::lookAtForm() {
         fail("the settings window says that the guard ", saysActive ? "is" : "is not", " active");
 }
 
-/// Of a program that has ended.
+/// The checks after the program has ended.
 void World::lookForRemains() {
     const auto& platform = around.platform;
     if (!windows_.empty())
@@ -278,7 +278,7 @@ void World::lookForRemains() {
         fail("a window of the program's own is left");
 }
 
-/// Nothing moves and nothing will.
+/// Nothing may be moving or scheduled to move.
 void World::lookAtRest() {
     if (around.platform.runLoop.pendingTimers() != model.restingTimers())
         fail(around.platform.runLoop.pendingTimers(), " timers at rest instead of ",

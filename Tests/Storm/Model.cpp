@@ -75,7 +75,7 @@ void Model::pass(Time duration) {
     const auto isDue = [this](std::optional<Time>& due) {
         return due && *due <= now_ ? std::exchange(due, std::nullopt).has_value() : false;
     };
-    // Of what falls due at once, what takes longer was begun earlier.
+    // If several timers are due at the same time, the one with the longest delay was started first.
     if (isDue(pollAt_)) {
         pollAt_ = now_ + pollEvery_;
         lookAtPermission();

@@ -1,6 +1,6 @@
-/// The program as it should be, in plain data: what it has read, which docks stand where and which
-/// of them are hidden, what it must have saved and logged. Every event that the world brings about
-/// reaches the model first and the program then.
+/// The expected state of the program as plain data: what it has read, which docks exist, where they
+/// are and which are hidden, and what it must have saved and logged. Each event is applied to the
+/// model first and to the program afterwards.
 #pragma once
 
 #include "Model/DockItem.hpp"
@@ -24,24 +24,24 @@ public:
 
     explicit Model(const Surroundings& surroundings) : around_(surroundings) {}
 
-    /// The program starts with what is on the disk, and ends.
+    /// The program starts with the stored settings, or ends.
     void start();
     void quit();
     [[nodiscard]] bool runs() const noexcept { return runs_; }
 
-    /// When something falls due next; nothing while only the user can change anything.
+    /// When the next timer is due; nullopt if there is none.
     [[nodiscard]] std::optional<Time> nextDue() const;
-    /// How many things fall due exactly then.
+    /// How many timers are due exactly then.
     [[nodiscard]] int duesIn(Time duration) const;
     void pass(Time duration);
     [[nodiscard]] Time now() const noexcept { return now_; }
 
-    /// The user, or the program in the user's name, changes the settings.
+    /// The settings are changed by the user, or by the program on the user's behalf.
     void write(const Settings& changed);
     void addApp(const FileURL& url);
     void removeApp(const std::string& bundleID);
 
-    /// What the surroundings tell the program of themselves.
+    /// Notifications from the environment.
     void tapDisabled();
     void desktopsDockAnnounced() { mirrorAt_ = now_ + nanoseconds(0.3); }
     void desktopsDockFileChanged(bool isRemoved);
@@ -49,16 +49,17 @@ public:
     void willLaunch(const std::string& bundleID) { launching.insert(bundleID); }
     void settled(const std::optional<std::string>& bundleID);
 
-    /// The program has read the running apps or the displays at a time of its own.
+    /// The program has read the running apps or the displays at some time after an interruption.
     void runningAppsRead(const std::vector<RunningApplication>& apps) { showTiles(apps); }
     void screensRead() { reconcile(); }
 
-    /// These docks are there after a step that was interrupted, of so many that each display has
-    /// had. One that the program kept, and the model did not, is as it was before the step.
+    /// Call after an interrupted step with the docks that now exist and the number of windows that
+    /// each display has had. A dock that the program has kept but the model has not is restored to
+    /// its state before the step.
     void recognise(const std::vector<DockID>& ids, const std::map<std::uint32_t, int>& made,
                    const std::map<std::uint32_t, ModelDock>& before);
 
-    /// What happens to a dock; one that is gone takes no notice.
+    /// Events on a dock; ignored if it no longer exists.
     void entered(DockID id);
     void exited(DockID id);
     void pointer(DockID id, const PointerEvent& event, std::optional<std::size_t> tile);
@@ -68,13 +69,13 @@ public:
     void menuOpened(DockID id);
     void menuClosed(DockID id);
     void tapped(DockID id, std::size_t tile);
-    /// `title` was chosen from the menu of that app.
+    /// `title` was chosen from that app's menu.
     void chosen(const DockItem& item, std::uint32_t display, const std::string& title);
-    /// The dock lays its tiles out: whatever changed before is in force.
+    /// The dock lays out its tiles, so all earlier changes are now in force.
     void laidOut(DockID id);
-    /// Assistive technology asks for its tiles, of which a hidden dock has none to lay out.
+    /// Assistive technology reads the tiles; a hidden dock has none to lay out.
     void tilesRead(DockID id);
-    /// Icons look different from now on: all tiles are made again.
+    /// The icons have changed, so all tiles are created again.
     void iconsChanged();
 
     [[nodiscard]] ModelDock* find(DockID id);
@@ -89,17 +90,18 @@ public:
     std::vector<Rect> bands;
     std::vector<Rect> displays;
     Guard guard = Guard::off;
-    /// What the settings' file holds: the last save that succeeded, unless somebody damaged it.
+    /// The content of the settings file: the last successful save, unless it was damaged
+    /// afterwards.
     std::optional<Settings> saved;
     bool fileIsDamaged = false;
-    /// Saves since the last look.
+    /// Saves since the last check.
     std::vector<Settings> saves;
-    /// Patterns of the log's lines since the last look; "*" stands for anything.
+    /// Patterns for the log lines since the last check; "*" stands for anything.
     std::vector<std::string> lines;
     int mirrorReads = 0;
     int prompts = 0;
     bool watchesFile = false;
-    /// Timers that a program at rest may still have.
+    /// How many timers the program may still have when idle.
     [[nodiscard]] int restingTimers() const;
 
 private:
@@ -146,14 +148,14 @@ private:
     std::vector<AppRef> lastMirror_;
     std::map<std::uint32_t, int> incarnations_;
     int announcements_ = 0;
-    /// The watch is there, the file is not.
+    /// There is a watch, but no file.
     bool waitsForFile_ = false;
     std::optional<Time> mirrorAt_;
     std::optional<Time> reconcileAt_;
     std::optional<Time> retryWatchAt_;
     std::optional<Time> pollAt_;
     Time pollEvery_ = 0;
-    /// The last tap that was asked for was refused.
+    /// The most recent request for a tap failed.
     bool tapFailed_ = false;
 };
 

@@ -1,4 +1,4 @@
-/// Which apps the docks show: the desktop's own pins, the user's list, the running apps.
+/// Which apps the docks show: the apps pinned on the desktop, the user's list, the running apps.
 #include "Storm/Model.hpp"
 
 #include <algorithm>
@@ -75,7 +75,7 @@ void Model::emit() {
     showTiles();
 }
 
-/// Of the well-known apps only the first four of this world are any.
+/// Only the first four of the well-known apps exist here.
 std::vector<AppRef> Model::fallback() const {
     std::vector<AppRef> list;
     for (std::size_t i = 0; i < 4; ++i) {
@@ -142,8 +142,8 @@ void Model::removeApp(const std::string& bundleID) {
     line("manual remove " + bundleID);
 }
 
-/// `place` counts the tiles that are shown; the list may hold apps that are gone as well. The app's
-/// first entry, shown or not, takes the place of the one that is shown there.
+/// `place` counts visible tiles; the list may also contain apps that are not installed any more.
+/// The app's first entry, visible or not, moves to the place of the tile shown there.
 void Model::moveApp(const std::string& bundleID, int place) {
     adopt();
     if (!isManual())
@@ -172,7 +172,7 @@ void Model::moveApp(const std::string& bundleID, int place) {
     line("manual move " + bundleID + " to " + std::to_string(target));
 }
 
-/// The pinned apps, then the running ones that are not among them.
+/// The pinned apps, followed by running apps that are not pinned.
 void Model::showTiles(const std::vector<RunningApplication>& apps) {
     std::vector<AppRef> running;
     for (const RunningApplication& app : apps) {
@@ -198,7 +198,7 @@ void Model::showTiles(const std::vector<RunningApplication>& apps) {
     items = std::move(merged);
     for (auto& [display, dock] : docks)
         dock.tilesAreStale = true;
-    // The length depends on the number of tiles, and on whether a separator stands before the
+    // The length depends on the number of tiles, and on whether there is a separator before the
     // running ones.
     const TileCounts after = counts();
     if (before.pinned + before.unpinned != after.pinned + after.unpinned ||

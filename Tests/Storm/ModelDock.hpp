@@ -1,4 +1,4 @@
-/// One dock as it should be.
+/// The expected state of one dock.
 #pragma once
 
 #include "Foundation/Geometry.hpp"
@@ -14,14 +14,14 @@
 
 namespace vireline::storm {
 
-/// Nanoseconds since the program's first start, so that steps of a tenth add up exactly.
+/// Integer nanoseconds since the program's first start, so that tenths add up exactly.
 using Time = std::int64_t;
 
 [[nodiscard]] inline Time nanoseconds(double seconds) {
     return std::llround(seconds * 1e9);
 }
 
-/// Tells a dock from one that was on the same display before.
+/// Distinguishes a dock from earlier ones on the same display.
 struct DockID {
     std::uint32_t display = 0;
     int incarnation = 0;
@@ -29,7 +29,7 @@ struct DockID {
     bool operator==(const DockID&) const = default;
 };
 
-/// The n-th tile, from 0, of the app with that identifier.
+/// The n-th tile, counted from 0, of the app with this identifier.
 struct TileKey {
     std::string id;
     int occurrence = 0;
@@ -37,7 +37,7 @@ struct TileKey {
     auto operator<=>(const TileKey&) const = default;
 };
 
-/// The button is down on a tile, which may have come off.
+/// The button is pressed on a tile, which may have been removed since.
 struct ModelPress {
     TileKey tile;
     Point at;
@@ -56,15 +56,15 @@ struct ModelDock {
     bool hasFiles = false;
     int menus = 0;
     std::optional<ModelPress> press = {};
-    /// The button is down, on whatever: the dock looks from time to time whether it still is.
+    /// The button is pressed anywhere; the dock polls whether it still is.
     bool isButtonDown = false;
     std::optional<Time> hidesAt = {};
 
-    /// The utility tiles, as they were when the tiles were last laid out.
+    /// The utility tiles at the time of the last layout.
     bool hasDownloads = false;
     bool hasTrash = false;
     bool tilesAreStale = true;
-    /// When each tile was last clicked once.
+    /// When each tile was last single-clicked.
     std::map<TileKey, double> taps = {};
 
     [[nodiscard]] bool isHeld() const {

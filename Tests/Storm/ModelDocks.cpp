@@ -1,4 +1,4 @@
-/// Which docks there are, where they stand, and what the pointer does to them.
+/// Which docks exist, where they are, and how they react to the pointer.
 #include "Storm/Model.hpp"
 
 #include <algorithm>
@@ -272,7 +272,7 @@ void Model::tapped(DockID id, std::size_t tile) {
     if (tile >= items.size()) {
         const auto& folders = around_.platform.userFolders;
         const bool isDownloads = dock->hasDownloads && tile == items.size();
-        // The tile keeps the folder that it was made with; there is never another one here.
+        // The tile keeps the folder that it was created with; here it never changes.
         const auto& name = isDownloads ? "Downloads" : ".Trash";
         static_cast<void>(folders);
         line(std::string{"open folder "} + name);
@@ -293,7 +293,7 @@ void Model::tapped(DockID id, std::size_t tile) {
         click(item, id.display);
 }
 
-/// Whether an app is summoned depends on where its windows are, which is not looked into here.
+/// Whether an app is summoned depends on its windows, which are not modelled.
 void Model::click(const DockItem& item, std::uint32_t display) {
     const auto instances = around_.platform.running.instances(item.id);
     if (instances.empty())

@@ -1,4 +1,4 @@
-/// What a user does with a dock.
+/// A user's actions on docks.
 #include "Storm/World.hpp"
 
 #include <algorithm>
@@ -8,12 +8,12 @@ namespace {
 
 using test::Random;
 
-/// Anywhere on the view, and a little beyond.
+/// Anywhere on the view, and slightly beyond.
 Point anyPoint(const StormWindow& window, Random& random) {
     return {random.real(-8, window.hosted.width + 8), random.real(-8, window.hosted.height + 8)};
 }
 
-/// On one of the first tiles half of the time, since what matters happens there.
+/// On one of the first tiles half of the time, since that is where most things happen.
 Point anyPlace(StormWindow& window, Random& random) {
     const auto tiles = window.tiles();
     const int choice = random.integer(0, 19);
@@ -24,7 +24,7 @@ Point anyPlace(StormWindow& window, Random& random) {
     return tiles.at(static_cast<std::size_t>(index)).frame.center();
 }
 
-/// Runs a gesture on any dock, for as long as its window lives.
+/// Performs a gesture on a random dock, until its window is destroyed.
 template <class... Parts>
 void gesture(World& world, StormWindow* window, Parts... parts) {
     const auto part = [&](auto& act) {
@@ -136,7 +136,7 @@ void dismissMenu(World& world, Random& random) {
         window->closeMenu(std::nullopt);
 }
 
-/// Apps, files, folders and web addresses, up to three of them.
+/// Up to three apps, files, folders and web addresses.
 std::vector<std::string> anyURLs(World& world, Random& random, std::vector<FileURL>& files) {
     std::vector<std::string> urls;
     const auto drag = [&](const FileURL& file) {

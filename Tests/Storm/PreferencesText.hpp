@@ -1,4 +1,4 @@
-/// The settings' file, written down a second time from its documented form.
+/// The format of the settings file, implemented independently from its documentation.
 #pragma once
 
 #include "Settings/Settings.hpp"
@@ -7,10 +7,10 @@
 
 namespace vireline::storm {
 
-/// A file with these settings.
+/// The text of a file with these settings.
 [[nodiscard]] std::string preferencesText(const Settings& settings);
 
-/// Whether a file's text says exactly that, all fourteen keys and no other.
+/// Whether the text contains exactly these settings: all fourteen keys and no others.
 [[nodiscard]] bool says(const std::string& text, const Settings& settings);
 
 }

@@ -1,4 +1,4 @@
-/// What no scene may hold, whatever it shows.
+/// Invariants of every scene.
 #include "Storm/World.hpp"
 
 #include <algorithm>
@@ -8,7 +8,7 @@
 namespace vireline::storm {
 namespace {
 
-/// Points; what adding up many numbers costs.
+/// Points; tolerance for accumulated rounding errors.
 constexpr double rounding = 1e-6;
 
 bool isFinite(const Rect& rect) {

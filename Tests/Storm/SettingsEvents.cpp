@@ -1,4 +1,4 @@
-/// What a user does with the program's own windows and its menu.
+/// A user's actions in the program's own windows and its menu.
 #include "Storm/World.hpp"
 
 #include <algorithm>
@@ -16,7 +16,7 @@ double snapped(double value, double low, double high, double stepsPerUnit) {
     return std::clamp(std::round(value * stepsPerUnit) / stepsPerUnit, low, high);
 }
 
-/// The switches of the form, by the record's members.
+/// The form's switches, with the members of the settings that they set.
 struct Switch {
     Field field;
     bool Settings::* member;
@@ -83,7 +83,7 @@ void slideMagnification(World& world, Random& random) {
     edit(world, expected, Field::magnification, value);
 }
 
-/// What no control sends changes nothing.
+/// Values that no control can send must change nothing.
 void sendNonsense(World& world, Random& random) {
     constexpr std::array fields{Field::sourceMode, Field::position,      Field::iconSize,
                                 Field::autoHide,   Field::magnification, Field::summonOnClick};
@@ -169,7 +169,7 @@ void startAgain(World& world, Random& /*random*/) {
     world.note(wasOpen ? " with the settings open" : "");
 }
 
-/// Somebody edits the file of a program that does not run, and not well.
+/// The settings file is damaged while the program is not running.
 void damageFile(World& world, Random& /*random*/) {
     world.end();
     world.around.platform.fileSystem.put(world.around.preferences(), R"({"iconSize": "large"})");

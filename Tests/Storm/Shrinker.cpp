@@ -5,7 +5,7 @@
 namespace vireline::storm {
 namespace {
 
-/// The lines of a sanitizer's report that say what happened where.
+/// Limits the part of a sanitizer's report that is printed.
 constexpr std::size_t longestStory = 12'000;
 
 std::string listed(const std::vector<int>& numbers) {

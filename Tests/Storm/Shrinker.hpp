@@ -1,4 +1,4 @@
-/// Cuts a failing course down to few steps, and tells of it.
+/// Reduces a failing sequence to few steps, and reports it.
 #pragma once
 
 #include "Storm/Episode.hpp"
@@ -12,11 +12,11 @@ struct Find {
     Failure failure;
 };
 
-/// Leaves out steps, in ever smaller pieces, for as long as it fails the same way. Bounded: the
-/// least course is not promised.
+/// Removes steps, in ever smaller chunks, while the sequence still fails in the same way. Bounded,
+/// so the result may not be minimal.
 [[nodiscard]] Find shrunk(const Find& find, int mostRuns = 400);
 
-/// Seed, steps, what happens in them, what is wrong, and how to see it again.
+/// The seed, the steps, what happens in them, what is wrong, and how to reproduce it.
 [[nodiscard]] std::string report(const Find& find);
 
 }

@@ -1,5 +1,4 @@
-/// The ports through which the storm answers a program's calls from within them, and those that
-/// count who still listens.
+/// Ports that call back from within the program's calls, and that count active listeners.
 #pragma once
 
 #include "Storm/StormWindow.hpp"
@@ -37,7 +36,7 @@ public:
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanel(std::uint32_t displayID, const Rect& frame,
                                                          PanelWindowListener& listener) override;
 
-    /// How many windows each display has had.
+    /// The number of windows that each display has had.
     [[nodiscard]] const std::map<std::uint32_t, int>& made() const noexcept { return made_; }
 
 private:
@@ -195,7 +194,7 @@ private:
     WindowWitness& witness_;
 };
 
-/// The fake platform with these in the place of its own.
+/// The fake platform with these ports in place of its own.
 class StormPorts {
 public:
     StormPorts(test::FakePlatform& platform, WindowWitness& witness, bool tracksAll,
@@ -207,7 +206,7 @@ public:
         return panelWindows_.made();
     }
 
-    /// Callbacks that the program has installed and not ended.
+    /// The number of callbacks that the program has installed and not removed.
     [[nodiscard]] int listenerCount() const { return listeners_.count(); }
 
 private:

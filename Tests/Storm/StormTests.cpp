@@ -1,5 +1,5 @@
-/// Random courses of events over the whole kit, on the fake platform, against the model. A failing
-/// one is cut down to the steps that matter.
+/// Random sequences of events on the whole kit, on the fake platform, checked against the model. A
+/// failing one is reduced to the relevant steps.
 #include "Storm/Shrinker.hpp"
 
 #include <gtest/gtest.h>
@@ -26,10 +26,10 @@ TEST_P(Storm, LeavesTheProgramAsItShouldBe) {
     EXPECT_TRUE(holds(GetParam()));
 }
 
-/// Even ones are calm; in the others the platform calls back from within calls.
+/// With even seeds the platform behaves; with odd ones it also calls back from within calls.
 INSTANTIATE_TEST_SUITE_P(Seeds, Storm, testing::Range(1U, 9U));
 
-/// Others each time. `script/storm --seed N 2 1200` repeats them.
+/// A new seed each time. `script/storm --seed N 2 1200` repeats the run.
 TEST(StormOfTheDay, LeavesTheProgramAsItShouldBe) {
     const unsigned seed = std::random_device{}() % 1'000'000;
     std::cout << "seeds " << seed << " and " << seed + 1 << '\n';

@@ -1,6 +1,6 @@
-/// A dock's window of the storm's platform. Half of them keep track of the pointer as a platform
-/// does, the others pass on whatever comes, in any order. All that goes through is shown to a
-/// witness first, which may bring about more from within the call.
+/// A dock's window for storms. Half of them track the pointer like a real platform, the others pass
+/// on random events in any order. A witness is called first for everything, and may cause further
+/// events from within the call.
 #pragma once
 
 #include "Model/DockItem.hpp"
@@ -25,7 +25,7 @@ public:
     virtual void windowMade(StormWindow& window) = 0;
     virtual void windowGone(StormWindow& window) = 0;
 
-    /// What the dock is about to be told. A tile is told by its place in the strip.
+    /// Called before the dock is told. A tile is identified by its index in the strip.
     virtual void entered(DockID dock) = 0;
     virtual void exited(DockID dock) = 0;
     virtual void pointer(DockID dock, const PointerEvent& event,
@@ -36,9 +36,9 @@ public:
     virtual void menuOpened(StormWindow& window) = 0;
     virtual void menuClosed(StormWindow& window, std::optional<std::size_t> chosen) = 0;
     virtual void presented(const StormWindow& window, const Scene& scene) = 0;
-    /// The program has called the platform, which has done what was asked for.
+    /// The program has called the platform, which has done what was requested.
     virtual void called(const char* what) = 0;
-    /// The program reads what may have changed since it did so before.
+    /// The program is reading something that may have changed since it last did.
     virtual void screensRead() = 0;
     virtual void runningAppsRead() = 0;
 };
@@ -58,13 +58,14 @@ public:
     void present(const Scene& scene) override;
     void requestFrame() override;
     void watchForCancel(bool watches) override;
-    /// Every release is told of.
+    /// Does nothing, because every release is reported.
     void checkPress() override {}
     void orderFrontRegardless() override;
     void orderOut() override;
     void popUpMenu(const Menu& menu, const MenuPlace& place, MenuClosed onClose) override;
 
-    /// What the user does; positions in the view's coordinates. The window may be gone afterwards.
+    /// The user's actions; positions are in the view's coordinates. The window may be destroyed
+    /// afterwards.
     void enter(Point at);
     void leave(bool isHeld, bool isStillOver);
     void move(Point at);
@@ -76,11 +77,11 @@ public:
     void closeMenu(std::optional<std::size_t> chosen);
     void showFrame();
 
-    /// The program's side, for what passes through no tracker.
+    /// The program's listener, for events that bypass the tracker.
     [[nodiscard]] PanelWindowListener& listener() const noexcept { return listener_; }
-    /// The tiles that the program tells of, having laid them out.
+    /// The tiles that the program reports, which lays them out.
     [[nodiscard]] std::vector<AccessibleTile> tiles();
-    /// What assistive technology does to a tile, which may be gone.
+    /// Actions of assistive technology on a tile, which may no longer exist.
     void pressByKey(std::uint32_t tile);
     void openMenuByKey(std::uint32_t tile);
     bool dragFiles(Point to);
@@ -88,15 +89,15 @@ public:
     const DockID id;
     Rect frame;
     Rect hosted;
-    /// That of the frame, and that of frames to come.
+    /// The overhang of the current frame, and that of future frames.
     Overhang overhang;
     Overhang nextOverhang;
     Menu menu;
-    /// The app that the menu is about; nothing for the program's own.
+    /// The app that the menu belongs to; nullopt for the program's own menu.
     std::optional<DockItem> menuItem;
-    /// What another program drags over the window.
+    /// The files that another program is dragging over the window.
     std::vector<FileURL> dragged;
-    /// A frame was asked for.
+    /// A frame was requested.
     bool awaitsFrame = false;
     bool isShown = false;
     bool hasMenu = false;

@@ -1,4 +1,4 @@
-/// What changes around the program: displays, apps, the desktop's own dock, files.
+/// Changes in the program's environment: displays, apps, the desktop's own dock, files.
 #include "Storm/World.hpp"
 
 #include <algorithm>
@@ -19,7 +19,7 @@ void announceScreens(World& world, Random& random) {
     }
 }
 
-/// Up to four displays in a row, the desktop's own dock on one of them or on none.
+/// Up to four displays side by side, with the desktop's own dock on one of them or on none.
 void changeScreens(World& world, Random& random) {
     auto& list = world.around.platform.screens.list;
     list.clear();
@@ -47,7 +47,7 @@ void changeScreens(World& world, Random& random) {
     announceScreens(world, random);
 }
 
-/// The desktop's own dock goes to another display, and a display may go.
+/// The desktop's own dock moves to another display, and a display may be removed.
 void moveDesktopsDock(World& world, Random& random) {
     auto& list = world.around.platform.screens.list;
     if (list.empty())

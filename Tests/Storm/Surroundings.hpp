@@ -1,5 +1,5 @@
-/// All that the program finds around it: the fake platform, the apps that there are, and what the
-/// desktop's own dock has pinned. The world changes it; program and model both read it.
+/// The program's environment: the fake platform, the existing apps, and the apps pinned in the
+/// desktop's own dock. The world changes it; the program and the model both read it.
 #pragma once
 
 #include "Support/FakePlatform.hpp"
@@ -11,7 +11,7 @@
 
 namespace vireline::storm {
 
-/// One tile of the desktop's own dock, with or without what its preferences usually say of it.
+/// A tile of the desktop's own dock, with or without the optional fields.
 struct Pin {
     enum class Kind { whole, unlabelled, unidentified, webAddress, withoutFile };
 
@@ -23,7 +23,7 @@ class Surroundings {
 public:
     Surroundings();
 
-    /// Writes `pins` where the program reads them.
+    /// Writes `pins` to where the program reads them.
     void writePins();
 
     [[nodiscard]] bool isOnDisk(const AppRef& app) const {
@@ -33,20 +33,20 @@ public:
     [[nodiscard]] FileURL preferences() const;
 
     test::FakePlatform platform;
-    /// Every app that ever existed here; the first is the file manager.
+    /// Every app that has ever existed here; the first is the file manager.
     std::vector<AppRef> apps;
     std::vector<Pin> pins;
-    /// One of the tiles is of a wrong type, which spoils the list.
+    /// A tile has a wrong type, which makes the whole list unreadable.
     bool pinsAreDamaged = false;
     bool pinsAreAbsent = false;
-    /// The file of the desktop's own dock.
+    /// The preferences file of the desktop's own dock.
     FileURL desktopsDock;
-    /// What the program would leave behind: files that can be dropped.
+    /// A file that can be dropped, and that the program must not change.
     FileURL letter = FileURL::fromPath("/Users/ada/letter.txt");
     FileURL locked = FileURL::fromPath("/Users/ada/locked.txt");
 };
 
-/// The label that the desktop's own dock shows, which differs from the app's own name.
+/// The label in the desktop's own dock, which differs from the app's name.
 [[nodiscard]] std::string pinnedLabel(const AppRef& app);
 
 }

@@ -1,4 +1,4 @@
-/// Time, frames, rest, and the program's own end and start.
+/// Time, frames, idle periods, and the program's end and restart.
 #include "Storm/World.hpp"
 
 #include <array>
@@ -14,7 +14,7 @@ void letTimePass(World& world, Random& random) {
     world.pass(seconds);
 }
 
-/// Up to just before or just behind what a timer takes.
+/// Advances to just before or just after a timer's delay.
 void passTimer(World& world, Random& random) {
     constexpr std::array timers{0.0, 0.1, 0.3, 0.4, 0.5, 0.6, 1.0, 2.0};
     constexpr std::array beside{-0.000'001, 0.0, 0.000'001};
@@ -25,7 +25,7 @@ void passTimer(World& world, Random& random) {
     world.pass(seconds);
 }
 
-/// Up to just before, or to, what falls due next.
+/// Advances to just before, or exactly to, the next due time.
 void passToNext(World& world, Random& random) {
     const auto due = world.model.nextDue();
     if (!due || *due < 2)
@@ -39,7 +39,7 @@ void showFrames(World& world, Random& /*random*/) {
     world.showFrames();
 }
 
-/// Some frames of a movement.
+/// Plays some frames of an animation.
 void animate(World& world, Random& random) {
     for (int i = random.integer(1, 8); i > 0; --i) {
         world.showFrames();

@@ -1,4 +1,4 @@
-/// Storms for as long as one likes: Storm [--seed first] [--only steps] [seeds] [steps]
+/// Runs storms on demand: Storm [--seed first] [--only steps] [seeds] [steps]
 #include "Storm/Shrinker.hpp"
 
 #include <chrono>
@@ -17,7 +17,7 @@ struct Arguments {
     unsigned seed = 1;
     int seeds = 100;
     int steps = 1000;
-    /// Of one seed, to repeat a find.
+    /// Steps of a single seed, to reproduce a failure.
     std::vector<int> only;
 };
 

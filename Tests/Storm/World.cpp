@@ -40,7 +40,7 @@ bool hasReconciledSince(std::size_t lines) {
         [](const std::string& line) { return line.find("] reconcile ") != line.npos; });
 }
 
-/// Any small change of the number gives quite another sequence.
+/// A small change of the number yields an entirely different sequence.
 unsigned mixed(unsigned seed, int step) {
     std::seed_seq sequence{seed, static_cast<unsigned>(step)};
     std::array<unsigned, 1> mixture{};
@@ -126,7 +126,7 @@ void World::perform(int step) {
 }
 
 void World::called(const char* what) {
-    // The model is told of a stretch of time before the program lives through it.
+    // The model advances through a period of time before the program does.
     const bool isAhead = model.now() != nanoseconds(around.platform.runLoop.now());
     if (isAhead || !armed_ || wasInterrupted_ || isCrowded_ || !runs_ || --armed_->callsLeft > 0)
         return;
@@ -137,7 +137,7 @@ void World::called(const char* what) {
 }
 
 void World::screensRead() {
-    // Not everything that reads them reconciles: the first one counts.
+    // Only the first reading counts, since not every reader reconciles.
     if (wasInterrupted_ && !linesWhenScreensWereRead_)
         linesWhenScreensWereRead_ = loggedLines().size();
 }
@@ -147,8 +147,8 @@ void World::runningAppsRead() {
         appsRead_ = around.platform.running.apps;
 }
 
-/// The model took the interrupted step as a whole before what interrupted it. Where the program has
-/// read something only afterwards, so does the model.
+/// The model has already processed the whole interrupted step. What the program has read only after
+/// the interruption is now applied to the model as well.
 void World::catchUp() {
     if (appsRead_)
         model.runningAppsRead(*appsRead_);
@@ -166,7 +166,7 @@ void World::catchUp() {
     renewTiles();
 }
 
-/// Nor is it known which tiles were laid out before it.
+/// It is unknown which tiles were laid out before the interruption, so all are laid out again.
 void World::renewTiles() {
     constexpr std::uint32_t noTile = 100'000;
     model.iconsChanged();
@@ -177,8 +177,8 @@ void World::renewTiles() {
     }
 }
 
-/// Whether a press came before what interrupted the step, or went with a list that was there for a
-/// moment only, is not known.
+/// It is unknown whether a press came before the interruption, or ended with a list that existed
+/// only briefly, so all presses are cancelled.
 void World::cancelPresses() {
     for (StormWindow* const window : std::vector{windows_}) {
         if (!isAlive(window) || !window->isShown)
@@ -191,7 +191,7 @@ void World::cancelPresses() {
 }
 
 void World::pass(double seconds) {
-    // What the program has left for its next turn.
+    // Whatever the program has deferred to its next turn.
     around.platform.runLoop.advance(0);
     Time left = nanoseconds(seconds);
     while (true) {
@@ -207,7 +207,7 @@ void World::pass(double seconds) {
 }
 
 void World::showFrames() {
-    // A frame may end windows, its own included.
+    // A copy, because a frame may destroy windows, including its own.
     const auto shown = windows_;
     for (StormWindow* const window : shown) {
         if (isAlive(window) && window->isShown)

@@ -1,6 +1,6 @@
-/// The whole program in a world where anything may happen at any moment, and the model beside it.
-/// A step is known by its number: seed and number decide what happens in it, whatever other steps
-/// there are, so that a failing course can be cut down step by step.
+/// The whole program in a world of random events, together with the model. A step's content depends
+/// only on the seed and the step's number, not on other steps, so that a failing sequence can be
+/// reduced by removing steps.
 #pragma once
 
 #include "App/AppDelegate.hpp"
@@ -21,12 +21,12 @@ namespace vireline::storm {
 
 class World;
 
-/// Something that can happen.
+/// A kind of event.
 struct Event {
     const char* name;
     int weight;
     void (*happen)(World& world, test::Random& random);
-    /// A platform might bring it about from within a call of the program's.
+    /// A platform might cause it from within one of the program's calls.
     bool mayComeFromWithin = false;
 };
 
@@ -39,17 +39,17 @@ public:
     World& operator=(World&&) = delete;
     ~World() override;
 
-    /// Does one step and looks at everything afterwards.
+    /// Performs one step and then checks everything.
     void perform(int step);
-    /// Ends the program; nothing of it may be left.
+    /// Ends the program; checks that nothing of it is left.
     void end();
 
-    /// What is wrong; the first such thing counts.
+    /// The first problem found, if any.
     [[nodiscard]] const std::optional<std::string>& failure() const noexcept { return failure_; }
-    /// What has happened, a line a step.
+    /// What has happened, one line per step.
     [[nodiscard]] const std::vector<std::string>& story() const noexcept { return story_; }
 
-    // What follows is for the events.
+    // The rest is for the event functions.
 
     Surroundings around;
     Model model{around};
@@ -68,24 +68,24 @@ public:
             failure_ = text.str();
     }
 
-    /// Lets time pass, and stops wherever the model has something due.
+    /// Advances time, stopping wherever the model has something due.
     void pass(double seconds);
     void showFrames();
     void restart();
-    /// Ends all that the user does, waits for everything to end, and looks whether it has.
+    /// Ends all user actions, waits until everything is idle, and checks that it is.
     void settle();
 
     [[nodiscard]] const std::vector<StormWindow*>& windows() const noexcept { return windows_; }
-    /// A window that is shown; null while there is none.
+    /// A visible window; null if there is none.
     [[nodiscard]] StormWindow* anyWindow(test::Random& random) const;
-    /// Whether the window is still the one of its dock.
+    /// Whether the window still exists and belongs to its dock.
     [[nodiscard]] bool isAlive(const StormWindow* window) const;
     [[nodiscard]] test::FakeForm* form() const;
     [[nodiscard]] test::FakeTour* tour() const;
-    /// Whether something has come from within a call in this step.
+    /// Whether an event has come from within a call in this step.
     [[nodiscard]] bool wasInterrupted() const noexcept { return wasInterrupted_; }
     void cancelPresses();
-    /// For a menu that assistive technology asks for.
+    /// For a menu that assistive technology requests.
     void expectMenuOf(std::optional<std::size_t> tile);
 
 private:
@@ -126,7 +126,7 @@ private:
     std::vector<StormWindow*> windows_;
     StormPorts ports_;
     std::unique_ptr<AppDelegate> delegate_;
-    /// From the end of its launch to the beginning of its end.
+    /// From the end of the launch until the program begins to quit.
     bool runs_ = false;
     std::size_t formsBefore_ = 0;
     std::size_t toursBefore_ = 0;
@@ -141,25 +141,27 @@ private:
         int step;
     };
     std::optional<Armed> armed_;
-    /// An event came from within a call in this step: the order of things is not known then, but
-    /// what the program has read afterwards is in force.
+    /// An event has come from within a call in this step. The order of events is then unknown, but
+    /// what the program has read since is in force.
     bool wasInterrupted_ = false;
     std::optional<std::vector<RunningApplication>> appsRead_;
-    /// As they were before the step.
+    /// The docks before the step.
     std::map<std::uint32_t, ModelDock> docksBefore_;
-    /// Several things fall due at once: the order that an interruption would depend on is free.
+    /// Several timers are due at the same time, so the order relative to an interruption is
+    /// undefined.
     bool isCrowded_ = false;
-    /// Lines of the log before the displays were first read after that; nothing if they were not.
+    /// Length of the log when the displays were first read after the interruption; nullopt if they
+    /// were not.
     std::optional<std::size_t> linesWhenScreensWereRead_;
 };
 
-/// All that can happen.
+/// All possible events.
 [[nodiscard]] std::vector<Event> pointerEvents();
 [[nodiscard]] std::vector<Event> surroundingEvents();
 [[nodiscard]] std::vector<Event> settingsEvents();
 [[nodiscard]] std::vector<Event> timeEvents();
 
-/// What is wrong with a scene whose view draws in that area; nothing if it is sound.
+/// What is wrong with a scene of a view that draws in this area; nullopt if nothing is.
 [[nodiscard]] std::optional<std::string> faultOf(const Scene& scene, const Rect& area);
 
 }

@@ -1,4 +1,4 @@
-/// The whole program on the fake platform, and what its one dock shows.
+/// A fixture with the whole program on the fake platform, and access to what its only dock shows.
 #pragma once
 
 #include "App/AppDelegate.hpp"
@@ -14,7 +14,7 @@
 
 namespace vireline::test {
 
-/// The whole program on two displays, the second of which gets a dock.
+/// The second of the two displays gets a dock.
 class AppDelegateTest : public testing::Test {
 protected:
     AppDelegateTest() {
@@ -46,7 +46,7 @@ protected:
     /// Ends the program.
     void quit() { delegate_.reset(); }
 
-    /// The dock as its display shows it, all animations done.
+    /// The dock as shown after all animations have finished.
     [[nodiscard]] FakePanel& dock() {
         auto& panel = platform.panelWindows.panel(2);
         panel.nextFrame();

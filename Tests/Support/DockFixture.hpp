@@ -1,4 +1,4 @@
-/// What a dock's view needs around it, on the fake platform, with its actions recorded.
+/// The environment that a dock's view needs, on the fake platform, with its actions recorded.
 #pragma once
 
 #include "Interaction/DockActions.hpp"
@@ -18,7 +18,7 @@ struct DockFixture {
     DockViewModel model;
     IconStore icons{platform.icons};
     TrashService trash{platform.trash, platform.userFolders, platform.runLoop};
-    /// One line for every action, such as "click a.b #2".
+    /// One line per action, such as "click a.b #2".
     std::vector<std::string> actionsTaken;
     bool manualMode = false;
     DockActions actions = recordingActions();
@@ -27,20 +27,21 @@ struct DockFixture {
 
     [[nodiscard]] DockViewContext context();
 
-    /// Puts `pinned` and `unpinned` app tiles into the model, named "p0" … and "u0" ….
+    /// Fills the model with app tiles, the pinned ones named "p0", "p1" and so on, the unpinned
+    /// ones "u0", "u1" and so on.
     void setTiles(int pinned, int unpinned);
 
 private:
     [[nodiscard]] DockActions recordingActions();
 };
 
-/// An app tile; pinned ones do not run, unpinned ones do.
+/// An app tile; pinned ones are not running, unpinned ones are.
 [[nodiscard]] DockItem tileItem(const std::string& id, bool isPinned, bool isRunning);
 
-/// A display at a place of its own, without a dock on it.
+/// A display without the desktop's own dock.
 [[nodiscard]] PlatformScreen screenAt(std::uint32_t number, const Rect& frame);
 
-/// The same with the desktop's own dock at its bottom.
+/// As above, but with the desktop's own dock at the bottom.
 [[nodiscard]] PlatformScreen screenWithDock(std::uint32_t number, const Rect& frame);
 
 }

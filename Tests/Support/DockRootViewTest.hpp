@@ -1,4 +1,4 @@
-/// One dock's view on the fake platform, and what it shows as lists of nodes.
+/// A fixture with one dock's view on the fake platform, and access to its nodes.
 #pragma once
 
 #include "Support/DockFixture.hpp"
@@ -16,7 +16,7 @@ namespace vireline::test {
 
 using Kind = PointerEvent::Kind;
 
-/// A dock on display 2, wide enough for its tiles at full size.
+/// A dock on display 2 that is wide enough for its tiles at full size.
 class DockRootViewTest : public testing::Test {
 protected:
     void show(DockPosition position = DockPosition::bottom, double length = 1000,

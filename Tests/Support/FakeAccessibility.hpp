@@ -1,4 +1,4 @@
-/// Other programs' windows and the pointer's path, in memory.
+/// In-memory fakes of other programs' windows and of pointer taps.
 #pragma once
 
 #include "Foundation/CallbackList.hpp"
@@ -18,9 +18,9 @@ namespace vireline::test {
 /// A window of another program, in event space.
 struct FakeWindow {
     Rect frame;
-    /// The smallest size that it takes; a smaller one is answered with this.
+    /// The window's minimum size; attempts to make it smaller result in this size.
     Size minimumSize{};
-    /// Never an app's main window.
+    /// A dialog is never an app's main window.
     bool isDialog = false;
 };
 
@@ -43,31 +43,31 @@ public:
     [[nodiscard]] Result<Size> size(AccessibilityElement& window) override;
     Result<void> setSize(AccessibilityElement& window, Size size) override;
 
-    /// Gives the app a window more, which is active from then on.
+    /// Adds a window to the app and makes it active.
     FakeWindow& addWindow(const RunningApplication& app, const Rect& frame);
-    /// The app's main window is the one that was active last.
+    /// The most recently active window becomes the app's main window.
     void activate(const FakeWindow& window);
     void close(const FakeWindow& window);
 
-    /// As when another window manager takes over.
+    /// Simulates a change of window managers.
     void changeManager(bool canMoveWindows) {
         movesWindows = canMoveWindows;
         managers_.notify();
     }
 
     bool trusted = true;
-    /// Whether windows can be moved on this desktop at all.
+    /// Whether windows can be moved on this desktop.
     bool movesWindows = true;
-    /// While false, every call about a window fails.
+    /// While false, all calls about windows fail.
     bool answers = true;
     int prompts = 0;
-    /// Calls that fail, by the name of the attribute; "set AXPosition" for a setter.
+    /// Failing calls, by attribute name; "set AXPosition" for a setter.
     std::map<std::string, PlatformError> failures;
-    /// Elements that are handed out as something else: "AXMainWindow", "AXWindows" (its first).
+    /// Attributes whose value is not an element: "AXMainWindow", "AXWindows" (its first).
     std::vector<std::string> notElements;
-    /// Every attribute that was set, in order, such as "AXPosition (10, 20)".
+    /// All attributes that were set, in order, such as "AXPosition (10, 20)".
     std::vector<std::string> sets;
-    /// Elements that were asked something before they had a time-out.
+    /// Number of calls about elements that had no timeout set.
     int callsWithoutTimeout = 0;
     std::vector<float> timeouts;
 
@@ -77,7 +77,7 @@ private:
     struct Owned {
         std::string bundleID;
         std::int32_t processIdentifier = 0;
-        /// Greater is later.
+        /// Activation counter; higher is later.
         int lastActive = 0;
         std::shared_ptr<FakeWindow> window;
     };
@@ -85,7 +85,7 @@ private:
     [[nodiscard]] std::optional<PlatformError> failureOf(const std::string& call,
                                                          AccessibilityElement& element);
     [[nodiscard]] bool isNoElement(const std::string& attribute) const;
-    /// Those of its process; if that is unknown, or has none, all of the app's.
+    /// The windows of the app's process; if that is unknown or has none, all windows of the app.
     [[nodiscard]] std::vector<Owned> windowsOf(const Element& application) const;
     [[nodiscard]] std::vector<Owned>::iterator find(const FakeWindow& window);
 
@@ -101,20 +101,20 @@ public:
     [[nodiscard]] Result<std::unique_ptr<PointerTap>> create(PointerRule rule,
                                                              Disabled onDisabled) override;
 
-    /// Moves the pointer as the user would; where it ends up.
+    /// Moves the pointer as the user would; returns where it ends up.
     Point move(Point to);
 
-    /// Disables the tap as the system does and tells it why.
+    /// Disables the tap as the system does, and notifies it of the reason.
     void disable(PointerTapEvent reason);
 
-    /// What the tap asks; there is one.
+    /// The rule of the only tap.
     [[nodiscard]] PointerRule rule() const { return tap_.lock()->rule; }
 
     [[nodiscard]] bool isTapped() const { return !tap_.expired(); }
     [[nodiscard]] bool isEnabled() const;
 
     bool needsPermission = true;
-    /// While set, no tap can be created.
+    /// While set, creating a tap fails.
     std::optional<PlatformError> failure;
     int created = 0;
 

@@ -1,5 +1,5 @@
-/// The ports that deal with applications, in memory: the installed, the running and those that the
-/// desktop's own dock shows, opening things, icons, and the program itself.
+/// In-memory fakes of the ports for applications: installed, running and pinned ones, opening
+/// things, icons, and the program itself.
 #pragma once
 
 #include "Foundation/CallbackList.hpp"
@@ -50,7 +50,7 @@ private:
     CallbackList<> changes_;
 };
 
-/// Knows the bytes that a test gave it and takes all others for damaged.
+/// Decodes only the bytes that a test has registered, and treats all others as damaged.
 class FakePropertyListDecoder final : public PropertyListDecoder {
 public:
     [[nodiscard]] Result<PropertyList> decode(std::span<const std::byte> bytes) const override;
@@ -70,7 +70,7 @@ public:
     [[nodiscard]] Subscription observeDidLaunch(Handler handler) override;
     [[nodiscard]] Subscription observeDidTerminate(Handler handler) override;
 
-    /// What the system would announce; the list of apps is the test's to change.
+    /// Only announces; the test maintains the list of apps itself.
     void announceWillLaunch(const std::optional<RunningApplication>& app) {
         willLaunch_.notify(app);
     }
@@ -79,11 +79,12 @@ public:
         didTerminate_.notify(app);
     }
 
-    /// The whole course of a launch: announced, in the list, announced again.
+    /// Simulates a whole launch: the first announcement, the addition to the list, the second
+    /// announcement.
     void launch(const RunningApplication& app);
-    /// Takes every instance of the app out of the list and announces each.
+    /// Removes every instance of the app from the list and announces each.
     void quit(const std::string& bundleID);
-    /// Makes the app the frontmost one; nobody is with an empty identifier.
+    /// Makes the app frontmost; an empty identifier means that no app is.
     void bringToFront(const std::string& bundleID);
 
     std::vector<RunningApplication> apps;
@@ -121,7 +122,8 @@ public:
     std::vector<FileURL> opened;
     std::vector<std::vector<FileURL>> revealed;
     std::vector<std::string> openedPanes;
-    /// Called from within `openApplication`, as a platform might that announces a launch at once.
+    /// Called from within `openApplication`, to simulate a platform that announces a launch
+    /// immediately.
     std::function<void()> onOpenApplication;
 };
 
@@ -129,7 +131,7 @@ inline std::ostream& operator<<(std::ostream& out, const FakeWorkspace::OpenedAp
     return out << app.bundleID << " " << app.url;
 }
 
-/// An image that remembers what it was asked for as.
+/// An image that records what it was requested for.
 class FakeImage final : public Image {
 public:
     FakeImage(std::string source, Size size) : Image(size), source_(std::move(source)) {}
@@ -169,7 +171,7 @@ public:
         return changes_.add(std::move(handler));
     }
 
-    /// As when the user chooses another icon theme.
+    /// Simulates the user choosing another icon theme.
     void announceChange() { changes_.notify(); }
 
     std::set<std::string> knownImages{"NSTrashEmpty"};
@@ -186,7 +188,7 @@ class FakeApplication final : public Application {
 public:
     void becomeAccessory() override { isAccessory = true; }
     void installMainMenu(const MainMenu& menu) override { mainMenu = menu; }
-    /// Launches, lets `whileRunning` act, and returns as if the user had quit then.
+    /// Launches the program, calls `whileRunning`, and returns as if the user had then quit.
     int run(std::function<void()> onFinishedLaunching) override;
     void terminate() override { ++terminations; }
     [[nodiscard]] std::int64_t processIdentifier() const override { return process; }

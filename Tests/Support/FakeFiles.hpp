@@ -1,5 +1,5 @@
-/// The ports that deal with files, in memory: the program's own files, watches, the user's folders
-/// and the Trash.
+/// In-memory fakes of the ports for files: the program's own files, watches, the user's folders and
+/// the Trash.
 #pragma once
 
 #include "Foundation/CallbackList.hpp"
@@ -17,7 +17,7 @@
 
 namespace vireline::test {
 
-/// What a watch reports.
+/// A report of changed content.
 inline constexpr FileEventSet contentChanged{.changed = true, .removed = false};
 inline constexpr FileEventSet fileRemoved{.changed = false, .removed = true};
 
@@ -29,19 +29,19 @@ public:
     Result<void> createFolder(const FileURL& url) override;
     Result<void> writeAtomically(const FileURL& url, std::string_view content) override;
 
-    /// Puts a file there with the folders above it; no write of the program's own.
+    /// Creates a file and its parent folders; does not count as a write of the program.
     void put(const FileURL& url, std::string content = {});
     void putFolder(const FileURL& url);
-    /// Takes the file or folder away, with all that lies in it.
+    /// Deletes the file or folder recursively.
     void remove(const FileURL& url);
 
     /// Content by path.
     std::map<std::string, std::string> files;
     std::set<std::string> folders{"/"};
-    /// The content of every successful write, by path, oldest first.
+    /// The content of all successful writes, by path, oldest first.
     std::map<std::string, std::vector<std::string>> writes;
 
-    /// While set, such calls fail and change nothing.
+    /// While set, these calls fail and change nothing.
     std::optional<PlatformError> readFailure;
     std::optional<PlatformError> folderFailure;
     std::optional<PlatformError> writeFailure;
@@ -54,16 +54,16 @@ public:
     [[nodiscard]] Result<Subscription> watch(const FileURL& url,
                                              std::function<void(FileEventSet)> handler) override;
 
-    /// One batch of events of the file now watched at `url`. After one with `removed` its watches
-    /// follow nothing any more.
+    /// Reports a batch of events for the file at `url`. After `removed` its watches report nothing
+    /// more.
     void fire(const FileURL& url, FileEventSet events);
 
-    /// Watches of `url` that have not been ended, also those that follow nothing any more.
+    /// Number of active subscriptions for `url`, including those that report nothing more.
     [[nodiscard]] int watchCount(const FileURL& url) const;
 
-    /// Whether a watch of a missing file waits for it instead of failing.
+    /// Whether a watch on a missing file waits for it instead of failing.
     bool waitsForMissingFiles = false;
-    /// The paths of all calls of `watch`, failed ones included.
+    /// The paths of all calls of `watch`, including failed ones.
     std::vector<std::string> attempts;
 
 private:
@@ -98,16 +98,16 @@ public:
     /// Completes within the call, or later through `complete` while `holds` is set.
     void moveToTrash(const FileURL& url, std::function<void(Result<void>)> done) override;
 
-    /// Completes the oldest move that is held.
+    /// Completes the oldest held move.
     void complete();
     /// Completes the held move of this file.
     void completeMove(const FileURL& url);
     [[nodiscard]] int heldCount() const { return static_cast<int>(held_.size()); }
 
     bool holds = false;
-    /// The moves that fail, by path.
+    /// Moves that fail, by path.
     std::map<std::string, PlatformError> failures;
-    /// What was asked for, and what of it reached the Trash.
+    /// The requested moves, and those that succeeded.
     std::vector<FileURL> requests;
     std::vector<FileURL> trashed;
 

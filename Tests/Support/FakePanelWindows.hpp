@@ -1,5 +1,5 @@
-/// The displays, the dock windows on them and the pointer's settings, in memory. A dock window's
-/// record outlives the window, so that a test can tell what became of it.
+/// In-memory fakes of displays, dock windows and pointer settings. A dock window's record outlives
+/// the window, so that a test can inspect it afterwards.
 #pragma once
 
 #include "Foundation/CallbackList.hpp"
@@ -32,7 +32,7 @@ private:
     CallbackList<> changes_;
 };
 
-/// What became of one dock window.
+/// The record of one dock window.
 class FakePanel {
 public:
     struct FrameChange {
@@ -52,41 +52,41 @@ public:
 
     [[nodiscard]] bool isAlive() const noexcept { return listener_ != nullptr; }
 
-    /// Where the platform reports to; the window must be alive.
+    /// The listener of the window, which must still exist.
     [[nodiscard]] PanelWindowListener& listener() const;
 
-    /// The pointer over the window, which must be alive, as a platform keeps track of it.
+    /// The pointer over the window, tracked as on a real platform. The window must still exist.
     [[nodiscard]] PointerTracker& pointer() const;
 
-    /// Chooses an entry of the menu that was popped up last, and closes it.
+    /// Chooses an entry of the last menu that was opened, which closes it.
     void choose(std::size_t index);
     /// Closes that menu without a choice.
     void dismissMenu();
     [[nodiscard]] bool isMenuOpen() const noexcept { return isMenuOpen_; }
 
-    /// Lets the display show its next frame, if one was asked for.
+    /// Shows the next frame, if one was requested.
     void nextFrame();
     [[nodiscard]] bool isFrameRequested() const noexcept { return isFrameRequested_; }
 
     std::uint32_t displayID;
-    /// Where it is now, where it was asked to go since its making.
+    /// The current frame, and all frames set since the window was created.
     Rect frame;
     std::vector<FrameChange> frameChanges;
-    /// As it was set last, and as it applies to the frame.
+    /// The overhang as last set, and the one that applies to the current frame.
     Overhang nextOverhang;
     Overhang overhang;
     std::optional<Rect> hostedFrame;
     std::optional<Scene> scene;
     int presentations = 0;
     bool isVisible = false;
-    /// Since it was last shown.
+    /// Reset when the window is shown.
     bool isOrderedOut = false;
     int timesOrderedFront = 0;
     bool watchesForCancel = false;
-    /// Where the pointer is when the window looks for it.
+    /// What the window finds when it queries the pointer.
     PointerTracker::Whereabouts whereabouts;
     std::vector<PoppedMenu> menus;
-    /// Called once, from within the next such call, as a platform might that reports an event
+    /// Called once from within the next such call, to simulate a platform that reports an event
     /// there.
     std::function<void()> onSetFrame;
     std::function<void()> onSetOverhang;
@@ -132,14 +132,14 @@ public:
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanel(std::uint32_t displayID, const Rect& frame,
                                                          PanelWindowListener& listener) override;
 
-    /// The window on this display, shown or still to be shown; null when there is none.
+    /// The window on this display, visible or not; null if there is none.
     [[nodiscard]] FakePanel* find(std::uint32_t displayID) const;
-    /// The same, where the test takes it for granted.
+    /// As above, but the window must exist.
     [[nodiscard]] FakePanel& panel(std::uint32_t displayID) const;
-    /// The displays that have such a window, in the order of the windows' making.
+    /// The displays with such a window, in order of the windows' creation.
     [[nodiscard]] std::vector<std::uint32_t> displays() const;
 
-    /// Every window ever made, oldest first, whether it lives or not.
+    /// All windows ever created, oldest first, including destroyed ones.
     std::vector<std::shared_ptr<FakePanel>> made;
 };
 

@@ -1,5 +1,5 @@
-/// A whole platform in memory, with a virtual clock. Its ports record what they are asked for and
-/// let a test bring about events and failures.
+/// A complete in-memory platform with a virtual clock. Its ports record requests, and let a test
+/// cause events and failures.
 #pragma once
 
 #include "Platform/Platform.hpp"
@@ -19,13 +19,13 @@ class FakePlatform {
 public:
     [[nodiscard]] Platform ports();
 
-    /// Puts an app's bundle on the disk and into the catalog.
+    /// Creates an app's bundle on disk and adds it to the catalog.
     AppRef install(const std::string& bundleID, const std::string& name);
 
     /// Pins the apps in the desktop's own dock, in this order.
     void pin(std::initializer_list<AppRef> apps);
 
-    /// A regular app that runs from the place where it is installed; not started yet.
+    /// A regular app, running from where it is installed, that has not been launched yet.
     [[nodiscard]] static RunningApplication instanceOf(const AppRef& app,
                                                        std::int32_t processIdentifier = 100);
 
@@ -52,7 +52,7 @@ public:
     DesktopWords words;
 };
 
-/// One tile of "persistent-apps" as the desktop's own dock writes it; what is absent is left out.
+/// A tile of "persistent-apps" in the format of the desktop's own dock; absent values are omitted.
 [[nodiscard]] PropertyList dockTile(const std::string& urlText,
                                     const std::optional<std::string>& label = std::nullopt,
                                     const std::optional<std::string>& bundleID = std::nullopt);

@@ -7,7 +7,7 @@
 namespace vireline::test {
 namespace {
 
-/// A window of the platform's that writes into its record.
+/// A window that records what happens to it.
 template <class Port, class Record, class Content>
 class RecordedWindow final : public Port {
 public:
@@ -50,7 +50,7 @@ private:
     const bool& hasPlace_;
 };
 
-/// Chooses the entry of an open menu that `matches`, if there is one.
+/// Chooses the entry for which `matches` is true from the open menu, if there is one.
 void chooseWhere(FakeStatusBar& bar, const std::function<bool(const MenuCommand&)>& matches) {
     const Menu menu = bar.openMenu();
     for (std::size_t i = 0; i < menu.entries.size(); ++i) {

@@ -1,5 +1,5 @@
-/// The program's own windows, its status item and its login item, in memory. A window's record
-/// outlives the window, so that a test can tell what became of it.
+/// In-memory fakes of the program's own windows, status item and login item. A window's record
+/// outlives the window, so that a test can inspect it afterwards.
 #pragma once
 
 #include "Platform/LoginItemService.hpp"
@@ -14,13 +14,13 @@
 
 namespace vireline::test {
 
-/// What became of one window whose content is a `Content` and whose user is heard by a `Listener`.
+/// The record of a window with this type of content and listener.
 template <class Content, class Listener>
 struct FakeProgramWindow {
     FakeProgramWindow(WindowStyle made, Listener& reportsTo)
         : style(std::move(made)), listener(reportsTo) {}
 
-    /// As the user does.
+    /// Simulates the user closing the window.
     void closeByButton() { isVisible = false; }
 
     WindowStyle style;
@@ -41,14 +41,14 @@ public:
     [[nodiscard]] std::unique_ptr<OnboardingPageWindow>
     makeOnboardingWindow(const WindowStyle& style, OnboardingListener& listener) override;
 
-    /// Every window ever made.
+    /// All windows ever created.
     std::vector<std::shared_ptr<FakeForm>> forms;
     std::vector<std::shared_ptr<FakeTour>> tours;
 };
 
-/// A row that the test takes for granted.
+/// The row for this field, which must exist.
 [[nodiscard]] const FormRow& rowOf(const Form& form, SettingsField field);
-/// Null when the form has no such row.
+/// Null if the form has no such row.
 [[nodiscard]] const FormRow* findRow(const Form& form, SettingsField field);
 
 class FakeLoginItemService final : public LoginItemService {
@@ -75,7 +75,7 @@ class FakeStatusBar final : public StatusBar {
 public:
     [[nodiscard]] std::unique_ptr<StatusItem> makeStatusItem(StatusItemListener& listener) override;
 
-    /// Opens the item's menu and returns what the user sees.
+    /// Opens the item's menu and returns its content.
     [[nodiscard]] const Menu& openMenu();
     /// Chooses the entry with this title.
     void choose(std::string_view title);
@@ -84,7 +84,7 @@ public:
 
     /// Whether the desktop has room for the item.
     bool hasPlace = true;
-    /// The one that is there.
+    /// The current item, if there is one.
     std::optional<FakeStatusItem> item;
     int made = 0;
 };

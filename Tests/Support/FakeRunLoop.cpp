@@ -10,7 +10,7 @@ namespace {
 
 constexpr double nanosecondsPerSecond = 1e9;
 
-/// A loop that turns this often in one advance will never come to rest.
+/// A loop with this many turns in one advance is treated as endless.
 constexpr int mostTurns = 1'000'000;
 
 std::int64_t nanoseconds(double seconds) {

@@ -1,5 +1,5 @@
-/// A run loop on a virtual clock: time passes only when a test advances it, so a delay costs
-/// nothing and ends at exactly its time.
+/// A run loop on a virtual clock: time passes only when a test advances it, so delays take no real
+/// time and are exact.
 #pragma once
 
 #include "Platform/RunLoop.hpp"
@@ -16,16 +16,16 @@ public:
     [[nodiscard]] Timer after(double seconds, std::function<void()> fire) override;
     [[nodiscard]] Timer every(double seconds, std::function<void()> fire) override;
 
-    /// Lets `seconds` pass and fires what falls due, in time order; at equal times the timer that
-    /// was made first. What a callback adds counts too if it falls due before the end. With 0 only
-    /// what is due now fires, which is how a test takes the loop's next turn.
+    /// Lets `seconds` pass and fires the due timers in time order, those of equal time in order of
+    /// creation. Timers added by callbacks are included. `advance(0)` fires only what is due now,
+    /// which simulates the loop's next turn.
     void advance(double seconds);
 
     /// Timers that will still fire.
     [[nodiscard]] int pendingTimers() const;
 
 private:
-    /// Whole numbers, so that ten steps of 0.1 s make exactly one second.
+    /// An integer, so that ten steps of 0.1 s are exactly one second.
     using Nanoseconds = std::int64_t;
 
     struct Entry {
@@ -40,7 +40,7 @@ private:
 
     Nanoseconds now_ = 0;
     bool advancing_ = false;
-    /// In the order of their making.
+    /// In order of creation.
     std::vector<std::weak_ptr<Entry>> entries_;
 };
 

@@ -116,20 +116,20 @@ void FaultWorld::announceScreens() {
     pass(0.6);
 }
 
-FaultWorld::Sight FaultWorld::look() {
+FaultWorld::Snapshot FaultWorld::look() {
     FakePlatform& fake = platform.fake;
-    Sight sight;
+    Snapshot snapshot;
     for (const std::uint32_t shown : fake.panelWindows.displays()) {
         const FakePanel& panel = fake.panelWindows.panel(shown);
         std::ostringstream text;
         text << '#' << shown << ' ' << panel.frame;
         for (const AccessibleTile& tile : panel.listener().accessibleTiles())
             text << ' ' << tile.label;
-        sight.docks.push_back(text.str());
+        snapshot.docks.push_back(text.str());
     }
-    sight.watchesOfTheDesktopsDock = fake.fileEvents.watchCount(desktopsDock);
-    sight.isPointerGuarded = fake.pointerTaps.isEnabled();
-    return sight;
+    snapshot.watchesOfTheDesktopsDock = fake.fileEvents.watchCount(desktopsDock);
+    snapshot.isPointerGuarded = fake.pointerTaps.isEnabled();
+    return snapshot;
 }
 
 void FaultWorld::send(std::initializer_list<PointerEvent::Kind> kinds, Point at) {

@@ -1,5 +1,5 @@
-/// The whole program on two displays of a platform whose calls can be made to fail, and what a user
-/// does with it. A step whose object is not there, because a call failed before, does nothing.
+/// The whole program on two displays, on a platform whose calls can be made to fail, and the
+/// actions of a user. An action whose target is missing because a call failed earlier does nothing.
 #pragma once
 
 #include "App/AppDelegate.hpp"
@@ -26,29 +26,29 @@ public:
     FaultWorld& operator=(FaultWorld&&) = delete;
     ~FaultWorld() = default;
 
-    /// The settings' file.
+    /// State of the settings file.
     struct Disk {
-        /// Before the program started; empty when there was none.
+        /// The content before the program started; empty if there was no file.
         std::string textBefore;
-        /// Now.
+        /// The current content.
         std::string text;
-        /// Of the last save that succeeded.
+        /// The content of the last successful save.
         std::optional<std::string> lastSave;
-        /// What the text says; nothing when it is damaged.
+        /// The settings in `text`; nullopt if it is damaged.
         std::optional<Settings> settings;
     };
 
-    /// How the program stands, as far as one can see it from outside.
-    struct Sight {
-        /// The tiles and the place of every dock.
+    /// The externally visible state of the program.
+    struct Snapshot {
+        /// The tiles and the position of every dock.
         std::vector<std::string> docks;
         int watchesOfTheDesktopsDock = 0;
         bool isPointerGuarded = false;
 
-        bool operator==(const Sight&) const = default;
+        bool operator==(const Snapshot&) const = default;
     };
 
-    /// What the file holds before the program starts.
+    /// Writes the file that the program finds when it starts.
     void store(const Settings& settings);
     [[nodiscard]] Disk disk() const;
 
@@ -61,14 +61,14 @@ public:
     /// Chooses the entry with this title from the tile's menu.
     void chooseFromMenu(const std::string& label, const std::string& title);
     void dragTile(const std::string& label, const std::string& onto);
-    /// Drops a file of another program's on a tile.
+    /// Drops another program's file on a tile.
     void dropOn(const std::string& label, const FileURL& file);
     /// Sets a control of the settings window.
     void set(SettingsField field, const FormValue& value);
     void act(OnboardingAction action);
     void announceScreens();
 
-    [[nodiscard]] Sight look();
+    [[nodiscard]] Snapshot look();
 
     FaultyPlatform platform;
     LoggedLines log;
@@ -77,14 +77,14 @@ public:
     AppRef notes;
     /// An app that is not pinned.
     AppRef visitor;
-    /// The file of the desktop's own dock.
+    /// The preferences file of the desktop's own dock.
     FileURL desktopsDock;
-    /// What the settings' file held when the program ended last.
+    /// The content of the settings file when the program last quit.
     std::optional<std::string> textAtQuit;
 
 private:
     [[nodiscard]] FakePanel* dock() const;
-    /// Where it lies once everything has come to rest.
+    /// The tile's position after everything has settled.
     [[nodiscard]] std::optional<Point> tile(const std::string& label);
     void send(std::initializer_list<PointerEvent::Kind> kinds, Point at);
     [[nodiscard]] FileURL preferences() const;
@@ -93,11 +93,11 @@ private:
     std::unique_ptr<AppDelegate> delegate_;
 };
 
-inline std::ostream& operator<<(std::ostream& out, const FaultWorld::Sight& sight) {
-    for (const std::string& dock : sight.docks)
+inline std::ostream& operator<<(std::ostream& out, const FaultWorld::Snapshot& snapshot) {
+    for (const std::string& dock : snapshot.docks)
         out << dock << "; ";
-    return out << sight.watchesOfTheDesktopsDock << " watches, pointer "
-               << (sight.isPointerGuarded ? "guarded" : "free");
+    return out << snapshot.watchesOfTheDesktopsDock << " watches, pointer "
+               << (snapshot.isPointerGuarded ? "guarded" : "free");
 }
 
 }

@@ -1,4 +1,4 @@
-/// Lets the n-th fallible call of a platform's ports fail, so that a test can have every call fail
+/// Makes the n-th fallible call of a platform's ports fail, so that a test can make every call fail
 /// in turn.
 #pragma once
 
@@ -13,8 +13,7 @@
 
 namespace vireline::test {
 
-/// What a call answers when it fails, by the type of its answer. A type that is not here cannot
-/// fail.
+/// The result of a failed call, by its type. Calls with other result types cannot fail.
 template <class T>
 struct Failure;
 
@@ -40,25 +39,25 @@ struct Failure<bool> {
 
 class Faults {
 public:
-    /// As the error of a call that fails.
+    /// The error code of failed calls.
     static constexpr int code = 5;
     static constexpr std::string_view description = "injected failure";
 
-    /// The call with this number fails, counted from 1 from now on; none with 0.
+    /// Makes the call with this number fail, counted from 1 from now on; 0 for none.
     void failCall(int number) {
-        doomedName_.clear();
-        doomed_ = number;
+        failingName_.clear();
+        failingCall_ = number;
         calls_ = 0;
         failed_.reset();
     }
 
-    /// The first call of that name from now on fails.
+    /// Makes the first call with this name fail from now on.
     void failFirst(std::string name) {
         failCall(0);
-        doomedName_ = std::move(name);
+        failingName_ = std::move(name);
     }
 
-    /// Fallible calls so far.
+    /// The number of fallible calls so far.
     [[nodiscard]] int calls() const noexcept { return calls_; }
 
     /// The names of all fallible calls so far.
@@ -66,26 +65,26 @@ public:
         return names_;
     }
 
-    /// The call that failed, such as "FileSystem::read"; nothing while none has.
+    /// The call that failed, such as "FileSystem::read"; nullopt while none has.
     [[nodiscard]] const std::optional<std::string>& failed() const noexcept { return failed_; }
 
-    /// Makes the call, or has it fail without a trace.
+    /// Makes the call, or returns a failure without making it.
     template <class Call>
     auto operator()(std::string_view name, Call call) -> decltype(call()) {
         using Answer = decltype(call());
         names_.emplace(name);
         ++calls_;
-        if (calls_ != doomed_ && name != doomedName_)
+        if (calls_ != failingCall_ && name != failingName_)
             return call();
         failed_ = name;
-        doomedName_.clear();
+        failingName_.clear();
         return Failure<Answer>::answer({code, std::string{description}});
     }
 
 private:
-    int doomed_ = 0;
-    /// Of no call when it is empty.
-    std::string doomedName_;
+    int failingCall_ = 0;
+    /// Empty for none.
+    std::string failingName_;
     int calls_ = 0;
     std::set<std::string, std::less<>> names_;
     std::optional<std::string> failed_;

@@ -63,7 +63,7 @@ private:
     Faults& faults_;
 };
 
-/// Reports back as the real ones do: when the call has returned, or within it.
+/// Reports back like the real ones: after the call has returned, or from within it.
 class FaultyTrash final : public Trash {
 public:
     FaultyTrash(Trash& port, Faults& faults) : port_(port), faults_(faults) {}
@@ -128,7 +128,7 @@ class FaultyIcons final : public Icons {
 public:
     FaultyIcons(Icons& port, Faults& faults) : port_(port), faults_(faults) {}
 
-    /// Never without an answer.
+    /// Cannot fail.
     [[nodiscard]] ImageHandle iconForFile(const std::string& path, const std::string& key,
                                           Size size) override {
         return port_.iconForFile(path, key, size);
@@ -156,7 +156,7 @@ public:
     [[nodiscard]] bool isTrusted() const override {
         return faults_("Accessibility::isTrusted", [&] { return port_.isTrusted(); });
     }
-    /// Never without an answer.
+    /// Cannot fail.
     [[nodiscard]] bool canMoveWindows() const override { return port_.canMoveWindows(); }
     [[nodiscard]] Subscription observeManager(std::function<void()> handler) override {
         return port_.observeManager(std::move(handler));
@@ -165,7 +165,7 @@ public:
         return faults_("Accessibility::isTrustedWithPrompt",
                        [&] { return port_.isTrustedWithPrompt(); });
     }
-    /// Never without an answer.
+    /// Cannot fail.
     [[nodiscard]] ElementHandle application(std::int32_t processIdentifier,
                                             const std::string& bundleID) override {
         return port_.application(processIdentifier, bundleID);

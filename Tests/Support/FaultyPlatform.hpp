@@ -1,5 +1,5 @@
-/// A platform behind ports whose calls can be made to fail. Every call whose answer has a way to
-/// say no passes through `Faults`; the ports that have none are the platform's own.
+/// A platform whose calls can be made to fail. All calls with a fallible result go through
+/// `Faults`; ports without any are the underlying platform's own.
 #pragma once
 
 #include "Platform/Platform.hpp"
@@ -28,7 +28,7 @@ private:
     std::unique_ptr<Ports> ports_;
 };
 
-/// The fake platform behind such ports.
+/// The fake platform, wrapped in fallible ports.
 class FaultyPlatform {
 public:
     [[nodiscard]] Platform ports() { return ports_.ports(); }

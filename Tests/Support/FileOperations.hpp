@@ -1,4 +1,4 @@
-/// What other programs do to files, for tests that watch them.
+/// File operations as other programs perform them, for tests of file watching.
 #pragma once
 
 #include "Foundation/FileURL.hpp"
@@ -17,12 +17,12 @@ inline FileURL urlOf(const std::filesystem::path& path) {
     return FileURL::fromPath(path.string());
 }
 
-/// Creates the file or writes over it in place.
+/// Creates the file or overwrites it in place.
 inline void overwrite(const FileURL& file, std::string_view content) {
     std::ofstream{file.path(), std::ios::binary | std::ios::trunc} << content;
 }
 
-/// Writes beside the file and renames that over it.
+/// Writes a temporary file and renames it over the target.
 inline void replaceByRename(const FileURL& file, std::string_view content) {
     const FileURL beside = FileURL::fromPath(file.path() + ".new");
     overwrite(beside, content);
@@ -37,7 +37,7 @@ inline void removeAll(const FileURL& url) {
     std::filesystem::remove_all(url.path());
 }
 
-/// Makes it another user's, and if it is a link, the link. For root only.
+/// Gives the file to another user; if it is a link, the link itself. Requires root.
 inline void giveAway(const FileURL& url) {
     constexpr uid_t nobody = 65534;
     if (::lchown(url.path().c_str(), nobody, static_cast<gid_t>(-1)) != 0)

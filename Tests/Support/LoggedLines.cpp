@@ -8,7 +8,7 @@
 namespace vireline::test {
 namespace {
 
-/// As in "[2025-03-14T09:26:53Z] ".
+/// Length of "[2025-03-14T09:26:53Z] ".
 constexpr std::size_t stampLength = 23;
 
 bool beginsWithStamp(std::string_view line) {

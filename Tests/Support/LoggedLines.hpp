@@ -1,5 +1,5 @@
-/// What the program logs while this lives: the log goes to a file in a folder of the test's own,
-/// which goes with it.
+/// Captures what the program logs during the lifetime of this object, in a temporary folder that is
+/// deleted with it.
 #pragma once
 
 #include "Support/TemporaryFolder.hpp"
@@ -21,14 +21,14 @@ public:
     LoggedLines& operator=(LoggedLines&&) = delete;
     ~LoggedLines();
 
-    /// The messages so far, oldest first, without their time stamps.
+    /// The messages so far, oldest first, without timestamps.
     [[nodiscard]] std::vector<std::string> messages() const;
-    /// How often exactly this message was written.
+    /// The number of times that exactly this message was logged.
     [[nodiscard]] int count(std::string_view message) const;
-    /// Forgets what was logged so far.
+    /// Discards what was logged so far.
     void clear();
 
-    /// The log file, and the folder that is the test's alone.
+    /// The log file, in a folder that this test alone uses.
     [[nodiscard]] std::filesystem::path file() const { return folder_.path() / "vireline.log"; }
     [[nodiscard]] const std::filesystem::path& folder() const noexcept { return folder_.path(); }
 

@@ -1,4 +1,4 @@
-/// How values that have no stream operator of their own appear in a failing test.
+/// Prints values without a stream operator of their own in failure messages.
 #pragma once
 
 #include "Interaction/ClickPolicy.hpp"

@@ -1,4 +1,4 @@
-/// Random values for tests that try many: seeded, so that every run tries the same.
+/// Random values for tests, seeded so that every run is the same.
 #pragma once
 
 #include <random>
@@ -9,7 +9,7 @@ class Random {
 public:
     explicit Random(unsigned seed) : engine_(seed) {}
 
-    /// Both ends included.
+    /// Both ends are inclusive.
     [[nodiscard]] int integer(int low, int high) {
         return std::uniform_int_distribution{low, high}(engine_);
     }

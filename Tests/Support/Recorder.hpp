@@ -1,4 +1,4 @@
-/// Collects what a callback is called with.
+/// Records a callback's arguments.
 #pragma once
 
 #include <functional>
@@ -10,7 +10,7 @@ template <class T>
 class Recorder {
 public:
     Recorder() = default;
-    /// Installs itself as the one listener.
+    /// Installs itself as the callback.
     explicit Recorder(std::function<void(const T&)>& slot) {
         slot = [this](const T& value) { values.push_back(value); };
     }

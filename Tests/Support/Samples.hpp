@@ -1,4 +1,4 @@
-/// Values that many tests need, by the few numbers that matter to them.
+/// Sample values, built from the few numbers that matter to a test.
 #pragma once
 
 #include "Layout/ScreenSnapshot.hpp"
@@ -8,17 +8,17 @@
 
 namespace vireline::test {
 
-/// An app whose name and location follow from its identifier.
+/// An app whose name and location are derived from its identifier.
 inline AppRef sampleApp(const std::string& bundleID) {
     return {bundleID, "Name of " + bundleID, FileURL::fromPath("/Applications/" + bundleID)};
 }
 
-/// A display with nothing reserved.
+/// A display without reserved space.
 inline ScreenSnapshot sampleScreen(std::uint32_t id, const Rect& frame) {
     return {.id = id, .frame = frame, .visibleFrame = frame};
 }
 
-/// A display with `inset` points reserved at its bottom.
+/// A display with `inset` points reserved at the bottom.
 inline ScreenSnapshot sampleHost(std::uint32_t id, const Rect& frame, double inset = 70) {
     ScreenSnapshot screen = sampleScreen(id, frame);
     screen.visibleFrame.y += inset;

@@ -1,4 +1,4 @@
-/// A socket that lets everybody connect and never says a word, as a program that hangs has it.
+/// A socket that accepts connections and never responds, like a hung program.
 #pragma once
 
 #include <sys/socket.h>
@@ -14,7 +14,7 @@ namespace vireline::test {
 
 class SilentSocket {
 public:
-    /// Makes the socket's file. Throws when it cannot.
+    /// Creates the socket file; throws on failure.
     explicit SilentSocket(const std::filesystem::path& path)
         : socket_(::socket(AF_UNIX, SOCK_STREAM, 0)) {
         sockaddr_un address{};
@@ -32,7 +32,7 @@ public:
     SilentSocket& operator=(SilentSocket&&) = delete;
     ~SilentSocket() { ::close(socket_); }
 
-    /// Ends the connection of the next one who comes.
+    /// Closes the next connection.
     void turnAway() const {
         const int connection = ::accept(socket_, nullptr, nullptr);
         if (connection >= 0)

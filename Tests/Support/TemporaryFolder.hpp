@@ -1,4 +1,4 @@
-/// A folder on the disk for one test, removed with all its content at the end.
+/// A temporary folder for one test, deleted with its content at the end.
 #pragma once
 
 #include <filesystem>

@@ -1,4 +1,4 @@
-/// What programs tell assistive technology of their own accord, for as long as this listens.
+/// The accessibility events that programs emit during the lifetime of this object.
 #pragma once
 
 #include "VirtualDesktop/BusClient.hpp"
@@ -10,8 +10,8 @@ namespace vireline::desktop {
 
 class AccessibleEvents {
 public:
-    /// Programs tell only what somebody has registered for; those that run hear of it a little
-    /// later.
+    /// Programs emit only events that a client has registered for; running programs notice a
+    /// registration with a short delay.
     explicit AccessibleEvents(const std::string& address);
     AccessibleEvents(const AccessibleEvents&) = delete;
     AccessibleEvents& operator=(const AccessibleEvents&) = delete;
@@ -19,7 +19,7 @@ public:
     AccessibleEvents& operator=(AccessibleEvents&&) = delete;
     ~AccessibleEvents();
 
-    /// Whether an object has told an event of this kind, such as "ChildrenChanged add".
+    /// Whether an object has emitted an event of this kind, such as "ChildrenChanged add".
     [[nodiscard]] bool has(const BusObject& source, const std::string& kind);
 
 private:

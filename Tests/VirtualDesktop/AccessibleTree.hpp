@@ -1,5 +1,5 @@
-/// What assistive technology is told of a program's windows: controls with their names, places and
-/// states. The tests find controls here, as somebody does who does not see the screen.
+/// A program's windows as assistive technology sees them: controls with their names, frames and
+/// states. Tests use it to locate controls.
 #pragma once
 
 #include "VirtualDesktop/BusClient.hpp"
@@ -13,7 +13,7 @@
 
 namespace vireline::desktop {
 
-/// Numbers of the protocol's.
+/// Values from the protocol.
 enum class AccessibleRole : std::uint32_t {
     checkBox = 7,
     frame = 23,
@@ -33,40 +33,39 @@ enum class AccessibleState : std::uint32_t {
 
 class AccessibleTree {
 public:
-    /// The bus that such things are told on.
+    /// `address` is that of the accessibility bus.
     explicit AccessibleTree(const std::string& address) : bus_(address) {}
 
-    /// The control of this name and role that is there now, in any window; nothing if there is
-    /// none.
+    /// The existing control with this name and role, in any window; nullopt if there is none.
     [[nodiscard]] std::optional<BusObject> find(AccessibleRole role, const std::string& name) const;
 
-    /// The control that takes the keys; nothing if none does.
+    /// The control with keyboard focus; nullopt if there is none.
     [[nodiscard]] std::optional<BusObject> focused() const;
 
-    /// The names of all such controls that are visible, in the order of the windows.
+    /// The names of all visible controls with this role, in the order of the windows.
     [[nodiscard]] std::vector<std::string> names(AccessibleRole role) const;
 
-    /// On the screen. Empty when the control is gone.
+    /// In screen coordinates. Empty if the control is gone.
     [[nodiscard]] PixelRect frame(const BusObject& control) const;
     [[nodiscard]] bool is(const BusObject& control, AccessibleState state) const;
-    /// A slider's value in its own steps.
+    /// A slider's value in its own units.
     [[nodiscard]] double value(const BusObject& slider) const;
-    /// Empty when the control is gone.
+    /// Empty if the control is gone.
     [[nodiscard]] std::string name(const BusObject& control) const;
     [[nodiscard]] std::string description(const BusObject& control) const;
 
     [[nodiscard]] std::vector<BusObject> children(const BusObject& parent) const;
     [[nodiscard]] BusObject parent(const BusObject& control) const;
 
-    /// The names of what can be done to the control.
+    /// The names of the control's actions.
     [[nodiscard]] std::vector<std::string> actions(const BusObject& control) const;
-    /// Does one of them; false if there is none of this name, or it fails.
+    /// Performs an action; returns false if there is none with this name, or if it fails.
     [[nodiscard]] bool act(const BusObject& control, const std::string& name) const;
 
 private:
     using Visit = std::function<bool(const BusObject&)>;
 
-    /// Visits everything visible below, a parent before its children, until a visit says stop.
+    /// Visits everything visible below, parents before their children, until a visit returns true.
     bool walk(const BusObject& from, const Visit& visit) const;
     bool walkAll(const Visit& visit) const;
     [[nodiscard]] AccessibleRole role(const BusObject& control) const;

@@ -1,4 +1,4 @@
-/// A client of a message bus: calls methods of others and waits for their answers.
+/// A client of a message bus that makes blocking method calls.
 #pragma once
 
 #include <gio/gio.h>
@@ -12,10 +12,10 @@ struct VariantUnref {
     void operator()(GVariant* value) const noexcept { g_variant_unref(value); }
 };
 
-/// A value that a bus delivered.
+/// A value received from a bus.
 using Variant = std::unique_ptr<GVariant, VariantUnref>;
 
-/// Who answers a call.
+/// The destination of a call.
 struct BusObject {
     std::string name;
     std::string path;
@@ -28,18 +28,18 @@ public:
     /// Whether there is a bus at this address.
     [[nodiscard]] static bool answers(const std::string& address);
 
-    /// Throws when there is none.
+    /// Throws if there is none.
     explicit BusClient(const std::string& address);
 
-    /// Takes floating parameters over, which may be null. Null when the call fails, as one to an
-    /// object that is gone does.
+    /// Takes ownership of floating parameters, which may be null. Returns null if the call fails,
+    /// for example because the object is gone.
     [[nodiscard]] Variant call(const BusObject& object, const char* interfaceName,
                                const char* method, GVariant* parameters) const;
-    /// The same, where a failure is the test's end.
+    /// As above, but throws on failure.
     [[nodiscard]] Variant callOrThrow(const BusObject& object, const char* interfaceName,
                                       const char* method, GVariant* parameters) const;
 
-    /// Null when there is no such property.
+    /// Null if there is no such property.
     [[nodiscard]] Variant property(const BusObject& object, const char* interfaceName,
                                    const char* property) const;
 
@@ -54,7 +54,7 @@ private:
 
     using Connection = std::unique_ptr<GDBusConnection, Unref>;
 
-    /// Null when there is no bus.
+    /// Null if there is no bus.
     [[nodiscard]] static Connection connect(const std::string& address);
 
     Connection connection_;

@@ -38,7 +38,7 @@ void redirect(int descriptor, const std::string& path) {
     }
 }
 
-/// What happens between fork and exec; only calls that are safe there.
+/// The work between fork and exec; uses only async-signal-safe calls.
 struct Launch {
     std::vector<char*> arguments;
     std::vector<char*> environment;

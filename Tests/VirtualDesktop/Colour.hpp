@@ -1,4 +1,4 @@
-/// Opaque colours, as pixels of the virtual screen hold them.
+/// Opaque colours, in the format of the virtual screen's pixels.
 #pragma once
 
 #include <algorithm>
@@ -18,7 +18,7 @@ struct Colour {
                (static_cast<std::uint32_t>(green) << 8U) | blue;
     }
 
-    /// The greatest difference of any channel.
+    /// The largest difference of any channel.
     [[nodiscard]] int distance(Colour other) const noexcept {
         const auto apart = [](std::uint8_t a, std::uint8_t b) { return std::abs(a - b); };
         return std::max(
@@ -28,7 +28,7 @@ struct Colour {
     bool operator==(const Colour&) const = default;
 };
 
-/// Whether a viewer would call them the same; smooth scaling may change the last digits.
+/// Whether the colours look the same; smooth scaling may change the lowest bits.
 [[nodiscard]] inline bool isSame(Colour a, Colour b) noexcept {
     constexpr int tolerance = 12;
     return a.distance(b) <= tolerance;
@@ -39,7 +39,7 @@ inline std::ostream& operator<<(std::ostream& out, Colour colour) {
                << ')';
 }
 
-/// Sixty colours, by index, that are easily told apart from each other and from greys.
+/// Sixty colours, by index, that are easily distinguished from each other and from greys.
 [[nodiscard]] Colour distinctColour(int index) noexcept;
 
 }

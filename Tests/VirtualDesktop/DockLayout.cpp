@@ -33,8 +33,8 @@ void reserve(Rect& visible, Edge edge, double thickness) {
         visible.height -= thickness;
 }
 
-/// Worked out apart from the program's own layout: at the bottom the label on the largest icon
-/// reaches farthest, at the sides an icon that bobs while it is dragged.
+/// Calculated independently of the program's layout: at the bottom the label of the largest icon
+/// extends farthest, at the sides an icon that bobs while being dragged.
 Overhang overhangOf(const PanelSpec& spec, const PanelPlanner::Request& request) {
     const DockOrdering::Counts& counts = request.counts;
     const double icon =

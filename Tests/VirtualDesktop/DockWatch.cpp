@@ -15,7 +15,7 @@ DockWatch::DockWatch(const std::string& display) : client_(display) {
 }
 
 const std::vector<DockWatch::Shown>& DockWatch::waitForDocks(std::size_t count) {
-    const auto deadline = Clock::now() + patience;
+    const auto deadline = Clock::now() + conditionTimeout;
     while (docks_.size() < count && Clock::now() < deadline)
         waitForEvents();
     if (docks_.size() < count)
@@ -34,7 +34,7 @@ void DockWatch::waitForEvents() {
 void DockWatch::handle(const xcb_generic_event_t& event) {
     if (event.response_type == XCB_CREATE_NOTIFY) {
         const auto& created = reinterpret_cast<const xcb_create_notify_event_t&>(event);
-        // Once the window manager has put it into a frame, the root window tells no more.
+        // After the window manager has reparented it, the root window reports no more about it.
         listen(created.window, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
         xcb_flush(client_.get());
     } else if (event.response_type == XCB_MAP_NOTIFY) {
@@ -42,7 +42,7 @@ void DockWatch::handle(const xcb_generic_event_t& event) {
     } else if (event.response_type == XCB_PROPERTY_NOTIFY &&
                reinterpret_cast<const xcb_property_notify_event_t&>(event).atom ==
                    client_.atom("_NET_CLIENT_LIST")) {
-        // Of windows that came too fast to be listened to in time.
+        // Windows that appeared before their events could be selected.
         const auto now = Clock::now();
         for (const xcb_window_t window : client_.managedWindows()) {
             if (client_.isViewable(window))

@@ -1,4 +1,4 @@
-/// Sees docks appear, by events, so that watching costs the program that shows them nothing.
+/// Detects docks as they appear, through events, so that measuring does not slow the program down.
 #pragma once
 
 #include "VirtualDesktop/XClient.hpp"
@@ -18,11 +18,11 @@ public:
         Clock::time_point when;
     };
 
-    /// From now on.
+    /// Starts watching.
     explicit DockWatch(const std::string& display);
 
-    /// Anybody's windows of type dock in the order in which they came, once there are `count` of
-    /// them. Throws when they do not come.
+    /// Any client's windows of type dock, in the order in which they appeared, once there are
+    /// `count` of them. Throws after the timeout.
     [[nodiscard]] const std::vector<Shown>& waitForDocks(std::size_t count);
 
 private:

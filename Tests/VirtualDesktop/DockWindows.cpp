@@ -69,7 +69,7 @@ std::vector<PixelRect> DockWindows::outline(xcb_window_t window) const {
 bool DockWindows::isAbove(xcb_window_t upper, xcb_window_t lower) const {
     const auto topLevels = client_.children(client_.root());
     const auto place = [&](xcb_window_t window) {
-        // The window itself, or the frame that holds it.
+        // The window itself, or its frame.
         for (auto top = topLevels.begin(); top != topLevels.end(); ++top) {
             const auto inside = client_.children(*top);
             if (*top == window || std::ranges::find(inside, window) != inside.end())

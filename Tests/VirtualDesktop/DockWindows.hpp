@@ -1,4 +1,4 @@
-/// The docks on the screen, told by their titles.
+/// The docks on the screen, recognised by their titles.
 #pragma once
 
 #include "VirtualDesktop/PixelGeometry.hpp"
@@ -27,21 +27,21 @@ class DockWindows {
 public:
     explicit DockWindows(const XClient& client) : client_(client) {}
 
-    /// Those that are shown, in ascending order of display IDs.
+    /// The visible docks, in ascending order of display IDs.
     [[nodiscard]] std::vector<DockWindow> shown() const;
 
-    /// The one on a display; its window is XCB_NONE if there is none.
+    /// The dock on a display; its window is XCB_NONE if there is none.
     [[nodiscard]] DockWindow on(std::uint32_t displayID) const;
 
-    /// Where the window takes the pointer, in the window's coordinates.
+    /// The window's input region, in the window's coordinates.
     [[nodiscard]] std::vector<PixelRect> inputRegion(xcb_window_t window) const;
-    /// Where the window is opaque or translucent, rather than cut away.
+    /// The window's bounding shape.
     [[nodiscard]] std::vector<PixelRect> outline(xcb_window_t window) const;
 
     /// Whether `upper` covers `lower` where they overlap.
     [[nodiscard]] bool isAbove(xcb_window_t upper, xcb_window_t lower) const;
 
-    /// The program's popup menus: what it shows besides docks without asking the window manager.
+    /// The program's popup menus: its visible override-redirect windows other than docks.
     [[nodiscard]] std::vector<xcb_window_t> menus() const;
 
 private:

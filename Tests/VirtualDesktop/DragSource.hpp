@@ -1,5 +1,5 @@
-/// A program that drags something, as far as the X server sees it: no pointer is held, and it can
-/// be as slow, as silent and as wrong as a test wants.
+/// The source of a drag, as far as the X server sees it: it does not grab the pointer, and can be
+/// as slow, silent and wrong as a test wants.
 #pragma once
 
 #include "VirtualDesktop/XClient.hpp"
@@ -26,38 +26,38 @@ public:
 
     explicit DragSource(const std::string& display);
 
-    /// What it answers when asked for its content in a form.
+    /// How it responds to requests for its content.
     enum class Answer { content, inPieces, nothing, refusal, numbers, vanished };
 
     [[nodiscard]] const XClient& client() const noexcept { return client_; }
 
-    /// Says that it is what is dragged now.
+    /// Announces that it is now the drag source.
     void own(xcb_timestamp_t time);
     void enter(xcb_window_t target, std::uint32_t version = 5);
     void move(PixelPoint root, std::string_view action = "XdndActionCopy");
     void leave();
     void drop();
 
-    /// Does what the messages that have come ask for; whether there were any.
+    /// Handles the pending messages; returns whether there were any.
     bool work();
 
-    /// The content by its form.
+    /// The content by format.
     std::map<std::string, std::string> contents;
     Answer answer = Answer::content;
     std::size_t pieceBytes = 1000;
-    /// What it tells that one may choose from.
+    /// The actions that it offers.
     std::vector<std::string> actions;
 
     std::vector<Status> statuses;
-    /// Those that came since the last time.
+    /// The statuses received since the last call.
     [[nodiscard]] std::vector<Status> takeStatuses() { return std::exchange(statuses, {}); }
-    /// Set when the target says that it is done with the drop.
+    /// Set when the target reports that the drop is finished.
     std::optional<Status> finished;
-    /// How often the content was asked for.
+    /// How often the content was requested.
     int requests = 0;
 
 private:
-    /// Content that is sent piece by piece.
+    /// Content that is sent in chunks.
     struct Pieces {
         xcb_window_t requestor = XCB_NONE;
         xcb_atom_t property = XCB_ATOM_NONE;

@@ -34,7 +34,7 @@ FileDrag::FileDrag(VirtualDesktop& desktop, const Content& content)
 }
 
 std::string FileDrag::moveTo(PixelPoint place) {
-    // Once more from nearby, so that what was said of this place before does not count.
+    // Approaches the place in two steps, so that an earlier answer for it does not count.
     const auto at = [](PixelPoint p) {
         return "at " + std::to_string(p.x) + ',' + std::to_string(p.y) + ' ';
     };

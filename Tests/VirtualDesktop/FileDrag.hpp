@@ -1,4 +1,4 @@
-/// Something that the user drags out of another program's window.
+/// A drag out of another program's window.
 #pragma once
 
 #include "VirtualDesktop/VirtualDesktop.hpp"
@@ -10,7 +10,7 @@
 
 namespace vireline::desktop {
 
-/// As a list of their URLs.
+/// The files' URLs in the form of a URL list.
 [[nodiscard]] std::string urlList(const std::vector<std::filesystem::path>& files);
 
 class FileDrag {
@@ -21,21 +21,21 @@ public:
         std::string action = "XdndActionCopy";
     };
 
-    /// Shows the program's window in the screen's first corner and begins to drag.
+    /// Shows the source window in the screen's top-left corner and starts the drag.
     FileDrag(VirtualDesktop& desktop, const Content& content);
 
-    /// What the window there answers: "accepted XdndActionCopy", "refused", "nobody" …; empty if it
-    /// does not.
+    /// The target's answer: "accepted XdndActionCopy", "refused", "nobody" and so on; empty if
+    /// there is none.
     [[nodiscard]] std::string moveTo(PixelPoint place);
 
-    /// What comes of letting go: "done XdndActionCopy", "not done", "not dropped"; empty if nothing
-    /// does.
+    /// The outcome of dropping: "done XdndActionCopy", "not done", "not dropped"; empty if there is
+    /// none.
     [[nodiscard]] std::string drop();
 
     [[nodiscard]] ChildProcess& program() noexcept { return *program_; }
 
 private:
-    /// The rest of the line that begins so, once it is there.
+    /// Waits for a line that begins with `beginning`, and returns the rest of it.
     [[nodiscard]] std::string recorded(std::string_view beginning) const;
 
     VirtualDesktop& desktop_;

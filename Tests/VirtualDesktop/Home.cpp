@@ -54,9 +54,9 @@ std::string listOf(std::span<const Pin> pins) {
     return list + "</array></dict></plist>\n";
 }
 
-/// As one argument of an Exec key.
+/// Quotes an argument for an Exec key.
 std::string execArgument(std::string_view argument) {
-    // A field code counts only outside of quotes.
+    // Field codes are recognised only outside quotes.
     if (argument.starts_with('%'))
         return std::string{argument};
     return '"' + std::string{argument} + '"';
@@ -76,7 +76,7 @@ Home::Home(fs::path testApp) : testApp_(std::move(testApp)) {
     fs::create_directory(root_.path() / "run");
     fs::permissions(root_.path() / "run", fs::perms::owner_all);
     writeFile(root_.path() / "share/icons/hicolor/index.theme", iconThemeIndex);
-    // A home that has been through the first run.
+    // The state after the first run.
     writePreferences(R"({"onboardingCompleted": true})");
 }
 
@@ -109,9 +109,9 @@ Environment Home::environment() const {
             {"XDG_RUNTIME_DIR", (root_.path() / "run").string()},
             {"XDG_DATA_DIRS", (root_.path() / "share").string()},
             {"XDG_CONFIG_DIRS", (root_.path() / "etc").string()},
-            // No bus, rather than one that GIO would start by itself.
+            // An address without a bus, since GIO would start one if there were no address.
             {"DBUS_SESSION_BUS_ADDRESS", "unix:path=" + (root_.path() / "run/no-bus").string()},
-            // Leaks of a program that is ended by a signal say nothing.
+            // Leaks are not checked, because programs are ended by a signal.
             {"ASAN_OPTIONS", "detect_leaks=0:abort_on_error=0"},
             {"UBSAN_OPTIONS", "print_stacktrace=1"}};
 }
@@ -122,7 +122,7 @@ fs::path Home::entry(std::string_view id) const {
 
 fs::path Home::installEntry(std::string_view id, std::string_view content) const {
     auto file = entry(id);
-    // Renamed into place, as package managers do: nobody ever reads half an entry.
+    // Renamed into place, as package managers do, so that a partly written entry is never read.
     replaceFile(file, content);
     return file;
 }

@@ -1,5 +1,5 @@
-/// A fresh home for one run of the program: its folders, the applications installed on the virtual
-/// computer, and the files that the program reads.
+/// A fresh home folder for one run of the program: its folders, the installed applications, and the
+/// files that the program reads.
 #pragma once
 
 #include "Support/TemporaryFolder.hpp"
@@ -15,60 +15,60 @@
 namespace vireline::desktop {
 
 /// An application that can be installed: a desktop entry that starts the test app, with an icon of
-/// one colour so that its tile can be told on the screen.
+/// one colour so that its tile can be recognised on the screen.
 struct App {
     /// The desktop-file ID without ".desktop".
     std::string id;
     std::string name;
     Colour colour;
-    /// What the test app is told besides its class; field codes such as "%U" are allowed.
+    /// The test app's arguments besides its class; field codes such as "%U" are allowed.
     std::vector<std::string> arguments;
-    /// Further lines of the desktop entry.
+    /// Additional lines of the desktop entry.
     std::vector<std::string> keys{};
-    /// The name of an icon of the theme, instead of the colour.
+    /// The name of an icon in the theme, instead of the colour.
     std::string icon{};
 };
 
-/// One tile of the desktop's own dock.
+/// A tile of the desktop's own dock.
 struct Pin {
     std::string id;
     std::string name;
     std::filesystem::path entry;
 };
 
-/// The class that windows of the app carry.
+/// The class of the app's windows.
 [[nodiscard]] std::string windowClass(const App& app);
 
 class Home {
 public:
-    /// `testApp` is the program that all installed apps run.
+    /// `testApp` is the executable that all installed apps run.
     explicit Home(std::filesystem::path testApp);
 
     [[nodiscard]] std::filesystem::path folder() const { return root_.path() / "home"; }
     [[nodiscard]] std::filesystem::path downloads() const { return folder() / "Downloads"; }
-    /// Where the program keeps its preferences and its log.
+    /// The folder of the program's preferences and log.
     [[nodiscard]] std::filesystem::path dataFolder() const;
     [[nodiscard]] std::filesystem::path preferences() const;
     [[nodiscard]] std::filesystem::path log() const;
-    /// The list that the desktop's own dock keeps.
+    /// The pinned list of the desktop's own dock.
     [[nodiscard]] std::filesystem::path dockPreferences() const;
-    /// Somewhere for a test's own files.
+    /// A folder for a test's own files.
     [[nodiscard]] std::filesystem::path scratch() const { return root_.path() / "scratch"; }
 
-    /// HOME, XDG_… and what any program needs; no display and no bus.
+    /// HOME, the XDG variables and what every program needs; no display and no bus.
     [[nodiscard]] Environment environment() const;
 
-    /// Installs a desktop entry and its icon, and returns the entry's path.
+    /// Installs a desktop entry and its icon; returns the entry's path.
     std::filesystem::path install(const App& app) const;
     void uninstall(const App& app) const;
-    /// Installs a desktop entry of any content.
+    /// Installs a desktop entry with any content.
     std::filesystem::path installEntry(std::string_view id, std::string_view content) const;
     [[nodiscard]] std::filesystem::path entry(std::string_view id) const;
 
-    /// Makes the app with this ID the one that opens folders.
+    /// Makes the app with this ID the handler for folders.
     void setFileManager(const std::string& id) const;
 
-    /// The apps' tiles in the shape of the list that the desktop's own dock keeps.
+    /// The apps' tiles in the format of the desktop's own dock.
     [[nodiscard]] std::string dockList(std::span<const App> apps) const;
     /// Writes that list in place.
     void pin(std::span<const App> apps) const;
@@ -77,20 +77,20 @@ public:
     void writePreferences(std::string_view json) const;
 
 private:
-    /// An icon of the app's colour; its path.
+    /// Creates an icon in the app's colour; returns its path.
     [[nodiscard]] std::string paintIcon(const App& app) const;
 
     test::TemporaryFolder root_;
     std::filesystem::path testApp_;
 };
 
-/// The whole file, empty if there is none.
+/// The whole file; empty if it does not exist.
 [[nodiscard]] std::string readFile(const std::filesystem::path& file);
 
-/// Replaces a file's content in place, creating its folder.
+/// Overwrites a file in place, creating its folder if necessary.
 void writeFile(const std::filesystem::path& file, std::string_view content);
 
-/// Replaces a file by another that is renamed onto it.
+/// Replaces a file by renaming another one over it.
 void replaceFile(const std::filesystem::path& file, std::string_view content);
 
 }

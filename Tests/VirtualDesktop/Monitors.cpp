@@ -11,8 +11,8 @@
 namespace vireline::desktop {
 namespace {
 
-/// SetMonitor with at most one output, as it goes over the wire. libxcb's own function sends a part
-/// more than it fills in.
+/// The wire format of SetMonitor with at most one output. libxcb's own function sends an
+/// uninitialised part.
 struct SetMonitor {
     xcb_randr_set_monitor_request_t header;
     xcb_randr_monitor_info_t info;
@@ -22,7 +22,7 @@ struct SetMonitor {
 void send(const XClient& client, SetMonitor& request, const std::string& name) {
     const auto length = sizeof request.header + sizeof request.info +
                         (request.info.nOutput * sizeof request.output);
-    // The library keeps the two entries before the first for itself.
+    // libxcb uses the two entries before the first.
     std::array<iovec, 3> parts{};
     parts[2] = {&request, length};
     const xcb_protocol_request_t kind{1, &xcb_randr_id, XCB_RANDR_SET_MONITOR, 1};
@@ -40,7 +40,7 @@ Owned<xcb_randr_get_monitors_reply_t> attachedMonitors(const XClient& client) {
     return reply;
 }
 
-/// Whether an attached monitor is one of `monitors`, as it is.
+/// Whether an attached monitor is one of `monitors`, unchanged.
 bool isWanted(const XClient& client, const xcb_randr_monitor_info_t& info,
               const std::vector<Monitor>& monitors) {
     return std::ranges::any_of(monitors, [&](const auto& monitor) {
@@ -50,7 +50,7 @@ bool isWanted(const XClient& client, const xcb_randr_monitor_info_t& info,
     });
 }
 
-/// The server's one output. A monitor that owns it takes the place of the automatic one.
+/// The server's only output. A monitor that owns it replaces the automatic one.
 xcb_randr_output_t onlyOutput(const XClient& client) {
     const Owned<xcb_randr_get_screen_resources_current_reply_t> resources{
         xcb_randr_get_screen_resources_current_reply(
@@ -70,7 +70,7 @@ void attach(const XClient& client, const Monitor& monitor, bool isPrimary) {
     request.info.y = static_cast<std::int16_t>(monitor.frame.y);
     request.info.width = static_cast<std::uint16_t>(monitor.frame.width);
     request.info.height = static_cast<std::uint16_t>(monitor.frame.height);
-    // About 96 dots an inch, so that no toolkit makes up a scale of its own.
+    // About 96 dots per inch, so that toolkits do not choose a scale on their own.
     constexpr int pixelsPer10Millimetres = 38;
     request.info.width_in_millimeters =
         static_cast<std::uint32_t>(monitor.frame.width * 10 / pixelsPer10Millimetres);
@@ -86,8 +86,8 @@ void attach(const XClient& client, const Monitor& monitor, bool isPrimary) {
 }
 
 void setMonitors(const XClient& client, const std::vector<Monitor>& monitors) {
-    // Nobody else sees the states between, such as the automatic monitor that comes when the
-    // primary goes.
+    // Hides intermediate states from other clients, such as the automatic monitor that appears when
+    // the primary is removed.
     xcb_grab_server(client.get());
     std::vector<xcb_atom_t> kept;
     const auto attached = attachedMonitors(client);

@@ -1,4 +1,4 @@
-/// The displays of the virtual desktop, made of RandR 1.5 monitors.
+/// The virtual desktop's displays, made of RandR 1.5 monitors.
 #pragma once
 
 #include "VirtualDesktop/PixelGeometry.hpp"
@@ -17,11 +17,10 @@ struct Monitor {
     bool operator==(const Monitor&) const = default;
 };
 
-/// Attaches exactly these monitors, the first of them primary, and keeps those that stay as they
-/// are.
+/// Attaches exactly these monitors, the first of them primary, without touching unchanged ones.
 void setMonitors(const XClient& client, const std::vector<Monitor>& monitors);
 
-/// The display ID that goes with a monitor's name.
+/// The display ID for a monitor's name.
 [[nodiscard]] std::uint32_t displayID(const XClient& client, const std::string& monitor);
 
 }

@@ -17,7 +17,7 @@ std::vector<std::string> strings(const Variant& reply) {
 
 }
 
-Variant NotifierHost::tell(const char* method, GVariant* parameters) const {
+Variant NotifierHost::call(const char* method, GVariant* parameters) const {
     return bus_.callOrThrow({name, "/NotifierHost"}, "org.example.NotifierHost", method,
                             parameters);
 }
@@ -27,11 +27,11 @@ bool NotifierHost::isThere() const {
 }
 
 std::size_t NotifierHost::itemCount() const {
-    return strings(tell("Items", nullptr)).size();
+    return strings(call("Items", nullptr)).size();
 }
 
 Variant NotifierHost::property(const char* wanted) const {
-    const auto reply = tell("Property", g_variant_new("(s)", wanted));
+    const auto reply = call("Property", g_variant_new("(s)", wanted));
     GVariant* value = nullptr;
     g_variant_get(reply.get(), "(v)", &value);
     return Variant{value};
@@ -50,23 +50,23 @@ std::size_t NotifierHost::pictureCount() const {
 }
 
 std::vector<std::string> NotifierHost::openMenu() const {
-    return strings(tell("OpenMenu", nullptr));
+    return strings(call("OpenMenu", nullptr));
 }
 
 void NotifierHost::choose(const std::string& label) const {
-    static_cast<void>(tell("Choose", g_variant_new("(s)", label.c_str())));
+    static_cast<void>(call("Choose", g_variant_new("(s)", label.c_str())));
 }
 
 void NotifierHost::press(const std::string& key) const {
-    static_cast<void>(tell("Press", g_variant_new("(s)", key.c_str())));
+    static_cast<void>(call("Press", g_variant_new("(s)", key.c_str())));
 }
 
 void NotifierHost::activate() const {
-    static_cast<void>(tell("Activate", g_variant_new("(ii)", 0, 0)));
+    static_cast<void>(call("Activate", g_variant_new("(ii)", 0, 0)));
 }
 
 void NotifierHost::becomeHost() const {
-    static_cast<void>(tell("BecomeHost", nullptr));
+    static_cast<void>(call("BecomeHost", nullptr));
 }
 
 }

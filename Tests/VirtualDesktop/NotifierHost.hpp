@@ -1,4 +1,4 @@
-/// A panel with status notifier items, seen from the test that tells it what to do.
+/// Controls a panel with status notifier items from a test.
 #pragma once
 
 #include "VirtualDesktop/BusClient.hpp"
@@ -12,15 +12,15 @@ class NotifierHost {
 public:
     explicit NotifierHost(const std::string& busAddress) : bus_(busAddress) {}
 
-    /// Whether the panel runs.
+    /// Whether the panel is running.
     [[nodiscard]] bool isThere() const;
-    /// How many items were registered so far.
+    /// The number of items registered so far.
     [[nodiscard]] std::size_t itemCount() const;
 
     /// A text property of the item; empty if it has none.
     [[nodiscard]] std::string text(const char* property) const;
     [[nodiscard]] bool flag(const char* property) const;
-    /// How many pictures the item has.
+    /// The number of the item's pictures.
     [[nodiscard]] std::size_t pictureCount() const;
 
     /// Opens the item's menu: "Settings…", "[x] Launch at Login", "---".
@@ -28,14 +28,14 @@ public:
     void choose(const std::string& label) const;
     /// Presses a key with Control while the menu is open.
     void press(const std::string& key) const;
-    /// Activates the item, as for a host that shows no menus.
+    /// Activates the item, as hosts without menus do.
     void activate() const;
-    /// Begins to show items where it only kept them before.
+    /// Starts to show items, if it only kept the list before.
     void becomeHost() const;
 
 private:
     [[nodiscard]] Variant property(const char* name) const;
-    [[nodiscard]] Variant tell(const char* method, GVariant* parameters) const;
+    [[nodiscard]] Variant call(const char* method, GVariant* parameters) const;
 
     BusClient bus_;
 };

@@ -10,7 +10,7 @@
 namespace vireline::desktop {
 namespace {
 
-/// An output with the controller that drives it, if one does.
+/// An output and the CRTC that drives it, if any.
 struct Output {
     std::string name;
     xcb_randr_output_t id = XCB_NONE;
@@ -19,7 +19,7 @@ struct Output {
     std::vector<xcb_randr_mode_t> modes;
 };
 
-/// What the server has of outputs and modes at one moment.
+/// A snapshot of the server's outputs and modes.
 class Outputs {
 public:
     explicit Outputs(const XClient& client)
@@ -44,7 +44,7 @@ public:
         return *found;
     }
 
-    /// What is shown on a controller's output: nothing while it is off.
+    /// The area shown by a CRTC; empty while it is off.
     [[nodiscard]] PixelRect frame(xcb_randr_crtc_t controller) const {
         const Owned<xcb_randr_get_crtc_info_reply_t> info{xcb_randr_get_crtc_info_reply(
             client_.get(), xcb_randr_get_crtc_info(client_.get(), controller, time()), nullptr)};
@@ -53,7 +53,7 @@ public:
         return {info->x, info->y, info->width, info->height};
     }
 
-    /// The mode of this size, added to the output if it lacks it.
+    /// The mode of this size, added to the output if necessary.
     [[nodiscard]] xcb_randr_mode_t mode(const Output& output, int width, int height) const {
         const std::span modes{xcb_randr_get_screen_resources_current_modes(resources_.get()),
                               resources_->num_modes};
@@ -65,7 +65,7 @@ public:
         return id;
     }
 
-    /// A controller for the output that none of `used` is.
+    /// A CRTC for the output that is not in `used`.
     [[nodiscard]] static xcb_randr_crtc_t
     freeController(const Output& output, const std::vector<xcb_randr_crtc_t>& used) {
         const auto isFree = [&](auto id) { return std::ranges::find(used, id) == used.end(); };
@@ -75,7 +75,7 @@ public:
         return *found;
     }
 
-    /// Shows the mode on the controller's output; without a mode, switches it off.
+    /// Shows the mode on the CRTC's output; without a mode, switches it off.
     void set(xcb_randr_crtc_t controller, PixelPoint place, xcb_randr_mode_t mode,
              std::optional<xcb_randr_output_t> output) const {
         const Owned<xcb_randr_set_crtc_config_reply_t> reply{xcb_randr_set_crtc_config_reply(
@@ -109,7 +109,7 @@ private:
         return output;
     }
 
-    /// Sixty times a second, with blanks as short as monitors have them.
+    /// A 60 Hz mode with blanking intervals as short as monitors support.
     [[nodiscard]] xcb_randr_mode_t create(int width, int height) const {
         const auto word = [](int value) { return static_cast<std::uint16_t>(value); };
         const std::string name = std::to_string(width) + 'x' + std::to_string(height);
@@ -147,7 +147,7 @@ void growScreen(const XClient& client, const std::vector<Monitor>& monitors) {
         width = std::max(width, monitor.frame.right());
         height = std::max(height, monitor.frame.bottom());
     }
-    // 96 dots an inch.
+    // 96 dots per inch.
     const auto millimetres = [](int pixels) {
         return static_cast<std::uint32_t>(pixels * 254 / 960);
     };
@@ -156,8 +156,8 @@ void growScreen(const XClient& client, const std::vector<Monitor>& monitors) {
                               millimetres(height));
 }
 
-/// Makes the server look at its outputs again: this driver's are connected once they show
-/// something, and clients that count connected outputs would overlook them until then.
+/// Makes the server probe its outputs: this driver's outputs count as connected once they show
+/// something, and clients would ignore them until then.
 void findConnected(const XClient& client) {
     const Owned<xcb_randr_get_screen_resources_reply_t> reply{xcb_randr_get_screen_resources_reply(
         client.get(), xcb_randr_get_screen_resources(client.get(), client.root()), nullptr)};
@@ -177,7 +177,7 @@ void setOutputs(const XClient& client, const std::vector<Monitor>& monitors) {
         const auto found = std::ranges::find(monitors, output.name, &Monitor::name);
         return found != monitors.end() && outputs.frame(output.controller) == found->frame;
     };
-    // As one change, which is how the X server's own tools make it.
+    // A single change, as the X server's own tools make it.
     xcb_grab_server(client.get());
     std::vector<xcb_randr_crtc_t> used;
     for (const auto& output : outputs.all()) {

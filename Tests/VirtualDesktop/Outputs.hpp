@@ -1,5 +1,5 @@
-/// Monitors of an X server that has real outputs, each with a controller and modes of its own:
-/// attached the way that desktops' settings do it.
+/// Monitors of an X server with real outputs, each with its own CRTC and modes, attached as
+/// desktops' settings do it.
 #pragma once
 
 #include "VirtualDesktop/Monitors.hpp"
@@ -10,11 +10,11 @@
 
 namespace vireline::desktop {
 
-/// The name of the server's output with this index, which names the monitor on it as well.
+/// The name of the server's output with this index, and of its monitor.
 [[nodiscard]] std::string outputName(int index);
 
-/// Switches exactly these monitors' outputs on, the first of them primary. The X screen grows to
-/// hold them and never shrinks.
+/// Enables exactly these monitors' outputs, the first of them primary. The X screen grows to
+/// contain them and never shrinks.
 void setOutputs(const XClient& client, const std::vector<Monitor>& monitors);
 
 }

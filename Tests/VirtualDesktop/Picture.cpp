@@ -42,7 +42,7 @@ Picture Picture::ofScreen(const XClient& client, const PixelRect& area) {
 }
 
 Picture Picture::ofScreen(const XClient& client) {
-    // It may have grown since the client connected.
+    // The screen may have grown since the client connected.
     return ofScreen(client, client.frame(client.root()).value_or(PixelRect{}));
 }
 

@@ -1,4 +1,4 @@
-/// A part of the screen as a viewer sees it, and PNG files.
+/// A screenshot of a part of the screen, and PNG files.
 #pragma once
 
 #include "VirtualDesktop/Colour.hpp"
@@ -12,10 +12,10 @@ namespace vireline::desktop {
 
 class Picture {
 public:
-    /// A plane of one colour.
+    /// A picture filled with one colour.
     Picture(int width, int height, Colour colour);
 
-    /// What the screen shows in `area`, which must lie on it. Throws when it does not.
+    /// What the screen shows in `area`. Throws if that is not on the screen.
     [[nodiscard]] static Picture ofScreen(const XClient& client, const PixelRect& area);
     [[nodiscard]] static Picture ofScreen(const XClient& client);
 
@@ -24,13 +24,13 @@ public:
     [[nodiscard]] Colour at(int x, int y) const;
     void set(int x, int y, Colour colour);
 
-    /// How many pixels have this colour, about.
+    /// The number of pixels of approximately this colour.
     [[nodiscard]] int count(Colour colour) const;
 
-    /// The smallest rectangle that holds all pixels of this colour; empty if there is none.
+    /// The bounding rectangle of all pixels of this colour; empty if there are none.
     [[nodiscard]] PixelRect bounds(Colour colour) const;
 
-    /// False when the file cannot be written.
+    /// Returns false if the file cannot be written.
     bool writePNG(const std::filesystem::path& file) const;
 
     bool operator==(const Picture&) const = default;

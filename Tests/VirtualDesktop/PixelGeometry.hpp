@@ -1,4 +1,4 @@
-/// Places on the X screen, in pixels from its top-left corner, y downwards.
+/// Positions on the X screen, in pixels from its top-left corner, y downwards.
 #pragma once
 
 #include <compare>

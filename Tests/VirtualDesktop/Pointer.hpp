@@ -1,4 +1,4 @@
-/// The user's hands: a real pointer and keyboard, through XTest.
+/// The user's input: a real pointer and keyboard, through XTest.
 #pragma once
 
 #include "VirtualDesktop/PixelGeometry.hpp"
@@ -48,16 +48,16 @@ public:
     static constexpr xcb_keysym_t alt = 0xffe9;
     static constexpr xcb_keysym_t super = 0xffeb;
 
-    /// Presses the key that types `symbol`, and keeps it down.
+    /// Presses the key for `symbol` and keeps it down.
     void press(xcb_keysym_t symbol) const;
     void release(xcb_keysym_t symbol) const;
 
-    /// Presses and releases the key that types `symbol`.
+    /// Presses and releases the key for `symbol`.
     void type(xcb_keysym_t symbol) const;
-    /// The same while Control is held.
+    /// As above, while Control is held.
     void typeWithControl(xcb_keysym_t symbol) const;
     void typeWithControlAndShift(xcb_keysym_t symbol) const;
-    /// Whether some client holds the keyboard, so that all keys go there.
+    /// Whether a client has grabbed the keyboard.
     [[nodiscard]] bool isHeld() const;
 
 private:

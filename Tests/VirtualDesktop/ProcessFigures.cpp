@@ -21,7 +21,7 @@ fs::path folderOf(pid_t pid) {
     return fs::path{"/proc"} / std::to_string(pid);
 }
 
-/// Nothing for a thread that has just ended.
+/// nullopt for a thread that has just exited.
 std::optional<long> switchesOf(const fs::path& thread) {
     constexpr std::string_view key = "ctxt_switches:";
     std::optional<long> sum;
@@ -33,7 +33,8 @@ std::optional<long> switchesOf(const fs::path& thread) {
     return sum;
 }
 
-/// By the process's own clock: /proc tells whole ticks only. Nothing for a process that has ended.
+/// From the process's own clock, because /proc has a resolution of ticks. nullopt for a process
+/// that has exited.
 std::optional<ProcessorTime> timeOf(pid_t pid) {
     clockid_t clock = 0;
     timespec time{};
@@ -42,7 +43,7 @@ std::optional<ProcessorTime> timeOf(pid_t pid) {
     return std::chrono::seconds{time.tv_sec} + std::chrono::nanoseconds{time.tv_nsec};
 }
 
-/// Nothing when the kernel does not tell.
+/// nullopt if the kernel does not provide it.
 std::optional<long> memoryOf(pid_t pid, std::string_view key) {
     std::ifstream file{folderOf(pid) / "smaps_rollup"};
     for (std::string line; std::getline(file, line);) {
@@ -52,13 +53,13 @@ std::optional<long> memoryOf(pid_t pid, std::string_view key) {
     return std::nullopt;
 }
 
-/// The leader of the process's session; 0 for a process that has ended.
+/// The leader of the process's session; 0 for a process that has exited.
 pid_t leaderOf(pid_t pid) {
     std::ifstream file{folderOf(pid) / "stat"};
     std::string line;
     if (!std::getline(file, line))
         return 0;
-    // The name may hold anything, blanks and brackets too; the fields begin behind it.
+    // The name may contain anything, including blanks and brackets; the fields come after it.
     std::istringstream fields{line.substr(line.rfind(')') + 1)};
     char state = 0;
     pid_t parent = 0;

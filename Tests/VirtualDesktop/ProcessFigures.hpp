@@ -1,5 +1,4 @@
-/// What the kernel tells of running processes: their processor time, their memory, how often they
-/// ran.
+/// The kernel's figures about running processes: processor time, memory and context switches.
 #pragma once
 
 #include <sys/types.h>
@@ -15,30 +14,29 @@ namespace vireline::desktop {
 
 using ProcessorTime = std::chrono::duration<double, std::milli>;
 
-/// User and system time of all threads so far, those that have ended included.
+/// User and system time of all threads so far, including those that have exited.
 [[nodiscard]] ProcessorTime processorTime(pid_t pid);
 
-/// All processes of the session that `leader` began, itself included, as long as they run.
+/// All running processes in the session of `leader`, including itself.
 [[nodiscard]] std::vector<pid_t> sessionOf(pid_t leader);
 
-/// Of all of them together; what has ended counts with nothing.
+/// The sum over all of them; processes that have exited count as nothing.
 [[nodiscard]] ProcessorTime processorTime(std::span<const pid_t> pids);
 
-/// A number of kilobytes from the sum over all of the process's mappings, such as "Pss:". Throws
-/// when the kernel does not tell.
+/// A number of kilobytes from the totals of the process's mappings, such as "Pss:". Throws if the
+/// kernel does not provide it.
 [[nodiscard]] long kilobytes(pid_t pid, std::string_view key);
 
-/// Of all of them together; what has ended counts with nothing.
+/// The sum over all of them; processes that have exited count as nothing.
 [[nodiscard]] long kilobytes(std::span<const pid_t> pids, std::string_view key);
 
-/// Counts the context switches of all threads of processes since then: one that sleeps makes none.
+/// Counts the context switches of all threads from now on; sleeping threads make none.
 class ContextSwitches {
 public:
     explicit ContextSwitches(pid_t pid) : ContextSwitches(std::vector{pid}) {}
     explicit ContextSwitches(std::vector<pid_t> pids);
 
-    /// A thread that has ended counts with what the last look at it found, so that the number never
-    /// shrinks.
+    /// A thread that has exited counts with its last known number, so the result never decreases.
     [[nodiscard]] long count();
 
 private:
@@ -47,11 +45,11 @@ private:
 
     std::vector<pid_t> pids_;
     long before_ = 0;
-    /// By the thread's number; what each had when it was seen last.
+    /// The last known number for each thread ID.
     std::map<std::string, long> threads_;
 };
 
-/// Returns once none of the processes has run for `calm`; false when they do not come to rest.
+/// Returns true once none of the processes has run for `calm`; false if that does not happen.
 [[nodiscard]] bool comesToRest(const std::vector<pid_t>& pids, std::chrono::milliseconds calm);
 [[nodiscard]] inline bool comesToRest(pid_t pid, std::chrono::milliseconds calm) {
     return comesToRest(std::vector{pid}, calm);

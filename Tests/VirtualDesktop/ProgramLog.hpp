@@ -1,4 +1,4 @@
-/// The log file of the program under test, read afresh at each question.
+/// The log file of the program under test, read again on each call.
 #pragma once
 
 #include <filesystem>
@@ -12,13 +12,13 @@ class ProgramLog {
 public:
     explicit ProgramLog(std::filesystem::path file) : file_(std::move(file)) {}
 
-    /// All lines, as they are in the file.
+    /// All lines, as in the file.
     [[nodiscard]] std::vector<std::string> lines() const;
 
-    /// All messages, without their times.
+    /// All messages, without timestamps.
     [[nodiscard]] std::vector<std::string> messages() const;
 
-    /// How many messages begin with `prefix`.
+    /// The number of messages that begin with `prefix`.
     [[nodiscard]] int count(std::string_view prefix) const;
 
     /// The last message that begins with `prefix`; empty if there is none.

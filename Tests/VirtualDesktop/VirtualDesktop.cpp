@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* installedData = "/usr/local/share:/usr/share";
 
-/// The options' tallest screen that still holds all monitors.
+/// The X screen of the options, or a larger one if the monitors need it.
 XServer::Options serverOptions(const VirtualDesktop::Options& options, const Home& home) {
     XServer::Options server{options.width, options.height, options.randr, options.outputs,
                             home.scratch() / "x-server.log"};
@@ -58,7 +58,7 @@ xcb_window_t selectionOwner(const XClient& client, std::string_view selection) {
     return reply ? reply->owner : XCB_NONE;
 }
 
-/// The window by which a window manager says that it runs; XCB_NONE without one.
+/// The window manager's check window; XCB_NONE without a window manager.
 xcb_window_t managerWindow(const XClient& client) {
     const auto check = client.words(client.root(), "_NET_SUPPORTING_WM_CHECK");
     if (check.empty() || client.words(check.front(), "_NET_SUPPORTING_WM_CHECK") != check)
@@ -66,20 +66,20 @@ xcb_window_t managerWindow(const XClient& client) {
     return check.front();
 }
 
-/// Lets a window manager that has left the screen end. Openbox can deadlock within libX11 while it
-/// closes its display.
+/// Waits for a window manager that has left the screen to exit, and kills it otherwise: Openbox can
+/// deadlock in libX11 while it closes its display.
 void awaitEnd(ChildProcess& manager) {
     constexpr std::chrono::milliseconds grace{300};
     if (!eventually([&] { return !manager.isRunning(); }, grace))
         manager.signal(SIGKILL);
 }
 
-/// Window managers announce themselves before they listen, and forget who comes between: shows a
-/// window until it is managed.
+/// Window managers announce themselves before they select events, and miss windows in between:
+/// shows a window until it is managed.
 bool managesWindows(const XClient& client) {
     constexpr std::chrono::milliseconds attempt{100};
     const xcb_window_t probe = client.createWindow({0, 0, 1, 1}, 0);
-    // No app's, which docks would show.
+    // Not an app's window, for which docks would show a tile.
     client.setAtoms(probe, "_NET_WM_WINDOW_TYPE", {"_NET_WM_WINDOW_TYPE_UTILITY"});
     const bool isManaged = eventually([&] {
         client.map(probe);
@@ -143,7 +143,7 @@ std::uint32_t VirtualDesktop::displayIDOf(const std::string& monitor) const {
 }
 
 Environment VirtualDesktop::sessionEnvironment() const {
-    // The session's own programs need their themes and settings, which the home does not have.
+    // The session's own programs need their themes and settings, which are not in the home folder.
     Environment environment = environment_;
     environment["XDG_DATA_DIRS"] = installedData;
     environment["XDG_CONFIG_DIRS"] = "/etc/xdg";
@@ -159,7 +159,7 @@ std::string VirtualDesktop::startBus(std::optional<ChildProcess>& bus, const fs:
                         {},
                         socket.string() + ".log",
                         {}});
-    // There is a socket some time before anybody answers on it.
+    // The socket exists some time before the bus answers.
     require(eventually([&] { return BusClient::answers(address); }), "the session bus");
     return address;
 }
@@ -169,7 +169,7 @@ void VirtualDesktop::startSessionBus() {
         startBus(bus_, home_.scratch() / "bus", environment_);
 }
 
-/// A bus of its own, whose address the session bus tells.
+/// A separate bus, whose address the session bus provides.
 void VirtualDesktop::startAccessibilityBus() {
     accessibilityBus_.emplace(Command{"/usr/libexec/at-spi-bus-launcher",
                                       {"--launch-immediately", "--a11y=1"},
@@ -202,7 +202,7 @@ void VirtualDesktop::stopWindowManager() {
             "the end of the window manager");
     awaitEnd(*windowManager_);
     windowManager_.reset();
-    // Only then has the server let go of what the window manager had grabbed.
+    // Only then has the server released the window manager's grabs.
     require(eventually([&] { return !client_->isManaged(); }), "the end of the window manager");
 }
 
@@ -229,12 +229,12 @@ void VirtualDesktop::startWindowManager(const ManagerOptions& options) {
             "the window manager");
     if (options.composites && canComposite(manager_))
         requireCompositor();
-    // Some begin with a layout of monitors that is their own idea.
+    // Some managers start with a monitor layout of their own.
     if (hasOutputs_)
         setOutputs(*client_, displays_.monitors);
 }
 
-/// With a bus of its own, so that the program meets no more of a session than it is given.
+/// Uses a separate bus, so that the program sees only what it is given of a session.
 Environment VirtualDesktop::managerEnvironment() {
     Environment environment = sessionEnvironment();
     if (needsSessionBus(manager_)) {

@@ -1,6 +1,6 @@
-/// A whole desktop without a screen: X server, monitors, window manager and what else a session
-/// has, a fresh home, and the program on it. All of it ends with its owner, and any number of them
-/// run side by side.
+/// A complete headless desktop: X server, monitors, window manager and the rest of a session, a
+/// fresh home folder, and the program. Everything ends with its owner, and any number of desktops
+/// can run at the same time.
 #pragma once
 
 #include "VirtualDesktop/AccessibleEvents.hpp"
@@ -29,13 +29,13 @@
 
 namespace vireline::desktop {
 
-/// Where the programs are that the harness runs.
+/// The paths of the programs that the harness runs.
 struct Programs {
     std::filesystem::path vireline;
     std::filesystem::path testApp;
     std::filesystem::path fileManager;
     std::filesystem::path notifierHost{}; // NOLINT(readability-redundant-member-init)
-    /// Loaded into window managers that need an output for each monitor.
+    /// Preloaded into window managers that need an output for each monitor.
     std::filesystem::path monitorOutputs{}; // NOLINT(readability-redundant-member-init)
 };
 
@@ -44,27 +44,27 @@ public:
     using Manager = WindowManager;
 
     struct Options {
-        /// The first is primary. None leaves the server's own single display.
+        /// The first is primary. Empty means the server's own single display.
         std::vector<Monitor> monitors{};
         bool windowManager = true;
-        /// Openbox if it is not said.
+        /// Openbox if unset.
         std::optional<Manager> manager{};
-        /// Whether the window manager composites, if it can.
+        /// Whether the window manager composites, if it supports that.
         bool managerComposites = false;
-        /// A compositor beside the window manager.
+        /// Whether to run a compositor besides the window manager.
         bool compositor = false;
         bool sessionBus = false;
-        /// Whether programs tell assistive technology of their windows; they need the session bus
-        /// for that, which comes along.
+        /// Whether programs support assistive technology; this includes the session bus that they
+        /// need for it.
         bool accessibility = false;
         bool randr = true;
-        /// Whether the X server has a real output for each monitor; they are called `outputName`.
+        /// Whether the X server has a real output for each monitor; they are named by `outputName`.
         bool outputs = false;
-        /// Whether the apps installed on this computer are there besides the home's own.
+        /// Whether the apps installed on this computer are available besides the home folder's.
         bool installedApps = false;
-        /// Pixels per point of monitors where it is not 1.
+        /// Pixels per point, for monitors where that is not 1.
         std::map<std::string, double> scales{};
-        /// The X screen, which holds all monitors that a test will attach.
+        /// The size of the X screen, which must contain all monitors that a test attaches.
         int width = 4096;
         int height = 2304;
     };
@@ -81,16 +81,17 @@ public:
     [[nodiscard]] const Displays& displays() const noexcept { return displays_; }
     [[nodiscard]] const std::string& display() const noexcept { return server_.display(); }
 
-    /// For programs of this desktop; tests may add to it before they start one.
+    /// The environment for programs on this desktop; tests may add to it before they start one.
     [[nodiscard]] Environment& environment() noexcept { return environment_; }
 
     /// The X server's process.
     [[nodiscard]] pid_t server() const { return server_.pid(); }
 
-    /// The session bus's process, which also begins the session of what it starts; 0 without one.
+    /// The session bus's process, which is also the session leader of what it starts; 0 without
+    /// one.
     [[nodiscard]] pid_t sessionBus() const { return bus_ ? bus_->pid() : 0; }
 
-    /// Ends the X server under everybody's feet; nothing can be asked of the desktop afterwards.
+    /// Ends the X server abruptly; afterwards the desktop cannot be used any more.
     void stopServer() { server_.stop(); }
 
     void setMonitors(const std::vector<Monitor>& monitors);
@@ -99,56 +100,56 @@ public:
 
     void startWindowManager();
     void stopWindowManager();
-    /// Lets another window manager take over from the one that runs.
+    /// Replaces the running window manager by another one.
     void replaceWindowManager(Manager manager);
     void startCompositor();
     void stopCompositor() { compositor_.reset(); }
     /// Its process; 0 without one.
     [[nodiscard]] pid_t compositor() const { return compositor_ ? compositor_->pid() : 0; }
 
-    /// Puts another program's panel at an edge of a monitor, where it reserves its thickness.
+    /// Adds another program's panel at an edge of a monitor, which reserves its thickness.
     void reserve(const Reservation& reservation);
-    /// Ends all such panels.
+    /// Removes all such panels.
     void endReservations();
 
-    /// Starts the program under test and returns at once.
+    /// Starts the program under test without waiting.
     ChildProcess& startVireline();
-    /// Starts it through another program, which is given the program's path as its last argument
-    /// and replaces itself by it.
+    /// Starts it through another program, which gets the program's path as its last argument and
+    /// must exec it.
     ChildProcess& startVirelineThrough(std::vector<std::string> command);
-    /// Starts it, waits until it has planned its docks, and throws if it does not get there.
+    /// Starts it and waits until it has planned its docks; throws on failure.
     void runVireline();
     [[nodiscard]] ChildProcess& vireline();
     void stopVireline() { vireline_.reset(); }
 
-    /// Starts an app as a user would from a terminal: nothing tells the dock beforehand.
+    /// Starts an app as from a terminal, without notifying the dock.
     ChildProcess& launch(const App& app, std::vector<std::string> arguments = {});
     /// Starts any program on this desktop.
     ChildProcess& run(const std::string& program, std::vector<std::string> arguments);
-    /// Starts a panel that shows status notifier items, or only keeps them until it is told to show
-    /// them. Needs the session bus.
+    /// Starts a panel with status notifier items, which may keep them without showing them until
+    /// told to. Needs the session bus.
     NotifierHost startNotifierHost(bool showsItems = true);
     /// Ends that panel.
     void stopNotifierHost() { notifierHost_.reset(); }
     void stopSessionBus() { bus_.reset(); }
 
-    /// The windows' controls. Only with accessibility.
+    /// The controls in windows. Only with accessibility.
     [[nodiscard]] AccessibleTree controls() const { return AccessibleTree{accessibilityAddress_}; }
-    /// What programs tell of them from now on. Only with accessibility.
+    /// The accessibility events from now on. Only with accessibility.
     [[nodiscard]] AccessibleEvents accessibleEvents() const {
         return AccessibleEvents{accessibilityAddress_};
     }
 
-    /// Starts the service that shows files on the session bus; its calls go to the file returned.
+    /// Starts the service that shows files on the session bus; returns the file with its calls.
     std::filesystem::path startFileManagerService();
 
-    /// Managed windows of the app, shown or not.
+    /// The app's managed windows, visible or not.
     [[nodiscard]] std::vector<xcb_window_t> windowsOf(const App& app) const;
-    /// Windows that the user sees: managed and not hidden.
+    /// The app's windows that the user can see: managed and not hidden.
     [[nodiscard]] std::vector<xcb_window_t> visibleWindowsOf(const App& app) const;
     [[nodiscard]] bool isActive(const App& app) const;
 
-    /// The docks that should be there with this many tiles and the other values in force.
+    /// The expected docks for these tiles and settings.
     [[nodiscard]] std::vector<PlannedDock> planned(const PanelPlanner::Request& request) const;
 
     [[nodiscard]] Colour pixel(PixelPoint place) const;
@@ -156,12 +157,12 @@ public:
         return Picture::ofScreen(*client_, area);
     }
 
-    /// A picture of the screen and all logs, under this name in `folder`.
+    /// Saves a screenshot and all logs under this name in `folder`.
     void leaveEvidence(const std::filesystem::path& folder, const std::string& name) const;
 
 private:
     [[nodiscard]] Environment sessionEnvironment() const;
-    /// A bus at `socket` for programs with this environment; its address.
+    /// Starts a bus at `socket` for programs with this environment; returns its address.
     [[nodiscard]] static std::string startBus(std::optional<ChildProcess>& bus,
                                               const std::filesystem::path& socket,
                                               const Environment& environment);

@@ -1,4 +1,4 @@
-/// Bounded waits for a condition. A test never sleeps for a length of time and hopes.
+/// Waits for conditions, with a timeout. Tests never sleep for a fixed time instead.
 #pragma once
 
 #include <chrono>
@@ -6,14 +6,14 @@
 
 namespace vireline::desktop {
 
-/// How long a condition may take before the test gives it up. Generous, as only failures wait for
-/// it: the machine may be busy and the program may run under sanitizers.
-inline constexpr std::chrono::seconds patience{20};
+/// Timeout for conditions. Generous, because the machine may be busy and the program may run under
+/// sanitizers; only failures wait this long.
+inline constexpr std::chrono::seconds conditionTimeout{20};
 
-/// Whether `condition` comes true within `limit`.
+/// Whether `condition` becomes true within `limit`.
 template <class Condition>
 [[nodiscard]] bool eventually(const Condition& condition,
-                              std::chrono::milliseconds limit = patience) {
+                              std::chrono::milliseconds limit = conditionTimeout) {
     constexpr std::chrono::milliseconds interval{5};
     const auto deadline = std::chrono::steady_clock::now() + limit;
     while (!condition()) {

@@ -16,7 +16,7 @@ std::uint8_t between(std::uint8_t from, std::uint8_t to, double part) {
     return static_cast<std::uint8_t>(std::lround(from + (to - from) * part));
 }
 
-/// The pixel at a place of the monitor, `x` and `y` from 0 to 1.
+/// The pixel at a position in the monitor; `x` and `y` range from 0 to 1.
 std::uint32_t shade(double x, double y) {
     const double part = (x + 2 * y) / 3;
     return Colour{between(evening.red, dusk.red, part), between(evening.green, dusk.green, part),
@@ -55,7 +55,7 @@ void paintWallpaper(const XClient& client, const std::vector<Monitor>& monitors)
     xcb_free_gc(client.get(), context);
 
     xcb_change_window_attributes(client.get(), client.root(), XCB_CW_BACK_PIXMAP, &pixmap);
-    // Compositors paint the root window from the pixmap that is named here.
+    // Compositors paint the root window from the pixmap in this property.
     client.setWords(client.root(), "_XROOTPMAP_ID", XCB_ATOM_PIXMAP, {pixmap});
     client.setWords(client.root(), "ESETROOT_PMAP_ID", XCB_ATOM_PIXMAP, {pixmap});
     xcb_clear_area(client.get(), 0, client.root(), 0, 0, 0, 0);

@@ -8,7 +8,7 @@
 
 namespace vireline::desktop {
 
-/// Paints a slope of colours on each monitor; what belongs to none stays black. It lasts as long as
+/// Paints a gradient on each monitor; the rest of the screen stays black. It remains as long as
 /// `client` is connected.
 void paintWallpaper(const XClient& client, const std::vector<Monitor>& monitors);
 

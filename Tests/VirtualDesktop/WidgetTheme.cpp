@@ -7,7 +7,7 @@
 namespace vireline::desktop {
 namespace {
 
-/// The least significant byte first.
+/// Little-endian.
 std::string number(std::size_t value, int bytes) {
     std::string text;
     for (int i = 0; i < bytes; ++i)
@@ -16,14 +16,14 @@ std::string number(std::size_t value, int bytes) {
     return text;
 }
 
-/// Filled up to a multiple of four bytes.
+/// Padded to a multiple of four bytes.
 std::string padded(std::string_view text) {
     std::string result{text};
     result.resize((text.size() + 3) / 4 * 4);
     return result;
 }
 
-/// One text in the shape that XSETTINGS asks for.
+/// The XSETTINGS property with a single text setting.
 std::string settings(std::string_view name, std::string_view value) {
     constexpr std::size_t leastFirst = 0;
     constexpr std::size_t serial = 1;

@@ -1,5 +1,5 @@
-/// The part of a desktop's settings daemon that tells programs the names of its themes: that of the
-/// widgets, by which they are light or dark, and that of the icons.
+/// Simulates the part of a settings daemon that announces the names of themes: the widget theme,
+/// which is light or dark, and the icon theme.
 #pragma once
 
 #include "VirtualDesktop/XClient.hpp"
@@ -8,14 +8,14 @@
 
 namespace vireline::desktop {
 
-/// Announces it for as long as this client lives, to programs that start from now on.
+/// Announces it during the lifetime of this client, to programs started from now on.
 void announceWidgetTheme(const XClient& client, std::string_view name);
 
-/// Announces it to all programs, as a daemon that has just started. The daemon's window, by which
-/// it ends.
+/// Announces it to all programs, like a newly started daemon. Returns the daemon's window;
+/// destroying that ends it.
 xcb_window_t announceIconTheme(const XClient& client, std::string_view name);
 
-/// Another choice of the same daemon.
+/// Changes the theme of a running daemon.
 void changeIconTheme(const XClient& client, xcb_window_t daemon, std::string_view name);
 
 }

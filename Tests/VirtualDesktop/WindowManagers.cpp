@@ -11,7 +11,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Focus follows clicks, new windows get the focus, and nothing else happens by itself.
+/// Click to focus, new windows get the focus, and everything automatic is disabled.
 constexpr std::string_view openboxConfiguration = R"(<?xml version="1.0"?>
 <openbox_config xmlns="http://openbox.org/3.4/rc">
   <focus><focusNew>yes</focusNew><followMouse>no</followMouse></focus>
@@ -32,7 +32,7 @@ constexpr std::string_view openboxConfiguration = R"(<?xml version="1.0"?>
 </openbox_config>
 )";
 
-/// The compositor is switched on the command line, which this must not contradict.
+/// Compositing is set on the command line, which this must not contradict.
 std::string xfwm4Configuration(bool composites) {
     return R"(<?xml version="1.0" encoding="UTF-8"?>
 <channel name="xfwm4" version="1.0">
@@ -64,8 +64,7 @@ constexpr std::string_view i3Configuration = "font pango:monospace 8\n"
                                              "floating_modifier Mod1\n"
                                              "workspace_auto_back_and_forth no\n";
 
-/// Two desktops on each monitor, now and when one is plugged in; the rest as in the example that
-/// comes with it.
+/// Two desktops on each monitor, also on those attached later; otherwise as in bspwm's example.
 constexpr std::string_view bspwmConfiguration = R"(#!/bin/sh
 for monitor in $(bspc query --monitors); do
     bspc monitor "$monitor" --reset-desktops "$monitor-1" "$monitor-2"
@@ -99,7 +98,7 @@ constexpr std::array kinds{
          /*canComposite=*/true},
     Kind{WindowManager::icewm, "icewm", "icewm"},
     Kind{WindowManager::i3, "i3", "i3"},
-    // It does not give way to others.
+    // It does not give way to another manager.
     Kind{WindowManager::awesome, "awesome", "awesome", /*needsSessionBus=*/true,
          /*canComposite=*/false, /*handsOver=*/false},
     Kind{WindowManager::bspwm, "bspwm", "bspwm", /*needsSessionBus=*/false, /*canComposite=*/false,
@@ -116,7 +115,7 @@ void keepSettingsInAFile(Environment& environment, const fs::path& folder,
     writeFile(folder / "glib-2.0/settings/keyfile", settings);
 }
 
-/// The arguments of a start, whose configuration is written to `folder`.
+/// Writes the configuration to `folder` and returns the arguments for starting the manager.
 std::vector<std::string> configure(WindowManager manager, bool composites, const fs::path& folder,
                                    Environment& environment) {
     switch (manager) {

@@ -1,5 +1,5 @@
-/// The window managers that a virtual desktop can run: each the way its package sets it up, with
-/// two desktops and without panels of its own.
+/// The window managers that a virtual desktop can run, each configured as its package does it, with
+/// two desktops and without its own panels.
 #pragma once
 
 #include "VirtualDesktop/ChildProcess.hpp"
@@ -24,29 +24,30 @@ enum class WindowManager : std::uint8_t {
     bspwm
 };
 
-/// As its users call it, in lower case.
+/// Its common name, in lower case.
 [[nodiscard]] std::string_view shortName(WindowManager manager);
 
 /// The manager with this short name, if there is one.
 [[nodiscard]] std::optional<WindowManager> windowManagerNamed(std::string_view name);
 
-/// Whether it asks a session bus for its settings.
+/// Whether it reads its settings through a session bus.
 [[nodiscard]] bool needsSessionBus(WindowManager manager);
 
-/// Whether it can paint the screen itself.
+/// Whether it can composite.
 [[nodiscard]] bool canComposite(WindowManager manager);
 
-/// Whether it takes over from a manager that is running, and gives way to one that comes.
+/// Whether it can replace a running manager, and be replaced itself.
 [[nodiscard]] bool handsOver(WindowManager manager);
 
 struct ManagerOptions {
-    /// Whether it paints the screen itself, if it can.
+    /// Whether it composites, if it supports that.
     bool composites = false;
-    /// Whether it takes over from the manager that is running.
+    /// Whether it replaces a running manager.
     bool replaces = false;
 };
 
-/// Writes the manager's configuration into `folder`, and says how to start it in this environment.
+/// Writes the manager's configuration to `folder`, and returns the command that starts it in this
+/// environment.
 [[nodiscard]] Command windowManagerCommand(WindowManager manager, const ManagerOptions& options,
                                            const std::filesystem::path& folder,
                                            Environment environment);

@@ -1,5 +1,5 @@
-/// A plain client of the virtual X server: properties, geometry and stacking of anybody's windows,
-/// and windows of its own. What is asked of a window that is gone has no answer.
+/// A plain client of the virtual X server: properties, geometry and stacking of any windows, and
+/// windows of its own. Queries about destroyed windows have no result.
 #pragma once
 
 #include "VirtualDesktop/PixelGeometry.hpp"
@@ -24,13 +24,13 @@ struct Freed {
     }
 };
 
-/// A reply or an event of xcb.
+/// Owns a reply or an event of xcb.
 template <class T>
 using Owned = std::unique_ptr<T, Freed>;
 
 class XClient {
 public:
-    /// Throws when there is no such display.
+    /// Throws if there is no such display.
     explicit XClient(const std::string& display);
 
     [[nodiscard]] xcb_connection_t* get() const noexcept { return connection_.get(); }
@@ -47,7 +47,7 @@ public:
     /// The bytes of a property of format 8.
     [[nodiscard]] std::string text(xcb_window_t window, std::string_view property) const;
     [[nodiscard]] bool hasProperty(xcb_window_t window, std::string_view property) const;
-    /// Whether a window manager has the root window's children in its charge.
+    /// Whether a window manager has redirected the root window's children.
     [[nodiscard]] bool isManaged() const;
 
     void setWords(xcb_window_t window, std::string_view property, xcb_atom_t type,
@@ -58,39 +58,39 @@ public:
     void setText(xcb_window_t window, std::string_view property, std::string_view type,
                  std::string_view value) const;
 
-    /// Tells the window manager something about `window`, as EWMH asks for.
+    /// Sends a client message about `window` to the root window, as EWMH requires.
     void sendToRoot(xcb_window_t window, std::string_view message,
                     const std::vector<std::uint32_t>& data) const;
 
-    /// Direct children of `window`, the lowest first.
+    /// Direct children of `window`, bottom first.
     [[nodiscard]] std::vector<xcb_window_t> children(xcb_window_t window) const;
-    /// All windows below the root window, a parent before its children, the lowest first.
+    /// All windows below the root window, parents before children, bottom first.
     [[nodiscard]] std::vector<xcb_window_t> allWindows() const;
-    /// Each holds the next one there, the root window first.
+    /// The chain of windows at this position, from the root window to the innermost one.
     [[nodiscard]] std::vector<xcb_window_t> windowsAt(PixelPoint place) const;
-    /// The lowest of them, which the pointer would be over.
+    /// The innermost of them, which the pointer would be over.
     [[nodiscard]] xcb_window_t windowAt(PixelPoint place) const { return windowsAt(place).back(); }
     /// Without the window's border.
     [[nodiscard]] std::optional<PixelRect> frame(xcb_window_t window) const;
-    /// Shown, and its parents are too.
+    /// Whether the window and all its parents are mapped.
     [[nodiscard]] bool isViewable(xcb_window_t window) const;
     [[nodiscard]] bool overridesRedirect(xcb_window_t window) const;
     [[nodiscard]] int depth(xcb_window_t window) const;
 
-    /// Windows that the window manager manages, the oldest first.
+    /// The window manager's clients, oldest first.
     [[nodiscard]] std::vector<xcb_window_t> managedWindows() const;
     [[nodiscard]] xcb_window_t activeWindow() const;
     [[nodiscard]] xcb_window_t focusedWindow() const;
 
-    /// A window of this client with this background, not mapped.
+    /// Creates a window with this background, unmapped.
     [[nodiscard]] xcb_window_t createWindow(const PixelRect& frame, std::uint32_t background) const;
     void map(xcb_window_t window) const;
     void destroy(xcb_window_t window) const;
 
-    /// The next event that is waiting, if any.
+    /// The next queued event, if any.
     [[nodiscard]] Owned<xcb_generic_event_t> pollEvent() const;
 
-    /// Returns once the server has carried out all requests so far.
+    /// Blocks until the server has processed all requests so far.
     void sync() const;
 
 private:

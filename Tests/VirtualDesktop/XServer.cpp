@@ -17,7 +17,7 @@
 namespace vireline::desktop {
 namespace {
 
-/// No devices but XTest's, and video memory for several large monitors.
+/// No devices except XTest's, and video memory for several large monitors.
 constexpr std::string_view outputsConfiguration = R"(Section "ServerFlags"
     Option "AutoAddDevices" "false"
     Option "AutoAddGPU" "false"
@@ -57,11 +57,11 @@ public:
         ends_[1] = -1;
     }
 
-    /// Text up to a line feed, the end of the file, or the end of our patience.
+    /// Reads up to a line feed, the end of the file, or the timeout.
     [[nodiscard]] std::string readLine() const {
         std::string line;
         pollfd readable{ends_[0], POLLIN, 0};
-        const auto limit = std::chrono::milliseconds{patience}.count();
+        const auto limit = std::chrono::milliseconds{conditionTimeout}.count();
         while (poll(&readable, 1, static_cast<int>(limit)) == 1) {
             char letter = 0;
             if (read(ends_[0], &letter, 1) != 1 || letter == '\n')
@@ -75,7 +75,7 @@ private:
     std::array<int, 2> ends_{-1, -1};
 };
 
-/// Xvfb with one screen of the options' size.
+/// Xvfb with one screen of the given size.
 Command memoryServer(const XServer::Options& options) {
     Command command;
     command.program = "Xvfb";
@@ -85,12 +85,12 @@ Command memoryServer(const XServer::Options& options) {
     return command;
 }
 
-/// Xorg, whose screen takes the size that its monitors need.
+/// Xorg, whose screen adapts to its monitors.
 Command outputsServer(const XServer::Options& options) {
     const auto folder = options.errors.parent_path();
     writeFile(folder / "xorg.conf", outputsConfiguration);
     Command command;
-    // Not the one in the path, which some systems run as root.
+    // Not the one in PATH, which is setuid root on some systems.
     command.program = "/usr/lib/xorg/Xorg";
     command.arguments = {"-config", (folder / "xorg.conf").string(), "-logfile",
                          (folder / "xorg.log").string()};
@@ -104,8 +104,8 @@ std::string pathVariable() {
 
 }
 
-// Servers that look for a free number at the same time may find the same, and a program that was
-// started late must not meet the server that comes after its own.
+// Servers that choose a number at the same time may choose the same one, and a program that was
+// started late must not connect to a later server with the same number.
 XServer::XServer(const Options& options) {
     constexpr int attempts = 5;
     std::random_device entropy;
@@ -121,7 +121,7 @@ bool XServer::start(const Options& options, int number) {
     Pipe numbers;
     display_ = ":" + std::to_string(number);
     Command command = options.outputs ? outputsServer(options) : memoryServer(options);
-    // Without -noreset the server forgets its monitors when its last client leaves.
+    // Without -noreset the server discards its monitors when its last client disconnects.
     const std::vector<std::string> common{"-displayfd", std::to_string(numbers.writingEnd()),
                                           "-noreset", "-nolisten", "tcp"};
     command.arguments.insert(command.arguments.begin(), display_);

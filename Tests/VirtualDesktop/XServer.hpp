@@ -1,5 +1,5 @@
-/// An X server without a screen, on a display number of its own: Xvfb, or Xorg on a driver that has
-/// outputs but no hardware.
+/// A headless X server with its own display number: Xvfb, or Xorg with a driver that has outputs
+/// but no hardware.
 #pragma once
 
 #include "VirtualDesktop/ChildProcess.hpp"
@@ -15,26 +15,26 @@ public:
     struct Options {
         int width = 0;
         int height = 0;
-        /// Whether it offers RandR.
+        /// Whether it supports RandR.
         bool randr = true;
-        /// Whether it has an output for each monitor, as graphics cards do. Xvfb has a single one.
+        /// Whether it has an output for each monitor, like graphics cards. Xvfb has a single one.
         bool outputs = false;
-        /// Where its own messages go.
+        /// The file for its messages.
         std::filesystem::path errors;
     };
 
-    /// Returns once clients can connect; throws when it does not start.
+    /// Returns once clients can connect; throws if it does not start.
     explicit XServer(const Options& options);
 
     void stop() { process_.reset(); }
 
     [[nodiscard]] pid_t pid() const { return process_ ? process_->pid() : 0; }
 
-    /// Such as ":7".
+    /// For example ":7".
     [[nodiscard]] const std::string& display() const noexcept { return display_; }
 
 private:
-    /// Whether clients can connect to it under this display number.
+    /// Starts it with this display number; returns whether clients can connect.
     [[nodiscard]] bool start(const Options& options, int number);
 
     std::optional<ChildProcess> process_;

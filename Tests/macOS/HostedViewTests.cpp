@@ -5,7 +5,7 @@
 namespace vireline::macos {
 namespace {
 
-/// A dock at the bottom whose window reaches 4 points further down.
+/// A dock at the bottom whose window extends 4 points further down.
 constexpr HostedView raised{{0, 4, 300, 84}};
 
 TEST(HostedView, CountsFromItsTopLeftCornerDownwards) {

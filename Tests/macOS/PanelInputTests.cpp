@@ -7,7 +7,7 @@ namespace {
 
 using Kind = PointerEvent::Kind;
 
-/// Keeps what it hears.
+/// Records what is reported.
 class Listener final : public PanelWindowListener {
 public:
     void mouseEntered() override { ++entered; }
@@ -35,7 +35,7 @@ public:
     bool takesDrops = true;
 };
 
-/// The input of a window of 300 by 88 points that hosts a view 4 points above its bottom.
+/// The input of a window of 300 by 88 points whose view is 4 points above its bottom.
 class PanelInputTest : public testing::Test {
 protected:
     PanelInputTest() { input.setHosted({{0, 4, 300, 84}}); }
@@ -112,8 +112,8 @@ TEST_F(PanelInputTest, OnlyTheInputRegionTakesThePointer) {
     EXPECT_FALSE(input.takesPointer({50, 30}));
 }
 
-/// The same view without the gap, in a window that reaches 20 points further to the right and 10 to
-/// the top; the input region reaches 5 points into the former.
+/// The same view without the gap, in a window that extends 20 points further to the right and 10
+/// further up; the input region extends 5 points into the former.
 class OverhangInputTest : public PanelInputTest {
 protected:
     OverhangInputTest() {

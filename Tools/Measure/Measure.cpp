@@ -1,5 +1,5 @@
-/// Measures the program as it runs: how fast its docks come up on two displays, what memory it
-/// takes, and whether it sleeps while nothing happens.
+/// Measures the running program: how fast its docks appear on two displays, how much memory it
+/// uses, and whether it is idle while nothing happens.
 #include "Measure/SettingsFigures.hpp"
 #include "Measure/WindowFigures.hpp"
 #include "VirtualDesktop/DockWatch.hpp"
@@ -21,7 +21,7 @@ using Clock = DockWatch::Clock;
 using Milliseconds = std::chrono::duration<double, std::milli>;
 
 constexpr std::size_t dockCount = 2;
-/// With Downloads and Trash, twelve tiles.
+/// Twelve tiles including Downloads and Trash.
 constexpr int appCount = 10;
 
 std::unique_ptr<VirtualDesktop> makeDesktop() {
@@ -48,7 +48,7 @@ double startOnce(VirtualDesktop& desktop) {
     return Milliseconds{watch.waitForDocks(dockCount).back().when - start}.count();
 }
 
-/// Ascending.
+/// Sorted in ascending order.
 std::vector<double> startTimes(VirtualDesktop& desktop) {
     constexpr int rounds = 15;
     // The first start fills the caches.
@@ -72,7 +72,7 @@ void measure() {
     report("start to the last of two docks, worst", times.back(), "ms", "");
 
     const pid_t pid = desktop->vireline().pid();
-    // It may still be drawing what came last.
+    // It may still be drawing the latest change.
     if (!comesToRest(pid, std::chrono::seconds{2}))
         std::cout << "the program does not come to rest\n";
     constexpr double perMegabyte = 1024;

@@ -20,7 +20,7 @@ namespace {
 namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 
-/// With Downloads and Trash, twenty tiles.
+/// Twenty tiles including Downloads and Trash.
 constexpr int pinnedApps = 18;
 constexpr double smallestSize = 32;
 
@@ -28,11 +28,11 @@ double millisecondsSince(Clock::time_point start) {
     return std::chrono::duration<double, std::milli>{Clock::now() - start}.count();
 }
 
-/// Asks again and again, without a rest that would show in the figure.
+/// Polls without pausing, because pauses would show in the figures.
 template <class Condition>
 double timeUntil(Clock::time_point start, const Condition& condition) {
     while (!condition()) {
-        if (Clock::now() - start > patience)
+        if (Clock::now() - start > conditionTimeout)
             throw std::runtime_error{"what is to be measured does not come"};
     }
     return millisecondsSince(start);
@@ -44,7 +44,7 @@ void reportAll(const std::string& what, std::vector<double> times, const std::st
     report(what + ", worst", times.back(), "ms", "");
 }
 
-/// A folder in memory, where writing costs nothing.
+/// A folder in memory, where writing takes no time.
 class MemoryFolder {
 public:
     MemoryFolder() { fs::create_directory(path_); }
@@ -81,7 +81,7 @@ public:
 
     [[nodiscard]] VirtualDesktop& desktop() noexcept { return desktop_; }
 
-    /// From the asking for the settings to their first frame, in a program that was just started.
+    /// Time from requesting the settings to their first frame, in a newly started program.
     double timeOfFirstOpening() {
         desktop_.stopVireline();
         startAndSettle();
@@ -89,14 +89,14 @@ public:
         const auto start = Clock::now();
         askForSettings();
         const double time = timeUntil(start, [&] { return showsCards(settings()); });
-        // Only now: the questions take the server's time.
+        // Checked last, because the queries slow the server down.
         if (client.text(settings(), "_NET_WM_NAME") != "Vireline Settings")
             throw std::runtime_error{"another window came"};
         return time;
     }
 
-    /// From a key that moves the slider by a step to the moment when all docks show their tiles at
-    /// their new places.
+    /// Times from a key that moves the slider by a step until all docks show their tiles at the new
+    /// positions.
     std::vector<double> timesOfSteps() {
         desktop_.stopVireline();
         startAndSettle();
@@ -113,7 +113,7 @@ public:
         std::vector<double> times;
         constexpr int steps = 30;
         for (int step = 1; step <= steps; ++step) {
-            // A hand rests between two steps.
+            // A user pauses between two steps.
             std::this_thread::sleep_for(std::chrono::milliseconds{30});
             const auto places = firstIcons(smallestSize + step);
             const auto start = Clock::now();
@@ -132,18 +132,18 @@ private:
         constexpr double usualSize = 44;
         if (!eventually([&] { return allDocksShow(usualSize); }))
             throw std::runtime_error{"the docks do not come up"};
-        // What the start leaves for later is done by then.
+        // By then the work deferred at start-up is done.
         std::this_thread::sleep_for(std::chrono::milliseconds{800});
     }
 
-    /// As a second start of the program asks for it.
+    /// As a second start of the program does.
     void askForSettings() {
         const auto& client = desktop_.client();
         const Owned<xcb_get_selection_owner_reply_t> owner{xcb_get_selection_owner_reply(
             client.get(), xcb_get_selection_owner(client.get(), client.atom("_VIRELINE_S0")),
             nullptr)};
         if (!owner)
-            throw std::runtime_error{"nobody is the running program"};
+            throw std::runtime_error{"no running program owns the selection"};
         xcb_client_message_event_t message{};
         message.response_type = XCB_CLIENT_MESSAGE;
         message.format = 32;
@@ -160,7 +160,7 @@ private:
         return windows.empty() ? XCB_NONE : windows.back();
     }
 
-    /// The window is painted all at once: where there are cards there is everything.
+    /// The window is painted in one go, so if the cards are visible, everything is.
     [[nodiscard]] bool showsCards(xcb_window_t window) const {
         const auto frame = desktop_.client().frame(window);
         if (window == XCB_NONE || !frame || !desktop_.client().isViewable(window))
@@ -171,7 +171,7 @@ private:
         return column.count(card) > frame->height / 2;
     }
 
-    /// A point of the first tile's icon in each dock at this icon size, just inside its edge.
+    /// A point just inside the first icon's edge in each dock, at this icon size.
     [[nodiscard]] std::vector<PixelPoint> firstIcons(double size) const {
         PanelPlanner::Request request;
         request.counts.pinned = pinnedApps;

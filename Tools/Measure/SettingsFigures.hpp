@@ -1,10 +1,10 @@
-/// How fast the settings window answers: how long it takes to come up the first time, and how long
-/// a step of its slider takes until every dock shows it.
+/// Measures the settings window: the time until it first appears, and the time from a step of its
+/// slider until every dock has followed.
 #pragma once
 
 namespace vireline::desktop {
 
-/// Measures on desktops of its own, and reports.
+/// Uses separate desktops; prints the figures.
 void measureSettings();
 
 }

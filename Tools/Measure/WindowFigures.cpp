@@ -27,7 +27,7 @@ template <class Condition>
 double timeUntil(const Condition& condition) {
     const auto start = Clock::now();
     while (!condition()) {
-        if (Clock::now() - start > patience)
+        if (Clock::now() - start > conditionTimeout)
             throw std::runtime_error{"what is to be measured does not come"};
     }
     return Milliseconds{Clock::now() - start}.count();
@@ -40,7 +40,7 @@ double median(std::vector<double> values) {
 
 class WindowDesktop {
 public:
-    /// The first display has no dock; the pointer and the summoned window come to the second.
+    /// The first display has no dock; the pointer and the summoned window move to the second.
     explicit WindowDesktop(const std::string& preferences)
         : desktop_(Programs{TESTED_PROGRAM, TEST_APP, FILE_MANAGER},
                    {.monitors = {{"main", {0, 0, 1920, 1080}}, {"side", {1920, 0, 1920, 1080}}}}) {
@@ -53,9 +53,9 @@ public:
             throw std::runtime_error{"the dock does not come up"};
     }
 
-    /// From the sending of a motion event to the answer in which the server says that the pointer
-    /// is where it may rest: with the guard and a move into a band, at the band's top. What the
-    /// guard adds is what this takes longer than without it. The dock lies elsewhere.
+    /// Times from sending a motion event until the server reports that the pointer is where it may
+    /// rest: with the guard and a move into a band, at the band's top. The guard's cost is the
+    /// difference to a run without it. The dock is elsewhere.
     std::vector<double> timesOfMoves(bool isAimedAtBand) {
         const PixelRect side = desktop_.monitor("side").frame;
         const auto pointer = desktop_.pointer();
@@ -63,7 +63,7 @@ public:
         for (int i = 0; i < motionEvents; ++i) {
             const int x = side.x + 10 + i % 400;
             pointer.moveTo({x, side.y + 200});
-            // The move before is dealt with by then.
+            // By then the previous move has been handled.
             std::this_thread::sleep_for(std::chrono::microseconds{500});
             const PixelPoint to{x, isAimedAtBand ? side.bottom() - 1 : side.y + 300};
             const PixelPoint rest{x,
@@ -76,8 +76,8 @@ public:
         return times;
     }
 
-    /// What the program itself takes for a motion event, on average: the kernel counts processor
-    /// time in steps that are far longer than a single event's share.
+    /// The program's own processor time per motion event, averaged, because the kernel's accounting
+    /// is much coarser than a single event.
     double processorTimePerMove() {
         const PixelRect side = desktop_.monitor("side").frame;
         const pid_t pid = desktop_.vireline().pid();
@@ -91,13 +91,13 @@ public:
 
     void setGuarded() { isGuarded_ = true; }
 
-    /// From the click on its tile to the window's being in the middle of the display.
+    /// Times from the click on a tile until the window is centred on the display.
     std::vector<double> timesOfSummons() {
         desktop_.launch(app_, {"--at", "200,200"});
         if (!eventually([&] { return desktop_.isActive(app_); }) ||
             !comesToRest(desktop_.vireline().pid(), std::chrono::seconds{1}))
             throw std::runtime_error{"the app does not come up"};
-        // The program brings a window back that leaves by itself in its first ten seconds.
+        // The program brings back a window that moves away on its own within its first ten seconds.
         std::this_thread::sleep_for(std::chrono::seconds{11});
         const xcb_window_t window = desktop_.windowsOf(app_).front();
         const PixelRect home = desktop_.client().frame(window).value_or(PixelRect{});
@@ -108,7 +108,7 @@ public:
         std::vector<double> times;
         for (int i = 0; i < summons; ++i) {
             desktop_.pointer().moveTo(tile);
-            // Beyond a double click, and beyond the time in which the window is kept in its place.
+            // Longer than a double click, and than the time for which the window is held in place.
             std::this_thread::sleep_for(std::chrono::milliseconds{1500});
             if (desktop_.client().frame(window) != home)
                 throw std::runtime_error{"the window does not stay where it was"};
@@ -141,9 +141,9 @@ private:
     }
 
     void sendBack(xcb_window_t window, const PixelRect& home) const {
-        // As a pager asks: the place of the client area, nothing else.
+        // As a pager would: only the position of the client area.
         constexpr std::uint32_t place = XCB_GRAVITY_STATIC | 1U << 8U | 1U << 9U | 2U << 12U;
-        // The program leaves a window alone that was asked for a second ago.
+        // For a second after a request the program leaves the window alone.
         std::this_thread::sleep_for(std::chrono::milliseconds{1200});
         desktop_.client().sendToRoot(
             window, "_NET_MOVERESIZE_WINDOW",

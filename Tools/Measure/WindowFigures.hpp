@@ -1,10 +1,10 @@
-/// Measures what the window features cost: the guard a pointer that moves, a summon the user's
-/// time.
+/// Measures the cost of the window features: the guard's delay of pointer moves, and the time that
+/// a summon takes.
 #pragma once
 
 namespace vireline::desktop {
 
-/// Reports all of its figures. Throws when the program does not get to what is measured.
+/// Prints all figures. Throws if the program does not reach the state to be measured.
 void measureWindows();
 
 }

@@ -1,5 +1,5 @@
-/// Compares the program with other docks and panels: each in turn on the same virtual desktop, with
-/// the same displays and the same launchers, several times over.
+/// Compares the program with other docks and panels, each in turn on the same virtual desktop, with
+/// the same displays and launchers, several times.
 ///
 ///   DesktopPeers [--runs N] [--measures LIST] [--report FILE] [--pictures FOLDER] [NAME...]
 #include "Peers/Figures.hpp"
@@ -29,7 +29,7 @@ struct Options {
     std::set<std::string> measures{"memory", "rest", "pointer", "windows", "displays", "growth"};
     std::filesystem::path report;
     std::filesystem::path pictures;
-    /// All when empty.
+    /// Empty means all.
     std::set<std::string> names;
 };
 
@@ -63,7 +63,7 @@ Options parse(const std::vector<std::string>& arguments) {
     return options;
 }
 
-/// What Debian calls the version, or the project for the program itself.
+/// The version of the Debian package, or of this project for the program itself.
 std::string versionOf(const Peer& peer) {
     if (peer.package.empty())
         return PROJECT_VERSION;
@@ -87,7 +87,7 @@ public:
         auto peers = docks();
         std::ranges::move(panels(), std::back_inserter(peers));
         for (const Peer& peer : peers) {
-            // One that fails to start may do so by chance.
+            // A start that fails may be a random failure, so it is retried.
             if (options_.names.empty() || options_.names.contains(peer.name))
                 static_cast<void>(isMeasured(peer) || isMeasured(peer));
         }
@@ -169,7 +169,7 @@ private:
             figures[Figure::displaysTime].push_back(subject.changeDisplays(shareOfChanges).own);
     }
 
-    /// To see that it shows what it should, at rest and under the pointer.
+    /// For checking by eye that it shows what it should, at rest and under the pointer.
     void takePicture(const Peer& peer, const Subject& subject) const {
         if (options_.pictures.empty())
             return;
@@ -180,7 +180,7 @@ private:
     static constexpr int pointerSteps = 1000;
     static constexpr int windows = 100;
     static constexpr int launches = 1000;
-    /// A fifth of the 20 seconds and of the 20 changes in each of five runs.
+    /// One fifth: each of the five runs does a part of the 20 seconds and of the 20 changes.
     static constexpr std::chrono::seconds shareOfRest{4};
     static constexpr int shareOfChanges = 4;
 

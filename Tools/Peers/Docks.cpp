@@ -10,7 +10,7 @@ namespace {
 namespace fs = std::filesystem;
 
 void configureVireline(VirtualDesktop& desktop, std::span<const App> apps, bool magnifies) {
-    // The program shows the file manager of itself: here it is the first of the apps.
+    // The program always shows the file manager, so it is made the first of the apps.
     desktop.home().setFileManager(apps.front().id);
     desktop.home().pin(apps.subspan(1));
     std::ostringstream preferences;
@@ -20,7 +20,7 @@ void configureVireline(VirtualDesktop& desktop, std::span<const App> apps, bool 
     desktop.home().writePreferences(preferences.str());
 }
 
-/// Its tiles lie in the middle of its window, which is longer where it has room for their growth.
+/// The tiles are centred in the window, which is longer to leave room for their growth.
 Line middle(const PixelRect& frame, int length) {
     const int x = frame.center().x;
     const int y = frame.bottom() - launcherIconSize / 2;
@@ -71,7 +71,7 @@ Peer plank() {
     return peer;
 }
 
-/// The file with other values for the keys named.
+/// The file's content with other values for these keys.
 std::string withValues(const fs::path& file, const std::map<std::string, std::string>& values) {
     std::istringstream in{readFile(file)};
     std::string result;
@@ -84,7 +84,7 @@ std::string withValues(const fs::path& file, const std::map<std::string, std::st
     return result;
 }
 
-/// Its own settings as they are delivered, with a dock of its plainest kind.
+/// Its default settings, with its simplest kind of dock.
 void configureCairoDock(VirtualDesktop& desktop, std::span<const App> apps) {
     const fs::path delivered{"/usr/share/cairo-dock"};
     const auto configuration = desktop.home().folder() / ".config/cairo-dock";
@@ -102,7 +102,7 @@ void configureCairoDock(VirtualDesktop& desktop, std::span<const App> apps) {
                       "\nIcon=" + app.icon + "\nExec=" + app.id + "\nStartupWMClass=" + app.id +
                       "\nOrder=" + number + "\nIcon Type=0\nType=Application\n");
     }
-    // Or it welcomes its new user.
+    // Otherwise it shows its welcome dialog.
     writeFile(configuration / ".cairo-dock", "[Launch]\nlast version=3.4.1\n[Gui]\nmode=0\n");
 }
 
@@ -110,7 +110,7 @@ Peer cairoDock() {
     Peer peer;
     peer.name = "cairo-dock";
     peer.package = "cairo-dock-core";
-    // Without OpenGL, and without the watchdog that starts it again after a crash.
+    // Without OpenGL, and without the watchdog that restarts it after a crash.
     peer.command = {"cairo-dock", "--cairo", "--testing"};
     peer.configure = configureCairoDock;
     peer.launchers = [](const PixelRect& frame) {

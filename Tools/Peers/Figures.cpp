@@ -16,7 +16,7 @@ struct Row {
     Figure figure;
     std::string_view name;
     int decimals = 0;
-    /// How many runs make up the whole; 0 where each run is a whole of its own.
+    /// The number of runs over which the total is spread; 0 if each run counts on its own.
     int runsInWhole = 0;
 };
 
@@ -61,7 +61,7 @@ std::string number(double value, int decimals) {
     return text.str() == "-0" ? "0" : text.str();
 }
 
-/// Such as "63 (61–70)".
+/// For example "63 (61–70)".
 std::string cell(const Row& row, const Figures& figures) {
     const auto found = figures.find(row.figure);
     if (found == figures.end() || found->second.empty())

@@ -1,4 +1,4 @@
-/// The figures of all runs of all programs, and the table that is made of them.
+/// The figures of all programs and runs, and the table made from them.
 #pragma once
 
 #include <compare>
@@ -25,7 +25,7 @@ enum class Figure : std::uint8_t {
     growth,
 };
 
-/// One value a run.
+/// One value per run.
 using Figures = std::map<Figure, std::vector<double>>;
 
 struct Column {
@@ -34,11 +34,10 @@ struct Column {
     Figures figures;
 };
 
-/// The value that stands for all runs: their median, or what they make together of that which is
-/// spread over the runs.
+/// The value for all runs: their median, or their total if the measurement is spread over them.
 [[nodiscard]] double value(const Figures& figures, Figure figure);
 
-/// As a table in Markdown: a line for each figure, each with the least and the greatest of its
+/// Writes a Markdown table with a line for each figure, including the minimum and maximum of its
 /// runs.
 void writeTable(std::ostream& out, const std::vector<Column>& columns);
 

@@ -20,7 +20,7 @@ struct Family {
     std::vector<std::string_view> beginnings;
 };
 
-/// By how files' names begin; the first that fits.
+/// By the beginning of file names; the first match counts.
 const std::vector<Family>& families() {
     static const std::vector<Family> all{
         {"Qt", {"libQt", "libq", "libxkbcommon", "libmd4c", "libdouble-conversion", "libpcre2-16"}},
@@ -70,7 +70,7 @@ std::string familyOf(const std::string& mapping, const std::string& program) {
     return "other libraries and files";
 }
 
-/// A mapping's first line is its addresses, rights, offset, device and inode, then its name.
+/// A mapping's first line has its addresses, permissions, offset, device, inode and name.
 bool isHead(const std::string& line) {
     const auto word = line.substr(0, line.find(' '));
     return word.find('-') != std::string::npos && !word.ends_with(':');

@@ -1,4 +1,4 @@
-/// What a program's private memory consists of: libraries by their families, data by its kind.
+/// A breakdown of a program's private memory: libraries by family, data by kind.
 #pragma once
 
 #include <sys/types.h>
@@ -11,7 +11,7 @@
 
 namespace vireline::desktop {
 
-/// Kilobytes.
+/// In kilobytes.
 struct MemoryPart {
     long resident = 0;
     long proportional = 0;
@@ -23,10 +23,10 @@ struct MemoryOf {
     std::map<std::string, MemoryPart> parts;
 };
 
-/// Of all these processes together, by families such as "Qt".
+/// The total over all these processes, by family, such as "Qt".
 [[nodiscard]] std::map<std::string, MemoryPart> memoryParts(std::span<const pid_t> pids);
 
-/// As a table in Markdown: the parts' shared and private pages, a column for each program.
+/// Writes a Markdown table of the parts' shared and private pages, with a column for each program.
 void writeMemoryParts(std::ostream& out, const std::vector<MemoryOf>& programs);
 
 }

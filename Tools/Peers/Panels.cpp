@@ -5,7 +5,7 @@
 namespace vireline::desktop {
 namespace {
 
-/// Where launchers stand one behind the other from the panel's leading edge on.
+/// A panel whose launchers are lined up from its leading edge.
 Peer panel(const std::string& name, std::vector<std::string> command, int pitch) {
     Peer peer;
     peer.name = name;
@@ -18,7 +18,7 @@ Peer panel(const std::string& name, std::vector<std::string> command, int pitch)
     return peer;
 }
 
-/// As it is delivered, less the clock and the tray, which the others do not have either.
+/// Its default settings without the clock and the tray, which the others do not have either.
 void configureTint2(VirtualDesktop& desktop, std::span<const App> apps) {
     std::istringstream delivered{readFile("/etc/xdg/tint2/tint2rc")};
     std::ostringstream settings;
@@ -40,7 +40,7 @@ void configureTint2(VirtualDesktop& desktop, std::span<const App> apps) {
     writeFile(desktop.home().folder() / ".config/tint2/tint2rc", settings.str());
 }
 
-/// A panel on the first display, of launchers and a list of tasks.
+/// A panel on the first display with launchers and a task list.
 void configureXfce(VirtualDesktop& desktop, std::span<const App> apps) {
     const auto configuration = desktop.home().folder() / ".config/xfce4";
     std::ostringstream ids;
@@ -78,7 +78,7 @@ void configureXfce(VirtualDesktop& desktop, std::span<const App> apps) {
     writeFile(configuration / "xfconf/xfce-perchannel-xml/xfce4-panel.xml", channel.str());
 }
 
-/// The same.
+/// As above.
 void configureLxqt(VirtualDesktop& desktop, std::span<const App> apps) {
     const auto configuration = desktop.home().folder() / ".config/lxqt";
     std::ostringstream settings;
@@ -93,12 +93,12 @@ void configureLxqt(VirtualDesktop& desktop, std::span<const App> apps) {
     settings << "apps\\size=" << number << "\n[taskbar]\ntype=taskbar\n";
     writeFile(configuration / "panel.conf", settings.str());
     writeFile(configuration / "lxqt.conf", "[General]\nicon_theme=Papirus\n");
-    // As in its own session, or it finds no icons.
+    // As in its own session; otherwise it finds no icons.
     desktop.environment()["QT_QPA_PLATFORMTHEME"] = "lxqt";
 }
 
-/// It has no launchers with icons: texts that can be clicked, over which the pointer's picture
-/// changes, and the active window's title.
+/// It has no launchers with icons, but clickable texts, over which the cursor changes, and the
+/// active window's title.
 void configurePolybar(VirtualDesktop& desktop, std::span<const App> apps) {
     std::ostringstream modules;
     std::ostringstream settings;

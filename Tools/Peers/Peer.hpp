@@ -1,5 +1,5 @@
-/// The docks and panels that are compared: how each is set up to show the same launchers, how it is
-/// started, and where a pointer has to go to pass over them.
+/// The docks and panels to compare: how to configure each of them to show the same launchers, how
+/// to start it, and where the pointer has to move over them.
 #pragma once
 
 #include "VirtualDesktop/VirtualDesktop.hpp"
@@ -11,33 +11,33 @@
 
 namespace vireline::desktop {
 
-/// What the pointer follows; both ends belong to it.
+/// The pointer's path, including both ends.
 struct Line {
     PixelPoint from;
     PixelPoint to;
 };
 
-/// Of each of them.
+/// The number of launchers in each of them.
 inline constexpr int comparedLaunchers = 10;
-/// Pixels, of every launcher that can have one.
+/// Pixels, for all launchers with a configurable size.
 inline constexpr int launcherIconSize = 44;
-/// The height of the panels that have launchers of that size.
+/// The height of panels with launchers of that size.
 inline constexpr int panelThickness = 58;
-/// Of the docks that magnify.
+/// The factor for docks with magnification.
 inline constexpr double peersMagnification = 1.5;
 
 struct Peer {
     std::string name;
-    /// Debian's, whose version is told; none for the program itself.
+    /// Its Debian package, whose version is reported; empty for the program itself.
     std::string package;
     std::vector<std::string> command;
-    /// Writes its settings into the desktop's home.
+    /// Writes its settings to the desktop's home folder.
     std::function<void(VirtualDesktop&, std::span<const App>)> configure;
-    /// Over the launchers, from the frame of the dock's window.
+    /// The path over the launchers, derived from the frame of the dock's window.
     std::function<Line(const PixelRect&)> launchers;
 };
 
-/// The program without and with magnification, Plank, Cairo-Dock.
+/// The program with and without magnification, Plank, Cairo-Dock.
 [[nodiscard]] std::vector<Peer> docks();
 /// tint2, xfce4-panel, lxqt-panel, polybar.
 [[nodiscard]] std::vector<Peer> panels();

@@ -18,7 +18,7 @@ using namespace std::chrono_literals;
 using Clock = DockWatch::Clock;
 using Milliseconds = std::chrono::duration<double, std::milli>;
 
-/// Ten for the launchers and ten more.
+/// Ten for the launchers, and ten more.
 std::vector<App> makeApps() {
     constexpr std::array icons{"system-file-manager",
                                "web-browser",
@@ -58,7 +58,7 @@ const std::vector<Monitor>& twoDisplays() {
 std::unique_ptr<VirtualDesktop> makeDesktop(const std::vector<App>& apps) {
     VirtualDesktop::Options options;
     options.monitors = twoDisplays();
-    // No more than the displays: some of the programs know the whole screen only.
+    // Only as large as the displays, because some of the programs know only the whole screen.
     options.width = 0;
     options.height = 0;
     options.compositor = true;
@@ -66,7 +66,7 @@ std::unique_ptr<VirtualDesktop> makeDesktop(const std::vector<App>& apps) {
     options.installedApps = true;
     auto desktop =
         std::make_unique<VirtualDesktop>(Programs{TESTED_PROGRAM, TEST_APP, FILE_MANAGER}, options);
-    // What a session starts for any program is not called up by one of them alone.
+    // Without services that any session starts anyway, so that they are not charged to one program.
     desktop->environment()["NO_AT_BRIDGE"] = "1";
     desktop->environment()["GIO_USE_VFS"] = "local";
     paintWallpaper(desktop->client(), desktop->displays().monitors);
@@ -118,7 +118,7 @@ double Subject::start() {
                              desktop_->home().scratch() / "subject.err",
                              {}});
     const DockWatch::Shown dock = watch.waitForDocks(1).front();
-    // Some move and grow until all their launchers are there.
+    // Some move and grow until all their launchers are shown.
     std::this_thread::sleep_for(2s);
     dock_ = desktop_->client().frame(dock.window).value_or(PixelRect{});
     return Milliseconds{dock.when - start}.count();
@@ -127,7 +127,7 @@ double Subject::start() {
 void Subject::stop() {
     const pid_t leader = process_->pid();
     process_.reset();
-    // What it has left running.
+    // Processes that it has left running.
     for (const pid_t left : sessionOf(leader))
         kill(left, SIGKILL);
     require(eventually([&] { return sessionOf(leader).empty(); }), "the program does not end");
@@ -192,7 +192,7 @@ Subject::Cost Subject::sweep(int steps) const {
             {line.from.x + (line.to.x - line.from.x) * along / (perPass - 1), line.from.y});
     }
     leaveDock();
-    // A dock that lags behind is not done with the last step.
+    // A slow dock is still animating after the last step.
     std::this_thread::sleep_for(longestAnimation);
     return costSince(before);
 }
@@ -216,7 +216,7 @@ Subject::Cost Subject::openWindows(int count) const {
 }
 
 Subject::Cost Subject::changeDisplays(int changes) {
-    // The program takes a change up half a second after it, as more may follow.
+    // The program debounces changes for half a second.
     constexpr auto between = 700ms;
     const Cost before = spent();
     for (int i = 0; i < changes; ++i) {
@@ -264,7 +264,7 @@ void Subject::launchByTurns(int launches) const {
 
 double Subject::growth(int launches) const {
     constexpr auto longestAnimation = 3s;
-    // The first time of each app fills what its icon needs.
+    // The first round loads each app's icon.
     constexpr int rounds = 2;
     launchByTurns(rounds * static_cast<int>(apps_.size()));
     std::this_thread::sleep_for(longestAnimation);

@@ -1,6 +1,6 @@
-/// One of the compared programs on a desktop of its own, with a home and a session bus that nothing
-/// else uses, and what is measured of it. Its child processes count as itself, and so do the
-/// services that it calls up on that bus.
+/// One of the compared programs on a separate desktop, with its own home folder and session bus,
+/// and the measurements of it. Child processes, and services that it starts through that bus, count
+/// as part of it.
 #pragma once
 
 #include "Peers/Peer.hpp"
@@ -14,13 +14,13 @@ namespace vireline::desktop {
 
 class Subject {
 public:
-    /// Processor time, milliseconds.
+    /// Processor time in milliseconds.
     struct Cost {
         double own = 0;
         double server = 0;
     };
 
-    /// Megabytes.
+    /// In megabytes.
     struct Memory {
         double resident = 0;
         double proportional = 0;
@@ -28,32 +28,32 @@ public:
     };
 
     struct Rest {
-        /// Milliseconds.
+        /// In milliseconds.
         double processorTime = 0;
         double wakeUps = 0;
     };
 
     explicit Subject(const Peer& peer);
 
-    /// Milliseconds from the start of its process to its first dock on the screen.
+    /// Milliseconds from the start of its process until its first dock is on the screen.
     double start();
     void stop();
 
     [[nodiscard]] Memory memory() const;
     [[nodiscard]] Rest rest(std::chrono::seconds length) const;
-    /// There and back over the launchers, twice.
+    /// Moves the pointer over the launchers and back, twice.
     [[nodiscard]] Cost sweep(int steps) const;
-    /// Windows that come and go one by one, of apps with a launcher and of others by turns.
+    /// Opens and closes windows one by one, alternating between apps with and without a launcher.
     [[nodiscard]] Cost openWindows(int count) const;
-    /// The second display becomes smaller and larger again.
+    /// Makes the second display smaller and larger again.
     [[nodiscard]] Cost changeDisplays(int changes);
-    /// By how many kilobytes its private memory grows while apps are started and ended.
+    /// The growth of its private memory in kilobytes while apps are started and ended.
     [[nodiscard]] double growth(int launches) const;
 
     /// Its processes.
     [[nodiscard]] std::vector<pid_t> own() const;
     [[nodiscard]] const std::string& name() const { return peer_.name; }
-    /// Of both displays, with the pointer over the third launcher.
+    /// A picture of both displays, with the pointer over the third launcher.
     [[nodiscard]] Picture picture() const;
 
 private:
@@ -64,7 +64,7 @@ private:
     void launchByTurns(int launches) const;
 
     Peer peer_;
-    /// Those with a launcher come first.
+    /// Apps with a launcher come first.
     std::vector<App> apps_;
     std::unique_ptr<VirtualDesktop> desktop_;
     std::optional<ChildProcess> process_;

@@ -16,7 +16,7 @@ struct Target {
     std::string_view subject;
     Figure figure;
     std::string_view what;
-    /// At most this share of what the least of the others takes.
+    /// The maximum, relative to the lowest value of the other programs.
     double share = 1;
     std::vector<std::string_view> others;
 };
@@ -45,7 +45,7 @@ const Column* find(const std::vector<Column>& columns, std::string_view name) {
     return found == columns.end() ? nullptr : &*found;
 }
 
-/// The one that takes the least; none where nothing was measured.
+/// The column with the lowest value; null if nothing was measured.
 const Column* least(const std::vector<Column>& columns, const Target& target) {
     const Column* best = nullptr;
     for (const auto name : target.others) {

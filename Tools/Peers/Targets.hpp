@@ -1,4 +1,4 @@
-/// What the program promises in comparison with the others.
+/// The program's targets relative to the others.
 #pragma once
 
 #include "Peers/Figures.hpp"
@@ -8,8 +8,8 @@
 
 namespace vireline::desktop {
 
-/// As a list in Markdown, each with what was measured and whether it holds; only those whose
-/// programs and figures are there.
+/// Writes a Markdown list of the targets with the measured values and whether they are met. Targets
+/// whose programs or figures are missing are omitted.
 void writeTargets(std::ostream& out, const std::vector<Column>& columns);
 
 }

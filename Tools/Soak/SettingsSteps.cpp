@@ -26,8 +26,8 @@ BusObject control(SoakWorld& world, AccessibleRole role, const std::string& name
     return *found;
 }
 
-/// A place at a part of a control's length, where it is to be seen: on a low display one has to
-/// scroll, and the window of an app that comes may lie over the settings.
+/// The point at a fraction of a control's length, after making it visible: on a low display one has
+/// to scroll, and a new window may cover the settings.
 PixelPoint reach(SoakWorld& world, const BusObject& control, double part) {
     const auto place = [&] {
         const PixelRect frame = world.desktop().controls().frame(control);
@@ -48,7 +48,7 @@ void click(SoakWorld& world, const BusObject& control, double part = 0.5) {
     world.desktop().pointer().click(reach(world, control, part));
 }
 
-/// Where on the slider a size is that differs from the one in force.
+/// A position on the slider that differs from the current icon size.
 double otherPart(SoakWorld& world) {
     constexpr double middle = 48;
     return world.settings().iconSize < middle ? 0.9 : 0.1;
@@ -100,7 +100,7 @@ void changeSource(SoakWorld& world) {
     world.openSettings();
     click(world, control(world, AccessibleRole::radioButton,
                          isMirror ? "Manual list" : "Mirror the desktop's dock"));
-    // A list of the user's own begins as the one that was mirrored.
+    // The user's list is initialised from the mirrored one.
     world.awaitSave([&](const Settings& saved) {
         return (saved.sourceMode == SourceMode::manual) == isMirror &&
                (!isMirror || !saved.manualApps.empty());

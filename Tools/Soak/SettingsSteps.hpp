@@ -1,4 +1,4 @@
-/// Steps of a soak in which the settings change, by hand or behind the program's back.
+/// Soak steps that change the settings, through the window or behind the program's back.
 #pragma once
 
 namespace vireline::desktop {
@@ -9,11 +9,12 @@ void changeSize(SoakWorld& world);
 void changePosition(SoakWorld& world);
 void changeSource(SoakWorld& world);
 
-/// Somebody writes what is no preferences of this program's.
+/// Replaces the preferences file with something that is not valid.
 void replacePreferences(SoakWorld& world);
-/// One change cannot be saved; the next save brings it along.
+/// Makes one save fail; the next save includes the change.
 void failDisk(SoakWorld& world);
-/// With other settings, or with those that it saved: after a power cut these are all there is.
+/// Restarts the program with other settings, or with those it saved, which are all that is left
+/// after a power failure.
 void restart(SoakWorld& world);
 
 }

@@ -1,5 +1,5 @@
-/// Lets a desktop live at random for some minutes, faster and worse than any real one, and checks
-/// after each thing that happened that the docks are as they have to be.
+/// Performs random actions on a desktop for some minutes, faster and worse than any real one, and
+/// checks the docks after each of them.
 #include "Soak/SoakChecks.hpp"
 #include "Soak/SoakSteps.hpp"
 #include "Soak/SoakWorld.hpp"
@@ -23,11 +23,11 @@ struct Arguments {
     double minutes = 5;
     unsigned seed = std::random_device{}();
     std::filesystem::path program = TESTED_PROGRAM;
-    /// A program that runs the tested one, with its own arguments.
+    /// A program, with its arguments, that runs the tested one.
     std::vector<std::string> through;
 };
 
-/// DesktopSoak <minutes> <seed or -> <program> [through what...]
+/// DesktopSoak <minutes> <seed or -> <program> [wrapper and its arguments...]
 Arguments parse(const std::vector<std::string>& words) {
     Arguments arguments;
     if (!words.empty())
@@ -54,7 +54,7 @@ const SoakStep& anyStep(SoakWorld& world) {
     return steps.back();
 }
 
-/// One desktop's life: from a fresh start over so many steps to an end in good order.
+/// A complete run on one desktop: a fresh start, many steps and an orderly end.
 class Life {
 public:
     Life(const Arguments& arguments, unsigned seed)
@@ -87,7 +87,8 @@ public:
     }
 
 private:
-    /// Everything as it was at first; then the program must hold no more than then, and end well.
+    /// Restores the initial state, in which the program must not hold more resources than at first,
+    /// and must quit cleanly.
     void finish() {
         world_.endApps();
         world_.setMonitors(0);

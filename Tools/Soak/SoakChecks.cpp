@@ -15,7 +15,7 @@
 namespace vireline::desktop {
 namespace {
 
-/// Empty when all is well.
+/// What is wrong; empty if nothing is.
 using Finding = std::string;
 
 std::string describe(const std::vector<DockWindow>& shown,
@@ -35,7 +35,8 @@ bool liesIn(const PixelRect& inner, const PixelRect& outer) {
            inner.bottom() <= outer.bottom();
 }
 
-/// One dock on every display that should have one, inside it, and, unless it hides, on its place.
+/// Checks that every display that should have a dock has one, on the display and, unless
+/// auto-hiding, exactly in place.
 Finding findDocks(SoakWorld& world) {
     const auto planned = world.desktop().planned(world.request());
     const auto shown = world.desktop().docks().shown();
@@ -48,7 +49,7 @@ Finding findDocks(SoakWorld& world) {
     return match ? Finding{} : describe(shown, planned);
 }
 
-/// The pinned apps' tiles in their order, then one for each other app that runs.
+/// Checks for the tiles of the pinned apps in order, followed by one for each other running app.
 Finding findTiles(SoakWorld& world) {
     if (world.settings().autoHide)
         return {};
@@ -87,7 +88,7 @@ void settles(SoakWorld& world, const std::function<Finding(SoakWorld&)>& find) {
         throw Violation{finding};
 }
 
-/// The part of an identifier that tells the clients of this server apart.
+/// The part of an ID that identifies the client.
 xcb_window_t clientOf(SoakWorld& world, xcb_window_t resource) {
     const xcb_setup_t* const setup = xcb_get_setup(world.desktop().client().get());
     return resource & ~setup->resource_id_mask;
@@ -129,7 +130,7 @@ void checkDesktop(SoakWorld& world) {
 Holdings holdings(SoakWorld& world) {
     const auto docks = world.desktop().docks().shown();
     if (docks.empty())
-        throw std::logic_error{"without a dock, nobody knows which client is the program"};
+        throw std::logic_error{"without a dock, the program's client is unknown"};
     const xcb_window_t dock = docks.front().window;
     Holdings found;
     const auto all = world.desktop().client().allWindows();
@@ -146,7 +147,7 @@ void checkHoldings(const Holdings& before, const Holdings& now) {
     struct Kind {
         const char* name;
         std::size_t Holdings::* count;
-        /// What may come and go with the moment: a picture in use, a connection.
+        /// Tolerance for resources in momentary use, such as pictures and connections.
         std::size_t slack;
     };
     constexpr std::array kinds{Kind{"windows", &Holdings::windows, 0},

@@ -1,4 +1,4 @@
-/// What has to hold on the virtual desktop whatever has happened. Each throws a Violation.
+/// The invariants of the virtual desktop. Violations are thrown.
 #pragma once
 
 #include "Soak/SoakWorld.hpp"
@@ -9,28 +9,28 @@
 
 namespace vireline::desktop {
 
-/// Something that has to come of a step.
+/// Throws a Violation with this message unless the condition holds.
 void require(bool isSo, const std::string& complaint);
 
-/// The program runs, its docks are where they belong and show the tiles that they should, and the
-/// file on the disk is what it saved.
+/// Checks that the program is running, that its docks are in place with the expected tiles, and
+/// that the file matches what it saved.
 void checkDesktop(SoakWorld& world);
 
-/// What the program holds of the kernel and of the X server.
+/// Kernel and X server resources that the program holds.
 struct Holdings {
     std::size_t descriptors = 0;
     std::size_t windows = 0;
     std::size_t otherResources = 0;
 };
 
-/// What it holds now.
+/// What it currently holds.
 [[nodiscard]] Holdings holdings(SoakWorld& world);
 
-/// It holds no more than it did when everything was as it is now.
+/// Checks that it holds no more than in an earlier state of the same kind.
 void checkHoldings(const Holdings& before, const Holdings& now);
 
-/// Reads what the program has written since the last time: every line of the log is whole, and a
-/// sanitizer has found nothing.
+/// Reads the program's output since the last call: every log line must be complete, and there must
+/// be no sanitizer report.
 class OutputCheck {
 public:
     void operator()(SoakWorld& world);

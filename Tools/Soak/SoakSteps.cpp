@@ -19,13 +19,13 @@ const App& anyOf(SoakWorld& world, const std::vector<App>& apps) {
     return apps.at(world.any(apps.size()));
 }
 
-/// A dock with tiles that stand still; nothing while docks hide.
+/// A dock with tiles at fixed positions; nullopt if docks hide.
 std::optional<DockLayout> anyShownDock(SoakWorld& world) {
     const auto dock = world.settings().autoHide ? std::nullopt : world.anyDock();
     return dock ? std::optional{world.layout(*dock)} : std::nullopt;
 }
 
-/// Clicks a tile and keeps the pointer there until the program has acted on it.
+/// Clicks a tile and keeps the pointer there until the program has reacted.
 void clickTile(SoakWorld& world, const DockLayout& dock, std::size_t index) {
     const int before = world.desktop().log().count("click ");
     world.desktop().pointer().click(dock.icon(static_cast<int>(index)));
@@ -112,7 +112,7 @@ void openMenu(SoakWorld& world) {
                                     Pointer::Button::secondary);
     const auto isOpen = [&] { return !world.desktop().docks().menus().empty(); };
     require(eventually(isOpen), "no menu opens");
-    // A menu hears keys from a moment after it is seen.
+    // A menu accepts keys only shortly after it becomes visible.
     constexpr int tries = 20;
     for (int i = 0; i < tries && isOpen(); ++i) {
         world.desktop().keyboard().type(Keyboard::escape);
@@ -121,7 +121,7 @@ void openMenu(SoakWorld& world) {
     require(!isOpen(), "the menu does not close");
 }
 
-/// Leads the pressed pointer from tile to tile. Tells whether it let go, rather than cancel.
+/// Drags from tile to tile. Returns true if it ended with a release, false if it was cancelled.
 bool drag(SoakWorld& world, const DockLayout& dock, int from, int to) {
     const auto pointer = world.desktop().pointer();
     const PixelPoint start = dock.icon(from);
@@ -158,7 +158,7 @@ std::vector<std::string> identifiers(const std::vector<App>& apps) {
     return ids;
 }
 
-/// The list that a drag edits. One of the user's own comes back when a mirrored one is edited.
+/// The list that a drag edits. Editing a mirrored list brings back the user's own, if there is one.
 std::vector<std::string> editedList(SoakWorld& world) {
     const auto& own = world.settings().manualApps;
     std::vector<std::string> ids;
@@ -182,7 +182,7 @@ void dragTile(SoakWorld& world) {
     const bool isDropped = drag(world, *dock, static_cast<int>(from), static_cast<int>(to));
     if (!isDropped)
         return;
-    // The list that comes back may lack the app, or have it at that place.
+    // The restored list may lack the app, or already have it at that position.
     const bool comesBack = !isManual(world.settings());
     require(world.desktop().log().reaches(line, before + 1) || comesBack, "a drag moves nothing");
     world.awaitSave(isManual);
@@ -227,7 +227,7 @@ void dropOnTrash(SoakWorld& world) {
 
 void changeMonitors(SoakWorld& world) {
     world.setMonitors(world.any(SoakWorld::arrangementCount()));
-    // Sometimes the next change comes before the program has followed this one.
+    // Sometimes the next change comes before the program has reacted to this one.
     if (world.onceIn(3))
         world.setMonitors(world.any(SoakWorld::arrangementCount()));
 }
@@ -248,7 +248,7 @@ void loseBus(SoakWorld& world) {
     world.loseBus();
 }
 
-/// A process that does nothing for as long as this lives.
+/// Suspends a process for its lifetime.
 class Hang {
 public:
     explicit Hang(pid_t process) : process_(process) { ::kill(process_, SIGSTOP); }
@@ -272,8 +272,8 @@ bool hasLaunched(SoakWorld& world) {
                        [](const auto& m) { return m.starts_with("click launch "); });
 }
 
-/// With its first launch GIO loads what it knows the desktop's file systems by, and waits for the
-/// bus to be there for that; the docks do not, but the app comes half a minute late.
+/// With its first launch GIO loads its knowledge of file systems, which waits for the bus. The
+/// docks are unaffected, but the app starts half a minute late.
 void hangBus(SoakWorld& world) {
     const pid_t bus = world.desktop().sessionBus();
     if (bus == 0 || !hasLaunched(world))
@@ -283,7 +283,7 @@ void hangBus(SoakWorld& world) {
     checkDesktop(world);
 }
 
-/// Nothing that is painted is seen meanwhile.
+/// Nothing painted is visible in the meantime.
 void hangCompositor(SoakWorld& world) {
     const pid_t compositor = world.desktop().compositor();
     if (compositor == 0)
@@ -309,8 +309,8 @@ void changePins(SoakWorld& world) {
     const auto before = tileCounts(world);
     const auto list = world.mirrored();
     world.pin(ids);
-    // Docks take another length when the number of tiles changes. Where only a separator comes or
-    // goes they keep theirs until something else happens, which cannot be checked.
+    // Docks change their length only when the number of tiles changes. If just a separator appears
+    // or disappears, they keep it until something else happens, which cannot be checked.
     if (const auto now = tileCounts(world);
         now.tiles() == before.tiles() && now.separators() != before.separators())
         world.pin(list);
@@ -333,7 +333,7 @@ std::span<const SoakStep> soakSteps() {
         SoakStep{"an app is dropped on a dock", 2, dropApp},
         SoakStep{"a file is dropped on the Trash", 2, dropOnTrash},
         SoakStep{"the displays change", 5, changeMonitors},
-        SoakStep{"the window manager starts anew", 2, restartWindowManager},
+        SoakStep{"the window manager restarts", 2, restartWindowManager},
         SoakStep{"the compositor comes or goes", 2, toggleCompositor},
         SoakStep{"the compositor hangs", 2, hangCompositor},
         SoakStep{"the session bus hangs", 2, hangBus},
@@ -344,7 +344,7 @@ std::span<const SoakStep> soakSteps() {
         SoakStep{"the desktop's own list changes", 3, changePins},
         SoakStep{"the preferences file is replaced", 2, replacePreferences},
         SoakStep{"the disk fails once", 1, failDisk},
-        SoakStep{"the program starts anew", 1, restart},
+        SoakStep{"the program restarts", 1, restart},
     };
     return steps;
 }

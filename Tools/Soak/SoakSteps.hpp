@@ -1,4 +1,4 @@
-/// What may happen on a desktop: one random thing at a time.
+/// The random events of a soak, one at a time.
 #pragma once
 
 #include "Soak/SoakWorld.hpp"
@@ -10,15 +10,16 @@ namespace vireline::desktop {
 
 struct SoakStep {
     const char* name;
-    /// How often it comes, beside the others.
+    /// How often it occurs relative to the others.
     int weight;
-    /// Does it, and waits for what must come of it.
+    /// Performs it, and waits for its effects.
     std::function<void(SoakWorld&)> run;
 };
 
 [[nodiscard]] std::span<const SoakStep> soakSteps();
 
-/// Opens, once, everything of the program's that then stays: its settings, a menu, an app's tile.
+/// Opens everything once whose resources the program then keeps: its settings, a menu, an app's
+/// tile.
 void warmUp(SoakWorld& world);
 
 }

@@ -17,7 +17,7 @@ constexpr int appCount = 10;
 
 using Arrangement = std::vector<Monitor>;
 
-/// The first is what a soak begins with. Each has a primary display, and room for docks elsewhere.
+/// A soak starts with the first. Each has a primary display and other displays for docks.
 const std::array<Arrangement, 6>& arrangements() {
     static const std::array<Arrangement, 6> all{
         Arrangement{{"left", {0, 0, 1920, 1080}}, {"right", {1920, 0, 1920, 1080}}},
@@ -63,7 +63,7 @@ SoakWorld::SoakWorld(Programs programs, unsigned seed, std::vector<std::string> 
     , desktop_(std::make_unique<VirtualDesktop>(std::move(programs), options())) {
     for (const App& app : apps_)
         desktop_->home().install(app);
-    // Whatever is in force later, the pinned list is never empty: that is another list's business.
+    // In a soak the pinned list is never empty, because the program would then use another list.
     pin({apps_[0].id, apps_[1].id, apps_[2].id});
     desktop_->home().writePreferences(R"({"onboardingCompleted": true})");
     start();
@@ -228,7 +228,7 @@ std::vector<App> SoakWorld::pinnedOf(const std::vector<std::string>& ids) const 
     for (const std::string& id : ids) {
         const auto found = std::ranges::find(apps_, id, &App::id);
         if (found == apps_.end())
-            throw Violation{"nobody has installed " + id};
+            throw Violation{"not installed: " + id};
         pinned.push_back(*found);
     }
     return pinned;

@@ -1,5 +1,5 @@
-/// The virtual desktop of a soak, and what is known to be so on it: which apps are pinned and
-/// which run, and with which settings the program was last seen to save.
+/// The virtual desktop of a soak and its expected state: the pinned and the running apps, and the
+/// settings last saved.
 #pragma once
 
 #include "Settings/Settings.hpp"
@@ -17,7 +17,7 @@
 
 namespace vireline::desktop {
 
-/// Something is not as it has to be, whatever happened before.
+/// Thrown when an invariant does not hold.
 class Violation : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
@@ -25,14 +25,14 @@ public:
 
 class SoakWorld {
 public:
-    /// `through` is a command that the program is run by, such as a memory checker; may be empty.
+    /// `through` is a command that runs the program, such as a memory checker; may be empty.
     SoakWorld(Programs programs, unsigned seed, std::vector<std::string> through);
 
     [[nodiscard]] VirtualDesktop& desktop() noexcept { return *desktop_; }
 
-    /// A number from 0 to below `count`.
+    /// A random number from 0 to `count` - 1.
     [[nodiscard]] std::size_t any(std::size_t count);
-    /// True once in `times`.
+    /// True with a probability of 1 in `times`.
     [[nodiscard]] bool onceIn(std::size_t times) { return any(times) == 0; }
 
     [[nodiscard]] const std::vector<App>& apps() const noexcept { return apps_; }
@@ -41,27 +41,28 @@ public:
 
     /// Starts it, and waits for its docks.
     void start();
-    /// Shows its settings, with the keyboard's focus, as a second start does.
+    /// Shows the settings with keyboard focus, as a second start does.
     void openSettings();
-    /// A notch of the wheel over them; they have the focus.
+    /// Turns the wheel by one notch over the settings, which must have the focus.
     void scrollSettings();
-    /// Whether they are what is seen there.
+    /// Whether the settings window is visible at this position.
     [[nodiscard]] bool areSettingsAt(PixelPoint place) const;
     void closeSettings();
-    /// Quits it with its key, which it has to follow in good order.
+    /// Quits it with its shortcut, upon which it must exit cleanly.
     void end();
-    /// Ends it as a crash or a power cut does.
+    /// Kills it, as a crash or power failure would.
     void kill();
 
-    /// What it saved last, as the file was when somebody last looked at it.
+    /// The settings in the file when it was last read.
     [[nodiscard]] const Settings& settings() const noexcept { return settings_; }
-    /// Takes over what it saves, as soon as that is as expected.
+    /// Waits until the saved settings are as expected, and adopts them.
     void awaitSave(const std::function<bool(const Settings&)>& isExpected);
-    /// The file holds what is not the program's: until it saves again or starts, nothing is known.
+    /// Replaces the preferences file; the settings are unknown until the program saves or starts
+    /// again.
     void replaceFile(const std::string& content);
     [[nodiscard]] bool isFileReplaced() const noexcept { return replacement_.has_value(); }
 
-    /// The session bus; without it nobody is told where the settings' controls are.
+    /// Ends the session bus; afterwards the settings' controls cannot be located.
     void loseBus();
     [[nodiscard]] bool hasBus() const noexcept { return hasBus_; }
 
@@ -69,22 +70,22 @@ public:
 
     /// Starts the app as from a terminal, and waits until it has windows.
     void launch(const App& app);
-    /// Ends the processes that its windows belong to.
+    /// Sends a signal to the processes of its windows.
     void quit(const App& app, int signal);
-    /// Stops it, so that it answers nobody, until `endSuspensions`.
+    /// Suspends it, so that it does not respond until `endSuspensions`.
     void suspend(const App& app);
     void endSuspensions();
     void endApps();
 
-    /// Whether it has windows, shown or not.
+    /// Whether it has windows, visible or not.
     [[nodiscard]] bool isRunning(const App& app) const;
     [[nodiscard]] std::vector<App> running() const;
     [[nodiscard]] std::vector<App> notRunning() const;
 
-    /// The pinned list that the desktop's own dock keeps, by identifier.
+    /// Writes the pinned list of the desktop's own dock, by identifier.
     void pin(const std::vector<std::string>& ids);
     [[nodiscard]] std::vector<std::string> mirrored() const { return mirrored_; }
-    /// The pinned list in force.
+    /// The current pinned list.
     [[nodiscard]] std::vector<App> pinned() const;
     [[nodiscard]] std::vector<App> runningUnpinned() const;
 
@@ -93,13 +94,13 @@ public:
     void setMonitors(std::size_t arrangement);
     [[nodiscard]] static std::size_t arrangementCount();
 
-    /// The plan for what is so.
+    /// The plan for the current state.
     [[nodiscard]] PanelPlanner::Request request() const;
-    /// A dock that should be there; nothing when there should be none.
+    /// One of the expected docks; nullopt if there should be none.
     [[nodiscard]] std::optional<PlannedDock> anyDock();
-    /// Where its tiles are.
+    /// The positions of its tiles.
     [[nodiscard]] DockLayout layout(const PlannedDock& dock) const;
-    /// Takes the pointer to a display without a dock.
+    /// Moves the pointer to a display without a dock.
     void parkPointer();
 
 private:
@@ -113,7 +114,7 @@ private:
     std::vector<std::string> through_;
     std::unique_ptr<VirtualDesktop> desktop_;
     Settings settings_;
-    /// What the file holds in place of settings that the program saved.
+    /// The file's content if it is not what the program saved.
     std::optional<std::string> replacement_;
     bool hasBus_ = true;
     std::vector<std::string> mirrored_;

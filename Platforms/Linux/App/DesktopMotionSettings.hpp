@@ -1,4 +1,4 @@
-/// Whether this desktop wants animations, as its settings daemon said when the program started.
+/// Whether the desktop wants animations, read from its settings daemon when the program starts.
 #pragma once
 
 #include "Icons/XSettings.hpp"

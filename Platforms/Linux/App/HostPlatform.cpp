@@ -57,10 +57,11 @@ std::string currentDesktop() {
     return name == nullptr ? std::string{} : name;
 }
 
-/// Before Qt, which would wait for it. Whether there was a bus that hangs.
-bool hidesABusThatHangs() {
-    constexpr unsigned int patience = 1;
-    if (BusProbe::answers(BusProbe::sessionAddress(), patience))
+/// Must run before Qt starts, because Qt would wait for the bus. Returns whether the session bus
+/// was hung.
+bool unsetHungSessionBus() {
+    constexpr unsigned int timeout = 1;
+    if (BusProbe::answers(BusProbe::sessionAddress(), timeout))
         return false;
     BusProbe::hideSessionBus();
     return true;
@@ -68,7 +69,7 @@ bool hidesABusThatHangs() {
 
 }
 
-/// Each part needs some of those above it.
+/// Each part may use the parts declared above it.
 struct HostPlatform::Parts {
     explicit Parts(std::unique_ptr<SingleInstance> claimed)
         : instance(std::move(claimed)), application(qt.qt(), *instance) {
@@ -95,7 +96,7 @@ struct HostPlatform::Parts {
         {userFolders.home(), userFolders.configHome(), currentDesktop(), {}}, fileSystem, catalog};
     IconThemeWatch themeWatch{
         connection, runLoop, {IconTheme::userFolders(), ChosenIconTheme::userFiles()}};
-    /// That of the start, read once for the apps' icons and the symbols.
+    /// The theme in use at start-up, loaded once and shared by the app icons and the symbols.
     std::shared_ptr<const IconTheme> theme = themeNamed(themeWatch.name());
     ThemeIcons icons{catalog, runningApplications, theme};
     RandrScreens screens{connection};
@@ -111,7 +112,7 @@ struct HostPlatform::Parts {
         {connection, application, panelWindows.appearance(), symbols, motionSettings}};
 };
 
-std::expected<std::unique_ptr<HostPlatform>, HostPlatform::Ended> HostPlatform::start() {
+std::expected<std::unique_ptr<HostPlatform>, HostPlatform::ExitStatus> HostPlatform::start() {
     auto server = XServer::connect();
     if (!server) {
         std::fprintf(stderr, "vireline: %s\n", server.error().description.c_str());
@@ -123,7 +124,7 @@ std::expected<std::unique_ptr<HostPlatform>, HostPlatform::Ended> HostPlatform::
         return std::unexpected{EXIT_SUCCESS};
     }
     DevLog::setAppender(LogFile::append);
-    const bool isBusHidden = hidesABusThatHangs();
+    const bool isBusHidden = unsetHungSessionBus();
     auto parts = std::make_unique<Parts>(std::move(instance));
     if (isBusHidden)
         logOnceStarted("session bus does not answer, going on without it");

@@ -1,5 +1,5 @@
-/// The Linux platform as the executable sees it: all ports, made in the right order and owned in
-/// one place.
+/// The Linux platform as the executable sees it: owns all adapters and creates them in dependency
+/// order.
 #pragma once
 
 #include "Platform/Platform.hpp"
@@ -12,11 +12,11 @@ namespace vireline {
 
 class HostPlatform {
 public:
-    /// The exit code that the process ends with at once, after a line for the user: there is no X
-    /// server, or another instance runs and was asked to show its settings.
-    using Ended = int;
+    /// Exit status if the program must not go on: there is no X server (a line for the user has
+    /// been printed), or another instance runs and was asked to show its settings.
+    using ExitStatus = int;
 
-    [[nodiscard]] static std::expected<std::unique_ptr<HostPlatform>, Ended> start();
+    [[nodiscard]] static std::expected<std::unique_ptr<HostPlatform>, ExitStatus> start();
 
     HostPlatform(const HostPlatform&) = delete;
     HostPlatform& operator=(const HostPlatform&) = delete;

@@ -10,8 +10,8 @@
 namespace vireline::x11 {
 namespace {
 
-/// Claims are messages of this type from one start of the program to another; the first word says
-/// which version of the conversation this is.
+/// Type of the message with which a second start addresses the running instance; its first item is
+/// the version of this protocol.
 constexpr const char* claimMessage = "_VIRELINE_SHOW_SETTINGS";
 constexpr std::uint32_t claimVersion = 1;
 
@@ -29,8 +29,8 @@ xcb_window_t makeWindow(const XServer& server) {
     return window;
 }
 
-/// The server's time. A selection is to be taken with a real one, and a change of a property is
-/// where a program without input events gets it.
+/// The server's current time, which ICCCM requires for taking a selection. Appending nothing to a
+/// property yields it even without input events.
 xcb_timestamp_t serverTime(const XServer& server, xcb_window_t window) {
     xcb_connection_t* connection = server.connection();
     xcb_change_property(connection, XCB_PROP_MODE_APPEND, window, XCB_ATOM_WM_NAME, XCB_ATOM_STRING,
@@ -52,8 +52,8 @@ xcb_window_t ownerOf(const XServer& server, xcb_atom_t selection) {
     return reply ? reply->owner : xcb_window_t{XCB_NONE};
 }
 
-/// Who owned the selection before; if nobody did, `window` does from now on. The server serves no
-/// other client between the question and the claim, so two starts at once cannot both see nobody.
+/// Returns the selection's owner; if there was none, `window` becomes the owner. The server is
+/// grabbed between the query and the claim, so two simultaneous starts cannot both find it free.
 xcb_window_t ownerOrTake(const XServer& server, xcb_atom_t selection, xcb_window_t window) {
     xcb_connection_t* connection = server.connection();
     const xcb_timestamp_t time = serverTime(server, window);
@@ -74,7 +74,7 @@ void send(const XServer& server, xcb_window_t destination, const Event& event) {
     xcb_send_event(server.connection(), 0, destination, XCB_EVENT_MASK_NO_EVENT, bytes.data());
 }
 
-/// Asks the owner, whoever it is by now, and waits until the server has passed that on.
+/// Asks the current owner, and waits until the server has delivered the message.
 void sendClaim(const XServer& server, xcb_window_t owner, xcb_atom_t type) {
     xcb_client_message_event_t message{};
     message.response_type = XCB_CLIENT_MESSAGE;
@@ -115,8 +115,8 @@ void SingleInstance::listen() {
     notifier_ = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(server_.connection()),
                                                   QSocketNotifier::Read);
     QObject::connect(notifier_.get(), &QSocketNotifier::activated, [this] { readEvents(); });
-    // Events that came along with earlier replies are in memory; the descriptor knows nothing of
-    // them.
+    // Events that arrived along with earlier replies are already queued in memory, and the socket
+    // will not signal them.
     QTimer::singleShot(0, notifier_.get(), [this] { readEvents(); });
 }
 
@@ -133,7 +133,7 @@ void SingleInstance::readEvents() {
             refuse(request);
         }
     }
-    // A closed connection is readable for ever.
+    // A closed connection stays readable forever.
     if (xcb_connection_has_error(server_.connection()) != 0)
         notifier_->setEnabled(false);
     if (claims > 0)
@@ -145,7 +145,7 @@ bool SingleInstance::isClaim(const xcb_client_message_event_t& message) const {
            message.data.data32[0] == claimVersion;
 }
 
-/// The selection has no content, and an owner must not leave who asks for it without an answer.
+/// The selection has no content, but ICCCM requires the owner to answer every request.
 void SingleInstance::refuse(const xcb_selection_request_event_t& request) const {
     xcb_selection_notify_event_t answer{};
     answer.response_type = XCB_SELECTION_NOTIFY;

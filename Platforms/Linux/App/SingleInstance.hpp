@@ -1,5 +1,5 @@
-/// One running program a user's screen: whoever owns an X selection is the one. The server frees
-/// the selection when its owner goes, however that comes about.
+/// Ensures one running instance per user and X screen by owning an X selection. The server releases
+/// the selection when its owner exits, even after a crash.
 #pragma once
 
 #include "Foundation/CallbackList.hpp"
@@ -13,9 +13,9 @@ namespace vireline::x11 {
 
 class SingleInstance final : public SecondStarts {
 public:
-    /// Makes this process the one. Null when another one is already: that one has then been asked
-    /// to show its settings. Needs no event loop. An X server that dies meanwhile also makes the
-    /// caller the one, as there is nobody left to disturb.
+    /// Makes this process the running instance. Returns null if there is one already, which has
+    /// then been asked to show its settings. Needs no event loop. If the X server dies meanwhile,
+    /// this process also becomes the instance.
     [[nodiscard]] static std::unique_ptr<SingleInstance> claim(XServer server);
 
     SingleInstance(const SingleInstance&) = delete;
@@ -24,7 +24,8 @@ public:
     SingleInstance& operator=(SingleInstance&&) = delete;
     ~SingleInstance() override = default;
 
-    /// Claims from before the first observer are kept for it. Needs the application object.
+    /// Claims that arrived before the first observer are delivered to it. Needs the application
+    /// object.
     [[nodiscard]] Subscription observe(std::function<void()> handler) override;
 
 private:
@@ -36,12 +37,12 @@ private:
     [[nodiscard]] bool isClaim(const xcb_client_message_event_t& message) const;
 
     XServer server_;
-    /// Owns the selection and receives the claims.
+    /// Owns the selection and receives other starts' messages.
     xcb_window_t window_;
-    /// The type of a claim's message.
+    /// Message type of other starts' messages.
     xcb_atom_t claim_;
     CallbackList<> claims_;
-    /// Goes before the connection whose descriptor it watches.
+    /// Destroyed before the connection whose descriptor it watches.
     std::unique_ptr<QSocketNotifier> notifier_;
 };
 

@@ -7,7 +7,7 @@
 namespace vireline::x11 {
 namespace {
 
-/// Takes a variable out of the environment for as long as this lives.
+/// Removes a variable from the environment for the lifetime of this object.
 class WithoutVariable {
 public:
     explicit WithoutVariable(const char* name) : name_(name) {
@@ -29,8 +29,8 @@ private:
     std::optional<QByteArray> value_;
 };
 
-/// Else libdbus ends the process when Qt asks something of a session bus that has just gone. Apps
-/// that are launched get the environment that this program was given.
+/// Otherwise libdbus aborts the process when Qt uses a session bus that has just gone away.
+/// Launched apps get the environment that this program was started with.
 void outliveTheSessionBus() {
     constexpr auto variable = "DBUS_FATAL_WARNINGS";
     if (!qEnvironmentVariableIsSet(variable))
@@ -38,7 +38,7 @@ void outliveTheSessionBus() {
 }
 
 std::unique_ptr<QApplication> makeApplication(int& argumentCount, char** arguments) {
-    // GIO delivers its results through GLib's main loop, which Qt must therefore run on.
+    // GIO delivers its results through GLib's main loop, so Qt's event loop has to be based on it.
     const WithoutVariable noGLib{"QT_NO_GLIB"};
     outliveTheSessionBus();
     QApplication::setDesktopFileName(QStringLiteral("vireline"));
@@ -49,7 +49,8 @@ std::unique_ptr<QApplication> makeApplication(int& argumentCount, char** argumen
 
 }
 
-// An argument outranks QT_QPA_PLATFORM, and "-name" is the instance part of WM_CLASS.
+// Command-line arguments take precedence over QT_QPA_PLATFORM; "-name" sets the instance part of
+// WM_CLASS.
 XcbApplication::XcbApplication()
     : arguments_{"vireline", "-platform", "xcb", "-name", "vireline"}
     , argumentCount_(static_cast<int>(arguments_.size())) {

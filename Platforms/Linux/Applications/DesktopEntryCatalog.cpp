@@ -13,10 +13,10 @@
 namespace vireline::x11 {
 namespace {
 
-/// Installing a package touches a folder many times.
+/// Installing a package changes a folder many times in quick succession.
 constexpr double settlingSeconds = 0.5;
 
-/// Files without a valid entry that are remembered, and logged.
+/// Limit on the invalid files that are remembered and logged.
 constexpr std::size_t maximumSkipped = 1000;
 
 using GString = GLibHandle<char, g_free>;
@@ -33,7 +33,7 @@ bool isInPath(const std::string& program) {
     return GString{g_find_program_in_path(program.c_str())} != nullptr;
 }
 
-/// Whether what the entry starts is there.
+/// Whether the program that the entry starts is installed.
 bool isStartable(const DesktopEntry& entry) {
     if (!entry.tryExec.empty() && !isInPath(entry.tryExec))
         return false;
@@ -45,8 +45,8 @@ bool isStartable(const DesktopEntry& entry) {
 
 }
 
-/// GIO's word that an applications folder changed. It comes once, until GIO is asked about an
-/// application again.
+/// GIO's notification that an applications folder changed. GIO sends it only once after each query
+/// about an application, so it has to be re-armed.
 class DesktopEntryCatalog::FolderWatch {
 public:
     explicit FolderWatch(DesktopEntryCatalog& catalog)
@@ -58,7 +58,7 @@ public:
     FolderWatch& operator=(FolderWatch&&) = delete;
     ~FolderWatch() { g_signal_handler_disconnect(monitor_.get(), handler_); }
 
-    /// Asks GIO about an application, any one.
+    /// Re-arms the notification by querying an app that does not exist.
     static void arm() {
         const GObjectHandle<GDesktopAppInfo> none{g_desktop_app_info_new("none.desktop")};
     }
@@ -82,7 +82,7 @@ DesktopEntryCatalog::Sources DesktopEntryCatalog::userSources() {
     for (const char* const* folder = g_get_system_data_dirs(); *folder != nullptr; ++folder)
         addFolder(*folder);
     for (const char* const* name = g_get_language_names(); *name != nullptr; ++name) {
-        // Entries name languages without a character set.
+        // Localised keys in entries carry no character set.
         if (const std::string_view language = *name; !language.contains('.') && language != "C")
             sources.languages.emplace_back(language);
     }
@@ -98,7 +98,7 @@ DesktopEntryCatalog::~DesktopEntryCatalog() = default;
 
 const DesktopEntryIndex& DesktopEntryCatalog::index() const {
     if (!index_) {
-        // Armed before reading, so that no change falls between.
+        // Armed before reading, so that no change is missed in between.
         FolderWatch::arm();
         index_.emplace(DesktopEntryFiles::scan(sources_.folders, sources_.languages,
                                                [this](const auto& path) { noteSkipped(path); }));
@@ -117,7 +117,7 @@ bool DesktopEntryCatalog::isInstalled(const std::string& bundleID) const {
     return urlForBundleID(bundleID).has_value();
 }
 
-/// Whether the app is one that a user would start from a menu, and looks like one.
+/// Whether this is an app with an icon that a user would start from a menu.
 bool DesktopEntryCatalog::isOrdinary(const std::string& bundleID) const {
     if (bundleID.empty() || !isInstalled(bundleID) || WellKnownApplications::isHelper(bundleID))
         return false;
@@ -148,7 +148,7 @@ ApplicationCatalog::FileManager DesktopEntryCatalog::fileManager() const {
         id = WellKnownApplications::firstInstalled(
             role.commonIDs, [this](const std::string& common) { return isOrdinary(common); });
     }
-    // Better a handler that is hidden from menus than no file manager at all.
+    // A handler that is hidden from menus is better than no file manager.
     if (id.empty() && isInstalled(handler))
         id = handler;
     const IndexedEntry* found = index().find(id);
@@ -169,7 +169,8 @@ std::vector<std::string> DesktopEntryCatalog::wellKnownBundleIDs() const {
 std::optional<DesktopEntry> DesktopEntryCatalog::entryAt(const FileURL& url) const {
     if (!url.path().ends_with(DesktopEntries::extension))
         return std::nullopt;
-    // The file is read even if the index knows it: the two may differ until a change is announced.
+    // Read from disk even if the index has the entry: the two may differ until the change is
+    // announced.
     auto entry = DesktopEntryFiles::read(
         url.path(), DesktopEntryFiles::idOf(url.path(), sources_.folders), sources_.languages,
         [this](const auto& path) { noteSkipped(path); });
@@ -182,7 +183,8 @@ Subscription DesktopEntryCatalog::observeChanges(std::function<void()> handler) 
     return changes_.add(std::move(handler));
 }
 
-/// Entries are read again after every change of an applications folder.
+/// Entries are read again after each change of an applications folder, so each file is logged only
+/// once.
 void DesktopEntryCatalog::noteSkipped(const std::string& path) const {
     if (skipped_.size() < maximumSkipped && skipped_.insert(path).second)
         logOnceStarted("ignored desktop entry: " + PlainText::clean(path, 4096));

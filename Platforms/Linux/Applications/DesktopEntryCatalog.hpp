@@ -1,5 +1,5 @@
-/// The applications installed on this desktop: an index of all desktop entries, built when it is
-/// first asked for and again after an applications folder changed.
+/// The applications installed on this desktop: an index of all desktop entries, built on first use
+/// and rebuilt after an applications folder changed.
 #pragma once
 
 #include "Applications/Entries/DesktopEntry.hpp"
@@ -20,19 +20,20 @@ namespace vireline::x11 {
 
 class DesktopEntryCatalog final : public ApplicationCatalog {
 public:
-    /// Where the entries are, and in which languages they are read.
+    /// Where entries are looked for, and in which languages they are read.
     struct Sources {
-        /// Applications folders; an entry of an earlier one stands for those of the same ID behind.
+        /// Applications folders; an entry in an earlier folder shadows entries with the same ID in
+        /// later ones.
         std::vector<FileURL> folders;
         std::vector<std::string> languages;
 
         bool operator==(const Sources&) const = default;
     };
 
-    /// As this user's environment says.
+    /// From this user's environment.
     [[nodiscard]] static Sources userSources();
 
-    /// Changes are noticed where the user's environment has its applications folders.
+    /// Watches the applications folders that the user's environment names.
     explicit DesktopEntryCatalog(RunLoop& runLoop, Sources sources = userSources());
     DesktopEntryCatalog(const DesktopEntryCatalog&) = delete;
     DesktopEntryCatalog& operator=(const DesktopEntryCatalog&) = delete;
@@ -40,25 +41,26 @@ public:
     DesktopEntryCatalog& operator=(DesktopEntryCatalog&&) = delete;
     ~DesktopEntryCatalog() override;
 
-    /// Nothing for an entry whose program is not there.
+    /// nullopt if the entry's program is not installed.
     [[nodiscard]] std::optional<FileURL> urlForBundleID(const std::string& bundleID) const override;
     [[nodiscard]] std::optional<std::string> bundleIdentifier(const FileURL& url) const override;
     [[nodiscard]] std::string displayName(const FileURL& url) const override;
     [[nodiscard]] std::string bundleExtension() const override { return "desktop"; }
-    /// Empty when no program opens folders.
+    /// Empty if no program opens folders.
     [[nodiscard]] FileManager fileManager() const override;
-    /// Ten, the installed ones first; those of the user's choice before common ones. What is hidden
-    /// from menus, runs in a terminal or has no icon counts as not installed.
+    /// Ten IDs, the installed ones first, and the user's chosen handlers before common programs.
+    /// Entries that are hidden from menus, run in a terminal or have no icon count as not
+    /// installed.
     [[nodiscard]] std::vector<std::string> wellKnownBundleIDs() const override;
 
-    /// All installed entries as they stand now. The reference holds until the next call.
+    /// All currently installed entries. The reference is valid until the next call.
     [[nodiscard]] const DesktopEntryIndex& index() const;
 
-    /// The entry in the file at `url`, wherever that is; nothing if it holds none that is valid.
+    /// The entry in the file at `url`, anywhere on the disk; nullopt if it is not valid.
     [[nodiscard]] std::optional<DesktopEntry> entryAt(const FileURL& url) const;
 
-    /// Whether an entry's icon leads to a picture; every icon counts as one that does while this is
-    /// not set. Entries whose icon does not are no well-known apps.
+    /// Whether an entry's icon can be found. While this is unset, every icon counts as found.
+    /// Entries without an icon are never well-known apps.
     std::function<bool(const std::string& icon)> hasIcon;
 
     /// Announces that entries were added, changed or removed.
@@ -76,7 +78,7 @@ private:
     Sources sources_;
     mutable std::optional<DesktopEntryIndex> index_;
     mutable std::optional<FileManager> fileManager_;
-    /// Paths that the log has named as no valid entries.
+    /// Paths already logged as invalid entries.
     mutable std::set<std::string> skipped_;
     std::unique_ptr<FolderWatch> watch_;
     Timer announcement_;

@@ -12,11 +12,11 @@
 namespace vireline::x11 {
 namespace {
 
-/// EWMH: a request that comes from a pager or taskbar, thus from the user.
+/// EWMH source indication 2: the request comes from a pager or taskbar, that is, from the user.
 constexpr std::uint32_t fromPager = 2;
 constexpr std::uint32_t iconicState = 3;
 
-/// How long a window manager may take to do as it was asked.
+/// How long a window manager may take to carry out a request.
 constexpr double requestSeconds = HiddenWindows::settlingSeconds;
 
 RunningApplication describeApp(const IdentifiedApp& app) {
@@ -52,7 +52,7 @@ EwmhRunningApplications::EwmhRunningApplications(X11Connection& connection, RunL
         if (std::erase(announced_, startupID) > 0)
             messenger_.broadcast({.kind = "remove", .values = {{"ID", startupID}}});
     };
-    catalogChanges_ = catalog_.observeChanges(lifetime_.guard([this] { identifyAnew(); }));
+    catalogChanges_ = catalog_.observeChanges(lifetime_.guard([this] { identifyAgain(); }));
     groups_ = currentGroups();
 }
 
@@ -117,11 +117,11 @@ bool EwmhRunningApplications::bringForward(const std::string& bundleID) {
     if (group == nullptr)
         return false;
     const ClientWindow& front = AppGroups::mostRecent(*group);
-    for (const auto& [window, isSurelyIconified] : hidden_.bringBack(*group, runLoop_.now())) {
+    for (const auto& [window, isKnownIconified] : hidden_.bringBack(*group, runLoop_.now())) {
         xcb_map_window(connection_.get(), window);
-        // Mapping does nothing to a window that is still to be iconified. Activating it restores it
-        // after that, since requests are carried out in order.
-        if (!isSurelyIconified && window != front.id)
+        // Mapping has no effect on a window that is yet to be iconified. Requests are carried out
+        // in order, so activating it restores it after that.
+        if (!isKnownIconified && window != front.id)
             activate(window);
     }
     showDesktopOf(front);
@@ -131,13 +131,13 @@ bool EwmhRunningApplications::bringForward(const std::string& bundleID) {
 }
 
 std::optional<std::uint32_t> EwmhRunningApplications::currentDesktop() const {
-    if (desktopAskedFor_ && runLoop_.now() - desktopAskedFor_->since < requestSeconds)
-        return desktopAskedFor_->value;
+    if (requestedDesktop_ && runLoop_.now() - requestedDesktop_->since < requestSeconds)
+        return requestedDesktop_->value;
     return clients_.currentDesktop();
 }
 
 void EwmhRunningApplications::expectOnCurrentDesktop(xcb_window_t window) {
-    windowSentHere_ = Request{window, runLoop_.now()};
+    windowSentToCurrentDesktop_ = Request{window, runLoop_.now()};
 }
 
 void EwmhRunningApplications::launchBegan(const std::string& startupID, const DesktopEntry& entry,
@@ -174,20 +174,21 @@ void EwmhRunningApplications::update() {
     announce(before);
 }
 
-/// Forgets what was asked of the window manager once it is reported.
+/// Drops requested states once the window manager has reported them.
 void EwmhRunningApplications::noteDesktops() {
     const auto desktop = clients_.currentDesktop();
     if (desktop != desktopBefore_)
-        desktopAskedFor_.reset();
-    if (!windowSentHere_ || !desktop)
+        requestedDesktop_.reset();
+    if (!windowSentToCurrentDesktop_ || !desktop)
         return;
     const auto& windows = clients_.windows();
-    const auto sent = std::ranges::find(windows, windowSentHere_->value, &ClientWindow::id);
+    const auto sent =
+        std::ranges::find(windows, windowSentToCurrentDesktop_->value, &ClientWindow::id);
     if (sent == windows.end() || sent->isOnDesktop(*desktop))
-        windowSentHere_.reset();
+        windowSentToCurrentDesktop_.reset();
 }
 
-void EwmhRunningApplications::identifyAnew() {
+void EwmhRunningApplications::identifyAgain() {
     identified_.clear();
     update();
 }
@@ -211,7 +212,7 @@ void EwmhRunningApplications::handle(const StartupMessage& message) {
     }
     if (message.kind != "new")
         return;
-    // An app that runs only opens another window.
+    // If the app is already running, the launch only opens another window.
     const auto app = appNamedBy(message);
     if (app && AppGroups::find(groups_, app->bundleID) == nullptr)
         launches_.begin(id, *app, /*isOurs=*/false);
@@ -229,7 +230,7 @@ std::vector<AppGroup> EwmhRunningApplications::currentGroups() {
     return AppGroups::group(owned);
 }
 
-/// Reading what the system knows of a process takes time; only what changed is looked at again.
+/// Inspecting a process is slow, so windows are identified again only when they changed.
 IdentifiedApp EwmhRunningApplications::identify(const ClientWindow& window) {
     const auto known = identified_.find(window.id);
     if (known != identified_.end() && known->second.traits == window.traits &&
@@ -243,7 +244,7 @@ IdentifiedApp EwmhRunningApplications::identify(const ClientWindow& window) {
     return app;
 }
 
-/// Starters name the entry, or the class that the first window will have, or the program.
+/// The launcher names the entry, or the WM_CLASS of the first window, or the executable.
 std::optional<IdentifiedApp>
 EwmhRunningApplications::appNamedBy(const StartupMessage& message) const {
     WindowTraits traits;
@@ -268,16 +269,18 @@ const AppGroup* EwmhRunningApplications::groupOf(const RunningApplication& app) 
     return app.bundleID ? AppGroups::find(groups_, *app.bundleID) : nullptr;
 }
 
-/// Window managers differ in what activating a window on another desktop does: they go there, fetch
-/// it, or only mark it. Pagers, who ask for the desktop first, get the same from all.
+/// Window managers differ in how they activate a window on another desktop: they switch to it,
+/// bring the window over, or only mark it as urgent. Requesting the desktop first, as pagers do,
+/// works the same everywhere.
 void EwmhRunningApplications::showDesktopOf(const ClientWindow& window) {
     const auto current = currentDesktop();
-    const bool isComing = windowSentHere_ && windowSentHere_->value == window.id &&
-                          runLoop_.now() - windowSentHere_->since < requestSeconds;
+    const bool isComing = windowSentToCurrentDesktop_ &&
+                          windowSentToCurrentDesktop_->value == window.id &&
+                          runLoop_.now() - windowSentToCurrentDesktop_->since < requestSeconds;
     if (!current || !window.desktop || window.isOnDesktop(*current) || isComing)
         return;
     desktopBefore_ = clients_.currentDesktop();
-    desktopAskedFor_ = Request{*window.desktop, runLoop_.now()};
+    requestedDesktop_ = Request{*window.desktop, runLoop_.now()};
     const std::array<std::uint32_t, 2> data{*window.desktop, connection_.userTime()};
     connection_.sendToRoot(connection_.root(), "_NET_CURRENT_DESKTOP", data);
 }
@@ -301,7 +304,8 @@ void EwmhRunningApplications::close(xcb_window_t window) const {
         connection_.sendToRoot(window, "_NET_CLOSE_WINDOW", data);
         return;
     }
-    // Without such a window manager the window is asked itself, if it understands.
+    // If the window manager does not support this, the window itself is asked to close, provided it
+    // takes part in the protocol.
     const auto protocols = connection_.atoms(window, "WM_PROTOCOLS");
     const xcb_atom_t deletion = connection_.atom("WM_DELETE_WINDOW");
     if (std::ranges::find(protocols, deletion) != protocols.end()) {

@@ -1,5 +1,5 @@
-/// The applications that run: the window manager's windows gathered by desktop entry, and the
-/// launches under way.
+/// The running applications: the window manager's windows grouped by desktop entry, plus pending
+/// launches.
 #pragma once
 
 #include "Applications/ClientWindows/AppGroups.hpp"
@@ -34,12 +34,12 @@ public:
     ~EwmhRunningApplications() override = default;
 
     [[nodiscard]] std::vector<RunningApplication> running() const override;
-    /// One at most: what has one identifier is one app here.
+    /// At most one, because windows with the same identifier are one app here.
     [[nodiscard]] std::vector<RunningApplication>
     instances(const std::string& bundleID) const override;
-    /// Iconifies the windows that the app shows on the current desktop.
+    /// Iconifies the app's windows on the current desktop.
     void hide(const RunningApplication& app) override;
-    /// Closes the app's windows as their close buttons would.
+    /// Closes the app's windows the way their close buttons do.
     void terminate(const RunningApplication& app) override;
     [[nodiscard]] Subscription observeWillLaunch(Handler handler) override;
     [[nodiscard]] Subscription observeDidLaunch(Handler handler) override;
@@ -47,32 +47,32 @@ public:
 
     [[nodiscard]] std::vector<WindowIcon> windowIcons(const std::string& bundleID) const override;
 
-    /// Restores what `hide` iconified, shows the desktop of the window that was active last, and
-    /// activates that. False when the app does not run.
+    /// Restores what `hide` iconified, switches to the desktop of the most recently active window
+    /// and activates that window. Returns false if the app is not running.
     bool bringForward(const std::string& bundleID);
 
-    /// The desktop that is shown, or will be once the window manager has done what was asked of it;
-    /// nothing when it does not say.
+    /// The current desktop, or the one that was requested and will be current soon; nullopt if the
+    /// window manager does not say.
     [[nodiscard]] std::optional<std::uint32_t> currentDesktop() const;
 
-    /// The window was sent to the desktop that is shown: bringing its app forward must not go to
-    /// the one that it came from.
+    /// Call when the window was sent to the current desktop, so that bringing its app forward does
+    /// not switch to the desktop it came from.
     void expectOnCurrentDesktop(xcb_window_t window);
 
-    /// Announces a launch of ours. With `tellsOthers` the other programs on the display hear of it
-    /// too, and of its end if the app says nothing itself.
+    /// Announces one of our launches. With `tellsOthers` it is broadcast to the other programs on
+    /// the display, and so is its end if the app does not report that itself.
     void launchBegan(const std::string& startupID, const DesktopEntry& entry,
                      const std::string& bundleID, bool tellsOthers);
-    /// Whether the app is being launched: until the launch is over, and for a double click's length
-    /// after it began.
+    /// Whether the app is being launched: until the launch ends, and at least for a double click's
+    /// duration after it began.
     [[nodiscard]] bool isLaunching(const std::string& bundleID, double doubleClickSeconds) const {
         return launches_.isUnderWay(bundleID, doubleClickSeconds);
     }
-    /// The launch came to nothing. False when it had ended before, as with a program that showed a
-    /// window and ends with an error later.
+    /// Reports that the launch failed. Returns false if it had already ended, for example if the
+    /// program showed a window and later exited with an error.
     bool launchFailed(const std::string& startupID);
 
-    /// The app's windows in the window manager's order; empty when it does not run.
+    /// The app's windows in the window manager's order; empty if it is not running.
     [[nodiscard]] std::vector<ClientWindow> windows(const std::string& bundleID) const;
 
 private:
@@ -83,7 +83,7 @@ private:
     };
 
     void update();
-    void identifyAnew();
+    void identifyAgain();
     void announce(const std::vector<AppGroup>& before);
     void handle(const StartupMessage& message);
     [[nodiscard]] std::vector<AppGroup> currentGroups();
@@ -106,17 +106,17 @@ private:
     std::unordered_map<xcb_window_t, Identification> identified_;
     std::vector<AppGroup> groups_;
     HiddenWindows hidden_;
-    /// Asked of the window manager at `since`, and not reported yet.
+    /// Requested from the window manager at `since`, and not reported back yet.
     struct Request {
         std::uint32_t value = 0;
         double since = 0;
     };
-    /// The desktop to be shown, and the window to be sent to the one that is shown.
-    std::optional<Request> desktopAskedFor_;
-    std::optional<Request> windowSentHere_;
-    /// The desktop that was shown when the first of the two was asked for.
+    /// The requested desktop, and the window that was sent to the current desktop.
+    std::optional<Request> requestedDesktop_;
+    std::optional<Request> windowSentToCurrentDesktop_;
+    /// The current desktop at the time of the request in `requestedDesktop_`.
     std::optional<std::uint32_t> desktopBefore_;
-    /// Launches that other programs were told of.
+    /// Launches that were broadcast to other programs.
     std::vector<std::string> announced_;
     CallbackList<std::optional<RunningApplication>> willLaunch_;
     CallbackList<std::optional<RunningApplication>> didLaunch_;

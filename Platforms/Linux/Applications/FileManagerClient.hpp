@@ -12,11 +12,11 @@ namespace vireline::x11 {
 
 class FileManagerClient {
 public:
-    /// A file manager that has to be started first may take a while.
+    /// Generous, because the file manager may have to be started first.
     static constexpr int timeoutMilliseconds = 8000;
 
-    /// Shows the files selected in their folders. `done` hears of the outcome on the main thread,
-    /// never at once; a failure means that the files may not be shown.
+    /// Shows the files, selected, in their folders. `done` is called on the main thread, never
+    /// synchronously; after a failure the files may or may not be shown.
     void showItems(std::vector<std::string> uris, std::function<void(Result<void>)> done);
 
 private:

@@ -19,8 +19,8 @@ std::string described(const PlatformError& error) {
     return PlainText::clean(error.description, 1024);
 }
 
-/// Programs that other programs are started from hand the ID on to all of those, and some entries
-/// say that theirs does not know what to do with one.
+/// Launchers such as terminals leak the ID to everything they start, and some entries opt out
+/// (StartupNotify=false).
 bool wantsStartupID(const DesktopEntry& entry) {
     return !entry.terminal && !entry.isTerminalEmulator && entry.startupNotify.value_or(true);
 }
@@ -50,8 +50,8 @@ void GioWorkspace::openApplication(const std::string& bundleID, const FileURL& u
         DevLog::write("launch failed " + bundleID + ": no desktop entry");
 }
 
-/// The second click of a pair comes within the user's double-click time, and is handled a little
-/// later than it was made.
+/// The second click of a double click is handled slightly later than it was made, so it gets some
+/// extra time.
 bool GioWorkspace::isLaunching(const std::string& bundleID) const {
     constexpr double handlingSeconds = 0.6;
     return running_.isLaunching(bundleID, pointerSettings_.doubleClickInterval() + handlingSeconds);
@@ -87,7 +87,7 @@ void GioWorkspace::reveal(const std::vector<FileURL>& urls) {
         }));
 }
 
-/// A desktop need not say which program opens folders for there to be one.
+/// A file manager may be installed even if the desktop does not say which program opens folders.
 std::string GioWorkspace::fileManagerPath() const {
     const auto* found = catalog_.index().find(catalog_.fileManager().bundleID);
     return found == nullptr ? std::string{} : found->entry.path;
@@ -116,8 +116,8 @@ void GioWorkspace::openFolders(const std::vector<FileURL>& files) {
         open(folder);
 }
 
-/// Different from those of all other programs and of earlier runs; the time of the click at its end
-/// lets the new window come to the front.
+/// Unique among all programs and earlier runs. The click's time at its end allows the new window to
+/// come to the front.
 std::string GioWorkspace::nextStartupID() {
     return "vireline-" + std::to_string(getpid()) + '-' + std::to_string(++launches_) + "_TIME" +
            std::to_string(connection_.userTime());

@@ -1,4 +1,4 @@
-/// Opens applications, files and folders as this desktop does.
+/// Opens applications, files and folders with the programs that the desktop associates with them.
 #pragma once
 
 #include "Applications/DesktopEntryCatalog.hpp"

@@ -1,4 +1,4 @@
-/// The pictures that windows bring along themselves, for apps that no desktop entry gives an icon.
+/// The icons that windows themselves provide, for apps whose icon no desktop entry names.
 #pragma once
 
 #include <cstdint>
@@ -7,12 +7,12 @@
 
 namespace vireline::x11 {
 
-/// One picture of `_NET_WM_ICON`.
+/// One image of `_NET_WM_ICON`.
 struct WindowIcon {
     /// Pixels; neither is ever 0.
     std::uint32_t width = 0;
     std::uint32_t height = 0;
-    /// width × height pixels, rows from the top, each 0xAARRGGBB, colours not multiplied by alpha.
+    /// width × height pixels, rows from the top, each 0xAARRGGBB, not premultiplied.
     std::vector<std::uint32_t> pixels;
 
     bool operator==(const WindowIcon&) const = default;
@@ -22,8 +22,8 @@ class WindowIconSource {
 public:
     virtual ~WindowIconSource() = default;
 
-    /// All pictures of the app's first window that has any, the smallest first. Empty when the app
-    /// does not run or its windows have none that is valid.
+    /// All images of the app's first window that has any, smallest first. Empty if the app is not
+    /// running or its windows have no valid image.
     [[nodiscard]] virtual std::vector<WindowIcon>
     windowIcons(const std::string& bundleID) const = 0;
 };

@@ -1,4 +1,4 @@
-/// Which of an app's windows a process has, and which of them is its main one.
+/// Selects an app's windows by process, and finds its main window.
 #pragma once
 
 #include "Applications/ClientWindows/ClientWindow.hpp"
@@ -10,12 +10,13 @@
 
 namespace vireline::x11::AppWindows {
 
-/// The ordinary windows of that process, in the order given. Windows often do not say whose they
-/// are: those of an unknown process, or of one that has none here, are all of the app's.
+/// The ordinary windows of that process, in the given order. Many windows do not name their
+/// process, so for an unknown process, or one without windows here, all of the app's ordinary
+/// windows are returned.
 [[nodiscard]] std::vector<ClientWindow> ofProcess(std::span<const ClientWindow> windows,
                                                   std::int32_t processIdentifier);
 
-/// The normal window that was active last; of those that never were, the newest.
+/// The most recently active normal window; if none was ever active, the newest.
 [[nodiscard]] std::optional<ClientWindow> mainWindow(std::span<const ClientWindow> windows);
 
 }

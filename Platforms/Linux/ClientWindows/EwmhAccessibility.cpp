@@ -11,7 +11,7 @@
 namespace vireline::x11 {
 namespace {
 
-/// How long the question for the permission may take; it is about no element.
+/// Timeout for checking the permission; applies to no particular element.
 constexpr double trustSeconds = 0.5;
 
 constexpr float defaultTimeout = 0.5F;
@@ -39,8 +39,8 @@ struct EwmhAccessibility::WindowElement final : public AccessibilityElement {
 
     xcb_window_t id;
     float timeout = defaultTimeout;
-    /// What was set through this element. The window manager answers later, and one attribute set
-    /// must not undo another.
+    /// What was set through this element. Remembered because the window manager applies it later,
+    /// and setting one attribute must not undo another.
     std::optional<Point> position;
     std::optional<Size> size;
 
@@ -79,7 +79,7 @@ ElementHandle EwmhAccessibility::application(std::int32_t processIdentifier,
 }
 
 void EwmhAccessibility::setMessagingTimeout(AccessibilityElement& element, float seconds) {
-    // What is asked of an application is known already.
+    // What is known about applications is cached, so a timeout matters only for windows.
     if (auto* const window = dynamic_cast<WindowElement*>(&element))
         window->timeout = seconds;
 }
@@ -147,7 +147,7 @@ Result<WindowSnapshot> EwmhAccessibility::look(const WindowElement& window) cons
     if (!access_ || screens_.displays().empty())
         return noWindow();
     auto snapshot = access_->reader.read(window.id, SideConnection::in(window.timeout));
-    // A switch of desktops may have been asked for a moment ago.
+    // The snapshot may be older than a switch of desktops that was just requested.
     if (snapshot)
         snapshot->currentDesktop = applications_.currentDesktop();
     return snapshot;

@@ -1,5 +1,5 @@
-/// Other programs' windows, moved by asking the window manager as pagers and taskbars do (EWMH).
-/// The permission is there exactly while a window manager runs that can be asked.
+/// Other programs' windows, moved through the window manager as pagers and taskbars do (EWMH). The
+/// permission counts as granted exactly while a window manager supports that.
 #pragma once
 
 #include "Applications/ClientWindows/ClientWindow.hpp"
@@ -32,7 +32,7 @@ public:
     [[nodiscard]] bool isTrusted() const override { return canMoveWindows(); }
     [[nodiscard]] bool canMoveWindows() const override;
     [[nodiscard]] Subscription observeManager(std::function<void()> handler) override;
-    /// There is no permission to ask for: another window manager is what it takes.
+    /// There is no permission to ask for; only another window manager could change the answer.
     bool isTrustedWithPrompt() override { return isTrusted(); }
 
     [[nodiscard]] ElementHandle application(std::int32_t processIdentifier,
@@ -50,7 +50,7 @@ private:
     struct AppElement;
     struct WindowElement;
 
-    /// Exists if the server let us in, and then for good.
+    /// Created once the server has accepted the connection, and then kept.
     struct Access {
         Access(std::unique_ptr<SideConnection> opened, X11Connection& connection, RunLoop& runLoop,
                const RandrScreens& screens);
@@ -65,7 +65,7 @@ private:
     [[nodiscard]] Result<WindowSnapshot> look(const WindowElement& window) const;
     [[nodiscard]] Result<Rect> frame(const WindowElement& window) const;
     [[nodiscard]] Rect frame(const WindowSnapshot& snapshot) const;
-    /// Of the display that this frame is meant for.
+    /// The visible frame of the display that the frame is meant for.
     [[nodiscard]] Rect visibleFrame(const Rect& meant) const;
     void send(const WindowElement& window, const WindowSnapshot& now, WindowGoal goal);
 

@@ -9,10 +9,10 @@
 namespace vireline::x11 {
 namespace {
 
-/// A window manager says that it is there before it says what it supports.
+/// A window manager announces itself before it lists what it supports.
 constexpr double managerSettlingSeconds = 1;
 
-/// How long it may take to ask; seconds.
+/// Timeout for the query; seconds.
 constexpr double lookSeconds = 0.5;
 
 }
@@ -37,7 +37,7 @@ void ManagerNotice::handle(const xcb_generic_event_t& event) {
             lookSoon();
     } else if (kind == XCB_PROPERTY_NOTIFY &&
                concernsManager(reinterpret_cast<const xcb_property_notify_event_t&>(event))) {
-        // Its window may have the number of the one before.
+        // The new manager's window may have the same ID as its predecessor's.
         last_.reset();
         lookSoon();
     }
@@ -59,7 +59,7 @@ void ManagerNotice::look() {
     if (now == last_)
         return;
     last_ = now;
-    // One that is killed takes nothing back, but its window goes.
+    // A window manager that is killed leaves its properties behind, but its window is destroyed.
     if (now.window)
         connection_.selectInput(*now.window, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     if (now.ability == ManagerAbility::movesNone)

@@ -1,5 +1,5 @@
-/// Follows which window manager runs and whether it moves windows for other programs. Tells the
-/// log, once for each, of one that does not: the features that need it do nothing then.
+/// Tracks which window manager is running and whether it moves windows for other programs. Logs
+/// once for each one that does not, because then the features that rely on it have no effect.
 #pragma once
 
 #include "ClientWindows/WindowReader.hpp"
@@ -30,7 +30,8 @@ public:
     ManagerNotice& operator=(ManagerNotice&&) = delete;
     ~ManagerNotice() = default;
 
-    /// Calls `listener` after a window manager came, went, or took to moving windows or gave it up.
+    /// Notifies `listener` when a window manager starts or exits, or begins or stops moving
+    /// windows.
     [[nodiscard]] Subscription observe(std::function<void()> listener) {
         return changes_.add(std::move(listener));
     }
@@ -51,7 +52,7 @@ private:
     X11Connection& connection_;
     const WindowReader& reader_;
     RunLoop& runLoop_;
-    /// Nothing once another window manager has shown that it is there.
+    /// nullopt as soon as another window manager has announced itself.
     std::optional<Sighting> last_;
     CallbackList<> changes_;
     Timer look_;

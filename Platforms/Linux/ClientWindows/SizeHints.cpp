@@ -7,10 +7,10 @@
 namespace vireline::x11 {
 namespace {
 
-/// The protocol's longest window side.
+/// The longest side that the X protocol allows.
 constexpr int greatest = 32767;
 
-/// ICCCM's flags, and where each pair of numbers stands.
+/// ICCCM's flags, and the index of each pair of numbers.
 constexpr std::uint32_t hasMinimum = 1U << 4U;
 constexpr std::uint32_t hasMaximum = 1U << 5U;
 constexpr std::uint32_t hasIncrement = 1U << 6U;
@@ -47,7 +47,7 @@ SizeHints SizeHints::parse(std::span<const std::uint32_t> words) {
     const auto base = sizeAt(words, hasBase, baseAt);
     const auto increment = sizeAt(words, hasIncrement, incrementAt);
     SizeHints hints;
-    // Each of the two stands in for the other.
+    // If only one of the two is set, it serves as the other.
     if (const auto least = minimum ? minimum : base)
         hints.minimum = {std::max(1, least->width), std::max(1, least->height)};
     if (const auto first = base ? base : minimum)

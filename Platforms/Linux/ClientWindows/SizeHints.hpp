@@ -1,5 +1,5 @@
-/// What sizes a window says that it can have (WM_NORMAL_HINTS). Lengths are pixels of the client
-/// area, without what the window manager puts around it.
+/// The sizes that a window supports (WM_NORMAL_HINTS). Lengths are pixels of the client area,
+/// without the window manager's decoration.
 #pragma once
 
 #include <cstdint>
@@ -17,14 +17,14 @@ struct PixelSize {
 struct SizeHints {
     PixelSize minimum{1, 1};
     PixelSize maximum{32767, 32767};
-    /// Sizes are whole numbers of increments above the base.
+    /// Valid sizes are the base plus a whole number of increments.
     PixelSize base{0, 0};
     PixelSize increment{1, 1};
 
-    /// From the property's 32-bit items. What is missing or makes no sense counts as not said.
+    /// Parsed from the property's 32-bit items. Missing or nonsensical values are treated as unset.
     [[nodiscard]] static SizeHints parse(std::span<const std::uint32_t> words);
 
-    /// The greatest size within the hints that is not greater than `wanted`, else the least one.
+    /// The largest valid size that does not exceed `wanted`, otherwise the smallest valid one.
     [[nodiscard]] PixelSize constrained(PixelSize wanted) const noexcept;
 
     bool operator==(const SizeHints&) const = default;

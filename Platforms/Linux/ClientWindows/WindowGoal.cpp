@@ -14,7 +14,7 @@ struct Span {
     [[nodiscard]] int end() const noexcept { return start + length; }
 };
 
-/// A side that is too long stays where it was asked to be.
+/// Clamps the position; a side that is too long stays at the requested position.
 int keptWithin(const Span& span, const Span& bounds) {
     if (span.length > bounds.length)
         return span.start;
@@ -27,10 +27,10 @@ PixelRect keptInside(const PixelRect& outer, const PixelRect& bounds) {
             outer.height};
 }
 
-/// At which end of an axis the dock is, as far as a frame tells.
+/// At which end of an axis the dock is, as far as the frame reveals it.
 enum class DockEnd : std::uint8_t { none, start, end };
 
-/// A frame beside a dock takes all that is visible but the strip at that end.
+/// A frame next to a dock covers the visible frame except for the strip at that end.
 DockEnd dockEnd(const Span& asked, const Span& visible, bool fillsOtherAxis) {
     const int freeBefore = asked.start - visible.start;
     const int freeBehind = visible.end() - asked.end();
@@ -43,7 +43,7 @@ bool isSame(const Span& one, const Span& other) {
     return one.start == other.start && one.length == other.length;
 }
 
-/// Where a side of this length starts that was asked to be `asked`.
+/// The position of a side of this length whose requested span was `asked`.
 int placed(int length, const Span& asked, DockEnd dock, const Span& display) {
     if (length <= asked.length || dock == DockEnd::start)
         return asked.start;

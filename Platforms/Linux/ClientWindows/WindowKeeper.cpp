@@ -11,21 +11,20 @@
 namespace vireline::x11 {
 namespace {
 
-/// How long a window manager and the program itself may take to bring the window to its goal;
-/// seconds.
+/// How long the window manager and the program may take to bring the window to its goal; seconds.
 constexpr double arrivalSeconds = 2;
-/// How long the window has to stay there; seconds. A program that moves the window that it has just
-/// shown does so at once, and a user takes longer than this to decide otherwise.
+/// How long the window has to stay there; seconds. A program that moves its newly shown window does
+/// so at once, and a user takes longer than this to move it.
 constexpr double restSeconds = 0.5;
-/// What has moved the window away this often is meant to.
-constexpr int mostCorrections = 6;
-/// How long a check may take; seconds.
+/// Something that has moved the window away this often does so deliberately.
+constexpr int maximumCorrections = 6;
+/// Timeout for one check; seconds.
 constexpr double checkSeconds = 0.1;
 
-/// EWMH: the user wants it.
+/// EWMH source indication 2: the request comes from the user.
 constexpr std::uint32_t fromPager = 2;
 
-/// The events of a window that tell that it moved, changed or went.
+/// The events that report that a window was moved, changed or destroyed.
 constexpr std::uint32_t windowEvents =
     XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
 
@@ -47,7 +46,7 @@ WindowKeeper::WindowKeeper(const X11Connection& connection, SideConnection& side
 
 void WindowKeeper::send(xcb_window_t window, const WindowSnapshot& now, const WindowGoal& goal) {
     const auto [entry, isNew] = kept_.try_emplace(window);
-    // One that is on its way may not fill anything right now.
+    // A window that is still being moved may temporarily not fill anything.
     WindowFill fill = now.fill.isAny() ? now.fill : entry->second.fill;
     if (goal.isSized)
         fill = {};
@@ -90,7 +89,7 @@ void WindowKeeper::setFill(xcb_window_t window, const WindowFill& fill, bool isO
 
 void WindowKeeper::request(xcb_window_t window, const WindowSnapshot& now,
                            const WindowGoal& goal) const {
-    // Static gravity: the numbers are those of the client area where it shall be.
+    // With static gravity the coordinates are those of the client area's new position.
     constexpr std::uint32_t position = XCB_GRAVITY_STATIC | 1U << 8U | 1U << 9U;
     constexpr std::uint32_t size = 1U << 10U | 1U << 11U;
     const auto displays = displays_();
@@ -147,14 +146,14 @@ bool WindowKeeper::check(xcb_window_t window, Kept& kept) {
             checkLater(window);
         return isLate;
     }
-    if (kept.fill.isAny() && hasComeToDisplay(kept, *now))
+    if (kept.fill.isAny() && hasReachedDisplay(kept, *now))
         return false;
-    if (isAstray(kept, *now)) {
+    if (isMisplaced(kept, *now)) {
         if (reader_.isUserAtWork(deadline)) {
             kept.fill = {};
             return false;
         }
-        if (++kept.corrections > mostCorrections)
+        if (++kept.corrections > maximumCorrections)
             return false;
         kept.isResting = false;
         releaseAfter(window, kept, kept.deadline - runLoop_.now());
@@ -165,12 +164,12 @@ bool WindowKeeper::check(xcb_window_t window, Kept& kept) {
     return true;
 }
 
-bool WindowKeeper::isAstray(const Kept& kept, const WindowSnapshot& now) const {
+bool WindowKeeper::isMisplaced(const Kept& kept, const WindowSnapshot& now) const {
     const auto displays = displays_();
     return !displays.empty() && WindowGoals::outerFrame(kept.goal, now, displays) != now.outer();
 }
 
-bool WindowKeeper::hasComeToDisplay(const Kept& kept, const WindowSnapshot& now) const {
+bool WindowKeeper::hasReachedDisplay(const Kept& kept, const WindowSnapshot& now) const {
     const auto displays = displays_();
     return !now.fill.isAny() && !displays.empty() &&
            WindowGoals::isOnDisplay(kept.goal, now, displays);
@@ -186,7 +185,7 @@ void WindowKeeper::releaseAfter(xcb_window_t window, Kept& kept, double seconds)
                                   lifetime_.guard([this, window] { release(window); }));
 }
 
-/// Makes it fill its display again, wherever it has come to.
+/// Makes the window fill its current display again.
 void WindowKeeper::release(xcb_window_t window) {
     const auto found = kept_.find(window);
     if (found == kept_.end())
@@ -197,8 +196,8 @@ void WindowKeeper::release(xcb_window_t window) {
     kept_.erase(found);
 }
 
-/// Returns once the server knows: it may take the requests of one connection long before those of
-/// another.
+/// Waits until the server has processed this: requests on different connections are not ordered
+/// relative to each other.
 void WindowKeeper::listen(xcb_window_t window) const {
     xcb_change_window_attributes(side_.get(), window, XCB_CW_EVENT_MASK, &windowEvents);
     side_.sync(SideConnection::in(checkSeconds));

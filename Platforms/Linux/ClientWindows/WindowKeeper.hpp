@@ -1,7 +1,7 @@
-/// Sends windows where they were asked to be, and sees to it that they get there: window managers
-/// answer later and each in its way, and programs that have just started move their windows once
-/// more. A window is held only until it has rested at its goal for a moment, so that whatever moves
-/// it later wins. Works by events, and a timer per window that ends the hold.
+/// Sends windows to a requested place and makes sure that they get there: window managers answer
+/// later and differently, and programs that have just started move their windows again. A window is
+/// held only until it has stayed at its goal for a moment, so any later move is respected. Driven
+/// by events, plus a timer per window that ends the hold.
 #pragma once
 
 #include "ClientWindows/WindowGoal.hpp"
@@ -29,8 +29,8 @@ class WindowKeeper {
 public:
     using Displays = std::function<std::span<const Display>()>;
 
-    /// Requests go out on `connection`, in order with all others of this program; `side` hears what
-    /// becomes of them.
+    /// Requests are sent on `connection`, in order with all other requests of this program; their
+    /// effects are observed on `side`.
     WindowKeeper(const X11Connection& connection, SideConnection& side, RunLoop& runLoop,
                  Displays displays);
     WindowKeeper(const WindowKeeper&) = delete;
@@ -39,17 +39,17 @@ public:
     WindowKeeper& operator=(WindowKeeper&&) = delete;
     ~WindowKeeper() = default;
 
-    /// Makes the window one that can be seen and moved, and sends it to its goal. Until it has
-    /// rested there it is corrected when it goes elsewhere by itself. A window that filled its
-    /// display, and was not given a size, fills the one that it has come to.
+    /// Makes the window visible and movable, and sends it to its goal. Until it has stayed there
+    /// for a moment, moves away from it are corrected. A window that filled its display, and was
+    /// not given a size, then fills the new one.
     void send(xcb_window_t window, const WindowSnapshot& now, const WindowGoal& goal);
 
 private:
     struct Kept {
         WindowGoal goal;
-        /// What the window shall fill again on the display that is meant.
+        /// What the window should fill again on the new display.
         WindowFill fill;
-        /// On the run loop's clock; whatever happens, the window is let go then.
+        /// On the run loop's clock; the hold ends then in any case.
         double deadline = 0;
         bool isResting = false;
         int corrections = 0;
@@ -59,10 +59,10 @@ private:
     void handle(const xcb_generic_event_t& event);
     void noteChange(xcb_window_t window);
     void checkChanged();
-    /// Whether the window is still to be held.
+    /// Whether the window must still be held.
     [[nodiscard]] bool check(xcb_window_t window, Kept& kept);
-    [[nodiscard]] bool isAstray(const Kept& kept, const WindowSnapshot& now) const;
-    [[nodiscard]] bool hasComeToDisplay(const Kept& kept, const WindowSnapshot& now) const;
+    [[nodiscard]] bool isMisplaced(const Kept& kept, const WindowSnapshot& now) const;
+    [[nodiscard]] bool hasReachedDisplay(const Kept& kept, const WindowSnapshot& now) const;
     void makeMovable(xcb_window_t window, const WindowSnapshot& now) const;
     void setFill(xcb_window_t window, const WindowFill& fill, bool isOn) const;
     void request(xcb_window_t window, const WindowSnapshot& now, const WindowGoal& goal) const;

@@ -31,16 +31,16 @@ constexpr std::array<std::string_view, 3> requests{"_NET_MOVERESIZE_WINDOW", "_N
 
 constexpr std::uint32_t allDesktops = 0xffffffff;
 constexpr std::size_t word = sizeof(std::uint32_t);
-/// More than any window manager lists.
-constexpr std::size_t mostAtoms = 4096;
+/// A sanity limit on the number of supported atoms.
+constexpr std::size_t maximumAtoms = 4096;
 
-/// No frame is as thick as this; what says so is broken.
-constexpr std::uint32_t thickestFrame = 4096;
+/// A sanity limit: no frame is this thick.
+constexpr std::uint32_t maximumFrame = 4096;
 
 FrameExtents extents(std::span<const std::uint32_t> words) {
     constexpr std::size_t sides = 4;
     if (words.size() < sides ||
-        std::ranges::any_of(words.first(sides), [](auto side) { return side > thickestFrame; }))
+        std::ranges::any_of(words.first(sides), [](auto side) { return side > maximumFrame; }))
         return {};
     const auto side = [words](std::size_t index) { return static_cast<int>(words[index]); };
     return {.left = side(0), .right = side(1), .top = side(2), .bottom = side(3)};
@@ -108,12 +108,12 @@ bool WindowReader::concerns(xcb_atom_t property) const {
 ManagerAbility WindowReader::managerAbility(SideConnection::Deadline deadline) const {
     PropertyBatch ofRoot{connection_, side_, deadline};
     const auto check = ofRoot.ask(side_.root(), "_NET_SUPPORTING_WM_CHECK", word);
-    const auto supported = ofRoot.ask(side_.root(), "_NET_SUPPORTED", mostAtoms * word);
+    const auto supported = ofRoot.ask(side_.root(), "_NET_SUPPORTED", maximumAtoms * word);
     const auto manager = ofRoot.word(check, XCB_ATOM_WINDOW);
     const auto all = ofRoot.words(supported, XCB_ATOM_ATOM);
     if (!manager)
         return ManagerAbility::noManager;
-    // One that was killed leaves its properties behind, but not its window.
+    // A window manager that was killed leaves its properties behind, but its window is destroyed.
     PropertyBatch ofManager{connection_, side_, deadline};
     const auto same = ofManager.ask(*manager, "_NET_SUPPORTING_WM_CHECK", word);
     if (ofManager.word(same, XCB_ATOM_WINDOW) != manager)

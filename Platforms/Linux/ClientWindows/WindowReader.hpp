@@ -1,4 +1,4 @@
-/// Looks at other programs' windows, within a limit of time.
+/// Inspects other programs' windows, with a time limit.
 #pragma once
 
 #include "ClientWindows/WindowSnapshot.hpp"
@@ -12,32 +12,32 @@
 
 namespace vireline::x11 {
 
-/// What the window manager of the moment offers to programs that move others' windows.
+/// What the current window manager offers to programs that move other programs' windows.
 enum class ManagerAbility {
     noManager,
-    movesNone,    ///< it runs, but takes no such requests; some only tile
-    movesWindows, ///< lists windows, activates, moves and sizes them
+    movesNone,    ///< runs, but accepts no such requests, like some tiling managers
+    movesWindows, ///< lists, activates, moves and resizes windows
 };
 
 class WindowReader {
 public:
-    /// The codes of its errors: the window is gone, or the X server does not answer.
+    /// Error codes: the window is gone, or the X server does not reply.
     static constexpr int windowIsGone = XCB_WINDOW;
     static constexpr int noAnswer = 110; // ETIMEDOUT
 
-    /// `side` carries the questions.
+    /// Queries are sent on `side`.
     WindowReader(const X11Connection& connection, SideConnection& side);
 
     [[nodiscard]] Result<WindowSnapshot> read(xcb_window_t window,
                                               SideConnection::Deadline deadline) const;
 
-    /// Whether a change of this property changes what `read` says.
+    /// Whether a change of this property affects what `read` returns.
     [[nodiscard]] bool concerns(xcb_atom_t property) const;
 
-    /// No answer in time counts as no window manager.
+    /// If there is no reply in time, the result is that there is no window manager.
     [[nodiscard]] ManagerAbility managerAbility(SideConnection::Deadline deadline) const;
 
-    /// The window by which the window manager shows that it is there; it goes with the manager.
+    /// The window manager's check window, which is destroyed when the manager exits.
     [[nodiscard]] std::optional<xcb_window_t>
     managerWindow(SideConnection::Deadline deadline) const;
 
@@ -45,7 +45,7 @@ public:
         return managerAbility(deadline) == ManagerAbility::movesWindows;
     }
 
-    /// Whether a button or a key is held down right now.
+    /// Whether a button or key is currently held down.
     [[nodiscard]] bool isUserAtWork(SideConnection::Deadline deadline) const;
 
 private:

@@ -1,4 +1,4 @@
-/// One window of another program as it stands on the screen.
+/// The state of another program's window at one moment.
 #pragma once
 
 #include "ClientWindows/SizeHints.hpp"
@@ -9,7 +9,7 @@
 
 namespace vireline::x11 {
 
-/// Pixels at each side.
+/// Pixels on each side.
 struct FrameExtents {
     int left = 0;
     int right = 0;
@@ -19,7 +19,7 @@ struct FrameExtents {
     bool operator==(const FrameExtents&) const = default;
 };
 
-/// What of its display the window fills by the window manager's doing, so that it cannot be moved.
+/// How the window manager makes the window fill its display, which prevents it from being moved.
 struct WindowFill {
     bool width = false;
     bool height = false;
@@ -33,35 +33,35 @@ struct WindowFill {
 struct WindowSnapshot {
     /// The client area, in root coordinates.
     PixelRect client;
-    /// What the window manager puts around it, such as the title bar.
+    /// The window manager's decoration, such as the title bar.
     FrameExtents decoration;
-    /// What the window itself keeps free around what the user takes for it, such as a shadow.
+    /// What the window itself leaves free around its visible part, such as a shadow.
     FrameExtents shadow;
     SizeHints hints;
     WindowFill fill;
     bool isIconified = false;
-    /// Nothing for a window that is on every desktop or does not say.
+    /// nullopt for a window that is on every desktop or does not say.
     std::optional<std::uint32_t> desktop;
-    /// The one that is shown.
+    /// The desktop that is currently shown.
     std::optional<std::uint32_t> currentDesktop;
 
     [[nodiscard]] bool isOnAnotherDesktop() const noexcept {
         return desktop && currentDesktop && *desktop != *currentDesktop;
     }
 
-    /// What the user takes for the window.
+    /// The visible outline of the window, as the user sees it.
     [[nodiscard]] PixelRect outer() const noexcept {
         return {client.x - decoration.left + shadow.left, client.y - decoration.top + shadow.top,
                 client.width + aroundWidth(), client.height + aroundHeight()};
     }
 
-    /// The client area that goes with an outer frame, any size taken.
+    /// The client area for an outer frame, without regard to size hints.
     [[nodiscard]] PixelRect clientFor(const PixelRect& outer) const noexcept {
         return {outer.x + decoration.left - shadow.left, outer.y + decoration.top - shadow.top,
                 outer.width - aroundWidth(), outer.height - aroundHeight()};
     }
 
-    /// The outer size that the window can have in place of this one.
+    /// As `SizeHints::constrained`, but for outer sizes.
     [[nodiscard]] PixelSize constrained(PixelSize outer) const noexcept {
         const PixelSize inner =
             hints.constrained({outer.width - aroundWidth(), outer.height - aroundHeight()});

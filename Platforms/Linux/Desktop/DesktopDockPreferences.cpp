@@ -40,7 +40,7 @@ void DesktopDockPreferences::watchUpTo(std::size_t last) {
     if (watched_ == last)
         return;
     watched_ = last;
-    // Each is observed afresh: what there is to observe depends on whether the source exists.
+    // Resubscribe to each: what can be watched depends on whether the source exists.
     for (std::size_t i = 0; i < sourceCount; ++i) {
         watches_.at(i) = i <= last
                              ? sources_.at(i)->observe(lifetime_.guard([this] { sourceChanged(); }))

@@ -1,6 +1,6 @@
-/// What the desktop's own dock has pinned, from the first of several places where this desktop
-/// keeps such a list: a property-list file, GNOME's favourites, Plank's launchers, and at last the
-/// platform's table of well-known apps.
+/// The apps pinned in the desktop's own dock, from the first source that exists on this desktop: a
+/// property-list file, GNOME's favourites, Plank's launchers, and finally the platform's table of
+/// well-known apps.
 #pragma once
 
 #include "Desktop/PinnedAppsSource.hpp"
@@ -19,24 +19,24 @@ namespace vireline::x11 {
 
 class DesktopDockPreferences final : public DockPreferences {
 public:
-    /// The desktop as this process finds it.
+    /// The desktop environment of this process.
     struct Surroundings {
         FileURL home;
         FileURL configHome;
-        /// XDG_CURRENT_DESKTOP.
+        /// The value of XDG_CURRENT_DESKTOP.
         std::string currentDesktop;
         SettingsStorage settings;
     };
 
-    /// The references outlive this object.
+    /// The references must outlive this object.
     DesktopDockPreferences(const Surroundings& surroundings, const FileSystem& fileSystem,
                            const ApplicationCatalog& catalog);
 
-    /// The list of the first place that exists. If that one cannot be read there is nothing; the
-    /// next is not asked for it.
+    /// The list of the first source that exists. If that one cannot be read, returns nullopt; later
+    /// sources are not tried.
     [[nodiscard]] std::optional<PropertyList> persistentApps() override;
 
-    /// Announces a change of the list in use, and that another one came into use.
+    /// Notifies when the list in use changes, or when another source takes its place.
     [[nodiscard]] Subscription observeChanges(std::function<void()> handler) override;
 
 private:
@@ -47,7 +47,8 @@ private:
     void sourceChanged();
 
     std::array<std::unique_ptr<PinnedAppsSource>, sourceCount> sources_;
-    /// Of the source in use and of those that would take its place. The others are left alone.
+    /// Subscriptions to the source in use and to those with higher priority. Others are not
+    /// watched.
     std::array<Subscription, sourceCount> watches_;
     std::optional<std::size_t> watched_;
     CallbackList<> changes_;

@@ -1,5 +1,4 @@
-/// What the running desktop calls itself: the names in XDG_CURRENT_DESKTOP, the most particular
-/// first.
+/// The running desktop's names in XDG_CURRENT_DESKTOP, the most specific first.
 #pragma once
 
 #include <string>
@@ -8,7 +7,7 @@
 
 namespace vireline::x11::DesktopNames {
 
-/// The names between colons; empty ones are passed over.
+/// Splits at colons; empty names are ignored.
 [[nodiscard]] std::vector<std::string> parse(std::string_view currentDesktop);
 
 /// From the environment.

@@ -8,7 +8,7 @@
 namespace vireline::x11 {
 namespace {
 
-/// The variable lists desktops from the most special to the most general: "ubuntu:GNOME".
+/// The variable lists desktops from the most specific to the most general: "ubuntu:GNOME".
 bool names(std::string_view currentDesktop, std::string_view desktop) {
     return std::ranges::any_of(currentDesktop | std::views::split(':'),
                                [&](const auto& name) { return std::ranges::equal(name, desktop); });

@@ -1,4 +1,4 @@
-/// The favourite apps of GNOME's dash.
+/// The favourite apps in GNOME's dash.
 #pragma once
 
 #include "Desktop/PinnedAppsSource.hpp"
@@ -23,7 +23,7 @@ private:
     bool isGnome_;
     SettingsStorage storage_;
     const ApplicationCatalog& catalog_;
-    /// Looked up when it is first asked for, and never on another desktop: settings cost time.
+    /// Looked up on first use, and never on other desktops, because opening GSettings is slow.
     mutable std::optional<std::unique_ptr<StringListSetting>> favorites_;
 };
 

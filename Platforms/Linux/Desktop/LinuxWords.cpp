@@ -9,7 +9,7 @@ DesktopWords linuxWords() {
     words.anyDock = "dock";
     words.fileManager = "the file manager";
     words.fileManagerInTitle = "File Manager";
-    // Not every desktop has a place for the status item.
+    // Not every desktop has a place for the status item, so the text points to the dock's own menu.
     words.wayToSettings = ": right-click a dock beside its tiles.";
     words.anchorNeeds.clear();
     words.windowFeaturesNeed.clear();

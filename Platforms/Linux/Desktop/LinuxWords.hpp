@@ -1,5 +1,5 @@
-/// What texts for the user call things on a Linux desktop. They suit every desktop alike, since
-/// none of them names its parts as another does.
+/// The words for parts of the desktop in texts for the user. They are neutral, because each Linux
+/// desktop names its parts differently.
 #pragma once
 
 #include "Platform/DesktopWords.hpp"

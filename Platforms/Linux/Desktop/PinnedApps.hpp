@@ -1,4 +1,4 @@
-/// Lists of pinned apps in the shape in which the kit reads them, whoever keeps the list.
+/// Builds lists of pinned apps in the format that the kit reads, for every source.
 #pragma once
 
 #include "Foundation/PropertyList.hpp"
@@ -8,10 +8,10 @@
 
 namespace vireline::x11::PinnedApps {
 
-/// A tile with the app's URL text as it was found, to be judged by who reads it.
+/// A tile with the app's URL as it was found; the reader validates it.
 [[nodiscard]] PropertyList tile(const std::string& url);
 
-/// A tile for each of these identifiers that is installed, in their order.
+/// A tile for each of these identifiers that is installed, in the given order.
 [[nodiscard]] PropertyList tiles(std::span<const std::string> bundleIDs,
                                  const ApplicationCatalog& catalog);
 

@@ -1,4 +1,4 @@
-/// One place where the desktop's own dock may keep its pinned apps.
+/// A source of pinned apps: one place where a desktop's own dock keeps its list.
 #pragma once
 
 #include "Foundation/PropertyList.hpp"
@@ -13,14 +13,15 @@ class PinnedAppsSource {
 public:
     virtual ~PinnedAppsSource() = default;
 
-    /// Whether this desktop keeps a list here, readable or not.
+    /// Whether this desktop keeps a list here, even if it is unreadable.
     [[nodiscard]] virtual bool exists() const = 0;
 
-    /// The list in the shape of "persistent-apps"; nothing when it cannot be read. Asked only of
-    /// a source that exists.
+    /// The list in the format of "persistent-apps"; nullopt if it cannot be read. May only be
+    /// called if the source exists.
     [[nodiscard]] virtual std::optional<PropertyList> read() = 0;
 
-    /// Announces that the list changed, came or went. One that came is to be observed afresh.
+    /// Notifies when the list changes, appears or disappears. After it has appeared, the caller has
+    /// to subscribe again.
     [[nodiscard]] virtual Subscription observe(std::function<void()> handler) = 0;
 };
 

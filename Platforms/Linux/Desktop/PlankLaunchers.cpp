@@ -15,12 +15,12 @@ using Text = GLibHandle<gchar, g_free>;
 
 constexpr std::string_view extension = ".dockitem";
 
-/// Launcher files have three lines.
+/// Launcher files have only three lines.
 constexpr std::size_t maximumFileBytes = 64UL << 10U;
-/// No dock shows more; a folder may hold anything.
+/// A sanity limit: no dock shows more, but the folder may contain anything.
 constexpr std::size_t maximumLaunchers = 1'000;
 
-/// The names of the launcher files, sorted. Stops at the limit.
+/// The names of the launcher files, sorted, up to the limit.
 std::vector<std::string> launcherFiles(const FileURL& folder) {
     std::vector<std::string> names;
     std::error_code error;
@@ -36,7 +36,7 @@ std::vector<std::string> launcherFiles(const FileURL& folder) {
     return names;
 }
 
-/// The address that a launcher file holds, in whichever group its version of Plank calls it.
+/// The URL in a launcher file; versions of Plank differ in the name of its group.
 std::optional<std::string> launcherOf(const std::string& content) {
     const KeyFile file{g_key_file_new()};
     if (g_key_file_load_from_data(file.get(), content.c_str(), content.size(), G_KEY_FILE_NONE,
@@ -96,7 +96,7 @@ StringListSetting* PlankLaunchers::order() const {
     return order_->get();
 }
 
-/// As Plank does it: those that the key names, then the rest.
+/// Plank's order: the launchers named in the key first, then the others.
 std::vector<std::string> PlankLaunchers::launchersInOrder() const {
     std::vector<std::string> rest = launcherFiles(folder_);
     std::vector<std::string> ordered;

@@ -1,4 +1,4 @@
-/// The launchers of the Plank dock: one small file each, put in order by a settings key.
+/// The launchers of the Plank dock: one small file each, ordered by a settings key.
 #pragma once
 
 #include "Desktop/PinnedAppsSource.hpp"
@@ -9,11 +9,11 @@ namespace vireline::x11 {
 
 class PlankLaunchers final : public PinnedAppsSource {
 public:
-    /// `configHome` is where this user's programs keep their configuration.
+    /// `configHome` is the user's configuration folder.
     PlankLaunchers(const FileSystem& fileSystem, const FileURL& configHome,
                    const SettingsStorage& storage);
 
-    /// Plank is installed, and has the folder of its first dock's launchers.
+    /// Whether Plank is installed and has a launchers folder for its first dock.
     [[nodiscard]] bool exists() const override;
     [[nodiscard]] std::optional<PropertyList> read() override;
     [[nodiscard]] Subscription observe(std::function<void()> handler) override;
@@ -25,7 +25,7 @@ private:
     const FileSystem& fileSystem_;
     FileURL folder_;
     SettingsStorage storage_;
-    /// Looked up once there is a folder: the settings cost time that other desktops need not spend.
+    /// Looked up once the folder exists, because opening GSettings is slow.
     mutable std::optional<std::unique_ptr<StringListSetting>> order_;
 };
 

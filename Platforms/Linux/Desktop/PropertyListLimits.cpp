@@ -9,13 +9,13 @@
 namespace vireline::x11::PropertyListLimits {
 namespace {
 
-/// A binary property list: this head, the values, a table of their offsets, and at the very end
-/// the trailer that says how to read the table. All numbers are big-endian.
+/// A binary property list consists of this header, the values, a table of their offsets, and at the
+/// very end a trailer that describes the table. All numbers are big-endian.
 constexpr std::string_view head = "bplist00";
 constexpr std::size_t trailerBytes = 32;
 
-/// The kind of a value, which is the upper half of its first byte. Kinds that the parser does not
-/// know, such as the null value, are not admitted.
+/// The kind of a value: the upper half of its first byte. Kinds that the parser does not support,
+/// such as null, are rejected.
 enum Kind : std::uint8_t {
     boolean = 0x0,
     integer = 0x1,
@@ -40,7 +40,7 @@ public:
     }
 
 private:
-    /// The number of the root value.
+    /// Reads the trailer and returns the index of the root value.
     std::optional<std::uint64_t> readTrailer() {
         if (bytes_.size() < head.size() + trailerBytes)
             return std::nullopt;
@@ -64,7 +64,7 @@ private:
         return std::ranges::find(widths, bytes) != widths.end();
     }
 
-    /// The caller has checked that the bytes are there.
+    /// The caller must have checked the bounds.
     [[nodiscard]] std::uint64_t number(std::size_t at, std::size_t width) const {
         std::uint64_t value = 0;
         for (const std::byte byte : bytes_.subspan(at, width))
@@ -72,7 +72,7 @@ private:
         return value;
     }
 
-    /// Whether so many bytes from `at` on belong to the values.
+    /// Whether `length` bytes from `at` lie within the area for values.
     [[nodiscard]] bool holds(std::size_t at, std::uint64_t length) const {
         return at <= table_ && length <= table_ - at;
     }
@@ -121,8 +121,8 @@ private:
         std::size_t at;
     };
 
-    /// How many items there are and where they begin. A count that does not fit into the marker
-    /// stands behind it as an integer.
+    /// The item count and where the items begin. A count that does not fit into the marker follows
+    /// it as an integer.
     [[nodiscard]] std::optional<Count> countedItems(unsigned size, std::size_t at) const {
         if (size != 0xFU)
             return Count{size, at};
@@ -137,7 +137,7 @@ private:
         return Count{number(at + 1, width), at + 1 + width};
     }
 
-    /// The bytes of so many items.
+    /// The content of so many items.
     std::optional<std::span<const std::byte>> sizedContent(unsigned size, std::size_t at,
                                                            std::size_t bytesPerItem) {
         const auto count = countedItems(size, at);
@@ -150,7 +150,7 @@ private:
         return bytes_.subspan(count->at, length);
     }
 
-    /// A zero within a key makes the parser end the process.
+    /// The parser aborts the process if a key contains a zero character.
     bool admitsUTF16(unsigned size, std::size_t at) {
         const auto text = sizedContent(size, at, 2);
         if (!text)
@@ -180,7 +180,7 @@ private:
     std::size_t offsetBytes_ = 0;
     std::size_t referenceBytes_ = 0;
     std::uint64_t count_ = 0;
-    /// Where the table of offsets begins, and with it the values end.
+    /// Offset of the offset table, where the values end.
     std::size_t table_ = 0;
     std::size_t values_ = 0;
     std::size_t contentBytes_ = 0;
@@ -188,8 +188,8 @@ private:
 
 }
 
-// Every "<" counts, whether in a comment, in text or in a tag: so nothing that is hidden from this
-// glance, and not from the parser, can get past it.
+// Counts every "<", whether in a comment, in text or in a tag, so that nothing the parser treats as
+// a tag can be hidden from this check.
 bool admitsXML(std::span<const std::byte> bytes) {
     if (bytes.size() > maximumBytes)
         return false;

@@ -1,4 +1,4 @@
-/// The pinned apps of a property-list preferences file.
+/// The pinned apps in a property-list preferences file.
 #pragma once
 
 #include "Desktop/PinnedAppsSource.hpp"

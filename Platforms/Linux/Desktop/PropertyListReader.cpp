@@ -91,7 +91,7 @@ std::optional<PropertyList> dictionary(plist_t node, int depth) {
     }
 }
 
-/// A node of the parser as a plain value; nothing for what lies too deep.
+/// Converts a node of the parser to a value; nullopt if it is nested too deeply.
 std::optional<PropertyList> value(plist_t node, int depth) {
     if (depth > PropertyListLimits::maximumDepth)
         return std::nullopt;

@@ -1,4 +1,4 @@
-/// XML and binary property lists through libplist, whatever the bytes are.
+/// Decodes untrusted XML and binary property lists with libplist.
 #pragma once
 
 #include "Platform/DockPreferences.hpp"
@@ -7,9 +7,9 @@ namespace vireline::x11 {
 
 class PropertyListReader final : public PropertyListDecoder {
 public:
-    /// Dates and UIDs become values of no kind. Text that is no UTF-8 is mended with replacement
-    /// characters. Fails also for what goes beyond `PropertyListLimits`. Takes time and memory in
-    /// proportion to those at most.
+    /// Dates and UIDs become values without a kind. Invalid UTF-8 is replaced by replacement
+    /// characters. Also fails if `PropertyListLimits` are exceeded, so time and memory are bounded
+    /// by them.
     [[nodiscard]] Result<PropertyList> decode(std::span<const std::byte> bytes) const override;
 };
 

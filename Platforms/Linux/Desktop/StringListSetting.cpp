@@ -7,7 +7,7 @@ using Schema = GLibHandle<GSettingsSchema, g_settings_schema_unref>;
 using SchemaKey = GLibHandle<GSettingsSchemaKey, g_settings_schema_key_unref>;
 using Texts = GLibHandle<gchar*, g_strfreev>;
 
-bool hasListOfTexts(GSettingsSchema* schema, const char* key) {
+bool hasStringList(GSettingsSchema* schema, const char* key) {
     if (g_settings_schema_has_key(schema, key) == 0)
         return false;
     const SchemaKey found{g_settings_schema_get_key(schema, key)};
@@ -15,7 +15,7 @@ bool hasListOfTexts(GSettingsSchema* schema, const char* key) {
     return g_variant_type_equal(type, G_VARIANT_TYPE_STRING_ARRAY) != 0;
 }
 
-/// One connected signal, and the listener that it calls.
+/// A signal connection and the listener that it calls.
 class Connection {
 public:
     Connection(GSettings* settings, const std::string& signal, std::function<void()> handler)
@@ -30,7 +30,7 @@ public:
 
 private:
     static void changed(GSettings*, const gchar*, gpointer self) {
-        // Held here, since the listener may end the connection.
+        // A copy, because the listener may end the connection.
         const auto handler = static_cast<Connection*>(self)->handler_;
         (*handler)();
     }
@@ -50,9 +50,9 @@ std::unique_ptr<StringListSetting> StringListSetting::find(const SettingsStorage
     if (source == nullptr)
         return nullptr;
     const Schema found{g_settings_schema_source_lookup(source, schema, TRUE)};
-    if (!found || !hasListOfTexts(found.get(), key))
+    if (!found || !hasStringList(found.get(), key))
         return nullptr;
-    // A schema that is bound to another path than the one asked for would end the process too.
+    // GLib would also abort if the schema has a fixed path that differs from the requested one.
     const char* ownPath = g_settings_schema_get_path(found.get());
     if (ownPath == nullptr && path == nullptr)
         return nullptr;
@@ -73,7 +73,7 @@ std::vector<std::string> StringListSetting::get() const {
 }
 
 Subscription StringListSetting::observe(std::function<void()> handler) {
-    // A change is announced only for keys that were read before.
+    // GSettings announces changes only for keys that have been read.
     static_cast<void>(get());
     return Subscription{
         std::make_shared<Connection>(settings_.get(), "changed::" + key_, std::move(handler))};

@@ -1,4 +1,4 @@
-/// One key of the desktop's settings that holds a list of texts.
+/// A key of the desktop's settings whose value is a list of strings.
 #pragma once
 
 #include "Foundation/ScopedHandle.hpp"
@@ -11,7 +11,7 @@
 
 namespace vireline::x11 {
 
-/// Where settings are described and stored. Null means the user's own.
+/// Where schemas and values are stored. Null means the user's own.
 struct SettingsStorage {
     GSettingsSchemaSource* schemas = nullptr;
     GSettingsBackend* backend = nullptr;
@@ -19,14 +19,14 @@ struct SettingsStorage {
 
 class StringListSetting {
 public:
-    /// Null when the schema is not installed, or has no such key that holds a list of texts; GLib
-    /// ends the process of who asks for one of these. `path` is null for a schema that has its own.
+    /// Null if the schema is not installed or has no such key with a list of strings; GLib would
+    /// abort the process for these. `path` is null for a schema with a fixed path.
     [[nodiscard]] static std::unique_ptr<StringListSetting>
     find(const SettingsStorage& storage, const char* schema, const char* key, const char* path);
 
     [[nodiscard]] std::vector<std::string> get() const;
 
-    /// Announces every change of the value.
+    /// Notifies on every change of the value.
     [[nodiscard]] Subscription observe(std::function<void()> handler);
 
 private:

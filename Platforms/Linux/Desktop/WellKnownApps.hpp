@@ -16,7 +16,7 @@ public:
         return PinnedApps::tiles(catalog_.wellKnownBundleIDs(), catalog_);
     }
 
-    /// The table itself never changes.
+    /// The table never changes.
     [[nodiscard]] Subscription observe(std::function<void()>) override { return {}; }
 
 private:

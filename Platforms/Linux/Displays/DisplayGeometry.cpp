@@ -6,8 +6,8 @@
 namespace vireline::x11::DisplayGeometry {
 namespace {
 
-/// Halves go to the greater edge wherever the display lies, so that moving a display by whole
-/// pixels moves what is on it by just as many. The X protocol has 16 bits for a coordinate.
+/// Rounds halves up wherever the display lies, so that moving a display by whole pixels moves
+/// everything on it by the same amount. Clamped to 16 bits, the range of X11 coordinates.
 int nearest(double edge) {
     constexpr double reach = 32767;
     return static_cast<int>(std::clamp(std::floor(edge + 0.5), -reach, reach));
@@ -92,7 +92,7 @@ Point eventPoint(std::span<const Display> displays, int x, int y) {
 }
 
 PixelPoint pixelAt(std::span<const Display> displays, Point event) {
-    // What `eventPoint` gave may have lost a little on the way.
+    // `eventPoint` may have lost some precision.
     constexpr double tolerance = 1e-6;
     const Display& display = nearest(displays, event);
     const Rect bounds = flipped(frame(display), displays);

@@ -1,6 +1,7 @@
-/// The one place that converts between X pixels and points: per display, both ways. Global points
-/// have their origin at the primary display's bottom-left corner and grow upwards; a display's own
-/// corner lies there at its distance in pixels, and within the display a point is `scale` pixels.
+/// The one place that converts between X pixels and points, per display and in both directions.
+/// Global points have their origin at the primary display's bottom-left corner and y upwards. A
+/// display's own corner is placed there at its distance in pixels; within the display a point is
+/// `scale` pixels.
 #pragma once
 
 #include "Foundation/Geometry.hpp"
@@ -23,7 +24,7 @@ struct Display {
 
 namespace DisplayGeometry {
 
-/// A scale that is not a number above 0 counts as 1.
+/// A scale that is not a positive number is treated as 1.
 [[nodiscard]] Display display(const PixelRect& monitor, const PixelRect& primary, double scale);
 
 /// The whole display in global points.
@@ -31,34 +32,34 @@ namespace DisplayGeometry {
 
 [[nodiscard]] Rect toPoints(const Display& display, const PixelRect& pixels);
 
-/// Each edge goes to the nearest pixel edge, so that rectangles that touch still touch, and what
-/// `toPoints` gave comes back unchanged. Never thinner than one pixel.
+/// Rounds each edge to the nearest pixel, so that adjacent rectangles stay adjacent and results of
+/// `toPoints` convert back exactly. Never thinner than one pixel.
 [[nodiscard]] PixelRect toPixels(const Display& display, const Rect& global);
 
-/// Where a view lies, whose frame is given in points from its window's bottom-left corner, y
+/// The pixels of a view whose frame is given in points from its window's bottom-left corner, y
 /// upwards. `window` is the window's frame in global points.
 [[nodiscard]] PixelRect viewPixels(const Display& display, const Rect& window, const Rect& view);
 
-// Event space: points, origin at the primary display's top-left corner, y downwards. The displays
-// are those of one moment, the primary first; there is at least one.
+// Event space: points, with the origin at the primary display's top-left corner, y downwards.
+// `displays` is a consistent snapshot with the primary first, and is never empty.
 
-/// Between global and event space, both ways.
+/// Converts between global and event space, in either direction.
 [[nodiscard]] Rect flipped(const Rect& rect, std::span<const Display> displays);
 
-/// The display that shows this pixel, else the one nearest to it.
+/// The display that contains this pixel, otherwise the nearest one.
 [[nodiscard]] const Display& nearest(std::span<const Display> displays, int x, int y);
 
-/// The display that holds this point of event space, else the one nearest to it.
+/// The display that contains this point in event space, otherwise the nearest one.
 [[nodiscard]] const Display& nearest(std::span<const Display> displays, Point event);
 
-/// Where a pixel lies: its top-left corner.
+/// The top-left corner of a pixel, in event space.
 [[nodiscard]] Point eventPoint(std::span<const Display> displays, int x, int y);
 
-/// The pixel that holds this point.
+/// The pixel that contains this point.
 [[nodiscard]] PixelPoint pixelAt(std::span<const Display> displays, Point event);
 
-/// What `toPoints` and `toPixels` do, in event space and on the display that holds, or is nearest
-/// to, the rectangle's centre.
+/// Like `toPoints` and `toPixels`, but in event space and on the display that contains the
+/// rectangle's centre, otherwise the nearest one.
 [[nodiscard]] Rect toEventSpace(std::span<const Display> displays, const PixelRect& pixels);
 [[nodiscard]] PixelRect toPixels(std::span<const Display> displays, const Rect& event);
 

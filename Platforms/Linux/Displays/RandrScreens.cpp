@@ -30,7 +30,8 @@ RandrScreens::RandrScreens(X11Connection& connection)
     , sleepWatch_([this] { refreshSoon(true); }) {
     if (monitorsAreListed_) {
         firstRandrEvent_ = xcb_get_extension_data(connection.get(), &xcb_randr_id)->first_event;
-        // One choice for the whole connection: it has to hold what Qt chose as well.
+        // The selection replaces Qt's on this shared connection, so it includes everything that Qt
+        // selects.
         xcb_randr_select_input(
             connection.get(), connection.root(),
             XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE | XCB_RANDR_NOTIFY_MASK_OUTPUT_CHANGE |
@@ -97,7 +98,7 @@ RandrScreens::Snapshot RandrScreens::read() {
     return snapshot;
 }
 
-/// An atom's name never changes.
+/// Cached for good, because an atom's name never changes.
 const std::string& RandrScreens::nameOf(std::uint32_t displayID) const {
     const auto [entry, isNew] = names_.try_emplace(displayID);
     if (isNew)
@@ -134,7 +135,7 @@ void RandrScreens::handle(const xcb_generic_event_t& event) {
         refreshSoon(true);
 }
 
-/// Monitors that a user defines are announced by nothing but a root window configured anew.
+/// A change of user-defined monitors is only announced by a ConfigureNotify on the root window.
 bool RandrScreens::isScreenReconfigured(const xcb_generic_event_t& event) const {
     constexpr std::uint8_t sentFlag = 0x80;
     return (event.response_type & ~sentFlag) == XCB_CONFIGURE_NOTIFY &&
@@ -142,7 +143,8 @@ bool RandrScreens::isScreenReconfigured(const xcb_generic_event_t& event) const 
                connection_.root();
 }
 
-/// In the loop's next turn, when Qt has seen the events as well and a burst has come together.
+/// Deferred to the event loop's next turn, so that Qt has handled the events too and bursts are
+/// coalesced.
 void RandrScreens::refreshSoon(bool announce) {
     announcementIsDue_ = announcementIsDue_ || announce;
     if (std::exchange(refreshIsDue_, true))

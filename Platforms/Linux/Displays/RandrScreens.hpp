@@ -1,5 +1,5 @@
-/// The displays of an X server: RandR's monitors, scaled as Qt scales them, less the room that
-/// other programs' panels reserve. Keeps a snapshot that events refresh.
+/// The X server's displays: RandR's monitors with Qt's scale factors, minus the space that other
+/// programs' panels reserve. Cached, and refreshed by events.
 #pragma once
 
 #include "Displays/DisplayGeometry.hpp"
@@ -32,23 +32,22 @@ public:
     RandrScreens& operator=(RandrScreens&&) = delete;
     ~RandrScreens() override = default;
 
-    /// The snapshot; asks nobody.
+    /// Returns the cached snapshot without a round trip.
     [[nodiscard]] std::vector<PlatformScreen> screens() const override;
     [[nodiscard]] Subscription observeParameters(std::function<void()> handler) override;
 
-    /// Where the display with this ID lies now; nothing if it is gone.
+    /// The current geometry of the display with this ID; nullopt if it is gone.
     [[nodiscard]] std::optional<Display> display(std::uint32_t displayID) const;
 
-    /// Where all displays lie now, in the order of `screens`.
+    /// The current geometry of all displays, in the order of `screens`.
     [[nodiscard]] const std::vector<Display>& displays() const noexcept {
         return snapshot_.displays;
     }
 
-    /// What the X server calls the display with this ID, such as "HDMI-1"; no two have the same
-    /// name.
+    /// The X server's name for the display with this ID, such as "HDMI-1"; unique among displays.
     [[nodiscard]] const std::string& nameOf(std::uint32_t displayID) const;
 
-    /// The screen that Qt takes that display for; null if it knows none of its name.
+    /// Qt's screen for that display; null if Qt has none of this name.
     [[nodiscard]] QScreen* qtScreen(std::uint32_t displayID) const;
 
 private:
@@ -79,7 +78,7 @@ private:
     CallbackList<> observers_;
     Subscription events_;
     SleepWatch sleepWatch_;
-    /// Ends Qt's connections and queued calls with this object.
+    /// Owns Qt's connections and queued calls, which end with this object.
     QObject context_;
 };
 

@@ -22,7 +22,7 @@ struct SleepWatch::State {
             g_dbus_connection_signal_unsubscribe(bus.get(), subscription);
     }
 
-    /// What GIO keeps for its callbacks: it must not keep the state itself alive.
+    /// What GIO's callbacks hold: weak, so that they do not keep the state alive.
     using Handle = std::weak_ptr<State>;
 
     static void deleteHandle(gpointer data) {
@@ -35,7 +35,7 @@ struct SleepWatch::State {
         const auto state = handle->lock();
         if (!bus || !state)
             return;
-        // A bus that goes away must not take the program along.
+        // By default GIO ends the process when the bus goes away.
         g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
         state->subscription = g_dbus_connection_signal_subscribe(
             bus.get(), "org.freedesktop.login1", "org.freedesktop.login1.Manager",

@@ -1,5 +1,5 @@
-/// Hears the computer wake up, where the login manager can be asked for it. Without a system bus,
-/// or without a login manager on it, it stays silent.
+/// Reports when the computer wakes up from sleep, as announced by the login manager. Without a
+/// system bus or a login manager it does nothing.
 #pragma once
 
 #include <functional>
@@ -9,7 +9,7 @@ namespace vireline::x11 {
 
 class SleepWatch {
 public:
-    /// Called on the main thread after each resume. Connects in the background.
+    /// `onResume` is called on the main thread after each wake-up. Connects in the background.
     explicit SleepWatch(std::function<void()> onResume);
     SleepWatch(const SleepWatch&) = delete;
     SleepWatch& operator=(const SleepWatch&) = delete;
@@ -19,7 +19,7 @@ public:
 
 private:
     struct State;
-    /// Shared with the connection attempt, which may outlast this.
+    /// Shared with the pending connection attempt, which may outlive this object.
     std::shared_ptr<State> state_;
 };
 

@@ -12,17 +12,17 @@
 namespace vireline::x11 {
 namespace {
 
-/// Far more than any desktop has; a client list can be of any length.
+/// A sanity limit, far above what any desktop has: a client list can have any length.
 constexpr std::size_t maximumStrutWindows = 4096;
 
-/// What one window says of itself.
+/// What was read about one window.
 struct Answer {
     std::optional<StrutWindow> strut;
-    /// It reserves room, or may begin to.
+    /// Whether it reserves space, or is a dock that may start to.
     bool isWatched = false;
 };
 
-/// Questions about windows, all asked before the first answer is waited for.
+/// A batch of requests about windows, all sent before the first reply is awaited.
 class Questions {
 public:
     explicit Questions(const X11Connection& connection)
@@ -40,7 +40,7 @@ public:
                           xcb_get_window_attributes(x, window)});
     }
 
-    /// Calls `receive` with each window and its answer, in the order asked.
+    /// Calls `receive` with each window and its answer, in the order of the requests.
     template <class Receive>
     void answers(Receive receive) {
         for (const Question& question : asked_) {
@@ -118,11 +118,12 @@ std::vector<StrutWindow> StrutWindows::read() {
     return found;
 }
 
-/// The list of a window manager that is gone may linger; windows that no longer exist do no harm.
+/// The list of a window manager that is gone may be stale, but windows that no longer exist are
+/// harmless.
 std::vector<xcb_window_t> StrutWindows::candidates() {
     auto windows = connection_.windows(connection_.root(), "_NET_CLIENT_LIST");
     windows.resize(std::min(windows.size(), maximumStrutWindows));
-    // Every move of every window is told to those who watch the tree, so only where it has to be.
+    // Watching the tree reports every move of every window, so it is done only where necessary.
     if (listsDocks(windows)) {
         topLevels_.reset();
     } else {
@@ -133,7 +134,8 @@ std::vector<xcb_window_t> StrutWindows::candidates() {
     return windows;
 }
 
-/// Ours are docks as well, so that this can be told wherever one is shown.
+/// Our own windows are docks too, so wherever one is shown, this tells whether the window manager
+/// lists docks.
 bool StrutWindows::listsDocks(std::span<const xcb_window_t> windows) const {
     constexpr std::size_t typeBytes = 8 * sizeof(std::uint32_t);
     const xcb_atom_t dock = connection_.atom("_NET_WM_WINDOW_TYPE_DOCK");
@@ -147,7 +149,7 @@ bool StrutWindows::listsDocks(std::span<const xcb_window_t> windows) const {
     return false;
 }
 
-/// A panel may be a child of the root, or of a frame around it.
+/// A panel may be a child of the root window or of a frame.
 void StrutWindows::addUnlisted(std::vector<xcb_window_t>& windows) const {
     xcb_connection_t* const x = connection_.get();
     std::unordered_set<xcb_window_t> known{windows.begin(), windows.end()};
@@ -182,8 +184,8 @@ void StrutWindows::handle(const xcb_generic_event_t& event) {
         onChange();
 }
 
-/// A window appeared or went, as `reporter` tells.
-bool StrutWindows::comesOrGoes(xcb_window_t reporter, xcb_window_t window) const {
+/// Whether it matters that `reporter` reports this window as mapped or unmapped.
+bool StrutWindows::isRelevantMapChange(xcb_window_t reporter, xcb_window_t window) const {
     if (reporter == connection_.root())
         return topLevels_ && !connection_.isOwn(window);
     return watched_.contains(window);
@@ -206,11 +208,11 @@ bool StrutWindows::concerns(const xcb_generic_event_t& event) const {
     }
     case XCB_MAP_NOTIFY: {
         const auto& change = reinterpret_cast<const xcb_map_notify_event_t&>(event);
-        return comesOrGoes(change.event, change.window);
+        return isRelevantMapChange(change.event, change.window);
     }
     case XCB_UNMAP_NOTIFY: {
         const auto& change = reinterpret_cast<const xcb_unmap_notify_event_t&>(event);
-        return comesOrGoes(change.event, change.window);
+        return isRelevantMapChange(change.event, change.window);
     }
     default:
         return false;

@@ -6,19 +6,19 @@
 namespace vireline::x11::Struts {
 namespace {
 
-/// One edge of a monitor: how deep the window reserves it, told in two ways.
+/// One edge of a monitor, and how far in from it the window reserves space, measured in two ways.
 struct Claim {
     std::uint32_t strut = 0;
-    /// From the root window's edge to the monitor's.
+    /// Distance from the root window's edge to the monitor's edge.
     std::int64_t gap = 0;
-    /// From the monitor's edge to the far side of the window.
+    /// Distance from the monitor's edge to the far side of the window.
     std::int64_t windowDepth = 0;
-    /// The monitor's size across that edge.
+    /// The monitor's size perpendicular to that edge.
     std::int64_t room = 0;
 };
 
-/// How much to take off the edge. A strut that ends outside the monitor was measured from the
-/// monitor's edge by mistake, or is absurd; the window's rectangle then stands in for it.
+/// How much to take off the edge. A strut that does not end inside the monitor is nonsense or was
+/// wrongly measured from the monitor's own edge; then the window's rectangle is used instead.
 std::int64_t depth(const Claim& claim) {
     if (claim.strut == 0)
         return 0;
@@ -49,7 +49,8 @@ Insets claimed(const StrutWindow& window, const PixelRect& monitor, const PixelR
     };
 }
 
-/// Keeps the deepest claim on each edge, as long as something stays visible between two of them.
+/// Keeps the deepest claim on each edge, unless nothing would remain between it and the opposite
+/// edge.
 void apply(std::int64_t claim, std::int64_t& edge, std::int64_t opposite, std::int64_t room) {
     if (claim > edge && claim + opposite < room)
         edge = claim;

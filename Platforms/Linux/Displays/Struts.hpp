@@ -1,5 +1,6 @@
-/// What other programs' panels leave of a monitor. Their struts are measured from the root window's
-/// edges, which on an inner edge says little; the panel's own rectangle then tells more.
+/// Computes what other programs' panels leave free of a monitor. Struts are measured from the root
+/// window's edges, which says little about an edge between two monitors; there the panel's own
+/// rectangle is used.
 #pragma once
 
 #include "X11/PixelRect.hpp"
@@ -11,8 +12,8 @@
 
 namespace vireline::x11 {
 
-/// Pixels reserved at the root window's edges, as _NET_WM_STRUT has them. Any program can set any
-/// value.
+/// Pixels reserved at the root window's edges, as in _NET_WM_STRUT. Untrusted: any program can set
+/// any value.
 struct Strut {
     std::uint32_t left = 0;
     std::uint32_t right = 0;
@@ -35,13 +36,14 @@ struct StrutWindow {
 
 namespace Struts {
 
-/// From the items of _NET_WM_STRUT_PARTIAL, else of _NET_WM_STRUT; nothing when neither reserves
-/// anything. What the first four items of both mean is the same.
+/// Parsed from the items of _NET_WM_STRUT_PARTIAL, otherwise of _NET_WM_STRUT, whose four items are
+/// the first four of the other; nullopt if neither reserves anything.
 [[nodiscard]] std::optional<Strut> read(std::span<const std::uint32_t> partial,
                                         std::span<const std::uint32_t> plain);
 
-/// The visible part of each monitor, in their order. A strut counts on the one monitor that holds
-/// most of its window, none for a window outside all; one that would leave nothing is ignored.
+/// The visible part of each monitor, in the order of `monitors`. A strut applies to the monitor
+/// that contains most of its window, or to none if the window is outside all of them. Struts that
+/// would leave nothing are ignored.
 [[nodiscard]] std::vector<PixelRect> visibleFrames(std::span<const PixelRect> monitors,
                                                    const PixelRect& root,
                                                    std::span<const StrutWindow> windows);

@@ -16,10 +16,10 @@ FileDescriptor open(const std::string& path) {
     return FileDescriptor{::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY)};
 }
 
-/// A bound is often far above what a file holds; memory is taken as it is needed.
+/// Read in chunks, because the limit is often far above the file's actual size.
 constexpr std::size_t chunkBytes = 16UL * 1024;
 
-/// Up to `size` bytes; fewer at the file's end or after an error.
+/// Reads up to `size` bytes; fewer at the end of the file or after an error.
 std::string readUpTo(const FileDescriptor& file, std::size_t size) {
     std::string content;
     std::size_t filled = 0;

@@ -1,4 +1,4 @@
-/// Reading small files that others wrote.
+/// Bounded reads of small files that other programs wrote.
 #pragma once
 
 #include <cstddef>
@@ -7,12 +7,12 @@
 
 namespace vireline::x11::BoundedFile {
 
-/// A regular file's whole content; nothing when it cannot be read, is of another kind or is longer
-/// than `maximumBytes`. Never waits, whatever the path names.
+/// The whole content of a regular file; nullopt if it cannot be read, is not a regular file or is
+/// longer than `maximumBytes`. Never blocks, whatever the path names.
 [[nodiscard]] std::optional<std::string> read(const std::string& path, std::size_t maximumBytes);
 
-/// The first `maximumBytes` of a file whose size is not known before, as below /proc; empty when it
-/// cannot be read.
+/// The first `maximumBytes` of a file of unknown size, such as those in /proc; empty if it cannot
+/// be read.
 [[nodiscard]] std::string readStart(const std::string& path, std::size_t maximumBytes);
 
 }

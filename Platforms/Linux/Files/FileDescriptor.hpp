@@ -26,7 +26,7 @@ public:
     [[nodiscard]] int get() const noexcept { return number_; }
     [[nodiscard]] explicit operator bool() const noexcept { return number_ != none; }
 
-    /// Closes it now. False, with errno set, when the system only now says that writing failed.
+    /// Closes it now. Returns false and sets errno if a write error is only reported on closing.
     bool close() noexcept {
         const int number = std::exchange(number_, none);
         return number == none || ::close(number) == 0;

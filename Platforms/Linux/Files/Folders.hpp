@@ -1,4 +1,4 @@
-/// Whether folders are there.
+/// Whether a folder exists.
 #pragma once
 
 #include "Foundation/FileURL.hpp"

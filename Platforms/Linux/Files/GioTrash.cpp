@@ -22,7 +22,8 @@ Result<void> move(const std::string& path) {
 
 }
 
-// Even to make a GFile may take long: a path may turn out to be another machine's.
+// Even creating the GFile happens in the worker, because it may block if the path is on a network
+// mount.
 void GioTrash::moveToTrash(const FileURL& url, std::function<void(Result<void>)> done) {
     runInWorker<Result<void>>([path = url.path()] { return move(path); }, std::move(done));
 }

@@ -1,4 +1,4 @@
-/// The file watch of this platform. It can also be opened on a file that does not exist yet.
+/// File watching through inotify. A watch can be set on a file that does not exist yet.
 #pragma once
 
 #include "Platform/FileEvents.hpp"
@@ -7,8 +7,8 @@ namespace vireline::x11 {
 
 class InotifyFileEvents final : public FileEvents {
 public:
-    /// Waits silently while there is no file at `url`. After a report of `removed` nothing more
-    /// comes. Fails only when the kernel gives no watch.
+    /// Reports nothing while there is no file at `url`, and nothing after it has reported
+    /// `removed`. Fails only if the kernel refuses a watch.
     [[nodiscard]] Result<Subscription> watch(const FileURL& url,
                                              std::function<void(FileEventSet)> handler) override;
 };

@@ -21,7 +21,7 @@ struct CloseFolder {
     void operator()(DIR* folder) const noexcept { ::closedir(folder); }
 };
 
-/// Of a descriptor's own, as reading moves on in it.
+/// Opens a new file description, because reading the entries moves its offset.
 std::unique_ptr<DIR, CloseFolder> opened(int folder) {
     const int number = ::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     DIR* const stream = number < 0 ? nullptr : ::fdopendir(number);
@@ -53,7 +53,8 @@ bool holdAgainstRemoval(int file) {
     do {
         failed = ::flock(file, LOCK_EX);
     } while (failed != 0 && errno == EINTR);
-    // Where files cannot be marked, others cannot take them for left over either.
+    // Where the file system does not support locks, other processes cannot lock the file to remove
+    // it either.
     struct stat found{};
     return ::fstat(file, &found) != 0 || found.st_nlink > 0;
 }
@@ -62,7 +63,7 @@ void removeLeftovers(int folder, std::string_view name) {
     for (const std::string& replacement : replacements(folder, name)) {
         const FileDescriptor file{
             ::openat(folder, replacement.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC)};
-        // One that has taken the other file's place meanwhile no longer has this name.
+        // A replacement that has been moved into place in the meantime no longer has this name.
         if (file && looksLikeOurs(file.get()) && ::flock(file.get(), LOCK_EX | LOCK_NB) == 0)
             ::unlinkat(folder, replacement.c_str(), 0);
     }

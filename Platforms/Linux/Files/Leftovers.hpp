@@ -1,17 +1,17 @@
-/// What writes that were cut off, by a crash or a power cut, have left in a folder.
+/// Cleans up the temporary files of writes that were interrupted by a crash or a power failure.
 #pragma once
 
 #include <string_view>
 
 namespace vireline::x11 {
 
-/// Marks a file that is being written as in use until it is closed; other processes wait or leave
-/// it alone. Returns whether the file still has a name: it may have been taken for a leftover
-/// before it was marked.
+/// Locks a file that is being written until it is closed, so that other processes do not remove it
+/// as a leftover. Returns whether the file still has a name: another process may have removed it
+/// before it was locked.
 [[nodiscard]] bool holdAgainstRemoval(int file);
 
-/// Removes the replacements of the file `name` that nothing writes to any more. Only what looks in
-/// every respect like a file that this program made is touched. Failures are silent.
+/// Removes abandoned replacement files for `name`. Only files that look in every respect like this
+/// program's own are removed. Errors are ignored.
 void removeLeftovers(int folder, std::string_view name);
 
 }

@@ -12,7 +12,7 @@
 namespace vireline::x11::LogFile {
 namespace {
 
-/// What was opened, not what the path names by then.
+/// Checks the file that was opened, not the path, which may name another file by now.
 bool isOwnFile(const FileDescriptor& file) {
     struct stat found{};
     return ::fstat(file.get(), &found) == 0 && S_ISREG(found.st_mode) &&

@@ -1,4 +1,4 @@
-/// The log file, opened so that nobody can have the program write anywhere else.
+/// The log file, opened so that no one can redirect the program's output to another file.
 #pragma once
 
 #include <string>
@@ -6,9 +6,9 @@
 
 namespace vireline::x11::LogFile {
 
-/// Appends to the regular file of this user's at `path`; makes one that this user alone can read if
-/// nothing is there. Symbolic links are never followed, other users' files never written to, pipes
-/// never waited for. Failures are silent.
+/// Appends to `path` if it is a regular file owned by this user, or creates it with mode 0600.
+/// Never follows symbolic links, writes to other users' files or blocks on a pipe. Errors are
+/// ignored.
 void append(const std::string& path, std::string_view line);
 
 }

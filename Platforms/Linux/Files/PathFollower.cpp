@@ -20,20 +20,20 @@
 namespace vireline::x11 {
 namespace {
 
-/// As many as the kernel follows in one path.
+/// The kernel's own limit for links in one path.
 constexpr int maximumLinks = 40;
 
-/// Every step of the path: whether it still is what the path goes through.
-constexpr std::uint32_t ownFate = IN_DELETE_SELF | IN_MOVE_SELF | IN_DONT_FOLLOW;
-/// The last existing folder, while the next step is missing.
-constexpr std::uint32_t arrivals = IN_CREATE | IN_MOVED_TO;
-/// What the path names. Of a folder, these are about its entries.
-constexpr std::uint32_t content =
+/// For every component of the path: it is deleted, moved or replaced.
+constexpr std::uint32_t selfEvents = IN_DELETE_SELF | IN_MOVE_SELF | IN_DONT_FOLLOW;
+/// For the last existing folder, while the next component is missing.
+constexpr std::uint32_t arrivalEvents = IN_CREATE | IN_MOVED_TO;
+/// For what the path names. For a folder, these concern its entries.
+constexpr std::uint32_t contentEvents =
     IN_MODIFY | IN_CLOSE_WRITE | IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO;
-/// A file that somebody holds open lives on without its name; only its link count tells.
-constexpr std::uint32_t lossOfName = IN_ATTRIB;
+/// A deleted file that is still open elsewhere only reports a change of its link count.
+constexpr std::uint32_t linkCountEvents = IN_ATTRIB;
 
-/// A writer that never pauses must not keep the event loop from its other work.
+/// Limits the reads per turn, so that a continuous stream of events does not starve the event loop.
 constexpr int readsInOneTurn = 8;
 
 using WatchID = int;
@@ -49,7 +49,7 @@ std::deque<std::string> components(std::string_view path) {
     return names;
 }
 
-/// The text of the link; nothing when `path` is none, or has gone.
+/// The target of the link; nullopt if `path` is not a link or no longer exists.
 std::optional<std::string> linkText(const std::string& path) {
     std::array<char, PATH_MAX> text{};
     const ssize_t length = ::readlink(path.c_str(), text.data(), text.size());
@@ -58,13 +58,13 @@ std::optional<std::string> linkText(const std::string& path) {
     return std::string{text.data(), static_cast<std::size_t>(length)};
 }
 
-/// One walk along a path from the root, with a watch on every step of it. A watch is always set
-/// before the question that it guards is asked, so nothing slips in between.
+/// One walk along a path from the root, which watches every component. Each watch is set before the
+/// component is examined, so that no change is missed.
 class Walk {
 public:
     Walk(int inotify, const std::string& path) : inotify_(inotify), ahead_(components(path)) {}
 
-    /// The watch of what the path names; nothing while it names nothing.
+    /// Returns the watch on what the path names; nullopt if it names nothing.
     Result<std::optional<WatchID>> go() {
         while (!ahead_.empty()) {
             const std::string name = std::move(ahead_.front());
@@ -79,7 +79,8 @@ public:
     [[nodiscard]] const std::set<WatchID>& watches() const noexcept { return watches_; }
 
 private:
-    /// Goes to `name` in the current folder: the watch there, or nothing if there is no such entry.
+    /// Steps to `name` in the current folder. Returns the watch there, or nullopt if there is no
+    /// such entry.
     Result<std::optional<WatchID>> take(const std::string& name) {
         if (name == ".")
             return last_;
@@ -88,14 +89,16 @@ private:
             return last_;
         }
         const std::string entry = folder_ == "/" ? "/" + name : folder_ + "/" + name;
-        const std::uint32_t mask = ahead_.empty() ? ownFate | content | lossOfName : ownFate;
+        const std::uint32_t mask =
+            ahead_.empty() ? selfEvents | contentEvents | linkCountEvents : selfEvents;
         auto watch = add(entry, mask);
         if (!watch && watch.error().code == ENOENT) {
-            watch = add(folder_, ownFate | arrivals);
+            watch = add(folder_, selfEvents | arrivalEvents);
             if (watch)
                 watch = add(entry, mask);
         }
-        // What goes while the walk is under way leaves an event behind, which starts another walk.
+        // Anything deleted during the walk has left an event in the queue, which triggers another
+        // walk.
         if (!watch && (watch.error().code == ENOENT || watch.error().code == ENOTDIR))
             return std::nullopt;
         if (!watch)
@@ -109,7 +112,8 @@ private:
         return *watch;
     }
 
-    /// Puts a link's text in front of what is ahead. False for a chain of links without an end.
+    /// Inserts the link's target before the remaining components. Returns false for an endless
+    /// chain of links.
     bool follow(std::string_view text) {
         if (++links_ > maximumLinks)
             return false;
@@ -127,9 +131,9 @@ private:
             return watch;
         }
         const int code = errno;
-        // A folder that may be passed through but not listed, such as some systems' /home, cannot
-        // be watched. The way leads on without a watch on it.
-        if (code == EACCES && (mask & content) == 0 && ::access(path.c_str(), X_OK) == 0)
+        // A folder that may be traversed but not read, such as /home on some systems, cannot be
+        // watched. The walk continues without a watch on it.
+        if (code == EACCES && (mask & contentEvents) == 0 && ::access(path.c_str(), X_OK) == 0)
             return unwatched;
         return std::unexpected{
             PlatformError{code, path + ": " + std::generic_category().message(code)}};
@@ -140,7 +144,7 @@ private:
     int inotify_;
     std::deque<std::string> ahead_;
     std::string folder_ = "/";
-    /// The watch of the step taken last.
+    /// The watch of the most recent step.
     Result<std::optional<WatchID>> last_ = unwatched;
     int links_ = 0;
     std::set<WatchID> watches_;
@@ -161,7 +165,7 @@ public:
         return walk();
     }
 
-    /// Events are read from now on, while `self` lives.
+    /// Starts reading events, for as long as `self` lives.
     static void listen(const std::shared_ptr<PathFollower>& self) {
         self->notifier_ =
             std::make_unique<QSocketNotifier>(self->inotify_.get(), QSocketNotifier::Read);
@@ -173,12 +177,12 @@ public:
     }
 
 private:
-    /// Brings the watches in line with what the path leads through now.
+    /// Updates the watches to match what the path goes through now.
     Result<void> walk() {
         Walk walk{inotify_.get(), path_};
         auto found = walk.go();
         std::ranges::for_each(watches_, [&](WatchID watch) {
-            // Fails for one that the kernel has ended already, with its file.
+            // Fails harmlessly if the kernel has already removed the watch along with its file.
             if (!walk.watches().contains(watch))
                 ::inotify_rm_watch(inotify_.get(), watch);
         });
@@ -193,7 +197,7 @@ private:
         const Pending pending = readPending();
         PathEvents events{.changed = pending.ofContent};
         if (pending.ofPath) {
-            // A watch is one inode's, and its number is never given again.
+            // A watch belongs to one inode, and its number is never reused.
             const auto before = named_;
             const bool failed = !walk();
             events.appeared = named_ && named_ != before;
@@ -212,7 +216,7 @@ private:
         Pending pending;
         alignas(inotify_event) std::array<char, 16UL * 1024> buffer{};
         for (int reads = 0; reads < readsInOneTurn; ++reads) {
-            // The lock meant by the check is that of a weak pointer, and nothing here blocks.
+            // clang-tidy takes the weak pointer's lock for a mutex; nothing here blocks.
             // NOLINTNEXTLINE(clang-analyzer-unix.BlockInCriticalSection)
             const ssize_t length = ::read(inotify_.get(), buffer.data(), buffer.size());
             if (length < 0 && errno == EINTR)
@@ -232,14 +236,16 @@ private:
     void note(const inotify_event& event, Pending& pending) const {
         const bool lost = (event.mask & IN_Q_OVERFLOW) != 0;
         const bool known = watches_.contains(event.wd);
-        pending.ofContent |= lost || (known && event.wd == named_ && (event.mask & content) != 0);
-        pending.ofPath |= lost || (known && (event.wd != named_ || (event.mask & content) == 0));
+        pending.ofContent |=
+            lost || (known && event.wd == named_ && (event.mask & contentEvents) != 0);
+        pending.ofPath |=
+            lost || (known && (event.wd != named_ || (event.mask & contentEvents) == 0));
     }
 
     std::string path_;
     std::function<void(PathEvents)> handler_;
     FileDescriptor inotify_;
-    /// Declared behind the descriptor: it must go first.
+    /// Declared after the descriptor, because it must be destroyed first.
     std::unique_ptr<QSocketNotifier> notifier_;
     std::set<WatchID> watches_;
     std::optional<WatchID> named_;

@@ -1,5 +1,5 @@
-/// Follows what an absolute path names, whoever puts it there, changes it or takes it away, through
-/// inotify: without polling, and without a wake-up for anything else in the same folders.
+/// Follows what an absolute path names through creation, changes and deletion, using inotify:
+/// without polling, and without wake-ups for other files in the same folders.
 #pragma once
 
 #include "Foundation/FileURL.hpp"
@@ -10,12 +10,12 @@
 
 namespace vireline::x11 {
 
-/// What happened to the path since the last report; several may be true at once.
+/// What happened to the path since the last report; several flags may be set at once.
 struct PathEvents {
-    /// The path names something now that it did not name before.
+    /// The path names something that it did not name before.
     bool appeared = false;
-    /// The file was written, or an entry of the folder came, went or was written. Also reported
-    /// when the kernel lost events.
+    /// The file was written, or an entry of the folder was created, removed or written. Also set if
+    /// the kernel's event queue overflowed.
     bool changed = false;
     /// The path no longer names what it did: deleted, renamed or replaced.
     bool removed = false;
@@ -23,10 +23,10 @@ struct PathEvents {
     bool operator==(const PathEvents&) const = default;
 };
 
-/// Calls `handler` from the event loop for as long as the subscription lives, which the handler may
-/// end. While the path names nothing, the nearest existing folder above it is watched. Symbolic
-/// links anywhere in the path are followed, and watched themselves. Fails, as does a later attempt
-/// with a report of `removed`, when the kernel refuses a watch that is needed.
+/// Calls `handler` from the event loop for as long as the subscription lives; the handler may end
+/// it. While the path names nothing, the nearest existing parent folder is watched. Symbolic links
+/// anywhere in the path are followed and watched themselves. Fails if the kernel refuses a required
+/// watch; if that happens later, `removed` is reported.
 [[nodiscard]] Result<Subscription> followPath(const FileURL& url,
                                               std::function<void(PathEvents)> handler);
 

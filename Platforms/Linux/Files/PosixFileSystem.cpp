@@ -32,7 +32,7 @@ int openAgainWhenInterrupted(const char* path, int flags) {
     return number;
 }
 
-/// 0, or what went wrong.
+/// Returns 0 or an errno value.
 int writeAll(int file, std::string_view content) {
     while (!content.empty()) {
         const ssize_t written = ::write(file, content.data(), content.size());
@@ -46,9 +46,9 @@ int writeAll(int file, std::string_view content) {
     return 0;
 }
 
-/// A file that no other has the name of, in the folder of the one that it is to replace. Gone with
-/// this object unless it took that one's place. Open until then, so that no other process takes it
-/// for left over.
+/// A temporary file with a unique name in the folder of the file that it will replace. Deleted with
+/// this object unless it was moved into place. It stays open until then, so that no other process
+/// removes it as a leftover.
 class Replacement {
 public:
     explicit Replacement(WriteTarget target) : target_(std::move(target)) {
@@ -66,18 +66,18 @@ public:
             ::unlinkat(target_.folder.get(), name_.c_str(), 0);
     }
 
-    /// Why there is no such file; 0 if there is.
+    /// 0, or the error that prevented its creation.
     [[nodiscard]] int error() const noexcept { return target_.error; }
 
-    /// 0, or what went wrong.
+    /// Returns 0 or an errno value.
     int fill(std::string_view content) {
         if (const int code = writeAll(file_.get(), content); code != 0)
             return code;
         return ::fsync(file_.get()) == 0 ? 0 : errno;
     }
 
-    /// 0, or what went wrong. The folder's entries are brought to the disk as well; the file is in
-    /// place by then, and not every file system can do this, so its failure is none of the write.
+    /// Returns 0 or an errno value. The folder is synced as well; by then the file is in place, and
+    /// some file systems cannot sync folders, so an error from that is ignored.
     int takePlace() {
         const int folder = target_.folder.get();
         if (::renameat(folder, name_.c_str(), folder, target_.name.c_str()) != 0)
@@ -88,7 +88,7 @@ public:
     }
 
 private:
-    /// With O_EXCL, which follows no link, for the user alone.
+    /// Uses O_EXCL, which does not follow links, and mode 0600.
     void create() {
         constexpr int maximumAttempts = 16;
         std::random_device random;
@@ -123,7 +123,7 @@ bool PosixFileSystem::exists(const FileURL& url) const {
 }
 
 Result<std::string> PosixFileSystem::read(const FileURL& url, std::size_t maximumBytes) const {
-    // Without O_NONBLOCK the opening of a pipe waits for a writer.
+    // Without O_NONBLOCK, opening a pipe would block until it has a writer.
     const FileDescriptor file{
         openAgainWhenInterrupted(url.path().c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC)};
     if (!file)
@@ -167,7 +167,7 @@ Result<void> PosixFileSystem::createFolder(const FileURL& url) {
     if (::mkdir(url.path().c_str(), S_IRWXU) == 0)
         return {};
     const int code = errno;
-    // Somebody else may have been quicker.
+    // Another process may have created it in the meantime.
     if (code == EEXIST && isFolder(url))
         return {};
     return failure(url, code);

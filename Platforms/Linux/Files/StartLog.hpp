@@ -1,11 +1,12 @@
-/// Log lines of what is found before the program knows its log file.
+/// Logging for what happens before the log file is known.
 #pragma once
 
 #include <string>
 
 namespace vireline::x11 {
 
-/// Writes to the log; while that has no file yet, in the event loop's first turn instead.
+/// Writes to the log, or defers the line to the event loop's first turn if there is no log file
+/// yet.
 void logOnceStarted(const std::string& message);
 
 }

@@ -27,7 +27,7 @@ bool isOwn(const struct stat& found) {
     return found.st_uid == ::geteuid();
 }
 
-/// What stands at the target itself, not where that leads.
+/// The status of the target itself, without following links.
 std::optional<struct stat> status(const WriteTarget& target) {
     struct stat found{};
     if (::fstatat(target.folder.get(), target.name.c_str(), &found, AT_SYMLINK_NOFOLLOW) != 0)
@@ -35,7 +35,7 @@ std::optional<struct stat> status(const WriteTarget& target) {
     return found;
 }
 
-/// The text of a link that is the user's own; nothing for whatever else is there.
+/// The target of a link owned by the user; nullopt for anything else.
 std::optional<std::string> ownLinkAt(const WriteTarget& target) {
     const auto found = status(target);
     if (!found || !S_ISLNK(found->st_mode) || !isOwn(*found))
@@ -48,7 +48,7 @@ std::optional<std::string> ownLinkAt(const WriteTarget& target) {
     return std::string{text.data(), static_cast<std::size_t>(length)};
 }
 
-/// Whether a file of the user's own is there, or can be put there, in a folder of the user's own.
+/// Whether a file owned by the user exists, or can be created, in a folder owned by the user.
 bool isOwnPlace(const WriteTarget& target) {
     struct stat folder{};
     if (target.error != 0 || ::fstat(target.folder.get(), &folder) != 0 || !isOwn(folder))

@@ -1,4 +1,4 @@
-/// Which file a write to a URL replaces, where symbolic links may stand in the way.
+/// Determines which file a write to a URL replaces if there are symbolic links in its way.
 #pragma once
 
 #include "Files/FileDescriptor.hpp"
@@ -9,17 +9,16 @@
 namespace vireline::x11 {
 
 struct WriteTarget {
-    /// Kept open, so that nobody can put another folder in its place.
+    /// Kept open, so that the folder cannot be swapped in between.
     FileDescriptor folder;
-    /// The file's name there.
+    /// The file's name in that folder.
     std::string name;
-    /// Why the folder could not be opened; 0 if it could.
+    /// 0, or the errno value from opening the folder.
     int error = 0;
 };
 
-/// Follows links of the user's own, which people have who keep their settings elsewhere, to a file
-/// of their own in a folder of their own. A link that leads to anything else is itself what is
-/// replaced.
+/// Follows links owned by the user, as people use them to keep their settings elsewhere, to a file
+/// of their own in a folder of their own. Any other link is itself the target.
 [[nodiscard]] WriteTarget resolvedWriteTarget(const FileURL& url);
 
 }

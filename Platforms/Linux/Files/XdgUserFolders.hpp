@@ -1,5 +1,5 @@
-/// The user's folders as the XDG base directory and user directory conventions name them, fixed
-/// when the program starts.
+/// The user's folders according to the XDG base directory and user directory conventions, fixed
+/// at start-up.
 #pragma once
 
 #include "Platform/UserFolders.hpp"
@@ -8,25 +8,27 @@ namespace vireline::x11 {
 
 class XdgUserFolders final : public UserFolders {
 public:
-    /// Reads HOME, XDG_DATA_HOME and XDG_CONFIG_HOME. What is not an absolute path counts as unset.
+    /// Reads HOME, XDG_DATA_HOME and XDG_CONFIG_HOME. Values that are not absolute paths are
+    /// treated as unset.
     XdgUserFolders();
 
-    /// HOME, else what the user database says.
+    /// HOME, otherwise the home folder in the user database.
     [[nodiscard]] FileURL home() const override { return home_; }
 
     /// The user's data folder, always exactly one.
     [[nodiscard]] std::vector<FileURL> applicationSupport() const override { return {dataHome_}; }
 
-    /// The folder that user-dirs.dirs names if it exists, else "Downloads" in the home folder if
-    /// that exists. One set to the home folder itself is switched off by convention.
+    /// The folder named in user-dirs.dirs if it exists, otherwise "Downloads" in the home folder if
+    /// that exists. By convention, an entry that names the home folder itself means that there is
+    /// none.
     [[nodiscard]] std::optional<FileURL> downloads() const override;
 
-    /// Always known, whether or not anything was ever thrown away.
+    /// Always set, even if nothing was ever trashed.
     [[nodiscard]] std::optional<FileURL> trash() const override {
         return dataHome_.appending("Trash");
     }
 
-    /// Where programs keep this user's configuration.
+    /// The user's configuration folder.
     [[nodiscard]] FileURL configHome() const { return configHome_; }
 
 private:

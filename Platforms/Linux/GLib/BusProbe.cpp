@@ -13,8 +13,8 @@ namespace {
 
 constexpr auto addressVariable = "DBUS_SESSION_BUS_ADDRESS";
 
-/// The first line that a client says, behind a zero byte; the identity is the digits of the user's
-/// number, each as the two of its code. As D-Bus's authentication protocol has it.
+/// The first line of D-Bus's authentication protocol, preceded by a zero byte; the identity is the
+/// decimal user ID in hexadecimal encoding.
 std::string greeting() {
     std::string text("\0AUTH EXTERNAL ", 15);
     for (const char digit : std::to_string(getuid())) {
@@ -26,13 +26,13 @@ std::string greeting() {
 
 }
 
-bool BusProbe::answers(const std::string& address, unsigned int patience) {
+bool BusProbe::answers(const std::string& address, unsigned int timeout) {
     const GObjectHandle<GIOStream> stream{
         g_dbus_address_get_stream_sync(address.c_str(), nullptr, nullptr, nullptr)};
     if (!stream || G_IS_SOCKET_CONNECTION(stream.get()) == 0)
         return true;
     g_socket_set_timeout(g_socket_connection_get_socket(G_SOCKET_CONNECTION(stream.get())),
-                         patience);
+                         timeout);
     const std::string text = greeting();
     GError* raw = nullptr;
     std::array<char, 1> answer{};
@@ -53,7 +53,7 @@ std::string BusProbe::sessionAddress() {
 }
 
 void BusProbe::hideSessionBus() {
-    // A kind of address that no library knows.
+    // A transport that does not exist, so that every connection attempt fails at once.
     g_setenv(addressVariable, "disabled:", TRUE);
 }
 

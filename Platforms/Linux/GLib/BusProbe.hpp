@@ -1,21 +1,21 @@
-/// Whether the session bus can be relied on before anything waits for it: Qt connects to it on its
-/// own, with a patience of half a minute.
+/// Checks that the session bus responds before anything blocks on it: Qt connects to it on its own,
+/// with a timeout of half a minute.
 #pragma once
 
 #include <string>
 
 namespace vireline::x11::BusProbe {
 
-/// False for a bus that lets one in and then says nothing for as long as `patience`, in whole
-/// seconds. One that is not there at all keeps nobody waiting, which counts as an answer. `address`
-/// is as D-Bus has it, with any number of alternatives.
-[[nodiscard]] bool answers(const std::string& address, unsigned int patience);
+/// False if the bus accepts the connection but does not respond within `timeout` seconds. A bus
+/// that cannot be reached fails at once instead of blocking, and therefore counts as answering.
+/// `address` is a D-Bus address, which may list several alternatives.
+[[nodiscard]] bool answers(const std::string& address, unsigned int timeout);
 
-/// Where the programs of this session look for their bus.
+/// Where the programs of this session look for the bus.
 [[nodiscard]] std::string sessionAddress();
 
-/// Has everything in this process do without the session bus. Apps that are launched get the
-/// environment that this program was given.
+/// Makes everything in this process do without the session bus. Launched apps get the environment
+/// that this program was started with.
 void hideSessionBus();
 
 }

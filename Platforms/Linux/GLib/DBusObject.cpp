@@ -12,7 +12,7 @@ using Handlers = DBusObject::Handlers;
 void handleCall(GDBusConnection* /*bus*/, const gchar* /*sender*/, const gchar* /*path*/,
                 const gchar* /*interface*/, const gchar* method, GVariant* parameters,
                 GDBusMethodInvocation* invocation, gpointer data) {
-    // What the call brings about may take the object, and the handlers with it, away.
+    // A copy, because handling the call may destroy the object together with its handlers.
     const Handlers handlers = *static_cast<const Handlers*>(data);
     handlers.call(method, parameters, invocation);
 }
@@ -42,7 +42,8 @@ DBusObject::DBusObject(GDBusConnection* bus, std::string path, const char* inter
     registration_ =
         g_dbus_connection_register_object(bus_.get(), path_.c_str(), info->interfaces[0], &table,
                                           kept.get(), deleteHandlers, nullptr);
-    // GIO has taken them over unless it failed, which it does for a path that is taken.
+    // GIO has taken ownership of the handlers, except if the registration failed because the path
+    // is taken.
     if (registration_ != 0)
         static_cast<void>(kept.release());
 }

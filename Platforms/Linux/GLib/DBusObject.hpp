@@ -1,4 +1,4 @@
-/// An object of this program on a bus, with one interface. Gone with this handle.
+/// Exports an object with one interface on a bus, for the lifetime of this handle.
 #pragma once
 
 #include "GLib/GLibHandles.hpp"
@@ -12,15 +12,16 @@ namespace vireline::x11 {
 class DBusObject {
 public:
     struct Handlers {
-        /// Must answer the call through `invocation`, then or later.
+        /// Must reply to the call through `invocation`, immediately or later.
         std::function<void(const std::string& method, GVariant* parameters,
                            GDBusMethodInvocation* invocation)>
             call;
-        /// The value of a property, floating; only properties of the interface are asked for.
+        /// The value of a property, as a floating reference; called only for properties of the
+        /// interface.
         std::function<GVariant*(const std::string& property)> get;
     };
 
-    /// `interfaceXML` describes the interface, and nothing else, as introspection data has it.
+    /// `interfaceXML` is introspection data that describes just this interface.
     DBusObject(GDBusConnection* bus, std::string path, const char* interfaceXML, Handlers handlers);
     DBusObject(const DBusObject&) = delete;
     DBusObject& operator=(const DBusObject&) = delete;
@@ -28,7 +29,8 @@ public:
     DBusObject& operator=(DBusObject&&) = delete;
     ~DBusObject();
 
-    /// Emits a signal of the interface; takes a floating value over, which may be null.
+    /// Emits a signal of the interface. Takes ownership of a floating value; `parameters` may be
+    /// null.
     void emit(const char* signal, GVariant* parameters) const;
 
 private:

@@ -1,4 +1,4 @@
-/// Owners for what GLib hands out.
+/// Owning handles for GLib's objects.
 #pragma once
 
 #include <gio/gio.h>
@@ -11,11 +11,11 @@ struct GObjectUnref {
     void operator()(gpointer object) const noexcept { g_object_unref(object); }
 };
 
-/// One reference to a GObject.
+/// Owns one reference to a GObject.
 template <class T>
 using GObjectHandle = std::unique_ptr<T, GObjectUnref>;
 
-/// A GLib structure that is ended by `end`.
+/// Owns a GLib structure that `end` frees.
 template <class T, auto end>
 struct GLibEnd {
     void operator()(T* value) const noexcept { end(value); }

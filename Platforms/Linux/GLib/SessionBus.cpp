@@ -32,7 +32,7 @@ gboolean failed(gpointer data) {
     return G_SOURCE_REMOVE;
 }
 
-/// GIO would start a bus of its own where there is none, which serves nobody.
+/// Without an existing bus, GIO would start one that nothing else uses.
 bool exists() {
     const char* const address = std::getenv("DBUS_SESSION_BUS_ADDRESS");
     if (address != nullptr && *address != '\0')

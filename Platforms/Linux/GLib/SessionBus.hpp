@@ -10,8 +10,8 @@ namespace vireline::x11::SessionBus {
 
 using Connection = GObjectHandle<GDBusConnection>;
 
-/// Gives `done`, from the main loop, the connection that the whole program shares. Never starts a
-/// bus, and one that ends does not take the program along.
+/// Calls `done` from the main loop with the connection shared by the whole program. Never starts a
+/// bus, and the program survives the bus going away.
 void connect(std::function<void(Result<Connection>)> done);
 
 }

@@ -1,4 +1,4 @@
-/// Work that may block, done on another thread.
+/// Runs blocking work on another thread.
 #pragma once
 
 #include "GLib/GLibHandles.hpp"
@@ -10,8 +10,8 @@
 
 namespace vireline::x11 {
 
-/// Calls `work` on one of GLib's threads, then `done` with its result on this one, from the main
-/// loop. `work` may touch nothing but what it holds.
+/// Calls `work` on one of GLib's threads, then `done` with its result on this thread, from the main
+/// loop. `work` may only use what it captures.
 template <class T>
 void runInWorker(std::function<T()> work, std::function<void(T)> done) {
     struct Job {

@@ -44,9 +44,9 @@ Files userFiles() {
     const char* const desktop = g_getenv("XDG_CURRENT_DESKTOP");
     files.isKDE = desktop != nullptr && std::string_view{desktop}.contains("KDE");
     const std::string& config = folders.front();
-    files.ofUser = {config + "/gtk-3.0/settings.ini", config + "/gtk-4.0/settings.ini"};
+    files.usersOwn = {config + "/gtk-3.0/settings.ini", config + "/gtk-4.0/settings.ini"};
     if (files.isKDE)
-        files.ofUser.push_back(config + "/kdeglobals");
+        files.usersOwn.push_back(config + "/kdeglobals");
     return files;
 }
 

@@ -1,4 +1,4 @@
-/// Which icon theme this desktop uses, whatever desktop it is.
+/// Determines which icon theme the desktop uses, on any desktop.
 #pragma once
 
 #include "Icons/IconTheme.hpp"
@@ -12,19 +12,19 @@ namespace vireline::x11::ChosenIconTheme {
 
 /// Text files that may name the theme.
 struct Files {
-    /// KDE's, asked first under KDE only.
+    /// KDE's settings; checked first under KDE, ignored elsewhere.
     std::vector<std::string> kdeglobals;
-    /// GTK's settings.ini, the user's before the system's.
+    /// GTK's settings.ini files, the user's before the system's.
     std::vector<std::string> gtkSettings;
     bool isKDE = false;
-    /// Those of them that are the user's own, and change when another theme is chosen.
-    std::vector<std::string> ofUser{};
+    /// The user's own files among these, which are written when another theme is chosen.
+    std::vector<std::string> usersOwn{};
 };
 
 [[nodiscard]] Files userFiles();
 
-/// The first theme that is installed: of the settings daemon, of the files, of the well-known ones;
-/// "hicolor" if there is none.
+/// The first installed theme of those named by the settings daemon, the files and the list of
+/// well-known themes; "hicolor" if there is none.
 [[nodiscard]] std::string name(const IconTheme::Folders& folders, const XSettings::Texts& settings,
                                const Files& files);
 

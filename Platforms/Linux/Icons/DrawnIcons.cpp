@@ -7,7 +7,7 @@
 namespace vireline::x11::DrawnIcons {
 namespace {
 
-/// The drawings' own units: the square is this many wide.
+/// The drawings are laid out in a square this many units wide.
 constexpr double units = 64;
 
 template <class Draw>

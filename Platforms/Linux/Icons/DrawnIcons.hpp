@@ -1,4 +1,4 @@
-/// Pictures for when no icon theme has any.
+/// Fallback images for when no icon theme has the icon.
 #pragma once
 
 #include <QImage>
@@ -8,7 +8,7 @@ namespace vireline::x11::DrawnIcons {
 /// A plain tile that stands for any application. `side` is in pixels.
 [[nodiscard]] QImage application(int side);
 
-/// A bin.
+/// A waste bin.
 [[nodiscard]] QImage trash(int side);
 
 }

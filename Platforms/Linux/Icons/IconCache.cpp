@@ -13,12 +13,13 @@ namespace vireline::x11 {
 namespace {
 
 constexpr std::uint32_t none = 0xffffffffU;
-/// Chains and lists are a few entries long; a crafted file could close a chain to a ring.
+/// Limits a hash chain or list. Real ones have a few entries, but in a crafted file a chain may be
+/// a cycle.
 constexpr std::uint32_t maximumChain = 1024;
 constexpr std::uint32_t maximumPlaces = 1024;
 constexpr off_t maximumBytes = 256 << 20;
 
-/// As the file format defines it, over signed characters.
+/// The file format's hash function, which works on signed characters.
 std::uint32_t hash(std::string_view name) {
     std::uint32_t value = 0;
     for (const char character : name) {
@@ -69,7 +70,7 @@ std::vector<IconCache::Place> IconCache::find(std::string_view icon) const {
     return {};
 }
 
-/// All numbers have their most significant byte first.
+/// Reads a big-endian number.
 std::optional<std::uint32_t> IconCache::number(std::uint64_t offset, std::size_t size) const {
     if (offset > bytes_.size() || bytes_.size() - offset < size)
         return std::nullopt;

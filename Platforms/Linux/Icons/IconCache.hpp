@@ -1,5 +1,5 @@
-/// The list of all icons of one theme folder that desktops keep beside it, so that looking for a
-/// name does not mean looking into hundreds of folders.
+/// Reads the icon cache that desktops keep beside a theme folder, which avoids searching hundreds
+/// of folders for a name.
 #pragma once
 
 #include <cstddef>
@@ -15,7 +15,7 @@ namespace vireline::x11 {
 
 class IconCache {
 public:
-    /// A folder, relative to the theme's, that has the icon.
+    /// A folder, relative to the theme's, that contains the icon.
     struct Place {
         std::string_view folder;
         bool hasPng = false;
@@ -25,13 +25,13 @@ public:
         bool operator==(const Place&) const = default;
     };
 
-    /// Over the bytes of a cache file, which may hold anything and must outlive this.
+    /// Reads from the bytes of a cache file, which may be malformed and must outlive this object.
     explicit IconCache(std::span<const std::byte> bytes) : bytes_(bytes) {}
 
-    /// That of the theme folder at `root`; nothing if it has none or if icons were added since.
+    /// The cache of the theme folder at `root`; nullopt if there is none or it is out of date.
     [[nodiscard]] static std::optional<IconCache> open(const std::string& root);
 
-    /// Empty for an icon that the theme does not have there.
+    /// Empty if the theme folder does not have the icon.
     [[nodiscard]] std::vector<Place> find(std::string_view icon) const;
 
 private:
@@ -40,7 +40,7 @@ private:
     [[nodiscard]] std::string_view text(std::uint64_t offset) const;
     [[nodiscard]] std::vector<Place> places(std::uint32_t list) const;
 
-    /// Keeps the file's pages mapped, where the bytes are those of a file.
+    /// Keeps the file mapped, if the bytes come from a file.
     std::shared_ptr<const void> mapping_;
     std::span<const std::byte> bytes_;
 };

@@ -18,7 +18,7 @@ QImage IconImage::exact(int side) const {
     return kept_.back();
 }
 
-/// The picture of the largest is sharp when the icon gets there.
+/// Rendered at the largest size, so that the icon is sharp when it is fully grown.
 QImage IconImage::forScaling(double side, double largest) const {
     int pictureSide = static_cast<int>(std::ceil(largest));
     while (pictureSide > 2 * side)

@@ -1,4 +1,4 @@
-/// The picture of one tile, rendered on demand and kept in the few sizes that are in use.
+/// A tile's image, rendered on demand and cached in the few sizes in use.
 #pragma once
 
 #include "Icons/RasterImage.hpp"
@@ -10,7 +10,7 @@ namespace vireline::x11 {
 
 class IconImage final : public RasterImage {
 public:
-    /// Makes the picture at a side length in device pixels; never null.
+    /// Renders the image at a side length in device pixels; never returns null.
     using Render = std::function<QImage(int side)>;
 
     IconImage(Size size, Render render) : RasterImage(size), render_(std::move(render)) {}
@@ -19,12 +19,12 @@ public:
     [[nodiscard]] QImage forScaling(double side, double largest) const override;
 
 private:
-    /// Displays of two scales at rest and magnified, and one on its way out.
+    /// Two displays of different scale, at rest and magnified, plus one during a change.
     static constexpr std::size_t maximumKept = 5;
     static constexpr int maximumSide = 1024;
 
     Render render_;
-    /// The most recently used last.
+    /// Most recently used last.
     mutable std::vector<QImage> kept_;
 };
 

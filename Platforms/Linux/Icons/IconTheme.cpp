@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::string_view lastTheme = "hicolor";
 constexpr std::size_t maximumIndexBytes = 1U << 20U;
-/// Chains of themes are short; a crafted one could go on.
+/// Limits the chain of parent themes; real ones are short.
 constexpr std::size_t maximumThemes = 32;
 constexpr std::array<std::string_view, 3> extensions{".png", ".svg", ".xpm"};
 
@@ -28,7 +28,7 @@ bool isReadable(const std::string& path) {
     return ::access(path.c_str(), R_OK) == 0;
 }
 
-/// The names in a folder; none if it cannot be read.
+/// The names of a folder's entries; empty if it cannot be read.
 Names namesIn(const std::string& folder) {
     Names names;
     std::error_code error;
@@ -39,13 +39,13 @@ Names namesIn(const std::string& folder) {
     return names;
 }
 
-/// A name that cannot lead to another folder.
+/// Whether the name cannot escape its folder.
 bool isPlainName(std::string_view name) {
     return !name.empty() && name != "." && name != ".." && !name.contains('/') &&
            !name.contains('\0');
 }
 
-/// The folder that a theme's own folder lies in.
+/// The top-level folder of a theme's folder.
 std::string_view topOf(std::string_view folder) {
     return folder.substr(0, folder.find('/'));
 }
@@ -86,8 +86,8 @@ bool IconTheme::isInstalled(const Folders& folders, std::string_view name) {
 IconTheme::IconTheme(Folders folders, std::string name)
     : folders_(std::move(folders)), name_(std::move(name)) {}
 
-/// Caches can be out of date although they look new. So what none of them knows is looked for in
-/// the folders themselves.
+/// Caches can be out of date although they look current, so an icon that no cache has is also
+/// searched for in the folders.
 std::optional<std::string> IconTheme::find(std::string_view icon, int side) const {
     if (!isPlainName(icon))
         return std::nullopt;
@@ -113,11 +113,11 @@ std::optional<std::string> IconTheme::search(std::string_view icon, int side,
                 addFolders(theme, root, candidates);
             }
         }
-        // The best first, so that few files are looked for.
+        // Best candidates first, so that few files have to be checked.
         std::ranges::sort(candidates, [side](const Candidate& first, const Candidate& second) {
             if (IconThemeIndexes::isBetter(*first.folder, *second.folder, side))
                 return true;
-            // Of the same folder in two places, the earlier place.
+            // If two places have the same folder, the earlier place wins.
             return first.folder == second.folder && std::less{}(first.root, second.root);
         });
         for (const Candidate& candidate : candidates) {
@@ -145,7 +145,7 @@ void IconTheme::addFolders(const Theme& theme, const Root& root,
     }
 }
 
-/// Each theme right before its parents, and each once, so that loops end.
+/// Each theme comes directly before its parents, and only once, so that loops terminate.
 const std::vector<IconTheme::Theme>& IconTheme::themes() const {
     if (themes_)
         return *themes_;
@@ -188,7 +188,7 @@ std::optional<IconTheme::Theme> IconTheme::load(std::string_view name,
     if (!index)
         return std::nullopt;
     parents = std::move(index->parents);
-    // An index names hundreds of folders of which most installations have few.
+    // An index names hundreds of folders, of which most installations have only a few.
     for (const IconFolder& folder : index->folders) {
         if (tops.contains(topOf(folder.path)))
             theme.folders.emplace(folder.path, folder);

@@ -1,5 +1,5 @@
-/// Finds icons by name in the installed icon themes: the chosen one, those that it falls back on,
-/// "hicolor", and the folders of pictures without a theme.
+/// Finds icons by name in the installed icon themes: the chosen theme, the ones it inherits from,
+/// "hicolor", and the folders of unthemed images.
 #pragma once
 
 #include "Icons/IconCache.hpp"
@@ -16,41 +16,41 @@ namespace vireline::x11 {
 
 class IconTheme {
 public:
-    /// Where themes and single pictures are installed; earlier folders hide later ones.
+    /// Where themes and unthemed images are installed; earlier folders shadow later ones.
     struct Folders {
         std::vector<std::string> themes;
         std::vector<std::string> pictures;
     };
 
-    /// As this user's environment says.
+    /// From this user's environment.
     [[nodiscard]] static Folders userFolders();
 
     /// Whether a theme of this name is installed.
     [[nodiscard]] static bool isInstalled(const Folders& folders, std::string_view name);
 
-    /// Nothing is read before the first look-up. An unknown name leaves "hicolor".
+    /// Reads nothing before the first look-up. If the theme does not exist, only "hicolor" is used.
     IconTheme(Folders folders, std::string name);
 
-    /// The file of the picture best suited for a square of `side` pixels. The first theme that has
-    /// the icon at all provides it. Nothing for a name that no theme knows.
+    /// The image file best suited to a square of `side` pixels, from the first theme that has the
+    /// icon at any size. nullopt if no theme has it.
     [[nodiscard]] std::optional<std::string> find(std::string_view icon, int side) const;
 
 private:
-    /// A folder of one theme; a theme can be spread over several places.
+    /// One folder of a theme; a theme can be installed in several places.
     struct Root {
         std::string path;
-        /// What lies directly in it.
+        /// The names of its direct entries.
         std::set<std::string, std::less<>> tops;
         std::optional<IconCache> cache;
     };
 
     struct Theme {
         std::vector<Root> roots;
-        /// Only those that exist in one of the roots, by their paths.
+        /// Only folders that exist in one of the roots, by path.
         std::map<std::string, IconFolder, std::less<>> folders;
     };
 
-    /// Where a picture may be.
+    /// Where the image may be.
     struct Candidate {
         const IconFolder* folder = nullptr;
         const Root* root = nullptr;

@@ -11,11 +11,11 @@ namespace vireline::x11::IconThemeIndexes {
 namespace {
 
 constexpr std::string_view themeGroup = "Icon Theme";
-/// Pixels; also keeps sums of sizes far from overflow.
+/// Pixels; also prevents overflow in sums of sizes.
 constexpr int maximumSize = 4096;
 constexpr int maximumScale = 8;
-/// Pictures smaller than this were drawn for toolbars: doubled for a dense screen they have as many
-/// pixels as those for launchers, but not their detail.
+/// Smaller images are drawn for toolbars. At double scale they have as many pixels as launcher
+/// icons, but not their detail.
 constexpr int smallestDoubled = 32;
 
 std::optional<int> number(const IniText& text, std::string_view group, std::string_view key) {
@@ -48,7 +48,8 @@ std::optional<IconFolder> folder(const IniText& text, std::string_view path) {
     return folder;
 }
 
-/// How many pixels the folder's pictures miss or exceed `side` by: made for it, larger, smaller.
+/// Lower is better: folders made for `side` come first, then those with larger images, then those
+/// with smaller ones, each by distance.
 auto rank(const IconFolder& folder, int side) {
     if (folder.smallest <= side && side <= folder.largest)
         return std::tuple{0, std::abs(folder.size - side), folder.order};

@@ -1,5 +1,5 @@
-/// What an icon theme says of itself: its folders, for which sizes they are, and whose icons it
-/// falls back on.
+/// Parses an icon theme's index: its folders, the sizes they are for, and the themes that it
+/// inherits from.
 #pragma once
 
 #include <cstddef>
@@ -9,14 +9,14 @@
 
 namespace vireline::x11 {
 
-/// A folder of a theme and the sizes, in pixels, that its pictures are made for.
+/// A folder of a theme and the range of sizes, in pixels, for which its images are made.
 struct IconFolder {
-    /// Relative to the theme's.
+    /// Relative to the theme's folder.
     std::string path;
     int size = 0;
     int smallest = 0;
     int largest = 0;
-    /// Its place in the index: of equally good folders the first counts.
+    /// Position in the index: of equally good folders the first wins.
     std::size_t order = 0;
 
     bool operator==(const IconFolder&) const = default;
@@ -24,7 +24,7 @@ struct IconFolder {
 
 struct IconThemeIndex {
     std::vector<IconFolder> folders;
-    /// Names of themes, the nearest first.
+    /// Names of the parent themes, in order.
     std::vector<std::string> parents;
 
     bool operator==(const IconThemeIndex&) const = default;
@@ -32,12 +32,12 @@ struct IconThemeIndex {
 
 namespace IconThemeIndexes {
 
-/// From the text of an index.theme. Folders that say no sensible size, or lead out of the theme,
-/// are left out.
+/// Parses the text of an index.theme. Folders without a sensible size or outside the theme are
+/// skipped.
 [[nodiscard]] IconThemeIndex parse(std::string_view text);
 
-/// Whether a picture for `side` pixels is better taken from the first folder than from the second:
-/// one made for that size before larger ones, the nearest first, before smaller ones.
+/// Whether the first folder is the better source for an image of `side` pixels: exact size first,
+/// then the nearest larger size, then the nearest smaller one.
 [[nodiscard]] bool isBetter(const IconFolder& first, const IconFolder& second, int side);
 
 }

@@ -11,7 +11,7 @@
 namespace vireline::x11 {
 namespace {
 
-/// A desktop writes its choice to several places, one after the other.
+/// Debounce time: a desktop writes its choice to several places in quick succession.
 constexpr double themeSettlingSeconds = 0.2;
 
 }
@@ -22,7 +22,7 @@ IconThemeWatch::IconThemeWatch(X11Connection& connection, RunLoop& runLoop, Sour
     , sources_(std::move(sources))
     , events_(connection.observe(
           lifetime_.guard([this](const xcb_generic_event_t& event) { handle(event); }))) {
-    // A new settings daemon says so to the root window.
+    // A new settings daemon announces itself on the root window.
     connection_.selectInput(connection_.root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     watchDaemon();
     watchFiles();
@@ -49,7 +49,7 @@ void IconThemeWatch::handle(const xcb_generic_event_t& event) {
         break;
     }
     case XCB_DESTROY_NOTIFY:
-        // The choice outlives the daemon, which may be about to start again.
+        // The theme is kept when the daemon exits, since it may be about to restart.
         if (reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window == daemon_)
             daemon_ = XCB_NONE;
         break;
@@ -66,7 +66,7 @@ void IconThemeWatch::watchDaemon() {
 }
 
 void IconThemeWatch::watchFiles() {
-    for (const std::string& path : sources_.files.ofUser) {
+    for (const std::string& path : sources_.files.usersOwn) {
         auto watch = followPath(FileURL::fromPath(path),
                                 lifetime_.guard([this](PathEvents) { lookSoon(); }));
         if (watch)

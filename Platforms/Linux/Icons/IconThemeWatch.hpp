@@ -1,5 +1,5 @@
-/// Follows the desktop's choice of an icon theme while the program runs: the settings daemon's, and
-/// that in the user's own files.
+/// Tracks the desktop's choice of icon theme while the program runs, in the settings daemon and in
+/// the user's files.
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
@@ -23,7 +23,7 @@ class X11Connection;
 
 class IconThemeWatch {
 public:
-    /// What the theme is chosen by besides the settings daemon.
+    /// Besides the settings daemon, what the choice depends on.
     struct Sources {
         IconTheme::Folders folders;
         ChosenIconTheme::Files files;
@@ -36,10 +36,10 @@ public:
     IconThemeWatch& operator=(IconThemeWatch&&) = delete;
     ~IconThemeWatch() = default;
 
-    /// The theme chosen now.
+    /// The currently chosen theme.
     [[nodiscard]] const std::string& name() const noexcept { return name_; }
 
-    /// Another theme was chosen.
+    /// Called after another theme was chosen.
     std::function<void()> onChange;
 
 private:
@@ -53,7 +53,7 @@ private:
     RunLoop& runLoop_;
     Sources sources_;
     std::string name_;
-    /// The window that carries the settings; XCB_NONE without a daemon.
+    /// The settings daemon's window; XCB_NONE without a daemon.
     xcb_window_t daemon_ = XCB_NONE;
     std::vector<Subscription> fileWatches_;
     Timer look_;

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t maximumBytes = 8U << 20U;
 constexpr qsizetype maximumSvgBytes = 2 << 20;
-/// Pixels; the largest that icons come in is a quarter of it.
+/// Pixels; four times the largest size in which icons are made.
 constexpr int maximumSide = 4096;
 
 QImage transparentSquare(int side) {
@@ -42,7 +42,7 @@ std::optional<QImage> renderSvg(const QByteArray& content, int side) {
     return square;
 }
 
-/// Naming the format spares the search through all of the plugins.
+/// Naming the format saves Qt from trying all of its plugins.
 QByteArray formatOf(const QByteArray& content) {
     return content.startsWith("\x89PNG") ? QByteArrayLiteral("png") : QByteArray{};
 }

@@ -1,5 +1,5 @@
-/// Turns picture files, PNG and SVG above all, into square pictures. Any file can be damaged or far
-/// too large; such a one gives nothing.
+/// Loads image files, mainly PNG and SVG, as square images. Returns nullopt for files that are
+/// damaged or far too large.
 #pragma once
 
 #include <QImage>
@@ -8,10 +8,10 @@
 
 namespace vireline::x11::ImageFile {
 
-/// The picture in the file at `path`, fitted into a transparent square of `side` pixels.
+/// The image in the file at `path`, scaled to fit a transparent square of `side` pixels.
 [[nodiscard]] std::optional<QImage> load(const std::string& path, int side);
 
-/// `picture` fitted into a transparent square of `side` pixels, at its own proportions.
+/// `picture`, scaled to fit a transparent square of `side` pixels with its proportions kept.
 [[nodiscard]] QImage fitted(const QImage& picture, int side);
 
 }

@@ -18,7 +18,7 @@ std::string_view trimmed(std::string_view text) {
     return text;
 }
 
-/// Takes the part before `end` off the front of `text`, along with the separator there.
+/// Removes the part before `end` and the separator there from `text`, and returns that part.
 std::string_view take(std::size_t end, std::string_view& text) {
     const auto part = text.substr(0, end);
     text.remove_prefix(std::min(text.size(), part.size() + 1));

@@ -1,4 +1,4 @@
-/// The lines of "key=value" files with groups, as icon themes and toolkit settings are written.
+/// Parses "key=value" files with groups, the format of icon themes and toolkit settings.
 #pragma once
 
 #include <optional>
@@ -11,15 +11,15 @@ namespace vireline::x11 {
 
 class IniText {
 public:
-    /// Lines that are neither a group, a key nor a comment are passed over. The first of several
-    /// equal keys counts. The text must outlive this.
+    /// Lines that are neither a group, a key nor a comment are ignored. The first of several equal
+    /// keys wins. The text must outlive this object.
     explicit IniText(std::string_view text);
 
-    /// Trimmed; nothing when there is no such key.
+    /// Trimmed; nullopt if there is no such key.
     [[nodiscard]] std::optional<std::string_view> value(std::string_view group,
                                                         std::string_view key) const;
 
-    /// The items between the separators `,` or `;`, trimmed, without empty ones.
+    /// The value split at `,` or `;`, trimmed, without empty items.
     [[nodiscard]] std::vector<std::string_view> list(std::string_view group,
                                                      std::string_view key) const;
 

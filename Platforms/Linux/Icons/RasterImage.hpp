@@ -1,5 +1,5 @@
-/// An image as this platform paints it: square pictures in device pixels, made when they are first
-/// needed at a size.
+/// An image as this platform paints it: square, in device pixels, rendered on first use of each
+/// size.
 #pragma once
 
 #include "Platform/Icons.hpp"
@@ -12,12 +12,12 @@ class RasterImage : public Image {
 public:
     using Image::Image;
 
-    /// The picture made for exactly `side` device pixels, at least 1, to be drawn one to one.
+    /// The image rendered at exactly `side` device pixels, at least 1, to be drawn unscaled.
     [[nodiscard]] virtual QImage exact(int side) const = 0;
 
-    /// A picture from which one of `side` device pixels can be drawn by scaling down to no less
-    /// than half, for an icon that grows up to `largest`. There are only a few of these, so that a
-    /// growing icon does not ask for a new one each frame.
+    /// An image that can be scaled down, by no more than half, to `side` device pixels, for an icon
+    /// that grows up to `largest`. Only a few sizes are used, so that a growing icon is not
+    /// rendered for every frame.
     [[nodiscard]] virtual QImage forScaling(double side, double largest) const = 0;
 };
 

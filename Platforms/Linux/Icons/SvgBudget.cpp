@@ -14,19 +14,19 @@ namespace {
 
 constexpr std::size_t maximumElements = 50'000;
 constexpr std::size_t maximumDepth = 100;
-/// Characters of the drawing with every repetition written out.
+/// Limit on the characters of the drawing with every repetition expanded.
 constexpr std::uint64_t maximumCost = 8U << 20U;
 constexpr std::uint64_t elementCost = 16;
 
 struct Element {
     std::optional<std::size_t> parent;
     std::uint64_t ownCost = 0;
-    /// The identity of the element that this one repeats.
+    /// The ID of the element that this one repeats.
     QString repeated;
 };
 
 struct Drawing {
-    /// Parents before their children.
+    /// Parents come before their children.
     std::vector<Element> elements;
     QHash<QString, std::size_t> named;
 };
@@ -79,8 +79,8 @@ std::optional<Drawing> parse(QByteArrayView svg) {
     return reader.hasError() ? std::nullopt : std::optional{std::move(drawing)};
 }
 
-/// Adds up the written-out cost of elements. The cost of one depends on those inside it and on
-/// those that these repeat; a chain of more than `maximumDepth` repetitions counts as endless.
+/// Sums up the expanded cost of elements. An element's cost depends on its children and on the
+/// elements that these repeat; a chain of more than `maximumDepth` repetitions counts as endless.
 class Sum {
 public:
     explicit Sum(const Drawing& drawing)
@@ -94,7 +94,7 @@ public:
     [[nodiscard]] std::uint64_t of(std::size_t index, std::size_t depth) {
         if (const auto& known = known_[index])
             return *known;
-        // Twice: down the tree, and along the repetitions.
+        // Doubled, because the recursion goes both down the tree and along the repetitions.
         if (depth > 2 * maximumDepth)
             return endless;
         const Element& element = drawing_.elements[index];

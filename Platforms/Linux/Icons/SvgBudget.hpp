@@ -1,14 +1,14 @@
-/// Whether an SVG drawing may be rendered at all. A few lines of it can ask for any amount of work:
-/// through elements that repeat others that repeat others, through depth, or through files that it
-/// refers to.
+/// Decides whether an SVG drawing is safe to render. A few lines can demand any amount of work:
+/// through elements that repeat others recursively, through deep nesting, or through external
+/// files.
 #pragma once
 
 #include <QByteArrayView>
 
 namespace vireline::x11::SvgBudget {
 
-/// False for text that is no well-formed SVG, is nested or repeated beyond measure, repeats itself,
-/// or takes pictures from outside itself.
+/// False if the text is not a well-formed SVG, is nested or repeated too much, contains a cycle, or
+/// refers to external images.
 [[nodiscard]] bool allows(QByteArrayView svg);
 
 }

@@ -17,10 +17,10 @@
 namespace vireline::x11 {
 namespace {
 
-/// At which the theme is asked whether it has an icon at all.
+/// The size used to check whether the theme has an icon at all.
 constexpr int probeSide = 48;
 constexpr int maximumDecodedMegabytes = 96;
-/// A window's picture above this size is not kept, as nothing draws icons that large.
+/// Larger window icons are not kept, because nothing draws icons that large.
 constexpr std::uint32_t maximumWindowIconSide = 512;
 
 using IconNames = std::vector<std::string>;
@@ -36,7 +36,7 @@ QImage genericPicture(const IconTheme& theme, int side) {
     return DrawnIcons::application(side);
 }
 
-/// Some entries add an extension to a name in the theme, against the rules.
+/// Some entries add a file extension to a theme icon's name, against the format's rules.
 IconNames themeNames(const std::string& icon) {
     for (const char* extension : {".png", ".svg", ".xpm"}) {
         if (icon.ends_with(extension))
@@ -45,7 +45,8 @@ IconNames themeNames(const std::string& icon) {
     return {icon};
 }
 
-/// The smallest picture that is large enough, else the largest; `pictures` ascend.
+/// The smallest image that is large enough, otherwise the largest; `pictures` must be in ascending
+/// order.
 QImage bestOf(const std::vector<QImage>& pictures, int side) {
     const auto enough = std::ranges::find_if(pictures, [side](const QImage& picture) {
         return std::max(picture.width(), picture.height()) >= side;
@@ -64,7 +65,7 @@ std::optional<QImage> picture(const WindowIcon& icon) {
     return wrapped.convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
-/// IconNames for a folder: that of its purpose before the plain one.
+/// Icon names for a folder: the one for its purpose before the generic one.
 IconNames folderIcons(const std::string& path) {
     struct Purpose {
         GUserDirectory directory;
@@ -96,7 +97,7 @@ IconNames folderIcons(const std::string& path) {
 ThemeIcons::ThemeIcons(const DesktopEntryCatalog& catalog, const WindowIconSource& windows,
                        std::shared_ptr<const IconTheme> theme)
     : catalog_(catalog), windows_(windows), theme_(std::move(theme)) {
-    // Also for pictures inside of drawings, which Qt decodes by itself.
+    // Also limits images embedded in drawings, which Qt decodes on its own.
     QImageReader::setAllocationLimit(maximumDecodedMegabytes);
 }
 

@@ -1,5 +1,5 @@
-/// The pictures of applications and folders: from the icon theme, from files that desktop entries
-/// name, from the apps' own windows, and drawn ones where there is none.
+/// The icons of applications and folders: from the icon theme, from files named in desktop entries,
+/// from the apps' own windows, or drawn as a last resort.
 #pragma once
 
 #include "Foundation/CallbackList.hpp"
@@ -31,9 +31,9 @@ public:
 
     [[nodiscard]] ImageHandle iconForFile(const std::string& path, const std::string& key,
                                           Size size) override;
-    /// Known is "NSTrashEmpty".
+    /// Supports "NSTrashEmpty".
     [[nodiscard]] ImageHandle namedImage(const std::string& name, Size size) override;
-    /// Known is "trash.fill".
+    /// Supports "trash.fill".
     [[nodiscard]] ImageHandle symbol(const std::string& name,
                                      const std::string& accessibilityDescription,
                                      Size size) override;
@@ -41,23 +41,24 @@ public:
         return changes_.add(std::move(handler));
     }
 
-    /// Whether a desktop entry's icon leads to a picture.
+    /// Whether the icon named in a desktop entry can be found.
     [[nodiscard]] bool has(const std::string& icon) const;
 
-    /// Takes all icons from another theme from now on, and announces it.
+    /// Switches all icons to another theme and notifies observers.
     void setTheme(std::shared_ptr<const IconTheme> theme);
 
 private:
-    /// A desktop entry's icon: a name in the theme or an absolute path. Null when it leads nowhere.
+    /// A desktop entry's icon, given as a theme name or an absolute path. Null if it cannot be
+    /// found.
     [[nodiscard]] ImageHandle declaredIcon(const std::string& icon, Size size) const;
     [[nodiscard]] ImageHandle windowIcon(const std::string& bundleID, Size size) const;
-    /// Of the first name that the theme has; null if it has none.
+    /// The icon for the first of these names that the theme has; null if it has none.
     [[nodiscard]] ImageHandle themeIcon(const std::vector<std::string>& names, Size size) const;
     [[nodiscard]] ImageHandle genericIcon(Size size) const;
 
     const DesktopEntryCatalog& catalog_;
     const WindowIconSource& windows_;
-    /// Shared with the images, which ask it whenever they are needed at a new size.
+    /// Shared with the images, which use it to render further sizes.
     std::shared_ptr<const IconTheme> theme_;
     CallbackList<> changes_;
 };

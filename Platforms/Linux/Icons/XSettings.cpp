@@ -12,7 +12,7 @@ namespace {
 
 enum class Kind : std::uint8_t { integer = 0, text = 1, colour = 2 };
 
-/// Takes values off the front of the bytes; once they run out it gives nothing any more.
+/// Reads values off the front of the bytes, and fails once they run out.
 class Reader {
 public:
     explicit Reader(std::string_view bytes) : rest_(bytes) {
@@ -21,7 +21,7 @@ public:
         isLittleEndian_ = !order.empty() && order.front() == leastFirst;
     }
 
-    /// Empty when there are not that many left.
+    /// Empty if fewer bytes are left.
     std::string_view take(std::size_t count) {
         if (count > rest_.size()) {
             rest_ = {};
@@ -44,7 +44,7 @@ public:
         return value;
     }
 
-    /// A text of that length, which ends on a multiple of four bytes.
+    /// A text of that length, padded to a multiple of four bytes.
     std::optional<std::string_view> text(std::optional<std::uint32_t> length) {
         if (!length || *length > rest_.size())
             return std::nullopt;
@@ -63,7 +63,7 @@ struct Setting {
     std::variant<std::monostate, std::string_view, std::uint32_t> value;
 };
 
-/// Nothing at the first setting that is malformed.
+/// Fails at the first malformed setting.
 std::optional<Setting> next(Reader& reader) {
     const auto kind = reader.number(1);
     reader.take(1);

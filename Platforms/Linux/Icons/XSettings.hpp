@@ -1,5 +1,4 @@
-/// What the desktop's settings daemon tells every program: the names of the icon theme and of the
-/// widget theme, whether to animate.
+/// Reads the desktop's XSETTINGS: the names of the icon and widget themes, and whether to animate.
 #pragma once
 
 #include <xcb/xproto.h>
@@ -18,7 +17,7 @@ namespace XSettings {
 using Texts = std::map<std::string, std::string, std::less<>>;
 using Numbers = std::map<std::string, std::int32_t, std::less<>>;
 
-/// The settings of both types, by name. Colours are passed over.
+/// The text and integer settings by name. Colours are ignored.
 struct Values {
     Texts texts;
     Numbers numbers;
@@ -26,17 +25,16 @@ struct Values {
     bool operator==(const Values&) const = default;
 };
 
-/// What the bytes of an _XSETTINGS_SETTINGS property say, up to the first setting that is
-/// malformed.
+/// Parses the bytes of an _XSETTINGS_SETTINGS property, up to the first malformed setting.
 [[nodiscard]] Values parse(std::string_view bytes);
 
-/// The selection that the settings daemon owns, by its atom's name.
+/// The name of the selection that the settings daemon owns.
 [[nodiscard]] std::string selection(const X11Connection& connection);
 
-/// The daemon's window, which carries the settings; XCB_NONE when there is no daemon.
+/// The settings daemon's window, which has the settings as a property; XCB_NONE without a daemon.
 [[nodiscard]] xcb_window_t owner(const X11Connection& connection);
 
-/// Empty when there is no settings daemon. Two or three round trips.
+/// Empty without a settings daemon. Two or three round trips.
 [[nodiscard]] Values read(const X11Connection& connection);
 
 }

@@ -25,7 +25,7 @@ void Damage::add(const QRect& rect) {
     if (rect.isEmpty())
         return;
     QRect all = rect;
-    // A union can reach others that its parts did not.
+    // A union can touch further rectangles that its parts did not.
     for (std::size_t i = 0; i < count_;) {
         if (!touch(rects_[i], all)) {
             ++i;

@@ -1,5 +1,5 @@
-/// The pixels that have to be painted again: a few rectangles, so that what is far apart is not
-/// painted as one. Makes no allocation, as it is filled for every frame.
+/// The pixels to repaint, as a small number of rectangles, so that distant changes are not merged
+/// into one large area. Does not allocate, because it is filled for every frame.
 #pragma once
 
 #include <QRect>
@@ -11,18 +11,18 @@ namespace vireline::x11 {
 
 class Damage {
 public:
-    /// Rectangles that touch become one; so do the nearest when there are too many.
+    /// Merges rectangles that touch, and the closest ones if there are too many.
     void add(const QRect& rect);
 
     [[nodiscard]] bool isEmpty() const noexcept { return count_ == 0; }
 
-    /// None overlaps another, none is empty.
+    /// Disjoint and not empty.
     [[nodiscard]] std::span<const QRect> rects() const noexcept {
         return std::span{rects_}.first(count_);
     }
 
 private:
-    /// A label, the tiles that grow, and two elsewhere.
+    /// Enough for a label, the growing tiles, and two other places.
     static constexpr std::size_t most = 4;
 
     std::array<QRect, most> rects_;

@@ -6,8 +6,8 @@
 namespace vireline::x11 {
 namespace {
 
-/// How much of the glass covers what lies behind it, of 255. Without blur, detail behind the glass
-/// competes with the icons, so more of it is covered.
+/// Opacity of the glass, 0 to 255. Without blur, detail behind the glass competes with the icons,
+/// so it is more opaque.
 struct Cover {
     int glassTop;
     int glassBottom;
@@ -61,7 +61,7 @@ DockColors dark(const Cover& cover) {
     };
 }
 
-/// How thick a fine line is: one pixel on ordinary screens and on those of double density.
+/// Thickness of a fine line: one pixel up to double density.
 double hairline(double scale) {
     return std::max(1.0, std::floor(scale / 2));
 }

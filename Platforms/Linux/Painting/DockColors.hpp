@@ -1,4 +1,4 @@
-/// The colours of a dock: light or dark, over a blurred background, a plain one, or none at all.
+/// The colours of a dock: light or dark, over a blurred, sharp or missing background.
 #pragma once
 
 #include "Painting/Glass.hpp"
@@ -7,22 +7,22 @@
 
 namespace vireline::x11 {
 
-/// What lies behind the glass.
+/// What is visible behind the glass.
 enum class Backdrop {
-    opaque,      ///< nothing shines through: there is no compositor
+    opaque,      ///< nothing, because there is no compositor
     translucent, ///< the desktop as it is
-    blurred,     ///< the desktop out of focus
+    blurred,     ///< the desktop, blurred
 };
 
 struct DockColors {
-    /// The glass, from its top to its bottom.
+    /// The glass, from top to bottom.
     QColor glassTop;
     QColor glassBottom;
-    /// The darker line around it, and the fine light one inside that.
+    /// The dark outer line, and the light line inside it.
     QColor outline;
     QColor highlightTop;
     QColor highlightBottom;
-    /// The glass under text, which has to be read.
+    /// The glass behind text, more opaque for legibility.
     QColor labelGlass;
     QColor text;
     QColor dot;
@@ -31,9 +31,9 @@ struct DockColors {
 
     bool operator==(const DockColors&) const = default;
 
-    /// The strip's glass; `radius` in pixels, at that many pixels a point.
+    /// The strip's glass; `radius` in pixels, `scale` in pixels per point.
     [[nodiscard]] GlassLook glass(double radius, double scale) const;
-    /// A label's.
+    /// The glass of a label.
     [[nodiscard]] GlassLook label(double radius, double scale) const;
 
     [[nodiscard]] static DockColors of(bool isDark, Backdrop backdrop);

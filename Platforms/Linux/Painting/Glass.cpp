@@ -7,10 +7,10 @@
 namespace vireline::x11 {
 namespace {
 
-/// How much of the middle is drawn at once; pixels.
+/// Width of the repeated middle piece; pixels.
 constexpr int pieceWidth = 128;
 
-/// A line of whole pixels along the inside of the rectangle, `inset` pixels from its edge.
+/// Strokes a line along the inside of the rectangle, `inset` pixels from its edge.
 void drawRing(QPainter& painter, const QRectF& rect, double radius, double inset, double width,
               const QBrush& brush) {
     const double middle = inset + width / 2;
@@ -65,15 +65,16 @@ void GlassPainter::forEachPiece(const QRect& rect, const GlassLook& look, const 
     drawPiece(farEnd, end, end + pieceWidth);
 }
 
-void GlassPainter::lay(const Canvas& canvas, const QRect& rect, const GlassLook& look, int alpha,
-                       const QRect& clip) {
+void GlassPainter::blend(const Canvas& canvas, const QRect& rect, const GlassLook& look, int alpha,
+                         const QRect& clip) {
     forEachPiece(rect, look,
-                 [&](const Pixels::Piece& piece) { Pixels::lay(canvas, piece, alpha, clip); });
+                 [&](const Pixels::Piece& piece) { Pixels::blend(canvas, piece, alpha, clip); });
 }
 
-void GlassPainter::put(const Canvas& canvas, const QRect& rect, const GlassLook& look,
-                       const QRect& clip) {
-    forEachPiece(rect, look, [&](const Pixels::Piece& piece) { Pixels::put(canvas, piece, clip); });
+void GlassPainter::copy(const Canvas& canvas, const QRect& rect, const GlassLook& look,
+                        const QRect& clip) {
+    forEachPiece(rect, look,
+                 [&](const Pixels::Piece& piece) { Pixels::copy(canvas, piece, clip); });
 }
 
 void GlassPainter::render(QSize size, const GlassLook& look) {

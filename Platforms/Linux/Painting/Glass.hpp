@@ -1,5 +1,5 @@
-/// The translucent background of docks and labels: a slope of colours with round corners, a dark
-/// line around it and a light one inside that.
+/// The translucent background of docks and labels: a gradient with rounded corners, a dark outline
+/// and a light line inside it.
 #pragma once
 
 #include "Painting/Pixels.hpp"
@@ -12,11 +12,11 @@
 namespace vireline::x11 {
 
 struct GlassLook {
-    /// Pixels; no more than half of either side counts.
+    /// Pixels; limited to half of the shorter side.
     double radius = 0;
-    /// How thick the fine lines are, in pixels.
+    /// Thickness of the fine lines; pixels.
     double line = 1;
-    /// From top to bottom.
+    /// Gradient from top to bottom.
     QColor top;
     QColor bottom;
     QColor outline;
@@ -28,30 +28,30 @@ struct GlassLook {
 
 namespace Glass {
 
-/// A rectangle with corners as round as they can be, up to `radius`.
+/// A rounded rectangle with corners of `radius`, or less if it is too small for that.
 [[nodiscard]] QPainterPath roundedPath(const QRectF& rect, double radius);
 
 void draw(QPainter& painter, const QRect& rect, const GlassLook& look);
 
 }
 
-/// Draws glass again and again, of a length that changes all the time, from one picture.
+/// Draws glass of ever-changing length from one cached image.
 class GlassPainter {
 public:
-    /// `alpha` is of 255.
-    void lay(const Canvas& canvas, const QRect& rect, const GlassLook& look, int alpha,
-             const QRect& clip);
-    /// In place of what is there.
-    void put(const Canvas& canvas, const QRect& rect, const GlassLook& look, const QRect& clip);
+    /// Blends the glass over the canvas; `alpha` is 0 to 255.
+    void blend(const Canvas& canvas, const QRect& rect, const GlassLook& look, int alpha,
+               const QRect& clip);
+    /// Draws the glass without blending.
+    void copy(const Canvas& canvas, const QRect& rect, const GlassLook& look, const QRect& clip);
 
 private:
     void render(QSize size, const GlassLook& look);
-    /// Calls `draw` with each piece of the picture that the glass is made of.
+    /// Calls `draw` for each piece that the glass is assembled from.
     template <class Draw>
     void forEachPiece(const QRect& rect, const GlassLook& look, const Draw& draw);
 
     GlassLook look_;
-    /// Both ends, and between them a piece that is repeated for as long as the glass is.
+    /// Both ends with a middle piece between them, which is repeated to fill the length.
     QImage picture_;
 };
 

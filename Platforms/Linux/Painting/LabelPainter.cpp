@@ -63,7 +63,7 @@ void LabelPainter::draw(const Canvas& canvas, const LabelNode& label, const Plac
         picture({label, place.rect.size(), place.scale, colors, QGuiApplication::font()}, place);
     const QPointF corner = place.rect.center() - QPointF(shown.width() / 2.0, shown.height() / 2.0);
     const QRect area = ViewMappings::snappedAsWhole({corner, QSizeF(shown.size())});
-    Pixels::lay(canvas, Pixels::pieceOf(shown, area.topLeft()), place.alpha, clip);
+    Pixels::blend(canvas, Pixels::pieceOf(shown, area.topLeft()), place.alpha, clip);
 }
 
 const QImage& LabelPainter::picture(Key key, const PlacedNode& place) {

@@ -1,5 +1,5 @@
-/// Draws a dock's label, a line of text in a capsule of glass, from a picture that it keeps for as
-/// long as the label says the same.
+/// Draws a dock's label, a line of text in a glass capsule, from an image that is cached while the
+/// text stays the same.
 #pragma once
 
 #include "Painting/DockColors.hpp"
@@ -19,11 +19,11 @@ public:
     void draw(const Canvas& canvas, const LabelNode& label, const PlacedNode& place,
               const DockColors& colors, const QRect& clip);
 
-    /// Where the capsule lies; whole pixels.
+    /// The capsule's frame in whole pixels.
     [[nodiscard]] static QRect capsule(const LabelNode& label, const PlacedNode& place);
 
-    /// Looks the labels' font up, which the first label would otherwise wait for, for longer than a
-    /// frame.
+    /// Loads the labels' font, which takes longer than a frame and would otherwise delay the first
+    /// label.
     static void prepareFont();
 
 private:
@@ -44,7 +44,7 @@ private:
 
     [[nodiscard]] const QImage& picture(Key key, const PlacedNode& place);
 
-    /// As many as a pointer sweeps over in one go; the latest last.
+    /// Enough for the tiles that a pointer passes in one sweep; the latest comes last.
     static constexpr std::size_t most = 24;
 
     std::vector<Entry> entries_;

@@ -1,4 +1,4 @@
-/// Arithmetic on two premultiplied pixels at once, which the processor's vectors do in one step.
+/// SIMD arithmetic on two premultiplied pixels at a time.
 #pragma once
 
 #include <bit>
@@ -13,7 +13,7 @@ using PixelPair [[gnu::vector_size(16)]] = std::uint16_t;
 
 namespace PixelPairs {
 
-/// Weights and coverage are parts of this.
+/// Weights and coverage are fractions of this.
 inline constexpr std::uint16_t whole = 256;
 
 using Bytes [[gnu::vector_size(8)]] = std::uint8_t;
@@ -32,7 +32,7 @@ inline void store(std::uint32_t* pixels, PixelPair pair) noexcept {
 /// The channels of one pixel, each in 16 bits.
 using Channels = std::uint64_t;
 
-/// Not by way of memory, which a processor has to wait for.
+/// Built in registers, because a round trip through memory would stall the processor.
 [[nodiscard]] inline PixelPair of(Channels first, Channels second) noexcept {
     using Words [[gnu::vector_size(16)]] = std::uint64_t;
     return reinterpret_cast<PixelPair>(Words{first, second});
@@ -44,12 +44,12 @@ using Channels = std::uint64_t;
     return value * ones;
 }
 
-/// The same value for all channels of both.
+/// The same value for all channels of both pixels.
 [[nodiscard]] inline PixelPair all(std::uint16_t value) noexcept {
     return PixelPair{} + value;
 }
 
-/// `second`'s weights are of `whole`.
+/// Interpolates; `weights` is the fraction of `second`, relative to `whole`.
 [[nodiscard]] inline PixelPair between(PixelPair first, PixelPair second,
                                        PixelPair weights) noexcept {
     return (first * (whole - weights) + second * weights) >> 8;
@@ -59,7 +59,7 @@ using Channels = std::uint64_t;
     return (pair * weights) >> 8;
 }
 
-/// Each pixel's own alpha in all of its channels.
+/// Each pixel's alpha, copied to all of its channels.
 [[nodiscard]] inline PixelPair alphas(PixelPair pair) noexcept {
     if constexpr (std::endian::native == std::endian::little) {
         return __builtin_shufflevector(pair, pair, 3, 3, 3, 3, 7, 7, 7, 7);
@@ -68,7 +68,7 @@ using Channels = std::uint64_t;
     }
 }
 
-/// Divides by 255 as exactly as rounding can.
+/// Source-over blending; the division by 255 is correctly rounded.
 [[nodiscard]] inline PixelPair over(PixelPair pair, PixelPair below) noexcept {
     constexpr std::uint16_t half = 128;
     const PixelPair shining = below * (255 - alphas(pair)) + half;

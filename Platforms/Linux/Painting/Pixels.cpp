@@ -17,7 +17,7 @@ std::size_t pitchOf(const QImage& image) {
     return static_cast<std::size_t>(image.bytesPerLine()) / sizeof(std::uint32_t);
 }
 
-/// Where a piece meets the clip and the canvas, on both sides.
+/// Where a piece overlaps the clip and the canvas, in the coordinates of both.
 struct Overlap {
     QRect target;
     QPoint source;
@@ -30,7 +30,7 @@ Overlap overlapOf(const Canvas& canvas, const Piece& piece, const QRect& clip) {
     return {target, part.topLeft() + target.topLeft() - corner};
 }
 
-/// Calls `work` with each row of the canvas that the piece meets, and with the piece's own.
+/// Calls `work` with each overlapping row of the canvas and of the piece.
 template <class Work>
 void forEachRow(const Canvas& canvas, const Piece& piece, const QRect& clip, const Work& work) {
     const auto [target, source] = overlapOf(canvas, piece, clip);
@@ -84,12 +84,12 @@ void fill(const Canvas& canvas, const QRect& rect, std::uint32_t pixel) {
         std::ranges::fill(canvas.row(area.x(), area.y() + i, area.width()), pixel);
 }
 
-void put(const Canvas& canvas, const Piece& piece, const QRect& clip) {
+void copy(const Canvas& canvas, const Piece& piece, const QRect& clip) {
     forEachRow(canvas, piece, clip,
                [](Row target, ConstRow source) { std::ranges::copy(source, target.begin()); });
 }
 
-void lay(const Canvas& canvas, const Piece& piece, int alpha, const QRect& clip) {
+void blend(const Canvas& canvas, const Piece& piece, int alpha, const QRect& clip) {
     const auto opacity = static_cast<std::uint16_t>(alpha + (alpha >> 7));
     forEachRow(canvas, piece, clip,
                [opacity](Row target, ConstRow source) { layRow(target, source, opacity); });

@@ -1,5 +1,5 @@
-/// Work on the pixels of images, without the set-up that a painter needs for every frame. All
-/// images have premultiplied colours of 32 bits.
+/// Direct operations on images' pixels, without a painter's set-up cost per frame. All images have
+/// 32-bit premultiplied colours.
 #pragma once
 
 #include <QImage>
@@ -11,8 +11,8 @@
 
 namespace vireline::x11 {
 
-/// The pixels of an image that lives longer, reached directly. `Pixel` is const for those that are
-/// only read.
+/// Direct access to the pixels of an image that must outlive this. `Pixel` is const for read-only
+/// access.
 template <class Pixel>
 class PixelGrid {
 public:
@@ -31,7 +31,7 @@ public:
 private:
     Pixel* pixels_;
     QSize size_;
-    /// From one row to the next.
+    /// Pixels from one row to the next.
     std::size_t pitch_;
 };
 
@@ -44,24 +44,24 @@ namespace Pixels {
 [[nodiscard]] Canvas canvas(QImage& image);
 [[nodiscard]] Picture picture(const QImage& image);
 
-/// A part of a picture and where on the canvas its corner goes.
+/// A part of a picture, and the position of its corner on the canvas.
 struct Piece {
     Picture picture;
     QRect part;
     QPoint at;
 };
 
-/// All of a picture.
+/// A whole picture.
 [[nodiscard]] Piece pieceOf(const QImage& image, QPoint at);
 
-/// Sets what lies on the canvas to one premultiplied colour.
+/// Fills the rectangle with one premultiplied colour.
 void fill(const Canvas& canvas, const QRect& rect, std::uint32_t pixel);
 
-/// Puts the piece in place of what is there, inside of `clip`.
-void put(const Canvas& canvas, const Piece& piece, const QRect& clip);
+/// Copies the piece without blending, clipped to `clip`.
+void copy(const Canvas& canvas, const Piece& piece, const QRect& clip);
 
-/// Lays the piece over what is there, inside of `clip`; `alpha` is of 255.
-void lay(const Canvas& canvas, const Piece& piece, int alpha, const QRect& clip);
+/// Blends the piece over the canvas, clipped to `clip`; `alpha` is 0 to 255.
+void blend(const Canvas& canvas, const Piece& piece, int alpha, const QRect& clip);
 
 }
 }

@@ -1,5 +1,4 @@
-/// Draws small rectangles with round corners in one colour, down to dots, from pictures that it
-/// keeps.
+/// Draws small rounded rectangles in one colour, including dots, from cached images.
 #pragma once
 
 #include <QColor>
@@ -10,7 +9,7 @@ namespace vireline::x11 {
 
 class RoundedShapes {
 public:
-    /// Pixels; the radius counts up to half of either side.
+    /// Pixels; the radius is limited to half of the shorter side.
     struct Shape {
         QSize size;
         double radius = 0;
@@ -19,7 +18,7 @@ public:
         bool operator==(const Shape&) const = default;
     };
 
-    /// Valid until the next call.
+    /// The reference is valid until the next call.
     [[nodiscard]] const QImage& picture(const Shape& shape);
 
 private:
@@ -28,7 +27,7 @@ private:
         QImage picture;
     };
 
-    /// A dot, a separator and a handle, for one look and the one before.
+    /// A dot, a separator and a handle, each in the current look and the previous one.
     static constexpr std::size_t most = 6;
 
     std::vector<Entry> entries_;

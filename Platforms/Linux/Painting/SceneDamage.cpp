@@ -7,7 +7,7 @@
 namespace vireline::x11::SceneDamage {
 namespace {
 
-/// Where the node of that identity is, looked for at its old index first; nothing if nowhere.
+/// Finds the node with this ID, starting with its previous index; nullopt if there is none.
 std::optional<std::size_t> find(const PlacedScene& scene, const NodeID& id, std::size_t index) {
     if (index < scene.nodes.size() && scene.nodes[index].id == id)
         return index;
@@ -17,8 +17,8 @@ std::optional<std::size_t> find(const PlacedScene& scene, const NodeID& id, std:
     return static_cast<std::size_t>(found - scene.nodes.begin());
 }
 
-/// What a glass shows besides its two ends is the same however long it is, as long as it keeps its
-/// height. Adds the end at the left and the one at the right.
+/// Apart from its ends, glass looks the same at any length if its height is unchanged. Adds only
+/// the areas at the left and right ends.
 void addEnds(Damage& damage, const GlassNode& glass, const PlacedNode& place,
              const PlacedNode& other) {
     const QRect all = place.touched();
@@ -38,7 +38,8 @@ bool differsInLengthOnly(const PlacedNode& place, PlacedNode other) {
     return other == place;
 }
 
-/// What one node shows that it did not show where `before` was; nothing was it nowhere.
+/// Adds the pixels in which the node differs from its appearance at `before`, which is null if the
+/// node is new.
 void addChange(Damage& damage, const SceneNode& node, const PlacedNode& place,
                const PlacedNode* before) {
     if (place.alpha == 0 || (before != nullptr && *before == place))
@@ -49,8 +50,8 @@ void addChange(Damage& damage, const SceneNode& node, const PlacedNode& place,
     damage.add(place.touched());
 }
 
-/// The pixels of all nodes that do not look just the same in the other scene. A node that does but
-/// comes in another order, before or behind one it overlaps, counts as different.
+/// Adds the pixels of all nodes that look different in the other scene, or whose order relative to
+/// other nodes differs.
 void addChanged(Damage& damage, const PlacedScene& scene, const PlacedScene& other) {
     std::size_t next = 0;
     for (std::size_t i = 0; i < scene.nodes.size(); ++i) {

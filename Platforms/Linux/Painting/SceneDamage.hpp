@@ -1,4 +1,4 @@
-/// Which pixels differ between two scenes.
+/// Computes which pixels differ between two scenes.
 #pragma once
 
 #include "Painting/Damage.hpp"
@@ -9,7 +9,7 @@
 
 namespace vireline::x11 {
 
-/// Nodes and where each of them lies, back to front.
+/// Nodes and their positions, back to front.
 struct PlacedScene {
     std::span<const SceneNode> nodes;
     std::span<const PlacedNode> places;
@@ -17,8 +17,7 @@ struct PlacedScene {
 
 namespace SceneDamage {
 
-/// Adds what has to be painted again to get from one to the other; nothing for scenes that look the
-/// same.
+/// Adds the pixels to repaint when `after` replaces `before`; none if both look the same.
 void add(Damage& damage, const PlacedScene& before, const PlacedScene& after);
 
 }

@@ -7,7 +7,7 @@
 namespace vireline::x11 {
 namespace {
 
-/// One node's content, drawn where the node is placed.
+/// Draws the content of one node at its position.
 struct NodePainter {
     const Canvas& canvas;
     const QRect& clip;
@@ -20,13 +20,13 @@ struct NodePainter {
     void operator()(const GlassNode& glass) const {
         const GlassLook look = colors.glass(glass.cornerRadius * place.scale, place.scale);
         if (isBackground) {
-            cache.glass.put(canvas, place.rect.toRect(), look, clip);
+            cache.glass.copy(canvas, place.rect.toRect(), look, clip);
         } else {
-            cache.glass.lay(canvas, place.rect.toRect(), look, place.alpha, clip);
+            cache.glass.blend(canvas, place.rect.toRect(), look, place.alpha, clip);
         }
     }
 
-    /// A sharp one is drawn one to one; any other comes from a larger picture.
+    /// A sharp image is drawn unscaled; any other is scaled down from a larger one.
     void operator()(const ImageNode& node) const {
         const auto* const image = dynamic_cast<const RasterImage*>(node.image.get());
         if (image == nullptr || place.rect.isEmpty())
@@ -34,7 +34,7 @@ struct NodePainter {
         if (place.isSharp) {
             const QRect whole = place.rect.toRect();
             const QImage picture = image->exact(whole.width());
-            Pixels::lay(canvas, Pixels::pieceOf(picture, whole.topLeft()), place.alpha, clip);
+            Pixels::blend(canvas, Pixels::pieceOf(picture, whole.topLeft()), place.alpha, clip);
             return;
         }
         const double side = std::max(place.rect.width(), place.rect.height());
@@ -59,11 +59,11 @@ struct NodePainter {
     void drawShape(double radius, const QColor& colour) const {
         const QRect whole = place.rect.toRect();
         const QImage& picture = cache.shapes.picture({whole.size(), radius, colour});
-        Pixels::lay(canvas, Pixels::pieceOf(picture, whole.topLeft()), place.alpha, clip);
+        Pixels::blend(canvas, Pixels::pieceOf(picture, whole.topLeft()), place.alpha, clip);
     }
 };
 
-/// The glass at the bottom of the scene; empty if it lets anything shine through but the desktop.
+/// The glass at the bottom of the scene; empty unless it is fully faded in.
 QRect backgroundOf(const PlacedScene& scene) {
     const bool hasGlass =
         !scene.nodes.empty() && std::holds_alternative<GlassNode>(scene.nodes.front().content);
@@ -71,7 +71,7 @@ QRect backgroundOf(const PlacedScene& scene) {
                                                          : QRect{};
 }
 
-/// All of the rectangle but the part that the background is about to replace.
+/// Clears the rectangle, except for the part that the background will overwrite.
 void clear(const Canvas& canvas, const QRect& rect, const QRect& background) {
     const QRect kept = background & rect;
     if (kept.isEmpty())

@@ -1,5 +1,4 @@
-/// Paints a scene's few kinds of nodes. Nothing else on this platform looks at a node's kind to
-/// draw it. Keeps pictures of what is drawn alike from frame to frame.
+/// Paints a scene's nodes, and caches images of what looks the same from frame to frame.
 #pragma once
 
 #include "Painting/DockColors.hpp"
@@ -19,7 +18,7 @@ namespace vireline::x11 {
 
 class ScenePainter {
 public:
-    /// What is kept from frame to frame.
+    /// Images kept from frame to frame.
     struct Cache {
         GlassPainter glass;
         LabelPainter label;
@@ -27,12 +26,13 @@ public:
         SmoothScaler scaler;
     };
 
-    /// Paints what of the scene lies in one of the rectangles, in place of what is on the canvas.
+    /// Repaints the parts of the scene that lie in one of the rectangles, replacing what is on the
+    /// canvas.
     void paint(const Canvas& canvas, const PlacedScene& scene, double pixelsPerPoint,
                const DockColors& colors, std::span<const QRect> damage);
 
-    /// The outlines of the scene's glass, the label's included, in pixels: what a compositor may
-    /// blur the background of.
+    /// The outlines of the scene's glass, including the label's, in pixels, behind which a
+    /// compositor may blur.
     [[nodiscard]] static std::vector<QPainterPath> glassOutlines(const PlacedScene& scene);
 
 private:

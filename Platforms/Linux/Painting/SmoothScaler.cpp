@@ -8,8 +8,8 @@
 #include <cstring>
 
 namespace vireline::x11 {
-/// For the canvas's pixels from `begin` to `end` along one axis, where the picture reaches from
-/// `start` over `length` and has `side` pixels of its own.
+/// Computes the taps for the canvas pixels from `begin` to `end` along one axis. The picture has
+/// `side` pixels, and covers `length` canvas pixels from `start` on.
 void SmoothScaler::findTaps(std::vector<Tap>& taps, int begin, int end, double start, double length,
                             int side) {
     const double ratio = side / length;
@@ -28,7 +28,7 @@ void SmoothScaler::findTaps(std::vector<Tap>& taps, int begin, int end, double s
     }
 }
 
-/// A line has an even number of pixels; what is beyond a picture's last one does not count.
+/// The last pixel of an odd row is paired with a dummy.
 void SmoothScaler::mixRows(std::span<const std::uint32_t> first,
                            std::span<const std::uint32_t> second, PixelPairs::Channels weight) {
     const PixelPair weights = PixelPairs::of(weight, weight);
@@ -47,7 +47,7 @@ void SmoothScaler::mixRows(std::span<const std::uint32_t> first,
     std::memcpy(line_.data() + x, &pair, sizeof line_[x]);
 }
 
-/// What the picture shows at two neighbouring columns.
+/// The picture's interpolated pixels at two adjacent columns.
 inline PixelPair SmoothScaler::pairAt(std::size_t x) const {
     const Tap& left = columns_[x];
     const Tap& right = columns_[x + 1];
@@ -57,8 +57,8 @@ inline PixelPair SmoothScaler::pairAt(std::size_t x) const {
 }
 
 void SmoothScaler::drawRow(std::span<std::uint32_t> target, std::uint16_t cover) const {
-    // Only at its edges and while it fades does a picture cover pixels in part.
-    const auto layPart = [&](std::size_t x, std::uint32_t* to) {
+    // Partial coverage occurs only at the picture's edges and while it fades.
+    const auto blendPart = [&](std::size_t x, std::uint32_t* to) {
         const auto covered = [&](const Tap& tap) {
             return PixelPairs::everywhere(
                 static_cast<std::uint16_t>(tap.coverage * cover / PixelPairs::whole));
@@ -71,7 +71,7 @@ void SmoothScaler::drawRow(std::span<std::uint32_t> target, std::uint16_t cover)
     for (std::size_t i = 0; i < pairs; ++i) {
         std::uint32_t* const to = target.data() + 2 * i;
         if (cover < PixelPairs::whole || i == 0 || 2 * i + 3 > target.size()) {
-            layPart(2 * i, to);
+            blendPart(2 * i, to);
         } else {
             PixelPairs::store(to, PixelPairs::over(pairAt(2 * i), PixelPairs::load(to)));
         }
@@ -79,7 +79,7 @@ void SmoothScaler::drawRow(std::span<std::uint32_t> target, std::uint16_t cover)
     if (target.size() % 2 == 0)
         return;
     std::array<std::uint32_t, 2> last{target.back(), 0};
-    layPart(target.size() - 1, last.data());
+    blendPart(target.size() - 1, last.data());
     target.back() = last.front();
 }
 
@@ -90,7 +90,7 @@ void SmoothScaler::draw(const Canvas& canvas, const Picture& picture, const QRec
         return;
     findTaps(columns_, area.left(), area.right() + 1, rect.left(), rect.width(), picture.width());
     findTaps(rows_, area.top(), area.bottom() + 1, rect.top(), rect.height(), picture.height());
-    // One more, as columns are drawn in pairs.
+    // One extra, because columns are drawn in pairs.
     columns_.push_back(columns_.back());
     const int evenWidth = picture.width() + picture.width() % 2;
     line_.resize(static_cast<std::size_t>(evenWidth));

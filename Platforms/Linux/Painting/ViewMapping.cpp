@@ -11,7 +11,7 @@ int nearest(double pixel) {
     return static_cast<int>(std::clamp(std::floor(pixel + 0.5), -reach, reach));
 }
 
-/// Finer steps than these nobody sees, and a place that nobody sees change need not be painted.
+/// Rounds to steps too small to see, so that invisible movements cause no repaint.
 QRectF inSmallSteps(const QRectF& rect) {
     constexpr double steps = 16;
     const auto rounded = [](double pixel) { return std::floor(pixel * steps + 0.5) / steps; };
@@ -20,7 +20,7 @@ QRectF inSmallSteps(const QRectF& rect) {
     return {left, top, rounded(rect.right()) - left, rounded(rect.bottom()) - top};
 }
 
-/// Where a node is drawn, its scale and its offset included, at broken pixels.
+/// Where a node is drawn, with its scale and offset applied, in fractional pixels.
 QRectF drawnRect(const SceneNode& node, const ViewMapping& mapping) {
     const Point anchor = node.anchor.value_or(node.frame.center());
     const auto along = [&](double value, double fixed, double offset) {
@@ -37,8 +37,8 @@ bool isAtRest(const ImageNode& image, const QRectF& rect, double scale) {
     return std::abs(side - image.restingSide * scale) < tolerance * scale;
 }
 
-/// A dot often lies in the middle between two pixels, of which one is nearer to the line around the
-/// strip: moves it a little towards its tile.
+/// Nudges a dot towards its tile. Dots often lie exactly between two pixels, and would otherwise be
+/// rounded towards the strip's outline.
 QRectF awayFromTheEdge(QRectF rect, const SceneNode& node) {
     constexpr double little = 1.0 / 256;
     const Point dot = node.frame.center();
@@ -91,7 +91,7 @@ PlacedNode placed(const SceneNode& node, const ViewMapping& mapping) {
         place.rect = inSmallSteps(rect);
         place.isSharp = false;
     } else if (std::holds_alternative<LabelNode>(node.content)) {
-        // It finds its own place in this room.
+        // The label chooses its position within this area.
         place.rect = inSmallSteps(rect);
     } else {
         place.rect = isBar ? snapped(rect) : snappedAsWhole(awayFromTheEdge(rect, node));

@@ -1,5 +1,5 @@
-/// From a view's points to the pixels of the window that hosts it. What is drawn sharp lies on
-/// whole pixels; this is the one place that says which.
+/// Maps a view's points to pixels of its window. Whatever is drawn sharp lies on whole pixels; this
+/// is the one place that rounds to them.
 #pragma once
 
 #include "Presentation/Scene.hpp"
@@ -19,41 +19,40 @@ struct ViewMapping {
     bool operator==(const ViewMapping&) const = default;
 
     [[nodiscard]] QRectF pixels(const Rect& view) const;
-    /// Those pixels that a pointer in the rectangle points to.
+    /// The pixels at which the pointer counts as being in the rectangle.
     [[nodiscard]] QRect pixelsIn(const Rect& view) const;
     [[nodiscard]] Point toView(QPointF pixels) const;
     [[nodiscard]] QPointF toPixels(Point view) const;
 };
 
-/// A node as it comes to lie on the window: nodes of equal content that are placed alike look
-/// alike.
+/// A node's position on the window: nodes with equal content and equal positions look identical.
 struct PlacedNode {
-    /// Pixels. Whole ones for all that is drawn sharp; an image that has grown or shrunk lies
-    /// between them, so as to move smoothly.
+    /// In pixels: whole ones for everything drawn sharp; fractional ones for a scaled image, so
+    /// that it moves smoothly.
     QRectF rect;
     bool isSharp = true;
-    /// Pixels a point for lengths inside of it.
+    /// Pixels per point for lengths inside it.
     double scale = 1;
-    /// Of 255.
+    /// 0 to 255.
     int alpha = 255;
 
     bool operator==(const PlacedNode&) const = default;
 
-    /// All pixels that painting it can touch.
+    /// All pixels that painting it may change.
     [[nodiscard]] QRect touched() const;
 };
 
 namespace ViewMappings {
 
 [[nodiscard]] PlacedNode placed(const SceneNode& node, const ViewMapping& mapping);
-/// All of them, in their order, in place of what `places` held.
+/// The positions of all nodes in order; replaces the content of `places`.
 void place(std::vector<PlacedNode>& places, const Scene& scene, const ViewMapping& mapping);
 
-/// The nearest whole pixels edge by edge, never without area.
+/// Rounds each edge to whole pixels; never empty.
 [[nodiscard]] QRect snapped(const QRectF& rect);
 
-/// At the nearest whole pixel with the nearest whole size, so that equal things stay equal wherever
-/// they lie. Never without area.
+/// Rounds size and position separately to whole pixels, so that equal shapes stay equal everywhere.
+/// Never empty.
 [[nodiscard]] QRect snappedAsWhole(const QRectF& rect);
 
 }

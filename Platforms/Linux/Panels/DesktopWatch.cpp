@@ -27,7 +27,7 @@ DesktopWatch::DesktopWatch(X11Connection& connection)
         logOnceStarted("no compositor, docks are opaque");
 }
 
-/// Without XFixes the compositor of the start counts for ever.
+/// Without XFixes, changes of the compositor after start-up go unnoticed.
 void DesktopWatch::watchCompositor() {
     const auto* extension = xcb_get_extension_data(connection_.get(), &xcb_xfixes_id);
     if (extension == nullptr || extension->present == 0)
@@ -96,8 +96,8 @@ DesktopOffer DesktopWatch::read() const {
     return {.isComposited = true, .blursBehind = announcesBlur()};
 }
 
-/// Compositors announce it among what the window manager supports, or by a property of the root
-/// window whose value says nothing.
+/// Compositors announce blur either in the list of features that the window manager supports, or by
+/// the mere presence of a property on the root window.
 bool DesktopWatch::announcesBlur() const {
     const xcb_atom_t blur = connection_.atom(blurProperty);
     if (std::ranges::count(connection_.atoms(connection_.root(), "_NET_SUPPORTED"), blur) > 0)

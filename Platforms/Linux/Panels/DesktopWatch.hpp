@@ -1,4 +1,4 @@
-/// What the window manager and the compositor of the moment offer, and when another one comes.
+/// Tracks the capabilities of the current window manager and compositor, and their replacement.
 #pragma once
 
 #include "Foundation/CallbackList.hpp"
@@ -15,9 +15,9 @@ namespace vireline::x11 {
 class X11Connection;
 
 struct DesktopOffer {
-    /// Translucent pixels are drawn as such.
+    /// Translucent pixels are composited.
     bool isComposited = false;
-    /// The compositor blurs what lies behind a window where it is asked to.
+    /// The compositor blurs the background of windows on request.
     bool blursBehind = false;
 
     bool operator==(const DesktopOffer&) const = default;
@@ -37,14 +37,13 @@ public:
         return offer_.observe(std::move(handler));
     }
 
-    /// Announces that a window manager has taken over, that the one before starts again, or that it
-    /// has gone.
+    /// Notifies when a window manager takes over, restarts or exits.
     [[nodiscard]] Subscription observeWindowManager(std::function<void()> handler) {
         return windowManager_.add(std::move(handler));
     }
 
-    /// Whether the window manager of the moment has failed to keep a dock where it belongs. Such a
-    /// manager is not given the next one.
+    /// Whether the current window manager has failed to keep a dock in place, in which case new
+    /// docks are not left to it either.
     [[nodiscard]] bool misplacesDocks() const noexcept { return misplacesDocks_; }
     void noteMisplacedDock() noexcept { misplacesDocks_ = true; }
 
@@ -60,7 +59,8 @@ private:
     std::uint8_t selectionEvent_ = 0;
     Observable<DesktopOffer> offer_;
     CallbackList<> windowManager_;
-    /// By which the window manager announces itself, and whose end tells of its own.
+    /// The window manager's check window; its destruction reveals that the window manager has
+    /// exited.
     xcb_window_t managerMark_ = XCB_NONE;
     bool misplacesDocks_ = false;
     Subscription events_;

@@ -41,7 +41,7 @@ void apply(const X11Connection& connection, xcb_window_t window, std::uint32_t d
     setAtoms(connection, window, "_NET_WM_WINDOW_TYPE", std::array{"_NET_WM_WINDOW_TYPE_DOCK"sv});
     setAtoms(connection, window, "_NET_WM_STATE", states);
     connection.setWords(window, "_NET_WM_DESKTOP", XCB_ATOM_CARDINAL, std::array{allDesktops});
-    // Taking the focus when asked to is left out: a dock has no use for it.
+    // Without WM_TAKE_FOCUS, because a dock never takes the focus.
     setAtoms(connection, window, "WM_PROTOCOLS",
              std::array{"WM_DELETE_WINDOW"sv, "_NET_WM_PING"sv});
     setNoInput(connection, window);

@@ -1,5 +1,5 @@
-/// What a dock's window tells the window manager: a dock, and so above ordinary windows, on every
-/// desktop, in no taskbar, never focused.
+/// The window manager hints of a dock's window: a dock and therefore above ordinary windows, on
+/// every desktop, not in taskbars, never focused.
 #pragma once
 
 #include <xcb/xcb.h>
@@ -12,15 +12,15 @@ class X11Connection;
 
 namespace DockHints {
 
-/// For a window that is not shown; again before each time it is, as a window manager may take them
-/// away from a withdrawn one.
+/// Must be called before each time the window is shown, because a window manager may remove hints
+/// from a withdrawn window.
 void apply(const X11Connection& connection, xcb_window_t window, std::uint32_t displayID);
 
-/// That the program alone chooses place and size, to the pixel. Qt says otherwise each time it
-/// shows the window: on dense screens it allows whole points only.
+/// Lets the program alone choose position and size, to the pixel. Must be applied after Qt shows
+/// the window: on high-density screens Qt's own hints allow only whole points.
 void applySizeHints(const X11Connection& connection, xcb_window_t window);
 
-/// Asks a window manager that found the window already shown.
+/// Requests the state from a window manager that started after the window was shown.
 void assertState(const X11Connection& connection, xcb_window_t window);
 
 }

@@ -28,8 +28,8 @@ void FrameClock::setRefreshRate(double rate) {
     interval_ = intervalOf(isPlausible ? rate : usualRate);
 }
 
-/// Counted from when the last frame was due and not from when it came, so that frames neither fall
-/// behind the display nor, as Qt's timers count whole milliseconds, come ever later.
+/// Measured from when the last frame was due rather than when it came, so that frames stay in step
+/// with the display despite late timers and Qt's whole milliseconds.
 void FrameClock::request() {
     if (timer_.isActive())
         return;

@@ -1,5 +1,5 @@
-/// Paces the frames of one window: the first after a while comes at once, the rest in step with the
-/// display's refresh. Without a request nothing wakes up.
+/// Paces one window's frames: the first after a pause comes at once, the following ones at the
+/// display's refresh rate. Idle without requests.
 #pragma once
 
 #include <QTimer>
@@ -12,7 +12,7 @@ class FrameClock {
 public:
     using Duration = std::chrono::steady_clock::duration;
 
-    /// Calls `onFrame` for each frame that was asked for.
+    /// `onFrame` is called once per requested frame.
     explicit FrameClock(std::function<void()> onFrame);
     FrameClock(const FrameClock&) = delete;
     FrameClock& operator=(const FrameClock&) = delete;
@@ -20,10 +20,10 @@ public:
     FrameClock& operator=(FrameClock&&) = delete;
     ~FrameClock() = default;
 
-    /// Frames a second, as the display says; what no display can mean counts as 60.
+    /// Frames per second, as the display reports; implausible values count as 60.
     void setRefreshRate(double rate);
 
-    /// Asks for one frame. Asking again before it came changes nothing.
+    /// Requests one frame. Repeated requests before it comes have no effect.
     void request();
 
 private:
@@ -32,7 +32,7 @@ private:
     std::function<void()> onFrame_;
     QTimer timer_;
     Duration interval_;
-    /// When the last frame was due, whether or not it came in time.
+    /// When the last frame was due, regardless of when it came.
     Clock::time_point lastDue_;
 };
 

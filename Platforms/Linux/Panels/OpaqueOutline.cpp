@@ -8,7 +8,7 @@
 namespace vireline::x11::OpaqueOutline {
 namespace {
 
-/// Of 255; low enough for a handle that is drawn at two fifths.
+/// Alpha, 0 to 255; low enough for a handle drawn at 40 %.
 constexpr std::uint32_t visibleAlpha = 64;
 
 struct Run {

@@ -1,5 +1,5 @@
-/// Without a compositor a window has no translucent pixels: it gets an outline that follows what is
-/// painted, and inside it every pixel is made opaque.
+/// Without a compositor a window has no translucent pixels, so it gets an outline that follows its
+/// content, inside which every pixel is made opaque.
 #pragma once
 
 #include <xcb/xcb.h>
@@ -10,11 +10,11 @@
 
 namespace vireline::x11::OpaqueOutline {
 
-/// The rows' runs of pixels that are visible enough to belong to the window, as rectangles of as
-/// many equal rows as possible.
+/// The pixels that are opaque enough to belong to the window, as rectangles. Consecutive rows with
+/// equal runs are merged.
 [[nodiscard]] std::vector<xcb_rectangle_t> rectangles(const QImage& image);
 
-/// A premultiplied pixel over an opaque one.
+/// Blends a premultiplied pixel over an opaque one.
 [[nodiscard]] constexpr std::uint32_t over(std::uint32_t pixel, std::uint32_t base) noexcept {
     const std::uint32_t rest = 255U - (pixel >> 24U);
     std::uint32_t mixed = 0xff000000U;

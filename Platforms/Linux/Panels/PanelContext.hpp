@@ -9,7 +9,7 @@ class DrawingConnection;
 class RandrScreens;
 class X11Connection;
 
-/// All of it outlives them.
+/// Everything in it must outlive them.
 struct PanelContext {
     X11Connection& connection;
     const DrawingConnection& drawing;

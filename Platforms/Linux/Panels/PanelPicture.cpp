@@ -30,10 +30,10 @@ PanelPicture::PanelPicture(const PanelContext& context, xcb_window_t window)
 void PanelPicture::setScene(const Scene& scene) {
     ViewMappings::place(nextPlaces_, scene, layout_.mapping);
     SceneDamage::add(damage_, {scene_.nodes, places_}, {scene.nodes, nextPlaces_});
-    const bool isDividedAnew = scene.quietRegions != scene_.quietRegions;
+    const bool areRegionsNew = scene.quietRegions != scene_.quietRegions;
     scene_ = scene;
     std::swap(places_, nextPlaces_);
-    if (isDividedAnew)
+    if (areRegionsNew)
         placeQuietAreas();
 }
 
@@ -54,8 +54,8 @@ void PanelPicture::update(bool isShown) {
         if (isShown)
             surface_.upload(painted, base());
     }
-    // Last, so that the window loses nothing of the old regions before it has the new ones.
-    shape_.setEcho({layout_.lag.x(), layout_.lag.y()});
+    // Must come last, so that the old regions stay covered until the new ones are in place.
+    shape_.coverUpcomingMove({layout_.lag.x(), layout_.lag.y()});
 }
 
 void PanelPicture::exposed() {
@@ -110,8 +110,8 @@ QRect PanelPicture::inputRegion() const {
     return taken & QRect{{0, 0}, layout_.window};
 }
 
-/// Compositors draw shadows round windows without a shape of their own, transparent or not. It
-/// holds the window that is asked for as well, which must not be clipped when it comes.
+/// Compositors draw a shadow around any window without a shape, even a transparent one. The shape
+/// also covers the requested size, so that the window is not clipped when it reaches that.
 std::vector<xcb_rectangle_t> PanelPicture::wholeWindow() const {
     return {xcbRectangle({{0, 0}, layout_.window.expandedTo(layout_.asked)})};
 }
@@ -127,14 +127,14 @@ DockColors PanelPicture::colors() const {
     return DockColors::of(appearance_.isDark(), backdrop());
 }
 
-/// What translucent pixels are laid over where nothing shines through them.
+/// The colour under translucent pixels if there is no compositor.
 std::optional<std::uint32_t> PanelPicture::base() const {
     return backdrop() == Backdrop::opaque ? std::optional{colors().labelGlass.rgba()}
                                           : std::nullopt;
 }
 
-/// What a dock that takes its whole frame has besides its view: the gap to the display's edge. In
-/// an opaque window only what is painted takes the pointer, and it must not get lost there.
+/// The gap between the view and the display's edge, for a dock that takes input in its whole frame.
+/// An opaque window receives the pointer only where it is painted, so the gap is painted too.
 QRegion PanelPicture::uncoveredByView() const {
     const QRect view = ViewMappings::snapped(
         layout_.mapping.pixels({0, 0, layout_.view.width, layout_.view.height}));

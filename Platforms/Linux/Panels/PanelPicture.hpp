@@ -1,5 +1,5 @@
-/// What one dock's window shows: paints a scene where it changed, brings the pixels to the server,
-/// and keeps the window's outline and the region that takes the pointer in step with them.
+/// The content of one dock's window: repaints a scene where it changed, sends the pixels to the
+/// server, and keeps the window's shape and input region in step.
 #pragma once
 
 #include "Painting/Damage.hpp"
@@ -23,18 +23,18 @@ class Appearance;
 class DesktopWatch;
 struct PanelContext;
 
-/// Where a window shows its view; pixels.
+/// Where a window shows its view; in pixels.
 struct PanelLayout {
     QSize window;
-    /// The size that the window was asked to have.
+    /// The size that was requested for the window.
     QSize asked;
-    /// The part of the window that is the dock's frame; the rest is there for what is drawn beyond
-    /// it, or for a movement's sake.
+    /// The part of the window that is the dock's frame; the rest is for drawing that overhangs it
+    /// and for animations.
     QRect active;
-    /// What its corner is still away from where it was asked to be.
+    /// Distance from the requested position to the current one.
     QPoint lag;
     ViewMapping mapping;
-    /// Points.
+    /// In points.
     Size view;
 
     bool operator==(const PanelLayout&) const = default;
@@ -42,42 +42,42 @@ struct PanelLayout {
 
 class PanelPicture {
 public:
-    /// For a window that exists for as long as this does. The others outlive it.
+    /// The window must outlive this object, and so must everything in `context`.
     PanelPicture(const PanelContext& context, xcb_window_t window);
 
     void setScene(const Scene& scene);
     [[nodiscard]] const Scene& scene() const noexcept { return scene_; }
     void setLayout(const PanelLayout& layout);
-    /// The colours, or what lies behind the glass, have become others.
+    /// The colours or the backdrop have changed.
     void lookChanged() { damageAll(); }
 
-    /// Paints what changed, and sends it if the window is shown.
+    /// Paints what changed, and sends it to the server if the window is shown.
     void update(bool isShown);
 
-    /// The window has become another window manager's, or is shown by it.
+    /// A window manager has started to manage the window.
     void managed() { shape_.resendInput(); }
 
-    /// The server has lost pixels of the window, which is shown.
+    /// The server has lost pixels of the visible window.
     void exposed();
 
-    /// Paints, and has the server show the picture by itself from the moment the window appears.
+    /// Paints, and lets the server itself show the picture from the moment the window appears.
     void prepareToAppear();
 
     /// The scene's quiet regions, in pixels of the window.
     [[nodiscard]] const std::vector<QRect>& quietAreas() const noexcept { return quietAreas_; }
 
-    /// Whether a pixel of the window takes the pointer.
+    /// Whether the window receives the pointer at this pixel.
     [[nodiscard]] bool takesPointer(int x, int y) const;
 
 private:
     void damageAll() { damage_.add({{0, 0}, layout_.window}); }
-    /// What has been painted.
+    /// Returns what was painted.
     Damage paint();
     void placeQuietAreas();
     void applyInput();
     void applyBackdrop();
 
-    /// Pixels of the window.
+    /// In pixels of the window.
     [[nodiscard]] QRect inputRegion() const;
     [[nodiscard]] std::vector<xcb_rectangle_t> wholeWindow() const;
     [[nodiscard]] Backdrop backdrop() const;
@@ -94,11 +94,11 @@ private:
     PanelLayout layout_;
     Scene scene_;
     std::vector<PlacedNode> places_;
-    /// Those of the next scene; kept to spare an allocation each time.
+    /// Places of the next scene; kept to avoid an allocation per scene.
     std::vector<PlacedNode> nextPlaces_;
     std::vector<QRect> quietAreas_;
     Damage damage_;
-    /// The server paints the window by itself until it is first shown.
+    /// The server paints the window by itself until it is first exposed.
     bool hasBackground_ = false;
 };
 

@@ -12,13 +12,13 @@ namespace vireline::x11 {
 PanelSurface::PanelSurface(const X11Connection& connection, const DrawingConnection& drawing,
                            xcb_window_t window)
     : connection_(drawing), window_(window), context_(xcb_generate_id(drawing.get())) {
-    // Asked where the window was made, so that it exists when the drawing begins.
+    // Uses the connection on which the window was created, so that it exists before drawing begins.
     const Owned<xcb_get_geometry_reply_t> geometry{xcb_get_geometry_reply(
         connection.get(), xcb_get_geometry(connection.get(), window), nullptr)};
     if (geometry)
         depth_ = geometry->depth;
     canShare_ = depth_ >= 24;
-    // What is shown keeps its place on the screen while the window's edges move.
+    // Keeps the content in place on the screen while the window is resized.
     constexpr std::uint32_t gravity = XCB_GRAVITY_STATIC;
     xcb_change_window_attributes(drawing.get(), window, XCB_CW_BIT_GRAVITY, &gravity);
     constexpr std::uint32_t noExposures = 0;
@@ -84,7 +84,7 @@ void PanelSurface::upload(const Damage& damage, std::optional<std::uint32_t> bas
     connection_.flush();
 }
 
-/// The pixels that lie over an opaque colour exist only on their way.
+/// The blended pixels exist only in the transfer buffer.
 void PanelSurface::uploadRect(xcb_drawable_t to, const QRect& rect,
                               std::optional<std::uint32_t> base) {
     if (memory_ && !base) {
@@ -103,7 +103,7 @@ void PanelSurface::share(xcb_drawable_t to, const QRect& rect) {
                       depth_, XCB_IMAGE_FORMAT_Z_PIXMAP, 0, memory_->segment(), 0);
 }
 
-/// In bands, since a request can hold only so much.
+/// In bands, because the size of a request is limited.
 void PanelSurface::sendInBands(xcb_drawable_t to, const QRect& rect,
                                std::optional<std::uint32_t> base) {
     constexpr std::size_t headerBytes = 64;
@@ -128,8 +128,8 @@ void PanelSurface::sendInBands(xcb_drawable_t to, const QRect& rect,
     }
 }
 
-/// Depths of 24 and 32 take the pixels as they are. Anything less has 16 bits for one, or 8 for the
-/// few of a palette, which nobody has had for decades.
+/// Depths of 24 and 32 take the pixels as they are; smaller ones have 16 bits per pixel. Visuals
+/// with an 8-bit palette are not supported.
 void PanelSurface::send(xcb_drawable_t to, const QRect& rect) {
     const auto put = [&](const void* pixels, std::size_t bytes) {
         xcb_put_image(

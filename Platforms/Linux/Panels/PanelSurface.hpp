@@ -1,5 +1,5 @@
-/// The picture of one window and its way to the X server, pixel for pixel: through memory that both
-/// share, where they can, else through the connection.
+/// The image of one window and its transfer to the X server: through shared memory if possible,
+/// otherwise through the connection.
 #pragma once
 
 #include "Painting/Damage.hpp"
@@ -20,7 +20,7 @@ class X11Connection;
 
 class PanelSurface {
 public:
-    /// For a window that exists for as long as this does.
+    /// The window must outlive this object.
     PanelSurface(const X11Connection& connection, const DrawingConnection& drawing,
                  xcb_window_t window);
     PanelSurface(const PanelSurface&) = delete;
@@ -29,25 +29,25 @@ public:
     PanelSurface& operator=(PanelSurface&&) = delete;
     ~PanelSurface();
 
-    /// Whether the window can have translucent pixels, given a compositor.
+    /// Whether the window supports translucent pixels, given a compositor.
     [[nodiscard]] bool hasAlpha() const noexcept { return depth_ == 32; }
 
-    /// What was painted is lost if the size differs from the one before.
+    /// Discards the content if the size changes.
     void resize(QSize pixels);
 
     [[nodiscard]] QRect area() const { return image_.rect(); }
     [[nodiscard]] const QImage& image() const noexcept { return image_; }
 
-    /// What to paint on; premultiplied colours. Waits for the server if it may not have read yet
-    /// what was sent before.
+    /// The image to paint on, with premultiplied colours. Blocks while the server may still be
+    /// reading what was sent before.
     [[nodiscard]] QImage& canvas();
 
-    /// Has the server itself paint the picture where the window appears, so that it is never seen
-    /// without; until `endBackground`. Colours as for `upload`.
+    /// Lets the server itself paint the picture as soon as the window appears, so that it is never
+    /// seen without; until `endBackground`. `base` is as for `upload`.
     void beginBackground(std::optional<std::uint32_t> base);
     void endBackground();
 
-    /// Sends the pixels; over `base`, an opaque colour, where one is given.
+    /// Sends the pixels, blended over the opaque colour `base` if it is set.
     void upload(const Damage& damage, std::optional<std::uint32_t> base);
 
 private:
@@ -60,13 +60,13 @@ private:
     xcb_window_t window_;
     xcb_gcontext_t context_;
     std::uint8_t depth_ = 0;
-    /// Where the image's pixels are, if the server takes them from there.
+    /// The image's pixels, if they are in memory shared with the server.
     std::unique_ptr<SharedMemory> memory_;
     bool canShare_ = false;
-    /// Behind what the server was last told to take from the shared memory.
+    /// Reached once the server has read everything sent from the shared memory so far.
     std::optional<ServerMark> read_;
     QImage image_;
-    /// The rows on their way, kept to spare an allocation each time.
+    /// Transfer buffer; kept to avoid an allocation per frame.
     std::vector<std::uint32_t> rows_;
 };
 

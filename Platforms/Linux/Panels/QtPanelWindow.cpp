@@ -65,7 +65,7 @@ QtPanelWindow::~QtPanelWindow() {
     destroy();
 }
 
-/// What moves is the content, which the kit takes care of; the window has room for both ends.
+/// The kit animates the content; the window only has to be large enough for both frames.
 void QtPanelWindow::setFrame(const Rect& frame, bool animate) {
     display_ = context_.screens.display(displayID_).value_or(display_);
     const Rect before = extentBefore_.value_or(extent());
@@ -99,7 +99,7 @@ void QtPanelWindow::orderFrontRegardless() {
     relayout();
     keeper_->place().set(target_);
     if (isVisible()) {
-        // A window that the program keeps is where it belongs already.
+        // A window that the program keeps in place needs no raising.
         if (keptBy_ == Keeper::windowManager)
             raise();
         return;
@@ -127,8 +127,8 @@ void QtPanelWindow::orderOut() {
     pointer_.hidden();
 }
 
-/// Only a display that has kept its place in points while its pixels changed leaves the dock where
-/// it is planned; otherwise a new plan is on its way.
+/// If only the display's pixels changed while its frame in points is the same, the dock stays as
+/// planned; otherwise a new plan will follow.
 void QtPanelWindow::displaysChanged() {
     const auto display = context_.screens.display(displayID_);
     if (!display || *display == display_ ||
@@ -149,7 +149,7 @@ void QtPanelWindow::handleNative(const xcb_generic_event_t& event) {
         keeper_->handle(event);
 }
 
-/// What is shown keeps its place on the display while the window comes to its own.
+/// Redraws at once, so that the content stays in place on the display while the window moves.
 void QtPanelWindow::placeChanged() {
     updateIsDue_ = true;
     update();
@@ -166,7 +166,7 @@ bool QtPanelWindow::event(QEvent* event) {
         }
         break;
     case QEvent::Expose:
-        // Comes when Qt has taken all of the server's own events in a row, which say what is lost.
+        // Qt sends this after it has collected a series of the server's expose events.
         if (picture_ && isExposed())
             picture_->exposed();
         break;
@@ -177,7 +177,7 @@ bool QtPanelWindow::event(QEvent* event) {
         pointer_.left();
         break;
     case QEvent::Close:
-        // A dock goes when its display goes, not when a window manager asks it to.
+        // A dock is closed only together with its display, not by a window manager.
         event->ignore();
         return true;
     default:
@@ -186,7 +186,7 @@ bool QtPanelWindow::event(QEvent* event) {
     return QWindow::event(event);
 }
 
-/// Of what the server sends to this window, before Qt sees it.
+/// Handles the server's events for this window before Qt does.
 bool QtPanelWindow::nativeEvent(const QByteArray& type, void* message, qintptr* /*result*/) {
     if (type != "xcb_generic_event_t" || !drops_)
         return false;
@@ -211,7 +211,7 @@ void QtPanelWindow::mouseReleaseEvent(QMouseEvent* event) {
     pointer_.released(event->button(), pixel(event->position()));
 }
 
-/// Keys arrive only while a drag holds the keyboard.
+/// Keys arrive only while a drag has grabbed the keyboard.
 void QtPanelWindow::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape)
         pointer_.cancelled();
@@ -243,7 +243,7 @@ void QtPanelWindow::surfaceDestroyed() {
     window_ = XCB_NONE;
 }
 
-/// What the keeper asks for happens in the loop's next turn, as it may end the keeper.
+/// The keeper's requests are queued, because they may destroy it.
 void QtPanelWindow::keep() {
     keeper_ = std::make_unique<DockKeeper>(context_, window_, displayID_, keptBy_);
     keeper_->onPlaceChanged = [this] { placeChanged(); };
@@ -258,8 +258,8 @@ void QtPanelWindow::keep() {
     };
 }
 
-/// Window managers disagree about what becomes of a window that is taken from them, or given back
-/// to them, so this one ends and another one begins.
+/// Window managers disagree about what happens to a window when it is withdrawn from or returned to
+/// their control, so a new one is created instead.
 void QtPanelWindow::changeKeeper(Keeper keeper) {
     if (keptBy_ == keeper || !keeper_)
         return;
@@ -272,7 +272,7 @@ void QtPanelWindow::changeKeeper(Keeper keeper) {
         show();
 }
 
-/// Everything that changes within one turn of the loop is shown at once.
+/// Coalesces all changes within one turn of the event loop.
 void QtPanelWindow::updateSoon() {
     if (std::exchange(updateIsDue_, true) || isInFrame_)
         return;
@@ -283,7 +283,7 @@ void QtPanelWindow::update() {
     if (std::exchange(updateIsDue_, false) && picture_) {
         relayout();
         picture_->update(isVisible());
-        // After the regions, which go with the window on its way.
+        // After the regions, which move along with the window.
         if (keeper_->place().asked() != target_)
             keeper_->place().set(target_);
         context_.connection.flush();
@@ -291,7 +291,7 @@ void QtPanelWindow::update() {
     pointer_.follow();
 }
 
-/// What is presented for a frame is shown in that frame.
+/// Whatever is presented for a frame is shown in that frame.
 void QtPanelWindow::showFrame() {
     pointer_.sample();
     if (std::exchange(isFrameAsked_, false)) {
@@ -304,7 +304,7 @@ void QtPanelWindow::showFrame() {
     update();
 }
 
-/// The view lies where it is planned on the display, wherever the window is at the moment.
+/// Keeps the view at its planned position on the display, wherever the window currently is.
 void QtPanelWindow::relayout() {
     target_ = DisplayGeometry::toPixels(display_, extentBefore_.value_or(extent()));
     const PixelRect actual = keeper_ ? keeper_->place().actual().value_or(target_) : target_;
@@ -389,7 +389,7 @@ void QtPanelWindow::popUpMenu(const Menu& menu, const MenuPlace& place, MenuClos
 }
 
 void QtPanelWindow::menuClosed(std::optional<std::size_t> chosen, const MenuClosed& onClose) {
-    // The menu owns the callback, and what it does may end this window.
+    // A copy, because the menu owns the callback, and the callback may destroy this window.
     const MenuClosed tell = onClose;
     menu_.reset();
     pointer_.menuClosed();

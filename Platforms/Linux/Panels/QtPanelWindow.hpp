@@ -1,5 +1,5 @@
-/// The window of one dock on an X server. Qt owns it and brings its events; its place, its pixels
-/// and its shape go to the server directly, in whole pixels, whatever scales the displays have.
+/// The window of one dock on an X server. Qt owns it and delivers its events; position, pixels and
+/// shape are sent directly to the server in whole pixels, at any display scale.
 #pragma once
 
 #include "Displays/DisplayGeometry.hpp"
@@ -76,13 +76,13 @@ private:
     [[nodiscard]] const std::vector<QRect>& quietAreas() const override;
     void requestTick() override;
 
-    /// The frame with its overhang, in global coordinates.
+    /// The frame including its overhang, in global coordinates.
     [[nodiscard]] Rect extent() const { return overhang_.around(frame_); }
     /// The window's corner in the root window.
     [[nodiscard]] QPoint corner() const;
-    /// Of a position that Qt tells.
+    /// Converts a position reported by Qt.
     [[nodiscard]] QPointF pixel(QPointF position) const;
-    /// Where a part of the view is on the screen, in Qt's coordinates.
+    /// Converts a part of the view to Qt's screen coordinates.
     [[nodiscard]] QRect placeOnScreen(const Rect& view) const;
     void menuClosed(std::optional<std::size_t> chosen, const MenuClosed& onClose);
 
@@ -93,23 +93,23 @@ private:
     Display display_;
     Rect frame_;
     Rect hostedFrame_;
-    /// That of the frame, and that of frames to come.
+    /// The overhang of the current frame, and that of future frames.
     Overhang overhang_;
     Overhang nextOverhang_;
-    /// A window that shrinks with an animation stays as large as it was until the animation is
-    /// over. With its overhang, in global coordinates.
+    /// While it shrinks with an animation, the window keeps its previous extent, including its
+    /// overhang, in global coordinates.
     std::optional<Rect> extentBefore_;
-    /// The window's place in the root window, as it should be.
+    /// The intended position in the root window.
     PixelRect target_;
     ViewMapping mapping_;
-    /// What to show once there is an X window.
+    /// The scene to show once there is an X window.
     Scene scene_;
     bool updateIsDue_ = false;
     bool isFrameAsked_ = false;
     bool isInFrame_ = false;
-    /// Who keeps the X window in its place.
+    /// Who keeps the X window in place.
     Keeper keptBy_;
-    /// The X window of the moment; Qt makes another one when it loses the screen.
+    /// The current X window; Qt creates a new one when the screen is lost.
     xcb_window_t window_ = XCB_NONE;
     std::unique_ptr<PanelPicture> picture_;
     std::unique_ptr<DockKeeper> keeper_;

@@ -8,7 +8,7 @@
 namespace vireline::x11 {
 namespace {
 
-/// The docks are on the screen by then, and nobody has pointed at one.
+/// By then the docks are visible, but the user has hardly pointed at one yet.
 constexpr std::chrono::milliseconds afterStart{400};
 
 }

@@ -1,4 +1,4 @@
-/// Makes the docks' windows and holds what they share.
+/// Creates the docks' windows and owns what they share.
 #pragma once
 
 #include "Panels/DesktopWatch.hpp"
@@ -16,14 +16,14 @@ class X11Connection;
 
 class QtPanelWindows final : public PanelWindows {
 public:
-    /// `widgetTheme` is the name of the desktop's widget theme, empty if unknown.
+    /// `widgetTheme` is the name of the desktop's widget theme; empty if unknown.
     QtPanelWindows(X11Connection& connection, RandrScreens& screens,
                    const std::string& widgetTheme);
 
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanel(std::uint32_t displayID, const Rect& frame,
                                                          PanelWindowListener& listener) override;
 
-    /// Of the desktop that the docks are on.
+    /// The desktop's light or dark appearance.
     [[nodiscard]] Appearance& appearance() noexcept { return appearance_; }
 
 private:

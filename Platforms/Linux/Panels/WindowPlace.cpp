@@ -11,11 +11,10 @@
 namespace vireline::x11 {
 namespace {
 
-/// Time for a correction to come about, before the next one. What was on its way before it would
-/// otherwise be answered with as many more.
+/// Wait between corrections, so that events from before a correction do not trigger further ones.
 constexpr std::chrono::milliseconds placingPause{100};
 
-/// Time for a move to come about; more than any window manager takes that means to carry it out.
+/// How long a move may take; longer than any window manager that carries it out needs.
 constexpr std::chrono::milliseconds arrivalTime{500};
 
 }
@@ -46,8 +45,8 @@ void WindowPlace::startOver() {
         set(*asked_);
 }
 
-/// The event may speak of a place inside the window manager's frame, or be out of date: what counts
-/// is where the window is.
+/// The event's position may be relative to the window manager's frame or be out of date, so the
+/// actual position is queried.
 bool WindowPlace::handle(const xcb_generic_event_t& event) {
     constexpr std::uint8_t sentFlag = 0x80;
     switch (event.response_type & ~sentFlag) {
@@ -79,7 +78,7 @@ void WindowPlace::found(const std::optional<PixelRect>& place) {
         correct();
 }
 
-/// Some window managers tell nothing of a move that they refuse.
+/// Some window managers send no event when they refuse a move.
 void WindowPlace::look() {
     const auto before = actual_;
     const bool wasUnderWay = isUnderWay_;
@@ -100,7 +99,7 @@ void WindowPlace::correct() {
             onGivenUp();
         return;
     }
-    // Qt may have announced its own since, with steps that the size does not fit between.
+    // Qt may have set its own hints in the meantime, with increments that do not fit the size.
     DockHints::applySizeHints(connection_, window_);
     send(*asked_);
     pause_.start();

@@ -1,4 +1,4 @@
-/// Keeps a window where it was put, against window managers and against Qt's own rounding.
+/// Keeps a window at its position, despite window managers and Qt's rounding.
 #pragma once
 
 #include "Panels/Keeping/CorrectionBudget.hpp"
@@ -19,10 +19,10 @@ class WindowPlace {
 public:
     /// `actual` or `isUnderWay` has changed without an event.
     std::function<void()> onChange;
-    /// It was moved away as often as it was put back.
+    /// It was moved away again until the corrections were used up.
     std::function<void()> onGivenUp;
 
-    /// For a window that has just been created, the dock of that display.
+    /// For the newly created window of that display's dock.
     WindowPlace(const X11Connection& connection, xcb_window_t window, std::uint32_t displayID);
     WindowPlace(const WindowPlace&) = delete;
     WindowPlace& operator=(const WindowPlace&) = delete;
@@ -30,31 +30,31 @@ public:
     WindowPlace& operator=(WindowPlace&&) = delete;
     ~WindowPlace() = default;
 
-    /// Puts it there, in pixels of the root window, and from now on back there.
+    /// Moves it there, in pixels of the root window, and from now on moves it back there.
     void set(const PixelRect& place);
 
-    /// What the server was last asked for.
+    /// The position last requested from the server.
     [[nodiscard]] const std::optional<PixelRect>& asked() const noexcept { return asked_; }
 
-    /// Where it is, as far as the server has told.
+    /// The current position, as far as the server has reported it.
     [[nodiscard]] const std::optional<PixelRect>& actual() const noexcept {
         return actual_ ? actual_ : asked_;
     }
 
-    /// Whether it may still be on its way there. A move that has not come about within a moment is
-    /// not expected any more.
+    /// Whether it may still be moving there. A move that has not happened after a short time is no
+    /// longer expected.
     [[nodiscard]] bool isUnderWay() const noexcept { return isUnderWay_; }
 
-    /// Whether it is to be there, and may not have come yet.
+    /// Whether `place` was requested and has not been reached yet.
     [[nodiscard]] bool isBoundFor(const PixelRect& place) const noexcept {
         return isUnderWay_ || asked_ != place;
     }
 
-    /// Takes any event, and says whether it told of this window that the server, or another
-    /// program, has put it somewhere. Gives in to a program that moves it away again and again.
+    /// Must be called for every event; returns whether it reports that this window was moved by the
+    /// server or another program. Gives up against a program that moves it away again and again.
     bool handle(const xcb_generic_event_t& event);
 
-    /// Another window manager came: puts it back, whatever the one before insisted on.
+    /// Call after a change of window managers: moves it back, even if the program had given up.
     void startOver();
 
 private:
@@ -68,14 +68,14 @@ private:
     xcb_window_t window_;
     std::uint32_t displayID_;
     std::optional<PixelRect> asked_;
-    /// Nothing before the server first told.
+    /// nullopt until the server first reports it.
     std::optional<PixelRect> actual_;
     bool isUnderWay_ = false;
     bool hasGivenUp_ = false;
     CorrectionBudget corrections_;
-    /// Runs while a correction may still be on its way.
+    /// Runs while a correction may still be under way.
     QTimer pause_;
-    /// Until a move that was asked for should have come about.
+    /// Runs until a requested move should have happened.
     QTimer arrival_;
 };
 

@@ -55,10 +55,10 @@ void WindowShape::setBlurred(std::vector<xcb_rectangle_t> region) {
     connection_.setWords(window_, blurProperty, XCB_ATOM_CARDINAL, words);
 }
 
-void WindowShape::setEcho(PixelPoint offset) {
-    if (offset == echo_)
+void WindowShape::coverUpcomingMove(PixelPoint offset) {
+    if (offset == coveredOffset_)
         return;
-    echo_ = offset;
+    coveredOffset_ = offset;
     if (bounding_)
         sendBounding();
     if (input_)
@@ -87,8 +87,8 @@ void WindowShape::send(xcb_shape_kind_t kind, std::span<const xcb_rectangle_t> r
                              static_cast<std::uint32_t>(rectangles.size()), rectangles.data());
     };
     sendAt(XCB_SHAPE_SO_SET, {});
-    if (echo_ != PixelPoint{})
-        sendAt(XCB_SHAPE_SO_UNION, echo_);
+    if (coveredOffset_ != PixelPoint{})
+        sendAt(XCB_SHAPE_SO_UNION, coveredOffset_);
 }
 
 bool WindowShape::takesPointer(int x, int y) const {

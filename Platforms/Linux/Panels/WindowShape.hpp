@@ -1,5 +1,5 @@
-/// Which of a window's pixels exist, which take the pointer, and behind which the compositor blurs.
-/// Sends only what differs from what was sent before.
+/// A window's shape, its input region and the region behind which the compositor blurs. Sends only
+/// changes to the server.
 #pragma once
 
 #include "X11/PixelRect.hpp"
@@ -17,25 +17,24 @@ class X11Connection;
 
 class WindowShape {
 public:
-    /// For a window that has just been created.
+    /// For a newly created window.
     WindowShape(const X11Connection& connection, xcb_window_t window)
         : connection_(connection), window_(window) {}
 
     void setBounding(std::vector<xcb_rectangle_t> rectangles);
     void setInput(const PixelRect& region);
-    /// An empty list is nowhere.
+    /// An empty list means no blur.
     void setBlurred(std::vector<xcb_rectangle_t> region);
 
-    /// Sends again what takes the pointer: a window manager that puts a frame around the window may
-    /// give the frame that shape only when it hears of a new one.
+    /// Sends the input region again: a window manager that has reparented the window may copy the
+    /// shape to its frame only when it changes.
     void resendInput() const { sendInput(); }
 
-    /// Has the window exist, and take the pointer, this far beside its regions as well. A window
-    /// that is about to move by the opposite, whenever the window manager comes to it, so keeps
-    /// what is over it until its new regions are set.
-    void setEcho(PixelPoint offset);
+    /// Extends both regions by a copy at `offset`, so that the pixels stay covered until the window
+    /// manager has applied a move by the opposite and the new regions are set.
+    void coverUpcomingMove(PixelPoint offset);
 
-    /// Whether a pixel of the window takes the pointer, as far as this shape is concerned.
+    /// Whether this shape lets the window receive the pointer at this pixel.
     [[nodiscard]] bool takesPointer(int x, int y) const;
 
 private:
@@ -48,7 +47,7 @@ private:
     std::optional<std::vector<xcb_rectangle_t>> bounding_;
     std::optional<PixelRect> input_;
     std::vector<xcb_rectangle_t> blurred_;
-    PixelPoint echo_;
+    PixelPoint coveredOffset_;
 };
 
 }

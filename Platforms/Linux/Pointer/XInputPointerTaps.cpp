@@ -15,14 +15,14 @@
 namespace vireline::x11 {
 namespace {
 
-/// How long the server may take to say where the pointer is; seconds.
+/// Timeout for querying the pointer's position; seconds.
 constexpr double querySeconds = 0.05;
 constexpr double creationSeconds = 0.5;
 
-/// Of the protocol's numbers with 16 bits behind the point.
+/// 1 in the protocol's 16.16 fixed-point numbers.
 constexpr int fixedOne = 1 << 16;
 
-/// Bits of the buttons held, the first button's being bit 1.
+/// Bits in the mask of held buttons, in which button 1 is bit 1.
 constexpr std::uint32_t leftButton = 1U << XCB_BUTTON_INDEX_1;
 constexpr std::uint32_t otherButtons = 1U << XCB_BUTTON_INDEX_2 | 1U << XCB_BUTTON_INDEX_3;
 
@@ -30,12 +30,12 @@ std::uint32_t buttonsHeld(const xcb_input_xi_query_pointer_reply_t& reply) {
     return reply.buttons_len > 0 ? *xcb_input_xi_query_pointer_buttons(&reply) : 0;
 }
 
-/// No move with another button than the left one does.
+/// Moves with other buttons held are ignored, except together with the left one.
 bool concerns(std::uint32_t buttons) {
     return (buttons & leftButton) != 0 || (buttons & otherButtons) == 0;
 }
 
-/// Since 2.1, raw motion is announced also while another program has grabbed the pointer.
+/// Since 2.1, raw motion is reported even while another program has grabbed the pointer.
 bool hasRawMotion(SideConnection& connection) {
     const auto* const extension = xcb_get_extension_data(connection.get(), &xcb_input_id);
     if (extension == nullptr || extension->present == 0)
@@ -82,7 +82,7 @@ private:
             moved_.insert(motion.deviceid);
     }
 
-    /// However many moves came together, where the pointer is now is what counts.
+    /// Coalesces motion events: only the current position matters.
     void passMotion() {
         for (const xcb_input_device_id_t pointer : std::exchange(moved_, {}))
             pass(pointer);

@@ -1,6 +1,6 @@
-/// The pointer's path under X11: every move of the pointing device is announced (XInput 2 raw
-/// motion), whoever holds the pointer, and the pointer is put elsewhere by a warp. The server has
-/// moved it by then, for less time than it takes to show it.
+/// Watches the pointer under X11: every move is reported (XInput 2 raw motion), even while another
+/// program has grabbed the pointer, and the pointer is moved by warping it. By then the server has
+/// already moved it, but for less time than a frame.
 #pragma once
 
 #include "Platform/PointerTap.hpp"
@@ -11,13 +11,13 @@ class RandrScreens;
 
 class XInputPointerTaps final : public PointerTaps {
 public:
-    /// Outlives every tap.
+    /// `screens` must outlive every tap.
     explicit XInputPointerTaps(const RandrScreens& screens) : screens_(screens) {}
 
     [[nodiscard]] bool needPermission() const override { return false; }
 
-    /// Fails without XInput 2.1. Each tap has a connection of its own, is served on the main
-    /// thread, and is never disabled by the system.
+    /// Fails without XInput 2.1. Each tap has its own connection, calls back on the main thread,
+    /// and is never disabled by the system.
     [[nodiscard]] Result<std::unique_ptr<PointerTap>> create(PointerRule rule,
                                                              Disabled onDisabled) override;
 

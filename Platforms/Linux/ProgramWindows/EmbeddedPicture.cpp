@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
-/// A library's resources wait until they are asked for by name, outside of any namespace.
+/// Resources in a static library have to be registered by name, from outside any namespace.
 static void registerDrawings() {
     Q_INIT_RESOURCE(vireline);
 }

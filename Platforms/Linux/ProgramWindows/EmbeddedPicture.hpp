@@ -1,4 +1,4 @@
-/// The drawings that are part of the program itself.
+/// The drawings embedded in the executable.
 #pragma once
 
 #include <QImage>
@@ -6,8 +6,8 @@
 
 namespace vireline::x11::EmbeddedPicture {
 
-/// The drawing at `path`, such as "symbols/pin.svg", as a square of `side` pixels; transparent
-/// where there is no such drawing.
+/// Renders the drawing at `path`, such as "symbols/pin.svg", as a square of `side` pixels;
+/// transparent if there is no such drawing.
 [[nodiscard]] QImage render(const QString& path, int side);
 
 }

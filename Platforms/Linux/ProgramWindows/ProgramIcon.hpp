@@ -1,4 +1,4 @@
-/// The program's own icon.
+/// The program's icon.
 #pragma once
 
 #include <QIcon>
@@ -6,7 +6,7 @@
 
 namespace vireline::x11::ProgramIcon {
 
-/// In the sizes that window managers ask for.
+/// In the sizes that window managers use.
 [[nodiscard]] QIcon icon();
 
 /// A square of `side` pixels.

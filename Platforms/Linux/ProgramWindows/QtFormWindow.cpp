@@ -10,7 +10,7 @@ QtFormWindow::QtFormWindow(const WindowStyle& style, const WindowContext& contex
     : context_(context)
     , listener_(listener)
     , shell_(
-          style, context, [this](QtProgramWindow& window) { furnish(window); },
+          style, context, [this](QtProgramWindow& window) { populate(window); },
           [this] { cleared(); }) {}
 
 void QtFormWindow::present(const Form& form) {
@@ -19,7 +19,7 @@ void QtFormWindow::present(const Form& form) {
         view_->present(form_);
 }
 
-void QtFormWindow::furnish(QtProgramWindow& window) {
+void QtFormWindow::populate(QtProgramWindow& window) {
     const bool animates = !context_.motionSettings.reducesMotion();
     auto view =
         std::make_unique<FormView>(FormContext{listener_, context_.symbols, animates}, nullptr);

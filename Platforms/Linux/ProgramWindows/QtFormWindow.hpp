@@ -1,4 +1,4 @@
-/// The settings form in a window that scrolls.
+/// The settings form in a scrollable window.
 #pragma once
 
 #include "Platform/ProgramWindows.hpp"
@@ -21,14 +21,14 @@ public:
     void present(const Form& form) override;
 
 private:
-    void furnish(QtProgramWindow& window);
-    /// Remembers what the user would have to find again.
+    void populate(QtProgramWindow& window);
+    /// Saves the focus and the scroll position.
     void cleared();
 
     WindowContext context_;
     FormListener& listener_;
     Form form_;
-    /// Only while the window is open.
+    /// Null while the window is closed.
     FormView* view_ = nullptr;
     PageScroller* scroller_ = nullptr;
     int scrolled_ = 0;

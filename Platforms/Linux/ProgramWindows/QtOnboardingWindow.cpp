@@ -9,7 +9,7 @@ QtOnboardingWindow::QtOnboardingWindow(const WindowStyle& style, const WindowCon
     : context_(context)
     , listener_(listener)
     , shell_(
-          style, context, [this](QtProgramWindow& window) { furnish(window); },
+          style, context, [this](QtProgramWindow& window) { populate(window); },
           [this] { pages_ = nullptr; }) {}
 
 void QtOnboardingWindow::present(const OnboardingPage& page) {
@@ -20,7 +20,7 @@ void QtOnboardingWindow::present(const OnboardingPage& page) {
         turnPage();
 }
 
-void QtOnboardingWindow::furnish(QtProgramWindow& window) {
+void QtOnboardingWindow::populate(QtProgramWindow& window) {
     auto pages = std::make_unique<QStackedWidget>();
     pages_ = pages.get();
     turnPage();
@@ -33,7 +33,8 @@ void QtOnboardingWindow::turnPage() {
         [this](OnboardingAction action) { listener_.onboardingActed(action); });
     QWidget* const button = view->mainButton();
     pages_->setCurrentIndex(pages_->addWidget(view.release()));
-    // The page before may be the one whose button was pressed.
+    // The button that was pressed may be on the previous page, which therefore must not be deleted
+    // yet.
     if (pages_->count() > 1) {
         QWidget* const before = pages_->widget(0);
         pages_->removeWidget(before);

@@ -19,13 +19,13 @@ public:
     void present(const OnboardingPage& page) override;
 
 private:
-    void furnish(QtProgramWindow& window);
+    void populate(QtProgramWindow& window);
     void turnPage();
 
     WindowContext context_;
     OnboardingListener& listener_;
     OnboardingPage page_;
-    /// Only while the window is open.
+    /// Null while the window is closed.
     QStackedWidget* pages_ = nullptr;
     WindowShell shell_;
 };

@@ -30,7 +30,7 @@ QScreen& screenOfPointer() {
     return screen == nullptr ? *QGuiApplication::primaryScreen() : *screen;
 }
 
-/// What it is meant to be, unless a display is too low for that and a frame.
+/// The wanted size, reduced if a display is too low for it plus a frame.
 QSize fitting(const Size& wanted) {
     constexpr int frame = 40;
     const QSize size{static_cast<int>(wanted.width), static_cast<int>(wanted.height)};
@@ -76,7 +76,7 @@ void QtProgramWindow::placeInTheMiddle() {
 }
 
 void QtProgramWindow::placeAt(QPoint corner) {
-    // Enough of the title bar to take hold of.
+    // A part of the title bar large enough to grab.
     const QRect handle{corner, QSize{width(), 20}};
     constexpr int enough = 80;
     const auto screens = QGuiApplication::screens();
@@ -95,8 +95,8 @@ void QtProgramWindow::bringToFront() {
     else
         show();
     raise();
-    // As a pager asks for it: the user did something that this window answers, if not in a window
-    // of this program.
+    // Sent as a pager would: the user has asked for this window, but perhaps not by a click in one
+    // of our windows.
     constexpr std::uint32_t pager = 2;
     context_.connection.sendToRoot(
         static_cast<xcb_window_t>(winId()), "_NET_ACTIVE_WINDOW",
@@ -111,7 +111,7 @@ void QtProgramWindow::closeEvent(QCloseEvent* event) {
         closed();
 }
 
-/// Rings around controls are for those who use the keyboard.
+/// Focus rings are shown only while the keyboard is used.
 bool QtProgramWindow::eventFilter(QObject* watched, QEvent* event) {
     const bool isKey = event->type() == QEvent::KeyPress;
     const bool isButton = event->type() == QEvent::MouseButtonPress;

@@ -1,4 +1,4 @@
-/// A titled window of the program's own: its frame, its colours, its keys, its place on the screen.
+/// A titled window of the program: its frame, colours, shortcuts and position on the screen.
 #pragma once
 
 #include "Foundation/ScopedHandle.hpp"
@@ -18,7 +18,7 @@ class QtApplication;
 class Symbols;
 class X11Connection;
 
-/// What all such windows share; outlives them.
+/// Shared by all such windows; must outlive them.
 struct WindowContext {
     X11Connection& connection;
     const QtApplication& application;
@@ -36,19 +36,20 @@ public:
     QtProgramWindow& operator=(QtProgramWindow&&) = delete;
     ~QtProgramWindow() override = default;
 
-    /// The user, or somebody else, has closed it; called once.
+    /// Called once, when the window was closed by the user or by another program.
     std::function<void()> onClosed;
 
-    /// Fills the window.
+    /// The content fills the window.
     void setContent(std::unique_ptr<QWidget> content);
     void closeOnEscape();
 
-    /// In the middle of the display that the pointer is on.
+    /// Centres it on the display under the pointer.
     void placeInTheMiddle();
-    /// With the frame's corner there, if a display still shows that place, else in the middle.
+    /// Puts the frame's corner at `corner` if a display still shows that position, otherwise
+    /// centres the window.
     void placeAt(QPoint corner);
 
-    /// In front of the windows of all programs, with the focus.
+    /// Raises it above the windows of all programs and gives it the focus.
     void bringToFront();
 
 private:

@@ -1,4 +1,4 @@
-/// Makes the program's own windows and holds what they share.
+/// Creates the program's own windows and owns what they share.
 #pragma once
 
 #include "Platform/ProgramWindows.hpp"

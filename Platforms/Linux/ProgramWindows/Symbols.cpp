@@ -13,7 +13,7 @@ namespace {
 
 struct Known {
     std::string_view name;
-    /// What icon themes call it.
+    /// The icon themes' name for it.
     std::string_view inThemes;
 };
 
@@ -30,10 +30,10 @@ constexpr std::array symbols{
     Known{"rectangle.expand.vertical", "view-fullscreen-symbolic"},
 };
 
-/// The side that theme icons of this kind are drawn for.
+/// The size for which themes draw icons of this kind.
 constexpr int usualSide = 16;
 
-/// Symbols are shapes; whatever colour they come in is replaced.
+/// Symbols are shapes, so their original colours are replaced.
 void paintOver(QImage& image, const QColor& colour) {
     QPainter painter{&image};
     painter.setCompositionMode(QPainter::CompositionMode_SourceIn);

@@ -13,11 +13,11 @@ namespace vireline::x11 {
 
 class Symbols {
 public:
-    /// Symbols that stand side by side should be of one hand: the theme's are used only if it has
-    /// one for every name, else the program's own.
+    /// Symbols shown together should come from one icon set, so the theme's are used only if it has
+    /// all of them; otherwise the embedded ones are used.
     explicit Symbols(const IconTheme& theme) : theme_(theme) {}
 
-    /// A square of `side` pixels; empty for a name that nobody knows.
+    /// A square of `side` pixels; empty for an unknown name.
     [[nodiscard]] QImage image(const std::string& name, int side, const QColor& colour) const;
 
 private:

@@ -8,7 +8,7 @@ namespace {
 
 constexpr int middleLightness = 128;
 
-/// How bright a colour looks, from 0 to 1.
+/// Perceived brightness, from 0 to 1.
 double luminance(const QColor& colour) {
     const auto linear = [](double share) {
         return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
@@ -17,7 +17,8 @@ double luminance(const QColor& colour) {
            0.0722 * linear(colour.blueF());
 }
 
-/// As bright as it may be for white text on it, and bright enough to stand out from a dark card.
+/// Adjusts the accent colour: dark enough for white text on it, and bright enough to stand out from
+/// a dark card.
 QColor usableAccent(const QColor& accent, bool isDark) {
     constexpr double brightest = 0.32;
     constexpr float step = 0.02F;
@@ -25,7 +26,7 @@ QColor usableAccent(const QColor& accent, bool isDark) {
     float saturation = 0;
     float lightness = 0;
     accent.getHslF(&hue, &saturation, &lightness);
-    // A grey has no hue.
+    // Qt reports a negative hue for greys.
     hue = std::max(hue, 0.0F);
     lightness = std::clamp(lightness, isDark ? 0.45F : 0.3F, 0.62F);
     while (luminance(QColor::fromHslF(hue, saturation, lightness)) > brightest)

@@ -1,6 +1,7 @@
-/// The colours of the program's own windows as a palette, which all their controls paint with:
-/// Window lies behind the cards, which are Base; PlaceholderText is the quieter text, Mid the
-/// hairlines, Button the ground of controls, Light what stands out on it, Highlight the accent.
+/// The colours of the program's own windows as a palette that all their controls paint with: Window
+/// is the background behind the cards, Base the cards, PlaceholderText the dimmed text, Mid the
+/// hairlines, Button the controls' background, Light what stands out on it, and Highlight the
+/// accent.
 #pragma once
 
 #include "Presentation/StatusLine.hpp"
@@ -13,10 +14,10 @@ namespace vireline::x11::WindowPalette {
 
 [[nodiscard]] bool isDark(const QPalette& palette);
 
-/// Text or a symbol of this tone on a card.
+/// The colour for text or a symbol of this tone on a card.
 [[nodiscard]] QColor tone(const QPalette& palette, StatusLine::Tone tone);
 
-/// What a control of this colour looks like under the pointer, and while it is pressed.
+/// A control's colour while the pointer is over it, and while it is pressed.
 [[nodiscard]] QColor hovered(const QPalette& palette, const QColor& colour);
 [[nodiscard]] QColor pressed(const QPalette& palette, const QColor& colour);
 

@@ -9,7 +9,8 @@
 namespace vireline::x11 {
 namespace {
 
-/// A window that is closed rarely comes back soon; what drawing it took goes back to the system.
+/// Returns the memory used for drawing to the system, since a closed window is rarely opened again
+/// soon.
 void giveMemoryBack() {
     QPixmapCache::clear();
     malloc_trim(0);
@@ -17,11 +18,11 @@ void giveMemoryBack() {
 
 }
 
-WindowShell::WindowShell(WindowStyle style, const WindowContext& context, Furnish furnish,
+WindowShell::WindowShell(WindowStyle style, const WindowContext& context, Populate populate,
                          Cleared cleared)
     : style_(std::move(style))
     , context_(context)
-    , furnish_(std::move(furnish))
+    , populate_(std::move(populate))
     , cleared_(std::move(cleared)) {}
 
 void WindowShell::Discard::operator()(QtProgramWindow* window) const {
@@ -40,7 +41,7 @@ void WindowShell::makeKeyAndOrderFront() {
 void WindowShell::open() {
     window_.reset(std::make_unique<QtProgramWindow>(style_, context_).release());
     window_->onClosed = [this] { closed(); };
-    furnish_(*window_);
+    populate_(*window_);
     if (corner_)
         window_->placeAt(*corner_);
     else

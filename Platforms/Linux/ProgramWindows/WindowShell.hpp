@@ -1,5 +1,5 @@
-/// Holds one of the program's windows: the widgets exist only while the window is open, its place
-/// is remembered from one opening to the next.
+/// Holds one of the program's windows: its widgets exist only while it is open, and its position is
+/// kept from one opening to the next.
 #pragma once
 
 #include "ProgramWindows/QtProgramWindow.hpp"
@@ -13,12 +13,13 @@ namespace vireline::x11 {
 
 class WindowShell {
 public:
-    /// Fills a window that is about to be shown.
-    using Furnish = std::function<void(QtProgramWindow&)>;
-    /// The window and all in it are about to go.
+    /// Fills a window before it is shown.
+    using Populate = std::function<void(QtProgramWindow&)>;
+    /// Called before the window and everything in it are destroyed.
     using Cleared = std::function<void()>;
 
-    WindowShell(WindowStyle style, const WindowContext& context, Furnish furnish, Cleared cleared);
+    WindowShell(WindowStyle style, const WindowContext& context, Populate populate,
+                Cleared cleared);
     WindowShell(const WindowShell&) = delete;
     WindowShell& operator=(const WindowShell&) = delete;
     WindowShell(WindowShell&&) = delete;
@@ -30,7 +31,7 @@ public:
     [[nodiscard]] bool isVisible() const noexcept { return window_ != nullptr; }
 
 private:
-    /// When no event of its own is being handled.
+    /// Deletes later, when none of the window's events is being handled.
     struct Discard {
         void operator()(QtProgramWindow* window) const;
     };
@@ -40,7 +41,7 @@ private:
 
     WindowStyle style_;
     WindowContext context_;
-    Furnish furnish_;
+    Populate populate_;
     Cleared cleared_;
     std::optional<QPoint> corner_;
     std::unique_ptr<QtProgramWindow, Discard> window_;

@@ -19,13 +19,13 @@ constexpr const char* onlyShowInKey = G_KEY_FILE_DESKTOP_KEY_ONLY_SHOW_IN;
 constexpr const char* notShowInKey = G_KEY_FILE_DESKTOP_KEY_NOT_SHOW_IN;
 constexpr const char* execKey = G_KEY_FILE_DESKTOP_KEY_EXEC;
 constexpr const char* tryExecKey = G_KEY_FILE_DESKTOP_KEY_TRY_EXEC;
-/// GNOME's own switch, which other desktops heed, too.
+/// GNOME's own switch, which other desktops respect as well.
 constexpr const char* switchKey = "X-GNOME-Autostart-enabled";
 
 using KeyFile = GLibHandle<GKeyFile, g_key_file_unref>;
 using Names = std::vector<std::string>;
 
-/// Null for text that has no group of the right name.
+/// Null if the text has no "Desktop Entry" group.
 KeyFile parse(const std::string& text) {
     KeyFile file{g_key_file_new()};
     const auto flags =
@@ -86,7 +86,7 @@ bool contains(std::span<const std::string> names, const std::string& name) {
     return std::ranges::find(names, name) != names.end();
 }
 
-/// The first of the desktop's names that either list knows decides.
+/// The first of the desktop's names that is in either list decides.
 bool isShownIn(GKeyFile* file, std::span<const std::string> desktopNames) {
     const Names only = list(file, onlyShowInKey);
     const Names except = list(file, notShowInKey);
@@ -99,7 +99,8 @@ bool isShownIn(GKeyFile* file, std::span<const std::string> desktopNames) {
     return !has(file, onlyShowInKey);
 }
 
-/// Takes what hides the entry from the desktop out of it, and adds the desktop to the only ones.
+/// Removes what hides the entry from the desktop, and adds the desktop to OnlyShowIn if that is
+/// set.
 void showIn(GKeyFile* file, std::span<const std::string> desktopNames) {
     Names except = list(file, notShowInKey);
     std::erase_if(except, [&](const std::string& name) { return contains(desktopNames, name); });
@@ -139,7 +140,7 @@ std::string withCommand(const std::string& command) {
     return textOf(file.get());
 }
 
-/// The path as one argument of a command line: what could mean anything there is quoted.
+/// The path as a single argument in an Exec line, with special characters quoted.
 std::string quoted(const std::string& path) {
     constexpr std::string_view harmless =
         "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789/._-+@:";
@@ -149,7 +150,7 @@ std::string quoted(const std::string& path) {
     for (const char letter : path) {
         if (std::string_view{"\"`$\\"}.contains(letter))
             text += '\\';
-        // A single one would begin a field code.
+        // A single percent sign would start a field code.
         if (letter == '%')
             text += '%';
         text += letter;
@@ -163,7 +164,7 @@ std::string withoutDoubledPercents(std::string word) {
     return word;
 }
 
-/// In bytes, quotes and blanks before it included.
+/// In bytes, including quotes and leading blanks.
 std::size_t lengthOfFirstWord(std::string_view command) {
     std::size_t at = std::min(command.find_first_not_of(' '), command.size());
     bool isQuoted = false;
@@ -199,7 +200,8 @@ bool isEnabled(const std::string& text, std::span<const std::string> desktopName
 
 std::optional<std::string> enabled(const std::string& text,
                                    std::span<const std::string> desktopNames) {
-    // Of a key that an entry holds twice, each pass takes out one. Nobody means to write many.
+    // Each pass removes one occurrence of a duplicated key; more duplicates than this are given up
+    // on.
     constexpr int maximumPasses = 8;
     std::string edited = text;
     for (int pass = 0; pass < maximumPasses; ++pass) {

@@ -17,14 +17,14 @@
 namespace vireline::x11 {
 namespace {
 
-/// Entries have some hundred bytes.
+/// Entries have some hundred bytes, so this is generous.
 constexpr std::size_t maximumBytes = std::size_t{256} * 1024;
 
 bool isEmptyText(const std::string& text) {
     return text.find_first_not_of(" \t\r\n") == std::string::npos;
 }
 
-/// Whether a word that names a program leads to one.
+/// Whether the word names an installed program.
 bool isInstalled(const std::string& program) {
     return GLibHandle<char, g_free>{g_find_program_in_path(program.c_str())} != nullptr;
 }
@@ -45,7 +45,7 @@ std::string AutostartLoginItem::ownPath() {
     auto path = std::filesystem::read_symlink("/proc/self/exe", failed).string();
     if (failed)
         return "vireline";
-    // Appended to the path of a file that was deleted, or replaced by a newer one.
+    // The kernel appends this if the executable was deleted or replaced by a newer one.
     constexpr std::string_view mark = " (deleted)";
     if (path.ends_with(mark) && !std::filesystem::exists(path, failed))
         path.resize(path.size() - mark.size());
@@ -77,13 +77,13 @@ Result<void> AutostartLoginItem::registerItem() {
     if (isEmptyText(*text))
         return write(AutostartEntry::make(place_.programPath));
     auto entry = AutostartEntry::enabled(*text, place_.desktopNames);
-    if (entry && !startsProgramOfTheUsersOwn(*entry))
+    if (entry && !startsUsersOwnProgram(*entry))
         entry = AutostartEntry::withProgram(*entry, place_.programPath);
     return entry ? write(*entry) : std::unexpected{notAnEntry(entry_)};
 }
 
-/// Such as a script that starts this one.
-bool AutostartLoginItem::startsProgramOfTheUsersOwn(const std::string& text) const {
+/// For example a script that starts this program.
+bool AutostartLoginItem::startsUsersOwnProgram(const std::string& text) const {
     const auto programs = AutostartEntry::neededPrograms(text);
     return std::ranges::all_of(programs, isInstalled) &&
            PlainText::baseName(programs.front()) != PlainText::baseName(place_.programPath);

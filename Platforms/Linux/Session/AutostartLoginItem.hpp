@@ -1,5 +1,6 @@
-/// The start at login as an entry in the user's autostart folder. The entry is the only truth: the
-/// user, the desktop's settings and this program all may change it.
+/// Starts the program at login through an entry in the user's autostart folder. The entry is the
+/// only source of truth, because the user, the desktop's settings and this program may all change
+/// it.
 #pragma once
 
 #include "Foundation/FileURL.hpp"
@@ -13,7 +14,7 @@ namespace vireline::x11 {
 
 class AutostartLoginItem final : public LoginItemService {
 public:
-    /// Where the entry is, what it starts, and on which desktop.
+    /// Where the entry is, which program it starts, and on which desktop.
     struct Place {
         /// The user's configuration folder.
         FileURL configHome;
@@ -23,25 +24,25 @@ public:
 
     AutostartLoginItem(FileSystem& fileSystem, Place place);
 
-    /// The running program's own path.
+    /// Path of the running executable.
     [[nodiscard]] static std::string ownPath();
 
-    /// An entry that is there but does not start on this desktop, or starts a program that is not
-    /// there, counts as one that waits for the user's approval.
+    /// An entry that does not start on this desktop, or whose program does not exist, counts as
+    /// waiting for the user's approval.
     [[nodiscard]] Status status() const override;
 
-    /// Writes an entry, or switches the one that is there on and has it start this program from
-    /// where it is now. A program of the user's own in its place stays.
+    /// Writes an entry, or enables the existing one and points it at this program's current
+    /// location. If the user has replaced the program with one of their own, that one is kept.
     Result<void> registerItem() override;
 
-    /// Removes the entry, or hides it when it holds more than this program wrote.
+    /// Removes the entry, or hides it if the user has edited it.
     Result<void> unregisterItem() override;
 
 private:
-    /// Empty when there is no entry.
+    /// Empty if there is no entry.
     [[nodiscard]] Result<std::string> read() const;
     [[nodiscard]] Result<void> write(const std::string& text);
-    [[nodiscard]] bool startsProgramOfTheUsersOwn(const std::string& text) const;
+    [[nodiscard]] bool startsUsersOwnProgram(const std::string& text) const;
 
     FileSystem& fileSystem_;
     Place place_;

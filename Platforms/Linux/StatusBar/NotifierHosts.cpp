@@ -22,7 +22,7 @@ struct NotifierHosts::Watch : std::enable_shared_from_this<Watch> {
     bool isAnnounced = false;
     guint name = 0;
     guint signals = 0;
-    /// The question whose answer counts; what was asked before is out of date.
+    /// Number of the latest query; replies to earlier ones are out of date.
     std::uint64_t question = 0;
 
     Watch() = default;
@@ -49,7 +49,7 @@ struct NotifierHosts::Watch : std::enable_shared_from_this<Watch> {
         });
     }
 
-    /// Owned by GIO until it says otherwise.
+    /// Owned by GIO until it calls the destroy function.
     [[nodiscard]] Handle* makeHandle() {
         return std::make_unique<Handle>(weak_from_this()).release();
     }
@@ -126,7 +126,7 @@ struct NotifierHosts::Watch : std::enable_shared_from_this<Watch> {
                g_variant_get_boolean(value.get()) != FALSE;
     }
 
-    /// The item is known by the connection that it is on.
+    /// The item is identified by its connection.
     void announce() const {
         if (!isAnnounced || !hasWatcher)
             return;

@@ -1,4 +1,4 @@
-/// Whether somebody on the session bus shows status notifier items, and the way to be shown there.
+/// Finds out whether anything on the session bus shows status notifier items, and registers ours.
 #pragma once
 
 #include "Foundation/Observable.hpp"
@@ -13,7 +13,7 @@ namespace vireline::x11 {
 class NotifierHosts {
 public:
     enum class State {
-        unknown, ///< nobody has answered yet
+        unknown, ///< no reply yet
         absent,
         present,
     };
@@ -28,15 +28,15 @@ public:
     [[nodiscard]] State state() const;
     [[nodiscard]] Subscription observe(std::function<void()> listener);
 
-    /// Null before the bus is known, or without one.
+    /// Null before the bus is connected, or without one.
     [[nodiscard]] GDBusConnection* bus() const;
 
-    /// Puts this program's item on the list of those who keep one, now and whenever somebody new
-    /// does. The item's object is there by then.
+    /// Registers this program's item with the watcher, now and whenever a new one appears. The
+    /// item's object must already be exported.
     void announceItem();
 
 private:
-    /// What outlives this object for as long as GIO has calls pending.
+    /// State that outlives this object while GIO has pending calls.
     struct Watch;
 
     std::shared_ptr<Watch> watch_;

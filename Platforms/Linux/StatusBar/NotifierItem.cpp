@@ -33,10 +33,10 @@ constexpr const char* itemInterfaceXML = R"xml(<node><interface name="org.kde.St
 </interface></node>)xml";
 
 constexpr const char* itemPath = "/StatusNotifierItem";
-/// Of panels at one and at two pixels a point.
+/// Sizes for panels at scales 1 and 2.
 constexpr std::array pictureSides{16, 22, 24, 32, 44, 48, 64};
 
-/// Pixels as the protocol has them: alpha, red, green, blue, the most significant byte first.
+/// Pixels in the protocol's format: ARGB, big-endian.
 GVariant* pixmap(const QImage& picture) {
     const QImage pixels = picture.convertToFormat(QImage::Format_ARGB32);
     std::vector<quint32> words;
@@ -94,7 +94,7 @@ GVariant* NotifierItem::get(const std::string& property) const {
         return pixmaps();
     if (property == "ToolTip")
         return g_variant_new("(sa(iiay)ss)", "", nullptr, name.c_str(), "");
-    // Names of pictures that the item does not have.
+    // Names of icons that the item does not have.
     return g_variant_new_string("");
 }
 

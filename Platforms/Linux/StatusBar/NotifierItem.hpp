@@ -1,4 +1,4 @@
-/// A status item as hosts on the session bus show it: org.kde.StatusNotifierItem and its menu.
+/// A status item exported on the session bus: org.kde.StatusNotifierItem and its menu.
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
@@ -16,23 +16,24 @@ class NotifierItem {
 public:
     struct Content {
         StatusSymbol symbol;
-        /// The symbol's name in the icon theme, which the host shows in colours of its own; empty
-        /// if the theme has none.
+        /// The symbol's name in the icon theme, which the host tints itself; empty if the theme has
+        /// none.
         std::string iconName;
         Menu menu;
     };
     struct Callbacks {
-        /// The symbol as a square of this many pixels, for hosts that know no themes.
+        /// Renders the symbol as a square of this many pixels, for hosts that do not use icon
+        /// themes.
         std::function<QImage(int side)> picture;
         NotifierMenu::Update menuNeedsUpdate;
         NotifierMenu::Chosen menuItemChosen;
-        /// A host that shows no menus asks for the item's own.
+        /// Called if a host that cannot show menus asks for the item's own.
         std::function<void()> popUpMenu;
     };
 
     NotifierItem(GDBusConnection* bus, Content content, Callbacks callbacks);
 
-    /// The picture has become another.
+    /// Announces that the picture changed.
     void pictureChanged() const;
 
 private:

@@ -24,7 +24,7 @@ constexpr const char* menuInterfaceXML = R"xml(<node><interface name="com.canoni
 </interface></node>)xml";
 
 constexpr std::int32_t rootID = 0;
-/// The entries stay the same ones as long as the item is there.
+/// Constant, because the entries never change while the item exists.
 constexpr std::uint32_t revision = 1;
 
 using Value = GLibHandle<GVariant, g_variant_unref>;
@@ -84,7 +84,7 @@ std::vector<std::int32_t> numbers(GVariant* array) {
 GVariant* groupProperties(const Menu& menu, GVariant* parameters) {
     const Value list{g_variant_get_child_value(parameters, 0)};
     auto ids = numbers(list.get());
-    // None asked for are all.
+    // An empty list requests all properties.
     if (ids.empty()) {
         for (std::size_t i = 0; i < menu.entries.size(); ++i)
             ids.push_back(idOf(i));
@@ -98,7 +98,7 @@ GVariant* groupProperties(const Menu& menu, GVariant* parameters) {
     return g_variant_new("(a(ia{sv}))", &group);
 }
 
-/// Null when there is no such property.
+/// Null if there is no such property.
 GVariant* property(const Menu& menu, GVariant* parameters) {
     std::int32_t id = 0;
     const char* name = nullptr;
@@ -170,7 +170,8 @@ void NotifierMenu::call(const std::string& method, GVariant* parameters,
         std::int32_t id = 0;
         std::int32_t depth = 0;
         g_variant_get(parameters, "(iias)", &id, &depth, nullptr);
-        // Hosts that never say that they are about to show the menu read it before.
+        // Some hosts never announce that they are about to show the menu, but all of them read the
+        // layout first.
         update_(menu_);
         g_dbus_method_invocation_return_value(
             invocation, g_variant_new("(u@(ia{sv}av))", revision,
@@ -203,7 +204,7 @@ void NotifierMenu::callAboutToShow(const std::string& method, GDBusMethodInvocat
     g_dbus_method_invocation_return_value(invocation, g_variant_new("(aiai)", &changed, nullptr));
 }
 
-/// The caller has its answer before anything happens, which may be this program's end.
+/// Replies before the action runs, because that may end this program.
 void NotifierMenu::callEvents(const std::string& method, GVariant* parameters,
                               GDBusMethodInvocation* invocation) {
     std::vector<std::pair<std::int32_t, std::string>> events;

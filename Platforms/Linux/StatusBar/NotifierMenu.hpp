@@ -1,5 +1,4 @@
-/// A status item's menu as the host of a status notifier shows it: com.canonical.dbusmenu on the
-/// session bus.
+/// A status item's menu for hosts of status notifiers: com.canonical.dbusmenu on the session bus.
 #pragma once
 
 #include "GLib/DBusObject.hpp"
@@ -16,9 +15,9 @@ class NotifierMenu {
 public:
     static constexpr const char* path = "/MenuBar";
 
-    /// Called before each showing with the menu to be shown, which may be changed.
+    /// Called before each showing; may change the menu.
     using Update = std::function<void(Menu&)>;
-    /// Called with the index of the entry that the user chose.
+    /// Called with the index of the chosen entry.
     using Chosen = std::function<void(std::size_t)>;
 
     NotifierMenu(GDBusConnection* bus, Menu menu, Update update, Chosen chosen);
@@ -28,7 +27,7 @@ private:
     void callAboutToShow(const std::string& method, GDBusMethodInvocation* invocation);
     void callEvents(const std::string& method, GVariant* parameters,
                     GDBusMethodInvocation* invocation);
-    /// Brings the menu up to date, tells the host what changed, and says whether anything did.
+    /// Updates the menu, tells the host what changed, and returns whether anything did.
     bool refresh();
     void handle(std::int32_t id, const std::string& event);
 
@@ -38,14 +37,14 @@ private:
     DBusObject object_;
 };
 
-/// The menu's content as the protocol has it.
+/// The menu's content in the protocol's format.
 namespace NotifierMenuLayout {
 
-/// What tells an entry apart from a plain one; floating, of type a{sv}.
+/// The properties in which an entry differs from a plain one; floating, of type a{sv}.
 [[nodiscard]] GVariant* properties(const MenuItem& item);
 
-/// The whole menu, or one entry; floating, of type (ia{sv}av). Identifiers are 0 for the menu and
-/// an entry's index and one for the entry. An unknown one gives the menu.
+/// The whole menu, or one entry; floating, of type (ia{sv}av). ID 0 is the menu itself, and an
+/// entry's ID is its index plus one. An unknown ID yields the menu.
 [[nodiscard]] GVariant* layout(const Menu& menu, std::int32_t id, std::int32_t depth);
 
 }

@@ -1,4 +1,4 @@
-/// What a status item shows: a named symbol and its name for those who do not see it.
+/// What a status item shows: a named symbol and its accessible name.
 #pragma once
 
 #include <string>

@@ -12,10 +12,10 @@
 namespace vireline::x11 {
 namespace {
 
-/// Trays that want another one resize their icons at once.
+/// Initial size; trays that want another one resize their icons at once.
 constexpr std::uint16_t firstSide = 24;
 constexpr std::uint8_t translucentDepth = 32;
-/// Of the icon's window.
+/// The symbol's size as a fraction of the icon's window.
 constexpr double symbolShare = 0.84;
 
 struct Visual {
@@ -30,8 +30,8 @@ const xcb_screen_t& screenOf(const X11Connection& connection) {
     return *screens.data;
 }
 
-/// The visual that the tray asks its icons to have, if it is one with an alpha channel, else that
-/// of the screen.
+/// The visual that the tray requests for its icons if it has an alpha channel, otherwise the
+/// screen's.
 Visual visualFor(const X11Connection& connection, xcb_window_t manager) {
     const xcb_screen_t& screen = screenOf(connection);
     const auto asked = connection.words(manager, "_NET_SYSTEM_TRAY_VISUAL", XCB_ATOM_VISUALID);
@@ -140,7 +140,7 @@ void TrayIcon::handle(const xcb_generic_event_t& event) {
         buttonReleased(reinterpret_cast<const xcb_button_release_event_t&>(event));
         break;
     case XCB_DESTROY_NOTIFY:
-        // A tray that ends may take its icons along.
+        // A tray that exits may destroy its icons.
         if (reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window == window_)
             window_ = XCB_NONE;
         break;
@@ -149,7 +149,7 @@ void TrayIcon::handle(const xcb_generic_event_t& event) {
     }
 }
 
-/// A second button that joins in ends the click, as it does with a button of a toolkit.
+/// Pressing a second button cancels the click, as in toolkits.
 void TrayIcon::buttonPressed(const xcb_button_press_event_t& press) {
     if (press.event != window_)
         return;
@@ -166,7 +166,7 @@ void TrayIcon::buttonReleased(const xcb_button_release_event_t& release) {
     const bool isOnIcon = release.same_screen != 0 && release.event_x >= 0 &&
                           release.event_x < width_ && release.event_y >= 0 &&
                           release.event_y < height_;
-    // The last statement: a click may end the icon.
+    // Must be the last statement, because a click may destroy the icon.
     if (isOnIcon)
         callbacks_.clicked();
 }
@@ -183,7 +183,7 @@ void TrayIcon::paint() {
     show(picture);
 }
 
-/// What lies behind the icon; null when that cannot be seen now.
+/// The pixels behind the icon; null if they are not visible.
 QImage TrayIcon::ground() const {
     if (width_ <= 0 || height_ <= 0 || window_ == XCB_NONE)
         return {};
@@ -196,7 +196,7 @@ QImage TrayIcon::ground() const {
     const auto width = static_cast<std::uint16_t>(width_);
     const auto height = static_cast<std::uint16_t>(height_);
     xcb_clear_area(server, 0, window_, 0, 0, width, height);
-    // Fails while the window is not shown, of which an expose event tells.
+    // Fails while the window is not visible; an expose event follows when it is.
     const Owned<xcb_get_image_reply_t> reply{xcb_get_image_reply(
         server, xcb_get_image(server, XCB_IMAGE_FORMAT_Z_PIXMAP, window_, 0, 0, width, height, ~0U),
         nullptr)};
@@ -208,7 +208,7 @@ QImage TrayIcon::ground() const {
     return image;
 }
 
-/// That of the tray's own symbols if it says so, else one that stands out.
+/// The tray's own symbol colour if it sets one, otherwise one with good contrast.
 QColor TrayIcon::colourOn(const QImage& ground) const {
     const auto colours = connection_.words(manager_, "_NET_SYSTEM_TRAY_COLORS", XCB_ATOM_CARDINAL);
     constexpr std::size_t foreground = 3;

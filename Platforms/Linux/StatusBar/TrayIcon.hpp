@@ -1,5 +1,5 @@
-/// An icon docked with an X screen's system tray, as XEmbed has it. Painted straight into its X
-/// window, in whole pixels, over whatever the tray shows behind it.
+/// An icon embedded in an X screen's system tray through XEmbed. Painted directly into its X
+/// window, in whole pixels, over the background that the tray shows.
 #pragma once
 
 #include "Foundation/ScopedHandle.hpp"
@@ -19,14 +19,14 @@ class X11Connection;
 class TrayIcon {
 public:
     struct Callbacks {
-        /// The icon's shape in a colour, as a square of this many pixels.
+        /// Renders the icon's shape in a colour, as a square of this many pixels.
         std::function<QImage(int side, const QColor& colour)> picture;
-        /// The user clicked it with the primary or the secondary button: pressed and released it
-        /// there.
+        /// Called when the user clicks it with the primary or secondary button, both pressed and
+        /// released over the icon.
         std::function<void()> clicked;
     };
 
-    /// Asks the tray, given by its manager's window, to dock it.
+    /// Asks the tray, identified by its manager window, to embed it.
     TrayIcon(X11Connection& connection, xcb_window_t manager, const std::string& name,
              Callbacks callbacks);
     TrayIcon(const TrayIcon&) = delete;
@@ -51,13 +51,13 @@ private:
     Callbacks callbacks_;
     xcb_window_t window_ = XCB_NONE;
     xcb_colormap_t colormap_ = XCB_NONE;
-    /// With an alpha channel, or as deep as the screen.
+    /// Whether the window has an alpha channel, rather than the screen's depth.
     bool isTranslucent_ = false;
     std::uint8_t depth_ = 0;
     int width_ = 0;
     int height_ = 0;
-    /// The one button held down since it was pressed on the icon; nothing if a click is not under
-    /// way.
+    /// The only button held since it was pressed on the icon; nullopt if there is no click in
+    /// progress.
     std::optional<xcb_button_t> pressed_;
     Subscription events_;
 };

@@ -9,7 +9,7 @@ TrayManager::TrayManager(X11Connection& connection)
     , selection_(
           connection.atom("_NET_SYSTEM_TRAY_S" + std::to_string(connection.screenNumber()))) {
     events_ = connection_.observe([this](const xcb_generic_event_t& event) { handle(event); });
-    // A new tray says so to the root window.
+    // A new tray announces itself on the root window.
     connection_.selectInput(connection_.root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     look();
 }
@@ -30,7 +30,7 @@ void TrayManager::handle(const xcb_generic_event_t& event) {
 
 void TrayManager::look() {
     const xcb_window_t found = owner();
-    // Before it is announced: the tray must not go unseen in between.
+    // Selected before observers are told, so that the end of the tray cannot be missed.
     if (found != XCB_NONE)
         connection_.selectInput(found, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     window_.set(found);

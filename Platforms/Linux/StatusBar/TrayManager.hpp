@@ -1,4 +1,4 @@
-/// The system tray of an X screen, whoever runs it: the window that icons are docked with.
+/// The current system tray of an X screen: the window that icons dock with.
 #pragma once
 
 #include "Foundation/Observable.hpp"

@@ -1,4 +1,4 @@
-/// Makes status items for whatever tray this desktop has.
+/// Creates status items for whichever kind of tray the desktop has.
 #pragma once
 
 #include "StatusBar/TrayStatusItem.hpp"

@@ -50,7 +50,7 @@ void TrayStatusItem::update() {
         makeTrayIcon();
 }
 
-/// On every bus, whether or not anybody shows items yet.
+/// Exported on every bus, even if no host exists yet.
 void TrayStatusItem::makeNotifierItem() {
     constexpr int usualSide = 22;
     const bool isInstalled = context_.theme.find(installedSymbol, usualSide).has_value();
@@ -91,7 +91,7 @@ void TrayStatusItem::popUpMenu() {
         lifetime_.guard(std::move(closed)));
 }
 
-/// For hosts whose ground nobody knows: as other symbols look on such a desktop.
+/// For hosts whose background colour is unknown: in the usual colour of symbols on such a desktop.
 QImage TrayStatusItem::picture(int side) const {
     const QColor colour = context_.appearance.isDark() ? QColor{240, 240, 244} : QColor{60, 60, 66};
     return context_.symbols.image(symbol_.name, side, colour);

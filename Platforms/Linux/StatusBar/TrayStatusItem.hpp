@@ -1,5 +1,5 @@
-/// A status item wherever this desktop shows such: with a status notifier host if there is one,
-/// else in the system tray, else nowhere until one of them comes.
+/// A status item wherever this desktop can show one: in a status notifier host if there is one,
+/// otherwise in the system tray, otherwise nowhere until one of them appears.
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
@@ -19,7 +19,7 @@ class Appearance;
 class IconTheme;
 class Symbols;
 
-/// Outlives the items.
+/// Must outlive the items.
 struct StatusBarContext {
     X11Connection& connection;
     Appearance& appearance;
@@ -55,7 +55,7 @@ private:
     TrayManager tray_;
     std::unique_ptr<NotifierItem> notifierItem_;
     std::unique_ptr<TrayIcon> trayIcon_;
-    /// The tray that the icon is in.
+    /// The manager window of the tray that the icon is in.
     xcb_window_t dockedWith_ = XCB_NONE;
     std::unique_ptr<PopUpMenu> popUpMenu_;
     std::array<Subscription, 3> observations_;

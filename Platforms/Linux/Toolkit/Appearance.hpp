@@ -1,4 +1,4 @@
-/// Whether the desktop is light or dark.
+/// Whether the desktop uses a light or a dark style.
 #pragma once
 
 #include "Foundation/Observable.hpp"
@@ -11,7 +11,7 @@ namespace vireline::x11 {
 
 class Appearance final : private QObject {
 public:
-    /// Dark if the widget theme of this name is, or else Qt's palette.
+    /// Dark if the widget theme's name says so, otherwise determined from Qt's palette.
     explicit Appearance(const std::string& widgetTheme);
 
     [[nodiscard]] bool isDark() const noexcept { return isDark_.get(); }
@@ -20,7 +20,7 @@ public:
     }
 
 private:
-    /// Sees the events of the application object, of which a new palette is one.
+    /// Watches the application object for palette changes.
     bool eventFilter(QObject* watched, QEvent* event) override;
     [[nodiscard]] bool read() const;
 

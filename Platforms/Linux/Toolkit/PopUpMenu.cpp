@@ -10,7 +10,7 @@
 namespace vireline::x11 {
 namespace {
 
-/// Lies the menu's nearest corner at `at`, as long as the screen has room for that.
+/// Puts the menu's nearest corner at `at`, if there is room for that on the screen.
 QPoint placed(QPoint at, QSize menu, const QRect& screen) {
     const auto along = [](int from, int length, int low, int high) {
         const int opposite = from - length;
@@ -36,7 +36,7 @@ QKeyCombination keyOf(char keyEquivalent) {
     return QKeyCombination{Qt::ControlModifier, static_cast<Qt::Key>(std::toupper(letter))};
 }
 
-/// A menu that belongs to no window takes no part in Qt's own handling of shortcuts.
+/// Handles shortcuts itself, because Qt does not for a menu without a parent window.
 class KeyedMenu final : public QMenu {
 private:
     void keyPressEvent(QKeyEvent* event) override {
@@ -66,7 +66,7 @@ PopUpMenu::PopUpMenu(const Menu& menu, QScreen& screen, const MenuPlace& place, 
 PopUpMenu::PopUpMenu(const Menu& menu, QScreen& screen, Closed closed)
     : closed_(std::move(closed)), menu_(std::make_unique<KeyedMenu>().release()) {
     fill(menu);
-    // The choice comes after the hiding, in the same event; by the next turn both are known.
+    // Queued, because Qt reports the chosen action only after hiding the menu.
     QObject::connect(menu_.get(), &QMenu::aboutToHide, menu_.get(),
                      lifetime_.guard([this] { finish(); }), Qt::QueuedConnection);
     menu_->setScreen(&screen);
@@ -85,7 +85,7 @@ void PopUpMenu::fill(const Menu& menu) {
             menu_->addSeparator();
             continue;
         }
-        // A single ampersand would mark a shortcut.
+        // A single ampersand would mark a mnemonic.
         const QString title =
             QString::fromStdString(command->title).replace(QLatin1Char('&'), QLatin1String("&&"));
         QAction* const action = menu_->addAction(title);

@@ -1,5 +1,5 @@
-/// A native popup menu made of a menu's data. Opens without anybody having the focus; a choice, a
-/// click elsewhere or Escape closes it.
+/// A native popup menu created from the kit's menu data. Opens without taking the focus; a choice,
+/// a click elsewhere or Escape closes it.
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
@@ -18,13 +18,13 @@ namespace vireline::x11 {
 
 class PopUpMenu {
 public:
-    /// Called once, when the menu is closed and no longer holds the pointer, with the index of the
-    /// chosen entry if there is one. May destroy the menu.
+    /// Called once after the menu has closed and released the pointer, with the index of the chosen
+    /// entry, if any. May destroy the menu.
     using Closed = std::function<void(std::optional<std::size_t>)>;
 
-    /// Opens with one of its corners at a position in Qt's coordinates, inside the screen.
+    /// Opens with a corner at a position in Qt's coordinates, inside the screen.
     PopUpMenu(const Menu& menu, QScreen& screen, QPoint at, Closed closed);
-    /// Opens at that place in Qt's coordinates, moved so as to lie inside the screen.
+    /// Opens at a place in Qt's coordinates, shifted to fit inside the screen.
     PopUpMenu(const Menu& menu, QScreen& screen, const MenuPlace& place, Closed closed);
     PopUpMenu(const PopUpMenu&) = delete;
     PopUpMenu& operator=(const PopUpMenu&) = delete;
@@ -34,11 +34,11 @@ public:
 
     void close() { menu_->close(); }
 
-    /// Closes it and tells so at once.
+    /// Closes it and reports that immediately.
     void end();
 
 private:
-    /// Hidden at once, deleted when no event of its own is being handled.
+    /// Hides at once, and deletes when none of the menu's events is being handled.
     struct Discard {
         void operator()(QMenu* menu) const;
     };

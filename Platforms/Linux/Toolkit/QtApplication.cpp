@@ -10,7 +10,8 @@
 namespace vireline::x11 {
 namespace {
 
-/// The desktop's own keys for it; they may differ from the ones that the menu names.
+/// The desktop's standard shortcut for the action, which may differ from the one that the menu
+/// names.
 QKeySequence::StandardKey standardKey(StandardAction action) {
     switch (action) {
     case StandardAction::terminate:
@@ -31,7 +32,7 @@ QKeySequence::StandardKey standardKey(StandardAction action) {
     return QKeySequence::UnknownKey;
 }
 
-/// The menu's own key with Ctrl, and with Shift for an upper-case letter.
+/// The menu's own shortcut: Ctrl, plus Shift for an upper-case letter.
 QKeySequence ownKey(char keyEquivalent) {
     const auto letter = static_cast<unsigned char>(keyEquivalent);
     const int key = std::toupper(letter);
@@ -40,7 +41,8 @@ QKeySequence ownKey(char keyEquivalent) {
     return QKeySequence{QKeyCombination{Qt::ControlModifier | shift, static_cast<Qt::Key>(key)}};
 }
 
-/// The slot by which Qt's editing widgets know the action; null for what concerns the program.
+/// The slot that Qt's editing widgets have for the action; null for actions that concern the whole
+/// program.
 const char* editingSlot(StandardAction action) {
     switch (action) {
     case StandardAction::terminate:
@@ -70,7 +72,7 @@ void edit(const char* slot) {
         QMetaObject::invokeMethod(focus, slot, Qt::DirectConnection);
 }
 
-/// Calls its function on the one event that it is sent.
+/// Calls its function when it receives its one event.
 class Starter : public QObject {
 public:
     explicit Starter(std::function<void()> start) : start_(std::move(start)) {}
@@ -90,8 +92,8 @@ private:
 
 QtApplication::QtApplication(QApplication& qt, SecondStarts& secondStarts)
     : qt_(qt), secondStarts_(secondStarts) {
-    // The autostart folder brings the program back at the next login. A session manager that
-    // restored it as well would start it twice.
+    // The autostart folder starts the program at login, so a session manager that restored it as
+    // well would start it twice.
     QObject::connect(&qt_, &QGuiApplication::saveStateRequest, &qt_, [](QSessionManager& session) {
         session.setRestartHint(QSessionManager::RestartNever);
     });
@@ -140,7 +142,7 @@ int QtApplication::run(std::function<void()> onFinishedLaunching) {
 
 void QtApplication::terminate() {
     isTerminated_ = true;
-    // Not quit(), which any open window may refuse.
+    // Not quit(), which any open window may veto.
     QCoreApplication::exit(0);
 }
 

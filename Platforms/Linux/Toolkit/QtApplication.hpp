@@ -13,23 +13,23 @@ namespace vireline::x11 {
 
 class QtApplication final : public Application {
 public:
-    /// Both outlive this object.
+    /// Both must outlive this object.
     QtApplication(QApplication& qt, SecondStarts& secondStarts);
 
-    /// Nothing to do: no desktop lists a program as such, only its windows, and each of ours asks
-    /// to be left out of taskbars and pagers itself.
+    /// Does nothing: desktops list windows rather than programs, and each of our windows asks on
+    /// its own to be kept out of taskbars and pagers.
     void becomeAccessory() override {}
 
-    /// A window of the program's own takes the shortcuts on with `addActions(mainMenuActions())`.
+    /// The program's own windows get the shortcuts with `addActions(mainMenuActions())`.
     void installMainMenu(const MainMenu& menu) override;
 
-    /// The installed menu's commands in order, with the desktop's own shortcuts for them. They
-    /// live until the next installation or until this object goes.
+    /// The installed menu's commands in order, with the desktop's own shortcuts. Valid until the
+    /// next call of `installMainMenu` or the destruction of this object.
     [[nodiscard]] QList<QAction*> mainMenuActions() const;
 
     int run(std::function<void()> onFinishedLaunching) override;
 
-    /// Also before `run`, which then returns at once.
+    /// May be called before `run`, which then returns at once.
     void terminate() override;
 
     [[nodiscard]] std::int64_t processIdentifier() const override;

@@ -1,5 +1,5 @@
-/// Where pixels of the root window are in Qt's coordinates: a screen's corner keeps its place in
-/// pixels, inside it they scale.
+/// Converts pixels of the root window to Qt's coordinates, in which a screen's corner keeps its
+/// position in pixels while positions inside the screen are scaled.
 #pragma once
 
 #include <QPoint>
@@ -14,10 +14,10 @@ struct Display;
 
 namespace QtCoordinates {
 
-/// `screen` is Qt's of the display.
+/// `screen` must be Qt's screen for `display`.
 [[nodiscard]] QPoint position(const QScreen& screen, const Display& display, QPointF rootPixel);
 
-/// Never without area.
+/// Never empty.
 [[nodiscard]] QRect rect(const QScreen& screen, const Display& display, const QRectF& rootPixels);
 
 }

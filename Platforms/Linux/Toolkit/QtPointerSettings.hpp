@@ -1,4 +1,4 @@
-/// The desktop's own pointer settings, as Qt hears of them.
+/// The desktop's pointer settings, as Qt reports them.
 #pragma once
 
 #include "Platform/PointerSettings.hpp"

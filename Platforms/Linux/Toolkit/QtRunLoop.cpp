@@ -10,13 +10,14 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Qt counts milliseconds in an int; what is due later is armed again.
+/// Qt takes milliseconds as an int, so longer timers are re-armed in stretches of this length.
 constexpr std::chrono::milliseconds longestStretch = 24h;
 
-/// Also for what a caller computed badly: never negative, and small enough to be added to now.
+/// Clamps the delay, so that even a miscalculated one is never negative and can be added to the
+/// current time without overflow.
 std::chrono::nanoseconds duration(double seconds) {
     constexpr double hundredYears = 100.0 * 365 * 24 * 60 * 60;
-    // A comparison with NaN is false, so it ends up as zero.
+    // NaN compares false and becomes zero.
     const double bounded = seconds > 0 ? std::min(seconds, hundredYears) : 0;
     return std::chrono::round<std::chrono::nanoseconds>(std::chrono::duration<double>{bounded});
 }
@@ -73,7 +74,7 @@ void QtRunLoop::timerEvent(QTimerEvent* event) {
         arm(key);
         return;
     }
-    // Held here, since the callback may drop its own timer.
+    // A copy, because the callback may destroy its own timer.
     const auto fire = timer.fire;
     if (timer.interval == Nanoseconds::zero()) {
         pending_.erase(key);

@@ -1,4 +1,4 @@
-/// The kit's clock and timers on Qt's event loop. Without a pending timer nothing wakes up.
+/// The kit's clock and timers on Qt's event loop. Never wakes up without a pending timer.
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
@@ -11,8 +11,8 @@
 
 namespace vireline::x11 {
 
-/// Repeating timers keep their pace: a late firing does not move those after it, and one that was
-/// missed whole, as in sleep, is skipped.
+/// Repeating timers do not drift: a late firing does not delay the later ones, and firings missed
+/// entirely, for example during sleep, are skipped.
 class QtRunLoop final : public RunLoop, private QObject {
 public:
     QtRunLoop() = default;
@@ -24,7 +24,7 @@ public:
 
     [[nodiscard]] double now() const override;
     [[nodiscard]] Timer after(double seconds, std::function<void()> fire) override;
-    /// `seconds` must be positive; less than a millisecond counts as one.
+    /// `seconds` must be positive; anything below a millisecond is rounded up to one.
     [[nodiscard]] Timer every(double seconds, std::function<void()> fire) override;
 
 private:
@@ -33,10 +33,10 @@ private:
 
     struct Pending {
         Clock::time_point due;
-        /// Zero for a timer that fires once.
+        /// Zero for one-shot timers.
         Nanoseconds interval;
         std::shared_ptr<std::function<void()>> fire;
-        /// Qt's number for it. One that is due far ahead is armed several times in a row.
+        /// Qt's timer ID. Changes when a distant timer is re-armed.
         int timerID = 0;
     };
 
@@ -47,7 +47,7 @@ private:
 
     std::uint64_t lastKey_ = 0;
     std::unordered_map<std::uint64_t, Pending> pending_;
-    /// The key of the pending timer behind each of Qt's numbers.
+    /// Maps Qt's timer IDs to the keys of pending timers.
     std::unordered_map<int, std::uint64_t> keys_;
     Lifetime lifetime_;
 };

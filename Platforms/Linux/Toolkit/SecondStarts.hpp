@@ -1,4 +1,4 @@
-/// Who hears that the program was started once more.
+/// Reports when the program is started while it is already running.
 #pragma once
 
 #include "Foundation/ScopedHandle.hpp"
@@ -11,7 +11,7 @@ class SecondStarts {
 public:
     virtual ~SecondStarts() = default;
 
-    /// Calls `handler` from the event loop for every further start.
+    /// Calls `handler` from the event loop for each further start.
     [[nodiscard]] virtual Subscription observe(std::function<void()> handler) = 0;
 };
 

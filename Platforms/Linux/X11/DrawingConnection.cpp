@@ -16,7 +16,7 @@ ServerMark::~ServerMark() {
 void ServerMark::await() {
     if (std::exchange(isAnswered_, true))
         return;
-    // Waiting asks the system whether there is anything before it looks.
+    // Polls first, because waiting makes a system call even if the reply has already been read.
     void* answer = nullptr;
     xcb_generic_error_t* error = nullptr;
     if (xcb_poll_for_reply(connection_, cookie_.sequence, &answer, &error) == 0)

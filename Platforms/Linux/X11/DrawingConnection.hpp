@@ -1,6 +1,6 @@
-/// A connection of our own beside Qt's, for what is done in every frame. Qt reads its connection in
-/// a thread, which each answer there wakes up before the thread that waits for it; here there is
-/// nobody else. Requests of the two are carried out in any order.
+/// A second connection besides Qt's, for what is done in every frame. Qt reads its connection in a
+/// thread, which every reply would wake up before the waiting thread; this one has a single reader.
+/// Requests on the two connections are not ordered relative to each other.
 #pragma once
 
 #include "X11/XcbHandles.hpp"
@@ -9,8 +9,8 @@ namespace vireline::x11 {
 
 class X11Connection;
 
-/// Asks the server, with whatever is sent next, to tell once it has carried out all requests before
-/// this. Mostly the answer is there by the time that anybody needs it.
+/// Asks the server to report when it has processed all earlier requests. Usually the reply has
+/// already arrived when it is needed.
 class ServerMark {
 public:
     explicit ServerMark(xcb_connection_t* connection)
@@ -21,7 +21,7 @@ public:
     ServerMark& operator=(ServerMark&&) = delete;
     ~ServerMark();
 
-    /// Returns once it has.
+    /// Blocks until the server has processed them.
     void await();
 
 private:
@@ -32,17 +32,18 @@ private:
 
 class DrawingConnection {
 public:
-    /// Falls back to Qt's connection, which outlives it, if there can be no other.
+    /// Falls back to Qt's connection, which must outlive this object, if no second one can be
+    /// opened.
     explicit DrawingConnection(const X11Connection& qt);
 
     [[nodiscard]] xcb_connection_t* get() const noexcept;
 
     void flush() const;
 
-    /// Returns once the server has carried out everything so far.
+    /// Blocks until the server has processed all requests so far.
     void finish() const;
 
-    /// Forgets what nobody here listens to, such as errors about windows that are gone.
+    /// Drops unused events, such as errors about destroyed windows.
     void discardEvents() const;
 
 private:

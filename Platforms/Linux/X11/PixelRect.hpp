@@ -1,5 +1,5 @@
-/// Rectangles of whole pixels as the X server counts them: origin at the root window's top-left
-/// corner (or that of the window that is spoken of), y downwards.
+/// Rectangles of whole pixels in X11 coordinates: origin at the top-left corner of the root window,
+/// or of a given window, y downwards.
 #pragma once
 
 #include <algorithm>
@@ -28,7 +28,7 @@ struct PixelRect {
     }
     [[nodiscard]] constexpr bool isEmpty() const noexcept { return width <= 0 || height <= 0; }
 
-    /// Pixels that both hold.
+    /// Number of pixels in both rectangles.
     [[nodiscard]] constexpr std::int64_t overlap(const PixelRect& other) const noexcept {
         const std::int64_t across =
             std::int64_t{std::min(right(), other.right())} - std::max(x, other.x);

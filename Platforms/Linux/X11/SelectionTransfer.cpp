@@ -13,13 +13,13 @@ constexpr unsigned sentFlag = 0x80;
 }
 
 SelectionTransfer::SelectionTransfer(X11Connection& connection, const Request& request, Done done,
-                                     std::chrono::milliseconds patience)
+                                     std::chrono::milliseconds timeout)
     : connection_(connection)
     , request_(request)
     , done_(std::move(done))
     , events_(connection.observe([this](const xcb_generic_event_t& event) { handle(event); })) {
     limit_.setSingleShot(true);
-    limit_.setInterval(patience);
+    limit_.setInterval(timeout);
     QObject::connect(&limit_, &QTimer::timeout, &limit_,
                      [this] { fail("its owner does not answer"); });
     limit_.start();
@@ -52,13 +52,13 @@ void SelectionTransfer::answered(const xcb_selection_notify_event_t& answer) {
         return;
     if (answer.property == XCB_ATOM_NONE)
         return fail("its owner refuses");
-    // The answer to an earlier request, which nobody waits for any more.
+    // A late reply to an earlier request.
     if (answer.property != request_.property)
         return;
     takePiece();
 }
 
-/// Taking a piece away asks the owner for the next one; an empty one is the last.
+/// Deleting a chunk asks the owner for the next one; an empty chunk is the last.
 void SelectionTransfer::takePiece() {
     limit_.start();
     constexpr auto maximumWords = static_cast<std::uint32_t>(maximumBytes / 4);

@@ -1,5 +1,5 @@
-/// Brings a selection's content over from the program that owns it (ICCCM section 2.4), which may
-/// take its time, send it in pieces, or die. Nothing waits for it meanwhile.
+/// Transfers a selection's content from the program that owns it (ICCCM section 2.4),
+/// asynchronously: the owner may be slow, send it in chunks, or exit.
 #pragma once
 
 #include "Foundation/Result.hpp"
@@ -20,26 +20,26 @@ class X11Connection;
 class SelectionTransfer {
 public:
     struct Request {
-        /// A window whose properties this client hears of.
+        /// A window whose property changes this client receives.
         xcb_window_t requestor = XCB_NONE;
         xcb_atom_t selection = XCB_ATOM_NONE;
-        /// The form that the content is wanted in.
+        /// The requested format.
         xcb_atom_t target = XCB_ATOM_NONE;
-        /// A property of the requestor that no other transfer uses.
+        /// A property on the requestor that no other transfer uses.
         xcb_atom_t property = XCB_ATOM_NONE;
         xcb_timestamp_t time = XCB_CURRENT_TIME;
     };
 
-    /// Called once; may end the transfer.
+    /// Called once; may destroy the transfer.
     using Done = std::function<void(Result<std::string>)>;
 
-    /// Some tens of thousands of URLs.
+    /// Enough for tens of thousands of URLs.
     static constexpr std::size_t maximumBytes = 16U << 20U;
-    static constexpr std::chrono::seconds usualPatience{5};
+    static constexpr std::chrono::seconds defaultTimeout{5};
 
-    /// Fails when the owner gives no sign of life for `patience`.
+    /// Fails if the owner does not respond for `timeout`.
     SelectionTransfer(X11Connection& connection, const Request& request, Done done,
-                      std::chrono::milliseconds patience = usualPatience);
+                      std::chrono::milliseconds timeout = defaultTimeout);
     SelectionTransfer(const SelectionTransfer&) = delete;
     SelectionTransfer& operator=(const SelectionTransfer&) = delete;
     SelectionTransfer(SelectionTransfer&&) = delete;

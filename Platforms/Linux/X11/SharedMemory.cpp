@@ -13,8 +13,8 @@
 namespace vireline::x11 {
 namespace {
 
-/// File descriptors only travel through such connections; elsewhere the question alone would break
-/// the connection.
+/// File descriptors can only be passed over local sockets; on other connections the request alone
+/// would break the connection.
 bool isLocal(xcb_connection_t* connection) {
     sockaddr_storage address{};
     socklen_t length = sizeof address;

@@ -1,4 +1,4 @@
-/// Memory that the X server reads pictures from, which spares sending them through the connection.
+/// Memory shared with the X server, so that images need not be sent through the connection.
 #pragma once
 
 #include <xcb/shm.h>
@@ -13,8 +13,8 @@ class DrawingConnection;
 
 class SharedMemory {
 public:
-    /// Null when the server cannot share memory with this program, as across a network. One round
-    /// trip.
+    /// Null if the server cannot share memory with this program, for example across a network. One
+    /// round trip.
     [[nodiscard]] static std::unique_ptr<SharedMemory> make(const DrawingConnection& connection,
                                                             std::size_t bytes);
 
@@ -22,11 +22,11 @@ public:
     SharedMemory& operator=(const SharedMemory&) = delete;
     SharedMemory(SharedMemory&&) = delete;
     SharedMemory& operator=(SharedMemory&&) = delete;
-    /// The server keeps its own hold on the memory until it has carried out what was asked before.
+    /// The server keeps its own mapping until it has processed earlier requests.
     ~SharedMemory();
 
     [[nodiscard]] std::span<std::byte> bytes() const noexcept { return bytes_; }
-    /// The server's name for it.
+    /// The server's ID for the segment.
     [[nodiscard]] xcb_shm_seg_t segment() const noexcept { return segment_; }
 
 private:

@@ -66,7 +66,7 @@ void SideConnection::dispatch() {
     isDispatchDue_ = false;
     while (Owned<xcb_generic_event_t> event{xcb_poll_for_event(get())})
         events_.push_back(std::move(event));
-    // A closed connection is readable for ever.
+    // A closed connection stays readable forever.
     if (xcb_connection_has_error(get()) != 0)
         notifier_.setEnabled(false);
     if (events_.empty())

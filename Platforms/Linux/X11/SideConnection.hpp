@@ -1,6 +1,6 @@
-/// A connection to the X server of its own, for what must not wait long or must end without a
-/// trace: nobody else reads from it, so that waiting for an answer has a limit, and all that was
-/// asked for on it ends with it.
+/// A separate connection to the X server, for work with a time limit or that must be undone
+/// completely: it has a single reader, so waiting for a reply can time out, and everything
+/// requested on it ends with it.
 #pragma once
 
 #include "Foundation/Result.hpp"
@@ -22,7 +22,7 @@ class SideConnection {
 public:
     using Deadline = std::chrono::steady_clock::time_point;
 
-    /// Fails when the server lets nobody in any more.
+    /// Fails if the server refuses another connection.
     [[nodiscard]] static Result<std::unique_ptr<SideConnection>> open();
 
     SideConnection(const SideConnection&) = delete;
@@ -34,11 +34,10 @@ public:
     [[nodiscard]] xcb_connection_t* get() const noexcept { return server_.connection(); }
     [[nodiscard]] xcb_window_t root() const noexcept { return server_.root(); }
 
-    /// A deadline this long from now.
+    /// The deadline this many seconds from now.
     [[nodiscard]] static Deadline in(double seconds);
 
-    /// The answer to a request on this connection; null when the server refuses it or does not
-    /// answer in time.
+    /// The reply to a request on this connection; null on an error or if the deadline passes.
     template <class Reply, class Cookie>
     [[nodiscard]] Owned<Reply> reply(Cookie cookie, Deadline deadline) {
         return Owned<Reply>{static_cast<Reply*>(wait(cookie.sequence, deadline))};
@@ -46,12 +45,12 @@ public:
 
     void flush() const { xcb_flush(get()); }
 
-    /// Returns once the server has carried out all requests on this connection so far, or the
-    /// deadline has passed.
+    /// Blocks until the server has processed all requests on this connection so far, or the
+    /// deadline passes.
     void sync(Deadline deadline);
 
-    /// Receives every event, in a turn of the event loop; then, once for all that came together,
-    /// `onRest` is called. Neither may end this connection.
+    /// Called from the event loop for every event; `onRest` is called once after each batch.
+    /// Neither may destroy this connection.
     std::function<void(const xcb_generic_event_t&)> onEvent;
     std::function<void()> onRest;
 
@@ -63,11 +62,11 @@ private:
     void dispatch();
 
     XServer server_;
-    /// Events that came along with answers: the descriptor knows nothing of them any more.
+    /// Events that arrived along with replies; the socket will not signal them again.
     std::deque<Owned<xcb_generic_event_t>> events_;
     bool isDispatchDue_ = false;
     QSocketNotifier notifier_;
-    /// Ends queued calls with this object.
+    /// Owns the queued calls, which end with this object.
     QObject context_;
 };
 

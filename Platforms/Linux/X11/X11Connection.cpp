@@ -38,7 +38,7 @@ xcb_intern_atom_cookie_t askForAtom(xcb_connection_t* connection, std::string_vi
     return xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
 }
 
-/// 0 when the server does not have the extension.
+/// 0 if the server does not have the extension.
 std::uint8_t opcodeOf(xcb_connection_t* connection, std::string_view extension) {
     const auto cookie = xcb_query_extension(
         connection, static_cast<std::uint16_t>(extension.size()), extension.data());
@@ -47,7 +47,7 @@ std::uint8_t opcodeOf(xcb_connection_t* connection, std::string_view extension) 
     return reply && reply->present != 0 ? reply->major_opcode : std::uint8_t{0};
 }
 
-/// The time of a press of a button or key; nothing for other events.
+/// The time of a button or key press; nullopt for other events.
 std::optional<xcb_timestamp_t> pressTime(const xcb_generic_event_t& event,
                                          std::uint8_t inputExtension) {
     const int type = event.response_type & 0x7f;
@@ -58,7 +58,7 @@ std::optional<xcb_timestamp_t> pressTime(const xcb_generic_event_t& event,
     }
     if (type != XCB_GE_GENERIC)
         return std::nullopt;
-    // The fields up to the time are alike in all events of devices.
+    // All device events have the same layout up to the time.
     xcb_input_button_press_event_t press{};
     std::memcpy(&press, &event, sizeof event);
     const bool isPress =
@@ -68,7 +68,7 @@ std::optional<xcb_timestamp_t> pressTime(const xcb_generic_event_t& event,
 
 }
 
-// Qt opens the screen that DISPLAY names, which a program practically always meets as 0.
+// Qt uses the screen that DISPLAY names, which is practically always 0.
 X11Connection::X11Connection()
     : connection_(connectionOfQt())
     , root_(rootOf(connection_, screenNumber_))

@@ -23,6 +23,7 @@ XServer::XServer(OwnConnection connection, int screenNumber)
 
 Result<XServer> XServer::connect() {
     int screenNumber = 0;
+    // xcb_connect returns an object even on failure, and it has to be freed.
     OwnConnection connection{xcb_connect(nullptr, &screenNumber)};
     if (const int code = xcb_connection_has_error(connection.get()); code != 0)
         return std::unexpected{noServer(code)};

@@ -11,9 +11,9 @@ namespace vireline {
 class HostPlatform {
 public:
     /// An exit code. Nothing here ends the process before its start.
-    using Ended = int;
+    using ExitStatus = int;
 
-    [[nodiscard]] static std::expected<std::unique_ptr<HostPlatform>, Ended> start();
+    [[nodiscard]] static std::expected<std::unique_ptr<HostPlatform>, ExitStatus> start();
 
     HostPlatform(const HostPlatform&) = delete;
     HostPlatform& operator=(const HostPlatform&) = delete;

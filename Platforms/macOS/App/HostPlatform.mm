@@ -49,7 +49,7 @@ struct HostPlatform::Parts {
     macos::MacProgramWindows programWindows;
 };
 
-std::expected<std::unique_ptr<HostPlatform>, HostPlatform::Ended> HostPlatform::start() {
+std::expected<std::unique_ptr<HostPlatform>, HostPlatform::ExitStatus> HostPlatform::start() {
     // A write to a closed pipe, such as the log of a closed terminal, must not end the program.
     std::signal(SIGPIPE, SIG_IGN);
     return std::unique_ptr<HostPlatform>{new HostPlatform{std::make_unique<Parts>()}};

@@ -1,4 +1,4 @@
-/// The real adapters that the contracts are tested with on Linux.
+/// The real adapters that the contract tests use on Linux.
 #pragma once
 
 #include "Files/InotifyFileEvents.hpp"

@@ -1,4 +1,4 @@
-/// The real adapters that the contracts are tested with on macOS, and the loop that they need.
+/// The real adapters that the contract tests use on macOS, and the run loop that they need.
 #pragma once
 
 #include "App/MainRunLoop.hpp"
@@ -21,7 +21,7 @@ inline constexpr bool hostWaitsForMissingFiles = false;
 
 inline void prepareHost() {}
 
-/// Runs the main run loop until `condition` holds; false when it does not within ten seconds.
+/// Runs the main run loop until `condition` holds; returns false after ten seconds.
 inline bool waitUntil(const std::function<bool()>& condition) {
     const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds{10};
     while (!condition()) {
@@ -33,7 +33,7 @@ inline bool waitUntil(const std::function<bool()>& condition) {
     return true;
 }
 
-/// The kernel reports events of files a moment after they happened.
+/// The kernel reports file events with a short delay.
 inline void deliverPendingEvents() {
     constexpr double moment = 0.1;
     CFRunLoopRunInMode(kCFRunLoopDefaultMode, moment, 0);

@@ -1,5 +1,5 @@
-/// What a person does with docks, under every window manager: clicks on them and beside them,
-/// menus, hidden docks, and the focus, which docks never take.
+/// A user's interaction with docks under every window manager: clicks on them and next to them,
+/// menus, collapsed docks, and the focus, which docks never take.
 #include "ManagerStory.hpp"
 
 namespace vireline::desktop {
@@ -7,7 +7,7 @@ namespace {
 
 class Focus : public ManagerStory {
 protected:
-    /// No dock has the keyboard, and the window manager calls none active.
+    /// Neither the keyboard focus nor the active window is a dock.
     [[nodiscard]] bool isElsewhere() {
         const auto& client = desktop().client();
         for (const auto& place : {middle, side}) {
@@ -55,7 +55,7 @@ protected:
               "a click " + where + " does not reach the window below");
     }
 
-    /// Between the strip's upper edge and the window's, where names of tiles show.
+    /// Between the top edges of the window and the strip, where tiles' labels are shown.
     const PixelPoint labelBand{middle.alpha.x, middle.frame.y + 6};
 };
 
@@ -89,7 +89,7 @@ TEST_F(Passing, NotOfClicksOnTheStrip) {
 
 class Clicks : public ManagerStory {
 protected:
-    /// Whether this manager iconifies a window that asks for it: then it can for the dock, too.
+    /// Whether this manager iconifies a window on request; then the dock can do that as well.
     [[nodiscard]] bool iconifies(const App& app) {
         constexpr std::uint32_t iconic = 3;
         const auto window = desktop().windowsOf(app).front();
@@ -132,7 +132,7 @@ TEST_F(Clicks, HideAndRestore) {
 
 class OtherDesktop : public ManagerStory {};
 
-TEST_F(OtherDesktop, IsNoHindranceForAClick) {
+TEST_F(OtherDesktop, DoesNotPreventAClick) {
     run();
     if (!hasManager())
         GTEST_SKIP() << "it has one desktop only";
@@ -153,7 +153,7 @@ protected:
         demand(menu != XCB_NONE, "no menu opens");
         const auto frame = desktop().client().frame(menu).value_or(PixelRect{});
         check(middle.monitor.contains(frame), "the menu is not inside of the monitor");
-        // It is seen a moment before it holds keyboard and pointer.
+        // The menu is visible slightly before it has grabbed the keyboard and pointer.
         demand(comes([&] { return desktop().keyboard().isHeld(); }),
                "the menu does not take the keyboard");
         return menu;

@@ -10,8 +10,8 @@ namespace {
 constexpr int panelThickness = 40;
 constexpr std::uint32_t fromPager = 2;
 
-/// Managers that composite may leave windows of other desktops mapped and not paint them. Those
-/// whose monitors have desktops of their own unmap such windows.
+/// Compositing managers may keep windows of other desktops mapped without painting them. Managers
+/// with separate desktops per monitor unmap such windows.
 bool isOnAnotherDesktop(const XClient& client, xcb_window_t window) {
     const auto manager = testedManager();
     if (manager != WindowManager::kwin && manager != WindowManager::mutter)
@@ -102,7 +102,7 @@ std::vector<xcb_window_t> ManagerStory::shownWindows(const App& app) {
     const auto& client = desktop().client();
     auto windows = client.allWindows();
     std::erase_if(windows, [&](xcb_window_t window) {
-        // A frame may have the title as well, but no class.
+        // A frame may have the title as well, but not the class.
         return !client.isViewable(window) || client.text(window, "WM_NAME") != app.name ||
                !client.hasProperty(window, "WM_CLASS") || isOnAnotherDesktop(client, window);
     });
@@ -112,7 +112,7 @@ std::vector<xcb_window_t> ManagerStory::shownWindows(const App& app) {
 xcb_window_t ManagerStory::open(const App& app, const PixelRect& monitor,
                                 std::vector<std::string> arguments) {
     constexpr int inset = 60;
-    // Some managers open windows where the pointer is, some where the last click was.
+    // Some managers open windows on the monitor with the pointer, others on that of the last click.
     desktop().pointer().moveTo(monitor.center());
     if (desktop().client().windowsAt(monitor.center()).size() == 1)
         desktop().pointer().click(monitor.center());
@@ -186,7 +186,7 @@ bool ManagerStory::leaveDesktopOf(const App& app) {
 }
 
 void ManagerStory::waitForDot(const DockPlace& place, PixelPoint tile) {
-    // Where the dot is between the icon and the strip's end, and beside it.
+    // The dot's position between the icon and the strip's end, and next to it.
     const int row = place.frame.bottom() - 4;
     constexpr int aside = 8;
     constexpr int contrast = 24;

@@ -1,6 +1,6 @@
-/// What the stories share that are told under every window manager: three real outputs, a panel on
-/// the primary one, two pinned apps, and places written down rather than taken from the program's
-/// rules.
+/// Shared by the scenarios that are run under every window manager: three real outputs, a panel on
+/// the primary one, two pinned apps, and positions as literal numbers rather than from the
+/// program's own rules.
 #pragma once
 
 #include "DesktopTest.hpp"
@@ -11,9 +11,9 @@
 
 namespace vireline::desktop {
 
-/// Where a dock of two pinned apps, Downloads and Trash is: four icons of 44 pixels and a separator
-/// make it 215 long. Its window is 84 high, 58 of them the strip, and ends 4 above the monitor's
-/// end.
+/// A dock with two pinned apps, Downloads and Trash: with four icons of 44 pixels and a separator
+/// it is 215 long. Its window is 84 high, of which the strip takes 58, and ends 4 above the
+/// monitor's bottom edge.
 struct DockPlace {
     std::string output;
     PixelRect monitor;
@@ -24,30 +24,30 @@ struct DockPlace {
 
 class ManagerStory : public DesktopTest {
 protected:
-    /// Starts everything, and waits until both docks are in their places.
+    /// Starts everything, and waits until both docks are in place.
     void run(const std::string& preferences = {});
-    /// The same without waiting.
+    /// As above, without waiting.
     void start(const std::string& preferences = {});
 
     [[nodiscard]] static bool hasManager() { return testedManager().has_value(); }
     [[nodiscard]] static bool isManager(WindowManager manager) {
         return testedManager() == manager;
     }
-    /// Whether the window manager says that it knows this.
+    /// Whether the window manager announces support for this.
     [[nodiscard]] bool supports(std::string_view atom);
 
-    /// A failure whose text stands in the table.
+    /// Records a failure with a text that appears in the table.
     static void check(bool holds, const std::string& otherwise,
                       std::source_location where = std::source_location::current());
-    /// The same, and the story ends there.
+    /// As above, and aborts the scenario.
     static void demand(bool holds, const std::string& otherwise);
 
-    /// Whether it comes true in the time that a person would wait.
+    /// Whether the condition becomes true within the time that a user would wait.
     template <class Condition>
     [[nodiscard]] static bool comes(const Condition& condition) {
         return eventually(condition, std::chrono::seconds{8});
     }
-    /// Whether it is true for as long as it takes to be sure.
+    /// Whether the condition stays true for long enough to be certain.
     template <class Condition>
     [[nodiscard]] static bool stays(const Condition& condition) {
         return !eventually([&] { return !condition(); }, std::chrono::milliseconds{700});
@@ -56,36 +56,35 @@ protected:
     [[nodiscard]] DockWindow dock(const DockPlace& place);
     [[nodiscard]] bool isInPlace(const DockPlace& place, const PixelRect& frame);
     [[nodiscard]] bool isInPlace(const DockPlace& place) { return isInPlace(place, place.frame); }
-    /// Both docks come to their places, and no other dock is there.
+    /// Checks that both docks reach their places and that there are no other docks.
     void checkDocks();
     [[nodiscard]] std::string docksShown();
-    /// The dock takes the pointer at this place, and its own colours are seen there.
+    /// Whether the dock receives the pointer at this position and shows its own colours there.
     [[nodiscard]] bool isOnTop(const DockPlace& place, PixelPoint tile, Colour colour);
     [[nodiscard]] bool takesPointer(const DockPlace& place, PixelPoint point);
 
-    /// Returns once the dock shows that the app behind a tile runs.
+    /// Waits until the dock shows that a tile's app is running.
     void waitForDot(const DockPlace& place, PixelPoint tile);
 
-    /// Starts an app as from a terminal and returns its window, which is on that monitor and
-    /// active.
+    /// Starts an app as from a terminal and returns its window, which is active and on that
+    /// monitor.
     xcb_window_t open(const App& app, const PixelRect& monitor,
                       std::vector<std::string> arguments = {});
-    /// One that covers all of the monitor that the window manager lets it.
+    /// Opens a window that covers as much of the monitor as the window manager allows.
     xcb_window_t openLarge(const App& app, const PixelRect& monitor,
                            std::vector<std::string> arguments = {});
-    /// Windows of the app that are on the screen, by their titles: without a window manager there
-    /// is no list of windows.
+    /// The app's visible windows, found by title, because without a window manager there is no
+    /// client list.
     [[nodiscard]] std::vector<xcb_window_t> shownWindows(const App& app);
     [[nodiscard]] bool isShown(const App& app) { return !shownWindows(app).empty(); }
     void ask(xcb_window_t window, const std::string& state, bool on);
     [[nodiscard]] bool has(xcb_window_t window, const std::string& state);
-    /// The window with its decoration.
+    /// The window's frame including its decoration.
     [[nodiscard]] PixelRect outer(xcb_window_t window);
-    /// Goes to another desktop than the window's on the monitor where it is; false if there is
-    /// none.
+    /// Switches the monitor with the window to another desktop; returns false if there is none.
     [[nodiscard]] bool leaveDesktopOf(const App& app);
 
-    /// Clicks and waits until the program says in its log what it did.
+    /// Clicks and waits until the program logs this message.
     void clickTile(PixelPoint tile, const std::string& message);
 
     const PixelRect primary{0, 0, 1280, 800};

@@ -1,9 +1,9 @@
-/// Runs the stories under one window manager, or makes a table of what came of them.
+/// Runs the scenarios under one window manager, or makes a table of the results.
 ///
 ///   DesktopManagers --results <file> [options of the tests' framework]
 ///   DesktopManagers --table <folder> <manager>...
 ///
-/// The manager is the one that VIRELINE_TESTED_MANAGER names, or "none".
+/// The manager is the one named in VIRELINE_TESTED_MANAGER, or "none".
 #include "Results.hpp"
 
 #include <cstdlib>
@@ -24,7 +24,7 @@ int main(int count, char** words) {
         std::cerr << "usage: DesktopManagers --results <file> | --table <folder> <manager>...\n";
         return EXIT_FAILURE;
     }
-    // The framework owns it from here on.
+    // GoogleTest takes ownership.
     testing::UnitTest::GetInstance()->listeners().Append(
         std::make_unique<ResultsFile>(arguments[1]).release());
     return RUN_ALL_TESTS();

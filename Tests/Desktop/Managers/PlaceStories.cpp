@@ -1,5 +1,5 @@
-/// Where docks are, under every window manager: on which monitors, above and below what, and
-/// through the changes that go on around them.
+/// The position of docks under every window manager: their monitors, their stacking, and their
+/// behaviour when things change around them.
 #include "ManagerStory.hpp"
 
 namespace vireline::desktop {
@@ -70,7 +70,7 @@ TEST_F(Kinship, IsInNoListAndOnEveryDesktop) {
     if (!hasManager())
         GTEST_SKIP() << "it keeps no list of windows";
     run();
-    // A state that the window manager does not know it may drop.
+    // A window manager may drop states that it does not support.
     for (const std::string state : {"SKIP_TASKBAR", "SKIP_PAGER"}) {
         if (!supports("_NET_WM_STATE_" + state))
             continue;
@@ -86,7 +86,7 @@ TEST_F(Kinship, IsInNoListAndOnEveryDesktop) {
     checkDocks();
 }
 
-/// A drag with a key that moves windows, from a place of the strip that holds no tile.
+/// Drags with a key that moves windows, starting on a part of the strip without tiles.
 class Drags : public ManagerStory, public testing::WithParamInterface<xcb_keysym_t> {};
 
 TEST_P(Drags, LeaveTheDockWhereItIs) {
@@ -113,7 +113,7 @@ INSTANTIATE_TEST_SUITE_P(With, Drags, testing::Values(Keyboard::alt, Keyboard::s
 
 class FullScreen : public ManagerStory {
 protected:
-    /// Whether the window is all there is to see and to click where the dock was.
+    /// Whether the window alone is visible and clickable where the dock was.
     [[nodiscard]] bool covers(xcb_window_t window, Colour colour) {
         return !takesPointer(middle, middle.alpha) &&
                isSame(desktop().pixel(middle.alpha), colour) &&

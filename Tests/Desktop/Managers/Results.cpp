@@ -13,7 +13,7 @@
 namespace vireline::desktop {
 namespace {
 
-/// A column of the table, and the suite of the stories in it.
+/// A column of the table, and the test suite that it summarises.
 struct Column {
     std::string_view suite;
     std::string_view title;
@@ -36,7 +36,7 @@ constexpr std::array columns{
     Column{"AutoHide", "auto-hide"},
 };
 
-/// One line of a manager's file.
+/// One line in a manager's result file.
 struct Story {
     std::string suite;
     std::string name;
@@ -45,7 +45,7 @@ struct Story {
     std::string reason;
 };
 
-/// The sentence in what the framework says around it.
+/// Extracts the message from GoogleTest's text around it.
 std::string plainReason(std::string_view text) {
     constexpr std::string_view thrown = "with description \"";
     if (const auto start = text.find(thrown); start != std::string_view::npos) {
@@ -59,7 +59,7 @@ std::string plainReason(std::string_view text) {
     return std::string{text.substr(0, text.find('\n'))};
 }
 
-/// Without what a parameter adds to it.
+/// The suite's name without the additions for parameters.
 std::string baseSuite(std::string_view suite) {
     const auto slash = suite.find('/');
     return std::string{slash == std::string_view::npos ? suite : suite.substr(slash + 1)};
@@ -80,7 +80,7 @@ std::vector<Story> readStories(const std::filesystem::path& file) {
     return stories;
 }
 
-/// Numbers reasons from 1, the same reason once.
+/// Numbers reasons from 1; equal reasons share a number.
 class Notes {
 public:
     std::size_t numberOf(const std::string& reason) {
@@ -96,7 +96,7 @@ private:
     std::vector<std::string> reasons_;
 };
 
-/// What one column says of one manager's stories.
+/// A manager's cell in one column.
 std::string cell(const std::vector<Story>& all, std::string_view suite, Notes& notes) {
     std::vector<Story> stories;
     std::ranges::copy_if(all, std::back_inserter(stories),

@@ -1,5 +1,5 @@
-/// What came of the stories under each window manager, kept as a text file for each, and the table
-/// that is made of them.
+/// The results of the scenarios under each window manager, kept in one text file per manager, and
+/// the table made from them.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -11,10 +11,10 @@
 
 namespace vireline::desktop {
 
-/// Notes each story as it ends, so that a run that is cut short leaves what it had.
+/// Records each scenario as it ends, so that an interrupted run keeps its earlier results.
 class ResultsFile : public testing::EmptyTestEventListener {
 public:
-    /// Begins the file with nothing in it.
+    /// Truncates the file.
     explicit ResultsFile(std::filesystem::path file);
 
     void OnTestStart(const testing::TestInfo& test) override;
@@ -23,12 +23,13 @@ public:
 
 private:
     std::filesystem::path file_;
-    /// The first thing that was said of the story that runs, if it failed or was left out.
+    /// The first message about the current scenario, if it failed or was skipped.
     std::string reason_;
 };
 
-/// Writes the table of these managers in Markdown, with the reasons below it. `folder` has a file
-/// of each manager's results under its name, and maybe its version under the name with ".version".
+/// Writes the table of these managers in Markdown, followed by the reasons. `folder` contains each
+/// manager's results in a file with its name, and optionally its version in a file with ".version"
+/// appended.
 void writeTable(std::ostream& out, const std::filesystem::path& folder,
                 std::span<const std::string> managers);
 

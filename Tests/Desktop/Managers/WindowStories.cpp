@@ -1,4 +1,4 @@
-/// What docks do with other programs' windows, under every window manager that lets them.
+/// The docks' control of other programs' windows, under every window manager that allows it.
 #include "ManagerStory.hpp"
 
 #include <cstdlib>
@@ -8,7 +8,7 @@ namespace {
 
 class WindowFeatures : public ManagerStory {
 protected:
-    /// Whether this manager moves a window that asks for it: then it can for the dock, too.
+    /// Whether this manager moves a window on request; then the dock can do that as well.
     [[nodiscard]] bool movesWindows() {
         const auto window = open(beta, middle.monitor);
         constexpr std::uint32_t toPosition = 10U | 1U << 8U | 1U << 9U | 2U << 12U;
@@ -17,13 +17,13 @@ protected:
                                        static_cast<std::uint32_t>(side.monitor.y + 100), 0, 0});
         return comes([&] { return side.monitor.contains(outer(window).center()); });
     }
-    /// The only reason for which a story is left out.
+    /// The only reason for skipping a scenario.
     [[nodiscard]] bool cannotMove() { return !hasManager() || !movesWindows(); }
 
     void checkInMiddleOfSide(const App& app) {
         demand(comes([&] { return isShown(app); }), "the app's window does not open");
         const auto isThere = [&] {
-            // The monitor's middle, in half pixels.
+            // Doubled coordinates of the centre, in order to avoid fractions.
             const auto frame = outer(shownWindows(app).front());
             return std::abs(2 * frame.x + frame.width - 2 * 3392) <= 1 &&
                    std::abs(2 * frame.y + frame.height - 2 * 384) <= 1;
@@ -61,7 +61,7 @@ TEST_F(WindowFeatures, Fill) {
     waitForDot(side, side.alpha);
     clickTile(side.alpha, "click ");
     clickTile(side.alpha, "double-click fill " + alpha.id);
-    // The monitor without the dock's 84 pixels and 8 more.
+    // The monitor without 84 pixels for the dock and another 8.
     const PixelRect free{2880, 0, 1024, 676};
     check(comes([&] { return outer(window) == free; }), "the window does not fill the free area");
 }

@@ -45,7 +45,7 @@ TEST_F(AppDelegateTest, ShowsEverySettingOfTheFileFromTheStart) {
     store(settings);
     start();
 
-    // Three tiles of 32 points; icons that grow by half make room of 16 points.
+    // Three tiles of 32 points; icons that grow by half need 16 points more.
     EXPECT_EQ(dock().frame.width, 4);
     EXPECT_EQ(dock().frame.maxX(), 3840);
     dock().listener().mouseEntered();
@@ -287,7 +287,7 @@ TEST_F(AppDelegateTest, TheDisplaysAreFollowed) {
 TEST_F(AppDelegateTest, AFirstLaunchTakesTheDefaultsAndShowsTheTour) {
     start();
 
-    // A strip of four icons of 44 points, and no zones in force.
+    // A strip of four icons of 44 points, without guard zones.
     EXPECT_EQ(icons()[0].frame.width, 44);
     EXPECT_EQ(dock().frame.height, 84);
     EXPECT_FALSE(platform.pointerTaps.isTapped());
@@ -340,7 +340,7 @@ TEST_F(AppDelegateTest, SwitchingMagnificationOnBringsTheStoredFactorIntoForce) 
 
     set(SettingsField::magnificationEnabled, true);
 
-    // Icons that grow to twice their size make room of their height.
+    // Icons that grow to twice their size need their height once more.
     EXPECT_EQ(dock().frame.height, 84 + 44);
 }
 
@@ -354,7 +354,7 @@ TEST_F(AppDelegateTest, AChangeOfPositionAloneDeliversThePinnedListAndReconciles
 
     EXPECT_EQ(dock().frame.x, 1924);
     EXPECT_EQ(log.count("rebuilt panel #2 for position change"), 1);
-    // The running app that nobody announced is noticed with the new pinned list.
+    // A running app that was never announced is noticed along with the new pinned list.
     EXPECT_EQ(icons().size(), 5U);
     EXPECT_GE(reconciles(), 1);
 }
@@ -365,7 +365,7 @@ TEST_F(AppDelegateTest, EverySettingTakesEffectAtOnce) {
     set(SettingsField::iconSize, 60.0);
     EXPECT_EQ(icons()[0].frame.width, 60);
     set(SettingsField::autoHide, true);
-    // It reaches to the edge now, and collapses soon.
+    // Now the dock extends to the edge, and will collapse soon.
     EXPECT_EQ(dock().frame.height, 88);
     platform.runLoop.advance(0.2);
     EXPECT_EQ(dock().frame.height, 4);

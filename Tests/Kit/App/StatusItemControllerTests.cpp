@@ -13,7 +13,7 @@ using LoginStatus = LoginItemService::Status;
 
 class StatusItemControllerTest : public testing::Test {
 protected:
-    /// The state of "Launch at Login" in the menu as it opens now.
+    /// The state of "Launch at Login" when the menu is opened now.
     [[nodiscard]] bool isChecked() {
         const auto& entry = std::get<MenuCommand>(statusBar.openMenu().entries.at(2));
         return entry.isChecked.value();
@@ -70,7 +70,7 @@ TEST_F(StatusItemControllerTest, QuitsAndSaysSo) {
 }
 
 // Behaviour: status-item-1
-TEST_F(StatusItemControllerTest, ReadsTheLoginItemAfreshAtEachOpening) {
+TEST_F(StatusItemControllerTest, ReadsTheLoginItemAtEachOpening) {
     EXPECT_FALSE(isChecked());
     service.current = LoginStatus::enabled;
     EXPECT_TRUE(isChecked());
@@ -88,7 +88,7 @@ TEST_F(StatusItemControllerTest, OpensTheSettingsAndQuitsByKeyWhileTheMenuIsOpen
     EXPECT_EQ(application.terminations, 1);
 }
 
-TEST_F(StatusItemControllerTest, PassesOverAMenuWithoutTheLoginItem) {
+TEST_F(StatusItemControllerTest, IgnoresAMenuWithoutTheLoginItem) {
     Menu other{{MenuCommand{"Something else", 0, true}, MenuSeparator{}}};
     const Menu before = other;
 
@@ -97,7 +97,7 @@ TEST_F(StatusItemControllerTest, PassesOverAMenuWithoutTheLoginItem) {
     EXPECT_EQ(other, before);
 }
 
-TEST_F(StatusItemControllerTest, IgnoresChoicesThatAreNoCommand) {
+TEST_F(StatusItemControllerTest, IgnoresChoicesThatAreNotCommands) {
     for (const std::size_t index : {std::size_t{3}, std::size_t{5}, std::size_t{1000}})
         statusBar.item->listener->menuItemChosen(index);
 

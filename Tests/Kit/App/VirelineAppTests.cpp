@@ -21,11 +21,11 @@ TEST(VirelineApp, TheLogLiesInTheProgramsFolderOfTheFirstSupportFolder) {
 }
 
 // Behaviour: entry-2
-TEST(VirelineApp, GoesOnInAFolderThatExistsAndLeavesWhatIsInIt) {
+TEST(VirelineApp, UsesAFolderThatExistsAndKeepsItsContent) {
     test::FakePlatform platform;
     platform.userFolders.applicationSupportFolders = {FileURL::fromPath("/data")};
     platform.fileSystem.put(FileURL::fromPath("/data/Vireline/notes"), "kept");
-    // What a folder answers that cannot be made as it is there already, or at all.
+    // The same error for a folder that already exists and one that cannot be created.
     platform.fileSystem.folderFailure = PlatformError{17, "File exists"};
 
     const FileURL logFile = VirelineApp::prepareLogFile(platform.userFolders, platform.fileSystem);

@@ -54,7 +54,7 @@ TEST_F(DockAnchorGuardTest, LetsThePointerGoToADisplayBelowThatComes) {
     EXPECT_EQ(taps.move({2000, 1500}), (Point{2000, 1500}));
 }
 
-// What a tap asks it may ask on another thread, and for the last time while the guard ends.
+// The tap may call its rule on another thread, and once more while the guard is being destroyed.
 TEST_F(DockAnchorGuardTest, GivesTheTapARuleThatNeedsNothingOfIt) {
     guard->enable();
     const PointerRule rule = taps.rule();

@@ -74,8 +74,8 @@ TEST(GuardMath, NeverLeavesAPointerInsideABand) {
     }
 }
 
-/// Two displays of 1000 points, the second below the right half of the first, and a third one at
-/// the right of both that ends in between.
+/// Two displays 1000 points high, the second below the right half of the first, and a third to the
+/// right of both whose bottom edge lies in between.
 struct StackedDisplays : testing::Test {
     const std::vector<Rect> displays{
         {0, 0, 1000, 1000}, {500, 1000, 1000, 1000}, {1500, 0, 800, 1500}};

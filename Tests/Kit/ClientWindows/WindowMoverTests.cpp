@@ -12,7 +12,7 @@ using Lines = std::vector<std::string>;
 
 constexpr std::int32_t process = 100;
 
-/// An app whose windows a test adds, and two displays: 1 and, at its right, 2.
+/// An app whose windows a test adds, and two displays: 1 and, to its right, 2.
 struct WindowMoverTest : testing::Test {
     WindowMoverTest() {
         platform.screens.list = {test::screenAt(1, {0, 0, 1920, 1080}),
@@ -149,7 +149,7 @@ TEST_F(WindowMoverTest, WithoutAMainWindowTakesTheFirstOfAll) {
     EXPECT_EQ(second.frame.x, 100);
 }
 
-TEST_F(WindowMoverTest, PassesOverValuesThatAreNoElements) {
+TEST_F(WindowMoverTest, IgnoresValuesThatAreNotElements) {
     const auto& first = ax.addWindow(running, {100, 100, 400, 300});
     ax.notElements = {"AXMainWindow", "AXWindows"};
 
@@ -249,7 +249,7 @@ TEST_F(WindowMoverTest, TheTimerEndsATickAfterTheLastPlacement) {
 }
 
 // Behaviour: window-mover-5
-TEST_F(WindowMoverTest, ArmingTwiceKeepsTheLaterPlacementAndCountsAnew) {
+TEST_F(WindowMoverTest, ArmingTwiceKeepsTheLaterPlacementAndRestartsTheCount) {
     expectCentered(1);
     platform.runLoop.advance(4);
     EXPECT_EQ(mover.pending().at(app.bundleID).attempts, 11);

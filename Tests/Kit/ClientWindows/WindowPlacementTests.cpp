@@ -17,7 +17,7 @@ ScreenSnapshot primary() {
     return screen;
 }
 
-/// Left of the primary and lower.
+/// A display to the left of the primary and lower.
 ScreenSnapshot lowerLeft() {
     return test::sampleScreen(2, {-1280, -200, 1280, 1024});
 }
@@ -79,7 +79,7 @@ TEST(WindowPlacement, CentresAWindowOnTheWholeDisplay) {
 TEST(WindowPlacement, FindsNoDisplayForAWindowWhoseCentreIsBesideAll) {
     const Screens screens{primary(), lowerLeft()};
 
-    // Of this one 99 points still show.
+    // 99 points of this one are still visible.
     EXPECT_EQ(WindowPlacement::displayContaining({1821, 100}, {200, 100}, screens), std::nullopt);
     EXPECT_EQ(WindowPlacement::displayContaining({1819, 100}, {200, 100}, screens), 1U);
 }

@@ -20,7 +20,7 @@ protected:
         attach(2);
     }
 
-    /// The primary with the desktop's own dock as display 1, the others to its left.
+    /// Display 1 is the primary with the desktop's own dock; the others are to its left.
     void attach(int displays) {
         auto& list = dock.platform.screens.list;
         list = {test::screenWithDock(1, {0, 0, 1920, 1080})};
@@ -31,7 +31,7 @@ protected:
     }
 
     [[nodiscard]] test::FakePanelWindows& windows() { return dock.platform.panelWindows; }
-    /// Of the dock on display 2, all animations done.
+    /// The icon size of the dock on display 2 after all animations have finished.
     [[nodiscard]] double shownIconSize() {
         windows().panel(2).nextFrame();
         advance(1);
@@ -139,7 +139,8 @@ TEST_F(DisplayCoordinatorTest, ATileMoreMovesEveryPanel) {
 
 // Behaviour: display-coordinator-5
 TEST_F(DisplayCoordinatorTest, AChangeOfAvailableWidthAloneReframesNothingYetReachesThePanels) {
-    // Icons of the smallest size: a wider display changes what they may use, not the frame.
+    // With icons of the smallest size, a wider display changes the available width but not the
+    // frame.
     dock.setTiles(100, 0);
     coordinator.start();
     const Rect before = windows().panel(2).frame;
@@ -155,7 +156,7 @@ TEST_F(DisplayCoordinatorTest, AChangeOfAvailableWidthAloneReframesNothingYetRea
               (std::vector<std::string>{
                   "reconcile screens=[1, 2] desired=[2] create=0 destroy=0 reframe=0"}));
     EXPECT_EQ(windows().panel(2).frame, before);
-    // Of fewer tiles each may be as large as the wider display allows: 27 points instead of 25.
+    // With fewer tiles, the wider display allows larger icons: 27 points instead of 25.
     dock.setTiles(38, 0);
     EXPECT_EQ(shownIconSize(), 27);
 }

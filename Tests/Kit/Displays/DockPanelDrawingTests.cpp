@@ -1,4 +1,4 @@
-/// What a dock's window shows over time: a whole panel with its view and its animator.
+/// What a dock's window shows over time: a complete panel with its view and its animator.
 #include "Displays/DockPanel.hpp"
 #include "Kit/Displays/DockPanelSpecs.hpp"
 #include "Support/DockFixture.hpp"
@@ -27,7 +27,7 @@ protected:
 
     [[nodiscard]] test::FakePanel& window() const { return dock.platform.panelWindows.panel(7); }
 
-    /// How far the first icon is away from its place once this much more time has passed.
+    /// The first icon's distance from its place after this much more time.
     [[nodiscard]] double bounceAfter(double seconds) {
         dock.platform.runLoop.advance(seconds);
         window().nextFrame();
@@ -89,7 +89,7 @@ TEST_F(DockPanelDrawingTest, ATileThatSettlesShrinksAndSlidesForTheSameTime) {
     const auto icon = [&](double seconds) {
         dock.platform.runLoop.advance(seconds);
         window().nextFrame();
-        // The one in the hand is painted last.
+        // The dragged tile is painted last.
         for (const SceneNode& node : std::views::reverse(window().scene->nodes))
             if (node.id.part == NodeID::Part::icon && node.scale > 1)
                 return node;

@@ -1,4 +1,4 @@
-/// A dock at each edge of a display.
+/// The planned dock at each edge of a display.
 #pragma once
 
 #include "Layout/PanelPlanner.hpp"

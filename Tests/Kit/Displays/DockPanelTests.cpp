@@ -25,7 +25,7 @@ protected:
     }
 
     [[nodiscard]] FakePanel& window() const { return dock.platform.panelWindows.panel(7); }
-    /// What the display shows once all animations are done; no virtual time passes.
+    /// The scene after all animations have finished; does not advance the virtual clock.
     [[nodiscard]] const Scene& scene() const {
         window().nextFrame();
         return *window().scene;
@@ -109,7 +109,7 @@ TEST_F(DockPanelTest, CollapsesWithAnAnimationAfterThePointerStayedAway) {
     EXPECT_TRUE(window().frameChanges.back().animate);
 }
 
-TEST_F(DockPanelTest, LeavingAgainStartsTheWaitAnew) {
+TEST_F(DockPanelTest, LeavingAgainRestartsTheWait) {
     DockPanel& panel = show(bottomSpec, true);
     window().listener().mouseEntered();
     window().listener().mouseExited();
@@ -336,7 +336,7 @@ TEST_F(DockPanelTest, ADesktopThatAsksForLessMotionGetsNone) {
 
 class DockInMotion : public DockPanelTest {
 protected:
-    /// Where everything but the label is on the display, y downwards, and how much of it shows.
+    /// A node's corner on the display, y downwards, and its opacity.
     struct Place {
         Point corner;
         double opacity = 0;
@@ -356,7 +356,7 @@ protected:
         return found;
     }
 
-    /// How far anything has jumped that shows in both; what does not show may be anywhere.
+    /// The largest movement of any node that is visible in both; invisible ones may be anywhere.
     static double jump(const Places& before, const Places& after) {
         constexpr double visible = 0.02;
         double most = 0;
@@ -372,8 +372,8 @@ protected:
         return most;
     }
 
-    /// Shows frames for a while and tells the greatest jump from one to the next, `before` being
-    /// what was seen last.
+    /// Plays frames for a while and returns the largest movement from one to the next, starting
+    /// from `before`.
     double greatestJump(Places before, double seconds) {
         constexpr double step = 1.0 / 60;
         double most = 0;
@@ -388,7 +388,7 @@ protected:
     }
 };
 
-/// What a movement over a dock's thickness, or a tile's width, comes to in one frame at most.
+/// The largest movement per frame of a transition over a dock's thickness or a tile's width.
 constexpr double fastest = 25;
 
 TEST_F(DockInMotion, SlidesOutToTheEdgeAndBack) {
@@ -435,7 +435,7 @@ TEST_F(DockInMotion, KeepsItsTilesInTheirPlacesWhileItGrowsAroundThem) {
         const bool isBottom = spec.position == DockPosition::bottom;
         const Places before = places();
 
-        // One more tile makes the planned frame longer on both sides.
+        // An additional tile lengthens the planned frame on both sides.
         dock.setTiles(4, 0);
         PanelSpec longer = spec;
         (isBottom ? longer.frame.x : longer.frame.y) -= 25;

@@ -1,5 +1,5 @@
-/// Docks that have to go, or to change, while an event of their own window is being dealt with, and
-/// rounds of the coordinator that are asked for from within a round.
+/// Docks that are removed or changed while one of their own window's events is being handled, and
+/// reconciliations that are requested from within one.
 #include "Support/AppDelegateTest.hpp"
 
 #include <functional>
@@ -16,7 +16,7 @@ class PanelLifetimeTest : public test::AppDelegateTest {
 protected:
     PanelLifetimeTest() { start(); }
 
-    /// Nothing says so before the notifications of half a second have passed.
+    /// Nothing is announced before half a second has passed.
     void unplugTheDocksDisplay() {
         platform.screens.list.pop_back();
         platform.screens.announceChange();
@@ -45,7 +45,7 @@ protected:
         return ids;
     }
 
-    /// The dock of display 2 left at once, and the loop's next turn ends what is left of it.
+    /// The dock on display 2 is hidden at once and destroyed in the loop's next turn.
     void expectThePanelIsGone() {
         EXPECT_EQ(platform.panelWindows.find(2), nullptr);
         platform.runLoop.advance(0);

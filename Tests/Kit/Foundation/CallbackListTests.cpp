@@ -42,7 +42,7 @@ TEST(CallbackList, LetsAListenerEndItself) {
     Subscription own;
     own = list.add([&, text = std::string(100, 'x')] {
         own.reset();
-        // What the listener captured must still be there.
+        // The listener's captures must still be alive.
         calls += static_cast<int>(text.size());
     });
 
@@ -52,7 +52,7 @@ TEST(CallbackList, LetsAListenerEndItself) {
     EXPECT_EQ(calls, 100);
 }
 
-TEST(CallbackList, SparesAListenerThatAnEarlierOneEnds) {
+TEST(CallbackList, DoesNotCallAListenerThatAnEarlierOneEnded) {
     CallbackList<> list;
     bool isCalled = false;
     Subscription later;
@@ -81,7 +81,7 @@ TEST(CallbackList, CallsAListenerAddedDuringACallFromTheNextTimeOn) {
     int calls = 0;
     std::vector<Subscription> added;
     const Subscription adding = list.add([&] {
-        // Enough of them to move the list's storage.
+        // Enough to reallocate the list's storage.
         while (added.size() < 100)
             added.push_back(list.add([&] { ++calls; }));
     });

@@ -104,7 +104,7 @@ TEST(DevLog, AppendsToALogThatIsThereAlready) {
     EXPECT_EQ(contentOf(log.file()), "from the last run\n" + printed);
 }
 
-TEST(DevLog, StartsAnewWhenTheFileWasDeleted) {
+TEST(DevLog, CreatesTheFileAgainWhenItWasDeleted) {
     const LoggedLines log;
     DevLog::write("lost");
     fs::remove(log.file());

@@ -18,7 +18,7 @@ TEST(FileURL, DecodesAndEncodesPercentEscapes) {
     EXPECT_EQ(url->absoluteString(), "file:///a%20b/%C3%A9");
 }
 
-TEST(FileURL, RefusesWhatIsNoFileURL) {
+TEST(FileURL, RejectsWhatIsNotAFileURL) {
     for (const char* text :
          {"", "file:", "file://", "file://host/a", "http://example.org/a", "/a", "file:a",
           "file:///a%2", "file:///a%zz", "file:///a%00", "file:///a b", "filex:///a"}) {

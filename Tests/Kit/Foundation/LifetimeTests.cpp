@@ -9,7 +9,7 @@
 namespace vireline {
 namespace {
 
-/// Listens to others with callbacks that they store.
+/// Subscribes to others with callbacks that outlive it.
 class Owner {
 public:
     explicit Owner(int& calls) : calls_(calls) {}
@@ -67,12 +67,12 @@ TEST(Lifetime, PassesArgumentsOnAsTheyCame) {
     EXPECT_EQ(*kept, 3);
 }
 
-TEST(Lifetime, SparesAnOwnerThatAnEarlierListenerEnded) {
+TEST(Lifetime, DoesNotCallAnOwnerThatAnEarlierListenerEnded) {
     int calls = 0;
     CallbackList<> list;
     auto owner = std::make_unique<Owner>(calls);
     const Subscription ending = list.add([&] { owner.reset(); });
-    // Held outside of the owner, as by an object that does not know it.
+    // Not owned by the owner, so it outlives it.
     const Subscription later = list.add(owner->counting());
 
     list.notify();

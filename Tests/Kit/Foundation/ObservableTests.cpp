@@ -30,7 +30,7 @@ TEST(Observable, HasTheNewValueInPlaceWhenItAnnounces) {
     EXPECT_EQ(seen, 5);
 }
 
-TEST(Observable, BeginsWithAnEmptyValueAndTellsNobodyOfIt) {
+TEST(Observable, StartsWithAnEmptyValueWithoutNotifying) {
     Observable<int> number;
     int changes = 0;
     const Subscription observation = number.observe([&] { ++changes; });

@@ -129,7 +129,7 @@ TEST_F(AppActivatorTest, LogsARemovalAsAnErrorOfTheWiringAndDoesNothing) {
     EXPECT_EQ(platform.running.terminated, Instances{});
 }
 
-/// The same with a window mover, and the displays 1 and, at its right, 7.
+/// As above, with a window mover and two displays: 1 and, to its right, 7.
 struct WindowFeatures : AppActivatorTest {
     WindowFeatures() {
         platform.screens.list = {test::screenAt(1, {0, 0, 1920, 1080}),
@@ -138,7 +138,7 @@ struct WindowFeatures : AppActivatorTest {
         activator.settings = [this] { return settings; };
     }
 
-    /// Starts the app with one window whose corner is there.
+    /// Starts the app with one window whose corner is at this position.
     test::FakeWindow& runAt(double x, double y) {
         platform.running.apps = {FakePlatform::instanceOf(app, process)};
         return platform.accessibility.addWindow(platform.running.apps.front(), {x, y, 400, 300});

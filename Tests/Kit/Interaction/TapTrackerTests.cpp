@@ -24,7 +24,7 @@ TEST(TapTracker, CountsTapsCloserThanTheThresholdAsADoubleClick) {
 }
 
 // Behaviour: click-policy-5
-TEST(TapTracker, BeginsAnewAfterADoubleClick) {
+TEST(TapTracker, StartsOverAfterADoubleClick) {
     TapTracker taps;
     EXPECT_EQ(taps.registerTap(1.0, 0.5), Resolution::single);
     EXPECT_EQ(taps.registerTap(1.1, 0.5), Resolution::doubled);
@@ -37,7 +37,7 @@ TEST(TapTracker, MeasuresFromATapWhoseClockWentBackwards) {
     TapTracker taps;
     EXPECT_EQ(taps.registerTap(10.0, 0.5), Resolution::single);
     EXPECT_EQ(taps.registerTap(9.9, 0.5), Resolution::single);
-    // Too late for the first of them.
+    // Too late to pair with the first of them.
     EXPECT_EQ(taps.registerTap(10.45, 0.5), Resolution::single);
 }
 
@@ -45,7 +45,7 @@ TEST(TapTracker, TakesATapSoonAfterOneWhoseClockWentBackwardsForADoubleClick) {
     TapTracker taps;
     EXPECT_EQ(taps.registerTap(10.0, 0.5), Resolution::single);
     EXPECT_EQ(taps.registerTap(9.9, 0.5), Resolution::single);
-    // Still earlier than the first.
+    // Even earlier than the first.
     EXPECT_EQ(taps.registerTap(9.95, 0.5), Resolution::doubled);
 }
 

@@ -119,7 +119,7 @@ TEST_F(TrashServiceTest, HasOnlySoManyMovesHangAtATime) {
     EXPECT_EQ(platform.trash.requests.size(), TrashService::maximumHanging + 1);
 }
 
-TEST_F(TrashServiceTest, WaitsForNothingAtRest) {
+TEST_F(TrashServiceTest, IsIdleAtRest) {
     service->trash({first, second});
 
     EXPECT_EQ(platform.runLoop.pendingTimers(), 0);
@@ -137,7 +137,7 @@ TEST_F(TrashServiceTest, StopsSafelyWhenItEndsDuringAMove) {
 }
 
 TEST_F(TrashServiceTest, TakesADropOfManyFilesWithoutDeepCalls) {
-    // Each level of calls would take some hundred bytes of the stack's eight million.
+    // Recursion would take some hundred bytes per level of an 8 MB stack.
     constexpr std::size_t count = 50'000;
     DevLog::setPath(std::nullopt);
     testing::internal::CaptureStdout();

@@ -44,7 +44,7 @@ TEST(DockLocationDetector, FindsADisplayInsetAtItsBottomOrRight) {
     EXPECT_EQ(dockHost(atRight), 2U);
 }
 
-TEST(DockLocationDetector, TakesNoMenuBarForADock) {
+TEST(DockLocationDetector, DoesNotMistakeAMenuBarForADock) {
     const std::vector screens{screenShowing(1, primary, {0, 0, 1920, 1055}),
                               screenShowing(2, aboveLeft, {-1280, 1150, 1280, 930})};
     EXPECT_EQ(dockHost(screens), 2U);

@@ -16,13 +16,13 @@ using Counts = DockOrdering::Counts;
 
 constexpr double icon = 44;
 
-/// A whole strip as a view lays it out.
+/// A complete strip, as a view lays it out.
 struct Strip {
     Counts counts;
     double iconSize = icon;
     double magnification = 2;
     double container = 0;
-    /// In the container.
+    /// In the container's coordinates.
     std::optional<double> cursor;
 
     std::vector<double> base = baseCenters(counts, iconSize);
@@ -130,7 +130,7 @@ TEST(DockMagnifier, PacksNothingForNoTiles) {
 }
 
 TEST(DockMagnifier, GrowsTilesInPlaceKeepingTheirGaps) {
-    // The second gap is a separator's.
+    // The second gap contains a separator.
     const std::vector<double> base{29, 79, 136};
     const std::vector<double> grown{1, 2, 1.5};
     const auto packed = packedCenters(base, grown, icon);
@@ -181,7 +181,7 @@ TEST(DockMagnifier, CoversAContainerThatTheGrownStripOverflows) {
     const auto shiftAt = [](double cursor) {
         return Strip{.counts = {6, 0, 0}, .container = 300, .cursor = cursor}.shift;
     };
-    // Held by the strip's far end, by the pointer, by the strip's near end.
+    // Held in place by the strip's far end, by the pointer, and by the strip's near end.
     EXPECT_NEAR(shiftAt(-100), -8, 1e-9);
     EXPECT_NEAR(shiftAt(0), -48.899187, 1e-6);
     EXPECT_NEAR(shiftAt(150), -59, 1e-9);

@@ -40,7 +40,7 @@ PanelSpec onlyPanel(const Rect& display, const Request& request) {
     return panels.front();
 }
 
-/// Displays anywhere around the primaryFrame one, negative origins among them.
+/// Displays at random positions around the primary one, including negative origins.
 std::vector<ScreenSnapshot> randomScreens(test::Random& random) {
     std::vector<ScreenSnapshot> screens{sampleHost(1, primaryFrame)};
     for (int id = 2, last = random.integer(2, 6); id <= last; ++id) {
@@ -125,7 +125,7 @@ TEST(PanelPlanner, CentresSidePanelsFourPointsInsideTheirEdge) {
 }
 
 TEST(PanelPlanner, MakesRoomForMagnification) {
-    // At factor 2 the five tiles around the pointer grow by two and a half icons between them.
+    // At factor 2 the five tiles around the pointer grow by two and a half icons in total.
     const PanelSpec bottom = onlyPanel(wide, fiveTiles(DockPosition::bottom, 2));
     EXPECT_NEAR(bottom.frame.width, 393 + 2.5 * 48, 1e-9);
     EXPECT_NEAR(bottom.frame.midX(), wide.midX(), 1e-9);
@@ -140,8 +140,8 @@ TEST(PanelPlanner, MakesRoomForMagnification) {
 TEST(PanelPlanner, ShrinksIconsUntilTheMagnifiedStripFits) {
     Request request = fiveTiles(DockPosition::bottom, 2);
     request.counts.pinned = 38;
-    // 40 tiles take 6 × 40 + 1 + 14 = 255 points besides their icons: 41 points a tile in 1900,
-    // 38 once two and a half tiles of 41 are kept free.
+    // Besides their icons, 40 tiles take 6 × 40 + 1 + 14 = 255 points. That leaves 41 points per
+    // tile in 1900, or 38 with room for two and a half tiles of 41.
     const PanelSpec panel = onlyPanel(wide, request);
     EXPECT_NEAR(panel.availableWidth, 1900 - 2.5 * 41, 1e-9);
     EXPECT_NEAR(panel.frame.width, 255 + 38 * 40 + 2.5 * 38, 1e-9);
@@ -313,7 +313,7 @@ TEST(PanelPlanner, KeepsRoomForTheLeastMagnification) {
     EXPECT_GT(magnified.availableWidth, room - 1);
 }
 
-/// The wide display, with a panel of another program at its bottom.
+/// A panel of another program at the bottom of the wide display.
 constexpr double otherPanel = 40;
 
 std::vector<ScreenSnapshot> withAPanelOnEach() {

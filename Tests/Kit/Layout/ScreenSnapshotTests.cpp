@@ -21,7 +21,7 @@ TEST(ScreenSnapshot, CopiesWhatThePlatformReports) {
 }
 
 // Behaviour: screens-1
-TEST(ScreenSnapshot, PassesOverAScreenWithoutADisplayID) {
+TEST(ScreenSnapshot, IgnoresAScreenWithoutADisplayID) {
     test::FakeScreens screens;
     screens.list.resize(3);
     screens.list[0].number = 9;

@@ -10,7 +10,7 @@
 namespace vireline {
 namespace {
 
-/// A dock just as long as its strip at rest.
+/// A dock exactly as long as its strip at rest.
 StripLayout::Request bottomDock(int pinned, int running) {
     StripLayout::Request request;
     request.counts.pinned = pinned;
@@ -190,7 +190,7 @@ TEST(StripLayout, TheOverhangIsWhatIsDrawnBeyondTheView) {
         double thickness;
         double overhang;
     };
-    // At the bottom the label lies farthest out, at the sides a dragged tile that bobs.
+    // At the bottom the label extends farthest, at the sides a dragged tile that bobs.
     for (const Case& tried :
          {Case{DockPosition::bottom, 32, 1, 84, 0}, Case{DockPosition::bottom, 44, 1, 84, 0},
           Case{DockPosition::bottom, 44, 2, 128, 0}, Case{DockPosition::bottom, 64, 1, 84, 20},
@@ -270,7 +270,7 @@ TEST(StripLayout, TheGlassAtRestIsInTheMiddleWhateverIsMagnified) {
     EXPECT_GT(frames.glass.width, length);
 }
 
-/// The tile that a point belongs to, if any.
+/// The tile at a point, if any.
 std::optional<std::size_t> tileAt(const StripFrames& frames, Point p) {
     for (std::size_t i = 0; i < frames.tiles.size(); ++i) {
         if (frames.tiles[i].hit.contains(p))
@@ -279,8 +279,8 @@ std::optional<std::size_t> tileAt(const StripFrames& frames, Point p) {
     return std::nullopt;
 }
 
-/// Whether every point of the view is in one quiet region, and in each of them all points belong to
-/// the same tile.
+/// Checks that every point of the view is in exactly one quiet region, and that all points of a
+/// region belong to the same tile.
 void expectQuietRegionsDivide(const StripLayout::Request& request) {
     const StripFrames frames = StripLayout::layout(request);
     const auto regions = StripLayout::quietRegions(frames, request.edge);

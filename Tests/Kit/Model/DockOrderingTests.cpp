@@ -30,7 +30,7 @@ bool lists(std::span<const AppRef> apps, const std::string& bundleID) {
     return std::ranges::any_of(apps, [&](const AppRef& app) { return app.bundleID == bundleID; });
 }
 
-/// Few identifiers, so that lists repeat some and share some.
+/// Uses few identifiers, so that lists contain duplicates and overlap.
 std::vector<AppRef> randomApps(test::Random& random) {
     std::vector<AppRef> apps;
     for (int i = random.integer(0, 12); i > 0; --i) {

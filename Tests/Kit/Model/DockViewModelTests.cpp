@@ -21,7 +21,7 @@ TEST(DockViewModel, BeginsWithoutTilesAtTheDefaultSizeUnmagnified) {
 }
 
 // Behaviour: dock-view-model-1
-TEST(DockViewModel, NotifiesNobodyOfEqualValues) {
+TEST(DockViewModel, DoesNotNotifyOfEqualValues) {
     DockViewModel model;
     model.items.set({item("A", true), item("B", false)});
     model.launching.set({"A"});

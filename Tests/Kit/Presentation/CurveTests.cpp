@@ -42,7 +42,7 @@ TEST(Curve, OthersEndWithTheirDuration) {
     EXPECT_FALSE(isMoving({0.2, Easing::easeOut}, 0.2));
 }
 
-/// Values found with 40 digits by halving the interval.
+/// Reference values computed to 40 digits by bisection.
 TEST(Curve, EasesAlongTheUsualBezierCurves) {
     struct Sample {
         double time;

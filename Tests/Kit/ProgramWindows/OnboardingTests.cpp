@@ -91,7 +91,7 @@ TEST(OnboardingView, SaysWhichFeaturesNeedAWindowManagerThatMovesWindows) {
         OnboardingPage unable = OnboardingView::page(2, {status, false}, {});
         EXPECT_EQ(unable.text, "The last three need a window manager that can move other programs' "
                                "windows, which the one that runs now cannot.");
-        // The anchor comes first, and works all the same.
+        // The anchor comes first, and does not depend on moving windows.
         EXPECT_TRUE(unable.rows.at(0).text.starts_with("Anchor"));
         unable.text = able.text;
         EXPECT_EQ(unable, able);
@@ -139,7 +139,7 @@ protected:
         act(OnboardingAction::advance);
         act(OnboardingAction::advance);
     }
-    /// The records that were saved so far.
+    /// All settings saved so far.
     [[nodiscard]] std::vector<Settings> saved() {
         std::vector<Settings> records;
         for (const std::string& text : platform.fileSystem.writes[store.fileURL().path()])

@@ -180,7 +180,7 @@ TEST(SettingsView, ShowsEveryStepOfTheMagnificationAsItsOwnPercentage) {
     Settings settings;
     settings.magnificationEnabled = true;
     for (int tenth = 12; tenth <= 20; ++tenth) {
-        // As a slider computes it, with the error that this has.
+        // Computed like a slider does, with the same rounding error.
         const double slid = 1.2 + (tenth - 12) * 0.1;
         const Settings moved = SettingsView::edited(settings, SettingsField::magnification, slid);
         EXPECT_EQ(moved.magnification, tenth / 10.0);

@@ -25,7 +25,7 @@ protected:
     void set(SettingsField field, const FormValue& value) {
         window().listener.formChanged(field, value);
     }
-    /// A change from elsewhere.
+    /// Makes a change from outside the window.
     template <class Change>
     void change(Change change) {
         Settings settings = store.settings();
@@ -195,7 +195,7 @@ TEST_F(SettingsWindowTest, LeadsToTheSystemsAccessibilitySettings) {
                                        "Privacy_Accessibility"});
 }
 
-TEST_F(SettingsWindowTest, ReadsTheLoginItemWheneverItIsShownAnew) {
+TEST_F(SettingsWindowTest, ReadsTheLoginItemWheneverItIsShownAgain) {
     platform.loginItem.current = LoginStatus::enabled;
     controller.show();
     EXPECT_TRUE(isOn(SettingsField::launchAtLogin));
@@ -237,7 +237,7 @@ TEST_F(SettingsWindowTest, LeavesALoginItemAloneThatIsAlreadyAsTheUserSetsIt) {
     EXPECT_EQ(platform.loginItem.unregistrations, 0);
 }
 
-TEST_F(SettingsWindowTest, KeepsTheLoginSwitchAsTheUserSetItUntilItIsShownAnew) {
+TEST_F(SettingsWindowTest, KeepsTheLoginSwitchAsTheUserSetItUntilItIsShownAgain) {
     platform.loginItem.failure = PlatformError{13, "Permission denied"};
     controller.show();
 

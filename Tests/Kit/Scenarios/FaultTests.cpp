@@ -1,5 +1,6 @@
-/// Every fallible call of every port fails once, in each of these courses of a user's day: the
-/// program goes on, loses no setting, says what failed, and is as good as new once nothing fails.
+/// Makes every fallible call of every port fail once, in each of these user scenarios, and checks
+/// that the program keeps running, loses no setting, logs the failure, and recovers fully
+/// afterwards.
 #include "Support/DockFixture.hpp"
 #include "Support/FaultWorld.hpp"
 
@@ -22,7 +23,7 @@ Settings afterTheTour() {
     return settings;
 }
 
-/// With all that moves other programs' windows.
+/// Enables everything that moves other programs' windows.
 Settings withWindowFeatures() {
     Settings settings = afterTheTour();
     settings.openOnThisDisplay = true;
@@ -104,7 +105,7 @@ void launchingAndSummoning(FaultWorld& world) {
     world.platform.fake.running.quit(world.mail.bundleID);
 }
 
-/// Of an app that names no window as its main one.
+/// Summons an app that does not tell which of its windows is the main one.
 void summoningAnyWindow(FaultWorld& world) {
     world.store(withWindowFeatures());
     world.platform.fake.accessibility.notElements = {"AXMainWindow"};
@@ -171,10 +172,10 @@ void changingDisplays(FaultWorld& world) {
     world.announceScreens();
 }
 
-/// As after a sleep: everything is announced at once, and the pointer's tap was switched off.
+/// As after sleep: everything is announced at once, and the pointer tap was disabled.
 void waking(FaultWorld& world) {
     world.store(withWindowFeatures());
-    // So that an hour passes without a look at the permission.
+    // So that an hour passes without polling for the permission.
     world.platform.fake.pointerTaps.needsPermission = false;
     world.start();
     world.pass(3600);
@@ -207,7 +208,7 @@ void switchingTheLoginItem(FaultWorld& world) {
     world.platform.fake.statusBar.choose("Settings…");
 }
 
-/// What the log holds after the failure of a call that the user may notice.
+/// The expected log lines for failed calls that the user may notice.
 const std::map<std::string, std::vector<std::string>, std::less<>>& loggedFailures() {
     static const std::map<std::string, std::vector<std::string>, std::less<>> lines{
         {"FileSystem::createFolder", {"preferences save failed: injected failure"}},
@@ -225,7 +226,8 @@ const std::map<std::string, std::vector<std::string>, std::less<>>& loggedFailur
     return lines;
 }
 
-/// The others, which are made up for by themselves or are an answer like any other.
+/// The other calls, with the reason why nothing is logged: a retry, or a result that also occurs
+/// normally.
 const std::map<std::string, std::string_view, std::less<>>& quietFailures() {
     static const std::map<std::string, std::string_view, std::less<>> reasons{
         {"FileSystem::read", "a first start finds no file either"},
@@ -246,35 +248,35 @@ const std::map<std::string, std::string_view, std::less<>>& quietFailures() {
     return reasons;
 }
 
-struct Course {
+struct Scenario {
     const char* name;
     void (*run)(FaultWorld& world);
-    /// What the user does in it depends on the tiles, and changes the list of apps.
+    /// The user's actions in it depend on the tiles, and change the list of apps.
     bool editsTheList = false;
 };
 
-constexpr std::array courses{
-    Course{"FirstStart", firstStart},
-    Course{"Mirroring", mirroring},
-    Course{"WithoutAnythingToMirror", withoutAnythingToMirror},
-    Course{"EditingTheManualList", editingTheManualList, true},
-    Course{"DraggingWhileMirroring", draggingWhileMirroring, true},
-    Course{"Dropping", dropping, true},
-    Course{"LaunchingAndSummoning", launchingAndSummoning},
-    Course{"SummoningAnyWindow", summoningAnyWindow},
-    Course{"WaitingForThePermission", waitingForThePermission},
-    Course{"ChangingEverySetting", changingEverySetting, true},
-    Course{"ChangingDisplays", changingDisplays},
-    Course{"Waking", waking},
-    Course{"QuittingAndStartingAgain", quittingAndStartingAgain, true},
-    Course{"SwitchingTheLoginItem", switchingTheLoginItem},
+constexpr std::array scenarios{
+    Scenario{"FirstStart", firstStart},
+    Scenario{"Mirroring", mirroring},
+    Scenario{"WithoutAnythingToMirror", withoutAnythingToMirror},
+    Scenario{"EditingTheManualList", editingTheManualList, true},
+    Scenario{"DraggingWhileMirroring", draggingWhileMirroring, true},
+    Scenario{"Dropping", dropping, true},
+    Scenario{"LaunchingAndSummoning", launchingAndSummoning},
+    Scenario{"SummoningAnyWindow", summoningAnyWindow},
+    Scenario{"WaitingForThePermission", waitingForThePermission},
+    Scenario{"ChangingEverySetting", changingEverySetting, true},
+    Scenario{"ChangingDisplays", changingDisplays},
+    Scenario{"Waking", waking},
+    Scenario{"QuittingAndStartingAgain", quittingAndStartingAgain, true},
+    Scenario{"SwitchingTheLoginItem", switchingTheLoginItem},
 };
 
-std::ostream& operator<<(std::ostream& out, const Course& course) {
-    return out << course.name;
+std::ostream& operator<<(std::ostream& out, const Scenario& scenario) {
+    return out << scenario.name;
 }
 
-/// A course with one call that failed, or none.
+/// The result of a scenario with one failed call, or without any.
 struct Trial {
     int calls = 0;
     std::set<std::string> callsMade;
@@ -282,13 +284,13 @@ struct Trial {
     std::vector<std::string> log;
     FaultWorld::Disk atTheEnd;
     std::optional<std::string> textAtQuit;
-    /// Once everything was looked at anew and one more setting had changed.
+    /// After everything has been refreshed and one more setting has changed.
     FaultWorld::Disk diskAfterwards;
-    FaultWorld::Sight afterwards;
-    FaultWorld::Sight afterARestart;
+    FaultWorld::Snapshot afterwards;
+    FaultWorld::Snapshot afterARestart;
 };
 
-void lookAtEverythingAnew(FaultWorld& world) {
+void refreshEverything(FaultWorld& world) {
     world.platform.fake.dockPreferences.announceChange();
     world.announceScreens();
     const auto visitor = test::FakePlatform::instanceOf(world.visitor);
@@ -300,14 +302,14 @@ void lookAtEverythingAnew(FaultWorld& world) {
     world.pass(1);
 }
 
-Trial tryOut(const Course& course, int doomedCall) {
+Trial tryOut(const Scenario& scenario, int failingCall) {
     Trial trial;
     testing::internal::CaptureStdout();
     {
         FaultWorld world;
         test::Faults& faults = world.platform.faults;
-        faults.failCall(doomedCall);
-        course.run(world);
+        faults.failCall(failingCall);
+        scenario.run(world);
         trial.calls = faults.calls();
         trial.callsMade.insert(faults.names().begin(), faults.names().end());
         trial.failed = faults.failed().value_or("nothing");
@@ -316,7 +318,7 @@ Trial tryOut(const Course& course, int doomedCall) {
         trial.textAtQuit = world.textAtQuit;
 
         faults.failCall(0);
-        lookAtEverythingAnew(world);
+        refreshEverything(world);
         trial.diskAfterwards = world.disk();
         trial.afterwards = world.look();
         world.quit();
@@ -327,7 +329,8 @@ Trial tryOut(const Course& course, int doomedCall) {
     return trial;
 }
 
-/// It holds the last save that succeeded, else what it held before the program started.
+/// The file must contain the last successful save, or else what it contained before the program
+/// started.
 void expectWhole(const FaultWorld::Disk& disk) {
     EXPECT_EQ(disk.text, disk.lastSave.value_or(disk.textBefore));
     EXPECT_EQ(disk.settings.has_value(), !disk.text.empty()) << disk.text;
@@ -337,58 +340,58 @@ void expectTheLogToSayWhatFailed(const Trial& trial) {
     if (quietFailures().contains(trial.failed))
         return;
     const auto expected = loggedFailures().find(trial.failed);
-    ASSERT_NE(expected, loggedFailures().end()) << "nobody said what the log holds then";
+    ASSERT_NE(expected, loggedFailures().end()) << "no expected log lines are listed for this call";
     EXPECT_TRUE(std::ranges::any_of(trial.log, [&](const std::string& line) {
         return std::ranges::any_of(expected->second,
                                    [&](const auto& end) { return line.ends_with(end); });
     })) << testing::PrintToString(trial.log);
 }
 
-/// Whether the course may rightly end otherwise than without the failure.
-bool mayEndOtherwise(const Course& course, const Trial& trial, const Trial& unharmed) {
-    // The defaults hold then, until a change of the user's replaces the file.
+/// Whether the failure may legitimately change the final state of the scenario.
+bool mayEndDifferently(const Scenario& scenario, const Trial& trial, const Trial& baseline) {
+    // The defaults are in force until the user's next change replaces the file.
     if (trial.failed == "FileSystem::read")
         return true;
-    // The program ended before another save could make up for the one that failed.
+    // The program quit before another save could make up for the failed one.
     const bool isSave =
         trial.failed == "FileSystem::createFolder" || trial.failed == "FileSystem::writeAtomically";
-    if (isSave && trial.textAtQuit != unharmed.textAtQuit)
+    if (isSave && trial.textAtQuit != baseline.textAtQuit)
         return true;
-    // A tile that is missing for a moment cannot be dragged, and does not get into the user's list.
+    // A tile that was temporarily missing cannot be dragged, and is not added to the user's list.
     constexpr std::array<std::string_view, 3> shapesTheTiles{
         "DockPreferences::persistentApps", "FileSystem::exists",
         "ApplicationCatalog::bundleIdentifier"};
-    return course.editsTheList && std::ranges::count(shapesTheTiles, trial.failed) > 0;
+    return scenario.editsTheList && std::ranges::count(shapesTheTiles, trial.failed) > 0;
 }
 
-class EveryCallFailsOnce : public testing::TestWithParam<Course> {};
+class EveryCallFailsOnce : public testing::TestWithParam<Scenario> {};
 
 TEST_P(EveryCallFailsOnce, AndTheProgramGoesOnLosesNothingAndSaysSo) {
-    const Course& course = GetParam();
-    const Trial unharmed = tryOut(course, 0);
+    const Scenario& scenario = GetParam();
+    const Trial baseline = tryOut(scenario, 0);
 
-    for (int call = 1; call <= unharmed.calls; ++call) {
-        const Trial trial = tryOut(course, call);
+    for (int call = 1; call <= baseline.calls; ++call) {
+        const Trial trial = tryOut(scenario, call);
 
         SCOPED_TRACE("call " + std::to_string(call) + ", " + trial.failed);
         expectTheLogToSayWhatFailed(trial);
         expectWhole(trial.atTheEnd);
         expectWhole(trial.diskAfterwards);
         EXPECT_EQ(trial.afterARestart, trial.afterwards);
-        if (!mayEndOtherwise(course, trial, unharmed)) {
-            EXPECT_EQ(trial.diskAfterwards.text, unharmed.diskAfterwards.text);
-            EXPECT_EQ(trial.afterwards, unharmed.afterwards);
+        if (!mayEndDifferently(scenario, trial, baseline)) {
+            EXPECT_EQ(trial.diskAfterwards.text, baseline.diskAfterwards.text);
+            EXPECT_EQ(trial.afterwards, baseline.afterwards);
         }
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Courses, EveryCallFailsOnce, testing::ValuesIn(courses),
+INSTANTIATE_TEST_SUITE_P(Scenarios, EveryCallFailsOnce, testing::ValuesIn(scenarios),
                          [](const auto& instance) { return std::string{instance.param.name}; });
 
 TEST(FallibleCalls, AreAllMadeInSomeCourse) {
     std::set<std::string> made;
-    for (const Course& course : courses) {
-        const Trial trial = tryOut(course, 0);
+    for (const Scenario& scenario : scenarios) {
+        const Trial trial = tryOut(scenario, 0);
         made.insert(trial.callsMade.begin(), trial.callsMade.end());
     }
 

@@ -1,5 +1,5 @@
-/// The fixed order of a launch: the ports' calls, written into the log between the program's own
-/// lines.
+/// The order of actions during a launch: the calls to ports, written into the log between the
+/// program's own lines.
 #include "App/AppDelegate.hpp"
 #include "Foundation/DevLog.hpp"
 #include "Support/DockFixture.hpp"

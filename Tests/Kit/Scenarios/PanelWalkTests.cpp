@@ -1,5 +1,5 @@
-/// Thousands of random events on every dock, against a small model of when a dock is out and when
-/// it hides, which knows nothing of how docks do it.
+/// Thousands of random events on all docks, checked against a small independent model of when a
+/// dock is out and when it hides.
 #include "Displays/DisplayCoordinator.hpp"
 #include "Support/DockFixture.hpp"
 #include "Support/LoggedLines.hpp"
@@ -17,14 +17,14 @@ namespace {
 
 using Kind = PointerEvent::Kind;
 
-/// One dock as it should be.
+/// The expected state of one dock.
 struct ModelDock {
     bool hides = false;
     bool isIn = false;
     bool hasPointer = false;
     bool hasMenu = false;
     bool hasFiles = false;
-    /// The button is down on a pinned tile, which may have come off since.
+    /// The button is pressed on a pinned tile, which may have been removed since.
     bool isPressed = false;
     bool isDragging = false;
     std::optional<double> hidesAt = {};
@@ -95,7 +95,7 @@ protected:
         dock.setTiles(pinned, unpinned);
     }
 
-    /// New docks begin hidden, those without a display are gone.
+    /// New docks start hidden; docks without a display are removed.
     void follow() {
         const auto before = std::exchange(model, {});
         for (const PlatformScreen& screen : dock.platform.screens.list) {
@@ -137,7 +137,7 @@ protected:
     std::map<std::uint32_t, ModelDock> model;
 };
 
-/// Where the first tile rests; nothing while the dock shows none.
+/// The first tile's position at rest; nullopt while the dock shows no tiles.
 std::optional<Point> firstTile(const test::FakePanel& panel) {
     std::optional<Point> first;
     for (const SceneNode& node : panel.scene->nodes) {
@@ -228,7 +228,7 @@ void PanelWalk::listStep() {
     setTiles(std::max(0, random.integer(-3, 4)), random.integer(0, 2));
     coordinator.reconcile();
     follow();
-    // The first pinned tile is the same app for as long as there is any.
+    // The first pinned tile is always the same app, if there is one.
     if (pinnedCount > 0)
         return;
     for (auto& [display, state] : model) {
@@ -246,7 +246,7 @@ void PanelWalk::screensStep() {
 
 void PanelWalk::settingsStep() {
     if (random.integer(0, 3) == 0) {
-        // Docks on another edge are other docks.
+        // Docks on another edge are new docks.
         config.position =
             config.position == DockPosition::left ? DockPosition::bottom : DockPosition::left;
         model.clear();
@@ -294,7 +294,7 @@ void PanelWalk::step() {
     }
 }
 
-/// Ends everything that could hold a dock out.
+/// Ends everything that could keep a dock out.
 void PanelWalk::calmDown() {
     for (auto& [display, state] : model) {
         test::FakePanel& panel = windows().panel(display);
@@ -307,7 +307,7 @@ void PanelWalk::calmDown() {
     dock.platform.runLoop.advance(1);
 }
 
-/// Whether the docks are where they should be, after at most one change of their own each.
+/// Whether the docks are in their expected state, allowing one pending change each.
 testing::AssertionResult PanelWalk::isAsModelled() {
     constexpr double sliver = 4;
     for (const auto& [display, state] : model) {

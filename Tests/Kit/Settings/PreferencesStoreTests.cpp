@@ -79,7 +79,7 @@ TEST_F(PreferencesStoreTest, KeepsItsFileInTheFolderItIsGiven) {
 }
 
 // Behaviour: preferences-store-1
-TEST_F(PreferencesStoreTest, NeitherSavesNorTellsOfAnEqualRecord) {
+TEST_F(PreferencesStoreTest, NeitherSavesNorReportsAnEqualRecord) {
     PreferencesStore store = makeStore();
     int calls = 0;
     store.onChange = [&] { ++calls; };
@@ -91,7 +91,7 @@ TEST_F(PreferencesStoreTest, NeitherSavesNorTellsOfAnEqualRecord) {
 }
 
 // Behaviour: preferences-store-2
-TEST_F(PreferencesStoreTest, SavesBeforeItTellsItsListener) {
+TEST_F(PreferencesStoreTest, SavesBeforeItNotifiesItsListener) {
     PreferencesStore store = makeStore();
     std::vector<Settings> seenInFile;
     store.onChange = [&] { seenInFile.push_back(SettingsCoding::decode(content()).value()); };
@@ -130,7 +130,7 @@ TEST_F(PreferencesStoreTest, SavesEachOfTwoChanges) {
     EXPECT_EQ(SettingsCoding::decode(content()).value(), withIconSize(70));
 }
 
-TEST_F(PreferencesStoreTest, LogsAFailedSaveKeepsTheRecordAndTellsItsListener) {
+TEST_F(PreferencesStoreTest, LogsAFailedSaveKeepsTheRecordAndNotifiesItsListener) {
     PreferencesStore store = makeStore();
     int calls = 0;
     store.onChange = [&] { ++calls; };

@@ -40,7 +40,7 @@ Settings unusualSettings() {
             .onboardingCompleted = true};
 }
 
-/// The keys of the outermost object, in the order of the text; relies on an indentation by four.
+/// The keys of the outermost object, in order; relies on an indentation of four.
 std::vector<std::string> topLevelKeys(const std::string& text) {
     static constexpr std::string_view beforeKey = "\n    \"";
     std::vector<std::string> keys;
@@ -66,7 +66,7 @@ TEST(SettingsCoding, ReadsASingleMemberAndTakesTheRestFromTheDefaults) {
 }
 
 // Behaviour: settings-3
-TEST(SettingsCoding, FailsForAPositionThatIsNoKnownText) {
+TEST(SettingsCoding, FailsForAnUnknownPosition) {
     for (const char* text : {"top", "Bottom", "BOTTOM", "", " left"})
         EXPECT_FALSE(decode(R"({"position": ")" + std::string{text} + "\"}")) << text;
     EXPECT_FALSE(decode(R"({"sourceMode": "Mirror"})"));
@@ -148,7 +148,7 @@ TEST(SettingsCoding, FailsForEveryMemberOfAWrongType) {
     EXPECT_FALSE(decode(R"({"manualApps": [{"bundleID": [], "name": "A", "path": "/a"}]})"));
 }
 
-TEST(SettingsCoding, FailsForTextThatIsNoObject) {
+TEST(SettingsCoding, FailsForTextThatIsNotAnObject) {
     for (const char* text : {"",
                              " ",
                              "null",
@@ -172,7 +172,7 @@ TEST(SettingsCoding, FailsForTextThatIsNoObject) {
         EXPECT_FALSE(decode(text)) << text;
 }
 
-TEST(SettingsCoding, PassesOverUnknownMembersOfAnyShape) {
+TEST(SettingsCoding, IgnoresUnknownMembersOfAnyShape) {
     Settings expected;
     expected.autoHide = true;
     expected.manualApps = {{"a", "A", "/a"}};
@@ -202,7 +202,7 @@ TEST(SettingsCoding, TakesASchemaVersionFromAnyNumberOfIntegralValue) {
               std::numeric_limits<std::int64_t>::min());
 }
 
-TEST(SettingsCoding, FailsForASchemaVersionThatIsNoIntegerOf64Bits) {
+TEST(SettingsCoding, FailsForASchemaVersionThatIsNotA64BitInteger) {
     for (const char* number :
          {"1.5", "9223372036854775808", "18446744073709551615", "18446744073709551616",
           "-9223372036854775809", "-99999999999999999999999", "1e30", "-1e30", "1e-3", "1e400"})
@@ -253,7 +253,7 @@ TEST(SettingsCoding, ReplacesBytesThatAreNotUTF8WhenWriting) {
     EXPECT_EQ(read->manualApps.front().path, "/caf\uFFFD");
 }
 
-TEST(SettingsCoding, PassesOverAnyDepth) {
+TEST(SettingsCoding, IgnoresUnknownMembersOfAnyDepth) {
     const std::string arrays =
         repeated("[", absurdDepth) + "1" + repeated("]", absurdDepth) + ", \"autoHide\": true}";
     EXPECT_TRUE(decode("{\"x\": " + arrays)->autoHide);

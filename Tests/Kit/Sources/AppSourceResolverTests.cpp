@@ -26,7 +26,7 @@ std::vector<StoredApp> stored(const Apps& apps) {
     return list;
 }
 
-/// A resolver whose owner answers every change of the settings with `emit`.
+/// A resolver whose owner calls `emit` after every change of the settings.
 struct AppSourceResolverTest : testing::Test {
     void owned() {
         store.onChange = [this] { resolver.emit(); };
@@ -118,7 +118,7 @@ TEST_F(AppSourceResolverTest, AdoptsTheMirroredListWhenAnAppIsDropped) {
 }
 
 // Behaviour: app-source-resolver-3
-TEST_F(AppSourceResolverTest, PassesOverADroppedAppThatIsInTheListAlready) {
+TEST_F(AppSourceResolverTest, IgnoresADroppedAppThatIsInTheListAlready) {
     startManual({mail, notes});
 
     resolver.addManualApp(mail.url);

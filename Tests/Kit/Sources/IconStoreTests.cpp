@@ -88,7 +88,7 @@ TEST(IconStore, AsksForEveryImageAgainOnceIconsChanged) {
     EXPECT_EQ(icons.fileRequests.size(), 2U);
 }
 
-TEST(IconStore, TellsOfAChangeWhenTheNewImagesCanBeHad) {
+TEST(IconStore, ReportsAChangeWhenTheNewImagesAreAvailable) {
     FakeIcons icons;
     IconStore store{icons};
     const ImageHandle before = store.icon("/mail", "mail");

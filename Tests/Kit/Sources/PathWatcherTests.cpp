@@ -18,7 +18,7 @@ struct PathWatcherTest : testing::Test {
         file, platform.fileEvents, platform.runLoop, [this] { ++changes; });
 };
 
-TEST_F(PathWatcherTest, TellsOfEveryBatchOfEvents) {
+TEST_F(PathWatcherTest, ReportsEveryBatchOfEvents) {
     platform.fileSystem.put(file);
     watcher->start();
 

@@ -71,7 +71,7 @@ TEST_F(RunningAppsMonitorTest, NamesANamelessAppByItsIdentifier) {
     EXPECT_EQ(monitor->current(), (Apps{{mail.bundleID, mail.bundleID, mail.url}}));
 }
 
-TEST_F(RunningAppsMonitorTest, TellsOfALaunchAndThatItSettled) {
+TEST_F(RunningAppsMonitorTest, ReportsALaunchAndThatItSettled) {
     monitor->start();
 
     platform.running.announceWillLaunch(FakePlatform::instanceOf(mail));
@@ -84,7 +84,7 @@ TEST_F(RunningAppsMonitorTest, TellsOfALaunchAndThatItSettled) {
     EXPECT_EQ(lists.values, (std::vector<Apps>{{}, {mail}}));
 }
 
-TEST_F(RunningAppsMonitorTest, TellsOfATermination) {
+TEST_F(RunningAppsMonitorTest, ReportsATermination) {
     platform.running.apps = {FakePlatform::instanceOf(mail)};
     monitor->start();
 
@@ -118,7 +118,7 @@ TEST_F(RunningAppsMonitorTest, DeliversTheListWhenATerminationDoesNotSayWhose) {
     EXPECT_EQ(lists.count(), 3);
 }
 
-TEST_F(RunningAppsMonitorTest, PassesOverALaunchThatDoesNotSayWhose) {
+TEST_F(RunningAppsMonitorTest, IgnoresALaunchWithoutAnApp) {
     monitor->start();
 
     platform.running.announceWillLaunch(std::nullopt);
@@ -126,7 +126,7 @@ TEST_F(RunningAppsMonitorTest, PassesOverALaunchThatDoesNotSayWhose) {
     EXPECT_EQ(launching.count(), 0);
 }
 
-TEST_F(RunningAppsMonitorTest, TellsOfTheLaunchOfAnAccessoryThatItDoesNotList) {
+TEST_F(RunningAppsMonitorTest, ReportsTheLaunchOfAnAccessoryThatItDoesNotList) {
     monitor->start();
     RunningApplication accessory = FakePlatform::instanceOf(mail);
     accessory.activationPolicy = ActivationPolicy::accessory;
@@ -147,7 +147,7 @@ TEST_F(RunningAppsMonitorTest, ManagesWithoutListeners) {
     EXPECT_EQ(unheard.current(), Apps{mail});
 }
 
-TEST_F(RunningAppsMonitorTest, HearsNothingOnceItIsGone) {
+TEST_F(RunningAppsMonitorTest, IsNotCalledOnceItIsGone) {
     monitor->start();
 
     monitor.reset();

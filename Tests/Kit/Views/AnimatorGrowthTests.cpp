@@ -1,4 +1,4 @@
-/// What goes back and forth, and sizes that change in the middle of an animation.
+/// Bobbing dots, and sizes that change in the middle of an animation.
 #include "Kit/Views/AnimatorScenes.hpp"
 #include "Views/Animator.hpp"
 
@@ -17,7 +17,7 @@ using test::sceneOf;
 using test::slow;
 using test::xAt;
 
-/// One that has been launching for a while.
+/// The dot of an app that has been launching for a while.
 SceneNode bobbingDot() {
     SceneNode node = dotAt(0);
     node.bounce.y = -12;
@@ -54,7 +54,7 @@ TEST(AnimatorGrowth, ReducedMotionLeavesABobbingNodeRaised) {
     EXPECT_EQ(animator.frame(0.1).nodes.at(0).bounce.y, -12);
     EXPECT_FALSE(animator.isMoving(0.1));
 
-    // It may be turned off before the launch is over.
+    // Animations may be switched off during a launch.
     animator.setTarget(sceneOf({bobbingDot()}), 1);
     EXPECT_NEAR(animator.frame(1.6).nodes.at(0).bounce.y, 0, 1e-9);
     EXPECT_NEAR(animator.frame(1.9).nodes.at(0).bounce.y, -12, 1e-9);
@@ -63,7 +63,7 @@ TEST(AnimatorGrowth, ReducedMotionLeavesABobbingNodeRaised) {
 TEST(AnimatorGrowth, AnIconThatShrinksWhileItGrowsNeverVanishes) {
     const auto iconOf = [](double side, std::optional<Curve> curve) {
         SceneNode node = dotAt(0);
-        // It stands on the lower edge of a view 100 high.
+        // The node stands on the lower edge of a view 100 points high.
         node.frame = {50, 100 - side, side, side};
         node.motion.frame = curve;
         return node;

@@ -1,4 +1,4 @@
-/// Small scenes for the animator.
+/// Small scenes for the animator's tests.
 #pragma once
 
 #include "Views/Animator.hpp"
@@ -22,7 +22,7 @@ inline Scene sceneOf(std::vector<SceneNode> nodes) {
     return scene;
 }
 
-/// Where the first node is.
+/// The position of the first node.
 inline double xAt(Animator& animator, double now) {
     return animator.frame(now).nodes.at(0).frame.x;
 }

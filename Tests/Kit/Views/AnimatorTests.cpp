@@ -245,7 +245,7 @@ TEST(Animator, ANodeThatComesBackTurnsRoundWhereItIs) {
     empty.passage = {0, 40};
     empty.viewPlace = {0, 4};
     animator.setTarget(empty, 0);
-    // It has not moved on the display, though the view has.
+    // The node has not moved on the display, although the view has.
     EXPECT_EQ(animator.frame(0).nodes.at(0).frame.y, -4);
     const SceneNode before = animator.frame(0.4).nodes.at(0);
 

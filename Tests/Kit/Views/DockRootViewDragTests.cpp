@@ -8,7 +8,7 @@ namespace {
 using test::DockRootViewTest;
 using test::Kind;
 
-/// Drags of tiles, on a dock of four pinned tiles and a running one.
+/// Drags tiles on a dock with four pinned tiles and a running one.
 class TileDragTest : public DockRootViewTest {
 protected:
     void SetUp() override {
@@ -21,7 +21,7 @@ protected:
         send(Kind::pressed, p);
         send(Kind::moved, {p.x + dx, p.y + dy});
     }
-    /// Drags it and lets it go there.
+    /// Drags the tile by this distance and releases it.
     void moveTile(std::size_t index, double dx, double dy = 0) {
         const Point p = centerOfIcon(index);
         dragTile(index, dx, dy);
@@ -77,7 +77,7 @@ TEST_F(TileDragTest, ATileLetGoWhereItWasSettlesAndMovesNothing) {
     EXPECT_EQ(icons()[1].motion.slide, (Curve{0.2, Easing::easeInOut}));
 }
 
-/// The last movement need not have been told.
+/// The final movement may not have been reported before the release.
 TEST_F(TileDragTest, ATileLandsWhereTheButtonIsLetGo) {
     const Point p = centerOfIcon(1);
     dragTile(1, 20);

@@ -66,14 +66,14 @@ TEST_F(DockRootViewTest, TapsAreToldApartByWhenTheyHappenedNotByWhenTheyAreTold)
     };
 
     tapWhen(10);
-    // What the first tap did took a while.
+    // Handling the first tap took a while.
     dock.platform.runLoop.advance(3);
     tapWhen(10.2);
 
     EXPECT_EQ(dock.actionsTaken, (std::vector<std::string>{"click p0 #2", "double-click p0 #2"}));
 }
 
-TEST_F(DockRootViewTest, TheDoubleClickIntervalIsReadAfreshOnEveryTap) {
+TEST_F(DockRootViewTest, TheDoubleClickIntervalIsReadOnEveryTap) {
     dock.setTiles(1, 0);
     show();
 
@@ -330,7 +330,7 @@ TEST_F(DockRootViewTest, ThePointerMagnifiesTheTileUnderItAndNoneFarAway) {
     EXPECT_NEAR(icons()[2].frame.width, 48.2016, 1e-3);
     EXPECT_EQ(icons()[3].frame.width, 44);
 
-    // Between the first two, the fourth is two and a half tiles away.
+    // Between the first two tiles; the fourth is two and a half tiles away.
     send(Kind::moved, {first.x + 25, first.y});
     EXPECT_NEAR(icons()[2].frame.width, 59.2016, 1e-3);
     EXPECT_NEAR(icons()[3].frame.width, 44, 1e-9);
@@ -370,7 +370,7 @@ TEST_F(DockRootViewTest, APointerBeyondTheFirstOrTheLastTileHoldsThatTileInPlace
     dock.setTiles(3, 0);
     dock.model.magnification.set(2);
     show(DockPosition::bottom, 1000, 128);
-    // The strip at rest goes from 367.5 to 632.5.
+    // At rest the strip extends from 367.5 to 632.5.
     send(Kind::moved, {652.5, 120});
     EXPECT_NEAR(icons().back().frame.midX(), 652.5, 1e-9);
     EXPECT_NEAR(icons().back().frame.width, 73.3220, 1e-3);
@@ -399,7 +399,7 @@ TEST_F(DockRootViewTest, ADemoCursorFreezesAMagnifiedStateUntilThePointerComes) 
     for (const auto& [position, thickness] :
          {std::pair{DockPosition::bottom, 128.0}, std::pair{DockPosition::left, 102.0}}) {
         show(position, 1000, thickness);
-        // The strip at rest is 515 long, so the pointer is at 257.5 of it, between these two.
+        // At rest the strip is 515 long, so the pointer is at its 257.5, between these two.
         EXPECT_NEAR(icons()[4].frame.width, 82.5935, 1e-3);
         EXPECT_NEAR(icons()[5].frame.width, 84.8656, 1e-3);
         send(Kind::exited);
@@ -477,7 +477,7 @@ TEST_F(DockRootViewTest, ThePointerIsTakenBeyondTheViewOnlyWhereTilesAreDrawn) {
     send(Kind::moved, centerOfIcon(1));
     EXPECT_DOUBLE_EQ(view().makeScene().inputRegion->maxX(), 7 + 1.2 * 64);
 
-    // Farther out than the band the pointer makes the icons small again.
+    // Moving the pointer out of the band resets the icons' size.
     dock.model.magnification.set(1.4);
     show(DockPosition::left, 1000, 58 + 0.4 * 64);
     send(Kind::moved, centerOfIcon(1));

@@ -11,7 +11,7 @@ namespace {
 constexpr Curve listChange{0.2, Easing::easeInOut};
 constexpr Edge bottom{DockPosition::bottom, {215, 84}};
 
-/// Two tiles and a separator between them, at rest.
+/// Two tiles with a separator between them, at rest.
 struct DockSceneTest : testing::Test {
     StripFrames frames{.glass = {0, 26, 115, 58},
                        .glassAtRest = {0, 26, 115, 58},

@@ -12,7 +12,7 @@ namespace {
 
 using Log = std::vector<std::string>;
 
-/// Writes down what the tracker tells, a word each, with the position where it says something.
+/// Records what the tracker reports, one word each, with the position where it matters.
 class Listener final : public PanelWindowListener {
 public:
     void mouseEntered() override { log.emplace_back("in"); }
@@ -48,11 +48,11 @@ public:
     void dragExited() override {}
     bool dropped(Point /*at*/) override { return false; }
 
-    /// What was told since the last time.
+    /// What was reported since the last call.
     Log take() { return std::exchange(log, {}); }
 
     Log log;
-    /// What the release of the button leads to.
+    /// Called from within `released`.
     std::function<void()> onReleased;
 };
 
@@ -81,19 +81,19 @@ TEST_F(PointerTrackerTest, EntersAtOnceWhereThePointerIs) {
     EXPECT_EQ(listener.take(), (Log{"in", "moved 10"}));
 }
 
-TEST_F(PointerTrackerTest, TakesAMoveOutOfNowhereForEntering) {
+TEST_F(PointerTrackerTest, TreatsAMoveWithoutAnEntryAsEntering) {
     tracker.moved({20, 10});
     EXPECT_EQ(listener.take(), (Log{"in", "moved 20"}));
 }
 
-TEST_F(PointerTrackerTest, TakesNoPointerThatIsBusyElsewhere) {
+TEST_F(PointerTrackerTest, IgnoresAPointerThatIsGrabbedElsewhere) {
     tracker.entered({10, 10}, true);
     EXPECT_EQ(listener.take(), Log{});
     tracker.entered({20, 10});
     EXPECT_EQ(listener.take(), (Log{"in", "moved 20"}));
 }
 
-TEST_F(PointerTrackerTest, TakesAPressOutOfNowhereForEntering) {
+TEST_F(PointerTrackerTest, TreatsAPressWithoutAnEntryAsEntering) {
     tracker.entered({10, 10}, true);
     tracker.pressed({20, 10});
     EXPECT_EQ(listener.take(), (Log{"in", "pressed 20"}));
@@ -235,7 +235,7 @@ TEST_F(PointerTrackerTest, AHeldButtonIsNotPressedOnceMore) {
     EXPECT_FALSE(tracker.isPressed());
 }
 
-TEST_F(PointerTrackerTest, ASecondaryPressBesideTheViewIsNobodys) {
+TEST_F(PointerTrackerTest, ASecondaryPressBesideTheViewIsIgnored) {
     tracker.entered({10, 10});
     listener.take();
 
@@ -311,7 +311,7 @@ TEST_F(PointerTrackerTest, APressThatIsLostOverTheWindowLeavesThePointerThere) {
     EXPECT_EQ(listener.take(), Log{"moved 30"});
 }
 
-TEST_F(PointerTrackerTest, LooksChangeNothingWithoutAPressOrADoubt) {
+TEST_F(PointerTrackerTest, PollsChangeNothingWithoutAPressOrAGrab) {
     enter();
 
     tracker.lookedAt(away);

@@ -1,4 +1,5 @@
-// Other programs' windows: what their elements answer, and every way in which they do not.
+// Other programs' windows: what their accessibility elements return, and every way in which they
+// fail.
 #include "ClientWindows/AXAccessibility.hpp"
 #include "Cocoa/Paper.hpp"
 

@@ -1,4 +1,4 @@
-// Between Foundation's types and the kit's: whatever the system hands in is met at the border.
+// Conversions between Foundation's types and the kit's, for any value that the system may pass.
 #include "Bridge/Conversions.hpp"
 #include "Cocoa/Paper.hpp"
 

@@ -1,4 +1,4 @@
-// Files: what is left over, what is no file, and descriptors, of which none may stay open.
+// Files: leftovers of interrupted saves, things that are not regular files, and descriptor leaks.
 #include "Cocoa/Paper.hpp"
 #include "Files/DispatchFileEvents.hpp"
 #include "Files/FoundationFileSystem.hpp"
@@ -27,7 +27,7 @@ protected:
     [[nodiscard]] FileURL at(const std::string& name) const { return root.appending(name); }
     [[nodiscard]] std::string pathOf(const std::string& name) const { return at(name).path(); }
 
-    /// For the user alone, as a write that was cut off leaves it.
+    /// Creates a file with mode 0600, as an interrupted save leaves it.
     [[nodiscard]] FileURL leave(std::uint64_t token, mode_t mode = S_IRUSR | S_IWUSR) const {
         const FileURL url = at(ReplacementNames::name("file", token));
         std::ofstream{url.path()} << "half";

@@ -1,4 +1,4 @@
-// The ports that ask the system, each by itself.
+// Each of the ports that query the system.
 #include "App/MacMotionSettings.hpp"
 #include "App/MacPointerSettings.hpp"
 #include "Applications/WorkspaceApplications.hpp"
@@ -247,7 +247,7 @@ TEST_F(Ports, ReadNoPropertyListThatIsNone) {
     }
 }
 
-/// Every look changes the check mark, and every choice is written down.
+/// Toggles the check mark whenever the menu is opened, and records every choice.
 class Listener final : public StatusItemListener {
 public:
     void menuNeedsUpdate(Menu& menu) override {
@@ -292,7 +292,7 @@ TEST(Threads, ThatSendAMessageToWhatBelongsToTheMainThreadAreNoticed) {
     EXPECT_EQ(unseenFaults(), std::vector<std::string>{});
     std::thread{[] {
         @autoreleasepool {
-            // Documented as safe on every thread.
+            // Documented as thread-safe.
             static_cast<void>([NSFileManager.defaultManager fileExistsAtPath:@"/tmp"]);
             static_cast<void>(NSScreen.screens);
         }

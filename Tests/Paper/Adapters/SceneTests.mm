@@ -1,4 +1,4 @@
-// What the views of a dock show of a scene, and what they are called.
+// The views that a dock creates for a scene, and their accessibility names.
 #include "Cocoa/Paper.hpp"
 #include "Icons/MacImage.hpp"
 #include "Panels/MacPanelWindows.hpp"
@@ -162,7 +162,8 @@ TEST_F(Scenes, PutAGlassUnderALabelThatIsAsWideAsItsText) {
     @autoreleasepool {
         show({node(Part::label, 1, {50, 10, 200, 30}, LabelNode{"Notes", 12, {9, 4}})});
         NSView* const label = view(0);
-        // On paper a text is 0.55 of its size wide a byte, and 1.25 high.
+        // On paper, each byte of a text is 0.55 of its font size wide, and a line is 1.25 of it
+        // high.
         EXPECT_DOUBLE_EQ(label.frame.size.width, 33 + 18);
         EXPECT_DOUBLE_EQ(label.frame.size.height, 15 + 8);
         EXPECT_DOUBLE_EQ(label.frame.origin.x + label.frame.size.width / 2, 150);
@@ -279,7 +280,7 @@ TEST_F(Scenes, LeadAssistiveTechnologyToTheTiles) {
         EXPECT_EQ(listener.menus, std::vector<std::uint32_t>{4});
         EXPECT_EQ(([dock accessibilityHitTest:NSPoint{70, 50}]), tiles[1]);
         EXPECT_EQ(([dock accessibilityHitTest:NSPoint{300, 50}]), dock);
-        // A tile that stays is the same element.
+        // A tile that remains keeps its element.
         EXPECT_EQ([dock accessibilityChildren][0], notes);
         listener.tiles.erase(listener.tiles.begin());
         EXPECT_EQ([dock accessibilityChildren].count, 1U);

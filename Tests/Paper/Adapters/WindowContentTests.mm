@@ -1,4 +1,4 @@
-// What the program's own windows are made of: the settings' form and the pages of the tour.
+// The content of the program's own windows: the settings form and the pages of the tour.
 #include "Cocoa/Paper.hpp"
 #include "Platform/ProgramWindows.hpp"
 #include "ProgramTest.hpp"
@@ -41,7 +41,7 @@ NSTextField* label(NSView* view, const std::string& text) {
     return nil;
 }
 
-/// In the coordinates of the window, y upwards.
+/// The view's frame in the window's coordinates, y upwards.
 Rect inWindow(NSView* view) {
     return toRect(NSAccessibilityFrameInView(view, view.bounds));
 }
@@ -64,7 +64,7 @@ protected:
         return {field, title, std::move(control), {}, {}};
     }
 
-    /// With each kind of control, a caption and a status line.
+    /// A form with every kind of control, a caption and a status line.
     static Form everything() {
         FormRow guarded = row(SettingsField::anchorAppleDock, "Anchor", Toggle{true});
         guarded.caption = "Explained below";
@@ -184,7 +184,7 @@ TEST_F(FormWindows, KeepTheControlsOfRowsThatStay) {
         show(form);
         EXPECT_EQ([controlNamed(shown(), "Third") state], NSControlStateValueOn);
         EXPECT_EQ([controlNamed(shown(), "Position") selectedSegment], 2);
-        // The button of a status line that is hidden is one of them.
+        // Includes the button of a hidden status line.
         EXPECT_EQ(viewsOf(content(), NSButton.class).size(), 4U);
         form.sections.pop_back();
         show(form);
@@ -328,7 +328,7 @@ TEST_F(TourWindows, ShowEverythingOfAPageFromTopToBottom) {
             EXPECT_GT(middle, top) << text;
             top = middle;
         }
-        // A status line without a symbol leaves no room for one.
+        // A status line without a symbol reserves no space for one.
         EXPECT_DOUBLE_EQ(label(content(), "Waiting.").frame.origin.x, 0);
         EXPECT_EQ(label(content(), "Welcome").font.paperSize, 26);
         EXPECT_EQ(viewsOf(content(), NSImageView.class).size(), 2U);

@@ -1,4 +1,4 @@
-// Other programs' windows, as their accessibility elements.
+// Accessibility elements of other programs' windows.
 #include "Cocoa/CoreObjects.hpp"
 #include "Cocoa/Paper.hpp"
 
@@ -50,7 +50,8 @@ PaperElement* makeElement(int processIdentifier, NSInteger window) {
     return element;
 }
 
-/// Null, and `error` why. A question to a program that hangs takes its time-out.
+/// Returns null and sets `error` if the app cannot answer. A call to a hung program waits for its
+/// timeout.
 paper::ForeignApp* asked(PaperElement* element, AXError& error) {
     const auto found = state().apps.find(element.processIdentifier);
     error = cannotComplete;
@@ -140,7 +141,7 @@ AXError AXUIElementCopyAttributeValue(AXUIElementRef reference, CFStringRef attr
     return kAXErrorSuccess;
 }
 
-// Belief: a window takes every position and size; real ones keep to limits of their own.
+// Belief: a window accepts every position and size; real ones have limits of their own.
 AXError AXUIElementSetAttributeValue(AXUIElementRef reference, CFStringRef attribute,
                                      CFTypeRef value) {
     PaperElement* const element = elementOf(reference);

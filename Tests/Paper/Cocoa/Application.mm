@@ -1,4 +1,4 @@
-// The application and its loop, and the displays that it is told of.
+// The application and its loop, and the displays that it reports.
 #include "Cocoa/Paper.hpp"
 
 #include <cstdio>
@@ -45,7 +45,7 @@ uint32_t CGDisplayUnitNumber(CGDirectDisplayID display) {
     return units()[display];
 }
 
-// Documented: the first is the one with the menu bar.
+// Documented: the first screen is the one with the menu bar.
 @implementation NSScreen
 
 + (NSArray*)screens {
@@ -54,9 +54,9 @@ uint32_t CGDisplayUnitNumber(CGDirectDisplayID display) {
 
 @end
 
-// Documented: the delegate is not held and hears of the launch from within run. Belief: a nib is
-// not needed. Unlike on a Mac, where it ends the process, terminate: ends the loop here, so that
-// everything is destroyed and what is left shows.
+// Documented: the delegate is not retained, and is told of the launch from within run. Belief: no
+// nib is needed. On a Mac terminate: ends the process; here it ends only the loop, so that
+// everything is destroyed and leaks show.
 @implementation NSApplication
 
 + (NSApplication*)sharedApplication {

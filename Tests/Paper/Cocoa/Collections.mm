@@ -5,7 +5,7 @@
 
 namespace {
 
-/// All at once, since the items lie side by side.
+/// Returns all items at once, since they are contiguous.
 NSUInteger enumerate(std::vector<id>& items, unsigned long& changes,
                      NSFastEnumerationState* state) {
     if (state->state != 0)
@@ -24,7 +24,7 @@ void refuseNil(id object) {
 
 }
 
-// Documented: an index beyond the end and a nil object raise.
+// Documented: an index out of range and a nil object raise.
 @implementation NSArray {
 @public
     std::vector<id> _items;
@@ -95,8 +95,8 @@ void refuseNil(id object) {
 
 @end
 
-// Documented: keys are copied; a nil key or value raises. Belief: the order in which keys are
-// enumerated does not matter to the program; here it is that of the literal.
+// Documented: keys are copied; a nil key or value raises. Belief: the program does not depend on
+// the enumeration order; here it is that of the literal.
 @implementation NSDictionary {
     std::vector<id> _keys;
     std::vector<id> _values;

@@ -1,11 +1,12 @@
-// Views that hold others.
+// Container views.
 #include "Cocoa/Extensions.hpp"
 
-// Belief: a material in a window that is never key looks active as soon as its state says so.
+// Belief: a material in a window that is never key looks active if its state says so.
 @implementation NSVisualEffectView
 @end
 
-// Documented: shows its content view on glass. Not declared, as the program asks for it by name.
+// Documented: shows its content view on glass. Not declared in a header, because the program looks
+// it up by name.
 @interface NSGlassEffectView : NSView
 @property CGFloat cornerRadius;
 @property(strong) NSView* contentView;
@@ -33,8 +34,8 @@
 @implementation NSImageView
 @end
 
-// Documented: the document view is held and scrolls as it is larger. Nothing scrolls here: what is
-// looked at is the document's own layout.
+// Documented: the document view is retained, and scrolls if it is larger. Nothing scrolls here:
+// tests examine the document's own layout.
 @implementation NSScrollView {
     NSView* _document;
 }

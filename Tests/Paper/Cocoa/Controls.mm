@@ -1,4 +1,4 @@
-// Controls, and what they tell assistive technology. They act when a test uses them.
+// Controls and their accessibility. They send their actions when a test uses them.
 #include "Cocoa/Paper.hpp"
 
 #include <algorithm>
@@ -21,7 +21,7 @@ NSRect NSAccessibilityFrameInView(NSView* view, NSRect frame) {
     return {{std::min(one.x, other.x) + window.x, std::min(one.y, other.y) + window.y}, frame.size};
 }
 
-// Documented: the accessors of an element that is no view; a subclass answers what it knows better.
+// Documented: the accessors of an element that is not a view; subclasses override them.
 @implementation NSAccessibilityElement
 @synthesize accessibilityElement, accessibilityRole, accessibilityLabel, accessibilityValue,
     accessibilityFrame, accessibilityParent, accessibilityChildren;
@@ -46,7 +46,7 @@ NSRect NSAccessibilityFrameInView(NSView* view, NSRect frame) {
 
 @end
 
-// Documented: the target is not held. Belief: text is as wide as 0.55 of its size a byte.
+// Documented: the target is not retained. Belief: text is 0.55 of its font size wide per byte.
 @implementation NSControl
 
 - (NSSize)intrinsicContentSize {
@@ -70,8 +70,8 @@ NSRect NSAccessibilityFrameInView(NSView* view, NSRect frame) {
 
 @end
 
-// Documented: labelWithString: makes one line, wrappingLabelWithString: as many as the width asks
-// for. Belief: on paper a text is never broken, so both are one line.
+// Documented: labelWithString: makes a single line, wrappingLabelWithString: wraps to the width.
+// Belief: text never wraps on paper, so both are one line.
 @implementation NSTextField
 
 static id label(Class made, NSString* text) {
@@ -90,8 +90,8 @@ static id label(Class made, NSString* text) {
 
 @end
 
-// Documented: radio buttons with one action in one view are a group, of which one is on. Not done
-// here: the program shows all of them again after each choice.
+// Documented: radio buttons with the same action in one view form a group, of which one is on. Not
+// implemented, because the program updates all of them after each choice.
 @implementation NSButton
 
 static id button(Class made, NSString* title, id target, SEL action) {
@@ -123,7 +123,7 @@ static id button(Class made, NSString* title, id target, SEL action) {
 @implementation NSSwitch
 @end
 
-// Belief: a slider keeps the value that it was dragged to, until it is given another.
+// Belief: a slider keeps the value it was dragged to until it is set to another.
 @implementation NSSlider
 
 + (instancetype)sliderWithValue:(double)value

@@ -1,4 +1,4 @@
-// Core Foundation's side of the bridge: on paper every one of its objects is an Objective-C object.
+// Core Foundation's side of the bridge: on paper all of its objects are Objective-C objects.
 #include "Cocoa/CoreObjects.hpp"
 #include "Cocoa/Paper.hpp"
 
@@ -24,7 +24,7 @@ void CFRelease(CFTypeRef object) {
     objc_release(const_cast<void*>(object));
 }
 
-// Belief: the numbers of the types do not matter, only that they differ.
+// Belief: only the distinctness of type IDs matters, not their values.
 CFTypeID CFGetTypeID(CFTypeRef reference) {
     const id object = (__bridge id)reference;
     if ([object isKindOfClass:NSNumber.class])
@@ -59,7 +59,7 @@ Boolean CFNumberIsFloatType(CFNumberRef number) {
     return [(__bridge NSNumber*)number paperIsReal];
 }
 
-// Documented: null for a key that is not set.
+// Documented: null for an unset key.
 CFPropertyListRef CFPreferencesCopyAppValue(CFStringRef key, CFStringRef) {
     const bool isList = [(__bridge NSString*)key paperText] == "persistent-apps";
     return (__bridge_retained CFTypeRef)(isList ? persistentApps() : nil);

@@ -7,11 +7,11 @@
 /// A program, or one of its windows.
 @interface PaperElement : NSObject
 @property int processIdentifier;
-/// Nothing for the program itself.
+/// Unset for the program itself.
 @property NSInteger window;
 @end
 
-/// A point or a size in the box that attributes carry it in.
+/// A point or a size, boxed as attributes need it.
 @interface PaperBox : NSObject
 @property AXValueType type;
 @property CGPoint content;

@@ -1,4 +1,4 @@
-// Dispatch sources for the events of files, which the kernel here reports through inotify.
+// Dispatch sources for file events, implemented with inotify.
 #include "Cocoa/Paper.hpp"
 
 #import <dispatch/dispatch.h>
@@ -10,8 +10,8 @@
 #include <cstring>
 
 // Documented: a source is created suspended; its handlers run on its queue; the cancel handler runs
-// once, after which no event comes. Belief: inotify tells apart what kqueue does, as far as the
-// program looks.
+// once, and no event follows it. Belief: inotify reports the same distinctions as kqueue, as far as
+// the program uses them.
 @interface PaperSource : NSObject <OS_dispatch_source>
 @property(copy) dispatch_block_t onEvent;
 @property(copy) dispatch_block_t onCancel;
@@ -51,7 +51,7 @@
     return flags & self.mask;
 }
 
-/// All that happened since the last time, as one event.
+/// Everything that has happened since the last call, as one event.
 - (uintptr_t)takeFlags {
     alignas(inotify_event) std::array<char, 4096> buffer{};
     uintptr_t flags = 0;

@@ -1,4 +1,4 @@
-// Display links, and animations of windows, both in step with a display of 60 frames a second.
+// Display links and window animations, both in step with a 60 Hz display.
 #include "Cocoa/Paper.hpp"
 
 #include <algorithm>
@@ -10,8 +10,8 @@
 @property(weak) NSView* paperView;
 @end
 
-// Documented: holds its target and is held by its run loop until it is invalidated; one made from a
-// view follows the view's display and rests while there is none.
+// Documented: retains its target, and is retained by its run loop until it is invalidated; one
+// created from a view follows the view's display, and pauses while there is none.
 @implementation CADisplayLink
 
 - (void)addToRunLoop:(NSRunLoop*)loop forMode:(NSRunLoopMode)mode {

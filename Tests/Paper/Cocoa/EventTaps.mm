@@ -1,4 +1,4 @@
-// Taps in the stream of events, and the run loop sources that serve them.
+// Event taps, and the run loop sources that serve them.
 #include "Cocoa/Paper.hpp"
 
 #include <algorithm>
@@ -54,7 +54,7 @@ PaperPort* portOf(CFMachPortRef reference) {
     return (__bridge PaperPort*)reference;
 }
 
-/// Null while nothing serves the port.
+/// Null while no loop serves the port.
 CFRunLoopRef loopOf(PaperPort* port) {
     const std::lock_guard hold{paper::rt::lock()};
     for (PaperRunLoopSource* const source : taps().sources)
@@ -63,13 +63,13 @@ CFRunLoopRef loopOf(PaperPort* port) {
     return nullptr;
 }
 
-/// Documented: where the loop runs that the port's source was added to.
+/// Documented: the callback runs on the loop to which the port's source was added.
 bool call(PaperPort* port, CGEventType type, PaperEvent* event) {
     const id loop = (__bridge id)loopOf(port);
     if (loop == nil)
         return true;
     return paper::performOn((__bridge CFRunLoopRef)loop, [&] {
-        // The proxy is never looked into.
+        // The proxy is never dereferenced.
         const auto proxy = reinterpret_cast<CGEventTapProxy>(&taps());
         paper::guarded("event tap",
                        [&] { port.callback(proxy, type, (__bridge CGEventRef)event, port.info); });
@@ -111,7 +111,7 @@ CFRunLoopSourceRef CFMachPortCreateRunLoopSource(CFAllocatorRef, CFMachPortRef p
     return (__bridge_retained CFRunLoopSourceRef)source;
 }
 
-// Documented: the port's sources leave their run loops.
+// Documented: the port's sources are removed from their run loops.
 void CFMachPortInvalidate(CFMachPortRef reference) {
     const std::lock_guard hold{paper::rt::lock()};
     PaperPort* const port = portOf(reference);
@@ -124,8 +124,8 @@ void CFMachPortInvalidate(CFMachPortRef reference) {
     std::erase(taps().ports, port);
 }
 
-// Documented: null without the permission. A new tap is enabled. Belief: it is Accessibility alone
-// that a tap for mouse events needs.
+// Documented: null without the permission. A new tap is enabled. Belief: a tap for mouse events
+// needs only the Accessibility permission.
 CFMachPortRef CGEventTapCreate(CGEventTapLocation, CGEventTapPlacement, CGEventTapOptions,
                                CGEventMask mask, CGEventTapCallBack callback, void* info) {
     if (!paper::isTrusted() || !taps().isAllowed)
@@ -182,7 +182,7 @@ CGPoint throughTaps(CGPoint at, bool isDragging) {
     return event.location;
 }
 
-// Belief: the callback hears of it with an event that is not null.
+// Belief: the callback is told with a non-null event.
 void disableTaps(CGEventType reason) {
     PaperEvent* const event = [[PaperEvent alloc] init];
     for (PaperPort* const port : enabledPorts()) {

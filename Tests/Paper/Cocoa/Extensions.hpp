@@ -1,6 +1,6 @@
-/// What the paper classes have beyond what Apple declares: the state that tests set and read, and
-/// what one paper class asks another. Every such name begins with "paper", but for properties that
-/// Apple declares as read-only.
+/// Additions to the classes that Apple declares: the state that tests set and read, and what one
+/// paper class needs from another. All these names begin with "paper", except properties that Apple
+/// declares as read-only.
 #pragma once
 
 #import <AppKit/AppKit.h>
@@ -82,9 +82,9 @@
 - (NSArray<NSPasteboardType>*)paperDraggedTypes;
 - (NSView*)paperSuperview;
 - (void)paperMoveToWindow:(NSWindow*)window;
-/// Tells it and all below it that the scale or the colours of its window are others.
+/// Tells the view and its subviews that the window's scale or colours have changed.
 - (void)paperBackingChanged;
-/// Has it and all below it update the layers that need it.
+/// Makes the view and its subviews update the layers that need it.
 - (void)paperDisplay;
 @end
 
@@ -102,7 +102,7 @@
 @property(readwrite) NSInteger windowNumber;
 @property NSInteger paperSpace;
 @property BOOL paperIsKey;
-/// Lies behind the windows of the program in front.
+/// It is behind the windows of the frontmost program.
 @property BOOL paperIsBehind;
 - (BOOL)paperIsTitled;
 @end
@@ -140,7 +140,7 @@
 @end
 
 @interface NSControl ()
-/// Sends its action, as it does when it was used.
+/// Sends its action, as if it had been used.
 - (void)paperAct;
 @end
 
@@ -172,49 +172,50 @@ namespace paper {
 
 [[nodiscard]] NSString* text(const std::string& text);
 
-/// Sends a message without a result, as a target gets its action.
+/// Sends a message without a result, such as a target's action.
 void send(id receiver, SEL selector, id argument);
 
 [[nodiscard]] bool contains(NSRect rect, NSPoint point);
-/// Of the desktops that the user has; 0 at first.
+/// Number of the user's current desktop; initially 0.
 [[nodiscard]] NSInteger currentSpace();
-/// Another program's window lies there above all docks.
+/// Whether another program's window covers all docks at this point.
 [[nodiscard]] bool isCovered(NSPoint point);
 [[nodiscard]] double overlap(NSRect one, NSRect other);
 
-// Kept by the paper classes of which there is a list.
+// Lists maintained by the paper classes.
 [[nodiscard]] std::vector<NSScreen*>& screens();
 [[nodiscard]] std::vector<CADisplayLink*>& displayLinks();
 [[nodiscard]] std::vector<NSStatusItem*>& statusItems();
 [[nodiscard]] std::vector<id>& eventMonitors();
 [[nodiscard]] std::vector<NSRunningApplication*>& installedApplications();
-/// On screen, the one in front first. The window server holds them.
+/// The windows on screen, frontmost first. They are retained by the window server.
 [[nodiscard]] std::vector<NSWindow*>& orderedWindows();
-/// Not on screen, but still held by somebody.
+/// Windows that are not on screen but still referenced.
 [[nodiscard]] std::vector<NSWindow*> closedWindows();
 [[nodiscard]] std::vector<NSRunningApplication*>& applications();
 
 inline constexpr double never = 1e18;
 inline constexpr double frameInterval = 1.0 / 60;
 
-/// When the next display link or step of a window's animation is due, or `never`.
+/// When the next display link or animation step is due, or `never`.
 [[nodiscard]] double nextFrame();
 /// Serves those that are due now.
 void serveFrame();
 [[nodiscard]] double nextAnimationStep();
 void stepAnimations();
 
-/// Tells the dispatch sources what happened to their files.
+/// Reports file events to the dispatch sources.
 void serveSources();
 
 [[nodiscard]] bool standsStill();
-/// Of a run loop of any thread.
+/// Called for the run loop of any thread.
 void sourceAdded(CFRunLoopRef loop);
 void sourceRemoved(CFRunLoopRef loop);
-/// Runs `body` where the loop is served, and waits for it. False if that does not happen.
+/// Runs `body` on the thread that serves the loop, and waits for it. Returns false if that does not
+/// happen.
 [[nodiscard]] bool performOn(CFRunLoopRef loop, const std::function<void()>& body);
 
-/// Runs one queued block of each background queue that is not held up.
+/// Runs one queued block of each background queue that is not held.
 void runBackgroundQueues();
 
 }

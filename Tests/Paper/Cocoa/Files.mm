@@ -1,4 +1,4 @@
-// Files, on the test's own home folder, and bundles and property lists as far as they are read.
+// Files, in the test's own home folder, and bundles and property lists as far as they are needed.
 #include "Cocoa/Paper.hpp"
 
 #include <sys/stat.h>
@@ -39,7 +39,7 @@ NSString* NSHomeDirectory(void) {
     return paper::text(homeFolder());
 }
 
-// Documented: as the system calls beneath. Belief: display names leave out the extension ".app".
+// Documented: like the underlying system calls. Belief: display names omit the extension ".app".
 @implementation NSFileManager
 
 + (NSFileManager*)defaultManager {
@@ -103,8 +103,8 @@ NSString* NSHomeDirectory(void) {
 
 @end
 
-// Documented: closes its descriptor with it if told so. Reads to the length or to the end of the
-// file.
+// Documented: closes its descriptor when deallocated, if told so. Reads up to the length or the end
+// of the file.
 @implementation NSFileHandle {
     int _file;
     BOOL _closes;
@@ -155,8 +155,8 @@ NSString* NSHomeDirectory(void) {
 
 @end
 
-// Belief: the bundle of a folder that is no application has no identifier, rather than there being
-// none.
+// Belief: a folder that is not an application still has a bundle, but that bundle has no
+// identifier.
 @implementation NSBundle {
     NSString* _identifier;
 }
@@ -178,7 +178,7 @@ NSString* NSHomeDirectory(void) {
 
 @end
 
-// Not read on paper by anything but its failure: the program asks the preferences, not the files.
+// Only its failure is implemented: the program reads the preferences, not the files.
 @implementation NSPropertyListSerialization
 
 + (id)propertyListWithData:(NSData*)data

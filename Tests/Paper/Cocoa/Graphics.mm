@@ -1,10 +1,9 @@
-// Colours, fonts, images and layers, of which nothing is painted: their state is what tests look
-// at.
+// Colours, fonts, images and layers. Nothing is painted; tests examine their state.
 #include "Cocoa/Paper.hpp"
 
 const NSRect NSZeroRect{};
 
-// Documented: a pointer's position stands for the pixel below and to the right of it.
+// Documented: a pointer position refers to the pixel below and to the right of it.
 BOOL NSMouseInRect(NSPoint point, NSRect rect, BOOL flipped) {
     const double y = point.y - rect.origin.y;
     const double x = point.x - rect.origin.x;
@@ -23,12 +22,12 @@ void NSRectFillUsingOperation(NSRect, NSCompositingOperation operation) {
     paper::drawing().emplace_back(keepsShape ? "fill where there is something" : "fill");
 }
 
-// Documented: a layer keeps what it was given. Nothing is composed or painted here.
+// Documented: a layer keeps the properties it was given. Nothing is composited or painted here.
 @implementation CALayer
 @end
 
-// Belief: the system's colours compare equal to themselves; CGColor lives at least as long as its
-// colour's autorelease pool, here to the end of the process.
+// Belief: system colours compare equal to themselves; a CGColor lives at least as long as its
+// colour's autorelease pool, here until the process ends.
 @implementation NSColor
 
 static NSColor* named(NSString* name) {
@@ -191,7 +190,7 @@ static NSImage* image(NSString* name, NSSize size) {
 
 @end
 
-// Documented: fill paints in the current colour; here it is only known to be called.
+// Documented: fill uses the current colour; here only the call is recorded.
 @implementation NSBezierPath
 
 + (NSBezierPath*)bezierPathWithRoundedRect:(NSRect)rect xRadius:(CGFloat)x yRadius:(CGFloat)y {

@@ -12,7 +12,7 @@ std::function<NSMenuItem*(NSMenu*)>& menuAnswer() {
 
 }
 
-// Documented: the target is not held, representedObject is.
+// Documented: the target is not retained, representedObject is.
 @implementation NSMenuItem
 
 - (instancetype)initWithTitle:(NSString*)title action:(SEL)action keyEquivalent:(NSString*)key {
@@ -39,9 +39,9 @@ std::function<NSMenuItem*(NSMenu*)>& menuAnswer() {
 @end
 
 // Documented: popUp… tracks in a loop of its own and returns when the menu is closed; an item's
-// target and a menu's delegate are not held; no target means the first responder, at last the
-// application. Belief: the action is sent before popUp… returns, and never once the tracking was
-// cancelled.
+// target and a menu's delegate are not retained; without a target the action goes to the first
+// responder, and finally to the application. Belief: the action is sent before popUp… returns, and
+// never after the tracking was cancelled.
 @implementation NSMenu {
     std::vector<NSMenuItem*> _items;
     BOOL _isTracking;
@@ -115,12 +115,12 @@ std::function<NSMenuItem*(NSMenu*)>& menuAnswer() {
 
 @end
 
-// Documented: has a button of its own from the start. Belief: the bar never refuses one; a crowded
-// bar hides it instead.
+// Documented: has a button from the start. Belief: the bar never refuses an item; a crowded bar
+// hides it instead.
 @implementation NSStatusItem
 @end
 
-// Documented: the bar holds its items until they are removed.
+// Documented: the bar retains its items until they are removed.
 @implementation NSStatusBar
 
 + (NSStatusBar*)systemStatusBar {

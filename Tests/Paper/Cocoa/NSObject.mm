@@ -1,5 +1,5 @@
-// The root class, and what the runtime needs of the classes above it. Built without ARC, whose
-// calls end here.
+// The root class, and what the runtime needs from the classes above it. Compiled without ARC,
+// because it implements what ARC calls.
 #include "Runtime/Runtime.hpp"
 
 #import <Foundation/Foundation.h>
@@ -173,7 +173,7 @@ SEL NSSelectorFromString(NSString* name) {
 extern "C" bool paper_hasVersion(const char* asked);
 
 Class NSClassFromString(NSString* name) {
-    // Glass came with version 26.
+    // NSGlassEffectView exists since version 26.
     if (std::string_view{name.UTF8String} == "NSGlassEffectView" && !paper_hasVersion("macOS 26"))
         return nil;
     return asClass(rt::classNamed(name.UTF8String));

@@ -24,7 +24,7 @@
 
 @end
 
-// Documented: the main queue runs what it gets on the main thread.
+// Documented: the main queue runs its operations on the main thread.
 @implementation NSOperationQueue
 
 + (NSOperationQueue*)mainQueue {
@@ -34,9 +34,9 @@
 
 @end
 
-// Documented: the centre holds a block's observer until it is removed; a notification posted on the
-// main thread reaches a block on the main queue before the post returns; an observer that another
-// one removed is no longer called.
+// Documented: the centre retains a block's observer until it is removed; a notification posted on
+// the main thread reaches a block on the main queue before the post returns; an observer that
+// another one has removed is no longer called.
 @implementation NSNotificationCenter {
 @public
     std::vector<PaperObserver*> _observers;
@@ -89,8 +89,8 @@
 
 @end
 
-// Documented: an observer is not held, and not removed by itself. Delivery at once, whatever the
-// program's activation, is what the suspension behaviour asks for.
+// Documented: an observer is neither retained nor removed automatically. Delivery is immediate even
+// if the program is inactive, as the suspension behaviour requests.
 @implementation NSDistributedNotificationCenter
 
 + (NSDistributedNotificationCenter*)defaultCenter {

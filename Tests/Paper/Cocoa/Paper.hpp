@@ -1,5 +1,5 @@
-/// The paper world as tests see it: displays are plugged in, applications start, the pointer moves,
-/// and time passes only when a test says so. What the program asked of the system is written down.
+/// The paper world as tests control it: displays are plugged in, applications start, the pointer
+/// moves, and time passes only on request. The program's requests to the system are recorded.
 #pragma once
 
 #include "Cocoa/Extensions.hpp"
@@ -13,26 +13,26 @@
 
 namespace paper {
 
-/// Calls `body` as AppKit's loop calls the program: an exception that comes out ends here, and
-/// counts.
+/// Calls `body` as AppKit's loop calls the program: an escaping exception is caught here and
+/// recorded.
 template <class Body>
 void guarded(const std::string& where, Body body);
 void noteEscaped(const std::string& where, NSException* exception);
-/// Exceptions that left the program, as "where: reason".
+/// Exceptions that escaped from the program, as "where: reason".
 [[nodiscard]] const std::vector<std::string>& escapedExceptions();
 
 // --- Time.
 [[nodiscard]] double now();
-/// Runs everything that is due at this moment.
+/// Runs everything that is due now.
 void drain();
-/// Lets time pass; timers, display links and animations are served on the way.
+/// Advances the time, serving timers, display links and animations on the way.
 void advance(double seconds);
-/// The main thread stands still for so long: time passes and nothing is served.
+/// Blocks the main thread for this long: time passes, but nothing is served.
 void stall(double seconds);
-/// What happens meanwhile, each time.
+/// Called on each stall.
 void onStall(std::function<void()> meanwhile);
 [[nodiscard]] std::size_t pendingTimers();
-/// Blocks given to background queues wait until it is set to false again.
+/// While held, blocks submitted to background queues are not run.
 void holdBackground(bool holds);
 
 // --- Displays, in NSScreen's coordinates: y upwards from the bottom left corner of the first.
@@ -43,9 +43,9 @@ struct Display {
     double scale = 2;
     unsigned unit = 0;
 };
-/// These are the displays from now on; says so to the program.
+/// Replaces the displays and notifies the program.
 void plug(const std::vector<Display>& displays);
-/// The callback of Core Graphics; does not turn the loop.
+/// Calls Core Graphics' callback; does not run the loop.
 void announceMainDisplay(unsigned number);
 
 // --- Applications.
@@ -55,23 +55,23 @@ struct App {
     int processIdentifier = 0;
     std::string path;
 };
-/// Runs without being announced, as those that ran before the program.
+/// Starts an app without announcing it, like those that ran before the program.
 NSRunningApplication* run(const App& app);
 NSRunningApplication* launch(const App& app);
 void quit(int processIdentifier);
-/// Ends and says so while the workspace still lists it.
+/// Ends an app and announces that while the workspace still lists it.
 void quitButStayListed(int processIdentifier);
-/// The user hides all programs but the one in front.
+/// The user hides all programs except the frontmost.
 void hideOthers();
-/// The system grants no activation, as from version 14 on it need not.
+/// The system refuses activation requests, as it may since version 14.
 void refuseActivation(bool refuses);
-/// The user opens the program that runs already.
+/// The user opens the program again while it is running.
 void reopen();
-/// Found by the workspace without running.
+/// Makes the workspace find the app although it is not running.
 void install(const App& app);
-/// The login item can be neither registered nor removed, for this reason; 0 for none.
+/// Makes registering and removing the login item fail with this code; 0 for success.
 void refuseLoginItem(int code);
-/// What the program asked of the system, in order: "open /Applications/Notes.app".
+/// The program's requests to the system, in order: "open /Applications/Notes.app".
 [[nodiscard]] std::vector<std::string>& requests();
 
 // --- Pointer and keyboard, in NSScreen's coordinates.
@@ -79,43 +79,43 @@ void movePointer(NSPoint to);
 void press(bool control = false);
 void release();
 void rightPress();
-/// The user drags a slider to this value and lets go.
+/// The user drags a slider to this value and releases it.
 void dragSlider(NSSlider* slider, double value);
 void click(NSPoint at, bool control = false);
-/// One that happened so long ago and that the main thread comes to only now.
+/// A click that happened this long ago, and that the main thread only handles now.
 void clickEarlier(NSPoint at, double seconds);
-/// The button goes up where no window hears of it.
+/// The button is released without any window being told.
 void loseRelease();
 [[nodiscard]] NSUInteger pressedButtons();
 void setEscapeDown(bool isDown);
 [[nodiscard]] bool isEscapeDown();
-/// A drag of files out of another program, with the button held.
+/// Begins dragging files from another program, with the button held.
 void beginFileDrag(const std::vector<std::string>& paths, NSDragOperation allowed);
-/// True if the window below took the drop.
+/// Returns whether the window below accepted the drop.
 bool dropFiles();
 void cancelFileDrag();
 
 // --- Windows.
 [[nodiscard]] NSWindow* windowTitled(const std::string& beginning);
 void display();
-/// What a menu that is popped up is answered with while it is open; nil closes it.
+/// Chooses the entry of each popped-up menu while it is open; nil closes it.
 void answerMenus(std::function<NSMenuItem*(NSMenu*)> answer);
 [[nodiscard]] NSMenuItem* itemTitled(NSMenu* menu, const std::string& title);
-/// Opens the status item's menu and chooses this entry; false if there is none.
+/// Opens the status item's menu and chooses this entry; returns false if there is none.
 bool chooseStatusItem(const std::string& title);
-/// Status items, event monitors, display links and windows that are still there.
+/// Status items, event monitors, display links and windows that still exist.
 [[nodiscard]] std::vector<std::string> leftovers();
 
-/// What the image that was drawn last is made of, in order: "draw trash.fill".
+/// The drawing calls for the image drawn last, in order: "draw trash.fill".
 [[nodiscard]] std::vector<std::string>& drawing();
 
-/// The user goes to another desktop, or to another program's full screen.
+/// The user switches to another desktop, or to another program's full screen.
 void showSpace(int number, bool isFullScreen = false);
-/// Whether a window is to be seen there.
+/// Whether the window is visible there.
 [[nodiscard]] bool isShown(NSWindow* window);
-/// Another program puts a window there, above all docks.
+/// Another program shows a window in this frame, above all docks.
 void cover(NSRect frame);
-/// 15 at first.
+/// Initially 15.
 void setSystemVersion(int major);
 
 // --- Other programs' windows.
@@ -126,13 +126,13 @@ struct ForeignWindow {
 };
 struct ForeignApp {
     std::vector<ForeignWindow> windows;
-    /// Answers nothing: each question costs its time-out.
+    /// Does not respond: each call runs into its timeout.
     bool isHung = false;
-    /// What it refuses, by the attribute's name, with "set " before it for the setting of one.
+    /// Calls that fail, by the attribute's name, preceded by "set " for setters.
     std::map<std::string, AXError> errors;
-    /// Attributes that it answers with a text, whatever they should be.
+    /// Attributes that return a text, whatever type they should have.
     std::set<std::string> nonsense;
-    /// Questions asked so far.
+    /// Number of calls so far.
     int questions = 0;
 };
 [[nodiscard]] std::map<int, ForeignApp>& foreignApps();
@@ -140,13 +140,14 @@ void setTrusted(bool isTrusted);
 [[nodiscard]] bool isTrusted();
 
 // --- Event taps.
-/// Where the pointer is after the taps had it. Coordinates of Core Graphics: y downwards.
+/// The pointer's position after the taps have processed the move, in Core Graphics coordinates: y
+/// downwards.
 [[nodiscard]] CGPoint throughTaps(CGPoint at, bool isDragging);
-/// Moves that a tap did not answer within a second, and that went on without it.
+/// Moves that a tap did not answer within a second, and that were passed on regardless.
 [[nodiscard]] std::size_t unansweredMoves();
-/// As the system does with a tap that was too slow or lost its permission.
+/// As the system does to a tap that was too slow or lost its permission.
 void disableTaps(CGEventType reason);
-/// Whether a tap can be made, beyond the permission.
+/// Whether creating a tap succeeds, given the permission.
 void allowTaps(bool allows);
 /// The system takes a new tap back before anything serves it.
 void takeTapsBack(bool takes);
@@ -154,18 +155,18 @@ void takeTapsBack(bool takes);
 [[nodiscard]] std::size_t enabledTaps();
 
 // --- Files and preferences.
-/// The user's home folder, to be set before the program starts.
+/// The user's home folder; must be set before the program starts.
 void setHome(const std::string& path);
 [[nodiscard]] const std::string& home();
-/// Nothing in it can be moved to the trash.
+/// Makes moving the folder's content to the trash fail.
 void lockFolder(const std::string& path);
 [[nodiscard]] std::size_t fileWatches();
-/// What is pinned in Apple's Dock: property list objects.
+/// The list of pinned apps in Apple's Dock, as property list objects.
 void setPersistentApps(id list);
-/// A tile of that list.
+/// A tile in that list.
 [[nodiscard]] NSDictionary* dockTile(const App& app);
 
-/// What the user does between the program's launch and its end.
+/// The user's actions between the program's launch and its end.
 void setScript(std::function<void()> script);
 [[nodiscard]] bool reducesMotion();
 void setReducesMotion(bool reduces);

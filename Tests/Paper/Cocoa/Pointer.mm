@@ -1,5 +1,5 @@
-// The pointer and its buttons: which window and view get the events, tracking areas, drags of
-// files.
+// The pointer and its buttons: which window and view receive events, tracking areas, and file
+// drags.
 #include "Cocoa/Paper.hpp"
 
 #include <algorithm>
@@ -21,8 +21,8 @@ NSPasteboardReadingOptionKey const NSPasteboardURLReadingFileURLsOnlyKey =
 @implementation PaperDrag
 @end
 
-// Documented: objects of the classes asked for, in order. Belief: with file URLs alone asked for, a
-// drag from another program yields them as file:// URLs.
+// Documented: objects of the requested classes, in order. Belief: if only file URLs are requested,
+// a drag from another program yields them as file:// URLs.
 @implementation NSPasteboard
 
 - (NSArray*)readObjectsForClasses:(NSArray*)classes options:(NSDictionary*)options {
@@ -45,7 +45,7 @@ constexpr auto mouseExited = static_cast<NSEventType>(9);
 struct PointerState {
     NSPoint at{-10000, -10000};
     NSUInteger buttons = 0;
-    /// Gets the drags and the release that belong to a press.
+    /// Receives the drags and the release that belong to a press.
     NSView* pressed = nil;
     PaperDrag* drag = nil;
     NSView* destination = nil;
@@ -90,8 +90,8 @@ NSWindow* frontWindow() {
     return found == order.end() ? nil : *found;
 }
 
-/// Belief: the server passes a click through a window that is not opaque wherever it has no pixels;
-/// here, wherever its views take none.
+/// Belief: the server passes clicks through a window that is not opaque wherever it has no pixels;
+/// here, wherever its views accept none.
 std::pair<NSWindow*, NSView*> target() {
     for (NSWindow* const window : paper::orderedWindows()) {
         if (paper::isCovered(pointer().at) || !NSMouseInRect(pointer().at, window.frame, NO))
@@ -104,7 +104,7 @@ std::pair<NSWindow*, NSView*> target() {
 }
 
 /// Documented: mouseEntered and mouseExited once each, mouseMoved only while no button is held.
-/// Belief: nothing is entered with a button held, but left.
+/// Belief: while a button is held, areas are exited but not entered.
 void track(NSView* view, NSWindow* window, bool isHere) {
     for (NSTrackingArea* area in [view paperTrackingAreas]) {
         const id owner = area.paperOwner;
@@ -129,7 +129,7 @@ void track(NSView* view, NSWindow* window, bool isHere) {
 void trackAll() {
     NSWindow* const front = frontWindow();
     const auto windows = paper::orderedWindows();
-    // Left before entered.
+    // All exits come before the entries.
     for (NSWindow* const window : windows)
         if (window != front)
             track(window.contentView, window, false);
@@ -168,8 +168,8 @@ void moveDrag() {
 
 }
 
-// Documented: the location is in the window's coordinates, from its bottom left corner; the time is
-// in seconds since the start of the system, as its uptime.
+// Documented: the location is in the window's coordinates, from its bottom-left corner; the time is
+// in seconds since the system started, like its uptime.
 @implementation NSEvent
 
 + (NSTimeInterval)doubleClickInterval {

@@ -1,4 +1,4 @@
-// The main run loop under a clock that only tests move, and dispatch queues on it and beside it.
+// The main run loop, on a clock that only tests advance, and the dispatch queues.
 #include "Cocoa/Paper.hpp"
 
 #import <dispatch/dispatch.h>
@@ -45,7 +45,7 @@ NSTimer* nextTimer() {
     return next;
 }
 
-/// False if there was nothing to run.
+/// Returns false if there was nothing to run.
 bool runOne(std::deque<Block>& queue) {
     if (queue.empty())
         return false;
@@ -59,9 +59,9 @@ bool runOne(std::deque<Block>& queue) {
 
 }
 
-// Documented: held by its run loop until it fired or was invalidated, holds its block, and a
-// repeating one that missed turns fires once and keeps to its plan. No interval is the shortest
-// one, 0.1 ms.
+// Documented: retained by its run loop until it has fired or is invalidated; retains its block; a
+// repeating timer that missed firings fires once and keeps its schedule. An interval of zero means
+// the shortest one, 0.1 ms.
 @implementation NSTimer {
     double _interval;
     void (^_block)(NSTimer*);
@@ -106,8 +106,7 @@ bool runOne(std::deque<Block>& queue) {
 @end
 
 // Documented: blocks performed in modes run in a turn of their own, before the main queue's.
-// Belief: a menu that is open, or a control that is held, keeps the main queue waiting only if it
-// was opened from there.
+// Belief: an open menu or a held control blocks the main queue only if it was opened from there.
 @implementation NSRunLoop
 
 + (NSRunLoop*)mainRunLoop {
@@ -127,7 +126,7 @@ bool runOne(std::deque<Block>& queue) {
 
 @end
 
-// Documented: systemUptime does not count sleep; no sleep is played on this clock.
+// Documented: systemUptime does not include sleep, which this clock does not simulate.
 @implementation NSProcessInfo
 
 + (NSProcessInfo*)processInfo {
@@ -244,7 +243,7 @@ void advance(double seconds) {
             const double atFrame = nextFrame();
             if (std::min(atTimer, atFrame) > end)
                 break;
-            // Never early, be it by the last bit of a sum.
+            // Prevents timers from firing early because of rounding errors.
             constexpr double lateness = 1e-6;
             loop().now = std::max(loop().now, std::min(atTimer, atFrame) + lateness);
             if (atFrame <= atTimer)

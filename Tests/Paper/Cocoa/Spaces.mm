@@ -1,4 +1,4 @@
-// Desktops, full screens, other programs' windows in front, and the version of it all.
+// Desktops, full screens, other programs' windows in front, and the system's version.
 #include "Cocoa/Paper.hpp"
 
 #include <algorithm>
@@ -21,13 +21,13 @@ Desktop& desktop() {
 
 constexpr NSInteger firstCover = 9000;
 
-/// Belief: where its views take no pointer, a window that is not opaque has no pixels.
+/// Belief: a window that is not opaque has no pixels where its views do not accept the pointer.
 bool hasPixels(NSWindow* window, NSPoint at) {
     const NSPoint inWindow = [window convertPointFromScreen:at];
     return window.opaque || [window.contentView hitTest:inWindow] != nil;
 }
 
-/// The numbers of the windows that have pixels there, the one in front first.
+/// The numbers of the windows that have pixels there, frontmost first.
 std::vector<NSInteger> numbersAt(NSPoint at) {
     std::vector<NSInteger> numbers;
     const auto& covers = desktop().covers;
@@ -42,8 +42,8 @@ std::vector<NSInteger> numbersAt(NSPoint at) {
 
 }
 
-// Documented: looks at the windows of all programs, below the one of that number or at all of them
-// for 0; one that is transparent at the point does not count; 0 for none.
+// Documented: considers the windows of all programs, below the one with that number, or all of them
+// for 0; windows that are transparent at the point are skipped; returns 0 for none.
 @implementation NSWindow (Numbers)
 
 + (NSInteger)windowNumberAtPoint:(NSPoint)point belowWindowWithWindowNumber:(NSInteger)number {
@@ -81,8 +81,8 @@ void showSpace(int number, bool isFullScreen) {
     desktop().isFullScreen = isFullScreen;
 }
 
-// Documented: a window is on the desktop where it was shown, unless it joins all or moves to the
-// one that is shown; over another program's full screen there are only auxiliary ones.
+// Documented: a window is on the desktop where it was shown, unless it joins all desktops or moves
+// to the active one; over another program's full screen only auxiliary windows are shown.
 bool isShown(NSWindow* window) {
     const auto has = [window](NSWindowCollectionBehavior behaviour) {
         return (window.collectionBehavior & behaviour) != 0;

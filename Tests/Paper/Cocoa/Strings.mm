@@ -1,4 +1,4 @@
-// Strings as UTF-8, and the three kinds of constants that the compiler makes of literals.
+// Strings as UTF-8, and the three kinds of constants that the compiler emits for literals.
 #include "Cocoa/Extensions.hpp"
 
 #include <map>
@@ -39,7 +39,7 @@ std::string fromUTF16(const char16_t* units, std::size_t count) {
     return text;
 }
 
-/// The bytes behind a lead byte, or nothing for what is no lead byte.
+/// The number of bytes that follow a lead byte; nullopt if it is not a lead byte.
 std::optional<std::size_t> tailLength(unsigned char lead) {
     if (lead < 0x80)
         return 0;
@@ -52,7 +52,7 @@ std::optional<std::size_t> tailLength(unsigned char lead) {
     return std::nullopt;
 }
 
-/// Neither longer than needed, nor a surrogate, nor beyond the last code.
+/// Rejects overlong encodings, surrogates, and values beyond the last code point.
 bool isAllowed(unsigned char lead, unsigned char second) {
     return !(lead == 0xE0 && second < 0xA0) && !(lead == 0xED && second >= 0xA0) &&
            !(lead == 0xF0 && second < 0x90) && !(lead == 0xF4 && second >= 0x90);
@@ -73,7 +73,7 @@ bool isUTF8(const unsigned char* bytes, std::size_t count) {
     return true;
 }
 
-/// The text of a constant, made at its first use and kept.
+/// The text of a constant, created on first use and kept.
 const std::string& kept(const void* constant, std::string (*make)(const void*)) {
     static auto& guard = *new std::mutex;
     static auto& texts = *new std::map<const void*, std::string>;
@@ -86,7 +86,7 @@ const std::string& kept(const void* constant, std::string (*make)(const void*)) 
 
 }
 
-// Documented: initWithBytes: gives nil for what is not in the encoding; strings compare by content.
+// Documented: initWithBytes: returns nil for invalid bytes; strings are compared by content.
 @implementation NSString {
     std::string _text;
 }
@@ -164,7 +164,7 @@ const std::string& kept(const void* constant, std::string (*make)(const void*)) 
 
 @end
 
-// What CFSTR() makes.
+// The result of CFSTR().
 @interface PaperCFString : NSString
 @end
 
@@ -192,8 +192,8 @@ const std::string& kept(const void* constant, std::string (*make)(const void*)) 
 __asm__(".globl __CFConstantStringClassReference\n"
         ".set __CFConstantStringClassReference, ._OBJC_CLASS_PaperCFString\n");
 
-// A literal of at most eight ASCII characters: it lives in its pointer, seven bits a character from
-// the top, the length above the three bits of the tag.
+// A literal of at most eight ASCII characters: stored in the pointer itself, seven bits per
+// character from the top, with the length above the three tag bits.
 @interface PaperShortString : NSString
 @end
 

@@ -1,4 +1,4 @@
-// Run loops of other threads than the main one, for the sources of event taps.
+// Run loops of threads other than the main one, for the sources of event taps.
 #include "Cocoa/Paper.hpp"
 
 #include <atomic>
@@ -8,7 +8,7 @@
 #include <memory>
 #include <mutex>
 
-// Documented: a loop ends when it is stopped, which nothing remembers of a loop that does not run,
+// Documented: a loop ends when it is stopped, which has no effect on a loop that is not running,
 // and when no source is left in its mode.
 @interface PaperThreadLoop : NSObject
 - (void)addSource;
@@ -84,12 +84,12 @@ struct Task {
 }
 
 - (BOOL)perform:(const std::function<void()>&)body {
-    constexpr std::chrono::seconds patience{1};
+    constexpr std::chrono::seconds timeout{1};
     const auto task = std::make_shared<Task>(Task{.body = body});
     std::unique_lock hold{_lock};
     _tasks.push_back(task);
     _changed.notify_all();
-    _changed.wait_for(hold, patience, [&] { return task->isBegun || _sources == 0; });
+    _changed.wait_for(hold, timeout, [&] { return task->isBegun || _sources == 0; });
     _changed.wait(hold, [&] { return task->isDone || !task->isBegun; });
     std::erase(_tasks, task);
     return task->isDone;
@@ -99,7 +99,7 @@ struct Task {
 
 namespace {
 
-/// Sends nothing, as it is asked on every thread.
+/// Sends no messages, because it is called on every thread.
 bool isMain(CFRunLoopRef loop) {
     return paper::rt::classOf(reinterpret_cast<paper::rt::Object*>(loop)) ==
            paper::rt::classNamed("NSRunLoop");
@@ -132,7 +132,7 @@ void CFRunLoopStop(CFRunLoopRef loop) {
     [threadLoop(loop) stop];
 }
 
-// On the main thread virtual time passes, as with everything there.
+// On the main thread, virtual time passes.
 int32_t CFRunLoopRunInMode(CFRunLoopMode, double seconds, Boolean) {
     constexpr int32_t timedOut = 3;
     if (!paper::rt::isMainThread())

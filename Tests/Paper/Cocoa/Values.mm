@@ -20,8 +20,7 @@ NSErrorDomain const NSPOSIXErrorDomain = @"NSPOSIXErrorDomain";
 
 @end
 
-// Documented: a truth value is a number of a kind of its own, told apart by its Core Foundation
-// type.
+// Documented: a boolean is a separate kind of number, distinguished by its Core Foundation type.
 @implementation NSNumber {
     long long _whole;
     double _real;
@@ -75,7 +74,7 @@ static NSNumber* make(long long whole, double real, BOOL isBoolean, BOOL isReal)
 
 @end
 
-// Documented: `bytes` lives as long as the object.
+// Documented: `bytes` is valid as long as the object.
 @implementation NSData {
     std::vector<char> _content;
 }
@@ -103,7 +102,7 @@ static NSNumber* make(long long whole, double real, BOOL isBoolean, BOOL isReal)
 
 @end
 
-// Belief: the description of a POSIX error contains the system's own text for it.
+// Belief: the description of a POSIX error contains the system's own message.
 @implementation NSError
 
 + (instancetype)errorWithDomain:(NSErrorDomain)domain
@@ -127,8 +126,8 @@ static NSNumber* make(long long whole, double real, BOOL isBoolean, BOOL isReal)
 
 @end
 
-// Documented: name and reason say what went wrong. What paper raises is thrown through C++ frames,
-// as Apple's runtime does on 64 bits.
+// Documented: name and reason say what went wrong. Exceptions raised by paper are thrown through
+// C++ frames, as Apple's 64-bit runtime does.
 @implementation NSException
 
 + (void)paperRaise:(NSExceptionName)name reason:(NSString*)reason {
@@ -149,9 +148,9 @@ extern "C" void paper_raise(const char* reason) {
     [NSException paperRaise:@"NSInvalidArgumentException" reason:paper::text(reason)];
 }
 
-// Documented: a file URL escapes what is not allowed in a path; URLWithString: gives nil for text
-// that is no URL; an address on the web has a path as well. Belief: only blanks make it so, which
-// is what the program could meet.
+// Documented: a file URL escapes what is not allowed in a path; URLWithString: returns nil for
+// invalid text; web addresses have a path as well. Belief: only blanks make a text invalid, which
+// is all that the program could meet.
 @implementation NSURL {
     std::string _path;
     std::string _text;

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-// Documented: an event that nothing handles goes up the responder chain. Here it ends at the view.
+// Documented: unhandled events go up the responder chain. Here they end at the view.
 @implementation NSResponder
 
 - (void)mouseDown:(NSEvent*)event {
@@ -36,7 +36,7 @@
 
 @end
 
-// Documented: an owner is not held.
+// Documented: the owner is not retained.
 @implementation NSTrackingArea
 
 - (instancetype)initWithRect:(NSRect)rect
@@ -60,8 +60,7 @@
 
 namespace {
 
-/// What autoresizing makes of a position and a length, the flexible parts sharing evenly.
-/// Documented.
+/// Documented: autoresizing of a position and a length; the flexible parts share the change evenly.
 void autoresize(double& origin, double& length, double change, bool before, bool within,
                 bool after) {
     const int parts = static_cast<int>(before) + static_cast<int>(within) + static_cast<int>(after);
@@ -93,9 +92,9 @@ NSRect autoresized(NSView* view, NSSize before, NSSize after) {
 
 }
 
-// Documented: a view holds its subviews and is not held by its window's reference to it; a flipped
-// view has its origin at the top left; hitTest: takes a point of the superview and asks the topmost
-// subview first. Belief: viewDidChangeBackingProperties comes when a view enters a window, when its
+// Documented: a view retains its subviews, and does not retain its window; a flipped view has its
+// origin at the top left; hitTest: takes a point in the superview and asks the topmost subview
+// first. Belief: viewDidChangeBackingProperties is sent when a view enters a window, when its
 // window's scale changes, and when it leaves.
 @implementation NSView {
     __unsafe_unretained NSWindow* _window;
@@ -161,7 +160,7 @@ NSRect autoresized(NSView* view, NSSize before, NSSize after) {
 }
 
 - (void)setBounds:(NSRect)bounds {
-    // Nothing here scales what a view shows.
+    // Scaled bounds are not supported here.
     _boundsOrigin = bounds.origin;
 }
 

@@ -1,4 +1,4 @@
-// Windows: frames, screens and scales, order, and the animation of frames.
+// Windows: frames, screens and scales, order, and animated frames.
 #include "Cocoa/Paper.hpp"
 
 #include <algorithm>
@@ -25,8 +25,8 @@ NSWindow* keyWindow() {
 
 // Documented: constrained frames keep a titled window's bar below the menu bar; a window's screen
 // is the one that it overlaps most; close releases a window only if releasedWhenClosed; order
-// within a level. Belief: on screen, a window is held by the window server; titled windows have a
-// bar of 28 points.
+// within a level. Belief: a window on screen is retained by the window server; titled windows have
+// a bar of 28 points.
 @implementation NSWindow {
     NSView* _content;
     NSRect _frame;
@@ -181,7 +181,7 @@ NSWindow* keyWindow() {
     static_cast<void>(sender);
     self.miniaturized = NO;
     [self orderFrontRegardless];
-    // Documented: of a program that is not active, behind the windows of the one that is.
+    // Documented: a window of an inactive program is ordered behind those of the active one.
     self.paperIsBehind = !NSApplication.sharedApplication.paperIsActive;
     if (!self.canBecomeKeyWindow)
         return;
@@ -207,9 +207,9 @@ NSWindow* keyWindow() {
 @implementation NSPanel
 @end
 
-// A frame on its way. Belief: AppKit steps it on the main thread, at the display's rate, easing in
-// and out; one animation of a frame replaces the one before, whose completion handler is called
-// when it is.
+// An animated frame. Belief: AppKit steps it on the main thread at the display's rate, easing in
+// and out; a new animation of the frame replaces the previous one, whose completion handler is then
+// called.
 @interface PaperAnimation : NSObject
 @property(weak) NSWindow* window;
 @property NSRect from;
@@ -303,8 +303,8 @@ Animations& animations() {
 
 @end
 
-// Documented: a quarter of a second unless the group says otherwise; the completion handler is
-// called on the main thread, at once (but in a later turn) if nothing was animated.
+// Documented: a quarter of a second unless the group sets a duration; the completion handler is
+// called on the main thread, in the next turn if nothing was animated.
 @implementation NSAnimationContext
 
 + (void)runAnimationGroup:(void (^)(NSAnimationContext*))changes

@@ -59,7 +59,7 @@ NSRunningApplication* make(const paper::App& app) {
     return made;
 }
 
-/// Found by the workspace from now on, once whatever how often it starts.
+/// Makes the workspace find the app from now on; repeated calls have no effect.
 void know(NSRunningApplication* app) {
     auto& known = paper::installedApplications();
     std::erase_if(known, [&](NSRunningApplication* other) {
@@ -68,7 +68,7 @@ void know(NSRunningApplication* app) {
     known.push_back(app);
 }
 
-/// No longer lists one that ended under the same number.
+/// Removes an app that has ended under the same process ID.
 void list(NSRunningApplication* app) {
     std::erase_if(paper::applications(), [&](NSRunningApplication* other) {
         return other.terminated && other.processIdentifier == app.processIdentifier;
@@ -83,7 +83,8 @@ void announce(NSNotificationName name, NSRunningApplication* app) {
 
 }
 
-// Documented: what these were asked is a request; the program hears of the outcome by notification.
+// Documented: these methods only make requests; the program is told of the outcome by
+// notifications.
 @implementation NSRunningApplication
 
 + (NSArray*)runningApplicationsWithBundleIdentifier:(NSString*)identifier {
@@ -100,7 +101,7 @@ void announce(NSNotificationName name, NSRunningApplication* app) {
         .firstObject;
 }
 
-// Belief: a program that is active may hand that on, from version 14 on if it yields.
+// Belief: an active program may activate another one; since version 14 only after yielding.
 - (BOOL)activateWithOptions:(NSApplicationActivationOptions)options {
     static_cast<void>(options);
     paper::requests().push_back("activate " + self.bundleIdentifier.paperText);
@@ -121,7 +122,7 @@ void announce(NSNotificationName name, NSRunningApplication* app) {
 
 @end
 
-// Documented: activates is true unless told otherwise; the program sets it always.
+// Documented: activates is true by default; the program always sets it.
 @implementation NSWorkspaceOpenConfiguration
 
 + (instancetype)configuration {
@@ -135,7 +136,7 @@ void announce(NSNotificationName name, NSRunningApplication* app) {
 
 @end
 
-// Documented: the notifications of applications come from the workspace's own centre.
+// Documented: notifications about applications come from the workspace's own centre.
 @implementation NSWorkspace {
     NSNotificationCenter* _center;
 }
@@ -197,7 +198,7 @@ void announce(NSNotificationName name, NSRunningApplication* app) {
 
 @end
 
-// Documented: an error says why; the status stays what it was.
+// Documented: on failure an error is returned and the status is unchanged.
 @implementation SMAppService
 
 + (SMAppService*)mainAppService {

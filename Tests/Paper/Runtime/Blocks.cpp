@@ -1,5 +1,5 @@
-// Blocks and the variables that they share with the frame that makes them, after the block ABI that
-// Clang documents.
+// Blocks and the variables that they share with the frame that creates them, following Clang's
+// documented block ABI.
 #include "Runtime/Internal.hpp"
 
 #include <cstdlib>
@@ -9,15 +9,15 @@ using namespace paper::rt;
 
 namespace {
 
-// Bits of the flags of blocks and of shared variables.
+// Flag bits of blocks and shared variables.
 constexpr int countMask = 0xfffe;
 constexpr int needsFree = 1 << 24;
 constexpr int hasHelpers = 1 << 25;
 constexpr int isGlobal = 1 << 28;
-// One reference: bit 0 is not part of the count.
+// A single reference: bit 0 is not part of the count.
 constexpr int one = 2;
 
-// What a captured variable is, in the low byte of a helper's flags.
+// The kind of a captured variable, in the low byte of a helper's flags.
 constexpr int kindMask = 0xff;
 constexpr int object = 3;
 constexpr int block = 7;
@@ -68,7 +68,7 @@ SharedVariable* keepShared(const void* captured) {
     }
     auto* const copy = static_cast<SharedVariable*>(std::malloc(source->size));
     std::memcpy(static_cast<void*>(copy), source, source->size);
-    // Held by the frame and by the block.
+    // Referenced by the frame and by the block.
     copy->flags = source->flags | needsFree | (2 * one);
     copy->forwarding = copy;
     source->forwarding = copy;
@@ -137,7 +137,7 @@ void _Block_object_assign(void* to, const void* from, int flags) {
         *static_cast<SharedVariable**>(to) = keepShared(from);
         return;
     default:
-        // The content of a shared variable, which its own helpers look after.
+        // The content of a shared variable is managed by its own helpers.
         *static_cast<const void**>(to) = from;
     }
 }

@@ -1,4 +1,4 @@
-// Loads the classes of an image, lays out their instances and makes and frees these.
+// Loads the classes of an image, lays out their instances, and creates and frees those.
 #include "Runtime/Internal.hpp"
 #include "Runtime/Runtime.hpp"
 
@@ -12,7 +12,7 @@
 namespace paper::rt {
 namespace {
 
-// Kept to the end of the process: the leak check runs behind all static destructors.
+// Never freed: the leak check runs after all static destructors.
 std::map<std::string, Class*, std::less<>>& classes() {
     static auto& all = *new std::map<std::string, Class*, std::less<>>;
     return all;
@@ -33,8 +33,8 @@ long roundedUp(long size, long alignment) {
     return (size + alignment - 1) / alignment * alignment;
 }
 
-/// The compiler gives offsets relative to the superclass as it saw it: they are laid out again
-/// behind the superclass as it is.
+/// The compiler's offsets are relative to the superclass as it was at compile time; this moves the
+/// variables to follow the actual superclass.
 void layOutInstances(Class* klass) {
     long cursor = klass->superclass != nullptr ? klass->superclass->instanceSize : 0;
     const int count = klass->ivars != nullptr ? klass->ivars->count : 0;
@@ -78,7 +78,7 @@ void addCategory(const Category& category) {
     addMethods(klass->isa, category.classMethods);
 }
 
-/// Of each class from the root to `klass`, since C++ members of a superclass come first.
+/// The classes from the root to `klass`, since C++ members of a superclass are constructed first.
 std::vector<Class*> lineage(Class* klass) {
     std::vector<Class*> all;
     for (; klass != nullptr; klass = klass->superclass)

@@ -1,5 +1,5 @@
-// Objective-C exceptions as C++ ones: the type thrown is always id's, and a handler for a class
-// asks the object.
+// Objective-C exceptions as C++ ones: the type thrown is always that of id, and a handler for a
+// class checks the object's class.
 #include "Runtime/Internal.hpp"
 #include "Runtime/Runtime.hpp"
 
@@ -8,7 +8,7 @@
 
 #include <typeinfo>
 
-// The names are those of Clang's code.
+// These names appear in Clang's generated code.
 namespace gnustep::libobjc {
 
 struct __objc_id_type_info_class : std::type_info {

@@ -1,4 +1,4 @@
-/// What the runtime's own files share.
+/// Shared by the runtime's own files.
 #pragma once
 
 #include "Runtime/Layout.hpp"
@@ -13,16 +13,16 @@
 namespace paper::rt {
 
 struct ClassTable {
-    /// What the class itself implements, its categories included.
+    /// The methods that the class itself implements, including its categories.
     std::map<std::string, Slot, std::less<>> own;
-    /// By the caller's selector, of which there are several for one name.
+    /// Cache by the caller's selector, of which there may be several with the same name.
     std::unordered_map<const Selector*, Slot*> found;
     std::atomic<long> live{0};
-    /// Constants, classes and strings inside pointers are never freed.
+    /// Constants, classes and strings stored in pointers are never freed.
     bool isImmortal = false;
 };
 
-/// Lies in front of every object.
+/// Precedes every object in memory.
 struct Header {
     std::atomic<long> references;
     std::atomic<bool> isWeaklyHeld;
@@ -30,14 +30,14 @@ struct Header {
 inline constexpr std::size_t headerSize = 16;
 static_assert(sizeof(Header) <= headerSize);
 
-/// An object with that many references is being deallocated: more or fewer change nothing.
+/// The reference count of an object that is being deallocated; retain and release have no effect.
 inline constexpr long deallocating = 1L << 40;
 
 inline Header* header(Object* object) {
     return reinterpret_cast<Header*>(reinterpret_cast<char*>(object) - headerSize);
 }
 
-/// Short ASCII strings live inside their pointer, told by its low bits.
+/// Short ASCII strings are stored in their pointer, marked by its low bits.
 inline bool isTagged(const Object* object) {
     return (reinterpret_cast<std::uintptr_t>(object) & 7U) != 0;
 }
@@ -46,17 +46,17 @@ inline bool isImmortal(const Object* object) {
     return object->isa->table == nullptr || object->isa->table->isImmortal;
 }
 
-/// A block's isa is one of three arrays.
+/// A block's isa points to one of three arrays.
 bool isBlock(const Object* object);
 void loadBlockClasses(Class* blockClass);
 Object* copyBlock(const Object* block);
 void releaseBlock(Object* block);
 
-/// Never null: for a message without an answer it is one that raises an exception. `caller` is the
-/// address that the message is sent from.
+/// Never null: for an unrecognised message it is a slot that raises an exception. `caller` is the
+/// address from which the message is sent.
 Slot* lookUp(Class* klass, const Selector* selector, const void* caller);
 
-/// Remembers the selectors that `@selector()` stands for in this image.
+/// Registers the selectors that `@selector()` refers to in this image.
 void adoptSelectors(Selector* first, const Selector* last);
 
 [[noreturn]] void fail(const char* why, const char* what);

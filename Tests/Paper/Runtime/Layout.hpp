@@ -1,5 +1,5 @@
-/// The tables that Clang emits for -fobjc-runtime=gnustep-2.0, as far as this runtime reads them.
-/// The order and the size of every member are the compiler's.
+/// The tables that Clang emits for -fobjc-runtime=gnustep-2.0, as far as this runtime uses them.
+/// The order and size of all members are the compiler's.
 #pragma once
 
 #include <cstdint>
@@ -66,12 +66,12 @@ struct Class {
     Class* superclass;
     const char* name;
     long version;
-    /// Bit 0 is set for a metaclass.
+    /// Bit 0 is set for metaclasses.
     unsigned long info;
     long instanceSize;
     IvarList* ivars;
     MethodList* methods;
-    /// Free for the runtime's own table; null until the class is loaded.
+    /// Reserved for the runtime's own table; null until the class is loaded.
     ClassTable* table;
     void* construct;
     void* destruct;
@@ -93,7 +93,7 @@ struct Category {
     void* classProperties;
 };
 
-/// What the lookup of a message returns: the caller reads `code`.
+/// The result of a message look-up: the caller reads `code`.
 struct Slot {
     Class* owner;
     Class* cachedFor;
@@ -107,7 +107,7 @@ struct Super {
     Class* superclass;
 };
 
-/// Handed to `__objc_load` once for each linked image.
+/// Passed to `__objc_load` once for each linked image.
 struct Image {
     std::uint64_t version;
     Selector* selectors;

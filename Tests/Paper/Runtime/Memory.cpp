@@ -1,4 +1,4 @@
-// Reference counts, weak references and autorelease pools: what ARC's code calls.
+// Reference counts, weak references and autorelease pools: the functions that ARC calls.
 #include "Runtime/Internal.hpp"
 #include "Runtime/Runtime.hpp"
 
@@ -9,7 +9,7 @@ using namespace paper::rt;
 
 namespace {
 
-/// The places that hold an object weakly.
+/// The addresses of weak references to each object.
 std::unordered_map<Object*, std::unordered_set<Object**>>& weakPlaces() {
     static auto& all = *new std::unordered_map<Object*, std::unordered_set<Object**>>;
     return all;
@@ -31,7 +31,7 @@ void forget(Object** place) {
         found->second.erase(place);
 }
 
-/// What is autoreleased without any pool lives to the end of its thread.
+/// Objects autoreleased without a pool live until their thread ends.
 struct Pools {
     std::vector<Object*> objects;
 
@@ -92,7 +92,7 @@ Object* objc_autorelease(Object* object) {
 }
 
 void* objc_autoreleasePoolPush() {
-    // Never null, which a caller may take for no pool.
+    // Never null, which a caller might take for the absence of a pool.
     return reinterpret_cast<void*>(pools.objects.size() + 1);
 }
 
@@ -134,7 +134,7 @@ Object* objc_storeWeak(Object** place, Object* object) {
     *place = object;
     if (object == nullptr || isTagged(object) || isBlock(object) || isImmortal(object))
         return object;
-    // Apple's runtime ends the process here as well.
+    // Apple's runtime aborts here as well.
     if (header(object)->references >= deallocating / 2)
         fail("weak reference made to an object in its dealloc:", object->isa->name);
     header(object)->isWeaklyHeld = true;

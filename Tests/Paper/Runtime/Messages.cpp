@@ -1,4 +1,4 @@
-// Finds the code of a message, and keeps account of those that tests ask about.
+// Looks up methods, and records the messages that tests are interested in.
 #include "Runtime/Internal.hpp"
 #include "Runtime/Runtime.hpp"
 
@@ -7,8 +7,8 @@
 #include <cstring>
 #include <utility>
 
-// The program's objects are linked between two that hold nothing but these, so that a message's
-// sender is known by its address.
+// The program's objects are linked between two object files that contain only these symbols, so
+// that a message's sender is recognised by its address.
 extern "C" void paper_program_begin();
 extern "C" void paper_program_end();
 /// Raises an NSException with this reason.
@@ -40,7 +40,7 @@ bool isProgram(const void* caller) {
 
 thread_local std::string reason;
 
-/// Called in the place of the method, so that the exception leaves from the sender's frame.
+/// Called instead of the method, so that the exception originates in the sender's frame.
 void raiseReason() {
     paper_raise(reason.c_str());
 }
@@ -56,7 +56,7 @@ std::string describe(const Class* klass, const char* selector) {
     return std::string{isClassMethod ? "+[" : "-["} + klass->name + " " + selector + "]";
 }
 
-/// A slot when the message was made to raise.
+/// Returns a slot if the message is to raise.
 Slot* watched(const Class* klass, const char* selector, const void* caller) {
     Accounts& all = accounts();
     if (!isMainThread())
@@ -100,7 +100,7 @@ Slot* lookUp(Class* klass, const Selector* selector, const void* caller) {
 }
 
 void adoptSelectors(Selector* first, const Selector* last) {
-    // Typed selectors belong to messages; only untyped ones are compared by address.
+    // Typed selectors are used for messages; only untyped ones are compared by address.
     for (; first < last; ++first)
         if (first->name != nullptr && first->types == nullptr)
             accounts().selectors.try_emplace(first->name, first);

@@ -1,4 +1,5 @@
-// What synthesised properties call. All of them are guarded by one lock, also the nonatomic ones.
+// The functions that synthesised properties call. A single lock guards all of them, including
+// nonatomic ones.
 #include "Runtime/Internal.hpp"
 #include "Runtime/Runtime.hpp"
 
@@ -25,7 +26,7 @@ Object* copied(Object* object) {
                                                                                 nullptr);
 }
 
-/// Takes over `owned`.
+/// Takes ownership of `owned`.
 void store(Object* self, std::ptrdiff_t offset, Object* owned) {
     Object* before = nullptr;
     {

@@ -1,4 +1,4 @@
-// What is built here is for the processor that it is built on.
+// The build's target is always the processor that it runs on.
 #pragma once
 #if defined(__aarch64__)
 #define TARGET_CPU_ARM64 1

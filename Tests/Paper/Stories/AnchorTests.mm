@@ -1,4 +1,4 @@
-// The guard that keeps the desktop's own dock on its display, and the event tap that it needs.
+// The guard that keeps the desktop's own dock on its display, and its event tap.
 #include "ProgramTest.hpp"
 
 #include <atomic>

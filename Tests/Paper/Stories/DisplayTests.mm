@@ -1,4 +1,4 @@
-// Displays that come, go, sleep and change while the program runs.
+// Displays that are attached, removed, asleep or changed while the program runs.
 #include "ProgramTest.hpp"
 
 namespace vireline {
@@ -69,7 +69,7 @@ TEST_F(Displays, GetTheirDockBackInItsPlaceAfterSleep) {
     runProgram([] {
         NSWindow* const dock = dockOn(2);
         const NSRect planned = dock.frame;
-        // The window server gathers windows on what is left of the displays.
+        // The window server moves windows to the remaining displays.
         [dock setFrame:{{100, 100}, planned.size} display:YES];
         [NSWorkspace.sharedWorkspace.notificationCenter paperPost:NSWorkspaceDidWakeNotification
                                                          userInfo:nil];

@@ -1,4 +1,4 @@
-// What other programs may answer when the program asks for their windows, and moves them.
+// All possible answers of other programs when the program queries and moves their windows.
 #include "ProgramTest.hpp"
 
 #include <tuple>
@@ -24,7 +24,7 @@ protected:
         mail_ = makeApp("Mail", 502);
     }
 
-    /// A double click, which first summons and then fills; then time for all that is tried again.
+    /// A double click, which first summons and then fills; followed by enough time for all retries.
     void useMail(const std::function<void(paper::ForeignApp&)>& prepare) {
         runProgram([&] {
             paper::launch(mail_);
@@ -35,7 +35,7 @@ protected:
             paper::click(at);
             paper::click(at);
             paper::advance(30);
-            // Nothing is asked any more.
+            // No further calls are made.
             const int questions = app.questions;
             paper::advance(30);
             EXPECT_EQ(app.questions, questions);
@@ -60,7 +60,7 @@ TEST_P(RefusedCalls, LeaveTheDocksAlone) {
     const auto [call, error] = GetParam();
     const std::string name = call;
     useMail([&](paper::ForeignApp& app) { app.errors[name] = error; });
-    // Where the main window is not named, the first one is taken; filling asks for no frame.
+    // Without a main window the first window is used; filling does not read the frame.
     EXPECT_EQ(wasMoved(), name != "set AXPosition");
     EXPECT_EQ(wasResized(), name != "set AXSize");
 }

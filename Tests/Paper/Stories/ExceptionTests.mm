@@ -1,5 +1,5 @@
-// What becomes of the program when the system raises an exception: each selector that it sends to a
-// class of the system's raises, each time, in a process of its own.
+// The program's reaction to exceptions raised by the system: each selector that it sends to a
+// system class raises every time, in a separate process.
 #include "ProgramTest.hpp"
 
 #include <fcntl.h>

@@ -1,5 +1,5 @@
-// A user's day on paper in which one call of a port fails: the program goes on, nothing of it is
-// left behind, and once nothing fails every dock is as it was.
+// User scenarios on paper in which one call of a port fails: the program keeps running, leaves
+// nothing behind, and restores every dock once calls succeed again.
 #include "App/HostPlatform.hpp"
 #include "App/VirelineApp.hpp"
 #include "ProgramTest.hpp"
@@ -66,7 +66,7 @@ protected:
         paper::advance(12);
     }
 
-    /// Runs all of that; `faults` is told what to fail before the program starts.
+    /// Runs all of them; `faults` is configured before the program starts.
     void live(test::Faults& faults) {
         paper::setScript([&] {
             paper::guarded("the test", [&] {

@@ -1,4 +1,4 @@
-// Where a dock's content lies in its window and on the display, and what becomes of its window.
+// The position of a dock's content in its window and on the display, and the fate of its window.
 #include "ProgramTest.hpp"
 
 #include <algorithm>
@@ -14,7 +14,7 @@ protected:
 
     static NSView* content(NSWindow* dock) { return dock.contentView.subviews.firstObject; }
 
-    /// How far the content's right edge lies from that of display 2.
+    /// Distance of the content's right edge from that of display 2.
     static double fromTheRightEdge(NSWindow* dock) {
         const NSRect view = content(dock).frame;
         return 1440 + 1920 - (dock.frame.origin.x + view.origin.x + view.size.width);
@@ -45,7 +45,7 @@ TEST_P(PanelsAtAnySize, LieOnWholePixels) {
             NSWindow* const dock = dockOn(display);
             const NSRect view = content(dock).frame;
             const double scale = dock.backingScaleFactor;
-            // What is drawn beyond the view's own edges lies outside of its bounds' origin.
+            // Content beyond the view's edges lies outside its bounds.
             const NSPoint origin = content(dock).bounds.origin;
             EXPECT_LT(offThePixels(view.origin.y + view.size.height + origin.y, scale), 1e-9);
             EXPECT_LT(offThePixels(view.origin.x - origin.x, scale), 1e-9);
@@ -53,7 +53,7 @@ TEST_P(PanelsAtAnySize, LieOnWholePixels) {
     });
 }
 
-// Lengths with a fraction: 44 points that grow to 57.2, 33 that grow to 42.9 and 50.49.
+// Fractional lengths: 44 points that grow to 57.2, 33 that grow to 42.9, and 50.49.
 INSTANTIATE_TEST_SUITE_P(Sizes, PanelsAtAnySize,
                          testing::Values(Look{44, 1.3, "bottom"}, Look{33, 1.3, "left"},
                                          Look{33, 1.53, "right"}, Look{61, 1.7, "bottom"},
@@ -77,7 +77,7 @@ TEST_F(Panels, SlideWithTheirWindowAtTheRightEdge) {
         paper::movePointer({2000, 600});
         watch(120);
         EXPECT_NEAR(distances.back(), collapsed, 0.01);
-        // It moves by no more than the gap beside a dock that is out.
+        // It moves by at most the gap beside an expanded dock.
         const auto [nearest, farthest] = std::ranges::minmax(distances);
         EXPECT_NEAR(farthest - nearest, out - collapsed, 0.01);
         EXPECT_NEAR(out - collapsed, 4, 0.01);
@@ -91,7 +91,7 @@ TEST_F(Panels, DoNotBelieveInAPointerThatIsOverAWindowInFront) {
         const double collapsed = dock.frame.size.height;
         paper::cover({{1440, 0}, {1920, 200}});
         paper::movePointer({2400, 2});
-        // After sleep a dock looks where the pointer is.
+        // After sleep a dock checks where the pointer is.
         [NSWorkspace.sharedWorkspace.notificationCenter paperPost:NSWorkspaceDidWakeNotification
                                                          userInfo:nil];
         paper::advance(1);
@@ -114,7 +114,7 @@ TEST_F(Panels, CountTheirTopmostRowOfPixelsAsTheirsAndTheOneBelowThemAsNot) {
         double bottom = top;
         while (bottom > 0 && isHit(bottom))
             bottom -= 0.5;
-        // A row of pixels is known by its upper edge: whole numbers at both ends.
+        // A row of pixels is identified by its upper edge, so both ends are integers.
         EXPECT_DOUBLE_EQ(top, std::round(top));
         EXPECT_DOUBLE_EQ(bottom, std::round(bottom));
         EXPECT_FALSE(isHit(bottom));

@@ -1,4 +1,4 @@
-// Launch and quit, and what a dock is made of.
+// Launch and quit, and the composition of a dock.
 #include "ProgramTest.hpp"
 
 namespace vireline {

@@ -1,4 +1,4 @@
-// What differs between versions of the system, and what the system does to files and pipes.
+// Differences between versions of the system, and effects of the system on files and pipes.
 #include "ProgramTest.hpp"
 
 #include <algorithm>
@@ -36,13 +36,13 @@ double topmostView(NSWindow* dock) {
     return top;
 }
 
-/// Display links that are not paused.
+/// The number of display links that are not paused.
 std::size_t ticking() {
     return static_cast<std::size_t>(std::ranges::count_if(
         paper::displayLinks(), [](CADisplayLink* link) { return !link.paused; }));
 }
 
-/// Views have display links from version 14 on, and there is glass from 26 on.
+/// Views have display links since version 14, and glass exists since 26.
 class Versions : public ProgramTest, public testing::WithParamInterface<int> {
 protected:
     Versions() {
@@ -82,7 +82,7 @@ TEST_P(Versions, DrawTheStripOnWhatTheyHave) {
             if (![view isKindOfClass:NSVisualEffectView.class])
                 return;
             NSVisualEffectView* const material = static_cast<NSVisualEffectView*>(view);
-            // The window is never key.
+            // Set explicitly, because the window is never key.
             EXPECT_EQ(material.state, NSVisualEffectStateActive);
             EXPECT_NE(material.maskImage, nil);
         });

@@ -1,4 +1,4 @@
-// What tiles do: clicks, menus, reordering, files dropped on them.
+// Tiles: clicks, menus, reordering, and dropped files.
 #include "ProgramTest.hpp"
 
 #include <algorithm>

@@ -1,5 +1,4 @@
-// The program's own windows, its status item, hiding, and what it does with other programs'
-// windows.
+// The program's own windows, its status item, hiding apps, and moving other programs' windows.
 #include "ProgramTest.hpp"
 
 #include <algorithm>
@@ -103,7 +102,7 @@ TEST_P(Focus, GoesBackToTheProgramThatHadItWhenTheLastWindowCloses) {
         paper::drain();
         EXPECT_TRUE(before.active);
         EXPECT_FALSE(isInFront());
-        // From version 14 on a program hands the focus on only if it says so before.
+        // Since version 14 a program has to yield before it can activate another one.
         const auto& asked = paper::requests();
         EXPECT_EQ(std::ranges::count(asked, "yield to com.example.Mail"), GetParam() >= 14 ? 1 : 0);
     });
@@ -168,7 +167,7 @@ TEST_F(ProgramWindows, HaveSlidersThatComeToRestOnAStep) {
         paper::dragSlider(slider, 51.776);
         EXPECT_DOUBLE_EQ(slider.doubleValue, 52);
         EXPECT_NE(preferences().find("\"iconSize\": 52"), std::string::npos) << preferences();
-        // A small move that ends on the same step.
+        // A small movement that ends on the same step.
         paper::dragSlider(slider, 52.2);
         EXPECT_DOUBLE_EQ(slider.doubleValue, 52);
     });
@@ -178,8 +177,8 @@ TEST_F(ProgramWindows, HaveSlidersThatAssistiveTechnologyMovesByWholeSteps) {
     runProgram([] {
         NSSlider* const slider = controlNamed(openSettings(), "Icon size");
         ASSERT_NE(slider, nil);
-        // The last event is a press on a dock: an increment by assistive technology comes without
-        // one.
+        // The current event is a press on a dock, since an increment by assistive technology has no
+        // event of its own.
         paper::movePointer({2400, 30});
         paper::press();
         paper::loseRelease();
@@ -279,7 +278,7 @@ TEST_F(ForeignWindows, OfAProgramThatHangsHoldTheDocksUpOnce) {
         paper::advance(1);
         paper::click(at);
         paper::advance(1);
-        // Two clicks and two seconds of waiting, and one question that timed out.
+        // Two clicks and a wait of two seconds, but only one call that timed out.
         EXPECT_EQ(paper::foreignApps()[502].questions, 1);
         EXPECT_NEAR(paper::now() - before, 2.5, 0.01);
     });

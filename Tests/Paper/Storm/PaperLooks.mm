@@ -1,4 +1,4 @@
-// What must hold once everything has come to rest.
+// The checks once everything is idle.
 #include "ProgramTest.hpp"
 #include "Settings/SettingsCoding.hpp"
 #include "Storm/PaperWorld.hpp"
@@ -10,7 +10,7 @@
 namespace vireline::storm {
 namespace {
 
-/// Points; what adding up many numbers costs.
+/// Points; tolerance for accumulated rounding errors.
 constexpr double rounding = 1e-6;
 
 Rect toRect(NSRect rect) {
@@ -41,7 +41,7 @@ Settings storedSettings(const std::string& path) {
     return SettingsCoding::decode(text).value_or(Settings{});
 }
 
-/// Where a view that is as large as the hosted one has this rectangle on the display.
+/// Converts a rectangle from a view as large as the hosted one to the display.
 Rect onDisplay(const ToldWindow& told, const Rect& inView) {
     const double left = told.frame.x + told.hosted.x;
     const double top = told.frame.y + told.hosted.y + told.hosted.height;
@@ -60,7 +60,6 @@ Rect onDisplay(NSView* view) {
     return toRect(NSAccessibilityFrameInView(view, bounds));
 }
 
-/// In the coordinates of the display: a view's own are turned for some of them.
 NSView* dockViewOf(NSWindow* window) {
     return window.contentView.subviews.firstObject;
 }

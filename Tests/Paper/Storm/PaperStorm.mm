@@ -1,4 +1,4 @@
-// A storm's episode on paper: the platform's own parts under the whole kit, from launch to quit.
+// Random events on paper: the platform's own adapters under the whole kit, from launch to quit.
 #include "App/HostPlatform.hpp"
 #include "App/VirelineApp.hpp"
 #include "Platform/Platform.hpp"
@@ -61,7 +61,7 @@ std::optional<std::string> live(const Episode& episode, const Tell& tell) {
         paper::setPersistentApps(nil);
         paper::answerMenus(nullptr);
         paper::cancelFileDrag();
-        // The paper pointer holds the view that was pressed.
+        // The paper pointer retains the view that was pressed.
         paper::loseRelease();
         paper::holdBackground(false);
         paper::drain();

@@ -1,5 +1,5 @@
-// The whole program on paper under random events. Each course is a process of its own; a failing
-// one is cut down to the steps that matter.
+// The whole program on paper under random events. Each sequence runs in a separate process; a
+// failing one is reduced to the relevant steps.
 #include "Storm/Shrinker.hpp"
 
 #include <gtest/gtest.h>
@@ -11,10 +11,10 @@ namespace vireline::storm {
 namespace {
 
 constexpr int steps = 400;
-/// To cut a failing course down.
+/// Limit on runs for reducing a failing sequence.
 constexpr int mostRuns = 60;
 
-/// Fewer if those who run many builds say so.
+/// May be lowered by jobs that run many builds.
 int stepsOfACourse() {
     const char* const asked = std::getenv("VIRELINE_STORM_STEPS");
     return asked == nullptr ? steps : std::atoi(asked);
@@ -26,7 +26,7 @@ testing::AssertionResult holds(unsigned seed) {
     if (!failure)
         return testing::AssertionSuccess();
     const Find find{episode, *failure};
-    // Shrinking takes a while, and a mutation run only needs to know that the test fails.
+    // Reducing takes a while, and a mutation run only needs to know that the test fails.
     const bool cutsDown = std::getenv("VIRELINE_UNCUT") == nullptr;
     return testing::AssertionFailure() << report(cutsDown ? shrunk(find, mostRuns) : find);
 }
@@ -39,7 +39,7 @@ TEST_P(PaperStorm, LeavesTheProgramAsItShouldBe) {
 
 INSTANTIATE_TEST_SUITE_P(Seeds, PaperStorm, testing::Range(1U, 4U));
 
-/// Another course every time; the report says how to repeat it.
+/// A new seed each time; the report says how to reproduce a failure.
 TEST(PaperStormOfToday, LeavesTheProgramAsItShouldBe) {
     const unsigned seed = std::random_device{}() % 1'000'000;
     RecordProperty("seed", static_cast<int>(seed));
@@ -47,7 +47,7 @@ TEST(PaperStormOfToday, LeavesTheProgramAsItShouldBe) {
     EXPECT_TRUE(holds(seed));
 }
 
-/// Whatever it is doing, it can be quit.
+/// The program can be quit at any moment.
 TEST(PaperStormsEnd, LeavesNothingAtAnyMoment) {
     for (int length = 1; length < 50; length += 6) {
         const auto failure = run(wholeEpisode(static_cast<unsigned>(100 + length), length));

@@ -1,6 +1,6 @@
-/// The whole program on paper in a world where anything may happen at any moment. A step is known
-/// by its number: seed and number decide what happens in it, whatever other steps there are, so
-/// that a failing course can be cut down step by step.
+/// The whole program on paper in a world of random events. A step's content depends only on the
+/// seed and the step's number, not on other steps, so that a failing sequence can be reduced by
+/// removing steps.
 #pragma once
 
 #include "Cocoa/Paper.hpp"
@@ -19,7 +19,7 @@ namespace vireline::storm {
 
 class PaperWorld;
 
-/// Something that can happen.
+/// A kind of event.
 struct PaperEvent {
     const char* name;
     int weight;
@@ -35,18 +35,18 @@ public:
     PaperWorld& operator=(PaperWorld&&) = delete;
     ~PaperWorld();
 
-    /// While the program runs: one step, and a look at what must hold at every moment.
+    /// Performs one step while the program runs, followed by the checks that must always hold.
     void perform(int step);
-    /// Once it has ended.
+    /// Checks after the program has ended.
     void lookForRemains();
 
     [[nodiscard]] const std::optional<std::string>& failure() const noexcept { return failure_; }
     [[nodiscard]] const std::string& story() const noexcept { return story_; }
 
-    /// Told by who starts the program.
+    /// Set by whoever starts the program.
     const WitnessedPanels* panels = nullptr;
 
-    // What follows is for the events.
+    // The rest is for the event functions.
 
     template <class... Pieces>
     void note(const Pieces&... pieces) {
@@ -62,31 +62,31 @@ public:
             failure_ = text.str();
     }
 
-    /// Displays that are attached, the first of them the primary one.
+    /// The attached displays, the primary one first.
     std::vector<paper::Display> displays;
-    /// All that can be installed, pinned and started; process identifiers count from 500.
+    /// All apps that can be installed, pinned and started; process IDs count from 500.
     std::vector<paper::App> apps;
-    /// Pinned in the system's dock, and running: by index.
+    /// The apps pinned in the system's dock, and the running ones, by index.
     std::vector<std::size_t> pins;
     std::set<std::size_t> running;
     bool tapsAreAllowed = true;
 
-    /// Attaches what `displays` says; the first one's corner becomes the origin.
+    /// Attaches `displays`; the first one's corner becomes the origin.
     void plug();
-    /// Writes what is pinned; the program hears of it by notification, by its watch on the file, or
-    /// by neither.
+    /// Writes the pinned apps; the program is told by a notification, by its watch on the file, or
+    /// not at all.
     void writePins(bool announces, bool replacesFile);
     void quitApp(std::size_t index, bool staysListed);
-    /// Ends what the user does, and waits until everything has come to rest.
+    /// Ends the user's actions and waits until everything is idle.
     void settle();
-    /// Something small, for moments in which the program is in the middle of something.
+    /// A small event for moments when the program is in the middle of something.
     void interrupt(test::Random& random);
 
     [[nodiscard]] NSWindow* anyDock(test::Random& random) const;
     [[nodiscard]] std::string pathIn(const std::string& name) const { return home_ + "/" + name; }
 
 private:
-    /// Everything as at the start, to count what is alive.
+    /// Restores the initial state, in order to count live objects.
     void goHome();
     static void resetSettings();
     void countObjects();
@@ -103,7 +103,7 @@ private:
     std::string story_;
     std::optional<std::string> failure_;
     bool isInterrupting_ = false;
-    /// By class, when the program was at home the second time.
+    /// By class, at the second return to the initial state.
     std::map<std::string, long> alive_;
     int timesAtHome_ = 0;
     std::size_t descriptors_ = 0;

@@ -42,7 +42,7 @@ const PaperEvent& anyEvent(test::Random& random) {
     return events.back();
 }
 
-/// Any small change of the number gives quite another sequence.
+/// A small change of the number yields an entirely different sequence.
 unsigned mixed(unsigned seed, int step) {
     std::seed_seq sequence{seed, static_cast<unsigned>(step)};
     std::array<unsigned, 1> mixture{};
@@ -55,7 +55,7 @@ std::size_t openDescriptors() {
     return static_cast<std::size_t>(std::distance(begin(all), end(all)));
 }
 
-/// Of what does something, or shows a dock, there are as many every time.
+/// Classes that perform something or show a dock must have the same number of instances every time.
 bool countsExactly(const std::string& name) {
     static const std::set<std::string> names{"CADisplayLink",      "NSWindow",
                                              "NSStatusItem",       "NSTrackingArea",
@@ -127,7 +127,7 @@ void PaperWorld::perform(int step) {
         } else {
             const PaperEvent& event = anyEvent(random);
             note('#', step, " at ", paper::now(), " s: ", event.name);
-            // While a menu is open, anything small may happen; then an entry is chosen, or none.
+            // While a menu is open, any small event may happen; then an entry is chosen, or none.
             paper::answerMenus([&](NSMenu* menu) -> NSMenuItem* {
                 note(", a menu opens");
                 if (random.integer(0, 2) == 0)
@@ -212,9 +212,10 @@ void PaperWorld::settle() {
     paper::movePointer({-30000, -30000});
     for (auto& [process, app] : paper::foreignApps())
         app.isHung = false;
-    // Of a file that is replaced a second time before it is watched again only this tells.
+    // If a file is replaced a second time before it is watched again, only a notification reveals
+    // it.
     writePins(true, false);
-    // As long as it takes to notice that a permission was withdrawn, and more.
+    // Longer than it takes to notice a withdrawn permission.
     paper::advance(7);
     paper::display();
     lookAtRest();
@@ -242,7 +243,7 @@ void PaperWorld::goHome() {
     paper::cancelFileDrag();
     paper::release();
     resetSettings();
-    // Made at its first use and then kept.
+    // Created on first use and then kept.
     static_cast<void>(paper::chooseStatusItem("Welcome Tour…"));
     for (const char* const title : {"Vireline Settings", "Welcome to Vireline"})
         [paper::windowTitled(title) close];
@@ -258,7 +259,7 @@ void PaperWorld::goHome() {
     writePins(true, false);
     paper::requests().clear();
     settle();
-    // As long as windows of apps that were launched are waited for.
+    // As long as the program waits for the windows of launched apps.
     paper::advance(15);
 }
 
@@ -272,7 +273,7 @@ void PaperWorld::countObjects() {
         return;
     }
     for (const auto& [name, count] : now) {
-        // The program's own windows keep the page that they showed last, and caches what they hold.
+        // The program's own windows keep the page that they showed last, and caches their content.
         constexpr long slack = 24;
         if (count > alive_[name] + (countsExactly(name) ? 0 : slack))
             fail(count, " of ", name, " are alive, which were ", alive_[name]);

@@ -1,4 +1,4 @@
-// What a user does with the pointer, and assistive technology with tiles.
+// A user's actions with the pointer, and assistive technology's actions on tiles.
 #include "ProgramTest.hpp"
 #include "Storm/PaperWorld.hpp"
 
@@ -131,7 +131,7 @@ void useTileByAccessibility(PaperWorld& world, Random& random) {
     paper::advance(0.05);
     NSWindow* const dock = world.anyDock(random);
     static_cast<void>([dock.contentView accessibilityHitTest:anyPlace(world, random)]);
-    // Also of one that is gone by now.
+    // Also for a tile that no longer exists.
     static_cast<void>([tile accessibilityLabel]);
     static_cast<void>([tile accessibilityFrame]);
 }

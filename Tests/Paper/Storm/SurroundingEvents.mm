@@ -1,4 +1,4 @@
-// What happens around the program: displays, applications, sleep, permissions, preferences.
+// Events around the program: displays, applications, sleep, permissions, preferences.
 #include "Storm/PaperWorld.hpp"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// What a user does with the program's own windows and its status item.
+// A user's actions in the program's own windows and its status item.
 #include "ProgramTest.hpp"
 #include "Storm/PaperWorld.hpp"
 

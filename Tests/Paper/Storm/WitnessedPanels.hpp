@@ -1,5 +1,5 @@
-/// The docks' windows with a witness between them and the kit: it passes everything on to the
-/// platform's own windows and remembers what each was told last.
+/// Dock windows with a witness between them and the kit, which forwards everything to the
+/// platform's own windows and records the latest state of each.
 #pragma once
 
 #include "Platform/PanelWindow.hpp"
@@ -8,11 +8,11 @@
 
 namespace vireline::storm {
 
-/// What the program asked of one window.
+/// What the program requested of one window.
 struct ToldWindow {
     std::uint32_t display = 0;
     Rect frame;
-    /// The overhang in force: that of the last frame.
+    /// The overhang at the time of the last frame.
     Overhang overhang;
     Rect hosted;
     Scene scene;
@@ -26,7 +26,7 @@ public:
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanel(std::uint32_t displayID, const Rect& frame,
                                                          PanelWindowListener& listener) override;
 
-    /// Those that exist now.
+    /// The windows that currently exist.
     [[nodiscard]] const std::vector<const ToldWindow*>& windows() const noexcept {
         return windows_;
     }

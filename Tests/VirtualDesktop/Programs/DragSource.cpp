@@ -1,5 +1,5 @@
-/// A program whose window one can drag files out of, as out of a file manager's: it holds the
-/// pointer, looks for a window that takes drags below it, and talks to that one.
+/// A program with a window from which files can be dragged, like a file manager's: it grabs the
+/// pointer, finds the window under it that accepts drags, and communicates with that window.
 #include "VirtualDesktop/DragSource.hpp"
 
 #include "VirtualDesktop/Home.hpp"
@@ -21,7 +21,7 @@ namespace vireline::desktop {
 namespace {
 
 struct Options {
-    /// The content's form, and the file that holds the content.
+    /// The content's format, and the file that contains it.
     std::string form = "text/uri-list";
     std::string content;
     std::string action = "XdndActionCopy";
@@ -47,13 +47,14 @@ public:
         show();
     }
 
-    /// Until the X server goes.
+    /// Runs until the X server exits.
     void run() {
         std::array<pollfd, 2> readable{
             {{xcb_get_file_descriptor(client_.get()), POLLIN, 0},
              {xcb_get_file_descriptor(source_.client().get()), POLLIN, 0}}};
         while (xcb_connection_has_error(client_.get()) == 0) {
-            // What was read along with an answer waits in no socket any more.
+            // Events that were read along with a reply are queued in memory, where poll does not
+            // see them.
             if (!handleEvents() && !source_.work() && !goOn())
                 poll(readable.data(), readable.size(), -1);
         }
@@ -72,7 +73,7 @@ private:
         record("shown");
     }
 
-    /// Whether there were any.
+    /// Returns whether there were any.
     bool handleEvents() {
         bool hasHandled = false;
         while (const auto event = client_.pollEvent()) {
@@ -103,7 +104,7 @@ private:
         }
     }
 
-    /// The next step, unless the target still owes an answer; whether there was any.
+    /// Performs the next step, unless the target has yet to reply; returns whether there was one.
     bool goOn() {
         hearAnswers();
         if (!isDragging_ || waits_)
@@ -163,7 +164,7 @@ private:
         record("not dropped");
     }
 
-    /// The lowest window there that says it takes drags.
+    /// The bottommost window there that announces that it accepts drags.
     [[nodiscard]] xcb_window_t targetAt(PixelPoint place) const {
         const auto windows = client_.windowsAt(place);
         const auto target =
@@ -182,7 +183,7 @@ private:
     DragSource source_;
     bool isDragging_ = false;
     bool isReleased_ = false;
-    /// Where the pointer is, and what of that the target was told.
+    /// The pointer's position, and the position that the target was last told.
     std::optional<PixelPoint> pointer_;
     std::optional<PixelPoint> told_;
     xcb_window_t target_ = XCB_NONE;

@@ -1,5 +1,5 @@
-/// Plays the file manager on the session bus: writes down what it is asked to show.
-/// Arguments: the file for the calls, and a file that it makes once it can be called.
+/// Simulates the file manager on the session bus: records what it is asked to show. Arguments: the
+/// file for the calls, and a file that is created as soon as it can be called.
 #include <gio/gio.h>
 
 #include <cstdlib>

@@ -1,6 +1,5 @@
-/// Loaded into a window manager that counts only monitors with an output. The virtual X server has
-/// one output, which belongs to the first monitor: here each of the others gets one of its own, a
-/// twin of that one.
+/// Preloaded into a window manager that ignores monitors without an output. The virtual X server's
+/// only output belongs to the first monitor, so this adds a copy of it for each of the others.
 #include <dlfcn.h>
 
 #include <array>
@@ -10,7 +9,7 @@ namespace {
 
 using XID = unsigned long;
 
-/// As in the Xrandr library.
+/// As declared in the Xrandr library.
 struct MonitorInfo {
     XID name;
     int primary;
@@ -26,10 +25,10 @@ struct MonitorInfo {
 };
 
 constexpr std::size_t mostMonitors = 16;
-/// Beyond all identifiers that the server gives out.
+/// Greater than any ID that the server assigns.
 constexpr XID firstTwin = 0x20000000;
 
-/// The one output, and its twins by the numbers of their monitors.
+/// The real output, and the copies by the index of their monitor.
 XID realOutput = 0;
 std::array<XID, mostMonitors> twins{};
 

@@ -1,6 +1,6 @@
-/// Plays the part of a panel that shows status notifier items: keeps the list of items as
-/// org.kde.StatusNotifierWatcher, and opens and uses their menus as told on the session bus through
-/// org.example.NotifierHost.
+/// Simulates a panel with status notifier items: keeps the list of items as
+/// org.kde.StatusNotifierWatcher, and opens and uses their menus on request through
+/// org.example.NotifierHost on the session bus.
 #include <gio/gio.h>
 
 #include <cstdlib>
@@ -104,7 +104,7 @@ Entry read(GVariant* node) {
     return entry;
 }
 
-/// As a panel does it: says that it is about to show the menu, then reads what to show.
+/// Like a panel: announces that it is about to show the menu, and then reads it.
 std::vector<Entry> openMenu(const Panel& panel) {
     const std::string path = menuPath(panel);
     const std::string& item = panel.items.back();
@@ -241,7 +241,7 @@ void reached(GDBusConnection* bus, const char*, void* data) {
 
 }
 
-/// With the argument "--no-host" it keeps the list without showing it, until it is told to.
+/// With "--no-host" it keeps the list without showing items, until it is told to.
 int main(int count, char** arguments) {
     Panel panel;
     panel.hasHost = count < 2 || std::string{arguments[1]} != "--no-host";

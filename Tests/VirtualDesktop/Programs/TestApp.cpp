@@ -1,5 +1,5 @@
-/// A small real X program that plays the apps and panels of the virtual desktop. What it does
-/// beyond opening a window is told by its arguments.
+/// A small X program that plays the apps and panels on the virtual desktop. Its arguments tell what
+/// it does besides opening a window.
 #include "VirtualDesktop/XClient.hpp"
 
 #include <poll.h>
@@ -36,23 +36,23 @@ struct Options {
     int windows = 1;
     PixelRect frame{0, 0, 320, 200};
     bool isPlaced = false;
-    /// Where it moves its windows by itself, and how many milliseconds after it has shown them.
+    /// Where it moves its windows on its own, and how many milliseconds after showing them.
     std::optional<PixelPoint> laterPlace;
     int laterDelay = 0;
     std::uint32_t colour = 0xf0f0e8;
     std::string type = "NORMAL";
-    /// The desktop that its windows open on.
+    /// The desktop on which its windows open.
     std::optional<std::uint32_t> desktop;
     std::optional<Strut> strut;
     std::optional<std::uint32_t> icon;
-    /// Further text properties, by name.
+    /// Additional text properties, by name.
     std::map<std::string, std::string> properties;
     bool skipTaskbar = false;
     bool ignoreClose = false;
     bool crash = false;
     bool keepStartup = false;
     std::string record;
-    /// What is no option, such as the files that it is asked to open.
+    /// Arguments that are not options, such as files to open.
     std::vector<std::string> operands;
 };
 
@@ -62,7 +62,7 @@ int number(std::string_view text, int base = 10) {
     return value;
 }
 
-/// Two numbers with one letter between them.
+/// Parses two numbers separated by one letter.
 std::pair<int, int> pair(std::string_view text, char between) {
     const auto middle = text.find(between);
     if (middle == std::string_view::npos)
@@ -158,7 +158,7 @@ public:
         shown_ = std::chrono::steady_clock::now();
     }
 
-    /// Until the last window is closed or the X server goes.
+    /// Runs until the last window is closed or the X server exits.
     void run() {
         pollfd readable{xcb_get_file_descriptor(client_.get()), POLLIN, 0};
         while (!windows_.empty() && xcb_connection_has_error(client_.get()) == 0) {
@@ -176,7 +176,7 @@ public:
     }
 
 private:
-    /// Milliseconds; for ever when there is nothing to be done.
+    /// In milliseconds; -1 if there is nothing to do.
     [[nodiscard]] int untilMove() const {
         using std::chrono::milliseconds;
         if (!options_.laterPlace || hasMoved_)
@@ -229,7 +229,7 @@ private:
         client_.setWords(window, "_NET_WM_ICON", XCB_ATOM_CARDINAL, icon);
     }
 
-    /// Says that the user chose the window's place, so that the window manager keeps it.
+    /// Marks the position as chosen by the user, so that the window manager respects it.
     void placeByHand(xcb_window_t window) const {
         constexpr std::uint32_t userPosition = 1;
         std::vector<std::uint32_t> hints(18, 0);
@@ -244,7 +244,7 @@ private:
         const int width = client_.screen().width_in_pixels;
         const int height = client_.screen().height_in_pixels;
         const auto word = [](int value) { return static_cast<std::uint32_t>(value); };
-        // left, right, top, bottom, then a start and an end for each of them.
+        // left, right, top, bottom, followed by a start and an end for each.
         std::vector<std::uint32_t> values(12, 0);
         if (strut.edge == "left")
             values = {word(frame.right()),
@@ -294,7 +294,7 @@ private:
         client_.setWords(window, "_NET_WM_STRUT", XCB_ATOM_CARDINAL, values);
     }
 
-    /// Tells everybody that the launch is over, in pieces of 20 bytes.
+    /// Broadcasts the end of the launch, in chunks of 20 bytes.
     void endStartup() const {
         const std::string message = "remove: ID=\"" + startupID_ + '"' + '\0';
         xcb_client_message_event_t event{};

@@ -21,7 +21,7 @@ std::vector<AppGroup> group(std::span<const OwnedWindow> windows) {
         return found == groups.end() ? groups.emplace_back(app, std::vector<ClientWindow>{})
                                      : *found;
     };
-    // An app's place is that of its first window that counts, not of a splash before it.
+    // An app is placed by its first ordinary window, not by a splash screen before it.
     for (const auto& [window, app] : windows) {
         if (window.isOrdinary)
             static_cast<void>(groupOf(app));

@@ -13,7 +13,7 @@
 
 namespace vireline::x11 {
 
-/// A window and the app that it was found to belong to.
+/// A window and the app that it belongs to.
 struct OwnedWindow {
     ClientWindow window;
     IdentifiedApp app;
@@ -32,19 +32,18 @@ struct AppGroup {
 
 namespace AppGroups {
 
-/// In the order in which each app's first ordinary window comes. Windows of apps that have no
-/// ordinary one are left out.
+/// In the order of each app's first ordinary window. Apps without an ordinary window are left out.
 [[nodiscard]] std::vector<AppGroup> group(std::span<const OwnedWindow> windows);
 
-/// Null when the app does not run.
+/// Null if the app is not running.
 [[nodiscard]] const AppGroup* find(std::span<const AppGroup> groups, std::string_view bundleID);
 
-/// The ordinary window that was active last; of those that never were, the newest.
+/// The most recently active ordinary window; if none was ever active, the newest.
 [[nodiscard]] const ClientWindow& mostRecent(const AppGroup& group);
 
-/// Whether the app has the active window, and that one can be seen while this desktop is shown.
-/// Some window managers leave a window active when they iconify it or show another desktop. Without
-/// a desktop every window counts as being on it.
+/// Whether the app owns the active window, and that window is visible on this desktop. Some window
+/// managers keep a window active when they iconify it or switch to another desktop. If `desktop` is
+/// nullopt, every window counts as being on it.
 [[nodiscard]] bool isActive(const AppGroup& group, xcb_window_t activeWindow,
                             std::optional<std::uint32_t> desktop);
 

@@ -13,11 +13,11 @@
 namespace vireline::x11 {
 namespace {
 
-/// How long a new window manager may take to list the windows that the last one left.
+/// How long a new window manager may take to list its predecessor's windows.
 constexpr double handOverSeconds = 2;
 constexpr double handOverCheckSeconds = 0.25;
 
-/// More windows than anybody has; the list is another program's property.
+/// A sanity limit: any program can write this property.
 constexpr std::size_t maximumWindows = 4096;
 
 template <class Event>
@@ -80,7 +80,7 @@ void ClientList::handle(const xcb_generic_event_t& event) {
             scheduleRefresh();
         break;
     case XCB_GE_GENERIC:
-        // What the pointer does now is to meet everything that was told before.
+        // Pointer events must be handled with the windows up to date.
         if (isRefreshDue_) {
             refresh_.reset();
             refresh();
@@ -139,8 +139,8 @@ std::vector<xcb_window_t> ClientList::listedWindows() {
     return listed;
 }
 
-/// A window manager that was killed leaves its properties behind, but not the window that they
-/// name; that window's end is how its death is noticed.
+/// A window manager that was killed leaves its properties behind, but the window that they name is
+/// destroyed, which reveals its death.
 void ClientList::watchManager(xcb_window_t manager) {
     bool isAlive = false;
     if (manager != XCB_NONE) {
@@ -160,8 +160,8 @@ void ClientList::noteManager() {
     isManaged_ = hasManager_;
 }
 
-/// A window manager that leaves takes its list with it, though not the windows: they stay mapped,
-/// which those that were closed do not.
+/// Whether a window manager is being replaced: its list is gone but the windows are still mapped,
+/// unlike windows that were closed.
 bool ClientList::isHandingOver(const std::vector<xcb_window_t>& listed) {
     std::vector<xcb_window_t> missing;
     for (const auto& [id, known] : known_) {
@@ -197,7 +197,7 @@ void ClientList::learn(const std::vector<xcb_window_t>& listed) {
             wanted.push_back(id);
     }
     stale_.clear();
-    // Listened to before they are read, so that no change falls between.
+    // Selected before the windows are read, so that no change is missed in between.
     connection_.selectInput(fresh, XCB_EVENT_MASK_PROPERTY_CHANGE);
     for (auto& window : reader_.read(wanted)) {
         if (!window)
@@ -211,7 +211,7 @@ void ClientList::learn(const std::vector<xcb_window_t>& listed) {
     }
 }
 
-/// What was active before is unknown; the order on the screen is close to that.
+/// Which windows were active before is unknown; the stacking order is a good approximation.
 void ClientList::noteEarlierWindows() {
     const auto stacked = connection_.windows(connection_.root(), "_NET_CLIENT_LIST_STACKING");
     for (const xcb_window_t id : stacked) {

@@ -1,5 +1,5 @@
-/// The windows that the window manager manages, kept up to date by events alone. Survives the
-/// window manager: while one hands over to the next, what was there is still there.
+/// The window manager's clients, updated by events alone. While one window manager replaces
+/// another, the previous list is kept.
 #pragma once
 
 #include "Applications/ClientWindows/ClientWindow.hpp"
@@ -19,7 +19,7 @@ namespace vireline::x11 {
 
 class ClientList {
 public:
-    /// Reads the windows that are there now.
+    /// Reads the current windows.
     ClientList(X11Connection& connection, RunLoop& runLoop);
     ClientList(const ClientList&) = delete;
     ClientList& operator=(const ClientList&) = delete;
@@ -27,17 +27,17 @@ public:
     ClientList& operator=(ClientList&&) = delete;
     ~ClientList() = default;
 
-    /// In the window manager's order, oldest first, this program's own left out.
+    /// In the window manager's order, oldest first, without this program's own windows.
     [[nodiscard]] const std::vector<ClientWindow>& windows() const noexcept { return windows_; }
 
-    /// The window with the keyboard's focus; XCB_NONE if none has it.
+    /// The window with keyboard focus; XCB_NONE if there is none.
     [[nodiscard]] xcb_window_t activeWindow() const noexcept { return active_; }
 
-    /// The desktop that is shown; nothing when the window manager does not say.
+    /// The current desktop; nullopt if the window manager does not say.
     [[nodiscard]] std::optional<std::uint32_t> currentDesktop() const noexcept { return desktop_; }
 
-    /// The windows, the active one or the desktop changed. Comes on the run loop's next turn, or
-    /// before the next event of the pointer, once for all that happened before.
+    /// The windows, the active one or the desktop changed. Coalesced: called on the run loop's next
+    /// turn, or before the next pointer event.
     std::function<void()> onChange;
 
 private:
@@ -61,18 +61,18 @@ private:
     RunLoop& runLoop_;
     ClientWindowReader reader_;
     std::unordered_map<xcb_window_t, Known> known_;
-    /// Windows of which something changed since they were read.
+    /// Windows that changed since they were last read.
     std::unordered_set<xcb_window_t> stale_;
     std::vector<ClientWindow> windows_;
     xcb_window_t active_ = XCB_NONE;
     std::optional<std::uint32_t> desktop_;
     std::uint64_t activations_ = 0;
-    /// The window by which the window manager shows that it lives.
+    /// The window manager's check window (`_NET_SUPPORTING_WM_CHECK`).
     xcb_window_t manager_ = XCB_NONE;
     bool hasManager_ = true;
-    /// The same without the gap between one window manager and the next.
+    /// As `hasManager_`, but not reset while one window manager hands over to the next.
     bool isManaged_ = true;
-    /// When the list was first seen to lack windows that are still shown.
+    /// Since when the list has lacked windows that are still mapped.
     std::optional<double> handOverSince_;
     Timer refresh_;
     bool isRefreshDue_ = false;

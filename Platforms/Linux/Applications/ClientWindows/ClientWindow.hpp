@@ -1,4 +1,4 @@
-/// One window that the window manager manages, as its properties describe it.
+/// One client window of the window manager, as its properties describe it.
 #pragma once
 
 #include "Applications/Identity/WindowTraits.hpp"
@@ -13,18 +13,18 @@ namespace vireline::x11 {
 struct ClientWindow {
     xcb_window_t id = XCB_NONE;
     WindowTraits traits;
-    /// The owner's process on this machine; 0 when unknown.
+    /// The owner's process on this machine; 0 if unknown.
     std::int32_t processIdentifier = 0;
-    /// Whether it is a normal window or a dialog that asks for a place in taskbars: one that makes
-    /// its program a running app.
+    /// Whether it is a normal window or a dialog that appears in taskbars; such a window makes its
+    /// program a running app.
     bool isOrdinary = false;
-    /// Whether it is there for another window's or its program's sake, rather than for its own.
+    /// Whether it is a dialog, subordinate to another window or to its program.
     bool isDialog = false;
-    /// Iconified or otherwise not shown.
+    /// Iconified or otherwise hidden.
     bool isHidden = false;
-    /// Nothing for a window that is on every desktop or does not say.
+    /// nullopt for a window that is on every desktop or does not say.
     std::optional<std::uint32_t> desktop;
-    /// When it was active last, on a clock of its own; greater is later, 0 is never.
+    /// Activation counter value when it was last active; 0 for never, greater is later.
     std::uint64_t lastActive = 0;
 
     [[nodiscard]] bool isOnDesktop(std::uint32_t wanted) const noexcept {

@@ -22,7 +22,7 @@ constexpr std::array<std::string_view, 11> windowProperties{
 constexpr std::array<std::string_view, 2> states{"_NET_WM_STATE_SKIP_TASKBAR",
                                                  "_NET_WM_STATE_HIDDEN"};
 
-/// Those of programs' main windows first.
+/// Types of programs' main windows first.
 constexpr std::array<std::string_view, 14> types{
     "_NET_WM_WINDOW_TYPE_NORMAL",        "_NET_WM_WINDOW_TYPE_DIALOG",
     "_NET_WM_WINDOW_TYPE_DESKTOP",       "_NET_WM_WINDOW_TYPE_DOCK",
@@ -51,8 +51,8 @@ std::int32_t validProcess(std::uint32_t identifier) {
     return identifier <= greatest ? static_cast<std::int32_t>(identifier) : 0;
 }
 
-/// What the server itself knows of a window's owner, which holds inside a sandbox too, where a
-/// program sees another number for itself than the rest of the system.
+/// The server's own record of the window's owner. It is correct for sandboxed programs too, which
+/// see a different process ID for themselves than the rest of the system.
 std::int32_t ownerIn(xcb_res_query_client_ids_reply_t& reply) {
     for (auto item = xcb_res_query_client_ids_ids_iterator(&reply); item.rem > 0;
          xcb_res_client_id_value_next(&item)) {
@@ -66,7 +66,7 @@ std::int32_t ownerIn(xcb_res_query_client_ids_reply_t& reply) {
 
 }
 
-/// The numbers of the requests for one window.
+/// Indices of the requests for one window.
 struct ClientWindowReader::Requests {
     xcb_window_t window;
     std::size_t wmClass, gtkID, kdeFile, startupID, processID, machine, leader, type, state,
@@ -164,8 +164,8 @@ bool ClientWindowReader::hasState(PropertyBatch& batch, const Requests& requests
 
 ClientWindowReader::Kind ClientWindowReader::kind(PropertyBatch& batch,
                                                   const Requests& requests) const {
-    // A window lists the types that it could pass for, the best first; of those it may have made up
-    // itself nothing is known.
+    // A window lists its types in order of preference; unknown ones, which may be made up, are
+    // skipped.
     for (const xcb_atom_t type : batch.words(requests.type, XCB_ATOM_ATOM)) {
         const auto known = std::ranges::find_if(
             types, [this, type](std::string_view name) { return connection_.atom(name) == type; });
@@ -185,7 +185,8 @@ std::int32_t ClientWindowReader::process(PropertyBatch& batch, const Requests& r
             xcb_res_query_client_ids_reply(connection_.get(), *requests.owner, nullptr)};
         owner = reply ? ownerIn(*reply) : 0;
     }
-    // The window of a program on another machine reaches the server through a local helper.
+    // Windows of programs on another machine are connected through a local helper, whose process is
+    // not the owner.
     const std::string_view machine = batch.bytes(requests.machine);
     if (!machine.empty() && machine != "localhost" && firstLabel(machine) != firstLabel(hostName_))
         return 0;
@@ -194,7 +195,7 @@ std::int32_t ClientWindowReader::process(PropertyBatch& batch, const Requests& r
     return validProcess(batch.word(requests.processID, XCB_ATOM_CARDINAL).value_or(0));
 }
 
-/// Toolkits may put the startup ID on the window that leads the program's others.
+/// Toolkits may set the startup ID on the group leader instead of on the window itself.
 void ClientWindowReader::completeStartupIDs(PropertyBatch& batch,
                                             std::span<const Requests> requests,
                                             std::span<std::optional<ClientWindow>> windows) const {

@@ -1,4 +1,4 @@
-/// Reads what windows say of themselves, many at a time, and whose processes they are.
+/// Reads many windows' properties at a time, and finds their processes.
 #pragma once
 
 #include "Applications/ClientWindows/ClientWindow.hpp"
@@ -18,11 +18,11 @@ class ClientWindowReader {
 public:
     explicit ClientWindowReader(X11Connection& connection);
 
-    /// One answer a window, nothing for one that vanished. `lastActive` is left at 0.
+    /// One result per window, nullopt for one that vanished. `lastActive` is left at 0.
     [[nodiscard]] std::vector<std::optional<ClientWindow>>
     read(std::span<const xcb_window_t> windows) const;
 
-    /// Whether a change of this property may change what `read` says.
+    /// Whether a change of this property can affect what `read` returns.
     [[nodiscard]] bool concerns(xcb_atom_t property) const;
 
 private:
@@ -33,7 +33,7 @@ private:
                                                       const Requests& requests) const;
     [[nodiscard]] bool hasState(PropertyBatch& batch, const Requests& requests,
                                 std::string_view state) const;
-    /// A window without a known type is a normal one, or a dialog if it belongs to another window.
+    /// A window without a known type is normal, or a dialog if it is transient for another window.
     enum class Kind { normal, dialog, other };
     [[nodiscard]] Kind kind(PropertyBatch& batch, const Requests& requests) const;
     [[nodiscard]] std::int32_t process(PropertyBatch& batch, const Requests& requests) const;

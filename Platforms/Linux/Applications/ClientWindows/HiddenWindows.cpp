@@ -7,7 +7,7 @@
 namespace vireline::x11 {
 namespace {
 
-/// Null when no app has such a window.
+/// Null if no app has such a window.
 const ClientWindow* find(std::span<const AppGroup> apps, xcb_window_t id) {
     for (const AppGroup& app : apps) {
         const auto found = std::ranges::find(app.windows, id, &ClientWindow::id);

@@ -1,4 +1,4 @@
-/// The pictures in the property `_NET_WM_ICON`, which anybody can fill with anything.
+/// Parses the property `_NET_WM_ICON`, which any client can fill with arbitrary data.
 #pragma once
 
 #include "Applications/WindowIconSource.hpp"
@@ -10,12 +10,12 @@
 
 namespace vireline::x11::WindowIcons {
 
-/// Pixels along an edge; a larger picture is taken for nonsense.
+/// Pixels per side; larger images are treated as invalid.
 inline constexpr std::uint32_t maximumEdge = 1024;
 inline constexpr std::size_t maximumCount = 16;
 
-/// The property holds, for each picture, its width, its height and its pixels. Reading ends at the
-/// first that is empty, too large or cut off. The smallest first.
+/// The property holds the width, height and pixels of each image. Parsing stops at the first image
+/// that is empty, too large or truncated. Returns the smallest first.
 [[nodiscard]] std::vector<WindowIcon> parse(std::span<const std::uint32_t> items);
 
 }

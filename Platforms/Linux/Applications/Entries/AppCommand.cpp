@@ -13,10 +13,10 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-/// A shell in an Exec line may hold another command line, but not for ever.
+/// A shell in an Exec line may run another command line; this limits the recursion.
 constexpr int maximumNesting = 4;
 
-/// Programs that only run the one named behind them.
+/// Programs that only run the program named after them.
 constexpr std::array<std::string_view, 9> wrappers{
     "env", "exec", "nohup", "setsid", "nice", "gamemoderun", "mangohud", "prime-run", "catchsegv"};
 
@@ -26,7 +26,7 @@ constexpr std::array<std::string_view, 14> interpreters{
 
 constexpr std::array<std::string_view, 4> shells{"sh", "bash", "dash", "zsh"};
 
-/// Options of interpreters whose value is the next word.
+/// Interpreter options that take the next word as their value.
 constexpr std::array<std::string_view, 8> optionsWithValue{
     "-W", "-X", "-cp", "-classpath", "--class-path", "-p", "--module-path", "-I"};
 
@@ -35,7 +35,7 @@ bool isOneOf(const std::array<std::string_view, size>& names, std::string_view n
     return std::ranges::find(names, name) != names.end();
 }
 
-/// "python3.11" without what tells versions apart.
+/// "python" from "python3.11".
 std::string_view withoutVersion(std::string_view name) {
     const std::size_t last = name.find_last_not_of("0123456789.-");
     return name.substr(0, last == std::string_view::npos ? 0 : last + 1);
@@ -57,7 +57,7 @@ bool isOption(std::string_view word) {
     return word.starts_with('-');
 }
 
-/// The file name in a Windows path, in lower case.
+/// The file name in a Windows path, lower-cased.
 std::string windowsBaseName(std::string_view path) {
     const std::size_t slash = path.find_last_of("\\/");
     return PlainText::folded(slash == std::string_view::npos ? path : path.substr(slash + 1));
@@ -65,12 +65,12 @@ std::string windowsBaseName(std::string_view path) {
 
 std::optional<std::string> windowsProgramIn(std::string_view word) {
     std::string name = windowsBaseName(word);
-    // Wine's own helper that opens links is nobody's program.
+    // Wine's start.exe only opens links; it is not an app's program.
     const bool isProgram = name.ends_with(".exe") && name.size() > 4 && name != "start.exe";
     return isProgram ? std::optional{std::move(name)} : std::nullopt;
 }
 
-/// Erases them all at once: a command line may be nothing but thousands of wrappers.
+/// Erases them all at once, because a crafted command line may consist of thousands of wrappers.
 void dropWrappers(Words& words) {
     std::size_t first = 0;
     while (first < words.size()) {
@@ -90,7 +90,7 @@ void dropWrappers(Words& words) {
     words.erase(words.begin(), words.begin() + static_cast<std::ptrdiff_t>(first));
 }
 
-/// What a shell is told to run with -c; nothing for other command lines.
+/// The command that a shell is given with -c; nullopt for other command lines.
 std::optional<std::string> shellCommand(const Words& words) {
     if (words.empty() || !isOneOf(shells, PlainText::baseName(words.front())))
         return std::nullopt;
@@ -122,7 +122,7 @@ void takeFlatpak(AppCommand& command, Words words) {
     }
 }
 
-/// A program below the folder of snaps belongs to the one named there.
+/// An executable in the snaps' folder belongs to the snap named there.
 void takeSnapFromPath(AppCommand& command) {
     std::string_view path = command.program;
     if (path.starts_with("/var/lib/snapd/snap/"))
@@ -162,8 +162,8 @@ void takeInterpreted(AppCommand& command, const Words& words) {
     }
 }
 
-/// The WM_CLASS instance that Chromium and its kin give a window that shows one page as an app:
-/// host, underscore, path, with slashes replaced and underscores around removed.
+/// The WM_CLASS instance that Chromium-based browsers give to a window that shows one page as an
+/// app: host, underscore, path, with slashes replaced by underscores and trimmed of them.
 std::string classForPage(std::string_view url) {
     url.remove_prefix(std::min(url.find("//"), url.size() - 2) + 2);
     url = url.substr(0, url.find_first_of("?#"));
@@ -181,7 +181,7 @@ void takeWindowClass(std::vector<std::string>& classes, std::string_view option,
     if (option == "--class" || option == "-class" || option == "--name" || option == "-name") {
         classes.emplace_back(value);
     } else if (option == "--app-id") {
-        // Edge writes two underscores, the others one.
+        // Edge writes two underscores, other browsers one.
         classes.push_back("crx_" + std::string{value});
         classes.push_back("crx__" + std::string{value});
         classes.emplace_back(value);
@@ -250,7 +250,7 @@ AppCommand unwrapped(Words words, int nesting) {
     return command;
 }
 
-/// Whether a backslash before `next` stands for that character alone.
+/// Whether a backslash before `next` escapes that character.
 bool isEscape(char quote, char next) {
     return quote == '\0' || (quote == '"' && std::string_view{"\"\\$`"}.contains(next));
 }

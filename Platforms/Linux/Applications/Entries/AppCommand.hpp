@@ -1,5 +1,5 @@
-/// What a command line starts, seen through the wrappers that desktops put around programs: the
-/// common ground on which an entry's Exec line and a running process are compared.
+/// Parses what a command line really starts, looking through wrappers such as `env` and shells, so
+/// that an entry's Exec line can be compared with a running process.
 #pragma once
 
 #include <string>
@@ -8,22 +8,22 @@
 
 namespace vireline::x11 {
 
-/// At most one of `flatpakID`, `snap` and `windowsProgram` is set; whatever is not known is empty.
+/// At most one of `flatpakID`, `snap` and `windowsProgram` is set; unknown fields are empty.
 struct AppCommand {
-    /// The program, or the script, archive or class that an interpreter was given; an absolute path
-    /// or the bare word of the command line.
+    /// The program, or the script, archive or class that an interpreter runs; an absolute path or a
+    /// bare word of the command line.
     std::string program;
-    /// The interpreter's name when `program` is what it runs.
+    /// The interpreter's name, if `program` is what it runs.
     std::string interpreter;
     std::string flatpakID;
     std::string snap;
-    /// The snap's own name for the program.
+    /// The snap's own name for the app.
     std::string snapApp;
-    /// A Windows program's file name in lower case, such as "foo.exe".
+    /// A Windows program's file name, lower-cased, such as "foo.exe".
     std::string windowsProgram;
-    /// The WM_CLASS that the command asks for or that follows from the web page it shows.
+    /// The WM_CLASS that the command line sets, or that follows from the web page it opens.
     std::vector<std::string> windowClasses;
-    /// What is left for the program itself, field codes taken out.
+    /// The program's own arguments, without field codes.
     std::vector<std::string> arguments;
 
     bool operator==(const AppCommand&) const = default;
@@ -31,14 +31,14 @@ struct AppCommand {
 
 namespace AppCommands {
 
-/// Splits a command line as a shell would, without expanding anything. Quotes that never close end
-/// with the text.
+/// Splits a command line as a shell would, without expanding anything. An unclosed quote extends to
+/// the end of the text.
 [[nodiscard]] std::vector<std::string> words(std::string_view commandLine);
 
-/// Of an entry's Exec line.
+/// Parses an entry's Exec line.
 [[nodiscard]] AppCommand fromExec(std::string_view exec);
 
-/// Of a process's arguments, its own name first.
+/// Parses a process's arguments, its own name first.
 [[nodiscard]] AppCommand fromArguments(std::vector<std::string> arguments);
 
 /// Whether `command` starts an interpreter without giving it anything to run.

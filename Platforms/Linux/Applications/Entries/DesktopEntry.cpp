@@ -7,7 +7,7 @@
 namespace vireline::x11::DesktopEntries {
 namespace {
 
-/// Longer command lines than the kernel would take are nobody's.
+/// The kernel's limit for a single argument.
 constexpr std::size_t maximumCommandBytes = 128UL * 1024;
 constexpr std::size_t maximumIconBytes = 4096;
 
@@ -19,7 +19,7 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(blanks) + 1 - first);
 }
 
-/// Resolves the escapes that the format has for text values; an unknown one stays as it is.
+/// Resolves the format's escapes for string values; unknown ones are kept as they are.
 std::string unescaped(std::string_view value) {
     std::string text;
     text.reserve(value.size());
@@ -65,7 +65,7 @@ bool hasCategory(std::string_view list, std::string_view category) {
     return false;
 }
 
-/// Gathers the keys of the one group that counts.
+/// Collects the keys of the "Desktop Entry" group.
 class Reader {
 public:
     Reader(std::span<const std::string> languages, DesktopEntry& entry)
@@ -146,7 +146,7 @@ std::optional<DesktopEntry> parse(std::string_view text, std::string id, std::st
         const std::string_view line = trimmed(text.substr(0, end));
         text.remove_prefix(std::min(end + 1, text.size()));
         if (line.starts_with('[')) {
-            // What follows the entry's own group, such as its actions, says nothing about it.
+            // Later groups, such as the entry's actions, are ignored.
             if (isInGroup)
                 break;
             isInGroup = line == "[Desktop Entry]";

@@ -1,5 +1,4 @@
-/// One desktop entry of type Application: the keys that this program reads, and how they are read
-/// from a file's text.
+/// A desktop entry of type Application: the keys that this program needs, and the parser for them.
 #pragma once
 
 #include "Foundation/FileURL.hpp"
@@ -14,26 +13,27 @@ namespace vireline::x11 {
 struct DesktopEntry {
     /// The desktop-file ID without ".desktop".
     std::string id;
-    /// The entry's own file; absolute.
+    /// Absolute path of the entry's file.
     std::string path;
-    /// In the user's language where the entry has one.
+    /// Localised, if the entry has a translation for the user's languages.
     std::string name;
-    /// A name in the icon theme or an absolute path; empty if there is none.
+    /// A name in the icon theme or an absolute path; empty if unset.
     std::string icon;
-    /// The command line as written, field codes included; empty if the app starts over D-Bus only.
+    /// The command line as written, including field codes; empty if the app can only be activated
+    /// over D-Bus.
     std::string exec;
     std::string tryExec;
     std::string startupWMClass;
-    /// Not meant for menus; its windows are still its own.
+    /// Hidden from menus, but still used to identify windows.
     bool noDisplay = false;
-    /// Stands for "deleted": the entry and all of the same ID behind it are not installed.
+    /// Means "deleted": this entry and later ones with the same ID count as not installed.
     bool hidden = false;
     bool dBusActivatable = false;
-    /// Runs in a terminal.
+    /// Runs inside a terminal.
     bool terminal = false;
-    /// Is a terminal, in which other programs are started.
+    /// Is itself a terminal emulator, in which other programs are started.
     bool isTerminalEmulator = false;
-    /// Nothing when the entry does not say.
+    /// nullopt if the entry does not say.
     std::optional<bool> startupNotify;
 
     [[nodiscard]] FileURL url() const { return FileURL::fromPath(path); }
@@ -43,17 +43,18 @@ struct DesktopEntry {
 
 namespace DesktopEntries {
 
-/// The extension that makes a file an entry, with its dot.
+/// File name extension of desktop entries, including the dot.
 inline constexpr std::string_view extension = ".desktop";
 
-/// The entry in a file's `text`. Nothing when it has no group "Desktop Entry", is of another type
-/// than Application, has no Name, or has neither an Exec line nor D-Bus activation; a hidden one
-/// needs none of them. `languages` are the user's, the preferred first, such as "de_AT", "de".
+/// Parses the text of an entry's file. Returns nullopt if it has no group "Desktop Entry", is of
+/// another type than Application, has no Name, or has neither an Exec line nor D-Bus activation; a
+/// hidden entry needs none of these. `languages` are the user's, most preferred first, such as
+/// "de_AT", "de".
 [[nodiscard]] std::optional<DesktopEntry> parse(std::string_view text, std::string id,
                                                 std::string path,
                                                 std::span<const std::string> languages);
 
-/// The desktop-file ID, without its extension, of the file at `relativePath` below an applications
+/// The desktop-file ID, without its extension, of a file at `relativePath` in an applications
 /// folder: slashes become dashes.
 [[nodiscard]] std::string idFor(std::string_view relativePath);
 

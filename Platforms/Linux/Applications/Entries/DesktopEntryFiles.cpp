@@ -17,16 +17,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Finds the entry files below one folder.
+/// Collects the entry files in a folder and its subfolders.
 class Walk {
 public:
     explicit Walk(const FileURL& root) : root_(root.path()) {
         enter(root_, 0);
-        // The disk's own order is any; which of two files with one ID counts must not be.
+        // Directory order is arbitrary; sorting makes it deterministic which of two files with the
+        // same ID wins.
         std::ranges::sort(found_);
     }
 
-    /// Paths relative to the root.
+    /// Paths relative to the root folder.
     [[nodiscard]] const std::vector<std::string>& found() const noexcept { return found_; }
 
 private:

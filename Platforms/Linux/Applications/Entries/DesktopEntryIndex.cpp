@@ -14,7 +14,7 @@ std::string_view idOf(const IndexedEntry& indexed) {
     return indexed.entry.id;
 }
 
-/// Names such as "python3.11" or "app-1.2.3" have dots as well, but begin with no domain.
+/// Names such as "python3.11" or "app-1.2.3" also contain dots, but do not begin with a domain.
 std::string tailOf(std::string_view foldedID) {
     const std::size_t first = foldedID.find('.');
     const std::size_t last = foldedID.rfind('.');
@@ -38,7 +38,7 @@ IndexedEntry indexed(DesktopEntry entry) {
 }
 
 DesktopEntryIndex::DesktopEntryIndex(std::vector<DesktopEntry> entries) {
-    // Of several with one ID the first counts, also if it is there to hide the others.
+    // The first entry with an ID wins, even if it is there only to hide the others.
     std::unordered_set<std::string> seen;
     std::erase_if(entries, [&seen](const DesktopEntry& entry) {
         return !seen.insert(entry.id).second || entry.hidden;

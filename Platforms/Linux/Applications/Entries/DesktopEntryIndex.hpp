@@ -1,5 +1,4 @@
-/// All installed desktop entries with what telling windows apart needs to know of each. Never
-/// changes once it is made.
+/// All installed desktop entries, prepared for matching windows against them. Immutable.
 #pragma once
 
 #include "Applications/Entries/AppCommand.hpp"
@@ -11,12 +10,12 @@
 
 namespace vireline::x11 {
 
-/// An entry as windows are held against it.
+/// An entry with what window matching needs.
 struct IndexedEntry {
     DesktopEntry entry;
-    /// In lower case.
+    /// The ID, lower-cased.
     std::string foldedID;
-    /// The last component of a reverse-DNS ID, in lower case; empty for other IDs.
+    /// The last component of a reverse-DNS ID, lower-cased; empty for other IDs.
     std::string tail;
     std::string foldedWMClass;
     AppCommand command;
@@ -26,13 +25,13 @@ struct IndexedEntry {
 
 class DesktopEntryIndex {
 public:
-    /// Of several entries with one ID the first counts; a hidden one hides those behind it.
+    /// The first of several entries with the same ID wins; a hidden one hides the later ones.
     explicit DesktopEntryIndex(std::vector<DesktopEntry> entries = {});
 
-    /// In the order of their IDs.
+    /// Sorted by ID.
     [[nodiscard]] const std::vector<IndexedEntry>& entries() const noexcept { return entries_; }
 
-    /// Null when there is none.
+    /// Null if there is none.
     [[nodiscard]] const IndexedEntry* find(std::string_view id) const;
     [[nodiscard]] const IndexedEntry* findPath(std::string_view path) const;
 

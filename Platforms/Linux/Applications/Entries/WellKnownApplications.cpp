@@ -49,7 +49,7 @@ constexpr std::array<Role, 8> knownRoles{{
     {"audio/mpeg", players},
     {"text/plain", editors},
     {"image/png", viewers},
-    // Nothing has a terminal for its handler.
+    // No content type has a terminal as its handler.
     {"", terminals},
 }};
 

@@ -15,7 +15,7 @@ namespace {
 using ExecMatching::Process;
 using Candidates = std::vector<const IndexedEntry*>;
 
-/// Drops all but those that `isBetter` if there are any.
+/// Keeps only the candidates that satisfy `isBetter`, unless there are none.
 void prefer(Candidates& candidates, const std::function<bool(const IndexedEntry&)>& isBetter) {
     const auto better = [&isBetter](const IndexedEntry* entry) { return isBetter(*entry); };
     if (std::ranges::any_of(candidates, better))
@@ -30,7 +30,7 @@ std::optional<ExecMatching::Quality> bestQuality(const Candidates& candidates,
     return best;
 }
 
-/// Leaves those that the process speaks for most, then those that menus show.
+/// Keeps the candidates that match the process best, then prefers those shown in menus.
 void narrow(Candidates& candidates, const Process& process) {
     if (candidates.size() < 2)
         return;
@@ -46,7 +46,8 @@ const IndexedEntry* first(const Candidates& candidates) {
     return candidates.empty() ? nullptr : candidates.front();
 }
 
-/// The first if there is nothing to choose: a copy of an entry starts the same program.
+/// The single candidate, or the first if all of them start the same program; null if the choice is
+/// ambiguous.
 const IndexedEntry* only(const Candidates& candidates) {
     const auto isAlike = [&candidates](const IndexedEntry* entry) {
         return entry->command == candidates.front()->command;
@@ -69,7 +70,7 @@ public:
     }
 
 private:
-    /// The entries that fit, without interpreters that merely run the window's script.
+    /// The matching entries, except for interpreters that merely run the window's script.
     [[nodiscard]] Candidates all(const std::function<bool(const IndexedEntry&)>& fits) const {
         Candidates found;
         for (const IndexedEntry& entry : index_.entries()) {
@@ -112,8 +113,8 @@ private:
         return nullptr;
     }
 
-    /// The entry that rightly claims the class `name`. One that has it for its ID and does not
-    /// speak of classes wins over the claim of another if the process says so.
+    /// The entry with the best claim to the class `name`. An entry that has it as its ID and sets
+    /// no StartupWMClass beats another entry's StartupWMClass if the process matches it.
     [[nodiscard]] const IndexedEntry*
     claimant(std::string_view name, const std::function<bool(const IndexedEntry&)>& claims) const {
         if (name.empty())
@@ -127,8 +128,9 @@ private:
         const Candidates namesakes = all([&](const IndexedEntry& entry) {
             return entry.foldedID == folded && entry.foldedWMClass.empty();
         });
-        const bool isLie = bestQuality(namesakes, process_) > bestQuality(candidates, process_);
-        return isLie ? first(namesakes) : first(candidates);
+        const bool isBetterByID =
+            bestQuality(namesakes, process_) > bestQuality(candidates, process_);
+        return isBetterByID ? first(namesakes) : first(candidates);
     }
 
     [[nodiscard]] const IndexedEntry* byID() const {
@@ -139,7 +141,7 @@ private:
         }
         for (const std::string_view name : classNames()) {
             std::string wanted = PlainText::folded(name);
-            // IDs have no spaces; entries write a dash.
+            // IDs contain no spaces; entries use dashes instead.
             std::ranges::replace(wanted, ' ', '-');
             Candidates candidates =
                 all([&wanted](const IndexedEntry& entry) { return entry.foldedID == wanted; });
@@ -158,7 +160,7 @@ private:
             Candidates candidates =
                 all([&wanted](const IndexedEntry& entry) { return entry.tail == wanted; });
             narrow(candidates, process_);
-            // Several programs may be called "Terminal"; a guess would be wrong every other time.
+            // Several programs may be called "Terminal", so a guess would often be wrong.
             if (const IndexedEntry* entry = only(candidates))
                 return entry;
         }
@@ -183,7 +185,8 @@ private:
         return only(started);
     }
 
-    /// Whether the entry's ID, or its program in a snap, is called like the window or the process.
+    /// Whether the entry's ID, or its app name in a snap, matches the window's or the process's
+    /// name.
     [[nodiscard]] bool isNamedAlike(const IndexedEntry& entry) const {
         const auto isLike = [&entry](std::string_view name) {
             const std::string folded = PlainText::folded(PlainText::baseName(name));
@@ -199,7 +202,7 @@ private:
     const DesktopEntryIndex& index_;
 };
 
-/// Old releases of Wine give all programs one class and tell them apart by the instance.
+/// Old versions of Wine use one class for all programs and tell them apart by instance.
 bool isSharedClass(const WindowTraits& window) {
     return window.className == "Wine" && !window.instance.empty();
 }
@@ -215,7 +218,8 @@ IdentifiedApp ownApp(const WindowTraits& window, const ProcessFacts& process,
     if (app.name.empty())
         app.name = unknownID;
     app.bundleID = app.name;
-    // A script's window may bear the class of an interpreter that has an entry: not the same app.
+    // A script's window may have the class of an interpreter that has an entry of its own, but it
+    // is not that app.
     while (index.find(app.bundleID) != nullptr)
         app.bundleID += "-window";
     app.path = process.executable;

@@ -1,4 +1,4 @@
-/// Which application a window belongs to.
+/// Decides which application a window belongs to.
 #pragma once
 
 #include "Applications/Entries/DesktopEntryIndex.hpp"
@@ -10,12 +10,12 @@
 
 namespace vireline::x11 {
 
-/// An application as its windows show it: a desktop entry's, or one of its own.
+/// An application derived from its windows: a desktop entry's, or one without an entry.
 struct IdentifiedApp {
-    /// The entry's ID, or the window's class.
+    /// The entry's ID, or the window's class if there is no entry.
     std::string bundleID;
     std::string name;
-    /// The entry's file, the executable, or a path made from the class; absolute.
+    /// The entry's file, the executable, or a path made up from the class; absolute.
     std::string path;
     bool hasEntry = false;
 
@@ -24,19 +24,19 @@ struct IdentifiedApp {
 
 namespace AppIdentity {
 
-/// Stands in for the class of a window that names neither a class nor a program.
+/// Used for windows that name neither a class nor a program.
 inline constexpr const char* unknownID = "unknown";
 
-/// The app that the window belongs to. Asked in this order, the first answer counts: `launched`,
-/// which is the app that the window's startup ID was made for if that launch was ours; the IDs that
-/// toolkits set; StartupWMClass; the class against IDs; the process against Exec. What is claimed
-/// by several entries falls to the one whose Exec line the process was started by, then to one that
-/// menus show. A window that no entry answers to is an app of its own.
+/// The app that the window belongs to. The first match counts, in this order: `launched`, the app
+/// for which one of our launches created the window's startup ID; the IDs that toolkits set;
+/// StartupWMClass; the class compared with IDs; the process compared with Exec lines. If several
+/// entries match, the one whose Exec line started the process wins, then one that menus show. A
+/// window that matches no entry is an app of its own.
 [[nodiscard]] IdentifiedApp identify(const WindowTraits& window, const ProcessFacts& process,
                                      const DesktopEntryIndex& index,
                                      const std::optional<IdentifiedApp>& launched = std::nullopt);
 
-/// The app of an entry.
+/// The app of a desktop entry.
 [[nodiscard]] IdentifiedApp appOf(const DesktopEntry& entry);
 
 }

@@ -16,7 +16,7 @@ bool isAbsolute(std::string_view path) {
     return path.starts_with('/');
 }
 
-/// An Electron app's archive is always called the same; its folder bears the app's name.
+/// The archive of every Electron app has the same name, so its folder identifies the app.
 std::string archiveOwner(std::string_view script) {
     std::string_view rest = script;
     const auto parent = [&rest] {
@@ -106,7 +106,8 @@ std::optional<Quality> quality(const IndexedEntry& entry, const Process& process
     Quality quality{.program = levelOf(command, process)};
     if (quality.program == 0)
         return std::nullopt;
-    // Wine's words are the loader's, and without its command line a process is known by name alone.
+    // Under Wine the arguments are the loader's, and without a command line a process is known by
+    // its name alone.
     if (!command.windowsProgram.empty() || process.facts.arguments.empty())
         return quality;
     for (const std::string& argument : command.arguments) {

@@ -38,11 +38,11 @@ bool isContinuation(char c) {
 }
 
 std::string clean(std::string_view bytes, std::size_t maximumBytes) {
-    // A NUL would end the text for g_utf8_validate; it is a control character like the others.
+    // A NUL would end the text for g_utf8_validate, so it is replaced like other control
+    // characters.
     std::string text{bytes.substr(0, maximumBytes * 2)};
     std::ranges::replace_if(text, isControl, ' ');
-    // What was cut above may end inside a character, which alone is no reason to take it for
-    // Latin-1.
+    // Truncating may have split the last character, which does not mean that the text is Latin-1.
     std::size_t end = text.size();
     if (bytes.size() > maximumBytes * 2) {
         while (end > 0 && isContinuation(text[end - 1]))

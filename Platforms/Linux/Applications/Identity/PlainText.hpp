@@ -1,4 +1,4 @@
-/// Text that other programs wrote, made fit for names, identifiers and log lines.
+/// Sanitises text from other programs for use in names, identifiers and log lines.
 #pragma once
 
 #include <cstddef>
@@ -7,21 +7,21 @@
 
 namespace vireline::x11::PlainText {
 
-/// Longest name or identifier that is kept, in bytes.
+/// Maximum length of a name or identifier, in bytes.
 inline constexpr std::size_t maximumNameBytes = 256;
 
-/// `bytes` as UTF-8: taken for Latin-1 when they are not valid as they are, cut before the
-/// character that would pass `maximumBytes`, control characters made spaces, those around removed.
+/// `bytes` as valid UTF-8: decoded as Latin-1 if they are not valid UTF-8, truncated to
+/// `maximumBytes` at a character boundary, with control characters replaced by spaces, and trimmed.
 [[nodiscard]] std::string clean(std::string_view bytes,
                                 std::size_t maximumBytes = maximumNameBytes);
 
-/// Whether `clean` would leave a text of this length as it is.
+/// Whether `clean` would return the text unchanged.
 [[nodiscard]] bool isClean(std::string_view text, std::size_t maximumBytes = maximumNameBytes);
 
-/// ASCII letters in lower case; other bytes stay.
+/// Lower-cases ASCII letters; other bytes are kept.
 [[nodiscard]] std::string folded(std::string_view text);
 
-/// What stands behind the last slash.
+/// The part after the last slash.
 [[nodiscard]] std::string_view baseName(std::string_view path) noexcept;
 
 }

@@ -19,14 +19,14 @@ std::string linkTarget(const std::string& path) {
     std::array<char, PATH_MAX> buffer{};
     const ssize_t length = readlink(path.c_str(), buffer.data(), buffer.size());
     std::string target{buffer.data(), length > 0 ? static_cast<std::size_t>(length) : 0};
-    // An update replaced the program while it runs.
+    // Appended by the kernel if the executable was replaced, for example by an update.
     constexpr std::string_view deleted = " (deleted)";
     if (target.ends_with(deleted))
         target.resize(target.size() - deleted.size());
     return target;
 }
 
-/// The path component that begins with `start` and ends with ".scope", without the two.
+/// The path component that begins with `start` and ends with ".scope", without both.
 std::optional<std::string_view> scope(std::string_view text, std::string_view start) {
     constexpr std::string_view end = ".scope";
     for (std::size_t at = text.find(start); at != std::string_view::npos;
@@ -39,7 +39,7 @@ std::optional<std::string_view> scope(std::string_view text, std::string_view st
     return std::nullopt;
 }
 
-/// systemd writes "-" within a name as "\x2d".
+/// systemd escapes "-" in names as "\x2d".
 std::string unescaped(std::string_view name) {
     std::string text;
     for (std::size_t i = 0; i < name.size(); ++i) {
@@ -62,8 +62,8 @@ std::vector<std::string> argumentsIn(std::string_view text) {
     return arguments;
 }
 
-void takeControlGroup(ProcessFacts& facts, std::string_view text) {
-    // snap.NAME.APP-UUID.scope, with a dot before the UUID in older releases
+void addControlGroup(ProcessFacts& facts, std::string_view text) {
+    // snap.NAME.APP-UUID.scope; older releases have a dot before the UUID.
     if (const auto snap = scope(text, "snap.")) {
         const std::size_t dot = std::min(snap->find('.'), snap->size());
         facts.snap = unescaped(snap->substr(0, dot));
@@ -101,7 +101,7 @@ ProcessFacts read(std::int32_t processIdentifier) {
     facts.executable = linkTarget(folder + "/exe");
     facts.arguments =
         argumentsIn(BoundedFile::readStart(folder + "/cmdline", maximumArgumentBytes));
-    takeControlGroup(facts, BoundedFile::readStart(folder + "/cgroup", maximumTextBytes));
+    addControlGroup(facts, BoundedFile::readStart(folder + "/cgroup", maximumTextBytes));
     if (facts.flatpakID.empty()) {
         const auto info = BoundedFile::read(folder + "/root/.flatpak-info", maximumTextBytes);
         facts.flatpakID = flatpakIDIn(info.value_or(""));

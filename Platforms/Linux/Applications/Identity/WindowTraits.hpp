@@ -1,4 +1,4 @@
-/// What a window says of the program that it belongs to.
+/// What a window says about the program that it belongs to.
 #pragma once
 
 #include <string>
@@ -6,7 +6,7 @@
 
 namespace vireline::x11 {
 
-/// Cleaned and of bounded length; what a window does not say is empty.
+/// Sanitised and of bounded length; unset properties are empty.
 struct WindowTraits {
     /// The two halves of WM_CLASS.
     std::string instance;
@@ -18,7 +18,7 @@ struct WindowTraits {
     /// `_NET_STARTUP_ID`.
     std::string startupID;
 
-    /// Takes the bytes of WM_CLASS: two texts, each ended by a zero byte if it is as it should be.
+    /// Takes the bytes of WM_CLASS: two texts, normally each terminated by a zero byte.
     void setWMClass(std::string_view bytes);
 
     bool operator==(const WindowTraits&) const = default;

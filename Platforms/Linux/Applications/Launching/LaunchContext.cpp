@@ -51,7 +51,7 @@ GObjectHandle<GAppLaunchContext> make(const std::string& startupID,
             g_app_launch_context_unsetenv(context.get(), name.c_str());
     }
     if (!startupID.empty()) {
-        // GIO itself hands the ID on only to entries that ask for it.
+        // GIO itself passes the ID only to entries that ask for it.
         g_app_launch_context_setenv(context.get(), "DESKTOP_STARTUP_ID", startupID.c_str());
         g_object_set_data_full(G_OBJECT(context.get()), startupIDKey, g_strdup(startupID.c_str()),
                                g_free);

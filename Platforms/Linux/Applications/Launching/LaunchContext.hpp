@@ -1,4 +1,4 @@
-/// What GIO asks for when it starts a program for us.
+/// The launch context that GIO needs to start a program.
 #pragma once
 
 #include "GLib/GLibHandles.hpp"
@@ -8,9 +8,9 @@
 
 namespace vireline::x11::LaunchContext {
 
-/// A context with the environment of `LaunchEnvironment` and this startup ID; with an empty one the
-/// program gets none. `onFailed` is called on the main thread when an activation over D-Bus, whose
-/// outcome nobody waits for, came to nothing. Made on the main thread, used on any.
+/// A context with the environment from `LaunchEnvironment` and this startup ID; if it is empty, the
+/// program gets none. `onFailed` is called on the main thread if an activation over D-Bus, whose
+/// result is not awaited, fails. Create it on the main thread; it may be used on any.
 [[nodiscard]] GObjectHandle<GAppLaunchContext> make(const std::string& startupID,
                                                     std::function<void()> onFailed);
 

@@ -63,7 +63,7 @@ std::vector<Change> restoring(const Variables& initial, const Variables& current
 
 std::vector<Change> changes() {
     const auto current = currentVariables();
-    // The kernel keeps the block that the program was started with.
+    // The kernel keeps the environment block that the program was started with.
     auto initial = parse(BoundedFile::readStart("/proc/self/environ", maximumBytes));
     return restoring(initial.empty() ? current : initial, current);
 }

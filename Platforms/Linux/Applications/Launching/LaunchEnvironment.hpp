@@ -1,5 +1,5 @@
-/// Which environment a started program gets: the one that this program was started with, without
-/// what it set for itself.
+/// The environment for launched programs: the one that this program was started with, without the
+/// variables that it has set for itself.
 #pragma once
 
 #include <map>
@@ -14,20 +14,20 @@ using Variables = std::map<std::string, std::string, std::less<>>;
 
 struct Change {
     std::string name;
-    /// Nothing to unset it.
+    /// nullopt unsets the variable.
     std::optional<std::string> value;
 
     bool operator==(const Change&) const = default;
 };
 
-/// The variables in a block of "NAME=value" texts, each ended by a zero byte.
+/// Parses a block of "NAME=value" texts, each terminated by a zero byte.
 [[nodiscard]] Variables parse(std::string_view block);
 
-/// What makes `current` into `initial`. What spoke of the start of this very program, such as its
-/// startup ID, is unset in any case.
+/// The changes that turn `current` into `initial`. Variables about the start of this program
+/// itself, such as its startup ID, are always unset.
 [[nodiscard]] std::vector<Change> restoring(const Variables& initial, const Variables& current);
 
-/// `restoring` for this process as it is now. Only on the main thread.
+/// `restoring` for this process's current environment. Main thread only.
 [[nodiscard]] std::vector<Change> changes();
 
 }

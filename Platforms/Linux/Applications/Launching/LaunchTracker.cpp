@@ -16,20 +16,20 @@ void LaunchTracker::begin(const std::string& startupID, const IdentifiedApp& app
     launch.app = app;
     launch.isOurs = isOurs;
     launch.began = runLoop_.now();
-    // The timer owns what it captured, and failing ends the timer.
-    launch.patience = runLoop_.after(
-        patienceSeconds, lifetime_.guard([this, startupID] { fail(std::string{startupID}); }));
+    // A copy of the ID, because `fail` destroys the timer and with it everything captured.
+    launch.timeout = runLoop_.after(
+        timeoutSeconds, lifetime_.guard([this, startupID] { fail(std::string{startupID}); }));
     if (onWillLaunch)
         onWillLaunch(app);
 }
 
-bool LaunchTracker::isUnderWay(const std::string& bundleID, double pairSeconds) const {
+bool LaunchTracker::isUnderWay(const std::string& bundleID, double doubleClickSeconds) const {
     return std::ranges::any_of(launches_, [&](const Launch& launch) {
         if (launch.app.bundleID != bundleID)
             return false;
-        // An app may say that it has started before the window manager shows its window.
+        // An app may report that it has started before the window manager lists its window.
         const bool mayStillShow = launch.isOurs && !launch.hasFailed && !launch.owner &&
-                                  runLoop_.now() - launch.began < pairSeconds;
+                                  runLoop_.now() - launch.began < doubleClickSeconds;
         return launch.isPending || mayStillShow;
     });
 }
@@ -39,7 +39,7 @@ void LaunchTracker::finish(const std::string& startupID) {
     if (launch == nullptr || !launch->isPending)
         return;
     launch->isPending = false;
-    launch->patience.reset();
+    launch->timeout.reset();
     if (onFinished)
         onFinished(IdentifiedApp{launch->app});
 }
@@ -52,7 +52,7 @@ bool LaunchTracker::fail(const std::string& startupID) {
     launch->hasFailed = true;
     const bool isOurs = launch->isOurs;
     const IdentifiedApp app = launch->app;
-    launch->patience.reset();
+    launch->timeout.reset();
     if (isOurs && onOurEnd)
         onOurEnd(startupID);
     if (onFailed)
@@ -70,7 +70,7 @@ void LaunchTracker::appShowed(const std::string& bundleID, std::int32_t processI
         if (launch.isPending && launch.isOurs)
             ended.push_back(launch.startupID);
         launch.isPending = false;
-        launch.patience.reset();
+        launch.timeout.reset();
     }
     for (const std::string& startupID : ended) {
         if (onOurEnd)

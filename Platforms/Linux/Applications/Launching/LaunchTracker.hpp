@@ -1,5 +1,5 @@
-/// The launches under way, ours and other programs', from their announcement until something shows
-/// that they ended.
+/// Pending launches, ours and other programs', from their announcement until they are known to have
+/// ended.
 #pragma once
 
 #include "Applications/Identity/AppIdentity.hpp"
@@ -16,9 +16,9 @@ namespace vireline::x11 {
 
 class LaunchTracker {
 public:
-    /// A launch that shows nothing for this long is taken to have ended.
-    static constexpr double patienceSeconds = 15;
-    /// Launches that are remembered, the newest, for the windows that may still bear their IDs.
+    /// A launch that shows no window within this time counts as failed.
+    static constexpr double timeoutSeconds = 15;
+    /// Limit on remembered launches, newest kept: later windows may still carry their startup IDs.
     static constexpr std::size_t maximumLaunches = 64;
 
     explicit LaunchTracker(RunLoop& runLoop) : runLoop_(runLoop) {}
@@ -28,33 +28,33 @@ public:
     LaunchTracker& operator=(LaunchTracker&&) = delete;
     ~LaunchTracker() = default;
 
-    /// `isOurs`: only by our own launches windows are told apart. An ID that is known already
-    /// changes nothing.
+    /// `isOurs`: only our own launches are used to identify windows. Does nothing if the ID is
+    /// already known.
     void begin(const std::string& startupID, const IdentifiedApp& app, bool isOurs);
 
-    /// Whether the app is on its way: a launch of it, anybody's, is not over yet; or one of ours
-    /// began less than `pairSeconds` ago and has neither failed nor shown a window.
-    [[nodiscard]] bool isUnderWay(const std::string& bundleID, double pairSeconds) const;
+    /// Whether the app is being launched: a launch of it, by any program, has not ended; or one of
+    /// ours began less than `doubleClickSeconds` ago and has neither failed nor shown a window.
+    [[nodiscard]] bool isUnderWay(const std::string& bundleID, double doubleClickSeconds) const;
 
-    /// The starter or the app itself says that the launch is over.
+    /// The launcher or the app itself reports that the launch has ended.
     void finish(const std::string& startupID);
 
-    /// The launch came to nothing. False when it was over before.
+    /// The launch failed. Returns false if it had already ended.
     bool fail(const std::string& startupID);
 
-    /// The first window of an app is there, owned by this process. Ends all its launches.
+    /// The app's first window, owned by this process, has appeared. Ends all launches of the app.
     void appShowed(const std::string& bundleID, std::int32_t processIdentifier);
 
-    /// The app that a window's startup ID was made for, if the launch was ours. The ID stays in the
-    /// environment of everything that the app starts: once the app showed itself, it counts for
-    /// windows of that same process only.
+    /// The app for which a window's startup ID was created, if the launch was ours. The ID stays in
+    /// the environment of everything that the app starts, so once the app has shown a window, the
+    /// ID counts only for windows of that same process.
     [[nodiscard]] std::optional<IdentifiedApp> launchedApp(const std::string& startupID,
                                                            std::int32_t processIdentifier) const;
 
     std::function<void(const IdentifiedApp&)> onWillLaunch;
     std::function<void(const IdentifiedApp&)> onFinished;
     std::function<void(const IdentifiedApp&)> onFailed;
-    /// The launch with this ID, one of ours, is over; not called when `finish` said so.
+    /// One of our launches has ended; not called if it ended through `finish`.
     std::function<void(const std::string& startupID)> onOurEnd;
 
 private:
@@ -66,9 +66,9 @@ private:
         bool hasFailed = false;
         /// On the run loop's clock.
         double began = 0;
-        /// Of the app's first window; nothing before there is one.
+        /// The process that owns the app's first window; nullopt until there is one.
         std::optional<std::int32_t> owner;
-        Timer patience;
+        Timer timeout;
     };
 
     [[nodiscard]] Launch* find(const std::string& startupID);

@@ -15,7 +15,7 @@ namespace {
 
 using FailureHandler = std::function<void(const PlatformError&)>;
 using Children = std::vector<GPid>;
-/// Shared with the worker; std::function wants what it holds to be copyable.
+/// Shared with the worker, because std::function requires copyable captures.
 using SharedContext = std::shared_ptr<GAppLaunchContext>;
 
 PlatformError failure(GError* raw) {
@@ -29,8 +29,8 @@ PlatformError nothingToStart() {
     return {.code = ENOENT, .description = "nothing to start"};
 }
 
-/// In the new process, before it becomes the program: what is started outlives whoever started it,
-/// also when that is ended from its terminal.
+/// Runs in the child before exec: a new session, so that the program survives this one, even if
+/// this one is ended from its terminal.
 void startSession(gpointer) {
     setsid();
 }
@@ -85,7 +85,7 @@ Result<void> openFirst(const std::vector<std::string>& uris, const std::string& 
     return hasFallback ? openWith(fileManagerPath, uris.back(), context) : outcome;
 }
 
-/// Takes notice of the child's end, which also frees its place in the system's table.
+/// Waits for the child's exit, which also reaps it.
 void watch(GPid child, FailureHandler onFailure) {
     auto handler = std::make_unique<FailureHandler>(std::move(onFailure));
     const auto ended = [](GPid process, int status, gpointer data) {

@@ -1,4 +1,4 @@
-/// Starts programs and opens addresses without making the main thread wait.
+/// Starts programs and opens URIs without blocking the main thread.
 #pragma once
 
 #include "Applications/Entries/DesktopEntry.hpp"
@@ -16,13 +16,13 @@ public:
     using Outcome = std::function<void(Result<void>)>;
 
     /// Starts the entry's program. `onFailure` is called if that fails at once, or if the program
-    /// ends with an error; perhaps long after.
+    /// exits with an error, perhaps much later.
     void launch(const DesktopEntry& entry, const std::string& startupID,
                 std::function<void(const PlatformError&)> onFailure);
 
-    /// Opens the first of `uris` that the user's programs for such things can open; failing that
-    /// the last, if it is a folder, with the program of the entry at `fileManagerPath`. `done`
-    /// hears of the last failure.
+    /// Opens the first of `uris` for which a default program can be started; if none can, opens the
+    /// last one, if it is a folder, with the program of the entry at `fileManagerPath`. `done`
+    /// receives the last error.
     void open(std::vector<std::string> uris, std::string fileManagerPath, Outcome done);
 
 private:

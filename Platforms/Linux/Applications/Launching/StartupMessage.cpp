@@ -15,7 +15,7 @@ void skipSpaces(std::string_view& text) {
         text.remove_prefix(1);
 }
 
-/// Takes a value: up to the next blank, quotes and backslashes resolved.
+/// Takes a value off the front: up to the next blank, with quotes and backslashes resolved.
 std::string takeValue(std::string_view& text) {
     std::string value;
     bool isQuoted = false;
@@ -63,7 +63,7 @@ std::optional<StartupMessage> parse(std::string_view text) {
             break;
         std::string key{text.substr(0, equals)};
         text.remove_prefix(equals + 1);
-        // The order of the two matters: taking the value moves on in the text.
+        // The value must be taken first, because that advances `text`.
         std::string value = takeValue(text);
         message.values.try_emplace(std::move(key), std::move(value));
     }

@@ -1,5 +1,5 @@
-/// What programs tell each other about starting programs: the texts of the startup notification
-/// protocol, and their reassembly from the pieces in which they travel.
+/// Messages of the startup notification protocol, and their reassembly from the chunks in which
+/// they are sent.
 #pragma once
 
 #include <array>
@@ -27,30 +27,30 @@ struct StartupMessage {
 
 namespace StartupMessages {
 
-/// Longest text that is taken; real ones have some hundred bytes.
+/// Limit on a message's text; real ones have some hundred bytes.
 inline constexpr std::size_t maximumBytes = 4096;
 
-/// Bytes of text in one client message.
+/// Bytes of text per client message.
 inline constexpr std::size_t chunkBytes = 20;
 using Chunk = std::array<char, chunkBytes>;
 
-/// Nothing for a text that does not begin with a kind or names no ID.
+/// nullopt for a text that does not begin with a kind or has no ID.
 [[nodiscard]] std::optional<StartupMessage> parse(std::string_view text);
 
 [[nodiscard]] std::string text(const StartupMessage& message);
 
-/// The text and the zero byte that ends it, in as many pieces as it takes.
+/// The text and its terminating zero byte, split into chunks.
 [[nodiscard]] std::vector<Chunk> chunks(std::string_view text);
 
 }
 
-/// Puts texts together again from the pieces that senders send. Bounded: a text that is too long is
-/// dropped, and so is the oldest of too many unfinished ones.
+/// Reassembles messages from the chunks of several senders. Bounded: a text that is too long is
+/// dropped, and so is the oldest of too many incomplete ones.
 class StartupMessageAssembler {
 public:
     static constexpr std::size_t maximumSenders = 16;
 
-    /// Takes one piece, the first of a text if `isFirst`; returns the text that it completes.
+    /// Adds a chunk, the first of a message if `isFirst`; returns the text that it completes.
     [[nodiscard]] std::optional<std::string> take(std::uint32_t sender, bool isFirst,
                                                   const StartupMessages::Chunk& chunk);
 

@@ -1,4 +1,4 @@
-/// Sends and hears startup notification messages, which go through the root window.
+/// Sends and receives startup notification messages, which are broadcast through the root window.
 #pragma once
 
 #include "Applications/Launching/StartupMessage.hpp"
@@ -18,17 +18,17 @@ public:
     StartupMessenger& operator=(StartupMessenger&&) = delete;
     ~StartupMessenger();
 
-    /// Tells every program on the display, this one included.
+    /// Sends to every program on the display, including this one.
     void broadcast(const StartupMessage& message);
 
-    /// Hears every message that is whole and valid.
+    /// Called for every complete and valid message.
     std::function<void(const StartupMessage&)> onMessage;
 
 private:
     void handle(const xcb_generic_event_t& event);
 
     X11Connection& connection_;
-    /// Marks the pieces of our messages as belonging together; never shown.
+    /// An unmapped window that identifies our chunks as belonging together.
     xcb_window_t sender_;
     StartupMessageAssembler assembler_;
     Subscription events_;

@@ -11,16 +11,16 @@ AccessibleDock::AccessibleDock(DockAccess dock) : dock_(std::move(dock)) {
     QAccessible::installActivationObserver(this);
     QObject::connect(&dock_.window, &QWindow::visibleChanged, &dock_.window,
                      lifetime_.guard([this](bool isVisible) {
-                         tell(isVisible ? QAccessible::ObjectShow : QAccessible::ObjectHide);
+                         notify(isVisible ? QAccessible::ObjectShow : QAccessible::ObjectHide);
                      }));
 }
 
 AccessibleDock::~AccessibleDock() {
     QAccessible::removeActivationObserver(this);
-    tell(QAccessible::ObjectDestroyed);
+    notify(QAccessible::ObjectDestroyed);
 }
 
-/// What was made while nobody listened may be out of date.
+/// Buttons that were created while no assistive technology was active may be out of date.
 void AccessibleDock::accessibilityActiveChanged(bool isActive) {
     isActive_ = isActive;
     root_.reset();
@@ -37,12 +37,12 @@ void AccessibleDock::refresh() {
         return root_.reset();
     if (root_)
         return root_->setTiles(dock_.listener.accessibleTiles());
-    dock_.tell(*root(), QAccessible::ObjectCreated);
+    dock_.notify(*root(), QAccessible::ObjectCreated);
 }
 
-void AccessibleDock::tell(QAccessible::Event what) {
+void AccessibleDock::notify(QAccessible::Event what) {
     if (isActive_ && root_)
-        dock_.tell(*root_, what);
+        dock_.notify(*root_, what);
 }
 
 }

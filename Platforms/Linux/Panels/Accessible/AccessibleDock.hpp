@@ -1,5 +1,5 @@
-/// What assistive technology finds of one dock. There is nothing of it until somebody asks, and it
-/// follows the dock only while somebody listens. Owned by the dock's window.
+/// The accessibility tree of one dock. Created on first use, and updated only while assistive
+/// technology is active. Owned by the dock's window.
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
@@ -20,16 +20,16 @@ public:
     AccessibleDock& operator=(AccessibleDock&&) = delete;
     ~AccessibleDock() override;
 
-    /// The window's interface, which Qt also finds by the window from now on.
+    /// The window's interface; from now on Qt also finds it through the window.
     [[nodiscard]] QAccessibleInterface* root();
 
-    /// What the dock shows may have changed. May end buttons, so it must not be called in the
-    /// middle of what Qt does with one.
+    /// Call when the dock's content may have changed. May destroy buttons, so it must not be called
+    /// while Qt is using one.
     void refresh();
 
 private:
     void accessibilityActiveChanged(bool isActive) override;
-    void tell(QAccessible::Event what);
+    void notify(QAccessible::Event what);
 
     DockAccess dock_;
     bool isActive_ = QAccessible::isActive();

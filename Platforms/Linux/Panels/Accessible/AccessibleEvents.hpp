@@ -1,11 +1,11 @@
-/// Tells assistive technology what has changed.
+/// Notifies assistive technology of changes.
 #pragma once
 
 #include <QAccessible>
 
 namespace vireline::x11::AccessibleEvents {
 
-inline void tell(QAccessibleInterface& about, QAccessible::Event what) {
+inline void notify(QAccessibleInterface& about, QAccessible::Event what) {
     QAccessibleEvent event{&about, what};
     QAccessible::updateAccessibility(&event);
 }

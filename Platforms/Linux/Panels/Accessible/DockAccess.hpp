@@ -1,4 +1,4 @@
-/// What the interfaces of one dock share; it outlives them.
+/// State shared by the accessibility interfaces of one dock; must outlive them.
 #pragma once
 
 #include "Foundation/Geometry.hpp"
@@ -20,13 +20,13 @@ namespace vireline::x11 {
 struct DockAccess {
     QWindow& window;
     PanelWindowListener& listener;
-    /// What the dock is called; tells it from the docks of other displays.
+    /// The dock's accessible name, which distinguishes it from docks on other displays.
     std::string name;
-    /// Where a part of the view is on the screen, in Qt's coordinates.
+    /// Converts a part of the view to Qt's screen coordinates.
     std::function<QRect(const Rect&)> place;
-    /// Takes what assistive technology is to be told; only while there is any.
-    std::function<void(QAccessibleInterface& about, QAccessible::Event what)> tell =
-        AccessibleEvents::tell;
+    /// Sends an accessibility event; called only while assistive technology is active.
+    std::function<void(QAccessibleInterface& about, QAccessible::Event what)> notify =
+        AccessibleEvents::notify;
 };
 
 }

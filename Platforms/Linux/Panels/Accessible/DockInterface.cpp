@@ -39,9 +39,9 @@ void DockInterface::setTiles(const std::vector<AccessibleTile>& tiles) {
             buttons_.insert(place, makeRegistered<TileButton>(dock_, *this, tiles[i]))->get());
     }
     for (TileButton* const button : added)
-        dock_.tell(*button, QAccessible::ObjectCreated);
+        dock_.notify(*button, QAccessible::ObjectCreated);
     if (isReordered)
-        dock_.tell(*this, QAccessible::ObjectReorder);
+        dock_.notify(*this, QAccessible::ObjectReorder);
 }
 
 void DockInterface::endOthers(const std::vector<AccessibleTile>& tiles) {
@@ -50,7 +50,7 @@ void DockInterface::endOthers(const std::vector<AccessibleTile>& tiles) {
     };
     for (const auto& button : buttons_) {
         if (isGone(button))
-            dock_.tell(*button, QAccessible::ObjectDestroyed);
+            dock_.notify(*button, QAccessible::ObjectDestroyed);
     }
     std::erase_if(buttons_, isGone);
 }

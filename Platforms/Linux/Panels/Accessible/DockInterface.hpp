@@ -1,5 +1,5 @@
-/// A dock's window for assistive technology: a window of buttons, one for each tile. A button stays
-/// the same for as long as its tile stays in the strip.
+/// A dock's window for assistive technology: a window with one button per tile. A tile keeps its
+/// button for as long as it is in the strip.
 #pragma once
 
 #include "Panels/Accessible/Registered.hpp"
@@ -14,7 +14,7 @@ class DockInterface final : public QAccessibleObject {
 public:
     DockInterface(const DockAccess& dock, const std::vector<AccessibleTile>& tiles);
 
-    /// Makes these the tiles, and tells who listens what is new. Ends the buttons of others.
+    /// Replaces the tiles and announces the changes. Destroys the buttons of removed tiles.
     void setTiles(const std::vector<AccessibleTile>& tiles);
 
     [[nodiscard]] QWindow* window() const override;
@@ -32,7 +32,7 @@ private:
     using Buttons = std::vector<Registered<TileButton>>;
 
     void endOthers(const std::vector<AccessibleTile>& tiles);
-    /// Puts the buttons that stay into the order of `tiles`; false if they were in it already.
+    /// Sorts the remaining buttons in the order of `tiles`; returns whether that changed anything.
     bool reorder(const std::vector<AccessibleTile>& tiles);
 
     const DockAccess& dock_;

@@ -1,5 +1,5 @@
-/// Interfaces that assistive technology can ask for by number. Qt's registry owns them; a handle
-/// takes its own out again when it goes.
+/// Accessibility interfaces that can be looked up by ID. Qt's registry owns them; this handle
+/// removes its interface from the registry when destroyed.
 #pragma once
 
 #include <QAccessible>
@@ -19,7 +19,7 @@ struct Unregister {
 template <class Interface>
 using Registered = std::unique_ptr<Interface, Unregister>;
 
-/// There may be one for each object at a time.
+/// Only one per object at a time.
 template <class Interface, class... Arguments>
 [[nodiscard]] Registered<Interface> makeRegistered(Arguments&&... arguments) {
     Interface* const made =

@@ -14,9 +14,9 @@ TileButton::TileButton(const DockAccess& dock, QAccessibleInterface& parent, Acc
 void TileButton::update(const AccessibleTile& tile) {
     const AccessibleTile before = std::exchange(tile_, tile);
     if (before.label != tile.label)
-        dock_.tell(*this, QAccessible::NameChanged);
+        dock_.notify(*this, QAccessible::NameChanged);
     if (before.value != tile.value)
-        dock_.tell(*this, QAccessible::DescriptionChanged);
+        dock_.notify(*this, QAccessible::DescriptionChanged);
 }
 
 QWindow* TileButton::window() const {

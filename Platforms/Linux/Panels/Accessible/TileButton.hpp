@@ -1,5 +1,6 @@
-/// A tile for assistive technology: a push button, whose description says whether the app runs. A
-/// screen reader speaks it behind the name and the role; a value is a number there.
+/// A tile for assistive technology: a push button whose description says whether the app is
+/// running. Screen readers speak the description after name and role, whereas they would treat a
+/// value as a number.
 #pragma once
 
 #include "Presentation/AccessibleTile.hpp"
@@ -16,7 +17,7 @@ public:
     TileButton(const DockAccess& dock, QAccessibleInterface& parent, AccessibleTile tile);
 
     [[nodiscard]] const AccessibleTile& tile() const noexcept { return tile_; }
-    /// Takes over what is new of the tile with the same number, and tells who listens.
+    /// Updates from a tile with the same ID, and announces the changes.
     void update(const AccessibleTile& tile);
 
     [[nodiscard]] bool isValid() const override { return true; }
@@ -39,7 +40,8 @@ public:
     void* interface_cast(QAccessible::InterfaceType type) override;
 
     [[nodiscard]] QStringList actionNames() const override;
-    /// Answers at once; what it does comes in the next turn of the loop, and may end the tile.
+    /// Returns at once; the action runs in the event loop's next turn, because it may destroy the
+    /// tile.
     void doAction(const QString& name) override;
     [[nodiscard]] QStringList keyBindingsForAction(const QString& /*name*/) const override {
         return {};

@@ -18,7 +18,7 @@ std::string_view trimmed(std::string_view line) {
     return line.substr(first, line.find_last_not_of(blanks) + 1 - first);
 }
 
-/// Without the empty ones. Some programs end the whole with a zero byte.
+/// Splits into lines without the empty ones. Some programs end the text with a zero byte.
 std::vector<std::string_view> lines(std::string_view content) {
     while (content.ends_with('\0'))
         content.remove_suffix(1);

@@ -1,4 +1,4 @@
-/// What other programs send of the files that they let a user drag, as the texts of URLs.
+/// Converts dragged files, in the formats that other programs send, to URLs.
 #pragma once
 
 #include <array>
@@ -10,7 +10,7 @@
 
 namespace vireline::x11::DroppedText {
 
-/// The forms that are understood, the best first.
+/// The supported formats, best first.
 inline constexpr std::array<std::string_view, 6> formats{
     "text/uri-list",
     "text/plain;charset=utf-8",
@@ -20,9 +20,9 @@ inline constexpr std::array<std::string_view, 6> formats{
     "STRING",
 };
 
-/// A URL list is taken line by line (RFC 2483), whatever its URLs are. Plain text stands for files
-/// only if every line of it is a file URL or an absolute path; any other gives nothing. File URLs
-/// that name this computer lose its name.
+/// A URL list is read line by line (RFC 2483) and may contain any URLs. Plain text is accepted only
+/// if every line is a file URL or an absolute path; otherwise the result is empty. This computer's
+/// host name is removed from file URLs.
 [[nodiscard]] std::vector<std::string> urls(std::string_view format, std::string_view content,
                                             std::string_view hostName);
 

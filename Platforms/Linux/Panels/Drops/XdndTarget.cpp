@@ -19,7 +19,7 @@ constexpr std::uint32_t oldestVersion = 3;
 constexpr std::uint32_t version = 5;
 constexpr xcb_atom_t noAction = XCB_ATOM_NONE;
 
-/// A transfer that was given up may still be answered: the next one uses another property.
+/// An abandoned transfer may still be answered, so the next one uses another property.
 constexpr std::array<std::string_view, 4> properties{"_VIRELINE_DROP_0", "_VIRELINE_DROP_1",
                                                      "_VIRELINE_DROP_2", "_VIRELINE_DROP_3"};
 
@@ -88,7 +88,8 @@ void XdndTarget::enter(const xcb_client_message_event_t& message) {
     const std::uint32_t spoken = message.data.data32[1] >> 24U;
     if (spoken < oldestVersion || spoken > version)
         return;
-    // Its end is the drag's. Asked first, looked at then, so that no end falls between.
+    // The source's exit ends the drag. Selected before checking that it exists, so that its exit
+    // cannot be missed.
     connection_.selectInput(source, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     if (!isThere(connection_, source))
         return;
@@ -123,15 +124,15 @@ void XdndTarget::move(Drag& drag, const xcb_client_message_event_t& message) {
     drag.x = static_cast<std::int16_t>(place >> 16U);
     drag.y = static_cast<std::int16_t>(place & 0xffffU);
     drag.action = message.data.data32[4];
-    drag.owesStatus = true;
+    drag.needsStatus = true;
     if (drag.content == Content::unasked)
         ask(drag, message.data.data32[3]);
     else if (drag.content != Content::asked)
         sendStatus(drag);
 }
 
-/// What is dragged is asked for at the first position, which has the time that the source knows its
-/// drag by.
+/// Requests the data at the first position message, which has the timestamp that the source
+/// expects.
 void XdndTarget::ask(Drag& drag, xcb_timestamp_t time) {
     drag.content = Content::asked;
     const auto property = properties.at(transfers_++ % properties.size());
@@ -156,16 +157,16 @@ void XdndTarget::answered(Drag& drag, const Result<std::string>& content) {
         drag.content = Content::refused;
         DevLog::write("drag refused: " + content.error().description);
     }
-    if (drag.owesFinish)
+    if (drag.needsFinish)
         finish(drag);
-    else if (drag.owesStatus)
+    else if (drag.needsStatus)
         sendStatus(drag);
 }
 
 void XdndTarget::sendStatus(Drag& drag) {
     constexpr std::uint32_t accepts = 1;
     constexpr std::uint32_t wantsEveryPosition = 2;
-    drag.owesStatus = false;
+    drag.needsStatus = false;
     const bool canDrop =
         drag.content == Content::told && listener_.dragMoved(viewPoint_(drag.x, drag.y));
     connection_.sendToWindow(
@@ -175,8 +176,8 @@ void XdndTarget::sendStatus(Drag& drag) {
     connection_.flush();
 }
 
-/// A target may always answer that it copies. What the source insists on instead, though, is left
-/// to it: it may have reasons.
+/// A target may always choose to copy. If the source insists on another action, it gets that one,
+/// since it may have a reason.
 xcb_atom_t XdndTarget::chosenAction(const Drag& drag) const {
     const xcb_atom_t copy = connection_.atom("XdndActionCopy");
     const xcb_atom_t move = connection_.atom("XdndActionMove");
@@ -200,10 +201,10 @@ void XdndTarget::leave() {
 }
 
 void XdndTarget::drop(Drag& drag) {
-    // Nobody waits for a status any more.
-    drag.owesStatus = false;
+    // The source no longer waits for a status.
+    drag.needsStatus = false;
     if (drag.content == Content::asked) {
-        drag.owesFinish = true;
+        drag.needsFinish = true;
     } else {
         finish(drag);
     }
@@ -213,7 +214,7 @@ void XdndTarget::finish(Drag& drag) {
     const xcb_window_t source = drag.source;
     const xcb_atom_t action = chosenAction(drag);
     const Point place = viewPoint_(drag.x, drag.y);
-    // The listener hears of the drop instead of a leave, and what it does may end this.
+    // The listener gets `dropped` instead of `dragExited`, and may destroy this object in response.
     const bool canDrop = std::exchange(drag.content, Content::refused) == Content::told;
     leave();
     const X11Connection& connection = connection_;

@@ -1,5 +1,5 @@
-/// One dock's end of the drag-and-drop protocol of the X Window System (XDND, version 5). Qt's own
-/// would wait for the other program whenever it asks what is dragged, and never hear that it died.
+/// One dock's side of the X drag-and-drop protocol (XDND, version 5). Qt's implementation blocks
+/// when it asks the source for data, and does not notice if the source exits.
 #pragma once
 
 #include "Foundation/Geometry.hpp"
@@ -23,11 +23,10 @@ class X11Connection;
 
 class XdndTarget {
 public:
-    /// The point of the hosted view at a pixel of the root window.
+    /// Converts a pixel of the root window to a point in the hosted view.
     using ViewPoint = std::function<Point(int x, int y)>;
 
-    /// For a window that exists for as long as this does. A drag that is over it when this ends
-    /// leaves it.
+    /// The window must outlive this object. Destroying it during a drag counts as the drag leaving.
     XdndTarget(X11Connection& connection, xcb_window_t window, PanelWindowListener& listener,
                ViewPoint viewPoint);
     XdndTarget(const XdndTarget&) = delete;
@@ -36,35 +35,35 @@ public:
     XdndTarget& operator=(XdndTarget&&) = delete;
     ~XdndTarget();
 
-    /// Takes a message to the window if it is one of the protocol's, which is then for nobody else.
+    /// Handles a message to the window; returns false if it does not belong to the protocol.
     bool handle(const xcb_client_message_event_t& message);
 
-    /// Takes it that what is dragged over the window has left.
+    /// Treats the drag as having left.
     void leave();
 
 private:
-    /// How far it is known what is dragged.
+    /// How much is known about the dragged data.
     enum class Content {
         unasked,
         asked,
-        /// The listener knows; the one state in which there is something to drop.
+        /// The listener has been told; the only state in which a drop is accepted.
         told,
         refused,
     };
 
     struct Drag {
         xcb_window_t source = XCB_NONE;
-        /// Of `DroppedText::formats`; empty if the source offers none of them.
+        /// One of `DroppedText::formats`; empty if the source offers none of them.
         std::string_view format;
-        /// What the source lets the target choose from, if it does.
+        /// The actions that the source offers to choose from, if any.
         std::vector<xcb_atom_t> actions;
         Content content = Content::unasked;
         int x = 0;
         int y = 0;
         xcb_atom_t action = XCB_ATOM_NONE;
-        /// The source waits for an answer to its last position, or to its drop.
-        bool owesStatus = false;
-        bool owesFinish = false;
+        /// The source waits for a reply to its last position, or to its drop.
+        bool needsStatus = false;
+        bool needsFinish = false;
     };
 
     void enter(const xcb_client_message_event_t& message);

@@ -1,5 +1,5 @@
-/// How often something is corrected before the program gives up on it. What was left alone for a
-/// while is put right as often again.
+/// Limits how often something is corrected before the program gives up. Refilled after a quiet
+/// period.
 #pragma once
 
 #include <chrono>
@@ -12,10 +12,11 @@ public:
     using Time = std::chrono::steady_clock::time_point;
 
     static constexpr int maximum = 8;
-    /// An opponent answers sooner than this.
+    /// Longer than any opponent takes to undo a correction.
     static constexpr std::chrono::seconds quiet{1};
 
-    /// Takes one correction; false if none is left. Also one that is refused counts as noise.
+    /// Uses up one correction; returns false if none is left. A refused one also ends the quiet
+    /// period.
     [[nodiscard]] bool take(Time now) noexcept {
         if (last_ && now - *last_ > quiet)
             left_ = maximum;

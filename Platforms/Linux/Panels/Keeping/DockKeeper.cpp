@@ -52,20 +52,20 @@ void DockKeeper::windowManagerChanged() {
     DockHints::assertState(context_.connection, window_);
     onManaged();
     facts_ = {.isManagerNew = true};
-    // A window manager announces itself before it manages windows.
+    // A window manager announces itself before it manages windows, so wait before looking.
     timer_.start();
 }
 
 void DockKeeper::handle(const xcb_generic_event_t& event) {
     if (stacking_)
         stacking_->handle(event);
-    if (tellsOfManager(event))
+    if (mayBeManaged(event))
         onManaged();
     if (place_.handle(event))
         onPlaceChanged();
 }
 
-bool DockKeeper::tellsOfManager(const xcb_generic_event_t& event) const {
+bool DockKeeper::mayBeManaged(const xcb_generic_event_t& event) const {
     constexpr std::uint8_t sentFlag = 0x80;
     switch (event.response_type & ~sentFlag) {
     case XCB_MAP_NOTIFY:
@@ -86,8 +86,8 @@ void DockKeeper::look() {
     proceed();
 }
 
-/// A manager that leaves a window alone may still mark it with a state: what tells is that it lists
-/// the window, or has put a frame around it.
+/// A manager that ignores a window may still set a state on it. What counts is whether it lists the
+/// window or has reparented it into a frame.
 void DockKeeper::readFacts() {
     const X11Connection& connection = context_.connection;
     facts_.hasManager = connection.isManaged();
@@ -103,7 +103,7 @@ void DockKeeper::readFacts() {
                        std::ranges::find(listed, window_) != listed.end();
 }
 
-/// On a display that is just changing nothing can be said against the window manager.
+/// While the display is changing, a displaced dock is not the window manager's fault.
 void DockKeeper::displaced() {
     const auto display = context_.screens.display(displayID_);
     const PixelRect asked = place_.asked().value_or(PixelRect{});

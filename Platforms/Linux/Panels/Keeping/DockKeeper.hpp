@@ -1,5 +1,5 @@
-/// Keeps one X window of a dock in its place and above others, and finds out whether the window
-/// manager does so too.
+/// Keeps the X window of a dock in place and above other windows, and finds out whether the window
+/// manager does that itself.
 #pragma once
 
 #include "Panels/Keeping/DockKeeping.hpp"
@@ -20,19 +20,19 @@ struct PanelContext;
 
 class DockKeeper {
 public:
-    // All of them have to be set.
+    // All callbacks must be set.
 
-    /// The window, or what is known of its place, has changed.
+    /// The window's actual or expected position has changed.
     std::function<void()> onPlaceChanged;
-    /// A window manager may have taken the window on.
+    /// A window manager may have started to manage the window.
     std::function<void()> onManaged;
-    /// Another keeper has to take over, with another X window.
+    /// Another keeper has to take over, with a new X window.
     std::function<void(Keeper)> onKeeperChange;
     /// The window has to be hidden and shown again.
     std::function<void()> onLost;
 
-    /// For a window that has just been created, the dock of that display. With the program as its
-    /// keeper the window manager has no say in the window.
+    /// For the newly created window of that display's dock. If the program is its keeper, the
+    /// window bypasses the window manager (override-redirect).
     DockKeeper(const PanelContext& context, xcb_window_t window, std::uint32_t displayID,
                Keeper keeper);
     DockKeeper(const DockKeeper&) = delete;
@@ -45,18 +45,18 @@ public:
     [[nodiscard]] const WindowPlace& place() const noexcept { return place_; }
     [[nodiscard]] Keeper keeper() const noexcept { return keeper_; }
 
-    /// The window was asked to be shown, or to be hidden.
+    /// Call after the window was shown or hidden.
     void shown();
     void hidden();
 
-    /// A window manager came, or went.
+    /// Call when a window manager starts or exits.
     void windowManagerChanged();
 
-    /// Takes any event.
+    /// Must be called for every event.
     void handle(const xcb_generic_event_t& event);
 
 private:
-    [[nodiscard]] bool tellsOfManager(const xcb_generic_event_t& event) const;
+    [[nodiscard]] bool mayBeManaged(const xcb_generic_event_t& event) const;
     void look();
     void readFacts();
     void proceed();
@@ -70,7 +70,7 @@ private:
     WindowPlace place_;
     KeepingFacts facts_;
     std::optional<StackKeeper> stacking_;
-    /// Until the next look at the window.
+    /// Runs until the next check of the window.
     QTimer timer_;
 };
 

@@ -1,5 +1,5 @@
-/// Who keeps a dock's window where it belongs: the window manager as long as it does so, else the
-/// program itself, with a window that the manager has no say in.
+/// Decides who keeps a dock's window in place: the window manager for as long as it does so,
+/// otherwise the program itself, with an override-redirect window.
 #pragma once
 
 #include <cstdint>
@@ -9,32 +9,32 @@ namespace vireline::x11 {
 
 enum class Keeper : std::uint8_t { windowManager, program };
 
-/// How a shown window has fared.
+/// What was observed about a shown window.
 struct KeepingFacts {
     bool hasManager = false;
     bool isMapped = false;
-    /// The window manager has taken the window on.
+    /// The window manager is managing the window.
     bool isManaged = false;
-    /// It was moved away as often as it was put back.
+    /// It was moved away again until the corrections were used up.
     bool isDisplaced = false;
-    /// Another window manager came after the program took over.
+    /// Another window manager started after the program took over.
     bool isManagerNew = false;
-    /// Looks at the window since it was to be shown: all of them, and those that found it mapped
-    /// though not managed.
+    /// Number of checks since the window was to be shown: all of them, and the latest consecutive
+    /// ones that found it mapped but not managed.
     int looks = 0;
     int looksUnmanaged = 0;
 };
 
 enum class KeepingStep : std::uint8_t {
-    /// Nothing is left to be waited for.
+    /// Nothing left to do.
     rest,
-    /// Look again later.
+    /// Check again later.
     wait,
-    /// Ask for the window to be shown once more: the manager may have missed it while it started.
+    /// Show the window again: the manager may have missed it while starting up.
     showAgain,
-    /// Go on with a window that overrides the manager.
+    /// Continue with an override-redirect window.
     takeOver,
-    /// Go on with a window that the manager manages.
+    /// Continue with a managed window.
     handBack,
 };
 
@@ -44,9 +44,9 @@ inline std::ostream& operator<<(std::ostream& out, KeepingStep step) {
 
 namespace DockKeeping {
 
-/// Managers list or frame a window in the same turn in which they map it, so two looks suffice.
+/// Two checks suffice, because managers list or frame a window as soon as they map it.
 inline constexpr int looksUntilUnmanaged = 2;
-/// For as long as this, a busy manager may leave the window unmapped.
+/// A busy manager may leave the window unmapped for this many checks.
 inline constexpr int looksUntilShownAgain = 6;
 inline constexpr int looksUntilLost = 12;
 

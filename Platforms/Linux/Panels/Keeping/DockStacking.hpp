@@ -1,5 +1,5 @@
-/// Where a dock's window that no window manager keeps belongs in the order of all windows: above
-/// those it shares pixels with, but below full-screen ones.
+/// The stacking position of a dock's window that no window manager manages: above the windows that
+/// it overlaps, but below full-screen ones.
 #pragma once
 
 #include "X11/PixelRect.hpp"
@@ -17,7 +17,7 @@ struct StackedWindow {
     bool isFullScreen = false;
 };
 
-/// Directly above or below the sibling.
+/// Directly above or below this sibling.
 struct Restacking {
     xcb_window_t sibling = XCB_NONE;
     bool isAbove = false;
@@ -27,9 +27,9 @@ struct Restacking {
 
 namespace DockStacking {
 
-/// How to put `dock` where it belongs; nothing if it is there. The stack holds the shown windows
-/// that a window manager could manage, the lowest first, and the dock. Menus, notifications and
-/// lock screens are not in it, so that the dock never comes above one of them.
+/// How to restack `dock`; nullopt if it is in the right position. `stack` contains the mapped
+/// windows that a window manager could manage and the dock itself, bottom first. It excludes menus,
+/// notifications and lock screens, so that the dock is never raised above one of them.
 [[nodiscard]] std::optional<Restacking> restacking(std::span<const StackedWindow> stack,
                                                    xcb_window_t dock);
 

@@ -12,7 +12,7 @@
 namespace vireline::x11 {
 namespace {
 
-/// A window manager takes some time for all that belongs to one change.
+/// A window manager takes some time to complete one change.
 constexpr std::chrono::milliseconds stackingPause{100};
 
 std::vector<xcb_window_t> children(xcb_connection_t* x, xcb_query_tree_cookie_t cookie) {
@@ -24,7 +24,7 @@ std::vector<xcb_window_t> children(xcb_connection_t* x, xcb_query_tree_cookie_t 
     return {all.begin(), all.end()};
 }
 
-/// Shown, and not a menu, a notification or a lock screen, which stay above everything.
+/// Mapped, and not override-redirect, as menus, notifications and lock screens are.
 bool counts(const xcb_get_window_attributes_reply_t& attributes) {
     return attributes.map_state == XCB_MAP_STATE_VIEWABLE && attributes.override_redirect == 0 &&
            attributes._class == XCB_WINDOW_CLASS_INPUT_OUTPUT;
@@ -72,7 +72,7 @@ bool StackKeeper::concerns(const xcb_generic_event_t& event) const {
     }
 }
 
-/// At once, and again at the end of the pause, when also the last part of the change has come.
+/// Checks at once, and again when the pause ends and the change is complete.
 void StackKeeper::lookSoon() {
     isLookDue_ = true;
     if (pause_.isActive())
@@ -123,8 +123,8 @@ std::vector<StackedWindow> StackKeeper::stack() const {
     return windows;
 }
 
-/// A window may be in a frame, which covers the screen as well. Without a manager there is no
-/// state that tells which windows are full-screen.
+/// A full-screen window may be inside a frame, which then covers the screen as well. Without a
+/// manager, no state marks windows as full-screen.
 void StackKeeper::findFullScreen(std::vector<StackedWindow>& windows) const {
     constexpr std::size_t atomsBytes = 32 * sizeof(std::uint32_t);
     xcb_connection_t* const x = connection_.get();

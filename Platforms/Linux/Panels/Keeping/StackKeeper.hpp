@@ -1,5 +1,5 @@
-/// Keeps a window that no window manager keeps above the windows it shares pixels with, and below
-/// full-screen ones. Gives way to a program that insists on the contrary.
+/// Keeps an unmanaged window above the windows that it overlaps, and below full-screen ones. Gives
+/// up against a program that keeps restacking.
 #pragma once
 
 #include "Foundation/ScopedHandle.hpp"
@@ -18,9 +18,9 @@ class X11Connection;
 
 class StackKeeper {
 public:
-    /// Looks once, and from then on whenever windows come, go, move or change their order. `screen`
-    /// is the display of the window. Without a manager a window that covers all of it is taken for
-    /// a full-screen one.
+    /// Checks once now, and then whenever windows are created, destroyed, moved or restacked.
+    /// `screen` is the window's display. Without a manager, a window that covers all of it counts
+    /// as full-screen.
     StackKeeper(const X11Connection& connection, xcb_window_t window, const PixelRect& screen);
     StackKeeper(const StackKeeper&) = delete;
     StackKeeper& operator=(const StackKeeper&) = delete;
@@ -28,7 +28,7 @@ public:
     StackKeeper& operator=(StackKeeper&&) = delete;
     ~StackKeeper() = default;
 
-    /// Takes any event.
+    /// Must be called for every event.
     void handle(const xcb_generic_event_t& event);
 
 private:
@@ -43,7 +43,7 @@ private:
     PixelRect screen_;
     CorrectionBudget budget_;
     Subscription topLevels_;
-    /// Runs after each look; what came in between leads to another one at its end.
+    /// Runs after each check; changes in the meantime cause another check when it ends.
     QTimer pause_;
     bool isLookDue_ = false;
 };

@@ -9,10 +9,10 @@
 namespace vireline::x11 {
 namespace {
 
-/// Milliseconds between two looks at a pointer that somebody else holds.
+/// Milliseconds between two checks of a pointer that another client has grabbed.
 constexpr int doubtInterval = 250;
-/// Milliseconds, a frame of usual displays: on the way from tile to tile a pointer is between them
-/// for no longer than that.
+/// Milliseconds, about one frame: a pointer that crosses the gap between two tiles takes no longer
+/// than that.
 constexpr int crossingTime = 16;
 
 }
@@ -56,7 +56,7 @@ void PanelPointer::look() {
         hasLeft();
 }
 
-/// Looked at again for as long as somebody else holds the pointer.
+/// Keeps polling for as long as another client holds the pointer grab.
 void PanelPointer::hasLeft() {
     if (sampler_ && !tracker_.isPressed())
         sampler_->stop();
@@ -68,7 +68,8 @@ void PanelPointer::hasLeft() {
 }
 
 void PanelPointer::moved(QPointF pixel) {
-    // During a press Qt tells where it ends, before the release.
+    // During a press Qt's events are needed, because they report the final position before the
+    // release.
     if (sampler_ && sampler_->isSampling() && !tracker_.isPressed())
         return;
     tracker_.moved(owner_.viewPosition(pixel));
@@ -79,7 +80,7 @@ void PanelPointer::moved(QPointF pixel) {
 }
 
 void PanelPointer::pressed(Qt::MouseButton button, QPointF pixel) {
-    // The last sample may be further on than the press.
+    // The last sample may be newer than the press.
     if (sampler_)
         sampler_->forget();
     if (button == Qt::LeftButton) {
@@ -110,14 +111,14 @@ void PanelPointer::menuClosed() {
     tracker_.menuClosed(whereabouts());
 }
 
-/// Crossings between the window and the quiet areas in it, which Qt takes for ways out of the
-/// window, and those between the areas and other windows, which Qt takes no notice of.
+/// Handles crossings between the window and the quiet areas in it, which Qt mistakes for leaving
+/// the window, and between those areas and other windows, which Qt ignores.
 bool PanelPointer::handle(const xcb_generic_event_t& event) {
     const auto crossing = PointerCrossing::of(event, context_.connection);
     if (!crossing || !crossing->isOfChild() || !sampler_)
         return false;
     if (crossing->isEntry) {
-        // Also when a button that is pressed here takes hold of the pointer.
+        // Also when a press in the window grabs the pointer.
         leaveIsDue_ = false;
         sampler_->start();
     } else if (!crossing->isWithin()) {
@@ -136,7 +137,7 @@ void PanelPointer::sample() {
     if (sampler_->isWaiting())
         return;
     const auto pixel = sampler_->sample(tracker_.isPressed());
-    // Beside the window it is on its way out, unless a button holds it.
+    // Outside the window the pointer is leaving it, unless a button is held.
     if (pixel && (tracker_.isPressed() || owner_.takesPointer(*pixel)))
         tracker_.moved(owner_.viewPosition(*pixel));
 }
@@ -153,7 +154,7 @@ void PanelPointer::follow() {
         owner_.requestTick();
 }
 
-/// Of two soon after each other the first is taken no note of.
+/// Debounces: of two entries in quick succession only the second counts.
 void PanelPointer::areaEntered(QPoint pixel) {
     entered_ = pixel;
     if (crossing_.isActive()) {
@@ -165,7 +166,7 @@ void PanelPointer::areaEntered(QPoint pixel) {
 
 void PanelPointer::crossingIsOver() {
     crossing_.stop();
-    // Samples know better.
+    // Ignored if samples are being taken, since those are more recent.
     if (sampler_ && sampler_->isWaiting())
         tracker_.moved(owner_.viewPosition(entered_));
 }

@@ -1,5 +1,5 @@
-/// The pointer over one dock's window: puts together what Qt, the X server and samples tell of it
-/// into what the dock hears.
+/// The pointer over one dock's window: combines Qt's events, X events and samples into what the
+/// dock is told.
 #pragma once
 
 #include "Panels/Pointer/PointerSampler.hpp"
@@ -20,23 +20,23 @@ struct PanelContext;
 
 class PanelPointer {
 public:
-    /// The window that the pointer is over. Places are in its pixels, but for the view's.
+    /// The window that the pointer is over. Positions are in its pixels, except those in the view.
     class Window {
     public:
         virtual ~Window() = default;
         [[nodiscard]] virtual bool takesPointer(QPointF pixel) const = 0;
         [[nodiscard]] virtual Point viewPosition(QPointF pixel) const = 0;
-        /// As `Scene::quietRegions`.
+        /// As in `Scene::quietRegions`.
         [[nodiscard]] virtual const std::vector<QRect>& quietAreas() const = 0;
-        /// Has `sample` called in the next frame.
+        /// Causes `sample` to be called in the next frame.
         virtual void requestTick() = 0;
     };
 
-    /// All of them outlive it.
+    /// All of them must outlive this object.
     PanelPointer(const PanelContext& context, PanelWindowListener& listener, Window& window);
 
     void setViewArea(const Rect& area) { tracker_.setViewArea(area); }
-    /// The X window from now on, which has just been created, or XCB_NONE.
+    /// Switches to a newly created X window, or to XCB_NONE.
     void setWindow(xcb_window_t window);
 
     void entered(QPointF pixel);
@@ -45,22 +45,22 @@ public:
     void pressed(Qt::MouseButton button, QPointF pixel);
     void released(Qt::MouseButton button, QPointF pixel);
     void cancelled() { tracker_.cancelled(); }
-    /// Asks the server about a press, or a pointer that somebody else holds, that nothing may tell
-    /// the end of.
+    /// Queries the server during a press or a foreign pointer grab, whose end may not be reported
+    /// by an event.
     void look();
-    /// The window is not shown any more.
+    /// The window was hidden.
     void hidden();
 
-    /// Until it closes, the pointer belongs to the menu.
+    /// Until it closes, the menu owns the pointer.
     void menuOpened() { tracker_.menuOpened(); }
     void menuClosed();
 
-    /// An event of the window, before Qt sees it; false when it is for Qt.
+    /// Handles an event of the window before Qt sees it; returns false to pass it on to Qt.
     bool handle(const xcb_generic_event_t& event);
 
-    /// To be called once a frame.
+    /// Must be called once per frame.
     void sample();
-    /// To be called when something may have changed that decides whether samples are needed.
+    /// Must be called after changes that may affect whether sampling is needed.
     void follow();
 
 private:
@@ -74,12 +74,12 @@ private:
     xcb_window_t window_ = XCB_NONE;
     PointerTracker tracker_;
     std::unique_ptr<PointerSampler> sampler_;
-    /// Looks at a pointer that somebody else holds.
+    /// Polls while another client has grabbed the pointer.
     QTimer doubt_;
-    /// Where the pointer last came into another quiet area, and when note is taken of it.
+    /// Position at the latest entry into a quiet area, and the timer that delays its handling.
     QPoint entered_;
     QTimer crossing_;
-    /// The pointer went from a quiet area to another window, or was taken hold of there.
+    /// The pointer moved from a quiet area to another window, or was grabbed there.
     bool leaveIsDue_ = false;
 };
 

@@ -18,7 +18,7 @@ std::optional<PointerCrossing> PointerCrossing::of(const xcb_generic_event_t& ev
     }
     if (type != XCB_GE_GENERIC)
         return std::nullopt;
-    // The fields up to the windows are in the part that all events have.
+    // The fields before the windows have the layout that all events share.
     xcb_input_enter_event_t crossing{};
     std::memcpy(&crossing, &event, sizeof event);
     const bool isEntry = crossing.event_type == XCB_INPUT_ENTER;

@@ -1,4 +1,4 @@
-/// An event about the pointer's crossing of a window's edge.
+/// An event that reports that the pointer crossed a window's edge.
 #pragma once
 
 #include <xcb/xcb.h>
@@ -12,16 +12,16 @@ class X11Connection;
 
 struct PointerCrossing {
     bool isEntry = false;
-    /// As the protocol has it: XCB_NOTIFY_DETAIL_ANCESTOR and so on.
+    /// The protocol's detail, such as XCB_NOTIFY_DETAIL_ANCESTOR.
     std::uint8_t detail = 0;
 
-    /// The pointer came from a child of the window, or went to one.
+    /// The crossing is between a child of the window and something else.
     [[nodiscard]] bool isOfChild() const noexcept;
-    /// … and to the window itself, or from there.
+    /// The crossing is between a child and the window itself.
     [[nodiscard]] bool isWithin() const noexcept { return detail == XCB_NOTIFY_DETAIL_INFERIOR; }
 
-    /// Nothing for other events. The server may tell of a crossing as the core protocol does, or
-    /// as one of input devices.
+    /// nullopt for other events. The server may report a crossing as a core event or as an XInput
+    /// event.
     [[nodiscard]] static std::optional<PointerCrossing> of(const xcb_generic_event_t& event,
                                                            const X11Connection& connection);
 };

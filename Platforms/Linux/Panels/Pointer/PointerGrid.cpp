@@ -9,7 +9,7 @@
 namespace vireline::x11 {
 namespace {
 
-/// Seconds.
+/// In seconds.
 constexpr double coverTimeout = 0.1;
 
 }

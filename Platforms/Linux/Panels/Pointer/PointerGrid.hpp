@@ -1,5 +1,5 @@
-/// Areas of a window that the X server watches: it tells when the pointer comes into one, and of
-/// nothing while it moves about there.
+/// Areas of a window that the X server watches: it reports when the pointer enters one, and nothing
+/// while the pointer moves within it.
 #pragma once
 
 #include "X11/SideConnection.hpp"
@@ -16,9 +16,9 @@ namespace vireline::x11 {
 
 class PointerGrid {
 public:
-    /// Of a window, in its pixels; empty areas count for nothing. In force when this returns,
-    /// unless the server is out of reach. `onEntry` hears where in the window the pointer came into
-    /// an area, in a turn of the event loop, and must not end the grid.
+    /// `areas` are in the window's pixels; empty ones are ignored. Active when the constructor
+    /// returns, unless the server does not respond. `onEntry` is called from the event loop with
+    /// the position in the window where the pointer entered an area, and must not destroy the grid.
     PointerGrid(xcb_window_t window, std::vector<QRect> areas, std::function<void(QPoint)> onEntry);
     PointerGrid(const PointerGrid&) = delete;
     PointerGrid& operator=(const PointerGrid&) = delete;
@@ -27,7 +27,7 @@ public:
     ~PointerGrid() = default;
 
     [[nodiscard]] const std::vector<QRect>& areas() const noexcept { return areas_; }
-    /// Whether the pointer's leaving this place will be told.
+    /// Whether the pointer's leaving this position will be reported.
     [[nodiscard]] bool watches(QPoint pixel) const;
 
 private:
@@ -36,10 +36,10 @@ private:
 
     std::vector<QRect> areas_;
     std::function<void(QPoint)> onEntry_;
-    /// One for each area: children of the window that can be neither seen nor clicked.
+    /// One invisible, unclickable child window per area.
     std::vector<xcb_window_t> cells_;
-    /// Its own, as answers to what is done in every frame would wake it up; its end takes the cells
-    /// with it.
+    /// A separate connection, so that replies to each frame's requests do not wake it up. Closing
+    /// it destroys the child windows.
     std::unique_ptr<SideConnection> server_;
 };
 

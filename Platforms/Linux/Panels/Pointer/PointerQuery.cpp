@@ -16,7 +16,7 @@ std::optional<PointerPlace> PointerQuery::place(const X11Connection& connection,
     if (!own || !top || !tree || own->same_screen == 0)
         return std::nullopt;
     constexpr std::uint32_t anyButton = XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3;
-    // A window manager that frames docks does so once.
+    // A window manager that reparents docks uses a single frame window.
     return PointerPlace{.x = own->win_x,
                         .y = own->win_y,
                         .isUncovered = top->child == window || top->child == tree->parent,

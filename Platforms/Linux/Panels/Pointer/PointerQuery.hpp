@@ -1,4 +1,4 @@
-/// Asks the X server where the pointer is, for when its events do not say.
+/// Queries the pointer's position from the X server, for when events do not tell.
 #pragma once
 
 #include <xcb/xcb.h>
@@ -9,12 +9,12 @@ namespace vireline::x11 {
 
 class X11Connection;
 
-/// The pointer in relation to one window.
+/// The pointer relative to one window.
 struct PointerPlace {
     /// Pixels from the window's corner.
     int x = 0;
     int y = 0;
-    /// No window of another client lies between, as far as that can be told.
+    /// As far as can be told, no other client's window covers it.
     bool isUncovered = false;
     bool isPrimaryHeld = false;
     bool isAnyHeld = false;
@@ -22,7 +22,7 @@ struct PointerPlace {
 
 namespace PointerQuery {
 
-/// Nothing when the window is gone or the pointer on another screen.
+/// nullopt if the window is gone or the pointer is on another screen.
 [[nodiscard]] std::optional<PointerPlace> place(const X11Connection& connection,
                                                 xcb_window_t window);
 

@@ -14,15 +14,15 @@
 namespace vireline::x11 {
 namespace {
 
-/// A tenth of a second on usual displays: hands pause.
+/// A tenth of a second on usual displays, since hands pause while moving.
 constexpr int samplesUntilStill = 6;
 constexpr std::uint32_t movements = XCB_INPUT_XI_EVENT_MASK_MOTION;
 constexpr std::uint32_t coreMovements =
     XCB_EVENT_MASK_POINTER_MOTION | XCB_EVENT_MASK_BUTTON_MOTION;
-/// Of a request, before the events.
+/// Size of a request's header, before the event masks.
 constexpr std::size_t headWords = sizeof(xcb_input_event_mask_t) / sizeof(std::uint32_t);
 
-/// What this client has selected of the window's events, for each kind of device.
+/// This client's event selections on the window, per kind of device.
 std::vector<PointerSampler::Selection> selections(xcb_connection_t* connection,
                                                   xcb_window_t window) {
     const Owned<xcb_input_xi_get_selected_events_reply_t> reply{
@@ -74,7 +74,7 @@ void PointerSampler::setQuietAreas(const std::vector<QRect>& areas) {
 }
 
 std::optional<QPoint> PointerSampler::sample(bool isPressed) {
-    // Before the question, so that no movement falls between the last answer and the first event.
+    // Before the query, so that no movement between the last sample and the first event is lost.
     if (stillSamples_ == samplesUntilStill) {
         stop();
         context_.connection.finish();
@@ -87,17 +87,17 @@ std::optional<QPoint> PointerSampler::sample(bool isPressed) {
         return std::nullopt;
     constexpr unsigned buttons = XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3;
     const QPoint place{reply->win_x, reply->win_y};
-    // A button that was pressed since keeps the events away until it is released.
-    const bool tellsEvents = (reply->mask & buttons) == 0;
-    isWaiting_ = tellsEvents && quiet_ && quiet_->watches(place);
-    const bool isStill = tellsEvents && last_ == place;
+    // A button pressed in the meantime withholds events until its release.
+    const bool reportsEvents = (reply->mask & buttons) == 0;
+    isWaiting_ = reportsEvents && quiet_ && quiet_->watches(place);
+    const bool isStill = reportsEvents && last_ == place;
     stillSamples_ = isStill ? stillSamples_ + 1 : 0;
     if (isPressed && (reply->mask & XCB_BUTTON_MASK_1) == 0)
         return std::nullopt;
     return std::exchange(last_, place) == place ? std::nullopt : std::optional{place};
 }
 
-/// Without movements of devices the server would tell those of the core pointer instead.
+/// If only XInput motion were deselected, the server would send core motion events instead.
 void PointerSampler::select(bool motion) const {
     if (motion) {
         context_.connection.selectInput(window_, coreMovements);

@@ -1,6 +1,6 @@
-/// Reads where the pointer is once a frame while it moves over a window, in place of an event for
-/// every movement: there can be a thousand a second, each of which wakes the program up. Where a
-/// movement makes no difference, it waits for the pointer to go elsewhere.
+/// Polls the pointer once per frame while it moves over a window, instead of receiving an event per
+/// movement: there can be a thousand of those per second, each of which wakes up the program. In
+/// areas where movement makes no difference, it waits until the pointer leaves them.
 #pragma once
 
 #include "Panels/Pointer/PointerGrid.hpp"
@@ -20,41 +20,39 @@ struct PanelContext;
 
 class PointerSampler {
 public:
-    /// The events that the window gets of some devices.
+    /// The events that are selected for some devices.
     struct Selection {
         xcb_input_device_id_t device = 0;
         std::vector<std::uint32_t> events;
     };
 
-    /// For a window that has just been created, with its events selected, and exists for as long as
-    /// this does. `onEntry` hears where the pointer came into another of the quiet areas, in
-    /// pixels.
+    /// The window must be newly created with its events selected, and must outlive this object.
+    /// `onEntry` receives the position, in pixels, where the pointer entered another quiet area.
     PointerSampler(const PanelContext& context, xcb_window_t window,
                    std::function<void(QPoint)> onEntry);
 
-    /// An event told of a movement. From now on samples do, and no more such events come but those
-    /// that are on their way, and none during a press at all.
+    /// Switches from events to samples. Motion events already on their way still arrive, except
+    /// during a press.
     void start();
-    /// Events are to tell again.
+    /// Switches back to events.
     void stop();
     [[nodiscard]] bool isSampling() const noexcept { return isSampling_; }
 
-    /// The next sample counts as a movement, wherever it is.
+    /// The next sample counts as a movement even if the position is unchanged.
     void forget() { last_.reset(); }
 
-    /// In each of these areas of the window, in pixels, movements need not be told of. They count
-    /// from the next sample on.
+    /// In these areas of the window, in pixels, movements need not be reported. Takes effect with
+    /// the next sample.
     void setQuietAreas(const std::vector<QRect>& areas);
-    /// No sample is due: the pointer is in a quiet area, and its coming into another one, or out of
-    /// them, will be told.
+    /// No sample is needed: the pointer is in a quiet area, and leaving it will be reported.
     [[nodiscard]] bool isWaiting() const noexcept { return isWaiting_; }
-    /// Samples are due again.
+    /// Resumes sampling.
     void endWait() { isWaiting_ = false; }
 
-    /// The pointer's place, in pixels from the window's corner, if it has moved since the sample
-    /// before. One round trip. Stops once the pointer has kept still for a while. During a press it
-    /// tells nothing once the button is up: the release is on its way, and the pointer may be
-    /// anywhere since.
+    /// The pointer's position, in pixels from the window's corner, if it has moved since the
+    /// previous sample. One round trip. Sampling stops once the pointer has been still for a while.
+    /// During a press it returns nullopt once the button is up, because the release event is on its
+    /// way and the pointer may have moved since.
     [[nodiscard]] std::optional<QPoint> sample(bool isPressed);
 
 private:
@@ -63,7 +61,7 @@ private:
     const PanelContext& context_;
     xcb_window_t window_;
     std::function<void(QPoint)> onEntry_;
-    /// Those that movements are among.
+    /// The selections that include motion.
     std::vector<Selection> selections_;
     bool isSampling_ = false;
     std::optional<QPoint> last_;

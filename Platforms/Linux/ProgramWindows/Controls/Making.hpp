@@ -1,4 +1,4 @@
-/// How widgets are made and given their texts.
+/// Helpers that create widgets and set their texts.
 #pragma once
 
 #include <QString>
@@ -8,7 +8,7 @@
 
 namespace vireline::x11 {
 
-/// A new widget for the parent among its arguments, which owns it.
+/// Creates a widget owned by the parent that is among its arguments.
 template <class Widget, class... Arguments>
 [[nodiscard]] Widget* makeWidget(Arguments&&... arguments) {
     return std::make_unique<Widget>(std::forward<Arguments>(arguments)...).release();

@@ -1,4 +1,4 @@
-/// What the controls of the program's windows have in common when they paint.
+/// Painting helpers shared by the controls of the program's windows.
 #pragma once
 
 #include <QPainter>
@@ -7,7 +7,7 @@
 
 namespace vireline::x11 {
 
-/// Paints a control, without jagged edges.
+/// A painter with antialiasing.
 class SmoothPainter : public QPainter {
 public:
     explicit SmoothPainter(QWidget& widget) : QPainter(&widget) { setRenderHint(Antialiasing); }
@@ -15,19 +15,19 @@ public:
 
 namespace Painting {
 
-/// What a control leaves free around itself for the ring that shows its focus; points.
+/// Margin that a control leaves for its focus ring; points.
 inline constexpr int ringRoom = 4;
 
-/// Whether the control has the focus and the user is on the keyboard.
+/// Whether the control has the focus and the user is using the keyboard.
 [[nodiscard]] bool showsFocus(const QWidget& widget);
 
-/// A ring around the control's shape.
+/// Draws a focus ring around the control's shape.
 void ring(QPainter& painter, const QWidget& widget, const QRectF& shape, double radius);
 
-/// Filled, without an outline.
+/// Fills a rounded rectangle without an outline.
 void fill(QPainter& painter, const QRectF& shape, double radius, const QColor& colour);
 
-/// A line one pixel wide inside the shape's edge.
+/// Draws a line one pixel wide inside the shape's edge.
 void outline(QPainter& painter, const QRectF& shape, double radius, const QColor& colour);
 
 }

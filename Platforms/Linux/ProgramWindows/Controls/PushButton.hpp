@@ -1,4 +1,4 @@
-/// A push button: the one that a window is about in the accent colour, the others plain.
+/// A push button: the main action's in the accent colour, the others plain.
 #pragma once
 
 #include <QPushButton>

@@ -1,4 +1,4 @@
-/// One option of several that stand on lines of their own.
+/// One of several options that are stacked vertically.
 #pragma once
 
 #include <QRadioButton>

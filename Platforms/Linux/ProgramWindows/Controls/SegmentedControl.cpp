@@ -15,7 +15,8 @@ constexpr int segmentPadding = 15;
 constexpr double radius = 8;
 constexpr double inset = 2.5;
 
-/// The frame around the segments belongs to the control, so that the ring has room.
+/// The frame around the segments is painted by the control, so that there is room for the focus
+/// ring.
 class Segment final : public QRadioButton {
 public:
     Segment(const QString& title, QWidget* parent) : QRadioButton(title, parent) {

@@ -1,4 +1,4 @@
-/// One option of several that stand side by side in one frame.
+/// A choice between several options side by side in one frame.
 #pragma once
 
 #include <QRadioButton>
@@ -12,10 +12,10 @@ class SegmentedControl final : public QWidget {
 public:
     SegmentedControl(const QStringList& titles, QWidget* parent);
 
-    /// The user chose another option.
+    /// Called when the user selects another option.
     std::function<void(std::size_t)> onChoice;
 
-    /// Takes the choice over without telling anybody.
+    /// Sets the selection without calling `onChoice`.
     void show(std::size_t selected);
 
 private:

@@ -1,4 +1,4 @@
-/// Shows a status line: symbol, text and button, each if there is one.
+/// Shows a status line: symbol, text and button, each of them optional.
 #pragma once
 
 #include "Presentation/StatusLine.hpp"

@@ -1,4 +1,4 @@
-/// A switch: a check box that looks like one.
+/// A check box that looks like a switch.
 #pragma once
 
 #include <QCheckBox>
@@ -8,13 +8,13 @@ namespace vireline::x11 {
 
 class Switch final : public QCheckBox {
 public:
-    /// Glides from one state to the other, if it `animates`.
+    /// `animates` makes the knob slide from one state to the other.
     Switch(bool animates, QWidget* parent);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
-    /// Takes the state over without telling anybody, at once while nobody sees it.
+    /// Sets the state without notifying observers; without animation while it is not visible.
     void show(bool isOn);
 
 private:
@@ -23,7 +23,7 @@ private:
     void glide(bool isOn);
 
     bool animates_;
-    /// From 0, off, to 1, on.
+    /// Position of the knob, from 0 (off) to 1 (on).
     double knob_ = 0;
     QVariantAnimation motion_;
 };

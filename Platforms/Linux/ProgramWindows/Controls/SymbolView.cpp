@@ -9,7 +9,7 @@
 namespace vireline::x11 {
 namespace {
 
-/// Around the symbol, in sides of it.
+/// Size of the tinted background, as a multiple of the symbol's side.
 constexpr double groundSides = 1.8;
 
 }

@@ -1,4 +1,4 @@
-/// A named symbol in one colour of the palette or of a tone, optionally on a tinted ground.
+/// A named symbol in a palette colour or a tone, optionally on a tinted background.
 #pragma once
 
 #include "Presentation/StatusLine.hpp"
@@ -13,8 +13,8 @@ class Symbols;
 class SymbolView final : public QWidget {
 public:
     enum class Look {
-        plain,  ///< in its tone
-        tinted, ///< in the accent colour on a ground of a paler one
+        plain,  ///< in the colour of its tone
+        tinted, ///< in the accent colour, on a paler shade of it
     };
 
     SymbolView(const Symbols& symbols, int symbolSide, Look look, QWidget* parent);

@@ -1,5 +1,5 @@
-/// The texts of the program's windows, each kind in its size and weight relative to the desktop's
-/// own font.
+/// The text styles in the program's windows, with sizes and weights relative to the desktop's own
+/// font.
 #pragma once
 
 #include <QLabel>
@@ -7,16 +7,16 @@
 namespace vireline::x11::TextLabel {
 
 enum class Kind {
-    title,   ///< of a page
-    heading, ///< of a section
+    title,   ///< a page's title
+    heading, ///< a section's heading
     body,
-    caption, ///< smaller and quieter, and wraps
-    quiet,   ///< as large as body text, and wraps
+    caption, ///< smaller and dimmed; wraps
+    quiet,   ///< the size of body text, but dimmed; wraps
 };
 
 [[nodiscard]] QFont font(Kind kind);
 
-/// Plain text, whatever is in it. Owned by `parent`, as Qt has it.
+/// Always shown as plain text. Owned by `parent`, as usual in Qt.
 [[nodiscard]] QLabel* make(Kind kind, const QString& text, QWidget* parent);
 
 }

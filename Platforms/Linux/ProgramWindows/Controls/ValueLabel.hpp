@@ -1,4 +1,4 @@
-/// A number whose digits all take the same width, at the trailing end of its box.
+/// A number with tabular figures, aligned to the trailing end of its box.
 #pragma once
 
 #include <QWidget>

@@ -19,7 +19,7 @@ constexpr double knobReach = knobSide / 2.0 + Painting::ringRoom;
 ValueSlider::ValueSlider(QWidget* parent) : QSlider(Qt::Horizontal, parent) {
     setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    // The style would have the keyboard's focus only where a desktop says so.
+    // The style would allow keyboard focus only on some desktops.
     setFocusPolicy(Qt::StrongFocus);
 }
 

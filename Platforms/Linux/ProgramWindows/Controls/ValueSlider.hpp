@@ -1,5 +1,5 @@
-/// A slider in whole steps whose knob goes to where it is pressed. The wheel is left to the page
-/// that it stands on.
+/// A slider with whole steps whose knob jumps to where the mouse is pressed. Ignores the wheel,
+/// which scrolls the page instead.
 #pragma once
 
 #include <QSlider>
@@ -20,7 +20,7 @@ private:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
-    /// Of the knob's centre, from the slider's left edge.
+    /// The knob's centre, measured from the slider's left edge.
     [[nodiscard]] double knobPosition() const;
     [[nodiscard]] int valueAt(double x) const;
     [[nodiscard]] bool isReversed() const;

@@ -62,7 +62,7 @@ void FormRowView::arrange(const FormRow& row) {
         static_cast<QHBoxLayout*>(layout())->addWidget(control, 0, Qt::AlignVCenter);
 }
 
-/// What has no ring around it lines up with what has.
+/// Indents a widget without a focus ring, so that it aligns with those that have one.
 void FormRowView::addToColumn(QWidget& widget) const {
     widget.setContentsMargins(Painting::ringRoom, 0, Painting::ringRoom, 0);
     column_->addWidget(&widget);
@@ -139,7 +139,7 @@ QWidget* FormRowView::addControl(const Slider& slider) {
     update_ = [control, value](const FormRow& row) {
         const auto& shown = std::get<Slider>(row.control);
         value->setText(toQString(shown.valueText));
-        // The hand that holds the knob decides where it is.
+        // While the user drags the knob, the user decides where it is.
         if (control->isSliderDown())
             return;
         const QSignalBlocker silent{control};
@@ -148,7 +148,7 @@ QWidget* FormRowView::addControl(const Slider& slider) {
     return pair;
 }
 
-/// For those who do not see that the title stands beside it.
+/// Sets the accessible name, since screen readers do not relate the title beside it to the control.
 void FormRowView::name(QWidget& control) const {
     control.setAccessibleName(title_->text());
 }

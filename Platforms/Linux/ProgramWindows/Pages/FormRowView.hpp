@@ -1,5 +1,5 @@
-/// One row of a form: its title and caption on the leading side, its control on the trailing one or
-/// below, its status line under both. Made once and updated in place.
+/// One row of a form: title and caption on the leading side, the control on the trailing side or
+/// below, the status line under both. Created once and updated in place.
 #pragma once
 
 #include "Presentation/Form.hpp"
@@ -19,11 +19,11 @@ class StatusLineView;
 class Switch;
 class Symbols;
 
-/// What all rows of a form share.
+/// Shared by all rows of a form.
 struct FormContext {
     FormListener& listener;
     const Symbols& symbols;
-    /// Controls glide from one state to the next.
+    /// Whether controls animate state changes.
     bool animates;
 };
 
@@ -33,7 +33,7 @@ public:
 
     [[nodiscard]] SettingsField field() const noexcept { return field_; }
 
-    /// A row of the same field, with a control of the same kind.
+    /// Updates the row. The field and the kind of control must be the same as before.
     void present(const FormRow& row);
 
 private:
@@ -44,7 +44,7 @@ private:
 
     void arrange(const FormRow& row);
     void addToColumn(QWidget& widget) const;
-    /// The control that stands behind the title; null if it is below.
+    /// The control that goes beside the title; null if it goes below.
     QWidget* addControl(const RadioGroup& group);
     QWidget* addControl(const Segments& segments);
     QWidget* addControl(const Toggle& toggle);
@@ -58,7 +58,7 @@ private:
     QVBoxLayout* column_ = nullptr;
     QLabel* caption_ = nullptr;
     StatusLineView* status_ = nullptr;
-    /// Only in a row that can be clicked as a whole.
+    /// Set only in rows that can be clicked as a whole.
     Switch* switch_ = nullptr;
     bool isHovered_ = false;
     std::function<void(const FormRow&)> update_;

@@ -18,7 +18,7 @@ constexpr int headingInset = 4;
 constexpr double cardRadius = 12;
 constexpr int lineInset = 16;
 
-/// The ground of a section's rows, with a line between each two.
+/// The background of a section's rows, with separator lines between them.
 class Card final : public QWidget {
 public:
     explicit Card(QWidget* parent) : QWidget(parent) {

@@ -1,4 +1,4 @@
-/// A whole form: sections of rows on cards, one below the other.
+/// A whole form: sections of rows on cards, stacked vertically.
 #pragma once
 
 #include "Presentation/Form.hpp"
@@ -17,17 +17,17 @@ class FormView final : public QWidget {
 public:
     FormView(const FormContext& context, QWidget* parent);
 
-    /// Rows that were there before stay the same widgets; rows that are gone are hidden until they
-    /// come back.
+    /// Reuses the widgets of rows that existed before; the widgets of removed rows are hidden until
+    /// the rows return.
     void present(const Form& form);
 
-    /// A control by its place, which says the same in another view of the form.
+    /// Identifies a control in a way that is also valid in another view of the same form.
     struct Place {
         SettingsField field = SettingsField::sourceMode;
-        /// Among the row's controls that take the focus.
+        /// Index among the row's focusable controls.
         std::size_t index = 0;
     };
-    /// The control with the focus; nothing if it is none of the form's.
+    /// The control with the focus; nullopt if it is not in this form.
     [[nodiscard]] std::optional<Place> focus() const;
     /// Does nothing if there is no such control.
     void setFocus(const Place& place);

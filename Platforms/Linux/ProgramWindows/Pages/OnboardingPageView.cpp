@@ -36,7 +36,7 @@ private:
     }
 };
 
-/// One dot a page.
+/// Page indicator with one dot per page.
 class PageDots final : public QWidget {
 public:
     PageDots(int count, int current, QWidget* parent)
@@ -70,7 +70,7 @@ OnboardingPageView::OnboardingPageView(const OnboardingPage& page, const Symbols
                                        Acted acted)
     : symbols_(symbols), acted_(std::move(acted)) {
     auto column = std::make_unique<QVBoxLayout>();
-    // Buttons have room for their rings around them, which the eye does not see.
+    // Buttons leave room for their invisible focus rings, which must not widen the visible margin.
     constexpr int padding = outerPadding + innerPadding;
     constexpr int ringed = padding - Painting::ringRoom;
     column->setContentsMargins(ringed, padding, ringed, ringed);
@@ -92,7 +92,7 @@ QLabel* OnboardingPageView::addText(TextLabel::Kind kind, const std::string& wor
     return label;
 }
 
-/// A page without features says little, and says it in the middle.
+/// A page without features shows little text, centred.
 void OnboardingPageView::addCover(const OnboardingPage& page, QVBoxLayout& column) {
     constexpr int emblemSide = 112;
     constexpr int gap = 20;
@@ -109,7 +109,7 @@ void OnboardingPageView::addCover(const OnboardingPage& page, QVBoxLayout& colum
 }
 
 void OnboardingPageView::addFeatures(const OnboardingPage& page, QVBoxLayout& column) {
-    // Below the features of a page with more to it, there is less room.
+    // Tighter spacing on the page that also shows the permission.
     const int gap = page.permission ? 9 : 16;
     constexpr int textGap = 4;
     column.addWidget(addText(TextLabel::Kind::title, page.title));

@@ -1,5 +1,5 @@
-/// One page of the welcome tour: title, text or features, how the window features stand, and below
-/// them the dots and the buttons.
+/// One page of the welcome tour: title, text or features, the state of the window features, and
+/// below them the page dots and the buttons.
 #pragma once
 
 #include "Presentation/OnboardingPage.hpp"
@@ -20,7 +20,7 @@ public:
 
     OnboardingPageView(const OnboardingPage& page, const Symbols& symbols, Acted acted);
 
-    /// What Return should press.
+    /// The button that Return should press.
     [[nodiscard]] QWidget* mainButton() const noexcept { return mainButton_; }
 
 private:

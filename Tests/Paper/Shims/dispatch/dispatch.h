@@ -3,7 +3,7 @@
 #include <fcntl.h>
 #include <stdint.h>
 #ifndef O_EVTONLY
-#define O_EVTONLY O_RDONLY // of a Mac: opens for being told only
+#define O_EVTONLY O_RDONLY // on a Mac: opens for event notifications only
 #endif
 #import <objc/NSObject.h>
 @protocol OS_dispatch_object <NSObject>

@@ -1,4 +1,4 @@
-// The types and words of Objective-C, as on a Mac of Apple silicon: BOOL is bool.
+// The basic types of Objective-C, as on a Mac with Apple silicon: BOOL is bool.
 #pragma once
 #include <stddef.h>
 #include <stdint.h>

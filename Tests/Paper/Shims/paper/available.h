@@ -1,5 +1,5 @@
-// On a foreign target Clang takes each @available for true. Here it asks for the system's version
-// that a test has chosen: what follows the @ becomes a condition. Read before every adapter.
+// On other targets Clang treats each @available as true. This turns what follows the @ into a check
+// of the system version that a test has set. Included before every adapter.
 #pragma once
 
 extern "C" bool paper_hasVersion(const char* asked);

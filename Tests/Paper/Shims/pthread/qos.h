@@ -1,4 +1,4 @@
-// How urgent a thread's work is; nothing here makes use of it.
+// Quality-of-service classes of threads; ignored here.
 #pragma once
 
 enum qos_class_t { QOS_CLASS_USER_INTERACTIVE = 0x21 };
