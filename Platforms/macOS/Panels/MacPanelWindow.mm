@@ -3,6 +3,7 @@
 #include "Bridge/Attempt.hpp"
 #include "Bridge/Conversions.hpp"
 #include "Bridge/Notifications.hpp"
+#include "Displays/MacScreens.hpp"
 #include "Panels/CancelWatch.hpp"
 #include "Panels/VirelinePanelContent.hpp"
 
@@ -35,6 +36,17 @@ VirelineDockView* attemptToFill(VirelinePanel* panel, const std::shared_ptr<Pane
     return attemptOr<VirelineDockView*>(nil, "setContentView", [&] { return fill(panel, input); });
 }
 
+/// The panel has no title bar: only lists of windows show its title. Assistive technology reads the
+/// name of the display, which tells people more than its number.
+void name(VirelinePanel* panel, std::uint32_t displayID) {
+    attempt("setTitle",
+            [&] { panel.title = toNSString("Vireline dock #" + std::to_string(displayID)); });
+    const auto display = displayName(displayID);
+    if (display)
+        attempt("setAccessibilityTitle",
+                [&] { panel.accessibilityTitle = toNSString("Vireline dock on " + *display); });
+}
+
 }
 
 MacPanelWindow::MacPanelWindow(std::uint32_t displayID, const Rect& frame,
@@ -45,9 +57,7 @@ MacPanelWindow::MacPanelWindow(std::uint32_t displayID, const Rect& frame,
     , panel_(make(frame, input_))
     , dock_(attemptToFill(panel_, input_))
     , frames_(dock_, [&listener] { listener.frameDue(); }) {
-    // Nobody sees it but assistive technology.
-    attempt("setTitle",
-            [&] { panel_.title = toNSString("Vireline dock #" + std::to_string(displayID)); });
+    name(panel_, displayID);
     placeDock();
     observe();
 }

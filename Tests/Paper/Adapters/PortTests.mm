@@ -55,6 +55,14 @@ TEST_F(Ports, DescribeEachDisplay) {
                                           .backingScaleFactor = 2}));
 }
 
+TEST_F(Ports, KnowWhatTheSystemCallsADisplay) {
+    @autoreleasepool {
+        paper::plug({{.number = 3, .name = "Built-in Display"}, {.number = 5, .name = "Studio"}});
+        EXPECT_EQ(displayName(5), "Studio");
+        EXPECT_EQ(displayName(4), std::nullopt);
+    }
+}
+
 TEST_F(Ports, GiveNoNumberToADisplayWhoseNumberIsNone) {
     @autoreleasepool {
         paper::plug({{.number = 1, .unit = 5}});

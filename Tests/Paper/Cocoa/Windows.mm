@@ -25,14 +25,15 @@ NSWindow* keyWindow() {
 
 // Documented: constrained frames keep a titled window's bar below the menu bar; a window's screen
 // is the one that it overlaps most; close releases a window only if releasedWhenClosed; order
-// within a level. Belief: on screen, a window is held by the window server; titled windows have a
-// bar of 28 points.
+// within a level. Belief: what is set as its accessibility title is read instead of its title; on
+// screen, a window is held by the window server; titled windows have a bar of 28 points.
 @implementation NSWindow {
     NSView* _content;
     NSRect _frame;
     BOOL _wasClosed;
     NSWindowLevel _level;
 }
+@synthesize accessibilityTitle;
 
 - (instancetype)initWithContentRect:(NSRect)content
                           styleMask:(NSWindowStyleMask)style
