@@ -18,9 +18,6 @@
 
 namespace vireline {
 
-/// Receives the index of the chosen entry, or nothing.
-using MenuClosed = std::function<void(std::optional<std::size_t>)>;
-
 /// How far a window reaches beyond its frame, on each side as seen on the display. Points, none
 /// negative.
 struct Overhang {
@@ -116,8 +113,9 @@ public:
     virtual void orderOut() = 0;
 
     /// Pops `menu` up at its place, moved as far as it takes to lie inside the display. Once it has
-    /// closed, `onClose` receives the index of the chosen entry of `menu.entries`, or nothing.
-    virtual void popUpMenu(const Menu& menu, const MenuPlace& place, MenuClosed onClose) = 0;
+    /// closed, calls `onClose` and then the action of the command that was chosen, if one was.
+    virtual void popUpMenu(const Menu& menu, const MenuPlace& place,
+                           std::function<void()> onClose) = 0;
 };
 
 class PanelWindows {

@@ -3,23 +3,11 @@
 
 #include "Presentation/Menu.hpp"
 
-#include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
 
 namespace vireline {
-
-/// Who hears of an item's menu. Outlives the item.
-class StatusItemListener {
-public:
-    virtual ~StatusItemListener() = default;
-
-    /// The menu is about to open; what is changed here is what the user sees.
-    virtual void menuNeedsUpdate(Menu& menu) = 0;
-
-    /// The user chose an entry, by its index in the menu's entries or by its key.
-    virtual void menuItemChosen(std::size_t index) = 0;
-};
 
 /// One item, as wide as high. Gone with this object. While the desktop has no place for it, it
 /// waits for one.
@@ -31,7 +19,10 @@ public:
     virtual void setImage(const std::string& symbol,
                           const std::string& accessibilityDescription) = 0;
 
-    virtual void setMenu(const Menu& menu) = 0;
+    /// Asks `menu` for the item's menu now and whenever it is about to open. Each time it has the
+    /// same commands in the same order; only how they look may differ. The user chooses one with
+    /// the pointer or by its key.
+    virtual void setMenu(std::function<Menu()> menu) = 0;
 
     /// Whether the desktop has a place for it now.
     [[nodiscard]] virtual bool hasPlace() const = 0;
@@ -41,8 +32,7 @@ class StatusBar {
 public:
     virtual ~StatusBar() = default;
 
-    [[nodiscard]] virtual std::unique_ptr<StatusItem>
-    makeStatusItem(StatusItemListener& listener) = 0;
+    [[nodiscard]] virtual std::unique_ptr<StatusItem> makeStatusItem() = 0;
 };
 
 }

@@ -19,13 +19,11 @@ public:
         /// The symbol's name in the icon theme, which the host shows in colours of its own; empty
         /// if the theme has none.
         std::string iconName;
-        Menu menu;
     };
     struct Callbacks {
         /// The symbol as a square of this many pixels, for hosts that know no themes.
         std::function<QImage(int side)> picture;
-        NotifierMenu::Update menuNeedsUpdate;
-        NotifierMenu::Chosen menuItemChosen;
+        std::function<Menu()> menu;
         /// A host that shows no menus asks for the item's own.
         std::function<void()> popUpMenu;
     };

@@ -194,28 +194,28 @@ Point MacPanelWindow::pointer() const {
     return toPoint([panel_ convertPointFromScreen:NSEvent.mouseLocation]);
 }
 
-void MacPanelWindow::popUpMenu(const Menu& menu, const MenuPlace& place, MenuClosed onClose) {
+void MacPanelWindow::popUpMenu(const Menu& menu, const MenuPlace& place,
+                               std::function<void()> onClose) {
     if (menu.entries.empty())
-        return onClose(std::nullopt);
+        return onClose();
     if (const auto open = menu_)
         open->end();
     input_->menuOpened();
-    menu_ =
-        PopUpMenu::open(menu, dock_, place,
-                        [this, onClose = std::move(onClose)](std::optional<std::size_t> chosen) {
-                            menuClosed(chosen, onClose);
-                        });
+    menu_ = PopUpMenu::open(menu, dock_, place,
+                            [this, onClose = std::move(onClose)](const MenuAction& chosen) {
+                                menuClosed(chosen, onClose);
+                            });
 }
 
-void MacPanelWindow::menuClosed(std::optional<std::size_t> chosen, const MenuClosed& onClose) {
-    // The menu owns the callback, and what it does may end this window.
-    const MenuClosed tell = onClose;
+void MacPanelWindow::menuClosed(const MenuAction& chosen, const std::function<void()>& onClose) {
     menu_.reset();
     const auto [at, isHere] = attemptOr(std::pair{Point{}, false}, "mouseLocation", [this] {
         return std::pair{pointer(), static_cast<bool>(panel_.isUnderPointer)};
     });
     input_->menuClosed(at, isHere);
-    tell(chosen);
+    onClose();
+    if (chosen)
+        chosen();
 }
 
 }

@@ -20,9 +20,9 @@ using Handler = RunningApplications::Handler;
 class NotingStatusBar final : public StatusBar {
 public:
     explicit NotingStatusBar(StatusBar& real) : real_(real) {}
-    std::unique_ptr<StatusItem> makeStatusItem(StatusItemListener& listener) override {
+    std::unique_ptr<StatusItem> makeStatusItem() override {
         DevLog::write("> status item");
-        return real_.makeStatusItem(listener);
+        return real_.makeStatusItem();
     }
 
 private:
