@@ -17,9 +17,7 @@ struct WriteTarget {
     int error = 0;
 };
 
-/// Follows links of the user's own, which people have who keep their settings elsewhere, to a file
-/// of their own in a folder of their own. A link that leads to anything else is itself what is
-/// replaced.
+/// As `FollowedLinks` decides.
 [[nodiscard]] WriteTarget resolvedWriteTarget(const FileURL& url);
 
 }

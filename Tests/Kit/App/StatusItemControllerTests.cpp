@@ -15,8 +15,8 @@ class StatusItemControllerTest : public testing::Test {
 protected:
     /// The state of "Launch at Login" in the menu as it opens now.
     [[nodiscard]] bool isChecked() {
-        const auto& entry = std::get<MenuCommand>(statusBar.openMenu().entries.at(2));
-        return entry.isChecked.value();
+        const Menu menu = statusBar.openMenu();
+        return std::get<MenuCommand>(menu.entries.at(2)).isChecked.value();
     }
 
     test::LoggedLines log;
