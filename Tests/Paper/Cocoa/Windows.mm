@@ -33,7 +33,8 @@ NSWindow* keyWindow() {
     BOOL _wasClosed;
     NSWindowLevel _level;
 }
-@synthesize accessibilityTitle;
+@synthesize accessibilityElement, accessibilityRole, accessibilityLabel, accessibilityTitle,
+    accessibilityValue, accessibilityFrame, accessibilityParent, accessibilityChildren;
 
 - (instancetype)initWithContentRect:(NSRect)content
                           styleMask:(NSWindowStyleMask)style
