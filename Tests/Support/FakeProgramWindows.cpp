@@ -118,11 +118,11 @@ Menu FakeStatusBar::openMenu() const {
     return item->menu();
 }
 
-void FakeStatusBar::choose(std::string_view title) {
+void FakeStatusBar::choose(std::string_view title) const {
     chooseWhere(*this, [=](const MenuCommand& command) { return command.title == title; });
 }
 
-void FakeStatusBar::pressKey(char key) {
+void FakeStatusBar::pressKey(char key) const {
     chooseWhere(*this, [=](const MenuCommand& command) { return command.keyEquivalent == key; });
 }
 

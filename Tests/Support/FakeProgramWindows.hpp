@@ -78,9 +78,9 @@ public:
     /// Opens the item's menu and returns what the user sees.
     [[nodiscard]] Menu openMenu() const;
     /// Chooses the entry with this title.
-    void choose(std::string_view title);
+    void choose(std::string_view title) const;
     /// Presses a key with the command modifier while the menu is open.
-    void pressKey(char key);
+    void pressKey(char key) const;
 
     /// Whether the desktop has room for the item.
     bool hasPlace = true;

@@ -31,7 +31,7 @@ void TileGestures::move(Point at) {
 }
 
 void TileGestures::release(DockTile* tile, Point at, double time) {
-    if (dragged()) {
+    if (press_ && press_->isDragging) {
         drag(*press_, at);
         return end(true);
     }
@@ -117,8 +117,9 @@ std::optional<std::uint32_t> TileGestures::dragged() const noexcept {
 }
 
 std::optional<ReorderMath::Drag> TileGestures::reorder() const {
-    const auto serial = dragged();
-    const auto index = serial ? tiles_.indexOf(*serial) : std::nullopt;
+    if (!press_ || !press_->isDragging)
+        return std::nullopt;
+    const auto index = tiles_.indexOf(press_->serial);
     if (!index)
         return std::nullopt;
     return ReorderMath::Drag{.draggedIndex = static_cast<int>(*index),
