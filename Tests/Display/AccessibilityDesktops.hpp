@@ -2,12 +2,12 @@
 /// one in memory and one under a window manager.
 #pragma once
 
-#include "Toolkit/QtRunLoop.hpp"
 #include "Applications/DesktopEntryCatalog.hpp"
 #include "Applications/EwmhRunningApplications.hpp"
-#include "Support/FakeAccessibility.hpp"
 #include "ClientWindows/EwmhAccessibility.hpp"
 #include "Display/WindowTest.hpp"
+#include "Support/FakeAccessibility.hpp"
+#include "Toolkit/QtRunLoop.hpp"
 
 #include <algorithm>
 #include <csignal>

@@ -1,7 +1,7 @@
 /// Windows of docks on a virtual desktop with several displays.
 #pragma once
 
-#include "Windows/WindowTest.hpp"
+#include "Display/WindowTest.hpp"
 
 #include <algorithm>
 #include <string>

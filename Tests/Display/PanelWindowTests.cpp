@@ -1,5 +1,5 @@
-#include "VirtualDesktop/Waiting.hpp"
 #include "Display/PanelWindowTest.hpp"
+#include "VirtualDesktop/Waiting.hpp"
 
 #include <xcb/shape.h>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
-#include "Views/Menu.hpp"
+#include "Presentation/Menu.hpp"
 
 #include <cstdint>
 

@@ -11,8 +11,8 @@
 #include "Views/DockMenus.hpp"
 #include "Views/DockScene.hpp"
 #include "Views/DockTiles.hpp"
-#include "Views/PanelUIState.hpp"
 #include "Views/DockViewContext.hpp"
+#include "Views/PanelUIState.hpp"
 #include "Views/TileGestures.hpp"
 
 #include <array>

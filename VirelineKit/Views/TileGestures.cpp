@@ -1,12 +1,12 @@
 #include "Views/TileGestures.hpp"
 
-#include "Displays/DockMetrics.hpp"
 #include "Interaction/DockActions.hpp"
+#include "Layout/StripLayout.hpp"
+#include "Model/DockMetrics.hpp"
 #include "Platform/PointerSettings.hpp"
 #include "Platform/RunLoop.hpp"
 #include "Views/DockTiles.hpp"
 #include "Views/DockViewContext.hpp"
-#include "Views/StripLayout.hpp"
 
 #include <cmath>
 #include <string>
@@ -85,7 +85,7 @@ void TileGestures::drag(Press& press, Point at) {
     if (!press.isDragging && !comesOff)
         return;
     press.isDragging = true;
-    press.offset = layout_.edge.isHorizontal() ? moved.x : moved.y;
+    press.offset = layout_.edge.along(moved);
     if (comesOff)
         onDrag(true);
 }
@@ -125,7 +125,7 @@ std::optional<ReorderMath::Drag> TileGestures::reorder() const {
     return ReorderMath::Drag{.draggedIndex = static_cast<int>(*index),
                              .offset = press_->offset,
                              .slot = layout_.iconSize + DockMetrics::iconSpacing,
-                             .count = layout_.pinnedCount};
+                             .count = layout_.counts.pinned};
 }
 
 }

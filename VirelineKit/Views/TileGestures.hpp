@@ -4,7 +4,7 @@
 
 #include "Foundation/Geometry.hpp"
 #include "Foundation/Lifetime.hpp"
-#include "Views/ReorderMath.hpp"
+#include "Layout/ReorderMath.hpp"
 
 #include <cstdint>
 #include <functional>

@@ -1,4 +1,4 @@
-#include "Kit/DockPanelTest.hpp"
+#include "Kit/Displays/DockPanelTest.hpp"
 
 #include <algorithm>
 #include <cmath>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Displays/DockPanel.hpp"
-#include "Kit/DockPanelSpecs.hpp"
+#include "Kit/Displays/DockPanelSpecs.hpp"
 #include "Support/DockFixture.hpp"
 
 #include <gtest/gtest.h>
