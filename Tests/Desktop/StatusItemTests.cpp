@@ -1,6 +1,7 @@
-/// The status item on real desktops: in a panel with status notifier items, in a system tray, with
-/// either appearing and disappearing, and without both; and the login item that its menu toggles.
-#include "ProgramWindowTest.hpp"
+/// The status item on real desktops: with a panel that shows status notifier items, in a system
+/// tray, with either coming and going, and without both; and the start at login that its menu
+/// switches.
+#include "StatusItemTest.hpp"
 
 #include <algorithm>
 #include <csignal>
@@ -13,55 +14,6 @@ namespace {
 namespace fs = std::filesystem;
 using Role = AccessibleRole;
 using Lines = std::vector<std::string>;
-
-constexpr std::string_view trayConfiguration = "rounded = 0\n"
-                                               "background_color = #102030 100\n"
-                                               "panel_items = S\n"
-                                               "panel_size = 200 32\n"
-                                               "panel_position = top left horizontal\n"
-                                               "panel_background_id = 1\n"
-                                               "systray_padding = 4 4 4\n"
-                                               "systray_icon_size = 24\n";
-
-class StatusItem : public ProgramWindowTest {
-protected:
-    ChildProcess& startTray() {
-        const auto configuration = desktop().home().scratch() / "tray.conf";
-        writeFile(configuration, trayConfiguration);
-        return desktop().run("tint2", {"-c", configuration.string()});
-    }
-
-    /// The icon in the tray; XCB_NONE if there is none.
-    [[nodiscard]] xcb_window_t trayIcon() {
-        const auto& client = desktop().client();
-        for (const xcb_window_t window : client.allWindows()) {
-            if (client.text(window, "_NET_WM_NAME") == "Vireline" && client.isViewable(window))
-                return window;
-        }
-        return XCB_NONE;
-    }
-    [[nodiscard]] testing::AssertionResult trayHasIcon(bool has) {
-        if (eventually([&] { return (trayIcon() != XCB_NONE) == has; }))
-            return testing::AssertionSuccess();
-        return testing::AssertionFailure() << (has ? "no icon in the tray" : "the icon stays");
-    }
-    /// The icon's frame on the screen.
-    [[nodiscard]] PixelRect trayIconFrame() {
-        return desktop().client().frame(trayIcon()).value_or(PixelRect{});
-    }
-    [[nodiscard]] testing::AssertionResult isRegistered(const NotifierHost& host,
-                                                        std::size_t times = 1) {
-        if (eventually([&] { return host.itemCount() >= times; }))
-            return testing::AssertionSuccess();
-        return testing::AssertionFailure() << "the item is not registered";
-    }
-
-    [[nodiscard]] fs::path autostartEntry() {
-        return desktop().home().folder() / ".config/autostart/vireline.desktop";
-    }
-
-    static constexpr int menuEntryCount = 5;
-};
 
 Lines menuWithLogin(bool isChecked) {
     return {"Settings…", "Welcome Tour…",
@@ -218,125 +170,6 @@ TEST_F(StatusItem, PopsItsOwnMenuUpForAHostThatShowsNone) {
     ASSERT_TRUE(eventually([&] { return !desktop().docks().menus().empty(); }));
     choose(desktop().docks().menus().front(), 0, menuEntryCount);
     EXPECT_TRUE(opens(settingsTitle));
-}
-
-TEST_F(StatusItem, IsInTheTrayWhereThereIsNoHost) {
-    runWith();
-    startTray();
-    ASSERT_TRUE(trayHasIcon(true));
-
-    desktop().pointer().click(trayIconFrame().center());
-    ASSERT_TRUE(eventually([&] { return !desktop().docks().menus().empty(); }));
-    choose(desktop().docks().menus().front(), 0, menuEntryCount);
-    EXPECT_TRUE(opens(settingsTitle));
-
-    desktop().pointer().click(trayIconFrame().center(), Pointer::Button::secondary);
-    ASSERT_TRUE(eventually([&] { return !desktop().docks().menus().empty(); }));
-    choose(desktop().docks().menus().front(), menuEntryCount - 1, menuEntryCount);
-    EXPECT_EQ(desktop().vireline().waitForExit(), 0);
-    EXPECT_TRUE(trayHasIcon(false));
-}
-
-TEST_F(StatusItem, OpensItsMenuInTheTrayForAClickAlone) {
-    runWith();
-    startTray();
-    ASSERT_TRUE(trayHasIcon(true));
-    ASSERT_TRUE(docksSettle(twoTiles));
-    const auto pointer = desktop().pointer();
-    const PixelPoint icon = trayIconFrame().center();
-    const PixelPoint elsewhere = desktop().monitor("left").frame.center();
-
-    for (const auto button :
-         {Pointer::Button::wheelUp, Pointer::Button::wheelDown, Pointer::Button::middle})
-        pointer.click(icon, button);
-    for (const auto& [from, to] : {std::pair{icon, elsewhere}, std::pair{elsewhere, icon}}) {
-        pointer.moveTo(from);
-        pointer.press(Pointer::Button::primary);
-        pointer.moveTo(to);
-        pointer.release(Pointer::Button::primary);
-    }
-
-    // An open menu would consume this click.
-    pointer.click(layout("right", twoTiles).icon(0));
-    EXPECT_TRUE(logs("click launch " + apps[0].id));
-    EXPECT_TRUE(desktop().docks().menus().empty());
-}
-
-TEST_F(StatusItem, StandsOutFromTheTray) {
-    runWith();
-    startTray();
-    ASSERT_TRUE(trayHasIcon(true));
-
-    // On a dark background the symbol is light.
-    EXPECT_TRUE(eventually([&] {
-        const auto picture = desktop().picture(trayIconFrame());
-        constexpr Colour bright{240, 240, 244};
-        return picture.count(bright) >= 10;
-    }));
-}
-
-TEST_F(StatusItem, FollowsTheKeysOfItsMenuInTheTray) {
-    runWith();
-    startTray();
-    ASSERT_TRUE(trayHasIcon(true));
-
-    desktop().pointer().click(trayIconFrame().center());
-    ASSERT_TRUE(eventually([&] { return !desktop().docks().menus().empty(); }));
-    desktop().keyboard().typeWithControl(',');
-    EXPECT_TRUE(opens(settingsTitle));
-    EXPECT_TRUE(eventually([&] { return desktop().docks().menus().empty(); }));
-
-    desktop().pointer().click(trayIconFrame().center());
-    ASSERT_TRUE(eventually([&] { return !desktop().docks().menus().empty(); }));
-    desktop().keyboard().typeWithControl('q');
-    EXPECT_EQ(desktop().vireline().waitForExit(), 0);
-    EXPECT_EQ(desktop().log().messages().back(), "quit from menu bar");
-}
-
-TEST_F(StatusItem, ReturnsToATrayThatWasStartedAgain) {
-    runWith();
-    auto& first = startTray();
-    ASSERT_TRUE(trayHasIcon(true));
-    first.signal(SIGTERM);
-    ASSERT_TRUE(first.waitForExit());
-    ASSERT_TRUE(trayHasIcon(false));
-
-    startTray();
-
-    EXPECT_TRUE(trayHasIcon(true));
-    EXPECT_TRUE(desktop().vireline().isRunning());
-}
-
-TEST_F(StatusItem, MovesFromTheTrayToAHostAndBack) {
-    runWith();
-    startTray();
-    ASSERT_TRUE(trayHasIcon(true));
-
-    const auto host = desktop().startNotifierHost();
-    EXPECT_TRUE(isRegistered(host));
-    EXPECT_TRUE(trayHasIcon(false));
-    desktop().stopNotifierHost();
-    EXPECT_TRUE(trayHasIcon(true));
-}
-
-TEST_F(StatusItem, StaysInTheTrayWhileNoHostShowsItems) {
-    runWith();
-    startTray();
-    const auto host = desktop().startNotifierHost(false);
-    ASSERT_TRUE(isRegistered(host));
-    EXPECT_TRUE(trayHasIcon(true));
-
-    host.becomeHost();
-
-    EXPECT_TRUE(trayHasIcon(false));
-}
-
-TEST_F(StatusItem, IsInTheTrayWithoutASessionBus) {
-    auto& desktop = make({.monitors = twoMonitors()});
-    startTray();
-    desktop.runVireline();
-
-    EXPECT_TRUE(trayHasIcon(true));
 }
 
 TEST_F(StatusItem, IsNotNeededWhereThereIsNoPlaceForIt) {

@@ -1,218 +1,17 @@
-/// The contract of Accessibility, run against the fake and the real adapter. The real one uses
-/// separate programs and a window manager, so its requests take effect with a delay.
-#include "Applications/DesktopEntryCatalog.hpp"
-#include "Applications/EwmhRunningApplications.hpp"
-#include "ClientWindows/EwmhAccessibility.hpp"
-#include "Display/WindowTest.hpp"
-#include "Support/FakeAccessibility.hpp"
-#include "Toolkit/QtRunLoop.hpp"
+/// What every Accessibility port does, the fake and the real one alike. The real one meets programs
+/// of their own under a window manager; whatever it asks of that one comes true a little later.
+#include "Display/AccessibilityDesktops.hpp"
 
-#include <algorithm>
 #include <chrono>
-#include <csignal>
-#include <map>
+#include <type_traits>
 
 namespace vireline {
 namespace {
 
-enum class Kind : std::uint8_t { normal, dialogs, ofUnknownProcess };
-
-/// A running program; its windows are numbered from 0, the oldest.
-struct Program {
-    std::string bundleID;
-    /// 0 if the port cannot know it.
-    std::int32_t process = 0;
-};
-
-class FakeDesktop : public testing::Test {
-protected:
-    Program run(std::size_t windows, Kind kind = Kind::normal) {
-        ++started_;
-        const Program program{"program-" + std::to_string(started_),
-                              kind == Kind::ofUnknownProcess ? 0 : 100 + started_};
-        RunningApplication app;
-        app.bundleID = program.bundleID;
-        app.processIdentifier = program.process;
-        for (std::size_t i = 0; i < windows; ++i) {
-            auto& window = port.addWindow(app, {20, 30, 320, 200});
-            window.isDialog = kind == Kind::dialogs;
-            windows_[program.bundleID].push_back(&window);
-        }
-        return program;
-    }
-
-    void activate(const Program& program, std::size_t window) {
-        port.activate(*windows_[program.bundleID].at(window));
-    }
-    void close(const Program& program, std::size_t window) {
-        auto& windows = windows_[program.bundleID];
-        port.close(*windows.at(window));
-        windows.erase(windows.begin() + static_cast<std::ptrdiff_t>(window));
-    }
-    void end(const Program& program) {
-        while (!windows_[program.bundleID].empty())
-            close(program, 0);
-    }
-
-    [[nodiscard]] Rect outerFrame(const Program& program, std::size_t window) {
-        return windows_[program.bundleID].at(window)->frame;
-    }
-    /// Sets a minimum size that exceeds the window's current size.
-    void setMinimumSize(const Program& program, std::size_t window, Size outer) {
-        windows_[program.bundleID].at(window)->minimumSize = outer;
-    }
-
-    void withdrawPermission() { port.trusted = false; }
-    void grantPermission() { port.trusted = true; }
-    void loseTheAbilityToMoveWindows() { port.movesWindows = false; }
-    void regainTheAbilityToMoveWindows() { port.movesWindows = true; }
-    void stopAnswering() { port.answers = false; }
-    void answerAgain() { port.answers = true; }
-
-    template <class Condition>
-    static bool eventually(const Condition& condition) {
-        return condition();
-    }
-
-    test::FakeAccessibility port;
-
-private:
-    int started_ = 0;
-    std::map<std::string, std::vector<test::FakeWindow*>> windows_;
-};
-
-class EwmhDesktop : public test::WindowTest {
-protected:
-    void TearDown() override {
-        answerAgain();
-        if (!isManaged_)
-            grantPermission();
-        for (auto& [bundleID, running] : running_)
-            running.process->signal(SIGKILL);
-        EXPECT_TRUE(eventually([] { return client().managedWindows().empty(); }));
-        WindowTest::TearDown();
-    }
-
-    Program run(std::size_t windows, Kind kind = Kind::normal) {
-        const std::string bundleID = "program-" + std::to_string(running_.size() + 1);
-        std::vector<std::string> arguments{"--class", bundleID, "--windows",
-                                           std::to_string(windows)};
-        if (kind == Kind::dialogs)
-            arguments.insert(arguments.end(), {"--type", "DIALOG"});
-        if (kind == Kind::ofUnknownProcess)
-            arguments.insert(arguments.end(), {"--property", "WM_CLIENT_MACHINE=another"});
-        auto& process = desk().run(TEST_APP, std::move(arguments));
-        EXPECT_TRUE(eventually([&] { return applications_.windows(bundleID).size() == windows; }));
-        auto ids = windowsOf(bundleID);
-        // A program numbers its windows in order of creation.
-        std::ranges::sort(ids);
-        running_.insert_or_assign(bundleID, Running{&process, std::move(ids)});
-        return {bundleID, kind == Kind::ofUnknownProcess ? 0 : process.pid()};
-    }
-
-    void activate(const Program& program, std::size_t window) {
-        constexpr std::uint32_t fromPager = 2;
-        const auto id = idOf(program, window);
-        client().sendToRoot(id, "_NET_ACTIVE_WINDOW", {fromPager, XCB_CURRENT_TIME});
-        EXPECT_TRUE(eventually([&] { return client().activeWindow() == id; }));
-        settle();
-    }
-    void close(const Program& program, std::size_t window) {
-        client().destroy(idOf(program, window));
-        client().sync();
-        auto& windows = running_.at(program.bundleID).windows;
-        windows.erase(windows.begin() + static_cast<std::ptrdiff_t>(window));
-    }
-    void end(const Program& program) { running_.at(program.bundleID).process->signal(SIGKILL); }
-
-    /// All displays have one pixel per point, except the one on the right.
-    [[nodiscard]] Rect outerFrame(const Program& program, std::size_t window) {
-        const auto id = idOf(program, window);
-        const auto inner = client().frame(id).value_or(desktop::PixelRect{});
-        const Sides sides = decoration(id);
-        const auto primary = desk().monitor("main").frame;
-        return {inner.x - sides.left - primary.x, inner.y - sides.top - primary.y,
-                inner.width + sides.left + sides.right, inner.height + sides.top + sides.bottom};
-    }
-    void setMinimumSize(const Program& program, std::size_t window, Size outer) {
-        constexpr std::uint32_t hasMinimum = 1U << 4U;
-        const auto id = idOf(program, window);
-        const Sides sides = decoration(id);
-        std::vector<std::uint32_t> hints(18, 0);
-        hints[0] = hasMinimum;
-        hints[5] = static_cast<std::uint32_t>(outer.width - sides.left - sides.right);
-        hints[6] = static_cast<std::uint32_t>(outer.height - sides.top - sides.bottom);
-        client().setWords(id, "WM_NORMAL_HINTS", XCB_ATOM_WM_SIZE_HINTS, hints);
-        // The window manager enlarges the window at once, and may move it.
-        EXPECT_TRUE(eventually([&] { return outerFrame(program, window).size() == outer; }));
-    }
-
-    void withdrawPermission() {
-        desk().stopWindowManager();
-        isManaged_ = false;
-    }
-    void grantPermission() {
-        desk().startWindowManager();
-        isManaged_ = true;
-    }
-    /// The window manager keeps running, but no longer announces that it moves windows.
-    void loseTheAbilityToMoveWindows() {
-        supported_ = client().words(client().root(), "_NET_SUPPORTED");
-        auto fewer = supported_;
-        std::erase(fewer, client().atom("_NET_MOVERESIZE_WINDOW"));
-        client().setWords(client().root(), "_NET_SUPPORTED", XCB_ATOM_ATOM, fewer);
-        client().sync();
-    }
-    void regainTheAbilityToMoveWindows() {
-        client().setWords(client().root(), "_NET_SUPPORTED", XCB_ATOM_ATOM, supported_);
-        client().sync();
-    }
-    static void stopAnswering() { ::kill(desk().server(), SIGSTOP); }
-    static void answerAgain() { ::kill(desk().server(), SIGCONT); }
-
-private:
-    struct Running {
-        desktop::ChildProcess* process;
-        std::vector<xcb_window_t> windows;
-    };
-    struct Sides {
-        double left = 0;
-        double right = 0;
-        double top = 0;
-        double bottom = 0;
-    };
-
-    using WindowTest::idOf;
-    [[nodiscard]] xcb_window_t idOf(const Program& program, std::size_t window) const {
-        return running_.at(program.bundleID).windows.at(window);
-    }
-
-    [[nodiscard]] static std::vector<xcb_window_t> windowsOf(const std::string& bundleID) {
-        auto windows = client().managedWindows();
-        std::erase_if(windows, [&](xcb_window_t window) {
-            return !client().text(window, "WM_CLASS").starts_with(bundleID + '\0');
-        });
-        return windows;
-    }
-
-    [[nodiscard]] static Sides decoration(xcb_window_t window) {
-        const auto extents = client().words(window, "_NET_FRAME_EXTENTS");
-        if (extents.size() < 4)
-            return {};
-        return {static_cast<double>(extents[0]), static_cast<double>(extents[1]),
-                static_cast<double>(extents[2]), static_cast<double>(extents[3])};
-    }
-
-    x11::QtRunLoop runLoop_;
-    x11::DesktopEntryCatalog catalog_{runLoop_, {}};
-    x11::EwmhRunningApplications applications_{connection, runLoop_, catalog_};
-    std::map<std::string, Running> running_;
-    bool isManaged_ = true;
-    std::vector<std::uint32_t> supported_;
-
-protected:
-    x11::EwmhAccessibility port{connection, runLoop_, applications_, screens};
-};
+using contract::EwmhDesktop;
+using contract::FakeDesktop;
+using contract::Kind;
+using contract::Program;
 
 template <class Value>
 testing::AssertionResult fails(const Result<Value>& outcome) {
@@ -317,6 +116,25 @@ TYPED_TEST(AccessibilityContract, TellsWhetherThisDesktopLetsWindowsBeMoved) {
     this->regainTheAbilityToMoveWindows();
     EXPECT_TRUE(this->eventually([&] { return this->port.canMoveWindows(); }));
     EXPECT_TRUE(this->port.isTrusted());
+}
+
+TYPED_TEST(AccessibilityContract, AnnouncesThatWindowsCanBeMovedNoMoreAndThatTheyCanAgain) {
+    // One that has just started may announce once what it finds.
+    std::vector<bool> answers;
+    const Subscription observer =
+        this->port.observeManager([&] { answers.push_back(this->port.canMoveWindows()); });
+    int heardByAnother = 0;
+    Subscription another = this->port.observeManager([&] { ++heardByAnother; });
+
+    this->loseTheAbilityToMoveWindows();
+    EXPECT_TRUE(this->eventually([&] { return !answers.empty() && !answers.back(); }));
+    EXPECT_GT(heardByAnother, 0);
+
+    another.reset();
+    heardByAnother = 0;
+    this->regainTheAbilityToMoveWindows();
+    EXPECT_TRUE(this->eventually([&] { return answers.back(); }));
+    EXPECT_EQ(heardByAnother, 0);
 }
 
 TYPED_TEST(AccessibilityContract, ListsTheWindowsOldestFirst) {

@@ -8,11 +8,6 @@ using desktop::Keyboard;
 using desktop::PixelRect;
 using test::EventLog;
 
-Menu sampleMenu() {
-    return {
-        {MenuCommand{"Open"}, MenuSeparator{}, MenuCommand{"Tom & Jerry"}, MenuCommand{"Quit"}}};
-}
-
 class PopUpMenuTest : public test::WindowTest {
 protected:
     /// The only visible override-redirect window.
@@ -26,13 +21,19 @@ protected:
         return {};
     }
 
+    MenuCommand command(const std::string& title) {
+        return {.title = title, .action = [this, title] {
+                    EXPECT_EQ(closed, 1) << "a choice comes once the menu is closed";
+                    choice = title;
+                }};
+    }
+
     void open(PanelWindow& dock, const std::string& monitor, Point at) {
         desk().pointer().moveTo(pixelAt(monitor, at));
         settle();
-        dock.popUpMenu(sampleMenu(), {at, side}, [this](std::optional<std::size_t> chosen) {
-            ++closed;
-            choice = chosen;
-        });
+        const Menu menu{
+            {command("Open"), MenuSeparator{}, command("Tom & Jerry"), command("Quit")}};
+        dock.popUpMenu(menu, {at, side}, [this] { ++closed; });
         EXPECT_TRUE(eventually([] { return menuFrame().width > 0; }));
         settle();
     }
@@ -40,7 +41,7 @@ protected:
     EventLog log;
     MenuPlace::Side side = MenuPlace::Side::above;
     int closed = 0;
-    std::optional<std::size_t> choice;
+    std::string choice;
 };
 
 TEST_F(PopUpMenuTest, OpensInsideTheDocksOwnDisplay) {
@@ -54,7 +55,7 @@ TEST_F(PopUpMenuTest, OpensInsideTheDocksOwnDisplay) {
             EXPECT_TRUE(eventually([] { return menuFrame().width == 0; }));
         }
         EXPECT_TRUE(eventually([&] { return closed == 3; }));
-        EXPECT_EQ(choice, std::nullopt);
+        EXPECT_EQ(choice, "");
     }
 }
 
@@ -101,7 +102,7 @@ TEST_F(PopUpMenuTest, TellsTheChoiceOnceItIsClosed) {
     const PixelRect frame = menuFrame();
     desk().pointer().click({frame.center().x, frame.bottom() - 8});
     EXPECT_TRUE(eventually([&] { return closed == 1; }));
-    EXPECT_EQ(choice, 3U);
+    EXPECT_EQ(choice, "Quit");
     EXPECT_EQ(menuFrame().width, 0);
 }
 
@@ -112,7 +113,7 @@ TEST_F(PopUpMenuTest, TakesKeysAlthoughTheDockHasNoFocus) {
     desk().keyboard().type(Keyboard::down);
     desk().keyboard().type(Keyboard::enter);
     EXPECT_TRUE(eventually([&] { return closed == 1; }));
-    EXPECT_EQ(choice, 2U);
+    EXPECT_EQ(choice, "Tom & Jerry");
 }
 
 TEST_F(PopUpMenuTest, GoesWithAClickElsewhere) {
@@ -120,7 +121,7 @@ TEST_F(PopUpMenuTest, GoesWithAClickElsewhere) {
     open(*dock, "main", {100, 50});
     desk().pointer().click({300, 300});
     EXPECT_TRUE(eventually([&] { return closed == 1; }));
-    EXPECT_EQ(choice, std::nullopt);
+    EXPECT_EQ(choice, "");
 }
 
 TEST_F(PopUpMenuTest, GoesWithAClickOnItsDockWhichDoesNothingElse) {

@@ -49,6 +49,9 @@ inline std::ostream& operator<<(std::ostream& out, const IdentityCase& identityC
 [[nodiscard]] DesktopEntryIndex indexOf(const std::vector<EntryShape>& shapes);
 [[nodiscard]] IdentifiedApp identify(const IdentityCase& identityCase);
 
+[[nodiscard]] EntryShape firefox();
+[[nodiscard]] ProcessShape firefoxProcess();
+
 [[nodiscard]] std::vector<IdentityCase> toolkitCases();
 [[nodiscard]] std::vector<IdentityCase> classCases();
 [[nodiscard]] std::vector<IdentityCase> sandboxCases();

@@ -1,7 +1,6 @@
 /// The program's windows without a screen: how they present a description, and that they keep their
 /// widgets when it changes.
 #include "Linux/EventLoop.hpp"
-#include "Platform/ProgramWindows.hpp"
 #include "ProgramWindows/Controls/Switch.hpp"
 #include "ProgramWindows/Controls/ValueSlider.hpp"
 #include "ProgramWindows/OnboardingView.hpp"
@@ -10,6 +9,7 @@
 #include "ProgramWindows/SettingsView.hpp"
 #include "ProgramWindows/Symbols.hpp"
 #include "ProgramWindows/WindowPalette.hpp"
+#include "Support/RecordingFormListener.hpp"
 
 #include <gtest/gtest.h>
 
@@ -23,17 +23,6 @@ namespace vireline::x11 {
 namespace {
 
 using Status = DockAnchorGuard::Status;
-
-class RecordingFormListener final : public FormListener {
-public:
-    void formChanged(SettingsField field, const FormValue& value) override {
-        changes.emplace_back(field, value);
-    }
-    void formStatusButtonPressed(SettingsField field) override { pressed.push_back(field); }
-
-    std::vector<std::pair<SettingsField, FormValue>> changes;
-    std::vector<SettingsField> pressed;
-};
 
 class ProgramWindowsTest : public testing::Test {
 protected:
@@ -65,7 +54,7 @@ protected:
         return {found.begin(), found.end()};
     }
 
-    RecordingFormListener listener;
+    test::RecordingFormListener listener;
     FormView view{{listener, symbols, false}, nullptr};
 };
 

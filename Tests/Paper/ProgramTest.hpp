@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Cocoa/Paper.hpp"
+#include "Support/TemporaryFolder.hpp"
 
 #include <gtest/gtest.h>
 
@@ -23,7 +24,7 @@ protected:
     ProgramTest& operator=(const ProgramTest&) = delete;
     ProgramTest(ProgramTest&&) = delete;
     ProgramTest& operator=(ProgramTest&&) = delete;
-    ~ProgramTest() override;
+    ~ProgramTest() override = default;
 
     /// Runs the program; `user` is called between its launch and its end.
     void runProgram(std::function<void()> user);
@@ -49,7 +50,8 @@ protected:
     [[nodiscard]] const std::string& home() const noexcept { return home_; }
 
 private:
-    std::string home_;
+    test::TemporaryFolder folder_;
+    std::string home_ = folder_.path();
 };
 
 /// One display with Apple's Dock at the bottom, one to its right and one to its left.

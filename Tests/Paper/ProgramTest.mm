@@ -48,8 +48,6 @@ id controlIn(NSView* view, std::string_view name) {
 }
 
 ProgramTest::ProgramTest() {
-    std::string name = (fs::temp_directory_path() / "vireline-paper.XXXXXX").string();
-    home_ = ::mkdtemp(name.data());
     paper::setHome(home_);
     ::setenv("HOME", home_.c_str(), 1);
     @autoreleasepool {
@@ -57,11 +55,6 @@ ProgramTest::ProgramTest() {
     }
     // The state after the first run.
     writePreferences(R"({"onboardingCompleted": true})");
-}
-
-ProgramTest::~ProgramTest() {
-    std::error_code ignored;
-    fs::remove_all(home_, ignored);
 }
 
 void ProgramTest::runProgram(std::function<void()> user) {

@@ -1,5 +1,7 @@
 #include "Storm/StormPorts.hpp"
 
+#include "Support/OtherPorts.hpp"
+
 namespace vireline::storm {
 
 std::unique_ptr<PanelWindow> StormPanelWindows::makePanel(std::uint32_t displayID,
@@ -22,29 +24,14 @@ StormPorts::StormPorts(test::FakePlatform& platform, WindowWitness& witness, boo
     , workspace_(platform.workspace, witness) {}
 
 Platform StormPorts::ports() {
-    const Platform others = fake_.ports();
-    return Platform{
-        .application = application_,
-        .runLoop = others.runLoop,
-        .fileSystem = others.fileSystem,
-        .fileEvents = others.fileEvents,
-        .userFolders = others.userFolders,
-        .trash = others.trash,
-        .dockPreferences = dockPreferences_,
-        .catalog = others.catalog,
-        .runningApplications = running_,
-        .workspace = workspace_,
-        .icons = icons_,
-        .screens = screens_,
-        .panelWindows = panelWindows_,
-        .pointerSettings = others.pointerSettings,
-        .motionSettings = others.motionSettings,
-        .accessibility = others.accessibility,
-        .pointerTaps = others.pointerTaps,
-        .statusBar = others.statusBar,
-        .loginItemService = others.loginItemService,
-        .programWindows = others.programWindows,
-    };
+    return test::with({.application = &application_,
+                       .dockPreferences = &dockPreferences_,
+                       .runningApplications = &running_,
+                       .workspace = &workspace_,
+                       .icons = &icons_,
+                       .screens = &screens_,
+                       .panelWindows = &panelWindows_},
+                      fake_.ports());
 }
 
 }

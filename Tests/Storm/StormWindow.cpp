@@ -62,7 +62,8 @@ void StormWindow::orderOut() {
     witness_.called("orderOut");
 }
 
-void StormWindow::popUpMenu(const Menu& shown, const MenuPlace& /*place*/, MenuClosed onClose) {
+void StormWindow::popUpMenu(const Menu& shown, const MenuPlace& /*place*/,
+                            std::function<void()> onClose) {
     if (hasMenu)
         closeMenu(std::nullopt);
     menu = shown;
@@ -120,11 +121,16 @@ void StormWindow::cancel() {
 
 void StormWindow::closeMenu(std::optional<std::size_t> chosen) {
     hasMenu = false;
-    const MenuClosed tell = std::exchange(onMenuClosed_, nullptr);
+    const auto tell = std::exchange(onMenuClosed_, nullptr);
+    MenuAction act;
+    if (chosen)
+        act = std::get<MenuCommand>(menu.entries.at(*chosen)).action;
     if (isTracked_)
         tracker_.menuClosed({});
     witness_.menuClosed(*this, chosen);
-    tell(chosen);
+    tell();
+    if (act)
+        act();
 }
 
 void StormWindow::showFrame() {

@@ -62,7 +62,8 @@ public:
     void checkPress() override {}
     void orderFrontRegardless() override;
     void orderOut() override;
-    void popUpMenu(const Menu& menu, const MenuPlace& place, MenuClosed onClose) override;
+    void popUpMenu(const Menu& menu, const MenuPlace& place,
+                   std::function<void()> onClose) override;
 
     /// The user's actions; positions are in the view's coordinates. The window may be destroyed
     /// afterwards.
@@ -119,7 +120,7 @@ private:
     WindowWitness& witness_;
     bool isTracked_;
     PointerTracker tracker_{*this};
-    MenuClosed onMenuClosed_;
+    std::function<void()> onMenuClosed_;
 };
 
 }

@@ -25,13 +25,11 @@ protected:
         const Size size = isBottom ? Size{length, thickness} : Size{thickness, length};
         const PanelSpec spec{2, {0, 4, size.width, size.height}, length, position};
         view_ = std::make_unique<DockRootView>(context, ui, spec, false);
-        view_->onMenuRequest = [this](const Menu& menu, const MenuPlace& place,
-                                      MenuClosed onClose) {
+        view_->onMenuRequest = [this](const Menu& requested, const MenuPlace& place) {
+            menu = requested;
             menuPlace = place;
-            for (const MenuItem& entry : menu.entries) {
+            for (const MenuItem& entry : menu.entries)
                 menuTitles.push_back(std::get<MenuCommand>(entry).title);
-            }
-            closeMenu = std::move(onClose);
         };
     }
 
@@ -41,6 +39,8 @@ protected:
         send(Kind::pressed, p);
         send(Kind::released, p);
     }
+
+    void choose(std::size_t index) const { std::get<MenuCommand>(menu.entries.at(index)).action(); }
 
     [[nodiscard]] std::vector<SceneNode> nodes(NodeID::Part part) const {
         std::vector<SceneNode> found;
@@ -61,9 +61,10 @@ protected:
     DockFixture dock;
     PanelUIState ui;
     DockViewContext context = dock.context();
+    Menu menu;
+    /// Of all menus that were asked for.
     std::vector<std::string> menuTitles;
     MenuPlace menuPlace;
-    MenuClosed closeMenu;
 
 private:
     std::unique_ptr<DockRootView> view_;

@@ -32,16 +32,21 @@ PointerTracker& FakePanel::pointer() const {
 void FakePanel::choose(std::size_t index) {
     require(isAlive() && isMenuOpen_, "a menu is open");
     require(index < menus.back().menu.entries.size(), "the menu has that entry");
-    isMenuOpen_ = false;
-    const MenuClosed onClose = menus.back().onClose;
-    onClose(index);
+    const auto command = std::get<MenuCommand>(menus.back().menu.entries[index]);
+    closeMenu();
+    if (command.action)
+        command.action();
 }
 
 void FakePanel::dismissMenu() {
     require(isAlive() && isMenuOpen_, "a menu is open");
+    closeMenu();
+}
+
+void FakePanel::closeMenu() {
     isMenuOpen_ = false;
-    const MenuClosed onClose = menus.back().onClose;
-    onClose(std::nullopt);
+    const auto onClose = menus.back().onClose;
+    onClose();
 }
 
 void FakePanel::nextFrame() {
@@ -103,7 +108,8 @@ void FakePanelWindow::orderOut() {
     pointer_.hidden();
 }
 
-void FakePanelWindow::popUpMenu(const Menu& menu, const MenuPlace& place, MenuClosed onClose) {
+void FakePanelWindow::popUpMenu(const Menu& menu, const MenuPlace& place,
+                                std::function<void()> onClose) {
     panel_->menus.push_back({menu, place, std::move(onClose)});
     panel_->isMenuOpen_ = true;
 }

@@ -44,7 +44,7 @@ public:
     struct PoppedMenu {
         Menu menu;
         MenuPlace place;
-        MenuClosed onClose;
+        std::function<void()> onClose;
     };
 
     FakePanel(std::uint32_t display, const Rect& initial, PanelWindowListener& reportsTo)
@@ -58,7 +58,7 @@ public:
     /// The pointer over the window, tracked as on a real platform. The window must still exist.
     [[nodiscard]] PointerTracker& pointer() const;
 
-    /// Chooses an entry of the last menu that was opened, which closes it.
+    /// Chooses a command of the menu that was popped up last, which closes it.
     void choose(std::size_t index);
     /// Closes that menu without a choice.
     void dismissMenu();
@@ -95,6 +95,8 @@ public:
 private:
     friend class FakePanelWindow;
 
+    void closeMenu();
+
     /// Null once the window is gone.
     PanelWindowListener* listener_;
     PointerTracker* pointer_ = nullptr;
@@ -120,7 +122,8 @@ public:
     void requestFrame() override;
     void watchForCancel(bool watches) override { panel_->watchesForCancel = watches; }
     void checkPress() override { pointer_.lookedAt(panel_->whereabouts); }
-    void popUpMenu(const Menu& menu, const MenuPlace& place, MenuClosed onClose) override;
+    void popUpMenu(const Menu& menu, const MenuPlace& place,
+                   std::function<void()> onClose) override;
 
 private:
     std::shared_ptr<FakePanel> panel_;

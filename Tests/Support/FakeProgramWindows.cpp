@@ -42,7 +42,7 @@ public:
         item_->symbol = symbol;
         item_->description = accessibilityDescription;
     }
-    void setMenu(const Menu& menu) override { item_->menu = menu; }
+    void setMenu(std::function<Menu()> menu) override { item_->menu = std::move(menu); }
     [[nodiscard]] bool hasPlace() const override { return hasPlace_; }
 
 private:
@@ -50,13 +50,13 @@ private:
     const bool& hasPlace_;
 };
 
-/// Chooses the entry for which `matches` is true from the open menu, if there is one.
-void chooseWhere(FakeStatusBar& bar, const std::function<bool(const MenuCommand&)>& matches) {
+/// Chooses the entry of an open menu that `matches`, if there is one.
+void chooseWhere(const FakeStatusBar& bar, const std::function<bool(const MenuCommand&)>& matches) {
     const Menu menu = bar.openMenu();
-    for (std::size_t i = 0; i < menu.entries.size(); ++i) {
-        const auto* const command = std::get_if<MenuCommand>(&menu.entries[i]);
+    for (const MenuItem& entry : menu.entries) {
+        const auto* const command = std::get_if<MenuCommand>(&entry);
         if (command != nullptr && matches(*command))
-            return bar.item->listener->menuItemChosen(i);
+            return command->action();
     }
 }
 
@@ -107,24 +107,22 @@ Result<void> FakeLoginItemService::unregisterItem() {
     return {};
 }
 
-std::unique_ptr<StatusItem> FakeStatusBar::makeStatusItem(StatusItemListener& listener) {
+std::unique_ptr<StatusItem> FakeStatusBar::makeStatusItem() {
     ++made;
     item.emplace();
-    item->listener = &listener;
     return std::make_unique<RecordedStatusItem>(item, hasPlace);
 }
 
-const Menu& FakeStatusBar::openMenu() {
+Menu FakeStatusBar::openMenu() const {
     require(item.has_value(), "there is an item");
-    item->listener->menuNeedsUpdate(item->menu);
-    return item->menu;
+    return item->menu();
 }
 
-void FakeStatusBar::choose(std::string_view title) {
+void FakeStatusBar::choose(std::string_view title) const {
     chooseWhere(*this, [=](const MenuCommand& command) { return command.title == title; });
 }
 
-void FakeStatusBar::pressKey(char key) {
+void FakeStatusBar::pressKey(char key) const {
     chooseWhere(*this, [=](const MenuCommand& command) { return command.keyEquivalent == key; });
 }
 

@@ -6,6 +6,7 @@
 #include "Platform/ProgramWindows.hpp"
 #include "Platform/StatusBar.hpp"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -67,20 +68,19 @@ public:
 struct FakeStatusItem {
     std::string symbol;
     std::string description;
-    Menu menu;
-    StatusItemListener* listener = nullptr;
+    std::function<Menu()> menu;
 };
 
 class FakeStatusBar final : public StatusBar {
 public:
-    [[nodiscard]] std::unique_ptr<StatusItem> makeStatusItem(StatusItemListener& listener) override;
+    [[nodiscard]] std::unique_ptr<StatusItem> makeStatusItem() override;
 
-    /// Opens the item's menu and returns its content.
-    [[nodiscard]] const Menu& openMenu();
+    /// Opens the item's menu and returns what the user sees.
+    [[nodiscard]] Menu openMenu() const;
     /// Chooses the entry with this title.
-    void choose(std::string_view title);
+    void choose(std::string_view title) const;
     /// Presses a key with the command modifier while the menu is open.
-    void pressKey(char key);
+    void pressKey(char key) const;
 
     /// Whether the desktop has room for the item.
     bool hasPlace = true;

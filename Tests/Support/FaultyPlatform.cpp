@@ -1,5 +1,7 @@
 #include "Support/FaultyPlatform.hpp"
 
+#include "Support/OtherPorts.hpp"
+
 #include <utility>
 
 namespace vireline::test {
@@ -265,29 +267,17 @@ FaultyPorts::FaultyPorts(const Platform& behind, Faults& faults)
 FaultyPorts::~FaultyPorts() = default;
 
 Platform FaultyPorts::ports() {
-    return Platform{
-        .application = behind_.application,
-        .runLoop = behind_.runLoop,
-        .fileSystem = ports_->fileSystem,
-        .fileEvents = ports_->fileEvents,
-        .userFolders = ports_->userFolders,
-        .trash = ports_->trash,
-        .dockPreferences = ports_->dockPreferences,
-        .catalog = ports_->catalog,
-        .runningApplications = behind_.runningApplications,
-        .workspace = behind_.workspace,
-        .icons = ports_->icons,
-        .screens = behind_.screens,
-        .panelWindows = behind_.panelWindows,
-        .pointerSettings = behind_.pointerSettings,
-        .motionSettings = behind_.motionSettings,
-        .accessibility = ports_->accessibility,
-        .pointerTaps = ports_->pointerTaps,
-        .statusBar = behind_.statusBar,
-        .loginItemService = ports_->loginItem,
-        .programWindows = behind_.programWindows,
-        .words = behind_.words,
-    };
+    return with({.fileSystem = &ports_->fileSystem,
+                 .fileEvents = &ports_->fileEvents,
+                 .userFolders = &ports_->userFolders,
+                 .trash = &ports_->trash,
+                 .dockPreferences = &ports_->dockPreferences,
+                 .catalog = &ports_->catalog,
+                 .icons = &ports_->icons,
+                 .accessibility = &ports_->accessibility,
+                 .pointerTaps = &ports_->pointerTaps,
+                 .loginItemService = &ports_->loginItem},
+                behind_);
 }
 
 }

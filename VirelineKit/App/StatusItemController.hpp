@@ -2,6 +2,7 @@
 /// launching at login on and off, and quits.
 #pragma once
 
+#include "Foundation/Lifetime.hpp"
 #include "Platform/StatusBar.hpp"
 
 #include <functional>
@@ -12,12 +13,12 @@ namespace vireline {
 class Application;
 class LoginItemManager;
 
-class StatusItemController : private StatusItemListener {
+class StatusItemController {
 public:
     StatusItemController(StatusBar& statusBar, Application& application,
                          LoginItemManager& loginItem, std::function<void()> showSettings,
                          std::function<void()> showOnboarding);
-    ~StatusItemController() override = default;
+    ~StatusItemController() = default;
     StatusItemController(const StatusItemController&) = delete;
     StatusItemController& operator=(const StatusItemController&) = delete;
     StatusItemController(StatusItemController&&) = delete;
@@ -27,15 +28,15 @@ public:
     [[nodiscard]] bool hasPlace() const { return statusItem_->hasPlace(); }
 
 private:
-    void menuNeedsUpdate(Menu& menu) override;
-    void menuItemChosen(std::size_t index) override;
-    void quit();
+    [[nodiscard]] Menu menu() const;
+    void quit() const;
 
     Application& application_;
     LoginItemManager& loginItem_;
     std::function<void()> showSettings_;
     std::function<void()> showOnboarding_;
     std::unique_ptr<StatusItem> statusItem_;
+    Lifetime lifetime_;
 };
 
 }

@@ -36,9 +36,8 @@ DockPanel::DockPanel(const PanelSpec& spec, bool autoHide, const DockViewContext
     , hosting_(context, uiState_, spec, autoHide)
     , window_(windows.makePanel(spec.displayID, spec.frame, *this)) {
     hosting_.onInvalidate = lifetime_.guard([this] { sceneInvalidated(); });
-    hosting_.onMenuRequest =
-        lifetime_.guard([this](const Menu& menu, const MenuPlace& place,
-                               const MenuClosed& onClose) { popUpMenu(menu, place, onClose); });
+    hosting_.onMenuRequest = lifetime_.guard(
+        [this](const Menu& menu, const MenuPlace& place) { popUpMenu(menu, place); });
     hosting_.onReorderDrag = lifetime_.guard([this](bool isDragged) {
         isTileDragged_ = isDragged;
         window_->watchForCancel(isDragged);
@@ -148,14 +147,12 @@ bool DockPanel::isHeldOpen() const noexcept {
     return isPointerOver_ || openMenus_ > 0 || isTileDragged_ || isDragOver_;
 }
 
-void DockPanel::popUpMenu(const Menu& menu, const MenuPlace& place, const MenuClosed& onClose) {
+void DockPanel::popUpMenu(const Menu& menu, const MenuPlace& place) {
     ++openMenus_;
-    auto closed = [this, onClose](std::optional<std::size_t> chosen) {
+    window_->popUpMenu(menu, place, lifetime_.guard([this] {
         --openMenus_;
         collapseLater();
-        onClose(chosen);
-    };
-    window_->popUpMenu(menu, place, lifetime_.guard(std::move(closed)));
+    }));
 }
 
 void DockPanel::pointerEvent(const PointerEvent& event) {

@@ -59,7 +59,7 @@ private:
     [[nodiscard]] Rect windowFrame() const;
     void placeWindow(bool animate);
     void pinHosting();
-    void popUpMenu(const Menu& menu, const MenuPlace& place, const MenuClosed& onClose);
+    void popUpMenu(const Menu& menu, const MenuPlace& place);
 
     /// Opens a collapsed panel, or keeps an open one from collapsing.
     void comeOut();

@@ -18,9 +18,6 @@
 
 namespace vireline {
 
-/// Receives the index of the chosen entry, or nullopt if none was chosen.
-using MenuClosed = std::function<void(std::optional<std::size_t>)>;
-
 /// How far a window extends beyond its frame on each side, as seen on the display. In points, never
 /// negative.
 struct Overhang {
@@ -115,10 +112,10 @@ public:
     virtual void orderFrontRegardless() = 0;
     virtual void orderOut() = 0;
 
-    /// Pops `menu` up at `place`, moved as far as necessary to lie inside the display. Calls
-    /// `onClose` when it has closed, with the index of the chosen entry of `menu.entries`, or
-    /// nullopt.
-    virtual void popUpMenu(const Menu& menu, const MenuPlace& place, MenuClosed onClose) = 0;
+    /// Pops `menu` up at `place`, moved as far as necessary to lie inside the display. Once it has
+    /// closed, calls `onClose` and then the action of the command that was chosen, if one was.
+    virtual void popUpMenu(const Menu& menu, const MenuPlace& place,
+                           std::function<void()> onClose) = 0;
 };
 
 class PanelWindows {

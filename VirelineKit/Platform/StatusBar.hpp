@@ -3,23 +3,11 @@
 
 #include "Presentation/Menu.hpp"
 
-#include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
 
 namespace vireline {
-
-/// Receives the events of an item's menu. Must outlive the item.
-class StatusItemListener {
-public:
-    virtual ~StatusItemListener() = default;
-
-    /// The menu is about to open. Changes to `menu` show.
-    virtual void menuNeedsUpdate(Menu& menu) = 0;
-
-    /// The user chose the entry with this index, with the pointer or with its key equivalent.
-    virtual void menuItemChosen(std::size_t index) = 0;
-};
 
 /// A square item, removed when this object is destroyed. While the desktop has no place for it, it
 /// waits for one.
@@ -31,7 +19,10 @@ public:
     virtual void setImage(const std::string& symbol,
                           const std::string& accessibilityDescription) = 0;
 
-    virtual void setMenu(const Menu& menu) = 0;
+    /// Asks `menu` for the item's menu now and whenever it is about to open. Each time it has the
+    /// same commands in the same order; only how they look may differ. The user chooses one with
+    /// the pointer or by its key.
+    virtual void setMenu(std::function<Menu()> menu) = 0;
 
     /// Whether the desktop has a place for it now.
     [[nodiscard]] virtual bool hasPlace() const = 0;
@@ -41,8 +32,7 @@ class StatusBar {
 public:
     virtual ~StatusBar() = default;
 
-    [[nodiscard]] virtual std::unique_ptr<StatusItem>
-    makeStatusItem(StatusItemListener& listener) = 0;
+    [[nodiscard]] virtual std::unique_ptr<StatusItem> makeStatusItem() = 0;
 };
 
 }

@@ -3,6 +3,7 @@
 
 #include "Foundation/Geometry.hpp"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <variant>
@@ -14,14 +15,22 @@ struct MenuSeparator {
     bool operator==(const MenuSeparator&) const = default;
 };
 
+/// What the choice of a command does; null for nothing.
+using MenuAction = std::function<void()>;
+
 struct MenuCommand {
     std::string title;
     /// With the platform's command modifier, while the menu is open; 0 for none.
     char keyEquivalent = 0;
     /// Nothing for a command that never has a check mark.
     std::optional<bool> isChecked{};
+    MenuAction action{};
 
-    bool operator==(const MenuCommand&) const = default;
+    /// Whether both look the same; actions cannot be compared.
+    bool operator==(const MenuCommand& other) const {
+        return title == other.title && keyEquivalent == other.keyEquivalent &&
+               isChecked == other.isChecked;
+    }
 };
 
 using MenuItem = std::variant<MenuCommand, MenuSeparator>;

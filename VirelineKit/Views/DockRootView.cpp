@@ -1,7 +1,6 @@
 #include "Views/DockRootView.hpp"
 
 #include "Model/DockMetrics.hpp"
-#include "Platform/PointerSettings.hpp"
 #include "Platform/RunLoop.hpp"
 #include "Sources/IconStore.hpp"
 #include "Views/AccessibleTiles.hpp"
@@ -13,10 +12,6 @@
 
 namespace vireline {
 namespace {
-
-constexpr double pulseSeconds = 0.1;
-/// How far a pressed tile must be moved before it comes off.
-constexpr double dragThreshold = 4;
 
 /// From one frame's top-left corner to the other's, y downwards; the frames are global, where y is
 /// upwards.
@@ -32,8 +27,17 @@ bool isNear(Point movement, Size size) {
 
 DockRootView::DockRootView(const DockViewContext& context, PanelUIState& ui, const PanelSpec& spec,
                            bool takesWholeWindow)
-    : context_(context), ui_(ui), spec_(spec), takesWholeWindow_(takesWholeWindow) {
+    : context_(context)
+    , ui_(ui)
+    , spec_(spec)
+    , takesWholeWindow_(takesWholeWindow)
+    , gestures_(context_, tiles_, request_, spec.displayID)
+    , drops_(context.actions)
+    , menus_(context.actions, context.words) {
     const auto invalidated = lifetime_.guard([this] { invalidate(); });
+    gestures_.onInvalidate = invalidated;
+    gestures_.onDrag = lifetime_.guard([this](bool isDragged) { reorderDragged(isDragged); });
+    drops_.onChange = invalidated;
     const auto& model = context_.model;
     const auto rebuilt = lifetime_.guard([this] {
         tilesAreStale_ = true;
@@ -71,19 +75,12 @@ void DockRootView::layoutIfNeeded() {
     if (std::exchange(tilesAreStale_, false)) {
         tiles_.rebuild(context_.model.items.get(), context_.icons, context_.trash);
         listChanged_ = true;
-        if (press_ && !canHold(*press_))
-            endDrag(false);
+        gestures_.tilesChanged();
     }
     if (!std::exchange(layoutIsStale_, false))
         return;
     request_ = layoutRequest();
     frames_ = StripLayout::layout(request_);
-}
-
-/// Whether the tile under the button is still one that can be pressed, or dragged.
-bool DockRootView::canHold(const Press& press) {
-    const DockTile* const tile = tiles_.find(press.serial);
-    return tile != nullptr && (!press.isDragging || tile->isPinnedApp());
 }
 
 StripLayout::Request DockRootView::layoutRequest() const {
@@ -137,8 +134,8 @@ Scene DockRootView::makeExpandedScene() {
     int index = 0;
     for (const DockTile& tile : tiles_.all())
         look.tiles.push_back(lookOf(tile, index++));
-    shownDropTarget_ = dropTarget_;
-    shownDragged_ = press_ && press_->isDragging ? std::optional{press_->serial} : std::nullopt;
+    shownDropTarget_ = drops_.target();
+    shownDragged_ = gestures_.dragged();
     Scene scene = DockScene::expanded(look);
     scene.inputRegion = inputRegion();
     if (request_.magnification <= 1)
@@ -154,10 +151,10 @@ TileLook DockRootView::lookOf(const DockTile& tile, int index) const {
     look.isLaunching =
         tile.kind == TileKind::app && context_.model.launching.get().contains(tile.item.id);
     look.isPulsing = tile.pulse;
-    look.isDropTargeted = dropTarget_ == tile.serial;
+    look.isDropTargeted = drops_.target() == tile.serial;
     look.wasDropTargeted = shownDropTarget_ == tile.serial;
     look.wasBeingDragged = shownDragged_ == tile.serial;
-    if (const auto drag = reorderDrag(); drag && tile.isPinnedApp()) {
+    if (const auto drag = gestures_.reorder(); drag && tile.isPinnedApp()) {
         look.isBeingDragged = index == drag->draggedIndex;
         look.slide = look.isBeingDragged ? drag->offset : ReorderMath::neighborOffset(index, *drag);
     }
@@ -168,8 +165,8 @@ std::optional<LabelLook> DockRootView::label() const {
     // A dock at the side has no room for labels.
     if (!pointer_ || !request_.edge.isHorizontal())
         return std::nullopt;
-    const bool isDragging = press_ && press_->isDragging;
-    const auto named = isDragging ? tiles_.indexOf(press_->serial) : hoveredTile();
+    const auto dragged = gestures_.dragged();
+    const auto named = dragged ? tiles_.indexOf(*dragged) : hoveredTile();
     return named ? std::optional{LabelLook{*named, tiles_.all()[*named].item.name}} : std::nullopt;
 }
 
@@ -215,7 +212,7 @@ void DockRootView::pointerEvent(const PointerEvent& event) {
         // There is nothing here any more that a button could hold.
         if (event.kind == PointerEvent::Kind::released ||
             event.kind == PointerEvent::Kind::cancelled)
-            endDrag(false);
+            gestures_.cancel();
         return;
     }
     switch (event.kind) {
@@ -223,19 +220,17 @@ void DockRootView::pointerEvent(const PointerEvent& event) {
         pointerMoved(event.position);
         break;
     case PointerEvent::Kind::pressed:
-        pressed(event.position);
+        gestures_.cancel();
+        gestures_.press(tileAt(event.position), event.position);
         break;
     case PointerEvent::Kind::released:
         released(event);
         break;
     case PointerEvent::Kind::secondaryPressed:
-        if (const auto tile = indexAt(event.position))
-            requestMenu(*tile);
-        else if (frames_.glass.contains(event.position))
-            requestProgramMenu(event.position);
+        requestMenuAt(event.position);
         break;
     case PointerEvent::Kind::cancelled:
-        endDrag(false);
+        gestures_.cancel();
         break;
     case PointerEvent::Kind::exited:
         break;
@@ -248,17 +243,15 @@ void DockRootView::pointerMoved(Point p) {
     };
     const auto before = shows();
     pointer_ = p;
-    if (press_)
-        drag(*press_, p);
+    gestures_.move(p);
     // A strip that a tile is dragged along keeps still.
-    const bool isDragging = press_ && press_->isDragging;
-    if (!isDragging && context_.model.magnification.get() > 1) {
+    if (!gestures_.dragged() && context_.model.magnification.get() > 1) {
         const Edge edge{spec_.position, spec_.frame.size()};
         const bool magnifies = StripLayout::isInMagnificationBand(p, edge, request_.iconSize);
         cursorAxis_ = magnifies ? std::optional{edge.along(p)} : std::nullopt;
     }
     // Within one tile of a strip that does not grow, nothing looks different.
-    if (press_ || shows() != before)
+    if (gestures_.isPressed() || shows() != before)
         invalidate();
 }
 
@@ -270,179 +263,54 @@ void DockRootView::pointerExited() {
     invalidate();
 }
 
-void DockRootView::pressed(Point p) {
-    endDrag(false);
-    const DockTile* const tile = tileAt(p);
-    press_ = tile != nullptr ? std::optional{Press{.serial = tile->serial, .at = p}} : std::nullopt;
-}
-
 void DockRootView::released(const PointerEvent& event) {
     const Point p = event.position;
     // A list that changed since the last frame may have ended the press.
     layoutIfNeeded();
-    if (press_ && press_->isDragging) {
-        drag(*press_, p);
-        endDrag(true);
+    const bool wasDragging = gestures_.dragged().has_value();
+    gestures_.release(tileAt(p), p, event.time.value_or(context_.runLoop.now()));
+    if (wasDragging)
         pointerMoved(p);
-        return;
-    }
-    DockTile* const tile = tileAt(p);
-    const bool isTap = tile != nullptr && press_ && press_->serial == tile->serial;
-    press_.reset();
-    if (isTap)
-        tap(*tile, event.time.value_or(context_.runLoop.now()));
 }
 
-void DockRootView::tap(DockTile& tile, double time) {
-    tile.pulse = true;
-    tile.pulseEnd =
-        context_.runLoop.after(pulseSeconds, lifetime_.guard([this, serial = tile.serial] {
-            DockTile* const pulsing = tiles_.find(serial);
-            if (pulsing != nullptr)
-                pulsing->pulse = false;
-            invalidate();
-        }));
-    const bool isDouble =
-        tile.kind == TileKind::app &&
-        tile.taps.registerTap(time, context_.pointerSettings.doubleClickInterval()) ==
-            TapTracker::Resolution::doubled;
-    invalidate();
-    // The action may replace the tiles; from here on only the copies count.
-    const DockItem item = tile.item;
-    if (tile.kind != TileKind::app) {
-        context_.actions.openFolder(item.url);
-    } else if (isDouble) {
-        context_.actions.doubleClick(item, spec_.displayID);
-    } else {
-        context_.actions.leftClick(item, spec_.displayID);
+void DockRootView::reorderDragged(bool isDragged) {
+    if (!isDragged) {
+        settles_ = true;
+        invalidate();
     }
+    if (onReorderDrag)
+        onReorderDrag(isDragged);
+}
+
+void DockRootView::requestMenuAt(Point p) {
+    if (const auto tile = indexAt(p))
+        requestMenu(*tile);
+    else if (frames_.glass.contains(p) && onMenuRequest)
+        onMenuRequest(menus_.ofProgram(), menuPlace(p));
 }
 
 void DockRootView::requestMenu(std::size_t index) {
     const DockTile& tile = tiles_.all().at(index);
-    if (tile.kind != TileKind::app || !onMenuRequest)
-        return;
-    const bool canRemove = tile.item.isPinned && context_.actions.isManualMode();
-    auto entries = ClickPolicy::menuEntries(tile.item.isRunning, canRemove);
-    Menu menu;
-    for (const MenuEntry entry : entries) {
-        menu.entries.emplace_back(MenuCommand{title(entry, context_.words)});
-    }
-    auto closed = [this, entries = std::move(entries),
-                   item = tile.item](std::optional<std::size_t> chosen) {
-        if (chosen)
-            context_.actions.menuSelect(entries.at(*chosen), item, spec_.displayID);
-    };
-    const double middle = request_.edge.along(frames_.tiles.at(index).hit.center());
-    onMenuRequest(menu, StripLayout::menuPlace(frames_, request_.edge, middle),
-                  lifetime_.guard(std::move(closed)));
+    if (tile.kind == TileKind::app && onMenuRequest)
+        onMenuRequest(menus_.ofApp(tile.item, spec_.displayID),
+                      menuPlace(frames_.tiles.at(index).hit.center()));
 }
 
-/// The settings can be opened from here as well. A right-click that misses a tile by a few points
-/// must not offer to quit the program, unless there is no status item that does.
-void DockRootView::requestProgramMenu(Point at) {
-    if (!onMenuRequest)
-        return;
-    Menu menu{{MenuCommand{"Settings…"}}};
-    if (!context_.actions.hasStatusItem())
-        menu.entries.emplace_back(MenuCommand{"Quit Vireline"});
-    const auto closed = [this](std::optional<std::size_t> chosen) {
-        if (chosen == 0U)
-            context_.actions.showSettings();
-        else if (chosen == 1U)
-            context_.actions.quit();
-    };
-    onMenuRequest(menu, StripLayout::menuPlace(frames_, request_.edge, request_.edge.along(at)),
-                  lifetime_.guard(closed));
-}
-
-void DockRootView::drag(Press& press, Point p) {
-    const Point moved{p.x - press.at.x, p.y - press.at.y};
-    if (!press.isDragging) {
-        const DockTile* const tile = tiles_.find(press.serial);
-        const bool comesOff =
-            tile != nullptr && tile->isPinnedApp() && std::hypot(moved.x, moved.y) >= dragThreshold;
-        if (!comesOff)
-            return;
-        press.isDragging = true;
-        if (onReorderDrag)
-            onReorderDrag(true);
-    }
-    press.offset = request_.edge.along(moved);
-}
-
-void DockRootView::endDrag(bool isDropped) {
-    const bool isDragging = press_ && press_->isDragging;
-    const auto drag = reorderDrag();
-    press_.reset();
-    if (!isDragging)
-        return;
-    settles_ = true;
-    invalidate();
-    if (onReorderDrag)
-        onReorderDrag(false);
-    // The tile may have left the list in the user's hand.
-    if (!drag)
-        return;
-    const int target = ReorderMath::targetIndex(*drag);
-    if (!isDropped || target == drag->draggedIndex)
-        return;
-    const auto& dragged = tiles_.all()[static_cast<std::size_t>(drag->draggedIndex)];
-    context_.actions.moveApp(std::string{dragged.item.id}, target);
-}
-
-std::optional<ReorderMath::Drag> DockRootView::reorderDrag() const {
-    if (!press_ || !press_->isDragging)
-        return std::nullopt;
-    const auto dragged = tiles_.indexOf(press_->serial);
-    if (!dragged)
-        return std::nullopt;
-    return ReorderMath::Drag{.draggedIndex = static_cast<int>(*dragged),
-                             .offset = press_->offset,
-                             .slot = request_.iconSize + DockMetrics::iconSpacing,
-                             .count = request_.counts.pinned};
-}
-
-bool DockRootView::dragEntered(const std::vector<std::string>& urls) {
-    draggedFiles_.clear();
-    for (const std::string& text : urls) {
-        if (auto url = FileURL::parse(text))
-            draggedFiles_.push_back(*std::move(url));
-    }
-    return !draggedFiles_.empty();
+MenuPlace DockRootView::menuPlace(Point p) const {
+    return StripLayout::menuPlace(frames_, request_.edge, request_.edge.along(p));
 }
 
 bool DockRootView::dragMoved(Point at) {
-    const DockTile* const tile = tileAt(at);
-    const bool isOverTrash = tile != nullptr && tile->kind == TileKind::trash;
-    const bool canDrop =
-        !draggedFiles_.empty() && frames_.glass.united(frames_.glassAtRest).contains(at);
-    const auto target = canDrop && isOverTrash ? std::optional{tile->serial} : std::nullopt;
-    if (std::exchange(dropTarget_, target) != target)
-        invalidate();
-    return canDrop;
-}
-
-void DockRootView::dragExited() {
-    draggedFiles_.clear();
-    if (std::exchange(dropTarget_, std::nullopt))
-        invalidate();
+    return drops_.moved(spotAt(at));
 }
 
 bool DockRootView::dropped(Point at) {
-    const bool canDrop = dragMoved(at);
-    const bool isForTrash = dropTarget_.has_value();
-    const auto files = std::exchange(draggedFiles_, {});
-    dragExited();
-    if (!canDrop)
-        return false;
-    if (isForTrash) {
-        context_.actions.trashFiles(files);
-    } else {
-        for (const FileURL& url : files)
-            context_.actions.addApp(url);
-    }
-    return true;
+    return drops_.dropped(spotAt(at));
+}
+
+DockDrops::Spot DockRootView::spotAt(Point p) {
+    const DockTile* const tile = tileAt(p);
+    return {.tile = tile, .isOnStrip = frames_.glass.united(frames_.glassAtRest).contains(p)};
 }
 
 std::vector<AccessibleTile> DockRootView::accessibleTiles() {
@@ -455,7 +323,7 @@ std::vector<AccessibleTile> DockRootView::accessibleTiles() {
 void DockRootView::press(std::uint32_t serial) {
     layoutIfNeeded();
     if (DockTile* const tile = tiles_.find(serial))
-        tap(*tile, context_.runLoop.now());
+        gestures_.tap(*tile, context_.runLoop.now());
 }
 
 void DockRootView::showMenu(std::uint32_t serial) {

@@ -3,15 +3,17 @@
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
-#include "Interaction/DockActions.hpp"
 #include "Layout/PanelPlanner.hpp"
-#include "Layout/ReorderMath.hpp"
 #include "Layout/StripLayout.hpp"
 #include "Model/DockViewModel.hpp"
 #include "Platform/PanelWindow.hpp"
+#include "Views/DockDrops.hpp"
+#include "Views/DockMenus.hpp"
 #include "Views/DockScene.hpp"
 #include "Views/DockTiles.hpp"
+#include "Views/DockViewContext.hpp"
 #include "Views/PanelUIState.hpp"
+#include "Views/TileGestures.hpp"
 
 #include <array>
 #include <cstddef>
@@ -22,25 +24,6 @@
 #include <vector>
 
 namespace vireline {
-
-struct DesktopWords;
-class MotionSettings;
-class PointerSettings;
-class RunLoop;
-
-/// What the views of all docks share. Everything outlives the views.
-struct DockViewContext {
-    DockViewModel& model;
-    IconStore& icons;
-    const DockActions& actions;
-    RunLoop& runLoop;
-    const PointerSettings& pointerSettings;
-    const MotionSettings& motionSettings;
-    const TrashService& trash;
-    const DesktopWords& words;
-    /// Freezes a magnified state for screenshots until the pointer comes.
-    std::optional<double> demoCursorFraction;
-};
 
 class DockRootView {
 public:
@@ -56,7 +39,7 @@ public:
     /// for, so that events between two frames cost next to nothing.
     std::function<void()> onInvalidate;
     /// Asks for a popup menu.
-    std::function<void(const Menu&, const MenuPlace&, MenuClosed)> onMenuRequest;
+    std::function<void(const Menu&, const MenuPlace&)> onMenuRequest;
     /// A tile is being dragged from now on, or no longer.
     std::function<void(bool)> onReorderDrag;
 
@@ -73,9 +56,9 @@ public:
     void pointerEvent(const PointerEvent& event);
 
     /// A drag from another program, as `PanelWindowListener` has it. Tells whether it brings files.
-    bool dragEntered(const std::vector<std::string>& urls);
+    bool dragEntered(const std::vector<std::string>& urls) { return drops_.entered(urls); }
     bool dragMoved(Point at);
-    void dragExited();
+    void dragExited() { drops_.exited(); }
     bool dropped(Point at);
 
     /// The tiles as assistive technology presents them; none while the dock is collapsed.
@@ -85,18 +68,8 @@ public:
     void showMenu(std::uint32_t serial);
 
 private:
-    /// The primary button is down on a tile.
-    struct Press {
-        std::uint32_t serial = 0;
-        Point at;
-        /// The tile has come off: it follows the pointer along the axis by `offset`.
-        bool isDragging = false;
-        double offset = 0;
-    };
-
     void invalidate();
     void layoutIfNeeded();
-    [[nodiscard]] bool canHold(const Press& press);
     [[nodiscard]] StripLayout::Request layoutRequest() const;
     [[nodiscard]] Scene makeExpandedScene();
     [[nodiscard]] TileLook lookOf(const DockTile& tile, int index) const;
@@ -109,17 +82,13 @@ private:
     [[nodiscard]] DockTile* tileAt(Point p);
     void pointerMoved(Point p);
     void pointerExited();
-    void pressed(Point p);
     void released(const PointerEvent& event);
-    void tap(DockTile& tile, double time);
+    void reorderDragged(bool isDragged);
+    void requestMenuAt(Point p);
     void requestMenu(std::size_t index);
-    void requestProgramMenu(Point at);
-
-    void drag(Press& press, Point p);
-    /// Ends a drag; the tile goes home, or to where it was let go.
-    void endDrag(bool isDropped);
-    /// Where the dragged tile is and would go; nothing while none is dragged.
-    [[nodiscard]] std::optional<ReorderMath::Drag> reorderDrag() const;
+    /// Where a menu opens that belongs to this point of the strip.
+    [[nodiscard]] MenuPlace menuPlace(Point p) const;
+    [[nodiscard]] DockDrops::Spot spotAt(Point p);
 
     DockViewContext context_;
     PanelUIState& ui_;
@@ -146,10 +115,9 @@ private:
     std::optional<Point> pointer_;
     /// The pointer along the axis while it magnifies.
     std::optional<double> cursorAxis_;
-    std::optional<Press> press_;
-    /// The files that another program drags over the view, and the tile they would go to.
-    std::vector<FileURL> draggedFiles_;
-    std::optional<std::uint32_t> dropTarget_;
+    TileGestures gestures_;
+    DockDrops drops_;
+    DockMenus menus_;
 
     std::array<Subscription, 6> observations_;
     Lifetime lifetime_;

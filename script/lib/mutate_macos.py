@@ -19,7 +19,9 @@ import subprocess
 import sys
 import threading
 
-from mutate import HIDDEN, LINKER, REQUIRED_SHARE, ROOT, TOKENS, Mutant, replacement
+from mutant_worker import LINKER
+from mutants import HIDDEN, ROOT, TOKENS, Mutant, replacement
+from mutate import REQUIRED_SHARE
 
 BUILD = ROOT / "build" / "paper"
 WORK = ROOT / "build" / "mutants" / "macos"

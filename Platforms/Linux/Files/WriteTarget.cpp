@@ -1,5 +1,7 @@
 #include "Files/WriteTarget.hpp"
 
+#include "Foundation/FollowedLinks.hpp"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -37,6 +39,8 @@ std::optional<struct stat> status(const WriteTarget& target) {
 
 /// The target of a link owned by the user; nullopt for anything else.
 std::optional<std::string> ownLinkAt(const WriteTarget& target) {
+    if (target.error != 0)
+        return std::nullopt;
     const auto found = status(target);
     if (!found || !S_ISLNK(found->st_mode) || !isOwn(*found))
         return std::nullopt;
@@ -60,22 +64,7 @@ bool isOwnPlace(const WriteTarget& target) {
 }
 
 WriteTarget resolvedWriteTarget(const FileURL& url) {
-    constexpr int maximumLinks = 8;
-    FileURL at = url;
-    for (int links = 0; links <= maximumLinks; ++links) {
-        WriteTarget target = targetAt(at);
-        if (target.error == 0) {
-            if (const auto link = ownLinkAt(target)) {
-                at = link->starts_with('/') ? FileURL::fromPath(*link)
-                                            : at.parent().appending(*link);
-                continue;
-            }
-        }
-        if (links == 0 || isOwnPlace(target))
-            return target;
-        break;
-    }
-    return targetAt(url);
+    return FollowedLinks::target(url, targetAt, ownLinkAt, isOwnPlace);
 }
 
 }

@@ -17,8 +17,7 @@ struct WriteTarget {
     int error = 0;
 };
 
-/// Follows links owned by the user, as people use them to keep their settings elsewhere, to a file
-/// of their own in a folder of their own. Any other link is itself the target.
+/// As `FollowedLinks` decides.
 [[nodiscard]] WriteTarget resolvedWriteTarget(const FileURL& url);
 
 }

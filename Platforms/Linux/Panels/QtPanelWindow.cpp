@@ -371,10 +371,11 @@ void QtPanelWindow::watchForCancel(bool watches) {
     setKeyboardGrabEnabled(watches);
 }
 
-void QtPanelWindow::popUpMenu(const Menu& menu, const MenuPlace& place, MenuClosed onClose) {
+void QtPanelWindow::popUpMenu(const Menu& menu, const MenuPlace& place,
+                              std::function<void()> onClose) {
     QScreen* const screen = context_.screens.qtScreen(displayID_);
     if (screen == nullptr || menu.entries.empty())
-        return onClose(std::nullopt);
+        return onClose();
     if (menu_)
         menu_->end();
     const QPointF rootPixel = mapping_.toPixels(place.at) + corner();
@@ -383,17 +384,14 @@ void QtPanelWindow::popUpMenu(const Menu& menu, const MenuPlace& place, MenuClos
     menu_ = std::make_unique<PopUpMenu>(
         menu, *screen,
         MenuPlace{{static_cast<double>(at.x()), static_cast<double>(at.y())}, place.side},
-        [this, onClose = std::move(onClose)](std::optional<std::size_t> chosen) {
-            menuClosed(chosen, onClose);
+        [this, onClose = std::move(onClose)](const MenuAction& chosen) {
+            menu_.reset();
+            pointer_.menuClosed();
+            // From here on this window may be gone.
+            onClose();
+            if (chosen)
+                chosen();
         });
-}
-
-void QtPanelWindow::menuClosed(std::optional<std::size_t> chosen, const MenuClosed& onClose) {
-    // A copy, because the menu owns the callback, and the callback may destroy this window.
-    const MenuClosed tell = onClose;
-    menu_.reset();
-    pointer_.menuClosed();
-    tell(chosen);
 }
 
 }

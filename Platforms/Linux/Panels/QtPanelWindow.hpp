@@ -44,7 +44,8 @@ public:
     void requestFrame() override;
     void watchForCancel(bool watches) override;
     void checkPress() override { pointer_.look(); }
-    void popUpMenu(const Menu& menu, const MenuPlace& place, MenuClosed onClose) override;
+    void popUpMenu(const Menu& menu, const MenuPlace& place,
+                   std::function<void()> onClose) override;
 
     [[nodiscard]] QAccessibleInterface* accessibleRoot() const override;
 
@@ -84,7 +85,6 @@ private:
     [[nodiscard]] QPointF pixel(QPointF position) const;
     /// Converts a part of the view to Qt's screen coordinates.
     [[nodiscard]] QRect placeOnScreen(const Rect& view) const;
-    void menuClosed(std::optional<std::size_t> chosen, const MenuClosed& onClose);
 
     PanelContext context_;
     std::uint32_t displayID_;

@@ -56,7 +56,7 @@ GVariant* pixmap(const QImage& picture) {
 NotifierItem::NotifierItem(GDBusConnection* bus, Content content, Callbacks callbacks)
     : content_(std::move(content))
     , callbacks_(std::move(callbacks))
-    , menu_(bus, content_.menu, callbacks_.menuNeedsUpdate, callbacks_.menuItemChosen)
+    , menu_(bus, callbacks_.menu)
     , object_(bus, itemPath, itemInterfaceXML,
               {.call = [this](const std::string& method, GVariant* /*parameters*/,
                               GDBusMethodInvocation* invocation) { call(method, invocation); },

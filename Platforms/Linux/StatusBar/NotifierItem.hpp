@@ -19,15 +19,13 @@ public:
         /// The symbol's name in the icon theme, which the host tints itself; empty if the theme has
         /// none.
         std::string iconName;
-        Menu menu;
     };
     struct Callbacks {
         /// Renders the symbol as a square of this many pixels, for hosts that do not use icon
         /// themes.
         std::function<QImage(int side)> picture;
-        NotifierMenu::Update menuNeedsUpdate;
-        NotifierMenu::Chosen menuItemChosen;
-        /// Called if a host that cannot show menus asks for the item's own.
+        std::function<Menu()> menu;
+        /// A host that shows no menus asks for the item's own.
         std::function<void()> popUpMenu;
     };
 

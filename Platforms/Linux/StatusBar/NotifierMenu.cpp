@@ -153,10 +153,9 @@ GVariant* layout(const Menu& menu, std::int32_t id, std::int32_t depth) {
 
 }
 
-NotifierMenu::NotifierMenu(GDBusConnection* bus, Menu menu, Update update, Chosen chosen)
-    : menu_(std::move(menu))
-    , update_(std::move(update))
-    , chosen_(std::move(chosen))
+NotifierMenu::NotifierMenu(GDBusConnection* bus, std::function<Menu()> menu)
+    : source_(std::move(menu))
+    , menu_(source_())
     , object_(
           bus, path, menuInterfaceXML,
           {.call =
@@ -170,9 +169,9 @@ void NotifierMenu::call(const std::string& method, GVariant* parameters,
         std::int32_t id = 0;
         std::int32_t depth = 0;
         g_variant_get(parameters, "(iias)", &id, &depth, nullptr);
-        // Some hosts never announce that they are about to show the menu, but all of them read the
-        // layout first.
-        update_(menu_);
+        // Some hosts never announce that they are about to show the menu, but all of them read
+        // the layout first.
+        menu_ = source_();
         g_dbus_method_invocation_return_value(
             invocation, g_variant_new("(u@(ia{sv}av))", revision,
                                       NotifierMenuLayout::layout(menu_, id, depth)));
@@ -231,13 +230,17 @@ void NotifierMenu::handle(std::int32_t id, const std::string& event) {
     if (id == rootID && event == "opened")
         refresh();
     const MenuItem* const item = itemWith(menu_, id);
-    if (event == "clicked" && item != nullptr && std::holds_alternative<MenuCommand>(*item))
-        chosen_(static_cast<std::size_t>(id) - 1);
+    const auto* const command = std::get_if<MenuCommand>(item);
+    if (event != "clicked" || command == nullptr)
+        return;
+    // What it does may end this menu.
+    const MenuAction act = command->action;
+    if (act)
+        act();
 }
 
 bool NotifierMenu::refresh() {
-    const Menu before = menu_;
-    update_(menu_);
+    const Menu before = std::exchange(menu_, source_());
     if (menu_ == before)
         return false;
     GVariantBuilder updated;

@@ -4,7 +4,6 @@
 #include "GLib/DBusObject.hpp"
 #include "Presentation/Menu.hpp"
 
-#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -15,12 +14,8 @@ class NotifierMenu {
 public:
     static constexpr const char* path = "/MenuBar";
 
-    /// Called before each showing; may change the menu.
-    using Update = std::function<void(Menu&)>;
-    /// Called with the index of the chosen entry.
-    using Chosen = std::function<void(std::size_t)>;
-
-    NotifierMenu(GDBusConnection* bus, Menu menu, Update update, Chosen chosen);
+    /// `menu` is asked for what to show before each showing.
+    NotifierMenu(GDBusConnection* bus, std::function<Menu()> menu);
 
 private:
     void call(const std::string& method, GVariant* parameters, GDBusMethodInvocation* invocation);
@@ -31,9 +26,9 @@ private:
     bool refresh();
     void handle(std::int32_t id, const std::string& event);
 
+    std::function<Menu()> source_;
+    /// As it was shown last.
     Menu menu_;
-    Update update_;
-    Chosen chosen_;
     DBusObject object_;
 };
 

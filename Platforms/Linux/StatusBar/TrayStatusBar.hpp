@@ -9,9 +9,8 @@ class TrayStatusBar final : public StatusBar {
 public:
     explicit TrayStatusBar(const StatusBarContext& context) : context_(context) {}
 
-    [[nodiscard]] std::unique_ptr<StatusItem>
-    makeStatusItem(StatusItemListener& listener) override {
-        return std::make_unique<TrayStatusItem>(context_, listener);
+    [[nodiscard]] std::unique_ptr<StatusItem> makeStatusItem() override {
+        return std::make_unique<TrayStatusItem>(context_);
     }
 
 private:

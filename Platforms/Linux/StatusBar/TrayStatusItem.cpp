@@ -15,8 +15,8 @@ constexpr const char* installedSymbol = "vireline-symbolic";
 
 }
 
-TrayStatusItem::TrayStatusItem(const StatusBarContext& context, StatusItemListener& listener)
-    : context_(context), listener_(listener), tray_(context.connection) {
+TrayStatusItem::TrayStatusItem(const StatusBarContext& context)
+    : context_(context), tray_(context.connection) {
     const auto changed = lifetime_.guard([this] { update(); });
     observations_ = {hosts_.observe(changed), tray_.observe(changed),
                      context_.appearance.observe(lifetime_.guard([this] {
@@ -30,8 +30,8 @@ void TrayStatusItem::setImage(const std::string& symbol,
     symbol_ = {symbol, accessibilityDescription};
 }
 
-void TrayStatusItem::setMenu(const Menu& menu) {
-    menu_ = menu;
+void TrayStatusItem::setMenu(std::function<Menu()> menu) {
+    menu_ = std::move(menu);
     update();
 }
 
@@ -55,13 +55,10 @@ void TrayStatusItem::makeNotifierItem() {
     constexpr int usualSide = 22;
     const bool isInstalled = context_.theme.find(installedSymbol, usualSide).has_value();
     notifierItem_ = std::make_unique<NotifierItem>(
-        hosts_.bus(),
-        NotifierItem::Content{symbol_, isInstalled ? installedSymbol : std::string{}, menu_},
-        NotifierItem::Callbacks{
-            .picture = [this](int side) { return picture(side); },
-            .menuNeedsUpdate = [this](Menu& menu) { listener_.menuNeedsUpdate(menu); },
-            .menuItemChosen = [this](std::size_t index) { listener_.menuItemChosen(index); },
-            .popUpMenu = [this] { popUpMenu(); }});
+        hosts_.bus(), NotifierItem::Content{symbol_, isInstalled ? installedSymbol : std::string{}},
+        NotifierItem::Callbacks{.picture = [this](int side) { return picture(side); },
+                                .menu = menu_,
+                                .popUpMenu = [this] { popUpMenu(); }});
     hosts_.announceItem();
 }
 
@@ -80,14 +77,13 @@ void TrayStatusItem::makeTrayIcon() {
 void TrayStatusItem::popUpMenu() {
     const QPoint pointer = QCursor::pos();
     QScreen* const screen = QGuiApplication::screenAt(pointer);
-    listener_.menuNeedsUpdate(menu_);
-    auto closed = [this](std::optional<std::size_t> chosen) {
+    auto closed = [this](const MenuAction& chosen) {
         popUpMenu_.reset();
         if (chosen)
-            listener_.menuItemChosen(*chosen);
+            chosen();
     };
     popUpMenu_ = std::make_unique<PopUpMenu>(
-        menu_, screen == nullptr ? *QGuiApplication::primaryScreen() : *screen, pointer,
+        menu_(), screen == nullptr ? *QGuiApplication::primaryScreen() : *screen, pointer,
         lifetime_.guard(std::move(closed)));
 }
 

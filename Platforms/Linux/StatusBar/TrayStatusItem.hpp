@@ -11,6 +11,7 @@
 #include "Toolkit/PopUpMenu.hpp"
 
 #include <array>
+#include <functional>
 #include <memory>
 
 namespace vireline::x11 {
@@ -29,7 +30,7 @@ struct StatusBarContext {
 
 class TrayStatusItem final : public StatusItem {
 public:
-    TrayStatusItem(const StatusBarContext& context, StatusItemListener& listener);
+    explicit TrayStatusItem(const StatusBarContext& context);
     TrayStatusItem(const TrayStatusItem&) = delete;
     TrayStatusItem& operator=(const TrayStatusItem&) = delete;
     TrayStatusItem(TrayStatusItem&&) = delete;
@@ -37,7 +38,7 @@ public:
     ~TrayStatusItem() override = default;
 
     void setImage(const std::string& symbol, const std::string& accessibilityDescription) override;
-    void setMenu(const Menu& menu) override;
+    void setMenu(std::function<Menu()> menu) override;
     [[nodiscard]] bool hasPlace() const override;
 
 private:
@@ -48,9 +49,8 @@ private:
     [[nodiscard]] QImage picture(int side) const;
 
     StatusBarContext context_;
-    StatusItemListener& listener_;
     StatusSymbol symbol_;
-    Menu menu_;
+    std::function<Menu()> menu_;
     NotifierHosts hosts_;
     TrayManager tray_;
     std::unique_ptr<NotifierItem> notifierItem_;

@@ -79,8 +79,8 @@ void PopUpMenu::Discard::operator()(QMenu* menu) const {
 }
 
 void PopUpMenu::fill(const Menu& menu) {
-    for (std::size_t i = 0; i < menu.entries.size(); ++i) {
-        const auto* const command = std::get_if<MenuCommand>(&menu.entries[i]);
+    for (const MenuItem& entry : menu.entries) {
+        const auto* const command = std::get_if<MenuCommand>(&entry);
         if (command == nullptr) {
             menu_->addSeparator();
             continue;
@@ -93,8 +93,9 @@ void PopUpMenu::fill(const Menu& menu) {
         action->setChecked(command->isChecked.value_or(false));
         if (command->keyEquivalent != 0)
             action->setShortcut(QKeySequence{keyOf(command->keyEquivalent)});
-        QObject::connect(action, &QAction::triggered, menu_.get(),
-                         lifetime_.guard([this, i](bool) { chosen_ = i; }));
+        QObject::connect(
+            action, &QAction::triggered, menu_.get(),
+            lifetime_.guard([this, chosen = command->action](bool) { chosen_ = chosen; }));
     }
 }
 
@@ -104,8 +105,10 @@ void PopUpMenu::end() {
 }
 
 void PopUpMenu::finish() {
+    // The call may destroy this menu.
+    const MenuAction chosen = chosen_;
     if (const auto closed = std::exchange(closed_, nullptr))
-        closed(chosen_);
+        closed(chosen);
 }
 
 }

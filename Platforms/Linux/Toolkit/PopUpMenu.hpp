@@ -7,10 +7,8 @@
 
 #include <QMenu>
 #include <QPoint>
-#include <cstddef>
 #include <functional>
 #include <memory>
-#include <optional>
 
 class QScreen;
 
@@ -18,9 +16,9 @@ namespace vireline::x11 {
 
 class PopUpMenu {
 public:
-    /// Called once after the menu has closed and released the pointer, with the index of the chosen
-    /// entry, if any. May destroy the menu.
-    using Closed = std::function<void(std::optional<std::size_t>)>;
+    /// Called once, when the menu is closed and no longer holds the pointer, with the action of the
+    /// chosen command; null if none was chosen or it does nothing. May destroy the menu.
+    using Closed = std::function<void(const MenuAction& chosen)>;
 
     /// Opens with a corner at a position in Qt's coordinates, inside the screen.
     PopUpMenu(const Menu& menu, QScreen& screen, QPoint at, Closed closed);
@@ -48,7 +46,7 @@ private:
     void finish();
 
     Closed closed_;
-    std::optional<std::size_t> chosen_;
+    MenuAction chosen_;
     std::unique_ptr<QMenu, Discard> menu_;
     Lifetime lifetime_;
 };

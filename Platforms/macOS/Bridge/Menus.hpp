@@ -5,15 +5,13 @@
 
 #import <AppKit/AppKit.h>
 
-#include <cstddef>
 #include <functional>
 
 namespace vireline::macos {
 
-/// `onChoose` receives the index of the chosen entry of `menu.entries`. It lives as long as the
-/// menu.
+/// `onChoose` receives the action of the chosen command. It lives as long as the menu.
 [[nodiscard]] NSMenu* _Nonnull toNSMenu(const Menu& menu,
-                                        std::function<void(std::size_t)> onChoose);
+                                        const std::function<void(const MenuAction&)>& onChoose);
 
 /// Brings titles and check marks up to date. `shown` was made of a menu with the same entries in
 /// the same order.

@@ -1,24 +1,23 @@
 #include "Bridge/Menus.hpp"
 
-#include "Bridge/Attempt.hpp"
 #include "Bridge/Conversions.hpp"
 
+#include <cstddef>
 #include <string>
 #include <utility>
 #include <variant>
 
-/// What all items of one menu are sent to. The items hold it, since as their target it is held by
-/// nobody.
+/// What an item is sent to. The item holds it, since as its target it is held by nobody.
 @interface VirelineMenuTarget : NSObject
-- (instancetype)initWithFunction:(std::function<void(std::size_t)>)onChoose;
+- (instancetype)initWithFunction:(std::function<void()>)onChoose;
 - (void)choose:(NSMenuItem*)item;
 @end
 
 @implementation VirelineMenuTarget {
-    std::function<void(std::size_t)> _onChoose;
+    std::function<void()> _onChoose;
 }
 
-- (instancetype)initWithFunction:(std::function<void(std::size_t)>)onChoose {
+- (instancetype)initWithFunction:(std::function<void()>)onChoose {
     self = [super init];
     if (self != nil)
         _onChoose = std::move(onChoose);
@@ -26,18 +25,18 @@
 }
 
 - (void)choose:(NSMenuItem*)item {
+    static_cast<void>(item);
     // Copied, since the choice may end this object.
     const auto onChoose = _onChoose;
-    const NSInteger tag =
-        vireline::macos::attemptOr(NSInteger{-1}, "tag", [&] { return item.tag; });
-    if (tag >= 0)
-        onChoose(static_cast<std::size_t>(tag));
+    onChoose();
 }
 
 @end
 
 namespace vireline::macos {
 namespace {
+
+using Choose = std::function<void(const MenuAction&)>;
 
 std::string keyEquivalent(const MenuCommand& command) {
     return command.keyEquivalent == 0 ? std::string{} : std::string(1, command.keyEquivalent);
@@ -48,7 +47,9 @@ void update(NSMenuItem* item, const MenuCommand& command) {
     item.state = command.isChecked.value_or(false) ? NSControlStateValueOn : NSControlStateValueOff;
 }
 
-NSMenuItem* makeItem(const MenuCommand& command, VirelineMenuTarget* target, std::size_t index) {
+NSMenuItem* makeItem(const MenuCommand& command, const Choose& onChoose, std::size_t index) {
+    VirelineMenuTarget* const target = [[VirelineMenuTarget alloc]
+        initWithFunction:[onChoose, action = command.action] { onChoose(action); }];
     NSMenuItem* const item = [[NSMenuItem alloc] initWithTitle:toNSString(command.title)
                                                         action:@selector(choose:)
                                                  keyEquivalent:toNSString(keyEquivalent(command))];
@@ -61,14 +62,12 @@ NSMenuItem* makeItem(const MenuCommand& command, VirelineMenuTarget* target, std
 
 }
 
-NSMenu* toNSMenu(const Menu& menu, std::function<void(std::size_t)> onChoose) {
+NSMenu* toNSMenu(const Menu& menu, const Choose& onChoose) {
     NSMenu* const made = [[NSMenu alloc] initWithTitle:@""];
-    VirelineMenuTarget* const target =
-        [[VirelineMenuTarget alloc] initWithFunction:std::move(onChoose)];
     for (std::size_t index = 0; index < menu.entries.size(); ++index) {
         const auto* const command = std::get_if<MenuCommand>(&menu.entries.at(index));
         [made addItem:command == nullptr ? [NSMenuItem separatorItem]
-                                         : makeItem(*command, target, index)];
+                                         : makeItem(*command, onChoose, index)];
     }
     return made;
 }

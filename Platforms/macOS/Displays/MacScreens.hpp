@@ -3,7 +3,15 @@
 
 #include "Platform/Screens.hpp"
 
+#include <cstdint>
+#include <optional>
+#include <string>
+
 namespace vireline::macos {
+
+/// What the system calls the display with this number, such as "Studio Display"; it numbers
+/// displays that would have the same name. Nothing if there is no such display.
+[[nodiscard]] std::optional<std::string> displayName(std::uint32_t displayID);
 
 class MacScreens final : public Screens {
 public:

@@ -72,6 +72,16 @@ struct Observation {
 
 }
 
+std::optional<std::string> displayName(std::uint32_t displayID) {
+    return attemptOr(std::optional<std::string>{}, "localizedName", [&] {
+        for (NSScreen* screen in NSScreen.screens) {
+            if (displayNumber(screen) == displayID)
+                return toOptionalText(screen.localizedName);
+        }
+        return std::optional<std::string>{};
+    });
+}
+
 std::vector<PlatformScreen> MacScreens::screens() const {
     return attemptOr(std::vector<PlatformScreen>{}, "screens", [] {
         std::vector<PlatformScreen> described;

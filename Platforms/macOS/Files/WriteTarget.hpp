@@ -5,9 +5,7 @@
 
 namespace vireline::macos {
 
-/// Follows links of the user's own, which people have who keep their settings elsewhere, to a file
-/// of their own in a folder of their own. A link that leads to anything else is itself what is
-/// replaced.
+/// As `FollowedLinks` decides.
 [[nodiscard]] FileURL resolvedWriteTarget(const FileURL& url);
 
 }

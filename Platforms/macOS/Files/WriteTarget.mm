@@ -1,5 +1,7 @@
 #include "Files/WriteTarget.hpp"
 
+#include "Foundation/FollowedLinks.hpp"
+
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -24,8 +26,8 @@ bool isOwn(const struct stat& found) {
     return found.st_uid == ::geteuid();
 }
 
-/// Where a link of the user's own leads; nothing for whatever else is there.
-std::optional<FileURL> ownLink(const FileURL& url) {
+/// The text of a link that is the user's own; nothing for whatever else is there.
+std::optional<std::string> ownLinkAt(const FileURL& url) {
     const auto found = status(url);
     if (!found || !S_ISLNK(found->st_mode) || !isOwn(*found))
         return std::nullopt;
@@ -33,8 +35,7 @@ std::optional<FileURL> ownLink(const FileURL& url) {
     const ssize_t length = ::readlink(url.path().c_str(), text.data(), text.size());
     if (length <= 0)
         return std::nullopt;
-    const std::string link{text.data(), static_cast<std::size_t>(length)};
-    return link.starts_with('/') ? FileURL::fromPath(link) : url.parent().appending(link);
+    return std::string{text.data(), static_cast<std::size_t>(length)};
 }
 
 /// Whether a file of the user's own is there, or can be put there, in a folder of the user's own.
@@ -50,15 +51,8 @@ bool isOwnPlace(const FileURL& url) {
 }
 
 FileURL resolvedWriteTarget(const FileURL& url) {
-    constexpr int maximumLinks = 8;
-    FileURL at = url;
-    for (int links = 0; links <= maximumLinks; ++links) {
-        if (const auto next = ownLink(at))
-            at = *next;
-        else
-            return links == 0 || isOwnPlace(at) ? at : url;
-    }
-    return url;
+    const auto itself = [](const FileURL& at) { return at; };
+    return FollowedLinks::target(url, itself, ownLinkAt, isOwnPlace);
 }
 
 }

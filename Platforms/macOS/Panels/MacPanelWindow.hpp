@@ -14,6 +14,7 @@
 #import <AppKit/AppKit.h>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -37,7 +38,8 @@ public:
     void checkPress() override;
     void orderFrontRegardless() override;
     void orderOut() override;
-    void popUpMenu(const Menu& menu, const MenuPlace& place, MenuClosed onClose) override;
+    void popUpMenu(const Menu& menu, const MenuPlace& place,
+                   std::function<void()> onClose) override;
 
 private:
     void observe();
@@ -46,7 +48,8 @@ private:
     void restore();
     void lookAtPointerSoon();
     void lookAtPointer();
-    void menuClosed(std::optional<std::size_t> chosen, const MenuClosed& onClose);
+    /// Either call may end this window.
+    void menuClosed(const MenuAction& chosen, const std::function<void()>& onClose);
     [[nodiscard]] Point pointer() const;
 
     std::shared_ptr<PanelInput> input_;

@@ -3,6 +3,7 @@
 #include "Bridge/Attempt.hpp"
 #include "Bridge/Conversions.hpp"
 #include "Bridge/Notifications.hpp"
+#include "Displays/MacScreens.hpp"
 #include "Panels/CancelWatch.hpp"
 #include "Panels/VirelinePanelContent.hpp"
 
@@ -35,6 +36,17 @@ VirelineDockView* attemptToFill(VirelinePanel* panel, const std::shared_ptr<Pane
     return attemptOr<VirelineDockView*>(nil, "setContentView", [&] { return fill(panel, input); });
 }
 
+/// The panel has no title bar: only lists of windows show its title. Assistive technology reads the
+/// name of the display, which tells people more than its number.
+void name(VirelinePanel* panel, std::uint32_t displayID) {
+    attempt("setTitle",
+            [&] { panel.title = toNSString("Vireline dock #" + std::to_string(displayID)); });
+    const auto display = displayName(displayID);
+    if (display)
+        attempt("setAccessibilityTitle",
+                [&] { panel.accessibilityTitle = toNSString("Vireline dock on " + *display); });
+}
+
 }
 
 MacPanelWindow::MacPanelWindow(std::uint32_t displayID, const Rect& frame,
@@ -45,9 +57,7 @@ MacPanelWindow::MacPanelWindow(std::uint32_t displayID, const Rect& frame,
     , panel_(make(frame, input_))
     , dock_(attemptToFill(panel_, input_))
     , frames_(dock_, [&listener] { listener.frameDue(); }) {
-    // Nobody sees it but assistive technology.
-    attempt("setTitle",
-            [&] { panel_.title = toNSString("Vireline dock #" + std::to_string(displayID)); });
+    name(panel_, displayID);
     placeDock();
     observe();
 }
@@ -184,28 +194,28 @@ Point MacPanelWindow::pointer() const {
     return toPoint([panel_ convertPointFromScreen:NSEvent.mouseLocation]);
 }
 
-void MacPanelWindow::popUpMenu(const Menu& menu, const MenuPlace& place, MenuClosed onClose) {
+void MacPanelWindow::popUpMenu(const Menu& menu, const MenuPlace& place,
+                               std::function<void()> onClose) {
     if (menu.entries.empty())
-        return onClose(std::nullopt);
+        return onClose();
     if (const auto open = menu_)
         open->end();
     input_->menuOpened();
-    menu_ =
-        PopUpMenu::open(menu, dock_, place,
-                        [this, onClose = std::move(onClose)](std::optional<std::size_t> chosen) {
-                            menuClosed(chosen, onClose);
-                        });
+    menu_ = PopUpMenu::open(menu, dock_, place,
+                            [this, onClose = std::move(onClose)](const MenuAction& chosen) {
+                                menuClosed(chosen, onClose);
+                            });
 }
 
-void MacPanelWindow::menuClosed(std::optional<std::size_t> chosen, const MenuClosed& onClose) {
-    // The menu owns the callback, and what it does may end this window.
-    const MenuClosed tell = onClose;
+void MacPanelWindow::menuClosed(const MenuAction& chosen, const std::function<void()>& onClose) {
     menu_.reset();
     const auto [at, isHere] = attemptOr(std::pair{Point{}, false}, "mouseLocation", [this] {
         return std::pair{pointer(), static_cast<bool>(panel_.isUnderPointer)};
     });
     input_->menuClosed(at, isHere);
-    tell(chosen);
+    onClose();
+    if (chosen)
+        chosen();
 }
 
 }

@@ -5,10 +5,8 @@
 
 #import <AppKit/AppKit.h>
 
-#include <cstddef>
 #include <functional>
 #include <memory>
-#include <optional>
 
 namespace vireline::macos {
 
@@ -16,9 +14,9 @@ namespace vireline::macos {
 /// Dropped, it closes without a word.
 class PopUpMenu {
 public:
-    /// Called once, in a turn of its own, with the index of the chosen entry if there is one. May
-    /// drop the menu.
-    using Closed = std::function<void(std::optional<std::size_t>)>;
+    /// Called once, in a turn of its own, with the action of the chosen command; null if none was
+    /// chosen or it does nothing. May drop the menu.
+    using Closed = std::function<void(const MenuAction& chosen)>;
 
     /// Opens at that place of `view`, whose y grows downwards; the system moves it into the
     /// display.
@@ -40,7 +38,7 @@ private:
     void finish();
 
     Closed closed_;
-    std::optional<std::size_t> chosen_;
+    MenuAction chosen_;
     NSMenu* _Nullable menu_ = nil;
 };
 

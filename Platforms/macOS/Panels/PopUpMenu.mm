@@ -29,9 +29,9 @@ std::shared_ptr<PopUpMenu> PopUpMenu::open(const Menu& menu, NSView* view, const
     const std::weak_ptr<PopUpMenu> weak = opened;
     NSPoint at{};
     attempt("menu", [&] {
-        opened->menu_ = toNSMenu(menu, [weak](std::size_t index) {
+        opened->menu_ = toNSMenu(menu, [weak](const MenuAction& chosen) {
             if (const auto held = weak.lock())
-                held->chosen_ = index;
+                held->chosen_ = chosen;
         });
         at = toCGPoint(place.corner(toSize(opened->menu_.size)));
     });
@@ -66,8 +66,10 @@ void PopUpMenu::close() {
 }
 
 void PopUpMenu::finish() {
+    // The call may drop this menu.
+    const MenuAction chosen = chosen_;
     if (const auto closed = std::exchange(closed_, nullptr))
-        closed(chosen_);
+        closed(chosen);
 }
 
 }

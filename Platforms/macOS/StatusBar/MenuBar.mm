@@ -38,7 +38,7 @@ namespace {
 
 class MenuBarItem final : public StatusItem {
 public:
-    explicit MenuBarItem(StatusItemListener& listener) : listener_(listener) {
+    MenuBarItem() {
         attempt("statusItemWithLength", [this] {
             item_ = [NSStatusBar.systemStatusBar statusItemWithLength:NSSquareStatusItemLength];
         });
@@ -63,12 +63,13 @@ public:
         });
     }
 
-    void setMenu(const Menu& menu) override {
-        menu_ = menu;
+    void setMenu(std::function<Menu()> menu) override {
+        menu_ = std::move(menu);
         attempt("status item's menu", [this] {
-            // Both end with the item, and so before the listener does.
-            NSMenu* const shown = toNSMenu(
-                menu_, lifetime_.guard([this](std::size_t i) { listener_.menuItemChosen(i); }));
+            NSMenu* const shown = toNSMenu(menu_(), lifetime_.guard([](const MenuAction& chosen) {
+                if (chosen)
+                    chosen();
+            }));
             watch_ = [[VirelineMenuWatch alloc]
                 initWithFunction:lifetime_.guard([this] { updateMenu(); })];
             shown.delegate = watch_;
@@ -80,24 +81,22 @@ public:
 
 private:
     void updateMenu() {
-        listener_.menuNeedsUpdate(menu_);
         attempt("menuNeedsUpdate", [this] {
             if (NSMenu* const shown = item_.menu; shown != nil)
-                update(shown, menu_);
+                update(shown, menu_());
         });
     }
 
-    StatusItemListener& listener_;
     NSStatusItem* item_ = nil;
-    Menu menu_;
+    std::function<Menu()> menu_;
     VirelineMenuWatch* watch_ = nil;
     Lifetime lifetime_;
 };
 
 }
 
-std::unique_ptr<StatusItem> MenuBar::makeStatusItem(StatusItemListener& listener) {
-    return std::make_unique<MenuBarItem>(listener);
+std::unique_ptr<StatusItem> MenuBar::makeStatusItem() {
+    return std::make_unique<MenuBarItem>();
 }
 
 }

@@ -4,6 +4,7 @@
 #include "Foundation/DevLog.hpp"
 #include "Support/DockFixture.hpp"
 #include "Support/LoggedLines.hpp"
+#include "Support/OtherPorts.hpp"
 
 #include <gtest/gtest.h>
 
@@ -20,9 +21,9 @@ using Handler = RunningApplications::Handler;
 class NotingStatusBar final : public StatusBar {
 public:
     explicit NotingStatusBar(StatusBar& real) : real_(real) {}
-    std::unique_ptr<StatusItem> makeStatusItem(StatusItemListener& listener) override {
+    std::unique_ptr<StatusItem> makeStatusItem() override {
         DevLog::write("> status item");
-        return real_.makeStatusItem(listener);
+        return real_.makeStatusItem();
     }
 
 private:
@@ -121,27 +122,13 @@ protected:
     }
 
     [[nodiscard]] Platform notingPorts() {
-        const Platform real = platform.ports();
-        return {.application = real.application,
-                .runLoop = real.runLoop,
-                .fileSystem = real.fileSystem,
-                .fileEvents = real.fileEvents,
-                .userFolders = real.userFolders,
-                .trash = real.trash,
-                .dockPreferences = preferences,
-                .catalog = real.catalog,
-                .runningApplications = running,
-                .workspace = real.workspace,
-                .icons = real.icons,
-                .screens = screens,
-                .panelWindows = real.panelWindows,
-                .pointerSettings = real.pointerSettings,
-                .motionSettings = real.motionSettings,
-                .accessibility = real.accessibility,
-                .pointerTaps = taps,
-                .statusBar = statusBar,
-                .loginItemService = real.loginItemService,
-                .programWindows = windows};
+        return test::with({.dockPreferences = &preferences,
+                           .runningApplications = &running,
+                           .screens = &screens,
+                           .pointerTaps = &taps,
+                           .statusBar = &statusBar,
+                           .programWindows = &windows},
+                          platform.ports());
     }
 
     test::FakePlatform platform;

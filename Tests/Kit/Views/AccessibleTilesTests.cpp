@@ -91,7 +91,7 @@ TEST_F(AccessibleTilesTest, ATilesMenuCanBeAskedFor) {
 
     view().showMenu(idOf(0));
     ASSERT_FALSE(menuTitles.empty());
-    closeMenu(0);
+    choose(0);
 
     EXPECT_EQ(dock.actionsTaken.size(), 1U);
 }

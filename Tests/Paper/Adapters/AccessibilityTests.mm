@@ -65,6 +65,20 @@ TEST_F(Elements, WaitNoLongerThanTold) {
     EXPECT_DOUBLE_EQ(paper::now() - before, 0.25);
 }
 
+TEST_F(Elements, CanBeMovedOnEveryDesktopSoThatNothingIsEverAnnounced) {
+    int announced = 0;
+    const Subscription subscription = port.observeManager([&] { ++announced; });
+    EXPECT_TRUE(port.canMoveWindows());
+    paper::setTrusted(false);
+    paper::advance(5);
+    EXPECT_TRUE(port.canMoveWindows()) << "the permission is another matter";
+    EXPECT_FALSE(port.isTrusted());
+    paper::setTrusted(true);
+    paper::advance(5);
+    EXPECT_TRUE(port.isTrusted());
+    EXPECT_EQ(announced, 0);
+}
+
 TEST_F(Elements, AreForThoseThatTheUserTrusts) {
     paper::requests().clear();
     EXPECT_TRUE(port.isTrusted());

@@ -2,7 +2,7 @@
 // may do to them.
 #include "Cocoa/Paper.hpp"
 #include "Unseen.hpp"
-#include "Windows/EventTaps.hpp"
+#include "ClientWindows/EventTaps.hpp"
 
 #include <gtest/gtest.h>
 

@@ -57,6 +57,14 @@ TEST_F(Ports, DescribeEachDisplay) {
                                           .backingScaleFactor = 2}));
 }
 
+TEST_F(Ports, KnowWhatTheSystemCallsADisplay) {
+    @autoreleasepool {
+        paper::plug({{.number = 3, .name = "Built-in Display"}, {.number = 5, .name = "Studio"}});
+        EXPECT_EQ(displayName(5), "Studio");
+        EXPECT_EQ(displayName(4), std::nullopt);
+    }
+}
+
 TEST_F(Ports, GiveNoNumberToADisplayWhoseNumberIsNone) {
     @autoreleasepool {
         paper::plug({{.number = 1, .unit = 5}});
@@ -247,26 +255,22 @@ TEST_F(Ports, ReadNoPropertyListThatIsNone) {
     }
 }
 
-/// Toggles the check mark whenever the menu is opened, and records every choice.
-class Listener final : public StatusItemListener {
-public:
-    void menuNeedsUpdate(Menu& menu) override {
-        auto& entry = std::get<MenuCommand>(menu.entries.at(2));
-        entry.isChecked = !entry.isChecked.value_or(false);
-        entry.title = "Look";
-    }
-    void menuItemChosen(std::size_t index) override { chosen.push_back(index); }
-
-    std::vector<std::size_t> chosen;
-};
-
 TEST_F(Ports, ShowAStatusItemWhoseMenuIsUpToDateWheneverItOpens) {
     @autoreleasepool {
-        Listener listener;
-        const auto item = MenuBar{}.makeStatusItem(listener);
+        int looks = 0;
+        std::vector<std::string> chosen;
+        const auto item = MenuBar{}.makeStatusItem();
         item->setImage("dock.rectangle", "Vireline");
-        item->setMenu({{MenuCommand{.title = "First", .keyEquivalent = ','}, MenuSeparator{},
-                        MenuCommand{.title = "Second", .isChecked = false}}});
+        item->setMenu([&] {
+            const bool isFirst = ++looks == 1;
+            return Menu{{MenuCommand{.title = "First",
+                                     .keyEquivalent = ',',
+                                     .action = [&] { chosen.push_back("first"); }},
+                         MenuSeparator{},
+                         MenuCommand{.title = isFirst ? "Second" : "Look",
+                                     .isChecked = looks % 2 == 0,
+                                     .action = [&] { chosen.push_back("second"); }}}};
+        });
         ASSERT_TRUE(item->hasPlace());
         NSStatusItem* const shown = paper::statusItems().front();
         EXPECT_EQ(shown.button.image.paperName.paperText, "dock.rectangle");
@@ -283,7 +287,7 @@ TEST_F(Ports, ShowAStatusItemWhoseMenuIsUpToDateWheneverItOpens) {
         [shown.menu paperUpdate];
         EXPECT_EQ(items[2].state, NSControlStateValueOff);
         [shown.menu paperChoose:items[2]];
-        EXPECT_EQ(listener.chosen, std::vector<std::size_t>{2});
+        EXPECT_EQ(chosen, std::vector<std::string>{"second"});
     }
     paper::drain();
 }

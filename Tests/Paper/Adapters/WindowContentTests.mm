@@ -3,6 +3,7 @@
 #include "Platform/ProgramWindows.hpp"
 #include "ProgramTest.hpp"
 #include "ProgramWindows/MacProgramWindows.hpp"
+#include "Support/RecordingFormListener.hpp"
 #include "Translation/FormLayout.hpp"
 #include "Translation/PageLayout.hpp"
 
@@ -46,17 +47,6 @@ Rect inWindow(NSView* view) {
     return toRect(NSAccessibilityFrameInView(view, view.bounds));
 }
 
-class FormHeard final : public FormListener {
-public:
-    void formChanged(SettingsField field, const FormValue& value) override {
-        changes.emplace_back(field, value);
-    }
-    void formStatusButtonPressed(SettingsField field) override { pressed.push_back(field); }
-
-    std::vector<std::pair<SettingsField, FormValue>> changes;
-    std::vector<SettingsField> pressed;
-};
-
 class FormWindows : public testing::Test {
 protected:
     static FormRow row(SettingsField field, const std::string& title,
@@ -88,7 +78,7 @@ protected:
     [[nodiscard]] static NSWindow* shown() { return paper::windowTitled("Form"); }
     [[nodiscard]] static NSView* content() { return shown().contentView; }
 
-    FormHeard heard;
+    test::RecordingFormListener heard;
     std::unique_ptr<FormWindow> window =
         MacProgramWindows{}.makeFormWindow({.title = "Form", .contentSize = {480, 560}}, heard);
 };

@@ -35,6 +35,7 @@ NSScreen* make(const paper::Display& display) {
     screen.visibleFrame = display.visible;
     screen.backingScaleFactor = display.scale;
     screen.maximumFramesPerSecond = 60;
+    screen.localizedName = paper::text(display.name);
     screen.deviceDescription = @{@"NSScreenNumber" : [NSNumber numberWithLongLong:display.number]};
     return screen;
 }

@@ -1,6 +1,18 @@
 // Container views.
 #include "Cocoa/Extensions.hpp"
 
+namespace {
+
+/// Puts `view` into `holder` instead of the view that was held before.
+void replace(NSView* __strong& held, NSView* view, NSView* holder) {
+    [held removeFromSuperview];
+    held = view;
+    if (view != nil)
+        [holder addSubview:view];
+}
+
+}
+
 // Belief: a material in a window that is never key looks active if its state says so.
 @implementation NSVisualEffectView
 @end
@@ -21,10 +33,7 @@
 }
 
 - (void)setContentView:(NSView*)view {
-    [_content removeFromSuperview];
-    _content = view;
-    if (view != nil)
-        [self addSubview:view];
+    replace(_content, view, self);
 }
 
 @end
@@ -45,10 +54,7 @@
 }
 
 - (void)setDocumentView:(NSView*)view {
-    [_document removeFromSuperview];
-    _document = view;
-    if (view != nil)
-        [self addSubview:view];
+    replace(_document, view, self);
 }
 
 @end
@@ -80,12 +86,8 @@
 }
 
 - (void)setContentView:(NSView*)view {
-    [_content removeFromSuperview];
-    _content = view;
-    if (view == nil)
-        return;
     view.frame = [self paperRoom];
-    [self addSubview:view];
+    replace(_content, view, self);
 }
 
 - (void)setFrame:(NSRect)frame {

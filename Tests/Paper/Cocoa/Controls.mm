@@ -23,8 +23,8 @@ NSRect NSAccessibilityFrameInView(NSView* view, NSRect frame) {
 
 // Documented: the accessors of an element that is not a view; subclasses override them.
 @implementation NSAccessibilityElement
-@synthesize accessibilityElement, accessibilityRole, accessibilityLabel, accessibilityValue,
-    accessibilityFrame, accessibilityParent, accessibilityChildren;
+@synthesize accessibilityElement, accessibilityRole, accessibilityLabel, accessibilityTitle,
+    accessibilityValue, accessibilityFrame, accessibilityParent, accessibilityChildren;
 
 - (id)accessibilityHitTest:(NSPoint)point {
     static_cast<void>(point);

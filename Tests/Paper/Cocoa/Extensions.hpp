@@ -54,6 +54,7 @@
 @property(readwrite) NSRect visibleFrame;
 @property(readwrite, copy) NSDictionary* deviceDescription;
 @property(readwrite) CGFloat backingScaleFactor;
+@property(readwrite, copy) NSString* localizedName;
 @property(readwrite) NSInteger maximumFramesPerSecond;
 @end
 

@@ -42,6 +42,7 @@ struct Display {
     NSRect visible{{0, 0}, {1440, 875}};
     double scale = 2;
     unsigned unit = 0;
+    std::string name = "Display " + std::to_string(number);
 };
 /// Replaces the displays and notifies the program.
 void plug(const std::vector<Display>& displays);

@@ -106,8 +106,8 @@ NSRect autoresized(NSView* view, NSSize before, NSSize after) {
     NSPoint _boundsOrigin;
     BOOL _wantsLayer;
 }
-@synthesize accessibilityElement, accessibilityRole, accessibilityLabel, accessibilityValue,
-    accessibilityFrame, accessibilityParent, accessibilityChildren;
+@synthesize accessibilityElement, accessibilityRole, accessibilityLabel, accessibilityTitle,
+    accessibilityValue, accessibilityFrame, accessibilityParent, accessibilityChildren;
 
 - (instancetype)init {
     return [self initWithFrame:NSZeroRect];

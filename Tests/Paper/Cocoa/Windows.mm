@@ -25,14 +25,16 @@ NSWindow* keyWindow() {
 
 // Documented: constrained frames keep a titled window's bar below the menu bar; a window's screen
 // is the one that it overlaps most; close releases a window only if releasedWhenClosed; order
-// within a level. Belief: a window on screen is retained by the window server; titled windows have
-// a bar of 28 points.
+// within a level. Belief: its accessibility title, once set, is read instead of its title; a
+// window on screen is retained by the window server; titled windows have a bar of 28 points.
 @implementation NSWindow {
     NSView* _content;
     NSRect _frame;
     BOOL _wasClosed;
     NSWindowLevel _level;
 }
+@synthesize accessibilityElement, accessibilityRole, accessibilityLabel, accessibilityTitle,
+    accessibilityValue, accessibilityFrame, accessibilityParent, accessibilityChildren;
 
 - (instancetype)initWithContentRect:(NSRect)content
                           styleMask:(NSWindowStyleMask)style

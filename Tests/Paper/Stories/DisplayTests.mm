@@ -34,6 +34,18 @@ TEST_F(Displays, GetADockWhenTheyCome) {
     });
 }
 
+TEST_F(Displays, NameTheirDocksForAssistiveTechnology) {
+    runProgram([] {
+        auto displays = threeDisplays();
+        displays[2].number = 4;
+        displays[2].name = "Studio Display";
+        paper::plug(displays);
+        paper::advance(1);
+        EXPECT_EQ(dockOn(2).accessibilityTitle.paperText, "Vireline dock on Display 2");
+        EXPECT_EQ(dockOn(4).accessibilityTitle.paperText, "Vireline dock on Studio Display");
+    });
+}
+
 TEST_F(Displays, SwapDocksWhenTheSystemsDockMoves) {
     runProgram([] {
         auto displays = threeDisplays();

@@ -4,35 +4,12 @@
 #include "Platform/Platform.hpp"
 #include "Storm/Episode.hpp"
 #include "Storm/PaperWorld.hpp"
+#include "Support/OtherPorts.hpp"
 
 #include <memory>
 
 namespace vireline::storm {
 namespace {
-
-Platform withPanels(const Platform& all, PanelWindows& panels) {
-    return {.application = all.application,
-            .runLoop = all.runLoop,
-            .fileSystem = all.fileSystem,
-            .fileEvents = all.fileEvents,
-            .userFolders = all.userFolders,
-            .trash = all.trash,
-            .dockPreferences = all.dockPreferences,
-            .catalog = all.catalog,
-            .runningApplications = all.runningApplications,
-            .workspace = all.workspace,
-            .icons = all.icons,
-            .screens = all.screens,
-            .panelWindows = panels,
-            .pointerSettings = all.pointerSettings,
-            .motionSettings = all.motionSettings,
-            .accessibility = all.accessibility,
-            .pointerTaps = all.pointerTaps,
-            .statusBar = all.statusBar,
-            .loginItemService = all.loginItemService,
-            .programWindows = all.programWindows,
-            .words = all.words};
-}
 
 void perform(const Episode& episode, PaperWorld& world, const Tell& tell) {
     for (const int step : episode.steps) {
@@ -54,7 +31,8 @@ std::optional<std::string> live(const Episode& episode, const Tell& tell) {
         WitnessedPanels panels{platform.panelWindows};
         world.panels = &panels;
         const auto log = VirelineApp::prepareLogFile(platform.userFolders, platform.fileSystem);
-        static_cast<void>(VirelineApp::run(withPanels(platform, panels), log.path()));
+        static_cast<void>(
+            VirelineApp::run(test::with({.panelWindows = &panels}, platform), log.path()));
         world.panels = nullptr;
     }
     @autoreleasepool {

@@ -7,6 +7,7 @@
 #include "Layout/PanelPlanner.hpp"
 #include "Storm/WitnessedPanels.hpp"
 #include "Support/Random.hpp"
+#include "Support/TemporaryFolder.hpp"
 
 #include <map>
 #include <optional>
@@ -33,7 +34,7 @@ public:
     PaperWorld& operator=(const PaperWorld&) = delete;
     PaperWorld(PaperWorld&&) = delete;
     PaperWorld& operator=(PaperWorld&&) = delete;
-    ~PaperWorld();
+    ~PaperWorld() = default;
 
     /// Performs one step while the program runs, followed by the checks that must always hold.
     void perform(int step);
@@ -99,7 +100,8 @@ private:
     void lookAtSettings();
 
     unsigned seed_;
-    std::string home_;
+    test::TemporaryFolder folder_;
+    std::string home_ = folder_.path();
     std::string story_;
     std::optional<std::string> failure_;
     bool isInterrupting_ = false;

@@ -78,8 +78,6 @@ std::vector<paper::Display> displaysAtHome() {
 }
 
 PaperWorld::PaperWorld(unsigned seed) : seed_(seed) {
-    std::string name = (fs::temp_directory_path() / "vireline-paper.XXXXXX").string();
-    home_ = ::mkdtemp(name.data());
     paper::setHome(home_);
     paper::lockFolder(pathIn("Applications"));
     for (const char* const file : {"letter.txt", "Library/Preferences/com.apple.dock.plist"}) {
@@ -107,11 +105,6 @@ PaperWorld::PaperWorld(unsigned seed) : seed_(seed) {
     if (seed % 4 != 0)
         std::ofstream{preferences} << R"({"onboardingCompleted": true})";
     descriptors_ = openDescriptors();
-}
-
-PaperWorld::~PaperWorld() {
-    std::error_code ignored;
-    fs::remove_all(home_, ignored);
 }
 
 void PaperWorld::perform(int step) {

@@ -48,7 +48,8 @@ public:
         told_.isShown = false;
         window_->orderOut();
     }
-    void popUpMenu(const Menu& menu, const MenuPlace& place, MenuClosed onClose) override {
+    void popUpMenu(const Menu& menu, const MenuPlace& place,
+                   std::function<void()> onClose) override {
         window_->popUpMenu(menu, place, std::move(onClose));
     }
 

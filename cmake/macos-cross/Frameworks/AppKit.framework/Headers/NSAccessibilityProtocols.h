@@ -9,6 +9,7 @@ API_AVAILABLE(macos(10.10))
 @property (getter=isAccessibilityElement) BOOL accessibilityElement;
 @property (nullable, copy) NSAccessibilityRole accessibilityRole;
 @property (nullable, copy) NSString* accessibilityLabel;
+@property (nullable, copy) NSString* accessibilityTitle;
 @property (nullable, strong) id accessibilityValue;
 @property NSRect accessibilityFrame;
 @property (nullable, weak) id accessibilityParent;

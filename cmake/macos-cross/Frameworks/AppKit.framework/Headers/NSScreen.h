@@ -12,6 +12,7 @@ typedef NSString* NSDeviceDescriptionKey;
 @property (readonly) NSRect visibleFrame;
 @property (readonly, copy) NSDictionary<NSDeviceDescriptionKey, id>* deviceDescription;
 @property (readonly) CGFloat backingScaleFactor;
+@property (readonly, copy) NSString* localizedName API_AVAILABLE(macos(10.15));
 @property (readonly) NSInteger maximumFramesPerSecond API_AVAILABLE(macos(12.0));
 @end
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#import <AppKit/NSAccessibilityProtocols.h>
 #import <AppKit/NSAnimation.h>
 #import <AppKit/NSColor.h>
 #import <AppKit/NSGraphics.h>
@@ -26,7 +27,7 @@ typedef NS_OPTIONS(NSUInteger, NSWindowCollectionBehavior) {
 typedef NSInteger NSWindowLevel;
 static const NSWindowLevel NSFloatingWindowLevel = 3;
 
-@interface NSWindow : NSResponder <NSAnimatablePropertyContainer>
+@interface NSWindow : NSResponder <NSAnimatablePropertyContainer, NSAccessibility>
 @property (readonly) NSRect frame;
 @property (nullable, readonly, strong) NSScreen* screen;
 @property (readonly) NSInteger windowNumber;

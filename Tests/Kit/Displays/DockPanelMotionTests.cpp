@@ -1,0 +1,199 @@
+#include "Kit/Displays/DockPanelTest.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+
+namespace vireline {
+namespace {
+
+using test::bottomSpec;
+using test::DockPanelTest;
+using test::FakePanel;
+using test::leftSpec;
+using test::rightSpec;
+
+TEST_F(DockPanelTest, AsksForNoFrameAtRest) {
+    dock.setTiles(2, 0);
+    show(bottomSpec, false);
+
+    EXPECT_FALSE(window().isFrameRequested());
+}
+
+TEST_F(DockPanelTest, ManyPointerMovesBetweenTwoFramesMakeOneScene) {
+    dock.setTiles(2, 0);
+    show(bottomSpec, false);
+    const int before = window().presentations;
+
+    for (int i = 0; i < 10; ++i) {
+        window().listener().pointerEvent({PointerEvent::Kind::moved, {100.0 + i, 60}});
+    }
+    window().nextFrame();
+
+    EXPECT_EQ(window().presentations, before + 1);
+}
+
+TEST_F(DockPanelTest, FramesGoOnUntilTheLastAnimationHasEnded) {
+    dock.setTiles(2, 0);
+    show(bottomSpec, false);
+    dock.setTiles(3, 0);
+
+    window().nextFrame();
+    EXPECT_TRUE(window().isFrameRequested());
+    advance(0.1);
+    window().nextFrame();
+    EXPECT_TRUE(window().isFrameRequested());
+    advance(0.11);
+    window().nextFrame();
+    EXPECT_FALSE(window().isFrameRequested());
+}
+
+TEST_F(DockPanelTest, ADesktopThatAsksForLessMotionGetsNone) {
+    dock.platform.motionSettings.reduces = true;
+    dock.setTiles(2, 0);
+    show(bottomSpec, false);
+    dock.setTiles(3, 0);
+
+    window().nextFrame();
+
+    EXPECT_FALSE(window().isFrameRequested());
+}
+
+class DockInMotion : public DockPanelTest {
+protected:
+    /// Where everything but the label is on the display, y downwards, and how much of it shows.
+    struct Place {
+        Point corner;
+        double opacity = 0;
+    };
+    using Places = std::map<NodeID, Place>;
+
+    [[nodiscard]] Places places() const {
+        const Rect& frame = window().frame;
+        const Rect& hosted = *window().hostedFrame;
+        const Point view{frame.x + hosted.x, -(frame.y + hosted.y + hosted.height)};
+        Places found;
+        for (const SceneNode& node : window().scene->nodes) {
+            const Point offset = node.offset();
+            found[node.id] = {{view.x + node.frame.x + offset.x, view.y + node.frame.y + offset.y},
+                              node.opacity};
+        }
+        return found;
+    }
+
+    /// How far anything has jumped that shows in both; what does not show may be anywhere.
+    static double jump(const Places& before, const Places& after) {
+        constexpr double visible = 0.02;
+        double most = 0;
+        for (const auto& [id, place] : after) {
+            const auto found = before.find(id);
+            if (found == before.end()) {
+                most = std::max(most, place.opacity > 0.2 ? 1000.0 : 0.0);
+            } else if (place.opacity > visible && found->second.opacity > visible) {
+                most = std::max({most, std::abs(place.corner.x - found->second.corner.x),
+                                 std::abs(place.corner.y - found->second.corner.y)});
+            }
+        }
+        return most;
+    }
+
+    /// Shows frames for a while and tells the greatest jump from one to the next, `before` being
+    /// what was seen last.
+    double greatestJump(Places before, double seconds) {
+        constexpr double step = 1.0 / 60;
+        double most = 0;
+        for (double passed = 0; passed < seconds; passed += step) {
+            window().nextFrame();
+            const Places now = places();
+            most = std::max(most, jump(before, now));
+            before = now;
+            advance(step);
+        }
+        return most;
+    }
+};
+
+/// What a movement over a dock's thickness, or a tile's width, comes to in one frame at most.
+constexpr double fastest = 25;
+
+TEST_F(DockInMotion, SlidesOutToTheEdgeAndBack) {
+    for (const PanelSpec& spec : {bottomSpec, leftSpec, rightSpec}) {
+        dock.setTiles(3, 0);
+        show(spec, true);
+        window().listener().mouseEntered();
+        Places before = places();
+        EXPECT_LT(greatestJump(before, 0.5), fastest);
+        before = places();
+        EXPECT_EQ(before.size(), 12U);
+
+        window().listener().mouseExited();
+        advance(0.61);
+        EXPECT_LT(greatestJump(before, 0.5), fastest);
+        EXPECT_EQ(places().size(), 1U) << "the handle";
+    }
+}
+
+TEST_F(DockInMotion, TurnsRoundHalfway) {
+    dock.setTiles(3, 0);
+    show(bottomSpec, true);
+    window().listener().mouseEntered();
+    greatestJump(places(), 0.5);
+    window().listener().mouseExited();
+    advance(0.6);
+    for (int i = 0; i < 6; ++i) {
+        greatestJump(places(), 0.1);
+        const Places before = places();
+        if (i % 2 == 0) {
+            window().listener().mouseEntered();
+        } else {
+            window().listener().mouseExited();
+            advance(0.6);
+        }
+        EXPECT_LT(greatestJump(before, 0.1), fastest) << i;
+    }
+}
+
+TEST_F(DockInMotion, KeepsItsTilesInTheirPlacesWhileItGrowsAroundThem) {
+    for (const PanelSpec& spec : {bottomSpec, leftSpec, rightSpec}) {
+        dock.setTiles(3, 0);
+        DockPanel& panel = show(spec, false);
+        const bool isBottom = spec.position == DockPosition::bottom;
+        const Places before = places();
+
+        // One more tile makes the planned frame longer on both sides.
+        dock.setTiles(4, 0);
+        PanelSpec longer = spec;
+        (isBottom ? longer.frame.x : longer.frame.y) -= 25;
+        (isBottom ? longer.frame.width : longer.frame.height) += 50;
+        panel.update(longer, false);
+
+        EXPECT_LT(greatestJump(before, 0.3), fastest);
+        EXPECT_EQ(places().size(), before.size() + 2);
+    }
+}
+
+TEST_F(DockInMotion, DoesNotFlyToAnotherDisplay) {
+    dock.setTiles(3, 0);
+    DockPanel& panel = show(bottomSpec, false);
+    PanelSpec elsewhere = bottomSpec;
+    elsewhere.frame.x += 2000;
+    dock.setTiles(3, 1);
+    panel.update(elsewhere, false);
+    window().nextFrame();
+
+    for (const auto& [id, place] : places())
+        EXPECT_GT(place.corner.x, 2000);
+}
+
+TEST_F(DockPanelTest, WithLessMotionTheWindowExpandsAtOnce) {
+    dock.platform.motionSettings.reduces = true;
+    show(bottomSpec, true);
+
+    window().listener().mouseEntered();
+
+    EXPECT_EQ(window().frame, (Rect{100, 0, 300, 88}));
+    EXPECT_FALSE(window().frameChanges.back().animate);
+}
+
+}
+}

@@ -1,0 +1,84 @@
+#include "Support/DockRootViewTest.hpp"
+
+namespace vireline {
+namespace {
+
+using test::DockRootViewTest;
+using test::Kind;
+
+// Behaviour: tiles-4
+TEST_F(DockRootViewTest, OnlyAPinnedAppsMenuOffersToRemoveItAndOnlyInManualMode) {
+    dock.setTiles(1, 1);
+    show();
+
+    send(Kind::secondaryPressed, centerOfIcon(0));
+    EXPECT_EQ(menuTitles, (std::vector<std::string>{"Open", "Show in Finder"}));
+    menuTitles.clear();
+    dock.manualMode = true;
+    send(Kind::secondaryPressed, centerOfIcon(0));
+    EXPECT_EQ(menuTitles, (std::vector<std::string>{"Open", "Show in Finder", "Remove from Dock"}));
+    menuTitles.clear();
+    send(Kind::secondaryPressed, centerOfIcon(1));
+    EXPECT_EQ(menuTitles, (std::vector<std::string>{"Show", "Show in Finder", "Quit"}));
+}
+
+TEST_F(DockRootViewTest, TheChosenMenuEntryGoesToTheActions) {
+    dock.setTiles(0, 1);
+    show();
+
+    send(Kind::secondaryPressed, centerOfIcon(0));
+    dock.setTiles(0, 0);
+    choose(2);
+
+    EXPECT_EQ(dock.actionsTaken, (std::vector<std::string>{"menu Quit u0 #2"}));
+}
+
+TEST_F(DockRootViewTest, UtilityTilesAndWhatLiesBesideTheStripHaveNoMenu) {
+    show();
+
+    send(Kind::secondaryPressed, centerOfIcon(0));
+    send(Kind::secondaryPressed, {1, 1});
+
+    EXPECT_TRUE(menuTitles.empty());
+}
+
+TEST_F(DockRootViewTest, TheMenuOfATileCallsTheFileManagerAsTheDesktopDoes) {
+    dock.platform.words.fileManagerInTitle = "Folders";
+    dock.setTiles(1, 0);
+    show();
+
+    send(Kind::secondaryPressed, centerOfIcon(0));
+
+    EXPECT_EQ(menuTitles, (std::vector<std::string>{"Open", "Show in Folders"}));
+}
+
+TEST_F(DockRootViewTest, TheMenuBesideTheTilesDoesNotQuitWhereAStatusItemDoes) {
+    dock.setTiles(1, 1);
+    show();
+    const Rect strip = nodes(NodeID::Part::strip).front().frame;
+
+    send(Kind::secondaryPressed, {strip.minX() + 2, strip.midY()});
+    EXPECT_EQ(menuTitles, (std::vector<std::string>{"Settings…"}));
+    choose(0);
+
+    EXPECT_EQ(dock.actionsTaken, (std::vector<std::string>{"settings"}));
+}
+
+TEST_F(DockRootViewTest, SeparatorsAndTheBareStripLeadToTheSettingsAndWithoutAStatusItemToTheEnd) {
+    dock.platform.statusBar.hasPlace = false;
+    dock.setTiles(1, 1);
+    show();
+    const Point separator = nodes(NodeID::Part::separator).front().frame.center();
+    const Rect strip = nodes(NodeID::Part::strip).front().frame;
+
+    send(Kind::secondaryPressed, separator);
+    EXPECT_EQ(menuTitles, (std::vector<std::string>{"Settings…", "Quit Vireline"}));
+    choose(0);
+    send(Kind::secondaryPressed, {strip.minX() + 2, strip.midY()});
+    choose(1);
+
+    EXPECT_EQ(dock.actionsTaken, (std::vector<std::string>{"settings", "quit"}));
+}
+
+}
+}

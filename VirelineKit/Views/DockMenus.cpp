@@ -1,0 +1,30 @@
+#include "Views/DockMenus.hpp"
+
+#include "Interaction/DockActions.hpp"
+
+namespace vireline {
+
+Menu DockMenus::ofApp(const DockItem& item, std::uint32_t displayID) const {
+    const bool canRemove = item.isPinned && actions_.isManualMode();
+    Menu menu;
+    for (const MenuEntry entry : ClickPolicy::menuEntries(item.isRunning, canRemove)) {
+        auto select = lifetime_.guard(
+            [this, entry, item, displayID] { actions_.menuSelect(entry, item, displayID); });
+        menu.entries.emplace_back(
+            MenuCommand{.title = title(entry, words_), .action = std::move(select)});
+    }
+    return menu;
+}
+
+/// The settings can be opened from here as well. A right-click that misses a tile by a few points
+/// must not offer to quit the program, unless there is no status item that does.
+Menu DockMenus::ofProgram() const {
+    Menu menu{{MenuCommand{.title = "Settings…",
+                           .action = lifetime_.guard([this] { actions_.showSettings(); })}}};
+    if (!actions_.hasStatusItem())
+        menu.entries.emplace_back(MenuCommand{
+            .title = "Quit Vireline", .action = lifetime_.guard([this] { actions_.quit(); })});
+    return menu;
+}
+
+}

@@ -1,0 +1,32 @@
+/// The menus of one dock, each command with what it does. Owned by the dock's view.
+#pragma once
+
+#include "Foundation/Lifetime.hpp"
+#include "Presentation/Menu.hpp"
+
+#include <cstdint>
+
+namespace vireline {
+
+struct DesktopWords;
+struct DockActions;
+struct DockItem;
+
+class DockMenus {
+public:
+    DockMenus(const DockActions& actions, const DesktopWords& words)
+        : actions_(actions), words_(words) {}
+
+    /// That of an app's tile on this display.
+    [[nodiscard]] Menu ofApp(const DockItem& item, std::uint32_t displayID) const;
+
+    /// That of the strip beside the tiles.
+    [[nodiscard]] Menu ofProgram() const;
+
+private:
+    const DockActions& actions_;
+    const DesktopWords& words_;
+    Lifetime lifetime_;
+};
+
+}

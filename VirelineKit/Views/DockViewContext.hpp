@@ -1,0 +1,30 @@
+/// What the views of all docks share. Everything outlives the views.
+#pragma once
+
+#include <optional>
+
+namespace vireline {
+
+class DockViewModel;
+class IconStore;
+class MotionSettings;
+class PointerSettings;
+class RunLoop;
+class TrashService;
+struct DesktopWords;
+struct DockActions;
+
+struct DockViewContext {
+    DockViewModel& model;
+    IconStore& icons;
+    const DockActions& actions;
+    RunLoop& runLoop;
+    const PointerSettings& pointerSettings;
+    const MotionSettings& motionSettings;
+    const TrashService& trash;
+    const DesktopWords& words;
+    /// Freezes a magnified state for screenshots until the pointer comes.
+    std::optional<double> demoCursorFraction;
+};
+
+}
