@@ -12,7 +12,7 @@ namespace vireline {
 namespace {
 
 constexpr double permissionPollInterval = 2;
-/// While active. A permission that is withdrawn must be noticed without the system saying so.
+/// While active: the system does not announce that the permission was withdrawn.
 constexpr double permissionCheckInterval = 5;
 
 }
@@ -63,8 +63,8 @@ void DockAnchorGuard::checkPermission() {
         startTap();
 }
 
-/// A tap without the permission is never enabled again: the system disables it each time, and holds
-/// up the pointer of the whole session meanwhile.
+/// A tap without permission must not be enabled again: the system would disable it each time, and
+/// block the pointer of the whole session meanwhile.
 void DockAnchorGuard::permissionWithdrawn() {
     tap_.reset();
     status_.set(Status::waitingForPermission);

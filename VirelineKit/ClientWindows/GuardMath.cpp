@@ -6,14 +6,14 @@
 namespace vireline::GuardMath {
 namespace {
 
-/// More than rounding can be off by, and less than any display is high; points.
+/// A tolerance in points: larger than any rounding error, smaller than any display's height.
 constexpr double rounding = 0.5;
 
 bool spans(const Rect& rect, double x) noexcept {
     return rect.minX() <= x && x < rect.maxX();
 }
 
-/// Of the lowest display that ends above the point; null if there is none.
+/// The lowest display that ends above the point; null if there is none.
 const Rect* lowestAbove(Point point, std::span<const Rect> displays) noexcept {
     const Rect* lowest = nullptr;
     for (const Rect& display : displays) {
@@ -24,7 +24,7 @@ const Rect* lowestAbove(Point point, std::span<const Rect> displays) noexcept {
     return lowest;
 }
 
-/// Another display begins where the band's own ends.
+/// Whether another display begins below the band.
 bool leadsOn(const Rect& zone, double x, std::span<const Rect> displays) noexcept {
     const Point top{x, zone.minY()};
     const Point below{x, zone.maxY() + rounding};

@@ -20,8 +20,8 @@ void TrashService::trash(const std::vector<FileURL>& urls) {
 }
 
 void TrashService::moveWaiting() {
-    // A platform may finish a move within the call. This loop then takes the next file, instead of
-    // one more level of calls for every file of a large drop.
+    // A platform may finish a move within the call, which leads back here. The loop then takes the
+    // next file, so that a large drop does not recurse once per file.
     if (std::exchange(isInLoop_, true))
         return;
     while (!current_ && !waiting_.empty() && hanging_.size() < maximumHanging) {

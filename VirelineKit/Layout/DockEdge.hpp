@@ -7,7 +7,7 @@
 
 namespace vireline {
 
-/// A stretch of one axis, in points.
+/// An interval on one axis, in points.
 struct Extent {
     double start = 0;
     double length = 0;

@@ -46,9 +46,9 @@ bool Animator::isMoving(const Actor& actor, double now) noexcept {
                                [=](const Track& track) { return track.isMoving(now); });
 }
 
-/// A size that changes at once while it is on its way has the same part of that way still to go, as
-/// otherwise it could be less than nothing; and so has the place, as far as it comes of growing
-/// about a point of the node.
+/// For a size that changes without a curve while it is still animated: scales the residual with the
+/// size, since otherwise the shown size could become negative. The position's residual is scaled
+/// likewise, as far as it is due to growth about a point of the node.
 void Animator::keepProportion(Track& place, Track& size, double from, double to) noexcept {
     if (size.residual == 0)
         return;
@@ -59,7 +59,7 @@ void Animator::keepProportion(Track& place, Track& size, double from, double to)
     size.residual += change;
 }
 
-/// What goes back and forth sets out from its place at rest, also if its node is only just there.
+/// Starts a repeating bounce from the position at rest, for new nodes too.
 void Animator::bob(Actor& actor, double now) noexcept {
     const auto& curve = actor.target.motion.bounce;
     if (!curve || !curve->repeats)
@@ -71,7 +71,7 @@ void Animator::bob(Actor& actor, double now) noexcept {
     }
 }
 
-/// `shift` leads from where the view is now to where it was.
+/// `shift` is the vector from the view's new position to its old one.
 void Animator::retarget(Actor& actor, const SceneNode& target, double now, Point shift) {
     actor.target.frame = moved(actor.target.frame, shift);
     const Values from = values(actor.target);
@@ -107,7 +107,7 @@ Animator::Actor Animator::entering(const SceneNode& target, double now, Point pa
     return actor;
 }
 
-/// Whether the node is still to be shown for a while.
+/// Returns whether the node is still fading out.
 bool Animator::leave(Actor& actor, double now, Point passage, Point shift) {
     if (!actor.target.motion.presence)
         return false;
@@ -125,8 +125,8 @@ bool Animator::leave(Actor& actor, double now, Point passage, Point shift) {
     return actor.tracks[opacityIndex].isMoving(now);
 }
 
-/// The actor of a node, which the caller moves from. Scenes mostly keep their order, so the search
-/// begins behind the last one found.
+/// Finds the actor of a node. Nodes mostly keep their order, so the search starts after the last
+/// actor found.
 Animator::Actor* Animator::take(const NodeID& id, std::size_t& hint) {
     for (std::size_t i = 0; i < actors_.size(); ++i) {
         Actor& actor = actors_[(hint + i) % actors_.size()];

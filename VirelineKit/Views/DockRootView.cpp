@@ -15,10 +15,10 @@ namespace vireline {
 namespace {
 
 constexpr double pulseSeconds = 0.1;
-/// How far a pressed tile must be moved before it comes off.
+/// The distance in points after which a press on a tile becomes a drag.
 constexpr double dragThreshold = 4;
 
-/// From one frame's top-left corner to the other's, y downwards; the frames are global, where y is
+/// The vector between the frames' top-left corners, y downwards. The frames are in global space, y
 /// upwards.
 Point movement(const Rect& from, const Rect& to) {
     return {to.minX() - from.minX(), from.maxY() - to.maxY()};
@@ -53,7 +53,7 @@ DockRootView::DockRootView(const DockViewContext& context, PanelUIState& ui, con
 
 void DockRootView::update(const PanelSpec& spec, bool takesWholeWindow) {
     const Point moved = movement(spec_.frame, spec.frame);
-    // A dock that is planned somewhere else altogether does not fly there.
+    // A dock that moves far away appears there without an animation.
     if (isNear(moved, spec.frame.size()))
         viewPlace_ = {viewPlace_.x + moved.x, viewPlace_.y + moved.y};
     spec_ = spec;
@@ -80,7 +80,7 @@ void DockRootView::layoutIfNeeded() {
     frames_ = StripLayout::layout(request_);
 }
 
-/// Whether the tile under the button is still one that can be pressed, or dragged.
+/// Whether the press can go on: its tile still exists and, if it is being dragged, is still pinned.
 bool DockRootView::canHold(const Press& press) {
     const DockTile* const tile = tiles_.find(press.serial);
     return tile != nullptr && (!press.isDragging || tile->isPinnedApp());
@@ -95,7 +95,7 @@ StripLayout::Request DockRootView::layoutRequest() const {
                                                     context_.model.configuredIconSize.get());
     request.magnification = context_.model.magnification.get();
     request.edge = {spec_.position, spec_.frame.size()};
-    // Magnification may have been switched off under the pointer.
+    // Magnification may have been switched off while the pointer is over the dock.
     if (request.magnification > 1)
         request.cursorAxis = cursorAxis_;
     return request;
@@ -116,7 +116,8 @@ Scene DockRootView::makeScene() {
     Scene scene = isCollapsed ? DockScene::collapsed(edge) : makeExpandedScene();
     scene.viewPlace = viewPlace_;
     if (isCollapsed) {
-        // The view of a collapsed dock lies in the gap that is planned at the display's edge.
+        // The view of a collapsed dock is in the gap between the planned frame and the display's
+        // edge.
         const Point sunk = edge.vector(0, -DockMetrics::sliverThickness);
         scene.viewPlace = {viewPlace_.x + sunk.x, viewPlace_.y + sunk.y};
     }
@@ -165,7 +166,7 @@ TileLook DockRootView::lookOf(const DockTile& tile, int index) const {
 }
 
 std::optional<LabelLook> DockRootView::label() const {
-    // A dock at the side has no room for labels.
+    // Docks at the left and right have no room for labels.
     if (!pointer_ || !request_.edge.isHorizontal())
         return std::nullopt;
     const bool isDragging = press_ && press_->isDragging;
@@ -212,7 +213,7 @@ void DockRootView::pointerEvent(const PointerEvent& event) {
     if (event.kind == PointerEvent::Kind::exited)
         return pointerExited();
     if (ui_.collapsed.get()) {
-        // There is nothing here any more that a button could hold.
+        // A collapsed dock shows no tiles that could be pressed.
         if (event.kind == PointerEvent::Kind::released ||
             event.kind == PointerEvent::Kind::cancelled)
             endDrag(false);
@@ -250,21 +251,21 @@ void DockRootView::pointerMoved(Point p) {
     pointer_ = p;
     if (press_)
         drag(*press_, p);
-    // A strip that a tile is dragged along keeps still.
+    // The strip is not magnified while a tile is being dragged.
     const bool isDragging = press_ && press_->isDragging;
     if (!isDragging && context_.model.magnification.get() > 1) {
         const Edge edge{spec_.position, spec_.frame.size()};
         const bool magnifies = StripLayout::isInMagnificationBand(p, edge, request_.iconSize);
         cursorAxis_ = magnifies ? std::optional{edge.along(p)} : std::nullopt;
     }
-    // Within one tile of a strip that does not grow, nothing looks different.
+    // Movement within one tile of a strip that is not magnified changes nothing.
     if (press_ || shows() != before)
         invalidate();
 }
 
 void DockRootView::pointerExited() {
     pointer_.reset();
-    // A collapsed dock keeps its magnified state frozen.
+    // A collapsed dock keeps its magnified state.
     if (!ui_.collapsed.get())
         cursorAxis_.reset();
     invalidate();
@@ -278,7 +279,7 @@ void DockRootView::pressed(Point p) {
 
 void DockRootView::released(const PointerEvent& event) {
     const Point p = event.position;
-    // A list that changed since the last frame may have ended the press.
+    // If the list has changed since the last frame, this may end the press.
     layoutIfNeeded();
     if (press_ && press_->isDragging) {
         drag(*press_, p);
@@ -307,7 +308,7 @@ void DockRootView::tap(DockTile& tile, double time) {
         tile.taps.registerTap(time, context_.pointerSettings.doubleClickInterval()) ==
             TapTracker::Resolution::doubled;
     invalidate();
-    // The action may replace the tiles; from here on only the copies count.
+    // The action may replace the tiles, so use only copies from here on.
     const DockItem item = tile.item;
     if (tile.kind != TileKind::app) {
         context_.actions.openFolder(item.url);
@@ -338,8 +339,8 @@ void DockRootView::requestMenu(std::size_t index) {
                   lifetime_.guard(std::move(closed)));
 }
 
-/// The settings can be opened from here as well. A right-click that misses a tile by a few points
-/// must not offer to quit the program, unless there is no status item that does.
+/// A right-click that misses a tile by a few points should not offer to quit the program, so that
+/// entry exists only if there is no status item to quit it with.
 void DockRootView::requestProgramMenu(Point at) {
     if (!onMenuRequest)
         return;
@@ -381,7 +382,7 @@ void DockRootView::endDrag(bool isDropped) {
     invalidate();
     if (onReorderDrag)
         onReorderDrag(false);
-    // The tile may have left the list in the user's hand.
+    // The tile may have been removed from the list during the drag.
     if (!drag)
         return;
     const int target = ReorderMath::targetIndex(*drag);

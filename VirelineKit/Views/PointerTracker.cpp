@@ -37,7 +37,7 @@ void PointerTracker::pressed(Point position) {
         return;
     isPressed_ = true;
     isReleaseOverdue_ = false;
-    // No movement may have come before.
+    // The press may come without a preceding movement.
     isOnView_ = true;
     send(Kind::pressed, position);
 }
