@@ -13,7 +13,7 @@ namespace vireline {
 class PointerTracker {
 public:
     /// The actual state of the pointer, which may differ from the last event.
-    struct Whereabouts {
+    struct PointerState {
         bool isOverWindow = false;
         bool isPrimaryHeld = false;
         /// In the view's coordinates.
@@ -33,7 +33,7 @@ public:
     void pressed(Point position);
     void secondaryPressed(Point position);
     void released(Point position, bool isOverWindow, std::optional<double> time = std::nullopt);
-    void left(const Whereabouts& now);
+    void left(const PointerState& now);
 
     /// The press was cancelled.
     void cancelled();
@@ -41,11 +41,11 @@ public:
     /// To be called regularly during a press, or while the pointer is grabbed, since a release that
     /// goes to another program causes no event. A press ends at the second call in a row that finds
     /// the button up: at the first, its release may still be on its way.
-    void lookedAt(const Whereabouts& now);
+    void polled(const PointerState& now);
 
     /// From here until `menuClosed`, pointer events belong to the menu and are ignored.
     void menuOpened();
-    void menuClosed(const Whereabouts& now);
+    void menuClosed(const PointerState& now);
 
     /// The window was hidden.
     void hidden();
@@ -57,7 +57,7 @@ public:
 
     /// Whether another program has grabbed the pointer while it was over this window. No event will
     /// tell when it leaves.
-    [[nodiscard]] bool isInDoubt() const noexcept { return isInDoubt_; }
+    [[nodiscard]] bool isPointerGrabbed() const noexcept { return isPointerGrabbed_; }
 
 private:
     void send(PointerEvent::Kind kind, Point position = {});
@@ -72,7 +72,7 @@ private:
     bool isOnView_ = false;
     bool isPressed_ = false;
     bool hasMenu_ = false;
-    bool isInDoubt_ = false;
+    bool isPointerGrabbed_ = false;
     /// The last call of `polled` found the button of a press up.
     bool isReleaseOverdue_ = false;
 };

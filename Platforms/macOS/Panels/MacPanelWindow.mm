@@ -145,7 +145,7 @@ void MacPanelWindow::watchForCancel(bool watches) {
 
 void MacPanelWindow::checkPress() {
     attempt("checkPress", [this] {
-        input_->lookedAt(pointer(), panel_.isUnderPointer, (NSEvent.pressedMouseButtons & 1) != 0);
+        input_->polled(pointer(), panel_.isUnderPointer, (NSEvent.pressedMouseButtons & 1) != 0);
     });
 }
 

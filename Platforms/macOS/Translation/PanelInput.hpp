@@ -42,8 +42,8 @@ public:
     void released(Point at, bool isOverWindow, std::optional<double> time = std::nullopt);
     void cancelled() { pointer_.cancelled(); }
     /// A look taken during a press, which nothing may tell the end of.
-    void lookedAt(Point at, bool isOverWindow, bool isPrimaryHeld) {
-        pointer_.lookedAt({isOverWindow, isPrimaryHeld, hosted_.toView(at)});
+    void polled(Point at, bool isOverWindow, bool isPrimaryHeld) {
+        pointer_.polled({isOverWindow, isPrimaryHeld, hosted_.toView(at)});
     }
     void hidden() { pointer_.hidden(); }
 
