@@ -102,13 +102,13 @@ struct SceneNode {
     Point bounce = {};
     /// The offset while the node appears or disappears. Set only by the animator; zero in scenes
     /// that a view makes.
-    Point passing = {};
+    Point presenceOffset = {};
     double opacity = 1;
     Motion motion = {};
 
     /// The offset of the drawn node from its frame.
     [[nodiscard]] Point offset() const noexcept {
-        return {slide.x + bounce.x + passing.x, slide.y + bounce.y + passing.y};
+        return {slide.x + bounce.x + presenceOffset.x, slide.y + bounce.y + presenceOffset.y};
     }
 
     bool operator==(const SceneNode&) const = default;
@@ -126,7 +126,7 @@ struct Scene {
     std::vector<Rect> quietRegions = {};
 
     /// The offset at which new nodes start to appear and removed nodes end up.
-    Point passage = {};
+    Point presenceOffset = {};
 
     /// The position of the view's corner, relative to a point that is fixed across scenes. Lets
     /// animations start from the node's old position on the display when the view moves.

@@ -30,7 +30,7 @@ private:
     static constexpr std::size_t propertyCount = 12;
     static constexpr std::size_t sizeIndex = 2;
     static constexpr std::size_t bounceIndex = 6;
-    static constexpr std::size_t passingIndex = 8;
+    static constexpr std::size_t presenceIndex = 8;
     static constexpr std::size_t opacityIndex = propertyCount - 1;
     using Values = std::array<double, propertyCount>;
     using Curves = std::array<std::optional<Curve>, propertyCount>;
@@ -41,7 +41,7 @@ private:
         double start = 0;
         std::optional<Curve> curve;
 
-        [[nodiscard]] double lacking(double now) const noexcept;
+        [[nodiscard]] double remaining(double now) const noexcept;
         [[nodiscard]] bool isMoving(double now) const noexcept;
     };
 
@@ -50,7 +50,7 @@ private:
         std::array<Track, propertyCount> tracks;
         bool isLeaving = false;
         /// Its node is in the next scene too and has been moved to `next_`.
-        bool isTaken = false;
+        bool isInNextScene = false;
     };
 
     [[nodiscard]] static Values values(const SceneNode& node) noexcept;
@@ -61,10 +61,10 @@ private:
     static void keepProportion(Track& place, Track& size, double from, double to) noexcept;
     static void bob(Actor& actor, double now) noexcept;
     static void retarget(Actor& actor, const SceneNode& target, double now, Point shift);
-    [[nodiscard]] static Actor entering(const SceneNode& target, double now, Point passage);
-    static bool leave(Actor& actor, double now, Point passage, Point shift);
-    [[nodiscard]] Actor* take(const NodeID& id, std::size_t& hint);
-    void keepLeaving(double now, Point passage, Point shift);
+    [[nodiscard]] static Actor entering(const SceneNode& target, double now, Point presenceOffset);
+    static bool leave(Actor& actor, double now, Point presenceOffset, Point shift);
+    [[nodiscard]] Actor* findActor(const NodeID& id, std::size_t& hint);
+    void keepLeaving(double now, Point presenceOffset, Point shift);
 
     /// In painting order.
     std::vector<Actor> actors_;

@@ -123,7 +123,7 @@ Scene DockRootView::makeScene() {
     }
     const double strip = request_.iconSize + DockMetrics::stripHeightPadding;
     if (isCollapsed != std::exchange(wasCollapsed_, isCollapsed))
-        scene.passage = edge.vector(0, -std::max(edge.thickness(), strip));
+        scene.presenceOffset = edge.vector(0, -std::max(edge.thickness(), strip));
     return scene;
 }
 
