@@ -55,9 +55,9 @@ public:
     void disable();
 
 private:
-    [[nodiscard]] bool mayTap() const;
+    [[nodiscard]] bool isTapPermitted() const;
     void waitForPermission();
-    void lookEvery(double seconds);
+    void pollPermission(double seconds);
     void checkPermission();
     void permissionWithdrawn();
     void startTap();

@@ -25,7 +25,7 @@ const Rect* lowestAbove(Point point, std::span<const Rect> displays) noexcept {
 }
 
 /// Whether another display begins below the band.
-bool leadsOn(const Rect& zone, double x, std::span<const Rect> displays) noexcept {
+bool leadsToDisplay(const Rect& zone, double x, std::span<const Rect> displays) noexcept {
     const Point top{x, zone.minY()};
     const Point below{x, zone.maxY() + rounding};
     return std::ranges::any_of(displays, [&](const Rect& display) {
@@ -72,7 +72,7 @@ std::optional<Point> clamp(Point point, std::span<const Rect> zones,
                            std::span<const Rect> displays) noexcept {
     const auto isHere = [&](const Rect& rect) { return rect.contains(point); };
     if (const auto zone = std::ranges::find_if(zones, isHere); zone != zones.end())
-        return leadsOn(*zone, point.x, displays) ? std::nullopt : clamp(point, {&*zone, 1});
+        return leadsToDisplay(*zone, point.x, displays) ? std::nullopt : clamp(point, {&*zone, 1});
     if (std::ranges::any_of(displays, isHere))
         return std::nullopt;
     const Rect* const above = lowestAbove(point, displays);

@@ -72,11 +72,11 @@ void DockPanel::retire() {
 
 void DockPanel::update(const PanelSpec& spec, bool autoHide) {
     spec_ = spec;
-    const bool hidBefore = std::exchange(autoHide_, autoHide);
+    const bool wasAutoHiding = std::exchange(autoHide_, autoHide);
     hosting_.update(spec, autoHide);
     if (autoHide) {
         applyCollapsed(collapsed_, false);
-        if (!hidBefore)
+        if (!wasAutoHiding)
             collapseLater();
         return;
     }
@@ -119,7 +119,7 @@ void DockPanel::pinHosting() {
 
 void DockPanel::mouseEntered() {
     isPointerOver_ = true;
-    comeOut();
+    expand();
 }
 
 void DockPanel::mouseExited() {
@@ -127,7 +127,7 @@ void DockPanel::mouseExited() {
     collapseLater();
 }
 
-void DockPanel::comeOut() {
+void DockPanel::expand() {
     if (!autoHide_ || isRetired_)
         return;
     collapseTimer_.reset();
@@ -182,7 +182,7 @@ void DockPanel::dragEntered(const std::vector<std::string>& urls) {
     // Only files can be dropped, so other drags do not expand the dock.
     isDragOver_ = hosting_.dragEntered(urls);
     if (isDragOver_)
-        comeOut();
+        expand();
 }
 
 bool DockPanel::dragMoved(Point at) {

@@ -61,7 +61,7 @@ private:
     void popUpMenu(const Menu& menu, const MenuPlace& place, const MenuClosed& onClose);
 
     /// Expands a collapsed panel, or cancels a pending collapse.
-    void comeOut();
+    void expand();
     /// Collapses after a delay, unless something holds the panel open.
     void collapseLater();
     [[nodiscard]] bool isHeldOpen() const noexcept;

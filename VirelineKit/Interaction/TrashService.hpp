@@ -25,7 +25,7 @@ class TrashService {
 public:
     /// Seconds after which a move counts as hanging, and files of other folders no longer wait for
     /// it.
-    static constexpr double patience = 2;
+    static constexpr double hangTimeout = 2;
     /// The maximum number of hanging moves, each of which occupies one of the platform's threads.
     /// Once it is reached, all files wait.
     static constexpr std::size_t maximumHanging = 8;
@@ -51,7 +51,7 @@ private:
 
     void moveWaiting();
     void begin(const FileURL& url);
-    void setAside(const FileURL& url);
+    void treatAsHanging(const FileURL& url);
     void finish(const FileURL& url, std::uint64_t move, const Result<void>& outcome);
 
     Trash& trash_;
@@ -61,7 +61,7 @@ private:
     std::uint64_t lastMove_ = 0;
     /// The move that all waiting files wait for.
     std::optional<std::uint64_t> current_;
-    Timer patienceEnds_;
+    Timer hangTimer_;
     /// Folders with a hanging move, and the files of the same folder that wait for it.
     std::map<std::string, Files> hanging_;
     bool isInLoop_ = false;

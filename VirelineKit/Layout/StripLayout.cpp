@@ -38,7 +38,7 @@ struct AxisLayout {
 };
 
 /// Removes a tile that the plan has room for. The following tiles move up.
-void leaveOut(AxisLayout& axis, std::size_t index) {
+void removeTile(AxisLayout& axis, std::size_t index) {
     const double freed = axis.tiles[index].length + iconSpacing;
     axis.tiles.erase(axis.tiles.begin() + static_cast<std::ptrdiff_t>(index));
     for (auto i = index; i < axis.tiles.size(); ++i)
@@ -75,9 +75,9 @@ AxisLayout axisLayout(const Request& request) {
     }
     const std::size_t firstUtility = firstUtilityTile(counts);
     if (!request.hasTrash)
-        leaveOut(axis, firstUtility + 1);
+        removeTile(axis, firstUtility + 1);
     if (!request.hasDownloads)
-        leaveOut(axis, firstUtility);
+        removeTile(axis, firstUtility);
     return axis;
 }
 
