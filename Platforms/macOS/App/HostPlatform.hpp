@@ -1,4 +1,4 @@
-/// The macOS platform as the executable sees it: all ports, owned in one place.
+/// The macOS platform: creates and owns all ports.
 #pragma once
 
 #include "Platform/Platform.hpp"
@@ -10,7 +10,7 @@ namespace vireline {
 
 class HostPlatform {
 public:
-    /// An exit code. Nothing here ends the process before its start.
+    /// An exit code. On this platform, starting never fails.
     using Ended = int;
 
     [[nodiscard]] static std::expected<std::unique_ptr<HostPlatform>, Ended> start();

@@ -1,4 +1,4 @@
-/// The kit's menus as AppKit's.
+/// Converts the kit's menus to AppKit's.
 #pragma once
 
 #include "Presentation/Menu.hpp"
@@ -10,12 +10,11 @@
 
 namespace vireline::macos {
 
-/// `onChoose` receives the index of the chosen entry of `menu.entries`. It lives as long as the
-/// menu.
+/// `onChoose` receives the index of the chosen entry of `menu.entries`. The menu keeps it alive.
 [[nodiscard]] NSMenu* _Nonnull toNSMenu(const Menu& menu,
                                         std::function<void(std::size_t)> onChoose);
 
-/// Brings titles and check marks up to date. `shown` was made of a menu with the same entries in
+/// Updates titles and check marks. `shown` must have been made from a menu with the same entries in
 /// the same order.
 void update(NSMenu* _Nonnull shown, const Menu& menu);
 

@@ -7,8 +7,8 @@
 #include <utility>
 #include <variant>
 
-/// What all items of one menu are sent to. The items hold it, since as their target it is held by
-/// nobody.
+/// The target of all items of one menu. The items keep it alive as their represented object, since
+/// they reference their target weakly.
 @interface VirelineMenuTarget : NSObject
 - (instancetype)initWithFunction:(std::function<void(std::size_t)>)onChoose;
 - (void)choose:(NSMenuItem*)item;
@@ -26,7 +26,7 @@
 }
 
 - (void)choose:(NSMenuItem*)item {
-    // Copied, since the choice may end this object.
+    // Copied, since the callback may destroy this object.
     const auto onChoose = _onChoose;
     const NSInteger tag =
         vireline::macos::attemptOr(NSInteger{-1}, "tag", [&] { return item.tag; });

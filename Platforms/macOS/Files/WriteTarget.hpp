@@ -1,13 +1,12 @@
-/// Which file a write to a URL replaces, where symbolic links may stand in the way.
+/// Decides which file a write to a URL replaces if there are symbolic links.
 #pragma once
 
 #include "Foundation/FileURL.hpp"
 
 namespace vireline::macos {
 
-/// Follows links of the user's own, which people have who keep their settings elsewhere, to a file
-/// of their own in a folder of their own. A link that leads to anything else is itself what is
-/// replaced.
+/// Follows links that the user owns to a file that the user owns in a folder that the user owns,
+/// since users may keep their settings elsewhere. Any other link is itself replaced.
 [[nodiscard]] FileURL resolvedWriteTarget(const FileURL& url);
 
 }

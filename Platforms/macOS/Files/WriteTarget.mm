@@ -12,7 +12,7 @@
 namespace vireline::macos {
 namespace {
 
-/// What is there itself, not where it leads.
+/// Does not follow links.
 std::optional<struct stat> status(const FileURL& url) {
     struct stat found{};
     if (::lstat(url.path().c_str(), &found) != 0)
@@ -24,7 +24,7 @@ bool isOwn(const struct stat& found) {
     return found.st_uid == ::geteuid();
 }
 
-/// Where a link of the user's own leads; nothing for whatever else is there.
+/// The target of a link that the user owns; nullopt for anything else.
 std::optional<FileURL> ownLink(const FileURL& url) {
     const auto found = status(url);
     if (!found || !S_ISLNK(found->st_mode) || !isOwn(*found))
@@ -37,7 +37,7 @@ std::optional<FileURL> ownLink(const FileURL& url) {
     return link.starts_with('/') ? FileURL::fromPath(link) : url.parent().appending(link);
 }
 
-/// Whether a file of the user's own is there, or can be put there, in a folder of the user's own.
+/// Whether the user owns the folder, and the file unless it does not exist yet.
 bool isOwnPlace(const FileURL& url) {
     struct stat folder{};
     if (::stat(url.parent().path().c_str(), &folder) != 0 || !S_ISDIR(folder.st_mode) ||

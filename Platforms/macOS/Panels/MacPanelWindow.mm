@@ -45,14 +45,14 @@ MacPanelWindow::MacPanelWindow(std::uint32_t displayID, const Rect& frame,
     , panel_(make(frame, input_))
     , dock_(attemptToFill(panel_, input_))
     , frames_(dock_, [&listener] { listener.frameDue(); }) {
-    // Nobody sees it but assistive technology.
+    // The title is only for assistive technology.
     attempt("setTitle",
             [&] { panel_.title = toNSString("Vireline dock #" + std::to_string(displayID)); });
     placeDock();
     observe();
 }
 
-/// After any of these the window may have been moved, or show what is out of date.
+/// After any of these notifications, the window may have been moved, or may show outdated contents.
 void MacPanelWindow::observe() {
     const auto changed = lifetime_.guard([this](NSNotification*) { restore(); });
     subscriptions_.push_back(
@@ -80,8 +80,8 @@ void MacPanelWindow::setFrame(const Rect& frame, bool animate) {
     lookAtPointerSoon();
 }
 
-/// An animation that runs already is replaced: it would go on to where the window no longer
-/// belongs.
+/// Goes through the animator even without animation, to replace an animation that is running: that
+/// would move the window to an outdated frame.
 void MacPanelWindow::applyFrame(bool animate) {
     const NSRect extent = toCGRect(overhang_.around(frame_));
     const auto arrived = lifetime_.guard([this] { lookAtPointerSoon(); });
@@ -103,9 +103,9 @@ void MacPanelWindow::setHostedFrame(const Rect& frame) {
     placeDock();
 }
 
-/// The dock's view is as large as what it draws; its coordinates are those of the hosted view.
-/// While an animation changes the window's width, a view that is measured from the left would move
-/// with the left edge: where the right edge stays, the view keeps its distance from that one.
+/// The dock's view includes the overhang; its coordinates are those of the hosted view. While an
+/// animation changes the window's width with the right edge fixed, the view must keep its distance
+/// from that edge, or it would move with the left one.
 void MacPanelWindow::placeDock() {
     const Rect inWindow{hostedFrame_.x + overhang_.left, hostedFrame_.y + overhang_.bottom,
                         hostedFrame_.width, hostedFrame_.height};
@@ -161,8 +161,8 @@ void MacPanelWindow::orderOut() {
     input_->hidden();
 }
 
-/// A window that comes to lie under the pointer, or that is taken away from under it, hears nothing
-/// from the system before the pointer moves.
+/// If the window moves under the pointer or away from it, the system sends no event until the
+/// pointer moves.
 void MacPanelWindow::lookAtPointerSoon() {
     const auto look = lifetime_.guard([this] { lookAtPointer(); });
     dispatch_async(dispatch_get_main_queue(), ^{
@@ -198,7 +198,7 @@ void MacPanelWindow::popUpMenu(const Menu& menu, const MenuPlace& place, MenuClo
 }
 
 void MacPanelWindow::menuClosed(std::optional<std::size_t> chosen, const MenuClosed& onClose) {
-    // The menu owns the callback, and what it does may end this window.
+    // Copied, since the menu owns the callback, and calling it may destroy this window.
     const MenuClosed tell = onClose;
     menu_.reset();
     const auto [at, isHere] = attemptOr(std::pair{Point{}, false}, "mouseLocation", [this] {

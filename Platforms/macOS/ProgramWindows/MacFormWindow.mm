@@ -31,7 +31,7 @@ NSScrollView* scrolling(NSView* content, Size size) {
     return view;
 }
 
-/// The row of the same field, taken out of `rows`; null when there is none.
+/// Moves the row with this field out of `rows`; null if there is none.
 std::unique_ptr<FormRowView> take(std::vector<std::unique_ptr<FormRowView>>& rows,
                                   SettingsField field) {
     const auto found =

@@ -1,4 +1,4 @@
-/// Items in the menu bar.
+/// Status items in the menu bar.
 #pragma once
 
 #include "Platform/StatusBar.hpp"
@@ -7,7 +7,7 @@ namespace vireline::macos {
 
 class MenuBar final : public StatusBar {
 public:
-    /// In a full menu bar an item has no place until the user makes some.
+    /// If the menu bar is full, the item is not visible until there is room.
     [[nodiscard]] std::unique_ptr<StatusItem> makeStatusItem(StatusItemListener& listener) override;
 };
 

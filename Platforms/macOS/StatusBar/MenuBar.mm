@@ -10,7 +10,7 @@
 
 #include <utility>
 
-/// Hears that a menu is about to open.
+/// Reports when a menu is about to open.
 @interface VirelineMenuWatch : NSObject <NSMenuDelegate>
 - (instancetype)initWithFunction:(std::function<void()>)onOpening;
 @end
@@ -66,7 +66,8 @@ public:
     void setMenu(const Menu& menu) override {
         menu_ = menu;
         attempt("status item's menu", [this] {
-            // Both end with the item, and so before the listener does.
+            // The callbacks of menu and delegate do nothing once the item is gone, so they never
+            // outlive the listener.
             NSMenu* const shown = toNSMenu(
                 menu_, lifetime_.guard([this](std::size_t i) { listener_.menuItemChosen(i); }));
             watch_ = [[VirelineMenuWatch alloc]
