@@ -1,7 +1,6 @@
-"""Changes the kit's rules in one small place after the other and sees whether its tests notice.
+"""Mutation test of the kit's rules; see script/mutate for how to use it.
 
-Works on copies of the sources below build/mutants, one for each worker, and never on the checkout.
-script/mutate says how it is used.
+Works on copies of the sources in build/mutants, one for each worker, and never changes the checkout.
 """
 
 import argparse
@@ -24,11 +23,11 @@ LAST = WORK / "outcomes.json"
 EQUIVALENT = ROOT / "Tests" / "Kit" / "EquivalentMutants.txt"
 REQUIRED_SHARE = 0.95
 
-# What a copy is made of.
+# What is copied.
 PARTS = ["CMakeLists.txt", "cmake", "VirelineKit", "Tests/CMakeLists.txt", "Tests/Kit", "Tests/Storm",
          "Tests/Support"]
 
-# The rules, and the few values that hold numbers or arithmetic.
+# The kit's rules, and the few values that contain numbers or arithmetic.
 RULES = """
 Layout/DockEdge.hpp
 Layout/DockLocationDetector.cpp
@@ -59,15 +58,15 @@ ProgramWindows/OnboardingView.cpp
 ProgramWindows/SettingsView.cpp
 """.split()
 
-# A mutant that takes longer, or more memory, is caught: tests run in a fraction of that.
+# A mutant that exceeds one of these limits counts as caught. The tests normally need a fraction of them.
 PROCESSOR_SECONDS = 20
 WALL_SECONDS = 120
 ADDRESS_SPACE = 2 << 30
 
-# More of the units that name a header are only built when the nearest do not catch a change of it.
+# How many of the units that include a header are tried before building all units.
 MOST_NEAR_UNITS = 8
 
-# The quicker one, if it is there.
+# The fastest linker that is installed.
 LINKER = ["-fuse-ld=lld"] if shutil.which("ld.lld") else ["-fuse-ld=gold"] if shutil.which("ld.gold") else []
 
 OUTER_HEADERS = """algorithm array cmath cstdint functional map memory nlohmann/json.hpp optional ostream ranges
@@ -79,8 +78,8 @@ BINARY = {
 }
 WORDS = {"true": "false", "false": "true", "min": "max", "max": "min"}
 
-# clang-format puts blanks around a binary operator and none behind a unary one or in a template's
-# list, which tells them apart.
+# Relies on clang-format: binary operators have blanks around them, unary operators and template brackets do
+# not.
 TOKENS = re.compile(
     r"(?<=\s)(?P<binary><=|>=|==|!=|&&|\|\||[-+*/]=|[<>+*/%-])(?=\s)"
     r"|(?P<step>\+\+|--)(?=\w)"
@@ -103,7 +102,7 @@ class Mutant:
     text: str
     old: str
     new: str
-    # Which of the same tokens on the line it is, from 1.
+    # The number of the token among the same tokens on the line, from 1.
     occurrence: int
 
     @property
@@ -117,7 +116,7 @@ class Mutant:
 
 
 def changed_number(text):
-    """One more for a whole number, a tenth more for a fraction."""
+    """Adds 1 to a whole number, and 10 % to a fraction."""
     if text.startswith("0x"):
         return "(1 + " + text + ")"
     if re.fullmatch(r"\d+", text):
@@ -147,7 +146,7 @@ def mutants_of(path):
         start = match.start(kind)
         begin = source.rfind("\n", 0, start) + 1
         text = source[begin:source.find("\n", start)].strip()
-        # How much room is made beforehand changes nothing.
+        # Reserving memory has no visible effect.
         if ".reserve(" in text:
             continue
         old = match[kind]
@@ -158,7 +157,7 @@ def mutants_of(path):
 
 
 def read_equivalents():
-    """The reason by the mutant's key."""
+    """{key of the mutant: reason}"""
     reasons = {}
     if not EQUIVALENT.exists():
         return reasons
@@ -173,13 +172,13 @@ def read_equivalents():
 
 
 class Worker:
-    """A copy of the sources with a build folder of its own."""
+    """A copy of the sources, with its own build folder."""
 
     def __init__(self, number):
         self.folder = WORK / str(number)
         self.source = self.folder / "source"
         self.build = self.folder / "build"
-        # There while the build folder may hold what was built from a mutant.
+        # Exists while the build folder may contain objects of a mutant.
         self.mark = self.folder / "at work"
         # Units whose objects were last built from a mutant.
         self.stale = set()
@@ -191,7 +190,7 @@ class Worker:
                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT, **options)
 
     def prepare(self, jobs):
-        """Starts over if the last run was interrupted."""
+        """Copies and builds the sources, from scratch if the last run was interrupted."""
         if self.mark.exists():
             shutil.rmtree(self.build, ignore_errors=True)
         self.build.mkdir(parents=True, exist_ok=True)
@@ -220,7 +219,7 @@ class Worker:
             sys.exit(f"the tests fail without any change:\n{failure}")
 
     def precompile(self):
-        """Most of the time for a unit of the kit goes into the headers of others."""
+        """Precompiles the library headers, which take most of a unit's compile time."""
         header = self.folder / "outer.hpp"
         header.write_text("".join(f"#include <{name}>\n" for name in OUTER_HEADERS))
         flags = shlex.split(next(c for unit, c in self.commands.items() if unit.startswith("VirelineKit")))
@@ -231,14 +230,14 @@ class Worker:
             sys.exit(made.stdout)
 
     def libraries_of_the_tests(self):
-        """The kit's and the fakes' objects are linked directly: that spares an archive each time."""
+        """The libraries to link besides the project's own, whose objects are linked directly to save archiving them."""
         commands = self.run(["ninja", "-t", "commands", "KitTests"]).stdout.splitlines()
         link = next(c for c in reversed(commands) if " -o Tests/KitTests " in c)
         words = shlex.split(link.split(" -o Tests/KitTests ")[1].split(" && ")[0])
         return [word for word in words if "libVireline" not in word]
 
     def copy_sources(self):
-        """Leaves files that are the same untouched, so that nothing is built anew for them."""
+        """Copies only files that have changed, so that nothing else is rebuilt."""
         listed = subprocess.run(["git", "ls-files", "-co", "--exclude-standard", *PARTS], cwd=ROOT,
                                 capture_output=True, text=True, check=True).stdout.split()
         wanted = {name for name in listed if (ROOT / name).exists()}
@@ -263,7 +262,8 @@ class Worker:
             return self.judge(mutant)
         finally:
             file.write_text(original)
-            # Of one file's mutants the next one replaces what this one left, unless all was built.
+            # Objects of this mutant need not be rebuilt: those of the next mutant of the same file replace
+            # them. Unless everything was built.
             if len(self.stale) == len(self.objects):
                 self.restore()
 
@@ -272,9 +272,9 @@ class Worker:
         tests = [f"*{subject}*", f"-*{subject}*"]
         if not mutant.path.endswith(".hpp"):
             return self.judge_with([f"VirelineKit/{mutant.path}"], tests)
-        # A header takes long to build with all that include it. What its own unit and its own tests
-        # make of the change, or else the kit's units that name it, is enough to call it caught: linked
-        # in front of all others, their copies of its functions are those that the whole program uses.
+        # Building everything that includes a header takes long. So first build only the header's own unit and
+        # its tests, then also some of the kit's units that include it. They are linked first, so the program
+        # uses their copies of the header's inline functions.
         for units in (*self.nearest_units(mutant.path), list(self.objects)):
             outcome = self.judge_with(units, tests) if units else "survived"
             if outcome != "survived":
@@ -303,14 +303,14 @@ class Worker:
         return "survived" if self.link_and_test(tests, units) is None else "caught"
 
     def compile(self, unit):
-        # It is made with the kit's flags, which are not the tests'.
+        # The precompiled header was made with the kit's flags, which differ from the tests'.
         precompiled = ["-include-pch", str(self.folder / "outer.hpp.pch")]
         return self.run([*shlex.split(self.commands[unit]), "-o", self.objects[unit],
                          *(precompiled if unit.startswith("VirelineKit/") else []),
                          "-c", str(self.source / unit)])
 
     def link_and_test(self, tests, front=()):
-        """What failed; nothing when all passed."""
+        """The output of the failed tests; None if all passed."""
         program = self.folder / "KitTests"
         units = [*front, *(unit for unit in self.objects if unit not in front)]
         linked = self.run(["clang++-19", *LINKER, "-o", str(program),
@@ -324,7 +324,7 @@ class Worker:
         return None
 
     def restore(self):
-        """Builds what still stands as a mutant left it."""
+        """Rebuilds the objects that were built from a mutant."""
         for unit in self.stale:
             (self.build / self.objects[unit]).unlink(missing_ok=True)
         self.ninja(*[self.objects[unit] for unit in self.stale])
@@ -335,7 +335,7 @@ class Worker:
         self.mark.unlink()
 
     def test(self, tests, program):
-        """What failed; nothing when all passed."""
+        """The output of the failed tests; None if all passed."""
         def bounded():
             resource.setrlimit(resource.RLIMIT_CPU, (PROCESSOR_SECONDS, PROCESSOR_SECONDS))
             resource.setrlimit(resource.RLIMIT_AS, (ADDRESS_SPACE, ADDRESS_SPACE))
@@ -349,8 +349,8 @@ class Worker:
 
 
 def judge_all(mutants, workers, known):
-    """By file, so that a worker builds little anew from one mutant to the next. Every outcome is kept
-    at once in `known`, by the mutant's key, and on the disk."""
+    """Distributes the mutants by file, so that a worker rebuilds little from one mutant to the next.
+    Stores every outcome at once in `known`, by the mutant's key, and on disk."""
     free = queue.Queue()
     for worker in workers:
         free.put(worker)
@@ -380,7 +380,7 @@ def judge_all(mutants, workers, known):
 
 
 def report(mutants, known, equivalents):
-    """Whether enough of them were caught, and the file of equivalents is current."""
+    """Returns whether enough mutants were caught and the list of equivalent ones is current."""
     outcomes = {mutant: known[mutant.key] for mutant in mutants}
     judged = [m for m in mutants if outcomes[m] != "not C++"]
     survivors = [m for m in judged if outcomes[m] == "survived"]

@@ -1,9 +1,9 @@
-"""Puts one-line bugs into the macOS platform, one after the other, and sees whether its tests on paper
-notice: flipped comparisons, retain cycles, missing removes and calls, wrong selectors, wrong order,
-missing guards and attempts.
+"""Mutation test of the macOS platform: inserts one-line bugs, one at a time, and checks that its tests on paper
+fail. The bugs are flipped comparisons, retain cycles, missing removes and calls, wrong selectors and names,
+wrong order, missing guards and attempts. See script/mutate for how to use it.
 
-The checkout is never touched: the changed file is compiled beside it and linked with the objects of the
-paper build. script/mutate says how it is used.
+Never changes the checkout: a changed copy of the file is compiled and linked with the objects of the paper
+build.
 """
 
 import argparse
@@ -29,8 +29,9 @@ PLATFORM = ROOT / "Platforms" / "macOS"
 EQUIVALENT = ROOT / "Tests" / "Paper" / "EquivalentMutants.txt"
 HELPERS = ROOT / "script" / "lib" / "StrongForWeak.hpp"
 TEST_SECONDS = 300
-# Tests of the fakes, one that is another every time, and the slowest, which look at the kit most.
-LEFT_OUT = ["-OneCallFails", "-FakeFiles", "-FakeWatch", "-VirtualTime", "-OfToday"]
+# Excluded: tests of the fakes, a storm with a random seed, and the slowest tests, which mostly
+# test the kit.
+EXCLUDED_TESTS = ["-OneCallFails", "-FakeFiles", "-FakeWatch", "-VirtualTime", "-OfToday"]
 
 UNDOING = r"remove|invalidate|cancel|close|unlink|Invalidate|Remove|reset\(|orderOut|erase|pop_back|clear\(|= nil;"
 # A statement on a line of its own: a message, a call, or a property that is set.
@@ -51,10 +52,11 @@ RULES = [
 ]
 
 
-# Lines that say something to the compiler alone, or make room beforehand, or guard against what is not.
+# Lines without effect at run time: assertions for the compiler, reserved memory, and guards against failed
+# allocations.
 SKIPPED = ("static_assert", ".reserve(", "self == nil")
 
-# How many of each kind a run takes.
+# How many bugs of each kind a run tries.
 SHARES = {"retain cycle": 12, "wrong selector": 8, "wrong name": 10, "missing remove": 24, "missing attempt": 8,
           "missing guard": 16, "wrong order": 6, "missing call": 20, "flip": 26}
 
@@ -73,7 +75,7 @@ def at(path, source, start, old, new, kind, seen):
 def mutants_of(file):
     source = file.read_text()
     path = str(file.relative_to(PLATFORM))
-    # Strings stay: names of calls tell an attempt. Comments do not.
+    # Blank out comments, but keep strings: a pattern needs the call's name in an attempt.
     code = re.sub(r"//[^\n]*", lambda found: " " * len(found[0]), source)
     found, seen = [], {}
     for kind, pattern, new in RULES:
@@ -84,7 +86,7 @@ def mutants_of(file):
     for match in TOKENS.finditer(hidden(source)):
         kind = "number" if match.lastgroup == "suffix" else match.lastgroup
         line = source[source.rfind("\n", 0, match.start()) + 1:source.find("\n", match.start())]
-        # Template brackets and blocks look like operators here; room made beforehand changes nothing.
+        # Template brackets and blocks look like operators here, and reserving memory has no visible effect.
         if any(word in line for word in (*SKIPPED, "template", "#include")) or line.startswith(("- (", "+ (")):
             continue
         found.append(at(path, source, match.start(kind), match[kind], replacement(kind, match[kind]), "flip", seen))
@@ -113,7 +115,7 @@ def key(kind, mutant):
 
 
 def sample(mutants, share):
-    """The same ones every time, whatever else changes, by a hash of what they are; of each kind so many."""
+    """A fixed number of each kind, chosen by a hash, so that the sample is stable when code changes elsewhere."""
     ordered = sorted(mutants, key=lambda m: hashlib.sha256(key(*m).encode()).hexdigest())
     taken = {}
     chosen = []
@@ -125,7 +127,7 @@ def sample(mutants, share):
 
 
 def read_equivalents():
-    """The reason by the mutant's key."""
+    """{key of the mutant: reason}"""
     lines = EQUIVALENT.read_text().splitlines() if EQUIVALENT.exists() else []
     pairs = [line.rsplit(" | ", 1) for line in lines if line.strip() and not line.startswith("#")]
     return {name.strip(): reason for name, reason in pairs}
@@ -135,7 +137,7 @@ class Bench:
     """Compiles, links and tests mutants with the objects of the paper build."""
 
     def __init__(self):
-        # Copies, so that work can go on in the checkout meanwhile.
+        # A copy, so that the checkout can be used in the meantime.
         shutil.rmtree(OBJECTS, ignore_errors=True)
         WORK.mkdir(parents=True, exist_ok=True)
         shutil.copytree(BUILD, OBJECTS, symlinks=True)
@@ -150,12 +152,12 @@ class Bench:
                               capture_output=True, check=True).stdout.splitlines()
         self.link = next(c for c in reversed(made) if " -o Tests/Paper/PaperTests " in c)
         self.link = self.link.split(" && ")[1]
-        # How often a test has caught a bug: those that do come first.
+        # How many bugs each test has caught. Those with the most run first.
         self.catches = {}
         self.lock = threading.Lock()
 
     def outcome(self, kind, mutant):
-        """"survived", "not C++", or which test caught it."""
+        """Returns "survived", "not C++", or which test caught the bug."""
         folder = WORK / hashlib.sha256(key(kind, mutant).encode()).hexdigest()[:16]
         folder.mkdir(exist_ok=True)
         try:
@@ -186,7 +188,7 @@ class Bench:
     def first_failure(self, program):
         with self.lock:
             first = sorted(self.catches, key=lambda test: -self.catches[test])
-        ran = self.run([str(program), "--gtest_brief=1", "--forked", *LEFT_OUT, *first], TEST_SECONDS)
+        ran = self.run([str(program), "--gtest_brief=1", "--forked", *EXCLUDED_TESTS, *first], TEST_SECONDS)
         if ran is None:
             return "caught as it hangs"
         if ran.returncode == 0:
