@@ -137,7 +137,7 @@ def main():
             print(f"uncovered without a reason: {' | '.join(place)} | {what}")
             holds = False
     for place in sorted(reasons.keys() - left.keys()):
-        print(f"covered, with a reason for the contrary: {' | '.join(place)}")
+        print(f"covered, but listed as uncovered: {' | '.join(place)}")
         holds = False
     return holds
 

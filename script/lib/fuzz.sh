@@ -55,7 +55,7 @@ report_fuzzing() {
             failed=1
         fi
     done
-    ((failed == 0)) || fail "what was found is in build/fuzz/found; each belongs into Tests/Fuzz/Corpus and a test"
+    ((failed == 0)) || fail "the findings are in build/fuzz/found; add each to Tests/Fuzz/Corpus, with a test"
 }
 
 fuzz_figure() {
