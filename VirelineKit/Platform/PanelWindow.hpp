@@ -87,7 +87,7 @@ public:
     /// positions in this interface never include it.
     virtual void setOverhang(const Overhang& overhang) = 0;
 
-    /// Global coordinates.
+    /// In global coordinates.
     virtual void setFrame(const Rect& frame, bool animate) = 0;
 
     /// The frame of the hosted view in the window: points, origin at the window's bottom-left

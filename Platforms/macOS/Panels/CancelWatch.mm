@@ -50,17 +50,17 @@ public:
 
 private:
     void look() {
-        const bool isTakenAway = attemptOr(false, "pressedMouseButtons", [this] {
-            return drag_.isTakenAway({.isEscapeDown = CGEventSourceKeyState(
+        const bool isCancelled = attemptOr(false, "pressedMouseButtons", [this] {
+            return drag_.isCancelled({.isEscapeDown = CGEventSourceKeyState(
                                           kCGEventSourceStateCombinedSessionState, escapeKey),
                                       .isPrimaryDown = (NSEvent.pressedMouseButtons & 1) != 0});
         });
-        if (!isTakenAway)
+        if (!isCancelled)
             return;
         attempt("invalidate", [this] { [timer_ invalidate]; });
         // Copied, since the call may destroy this watch.
-        const auto tell = onCancel_;
-        tell();
+        const auto onCancel = onCancel_;
+        onCancel();
     }
 
     std::function<void()> onCancel_;

@@ -13,7 +13,7 @@ public:
 
     /// Whether the drag was cancelled. A button that is up counts only at the second call in a row:
     /// at the first, the event of its release may still be on its way, and that would be a drop.
-    [[nodiscard]] bool isTakenAway(const Look& look) noexcept {
+    [[nodiscard]] bool isCancelled(const Look& look) noexcept {
         const bool wasUp = isUp_;
         isUp_ = !look.isPrimaryDown;
         return look.isEscapeDown || (wasUp && isUp_);

@@ -29,17 +29,17 @@ public:
     [[nodiscard]] bool isTicking() const noexcept { return isTicking_; }
 
     /// Whether to show a frame now, between ticks.
-    [[nodiscard]] bool fire() noexcept { return take(); }
+    [[nodiscard]] bool fire() noexcept { return consumeRequest(); }
 
     [[nodiscard]] Tick tick() noexcept {
-        if (take())
+        if (consumeRequest())
             return Tick::frame;
         isTicking_ = false;
         return Tick::rest;
     }
 
 private:
-    [[nodiscard]] bool take() noexcept {
+    [[nodiscard]] bool consumeRequest() noexcept {
         const bool wasRequested = isRequested_;
         isRequested_ = false;
         return wasRequested;
