@@ -1,5 +1,5 @@
-/// What all docks cost together: their places made anew when displays change, and their scenes when
-/// the tiles change, by the number of displays and of tiles.
+/// The cost of all docks together, by the number of displays and of tiles: new frames when displays
+/// change, and new scenes when tiles change.
 #include "Displays/DisplayCoordinator.hpp"
 #include "Support/DockFixture.hpp"
 
@@ -12,7 +12,7 @@
 namespace vireline {
 namespace {
 
-/// The program's log goes to standard output, where the benchmarks' report goes as well.
+/// Discards the program's log, which would go to standard output like the benchmarks' report.
 class QuietOutput {
 public:
     QuietOutput() : kept_(dup(STDOUT_FILENO)) {
@@ -48,14 +48,14 @@ public:
         coordinator.start();
     }
 
-    /// Every fourth app runs without being pinned.
+    /// Every fourth app is running and not pinned.
     void setTiles(std::int64_t tiles) {
         constexpr int utility = 2;
         const int apps = static_cast<int>(tiles) - utility;
         dock.setTiles(apps - apps / 4, apps / 4);
     }
 
-    /// Narrower displays move every dock.
+    /// Narrows the displays, which moves every dock.
     void arrange(bool isNarrow) {
         const double width = isNarrow ? 1600 : 1920;
         auto& list = dock.platform.screens.list;
@@ -65,13 +65,13 @@ public:
                                           {2000.0 * static_cast<double>(i), 0, width, 1080}));
     }
 
-    /// The displays' next frame, for which every dock describes what it shows.
+    /// The next frame of all displays, for which every dock builds its scene.
     void showFrame() {
         constexpr double framesPerSecond = 60;
         dock.platform.runLoop.advance(1 / framesPerSecond);
         for (const auto& panel : dock.platform.panelWindows.made) {
             panel->nextFrame();
-            // The fake windows keep all that ever happened to them.
+            // The fake windows record everything that happens to them.
             panel->frameChanges.clear();
         }
     }
@@ -121,7 +121,7 @@ BENCHMARK(reconcileByTiles)
     ->Unit(benchmark::kMicrosecond)
     ->Complexity(benchmark::oN);
 
-/// An app starts or ends: every dock has a tile more or less.
+/// An app starts or exits, so every dock gets or loses a tile.
 void changeTiles(benchmark::State& state, std::int64_t displays, std::int64_t tiles) {
     Docks docks{displays, tiles};
     bool hasMore = false;

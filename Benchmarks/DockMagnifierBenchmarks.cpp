@@ -1,4 +1,4 @@
-/// One movement of the pointer over a magnified dock.
+/// The cost of one pointer movement over a magnified dock.
 #include "Layout/DockMagnifier.hpp"
 
 #include <benchmark/benchmark.h>
@@ -17,7 +17,7 @@ DockOrdering::Counts countsOf(std::int64_t tiles) {
             .utility = utility};
 }
 
-/// Everything that a view asks for to place its tiles anew, result arrays included.
+/// The complete layout of the tiles as a view computes it, including the allocation of the results.
 void wholeLayout(benchmark::State& state) {
     const DockOrdering::Counts counts = countsOf(state.range(0));
     const double baseLength = DockOrdering::stripWidth(counts, iconSize);
@@ -26,7 +26,7 @@ void wholeLayout(benchmark::State& state) {
     const double start = (container - baseLength) / 2;
     double cursor = 0;
     for ([[maybe_unused]] const auto _ : state) {
-        // Another place each time, as a moving pointer has.
+        // Move the pointer in every iteration.
         cursor = cursor < container ? cursor + 7 : 0;
         const auto base = DockMagnifier::baseCenters(counts, iconSize);
         const auto scales = DockMagnifier::scales(base, cursor - start, magnification,

@@ -1,4 +1,4 @@
-/// The merge of pinned and running apps, which every launch and every end of an app asks for.
+/// Merging pinned and running apps, which happens whenever an app launches or exits.
 #include "Model/DockOrdering.hpp"
 
 #include <benchmark/benchmark.h>
@@ -8,7 +8,7 @@
 namespace vireline {
 namespace {
 
-/// `count` apps with identifiers of usual length, from the one numbered `first` on.
+/// `count` apps with identifiers of typical length, numbered from `first` on.
 std::vector<AppRef> apps(std::int64_t first, std::int64_t count) {
     std::vector<AppRef> made;
     for (std::int64_t i = first; i < first + count; ++i) {

@@ -1,5 +1,5 @@
-/// The plan of all panels, made anew with every change of the displays, the settings and the number
-/// of tiles.
+/// Planning all panels, which happens whenever the displays, the settings or the number of tiles
+/// change.
 #include "Layout/PanelPlanner.hpp"
 
 #include <benchmark/benchmark.h>
@@ -7,7 +7,7 @@
 namespace vireline {
 namespace {
 
-/// Displays side by side, besides a first one that holds the desktop's own dock.
+/// `count` displays side by side, and a first one that holds the desktop's own dock.
 std::vector<ScreenSnapshot> displays(std::int64_t count) {
     std::vector<ScreenSnapshot> screens;
     for (std::int64_t i = 0; i <= count; ++i) {

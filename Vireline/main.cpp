@@ -1,4 +1,4 @@
-/// The executable: starts the platform, fixes where the log goes, hands both to the kit and runs.
+/// The executable: starts the platform, prepares the log file, and passes both to the kit.
 
 #include "App/HostPlatform.hpp"
 #include "App/VirelineApp.hpp"

@@ -1,4 +1,4 @@
-# Run by CPack on what is about to be packed: adds the files that Debian wants of every package.
+# Run by CPack before it packs the files: adds those that Debian requires in every package.
 if(NOT CPACK_GENERATOR STREQUAL "DEB")
     return()
 endif()

@@ -1,4 +1,4 @@
-# Libraries from this computer, or, on a Mac, which comes without a package manager, fetched.
+# Finds libraries on this computer, or on a Mac, which has no package manager, downloads them.
 include(FetchContent)
 
 # vireline_find(<package> <version> <url> <sha256>)

@@ -1,4 +1,4 @@
-# What `cpack` makes of a build of the program: a Debian package and an archive of the sources.
+# Configures `cpack` to make a Debian package and an archive of the sources.
 set(CPACK_PACKAGE_NAME vireline)
 set(CPACK_PACKAGE_VENDOR "The Vireline developers")
 set(CPACK_PACKAGE_CONTACT "The Vireline developers <vireline@localhost>")
@@ -12,8 +12,8 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION x11)
-# Names the packages of the libraries that the program is linked with. All that it asks for at run
-# time, such as Qt's part for X11 and the icon theme that icons are installed in, comes with them.
+# Derives dependencies from the libraries that the program is linked with. What it needs at run
+# time, such as Qt's X11 plugin, is installed along with those.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS hicolor-icon-theme)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION

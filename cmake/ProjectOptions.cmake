@@ -1,9 +1,9 @@
-# How every target of the project is compiled.
+# Compile and link options for all targets of the project.
 
 option(VIRELINE_PROGRAM "Build the platform and the executable" ON)
 option(VIRELINE_TESTS "Build the tests" OFF)
-option(VIRELINE_COVERAGE "Have programs count which of their code runs; needs Clang" OFF)
-option(VIRELINE_TOUR "Offer the targets for the tour, the pictures and the measurements" OFF)
+option(VIRELINE_COVERAGE "Measure code coverage; needs Clang" OFF)
+option(VIRELINE_TOUR "Build the targets for the tour, the screenshots and the measurements" OFF)
 option(VIRELINE_BENCHMARKS "Build the benchmarks" OFF)
 option(VIRELINE_SANITIZE "Compile with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
 option(VIRELINE_PAPER "Build the macOS platform on paper classes, and its tests; needs Clang" OFF)
@@ -19,7 +19,7 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
 find_program(CCACHE ccache)
 if(CCACHE)
-    # Without these it caches nothing that begins with a precompiled header.
+    # Required to cache compilations that use a precompiled header.
     set(sloppiness pch_defines,time_macros,include_file_mtime,include_file_ctime)
     set(CMAKE_CXX_COMPILER_LAUNCHER
         ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=${sloppiness} ${CCACHE})
@@ -28,26 +28,28 @@ endif()
 add_library(vireline_options INTERFACE)
 target_compile_options(vireline_options INTERFACE -Wall -Wextra -Wconversion -Werror)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-    # Optimising, GCC 12 warns inside its own std::string and std::variant (its bugs 105651, 105562).
+    # With optimisation, GCC 12 has false warnings in its own std::string and std::variant (GCC bugs
+    # 105651 and 105562).
     target_compile_options(vireline_options INTERFACE -Wno-restrict -Wno-maybe-uninitialized)
 endif()
 
 if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    # In a batch every source is an included file to GCC, and what it keeps to itself looks like a header's.
+    # In a unity build GCC treats every source as an included file, and so warns of its anonymous
+    # namespaces as if they were in a header.
     target_compile_options(vireline_options INTERFACE -Wno-subobject-linkage)
 endif()
 
 if(VIRELINE_COVERAGE)
-    # The counts live in the file itself, so that those of a program that ends early count too.
+    # The counters are mapped to the file, so that those of a process that dies are not lost.
     target_compile_options(vireline_options INTERFACE
         -fprofile-instr-generate -fcoverage-mapping -mllvm -runtime-counter-relocation)
     target_link_options(vireline_options INTERFACE -fprofile-instr-generate)
 endif()
 
 if(VIRELINE_SANITIZE)
-    # A target that has the property LOOKS_FROM_OUTSIDE does nothing itself that needs watching.
-    set(is_watched "$<NOT:$<BOOL:$<TARGET_PROPERTY:LOOKS_FROM_OUTSIDE>>>")
-    target_compile_options(vireline_options INTERFACE "$<${is_watched}:\
+    # Targets with the property NOT_SANITIZED only observe other programs.
+    set(is_sanitized "$<NOT:$<BOOL:$<TARGET_PROPERTY:NOT_SANITIZED>>>")
+    target_compile_options(vireline_options INTERFACE "$<${is_sanitized}:\
 -fsanitize=address,undefined;-fno-sanitize-recover=all;-fno-omit-frame-pointer>")
     target_link_options(vireline_options INTERFACE -fsanitize=address,undefined)
 endif()
@@ -58,7 +60,7 @@ if(VIRELINE_FUZZ)
 endif()
 
 if(CMAKE_BUILD_TYPE STREQUAL "Release")
-    # What is handed on names no folder of the machine that built it.
+    # Keeps the build machine's folders out of the binary.
     target_compile_options(vireline_options INTERFACE -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
 endif()
 
@@ -72,7 +74,7 @@ if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT APPLE)
     check_pie_supported(LANGUAGES CXX)
 endif()
 
-# Adds a static library made of every source file below the current folder.
+# vireline_library(<name>): a static library of all sources in and below the current folder.
 function(vireline_library name)
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS *.cpp *.hpp *.mm)
     add_library(${name} STATIC ${sources})
@@ -80,8 +82,8 @@ function(vireline_library name)
     target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
 endfunction()
 
-# What is no platform's own is only linked by a cross-build, or on paper, with what is: it has been
-# compiled file by file before, and here takes a fraction of the time.
+# vireline_build_at_once(<name>): makes cross-builds and builds on paper compile a platform-independent
+# library as a unity build. Other builds already check its files one by one.
 function(vireline_build_at_once name)
     if(CMAKE_CROSSCOMPILING OR VIRELINE_PAPER)
         set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)

@@ -1,5 +1,5 @@
-/// One frame of a magnified dock, from the pointer's movement to the pixels on their way to the
-/// server: the processor time of all threads, and what it allocates.
+/// One frame of a magnified dock, from the pointer movement until the pixels have been sent to the
+/// server: the processor time of all threads, and the number of allocations.
 #include "App/XcbApplication.hpp"
 #include "Displays/DockPanel.hpp"
 #include "Displays/RandrScreens.hpp"
@@ -26,7 +26,7 @@ std::atomic<std::int64_t> allocations{0};
 
 }
 
-// Below them there are no owners.
+// Replacements of the global allocation functions cannot use owning types.
 // NOLINTBEGIN(cppcoreguidelines-owning-memory)
 void* operator new(std::size_t size) {
     allocations.fetch_add(1, std::memory_order_relaxed);
@@ -47,7 +47,7 @@ void operator delete(void* memory, std::size_t /*size*/) noexcept {
 namespace vireline::x11 {
 namespace {
 
-/// The platform's windows, with a line to what they report to.
+/// Creates the platform's windows, and gives access to their listeners.
 class TappedWindows final : public PanelWindows {
 public:
     explicit TappedWindows(PanelWindows& windows) : windows_(windows) {}
@@ -103,7 +103,7 @@ struct Server {
 constexpr int utilityTiles = 2;
 constexpr double magnification = 2;
 
-/// A dock's tiles, the length of its window and where the pointer goes in it; points.
+/// A dock's tiles, the length of its window and the path of the pointer in it, in points.
 struct Dock {
     int tiles = 0;
     double iconSize = 44;
@@ -153,7 +153,7 @@ void magnifyFrames(benchmark::State& state, const Dock& dock, double scale) {
         const auto before = allocations.load();
         tapped.move({x, 100});
         QCoreApplication::processEvents();
-        // The frame clock holds frames back to the display's pace.
+        // The frame clock limits frames to the display's refresh rate.
         timespec pause{0, 17'000'000};
         nanosleep(&pause, nullptr);
         QCoreApplication::processEvents();
@@ -176,8 +176,8 @@ BENCHMARK(magnifiedFrame)
     ->Iterations(200)
     ->Unit(benchmark::kMicrosecond);
 
-/// Icons of the size that a dock with very many tiles has, whatever their number, and a window as
-/// long as they are together.
+/// Always uses the icon size of a dock with very many tiles, and a window that is as long as all
+/// tiles.
 void frameByTiles(benchmark::State& state) {
     Dock dock{.tiles = static_cast<int>(state.range(0)), .iconSize = DockMetrics::minIconSize};
     const double strip =

@@ -1,4 +1,4 @@
-# Vireline.app around the executable, and the disk image that it is handed on in.
+# Makes Vireline.app from the executable, and a disk image with it.
 
 set(VIRELINE_BUNDLE_IDENTIFIER org.vireline.Vireline)
 
@@ -15,7 +15,7 @@ function(vireline_bundle executable)
 
     find_program(CODESIGN codesign)
     if(CODESIGN)
-        # Signed to run locally: by nobody, but whole.
+        # An ad-hoc signature, which suffices to run the bundle on this Mac.
         add_custom_command(TARGET ${executable} POST_BUILD
             COMMAND ${CODESIGN} --force --sign - --identifier ${VIRELINE_BUNDLE_IDENTIFIER}
                 $<TARGET_BUNDLE_DIR:${executable}>
@@ -24,7 +24,7 @@ function(vireline_bundle executable)
     vireline_disk_image(${executable})
 endfunction()
 
-# The target dmg makes Vireline.dmg: the bundle beside a link to the folder that it belongs in.
+# Adds the target dmg, which makes a disk image with the bundle and a link to /Applications.
 function(vireline_disk_image executable)
     find_program(HDIUTIL hdiutil)
     if(NOT HDIUTIL)

@@ -13,30 +13,30 @@ TEST(DragWatch, GoesOnWhileTheButtonIsHeld) {
     DragWatch drag;
 
     for (int i = 0; i < 5; ++i)
-        EXPECT_FALSE(drag.isTakenAway(held));
+        EXPECT_FALSE(drag.isCancelled(held));
 }
 
 TEST(DragWatch, EscapeEndsIt) {
     DragWatch drag;
-    EXPECT_FALSE(drag.isTakenAway(held));
+    EXPECT_FALSE(drag.isCancelled(held));
 
-    EXPECT_TRUE(drag.isTakenAway(escape));
+    EXPECT_TRUE(drag.isCancelled(escape));
 }
 
 TEST(DragWatch, AReleaseHasATurnToArrive) {
     DragWatch drag;
 
-    EXPECT_FALSE(drag.isTakenAway(released));
+    EXPECT_FALSE(drag.isCancelled(released));
 
-    EXPECT_TRUE(drag.isTakenAway(released));
+    EXPECT_TRUE(drag.isCancelled(released));
 }
 
 TEST(DragWatch, AButtonThatIsDownAgainCountsAsHeld) {
     DragWatch drag;
-    EXPECT_FALSE(drag.isTakenAway(released));
-    EXPECT_FALSE(drag.isTakenAway(held));
+    EXPECT_FALSE(drag.isCancelled(released));
+    EXPECT_FALSE(drag.isCancelled(held));
 
-    EXPECT_FALSE(drag.isTakenAway(released));
+    EXPECT_FALSE(drag.isCancelled(released));
 }
 
 }

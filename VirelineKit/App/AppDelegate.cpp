@@ -75,7 +75,7 @@ void AppDelegate::connect() {
         lifetime_.guard([this](const std::vector<Rect>& zones) { anchorGuard_.setZones(zones); });
     coordinator_.onDisplayFramesChanged = lifetime_.guard(
         [this](const std::vector<Rect>& frames) { anchorGuard_.setDisplays(frames); });
-    guardAsSet();
+    applyAnchorSetting();
     activator_.windowMover = &windowMover_;
     activator_.settings =
         lifetime_.guardOr(Settings{}, [this]() -> const Settings& { return store_.settings(); });
@@ -106,7 +106,7 @@ void AppDelegate::seedModel() {
     model_.magnification.set(effectiveMagnification(store_.settings()));
 }
 
-void AppDelegate::guardAsSet() {
+void AppDelegate::applyAnchorSetting() {
     if (store_.settings().anchorAppleDock)
         anchorGuard_.enable();
     else
@@ -115,7 +115,7 @@ void AppDelegate::guardAsSet() {
 
 void AppDelegate::settingsChanged() {
     seedModel();
-    guardAsSet();
+    applyAnchorSetting();
     resolver_.emit();
     coordinator_.reconcile();
 }

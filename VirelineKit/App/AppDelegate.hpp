@@ -47,7 +47,7 @@ private:
     void showSettings();
     void showOnboarding();
     void connect();
-    void guardAsSet();
+    void applyAnchorSetting();
     void seedModel();
     void settingsChanged();
     void pinnedListChanged(const std::vector<AppRef>& pinned);

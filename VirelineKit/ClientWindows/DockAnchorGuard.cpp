@@ -12,7 +12,7 @@ namespace vireline {
 namespace {
 
 constexpr double permissionPollInterval = 2;
-/// While active. A permission that is withdrawn must be noticed without the system saying so.
+/// While active: the system does not announce that the permission was withdrawn.
 constexpr double permissionCheckInterval = 5;
 
 }
@@ -32,13 +32,13 @@ void DockAnchorGuard::setDisplays(std::vector<Rect> displays) {
 void DockAnchorGuard::enable() {
     if (tap_)
         return;
-    if (mayTap())
+    if (isTapPermitted())
         startTap();
     else if (!permissionPoll_)
         waitForPermission();
 }
 
-bool DockAnchorGuard::mayTap() const {
+bool DockAnchorGuard::isTapPermitted() const {
     return !taps_.needPermission() || accessibility_.isTrusted();
 }
 
@@ -46,30 +46,30 @@ void DockAnchorGuard::waitForPermission() {
     status_.set(Status::waitingForPermission);
     accessibility_.isTrustedWithPrompt();
     DevLog::write("anchor guard: requested Accessibility permission");
-    lookEvery(permissionPollInterval);
+    pollPermission(permissionPollInterval);
 }
 
-void DockAnchorGuard::lookEvery(double seconds) {
+void DockAnchorGuard::pollPermission(double seconds) {
     if (!taps_.needPermission())
         return;
     permissionPoll_ = runLoop_.every(seconds, lifetime_.guard([this] { checkPermission(); }));
 }
 
 void DockAnchorGuard::checkPermission() {
-    const bool may = mayTap();
-    if (tap_ && !may)
+    const bool isPermitted = isTapPermitted();
+    if (tap_ && !isPermitted)
         permissionWithdrawn();
-    else if (!tap_ && may)
+    else if (!tap_ && isPermitted)
         startTap();
 }
 
-/// A tap without the permission is never enabled again: the system disables it each time, and holds
-/// up the pointer of the whole session meanwhile.
+/// A tap without permission must not be enabled again: the system would disable it each time, and
+/// block the pointer of the whole session meanwhile.
 void DockAnchorGuard::permissionWithdrawn() {
     tap_.reset();
     status_.set(Status::waitingForPermission);
     DevLog::write("anchor guard: Accessibility permission withdrawn");
-    lookEvery(permissionPollInterval);
+    pollPermission(permissionPollInterval);
 }
 
 void DockAnchorGuard::startTap() {
@@ -78,14 +78,14 @@ void DockAnchorGuard::startTap() {
         if (!std::exchange(hasFailed_, true))
             DevLog::write("anchor guard: tap creation failed, staying in waiting state");
         status_.set(Status::waitingForPermission);
-        lookEvery(permissionPollInterval);
+        pollPermission(permissionPollInterval);
         return;
     }
     hasFailed_ = false;
     tap_ = *std::move(tap);
     tap_->setEnabled(true);
     status_.set(Status::active);
-    lookEvery(permissionCheckInterval);
+    pollPermission(permissionCheckInterval);
     DevLog::write("anchor guard active, " + std::to_string(zones_.size()) + " zones");
 }
 
@@ -98,7 +98,7 @@ PointerRule DockAnchorGuard::rule() const {
 void DockAnchorGuard::tapDisabled() {
     if (!tap_)
         return;
-    if (mayTap())
+    if (isTapPermitted())
         tap_->setEnabled(true);
     else
         permissionWithdrawn();

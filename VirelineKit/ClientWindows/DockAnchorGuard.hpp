@@ -1,5 +1,5 @@
-/// Keeps the desktop's own dock on its display: a pointer that would pull it onto another one, by
-/// being pushed against that display's bottom edge, never reaches the edge.
+/// Keeps the desktop's own dock on its display. That dock moves to a display when the pointer
+/// pushes against its bottom edge, so the guard keeps the pointer off those edges.
 #pragma once
 
 #include "Foundation/Geometry.hpp"
@@ -23,7 +23,7 @@ class DockAnchorGuard {
 public:
     enum class Status {
         off,
-        waitingForPermission, ///< the user was asked, or the system gave no tap or took it back
+        waitingForPermission, ///< the user was asked, or the tap failed or was revoked
         active,
     };
 
@@ -35,10 +35,11 @@ public:
     DockAnchorGuard& operator=(DockAnchorGuard&&) = delete;
     ~DockAnchorGuard() = default;
 
-    /// The bands that the pointer is kept out of, in event space; replaced whole, in any state.
+    /// Sets the bands that the pointer is kept out of, in event space. May be called in any state.
     void setZones(std::vector<Rect> zones);
 
-    /// All displays' frames, likewise: the pointer may go from one to the next.
+    /// Sets the frames of all displays, in event space: the pointer may cross a band to reach
+    /// another display.
     void setDisplays(std::vector<Rect> displays);
 
     [[nodiscard]] Status status() const noexcept { return status_.get(); }
@@ -48,19 +49,19 @@ public:
         return status_.observe(std::move(listener));
     }
 
-    /// Starts guarding, or asks for the permission and starts once it is granted.
+    /// Starts guarding, or requests the permission and starts once it is granted.
     void enable();
 
     void disable();
 
 private:
-    [[nodiscard]] bool mayTap() const;
+    [[nodiscard]] bool isTapPermitted() const;
     void waitForPermission();
-    void lookEvery(double seconds);
+    void pollPermission(double seconds);
     void checkPermission();
     void permissionWithdrawn();
     void startTap();
-    /// With copies of its own, since the tap asks it on any thread.
+    /// The rule has its own copies of the data, since the tap may call it on any thread.
     [[nodiscard]] PointerRule rule() const;
     void tapDisabled();
 
@@ -70,11 +71,11 @@ private:
     std::vector<Rect> zones_;
     std::vector<Rect> displays_;
     Observable<Status> status_{Status::off};
-    /// Exists exactly while `status` is `active`.
+    /// Set if and only if `status` is `active`.
     std::unique_ptr<PointerTap> tap_;
-    /// Looks at the permission as long as the guard is enabled and taps need one.
+    /// Polls the permission while the guard is enabled, if taps need one.
     Timer permissionPoll_;
-    /// The last tap asked for was refused, which the log says once.
+    /// The last attempt to create a tap failed. Used to log consecutive failures only once.
     bool hasFailed_ = false;
     Lifetime lifetime_;
 };

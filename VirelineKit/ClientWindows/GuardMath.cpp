@@ -6,14 +6,14 @@
 namespace vireline::GuardMath {
 namespace {
 
-/// More than rounding can be off by, and less than any display is high; points.
+/// A tolerance in points: larger than any rounding error, smaller than any display's height.
 constexpr double rounding = 0.5;
 
 bool spans(const Rect& rect, double x) noexcept {
     return rect.minX() <= x && x < rect.maxX();
 }
 
-/// Of the lowest display that ends above the point; null if there is none.
+/// The lowest display that ends above the point; null if there is none.
 const Rect* lowestAbove(Point point, std::span<const Rect> displays) noexcept {
     const Rect* lowest = nullptr;
     for (const Rect& display : displays) {
@@ -24,8 +24,8 @@ const Rect* lowestAbove(Point point, std::span<const Rect> displays) noexcept {
     return lowest;
 }
 
-/// Another display begins where the band's own ends.
-bool leadsOn(const Rect& zone, double x, std::span<const Rect> displays) noexcept {
+/// Whether another display begins below the band.
+bool leadsToDisplay(const Rect& zone, double x, std::span<const Rect> displays) noexcept {
     const Point top{x, zone.minY()};
     const Point below{x, zone.maxY() + rounding};
     return std::ranges::any_of(displays, [&](const Rect& display) {
@@ -72,7 +72,7 @@ std::optional<Point> clamp(Point point, std::span<const Rect> zones,
                            std::span<const Rect> displays) noexcept {
     const auto isHere = [&](const Rect& rect) { return rect.contains(point); };
     if (const auto zone = std::ranges::find_if(zones, isHere); zone != zones.end())
-        return leadsOn(*zone, point.x, displays) ? std::nullopt : clamp(point, {&*zone, 1});
+        return leadsToDisplay(*zone, point.x, displays) ? std::nullopt : clamp(point, {&*zone, 1});
     if (std::ranges::any_of(displays, isHere))
         return std::nullopt;
     const Rect* const above = lowestAbove(point, displays);

@@ -9,8 +9,8 @@ namespace vireline {
 namespace {
 
 constexpr double retryInterval = 0.4;
-/// For so long a program that let a question time out is asked nothing: each question stops the
-/// docks.
+/// How long a program is not called after a call to it has timed out, since every such call blocks
+/// the docks.
 constexpr double hungPause = 5;
 
 const ScreenSnapshot* find(std::span<const ScreenSnapshot> screens, std::uint32_t display) {
@@ -88,14 +88,14 @@ bool WindowMover::fillMainWindow(const RunningApplication& app, std::uint32_t di
     const auto [position, size] = WindowPlacement::fillFrame(*target, screens, context);
     const auto move = accessibility_.setPosition(*window, position);
     const auto resize = accessibility_.setSize(*window, size);
-    // An app may shift its window while it resizes it.
+    // Resizing may have moved the window.
     const auto settle = accessibility_.setPosition(*window, position);
     DevLog::write("fill pid " + std::to_string(app.processIdentifier) + " on #" +
                   std::to_string(display) + ": " + describeFill(move, resize, settle));
     return move && resize && settle;
 }
 
-/// A program that does not answer takes all the time that it is given.
+/// Whether a call that started at `asked` has taken as long as its timeout.
 bool WindowMover::timedOut(double asked) const {
     constexpr double clockTolerance = 0.05;
     return runLoop_.now() - asked >= static_cast<double>(axTimeout) - clockTolerance;

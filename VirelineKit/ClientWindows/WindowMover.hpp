@@ -1,5 +1,5 @@
-/// Moves other programs' main windows: onto a display, over a display's free area, and, for an app
-/// that is still starting, as soon as there is a window to move.
+/// Moves other programs' main windows to a display, or makes them fill its free area. For an app
+/// that is still launching, this happens once it has a window.
 #pragma once
 
 #include "ClientWindows/WindowPlacement.hpp"
@@ -22,10 +22,10 @@ namespace vireline {
 class RunLoop;
 class Screens;
 
-/// Without the Accessibility permission nothing is moved.
+/// Does nothing without the Accessibility permission.
 class WindowMover {
 public:
-    /// In the middle of the display, as large as it is.
+    /// Centred on the display, without being resized.
     struct Center {
         bool operator==(const Center&) const = default;
     };
@@ -35,15 +35,15 @@ public:
     struct Pending {
         std::uint32_t display = 0;
         PlacementMode mode;
-        /// Failed tries so far.
+        /// Failed attempts so far.
         int attempts = 0;
 
         bool operator==(const Pending&) const = default;
     };
 
-    /// How long one Accessibility call may take; seconds.
+    /// The timeout of an Accessibility call, in seconds.
     static constexpr float axTimeout = 0.5F;
-    /// A placement that failed this often is tried once more and then given up.
+    /// After this many failures, a placement is tried once more before it is given up.
     static constexpr int maxAttempts = 25;
 
     WindowMover(Accessibility& accessibility, const RunningApplications& applications,
@@ -58,19 +58,19 @@ public:
     WindowMover& operator=(WindowMover&&) = delete;
     ~WindowMover() = default;
 
-    /// Arms a placement for an app that is being opened, in place of an earlier one.
+    /// Arms a placement for an app that is being opened, replacing an earlier one.
     void expect(const std::string& bundleID, std::uint32_t display, const PlacementMode& mode);
 
-    /// Whether the app's main window lies on this display. True as well when that cannot be told,
-    /// so that a click then does what it does without this.
+    /// Whether the app's main window is on this display. Also true if that is unknown, so that a
+    /// click then does what it does without summoning.
     [[nodiscard]] bool appHasWindow(const RunningApplication& app, std::uint32_t display,
                                     std::span<const ScreenSnapshot> screens);
 
-    /// Centres the app's main window on the display. False when that failed.
+    /// Centres the app's main window on the display. Returns false on failure.
     bool summonMainWindow(const RunningApplication& app, std::uint32_t display,
                           std::span<const ScreenSnapshot> screens);
 
-    /// Fills the display's free area with the app's main window. False when any of it failed.
+    /// Fills the display's free area with the app's main window. Returns false if any step fails.
     bool fillMainWindow(const RunningApplication& app, std::uint32_t display,
                         std::span<const ScreenSnapshot> screens, const FillContext& context);
 
@@ -82,9 +82,9 @@ public:
 private:
     [[nodiscard]] bool timedOut(double asked) const;
     [[nodiscard]] bool isHung(std::int32_t processIdentifier) const;
-    /// Null also for a program that does not answer.
+    /// Null if there is none, or if the program does not respond.
     [[nodiscard]] ElementHandle mainWindow(const RunningApplication& app);
-    /// Event space.
+    /// In event space.
     [[nodiscard]] std::optional<Rect> frame(AccessibilityElement& window);
     [[nodiscard]] bool place(const RunningApplication& app, const Pending& placement,
                              std::span<const ScreenSnapshot> screens);
@@ -98,9 +98,9 @@ private:
     const Screens& screens_;
     RunLoop& runLoop_;
     std::map<std::string, Pending> pending_;
-    /// When programs that did not answer may be asked again, by process.
+    /// When programs that did not respond may be called again, by process identifier.
     std::map<std::int32_t, double> hungUntil_;
-    /// Only while placements are pending.
+    /// Runs only while placements are pending.
     Timer retryTimer_;
     Lifetime lifetime_;
 };

@@ -8,14 +8,14 @@
 namespace vireline::WindowPlacement {
 namespace {
 
-/// Between the dock's strip and the window.
+/// The gap between the dock's strip and the window.
 constexpr double margin = 8;
 
 double flipHeight(std::span<const ScreenSnapshot> screens) {
     return screens.front().frame.height;
 }
 
-/// How far the dock reaches into its display, with its icons at their greatest.
+/// How far the dock extends into its display, with fully magnified icons.
 double reservedThickness(const FillContext& context) {
     return PanelPlanner::thickness(context.position, context.configuredIconSize,
                                    context.magnification) +

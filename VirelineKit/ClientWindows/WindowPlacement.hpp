@@ -1,6 +1,6 @@
-/// Where other programs' windows go: arithmetic between global space (y upwards), in which displays
-/// are described, and event space (y downwards), in which windows are moved. The first of the
-/// screens is the primary display.
+/// Computes where other programs' windows go, converting between global space (y upwards), in which
+/// displays are described, and event space (y downwards), in which windows are moved. The first
+/// screen is always the primary display.
 #pragma once
 
 #include "Foundation/Geometry.hpp"
@@ -14,15 +14,15 @@
 
 namespace vireline {
 
-/// What decides how much of a display a window may fill.
+/// Determines how much of a display a window may fill.
 struct FillContext {
-    /// The edge of the display that holds the dock.
+    /// The edge of the display at which the dock is.
     DockPosition position = DockPosition::bottom;
-    /// Whether the dock keeps its strip for itself all the time, that is, does not hide.
+    /// Whether windows leave room for the dock, that is, it does not hide.
     bool dockReserved = false;
-    /// The factor in force; 1 while magnification is off.
+    /// The magnification factor; 1 while magnification is off.
     double magnification = 1;
-    /// Points.
+    /// In points.
     double configuredIconSize = 0;
 
     bool operator==(const FillContext&) const = default;
@@ -36,7 +36,7 @@ inline std::ostream& operator<<(std::ostream& out, const FillContext& context) {
 
 namespace WindowPlacement {
 
-/// A window's place in event space.
+/// A window's position and size in event space.
 struct Placement {
     Point position;
     Size size;
@@ -49,18 +49,19 @@ inline std::ostream& operator<<(std::ostream& out, const Placement& placement) {
                << placement.size.height;
 }
 
-/// The top-left corner, in event space, of a window centred on the whole of `target`; the origin
-/// when there are no screens.
+/// The top-left corner, in event space, of a window centred on the frame of `target`; the origin if
+/// there are no screens.
 [[nodiscard]] Point centeredAXPosition(Size windowSize, const ScreenSnapshot& target,
                                        std::span<const ScreenSnapshot> screens);
 
-/// The visible frame of `target` less the room that a reserved dock and its magnified icons take;
-/// nothing at all when there are no screens.
+/// The visible frame of `target` minus the space for a dock that does not hide and its magnified
+/// icons; empty if there are no screens.
 [[nodiscard]] Placement fillFrame(const ScreenSnapshot& target,
                                   std::span<const ScreenSnapshot> screens,
                                   const FillContext& context);
 
-/// The first display that holds the centre of a window with this corner in event space.
+/// The first display that contains the centre of a window with this corner in event space; nullopt
+/// if none does.
 [[nodiscard]] std::optional<std::uint32_t>
 displayContaining(Point axTopLeft, Size windowSize, std::span<const ScreenSnapshot> screens);
 

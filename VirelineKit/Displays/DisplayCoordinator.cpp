@@ -61,8 +61,8 @@ void DisplayCoordinator::scheduleReconcile() {
         context_.runLoop.after(screenChangeDebounce, lifetime_.guard([this] { reconcile(); }));
 }
 
-/// What a platform's window reports from within a call, such as a change of the list, must find
-/// each panel where this round left it.
+/// Not reentrant: a window may report an event, such as a drop that changes the list, from within a
+/// call that the loop below makes. The loop then runs once more.
 void DisplayCoordinator::reconcile() {
     isAnotherRoundDue_ = true;
     if (std::exchange(isReconciling_, true))
@@ -89,7 +89,7 @@ void DisplayCoordinator::reconcileOnce() {
     announceGuardZones(screens);
 }
 
-/// A panel is built for its edge; another edge gets a new one.
+/// A panel cannot change its edge, so a change of the position needs new panels.
 void DisplayCoordinator::closePanelsElsewhere(DockPosition position) {
     for (auto panel = panels_.begin(); panel != panels_.end();) {
         if (panel->second->spec().position == position) {

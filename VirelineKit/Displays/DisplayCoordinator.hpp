@@ -1,5 +1,5 @@
-/// Keeps one dock on every display that should have one, in step with the displays, the settings
-/// and the number of tiles.
+/// Keeps one dock on every display that should have one, following changes of the displays, the
+/// settings and the number of tiles.
 #pragma once
 
 #include "Displays/DockPanel.hpp"
@@ -21,7 +21,7 @@ class Screens;
 
 class DisplayCoordinator {
 public:
-    /// What the settings say of all docks.
+    /// The settings that apply to all docks.
     struct DockConfig {
         DockPosition position = DockPosition::bottom;
         bool autoHide = false;
@@ -34,24 +34,24 @@ public:
     DisplayCoordinator& operator=(DisplayCoordinator&&) = delete;
     ~DisplayCoordinator() = default;
 
-    /// Reads the settings as they stand at the time of the call.
+    /// Returns the current settings.
     std::function<DockConfig()> dockConfig = [] { return DockConfig{}; };
 
-    /// Receives, after every reconcile, the bands along the bottom edges of the displays with a
-    /// dock; event space.
+    /// Called after every reconcile with the bands along the bottom edges of the displays that have
+    /// a dock, in event space.
     std::function<void(const std::vector<Rect>&)> onGuardZonesChanged;
 
-    /// Receives the frames of all displays right before; event space.
+    /// Called right before `onGuardZonesChanged` with the frames of all displays, in event space.
     std::function<void(const std::vector<Rect>&)> onDisplayFramesChanged;
 
-    /// Reconciles at once, then whenever the displays change.
+    /// Reconciles immediately, and from then on whenever the displays change.
     void start();
 
-    /// Reconciles when no display has changed for half a second.
+    /// Reconciles once half a second has passed without another call.
     void scheduleReconcile();
 
-    /// Creates, moves and retires panels until they match the displays. Asked for while it is at
-    /// work, it makes a further round afterwards.
+    /// Creates, moves and retires panels until they match the displays. A call from within a call
+    /// is carried out after the first has finished.
     void reconcile();
 
 private:
@@ -64,7 +64,7 @@ private:
                                                        DockPosition position) const;
     void carryOut(const PanelPlan& plan, std::span<const PanelSpec> desired, bool autoHide);
     void create(const PanelSpec& spec, bool autoHide);
-    /// Returns what follows the panel.
+    /// Returns the iterator after the panel.
     Panels::iterator retire(Panels::iterator panel);
     void announceGuardZones(std::span<const ScreenSnapshot> screens) const;
 
@@ -72,14 +72,14 @@ private:
     Screens& screens_;
     PanelWindows& windows_;
     Panels panels_;
-    /// Off their displays. Whatever led to their end may be an event of their own windows, so they
-    /// live until the run loop's next turn.
+    /// Retired panels, already hidden. They are destroyed in the run loop's next turn, since the
+    /// event that led to their retirement may come from one of their own windows.
     std::vector<std::unique_ptr<DockPanel>> retired_;
     Timer retirement_;
     bool isReconciling_ = false;
     bool isAnotherRoundDue_ = false;
     Timer debounce_;
-    /// Screen-parameter notifications so far, for the log.
+    /// The number of screen-parameter notifications so far, for the log.
     int eventCount_ = 0;
     Subscription screenParameters_;
     Lifetime lifetime_;

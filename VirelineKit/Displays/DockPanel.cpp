@@ -13,9 +13,9 @@ namespace {
 constexpr double collapseDelay = 0.6;
 constexpr double pressCheckInterval = 0.25;
 
-/// Where the hosted view's bottom-left corner lies in a window of this size, y upwards. The view is
-/// as large as the planned frame whatever the window's size, so that nothing in it moves when the
-/// window grows towards the display's edge or shrinks to the sliver there.
+/// Where the hosted view's bottom-left corner lies in a window of this size, y upwards. The view
+/// always has the size of the planned frame, so that nothing in it moves when the window grows to
+/// the display's edge or shrinks to the sliver there.
 Point hostedOrigin(DockPosition position, bool autoHide, bool collapsed, Size window, Size view) {
     const auto edge = DockEdge::global(position);
     const Rect bounds{0, 0, window.width, window.height};
@@ -48,7 +48,7 @@ DockPanel::DockPanel(const PanelSpec& spec, bool autoHide, const DockViewContext
         applyCollapsed(true, false);
     else
         placeWindow(false);
-    // So that the window is never seen without its content.
+    // Paint before the window is first shown, so that it never appears empty.
     showFrame();
 }
 
@@ -61,7 +61,8 @@ void DockPanel::orderFrontRegardless() {
 }
 
 void DockPanel::retire() {
-    // The end of a press or a drag that this brings about is the last thing that counts.
+    // Hiding the window ends a press or a drag. That must still be handled, so the flag is set
+    // afterwards.
     window_->orderOut();
     isRetired_ = true;
     collapseTimer_.reset();
@@ -70,11 +71,11 @@ void DockPanel::retire() {
 
 void DockPanel::update(const PanelSpec& spec, bool autoHide) {
     spec_ = spec;
-    const bool hidBefore = std::exchange(autoHide_, autoHide);
+    const bool wasAutoHiding = std::exchange(autoHide_, autoHide);
     hosting_.update(spec, autoHide);
     if (autoHide) {
         applyCollapsed(collapsed_, false);
-        if (!hidBefore)
+        if (!wasAutoHiding)
             collapseLater();
         return;
     }
@@ -94,8 +95,8 @@ Rect DockPanel::windowFrame() const {
     return collapsed_ ? spec_.collapsedFrame() : spec_.hoverFrame();
 }
 
-/// A sliver has nothing to show beyond its frame. What is set is read just before each call: an
-/// event from within the call before may have changed it.
+/// A sliver needs no overhang. The state is read again for each call, since the window may report
+/// an event from within the previous one.
 void DockPanel::placeWindow(bool animate) {
     overhang_ = collapsed_ ? Overhang{} : hosting_.overhang();
     window_->setOverhang(overhang_);
@@ -117,7 +118,7 @@ void DockPanel::pinHosting() {
 
 void DockPanel::mouseEntered() {
     isPointerOver_ = true;
-    comeOut();
+    expand();
 }
 
 void DockPanel::mouseExited() {
@@ -125,7 +126,7 @@ void DockPanel::mouseExited() {
     collapseLater();
 }
 
-void DockPanel::comeOut() {
+void DockPanel::expand() {
     if (!autoHide_ || isRetired_)
         return;
     collapseTimer_.reset();
@@ -137,7 +138,7 @@ void DockPanel::collapseLater() {
     if (!autoHide_ || isRetired_ || collapsed_ || isHeldOpen())
         return;
     collapseTimer_ = runLoop_.after(collapseDelay, lifetime_.guard([this] {
-        // What holds it open now lets it collapse in its turn.
+        // Whatever holds it open now calls collapseLater() when it lets go.
         if (!isHeldOpen())
             applyCollapsed(true, true);
     }));
@@ -175,10 +176,10 @@ void DockPanel::watchPress(PointerEvent::Kind kind) {
 void DockPanel::dragEntered(const std::vector<std::string>& urls) {
     if (isRetired_)
         return;
-    // For anything but files there is nothing to come out for.
+    // Only files can be dropped, so other drags do not expand the dock.
     isDragOver_ = hosting_.dragEntered(urls);
     if (isDragOver_)
-        comeOut();
+        expand();
 }
 
 bool DockPanel::dragMoved(Point at) {
@@ -221,7 +222,7 @@ void DockPanel::showFrame() {
     const double now = runLoop_.now();
     if (std::exchange(sceneIsStale_, false)) {
         animator_.setTarget(hosting_.makeScene(), now, motionSettings_.reducesMotion());
-        // Icons may have changed their size within the same plan.
+        // The overhang depends on the icon size, which can change without a new plan.
         if (!collapsed_ && overhang_ != hosting_.overhang())
             placeWindow(false);
     }

@@ -1,6 +1,5 @@
-/// The window that carries one dock on one display: never focused, above others, and, with
-/// auto-hide on, shrinking to a sliver at the display's edge after the pointer has left. Created,
-/// moved and destroyed by the display coordinator.
+/// One dock on one display: its window, and auto-hide, which shrinks the window to a sliver at the
+/// display's edge after the pointer has left. Owned by the display coordinator.
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
@@ -16,7 +15,7 @@ namespace vireline {
 
 class DockPanel : private PanelWindowListener {
 public:
-    /// Not shown before `orderFrontRegardless`. An auto-hiding panel starts as a sliver.
+    /// Hidden until `orderFrontRegardless`. An auto-hiding panel starts collapsed.
     DockPanel(const PanelSpec& spec, bool autoHide, const DockViewContext& context,
               PanelWindows& windows);
     ~DockPanel() override;
@@ -30,15 +29,15 @@ public:
 
     void orderFrontRegardless();
 
-    /// Takes over a new plan and the auto-hide setting. A collapsed panel moves as a sliver; one
-    /// that no longer hides expands at once, and one that hides from now on collapses as if the
-    /// pointer had just left it, unless it is there.
+    /// Applies a new plan and the auto-hide setting. A collapsed panel moves without expanding.
+    /// When auto-hide is switched off, the panel expands immediately; when it is switched on, the
+    /// panel collapses after the usual delay, unless something holds it open.
     void update(const PanelSpec& spec, bool autoHide);
 
     /// Collapses to the sliver, or expands to the frame that reaches the display's edge.
     void applyCollapsed(bool collapsed, bool animate);
 
-    /// Takes the dock off its display for good: nothing that its window still reports counts.
+    /// Hides the dock for good. Events that its window still reports are ignored.
     void retire();
 
 private:
@@ -55,19 +54,19 @@ private:
     void showTileMenu(std::uint32_t id) override;
 
     void setCollapsed(bool collapsed);
-    /// Where the window belongs as things are now.
+    /// Where the window belongs in the current state.
     [[nodiscard]] Rect windowFrame() const;
     void placeWindow(bool animate);
     void pinHosting();
     void popUpMenu(const Menu& menu, const MenuPlace& place);
 
-    /// Opens a collapsed panel, or keeps an open one from collapsing.
-    void comeOut();
-    /// Collapses after a while, unless something holds the panel open.
+    /// Expands a collapsed panel, or cancels a pending collapse.
+    void expand();
+    /// Collapses after a delay, unless something holds the panel open.
     void collapseLater();
     [[nodiscard]] bool isHeldOpen() const noexcept;
 
-    /// Makes sure that a press ends for the dock as well when its release goes elsewhere.
+    /// Polls the button during a press, whose release may go to another program.
     void watchPress(PointerEvent::Kind kind);
 
     void sceneInvalidated();
@@ -91,7 +90,7 @@ private:
     DockRootView hosting_;
     Animator animator_;
     std::unique_ptr<PanelWindow> window_;
-    /// As the window was given it.
+    /// The overhang that the window was last given.
     Overhang overhang_;
     bool sceneIsStale_ = true;
     Lifetime lifetime_;

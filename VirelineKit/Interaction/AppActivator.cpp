@@ -41,7 +41,7 @@ void AppActivator::leftClick(const DockItem& item, std::uint32_t display) {
 }
 
 void AppActivator::launch(const DockItem& item, std::uint32_t display) {
-    // The tile may be gone once the app is opened.
+    // Copied, because `item` may be gone once the app has been opened.
     const std::string bundleID = item.id;
     workspace_.openApplication(bundleID, item.url);
     if (windowMover != nullptr && settings().openOnThisDisplay)

@@ -17,8 +17,8 @@ class Accessibility;
 class Screens;
 class WindowMover;
 
-/// `display` is everywhere the display ID of the dock that the tile sits on. Of several running
-/// instances the first stands for the app.
+/// `display` is always the display ID of the tile's dock. If several instances of an app are
+/// running, the first one is used.
 class AppActivator {
 public:
     AppActivator(RunningApplications& applications, Workspace& workspace, const Screens& screens,
@@ -33,22 +33,23 @@ public:
     AppActivator& operator=(AppActivator&&) = delete;
     ~AppActivator() = default;
 
-    /// Not owned. While null, no window is placed or summoned.
+    /// Not owned. If null, windows are neither placed nor summoned.
     WindowMover* windowMover = nullptr;
 
-    /// Asked at every action, so that a changed setting counts from the next click on.
+    /// Called for every action, so that changed settings apply from the next click on.
     std::function<Settings()> settings = [] { return Settings{}; };
 
-    /// Launches the app, brings it forward, or hides it when it is frontmost. If the settings say
-    /// so, a launched app opens on the display, and one without a window there comes to it.
+    /// Launches the app, brings it forward, or hides it if it is frontmost. Depending on the
+    /// settings, a launched app opens on `display`, and a running one without a window there has
+    /// its main window moved there.
     void leftClick(const DockItem& item, std::uint32_t display);
 
-    /// Fills the display with the app's window, if the settings say so and the system lets us. Else
-    /// it is the second click of a pair whose first was a click of its own, so that on a frontmost
-    /// app the pair hides it and brings it back.
+    /// Fills the display with the app's window, if that is enabled and permitted. Otherwise treats
+    /// this as a second single click: the first has already been handled, so a double click on a
+    /// frontmost app hides it and brings it back.
     void doubleClick(const DockItem& item, std::uint32_t display);
 
-    /// Everything but removal, which is the list's business.
+    /// Handles every entry except `removeFromDock`, which concerns the pinned list.
     void menuSelect(MenuEntry entry, const DockItem& item, std::uint32_t display);
 
 private:

@@ -1,4 +1,4 @@
-/// What a click on an app's tile means and what its menu offers.
+/// Decides what a click on an app's tile does and what its menu contains.
 #pragma once
 
 #include <string>
@@ -9,15 +9,15 @@ namespace vireline {
 struct DesktopWords;
 
 enum class ClickAction {
-    launch,   ///< it does not run: start it
-    activate, ///< it runs behind others: bring it forward
-    hide,     ///< it is frontmost: hide it
-    summon,   ///< it has no window on the clicked display: pull its main window there
+    launch,   ///< not running: start it
+    activate, ///< running behind others: bring it forward
+    hide,     ///< frontmost: hide it
+    summon,   ///< no window on the clicked display: move its main window there
 };
 
 enum class MenuEntry { open, show, showInFinder, removeFromDock, quit };
 
-/// The text that the menu shows.
+/// The title in the menu.
 [[nodiscard]] std::string title(MenuEntry entry, const DesktopWords& words);
 
 namespace ClickPolicy {
@@ -28,11 +28,11 @@ struct AppState {
     bool hasWindowHere = false;
 };
 
-/// Not running wins over everything. With summoning on, an app without a window on the clicked
-/// display is summoned even if it is frontmost.
+/// An app that is not running is always launched. If summoning is enabled, an app without a window
+/// on the clicked display is summoned even if it is frontmost.
 [[nodiscard]] ClickAction decide(const AppState& app, bool summonEnabled) noexcept;
 
-/// The entries in the order that the menu shows them.
+/// The entries, in menu order.
 [[nodiscard]] std::vector<MenuEntry> menuEntries(bool isRunning, bool canRemove);
 
 }

@@ -1,5 +1,5 @@
-/// Tells single from double clicks on one tile. The first tap of a double click counts as a single
-/// at once; nothing waits for a second.
+/// Distinguishes single from double clicks on one tile. The first tap of a double click counts as a
+/// single click immediately, without waiting for the second.
 #pragma once
 
 #include <optional>
@@ -10,8 +10,8 @@ class TapTracker {
 public:
     enum class Resolution { single, doubled };
 
-    /// Records a tap at `time` and says whether it completes a double click. `time` and `threshold`
-    /// are in the same unit; a gap of exactly `threshold` is too long.
+    /// Records a tap at `time` and returns whether it completes a double click. `time` and
+    /// `threshold` are in the same unit; an interval of exactly `threshold` is too long.
     Resolution registerTap(double time, double threshold);
 
 private:

@@ -20,8 +20,8 @@ void TrashService::trash(const std::vector<FileURL>& urls) {
 }
 
 void TrashService::moveWaiting() {
-    // A platform may finish a move within the call. This loop then takes the next file, instead of
-    // one more level of calls for every file of a large drop.
+    // A platform may finish a move within the call, which leads back here. The loop then takes the
+    // next file, so that a large drop does not recurse once per file.
     if (std::exchange(isInLoop_, true))
         return;
     while (!current_ && !waiting_.empty() && hanging_.size() < maximumHanging) {
@@ -39,13 +39,13 @@ void TrashService::moveWaiting() {
 void TrashService::begin(const FileURL& url) {
     const std::uint64_t move = ++lastMove_;
     current_ = move;
-    patienceEnds_ = runLoop_.after(patience, lifetime_.guard([this, url] { setAside(url); }));
+    hangTimer_ = runLoop_.after(hangTimeout, lifetime_.guard([this, url] { treatAsHanging(url); }));
     trash_.moveToTrash(url, lifetime_.guard([this, url, move](const Result<void>& outcome) {
         finish(url, move, outcome);
     }));
 }
 
-void TrashService::setAside(const FileURL& url) {
+void TrashService::treatAsHanging(const FileURL& url) {
     current_.reset();
     hanging_.try_emplace(folderOf(url));
     moveWaiting();
@@ -59,7 +59,7 @@ void TrashService::finish(const FileURL& url, std::uint64_t move, const Result<v
                       outcome.error().description);
     if (current_ == move) {
         current_.reset();
-        patienceEnds_.reset();
+        hangTimer_.reset();
     } else if (auto folder = hanging_.extract(folderOf(url))) {
         Files& held = folder.mapped();
         waiting_.insert(waiting_.begin(), std::make_move_iterator(held.begin()),

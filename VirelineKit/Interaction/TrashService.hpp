@@ -1,4 +1,4 @@
-/// Moves dropped files to the user's Trash and knows the folders of the utility tiles.
+/// Moves dropped files to the user's Trash, and provides the folders of the utility tiles.
 #pragma once
 
 #include "Foundation/FileURL.hpp"
@@ -18,14 +18,16 @@ namespace vireline {
 
 class RunLoop;
 
-/// Files are moved one after the other. A move that takes long, as on a server that does not
-/// answer, holds up the rest of its own folder alone. Files that still wait when the service ends
-/// are not moved.
+/// Files are moved one after the other. A move that hangs, for example on a server that does not
+/// respond, delays only the other files of the same folder. Files that are still waiting when the
+/// service is destroyed are not moved.
 class TrashService {
 public:
-    /// Seconds until the files behind a move no longer wait for it.
-    static constexpr double patience = 2;
-    /// Moves that take long at a time: each keeps one of the platform's threads. Then all wait.
+    /// Seconds after which a move counts as hanging, and files of other folders no longer wait for
+    /// it.
+    static constexpr double hangTimeout = 2;
+    /// The maximum number of hanging moves, each of which occupies one of the platform's threads.
+    /// Once it is reached, all files wait.
     static constexpr std::size_t maximumHanging = 8;
 
     TrashService(Trash& trash, const UserFolders& folders, RunLoop& runLoop)
@@ -36,11 +38,11 @@ public:
     TrashService& operator=(TrashService&&) = delete;
     ~TrashService() = default;
 
-    /// Nothing when there is none.
+    /// nullopt if there is none.
     [[nodiscard]] std::optional<FileURL> trashURL() const { return folders_.trash(); }
     [[nodiscard]] std::optional<FileURL> downloadsURL() const { return folders_.downloads(); }
 
-    /// Moves the files in their order, behind those that still wait, and logs the outcome of each.
+    /// Moves the files in order, after those that are still waiting, and logs the outcome of each.
     /// A failure does not stop the rest.
     void trash(const std::vector<FileURL>& urls);
 
@@ -49,7 +51,7 @@ private:
 
     void moveWaiting();
     void begin(const FileURL& url);
-    void setAside(const FileURL& url);
+    void treatAsHanging(const FileURL& url);
     void finish(const FileURL& url, std::uint64_t move, const Result<void>& outcome);
 
     Trash& trash_;
@@ -57,10 +59,10 @@ private:
     RunLoop& runLoop_;
     Files waiting_;
     std::uint64_t lastMove_ = 0;
-    /// The move that the others wait for.
+    /// The move that all waiting files wait for.
     std::optional<std::uint64_t> current_;
-    Timer patienceEnds_;
-    /// The folders where a move hangs, and what waits for it there.
+    Timer hangTimer_;
+    /// Folders with a hanging move, and the files of the same folder that wait for it.
     std::map<std::string, Files> hanging_;
     bool isInLoop_ = false;
     Lifetime lifetime_;

@@ -1,5 +1,5 @@
-/// The display edge that a dock sits on, as a direction: a dock is laid out once, along its axis
-/// and outwards from the edge, and this turns that into coordinates for any edge.
+/// Converts between a dock's own coordinates, along its axis and away from the display's edge, and
+/// x and y. So the layout is written once for all edges.
 #pragma once
 
 #include "Foundation/Geometry.hpp"
@@ -7,7 +7,7 @@
 
 namespace vireline {
 
-/// A stretch of one axis, in points.
+/// An interval on one axis, in points.
 struct Extent {
     double start = 0;
     double length = 0;
@@ -18,7 +18,7 @@ struct Extent {
     bool operator==(const Extent&) const = default;
 };
 
-/// The axis that a dock runs along, and the end of the other axis where its edge lies.
+/// The axis along which a dock runs, and at which end of the other axis its edge is.
 struct DockEdge {
     bool isHorizontal = true;
     bool isFarEnd = false;
@@ -56,12 +56,12 @@ struct DockEdge {
         return {isFarEnd ? container.end() - gap - thickness : container.start + gap, thickness};
     }
 
-    /// What is left of `container` beyond the first `depth` points from the edge.
+    /// `container` without the first `depth` points from the edge.
     [[nodiscard]] constexpr Extent beyond(Extent container, double depth) const noexcept {
         return {isFarEnd ? container.start : container.start + depth, container.length - depth};
     }
 
-    /// The movement by `along` the axis and by `away` from the edge.
+    /// The vector that leads by `along` along the axis and by `away` away from the edge.
     [[nodiscard]] constexpr Point vector(double along, double away) const noexcept {
         const double across = isFarEnd ? -away : away;
         return isHorizontal ? Point{along, across} : Point{across, along};

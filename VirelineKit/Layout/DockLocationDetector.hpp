@@ -1,4 +1,4 @@
-/// Which display holds the desktop's own dock.
+/// Finds the display that holds the desktop's own dock.
 #pragma once
 
 #include "Layout/ScreenSnapshot.hpp"
@@ -8,8 +8,8 @@
 
 namespace vireline::DockLocationDetector {
 
-/// The first display whose visible frame is inset at the bottom, left or right, else the first
-/// display; nothing only for an empty list. The top edge says nothing, as menu bars inset it too.
+/// The first display whose visible frame is inset at the bottom, left or right, otherwise the first
+/// display; nullopt only for an empty list. The top edge is ignored, since menu bars inset it too.
 [[nodiscard]] std::optional<std::uint32_t> dockHost(std::span<const ScreenSnapshot> screens);
 
 }

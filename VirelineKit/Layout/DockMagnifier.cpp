@@ -10,12 +10,12 @@
 namespace vireline::DockMagnifier {
 namespace {
 
-/// From one tile's leading edge to the next one's.
+/// The distance between the leading edges of adjacent tiles.
 double slot(double iconSize) {
     return iconSize + DockMetrics::iconSpacing;
 }
 
-/// Beyond the radius exactly 1, without asking for a cosine: most tiles of a long dock are there.
+/// Exactly 1 beyond the radius, where most tiles of a long dock are, which saves the cosine.
 double scaleAt(double distance, double magnification, double radius) {
     if (distance >= radius)
         return 1;
@@ -23,8 +23,8 @@ double scaleAt(double distance, double magnification, double radius) {
     return 1 + (magnification - 1) * weight * weight;
 }
 
-/// The place among the packed centres of a place among the base centres. Beyond the outer ones it
-/// is theirs.
+/// Maps a position relative to the base centres to the packed centres, by linear interpolation.
+/// Positions outside the first and last centre are clamped.
 double mapped(double place, std::span<const double> base, std::span<const double> packed) {
     const auto next = std::ranges::find_if(base, [place](double c) { return c >= place; });
     if (next == base.end())
@@ -109,7 +109,7 @@ double anchoredShift(std::span<const double> baseCenters, std::span<const double
 double maxExtraLength(int tileCount, double iconSize, double magnification) {
     if (!(magnification > 1) || tileCount < 1 || !(radius(iconSize) > 0))
         return 0;
-    // Tiles further away than the radius do not grow.
+    // The number of tiles on each side that are within the radius. Others do not grow.
     constexpr int reach = static_cast<int>(radiusSlots);
     const int middle = tileCount / 2;
     double extra = 0;

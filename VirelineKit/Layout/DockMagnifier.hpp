@@ -1,5 +1,5 @@
-/// Pure geometry of the magnified strip. Lengths are points along the dock's axis, measured from
-/// the strip's leading edge unless said otherwise.
+/// The geometry of the magnified strip. Lengths are in points along the dock's axis, positions
+/// relative to the strip's leading edge unless stated otherwise.
 #pragma once
 
 #include "Model/DockOrdering.hpp"
@@ -10,27 +10,28 @@
 
 namespace vireline::DockMagnifier {
 
-/// How far the pointer's influence reaches, in tile slots.
+/// The radius within which the pointer magnifies, in tile slots.
 inline constexpr double radiusSlots = 2.5;
 
-/// The influence radius for icons of this size.
+/// The same radius in points, for icons of this size.
 [[nodiscard]] double radius(double iconSize) noexcept;
 
 /// Centres of the tiles at rest.
 [[nodiscard]] std::vector<double> baseCenters(const DockOrdering::Counts& counts, double iconSize);
 
-/// One scale per centre: `magnification` under the cursor, falling as cos² to 1 at `radius`.
-/// All ones when there is no cursor or nothing to magnify.
+/// One scale per centre: `magnification` under the cursor, falling off as cos² to 1 at `radius`.
+/// All 1 if there is no cursor or no magnification.
 [[nodiscard]] std::vector<double> scales(std::span<const double> centers,
                                          std::optional<double> cursor, double magnification,
                                          double radius);
 
-/// Centres after the tiles have grown in place, keeping the gaps between them. The base centres
-/// unchanged when the counts differ.
+/// The centres of the grown tiles, with the same gaps between them. Returns the base centres if the
+/// numbers of centres and scales differ.
 [[nodiscard]] std::vector<double> packedCenters(std::span<const double> baseCenters,
                                                 std::span<const double> scales, double iconSize);
 
-/// Length of the grown strip, its trailing padding equal to its leading one; 0 without tiles.
+/// The length of the grown strip, with a trailing padding equal to the leading one; 0 if there are
+/// no tiles.
 [[nodiscard]] double packedLength(std::span<const double> packedCenters,
                                   std::span<const double> scales, double iconSize);
 
@@ -40,14 +41,15 @@ struct Lengths {
     double container = 0;
 };
 
-/// Where the grown strip's leading edge lies in its container, so that the point of the strip under
-/// the pointer stays under it. `cursor` is measured from the container's leading edge; without one
-/// the resting strip is centred.
+/// The position of the grown strip's leading edge in its container, such that the point of the
+/// strip under the pointer stays there. `cursor` is relative to the container's leading edge;
+/// without one, the strip is centred.
 [[nodiscard]] double anchoredShift(std::span<const double> baseCenters,
                                    std::span<const double> packedCenters, const Lengths& lengths,
                                    std::optional<double> cursor);
 
-/// The most that magnification can add to the strip's length, with the cursor on the middle tile.
+/// The maximum length that magnification can add to the strip, which is with the cursor on the
+/// middle tile.
 [[nodiscard]] double maxExtraLength(int tileCount, double iconSize, double magnification);
 
 }

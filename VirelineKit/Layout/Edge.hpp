@@ -23,7 +23,7 @@ struct Edge {
         return direction().across(bounds()).length;
     }
 
-    /// Where a point lies along the axis, from the view's leading edge.
+    /// A point's position along the axis, from the view's leading edge.
     [[nodiscard]] constexpr double along(Point p) const noexcept {
         return isHorizontal() ? p.x : p.y;
     }
@@ -34,7 +34,8 @@ struct Edge {
         return direction().isFarEnd ? thickness() - across : across;
     }
 
-    /// The movement by `along` the axis and by `away` from the edge, in the view's coordinates.
+    /// The vector that leads by `along` along the axis and by `away` away from the edge, in the
+    /// view's coordinates.
     [[nodiscard]] constexpr Point vector(double along, double away) const noexcept {
         return direction().vector(along, away);
     }

@@ -6,7 +6,7 @@
 namespace vireline::FullScreenDetector {
 namespace {
 
-/// Programs round the size of their full-screen windows in their own ways; points.
+/// In points. Programs differ in how they round the size of a full-screen window.
 constexpr double positionTolerance = 2;
 constexpr double sizeTolerance = 4;
 

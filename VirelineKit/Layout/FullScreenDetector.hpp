@@ -1,4 +1,4 @@
-/// Which displays are covered by a full-screen window.
+/// Finds the displays that a full-screen window covers.
 #pragma once
 
 #include "Layout/ScreenSnapshot.hpp"
@@ -8,7 +8,7 @@
 
 namespace vireline {
 
-/// A window on screen, in the space of `ScreenSnapshot::frame`.
+/// A visible window, in the coordinates of `ScreenSnapshot::frame`.
 struct WindowInfo {
     Rect frame;
     /// 0 is the layer of ordinary application windows.
@@ -19,7 +19,8 @@ struct WindowInfo {
 
 namespace FullScreenDetector {
 
-/// Displays whose frame an ordinary window matches to within 2 points of position and 4 of size.
+/// The displays whose frame an ordinary window matches, within 2 points of position and 4 points of
+/// size.
 [[nodiscard]] std::set<std::uint32_t>
 displaysWithFullScreenWindow(std::span<const WindowInfo> windows,
                              std::span<const ScreenSnapshot> screens);

@@ -9,11 +9,11 @@ namespace vireline {
 namespace PanelPlanner {
 namespace {
 
-/// How the tiles lie along one display's edge; points.
+/// How the tiles fit along one display's edge, in points.
 struct Fit {
     double availableWidth = 0;
     double iconSize = 0;
-    /// With room for the most that magnification adds.
+    /// Includes room for the largest growth by magnification.
     double panelLength = 0;
 };
 
@@ -38,12 +38,12 @@ Fit fit(double edgeLength, const Request& request) {
             .panelLength = length > 0 ? length : DockMetrics::placeholderWidth};
 }
 
-/// An inset of the visible frame up to this depth is not a panel: systems reserve a few points for
-/// a dock that hides itself, and a planned panel stands clear of those anyway.
+/// An inset of the visible frame up to this depth does not count as a panel: systems reserve a few
+/// points for an auto-hidden dock, and a planned panel has this margin anyway.
 constexpr double negligibleInset = DockMetrics::bottomMargin;
 
-/// The part of a display that other programs' panels leave free at the edges where docks stand. The
-/// top edge does not count, since menu bars inset it too.
+/// The part of a display that other programs' panels leave free at the bottom, left and right. The
+/// top edge is ignored, since menu bars inset it too.
 Rect beyondPanels(const ScreenSnapshot& screen) {
     const auto inset = [](double depth) { return depth > negligibleInset ? depth : 0; };
     const Rect& frame = screen.frame;
@@ -62,14 +62,14 @@ struct Placed {
     Fit tiles;
 };
 
-/// In the middle of a stretch of the display's edge.
+/// Centres the panel in a part of the display's edge.
 Placed centred(Extent stretch, const Request& request) {
     const Fit tiles = fit(stretch.length, request);
     return {{stretch.middle() - tiles.panelLength / 2, tiles.panelLength}, tiles};
 }
 
-/// Stands beyond a panel that another program has at the same edge. A panel across one end of the
-/// edge matters only to a dock so long that it would reach it.
+/// The dock keeps clear of another program's panel at the same edge. A panel at a neighbouring edge
+/// matters only if the dock is long enough to reach it.
 PanelSpec panel(const ScreenSnapshot& screen, const Request& request) {
     const auto edge = DockEdge::global(request.position);
     const Rect free = beyondPanels(screen);
@@ -94,7 +94,7 @@ double thickness(DockPosition position, double iconSize, double magnification) n
 
 std::vector<PanelSpec> desiredPanels(std::span<const ScreenSnapshot> screens,
                                      const Request& request) {
-    // A single display is always the host, which leaves it without a panel.
+    // A single display is always the host, and so gets no panel.
     const auto host = DockLocationDetector::dockHost(screens);
     std::vector<PanelSpec> panels;
     panels.reserve(screens.size());

@@ -1,5 +1,5 @@
-/// Which displays get a dock, where exactly, and what has to change to get there. Rectangles are in
-/// global space: points, origin at the primary display's bottom-left corner, y upwards.
+/// Decides which displays get a dock and where, and what has to change to get there. Rectangles are
+/// in global space: points, origin at the primary display's bottom-left corner, y upwards.
 #pragma once
 
 #include "Foundation/Geometry.hpp"
@@ -20,15 +20,15 @@ namespace vireline {
 struct PanelSpec {
     std::uint32_t displayID = 0;
     Rect frame;
-    /// The length along the strip that tiles may use, after margins and magnification room.
+    /// The length available to the tiles, without margins and room for magnification.
     double availableWidth = 0;
     DockPosition position = DockPosition::bottom;
 
     /// The sliver along the display's edge, or along another program's panel there. It fills the
-    /// gap that a planned frame leaves.
+    /// gap between the edge and the planned frame.
     [[nodiscard]] Rect collapsedFrame() const;
 
-    /// The frame joined with the sliver: where the pointer counts as being over the dock.
+    /// The frame united with the sliver: the area in which the pointer counts as over the dock.
     [[nodiscard]] Rect hoverFrame() const;
 
     bool operator==(const PanelSpec&) const = default;
@@ -39,7 +39,7 @@ inline std::ostream& operator<<(std::ostream& out, const PanelSpec& spec) {
                << spec.availableWidth;
 }
 
-/// The way from the panels that exist to those that should.
+/// The difference between the existing and the desired panels.
 struct PanelPlan {
     std::vector<PanelSpec> create;
     std::vector<std::uint32_t> destroy;
@@ -50,20 +50,20 @@ struct PanelPlan {
 
 namespace PanelPlanner {
 
-/// What the planner is told besides the screens.
+/// The planner's input besides the screens.
 struct Request {
     DockOrdering::Counts counts;
     double maxIconSize = 44;
     DockPosition position = DockPosition::bottom;
-    /// 1 is off.
+    /// The factor under the pointer; 1 means off.
     double magnification = 1;
-    /// Displays to leave without a panel.
+    /// Displays that get no panel.
     std::set<std::uint32_t> hiddenDisplays;
 };
 
-/// One panel for every display but the one that holds the desktop's own dock, in screen order; none
-/// with fewer than two displays. Where another program has a panel at the dock's edge, the dock
-/// stands beyond it, at the edge of the visible frame.
+/// One panel for every display except the one that holds the desktop's own dock, in screen order;
+/// none if there are fewer than two displays. If another program has a panel at the dock's edge,
+/// the dock is placed next to that, at the edge of the visible frame.
 [[nodiscard]] std::vector<PanelSpec> desiredPanels(std::span<const ScreenSnapshot> screens,
                                                    const Request& request);
 
@@ -73,8 +73,8 @@ struct Request {
 [[nodiscard]] double thickness(DockPosition position, double iconSize,
                                double magnification) noexcept;
 
-/// `existing` maps a display ID to its panel's current frame. Only frames are compared. `destroy`
-/// ascends; the others keep the order of `desired`.
+/// `existing` maps display IDs to the current frames of their panels. Only frames are compared.
+/// `destroy` is in ascending order, the other lists are in the order of `desired`.
 [[nodiscard]] PanelPlan plan(std::span<const PanelSpec> desired,
                              const std::map<std::uint32_t, Rect>& existing);
 

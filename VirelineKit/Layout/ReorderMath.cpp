@@ -11,7 +11,7 @@ namespace vireline::ReorderMath {
 int targetIndex(const Drag& drag) {
     if (drag.slot <= 0 || drag.count < 1)
         return drag.draggedIndex;
-    // Rounds halves away from zero, so that both directions feel the same.
+    // Rounds halves away from zero, so that both directions behave the same.
     const double steps = std::round(drag.offset / drag.slot);
     constexpr double limit = 0x1p62;
     require(std::abs(steps) < limit, "a drag covers a finite number of slots");

@@ -1,14 +1,14 @@
-/// Turns the offset of a dragged tile into the place where it would land and into the slides of the
-/// tiles that make room. Offsets and slots are points along the dock's axis.
+/// Computes from the offset of a dragged tile where it would land, and how far other tiles slide to
+/// make room. Offsets and slots are points along the dock's axis.
 #pragma once
 
 namespace vireline::ReorderMath {
 
-/// One row of tiles with one of them in the user's hand.
+/// A row of tiles, one of which is being dragged.
 struct Drag {
     int draggedIndex = 0;
     double offset = 0;
-    /// A tile with its gap.
+    /// The length of a tile and its gap.
     double slot = 0;
     int count = 0;
 };

@@ -1,4 +1,4 @@
-/// One display as seen at one moment, so that geometry works on values and never on live objects.
+/// An immutable snapshot of one display, so that geometry never works on live objects.
 #pragma once
 
 #include "Foundation/Geometry.hpp"
@@ -16,7 +16,7 @@ class Screens;
 /// Rectangles are in global space: points, origin at the primary display's bottom-left corner,
 /// y upwards. The first snapshot of every list is the primary display.
 struct ScreenSnapshot {
-    /// The display ID, which ties panels, clicks and guard zones to displays.
+    /// The display ID, by which panels, clicks and guard zones refer to displays.
     std::uint32_t id = 0;
     std::uint32_t unitNumber = 0;
     Rect frame;
@@ -24,7 +24,7 @@ struct ScreenSnapshot {
     /// Pixels per point.
     double backingScaleFactor = 1;
 
-    /// Nothing for a screen without a display ID.
+    /// nullopt for a screen without a display ID.
     [[nodiscard]] static std::optional<ScreenSnapshot> of(const PlatformScreen& screen);
 
     /// All screens that have a display ID, in the platform's order.

@@ -11,17 +11,17 @@ namespace {
 
 using namespace DockMetrics;
 
-/// Between an icon and its dot, and between the dot and the strip's edge: icon, dot and gaps share
-/// the padding that the strip has on that side.
+/// The gap between an icon and its dot, and between the dot and the strip's edge. The gaps and the
+/// dot fit into the strip's padding on that side.
 constexpr double dotSpacing = 1.5;
-/// How much of a strip's thickness a separator takes.
+/// The length of a separator, as a fraction of the strip's thickness.
 constexpr double separatorShare = 0.6;
-/// How far the magnification band reaches beyond the strip.
+/// How far the magnification band extends beyond the strip.
 constexpr double bandOverhang = 8;
-/// Between the strip and a menu.
+/// The gap between the strip and a menu.
 constexpr double menuGap = 4;
 
-/// One tile along the axis, from the strip's leading edge.
+/// The extent of a tile along the axis, relative to the strip's leading edge.
 struct Span {
     double start = 0;
     double length = 0;
@@ -32,13 +32,13 @@ struct Span {
 /// The strip along its axis.
 struct AxisLayout {
     std::vector<Span> tiles;
-    /// Of the strip, in the view.
+    /// The position of the strip's leading edge in the view.
     double shift = 0;
     double length = 0;
 };
 
-/// Takes out a tile that planning made room for; what follows moves up.
-void leaveOut(AxisLayout& axis, std::size_t index) {
+/// Removes a tile that the plan has room for. The following tiles move up.
+void removeTile(AxisLayout& axis, std::size_t index) {
     const double freed = axis.tiles[index].length + iconSpacing;
     axis.tiles.erase(axis.tiles.begin() + static_cast<std::ptrdiff_t>(index));
     for (auto i = index; i < axis.tiles.size(); ++i)
@@ -75,9 +75,9 @@ AxisLayout axisLayout(const Request& request) {
     }
     const std::size_t firstUtility = firstUtilityTile(counts);
     if (!request.hasTrash)
-        leaveOut(axis, firstUtility + 1);
+        removeTile(axis, firstUtility + 1);
     if (!request.hasDownloads)
-        leaveOut(axis, firstUtility);
+        removeTile(axis, firstUtility);
     return axis;
 }
 
@@ -89,7 +89,7 @@ TileFrames tileFrames(const Edge& edge, const Span& span, double shift) {
             edge.rect(start, span.length, 0, stripPadding + span.length)};
 }
 
-/// Before the tile at `index`, or behind the last one when that group turned out empty.
+/// The separator before the tile at `index`, or after the last tile if the group is empty.
 Rect separatorFrame(const Request& request, const AxisLayout& axis, std::size_t index) {
     const double thickness = request.iconSize + stripHeightPadding;
     const double length = thickness * separatorShare;
@@ -166,7 +166,7 @@ std::vector<Rect> quietRegions(const StripFrames& frames, const Edge& edge) {
         const double start = std::clamp(edge.along({hit.minX(), hit.minY()}), end, edge.length());
         const double stop = std::min(edge.length(), edge.along({hit.maxX(), hit.maxY()}));
         add(edge.rect(end, start - end, 0, reach));
-        // A strip that overflows its view has tiles that lie partly or wholly beside it.
+        // Tiles of an overflowing strip may be partly or entirely outside the view.
         add(edge.rect(start, stop - start, 0, reach));
         end = std::max(end, stop);
     }
@@ -188,7 +188,7 @@ Rect fullGrowth(const Request& request) noexcept {
 double overhang(const Request& request) noexcept {
     const double side = request.iconSize + growth(request);
     const double tile = stripPadding + side;
-    // Scaled about the middle of the tile, which the dot belongs to.
+    // A dragged tile is scaled about the middle of icon and dot.
     const double scaled = (draggedScale - 1) * (tile - dotSpacing) / 2;
     const double label = request.edge.isHorizontal() ? labelZoneHeight : 0;
     const double reach = std::max(tile + scaled + bounceHeight, side + stripHeightPadding + label);

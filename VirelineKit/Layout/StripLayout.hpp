@@ -1,5 +1,5 @@
-/// Where everything on one dock lies: tiles, separators, the glass behind them and the label's
-/// room. Rectangles are in the view's coordinates: points, origin top-left, y downwards.
+/// The layout of a dock: tiles, separators, the glass behind them, and the space for labels.
+/// Rectangles are in the view's coordinates: points, origin top-left, y downwards.
 #pragma once
 
 #include "Foundation/Geometry.hpp"
@@ -18,7 +18,7 @@ struct TileFrames {
     Rect icon;
     /// The running dot, on the side of the display edge.
     Rect dot;
-    /// What counts as the tile for the pointer.
+    /// The area in which the pointer counts as over the tile.
     Rect hit;
 
     bool operator==(const TileFrames&) const = default;
@@ -26,18 +26,18 @@ struct TileFrames {
 
 struct StripFrames {
     Rect glass;
-    /// The glass with nothing magnified.
+    /// The glass without magnification.
     Rect glassAtRest;
-    /// Pinned, running, then the utility tiles that there are.
+    /// The pinned tiles, the running ones, then the utility tiles that exist.
     std::vector<TileFrames> tiles;
-    /// The side of an icon that has not grown.
+    /// The side of an icon at rest.
     double iconSize = 0;
-    /// The side of the one under the pointer.
+    /// The side of a fully magnified icon.
     double magnifiedIconSize = 0;
-    /// One before the running group, if it holds anything, and one before the utility group.
+    /// One before the running group, unless that is empty, and one before the utility group.
     std::vector<Rect> separators;
-    /// The room directly on a bottom strip that has not grown; meaningless for the sides, which
-    /// show no label.
+    /// The space directly above a bottom strip at rest. Meaningless for docks at the left and
+    /// right, which show no labels.
     Rect labelZone;
 
     bool operator==(const StripFrames&) const = default;
@@ -45,48 +45,48 @@ struct StripFrames {
 
 namespace StripLayout {
 
-/// How far a launching tile bobs away from the display's edge, in points, and how much larger a
-/// dragged one is drawn.
+/// How far a launching tile bounces away from the display's edge, in points, and the scale of a
+/// dragged tile.
 inline constexpr double bounceHeight = 12;
 inline constexpr double draggedScale = 1.08;
 
 struct Request {
     DockOrdering::Counts counts;
-    /// Room for both utility tiles is always planned; one whose folder is unknown is left out.
+    /// The plan always has room for both utility tiles. One whose folder is unknown is omitted.
     bool hasDownloads = true;
     bool hasTrash = true;
-    /// The effective size on this display.
+    /// The fitted size on this display.
     double iconSize = 44;
-    /// The factor under the pointer; 1 is off.
+    /// The factor under the pointer; 1 means off.
     double magnification = 1;
     Edge edge;
-    /// The pointer along the axis, from the view's leading edge.
+    /// The pointer's position along the axis, from the view's leading edge.
     std::optional<double> cursorAxis;
 };
 
 [[nodiscard]] StripFrames layout(const Request& request);
 
-/// The label's room for a tile: as much farther out as the tile has grown.
+/// The space for a tile's label, moved outwards as far as the tile has grown.
 [[nodiscard]] Rect labelZone(const StripFrames& frames, const Edge& edge, std::size_t tile);
 
-/// Where a menu opens for a place along the axis: beside the strip and all that has grown out of
-/// it.
+/// Where a menu opens for a position along the axis: clear of the strip and of magnified tiles.
 [[nodiscard]] MenuPlace menuPlace(const StripFrames& frames, const Edge& edge, double along);
 
-/// Whether a point lies in the band along the display edge where the pointer magnifies. It reaches
-/// a little beyond the strip, so that crossing into the grown icons does not end it.
+/// Whether a point is in the band along the display's edge in which the pointer magnifies. The band
+/// extends slightly beyond the strip, so that moving into the grown icons does not end
+/// magnification.
 [[nodiscard]] bool isInMagnificationBand(Point p, const Edge& edge, double iconSize) noexcept;
 
-/// Divides the view and the strip: each part is over one tile, or over none, and none is empty. For
-/// a strip that has not grown.
+/// Divides the view and the strip into regions, each of which covers a single tile or none. No
+/// region is empty. For a strip that is not magnified; see `Scene`.
 [[nodiscard]] std::vector<Rect> quietRegions(const StripFrames& frames, const Edge& edge);
 
-/// Where magnified tiles take the pointer: as far as the view reaches, and beyond it as far as they
+/// The area that takes the pointer during magnification: the view, and beyond it as far as tiles
 /// are drawn while the pointer magnifies.
 [[nodiscard]] Rect fullGrowth(const Request& request) noexcept;
 
-/// How far beyond the view, away from the display's edge, anything is ever drawn: tiles at their
-/// largest, also while they bob, and the label above those. Whole points.
+/// The maximum distance to which anything is drawn beyond the view, away from the display's edge:
+/// tiles at their largest while they bounce, or the label above them. In whole points.
 [[nodiscard]] double overhang(const Request& request) noexcept;
 
 }

@@ -10,7 +10,7 @@ namespace vireline {
 
 /// An app as a source reports it.
 struct AppRef {
-    /// The identity of the app everywhere in the program.
+    /// Identifies the app throughout the program.
     std::string bundleID;
     std::string name;
     FileURL url;

@@ -13,7 +13,7 @@ inline constexpr double stripHeightPadding = 14;
 /// Gap between a panel and the display edge it sits on.
 inline constexpr double bottomMargin = 4;
 inline constexpr double separatorWidth = 1;
-/// The smallest fitted icon; below it the strip overflows instead.
+/// Icons are never fitted to less than this; the strip overflows instead.
 inline constexpr double minIconSize = 16;
 /// Kept free at each end of the display along the strip.
 inline constexpr double screenEdgeMargin = 10;
@@ -22,7 +22,7 @@ inline constexpr double sliverThickness = 4;
 inline constexpr double cornerRadius = 18;
 /// The dot under a running app's icon.
 inline constexpr double indicatorDiameter = 4;
-/// A panel's length when the computed one is not positive.
+/// A panel's length if the computed one is not positive.
 inline constexpr double placeholderWidth = 640;
 /// Room for the name label above the icons of a bottom panel.
 inline constexpr double labelZoneHeight = 26;

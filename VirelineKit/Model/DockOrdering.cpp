@@ -35,7 +35,7 @@ int Counts::separators() const noexcept {
 }
 
 std::vector<DockItem> merge(std::span<const AppRef> pinned, std::span<const AppRef> running) {
-    // One insertion or one look-up for each app: hashing is most of what a merge costs.
+    // Hashes each app once, by one insertion or one look-up: hashing dominates the cost of a merge.
     std::unordered_map<std::string_view, bool> isRunningByID;
     isRunningByID.reserve(pinned.size());
     std::vector<const bool*> isPinnedRunning;

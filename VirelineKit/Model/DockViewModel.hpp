@@ -1,4 +1,5 @@
-/// What every dock shows. All panels share the one instance; its owner feeds it.
+/// The contents of every dock. All panels share one instance, which the application delegate
+/// updates.
 #pragma once
 
 #include "Foundation/Observable.hpp"
@@ -14,16 +15,16 @@ namespace vireline {
 
 class DockViewModel {
 public:
-    /// App tiles, the pinned first, then the unpinned running.
+    /// App tiles: the pinned apps, then the running apps that are not pinned.
     Observable<std::vector<DockItem>> items;
-    /// Points; the largest size that a tile may take.
+    /// The largest size of a tile at rest, in points.
     Observable<double> configuredIconSize{DockMetrics::iconSize};
-    /// The factor under the pointer; 1 is off.
+    /// The factor under the pointer; 1 means off.
     Observable<double> magnification{1.0};
-    /// Bundle identifiers of apps that are launching and have not settled.
+    /// Bundle identifiers of apps that are launching.
     Observable<std::set<std::string>> launching;
 
-    /// Called by the owner when the number of tiles changed.
+    /// Called by the owner when the number of tiles or separators has changed.
     std::function<void()> onLayoutChange;
 
     [[nodiscard]] std::vector<DockItem> pinnedItems() const;

@@ -84,7 +84,7 @@ public:
     /// positions in this interface never include it.
     virtual void setOverhang(const Overhang& overhang) = 0;
 
-    /// Global coordinates.
+    /// In global coordinates.
     virtual void setFrame(const Rect& frame, bool animate) = 0;
 
     /// The frame of the hosted view in the window: points, origin at the window's bottom-left
@@ -94,8 +94,9 @@ public:
     /// Shows this scene. The values of the nodes are shown as they are; nothing is animated here.
     virtual void present(const Scene& scene) = 0;
 
-    /// Calls `frameDue` once when the display is ready for the next frame: soon if the dock was at
-    /// rest, otherwise in step with the display's refresh. Requests before that are ignored.
+    /// Calls `frameDue` once when the display is ready for the next frame: without delay if the
+    /// dock was at rest, otherwise in step with the display's refresh. Requests before that are
+    /// ignored.
     virtual void requestFrame() = 0;
 
     /// While watching, the Escape key and the loss of the pointer grab cancel a drag, with a

@@ -25,8 +25,8 @@ private:
     double cube_;
 };
 
-/// The parameter at which `x`, which strictly increases from 0 to 1, is
-/// `t`. Newton's method, kept from leaving the interval that holds the solution.
+/// Solves x(s) = t for s, where `x` strictly increases from 0 to 1. Newton's method, falling back
+/// to bisection if a step leaves the interval that contains the solution.
 double solved(const Polynomial& x, double t) noexcept {
     constexpr double precision = 1e-9;
     constexpr int mostSteps = 60;
@@ -45,7 +45,7 @@ double solved(const Polynomial& x, double t) noexcept {
     return s;
 }
 
-/// The other coordinate, whose control points lie at 0 and 1; written so as to be exact at the end.
+/// The y coordinate, whose control points are 0 and 1, in a form that is exact at the end.
 double height(double s) noexcept {
     const double left = 1 - s;
     return s < 0.5 ? s * s * (1 + 2 * left) : 1 - left * left * (1 + 2 * s);

@@ -1,5 +1,5 @@
-/// A settings form as data: sections of labelled controls with their values. A platform realises it
-/// with its own controls.
+/// A settings form as data: sections of labelled controls with their values. Platforms show it with
+/// native controls.
 #pragma once
 
 #include "Presentation/StatusLine.hpp"
@@ -12,7 +12,7 @@
 
 namespace vireline {
 
-/// A control by what it changes; a form holds each at most once.
+/// Identifies a control by the setting that it changes. A form has at most one of each.
 enum class SettingsField {
     sourceMode,
     position,
@@ -27,7 +27,7 @@ enum class SettingsField {
     launchAtLogin,
 };
 
-/// One of several, each on a line of its own.
+/// Radio buttons, one per line.
 struct RadioGroup {
     std::vector<std::string> options;
     std::size_t selected = 0;
@@ -35,7 +35,7 @@ struct RadioGroup {
     bool operator==(const RadioGroup&) const = default;
 };
 
-/// One of several, side by side.
+/// A segmented control: options side by side.
 struct Segments {
     std::vector<std::string> options;
     std::size_t selected = 0;
@@ -49,27 +49,27 @@ struct Toggle {
     bool operator==(const Toggle&) const = default;
 };
 
-/// Both ends are whole steps.
+/// `minimum` and `maximum` are multiples of `step`.
 struct Slider {
     double minimum = 0;
     double maximum = 1;
     double step = 1;
     /// Within the range.
     double value = 0;
-    /// What stands behind the slider, with digits of one width, in a box as wide as told.
+    /// The text after the slider, with tabular digits, `sliderValueWidth` wide.
     std::string valueText;
 
     bool operator==(const Slider&) const = default;
 };
 
-/// Points.
+/// In points.
 inline constexpr double sliderValueWidth = 38;
 
 struct FormRow {
     SettingsField field = SettingsField::sourceMode;
     std::string title;
     std::variant<RadioGroup, Segments, Toggle, Slider> control;
-    /// Explains the control, below it; may be empty.
+    /// An explanation below the control; may be empty.
     std::string caption;
     std::optional<StatusLine> status;
 
@@ -89,7 +89,7 @@ struct Form {
     bool operator==(const Form&) const = default;
 };
 
-/// What the user gave a control: a toggle's state, the index of an option, a slider's value.
+/// The new value of a control: a toggle's state, the index of an option, or a slider's value.
 using FormValue = std::variant<bool, std::size_t, double>;
 
 }

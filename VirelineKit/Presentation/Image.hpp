@@ -1,4 +1,4 @@
-/// A picture as the program handles it; its pixels are the platform's.
+/// An opaque handle to an image, whose pixels belong to the platform.
 #pragma once
 
 #include "Foundation/Geometry.hpp"
@@ -7,7 +7,7 @@
 
 namespace vireline {
 
-/// What a platform draws for an image node. Sizes are in points.
+/// The platform's image for an image node. The size is in points.
 class Image {
 public:
     explicit Image(Size size) : size_(size) {}
@@ -23,7 +23,7 @@ private:
     Size size_;
 };
 
-/// Shared by every view that shows the image; equal handles are the same image.
+/// Shared by all views that show the image; equal handles are the same image.
 using ImageHandle = std::shared_ptr<const Image>;
 
 }

@@ -1,4 +1,4 @@
-/// Menus as data; each platform has one translator to its own.
+/// Menus as data, which each platform translates into its own.
 #pragma once
 
 #include "Foundation/Geometry.hpp"
@@ -20,9 +20,9 @@ using MenuAction = std::function<void()>;
 
 struct MenuCommand {
     std::string title;
-    /// With the platform's command modifier, while the menu is open; 0 for none.
+    /// Works with the platform's command modifier while the menu is open; 0 means none.
     char keyEquivalent = 0;
-    /// Nothing for a command that never has a check mark.
+    /// nullopt for a command that never has a check mark.
     std::optional<bool> isChecked{};
     MenuAction action{};
 
@@ -42,15 +42,14 @@ struct Menu {
     bool operator==(const Menu&) const = default;
 };
 
-/// Where a popup menu opens: on that side of a point of the view, with the middle of its nearest
-/// side there.
+/// Where a popup menu opens: on the given side of a point of the view, centred on it.
 struct MenuPlace {
     enum class Side { above, leftOf, rightOf };
 
     Point at;
     Side side = Side::above;
 
-    /// The top-left corner of a menu of that size; y downwards, like the point's.
+    /// The top-left corner of a menu of this size, in the coordinates of `at`: y downwards.
     [[nodiscard]] constexpr Point corner(Size menu) const noexcept {
         switch (side) {
         case Side::leftOf:
@@ -66,7 +65,7 @@ struct MenuPlace {
     bool operator==(const MenuPlace&) const = default;
 };
 
-/// What an entry of the hidden main menu does: to the program, or to whatever has the focus.
+/// What an entry of the hidden main menu does, to the program or to the focused control.
 enum class StandardAction { terminate, undo, redo, cut, copy, paste, selectAll };
 
 struct MainMenuCommand {

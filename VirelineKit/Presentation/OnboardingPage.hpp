@@ -26,7 +26,8 @@ struct FeatureRow {
     bool operator==(const FeatureRow&) const = default;
 };
 
-/// How the window features stand: a line, or a button that switches them on and what to know of it.
+/// The state of the window features: a status line, or a button that switches them on, with a
+/// caption.
 struct PermissionBlock {
     std::optional<StatusLine> line;
     std::optional<OnboardingButton> button;
@@ -42,10 +43,10 @@ struct OnboardingPage {
     std::string text;
     std::vector<FeatureRow> rows;
     std::optional<PermissionBlock> permission;
-    /// One dot a page, this page's in the accent colour.
+    /// For the page indicator: one dot per page, the current one in the accent colour.
     int index = 0;
     int pageCount = 1;
-    /// From the leading one to the trailing one, which is the one that Return presses.
+    /// From leading to trailing. Return presses the trailing one.
     std::vector<OnboardingButton> buttons;
 
     bool operator==(const OnboardingPage&) const = default;

@@ -1,5 +1,5 @@
-/// What one dock shows at one moment, as data: nodes to paint, back to front, and regions that
-/// take input. Coordinates are the view's own: points, origin top-left, y downwards.
+/// What a dock shows at one moment, as data: the nodes to paint, back to front, and regions that
+/// concern input. Coordinates are the view's own: points, origin top-left, y downwards.
 #pragma once
 
 #include "Foundation/Geometry.hpp"
@@ -15,7 +15,7 @@
 
 namespace vireline {
 
-/// A translucent background with rounded corners; a capsule when the radius reaches half the
+/// A translucent background with rounded corners; a capsule if the radius is at least half the
 /// thickness.
 struct GlassNode {
     double cornerRadius = 0;
@@ -26,9 +26,9 @@ struct GlassNode {
 /// An image, drawn into the node's frame.
 struct ImageNode {
     ImageHandle image;
-    /// The side of its frame where nothing has grown or shrunk, and where it is drawn sharp.
+    /// The side of the frame without growth. At this size, the image is drawn sharp.
     double restingSide = 0;
-    /// The side that it can grow to, as far as is known beforehand.
+    /// The largest side that the frame is expected to grow to.
     double largestSide = 0;
 
     bool operator==(const ImageNode&) const = default;
@@ -46,43 +46,44 @@ struct SeparatorNode {
     bool operator==(const SeparatorNode&) const = default;
 };
 
-/// One line of text in a glass capsule, centred in the node's frame and no wider than it; what does
-/// not fit ends in an ellipsis.
+/// One line of text in a glass capsule, centred in the node's frame. Text that does not fit is
+/// truncated with an ellipsis.
 struct LabelNode {
     std::string text;
-    /// System font, medium weight; points.
+    /// In points; the font is the system font in medium weight.
     double fontSize = 0;
-    /// Between the text and the capsule's edge; points.
+    /// Between the text and the capsule's edge, in points.
     Size padding;
 
     bool operator==(const LabelNode&) const = default;
 };
 
-/// A capsule in the primary colour, which a collapsed dock leaves at the screen's edge.
+/// A capsule in the primary colour: the handle of a collapsed dock.
 struct HandleNode {
     bool operator==(const HandleNode&) const = default;
 };
 
-/// Tells a node from the others of its scene; the same node carries it from scene to scene.
+/// Identifies a node within its scene, and across scenes.
 struct NodeID {
     enum class Part { strip, separator, icon, dot, label, handle };
 
     Part part = Part::strip;
-    /// The tile, or the number of the separator; 0 where there is but one such node.
+    /// The serial of the tile, or the number of the separator; 0 for a part that exists once.
     std::uint32_t owner = 0;
 
     auto operator<=>(const NodeID&) const = default;
 };
 
-/// How a node's changes reach the screen. Without a curve a change shows at once; a movement under
-/// way then goes on towards the new target.
+/// How changes of a node are animated. A change without a curve shows immediately; if the property
+/// is being animated, that continues towards the new target.
 struct Motion {
     std::optional<Curve> frame = {};
     std::optional<Curve> slide = {};
     std::optional<Curve> bounce = {};
     std::optional<Curve> scale = {};
     std::optional<Curve> opacity = {};
-    /// Fades a node in that was not there before, and out when it is gone, on its passage.
+    /// Fades a node in when it appears and out when it disappears, moving it by
+    /// `Scene::presenceOffset`.
     std::optional<Curve> presence = {};
 
     bool operator==(const Motion&) const = default;
@@ -90,23 +91,24 @@ struct Motion {
 
 struct SceneNode {
     NodeID id;
-    /// At scale 1 and without the offset.
+    /// Without scale and offset.
     Rect frame;
     std::variant<GlassNode, ImageNode, DotNode, SeparatorNode, LabelNode, HandleNode> content;
-    /// About the point `anchor`, or the frame's centre.
+    /// Scaled about `anchor`, by default the frame's centre.
     double scale = 1;
     std::optional<Point> anchor = {};
-    /// Aside, along the dock's axis, and away from the display's edge.
+    /// Offsets along the dock's axis and away from the display's edge.
     Point slide = {};
     Point bounce = {};
-    /// Beside its place while it comes or goes; at its place in every scene that a view makes.
-    Point passing = {};
+    /// The offset while the node appears or disappears. Set only by the animator; zero in scenes
+    /// that a view makes.
+    Point presenceOffset = {};
     double opacity = 1;
     Motion motion = {};
 
-    /// From the frame to where the node is drawn.
+    /// The offset of the drawn node from its frame.
     [[nodiscard]] Point offset() const noexcept {
-        return {slide.x + bounce.x + passing.x, slide.y + bounce.y + passing.y};
+        return {slide.x + bounce.x + presenceOffset.x, slide.y + bounce.y + presenceOffset.y};
     }
 
     bool operator==(const SceneNode&) const = default;
@@ -115,21 +117,19 @@ struct SceneNode {
 struct Scene {
     std::vector<SceneNode> nodes;
 
-    /// The part of the view, and of the overhang of its window, that takes the pointer; clicks
-    /// beside it reach the window below. Absent: the window's whole frame.
+    /// The part of the view and of the window's overhang that takes the pointer; clicks outside it
+    /// reach the window below. nullopt means the window's whole frame.
     std::optional<Rect> inputRegion;
 
-    /// Parts of the view, none on top of another, in each of which the pointer can move, with no
-    /// button held, without anything looking different: a window need not tell of that. Elsewhere
-    /// every movement counts.
+    /// Disjoint parts of the view. While no button is held, movement within one of them changes
+    /// nothing, so a window need not report it. Movement outside them always has to be reported.
     std::vector<Rect> quietRegions = {};
 
-    /// How far beside their place nodes begin that were not there before, and those end that are
-    /// gone.
-    Point passage = {};
+    /// The offset at which new nodes start to appear and removed nodes end up.
+    Point presenceOffset = {};
 
-    /// Where the view's corner lies, from a point that stays where it is from scene to scene: what
-    /// moves with a curve sets out from where it was on the display.
+    /// The position of the view's corner, relative to a point that is fixed across scenes. Lets
+    /// animations start from the node's old position on the display when the view moves.
     Point viewPlace = {};
 
     bool operator==(const Scene&) const = default;

@@ -1,4 +1,4 @@
-/// A line that tells how a feature stands, with a symbol before it or a button behind it.
+/// A line with the status of a feature, optionally with a symbol before it and a button after it.
 #pragma once
 
 #include <string>

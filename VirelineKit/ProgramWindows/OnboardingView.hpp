@@ -10,14 +10,14 @@ namespace vireline::OnboardingView {
 /// The index of the last page.
 inline constexpr int lastStep = 2;
 
-/// What a page depends on besides its index.
+/// What a page depends on, besides its index.
 struct Surroundings {
     DockAnchorGuard::Status anchorStatus = DockAnchorGuard::Status::off;
-    /// Whether this desktop lets any program move the windows of others.
+    /// Whether this desktop lets programs move other programs' windows.
     bool canMoveWindows = true;
 };
 
-/// The page of an index from 0 to `lastStep`.
+/// The page with this index, from 0 to `lastStep`.
 [[nodiscard]] OnboardingPage page(int step, const Surroundings& surroundings,
                                   const DesktopWords& words);
 

@@ -1,4 +1,5 @@
-/// The welcome tour: shown at every start until the user has finished it once, and on request.
+/// The window of the welcome tour, which is shown at every start until the user has finished it
+/// once, and on request.
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
@@ -27,10 +28,10 @@ public:
     OnboardingWindowController(OnboardingWindowController&&) = delete;
     OnboardingWindowController& operator=(OnboardingWindowController&&) = delete;
 
-    /// Brings the window to the front; one that was closed starts over at the first page.
+    /// Brings the window to the front. If it was closed, it starts again at the first page.
     void show();
 
-    /// Closes the window for good: it does not come back by itself.
+    /// Closes the window, and records that it need not be shown at the next start.
     void finish();
 
 private:

@@ -14,11 +14,12 @@ struct Range {
     int stepsPerUnit;
 };
 
-/// Points, and a factor.
+/// In points.
 constexpr Range iconSizes{32, 64, 1};
+/// Factors.
 constexpr Range magnifications{1.2, 2.0, 10};
 
-/// In the order of their options.
+/// In the order of the options.
 constexpr std::array sourceModes{SourceMode::mirror, SourceMode::manual};
 
 template <class Options, class Value>
@@ -26,7 +27,7 @@ std::size_t indexOf(const Options& options, Value value) {
     return static_cast<std::size_t>(std::ranges::find(options, value) - options.begin());
 }
 
-/// A file may hold any number, and the text has room for a few digits.
+/// Clamped, since the file may contain any number and the text has room for only a few digits.
 std::string integerText(double value) {
     constexpr double most = 99999;
     return std::to_string(static_cast<int>(std::clamp(value, -most, most)));
@@ -49,7 +50,7 @@ FormRow toggle(SettingsField field, std::string title, bool isOn, std::string ca
     return {field, std::move(title), Toggle{isOn}, std::move(caption), std::nullopt};
 }
 
-/// The sentences that there are, in one caption.
+/// Joins the sentences of a caption; the second may be empty.
 std::string joined(const std::string& first, const std::string& second) {
     return second.empty() ? first : first + " " + second;
 }

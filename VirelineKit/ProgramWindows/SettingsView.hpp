@@ -1,4 +1,4 @@
-/// What the settings window shows for a record of settings, and what a user's choice makes of that
+/// Describes the settings window for a settings record, and applies the user's changes to that
 /// record.
 #pragma once
 
@@ -9,20 +9,19 @@
 
 namespace vireline::SettingsView {
 
-/// What the form shows besides the settings.
+/// What the form depends on, besides the settings.
 struct Surroundings {
     bool launchesAtLogin = false;
     DockAnchorGuard::Status anchorStatus = DockAnchorGuard::Status::off;
-    /// Whether this desktop lets any program move the windows of others.
+    /// Whether this desktop lets programs move other programs' windows.
     bool canMoveWindows = true;
 };
 
 [[nodiscard]] Form form(const Settings& settings, const Surroundings& surroundings,
                         const DesktopWords& words);
 
-/// `settings` with one field as the user set it: a slider's value goes to the nearest step of its
-/// range. A value that no such control gives changes nothing, nor does a field that is no part of
-/// the settings.
+/// `settings` with one field as the user set it. A slider's value is rounded to the nearest step of
+/// its range. Values of the wrong type and fields that are not part of the settings are ignored.
 [[nodiscard]] Settings edited(Settings settings, SettingsField field, const FormValue& value);
 
 }

@@ -58,7 +58,7 @@ void SettingsWindowController::formChanged(SettingsField field, const FormValue&
         setLaunchAtLogin(*isOn);
 }
 
-/// The switch stays as the user set it, also when the system refuses.
+/// The switch stays as the user set it, even if the system refuses.
 void SettingsWindowController::setLaunchAtLogin(bool isOn) {
     launchAtLogin_ = isOn;
     if (isOn != loginItem_.isEnabled())

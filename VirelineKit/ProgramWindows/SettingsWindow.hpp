@@ -1,5 +1,5 @@
-/// The settings window: made when it is first shown and kept from then on. What the user changes is
-/// written through the store at once; what changes elsewhere shows at once.
+/// The settings window, created when first shown and then kept. Changes by the user are written to
+/// the store at once; changes made elsewhere show at once.
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
@@ -29,7 +29,7 @@ public:
     SettingsWindowController(SettingsWindowController&&) = delete;
     SettingsWindowController& operator=(SettingsWindowController&&) = delete;
 
-    /// Brings the window to the front, whatever other programs show.
+    /// Brings the window to the front of all programs.
     void show();
 
 private:
@@ -48,7 +48,7 @@ private:
     Accessibility& accessibility_;
     DesktopWords words_;
     std::unique_ptr<FormWindow> window_;
-    /// As the system had it when the window was last shown, or as the user set it since.
+    /// The system's state when the window was last shown, or as the user has set it since.
     bool launchAtLogin_ = false;
     std::array<Subscription, 3> observations_;
     Lifetime lifetime_;

@@ -1,5 +1,5 @@
-/// Owns the one live settings record and its file: reads it once at start, saves every real change
-/// before anybody acts on it.
+/// Owns the settings record and its file: reads the file once at start, and saves every change
+/// before calling `onChange`.
 #pragma once
 
 #include "Foundation/FileURL.hpp"
@@ -15,12 +15,13 @@ namespace vireline {
 
 class PreferencesStore {
 public:
-    /// Longer files are damaged; a record with a thousand apps takes some 200 KiB.
+    /// A longer file counts as damaged. For scale: a record with a thousand apps takes about 200
+    /// KiB.
     static constexpr std::size_t maximumFileBytes = std::size_t{16} * 1024 * 1024;
 
-    /// Loads "preferences.json" from `directory`, by default the folder "Vireline" where programs
-    /// keep this user's data. A file that is not there gives the default record; so does a damaged
-    /// one, which is logged and left as it is until the first change.
+    /// Loads "preferences.json" from `directory`, by default the folder "Vireline" in the user's
+    /// folder for application data. If the file is missing or damaged, the record has its defaults.
+    /// A damaged file is logged and left as it is until the first change.
     PreferencesStore(FileSystem& fileSystem, const UserFolders& folders,
                      const std::optional<FileURL>& directory = std::nullopt);
     PreferencesStore(const PreferencesStore&) = delete;
@@ -31,18 +32,18 @@ public:
 
     [[nodiscard]] const Settings& settings() const noexcept { return settings_.get(); }
 
-    /// Replaces the whole record. If it differs: tells the observers, saves, calls `onChange`. A
-    /// save that fails is logged, and the new record holds all the same.
+    /// Replaces the whole record. If it differs, notifies the observers, saves, and calls
+    /// `onChange`. If saving fails, that is logged, and the new record applies nevertheless.
     void setSettings(Settings settings);
 
-    /// For views that show settings; called after every change, before it is saved.
+    /// Calls `listener` after every change, before it is saved. For views that show settings.
     [[nodiscard]] Subscription observe(std::function<void()> listener) {
         return settings_.observe(std::move(listener));
     }
 
     [[nodiscard]] const FileURL& fileURL() const noexcept { return fileURL_; }
 
-    /// Called when a change has been saved.
+    /// Called after a change, once saving it has been attempted.
     std::function<void()> onChange;
 
 private:

@@ -1,4 +1,4 @@
-/// The one record of what the user chose.
+/// The user's settings.
 #pragma once
 
 #include <algorithm>
@@ -14,11 +14,11 @@ namespace vireline {
 
 /// Where the pinned list comes from.
 enum class SourceMode {
-    mirror, ///< it follows the desktop's own dock
-    manual, ///< it is `Settings::manualApps`
+    mirror, ///< from the desktop's own dock
+    manual, ///< from `Settings::manualApps`
 };
 
-/// The edge of each display that holds the dock.
+/// The edge of each display at which the dock is.
 enum class DockPosition { bottom, left, right };
 
 struct DockPositionTraits {
@@ -44,11 +44,11 @@ inline constexpr std::array dockPositions{
     return dockPositions[static_cast<std::size_t>(position)];
 }
 
-/// The text that stands for the value in the preferences file.
+/// The value's text in the preferences file.
 [[nodiscard]] std::string_view rawValue(SourceMode mode) noexcept;
 [[nodiscard]] std::string_view rawValue(DockPosition position) noexcept;
 
-/// The value that a text stands for, case-sensitive; nothing for any other text.
+/// The value for a text, which is case-sensitive; nullopt for an unknown text.
 [[nodiscard]] std::optional<SourceMode> sourceMode(std::string_view rawValue) noexcept;
 [[nodiscard]] std::optional<DockPosition> dockPosition(std::string_view rawValue) noexcept;
 
@@ -84,11 +84,11 @@ struct Settings {
     bool operator==(const Settings&) const = default;
 };
 
-/// The largest factor in force, well beyond what one may choose. A file may hold any number, and a
-/// dock's window makes room for the growth.
+/// The limit of the factor, far above what the settings window offers. The file may contain any
+/// number, and a dock's window must have room for the growth.
 inline constexpr double largestMagnification = 16;
 
-/// The factor in force: 1 while magnification is off.
+/// The factor to use: 1 while magnification is off.
 [[nodiscard]] inline double effectiveMagnification(const Settings& settings) noexcept {
     return settings.magnificationEnabled ? std::min(settings.magnification, largestMagnification)
                                          : 1.0;

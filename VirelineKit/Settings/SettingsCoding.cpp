@@ -14,7 +14,7 @@ namespace {
 
 using Json = nlohmann::json;
 
-/// A key of a JSON object and the field of `Record` that it stands for.
+/// A key of a JSON object and the corresponding field of `Record`.
 template <class Record, class T>
 struct Member {
     const char* key;
@@ -38,7 +38,7 @@ constexpr std::tuple settingsMembers{
     Member{"onboardingCompleted", &Settings::onboardingCompleted},
 };
 
-/// All of them are required.
+/// An app while it is being read. Every field is required.
 struct PartialApp {
     std::optional<std::string> bundleID;
     std::optional<std::string> name;
@@ -81,8 +81,7 @@ Json encoded(const std::vector<StoredApp>& apps) {
     return list;
 }
 
-/// A JSON value that is neither an array nor an object. A double also stands for integers beyond
-/// 64 bits.
+/// A JSON value that is neither an array nor an object. Integers beyond 64 bits become doubles.
 using Scalar = std::variant<std::nullptr_t, bool, std::int64_t, double, std::string>;
 
 template <class T>
@@ -102,8 +101,8 @@ bool assign(double& field, Scalar& value) {
     return assign<double>(field, value);
 }
 
-/// Also a number written as 1.0 or 1e2. The limits are exclusive since beyond them an integer has
-/// been rounded onto the limit.
+/// Also accepts an integer written as 1.0 or 1e2. The limits are exclusive, since integers beyond
+/// them have been rounded to the limit.
 bool assign(std::int64_t& field, Scalar& value) {
     constexpr double limit = -static_cast<double>(std::numeric_limits<std::int64_t>::min());
     if (const auto* real = std::get_if<double>(&value)) {
@@ -137,13 +136,13 @@ bool assign(DockPosition& field, Scalar& value) {
     return assignNamed(field, value, dockPosition);
 }
 
-/// A list never comes as a scalar.
+/// A scalar is never a list.
 bool assign(std::vector<StoredApp>&, Scalar&) {
     return false;
 }
 
-/// Takes the text in piece by piece, in the form that nlohmann's reader calls for. Nothing is built
-/// but the record itself, so that neither depth nor size of what is passed over costs memory.
+/// A SAX handler for nlohmann's parser. It builds only the record itself, so that ignored values
+/// take no memory, however deep or large they are.
 class Reader {
 public:
     bool null() { return scalar(nullptr); }
@@ -159,7 +158,7 @@ public:
     bool binary(const Json::binary_t&) { return fail("bytes where JSON has none"); }
 
     bool start_object(std::size_t) {
-        if (isPassingOver())
+        if (isIgnoring())
             return descend();
         switch (place_) {
         case Place::document:
@@ -177,7 +176,7 @@ public:
     }
 
     bool end_object() {
-        if (depthPassedOver_ > 0)
+        if (ignoredDepth_ > 0)
             return ascend();
         if (place_ != Place::app)
             return true;
@@ -190,7 +189,7 @@ public:
     }
 
     bool start_array(std::size_t) {
-        if (isPassingOver())
+        if (isIgnoring())
             return descend();
         if (place_ != Place::settings || key_ != "manualApps")
             return failAtValue();
@@ -200,14 +199,14 @@ public:
     }
 
     bool end_array() {
-        if (depthPassedOver_ > 0)
+        if (ignoredDepth_ > 0)
             return ascend();
         place_ = Place::settings;
         return true;
     }
 
     bool key(std::string& name) {
-        if (depthPassedOver_ > 0)
+        if (ignoredDepth_ > 0)
             return true;
         key_ = std::move(name);
         const auto isCurrent = [this](const auto& member) { return key_ == member.key; };
@@ -220,7 +219,7 @@ public:
         return fail("no JSON at byte " + std::to_string(position));
     }
 
-    /// What was read, once nothing failed.
+    /// The result, if parsing succeeded.
     [[nodiscard]] Settings& settings() { return settings_; }
     [[nodiscard]] std::string& failure() { return failure_; }
 
@@ -245,24 +244,24 @@ private:
         return fail("\"" + key_ + "\" has the wrong type or no known value");
     }
 
-    /// Whether the value that comes now belongs to an unknown key.
-    [[nodiscard]] bool isPassingOver() const {
-        return depthPassedOver_ > 0 ||
+    /// Whether the next value belongs to an unknown key.
+    [[nodiscard]] bool isIgnoring() const {
+        return ignoredDepth_ > 0 ||
                (!isKnown_ && (place_ == Place::settings || place_ == Place::app));
     }
 
     bool descend() {
-        ++depthPassedOver_;
+        ++ignoredDepth_;
         return true;
     }
 
     bool ascend() {
-        --depthPassedOver_;
+        --ignoredDepth_;
         return true;
     }
 
     bool scalar(Scalar value) {
-        if (isPassingOver())
+        if (isIgnoring())
             return true;
         bool isRead = false;
         if (place_ == Place::settings) {
@@ -290,7 +289,7 @@ private:
     Place place_ = Place::document;
     std::string key_;
     bool isKnown_ = false;
-    std::size_t depthPassedOver_ = 0;
+    std::size_t ignoredDepth_ = 0;
     std::string failure_;
 };
 
@@ -304,8 +303,8 @@ std::string encode(const Settings& settings) {
 }
 
 std::expected<Settings, Error> decode(std::string_view text) {
-    // The library takes a zero byte for the end of the text, so that a file whose tail was lost to
-    // zeroes would pass for a whole one.
+    // The library treats a zero byte as the end of the text, so a file whose end was overwritten
+    // with zeroes would count as complete.
     if (text.contains('\0'))
         return std::unexpected{Error{"zero byte in the text"}};
     Reader reader;

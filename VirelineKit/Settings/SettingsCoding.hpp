@@ -1,5 +1,5 @@
-/// The settings record as the text of the preferences file: one JSON object, pretty-printed, its
-/// keys sorted.
+/// Encodes the settings record as the text of the preferences file, a pretty-printed JSON object
+/// with sorted keys, and decodes it.
 #pragma once
 
 #include "Settings/Settings.hpp"
@@ -10,18 +10,19 @@
 
 namespace vireline::SettingsCoding {
 
-/// What is wrong with a text that cannot be read.
+/// Why a text could not be decoded.
 struct Error {
     std::string description;
 
     bool operator==(const Error&) const = default;
 };
 
-/// All keys are written. Text that is not UTF-8 has its bad bytes replaced.
+/// Writes all keys. Bytes that are not valid UTF-8 are replaced.
 [[nodiscard]] std::string encode(const Settings& settings);
 
-/// A missing key or a null takes its default, an unknown key is passed over; a key of the wrong
-/// type, or text that is no JSON object, fails the whole reading. Values are not clamped.
+/// A missing key or a null gives the default, and an unknown key is ignored. Decoding fails if a
+/// value has the wrong type or is unknown, or if the text is not a JSON object. Numbers are not
+/// clamped.
 [[nodiscard]] std::expected<Settings, Error> decode(std::string_view text);
 
 }

@@ -22,7 +22,8 @@ void AppSourceResolver::start() {
             emit();
     });
     mirror_.start();
-    // The mirror's first reading shows nothing in manual mode, and the user's own list is due too.
+    // In manual mode the mirror's first reading is not delivered, so deliver the user's own list
+    // here.
     if (!isMirroring())
         emit();
 }
@@ -52,7 +53,7 @@ std::vector<AppRef> AppSourceResolver::manualList() const {
 }
 
 bool AppSourceResolver::isShown(const StoredApp& app) const {
-    // A path from a file that anybody may have edited: one that is not absolute is invalid.
+    // The path comes from a file that may have been edited by hand, so it may not be absolute.
     return app.path.starts_with('/') && fileSystem_.exists(FileURL::fromPath(app.path));
 }
 
@@ -110,8 +111,8 @@ void AppSourceResolver::adoptManualIfMirroring() {
     DevLog::write("list edited while mirroring: switched to manual, seeded");
 }
 
-// In the edits below a write of the settings may well replace what the arguments refer to, such as
-// a tile of the dock that asked: they are not read after it.
+// Writing the settings may destroy what the arguments of the functions below refer to, such as the
+// tile that was clicked. So these functions do not use their arguments after that.
 
 void AppSourceResolver::addManualApp(const FileURL& url) {
     const auto added = manualEntry(url);
@@ -150,7 +151,8 @@ void AppSourceResolver::moveManualApp(std::string_view bundleID, int toIndex) {
         return;
     StoredApp moved = std::move(*found);
     apps.erase(found);
-    // Two writes: each is saved and announced, so the docks see the app leave before it arrives.
+    // Each of the two writes is saved and announced: the docks see the app disappear before it
+    // reappears in its new place.
     setManualApps(apps);
     apps.insert(apps.begin() + to, std::move(moved));
     setManualApps(std::move(apps));

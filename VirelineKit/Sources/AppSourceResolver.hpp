@@ -1,5 +1,5 @@
-/// Decides which apps the docks show as pinned, the mirrored or the user's own, and carries out the
-/// user's edits of that list.
+/// Decides which apps the docks show as pinned, the mirrored ones or the user's own list, and
+/// carries out the user's edits of that list.
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
@@ -17,8 +17,8 @@
 
 namespace vireline {
 
-/// Every edit is a write of the settings; it reaches the docks when the owner answers that change
-/// with `emit`.
+/// An edit only writes the settings. It reaches the docks because the owner calls `emit` when the
+/// settings change.
 class AppSourceResolver {
 public:
     AppSourceResolver(PreferencesStore& store, const Platform& platform);
@@ -28,24 +28,23 @@ public:
     AppSourceResolver& operator=(AppSourceResolver&&) = delete;
     ~AppSourceResolver() = default;
 
-    /// Delivers the list in force, and from now on every reading of the mirror while mirroring.
+    /// Delivers the current list, and from then on, while mirroring, every reading of the mirror.
     void start();
 
-    /// Computes the pinned list and delivers it, changed or not. In manual mode an empty list is
-    /// filled from the mirror first.
+    /// Computes the pinned list and delivers it, even if it has not changed. In manual mode, an
+    /// empty list is first filled from the mirror.
     void emit();
 
-    /// Appends the app at `url`, unless it is no app or in the list already. While mirroring, the
-    /// list is adopted first, and so it is by a move.
+    /// Appends the app at `url`, unless it is not an app or is already in the list. While
+    /// mirroring, this and `moveManualApp` first switch to the manual list.
     void addManualApp(const FileURL& url);
 
-    /// Removes every entry of the app. Does nothing while mirroring: what is pinned is then not the
-    /// program's to remove.
+    /// Removes every entry of the app. Does nothing while mirroring, since the list then belongs to
+    /// the desktop's dock.
     void removeManualApp(const std::string& bundleID);
 
-    /// Moves the app's first entry to `toIndex` among the entries that are shown, or to their
-    /// nearer end. Entries that are hidden, as their apps are gone, do not count and stay where
-    /// they are.
+    /// Moves the app's first entry to `toIndex`, clamped, among the entries that are shown. Entries
+    /// that are hidden because their apps are gone do not count and keep their places.
     void moveManualApp(std::string_view bundleID, int toIndex);
 
     /// Receives the pinned list.
@@ -56,17 +55,17 @@ private:
     [[nodiscard]] std::vector<AppRef> mirrorList() const;
     [[nodiscard]] std::vector<AppRef> manualList() const;
     [[nodiscard]] bool isShown(const StoredApp& app) const;
-    /// Where in the manual list the entries stand that are shown.
+    /// The indices of the shown entries in the manual list.
     [[nodiscard]] std::vector<std::ptrdiff_t> shownPlaces() const;
-    /// What the list would hold for the app at `url`; nothing if that is no app.
+    /// The list entry for the app at `url`; nullopt if that is not an app.
     [[nodiscard]] std::optional<StoredApp> manualEntry(const FileURL& url) const;
     void setManualApps(std::vector<StoredApp> apps);
 
     /// Fills an empty manual list from the last reading of the mirror.
     void seedIfNeeded();
 
-    /// Switches from mirroring to the manual list, if that holds anything. A list kept from an
-    /// earlier time comes back as it was.
+    /// Switches from mirroring to the manual list, filling that from the mirror if it is empty.
+    /// Does nothing if it is still empty then.
     void adoptManualIfMirroring();
 
     PreferencesStore& store_;

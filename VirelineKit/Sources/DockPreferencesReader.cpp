@@ -24,7 +24,7 @@ std::optional<ParsedDockEntry> parseTile(const PropertyList& tile) {
                            stringUnder(*data, "bundle-identifier"), *url};
 }
 
-/// One item of the wrong kind makes the whole list unfit, as for the dock itself.
+/// One item of the wrong type invalidates the whole list, as it does for the dock itself.
 std::vector<ParsedDockEntry> parseList(const PropertyList& list) {
     const PropertyList::Array* tiles = list.array();
     const auto isDictionary = [](const PropertyList& tile) { return tile.dictionary() != nullptr; };

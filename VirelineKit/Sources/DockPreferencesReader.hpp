@@ -1,5 +1,5 @@
-/// Reads the pinned apps out of the preferences of the desktop's own dock. Nothing here asks
-/// whether an app still exists.
+/// Reads the pinned apps from the preferences of the desktop's own dock. Does not check whether the
+/// apps still exist.
 #pragma once
 
 #include "Foundation/FileURL.hpp"
@@ -26,22 +26,22 @@ struct ParsedDockEntry {
 
 namespace DockPreferencesReader {
 
-/// The tiles as they stand now; none when the preferences are absent or of another shape.
+/// The current tiles; none if the preferences are missing or malformed.
 [[nodiscard]] std::vector<ParsedDockEntry> readCurrent(DockPreferences& preferences);
 
-/// The list of tiles in a whole preferences file, of whatever shape it is; nothing if the file has
-/// none. Fails only when the bytes are no property list.
+/// The unchecked list of tiles in a preferences file; nullopt if the file has none. Fails only if
+/// the bytes are not a property list.
 [[nodiscard]] Result<std::optional<PropertyList>> tileList(std::span<const std::byte> data,
                                                            const PropertyListDecoder& decoder);
 
-/// The tiles of a whole preferences file. Fails only when the bytes are no property list.
+/// The tiles in a preferences file. Fails only if the bytes are not a property list.
 [[nodiscard]] Result<std::vector<ParsedDockEntry>> parse(std::span<const std::byte> data,
                                                          const PropertyListDecoder& decoder);
 
-/// Tiles that are malformed, or that lead anywhere but to a file, are passed over.
+/// Tiles that are malformed, or whose URL is not a file URL, are ignored.
 [[nodiscard]] std::vector<ParsedDockEntry> parseEntries(const PropertyList::Array& tiles);
 
-/// The file that the preferences are kept in.
+/// The preferences file.
 [[nodiscard]] FileURL plistURL(const UserFolders& folders);
 
 }

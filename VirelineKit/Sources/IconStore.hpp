@@ -1,5 +1,5 @@
-/// Supplies the pictures of the tiles and keeps each until the platform's icons change, so that
-/// views, which rebuild their tiles often and on every display, never ask the platform twice.
+/// Caches the images of the tiles until the platform's icons change, since every view rebuilds its
+/// tiles often.
 #pragma once
 
 #include "Foundation/CallbackList.hpp"
@@ -25,14 +25,14 @@ public:
     IconStore& operator=(IconStore&&) = delete;
     ~IconStore() = default;
 
-    /// The icon of the file at `path`, 44 × 44 points. A key keeps its first image until icons
-    /// change.
+    /// The icon of the file at `path`, 44 × 44 points. Cached by `key` until icons change, even if
+    /// `path` changes.
     [[nodiscard]] ImageHandle icon(const std::string& path, const std::string& key);
 
-    /// The empty Trash, whatever the Trash holds.
+    /// The icon of an empty Trash, even if the Trash is not empty.
     [[nodiscard]] ImageHandle trashIcon();
 
-    /// Announces that all icons have to be asked for again.
+    /// Calls `handler` when all icons must be requested again.
     [[nodiscard]] Subscription observeChanges(std::function<void()> handler) {
         return changes_.add(std::move(handler));
     }

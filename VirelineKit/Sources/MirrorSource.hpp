@@ -1,5 +1,5 @@
-/// Keeps the program's copy of the apps pinned in the desktop's own dock current. A burst of
-/// signals that the dock changed makes one reading.
+/// Follows the apps that are pinned in the desktop's own dock. Change notifications are debounced:
+/// a burst of them causes one reading.
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
@@ -16,7 +16,7 @@ namespace vireline {
 
 class MirrorSource {
 public:
-    /// Seconds of quiet before a reading.
+    /// Seconds without a change notification before a reading.
     static constexpr double debounceDelay = 0.3;
 
     explicit MirrorSource(const Platform& platform);
@@ -26,20 +26,20 @@ public:
     MirrorSource& operator=(MirrorSource&&) = delete;
     ~MirrorSource() = default;
 
-    /// Reads once, without delay, and again after every change from now on.
+    /// Reads immediately, and from then on after every change.
     void start();
 
-    /// Reads and delivers the list, whether or not it differs from the one before.
+    /// Reads the list and delivers it, even if it has not changed.
     void emit();
 
-    /// Reads once nothing has asked for it for `debounceDelay`.
+    /// Reads once `debounceDelay` has passed without another call.
     void scheduleEmit();
 
-    /// The installed apps among the entries, in their order, with the file manager in front unless
-    /// the entries place it. Entries with one identifier are not merged.
+    /// The entries whose apps are installed, in their order. The file manager is put first if it is
+    /// not among them. Entries with the same identifier are not merged.
     [[nodiscard]] std::vector<AppRef> resolve(std::span<const ParsedDockEntry> entries) const;
 
-    /// Receives every reading.
+    /// Called with every reading.
     std::function<void(const std::vector<AppRef>&)> onChange;
 
 private:
@@ -49,7 +49,7 @@ private:
     RunLoop& runLoop_;
     Subscription changes_;
     Timer debounce_;
-    /// Before the watcher, whose callback it guards from the start.
+    /// Declared before the watcher, because its callback is guarded by this.
     Lifetime lifetime_;
     PathWatcher watcher_;
 };

@@ -24,7 +24,8 @@ void PathWatcher::handle(FileEventSet events) {
     onChange_();
     if (!events.removed)
         return;
-    // The path may by now name another file, or soon will: only a fresh watch can tell.
+    // The path may now refer to another file, or may do so soon, so the watch has to be set up
+    // again.
     source_.reset();
     retryLater();
 }

@@ -1,4 +1,4 @@
-/// Watches whatever file a path names, through its replacement, its deletion and its return.
+/// Watches the file at a path, also after it has been replaced, or deleted and created again.
 #pragma once
 
 #include "Foundation/FileURL.hpp"
@@ -12,10 +12,10 @@ namespace vireline {
 
 class PathWatcher {
 public:
-    /// Seconds from the loss of the file, or from a failure to open it, to the next attempt.
+    /// Seconds between the loss of the file, or a failure to watch it, and the next attempt.
     static constexpr double retryDelay = 1.0;
 
-    /// `onChange` is called for every batch of events of the file, not when it comes back.
+    /// `onChange` is called for every batch of events of the file, but not when it reappears.
     PathWatcher(FileURL url, FileEvents& fileEvents, RunLoop& runLoop,
                 std::function<void()> onChange);
     PathWatcher(const PathWatcher&) = delete;

@@ -1,5 +1,5 @@
-/// Tells which ordinary apps run, and when an app begins to launch and has settled. Beside it, the
-/// well-known apps that stand in when there is nothing to mirror.
+/// Reports which ordinary apps are running, and when an app starts and finishes launching. Also has
+/// the list of well-known apps that is used if there is nothing to mirror.
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
@@ -15,7 +15,7 @@
 
 namespace vireline {
 
-/// Keeps no list of its own: every report is read afresh.
+/// Stateless: the list of running apps is read again for every report.
 class RunningAppsMonitor {
 public:
     explicit RunningAppsMonitor(RunningApplications& applications) : applications_(applications) {}
@@ -25,21 +25,21 @@ public:
     RunningAppsMonitor& operator=(RunningAppsMonitor&&) = delete;
     ~RunningAppsMonitor() = default;
 
-    /// The ordinary apps in the system's order, each running instance once. Apps without an
-    /// identifier or a place on the disk are left out.
+    /// The running ordinary apps in the system's order, one entry for each instance. Apps without
+    /// an identifier or a bundle URL are omitted.
     [[nodiscard]] std::vector<AppRef> current() const;
 
-    /// Reports the list and goes on reporting. The callbacks are set before.
+    /// Reports the current list, and from then on every change. Set the callbacks first.
     void start();
 
-    /// The identifier of the app that an announcement concerns, if it says.
+    /// The identifier of the announced app, if known.
     [[nodiscard]] static std::optional<std::string>
     bundleIDFrom(const std::optional<RunningApplication>& announced);
 
-    /// Receives the running list.
+    /// Called with the list of running apps.
     std::function<void(const std::vector<AppRef>&)> onChange;
-    /// Receive the identifier of any app, ordinary or not, that is about to launch, and of one that
-    /// has finished launching or has ended.
+    /// Called with the identifier of any app, ordinary or not, when it is about to launch, and when
+    /// it has finished launching or has exited.
     std::function<void(const std::string&)> onLaunching;
     std::function<void(const std::string&)> onSettled;
 
@@ -48,14 +48,14 @@ private:
     void settled(const std::optional<RunningApplication>& app) const;
 
     RunningApplications& applications_;
-    /// Of launches begun, launches finished, and ends.
+    /// Observers of launches, finished launches and exits.
     std::array<Subscription, 3> observers_;
     Lifetime lifetime_;
 };
 
 namespace TemporaryPinnedSource {
 
-/// The installed ones of the platform's well-known apps, in their order.
+/// The platform's well-known apps that are installed, in their order.
 [[nodiscard]] std::vector<AppRef> load(const ApplicationCatalog& catalog);
 
 }

@@ -1,4 +1,4 @@
-/// What a dock's tiles are to assistive technology.
+/// Describes a dock's tiles for assistive technology.
 #pragma once
 
 #include "Layout/StripLayout.hpp"
@@ -10,7 +10,7 @@
 
 namespace vireline::AccessibleTiles {
 
-/// In the order of the strip; one frame for each tile.
+/// In the order of the strip. `frames` must have one entry for each tile.
 [[nodiscard]] std::vector<AccessibleTile> describe(std::span<const DockTile> tiles,
                                                    const StripFrames& frames);
 

@@ -12,7 +12,7 @@ Rect moved(const Rect& rect, Point by) {
 
 }
 
-double Animator::Track::lacking(double now) const noexcept {
+double Animator::Track::remaining(double now) const noexcept {
     return curve ? residual * (1 - progress(*curve, now - start)) : 0;
 }
 
@@ -21,16 +21,16 @@ bool Animator::Track::isMoving(double now) const noexcept {
 }
 
 Animator::Values Animator::values(const SceneNode& node) noexcept {
-    return {node.frame.x,   node.frame.y,   node.frame.width, node.frame.height,
-            node.slide.x,   node.slide.y,   node.bounce.x,    node.bounce.y,
-            node.passing.x, node.passing.y, node.scale,       node.opacity};
+    return {node.frame.x,          node.frame.y,          node.frame.width, node.frame.height,
+            node.slide.x,          node.slide.y,          node.bounce.x,    node.bounce.y,
+            node.presenceOffset.x, node.presenceOffset.y, node.scale,       node.opacity};
 }
 
 void Animator::assign(SceneNode& node, const Values& v) noexcept {
     node.frame = {v[0], v[1], v[2], v[3]};
     node.slide = {v[4], v[5]};
     node.bounce = {v[6], v[7]};
-    node.passing = {v[8], v[9]};
+    node.presenceOffset = {v[8], v[9]};
     node.scale = v[10];
     node.opacity = v[11];
 }
@@ -46,9 +46,9 @@ bool Animator::isMoving(const Actor& actor, double now) noexcept {
                                [=](const Track& track) { return track.isMoving(now); });
 }
 
-/// A size that changes at once while it is on its way has the same part of that way still to go, as
-/// otherwise it could be less than nothing; and so has the place, as far as it comes of growing
-/// about a point of the node.
+/// For a size that changes without a curve while it is still animated: scales the residual with the
+/// size, since otherwise the shown size could become negative. The position's residual is scaled
+/// likewise, as far as it is due to growth about a point of the node.
 void Animator::keepProportion(Track& place, Track& size, double from, double to) noexcept {
     if (size.residual == 0)
         return;
@@ -59,7 +59,7 @@ void Animator::keepProportion(Track& place, Track& size, double from, double to)
     size.residual += change;
 }
 
-/// What goes back and forth sets out from its place at rest, also if its node is only just there.
+/// Starts a repeating bounce from the position at rest, for new nodes too.
 void Animator::bob(Actor& actor, double now) noexcept {
     const auto& curve = actor.target.motion.bounce;
     if (!curve || !curve->repeats)
@@ -71,7 +71,7 @@ void Animator::bob(Actor& actor, double now) noexcept {
     }
 }
 
-/// `shift` leads from where the view is now to where it was.
+/// `shift` is the vector from the view's new position to its old one.
 void Animator::retarget(Actor& actor, const SceneNode& target, double now, Point shift) {
     actor.target.frame = moved(actor.target.frame, shift);
     const Values from = values(actor.target);
@@ -88,7 +88,7 @@ void Animator::retarget(Actor& actor, const SceneNode& target, double now, Point
                 keepProportion(actor.tracks[i - sizeIndex], track, from[i], to[i]);
             continue;
         }
-        const double shown = from[i] + track.lacking(now);
+        const double shown = from[i] + track.remaining(now);
         track = {shown - to[i], now, curve[i]};
     }
     actor.isLeaving = false;
@@ -96,25 +96,25 @@ void Animator::retarget(Actor& actor, const SceneNode& target, double now, Point
     bob(actor, now);
 }
 
-Animator::Actor Animator::entering(const SceneNode& target, double now, Point passage) {
+Animator::Actor Animator::entering(const SceneNode& target, double now, Point presenceOffset) {
     Actor actor{.target = target, .tracks = {}};
     if (const auto& curve = target.motion.presence) {
         actor.tracks[opacityIndex] = {-target.opacity, now, curve};
-        actor.tracks[passingIndex] = {passage.x, now, curve};
-        actor.tracks[passingIndex + 1] = {passage.y, now, curve};
+        actor.tracks[presenceIndex] = {presenceOffset.x, now, curve};
+        actor.tracks[presenceIndex + 1] = {presenceOffset.y, now, curve};
     }
     bob(actor, now);
     return actor;
 }
 
-/// Whether the node is still to be shown for a while.
-bool Animator::leave(Actor& actor, double now, Point passage, Point shift) {
+/// Returns whether the node is still fading out.
+bool Animator::leave(Actor& actor, double now, Point presenceOffset, Point shift) {
     if (!actor.target.motion.presence)
         return false;
     if (!actor.isLeaving) {
         SceneNode gone = actor.target;
         gone.frame = moved(gone.frame, shift);
-        gone.passing = passage;
+        gone.presenceOffset = presenceOffset;
         gone.opacity = 0;
         gone.motion.opacity = gone.motion.presence;
         retarget(actor, gone, now, shift);
@@ -125,12 +125,12 @@ bool Animator::leave(Actor& actor, double now, Point passage, Point shift) {
     return actor.tracks[opacityIndex].isMoving(now);
 }
 
-/// The actor of a node, which the caller moves from. Scenes mostly keep their order, so the search
-/// begins behind the last one found.
-Animator::Actor* Animator::take(const NodeID& id, std::size_t& hint) {
+/// Finds the actor of a node. Nodes mostly keep their order, so the search starts after the last
+/// actor found.
+Animator::Actor* Animator::findActor(const NodeID& id, std::size_t& hint) {
     for (std::size_t i = 0; i < actors_.size(); ++i) {
         Actor& actor = actors_[(hint + i) % actors_.size()];
-        if (actor.isTaken || actor.target.id != id)
+        if (actor.isInNextScene || actor.target.id != id)
             continue;
         hint = (hint + i + 1) % actors_.size();
         return &actor;
@@ -138,9 +138,9 @@ Animator::Actor* Animator::take(const NodeID& id, std::size_t& hint) {
     return nullptr;
 }
 
-void Animator::keepLeaving(double now, Point passage, Point shift) {
+void Animator::keepLeaving(double now, Point presenceOffset, Point shift) {
     for (std::size_t i = 0; i < actors_.size(); ++i) {
-        if (actors_[i].isTaken || !leave(actors_[i], now, passage, shift))
+        if (actors_[i].isInNextScene || !leave(actors_[i], now, presenceOffset, shift))
             continue;
         const auto place = static_cast<std::ptrdiff_t>(std::min(i, next_.size()));
         next_.insert(next_.begin() + place, std::move(actors_[i]));
@@ -158,15 +158,15 @@ void Animator::setTarget(const Scene& scene, double now, bool reducesMotion) {
             next_.push_back({.target = node, .tracks = {}});
             if (!reducesMotion)
                 bob(next_.back(), now);
-        } else if (Actor* const known = take(node.id, hint)) {
+        } else if (Actor* const known = findActor(node.id, hint)) {
             retarget(*known, node, now, shift);
             next_.push_back(std::move(*known));
-            known->isTaken = true;
+            known->isInNextScene = true;
         } else {
-            next_.push_back(entering(node, now, scene.passage));
+            next_.push_back(entering(node, now, scene.presenceOffset));
         }
     }
-    keepLeaving(now, scene.passage, shift);
+    keepLeaving(now, scene.presenceOffset, shift);
     std::swap(actors_, next_);
     next_.clear();
     inputRegion_ = scene.inputRegion;
@@ -183,7 +183,7 @@ const Scene& Animator::frame(double now) {
         SceneNode& node = frame_.nodes.emplace_back(actor.target);
         Values shown = values(actor.target);
         for (std::size_t i = 0; i < propertyCount; ++i)
-            shown[i] += actor.tracks[i].lacking(now);
+            shown[i] += actor.tracks[i].remaining(now);
         shown[sizeIndex] = std::max(0.0, shown[sizeIndex]);
         shown[sizeIndex + 1] = std::max(0.0, shown[sizeIndex + 1]);
         assign(node, shown);

@@ -8,7 +8,7 @@
 namespace vireline {
 
 std::optional<double> demoCursorFraction(std::string_view text) {
-    // What a stream would take beyond a decimal number: blanks, hexadecimal, infinities.
+    // A stream would also accept blanks, hexadecimal numbers and infinities.
     const bool isPlain = std::ranges::all_of(
         text, [](char c) { return std::string_view{"0123456789+-.eE"}.contains(c); });
     if (text.empty() || !isPlain)

@@ -1,4 +1,4 @@
-/// The frozen pointer of screenshots.
+/// The simulated pointer for screenshots.
 #pragma once
 
 #include <optional>
@@ -6,9 +6,8 @@
 
 namespace vireline {
 
-/// Where along a dock the pointer is pretended to be, as a fraction of its length, read from the
-/// text of "VIRELINE_DEMO_CURSOR": a decimal floating-point number and nothing else, whatever the
-/// locale.
+/// Parses "VIRELINE_DEMO_CURSOR", the position of a simulated pointer as a fraction of the dock's
+/// length. Accepts only a decimal floating-point number, independent of the locale.
 [[nodiscard]] std::optional<double> demoCursorFraction(std::string_view text);
 
 }

@@ -57,7 +57,7 @@ DockRootView::DockRootView(const DockViewContext& context, PanelUIState& ui, con
 
 void DockRootView::update(const PanelSpec& spec, bool takesWholeWindow) {
     const Point moved = movement(spec_.frame, spec.frame);
-    // A dock that is planned somewhere else altogether does not fly there.
+    // A dock that moves far away appears there without an animation.
     if (isNear(moved, spec.frame.size()))
         viewPlace_ = {viewPlace_.x + moved.x, viewPlace_.y + moved.y};
     spec_ = spec;
@@ -92,7 +92,7 @@ StripLayout::Request DockRootView::layoutRequest() const {
                                                     context_.model.configuredIconSize.get());
     request.magnification = context_.model.magnification.get();
     request.edge = {spec_.position, spec_.frame.size()};
-    // Magnification may have been switched off under the pointer.
+    // Magnification may have been switched off while the pointer is over the dock.
     if (request.magnification > 1)
         request.cursorAxis = cursorAxis_;
     return request;
@@ -113,13 +113,14 @@ Scene DockRootView::makeScene() {
     Scene scene = isCollapsed ? DockScene::collapsed(edge) : makeExpandedScene();
     scene.viewPlace = viewPlace_;
     if (isCollapsed) {
-        // The view of a collapsed dock lies in the gap that is planned at the display's edge.
+        // The view of a collapsed dock is in the gap between the planned frame and the display's
+        // edge.
         const Point sunk = edge.vector(0, -DockMetrics::sliverThickness);
         scene.viewPlace = {viewPlace_.x + sunk.x, viewPlace_.y + sunk.y};
     }
     const double strip = request_.iconSize + DockMetrics::stripHeightPadding;
     if (isCollapsed != std::exchange(wasCollapsed_, isCollapsed))
-        scene.passage = edge.vector(0, -std::max(edge.thickness(), strip));
+        scene.presenceOffset = edge.vector(0, -std::max(edge.thickness(), strip));
     return scene;
 }
 
@@ -162,7 +163,7 @@ TileLook DockRootView::lookOf(const DockTile& tile, int index) const {
 }
 
 std::optional<LabelLook> DockRootView::label() const {
-    // A dock at the side has no room for labels.
+    // Docks at the left and right have no room for labels.
     if (!pointer_ || !request_.edge.isHorizontal())
         return std::nullopt;
     const auto dragged = gestures_.dragged();
@@ -209,7 +210,7 @@ void DockRootView::pointerEvent(const PointerEvent& event) {
     if (event.kind == PointerEvent::Kind::exited)
         return pointerExited();
     if (ui_.collapsed.get()) {
-        // There is nothing here any more that a button could hold.
+        // A collapsed dock shows no tiles that could be pressed.
         if (event.kind == PointerEvent::Kind::released ||
             event.kind == PointerEvent::Kind::cancelled)
             gestures_.cancel();
@@ -257,7 +258,7 @@ void DockRootView::pointerMoved(Point p) {
 
 void DockRootView::pointerExited() {
     pointer_.reset();
-    // A collapsed dock keeps its magnified state frozen.
+    // A collapsed dock keeps its magnified state.
     if (!ui_.collapsed.get())
         cursorAxis_.reset();
     invalidate();
@@ -265,7 +266,7 @@ void DockRootView::pointerExited() {
 
 void DockRootView::released(const PointerEvent& event) {
     const Point p = event.position;
-    // A list that changed since the last frame may have ended the press.
+    // If the list has changed since the last frame, this may end the press.
     layoutIfNeeded();
     const bool wasDragging = gestures_.dragged().has_value();
     gestures_.release(tileAt(p), p, event.time.value_or(context_.runLoop.now()));

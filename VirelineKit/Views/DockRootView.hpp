@@ -35,22 +35,25 @@ public:
     DockRootView& operator=(DockRootView&&) = delete;
     ~DockRootView() = default;
 
-    /// The scene has become another. Comes with every event; the scene itself is made when asked
-    /// for, so that events between two frames cost next to nothing.
+    /// Called when the scene has changed, possibly many times per frame. The scene is only built by
+    /// `makeScene`, so invalidating is cheap.
     std::function<void()> onInvalidate;
     /// Asks for a popup menu.
     std::function<void(const Menu&, const MenuPlace&)> onMenuRequest;
     /// A tile is being dragged from now on, or no longer.
     std::function<void(bool)> onReorderDrag;
 
-    /// Says what is new since the call before, so it is for one caller, once a frame.
+    /// Builds the scene. It describes changes relative to the previous call, so there must be only
+    /// one caller, once per frame.
     [[nodiscard]] Scene makeScene();
 
-    /// A new plan for the hosting panel. The view is as large as the planned frame. An auto-hiding
-    /// panel takes the pointer everywhere, so that it knows when the pointer leaves.
+    /// Applies a new plan for the hosting panel. The view has the size of the planned frame. With
+    /// `takesWholeWindow`, the whole window takes the pointer; an auto-hiding panel needs that to
+    /// know when the pointer leaves.
     void update(const PanelSpec& spec, bool takesWholeWindow);
 
-    /// How far the dock ever draws beyond the view, as the tiles and settings are now.
+    /// The maximum extent to which the dock draws beyond the view, with the current tiles and
+    /// settings.
     [[nodiscard]] Overhang overhang() const;
 
     void pointerEvent(const PointerEvent& event);
@@ -63,7 +66,7 @@ public:
 
     /// The tiles as assistive technology presents them; none while the dock is collapsed.
     [[nodiscard]] std::vector<AccessibleTile> accessibleTiles();
-    /// As if the tile of that serial were tapped, or its menu asked for.
+    /// Acts as if the tile with this serial were tapped, or its menu requested.
     void press(std::uint32_t serial);
     void showMenu(std::uint32_t serial);
 
@@ -74,7 +77,7 @@ private:
     [[nodiscard]] Scene makeExpandedScene();
     [[nodiscard]] TileLook lookOf(const DockTile& tile, int index) const;
     [[nodiscard]] std::optional<LabelLook> label() const;
-    /// The tile under the pointer, by its place among the tiles as they lie now.
+    /// The index of the tile under the pointer, in the current layout.
     [[nodiscard]] std::optional<std::size_t> hoveredTile() const;
     [[nodiscard]] Rect inputRegion() const;
 
@@ -100,20 +103,20 @@ private:
     StripFrames frames_;
     bool tilesAreStale_ = true;
     bool layoutIsStale_ = true;
-    /// For the next scene alone.
+    /// Apply to the next scene only.
     bool listChanged_ = false;
     bool settles_ = false;
-    /// The tiles that were a drop target and dragged in the scene before.
+    /// The drop target and the dragged tile in the previous scene.
     std::optional<std::uint32_t> shownDropTarget_;
     std::optional<std::uint32_t> shownDragged_;
-    /// The scene before was that of a collapsed dock.
+    /// Whether the previous scene was that of a collapsed dock.
     bool wasCollapsed_ = false;
-    /// See `Scene`.
+    /// See `Scene::viewPlace`.
     Point viewPlace_;
 
-    /// Where the pointer is over the view.
+    /// The pointer's position, while it is over the view.
     std::optional<Point> pointer_;
-    /// The pointer along the axis while it magnifies.
+    /// The pointer's position along the axis, while it magnifies tiles.
     std::optional<double> cursorAxis_;
     TileGestures gestures_;
     DockDrops drops_;

@@ -35,7 +35,7 @@ double scaleOf(const TileLook& tile) {
     return tile.isDropTargeted ? dropTargetScale : 1;
 }
 
-/// What moves with a list of tiles.
+/// The motion of nodes when the list of tiles changes.
 Motion listMotion(const DockLook& look) {
     Motion motion;
     if (look.listChanged)
@@ -44,7 +44,7 @@ Motion listMotion(const DockLook& look) {
     return motion;
 }
 
-/// A tile that comes off grows at once and shrinks on its way home.
+/// A tile grows without animation when its drag starts, and shrinks while it moves back.
 std::optional<Curve> scaleMotion(const TileLook& tile) {
     if (tile.isBeingDragged && !tile.wasBeingDragged)
         return std::nullopt;
@@ -81,8 +81,7 @@ void addTile(std::vector<SceneNode>& nodes, const DockLook& look, std::size_t in
     node.motion = tileMotion(look, tile);
     nodes.push_back(node);
 
-    // The dot keeps its place when it does not show, also under utility tiles, so that no icon
-    // moves when an app starts or ends and all icons line up.
+    // Every tile has a dot, which is transparent if its app is not running.
     node.id.part = NodeID::Part::dot;
     node.frame = frames.dot;
     node.content = DotNode{};
@@ -101,8 +100,8 @@ Scene expanded(const DockLook& look) {
                      .frame = look.frames.glass,
                      .content = GlassNode{DockMetrics::cornerRadius},
                      .motion = listMotion(look)});
-    // Counted from the end, so that the one before the utility tiles stays itself when the running
-    // group comes and goes.
+    // Separators are numbered from the end, so that the one before the utility tiles keeps its
+    // identity when the running group appears or disappears.
     auto separator = static_cast<std::uint32_t>(look.frames.separators.size());
     for (const Rect& frame : look.frames.separators) {
         nodes.push_back({.id = {NodeID::Part::separator, --separator},
@@ -122,7 +121,7 @@ Scene expanded(const DockLook& look) {
         addTile(nodes, look, *dragged);
     if (look.label) {
         const auto& [tile, text] = *look.label;
-        // A label for each tile, so that one fades into the next.
+        // Each tile has a label of its own, so that labels cross-fade.
         nodes.push_back({.id = {NodeID::Part::label, look.tiles.at(tile).serial},
                          .frame = StripLayout::labelZone(look.frames, look.edge, tile),
                          .content = LabelNode{text, labelFontSize, labelPadding},

@@ -1,4 +1,4 @@
-/// The looks of a dock: where everything lies and how it stands, as nodes to paint.
+/// Turns the layout and state of a dock into the nodes to paint.
 #pragma once
 
 #include "Layout/Edge.hpp"
@@ -13,25 +13,25 @@
 
 namespace vireline {
 
-/// How one tile stands.
+/// The state of one tile.
 struct TileLook {
-    /// Names the tile from scene to scene.
+    /// Identifies the tile across scenes.
     std::uint32_t serial = 0;
     ImageHandle image = {};
     bool isRunning = false;
     bool isLaunching = false;
-    /// For a moment after a tap.
+    /// True for a moment after a tap.
     bool isPulsing = false;
     bool isDropTargeted = false;
     bool isBeingDragged = false;
-    /// The same in the scene before.
+    /// The same, in the previous scene.
     bool wasDropTargeted = false;
     bool wasBeingDragged = false;
-    /// Along the axis: with the pointer, or aside for the tile that is dragged.
+    /// The offset along the axis: of a dragged tile, or of one that makes room for it.
     double slide = 0;
 };
 
-/// The name of one of the tiles.
+/// The label that names a tile.
 struct LabelLook {
     std::size_t tile = 0;
     std::string text;
@@ -40,12 +40,12 @@ struct LabelLook {
 struct DockLook {
     Edge edge;
     const StripFrames& frames;
-    /// One for each of the frames' tiles.
+    /// One for each tile in `frames`.
     std::vector<TileLook> tiles;
     std::optional<LabelLook> label;
-    /// The tiles are others than in the scene before.
+    /// The list of tiles has changed since the previous scene.
     bool listChanged = false;
-    /// A dragged tile was let go since the scene before.
+    /// A dragged tile was released since the previous scene.
     bool settles = false;
 };
 

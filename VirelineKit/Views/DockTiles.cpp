@@ -25,7 +25,7 @@ void DockTiles::rebuild(std::span<const DockItem> items, IconStore& icons,
     tiles_ = std::move(tiles);
 }
 
-/// Of several tiles with one identifier, the first of the old goes to the first of the new.
+/// Reuses an old tile with the same identifier. If there are several, they are matched in order.
 void DockTiles::add(std::vector<DockTile>& tiles, TileKind kind, const DockItem& item,
                     ImageHandle image) {
     DockTile tile;

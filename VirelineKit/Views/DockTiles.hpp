@@ -1,5 +1,5 @@
-/// The tiles of one dock with the little that each remembers: who it is from scene to scene, its
-/// taps, and whether it was just pressed.
+/// The tiles of one dock, with the state of each: its identity across scenes, its taps, and whether
+/// it was just pressed.
 #pragma once
 
 #include "Foundation/ScopedHandle.hpp"
@@ -25,10 +25,10 @@ struct DockTile {
     /// A utility tile has a synthetic item.
     DockItem item;
     ImageHandle image;
-    /// Names the tile for as long as it stays in the strip.
+    /// Identifies the tile for as long as it stays in the strip.
     std::uint32_t serial = 0;
     TapTracker taps;
-    /// Pressed looks for a moment after a tap; the timer ends it.
+    /// Looks pressed for a moment after a tap, until the timer fires.
     bool pulse = false;
     Timer pulseEnd;
 
@@ -39,17 +39,17 @@ struct DockTile {
 
 class DockTiles {
 public:
-    /// Takes over a list of apps, and behind them the utility tiles whose folders are known. A tile
-    /// that was there before keeps what it remembers.
+    /// Replaces the tiles with a list of apps, followed by the utility tiles whose folders are
+    /// known. Tiles that existed before keep their state.
     void rebuild(std::span<const DockItem> items, IconStore& icons, const TrashService& trash);
 
     [[nodiscard]] std::vector<DockTile>& all() noexcept { return tiles_; }
     [[nodiscard]] const std::vector<DockTile>& all() const noexcept { return tiles_; }
 
     [[nodiscard]] bool has(TileKind kind) const;
-    /// Its place in the strip; nothing when that tile is gone.
+    /// The tile's index in the strip; nullopt if the tile is gone.
     [[nodiscard]] std::optional<std::size_t> indexOf(std::uint32_t serial) const;
-    /// Null when that tile is gone.
+    /// Null if the tile is gone.
     [[nodiscard]] DockTile* find(std::uint32_t serial);
 
 private:

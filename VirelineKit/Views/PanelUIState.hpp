@@ -1,4 +1,4 @@
-/// What a panel tells its views about itself.
+/// The state of a panel that its view observes.
 #pragma once
 
 #include "Foundation/Observable.hpp"

@@ -9,7 +9,7 @@ using Kind = PointerEvent::Kind;
 void PointerTracker::entered(Point position, bool isButtonHeld) {
     if (isButtonHeld && !isPressed_)
         return;
-    isInDoubt_ = false;
+    isPointerGrabbed_ = false;
     if (hasMenu_)
         return;
     enter();
@@ -17,7 +17,7 @@ void PointerTracker::entered(Point position, bool isButtonHeld) {
 }
 
 void PointerTracker::moved(Point position) {
-    isInDoubt_ = false;
+    isPointerGrabbed_ = false;
     if (hasMenu_)
         return;
     if (isPressed_) {
@@ -37,7 +37,7 @@ void PointerTracker::pressed(Point position) {
         return;
     isPressed_ = true;
     isReleaseOverdue_ = false;
-    // No movement may have come before.
+    // The press may come without a preceding movement.
     isOnView_ = true;
     send(Kind::pressed, position);
 }
@@ -61,15 +61,15 @@ void PointerTracker::released(Point position, bool isOverWindow, std::optional<d
     }
 }
 
-void PointerTracker::left(const Whereabouts& now) {
-    isInDoubt_ = false;
+void PointerTracker::left(const PointerState& now) {
+    isPointerGrabbed_ = false;
     if (hasMenu_)
         return;
     if (isPressed_ && now.isPrimaryHeld)
         return;
     cancelled();
     if (now.isOverWindow) {
-        isInDoubt_ = isInside_;
+        isPointerGrabbed_ = isInside_;
     } else {
         leave();
     }
@@ -80,9 +80,9 @@ void PointerTracker::cancelled() {
         send(Kind::cancelled);
 }
 
-void PointerTracker::lookedAt(const Whereabouts& now) {
+void PointerTracker::polled(const PointerState& now) {
     if (!isPressed_) {
-        if (isInDoubt_)
+        if (isPointerGrabbed_)
             left(now);
     } else if (now.isPrimaryHeld) {
         isReleaseOverdue_ = false;
@@ -92,12 +92,12 @@ void PointerTracker::lookedAt(const Whereabouts& now) {
 }
 
 void PointerTracker::menuOpened() {
-    isInDoubt_ = false;
+    isPointerGrabbed_ = false;
     hasMenu_ = true;
     cancelled();
 }
 
-void PointerTracker::menuClosed(const Whereabouts& now) {
+void PointerTracker::menuClosed(const PointerState& now) {
     hasMenu_ = false;
     if (now.isOverWindow) {
         entered(now.position);
@@ -107,7 +107,7 @@ void PointerTracker::menuClosed(const Whereabouts& now) {
 }
 
 void PointerTracker::hidden() {
-    isInDoubt_ = false;
+    isPointerGrabbed_ = false;
     cancelled();
     leave();
 }

@@ -1,6 +1,6 @@
-/// Makes sense of what a window system tells of the pointer over a dock's window: a menu or
-/// somebody else's grab looks like leaving, a button held down keeps the pointer here wherever it
-/// goes.
+/// Interprets the window system's pointer events for a dock's window: a menu or another program's
+/// grab looks like the pointer leaving, and while a button is held down, events keep coming
+/// wherever the pointer goes.
 #pragma once
 
 #include "Foundation/Geometry.hpp"
@@ -12,52 +12,52 @@ namespace vireline {
 
 class PointerTracker {
 public:
-    /// Where the pointer really is, whatever the last event said.
-    struct Whereabouts {
+    /// The actual state of the pointer, which may differ from the last event.
+    struct PointerState {
         bool isOverWindow = false;
         bool isPrimaryHeld = false;
-        /// The view's coordinates.
+        /// In the view's coordinates.
         Point position;
     };
 
     explicit PointerTracker(PanelWindowListener& listener) : listener_(listener) {}
 
-    /// Where the hosted view draws, in its own coordinates; positions beside that are in the window
-    /// but not on the view.
+    /// Sets the area in which the hosted view draws, in its own coordinates. Positions outside it
+    /// are in the window but not on the view.
     void setViewArea(const Rect& area) { viewArea_ = area; }
 
-    /// A pointer that comes with a button held is in the middle of something else, such as moving a
-    /// window. Where the button is let go here, there is word of it again.
+    /// Ignored if a button is held, since the user is doing something else then, such as moving a
+    /// window. If the button is released over this window, `entered` is called again.
     void entered(Point position, bool isButtonHeld = false);
     void moved(Point position);
     void pressed(Point position);
     void secondaryPressed(Point position);
     void released(Point position, bool isOverWindow, std::optional<double> time = std::nullopt);
-    void left(const Whereabouts& now);
+    void left(const PointerState& now);
 
     /// The press was cancelled.
     void cancelled();
 
-    /// For looks taken every so often during a press, or while the pointer is in doubt: nothing may
-    /// tell of a release that goes elsewhere. Two looks in a row that find the button up end a
-    /// press, since at the first the release may be on its way.
-    void lookedAt(const Whereabouts& now);
+    /// To be called regularly during a press, or while the pointer is grabbed, since a release that
+    /// goes to another program causes no event. A press ends at the second call in a row that finds
+    /// the button up: at the first, its release may still be on its way.
+    void polled(const PointerState& now);
 
-    /// Until it closes, the pointer belongs to the menu.
+    /// From here until `menuClosed`, pointer events belong to the menu and are ignored.
     void menuOpened();
-    void menuClosed(const Whereabouts& now);
+    void menuClosed(const PointerState& now);
 
-    /// The window is not shown any more.
+    /// The window was hidden.
     void hidden();
 
-    /// The primary button is down since it was pressed here; the pointer may be anywhere.
+    /// Whether the primary button was pressed here and is still down. The pointer may be anywhere.
     [[nodiscard]] bool isPressed() const noexcept { return isPressed_; }
 
     [[nodiscard]] bool hasMenu() const noexcept { return hasMenu_; }
 
-    /// Somebody else holds the pointer, which was here when last heard of: nothing will tell when
-    /// it really leaves.
-    [[nodiscard]] bool isInDoubt() const noexcept { return isInDoubt_; }
+    /// Whether another program has grabbed the pointer while it was over this window. No event will
+    /// tell when it leaves.
+    [[nodiscard]] bool isPointerGrabbed() const noexcept { return isPointerGrabbed_; }
 
 private:
     void send(PointerEvent::Kind kind, Point position = {});
@@ -72,8 +72,8 @@ private:
     bool isOnView_ = false;
     bool isPressed_ = false;
     bool hasMenu_ = false;
-    bool isInDoubt_ = false;
-    /// The last look found the button of a press up.
+    bool isPointerGrabbed_ = false;
+    /// The last call of `polled` found the button of a press up.
     bool isReleaseOverdue_ = false;
 };
 

@@ -1,6 +1,6 @@
-# Builds for macOS on Linux: with Zig's C++ compiler, which brings the C and C++ libraries, and with
-# the declarations and linker stubs in this folder instead of Apple's frameworks. What comes out is
-# linked in full and runs on a Mac; Apple's own SDK is for the builds that people use.
+# Builds for macOS on Linux, with Zig's C++ compiler, which includes the C and C++ libraries, and
+# with the declarations and linker stubs in this folder instead of Apple's frameworks. The result is
+# a complete executable.
 #
 # VIRELINE_MACOS_ARCHITECTURE is arm64 or x86_64.
 
@@ -21,18 +21,18 @@ execute_process(
 set(CMAKE_CXX_COMPILER ${tools}/clang++)
 set(CMAKE_AR ${tools}/ar)
 set(CMAKE_RANLIB ${tools}/ranlib)
-# Of use for shared libraries only, of which there are none, but CMake insists.
+# Only needed for shared libraries, of which there are none, but CMake requires it.
 set(CMAKE_INSTALL_NAME_TOOL ${CMAKE_COMMAND})
 
-# The deployment target is part of Zig's name for the target. Its undefined-behaviour traps would
-# only make the objects bigger, as nothing is run here.
+# The deployment target is part of Zig's target name. Zig enables UndefinedBehaviorSanitizer traps
+# by default, which would only make the objects larger, since nothing is run here.
 set(CMAKE_OSX_DEPLOYMENT_TARGET "" CACHE STRING "")
 set(CMAKE_OSX_SYSROOT "" CACHE STRING "")
 set(CMAKE_CXX_FLAGS_INIT "-target ${target}-macos.13.0 -fno-sanitize=undefined -F${CMAKE_CURRENT_LIST_DIR}/Frameworks")
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-L${CMAKE_CURRENT_LIST_DIR}/lib")
 
-# Nothing of this machine's is looked at, except for the JSON headers and GoogleTest's sources, which
-# the packages here take out of it.
+# Nothing of the build machine is used, except for the JSON headers and GoogleTest's sources, which
+# the package files in this folder copy from it.
 set(CMAKE_FIND_ROOT_PATH ${CMAKE_CURRENT_LIST_DIR})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)

@@ -1,10 +1,10 @@
-// What bugs that script/mutate --macos makes are written with.
+// Helpers for the bugs that script/mutate --macos inserts.
 #pragma once
 
 #include <memory>
 #include <utility>
 
-/// A weak pointer that somebody made strong.
+/// A strong pointer with the interface of a weak one, to insert retain cycles.
 template <class T>
 struct StrongForWeak {
     StrongForWeak(std::shared_ptr<T> shared) : held(std::move(shared)) {}
@@ -14,7 +14,7 @@ struct StrongForWeak {
     std::shared_ptr<T> held;
 };
 
-/// Calls into the system that are made without a net.
+/// `attempt` and `attemptOr` without the catch.
 template <class Function>
 void unattempted(const char*, Function function) {
     function();

@@ -1,5 +1,4 @@
-# What all scripts share. Sourced, never run: moves to the project's folder.
-# shellcheck shell=bash
+# Functions for all scripts. To be sourced; changes to the project's folder. shellcheck shell=bash
 
 cd "$(dirname "${BASH_SOURCE[0]}")/../.." || exit
 
@@ -18,7 +17,7 @@ is_linux() {
     [[ $(uname) == Linux ]]
 }
 
-# Runs a step under a heading and notes how long it took.
+# step <title> <command...>: runs a command under a heading and records how long it took.
 step_times=()
 step() {
     local title=$1 started=$SECONDS
@@ -28,7 +27,7 @@ step() {
     step_times+=("$(printf '%5d s  %s' $((SECONDS - started)) "$title")")
 }
 
-# Notes a step that is left out, and why.
+# skip <reason>: records that a step was skipped.
 skipped=()
 skip() {
     say "Skipped: $1"
@@ -56,7 +55,7 @@ build_with() {
     fi
 }
 
-# replace_part <document> <name> <file>: puts the file between the two marks of that name.
+# replace_part <document> <name> <file>: replaces what is between the two markers of that name with the file.
 replace_part() {
     local document=$1 name=$2 part=$3
     awk -v begin="<!-- $name -->" -v end="<!-- end of $name -->" -v part="$part" '

@@ -1,5 +1,5 @@
-"""Reads what llvm-cov exported about the kit: prints the totals, checks them against the bars, and
-checks that whatever is left uncovered stands with its reason in Tests/Kit/Uncovered.txt.
+"""Reads llvm-cov's export for the kit, prints the totals, and checks that they reach the bars and that
+all uncovered code is listed in Tests/Kit/Uncovered.txt with a reason.
 
     coverage.py <export.json> [--list]
 """
@@ -16,12 +16,12 @@ KIT = ROOT / "VirelineKit"
 REASONS = ROOT / "Tests" / "Kit" / "Uncovered.txt"
 BARS = {"lines": 95.0, "branches": 90.0}
 
-# llvm-cov's kind of region that is code of its own.
+# llvm-cov's number for code regions.
 CODE = 0
 
 
 def plain_name(demangled):
-    """`DockMagnifier::scales` for any of its overloads, instantiations and lambdas."""
+    """The name without parameters, template arguments and lambdas, for example `DockMagnifier::scales`."""
     name = demangled.replace("(anonymous namespace)::", "")
     name = re.sub(r"::(\$_\d+|'lambda\d*').*", "", name)
     name = re.sub(r"\[abi:\w+\]", "", name).replace("operator<<", "operator LL")
@@ -31,7 +31,7 @@ def plain_name(demangled):
             name = re.sub(pattern, "", name)
     name = name.split("(")[0].replace("operator LL", "operator<<")
     name = re.sub(r"( const| noexcept|&)+$", "", name.strip())
-    # A template's name has its result's type in front.
+    # The demangled name of a template begins with its return type.
     return re.sub(r"^.* (?!operator)(?=\S+$)", "", name).removeprefix("vireline::")
 
 
@@ -42,8 +42,8 @@ def demangled(names):
 
 
 def functions_by_file(functions):
-    """[(first line, last line, name)] of every function in a file."""
-    # A function of an anonymous namespace has its file in front.
+    """{file: {(first line, last line, name)}}"""
+    # The name of an internal function is prefixed with its file.
     names = demangled([function["name"].rpartition(":")[2] for function in functions])
     found = collections.defaultdict(set)
     for function, name in zip(functions, names):
@@ -53,7 +53,7 @@ def functions_by_file(functions):
 
 
 def uncovered_lines(segments):
-    """As llvm-cov counts them: a line is what runs at its start, or the most that begins on it."""
+    """The same lines that llvm-cov reports: the count of a line is the largest of the regions on it."""
     lines, wrapped = {}, None
     by_line = collections.defaultdict(list)
     for segment in segments:
@@ -76,7 +76,7 @@ def uncovered_lines(segments):
 
 
 def untaken_branches(branches):
-    """The line of every outcome that no condition ever had."""
+    """The line of every outcome that a condition never had."""
     taken = collections.defaultdict(lambda: [0, 0])
     for first, column, last, end, is_true, is_false, *_ in branches:
         counts = taken[first, column, last, end]
@@ -137,7 +137,7 @@ def main():
             print(f"uncovered without a reason: {' | '.join(place)} | {what}")
             holds = False
     for place in sorted(reasons.keys() - left.keys()):
-        print(f"covered, with a reason for the contrary: {' | '.join(place)}")
+        print(f"covered, but listed as uncovered: {' | '.join(place)}")
         holds = False
     return holds
 

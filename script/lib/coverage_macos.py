@@ -1,5 +1,5 @@
-"""Reads what llvm-cov exported about the macOS platform on paper: prints how many of its lines ran, which did
-not, and whether that is enough.
+"""Reads llvm-cov's export for the macOS platform on paper, prints how many of its lines ran and which did not,
+and fails if that is too few.
 
     coverage_macos.py <export.json>
 """

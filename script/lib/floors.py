@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Checks that an #include only points down: docs/architecture.md lists each part's folders from the top
-floor to the bottom one, and no folder may include a higher one.
+"""Checks the direction of includes: docs/architecture.md lists the folders of each part from top to bottom,
+and no folder may include a file of a folder above it.
 
     script/lib/floors.py
 """
@@ -14,7 +14,7 @@ INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s+"([^"]+)"', re.MULTILINE)
 
 
 def listed_folders():
-    """The folders of each part that has a table, highest first."""
+    """{part: its folders, from top to bottom}, from the tables in the document."""
     parts = {}
     folders = None
     for line in DOCUMENT.read_text().splitlines():
@@ -28,7 +28,7 @@ def listed_folders():
 
 
 def complaints(part, folders):
-    """What in a part is not as its table says, a line each."""
+    """Yields a line for everything in a part that contradicts its table."""
     root = pathlib.Path(part)
     floors = {folder: floor for floor, folder in enumerate(reversed(folders))}
     sources = [path for path in root.rglob("*") if path.suffix in (".hpp", ".cpp", ".mm")]

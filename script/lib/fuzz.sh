@@ -1,8 +1,7 @@
-# Runs the fuzz targets. Sourced, never run; needs common.sh.
-# shellcheck shell=bash
+# Runs the fuzz targets. To be sourced after common.sh. shellcheck shell=bash
 
-# fuzz_for <seconds>: each target for so long, as many at a time as there are processors. What a
-# target finds is left in build/fuzz/found; what it learned is kept in build/fuzz/corpus.
+# fuzz_for <seconds>: runs each target for this long, one per processor at a time. Crashing inputs are written
+# to build/fuzz/found, and the grown corpora to build/fuzz/corpus.
 fuzz_for() {
     local seconds=$1
     [[ $seconds =~ ^[1-9][0-9]*$ ]] || fail "script/test --fuzz: how many seconds?"
@@ -15,7 +14,7 @@ fuzz_for() {
 
     for target in "${targets[@]}"; do
         if ((${#running[@]} == jobs)); then
-            # What one finds does not end the others.
+            # A crash of one target does not end the others.
             wait "${running[0]}" || true
             running=("${running[@]:1}")
         fi
@@ -39,7 +38,7 @@ fuzz_one() {
         "build/fuzz/corpus/$target" "Tests/Fuzz/Corpus/$target" > "build/fuzz/log/$target" 2>&1
 }
 
-# A line for each target, and the whole log of each that found something.
+# Prints a line for each target, and the end of the log of each that found something.
 report_fuzzing() {
     local target log failed=0
     printf '%-16s %12s %8s %8s %8s %8s\n' target runs runs/s edges features 'MB'
@@ -56,7 +55,7 @@ report_fuzzing() {
             failed=1
         fi
     done
-    ((failed == 0)) || fail "what was found is in build/fuzz/found; each belongs into Tests/Fuzz/Corpus and a test"
+    ((failed == 0)) || fail "the findings are in build/fuzz/found; add each to Tests/Fuzz/Corpus, with a test"
 }
 
 fuzz_figure() {

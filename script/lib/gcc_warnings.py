@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Reads the tests and the benchmarks with GCC, for its warnings; nothing is compiled in full.
+"""Checks the tests and the benchmarks for GCC's warnings, without generating code.
 
 The program itself is built by GCC anyway.
 """
@@ -19,7 +19,7 @@ FOLDERS = [folder / part for folder in (BUILD, ROOT) for part in ("Tests", "Tool
 def commands():
     for entry in json.loads((BUILD / "compile_commands.json").read_text()):
         source = pathlib.Path(entry["file"])
-        # What CMake makes only while it builds is not there yet.
+        # Sources that are generated during the build do not exist yet.
         if source.exists() and any(folder in source.parents for folder in FOLDERS):
             yield shlex.split(entry["command"]), entry["directory"]
 

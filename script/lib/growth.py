@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Draws how cost grows, from the benchmarks' figures, and fails where one of them grows faster than
-its number does.
+"""Draws how cost grows with the number of tiles and displays, from the benchmarks' figures, and fails if one
+of them grows faster than linearly.
 
 usage: growth.py DRAWING FIGURES...   (Google Benchmark's JSON)
 """
@@ -9,7 +9,7 @@ import math
 import re
 import sys
 
-# A line through the larger half may rise this much more steeply than in proportion: figures jitter.
+# The largest exponent allowed. More than 1, since the figures jitter.
 STEEPEST = 1.2
 
 SERIES = {
@@ -39,7 +39,7 @@ def points(files):
                 name = re.match(r"(\w+)/(\d+)", run["name"])
                 if name is None or run.get("run_type") == "aggregate":
                     continue
-                # Manual time is processor time here; else it is the processor's that counts.
+                # The benchmarks report processor time as manual time; others have it as cpu_time.
                 manual = "manual_time" in run["name"]
                 time = run["real_time" if manual else "cpu_time"] * NANOSECONDS[run["time_unit"]]
                 found.setdefault(name[1], {}).setdefault(int(name[2]), []).append(time)
@@ -50,7 +50,7 @@ def points(files):
 
 
 def steepness(line):
-    """The exponent of the power that fits the larger half best."""
+    """The exponent of the power function that best fits the larger half of the points."""
     half = line[len(line) // 2 - 1 :]
     xs = [math.log(x) for x, _ in half]
     ys = [math.log(y) for _, y in half]

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Makes one Vireline.app for all processors of several for one each, and packs it.
+"""Combines bundles for single processors into one universal Vireline.app, and packs it.
 
   macos_app.py <archive.zip> <bundle>...
 
-The executable is stripped and has a slice for each processor. The bundle is signed ad hoc: by nobody, but whole,
-which is what macOS asks of a program that is to run on Apple's processors.
+The executable is stripped and has a slice for each processor. The bundle has an ad-hoc signature, without which
+macOS does not run a program on Apple silicon.
 """
 import hashlib
 import pathlib
@@ -20,7 +20,7 @@ LC_SEGMENT_64 = 0x19
 LC_CODE_SIGNATURE = 0x1D
 HEADER_BYTES = 32
 
-# <Kernel/kern/cs_blobs.h>; all of a signature is big-endian.
+# <Kernel/kern/cs_blobs.h>; signatures are big-endian.
 MAGIC_REQUIREMENTS = 0xFADE0C01
 MAGIC_CODE_DIRECTORY = 0xFADE0C02
 MAGIC_SIGNATURE = 0xFADE0CC0
@@ -34,7 +34,7 @@ MAIN_BINARY = 1
 SHA256 = 2
 PAGE_BITS = 12
 
-# What a signature seals beside the executable, as codesign writes it down.
+# The resource rules of a signature, as codesign writes them.
 RULES = {
     "^Resources/": True,
     "^Resources/.*\\.lproj/": {"optional": True, "weight": 1000.0},
@@ -69,7 +69,7 @@ def blob(magic, content=b""):
 
 
 class Slice:
-    """A thin executable whose load commands are changed in place."""
+    """An executable for one processor, whose load commands are changed in place."""
 
     def __init__(self, data):
         self.data = bytearray(data)
@@ -88,7 +88,7 @@ class Slice:
         self.end_of_commands = at
 
     def make_room(self, size):
-        """Where a signature of so many bytes begins, at the end of the file."""
+        """Reserves space for a signature of this many bytes at the end of the file; returns where it starts."""
         if self.signature is None:
             self.add_signature_command()
         start, _ = struct.unpack_from("<II", self.data, self.signature + 8)
@@ -116,7 +116,7 @@ class Slice:
 
 
 def code_directory(identifier, code, sealed, text_extent):
-    """Hashes of the code's pages and, before them, of what is sealed along with it."""
+    """The hashes of the code's pages, preceded by those of the other signed parts."""
     page = 1 << PAGE_BITS
     hashes = [hashlib.sha256(code[at : at + page]).digest() for at in range(0, len(code), page)]
     specials = [hashlib.sha256(each).digest() for each in reversed(sealed)]
@@ -145,7 +145,8 @@ def signature(identifier, code, info, resources, text_extent):
 
 def sign(executable, identifier, info, resources):
     piece = Slice(executable.read_bytes())
-    # The size of a signature depends on the length of the code alone, its hashes on where it says it lies.
+    # The size of the signature depends only on the length of the code, but its hashes cover the load command
+    # that has the signature's position, so that is set first.
     start = piece.make_room(0)
     size = len(signature(identifier, bytes(start), info, resources, piece.text_extent()))
     start = piece.make_room(aligned(size, 16))

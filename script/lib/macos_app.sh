@@ -1,5 +1,4 @@
-# Vireline.app for all processors, made on Linux. Sourced, never run, after common.sh.
-# shellcheck shell=bash
+# Packs Vireline.app for all processors, on Linux. To be sourced after common.sh. shellcheck shell=bash
 
 macos_processors=(arm64 x86_64)
 
@@ -9,7 +8,7 @@ macos_archive() {
     echo "build/packages/Vireline-$version-macos.zip"
 }
 
-# Packs what the presets for the processors have built, and reads it again.
+# Packs the bundles that the presets for the processors have built, and checks the result.
 pack_macos_app() {
     local archive bundles
     archive=$(macos_archive)

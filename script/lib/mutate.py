@@ -1,7 +1,6 @@
-"""Changes the kit's rules in one small place after the other and sees whether its tests notice.
+"""Mutation test of the kit's rules; see script/mutate for how to use it.
 
-Works on copies of the sources below build/mutants, one for each worker, and never on the checkout.
-script/mutate says how it is used.
+Works on copies of the sources in build/mutants, one for each worker, and never changes the checkout.
 """
 
 import argparse
@@ -51,7 +50,7 @@ ProgramWindows/SettingsView.cpp
 
 
 def read_equivalents():
-    """The reason by the mutant's key."""
+    """{key of the mutant: reason}"""
     reasons = {}
     if not EQUIVALENT.exists():
         return reasons
@@ -65,8 +64,8 @@ def read_equivalents():
     return reasons
 
 def judge_all(mutants, workers, known):
-    """By file, so that a worker builds little anew from one mutant to the next. Every outcome is kept
-    at once in `known`, by the mutant's key, and on the disk."""
+    """Distributes the mutants by file, so that a worker rebuilds little from one mutant to the next.
+    Stores every outcome at once in `known`, by the mutant's key, and on disk."""
     free = queue.Queue()
     for worker in workers:
         free.put(worker)
@@ -96,7 +95,7 @@ def judge_all(mutants, workers, known):
 
 
 def report(mutants, known, equivalents):
-    """Whether enough of them were caught, and the file of equivalents is current."""
+    """Returns whether enough mutants were caught and the list of equivalent ones is current."""
     outcomes = {mutant: known[mutant.key] for mutant in mutants}
     judged = [m for m in mutants if outcomes[m] != "not C++"]
     survivors = [m for m in judged if outcomes[m] == "survived"]

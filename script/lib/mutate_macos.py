@@ -1,9 +1,9 @@
-"""Puts one-line bugs into the macOS platform, one after the other, and sees whether its tests on paper
-notice: flipped comparisons, retain cycles, missing removes and calls, wrong selectors, wrong order,
-missing guards and attempts.
+"""Mutation test of the macOS platform: inserts one-line bugs, one at a time, and checks that its tests on paper
+fail. The bugs are flipped comparisons, retain cycles, missing removes and calls, wrong selectors and names,
+wrong order, missing guards and attempts. See script/mutate for how to use it.
 
-The checkout is never touched: the changed file is compiled beside it and linked with the objects of the
-paper build. script/mutate says how it is used.
+Never changes the checkout: a changed copy of the file is compiled and linked with the objects of the paper
+build.
 """
 
 import argparse
@@ -55,10 +55,11 @@ RULES = [
 ]
 
 
-# Lines that say something to the compiler alone, or make room beforehand, or guard against what is not.
+# Lines without effect at run time: assertions for the compiler, reserved memory, and guards against failed
+# allocations.
 SKIPPED = ("static_assert", ".reserve(", "self == nil")
 
-# How many of each kind a run takes.
+# How many bugs of each kind a run tries.
 SHARES = {"retain cycle": 12, "wrong selector": 8, "wrong name": 10, "missing remove": 24, "missing attempt": 8,
           "missing guard": 16, "wrong order": 6, "missing call": 20, "flip": 26}
 
@@ -79,7 +80,7 @@ def at(path, source, start, old, new, kind, seen):
 def mutants_of(file):
     source = file.read_text()
     path = str(file.relative_to(PLATFORM))
-    # Strings stay: names of calls tell an attempt. Comments do not.
+    # Blank out comments, but keep strings: a pattern needs the call's name in an attempt.
     code = re.sub(r"//[^\n]*", lambda found: " " * len(found[0]), source)
     found, seen = [], {}
     for kind, pattern, new in RULES:
@@ -90,7 +91,7 @@ def mutants_of(file):
     for match in TOKENS.finditer(hidden(source)):
         kind = "number" if match.lastgroup == "suffix" else match.lastgroup
         line = source[source.rfind("\n", 0, match.start()) + 1:source.find("\n", match.start())]
-        # Template brackets and blocks look like operators here; room made beforehand changes nothing.
+        # Template brackets and blocks look like operators here, and reserving memory has no visible effect.
         if any(word in line for word in (*SKIPPED, "template", "#include")) or line.startswith(("- (", "+ (")):
             continue
         found.append(at(path, source, match.start(kind), match[kind], replacement(kind, match[kind]), "flip", seen))
@@ -119,7 +120,7 @@ def key(kind, mutant):
 
 
 def sample(mutants, share):
-    """The same ones every time, whatever else changes, by a hash of what they are; of each kind so many."""
+    """A fixed number of each kind, chosen by a hash, so that the sample is stable when code changes elsewhere."""
     ordered = sorted(mutants, key=lambda m: hashlib.sha256(key(*m).encode()).hexdigest())
     taken = {}
     chosen = []
@@ -131,7 +132,7 @@ def sample(mutants, share):
 
 
 def read_equivalents():
-    """The reason by the mutant's key."""
+    """{key of the mutant: reason}"""
     lines = EQUIVALENT.read_text().splitlines() if EQUIVALENT.exists() else []
     pairs = [line.rsplit(" | ", 1) for line in lines if line.strip() and not line.startswith("#")]
     return {name.strip(): reason for name, reason in pairs}
@@ -141,7 +142,7 @@ class Bench:
     """Compiles, links and tests mutants with the objects of the paper build."""
 
     def __init__(self):
-        # Copies, so that work can go on in the checkout meanwhile.
+        # A copy, so that the checkout can be used in the meantime.
         shutil.rmtree(OBJECTS, ignore_errors=True)
         WORK.mkdir(parents=True, exist_ok=True)
         shutil.copytree(BUILD, OBJECTS, symlinks=True)
@@ -162,7 +163,7 @@ class Bench:
         self.lock = threading.Lock()
 
     def outcome(self, kind, mutant):
-        """"survived", "not C++", or which test caught it."""
+        """Returns "survived", "not C++", or which test caught the bug."""
         folder = WORK / hashlib.sha256(key(kind, mutant).encode()).hexdigest()[:16]
         folder.mkdir(exist_ok=True)
         try:

@@ -1,7 +1,6 @@
-# Debian packages by what they are for. Sourced, never run.
-# shellcheck shell=bash disable=SC2034
+# Debian packages by purpose. To be sourced. shellcheck shell=bash disable=SC2034
 
-# To build and run the program.
+# For building and running the program.
 packages_build=(
     ccache
     cmake
@@ -23,7 +22,7 @@ packages_build=(
     qt6-base-dev
 )
 
-# To test it. GCC brings its sanitizers along, Clang does not.
+# For testing it. Clang's sanitizers are a package of their own, unlike GCC's.
 packages_test=(
     clang-19
     clang-format-19
@@ -38,7 +37,7 @@ packages_test=(
     llvm-19
 )
 
-# A desktop without a screen, for the tests and for the tour.
+# The virtual desktop of the tests and the tour.
 packages_desktop=(
     at-spi2-core
     dbus
@@ -50,7 +49,7 @@ packages_desktop=(
     xvfb
 )
 
-# What the program is compared with. tint2 is one of them too.
+# The programs of the comparison; tint2 is one of them too.
 packages_comparison=(
     cairo-dock
     lxqt-panel
@@ -60,7 +59,7 @@ packages_comparison=(
     xfce4-panel
 )
 
-# What the tour and the documents' pictures show on it, and what packs the pictures.
+# For the tour and the screenshots in the documents.
 packages_tour=(
     mousepad
     optipng
@@ -70,7 +69,7 @@ packages_tour=(
     xterm
 )
 
-# What only script/mutate needs, and script/soak --valgrind.
+# Only for script/mutate and script/soak --valgrind.
 packages_mutate=(
     python3
 )
@@ -78,7 +77,7 @@ packages_valgrind=(
     valgrind
 )
 
-# What script/managers runs the program under: window managers, and an X server with real outputs.
+# For script/managers: window managers, and an X server with several outputs.
 packages_managers=(
     awesome
     bspwm

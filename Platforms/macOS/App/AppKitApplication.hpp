@@ -1,4 +1,4 @@
-/// The program as an application of AppKit's.
+/// The program as an AppKit application.
 #pragma once
 
 #include "Platform/Application.hpp"
@@ -11,22 +11,22 @@ class AppKitApplication final : public Application {
 public:
     void becomeAccessory() override;
 
-    /// The entries go to whatever has the focus, and at last to the application.
+    /// The actions are sent along the responder chain, from the focused view to the application.
     void installMainMenu(const MainMenu& menu) override;
 
-    /// Does not come back: AppKit ends the process.
+    /// Normally does not return: AppKit ends the process.
     int run(std::function<void()> onFinishedLaunching) override;
 
     void terminate() override;
 
     [[nodiscard]] std::int64_t processIdentifier() const override;
 
-    /// The system keeps one instance, and tells it when the user opens the program again.
+    /// The system runs a single instance, and notifies it when the user opens the program again.
     [[nodiscard]] Subscription observeSecondStart(std::function<void()> handler) override;
 
 private:
     CallbackList<> reopened_;
-    /// The application itself holds it weakly.
+    /// Held here, since NSApplication references its delegate weakly.
     id<NSApplicationDelegate> _Nullable delegate_ = nil;
 };
 

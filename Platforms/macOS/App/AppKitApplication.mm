@@ -9,8 +9,7 @@
 #include <string>
 #include <utility>
 
-/// Says when the application has finished launching, and when the user opens it again. Everything
-/// else about the program's life is AppKit's own business.
+/// Reports when the application has finished launching, and when the user opens it again.
 @interface VirelineApplicationDelegate : NSObject <NSApplicationDelegate>
 - (instancetype)initWithLaunch:(std::function<void()>)onFinishedLaunching
                         reopen:(std::function<void()>)onReopened;

@@ -1,4 +1,4 @@
-/// The macOS platform as the executable sees it: all ports, owned in one place.
+/// The macOS platform: creates and owns all ports.
 #pragma once
 
 #include "Platform/Platform.hpp"

@@ -1,4 +1,4 @@
-/// Reduce Motion in the system's accessibility settings.
+/// The Reduce Motion option of the system's accessibility settings.
 #pragma once
 
 #include "Platform/MotionSettings.hpp"

@@ -1,4 +1,4 @@
-/// The pointer as the user set it up in the system's settings.
+/// The pointer options of the system's settings.
 #pragma once
 
 #include "Platform/PointerSettings.hpp"

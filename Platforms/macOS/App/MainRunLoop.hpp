@@ -5,8 +5,8 @@
 
 namespace vireline::macos {
 
-/// Timers fire in the common modes, so also while a menu is open or a control is held. The clock
-/// stands still while the computer sleeps, as the timers do.
+/// Timers fire in the common modes, and so also while a menu is open or a control is being dragged.
+/// The clock and the timers stand still while the computer sleeps.
 class MainRunLoop final : public RunLoop {
 public:
     [[nodiscard]] double now() const override;

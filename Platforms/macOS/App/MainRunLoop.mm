@@ -16,8 +16,8 @@ Timer add(double seconds, BOOL repeats, std::function<void()> fire) {
     NSTimer* const timer = [NSTimer timerWithTimeInterval:seconds
                                                   repeats:repeats
                                                     block:^(NSTimer*) {
-                                                      // Held here, since the callback may drop its
-                                                      // own timer.
+                                                      // Keeps the callback alive during the call,
+                                                      // which may destroy its own timer.
                                                       if (const auto held = weak.lock())
                                                           (*held)();
                                                     }];

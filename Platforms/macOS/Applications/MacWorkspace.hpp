@@ -1,4 +1,4 @@
-/// Opening things through the workspace.
+/// Opens things through NSWorkspace.
 #pragma once
 
 #include "Platform/Workspace.hpp"

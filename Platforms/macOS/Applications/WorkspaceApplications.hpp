@@ -1,4 +1,4 @@
-/// The running applications as the workspace lists and announces them.
+/// The running applications, as NSWorkspace lists and announces them.
 #pragma once
 
 #include "Platform/RunningApplications.hpp"
@@ -11,7 +11,7 @@ public:
     [[nodiscard]] std::vector<RunningApplication>
     instances(const std::string& bundleID) const override;
 
-    /// Of an app that has ended meanwhile, nothing is hidden or asked.
+    /// An app that has exited in the meantime is ignored.
     void hide(const RunningApplication& app) override;
     void terminate(const RunningApplication& app) override;
 

@@ -28,7 +28,7 @@ std::vector<RunningApplication> describe(NSArray<NSRunningApplication*>* apps) {
     std::vector<RunningApplication> described;
     described.reserve(apps.count);
     for (NSRunningApplication* app in apps) {
-        // One that ended a moment ago may still be listed.
+        // An app that has just exited may still be listed.
         if (!app.terminated)
             described.push_back(describe(app));
     }
@@ -42,7 +42,7 @@ std::optional<RunningApplication> concerned(NSNotification* notification) {
     return describe(static_cast<NSRunningApplication*>(app));
 }
 
-/// The app as it runs now; nil when it has ended.
+/// The running app; nil if it has exited.
 NSRunningApplication* find(const RunningApplication& app) {
     return [NSRunningApplication runningApplicationWithProcessIdentifier:app.processIdentifier];
 }

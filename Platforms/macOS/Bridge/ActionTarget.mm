@@ -15,7 +15,7 @@
 
 - (void)act:(id)sender {
     static_cast<void>(sender);
-    // Copied, since the action may end this object.
+    // Copied, since the action may destroy this object.
     const auto onAction = _onAction;
     onAction();
 }

@@ -1,5 +1,5 @@
-/// Where Objective-C exceptions end. Every call into the system that a port makes runs in one of
-/// these, with a pool for what it leaves behind.
+/// Catches Objective-C exceptions. Every call that a port makes into the system runs inside one of
+/// these functions, with an autorelease pool.
 #pragma once
 
 #include "Foundation/Result.hpp"
@@ -8,13 +8,14 @@
 
 namespace vireline::macos {
 
-/// What a call fails with that raised an exception.
+/// The error to return for a call that raised an exception.
 [[nodiscard]] PlatformError raisedError();
 
-/// One line in the log.
+/// Logs the exception.
 void reportException(const char* _Nonnull call, NSException* _Nonnull exception);
 
-/// What `function` returns; `fallback` when it raised an Objective-C exception, which is logged.
+/// Returns the result of `function`. If it raises an Objective-C exception, logs that and returns
+/// `fallback`.
 template <class Fallback, class Function>
 [[nodiscard]] auto attemptOr(Fallback fallback, const char* _Nonnull call, Function function)
     -> decltype(function()) {
@@ -28,7 +29,7 @@ template <class Fallback, class Function>
     }
 }
 
-/// Calls `function`; an Objective-C exception that it raised is logged.
+/// Calls `function`, and logs an Objective-C exception that it raises.
 template <class Function>
 void attempt(const char* _Nonnull call, Function function) {
     @autoreleasepool {

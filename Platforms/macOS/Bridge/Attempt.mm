@@ -10,7 +10,7 @@ namespace vireline::macos {
 
 namespace {
 
-/// Reading why may raise as well.
+/// Reading the exception may raise too.
 std::string describe(NSException* exception) {
     @try {
         return toText(exception.name) + ": " + toText(exception.reason);

@@ -1,4 +1,4 @@
-/// A Core Foundation object with one owner.
+/// Owns a Core Foundation object.
 #pragma once
 
 #import <CoreFoundation/CoreFoundation.h>
@@ -7,8 +7,8 @@
 
 namespace vireline::macos {
 
-/// `Ref` is a pointer type such as CFArrayRef. Owns what a function with Create or Copy in its name
-/// returned, null included.
+/// `Ref` is a pointer type such as CFArrayRef. Takes the result of a Create or Copy function, which
+/// may be null.
 template <class Ref>
 class CFHandle {
 public:

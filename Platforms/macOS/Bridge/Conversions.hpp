@@ -1,5 +1,5 @@
-/// Between Foundation's types and the kit's. What the system hands in may be nil, lack keys or be
-/// of another type than documented; that is met here and goes no further.
+/// Converts between the system's types and the kit's. Values from the system may be nil, lack keys
+/// or have undocumented types; all of that is handled here.
 #pragma once
 
 #include "Foundation/FileURL.hpp"
@@ -17,21 +17,21 @@
 
 namespace vireline::macos {
 
-/// Text that is no UTF-8 is read as Latin-1 rather than lost.
+/// Text that is not valid UTF-8 is interpreted as Latin-1.
 [[nodiscard]] NSString* _Nonnull toNSString(std::string_view text);
 /// Empty for nil.
 [[nodiscard]] std::string toText(NSString* _Nullable text);
 [[nodiscard]] std::optional<std::string> toOptionalText(NSString* _Nullable text);
 
 [[nodiscard]] NSURL* _Nonnull toNSURL(const FileURL& url);
-/// Nothing for nil and for what is no file.
+/// nullopt for nil and for URLs that are not file URLs.
 [[nodiscard]] std::optional<FileURL> toFileURL(NSURL* _Nullable url);
 
-/// Nothing for nil, for what is no number, and for a number that is a fraction or a truth value.
+/// nullopt for nil, and for objects that are not integers: other types, fractions and booleans.
 [[nodiscard]] std::optional<long long> toWholeNumber(id _Nullable value);
 
 [[nodiscard]] PlatformError toPlatformError(NSError* _Nullable error);
-/// The failure of a system call, described by the system in the user's language.
+/// The error of a system call, with the system's description in the user's language.
 [[nodiscard]] PlatformError toPlatformError(int errorNumber);
 
 [[nodiscard]] constexpr CGPoint toCGPoint(Point point) {
@@ -53,8 +53,8 @@ namespace vireline::macos {
     return {rect.origin.x, rect.origin.y, rect.size.width, rect.size.height};
 }
 
-/// Dates, keys that are no strings and whatever lies deeper than any list that is read become
-/// values of no kind or are left out.
+/// Types that `PropertyList` lacks, and values that are nested too deeply, become empty values.
+/// Entries whose keys are not strings are omitted.
 [[nodiscard]] PropertyList toPropertyList(id _Nullable value);
 
 }

@@ -5,7 +5,7 @@
 namespace vireline::macos {
 namespace {
 
-/// The deepest value that is read lies five down.
+/// Limits the recursion. The values that the program uses are at most five levels deep.
 constexpr int maximumDepth = 64;
 
 PropertyList toPropertyList(id _Nullable value, int depth);

@@ -1,4 +1,4 @@
-/// The kit's menus as AppKit's.
+/// Converts the kit's menus to AppKit's.
 #pragma once
 
 #include "Presentation/Menu.hpp"
@@ -13,7 +13,7 @@ namespace vireline::macos {
 [[nodiscard]] NSMenu* _Nonnull toNSMenu(const Menu& menu,
                                         const std::function<void(const MenuAction&)>& onChoose);
 
-/// Brings titles and check marks up to date. `shown` was made of a menu with the same entries in
+/// Updates titles and check marks. `shown` must have been made from a menu with the same entries in
 /// the same order.
 void update(NSMenu* _Nonnull shown, const Menu& menu);
 

@@ -1,4 +1,4 @@
-/// Notification centres as the kit's subscriptions.
+/// Observes notifications, as subscriptions of the kit.
 #pragma once
 
 #include "Foundation/ScopedHandle.hpp"
@@ -9,7 +9,8 @@
 
 namespace vireline::macos {
 
-/// The application's own centre, and the one of the workspace. Nil if the system raised.
+/// The application's own notification centre, and that of NSWorkspace. Nil if the system raised an
+/// exception.
 [[nodiscard]] NSNotificationCenter* _Nullable ownCenter();
 [[nodiscard]] NSNotificationCenter* _Nullable workspaceCenter();
 

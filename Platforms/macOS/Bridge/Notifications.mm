@@ -12,7 +12,7 @@ namespace {
 
 using Handler = std::function<void(NSNotification*)>;
 
-/// Ends the observation when the subscription lets go of it.
+/// Removes the observer when it is destroyed.
 struct Observation {
     Observation(NSNotificationCenter* observed, Handler called)
         : center(observed), handler(std::move(called)) {}
@@ -46,8 +46,8 @@ Subscription observe(NSNotificationCenter* center, NSNotificationName name,
                      std::function<void(NSNotification*)> handler) {
     auto observation = std::make_shared<Observation>(center, std::move(handler));
     const std::weak_ptr<Observation> weak = observation;
-    // Made outside of the lambda: a block in there would capture `weak` as the lambda does, by
-    // reference.
+    // Created outside the lambda: inside it, the block would capture `weak` by reference, as the
+    // lambda does.
     void (^const posted)(NSNotification*) = ^(NSNotification* notification) {
       if (const auto observed = weak.lock())
           observed->handler(notification);

@@ -1,12 +1,12 @@
-/// Other programs' windows through the system's Accessibility interface.
+/// Moves other programs' windows through the system's Accessibility interface.
 #pragma once
 
 #include "Platform/Accessibility.hpp"
 
 namespace vireline::macos {
 
-/// Positions and sizes are passed on as they are: the interface's space is the port's. An attribute
-/// of another type than documented is an error like a missing one.
+/// Positions and sizes need no conversion, since the interface uses event space too. An attribute
+/// of an undocumented type is an error, like a missing one.
 class AXAccessibility final : public Accessibility {
 public:
     [[nodiscard]] bool isTrusted() const override;

@@ -26,7 +26,8 @@ private:
     CFHandle<AXUIElementRef> element_;
 };
 
-/// Every element that the kit hands in was made here. Null when the system made none.
+/// All elements that the kit passes in were created here, so the cast is safe. Null if the system
+/// created none.
 AXUIElementRef refOf(AccessibilityElement& element) {
     return static_cast<AXElement&>(element).ref();
 }
@@ -35,7 +36,7 @@ std::unexpected<PlatformError> failure(AXError code) {
     return std::unexpected{PlatformError{code, AccessibilityErrors::describe(code)}};
 }
 
-/// Null for what is no element.
+/// Null if the value is not an element.
 ElementHandle toElement(CFTypeRef value) {
     if (value == nullptr || CFGetTypeID(value) != AXUIElementGetTypeID())
         return nullptr;
@@ -57,7 +58,7 @@ Result<CFHandle<CFTypeRef>> attribute(AccessibilityElement& element, CFStringRef
     return owned;
 }
 
-/// A point or a size out of the box that attributes carry it in.
+/// Reads an attribute whose value is a point or a size inside an AXValue.
 template <class Content, class Converted>
 Result<Converted> boxedAttribute(AccessibilityElement& element, CFStringRef name, AXValueType type,
                                  Converted (*convert)(Content)) {

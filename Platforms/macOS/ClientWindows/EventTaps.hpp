@@ -1,4 +1,4 @@
-/// Taps in the path of the pointer's events, where the hardware's events enter the session.
+/// Pointer taps, at the point where hardware events enter the session.
 #pragma once
 
 #include "Platform/PointerTap.hpp"
@@ -9,8 +9,8 @@ class EventTaps final : public PointerTaps {
 public:
     [[nodiscard]] bool needPermission() const override { return true; }
 
-    /// Fails without the permission for Accessibility. Each tap has a thread of its own, so that
-    /// the pointer never waits for the main one.
+    /// Fails without the Accessibility permission. Each tap has its own thread, so that the pointer
+    /// never waits for the main thread.
     [[nodiscard]] Result<std::unique_ptr<PointerTap>> create(PointerRule rule,
                                                              Disabled onDisabled) override;
 };

@@ -31,12 +31,12 @@ public:
         if (!port_)
             return;
         source_ = CFHandle{CFMachPortCreateRunLoopSource(nullptr, port_.get(), 0)};
-        // The system may have taken the port back already.
+        // The system may already have invalidated the port.
         if (!source_) {
             port_ = {};
             return;
         }
-        // The system hands a new tap out enabled.
+        // New taps are enabled.
         CGEventTapEnable(port_.get(), false);
         thread_.emplace(source_.get());
     }
@@ -48,9 +48,9 @@ public:
         if (!port_)
             return;
         CGEventTapEnable(port_.get(), false);
-        // Takes the source out of the run loop as well.
+        // This also removes the source from the run loop.
         CFMachPortInvalidate(port_.get());
-        // An event that is being handled needs the other members.
+        // Waits for an event that is being handled, which needs the other members.
         thread_.reset();
     }
 
@@ -71,7 +71,7 @@ private:
         return event;
     }
 
-    /// On the tap's own thread.
+    /// Called on the tap's own thread.
     void handle(CGEventType type, CGEventRef event) {
         const auto kind = TapEvents::kind(type);
         if (kind == PointerTapEvent::mouseMoved || kind == PointerTapEvent::leftMouseDragged)
@@ -97,7 +97,7 @@ private:
     void reportDisabled(PointerTapEvent why) {
         const std::weak_ptr<const PointerTaps::Disabled> weak = onDisabled_;
         dispatch_async(dispatch_get_main_queue(), ^{
-          // Held here, since what is told may end this tap.
+          // Keeps the callback alive during the call, which may destroy this tap.
           if (const auto onDisabled = weak.lock())
               (*onDisabled)(why);
         });

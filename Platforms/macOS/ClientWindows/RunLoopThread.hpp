@@ -1,5 +1,4 @@
-/// A thread that does nothing but serve one source of events, so that these never wait for the main
-/// thread.
+/// A thread that serves one run-loop source, so that its events never wait for the main thread.
 #pragma once
 
 #include "Bridge/CFHandle.hpp"
@@ -20,8 +19,7 @@ public:
     RunLoopThread(RunLoopThread&&) = delete;
     RunLoopThread& operator=(RunLoopThread&&) = delete;
 
-    /// Waits until the source's callback, if it is being called, has returned. The source was
-    /// invalidated before.
+    /// Waits until a running callback of the source has returned. Invalidate the source first.
     ~RunLoopThread();
 
 private:

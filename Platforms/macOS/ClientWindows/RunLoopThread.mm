@@ -14,8 +14,8 @@ RunLoopThread::RunLoopThread(CFRunLoopSourceRef source) {
     loop_ = loop.get();
 }
 
-/// The thread either runs its loop, which is stopped, or is about to: then the loop, which has no
-/// source any more, ends by itself.
+/// If the thread is running its loop, this stops the loop. If it is only about to, the loop ends by
+/// itself, since the invalidated source was its only one.
 RunLoopThread::~RunLoopThread() {
     isEnded_ = true;
     CFRunLoopStop(loop_.get());
@@ -24,7 +24,7 @@ RunLoopThread::~RunLoopThread() {
 
 void RunLoopThread::serve(CFRunLoopSourceRef source, std::promise<Loop> begun) {
     @autoreleasepool {
-        // The pointer waits for it.
+        // The pointer waits for this thread.
         pthread_set_qos_class_self_np(QOS_CLASS_USER_INTERACTIVE, 0);
         const CFRunLoopRef loop = CFRunLoopGetCurrent();
         CFRunLoopAddSource(loop, source, kCFRunLoopDefaultMode);

@@ -1,4 +1,4 @@
-/// The preferences of Apple's Dock. They are read and never written.
+/// The preferences of Apple's Dock, which are only read.
 #pragma once
 
 #include "Platform/DockPreferences.hpp"

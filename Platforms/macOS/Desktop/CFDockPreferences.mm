@@ -8,9 +8,9 @@
 
 #include <utility>
 
-/// Receives distributed notifications. It is an object with a method since only so can they be
-/// asked for at once: an application that is not active, as this one never is, would otherwise get
-/// them when it becomes so.
+/// Receives distributed notifications. Only the selector-based call takes a suspension behaviour,
+/// which has them delivered immediately; otherwise an application that is not active receives them
+/// once it becomes active, and this one rarely does.
 @interface VirelineDistributedObserver : NSObject
 - (instancetype)initWithFunction:(std::function<void()>)handler;
 - (void)notificationPosted:(NSNotification*)notification;
@@ -29,7 +29,7 @@
 
 - (void)notificationPosted:(NSNotification*)notification {
     static_cast<void>(notification);
-    // Copied, since the handler may end this object.
+    // Copied, since the handler may destroy this object.
     const auto handler = _handler;
     handler();
 }

@@ -1,4 +1,4 @@
-/// Property lists in any of the system's formats.
+/// Decodes property lists in any of the system's formats.
 #pragma once
 
 #include "Platform/DockPreferences.hpp"

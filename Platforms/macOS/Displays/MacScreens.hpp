@@ -1,4 +1,4 @@
-/// The displays, and everything that may have changed what they show.
+/// The displays, and notifications of everything that may have changed them.
 #pragma once
 
 #include "Platform/Screens.hpp"
@@ -17,9 +17,9 @@ class MacScreens final : public Screens {
 public:
     [[nodiscard]] std::vector<PlatformScreen> screens() const override;
 
-    /// Also announces the end of sleep of the computer or its displays, the start of the displays'
-    /// sleep, the switch to and from another user's session, and a new main display: after any of
-    /// them the displays may be others, or show what is out of date.
+    /// Also calls `handler` when the computer or its displays wake up, when the displays go to
+    /// sleep, when the user's session is switched, and when another display becomes the main one.
+    /// After any of these the displays may have changed, or show outdated contents.
     [[nodiscard]] Subscription observeParameters(std::function<void()> handler) override;
 };
 

@@ -18,7 +18,7 @@ namespace {
 
 using Handler = std::function<void()>;
 
-/// Nothing when the entry is missing, no whole number, or none that fits.
+/// nullopt if the entry is missing, not an integer, or out of range.
 std::optional<std::uint32_t> displayNumber(NSScreen* screen) {
     const auto number = toWholeNumber(screen.deviceDescription[@"NSScreenNumber"]);
     return number ? DisplayNumbers::fromReported(*number) : std::nullopt;
@@ -33,7 +33,7 @@ PlatformScreen describe(NSScreen* screen) {
             .backingScaleFactor = screen.backingScaleFactor};
 }
 
-/// Asks the display server to say when another display becomes the main one.
+/// Calls `handler` when another display becomes the main one.
 class MainDisplayWatch {
 public:
     explicit MainDisplayWatch(std::shared_ptr<Handler> handler) : handler_(std::move(handler)) {
@@ -50,7 +50,7 @@ private:
         if ((flags & kCGDisplaySetMainFlag) == 0)
             return;
         const std::weak_ptr<Handler> weak = static_cast<MainDisplayWatch*>(watch)->handler_;
-        // The screens are not up to date before the next turn.
+        // NSScreen is not up to date until the run loop's next turn.
         dispatch_async(dispatch_get_main_queue(), ^{
           if (const auto handler = weak.lock())
               (*handler)();
@@ -60,7 +60,7 @@ private:
     std::shared_ptr<Handler> handler_;
 };
 
-/// All that one observer holds.
+/// What the subscription of one observer owns.
 struct Observation {
     explicit Observation(Handler handler)
         : shared(std::make_shared<Handler>(std::move(handler))), mainDisplay(shared) {}

@@ -1,4 +1,4 @@
-/// File events through dispatch sources, on descriptors that are opened for events only.
+/// File events from dispatch sources, on descriptors that are opened for events only.
 #pragma once
 
 #include "Platform/FileEvents.hpp"
@@ -7,8 +7,8 @@ namespace vireline::macos {
 
 class DispatchFileEvents final : public FileEvents {
 public:
-    /// Fails with the system's error number when the file is missing or cannot be opened. Does not
-    /// keep the volume busy. Delivers on the main queue.
+    /// Fails with the system's error number if the file is missing or cannot be opened. Does not
+    /// prevent the volume from being unmounted. Calls the handler on the main queue.
     [[nodiscard]] Result<Subscription> watch(const FileURL& url,
                                              std::function<void(FileEventSet)> handler) override;
 };

@@ -57,7 +57,7 @@ Result<Subscription> DispatchFileEvents::watch(const FileURL& url, Handler handl
       if (held && fired != nil)
           (*held)(VnodeEvents::fileEvents(dispatch_source_get_data(fired)));
     });
-    // The descriptor is closed exactly when nothing can come from it any more.
+    // The descriptor must not be closed before the source has been cancelled.
     dispatch_source_set_cancel_handler(source, ^{
       ::close(file);
     });

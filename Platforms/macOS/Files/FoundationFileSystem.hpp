@@ -1,5 +1,5 @@
-/// The program's own files. Errors carry the system's error number and its words, in the user's
-/// language.
+/// The program's own files. Errors have the system's error number and its description, in the
+/// user's language.
 #pragma once
 
 #include "Platform/FileSystem.hpp"
@@ -8,18 +8,19 @@ namespace vireline::macos {
 
 class FoundationFileSystem final : public FileSystem {
 public:
-    /// A symbolic link counts as what it leads to.
+    /// Follows symbolic links.
     [[nodiscard]] bool exists(const FileURL& url) const override;
 
-    /// Regular files only: a pipe or a device put in a file's place is an error, never a wait.
+    /// Reads regular files only: a pipe or a device at the path is an error and does not block.
     [[nodiscard]] Result<std::string> read(const FileURL& url,
                                            std::size_t maximumBytes) const override;
 
-    /// Folders that it makes are the user's alone (mode 0700).
+    /// New folders are accessible to the user only (mode 0700).
     Result<void> createFolder(const FileURL& url) override;
 
-    /// Writes a new file beside `url`, brings it to the disk and renames it over `url`. A symbolic
-    /// link at `url` is itself replaced and never followed.
+    /// Writes a temporary file next to the target, flushes it to the disk, and renames it over the
+    /// target. A symbolic link at `url` is followed only under the conditions of
+    /// `resolvedWriteTarget`, and otherwise replaced.
     Result<void> writeAtomically(const FileURL& url, std::string_view content) override;
 };
 

@@ -32,7 +32,7 @@ NSFileHandle* owning(int file) {
     return [[NSFileHandle alloc] initWithFileDescriptor:file closeOnDealloc:YES];
 }
 
-/// 0, or why this is not a file of at most `maximumBytes`.
+/// 0 for a regular file of at most `maximumBytes`, otherwise an error number.
 int refusal(int file, std::size_t maximumBytes) {
     struct stat found{};
     if (::fstat(file, &found) != 0)
@@ -47,7 +47,7 @@ int refusal(int file, std::size_t maximumBytes) {
 }
 
 Result<std::string> readFile(const FileURL& url, std::size_t maximumBytes) {
-    // Without O_NONBLOCK the opening of a pipe waits for a writer.
+    // Without O_NONBLOCK, opening a pipe would wait for a writer.
     const int file = ::open(url.path().c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     if (file < 0)
         return failure(errno);
@@ -55,7 +55,7 @@ Result<std::string> readFile(const FileURL& url, std::size_t maximumBytes) {
     if (const int code = refusal(file, maximumBytes); code != 0)
         return failure(code);
     NSError* error = nil;
-    // One more than allowed tells of a file that grew meanwhile.
+    // Reads one byte more than allowed, to notice a file that has grown in the meantime.
     NSData* const data = [handle readDataUpToLength:maximumBytes + 1 error:&error];
     if (data == nil)
         return failure(error);
@@ -66,9 +66,9 @@ Result<std::string> readFile(const FileURL& url, std::size_t maximumBytes) {
     return std::string{static_cast<const char*>(data.bytes), data.length};
 }
 
-/// A file that no other has the name of, in the folder of the one that it is to replace. Gone with
-/// this object unless it took that one's place. Open until then, so that no other process takes it
-/// for left over.
+/// A temporary file with a unique name in the target's folder. Removed with this object unless it
+/// has replaced the target. Kept open and locked until then, so that no other process removes it as
+/// a leftover.
 class Replacement {
 public:
     explicit Replacement(const FileURL& target) {
@@ -86,7 +86,7 @@ public:
     }
 
     [[nodiscard]] bool wasCreated() const noexcept { return handle_ != nil; }
-    /// Why it was not.
+    /// The error number if creation failed.
     [[nodiscard]] int error() const noexcept { return error_; }
 
     Result<void> fill(std::string_view content) {
@@ -105,7 +105,7 @@ public:
     }
 
 private:
-    /// With O_EXCL, which follows no link, for the user alone.
+    /// With O_EXCL, which does not follow links, and accessible to the user only.
     void create(const FileURL& target) {
         constexpr int maximumAttempts = 16;
         constexpr unsigned bitsPerDraw = 32;

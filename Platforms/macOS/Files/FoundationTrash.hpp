@@ -1,4 +1,4 @@
-/// The user's Trash through the file manager.
+/// Moves files to the user's Trash with NSFileManager.
 #pragma once
 
 #include "Platform/Trash.hpp"
@@ -11,7 +11,7 @@ class FoundationTrash final : public Trash {
 public:
     FoundationTrash();
 
-    /// One file after the other, beside the main thread.
+    /// Moves one file after the other, on a background queue.
     void moveToTrash(const FileURL& url, std::function<void(Result<void>)> done) override;
 
 private:

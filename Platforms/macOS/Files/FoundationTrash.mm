@@ -14,7 +14,7 @@ namespace {
 
 struct Outcome {
     Result<void> result;
-    /// Logged on the main thread.
+    /// Kept so that it can be logged on the main thread.
     NSException* exception = nil;
 };
 
@@ -45,7 +45,7 @@ FoundationTrash::FoundationTrash()
 void FoundationTrash::moveToTrash(const FileURL& url, std::function<void(Result<void>)> done) {
     const FileURL file = url;
     const auto report = std::make_shared<std::function<void(Result<void>)>>(std::move(done));
-    // A slow disk or a request for the user's consent holds up this queue and nothing else.
+    // A slow disk, or a request for the user's consent, blocks only this queue.
     dispatch_async(queue_, ^{
       const Outcome outcome = trash(file);
       dispatch_async(dispatch_get_main_queue(), ^{

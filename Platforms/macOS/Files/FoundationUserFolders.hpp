@@ -1,4 +1,4 @@
-/// The user's folders as the file manager knows them.
+/// The user's folders, according to NSFileManager.
 #pragma once
 
 #include "Platform/UserFolders.hpp"

@@ -11,13 +11,13 @@
 namespace vireline::macos {
 namespace {
 
-/// As the session that started the program has it.
+/// The home folder from the environment.
 FileURL sessionsHome() {
     const char* const path = std::getenv("HOME");
     return path == nullptr || *path != '/' ? FileURL{} : FileURL::fromPath(path);
 }
 
-/// Never creates it.
+/// Does not create the folder.
 std::optional<FileURL> find(NSSearchPathDirectory folder) {
     return attemptOr(std::optional<FileURL>{}, "URLForDirectory", [&] {
         return toFileURL([NSFileManager.defaultManager URLForDirectory:folder
@@ -36,7 +36,7 @@ FileURL FoundationUserFolders::home() const {
 }
 
 std::vector<FileURL> FoundationUserFolders::applicationSupport() const {
-    // Where it always is, since there is no program without it.
+    // The usual location as the fallback, since the program cannot run without this folder.
     const std::vector usual{sessionsHome().appending("Library").appending("Application Support")};
     return attemptOr(usual, "URLsForDirectory", [] {
         std::vector<FileURL> folders;

@@ -1,17 +1,17 @@
-/// What writes that were cut off, by a crash or a power cut, have left in a folder.
+/// Removes temporary files that were left in a folder by writes that a crash or a power cut
+/// interrupted.
 #pragma once
 
 #include "Foundation/FileURL.hpp"
 
 namespace vireline::macos {
 
-/// Marks a file that is being written as in use until it is closed; other processes wait or leave
-/// it alone. Returns whether the file still has a name: it may have been taken for a leftover
-/// before it was marked.
+/// Locks a temporary file until it is closed, so that other processes do not remove it. Returns
+/// whether the file still has a name: it may have been removed as a leftover before it was locked.
 [[nodiscard]] bool holdAgainstRemoval(int file);
 
-/// Removes the replacements of the file at `url` that nothing writes to any more. Only what looks
-/// in every respect like a file that this program made is touched. Failures are silent.
+/// Removes the temporary files for `url` that no process has locked. Touches only files that have
+/// the name, type, owner and mode of those that this program creates. Failures are silent.
 void removeLeftovers(const FileURL& url);
 
 }

@@ -43,7 +43,8 @@ void removeUnlessInUse(const FileURL& replacement) {
     const int file = ::open(path, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
     if (file < 0)
         return;
-    // One that has taken the other file's place meanwhile no longer has this name.
+    // A file that has been renamed over its target in the meantime no longer has this name, so it
+    // is safe.
     if (looksLikeOurs(file) && ::flock(file, LOCK_EX | LOCK_NB) == 0)
         ::unlink(path);
     ::close(file);
@@ -56,7 +57,8 @@ bool holdAgainstRemoval(int file) {
     do {
         failed = ::flock(file, LOCK_EX);
     } while (failed != 0 && errno == EINTR);
-    // Where files cannot be marked, others cannot take them for left over either.
+    // The result of the lock is ignored: where locking does not work, other processes cannot lock
+    // the file to remove it either.
     struct stat found{};
     return ::fstat(file, &found) != 0 || found.st_nlink > 0;
 }

@@ -1,4 +1,4 @@
-/// Which file a write to a URL replaces, where symbolic links may stand in the way.
+/// Decides which file a write to a URL replaces if there are symbolic links.
 #pragma once
 
 #include "Foundation/FileURL.hpp"

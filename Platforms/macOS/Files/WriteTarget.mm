@@ -14,7 +14,7 @@
 namespace vireline::macos {
 namespace {
 
-/// What is there itself, not where it leads.
+/// Does not follow links.
 std::optional<struct stat> status(const FileURL& url) {
     struct stat found{};
     if (::lstat(url.path().c_str(), &found) != 0)
@@ -38,7 +38,7 @@ std::optional<std::string> ownLinkAt(const FileURL& url) {
     return std::string{text.data(), static_cast<std::size_t>(length)};
 }
 
-/// Whether a file of the user's own is there, or can be put there, in a folder of the user's own.
+/// Whether the user owns the folder, and the file unless it does not exist yet.
 bool isOwnPlace(const FileURL& url) {
     struct stat folder{};
     if (::stat(url.parent().path().c_str(), &folder) != 0 || !S_ISDIR(folder.st_mode) ||

@@ -1,4 +1,4 @@
-/// An image of AppKit's behind the kit's handle.
+/// An NSImage behind the kit's image handle.
 #pragma once
 
 #include "Platform/Icons.hpp"
@@ -9,7 +9,7 @@ namespace vireline::macos {
 
 class MacImage final : public Image {
 public:
-    /// `image` has this size, in points; no one else changes it. Nil shows nothing.
+    /// `image` has this size, in points, and must not be changed by anyone else. Nil shows nothing.
     MacImage(NSImage* _Nullable image, Size size) : Image(size), image_(image) {}
 
     [[nodiscard]] NSImage* _Nullable image() const noexcept { return image_; }

@@ -13,7 +13,7 @@ public:
     [[nodiscard]] ImageHandle symbol(const std::string& name,
                                      const std::string& accessibilityDescription,
                                      Size size) override;
-    /// The system announces no such change.
+    /// The system does not announce such changes.
     [[nodiscard]] Subscription observeChanges(std::function<void()> /*handler*/) override {
         return {};
     }

@@ -7,7 +7,7 @@
 namespace vireline::macos {
 namespace {
 
-/// A copy, since the system shares the image with whoever else asks for it.
+/// Copies the image, since the system shares it with other users.
 ImageHandle sized(NSImage* image, Size size) {
     NSImage* const own = [image copy];
     if (own == nil)
@@ -25,7 +25,7 @@ ImageHandle WorkspaceIcons::iconForFile(const std::string& path, const std::stri
 }
 
 ImageHandle WorkspaceIcons::namedImage(const std::string& name, Size size) {
-    // The program's own images are there even if the system cannot show them.
+    // If the system raises an exception, the image exists but shows nothing.
     const ImageHandle empty = std::make_shared<MacImage>(nil, size);
     return attemptOr(empty, "imageNamed",
                      [&] { return sized([NSImage imageNamed:toNSString(name)], size); });

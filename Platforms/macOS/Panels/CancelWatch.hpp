@@ -1,5 +1,5 @@
-/// While it lives, sees when a drag of the program's own is taken away: by the Escape key, which
-/// goes to whatever program has the focus, or by a release of the button that nobody tells of.
+/// Detects when a drag of a tile is cancelled: by the Escape key, which goes to the program with
+/// the focus, or by a release of the button of which no event arrives.
 #pragma once
 
 #include "Foundation/ScopedHandle.hpp"
@@ -8,8 +8,8 @@
 
 namespace vireline::macos {
 
-/// Calls `onCancel` once, at most. Looks at the keyboard and the pointer themselves, which needs no
-/// permission, as often as a display shows a frame; for the length of a drag.
+/// Calls `onCancel` at most once. Polls the state of the keyboard and the pointer 60 times a
+/// second, which needs no permission, until the subscription is destroyed.
 [[nodiscard]] Subscription watchForCancel(std::function<void()> onCancel);
 
 }

@@ -12,7 +12,7 @@
 namespace vireline::macos {
 namespace {
 
-/// The key of that place on every keyboard.
+/// Key codes denote positions, so this is the same on every keyboard layout.
 constexpr CGKeyCode escapeKey = 53;
 constexpr NSTimeInterval interval = 1.0 / 60;
 
@@ -40,7 +40,7 @@ public:
                                                        held->look();
                                                  }];
         [NSRunLoop.mainRunLoop addTimer:watch->timer_ forMode:NSRunLoopCommonModes];
-        // The key ends the drag alone, also when a window of the program's own has the focus.
+        // If a window of this program has the focus, it must not react to the key as well.
         watch->monitor_ =
             [NSEvent addLocalMonitorForEventsMatchingMask:NSEventMaskKeyDown
                                                   handler:^NSEvent*(NSEvent* event) {
@@ -50,17 +50,17 @@ public:
 
 private:
     void look() {
-        const bool isTakenAway = attemptOr(false, "pressedMouseButtons", [this] {
-            return drag_.isTakenAway({.isEscapeDown = CGEventSourceKeyState(
+        const bool isCancelled = attemptOr(false, "pressedMouseButtons", [this] {
+            return drag_.isCancelled({.isEscapeDown = CGEventSourceKeyState(
                                           kCGEventSourceStateCombinedSessionState, escapeKey),
                                       .isPrimaryDown = (NSEvent.pressedMouseButtons & 1) != 0});
         });
-        if (!isTakenAway)
+        if (!isCancelled)
             return;
         attempt("invalidate", [this] { [timer_ invalidate]; });
-        // It may end this watch.
-        const auto tell = onCancel_;
-        tell();
+        // Copied, since the call may destroy this watch.
+        const auto onCancel = onCancel_;
+        onCancel();
     }
 
     std::function<void()> onCancel_;

@@ -1,5 +1,5 @@
-/// Paces the frames of one dock in step with the refresh of the display it is on. Without a request
-/// nothing wakes up.
+/// Paces the frames of one dock in step with the refresh of its display. Idle while no frame is
+/// requested.
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
@@ -12,7 +12,7 @@
 
 namespace vireline::macos {
 
-/// The beat of a display's refresh, silent until it is started.
+/// Ticks of a display's refresh, stopped at first.
 class RefreshTicks {
 public:
     RefreshTicks() = default;
@@ -28,8 +28,8 @@ public:
 
 class FrameClock {
 public:
-    /// Calls `onFrame` for frames that were asked for, on the display that shows `view`; without a
-    /// beat where there is none.
+    /// Calls `onFrame` for requested frames, in step with the display that shows `view`. If `view`
+    /// is nil, there are no ticks.
     FrameClock(NSView* _Nullable view, std::function<void()> onFrame);
     FrameClock(const FrameClock&) = delete;
     FrameClock& operator=(const FrameClock&) = delete;
@@ -39,8 +39,8 @@ public:
 
     void request();
 
-    /// Shows a frame that is due without waiting for the display, which may have been asleep or may
-    /// be another one by now, and listens to it anew.
+    /// Shows a requested frame without waiting for a tick, and sets the ticks up again: the display
+    /// may have been asleep, or may be a different one.
     void catchUp();
 
 private:

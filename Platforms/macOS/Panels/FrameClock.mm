@@ -7,7 +7,7 @@
 
 #include <utility>
 
-/// What a display link calls.
+/// The target of a display link.
 @interface VirelineTickTarget : NSObject
 - (instancetype)initWithFunction:(std::function<void()>)onTick;
 - (void)tick:(id)sender;
@@ -26,7 +26,7 @@
 
 - (void)tick:(id)sender {
     static_cast<void>(sender);
-    // Copied, since the tick may end this object.
+    // Copied, since the tick may destroy this object.
     const auto onTick = _onTick;
     onTick();
 }
@@ -36,7 +36,7 @@
 namespace vireline::macos {
 namespace {
 
-/// Follows the view from display to display, and rests while no display shows it.
+/// A display link. It follows the view to other displays, and pauses while no display shows it.
 class API_AVAILABLE(macos(14.0)) DisplayLinkTicks final : public RefreshTicks {
 public:
     DisplayLinkTicks(NSView* view, std::function<void()> onTick)
@@ -61,7 +61,7 @@ private:
     CADisplayLink* link_;
 };
 
-/// For systems whose views have no display links: as many ticks a second as the display has frames.
+/// For systems whose views have no display links: a timer with the display's refresh rate.
 class TimerTicks final : public RefreshTicks {
 public:
     TimerTicks(NSView* view, std::function<void()> onTick)

@@ -1,4 +1,4 @@
-/// The window of one dock, on AppKit: a panel with a content that takes the input and a view that
+/// The window of one dock: an NSPanel, a content view that receives the input, and a view that
 /// shows the scene.
 #pragma once
 
@@ -55,12 +55,12 @@ private:
     std::shared_ptr<PanelInput> input_;
     Rect frame_;
     Rect hostedFrame_;
-    /// That of the frame, and that of frames to come.
+    /// The overhang of the current frame, and that of the next one.
     Overhang overhang_;
     Overhang nextOverhang_;
-    /// The window's right edge stays where it is while its left one moves.
+    /// Whether the window is changing its width with its right edge fixed.
     bool isHeldAtRight_ = false;
-    /// Nil if the system did not make them.
+    /// Nil if creating them failed.
     VirelinePanel* _Nullable panel_;
     VirelineDockView* _Nullable dock_;
     FrameClock frames_;

@@ -62,7 +62,7 @@ MacPanelWindow::MacPanelWindow(std::uint32_t displayID, const Rect& frame,
     observe();
 }
 
-/// After any of these the window may have been moved, or show what is out of date.
+/// After any of these notifications, the window may have been moved, or may show outdated contents.
 void MacPanelWindow::observe() {
     const auto changed = lifetime_.guard([this](NSNotification*) { restore(); });
     subscriptions_.push_back(
@@ -90,8 +90,8 @@ void MacPanelWindow::setFrame(const Rect& frame, bool animate) {
     lookAtPointerSoon();
 }
 
-/// An animation that runs already is replaced: it would go on to where the window no longer
-/// belongs.
+/// Goes through the animator even without animation, to replace an animation that is running: that
+/// would move the window to an outdated frame.
 void MacPanelWindow::applyFrame(bool animate) {
     const NSRect extent = toCGRect(overhang_.around(frame_));
     const auto arrived = lifetime_.guard([this] { lookAtPointerSoon(); });
@@ -113,9 +113,9 @@ void MacPanelWindow::setHostedFrame(const Rect& frame) {
     placeDock();
 }
 
-/// The dock's view is as large as what it draws; its coordinates are those of the hosted view.
-/// While an animation changes the window's width, a view that is measured from the left would move
-/// with the left edge: where the right edge stays, the view keeps its distance from that one.
+/// The dock's view includes the overhang; its coordinates are those of the hosted view. While an
+/// animation changes the window's width with the right edge fixed, the view must keep its distance
+/// from that edge, or it would move with the left one.
 void MacPanelWindow::placeDock() {
     const Rect inWindow{hostedFrame_.x + overhang_.left, hostedFrame_.y + overhang_.bottom,
                         hostedFrame_.width, hostedFrame_.height};
@@ -155,7 +155,7 @@ void MacPanelWindow::watchForCancel(bool watches) {
 
 void MacPanelWindow::checkPress() {
     attempt("checkPress", [this] {
-        input_->lookedAt(pointer(), panel_.isUnderPointer, (NSEvent.pressedMouseButtons & 1) != 0);
+        input_->polled(pointer(), panel_.isUnderPointer, (NSEvent.pressedMouseButtons & 1) != 0);
     });
 }
 
@@ -171,8 +171,8 @@ void MacPanelWindow::orderOut() {
     input_->hidden();
 }
 
-/// A window that comes to lie under the pointer, or that is taken away from under it, hears nothing
-/// from the system before the pointer moves.
+/// If the window moves under the pointer or away from it, the system sends no event until the
+/// pointer moves.
 void MacPanelWindow::lookAtPointerSoon() {
     const auto look = lifetime_.guard([this] { lookAtPointer(); });
     dispatch_async(dispatch_get_main_queue(), ^{

@@ -1,4 +1,4 @@
-/// Makes the docks' windows.
+/// Creates the docks' windows.
 #pragma once
 
 #include "Platform/PanelWindow.hpp"

@@ -1,4 +1,4 @@
-/// A native popup menu made of a menu's data, which opens without anybody having the focus.
+/// A native popup menu that opens without taking the focus.
 #pragma once
 
 #include "Presentation/Menu.hpp"
@@ -10,16 +10,16 @@
 
 namespace vireline::macos {
 
-/// The system's menus hold up whoever opens them, so this one opens in the next turn of the loop.
-/// Dropped, it closes without a word.
+/// Opening a native menu blocks until it closes, so this happens in the run loop's next turn.
+/// Destroying this object closes the menu without calling back.
 class PopUpMenu {
 public:
     /// Called once, in a turn of its own, with the action of the chosen command; null if none was
     /// chosen or it does nothing. May drop the menu.
     using Closed = std::function<void(const MenuAction& chosen)>;
 
-    /// Opens at that place of `view`, whose y grows downwards; the system moves it into the
-    /// display.
+    /// Opens at `place` in `view`, whose y axis points downwards. The system keeps the menu inside
+    /// the display.
     [[nodiscard]] static std::shared_ptr<PopUpMenu> open(const Menu& menu, NSView* _Nullable view,
                                                          const MenuPlace& place, Closed closed);
 
@@ -30,7 +30,7 @@ public:
     PopUpMenu& operator=(PopUpMenu&&) = delete;
     ~PopUpMenu();
 
-    /// Closes it and tells so at once.
+    /// Closes the menu and calls back immediately.
     void end();
 
 private:

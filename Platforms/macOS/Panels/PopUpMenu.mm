@@ -11,7 +11,7 @@
 namespace vireline::macos {
 namespace {
 
-/// On the main queue a menu would hold up all that comes there; that is for want of a better turn.
+/// A menu that is opened from the main queue blocks that queue, so the queue is only the fallback.
 void inTheNextTurn(void (^block)()) {
     const bool isPlanned = attemptOr(false, "performInModes", [&] {
         [NSRunLoop.mainRunLoop performInModes:@[ NSRunLoopCommonModes ] block:block];
@@ -36,14 +36,15 @@ std::shared_ptr<PopUpMenu> PopUpMenu::open(const Menu& menu, NSView* view, const
         at = toCGPoint(place.corner(toSize(opened->menu_.size)));
     });
     NSMenu* const native = opened->menu_;
-    // The view may be gone by the next turn, and the menu with it while it is open.
+    // The view may be gone by the next turn, and this object may be destroyed while the menu is
+    // open.
     __weak NSView* const weakView = view;
     inTheNextTurn(^{
       NSView* const shownIn = weakView;
       if (!weak.expired() && shownIn != nil)
           attempt("popUpMenu",
                   [&] { [native popUpMenuPositioningItem:nil atLocation:at inView:shownIn]; });
-      // The choice may come right behind the closing.
+      // The choice may be reported only after the menu has closed.
       inTheNextTurn(^{
         if (const auto held = weak.lock())
             held->finish();

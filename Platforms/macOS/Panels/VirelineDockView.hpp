@@ -1,4 +1,4 @@
-/// Shows a dock's scene, one view a node, and its tiles to assistive technology.
+/// Shows a dock's scene, with one view per node, and exposes its tiles to assistive technology.
 #pragma once
 
 #include "Presentation/Scene.hpp"
@@ -16,10 +16,10 @@
 
 - (void)presentScene:(const vireline::Scene&)scene;
 
-/// Shows everything anew, whatever it shows.
+/// Redraws everything, even if the scene has not changed.
 - (void)presentAgain;
 
-/// The tile as assistive technology presents it now; nothing when it is gone.
+/// The tile's current description for assistive technology; nullopt if the tile is gone.
 - (std::optional<vireline::AccessibleTile>)tile:(std::uint32_t)identifier;
 - (void)pressTile:(std::uint32_t)identifier;
 - (void)showMenuOfTile:(std::uint32_t)identifier;

@@ -45,7 +45,7 @@ bool isSameKind(const SceneNode& one, const SceneNode& other) {
     std::map<NodeID, ShownNode> _nodes;
     CGFloat _scale;
     std::vector<ShownTile> _tiles;
-    /// What assistive technology knows; nothing before it first asked.
+    /// What assistive technology knows of the scene; nullopt until its first query.
     std::optional<AccessibleScene> _known;
 }
 
@@ -70,7 +70,7 @@ bool isSameKind(const SceneNode& one, const SceneNode& other) {
 }
 
 - (void)presentAgain {
-    // Not told of every change: also looked up after sleep and changes of the displays.
+    // Read again, since not every change of the scale is announced.
     _scale = self.window == nil ? 1 : self.window.backingScaleFactor;
     for (auto& [identifier, shown] : _nodes) {
         [shown.view showNode:shown.node scale:_scale];
@@ -110,7 +110,7 @@ bool isSameKind(const SceneNode& one, const SceneNode& other) {
     });
 }
 
-/// The view that shows the node from now on.
+/// Returns the view that shows the node, updating or creating it.
 - (NSView*)show:(const SceneNode&)node {
     const auto found = _nodes.find(node.id);
     if (found == _nodes.end() || !isSameKind(found->second.node, node)) {
@@ -155,7 +155,7 @@ bool isSameKind(const SceneNode& one, const SceneNode& other) {
     return attemptOr<NSArray*>(nil, "accessibilityChildren", [&] { return [self tileElements]; });
 }
 
-/// A tile stays the same element for as long as it stays in the strip.
+/// A tile keeps its element for as long as it stays in the strip.
 - (NSArray*)tileElements {
     if (!_known)
         _known = AccessibleScene::of(_scene);

@@ -1,15 +1,15 @@
-/// A translucent background of the system's with rounded corners: its glass where the running
-/// system has it, else its regular material.
+/// A translucent background with rounded corners: the system's glass if it has that, otherwise a
+/// visual effect view.
 #pragma once
 
 #import <AppKit/AppKit.h>
 
 @interface VirelineGlassView : NSView
 
-/// Points, at most that of a capsule.
+/// In points; at most half the shorter side.
 @property(nonatomic) CGFloat cornerRadius;
 
-/// Shows `view` in the glass, which it fills.
+/// Embeds `view`, which fills the glass.
 - (void)embed:(nonnull NSView*)view;
 
 @end

@@ -1,7 +1,7 @@
 #include "Panels/VirelineGlassView.hpp"
 
-/// What is used of the system's glass, which systems and development kits before version 26 do not
-/// have.
+/// The part of the system's glass view that is used. Systems and SDKs before version 26 do not have
+/// it.
 @protocol VirelineSystemGlass
 @property CGFloat cornerRadius;
 @property(nullable, strong) NSView* contentView;
@@ -21,12 +21,12 @@ NSVisualEffectView* makeMaterial() {
     NSVisualEffectView* const material = [[NSVisualEffectView alloc] initWithFrame:NSZeroRect];
     material.material = NSVisualEffectMaterialPopover;
     material.blendingMode = NSVisualEffectBlendingModeBehindWindow;
-    // The window is never key, and would always look as if it were in the background.
+    // Otherwise it would look inactive, since the window is never key.
     material.state = NSVisualEffectStateActive;
     return material;
 }
 
-/// Stretches between its corners to any size.
+/// A mask with rounded corners that stretches to any size.
 NSImage* roundedMask(CGFloat radius) {
     const CGFloat side = 2 * radius + 1;
     NSImage* const mask = [NSImage imageWithSize:NSMakeSize(side, side)
@@ -46,7 +46,7 @@ NSImage* roundedMask(CGFloat radius) {
 }
 
 @implementation VirelineGlassView {
-    /// One of them is nil.
+    /// Exactly one of these is nil.
     NSView<VirelineSystemGlass>* _glass;
     NSVisualEffectView* _material;
 }

@@ -1,5 +1,4 @@
-/// One node of a scene on the screen. Nothing else on this platform looks at a node's kind to draw
-/// it.
+/// Draws one node of a scene. A node of a new kind needs a case here.
 #pragma once
 
 #include "Presentation/Scene.hpp"
@@ -8,11 +7,11 @@
 
 @interface VirelineNodeView : NSView
 
-/// A view for nodes of the kind of this one, which it does not show yet.
+/// Creates a view for nodes of this node's kind. It does not show the node yet.
 + (nonnull VirelineNodeView*)viewForNode:(const vireline::SceneNode&)node;
 
-/// Shows a node of that kind; `scale` is the display's pixels per point. The superview's
-/// coordinates are the scene's.
+/// Shows a node of that kind. `scale` is the display's pixels per point. The superview's
+/// coordinates must be the scene's.
 - (void)showNode:(const vireline::SceneNode&)node scale:(CGFloat)scale;
 
 @end

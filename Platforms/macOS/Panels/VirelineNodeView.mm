@@ -26,7 +26,7 @@ using vireline::macos::toRect;
 using vireline::macos::toSize;
 namespace ScenePlacement = vireline::macos::ScenePlacement;
 
-/// A shape of one colour.
+/// Shows a node that is filled with one colour.
 @interface VirelineFillNodeView : VirelineNodeView
 @end
 
@@ -41,7 +41,7 @@ namespace ScenePlacement = vireline::macos::ScenePlacement;
 
 namespace {
 
-/// The colour and the corners of what is filled.
+/// The colour and corner radius of such a node.
 struct Fill {
     NSColor* __strong color;
     double cornerRadius;
@@ -80,8 +80,8 @@ struct MakeView {
     }
 };
 
-/// A symbol comes as a shape without a colour of its own. It gets the one that labels have now,
-/// which the drawing, as it comes later, could not tell.
+/// Fills a template image, such as a symbol, with the label colour. The colour is resolved here,
+/// since the image is drawn later, when the appearance may not be set.
 NSImage* colored(NSImage* image) {
     if (![image isTemplate])
         return image;
@@ -147,7 +147,7 @@ NSImage* colored(NSImage* image) {
 
 @implementation VirelineImageNodeView {
     NSImage* _image;
-    /// Of the layer's contents, which suffice for the largest size.
+    /// The scale of the layer's contents, chosen for the node's largest size.
     CGFloat _contentsScale;
 }
 

@@ -1,5 +1,4 @@
-/// The window that carries a dock: borderless, floating, on every desktop, never key and never
-/// main.
+/// The NSPanel of a dock: borderless, floating, on every desktop, never key and never main.
 #pragma once
 
 #include "Translation/PanelInput.hpp"
@@ -10,11 +9,11 @@
 
 @interface VirelinePanel : NSPanel
 
-/// Empty and not shown. `frame` is in global coordinates.
+/// Creates an empty, hidden panel. `frame` is in global coordinates.
 - (nonnull instancetype)initWithFrame:(NSRect)frame
                                 input:(std::weak_ptr<vireline::macos::PanelInput>)input;
 
-/// Whether the pointer is somewhere over the window, which is shown.
+/// Whether the window is visible and the pointer is over it, not over a window in front of it.
 @property(readonly) BOOL isUnderPointer;
 
 @end

@@ -38,12 +38,12 @@ static_assert(onEveryDesktop == 273);
     self.floatingPanel = YES;
     self.becomesKeyOnlyIfNeeded = YES;
     self.hidesOnDeactivate = NO;
-    // Nor with the other programs when the user hides all but one.
+    // Stay visible too when the user hides all other programs.
     self.canHide = NO;
     self.opaque = NO;
     self.backgroundColor = NSColor.clearColor;
     self.movable = NO;
-    // It would be that of an earlier frame wherever icons have grown since.
+    // AppKit would not update the shadow when icons grow.
     self.hasShadow = NO;
     return self;
 }
@@ -56,7 +56,7 @@ static_assert(onEveryDesktop == 273);
     return NO;
 }
 
-/// A dock stays where it was planned.
+/// AppKit must not move the dock.
 - (NSRect)constrainFrameRect:(NSRect)frameRect toScreen:(NSScreen*)screen {
     static_cast<void>(screen);
     return frameRect;
@@ -67,7 +67,7 @@ static_assert(onEveryDesktop == 273);
     return self.visible && NSMouseInRect(at, self.frame, NO) && ![self isCoveredAt:at];
 }
 
-/// Windows that are transparent at the point do not count, be it this one.
+/// Windows that are transparent at the point do not count, this one included.
 - (BOOL)isCoveredAt:(NSPoint)point {
     const NSInteger front = [NSWindow windowNumberAtPoint:point belowWindowWithWindowNumber:0];
     const NSInteger behind = [NSWindow windowNumberAtPoint:point

@@ -1,5 +1,5 @@
-/// What fills a dock's window: it takes the pointer and what is dragged here, for all that is shown
-/// in it.
+/// The content view of a dock's window. It receives pointer events and drags for all of its
+/// subviews.
 #pragma once
 
 #include "Translation/PanelInput.hpp"
@@ -10,7 +10,7 @@
 
 @interface VirelinePanelContent : NSView <NSDraggingDestination>
 
-/// `panel`, which it is to fill, is told when the pointer enters and leaves.
+/// `panel`, which this view will fill, receives the events when the pointer enters and leaves.
 - (nonnull instancetype)initWithPanel:(nonnull NSPanel*)panel
                                 input:(std::weak_ptr<vireline::macos::PanelInput>)input;
 

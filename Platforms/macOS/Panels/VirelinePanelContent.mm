@@ -28,7 +28,7 @@ static_assert(DropOperations::copy == NSDragOperationCopy);
 static_assert(DropOperations::link == NSDragOperationLink);
 static_assert(DropOperations::generic == NSDragOperationGeneric);
 
-/// In the order given. A reference to a file by its number becomes its path.
+/// The file URLs in the pasteboard's order. File reference URLs are converted to path URLs.
 std::vector<std::string> fileURLs(NSPasteboard* pasteboard) {
     std::vector<std::string> texts;
     NSArray* const urls = [pasteboard readObjectsForClasses:@[ NSURL.class ]
@@ -73,7 +73,7 @@ NSDragOperation operation(BOOL canDrop, id<NSDraggingInfo> drag) {
     return self;
 }
 
-/// A click is a click, also while another program is in front.
+/// The first click works even while another program is active.
 - (BOOL)acceptsFirstMouse:(NSEvent*)event {
     static_cast<void>(event);
     return YES;
@@ -88,7 +88,7 @@ NSDragOperation operation(BOOL canDrop, id<NSDraggingInfo> drag) {
     });
 }
 
-/// Hands the input over, as long as there is any.
+/// Calls `tell` with the input, if that still exists.
 - (void)tell:(const char*)what to:(const std::function<void(PanelInput&)>&)tell {
     attempt(what, [&] {
         if (const auto input = _input.lock())
@@ -143,7 +143,7 @@ NSDragOperation operation(BOOL canDrop, id<NSDraggingInfo> drag) {
     });
 }
 
-/// A drag that rests needs no answer.
+/// No updates are needed while a drag does not move.
 - (BOOL)wantsPeriodicDraggingUpdates {
     return NO;
 }
@@ -165,7 +165,7 @@ NSDragOperation operation(BOOL canDrop, id<NSDraggingInfo> drag) {
     });
 }
 
-/// What it shows has the tiles; by itself it is nothing to anybody.
+/// Delegates to the dock view, which has the tiles.
 - (id)accessibilityHitTest:(NSPoint)point {
     return attemptOr<id>(nil, "accessibilityHitTest",
                          [&] { return [self.subviews.firstObject accessibilityHitTest:point]; });

@@ -1,5 +1,5 @@
-/// A tile as assistive technology sees it: a button that says whether its app runs and offers its
-/// menu. Everything is asked for afresh, so that nothing it says is out of date.
+/// The accessibility element of a tile: a button whose value tells whether its app is running, with
+/// a menu. Every attribute is looked up when queried, so that none is outdated.
 #pragma once
 
 #import <AppKit/AppKit.h>

@@ -1,5 +1,6 @@
-/// Gives the focus back to the program that had it, once the last of the program's own windows has
-/// closed: without a window, the program would keep it, and what the user types would be lost.
+/// Gives the focus back to the program that had it before, once the last of this program's windows
+/// has closed. Otherwise this program would keep the focus without a window, and key presses would
+/// be lost.
 #pragma once
 
 #include "Foundation/Lifetime.hpp"

@@ -23,7 +23,7 @@ void FocusReturn::remember() {
     });
 }
 
-/// The window that is about to close still is shown.
+/// Deferred, because the window that is about to close is still visible.
 void FocusReturn::giveBackSoon() {
     const auto later = lifetime_.guard([this] { giveBack(); });
     dispatch_async(dispatch_get_main_queue(), ^{

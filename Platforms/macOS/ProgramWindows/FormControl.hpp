@@ -1,4 +1,4 @@
-/// One native control of the settings form.
+/// A native control of the settings form.
 #pragma once
 
 #include "Foundation/Geometry.hpp"
@@ -22,15 +22,15 @@ public:
     FormControl& operator=(FormControl&&) = delete;
     virtual ~FormControl() = default;
 
-    /// A radio group, a segmented control, a switch or a slider, as `value` says. `label` is what
-    /// assistive technology calls it.
+    /// Creates a radio group, a segmented control, a switch or a slider, depending on the type of
+    /// `value`. `label` is its name for assistive technology.
     [[nodiscard]] static std::unique_ptr<FormControl>
     make(const Value& value, const std::string& label, std::function<void(FormValue)> onChange);
 
     [[nodiscard]] virtual NSView* _Nonnull view() const = 0;
     [[nodiscard]] virtual Size size() const = 0;
 
-    /// Shows the value; false when it takes another control.
+    /// Shows the value. Returns false if the value needs a different control.
     [[nodiscard]] virtual bool show(const Value& value) = 0;
 };
 

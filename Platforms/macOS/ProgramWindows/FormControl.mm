@@ -35,7 +35,7 @@ public:
         for (std::size_t index = 0; index < options_.size(); ++index) {
             VirelineActionTarget* const target = [[VirelineActionTarget alloc]
                 initWithFunction:[onChange, index] { onChange(FormValue{index}); }];
-            // Those with one action in one view are a group: choosing one clears the others.
+            // AppKit groups radio buttons with the same action in the same view.
             NSButton* const button = [NSButton radioButtonWithTitle:toNSString(options_.at(index))
                                                              target:target
                                                              action:@selector(act:)];
@@ -132,7 +132,7 @@ private:
     NSSwitch* control_;
 };
 
-/// A slider with its value behind it.
+/// A slider, followed by its value.
 class ValueSlider final : public FormControl {
 public:
     ValueSlider(const Slider& slider, const std::string& label, OnChange onChange)
@@ -190,8 +190,8 @@ private:
         size_ = {frames.at(1).maxX(), height};
     }
 
-    /// What is told of a slider that the user still holds must not move it. Let go, or moved by
-    /// assistive technology, it comes to rest on the step that is nearest.
+    /// While the user is dragging the slider, the new settings must not move it. When it is
+    /// released, or moved by assistive technology, it snaps to the nearest step.
     void moved(const OnChange& onChange) {
         const NSEventType type = NSApplication.sharedApplication.currentEvent.type;
         const bool isDragged =
@@ -207,7 +207,7 @@ private:
     NSSlider* control_;
     NSTextField* text_;
     Size size_;
-    /// As the settings have it.
+    /// The value in the settings.
     double value_ = 0;
     bool isHeld_ = false;
 };

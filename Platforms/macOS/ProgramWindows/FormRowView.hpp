@@ -1,4 +1,4 @@
-/// One row of the settings form: a title, its control, and what explains it.
+/// A row of the settings form: title, control, caption and status line.
 #pragma once
 
 #include "Platform/ProgramWindows.hpp"
@@ -13,16 +13,16 @@ namespace vireline::macos {
 
 class FormRowView {
 public:
-    /// `listener` outlives the view.
+    /// `listener` must outlive the view.
     FormRowView(const FormRow& row, FormListener& listener);
 
     [[nodiscard]] NSView* _Nonnull view() const noexcept { return view_; }
     [[nodiscard]] SettingsField field() const noexcept { return field_; }
 
-    /// Brings everything up to date in place; false when the row needs another control.
+    /// Updates the row in place. Returns false if it needs a different control.
     [[nodiscard]] bool show(const FormRow& row);
 
-    /// Puts its parts in place for this width and returns the height that it needs.
+    /// Lays the row out for this width and returns its height.
     double layOut(double width);
 
 private:

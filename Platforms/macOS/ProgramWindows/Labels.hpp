@@ -1,4 +1,4 @@
-/// The texts and symbols of the program's own windows.
+/// Creates texts and symbols for the program's own windows.
 #pragma once
 
 #include "Foundation/Geometry.hpp"
@@ -8,7 +8,7 @@
 
 #include <string>
 
-/// Its own coordinates grow downwards, as the layout's do.
+/// A view whose y axis points downwards, as in the layout code.
 @interface VirelineFlippedView : NSView
 @end
 
@@ -20,12 +20,12 @@ namespace vireline::macos::Labels {
 [[nodiscard]] NSFont* _Nonnull bodyFont();
 [[nodiscard]] NSFont* _Nonnull captionFont();
 
-/// The size of the label's text in lines of at most this width.
+/// The size of the label's text, wrapped at this width.
 [[nodiscard]] Size fittingSize(NSTextField* _Nonnull label, double width);
 
 [[nodiscard]] NSColor* _Nonnull color(StatusLine::Tone tone);
 
-/// A system symbol; an empty view where the system has none of that name.
+/// A view with a system symbol; empty if the system has no symbol of this name.
 [[nodiscard]] NSImageView* _Nonnull makeSymbol(const std::string& name, NSColor* _Nonnull color);
 
 }

@@ -1,4 +1,4 @@
-/// The settings window: a form of native controls in titled boxes.
+/// The settings window: native controls in titled boxes.
 #pragma once
 
 #include "Platform/ProgramWindows.hpp"
@@ -26,7 +26,7 @@ private:
     struct SectionView {
         NSTextField* _Nonnull title;
         NSBox* _Nonnull box;
-        /// What the box shows; its coordinates grow downwards.
+        /// The contents of the box.
         VirelineFlippedView* _Nonnull content;
         std::vector<std::unique_ptr<FormRowView>> rows;
         std::vector<NSBox*> separators;
@@ -41,7 +41,7 @@ private:
     double width_;
     double leastHeight_;
     TitledWindow window_;
-    /// Nil if the system did not make it.
+    /// Nil if creating it failed.
     VirelineFlippedView* _Nullable content_ = nil;
     std::vector<SectionView> sections_;
 };

@@ -31,9 +31,9 @@ NSScrollView* scrolling(NSView* content, Size size) {
     return view;
 }
 
-/// The row of the same field, taken out of `rows`; null when there is none.
-std::unique_ptr<FormRowView> take(std::vector<std::unique_ptr<FormRowView>>& rows,
-                                  SettingsField field) {
+/// Moves the row with this field out of `rows`; null if there is none.
+std::unique_ptr<FormRowView> extractRow(std::vector<std::unique_ptr<FormRowView>>& rows,
+                                        SettingsField field) {
     const auto found =
         std::ranges::find_if(rows, [&](const auto& row) { return row && row->field() == field; });
     return found == rows.end() ? nullptr : std::move(*found);
@@ -87,7 +87,7 @@ void MacFormWindow::show(SectionView& view, const FormSection& section) {
     view.title.stringValue = toNSString(section.title);
     std::vector<std::unique_ptr<FormRowView>> rows;
     for (const FormRow& row : section.rows) {
-        auto shown = take(view.rows, row.field);
+        auto shown = extractRow(view.rows, row.field);
         if (shown && !shown->show(row)) {
             [shown->view() removeFromSuperview];
             shown = nullptr;

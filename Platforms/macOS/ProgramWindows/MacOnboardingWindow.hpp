@@ -37,10 +37,10 @@ private:
     OnboardingListener& listener_;
     Size size_;
     TitledWindow window_;
-    /// Null if the system did not make them.
+    /// Null if creating them failed.
     VirelineFlippedView* _Nullable content_ = nil;
     std::unique_ptr<StatusLineView> status_;
-    /// Of the buttons shown now, which hold theirs weakly.
+    /// The targets of the current buttons, which reference them weakly.
     std::vector<VirelineActionTarget*> targets_;
     std::optional<OnboardingPage> shown_;
 };

@@ -41,7 +41,7 @@ MacOnboardingWindow::MacOnboardingWindow(const WindowStyle& style, OnboardingLis
 }
 
 void MacOnboardingWindow::present(const OnboardingPage& page) {
-    // Untouched, a page keeps the button that has the keyboard's focus.
+    // Rebuilding the same page would lose the keyboard focus.
     if (shown_ == page)
         return;
     shown_ = page;
@@ -122,7 +122,7 @@ void MacOnboardingWindow::addButtons(const std::vector<OnboardingButton>& button
     }
     if (made.empty())
         return;
-    // The last one is what Return presses.
+    // Return presses the last button.
     made.back().keyEquivalent = @"\r";
     const auto frames = PageLayout::buttons(size_, sizes);
     for (std::size_t index = 0; index < made.size(); ++index) {

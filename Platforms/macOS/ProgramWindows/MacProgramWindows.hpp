@@ -1,4 +1,4 @@
-/// Makes the program's own windows.
+/// Creates the program's own windows.
 #pragma once
 
 #include "Platform/ProgramWindows.hpp"

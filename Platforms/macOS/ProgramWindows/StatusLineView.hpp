@@ -1,4 +1,4 @@
-/// A line that tells how a feature stands: a symbol, a text and a button, as far as there are any.
+/// Shows the status of a feature: text, optionally with a symbol and a button.
 #pragma once
 
 #include "Bridge/ActionTarget.hpp"
@@ -19,7 +19,7 @@ public:
 
     void show(const StatusLine& line);
 
-    /// Puts its parts in place for this width and returns the height that it needs.
+    /// Lays the line out for this width and returns its height.
     double layOut(double width);
 
 private:

@@ -1,4 +1,4 @@
-/// A titled window of the program's own, whatever it shows.
+/// A window with a title bar. The program's own windows show their contents in one.
 #pragma once
 
 #include "Platform/ProgramWindows.hpp"
@@ -27,7 +27,7 @@ public:
 
 private:
     std::shared_ptr<FocusReturn> focus_;
-    /// Nil if the system did not make it.
+    /// Nil if creating it failed.
     NSWindow* _Nullable window_ = nil;
 };
 

@@ -25,12 +25,12 @@ TitledWindow::TitledWindow(const WindowStyle& style, std::shared_ptr<FocusReturn
                                         styleMask:mask(style)
                                           backing:NSBackingStoreBuffered
                                             defer:NO];
-        // One that goes when it is closed would be none of ours.
+        // ARC owns the window; releasing it on close would release it once too often.
         made.releasedWhenClosed = NO;
         window_ = made;
         window_.title = toNSString(style.title);
-        // An accessory program cannot take the user to another desktop: the window comes to the
-        // user's.
+        // An accessory application cannot switch to the space of its window, so the window moves to
+        // the current space.
         window_.collectionBehavior = NSWindowCollectionBehaviorMoveToActiveSpace |
                                      NSWindowCollectionBehaviorFullScreenAuxiliary;
         [window_ center];
@@ -51,7 +51,7 @@ void TitledWindow::makeKeyAndOrderFront() {
     attempt("makeKeyAndOrderFront", [this] {
         [NSApplication.sharedApplication activateIgnoringOtherApps:YES];
         [window_ makeKeyAndOrderFront:nil];
-        // The activation is a request that the system may refuse.
+        // The system may refuse to activate the application.
         [window_ orderFrontRegardless];
     });
 }

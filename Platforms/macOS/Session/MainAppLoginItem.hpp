@@ -1,4 +1,4 @@
-/// The start at login, as the system's list of login items has it.
+/// Launching at login, through the system's list of login items.
 #pragma once
 
 #include "Platform/LoginItemService.hpp"

@@ -1,4 +1,4 @@
-/// Items in the menu bar.
+/// Status items in the menu bar.
 #pragma once
 
 #include "Platform/StatusBar.hpp"

@@ -10,7 +10,7 @@
 
 #include <utility>
 
-/// Hears that a menu is about to open.
+/// Reports when a menu is about to open.
 @interface VirelineMenuWatch : NSObject <NSMenuDelegate>
 - (instancetype)initWithFunction:(std::function<void()>)onOpening;
 @end

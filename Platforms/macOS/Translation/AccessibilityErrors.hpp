@@ -1,4 +1,4 @@
-/// The numbers with which Accessibility says what went wrong.
+/// The error codes of the Accessibility interface.
 #pragma once
 
 namespace vireline::macos::AccessibilityErrors {

@@ -1,4 +1,4 @@
-/// Which changes of a scene assistive technology has to be told of.
+/// Determines which changes of a scene assistive technology must be notified of.
 #pragma once
 
 #include "Presentation/Scene.hpp"
@@ -8,15 +8,15 @@
 
 namespace vireline::macos {
 
-/// What of a scene assistive technology can notice: which tiles there are, in which order, and
-/// which of them run.
+/// What assistive technology can notice of a scene: the tiles in their order, and which of their
+/// apps are running.
 struct AccessibleScene {
     std::vector<std::uint32_t> tiles;
     std::vector<std::uint32_t> running;
 
     bool operator==(const AccessibleScene&) const = default;
 
-    /// A dragged tile is painted last and keeps its place, so the order is that of the places.
+    /// Orders tiles by position, not by painting order: a dragged tile is painted last.
     [[nodiscard]] static AccessibleScene of(const Scene& scene);
 
     /// The tiles that have begun or ceased to run, in order.

@@ -7,7 +7,7 @@
 
 namespace vireline::macos::DisplayNumbers {
 
-/// Nothing for a number that is none of an unsigned 32-bit display ID.
+/// nullopt for a number that does not fit an unsigned 32-bit display ID.
 [[nodiscard]] constexpr std::optional<std::uint32_t> fromReported(long long reported) {
     if (reported < 0 || reported > std::numeric_limits<std::uint32_t>::max())
         return std::nullopt;

@@ -1,19 +1,19 @@
-/// Tells from looks at the keyboard and the pointer when a drag of the program's own is taken away.
+/// Detects from polled states of the keyboard and the pointer that a drag of a tile was cancelled.
 #pragma once
 
 namespace vireline::macos {
 
 class DragWatch {
 public:
-    /// How the keyboard and the pointer stand.
+    /// The polled state.
     struct Look {
         bool isEscapeDown = false;
         bool isPrimaryDown = true;
     };
 
-    /// Whether the drag is over by now. A button that is up counts at the second look in a row:
-    /// after the first, the event of its release may still be on its way, and that is a drop.
-    [[nodiscard]] bool isTakenAway(const Look& look) noexcept {
+    /// Whether the drag was cancelled. A button that is up counts only at the second call in a row:
+    /// at the first, the event of its release may still be on its way, and that would be a drop.
+    [[nodiscard]] bool isCancelled(const Look& look) noexcept {
         const bool wasUp = isUp_;
         isUp_ = !look.isPrimaryDown;
         return look.isEscapeDown || (wasUp && isUp_);

@@ -1,4 +1,4 @@
-/// What a drop does to what is dragged, in the system's numbers.
+/// Drag operations, with the system's values.
 #pragma once
 
 #include <initializer_list>
@@ -10,8 +10,8 @@ inline constexpr unsigned long copy = 1;
 inline constexpr unsigned long link = 2;
 inline constexpr unsigned long generic = 4;
 
-/// The one to name to a source that offers these. Never one after which the source would remove
-/// what was dropped: moving to the Trash is the program's own doing.
+/// The operation to report to a source that offers these. Never one that makes the source delete
+/// the dropped files, since this program moves them to the Trash itself.
 [[nodiscard]] constexpr unsigned long chosen(unsigned long offered) {
     for (const unsigned long operation : {copy, generic, link}) {
         if ((offered & operation) != 0)

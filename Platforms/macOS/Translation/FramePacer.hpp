@@ -1,5 +1,6 @@
-/// Decides when a display's ticks are listened to and which of them show a frame: the first frame
-/// after a while comes at once, the rest with the ticks, and without a request the ticks end.
+/// Decides when a display's ticks are needed and which of them show a frame. The first frame after
+/// a pause is shown immediately, further ones with the ticks, which stop when no frame is
+/// requested.
 #pragma once
 
 namespace vireline::macos {
@@ -7,16 +8,16 @@ namespace vireline::macos {
 class FramePacer {
 public:
     enum class Start {
-        notNeeded, ///< the request is known, or a tick is to come anyway
-        ticks,     ///< have ticks from now on, and call `fire` as soon as possible
+        notNeeded, ///< the next tick will show the frame
+        ticks,     ///< start the ticks, and call `fire` as soon as possible
     };
 
     enum class Tick {
-        frame, ///< show one
-        rest,  ///< show none, and have no more ticks
+        frame, ///< show a frame
+        rest,  ///< show nothing, and stop the ticks
     };
 
-    /// A frame is wanted.
+    /// Requests a frame.
     [[nodiscard]] Start request() noexcept {
         isRequested_ = true;
         if (isTicking_)
@@ -27,18 +28,18 @@ public:
 
     [[nodiscard]] bool isTicking() const noexcept { return isTicking_; }
 
-    /// Whether a frame is to be shown now, in between ticks.
-    [[nodiscard]] bool fire() noexcept { return take(); }
+    /// Whether to show a frame now, between ticks.
+    [[nodiscard]] bool fire() noexcept { return consumeRequest(); }
 
     [[nodiscard]] Tick tick() noexcept {
-        if (take())
+        if (consumeRequest())
             return Tick::frame;
         isTicking_ = false;
         return Tick::rest;
     }
 
 private:
-    [[nodiscard]] bool take() noexcept {
+    [[nodiscard]] bool consumeRequest() noexcept {
         const bool wasRequested = isRequested_;
         isRequested_ = false;
         return wasRequested;

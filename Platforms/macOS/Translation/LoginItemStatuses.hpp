@@ -1,4 +1,4 @@
-/// How a login item stands, by the system's numbers.
+/// The statuses of a login item, with the system's values.
 #pragma once
 
 #include "Platform/LoginItemService.hpp"
@@ -9,7 +9,7 @@ inline constexpr long notRegistered = 0;
 inline constexpr long enabled = 1;
 inline constexpr long requiresApproval = 2;
 
-/// An unknown number counts as what the system cannot tell.
+/// Unknown values become `notFound`.
 [[nodiscard]] constexpr LoginItemService::Status fromReported(long status) {
     switch (status) {
     case notRegistered:

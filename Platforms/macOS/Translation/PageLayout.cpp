@@ -8,7 +8,7 @@
 namespace vireline::macos::PageLayout {
 namespace {
 
-/// The dots and the buttons share it.
+/// The height of the bottom line, which has the dots and the buttons.
 constexpr double bottomLineHeight = 32;
 
 constexpr double bottomLineTop(Size page) {

@@ -1,4 +1,4 @@
-/// Where the parts of a page of the welcome tour stand, in points from its top-left corner.
+/// Lays out a page of the welcome tour, in points from its top-left corner.
 #pragma once
 
 #include "Foundation/Geometry.hpp"
@@ -8,7 +8,7 @@
 
 namespace vireline::macos::PageLayout {
 
-/// Of two nested paddings, 32 and 16.
+/// The sum of two nested paddings, 32 and 16.
 inline constexpr double padding = 48;
 inline constexpr double paragraphGap = 12;
 inline constexpr double rowGap = 12;
@@ -30,13 +30,13 @@ struct FeatureFrames {
     double bottom = 0;
 };
 
-/// A symbol and a text of this height beside it, each in the row's middle.
+/// A symbol and a text of this height beside it, vertically centred.
 [[nodiscard]] FeatureFrames featureRow(Size page, double top, double textHeight);
 
-/// The dots of all pages, in the bottom line, from the leading edge on.
+/// The dots of the page indicator in the bottom line, starting at the leading edge.
 [[nodiscard]] std::vector<Rect> dots(Size page, int count);
 
-/// The buttons in the bottom line, the last at the trailing edge.
+/// The buttons in the bottom line; the last one is at the trailing edge.
 [[nodiscard]] std::vector<Rect> buttons(Size page, std::span<const Size> sizes);
 
 }

@@ -15,8 +15,9 @@ void PanelInput::setOverhang(const Overhang& overhang, Size frame) {
     pointer_.setViewArea(overhang_.around(hosted_.frame.size()));
 }
 
-/// Sides without an overhang have no limit: a window on its way to its frame may still be larger.
-/// A pointer's position stands for the pixel to the right of it and, as y grows upwards, below it.
+/// Sides without an overhang are unlimited, since the window may still be larger while it is
+/// animated to its frame. A pointer position denotes the pixel to the right of it and below it,
+/// which, as y grows upwards, has the smaller y.
 bool PanelInput::isInOverhang(Point at) const {
     return at.x < overhang_.left || (overhang_.bottom > 0 && at.y <= overhang_.bottom) ||
            (overhang_.right > 0 && at.x >= overhang_.left + frame_.width) ||
@@ -66,7 +67,7 @@ bool PanelInput::dragEntered(const std::vector<std::string>& urls, Point at) {
     return dragMoved(at);
 }
 
-/// What is dragged through the overhang comes and goes within the window.
+/// A drag that passes over the overhang leaves and enters the dock without leaving the window.
 bool PanelInput::dragMoved(Point at) {
     if (!isOver(at)) {
         leaveDrag();

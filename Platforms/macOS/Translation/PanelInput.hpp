@@ -1,4 +1,4 @@
-/// From what happens to a dock's window to what its listener hears of it. Positions come in the
+/// Translates the events of a dock's window into calls of its listener. Positions are in the
 /// window's coordinates: origin bottom-left, y upwards.
 #pragma once
 
@@ -24,12 +24,12 @@ public:
 
     [[nodiscard]] const HostedView& hosted() const noexcept { return hosted_; }
     void setHosted(const HostedView& hosted);
-    /// That of a window whose frame has this size.
+    /// Sets the overhang of a window whose frame has this size.
     void setOverhang(const Overhang& overhang, Size frame);
-    /// In the view's coordinates; nothing is the whole frame.
+    /// In the view's coordinates; nullopt means the whole frame.
     void setInputRegion(const std::optional<Rect>& region) { inputRegion_ = region; }
     [[nodiscard]] bool takesPointer(Point at) const;
-    /// Whether a point of the window counts as being over the dock.
+    /// Whether a point of the window counts as over the dock.
     [[nodiscard]] bool isOver(Point at) const;
 
     void pointerEntered(Point at, bool isButtonHeld);
@@ -38,22 +38,22 @@ public:
         pointer_.left({.isPrimaryHeld = isPrimaryHeld, .position = {}});
     }
     void pressed(Point at, bool asksForMenu);
-    /// `time` as the run loop's clock has it.
+    /// `time` is in seconds on the run loop's clock.
     void released(Point at, bool isOverWindow, std::optional<double> time = std::nullopt);
     void cancelled() { pointer_.cancelled(); }
-    /// A look taken during a press, which nothing may tell the end of.
-    void lookedAt(Point at, bool isOverWindow, bool isPrimaryHeld) {
-        pointer_.lookedAt({isOverWindow, isPrimaryHeld, hosted_.toView(at)});
+    /// To be called regularly during a press, of whose release there may be no event.
+    void polled(Point at, bool isOverWindow, bool isPrimaryHeld) {
+        pointer_.polled({isOverWindow, isPrimaryHeld, hosted_.toView(at)});
     }
     void hidden() { pointer_.hidden(); }
 
     void menuOpened() { pointer_.menuOpened(); }
     void menuClosed(Point at, bool isOverWindow);
 
-    /// Something is dragged over the window. Tells whether it could be dropped there.
+    /// A drag entered the window, or moved over it. Returns whether it could be dropped there.
     bool dragEntered(const std::vector<std::string>& urls, Point at);
     bool dragMoved(Point at);
-    /// It left, or ended elsewhere; the system may say both.
+    /// The drag left, or ended elsewhere. The system may report both.
     void dragEnded();
     bool dropped(Point at);
 
@@ -67,9 +67,9 @@ private:
     Overhang overhang_;
     Size frame_;
     std::optional<Rect> inputRegion_;
-    /// What is dragged over the window.
+    /// The URLs that are dragged over the window.
     std::vector<std::string> draggedURLs_;
-    /// It is over the dock.
+    /// Whether the drag is over the dock.
     bool isDragOver_ = false;
 };
 

@@ -1,11 +1,11 @@
-/// What the system says of a process, in the kit's terms.
+/// Converts what the system reports of a process into the kit's types.
 #pragma once
 
 #include "Platform/RunningApplications.hpp"
 
 namespace vireline::macos::ProcessFacts {
 
-/// The system's numbers; any other stands for a process without a user interface.
+/// The system's values. All others mean a process without a user interface.
 inline constexpr long regularPolicy = 0;
 inline constexpr long accessoryPolicy = 1;
 
@@ -20,7 +20,7 @@ inline constexpr long accessoryPolicy = 1;
     }
 }
 
-/// The system says -1 of an app that has no process yet or no longer.
+/// The system reports -1 for an app that has no process, which becomes 0.
 [[nodiscard]] constexpr std::int32_t processIdentifier(std::int32_t reported) {
     return reported > 0 ? reported : 0;
 }

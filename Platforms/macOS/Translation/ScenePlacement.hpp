@@ -1,30 +1,31 @@
-/// Where a scene's nodes lie on the pixels of a display. Rectangles are in the view's coordinates:
-/// points, origin top-left, y downwards; a scale is pixels per point.
+/// Aligns a scene's nodes with the pixels of a display. Rectangles are in the view's coordinates:
+/// points, origin top-left, y downwards. A scale is in pixels per point.
 #pragma once
 
 #include "Presentation/Scene.hpp"
 
 namespace vireline::macos::ScenePlacement {
 
-/// The nearest whole pixels edge by edge, never without area.
+/// Rounds each edge to the nearest pixel. The result is never empty.
 [[nodiscard]] Rect snapped(const Rect& rect, double scale);
 
-/// At the nearest whole pixel with the nearest whole size, so that equal things stay equal wherever
-/// they lie. Never without area.
+/// Rounds the size, then the position, so that equal sizes stay equal at any position. The result
+/// is never empty.
 [[nodiscard]] Rect snappedAsWhole(const Rect& rect, double scale);
 
-/// Where a node is drawn, its own scale and its offset included. What is drawn sharp lies on whole
-/// pixels; icons that have grown or shrunk lie between them, so as to move smoothly.
+/// Where a node is drawn, including its scale and offset. Labels and icons that are not at their
+/// resting size are not aligned here: icons so that they move smoothly, labels because `capsule`
+/// does it.
 [[nodiscard]] Rect frame(const SceneNode& node, double scale);
 
-/// The radius that is drawn where `asked` is asked for: at most that of a capsule.
+/// `asked`, limited to half the shorter side.
 [[nodiscard]] double cornerRadius(double asked, Size size);
 
-/// A label's capsule around text of that size, centred in the node's frame and no larger than it.
+/// A label's capsule around text of this size, centred in `room` and no larger than it.
 [[nodiscard]] Rect capsule(const Rect& room, Size text, Size padding, double scale);
 
-/// Pixels per point of an image's own size, for it to be sharp with `side` points on its longer
-/// side. Never fewer than the display has.
+/// The scale at which to rasterise an image so that it is sharp when its longer side is `side`
+/// points. Never less than the display's.
 [[nodiscard]] double imageScale(Size image, double side, double scale);
 
 }

@@ -1,11 +1,11 @@
-/// What the responder chain calls the entries of the main menu.
+/// The selectors of the main menu's actions.
 #pragma once
 
 #include "Presentation/Menu.hpp"
 
 namespace vireline::macos::StandardActions {
 
-/// The name of the message that AppKit sends up the chain, from the view that has the focus to the
+/// The selector that AppKit sends along the responder chain, from the focused view to the
 /// application.
 [[nodiscard]] constexpr const char* selector(StandardAction action) {
     switch (action) {

@@ -1,4 +1,4 @@
-/// The events that a tap in the pointer's path sees, by the system's numbers.
+/// The events of a pointer tap, with the system's values.
 #pragma once
 
 #include "Platform/PointerTap.hpp"
@@ -13,11 +13,11 @@ inline constexpr std::uint32_t leftMouseDragged = 6;
 inline constexpr std::uint32_t tapDisabledByTimeout = 0xFFFFFFFE;
 inline constexpr std::uint32_t tapDisabledByUserInput = 0xFFFFFFFF;
 
-/// What a tap asks for. That it was disabled, it is told unasked.
+/// The events that a tap requests. Those that report that it was disabled come without a request.
 inline constexpr std::uint64_t mask = std::uint64_t{1} << mouseMoved | std::uint64_t{1}
                                                                            << leftMouseDragged;
 
-/// Nothing for what was not asked for.
+/// nullopt for events that were not requested.
 [[nodiscard]] constexpr std::optional<PointerTapEvent> kind(std::uint32_t type) {
     switch (type) {
     case mouseMoved:

@@ -1,11 +1,11 @@
-/// What the system reports of an open file, as the kit's file events.
+/// Converts what the system reports of an open file into the kit's file events.
 #pragma once
 
 #include "Platform/FileEvents.hpp"
 
 namespace vireline::macos::VnodeEvents {
 
-/// The system's numbers for the events that a watch asks for.
+/// The system's values of the events that a watch requests.
 inline constexpr unsigned long removed = 0x1;
 inline constexpr unsigned long written = 0x2;
 inline constexpr unsigned long extended = 0x4;

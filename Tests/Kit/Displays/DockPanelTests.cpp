@@ -308,12 +308,12 @@ TEST_F(DockPanelTest, AReleaseThatGoesElsewhereLetsAHiddenDockCollapse) {
     DockPanel& panel = show(bottomSpec, true);
     window().pointer().entered({150, 40});
     window().pointer().pressed(firstIconCenter());
-    window().whereabouts = {.isOverWindow = false, .isPrimaryHeld = true, .position = {}};
-    window().pointer().left(window().whereabouts);
+    window().pointerState = {.isOverWindow = false, .isPrimaryHeld = true, .position = {}};
+    window().pointer().left(window().pointerState);
     advance(5);
     EXPECT_FALSE(panel.collapsed()) << "the button is still down";
 
-    window().whereabouts.isPrimaryHeld = false;
+    window().pointerState.isPrimaryHeld = false;
     advance(0.5 + 0.61);
 
     EXPECT_TRUE(panel.collapsed());

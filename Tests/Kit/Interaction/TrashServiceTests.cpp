@@ -74,7 +74,7 @@ TEST_F(TrashServiceTest, AMoveThatHangsHoldsUpTheRestOfItsFolderAlone) {
     platform.trash.holds = true;
     service->trash({far, first, farther, second});
 
-    platform.runLoop.advance(TrashService::patience - 0.1);
+    platform.runLoop.advance(TrashService::hangTimeout - 0.1);
     EXPECT_EQ(platform.trash.requests, URLs{far});
     platform.runLoop.advance(0.2);
     EXPECT_EQ(platform.trash.requests, (URLs{far, first}));
@@ -95,7 +95,7 @@ TEST_F(TrashServiceTest, AMoveThatHungKeepsItsOrderInItsFolder) {
     const FileURL farthest = FileURL::fromPath("/server/farthest.txt");
     platform.trash.holds = true;
     service->trash({far, farther});
-    platform.runLoop.advance(TrashService::patience + 0.1);
+    platform.runLoop.advance(TrashService::hangTimeout + 0.1);
     service->trash({farthest});
     for (const FileURL& url : {far, farther, farthest})
         platform.trash.completeMove(url);

@@ -224,15 +224,15 @@ TEST(Animator, NodesComeAndGoOnThePassage) {
     Animator animator;
     animator.setTarget(sceneOf({fadingDotAt(0, 1)}), 0);
     Scene other = sceneOf({fadingDotAt(50, 2)});
-    other.passage = {0, 40};
+    other.presenceOffset = {0, 40};
     animator.setTarget(other, 0);
 
     const auto& begun = animator.frame(0).nodes;
-    EXPECT_EQ(begun.at(0).passing, (Point{0, 0}));
-    EXPECT_EQ(begun.at(1).passing, (Point{0, 40}));
+    EXPECT_EQ(begun.at(0).presenceOffset, (Point{0, 0}));
+    EXPECT_EQ(begun.at(1).presenceOffset, (Point{0, 40}));
     const auto& halfway = animator.frame(0.5).nodes;
-    EXPECT_EQ(halfway.at(0).passing, (Point{0, 20}));
-    EXPECT_EQ(halfway.at(1).passing, (Point{0, 20}));
+    EXPECT_EQ(halfway.at(0).presenceOffset, (Point{0, 20}));
+    EXPECT_EQ(halfway.at(1).presenceOffset, (Point{0, 20}));
     const auto& ended = animator.frame(1).nodes;
     ASSERT_EQ(ended.size(), 1U);
     EXPECT_EQ(ended.at(0), fadingDotAt(50, 2));
@@ -242,7 +242,7 @@ TEST(Animator, ANodeThatComesBackTurnsRoundWhereItIs) {
     Animator animator;
     animator.setTarget(sceneOf({fadingDotAt(0)}), 0);
     Scene empty;
-    empty.passage = {0, 40};
+    empty.presenceOffset = {0, 40};
     empty.viewPlace = {0, 4};
     animator.setTarget(empty, 0);
     // The node has not moved on the display, although the view has.
@@ -250,12 +250,12 @@ TEST(Animator, ANodeThatComesBackTurnsRoundWhereItIs) {
     const SceneNode before = animator.frame(0.4).nodes.at(0);
 
     Scene back = sceneOf({fadingDotAt(0)});
-    back.passage = {0, 40};
+    back.presenceOffset = {0, 40};
     animator.setTarget(back, 0.4);
 
     const SceneNode after = animator.frame(0.4).nodes.at(0);
     EXPECT_NEAR(after.opacity, before.opacity, 1e-9);
-    EXPECT_NEAR(after.passing.y, before.passing.y, 1e-9);
+    EXPECT_NEAR(after.presenceOffset.y, before.presenceOffset.y, 1e-9);
     EXPECT_EQ(animator.frame(1.4).nodes, std::vector{fadingDotAt(0)});
 }
 

@@ -56,10 +56,10 @@ public:
     std::function<void()> onReleased;
 };
 
-constexpr PointerTracker::Whereabouts away{};
-constexpr PointerTracker::Whereabouts awayWithButton{false, true, {}};
+constexpr PointerTracker::PointerState away{};
+constexpr PointerTracker::PointerState awayWithButton{false, true, {}};
 
-constexpr PointerTracker::Whereabouts here(Point position) {
+constexpr PointerTracker::PointerState here(Point position) {
     return {true, false, position};
 }
 
@@ -158,10 +158,10 @@ TEST_F(PointerTrackerTest, DoubtsALeaveThatTheServerDoesNotConfirm) {
     enter();
     tracker.left(here({}));
     EXPECT_EQ(listener.take(), Log{});
-    EXPECT_TRUE(tracker.isInDoubt());
+    EXPECT_TRUE(tracker.isPointerGrabbed());
     tracker.entered({12, 10});
     EXPECT_EQ(listener.take(), (Log{"moved 12"}));
-    EXPECT_FALSE(tracker.isInDoubt());
+    EXPECT_FALSE(tracker.isPointerGrabbed());
 }
 
 TEST_F(PointerTrackerTest, LeavesOnceTheDoubtIsOver) {
@@ -169,7 +169,7 @@ TEST_F(PointerTrackerTest, LeavesOnceTheDoubtIsOver) {
     tracker.left(here({}));
     tracker.left(away);
     EXPECT_EQ(listener.take(), (Log{"exited", "out"}));
-    EXPECT_FALSE(tracker.isInDoubt());
+    EXPECT_FALSE(tracker.isPointerGrabbed());
 }
 
 TEST_F(PointerTrackerTest, StaysSilentWhileItsMenuHoldsThePointer) {
@@ -273,10 +273,10 @@ TEST_F(PointerTrackerTest, TheSecondLookThatFindsTheButtonUpEndsAPress) {
     tracker.left(awayWithButton);
     listener.take();
 
-    tracker.lookedAt(awayWithButton);
-    tracker.lookedAt(away);
+    tracker.polled(awayWithButton);
+    tracker.polled(away);
     EXPECT_EQ(listener.take(), Log{});
-    tracker.lookedAt(away);
+    tracker.polled(away);
 
     EXPECT_EQ(listener.take(), (Log{"cancelled", "exited", "out"}));
     EXPECT_FALSE(tracker.isPressed());
@@ -287,13 +287,13 @@ TEST_F(PointerTrackerTest, ALookThatFindsTheButtonDownAgainStartsOver) {
     tracker.pressed({10, 10});
     listener.take();
 
-    tracker.lookedAt(away);
-    tracker.lookedAt(awayWithButton);
-    tracker.lookedAt(away);
+    tracker.polled(away);
+    tracker.polled(awayWithButton);
+    tracker.polled(away);
     EXPECT_TRUE(tracker.isPressed());
     tracker.released({10, 10}, true);
     tracker.pressed({10, 10});
-    tracker.lookedAt(away);
+    tracker.polled(away);
 
     EXPECT_TRUE(tracker.isPressed());
 }
@@ -303,8 +303,8 @@ TEST_F(PointerTrackerTest, APressThatIsLostOverTheWindowLeavesThePointerThere) {
     tracker.pressed({10, 10});
     listener.take();
 
-    tracker.lookedAt(here({20, 10}));
-    tracker.lookedAt(here({20, 10}));
+    tracker.polled(here({20, 10}));
+    tracker.polled(here({20, 10}));
 
     EXPECT_EQ(listener.take(), Log{"cancelled"});
     tracker.moved({30, 10});
@@ -314,8 +314,8 @@ TEST_F(PointerTrackerTest, APressThatIsLostOverTheWindowLeavesThePointerThere) {
 TEST_F(PointerTrackerTest, PollsChangeNothingWithoutAPressOrAGrab) {
     enter();
 
-    tracker.lookedAt(away);
-    tracker.lookedAt(away);
+    tracker.polled(away);
+    tracker.polled(away);
 
     EXPECT_EQ(listener.take(), Log{});
 }

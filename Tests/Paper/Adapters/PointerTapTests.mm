@@ -1,8 +1,8 @@
 // Taps in the pointer's path: which moves they see, where they put the pointer, and what the system
 // may do to them.
+#include "ClientWindows/EventTaps.hpp"
 #include "Cocoa/Paper.hpp"
 #include "Unseen.hpp"
-#include "ClientWindows/EventTaps.hpp"
 
 #include <gtest/gtest.h>
 

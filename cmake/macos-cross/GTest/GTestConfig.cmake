@@ -1,5 +1,5 @@
-# GoogleTest from the sources that Debian's package brings along: what it has compiled is of no use
-# here.
+# Builds GoogleTest from the sources in Debian's package, since its compiled libraries are for
+# Linux.
 if(NOT TARGET GTest::gtest)
     find_path(host_gtest_folder src/gtest-all.cc REQUIRED
         NO_CMAKE_FIND_ROOT_PATH

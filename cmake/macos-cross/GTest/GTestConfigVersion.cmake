@@ -1,3 +1,3 @@
-# Whatever version this machine has.
+# Accepts any version.
 set(PACKAGE_VERSION ${PACKAGE_FIND_VERSION})
 set(PACKAGE_VERSION_COMPATIBLE TRUE)

@@ -42,15 +42,15 @@ void PanelPointer::entered(QPointF pixel) {
 }
 
 void PanelPointer::left() {
-    tracker_.left(whereabouts());
+    tracker_.left(pointerState());
     hasLeft();
 }
 
 void PanelPointer::look() {
-    const bool isWatched = tracker_.isPressed() || tracker_.isInDoubt();
+    const bool isWatched = tracker_.isPressed() || tracker_.isPointerGrabbed();
     if (isWatched)
-        tracker_.lookedAt(whereabouts());
-    if (!tracker_.isInDoubt())
+        tracker_.polled(pointerState());
+    if (!tracker_.isPointerGrabbed())
         doubt_.stop();
     if (isWatched && !tracker_.isPressed())
         hasLeft();
@@ -60,7 +60,7 @@ void PanelPointer::look() {
 void PanelPointer::hasLeft() {
     if (sampler_ && !tracker_.isPressed())
         sampler_->stop();
-    if (tracker_.isInDoubt()) {
+    if (tracker_.isPointerGrabbed()) {
         doubt_.start();
     } else {
         doubt_.stop();
@@ -108,7 +108,7 @@ void PanelPointer::hidden() {
 }
 
 void PanelPointer::menuClosed() {
-    tracker_.menuClosed(whereabouts());
+    tracker_.menuClosed(pointerState());
 }
 
 /// Handles crossings between the window and the quiet areas in it, which Qt mistakes for leaving
@@ -171,7 +171,7 @@ void PanelPointer::crossingIsOver() {
         tracker_.moved(owner_.viewPosition(entered_));
 }
 
-PointerTracker::Whereabouts PanelPointer::whereabouts() const {
+PointerTracker::PointerState PanelPointer::pointerState() const {
     if (window_ == XCB_NONE)
         return {};
     const auto place = PointerQuery::place(context_.connection, window_);

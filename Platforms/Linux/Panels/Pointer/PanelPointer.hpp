@@ -64,7 +64,7 @@ public:
     void follow();
 
 private:
-    [[nodiscard]] PointerTracker::Whereabouts whereabouts() const;
+    [[nodiscard]] PointerTracker::PointerState pointerState() const;
     void hasLeft();
     void areaEntered(QPoint pixel);
     void crossingIsOver();

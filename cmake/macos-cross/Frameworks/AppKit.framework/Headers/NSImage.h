@@ -8,7 +8,7 @@ NS_ASSUME_NONNULL_BEGIN
 
 typedef NSString* NSImageName;
 
-// The two modes changed places on Apple silicon.
+// The values of the two modes are swapped on Apple silicon.
 typedef NS_ENUM(NSInteger, NSImageResizingMode) {
 #if TARGET_CPU_ARM64
     NSImageResizingModeStretch = 1

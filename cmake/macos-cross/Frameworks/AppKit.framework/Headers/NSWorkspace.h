@@ -29,7 +29,7 @@ API_AVAILABLE(macos(10.15))
 - (nullable NSURL*)URLForApplicationWithBundleIdentifier:(NSString*)bundleIdentifier;
 @end
 
-/// In the user information of the notifications about applications: which one.
+/// Key of the application in the user information of notifications.
 APPKIT_EXTERN NSString* const NSWorkspaceApplicationKey;
 
 APPKIT_EXTERN NSNotificationName const NSWorkspaceWillLaunchApplicationNotification;

@@ -7,7 +7,7 @@ CF_IMPLICIT_BRIDGING_ENABLED
 
 typedef const struct __AXUIElement* AXUIElementRef;
 
-/// Under which the options say whether the system shows its request.
+/// Key of the option that makes the system ask the user for the permission.
 CF_EXPORT CFStringRef kAXTrustedCheckOptionPrompt;
 
 CF_EXPORT Boolean AXIsProcessTrusted(void);

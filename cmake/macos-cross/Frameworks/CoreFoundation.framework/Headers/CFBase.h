@@ -1,6 +1,6 @@
 #pragma once
 
-// Its names are global, as a Mac has them: Point, Rect, Size.
+// Defines Point, Rect and Size in the global namespace, as on a Mac.
 #include <MacTypes.h>
 #include <os/availability.h>
 #include <stdbool.h>
@@ -21,7 +21,7 @@
 #define CF_ENUM(type, name)                                                                        \
     enum __attribute__((enum_extensibility(open))) name : type name;                               \
     enum name : type
-// In C++ a set of flags is a plain number, so that flags can be joined.
+// In C++ a set of flags is an integer type, so that flags can be combined.
 #define CF_OPTIONS(type, name)                                                                     \
     type name;                                                                                     \
     enum __attribute__((enum_extensibility(open), flag_enum)) : name

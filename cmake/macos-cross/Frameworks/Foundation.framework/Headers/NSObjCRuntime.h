@@ -1,4 +1,4 @@
-// What the declarations of all frameworks share.
+// Macros and types that all frameworks use.
 #pragma once
 
 #include <stdbool.h>
