@@ -84,7 +84,7 @@ public:
     int timesOrderedFront = 0;
     bool watchesForCancel = false;
     /// What the window finds when it queries the pointer.
-    PointerTracker::Whereabouts whereabouts;
+    PointerTracker::PointerState pointerState;
     std::vector<PoppedMenu> menus;
     /// Called once from within the next such call, to simulate a platform that reports an event
     /// there.
@@ -121,7 +121,7 @@ public:
     void orderOut() override;
     void requestFrame() override;
     void watchForCancel(bool watches) override { panel_->watchesForCancel = watches; }
-    void checkPress() override { pointer_.lookedAt(panel_->whereabouts); }
+    void checkPress() override { pointer_.polled(panel_->pointerState); }
     void popUpMenu(const Menu& menu, const MenuPlace& place,
                    std::function<void()> onClose) override;
 

@@ -24,14 +24,17 @@ protected:
         EXPECT_EQ(unseenFaults(), std::vector<std::string>{});
     }
 
+    MenuCommand command(const std::string& title) {
+        return {.title = title, .action = [this, title] { choice = title; }};
+    }
     void open() {
         @autoreleasepool {
-            menu =
-                PopUpMenu::open({{MenuCommand{.title = "First"}, MenuCommand{.title = "Second"}}},
-                                view, {}, [this](std::optional<std::size_t> chosen) {
-                                    ++closed;
-                                    choice = chosen;
-                                });
+            menu = PopUpMenu::open({{command("First"), command("Second")}}, view, {},
+                                   [this](const MenuAction& chosen) {
+                                       ++closed;
+                                       if (chosen)
+                                           chosen();
+                                   });
         }
     }
     static void turn() {
@@ -52,7 +55,7 @@ protected:
     std::shared_ptr<PopUpMenu> menu;
     int opened = 0;
     int closed = 0;
-    std::optional<std::size_t> choice;
+    std::optional<std::string> choice;
 };
 
 TEST_F(Menus, OpenInTheNextTurnAndTellWhatWasChosen) {
@@ -65,7 +68,7 @@ TEST_F(Menus, OpenInTheNextTurnAndTellWhatWasChosen) {
     turn();
     EXPECT_EQ(opened, 1);
     EXPECT_EQ(closed, 1);
-    EXPECT_EQ(choice, 1U);
+    EXPECT_EQ(choice, "Second");
 }
 
 TEST_F(Menus, CloseBeforeTheirEndIsToldOf) {
