@@ -115,6 +115,35 @@ TEST_F(QtApplicationTest, EditsWhateverFieldHasTheFocus) {
     EXPECT_EQ(field.selectedText(), QStringLiteral("some text"));
 }
 
+// Behaviour: entry-3
+TEST_F(QtApplicationTest, EditsWithEveryEntryOfTheProgramsOwnMenu) {
+    application.installMainMenu(VirelineApp::hiddenMainMenu());
+    QLineEdit field;
+    field.show();
+    field.activateWindow();
+    field.setFocus();
+    ASSERT_TRUE(test::waitUntil([&] { return field.hasFocus(); }));
+    field.insert(QStringLiteral("dock"));
+    const auto choose = [&](const char* title) {
+        for (QAction* const action : application.mainMenuActions()) {
+            if (action->text() == QLatin1String{title})
+                action->trigger();
+        }
+        return field.text().toStdString();
+    };
+
+    EXPECT_EQ(choose("Undo"), "");
+    EXPECT_EQ(choose("Redo"), "dock");
+    choose("Select All");
+    EXPECT_EQ(field.selectedText(), QStringLiteral("dock"));
+    choose("Copy");
+    field.end(false);
+    EXPECT_EQ(choose("Paste"), "dockdock");
+    choose("Select All");
+    EXPECT_EQ(choose("Cut"), "");
+    EXPECT_EQ(choose("Paste"), "dockdock");
+}
+
 TEST_F(QtApplicationTest, EditsNothingWithoutAFieldThatCan) {
     EXPECT_NO_FATAL_FAILURE(onlyAction(StandardAction::cut, 'x').trigger());
 

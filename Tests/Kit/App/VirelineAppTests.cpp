@@ -56,16 +56,16 @@ TEST(VirelineApp, TheHiddenMenuQuitsAndEdits) {
     EXPECT_EQ(std::get<MainMenuCommand>(menu.submenus[0].entries.at(0)),
               (MainMenuCommand{"Quit Vireline", StandardAction::terminate, 'q'}));
     EXPECT_EQ(menu.submenus[1].title, "Edit");
-    std::string keys;
-    std::vector<std::string> titles;
-    for (const auto& entry : menu.submenus[1].entries) {
-        const auto* command = std::get_if<MainMenuCommand>(&entry);
-        keys += command != nullptr ? command->keyEquivalent : '-';
-        titles.push_back(command != nullptr ? command->title : "-");
-    }
-    EXPECT_EQ(keys, "zZ-xcva");
-    EXPECT_EQ(titles, (std::vector<std::string>{"Undo", "Redo", "-", "Cut", "Copy", "Paste",
-                                                "Select All"}));
+    using Action = StandardAction;
+    const decltype(MainMenuSubmenu::entries) edit{
+        MainMenuCommand{"Undo", Action::undo, 'z'},
+        MainMenuCommand{"Redo", Action::redo, 'Z'},
+        MenuSeparator{},
+        MainMenuCommand{"Cut", Action::cut, 'x'},
+        MainMenuCommand{"Copy", Action::copy, 'c'},
+        MainMenuCommand{"Paste", Action::paste, 'v'},
+        MainMenuCommand{"Select All", Action::selectAll, 'a'}};
+    EXPECT_TRUE(menu.submenus[1].entries == edit);
 }
 
 TEST(VirelineApp, RunsAsAnAccessoryWithItsMenuAndItsLogUntilTheUserQuits) {
