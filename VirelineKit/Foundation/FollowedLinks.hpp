@@ -1,6 +1,6 @@
-/// Which file a write to a URL replaces, where symbolic links may stand in the way: a user's own
-/// links, which people have who keep their settings elsewhere, are followed to a file of their own
-/// in a folder of their own. A link that leads to anything else is itself what is replaced.
+/// Decides which file a write to a URL replaces if there are symbolic links. Links that the user
+/// owns are followed to a file that the user owns in a folder that the user owns, since users may
+/// keep their settings elsewhere. Any other link is itself replaced.
 #pragma once
 
 #include "Foundation/FileURL.hpp"
@@ -9,12 +9,12 @@
 
 namespace vireline::FollowedLinks {
 
-/// How many links may follow one another.
+/// The maximum length of a chain of links.
 inline constexpr int maximum = 8;
 
-/// `placeAt` makes what the platform knows a place by, `ownLinkAt` gives the text of a link of the
-/// user's own at a place and nothing for whatever else is there, and `isOwn` tells whether a file
-/// of the user's own is there, or can be put there.
+/// `placeAt` converts a URL into the platform's representation of a place. `ownLinkAt` returns the
+/// text of a link at a place if the user owns it, and nullopt otherwise. `isOwn` returns whether
+/// the user owns the file at a place, or can create one there.
 template <class PlaceAt, class OwnLinkAt, class IsOwn>
 [[nodiscard]] auto target(const FileURL& url, const PlaceAt& placeAt, const OwnLinkAt& ownLinkAt,
                           const IsOwn& isOwn) {

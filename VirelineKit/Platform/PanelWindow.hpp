@@ -114,7 +114,7 @@ public:
     virtual void orderOut() = 0;
 
     /// Pops `menu` up at `place`, moved as far as necessary to lie inside the display. Once it has
-    /// closed, calls `onClose` and then the action of the command that was chosen, if one was.
+    /// closed, calls `onClose` and then the action of the chosen command, if any.
     virtual void popUpMenu(const Menu& menu, const MenuPlace& place,
                            std::function<void()> onClose) = 0;
 };

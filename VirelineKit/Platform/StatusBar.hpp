@@ -19,9 +19,9 @@ public:
     virtual void setImage(const std::string& symbol,
                           const std::string& accessibilityDescription) = 0;
 
-    /// Asks `menu` for the item's menu now and whenever it is about to open. Each time it has the
-    /// same commands in the same order; only how they look may differ. The user chooses one with
-    /// the pointer or by its key.
+    /// Calls `menu` for the item's menu, now and whenever the menu is about to open. It must always
+    /// return the same commands in the same order; only titles and check marks may differ. The user
+    /// chooses a command with the pointer or with its key equivalent.
     virtual void setMenu(std::function<Menu()> menu) = 0;
 
     /// Whether the desktop has a place for it now.

@@ -15,7 +15,7 @@ struct MenuSeparator {
     bool operator==(const MenuSeparator&) const = default;
 };
 
-/// What the choice of a command does; null for nothing.
+/// Called when the user chooses a command; may be null.
 using MenuAction = std::function<void()>;
 
 struct MenuCommand {
@@ -26,7 +26,7 @@ struct MenuCommand {
     std::optional<bool> isChecked{};
     MenuAction action{};
 
-    /// Whether both look the same; actions cannot be compared.
+    /// Compares only the look, since actions cannot be compared.
     bool operator==(const MenuCommand& other) const {
         return title == other.title && keyEquivalent == other.keyEquivalent &&
                isChecked == other.isChecked;

@@ -17,6 +17,7 @@ struct Range {
 /// In points.
 constexpr Range iconSizes{32, 64, 1};
 /// Factors.
+/// Factors.
 constexpr Range magnifications{1.2, 2.0, 10};
 
 /// In the order of the options.

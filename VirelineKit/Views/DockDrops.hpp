@@ -1,5 +1,5 @@
-/// Files that another program drags over one dock, and what becomes of them where they are dropped.
-/// Owned by the dock's view, which knows what lies where.
+/// Handles files that another program drags over one dock or drops on it. Owned by the dock's view,
+/// which knows the layout.
 #pragma once
 
 #include "Foundation/FileURL.hpp"
@@ -17,27 +17,27 @@ struct DockTile;
 
 class DockDrops {
 public:
-    /// What lies under the drag.
+    /// What is under the drag.
     struct Spot {
-        /// Null between and beside the tiles.
+        /// Null if there is no tile.
         const DockTile* tile = nullptr;
         bool isOnStrip = false;
     };
 
     explicit DockDrops(const DockActions& actions) : actions_(actions) {}
 
-    /// The drag has another target, or none any more.
+    /// Called when the drag's target has changed.
     std::function<void()> onChange;
 
-    /// Tells whether the drag brings files.
+    /// Returns whether the drag contains files.
     bool entered(const std::vector<std::string>& urls);
-    /// Tells whether they can be dropped there.
+    /// Returns whether they can be dropped there.
     bool moved(const Spot& over);
     void exited();
-    /// Tells whether they were taken.
+    /// Returns whether the drop was accepted.
     bool dropped(const Spot& over);
 
-    /// The tile that the files would go to.
+    /// The tile that would receive the files.
     [[nodiscard]] std::optional<std::uint32_t> target() const noexcept { return target_; }
 
 private:

@@ -16,8 +16,8 @@ Menu DockMenus::ofApp(const DockItem& item, std::uint32_t displayID) const {
     return menu;
 }
 
-/// The settings can be opened from here as well. A right-click that misses a tile by a few points
-/// must not offer to quit the program, unless there is no status item that does.
+/// A right-click that misses a tile by a few points should not offer to quit the program, so that
+/// entry exists only if there is no status item to quit it with.
 Menu DockMenus::ofProgram() const {
     Menu menu{{MenuCommand{.title = "Settings…",
                            .action = lifetime_.guard([this] { actions_.showSettings(); })}}};

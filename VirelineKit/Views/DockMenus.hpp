@@ -1,4 +1,4 @@
-/// The menus of one dock, each command with what it does. Owned by the dock's view.
+/// Makes the menus of one dock. Owned by the dock's view.
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
@@ -17,10 +17,10 @@ public:
     DockMenus(const DockActions& actions, const DesktopWords& words)
         : actions_(actions), words_(words) {}
 
-    /// That of an app's tile on this display.
+    /// The menu of an app's tile on this display.
     [[nodiscard]] Menu ofApp(const DockItem& item, std::uint32_t displayID) const;
 
-    /// That of the strip beside the tiles.
+    /// The menu of the strip next to the tiles.
     [[nodiscard]] Menu ofProgram() const;
 
 private:

@@ -13,7 +13,7 @@
 namespace vireline {
 namespace {
 
-/// From one frame's top-left corner to the other's, y downwards; the frames are global, where y is
+/// The vector between the frames' top-left corners, y downwards. The frames are in global space, y
 /// upwards.
 Point movement(const Rect& from, const Rect& to) {
     return {to.minX() - from.minX(), from.maxY() - to.maxY()};
@@ -245,13 +245,13 @@ void DockRootView::pointerMoved(Point p) {
     const auto before = shows();
     pointer_ = p;
     gestures_.move(p);
-    // A strip that a tile is dragged along keeps still.
+    // The strip is not magnified while a tile is being dragged.
     if (!gestures_.dragged() && context_.model.magnification.get() > 1) {
         const Edge edge{spec_.position, spec_.frame.size()};
         const bool magnifies = StripLayout::isInMagnificationBand(p, edge, request_.iconSize);
         cursorAxis_ = magnifies ? std::optional{edge.along(p)} : std::nullopt;
     }
-    // Within one tile of a strip that does not grow, nothing looks different.
+    // Movement within one tile of a strip that is not magnified changes nothing.
     if (gestures_.isPressed() || shows() != before)
         invalidate();
 }

@@ -38,9 +38,9 @@ public:
     /// Called when the scene has changed, possibly many times per frame. The scene is only built by
     /// `makeScene`, so invalidating is cheap.
     std::function<void()> onInvalidate;
-    /// Asks for a popup menu.
+    /// Called to open a popup menu.
     std::function<void(const Menu&, const MenuPlace&)> onMenuRequest;
-    /// A tile is being dragged from now on, or no longer.
+    /// Called with true when the drag of a tile starts, and with false when it ends.
     std::function<void(bool)> onReorderDrag;
 
     /// Builds the scene. It describes changes relative to the previous call, so there must be only
@@ -58,7 +58,7 @@ public:
 
     void pointerEvent(const PointerEvent& event);
 
-    /// A drag from another program, as `PanelWindowListener` has it. Tells whether it brings files.
+    /// A drag from another program, as in `PanelWindowListener`. Returns whether it contains files.
     bool dragEntered(const std::vector<std::string>& urls) { return drops_.entered(urls); }
     bool dragMoved(Point at);
     void dragExited() { drops_.exited(); }

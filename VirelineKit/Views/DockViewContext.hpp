@@ -1,4 +1,4 @@
-/// What the views of all docks share. Everything outlives the views.
+/// What the views of all docks share. Everything referenced outlives the views.
 #pragma once
 
 #include <optional>
@@ -23,7 +23,7 @@ struct DockViewContext {
     const MotionSettings& motionSettings;
     const TrashService& trash;
     const DesktopWords& words;
-    /// Freezes a magnified state for screenshots until the pointer comes.
+    /// The position of a simulated pointer for screenshots, until the real one enters the dock.
     std::optional<double> demoCursorFraction;
 };
 

@@ -15,7 +15,7 @@ namespace vireline {
 namespace {
 
 constexpr double pulseSeconds = 0.1;
-/// How far a pressed tile must be moved before it comes off.
+/// The distance in points after which a press on a tile becomes a drag.
 constexpr double dragThreshold = 4;
 
 }
@@ -58,7 +58,7 @@ void TileGestures::tap(DockTile& tile, double time) {
     act(tile, isDouble);
 }
 
-/// The action may replace the tiles, so it works on copies.
+/// The action may replace the tiles, so use only copies.
 void TileGestures::act(const DockTile& tile, bool isDouble) const {
     const DockItem item = tile.item;
     if (tile.kind != TileKind::app)
@@ -102,7 +102,7 @@ void TileGestures::end(bool isDropped) {
     if (!isDragging)
         return;
     onDrag(false);
-    // The tile may have left the list in the user's hand.
+    // The tile may have been removed from the list during the drag.
     if (!drag)
         return;
     const int target = ReorderMath::targetIndex(*drag);

@@ -1,5 +1,5 @@
-/// The primary button on the tiles of one dock: taps, and drags that change a tile's place. Owned
-/// by the dock's view, whose tiles and layout it reads.
+/// Handles the primary button on the tiles of one dock: taps, and drags that reorder tiles. Owned
+/// by the dock's view, whose tiles and layout it uses.
 #pragma once
 
 #include "Foundation/Geometry.hpp"
@@ -22,41 +22,42 @@ struct Request;
 
 class TileGestures {
 public:
-    /// Everything outlives the gestures.
+    /// All arguments must outlive this object.
     TileGestures(const DockViewContext& context, DockTiles& tiles,
                  const StripLayout::Request& layout, std::uint32_t displayID)
         : context_(context), tiles_(tiles), layout_(layout), displayID_(displayID) {}
 
-    /// A tile looks different.
+    /// Called when the look of a tile has changed.
     std::function<void()> onInvalidate;
-    /// A tile is being dragged from now on, or no longer.
+    /// Called with true when the drag of a tile starts, and with false when it ends.
     std::function<void(bool)> onDrag;
 
-    /// The button goes down on that tile; null beside the tiles. No press may be under way.
+    /// The button was pressed over this tile, or over none if null. The previous press must have
+    /// ended.
     void press(const DockTile* tile, Point at);
     void move(Point at);
-    /// Over that tile; null beside the tiles.
+    /// The button was released over this tile, or over none if null.
     void release(DockTile* tile, Point at, double time);
-    /// Ends a press without effect; a tile that is dragged goes home.
+    /// Cancels a press. A dragged tile moves back to its place.
     void cancel() { end(false); }
-    /// As if the tile were pressed and released.
+    /// Acts as if the tile were pressed and released.
     void tap(DockTile& tile, double time);
 
-    /// Ends the press of a tile that is gone, or can no longer be dragged.
+    /// Cancels the press if its tile is gone, or is being dragged and is no longer pinned.
     void tilesChanged();
 
     [[nodiscard]] bool isPressed() const noexcept { return press_.has_value(); }
     /// The tile that is being dragged.
     [[nodiscard]] std::optional<std::uint32_t> dragged() const noexcept;
-    /// Where that tile is and would go; nothing once it has left the list.
+    /// The state of the drag; nullopt if there is none, or if the tile has left the list.
     [[nodiscard]] std::optional<ReorderMath::Drag> reorder() const;
 
 private:
-    /// The button is down on a tile.
+    /// A press of the primary button on a tile.
     struct Press {
         std::uint32_t serial = 0;
         Point at;
-        /// The tile has come off: it follows the pointer along the axis by `offset`.
+        /// The tile is being dragged, and is moved along the axis by `offset`.
         bool isDragging = false;
         double offset = 0;
     };

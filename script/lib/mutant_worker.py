@@ -14,19 +14,19 @@ from mutants import ROOT
 
 WORK = ROOT / "build" / "mutants"
 
-# What a copy is made of.
+# What is copied.
 PARTS = ["CMakeLists.txt", "cmake", "VirelineKit", "Tests/CMakeLists.txt", "Tests/Kit", "Tests/Storm",
          "Tests/Support"]
 
-# A mutant that takes longer, or more memory, is caught: tests run in a fraction of that.
+# A mutant that exceeds one of these limits counts as caught. The tests normally need a fraction of them.
 PROCESSOR_SECONDS = 20
 WALL_SECONDS = 120
 ADDRESS_SPACE = 2 << 30
 
-# More of the units that name a header are only built when the nearest do not catch a change of it.
+# How many of the units that include a header are tried before building all units.
 MOST_NEAR_UNITS = 8
 
-# The quicker one, if it is there.
+# The fastest linker that is installed.
 LINKER = ["-fuse-ld=lld"] if shutil.which("ld.lld") else ["-fuse-ld=gold"] if shutil.which("ld.gold") else []
 
 OUTER_HEADERS = """algorithm array cmath cstdint functional map memory nlohmann/json.hpp optional ostream ranges
@@ -34,13 +34,13 @@ set span string string_view utility variant vector""".split()
 
 
 class Worker:
-    """A copy of the sources with a build folder of its own."""
+    """A copy of the sources, with its own build folder."""
 
     def __init__(self, number):
         self.folder = WORK / str(number)
         self.source = self.folder / "source"
         self.build = self.folder / "build"
-        # There while the build folder may hold what was built from a mutant.
+        # Exists while the build folder may contain objects of a mutant.
         self.mark = self.folder / "at work"
         # Units whose objects were last built from a mutant.
         self.stale = set()
@@ -52,7 +52,7 @@ class Worker:
                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT, **options)
 
     def prepare(self, jobs):
-        """Starts over if the last run was interrupted."""
+        """Copies and builds the sources, from scratch if the last run was interrupted."""
         if self.mark.exists():
             shutil.rmtree(self.build, ignore_errors=True)
         self.build.mkdir(parents=True, exist_ok=True)
@@ -76,7 +76,7 @@ class Worker:
             sys.exit(f"the tests fail without any change:\n{failure}")
 
     def read_commands(self):
-        """Of the units that the kit's tests are made of; other tests are configured, too, but not built."""
+        """Only the units of the kit's tests; other tests are configured but not built."""
         needed = set(self.run(["ninja", "-t", "inputs", "KitTests"]).stdout.splitlines())
         self.objects, self.commands = {}, {}
         for entry in json.loads((self.build / "compile_commands.json").read_text()):
@@ -88,26 +88,26 @@ class Worker:
                     shutil.which("ccache") or " ", "", 1)
 
     def precompile(self):
-        """Most of the time for a unit of the kit goes into the headers of others."""
+        """Precompiles the library headers, which take most of a unit's compile time."""
         header = self.folder / "outer.hpp"
         header.write_text("".join(f"#include <{name}>\n" for name in OUTER_HEADERS))
         flags = shlex.split(next(c for unit, c in self.commands.items() if unit.startswith("VirelineKit")))
         made = self.run([*flags, "-x", "c++-header", str(header), "-o", f"{header}.pch"])
         if made.returncode == 0:
-            # The first unit shows whether the header that is precompiled serves the kit's.
+            # Check with the first unit that the precompiled header works for the kit's units.
             made = self.compile(next(unit for unit in self.objects if unit.startswith("VirelineKit/")))
         if made.returncode != 0:
             sys.exit(made.stdout)
 
     def libraries_of_the_tests(self):
-        """The kit's and the fakes' objects are linked directly: that spares an archive each time."""
+        """The libraries to link besides the project's own, whose objects are linked directly to save archiving them."""
         commands = self.run(["ninja", "-t", "commands", "KitTests"]).stdout.splitlines()
         link = next(c for c in reversed(commands) if " -o Tests/KitTests " in c)
         words = shlex.split(link.split(" -o Tests/KitTests ")[1].split(" && ")[0])
         return [word for word in words if "libVireline" not in word]
 
     def copy_sources(self):
-        """Leaves files that are the same untouched, so that nothing is built anew for them."""
+        """Copies only files that have changed, so that nothing else is rebuilt."""
         listed = subprocess.run(["git", "ls-files", "-co", "--exclude-standard", *PARTS], cwd=ROOT,
                                 capture_output=True, text=True, check=True).stdout.split()
         wanted = {name for name in listed if (ROOT / name).exists()}
@@ -132,7 +132,8 @@ class Worker:
             return self.judge(mutant)
         finally:
             file.write_text(original)
-            # Of one file's mutants the next one replaces what this one left, unless all was built.
+            # Objects of this mutant need not be rebuilt: those of the next mutant of the same file replace
+            # them. Unless everything was built.
             if len(self.stale) == len(self.objects):
                 self.restore()
 
@@ -141,9 +142,9 @@ class Worker:
         tests = [f"*{subject}*", f"-*{subject}*"]
         if not mutant.path.endswith(".hpp"):
             return self.judge_with([f"VirelineKit/{mutant.path}"], tests)
-        # A header takes long to build with all that include it. What its own unit and its own tests
-        # make of the change, or else the kit's units that name it, is enough to call it caught: linked
-        # in front of all others, their copies of its functions are those that the whole program uses.
+        # Building everything that includes a header takes long. So first build only the header's own unit and
+        # its tests, then also some of the kit's units that include it. They are linked first, so the program
+        # uses their copies of the header's inline functions.
         for units in (*self.nearest_units(mutant.path), list(self.objects)):
             outcome = self.judge_with(units, tests) if units else "survived"
             if outcome != "survived":
@@ -172,14 +173,14 @@ class Worker:
         return "survived" if self.link_and_test(tests, units) is None else "caught"
 
     def compile(self, unit):
-        # It is made with the kit's flags, which are not the tests'.
+        # The precompiled header was made with the kit's flags, which differ from the tests'.
         precompiled = ["-include-pch", str(self.folder / "outer.hpp.pch")]
         return self.run([*shlex.split(self.commands[unit]), "-o", self.objects[unit],
                          *(precompiled if unit.startswith("VirelineKit/") else []),
                          "-c", str(self.source / unit)])
 
     def link_and_test(self, tests, front=()):
-        """What failed; nothing when all passed."""
+        """The output of the failed tests; None if all passed."""
         program = self.folder / "KitTests"
         units = [*front, *(unit for unit in self.objects if unit not in front)]
         linked = self.run(["clang++-19", *LINKER, "-o", str(program),
@@ -193,7 +194,7 @@ class Worker:
         return None
 
     def restore(self):
-        """Builds what still stands as a mutant left it."""
+        """Rebuilds the objects that were built from a mutant."""
         for unit in self.stale:
             (self.build / self.objects[unit]).unlink(missing_ok=True)
         self.ninja(*[self.objects[unit] for unit in self.stale])
@@ -204,7 +205,7 @@ class Worker:
         self.mark.unlink()
 
     def test(self, tests, program):
-        """What failed; nothing when all passed."""
+        """The output of the failed tests; None if all passed."""
         def bounded():
             resource.setrlimit(resource.RLIMIT_CPU, (PROCESSOR_SECONDS, PROCESSOR_SECONDS))
             resource.setrlimit(resource.RLIMIT_AS, (ADDRESS_SPACE, ADDRESS_SPACE))

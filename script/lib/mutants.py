@@ -1,4 +1,4 @@
-"""The changes that a mutation check makes: comparisons, constants and signs of C++ sources."""
+"""The changes of a mutation test: comparisons, constants and signs of C++ sources."""
 
 import dataclasses
 import pathlib
@@ -12,8 +12,8 @@ BINARY = {
 }
 WORDS = {"true": "false", "false": "true", "min": "max", "max": "min"}
 
-# clang-format puts blanks around a binary operator and none behind a unary one or in a template's
-# list, which tells them apart.
+# Relies on clang-format: binary operators have blanks around them, unary operators and template brackets do
+# not.
 TOKENS = re.compile(
     r"(?<=\s)(?P<binary><=|>=|==|!=|&&|\|\||[-+*/]=|[<>+*/%-])(?=\s)"
     r"|(?P<step>\+\+|--)(?=\w)"
@@ -36,7 +36,7 @@ class Mutant:
     text: str
     old: str
     new: str
-    # Which of the same tokens on the line it is, from 1.
+    # The number of the token among the same tokens on the line, from 1.
     occurrence: int
 
     @property
@@ -50,7 +50,7 @@ class Mutant:
 
 
 def changed_number(text):
-    """One more for a whole number, a tenth more for a fraction."""
+    """Adds 1 to a whole number, and 10 % to a fraction."""
     if text.startswith("0x"):
         return "(1 + " + text + ")"
     if re.fullmatch(r"\d+", text):
@@ -80,7 +80,7 @@ def mutants_of(path):
         start = match.start(kind)
         begin = source.rfind("\n", 0, start) + 1
         text = source[begin:source.find("\n", start)].strip()
-        # How much room is made beforehand changes nothing.
+        # Reserving memory has no visible effect.
         if ".reserve(" in text:
             continue
         old = match[kind]

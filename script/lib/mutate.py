@@ -17,7 +17,7 @@ LAST = WORK / "outcomes.json"
 EQUIVALENT = ROOT / "Tests" / "Kit" / "EquivalentMutants.txt"
 REQUIRED_SHARE = 0.95
 
-# The rules, and the few values that hold numbers or arithmetic.
+# The kit's rules, and the few values that contain numbers or arithmetic.
 RULES = """
 Layout/DockEdge.hpp
 Layout/DockLocationDetector.cpp

@@ -31,9 +31,9 @@ PLATFORM = ROOT / "Platforms" / "macOS"
 EQUIVALENT = ROOT / "Tests" / "Paper" / "EquivalentMutants.txt"
 HELPERS = ROOT / "script" / "lib" / "StrongForWeak.hpp"
 TEST_SECONDS = 300
-# Tests of the fakes, one that is another every time, and the slowest, which look at the kit most.
-LEFT_OUT = ["-OneCallFails", "-FakeFiles", "-FakeWatch", "-VirtualTime", "-OfToday"]
-# Lives a day some 200 times, and looks for attempts that are missing.
+# Excluded: tests of the fakes, a storm with a random seed, and the slowest tests, which mostly test the kit.
+EXCLUDED_TESTS = ["-OneCallFails", "-FakeFiles", "-FakeWatch", "-VirtualTime", "-OfToday"]
+# Runs the program about 200 times, so it is excluded except for bugs of the kind "missing attempt".
 EXCEPTIONS = "-Exceptions"
 
 UNDOING = r"remove|invalidate|cancel|close|unlink|Invalidate|Remove|reset\(|orderOut|erase|pop_back|clear\(|= nil;"
@@ -71,7 +71,7 @@ def hidden(source):
 def at(path, source, start, old, new, kind, seen):
     begin = source.rfind("\n", 0, start) + 1
     text = source[begin:source.find("\n", start)].strip()
-    # What is told apart by nothing else is counted: two bugs must not share a name.
+    # Number bugs that are otherwise indistinguishable, since each needs a unique name.
     same = (text if kind == "flip" else "", kind, " ".join(old.split()))
     seen[same] = seen.get(same, 0) + 1
     return kind, Mutant(path, start, source.count("\n", 0, start) + 1, text, old, new, seen[same])
@@ -158,7 +158,7 @@ class Bench:
         self.link = next(c for c in reversed(made) if " -o Tests/Paper/PaperTests " in c)
         self.link = self.link.split(" && ")[1]
         self.tests = {file: file.read_text() for file in (ROOT / "Tests" / "Paper").rglob("*Tests.mm")}
-        # How often a test has caught a bug: those that do come first.
+        # How many bugs each test has caught. Those with the most run first.
         self.catches = {}
         self.lock = threading.Lock()
 
@@ -189,20 +189,20 @@ class Bench:
         linked = self.run([*shlex.split(link), *LINKER], 300)
         if linked is None or linked.returncode != 0:
             sys.exit(linked.stdout if linked else "the linker hangs")
-        left_out = LEFT_OUT if kind == "missing attempt" else [*LEFT_OUT, EXCEPTIONS]
-        return self.first_failure(program, left_out, self.nearest(mutant.path))
+        excluded = EXCLUDED_TESTS if kind == "missing attempt" else [*EXCLUDED_TESTS, EXCEPTIONS]
+        return self.first_failure(program, excluded, self.nearest(mutant.path))
 
     def nearest(self, path):
-        """The tests in files that include the header of the changed one."""
+        """The tests in files that include the header of the changed file."""
         header = f'"{pathlib.PurePath(path).with_suffix(".hpp")}"'
         return [f"{suite}.{test}" for text in self.tests.values() if header in text
                 for suite, test in re.findall(r"^TEST(?:_F)?\((\w+), (\w+)\)", text, re.M)]
 
-    def first_failure(self, program, left_out, nearest=()):
+    def first_failure(self, program, excluded, nearest=()):
         with self.lock:
             often = sorted(self.catches, key=lambda test: -self.catches[test])
         first = [*nearest, *(test for test in often if test not in nearest)]
-        ran = self.run([str(program), "--gtest_brief=1", "--forked", *left_out, *first], TEST_SECONDS)
+        ran = self.run([str(program), "--gtest_brief=1", "--forked", *excluded, *first], TEST_SECONDS)
         if ran is None:
             return "caught as it hangs"
         if ran.returncode == 0:
@@ -224,7 +224,7 @@ class Bench:
 
 def judge_all(chosen, jobs, known):
     bench = Bench()
-    if (failure := bench.first_failure(OBJECTS / "Tests/Paper/PaperTests", LEFT_OUT)) != "survived":
+    if (failure := bench.first_failure(OBJECTS / "Tests/Paper/PaperTests", EXCLUDED_TESTS)) != "survived":
         sys.exit(f"without any change: {failure}")
     bench.catches.clear()
     judged = 0

@@ -35,7 +35,7 @@
     _onFinishedLaunching();
 }
 
-/// There is no state to restore; without an answer the system logs a warning at each start.
+/// There is no state to restore, but without this method the system logs a warning at each start.
 - (BOOL)applicationSupportsSecureRestorableState:(NSApplication*)application {
     static_cast<void>(application);
     return YES;

@@ -10,7 +10,7 @@ namespace vireline {
 
 class HostPlatform {
 public:
-    /// An exit code. Nothing here ends the process before its start.
+    /// An exit code. On this platform, starting never fails.
     using ExitStatus = int;
 
     [[nodiscard]] static std::expected<std::unique_ptr<HostPlatform>, ExitStatus> start();

@@ -50,7 +50,8 @@ struct HostPlatform::Parts {
 };
 
 std::expected<std::unique_ptr<HostPlatform>, HostPlatform::ExitStatus> HostPlatform::start() {
-    // A write to a closed pipe, such as the log of a closed terminal, must not end the program.
+    // Writing to a closed pipe, for example when the terminal that shows the log was closed, must
+    // not end the program.
     std::signal(SIGPIPE, SIG_IGN);
     return std::unique_ptr<HostPlatform>{new HostPlatform{std::make_unique<Parts>()}};
 }

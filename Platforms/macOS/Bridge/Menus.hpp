@@ -9,7 +9,7 @@
 
 namespace vireline::macos {
 
-/// `onChoose` receives the action of the chosen command. It lives as long as the menu.
+/// `onChoose` receives the action of the chosen command. The menu keeps it alive.
 [[nodiscard]] NSMenu* _Nonnull toNSMenu(const Menu& menu,
                                         const std::function<void(const MenuAction&)>& onChoose);
 

@@ -7,7 +7,8 @@
 #include <utility>
 #include <variant>
 
-/// What an item is sent to. The item holds it, since as its target it is held by nobody.
+/// The target of an item, which keeps it alive as its represented object, since targets are
+/// referenced weakly.
 @interface VirelineMenuTarget : NSObject
 - (instancetype)initWithFunction:(std::function<void()>)onChoose;
 - (void)choose:(NSMenuItem*)item;
@@ -26,7 +27,7 @@
 
 - (void)choose:(NSMenuItem*)item {
     static_cast<void>(item);
-    // Copied, since the choice may end this object.
+    // Copied, since the callback may destroy this object.
     const auto onChoose = _onChoose;
     onChoose();
 }

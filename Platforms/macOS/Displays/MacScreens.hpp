@@ -9,8 +9,8 @@
 
 namespace vireline::macos {
 
-/// What the system calls the display with this number, such as "Studio Display"; it numbers
-/// displays that would have the same name. Nothing if there is no such display.
+/// The system's name of the display with this number, such as "Studio Display". The system numbers
+/// displays of the same name. nullopt if there is no such display.
 [[nodiscard]] std::optional<std::string> displayName(std::uint32_t displayID);
 
 class MacScreens final : public Screens {

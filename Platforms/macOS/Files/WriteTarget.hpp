@@ -5,7 +5,7 @@
 
 namespace vireline::macos {
 
-/// As `FollowedLinks` decides.
+/// The file that `FollowedLinks` selects.
 [[nodiscard]] FileURL resolvedWriteTarget(const FileURL& url);
 
 }

@@ -26,7 +26,7 @@ bool isOwn(const struct stat& found) {
     return found.st_uid == ::geteuid();
 }
 
-/// The text of a link that is the user's own; nothing for whatever else is there.
+/// The text of a link that the user owns; nullopt for anything else.
 std::optional<std::string> ownLinkAt(const FileURL& url) {
     const auto found = status(url);
     if (!found || !S_ISLNK(found->st_mode) || !isOwn(*found))

@@ -48,7 +48,7 @@ private:
     void restore();
     void lookAtPointerSoon();
     void lookAtPointer();
-    /// Either call may end this window.
+    /// Either call may destroy this window.
     void menuClosed(const MenuAction& chosen, const std::function<void()>& onClose);
     [[nodiscard]] Point pointer() const;
 

@@ -36,8 +36,8 @@ VirelineDockView* attemptToFill(VirelinePanel* panel, const std::shared_ptr<Pane
     return attemptOr<VirelineDockView*>(nil, "setContentView", [&] { return fill(panel, input); });
 }
 
-/// The panel has no title bar: only lists of windows show its title. Assistive technology reads the
-/// name of the display, which tells people more than its number.
+/// The panel has no title bar, so only lists of windows show its title. Assistive technology gets
+/// the name of the display, which is more useful than its number.
 void name(VirelinePanel* panel, std::uint32_t displayID) {
     attempt("setTitle",
             [&] { panel.title = toNSString("Vireline dock #" + std::to_string(displayID)); });

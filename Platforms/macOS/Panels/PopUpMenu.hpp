@@ -14,8 +14,8 @@ namespace vireline::macos {
 /// Destroying this object closes the menu without calling back.
 class PopUpMenu {
 public:
-    /// Called once, in a turn of its own, with the action of the chosen command; null if none was
-    /// chosen or it does nothing. May drop the menu.
+    /// Called once, in a later turn of the run loop, with the action of the chosen command; null if
+    /// none was chosen or it has no action. May destroy the menu.
     using Closed = std::function<void(const MenuAction& chosen)>;
 
     /// Opens at `place` in `view`, whose y axis points downwards. The system keeps the menu inside

@@ -67,7 +67,7 @@ void PopUpMenu::close() {
 }
 
 void PopUpMenu::finish() {
-    // The call may drop this menu.
+    // Copied, since the call may destroy this menu.
     const MenuAction chosen = chosen_;
     if (const auto closed = std::exchange(closed_, nullptr))
         closed(chosen);

@@ -122,7 +122,7 @@ double MacFormWindow::layOut(SectionView& view, double top) {
     const double titleHeight = Labels::fittingSize(view.title, rowWidth).height;
     const auto frames = FormLayout::section(width_, top, titleHeight, heights);
     view.title.frame = toCGRect(frames.title);
-    // The box's own border, whose width only the system knows, lies around what is laid out.
+    // The layout does not include the box's border, whose width only the system knows.
     [view.box setFrameFromContentFrame:toCGRect(frames.box)];
     for (std::size_t index = 0; index < view.rows.size(); ++index)
         view.rows.at(index)->view().frame = toCGRect(

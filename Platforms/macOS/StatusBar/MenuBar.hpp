@@ -7,7 +7,7 @@ namespace vireline::macos {
 
 class MenuBar final : public StatusBar {
 public:
-    /// In a full menu bar an item has no place until the user makes some.
+    /// If the menu bar is full, the item is not visible until there is room.
     [[nodiscard]] std::unique_ptr<StatusItem> makeStatusItem() override;
 };
 

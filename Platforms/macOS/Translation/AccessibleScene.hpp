@@ -19,7 +19,7 @@ struct AccessibleScene {
     /// Orders tiles by position, not by painting order: a dragged tile is painted last.
     [[nodiscard]] static AccessibleScene of(const Scene& scene);
 
-    /// The tiles that have begun or ceased to run, in order.
+    /// The tiles whose apps have started or stopped running, in order.
     [[nodiscard]] std::vector<std::uint32_t> changedSince(const AccessibleScene& before) const;
 };
 
