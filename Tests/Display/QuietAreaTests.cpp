@@ -92,8 +92,12 @@ TEST_F(QuietAreaTest, TheWayIntoAnotherOneIsToldOf) {
 TEST_F(QuietAreaTest, OneThatThePointerOnlyPassesIsNotToldOf) {
     const auto dock = showDividedDock();
     restAt(*dock, {100, 50});
+    // The dock can query the pointer only after both movements.
+    xcb_grab_server(client().get());
     moveTo({197, 50});
     moveTo({230, 50});
+    xcb_ungrab_server(client().get());
+    client().sync();
     EXPECT_TRUE(eventually([&] { return log.has("moved 230,50"); }));
     EXPECT_FALSE(log.has("moved 197,50"));
 }
