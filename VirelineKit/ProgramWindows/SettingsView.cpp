@@ -73,6 +73,7 @@ FormSection apps(const Settings& settings, const DesktopWords& words) {
 
 std::vector<std::string> positionTitles() {
     std::vector<std::string> titles;
+    titles.reserve(dockPositions.size());
     for (const DockPositionTraits& position : dockPositions)
         titles.emplace_back(position.title);
     return titles;
