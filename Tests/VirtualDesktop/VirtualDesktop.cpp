@@ -1,5 +1,6 @@
 #include "VirtualDesktop/VirtualDesktop.hpp"
 
+#include "VirtualDesktop/ManagerState.hpp"
 #include "VirtualDesktop/Waiting.hpp"
 
 #include <algorithm>
@@ -56,40 +57,6 @@ xcb_window_t selectionOwner(const XClient& client, std::string_view selection) {
     const Owned<xcb_get_selection_owner_reply_t> reply{xcb_get_selection_owner_reply(
         client.get(), xcb_get_selection_owner(client.get(), client.atom(selection)), nullptr)};
     return reply ? reply->owner : XCB_NONE;
-}
-
-/// The window manager's check window; XCB_NONE without a window manager.
-xcb_window_t managerWindow(const XClient& client) {
-    const auto check = client.words(client.root(), "_NET_SUPPORTING_WM_CHECK");
-    if (check.empty() || client.words(check.front(), "_NET_SUPPORTING_WM_CHECK") != check)
-        return XCB_NONE;
-    return check.front();
-}
-
-/// Waits for a window manager that has left the screen to exit, and kills it otherwise: Openbox can
-/// deadlock in libX11 while it closes its display.
-void awaitEnd(ChildProcess& manager) {
-    constexpr std::chrono::milliseconds grace{300};
-    if (!eventually([&] { return !manager.isRunning(); }, grace))
-        manager.signal(SIGKILL);
-}
-
-/// Window managers announce themselves before they select events, and miss windows in between:
-/// shows a window until it is managed.
-bool managesWindows(const XClient& client) {
-    constexpr std::chrono::milliseconds attempt{100};
-    const xcb_window_t probe = client.createWindow({0, 0, 1, 1}, 0);
-    // Not an app's window, for which docks would show a tile.
-    client.setAtoms(probe, "_NET_WM_WINDOW_TYPE", {"_NET_WM_WINDOW_TYPE_UTILITY"});
-    const bool isManaged = eventually([&] {
-        client.map(probe);
-        if (eventually([&] { return client.hasProperty(probe, "WM_STATE"); }, attempt))
-            return true;
-        xcb_unmap_window(client.get(), probe);
-        return false;
-    });
-    client.destroy(probe);
-    return isManaged;
 }
 
 void require(bool came, const char* what) {
