@@ -24,8 +24,8 @@ public:
     /// Shows the source window in the screen's top-left corner and starts the drag.
     FileDrag(VirtualDesktop& desktop, const Content& content);
 
-    /// The target's answer: "accepted XdndActionCopy", "refused", "nobody" and so on; empty if
-    /// there is none.
+    /// The drag source's report of the target's answer, such as "accepted XdndActionCopy",
+    /// "refused" or "nobody" (no target under the pointer); empty if there is none.
     [[nodiscard]] std::string moveTo(PixelPoint place);
 
     /// The outcome of dropping: "done XdndActionCopy", "not done", "not dropped"; empty if there is

@@ -1,4 +1,4 @@
-/// A value whose changes can be observed. Setting an equal value notifies nobody.
+/// A value whose changes can be observed. Setting an equal value notifies no observer.
 #pragma once
 
 #include "Foundation/CallbackList.hpp"

@@ -1,5 +1,5 @@
-/// A status item wherever this desktop can show one: in a status notifier host if there is one,
-/// otherwise in the system tray, otherwise nowhere until one of them appears.
+/// A status item wherever this desktop can show one: in a status notifier host, or, if there is
+/// none, in the system tray. While the desktop has neither, the item is not shown.
 #pragma once
 
 #include "Foundation/Lifetime.hpp"

@@ -13,8 +13,8 @@
 namespace vireline::x11 {
 namespace {
 
-/// File descriptors can only be passed over local sockets; on other connections the request alone
-/// would break the connection.
+/// File descriptors can only be passed over local sockets. Sending the request on any other kind of
+/// connection would break that connection.
 bool isLocal(xcb_connection_t* connection) {
     sockaddr_storage address{};
     socklen_t length = sizeof address;

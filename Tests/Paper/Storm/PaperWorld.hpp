@@ -44,7 +44,7 @@ public:
     [[nodiscard]] const std::optional<std::string>& failure() const noexcept { return failure_; }
     [[nodiscard]] const std::string& story() const noexcept { return story_; }
 
-    /// Set by whoever starts the program.
+    /// Set by the code that starts the program.
     const WitnessedPanels* panels = nullptr;
 
     // The rest is for the event functions.
