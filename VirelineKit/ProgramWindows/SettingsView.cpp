@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
 #include <utility>
 
 namespace vireline::SettingsView {
@@ -168,16 +169,11 @@ FormSection windows(const Settings& settings, const Surroundings& surroundings,
     return section;
 }
 
-template <class Options, class Value>
-void choose(const Options& options, const FormValue& value, Value& chosen) {
+template <class Options, class Value, class Projection = std::identity>
+void choose(const Options& options, const FormValue& value, Value& chosen,
+            Projection projection = {}) {
     if (const auto* index = std::get_if<std::size_t>(&value); index && *index < options.size())
-        chosen = options.at(*index);
-}
-
-void choosePosition(const FormValue& value, DockPosition& chosen) {
-    if (const auto* index = std::get_if<std::size_t>(&value);
-        index && *index < dockPositions.size())
-        chosen = dockPositions.at(*index).position;
+        chosen = std::invoke(projection, options.at(*index));
 }
 
 void slide(const Range& range, const FormValue& value, double& slid) {
@@ -208,7 +204,7 @@ Settings edited(Settings settings, SettingsField field, const FormValue& value) 
         choose(sourceModes, value, settings.sourceMode);
         break;
     case SettingsField::position:
-        choosePosition(value, settings.position);
+        choose(dockPositions, value, settings.position, &DockPositionTraits::position);
         break;
     case SettingsField::iconSize:
         slide(iconSizes, value, settings.iconSize);

@@ -40,6 +40,16 @@ inline constexpr std::array dockPositions{
     DockPositionTraits{DockPosition::right, "right", "Right", false, true},
 };
 
+static_assert(
+    [] {
+        for (std::size_t i = 0; i < dockPositions.size(); ++i) {
+            if (static_cast<std::size_t>(dockPositions[i].position) != i)
+                return false;
+        }
+        return true;
+    }(),
+    "positions are looked up by their number");
+
 [[nodiscard]] constexpr const DockPositionTraits& traitsOf(DockPosition position) noexcept {
     return dockPositions[static_cast<std::size_t>(position)];
 }
