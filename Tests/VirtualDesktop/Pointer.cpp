@@ -7,8 +7,13 @@
 namespace vireline::desktop {
 namespace {
 
+/// The server waits this long before an event, in milliseconds. Without it several events fall
+/// within one millisecond, as from no real hand, and Xvfb now and then reports a release at the
+/// place where the pointer was before its last move.
+constexpr std::uint32_t pauseBefore = 1;
+
 void fake(const XClient& client, std::uint8_t event, std::uint8_t detail, PixelPoint place = {}) {
-    xcb_test_fake_input(client.get(), event, detail, XCB_CURRENT_TIME, client.root(),
+    xcb_test_fake_input(client.get(), event, detail, pauseBefore, client.root(),
                         static_cast<std::int16_t>(place.x), static_cast<std::int16_t>(place.y), 0);
     client.sync();
 }
