@@ -11,6 +11,7 @@
 #include "Applications/WindowIconSource.hpp"
 #include "Foundation/CallbackList.hpp"
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Platform/RunLoop.hpp"
 #include "Platform/RunningApplications.hpp"
 #include "X11/X11Connection.hpp"
@@ -23,15 +24,12 @@
 
 namespace vireline::x11 {
 
-class EwmhRunningApplications final : public RunningApplications, public WindowIconSource {
+class EwmhRunningApplications final : public RunningApplications,
+                                      public WindowIconSource,
+                                      private NonCopyable {
 public:
     EwmhRunningApplications(X11Connection& connection, RunLoop& runLoop,
                             DesktopEntryCatalog& catalog);
-    EwmhRunningApplications(const EwmhRunningApplications&) = delete;
-    EwmhRunningApplications& operator=(const EwmhRunningApplications&) = delete;
-    EwmhRunningApplications(EwmhRunningApplications&&) = delete;
-    EwmhRunningApplications& operator=(EwmhRunningApplications&&) = delete;
-    ~EwmhRunningApplications() override = default;
 
     [[nodiscard]] std::vector<RunningApplication> running() const override;
     /// At most one, because windows with the same identifier are one app here.

@@ -6,6 +6,7 @@
 #include "ClientWindows/ManagerNotice.hpp"
 #include "ClientWindows/WindowKeeper.hpp"
 #include "ClientWindows/WindowReader.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Platform/Accessibility.hpp"
 #include "X11/SideConnection.hpp"
 
@@ -19,15 +20,10 @@ namespace vireline::x11 {
 class EwmhRunningApplications;
 class RandrScreens;
 
-class EwmhAccessibility final : public Accessibility {
+class EwmhAccessibility final : public Accessibility, private NonCopyable {
 public:
     EwmhAccessibility(X11Connection& connection, RunLoop& runLoop,
                       EwmhRunningApplications& applications, const RandrScreens& screens);
-    EwmhAccessibility(const EwmhAccessibility&) = delete;
-    EwmhAccessibility& operator=(const EwmhAccessibility&) = delete;
-    EwmhAccessibility(EwmhAccessibility&&) = delete;
-    EwmhAccessibility& operator=(EwmhAccessibility&&) = delete;
-    ~EwmhAccessibility() override = default;
 
     [[nodiscard]] bool isTrusted() const override { return canMoveWindows(); }
     [[nodiscard]] bool canMoveWindows() const override;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/ScopedHandle.hpp"
 #include "Icons/ChosenIconTheme.hpp"
 #include "Icons/IconTheme.hpp"
@@ -21,7 +22,7 @@ namespace vireline::x11 {
 
 class X11Connection;
 
-class IconThemeWatch {
+class IconThemeWatch : private NonCopyable {
 public:
     /// Besides the settings daemon, what the choice depends on.
     struct Sources {
@@ -30,11 +31,6 @@ public:
     };
 
     IconThemeWatch(X11Connection& connection, RunLoop& runLoop, Sources sources);
-    IconThemeWatch(const IconThemeWatch&) = delete;
-    IconThemeWatch& operator=(const IconThemeWatch&) = delete;
-    IconThemeWatch(IconThemeWatch&&) = delete;
-    IconThemeWatch& operator=(IconThemeWatch&&) = delete;
-    ~IconThemeWatch() = default;
 
     /// The currently chosen theme.
     [[nodiscard]] const std::string& name() const noexcept { return name_; }

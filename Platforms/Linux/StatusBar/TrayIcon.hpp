@@ -2,6 +2,7 @@
 /// window, in whole pixels, over the background that the tray shows.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/ScopedHandle.hpp"
 
 #include <xcb/xcb.h>
@@ -16,7 +17,7 @@ namespace vireline::x11 {
 
 class X11Connection;
 
-class TrayIcon {
+class TrayIcon : private NonCopyable {
 public:
     struct Callbacks {
         /// Renders the icon's shape in a colour, as a square of this many pixels.
@@ -29,10 +30,6 @@ public:
     /// Asks the tray, identified by its manager window, to embed it.
     TrayIcon(X11Connection& connection, xcb_window_t manager, const std::string& name,
              Callbacks callbacks);
-    TrayIcon(const TrayIcon&) = delete;
-    TrayIcon& operator=(const TrayIcon&) = delete;
-    TrayIcon(TrayIcon&&) = delete;
-    TrayIcon& operator=(TrayIcon&&) = delete;
     ~TrayIcon();
 
 private:

@@ -1,6 +1,7 @@
 /// The current system tray of an X screen: the window that icons dock with.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/Observable.hpp"
 
 #include <xcb/xcb.h>
@@ -12,14 +13,9 @@ namespace vireline::x11 {
 
 class X11Connection;
 
-class TrayManager {
+class TrayManager : private NonCopyable {
 public:
     explicit TrayManager(X11Connection& connection);
-    TrayManager(const TrayManager&) = delete;
-    TrayManager& operator=(const TrayManager&) = delete;
-    TrayManager(TrayManager&&) = delete;
-    TrayManager& operator=(TrayManager&&) = delete;
-    ~TrayManager() = default;
 
     /// XCB_NONE while there is no tray.
     [[nodiscard]] xcb_window_t window() const noexcept { return window_.get(); }

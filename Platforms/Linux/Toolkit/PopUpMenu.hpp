@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Presentation/Menu.hpp"
 
 #include <QMenu>
@@ -14,7 +15,7 @@ class QScreen;
 
 namespace vireline::x11 {
 
-class PopUpMenu {
+class PopUpMenu : private NonCopyable {
 public:
     /// Called once, when the menu is closed and no longer holds the pointer, with the action of the
     /// chosen command; null if none was chosen or it does nothing. May destroy the menu.
@@ -24,11 +25,6 @@ public:
     PopUpMenu(const Menu& menu, QScreen& screen, QPoint at, Closed closed);
     /// Opens at a place in Qt's coordinates, shifted to fit inside the screen.
     PopUpMenu(const Menu& menu, QScreen& screen, const MenuPlace& place, Closed closed);
-    PopUpMenu(const PopUpMenu&) = delete;
-    PopUpMenu& operator=(const PopUpMenu&) = delete;
-    PopUpMenu(PopUpMenu&&) = delete;
-    PopUpMenu& operator=(PopUpMenu&&) = delete;
-    ~PopUpMenu() = default;
 
     void close() { menu_->close(); }
 

@@ -3,19 +3,16 @@
 
 #include "Applications/Launching/StartupMessage.hpp"
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "X11/X11Connection.hpp"
 
 #include <functional>
 
 namespace vireline::x11 {
 
-class StartupMessenger {
+class StartupMessenger : private NonCopyable {
 public:
     explicit StartupMessenger(X11Connection& connection);
-    StartupMessenger(const StartupMessenger&) = delete;
-    StartupMessenger& operator=(const StartupMessenger&) = delete;
-    StartupMessenger(StartupMessenger&&) = delete;
-    StartupMessenger& operator=(StartupMessenger&&) = delete;
     ~StartupMessenger();
 
     /// Sends to every program on the display, including this one.
