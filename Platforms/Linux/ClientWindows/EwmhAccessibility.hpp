@@ -16,13 +16,13 @@
 
 namespace vireline::x11 {
 
-class EwmhRunningApplications;
+class DesktopRunningApplications;
 class RandrScreens;
 
 class EwmhAccessibility final : public Accessibility {
 public:
     EwmhAccessibility(X11Connection& connection, RunLoop& runLoop,
-                      EwmhRunningApplications& applications, const RandrScreens& screens);
+                      DesktopRunningApplications& applications, const RandrScreens& screens);
     EwmhAccessibility(const EwmhAccessibility&) = delete;
     EwmhAccessibility& operator=(const EwmhAccessibility&) = delete;
     EwmhAccessibility(EwmhAccessibility&&) = delete;
@@ -69,7 +69,7 @@ private:
     [[nodiscard]] Rect visibleFrame(const Rect& meant) const;
     void send(const WindowElement& window, const WindowSnapshot& now, WindowGoal goal);
 
-    EwmhRunningApplications& applications_;
+    DesktopRunningApplications& applications_;
     const RandrScreens& screens_;
     std::unique_ptr<Access> access_;
 };
