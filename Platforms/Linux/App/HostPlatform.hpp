@@ -1,10 +1,9 @@
-/// The Linux platform as the executable sees it: owns all adapters and creates them in dependency
-/// order.
+/// The Linux platform as the executable sees it, on X11: owns the window system and everything that
+/// stands on it.
 #pragma once
 
 #include "Foundation/NonCopyable.hpp"
 #include "Platform/Platform.hpp"
-#include "X11/XServer.hpp"
 
 #include <expected>
 #include <memory>

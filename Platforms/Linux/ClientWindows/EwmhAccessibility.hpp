@@ -17,13 +17,13 @@
 
 namespace vireline::x11 {
 
-class EwmhRunningApplications;
+class DesktopRunningApplications;
 class RandrScreens;
 
 class EwmhAccessibility final : public Accessibility, private NonCopyable {
 public:
     EwmhAccessibility(X11Connection& connection, RunLoop& runLoop,
-                      EwmhRunningApplications& applications, const RandrScreens& screens);
+                      DesktopRunningApplications& applications, const RandrScreens& screens);
 
     [[nodiscard]] bool isTrusted() const override { return canMoveWindows(); }
     [[nodiscard]] bool canMoveWindows() const override;
@@ -65,7 +65,7 @@ private:
     [[nodiscard]] Rect visibleFrame(const Rect& meant) const;
     void send(const WindowElement& window, const WindowSnapshot& now, WindowGoal goal);
 
-    EwmhRunningApplications& applications_;
+    DesktopRunningApplications& applications_;
     const RandrScreens& screens_;
     std::unique_ptr<Access> access_;
 };

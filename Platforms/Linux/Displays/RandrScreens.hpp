@@ -4,11 +4,11 @@
 
 #include "Displays/DisplayGeometry.hpp"
 #include "Displays/Monitors.hpp"
-#include "Displays/SleepWatch.hpp"
 #include "Displays/StrutWindows.hpp"
 #include "Foundation/CallbackList.hpp"
 #include "Foundation/NonCopyable.hpp"
 #include "Platform/Screens.hpp"
+#include "Session/SleepWatch.hpp"
 
 #include <QObject>
 #include <cstdint>

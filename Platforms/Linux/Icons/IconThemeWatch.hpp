@@ -8,8 +8,6 @@
 #include "Icons/ChosenIconTheme.hpp"
 #include "Icons/IconTheme.hpp"
 
-#include <xcb/xcb.h>
-
 #include <functional>
 #include <string>
 #include <vector>
@@ -20,7 +18,7 @@ class RunLoop;
 
 namespace vireline::x11 {
 
-class X11Connection;
+class SettingsDaemon;
 
 class IconThemeWatch : private NonCopyable {
 public:
@@ -30,7 +28,7 @@ public:
         ChosenIconTheme::Files files;
     };
 
-    IconThemeWatch(X11Connection& connection, RunLoop& runLoop, Sources sources);
+    IconThemeWatch(SettingsDaemon& daemon, RunLoop& runLoop, Sources sources);
 
     /// The currently chosen theme.
     [[nodiscard]] const std::string& name() const noexcept { return name_; }
@@ -39,22 +37,18 @@ public:
     std::function<void()> onChange;
 
 private:
-    void handle(const xcb_generic_event_t& event);
-    void watchDaemon();
     void watchFiles();
     void lookSoon();
     void look();
 
-    X11Connection& connection_;
+    SettingsDaemon& daemon_;
     RunLoop& runLoop_;
     Sources sources_;
     std::string name_;
-    /// The settings daemon's window; XCB_NONE without a daemon.
-    xcb_window_t daemon_ = XCB_NONE;
     std::vector<Subscription> fileWatches_;
     Timer look_;
     Lifetime lifetime_;
-    Subscription events_;
+    Subscription settingsChanges_;
 };
 
 }

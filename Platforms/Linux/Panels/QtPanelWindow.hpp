@@ -11,7 +11,7 @@
 #include "Panels/FrameClock.hpp"
 #include "Panels/Keeping/DockKeeper.hpp"
 #include "Panels/PanelContext.hpp"
-#include "Panels/PanelPicture.hpp"
+#include "Panels/PanelPresenter.hpp"
 #include "Panels/Pointer/PanelPointer.hpp"
 #include "Platform/PanelWindow.hpp"
 #include "Toolkit/PopUpMenu.hpp"
@@ -107,7 +107,7 @@ private:
     Keeper keptBy_;
     /// The current X window; Qt creates a new one when the screen is lost.
     xcb_window_t window_ = XCB_NONE;
-    std::unique_ptr<PanelPicture> picture_;
+    std::unique_ptr<PanelPresenter> picture_;
     std::unique_ptr<DockKeeper> keeper_;
     std::unique_ptr<XdndTarget> drops_;
     std::unique_ptr<PopUpMenu> menu_;

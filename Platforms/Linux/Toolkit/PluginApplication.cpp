@@ -1,4 +1,4 @@
-#include "App/XcbApplication.hpp"
+#include "Toolkit/PluginApplication.hpp"
 
 #include "Foundation/NonCopyable.hpp"
 
@@ -49,8 +49,8 @@ std::unique_ptr<QApplication> makeApplication(int& argumentCount, char** argumen
 
 // Command-line arguments take precedence over QT_QPA_PLATFORM; "-name" sets the instance part of
 // WM_CLASS.
-XcbApplication::XcbApplication()
-    : arguments_{"vireline", "-platform", "xcb", "-name", "vireline"}
+PluginApplication::PluginApplication(const std::string& plugin)
+    : arguments_{"vireline", "-platform", plugin, "-name", "vireline"}
     , argumentCount_(static_cast<int>(arguments_.size())) {
     std::ranges::transform(arguments_, argumentPointers_.begin(),
                            [](std::string& argument) { return argument.data(); });
