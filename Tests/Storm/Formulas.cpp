@@ -96,6 +96,76 @@ std::vector<PlannedDock> plannedDocks(const std::vector<PlatformScreen>& screens
     return docks;
 }
 
+std::vector<TileExtent> tileExtents(const LookOfStrip& look) {
+    const double icon = look.iconSize;
+    const int n = tileCount(look.counts);
+    const int apps = n - 2;
+    const double lead = (look.view - overhead(look.counts) - icon * n) / 2;
+    const double pointer = look.cursor.value_or(0) - lead;
+    std::vector<TileExtent> tiles;
+    double rest = 7;
+    double start = 7;
+    double length = 0;
+    // What is under the pointer at rest, and where that is in the grown strip.
+    double restBefore = 0;
+    double grownBefore = 0;
+    std::optional<double> grown;
+    for (int i = 0; i < n; ++i) {
+        if ((i == look.counts.pinned && look.counts.unpinned > 0) || i == apps) {
+            rest += 7;
+            start += 7;
+        }
+        const double center = rest + icon / 2;
+        const double share = std::min(std::abs(center - pointer) / (2.5 * (icon + 6)), 1.0);
+        const double weight = std::pow(std::cos(share * std::numbers::pi / 2), 2);
+        const double side = look.cursor && look.magnification > 1
+                                ? icon * (1 + (look.magnification - 1) * weight)
+                                : icon;
+        const double grownCenter = start + side / 2;
+        if (!grown && center >= pointer)
+            grown = i == 0 ? grownCenter
+                           : grownBefore + (grownCenter - grownBefore) * (pointer - restBefore) /
+                                               (center - restBefore);
+        restBefore = center;
+        grownBefore = grownCenter;
+        tiles.push_back({start, side});
+        // What follows the last tile is as long as what precedes the first.
+        length = start + side + tiles.front().start;
+        rest += icon + 6;
+        start += side + 6;
+    }
+    double shift = lead;
+    if (look.cursor) {
+        const double room = look.view - length;
+        shift = std::clamp(*look.cursor - grown.value_or(grownBefore), std::min(room, 0.0),
+                           std::max(room, 0.0));
+    }
+    if (!look.hasTrash)
+        tiles.pop_back();
+    if (!look.hasDownloads) {
+        const auto downloads = tiles.begin() + apps;
+        if (look.hasTrash)
+            tiles.back().start = downloads->start;
+        tiles.erase(downloads);
+    }
+    for (TileExtent& tile : tiles)
+        tile.start += shift;
+    return tiles;
+}
+
+bool magnifies(Point at, Size view, double iconSize, DockPosition position) {
+    const double reach = iconSize + 14 + 8;
+    switch (position) {
+    case DockPosition::left:
+        return at.x <= reach;
+    case DockPosition::right:
+        return at.x >= view.width - reach;
+    case DockPosition::bottom:
+        break;
+    }
+    return at.y >= view.height - reach;
+}
+
 Rect sliverOf(const Rect& frame, DockPosition position) {
     switch (position) {
     case DockPosition::left:

@@ -39,6 +39,28 @@ struct LookOfDocks {
     DockPosition position = DockPosition::bottom;
 };
 
+/// The extent of a tile along the dock's axis, in points from the view's leading edge.
+struct TileExtent {
+    double start = 0;
+    double length = 0;
+};
+
+struct LookOfStrip {
+    TileCounts counts;
+    double iconSize = 0;
+    double magnification = 1;
+    /// The length of the view, and the position of a pointer that magnifies.
+    double view = 0;
+    std::optional<double> cursor = {};
+    bool hasDownloads = true;
+    bool hasTrash = true;
+};
+
+[[nodiscard]] std::vector<TileExtent> tileExtents(const LookOfStrip& look);
+
+/// Whether a pointer at this point of the view magnifies the strip.
+[[nodiscard]] bool magnifies(Point at, Size view, double iconSize, DockPosition position);
+
 /// A dock for each display except the one with the desktop's own dock, in the order of the
 /// displays.
 [[nodiscard]] std::vector<PlannedDock> plannedDocks(const std::vector<PlatformScreen>& screens,

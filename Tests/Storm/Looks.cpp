@@ -167,37 +167,30 @@ void World::lookAtTiles(StormWindow& window, const ModelDock& dock) {
     lookAtPlaces(window, dock, tiles);
 }
 
-/// Positions are compared exactly, except while tiles may be magnified; then only their order is.
 void World::lookAtPlaces(const StormWindow& window, const ModelDock& dock,
                          const std::vector<AccessibleTile>& tiles) {
-    const TileCounts counts = model.counts();
-    const double icon = fittedIconSize(counts, dock.available, model.settings.iconSize);
-    const auto total = static_cast<std::size_t>(counts.pinned + counts.unpinned);
-    const int separators = counts.unpinned > 0 ? 2 : 1;
-    const double n = counts.pinned + counts.unpinned + 2;
-    const double strip = icon * n + 6 * (n + separators - 1) + separators + 14;
+    if (model.magnification() > 1 && !dock.isCursorKnown)
+        return;
     const double view = lengthAlong(window.hosted, dock.position);
-    double next = (view - strip) / 2 + 7;
-    double end = -1e9;
+    const auto expected = tileExtents(
+        {.counts = model.counts(),
+         .iconSize = fittedIconSize(model.counts(), dock.available, model.settings.iconSize),
+         .magnification = model.magnification(),
+         .view = view,
+         .cursor = model.magnification() > 1 ? dock.cursor : std::nullopt,
+         .hasDownloads = dock.hasDownloads,
+         .hasTrash = dock.hasTrash});
     for (std::size_t i = 0; i < tiles.size(); ++i) {
         const Rect& frame = tiles[i].frame;
         const double at = startAlong(frame, dock.position);
         const double size = lengthAlong(frame, dock.position);
-        if (i == total || (i == static_cast<std::size_t>(counts.pinned) && counts.unpinned > 0))
-            next += 7;
-        const bool isRight =
-            model.magnification() > 1
-                ? at > end && size > icon - tolerance &&
-                      size < icon * model.magnification() + tolerance
-                : std::abs(at - next) < tolerance && std::abs(size - icon) < tolerance;
-        if (!isRight || frame.width < 0 || frame.height < 0)
+        if (std::abs(at - expected[i].start) > tolerance ||
+            std::abs(size - expected[i].length) > tolerance || frame.width < 0 || frame.height < 0)
             return fail("tile ", i, " of dock ", dock.id.display, " lies at ", frame,
-                        "; expected along the axis: ", next, ", ", icon);
-        next += icon + 6;
-        end = at + size;
+                        "; expected along the axis: ", expected[i].start, ", ", expected[i].length);
     }
-    if (!tiles.empty() && end > view + tolerance)
-        fail("the tiles of dock ", dock.id.display, " reach to ", end, " in a view of ", view);
+    if (!tiles.empty() && expected.back().start + expected.back().length > view + tolerance)
+        fail("the tiles of dock ", dock.id.display, " overflow its view of ", view);
 }
 
 void World::lookAtGuard() {

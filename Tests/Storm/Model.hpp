@@ -66,6 +66,8 @@ public:
     void filesEntered(DockID id, bool hasFiles);
     void filesLeft(DockID id);
     void dropped(DockID id, const std::vector<FileURL>& files, bool isTaken, bool isForTrash);
+    /// It is unknown whether the dock was hidden when the pointer last moved.
+    void pointerWasInterrupted(DockID id);
     void menuOpened(DockID id);
     void menuClosed(DockID id);
     void tapped(DockID id, std::size_t tile);
@@ -136,6 +138,8 @@ private:
 
     void press(ModelDock& dock, Point at, std::optional<std::size_t> tile);
     void release(ModelDock& dock, Point at, std::optional<std::size_t> tile);
+    /// The pointer moved over an open dock.
+    void magnify(ModelDock& dock, Point at) const;
     void letGo(ModelDock& dock) const;
     void hideLater(ModelDock& dock) const;
     void click(const DockItem& item, std::uint32_t display);

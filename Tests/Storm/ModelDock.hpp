@@ -60,6 +60,11 @@ struct ModelDock {
     bool isButtonDown = false;
     std::optional<Time> hidesAt = {};
 
+    /// The pointer's place along the axis while it magnifies the strip.
+    std::optional<double> cursor = {};
+    /// False for a hidden dock that was interrupted, until it shows the pointer again.
+    bool isCursorKnown = true;
+
     /// The utility tiles at the time of the last layout.
     bool hasDownloads = false;
     bool hasTrash = false;

@@ -168,6 +168,12 @@ void Model::filesLeft(DockID id) {
     hideLater(*dock);
 }
 
+void Model::pointerWasInterrupted(DockID id) {
+    ModelDock* const dock = find(id);
+    if (dock != nullptr && dock->isIn)
+        dock->isCursorKnown = false;
+}
+
 void Model::menuOpened(DockID id) {
     if (ModelDock* const dock = find(id))
         ++dock->menus;
@@ -204,6 +210,10 @@ void Model::pointer(DockID id, const PointerEvent& event, std::optional<std::siz
         return;
     const bool ends = event.kind == Kind::released || event.kind == Kind::cancelled;
     dock->isButtonDown = !ends && (dock->isButtonDown || event.kind == Kind::pressed);
+    if (event.kind == Kind::exited && !dock->isIn) {
+        dock->cursor.reset();
+        dock->isCursorKnown = true;
+    }
     if (dock->isIn) {
         if (ends)
             letGo(*dock);
@@ -226,10 +236,21 @@ void Model::pointer(DockID id, const PointerEvent& event, std::optional<std::siz
             if (isPinned && std::hypot(event.position.x - at.x, event.position.y - at.y) >= 4)
                 dock->press->isDragging = true;
         }
-        return;
+        return magnify(*dock, event.position);
     default:
         return;
     }
+}
+
+void Model::magnify(ModelDock& dock, Point at) const {
+    if (magnification() <= 1 || (dock.press && dock.press->isDragging))
+        return;
+    const bool isHorizontal = dock.position == DockPosition::bottom;
+    const double icon = fittedIconSize(counts(), dock.available, settings.iconSize);
+    dock.cursor.reset();
+    dock.isCursorKnown = true;
+    if (magnifies(at, dock.frame.size(), icon, dock.position))
+        dock.cursor = isHorizontal ? at.x : at.y;
 }
 
 void Model::press(ModelDock& dock, Point at, std::optional<std::size_t> tile) {
@@ -256,6 +277,7 @@ void Model::release(ModelDock& dock, Point at, std::optional<std::size_t> tile) 
             tapped(dock.id, *tile);
         return;
     }
+    magnify(dock, at);
     const auto from = static_cast<int>(std::ranges::find(tiles, held->tile) - tiles.begin());
     const bool isHorizontal = dock.position == DockPosition::bottom;
     const double offset = isHorizontal ? at.x - held->at.x : at.y - held->at.y;

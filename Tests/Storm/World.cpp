@@ -178,15 +178,17 @@ void World::renewTiles() {
 }
 
 /// It is unknown whether a press came before the interruption, or ended with a list that existed
-/// only briefly, so all presses are cancelled.
+/// only briefly, so all presses are cancelled. So are positions of the pointer.
 void World::cancelPresses() {
     for (StormWindow* const window : std::vector{windows_}) {
         if (!isAlive(window) || !window->isShown)
             continue;
         window->cancel();
-        const PointerEvent cancelled{PointerEvent::Kind::cancelled, {}};
-        model.pointer(window->id, cancelled, std::nullopt);
-        window->listener().pointerEvent(cancelled);
+        for (const auto kind : {PointerEvent::Kind::cancelled, PointerEvent::Kind::exited}) {
+            model.pointer(window->id, {kind, {}}, std::nullopt);
+            window->listener().pointerEvent({kind, {}});
+        }
+        model.pointerWasInterrupted(window->id);
     }
 }
 
