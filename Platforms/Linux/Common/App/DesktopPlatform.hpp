@@ -11,6 +11,7 @@
 #include "Files/InotifyFileEvents.hpp"
 #include "Files/PosixFileSystem.hpp"
 #include "Files/XdgUserFolders.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Icons/IconThemeWatch.hpp"
 #include "Icons/ThemeIcons.hpp"
 #include "Platform/Accessibility.hpp"
@@ -31,15 +32,10 @@ namespace vireline::xdg {
 
 class WindowSystem;
 
-class DesktopPlatform {
+class DesktopPlatform : private NonCopyable {
 public:
     /// The arguments must outlive this object.
     DesktopPlatform(QApplication& qt, RunLoop& runLoop, WindowSystem& windowSystem);
-    DesktopPlatform(const DesktopPlatform&) = delete;
-    DesktopPlatform& operator=(const DesktopPlatform&) = delete;
-    DesktopPlatform(DesktopPlatform&&) = delete;
-    DesktopPlatform& operator=(DesktopPlatform&&) = delete;
-    ~DesktopPlatform() = default;
 
     [[nodiscard]] Platform ports();
 

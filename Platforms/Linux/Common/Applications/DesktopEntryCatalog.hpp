@@ -6,6 +6,7 @@
 #include "Applications/Entries/DesktopEntryIndex.hpp"
 #include "Foundation/CallbackList.hpp"
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Platform/ApplicationCatalog.hpp"
 #include "Platform/RunLoop.hpp"
 
@@ -18,7 +19,7 @@
 
 namespace vireline::xdg {
 
-class DesktopEntryCatalog final : public ApplicationCatalog {
+class DesktopEntryCatalog final : public ApplicationCatalog, private NonCopyable {
 public:
     /// Where entries are looked for, and in which languages they are read.
     struct Sources {
@@ -35,10 +36,6 @@ public:
 
     /// Watches the applications folders that the user's environment names.
     explicit DesktopEntryCatalog(RunLoop& runLoop, Sources sources = userSources());
-    DesktopEntryCatalog(const DesktopEntryCatalog&) = delete;
-    DesktopEntryCatalog& operator=(const DesktopEntryCatalog&) = delete;
-    DesktopEntryCatalog(DesktopEntryCatalog&&) = delete;
-    DesktopEntryCatalog& operator=(DesktopEntryCatalog&&) = delete;
     ~DesktopEntryCatalog() override;
 
     /// nullopt if the entry's program is not installed.

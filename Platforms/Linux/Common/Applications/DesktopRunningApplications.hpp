@@ -11,6 +11,7 @@
 #include "Applications/WindowIconSource.hpp"
 #include "Foundation/CallbackList.hpp"
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Platform/RunLoop.hpp"
 #include "Platform/RunningApplications.hpp"
 
@@ -22,16 +23,13 @@
 
 namespace vireline::xdg {
 
-class DesktopRunningApplications final : public RunningApplications, public WindowIconSource {
+class DesktopRunningApplications final : public RunningApplications,
+                                         public WindowIconSource,
+                                         private NonCopyable {
 public:
     /// `windowList` and `notices` are the window system's; they must outlive this object.
     DesktopRunningApplications(WindowList& windowList, StartupNotices& notices, RunLoop& runLoop,
                                DesktopEntryCatalog& catalog);
-    DesktopRunningApplications(const DesktopRunningApplications&) = delete;
-    DesktopRunningApplications& operator=(const DesktopRunningApplications&) = delete;
-    DesktopRunningApplications(DesktopRunningApplications&&) = delete;
-    DesktopRunningApplications& operator=(DesktopRunningApplications&&) = delete;
-    ~DesktopRunningApplications() override = default;
 
     [[nodiscard]] std::vector<RunningApplication> running() const override;
     /// At most one, because windows with the same identifier are one app here.

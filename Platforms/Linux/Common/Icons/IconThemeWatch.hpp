@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/ScopedHandle.hpp"
 #include "Icons/ChosenIconTheme.hpp"
 #include "Icons/IconTheme.hpp"
@@ -19,7 +20,7 @@ namespace vireline::xdg {
 
 class SettingsDaemon;
 
-class IconThemeWatch {
+class IconThemeWatch : private NonCopyable {
 public:
     /// Besides the settings daemon, what the choice depends on.
     struct Sources {
@@ -28,11 +29,6 @@ public:
     };
 
     IconThemeWatch(SettingsDaemon& daemon, RunLoop& runLoop, Sources sources);
-    IconThemeWatch(const IconThemeWatch&) = delete;
-    IconThemeWatch& operator=(const IconThemeWatch&) = delete;
-    IconThemeWatch(IconThemeWatch&&) = delete;
-    IconThemeWatch& operator=(IconThemeWatch&&) = delete;
-    ~IconThemeWatch() = default;
 
     /// The currently chosen theme.
     [[nodiscard]] const std::string& name() const noexcept { return name_; }

@@ -31,11 +31,6 @@ struct WindowContext {
 class QtProgramWindow final : public QWidget {
 public:
     QtProgramWindow(const WindowStyle& style, const WindowContext& context);
-    QtProgramWindow(const QtProgramWindow&) = delete;
-    QtProgramWindow& operator=(const QtProgramWindow&) = delete;
-    QtProgramWindow(QtProgramWindow&&) = delete;
-    QtProgramWindow& operator=(QtProgramWindow&&) = delete;
-    ~QtProgramWindow() override = default;
 
     /// Called once, when the window was closed by the user or by another program.
     std::function<void()> onClosed;

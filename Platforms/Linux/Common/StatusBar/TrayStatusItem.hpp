@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Platform/StatusBar.hpp"
 #include "StatusBar/NotifierHosts.hpp"
 #include "StatusBar/NotifierItem.hpp"
@@ -30,14 +31,9 @@ struct StatusBarContext {
     const IconTheme& theme;
 };
 
-class TrayStatusItem final : public StatusItem {
+class TrayStatusItem final : public StatusItem, private NonCopyable {
 public:
     explicit TrayStatusItem(const StatusBarContext& context);
-    TrayStatusItem(const TrayStatusItem&) = delete;
-    TrayStatusItem& operator=(const TrayStatusItem&) = delete;
-    TrayStatusItem(TrayStatusItem&&) = delete;
-    TrayStatusItem& operator=(TrayStatusItem&&) = delete;
-    ~TrayStatusItem() override = default;
 
     void setImage(const std::string& symbol, const std::string& accessibilityDescription) override;
     void setMenu(std::function<Menu()> menu) override;

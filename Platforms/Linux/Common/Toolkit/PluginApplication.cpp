@@ -1,5 +1,7 @@
 #include "Toolkit/PluginApplication.hpp"
 
+#include "Foundation/NonCopyable.hpp"
+
 #include <QByteArray>
 #include <algorithm>
 #include <optional>
@@ -8,17 +10,13 @@ namespace vireline::xdg {
 namespace {
 
 /// Removes a variable from the environment for the lifetime of this object.
-class WithoutVariable {
+class WithoutVariable : private NonCopyable {
 public:
     explicit WithoutVariable(const char* name) : name_(name) {
         if (qEnvironmentVariableIsSet(name))
             value_ = qgetenv(name);
         qunsetenv(name);
     }
-    WithoutVariable(const WithoutVariable&) = delete;
-    WithoutVariable& operator=(const WithoutVariable&) = delete;
-    WithoutVariable(WithoutVariable&&) = delete;
-    WithoutVariable& operator=(WithoutVariable&&) = delete;
     ~WithoutVariable() {
         if (value_)
             qputenv(name_, *value_);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Presentation/Menu.hpp"
 
 #include <QMenu>
@@ -11,7 +12,7 @@
 
 namespace vireline::xdg {
 
-class PopUpMenu {
+class PopUpMenu : private NonCopyable {
 public:
     /// Called once, when the menu is closed and no longer holds the pointer, with the action of the
     /// chosen command; null if none was chosen or it does nothing. May destroy the menu.
@@ -21,11 +22,6 @@ public:
     using Opener = std::function<void(QMenu&)>;
 
     PopUpMenu(const Menu& menu, const Opener& open, Closed closed);
-    PopUpMenu(const PopUpMenu&) = delete;
-    PopUpMenu& operator=(const PopUpMenu&) = delete;
-    PopUpMenu(PopUpMenu&&) = delete;
-    PopUpMenu& operator=(PopUpMenu&&) = delete;
-    ~PopUpMenu() = default;
 
     void close() { menu_->close(); }
 

@@ -2,6 +2,7 @@
 /// stands on it.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "Platform/Platform.hpp"
 
 #include <expected>
@@ -9,7 +10,7 @@
 
 namespace vireline {
 
-class HostPlatform {
+class HostPlatform : private NonCopyable {
 public:
     /// Exit status if the program must not go on: there is no X server (a line for the user has
     /// been printed), or another instance runs and was asked to show its settings.
@@ -17,10 +18,6 @@ public:
 
     [[nodiscard]] static std::expected<std::unique_ptr<HostPlatform>, ExitStatus> start();
 
-    HostPlatform(const HostPlatform&) = delete;
-    HostPlatform& operator=(const HostPlatform&) = delete;
-    HostPlatform(HostPlatform&&) = delete;
-    HostPlatform& operator=(HostPlatform&&) = delete;
     ~HostPlatform();
 
     [[nodiscard]] Platform ports();

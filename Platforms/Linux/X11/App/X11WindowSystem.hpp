@@ -5,6 +5,7 @@
 #include "Applications/StartupMessenger.hpp"
 #include "Connection/X11Connection.hpp"
 #include "Displays/RandrScreens.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Pointer/XInputPointerTaps.hpp"
 #include "Settings/XSettingsDaemon.hpp"
 #include "WindowSystem/WindowSystem.hpp"
@@ -17,15 +18,10 @@ class RunLoop;
 
 namespace vireline::x11 {
 
-class X11WindowSystem final : public xdg::WindowSystem {
+class X11WindowSystem final : public xdg::WindowSystem, private NonCopyable {
 public:
     /// Needs the running QApplication. The arguments must outlive this object.
     X11WindowSystem(xdg::SecondStarts& secondStarts, RunLoop& runLoop);
-    X11WindowSystem(const X11WindowSystem&) = delete;
-    X11WindowSystem& operator=(const X11WindowSystem&) = delete;
-    X11WindowSystem(X11WindowSystem&&) = delete;
-    X11WindowSystem& operator=(X11WindowSystem&&) = delete;
-    ~X11WindowSystem() override = default;
 
     [[nodiscard]] xdg::SecondStarts& secondStarts() override { return secondStarts_; }
     [[nodiscard]] xdg::SettingsDaemon& settings() override { return settings_; }

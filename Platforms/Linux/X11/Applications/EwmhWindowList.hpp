@@ -6,20 +6,16 @@
 #include "Connection/X11Connection.hpp"
 #include "Connection/XcbWindows.hpp"
 #include "Foundation/CallbackList.hpp"
+#include "Foundation/NonCopyable.hpp"
 
 #include <functional>
 #include <utility>
 
 namespace vireline::x11 {
 
-class EwmhWindowList final : public xdg::WindowList {
+class EwmhWindowList final : public xdg::WindowList, private NonCopyable {
 public:
     EwmhWindowList(X11Connection& connection, RunLoop& runLoop);
-    EwmhWindowList(const EwmhWindowList&) = delete;
-    EwmhWindowList& operator=(const EwmhWindowList&) = delete;
-    EwmhWindowList(EwmhWindowList&&) = delete;
-    EwmhWindowList& operator=(EwmhWindowList&&) = delete;
-    ~EwmhWindowList() override = default;
 
     [[nodiscard]] const std::vector<xdg::ClientWindow>& windows() const override {
         return clients_.windows();

@@ -6,6 +6,7 @@
 #include "Connection/X11Connection.hpp"
 #include "Foundation/CallbackList.hpp"
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 
 #include <cstdint>
 #include <functional>
@@ -14,13 +15,9 @@
 
 namespace vireline::x11 {
 
-class StartupMessenger final : public xdg::StartupNotices {
+class StartupMessenger final : public xdg::StartupNotices, private NonCopyable {
 public:
     explicit StartupMessenger(X11Connection& connection);
-    StartupMessenger(const StartupMessenger&) = delete;
-    StartupMessenger& operator=(const StartupMessenger&) = delete;
-    StartupMessenger(StartupMessenger&&) = delete;
-    StartupMessenger& operator=(StartupMessenger&&) = delete;
     ~StartupMessenger() override;
 
     /// The time of the user's last click stands at its end, as the protocol requires.

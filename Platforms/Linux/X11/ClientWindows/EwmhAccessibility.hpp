@@ -7,6 +7,7 @@
 #include "ClientWindows/WindowKeeper.hpp"
 #include "ClientWindows/WindowReader.hpp"
 #include "Connection/SideConnection.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Platform/Accessibility.hpp"
 
 #include <functional>
@@ -22,15 +23,10 @@ namespace vireline::x11 {
 
 class RandrScreens;
 
-class EwmhAccessibility final : public Accessibility {
+class EwmhAccessibility final : public Accessibility, private NonCopyable {
 public:
     EwmhAccessibility(X11Connection& connection, RunLoop& runLoop,
                       xdg::DesktopRunningApplications& applications, const RandrScreens& screens);
-    EwmhAccessibility(const EwmhAccessibility&) = delete;
-    EwmhAccessibility& operator=(const EwmhAccessibility&) = delete;
-    EwmhAccessibility(EwmhAccessibility&&) = delete;
-    EwmhAccessibility& operator=(EwmhAccessibility&&) = delete;
-    ~EwmhAccessibility() override = default;
 
     [[nodiscard]] bool isTrusted() const override { return canMoveWindows(); }
     [[nodiscard]] bool canMoveWindows() const override;

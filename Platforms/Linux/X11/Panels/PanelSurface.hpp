@@ -4,6 +4,7 @@
 
 #include "Connection/DrawingConnection.hpp"
 #include "Connection/SharedMemory.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Painting/Damage.hpp"
 
 #include <xcb/xcb.h>
@@ -18,15 +19,11 @@ namespace vireline::x11 {
 
 class X11Connection;
 
-class PanelSurface {
+class PanelSurface : private NonCopyable {
 public:
     /// The window must outlive this object.
     PanelSurface(const X11Connection& connection, const DrawingConnection& drawing,
                  xcb_window_t window);
-    PanelSurface(const PanelSurface&) = delete;
-    PanelSurface& operator=(const PanelSurface&) = delete;
-    PanelSurface(PanelSurface&&) = delete;
-    PanelSurface& operator=(PanelSurface&&) = delete;
     ~PanelSurface();
 
     /// Whether the window supports translucent pixels, given a compositor.

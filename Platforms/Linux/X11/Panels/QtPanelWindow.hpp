@@ -29,10 +29,6 @@ class QtPanelWindow final : public QWindow, public PanelWindow, private PanelPoi
 public:
     QtPanelWindow(const PanelContext& context, std::uint32_t displayID, const Rect& frame,
                   PanelWindowListener& listener);
-    QtPanelWindow(const QtPanelWindow&) = delete;
-    QtPanelWindow& operator=(const QtPanelWindow&) = delete;
-    QtPanelWindow(QtPanelWindow&&) = delete;
-    QtPanelWindow& operator=(QtPanelWindow&&) = delete;
     ~QtPanelWindow() override;
 
     void setOverhang(const Overhang& overhang) override { nextOverhang_ = overhang; }

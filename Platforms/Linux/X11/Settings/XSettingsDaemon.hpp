@@ -3,6 +3,7 @@
 
 #include "Desktop/SettingsDaemon.hpp"
 #include "Foundation/CallbackList.hpp"
+#include "Foundation/NonCopyable.hpp"
 
 #include <xcb/xcb.h>
 
@@ -12,14 +13,9 @@ namespace vireline::x11 {
 
 class X11Connection;
 
-class XSettingsDaemon final : public xdg::SettingsDaemon {
+class XSettingsDaemon final : public xdg::SettingsDaemon, private NonCopyable {
 public:
     explicit XSettingsDaemon(X11Connection& connection);
-    XSettingsDaemon(const XSettingsDaemon&) = delete;
-    XSettingsDaemon& operator=(const XSettingsDaemon&) = delete;
-    XSettingsDaemon(XSettingsDaemon&&) = delete;
-    XSettingsDaemon& operator=(XSettingsDaemon&&) = delete;
-    ~XSettingsDaemon() override = default;
 
     /// Two or three round trips.
     [[nodiscard]] xdg::DesktopSettings read() const override;

@@ -2,6 +2,7 @@
 /// window, in whole pixels, over the background that the tray shows.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/ScopedHandle.hpp"
 #include "StatusBar/SystemTray.hpp"
 
@@ -16,15 +17,11 @@ namespace vireline::x11 {
 
 class X11Connection;
 
-class TrayIcon final : public xdg::SystemTray::Icon {
+class TrayIcon final : public xdg::SystemTray::Icon, private NonCopyable {
 public:
     /// Asks the tray, identified by its manager window, to embed it.
     TrayIcon(X11Connection& connection, xcb_window_t manager, const std::string& name,
              xdg::SystemTray::IconCallbacks callbacks);
-    TrayIcon(const TrayIcon&) = delete;
-    TrayIcon& operator=(const TrayIcon&) = delete;
-    TrayIcon(TrayIcon&&) = delete;
-    TrayIcon& operator=(TrayIcon&&) = delete;
     ~TrayIcon() override;
 
 private:

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Connection/XcbWindows.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/Observable.hpp"
 #include "StatusBar/SystemTray.hpp"
 
@@ -16,14 +17,9 @@ namespace vireline::x11 {
 
 class X11Connection;
 
-class TrayManager final : public xdg::SystemTray {
+class TrayManager final : public xdg::SystemTray, private NonCopyable {
 public:
     explicit TrayManager(X11Connection& connection);
-    TrayManager(const TrayManager&) = delete;
-    TrayManager& operator=(const TrayManager&) = delete;
-    TrayManager(TrayManager&&) = delete;
-    TrayManager& operator=(TrayManager&&) = delete;
-    ~TrayManager() override = default;
 
     [[nodiscard]] xdg::WindowID current() const override { return windowID(window_.get()); }
     [[nodiscard]] Subscription observe(std::function<void()> listener) override {
