@@ -13,13 +13,13 @@ using desktop::PixelRect;
 using desktop::Pointer;
 using test::EventLog;
 
-/// A dock that is divided into quiet regions, with a log of its pointer events.
+/// A dock that is divided into quiet areas, with a log of its pointer events.
 class QuietAreaTest : public test::WindowTest {
 protected:
-    /// Has a narrow region between two wide ones.
+    /// Has a narrow area between two wide ones, and one above them.
     static Scene dividedScene() {
         Scene scene = dockScene();
-        scene.quietRegions = {{0, 26, 194, 58}, {194, 26, 6, 58}, {200, 26, 200, 58}};
+        scene.hoverAreas = {{194, 26, 6, 58}};
         return scene;
     }
 
@@ -213,9 +213,9 @@ TEST_F(QuietAreaTest, NewOnesCountFromWhereThePointerIs) {
     settle();
     EXPECT_FALSE(log.has("moved 150,50"));
     Scene scene = dividedScene();
-    scene.quietRegions = {{0, 26, 120, 58}, {120, 26, 280, 58}};
+    scene.hoverAreas = {{0, 26, 120, 58}};
     dock->present(scene);
-    EXPECT_TRUE(eventually([&] { return log.has("moved 150,50") && areas().size() == 2; }));
+    EXPECT_TRUE(eventually([&] { return log.has("moved 150,50") && areas().size() == 3; }));
 
     dock->present(dockScene());
     EXPECT_TRUE(eventually([] { return areas().empty(); }));
@@ -226,12 +226,15 @@ TEST_F(QuietAreaTest, NewOnesCountFromWhereThePointerIs) {
 TEST_F(QuietAreaTest, LieOnThePixelsThatPointToThem) {
     const auto dock = showDividedDock("dense");
     Scene scene = dividedScene();
-    scene.quietRegions = {{0, 26, 50.25, 58}, {50.25, 26, 100, 58}, {300, 26, 200, 58}};
+    scene.hoverAreas = {{0, 26, 50.25, 58}, {50.25, 26, 100, 58}, {300, 26, 200, 58}};
     dock->present(scene);
     comeTo({20, 50}, "dense");
-    EXPECT_TRUE(eventually([] { return areas("dense").size() == 3; }));
-    EXPECT_EQ(areas("dense"), (std::vector<PixelRect>{
-                                  {0, 52, 101, 116}, {101, 52, 200, 116}, {600, 52, 200, 116}}));
+    EXPECT_TRUE(eventually([] { return areas("dense").size() == 5; }));
+    EXPECT_EQ(areas("dense"), (std::vector<PixelRect>{{0, 52, 101, 116},
+                                                      {101, 52, 200, 116},
+                                                      {600, 52, 200, 116},
+                                                      {0, 0, 800, 52},
+                                                      {301, 52, 299, 116}}));
 }
 
 TEST_F(QuietAreaTest, GoWithTheWindow) {

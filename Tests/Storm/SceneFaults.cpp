@@ -43,17 +43,14 @@ bool overlap(const Rect& a, const Rect& b) {
            std::min(a.maxY(), b.maxY()) - std::max(a.minY(), b.minY()) > rounding;
 }
 
-std::optional<std::string> faultOfQuietRegions(const std::vector<Rect>& regions, const Rect& area) {
+std::optional<std::string> faultOfHoverAreas(const std::vector<Rect>& areas) {
     std::ostringstream text;
-    for (std::size_t i = 0; i < regions.size(); ++i) {
-        const Rect& region = regions[i];
-        if (!isFinite(region) || region.width <= 0 || region.height <= 0)
-            text << "a quiet region " << region;
-        else if (!isWithin(region, area))
-            text << "a quiet region " << region << " beside what is drawn";
-        else if (std::any_of(regions.begin(), regions.begin() + static_cast<std::ptrdiff_t>(i),
-                             [&](const Rect& other) { return overlap(region, other); }))
-            text << "a quiet region " << region << " on top of another";
+    for (auto area = areas.begin(); area != areas.end(); ++area) {
+        if (!isFinite(*area) || area->width <= 0 || area->height <= 0)
+            text << "a tile that is hovered over at " << *area;
+        else if (std::any_of(areas.begin(), area,
+                             [&](const Rect& other) { return overlap(*area, other); }))
+            text << "two tiles that are hovered over at " << *area;
         else
             continue;
         return text.str();
@@ -77,7 +74,7 @@ std::optional<std::string> faultOf(const Scene& scene, const Rect& area) {
     if (scene.inputRegion && (!isFinite(*scene.inputRegion) || scene.inputRegion->width < 0 ||
                               scene.inputRegion->height < 0))
         return "a broken input region";
-    return faultOfQuietRegions(scene.quietRegions, area);
+    return faultOfHoverAreas(scene.hoverAreas.value_or(std::vector<Rect>{}));
 }
 
 }

@@ -152,29 +152,6 @@ bool isInMagnificationBand(Point p, const Edge& edge, double iconSize) noexcept 
     return edge.distance(p) <= iconSize + stripHeightPadding + bandOverhang;
 }
 
-std::vector<Rect> quietRegions(const StripFrames& frames, const Edge& edge) {
-    const double reach = stripPadding + frames.iconSize;
-    const double far = std::max(edge.thickness(), frames.iconSize + stripHeightPadding);
-    std::vector<Rect> regions;
-    regions.reserve(2 * frames.tiles.size() + 2);
-    const auto add = [&regions](const Rect& region) {
-        if (region.width > 0 && region.height > 0)
-            regions.push_back(region);
-    };
-    double end = 0;
-    for (const auto& [icon, dot, hit] : frames.tiles) {
-        const double start = std::clamp(edge.along({hit.minX(), hit.minY()}), end, edge.length());
-        const double stop = std::min(edge.length(), edge.along({hit.maxX(), hit.maxY()}));
-        add(edge.rect(end, start - end, 0, reach));
-        // Tiles of an overflowing strip may be partly or entirely outside the view.
-        add(edge.rect(start, stop - start, 0, reach));
-        end = std::max(end, stop);
-    }
-    add(edge.rect(end, edge.length() - end, 0, reach));
-    add(edge.rect(0, edge.length(), reach, far - reach));
-    return regions;
-}
-
 Rect fullGrowth(const Request& request) noexcept {
     const double thickness = request.iconSize + stripHeightPadding;
     const double band = thickness + bandOverhang;

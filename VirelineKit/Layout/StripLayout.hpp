@@ -77,10 +77,6 @@ struct Request {
 /// magnification.
 [[nodiscard]] bool isInMagnificationBand(Point p, const Edge& edge, double iconSize) noexcept;
 
-/// Divides the view and the strip into regions, each of which covers a single tile or none. No
-/// region is empty. For a strip that is not magnified; see `Scene`.
-[[nodiscard]] std::vector<Rect> quietRegions(const StripFrames& frames, const Edge& edge);
-
 /// The area that takes the pointer during magnification: the view, and beyond it as far as tiles
 /// are drawn while the pointer magnifies.
 [[nodiscard]] Rect fullGrowth(const Request& request) noexcept;

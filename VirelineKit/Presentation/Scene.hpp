@@ -121,9 +121,9 @@ struct Scene {
     /// reach the window below. nullopt means the window's whole frame.
     std::optional<Rect> inputRegion;
 
-    /// Disjoint parts of the view. While no button is held, movement within one of them changes
-    /// nothing, so a window need not report it. Movement outside them always has to be reported.
-    std::vector<Rect> quietRegions = {};
+    /// Disjoint parts of the view, one per tile. While no button is held, all that matters is which
+    /// of them the pointer is in, if any; nullopt if every movement matters.
+    std::optional<std::vector<Rect>> hoverAreas = {};
 
     /// The offset at which new nodes start to appear and removed nodes end up.
     Point presenceOffset = {};

@@ -11,17 +11,13 @@ namespace vireline::xdg {
 void PanelPicture::setScene(const Scene& scene) {
     ViewMappings::place(nextPlaces_, scene, layout_.mapping);
     SceneDamage::add(damage_, {scene_.nodes, places_}, {scene.nodes, nextPlaces_});
-    const bool areRegionsNew = scene.quietRegions != scene_.quietRegions;
     scene_ = scene;
     std::swap(places_, nextPlaces_);
-    if (areRegionsNew)
-        placeQuietAreas();
 }
 
 void PanelPicture::setLayout(const PanelLayout& layout) {
     layout_ = layout;
     ViewMappings::place(places_, scene_, layout_.mapping);
-    placeQuietAreas();
     damageAll();
 }
 
@@ -34,12 +30,6 @@ Damage PanelPicture::paint(QImage& image, const DockColors& colors, Backdrop bac
             Pixels::fill(canvas, gap, colors.glassBottom.rgba());
     }
     return damage;
-}
-
-void PanelPicture::placeQuietAreas() {
-    quietAreas_.clear();
-    for (const Rect& region : scene_.quietRegions)
-        quietAreas_.push_back(layout_.mapping.pixelsIn(region) & window());
 }
 
 QRect PanelPicture::inputRegion() const {

@@ -50,11 +50,8 @@ public:
     [[nodiscard]] QRect inputRegion() const;
     /// Where the glass is, behind which a compositor may blur.
     [[nodiscard]] QRegion glass() const;
-    /// The scene's quiet regions.
-    [[nodiscard]] const std::vector<QRect>& quietAreas() const noexcept { return quietAreas_; }
 
 private:
-    void placeQuietAreas();
     [[nodiscard]] QRegion uncoveredByView() const;
 
     ScenePainter painter_;
@@ -63,7 +60,6 @@ private:
     std::vector<PlacedNode> places_;
     /// Places of the next scene; kept to avoid an allocation per scene.
     std::vector<PlacedNode> nextPlaces_;
-    std::vector<QRect> quietAreas_;
     Damage damage_;
 };
 

@@ -26,7 +26,7 @@ public:
         virtual ~Window() = default;
         [[nodiscard]] virtual bool takesPointer(QPointF pixel) const = 0;
         [[nodiscard]] virtual Point viewPosition(QPointF pixel) const = 0;
-        /// As in `Scene::quietRegions`.
+        /// See `QuietAreas`.
         [[nodiscard]] virtual const std::vector<QRect>& quietAreas() const = 0;
         /// Causes `sample` to be called in the next frame.
         virtual void requestTick() = 0;
