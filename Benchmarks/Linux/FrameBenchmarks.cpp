@@ -1,6 +1,5 @@
 /// One frame of a magnified dock, from the pointer movement until the pixels have been sent to the
 /// server: the processor time of all threads, and the number of allocations.
-#include "App/XcbApplication.hpp"
 #include "Displays/DockPanel.hpp"
 #include "Displays/RandrScreens.hpp"
 #include "Icons/DrawnIcons.hpp"
@@ -9,6 +8,8 @@
 #include "Model/DockMetrics.hpp"
 #include "Panels/QtPanelWindows.hpp"
 #include "Support/DockFixture.hpp"
+#include "Toolkit/Appearance.hpp"
+#include "Toolkit/PluginApplication.hpp"
 #include "VirtualDesktop/VirtualDesktop.hpp"
 #include "X11/X11Connection.hpp"
 
@@ -114,10 +115,11 @@ struct Dock {
 
 void magnifyFrames(benchmark::State& state, const Dock& dock, double scale) {
     const Server server{scale};
-    const XcbApplication application;
+    const PluginApplication application{"xcb"};
     X11Connection connection;
     RandrScreens screens{connection};
-    QtPanelWindows windows{connection, screens, {}};
+    Appearance appearance{{}};
+    QtPanelWindows windows{connection, screens, appearance};
     TappedWindows tapped{windows};
     test::DockFixture fixture;
     DrawnAppIcons drawn;

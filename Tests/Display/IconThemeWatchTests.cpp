@@ -1,5 +1,6 @@
 #include "Display/WindowTest.hpp"
 #include "Icons/IconThemeWatch.hpp"
+#include "Settings/XSettingsDaemon.hpp"
 #include "Support/TemporaryFolder.hpp"
 #include "Toolkit/QtRunLoop.hpp"
 #include "VirtualDesktop/WidgetTheme.hpp"
@@ -38,7 +39,7 @@ protected:
     void removeSettings() const { fs::remove(settings()); }
 
     [[nodiscard]] x11::IconThemeWatch makeWatch() {
-        return {connection,
+        return {settingsDaemon_,
                 runLoop_,
                 {.folders = {.themes = {(folder_.path() / "icons").string()}, .pictures = {}},
                  .files = {.kdeglobals = {},
@@ -56,6 +57,7 @@ private:
 
     TemporaryFolder folder_;
     x11::QtRunLoop runLoop_;
+    x11::XSettingsDaemon settingsDaemon_{connection};
     xcb_window_t daemon_ = XCB_NONE;
 };
 

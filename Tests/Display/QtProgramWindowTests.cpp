@@ -1,6 +1,7 @@
 /// The program's own windows in this process, on a real X server: shortcuts, size on a high-density
 /// display, and clean-up after closing.
 #include "App/VirelineApp.hpp"
+#include "App/X11WindowSystem.hpp"
 #include "Display/WindowTest.hpp"
 #include "Icons/IconTheme.hpp"
 #include "Platform/MotionSettings.hpp"
@@ -95,7 +96,9 @@ protected:
     x11::IconTheme theme{{}, "none"};
     x11::Symbols symbols{theme};
     NoMotion motion;
-    x11::WindowContext context{connection, application, panels.appearance(), symbols, motion};
+    x11::WindowContext context{
+        [this](QWindow& window) { x11::X11WindowSystem::bringToFront(connection, window); },
+        application, appearance, symbols, motion};
     x11::QtProgramWindows windows{context};
     SilentFormListener listener;
 };

@@ -5,6 +5,7 @@
 
 #include "Displays/RandrScreens.hpp"
 #include "Panels/QtPanelWindows.hpp"
+#include "Toolkit/Appearance.hpp"
 #include "VirtualDesktop/VirtualDesktop.hpp"
 #include "X11/X11Connection.hpp"
 
@@ -84,7 +85,8 @@ private:
 protected:
     x11::X11Connection connection;
     x11::RandrScreens screens{connection};
-    x11::QtPanelWindows panels{connection, screens, {}};
+    x11::Appearance appearance{{}};
+    x11::QtPanelWindows panels{connection, screens, appearance};
 };
 
 }

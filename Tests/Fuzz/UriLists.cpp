@@ -2,7 +2,7 @@
 #include "Foundation/FileURL.hpp"
 #include "Foundation/Require.hpp"
 #include "Fuzz/FuzzTarget.hpp"
-#include "Panels/Drops/DroppedText.hpp"
+#include "Panels/DroppedText.hpp"
 
 namespace vireline::x11 {
 namespace {

@@ -11,16 +11,17 @@ namespace {
 using x11::AppGroup;
 using x11::ClientWindow;
 using x11::OwnedWindow;
+using x11::WindowID;
 namespace AppGroups = x11::AppGroups;
 
-ClientWindow ordinary(xcb_window_t id) {
+ClientWindow ordinary(WindowID id) {
     ClientWindow window{};
     window.id = id;
     window.isOrdinary = true;
     return window;
 }
 
-ClientWindow helper(xcb_window_t id) {
+ClientWindow helper(WindowID id) {
     ClientWindow window{};
     window.id = id;
     return window;
@@ -45,19 +46,20 @@ AppGroup groupOf(std::vector<ClientWindow> windows) {
 }
 
 TEST(AppGroups, StandInTheOrderOfTheirFirstOrdinaryWindows) {
-    const std::vector<OwnedWindow> windows{of("c", helper(1)), of("a", ordinary(2)),
-                                           of("b", ordinary(3)), of("a", ordinary(4)),
-                                           of("c", ordinary(5))};
+    const std::vector<OwnedWindow> windows{
+        of("c", helper(WindowID{1})), of("a", ordinary(WindowID{2})),
+        of("b", ordinary(WindowID{3})), of("a", ordinary(WindowID{4})),
+        of("c", ordinary(WindowID{5}))};
 
     const auto groups = AppGroups::group(windows);
 
     EXPECT_EQ(namesOf(groups), (std::vector<std::string>{"a", "b", "c"}));
     EXPECT_EQ(groups[0].windows.size(), 2U);
-    EXPECT_EQ(groups[2].windows.front().id, 1U);
+    EXPECT_EQ(groups[2].windows.front().id, WindowID{1});
 }
 
 TEST(AppGroups, AnAppWithoutAnOrdinaryWindowDoesNotRun) {
-    EXPECT_TRUE(AppGroups::group(std::vector{of("tray", helper(1))}).empty());
+    EXPECT_TRUE(AppGroups::group(std::vector{of("tray", helper(WindowID{1}))}).empty());
 }
 
 TEST(AppGroups, OfNoWindowsAreNone) {
@@ -65,45 +67,49 @@ TEST(AppGroups, OfNoWindowsAreNone) {
 }
 
 TEST(AppGroups, TheMostRecentWindowIsTheOneThatWasActiveLast) {
-    auto first = ordinary(1);
+    auto first = ordinary(WindowID{1});
     first.lastActive = 5;
-    auto second = ordinary(2);
+    auto second = ordinary(WindowID{2});
     second.lastActive = 3;
-    auto palette = helper(3);
+    auto palette = helper(WindowID{3});
     palette.lastActive = 9;
 
-    EXPECT_EQ(AppGroups::mostRecent(groupOf({palette, first, second})).id, 1U);
+    EXPECT_EQ(AppGroups::mostRecent(groupOf({palette, first, second})).id, WindowID{1});
 }
 
 TEST(AppGroups, OfWindowsThatWereNeverActiveTheNewestIsMostRecent) {
-    EXPECT_EQ(AppGroups::mostRecent(groupOf({ordinary(1), ordinary(2)})).id, 2U);
+    EXPECT_EQ(AppGroups::mostRecent(groupOf({ordinary(WindowID{1}), ordinary(WindowID{2})})).id,
+              WindowID{2});
 }
 
 TEST(AppGroups, APaletteMakesItsAppActiveToo) {
-    const auto group = groupOf({ordinary(1), helper(2)});
+    const auto group = groupOf({ordinary(WindowID{1}), helper(WindowID{2})});
 
-    EXPECT_TRUE(AppGroups::isActive(group, 2, 0));
-    EXPECT_FALSE(AppGroups::isActive(group, 3, 0));
-    EXPECT_FALSE(AppGroups::isActive(groupOf({ordinary(XCB_NONE)}), XCB_NONE, 0));
+    EXPECT_TRUE(AppGroups::isActive(group, WindowID{2}, 0));
+    EXPECT_FALSE(AppGroups::isActive(group, WindowID{3}, 0));
+    EXPECT_FALSE(AppGroups::isActive(groupOf({ordinary(WindowID::none)}), WindowID::none, 0));
 }
 
 TEST(AppGroups, AWindowThatCannotBeSeenMakesNoAppActive) {
-    auto elsewhere = ordinary(1);
+    auto elsewhere = ordinary(WindowID{1});
     elsewhere.desktop = 1;
-    auto iconified = ordinary(2);
+    auto iconified = ordinary(WindowID{2});
     iconified.isHidden = true;
-    const auto group = groupOf({elsewhere, iconified, ordinary(3)});
+    const auto group = groupOf({elsewhere, iconified, ordinary(WindowID{3})});
 
-    EXPECT_FALSE(AppGroups::isActive(group, 1, 0));
-    EXPECT_TRUE(AppGroups::isActive(group, 1, 1));
-    EXPECT_TRUE(AppGroups::isActive(group, 1, std::nullopt)) << "there is one desktop only";
-    EXPECT_FALSE(AppGroups::isActive(group, 2, 0));
-    EXPECT_TRUE(AppGroups::isActive(group, 3, 7)) << "it is on every desktop";
+    EXPECT_FALSE(AppGroups::isActive(group, WindowID{1}, 0));
+    EXPECT_TRUE(AppGroups::isActive(group, WindowID{1}, 1));
+    EXPECT_TRUE(AppGroups::isActive(group, WindowID{1}, std::nullopt))
+        << "there is one desktop only";
+    EXPECT_FALSE(AppGroups::isActive(group, WindowID{2}, 0));
+    EXPECT_TRUE(AppGroups::isActive(group, WindowID{3}, 7)) << "it is on every desktop";
 }
 
 TEST(AppGroups, ComingAndGoingIsTheDifferenceOfTwoLists) {
-    const auto before = AppGroups::group(std::vector{of("a", ordinary(1)), of("b", ordinary(2))});
-    const auto after = AppGroups::group(std::vector{of("b", ordinary(2)), of("c", ordinary(3))});
+    const auto before = AppGroups::group(
+        std::vector{of("a", ordinary(WindowID{1})), of("b", ordinary(WindowID{2}))});
+    const auto after = AppGroups::group(
+        std::vector{of("b", ordinary(WindowID{2})), of("c", ordinary(WindowID{3}))});
 
     EXPECT_EQ(namesOf(AppGroups::without(before, after)), std::vector<std::string>{"a"});
     EXPECT_EQ(namesOf(AppGroups::without(after, before)), std::vector<std::string>{"c"});

@@ -1,6 +1,7 @@
 /// Renders pictures of whole docks without an X server: the kit's scenes, painted as on the screen.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "Settings/Settings.hpp"
 #include "Support/FakePanelWindows.hpp"
 
@@ -12,7 +13,7 @@ namespace vireline::test {
 
 /// A dock with three pinned apps, the first of which is running, another running app, Downloads and
 /// Trash.
-class PicturedDock {
+class PicturedDock : private NonCopyable {
 public:
     struct Options {
         DockPosition position = DockPosition::bottom;
@@ -22,10 +23,6 @@ public:
     };
 
     explicit PicturedDock(const Options& options);
-    PicturedDock(const PicturedDock&) = delete;
-    PicturedDock& operator=(const PicturedDock&) = delete;
-    PicturedDock(PicturedDock&&) = delete;
-    PicturedDock& operator=(PicturedDock&&) = delete;
     ~PicturedDock();
 
     /// Moves the pointer to the middle of a tile.

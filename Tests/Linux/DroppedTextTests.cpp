@@ -1,4 +1,4 @@
-#include "Panels/Drops/DroppedText.hpp"
+#include "Panels/DroppedText.hpp"
 
 #include <gtest/gtest.h>
 

@@ -7,24 +7,29 @@
 namespace vireline::x11 {
 namespace {
 
-using IDs = std::vector<xcb_window_t>;
+constexpr WindowID first{1};
+constexpr WindowID second{2};
+constexpr WindowID third{3};
+constexpr WindowID fourth{4};
+
+using IDs = std::vector<WindowID>;
 using Restored = std::vector<HiddenWindows::Restored>;
 
 /// An app's windows as the window manager reports them, and which of them the dock hides.
 class HiddenWindowsTest : public testing::Test {
 protected:
     HiddenWindowsTest() {
-        for (const xcb_window_t id : {1U, 2U, 3U}) {
+        for (const WindowID id : {first, second, third}) {
             ClientWindow window{};
             window.id = id;
             window.isOrdinary = true;
-            window.lastActive = id;
+            window.lastActive = static_cast<std::uint64_t>(id);
             app.windows.push_back(window);
         }
     }
 
-    ClientWindow& window(xcb_window_t id) { return app.windows.at(id - 1); }
-    void report(xcb_window_t id, bool isHidden) {
+    ClientWindow& window(WindowID id) { return app.windows.at(static_cast<std::size_t>(id) - 1); }
+    void report(WindowID id, bool isHidden) {
         window(id).isHidden = isHidden;
         hidden.update({&app, 1}, active);
     }
@@ -33,111 +38,111 @@ protected:
 
     AppGroup app;
     HiddenWindows hidden;
-    xcb_window_t active = 3;
+    WindowID active = third;
     double now = 100;
 };
 
 TEST_F(HiddenWindowsTest, HidesWhatIsShownOnTheCurrentDesktop) {
-    window(1).desktop = 1;
-    window(2).isHidden = true;
+    window(first).desktop = 1;
+    window(second).isHidden = true;
     ClientWindow helper{};
-    helper.id = 4;
+    helper.id = fourth;
     app.windows.push_back(helper);
 
-    EXPECT_EQ(hide(), IDs{3});
+    EXPECT_EQ(hide(), IDs{third});
 }
 
 TEST_F(HiddenWindowsTest, HidesOnEveryDesktopWhereNoneIsKnown) {
-    window(1).desktop = 1;
+    window(first).desktop = 1;
 
-    EXPECT_EQ(hidden.hide(app, std::nullopt, now), (IDs{1, 2, 3}));
+    EXPECT_EQ(hidden.hide(app, std::nullopt, now), (IDs{first, second, third}));
 }
 
 TEST_F(HiddenWindowsTest, BringsBackWhatIsReportedIconifiedTheMostRecentLast) {
-    window(1).lastActive = 9;
-    ASSERT_EQ(hide(), (IDs{1, 2, 3}));
-    for (const xcb_window_t id : {1U, 2U, 3U})
+    window(first).lastActive = 9;
+    ASSERT_EQ(hide(), (IDs{first, second, third}));
+    for (const WindowID id : {first, second, third})
         report(id, true);
 
-    EXPECT_EQ(bringBack(), (Restored{{2, true}, {3, true}, {1, true}}));
+    EXPECT_EQ(bringBack(), (Restored{{second, true}, {third, true}, {first, true}}));
     EXPECT_EQ(bringBack(), Restored{});
 }
 
 TEST_F(HiddenWindowsTest, BringsBackWhatTheWindowManagerHasNotReportedYet) {
     hide();
-    report(1, true);
+    report(first, true);
 
-    EXPECT_EQ(bringBack(), (Restored{{1, true}, {2, false}, {3, false}}));
+    EXPECT_EQ(bringBack(), (Restored{{first, true}, {second, false}, {third, false}}));
 }
 
 TEST_F(HiddenWindowsTest, LeavesAloneWhatOthersRestoredAndWhatOthersIconified) {
-    window(3).isHidden = true;
+    window(third).isHidden = true;
     hide();
-    report(1, true);
-    report(2, true);
-    report(1, false);
+    report(first, true);
+    report(second, true);
+    report(first, false);
 
-    EXPECT_EQ(bringBack(), (Restored{{2, true}}));
+    EXPECT_EQ(bringBack(), (Restored{{second, true}}));
 }
 
 TEST_F(HiddenWindowsTest, HidesAgainWhatIsStillToBeRestored) {
     hide();
-    report(1, true);
+    report(first, true);
     bringBack();
 
-    EXPECT_EQ(hide(), (IDs{1, 2, 3}));
+    EXPECT_EQ(hide(), (IDs{first, second, third}));
     // The first report is about the earlier request.
     hidden.update({&app, 1}, active);
-    EXPECT_EQ(bringBack(), (Restored{{1, false}, {2, false}, {3, false}}));
+    EXPECT_EQ(bringBack(), (Restored{{first, false}, {second, false}, {third, false}}));
 }
 
 TEST_F(HiddenWindowsTest, TakesAWindowThatIsIconifiedMuchLaterForOneThatTheUserIconified) {
     hide();
-    report(1, true);
+    report(first, true);
     bringBack();
-    report(1, false);
+    report(first, false);
     now += 60;
-    report(1, true);
+    report(first, true);
 
-    EXPECT_EQ(hide(), (IDs{2, 3}));
+    EXPECT_EQ(hide(), (IDs{second, third}));
 }
 
 TEST_F(HiddenWindowsTest, ForgetsWindowsThatAreGone) {
     hide();
     app.windows.pop_back();
-    hidden.update({&app, 1}, XCB_NONE);
+    hidden.update({&app, 1}, WindowID::none);
 
-    EXPECT_EQ(bringBack(), (Restored{{1, false}, {2, false}}));
+    EXPECT_EQ(bringBack(), (Restored{{first, false}, {second, false}}));
 }
 
 TEST_F(HiddenWindowsTest, EveryWindowOfAnAppIsLeavingUntilItIsReported) {
     hide();
-    EXPECT_TRUE(hidden.isLeaving(3, now));
+    EXPECT_TRUE(hidden.isLeaving(third, now));
     // The focus moves from one window to the next while they are being iconified.
-    active = 2;
-    report(3, true);
+    active = second;
+    report(third, true);
 
-    EXPECT_TRUE(hidden.isLeaving(2, now));
-    EXPECT_FALSE(hidden.isLeaving(3, now));
-    EXPECT_FALSE(hidden.isLeaving(7, now));
+    EXPECT_TRUE(hidden.isLeaving(second, now));
+    EXPECT_FALSE(hidden.isLeaving(third, now));
+    EXPECT_FALSE(hidden.isLeaving(WindowID{7}, now));
 }
 
 TEST_F(HiddenWindowsTest, NothingIsLeavingOnceItIsBroughtBack) {
     hide();
     bringBack();
 
-    EXPECT_FALSE(hidden.isLeaving(3, now));
+    EXPECT_FALSE(hidden.isLeaving(third, now));
 }
 
 TEST_F(HiddenWindowsTest, AWindowThatIsNeverIconifiedStays) {
     hide();
-    active = 9;
+    active = WindowID{9};
     hidden.update({&app, 1}, active);
-    EXPECT_FALSE(hidden.isLeaving(3, now)) << "the focus has gone elsewhere";
+    EXPECT_FALSE(hidden.isLeaving(third, now)) << "the focus has gone elsewhere";
 
     hide();
-    EXPECT_TRUE(hidden.isLeaving(3, now));
-    EXPECT_FALSE(hidden.isLeaving(3, now + HiddenWindows::settlingSeconds));
+    EXPECT_TRUE(hidden.isLeaving(third, now));
+    EXPECT_FALSE(hidden.isLeaving(third, now + HiddenWindows::settlingSeconds));
 }
 
 }

@@ -1,4 +1,5 @@
 #include "Files/PosixFileSystem.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Linux/OrdinaryUser.hpp"
 #include "Support/FileOperations.hpp"
 #include "Support/TemporaryFolder.hpp"
@@ -49,13 +50,9 @@ protected:
 };
 
 /// A file system with four pages, if mounting is allowed here.
-class TinyDisk {
+class TinyDisk : private NonCopyable {
 public:
     explicit TinyDisk(const FileURL& folder) : folder_(folder), isMounted_(mountOn(folder)) {}
-    TinyDisk(const TinyDisk&) = delete;
-    TinyDisk& operator=(const TinyDisk&) = delete;
-    TinyDisk(TinyDisk&&) = delete;
-    TinyDisk& operator=(TinyDisk&&) = delete;
     ~TinyDisk() {
         if (isMounted_)
             ::umount2(folder_.path().c_str(), MNT_DETACH);

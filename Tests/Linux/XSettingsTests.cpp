@@ -1,4 +1,4 @@
-#include "Icons/XSettings.hpp"
+#include "Settings/XSettings.hpp"
 
 #include <gtest/gtest.h>
 
@@ -71,9 +71,9 @@ std::string sample(bool isLittleEndian) {
 TEST(XSettings, ReadsTextsAndNumbersInEitherByteOrder) {
     for (const bool isLittleEndian : {true, false}) {
         const auto values = XSettings::parse(sample(isLittleEndian));
-        EXPECT_EQ(values.texts, (XSettings::Texts{{"Net/IconThemeName", "Papirus"},
-                                                  {"Net/ThemeName", "Adwaita-dark"}}));
-        EXPECT_EQ(values.numbers, (XSettings::Numbers{{"Net/DoubleClickTime", 400}}));
+        EXPECT_EQ(values.texts, (DesktopSettings::Texts{{"Net/IconThemeName", "Papirus"},
+                                                        {"Net/ThemeName", "Adwaita-dark"}}));
+        EXPECT_EQ(values.numbers, (DesktopSettings::Numbers{{"Net/DoubleClickTime", 400}}));
     }
 }
 

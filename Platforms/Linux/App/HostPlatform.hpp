@@ -1,16 +1,16 @@
-/// The Linux platform as the executable sees it: owns all adapters and creates them in dependency
-/// order.
+/// The Linux platform as the executable sees it, on X11: owns the window system and everything that
+/// stands on it.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "Platform/Platform.hpp"
-#include "X11/XServer.hpp"
 
 #include <expected>
 #include <memory>
 
 namespace vireline {
 
-class HostPlatform {
+class HostPlatform : private NonCopyable {
 public:
     /// Exit status if the program must not go on: there is no X server (a line for the user has
     /// been printed), or another instance runs and was asked to show its settings.
@@ -18,10 +18,6 @@ public:
 
     [[nodiscard]] static std::expected<std::unique_ptr<HostPlatform>, ExitStatus> start();
 
-    HostPlatform(const HostPlatform&) = delete;
-    HostPlatform& operator=(const HostPlatform&) = delete;
-    HostPlatform(HostPlatform&&) = delete;
-    HostPlatform& operator=(HostPlatform&&) = delete;
     ~HostPlatform();
 
     [[nodiscard]] Platform ports();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Foundation/CallbackList.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Toolkit/SecondStarts.hpp"
 #include "X11/XServer.hpp"
 
@@ -11,18 +12,12 @@
 
 namespace vireline::x11 {
 
-class SingleInstance final : public SecondStarts {
+class SingleInstance final : public SecondStarts, private NonCopyable {
 public:
     /// Makes this process the running instance. Returns null if there is one already, which has
     /// then been asked to show its settings. Needs no event loop. If the X server dies meanwhile,
     /// this process also becomes the instance.
     [[nodiscard]] static std::unique_ptr<SingleInstance> claim(XServer server);
-
-    SingleInstance(const SingleInstance&) = delete;
-    SingleInstance& operator=(const SingleInstance&) = delete;
-    SingleInstance(SingleInstance&&) = delete;
-    SingleInstance& operator=(SingleInstance&&) = delete;
-    ~SingleInstance() override = default;
 
     /// Claims that arrived before the first observer are delivered to it. Needs the application
     /// object.

@@ -6,6 +6,7 @@
 #include "Applications/Entries/DesktopEntryIndex.hpp"
 #include "Foundation/CallbackList.hpp"
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Platform/ApplicationCatalog.hpp"
 #include "Platform/RunLoop.hpp"
 
@@ -18,7 +19,7 @@
 
 namespace vireline::x11 {
 
-class DesktopEntryCatalog final : public ApplicationCatalog {
+class DesktopEntryCatalog final : public ApplicationCatalog, private NonCopyable {
 public:
     /// The applications folders of this user's environment.
     [[nodiscard]] static std::vector<FileURL> userFolders();
@@ -26,10 +27,6 @@ public:
     /// Entries are looked for in `folders`; one in an earlier folder shadows those with the same ID
     /// in later ones. Watches the applications folders that the user's environment names.
     explicit DesktopEntryCatalog(RunLoop& runLoop, std::vector<FileURL> folders = userFolders());
-    DesktopEntryCatalog(const DesktopEntryCatalog&) = delete;
-    DesktopEntryCatalog& operator=(const DesktopEntryCatalog&) = delete;
-    DesktopEntryCatalog(DesktopEntryCatalog&&) = delete;
-    DesktopEntryCatalog& operator=(DesktopEntryCatalog&&) = delete;
     ~DesktopEntryCatalog() override;
 
     /// nullopt if the entry's program is not installed.

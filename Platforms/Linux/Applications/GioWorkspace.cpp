@@ -4,8 +4,6 @@
 #include "Desktop/DesktopNames.hpp"
 #include "Foundation/DevLog.hpp"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <iterator>
@@ -32,10 +30,10 @@ bool exists(const FileURL& url) {
 
 }
 
-GioWorkspace::GioWorkspace(X11Connection& connection, const DesktopEntryCatalog& catalog,
-                           EwmhRunningApplications& running, const UserFolders& folders,
+GioWorkspace::GioWorkspace(StartupNotices& notices, const DesktopEntryCatalog& catalog,
+                           DesktopRunningApplications& running, const UserFolders& folders,
                            const PointerSettings& pointerSettings)
-    : connection_(connection)
+    : notices_(notices)
     , catalog_(catalog)
     , running_(running)
     , folders_(folders)
@@ -94,7 +92,7 @@ std::string GioWorkspace::fileManagerPath() const {
 }
 
 void GioWorkspace::launch(const std::string& bundleID, const DesktopEntry& entry) {
-    const std::string startupID = nextStartupID();
+    const std::string startupID = notices_.nextStartupID();
     const bool handsOn = wantsStartupID(entry);
     const bool tellsOthers = handsOn && entry.startupNotify.value_or(false);
     running_.launchBegan(startupID, entry, bundleID, tellsOthers);
@@ -114,13 +112,6 @@ void GioWorkspace::openFolders(const std::vector<FileURL>& files) {
     }
     for (const FileURL& folder : folders)
         open(folder);
-}
-
-/// Unique among all programs and earlier runs. The click's time at its end allows the new window to
-/// come to the front.
-std::string GioWorkspace::nextStartupID() {
-    return "vireline-" + std::to_string(getpid()) + '-' + std::to_string(++launches_) + "_TIME" +
-           std::to_string(connection_.userTime());
 }
 
 }

@@ -1,7 +1,8 @@
 #include "ClientWindows/EwmhAccessibility.hpp"
 
-#include "Applications/EwmhRunningApplications.hpp"
-#include "ClientWindows/AppWindows.hpp"
+#include "Applications/ClientWindows/AppWindows.hpp"
+#include "Applications/ClientWindows/XcbWindows.hpp"
+#include "Applications/DesktopRunningApplications.hpp"
 #include "Displays/DisplayGeometry.hpp"
 #include "Displays/RandrScreens.hpp"
 
@@ -35,7 +36,7 @@ struct EwmhAccessibility::AppElement final : public AccessibilityElement {
 };
 
 struct EwmhAccessibility::WindowElement final : public AccessibilityElement {
-    explicit WindowElement(const ClientWindow& window) : id(window.id) {}
+    explicit WindowElement(const ClientWindow& window) : id(xcbWindow(window.id)) {}
 
     xcb_window_t id;
     float timeout = defaultTimeout;
@@ -58,7 +59,7 @@ EwmhAccessibility::Access::Access(std::unique_ptr<SideConnection> opened, X11Con
     , notice(connection, reader, runLoop) {}
 
 EwmhAccessibility::EwmhAccessibility(X11Connection& connection, RunLoop& runLoop,
-                                     EwmhRunningApplications& applications,
+                                     DesktopRunningApplications& applications,
                                      const RandrScreens& screens)
     : applications_(applications), screens_(screens) {
     if (auto side = SideConnection::open())
@@ -175,7 +176,7 @@ void EwmhAccessibility::send(const WindowElement& window, const WindowSnapshot& 
                              WindowGoal goal) {
     goal.visible = visibleFrame(goal.frame);
     if (now.isOnAnotherDesktop())
-        applications_.expectOnCurrentDesktop(window.id);
+        applications_.expectOnCurrentDesktop(windowID(window.id));
     access_->keeper.send(window.id, now, goal);
 }
 

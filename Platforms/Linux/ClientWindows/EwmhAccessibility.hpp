@@ -6,6 +6,7 @@
 #include "ClientWindows/ManagerNotice.hpp"
 #include "ClientWindows/WindowKeeper.hpp"
 #include "ClientWindows/WindowReader.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Platform/Accessibility.hpp"
 #include "X11/SideConnection.hpp"
 
@@ -16,18 +17,13 @@
 
 namespace vireline::x11 {
 
-class EwmhRunningApplications;
+class DesktopRunningApplications;
 class RandrScreens;
 
-class EwmhAccessibility final : public Accessibility {
+class EwmhAccessibility final : public Accessibility, private NonCopyable {
 public:
     EwmhAccessibility(X11Connection& connection, RunLoop& runLoop,
-                      EwmhRunningApplications& applications, const RandrScreens& screens);
-    EwmhAccessibility(const EwmhAccessibility&) = delete;
-    EwmhAccessibility& operator=(const EwmhAccessibility&) = delete;
-    EwmhAccessibility(EwmhAccessibility&&) = delete;
-    EwmhAccessibility& operator=(EwmhAccessibility&&) = delete;
-    ~EwmhAccessibility() override = default;
+                      DesktopRunningApplications& applications, const RandrScreens& screens);
 
     [[nodiscard]] bool isTrusted() const override { return canMoveWindows(); }
     [[nodiscard]] bool canMoveWindows() const override;
@@ -69,7 +65,7 @@ private:
     [[nodiscard]] Rect visibleFrame(const Rect& meant) const;
     void send(const WindowElement& window, const WindowSnapshot& now, WindowGoal goal);
 
-    EwmhRunningApplications& applications_;
+    DesktopRunningApplications& applications_;
     const RandrScreens& screens_;
     std::unique_ptr<Access> access_;
 };

@@ -5,6 +5,7 @@
 #include "ClientWindows/WindowReader.hpp"
 #include "Foundation/CallbackList.hpp"
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/ScopedHandle.hpp"
 
 #include <xcb/xcb.h>
@@ -21,14 +22,9 @@ namespace vireline::x11 {
 
 class X11Connection;
 
-class ManagerNotice {
+class ManagerNotice : private NonCopyable {
 public:
     ManagerNotice(X11Connection& connection, const WindowReader& reader, RunLoop& runLoop);
-    ManagerNotice(const ManagerNotice&) = delete;
-    ManagerNotice& operator=(const ManagerNotice&) = delete;
-    ManagerNotice(ManagerNotice&&) = delete;
-    ManagerNotice& operator=(ManagerNotice&&) = delete;
-    ~ManagerNotice() = default;
 
     /// Notifies `listener` when a window manager starts or exits, or begins or stops moving
     /// windows.

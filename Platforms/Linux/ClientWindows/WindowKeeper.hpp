@@ -8,6 +8,7 @@
 #include "ClientWindows/WindowReader.hpp"
 #include "Displays/DisplayGeometry.hpp"
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/ScopedHandle.hpp"
 #include "X11/SideConnection.hpp"
 #include "X11/X11Connection.hpp"
@@ -25,7 +26,7 @@ class RunLoop;
 
 namespace vireline::x11 {
 
-class WindowKeeper {
+class WindowKeeper : private NonCopyable {
 public:
     using Displays = std::function<std::span<const Display>()>;
 
@@ -33,11 +34,6 @@ public:
     /// effects are observed on `side`.
     WindowKeeper(const X11Connection& connection, SideConnection& side, RunLoop& runLoop,
                  Displays displays);
-    WindowKeeper(const WindowKeeper&) = delete;
-    WindowKeeper& operator=(const WindowKeeper&) = delete;
-    WindowKeeper(WindowKeeper&&) = delete;
-    WindowKeeper& operator=(WindowKeeper&&) = delete;
-    ~WindowKeeper() = default;
 
     /// Makes the window visible and movable, and sends it to its goal. Until it has stayed there
     /// for a moment, moves away from it are corrected. A window that filled its display, and was

@@ -1,5 +1,7 @@
 #include "Desktop/StringListSetting.hpp"
 
+#include "Foundation/NonCopyable.hpp"
+
 namespace vireline::x11 {
 namespace {
 
@@ -16,16 +18,12 @@ bool hasStringList(GSettingsSchema* schema, const char* key) {
 }
 
 /// A signal connection and the listener that it calls.
-class Connection {
+class Connection : private NonCopyable {
 public:
     Connection(GSettings* settings, const std::string& signal, std::function<void()> handler)
         : settings_(G_SETTINGS(g_object_ref(settings)))
         , handler_(std::make_shared<std::function<void()>>(std::move(handler)))
         , id_(g_signal_connect(settings, signal.c_str(), G_CALLBACK(changed), this)) {}
-    Connection(const Connection&) = delete;
-    Connection& operator=(const Connection&) = delete;
-    Connection(Connection&&) = delete;
-    Connection& operator=(Connection&&) = delete;
     ~Connection() { g_signal_handler_disconnect(settings_.get(), id_); }
 
 private:

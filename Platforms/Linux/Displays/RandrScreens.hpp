@@ -4,10 +4,11 @@
 
 #include "Displays/DisplayGeometry.hpp"
 #include "Displays/Monitors.hpp"
-#include "Displays/SleepWatch.hpp"
 #include "Displays/StrutWindows.hpp"
 #include "Foundation/CallbackList.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Platform/Screens.hpp"
+#include "Session/SleepWatch.hpp"
 
 #include <QObject>
 #include <cstdint>
@@ -23,14 +24,9 @@ namespace vireline::x11 {
 
 class X11Connection;
 
-class RandrScreens final : public Screens {
+class RandrScreens final : public Screens, private NonCopyable {
 public:
     explicit RandrScreens(X11Connection& connection);
-    RandrScreens(const RandrScreens&) = delete;
-    RandrScreens& operator=(const RandrScreens&) = delete;
-    RandrScreens(RandrScreens&&) = delete;
-    RandrScreens& operator=(RandrScreens&&) = delete;
-    ~RandrScreens() override = default;
 
     /// Returns the cached snapshot without a round trip.
     [[nodiscard]] std::vector<PlatformScreen> screens() const override;

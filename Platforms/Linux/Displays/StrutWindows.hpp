@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Displays/Struts.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/ScopedHandle.hpp"
 
 #include <xcb/xcb.h>
@@ -16,17 +17,12 @@ namespace vireline::x11 {
 
 class X11Connection;
 
-class StrutWindows {
+class StrutWindows : private NonCopyable {
 public:
     /// Called when `read` may return something new; possibly several times per change.
     std::function<void()> onChange;
 
     explicit StrutWindows(X11Connection& connection);
-    StrutWindows(const StrutWindows&) = delete;
-    StrutWindows& operator=(const StrutWindows&) = delete;
-    StrutWindows(StrutWindows&&) = delete;
-    StrutWindows& operator=(StrutWindows&&) = delete;
-    ~StrutWindows() = default;
 
     /// Queries the server: all windows that the window manager lists and, as long as there is no
     /// dock or panel among them, also the root window's children and grandchildren, since such a

@@ -5,6 +5,7 @@
 #include "Files/Folders.hpp"
 #include "Files/Leftovers.hpp"
 #include "Files/WriteTarget.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/ReplacementNames.hpp"
 
 #include <fcntl.h>
@@ -40,7 +41,7 @@ int writeAll(int file, std::string_view content) {
 /// A temporary file with a unique name in the folder of the file that it will replace. Deleted with
 /// this object unless it was moved into place. It stays open until then, so that no other process
 /// removes it as a leftover.
-class Replacement {
+class Replacement : private NonCopyable {
 public:
     explicit Replacement(WriteTarget target) : target_(std::move(target)) {
         if (target_.error != 0)
@@ -48,10 +49,6 @@ public:
         removeLeftovers(target_.folder.get(), target_.name);
         create();
     }
-    Replacement(const Replacement&) = delete;
-    Replacement& operator=(const Replacement&) = delete;
-    Replacement(Replacement&&) = delete;
-    Replacement& operator=(Replacement&&) = delete;
     ~Replacement() {
         if (created_ && !placed_)
             ::unlinkat(target_.folder.get(), name_.c_str(), 0);

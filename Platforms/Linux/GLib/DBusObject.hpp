@@ -1,6 +1,7 @@
 /// Exports an object with one interface on a bus, for the lifetime of this handle.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "GLib/GLibHandles.hpp"
 
 #include <functional>
@@ -9,7 +10,7 @@
 
 namespace vireline::x11 {
 
-class DBusObject {
+class DBusObject : private NonCopyable {
 public:
     struct Handlers {
         /// Must reply to the call through `invocation`, immediately or later.
@@ -23,10 +24,6 @@ public:
 
     /// `interfaceXML` is introspection data that describes just this interface.
     DBusObject(GDBusConnection* bus, std::string path, const char* interfaceXML, Handlers handlers);
-    DBusObject(const DBusObject&) = delete;
-    DBusObject& operator=(const DBusObject&) = delete;
-    DBusObject(DBusObject&&) = delete;
-    DBusObject& operator=(DBusObject&&) = delete;
     ~DBusObject();
 
     /// Emits a signal of the interface. Takes ownership of a floating value; `parameters` may be

@@ -50,7 +50,7 @@ Files userFiles() {
     return files;
 }
 
-std::string name(const IconTheme::Folders& folders, const XSettings::Texts& settings,
+std::string name(const IconTheme::Folders& folders, const DesktopSettings::Texts& settings,
                  const Files& files) {
     std::vector<std::string> names;
     const auto told = settings.find("Net/IconThemeName");

@@ -1,8 +1,8 @@
 /// Determines which icon theme the desktop uses, on any desktop.
 #pragma once
 
+#include "Desktop/SettingsDaemon.hpp"
 #include "Icons/IconTheme.hpp"
-#include "Icons/XSettings.hpp"
 
 #include <optional>
 #include <string>
@@ -25,7 +25,7 @@ struct Files {
 
 /// The first installed theme of those named by the settings daemon, the files and the list of
 /// well-known themes; "hicolor" if there is none.
-[[nodiscard]] std::string name(const IconTheme::Folders& folders, const XSettings::Texts& settings,
-                               const Files& files);
+[[nodiscard]] std::string name(const IconTheme::Folders& folders,
+                               const DesktopSettings::Texts& settings, const Files& files);
 
 }

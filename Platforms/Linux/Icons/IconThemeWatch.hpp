@@ -3,11 +3,10 @@
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/ScopedHandle.hpp"
 #include "Icons/ChosenIconTheme.hpp"
 #include "Icons/IconTheme.hpp"
-
-#include <xcb/xcb.h>
 
 #include <functional>
 #include <string>
@@ -19,9 +18,9 @@ class RunLoop;
 
 namespace vireline::x11 {
 
-class X11Connection;
+class SettingsDaemon;
 
-class IconThemeWatch {
+class IconThemeWatch : private NonCopyable {
 public:
     /// Besides the settings daemon, what the choice depends on.
     struct Sources {
@@ -29,12 +28,7 @@ public:
         ChosenIconTheme::Files files;
     };
 
-    IconThemeWatch(X11Connection& connection, RunLoop& runLoop, Sources sources);
-    IconThemeWatch(const IconThemeWatch&) = delete;
-    IconThemeWatch& operator=(const IconThemeWatch&) = delete;
-    IconThemeWatch(IconThemeWatch&&) = delete;
-    IconThemeWatch& operator=(IconThemeWatch&&) = delete;
-    ~IconThemeWatch() = default;
+    IconThemeWatch(SettingsDaemon& daemon, RunLoop& runLoop, Sources sources);
 
     /// The currently chosen theme.
     [[nodiscard]] const std::string& name() const noexcept { return name_; }
@@ -43,22 +37,18 @@ public:
     std::function<void()> onChange;
 
 private:
-    void handle(const xcb_generic_event_t& event);
-    void watchDaemon();
     void watchFiles();
     void lookSoon();
     void look();
 
-    X11Connection& connection_;
+    SettingsDaemon& daemon_;
     RunLoop& runLoop_;
     Sources sources_;
     std::string name_;
-    /// The settings daemon's window; XCB_NONE without a daemon.
-    xcb_window_t daemon_ = XCB_NONE;
     std::vector<Subscription> fileWatches_;
     Timer look_;
     Lifetime lifetime_;
-    Subscription events_;
+    Subscription settingsChanges_;
 };
 
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Foundation/CallbackList.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Icons/IconTheme.hpp"
 #include "Platform/Icons.hpp"
 
@@ -19,15 +20,10 @@ namespace vireline::x11 {
 class DesktopEntryCatalog;
 class WindowIconSource;
 
-class ThemeIcons final : public Icons {
+class ThemeIcons final : public Icons, private NonCopyable {
 public:
     ThemeIcons(const DesktopEntryCatalog& catalog, const WindowIconSource& windows,
                std::shared_ptr<const IconTheme> theme);
-    ThemeIcons(const ThemeIcons&) = delete;
-    ThemeIcons& operator=(const ThemeIcons&) = delete;
-    ThemeIcons(ThemeIcons&&) = delete;
-    ThemeIcons& operator=(ThemeIcons&&) = delete;
-    ~ThemeIcons() override = default;
 
     [[nodiscard]] ImageHandle iconForFile(const std::string& path, const std::string& key,
                                           Size size) override;

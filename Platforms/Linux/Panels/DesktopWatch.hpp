@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Foundation/CallbackList.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/Observable.hpp"
 
 #include <xcb/xcb.h>
@@ -23,14 +24,9 @@ struct DesktopOffer {
     bool operator==(const DesktopOffer&) const = default;
 };
 
-class DesktopWatch {
+class DesktopWatch : private NonCopyable {
 public:
     explicit DesktopWatch(X11Connection& connection);
-    DesktopWatch(const DesktopWatch&) = delete;
-    DesktopWatch& operator=(const DesktopWatch&) = delete;
-    DesktopWatch(DesktopWatch&&) = delete;
-    DesktopWatch& operator=(DesktopWatch&&) = delete;
-    ~DesktopWatch() = default;
 
     [[nodiscard]] const DesktopOffer& offer() const noexcept { return offer_.get(); }
     [[nodiscard]] Subscription observeOffer(std::function<void()> handler) {

@@ -2,23 +2,20 @@
 /// display's refresh rate. Idle without requests.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
+
 #include <QTimer>
 #include <chrono>
 #include <functional>
 
 namespace vireline::x11 {
 
-class FrameClock {
+class FrameClock : private NonCopyable {
 public:
     using Duration = std::chrono::steady_clock::duration;
 
     /// `onFrame` is called once per requested frame.
     explicit FrameClock(std::function<void()> onFrame);
-    FrameClock(const FrameClock&) = delete;
-    FrameClock& operator=(const FrameClock&) = delete;
-    FrameClock(FrameClock&&) = delete;
-    FrameClock& operator=(FrameClock&&) = delete;
-    ~FrameClock() = default;
 
     /// Frames per second, as the display reports; implausible values count as 60.
     void setRefreshRate(double rate);

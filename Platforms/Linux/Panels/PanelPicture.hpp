@@ -1,38 +1,27 @@
-/// The content of one dock's window: repaints a scene where it changed, sends the pixels to the
-/// server, and keeps the window's shape and input region in step.
+/// The content of one dock without a window: a scene that is made into pixels, repainted where it
+/// changed, and into the regions that the window needs.
 #pragma once
 
 #include "Painting/Damage.hpp"
 #include "Painting/DockColors.hpp"
 #include "Painting/ScenePainter.hpp"
 #include "Painting/ViewMapping.hpp"
-#include "Panels/PanelSurface.hpp"
-#include "Panels/WindowShape.hpp"
 #include "Presentation/Scene.hpp"
 
-#include <xcb/xcb.h>
-
-#include <cstdint>
-#include <optional>
-#include <utility>
+#include <QImage>
+#include <QRect>
+#include <QRegion>
+#include <QSize>
 #include <vector>
 
 namespace vireline::x11 {
 
-class Appearance;
-class DesktopWatch;
-struct PanelContext;
-
 /// Where a window shows its view; in pixels.
 struct PanelLayout {
     QSize window;
-    /// The size that was requested for the window.
-    QSize asked;
     /// The part of the window that is the dock's frame; the rest is for drawing that overhangs it
     /// and for animations.
     QRect active;
-    /// Distance from the requested position to the current one.
-    QPoint lag;
     ViewMapping mapping;
     /// In points.
     Size view;
@@ -42,54 +31,32 @@ struct PanelLayout {
 
 class PanelPicture {
 public:
-    /// The window must outlive this object, and so must everything in `context`.
-    PanelPicture(const PanelContext& context, xcb_window_t window);
-
     void setScene(const Scene& scene);
     [[nodiscard]] const Scene& scene() const noexcept { return scene_; }
+    /// Has everything painted again.
     void setLayout(const PanelLayout& layout);
-    /// The colours or the backdrop have changed.
-    void lookChanged() { damageAll(); }
+    [[nodiscard]] const PanelLayout& layout() const noexcept { return layout_; }
 
-    /// Paints what changed, and sends it to the server if the window is shown.
-    void update(bool isShown);
+    void damageAll() { damage_.add(window()); }
+    [[nodiscard]] bool isDamaged() const { return !damage_.isEmpty(); }
 
-    /// A window manager has started to manage the window.
-    void managed() { shape_.resendInput(); }
+    /// Paints what changed on an image of the window's size, and returns where. Over an opaque
+    /// backdrop, everything that takes the pointer is painted.
+    Damage paint(QImage& image, const DockColors& colors, Backdrop backdrop);
 
-    /// The server has lost pixels of the visible window.
-    void exposed();
-
-    /// Paints, and lets the server itself show the picture from the moment the window appears.
-    void prepareToAppear();
-
-    /// The scene's quiet regions, in pixels of the window.
+    /// The window, with its corner at the origin.
+    [[nodiscard]] QRect window() const { return {{0, 0}, layout_.window}; }
+    /// Where the window takes the pointer.
+    [[nodiscard]] QRect inputRegion() const;
+    /// Where the glass is, behind which a compositor may blur.
+    [[nodiscard]] QRegion glass() const;
+    /// The scene's quiet regions.
     [[nodiscard]] const std::vector<QRect>& quietAreas() const noexcept { return quietAreas_; }
 
-    /// Whether the window receives the pointer at this pixel.
-    [[nodiscard]] bool takesPointer(int x, int y) const;
-
 private:
-    void damageAll() { damage_.add({{0, 0}, layout_.window}); }
-    /// Returns what was painted.
-    Damage paint();
     void placeQuietAreas();
-    void applyInput();
-    void applyBackdrop();
-
-    /// In pixels of the window.
-    [[nodiscard]] QRect inputRegion() const;
-    [[nodiscard]] std::vector<xcb_rectangle_t> wholeWindow() const;
-    [[nodiscard]] Backdrop backdrop() const;
-    [[nodiscard]] DockColors colors() const;
-    [[nodiscard]] std::optional<std::uint32_t> base() const;
     [[nodiscard]] QRegion uncoveredByView() const;
-    [[nodiscard]] std::vector<xcb_rectangle_t> blurRegion() const;
 
-    const DesktopWatch& desktop_;
-    const Appearance& appearance_;
-    PanelSurface surface_;
-    WindowShape shape_;
     ScenePainter painter_;
     PanelLayout layout_;
     Scene scene_;
@@ -98,8 +65,6 @@ private:
     std::vector<PlacedNode> nextPlaces_;
     std::vector<QRect> quietAreas_;
     Damage damage_;
-    /// The server paints the window by itself until it is first exposed.
-    bool hasBackground_ = false;
 };
 
 }

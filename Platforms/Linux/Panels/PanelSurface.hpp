@@ -2,6 +2,7 @@
 /// otherwise through the connection.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "Painting/Damage.hpp"
 #include "X11/DrawingConnection.hpp"
 #include "X11/SharedMemory.hpp"
@@ -18,15 +19,11 @@ namespace vireline::x11 {
 
 class X11Connection;
 
-class PanelSurface {
+class PanelSurface : private NonCopyable {
 public:
     /// The window must outlive this object.
     PanelSurface(const X11Connection& connection, const DrawingConnection& drawing,
                  xcb_window_t window);
-    PanelSurface(const PanelSurface&) = delete;
-    PanelSurface& operator=(const PanelSurface&) = delete;
-    PanelSurface(PanelSurface&&) = delete;
-    PanelSurface& operator=(PanelSurface&&) = delete;
     ~PanelSurface();
 
     /// Whether the window supports translucent pixels, given a compositor.

@@ -1,10 +1,11 @@
 #include "Panels/QtPanelWindow.hpp"
 
+#include "Displays/MenuPlacement.hpp"
+#include "Displays/QtCoordinates.hpp"
 #include "Displays/RandrScreens.hpp"
 #include "Panels/DesktopWatch.hpp"
 #include "Panels/DockHints.hpp"
 #include "Toolkit/Appearance.hpp"
-#include "Toolkit/QtCoordinates.hpp"
 #include "X11/X11Connection.hpp"
 
 #include <QEnterEvent>
@@ -219,7 +220,7 @@ void QtPanelWindow::keyPressEvent(QKeyEvent* event) {
 
 void QtPanelWindow::surfaceCreated() {
     window_ = static_cast<xcb_window_t>(winId());
-    picture_ = std::make_unique<PanelPicture>(context_, window_);
+    picture_ = std::make_unique<PanelPresenter>(context_, window_);
     picture_->setScene(scene_);
     pointer_.setWindow(window_);
     keep();
@@ -316,11 +317,11 @@ void QtPanelWindow::relayout() {
     if (picture_) {
         picture_->setLayout(
             {.window = {actual.width, actual.height},
-             .asked = {target_.width, target_.height},
              .active = {plannedCorner, QSize{planned.width, planned.height}},
-             .lag = isToMove ? QPoint{actual.x - target_.x, actual.y - target_.y} : QPoint{},
              .mapping = mapping_,
-             .view = hostedFrame_.size()});
+             .view = hostedFrame_.size()},
+            {.asked = {target_.width, target_.height},
+             .lag = isToMove ? QPoint{actual.x - target_.x, actual.y - target_.y} : QPoint{}});
     }
 }
 
@@ -381,9 +382,11 @@ void QtPanelWindow::popUpMenu(const Menu& menu, const MenuPlace& place,
     const QPointF rootPixel = mapping_.toPixels(place.at) + corner();
     const QPoint at = QtCoordinates::position(*screen, display_, rootPixel);
     pointer_.menuOpened();
+    const MenuPlace onScreen{{static_cast<double>(at.x()), static_cast<double>(at.y())},
+                             place.side};
     menu_ = std::make_unique<PopUpMenu>(
-        menu, *screen,
-        MenuPlace{{static_cast<double>(at.x()), static_cast<double>(at.y())}, place.side},
+        menu,
+        [screen, &onScreen](QMenu& filled) { MenuPlacement::open(filled, *screen, onScreen); },
         [this, onClose = std::move(onClose)](const MenuAction& chosen) {
             menu_.reset();
             pointer_.menuClosed();

@@ -11,7 +11,7 @@
 #include "Panels/FrameClock.hpp"
 #include "Panels/Keeping/DockKeeper.hpp"
 #include "Panels/PanelContext.hpp"
-#include "Panels/PanelPicture.hpp"
+#include "Panels/PanelPresenter.hpp"
 #include "Panels/Pointer/PanelPointer.hpp"
 #include "Platform/PanelWindow.hpp"
 #include "Toolkit/PopUpMenu.hpp"
@@ -29,10 +29,6 @@ class QtPanelWindow final : public QWindow, public PanelWindow, private PanelPoi
 public:
     QtPanelWindow(const PanelContext& context, std::uint32_t displayID, const Rect& frame,
                   PanelWindowListener& listener);
-    QtPanelWindow(const QtPanelWindow&) = delete;
-    QtPanelWindow& operator=(const QtPanelWindow&) = delete;
-    QtPanelWindow(QtPanelWindow&&) = delete;
-    QtPanelWindow& operator=(QtPanelWindow&&) = delete;
     ~QtPanelWindow() override;
 
     void setOverhang(const Overhang& overhang) override { nextOverhang_ = overhang; }
@@ -111,7 +107,7 @@ private:
     Keeper keptBy_;
     /// The current X window; Qt creates a new one when the screen is lost.
     xcb_window_t window_ = XCB_NONE;
-    std::unique_ptr<PanelPicture> picture_;
+    std::unique_ptr<PanelPresenter> picture_;
     std::unique_ptr<DockKeeper> keeper_;
     std::unique_ptr<XdndTarget> drops_;
     std::unique_ptr<PopUpMenu> menu_;

@@ -14,12 +14,12 @@ constexpr std::chrono::milliseconds afterStart{400};
 }
 
 QtPanelWindows::QtPanelWindows(X11Connection& connection, RandrScreens& screens,
-                               const std::string& widgetTheme)
+                               Appearance& appearance)
     : connection_(connection)
     , drawing_(connection)
     , screens_(screens)
     , desktop_(connection)
-    , appearance_(widgetTheme) {
+    , appearance_(appearance) {
     QObject::connect(&fontIsDue_, &QTimer::timeout, &LabelPainter::prepareFont);
     fontIsDue_.setSingleShot(true);
     fontIsDue_.start(afterStart);

@@ -1,6 +1,7 @@
 /// Keeps a window at its position, despite window managers and Qt's rounding.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "Panels/Keeping/CorrectionBudget.hpp"
 #include "X11/PixelRect.hpp"
 
@@ -15,7 +16,7 @@ namespace vireline::x11 {
 
 class X11Connection;
 
-class WindowPlace {
+class WindowPlace : private NonCopyable {
 public:
     /// `actual` or `isUnderWay` has changed without an event.
     std::function<void()> onChange;
@@ -24,11 +25,6 @@ public:
 
     /// For the newly created window of that display's dock.
     WindowPlace(const X11Connection& connection, xcb_window_t window, std::uint32_t displayID);
-    WindowPlace(const WindowPlace&) = delete;
-    WindowPlace& operator=(const WindowPlace&) = delete;
-    WindowPlace(WindowPlace&&) = delete;
-    WindowPlace& operator=(WindowPlace&&) = delete;
-    ~WindowPlace() = default;
 
     /// Moves it there, in pixels of the root window, and from now on moves it back there.
     void set(const PixelRect& place);

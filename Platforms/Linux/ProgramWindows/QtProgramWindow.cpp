@@ -4,15 +4,14 @@
 #include "ProgramWindows/WindowPalette.hpp"
 #include "Toolkit/Appearance.hpp"
 #include "Toolkit/QtApplication.hpp"
-#include "X11/X11Connection.hpp"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <QWindow>
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace vireline::x11 {
@@ -95,13 +94,7 @@ void QtProgramWindow::bringToFront() {
     else
         show();
     raise();
-    // Sent as a pager would: the user has asked for this window, but perhaps not by a click in one
-    // of our windows.
-    constexpr std::uint32_t pager = 2;
-    context_.connection.sendToRoot(
-        static_cast<xcb_window_t>(winId()), "_NET_ACTIVE_WINDOW",
-        std::array<std::uint32_t, 3>{pager, context_.connection.userTime(), 0});
-    context_.connection.flush();
+    context_.bringToFront(*windowHandle());
     activateWindow();
 }
 

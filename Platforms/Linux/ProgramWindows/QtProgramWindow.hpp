@@ -6,6 +6,7 @@
 
 #include <QWidget>
 #include <functional>
+#include <memory>
 
 namespace vireline {
 class MotionSettings;
@@ -16,11 +17,11 @@ namespace vireline::x11 {
 class Appearance;
 class QtApplication;
 class Symbols;
-class X11Connection;
 
 /// Shared by all such windows; must outlive them.
 struct WindowContext {
-    X11Connection& connection;
+    /// Raises one of them above the windows of all programs and gives it the focus.
+    std::function<void(QWindow&)> bringToFront;
     const QtApplication& application;
     Appearance& appearance;
     const Symbols& symbols;
@@ -30,11 +31,6 @@ struct WindowContext {
 class QtProgramWindow final : public QWidget {
 public:
     QtProgramWindow(const WindowStyle& style, const WindowContext& context);
-    QtProgramWindow(const QtProgramWindow&) = delete;
-    QtProgramWindow& operator=(const QtProgramWindow&) = delete;
-    QtProgramWindow(QtProgramWindow&&) = delete;
-    QtProgramWindow& operator=(QtProgramWindow&&) = delete;
-    ~QtProgramWindow() override = default;
 
     /// Called once, when the window was closed by the user or by another program.
     std::function<void()> onClosed;

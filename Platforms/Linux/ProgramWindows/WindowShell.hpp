@@ -2,6 +2,7 @@
 /// kept from one opening to the next.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "ProgramWindows/QtProgramWindow.hpp"
 
 #include <QPoint>
@@ -11,7 +12,7 @@
 
 namespace vireline::x11 {
 
-class WindowShell {
+class WindowShell : private NonCopyable {
 public:
     /// Fills a window before it is shown.
     using Populate = std::function<void(QtProgramWindow&)>;
@@ -20,11 +21,6 @@ public:
 
     WindowShell(WindowStyle style, const WindowContext& context, Populate populate,
                 Cleared cleared);
-    WindowShell(const WindowShell&) = delete;
-    WindowShell& operator=(const WindowShell&) = delete;
-    WindowShell(WindowShell&&) = delete;
-    WindowShell& operator=(WindowShell&&) = delete;
-    ~WindowShell() = default;
 
     void makeKeyAndOrderFront();
     void close();

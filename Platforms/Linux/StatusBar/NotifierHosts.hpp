@@ -1,6 +1,7 @@
 /// Finds out whether anything on the session bus shows status notifier items, and registers ours.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/Observable.hpp"
 #include "GLib/SessionBus.hpp"
 
@@ -10,7 +11,7 @@
 
 namespace vireline::x11 {
 
-class NotifierHosts {
+class NotifierHosts : private NonCopyable {
 public:
     enum class State {
         unknown, ///< no reply yet
@@ -19,10 +20,6 @@ public:
     };
 
     NotifierHosts();
-    NotifierHosts(const NotifierHosts&) = delete;
-    NotifierHosts& operator=(const NotifierHosts&) = delete;
-    NotifierHosts(NotifierHosts&&) = delete;
-    NotifierHosts& operator=(NotifierHosts&&) = delete;
     ~NotifierHosts();
 
     [[nodiscard]] State state() const;

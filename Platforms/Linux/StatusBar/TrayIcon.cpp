@@ -58,7 +58,7 @@ bool isBright(const QImage& image) {
 }
 
 TrayIcon::TrayIcon(X11Connection& connection, xcb_window_t manager, const std::string& name,
-                   Callbacks callbacks)
+                   SystemTray::IconCallbacks callbacks)
     : connection_(connection), manager_(manager), callbacks_(std::move(callbacks)) {
     create(name);
     events_ = connection_.observe([this](const xcb_generic_event_t& event) { handle(event); });

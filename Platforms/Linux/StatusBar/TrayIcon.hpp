@@ -2,13 +2,14 @@
 /// window, in whole pixels, over the background that the tray shows.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/ScopedHandle.hpp"
+#include "StatusBar/SystemTray.hpp"
 
 #include <xcb/xcb.h>
 
 #include <QColor>
 #include <QImage>
-#include <functional>
 #include <optional>
 #include <string>
 
@@ -16,24 +17,12 @@ namespace vireline::x11 {
 
 class X11Connection;
 
-class TrayIcon {
+class TrayIcon final : public SystemTray::Icon, private NonCopyable {
 public:
-    struct Callbacks {
-        /// Renders the icon's shape in a colour, as a square of this many pixels.
-        std::function<QImage(int side, const QColor& colour)> picture;
-        /// Called when the user clicks it with the primary or secondary button, both pressed and
-        /// released over the icon.
-        std::function<void()> clicked;
-    };
-
     /// Asks the tray, identified by its manager window, to embed it.
     TrayIcon(X11Connection& connection, xcb_window_t manager, const std::string& name,
-             Callbacks callbacks);
-    TrayIcon(const TrayIcon&) = delete;
-    TrayIcon& operator=(const TrayIcon&) = delete;
-    TrayIcon(TrayIcon&&) = delete;
-    TrayIcon& operator=(TrayIcon&&) = delete;
-    ~TrayIcon();
+             SystemTray::IconCallbacks callbacks);
+    ~TrayIcon() override;
 
 private:
     void create(const std::string& name);
@@ -48,7 +37,7 @@ private:
 
     X11Connection& connection_;
     xcb_window_t manager_;
-    Callbacks callbacks_;
+    SystemTray::IconCallbacks callbacks_;
     xcb_window_t window_ = XCB_NONE;
     xcb_colormap_t colormap_ = XCB_NONE;
     /// Whether the window has an alpha channel, rather than the screen's depth.

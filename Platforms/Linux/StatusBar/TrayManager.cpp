@@ -1,5 +1,6 @@
 #include "StatusBar/TrayManager.hpp"
 
+#include "StatusBar/TrayIcon.hpp"
 #include "X11/X11Connection.hpp"
 
 namespace vireline::x11 {
@@ -12,6 +13,11 @@ TrayManager::TrayManager(X11Connection& connection)
     // A new tray announces itself on the root window.
     connection_.selectInput(connection_.root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     look();
+}
+
+std::unique_ptr<SystemTray::Icon> TrayManager::makeIcon(const std::string& name,
+                                                        IconCallbacks callbacks) {
+    return std::make_unique<TrayIcon>(connection_, window_.get(), name, std::move(callbacks));
 }
 
 void TrayManager::handle(const xcb_generic_event_t& event) {

@@ -3,11 +3,13 @@
 
 #include "StatusBar/TrayStatusItem.hpp"
 
+#include <utility>
+
 namespace vireline::x11 {
 
 class TrayStatusBar final : public StatusBar {
 public:
-    explicit TrayStatusBar(const StatusBarContext& context) : context_(context) {}
+    explicit TrayStatusBar(StatusBarContext context) : context_(std::move(context)) {}
 
     [[nodiscard]] std::unique_ptr<StatusItem> makeStatusItem() override {
         return std::make_unique<TrayStatusItem>(context_);

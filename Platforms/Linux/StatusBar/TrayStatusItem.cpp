@@ -4,9 +4,7 @@
 #include "ProgramWindows/Symbols.hpp"
 #include "Toolkit/Appearance.hpp"
 
-#include <QCursor>
-#include <QGuiApplication>
-#include <QScreen>
+#include <utility>
 
 namespace vireline::x11 {
 namespace {
@@ -16,9 +14,9 @@ constexpr const char* installedSymbol = "vireline-symbolic";
 }
 
 TrayStatusItem::TrayStatusItem(const StatusBarContext& context)
-    : context_(context), tray_(context.connection) {
+    : context_(context), tray_(context.makeTray()) {
     const auto changed = lifetime_.guard([this] { update(); });
-    observations_ = {hosts_.observe(changed), tray_.observe(changed),
+    observations_ = {hosts_.observe(changed), tray_ ? tray_->observe(changed) : Subscription{},
                      context_.appearance.observe(lifetime_.guard([this] {
                          if (notifierItem_)
                              notifierItem_->pictureChanged();
@@ -43,10 +41,10 @@ void TrayStatusItem::update() {
     if (hosts_.bus() != nullptr && !notifierItem_)
         makeNotifierItem();
     const bool belongsInTray =
-        hosts_.state() == NotifierHosts::State::absent && tray_.window() != XCB_NONE;
+        hosts_.state() == NotifierHosts::State::absent && currentTray() != WindowID::none;
     if (!belongsInTray)
         trayIcon_.reset();
-    else if (!trayIcon_ || dockedWith_ != tray_.window())
+    else if (!trayIcon_ || dockedWith_ != currentTray())
         makeTrayIcon();
 }
 
@@ -64,27 +62,28 @@ void TrayStatusItem::makeNotifierItem() {
 
 void TrayStatusItem::makeTrayIcon() {
     trayIcon_.reset();
-    dockedWith_ = tray_.window();
-    trayIcon_ = std::make_unique<TrayIcon>(
-        context_.connection, dockedWith_, symbol_.description,
-        TrayIcon::Callbacks{.picture =
-                                [this](int side, const QColor& colour) {
-                                    return context_.symbols.image(symbol_.name, side, colour);
-                                },
-                            .clicked = [this] { popUpMenu(); }});
+    dockedWith_ = currentTray();
+    trayIcon_ = tray_->makeIcon(
+        symbol_.description,
+        SystemTray::IconCallbacks{.picture =
+                                      [this](int side, const QColor& colour) {
+                                          return context_.symbols.image(symbol_.name, side, colour);
+                                      },
+                                  .clicked = [this] { popUpMenu(); }});
+}
+
+WindowID TrayStatusItem::currentTray() const {
+    return tray_ ? tray_->current() : WindowID::none;
 }
 
 void TrayStatusItem::popUpMenu() {
-    const QPoint pointer = QCursor::pos();
-    QScreen* const screen = QGuiApplication::screenAt(pointer);
     auto closed = [this](const MenuAction& chosen) {
         popUpMenu_.reset();
         if (chosen)
             chosen();
     };
-    popUpMenu_ = std::make_unique<PopUpMenu>(
-        menu_(), screen == nullptr ? *QGuiApplication::primaryScreen() : *screen, pointer,
-        lifetime_.guard(std::move(closed)));
+    popUpMenu_ = std::make_unique<PopUpMenu>(menu_(), context_.openAtPointer,
+                                             lifetime_.guard(std::move(closed)));
 }
 
 /// For hosts whose background colour is unknown: in the usual colour of symbols on such a desktop.

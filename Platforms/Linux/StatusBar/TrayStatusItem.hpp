@@ -1,13 +1,13 @@
 /// A status item wherever this desktop can show one: in a status notifier host, or, if there is
-/// none, in the system tray. While the desktop has neither, the item is not shown.
+/// none, in the window system's tray. While the desktop has neither, the item is not shown.
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Platform/StatusBar.hpp"
 #include "StatusBar/NotifierHosts.hpp"
 #include "StatusBar/NotifierItem.hpp"
-#include "StatusBar/TrayIcon.hpp"
-#include "StatusBar/TrayManager.hpp"
+#include "StatusBar/SystemTray.hpp"
 #include "Toolkit/PopUpMenu.hpp"
 
 #include <array>
@@ -22,20 +22,18 @@ class Symbols;
 
 /// Must outlive the items.
 struct StatusBarContext {
-    X11Connection& connection;
+    /// May return null.
+    std::function<std::unique_ptr<SystemTray>()> makeTray;
+    /// Opens a menu at the pointer.
+    PopUpMenu::Opener openAtPointer;
     Appearance& appearance;
     const Symbols& symbols;
     const IconTheme& theme;
 };
 
-class TrayStatusItem final : public StatusItem {
+class TrayStatusItem final : public StatusItem, private NonCopyable {
 public:
     explicit TrayStatusItem(const StatusBarContext& context);
-    TrayStatusItem(const TrayStatusItem&) = delete;
-    TrayStatusItem& operator=(const TrayStatusItem&) = delete;
-    TrayStatusItem(TrayStatusItem&&) = delete;
-    TrayStatusItem& operator=(TrayStatusItem&&) = delete;
-    ~TrayStatusItem() override = default;
 
     void setImage(const std::string& symbol, const std::string& accessibilityDescription) override;
     void setMenu(std::function<Menu()> menu) override;
@@ -45,6 +43,7 @@ private:
     void update();
     void makeNotifierItem();
     void makeTrayIcon();
+    [[nodiscard]] WindowID currentTray() const;
     void popUpMenu();
     [[nodiscard]] QImage picture(int side) const;
 
@@ -52,11 +51,12 @@ private:
     StatusSymbol symbol_;
     std::function<Menu()> menu_;
     NotifierHosts hosts_;
-    TrayManager tray_;
+    /// Null if the window system has none.
+    std::unique_ptr<SystemTray> tray_;
     std::unique_ptr<NotifierItem> notifierItem_;
-    std::unique_ptr<TrayIcon> trayIcon_;
-    /// The manager window of the tray that the icon is in.
-    xcb_window_t dockedWith_ = XCB_NONE;
+    std::unique_ptr<SystemTray::Icon> trayIcon_;
+    /// The tray that the icon is in.
+    WindowID dockedWith_ = WindowID::none;
     std::unique_ptr<PopUpMenu> popUpMenu_;
     std::array<Subscription, 3> observations_;
     Lifetime lifetime_;

@@ -1,35 +1,11 @@
 #include "Toolkit/PopUpMenu.hpp"
 
 #include <QKeyEvent>
-#include <QScreen>
-#include <algorithm>
 #include <cctype>
-#include <cmath>
 #include <utility>
 
 namespace vireline::x11 {
 namespace {
-
-/// Puts the menu's nearest corner at `at`, if there is room for that on the screen.
-QPoint placed(QPoint at, QSize menu, const QRect& screen) {
-    const auto along = [](int from, int length, int low, int high) {
-        const int opposite = from - length;
-        const int best = from + length <= high || opposite < low ? from : opposite;
-        return std::max(low, std::min(best, high - length));
-    };
-    return {along(at.x(), menu.width(), screen.left(), screen.left() + screen.width()),
-            along(at.y(), menu.height(), screen.top(), screen.top() + screen.height())};
-}
-
-QPoint placed(const MenuPlace& place, QSize menu, const QRect& screen) {
-    const Point corner =
-        place.corner({static_cast<double>(menu.width()), static_cast<double>(menu.height())});
-    const auto along = [](double from, int length, int low, int high) {
-        return std::max(low, std::min(static_cast<int>(std::lround(from)), high - length));
-    };
-    return {along(corner.x, menu.width(), screen.left(), screen.left() + screen.width()),
-            along(corner.y, menu.height(), screen.top(), screen.top() + screen.height())};
-}
 
 QKeyCombination keyOf(char keyEquivalent) {
     const auto letter = static_cast<unsigned char>(keyEquivalent);
@@ -53,23 +29,13 @@ private:
 
 }
 
-PopUpMenu::PopUpMenu(const Menu& menu, QScreen& screen, QPoint at, Closed closed)
-    : PopUpMenu(menu, screen, std::move(closed)) {
-    menu_->popup(placed(at, menu_->sizeHint(), screen.geometry()));
-}
-
-PopUpMenu::PopUpMenu(const Menu& menu, QScreen& screen, const MenuPlace& place, Closed closed)
-    : PopUpMenu(menu, screen, std::move(closed)) {
-    menu_->popup(placed(place, menu_->sizeHint(), screen.geometry()));
-}
-
-PopUpMenu::PopUpMenu(const Menu& menu, QScreen& screen, Closed closed)
+PopUpMenu::PopUpMenu(const Menu& menu, const Opener& open, Closed closed)
     : closed_(std::move(closed)), menu_(std::make_unique<KeyedMenu>().release()) {
     fill(menu);
     // Queued, because Qt reports the chosen action only after hiding the menu.
     QObject::connect(menu_.get(), &QMenu::aboutToHide, menu_.get(),
                      lifetime_.guard([this] { finish(); }), Qt::QueuedConnection);
-    menu_->setScreen(&screen);
+    open(*menu_);
 }
 
 void PopUpMenu::Discard::operator()(QMenu* menu) const {

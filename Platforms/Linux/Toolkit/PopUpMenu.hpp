@@ -3,32 +3,25 @@
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Presentation/Menu.hpp"
 
 #include <QMenu>
-#include <QPoint>
 #include <functional>
 #include <memory>
 
-class QScreen;
-
 namespace vireline::x11 {
 
-class PopUpMenu {
+class PopUpMenu : private NonCopyable {
 public:
     /// Called once, when the menu is closed and no longer holds the pointer, with the action of the
     /// chosen command; null if none was chosen or it does nothing. May destroy the menu.
     using Closed = std::function<void(const MenuAction& chosen)>;
 
-    /// Opens with a corner at a position in Qt's coordinates, inside the screen.
-    PopUpMenu(const Menu& menu, QScreen& screen, QPoint at, Closed closed);
-    /// Opens at a place in Qt's coordinates, shifted to fit inside the screen.
-    PopUpMenu(const Menu& menu, QScreen& screen, const MenuPlace& place, Closed closed);
-    PopUpMenu(const PopUpMenu&) = delete;
-    PopUpMenu& operator=(const PopUpMenu&) = delete;
-    PopUpMenu(PopUpMenu&&) = delete;
-    PopUpMenu& operator=(PopUpMenu&&) = delete;
-    ~PopUpMenu() = default;
+    /// Shows the filled menu in its place; how that is done depends on the window system.
+    using Opener = std::function<void(QMenu&)>;
+
+    PopUpMenu(const Menu& menu, const Opener& open, Closed closed);
 
     void close() { menu_->close(); }
 
@@ -41,7 +34,6 @@ private:
         void operator()(QMenu* menu) const;
     };
 
-    PopUpMenu(const Menu& menu, QScreen& screen, Closed closed);
     void fill(const Menu& menu);
     void finish();
 

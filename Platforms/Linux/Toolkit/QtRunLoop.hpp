@@ -15,13 +15,6 @@ namespace vireline::x11 {
 /// entirely, for example during sleep, are skipped.
 class QtRunLoop final : public RunLoop, private QObject {
 public:
-    QtRunLoop() = default;
-    QtRunLoop(const QtRunLoop&) = delete;
-    QtRunLoop& operator=(const QtRunLoop&) = delete;
-    QtRunLoop(QtRunLoop&&) = delete;
-    QtRunLoop& operator=(QtRunLoop&&) = delete;
-    ~QtRunLoop() override = default;
-
     [[nodiscard]] double now() const override;
     [[nodiscard]] Timer after(double seconds, std::function<void()> fire) override;
     /// `seconds` must be positive; anything below a millisecond is rounded up to one.

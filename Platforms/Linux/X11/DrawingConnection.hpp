@@ -3,6 +3,7 @@
 /// Requests on the two connections are not ordered relative to each other.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "X11/XcbHandles.hpp"
 
 namespace vireline::x11 {
@@ -11,14 +12,10 @@ class X11Connection;
 
 /// Asks the server to report when it has processed all earlier requests. Usually the reply has
 /// already arrived when it is needed.
-class ServerMark {
+class ServerMark : private NonCopyable {
 public:
     explicit ServerMark(xcb_connection_t* connection)
         : connection_(connection), cookie_(xcb_get_input_focus(connection)) {}
-    ServerMark(const ServerMark&) = delete;
-    ServerMark& operator=(const ServerMark&) = delete;
-    ServerMark(ServerMark&&) = delete;
-    ServerMark& operator=(ServerMark&&) = delete;
     ~ServerMark();
 
     /// Blocks until the server has processed them.

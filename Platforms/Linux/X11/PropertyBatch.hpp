@@ -2,6 +2,7 @@
 /// window, a missing property and one of another type all yield no value.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "X11/SideConnection.hpp"
 #include "X11/X11Connection.hpp"
 
@@ -13,7 +14,7 @@
 
 namespace vireline::x11 {
 
-class PropertyBatch {
+class PropertyBatch : private NonCopyable {
 public:
     explicit PropertyBatch(const X11Connection& connection)
         : connection_(connection), server_(connection.get()) {}
@@ -21,10 +22,6 @@ public:
     PropertyBatch(const X11Connection& connection, SideConnection& side,
                   SideConnection::Deadline deadline)
         : connection_(connection), server_(side.get()), side_(&side), deadline_(deadline) {}
-    PropertyBatch(const PropertyBatch&) = delete;
-    PropertyBatch& operator=(const PropertyBatch&) = delete;
-    PropertyBatch(PropertyBatch&&) = delete;
-    PropertyBatch& operator=(PropertyBatch&&) = delete;
     ~PropertyBatch();
 
     /// Requests at most the first `maximumBytes` and returns the request's index, counted from 0.

@@ -2,6 +2,7 @@
 /// asynchronously: the owner may be slow, send it in chunks, or exit.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/Result.hpp"
 #include "Foundation/ScopedHandle.hpp"
 
@@ -17,7 +18,7 @@ namespace vireline::x11 {
 
 class X11Connection;
 
-class SelectionTransfer {
+class SelectionTransfer : private NonCopyable {
 public:
     struct Request {
         /// A window whose property changes this client receives.
@@ -40,11 +41,6 @@ public:
     /// Fails if the owner does not respond for `timeout`.
     SelectionTransfer(X11Connection& connection, const Request& request, Done done,
                       std::chrono::milliseconds timeout = defaultTimeout);
-    SelectionTransfer(const SelectionTransfer&) = delete;
-    SelectionTransfer& operator=(const SelectionTransfer&) = delete;
-    SelectionTransfer(SelectionTransfer&&) = delete;
-    SelectionTransfer& operator=(SelectionTransfer&&) = delete;
-    ~SelectionTransfer() = default;
 
 private:
     void handle(const xcb_generic_event_t& event);

@@ -1,6 +1,8 @@
 /// Memory shared with the X server, so that images need not be sent through the connection.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
+
 #include <xcb/shm.h>
 
 #include <cstddef>
@@ -11,17 +13,13 @@ namespace vireline::x11 {
 
 class DrawingConnection;
 
-class SharedMemory {
+class SharedMemory : private NonCopyable {
 public:
     /// Null if the server cannot share memory with this program, for example across a network. One
     /// round trip.
     [[nodiscard]] static std::unique_ptr<SharedMemory> make(const DrawingConnection& connection,
                                                             std::size_t bytes);
 
-    SharedMemory(const SharedMemory&) = delete;
-    SharedMemory& operator=(const SharedMemory&) = delete;
-    SharedMemory(SharedMemory&&) = delete;
-    SharedMemory& operator=(SharedMemory&&) = delete;
     /// The server keeps its own mapping until it has processed earlier requests.
     ~SharedMemory();
 

@@ -3,6 +3,7 @@
 /// requested on it ends with it.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/Result.hpp"
 #include "X11/X11Connection.hpp"
 #include "X11/XServer.hpp"
@@ -18,18 +19,12 @@
 
 namespace vireline::x11 {
 
-class SideConnection {
+class SideConnection : private NonCopyable {
 public:
     using Deadline = std::chrono::steady_clock::time_point;
 
     /// Fails if the server refuses another connection.
     [[nodiscard]] static Result<std::unique_ptr<SideConnection>> open();
-
-    SideConnection(const SideConnection&) = delete;
-    SideConnection& operator=(const SideConnection&) = delete;
-    SideConnection(SideConnection&&) = delete;
-    SideConnection& operator=(SideConnection&&) = delete;
-    ~SideConnection() = default;
 
     [[nodiscard]] xcb_connection_t* get() const noexcept { return server_.connection(); }
     [[nodiscard]] xcb_window_t root() const noexcept { return server_.root(); }

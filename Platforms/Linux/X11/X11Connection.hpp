@@ -4,6 +4,7 @@
 #pragma once
 
 #include "Foundation/CallbackList.hpp"
+#include "Foundation/NonCopyable.hpp"
 
 #include <xcb/xcb.h>
 
@@ -32,7 +33,7 @@ struct Freed {
 template <class T>
 using Owned = std::unique_ptr<T, Freed>;
 
-class X11Connection : private QAbstractNativeEventFilter {
+class X11Connection : private QAbstractNativeEventFilter, private NonCopyable {
 public:
     /// Limit on properties that are read, because any client can set one of any length.
     static constexpr std::uint32_t maximumPropertyBytes = 4U << 20U;
@@ -40,10 +41,6 @@ public:
     /// Uses the connection of the running QApplication, which must use the xcb plugin.
     X11Connection();
     ~X11Connection() override;
-    X11Connection(const X11Connection&) = delete;
-    X11Connection& operator=(const X11Connection&) = delete;
-    X11Connection(X11Connection&&) = delete;
-    X11Connection& operator=(X11Connection&&) = delete;
 
     [[nodiscard]] xcb_connection_t* get() const noexcept { return connection_; }
     [[nodiscard]] xcb_window_t root() const noexcept { return root_; }

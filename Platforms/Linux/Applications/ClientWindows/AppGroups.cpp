@@ -49,10 +49,9 @@ const ClientWindow& mostRecent(const AppGroup& group) {
     return *best;
 }
 
-bool isActive(const AppGroup& group, xcb_window_t activeWindow,
-              std::optional<std::uint32_t> desktop) {
+bool isActive(const AppGroup& group, WindowID activeWindow, std::optional<std::uint32_t> desktop) {
     const auto active = std::ranges::find(group.windows, activeWindow, &ClientWindow::id);
-    if (activeWindow == XCB_NONE || active == group.windows.end())
+    if (activeWindow == WindowID::none || active == group.windows.end())
         return false;
     return !active->isHidden && (!desktop || active->isOnDesktop(*desktop));
 }

@@ -44,7 +44,7 @@ namespace AppGroups {
 /// Whether the app owns the active window, and that window is visible on this desktop. Some window
 /// managers keep a window active when they iconify it or switch to another desktop. If `desktop` is
 /// nullopt, every window counts as being on it.
-[[nodiscard]] bool isActive(const AppGroup& group, xcb_window_t activeWindow,
+[[nodiscard]] bool isActive(const AppGroup& group, WindowID activeWindow,
                             std::optional<std::uint32_t> desktop);
 
 /// The groups of `these` whose apps are not among `those`.

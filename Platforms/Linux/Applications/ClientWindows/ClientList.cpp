@@ -1,5 +1,6 @@
 #include "Applications/ClientWindows/ClientList.hpp"
 
+#include "Applications/ClientWindows/XcbWindows.hpp"
 #include "Files/StartLog.hpp"
 #include "X11/PropertyBatch.hpp"
 
@@ -202,9 +203,10 @@ void ClientList::learn(const std::vector<xcb_window_t>& listed) {
     for (auto& window : reader_.read(wanted)) {
         if (!window)
             continue;
-        Known& known = known_[window->id];
+        const xcb_window_t id = xcbWindow(window->id);
+        Known& known = known_[id];
         window->lastActive = known.window.lastActive;
-        if (window->id == active_ && window->lastActive == 0)
+        if (id == active_ && window->lastActive == 0)
             window->lastActive = ++activations_;
         known.isOwn = window->processIdentifier == getpid();
         known.window = std::move(*window);
@@ -221,7 +223,7 @@ void ClientList::noteEarlierWindows() {
     if (const auto found = known_.find(active_); found != known_.end())
         found->second.window.lastActive = ++activations_;
     for (auto& window : windows_)
-        window = known_[window.id].window;
+        window = known_[xcbWindow(window.id)].window;
 }
 
 void ClientList::noteActive(xcb_window_t active) {

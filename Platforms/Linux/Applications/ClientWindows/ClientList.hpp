@@ -5,6 +5,7 @@
 #include "Applications/ClientWindows/ClientWindow.hpp"
 #include "Applications/ClientWindows/ClientWindowReader.hpp"
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Platform/RunLoop.hpp"
 #include "X11/X11Connection.hpp"
 
@@ -17,15 +18,10 @@
 
 namespace vireline::x11 {
 
-class ClientList {
+class ClientList : private NonCopyable {
 public:
     /// Reads the current windows.
     ClientList(X11Connection& connection, RunLoop& runLoop);
-    ClientList(const ClientList&) = delete;
-    ClientList& operator=(const ClientList&) = delete;
-    ClientList(ClientList&&) = delete;
-    ClientList& operator=(ClientList&&) = delete;
-    ~ClientList() = default;
 
     /// In the window manager's order, oldest first, without this program's own windows.
     [[nodiscard]] const std::vector<ClientWindow>& windows() const noexcept { return windows_; }

@@ -1,9 +1,8 @@
 /// One client window of the window manager, as its properties describe it.
 #pragma once
 
+#include "Applications/ClientWindows/WindowID.hpp"
 #include "Applications/Identity/WindowTraits.hpp"
-
-#include <xcb/xproto.h>
 
 #include <cstdint>
 #include <optional>
@@ -11,7 +10,7 @@
 namespace vireline::x11 {
 
 struct ClientWindow {
-    xcb_window_t id = XCB_NONE;
+    WindowID id = WindowID::none;
     WindowTraits traits;
     /// The owner's process on this machine; 0 if unknown.
     std::int32_t processIdentifier = 0;

@@ -1,5 +1,6 @@
 #include "Applications/ClientWindows/ClientWindowReader.hpp"
 
+#include "Applications/ClientWindows/XcbWindows.hpp"
 #include "Applications/Identity/PlainText.hpp"
 #include "X11/PropertyBatch.hpp"
 
@@ -136,7 +137,7 @@ ClientWindowReader::Requests ClientWindowReader::ask(PropertyBatch& batch,
 std::optional<ClientWindow> ClientWindowReader::collect(PropertyBatch& batch,
                                                         const Requests& requests) const {
     ClientWindow window{};
-    window.id = requests.window;
+    window.id = windowID(requests.window);
     window.processIdentifier = process(batch, requests);
     if (!batch.hasWindow(requests.wmClass))
         return std::nullopt;
@@ -206,8 +207,8 @@ void ClientWindowReader::completeStartupIDs(PropertyBatch& batch,
         if (!window || !window->traits.startupID.empty())
             continue;
         const xcb_window_t leader =
-            batch.word(requests[i].leader, XCB_ATOM_WINDOW).value_or(window->id);
-        if (leader != window->id)
+            batch.word(requests[i].leader, XCB_ATOM_WINDOW).value_or(requests[i].window);
+        if (leader != requests[i].window)
             asked.emplace_back(leaders.ask(leader, "_NET_STARTUP_ID", maximumTextBytes), &*window);
     }
     for (const auto& [request, window] : asked)

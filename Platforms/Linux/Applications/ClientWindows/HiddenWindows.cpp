@@ -8,7 +8,7 @@ namespace vireline::x11 {
 namespace {
 
 /// Null if no app has such a window.
-const ClientWindow* find(std::span<const AppGroup> apps, xcb_window_t id) {
+const ClientWindow* find(std::span<const AppGroup> apps, WindowID id) {
     for (const AppGroup& app : apps) {
         const auto found = std::ranges::find(app.windows, id, &ClientWindow::id);
         if (found != app.windows.end())
@@ -19,15 +19,15 @@ const ClientWindow* find(std::span<const AppGroup> apps, xcb_window_t id) {
 
 }
 
-std::vector<xcb_window_t> HiddenWindows::hide(const AppGroup& app,
-                                              std::optional<std::uint32_t> desktop, double now) {
-    std::vector<xcb_window_t> windows;
+std::vector<WindowID> HiddenWindows::hide(const AppGroup& app, std::optional<std::uint32_t> desktop,
+                                          double now) {
+    std::vector<WindowID> windows;
     for (const ClientWindow& window : app.windows) {
         const bool isHere = !desktop || window.isOnDesktop(*desktop);
         if (window.isOrdinary && isHere && (!window.isHidden || isReturning(window.id, now)))
             windows.push_back(window.id);
     }
-    for (const xcb_window_t id : windows) {
+    for (const WindowID id : windows) {
         std::erase_if(hidden_, [=](const Hidden& known) { return known.window == id; });
         std::erase_if(returning_, [=](const Returning& known) { return known.window == id; });
         const ClientWindow* const window = find({&app, 1}, id);
@@ -58,7 +58,7 @@ std::vector<HiddenWindows::Restored> HiddenWindows::bringBack(const AppGroup& ap
     return restored;
 }
 
-void HiddenWindows::update(std::span<const AppGroup> apps, xcb_window_t activeWindow) {
+void HiddenWindows::update(std::span<const AppGroup> apps, WindowID activeWindow) {
     const auto isGone = [apps](const auto& known) { return find(apps, known.window) == nullptr; };
     std::erase_if(hidden_, isGone);
     std::erase_if(returning_, isGone);
@@ -69,19 +69,19 @@ void HiddenWindows::update(std::span<const AppGroup> apps, xcb_window_t activeWi
     }
     const bool isToLeave =
         std::ranges::find(hidden_, activeWindow, &Hidden::window) != hidden_.end();
-    if (activeWindow == XCB_NONE || isToLeave)
+    if (activeWindow == WindowID::none || isToLeave)
         return;
     for (Hidden& known : hidden_)
         known.isOvertaken = true;
 }
 
-bool HiddenWindows::isLeaving(xcb_window_t window, double now) const {
+bool HiddenWindows::isLeaving(WindowID window, double now) const {
     const auto known = std::ranges::find(hidden_, window, &Hidden::window);
     return known != hidden_.end() && !known->isReported && !known->isOvertaken &&
            now - known->since < settlingSeconds;
 }
 
-bool HiddenWindows::isReturning(xcb_window_t window, double now) const {
+bool HiddenWindows::isReturning(WindowID window, double now) const {
     return std::ranges::any_of(returning_, [=](const Returning& known) {
         return known.window == window && now - known.since < settlingSeconds;
     });

@@ -5,8 +5,6 @@
 
 #include "Applications/ClientWindows/AppGroups.hpp"
 
-#include <xcb/xproto.h>
-
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -22,7 +20,7 @@ public:
 
     /// A window to restore.
     struct Restored {
-        xcb_window_t window = XCB_NONE;
+        WindowID window = WindowID::none;
         /// The window manager has reported it iconified, and nothing else was requested since.
         /// Otherwise the request to iconify it may still be pending.
         bool isKnownIconified = false;
@@ -33,22 +31,22 @@ public:
     /// Records that the app's windows on this desktop are being iconified, and returns them:
     /// ordinary windows that are visible or about to be restored. Without a desktop, those of all
     /// desktops.
-    [[nodiscard]] std::vector<xcb_window_t> hide(const AppGroup& app,
-                                                 std::optional<std::uint32_t> desktop, double now);
+    [[nodiscard]] std::vector<WindowID> hide(const AppGroup& app,
+                                             std::optional<std::uint32_t> desktop, double now);
 
     /// The app's hidden windows that nothing else has restored, least recently active first.
     /// Afterwards none of the app's windows counts as hidden.
     [[nodiscard]] std::vector<Restored> bringBack(const AppGroup& app, double now);
 
     /// Updates the records from what the window manager reports.
-    void update(std::span<const AppGroup> apps, xcb_window_t activeWindow);
+    void update(std::span<const AppGroup> apps, WindowID activeWindow);
 
     /// Whether the window is being iconified but not reported as such yet.
-    [[nodiscard]] bool isLeaving(xcb_window_t window, double now) const;
+    [[nodiscard]] bool isLeaving(WindowID window, double now) const;
 
 private:
     struct Hidden {
-        xcb_window_t window = XCB_NONE;
+        WindowID window = WindowID::none;
         double since = 0;
         /// Seen visible since it was hidden, or visible when it was: only then does an iconified
         /// state mean that the window manager has processed this request.
@@ -58,11 +56,11 @@ private:
         bool isOvertaken = false;
     };
     struct Returning {
-        xcb_window_t window = XCB_NONE;
+        WindowID window = WindowID::none;
         double since = 0;
     };
 
-    [[nodiscard]] bool isReturning(xcb_window_t window, double now) const;
+    [[nodiscard]] bool isReturning(WindowID window, double now) const;
 
     std::vector<Hidden> hidden_;
     std::vector<Returning> returning_;

@@ -12,26 +12,11 @@ namespace {
 constexpr std::size_t maximumCommandBytes = 128UL * 1024;
 constexpr std::size_t maximumIconBytes = 4096;
 
-/// Most lines of an entry translate texts that this program does not show. GLib parses a thousand
-/// lines in about two million instructions, so these lines are left out.
-std::string withoutOtherTranslations(std::string_view text) {
-    std::string kept;
-    while (!text.empty()) {
-        const std::string_view line = text.substr(0, text.find('\n'));
-        const std::string_view key = line.substr(0, line.find('='));
-        if (!key.ends_with(']') || key.starts_with('[') || key.starts_with("Name["))
-            kept.append(line).append(1, '\n');
-        text.remove_prefix(std::min(line.size() + 1, text.size()));
-    }
-    return kept;
-}
-
 /// The group "Desktop Entry" of a file.
 class Group {
 public:
     explicit Group(std::string_view text) {
-        const std::string lines = withoutOtherTranslations(text);
-        isLoaded_ = g_key_file_load_from_data(file_.get(), lines.data(), lines.size(),
+        isLoaded_ = g_key_file_load_from_data(file_.get(), text.data(), text.size(),
                                               G_KEY_FILE_NONE, nullptr) != FALSE;
     }
 

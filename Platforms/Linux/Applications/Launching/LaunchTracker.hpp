@@ -4,6 +4,7 @@
 
 #include "Applications/Identity/AppIdentity.hpp"
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Platform/RunLoop.hpp"
 
 #include <cstdint>
@@ -14,7 +15,7 @@
 
 namespace vireline::x11 {
 
-class LaunchTracker {
+class LaunchTracker : private NonCopyable {
 public:
     /// A launch that shows no window within this time counts as failed.
     static constexpr double timeoutSeconds = 15;
@@ -22,11 +23,6 @@ public:
     static constexpr std::size_t maximumLaunches = 64;
 
     explicit LaunchTracker(RunLoop& runLoop) : runLoop_(runLoop) {}
-    LaunchTracker(const LaunchTracker&) = delete;
-    LaunchTracker& operator=(const LaunchTracker&) = delete;
-    LaunchTracker(LaunchTracker&&) = delete;
-    LaunchTracker& operator=(LaunchTracker&&) = delete;
-    ~LaunchTracker() = default;
 
     /// `isOurs`: only our own launches are used to identify windows. Does nothing if the ID is
     /// already known.

@@ -1,5 +1,9 @@
 #include "Applications/Launching/StartupMessenger.hpp"
 
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
 #include <cstring>
 
 namespace vireline::x11 {
@@ -30,7 +34,14 @@ StartupMessenger::~StartupMessenger() {
     xcb_destroy_window(connection_.get(), sender_);
 }
 
-void StartupMessenger::broadcast(const StartupMessage& message) {
+std::string StartupMessenger::nextStartupID() {
+    return "vireline-" + std::to_string(getpid()) + '-' + std::to_string(++launches_) + "_TIME" +
+           std::to_string(connection_.userTime());
+}
+
+void StartupMessenger::broadcast(StartupMessage message) {
+    if (message.kind == "new")
+        message.values["SCREEN"] = std::to_string(connection_.screenNumber());
     xcb_client_message_event_t event{};
     event.response_type = XCB_CLIENT_MESSAGE;
     event.format = 8;
@@ -59,8 +70,8 @@ void StartupMessenger::handle(const xcb_generic_event_t& event) {
     std::memcpy(chunk.data(), message.data.data8, chunk.size());
     const auto text = assembler_.take(message.window, isFirst, chunk);
     const auto parsed = text ? StartupMessages::parse(*text) : std::nullopt;
-    if (parsed && onMessage)
-        onMessage(*parsed);
+    if (parsed)
+        messages_.notify(*parsed);
 }
 
 }

@@ -2,27 +2,31 @@
 #pragma once
 
 #include "Applications/Launching/StartupMessage.hpp"
+#include "Applications/Launching/StartupNotices.hpp"
+#include "Foundation/CallbackList.hpp"
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "X11/X11Connection.hpp"
 
+#include <cstdint>
 #include <functional>
+#include <string>
+#include <utility>
 
 namespace vireline::x11 {
 
-class StartupMessenger {
+class StartupMessenger final : public StartupNotices, private NonCopyable {
 public:
     explicit StartupMessenger(X11Connection& connection);
-    StartupMessenger(const StartupMessenger&) = delete;
-    StartupMessenger& operator=(const StartupMessenger&) = delete;
-    StartupMessenger(StartupMessenger&&) = delete;
-    StartupMessenger& operator=(StartupMessenger&&) = delete;
-    ~StartupMessenger();
+    ~StartupMessenger() override;
 
-    /// Sends to every program on the display, including this one.
-    void broadcast(const StartupMessage& message);
-
-    /// Called for every complete and valid message.
-    std::function<void(const StartupMessage&)> onMessage;
+    /// The time of the user's last click stands at its end, as the protocol requires.
+    [[nodiscard]] std::string nextStartupID() override;
+    void broadcast(StartupMessage message) override;
+    [[nodiscard]] Subscription
+    observe(std::function<void(const StartupMessage&)> handler) override {
+        return messages_.add(std::move(handler));
+    }
 
 private:
     void handle(const xcb_generic_event_t& event);
@@ -31,6 +35,8 @@ private:
     /// An unmapped window that identifies our chunks as belonging together.
     xcb_window_t sender_;
     StartupMessageAssembler assembler_;
+    CallbackList<const StartupMessage&> messages_;
+    std::uint64_t launches_ = 0;
     Subscription events_;
     Lifetime lifetime_;
 };

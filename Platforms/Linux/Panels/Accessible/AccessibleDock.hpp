@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Panels/Accessible/DockAccess.hpp"
 #include "Panels/Accessible/DockInterface.hpp"
 #include "Panels/Accessible/Registered.hpp"
@@ -11,13 +12,9 @@
 
 namespace vireline::x11 {
 
-class AccessibleDock final : private QAccessible::ActivationObserver {
+class AccessibleDock final : private QAccessible::ActivationObserver, private NonCopyable {
 public:
     explicit AccessibleDock(DockAccess dock);
-    AccessibleDock(const AccessibleDock&) = delete;
-    AccessibleDock& operator=(const AccessibleDock&) = delete;
-    AccessibleDock(AccessibleDock&&) = delete;
-    AccessibleDock& operator=(AccessibleDock&&) = delete;
     ~AccessibleDock() override;
 
     /// The window's interface; from now on Qt also finds it through the window.

@@ -1,7 +1,7 @@
 #include "Panels/Drops/XdndTarget.hpp"
 
 #include "Foundation/DevLog.hpp"
-#include "Panels/Drops/DroppedText.hpp"
+#include "Panels/DroppedText.hpp"
 #include "X11/X11Connection.hpp"
 
 #include <unistd.h>

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Foundation/Geometry.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/Result.hpp"
 #include "Foundation/ScopedHandle.hpp"
 #include "Platform/PanelWindow.hpp"
@@ -21,7 +22,7 @@ namespace vireline::x11 {
 
 class X11Connection;
 
-class XdndTarget {
+class XdndTarget : private NonCopyable {
 public:
     /// Converts a pixel of the root window to a point in the hosted view.
     using ViewPoint = std::function<Point(int x, int y)>;
@@ -29,10 +30,6 @@ public:
     /// The window must outlive this object. Destroying it during a drag counts as the drag leaving.
     XdndTarget(X11Connection& connection, xcb_window_t window, PanelWindowListener& listener,
                ViewPoint viewPoint);
-    XdndTarget(const XdndTarget&) = delete;
-    XdndTarget& operator=(const XdndTarget&) = delete;
-    XdndTarget(XdndTarget&&) = delete;
-    XdndTarget& operator=(XdndTarget&&) = delete;
     ~XdndTarget();
 
     /// Handles a message to the window; returns false if it does not belong to the protocol.

@@ -2,6 +2,7 @@
 /// manager does that itself.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "Panels/Keeping/DockKeeping.hpp"
 #include "Panels/Keeping/StackKeeper.hpp"
 #include "Panels/WindowPlace.hpp"
@@ -18,7 +19,7 @@ namespace vireline::x11 {
 class DesktopWatch;
 struct PanelContext;
 
-class DockKeeper {
+class DockKeeper : private NonCopyable {
 public:
     // All callbacks must be set.
 
@@ -35,11 +36,6 @@ public:
     /// window bypasses the window manager (override-redirect).
     DockKeeper(const PanelContext& context, xcb_window_t window, std::uint32_t displayID,
                Keeper keeper);
-    DockKeeper(const DockKeeper&) = delete;
-    DockKeeper& operator=(const DockKeeper&) = delete;
-    DockKeeper(DockKeeper&&) = delete;
-    DockKeeper& operator=(DockKeeper&&) = delete;
-    ~DockKeeper() = default;
 
     [[nodiscard]] WindowPlace& place() noexcept { return place_; }
     [[nodiscard]] const WindowPlace& place() const noexcept { return place_; }

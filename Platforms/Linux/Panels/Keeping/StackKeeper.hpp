@@ -2,6 +2,7 @@
 /// up against a program that keeps restacking.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/ScopedHandle.hpp"
 #include "Panels/Keeping/CorrectionBudget.hpp"
 #include "Panels/Keeping/DockStacking.hpp"
@@ -16,17 +17,12 @@ namespace vireline::x11 {
 
 class X11Connection;
 
-class StackKeeper {
+class StackKeeper : private NonCopyable {
 public:
     /// Checks once now, and then whenever windows are created, destroyed, moved or restacked.
     /// `screen` is the window's display. Without a manager, a window that covers all of it counts
     /// as full-screen.
     StackKeeper(const X11Connection& connection, xcb_window_t window, const PixelRect& screen);
-    StackKeeper(const StackKeeper&) = delete;
-    StackKeeper& operator=(const StackKeeper&) = delete;
-    StackKeeper(StackKeeper&&) = delete;
-    StackKeeper& operator=(StackKeeper&&) = delete;
-    ~StackKeeper() = default;
 
     /// Must be called for every event.
     void handle(const xcb_generic_event_t& event);

@@ -2,6 +2,7 @@
 /// while the pointer moves within it.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "X11/SideConnection.hpp"
 
 #include <xcb/xcb.h>
@@ -14,17 +15,12 @@
 
 namespace vireline::x11 {
 
-class PointerGrid {
+class PointerGrid : private NonCopyable {
 public:
     /// `areas` are in the window's pixels; empty ones are ignored. Active when the constructor
     /// returns, unless the server does not respond. `onEntry` is called from the event loop with
     /// the position in the window where the pointer entered an area, and must not destroy the grid.
     PointerGrid(xcb_window_t window, std::vector<QRect> areas, std::function<void(QPoint)> onEntry);
-    PointerGrid(const PointerGrid&) = delete;
-    PointerGrid& operator=(const PointerGrid&) = delete;
-    PointerGrid(PointerGrid&&) = delete;
-    PointerGrid& operator=(PointerGrid&&) = delete;
-    ~PointerGrid() = default;
 
     [[nodiscard]] const std::vector<QRect>& areas() const noexcept { return areas_; }
     /// Whether the pointer's leaving this position will be reported.

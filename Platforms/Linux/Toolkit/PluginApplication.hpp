@@ -1,17 +1,19 @@
-/// Qt's application object, always on the xcb platform plugin, whatever platform the environment
-/// selects for Qt programs.
+/// Qt's application object on a given platform plugin, whatever platform the environment selects
+/// for Qt programs.
 #pragma once
 
 #include <QApplication>
 #include <array>
 #include <memory>
+#include <string>
 
 namespace vireline::x11 {
 
-class XcbApplication {
+class PluginApplication {
 public:
-    /// Needs a running X server, because Qt aborts the process without one.
-    XcbApplication();
+    /// `plugin` is the name of Qt's plugin for the window system, which must be running, because Qt
+    /// aborts the process otherwise.
+    explicit PluginApplication(const std::string& plugin);
 
     [[nodiscard]] QApplication& qt() noexcept { return *application_; }
 

@@ -1,20 +1,20 @@
 /// Whether the desktop wants animations, read from its settings daemon when the program starts.
 #pragma once
 
-#include "Icons/XSettings.hpp"
+#include "Desktop/SettingsDaemon.hpp"
 #include "Platform/MotionSettings.hpp"
 
 namespace vireline::x11 {
 
 class DesktopMotionSettings final : public MotionSettings {
 public:
-    explicit DesktopMotionSettings(const XSettings::Numbers& numbers)
+    explicit DesktopMotionSettings(const DesktopSettings::Numbers& numbers)
         : reducesMotion_(asksForLess(numbers)) {}
 
     [[nodiscard]] bool reducesMotion() const override { return reducesMotion_; }
 
 private:
-    [[nodiscard]] static bool asksForLess(const XSettings::Numbers& numbers) {
+    [[nodiscard]] static bool asksForLess(const DesktopSettings::Numbers& numbers) {
         const auto animations = numbers.find("Gtk/EnableAnimations");
         return animations != numbers.end() && animations->second == 0;
     }

@@ -1,4 +1,4 @@
-#include "Toolkit/QtCoordinates.hpp"
+#include "Displays/QtCoordinates.hpp"
 
 #include "Displays/DisplayGeometry.hpp"
 

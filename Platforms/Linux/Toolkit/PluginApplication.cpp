@@ -1,4 +1,6 @@
-#include "App/XcbApplication.hpp"
+#include "Toolkit/PluginApplication.hpp"
+
+#include "Foundation/NonCopyable.hpp"
 
 #include <QByteArray>
 #include <algorithm>
@@ -8,17 +10,13 @@ namespace vireline::x11 {
 namespace {
 
 /// Removes a variable from the environment for the lifetime of this object.
-class WithoutVariable {
+class WithoutVariable : private NonCopyable {
 public:
     explicit WithoutVariable(const char* name) : name_(name) {
         if (qEnvironmentVariableIsSet(name))
             value_ = qgetenv(name);
         qunsetenv(name);
     }
-    WithoutVariable(const WithoutVariable&) = delete;
-    WithoutVariable& operator=(const WithoutVariable&) = delete;
-    WithoutVariable(WithoutVariable&&) = delete;
-    WithoutVariable& operator=(WithoutVariable&&) = delete;
     ~WithoutVariable() {
         if (value_)
             qputenv(name_, *value_);
@@ -51,8 +49,8 @@ std::unique_ptr<QApplication> makeApplication(int& argumentCount, char** argumen
 
 // Command-line arguments take precedence over QT_QPA_PLATFORM; "-name" sets the instance part of
 // WM_CLASS.
-XcbApplication::XcbApplication()
-    : arguments_{"vireline", "-platform", "xcb", "-name", "vireline"}
+PluginApplication::PluginApplication(const std::string& plugin)
+    : arguments_{"vireline", "-platform", plugin, "-name", "vireline"}
     , argumentCount_(static_cast<int>(arguments_.size())) {
     std::ranges::transform(arguments_, argumentPointers_.begin(),
                            [](std::string& argument) { return argument.data(); });

@@ -1,19 +1,19 @@
-/// The running applications: the window manager's windows grouped by desktop entry, plus pending
+/// The running applications: all programs' windows, grouped by desktop entry, plus pending
 /// launches.
 #pragma once
 
 #include "Applications/ClientWindows/AppGroups.hpp"
-#include "Applications/ClientWindows/ClientList.hpp"
 #include "Applications/ClientWindows/HiddenWindows.hpp"
+#include "Applications/ClientWindows/WindowList.hpp"
 #include "Applications/DesktopEntryCatalog.hpp"
 #include "Applications/Launching/LaunchTracker.hpp"
-#include "Applications/Launching/StartupMessenger.hpp"
+#include "Applications/Launching/StartupNotices.hpp"
 #include "Applications/WindowIconSource.hpp"
 #include "Foundation/CallbackList.hpp"
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Platform/RunLoop.hpp"
 #include "Platform/RunningApplications.hpp"
-#include "X11/X11Connection.hpp"
 
 #include <cstdint>
 #include <optional>
@@ -23,15 +23,13 @@
 
 namespace vireline::x11 {
 
-class EwmhRunningApplications final : public RunningApplications, public WindowIconSource {
+class DesktopRunningApplications final : public RunningApplications,
+                                         public WindowIconSource,
+                                         private NonCopyable {
 public:
-    EwmhRunningApplications(X11Connection& connection, RunLoop& runLoop,
-                            DesktopEntryCatalog& catalog);
-    EwmhRunningApplications(const EwmhRunningApplications&) = delete;
-    EwmhRunningApplications& operator=(const EwmhRunningApplications&) = delete;
-    EwmhRunningApplications(EwmhRunningApplications&&) = delete;
-    EwmhRunningApplications& operator=(EwmhRunningApplications&&) = delete;
-    ~EwmhRunningApplications() override = default;
+    /// `windowList` and `notices` are the window system's; they must outlive this object.
+    DesktopRunningApplications(WindowList& windowList, StartupNotices& notices, RunLoop& runLoop,
+                               DesktopEntryCatalog& catalog);
 
     [[nodiscard]] std::vector<RunningApplication> running() const override;
     /// At most one, because windows with the same identifier are one app here.
@@ -57,7 +55,7 @@ public:
 
     /// Call when the window was sent to the current desktop, so that bringing its app forward does
     /// not switch to the desktop it came from.
-    void expectOnCurrentDesktop(xcb_window_t window);
+    void expectOnCurrentDesktop(WindowID window);
 
     /// Announces one of our launches. With `tellsOthers` it is broadcast to the other programs on
     /// the display, and so is its end if the app does not report that itself.
@@ -93,27 +91,28 @@ private:
     [[nodiscard]] const AppGroup* groupOf(const RunningApplication& app) const;
     void noteDesktops();
     void showDesktopOf(const ClientWindow& window);
-    void iconify(xcb_window_t window) const;
-    void activate(xcb_window_t window) const;
-    void close(xcb_window_t window) const;
 
-    X11Connection& connection_;
+    WindowList& windows_;
+    StartupNotices& notices_;
     RunLoop& runLoop_;
     DesktopEntryCatalog& catalog_;
-    ClientList clients_;
-    StartupMessenger messenger_;
     LaunchTracker launches_;
-    std::unordered_map<xcb_window_t, Identification> identified_;
+    std::unordered_map<WindowID, Identification> identified_;
     std::vector<AppGroup> groups_;
     HiddenWindows hidden_;
-    /// Requested from the window manager at `since`, and not reported back yet.
-    struct Request {
-        std::uint32_t value = 0;
+    /// A desktop that was requested from the window manager at `since`.
+    struct DesktopRequest {
+        std::uint32_t desktop = 0;
         double since = 0;
     };
-    /// The requested desktop, and the window that was sent to the current desktop.
-    std::optional<Request> requestedDesktop_;
-    std::optional<Request> windowSentToCurrentDesktop_;
+    /// A window that was sent to the current desktop at `since`.
+    struct SentWindow {
+        WindowID window = WindowID::none;
+        double since = 0;
+    };
+    /// Both are set until the window manager has reported the result.
+    std::optional<DesktopRequest> requestedDesktop_;
+    std::optional<SentWindow> windowSentToCurrentDesktop_;
     /// The current desktop at the time of the request in `requestedDesktop_`.
     std::optional<std::uint32_t> desktopBefore_;
     /// Launches that were broadcast to other programs.
@@ -121,6 +120,8 @@ private:
     CallbackList<std::optional<RunningApplication>> willLaunch_;
     CallbackList<std::optional<RunningApplication>> didLaunch_;
     CallbackList<std::optional<RunningApplication>> didTerminate_;
+    Subscription windowChanges_;
+    Subscription messages_;
     Subscription catalogChanges_;
     Lifetime lifetime_;
 };

@@ -1,4 +1,4 @@
-#include "Icons/XSettings.hpp"
+#include "Settings/XSettings.hpp"
 
 #include "X11/X11Connection.hpp"
 
@@ -89,11 +89,11 @@ std::optional<Setting> next(Reader& reader) {
 
 }
 
-Values parse(std::string_view bytes) {
+DesktopSettings parse(std::string_view bytes) {
     Reader reader{bytes};
     reader.take(4);
     const std::uint32_t count = reader.number(4).value_or(0);
-    Values values;
+    DesktopSettings values;
     for (std::uint32_t i = 0; i < count; ++i) {
         const auto setting = next(reader);
         if (!setting)
@@ -119,7 +119,7 @@ xcb_window_t owner(const X11Connection& connection) {
     return owner ? owner->owner : xcb_window_t{XCB_NONE};
 }
 
-Values read(const X11Connection& connection) {
+DesktopSettings read(const X11Connection& connection) {
     const xcb_window_t daemon = owner(connection);
     if (daemon == XCB_NONE)
         return {};

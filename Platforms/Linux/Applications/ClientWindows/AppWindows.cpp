@@ -1,4 +1,4 @@
-#include "ClientWindows/AppWindows.hpp"
+#include "Applications/ClientWindows/AppWindows.hpp"
 
 #include <algorithm>
 #include <iterator>

@@ -2,19 +2,17 @@
 /// system bus or a login manager it does nothing.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
+
 #include <functional>
 #include <memory>
 
 namespace vireline::x11 {
 
-class SleepWatch {
+class SleepWatch : private NonCopyable {
 public:
     /// `onResume` is called on the main thread after each wake-up. Connects in the background.
     explicit SleepWatch(std::function<void()> onResume);
-    SleepWatch(const SleepWatch&) = delete;
-    SleepWatch& operator=(const SleepWatch&) = delete;
-    SleepWatch(SleepWatch&&) = delete;
-    SleepWatch& operator=(SleepWatch&&) = delete;
     ~SleepWatch();
 
 private:

@@ -1,4 +1,4 @@
-#include "Displays/SleepWatch.hpp"
+#include "Session/SleepWatch.hpp"
 
 #include "GLib/GLibHandles.hpp"
 
