@@ -2,10 +2,10 @@
 /// one in memory and one under a window manager.
 #pragma once
 
-#include "Applications/ClientWindows/EwmhWindowList.hpp"
 #include "Applications/DesktopEntryCatalog.hpp"
 #include "Applications/DesktopRunningApplications.hpp"
-#include "Applications/Launching/StartupMessenger.hpp"
+#include "Applications/EwmhWindowList.hpp"
+#include "Applications/StartupMessenger.hpp"
 #include "ClientWindows/EwmhAccessibility.hpp"
 #include "Display/WindowTest.hpp"
 #include "Support/FakeAccessibility.hpp"
@@ -210,11 +210,11 @@ private:
                 static_cast<double>(extents[2]), static_cast<double>(extents[3])};
     }
 
-    x11::QtRunLoop runLoop_;
-    x11::DesktopEntryCatalog catalog_{runLoop_, {}};
+    xdg::QtRunLoop runLoop_;
+    xdg::DesktopEntryCatalog catalog_{runLoop_, {}};
     x11::EwmhWindowList windowList_{connection, runLoop_};
     x11::StartupMessenger messenger_{connection};
-    x11::DesktopRunningApplications applications_{windowList_, messenger_, runLoop_, catalog_};
+    xdg::DesktopRunningApplications applications_{windowList_, messenger_, runLoop_, catalog_};
     std::map<std::string, Running> running_;
     bool isManaged_ = true;
     std::vector<std::uint32_t> supported_;

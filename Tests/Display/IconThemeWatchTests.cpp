@@ -38,7 +38,7 @@ protected:
     }
     void removeSettings() const { fs::remove(settings()); }
 
-    [[nodiscard]] x11::IconThemeWatch makeWatch() {
+    [[nodiscard]] xdg::IconThemeWatch makeWatch() {
         return {settingsDaemon_,
                 runLoop_,
                 {.folders = {.themes = {(folder_.path() / "icons").string()}, .pictures = {}},
@@ -56,7 +56,7 @@ private:
     [[nodiscard]] fs::path settings() const { return folder_.path() / "config/settings.ini"; }
 
     TemporaryFolder folder_;
-    x11::QtRunLoop runLoop_;
+    xdg::QtRunLoop runLoop_;
     x11::XSettingsDaemon settingsDaemon_{connection};
     xcb_window_t daemon_ = XCB_NONE;
 };

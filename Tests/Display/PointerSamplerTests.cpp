@@ -1,8 +1,8 @@
+#include "Connection/DrawingConnection.hpp"
 #include "Display/WindowTest.hpp"
 #include "Panels/DesktopWatch.hpp"
 #include "Panels/PanelContext.hpp"
 #include "Panels/Pointer/PointerSampler.hpp"
-#include "X11/DrawingConnection.hpp"
 
 #include <algorithm>
 

@@ -26,7 +26,7 @@ namespace {
 using desktop::Keyboard;
 using desktop::PixelRect;
 
-class NoSecondStarts final : public x11::SecondStarts {
+class NoSecondStarts final : public xdg::SecondStarts {
 public:
     [[nodiscard]] Subscription observe(std::function<void()> /*handler*/) override { return {}; }
 };
@@ -92,20 +92,20 @@ protected:
     }
 
     NoSecondStarts noStarts;
-    x11::QtApplication application{*qApp, noStarts};
-    x11::IconTheme theme{{}, "none"};
-    x11::Symbols symbols{theme};
+    xdg::QtApplication application{*qApp, noStarts};
+    xdg::IconTheme theme{{}, "none"};
+    xdg::Symbols symbols{theme};
     NoMotion motion;
-    x11::WindowContext context{
+    xdg::WindowContext context{
         [this](QWindow& window) { x11::X11WindowSystem::bringToFront(connection, window); },
         application, appearance, symbols, motion};
-    x11::QtProgramWindows windows{context};
+    xdg::QtProgramWindows windows{context};
     SilentFormListener listener;
 };
 
 // Behaviour: entry-3
 TEST_F(QtProgramWindowTest, TheEditMenusKeysWorkInATextField) {
-    x11::QtProgramWindow window{{"A field", {300, 100}, false}, context};
+    xdg::QtProgramWindow window{{"A field", {300, 100}, false}, context};
     auto content = std::make_unique<QLineEdit>();
     QLineEdit& field = *content;
     window.setContent(std::move(content));

@@ -1,8 +1,8 @@
 /// Hiding apps and bringing them forward under a slow window manager.
-#include "Applications/ClientWindows/EwmhWindowList.hpp"
 #include "Applications/DesktopEntryCatalog.hpp"
 #include "Applications/DesktopRunningApplications.hpp"
-#include "Applications/Launching/StartupMessenger.hpp"
+#include "Applications/EwmhWindowList.hpp"
+#include "Applications/StartupMessenger.hpp"
 #include "Display/WindowTest.hpp"
 #include "Toolkit/QtRunLoop.hpp"
 
@@ -55,7 +55,7 @@ protected:
     [[nodiscard]] bool isFocused(const std::string& id) const {
         const auto active = x11::windowID(client().activeWindow());
         const auto windows = apps.windows(id);
-        return std::ranges::find(windows, active, &x11::ClientWindow::id) != windows.end();
+        return std::ranges::find(windows, active, &xdg::ClientWindow::id) != windows.end();
     }
 
     void stopManager() const { ::kill(manager_, SIGSTOP); }
@@ -83,15 +83,15 @@ private:
                    : 0;
     }
 
-    x11::QtRunLoop runLoop_;
-    x11::DesktopEntryCatalog catalog_{runLoop_, {}};
+    xdg::QtRunLoop runLoop_;
+    xdg::DesktopEntryCatalog catalog_{runLoop_, {}};
     std::map<std::string, desktop::ChildProcess*> running_;
     pid_t manager_ = 0;
 
 protected:
     x11::EwmhWindowList windows_{connection, runLoop_};
     x11::StartupMessenger messenger_{connection};
-    x11::DesktopRunningApplications apps{windows_, messenger_, runLoop_, catalog_};
+    xdg::DesktopRunningApplications apps{windows_, messenger_, runLoop_, catalog_};
 };
 
 TEST_F(RunningApplicationsTest, BringsAllWindowsBackThatTheWindowManagerIsStillToIconify) {

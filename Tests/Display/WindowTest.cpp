@@ -29,7 +29,7 @@ struct Session {
     }
 
     desktop::VirtualDesktop desk{{}, {.monitors = {{"main", {1280, 300, 1280, 800}}}}};
-    std::optional<x11::PluginApplication> application;
+    std::optional<xdg::PluginApplication> application;
 };
 
 std::unique_ptr<Session>& session() {
