@@ -59,6 +59,8 @@ public:
 
     /// Returns 0 or an errno value.
     int fill(std::string_view content) {
+        if (!file_)
+            return EBADF;
         if (const int code = writeAll(file_.get(), content); code != 0)
             return code;
         return ::fsync(file_.get()) == 0 ? 0 : errno;
