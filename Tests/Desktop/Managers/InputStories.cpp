@@ -81,6 +81,8 @@ TEST_F(Passing, OfClicksBesideAMagnifyingDock) {
 TEST_F(Passing, NotOfClicksOnTheStrip) {
     run();
     openBehind();
+    check(comes([&] { return isOnTop(middle, middle.alpha, alpha.colour); }),
+          "the window covers the dock");
     const PixelPoint padding{middle.frame.x + 3, middle.alpha.y};
     desktop().pointer().click(padding);
     checkPasses(labelBand, "in the label band");

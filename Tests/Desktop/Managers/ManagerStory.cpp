@@ -22,8 +22,8 @@ bool isOnAnotherDesktop(const XClient& client, xcb_window_t window) {
     return !own.empty() && own.front() != all && own != current;
 }
 
-std::string place(const PixelRect& monitor, int inset) {
-    return std::to_string(monitor.x + inset) + "," + std::to_string(monitor.y + inset);
+std::string place(PixelPoint corner) {
+    return std::to_string(corner.x) + "," + std::to_string(corner.y);
 }
 
 }
@@ -117,7 +117,7 @@ xcb_window_t ManagerStory::open(const App& app, const PixelRect& monitor,
     if (desktop().client().windowsAt(monitor.center()).size() == 1)
         desktop().pointer().click(monitor.center());
     if (std::ranges::find(arguments, "--at") == arguments.end())
-        arguments.insert(arguments.end(), {"--at", place(monitor, inset)});
+        arguments.insert(arguments.end(), {"--at", place({monitor.x + inset, monitor.y + inset})});
     desktop().launch(app, std::move(arguments));
     demand(comes([&] { return isShown(app); }), "the test's own window does not open");
     const auto window = shownWindows(app).front();
@@ -133,9 +133,11 @@ xcb_window_t ManagerStory::open(const App& app, const PixelRect& monitor,
 
 xcb_window_t ManagerStory::openLarge(const App& app, const PixelRect& monitor,
                                      std::vector<std::string> arguments) {
+    constexpr int stripe = 40;
+    const int top = hasManager() ? 0 : stripe;
     arguments.insert(arguments.end(),
-                     {"--at", place(monitor, 0), "--size",
-                      std::to_string(monitor.width) + "x" + std::to_string(monitor.height)});
+                     {"--at", place({monitor.x, monitor.y + top}), "--size",
+                      std::to_string(monitor.width) + "x" + std::to_string(monitor.height - top)});
     return open(app, monitor, std::move(arguments));
 }
 

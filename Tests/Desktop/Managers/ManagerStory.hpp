@@ -70,7 +70,9 @@ protected:
     /// monitor.
     xcb_window_t open(const App& app, const PixelRect& monitor,
                       std::vector<std::string> arguments = {});
-    /// Opens a window that covers as much of the monitor as the window manager allows.
+    /// Opens a window that covers as much of the monitor as the window manager allows. Without one,
+    /// it leaves out a stripe at the top, since a window that covers all of the monitor is a
+    /// full-screen one.
     xcb_window_t openLarge(const App& app, const PixelRect& monitor,
                            std::vector<std::string> arguments = {});
     /// The app's visible windows, found by title, because without a window manager there is no
