@@ -72,6 +72,7 @@ TEST_F(Passing, OfClicksBesideAMagnifyingDock) {
     start(R"(, "magnificationEnabled": true, "magnification": 2)");
     demand(comes([&] { return dock(middle).frame.width > middle.frame.width + 40; }),
            "the dock has no room to grow");
+    waitForKeeper();
     openBehind();
     const auto frame = dock(middle).frame;
     checkPasses({frame.x + 4, middle.alpha.y}, "beside the strip");
@@ -196,6 +197,7 @@ protected:
         start(R"(, "autoHide": true)");
         demand(comes([&] { return isInPlace(middle, sliver); }),
                "the dock is not a line at the monitor's end: " + docksShown());
+        waitForKeeper();
     }
 
     const PixelRect sliver{1973, 896, 215, 4};

@@ -1,6 +1,7 @@
 #include "ManagerStory.hpp"
 
 #include <algorithm>
+#include <array>
 #include <sstream>
 #include <stdexcept>
 
@@ -20,6 +21,12 @@ bool isOnAnotherDesktop(const XClient& client, xcb_window_t window) {
     const auto own = client.words(window, "_NET_WM_DESKTOP");
     const auto current = client.words(client.root(), "_NET_CURRENT_DESKTOP");
     return !own.empty() && own.front() != all && own != current;
+}
+
+/// The others move docks elsewhere, put borders around them, cover them or do not manage them.
+bool keepsDocks(std::optional<WindowManager> manager) {
+    constexpr std::array others{WindowManager::i3, WindowManager::awesome, WindowManager::bspwm};
+    return !manager || std::ranges::find(others, *manager) == others.end();
 }
 
 std::string place(PixelPoint corner) {
@@ -48,6 +55,18 @@ void ManagerStory::run(const std::string& preferences) {
     start(preferences);
     demand(comes([&] { return isInPlace(middle) && isInPlace(side); }),
            "docks are not in their places: " + docksShown());
+    waitForKeeper();
+}
+
+void ManagerStory::waitForKeeper(std::optional<WindowManager> manager) {
+    const auto areKept = [&] {
+        const auto docks = desktop().docks().shown();
+        return docks.size() == 2 && std::ranges::all_of(docks, [&](const DockWindow& dock) {
+                   return desktop().client().overridesRedirect(dock.window) != keepsDocks(manager);
+               });
+    };
+    demand(comes(areKept), keepsDocks(manager) ? "docks are not left to the window manager"
+                                               : "docks stay in the window manager's hands");
 }
 
 bool ManagerStory::supports(std::string_view atom) {

@@ -5,6 +5,7 @@
 
 #include "DesktopTest.hpp"
 
+#include <optional>
 #include <source_location>
 #include <string>
 #include <vector>
@@ -24,7 +25,7 @@ struct DockPlace {
 
 class ManagerStory : public DesktopTest {
 protected:
-    /// Starts everything, and waits until both docks are in place.
+    /// Starts everything, and waits until both docks are in place for good.
     void run(const std::string& preferences = {});
     /// As above, without waiting.
     void start(const std::string& preferences = {});
@@ -56,6 +57,9 @@ protected:
     [[nodiscard]] DockWindow dock(const DockPlace& place);
     [[nodiscard]] bool isInPlace(const DockPlace& place, const PixelRect& frame);
     [[nodiscard]] bool isInPlace(const DockPlace& place) { return isInPlace(place, place.frame); }
+    /// Waits until the docks are left to the window manager if it is one that keeps them, and are
+    /// out of its hands otherwise. In between, their windows are replaced.
+    void waitForKeeper(std::optional<WindowManager> manager = testedManager());
     /// Checks that both docks reach their places and that there are no other docks.
     void checkDocks();
     [[nodiscard]] std::string docksShown();

@@ -3,6 +3,7 @@
 #include "ManagerStory.hpp"
 
 #include <array>
+#include <optional>
 
 namespace vireline::desktop {
 namespace {
@@ -232,7 +233,8 @@ TEST_F(HotPlug, FollowsAMonitorThatTakesAnotherMode) {
 
 class Succession : public ManagerStory {
 protected:
-    void checkEverything() {
+    void checkEverything(std::optional<WindowManager> manager) {
+        waitForKeeper(manager);
         checkDocks();
         const auto window = openLarge(alpha, middle.monitor, {"--colour", "206040"});
         check(comes([&] { return isOnTop(middle, middle.alpha, alpha.colour); }),
@@ -257,16 +259,16 @@ TEST_F(Succession, OfTheSameManagerKeepsTheDocks) {
     run();
     desktop().stopWindowManager();
     desktop().startWindowManager();
-    checkEverything();
+    checkEverything(testedManager());
 }
 
 TEST_F(Succession, OfAnotherManagerAndBackKeepsTheDocks) {
     run();
     desktop().replaceWindowManager(other());
-    checkEverything();
+    checkEverything(other());
     if (const auto manager = testedManager()) {
         desktop().replaceWindowManager(*manager);
-        checkEverything();
+        checkEverything(manager);
     }
 }
 
