@@ -87,6 +87,8 @@ void OddManager::show(xcb_window_t window) {
     client_.map(window);
     if (!isLeftAlone)
         stack(window);
+    if (habit_ == Habit::focusesWindows && !refusesFocus(window))
+        xcb_set_input_focus(client_.get(), XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
     xcb_flush(client_.get());
 }
 
@@ -144,6 +146,15 @@ void OddManager::stacked(const xcb_configure_notify_event_t& change) {
     ++raises_;
     const std::uint32_t above = XCB_STACK_MODE_ABOVE;
     xcb_configure_window(client_.get(), top_, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+}
+
+/// By its input hint, and by not being prepared to take the focus itself.
+bool OddManager::refusesFocus(xcb_window_t window) const {
+    constexpr std::uint32_t inputHint = 1;
+    const auto hints = client_.words(window, "WM_HINTS");
+    const bool takesInput = hints.size() < 2 || (hints[0] & inputHint) == 0 || hints[1] != 0;
+    return !takesInput && std::ranges::count(client_.atoms(window, "WM_PROTOCOLS"),
+                                             client_.atom("WM_TAKE_FOCUS")) == 0;
 }
 
 bool OddManager::isDock(xcb_window_t window) {

@@ -31,6 +31,8 @@ public:
         coversDocks,
         /// Manages docks, but announces a border around them.
         bordersDocks,
+        /// Focuses every window that it shows, unless the window refuses the focus.
+        focusesWindows,
     };
 
     OddManager(const std::string& display, Habit habit);
@@ -51,6 +53,7 @@ private:
     void stack(xcb_window_t window);
     [[nodiscard]] xcb_window_t putInFrame(xcb_window_t window);
     void stacked(const xcb_configure_notify_event_t& change);
+    [[nodiscard]] bool refusesFocus(xcb_window_t window) const;
     [[nodiscard]] bool isDock(xcb_window_t window);
 
     desktop::XClient client_;

@@ -189,6 +189,22 @@ TEST_F(OddManagerTest, MayPutItsWindowsInFramesThatOverrideRedirect) {
     close(tiled);
 }
 
+// Behaviour: dock-panel-5
+TEST_F(OddManagerTest, IsToldNotToFocusADock) {
+    start(Habit::focusesWindows);
+    const auto editor = showWindow({1400, 400, 300, 300});
+    ASSERT_TRUE(eventually([&] { return client().focusedWindow() == editor; }));
+    const auto dock = showDock("main", log);
+    ASSERT_TRUE(eventually([&] { return isManaged(); }));
+    EXPECT_EQ(client().focusedWindow(), editor);
+    dock->orderOut();
+    dock->orderFrontRegardless();
+    ASSERT_TRUE(eventually([&] { return client().isViewable(windowOf("main")); }));
+    letTimePass();
+    EXPECT_EQ(client().focusedWindow(), editor);
+    close(editor);
+}
+
 TEST_F(OddManagerTest, LosesADockThatItPutsABorderAround) {
     start(Habit::bordersDocks);
     const auto dock = showDock("main", log);

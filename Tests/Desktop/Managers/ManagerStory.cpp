@@ -58,12 +58,16 @@ void ManagerStory::run(const std::string& preferences) {
     waitForKeeper();
 }
 
-void ManagerStory::waitForKeeper(std::optional<WindowManager> manager) {
+void ManagerStory::waitForKeeper(std::optional<WindowManager> manager,
+                                 const std::vector<DockWindow>& former) {
+    const auto isKept = [&](const DockWindow& dock) {
+        const bool isManaged = !desktop().client().overridesRedirect(dock.window);
+        const bool isNew = std::ranges::count(former, dock.window, &DockWindow::window) == 0;
+        return keepsDocks(manager) ? isManaged : !isManaged && isNew;
+    };
     const auto areKept = [&] {
         const auto docks = desktop().docks().shown();
-        return docks.size() == 2 && std::ranges::all_of(docks, [&](const DockWindow& dock) {
-                   return desktop().client().overridesRedirect(dock.window) != keepsDocks(manager);
-               });
+        return docks.size() == 2 && std::ranges::all_of(docks, isKept);
     };
     demand(comes(areKept), keepsDocks(manager) ? "docks are not left to the window manager"
                                                : "docks stay in the window manager's hands");

@@ -58,8 +58,11 @@ protected:
     [[nodiscard]] bool isInPlace(const DockPlace& place, const PixelRect& frame);
     [[nodiscard]] bool isInPlace(const DockPlace& place) { return isInPlace(place, place.frame); }
     /// Waits until the docks are left to the window manager if it is one that keeps them, and are
-    /// out of its hands otherwise. In between, their windows are replaced.
-    void waitForKeeper(std::optional<WindowManager> manager = testedManager());
+    /// out of its hands otherwise. In between, their windows are replaced. `former` are the docks
+    /// under the manager's predecessor; new managers get docks back even if the former did not keep
+    /// them.
+    void waitForKeeper(std::optional<WindowManager> manager = testedManager(),
+                       const std::vector<DockWindow>& former = {});
     /// Checks that both docks reach their places and that there are no other docks.
     void checkDocks();
     [[nodiscard]] std::string docksShown();

@@ -233,8 +233,9 @@ TEST_F(HotPlug, FollowsAMonitorThatTakesAnotherMode) {
 
 class Succession : public ManagerStory {
 protected:
-    void checkEverything(std::optional<WindowManager> manager) {
-        waitForKeeper(manager);
+    void checkEverything(std::optional<WindowManager> manager,
+                         const std::vector<DockWindow>& former) {
+        waitForKeeper(manager, former);
         checkDocks();
         const auto window = openLarge(alpha, middle.monitor, {"--colour", "206040"});
         check(comes([&] { return isOnTop(middle, middle.alpha, alpha.colour); }),
@@ -257,18 +258,21 @@ TEST_F(Succession, OfTheSameManagerKeepsTheDocks) {
     if (!hasManager())
         GTEST_SKIP() << "there is none to restart";
     run();
+    const auto former = desktop().docks().shown();
     desktop().stopWindowManager();
     desktop().startWindowManager();
-    checkEverything(testedManager());
+    checkEverything(testedManager(), former);
 }
 
 TEST_F(Succession, OfAnotherManagerAndBackKeepsTheDocks) {
     run();
+    auto former = desktop().docks().shown();
     desktop().replaceWindowManager(other());
-    checkEverything(other());
+    checkEverything(other(), former);
     if (const auto manager = testedManager()) {
+        former = desktop().docks().shown();
         desktop().replaceWindowManager(*manager);
-        checkEverything(manager);
+        checkEverything(manager, former);
     }
 }
 
