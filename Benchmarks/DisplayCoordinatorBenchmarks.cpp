@@ -1,6 +1,7 @@
 /// The cost of all docks together, by the number of displays and of tiles: new frames when displays
 /// change, and new scenes when tiles change.
 #include "Displays/DisplayCoordinator.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Support/DockFixture.hpp"
 
 #include <benchmark/benchmark.h>
@@ -13,7 +14,7 @@ namespace vireline {
 namespace {
 
 /// Discards the program's log, which would go to standard output like the benchmarks' report.
-class QuietOutput {
+class QuietOutput : private NonCopyable {
 public:
     QuietOutput() : kept_(dup(STDOUT_FILENO)) {
         std::fflush(stdout);
@@ -23,10 +24,6 @@ public:
         dup2(devNull, STDOUT_FILENO);
         close(devNull);
     }
-    QuietOutput(const QuietOutput&) = delete;
-    QuietOutput& operator=(const QuietOutput&) = delete;
-    QuietOutput(QuietOutput&&) = delete;
-    QuietOutput& operator=(QuietOutput&&) = delete;
     ~QuietOutput() {
         std::fflush(stdout);
         if (kept_ < 0)

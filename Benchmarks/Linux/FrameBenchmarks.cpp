@@ -1,6 +1,6 @@
 /// One frame of a magnified dock, from the pointer movement until the pixels have been sent to the
 /// server: the processor time of all threads, and the number of allocations.
-#include "App/XcbApplication.hpp"
+#include "Connection/X11Connection.hpp"
 #include "Displays/DockPanel.hpp"
 #include "Displays/RandrScreens.hpp"
 #include "Icons/DrawnIcons.hpp"
@@ -9,8 +9,9 @@
 #include "Model/DockMetrics.hpp"
 #include "Panels/QtPanelWindows.hpp"
 #include "Support/DockFixture.hpp"
+#include "Toolkit/Appearance.hpp"
+#include "Toolkit/PluginApplication.hpp"
 #include "VirtualDesktop/VirtualDesktop.hpp"
-#include "X11/X11Connection.hpp"
 
 #include <benchmark/benchmark.h>
 
@@ -69,15 +70,15 @@ class DrawnAppIcons final : public Icons {
 public:
     [[nodiscard]] ImageHandle iconForFile(const std::string& /*path*/, const std::string& /*key*/,
                                           Size size) override {
-        return std::make_shared<IconImage>(size, DrawnIcons::application);
+        return std::make_shared<xdg::IconImage>(size, xdg::DrawnIcons::application);
     }
     [[nodiscard]] ImageHandle namedImage(const std::string& /*name*/, Size size) override {
-        return std::make_shared<IconImage>(size, DrawnIcons::trash);
+        return std::make_shared<xdg::IconImage>(size, xdg::DrawnIcons::trash);
     }
     [[nodiscard]] ImageHandle symbol(const std::string& /*name*/,
                                      const std::string& /*accessibilityDescription*/,
                                      Size size) override {
-        return std::make_shared<IconImage>(size, DrawnIcons::trash);
+        return std::make_shared<xdg::IconImage>(size, xdg::DrawnIcons::trash);
     }
     [[nodiscard]] Subscription observeChanges(std::function<void()> /*handler*/) override {
         return {};
@@ -114,10 +115,11 @@ struct Dock {
 
 void magnifyFrames(benchmark::State& state, const Dock& dock, double scale) {
     const Server server{scale};
-    const XcbApplication application;
+    const xdg::PluginApplication application{"xcb"};
     X11Connection connection;
     RandrScreens screens{connection};
-    QtPanelWindows windows{connection, screens, {}};
+    xdg::Appearance appearance{{}};
+    QtPanelWindows windows{connection, screens, appearance};
     TappedWindows tapped{windows};
     test::DockFixture fixture;
     DrawnAppIcons drawn;

@@ -3,7 +3,9 @@
 #pragma once
 
 #include "Applications/DesktopEntryCatalog.hpp"
-#include "Applications/EwmhRunningApplications.hpp"
+#include "Applications/DesktopRunningApplications.hpp"
+#include "Applications/EwmhWindowList.hpp"
+#include "Applications/StartupMessenger.hpp"
 #include "ClientWindows/EwmhAccessibility.hpp"
 #include "Display/WindowTest.hpp"
 #include "Support/FakeAccessibility.hpp"
@@ -208,9 +210,11 @@ private:
                 static_cast<double>(extents[2]), static_cast<double>(extents[3])};
     }
 
-    x11::QtRunLoop runLoop_;
-    x11::DesktopEntryCatalog catalog_{runLoop_, {}};
-    x11::EwmhRunningApplications applications_{connection, runLoop_, catalog_};
+    xdg::QtRunLoop runLoop_;
+    xdg::DesktopEntryCatalog catalog_{runLoop_, {}};
+    x11::EwmhWindowList windowList_{connection, runLoop_};
+    x11::StartupMessenger messenger_{connection};
+    xdg::DesktopRunningApplications applications_{windowList_, messenger_, runLoop_, catalog_};
     std::map<std::string, Running> running_;
     bool isManaged_ = true;
     std::vector<std::uint32_t> supported_;

@@ -250,8 +250,8 @@ private:
     Words told_;
 
 protected:
-    std::unique_ptr<x11::AccessibleDock> dock =
-        std::make_unique<x11::AccessibleDock>(x11::DockAccess{
+    std::unique_ptr<xdg::AccessibleDock> dock =
+        std::make_unique<xdg::AccessibleDock>(xdg::DockAccess{
             window, log, "Vireline dock on main", [](const Rect&) { return QRect{}; },
             [this](const QAccessibleInterface& about, QAccessible::Event what) {
                 told_.push_back(wordOf(what) + ' ' + about.text(QAccessible::Name).toStdString());

@@ -1,5 +1,6 @@
 #include "Display/WindowTest.hpp"
 #include "Icons/IconThemeWatch.hpp"
+#include "Settings/XSettingsDaemon.hpp"
 #include "Support/TemporaryFolder.hpp"
 #include "Toolkit/QtRunLoop.hpp"
 #include "VirtualDesktop/WidgetTheme.hpp"
@@ -37,8 +38,8 @@ protected:
     }
     void removeSettings() const { fs::remove(settings()); }
 
-    [[nodiscard]] x11::IconThemeWatch makeWatch() {
-        return {connection,
+    [[nodiscard]] xdg::IconThemeWatch makeWatch() {
+        return {settingsDaemon_,
                 runLoop_,
                 {.folders = {.themes = {(folder_.path() / "icons").string()}, .pictures = {}},
                  .files = {.kdeglobals = {},
@@ -55,7 +56,8 @@ private:
     [[nodiscard]] fs::path settings() const { return folder_.path() / "config/settings.ini"; }
 
     TemporaryFolder folder_;
-    x11::QtRunLoop runLoop_;
+    xdg::QtRunLoop runLoop_;
+    x11::XSettingsDaemon settingsDaemon_{connection};
     xcb_window_t daemon_ = XCB_NONE;
 };
 

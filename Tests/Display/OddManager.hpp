@@ -2,6 +2,7 @@
 /// destroyed.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "VirtualDesktop/XClient.hpp"
 
 #include <atomic>
@@ -13,7 +14,7 @@
 
 namespace vireline::test {
 
-class OddManager {
+class OddManager : private NonCopyable {
 public:
     enum class Habit : std::uint8_t {
         none,
@@ -36,10 +37,6 @@ public:
     };
 
     OddManager(const std::string& display, Habit habit);
-    OddManager(const OddManager&) = delete;
-    OddManager& operator=(const OddManager&) = delete;
-    OddManager(OddManager&&) = delete;
-    OddManager& operator=(OddManager&&) = delete;
     ~OddManager();
 
     /// How often it has raised a window above a dock again.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Display/WindowTest.hpp"
+#include "Foundation/NonCopyable.hpp"
 
 #include <algorithm>
 #include <string>
@@ -24,17 +25,13 @@ protected:
     }
 
     /// Stands where a compositor would; nothing is composited.
-    class Compositor {
+    class Compositor : private NonCopyable {
     public:
         Compositor() : window_(client().createWindow({0, 0, 1, 1}, 0)) {
             xcb_set_selection_owner(client().get(), window_, client().atom("_NET_WM_CM_S0"),
                                     XCB_CURRENT_TIME);
             client().sync();
         }
-        Compositor(const Compositor&) = delete;
-        Compositor& operator=(const Compositor&) = delete;
-        Compositor(Compositor&&) = delete;
-        Compositor& operator=(Compositor&&) = delete;
         ~Compositor() {
             client().destroy(window_);
             client().sync();

@@ -1,8 +1,8 @@
+#include "Connection/DrawingConnection.hpp"
 #include "Display/WindowTest.hpp"
 #include "Panels/DesktopWatch.hpp"
 #include "Panels/PanelContext.hpp"
 #include "Panels/Pointer/PointerSampler.hpp"
-#include "X11/DrawingConnection.hpp"
 
 #include <algorithm>
 
@@ -92,7 +92,7 @@ TEST_F(PointerSamplerTest, TakesNoPlaceBehindAReleaseForADrag) {
     const auto dock = showDock("main", log);
     const x11::DrawingConnection drawing{connection};
     x11::DesktopWatch watch{connection};
-    const x11::PanelContext context{connection, drawing, screens, watch, panels.appearance()};
+    const x11::PanelContext context{connection, drawing, screens, watch, appearance};
     x11::PointerSampler sampler{context, windowOf("main"), {}};
     moveTo({100, 50});
     desk().pointer().press(Pointer::Button::primary);

@@ -1,6 +1,7 @@
 /// The program's own windows in this process, on a real X server: shortcuts, size on a high-density
 /// display, and clean-up after closing.
 #include "App/VirelineApp.hpp"
+#include "App/X11WindowSystem.hpp"
 #include "Display/WindowTest.hpp"
 #include "Icons/IconTheme.hpp"
 #include "Platform/MotionSettings.hpp"
@@ -25,7 +26,7 @@ namespace {
 using desktop::Keyboard;
 using desktop::PixelRect;
 
-class NoSecondStarts final : public x11::SecondStarts {
+class NoSecondStarts final : public xdg::SecondStarts {
 public:
     [[nodiscard]] Subscription observe(std::function<void()> /*handler*/) override { return {}; }
 };
@@ -91,18 +92,20 @@ protected:
     }
 
     NoSecondStarts noStarts;
-    x11::QtApplication application{*qApp, noStarts};
-    x11::IconTheme theme{{}, "none"};
-    x11::Symbols symbols{theme};
+    xdg::QtApplication application{*qApp, noStarts};
+    xdg::IconTheme theme{{}, "none"};
+    xdg::Symbols symbols{theme};
     NoMotion motion;
-    x11::WindowContext context{connection, application, panels.appearance(), symbols, motion};
-    x11::QtProgramWindows windows{context};
+    xdg::WindowContext context{
+        [this](QWindow& window) { x11::X11WindowSystem::bringToFront(connection, window); },
+        application, appearance, symbols, motion};
+    xdg::QtProgramWindows windows{context};
     SilentFormListener listener;
 };
 
 // Behaviour: entry-3
 TEST_F(QtProgramWindowTest, TheEditMenusKeysWorkInATextField) {
-    x11::QtProgramWindow window{{"A field", {300, 100}, false}, context};
+    xdg::QtProgramWindow window{{"A field", {300, 100}, false}, context};
     auto content = std::make_unique<QLineEdit>();
     QLineEdit& field = *content;
     window.setContent(std::move(content));

@@ -1,6 +1,8 @@
 /// Hiding apps and bringing them forward under a slow window manager.
 #include "Applications/DesktopEntryCatalog.hpp"
-#include "Applications/EwmhRunningApplications.hpp"
+#include "Applications/DesktopRunningApplications.hpp"
+#include "Applications/EwmhWindowList.hpp"
+#include "Applications/StartupMessenger.hpp"
 #include "Display/WindowTest.hpp"
 #include "Toolkit/QtRunLoop.hpp"
 
@@ -47,13 +49,13 @@ protected:
     [[nodiscard]] int shown(const std::string& id) const {
         int count = 0;
         for (const auto& window : apps.windows(id))
-            count += client().isViewable(window.id) ? 1 : 0;
+            count += client().isViewable(x11::xcbWindow(window.id)) ? 1 : 0;
         return count;
     }
     [[nodiscard]] bool isFocused(const std::string& id) const {
-        const auto active = client().activeWindow();
+        const auto active = x11::windowID(client().activeWindow());
         const auto windows = apps.windows(id);
-        return std::ranges::find(windows, active, &x11::ClientWindow::id) != windows.end();
+        return std::ranges::find(windows, active, &xdg::ClientWindow::id) != windows.end();
     }
 
     void stopManager() const { ::kill(manager_, SIGSTOP); }
@@ -81,13 +83,15 @@ private:
                    : 0;
     }
 
-    x11::QtRunLoop runLoop_;
-    x11::DesktopEntryCatalog catalog_{runLoop_, {}};
+    xdg::QtRunLoop runLoop_;
+    xdg::DesktopEntryCatalog catalog_{runLoop_, {}};
     std::map<std::string, desktop::ChildProcess*> running_;
     pid_t manager_ = 0;
 
 protected:
-    x11::EwmhRunningApplications apps{connection, runLoop_, catalog_};
+    x11::EwmhWindowList windows_{connection, runLoop_};
+    x11::StartupMessenger messenger_{connection};
+    xdg::DesktopRunningApplications apps{windows_, messenger_, runLoop_, catalog_};
 };
 
 TEST_F(RunningApplicationsTest, BringsAllWindowsBackThatTheWindowManagerIsStillToIconify) {
@@ -141,7 +145,7 @@ TEST_F(RunningApplicationsTest, StaysOnTheDesktopThatTheWindowIsBeingFetchedTo) 
     const auto window = apps.windows("far").at(0).id;
     constexpr std::uint32_t fromPager = 2;
 
-    client().sendToRoot(window, "_NET_WM_DESKTOP", {1, fromPager});
+    client().sendToRoot(x11::xcbWindow(window), "_NET_WM_DESKTOP", {1, fromPager});
     client().sync();
     apps.expectOnCurrentDesktop(window);
     ASSERT_TRUE(apps.bringForward("far"));

@@ -1,6 +1,6 @@
 #include "Display/WindowTest.hpp"
 
-#include "App/XcbApplication.hpp"
+#include "Toolkit/PluginApplication.hpp"
 #include "VirtualDesktop/Waiting.hpp"
 
 #include <QGuiApplication>
@@ -25,11 +25,11 @@ struct Session {
     Session() {
         ::setenv("DISPLAY", desk.display().c_str(), 1);
         ::setenv("QT_SCREEN_SCALE_FACTORS", "left=1;main=1;dense=2", 1);
-        application.emplace();
+        application.emplace("xcb");
     }
 
     desktop::VirtualDesktop desk{{}, {.monitors = {{"main", {1280, 300, 1280, 800}}}}};
-    std::optional<x11::XcbApplication> application;
+    std::optional<xdg::PluginApplication> application;
 };
 
 std::unique_ptr<Session>& session() {

@@ -3,10 +3,11 @@
 /// run through ctest, every test has its own process.
 #pragma once
 
+#include "Connection/X11Connection.hpp"
 #include "Displays/RandrScreens.hpp"
 #include "Panels/QtPanelWindows.hpp"
+#include "Toolkit/Appearance.hpp"
 #include "VirtualDesktop/VirtualDesktop.hpp"
-#include "X11/X11Connection.hpp"
 
 #include <gtest/gtest.h>
 
@@ -84,7 +85,8 @@ private:
 protected:
     x11::X11Connection connection;
     x11::RandrScreens screens{connection};
-    x11::QtPanelWindows panels{connection, screens, {}};
+    xdg::Appearance appearance{{}};
+    x11::QtPanelWindows panels{connection, screens, appearance};
 };
 
 }

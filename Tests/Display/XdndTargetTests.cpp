@@ -1,8 +1,8 @@
 /// Drags from another program over a dock, message by message.
+#include "Connection/SelectionTransfer.hpp"
 #include "Display/WindowTest.hpp"
 #include "Support/LoggedLines.hpp"
 #include "VirtualDesktop/DragSource.hpp"
-#include "X11/SelectionTransfer.hpp"
 
 #include <memory>
 

@@ -10,7 +10,7 @@
 #include <array>
 #include <string>
 
-namespace vireline::x11 {
+namespace vireline::xdg {
 namespace {
 
 const std::array<std::string, 2> languages{"de_AT", "de"};
@@ -42,7 +42,7 @@ void switchAutostart(const std::string& text) {
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view text = vireline::fuzz::text(data, size);
-    vireline::x11::readApplication(text);
-    vireline::x11::switchAutostart(std::string{text});
+    vireline::xdg::readApplication(text);
+    vireline::xdg::switchAutostart(std::string{text});
     return 0;
 }

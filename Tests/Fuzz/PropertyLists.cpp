@@ -15,11 +15,11 @@ bool isUTF8(const std::string& text) {
 }
 
 void read(std::span<const std::byte> bytes) {
-    const x11::PropertyListReader reader;
+    const xdg::PropertyListReader reader;
     const auto tiles = DockPreferencesReader::parse(bytes, reader);
     if (!tiles)
         return;
-    require(tiles->size() <= x11::PropertyListLimits::maximumValues, "tiles are bounded");
+    require(tiles->size() <= xdg::PropertyListLimits::maximumValues, "tiles are bounded");
     for (const ParsedDockEntry& tile : *tiles) {
         require(tile.url.path().starts_with('/'), "a tile leads to an absolute path");
         require(isUTF8(tile.label.value_or("")), "a label is UTF-8");

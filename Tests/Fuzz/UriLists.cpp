@@ -2,9 +2,9 @@
 #include "Foundation/FileURL.hpp"
 #include "Foundation/Require.hpp"
 #include "Fuzz/FuzzTarget.hpp"
-#include "Panels/Drops/DroppedText.hpp"
+#include "Panels/DroppedText.hpp"
 
-namespace vireline::x11 {
+namespace vireline::xdg {
 namespace {
 
 void read(std::string_view content) {
@@ -26,6 +26,6 @@ void read(std::string_view content) {
 }
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    vireline::x11::read(vireline::fuzz::text(data, size));
+    vireline::xdg::read(vireline::fuzz::text(data, size));
     return 0;
 }

@@ -1,9 +1,9 @@
 /// Fuzzes the identification of a window's app. The input has these parts, separated by lines of
 /// "%%": WM_CLASS, the IDs of two toolkits, the startup ID, _NET_WM_ICON, the executable's path,
 /// its command line, its control group, and its sandbox's file.
-#include "Applications/ClientWindows/WindowIcons.hpp"
 #include "Applications/Identity/AppIdentity.hpp"
 #include "Applications/Identity/PlainText.hpp"
+#include "Applications/WindowIcons.hpp"
 #include "Foundation/Require.hpp"
 #include "Fuzz/FuzzTarget.hpp"
 
@@ -58,11 +58,11 @@ constexpr std::array programs{
     Program{"xterm", "xterm", "XTerm"},
 };
 
-const DesktopEntryIndex& installed() {
-    static const DesktopEntryIndex index = [] {
-        std::vector<DesktopEntry> entries;
+const xdg::DesktopEntryIndex& installed() {
+    static const xdg::DesktopEntryIndex index = [] {
+        std::vector<xdg::DesktopEntry> entries;
         for (const Program& program : programs) {
-            DesktopEntry& entry = entries.emplace_back();
+            xdg::DesktopEntry& entry = entries.emplace_back();
             entry.id = program.id;
             entry.path = "/usr/share/applications/" + entry.id + ".desktop";
             entry.name = entry.id;
@@ -70,7 +70,7 @@ const DesktopEntryIndex& installed() {
             entry.startupWMClass = program.wmClass;
             entry.terminal = program.terminal;
         }
-        return DesktopEntryIndex{std::move(entries)};
+        return xdg::DesktopEntryIndex{std::move(entries)};
     }();
     return index;
 }
@@ -79,34 +79,34 @@ void readIcons(std::string_view bytes) {
     std::vector<std::uint32_t> items(bytes.size() / sizeof(std::uint32_t));
     if (!items.empty())
         std::memcpy(items.data(), bytes.data(), items.size() * sizeof(std::uint32_t));
-    for (const WindowIcon& icon : WindowIcons::parse(items))
+    for (const xdg::WindowIcon& icon : WindowIcons::parse(items))
         require(icon.pixels.size() == std::size_t{icon.width} * icon.height,
                 "a picture has all its pixels");
 }
 
 void identify(std::string_view text) {
     Parts parts{text};
-    WindowTraits window;
+    xdg::WindowTraits window;
     window.setWMClass(parts.next());
-    window.gtkApplicationID = PlainText::clean(parts.next());
-    window.kdeDesktopFile = PlainText::clean(parts.next(), 1024);
-    window.startupID = PlainText::clean(parts.next(), 1024);
+    window.gtkApplicationID = xdg::PlainText::clean(parts.next());
+    window.kdeDesktopFile = xdg::PlainText::clean(parts.next(), 1024);
+    window.startupID = xdg::PlainText::clean(parts.next(), 1024);
     readIcons(parts.next());
-    ProcessFacts process;
+    xdg::ProcessFacts process;
     process.executable = parts.next();
-    process.arguments = ProcessInspection::argumentsIn(
-        parts.next().substr(0, ProcessInspection::maximumArgumentBytes));
-    ProcessInspection::addControlGroup(process, parts.next());
+    process.arguments = xdg::ProcessInspection::argumentsIn(
+        parts.next().substr(0, xdg::ProcessInspection::maximumArgumentBytes));
+    xdg::ProcessInspection::addControlGroup(process, parts.next());
     if (process.flatpakID.empty())
-        process.flatpakID = ProcessInspection::flatpakIDIn(parts.next());
+        process.flatpakID = xdg::ProcessInspection::flatpakIDIn(parts.next());
 
-    const IdentifiedApp app = AppIdentity::identify(window, process, installed());
+    const xdg::IdentifiedApp app = xdg::AppIdentity::identify(window, process, installed());
     require(!app.bundleID.empty() && !app.name.empty(), "an app has an identity and a name");
-    require(PlainText::isClean(app.name), "a name is fit to be shown");
+    require(xdg::PlainText::isClean(app.name), "a name is fit to be shown");
     require(app.path.starts_with('/'), "an app's path is absolute");
     require((installed().find(app.bundleID) != nullptr) == app.hasEntry,
             "an app without an entry has no entry's identity");
-    require(AppIdentity::identify(window, process, installed()) == app,
+    require(xdg::AppIdentity::identify(window, process, installed()) == app,
             "the same window is the same app");
 }
 

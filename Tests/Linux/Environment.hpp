@@ -1,13 +1,15 @@
 /// Sets an environment variable for the duration of a test.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
+
 #include <cstdlib>
 #include <optional>
 #include <string>
 
 namespace vireline::test {
 
-class EnvironmentVariable {
+class EnvironmentVariable : private NonCopyable {
 public:
     /// Unsets the variable if `value` is nullopt.
     EnvironmentVariable(const char* name, const std::optional<std::string>& value) : name_(name) {
@@ -15,10 +17,6 @@ public:
             before_ = before;
         set(value);
     }
-    EnvironmentVariable(const EnvironmentVariable&) = delete;
-    EnvironmentVariable& operator=(const EnvironmentVariable&) = delete;
-    EnvironmentVariable(EnvironmentVariable&&) = delete;
-    EnvironmentVariable& operator=(EnvironmentVariable&&) = delete;
     ~EnvironmentVariable() { set(before_); }
 
 private:

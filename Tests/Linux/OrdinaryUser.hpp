@@ -1,6 +1,8 @@
 /// Makes permissions apply in a test that runs as root.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
+
 #include <unistd.h>
 
 #include <cstdlib>
@@ -8,16 +10,12 @@
 namespace vireline::test {
 
 /// Drops root's privileges for the lifetime of this object.
-class OrdinaryUser {
+class OrdinaryUser : private NonCopyable {
 public:
     OrdinaryUser() {
         if (::geteuid() == 0)
             isOther_ = ::seteuid(nobody) == 0;
     }
-    OrdinaryUser(const OrdinaryUser&) = delete;
-    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-    OrdinaryUser(OrdinaryUser&&) = delete;
-    OrdinaryUser& operator=(OrdinaryUser&&) = delete;
     ~OrdinaryUser() {
         if (isOther_ && ::seteuid(0) != 0)
             std::abort();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Cocoa/Paper.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Support/TemporaryFolder.hpp"
 
 #include <gtest/gtest.h>
@@ -17,14 +18,9 @@ namespace vireline {
 /// Each test runs the program once, in its own home folder. After every run it checks that no
 /// exception escaped from the program, no message was unrecognised or sent on the wrong thread, and
 /// nothing of the program is left.
-class ProgramTest : public testing::Test {
+class ProgramTest : public testing::Test, private NonCopyable {
 protected:
     ProgramTest();
-    ProgramTest(const ProgramTest&) = delete;
-    ProgramTest& operator=(const ProgramTest&) = delete;
-    ProgramTest(ProgramTest&&) = delete;
-    ProgramTest& operator=(ProgramTest&&) = delete;
-    ~ProgramTest() override = default;
 
     /// Runs the program; `user` is called between its launch and its end.
     void runProgram(std::function<void()> user);

@@ -180,11 +180,14 @@ Point keptOut(Point pointer, const std::vector<Rect>& bands, const std::vector<R
     if (display(pointer.x, pointer.y) != displays.end())
         return pointer;
     // Beyond all displays: straight up to the lowest one in that column.
-    double y = pointer.y;
-    while (y > -5000 && display(pointer.x, y - 0.5) == displays.end())
-        y -= 0.5;
+    double edge = -1e9;
+    for (const Rect& rect : displays) {
+        const double bottom = rect.y + rect.height;
+        if (pointer.x >= rect.x && pointer.x < rect.x + rect.width && bottom <= pointer.y)
+            edge = std::max(edge, bottom);
+    }
     for (const Rect& band : bands) {
-        if (isOn(band, pointer.x, y - 0.5))
+        if (isOn(band, pointer.x, edge - 0.5))
             return {pointer.x, band.y};
     }
     return pointer;

@@ -3,6 +3,7 @@
 /// events from within the call.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "Model/DockItem.hpp"
 #include "Platform/PanelWindow.hpp"
 #include "Storm/ModelDock.hpp"
@@ -43,13 +44,9 @@ public:
     virtual void runningAppsRead() = 0;
 };
 
-class StormWindow final : public PanelWindow, private PanelWindowListener {
+class StormWindow final : public PanelWindow, private PanelWindowListener, private NonCopyable {
 public:
     StormWindow(DockID id, PanelWindowListener& listener, WindowWitness& witness, bool isTracked);
-    StormWindow(const StormWindow&) = delete;
-    StormWindow& operator=(const StormWindow&) = delete;
-    StormWindow(StormWindow&&) = delete;
-    StormWindow& operator=(StormWindow&&) = delete;
     ~StormWindow() override;
 
     void setOverhang(const Overhang& overhang) override;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "App/AppDelegate.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Storm/Model.hpp"
 #include "Storm/StormPorts.hpp"
 #include "Storm/Surroundings.hpp"
@@ -30,13 +31,9 @@ struct Event {
     bool mayComeFromWithin = false;
 };
 
-class World final : private WindowWitness {
+class World final : private WindowWitness, private NonCopyable {
 public:
     explicit World(unsigned seed);
-    World(const World&) = delete;
-    World& operator=(const World&) = delete;
-    World(World&&) = delete;
-    World& operator=(World&&) = delete;
     ~World() override;
 
     /// Performs one step and then checks everything.

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Foundation/CallbackList.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Platform/MotionSettings.hpp"
 #include "Platform/PanelWindow.hpp"
 #include "Platform/PointerSettings.hpp"
@@ -104,13 +105,9 @@ private:
     bool isFrameRequested_ = false;
 };
 
-class FakePanelWindow final : public PanelWindow {
+class FakePanelWindow final : public PanelWindow, private NonCopyable {
 public:
     explicit FakePanelWindow(std::shared_ptr<FakePanel> panel);
-    FakePanelWindow(const FakePanelWindow&) = delete;
-    FakePanelWindow& operator=(const FakePanelWindow&) = delete;
-    FakePanelWindow(FakePanelWindow&&) = delete;
-    FakePanelWindow& operator=(FakePanelWindow&&) = delete;
     ~FakePanelWindow() override;
 
     void setOverhang(const Overhang& overhang) override;

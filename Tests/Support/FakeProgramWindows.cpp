@@ -1,5 +1,6 @@
 #include "Support/FakeProgramWindows.hpp"
 
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/Require.hpp"
 
 #include <functional>
@@ -28,14 +29,10 @@ private:
     std::shared_ptr<Record> record_;
 };
 
-class RecordedStatusItem final : public StatusItem {
+class RecordedStatusItem final : public StatusItem, private NonCopyable {
 public:
     RecordedStatusItem(std::optional<FakeStatusItem>& item, const bool& hasPlace)
         : item_(item), hasPlace_(hasPlace) {}
-    RecordedStatusItem(const RecordedStatusItem&) = delete;
-    RecordedStatusItem& operator=(const RecordedStatusItem&) = delete;
-    RecordedStatusItem(RecordedStatusItem&&) = delete;
-    RecordedStatusItem& operator=(RecordedStatusItem&&) = delete;
     ~RecordedStatusItem() override { item_.reset(); }
 
     void setImage(const std::string& symbol, const std::string& accessibilityDescription) override {

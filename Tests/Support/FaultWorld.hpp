@@ -3,6 +3,7 @@
 #pragma once
 
 #include "App/AppDelegate.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Support/FaultyPlatform.hpp"
 #include "Support/LoggedLines.hpp"
 
@@ -15,16 +16,11 @@
 
 namespace vireline::test {
 
-class FaultWorld {
+class FaultWorld : private NonCopyable {
 public:
     static constexpr std::uint32_t display = 2;
 
     FaultWorld();
-    FaultWorld(const FaultWorld&) = delete;
-    FaultWorld& operator=(const FaultWorld&) = delete;
-    FaultWorld(FaultWorld&&) = delete;
-    FaultWorld& operator=(FaultWorld&&) = delete;
-    ~FaultWorld() = default;
 
     /// State of the settings file.
     struct Disk {

@@ -2,6 +2,7 @@
 /// `Faults`; ports without any are the underlying platform's own.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "Platform/Platform.hpp"
 #include "Support/FakePlatform.hpp"
 #include "Support/Faults.hpp"
@@ -10,13 +11,9 @@
 
 namespace vireline::test {
 
-class FaultyPorts {
+class FaultyPorts : private NonCopyable {
 public:
     FaultyPorts(const Platform& behind, Faults& faults);
-    FaultyPorts(const FaultyPorts&) = delete;
-    FaultyPorts& operator=(const FaultyPorts&) = delete;
-    FaultyPorts(FaultyPorts&&) = delete;
-    FaultyPorts& operator=(FaultyPorts&&) = delete;
     ~FaultyPorts();
 
     [[nodiscard]] Platform ports();

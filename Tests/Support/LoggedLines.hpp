@@ -2,6 +2,7 @@
 /// deleted with it.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "Support/TemporaryFolder.hpp"
 
 #include <cstddef>
@@ -12,13 +13,9 @@
 
 namespace vireline::test {
 
-class LoggedLines {
+class LoggedLines : private NonCopyable {
 public:
     LoggedLines();
-    LoggedLines(const LoggedLines&) = delete;
-    LoggedLines& operator=(const LoggedLines&) = delete;
-    LoggedLines(LoggedLines&&) = delete;
-    LoggedLines& operator=(LoggedLines&&) = delete;
     ~LoggedLines();
 
     /// The messages so far, oldest first, without timestamps.

@@ -1,6 +1,8 @@
 /// A socket that accepts connections and never responds, like a hung program.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
+
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
@@ -12,7 +14,7 @@
 
 namespace vireline::test {
 
-class SilentSocket {
+class SilentSocket : private NonCopyable {
 public:
     /// Creates the socket file; throws on failure.
     explicit SilentSocket(const std::filesystem::path& path)
@@ -26,10 +28,6 @@ public:
             ::listen(socket_, waiting) != 0)
             throw std::system_error{errno, std::generic_category(), name};
     }
-    SilentSocket(const SilentSocket&) = delete;
-    SilentSocket& operator=(const SilentSocket&) = delete;
-    SilentSocket(SilentSocket&&) = delete;
-    SilentSocket& operator=(SilentSocket&&) = delete;
     ~SilentSocket() { ::close(socket_); }
 
     /// Closes the next connection.

@@ -1,17 +1,15 @@
 /// A temporary folder for one test, deleted with its content at the end.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
+
 #include <filesystem>
 
 namespace vireline::test {
 
-class TemporaryFolder {
+class TemporaryFolder : private NonCopyable {
 public:
     TemporaryFolder();
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-    TemporaryFolder(TemporaryFolder&&) = delete;
-    TemporaryFolder& operator=(TemporaryFolder&&) = delete;
     ~TemporaryFolder();
 
     [[nodiscard]] const std::filesystem::path& path() const noexcept { return path_; }

@@ -1,6 +1,7 @@
 /// The accessibility events that programs emit during the lifetime of this object.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "VirtualDesktop/BusClient.hpp"
 
 #include <string>
@@ -8,15 +9,11 @@
 
 namespace vireline::desktop {
 
-class AccessibleEvents {
+class AccessibleEvents : private NonCopyable {
 public:
     /// Programs emit only events that a client has registered for; running programs notice a
     /// registration with a short delay.
     explicit AccessibleEvents(const std::string& address);
-    AccessibleEvents(const AccessibleEvents&) = delete;
-    AccessibleEvents& operator=(const AccessibleEvents&) = delete;
-    AccessibleEvents(AccessibleEvents&&) = delete;
-    AccessibleEvents& operator=(AccessibleEvents&&) = delete;
     ~AccessibleEvents();
 
     /// Whether an object has emitted an event of this kind, such as "ChildrenChanged add".

@@ -1,5 +1,6 @@
 #include "VirtualDesktop/XServer.hpp"
 
+#include "Foundation/NonCopyable.hpp"
 #include "VirtualDesktop/Home.hpp"
 #include "VirtualDesktop/Waiting.hpp"
 
@@ -35,16 +36,12 @@ Section "Screen"
 EndSection
 )";
 
-class Pipe {
+class Pipe : private NonCopyable {
 public:
     Pipe() {
         if (pipe2(ends_.data(), O_CLOEXEC) != 0)
             throw std::system_error{errno, std::generic_category(), "pipe"};
     }
-    Pipe(const Pipe&) = delete;
-    Pipe& operator=(const Pipe&) = delete;
-    Pipe(Pipe&&) = delete;
-    Pipe& operator=(Pipe&&) = delete;
     ~Pipe() {
         closeWritingEnd();
         close(ends_[0]);

@@ -1,5 +1,6 @@
 #include "Measure/SettingsFigures.hpp"
 
+#include "Foundation/NonCopyable.hpp"
 #include "VirtualDesktop/Report.hpp"
 #include "VirtualDesktop/VirtualDesktop.hpp"
 #include "VirtualDesktop/Waiting.hpp"
@@ -45,13 +46,9 @@ void reportAll(const std::string& what, std::vector<double> times, const std::st
 }
 
 /// A folder in memory, where writing takes no time.
-class MemoryFolder {
+class MemoryFolder : private NonCopyable {
 public:
     MemoryFolder() { fs::create_directory(path_); }
-    MemoryFolder(const MemoryFolder&) = delete;
-    MemoryFolder& operator=(const MemoryFolder&) = delete;
-    MemoryFolder(MemoryFolder&&) = delete;
-    MemoryFolder& operator=(MemoryFolder&&) = delete;
     ~MemoryFolder() {
         std::error_code ignored;
         fs::remove_all(path_, ignored);

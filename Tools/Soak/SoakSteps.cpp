@@ -1,5 +1,6 @@
 #include "Soak/SoakSteps.hpp"
 
+#include "Foundation/NonCopyable.hpp"
 #include "Soak/SettingsSteps.hpp"
 #include "Soak/SoakChecks.hpp"
 #include "VirtualDesktop/FileDrag.hpp"
@@ -249,13 +250,9 @@ void loseBus(SoakWorld& world) {
 }
 
 /// Suspends a process for its lifetime.
-class Hang {
+class Hang : private NonCopyable {
 public:
     explicit Hang(pid_t process) : process_(process) { ::kill(process_, SIGSTOP); }
-    Hang(const Hang&) = delete;
-    Hang& operator=(const Hang&) = delete;
-    Hang(Hang&&) = delete;
-    Hang& operator=(Hang&&) = delete;
     ~Hang() { ::kill(process_, SIGCONT); }
 
 private:

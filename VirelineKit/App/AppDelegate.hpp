@@ -8,6 +8,7 @@
 #include "ClientWindows/WindowMover.hpp"
 #include "Displays/DisplayCoordinator.hpp"
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Interaction/AppActivator.hpp"
 #include "Interaction/DockActions.hpp"
 #include "Interaction/TrashService.hpp"
@@ -27,16 +28,11 @@
 
 namespace vireline {
 
-class AppDelegate {
+class AppDelegate : private NonCopyable {
 public:
     /// Loads the settings; everything else waits for `applicationDidFinishLaunching`. The platform
     /// must outlive the delegate.
     explicit AppDelegate(const Platform& platform);
-    AppDelegate(const AppDelegate&) = delete;
-    AppDelegate& operator=(const AppDelegate&) = delete;
-    AppDelegate(AppDelegate&&) = delete;
-    AppDelegate& operator=(AppDelegate&&) = delete;
-    ~AppDelegate() = default;
 
     void applicationDidFinishLaunching();
 

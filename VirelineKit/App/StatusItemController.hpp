@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Platform/StatusBar.hpp"
 
 #include <functional>
@@ -13,16 +14,11 @@ namespace vireline {
 class Application;
 class LoginItemManager;
 
-class StatusItemController {
+class StatusItemController : private NonCopyable {
 public:
     StatusItemController(StatusBar& statusBar, Application& application,
                          LoginItemManager& loginItem, std::function<void()> showSettings,
                          std::function<void()> showOnboarding);
-    ~StatusItemController() = default;
-    StatusItemController(const StatusItemController&) = delete;
-    StatusItemController& operator=(const StatusItemController&) = delete;
-    StatusItemController(StatusItemController&&) = delete;
-    StatusItemController& operator=(StatusItemController&&) = delete;
 
     /// Whether the desktop shows the item, so that the user can reach it.
     [[nodiscard]] bool hasPlace() const { return statusItem_->hasPlace(); }

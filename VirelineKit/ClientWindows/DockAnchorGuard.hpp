@@ -4,6 +4,7 @@
 
 #include "Foundation/Geometry.hpp"
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/Observable.hpp"
 #include "Foundation/ScopedHandle.hpp"
 #include "Platform/PointerTap.hpp"
@@ -19,7 +20,7 @@ namespace vireline {
 class Accessibility;
 class RunLoop;
 
-class DockAnchorGuard {
+class DockAnchorGuard : private NonCopyable {
 public:
     enum class Status {
         off,
@@ -29,11 +30,6 @@ public:
 
     DockAnchorGuard(Accessibility& accessibility, PointerTaps& taps, RunLoop& runLoop)
         : accessibility_(accessibility), taps_(taps), runLoop_(runLoop) {}
-    DockAnchorGuard(const DockAnchorGuard&) = delete;
-    DockAnchorGuard& operator=(const DockAnchorGuard&) = delete;
-    DockAnchorGuard(DockAnchorGuard&&) = delete;
-    DockAnchorGuard& operator=(DockAnchorGuard&&) = delete;
-    ~DockAnchorGuard() = default;
 
     /// Sets the bands that the pointer is kept out of, in event space. May be called in any state.
     void setZones(std::vector<Rect> zones);

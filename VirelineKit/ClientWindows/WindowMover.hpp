@@ -5,6 +5,7 @@
 #include "ClientWindows/WindowPlacement.hpp"
 #include "Foundation/Geometry.hpp"
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/ScopedHandle.hpp"
 #include "Layout/ScreenSnapshot.hpp"
 #include "Platform/Accessibility.hpp"
@@ -23,7 +24,7 @@ class RunLoop;
 class Screens;
 
 /// Does nothing without the Accessibility permission.
-class WindowMover {
+class WindowMover : private NonCopyable {
 public:
     /// Centred on the display, without being resized.
     struct Center {
@@ -52,11 +53,6 @@ public:
         , applications_(applications)
         , screens_(screens)
         , runLoop_(runLoop) {}
-    WindowMover(const WindowMover&) = delete;
-    WindowMover& operator=(const WindowMover&) = delete;
-    WindowMover(WindowMover&&) = delete;
-    WindowMover& operator=(WindowMover&&) = delete;
-    ~WindowMover() = default;
 
     /// Arms a placement for an app that is being opened, replacing an earlier one.
     void expect(const std::string& bundleID, std::uint32_t display, const PlacementMode& mode);

@@ -4,6 +4,7 @@
 
 #include "Displays/DockPanel.hpp"
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/ScopedHandle.hpp"
 #include "Settings/Settings.hpp"
 
@@ -19,7 +20,7 @@ namespace vireline {
 class PanelWindows;
 class Screens;
 
-class DisplayCoordinator {
+class DisplayCoordinator : private NonCopyable {
 public:
     /// The settings that apply to all docks.
     struct DockConfig {
@@ -28,11 +29,6 @@ public:
     };
 
     DisplayCoordinator(const DockViewContext& context, Screens& screens, PanelWindows& windows);
-    DisplayCoordinator(const DisplayCoordinator&) = delete;
-    DisplayCoordinator& operator=(const DisplayCoordinator&) = delete;
-    DisplayCoordinator(DisplayCoordinator&&) = delete;
-    DisplayCoordinator& operator=(DisplayCoordinator&&) = delete;
-    ~DisplayCoordinator() = default;
 
     /// Returns the current settings.
     std::function<DockConfig()> dockConfig = [] { return DockConfig{}; };

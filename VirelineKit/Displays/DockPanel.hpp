@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Layout/PanelPlanner.hpp"
 #include "Platform/PanelWindow.hpp"
 #include "Views/Animator.hpp"
@@ -13,16 +14,12 @@
 
 namespace vireline {
 
-class DockPanel : private PanelWindowListener {
+class DockPanel : private PanelWindowListener, private NonCopyable {
 public:
     /// Hidden until `orderFrontRegardless`. An auto-hiding panel starts collapsed.
     DockPanel(const PanelSpec& spec, bool autoHide, const DockViewContext& context,
               PanelWindows& windows);
     ~DockPanel() override;
-    DockPanel(const DockPanel&) = delete;
-    DockPanel& operator=(const DockPanel&) = delete;
-    DockPanel(DockPanel&&) = delete;
-    DockPanel& operator=(DockPanel&&) = delete;
 
     [[nodiscard]] const PanelSpec& spec() const noexcept { return spec_; }
     [[nodiscard]] bool collapsed() const noexcept { return collapsed_; }

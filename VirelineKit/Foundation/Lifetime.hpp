@@ -1,6 +1,8 @@
 /// Disables callbacks once the object that they call into is gone.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
+
 #include <functional>
 #include <memory>
 #include <type_traits>
@@ -10,15 +12,8 @@ namespace vireline {
 
 /// A member of an object that hands out callbacks. It should be the last member, so that it is
 /// destroyed first.
-class Lifetime {
+class Lifetime : private NonCopyable {
 public:
-    Lifetime() = default;
-    Lifetime(const Lifetime&) = delete;
-    Lifetime& operator=(const Lifetime&) = delete;
-    Lifetime(Lifetime&&) = delete;
-    Lifetime& operator=(Lifetime&&) = delete;
-    ~Lifetime() = default;
-
     /// Wraps `function` so that calls do nothing once this object is gone.
     template <class Function>
     [[nodiscard]] auto guard(Function function) const {

@@ -2,21 +2,17 @@
 #pragma once
 
 #include "Foundation/CallbackList.hpp"
+#include "Foundation/NonCopyable.hpp"
 
 #include <utility>
 
 namespace vireline {
 
 template <class T>
-class Observable {
+class Observable : private NonCopyable {
 public:
     Observable() = default;
     explicit Observable(T initial) : value_(std::move(initial)) {}
-    Observable(const Observable&) = delete;
-    Observable& operator=(const Observable&) = delete;
-    Observable(Observable&&) = delete;
-    Observable& operator=(Observable&&) = delete;
-    ~Observable() = default;
 
     [[nodiscard]] const T& get() const noexcept { return value_; }
 

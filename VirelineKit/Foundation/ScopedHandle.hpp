@@ -1,6 +1,8 @@
 /// Move-only handles that release what they stand for when destroyed.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
+
 #include <functional>
 #include <memory>
 #include <utility>
@@ -21,11 +23,9 @@ public:
 
     /// A handle that calls `onEnd` once, when it is destroyed or reset.
     [[nodiscard]] static ScopedHandle calling(std::function<void()> onEnd) {
-        struct Caller {
+        struct Caller : private NonCopyable {
             std::function<void()> onEnd;
             explicit Caller(std::function<void()> f) : onEnd(std::move(f)) {}
-            Caller(const Caller&) = delete;
-            Caller& operator=(const Caller&) = delete;
             ~Caller() { onEnd(); }
         };
         return ScopedHandle{std::make_shared<Caller>(std::move(onEnd))};

@@ -1,6 +1,7 @@
 /// Carries out what a click, a double click or a menu choice on an app's tile means.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "Interaction/ClickPolicy.hpp"
 #include "Model/DockItem.hpp"
 #include "Platform/RunningApplications.hpp"
@@ -19,7 +20,7 @@ class WindowMover;
 
 /// `display` is always the display ID of the tile's dock. If several instances of an app are
 /// running, the first one is used.
-class AppActivator {
+class AppActivator : private NonCopyable {
 public:
     AppActivator(RunningApplications& applications, Workspace& workspace, const Screens& screens,
                  const Accessibility& accessibility)
@@ -27,11 +28,6 @@ public:
         , workspace_(workspace)
         , screens_(screens)
         , accessibility_(accessibility) {}
-    AppActivator(const AppActivator&) = delete;
-    AppActivator& operator=(const AppActivator&) = delete;
-    AppActivator(AppActivator&&) = delete;
-    AppActivator& operator=(AppActivator&&) = delete;
-    ~AppActivator() = default;
 
     /// Not owned. If null, windows are neither placed nor summoned.
     WindowMover* windowMover = nullptr;

@@ -3,6 +3,7 @@
 
 #include "Foundation/FileURL.hpp"
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/ScopedHandle.hpp"
 #include "Platform/Trash.hpp"
 #include "Platform/UserFolders.hpp"
@@ -21,7 +22,7 @@ class RunLoop;
 /// Files are moved one after the other. A move that hangs, for example on a server that does not
 /// respond, delays only the other files of the same folder. Files that are still waiting when the
 /// service is destroyed are not moved.
-class TrashService {
+class TrashService : private NonCopyable {
 public:
     /// Seconds after which a move counts as hanging, and files of other folders no longer wait for
     /// it.
@@ -32,11 +33,6 @@ public:
 
     TrashService(Trash& trash, const UserFolders& folders, RunLoop& runLoop)
         : trash_(trash), folders_(folders), runLoop_(runLoop) {}
-    TrashService(const TrashService&) = delete;
-    TrashService& operator=(const TrashService&) = delete;
-    TrashService(TrashService&&) = delete;
-    TrashService& operator=(TrashService&&) = delete;
-    ~TrashService() = default;
 
     /// nullopt if there is none.
     [[nodiscard]] std::optional<FileURL> trashURL() const { return folders_.trash(); }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Foundation/Geometry.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/Result.hpp"
 #include "Foundation/ScopedHandle.hpp"
 
@@ -14,13 +15,8 @@
 namespace vireline {
 
 /// The platform's reference to an application or a window, which may be gone by now.
-class AccessibilityElement {
+class AccessibilityElement : private NonCopyable {
 public:
-    AccessibilityElement() = default;
-    AccessibilityElement(const AccessibilityElement&) = delete;
-    AccessibilityElement& operator=(const AccessibilityElement&) = delete;
-    AccessibilityElement(AccessibilityElement&&) = delete;
-    AccessibilityElement& operator=(AccessibilityElement&&) = delete;
     virtual ~AccessibilityElement() = default;
 };
 

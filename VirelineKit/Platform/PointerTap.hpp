@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Foundation/Geometry.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/Result.hpp"
 
 #include <functional>
@@ -23,13 +24,8 @@ enum class PointerTapEvent {
 using PointerRule = std::function<std::optional<Point>(Point)>;
 
 /// One tap, removed when this object is destroyed.
-class PointerTap {
+class PointerTap : private NonCopyable {
 public:
-    PointerTap() = default;
-    PointerTap(const PointerTap&) = delete;
-    PointerTap& operator=(const PointerTap&) = delete;
-    PointerTap(PointerTap&&) = delete;
-    PointerTap& operator=(PointerTap&&) = delete;
     virtual ~PointerTap() = default;
 
     /// A disabled tap neither sees nor changes anything.

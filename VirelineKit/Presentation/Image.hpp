@@ -2,19 +2,16 @@
 #pragma once
 
 #include "Foundation/Geometry.hpp"
+#include "Foundation/NonCopyable.hpp"
 
 #include <memory>
 
 namespace vireline {
 
 /// The platform's image for an image node. The size is in points.
-class Image {
+class Image : private NonCopyable {
 public:
     explicit Image(Size size) : size_(size) {}
-    Image(const Image&) = delete;
-    Image& operator=(const Image&) = delete;
-    Image(Image&&) = delete;
-    Image& operator=(Image&&) = delete;
     virtual ~Image() = default;
 
     [[nodiscard]] Size size() const noexcept { return size_; }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/ScopedHandle.hpp"
 #include "Platform/DesktopWords.hpp"
 #include "Platform/ProgramWindows.hpp"
@@ -18,15 +19,10 @@ class PreferencesStore;
 class Workspace;
 struct Platform;
 
-class OnboardingWindowController : private OnboardingListener {
+class OnboardingWindowController : private OnboardingListener, private NonCopyable {
 public:
     OnboardingWindowController(PreferencesStore& store, DockAnchorGuard& anchorGuard,
                                const Platform& platform);
-    ~OnboardingWindowController() override = default;
-    OnboardingWindowController(const OnboardingWindowController&) = delete;
-    OnboardingWindowController& operator=(const OnboardingWindowController&) = delete;
-    OnboardingWindowController(OnboardingWindowController&&) = delete;
-    OnboardingWindowController& operator=(OnboardingWindowController&&) = delete;
 
     /// Brings the window to the front. If it was closed, it starts again at the first page.
     void show();

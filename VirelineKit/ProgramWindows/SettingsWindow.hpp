@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/ScopedHandle.hpp"
 #include "Platform/DesktopWords.hpp"
 #include "Platform/ProgramWindows.hpp"
@@ -19,15 +20,10 @@ class PreferencesStore;
 class Workspace;
 struct Platform;
 
-class SettingsWindowController : private FormListener {
+class SettingsWindowController : private FormListener, private NonCopyable {
 public:
     SettingsWindowController(PreferencesStore& store, LoginItemManager& loginItem,
                              DockAnchorGuard& anchorGuard, const Platform& platform);
-    ~SettingsWindowController() override = default;
-    SettingsWindowController(const SettingsWindowController&) = delete;
-    SettingsWindowController& operator=(const SettingsWindowController&) = delete;
-    SettingsWindowController(SettingsWindowController&&) = delete;
-    SettingsWindowController& operator=(SettingsWindowController&&) = delete;
 
     /// Brings the window to the front of all programs.
     void show();

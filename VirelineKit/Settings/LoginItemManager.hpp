@@ -2,18 +2,15 @@
 /// login item elsewhere: the system is asked each time.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
+
 namespace vireline {
 
 class LoginItemService;
 
-class LoginItemManager {
+class LoginItemManager : private NonCopyable {
 public:
     explicit LoginItemManager(LoginItemService& service) : service_(service) {}
-    LoginItemManager(const LoginItemManager&) = delete;
-    LoginItemManager& operator=(const LoginItemManager&) = delete;
-    LoginItemManager(LoginItemManager&&) = delete;
-    LoginItemManager& operator=(LoginItemManager&&) = delete;
-    ~LoginItemManager() = default;
 
     /// False while the login item waits for the user's approval.
     [[nodiscard]] bool isEnabled() const;

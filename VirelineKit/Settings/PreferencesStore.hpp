@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Foundation/FileURL.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/Observable.hpp"
 #include "Platform/FileSystem.hpp"
 #include "Platform/UserFolders.hpp"
@@ -13,7 +14,7 @@
 
 namespace vireline {
 
-class PreferencesStore {
+class PreferencesStore : private NonCopyable {
 public:
     /// A longer file counts as damaged. For scale: a record with a thousand apps takes about 200
     /// KiB.
@@ -24,11 +25,6 @@ public:
     /// A damaged file is logged and left as it is until the first change.
     PreferencesStore(FileSystem& fileSystem, const UserFolders& folders,
                      const std::optional<FileURL>& directory = std::nullopt);
-    PreferencesStore(const PreferencesStore&) = delete;
-    PreferencesStore& operator=(const PreferencesStore&) = delete;
-    PreferencesStore(PreferencesStore&&) = delete;
-    PreferencesStore& operator=(PreferencesStore&&) = delete;
-    ~PreferencesStore() = default;
 
     [[nodiscard]] const Settings& settings() const noexcept { return settings_.get(); }
 

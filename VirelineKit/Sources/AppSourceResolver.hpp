@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Model/DockItem.hpp"
 #include "Platform/Platform.hpp"
 #include "Settings/PreferencesStore.hpp"
@@ -19,14 +20,9 @@ namespace vireline {
 
 /// An edit only writes the settings. It reaches the docks because the owner calls `emit` when the
 /// settings change.
-class AppSourceResolver {
+class AppSourceResolver : private NonCopyable {
 public:
     AppSourceResolver(PreferencesStore& store, const Platform& platform);
-    AppSourceResolver(const AppSourceResolver&) = delete;
-    AppSourceResolver& operator=(const AppSourceResolver&) = delete;
-    AppSourceResolver(AppSourceResolver&&) = delete;
-    AppSourceResolver& operator=(AppSourceResolver&&) = delete;
-    ~AppSourceResolver() = default;
 
     /// Delivers the current list, and from then on, while mirroring, every reading of the mirror.
     void start();

@@ -4,6 +4,7 @@
 
 #include "Foundation/CallbackList.hpp"
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Platform/Icons.hpp"
 
 #include <functional>
@@ -13,17 +14,12 @@
 
 namespace vireline {
 
-class IconStore {
+class IconStore : private NonCopyable {
 public:
     static constexpr const char* downloadsKey = "utility.downloads";
     static constexpr const char* trashKey = "utility.trash";
 
     explicit IconStore(Icons& icons);
-    IconStore(const IconStore&) = delete;
-    IconStore& operator=(const IconStore&) = delete;
-    IconStore(IconStore&&) = delete;
-    IconStore& operator=(IconStore&&) = delete;
-    ~IconStore() = default;
 
     /// The icon of the file at `path`, 44 × 44 points. Cached by `key` until icons change, even if
     /// `path` changes.

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Model/DockItem.hpp"
 #include "Platform/Platform.hpp"
 #include "Sources/DockPreferencesReader.hpp"
@@ -14,17 +15,12 @@
 
 namespace vireline {
 
-class MirrorSource {
+class MirrorSource : private NonCopyable {
 public:
     /// Seconds without a change notification before a reading.
     static constexpr double debounceDelay = 0.3;
 
     explicit MirrorSource(const Platform& platform);
-    MirrorSource(const MirrorSource&) = delete;
-    MirrorSource& operator=(const MirrorSource&) = delete;
-    MirrorSource(MirrorSource&&) = delete;
-    MirrorSource& operator=(MirrorSource&&) = delete;
-    ~MirrorSource() = default;
 
     /// Reads immediately, and from then on after every change.
     void start();

@@ -3,6 +3,7 @@
 
 #include "Foundation/FileURL.hpp"
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Platform/FileEvents.hpp"
 #include "Platform/RunLoop.hpp"
 
@@ -10,7 +11,7 @@
 
 namespace vireline {
 
-class PathWatcher {
+class PathWatcher : private NonCopyable {
 public:
     /// Seconds between the loss of the file, or a failure to watch it, and the next attempt.
     static constexpr double retryDelay = 1.0;
@@ -18,11 +19,6 @@ public:
     /// `onChange` is called for every batch of events of the file, but not when it reappears.
     PathWatcher(FileURL url, FileEvents& fileEvents, RunLoop& runLoop,
                 std::function<void()> onChange);
-    PathWatcher(const PathWatcher&) = delete;
-    PathWatcher& operator=(const PathWatcher&) = delete;
-    PathWatcher(PathWatcher&&) = delete;
-    PathWatcher& operator=(PathWatcher&&) = delete;
-    ~PathWatcher() = default;
 
     void start();
 

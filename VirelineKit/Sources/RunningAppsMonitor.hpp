@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Model/DockItem.hpp"
 #include "Platform/ApplicationCatalog.hpp"
 #include "Platform/RunningApplications.hpp"
@@ -16,14 +17,9 @@
 namespace vireline {
 
 /// Stateless: the list of running apps is read again for every report.
-class RunningAppsMonitor {
+class RunningAppsMonitor : private NonCopyable {
 public:
     explicit RunningAppsMonitor(RunningApplications& applications) : applications_(applications) {}
-    RunningAppsMonitor(const RunningAppsMonitor&) = delete;
-    RunningAppsMonitor& operator=(const RunningAppsMonitor&) = delete;
-    RunningAppsMonitor(RunningAppsMonitor&&) = delete;
-    RunningAppsMonitor& operator=(RunningAppsMonitor&&) = delete;
-    ~RunningAppsMonitor() = default;
 
     /// The running ordinary apps in the system's order, one entry for each instance. Apps without
     /// an identifier or a bundle URL are omitted.

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Layout/PanelPlanner.hpp"
 #include "Layout/StripLayout.hpp"
 #include "Model/DockViewModel.hpp"
@@ -25,15 +26,10 @@
 
 namespace vireline {
 
-class DockRootView {
+class DockRootView : private NonCopyable {
 public:
     DockRootView(const DockViewContext& context, PanelUIState& ui, const PanelSpec& spec,
                  bool takesWholeWindow);
-    DockRootView(const DockRootView&) = delete;
-    DockRootView& operator=(const DockRootView&) = delete;
-    DockRootView(DockRootView&&) = delete;
-    DockRootView& operator=(DockRootView&&) = delete;
-    ~DockRootView() = default;
 
     /// Called when the scene has changed, possibly many times per frame. The scene is only built by
     /// `makeScene`, so invalidating is cheap.

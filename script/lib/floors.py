@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Checks the direction of includes: docs/architecture.md lists the folders of each part from top to bottom,
-and no folder may include a file of a folder above it.
+and no folder may include a file of a folder above it. A part that stands below another may not include that
+one's files at all, nor the headers of libraries that only the upper part may use.
 
     script/lib/floors.py
 """
@@ -10,7 +11,12 @@ import re
 import sys
 
 DOCUMENT = pathlib.Path("docs/architecture.md")
-INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s+"([^"]+)"', re.MULTILINE)
+INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s+(["<][^">]+)[">]', re.MULTILINE)
+SUFFIXES = (".hpp", ".cpp", ".mm")
+
+# Lower part: the part above it, and the headers that are for that part only.
+LINUX = pathlib.Path("Platforms/Linux")
+ABOVE = {"Platforms/Linux/Common": ("Platforms/Linux/X11", ("<xcb/", "<X11/"))}
 
 
 def listed_folders():
@@ -27,20 +33,46 @@ def listed_folders():
     return parts
 
 
+def sources_in(root):
+    return sorted(path for path in root.rglob("*") if path.suffix in SUFFIXES)
+
+
 def complaints(part, folders):
     """Yields a line for everything in a part that contradicts its table."""
     root = pathlib.Path(part)
     floors = {folder: floor for floor, folder in enumerate(reversed(folders))}
-    sources = [path for path in root.rglob("*") if path.suffix in (".hpp", ".cpp", ".mm")]
+    sources = sources_in(root)
     present = {path.relative_to(root).parts[0] for path in sources if path.parent != root}
     for folder in sorted(present ^ set(folders)):
         yield f"{DOCUMENT}: `{folder}` is {'not in the table of' if folder in present else 'no folder of'} {part}"
-    for path in sorted(sources):
+    for path in sources:
         folder = path.relative_to(root).parts[0]
-        for name in INCLUDE.findall(path.read_text()):
+        for written in INCLUDE.findall(path.read_text()):
+            name = written[1:]
             included = name.split("/")[0]
-            if (root / name).exists() and floors.get(included, 0) > floors.get(folder, 0):
+            if written.startswith('"') and (root / name).exists() and floors.get(included, 0) > floors.get(folder, 0):
                 yield f"{path}: includes {name}, which is above {folder}"
+
+
+def complaints_between(part, above, reserved):
+    """Yields a line for every include in a part that only the part above it may have."""
+    root = pathlib.Path(part)
+    for path in sources_in(root):
+        for written in INCLUDE.findall(path.read_text()):
+            name = written[1:]
+            is_above = (pathlib.Path(above) / name).exists() and not (root / name).exists()
+            if written.startswith('"') and is_above:
+                yield f"{path}: includes {name}, which is in {above}"
+            if written.startswith(reserved):
+                yield f"{path}: includes <{name}>, which only {above} may"
+
+
+def strays(parts):
+    """Yields a line for every source of the Linux platform that is in none of its parts."""
+    roots = [pathlib.Path(part) for part in parts]
+    for path in sources_in(LINUX):
+        if not any(root in path.parents for root in roots):
+            yield f"{path}: is in no part that {DOCUMENT} lists"
 
 
 def main():
@@ -48,6 +80,10 @@ def main():
     if not parts:
         sys.exit(f"{DOCUMENT} has no tables of folders")
     found = [line for part, folders in parts.items() for line in complaints(part, folders)]
+    for part, (above, reserved) in ABOVE.items():
+        found += [f"{DOCUMENT}: has no table of {name}" for name in (part, above) if name not in parts]
+        found += complaints_between(part, above, reserved)
+    found += strays(parts)
     if found:
         sys.exit("\n".join(found))
 

@@ -1,6 +1,7 @@
 /// The macOS platform: creates and owns all ports.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "Platform/Platform.hpp"
 
 #include <expected>
@@ -8,17 +9,13 @@
 
 namespace vireline {
 
-class HostPlatform {
+class HostPlatform : private NonCopyable {
 public:
     /// An exit code. On this platform, starting never fails.
     using ExitStatus = int;
 
     [[nodiscard]] static std::expected<std::unique_ptr<HostPlatform>, ExitStatus> start();
 
-    HostPlatform(const HostPlatform&) = delete;
-    HostPlatform& operator=(const HostPlatform&) = delete;
-    HostPlatform(HostPlatform&&) = delete;
-    HostPlatform& operator=(HostPlatform&&) = delete;
     ~HostPlatform();
 
     [[nodiscard]] Platform ports();

@@ -1,6 +1,7 @@
 #include "Bridge/Notifications.hpp"
 
 #include "Bridge/Attempt.hpp"
+#include "Foundation/NonCopyable.hpp"
 
 #import <AppKit/AppKit.h>
 
@@ -13,13 +14,9 @@ namespace {
 using Handler = std::function<void(NSNotification*)>;
 
 /// Removes the observer when it is destroyed.
-struct Observation {
+struct Observation : private NonCopyable {
     Observation(NSNotificationCenter* observed, Handler called)
         : center(observed), handler(std::move(called)) {}
-    Observation(const Observation&) = delete;
-    Observation& operator=(const Observation&) = delete;
-    Observation(Observation&&) = delete;
-    Observation& operator=(Observation&&) = delete;
     ~Observation() {
         if (id<NSObject> installed = token; installed != nil)
             attempt("removeObserver", [&] { [center removeObserver:installed]; });

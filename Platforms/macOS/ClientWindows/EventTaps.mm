@@ -40,10 +40,6 @@ public:
         CGEventTapEnable(port_.get(), false);
         thread_.emplace(source_.get());
     }
-    EventTap(const EventTap&) = delete;
-    EventTap& operator=(const EventTap&) = delete;
-    EventTap(EventTap&&) = delete;
-    EventTap& operator=(EventTap&&) = delete;
     ~EventTap() override {
         if (!port_)
             return;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Bridge/CFHandle.hpp"
+#include "Foundation/NonCopyable.hpp"
 
 #import <CoreFoundation/CoreFoundation.h>
 
@@ -11,13 +12,9 @@
 
 namespace vireline::macos {
 
-class RunLoopThread {
+class RunLoopThread : private NonCopyable {
 public:
     explicit RunLoopThread(CFRunLoopSourceRef _Nonnull source);
-    RunLoopThread(const RunLoopThread&) = delete;
-    RunLoopThread& operator=(const RunLoopThread&) = delete;
-    RunLoopThread(RunLoopThread&&) = delete;
-    RunLoopThread& operator=(RunLoopThread&&) = delete;
 
     /// Waits until a running callback of the source has returned. Invalidate the source first.
     ~RunLoopThread();

@@ -3,6 +3,7 @@
 #include "Bridge/Attempt.hpp"
 #include "Bridge/Conversions.hpp"
 #include "Bridge/Notifications.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Translation/DisplayNumbers.hpp"
 
 #import <AppKit/AppKit.h>
@@ -34,15 +35,11 @@ PlatformScreen describe(NSScreen* screen) {
 }
 
 /// Calls `handler` when another display becomes the main one.
-class MainDisplayWatch {
+class MainDisplayWatch : private NonCopyable {
 public:
     explicit MainDisplayWatch(std::shared_ptr<Handler> handler) : handler_(std::move(handler)) {
         CGDisplayRegisterReconfigurationCallback(&reconfigured, this);
     }
-    MainDisplayWatch(const MainDisplayWatch&) = delete;
-    MainDisplayWatch& operator=(const MainDisplayWatch&) = delete;
-    MainDisplayWatch(MainDisplayWatch&&) = delete;
-    MainDisplayWatch& operator=(MainDisplayWatch&&) = delete;
     ~MainDisplayWatch() { CGDisplayRemoveReconfigurationCallback(&reconfigured, this); }
 
 private:

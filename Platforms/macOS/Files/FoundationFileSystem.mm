@@ -4,6 +4,7 @@
 #include "Bridge/Conversions.hpp"
 #include "Files/Leftovers.hpp"
 #include "Files/WriteTarget.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/ReplacementNames.hpp"
 
 #import <Foundation/Foundation.h>
@@ -69,16 +70,12 @@ Result<std::string> readFile(const FileURL& url, std::size_t maximumBytes) {
 /// A temporary file with a unique name in the target's folder. Removed with this object unless it
 /// has replaced the target. Kept open and locked until then, so that no other process removes it as
 /// a leftover.
-class Replacement {
+class Replacement : private NonCopyable {
 public:
     explicit Replacement(const FileURL& target) {
         removeLeftovers(target);
         create(target);
     }
-    Replacement(const Replacement&) = delete;
-    Replacement& operator=(const Replacement&) = delete;
-    Replacement(Replacement&&) = delete;
-    Replacement& operator=(Replacement&&) = delete;
     ~Replacement() {
         if (wasCreated() && !isPlaced_)
             ::unlink(path_.c_str());

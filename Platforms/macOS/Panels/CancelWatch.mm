@@ -1,6 +1,7 @@
 #include "Panels/CancelWatch.hpp"
 
 #include "Bridge/Attempt.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Translation/DragWatch.hpp"
 
 #import <AppKit/AppKit.h>
@@ -16,13 +17,9 @@ namespace {
 constexpr CGKeyCode escapeKey = 53;
 constexpr NSTimeInterval interval = 1.0 / 60;
 
-class Watch {
+class Watch : private NonCopyable {
 public:
     explicit Watch(std::function<void()> onCancel) : onCancel_(std::move(onCancel)) {}
-    Watch(const Watch&) = delete;
-    Watch& operator=(const Watch&) = delete;
-    Watch(Watch&&) = delete;
-    Watch& operator=(Watch&&) = delete;
     ~Watch() {
         attempt("removeMonitor", [this] {
             [timer_ invalidate];

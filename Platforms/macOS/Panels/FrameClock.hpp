@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Translation/FramePacer.hpp"
 
 #import <AppKit/AppKit.h>
@@ -13,29 +14,19 @@
 namespace vireline::macos {
 
 /// Ticks of a display's refresh, stopped at first.
-class RefreshTicks {
+class RefreshTicks : private NonCopyable {
 public:
-    RefreshTicks() = default;
-    RefreshTicks(const RefreshTicks&) = delete;
-    RefreshTicks& operator=(const RefreshTicks&) = delete;
-    RefreshTicks(RefreshTicks&&) = delete;
-    RefreshTicks& operator=(RefreshTicks&&) = delete;
     virtual ~RefreshTicks() = default;
 
     virtual void start() = 0;
     virtual void stop() = 0;
 };
 
-class FrameClock {
+class FrameClock : private NonCopyable {
 public:
     /// Calls `onFrame` for requested frames, in step with the display that shows `view`. If `view`
     /// is nil, there are no ticks.
     FrameClock(NSView* _Nullable view, std::function<void()> onFrame);
-    FrameClock(const FrameClock&) = delete;
-    FrameClock& operator=(const FrameClock&) = delete;
-    FrameClock(FrameClock&&) = delete;
-    FrameClock& operator=(FrameClock&&) = delete;
-    ~FrameClock() = default;
 
     void request();
 

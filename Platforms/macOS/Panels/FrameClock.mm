@@ -66,10 +66,6 @@ class TimerTicks final : public RefreshTicks {
 public:
     TimerTicks(NSView* view, std::function<void()> onTick)
         : view_(view), onTick_(std::make_shared<std::function<void()>>(std::move(onTick))) {}
-    TimerTicks(const TimerTicks&) = delete;
-    TimerTicks& operator=(const TimerTicks&) = delete;
-    TimerTicks(TimerTicks&&) = delete;
-    TimerTicks& operator=(TimerTicks&&) = delete;
     ~TimerTicks() override {
         attempt("invalidate", [this] { [timer_ invalidate]; });
     }

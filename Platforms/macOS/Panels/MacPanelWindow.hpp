@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/ScopedHandle.hpp"
 #include "Panels/FrameClock.hpp"
 #include "Panels/PopUpMenu.hpp"
@@ -20,13 +21,9 @@
 
 namespace vireline::macos {
 
-class MacPanelWindow final : public PanelWindow {
+class MacPanelWindow final : public PanelWindow, private NonCopyable {
 public:
     MacPanelWindow(std::uint32_t displayID, const Rect& frame, PanelWindowListener& listener);
-    MacPanelWindow(const MacPanelWindow&) = delete;
-    MacPanelWindow& operator=(const MacPanelWindow&) = delete;
-    MacPanelWindow(MacPanelWindow&&) = delete;
-    MacPanelWindow& operator=(MacPanelWindow&&) = delete;
     ~MacPanelWindow() override;
 
     void setOverhang(const Overhang& overhang) override { nextOverhang_ = overhang; }

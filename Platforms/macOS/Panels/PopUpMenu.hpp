@@ -1,6 +1,7 @@
 /// A native popup menu that opens without taking the focus.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "Presentation/Menu.hpp"
 
 #import <AppKit/AppKit.h>
@@ -12,7 +13,7 @@ namespace vireline::macos {
 
 /// Opening a native menu blocks until it closes, so this happens in the run loop's next turn.
 /// Destroying this object closes the menu without calling back.
-class PopUpMenu {
+class PopUpMenu : private NonCopyable {
 public:
     /// Called once, in a later turn of the run loop, with the action of the chosen command; null if
     /// none was chosen or it has no action. May destroy the menu.
@@ -24,10 +25,6 @@ public:
                                                          const MenuPlace& place, Closed closed);
 
     explicit PopUpMenu(Closed closed) : closed_(std::move(closed)) {}
-    PopUpMenu(const PopUpMenu&) = delete;
-    PopUpMenu& operator=(const PopUpMenu&) = delete;
-    PopUpMenu(PopUpMenu&&) = delete;
-    PopUpMenu& operator=(PopUpMenu&&) = delete;
     ~PopUpMenu();
 
     /// Closes the menu and calls back immediately.

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Foundation/ScopedHandle.hpp"
 
 #import <AppKit/AppKit.h>
@@ -14,14 +15,9 @@ namespace vireline::macos {
 
 class TitledWindow;
 
-class FocusReturn {
+class FocusReturn : private NonCopyable {
 public:
     FocusReturn();
-    FocusReturn(const FocusReturn&) = delete;
-    FocusReturn& operator=(const FocusReturn&) = delete;
-    FocusReturn(FocusReturn&&) = delete;
-    FocusReturn& operator=(FocusReturn&&) = delete;
-    ~FocusReturn() = default;
 
     void add(const TitledWindow& window) { windows_.insert(&window); }
     void remove(const TitledWindow& window) { windows_.erase(&window); }

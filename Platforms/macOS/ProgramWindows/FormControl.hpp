@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Foundation/Geometry.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Presentation/Form.hpp"
 
 #import <AppKit/AppKit.h>
@@ -11,15 +12,10 @@
 
 namespace vireline::macos {
 
-class FormControl {
+class FormControl : private NonCopyable {
 public:
     using Value = decltype(FormRow::control);
 
-    FormControl() = default;
-    FormControl(const FormControl&) = delete;
-    FormControl& operator=(const FormControl&) = delete;
-    FormControl(FormControl&&) = delete;
-    FormControl& operator=(FormControl&&) = delete;
     virtual ~FormControl() = default;
 
     /// Creates a radio group, a segmented control, a switch or a slider, depending on the type of

@@ -1,6 +1,7 @@
 /// A window with a title bar. The program's own windows show their contents in one.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "Platform/ProgramWindows.hpp"
 
 #import <AppKit/AppKit.h>
@@ -11,13 +12,9 @@ namespace vireline::macos {
 
 class FocusReturn;
 
-class TitledWindow {
+class TitledWindow : private NonCopyable {
 public:
     TitledWindow(const WindowStyle& style, std::shared_ptr<FocusReturn> focus);
-    TitledWindow(const TitledWindow&) = delete;
-    TitledWindow& operator=(const TitledWindow&) = delete;
-    TitledWindow(TitledWindow&&) = delete;
-    TitledWindow& operator=(TitledWindow&&) = delete;
     ~TitledWindow();
 
     void setContent(NSView* _Nullable content);

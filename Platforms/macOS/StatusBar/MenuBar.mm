@@ -5,6 +5,7 @@
 #include "Bridge/Menus.hpp"
 #include "Foundation/DevLog.hpp"
 #include "Foundation/Lifetime.hpp"
+#include "Foundation/NonCopyable.hpp"
 
 #import <AppKit/AppKit.h>
 
@@ -36,17 +37,13 @@
 namespace vireline::macos {
 namespace {
 
-class MenuBarItem final : public StatusItem {
+class MenuBarItem final : public StatusItem, private NonCopyable {
 public:
     MenuBarItem() {
         attempt("statusItemWithLength", [this] {
             item_ = [NSStatusBar.systemStatusBar statusItemWithLength:NSSquareStatusItemLength];
         });
     }
-    MenuBarItem(const MenuBarItem&) = delete;
-    MenuBarItem& operator=(const MenuBarItem&) = delete;
-    MenuBarItem(MenuBarItem&&) = delete;
-    MenuBarItem& operator=(MenuBarItem&&) = delete;
     ~MenuBarItem() override {
         if (NSStatusItem* const item = item_; item != nil)
             attempt("removeStatusItem",

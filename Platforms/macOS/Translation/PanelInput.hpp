@@ -2,6 +2,7 @@
 /// window's coordinates: origin bottom-left, y upwards.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "Translation/HostedView.hpp"
 #include "Views/PointerTracker.hpp"
 
@@ -11,14 +12,9 @@
 
 namespace vireline::macos {
 
-class PanelInput {
+class PanelInput : private NonCopyable {
 public:
     explicit PanelInput(PanelWindowListener& listener) : listener_(listener), pointer_(listener) {}
-    PanelInput(const PanelInput&) = delete;
-    PanelInput& operator=(const PanelInput&) = delete;
-    PanelInput(PanelInput&&) = delete;
-    PanelInput& operator=(PanelInput&&) = delete;
-    ~PanelInput() = default;
 
     [[nodiscard]] PanelWindowListener& listener() noexcept { return listener_; }
 

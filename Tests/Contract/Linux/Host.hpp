@@ -8,9 +8,9 @@
 
 namespace vireline::test {
 
-using HostFileEvents = x11::InotifyFileEvents;
-using HostFileSystem = x11::PosixFileSystem;
-using HostRunLoop = x11::QtRunLoop;
+using HostFileEvents = xdg::InotifyFileEvents;
+using HostFileSystem = xdg::PosixFileSystem;
+using HostRunLoop = xdg::QtRunLoop;
 
 /// Whether a watch can be opened on a file that does not exist yet.
 inline constexpr bool hostWaitsForMissingFiles = true;

@@ -2,6 +2,7 @@
 // to them, and to the call that marks them.
 #include "Files/FoundationFileSystem.hpp"
 #include "Files/Leftovers.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Support/TemporaryFolder.hpp"
 
 #include <fcntl.h>
@@ -40,13 +41,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class Marks : public testing::Test {
+class Marks : public testing::Test, private NonCopyable {
 protected:
-    Marks() = default;
-    Marks(const Marks&) = delete;
-    Marks& operator=(const Marks&) = delete;
-    Marks(Marks&&) = delete;
-    Marks& operator=(Marks&&) = delete;
     ~Marks() override { beforeMark() = nullptr; }
 
     [[nodiscard]] std::string path(const char* name) const { return folder.path() / name; }

@@ -1,5 +1,6 @@
 // When a dock's frames are due: in step with a display link, or with a timer where views have none.
 #include "Cocoa/Paper.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Panels/FrameClock.hpp"
 #include "Unseen.hpp"
 
@@ -9,7 +10,7 @@ namespace vireline::macos {
 namespace {
 
 /// Version 13 has no display links of views.
-class Frames : public testing::TestWithParam<int> {
+class Frames : public testing::TestWithParam<int>, private NonCopyable {
 protected:
     Frames() {
         paper::setSystemVersion(GetParam());
@@ -23,10 +24,6 @@ protected:
             [window orderFrontRegardless];
         }
     }
-    Frames(const Frames&) = delete;
-    Frames& operator=(const Frames&) = delete;
-    Frames(Frames&&) = delete;
-    Frames& operator=(Frames&&) = delete;
     ~Frames() override { EXPECT_EQ(unseenFaults(), std::vector<std::string>{}); }
 
     /// Asks for the next frame as soon as one is due, as a movement does, until that many were.

@@ -2,6 +2,7 @@
 // may do to them.
 #include "ClientWindows/EventTaps.hpp"
 #include "Cocoa/Paper.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Unseen.hpp"
 
 #include <gtest/gtest.h>
@@ -21,13 +22,9 @@ std::optional<Point> nowhereElse(Point /*at*/) {
     return std::nullopt;
 }
 
-class Taps : public testing::Test {
+class Taps : public testing::Test, private NonCopyable {
 protected:
     Taps() { paper::setTrusted(true); }
-    Taps(const Taps&) = delete;
-    Taps& operator=(const Taps&) = delete;
-    Taps(Taps&&) = delete;
-    Taps& operator=(Taps&&) = delete;
     ~Taps() override {
         EXPECT_EQ(unseenFaults(), std::vector<std::string>{});
         EXPECT_EQ(paper::eventTaps(), 0U);

@@ -1,5 +1,6 @@
 // A menu of a dock: when it opens, what closes it, and what it says then.
 #include "Cocoa/Paper.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Panels/PopUpMenu.hpp"
 #include "Unseen.hpp"
 
@@ -8,17 +9,13 @@
 namespace vireline::macos {
 namespace {
 
-class Menus : public testing::Test {
+class Menus : public testing::Test, private NonCopyable {
 protected:
     Menus() {
         @autoreleasepool {
             view = [[NSView alloc] initWithFrame:NSMakeRect(0, 0, 100, 100)];
         }
     }
-    Menus(const Menus&) = delete;
-    Menus& operator=(const Menus&) = delete;
-    Menus(Menus&&) = delete;
-    Menus& operator=(Menus&&) = delete;
     ~Menus() override {
         paper::answerMenus(nullptr);
         EXPECT_EQ(unseenFaults(), std::vector<std::string>{});

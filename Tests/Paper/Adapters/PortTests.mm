@@ -7,6 +7,7 @@
 #include "Desktop/CFDockPreferences.hpp"
 #include "Desktop/FoundationPropertyLists.hpp"
 #include "Displays/MacScreens.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Icons/MacImage.hpp"
 #include "Icons/WorkspaceIcons.hpp"
 #include "Session/MainAppLoginItem.hpp"
@@ -22,13 +23,8 @@
 namespace vireline::macos {
 namespace {
 
-class Ports : public testing::Test {
+class Ports : public testing::Test, private NonCopyable {
 protected:
-    Ports() = default;
-    Ports(const Ports&) = delete;
-    Ports& operator=(const Ports&) = delete;
-    Ports(Ports&&) = delete;
-    Ports& operator=(Ports&&) = delete;
     ~Ports() override {
         EXPECT_EQ(remains(), std::vector<std::string>{});
         EXPECT_EQ(unseenFaults(), std::vector<std::string>{});

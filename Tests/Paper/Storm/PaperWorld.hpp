@@ -4,6 +4,7 @@
 #pragma once
 
 #include "Cocoa/Paper.hpp"
+#include "Foundation/NonCopyable.hpp"
 #include "Layout/PanelPlanner.hpp"
 #include "Storm/WitnessedPanels.hpp"
 #include "Support/Random.hpp"
@@ -27,14 +28,9 @@ struct PaperEvent {
     void (*happen)(PaperWorld& world, test::Random& random);
 };
 
-class PaperWorld {
+class PaperWorld : private NonCopyable {
 public:
     explicit PaperWorld(unsigned seed);
-    PaperWorld(const PaperWorld&) = delete;
-    PaperWorld& operator=(const PaperWorld&) = delete;
-    PaperWorld(PaperWorld&&) = delete;
-    PaperWorld& operator=(PaperWorld&&) = delete;
-    ~PaperWorld() = default;
 
     /// Performs one step while the program runs, followed by the checks that must always hold.
     void perform(int step);

@@ -1,11 +1,13 @@
 #include "Storm/WitnessedPanels.hpp"
 
+#include "Foundation/NonCopyable.hpp"
+
 #include <utility>
 
 namespace vireline::storm {
 namespace {
 
-class Witnessed final : public PanelWindow {
+class Witnessed final : public PanelWindow, private NonCopyable {
 public:
     Witnessed(std::unique_ptr<PanelWindow> window, std::uint32_t display, const Rect& frame,
               std::vector<const ToldWindow*>& all)
@@ -14,10 +16,6 @@ public:
         told_.frame = frame;
         all_.push_back(&told_);
     }
-    Witnessed(const Witnessed&) = delete;
-    Witnessed& operator=(const Witnessed&) = delete;
-    Witnessed(Witnessed&&) = delete;
-    Witnessed& operator=(Witnessed&&) = delete;
     ~Witnessed() override { std::erase(all_, &told_); }
 
     void setOverhang(const Overhang& overhang) override {

@@ -1,0 +1,80 @@
+#include "Toolkit/PopUpMenu.hpp"
+
+#include <QKeyEvent>
+#include <cctype>
+#include <utility>
+
+namespace vireline::xdg {
+namespace {
+
+QKeyCombination keyOf(char keyEquivalent) {
+    const auto letter = static_cast<unsigned char>(keyEquivalent);
+    return QKeyCombination{Qt::ControlModifier, static_cast<Qt::Key>(std::toupper(letter))};
+}
+
+/// Handles shortcuts itself, because Qt does not for a menu without a parent window.
+class KeyedMenu final : public QMenu {
+private:
+    void keyPressEvent(QKeyEvent* event) override {
+        for (QAction* const action : actions()) {
+            if (action->shortcut() != QKeySequence{event->keyCombination()} ||
+                action->shortcut().isEmpty())
+                continue;
+            close();
+            return action->trigger();
+        }
+        QMenu::keyPressEvent(event);
+    }
+};
+
+}
+
+PopUpMenu::PopUpMenu(const Menu& menu, const Opener& open, Closed closed)
+    : closed_(std::move(closed)), menu_(std::make_unique<KeyedMenu>().release()) {
+    fill(menu);
+    // Queued, because Qt reports the chosen action only after hiding the menu.
+    QObject::connect(menu_.get(), &QMenu::aboutToHide, menu_.get(),
+                     lifetime_.guard([this] { finish(); }), Qt::QueuedConnection);
+    open(*menu_);
+}
+
+void PopUpMenu::Discard::operator()(QMenu* menu) const {
+    menu->disconnect();
+    menu->hide();
+    menu->deleteLater();
+}
+
+void PopUpMenu::fill(const Menu& menu) {
+    for (const MenuItem& entry : menu.entries) {
+        const auto* const command = std::get_if<MenuCommand>(&entry);
+        if (command == nullptr) {
+            menu_->addSeparator();
+            continue;
+        }
+        // A single ampersand would mark a mnemonic.
+        const QString title =
+            QString::fromStdString(command->title).replace(QLatin1Char('&'), QLatin1String("&&"));
+        QAction* const action = menu_->addAction(title);
+        action->setCheckable(command->isChecked.has_value());
+        action->setChecked(command->isChecked.value_or(false));
+        if (command->keyEquivalent != 0)
+            action->setShortcut(QKeySequence{keyOf(command->keyEquivalent)});
+        QObject::connect(
+            action, &QAction::triggered, menu_.get(),
+            lifetime_.guard([this, chosen = command->action](bool) { chosen_ = chosen; }));
+    }
+}
+
+void PopUpMenu::end() {
+    menu_->close();
+    finish();
+}
+
+void PopUpMenu::finish() {
+    // The call may destroy this menu.
+    const MenuAction chosen = chosen_;
+    if (const auto closed = std::exchange(closed_, nullptr))
+        closed(chosen);
+}
+
+}

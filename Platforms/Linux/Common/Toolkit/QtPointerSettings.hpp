@@ -1,0 +1,18 @@
+/// The desktop's pointer settings, as Qt reports them.
+#pragma once
+
+#include "Platform/PointerSettings.hpp"
+
+#include <QGuiApplication>
+#include <QStyleHints>
+
+namespace vireline::xdg {
+
+class QtPointerSettings final : public PointerSettings {
+public:
+    [[nodiscard]] double doubleClickInterval() const override {
+        return QGuiApplication::styleHints()->mouseDoubleClickInterval() / 1000.0;
+    }
+};
+
+}

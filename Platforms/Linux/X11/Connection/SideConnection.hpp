@@ -1,0 +1,68 @@
+/// A separate connection to the X server, for work with a time limit or that must be undone
+/// completely: it has a single reader, so waiting for a reply can time out, and everything
+/// requested on it ends with it.
+#pragma once
+
+#include "Connection/X11Connection.hpp"
+#include "Connection/XServer.hpp"
+#include "Foundation/NonCopyable.hpp"
+#include "Foundation/Result.hpp"
+
+#include <xcb/xcb.h>
+
+#include <QObject>
+#include <QSocketNotifier>
+#include <chrono>
+#include <deque>
+#include <functional>
+#include <memory>
+
+namespace vireline::x11 {
+
+class SideConnection : private NonCopyable {
+public:
+    using Deadline = std::chrono::steady_clock::time_point;
+
+    /// Fails if the server refuses another connection.
+    [[nodiscard]] static Result<std::unique_ptr<SideConnection>> open();
+
+    [[nodiscard]] xcb_connection_t* get() const noexcept { return server_.connection(); }
+    [[nodiscard]] xcb_window_t root() const noexcept { return server_.root(); }
+
+    /// The deadline this many seconds from now.
+    [[nodiscard]] static Deadline in(double seconds);
+
+    /// The reply to a request on this connection; null on an error or if the deadline passes.
+    template <class Reply, class Cookie>
+    [[nodiscard]] Owned<Reply> reply(Cookie cookie, Deadline deadline) {
+        return Owned<Reply>{static_cast<Reply*>(wait(cookie.sequence, deadline))};
+    }
+
+    void flush() const { xcb_flush(get()); }
+
+    /// Blocks until the server has processed all requests on this connection so far, or the
+    /// deadline passes.
+    void sync(Deadline deadline);
+
+    /// Called from the event loop for every event; `onRest` is called once after each batch.
+    /// Neither may destroy this connection.
+    std::function<void(const xcb_generic_event_t&)> onEvent;
+    std::function<void()> onRest;
+
+private:
+    explicit SideConnection(XServer server);
+
+    [[nodiscard]] void* wait(unsigned int sequence, Deadline deadline);
+    void keepEvents();
+    void dispatch();
+
+    XServer server_;
+    /// Events that arrived along with replies; the socket will not signal them again.
+    std::deque<Owned<xcb_generic_event_t>> events_;
+    bool isDispatchDue_ = false;
+    QSocketNotifier notifier_;
+    /// Owns the queued calls, which end with this object.
+    QObject context_;
+};
+
+}

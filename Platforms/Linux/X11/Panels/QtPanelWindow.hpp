@@ -1,0 +1,120 @@
+/// The window of one dock on an X server. Qt owns it and delivers its events; position, pixels and
+/// shape are sent directly to the server in whole pixels, at any display scale.
+#pragma once
+
+#include "Displays/DisplayGeometry.hpp"
+#include "Foundation/Lifetime.hpp"
+#include "Foundation/ScopedHandle.hpp"
+#include "Painting/ViewMapping.hpp"
+#include "Panels/Accessible/AccessibleDock.hpp"
+#include "Panels/Drops/XdndTarget.hpp"
+#include "Panels/FrameClock.hpp"
+#include "Panels/Keeping/DockKeeper.hpp"
+#include "Panels/PanelContext.hpp"
+#include "Panels/PanelPresenter.hpp"
+#include "Panels/Pointer/PanelPointer.hpp"
+#include "Platform/PanelWindow.hpp"
+#include "Toolkit/PopUpMenu.hpp"
+
+#include <QWindow>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace vireline::x11 {
+
+class QtPanelWindow final : public QWindow, public PanelWindow, private PanelPointer::Window {
+public:
+    QtPanelWindow(const PanelContext& context, std::uint32_t displayID, const Rect& frame,
+                  PanelWindowListener& listener);
+    ~QtPanelWindow() override;
+
+    void setOverhang(const Overhang& overhang) override { nextOverhang_ = overhang; }
+    void setFrame(const Rect& frame, bool animate) override;
+    void setHostedFrame(const Rect& frame) override;
+    void present(const Scene& scene) override;
+    void orderFrontRegardless() override;
+    void orderOut() override;
+    void requestFrame() override;
+    void watchForCancel(bool watches) override;
+    void checkPress() override { pointer_.look(); }
+    void popUpMenu(const Menu& menu, const MenuPlace& place,
+                   std::function<void()> onClose) override;
+
+    [[nodiscard]] QAccessibleInterface* accessibleRoot() const override;
+
+private:
+    bool event(QEvent* event) override;
+    bool nativeEvent(const QByteArray& type, void* message, qintptr* result) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+    void observe();
+    void handleNative(const xcb_generic_event_t& event);
+    void displaysChanged();
+    void lookChanged();
+    void surfaceCreated();
+    void surfaceDestroyed();
+    void keep();
+    void changeKeeper(Keeper keeper);
+    void placeChanged();
+    void show();
+    void updateSoon();
+    void update();
+    void relayout();
+    void showFrame();
+
+    [[nodiscard]] bool takesPointer(QPointF pixel) const override;
+    [[nodiscard]] Point viewPosition(QPointF pixel) const override;
+    [[nodiscard]] const std::vector<QRect>& quietAreas() const override;
+    void requestTick() override;
+
+    /// The frame including its overhang, in global coordinates.
+    [[nodiscard]] Rect extent() const { return overhang_.around(frame_); }
+    /// The window's corner in the root window.
+    [[nodiscard]] QPoint corner() const;
+    /// Converts a position reported by Qt.
+    [[nodiscard]] QPointF pixel(QPointF position) const;
+    /// Converts a part of the view to Qt's screen coordinates.
+    [[nodiscard]] QRect placeOnScreen(const Rect& view) const;
+
+    PanelContext context_;
+    std::uint32_t displayID_;
+    PanelWindowListener& listener_;
+    PanelPointer pointer_;
+    Display display_;
+    Rect frame_;
+    Rect hostedFrame_;
+    /// The overhang of the current frame, and that of future frames.
+    Overhang overhang_;
+    Overhang nextOverhang_;
+    /// While it shrinks with an animation, the window keeps its previous extent, including its
+    /// overhang, in global coordinates.
+    std::optional<Rect> extentBefore_;
+    /// The intended position in the root window.
+    PixelRect target_;
+    xdg::ViewMapping mapping_;
+    /// The scene to show once there is an X window.
+    Scene scene_;
+    bool updateIsDue_ = false;
+    bool isFrameAsked_ = false;
+    bool isInFrame_ = false;
+    /// Who keeps the X window in place.
+    Keeper keptBy_;
+    /// The current X window; Qt creates a new one when the screen is lost.
+    xcb_window_t window_ = XCB_NONE;
+    std::unique_ptr<PanelPresenter> picture_;
+    std::unique_ptr<DockKeeper> keeper_;
+    std::unique_ptr<XdndTarget> drops_;
+    std::unique_ptr<xdg::PopUpMenu> menu_;
+    std::unique_ptr<xdg::AccessibleDock> accessible_;
+    std::vector<Subscription> subscriptions_;
+    Lifetime lifetime_;
+    FrameClock frames_;
+};
+
+}
