@@ -1,8 +1,8 @@
 #include "Panels/Keeping/DockCover.hpp"
 
+#include "Connection/PropertyBatch.hpp"
+#include "Connection/X11Connection.hpp"
 #include "Panels/Keeping/DockStacking.hpp"
-#include "X11/PropertyBatch.hpp"
-#include "X11/X11Connection.hpp"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 /// Whether a window manager lets ordinary windows cover a dock's window that it manages.
 #pragma once
 
-#include "X11/PixelRect.hpp"
+#include "Connection/PixelRect.hpp"
 
 #include <xcb/xcb.h>
 
