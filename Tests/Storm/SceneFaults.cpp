@@ -33,11 +33,6 @@ bool isSound(const SceneNode& node) {
     return isFiniteAll && node.scale > 0 && isInRange;
 }
 
-bool isWithin(const Rect& rect, const Rect& area) {
-    return rect.minX() >= area.minX() - rounding && rect.minY() >= area.minY() - rounding &&
-           rect.maxX() <= area.maxX() + rounding && rect.maxY() <= area.maxY() + rounding;
-}
-
 bool overlap(const Rect& a, const Rect& b) {
     return std::min(a.maxX(), b.maxX()) - std::max(a.minX(), b.minX()) > rounding &&
            std::min(a.maxY(), b.maxY()) - std::max(a.minY(), b.minY()) > rounding;
@@ -60,7 +55,7 @@ std::optional<std::string> faultOfHoverAreas(const std::vector<Rect>& areas) {
 
 }
 
-std::optional<std::string> faultOf(const Scene& scene, const Rect& area) {
+std::optional<std::string> faultOf(const Scene& scene) {
     std::set<NodeID> ids;
     for (const SceneNode& node : scene.nodes) {
         if (!isSound(node))

@@ -308,7 +308,7 @@ void World::menuClosed(StormWindow& window, std::optional<std::size_t> chosen) {
 }
 
 void World::presented(const StormWindow& window, const Scene& scene) {
-    if (const auto fault = faultOf(scene, window.overhang.around(window.hosted.size())))
+    if (const auto fault = faultOf(scene))
         fail("dock ", window.id.display, " shows a scene with ", *fault);
 }
 

@@ -158,7 +158,7 @@ private:
 [[nodiscard]] std::vector<Event> settingsEvents();
 [[nodiscard]] std::vector<Event> timeEvents();
 
-/// What is wrong with a scene of a view that draws in this area; nullopt if nothing is.
-[[nodiscard]] std::optional<std::string> faultOf(const Scene& scene, const Rect& area);
+/// What is wrong with a scene; nullopt if nothing is.
+[[nodiscard]] std::optional<std::string> faultOf(const Scene& scene);
 
 }

@@ -270,14 +270,5 @@ TEST(StripLayout, TheGlassAtRestIsInTheMiddleWhateverIsMagnified) {
     EXPECT_GT(frames.glass.width, length);
 }
 
-/// The tile at a point, if any.
-std::optional<std::size_t> tileAt(const StripFrames& frames, Point p) {
-    for (std::size_t i = 0; i < frames.tiles.size(); ++i) {
-        if (frames.tiles[i].hit.contains(p))
-            return i;
-    }
-    return std::nullopt;
-}
-
 }
 }
