@@ -154,7 +154,8 @@ TEST_F(SettingsWindow, SaysWhatAWindowManagerThatMovesNoWindowsDisables) {
     runWith(R"("anchorAppleDock": true)", {.windowManager = false});
     startAgain();
 
-    const std::string warning = "The window manager here cannot move other programs' windows.";
+    const std::string warning =
+        "There is no window manager here that can move other programs' windows.";
     const auto warnings = [&] {
         return std::ranges::count(desktop().controls().names(Role::label), warning);
     };

@@ -69,20 +69,53 @@ void OddManager::show(xcb_window_t window) {
         xcb_configure_window(client_.get(), window, XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y,
                              place.data());
     }
+    if (isDockWindow && habit_ == Habit::bordersDocks)
+        client_.setWords(window, "_NET_FRAME_EXTENTS", XCB_ATOM_CARDINAL, {1, 1, 1, 1});
     const bool isLeftAlone =
-        isDockWindow && (habit_ == Habit::ignoresDocks || habit_ == Habit::fightsDocks);
+        isDockWindow && (habit_ == Habit::ignoresDocks || habit_ == Habit::fightsDocks ||
+                         habit_ == Habit::framesWindows);
     client_.setWords(window, "WM_STATE", client_.atom("WM_STATE"), {1, 0});
     if (!isLeftAlone) {
         listed_.push_back(window);
         client_.setWords(client_.root(), "_NET_CLIENT_LIST", XCB_ATOM_WINDOW, listed_);
     }
     if (!isDockWindow) {
-        top_ = window;
+        top_ = habit_ == Habit::framesWindows ? putInFrame(window) : window;
         const std::uint32_t above = XCB_STACK_MODE_ABOVE;
-        xcb_configure_window(client_.get(), window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+        xcb_configure_window(client_.get(), top_, XCB_CONFIG_WINDOW_STACK_MODE, &above);
     }
     client_.map(window);
+    if (!isLeftAlone)
+        stack(window);
+    if (habit_ == Habit::focusesWindows && !refusesFocus(window))
+        xcb_set_input_focus(client_.get(), XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
     xcb_flush(client_.get());
+}
+
+/// Docks are listed at the top unless other windows cover them.
+void OddManager::stack(xcb_window_t window) {
+    const bool goesBelow = !isDock(window) && habit_ != Habit::coversDocks;
+    auto place = stacking_.end();
+    if (goesBelow)
+        place = std::ranges::find_if(stacking_, [this](auto listed) { return isDock(listed); });
+    if (goesBelow && place != stacking_.end()) {
+        const std::array<std::uint32_t, 2> below{*place, XCB_STACK_MODE_BELOW};
+        xcb_configure_window(client_.get(), window,
+                             XCB_CONFIG_WINDOW_SIBLING | XCB_CONFIG_WINDOW_STACK_MODE,
+                             below.data());
+    }
+    stacking_.insert(place, window);
+    client_.setWords(client_.root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW, stacking_);
+}
+
+xcb_window_t OddManager::putInFrame(xcb_window_t window) {
+    const auto place = client_.frame(window).value_or(desktop::PixelRect{});
+    const auto frame = client_.createWindow(place, 0);
+    const std::uint32_t yes = 1;
+    xcb_change_window_attributes(client_.get(), frame, XCB_CW_OVERRIDE_REDIRECT, &yes);
+    xcb_reparent_window(client_.get(), window, frame, 0, 0);
+    client_.map(frame);
+    return frame;
 }
 
 /// Carries out the request, except where the manager's quirk prevents it.
@@ -113,6 +146,15 @@ void OddManager::stacked(const xcb_configure_notify_event_t& change) {
     ++raises_;
     const std::uint32_t above = XCB_STACK_MODE_ABOVE;
     xcb_configure_window(client_.get(), top_, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+}
+
+/// By its input hint, and by not being prepared to take the focus itself.
+bool OddManager::refusesFocus(xcb_window_t window) const {
+    constexpr std::uint32_t inputHint = 1;
+    const auto hints = client_.words(window, "WM_HINTS");
+    const bool takesInput = hints.size() < 2 || (hints[0] & inputHint) == 0 || hints[1] != 0;
+    return !takesInput && std::ranges::count(client_.atoms(window, "WM_PROTOCOLS"),
+                                             client_.atom("WM_TAKE_FOCUS")) == 0;
 }
 
 bool OddManager::isDock(xcb_window_t window) {

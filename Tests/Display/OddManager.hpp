@@ -26,6 +26,14 @@ public:
         stranded,
         /// Like `ignoresDocks`, and raises its windows whenever a dock is raised above one.
         fightsDocks,
+        /// Like `ignoresDocks`, with other windows in frames that are override-redirect.
+        framesWindows,
+        /// Manages docks, but stacks every new window above them.
+        coversDocks,
+        /// Manages docks, but announces a border around them.
+        bordersDocks,
+        /// Focuses every window that it shows, unless the window refuses the focus.
+        focusesWindows,
     };
 
     OddManager(const std::string& display, Habit habit);
@@ -39,7 +47,10 @@ private:
     void handle(const xcb_generic_event_t& event);
     void show(xcb_window_t window);
     void configure(const xcb_configure_request_event_t& request);
+    void stack(xcb_window_t window);
+    [[nodiscard]] xcb_window_t putInFrame(xcb_window_t window);
     void stacked(const xcb_configure_notify_event_t& change);
+    [[nodiscard]] bool refusesFocus(xcb_window_t window) const;
     [[nodiscard]] bool isDock(xcb_window_t window);
 
     desktop::XClient client_;
@@ -49,6 +60,8 @@ private:
     xcb_window_t top_ = XCB_NONE;
     std::map<xcb_window_t, bool> docks_;
     std::vector<std::uint32_t> listed_;
+    /// The same windows, bottom first.
+    std::vector<std::uint32_t> stacking_;
     std::atomic<int> raises_{0};
     std::atomic<bool> isEnding_{false};
     std::thread thread_;

@@ -176,6 +176,76 @@ TEST_F(OddManagerTest, FindsItsFullScreenWindowAboveADockThatComesLater) {
     close(film);
 }
 
+TEST_F(OddManagerTest, MayPutItsWindowsInFramesThatOverrideRedirect) {
+    start(Habit::framesWindows);
+    const auto dock = showDock("main", log);
+    ASSERT_TRUE(comesToItsPlaceUnmanaged());
+    const auto tiled = showWindow({1290, 310, 1260, 780});
+    EXPECT_TRUE(eventually([&] { return isDockAbove(tiled); }));
+    const auto film = showWindow(display, true);
+    letTimePass();
+    EXPECT_FALSE(isDockAbove(film));
+    close(film);
+    close(tiled);
+}
+
+// Behaviour: dock-panel-5
+TEST_F(OddManagerTest, IsToldNotToFocusADock) {
+    start(Habit::focusesWindows);
+    const auto editor = showWindow({1400, 400, 300, 300});
+    ASSERT_TRUE(eventually([&] { return client().focusedWindow() == editor; }));
+    const auto dock = showDock("main", log);
+    ASSERT_TRUE(eventually([&] { return isManaged(); }));
+    EXPECT_EQ(client().focusedWindow(), editor);
+    dock->orderOut();
+    dock->orderFrontRegardless();
+    ASSERT_TRUE(eventually([&] { return client().isViewable(windowOf("main")); }));
+    letTimePass();
+    EXPECT_EQ(client().focusedWindow(), editor);
+    close(editor);
+}
+
+TEST_F(OddManagerTest, LosesADockThatItPutsABorderAround) {
+    start(Habit::bordersDocks);
+    const auto dock = showDock("main", log);
+    EXPECT_TRUE(comesToItsPlaceUnmanaged());
+}
+
+TEST_F(OddManagerTest, LosesADockThatItLetsAWindowCover) {
+    start(Habit::coversDocks);
+    const auto dock = showDock("main", log);
+    ASSERT_TRUE(eventually([&] { return isManaged(); }));
+    letTimePass();
+    const auto cover = showWindow({1500, 600, 700, 480});
+    EXPECT_TRUE(eventually([&] { return isUnmanaged() && isDockAbove(cover); }));
+    EXPECT_EQ(frameOfDock(), place);
+    close(cover);
+}
+
+TEST_F(OddManagerTest, KeepsADockBelowWindowsThatBelongAboveIt) {
+    start(Habit::coversDocks);
+    const auto dock = showDock("main", log);
+    ASSERT_TRUE(eventually([&] { return isManaged(); }));
+    const auto keepsManagedBelow = [](const PixelRect& frame, auto... property) {
+        const auto window = client().createWindow(frame, 0x00804020);
+        client().setAtoms(window, property...);
+        client().map(window);
+        client().sync();
+        EXPECT_TRUE(eventually([&] { return client().isViewable(window); }));
+        letTimePass();
+        letTimePass();
+        EXPECT_TRUE(isManaged());
+        EXPECT_FALSE(isDockAbove(window));
+        close(window);
+    };
+    using Values = std::initializer_list<std::string_view>;
+    const PixelRect cover{1500, 600, 700, 480};
+    keepsManagedBelow(cover, "_NET_WM_STATE", Values{"_NET_WM_STATE_ABOVE"});
+    keepsManagedBelow(cover, "_NET_WM_WINDOW_TYPE", Values{"_NET_WM_WINDOW_TYPE_NOTIFICATION"});
+    keepsManagedBelow(display, "_NET_WM_STATE", Values{"_NET_WM_STATE_FULLSCREEN"});
+    keepsManagedBelow(display, "_NET_WM_STATE", Values{});
+}
+
 TEST_F(OddManagerTest, WinsAFightForTheTop) {
     auto& manager = start(Habit::fightsDocks);
     const auto dock = showDock("main", log);

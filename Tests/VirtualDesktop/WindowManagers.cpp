@@ -60,7 +60,10 @@ constexpr std::string_view marcoSettings = "[org/mate/marco/general]\nnum-worksp
 constexpr std::string_view icewmPreferences = "ShowTaskBar=0\n"
                                               "WorkspaceNames=\" 1 \", \" 2 \"\n";
 
-constexpr std::string_view i3Configuration = "font pango:monospace 8\n"
+/// Without the first line, i3 takes the file for one in an old format, which it converts, adding a
+/// bar at the bottom of every output.
+constexpr std::string_view i3Configuration = "# i3 config file (v4)\n"
+                                             "font pango:monospace 8\n"
                                              "floating_modifier Mod1\n"
                                              "workspace_auto_back_and_forth no\n";
 

@@ -52,8 +52,8 @@ OnboardingPage features(const Surroundings& surroundings, const DesktopWords& wo
     page.title = "Window superpowers";
     page.text = surroundings.canMoveWindows
                     ? words.fourFeatures
-                    : "The last three need a window manager that can move other programs' windows, "
-                      "which the one that runs now cannot.";
+                    : "The last three need a window manager that can move other programs' windows. "
+                      "No such window manager is running now.";
     page.rows = {
         {"pin", "Anchor: " + words.dock + " stops jumping between displays"},
         {"macwindow.badge.plus", "Open here: apps launched from a dock open on that display"},

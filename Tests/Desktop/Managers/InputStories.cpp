@@ -72,6 +72,7 @@ TEST_F(Passing, OfClicksBesideAMagnifyingDock) {
     start(R"(, "magnificationEnabled": true, "magnification": 2)");
     demand(comes([&] { return dock(middle).frame.width > middle.frame.width + 40; }),
            "the dock has no room to grow");
+    waitForKeeper();
     openBehind();
     const auto frame = dock(middle).frame;
     checkPasses({frame.x + 4, middle.alpha.y}, "beside the strip");
@@ -81,6 +82,8 @@ TEST_F(Passing, OfClicksBesideAMagnifyingDock) {
 TEST_F(Passing, NotOfClicksOnTheStrip) {
     run();
     openBehind();
+    check(comes([&] { return isOnTop(middle, middle.alpha, alpha.colour); }),
+          "the window covers the dock");
     const PixelPoint padding{middle.frame.x + 3, middle.alpha.y};
     desktop().pointer().click(padding);
     checkPasses(labelBand, "in the label band");
@@ -194,6 +197,7 @@ protected:
         start(R"(, "autoHide": true)");
         demand(comes([&] { return isInPlace(middle, sliver); }),
                "the dock is not a line at the monitor's end: " + docksShown());
+        waitForKeeper();
     }
 
     const PixelRect sliver{1973, 896, 215, 4};

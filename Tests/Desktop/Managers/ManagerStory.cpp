@@ -1,6 +1,7 @@
 #include "ManagerStory.hpp"
 
 #include <algorithm>
+#include <array>
 #include <sstream>
 #include <stdexcept>
 
@@ -22,8 +23,14 @@ bool isOnAnotherDesktop(const XClient& client, xcb_window_t window) {
     return !own.empty() && own.front() != all && own != current;
 }
 
-std::string place(const PixelRect& monitor, int inset) {
-    return std::to_string(monitor.x + inset) + "," + std::to_string(monitor.y + inset);
+/// The others move docks elsewhere, put borders around them, cover them or do not manage them.
+bool keepsDocks(std::optional<WindowManager> manager) {
+    constexpr std::array others{WindowManager::i3, WindowManager::awesome, WindowManager::bspwm};
+    return !manager || std::ranges::find(others, *manager) == others.end();
+}
+
+std::string place(PixelPoint corner) {
+    return std::to_string(corner.x) + "," + std::to_string(corner.y);
 }
 
 }
@@ -48,6 +55,22 @@ void ManagerStory::run(const std::string& preferences) {
     start(preferences);
     demand(comes([&] { return isInPlace(middle) && isInPlace(side); }),
            "docks are not in their places: " + docksShown());
+    waitForKeeper();
+}
+
+void ManagerStory::waitForKeeper(std::optional<WindowManager> manager,
+                                 const std::vector<DockWindow>& former) {
+    const auto isKept = [&](const DockWindow& dock) {
+        const bool isManaged = !desktop().client().overridesRedirect(dock.window);
+        const bool isNew = std::ranges::count(former, dock.window, &DockWindow::window) == 0;
+        return keepsDocks(manager) ? isManaged : !isManaged && isNew;
+    };
+    const auto areKept = [&] {
+        const auto docks = desktop().docks().shown();
+        return docks.size() == 2 && std::ranges::all_of(docks, isKept);
+    };
+    demand(comes(areKept), keepsDocks(manager) ? "docks are not left to the window manager"
+                                               : "docks stay in the window manager's hands");
 }
 
 bool ManagerStory::supports(std::string_view atom) {
@@ -117,7 +140,7 @@ xcb_window_t ManagerStory::open(const App& app, const PixelRect& monitor,
     if (desktop().client().windowsAt(monitor.center()).size() == 1)
         desktop().pointer().click(monitor.center());
     if (std::ranges::find(arguments, "--at") == arguments.end())
-        arguments.insert(arguments.end(), {"--at", place(monitor, inset)});
+        arguments.insert(arguments.end(), {"--at", place({monitor.x + inset, monitor.y + inset})});
     desktop().launch(app, std::move(arguments));
     demand(comes([&] { return isShown(app); }), "the test's own window does not open");
     const auto window = shownWindows(app).front();
@@ -133,9 +156,11 @@ xcb_window_t ManagerStory::open(const App& app, const PixelRect& monitor,
 
 xcb_window_t ManagerStory::openLarge(const App& app, const PixelRect& monitor,
                                      std::vector<std::string> arguments) {
+    constexpr int stripe = 40;
+    const int top = hasManager() ? 0 : stripe;
     arguments.insert(arguments.end(),
-                     {"--at", place(monitor, 0), "--size",
-                      std::to_string(monitor.width) + "x" + std::to_string(monitor.height)});
+                     {"--at", place({monitor.x, monitor.y + top}), "--size",
+                      std::to_string(monitor.width) + "x" + std::to_string(monitor.height - top)});
     return open(app, monitor, std::move(arguments));
 }
 

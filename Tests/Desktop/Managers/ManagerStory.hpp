@@ -5,6 +5,7 @@
 
 #include "DesktopTest.hpp"
 
+#include <optional>
 #include <source_location>
 #include <string>
 #include <vector>
@@ -24,7 +25,7 @@ struct DockPlace {
 
 class ManagerStory : public DesktopTest {
 protected:
-    /// Starts everything, and waits until both docks are in place.
+    /// Starts everything, and waits until both docks are in place for good.
     void run(const std::string& preferences = {});
     /// As above, without waiting.
     void start(const std::string& preferences = {});
@@ -56,6 +57,12 @@ protected:
     [[nodiscard]] DockWindow dock(const DockPlace& place);
     [[nodiscard]] bool isInPlace(const DockPlace& place, const PixelRect& frame);
     [[nodiscard]] bool isInPlace(const DockPlace& place) { return isInPlace(place, place.frame); }
+    /// Waits until the docks are left to the window manager if it is one that keeps them, and are
+    /// out of its hands otherwise. In between, their windows are replaced. `former` are the docks
+    /// under the manager's predecessor; new managers get docks back even if the former did not keep
+    /// them.
+    void waitForKeeper(std::optional<WindowManager> manager = testedManager(),
+                       const std::vector<DockWindow>& former = {});
     /// Checks that both docks reach their places and that there are no other docks.
     void checkDocks();
     [[nodiscard]] std::string docksShown();
@@ -70,7 +77,9 @@ protected:
     /// monitor.
     xcb_window_t open(const App& app, const PixelRect& monitor,
                       std::vector<std::string> arguments = {});
-    /// Opens a window that covers as much of the monitor as the window manager allows.
+    /// Opens a window that covers as much of the monitor as the window manager allows. Without one,
+    /// it leaves out a stripe at the top, since a window that covers all of the monitor is a
+    /// full-screen one.
     xcb_window_t openLarge(const App& app, const PixelRect& monitor,
                            std::vector<std::string> arguments = {});
     /// The app's visible windows, found by title, because without a window manager there is no

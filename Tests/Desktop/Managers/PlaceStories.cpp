@@ -2,6 +2,9 @@
 /// behaviour when things change around them.
 #include "ManagerStory.hpp"
 
+#include <array>
+#include <optional>
+
 namespace vireline::desktop {
 namespace {
 
@@ -113,6 +116,42 @@ INSTANTIATE_TEST_SUITE_P(With, Drags, testing::Values(Keyboard::alt, Keyboard::s
 
 class FullScreen : public ManagerStory {
 protected:
+    /// Without a manager, a window makes itself full-screen by its size.
+    [[nodiscard]] bool isPossible() {
+        return !hasManager() || supports("_NET_WM_STATE_FULLSCREEN");
+    }
+    xcb_window_t openFilm() {
+        const auto window = open(alpha, middle.monitor, {"--colour", "206040"});
+        if (hasManager())
+            ask(window, "FULLSCREEN", true);
+        else
+            place(window, middle.monitor);
+        demand(comes([&] { return desktop().client().frame(window) == middle.monitor; }),
+               "the test's own window does not become full-screen");
+        return window;
+    }
+    void endFullScreen(xcb_window_t window) {
+        if (hasManager())
+            ask(window, "FULLSCREEN", false);
+        else
+            place(window, {middle.monitor.x, middle.monitor.y, 320, 200});
+    }
+    void close(xcb_window_t window) {
+        if (hasManager())
+            desktop().client().sendToRoot(window, "_NET_CLOSE_WINDOW", {XCB_CURRENT_TIME, 2});
+        else
+            xcb_kill_client(desktop().client().get(), window);
+        demand(comes([&] { return !isShown(alpha); }), "the test's own window does not close");
+    }
+    void place(xcb_window_t window, const PixelRect& frame) {
+        const std::array values{frame.x, frame.y, frame.width, frame.height};
+        xcb_configure_window(desktop().client().get(), window,
+                             XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH |
+                                 XCB_CONFIG_WINDOW_HEIGHT,
+                             values.data());
+        desktop().client().sync();
+    }
+
     /// Whether the window alone is visible and clickable where the dock was.
     [[nodiscard]] bool covers(xcb_window_t window, Colour colour) {
         return !takesPointer(middle, middle.alpha) &&
@@ -125,18 +164,15 @@ protected:
 
 TEST_F(FullScreen, CoversTheDockOfItsMonitorOnly) {
     run();
-    if (!supports("_NET_WM_STATE_FULLSCREEN"))
+    if (!isPossible())
         GTEST_SKIP() << "it makes no window full-screen";
-    const auto window = open(alpha, middle.monitor, {"--colour", "206040"});
-    ask(window, "FULLSCREEN", true);
-    demand(comes([&] { return desktop().client().frame(window) == middle.monitor; }),
-           "the test's own window does not become full-screen");
+    const auto window = openFilm();
     check(comes([&] { return covers(window, film); }), "the dock covers a full-screen window");
     check(stays([&] { return covers(window, film); }), "the dock comes back over it");
     check(comes([&] { return isOnTop(side, side.alpha, alpha.colour); }),
           "the other monitor's dock goes as well");
 
-    ask(window, "FULLSCREEN", false);
+    endFullScreen(window);
     check(comes([&] { return isOnTop(middle, middle.alpha, alpha.colour); }),
           "the dock does not come back when full screen ends");
     checkDocks();
@@ -144,15 +180,11 @@ TEST_F(FullScreen, CoversTheDockOfItsMonitorOnly) {
 
 TEST_F(FullScreen, LetsTheDockBackWhenTheWindowCloses) {
     run();
-    if (!supports("_NET_WM_STATE_FULLSCREEN"))
+    if (!isPossible())
         GTEST_SKIP() << "it makes no window full-screen";
-    const auto window = open(alpha, middle.monitor, {"--colour", "206040"});
-    ask(window, "FULLSCREEN", true);
-    demand(comes([&] { return desktop().client().frame(window) == middle.monitor; }),
-           "the test's own window does not become full-screen");
+    const auto window = openFilm();
     check(comes([&] { return covers(window, film); }), "the dock covers a full-screen window");
-    desktop().client().sendToRoot(window, "_NET_CLOSE_WINDOW", {XCB_CURRENT_TIME, 2});
-    demand(comes([&] { return !isShown(alpha); }), "the test's own window does not close");
+    close(window);
     check(comes([&] { return isOnTop(middle, middle.alpha, alpha.colour); }),
           "the dock does not come back when the full-screen window closes");
 }
@@ -201,7 +233,9 @@ TEST_F(HotPlug, FollowsAMonitorThatTakesAnotherMode) {
 
 class Succession : public ManagerStory {
 protected:
-    void checkEverything() {
+    void checkEverything(std::optional<WindowManager> manager,
+                         const std::vector<DockWindow>& former) {
+        waitForKeeper(manager, former);
         checkDocks();
         const auto window = openLarge(alpha, middle.monitor, {"--colour", "206040"});
         check(comes([&] { return isOnTop(middle, middle.alpha, alpha.colour); }),
@@ -224,18 +258,21 @@ TEST_F(Succession, OfTheSameManagerKeepsTheDocks) {
     if (!hasManager())
         GTEST_SKIP() << "there is none to restart";
     run();
+    const auto former = desktop().docks().shown();
     desktop().stopWindowManager();
     desktop().startWindowManager();
-    checkEverything();
+    checkEverything(testedManager(), former);
 }
 
 TEST_F(Succession, OfAnotherManagerAndBackKeepsTheDocks) {
     run();
+    auto former = desktop().docks().shown();
     desktop().replaceWindowManager(other());
-    checkEverything();
+    checkEverything(other(), former);
     if (const auto manager = testedManager()) {
+        former = desktop().docks().shown();
         desktop().replaceWindowManager(*manager);
-        checkEverything();
+        checkEverything(manager, former);
     }
 }
 

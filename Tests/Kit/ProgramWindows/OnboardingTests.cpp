@@ -90,7 +90,7 @@ TEST(OnboardingView, SaysWhichFeaturesNeedAWindowManagerThatMovesWindows) {
         const OnboardingPage able = OnboardingView::page(2, {status, true}, {});
         OnboardingPage unable = OnboardingView::page(2, {status, false}, {});
         EXPECT_EQ(unable.text, "The last three need a window manager that can move other programs' "
-                               "windows, which the one that runs now cannot.");
+                               "windows. No such window manager is running now.");
         // The anchor comes first, and does not depend on moving windows.
         EXPECT_TRUE(unable.rows.at(0).text.starts_with("Anchor"));
         unable.text = able.text;

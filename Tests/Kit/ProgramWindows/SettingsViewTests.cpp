@@ -269,10 +269,11 @@ TEST(SettingsView, SaysAtEachWindowFeatureThatNoWindowCanBeMoved) {
          {SettingsField::openOnThisDisplay, SettingsField::summonOnClick,
           SettingsField::fillOnDoubleClick}) {
         EXPECT_EQ(statusOf(field, true), std::nullopt);
-        EXPECT_EQ(statusOf(field, false),
-                  (StatusLine{"", StatusLine::Tone::neutral,
-                              "The window manager here cannot move other programs' windows.",
-                              StatusLine::Tone::warning, ""}));
+        EXPECT_EQ(
+            statusOf(field, false),
+            (StatusLine{"", StatusLine::Tone::neutral,
+                        "There is no window manager here that can move other programs' windows.",
+                        StatusLine::Tone::warning, ""}));
     }
     EXPECT_EQ(statusOf(SettingsField::anchorAppleDock, false), std::nullopt);
 }

@@ -67,6 +67,16 @@ TEST(DockKeeping, TakesOverADockThatIsShownButNeverManaged) {
     EXPECT_EQ(next(Keeper::windowManager, facts), KeepingStep::takeOver);
 }
 
+TEST(DockKeeping, TakesOverADockThatIsMistreatedForTwoChecks) {
+    KeepingFacts facts = wellKept;
+    facts.looksMistreated = 1;
+    EXPECT_EQ(next(Keeper::windowManager, facts), KeepingStep::wait) << "it may be in between";
+    facts.looksMistreated = 2;
+    EXPECT_EQ(next(Keeper::windowManager, facts), KeepingStep::takeOver);
+    facts.hasManager = false;
+    EXPECT_EQ(next(Keeper::windowManager, facts), KeepingStep::rest);
+}
+
 TEST(DockKeeping, GivesABusyWindowManagerTimeAndASecondChance) {
     KeepingFacts facts{.hasManager = true};
     std::vector<KeepingStep> steps;

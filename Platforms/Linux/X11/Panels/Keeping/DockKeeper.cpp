@@ -4,6 +4,7 @@
 #include "Displays/RandrScreens.hpp"
 #include "Panels/DesktopWatch.hpp"
 #include "Panels/DockHints.hpp"
+#include "Panels/Keeping/DockCover.hpp"
 #include "Panels/PanelContext.hpp"
 
 #include <algorithm>
@@ -37,12 +38,14 @@ DockKeeper::DockKeeper(const PanelContext& context, xcb_window_t window, std::ui
 
 void DockKeeper::shown() {
     facts_ = {};
+    isShown_ = true;
     if (keeper_ == Keeper::program)
         return keepStacking(true);
     timer_.start();
 }
 
 void DockKeeper::hidden() {
+    isShown_ = false;
     timer_.stop();
     keepStacking(false);
 }
@@ -61,6 +64,10 @@ void DockKeeper::handle(const xcb_generic_event_t& event) {
         stacking_->handle(event);
     if (mayBeManaged(event))
         onManaged();
+    if (isShown_ && keeper_ == Keeper::windowManager && !timer_.isActive() && mayBeCovered(event)) {
+        facts_ = {};
+        timer_.start();
+    }
     if (place_.handle(event))
         onPlaceChanged();
 }
@@ -77,10 +84,20 @@ bool DockKeeper::mayBeManaged(const xcb_generic_event_t& event) const {
     }
 }
 
+bool DockKeeper::mayBeCovered(const xcb_generic_event_t& event) const {
+    constexpr std::uint8_t sentFlag = 0x80;
+    if ((event.response_type & ~sentFlag) != XCB_PROPERTY_NOTIFY)
+        return false;
+    const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+    return change.window == context_.connection.root() &&
+           change.atom == context_.connection.atom("_NET_CLIENT_LIST_STACKING");
+}
+
 void DockKeeper::look() {
     readFacts();
     ++facts_.looks;
     facts_.looksUnmanaged = facts_.isMapped && !facts_.isManaged ? facts_.looksUnmanaged + 1 : 0;
+    facts_.looksMistreated = facts_.isManaged && isMistreated() ? facts_.looksMistreated + 1 : 0;
     if (keeper_ == Keeper::windowManager)
         keepStacking(!facts_.hasManager);
     proceed();
@@ -101,6 +118,16 @@ void DockKeeper::readFacts() {
     const auto listed = connection.windows(connection.root(), "_NET_CLIENT_LIST");
     facts_.isManaged = (tree && tree->parent != connection.root()) ||
                        std::ranges::find(listed, window_) != listed.end();
+}
+
+bool DockKeeper::isMistreated() const {
+    const X11Connection& connection = context_.connection;
+    const auto border = connection.words(window_, "_NET_FRAME_EXTENTS", XCB_ATOM_CARDINAL);
+    if (std::ranges::any_of(border, [](auto side) { return side != 0; }))
+        return true;
+    const auto display = context_.screens.display(displayID_);
+    const auto& frame = place_.actual();
+    return display && frame && DockCover::isCovered(connection, window_, *frame, display->pixels);
 }
 
 /// While the display is changing, a displaced dock is not the window manager's fault.

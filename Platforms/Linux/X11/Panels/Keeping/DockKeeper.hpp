@@ -53,6 +53,8 @@ public:
 
 private:
     [[nodiscard]] bool mayBeManaged(const xcb_generic_event_t& event) const;
+    [[nodiscard]] bool mayBeCovered(const xcb_generic_event_t& event) const;
+    [[nodiscard]] bool isMistreated() const;
     void look();
     void readFacts();
     void proceed();
@@ -65,6 +67,7 @@ private:
     Keeper keeper_;
     WindowPlace place_;
     KeepingFacts facts_;
+    bool isShown_ = false;
     std::optional<StackKeeper> stacking_;
     /// Runs until the next check of the window.
     QTimer timer_;

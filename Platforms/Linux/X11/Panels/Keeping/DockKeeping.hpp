@@ -19,6 +19,8 @@ struct KeepingFacts {
     bool isDisplaced = false;
     /// Another window manager started after the program took over.
     bool isManagerNew = false;
+    /// Consecutive checks that found the managed window with a border or below an ordinary window.
+    int looksMistreated = 0;
     /// Number of checks since the window was to be shown: all of them, and the latest consecutive
     /// ones that found it mapped but not managed.
     int looks = 0;
@@ -46,6 +48,8 @@ namespace DockKeeping {
 
 /// Two checks suffice, because managers list or frame a window as soon as they map it.
 inline constexpr int looksUntilUnmanaged = 2;
+/// A single check may come between two steps of the manager.
+inline constexpr int looksUntilMistreated = 2;
 /// A busy manager may leave the window unmapped for this many checks.
 inline constexpr int looksUntilShownAgain = 6;
 inline constexpr int looksUntilLost = 12;
@@ -57,8 +61,12 @@ inline constexpr int looksUntilLost = 12;
         return facts.isMapped ? KeepingStep::rest : KeepingStep::wait;
     if (facts.isDisplaced)
         return KeepingStep::takeOver;
-    if (facts.isMapped && facts.isManaged)
-        return KeepingStep::rest;
+    if (facts.isMapped && facts.isManaged) {
+        if (facts.looksMistreated == 0)
+            return KeepingStep::rest;
+        return facts.looksMistreated < looksUntilMistreated ? KeepingStep::wait
+                                                            : KeepingStep::takeOver;
+    }
     if (facts.looksUnmanaged >= looksUntilUnmanaged || facts.looks >= looksUntilLost)
         return KeepingStep::takeOver;
     return facts.looks == looksUntilShownAgain ? KeepingStep::showAgain : KeepingStep::wait;

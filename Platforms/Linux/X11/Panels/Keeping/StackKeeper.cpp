@@ -24,12 +24,6 @@ std::vector<xcb_window_t> children(xcb_connection_t* x, xcb_query_tree_cookie_t 
     return {all.begin(), all.end()};
 }
 
-/// Mapped, and not override-redirect, as menus, notifications and lock screens are.
-bool counts(const xcb_get_window_attributes_reply_t& attributes) {
-    return attributes.map_state == XCB_MAP_STATE_VIEWABLE && attributes.override_redirect == 0 &&
-           attributes._class == XCB_WINDOW_CLASS_INPUT_OUTPUT;
-}
-
 }
 
 StackKeeper::StackKeeper(const X11Connection& connection, xcb_window_t window,
@@ -62,7 +56,8 @@ bool StackKeeper::concerns(const xcb_generic_event_t& event) const {
         return reinterpret_cast<const xcb_unmap_notify_event_t&>(event).event == root;
     case XCB_CONFIGURE_NOTIFY: {
         const auto& change = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
-        return change.event == root && change.override_redirect == 0 && change.window != window_;
+        return change.event == root && change.window != window_ &&
+               (change.override_redirect == 0 || std::ranges::count(frames_, change.window) > 0);
     }
     case XCB_PROPERTY_NOTIFY:
         return reinterpret_cast<const xcb_property_notify_event_t&>(event).atom ==
@@ -82,6 +77,7 @@ void StackKeeper::lookSoon() {
 }
 
 void StackKeeper::look() {
+    findFrames();
     const auto restacking = DockStacking::restacking(stack(), window_);
     if (!restacking || !budget_.take(CorrectionBudget::Time::clock::now()))
         return;
@@ -92,6 +88,29 @@ void StackKeeper::look() {
     xcb_configure_window(connection_.get(), window_,
                          XCB_CONFIG_WINDOW_SIBLING | XCB_CONFIG_WINDOW_STACK_MODE, values.data());
     connection_.flush();
+}
+
+/// Finds the frames in which a window manager has put its clients.
+void StackKeeper::findFrames() {
+    xcb_connection_t* const x = connection_.get();
+    std::vector<xcb_query_tree_cookie_t> asked;
+    for (const xcb_window_t client : connection_.windows(connection_.root(), "_NET_CLIENT_LIST"))
+        asked.push_back(xcb_query_tree(x, client));
+    frames_.clear();
+    for (const xcb_query_tree_cookie_t cookie : asked) {
+        const Owned<xcb_query_tree_reply_t> tree{xcb_query_tree_reply(x, cookie, nullptr)};
+        if (tree && tree->parent != connection_.root())
+            frames_.push_back(tree->parent);
+    }
+}
+
+/// Mapped, and not override-redirect, as menus, notifications and lock screens are. Some window
+/// managers' frames are override-redirect too.
+bool StackKeeper::counts(xcb_window_t window,
+                         const xcb_get_window_attributes_reply_t& attributes) const {
+    return attributes.map_state == XCB_MAP_STATE_VIEWABLE &&
+           attributes._class == XCB_WINDOW_CLASS_INPUT_OUTPUT &&
+           (attributes.override_redirect == 0 || std::ranges::count(frames_, window) > 0);
 }
 
 std::vector<StackedWindow> StackKeeper::stack() const {
@@ -112,7 +131,8 @@ std::vector<StackedWindow> StackKeeper::stack() const {
             xcb_get_window_attributes_reply(x, question.attributes, nullptr)};
         const Owned<xcb_get_geometry_reply_t> geometry{
             xcb_get_geometry_reply(x, question.geometry, nullptr)};
-        if (!attributes || !geometry || (question.window != window_ && !counts(*attributes)))
+        if (!attributes || !geometry ||
+            (question.window != window_ && !counts(question.window, *attributes)))
             continue;
         const int border = 2 * geometry->border_width;
         windows.push_back(

@@ -31,6 +31,9 @@ private:
     [[nodiscard]] bool concerns(const xcb_generic_event_t& event) const;
     void lookSoon();
     void look();
+    void findFrames();
+    [[nodiscard]] bool counts(xcb_window_t window,
+                              const xcb_get_window_attributes_reply_t& attributes) const;
     [[nodiscard]] std::vector<StackedWindow> stack() const;
     void findFullScreen(std::vector<StackedWindow>& windows) const;
 
@@ -39,6 +42,8 @@ private:
     PixelRect screen_;
     CorrectionBudget budget_;
     Subscription topLevels_;
+    /// Those windows that contain a window manager's clients, as of the latest check.
+    std::vector<xcb_window_t> frames_;
     /// Runs after each check; changes in the meantime cause another check when it ends.
     QTimer pause_;
     bool isLookDue_ = false;
