@@ -13,11 +13,10 @@
 namespace vireline::xdg {
 namespace {
 
-const std::array<std::string, 2> languages{"de_AT", "de"};
 const std::array<std::string, 2> desktopNames{"ubuntu", "GNOME"};
 
 void readApplication(std::string_view text) {
-    const auto entry = DesktopEntries::parse(text, "org.example.App", "/app.desktop", languages);
+    const auto entry = DesktopEntries::parse(text, "org.example.App", "/app.desktop");
     if (!entry)
         return;
     require(PlainText::isClean(entry->name), "a name is fit to be shown");

@@ -18,7 +18,7 @@ class PreferencesStore : private NonCopyable {
 public:
     /// A longer file counts as damaged. For scale: a record with a thousand apps takes about 200
     /// KiB.
-    static constexpr std::size_t maximumFileBytes = std::size_t{16} * 1024 * 1024;
+    static constexpr std::size_t maximumFileBytes = std::size_t{1} * 1024 * 1024;
 
     /// Loads "preferences.json" from `directory`, by default the folder "Vireline" in the user's
     /// folder for application data. If the file is missing or damaged, the record has its defaults.

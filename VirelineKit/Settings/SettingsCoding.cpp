@@ -3,11 +3,11 @@
 #include <nlohmann/json.hpp>
 
 #include <cmath>
-#include <exception>
 #include <limits>
+#include <optional>
 #include <tuple>
 #include <utility>
-#include <variant>
+#include <vector>
 
 namespace vireline::SettingsCoding {
 namespace {
@@ -38,27 +38,15 @@ constexpr std::tuple settingsMembers{
     Member{"onboardingCompleted", &Settings::onboardingCompleted},
 };
 
-/// An app while it is being read. Every field is required.
-struct PartialApp {
-    std::optional<std::string> bundleID;
-    std::optional<std::string> name;
-    std::optional<std::string> path;
-};
-
 constexpr std::tuple appMembers{
-    Member{"bundleID", &PartialApp::bundleID},
-    Member{"name", &PartialApp::name},
-    Member{"path", &PartialApp::path},
+    Member{"bundleID", &StoredApp::bundleID},
+    Member{"name", &StoredApp::name},
+    Member{"path", &StoredApp::path},
 };
 
 template <class Members, class Visitor>
 void forEach(const Members& members, Visitor visit) {
     std::apply([&](const auto&... member) { (visit(member), ...); }, members);
-}
-
-template <class Members, class Predicate>
-bool anyOf(const Members& members, Predicate holds) {
-    return std::apply([&](const auto&... member) { return (holds(member) || ...); }, members);
 }
 
 template <class T>
@@ -81,217 +69,71 @@ Json encoded(const std::vector<StoredApp>& apps) {
     return list;
 }
 
-/// A JSON value that is neither an array nor an object. Integers beyond 64 bits become doubles.
-using Scalar = std::variant<std::nullptr_t, bool, std::int64_t, double, std::string>;
-
 template <class T>
-bool assign(T& field, Scalar& value) {
-    T* typed = std::get_if<T>(&value);
-    if (typed == nullptr)
+bool assign(T& field, const Json& value) {
+    const auto* typed = value.get_ptr<const T*>();
+    if (typed != nullptr)
+        field = *typed;
+    return typed != nullptr;
+}
+
+bool assign(double& field, const Json& value) {
+    if (!value.is_number())
         return false;
-    field = std::move(*typed);
+    field = value.get<double>();
     return true;
 }
 
-bool assign(double& field, Scalar& value) {
-    if (const auto* integer = std::get_if<std::int64_t>(&value)) {
-        field = static_cast<double>(*integer);
-        return true;
-    }
-    return assign<double>(field, value);
-}
-
 /// Also accepts an integer written as 1.0 or 1e2. The limits are exclusive, since integers beyond
-/// them have been rounded to the limit.
-bool assign(std::int64_t& field, Scalar& value) {
+/// 64 bits are read as doubles and may have been rounded to the limit.
+bool assign(std::int64_t& field, const Json& value) {
     constexpr double limit = -static_cast<double>(std::numeric_limits<std::int64_t>::min());
-    if (const auto* real = std::get_if<double>(&value)) {
+    if (const auto* real = value.get_ptr<const double*>()) {
         if (*real <= -limit || *real >= limit || std::trunc(*real) != *real)
             return false;
-        field = static_cast<std::int64_t>(*real);
-        return true;
+    } else if (!value.is_number_integer() ||
+               (value.is_number_unsigned() &&
+                !std::in_range<std::int64_t>(value.get<std::uint64_t>()))) {
+        return false;
     }
-    return assign<std::int64_t>(field, value);
-}
-
-bool assign(std::optional<std::string>& field, Scalar& value) {
-    return assign(field.emplace(), value);
+    field = value.get<std::int64_t>();
+    return true;
 }
 
 template <class Enumeration>
-bool assignNamed(Enumeration& field, const Scalar& value,
+bool assignNamed(Enumeration& field, const Json& value,
                  std::optional<Enumeration> (*named)(std::string_view) noexcept) {
-    const auto* text = std::get_if<std::string>(&value);
+    const auto* text = value.get_ptr<const std::string*>();
     const auto found = text == nullptr ? std::nullopt : named(*text);
     if (found)
         field = *found;
     return found.has_value();
 }
 
-bool assign(SourceMode& field, Scalar& value) {
+bool assign(SourceMode& field, const Json& value) {
     return assignNamed(field, value, sourceMode);
 }
 
-bool assign(DockPosition& field, Scalar& value) {
+bool assign(DockPosition& field, const Json& value) {
     return assignNamed(field, value, dockPosition);
 }
 
-/// A scalar is never a list.
-bool assign(std::vector<StoredApp>&, Scalar&) {
-    return false;
-}
-
-/// A SAX handler for nlohmann's parser. It builds only the record itself, so that ignored values
-/// take no memory, however deep or large they are.
-class Reader {
-public:
-    bool null() { return scalar(nullptr); }
-    bool boolean(bool value) { return scalar(value); }
-    bool number_integer(std::int64_t value) { return scalar(value); }
-    bool number_unsigned(std::uint64_t value) {
-        if (std::in_range<std::int64_t>(value))
-            return scalar(static_cast<std::int64_t>(value));
-        return scalar(static_cast<double>(value));
-    }
-    bool number_float(double value, const std::string&) { return scalar(value); }
-    bool string(std::string& value) { return scalar(std::move(value)); }
-    bool binary(const Json::binary_t&) { return fail("bytes where JSON has none"); }
-
-    bool start_object(std::size_t) {
-        if (isIgnoring())
-            return descend();
-        switch (place_) {
-        case Place::document:
-            place_ = Place::settings;
-            return true;
-        case Place::apps:
-            place_ = Place::app;
-            app_ = {};
-            return true;
-        case Place::settings:
-        case Place::app:
-            break;
-        }
-        return failAtValue();
-    }
-
-    bool end_object() {
-        if (ignoredDepth_ > 0)
-            return ascend();
-        if (place_ != Place::app)
-            return true;
-        place_ = Place::apps;
-        if (!app_.bundleID || !app_.name || !app_.path)
-            return fail("an entry of \"manualApps\" is incomplete");
-        settings_.manualApps.push_back(
-            {std::move(*app_.bundleID), std::move(*app_.name), std::move(*app_.path)});
-        return true;
-    }
-
-    bool start_array(std::size_t) {
-        if (isIgnoring())
-            return descend();
-        if (place_ != Place::settings || key_ != "manualApps")
-            return failAtValue();
-        place_ = Place::apps;
-        settings_.manualApps.clear();
-        return true;
-    }
-
-    bool end_array() {
-        if (ignoredDepth_ > 0)
-            return ascend();
-        place_ = Place::settings;
-        return true;
-    }
-
-    bool key(std::string& name) {
-        if (ignoredDepth_ > 0)
-            return true;
-        key_ = std::move(name);
-        const auto isCurrent = [this](const auto& member) { return key_ == member.key; };
-        isKnown_ =
-            place_ == Place::app ? anyOf(appMembers, isCurrent) : anyOf(settingsMembers, isCurrent);
-        return true;
-    }
-
-    bool parse_error(std::size_t position, const std::string&, const Json::exception&) {
-        return fail("no JSON at byte " + std::to_string(position));
-    }
-
-    /// The result, if parsing succeeded.
-    [[nodiscard]] Settings& settings() { return settings_; }
-    [[nodiscard]] std::string& failure() { return failure_; }
-
-private:
-    enum class Place { document, settings, apps, app };
-
-    bool fail(std::string description) {
-        failure_ = std::move(description);
+/// Every field of an app is required.
+bool assign(std::vector<StoredApp>& apps, const Json& value) {
+    if (!value.is_array())
         return false;
+    for (const Json& entry : value) {
+        bool isComplete = entry.is_object();
+        StoredApp& app = apps.emplace_back();
+        forEach(appMembers, [&](const auto& member) {
+            isComplete = isComplete && entry.contains(member.key) &&
+                         assign(app.*member.field, entry[member.key]);
+        });
+        if (!isComplete)
+            return false;
     }
-
-    bool failAtValue() {
-        switch (place_) {
-        case Place::document:
-            return fail("no object at the top");
-        case Place::apps:
-            return fail("an entry of \"manualApps\" is no object");
-        case Place::settings:
-        case Place::app:
-            break;
-        }
-        return fail("\"" + key_ + "\" has the wrong type or no known value");
-    }
-
-    /// Whether the next value belongs to an unknown key.
-    [[nodiscard]] bool isIgnoring() const {
-        return ignoredDepth_ > 0 ||
-               (!isKnown_ && (place_ == Place::settings || place_ == Place::app));
-    }
-
-    bool descend() {
-        ++ignoredDepth_;
-        return true;
-    }
-
-    bool ascend() {
-        --ignoredDepth_;
-        return true;
-    }
-
-    bool scalar(Scalar value) {
-        if (isIgnoring())
-            return true;
-        bool isRead = false;
-        if (place_ == Place::settings) {
-            isRead = anyOf(settingsMembers, [&](const auto& member) {
-                return key_ == member.key && setOrReset(member, value);
-            });
-        } else if (place_ == Place::app) {
-            isRead = anyOf(appMembers, [&](const auto& member) {
-                return key_ == member.key && assign(app_.*member.field, value);
-            });
-        }
-        return isRead || failAtValue();
-    }
-
-    template <class T>
-    bool setOrReset(const Member<Settings, T>& member, Scalar& value) {
-        if (!std::holds_alternative<std::nullptr_t>(value))
-            return assign(settings_.*member.field, value);
-        settings_.*member.field = Settings{}.*member.field;
-        return true;
-    }
-
-    Settings settings_;
-    PartialApp app_;
-    Place place_ = Place::document;
-    std::string key_;
-    bool isKnown_ = false;
-    std::size_t ignoredDepth_ = 0;
-    std::string failure_;
-};
+    return true;
+}
 
 }
 
@@ -307,14 +149,19 @@ std::expected<Settings, Error> decode(std::string_view text) {
     // with zeroes would count as complete.
     if (text.contains('\0'))
         return std::unexpected{Error{"zero byte in the text"}};
-    Reader reader;
-    try {
-        if (Json::sax_parse(text.begin(), text.end(), &reader))
-            return std::move(reader.settings());
-    } catch (const std::exception& exception) {
-        return std::unexpected{Error{exception.what()}};
-    }
-    return std::unexpected{Error{std::move(reader.failure())}};
+    const Json document = Json::parse(text, nullptr, false);
+    if (!document.is_object())
+        return std::unexpected{Error{document.is_discarded() ? "no JSON" : "no object at the top"}};
+    Settings settings;
+    std::string wrong;
+    forEach(settingsMembers, [&](const auto& member) {
+        const auto found = document.find(member.key);
+        if (found != document.end() && !found->is_null() && !assign(settings.*member.field, *found))
+            wrong = member.key;
+    });
+    if (!wrong.empty())
+        return std::unexpected{Error{"\"" + wrong + "\" has the wrong type or no known value"}};
+    return settings;
 }
 
 }

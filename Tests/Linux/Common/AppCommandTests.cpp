@@ -22,8 +22,8 @@ TEST(AppCommand, ABackslashInQuotesEscapesOnlyWhatIsSpecialThere) {
               (Words{R"(C:\Program Files\x)", R"(a\b)"}));
 }
 
-TEST(AppCommand, QuotesThatNeverCloseEndWithTheText) {
-    EXPECT_EQ(xdg::AppCommands::words("a \"b c"), (Words{"a", "b c"}));
+TEST(AppCommand, ACommandWhoseQuotesNeverCloseIsNone) {
+    EXPECT_EQ(xdg::AppCommands::words("a \"b c"), Words{});
 }
 
 TEST(AppCommand, FieldCodesAreNoArguments) {

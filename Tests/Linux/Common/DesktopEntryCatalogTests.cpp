@@ -1,5 +1,6 @@
 #include "Applications/DesktopEntryCatalog.hpp"
 #include "Applications/Entries/DesktopEntryFiles.hpp"
+#include "Linux/Environment.hpp"
 #include "Support/FakeRunLoop.hpp"
 #include "Support/LoggedLines.hpp"
 #include "Support/TemporaryFolder.hpp"
@@ -49,9 +50,7 @@ struct Installation {
     fs::path system = folder.path() / "system/applications";
     test::FakeRunLoop loop;
     DesktopEntryCatalog catalog{
-        loop,
-        {.folders = {FileURL::fromPath(user.string()), FileURL::fromPath(system.string())},
-         .languages = {"de"}}};
+        loop, {FileURL::fromPath(user.string()), FileURL::fromPath(system.string())}};
 };
 
 TEST(DesktopEntryCatalog, FindsEntriesInFoldersBelow) {
@@ -145,6 +144,7 @@ TEST(DesktopEntryCatalog, AnEntryWhoseProgramIsMissingIsNowhere) {
 }
 
 TEST(DesktopEntryCatalog, NamesAreInTheUsersLanguage) {
+    const test::EnvironmentVariable language{"LANGUAGE", "de"};
     Installation installation;
     const auto path = installation.system / "a.desktop";
     Installation::write(path, entryText("Files") + "Name[de]=Dateien\nName[fr]=Fichiers\n");
@@ -226,8 +226,7 @@ TEST(DesktopEntryCatalog, AnEntryThatIsItsOwnIconIsAnEntryLikeOthers) {
 
 TEST(DesktopEntryCatalog, WithoutFoldersIsEmpty) {
     test::FakeRunLoop loop;
-    const DesktopEntryCatalog catalog{
-        loop, {.folders = {FileURL::fromPath("/no/such")}, .languages = {}}};
+    const DesktopEntryCatalog catalog{loop, {FileURL::fromPath("/no/such")}};
 
     EXPECT_TRUE(catalog.index().entries().empty());
     EXPECT_EQ(catalog.fileManager().bundleID, "");

@@ -1,4 +1,5 @@
 #include "Applications/Entries/DesktopEntry.hpp"
+#include "Linux/Environment.hpp"
 
 #include <gtest/gtest.h>
 
@@ -11,14 +12,19 @@ namespace {
 
 using xdg::DesktopEntry;
 
-std::optional<DesktopEntry> parse(const std::string& text,
-                                  const std::vector<std::string>& languages = {}) {
-    return xdg::DesktopEntries::parse(text, "id", "/id.desktop", languages);
+std::optional<DesktopEntry> parse(const std::string& text) {
+    return xdg::DesktopEntries::parse(text, "id", "/id.desktop");
 }
 
 /// The entry parsed from the text; an empty one if it is invalid.
-DesktopEntry entryIn(const std::string& text, const std::vector<std::string>& languages = {}) {
-    return parse(text, languages).value_or(DesktopEntry{});
+DesktopEntry entryIn(const std::string& text) {
+    return parse(text).value_or(DesktopEntry{});
+}
+
+/// Parsed for a user of these languages.
+DesktopEntry entryIn(const std::string& text, const char* languages) {
+    const test::EnvironmentVariable variable{"LANGUAGE", languages};
+    return entryIn(text);
 }
 
 constexpr const char* plain = "[Desktop Entry]\nType=Application\nName=Files\nExec=files %U\n";
@@ -49,13 +55,13 @@ TEST(DesktopEntry, NameIsInThePreferredLanguage) {
     const std::string text = std::string{plain} + "Name[de]=Dateien\nName[de_AT]=Dateien!\n"
                                                   "Name[fr]=Fichiers\n";
 
-    EXPECT_EQ(entryIn(text, {"de_AT", "de"}).name, "Dateien!");
-    EXPECT_EQ(entryIn(text, {"de_CH", "de"}).name, "Dateien");
-    EXPECT_EQ(entryIn(text, {"it"}).name, "Files");
+    EXPECT_EQ(entryIn(text, "de_AT:de").name, "Dateien!");
+    EXPECT_EQ(entryIn(text, "de_CH:de").name, "Dateien");
+    EXPECT_EQ(entryIn(text, "it").name, "Files");
 }
 
 TEST(DesktopEntry, AnEmptyTranslationDoesNotHideTheName) {
-    EXPECT_EQ(entryIn(std::string{plain} + "Name[de]=\n", {"de"}).name, "Files");
+    EXPECT_EQ(entryIn(std::string{plain} + "Name[de]=\n", "de").name, "Files");
 }
 
 TEST(DesktopEntry, ActionsSayNothingAboutIt) {
@@ -67,8 +73,8 @@ TEST(DesktopEntry, ActionsSayNothingAboutIt) {
 }
 
 TEST(DesktopEntry, EscapesAreResolved) {
-    EXPECT_EQ(entryIn("[Desktop Entry]\nType=Application\nName=A\\sB\\\\C\\xD\nExec=e\n").name,
-              "A B\\C\\xD");
+    EXPECT_EQ(entryIn("[Desktop Entry]\nType=Application\nName=A\\sB\\\\C\nExec=e\n").name,
+              "A B\\C");
 }
 
 TEST(DesktopEntry, OfAnotherTypeIsNone) {
@@ -120,7 +126,7 @@ TEST(DesktopEntry, AnyBytesAreMetWithAnEntryOrNone) {
         std::string damaged = whole;
         for (int change = 0; change < 3; ++change)
             damaged[random() % damaged.size()] = static_cast<char>(random() % 256);
-        const auto entry = parse(damaged.substr(0, random() % (damaged.size() + 1)), {"de"});
+        const auto entry = parse(damaged.substr(0, random() % (damaged.size() + 1)));
         EXPECT_TRUE(!entry || entry->hidden || !entry->name.empty());
     }
 }

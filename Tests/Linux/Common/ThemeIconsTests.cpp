@@ -71,8 +71,7 @@ protected:
         if (!catalog_) {
             const std::string root = folder.path().string();
             catalog_ = std::make_unique<DesktopEntryCatalog>(
-                loop_,
-                DesktopEntryCatalog::Sources{{FileURL::fromPath(root + "/applications")}, {}});
+                loop_, std::vector{FileURL::fromPath(root + "/applications")});
             const IconTheme::Folders folders{{root + "/icons"}, {}};
             icons_ = std::make_unique<ThemeIcons>(
                 *catalog_, windows, std::make_shared<const IconTheme>(folders, "hicolor"));

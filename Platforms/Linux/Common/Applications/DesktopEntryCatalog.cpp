@@ -72,26 +72,21 @@ private:
     gulong handler_;
 };
 
-DesktopEntryCatalog::Sources DesktopEntryCatalog::userSources() {
-    Sources sources;
-    const auto addFolder = [&sources](const char* dataFolder) {
+std::vector<FileURL> DesktopEntryCatalog::userFolders() {
+    std::vector<FileURL> folders;
+    const auto addFolder = [&folders](const char* dataFolder) {
         if (g_path_is_absolute(dataFolder) != FALSE)
-            sources.folders.push_back(FileURL::fromPath(dataFolder).appending("applications"));
+            folders.push_back(FileURL::fromPath(dataFolder).appending("applications"));
     };
     addFolder(g_get_user_data_dir());
     for (const char* const* folder = g_get_system_data_dirs(); *folder != nullptr; ++folder)
         addFolder(*folder);
-    for (const char* const* name = g_get_language_names(); *name != nullptr; ++name) {
-        // Localised keys in entries carry no character set.
-        if (const std::string_view language = *name; !language.contains('.') && language != "C")
-            sources.languages.emplace_back(language);
-    }
-    return sources;
+    return folders;
 }
 
-DesktopEntryCatalog::DesktopEntryCatalog(RunLoop& runLoop, Sources sources)
+DesktopEntryCatalog::DesktopEntryCatalog(RunLoop& runLoop, std::vector<FileURL> folders)
     : runLoop_(runLoop)
-    , sources_(std::move(sources))
+    , folders_(std::move(folders))
     , watch_(std::make_unique<FolderWatch>(*this)) {}
 
 DesktopEntryCatalog::~DesktopEntryCatalog() = default;
@@ -100,8 +95,8 @@ const DesktopEntryIndex& DesktopEntryCatalog::index() const {
     if (!index_) {
         // Armed before reading, so that no change is missed in between.
         FolderWatch::arm();
-        index_.emplace(DesktopEntryFiles::scan(sources_.folders, sources_.languages,
-                                               [this](const auto& path) { noteSkipped(path); }));
+        index_.emplace(
+            DesktopEntryFiles::scan(folders_, [this](const auto& path) { noteSkipped(path); }));
     }
     return *index_;
 }
@@ -171,9 +166,8 @@ std::optional<DesktopEntry> DesktopEntryCatalog::entryAt(const FileURL& url) con
         return std::nullopt;
     // Read from disk even if the index has the entry: the two may differ until the change is
     // announced.
-    auto entry = DesktopEntryFiles::read(
-        url.path(), DesktopEntryFiles::idOf(url.path(), sources_.folders), sources_.languages,
-        [this](const auto& path) { noteSkipped(path); });
+    auto entry = DesktopEntryFiles::read(url.path(), DesktopEntryFiles::idOf(url.path(), folders_),
+                                         [this](const auto& path) { noteSkipped(path); });
     if (entry && (entry->hidden || !PlainText::isClean(entry->id)))
         return std::nullopt;
     return entry;

@@ -21,21 +21,12 @@ namespace vireline::xdg {
 
 class DesktopEntryCatalog final : public ApplicationCatalog, private NonCopyable {
 public:
-    /// Where entries are looked for, and in which languages they are read.
-    struct Sources {
-        /// Applications folders; an entry in an earlier folder shadows entries with the same ID in
-        /// later ones.
-        std::vector<FileURL> folders;
-        std::vector<std::string> languages;
+    /// The applications folders of this user's environment.
+    [[nodiscard]] static std::vector<FileURL> userFolders();
 
-        bool operator==(const Sources&) const = default;
-    };
-
-    /// From this user's environment.
-    [[nodiscard]] static Sources userSources();
-
-    /// Watches the applications folders that the user's environment names.
-    explicit DesktopEntryCatalog(RunLoop& runLoop, Sources sources = userSources());
+    /// Entries are looked for in `folders`; one in an earlier folder shadows those with the same ID
+    /// in later ones. Watches the applications folders that the user's environment names.
+    explicit DesktopEntryCatalog(RunLoop& runLoop, std::vector<FileURL> folders = userFolders());
     ~DesktopEntryCatalog() override;
 
     /// nullopt if the entry's program is not installed.
@@ -72,7 +63,7 @@ private:
     [[nodiscard]] bool isOrdinary(const std::string& bundleID) const;
 
     RunLoop& runLoop_;
-    Sources sources_;
+    std::vector<FileURL> folders_;
     mutable std::optional<DesktopEntryIndex> index_;
     mutable std::optional<FileManager> fileManager_;
     /// Paths already logged as invalid entries.

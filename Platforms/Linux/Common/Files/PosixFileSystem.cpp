@@ -1,5 +1,6 @@
 #include "Files/PosixFileSystem.hpp"
 
+#include "Files/BoundedFile.hpp"
 #include "Files/FileDescriptor.hpp"
 #include "Files/Folders.hpp"
 #include "Files/Leftovers.hpp"
@@ -10,8 +11,6 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-#include <algorithm>
-#include <array>
 #include <cerrno>
 #include <random>
 #include <system_error>
@@ -23,14 +22,6 @@ namespace {
 std::unexpected<PlatformError> failure(const FileURL& url, int code) {
     return std::unexpected{
         PlatformError{code, url.path() + ": " + std::generic_category().message(code)}};
-}
-
-int openAgainWhenInterrupted(const char* path, int flags) {
-    int number = -1;
-    do {
-        number = ::open(path, flags);
-    } while (number < 0 && errno == EINTR);
-    return number;
 }
 
 /// Returns 0 or an errno value.
@@ -68,6 +59,8 @@ public:
 
     /// Returns 0 or an errno value.
     int fill(std::string_view content) {
+        if (!file_)
+            return EBADF;
         if (const int code = writeAll(file_.get(), content); code != 0)
             return code;
         return ::fsync(file_.get()) == 0 ? 0 : errno;
@@ -120,38 +113,7 @@ bool PosixFileSystem::exists(const FileURL& url) const {
 }
 
 Result<std::string> PosixFileSystem::read(const FileURL& url, std::size_t maximumBytes) const {
-    // Without O_NONBLOCK, opening a pipe would block until it has a writer.
-    const FileDescriptor file{
-        openAgainWhenInterrupted(url.path().c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC)};
-    if (!file)
-        return failure(url, errno);
-    struct stat found{};
-    if (::fstat(file.get(), &found) != 0)
-        return failure(url, errno);
-    if (S_ISDIR(found.st_mode))
-        return failure(url, EISDIR);
-    if (!S_ISREG(found.st_mode))
-        return std::unexpected{PlatformError{EINVAL, url.path() + ": Not a regular file"}};
-    if (found.st_size > 0 && static_cast<std::uintmax_t>(found.st_size) > maximumBytes)
-        return failure(url, EFBIG);
-
-    std::string content;
-    content.reserve(static_cast<std::size_t>(found.st_size));
-    std::array<char, 64UL * 1024> chunk{};
-    while (true) {
-        const ssize_t got = ::read(file.get(), chunk.data(), chunk.size());
-        if (got < 0) {
-            if (errno == EINTR)
-                continue;
-            return failure(url, errno);
-        }
-        if (got == 0)
-            return content;
-        const auto count = static_cast<std::size_t>(got);
-        if (count > maximumBytes - content.size())
-            return failure(url, EFBIG);
-        content.append(chunk.data(), count);
-    }
+    return BoundedFile::read(url.path(), maximumBytes);
 }
 
 Result<void> PosixFileSystem::createFolder(const FileURL& url) {

@@ -1,7 +1,6 @@
 #include "Icons/ImageFile.hpp"
 
 #include "Files/BoundedFile.hpp"
-#include "Icons/SvgBudget.hpp"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -29,7 +28,7 @@ bool looksLikeSvg(const QByteArray& content) {
 }
 
 std::optional<QImage> renderSvg(const QByteArray& content, int side) {
-    if (content.size() > maximumSvgBytes || !SvgBudget::allows(content))
+    if (content.size() > maximumSvgBytes)
         return std::nullopt;
     QSvgRenderer renderer{content};
     if (!renderer.isValid())

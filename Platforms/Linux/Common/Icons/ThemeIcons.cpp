@@ -1,7 +1,9 @@
 #include "Icons/ThemeIcons.hpp"
 
 #include "Applications/DesktopEntryCatalog.hpp"
+#include "Applications/Identity/PlainText.hpp"
 #include "Applications/WindowIconSource.hpp"
+#include "Files/StartLog.hpp"
 #include "Icons/DrawnIcons.hpp"
 #include "Icons/IconImage.hpp"
 #include "Icons/ImageFile.hpp"
@@ -34,6 +36,14 @@ QImage genericPicture(const IconTheme& theme, int side) {
             return *std::move(picture);
     }
     return DrawnIcons::application(side);
+}
+
+/// The picture in the file; the generic one if it is damaged or too large.
+QImage pictureIn(const std::string& path, const IconTheme& theme, int side) {
+    if (auto picture = ImageFile::load(path, side))
+        return *std::move(picture);
+    logOnceStarted("ignored icon: " + PlainText::clean(path, 4096));
+    return genericPicture(theme, side);
 }
 
 /// Some entries add a file extension to a theme icon's name, against the format's rules.
@@ -146,10 +156,8 @@ ImageHandle ThemeIcons::declaredIcon(const std::string& icon, Size size) const {
     std::error_code error;
     if (!std::filesystem::is_regular_file(icon, error))
         return nullptr;
-    return std::make_shared<IconImage>(size, [icon, theme = theme_](int side) {
-        const auto picture = ImageFile::load(icon, side);
-        return picture ? *picture : genericPicture(*theme, side);
-    });
+    return std::make_shared<IconImage>(
+        size, [icon, theme = theme_](int side) { return pictureIn(icon, *theme, side); });
 }
 
 ImageHandle ThemeIcons::windowIcon(const std::string& bundleID, Size size) const {
@@ -173,8 +181,7 @@ ImageHandle ThemeIcons::themeIcon(const IconNames& names, Size size) const {
         return nullptr;
     return std::make_shared<IconImage>(size, [name = *known, theme = theme_](int side) {
         const auto path = theme->find(name, side);
-        const auto picture = path ? ImageFile::load(*path, side) : std::nullopt;
-        return picture ? *picture : genericPicture(*theme, side);
+        return path ? pictureIn(*path, *theme, side) : genericPicture(*theme, side);
     });
 }
 

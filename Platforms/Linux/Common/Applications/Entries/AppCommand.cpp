@@ -1,6 +1,7 @@
 #include "Applications/Entries/AppCommand.hpp"
 
 #include "Applications/Identity/PlainText.hpp"
+#include "GLib/GLibHandles.hpp"
 
 #include <algorithm>
 #include <array>
@@ -250,11 +251,6 @@ AppCommand unwrapped(Words words, int nesting) {
     return command;
 }
 
-/// Whether a backslash before `next` escapes that character.
-bool isEscape(char quote, char next) {
-    return quote == '\0' || (quote == '"' && std::string_view{"\"\\$`"}.contains(next));
-}
-
 bool isFieldCode(std::string_view word) {
     return word.size() == 2 && word.front() == '%';
 }
@@ -262,34 +258,13 @@ bool isFieldCode(std::string_view word) {
 }
 
 std::vector<std::string> words(std::string_view commandLine) {
+    char** raw = nullptr;
+    if (g_shell_parse_argv(std::string{commandLine}.c_str(), nullptr, &raw, nullptr) == FALSE)
+        return {};
+    const GLibHandle<char*, g_strfreev> arguments{raw};
     Words words;
-    std::string word;
-    bool isInWord = false;
-    char quote = '\0';
-    for (std::size_t i = 0; i < commandLine.size(); ++i) {
-        const char c = commandLine[i];
-        if (c == '\\' && i + 1 < commandLine.size() && isEscape(quote, commandLine[i + 1])) {
-            word += commandLine[++i];
-            isInWord = true;
-        } else if (quote != '\0') {
-            if (c == quote)
-                quote = '\0';
-            else
-                word += c;
-        } else if (c == '"' || c == '\'') {
-            quote = c;
-            isInWord = true;
-        } else if (c == ' ' || c == '\t' || c == '\n') {
-            if (isInWord)
-                words.push_back(std::exchange(word, {}));
-            isInWord = false;
-        } else {
-            word += c;
-            isInWord = true;
-        }
-    }
-    if (isInWord)
-        words.push_back(std::move(word));
+    for (char** argument = arguments.get(); *argument != nullptr; ++argument)
+        words.emplace_back(*argument);
     return words;
 }
 

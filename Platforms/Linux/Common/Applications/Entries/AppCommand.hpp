@@ -31,8 +31,8 @@ struct AppCommand {
 
 namespace AppCommands {
 
-/// Splits a command line as a shell would, without expanding anything. An unclosed quote extends to
-/// the end of the text.
+/// Splits a command line as a shell would, without expanding anything. Empty if a quote is not
+/// closed, as GIO does not start such a command either.
 [[nodiscard]] std::vector<std::string> words(std::string_view commandLine);
 
 /// Parses an entry's Exec line.

@@ -1,10 +1,9 @@
-/// A desktop entry of type Application: the keys that this program needs, and the parser for them.
+/// A desktop entry of type Application: the keys that this program needs.
 #pragma once
 
 #include "Foundation/FileURL.hpp"
 
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -48,11 +47,9 @@ inline constexpr std::string_view extension = ".desktop";
 
 /// Parses the text of an entry's file. Returns nullopt if it has no group "Desktop Entry", is of
 /// another type than Application, has no Name, or has neither an Exec line nor D-Bus activation; a
-/// hidden entry needs none of these. `languages` are the user's, most preferred first, such as
-/// "de_AT", "de".
+/// hidden entry needs none of these.
 [[nodiscard]] std::optional<DesktopEntry> parse(std::string_view text, std::string id,
-                                                std::string path,
-                                                std::span<const std::string> languages);
+                                                std::string path);
 
 /// The desktop-file ID, without its extension, of a file at `relativePath` in an applications
 /// folder: slashes become dashes.

@@ -65,24 +65,22 @@ private:
 
 }
 
-std::optional<DesktopEntry> read(const std::string& path, std::string id,
-                                 std::span<const std::string> languages, const Skipped& skipped) {
+std::optional<DesktopEntry> read(const std::string& path, std::string id, const Skipped& skipped) {
     std::optional<DesktopEntry> entry;
     if (const auto text = BoundedFile::read(path, maximumBytes))
-        entry = DesktopEntries::parse(*text, std::move(id), path, languages);
+        entry = DesktopEntries::parse(*text, std::move(id), path);
     if (!entry && access(path.c_str(), F_OK) == 0)
         skipped(path);
     return entry;
 }
 
-std::vector<DesktopEntry> scan(std::span<const FileURL> folders,
-                               std::span<const std::string> languages, const Skipped& skipped) {
+std::vector<DesktopEntry> scan(std::span<const FileURL> folders, const Skipped& skipped) {
     std::vector<DesktopEntry> entries;
     for (const auto& folder : folders) {
         const Walk walk{folder};
         for (const auto& relative : walk.found()) {
-            auto entry = read(folder.appending(relative).path(), DesktopEntries::idFor(relative),
-                              languages, skipped);
+            auto entry =
+                read(folder.appending(relative).path(), DesktopEntries::idFor(relative), skipped);
             if (entry)
                 entries.push_back(std::move(*entry));
         }

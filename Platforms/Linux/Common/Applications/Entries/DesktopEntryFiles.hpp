@@ -24,13 +24,11 @@ using Skipped = std::function<void(const std::string& path)>;
 /// Reads the file at `path` as the entry with this ID. Returns nullopt if it is not valid;
 /// `skipped` is called if the file exists.
 [[nodiscard]] std::optional<DesktopEntry> read(const std::string& path, std::string id,
-                                               std::span<const std::string> languages,
                                                const Skipped& skipped);
 
 /// The entries of all folders and their subfolders, those of earlier folders first. A folder that
 /// is reached a second time through a link is ignored.
 [[nodiscard]] std::vector<DesktopEntry> scan(std::span<const FileURL> folders,
-                                             std::span<const std::string> languages,
                                              const Skipped& skipped);
 
 /// The ID of the file at `path`: derived from its path in the first of `folders` that contains it,

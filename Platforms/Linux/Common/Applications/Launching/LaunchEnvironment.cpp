@@ -2,8 +2,6 @@
 
 #include "Files/BoundedFile.hpp"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 
@@ -12,60 +10,39 @@ namespace {
 
 constexpr std::size_t maximumBytes = 4UL << 20U;
 
+/// The variables that this program sets in its own process.
+constexpr std::array<std::string_view, 2> setHere{"DBUS_FATAL_WARNINGS",
+                                                  "DBUS_SESSION_BUS_ADDRESS"};
+
 constexpr std::array<std::string_view, 5> ownStart{
     "DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN", "DESKTOP_AUTOSTART_ID",
     "GIO_LAUNCHED_DESKTOP_FILE", "GIO_LAUNCHED_DESKTOP_FILE_PID"};
 
-void take(Variables& variables, std::string_view assignment) {
-    const std::size_t equals = assignment.find('=');
-    if (equals != std::string_view::npos && equals > 0)
-        variables.try_emplace(std::string{assignment.substr(0, equals)},
-                              assignment.substr(equals + 1));
-}
-
-Variables currentVariables() {
-    Variables variables;
-    for (char* const* variable = environ; variable != nullptr && *variable != nullptr; ++variable)
-        take(variables, *variable);
-    return variables;
-}
-
-}
-
-Variables parse(std::string_view block) {
-    Variables variables;
+std::optional<std::string> valueOf(std::string_view name, std::string_view block) {
     while (!block.empty()) {
-        const std::size_t end = std::min(block.find('\0'), block.size());
-        take(variables, block.substr(0, end));
-        block.remove_prefix(std::min(end + 1, block.size()));
+        const std::string_view variable = block.substr(0, block.find('\0'));
+        if (variable.starts_with(name) && variable.substr(name.size()).starts_with('='))
+            return std::string{variable.substr(name.size() + 1)};
+        block.remove_prefix(std::min(variable.size() + 1, block.size()));
     }
-    return variables;
+    return std::nullopt;
 }
 
-std::vector<Change> restoring(const Variables& initial, const Variables& current) {
+}
+
+std::vector<Change> restoring(std::string_view initial) {
     std::vector<Change> changes;
-    const auto isOwn = [](std::string_view name) {
-        return std::ranges::find(ownStart, name) != ownStart.end();
-    };
-    for (const auto& [name, value] : initial) {
-        const auto now = current.find(name);
-        if (!isOwn(name) && (now == current.end() || now->second != value))
-            changes.push_back({name, value});
-    }
-    for (const auto& [name, value] : current) {
-        if (!isOwn(name) && !initial.contains(name))
-            changes.push_back({name, std::nullopt});
-    }
+    changes.reserve(setHere.size() + ownStart.size());
+    for (const std::string_view name : setHere)
+        changes.push_back({std::string{name}, valueOf(name, initial)});
     for (const std::string_view name : ownStart)
         changes.push_back({std::string{name}, std::nullopt});
     return changes;
 }
 
 std::vector<Change> changes() {
-    const auto current = currentVariables();
     // The kernel keeps the environment block that the program was started with.
-    auto initial = parse(BoundedFile::readStart("/proc/self/environ", maximumBytes));
-    return restoring(initial.empty() ? current : initial, current);
+    return restoring(BoundedFile::readStart("/proc/self/environ", maximumBytes));
 }
 
 }

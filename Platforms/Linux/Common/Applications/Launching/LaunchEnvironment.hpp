@@ -2,15 +2,12 @@
 /// variables that it has set for itself.
 #pragma once
 
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace vireline::xdg::LaunchEnvironment {
-
-using Variables = std::map<std::string, std::string, std::less<>>;
 
 struct Change {
     std::string name;
@@ -20,14 +17,12 @@ struct Change {
     bool operator==(const Change&) const = default;
 };
 
-/// Parses a block of "NAME=value" texts, each terminated by a zero byte.
-[[nodiscard]] Variables parse(std::string_view block);
+/// What to change for a launched program. `initial` is the environment that this program was
+/// started with: texts of the form "NAME=value", each terminated by a zero byte. Variables about
+/// the start of this program, such as its startup ID, are always unset.
+[[nodiscard]] std::vector<Change> restoring(std::string_view initial);
 
-/// The changes that turn `current` into `initial`. Variables about the start of this program
-/// itself, such as its startup ID, are always unset.
-[[nodiscard]] std::vector<Change> restoring(const Variables& initial, const Variables& current);
-
-/// `restoring` for this process's current environment. Main thread only.
+/// `restoring` for this process.
 [[nodiscard]] std::vector<Change> changes();
 
 }
