@@ -25,7 +25,7 @@ private:
     /// Saves the focus and the scroll position.
     void cleared();
 
-    WindowContext context_;
+    const WindowContext& context_;
     FormListener& listener_;
     Form form_;
     /// Null while the window is closed.

@@ -22,7 +22,7 @@ private:
     void populate(QtProgramWindow& window);
     void turnPage();
 
-    WindowContext context_;
+    const WindowContext& context_;
     OnboardingListener& listener_;
     OnboardingPage page_;
     /// Null while the window is closed.

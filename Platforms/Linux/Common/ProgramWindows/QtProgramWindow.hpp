@@ -53,7 +53,7 @@ private:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void applyColours();
 
-    WindowContext context_;
+    const WindowContext& context_;
     Subscription appearance_;
 };
 

@@ -4,11 +4,13 @@
 #include "Platform/ProgramWindows.hpp"
 #include "ProgramWindows/QtProgramWindow.hpp"
 
+#include <utility>
+
 namespace vireline::xdg {
 
 class QtProgramWindows final : public ProgramWindows {
 public:
-    explicit QtProgramWindows(const WindowContext& context) : context_(context) {}
+    explicit QtProgramWindows(WindowContext context) : context_(std::move(context)) {}
 
     [[nodiscard]] std::unique_ptr<FormWindow> makeFormWindow(const WindowStyle& style,
                                                              FormListener& listener) override;

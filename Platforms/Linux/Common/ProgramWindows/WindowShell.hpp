@@ -36,7 +36,7 @@ private:
     void closed();
 
     WindowStyle style_;
-    WindowContext context_;
+    const WindowContext& context_;
     Populate populate_;
     Cleared cleared_;
     std::optional<QPoint> corner_;

@@ -47,7 +47,7 @@ private:
     void popUpMenu();
     [[nodiscard]] QImage picture(int side) const;
 
-    StatusBarContext context_;
+    const StatusBarContext& context_;
     StatusSymbol symbol_;
     std::function<Menu()> menu_;
     NotifierHosts hosts_;

@@ -15,10 +15,9 @@ constexpr std::size_t maximumIconBytes = 4096;
 /// The group "Desktop Entry" of a file.
 class Group {
 public:
-    explicit Group(std::string_view text) {
-        isLoaded_ = g_key_file_load_from_data(file_.get(), text.data(), text.size(),
-                                              G_KEY_FILE_NONE, nullptr) != FALSE;
-    }
+    explicit Group(std::string_view text)
+        : isLoaded_(g_key_file_load_from_data(file_.get(), text.data(), text.size(),
+                                              G_KEY_FILE_NONE, nullptr) != FALSE) {}
 
     [[nodiscard]] bool isLoaded() const noexcept { return isLoaded_; }
 
@@ -58,7 +57,7 @@ private:
     static constexpr const char* name = G_KEY_FILE_DESKTOP_GROUP;
 
     GLibHandle<GKeyFile, g_key_file_unref> file_{g_key_file_new()};
-    bool isLoaded_ = false;
+    bool isLoaded_;
 };
 
 }

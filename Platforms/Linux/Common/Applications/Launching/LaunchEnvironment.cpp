@@ -32,6 +32,7 @@ std::optional<std::string> valueOf(std::string_view name, std::string_view block
 
 std::vector<Change> restoring(std::string_view initial) {
     std::vector<Change> changes;
+    changes.reserve(setHere.size() + ownStart.size());
     for (const std::string_view name : setHere)
         changes.push_back({std::string{name}, valueOf(name, initial)});
     for (const std::string_view name : ownStart)
