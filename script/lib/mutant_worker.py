@@ -153,7 +153,7 @@ class Worker:
 
     def nearest_units(self, header):
         stem = pathlib.PurePath(header).with_suffix("")
-        own = [unit for unit in (f"VirelineKit/{stem}.cpp", f"Tests/Kit/{stem.name}Tests.cpp")
+        own = [unit for unit in (f"VirelineKit/{stem}.cpp", f"Tests/Kit/{stem}Tests.cpp")
                if unit in self.objects]
         near = [unit for unit in self.objects if unit.startswith("VirelineKit/") and
                 unit not in own and f'#include "{header}"' in (self.source / unit).read_text()]
