@@ -205,7 +205,7 @@ TEST_F(Drop, FindsNoTargetAboveTheStrip) {
     run();
     FileDrag drag{desktop(), {urlList({makeFile("first")})}};
     const auto frame = plannedDock("right", tiles(2)).frame;
-    EXPECT_EQ(drag.moveTo({frame.center().x, frame.y + 3}), "nobody");
+    EXPECT_EQ(drag.moveTo({frame.center().x, frame.y + 3}), "no-target");
     EXPECT_EQ(drag.drop(), "not dropped");
 }
 

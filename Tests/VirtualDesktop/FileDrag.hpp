@@ -25,7 +25,7 @@ public:
     FileDrag(VirtualDesktop& desktop, const Content& content);
 
     /// The drag source's report of the target's answer, such as "accepted XdndActionCopy",
-    /// "refused" or "nobody" (no target under the pointer); empty if there is none.
+    /// "refused" or "no-target" (no window under the pointer takes drops); empty if there is none.
     [[nodiscard]] std::string moveTo(PixelPoint place);
 
     /// The outcome of dropping: "done XdndActionCopy", "not done", "not dropped"; empty if there is

@@ -146,7 +146,7 @@ private:
         }
         if (target_ == XCB_NONE)
             return record("at " + std::to_string(place.x) + ',' + std::to_string(place.y) +
-                          " nobody");
+                          " no-target");
         waits_ = true;
         source_.move(place, options_.action);
     }

@@ -13,8 +13,8 @@
 namespace vireline::x11 {
 namespace {
 
-/// File descriptors can only be passed over local sockets. Sending the request on any other kind of
-/// connection would break that connection.
+/// Only a local socket can pass a file descriptor. On any other kind of connection, the request
+/// would end the connection.
 bool isLocal(xcb_connection_t* connection) {
     sockaddr_storage address{};
     socklen_t length = sizeof address;

@@ -1,4 +1,4 @@
-/// Where a dock need not be told of the pointer's movements.
+/// The areas of a dock's window in which it can ignore the pointer's movements.
 #pragma once
 
 #include "Panels/PanelPicture.hpp"
