@@ -48,8 +48,7 @@ void WindowPlace::startOver() {
 /// The event's position may be relative to the window manager's frame or be out of date, so the
 /// actual position is queried.
 bool WindowPlace::handle(const xcb_generic_event_t& event) {
-    constexpr std::uint8_t sentFlag = 0x80;
-    switch (event.response_type & ~sentFlag) {
+    switch (eventType(event)) {
     case XCB_CONFIGURE_NOTIFY: {
         const auto& change = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
         if (change.window != window_)
