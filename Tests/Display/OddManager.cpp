@@ -45,7 +45,7 @@ void OddManager::run() {
 }
 
 void OddManager::handle(const xcb_generic_event_t& event) {
-    switch (x11::eventType(event)) {
+    switch (event.response_type & 0x7f) {
     case XCB_MAP_REQUEST:
         return show(reinterpret_cast<const xcb_map_request_event_t&>(event).window);
     case XCB_CONFIGURE_REQUEST:
