@@ -7,8 +7,10 @@
 
 #include <array>
 #include <condition_variable>
+#include <map>
 #include <mutex>
 #include <stdexcept>
+#include <string>
 
 namespace vireline::wayland {
 namespace {
