@@ -47,6 +47,8 @@ DockActions DockFixture::recordingActions() {
         record("move " + bundleID + " " + std::to_string(toIndex));
     };
     recording.isManualMode = [this] { return manualMode; };
+    recording.undoTitle = [this] { return undoTitle; };
+    recording.undo = [=] { record("undo"); };
     recording.openFolder = [=](const FileURL& url) { record("open " + url.path()); };
     recording.trashFiles = [=](const std::vector<FileURL>& urls) {
         record("trash " + std::to_string(urls.size()));

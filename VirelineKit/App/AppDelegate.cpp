@@ -172,6 +172,9 @@ DockActions AppDelegate::makeDockActions() {
     });
     actions.isManualMode = lifetime_.guardOr(
         false, [this] { return store_.settings().sourceMode == SourceMode::manual; });
+    actions.undoTitle =
+        lifetime_.guardOr(std::optional<std::string>{}, [this] { return resolver_.undoTitle(); });
+    actions.undo = lifetime_.guard([this] { resolver_.undo(); });
     actions.openFolder = lifetime_.guard([this](const FileURL& url) {
         platform_.workspace.open(url);
         DevLog::write("open folder " + url.lastPathComponent());

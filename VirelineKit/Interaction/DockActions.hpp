@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,9 @@ struct DockActions {
     std::function<void(const FileURL& url)> addApp;
     std::function<void(const std::string& bundleID, int toIndex)> moveApp;
     std::function<bool()> isManualMode;
+    /// The title of the entry that undoes the last edit of the list; nullopt if there is none.
+    std::function<std::optional<std::string>()> undoTitle;
+    std::function<void()> undo;
     std::function<void(const FileURL& url)> openFolder;
     std::function<void(const std::vector<FileURL>& urls)> trashFiles;
     std::function<void()> showSettings;

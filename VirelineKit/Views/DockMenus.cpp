@@ -19,8 +19,14 @@ Menu DockMenus::ofApp(const DockItem& item, std::uint32_t displayID) const {
 /// A right-click that misses a tile by a few points should not offer to quit the program, so that
 /// entry exists only if there is no status item to quit it with.
 Menu DockMenus::ofProgram() const {
-    Menu menu{{MenuCommand{.title = "Settings…",
-                           .action = lifetime_.guard([this] { actions_.showSettings(); })}}};
+    Menu menu;
+    if (auto title = actions_.undoTitle()) {
+        menu.entries.emplace_back(MenuCommand{
+            .title = *std::move(title), .action = lifetime_.guard([this] { actions_.undo(); })});
+        menu.entries.emplace_back(MenuSeparator{});
+    }
+    menu.entries.emplace_back(MenuCommand{
+        .title = "Settings…", .action = lifetime_.guard([this] { actions_.showSettings(); })});
     if (!actions_.hasStatusItem())
         menu.entries.emplace_back(MenuCommand{
             .title = "Quit Vireline", .action = lifetime_.guard([this] { actions_.quit(); })});

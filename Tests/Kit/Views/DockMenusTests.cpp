@@ -80,5 +80,19 @@ TEST_F(DockRootViewTest, SeparatorsAndTheBareStripLeadToTheSettingsAndWithoutASt
     EXPECT_EQ(dock.actionsTaken, (std::vector<std::string>{"settings", "quit"}));
 }
 
+// Behaviour: undo-3
+TEST_F(DockRootViewTest, TheMenuBesideTheTilesBeginsWithWhatCanBeUndone) {
+    dock.undoTitle = "Undo Move of Mail";
+    dock.setTiles(1, 1);
+    show();
+    const Rect strip = nodes(NodeID::Part::strip).front().frame;
+
+    send(Kind::secondaryPressed, {strip.minX() + 2, strip.midY()});
+    EXPECT_EQ(menuTitles, (std::vector<std::string>{"Undo Move of Mail", "-", "Settings…"}));
+    choose(0);
+
+    EXPECT_EQ(dock.actionsTaken, (std::vector<std::string>{"undo"}));
+}
+
 }
 }
