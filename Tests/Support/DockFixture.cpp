@@ -42,6 +42,11 @@ DockActions DockFixture::recordingActions() {
         record("menu " + title(entry, platform.words) + " " + item.id + " #" +
                std::to_string(display));
     };
+    recording.windows = [this](const DockItem&) { return windows; };
+    recording.showWindow = [=](const OpenWindow& window, const DockItem& item,
+                               std::uint32_t display) {
+        record("window " + window.title + " of " + item.id + " #" + std::to_string(display));
+    };
     recording.addApp = [=](const FileURL& url) { record("add " + url.path()); };
     recording.moveApp = [=](const std::string& bundleID, int toIndex) {
         record("move " + bundleID + " " + std::to_string(toIndex));

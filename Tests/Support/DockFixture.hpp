@@ -23,6 +23,8 @@ struct DockFixture {
     std::vector<std::string> actionsTaken;
     bool manualMode = false;
     std::optional<std::string> undoTitle;
+    /// Of every app.
+    std::vector<OpenWindow> windows;
     DockActions actions = recordingActions();
 
     DockFixture();

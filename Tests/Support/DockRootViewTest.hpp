@@ -18,6 +18,8 @@ using Kind = PointerEvent::Kind;
 
 /// "-" for a separator.
 [[nodiscard]] inline std::string titleOf(const MenuItem& entry) {
+    if (const auto* const submenu = std::get_if<MenuSubmenu>(&entry))
+        return submenu->title;
     const auto* const command = std::get_if<MenuCommand>(&entry);
     return command == nullptr ? "-" : command->title;
 }

@@ -166,6 +166,13 @@ DockActions AppDelegate::makeDockActions() {
                 activator_.menuSelect(entry, item, display);
             }
         });
+    actions.windows = lifetime_.guardOr(std::vector<OpenWindow>{}, [this](const DockItem& item) {
+        return activator_.windows(item);
+    });
+    actions.showWindow = lifetime_.guard(
+        [this](const OpenWindow& window, const DockItem& item, std::uint32_t display) {
+            activator_.showWindow(window, item, display);
+        });
     actions.addApp = lifetime_.guard([this](const FileURL& url) { resolver_.addManualApp(url); });
     actions.moveApp = lifetime_.guard([this](const std::string& bundleID, int toIndex) {
         resolver_.moveManualApp(bundleID, toIndex);

@@ -4,6 +4,7 @@
 #include "Foundation/NonCopyable.hpp"
 #include "Interaction/ClickPolicy.hpp"
 #include "Model/DockItem.hpp"
+#include "Platform/Accessibility.hpp"
 #include "Platform/RunningApplications.hpp"
 #include "Platform/Workspace.hpp"
 #include "Settings/Settings.hpp"
@@ -11,10 +12,10 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace vireline {
 
-class Accessibility;
 class Screens;
 class WindowMover;
 
@@ -44,6 +45,11 @@ public:
     /// this as a second single click: the first has already been handled, so a double click on a
     /// frontmost app hides it and brings it back.
     void doubleClick(const DockItem& item, std::uint32_t display);
+
+    /// The app's windows for its menu, most recently active first.
+    [[nodiscard]] std::vector<OpenWindow> windows(const DockItem& item) const;
+    /// Brings one of them forward; if summoning is on, on `display`.
+    void showWindow(const OpenWindow& window, const DockItem& item, std::uint32_t display);
 
     /// Handles every entry except `removeFromDock`, which concerns the pinned list.
     void menuSelect(MenuEntry entry, const DockItem& item, std::uint32_t display);

@@ -5,6 +5,7 @@
 #include "Foundation/FileURL.hpp"
 #include "Interaction/ClickPolicy.hpp"
 #include "Model/DockItem.hpp"
+#include "Platform/Accessibility.hpp"
 
 #include <cstdint>
 #include <functional>
@@ -19,6 +20,10 @@ struct DockActions {
     std::function<void(const DockItem& item, std::uint32_t display)> leftClick;
     std::function<void(const DockItem& item, std::uint32_t display)> doubleClick;
     std::function<void(MenuEntry entry, const DockItem& item, std::uint32_t display)> menuSelect;
+    /// The app's windows, most recently active first.
+    std::function<std::vector<OpenWindow>(const DockItem& item)> windows;
+    std::function<void(const OpenWindow& window, const DockItem& item, std::uint32_t display)>
+        showWindow;
     /// Adds the app at `url` to the manual list; anything else is ignored.
     std::function<void(const FileURL& url)> addApp;
     std::function<void(const std::string& bundleID, int toIndex)> moveApp;

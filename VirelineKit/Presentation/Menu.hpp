@@ -33,7 +33,15 @@ struct MenuCommand {
     }
 };
 
-using MenuItem = std::variant<MenuCommand, MenuSeparator>;
+/// Only popup menus have submenus.
+struct MenuSubmenu {
+    std::string title;
+    std::vector<MenuCommand> entries;
+
+    bool operator==(const MenuSubmenu&) const = default;
+};
+
+using MenuItem = std::variant<MenuCommand, MenuSeparator, MenuSubmenu>;
 
 /// A popup menu, or that of a status item.
 struct Menu {

@@ -24,6 +24,9 @@ public:
     [[nodiscard]] Menu ofProgram() const;
 
 private:
+    /// An entry for each of the app's windows, and a separator if there are any.
+    void addWindows(Menu& menu, const DockItem& item, std::uint32_t displayID) const;
+
     const DockActions& actions_;
     const DesktopWords& words_;
     Lifetime lifetime_;

@@ -12,6 +12,11 @@ QKeyCombination keyOf(char keyEquivalent) {
     return QKeyCombination{Qt::ControlModifier, static_cast<Qt::Key>(std::toupper(letter))};
 }
 
+/// A single ampersand would mark a mnemonic.
+QString plainTitle(const std::string& title) {
+    return QString::fromStdString(title).replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
 /// Handles shortcuts itself, because Qt does not for a menu without a parent window.
 class KeyedMenu final : public QMenu {
 private:
@@ -46,23 +51,26 @@ void PopUpMenu::Discard::operator()(QMenu* menu) const {
 
 void PopUpMenu::fill(const Menu& menu) {
     for (const MenuItem& entry : menu.entries) {
-        const auto* const command = std::get_if<MenuCommand>(&entry);
-        if (command == nullptr) {
+        if (const auto* const command = std::get_if<MenuCommand>(&entry)) {
+            add(*menu_, *command);
+        } else if (const auto* const submenu = std::get_if<MenuSubmenu>(&entry)) {
+            QMenu* const shown = menu_->addMenu(plainTitle(submenu->title));
+            for (const MenuCommand& inner : submenu->entries)
+                add(*shown, inner);
+        } else {
             menu_->addSeparator();
-            continue;
         }
-        // A single ampersand would mark a mnemonic.
-        const QString title =
-            QString::fromStdString(command->title).replace(QLatin1Char('&'), QLatin1String("&&"));
-        QAction* const action = menu_->addAction(title);
-        action->setCheckable(command->isChecked.has_value());
-        action->setChecked(command->isChecked.value_or(false));
-        if (command->keyEquivalent != 0)
-            action->setShortcut(QKeySequence{keyOf(command->keyEquivalent)});
-        QObject::connect(
-            action, &QAction::triggered, menu_.get(),
-            lifetime_.guard([this, chosen = command->action](bool) { chosen_ = chosen; }));
     }
+}
+
+void PopUpMenu::add(QMenu& menu, const MenuCommand& command) {
+    QAction* const action = menu.addAction(plainTitle(command.title));
+    action->setCheckable(command.isChecked.has_value());
+    action->setChecked(command.isChecked.value_or(false));
+    if (command.keyEquivalent != 0)
+        action->setShortcut(QKeySequence{keyOf(command.keyEquivalent)});
+    QObject::connect(action, &QAction::triggered, menu_.get(),
+                     lifetime_.guard([this, chosen = command.action](bool) { chosen_ = chosen; }));
 }
 
 void PopUpMenu::end() {
