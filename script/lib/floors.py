@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Checks the direction of includes: docs/architecture.md lists the folders of each part from top to bottom,
-and no folder may include a file of a folder above it. A part that stands below another may not include that
-one's files at all, nor the headers of libraries that only the upper part may use.
+and no folder may include a file of a folder above it. A part that stands below another or beside it may not
+include that one's files at all, nor the headers of libraries that only the other part may use.
 
     script/lib/floors.py
 """
@@ -14,9 +14,16 @@ DOCUMENT = pathlib.Path("docs/architecture.md")
 INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s+(["<][^">]+)[">]', re.MULTILINE)
 SUFFIXES = (".hpp", ".cpp", ".mm")
 
-# Lower part: the part above it, and the headers that are for that part only.
+# Part: the parts whose files it may not include, and the headers that are for those parts only.
 LINUX = pathlib.Path("Platforms/Linux")
-ABOVE = {"Platforms/Linux/Common": ("Platforms/Linux/X11", ("<xcb/", "<X11/"))}
+COMMON, X11, WAYLAND = (f"{LINUX}/{part}" for part in ("Common", "X11", "Wayland"))
+X11_HEADERS = ("<xcb/", "<X11/")
+WAYLAND_HEADERS = ("<wayland-", "<wlr-", "<xdg-shell-", "<qpa/")
+CLOSED = {
+    COMMON: ((X11, WAYLAND), X11_HEADERS + WAYLAND_HEADERS),
+    X11: ((WAYLAND,), WAYLAND_HEADERS),
+    WAYLAND: ((X11,), X11_HEADERS),
+}
 
 
 def listed_folders():
@@ -54,17 +61,20 @@ def complaints(part, folders):
                 yield f"{path}: includes {name}, which is above {folder}"
 
 
-def complaints_between(part, above, reserved):
-    """Yields a line for every include in a part that only the part above it may have."""
+def complaints_between(part, closed, reserved):
+    """Yields a line for every include in a part that only other parts may have."""
     root = pathlib.Path(part)
+    below = pathlib.Path(COMMON)
     for path in sources_in(root):
         for written in INCLUDE.findall(path.read_text()):
             name = written[1:]
-            is_above = (pathlib.Path(above) / name).exists() and not (root / name).exists()
-            if written.startswith('"') and is_above:
-                yield f"{path}: includes {name}, which is in {above}"
             if written.startswith(reserved):
-                yield f"{path}: includes <{name}>, which only {above} may"
+                yield f"{path}: includes <{name}>, which {part} may not"
+            if not written.startswith('"') or (root / name).exists() or (below / name).exists():
+                continue
+            for other in closed:
+                if (pathlib.Path(other) / name).exists():
+                    yield f"{path}: includes {name}, which is in {other}"
 
 
 def strays(parts):
@@ -80,9 +90,10 @@ def main():
     if not parts:
         sys.exit(f"{DOCUMENT} has no tables of folders")
     found = [line for part, folders in parts.items() for line in complaints(part, folders)]
-    for part, (above, reserved) in ABOVE.items():
-        found += [f"{DOCUMENT}: has no table of {name}" for name in (part, above) if name not in parts]
-        found += complaints_between(part, above, reserved)
+    for part, (closed, reserved) in CLOSED.items():
+        if part not in parts:
+            found.append(f"{DOCUMENT}: has no table of {part}")
+        found += complaints_between(part, closed, reserved)
     found += strays(parts)
     if found:
         sys.exit("\n".join(found))

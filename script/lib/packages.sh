@@ -16,11 +16,24 @@ packages_build=(
     libxcb-xinput-dev
     libxcb1-dev
     libglib2.0-dev
+    libwayland-dev
     ninja-build
     nlohmann-json3-dev
     pkg-config
+    plasma-wayland-protocols
     qt6-base-dev
+    qt6-base-private-dev
+    qt6-wayland
+    wayland-protocols
 )
+
+# The layer shell's description is a package of its own in Debian 13, and part of another one in Debian 12.
+# Without either, the program is built for X11 only.
+if apt-cache show wlr-protocols > /dev/null 2>&1; then
+    packages_build+=(wlr-protocols)
+else
+    packages_build+=(librust-wayland-protocols-dev)
+fi
 
 # For testing it. Clang's sanitizers are a package of their own, unlike GCC's.
 packages_test=(
@@ -44,6 +57,7 @@ packages_desktop=(
     fonts-dejavu-core
     openbox
     picom
+    sway
     tint2
     xfwm4
     xvfb

@@ -1,0 +1,71 @@
+#include "Connection/Proxies.hpp"
+
+#include "Connection/LayerShell.hpp"
+
+#include <blur-client-protocol.h>
+#include <wayland-client.h>
+#include <xdg-shell-client-protocol.h>
+
+namespace vireline::wayland {
+
+void DestroyProxy::operator()(wl_display* display) const {
+    wl_display_disconnect(display);
+}
+
+void DestroyProxy::operator()(wl_compositor* compositor) const {
+    wl_compositor_destroy(compositor);
+}
+
+void DestroyProxy::operator()(wl_region* region) const {
+    wl_region_destroy(region);
+}
+
+void DestroyProxy::operator()(wl_registry* registry) const {
+    wl_registry_destroy(registry);
+}
+
+void DestroyProxy::operator()(wl_shm* memory) const {
+    wl_shm_destroy(memory);
+}
+
+void DestroyProxy::operator()(wl_surface* surface) const {
+    wl_surface_destroy(surface);
+}
+
+void DestroyProxy::operator()(xdg_popup* popup) const {
+    xdg_popup_destroy(popup);
+}
+
+void DestroyProxy::operator()(xdg_positioner* positioner) const {
+    xdg_positioner_destroy(positioner);
+}
+
+void DestroyProxy::operator()(xdg_surface* surface) const {
+    xdg_surface_destroy(surface);
+}
+
+void DestroyProxy::operator()(xdg_wm_base* base) const {
+    xdg_wm_base_destroy(base);
+}
+
+void DestroyProxy::operator()(zwlr_layer_shell_v1* shell) const {
+    if (zwlr_layer_shell_v1_get_version(shell) >= ZWLR_LAYER_SHELL_V1_DESTROY_SINCE_VERSION) {
+        zwlr_layer_shell_v1_destroy(shell);
+    } else {
+        wl_proxy_destroy(reinterpret_cast<wl_proxy*>(shell));
+    }
+}
+
+void DestroyProxy::operator()(zwlr_layer_surface_v1* surface) const {
+    zwlr_layer_surface_v1_destroy(surface);
+}
+
+void DestroyProxy::operator()(org_kde_kwin_blur* blur) const {
+    org_kde_kwin_blur_release(blur);
+}
+
+void DestroyProxy::operator()(org_kde_kwin_blur_manager* manager) const {
+    org_kde_kwin_blur_manager_destroy(manager);
+}
+
+}

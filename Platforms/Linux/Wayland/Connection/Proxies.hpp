@@ -1,0 +1,45 @@
+/// Owning handles of protocol objects. Destroying one sends the protocol's destructor, if the bound
+/// version has one. A role (`zwlr_layer_surface_v1`, `xdg_popup`) must go before its surface.
+#pragma once
+
+#include <memory>
+
+struct wl_compositor;
+struct wl_display;
+struct wl_region;
+struct wl_registry;
+struct wl_shm;
+struct wl_surface;
+struct xdg_popup;
+struct xdg_positioner;
+struct xdg_surface;
+struct xdg_wm_base;
+struct zwlr_layer_shell_v1;
+struct zwlr_layer_surface_v1;
+struct org_kde_kwin_blur;
+struct org_kde_kwin_blur_manager;
+
+namespace vireline::wayland {
+
+struct DestroyProxy {
+    /// Closes a connection of our own.
+    void operator()(wl_display* display) const;
+    void operator()(wl_compositor* compositor) const;
+    void operator()(wl_region* region) const;
+    void operator()(wl_registry* registry) const;
+    void operator()(wl_shm* memory) const;
+    void operator()(wl_surface* surface) const;
+    void operator()(xdg_popup* popup) const;
+    void operator()(xdg_positioner* positioner) const;
+    void operator()(xdg_surface* surface) const;
+    void operator()(xdg_wm_base* base) const;
+    void operator()(zwlr_layer_shell_v1* shell) const;
+    void operator()(zwlr_layer_surface_v1* surface) const;
+    void operator()(org_kde_kwin_blur* blur) const;
+    void operator()(org_kde_kwin_blur_manager* manager) const;
+};
+
+template <class Object>
+using Proxy = std::unique_ptr<Object, DestroyProxy>;
+
+}

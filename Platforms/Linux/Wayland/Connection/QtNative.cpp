@@ -1,0 +1,49 @@
+#include "Connection/QtNative.hpp"
+
+#include <qpa/qplatformnativeinterface.h>
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWindow>
+
+namespace vireline::wayland::QtNative {
+namespace {
+
+void* ofIntegration(const char* name) {
+    return QGuiApplication::platformNativeInterface()->nativeResourceForIntegration(name);
+}
+
+}
+
+wl_display* display() {
+    return static_cast<wl_display*>(ofIntegration("wl_display"));
+}
+
+wl_compositor* compositor() {
+    return static_cast<wl_compositor*>(ofIntegration("compositor"));
+}
+
+wl_seat* seat() {
+    return static_cast<wl_seat*>(ofIntegration("wl_seat"));
+}
+
+std::uint32_t inputSerial() {
+    return static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(ofIntegration("serial")));
+}
+
+wl_surface* surface(QWindow& window) {
+    if (window.handle() == nullptr)
+        return nullptr;
+    return static_cast<wl_surface*>(
+        QGuiApplication::platformNativeInterface()->nativeResourceForWindow("surface", &window));
+}
+
+wl_output* output(QScreen& screen) {
+    // Qt crashes when it is asked for the placeholder's.
+    if (screen.name().isEmpty())
+        return nullptr;
+    return static_cast<wl_output*>(
+        QGuiApplication::platformNativeInterface()->nativeResourceForScreen("output", &screen));
+}
+
+}

@@ -1,0 +1,30 @@
+/// Qt's own objects on its connection to the compositor. The only place that uses Qt's private
+/// headers: a public way to all of these does not exist in Qt 6.4.
+#pragma once
+
+#include <cstdint>
+
+class QScreen;
+class QWindow;
+struct wl_compositor;
+struct wl_display;
+struct wl_output;
+struct wl_seat;
+struct wl_surface;
+
+/// All need the running QApplication on Qt's wayland plugin.
+namespace vireline::wayland::QtNative {
+
+[[nodiscard]] wl_display* display();
+[[nodiscard]] wl_compositor* compositor();
+/// The user's seat; null without any input device.
+[[nodiscard]] wl_seat* seat();
+/// The serial of the latest event of a button, key or touch.
+[[nodiscard]] std::uint32_t inputSerial();
+
+/// Null before the window's platform window has been created.
+[[nodiscard]] wl_surface* surface(QWindow& window);
+/// Null for Qt's placeholder while there is no display.
+[[nodiscard]] wl_output* output(QScreen& screen);
+
+}

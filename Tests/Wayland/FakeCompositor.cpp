@@ -1,0 +1,121 @@
+#include "FakeCompositor.hpp"
+
+#include <sys/socket.h>
+#include <unistd.h>
+#include <wayland-client-core.h>
+#include <wayland-server-core.h>
+
+#include <array>
+#include <condition_variable>
+#include <map>
+#include <mutex>
+#include <stdexcept>
+#include <string>
+
+namespace vireline::wayland {
+namespace {
+
+struct Offer {
+    wl_global* global = nullptr;
+    const wl_interface* interface = nullptr;
+    int bound = 0;
+};
+
+void bind(wl_client* client, void* data, std::uint32_t version, std::uint32_t id) {
+    auto& offer = *static_cast<Offer*>(data);
+    offer.bound = static_cast<int>(version);
+    wl_resource_create(client, offer.interface, offer.bound, id);
+}
+
+}
+
+struct FakeCompositor::Server {
+    wl_display* display = wl_display_create();
+    std::map<std::string, Offer> offers;
+    std::array<int, 2> wakeUp{};
+    std::mutex mutex;
+    std::condition_variable done;
+    const std::function<void()>* task = nullptr;
+    wl_event_source* tasks = nullptr;
+    bool isRunning = true;
+};
+
+FakeCompositor::FakeCompositor() : server_(std::make_unique<Server>()) {
+    if (pipe(server_->wakeUp.data()) != 0)
+        throw std::runtime_error{"no pipe"};
+    server_->tasks = wl_event_loop_add_fd(
+        wl_display_get_event_loop(server_->display), server_->wakeUp[0], WL_EVENT_READABLE,
+        [](int file, std::uint32_t /*mask*/, void* data) {
+            auto& server = *static_cast<Server*>(data);
+            char byte = 0;
+            if (read(file, &byte, 1) != 1)
+                return 0;
+            const std::scoped_lock lock{server.mutex};
+            (*server.task)();
+            server.task = nullptr;
+            server.done.notify_one();
+            return 0;
+        },
+        server_.get());
+    thread_ = std::thread{[this] { serve(); }};
+}
+
+FakeCompositor::~FakeCompositor() {
+    run([this] { server_->isRunning = false; });
+    thread_.join();
+    wl_event_source_remove(server_->tasks);
+    wl_display_destroy_clients(server_->display);
+    wl_display_destroy(server_->display);
+    close(server_->wakeUp[0]);
+    close(server_->wakeUp[1]);
+}
+
+void FakeCompositor::serve() {
+    while (server_->isRunning) {
+        wl_display_flush_clients(server_->display);
+        wl_event_loop_dispatch(wl_display_get_event_loop(server_->display), -1);
+    }
+}
+
+void FakeCompositor::run(const std::function<void()>& task) {
+    std::unique_lock lock{server_->mutex};
+    server_->task = &task;
+    if (write(server_->wakeUp[1], "x", 1) != 1)
+        throw std::runtime_error{"no thread"};
+    server_->done.wait(lock, [this] { return server_->task == nullptr; });
+}
+
+void FakeCompositor::offer(const wl_interface& interface, int version) {
+    run([&] {
+        Offer& offer = server_->offers[interface.name];
+        offer.interface = &interface;
+        offer.global = wl_global_create(server_->display, &interface, version, &offer, bind);
+    });
+}
+
+void FakeCompositor::withdraw(const wl_interface& interface) {
+    run([&] {
+        wl_global_destroy(server_->offers.at(interface.name).global);
+        server_->offers.erase(interface.name);
+    });
+}
+
+void FakeCompositor::die() {
+    run([this] { wl_display_destroy_clients(server_->display); });
+}
+
+int FakeCompositor::boundVersion(const wl_interface& interface) {
+    int version = 0;
+    run([&] { version = server_->offers[interface.name].bound; });
+    return version;
+}
+
+Proxy<wl_display> FakeCompositor::connect() {
+    std::array<int, 2> ends{};
+    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0)
+        throw std::runtime_error{"no sockets"};
+    run([&] { wl_client_create(server_->display, ends[0]); });
+    return Proxy<wl_display>{wl_display_connect_to_fd(ends[1])};
+}
+
+}
