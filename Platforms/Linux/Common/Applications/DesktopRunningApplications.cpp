@@ -148,6 +148,7 @@ DesktopRunningApplications::titledWindows(const std::string& bundleID) const {
     std::ranges::transform(listed, std::back_inserter(ids), &ClientWindow::id);
     const auto titles = windows_.titles(ids);
     std::vector<TitledWindow> titled;
+    titled.reserve(ids.size());
     for (std::size_t i = 0; i < ids.size(); ++i)
         titled.push_back({ids[i], i < titles.size() ? titles[i] : std::string{},
                           ids[i] == windows_.activeWindow() && !listed[i].isHidden});

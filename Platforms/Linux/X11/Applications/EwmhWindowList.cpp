@@ -30,6 +30,7 @@ std::vector<std::string> EwmhWindowList::titles(std::span<const xdg::WindowID> w
                                                            "WM_NAME"};
     PropertyBatch batch{connection_};
     std::vector<std::array<std::size_t, names.size()>> requests;
+    requests.reserve(windows.size());
     for (const xdg::WindowID window : windows) {
         auto& asked = requests.emplace_back();
         std::ranges::transform(names, asked.begin(), [&](std::string_view name) {
@@ -37,6 +38,7 @@ std::vector<std::string> EwmhWindowList::titles(std::span<const xdg::WindowID> w
         });
     }
     std::vector<std::string> titles;
+    titles.reserve(windows.size());
     for (const auto& asked : requests) {
         std::string& title = titles.emplace_back();
         for (const std::size_t request : asked) {

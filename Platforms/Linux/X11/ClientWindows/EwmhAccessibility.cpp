@@ -100,8 +100,10 @@ Result<std::vector<ElementHandle>> EwmhAccessibility::windows(AccessibilityEleme
 }
 
 Result<std::vector<OpenWindow>> EwmhAccessibility::openWindows(AccessibilityElement& application) {
+    auto windows = applications_.titledWindows(AppElement::of(application).bundleID);
     std::vector<OpenWindow> open;
-    for (auto& window : applications_.titledWindows(AppElement::of(application).bundleID))
+    open.reserve(windows.size());
+    for (auto& window : windows)
         open.push_back(
             {std::make_shared<WindowElement>(window.id), std::move(window.title), window.isActive});
     return open;

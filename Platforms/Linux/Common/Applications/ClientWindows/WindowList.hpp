@@ -33,8 +33,9 @@ public:
     /// The windows' titles, in this order; empty for a window that has none or is gone. Sanitised
     /// and of bounded length. Only read when they are asked for, since some programs change their
     /// titles many times per second.
-    [[nodiscard]] virtual std::vector<std::string>
-    titles(std::span<const WindowID> windows) const = 0;
+    [[nodiscard]] virtual std::vector<std::string> titles(std::span<const WindowID> windows) const {
+        return std::vector<std::string>(windows.size());
+    }
 
     /// All images that the window has as its icon, smallest first.
     [[nodiscard]] virtual std::vector<WindowIcon> icons(WindowID window) const = 0;
