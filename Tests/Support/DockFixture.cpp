@@ -47,6 +47,13 @@ DockActions DockFixture::recordingActions() {
                                std::uint32_t display) {
         record("window " + window.title + " of " + item.id + " #" + std::to_string(display));
     };
+    recording.appActions = [this](const DockItem&) { return appActions; };
+    recording.performAction = [=](const std::string& action, const DockItem& item) {
+        record("action " + action + " of " + item.id);
+    };
+    recording.middleClick = [=](const DockItem& item, std::uint32_t display) {
+        record("middle-click " + item.id + " #" + std::to_string(display));
+    };
     recording.addApp = [=](const FileURL& url) { record("add " + url.path()); };
     recording.moveApp = [=](const std::string& bundleID, int toIndex) {
         record("move " + bundleID + " " + std::to_string(toIndex));

@@ -25,6 +25,7 @@ struct DockFixture {
     std::optional<std::string> undoTitle;
     /// Of every app.
     std::vector<OpenWindow> windows;
+    std::vector<ApplicationCatalog::Action> appActions;
     DockActions actions = recordingActions();
 
     DockFixture();

@@ -6,6 +6,7 @@
 #include "Interaction/ClickPolicy.hpp"
 #include "Model/DockItem.hpp"
 #include "Platform/Accessibility.hpp"
+#include "Platform/ApplicationCatalog.hpp"
 
 #include <cstdint>
 #include <functional>
@@ -24,6 +25,10 @@ struct DockActions {
     std::function<std::vector<OpenWindow>(const DockItem& item)> windows;
     std::function<void(const OpenWindow& window, const DockItem& item, std::uint32_t display)>
         showWindow;
+    /// What the app offers in its menu.
+    std::function<std::vector<ApplicationCatalog::Action>(const DockItem& item)> appActions;
+    std::function<void(const std::string& actionID, const DockItem& item)> performAction;
+    std::function<void(const DockItem& item, std::uint32_t display)> middleClick;
     /// Adds the app at `url` to the manual list; anything else is ignored.
     std::function<void(const FileURL& url)> addApp;
     std::function<void(const std::string& bundleID, int toIndex)> moveApp;

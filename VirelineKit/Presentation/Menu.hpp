@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Foundation/Geometry.hpp"
+#include "Presentation/Image.hpp"
 
 #include <functional>
 #include <optional>
@@ -25,6 +26,9 @@ struct MenuCommand {
     /// nullopt for a command that never has a check mark.
     std::optional<bool> isChecked{};
     MenuAction action{};
+    /// Shown beside the title; null for none. Popup menus on Linux only, since no other platform
+    /// has such commands.
+    ImageHandle image{};
 
     /// Compares only the look, since actions cannot be compared.
     bool operator==(const MenuCommand& other) const {

@@ -2,6 +2,7 @@
 
 #include "Interaction/DockActions.hpp"
 #include "Interaction/WindowTitles.hpp"
+#include "Sources/IconStore.hpp"
 
 #include <cstddef>
 #include <utility>
@@ -12,6 +13,7 @@ Menu DockMenus::ofApp(const DockItem& item, std::uint32_t displayID) const {
     const bool canRemove = item.isPinned && actions_.isManualMode();
     Menu menu;
     addWindows(menu, item, displayID);
+    addActions(menu, item);
     for (const MenuEntry entry : ClickPolicy::menuEntries(item.isRunning, canRemove)) {
         auto select = lifetime_.guard(
             [this, entry, item, displayID] { actions_.menuSelect(entry, item, displayID); });
@@ -39,6 +41,19 @@ void DockMenus::addWindows(Menu& menu, const DockItem& item, std::uint32_t displ
     if (!more.entries.empty())
         menu.entries.emplace_back(std::move(more));
     if (!menu.entries.empty())
+        menu.entries.emplace_back(MenuSeparator{});
+}
+
+void DockMenus::addActions(Menu& menu, const DockItem& item) const {
+    const auto offered = actions_.appActions(item);
+    for (const ApplicationCatalog::Action& action : offered) {
+        auto perform =
+            lifetime_.guard([this, id = action.id, item] { actions_.performAction(id, item); });
+        menu.entries.emplace_back(MenuCommand{.title = action.name,
+                                              .action = std::move(perform),
+                                              .image = icons_.actionIcon(action.icon)});
+    }
+    if (!offered.empty())
         menu.entries.emplace_back(MenuSeparator{});
 }
 

@@ -23,7 +23,7 @@ struct AppActivatorTest : testing::Test {
     AppRef app = platform.install("com.apple.mail", "Mail");
     DockItem item{app.bundleID, app.name, app.url, true, false};
     Opened openedOnce{{app.bundleID, app.url}};
-    AppActivator activator{platform.running, platform.workspace, platform.screens,
+    AppActivator activator{platform.running, platform.workspace, platform.catalog, platform.screens,
                            platform.accessibility};
 };
 

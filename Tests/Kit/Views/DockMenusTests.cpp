@@ -126,5 +126,32 @@ TEST_F(DockRootViewTest, NoMoreThanAHundredWindowsAreListed) {
     EXPECT_EQ(std::get<MenuSubmenu>(menu.entries.at(10)).entries.size(), 90U);
 }
 
+// Behaviour: tile-actions-1
+TEST_F(DockRootViewTest, WhatAnAppOffersIsListedBetweenItsWindowsAndTheOtherEntries) {
+    dock.windows.push_back({nullptr, "Inbox", false});
+    dock.appActions = {{"new-window", "New Window", ""}, {"private", "New Private Window", ""}};
+    dock.setTiles(0, 1);
+    show();
+
+    send(Kind::secondaryPressed, centerOfIcon(0));
+    EXPECT_EQ(menuTitles,
+              (std::vector<std::string>{"Inbox", "-", "New Window", "New Private Window", "-",
+                                        "Show", "Show in Finder", "Quit"}));
+    choose(3);
+
+    EXPECT_EQ(dock.actionsTaken, (std::vector<std::string>{"action private of u0"}));
+}
+
+TEST_F(DockRootViewTest, AMiddleClickConcernsAppsOnly) {
+    dock.setTiles(1, 0);
+    show();
+
+    send(Kind::middlePressed, centerOfIcon(0));
+    send(Kind::middlePressed, centerOfIcon(1));
+    send(Kind::middlePressed, {1, 1});
+
+    EXPECT_EQ(dock.actionsTaken, (std::vector<std::string>{"middle-click p0 #2"}));
+}
+
 }
 }

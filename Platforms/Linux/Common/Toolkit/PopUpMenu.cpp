@@ -1,7 +1,12 @@
 #include "Toolkit/PopUpMenu.hpp"
 
+#include "Icons/RasterImage.hpp"
+
+#include <QIcon>
 #include <QKeyEvent>
+#include <QPixmap>
 #include <cctype>
+#include <cmath>
 #include <utility>
 
 namespace vireline::xdg {
@@ -15,6 +20,15 @@ QKeyCombination keyOf(char keyEquivalent) {
 /// A single ampersand would mark a mnemonic.
 QString plainTitle(const std::string& title) {
     return QString::fromStdString(title).replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+QIcon iconOf(const Image& image, double scale) {
+    const auto* const raster = dynamic_cast<const RasterImage*>(&image);
+    if (raster == nullptr)
+        return {};
+    QImage picture = raster->exact(static_cast<int>(std::lround(image.size().width * scale)));
+    picture.setDevicePixelRatio(scale);
+    return QIcon{QPixmap::fromImage(picture)};
 }
 
 /// Handles shortcuts itself, because Qt does not for a menu without a parent window.
@@ -67,6 +81,11 @@ void PopUpMenu::add(QMenu& menu, const MenuCommand& command) {
     QAction* const action = menu.addAction(plainTitle(command.title));
     action->setCheckable(command.isChecked.has_value());
     action->setChecked(command.isChecked.value_or(false));
+    if (command.image) {
+        action->setIcon(iconOf(*command.image, menu.devicePixelRatioF()));
+        // Qt leaves out icons in menus where the desktop's settings do not ask for them.
+        action->setIconVisibleInMenu(true);
+    }
     if (command.keyEquivalent != 0)
         action->setShortcut(QKeySequence{keyOf(command.keyEquivalent)});
     QObject::connect(action, &QAction::triggered, menu_.get(),
