@@ -1,5 +1,6 @@
 #include "Views/DockRootView.hpp"
 
+#include "Interaction/DockActions.hpp"
 #include "Model/DockMetrics.hpp"
 #include "Platform/RunLoop.hpp"
 #include "Sources/IconStore.hpp"
