@@ -91,16 +91,35 @@ std::string GioWorkspace::fileManagerPath() const {
     return found == nullptr ? std::string{} : found->entry.path;
 }
 
-void GioWorkspace::launch(const std::string& bundleID, const DesktopEntry& entry) {
+void GioWorkspace::launchAgain(const std::string& bundleID, const FileURL& url) {
+    perform(bundleID, url, {});
+}
+
+void GioWorkspace::perform(const std::string& bundleID, const FileURL& url,
+                           const std::string& actionID) {
+    if (const auto entry = catalog_.entryAt(url))
+        launch(bundleID, *entry, actionID);
+    else
+        DevLog::write("launch failed " + bundleID + ": no desktop entry");
+}
+
+void GioWorkspace::launch(const std::string& bundleID, const DesktopEntry& entry,
+                          const std::string& actionID) {
     const std::string startupID = notices_.nextStartupID();
     const bool handsOn = wantsStartupID(entry);
     const bool tellsOthers = handsOn && entry.startupNotify.value_or(false);
-    running_.launchBegan(startupID, entry, bundleID, tellsOthers);
-    launcher_.launch(entry, handsOn ? startupID : std::string{},
-                     lifetime_.guard([this, bundleID, startupID](const PlatformError& error) {
-                         if (running_.launchFailed(startupID))
-                             DevLog::write("launch failed " + bundleID + ": " + described(error));
-                     }));
+    // An app that runs only opens another window, which does not end a launch.
+    if (running_.instances(bundleID).empty())
+        running_.launchBegan(startupID, entry, bundleID, tellsOthers);
+    const auto failed = lifetime_.guard([this, bundleID, startupID](const PlatformError& error) {
+        if (running_.launchFailed(startupID))
+            DevLog::write("launch failed " + bundleID + ": " + described(error));
+    });
+    const std::string passedID = handsOn ? startupID : std::string{};
+    if (actionID.empty())
+        launcher_.launch(entry, passedID, failed);
+    else
+        launcher_.perform(entry, actionID, passedID, failed);
 }
 
 void GioWorkspace::openFolders(const std::vector<FileURL>& files) {
