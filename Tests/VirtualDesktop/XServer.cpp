@@ -78,7 +78,9 @@ Command memoryServer(const XServer::Options& options) {
     command.program = "Xvfb";
     command.arguments = {"-screen", "0",
                          std::to_string(options.width) + "x" + std::to_string(options.height) +
-                             "x24"};
+                             "x24",
+                         // Nothing here renders by OpenGL, whose start takes a server's longest.
+                         "-extension", "GLX"};
     return command;
 }
 
