@@ -1,7 +1,6 @@
 #include "ProgramWindows/Pages/FormRowView.hpp"
 
 #include "Platform/ProgramWindows.hpp"
-#include "ProgramWindows/Controls/Making.hpp"
 #include "ProgramWindows/Controls/Painting.hpp"
 #include "ProgramWindows/Controls/RadioOption.hpp"
 #include "ProgramWindows/Controls/SegmentedControl.hpp"
@@ -10,6 +9,7 @@
 #include "ProgramWindows/Controls/TextLabel.hpp"
 #include "ProgramWindows/Controls/ValueLabel.hpp"
 #include "ProgramWindows/Controls/ValueSlider.hpp"
+#include "ProgramWindows/Controls/WidgetFactory.hpp"
 
 #include <QEnterEvent>
 #include <QHBoxLayout>

@@ -1,11 +1,11 @@
 #include "ProgramWindows/Pages/OnboardingPageView.hpp"
 
-#include "ProgramWindows/Controls/Making.hpp"
 #include "ProgramWindows/Controls/Painting.hpp"
 #include "ProgramWindows/Controls/PushButton.hpp"
 #include "ProgramWindows/Controls/StatusLineView.hpp"
 #include "ProgramWindows/Controls/SymbolView.hpp"
 #include "ProgramWindows/Controls/TextLabel.hpp"
+#include "ProgramWindows/Controls/WidgetFactory.hpp"
 #include "ProgramWindows/ProgramIcon.hpp"
 
 #include <QHBoxLayout>
