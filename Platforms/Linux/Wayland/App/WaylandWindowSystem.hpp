@@ -1,0 +1,47 @@
+/// Wayland as the platform's window system. Owns everything that exists once per connection.
+#pragma once
+
+#include "App/Absent.hpp"
+#include "Connection/WaylandConnection.hpp"
+#include "Displays/WaylandScreens.hpp"
+#include "Foundation/NonCopyable.hpp"
+#include "WindowSystem/WindowSystem.hpp"
+
+#include <memory>
+
+namespace vireline {
+class RunLoop;
+}
+
+namespace vireline::wayland {
+
+class WaylandWindowSystem final : public xdg::WindowSystem, private NonCopyable {
+public:
+    /// Needs the running QApplication. The run loop must outlive this object.
+    explicit WaylandWindowSystem(RunLoop& runLoop);
+
+    [[nodiscard]] xdg::SecondStarts& secondStarts() override { return secondStarts_; }
+    [[nodiscard]] xdg::SettingsDaemon& settings() override { return settings_; }
+    [[nodiscard]] xdg::WindowList& windows() override { return windows_; }
+    [[nodiscard]] xdg::StartupNotices& startupNotices() override { return startupNotices_; }
+    [[nodiscard]] Screens& screens() override { return screens_; }
+    [[nodiscard]] PointerTaps& pointerTaps() override { return pointerTaps_; }
+    [[nodiscard]] std::unique_ptr<PanelWindows>
+    makePanelWindows(xdg::Appearance& appearance) override;
+    [[nodiscard]] std::unique_ptr<Accessibility>
+    makeAccessibility(xdg::DesktopRunningApplications& applications) override;
+    [[nodiscard]] std::unique_ptr<xdg::SystemTray> makeTray() override;
+    void openAtPointer(QMenu& menu) override;
+    void bringToFront(QWindow& window) override;
+
+private:
+    WaylandConnection connection_;
+    NoSecondStarts secondStarts_;
+    NoSettingsDaemon settings_;
+    NoWindows windows_;
+    NoStartupNotices startupNotices_;
+    WaylandScreens screens_{connection_};
+    NoPointerTaps pointerTaps_;
+};
+
+}

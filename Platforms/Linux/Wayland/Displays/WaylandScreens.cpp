@@ -1,0 +1,105 @@
+#include "Displays/WaylandScreens.hpp"
+
+#include "Connection/QtNative.hpp"
+#include "Connection/WaylandConnection.hpp"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <algorithm>
+#include <utility>
+
+namespace vireline::wayland {
+namespace {
+
+/// While there is no display, Qt has a placeholder without a name.
+bool isReal(QScreen& screen) {
+    return QtNative::output(screen) != nullptr;
+}
+
+}
+
+WaylandScreens::WaylandScreens(const WaylandConnection& connection) : connection_(connection) {
+    auto* const application = qGuiApp;
+    QObject::connect(application, &QGuiApplication::screenAdded, &context_,
+                     [this](QScreen* screen) {
+                         watch(screen);
+                         refreshSoon();
+                     });
+    QObject::connect(application, &QGuiApplication::screenRemoved, &context_,
+                     [this](QScreen* screen) {
+                         // The protocol's object of the display is still valid, but not for long.
+                         reserved_.erase(screen->name().toStdString());
+                         refreshSoon();
+                     });
+    for (QScreen* const screen : QGuiApplication::screens())
+        watch(screen);
+    outputs_ = read();
+}
+
+void WaylandScreens::watch(QScreen* screen) {
+    if (!isReal(*screen))
+        return;
+    const auto changed = [this] { refreshSoon(); };
+    QObject::connect(screen, &QScreen::geometryChanged, &context_, changed);
+    QObject::connect(screen, &QScreen::physicalDotsPerInchChanged, &context_, changed);
+    auto space = std::make_unique<ReservedSpace>(connection_, QtNative::output(*screen));
+    space->onChange = changed;
+    reserved_[screen->name().toStdString()] = std::move(space);
+}
+
+/// Coalesces all changes within one turn of the event loop.
+void WaylandScreens::refreshSoon() {
+    if (std::exchange(refreshIsDue_, true))
+        return;
+    QMetaObject::invokeMethod(&context_, [this] { refresh(); }, Qt::QueuedConnection);
+}
+
+void WaylandScreens::refresh() {
+    refreshIsDue_ = false;
+    outputs_ = read();
+    observers_.notify();
+}
+
+std::vector<OutputState> WaylandScreens::read() const {
+    std::vector<OutputState> outputs;
+    for (QScreen* const screen : QGuiApplication::screens()) {
+        if (!isReal(*screen))
+            continue;
+        const auto name = screen->name().toStdString();
+        const auto space = reserved_.find(name);
+        outputs.push_back({.name = name,
+                           .geometry = screen->geometry(),
+                           .scale = screen->devicePixelRatio(),
+                           .reserved = space == reserved_.end()
+                                           ? Insets{}
+                                           : space->second->insets(screen->size())});
+    }
+    return ScreenLayout::inOrder(std::move(outputs));
+}
+
+std::vector<PlatformScreen> WaylandScreens::screens() const {
+    return ScreenLayout::screens(outputs_);
+}
+
+Subscription WaylandScreens::observeParameters(std::function<void()> handler) {
+    return observers_.add(std::move(handler));
+}
+
+QScreen* WaylandScreens::qtScreen(std::uint32_t displayID) const {
+    for (QScreen* const screen : QGuiApplication::screens()) {
+        if (isReal(*screen) && ScreenLayout::displayID(screen->name().toStdString()) == displayID)
+            return screen;
+    }
+    return nullptr;
+}
+
+std::string WaylandScreens::nameOf(std::uint32_t displayID) const {
+    const QScreen* const screen = qtScreen(displayID);
+    return screen == nullptr ? std::string{} : screen->name().toStdString();
+}
+
+QRectF WaylandScreens::toQt(const Rect& global) const {
+    return ScreenLayout::toLayout(global, outputs_.empty() ? QRect{} : outputs_.front().geometry);
+}
+
+}
