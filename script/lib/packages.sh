@@ -57,6 +57,7 @@ packages_desktop=(
     fonts-dejavu-core
     openbox
     picom
+    sway
     tint2
     xfwm4
     xvfb

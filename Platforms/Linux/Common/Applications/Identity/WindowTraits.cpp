@@ -13,4 +13,9 @@ void WindowTraits::setWMClass(std::string_view bytes) {
     className = PlainText::clean(bytes.substr(0, bytes.find('\0')));
 }
 
+void WindowTraits::setAppID(std::string_view bytes) {
+    className = PlainText::clean(bytes);
+    instance = className;
+}
+
 }

@@ -21,6 +21,10 @@ struct WindowTraits {
     /// Takes the bytes of WM_CLASS: two texts, normally each terminated by a zero byte.
     void setWMClass(std::string_view bytes);
 
+    /// Takes the ID by which a window names its program under Wayland: that of its desktop entry,
+    /// by convention, but often only a class as above.
+    void setAppID(std::string_view bytes);
+
     bool operator==(const WindowTraits&) const = default;
 };
 
