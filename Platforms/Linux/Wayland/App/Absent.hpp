@@ -4,7 +4,6 @@
 #include "Applications/ClientWindows/WindowList.hpp"
 #include "Applications/Launching/StartupNotices.hpp"
 #include "Desktop/SettingsDaemon.hpp"
-#include "Platform/Accessibility.hpp"
 #include "Platform/PointerTap.hpp"
 #include "Toolkit/SecondStarts.hpp"
 
@@ -65,27 +64,6 @@ public:
 class NoSecondStarts final : public xdg::SecondStarts {
 public:
     [[nodiscard]] Subscription observe(std::function<void()> /*handler*/) override { return {}; }
-};
-
-/// For compositors without an interface for moving other programs' windows.
-class NoAccessibility final : public Accessibility {
-public:
-    [[nodiscard]] bool isTrusted() const override { return false; }
-    [[nodiscard]] bool canMoveWindows() const override { return false; }
-    [[nodiscard]] Subscription observeManager(std::function<void()> /*handler*/) override {
-        return {};
-    }
-    bool isTrustedWithPrompt() override { return false; }
-    [[nodiscard]] ElementHandle application(std::int32_t /*processIdentifier*/,
-                                            const std::string& /*bundleID*/) override;
-    void setMessagingTimeout(AccessibilityElement& /*element*/, float /*seconds*/) override {}
-    [[nodiscard]] Result<ElementHandle> mainWindow(AccessibilityElement& application) override;
-    [[nodiscard]] Result<std::vector<ElementHandle>>
-    windows(AccessibilityElement& application) override;
-    [[nodiscard]] Result<Point> position(AccessibilityElement& window) override;
-    Result<void> setPosition(AccessibilityElement& window, Point position) override;
-    [[nodiscard]] Result<Size> size(AccessibilityElement& window) override;
-    Result<void> setSize(AccessibilityElement& window, Size size) override;
 };
 
 }

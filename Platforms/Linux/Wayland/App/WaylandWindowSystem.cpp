@@ -1,24 +1,49 @@
 #include "App/WaylandWindowSystem.hpp"
 
+#include "Compositors/CompositorAccessibility.hpp"
+#include "Compositors/SwayPlacer.hpp"
+#include "Compositors/SwayWindowList.hpp"
 #include "Connection/QtNative.hpp"
 #include "Panels/LayerPanelWindows.hpp"
 #include "StatusBar/SystemTray.hpp"
 
+#include <unistd.h>
+
 #include <QCursor>
 #include <QMenu>
 #include <QWindow>
+#include <utility>
 
 namespace vireline::wayland {
 
-WaylandWindowSystem::WaylandWindowSystem(RunLoop& /*runLoop*/) : connection_(QtNative::display()) {}
+namespace {
+
+std::unique_ptr<xdg::WindowList> windowList(const std::string& swaySocket) {
+    if (auto windows = SwayWindowList::open(swaySocket, getpid()))
+        return windows;
+    return std::make_unique<NoWindows>();
+}
+
+}
+
+WaylandWindowSystem::WaylandWindowSystem(RunLoop& runLoop)
+    : runLoop_(runLoop)
+    , swaySocket_(qEnvironmentVariable("SWAYSOCK").toStdString())
+    , connection_(QtNative::display())
+    , windows_(windowList(swaySocket_)) {}
 
 std::unique_ptr<PanelWindows> WaylandWindowSystem::makePanelWindows(xdg::Appearance& appearance) {
     return std::make_unique<LayerPanelWindows>(connection_, screens_, appearance);
 }
 
 std::unique_ptr<Accessibility>
-WaylandWindowSystem::makeAccessibility(xdg::DesktopRunningApplications& /*applications*/) {
-    return std::make_unique<NoAccessibility>();
+WaylandWindowSystem::makeAccessibility(xdg::DesktopRunningApplications& applications) {
+    auto placer =
+        swaySocket_.empty() ? nullptr : std::make_unique<SwayPlacer>(swaySocket_, runLoop_);
+    return std::make_unique<CompositorAccessibility>(std::move(placer), applications, [this] {
+        const QPoint corner = screens_.primary().topLeft();
+        return Point{static_cast<double>(corner.x()), static_cast<double>(corner.y())};
+    });
 }
 
 /// Wayland has none: status items are on the session bus.

@@ -8,6 +8,7 @@
 #include "WindowSystem/WindowSystem.hpp"
 
 #include <memory>
+#include <string>
 
 namespace vireline {
 class RunLoop;
@@ -22,7 +23,7 @@ public:
 
     [[nodiscard]] xdg::SecondStarts& secondStarts() override { return secondStarts_; }
     [[nodiscard]] xdg::SettingsDaemon& settings() override { return settings_; }
-    [[nodiscard]] xdg::WindowList& windows() override { return windows_; }
+    [[nodiscard]] xdg::WindowList& windows() override { return *windows_; }
     [[nodiscard]] xdg::StartupNotices& startupNotices() override { return startupNotices_; }
     [[nodiscard]] Screens& screens() override { return screens_; }
     [[nodiscard]] PointerTaps& pointerTaps() override { return pointerTaps_; }
@@ -35,12 +36,15 @@ public:
     void bringToFront(QWindow& window) override;
 
 private:
+    RunLoop& runLoop_;
+    /// Empty under other compositors.
+    std::string swaySocket_;
     WaylandConnection connection_;
     NoSecondStarts secondStarts_;
     NoSettingsDaemon settings_;
-    NoWindows windows_;
+    std::unique_ptr<xdg::WindowList> windows_;
     NoStartupNotices startupNotices_;
-    WaylandScreens screens_{connection_};
+    WaylandScreens screens_{connection_, swaySocket_};
     NoPointerTaps pointerTaps_;
 };
 

@@ -33,6 +33,9 @@ public:
     /// anything is reserved there.
     [[nodiscard]] Insets insets(QSize whole) const;
 
+    /// The size of what panels leave free; empty until the compositor has answered.
+    [[nodiscard]] QSize free() const noexcept { return free_; }
+
 private:
     struct Events;
 

@@ -28,6 +28,16 @@ std::uint32_t displayID(const std::string& name) {
     return hash;
 }
 
+Insets withoutGaps(QSize whole, QSize free, const Insets& seen) {
+    const auto without = [](int gap, int distance) { return std::max(0, distance - gap); };
+    const int across = (seen.left + seen.right - (whole.width() - free.width())) / 2;
+    const int down = (seen.top + seen.bottom - (whole.height() - free.height())) / 2;
+    return {.left = without(across, seen.left),
+            .top = without(down, seen.top),
+            .right = without(across, seen.right),
+            .bottom = without(down, seen.bottom)};
+}
+
 std::vector<OutputState> inOrder(std::vector<OutputState> outputs) {
     std::ranges::sort(outputs, {}, [](const OutputState& output) {
         const QPoint corner = output.geometry.topLeft();

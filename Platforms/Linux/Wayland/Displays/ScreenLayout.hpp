@@ -7,6 +7,7 @@
 
 #include <QRect>
 #include <QRectF>
+#include <QSize>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -40,6 +41,10 @@ namespace ScreenLayout {
 /// Derived from the name of the connector, such as "HDMI-A-1": Wayland has no numbers for displays
 /// that last.
 [[nodiscard]] std::uint32_t displayID(const std::string& name);
+
+/// What panels reserve, from the size of what they leave free. `seen` has the distances between a
+/// display's edges and its workspace, which may be larger by a gap that is the same on both sides.
+[[nodiscard]] Insets withoutGaps(QSize whole, QSize free, const Insets& seen);
 
 /// The primary display first. Wayland has none, so it is the one at the origin of the layout, or
 /// the one nearest to that.

@@ -18,7 +18,10 @@ bool isReal(QScreen& screen) {
 
 }
 
-WaylandScreens::WaylandScreens(const WaylandConnection& connection) : connection_(connection) {
+WaylandScreens::WaylandScreens(const WaylandConnection& connection, const std::string& swaySocket)
+    : connection_(connection) {
+    if (!swaySocket.empty())
+        workspaces_ = SwayWorkspaces::open(swaySocket, [this] { refreshSoon(); });
     auto* const application = qGuiApp;
     QObject::connect(application, &QGuiApplication::screenAdded, &context_,
                      [this](QScreen* screen) {
@@ -43,7 +46,11 @@ void WaylandScreens::watch(QScreen* screen) {
     QObject::connect(screen, &QScreen::geometryChanged, &context_, changed);
     QObject::connect(screen, &QScreen::physicalDotsPerInchChanged, &context_, changed);
     auto space = std::make_unique<ReservedSpace>(connection_, QtNative::output(*screen));
-    space->onChange = changed;
+    space->onChange = [this] {
+        if (workspaces_)
+            workspaces_->refresh();
+        refreshSoon();
+    };
     reserved_[screen->name().toStdString()] = std::move(space);
 }
 
@@ -65,16 +72,29 @@ std::vector<OutputState> WaylandScreens::read() const {
     for (QScreen* const screen : QGuiApplication::screens()) {
         if (!isReal(*screen))
             continue;
-        const auto name = screen->name().toStdString();
-        const auto space = reserved_.find(name);
-        outputs.push_back({.name = name,
+        outputs.push_back({.name = screen->name().toStdString(),
                            .geometry = screen->geometry(),
                            .scale = screen->devicePixelRatio(),
-                           .reserved = space == reserved_.end()
-                                           ? Insets{}
-                                           : space->second->insets(screen->size())});
+                           .reserved = reservedOn(*screen)});
     }
     return ScreenLayout::inOrder(std::move(outputs));
+}
+
+Insets WaylandScreens::reservedOn(QScreen& screen) const {
+    const auto name = screen.name().toStdString();
+    const auto space = reserved_.find(name);
+    if (space == reserved_.end() || space->second->free().isEmpty())
+        return {};
+    const QRect whole = screen.geometry();
+    const auto workspace = workspaces_ ? workspaces_->on(name) : std::nullopt;
+    if (!workspace)
+        return space->second->insets(whole.size());
+    return ScreenLayout::withoutGaps(
+        whole.size(), space->second->free(),
+        {.left = workspace->x() - whole.x(),
+         .top = workspace->y() - whole.y(),
+         .right = whole.x() + whole.width() - workspace->x() - workspace->width(),
+         .bottom = whole.y() + whole.height() - workspace->y() - workspace->height()});
 }
 
 std::vector<PlatformScreen> WaylandScreens::screens() const {
@@ -98,8 +118,12 @@ std::string WaylandScreens::nameOf(std::uint32_t displayID) const {
     return screen == nullptr ? std::string{} : screen->name().toStdString();
 }
 
+QRect WaylandScreens::primary() const {
+    return outputs_.empty() ? QRect{} : outputs_.front().geometry;
+}
+
 QRectF WaylandScreens::toQt(const Rect& global) const {
-    return ScreenLayout::toLayout(global, outputs_.empty() ? QRect{} : outputs_.front().geometry);
+    return ScreenLayout::toLayout(global, primary());
 }
 
 }

@@ -3,6 +3,7 @@
 
 #include "Displays/ReservedSpace.hpp"
 #include "Displays/ScreenLayout.hpp"
+#include "Displays/SwayWorkspaces.hpp"
 #include "Foundation/CallbackList.hpp"
 #include "Foundation/NonCopyable.hpp"
 #include "Platform/Screens.hpp"
@@ -23,8 +24,8 @@ class WaylandConnection;
 
 class WaylandScreens final : public Screens, private NonCopyable {
 public:
-    /// The connection must outlive this object.
-    explicit WaylandScreens(const WaylandConnection& connection);
+    /// The connection must outlive this object. `swaySocket` is empty under other compositors.
+    WaylandScreens(const WaylandConnection& connection, const std::string& swaySocket);
 
     [[nodiscard]] std::vector<PlatformScreen> screens() const override;
     [[nodiscard]] Subscription observeParameters(std::function<void()> handler) override;
@@ -34,6 +35,9 @@ public:
     /// The name of the connector, such as "HDMI-A-1"; empty if there is no such display.
     [[nodiscard]] std::string nameOf(std::uint32_t displayID) const;
 
+    /// The primary display in Qt's coordinates; empty without displays.
+    [[nodiscard]] QRect primary() const;
+
     /// Converts from global coordinates to Qt's.
     [[nodiscard]] QRectF toQt(const Rect& global) const;
 
@@ -42,8 +46,11 @@ private:
     void refreshSoon();
     void refresh();
     [[nodiscard]] std::vector<OutputState> read() const;
+    [[nodiscard]] Insets reservedOn(QScreen& screen) const;
 
     const WaylandConnection& connection_;
+    /// Only under sway, which tells surfaces nothing of edges before its version 1.8.
+    std::unique_ptr<SwayWorkspaces> workspaces_;
     std::map<std::string, std::unique_ptr<ReservedSpace>> reserved_;
     /// In order, the primary display first.
     std::vector<OutputState> outputs_;
