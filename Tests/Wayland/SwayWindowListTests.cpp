@@ -152,7 +152,8 @@ TEST_F(SwayWindowListTest, HidesAndBringsBackHoweverQuicklyThatIsAskedFor) {
 
     EXPECT_TRUE(test::waitUntil([&] {
         const auto windows = desk().windows("org.example.one");
-        return isActive("org.example.one") && std::ranges::none_of(windows, &SwayWindow::isFloating);
+        return isActive("org.example.one") &&
+               std::ranges::none_of(windows, &SwayWindow::isFloating);
     }));
 }
 

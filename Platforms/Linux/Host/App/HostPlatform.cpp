@@ -12,12 +12,14 @@
 #include "Toolkit/PluginApplication.hpp"
 #include "Toolkit/QtRunLoop.hpp"
 #ifdef VIRELINE_HAS_WAYLAND
+#include "App/SessionInstance.hpp"
 #include "App/WaylandSession.hpp"
 #include "App/WaylandWindowSystem.hpp"
 #endif
 
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 #include <utility>
 
 namespace vireline {
@@ -57,12 +59,16 @@ struct X11Parts final : HostPlatform::Parts {
 #ifdef VIRELINE_HAS_WAYLAND
 
 struct WaylandParts final : HostPlatform::Parts {
+    explicit WaylandParts(std::unique_ptr<wayland::SessionInstance> claimed)
+        : instance(std::move(claimed)) {}
+
     Platform ports() override { return desktop.ports(); }
 
+    std::unique_ptr<wayland::SessionInstance> instance;
     wayland::WaylandSession session;
     xdg::PluginApplication qt{"wayland"};
     xdg::QtRunLoop runLoop;
-    wayland::WaylandWindowSystem windowSystem{runLoop};
+    wayland::WaylandWindowSystem windowSystem{*instance, runLoop};
     xdg::DesktopPlatform desktop{qt.qt(), runLoop, windowSystem};
 };
 
@@ -81,6 +87,11 @@ std::unique_ptr<HostPlatform::Parts> start(const MakeParts& makeParts) {
     return parts;
 }
 
+StartedParts alreadyRuns() {
+    std::puts("Vireline is already running; asked it to show its settings.");
+    return std::unexpected{EXIT_SUCCESS};
+}
+
 StartedParts startOnX11() {
     auto server = x11::XServer::connect();
     if (!server) {
@@ -88,12 +99,27 @@ StartedParts startOnX11() {
         return std::unexpected{EXIT_FAILURE};
     }
     auto instance = x11::SingleInstance::claim(*std::move(server));
-    if (!instance) {
-        std::puts("Vireline is already running; asked it to show its settings.");
-        return std::unexpected{EXIT_SUCCESS};
-    }
+    if (!instance)
+        return alreadyRuns();
     return start([&] { return std::make_unique<X11Parts>(std::move(instance)); });
 }
+
+#ifdef VIRELINE_HAS_WAYLAND
+
+std::string variable(const char* name) {
+    const char* const value = std::getenv(name);
+    return value == nullptr ? std::string{} : value;
+}
+
+StartedParts startOnWayland() {
+    auto instance =
+        wayland::SessionInstance::claim(variable("XDG_RUNTIME_DIR"), variable("WAYLAND_DISPLAY"));
+    if (!instance)
+        return alreadyRuns();
+    return start([&] { return std::make_unique<WaylandParts>(std::move(instance)); });
+}
+
+#endif
 
 SessionFacts facts() {
     SessionFacts facts;
@@ -112,7 +138,7 @@ SessionFacts facts() {
 StartedParts startOn(WindowSystemChoice::Kind kind) {
 #ifdef VIRELINE_HAS_WAYLAND
     if (kind == WindowSystemChoice::Kind::wayland)
-        return start([] { return std::make_unique<WaylandParts>(); });
+        return startOnWayland();
 #endif
     (void)kind;
     return startOnX11();

@@ -5,7 +5,6 @@
 #include "Applications/Launching/StartupNotices.hpp"
 #include "Desktop/SettingsDaemon.hpp"
 #include "Platform/PointerTap.hpp"
-#include "Toolkit/SecondStarts.hpp"
 
 namespace vireline::wayland {
 
@@ -59,11 +58,6 @@ public:
     observe(std::function<void(const xdg::StartupMessage&)> /*handler*/) override {
         return {};
     }
-};
-
-class NoSecondStarts final : public xdg::SecondStarts {
-public:
-    [[nodiscard]] Subscription observe(std::function<void()> /*handler*/) override { return {}; }
 };
 
 }

@@ -26,8 +26,9 @@ std::unique_ptr<xdg::WindowList> windowList(const std::string& swaySocket) {
 
 }
 
-WaylandWindowSystem::WaylandWindowSystem(RunLoop& runLoop)
-    : runLoop_(runLoop)
+WaylandWindowSystem::WaylandWindowSystem(xdg::SecondStarts& secondStarts, RunLoop& runLoop)
+    : secondStarts_(secondStarts)
+    , runLoop_(runLoop)
     , swaySocket_(qEnvironmentVariable("SWAYSOCK").toStdString())
     , connection_(QtNative::display())
     , windows_(windowList(swaySocket_)) {}

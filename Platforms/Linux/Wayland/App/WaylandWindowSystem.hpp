@@ -18,8 +18,8 @@ namespace vireline::wayland {
 
 class WaylandWindowSystem final : public xdg::WindowSystem, private NonCopyable {
 public:
-    /// Needs the running QApplication. The run loop must outlive this object.
-    explicit WaylandWindowSystem(RunLoop& runLoop);
+    /// Needs the running QApplication. The arguments must outlive this object.
+    WaylandWindowSystem(xdg::SecondStarts& secondStarts, RunLoop& runLoop);
 
     [[nodiscard]] xdg::SecondStarts& secondStarts() override { return secondStarts_; }
     [[nodiscard]] xdg::SettingsDaemon& settings() override { return settings_; }
@@ -36,11 +36,11 @@ public:
     void bringToFront(QWindow& window) override;
 
 private:
+    xdg::SecondStarts& secondStarts_;
     RunLoop& runLoop_;
     /// Empty under other compositors.
     std::string swaySocket_;
     WaylandConnection connection_;
-    NoSecondStarts secondStarts_;
     NoSettingsDaemon settings_;
     std::unique_ptr<xdg::WindowList> windows_;
     NoStartupNotices startupNotices_;

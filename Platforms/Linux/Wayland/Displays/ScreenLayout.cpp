@@ -29,13 +29,18 @@ std::uint32_t displayID(const std::string& name) {
 }
 
 Insets withoutGaps(QSize whole, QSize free, const Insets& seen) {
-    const auto without = [](int gap, int distance) { return std::max(0, distance - gap); };
-    const int across = (seen.left + seen.right - (whole.width() - free.width())) / 2;
-    const int down = (seen.top + seen.bottom - (whole.height() - free.height())) / 2;
-    return {.left = without(across, seen.left),
-            .top = without(down, seen.top),
-            .right = without(across, seen.right),
-            .bottom = without(down, seen.bottom)};
+    Insets result;
+    const auto share = [](int reserved, int near, int far, int& nearResult, int& farResult) {
+        // The two answers may be of different moments while a display changes.
+        if (reserved <= 0 || near < 0 || far < 0)
+            return;
+        const int gap = (near + far - reserved) / 2;
+        nearResult = std::max(0, near - gap);
+        farResult = std::max(0, far - gap);
+    };
+    share(whole.width() - free.width(), seen.left, seen.right, result.left, result.right);
+    share(whole.height() - free.height(), seen.top, seen.bottom, result.top, result.bottom);
+    return result;
 }
 
 std::vector<OutputState> inOrder(std::vector<OutputState> outputs) {

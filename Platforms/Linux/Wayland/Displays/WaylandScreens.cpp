@@ -42,15 +42,15 @@ WaylandScreens::WaylandScreens(const WaylandConnection& connection, const std::s
 void WaylandScreens::watch(QScreen* screen) {
     if (!isReal(*screen))
         return;
-    const auto changed = [this] { refreshSoon(); };
-    QObject::connect(screen, &QScreen::geometryChanged, &context_, changed);
-    QObject::connect(screen, &QScreen::physicalDotsPerInchChanged, &context_, changed);
-    auto space = std::make_unique<ReservedSpace>(connection_, QtNative::output(*screen));
-    space->onChange = [this] {
+    const auto changed = [this] {
         if (workspaces_)
             workspaces_->refresh();
         refreshSoon();
     };
+    QObject::connect(screen, &QScreen::geometryChanged, &context_, changed);
+    QObject::connect(screen, &QScreen::physicalDotsPerInchChanged, &context_, changed);
+    auto space = std::make_unique<ReservedSpace>(connection_, QtNative::output(*screen));
+    space->onChange = changed;
     reserved_[screen->name().toStdString()] = std::move(space);
 }
 
