@@ -6,8 +6,8 @@
 namespace vireline::wayland {
 namespace {
 
-const OutputState left{.name = "DP-1", .geometry = {0, 0, 1920, 1080}};
-const OutputState right{.name = "DP-2", .geometry = {1920, -200, 1280, 1024}};
+const OutputState left{.name = "DP-1", .geometry = {0, 0, 1920, 1080}, .reserved = {}};
+const OutputState right{.name = "DP-2", .geometry = {1920, -200, 1280, 1024}, .reserved = {}};
 
 TEST(ScreenLayout, TakesTheDisplayAtTheOriginForThePrimaryOne) {
     const auto ordered = ScreenLayout::inOrder({right, left});
