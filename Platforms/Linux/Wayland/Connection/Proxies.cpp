@@ -4,6 +4,7 @@
 
 #include <blur-client-protocol.h>
 #include <wayland-client.h>
+#include <wlr-foreign-toplevel-management-unstable-v1-client-protocol.h>
 #include <xdg-shell-client-protocol.h>
 
 namespace vireline::wayland {
@@ -22,6 +23,10 @@ void DestroyProxy::operator()(wl_region* region) const {
 
 void DestroyProxy::operator()(wl_registry* registry) const {
     wl_registry_destroy(registry);
+}
+
+void DestroyProxy::operator()(wl_seat* seat) const {
+    wl_seat_destroy(seat);
 }
 
 void DestroyProxy::operator()(wl_shm* memory) const {
@@ -46,6 +51,16 @@ void DestroyProxy::operator()(xdg_surface* surface) const {
 
 void DestroyProxy::operator()(xdg_wm_base* base) const {
     xdg_wm_base_destroy(base);
+}
+
+void DestroyProxy::operator()(zwlr_foreign_toplevel_handle_v1* handle) const {
+    zwlr_foreign_toplevel_handle_v1_destroy(handle);
+}
+
+void DestroyProxy::operator()(zwlr_foreign_toplevel_manager_v1* manager) const {
+    // It has no destructor: the compositor lets go of it when it is stopped.
+    zwlr_foreign_toplevel_manager_v1_stop(manager);
+    zwlr_foreign_toplevel_manager_v1_destroy(manager);
 }
 
 void DestroyProxy::operator()(zwlr_layer_shell_v1* shell) const {
