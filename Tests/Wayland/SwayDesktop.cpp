@@ -118,8 +118,9 @@ void SwayDesktop::closeAll() {
 
 SwayTree SwayDesktop::tree() const {
     const auto connection = SwayConnection::open(socket_);
-    const auto reply = connection ? connection->request(SwayMessageType::getTree, {}, requestSeconds)
-                                  : Result<std::string>{};
+    const auto reply = connection
+                           ? connection->request(SwayMessageType::getTree, {}, requestSeconds)
+                           : Result<std::string>{};
     return SwayTree::parse(reply.value_or("")).value_or(SwayTree{});
 }
 

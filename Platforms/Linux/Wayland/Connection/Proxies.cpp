@@ -5,6 +5,7 @@
 #include <blur-client-protocol.h>
 #include <wayland-client.h>
 #include <wlr-foreign-toplevel-management-unstable-v1-client-protocol.h>
+#include <xdg-activation-v1-client-protocol.h>
 #include <xdg-shell-client-protocol.h>
 
 namespace vireline::wayland {
@@ -35,6 +36,14 @@ void DestroyProxy::operator()(wl_shm* memory) const {
 
 void DestroyProxy::operator()(wl_surface* surface) const {
     wl_surface_destroy(surface);
+}
+
+void DestroyProxy::operator()(xdg_activation_token_v1* token) const {
+    xdg_activation_token_v1_destroy(token);
+}
+
+void DestroyProxy::operator()(xdg_activation_v1* activation) const {
+    xdg_activation_v1_destroy(activation);
 }
 
 void DestroyProxy::operator()(xdg_popup* popup) const {

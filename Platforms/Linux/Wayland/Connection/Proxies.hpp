@@ -11,6 +11,8 @@ struct wl_registry;
 struct wl_seat;
 struct wl_shm;
 struct wl_surface;
+struct xdg_activation_token_v1;
+struct xdg_activation_v1;
 struct xdg_popup;
 struct xdg_positioner;
 struct xdg_surface;
@@ -33,6 +35,8 @@ struct DestroyProxy {
     void operator()(wl_seat* seat) const;
     void operator()(wl_shm* memory) const;
     void operator()(wl_surface* surface) const;
+    void operator()(xdg_activation_token_v1* token) const;
+    void operator()(xdg_activation_v1* activation) const;
     void operator()(xdg_popup* popup) const;
     void operator()(xdg_positioner* positioner) const;
     void operator()(xdg_surface* surface) const;
