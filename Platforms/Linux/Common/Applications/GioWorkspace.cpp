@@ -96,11 +96,17 @@ void GioWorkspace::launch(const std::string& bundleID, const DesktopEntry& entry
     const bool handsOn = wantsStartupID(entry);
     const bool tellsOthers = handsOn && entry.startupNotify.value_or(false);
     running_.launchBegan(startupID, entry, bundleID, tellsOthers);
-    launcher_.launch(entry, handsOn ? startupID : std::string{},
-                     lifetime_.guard([this, bundleID, startupID](const PlatformError& error) {
-                         if (running_.launchFailed(startupID))
-                             DevLog::write("launch failed " + bundleID + ": " + described(error));
-                     }));
+    const auto start = [this, entry, bundleID, startupID](const LaunchPass& pass) {
+        launcher_.launch(
+            entry, pass, lifetime_.guard([this, bundleID, startupID](const PlatformError& error) {
+                if (running_.launchFailed(startupID))
+                    DevLog::write("launch failed " + bundleID + ": " + described(error));
+            }));
+    };
+    if (handsOn)
+        notices_.makePass(startupID, lifetime_.guard(start));
+    else
+        start({});
 }
 
 void GioWorkspace::openFolders(const std::vector<FileURL>& files) {

@@ -102,12 +102,11 @@ void watch(GPid child, FailureHandler onFailure) {
 
 }
 
-void Launcher::launch(const DesktopEntry& entry, const std::string& startupID,
-                      FailureHandler onFailure) {
+void Launcher::launch(const DesktopEntry& entry, const LaunchPass& pass, FailureHandler onFailure) {
     const FailureHandler guarded = lifetime_.guard(std::move(onFailure));
     const PlatformError notActivated{.code = EIO, .description = "activation failed"};
     const SharedContext context{
-        LaunchContext::make(startupID, [guarded, notActivated] { guarded(notActivated); })};
+        LaunchContext::make(pass, [guarded, notActivated] { guarded(notActivated); })};
     runInWorker<Result<Children>>(
         [path = entry.path, context] { return start(path, context.get()); },
         [guarded](const Result<Children>& outcome) {
