@@ -12,9 +12,9 @@
 #include "Toolkit/PluginApplication.hpp"
 #include "Toolkit/QtRunLoop.hpp"
 #ifdef VIRELINE_HAS_WAYLAND
-#include "App/SessionInstance.hpp"
 #include "App/WaylandSession.hpp"
 #include "App/WaylandWindowSystem.hpp"
+#include "Session/SessionInstance.hpp"
 #endif
 
 #include <cstdio>

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "Applications/ClientWindows/WindowList.hpp"
-#include "Applications/Launching/StartupNotices.hpp"
 #include "Desktop/SettingsDaemon.hpp"
 #include "Platform/PointerTap.hpp"
 
@@ -49,15 +48,7 @@ public:
 private:
     std::vector<xdg::ClientWindow> windows_;
 };
-
-class NoStartupNotices final : public xdg::StartupNotices {
-public:
-    [[nodiscard]] std::string nextStartupID() override { return {}; }
-    void broadcast(xdg::StartupMessage /*message*/) override {}
-    [[nodiscard]] Subscription
-    observe(std::function<void(const xdg::StartupMessage&)> /*handler*/) override {
-        return {};
-    }
-};
-
+}
+}
+;
 }

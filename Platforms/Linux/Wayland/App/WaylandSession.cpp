@@ -14,7 +14,7 @@ CompositorOffer CompositorOffer::of(wl_display* display) {
     const WaylandConnection connection{display};
     const auto has = [&](const char* interface) { return connection.offered(interface) > 0; };
     return {.hasLayerShell = has("zwlr_layer_shell_v1") && has("xdg_wm_base"),
-            .listsWindows = qEnvironmentVariableIsSet("SWAYSOCK")};
+            .listsWindows = has("zwlr_foreign_toplevel_manager_v1")};
 }
 
 WaylandSession::WaylandSession() {

@@ -1,5 +1,6 @@
 #include "App/WaylandWindowSystem.hpp"
 
+#include "ClientWindows/WlrWindowList.hpp"
 #include "Compositors/CompositorAccessibility.hpp"
 #include "Compositors/SwayPlacer.hpp"
 #include "Compositors/SwayWindowList.hpp"
@@ -18,8 +19,13 @@ namespace vireline::wayland {
 
 namespace {
 
-std::unique_ptr<xdg::WindowList> windowList(const std::string& swaySocket) {
+constexpr const char* ownAppID = "vireline";
+
+std::unique_ptr<xdg::WindowList> windowList(const WaylandConnection& connection,
+                                            const std::string& swaySocket) {
     if (auto windows = SwayWindowList::open(swaySocket, getpid()))
+        return windows;
+    if (auto windows = WlrWindowList::create(connection, ownAppID, QtNative::seat))
         return windows;
     return std::make_unique<NoWindows>();
 }
@@ -31,7 +37,9 @@ WaylandWindowSystem::WaylandWindowSystem(xdg::SecondStarts& secondStarts, RunLoo
     , runLoop_(runLoop)
     , swaySocket_(qEnvironmentVariable("SWAYSOCK").toStdString())
     , connection_(QtNative::display())
-    , windows_(windowList(swaySocket_)) {}
+    , windows_(windowList(connection_, swaySocket_))
+    , activationTokens_(connection_, runLoop,
+                        [] { return InputProof{QtNative::seat(), QtNative::inputSerial()}; }) {}
 
 std::unique_ptr<PanelWindows> WaylandWindowSystem::makePanelWindows(xdg::Appearance& appearance) {
     return std::make_unique<LayerPanelWindows>(connection_, screens_, appearance);

@@ -5,6 +5,7 @@
 #include "Connection/WaylandConnection.hpp"
 #include "Displays/WaylandScreens.hpp"
 #include "Foundation/NonCopyable.hpp"
+#include "Session/ActivationTokens.hpp"
 #include "WindowSystem/WindowSystem.hpp"
 
 #include <memory>
@@ -24,7 +25,7 @@ public:
     [[nodiscard]] xdg::SecondStarts& secondStarts() override { return secondStarts_; }
     [[nodiscard]] xdg::SettingsDaemon& settings() override { return settings_; }
     [[nodiscard]] xdg::WindowList& windows() override { return *windows_; }
-    [[nodiscard]] xdg::StartupNotices& startupNotices() override { return startupNotices_; }
+    [[nodiscard]] xdg::StartupNotices& startupNotices() override { return activationTokens_; }
     [[nodiscard]] Screens& screens() override { return screens_; }
     [[nodiscard]] PointerTaps& pointerTaps() override { return pointerTaps_; }
     [[nodiscard]] std::unique_ptr<PanelWindows>
@@ -43,7 +44,7 @@ private:
     WaylandConnection connection_;
     NoSettingsDaemon settings_;
     std::unique_ptr<xdg::WindowList> windows_;
-    NoStartupNotices startupNotices_;
+    ActivationTokens activationTokens_;
     WaylandScreens screens_{connection_, swaySocket_};
     NoPointerTaps pointerTaps_;
 };

@@ -68,9 +68,14 @@ private:
     void updateSoon();
     void update();
     void relayout();
+    bool moveToPlace();
 
-    /// The frame including its overhang, in global coordinates.
-    [[nodiscard]] Rect extent() const { return overhang_.around(frame_); }
+    /// Converts from global coordinates to those relative to the display.
+    [[nodiscard]] QRectF onDisplay(const Rect& global) const;
+    /// The frame including its overhang, relative to the display.
+    [[nodiscard]] QRectF extent() const;
+    /// The surface in Qt's screen coordinates.
+    [[nodiscard]] QRect placeInQt() const;
     /// Converts a position on the surface, as Qt reports it, to the view's coordinates.
     [[nodiscard]] Point viewPosition(QPointF position) const;
     [[nodiscard]] PointerTracker::PointerState pointerState() const;
@@ -81,14 +86,16 @@ private:
     std::uint32_t displayID_;
     PanelWindowListener& listener_;
     PointerTracker tracker_;
-    Rect frame_;
+    /// The planned frame, relative to its display's top-left corner, y downwards. A display that
+    /// moves takes its dock along, without waiting for a new plan.
+    QRectF frame_;
     Rect hostedFrame_;
     /// The overhang of the current frame, and that of future frames.
     Overhang overhang_;
     Overhang nextOverhang_;
     /// While it shrinks with an animation, the surface keeps its previous extent.
-    std::optional<Rect> extentBefore_;
-    /// The surface in Qt's screen coordinates.
+    std::optional<QRectF> extentBefore_;
+    /// The surface, relative to the display.
     QRect place_;
     xdg::ViewMapping mapping_;
     Scene scene_;
@@ -97,6 +104,7 @@ private:
     bool updateIsDue_ = false;
     bool isFrameAsked_ = false;
     bool isInFrame_ = false;
+    bool isPlacing_ = false;
     /// The last place of the pointer on the surface, whether it is there, and whether the primary
     /// button is held.
     QPointF pointer_;
