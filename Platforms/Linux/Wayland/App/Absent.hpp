@@ -48,7 +48,5 @@ public:
 private:
     std::vector<xdg::ClientWindow> windows_;
 };
-}
-}
-;
+
 }

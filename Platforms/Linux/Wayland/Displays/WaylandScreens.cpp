@@ -122,6 +122,13 @@ QRect WaylandScreens::primary() const {
     return outputs_.empty() ? QRect{} : outputs_.front().geometry;
 }
 
+QPoint WaylandScreens::cornerOf(std::uint32_t displayID) const {
+    const auto found = std::ranges::find_if(outputs_, [&](const OutputState& output) {
+        return ScreenLayout::displayID(output.name) == displayID;
+    });
+    return found == outputs_.end() ? QPoint{} : found->geometry.topLeft();
+}
+
 QRectF WaylandScreens::toQt(const Rect& global) const {
     return ScreenLayout::toLayout(global, primary());
 }

@@ -38,6 +38,9 @@ public:
     /// The primary display in Qt's coordinates; empty without displays.
     [[nodiscard]] QRect primary() const;
 
+    /// The display's top-left corner in Qt's coordinates, as of the latest `screens`.
+    [[nodiscard]] QPoint cornerOf(std::uint32_t displayID) const;
+
     /// Converts from global coordinates to Qt's.
     [[nodiscard]] QRectF toQt(const Rect& global) const;
 

@@ -45,7 +45,7 @@ LayerPanelWindow::LayerPanelWindow(LayerShellContext& context, std::uint32_t dis
     , displayID_(displayID)
     , listener_(listener)
     , tracker_(listener)
-    , frame_(frame)
+    , frame_(onDisplay(frame))
     , hostedFrame_{0, 0, frame.width, frame.height}
     , accessible_(std::make_unique<xdg::AccessibleDock>(
           xdg::DockAccess{*this, listener, "Vireline dock on " + context.screens.nameOf(displayID),
@@ -72,10 +72,10 @@ LayerPanelWindow::~LayerPanelWindow() {
 
 /// The kit animates the content; the surface only has to be large enough for both frames.
 void LayerPanelWindow::setFrame(const Rect& frame, bool animate) {
-    const Rect before = extentBefore_.value_or(extent());
-    frame_ = frame;
+    const QRectF before = extentBefore_.value_or(extent());
+    frame_ = onDisplay(frame);
     overhang_ = nextOverhang_;
-    const bool shrinks = before.united(extent()) == before;
+    const bool shrinks = before.contains(extent());
     extentBefore_ = animate && shrinks ? std::optional{before} : std::nullopt;
     tracker_.setViewArea(overhang_.around(hostedFrame_.size()));
     updateSoon();
@@ -112,15 +112,17 @@ void LayerPanelWindow::makeSurface() {
     QScreen* const screen = context_.screens.qtScreen(displayID_);
     if (screen == nullptr || role_)
         return;
+    // Qt may have made a surface of its own while the window's screen was gone.
+    destroy();
     setScreen(screen);
     relayout();
-    setGeometry(place_);
+    setGeometry(placeInQt());
     create();
     wl_surface* const surface = QtNative::surface(*this);
     role_ = std::make_unique<LayerRole>(
         *context_.shell, *surface, QtNative::output(*screen),
         LayerRole::Events{[this] { configured(); }, [this] { closedByCompositor(); }});
-    role_->setPlace(place_.translated(-screen->geometry().topLeft()));
+    role_->setPlace(place_);
     wl_surface_commit(surface);
     context_.connection.flush();
 }
@@ -183,7 +185,7 @@ bool LayerPanelWindow::event(QEvent* event) {
         break;
     case QEvent::Expose:
         // Qt sends this when the surface's scale has changed, too.
-        if (picture_ && isExposed()) {
+        if (picture_ && isExposed() && !isPlacing_) {
             updateIsDue_ = true;
             update();
             picture_->repaint();
@@ -336,33 +338,51 @@ void LayerPanelWindow::update() {
     bool hasMoved = false;
     if (isDue) {
         relayout();
-        if (geometry() != place_)
-            setGeometry(place_);
-        const QScreen* const screen = context_.screens.qtScreen(displayID_);
-        const QPoint corner = screen == nullptr ? QPoint{} : screen->geometry().topLeft();
-        const QRect onDisplay = place_.translated(-corner);
-        hasMoved = screen != nullptr && onDisplay != role_->place();
-        if (hasMoved)
-            role_->setPlace(onDisplay);
+        hasMoved = moveToPlace();
     }
     picture_->update(hasMoved, isFrameAsked_);
 }
 
+/// Returns whether the surface has to be committed for that.
+bool LayerPanelWindow::moveToPlace() {
+    const bool hasMoved = place_ != role_->place();
+    if (hasMoved)
+        role_->setPlace(place_);
+    // Qt reports an exposure from within, but there is nothing to show yet.
+    isPlacing_ = true;
+    if (geometry() != placeInQt())
+        setGeometry(placeInQt());
+    isPlacing_ = false;
+    return hasMoved;
+}
+
 void LayerPanelWindow::relayout() {
-    const QRectF planned = context_.screens.toQt(frame_);
-    place_ = whole(context_.screens.toQt(extentBefore_.value_or(extent())));
+    place_ = whole(extentBefore_.value_or(extent()));
     const double scale = handle() != nullptr ? devicePixelRatio() : 1;
-    const QRectF view{planned.x() + hostedFrame_.x,
-                      planned.y() + planned.height() - hostedFrame_.y - hostedFrame_.height,
+    const QRectF view{frame_.x() + hostedFrame_.x,
+                      frame_.y() + frame_.height() - hostedFrame_.y - hostedFrame_.height,
                       hostedFrame_.width, hostedFrame_.height};
     const QPointF corner = place_.topLeft();
     mapping_ = {((view.topLeft() - corner) * scale).toPoint(), scale};
     if (picture_) {
         picture_->setLayout({.window = pixelsOf({{0, 0}, place_.size()}, scale).size(),
-                             .active = pixelsOf(planned.translated(-corner), scale),
+                             .active = pixelsOf(frame_.translated(-corner), scale),
                              .mapping = mapping_,
                              .view = hostedFrame_.size()});
     }
+}
+
+QRectF LayerPanelWindow::onDisplay(const Rect& global) const {
+    return context_.screens.toQt(global).translated(-context_.screens.cornerOf(displayID_));
+}
+
+QRectF LayerPanelWindow::extent() const {
+    return frame_.adjusted(-overhang_.left, -overhang_.top, overhang_.right, overhang_.bottom);
+}
+
+QRect LayerPanelWindow::placeInQt() const {
+    const QScreen* const shownOn = context_.screens.qtScreen(displayID_);
+    return shownOn == nullptr ? place_ : place_.translated(shownOn->geometry().topLeft());
 }
 
 Point LayerPanelWindow::viewPosition(QPointF position) const {
@@ -371,8 +391,8 @@ Point LayerPanelWindow::viewPosition(QPointF position) const {
 
 QRect LayerPanelWindow::placeOnScreen(const Rect& view) const {
     const QRectF pixels = mapping_.pixels(view);
-    return whole(
-        {place_.topLeft() + pixels.topLeft() / mapping_.scale, pixels.size() / mapping_.scale});
+    return whole({placeInQt().topLeft() + pixels.topLeft() / mapping_.scale,
+                  pixels.size() / mapping_.scale});
 }
 
 QAccessibleInterface* LayerPanelWindow::accessibleRoot() const {
@@ -417,7 +437,7 @@ void LayerPanelWindow::popUpMenu(const Menu& menu, const MenuPlace& place,
 void LayerPanelWindow::openMenu(QMenu& menu, const MenuPlace& place) {
     QScreen* const screen = context_.screens.qtScreen(displayID_);
     const QSize size = menu.sizeHint();
-    const QPointF at = place_.topLeft() + mapping_.toPixels(place.at) / mapping_.scale;
+    const QPointF at = placeInQt().topLeft() + mapping_.toPixels(place.at) / mapping_.scale;
     const Point corner = MenuPlace{{at.x(), at.y()}, place.side}.corner(
         {static_cast<double>(size.width()), static_cast<double>(size.height())});
     openMenu_ = &menu;
@@ -425,7 +445,7 @@ void LayerPanelWindow::openMenu(QMenu& menu, const MenuPlace& place) {
     popup_ =
         std::make_unique<MenuPopup>(context_, *role_, menu,
                                     MenuPopup::Place{*screen,
-                                                     place_,
+                                                     placeInQt(),
                                                      {static_cast<int>(std::lround(corner.x)),
                                                       static_cast<int>(std::lround(corner.y))}},
                                     [this] {
