@@ -346,14 +346,24 @@ void LayerPanelWindow::update() {
 /// Returns whether the surface has to be committed for that.
 bool LayerPanelWindow::moveToPlace() {
     const bool hasMoved = place_ != role_->place();
-    if (hasMoved)
+    if (hasMoved) {
+        redrawBelow();
         role_->setPlace(place_);
+    }
     // Qt reports an exposure from within, but there is nothing to show yet.
     isPlacing_ = true;
     if (geometry() != placeInQt())
         setGeometry(placeInQt());
     isPlacing_ = false;
     return hasMoved;
+}
+
+/// Has the compositor draw everything at the surface's present place again. sway 1.7 forgets the
+/// old place of a surface that moves or shrinks, except on the output at the layout's origin.
+void LayerPanelWindow::redrawBelow() {
+    wl_surface* const surface = QtNative::surface(*this);
+    wl_surface_damage(surface, 0, 0, role_->place().width(), role_->place().height());
+    wl_surface_commit(surface);
 }
 
 void LayerPanelWindow::relayout() {

@@ -68,6 +68,7 @@ private:
     void updateSoon();
     void update();
     void relayout();
+    void redrawBelow();
     bool moveToPlace();
 
     /// Converts from global coordinates to those relative to the display.
