@@ -57,6 +57,16 @@ SwayWindowList::SwayWindowList(std::unique_ptr<SwayConnection> connection, pid_t
     readTree();
 }
 
+std::vector<std::string> SwayWindowList::titles(std::span<const xdg::WindowID> windows) const {
+    std::vector<std::string> titles;
+    titles.reserve(windows.size());
+    for (const xdg::WindowID id : windows) {
+        const SwayWindow* const window = tree_.window(swayID(id));
+        titles.push_back(window == nullptr ? std::string{} : window->title);
+    }
+    return titles;
+}
+
 /// How the window is now is read once more before it goes, because sway does not announce every
 /// change, and some only late.
 void SwayWindowList::iconify(xdg::WindowID window) {

@@ -14,6 +14,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -37,6 +38,8 @@ public:
     [[nodiscard]] Subscription observe(std::function<void()> handler) override {
         return changes_.add(std::move(handler));
     }
+    [[nodiscard]] std::vector<std::string>
+    titles(std::span<const xdg::WindowID> windows) const override;
     /// Not known to sway.
     [[nodiscard]] std::vector<xdg::WindowIcon> icons(xdg::WindowID /*window*/) const override {
         return {};
