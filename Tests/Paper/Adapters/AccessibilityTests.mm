@@ -57,6 +57,17 @@ TEST_F(Elements, SayWhyTheyDoNotAnswer) {
     EXPECT_FALSE(port.windows(*none));
 }
 
+TEST_F(Elements, AreNotAskedWhereTheSystemMakesNone) {
+    paper::makeNoElements(true);
+    const auto none = port.application(501, "com.example.Notes");
+    paper::makeNoElements(false);
+    port.setMessagingTimeout(*none, 0.25F);
+    EXPECT_EQ(port.mainWindow(*none).error().code, kAXErrorIllegalArgument);
+    EXPECT_EQ(port.windows(*none).error().code, kAXErrorIllegalArgument);
+    EXPECT_EQ(port.setPosition(*none, {}).error().code, kAXErrorIllegalArgument);
+    EXPECT_EQ(paper::foreignApps()[501].questions, 0);
+}
+
 TEST_F(Elements, WaitNoLongerThanTold) {
     paper::foreignApps()[501].isHung = true;
     port.setMessagingTimeout(*app, 0.25F);
