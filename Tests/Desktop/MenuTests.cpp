@@ -1,6 +1,10 @@
 /// The menus of the tiles.
 #include "DesktopTest.hpp"
 
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+
 namespace vireline::desktop {
 namespace {
 
@@ -46,6 +50,19 @@ protected:
         ASSERT_TRUE(docksSettle(tiles(static_cast<int>(apps.size()))));
     }
 
+    /// The windows that Alpha has, in the order in which they opened.
+    [[nodiscard]] std::vector<xcb_window_t> launchWindows(int count) {
+        desktop().launch(alpha, {"--windows", std::to_string(count)});
+        EXPECT_TRUE(eventually(
+            [&] { return desktop().windowsOf(alpha).size() == static_cast<std::size_t>(count); }));
+        EXPECT_TRUE(dotShows(layout("right", tiles(1)).dot(0), true));
+        return desktop().windowsOf(alpha);
+    }
+
+    /// The entries of a running app's menu above "Show".
+    static constexpr int window = 1;
+    static constexpr int separator = 1;
+
     const App alpha = someApps(1)[0];
 };
 
@@ -83,11 +100,11 @@ TEST_F(TileMenu, OpensTheEntrysFolderWhereThereIsNoSuchService) {
         << readFile(opened());
 }
 
-TEST_F(TileMenu, BeginsWithShowForAnAppThatRuns) {
+TEST_F(TileMenu, OffersToShowAnAppThatRuns) {
     runWithAlpha();
     launchAlpha();
     ASSERT_TRUE(eventually([&] { return desktop().isActive(alpha); }));
-    chooseOf(0, 3);
+    chooseOf(window + separator, window + separator + 3);
     // The same decision as for a click: the frontmost app is hidden.
     EXPECT_TRUE(logs("click hide " + alpha.id));
 }
@@ -95,7 +112,7 @@ TEST_F(TileMenu, BeginsWithShowForAnAppThatRuns) {
 TEST_F(TileMenu, QuitsAnApp) {
     runWithAlpha();
     launchAlpha();
-    chooseOf(2, 3);
+    chooseOf(window + separator + 2, window + separator + 3);
     EXPECT_TRUE(logs("menu quit " + alpha.id));
     EXPECT_TRUE(eventually([&] { return desktop().windowsOf(alpha).empty(); }));
     EXPECT_TRUE(dotShows(layout("right", tiles(1)).dot(0), false));
@@ -106,8 +123,70 @@ TEST_F(TileMenu, QuitsAllWindowsOfAnApp) {
     desktop().launch(alpha, {"--windows", "3"});
     ASSERT_TRUE(eventually([&] { return desktop().windowsOf(alpha).size() == 3; }));
     ASSERT_TRUE(dotShows(layout("right", tiles(1)).dot(0), true));
-    chooseOf(2, 3);
+    chooseOf(3 * window + separator + 2, 3 * window + separator + 3);
     EXPECT_TRUE(eventually([&] { return desktop().windowsOf(alpha).empty(); }));
+}
+
+TEST_F(TileMenu, BringsTheChosenWindowForward) {
+    runWithAlpha();
+    const auto windows = launchWindows(2);
+    const auto active = [&] { return desktop().client().activeWindow(); };
+    ASSERT_TRUE(eventually([&] { return std::ranges::count(windows, active()) > 0; }));
+    const auto first = active();
+    // The second entry is the window that is not active.
+    chooseOf(1, 2 * window + separator + 3);
+    EXPECT_TRUE(logs("menu window " + alpha.id));
+    EXPECT_TRUE(
+        eventually([&] { return std::ranges::count(windows, active()) > 0 && active() != first; }));
+}
+
+TEST_F(TileMenu, RestoresAWindowThatWasHidden) {
+    runWithAlpha();
+    const auto windows = launchWindows(1);
+    ASSERT_TRUE(eventually([&] { return desktop().isActive(alpha); }));
+    desktop().pointer().click(alphaTile());
+    ASSERT_TRUE(logs("click hide " + alpha.id));
+    ASSERT_TRUE(eventually([&] { return desktop().visibleWindowsOf(alpha).empty(); }));
+    chooseOf(0, window + separator + 3);
+    EXPECT_TRUE(eventually([&] { return desktop().isActive(alpha); }));
+    EXPECT_EQ(desktop().visibleWindowsOf(alpha).size(), 1U);
+}
+
+TEST_F(TileMenu, OpensAtOnceForAnAppThatHangs) {
+    runWithAlpha();
+    auto& app = desktop().launch(alpha, {"--title", "A title"});
+    ASSERT_TRUE(dotShows(layout("right", tiles(1)).dot(0), true));
+    app.signal(SIGSTOP);
+    const auto before = std::chrono::steady_clock::now();
+    const auto menu = openMenu(alphaTile());
+    const auto took = std::chrono::steady_clock::now() - before;
+    app.signal(SIGCONT);
+    ASSERT_NE(menu, xcb_window_t{XCB_NONE});
+    EXPECT_LT(took, std::chrono::milliseconds{400});
+    const auto frame = desktop().client().frame(menu).value_or(PixelRect{});
+    EXPECT_GT(frame.height, 4 * 20) << "the window is listed all the same";
+}
+
+TEST_F(TileMenu, ListsMoreThanTenWindowsInASubmenu) {
+    runWithAlpha();
+    const auto windows = launchWindows(12);
+    const auto active = [&] { return desktop().client().activeWindow(); };
+    const auto first = active();
+    const auto menu = openMenu(alphaTile());
+    ASSERT_NE(menu, xcb_window_t{XCB_NONE});
+    constexpr int listed = 10;
+    constexpr int more = 1;
+    choose(menu, listed, listed + more + 3);
+    ASSERT_TRUE(eventually([&] { return desktop().docks().menus().size() == 2; }));
+    const auto menus = desktop().docks().menus();
+    const auto submenu = menus[0] == menu ? menus[1] : menus[0];
+    const auto frame = desktop().client().frame(submenu).value_or(PixelRect{});
+    EXPECT_TRUE(desktop().monitor("right").frame.contains(frame)) << frame;
+    choose(submenu, 1, 2);
+    EXPECT_TRUE(logs("menu window " + alpha.id));
+    EXPECT_TRUE(eventually([&] { return desktop().docks().menus().empty(); }));
+    EXPECT_TRUE(
+        eventually([&] { return std::ranges::count(windows, active()) > 0 && active() != first; }));
 }
 
 TEST_F(TileMenu, OnlyAsksAnAppToQuit) {
@@ -115,7 +194,7 @@ TEST_F(TileMenu, OnlyAsksAnAppToQuit) {
     const auto record = (desktop().home().scratch() / "alpha").string();
     auto& app = desktop().launch(alpha, {"--ignore-close", "--record", record});
     ASSERT_TRUE(dotShows(layout("right", tiles(1)).dot(0), true));
-    chooseOf(2, 3);
+    chooseOf(window + separator + 2, window + separator + 3);
     EXPECT_TRUE(eventually([&] { return readFile(record).contains("asked to close"); }));
     EXPECT_TRUE(app.isRunning());
     EXPECT_TRUE(dotShows(layout("right", tiles(1)).dot(0), true));

@@ -215,5 +215,23 @@ TEST_F(TileDrag, IsOffWhenItsTileLeavesTheList) {
     EXPECT_EQ(desktop().log().count("manual"), 0);
 }
 
+TEST_F(TileDrag, IsUndoneFromTheMenuBesideTheTiles) {
+    run();
+    drag(0, 2);
+    letGo();
+    expectTiles({beta, gamma, alpha});
+
+    const PixelRect strip = layout(display, request).strip();
+    const auto menu = openMenu({strip.x + 3, strip.y + strip.height / 2});
+    ASSERT_NE(menu, xcb_window_t{XCB_NONE});
+    choose(menu, 0, 3);
+
+    EXPECT_TRUE(logs("manual undo " + alpha.id));
+    expectTiles({alpha, beta, gamma});
+    EXPECT_TRUE(eventually([&] {
+        return readFile(desktop().home().preferences()).contains(R"("sourceMode": "mirror")");
+    })) << readFile(desktop().home().preferences());
+}
+
 }
 }

@@ -26,6 +26,7 @@ void Model::start() {
 
 void Model::quit() {
     runs_ = false;
+    edits.clear();
     items.clear();
     pinned_.clear();
     lastMirror_.clear();

@@ -40,6 +40,7 @@ public:
     void write(const Settings& changed);
     void addApp(const FileURL& url);
     void removeApp(const std::string& bundleID);
+    void undo();
 
     /// Notifications from the environment.
     void tapDisabled();
@@ -85,7 +86,18 @@ public:
     [[nodiscard]] TileCounts counts() const;
     [[nodiscard]] double magnification() const;
 
+    /// An edit of the pinned list in a dock.
+    struct Edit {
+        std::string title;
+        std::string bundleID;
+        /// Compared and restored only as far as they concern the pinned list.
+        Settings before;
+        Settings after;
+    };
+
     Settings settings;
+    /// What can be undone, oldest first.
+    std::vector<Edit> edits;
     std::vector<DockItem> items;
     std::set<std::string> launching;
     std::map<std::uint32_t, ModelDock> docks;
@@ -128,6 +140,8 @@ private:
     void seed();
     void adopt();
     void moveApp(const std::string& bundleID, int place);
+    void edited(const std::string& title, const StoredApp& app, const Settings& before);
+    void dropEditsUnlessCurrent();
     void showTiles() { showTiles(around_.platform.running.apps); }
     void showTiles(const std::vector<RunningApplication>& apps);
 
@@ -147,6 +161,7 @@ private:
 
     const Surroundings& around_;
     bool runs_ = false;
+    bool isEditing_ = false;
     Time now_ = 0;
     std::vector<AppRef> pinned_;
     std::vector<AppRef> lastMirror_;

@@ -63,8 +63,11 @@ void Model::settled(const std::optional<std::string>& bundleID) {
 }
 
 void Model::emit() {
-    if (isManual()) {
+    if (isManual())
         seed();
+    if (!isEditing_)
+        dropEditsUnlessCurrent();
+    if (isManual()) {
         pinned_ = shownManualApps();
     } else if (lastMirror_.empty()) {
         line("mirror empty, using fallback list");
@@ -119,33 +122,51 @@ void Model::adopt() {
 }
 
 void Model::addApp(const FileURL& url) {
+    const Settings before = settings;
     const auto app = std::ranges::find(around_.apps, url, &AppRef::url);
     const bool isApp = app != around_.apps.end() && around_.isInCatalog(*app);
+    isEditing_ = true;
     adopt();
-    if (!isManual() || !isApp)
-        return;
-    if (std::ranges::count(settings.manualApps, app->bundleID, &StoredApp::bundleID) > 0)
-        return;
-    Settings added = settings;
-    added.manualApps.push_back({app->bundleID, app->name, url.path()});
-    write(added);
-    line("manual add " + app->bundleID);
+    const bool isNew =
+        isManual() && isApp &&
+        std::ranges::count(settings.manualApps, app->bundleID, &StoredApp::bundleID) == 0;
+    if (isNew) {
+        Settings added = settings;
+        added.manualApps.push_back({app->bundleID, app->name, url.path()});
+        write(added);
+        line("manual add " + app->bundleID);
+    }
+    isEditing_ = false;
+    if (isNew)
+        edited("Undo Adding ", {app->bundleID, app->name, {}}, before);
+    else
+        dropEditsUnlessCurrent();
 }
 
 void Model::removeApp(const std::string& bundleID) {
     if (!isManual())
         return;
+    const Settings before = settings;
     Settings removed = settings;
     std::erase_if(removed.manualApps,
                   [&](const StoredApp& app) { return app.bundleID == bundleID; });
+    isEditing_ = true;
     write(removed);
+    isEditing_ = false;
     line("manual remove " + bundleID);
+    const auto gone = std::ranges::find(before.manualApps, bundleID, &StoredApp::bundleID);
+    if (gone != before.manualApps.end())
+        edited("Undo Removing ", *gone, before);
 }
 
 /// `place` counts visible tiles; the list may also contain apps that are not installed any more.
 /// The app's first entry, visible or not, moves to the place of the tile shown there.
 void Model::moveApp(const std::string& bundleID, int place) {
+    const Settings before = settings;
+    isEditing_ = true;
     adopt();
+    isEditing_ = false;
+    dropEditsUnlessCurrent();
     if (!isManual())
         return;
     const auto& list = settings.manualApps;
@@ -163,13 +184,44 @@ void Model::moveApp(const std::string& bundleID, int place) {
     if (target == from)
         return;
     const StoredApp& moved = *entry;
+    const std::string name = entry->name;
     Settings without = settings;
     without.manualApps.erase(without.manualApps.begin() + static_cast<std::ptrdiff_t>(from));
     Settings with = without;
     with.manualApps.insert(with.manualApps.begin() + static_cast<std::ptrdiff_t>(target), moved);
+    isEditing_ = true;
     write(without);
     write(with);
+    isEditing_ = false;
     line("manual move " + bundleID + " to " + std::to_string(target));
+    edited("Undo Move of ", {bundleID, name, {}}, before);
+}
+
+void Model::edited(const std::string& title, const StoredApp& app, const Settings& before) {
+    constexpr std::size_t kept = 10;
+    if (settings.sourceMode == before.sourceMode && settings.manualApps == before.manualApps)
+        return dropEditsUnlessCurrent();
+    edits.push_back({title + app.name, app.bundleID, before, settings});
+    if (edits.size() > kept)
+        edits.erase(edits.begin());
+}
+
+void Model::dropEditsUnlessCurrent() {
+    if (!edits.empty() && (edits.back().after.sourceMode != settings.sourceMode ||
+                           edits.back().after.manualApps != settings.manualApps))
+        edits.clear();
+}
+
+void Model::undo() {
+    if (edits.empty())
+        return;
+    const Edit last = edits.back();
+    edits.pop_back();
+    Settings restored = settings;
+    restored.sourceMode = last.before.sourceMode;
+    restored.manualApps = last.before.manualApps;
+    write(restored);
+    line("manual undo " + last.bundleID);
 }
 
 /// The pinned apps, followed by running apps that are not pinned.

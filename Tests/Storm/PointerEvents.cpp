@@ -127,7 +127,10 @@ void useMenu(World& world, Random& random) {
     const auto entries = static_cast<int>(window->menu.entries.size());
     const int choice = random.integer(-1, entries - 1);
     world.note(' ', window->id.display, " entry ", choice);
-    window->closeMenu(choice < 0 ? std::nullopt : std::optional{static_cast<std::size_t>(choice)});
+    const bool isCommand =
+        choice >= 0 &&
+        std::holds_alternative<MenuCommand>(window->menu.entries[static_cast<std::size_t>(choice)]);
+    window->closeMenu(isCommand ? std::optional{static_cast<std::size_t>(choice)} : std::nullopt);
 }
 
 void dismissMenu(World& world, Random& random) {

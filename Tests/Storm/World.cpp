@@ -41,6 +41,12 @@ bool hasReconciledSince(std::size_t lines) {
 }
 
 /// A small change of the number yields an entirely different sequence.
+/// "-" for a separator.
+std::string titleOf(const MenuItem& entry) {
+    const auto* const command = std::get_if<MenuCommand>(&entry);
+    return command == nullptr ? "-" : command->title;
+}
+
 unsigned mixed(unsigned seed, int step) {
     std::seed_seq sequence{seed, static_cast<unsigned>(step)};
     std::array<unsigned, 1> mixture{};
@@ -281,6 +287,8 @@ void World::menuOpened(StormWindow& window) {
     model.menuOpened(window.id);
     window.menuItem = menuItem_;
     std::vector<std::string> expected{"Settings…", "Quit Vireline"};
+    if (!model.edits.empty())
+        expected.insert(expected.begin(), {model.edits.back().title, "-"});
     if (menuItem_) {
         expected = {menuItem_->isRunning ? "Show" : "Open", "Show in Finder"};
         if (model.isManual() && menuItem_->isPinned)
@@ -291,7 +299,7 @@ void World::menuOpened(StormWindow& window) {
     std::vector<std::string> titles;
     titles.reserve(window.menu.entries.size());
     for (const MenuItem& entry : window.menu.entries)
-        titles.push_back(std::get<MenuCommand>(entry).title);
+        titles.push_back(titleOf(entry));
     if (titles != expected)
         fail("a menu with ", titles.size(), " entries that should have ", expected.size());
 }
@@ -300,9 +308,11 @@ void World::menuClosed(StormWindow& window, std::optional<std::size_t> chosen) {
     model.menuClosed(window.id);
     if (!chosen)
         return;
-    const auto& title = std::get<MenuCommand>(window.menu.entries.at(*chosen)).title;
+    const std::string title = titleOf(window.menu.entries.at(*chosen));
     if (window.menuItem)
         model.chosen(*window.menuItem, window.id.display, title);
+    else if (title.starts_with("Undo "))
+        model.undo();
     else if (title == "Quit Vireline")
         model.lines.emplace_back("quit from dock");
 }

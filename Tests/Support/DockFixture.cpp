@@ -42,11 +42,25 @@ DockActions DockFixture::recordingActions() {
         record("menu " + title(entry, platform.words) + " " + item.id + " #" +
                std::to_string(display));
     };
+    recording.windows = [this](const DockItem&) { return windows; };
+    recording.showWindow = [=](const OpenWindow& window, const DockItem& item,
+                               std::uint32_t display) {
+        record("window " + window.title + " of " + item.id + " #" + std::to_string(display));
+    };
+    recording.appActions = [this](const DockItem&) { return appActions; };
+    recording.performAction = [=](const std::string& action, const DockItem& item) {
+        record("action " + action + " of " + item.id);
+    };
+    recording.middleClick = [=](const DockItem& item, std::uint32_t display) {
+        record("middle-click " + item.id + " #" + std::to_string(display));
+    };
     recording.addApp = [=](const FileURL& url) { record("add " + url.path()); };
     recording.moveApp = [=](const std::string& bundleID, int toIndex) {
         record("move " + bundleID + " " + std::to_string(toIndex));
     };
     recording.isManualMode = [this] { return manualMode; };
+    recording.undoTitle = [this] { return undoTitle; };
+    recording.undo = [=] { record("undo"); };
     recording.openFolder = [=](const FileURL& url) { record("open " + url.path()); };
     recording.trashFiles = [=](const std::vector<FileURL>& urls) {
         record("trash " + std::to_string(urls.size()));

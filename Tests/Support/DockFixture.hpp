@@ -8,6 +8,7 @@
 #include "Support/FakePlatform.hpp"
 #include "Views/DockRootView.hpp"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,10 @@ struct DockFixture {
     /// One line per action, such as "click a.b #2".
     std::vector<std::string> actionsTaken;
     bool manualMode = false;
+    std::optional<std::string> undoTitle;
+    /// Of every app.
+    std::vector<OpenWindow> windows;
+    std::vector<ApplicationCatalog::Action> appActions;
     DockActions actions = recordingActions();
 
     DockFixture();

@@ -16,6 +16,14 @@ namespace vireline::test {
 
 using Kind = PointerEvent::Kind;
 
+/// "-" for a separator.
+[[nodiscard]] inline std::string titleOf(const MenuItem& entry) {
+    if (const auto* const submenu = std::get_if<MenuSubmenu>(&entry))
+        return submenu->title;
+    const auto* const command = std::get_if<MenuCommand>(&entry);
+    return command == nullptr ? "-" : command->title;
+}
+
 /// A dock on display 2 that is wide enough for its tiles at full size.
 class DockRootViewTest : public testing::Test {
 protected:
@@ -29,7 +37,7 @@ protected:
             menu = requested;
             menuPlace = place;
             for (const MenuItem& entry : menu.entries)
-                menuTitles.push_back(std::get<MenuCommand>(entry).title);
+                menuTitles.push_back(titleOf(entry));
         };
     }
 

@@ -1,6 +1,7 @@
 #include "Support/FakeAccessibility.hpp"
 
 #include <algorithm>
+#include <functional>
 #include <iterator>
 #include <sstream>
 #include <utility>
@@ -73,6 +74,30 @@ Result<std::vector<ElementHandle>> FakeAccessibility::windows(AccessibilityEleme
     for (const Owned& owned : windowsOf(Element::of(application)))
         elements.push_back(std::make_shared<Element>(owned.window));
     return elements;
+}
+
+Result<std::vector<OpenWindow>> FakeAccessibility::openWindows(AccessibilityElement& application) {
+    if (const auto failure = failureOf("openWindows", application))
+        return std::unexpected{*failure};
+    if (!trusted || !listsWindows)
+        return std::unexpected{PlatformError{cannotComplete, "not permitted"}};
+    auto windows = windowsOf(Element::of(application));
+    std::ranges::sort(windows, std::greater{}, &Owned::lastActive);
+    std::vector<OpenWindow> open;
+    open.reserve(windows.size());
+    for (const Owned& owned : windows)
+        open.push_back({std::make_shared<Element>(owned.window), owned.window->title,
+                        owned.lastActive == activations_});
+    return open;
+}
+
+Result<void> FakeAccessibility::bringForward(AccessibilityElement& window) {
+    if (const auto failure = failureOf("bringForward", window))
+        return std::unexpected{*failure};
+    const FakeWindow& shown = *Element::of(window).window.lock();
+    broughtForward.push_back(shown.title);
+    activate(shown);
+    return {};
 }
 
 Result<Point> FakeAccessibility::position(AccessibilityElement& window) {

@@ -22,6 +22,7 @@ struct FakeWindow {
     Size minimumSize{};
     /// A dialog is never an app's main window.
     bool isDialog = false;
+    std::string title{};
 };
 
 class FakeAccessibility final : public Accessibility {
@@ -38,6 +39,9 @@ public:
     [[nodiscard]] Result<ElementHandle> mainWindow(AccessibilityElement& application) override;
     [[nodiscard]] Result<std::vector<ElementHandle>>
     windows(AccessibilityElement& application) override;
+    [[nodiscard]] Result<std::vector<OpenWindow>>
+    openWindows(AccessibilityElement& application) override;
+    Result<void> bringForward(AccessibilityElement& window) override;
     [[nodiscard]] Result<Point> position(AccessibilityElement& window) override;
     Result<void> setPosition(AccessibilityElement& window, Point position) override;
     [[nodiscard]] Result<Size> size(AccessibilityElement& window) override;
@@ -60,6 +64,8 @@ public:
     bool movesWindows = true;
     /// While false, all calls about windows fail.
     bool answers = true;
+    /// Whether the system tells which windows an app has.
+    bool listsWindows = true;
     int prompts = 0;
     /// Failing calls, by attribute name; "set AXPosition" for a setter.
     std::map<std::string, PlatformError> failures;
@@ -67,6 +73,8 @@ public:
     std::vector<std::string> notElements;
     /// All attributes that were set, in order, such as "AXPosition (10, 20)".
     std::vector<std::string> sets;
+    /// The titles of all windows that were brought forward, in order.
+    std::vector<std::string> broughtForward;
     /// Number of calls about elements that had no timeout set.
     int callsWithoutTimeout = 0;
     std::vector<float> timeouts;

@@ -29,6 +29,13 @@ public:
     [[nodiscard]] FileManager fileManager() const override { return manager; }
     [[nodiscard]] std::vector<std::string> wellKnownBundleIDs() const override { return wellKnown; }
 
+    [[nodiscard]] std::vector<Action> actions(const FileURL& url) const override {
+        const auto found = offered.find(url.path());
+        return found == offered.end() ? std::vector<Action>{} : found->second;
+    }
+
+    /// By the apps' paths.
+    std::map<std::string, std::vector<Action>> offered;
     std::vector<AppRef> installed;
     std::string appExtension = ApplicationCatalog::bundleExtension();
     FileManager manager = ApplicationCatalog::fileManager();
@@ -113,12 +120,22 @@ public:
         if (onOpenApplication)
             onOpenApplication();
     }
+    void launchAgain(const std::string& bundleID, const FileURL& /*url*/) override {
+        launchedAgain.push_back(bundleID);
+    }
+    void perform(const std::string& bundleID, const FileURL& /*url*/,
+                 const std::string& actionID) override {
+        performed.push_back(bundleID + " " + actionID);
+    }
     void open(const FileURL& url) override { opened.push_back(url); }
     void reveal(const std::vector<FileURL>& urls) override { revealed.push_back(urls); }
 
     void openSystemSettings(const std::string& paneURL) override { openedPanes.push_back(paneURL); }
 
     std::vector<OpenedApplication> openedApplications;
+    std::vector<std::string> launchedAgain;
+    /// Such as "com.example.Notes new-window".
+    std::vector<std::string> performed;
     std::vector<FileURL> opened;
     std::vector<std::vector<FileURL>> revealed;
     std::vector<std::string> openedPanes;

@@ -182,6 +182,14 @@ public:
     windows(AccessibilityElement& application) override {
         return faults_("Accessibility::windows", [&] { return port_.windows(application); });
     }
+    [[nodiscard]] Result<std::vector<OpenWindow>>
+    openWindows(AccessibilityElement& application) override {
+        return faults_("Accessibility::openWindows",
+                       [&] { return port_.openWindows(application); });
+    }
+    Result<void> bringForward(AccessibilityElement& window) override {
+        return faults_("Accessibility::bringForward", [&] { return port_.bringForward(window); });
+    }
     [[nodiscard]] Result<Point> position(AccessibilityElement& window) override {
         return faults_("Accessibility::position", [&] { return port_.position(window); });
     }

@@ -208,5 +208,16 @@ TEST_F(SwayAccessibility, IsMissingUnderCompositorsWithoutAWayToMoveWindows) {
     EXPECT_FALSE(port.setSize(*element, {300, 200}));
 }
 
+TEST_F(SwayAccessibility, ListsAnAppsWindowsByTitleAndBringsOneForward) {
+    ASSERT_NE(run(), nullptr);
+    const auto app = port_->application(process_, "org.example.one");
+    const auto open = port_->openWindows(*app);
+    ASSERT_TRUE(open);
+    ASSERT_EQ(open->size(), 1U);
+    EXPECT_EQ(open->at(0).title, window().title);
+    EXPECT_TRUE(port_->bringForward(*open->at(0).element));
+    EXPECT_TRUE(test::waitUntil([&] { return window().isFocused; }));
+}
+
 }
 }

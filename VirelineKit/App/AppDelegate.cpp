@@ -24,8 +24,8 @@ AppDelegate::AppDelegate(const Platform& platform)
     : platform_(platform)
     , icons_(platform.icons)
     , monitor_(platform.runningApplications)
-    , activator_(platform.runningApplications, platform.workspace, platform.screens,
-                 platform.accessibility)
+    , activator_(platform.runningApplications, platform.workspace, platform.catalog,
+                 platform.screens, platform.accessibility)
     , loginItem_(platform.loginItemService)
     , anchorGuard_(platform.accessibility, platform.pointerTaps, platform.runLoop)
     , trashService_(platform.trash, platform.userFolders, platform.runLoop)
@@ -166,12 +166,32 @@ DockActions AppDelegate::makeDockActions() {
                 activator_.menuSelect(entry, item, display);
             }
         });
+    actions.windows = lifetime_.guardOr(std::vector<OpenWindow>{}, [this](const DockItem& item) {
+        return activator_.windows(item);
+    });
+    actions.showWindow = lifetime_.guard(
+        [this](const OpenWindow& window, const DockItem& item, std::uint32_t display) {
+            activator_.showWindow(window, item, display);
+        });
+    actions.appActions =
+        lifetime_.guardOr(std::vector<ApplicationCatalog::Action>{},
+                          [this](const DockItem& item) { return activator_.actions(item); });
+    actions.performAction =
+        lifetime_.guard([this](const std::string& action, const DockItem& item) {
+            activator_.perform(action, item);
+        });
+    actions.middleClick = lifetime_.guard([this](const DockItem& item, std::uint32_t display) {
+        activator_.middleClick(item, display);
+    });
     actions.addApp = lifetime_.guard([this](const FileURL& url) { resolver_.addManualApp(url); });
     actions.moveApp = lifetime_.guard([this](const std::string& bundleID, int toIndex) {
         resolver_.moveManualApp(bundleID, toIndex);
     });
     actions.isManualMode = lifetime_.guardOr(
         false, [this] { return store_.settings().sourceMode == SourceMode::manual; });
+    actions.undoTitle =
+        lifetime_.guardOr(std::optional<std::string>{}, [this] { return resolver_.undoTitle(); });
+    actions.undo = lifetime_.guard([this] { resolver_.undo(); });
     actions.openFolder = lifetime_.guard([this](const FileURL& url) {
         platform_.workspace.open(url);
         DevLog::write("open folder " + url.lastPathComponent());

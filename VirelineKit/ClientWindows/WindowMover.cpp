@@ -64,14 +64,48 @@ bool WindowMover::summonMainWindow(const RunningApplication& app, std::uint32_t 
         return false;
     const ElementHandle window = mainWindow(app);
     const auto place = window ? frame(*window) : std::nullopt;
-    if (!place)
-        return false;
+    return place && center(app, *window, place->size(), *target, screens);
+}
+
+bool WindowMover::center(const RunningApplication& app, AccessibilityElement& window, Size size,
+                         const ScreenSnapshot& target, std::span<const ScreenSnapshot> screens) {
     const auto outcome = accessibility_.setPosition(
-        *window, WindowPlacement::centeredAXPosition(place->size(), *target, screens));
+        window, WindowPlacement::centeredAXPosition(size, target, screens));
     DevLog::write("summon pid " + std::to_string(app.processIdentifier) + " to display #" +
-                  std::to_string(display) + ": " +
+                  std::to_string(target.id) + ": " +
                   (outcome ? "ok" : "AXError " + std::to_string(outcome.error().code)));
     return outcome.has_value();
+}
+
+std::vector<OpenWindow> WindowMover::openWindows(const RunningApplication& app) {
+    if (isHung(app.processIdentifier))
+        return {};
+    const double asked = runLoop_.now();
+    const ElementHandle element =
+        accessibility_.application(app.processIdentifier, app.bundleID.value_or(""));
+    accessibility_.setMessagingTimeout(*element, axTimeout);
+    auto windows = accessibility_.openWindows(*element);
+    if (!windows && timedOut(asked))
+        hungUntil_[app.processIdentifier] = runLoop_.now() + hungPause;
+    return windows ? *std::move(windows) : std::vector<OpenWindow>{};
+}
+
+void WindowMover::showWindow(const RunningApplication& app, const OpenWindow& window,
+                             std::uint32_t display, std::span<const ScreenSnapshot> screens,
+                             bool summons) {
+    AccessibilityElement& element = *window.element;
+    accessibility_.setMessagingTimeout(element, axTimeout);
+    const ScreenSnapshot* const target = find(screens, display);
+    if (summons && target != nullptr && accessibility_.isTrusted()) {
+        const auto place = frame(element);
+        const bool isElsewhere =
+            place && WindowPlacement::displayContaining({place->x, place->y}, place->size(),
+                                                        screens) != display;
+        if (isElsewhere)
+            center(app, element, place->size(), *target, screens);
+    }
+    if (const auto shown = accessibility_.bringForward(element); !shown)
+        DevLog::write("window not shown: " + shown.error().description);
 }
 
 bool WindowMover::fillMainWindow(const RunningApplication& app, std::uint32_t display,

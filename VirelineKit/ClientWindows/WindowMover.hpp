@@ -17,6 +17,7 @@
 #include <span>
 #include <string>
 #include <variant>
+#include <vector>
 
 namespace vireline {
 
@@ -66,6 +67,15 @@ public:
     bool summonMainWindow(const RunningApplication& app, std::uint32_t display,
                           std::span<const ScreenSnapshot> screens);
 
+    /// The app's windows, most recently active first; none if the system does not tell, or while
+    /// the program does not respond.
+    [[nodiscard]] std::vector<OpenWindow> openWindows(const RunningApplication& app);
+
+    /// Brings one of the app's windows forward. With `summons`, centres it on the display first,
+    /// unless it is there already.
+    void showWindow(const RunningApplication& app, const OpenWindow& window, std::uint32_t display,
+                    std::span<const ScreenSnapshot> screens, bool summons);
+
     /// Fills the display's free area with the app's main window. Returns false if any step fails.
     bool fillMainWindow(const RunningApplication& app, std::uint32_t display,
                         std::span<const ScreenSnapshot> screens, const FillContext& context);
@@ -82,6 +92,9 @@ private:
     [[nodiscard]] ElementHandle mainWindow(const RunningApplication& app);
     /// In event space.
     [[nodiscard]] std::optional<Rect> frame(AccessibilityElement& window);
+    /// Returns false on failure.
+    bool center(const RunningApplication& app, AccessibilityElement& window, Size size,
+                const ScreenSnapshot& target, std::span<const ScreenSnapshot> screens);
     [[nodiscard]] bool place(const RunningApplication& app, const Pending& placement,
                              std::span<const ScreenSnapshot> screens);
     [[nodiscard]] bool tryToPlace(const std::string& bundleID, const Pending& placement,

@@ -2,8 +2,8 @@
 
 #include "ClientWindows/WindowMover.hpp"
 #include "Foundation/DevLog.hpp"
+#include "Interaction/NewWindow.hpp"
 #include "Layout/ScreenSnapshot.hpp"
-#include "Platform/Accessibility.hpp"
 
 #include <string>
 
@@ -67,6 +67,41 @@ void AppActivator::doubleClick(const DockItem& item, std::uint32_t display) {
                                     .magnification = effectiveMagnification(current),
                                     .configuredIconSize = current.iconSize});
     DevLog::write("double-click fill " + bundleID + " on #" + std::to_string(display));
+}
+
+std::vector<OpenWindow> AppActivator::windows(const DockItem& item) const {
+    const auto instances = applications_.instances(item.id);
+    if (windowMover == nullptr || instances.empty())
+        return {};
+    return windowMover->openWindows(instances.front());
+}
+
+void AppActivator::showWindow(const OpenWindow& window, const DockItem& item,
+                              std::uint32_t display) {
+    const auto instances = applications_.instances(item.id);
+    if (windowMover == nullptr || instances.empty())
+        return;
+    const std::string line = "menu window " + item.id;
+    windowMover->showWindow(instances.front(), window, display, ScreenSnapshot::current(screens_),
+                            settings().summonOnClick);
+    DevLog::write(line);
+}
+
+void AppActivator::perform(const std::string& actionID, const DockItem& item) {
+    const std::string line = "menu action " + actionID + " of " + item.id;
+    workspace_.perform(item.id, item.url, actionID);
+    DevLog::write(line);
+}
+
+void AppActivator::middleClick(const DockItem& item, std::uint32_t display) {
+    if (applications_.instances(item.id).empty())
+        return launch(item, display);
+    const std::string line = "middle click new window " + item.id;
+    if (const auto action = NewWindow::action(actions(item)))
+        workspace_.perform(item.id, item.url, *action);
+    else
+        workspace_.launchAgain(item.id, item.url);
+    DevLog::write(line);
 }
 
 void AppActivator::menuSelect(MenuEntry entry, const DockItem& item, std::uint32_t display) {

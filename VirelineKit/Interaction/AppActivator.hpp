@@ -4,6 +4,8 @@
 #include "Foundation/NonCopyable.hpp"
 #include "Interaction/ClickPolicy.hpp"
 #include "Model/DockItem.hpp"
+#include "Platform/Accessibility.hpp"
+#include "Platform/ApplicationCatalog.hpp"
 #include "Platform/RunningApplications.hpp"
 #include "Platform/Workspace.hpp"
 #include "Settings/Settings.hpp"
@@ -11,10 +13,10 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace vireline {
 
-class Accessibility;
 class Screens;
 class WindowMover;
 
@@ -22,10 +24,12 @@ class WindowMover;
 /// running, the first one is used.
 class AppActivator : private NonCopyable {
 public:
-    AppActivator(RunningApplications& applications, Workspace& workspace, const Screens& screens,
+    AppActivator(RunningApplications& applications, Workspace& workspace,
+                 const ApplicationCatalog& catalog, const Screens& screens,
                  const Accessibility& accessibility)
         : applications_(applications)
         , workspace_(workspace)
+        , catalog_(catalog)
         , screens_(screens)
         , accessibility_(accessibility) {}
 
@@ -45,6 +49,21 @@ public:
     /// frontmost app hides it and brings it back.
     void doubleClick(const DockItem& item, std::uint32_t display);
 
+    /// The app's windows for its menu, most recently active first.
+    [[nodiscard]] std::vector<OpenWindow> windows(const DockItem& item) const;
+    /// Brings one of them forward; if summoning is on, on `display`.
+    void showWindow(const OpenWindow& window, const DockItem& item, std::uint32_t display);
+
+    /// What the app offers in its menu.
+    [[nodiscard]] std::vector<ApplicationCatalog::Action> actions(const DockItem& item) const {
+        return catalog_.actions(item.url);
+    }
+    /// Carries out one of these.
+    void perform(const std::string& actionID, const DockItem& item);
+
+    /// Opens another window: with the app's action for that, or else by starting the app again.
+    void middleClick(const DockItem& item, std::uint32_t display);
+
     /// Handles every entry except `removeFromDock`, which concerns the pinned list.
     void menuSelect(MenuEntry entry, const DockItem& item, std::uint32_t display);
 
@@ -55,6 +74,7 @@ private:
 
     RunningApplications& applications_;
     Workspace& workspace_;
+    const ApplicationCatalog& catalog_;
     const Screens& screens_;
     const Accessibility& accessibility_;
 };

@@ -23,6 +23,15 @@ public:
 /// Null if the attribute's value is not an element.
 using ElementHandle = std::shared_ptr<AccessibilityElement>;
 
+/// A window as the menu of its app's tile lists it.
+struct OpenWindow {
+    ElementHandle element;
+    /// As the app gave it, with any characters; empty if it gave none.
+    std::string title;
+    /// Whether it has the keyboard focus.
+    bool isActive = false;
+};
+
 /// Positions are those of a window's top-left outer corner in event space: points, origin at the
 /// primary display's top-left corner, y downwards. Sizes are outer sizes in points. Every call
 /// blocks for at most the element's timeout. The code of an error is the platform's own.
@@ -59,6 +68,14 @@ public:
     /// "AXWindows" of an application.
     [[nodiscard]] virtual Result<std::vector<ElementHandle>>
     windows(AccessibilityElement& application) = 0;
+
+    /// The app's windows, hidden ones included, most recently active first. Fails where the system
+    /// does not tell, or without the permission if it takes one. Blocks for at most the
+    /// application's timeout in total.
+    [[nodiscard]] virtual Result<std::vector<OpenWindow>>
+    openWindows(AccessibilityElement& application) = 0;
+    /// Shows the window if it is hidden, brings it to the front and gives it the focus.
+    virtual Result<void> bringForward(AccessibilityElement& window) = 0;
 
     /// "AXPosition" of a window.
     [[nodiscard]] virtual Result<Point> position(AccessibilityElement& window) = 0;

@@ -17,7 +17,21 @@ public:
         std::string name;
     };
 
+    /// Something that an application offers to do from outside, such as opening another window.
+    struct Action {
+        std::string id;
+        /// In the user's language.
+        std::string name;
+        /// For `Icons::actionIcon`; empty if it has none.
+        std::string icon;
+
+        bool operator==(const Action&) const = default;
+    };
+
     virtual ~ApplicationCatalog() = default;
+
+    /// What the application at `url` offers, in its order. None where applications do not say.
+    [[nodiscard]] virtual std::vector<Action> actions(const FileURL& /*url*/) const { return {}; }
 
     /// Where the application with this identifier is installed; nullopt if it is not.
     [[nodiscard]] virtual std::optional<FileURL>

@@ -27,6 +27,11 @@ public:
     [[nodiscard]] virtual ImageHandle
     symbol(const std::string& name, const std::string& accessibilityDescription, Size size) = 0;
 
+    /// The icon that an application names for one of its actions; null if there is none.
+    [[nodiscard]] virtual ImageHandle actionIcon(const std::string& /*name*/, Size /*size*/) {
+        return nullptr;
+    }
+
     /// Calls `handler` when icons have changed, for example because the user chose another icon
     /// theme. Images returned earlier keep their old look.
     [[nodiscard]] virtual Subscription observeChanges(std::function<void()> handler) = 0;

@@ -16,6 +16,14 @@ public:
     /// Launches the application at `url`, or activates and re-opens it if it is running.
     virtual void openApplication(const std::string& bundleID, const FileURL& url) = 0;
 
+    /// Starts the application at `url` once more, even if it is running. What it makes of that is
+    /// its own affair; most open a window. Does nothing where the system does not support it.
+    virtual void launchAgain(const std::string& /*bundleID*/, const FileURL& /*url*/) {}
+
+    /// Carries out one of the application's `ApplicationCatalog::actions`.
+    virtual void perform(const std::string& /*bundleID*/, const FileURL& /*url*/,
+                         const std::string& /*actionID*/) {}
+
     /// Opens a file or folder with its default application.
     virtual void open(const FileURL& url) = 0;
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Foundation/Geometry.hpp"
+#include "Presentation/Image.hpp"
 
 #include <functional>
 #include <optional>
@@ -25,6 +26,9 @@ struct MenuCommand {
     /// nullopt for a command that never has a check mark.
     std::optional<bool> isChecked{};
     MenuAction action{};
+    /// Shown beside the title; null for none. Popup menus on Linux only, since no other platform
+    /// has such commands.
+    ImageHandle image{};
 
     /// Compares only the look, since actions cannot be compared.
     bool operator==(const MenuCommand& other) const {
@@ -33,7 +37,15 @@ struct MenuCommand {
     }
 };
 
-using MenuItem = std::variant<MenuCommand, MenuSeparator>;
+/// Only popup menus have submenus.
+struct MenuSubmenu {
+    std::string title;
+    std::vector<MenuCommand> entries;
+
+    bool operator==(const MenuSubmenu&) const = default;
+};
+
+using MenuItem = std::variant<MenuCommand, MenuSeparator, MenuSubmenu>;
 
 /// A popup menu, or that of a status item.
 struct Menu {

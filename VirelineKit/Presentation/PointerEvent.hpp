@@ -15,6 +15,7 @@ struct PointerEvent {
         pressed,          ///< primary button
         released,         ///< primary button
         secondaryPressed, ///< the button, or the combination, that asks for a menu
+        middlePressed,    ///< the button that opens another window
         cancelled,        ///< the current press was cancelled
     };
 

@@ -6,6 +6,7 @@
 #include "Sources/RunningAppsMonitor.hpp"
 
 #include <algorithm>
+#include <utility>
 
 namespace vireline {
 
@@ -31,6 +32,8 @@ void AppSourceResolver::start() {
 void AppSourceResolver::emit() {
     if (!isMirroring())
         seedIfNeeded();
+    if (!isEditing_)
+        history_.compare(PinnedListState::of(store_.settings()));
     const auto apps = isMirroring() ? mirrorList() : manualList();
     if (onChange)
         onChange(apps);
@@ -112,51 +115,101 @@ void AppSourceResolver::adoptManualIfMirroring() {
 }
 
 // Writing the settings may destroy what the arguments of the functions below refer to, such as the
-// tile that was clicked. So these functions do not use their arguments after that.
+// tile that was clicked. So the arguments are not used after that.
 
 void AppSourceResolver::addManualApp(const FileURL& url) {
-    const auto added = manualEntry(url);
-    adoptManualIfMirroring();
-    if (isMirroring() || !added)
-        return;
-    auto apps = store_.settings().manualApps;
-    if (std::ranges::find(apps, added->bundleID, &StoredApp::bundleID) != apps.end())
-        return;
-    apps.push_back(*added);
-    setManualApps(std::move(apps));
-    DevLog::write("manual add " + added->bundleID);
+    edit(ListEdit::Kind::add, [&] { return addToList(url); });
 }
 
 void AppSourceResolver::removeManualApp(const std::string& bundleID) {
-    if (isMirroring())
-        return;
-    const std::string line = "manual remove " + bundleID;
-    auto apps = store_.settings().manualApps;
-    std::erase_if(apps, [&](const StoredApp& app) { return app.bundleID == bundleID; });
-    setManualApps(std::move(apps));
-    DevLog::write(line);
+    edit(ListEdit::Kind::remove, [&] { return removeFromList(bundleID); });
 }
 
 void AppSourceResolver::moveManualApp(std::string_view bundleID, int toIndex) {
+    edit(ListEdit::Kind::move, [&] { return moveInList(bundleID, toIndex); });
+}
+
+void AppSourceResolver::edit(ListEdit::Kind kind,
+                             const std::function<std::optional<StoredApp>()>& change) {
+    auto before = PinnedListState::of(store_.settings());
+    isEditing_ = true;
+    const auto changed = change();
+    isEditing_ = false;
+    auto after = PinnedListState::of(store_.settings());
+    // An edit may switch to the manual list although there was nothing else to change.
+    if (changed && after != before)
+        history_.record({kind, changed->bundleID, changed->name}, std::move(before),
+                        std::move(after));
+    else
+        history_.compare(after);
+}
+
+std::optional<std::string> AppSourceResolver::undoTitle() const {
+    const ListEdit* const last = history_.last();
+    return last == nullptr ? std::nullopt : std::optional{vireline::undoTitle(*last)};
+}
+
+void AppSourceResolver::undo() {
+    const ListEdit* const last = history_.last();
+    if (last == nullptr)
+        return;
+    const std::string line = "manual undo " + last->bundleID;
+    auto before = history_.takeLast();
+    Settings settings = store_.settings();
+    settings.sourceMode = before.sourceMode;
+    settings.manualApps = std::move(before.apps);
+    store_.setSettings(std::move(settings));
+    DevLog::write(line);
+}
+
+std::optional<StoredApp> AppSourceResolver::addToList(const FileURL& url) {
+    auto added = manualEntry(url);
+    adoptManualIfMirroring();
+    if (isMirroring() || !added)
+        return std::nullopt;
+    auto apps = store_.settings().manualApps;
+    if (std::ranges::find(apps, added->bundleID, &StoredApp::bundleID) != apps.end())
+        return std::nullopt;
+    apps.push_back(*added);
+    setManualApps(std::move(apps));
+    DevLog::write("manual add " + added->bundleID);
+    return added;
+}
+
+std::optional<StoredApp> AppSourceResolver::removeFromList(const std::string& bundleID) {
+    if (isMirroring())
+        return std::nullopt;
+    const std::string line = "manual remove " + bundleID;
+    auto apps = store_.settings().manualApps;
+    const auto found = std::ranges::find(apps, bundleID, &StoredApp::bundleID);
+    auto removed = found == apps.end() ? std::nullopt : std::optional{*found};
+    std::erase_if(apps, [&](const StoredApp& app) { return app.bundleID == bundleID; });
+    setManualApps(std::move(apps));
+    DevLog::write(line);
+    return removed;
+}
+
+std::optional<StoredApp> AppSourceResolver::moveInList(std::string_view bundleID, int toIndex) {
     const std::string moving{bundleID};
     adoptManualIfMirroring();
     auto apps = store_.settings().manualApps;
     const auto places = shownPlaces();
     const auto found = std::ranges::find(apps, moving, &StoredApp::bundleID);
     if (isMirroring() || found == apps.end() || places.empty())
-        return;
+        return std::nullopt;
     const auto target = std::clamp<std::ptrdiff_t>(toIndex, 0, std::ssize(places) - 1);
     const std::ptrdiff_t to = places[static_cast<std::size_t>(target)];
     if (to == found - apps.begin())
-        return;
-    StoredApp moved = std::move(*found);
+        return std::nullopt;
+    const StoredApp moved = *found;
     apps.erase(found);
     // Each of the two writes is saved and announced: the docks see the app disappear before it
     // reappears in its new place.
     setManualApps(apps);
-    apps.insert(apps.begin() + to, std::move(moved));
+    apps.insert(apps.begin() + to, moved);
     setManualApps(std::move(apps));
     DevLog::write("manual move " + moving + " to " + std::to_string(to));
+    return moved;
 }
 
 }

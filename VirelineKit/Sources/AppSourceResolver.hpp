@@ -7,6 +7,7 @@
 #include "Model/DockItem.hpp"
 #include "Platform/Platform.hpp"
 #include "Settings/PreferencesStore.hpp"
+#include "Sources/ListHistory.hpp"
 #include "Sources/MirrorSource.hpp"
 
 #include <cstddef>
@@ -43,6 +44,12 @@ public:
     /// that are hidden because their apps are gone do not count and keep their places.
     void moveManualApp(std::string_view bundleID, int toIndex);
 
+    /// The title of the menu entry that undoes the last of the three edits above; nullopt if there
+    /// is none, or if the list or its source has changed elsewhere since.
+    [[nodiscard]] std::optional<std::string> undoTitle() const;
+    /// Restores the list and the source mode as they were before that edit.
+    void undo();
+
     /// Receives the pinned list.
     std::function<void(const std::vector<AppRef>&)> onChange;
 
@@ -57,6 +64,13 @@ private:
     [[nodiscard]] std::optional<StoredApp> manualEntry(const FileURL& url) const;
     void setManualApps(std::vector<StoredApp> apps);
 
+    /// Carries out an edit and records it. `change` returns the entry of the app that it changed;
+    /// nullopt if the list stays as it is.
+    void edit(ListEdit::Kind kind, const std::function<std::optional<StoredApp>()>& change);
+    [[nodiscard]] std::optional<StoredApp> addToList(const FileURL& url);
+    [[nodiscard]] std::optional<StoredApp> removeFromList(const std::string& bundleID);
+    [[nodiscard]] std::optional<StoredApp> moveInList(std::string_view bundleID, int toIndex);
+
     /// Fills an empty manual list from the last reading of the mirror.
     void seedIfNeeded();
 
@@ -69,6 +83,9 @@ private:
     const FileSystem& fileSystem_;
     MirrorSource mirror_;
     std::vector<AppRef> lastMirror_;
+    ListHistory history_;
+    /// An edit may write the settings several times; only its result counts.
+    bool isEditing_ = false;
     Lifetime lifetime_;
 };
 

@@ -30,6 +30,11 @@ ImageHandle IconStore::trashIcon() {
     return image;
 }
 
+ImageHandle IconStore::actionIcon(const std::string& name) {
+    constexpr Size menuIconSize{16, 16};
+    return name.empty() ? nullptr : icons_.actionIcon(name, menuIconSize);
+}
+
 void IconStore::forgetAll() {
     cache_.clear();
     changes_.notify();

@@ -28,6 +28,9 @@ public:
     /// The icon of an empty Trash, even if the Trash is not empty.
     [[nodiscard]] ImageHandle trashIcon();
 
+    /// The icon of an entry in a menu, 16 × 16 points; null if there is none. Not cached.
+    [[nodiscard]] ImageHandle actionIcon(const std::string& name);
+
     /// Calls `handler` when all icons must be requested again.
     [[nodiscard]] Subscription observeChanges(std::function<void()> handler) {
         return changes_.add(std::move(handler));

@@ -8,14 +8,15 @@
 
 namespace vireline {
 
+class IconStore;
 struct DesktopWords;
 struct DockActions;
 struct DockItem;
 
 class DockMenus {
 public:
-    DockMenus(const DockActions& actions, const DesktopWords& words)
-        : actions_(actions), words_(words) {}
+    DockMenus(const DockActions& actions, IconStore& icons, const DesktopWords& words)
+        : actions_(actions), icons_(icons), words_(words) {}
 
     /// The menu of an app's tile on this display.
     [[nodiscard]] Menu ofApp(const DockItem& item, std::uint32_t displayID) const;
@@ -24,7 +25,13 @@ public:
     [[nodiscard]] Menu ofProgram() const;
 
 private:
+    /// An entry for each of the app's windows, and a separator if there are any.
+    void addWindows(Menu& menu, const DockItem& item, std::uint32_t displayID) const;
+    /// The same for what the app offers to do.
+    void addActions(Menu& menu, const DockItem& item) const;
+
     const DockActions& actions_;
+    IconStore& icons_;
     const DesktopWords& words_;
     Lifetime lifetime_;
 };

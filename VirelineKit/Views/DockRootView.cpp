@@ -1,5 +1,6 @@
 #include "Views/DockRootView.hpp"
 
+#include "Interaction/DockActions.hpp"
 #include "Model/DockMetrics.hpp"
 #include "Platform/RunLoop.hpp"
 #include "Sources/IconStore.hpp"
@@ -33,7 +34,7 @@ DockRootView::DockRootView(const DockViewContext& context, PanelUIState& ui, con
     , takesWholeWindow_(takesWholeWindow)
     , gestures_(context_, tiles_, request_, spec.displayID)
     , drops_(context.actions)
-    , menus_(context.actions, context.words) {
+    , menus_(context.actions, context.icons, context.words) {
     const auto invalidated = lifetime_.guard([this] { invalidate(); });
     gestures_.onInvalidate = invalidated;
     gestures_.onDrag = lifetime_.guard([this](bool isDragged) { reorderDragged(isDragged); });
@@ -234,6 +235,9 @@ void DockRootView::pointerEvent(const PointerEvent& event) {
     case PointerEvent::Kind::secondaryPressed:
         requestMenuAt(event.position);
         break;
+    case PointerEvent::Kind::middlePressed:
+        middlePressed(event.position);
+        break;
     case PointerEvent::Kind::cancelled:
         gestures_.cancel();
         break;
@@ -276,6 +280,15 @@ void DockRootView::released(const PointerEvent& event) {
     gestures_.release(tileAt(p), p, event.time.value_or(context_.runLoop.now()));
     if (wasDragging)
         pointerMoved(p);
+}
+
+void DockRootView::middlePressed(Point p) {
+    const DockTile* const tile = tileAt(p);
+    if (tile == nullptr || tile->kind != TileKind::app)
+        return;
+    // The action may replace the tiles.
+    const DockItem item = tile->item;
+    context_.actions.middleClick(item, spec_.displayID);
 }
 
 void DockRootView::reorderDragged(bool isDragged) {

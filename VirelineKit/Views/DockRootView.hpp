@@ -82,6 +82,7 @@ private:
     void pointerMoved(Point p);
     void pointerExited();
     void released(const PointerEvent& event);
+    void middlePressed(Point p);
     void reorderDragged(bool isDragged);
     void requestMenuAt(Point p);
     void requestMenu(std::size_t index);

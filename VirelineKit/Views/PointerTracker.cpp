@@ -47,6 +47,11 @@ void PointerTracker::secondaryPressed(Point position) {
         send(Kind::secondaryPressed, position);
 }
 
+void PointerTracker::middlePressed(Point position) {
+    if (!hasMenu_ && !isPressed_ && isOnView(position))
+        send(Kind::middlePressed, position);
+}
+
 void PointerTracker::released(Point position, bool isOverWindow, std::optional<double> time) {
     if (!isPressed_)
         return;

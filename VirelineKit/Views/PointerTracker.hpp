@@ -32,6 +32,7 @@ public:
     void moved(Point position);
     void pressed(Point position);
     void secondaryPressed(Point position);
+    void middlePressed(Point position);
     void released(Point position, bool isOverWindow, std::optional<double> time = std::nullopt);
     void left(const PointerState& now);
 

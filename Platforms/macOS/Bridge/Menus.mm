@@ -61,14 +61,30 @@ NSMenuItem* makeItem(const MenuCommand& command, const Choose& onChoose, std::si
     return item;
 }
 
+NSMenuItem* makeItem(const MenuSubmenu& submenu, const Choose& onChoose) {
+    NSMenuItem* const item = [[NSMenuItem alloc] initWithTitle:toNSString(submenu.title)
+                                                        action:nil
+                                                 keyEquivalent:@""];
+    item.tag = -1;
+    NSMenu* const shown = [[NSMenu alloc] initWithTitle:toNSString(submenu.title)];
+    for (std::size_t index = 0; index < submenu.entries.size(); ++index)
+        [shown addItem:makeItem(submenu.entries.at(index), onChoose, index)];
+    item.submenu = shown;
+    return item;
+}
+
 }
 
 NSMenu* toNSMenu(const Menu& menu, const Choose& onChoose) {
     NSMenu* const made = [[NSMenu alloc] initWithTitle:@""];
     for (std::size_t index = 0; index < menu.entries.size(); ++index) {
-        const auto* const command = std::get_if<MenuCommand>(&menu.entries.at(index));
-        [made addItem:command == nullptr ? [NSMenuItem separatorItem]
-                                         : makeItem(*command, onChoose, index)];
+        const MenuItem& entry = menu.entries.at(index);
+        if (const auto* const command = std::get_if<MenuCommand>(&entry))
+            [made addItem:makeItem(*command, onChoose, index)];
+        else if (const auto* const submenu = std::get_if<MenuSubmenu>(&entry))
+            [made addItem:makeItem(*submenu, onChoose)];
+        else
+            [made addItem:[NSMenuItem separatorItem]];
     }
     return made;
 }

@@ -24,6 +24,10 @@ public:
     [[nodiscard]] Result<std::vector<ElementHandle>>
     windows(AccessibilityElement& application) override;
 
+    [[nodiscard]] Result<std::vector<OpenWindow>>
+    openWindows(AccessibilityElement& application) override;
+    Result<void> bringForward(AccessibilityElement& window) override;
+
     [[nodiscard]] Result<Point> position(AccessibilityElement& window) override;
     Result<void> setPosition(AccessibilityElement& window, Point position) override;
     [[nodiscard]] Result<Size> size(AccessibilityElement& window) override;

@@ -5,12 +5,17 @@
 #include "Bridge/Conversions.hpp"
 #include "Translation/AccessibilityErrors.hpp"
 
+#import <AppKit/AppKit.h>
 #import <ApplicationServices/ApplicationServices.h>
 
+#include <string>
 #include <utility>
 
 namespace vireline::macos {
 namespace {
+
+/// The longest that reading an app's windows may take.
+constexpr double totalSeconds = 0.5;
 
 static_assert(AccessibilityErrors::success == kAXErrorSuccess);
 static_assert(AccessibilityErrors::failure == kAXErrorFailure);
@@ -85,6 +90,22 @@ Result<void> setBoxedAttribute(AccessibilityElement& element, CFStringRef name, 
     return {};
 }
 
+double uptime() {
+    return attemptOr(0.0, "systemUptime", [] { return NSProcessInfo.processInfo.systemUptime; });
+}
+
+/// Empty if there is no such attribute, or if it is not a text.
+std::string text(const Result<CFHandle<CFTypeRef>>& value) {
+    const id object = value ? (__bridge id)value->get() : nil;
+    return [object isKindOfClass:NSString.class] ? toText(static_cast<NSString*>(object))
+                                                 : std::string{};
+}
+
+bool isTrue(const Result<CFHandle<CFTypeRef>>& value) {
+    const id object = value ? (__bridge id)value->get() : nil;
+    return [object isKindOfClass:NSNumber.class] && [static_cast<NSNumber*>(object) boolValue];
+}
+
 }
 
 bool AXAccessibility::isTrusted() const {
@@ -127,6 +148,49 @@ Result<std::vector<ElementHandle>> AXAccessibility::windows(AccessibilityElement
     for (CFIndex index = 0; index < CFArrayGetCount(array); ++index)
         elements.push_back(toElement(CFArrayGetValueAtIndex(array, index)));
     return elements;
+}
+
+/// The system lists windows front to back, minimised ones included, and each answer may take until
+/// the timeout. So the time that is left for all titles decreases with each.
+Result<std::vector<OpenWindow>> AXAccessibility::openWindows(AccessibilityElement& application) {
+    if (!isTrusted())
+        return failure(kAXErrorAPIDisabled);
+    const double started = uptime();
+    const auto elements = windows(application);
+    if (!elements)
+        return std::unexpected{elements.error()};
+    const bool isFrontmost = isTrue(attribute(application, kAXFrontmostAttribute));
+    std::vector<OpenWindow> open;
+    for (const ElementHandle& element : *elements) {
+        if (!element)
+            continue;
+        const double left = totalSeconds - (uptime() - started);
+        if (left <= 0)
+            return failure(kAXErrorCannotComplete);
+        setMessagingTimeout(*element, static_cast<float>(left));
+        open.push_back({element, text(attribute(*element, kAXTitleAttribute)),
+                        isFrontmost && isTrue(attribute(*element, kAXMainAttribute))});
+    }
+    return open;
+}
+
+Result<void> AXAccessibility::bringForward(AccessibilityElement& window) {
+    const AXUIElementRef asked = refOf(window);
+    pid_t process = 0;
+    if (asked == nullptr || AXUIElementGetPid(asked, &process) != kAXErrorSuccess)
+        return failure(kAXErrorIllegalArgument);
+    attempt("AXMinimized", [asked] {
+        AXUIElementSetAttributeValue(asked, kAXMinimizedAttribute,
+                                     (__bridge CFTypeRef)[NSNumber numberWithBool:NO]);
+    });
+    const AXError code = AXUIElementPerformAction(asked, kAXRaiseAction);
+    if (code != kAXErrorSuccess)
+        return failure(code);
+    attempt("activateWithOptions", [process] {
+        [[NSRunningApplication runningApplicationWithProcessIdentifier:process]
+            activateWithOptions:0];
+    });
+    return {};
 }
 
 Result<Point> AXAccessibility::position(AccessibilityElement& window) {

@@ -128,5 +128,27 @@ TEST_F(AppDelegateTest, ADragInADockShowsInTheSettingsAtOnce) {
               1U);
 }
 
+TEST_F(AppDelegateTest, ADragInADockCanBeUndoneInTheMenuBesideTheTiles) {
+    start();
+    const Point from = icons()[0].frame.center();
+    const Point to = icons()[1].frame.center();
+    dock().listener().pointerEvent({PointerEvent::Kind::pressed, from});
+    dock().listener().pointerEvent({PointerEvent::Kind::moved, {to.x + 2, to.y}});
+    dock().listener().pointerEvent({PointerEvent::Kind::released, {to.x + 2, to.y}});
+    const std::string dragged = *platform.fileSystem.read(preferences(), 100'000);
+
+    secondaryClickBesideTheTiles();
+    EXPECT_EQ(std::get<MenuCommand>(dock().menus.back().menu.entries.at(0)).title,
+              "Undo Move of Finder");
+    dock().choose(0);
+
+    const auto restored = SettingsCoding::decode(*platform.fileSystem.read(preferences(), 100'000));
+    EXPECT_NE(SettingsCoding::encode(*restored), dragged);
+    EXPECT_EQ(restored->sourceMode, SourceMode::mirror);
+    EXPECT_TRUE(restored->manualApps.empty());
+    secondaryClickBesideTheTiles();
+    EXPECT_EQ(dock().menus.back().menu, (Menu{{MenuCommand{"Settings…"}}}));
+}
+
 }
 }

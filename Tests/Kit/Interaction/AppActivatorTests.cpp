@@ -23,7 +23,7 @@ struct AppActivatorTest : testing::Test {
     AppRef app = platform.install("com.apple.mail", "Mail");
     DockItem item{app.bundleID, app.name, app.url, true, false};
     Opened openedOnce{{app.bundleID, app.url}};
-    AppActivator activator{platform.running, platform.workspace, platform.screens,
+    AppActivator activator{platform.running, platform.workspace, platform.catalog, platform.screens,
                            platform.accessibility};
 };
 
@@ -325,6 +325,74 @@ TEST_F(WindowFeatures, ChangedSettingsCountFromTheNextClickOn) {
     activator.leftClick(item, display);
 
     EXPECT_EQ(window.frame.x, 2360);
+}
+
+struct AppWindowsTest : AppActivatorTest {
+    AppWindowsTest() {
+        platform.screens.list = {test::screenAt(1, {0, 0, 1920, 1080}),
+                                 test::screenAt(display, {1920, 0, 1920, 1080})};
+        platform.running.apps = {FakePlatform::instanceOf(app)};
+        activator.windowMover = &mover;
+        activator.settings = [this] { return settings; };
+        platform.accessibility.addWindow(platform.running.apps[0], {10, 10, 400, 300}).title =
+            "Inbox";
+        platform.accessibility.addWindow(platform.running.apps[0], {50, 50, 400, 300}).title =
+            "Draft";
+    }
+
+    [[nodiscard]] std::vector<std::string> titles() const {
+        std::vector<std::string> all;
+        for (const OpenWindow& window : activator.windows(item))
+            all.push_back(window.title + (window.isActive ? " *" : ""));
+        return all;
+    }
+
+    Settings settings;
+    WindowMover mover{platform.accessibility, platform.running, platform.screens, platform.runLoop};
+};
+
+// Behaviour: tile-windows-1
+TEST_F(AppWindowsTest, AreListedMostRecentFirst) {
+    EXPECT_EQ(titles(), (Lines{"Draft *", "Inbox"}));
+    EXPECT_EQ(platform.accessibility.callsWithoutTimeout, 0);
+}
+
+TEST_F(AppWindowsTest, AreNotListedWithoutThePermissionOrForAnAppThatDoesNotRun) {
+    platform.accessibility.trusted = false;
+    EXPECT_EQ(titles(), Lines{});
+    platform.accessibility.trusted = true;
+    platform.running.apps.clear();
+    EXPECT_EQ(titles(), Lines{});
+}
+
+// Behaviour: tile-windows-3
+TEST_F(AppWindowsTest, ComeForwardWhereTheyAreWithoutSummoning) {
+    activator.showWindow(activator.windows(item).at(1), item, display);
+
+    EXPECT_EQ(platform.accessibility.broughtForward, Lines{"Inbox"});
+    EXPECT_EQ(platform.accessibility.sets, Lines{});
+    EXPECT_EQ(log.messages(), Lines{"menu window com.apple.mail"});
+}
+
+TEST_F(AppWindowsTest, ComeToTheDocksDisplayWithSummoning) {
+    settings.summonOnClick = true;
+
+    activator.showWindow(activator.windows(item).at(1), item, display);
+    EXPECT_EQ(platform.accessibility.sets, Lines{"AXPosition (2680, 390)"});
+    activator.showWindow(activator.windows(item).at(0), item, display);
+
+    EXPECT_EQ(platform.accessibility.sets.size(), 1U) << "it is there already";
+    EXPECT_EQ(platform.accessibility.broughtForward, (Lines{"Inbox", "Inbox"}));
+}
+
+TEST_F(AppWindowsTest, ThatAreGoneAreLogged) {
+    const auto windows = activator.windows(item);
+    platform.accessibility.failures["bringForward"] = {1, "no such window"};
+
+    activator.showWindow(windows.at(0), item, display);
+
+    EXPECT_EQ(log.messages(),
+              (Lines{"window not shown: no such window", "menu window com.apple.mail"}));
 }
 
 }

@@ -92,6 +92,8 @@ void launchingAndSummoning(FaultWorld& world) {
     world.doubleClick("Mail");
     world.platform.fake.running.bringToFront(world.mail.bundleID);
     world.click("Mail");
+    window.title = "Inbox";
+    world.chooseFromMenu("Mail", "Inbox");
     world.chooseFromMenu("Mail", "Quit");
     world.platform.fake.running.quit(world.mail.bundleID);
 }

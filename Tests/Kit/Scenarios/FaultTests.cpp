@@ -32,6 +32,7 @@ const std::map<std::string, std::vector<std::string>, std::less<>>& loggedFailur
         {"Accessibility::setPosition",
          {": AXError 5", ": move=5 resize=0 settle=0", ": move=0 resize=0 settle=5"}},
         {"Accessibility::setSize", {": move=0 resize=5 settle=0"}},
+        {"Accessibility::bringForward", {"window not shown: injected failure"}},
     };
     return lines;
 }
@@ -52,6 +53,7 @@ const std::map<std::string, std::string_view, std::less<>>& quietFailures() {
         {"Accessibility::isTrusted", "the user may not have granted it"},
         {"Accessibility::mainWindow", "the list of windows is asked instead"},
         {"Accessibility::windows", "the app may have none yet; tried again, or the click goes on"},
+        {"Accessibility::openWindows", "not every system tells; the menu then lists none"},
         {"Accessibility::position", "tried again, or the click goes on"},
         {"Accessibility::size", "tried again, or the click goes on"},
     };

@@ -38,6 +38,9 @@ public:
         case PointerEvent::Kind::secondaryPressed:
             log.push_back("secondary" + at);
             break;
+        case PointerEvent::Kind::middlePressed:
+            log.push_back("middle" + at);
+            break;
         case PointerEvent::Kind::cancelled:
             log.emplace_back("cancelled");
             break;
@@ -120,6 +123,7 @@ TEST_F(PointerTrackerTest, IgnoresPressesBesideTheView) {
     listener.take();
     tracker.pressed({10, 52});
     tracker.secondaryPressed({10, 52});
+    tracker.middlePressed({10, 52});
     tracker.released({10, 52}, true);
     EXPECT_EQ(listener.take(), Log{});
 }
@@ -327,6 +331,21 @@ TEST_F(PointerTrackerTest, LeavesTheViewAfterAPressThatNoMovementCameBefore) {
 
     EXPECT_EQ(listener.take(),
               (Log{"in", "pressed 10", "moved 20", "released -50", "exited", "out"}));
+}
+
+TEST_F(PointerTrackerTest, ReportsThePressOfTheMiddleButtonUnlessAnotherIsHeldOrAMenuIsOpen) {
+    enter();
+    listener.take();
+    tracker.middlePressed({10, 10});
+    EXPECT_EQ(listener.take(), (Log{"middle 10"}));
+    tracker.pressed({10, 10});
+    listener.take();
+    tracker.middlePressed({10, 10});
+    EXPECT_EQ(listener.take(), Log{});
+    tracker.menuOpened();
+    listener.take();
+    tracker.middlePressed({10, 10});
+    EXPECT_EQ(listener.take(), Log{});
 }
 
 }

@@ -72,6 +72,41 @@ TEST(DesktopEntry, ActionsSayNothingAboutIt) {
     EXPECT_EQ(entry.exec, "files %U");
 }
 
+using Actions = std::vector<xdg::DesktopEntries::EntryAction>;
+
+TEST(DesktopEntry, ListsItsActionsInThePreferredLanguage) {
+    const std::string text =
+        std::string{plain} +
+        "Actions=new-window;private;missing;nameless;commandless;\n"
+        "[Desktop Action private]\nName=Private\nName[de]=Privat\nIcon=mask\nExec=files -p\n"
+        "[Desktop Action new-window]\nName=New Window\nName[de]=\nExec=files -n\n"
+        "[Desktop Action nameless]\nExec=files\n[Desktop Action commandless]\nName=None\n"
+        "[Desktop Action unlisted]\nName=Unlisted\nExec=files\n";
+    const test::EnvironmentVariable variable{"LANGUAGE", "de"};
+
+    EXPECT_EQ(xdg::DesktopEntries::actions(text),
+              (Actions{{"new-window", "New Window", ""}, {"private", "Privat", "mask"}}));
+}
+
+TEST(DesktopEntry, AnActionOfAnAppActivatedOverTheBusNeedsNoCommand) {
+    EXPECT_EQ(xdg::DesktopEntries::actions(std::string{plain} +
+                                           "DBusActivatable=true\nActions=new\n"
+                                           "[Desktop Action new]\nName=New\n"),
+              (Actions{{"new", "New", ""}}));
+}
+
+TEST(DesktopEntry, HasTwentyActionsAtMostAndNoneIfItIsDamaged) {
+    std::string text = std::string{plain} + "Actions=";
+    for (int i = 0; i < 30; ++i)
+        text += "a" + std::to_string(i) + ";";
+    for (int i = 0; i < 30; ++i)
+        text += "\n[Desktop Action a" + std::to_string(i) + "]\nName=A\nExec=e\n";
+
+    EXPECT_EQ(xdg::DesktopEntries::actions(text).size(), 20U);
+    EXPECT_EQ(xdg::DesktopEntries::actions("nonsense"), Actions{});
+    EXPECT_EQ(xdg::DesktopEntries::actions(plain), Actions{});
+}
+
 TEST(DesktopEntry, EscapesAreResolved) {
     EXPECT_EQ(entryIn("[Desktop Entry]\nType=Application\nName=A\\sB\\\\C\nExec=e\n").name,
               "A B\\C");

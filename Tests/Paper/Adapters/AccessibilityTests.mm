@@ -57,6 +57,61 @@ TEST_F(Elements, SayWhyTheyDoNotAnswer) {
     EXPECT_FALSE(port.windows(*none));
 }
 
+TEST_F(Elements, TellTheTitlesOfAllWindowsAndWhichIsActive) {
+    auto& windows = paper::foreignApps()[501].windows;
+    windows[0].title = "Shopping";
+    windows[1].title = "Ideas";
+    auto open = port.openWindows(*app);
+    ASSERT_TRUE(open);
+    ASSERT_EQ(open->size(), 2U);
+    EXPECT_EQ(open->at(0).title, "Shopping");
+    EXPECT_EQ(open->at(1).title, "Ideas");
+    EXPECT_FALSE(open->at(0).isActive) << "another app is frontmost";
+    paper::foreignApps()[501].isFrontmost = true;
+    open = port.openWindows(*app);
+    EXPECT_TRUE(open->at(0).isActive);
+    EXPECT_FALSE(open->at(1).isActive);
+}
+
+TEST_F(Elements, TellNoTitlesWithoutThePermission) {
+    paper::setTrusted(false);
+    const int before = paper::foreignApps()[501].questions;
+    EXPECT_EQ(port.openWindows(*app).error().code, kAXErrorAPIDisabled);
+    EXPECT_EQ(paper::foreignApps()[501].questions, before);
+}
+
+TEST_F(Elements, TellATitleThatIsNoTextAsNone) {
+    paper::foreignApps()[501].nonsense = {"AXMain", "AXFrontmost"};
+    const auto open = port.openWindows(*app);
+    ASSERT_TRUE(open);
+    EXPECT_EQ(open->at(0).title, "");
+    EXPECT_FALSE(open->at(0).isActive);
+}
+
+TEST_F(Elements, GiveUpOnTheTitlesOfASlowAppAfterHalfASecondInTotal) {
+    paper::foreignApps()[501].windows.resize(40);
+    paper::foreignApps()[501].delay = 0.05;
+    const double before = paper::now();
+    EXPECT_FALSE(port.openWindows(*app));
+    EXPECT_LE(paper::now() - before, 0.65);
+}
+
+TEST_F(Elements, AreRestoredRaisedAndTheirAppActivated) {
+    paper::requests().clear();
+    auto& window = paper::foreignApps()[501].windows[1];
+    window.title = "Ideas";
+    window.isMinimized = true;
+    const auto open = port.openWindows(*app);
+    @autoreleasepool {
+        EXPECT_TRUE(port.bringForward(*open->at(1).element));
+    }
+    EXPECT_FALSE(window.isMinimized);
+    EXPECT_EQ(paper::requests(), std::vector<std::string>{"AXRaise Ideas"})
+        << "the app itself is not running on paper";
+    window.error = kAXErrorFailure;
+    EXPECT_EQ(port.bringForward(*open->at(1).element).error().code, kAXErrorFailure);
+}
+
 TEST_F(Elements, AreNotAskedWhereTheSystemMakesNone) {
     paper::makeNoElements(true);
     const auto none = port.application(501, "com.example.Notes");
@@ -102,6 +157,5 @@ TEST_F(Elements, AreForThoseThatTheUserTrusts) {
     EXPECT_EQ(paper::requests(), std::vector<std::string>{"ask for the permission"});
     EXPECT_TRUE(port.canMoveWindows());
 }
-
 }
 }

@@ -68,6 +68,22 @@ TEST_F(Menus, OpenInTheNextTurnAndTellWhatWasChosen) {
     EXPECT_EQ(choice, "Second");
 }
 
+TEST_F(Menus, TellWhatWasChosenFromASubmenu) {
+    paper::answerMenus([](NSMenu* native) {
+        NSMenu* const more = paper::itemTitled(native, "More").submenu;
+        return more == nil ? nil : paper::itemTitled(more, "Inner");
+    });
+    @autoreleasepool {
+        const MenuSubmenu more{.title = "More", .entries = {command("Inner")}};
+        menu = PopUpMenu::open({{command("First"), more}}, view, {}, [](const MenuAction& chosen) {
+            if (chosen)
+                chosen();
+        });
+    }
+    turn();
+    EXPECT_EQ(choice, "Inner");
+}
+
 TEST_F(Menus, CloseBeforeTheirEndIsToldOf) {
     whileOpen([this](NSMenu* native) {
         menu->end();

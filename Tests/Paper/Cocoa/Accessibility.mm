@@ -64,6 +64,8 @@ paper::ForeignApp* asked(PaperElement* element, AXError& error) {
     if (found == state().apps.end())
         return nullptr;
     ++found->second.questions;
+    if (found->second.delay > 0)
+        paper::stall(found->second.delay);
     if (!found->second.isHung)
         return &found->second;
     paper::stall(state().timeout);
@@ -76,6 +78,10 @@ AXError copyOfApp(PaperElement* element, const paper::ForeignApp& app, const std
         if (app.windows.empty())
             return noValue;
         *value = (__bridge_retained CFTypeRef)makeElement(element.processIdentifier, 0);
+        return kAXErrorSuccess;
+    }
+    if (name == "AXFrontmost") {
+        *value = (__bridge_retained CFTypeRef)[NSNumber numberWithBool:app.isFrontmost];
         return kAXErrorSuccess;
     }
     NSMutableArray* const windows = [NSMutableArray array];
@@ -145,6 +151,14 @@ AXError AXUIElementCopyAttributeValue(AXUIElementRef reference, CFStringRef attr
     const paper::ForeignWindow* const window = windowOf(element, *app, error);
     if (window == nullptr)
         return error;
+    if (name == "AXTitle") {
+        *value = (__bridge_retained CFTypeRef)paper::text(window->title);
+        return kAXErrorSuccess;
+    }
+    if (name == "AXMain") {
+        *value = (__bridge_retained CFTypeRef)[NSNumber numberWithBool:element.window == 0];
+        return kAXErrorSuccess;
+    }
     *value = name == "AXPosition" ? AXValueCreate(kAXValueCGPointType, &window->position)
                                   : AXValueCreate(kAXValueCGSizeType, &window->size);
     return kAXErrorSuccess;
@@ -162,10 +176,30 @@ AXError AXUIElementSetAttributeValue(AXUIElementRef reference, CFStringRef attri
     paper::ForeignWindow* const window = app == nullptr ? nullptr : windowOf(element, *app, error);
     if (window == nullptr)
         return error;
-    if (name == "AXPosition")
+    if (name == "AXMinimized")
+        window->isMinimized = [(__bridge NSNumber*)value boolValue];
+    else if (name == "AXPosition")
         AXValueGetValue(static_cast<AXValueRef>(value), kAXValueCGPointType, &window->position);
     else
         AXValueGetValue(static_cast<AXValueRef>(value), kAXValueCGSizeType, &window->size);
+    return kAXErrorSuccess;
+}
+
+AXError AXUIElementGetPid(AXUIElementRef reference, int* processIdentifier) {
+    *processIdentifier = elementOf(reference).processIdentifier;
+    return kAXErrorSuccess;
+}
+
+// Belief: raising a window makes it the main one of its program, in whichever order they were.
+AXError AXUIElementPerformAction(AXUIElementRef reference, CFStringRef action) {
+    PaperElement* const element = elementOf(reference);
+    AXError error = kAXErrorSuccess;
+    paper::ForeignApp* const app = asked(element, error);
+    const paper::ForeignWindow* const window =
+        app == nullptr ? nullptr : windowOf(element, *app, error);
+    if (window == nullptr)
+        return error;
+    paper::requests().push_back([(__bridge NSString*)action paperText] + " " + window->title);
     return kAXErrorSuccess;
 }
 

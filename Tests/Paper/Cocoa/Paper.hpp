@@ -124,9 +124,15 @@ struct ForeignWindow {
     CGPoint position{};
     CGSize size{};
     AXError error = kAXErrorSuccess;
+    std::string title{};
+    bool isMinimized = false;
 };
 struct ForeignApp {
+    /// Front to back, and the first is the main window.
     std::vector<ForeignWindow> windows;
+    bool isFrontmost = false;
+    /// How long each call takes, in seconds.
+    double delay = 0;
     /// Does not respond: each call runs into its timeout.
     bool isHung = false;
     /// Calls that fail, by the attribute's name, preceded by "set " for setters.

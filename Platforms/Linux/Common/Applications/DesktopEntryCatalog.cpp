@@ -3,6 +3,7 @@
 #include "Applications/Entries/DesktopEntryFiles.hpp"
 #include "Applications/Entries/WellKnownApplications.hpp"
 #include "Applications/Identity/PlainText.hpp"
+#include "Files/BoundedFile.hpp"
 #include "Files/StartLog.hpp"
 #include "GLib/GLibHandles.hpp"
 
@@ -171,6 +172,20 @@ std::optional<DesktopEntry> DesktopEntryCatalog::entryAt(const FileURL& url) con
     if (entry && (entry->hidden || !PlainText::isClean(entry->id)))
         return std::nullopt;
     return entry;
+}
+
+std::vector<ApplicationCatalog::Action> DesktopEntryCatalog::actions(const FileURL& url) const {
+    std::vector<Action> offered;
+    if (!url.path().ends_with(DesktopEntries::extension))
+        return offered;
+    const auto text = BoundedFile::read(url.path(), DesktopEntryFiles::maximumBytes);
+    if (!text)
+        return offered;
+    auto actions = DesktopEntries::actions(*text);
+    offered.reserve(actions.size());
+    for (auto& [id, name, icon] : actions)
+        offered.push_back({std::move(id), std::move(name), std::move(icon)});
+    return offered;
 }
 
 Subscription DesktopEntryCatalog::observeChanges(std::function<void()> handler) {

@@ -41,6 +41,8 @@ public:
     /// installed.
     [[nodiscard]] std::vector<std::string> wellKnownBundleIDs() const override;
 
+    [[nodiscard]] std::vector<Action> actions(const FileURL& url) const override;
+
     /// All currently installed entries. The reference is valid until the next call.
     [[nodiscard]] const DesktopEntryIndex& index() const;
 

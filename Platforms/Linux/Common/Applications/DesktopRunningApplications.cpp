@@ -1,10 +1,12 @@
 #include "Applications/DesktopRunningApplications.hpp"
 
+#include "Applications/ClientWindows/AppWindows.hpp"
 #include "Applications/Identity/AppIdentity.hpp"
 #include "Applications/Identity/PlainText.hpp"
 #include "Applications/Identity/ProcessFacts.hpp"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace vireline::xdg {
@@ -121,6 +123,36 @@ bool DesktopRunningApplications::bringForward(const std::string& bundleID) {
     windows_.activate(front.id);
     windows_.flush();
     return true;
+}
+
+bool DesktopRunningApplications::bringWindowForward(WindowID window) {
+    for (const AppGroup& group : groups_) {
+        const auto found = std::ranges::find(group.windows, window, &ClientWindow::id);
+        if (found == group.windows.end())
+            continue;
+        const AppGroup alone{group.app, {*found}};
+        if (!hidden_.bringBack(alone, runLoop_.now()).empty() || found->isHidden)
+            windows_.restore(window);
+        showDesktopOf(*found);
+        windows_.activate(window);
+        windows_.flush();
+        return true;
+    }
+    return false;
+}
+
+std::vector<DesktopRunningApplications::TitledWindow>
+DesktopRunningApplications::titledWindows(const std::string& bundleID) const {
+    const auto listed = AppWindows::latestFirst(windows(bundleID));
+    std::vector<WindowID> ids;
+    std::ranges::transform(listed, std::back_inserter(ids), &ClientWindow::id);
+    const auto titles = windows_.titles(ids);
+    std::vector<TitledWindow> titled;
+    titled.reserve(ids.size());
+    for (std::size_t i = 0; i < ids.size(); ++i)
+        titled.push_back({ids[i], i < titles.size() ? titles[i] : std::string{},
+                          ids[i] == windows_.activeWindow() && !listed[i].isHidden});
+    return titled;
 }
 
 std::optional<std::uint32_t> DesktopRunningApplications::currentDesktop() const {

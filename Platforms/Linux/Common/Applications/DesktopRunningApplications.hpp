@@ -49,6 +49,18 @@ public:
     /// and activates that window. Returns false if the app is not running.
     bool bringForward(const std::string& bundleID);
 
+    /// As `bringForward`, but only this window of the app. Returns false if it is gone.
+    bool bringWindowForward(WindowID window);
+
+    /// An app's window, as its menu lists it.
+    struct TitledWindow {
+        WindowID id = WindowID::none;
+        std::string title;
+        bool isActive = false;
+    };
+    /// The app's ordinary windows, hidden ones included, most recently active first.
+    [[nodiscard]] std::vector<TitledWindow> titledWindows(const std::string& bundleID) const;
+
     /// The current desktop, or the one that was requested and will be current soon; nullopt if the
     /// window manager does not say.
     [[nodiscard]] std::optional<std::uint32_t> currentDesktop() const;

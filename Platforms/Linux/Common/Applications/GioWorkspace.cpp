@@ -91,17 +91,35 @@ std::string GioWorkspace::fileManagerPath() const {
     return found == nullptr ? std::string{} : found->entry.path;
 }
 
-void GioWorkspace::launch(const std::string& bundleID, const DesktopEntry& entry) {
+void GioWorkspace::launchAgain(const std::string& bundleID, const FileURL& url) {
+    perform(bundleID, url, {});
+}
+
+void GioWorkspace::perform(const std::string& bundleID, const FileURL& url,
+                           const std::string& actionID) {
+    if (const auto entry = catalog_.entryAt(url))
+        launch(bundleID, *entry, actionID);
+    else
+        DevLog::write("launch failed " + bundleID + ": no desktop entry");
+}
+
+void GioWorkspace::launch(const std::string& bundleID, const DesktopEntry& entry,
+                          const std::string& actionID) {
     const std::string startupID = notices_.nextStartupID();
     const bool handsOn = wantsStartupID(entry);
     const bool tellsOthers = handsOn && entry.startupNotify.value_or(false);
-    running_.launchBegan(startupID, entry, bundleID, tellsOthers);
-    const auto start = [this, entry, bundleID, startupID](const LaunchPass& pass) {
-        launcher_.launch(
-            entry, pass, lifetime_.guard([this, bundleID, startupID](const PlatformError& error) {
-                if (running_.launchFailed(startupID))
-                    DevLog::write("launch failed " + bundleID + ": " + described(error));
-            }));
+    // An app that runs only opens another window, which does not end a launch.
+    if (running_.instances(bundleID).empty())
+        running_.launchBegan(startupID, entry, bundleID, tellsOthers);
+    const auto failed = lifetime_.guard([this, bundleID, startupID](const PlatformError& error) {
+        if (running_.launchFailed(startupID))
+            DevLog::write("launch failed " + bundleID + ": " + described(error));
+    });
+    const auto start = [this, entry, actionID, failed](const LaunchPass& pass) {
+        if (actionID.empty())
+            launcher_.launch(entry, pass, failed);
+        else
+            launcher_.perform(entry, actionID, pass, failed);
     };
     if (handsOn)
         notices_.makePass(startupID, lifetime_.guard(start));

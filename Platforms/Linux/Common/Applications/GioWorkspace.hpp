@@ -23,13 +23,18 @@ public:
                  const PointerSettings& pointerSettings);
 
     void openApplication(const std::string& bundleID, const FileURL& url) override;
+    void launchAgain(const std::string& bundleID, const FileURL& url) override;
+    void perform(const std::string& bundleID, const FileURL& url,
+                 const std::string& actionID) override;
     void open(const FileURL& url) override;
     void reveal(const std::vector<FileURL>& urls) override;
 
 private:
     [[nodiscard]] bool isLaunching(const std::string& bundleID) const;
     [[nodiscard]] std::string fileManagerPath() const;
-    void launch(const std::string& bundleID, const DesktopEntry& entry);
+    /// Launches the app, or carries out one of its actions.
+    void launch(const std::string& bundleID, const DesktopEntry& entry,
+                const std::string& actionID = {});
     void openFolders(const std::vector<FileURL>& files);
 
     StartupNotices& notices_;

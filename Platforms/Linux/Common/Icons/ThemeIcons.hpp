@@ -33,6 +33,9 @@ public:
     [[nodiscard]] ImageHandle symbol(const std::string& name,
                                      const std::string& accessibilityDescription,
                                      Size size) override;
+    [[nodiscard]] ImageHandle actionIcon(const std::string& name, Size size) override {
+        return declaredIcon(name, size);
+    }
     [[nodiscard]] Subscription observeChanges(std::function<void()> handler) override {
         return changes_.add(std::move(handler));
     }

@@ -1,7 +1,12 @@
 #include "Toolkit/PopUpMenu.hpp"
 
+#include "Icons/RasterImage.hpp"
+
+#include <QIcon>
 #include <QKeyEvent>
+#include <QPixmap>
 #include <cctype>
+#include <cmath>
 #include <utility>
 
 namespace vireline::xdg {
@@ -10,6 +15,20 @@ namespace {
 QKeyCombination keyOf(char keyEquivalent) {
     const auto letter = static_cast<unsigned char>(keyEquivalent);
     return QKeyCombination{Qt::ControlModifier, static_cast<Qt::Key>(std::toupper(letter))};
+}
+
+/// A single ampersand would mark a mnemonic.
+QString plainTitle(const std::string& title) {
+    return QString::fromStdString(title).replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+QIcon iconOf(const Image& image, double scale) {
+    const auto* const raster = dynamic_cast<const RasterImage*>(&image);
+    if (raster == nullptr)
+        return {};
+    QImage picture = raster->exact(static_cast<int>(std::lround(image.size().width * scale)));
+    picture.setDevicePixelRatio(scale);
+    return QIcon{QPixmap::fromImage(picture)};
 }
 
 /// Handles shortcuts itself, because Qt does not for a menu without a parent window.
@@ -46,23 +65,31 @@ void PopUpMenu::Discard::operator()(QMenu* menu) const {
 
 void PopUpMenu::fill(const Menu& menu) {
     for (const MenuItem& entry : menu.entries) {
-        const auto* const command = std::get_if<MenuCommand>(&entry);
-        if (command == nullptr) {
+        if (const auto* const command = std::get_if<MenuCommand>(&entry)) {
+            add(*menu_, *command);
+        } else if (const auto* const submenu = std::get_if<MenuSubmenu>(&entry)) {
+            QMenu* const shown = menu_->addMenu(plainTitle(submenu->title));
+            for (const MenuCommand& inner : submenu->entries)
+                add(*shown, inner);
+        } else {
             menu_->addSeparator();
-            continue;
         }
-        // A single ampersand would mark a mnemonic.
-        const QString title =
-            QString::fromStdString(command->title).replace(QLatin1Char('&'), QLatin1String("&&"));
-        QAction* const action = menu_->addAction(title);
-        action->setCheckable(command->isChecked.has_value());
-        action->setChecked(command->isChecked.value_or(false));
-        if (command->keyEquivalent != 0)
-            action->setShortcut(QKeySequence{keyOf(command->keyEquivalent)});
-        QObject::connect(
-            action, &QAction::triggered, menu_.get(),
-            lifetime_.guard([this, chosen = command->action](bool) { chosen_ = chosen; }));
     }
+}
+
+void PopUpMenu::add(QMenu& menu, const MenuCommand& command) {
+    QAction* const action = menu.addAction(plainTitle(command.title));
+    action->setCheckable(command.isChecked.has_value());
+    action->setChecked(command.isChecked.value_or(false));
+    if (command.image) {
+        action->setIcon(iconOf(*command.image, menu.devicePixelRatioF()));
+        // Qt leaves out icons in menus where the desktop's settings do not ask for them.
+        action->setIconVisibleInMenu(true);
+    }
+    if (command.keyEquivalent != 0)
+        action->setShortcut(QKeySequence{keyOf(command.keyEquivalent)});
+    QObject::connect(action, &QAction::triggered, menu_.get(),
+                     lifetime_.guard([this, chosen = command.action](bool) { chosen_ = chosen; }));
 }
 
 void PopUpMenu::end() {

@@ -35,6 +35,7 @@ private:
     };
 
     void fill(const Menu& menu);
+    void add(QMenu& menu, const MenuCommand& command);
     void finish();
 
     Closed closed_;

@@ -47,9 +47,9 @@ struct CompositorAccessibility::WindowElement final : public AccessibilityElemen
     }
 };
 
-CompositorAccessibility::CompositorAccessibility(
-    std::unique_ptr<WindowPlacer> placer, const xdg::DesktopRunningApplications& applications,
-    std::function<Point()> primaryCorner)
+CompositorAccessibility::CompositorAccessibility(std::unique_ptr<WindowPlacer> placer,
+                                                 xdg::DesktopRunningApplications& applications,
+                                                 std::function<Point()> primaryCorner)
     : placer_(std::move(placer))
     , applications_(applications)
     , primaryCorner_(std::move(primaryCorner)) {}
@@ -84,6 +84,23 @@ CompositorAccessibility::windows(AccessibilityElement& application) {
     for (const xdg::ClientWindow& window : windowsOf(AppElement::of(application)))
         elements.push_back(std::make_shared<WindowElement>(window.id));
     return elements;
+}
+
+Result<std::vector<OpenWindow>>
+CompositorAccessibility::openWindows(AccessibilityElement& application) {
+    auto windows = applications_.titledWindows(AppElement::of(application).bundleID);
+    std::vector<OpenWindow> open;
+    open.reserve(windows.size());
+    for (auto& window : windows)
+        open.push_back(
+            {std::make_shared<WindowElement>(window.id), std::move(window.title), window.isActive});
+    return open;
+}
+
+Result<void> CompositorAccessibility::bringForward(AccessibilityElement& window) {
+    if (!applications_.bringWindowForward(WindowElement::of(window).id))
+        return noWindow();
+    return {};
 }
 
 Result<Point> CompositorAccessibility::position(AccessibilityElement& window) {

@@ -23,7 +23,7 @@ public:
     /// `placer` is null under compositors that have no such way. `primaryCorner` is the top-left
     /// corner of the primary display in the compositor's coordinates.
     CompositorAccessibility(std::unique_ptr<WindowPlacer> placer,
-                            const xdg::DesktopRunningApplications& applications,
+                            xdg::DesktopRunningApplications& applications,
                             std::function<Point()> primaryCorner);
     ~CompositorAccessibility() override;
 
@@ -41,6 +41,9 @@ public:
     [[nodiscard]] Result<ElementHandle> mainWindow(AccessibilityElement& application) override;
     [[nodiscard]] Result<std::vector<ElementHandle>>
     windows(AccessibilityElement& application) override;
+    [[nodiscard]] Result<std::vector<OpenWindow>>
+    openWindows(AccessibilityElement& application) override;
+    Result<void> bringForward(AccessibilityElement& window) override;
     [[nodiscard]] Result<Point> position(AccessibilityElement& window) override;
     Result<void> setPosition(AccessibilityElement& window, Point position) override;
     [[nodiscard]] Result<Size> size(AccessibilityElement& window) override;
@@ -54,7 +57,7 @@ private:
     [[nodiscard]] Result<Rect> frame(const WindowElement& window) const;
 
     std::unique_ptr<WindowPlacer> placer_;
-    const xdg::DesktopRunningApplications& applications_;
+    xdg::DesktopRunningApplications& applications_;
     std::function<Point()> primaryCorner_;
 };
 

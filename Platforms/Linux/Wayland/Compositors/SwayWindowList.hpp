@@ -14,6 +14,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -37,6 +38,8 @@ public:
     [[nodiscard]] Subscription observe(std::function<void()> handler) override {
         return changes_.add(std::move(handler));
     }
+    [[nodiscard]] std::vector<std::string>
+    titles(std::span<const xdg::WindowID> windows) const override;
     /// Not known to sway.
     [[nodiscard]] std::vector<xdg::WindowIcon> icons(xdg::WindowID /*window*/) const override {
         return {};
@@ -53,6 +56,8 @@ private:
     SwayWindowList(std::unique_ptr<SwayConnection> connection, pid_t self, SwayTree tree);
 
     void handle(const SwayMessage& message);
+    /// Takes over the title if that is all that the event is about; false otherwise.
+    bool noteTitle(const std::string& event);
     /// Requests the tree.
     void readTree();
     void readTreeAgain();

@@ -1,10 +1,13 @@
 #include "Applications/EwmhWindowList.hpp"
 
+#include "Applications/Identity/PlainText.hpp"
 #include "Applications/WindowIcons.hpp"
+#include "Connection/PropertyBatch.hpp"
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <string_view>
 
 namespace vireline::x11 {
 namespace {
@@ -12,12 +15,38 @@ namespace {
 /// EWMH source indication 2: the request comes from a pager or taskbar, that is, from the user.
 constexpr std::uint32_t fromPager = 2;
 constexpr std::uint32_t iconicState = 3;
+constexpr std::size_t maximumTitleBytes = 1024;
 
 }
 
 EwmhWindowList::EwmhWindowList(X11Connection& connection, RunLoop& runLoop)
     : connection_(connection), clients_(connection, runLoop) {
     clients_.onChange = [this] { changes_.notify(); };
+}
+
+/// Some window managers change a title to tell windows apart, for example "Notes <2>".
+std::vector<std::string> EwmhWindowList::titles(std::span<const xdg::WindowID> windows) const {
+    static constexpr std::array<std::string_view, 3> names{"_NET_WM_VISIBLE_NAME", "_NET_WM_NAME",
+                                                           "WM_NAME"};
+    PropertyBatch batch{connection_};
+    std::vector<std::array<std::size_t, names.size()>> requests;
+    requests.reserve(windows.size());
+    for (const xdg::WindowID window : windows) {
+        auto& asked = requests.emplace_back();
+        std::ranges::transform(names, asked.begin(), [&](std::string_view name) {
+            return batch.ask(xcbWindow(window), name, maximumTitleBytes);
+        });
+    }
+    std::vector<std::string> titles;
+    titles.reserve(windows.size());
+    for (const auto& asked : requests) {
+        std::string& title = titles.emplace_back();
+        for (const std::size_t request : asked) {
+            if (title.empty())
+                title = xdg::PlainText::clean(batch.bytes(request), maximumTitleBytes);
+        }
+    }
+    return titles;
 }
 
 std::vector<xdg::WindowIcon> EwmhWindowList::icons(xdg::WindowID window) const {

@@ -29,6 +29,8 @@ public:
     [[nodiscard]] Subscription observe(std::function<void()> handler) override {
         return changes_.add(std::move(handler));
     }
+    [[nodiscard]] std::vector<std::string>
+    titles(std::span<const xdg::WindowID> windows) const override;
     [[nodiscard]] std::vector<xdg::WindowIcon> icons(xdg::WindowID window) const override;
 
     void iconify(xdg::WindowID window) override;

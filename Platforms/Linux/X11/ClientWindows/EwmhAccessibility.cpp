@@ -36,7 +36,7 @@ struct EwmhAccessibility::AppElement final : public AccessibilityElement {
 };
 
 struct EwmhAccessibility::WindowElement final : public AccessibilityElement {
-    explicit WindowElement(const xdg::ClientWindow& window) : id(xcbWindow(window.id)) {}
+    explicit WindowElement(xdg::WindowID window) : id(xcbWindow(window)) {}
 
     xcb_window_t id;
     float timeout = defaultTimeout;
@@ -89,14 +89,30 @@ Result<ElementHandle> EwmhAccessibility::mainWindow(AccessibilityElement& applic
     const auto main = xdg::AppWindows::mainWindow(windowsOf(AppElement::of(application)));
     if (!main)
         return noWindow();
-    return std::make_shared<WindowElement>(*main);
+    return std::make_shared<WindowElement>(main->id);
 }
 
 Result<std::vector<ElementHandle>> EwmhAccessibility::windows(AccessibilityElement& application) {
     std::vector<ElementHandle> elements;
     for (const xdg::ClientWindow& window : windowsOf(AppElement::of(application)))
-        elements.push_back(std::make_shared<WindowElement>(window));
+        elements.push_back(std::make_shared<WindowElement>(window.id));
     return elements;
+}
+
+Result<std::vector<OpenWindow>> EwmhAccessibility::openWindows(AccessibilityElement& application) {
+    auto windows = applications_.titledWindows(AppElement::of(application).bundleID);
+    std::vector<OpenWindow> open;
+    open.reserve(windows.size());
+    for (auto& window : windows)
+        open.push_back(
+            {std::make_shared<WindowElement>(window.id), std::move(window.title), window.isActive});
+    return open;
+}
+
+Result<void> EwmhAccessibility::bringForward(AccessibilityElement& window) {
+    if (!applications_.bringWindowForward(windowID(WindowElement::of(window).id)))
+        return noWindow();
+    return {};
 }
 
 Result<Point> EwmhAccessibility::position(AccessibilityElement& window) {

@@ -40,6 +40,10 @@ public:
     [[nodiscard]] Result<ElementHandle> mainWindow(AccessibilityElement& application) override;
     [[nodiscard]] Result<std::vector<ElementHandle>>
     windows(AccessibilityElement& application) override;
+    /// From the server: no app is asked, so a hung one does not delay this.
+    [[nodiscard]] Result<std::vector<OpenWindow>>
+    openWindows(AccessibilityElement& application) override;
+    Result<void> bringForward(AccessibilityElement& window) override;
     [[nodiscard]] Result<Point> position(AccessibilityElement& window) override;
     Result<void> setPosition(AccessibilityElement& window, Point position) override;
     [[nodiscard]] Result<Size> size(AccessibilityElement& window) override;

@@ -1,7 +1,10 @@
 #include "Applications/ClientWindows/AppWindows.hpp"
 
 #include <algorithm>
+#include <cstddef>
+#include <functional>
 #include <iterator>
+#include <utility>
 
 namespace vireline::xdg::AppWindows {
 
@@ -23,6 +26,20 @@ std::optional<ClientWindow> mainWindow(std::span<const ClientWindow> windows) {
             best = window;
     }
     return best;
+}
+
+std::vector<ClientWindow> latestFirst(std::span<const ClientWindow> windows) {
+    std::vector<std::size_t> order;
+    for (std::size_t i = 0; i < windows.size(); ++i) {
+        if (windows[i].isOrdinary)
+            order.push_back(i);
+    }
+    std::ranges::sort(order, std::greater{},
+                      [&](std::size_t i) { return std::pair{windows[i].lastActive, i}; });
+    std::vector<ClientWindow> listed;
+    std::ranges::transform(order, std::back_inserter(listed),
+                           [&](std::size_t i) { return windows[i]; });
+    return listed;
 }
 
 }

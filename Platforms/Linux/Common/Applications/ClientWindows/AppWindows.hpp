@@ -19,4 +19,8 @@ namespace vireline::xdg::AppWindows {
 /// The most recently active normal window; if none was ever active, the newest.
 [[nodiscard]] std::optional<ClientWindow> mainWindow(std::span<const ClientWindow> windows);
 
+/// The ordinary windows, most recently active first; those that never were active follow, newest
+/// first. `windows` are in the window system's order, oldest first.
+[[nodiscard]] std::vector<ClientWindow> latestFirst(std::span<const ClientWindow> windows);
+
 }

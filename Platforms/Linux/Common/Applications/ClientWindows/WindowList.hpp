@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <span>
+#include <string>
 #include <vector>
 
 namespace vireline::xdg {
@@ -27,6 +29,13 @@ public:
 
     /// Calls `handler` after the windows, the active one or the desktop changed.
     [[nodiscard]] virtual Subscription observe(std::function<void()> handler) = 0;
+
+    /// The windows' titles, in this order; empty for a window that has none or is gone. Sanitised
+    /// and of bounded length. Only read when they are asked for, since some programs change their
+    /// titles many times per second.
+    [[nodiscard]] virtual std::vector<std::string> titles(std::span<const WindowID> windows) const {
+        return std::vector<std::string>(windows.size());
+    }
 
     /// All images that the window has as its icon, smallest first.
     [[nodiscard]] virtual std::vector<WindowIcon> icons(WindowID window) const = 0;

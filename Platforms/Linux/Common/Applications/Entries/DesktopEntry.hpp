@@ -3,9 +3,11 @@
 
 #include "Foundation/FileURL.hpp"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vireline::xdg {
 
@@ -50,6 +52,23 @@ inline constexpr std::string_view extension = ".desktop";
 /// hidden entry needs none of these.
 [[nodiscard]] std::optional<DesktopEntry> parse(std::string_view text, std::string id,
                                                 std::string path);
+
+/// One of an entry's actions.
+struct EntryAction {
+    std::string id;
+    /// As in `DesktopEntry`.
+    std::string name;
+    std::string icon;
+
+    bool operator==(const EntryAction&) const = default;
+};
+
+/// Further actions are ignored.
+inline constexpr std::size_t maximumActions = 20;
+
+/// The actions of an entry in its order: those that have a name, and a command unless the app is
+/// activated over D-Bus.
+[[nodiscard]] std::vector<EntryAction> actions(std::string_view text);
 
 /// The desktop-file ID, without its extension, of a file at `relativePath` in an applications
 /// folder: slashes become dashes.

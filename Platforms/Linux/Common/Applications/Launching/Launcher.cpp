@@ -53,6 +53,17 @@ Result<Children> start(const std::string& path, GAppLaunchContext* context) {
     return children;
 }
 
+Result<void> performAction(const std::string& path, const std::string& actionID,
+                           GAppLaunchContext* context) {
+    const GObjectHandle<GDesktopAppInfo> info{g_desktop_app_info_new_from_filename(path.c_str())};
+    // GLib requires that the entry has the action.
+    if (!info ||
+        g_strv_contains(g_desktop_app_info_list_actions(info.get()), actionID.c_str()) == FALSE)
+        return std::unexpected(nothingToStart());
+    g_desktop_app_info_launch_action(info.get(), actionID.c_str(), context);
+    return {};
+}
+
 Result<void> openWith(const std::string& entryPath, const std::string& uri,
                       GAppLaunchContext* context) {
     const GObjectHandle<GDesktopAppInfo> info{
@@ -117,6 +128,20 @@ void Launcher::launch(const DesktopEntry& entry, const LaunchPass& pass, Failure
             for (const GPid child : *outcome)
                 watch(child, guarded);
         });
+}
+
+void Launcher::perform(const DesktopEntry& entry, const std::string& actionID,
+                       const LaunchPass& pass, FailureHandler onFailure) {
+    const FailureHandler guarded = lifetime_.guard(std::move(onFailure));
+    const PlatformError notStarted{.code = EIO, .description = "the action was not started"};
+    const SharedContext context{
+        LaunchContext::make(pass, [guarded, notStarted] { guarded(notStarted); })};
+    runInWorker<Result<void>>([path = entry.path, actionID,
+                               context] { return performAction(path, actionID, context.get()); },
+                              [guarded](const Result<void>& outcome) {
+                                  if (!outcome)
+                                      guarded(outcome.error());
+                              });
 }
 
 void Launcher::open(std::vector<std::string> uris, std::string fileManagerPath, Outcome done) {

@@ -87,6 +87,8 @@ void PanelPointer::pressed(Qt::MouseButton button, QPointF pixel) {
         tracker_.pressed(owner_.viewPosition(pixel));
     } else if (button == Qt::RightButton) {
         tracker_.secondaryPressed(owner_.viewPosition(pixel));
+    } else if (button == Qt::MiddleButton) {
+        tracker_.middlePressed(owner_.viewPosition(pixel));
     }
     follow();
 }

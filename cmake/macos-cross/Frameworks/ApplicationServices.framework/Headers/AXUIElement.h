@@ -19,6 +19,8 @@ CF_EXPORT AXError AXUIElementCopyAttributeValue(AXUIElementRef element, CFString
                                                 CFTypeRef _Nullable* _Nonnull value);
 CF_EXPORT AXError AXUIElementSetAttributeValue(AXUIElementRef element, CFStringRef attribute,
                                                CFTypeRef value);
+CF_EXPORT AXError AXUIElementPerformAction(AXUIElementRef element, CFStringRef action);
+CF_EXPORT AXError AXUIElementGetPid(AXUIElementRef element, int* pid);
 CF_EXPORT AXError AXUIElementSetMessagingTimeout(AXUIElementRef element, float timeoutInSeconds);
 
 CF_IMPLICIT_BRIDGING_DISABLED

@@ -1,0 +1,48 @@
+#include "Interaction/WindowTitles.hpp"
+
+#include <gtest/gtest.h>
+
+namespace vireline {
+namespace {
+
+using WindowTitles::maximumCharacters;
+using WindowTitles::menuTitle;
+
+std::string repeated(std::string_view character, std::size_t count) {
+    std::string text;
+    for (std::size_t i = 0; i < count; ++i)
+        text += character;
+    return text;
+}
+
+TEST(WindowTitles, KeepsATitleThatFits) {
+    EXPECT_EQ(menuTitle("Notes – Editor", "Editor"), "Notes – Editor");
+    const std::string longest = repeated("ä", maximumCharacters);
+    EXPECT_EQ(menuTitle(longest, "Editor"), longest);
+}
+
+TEST(WindowTitles, ShortensALongTitleInTheMiddleBetweenCharacters) {
+    const std::string title = repeated("ä", 40) + repeated("z", 40);
+
+    EXPECT_EQ(menuTitle(title, "Editor"), repeated("ä", 24) + "…" + repeated("z", 23));
+}
+
+TEST(WindowTitles, CallsAWindowWithoutATitleLikeItsApp) {
+    EXPECT_EQ(menuTitle("", "Editor"), "Editor");
+    EXPECT_EQ(menuTitle(" \n\t ", "Editor"), "Editor");
+    EXPECT_EQ(menuTitle("", repeated("x", 100)).size(), maximumCharacters - 1 + 3);
+}
+
+TEST(WindowTitles, PutsATitleIntoOneLine) {
+    EXPECT_EQ(menuTitle(" a\nb\x7f"
+                        "c ",
+                        "Editor"),
+              "a b c");
+}
+
+TEST(WindowTitles, SurvivesATitleThatIsNotUTF8) {
+    EXPECT_EQ(menuTitle("\x80\xbf\xff", "Editor"), "\x80\xbf\xff");
+}
+
+}
+}
