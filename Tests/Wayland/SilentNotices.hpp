@@ -8,10 +8,6 @@ namespace vireline::wayland {
 class SilentNotices final : public xdg::StartupNotices {
 public:
     [[nodiscard]] std::string nextStartupID() override { return "id"; }
-    void makePass(const std::string& /*startupID*/,
-                  std::function<void(xdg::LaunchPass)> done) override {
-        done({});
-    }
     void broadcast(xdg::StartupMessage /*message*/) override {}
     [[nodiscard]] Subscription
     observe(std::function<void(const xdg::StartupMessage&)> /*handler*/) override {

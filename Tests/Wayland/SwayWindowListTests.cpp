@@ -192,6 +192,17 @@ TEST_F(SwayWindowListTest, IsNotTroubledByATitleOfAMegabyte) {
     EXPECT_TRUE(test::waitUntil([&] { return count("org.example.long") == 1; }));
 }
 
+TEST_F(SwayWindowListTest, KnowsTitlesAlsoAfterTheyChange) {
+    run("org.example.one");
+
+    desk().run({"--class", "org.example.late", "--title", "first", "--retitle", "second"});
+
+    EXPECT_TRUE(test::waitUntil([&] {
+        const auto& all = list_->windows();
+        return all.size() == 2 && list_->titles(std::vector{all[1].id}).at(0) == "second";
+    }));
+}
+
 TEST_F(SwayWindowListTest, DoesNotListTheProgramsOwnWindows) {
     const auto& ours = run("org.example.ours");
     run("org.example.other");

@@ -188,6 +188,15 @@ TEST_F(WlrWindowListTest, BoundsAndCleansWhatWindowsSayOfThemselves) {
     EXPECT_EQ(window(1).traits.className.find('\x01'), std::string::npos);
 }
 
+TEST_F(WlrWindowListTest, KnowsTitles) {
+    toplevels_.add("org.example.a", "A");
+    toplevels_.add("org.example.a", "");
+    open();
+    const std::vector ids{window(1).id, window(0).id, xdg::WindowID{4711}};
+
+    EXPECT_EQ(list_->titles(ids), (Strings{"", "A", ""}));
+}
+
 TEST_F(WlrWindowListTest, KnowsDialogsByTheirParents) {
     toplevels_.add("org.example.a", "A");
     const auto dialog = toplevels_.add("org.example.a", "Save?");

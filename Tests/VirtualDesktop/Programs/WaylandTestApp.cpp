@@ -2,9 +2,11 @@
 ///
 ///     WaylandTestApp [--class ID] [--windows N] [--title TEXT] [--size WxH] [--title-bytes N]
 ///                    [--delay MS] [--ignore-close] [--record FILE] [--sizes FILE]
+///                    [--retitle TEXT]
 ///
 /// Ends when its last window is closed. With --record, writes whether it was given an activation
-/// token; with --sizes, the size of each window, such as "320x200", whenever it is drawn.
+/// token; with --sizes, the size of each window, such as "320x200", whenever it is drawn; with
+/// --retitle, changes the titles once the windows have been shown for a tenth of a second.
 #include <QApplication>
 #include <QCloseEvent>
 #include <QTimer>
@@ -73,6 +75,12 @@ int main(int count, char** arguments) {
             window->show();
         }
     };
+    const auto retitle = [&] {
+        for (const auto& window : windows)
+            window->setWindowTitle(QString::fromStdString(values["--retitle"]));
+    };
+    if (values.contains("--retitle"))
+        QTimer::singleShot(number(values, "--delay", 0) + 100, retitle);
     QTimer::singleShot(number(values, "--delay", 0), open);
     return QApplication::exec();
 }

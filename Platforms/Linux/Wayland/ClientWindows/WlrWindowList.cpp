@@ -25,7 +25,10 @@ struct WlrWindowList::Events {
     /// The compositor will list no more windows.
     static void finished(void* data, ManagerObject* /*manager*/) { list(data).finish(); }
 
-    static void title(void* /*data*/, HandleObject* /*handle*/, const char* /*title*/) {}
+    static void title(void* data, HandleObject* handle, const char* title) {
+        if (Window* const window = list(data).find(handle))
+            window->title = xdg::PlainText::clean(title == nullptr ? "" : title);
+    }
     static void appID(void* data, HandleObject* handle, const char* id) {
         if (Window* const window = list(data).find(handle))
             window->state.appID = xdg::PlainText::clean(id == nullptr ? "" : id);
@@ -112,7 +115,7 @@ void WlrWindowList::came(zwlr_foreign_toplevel_handle_v1* handle) {
     if (first_ != nullptr)
         first_->add(reinterpret_cast<wl_proxy*>(handle));
     zwlr_foreign_toplevel_handle_v1_add_listener(handle, &Events::handle, this);
-    handles_.push_back({Proxy<zwlr_foreign_toplevel_handle_v1>{handle}, nextID(), {}});
+    handles_.push_back({Proxy<zwlr_foreign_toplevel_handle_v1>{handle}, nextID(), {}, {}});
 }
 
 void WlrWindowList::finish() {
@@ -144,6 +147,16 @@ WlrWindowList::Window* WlrWindowList::find(zwlr_foreign_toplevel_handle_v1* hand
 zwlr_foreign_toplevel_handle_v1* WlrWindowList::handleOf(xdg::WindowID window) const {
     const auto found = std::ranges::find(handles_, window, &Window::id);
     return found == handles_.end() ? nullptr : found->handle.get();
+}
+
+std::vector<std::string> WlrWindowList::titles(std::span<const xdg::WindowID> windows) const {
+    std::vector<std::string> titles;
+    titles.reserve(windows.size());
+    for (const xdg::WindowID id : windows) {
+        const auto found = std::ranges::find(handles_, id, &Window::id);
+        titles.push_back(found == handles_.end() ? std::string{} : found->title);
+    }
+    return titles;
 }
 
 void WlrWindowList::iconify(xdg::WindowID window) {

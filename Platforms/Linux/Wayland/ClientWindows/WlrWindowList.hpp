@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -28,6 +29,8 @@ public:
                                                                std::function<wl_seat*()> seat);
     ~WlrWindowList() override;
 
+    [[nodiscard]] std::vector<std::string>
+    titles(std::span<const xdg::WindowID> windows) const override;
     void iconify(xdg::WindowID window) override;
     void restore(xdg::WindowID window) override;
     void activate(xdg::WindowID window) override;
@@ -42,6 +45,7 @@ private:
         xdg::WindowID id = xdg::WindowID::none;
         /// What was announced; valid once "done" has come.
         ToplevelState state;
+        std::string title;
     };
 
     WlrWindowList(const WaylandConnection& connection,

@@ -49,7 +49,9 @@ int datagramSocket() {
 /// an earlier instance has left.
 int listenAt(const std::filesystem::path& path) {
     const auto address = addressOf(path);
-    const int socket = address ? datagramSocket() : -1;
+    if (!address)
+        return -1;
+    const int socket = datagramSocket();
     if (socket < 0)
         return -1;
     unlink(path.c_str());
@@ -61,7 +63,9 @@ int listenAt(const std::filesystem::path& path) {
 
 void askForSettings(const std::filesystem::path& path) {
     const auto address = addressOf(path);
-    const int socket = address ? datagramSocket() : -1;
+    if (!address)
+        return;
+    const int socket = datagramSocket();
     if (socket < 0)
         return;
     for (int i = 0; i < attempts; ++i) {

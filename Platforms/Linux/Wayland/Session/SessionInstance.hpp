@@ -23,7 +23,7 @@ public:
     [[nodiscard]] static std::unique_ptr<SessionInstance>
     claim(const std::filesystem::path& runtimeFolder, const std::string& display);
 
-    ~SessionInstance();
+    ~SessionInstance() override;
 
     /// Further starts before the first observer are reported to it. Needs the application object.
     [[nodiscard]] Subscription observe(std::function<void()> handler) override;

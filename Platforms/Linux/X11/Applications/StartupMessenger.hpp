@@ -22,11 +22,6 @@ public:
 
     /// The time of the user's last click stands at its end, as the protocol requires.
     [[nodiscard]] std::string nextStartupID() override;
-    /// The ID is the pass.
-    void makePass(const std::string& startupID,
-                  std::function<void(xdg::LaunchPass)> done) override {
-        done({.startupID = startupID, .activationToken = {}});
-    }
     void broadcast(xdg::StartupMessage message) override;
     [[nodiscard]] Subscription
     observe(std::function<void(const xdg::StartupMessage&)> handler) override {

@@ -131,11 +131,11 @@ void Launcher::launch(const DesktopEntry& entry, const LaunchPass& pass, Failure
 }
 
 void Launcher::perform(const DesktopEntry& entry, const std::string& actionID,
-                       const std::string& startupID, FailureHandler onFailure) {
+                       const LaunchPass& pass, FailureHandler onFailure) {
     const FailureHandler guarded = lifetime_.guard(std::move(onFailure));
     const PlatformError notStarted{.code = EIO, .description = "the action was not started"};
     const SharedContext context{
-        LaunchContext::make(startupID, [guarded, notStarted] { guarded(notStarted); })};
+        LaunchContext::make(pass, [guarded, notStarted] { guarded(notStarted); })};
     runInWorker<Result<void>>([path = entry.path, actionID,
                                context] { return performAction(path, actionID, context.get()); },
                               [guarded](const Result<void>& outcome) {

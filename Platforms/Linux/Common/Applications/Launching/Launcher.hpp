@@ -22,8 +22,8 @@ public:
                 std::function<void(const PlatformError&)> onFailure);
 
     /// Starts one of the entry's actions. Only failures to start at once are known.
-    void perform(const DesktopEntry& entry, const std::string& actionID,
-                 const std::string& startupID, std::function<void(const PlatformError&)> onFailure);
+    void perform(const DesktopEntry& entry, const std::string& actionID, const LaunchPass& pass,
+                 std::function<void(const PlatformError&)> onFailure);
 
     /// Opens the first of `uris` for which a default program can be started; if none can, opens the
     /// last one, if it is a folder, with the program of the entry at `fileManagerPath`. `done`

@@ -29,8 +29,11 @@ public:
     [[nodiscard]] virtual std::string nextStartupID() = 0;
 
     /// Calls `done` once with the pass for the program that this launch starts, either at once or
-    /// after the window system has issued one, which takes no more than half a second.
-    virtual void makePass(const std::string& startupID, std::function<void(LaunchPass)> done) = 0;
+    /// after the window system has issued one, which takes no more than half a second. Where
+    /// nothing issues any, the ID is the pass.
+    virtual void makePass(const std::string& startupID, std::function<void(LaunchPass)> done) {
+        done({.startupID = startupID, .activationToken = {}});
+    }
 
     /// Sends to every program, including this one.
     virtual void broadcast(StartupMessage message) = 0;
