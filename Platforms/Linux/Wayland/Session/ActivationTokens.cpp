@@ -39,7 +39,7 @@ std::string ActivationTokens::nextStartupID() {
 }
 
 void ActivationTokens::makePass(const std::string& /*startupID*/,
-                                std::function<void(xdg::LaunchPass)> done) {
+                                const std::function<void(xdg::LaunchPass)>& done) {
     if (!activation_) {
         done({});
         return;
@@ -51,7 +51,7 @@ void ActivationTokens::makePass(const std::string& /*startupID*/,
     xdg_activation_token_v1_commit(token);
     connection_.flush();
     requests_.push_back({.token = Proxy<xdg_activation_token_v1>{token},
-                         .done = std::move(done),
+                         .done = done,
                          .timeout = runLoop_.after(timeoutSeconds, lifetime_.guard([this, token] {
                              answer(token, {});
                          }))});

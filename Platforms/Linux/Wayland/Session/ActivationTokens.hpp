@@ -39,7 +39,8 @@ public:
 
     [[nodiscard]] std::string nextStartupID() override;
     /// Without an answer in time, an empty pass.
-    void makePass(const std::string& startupID, std::function<void(xdg::LaunchPass)> done) override;
+    void makePass(const std::string& startupID,
+                  const std::function<void(xdg::LaunchPass)>& done) override;
     /// Programs do not announce launches to each other here.
     void broadcast(xdg::StartupMessage /*message*/) override {}
     [[nodiscard]] Subscription

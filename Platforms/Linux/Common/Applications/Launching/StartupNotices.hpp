@@ -31,7 +31,8 @@ public:
     /// Calls `done` once with the pass for the program that this launch starts, either at once or
     /// after the window system has issued one, which takes no more than half a second. Where
     /// nothing issues any, the ID is the pass.
-    virtual void makePass(const std::string& startupID, std::function<void(LaunchPass)> done) {
+    virtual void makePass(const std::string& startupID,
+                          const std::function<void(LaunchPass)>& done) {
         done({.startupID = startupID, .activationToken = {}});
     }
 
