@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 namespace vireline::desktop {
 namespace {
@@ -48,6 +49,27 @@ Overhang overhangOf(const PanelSpec& spec, const PanelPlanner::Request& request)
                                                : Overhang{.left = overhang};
 }
 
+}
+
+PixelRect panelFrame(const Monitor& monitor, Edge edge, int thickness) {
+    PixelRect frame = monitor.frame;
+    if (edge == Edge::bottom)
+        frame.y = frame.bottom() - thickness;
+    if (edge == Edge::right)
+        frame.x = frame.right() - thickness;
+    if (edge == Edge::bottom || edge == Edge::top)
+        frame.height = thickness;
+    else
+        frame.width = thickness;
+    return frame;
+}
+
+void Displays::sortForWayland(const std::map<std::string, std::uint32_t>& current) {
+    std::ranges::sort(monitors, {}, [](const Monitor& monitor) {
+        return std::abs(monitor.frame.x) + std::abs(monitor.frame.y);
+    });
+    for (const auto& [monitor, id] : current)
+        ids.insert_or_assign(monitor, id);
 }
 
 std::uint32_t Displays::idOf(const XClient& client, const std::string& monitor) const {

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <array>
 #include <csignal>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
@@ -27,19 +26,6 @@ XServer::Options serverOptions(const VirtualDesktop::Options& options, const Hom
         server.height = std::max(server.height, monitor.frame.bottom());
     }
     return server;
-}
-
-PixelRect panelFrame(const Monitor& monitor, Edge edge, int thickness) {
-    PixelRect frame = monitor.frame;
-    if (edge == Edge::bottom)
-        frame.y = frame.bottom() - thickness;
-    if (edge == Edge::right)
-        frame.x = frame.right() - thickness;
-    if (edge == Edge::bottom || edge == Edge::top)
-        frame.height = thickness;
-    else
-        frame.width = thickness;
-    return frame;
 }
 
 std::string nameOf(Edge edge) {
@@ -100,7 +86,7 @@ void VirtualDesktop::setMonitors(const std::vector<Monitor>& monitors) {
     displays_.monitors = monitors;
     if (sway_) {
         sway_->setMonitors(monitors);
-        sortMonitors();
+        displays_.sortForWayland(sway_->displayIDs());
     } else if (hasOutputs_) {
         setOutputs(*client_, monitors);
     } else {
@@ -121,19 +107,9 @@ void VirtualDesktop::startSway(const std::vector<Monitor>& monitors) {
     displays_.showsOnlyStrips = true;
     sway_ = std::make_unique<SwaySession>(*client_, server_.display(), home_.scratch() / "sway",
                                           monitors);
-    sortMonitors();
+    displays_.sortForWayland(sway_->displayIDs());
     environment_.erase("DISPLAY");
     environment_.merge(sway_->environment());
-}
-
-/// Wayland has no primary display: the one at the layout's origin counts as such.
-void VirtualDesktop::sortMonitors() {
-    std::ranges::sort(displays_.monitors, {}, [](const Monitor& monitor) {
-        return std::abs(monitor.frame.x) + std::abs(monitor.frame.y);
-    });
-    // Those of outputs that are gone stay known.
-    for (const auto& [monitor, id] : sway_->displayIDs())
-        displays_.ids.insert_or_assign(monitor, id);
 }
 
 Environment VirtualDesktop::sessionEnvironment() const {

@@ -174,7 +174,6 @@ private:
                                               const std::filesystem::path& socket,
                                               const Environment& environment);
     void startSway(const std::vector<Monitor>& monitors);
-    void sortMonitors();
     void startSessionBus();
     void startAccessibilityBus();
     [[nodiscard]] Environment managerEnvironment();
