@@ -183,7 +183,8 @@ void Model::moveApp(const std::string& bundleID, int place) {
         shown[std::min(static_cast<std::size_t>(std::max(place, 0)), shown.size() - 1)];
     if (target == from)
         return;
-    const StoredApp moved = *entry;
+    const StoredApp& moved = *entry;
+    const std::string name = entry->name;
     Settings without = settings;
     without.manualApps.erase(without.manualApps.begin() + static_cast<std::ptrdiff_t>(from));
     Settings with = without;
@@ -193,7 +194,7 @@ void Model::moveApp(const std::string& bundleID, int place) {
     write(with);
     isEditing_ = false;
     line("manual move " + bundleID + " to " + std::to_string(target));
-    edited("Undo Move of ", moved, before);
+    edited("Undo Move of ", {bundleID, name, {}}, before);
 }
 
 void Model::edited(const std::string& title, const StoredApp& app, const Settings& before) {

@@ -84,6 +84,7 @@ Result<std::vector<OpenWindow>> FakeAccessibility::openWindows(AccessibilityElem
     auto windows = windowsOf(Element::of(application));
     std::ranges::sort(windows, std::greater{}, &Owned::lastActive);
     std::vector<OpenWindow> open;
+    open.reserve(windows.size());
     for (const Owned& owned : windows)
         open.push_back({std::make_shared<Element>(owned.window), owned.window->title,
                         owned.lastActive == activations_});

@@ -93,8 +93,6 @@ private:
     GKeyFile* file_;
     std::string name_;
 };
-bool isLoaded_;
-};
 
 }
 
