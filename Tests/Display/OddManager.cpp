@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
+#include <utility>
 #include <vector>
 
 namespace vireline::test {
@@ -123,6 +125,8 @@ void OddManager::configure(const xcb_configure_request_event_t& request) {
     if (isDock(request.window)) {
         if (habit_ == Habit::docksDocks || habit_ == Habit::stranded)
             return;
+        if (habit_ == Habit::answersLate && !std::exchange(hasAnswered_, true))
+            std::this_thread::sleep_for(std::chrono::seconds{2});
     }
     std::vector<std::uint32_t> values;
     const auto add = [&](std::uint16_t flag, auto value) {

@@ -32,6 +32,8 @@ public:
         coversDocks,
         /// Manages docks, but announces a border around them.
         bordersDocks,
+        /// Carries out the first request about a dock only after two seconds.
+        answersLate,
         /// Focuses every window that it shows, unless the window refuses the focus.
         focusesWindows,
     };
@@ -62,6 +64,7 @@ private:
     std::vector<std::uint32_t> listed_;
     /// The same windows, bottom first.
     std::vector<std::uint32_t> stacking_;
+    bool hasAnswered_ = false;
     std::atomic<int> raises_{0};
     std::atomic<bool> isEnding_{false};
     std::thread thread_;

@@ -59,6 +59,16 @@ protected:
         return window;
     }
 
+    /// Shows a plain window of type dock.
+    static xcb_window_t showBareDock(const PixelRect& frame) {
+        const auto window = client().createWindow(frame, 0);
+        client().setAtoms(window, "_NET_WM_WINDOW_TYPE", {"_NET_WM_WINDOW_TYPE_DOCK"});
+        client().map(window);
+        client().sync();
+        EXPECT_TRUE(eventually([&] { return client().isViewable(window); }));
+        return window;
+    }
+
     static bool isDockAbove(xcb_window_t window) {
         return desk().docks().isAbove(windowOf("main"), window);
     }
@@ -117,11 +127,7 @@ TEST_F(OddManagerTest, IsNotGivenTheNextDock) {
 
 TEST_F(OddManagerTest, IsNotExpectedToCarryOutAMoveForEver) {
     start(Habit::stranded);
-    const auto window = client().createWindow({0, 0, 300, 60}, 0);
-    client().setAtoms(window, "_NET_WM_WINDOW_TYPE", {"_NET_WM_WINDOW_TYPE_DOCK"});
-    client().map(window);
-    client().sync();
-    ASSERT_TRUE(eventually([&] { return client().isViewable(window); }));
+    const auto window = showBareDock({0, 0, 300, 60});
 
     x11::WindowPlace moving{connection, window, 1};
     int changes = 0;
@@ -132,6 +138,19 @@ TEST_F(OddManagerTest, IsNotExpectedToCarryOutAMoveForEver) {
     EXPECT_TRUE(eventually([&] { return !moving.isUnderWay(); }));
     EXPECT_GT(changes, 0) << "no event tells of it";
     EXPECT_EQ(moving.actual(), (x11::PixelRect{0, 0, 300, 60}));
+    close(window);
+}
+
+TEST_F(OddManagerTest, MayCarryOutAMoveLateBecauseItIsBusy) {
+    start(Habit::answersLate);
+    const auto window = showBareDock({0, 0, 300, 60});
+    x11::WindowPlace moving{connection, window, 1};
+    bool hasGivenUp = false;
+    moving.onGivenUp = [&] { hasGivenUp = true; };
+    moving.set({100, 200, 300, 60});
+    const PixelRect goal{100, 200, 300, 60};
+    EXPECT_TRUE(eventually([&] { return hasGivenUp || client().frame(window) == goal; }));
+    EXPECT_FALSE(hasGivenUp);
     close(window);
 }
 

@@ -88,8 +88,8 @@ TEST_F(PanelWindowTest, TellsEveryWindowManagerAgainWhereItTakesThePointer) {
     const auto isTold = [&] {
         while (const auto event = client().pollEvent()) {
             const auto& notify = reinterpret_cast<const xcb_shape_notify_event_t&>(*event);
-            if ((event->response_type & 0x7f) == shape->first_event &&
-                notify.affected_window == window && notify.shape_kind == XCB_SHAPE_SK_INPUT)
+            if (x11::eventType(*event) == shape->first_event && notify.affected_window == window &&
+                notify.shape_kind == XCB_SHAPE_SK_INPUT)
                 return true;
         }
         return false;

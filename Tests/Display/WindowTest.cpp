@@ -135,7 +135,7 @@ void WindowTest::settle() {
     constexpr const char* mark = "_VIRELINE_TEST_MARK";
     bool isHeard = false;
     const auto hearing = connection.observe([&](const xcb_generic_event_t& event) {
-        if ((event.response_type & 0x7f) != XCB_PROPERTY_NOTIFY)
+        if (x11::eventType(event) != XCB_PROPERTY_NOTIFY)
             return;
         const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
         isHeard = isHeard || change.atom == connection.atom(mark);

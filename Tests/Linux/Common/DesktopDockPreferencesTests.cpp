@@ -1,4 +1,5 @@
 #include "Desktop/DesktopDockPreferences.hpp"
+#include "Desktop/DesktopNames.hpp"
 #include "Files/PosixFileSystem.hpp"
 #include "Linux/EventLoop.hpp"
 #include "Support/FakeApplications.hpp"
@@ -96,7 +97,8 @@ protected:
         preferences = std::make_unique<DesktopDockPreferences>(
             DesktopDockPreferences::Surroundings{.home = home,
                                                  .configHome = home.appending(".config"),
-                                                 .currentDesktop = currentDesktop,
+                                                 .desktopNames =
+                                                     DesktopNames::parse(currentDesktop),
                                                  .settings = settings->storage()},
             fileSystem, catalog);
         changes = preferences->observeChanges([this] { ++announced; });

@@ -141,6 +141,7 @@ TEST_F(FormWindows, KeepTheControlsOfRowsThatStay) {
         show(form);
         EXPECT_EQ([controlNamed(shown(), "Third") state], NSControlStateValueOn);
         EXPECT_EQ([controlNamed(shown(), "Position") selectedSegment], 2);
+        EXPECT_EQ([controlNamed(shown(), "Position") paperLabels].count, 3U);
         // Includes the button of a hidden status line.
         EXPECT_EQ(viewsOf(content(), NSButton.class).size(), 4U);
         form.sections.pop_back();
@@ -214,6 +215,47 @@ TEST_F(FormWindows, LayRowsOutWithoutAnyOnTopOfAnother) {
         EXPECT_GE(document.frame.size.height, 560);
         EXPECT_DOUBLE_EQ(document.frame.origin.x, 0);
         EXPECT_DOUBLE_EQ(document.frame.origin.y, 0);
+    }
+}
+
+TEST_F(FormWindows, PutAStatusIntoOneLineWithinTheRow) {
+    @autoreleasepool {
+        Form form = everything();
+        const std::string text = "A text that is far too long for the room beside its button, and "
+                                 "so has to be broken into several lines";
+        form.sections[1].rows[1].status->text = text;
+        show(form);
+        const NSView* const symbol = viewsOf(content(), NSImageView.class)[0];
+        const NSView* const status = label(content(), text);
+        const NSView* const button = controlNamed(shown(), "Open…");
+        EXPECT_DOUBLE_EQ(symbol.frame.origin.x, 0);
+        EXPECT_DOUBLE_EQ(status.frame.origin.x, toRect(symbol.frame).maxX() + FormLayout::gap);
+        EXPECT_DOUBLE_EQ(button.frame.origin.x, toRect(status.frame).maxX() + FormLayout::gap);
+        EXPECT_LE(toRect(button.frame).maxX(), FormLayout::rowWidth(480));
+        EXPECT_GT(status.frame.size.width, 0);
+        EXPECT_GT(button.frame.size.width, 0);
+    }
+}
+
+TEST_F(FormWindows, CanBeScrolledWhereTheyDoNotFit) {
+    @autoreleasepool {
+        ASSERT_TRUE([content() isKindOfClass:NSScrollView.class]);
+        EXPECT_TRUE(static_cast<NSScrollView*>(static_cast<id>(content())).hasVerticalScroller);
+    }
+}
+
+TEST_F(FormWindows, AreForgottenByThoseThatStayWhenTheyAreDestroyed) {
+    @autoreleasepool {
+        paper::plug({{.number = 1}});
+        MacProgramWindows windows;
+        auto first = windows.makeFormWindow({.title = "First", .contentSize = {480, 560}}, heard);
+        auto second = windows.makeFormWindow({.title = "Second", .contentSize = {480, 560}}, heard);
+        first->makeKeyAndOrderFront();
+        second->makeKeyAndOrderFront();
+        first = nullptr;
+        second->close();
+        paper::drain();
+        EXPECT_FALSE(second->isVisible());
     }
 }
 

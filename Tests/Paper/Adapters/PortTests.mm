@@ -3,6 +3,7 @@
 #include "App/MacPointerSettings.hpp"
 #include "Applications/WorkspaceApplications.hpp"
 #include "Applications/WorkspaceCatalog.hpp"
+#include "ClientWindows/AXAccessibility.hpp"
 #include "Cocoa/Paper.hpp"
 #include "Desktop/CFDockPreferences.hpp"
 #include "Desktop/FoundationPropertyLists.hpp"
@@ -105,8 +106,8 @@ TEST_F(Ports, HearOfEveryChangeOfTheDisplays) {
 
 TEST_F(Ports, AnswerAsIsUsualWhereTheSystemRaises) {
     paper::plug({{.number = 1}});
-    constexpr std::array selectors{"doubleClickInterval", "sharedWorkspace", "screens",
-                                   "bundleWithURL:", "displayNameAtPath:"};
+    constexpr std::array selectors{"doubleClickInterval", "sharedWorkspace",    "screens",
+                                   "bundleWithURL:",      "displayNameAtPath:", "numberWithBool:"};
     for (const char* const selector : selectors)
         paper::rt::makeRaise(selector);
     EXPECT_DOUBLE_EQ(MacPointerSettings{}.doubleClickInterval(), 0.5);
@@ -116,6 +117,7 @@ TEST_F(Ports, AnswerAsIsUsualWhereTheSystemRaises) {
     EXPECT_EQ(WorkspaceCatalog{}.urlForBundleID("com.example.Notes"), std::nullopt);
     EXPECT_EQ(WorkspaceCatalog{}.bundleIdentifier(app), std::nullopt);
     EXPECT_EQ(WorkspaceCatalog{}.displayName(app), "Notes.app");
+    EXPECT_FALSE(AXAccessibility{}.isTrustedWithPrompt());
     for (const char* const selector : selectors)
         EXPECT_GE(paper::rt::raised(selector), 1) << selector;
     paper::rt::clearFaults();

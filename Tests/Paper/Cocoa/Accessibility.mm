@@ -2,6 +2,8 @@
 #include "Cocoa/CoreObjects.hpp"
 #include "Cocoa/Paper.hpp"
 
+#include <cstdlib>
+
 // Documented: an opaque reference to a program or a window; two that name the same one are equal.
 // Belief: a window goes on being named while others of its program come and go; here it is known by
 // its place among them.
@@ -30,6 +32,7 @@ constexpr auto noValue = static_cast<AXError>(-25212);
 
 struct State {
     bool isTrusted = false;
+    bool makesNoElements = false;
     float timeout = 6;
     std::map<int, paper::ForeignApp> apps;
 };
@@ -39,7 +42,10 @@ State& state() {
     return only;
 }
 
+// Belief: a null reference ends the process, as for other functions of Core Foundation's kind.
 PaperElement* elementOf(AXUIElementRef reference) {
+    if (reference == nullptr)
+        std::abort();
     return (__bridge PaperElement*)reference;
 }
 
@@ -114,10 +120,13 @@ CFTypeID AXUIElementGetTypeID(void) {
 }
 
 AXUIElementRef AXUIElementCreateApplication(int processIdentifier) {
+    if (state().makesNoElements)
+        return nullptr;
     return (__bridge_retained AXUIElementRef)makeElement(processIdentifier, noWindow);
 }
 
-AXError AXUIElementSetMessagingTimeout(AXUIElementRef, float seconds) {
+AXError AXUIElementSetMessagingTimeout(AXUIElementRef reference, float seconds) {
+    static_cast<void>(elementOf(reference));
     state().timeout = seconds;
     return kAXErrorSuccess;
 }
@@ -218,6 +227,10 @@ namespace paper {
 
 std::map<int, ForeignApp>& foreignApps() {
     return state().apps;
+}
+
+void makeNoElements(bool fails) {
+    state().makesNoElements = fails;
 }
 
 void setTrusted(bool isTrusted) {

@@ -71,7 +71,7 @@ NSRect NSAccessibilityFrameInView(NSView* view, NSRect frame) {
 @end
 
 // Documented: labelWithString: makes a single line, wrappingLabelWithString: wraps to the width.
-// Belief: text never wraps on paper, so both are one line.
+// Belief: it fills lines to their ends, wherever words begin.
 @implementation NSTextField
 
 static id label(Class made, NSString* text) {
@@ -85,7 +85,16 @@ static id label(Class made, NSString* text) {
 }
 
 + (instancetype)wrappingLabelWithString:(NSString*)text {
-    return label(self, text);
+    NSTextField* const field = label(self, text);
+    field.paperWraps = YES;
+    return field;
+}
+
+- (NSSize)sizeThatFits:(NSSize)size {
+    const NSSize line = self.intrinsicContentSize;
+    if (!self.paperWraps || line.width <= size.width || size.width <= 0)
+        return line;
+    return {size.width, std::ceil(line.width / size.width) * line.height};
 }
 
 @end

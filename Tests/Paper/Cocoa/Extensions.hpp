@@ -149,6 +149,10 @@
 @property(copy) NSString* paperTitle;
 @end
 
+@interface NSTextField ()
+@property BOOL paperWraps;
+@end
+
 @interface NSSegmentedControl ()
 @property(copy) NSArray<NSString*>* paperLabels;
 @end

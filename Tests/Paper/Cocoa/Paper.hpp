@@ -143,6 +143,8 @@ struct ForeignApp {
     int questions = 0;
 };
 [[nodiscard]] std::map<int, ForeignApp>& foreignApps();
+/// Whether the system fails to make elements for programs.
+void makeNoElements(bool fails);
 void setTrusted(bool isTrusted);
 [[nodiscard]] bool isTrusted();
 

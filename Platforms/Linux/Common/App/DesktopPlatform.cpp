@@ -7,7 +7,6 @@
 #include "Platform/Screens.hpp"
 #include "WindowSystem/WindowSystem.hpp"
 
-#include <cstdlib>
 #include <string>
 
 namespace vireline::xdg {
@@ -20,11 +19,6 @@ std::shared_ptr<const IconTheme> themeNamed(const std::string& name) {
 std::string widgetTheme(const DesktopSettings& settings) {
     const auto name = settings.texts.find("Net/ThemeName");
     return name == settings.texts.end() ? std::string{} : name->second;
-}
-
-std::string currentDesktop() {
-    const char* const name = std::getenv("XDG_CURRENT_DESKTOP");
-    return name == nullptr ? std::string{} : name;
 }
 
 }
@@ -41,8 +35,9 @@ DesktopPlatform::DesktopPlatform(QApplication& qt, RunLoop& runLoop, WindowSyste
     , runningApplications_(windowSystem.windows(), windowSystem.startupNotices(), runLoop, catalog_)
     , workspace_(windowSystem.startupNotices(), catalog_, runningApplications_, userFolders_,
                  pointerSettings_)
-    , dockPreferences_({userFolders_.home(), userFolders_.configHome(), currentDesktop(), {}},
-                       fileSystem_, catalog_)
+    , dockPreferences_(
+          {userFolders_.home(), userFolders_.configHome(), DesktopNames::current(), {}},
+          fileSystem_, catalog_)
     , themeWatch_(windowSystem.settings(), runLoop,
                   {IconTheme::userFolders(), ChosenIconTheme::userFiles()})
     , theme_(themeNamed(themeWatch_.name()))

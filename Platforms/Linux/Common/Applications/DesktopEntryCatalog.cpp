@@ -181,7 +181,9 @@ std::vector<ApplicationCatalog::Action> DesktopEntryCatalog::actions(const FileU
     const auto text = BoundedFile::read(url.path(), DesktopEntryFiles::maximumBytes);
     if (!text)
         return offered;
-    for (auto& [id, name, icon] : DesktopEntries::actions(*text))
+    auto actions = DesktopEntries::actions(*text);
+    offered.reserve(actions.size());
+    for (auto& [id, name, icon] : actions)
         offered.push_back({std::move(id), std::move(name), std::move(icon)});
     return offered;
 }

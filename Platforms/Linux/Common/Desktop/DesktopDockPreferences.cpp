@@ -15,7 +15,7 @@ DesktopDockPreferences::DesktopDockPreferences(const Surroundings& surroundings,
     : sources_{
           std::make_unique<PropertyListPins>(
               fileSystem, surroundings.home.appending("Library/Preferences/com.apple.dock.plist")),
-          std::make_unique<GnomeFavorites>(surroundings.currentDesktop, surroundings.settings,
+          std::make_unique<GnomeFavorites>(surroundings.desktopNames, surroundings.settings,
                                            catalog),
           std::make_unique<PlankLaunchers>(fileSystem, surroundings.configHome,
                                            surroundings.settings),

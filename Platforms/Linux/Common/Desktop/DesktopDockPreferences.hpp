@@ -14,6 +14,7 @@
 #include <array>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace vireline::xdg {
 
@@ -23,8 +24,8 @@ public:
     struct Surroundings {
         FileURL home;
         FileURL configHome;
-        /// The value of XDG_CURRENT_DESKTOP.
-        std::string currentDesktop;
+        /// As `DesktopNames::current` returns them.
+        std::vector<std::string> desktopNames;
         SettingsStorage settings;
     };
 

@@ -3,22 +3,14 @@
 #include "Desktop/PinnedApps.hpp"
 
 #include <algorithm>
-#include <ranges>
 
 namespace vireline::xdg {
-namespace {
 
-/// The variable lists desktops from the most specific to the most general: "ubuntu:GNOME".
-bool names(std::string_view currentDesktop, std::string_view desktop) {
-    return std::ranges::any_of(currentDesktop | std::views::split(':'),
-                               [&](const auto& name) { return std::ranges::equal(name, desktop); });
-}
-
-}
-
-GnomeFavorites::GnomeFavorites(std::string_view currentDesktop, const SettingsStorage& storage,
-                               const ApplicationCatalog& catalog)
-    : isGnome_(names(currentDesktop, "GNOME")), storage_(storage), catalog_(catalog) {}
+GnomeFavorites::GnomeFavorites(std::span<const std::string> desktopNames,
+                               const SettingsStorage& storage, const ApplicationCatalog& catalog)
+    : isGnome_(std::ranges::find(desktopNames, "GNOME") != desktopNames.end())
+    , storage_(storage)
+    , catalog_(catalog) {}
 
 std::optional<PropertyList> GnomeFavorites::read() {
     static constexpr std::string_view extension = ".desktop";

@@ -5,12 +5,14 @@
 #include "Desktop/StringListSetting.hpp"
 #include "Platform/ApplicationCatalog.hpp"
 
+#include <span>
+#include <string>
+
 namespace vireline::xdg {
 
 class GnomeFavorites final : public PinnedAppsSource {
 public:
-    /// `currentDesktop` is the value of XDG_CURRENT_DESKTOP.
-    GnomeFavorites(std::string_view currentDesktop, const SettingsStorage& storage,
+    GnomeFavorites(std::span<const std::string> desktopNames, const SettingsStorage& storage,
                    const ApplicationCatalog& catalog);
 
     [[nodiscard]] bool exists() const override { return favorites() != nullptr; }

@@ -1,10 +1,12 @@
 #include "Icons/ChosenIconTheme.hpp"
 
+#include "Desktop/DesktopNames.hpp"
 #include "Files/BoundedFile.hpp"
 #include "Icons/IniText.hpp"
 
 #include <glib.h>
 
+#include <algorithm>
 #include <string_view>
 
 namespace vireline::xdg::ChosenIconTheme {
@@ -41,8 +43,8 @@ Files userFiles() {
         files.gtkSettings.push_back(folder + "/gtk-3.0/settings.ini");
         files.gtkSettings.push_back(folder + "/gtk-4.0/settings.ini");
     }
-    const char* const desktop = g_getenv("XDG_CURRENT_DESKTOP");
-    files.isKDE = desktop != nullptr && std::string_view{desktop}.contains("KDE");
+    const auto desktopNames = DesktopNames::current();
+    files.isKDE = std::ranges::find(desktopNames, "KDE") != desktopNames.end();
     const std::string& config = folders.front();
     files.usersOwn = {config + "/gtk-3.0/settings.ini", config + "/gtk-4.0/settings.ini"};
     if (files.isKDE)

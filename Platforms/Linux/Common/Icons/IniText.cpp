@@ -1,29 +1,16 @@
 #include "Icons/IniText.hpp"
 
+#include "Files/TextLines.hpp"
+
 #include <algorithm>
 #include <cstddef>
 
 namespace vireline::xdg {
 namespace {
 
-bool isBlank(char letter) {
-    return letter == ' ' || letter == '\t' || letter == '\r';
-}
-
-std::string_view trimmed(std::string_view text) {
-    while (!text.empty() && isBlank(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back()))
-        text.remove_suffix(1);
-    return text;
-}
-
-/// Removes the part before `end` and the separator there from `text`, and returns that part.
-std::string_view take(std::size_t end, std::string_view& text) {
-    const auto part = text.substr(0, end);
-    text.remove_prefix(std::min(text.size(), part.size() + 1));
-    return part;
-}
+using TextLines::take;
+using TextLines::takeLine;
+using TextLines::trimmed;
 
 std::size_t findSeparator(std::string_view text) {
     const auto isSeparator = [](char letter) { return letter == ',' || letter == ';'; };
@@ -35,7 +22,7 @@ std::size_t findSeparator(std::string_view text) {
 IniText::IniText(std::string_view text) {
     Keys* group = nullptr;
     while (!text.empty()) {
-        const auto line = trimmed(take(text.find('\n'), text));
+        const auto line = trimmed(takeLine(text));
         if (line.starts_with('[') && line.ends_with(']')) {
             group = &groups_[line.substr(1, line.size() - 2)];
             continue;

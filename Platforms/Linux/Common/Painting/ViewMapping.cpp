@@ -1,15 +1,12 @@
 #include "Painting/ViewMapping.hpp"
 
+#include "Painting/NearestPixel.hpp"
+
 #include <algorithm>
 #include <cmath>
 
 namespace vireline::xdg {
 namespace {
-
-int nearest(double pixel) {
-    constexpr double reach = 32767;
-    return static_cast<int>(std::clamp(std::floor(pixel + 0.5), -reach, reach));
-}
 
 /// Rounds to steps too small to see, so that invisible movements cause no repaint.
 QRectF inSmallSteps(const QRectF& rect) {
@@ -106,17 +103,17 @@ void place(std::vector<PlacedNode>& places, const Scene& scene, const ViewMappin
 }
 
 QRect snapped(const QRectF& rect) {
-    const int left = nearest(rect.left());
-    const int top = nearest(rect.top());
-    return {left, top, std::max(1, nearest(rect.right()) - left),
-            std::max(1, nearest(rect.bottom()) - top)};
+    const int left = nearestPixel(rect.left());
+    const int top = nearestPixel(rect.top());
+    return {left, top, std::max(1, nearestPixel(rect.right()) - left),
+            std::max(1, nearestPixel(rect.bottom()) - top)};
 }
 
 QRect snappedAsWhole(const QRectF& rect) {
-    const int width = std::max(1, nearest(rect.width()));
-    const int height = std::max(1, nearest(rect.height()));
-    return {nearest(rect.center().x() - width / 2.0), nearest(rect.center().y() - height / 2.0),
-            width, height};
+    const int width = std::max(1, nearestPixel(rect.width()));
+    const int height = std::max(1, nearestPixel(rect.height()));
+    return {nearestPixel(rect.center().x() - width / 2.0),
+            nearestPixel(rect.center().y() - height / 2.0), width, height};
 }
 
 }

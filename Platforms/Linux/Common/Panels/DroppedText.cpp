@@ -1,5 +1,6 @@
 #include "Panels/DroppedText.hpp"
 
+#include "Files/TextLines.hpp"
 #include "Foundation/FileURL.hpp"
 
 #include <algorithm>
@@ -7,16 +8,8 @@
 namespace vireline::xdg::DroppedText {
 namespace {
 
-constexpr std::string_view blanks = " \t\r";
 constexpr std::string_view fileScheme = "file:";
 constexpr std::string_view withHost = "file://";
-
-std::string_view trimmed(std::string_view line) {
-    const auto first = line.find_first_not_of(blanks);
-    if (first == std::string_view::npos)
-        return {};
-    return line.substr(first, line.find_last_not_of(blanks) + 1 - first);
-}
 
 /// Splits into lines without the empty ones. Some programs end the text with a zero byte.
 std::vector<std::string_view> lines(std::string_view content) {
@@ -24,10 +17,9 @@ std::vector<std::string_view> lines(std::string_view content) {
         content.remove_suffix(1);
     std::vector<std::string_view> found;
     while (!content.empty()) {
-        const auto end = std::min(content.find('\n'), content.size());
-        if (const auto line = trimmed(content.substr(0, end)); !line.empty())
+        const auto line = TextLines::trimmed(TextLines::takeLine(content));
+        if (!line.empty())
             found.push_back(line);
-        content.remove_prefix(std::min(end + 1, content.size()));
     }
     return found;
 }

@@ -15,10 +15,6 @@ namespace {
 constexpr const char* claimMessage = "_VIRELINE_SHOW_SETTINGS";
 constexpr std::uint32_t claimVersion = 1;
 
-bool isOfType(const xcb_generic_event_t& event, std::uint8_t type) {
-    return (event.response_type & 0x7fU) == type;
-}
-
 xcb_window_t makeWindow(const XServer& server) {
     xcb_connection_t* connection = server.connection();
     const xcb_window_t window = xcb_generate_id(connection);
@@ -37,7 +33,7 @@ xcb_timestamp_t serverTime(const XServer& server, xcb_window_t window) {
                         8, 0, nullptr);
     xcb_flush(connection);
     while (const Owned<xcb_generic_event_t> event{xcb_wait_for_event(connection)}) {
-        if (!isOfType(*event, XCB_PROPERTY_NOTIFY))
+        if (eventType(*event) != XCB_PROPERTY_NOTIFY)
             continue;
         xcb_property_notify_event_t change{};
         std::memcpy(&change, event.get(), sizeof change);
@@ -46,19 +42,13 @@ xcb_timestamp_t serverTime(const XServer& server, xcb_window_t window) {
     return XCB_CURRENT_TIME;
 }
 
-xcb_window_t ownerOf(const XServer& server, xcb_atom_t selection) {
-    const Owned<xcb_get_selection_owner_reply_t> reply{xcb_get_selection_owner_reply(
-        server.connection(), xcb_get_selection_owner(server.connection(), selection), nullptr)};
-    return reply ? reply->owner : xcb_window_t{XCB_NONE};
-}
-
 /// Returns the selection's owner; if there was none, `window` becomes the owner. The server is
 /// grabbed between the query and the claim, so two simultaneous starts cannot both find it free.
 xcb_window_t ownerOrTake(const XServer& server, xcb_atom_t selection, xcb_window_t window) {
     xcb_connection_t* connection = server.connection();
     const xcb_timestamp_t time = serverTime(server, window);
     xcb_grab_server(connection);
-    const xcb_window_t owner = ownerOf(server, selection);
+    const xcb_window_t owner = selectionOwner(server.connection(), selection);
     if (owner == XCB_NONE)
         xcb_set_selection_owner(connection, window, selection, time);
     xcb_ungrab_server(connection);
@@ -123,11 +113,11 @@ void SingleInstance::listen() {
 void SingleInstance::readEvents() {
     int claims = 0;
     while (const Owned<xcb_generic_event_t> event{xcb_poll_for_event(server_.connection())}) {
-        if (isOfType(*event, XCB_CLIENT_MESSAGE)) {
+        if (eventType(*event) == XCB_CLIENT_MESSAGE) {
             xcb_client_message_event_t message{};
             std::memcpy(&message, event.get(), sizeof message);
             claims += isClaim(message) ? 1 : 0;
-        } else if (isOfType(*event, XCB_SELECTION_REQUEST)) {
+        } else if (eventType(*event) == XCB_SELECTION_REQUEST) {
             xcb_selection_request_event_t request{};
             std::memcpy(&request, event.get(), sizeof request);
             refuse(request);

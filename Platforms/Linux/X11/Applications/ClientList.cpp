@@ -60,7 +60,7 @@ ClientList::ClientList(X11Connection& connection, RunLoop& runLoop)
 }
 
 void ClientList::handle(const xcb_generic_event_t& event) {
-    switch (event.response_type & 0x7f) {
+    switch (eventType(event)) {
     case XCB_PROPERTY_NOTIFY: {
         const auto change = as<xcb_property_notify_event_t>(event);
         if (change.window == connection_.root()) {

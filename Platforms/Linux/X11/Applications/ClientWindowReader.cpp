@@ -1,10 +1,10 @@
 #include "Applications/ClientWindowReader.hpp"
 
+#include "Applications/Identity/HostName.hpp"
 #include "Applications/Identity/PlainText.hpp"
 #include "Connection/PropertyBatch.hpp"
 #include "Connection/XcbWindows.hpp"
 
-#include <unistd.h>
 #include <xcb/res.h>
 
 #include <algorithm>
@@ -36,12 +36,6 @@ constexpr std::array<std::string_view, 14> types{
 constexpr std::size_t maximumTextBytes = 1024;
 constexpr std::size_t maximumAtomBytes = 256;
 constexpr std::uint32_t allDesktops = 0xffffffff;
-
-std::string ownHostName() {
-    std::array<char, 256> name{};
-    gethostname(name.data(), name.size() - 1);
-    return name.data();
-}
 
 std::string_view firstLabel(std::string_view host) {
     return host.substr(0, host.find('.'));
@@ -76,7 +70,7 @@ struct ClientWindowReader::Requests {
 };
 
 ClientWindowReader::ClientWindowReader(X11Connection& connection)
-    : connection_(connection), hostName_(ownHostName()) {
+    : connection_(connection), hostName_(xdg::HostName::read()) {
     connection_.intern(windowProperties);
     connection_.intern(states);
     connection_.intern(types);

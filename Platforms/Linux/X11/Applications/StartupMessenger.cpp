@@ -59,7 +59,7 @@ void StartupMessenger::broadcast(xdg::StartupMessage message) {
 }
 
 void StartupMessenger::handle(const xcb_generic_event_t& event) {
-    if ((event.response_type & 0x7f) != XCB_CLIENT_MESSAGE)
+    if (eventType(event) != XCB_CLIENT_MESSAGE)
         return;
     xcb_client_message_event_t message{};
     std::memcpy(&message, &event, sizeof message);

@@ -29,8 +29,7 @@ ManagerNotice::ManagerNotice(X11Connection& connection, const WindowReader& read
 }
 
 void ManagerNotice::handle(const xcb_generic_event_t& event) {
-    constexpr std::uint8_t sentFlag = 0x80;
-    const auto kind = event.response_type & ~sentFlag;
+    const auto kind = eventType(event);
     if (kind == XCB_DESTROY_NOTIFY) {
         const auto& destroyed = reinterpret_cast<const xcb_destroy_notify_event_t&>(event);
         if (last_ && destroyed.window == last_->window)

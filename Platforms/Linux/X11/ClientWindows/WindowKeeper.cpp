@@ -105,8 +105,7 @@ void WindowKeeper::request(xcb_window_t window, const WindowSnapshot& now,
 }
 
 void WindowKeeper::handle(const xcb_generic_event_t& event) {
-    constexpr std::uint8_t sentFlag = 0x80;
-    switch (event.response_type & ~sentFlag) {
+    switch (eventType(event)) {
     case XCB_CONFIGURE_NOTIFY:
         noteChange(reinterpret_cast<const xcb_configure_notify_event_t&>(event).window);
         break;

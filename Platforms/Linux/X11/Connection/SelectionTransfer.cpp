@@ -6,11 +6,6 @@
 #include <utility>
 
 namespace vireline::x11 {
-namespace {
-
-constexpr unsigned sentFlag = 0x80;
-
-}
 
 SelectionTransfer::SelectionTransfer(X11Connection& connection, const Request& request, Done done,
                                      std::chrono::milliseconds timeout)
@@ -30,7 +25,7 @@ SelectionTransfer::SelectionTransfer(X11Connection& connection, const Request& r
 }
 
 void SelectionTransfer::handle(const xcb_generic_event_t& event) {
-    switch (event.response_type & ~sentFlag) {
+    switch (eventType(event)) {
     case XCB_SELECTION_NOTIFY:
         answered(reinterpret_cast<const xcb_selection_notify_event_t&>(event));
         break;

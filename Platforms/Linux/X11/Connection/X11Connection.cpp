@@ -50,7 +50,7 @@ std::uint8_t opcodeOf(xcb_connection_t* connection, std::string_view extension) 
 /// The time of a button or key press; nullopt for other events.
 std::optional<xcb_timestamp_t> pressTime(const xcb_generic_event_t& event,
                                          std::uint8_t inputExtension) {
-    const int type = event.response_type & 0x7f;
+    const int type = eventType(event);
     if (type == XCB_BUTTON_PRESS || type == XCB_KEY_PRESS) {
         xcb_button_press_event_t press{};
         std::memcpy(&press, &event, sizeof press);

@@ -3,6 +3,7 @@
 /// queries about it then simply have no result.
 #pragma once
 
+#include "Connection/XcbHandles.hpp"
 #include "Foundation/CallbackList.hpp"
 #include "Foundation/NonCopyable.hpp"
 
@@ -21,17 +22,6 @@
 #include <vector>
 
 namespace vireline::x11 {
-
-struct Freed {
-    void operator()(void* memory) const noexcept {
-        // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): xcb hands out malloc'ed memory
-        std::free(memory);
-    }
-};
-
-/// Owns a reply or an error of an xcb call.
-template <class T>
-using Owned = std::unique_ptr<T, Freed>;
 
 class X11Connection : private QAbstractNativeEventFilter, private NonCopyable {
 public:

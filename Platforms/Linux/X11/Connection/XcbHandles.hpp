@@ -3,6 +3,8 @@
 
 #include <xcb/xcb.h>
 
+#include <cstdint>
+#include <cstdlib>
 #include <memory>
 
 namespace vireline::x11 {
@@ -13,6 +15,30 @@ struct Disconnect {
 
 /// A connection of our own. Even one that failed is an object that must be given back.
 using OwnConnection = std::unique_ptr<xcb_connection_t, Disconnect>;
+
+struct Freed {
+    void operator()(void* memory) const noexcept {
+        // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): xcb hands out malloc'ed memory
+        std::free(memory);
+    }
+};
+
+/// Owns a reply or an error of an xcb call.
+template <class T>
+using Owned = std::unique_ptr<T, Freed>;
+
+/// The event's type without the flag of events that another client has sent.
+[[nodiscard]] constexpr std::uint8_t eventType(const xcb_generic_event_t& event) noexcept {
+    return event.response_type & 0x7fU;
+}
+
+/// XCB_NONE if nobody owns the selection, or the server is gone.
+[[nodiscard]] inline xcb_window_t selectionOwner(xcb_connection_t* connection,
+                                                 xcb_atom_t selection) {
+    const Owned<xcb_get_selection_owner_reply_t> reply{xcb_get_selection_owner_reply(
+        connection, xcb_get_selection_owner(connection, selection), nullptr)};
+    return reply ? reply->owner : xcb_window_t{XCB_NONE};
+}
 
 /// The root window of a screen by its number.
 [[nodiscard]] inline xcb_window_t rootOf(xcb_connection_t* connection, int screenNumber) {

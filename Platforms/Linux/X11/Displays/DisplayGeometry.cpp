@@ -1,17 +1,14 @@
 #include "Displays/DisplayGeometry.hpp"
 
+#include "Painting/NearestPixel.hpp"
+
 #include <algorithm>
 #include <cmath>
 
 namespace vireline::x11::DisplayGeometry {
 namespace {
 
-/// Rounds halves up wherever the display lies, so that moving a display by whole pixels moves
-/// everything on it by the same amount. Clamped to 16 bits, the range of X11 coordinates.
-int nearest(double edge) {
-    constexpr double reach = 32767;
-    return static_cast<int>(std::clamp(std::floor(edge + 0.5), -reach, reach));
-}
+using xdg::nearestPixel;
 
 double squaredDistance(Point point, const Rect& rect) {
     const double across = std::max({rect.minX() - point.x, 0.0, point.x - rect.maxX()});
@@ -41,10 +38,10 @@ Rect toPoints(const Display& display, const PixelRect& pixels) {
 
 PixelRect toPixels(const Display& display, const Rect& global) {
     const auto column = [&](double x) {
-        return display.pixels.x + nearest((x - display.origin.x) * display.scale);
+        return display.pixels.x + nearestPixel((x - display.origin.x) * display.scale);
     };
     const auto row = [&](double y) {
-        return display.pixels.bottom() + nearest((display.origin.y - y) * display.scale);
+        return display.pixels.bottom() + nearestPixel((display.origin.y - y) * display.scale);
     };
     const int left = column(global.minX());
     const int top = row(global.maxY());

@@ -126,8 +126,7 @@ void RandrScreens::watchScale(QScreen* screen) {
 }
 
 void RandrScreens::handle(const xcb_generic_event_t& event) {
-    constexpr std::uint8_t sentFlag = 0x80;
-    const int kind = event.response_type & ~sentFlag;
+    const int kind = eventType(event);
     const bool isRandr =
         monitorsAreListed_ && (kind == firstRandrEvent_ + XCB_RANDR_NOTIFY ||
                                kind == firstRandrEvent_ + XCB_RANDR_SCREEN_CHANGE_NOTIFY);
@@ -137,8 +136,7 @@ void RandrScreens::handle(const xcb_generic_event_t& event) {
 
 /// A change of user-defined monitors is only announced by a ConfigureNotify on the root window.
 bool RandrScreens::isScreenReconfigured(const xcb_generic_event_t& event) const {
-    constexpr std::uint8_t sentFlag = 0x80;
-    return (event.response_type & ~sentFlag) == XCB_CONFIGURE_NOTIFY &&
+    return eventType(event) == XCB_CONFIGURE_NOTIFY &&
            reinterpret_cast<const xcb_configure_notify_event_t&>(event).window ==
                connection_.root();
 }

@@ -192,8 +192,7 @@ bool StrutWindows::isRelevantMapChange(xcb_window_t reporter, xcb_window_t windo
 }
 
 bool StrutWindows::concerns(const xcb_generic_event_t& event) const {
-    constexpr std::uint8_t sentFlag = 0x80;
-    switch (event.response_type & ~sentFlag) {
+    switch (eventType(event)) {
     case XCB_PROPERTY_NOTIFY: {
         const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
         if (change.window == connection_.root())

@@ -57,8 +57,7 @@ void DesktopWatch::watchWindowManager() {
 }
 
 void DesktopWatch::handle(const xcb_generic_event_t& event) {
-    constexpr std::uint8_t sentFlag = 0x80;
-    const auto kind = static_cast<std::uint8_t>(event.response_type & ~sentFlag);
+    const auto kind = eventType(event);
     if (kind == XCB_PROPERTY_NOTIFY) {
         const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
         if (change.window != connection_.root())
@@ -87,11 +86,7 @@ void DesktopWatch::handle(const xcb_generic_event_t& event) {
 }
 
 DesktopOffer DesktopWatch::read() const {
-    const Owned<xcb_get_selection_owner_reply_t> owner{xcb_get_selection_owner_reply(
-        connection_.get(),
-        xcb_get_selection_owner(connection_.get(), connection_.atom(compositorSelection_)),
-        nullptr)};
-    if (!owner || owner->owner == XCB_NONE)
+    if (selectionOwner(connection_.get(), connection_.atom(compositorSelection_)) == XCB_NONE)
         return {};
     return {.isComposited = true, .blursBehind = announcesBlur()};
 }

@@ -194,7 +194,7 @@ bool QtPanelWindow::nativeEvent(const QByteArray& type, void* message, qintptr* 
     const auto& event = *static_cast<const xcb_generic_event_t*>(message);
     if (pointer_.handle(event))
         return true;
-    return (event.response_type & 0x7fU) == XCB_CLIENT_MESSAGE &&
+    return eventType(event) == XCB_CLIENT_MESSAGE &&
            drops_->handle(reinterpret_cast<const xcb_client_message_event_t&>(event));
 }
 

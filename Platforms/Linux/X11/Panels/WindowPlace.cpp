@@ -14,6 +14,10 @@ namespace {
 /// Wait between corrections, so that events from before a correction do not trigger further ones.
 constexpr std::chrono::milliseconds placingPause{100};
 
+/// How many pauses a correction may go unanswered before it counts as refused. A busy window
+/// manager answers late; some never answer when they refuse.
+constexpr int patientPauses = 3;
+
 /// How long a move may take; longer than any window manager that carries it out needs.
 constexpr std::chrono::milliseconds arrivalTime{500};
 
@@ -48,19 +52,20 @@ void WindowPlace::startOver() {
 /// The event's position may be relative to the window manager's frame or be out of date, so the
 /// actual position is queried.
 bool WindowPlace::handle(const xcb_generic_event_t& event) {
-    constexpr std::uint8_t sentFlag = 0x80;
-    switch (event.response_type & ~sentFlag) {
+    switch (eventType(event)) {
     case XCB_CONFIGURE_NOTIFY: {
         const auto& change = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
         if (change.window != window_)
             return false;
         const PixelRect told{change.x, change.y, change.width, change.height};
+        isAnswered_ = true;
         found(told == asked_ ? told : now());
         return true;
     }
     case XCB_REPARENT_NOTIFY:
         if (reinterpret_cast<const xcb_reparent_notify_event_t&>(event).window != window_)
             return false;
+        isAnswered_ = true;
         found(now());
         return true;
     default:
@@ -92,6 +97,10 @@ void WindowPlace::look() {
 void WindowPlace::correct() {
     if (!asked_ || !actual_ || *actual_ == *asked_ || hasGivenUp_)
         return;
+    if (mayStillAnswer()) {
+        pause_.start();
+        return;
+    }
     if (!corrections_.take(CorrectionBudget::Time::clock::now())) {
         hasGivenUp_ = true;
         DevLog::write("dock does not stay in place #" + std::to_string(displayID_));
@@ -102,7 +111,13 @@ void WindowPlace::correct() {
     // Qt may have set its own hints in the meantime, with increments that do not fit the size.
     DockHints::applySizeHints(connection_, window_);
     send(*asked_);
+    isAnswered_ = false;
+    silentPauses_ = 0;
     pause_.start();
+}
+
+bool WindowPlace::mayStillAnswer() {
+    return !isAnswered_ && ++silentPauses_ < patientPauses;
 }
 
 void WindowPlace::send(const PixelRect& place) const {

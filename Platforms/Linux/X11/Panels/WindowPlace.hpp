@@ -57,6 +57,8 @@ private:
     void look();
     void found(const std::optional<PixelRect>& place);
     void correct();
+    /// Whether to wait for another pause instead of correcting again.
+    [[nodiscard]] bool mayStillAnswer();
     void send(const PixelRect& place) const;
     [[nodiscard]] std::optional<PixelRect> now() const;
 
@@ -69,6 +71,9 @@ private:
     bool isUnderWay_ = false;
     bool hasGivenUp_ = false;
     CorrectionBudget corrections_;
+    /// Whether anything has been reported since the last correction.
+    bool isAnswered_ = true;
+    int silentPauses_ = 0;
     /// Runs while a correction may still be under way.
     QTimer pause_;
     /// Runs until a requested move should have happened.

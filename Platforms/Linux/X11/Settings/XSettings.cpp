@@ -112,11 +112,7 @@ std::string selection(const X11Connection& connection) {
 }
 
 xcb_window_t owner(const X11Connection& connection) {
-    const Owned<xcb_get_selection_owner_reply_t> owner{xcb_get_selection_owner_reply(
-        connection.get(),
-        xcb_get_selection_owner(connection.get(), connection.atom(selection(connection))),
-        nullptr)};
-    return owner ? owner->owner : xcb_window_t{XCB_NONE};
+    return selectionOwner(connection.get(), connection.atom(selection(connection)));
 }
 
 xdg::DesktopSettings read(const X11Connection& connection) {

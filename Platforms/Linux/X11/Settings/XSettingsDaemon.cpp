@@ -20,8 +20,7 @@ xdg::DesktopSettings XSettingsDaemon::read() const {
 }
 
 void XSettingsDaemon::handle(const xcb_generic_event_t& event) {
-    constexpr std::uint8_t sentFlag = 0x80;
-    switch (event.response_type & ~sentFlag) {
+    switch (eventType(event)) {
     case XCB_PROPERTY_NOTIFY:
         if (window_ != XCB_NONE &&
             reinterpret_cast<const xcb_property_notify_event_t&>(event).window == window_)

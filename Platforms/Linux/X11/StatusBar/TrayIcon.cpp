@@ -119,7 +119,7 @@ void TrayIcon::dock() {
 }
 
 void TrayIcon::handle(const xcb_generic_event_t& event) {
-    switch (event.response_type & 0x7fU) {
+    switch (eventType(event)) {
     case XCB_EXPOSE:
         if (reinterpret_cast<const xcb_expose_event_t&>(event).window == window_)
             paint();

@@ -21,7 +21,7 @@ std::unique_ptr<xdg::SystemTray::Icon> TrayManager::makeIcon(const std::string& 
 }
 
 void TrayManager::handle(const xcb_generic_event_t& event) {
-    const auto type = event.response_type & 0x7fU;
+    const auto type = eventType(event);
     if (type == XCB_CLIENT_MESSAGE) {
         const auto& message = reinterpret_cast<const xcb_client_message_event_t&>(event);
         if (message.type == connection_.atom("MANAGER") && message.format == 32 &&
@@ -35,17 +35,11 @@ void TrayManager::handle(const xcb_generic_event_t& event) {
 }
 
 void TrayManager::look() {
-    const xcb_window_t found = owner();
+    const xcb_window_t found = selectionOwner(connection_.get(), selection_);
     // Selected before observers are told, so that the end of the tray cannot be missed.
     if (found != XCB_NONE)
         connection_.selectInput(found, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     window_.set(found);
-}
-
-xcb_window_t TrayManager::owner() const {
-    const Owned<xcb_get_selection_owner_reply_t> reply{xcb_get_selection_owner_reply(
-        connection_.get(), xcb_get_selection_owner(connection_.get(), selection_), nullptr)};
-    return reply ? reply->owner : xcb_window_t{XCB_NONE};
 }
 
 }

@@ -31,7 +31,6 @@ public:
 private:
     void handle(const xcb_generic_event_t& event);
     void look();
-    [[nodiscard]] xcb_window_t owner() const;
 
     X11Connection& connection_;
     xcb_atom_t selection_;

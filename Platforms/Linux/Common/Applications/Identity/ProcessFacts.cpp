@@ -2,6 +2,7 @@
 
 #include "Applications/Identity/PlainText.hpp"
 #include "Files/BoundedFile.hpp"
+#include "Files/TextLines.hpp"
 
 #include <unistd.h>
 
@@ -81,9 +82,7 @@ void addControlGroup(ProcessFacts& facts, std::string_view text) {
 std::string flatpakIDIn(std::string_view text) {
     bool isInGroup = false;
     while (!text.empty()) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
-        const std::string_view line = text.substr(0, end);
-        text.remove_prefix(std::min(end + 1, text.size()));
+        const std::string_view line = TextLines::takeLine(text);
         constexpr std::string_view key = "name=";
         if (line.starts_with('['))
             isInGroup = line == "[Application]";

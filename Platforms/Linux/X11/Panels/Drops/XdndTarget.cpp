@@ -1,10 +1,9 @@
 #include "Panels/Drops/XdndTarget.hpp"
 
+#include "Applications/Identity/HostName.hpp"
 #include "Connection/X11Connection.hpp"
 #include "Foundation/DevLog.hpp"
 #include "Panels/DroppedText.hpp"
-
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -27,11 +26,6 @@ constexpr std::array<std::string_view, 9> atomNames{
     "XdndAware",      "XdndEnter",      "XdndPosition",  "XdndLeave",      "XdndDrop",
     "XdndActionCopy", "XdndActionMove", "XdndActionAsk", "XdndActionList",
 };
-
-std::string hostName() {
-    std::array<char, 256> name{};
-    return gethostname(name.data(), name.size() - 1) == 0 ? name.data() : "";
-}
 
 bool isThere(const X11Connection& connection, xcb_window_t window) {
     const Owned<xcb_get_geometry_reply_t> geometry{xcb_get_geometry_reply(
@@ -94,7 +88,7 @@ void XdndTarget::enter(const xcb_client_message_event_t& message) {
     if (!isThere(connection_, source))
         return;
     sourceEvents_ = connection_.observe([this, source](const xcb_generic_event_t& event) {
-        if ((event.response_type & 0x7fU) == XCB_DESTROY_NOTIFY &&
+        if (eventType(event) == XCB_DESTROY_NOTIFY &&
             reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window == source)
             leave();
     });
@@ -152,7 +146,7 @@ void XdndTarget::ask(Drag& drag, xcb_timestamp_t time) {
 void XdndTarget::answered(Drag& drag, const Result<std::string>& content) {
     if (content) {
         drag.content = Content::told;
-        listener_.dragEntered(xdg::DroppedText::urls(drag.format, *content, hostName()));
+        listener_.dragEntered(xdg::DroppedText::urls(drag.format, *content, xdg::HostName::read()));
     } else {
         drag.content = Content::refused;
         DevLog::write("drag refused: " + content.error().description);

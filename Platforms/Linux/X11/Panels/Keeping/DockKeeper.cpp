@@ -73,8 +73,7 @@ void DockKeeper::handle(const xcb_generic_event_t& event) {
 }
 
 bool DockKeeper::mayBeManaged(const xcb_generic_event_t& event) const {
-    constexpr std::uint8_t sentFlag = 0x80;
-    switch (event.response_type & ~sentFlag) {
+    switch (eventType(event)) {
     case XCB_MAP_NOTIFY:
         return reinterpret_cast<const xcb_map_notify_event_t&>(event).window == window_;
     case XCB_REPARENT_NOTIFY:
@@ -85,8 +84,7 @@ bool DockKeeper::mayBeManaged(const xcb_generic_event_t& event) const {
 }
 
 bool DockKeeper::mayBeCovered(const xcb_generic_event_t& event) const {
-    constexpr std::uint8_t sentFlag = 0x80;
-    if ((event.response_type & ~sentFlag) != XCB_PROPERTY_NOTIFY)
+    if (eventType(event) != XCB_PROPERTY_NOTIFY)
         return false;
     const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
     return change.window == context_.connection.root() &&

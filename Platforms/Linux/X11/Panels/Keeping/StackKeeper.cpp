@@ -47,9 +47,8 @@ void StackKeeper::handle(const xcb_generic_event_t& event) {
 }
 
 bool StackKeeper::concerns(const xcb_generic_event_t& event) const {
-    constexpr std::uint8_t sentFlag = 0x80;
     const xcb_window_t root = connection_.root();
-    switch (event.response_type & ~sentFlag) {
+    switch (eventType(event)) {
     case XCB_MAP_NOTIFY:
         return reinterpret_cast<const xcb_map_notify_event_t&>(event).event == root;
     case XCB_UNMAP_NOTIFY:

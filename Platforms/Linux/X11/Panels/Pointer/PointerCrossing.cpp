@@ -10,7 +10,7 @@ namespace vireline::x11 {
 
 std::optional<PointerCrossing> PointerCrossing::of(const xcb_generic_event_t& event,
                                                    const X11Connection& connection) {
-    const int type = event.response_type & 0x7f;
+    const int type = eventType(event);
     if (type == XCB_ENTER_NOTIFY || type == XCB_LEAVE_NOTIFY) {
         xcb_enter_notify_event_t crossing{};
         std::memcpy(&crossing, &event, sizeof crossing);

@@ -47,7 +47,7 @@ bool PointerGrid::watches(QPoint pixel) const {
 }
 
 void PointerGrid::handle(const xcb_generic_event_t& event) const {
-    if ((event.response_type & 0x7f) != XCB_ENTER_NOTIFY)
+    if (eventType(event) != XCB_ENTER_NOTIFY)
         return;
     xcb_enter_notify_event_t crossing{};
     std::memcpy(&crossing, &event, sizeof crossing);
