@@ -110,51 +110,52 @@ TEST_F(Elements, AreRestoredRaisedAndTheirAppActivated) {
         << "the app itself is not running on paper";
     window.error = kAXErrorFailure;
     EXPECT_EQ(port.bringForward(*open->at(1).element).error().code, kAXErrorFailure);
+}
 
-    TEST_F(Elements, AreNotAskedWhereTheSystemMakesNone) {
-        paper::makeNoElements(true);
-        const auto none = port.application(501, "com.example.Notes");
-        paper::makeNoElements(false);
-        port.setMessagingTimeout(*none, 0.25F);
-        EXPECT_EQ(port.mainWindow(*none).error().code, kAXErrorIllegalArgument);
-        EXPECT_EQ(port.windows(*none).error().code, kAXErrorIllegalArgument);
-        EXPECT_EQ(port.setPosition(*none, {}).error().code, kAXErrorIllegalArgument);
-        EXPECT_EQ(paper::foreignApps()[501].questions, 0);
-    }
+TEST_F(Elements, AreNotAskedWhereTheSystemMakesNone) {
+    paper::makeNoElements(true);
+    const auto none = port.application(501, "com.example.Notes");
+    paper::makeNoElements(false);
+    port.setMessagingTimeout(*none, 0.25F);
+    EXPECT_EQ(port.mainWindow(*none).error().code, kAXErrorIllegalArgument);
+    EXPECT_EQ(port.windows(*none).error().code, kAXErrorIllegalArgument);
+    EXPECT_EQ(port.setPosition(*none, {}).error().code, kAXErrorIllegalArgument);
+    EXPECT_EQ(paper::foreignApps()[501].questions, 0);
+}
 
-    TEST_F(Elements, WaitNoLongerThanTold) {
-        paper::foreignApps()[501].isHung = true;
-        port.setMessagingTimeout(*app, 0.25F);
-        const double before = paper::now();
-        EXPECT_FALSE(port.mainWindow(*app));
-        EXPECT_DOUBLE_EQ(paper::now() - before, 0.25);
-    }
+TEST_F(Elements, WaitNoLongerThanTold) {
+    paper::foreignApps()[501].isHung = true;
+    port.setMessagingTimeout(*app, 0.25F);
+    const double before = paper::now();
+    EXPECT_FALSE(port.mainWindow(*app));
+    EXPECT_DOUBLE_EQ(paper::now() - before, 0.25);
+}
 
-    TEST_F(Elements, CanBeMovedOnEveryDesktopSoThatNothingIsEverAnnounced) {
-        int announced = 0;
-        const Subscription subscription = port.observeManager([&] { ++announced; });
-        EXPECT_TRUE(port.canMoveWindows());
-        paper::setTrusted(false);
-        paper::advance(5);
-        EXPECT_TRUE(port.canMoveWindows()) << "the permission is another matter";
-        EXPECT_FALSE(port.isTrusted());
-        paper::setTrusted(true);
-        paper::advance(5);
-        EXPECT_TRUE(port.isTrusted());
-        EXPECT_EQ(announced, 0);
-    }
+TEST_F(Elements, CanBeMovedOnEveryDesktopSoThatNothingIsEverAnnounced) {
+    int announced = 0;
+    const Subscription subscription = port.observeManager([&] { ++announced; });
+    EXPECT_TRUE(port.canMoveWindows());
+    paper::setTrusted(false);
+    paper::advance(5);
+    EXPECT_TRUE(port.canMoveWindows()) << "the permission is another matter";
+    EXPECT_FALSE(port.isTrusted());
+    paper::setTrusted(true);
+    paper::advance(5);
+    EXPECT_TRUE(port.isTrusted());
+    EXPECT_EQ(announced, 0);
+}
 
-    TEST_F(Elements, AreForThoseThatTheUserTrusts) {
-        paper::requests().clear();
-        EXPECT_TRUE(port.isTrusted());
-        paper::setTrusted(false);
-        EXPECT_FALSE(port.isTrusted());
-        EXPECT_TRUE(paper::requests().empty());
-        @autoreleasepool {
-            EXPECT_FALSE(port.isTrustedWithPrompt());
-        }
-        EXPECT_EQ(paper::requests(), std::vector<std::string>{"ask for the permission"});
-        EXPECT_TRUE(port.canMoveWindows());
+TEST_F(Elements, AreForThoseThatTheUserTrusts) {
+    paper::requests().clear();
+    EXPECT_TRUE(port.isTrusted());
+    paper::setTrusted(false);
+    EXPECT_FALSE(port.isTrusted());
+    EXPECT_TRUE(paper::requests().empty());
+    @autoreleasepool {
+        EXPECT_FALSE(port.isTrustedWithPrompt());
     }
+    EXPECT_EQ(paper::requests(), std::vector<std::string>{"ask for the permission"});
+    EXPECT_TRUE(port.canMoveWindows());
+}
 }
 }
