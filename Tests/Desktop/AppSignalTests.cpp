@@ -157,7 +157,7 @@ TEST_F(AppSignals, AreToldToScreenReaders) {
     const Announcer announcer{address()};
     const auto description = [&](const std::string& name) {
         const auto tree = desktop().controls();
-        const auto tile = tree.find(Role::pushButton, name);
+        const auto tile = tree.find(AccessibleRole::pushButton, name);
         return tile ? tree.description(*tile) : std::string{};
     };
     ASSERT_TRUE(eventually([&] { return description("Alpha") == "not running"; }));
