@@ -28,8 +28,8 @@ struct TileLook {
     bool wasDropTargeted = false;
     bool wasBeingDragged = false;
     /// The text of its badge; empty for none.
-    std::string badge;
-    std::optional<double> progress;
+    std::string badge = {};
+    std::optional<double> progress = {};
     bool wantsAttention = false;
     /// It has just begun to want attention.
     bool isBobbing = false;

@@ -6,7 +6,7 @@
 namespace vireline {
 namespace {
 
-using Apps = std::set<std::string>;
+using AppNames = std::set<std::string>;
 
 struct TileSignalsTest : testing::Test {
     TileSignalsTest() {
@@ -14,8 +14,8 @@ struct TileSignalsTest : testing::Test {
         signals.start();
     }
 
-    [[nodiscard]] const Apps& marked() const { return dock.model.marked.get(); }
-    [[nodiscard]] const Apps& bobbing() const { return dock.model.bobbing.get(); }
+    [[nodiscard]] const AppNames& marked() const { return dock.model.marked.get(); }
+    [[nodiscard]] const AppNames& bobbing() const { return dock.model.bobbing.get(); }
 
     test::DockFixture dock;
     test::FakePlatform& platform = dock.platform;
@@ -51,42 +51,42 @@ TEST_F(TileSignalsTest, AFloodOfAnnouncementsChangesTheModelEvery16MillisecondsA
 // Behaviour: attention-1
 TEST_F(TileSignalsTest, AnAppThatDemandsAttentionIsMarkedUntilItIsActiveAndBobsThreeTimes) {
     platform.running.demandAttention({.demanding = {"u0"}, .active = "u1"});
-    EXPECT_EQ(marked(), Apps{"u0"});
-    EXPECT_EQ(bobbing(), Apps{"u0"});
+    EXPECT_EQ(marked(), AppNames{"u0"});
+    EXPECT_EQ(bobbing(), AppNames{"u0"});
 
     platform.runLoop.advance(1.79);
-    EXPECT_EQ(bobbing(), Apps{"u0"});
+    EXPECT_EQ(bobbing(), AppNames{"u0"});
     platform.runLoop.advance(0.02);
-    EXPECT_EQ(bobbing(), Apps{});
-    EXPECT_EQ(marked(), Apps{"u0"});
+    EXPECT_EQ(bobbing(), AppNames{});
+    EXPECT_EQ(marked(), AppNames{"u0"});
 
     platform.running.demandAttention({.demanding = {}, .active = "u1"});
-    EXPECT_EQ(marked(), Apps{"u0"}) << "it has not been active";
+    EXPECT_EQ(marked(), AppNames{"u0"}) << "it has not been active";
     platform.running.demandAttention({.demanding = {}, .active = "u0"});
-    EXPECT_EQ(marked(), Apps{});
+    EXPECT_EQ(marked(), AppNames{});
     EXPECT_EQ(platform.runLoop.pendingTimers(), 0);
 }
 
 TEST_F(TileSignalsTest, AnUrgentAppIsMarkedLikeOneWhoseWindowDemandsAttention) {
     platform.announcements.announce("u0", {.isUrgent = true});
-    EXPECT_EQ(marked(), Apps{"u0"});
+    EXPECT_EQ(marked(), AppNames{"u0"});
 
     platform.running.demandAttention({.demanding = {}, .active = "u0"});
-    EXPECT_EQ(marked(), Apps{});
-    EXPECT_EQ(bobbing(), Apps{});
+    EXPECT_EQ(marked(), AppNames{});
+    EXPECT_EQ(bobbing(), AppNames{});
     platform.running.demandAttention({.demanding = {}, .active = "u1"});
-    EXPECT_EQ(marked(), Apps{}) << "it has been heard";
+    EXPECT_EQ(marked(), AppNames{}) << "it has been heard";
 }
 
 // Behaviour: attention-2
 TEST_F(TileSignalsTest, TheActiveAppIsNotMarkedAndNeitherIsOneThatHasEnded) {
     platform.running.demandAttention({.demanding = {"u0"}, .active = "u0"});
-    EXPECT_EQ(marked(), Apps{});
+    EXPECT_EQ(marked(), AppNames{});
 
     platform.running.demandAttention({.demanding = {"u1"}, .active = "u0"});
-    EXPECT_EQ(marked(), Apps{"u1"});
+    EXPECT_EQ(marked(), AppNames{"u1"});
     dock.setTiles(2, 1);
-    EXPECT_EQ(marked(), Apps{});
+    EXPECT_EQ(marked(), AppNames{});
     EXPECT_EQ(platform.runLoop.pendingTimers(), 0);
 }
 
