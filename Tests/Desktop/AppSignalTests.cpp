@@ -110,7 +110,7 @@ TEST_F(AppSignals, WhatIsAnnouncedAboutNoInstalledAppOrIsNonsenseShowsNothing) {
 TEST_F(AppSignals, AFloodCostsNeitherMemoryNorTheDocksResponse) {
     runExpanded();
     const Announcer announcer{address()};
-    announcer.announce(alpha.id, "{'progress': <0.1>, 'progress-visible': <true>}");
+    announcer.announce(alpha.id, "{'progress': <0.5>, 'progress-visible': <true>}");
     ASSERT_TRUE(shows(progressFill));
     const auto pid = desktop().vireline().pid();
     const long before = kilobytes(pid, "Pss:");
