@@ -66,6 +66,7 @@ public:
     /// Empty where the system does not tell.
     [[nodiscard]] virtual AppAttention attention() const { return {}; }
     /// Calls `handler` when the result of `attention` has changed.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): implementations keep it
     [[nodiscard]] virtual Subscription observeAttention(std::function<void()> /*handler*/) {
         return {};
     }

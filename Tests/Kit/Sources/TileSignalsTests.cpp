@@ -12,6 +12,7 @@ struct TileSignalsTest : testing::Test {
     TileSignalsTest() {
         dock.setTiles(2, 2);
         signals.start();
+        platform.runLoop.advance(1);
     }
 
     [[nodiscard]] const AppNames& marked() const { return dock.model.marked.get(); }

@@ -122,8 +122,8 @@ TEST_F(Scenes, ShowWhatAppsSignal) {
         EXPECT_EQ(backgroundOf(view(2)), "label");
         NSView* const done = view(2).subviews.firstObject;
         EXPECT_EQ(backgroundOf(done), "systemOrange");
-        EXPECT_DOUBLE_EQ(done.frame.size.width, 21) << "a circle, and half of what is left";
-        EXPECT_DOUBLE_EQ(done.frame.size.height, 4);
+        EXPECT_DOUBLE_EQ(done.frame.size.width, 22) << "a circle, and half of what is left";
+        EXPECT_DOUBLE_EQ(done.frame.size.height, 5);
     }
 }
 

@@ -92,7 +92,9 @@ private:
 class BusAnnouncements::Connection : private NonCopyable {
 public:
     Connection(SessionBus::Connection bus, std::shared_ptr<Mailbox> mailbox)
-        : bus_(std::move(bus)), mailbox_(std::move(mailbox)) {
+        : bus_(std::move(bus)), mailbox_(std::move(mailbox)) {}
+
+    void start() {
         filter_ = g_dbus_connection_add_filter(bus_.get(), filter, handle(), deleteHandle);
         // The filter takes the signals; this only makes the bus send them.
         signals_ = g_dbus_connection_signal_subscribe(
@@ -183,8 +185,11 @@ BusAnnouncements::BusAnnouncements(const DesktopEntryCatalog& catalog)
             connection_->watch(sender);
     };
     SessionBus::connect([this, weak = std::weak_ptr{mailbox_}](Result<SessionBus::Connection> bus) {
-        if (const auto alive = weak.lock(); alive && bus)
-            connection_ = std::make_shared<Connection>(*std::move(bus), alive);
+        const auto alive = weak.lock();
+        if (!alive || !bus)
+            return;
+        connection_ = std::make_shared<Connection>(*std::move(bus), alive);
+        connection_->start();
     });
 }
 
