@@ -25,13 +25,17 @@ Picture::Picture(int width, int height, Colour colour)
     , pixels_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), colour) {}
 
 Picture Picture::ofScreen(const XClient& client, const PixelRect& area) {
+    return ofWindow(client, client.root(), area);
+}
+
+Picture Picture::ofWindow(const XClient& client, xcb_window_t window, const PixelRect& area) {
     const auto cookie = xcb_get_image(
-        client.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, client.root(), static_cast<std::int16_t>(area.x),
+        client.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, window, static_cast<std::int16_t>(area.x),
         static_cast<std::int16_t>(area.y), static_cast<std::uint16_t>(area.width),
         static_cast<std::uint16_t>(area.height), ~0U);
     const Owned<xcb_get_image_reply_t> reply{xcb_get_image_reply(client.get(), cookie, nullptr)};
     if (!reply)
-        throw std::runtime_error{"the X server gives no picture of that part of the screen"};
+        throw std::runtime_error{"the X server gives no picture of that area"};
     Picture picture{area.width, area.height, {}};
     std::vector<std::uint32_t> pixels(picture.pixels_.size());
     const auto bytes = static_cast<std::size_t>(xcb_get_image_data_length(reply.get()));

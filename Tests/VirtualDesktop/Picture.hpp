@@ -18,6 +18,9 @@ public:
     /// What the screen shows in `area`. Throws if that is not on the screen.
     [[nodiscard]] static Picture ofScreen(const XClient& client, const PixelRect& area);
     [[nodiscard]] static Picture ofScreen(const XClient& client);
+    /// In the window's own coordinates, and as the program has painted it if it is composited.
+    [[nodiscard]] static Picture ofWindow(const XClient& client, xcb_window_t window,
+                                          const PixelRect& area);
 
     [[nodiscard]] int width() const noexcept { return width_; }
     [[nodiscard]] int height() const noexcept { return height_; }

@@ -199,6 +199,17 @@ void VirtualDesktop::startWindowManager(const ManagerOptions& options) {
     // Some managers start with a monitor layout of their own.
     if (hasOutputs_)
         setOutputs(*client_, displays_.monitors);
+    if (manager_ == Manager::bspwm)
+        requireDesktops();
+}
+
+/// bspwm sets up desktops monitor by monitor, and may forget a window that appears before that.
+void VirtualDesktop::requireDesktops() {
+    const std::vector wanted{static_cast<std::uint32_t>(2 * displays_.monitors.size())};
+    require(eventually([&] {
+                return client_->words(client_->root(), "_NET_NUMBER_OF_DESKTOPS") == wanted;
+            }),
+            "the window manager's desktops");
 }
 
 /// Uses a separate bus, so that the program sees only what it is given of a session.

@@ -171,6 +171,7 @@ private:
     [[nodiscard]] Environment managerEnvironment();
     void startWindowManager(const ManagerOptions& options);
     void requireCompositor() const;
+    void requireDesktops();
 
     Programs programs_;
     Home home_;
