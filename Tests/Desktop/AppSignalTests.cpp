@@ -23,6 +23,9 @@ protected:
             desktop.home().install(app);
         desktop.home().pin(apps);
         desktop.home().writePreferences(R"({"onboardingCompleted": true)" + preferences + "}");
+        // A sanitized program would keep what it has freed.
+        desktop.environment()["ASAN_OPTIONS"] +=
+            ":quarantine_size_mb=0:thread_local_quarantine_size_kb=0";
         desktop.runVireline();
         const BusClient bus{address()};
         ASSERT_TRUE(eventually([&] { return bus.hasOwner("com.canonical.Unity"); }));
@@ -113,14 +116,19 @@ TEST_F(AppSignals, AFloodCostsNeitherMemoryNorTheDocksResponse) {
     announcer.announce(alpha.id, "{'progress': <0.5>, 'progress-visible': <true>}");
     ASSERT_TRUE(shows(progressFill));
     const auto pid = desktop().vireline().pid();
+    const auto flood = [&] {
+        constexpr int rounds = 30'000;
+        for (int i = 0; i < rounds; ++i) {
+            announcer.announceSoon(alpha.id,
+                                   "{'progress': <" + std::to_string(i / double{rounds}) + ">}");
+            if (i % 1000 == 0)
+                announcer.announce(alpha.id, "{'urgent': <false>}");
+        }
+    };
+    // What the first flood takes, such as for buffers, is kept.
+    flood();
     const long before = kilobytes(pid, "Pss:");
-    constexpr int rounds = 30'000;
-    for (int i = 0; i < rounds; ++i) {
-        announcer.announceSoon(alpha.id,
-                               "{'progress': <" + std::to_string(i / double{rounds}) + ">}");
-        if (i % 1000 == 0)
-            announcer.announce(alpha.id, "{'urgent': <false>}");
-    }
+    flood();
     announcer.announce(alpha.id, "{'progress-visible': <false>, 'count': <int64 1>, "
                                  "'count-visible': <true>}");
     EXPECT_TRUE(shows(badge));
