@@ -50,6 +50,11 @@ Overhang overhangOf(const PanelSpec& spec, const PanelPlanner::Request& request)
 
 }
 
+std::uint32_t Displays::idOf(const XClient& client, const std::string& monitor) const {
+    const auto found = ids.find(monitor);
+    return found == ids.end() ? displayID(client, monitor) : found->second;
+}
+
 double Displays::scale(const std::string& monitor) const {
     const auto found = scales.find(monitor);
     return found == scales.end() ? 1 : found->second;
@@ -59,7 +64,7 @@ std::vector<ScreenSnapshot> Displays::snapshots(const XClient& client) const {
     std::vector<ScreenSnapshot> screens;
     for (const auto& monitor : monitors) {
         ScreenSnapshot screen;
-        screen.id = displayID(client, monitor.name);
+        screen.id = idOf(client, monitor.name);
         screen.backingScaleFactor = scale(monitor.name);
         screen.frame = frameOf(monitor, monitors.front().frame, screen.backingScaleFactor);
         screen.visibleFrame = screen.frame;
@@ -88,12 +93,15 @@ std::vector<PlannedDock> plannedDocks(const XClient& client, const Displays& dis
     std::vector<PlannedDock> docks;
     for (const auto& spec : PanelPlanner::desiredPanels(displays.snapshots(client), request)) {
         const auto monitor = std::ranges::find_if(displays.monitors, [&](const auto& candidate) {
-            return displayID(client, candidate.name) == spec.displayID;
+            return displays.idOf(client, candidate.name) == spec.displayID;
         });
         const Overhang overhang = overhangOf(spec, request);
         docks.push_back({*monitor, displays.scale(monitor->name), spec,
                          displays.pixels(*monitor, spec.frame), overhang,
                          displays.pixels(*monitor, overhang.around(spec.frame))});
+        if (displays.showsOnlyStrips)
+            docks.back().window =
+                DockLayout{docks.back(), request.counts, request.maxIconSize}.strip();
     }
     std::ranges::sort(docks, {}, [](const auto& dock) { return dock.spec.displayID; });
     return docks;

@@ -31,6 +31,12 @@ struct Displays {
     /// Pixels per point, for monitors where that is not 1.
     std::map<std::string, double> scales;
 
+    /// The display IDs by monitor if they are not those of the X server.
+    std::map<std::string, std::uint32_t> ids{};
+    /// Whether docks are recognised by what can be seen of them, which is their strips.
+    bool showsOnlyStrips = false;
+
+    [[nodiscard]] std::uint32_t idOf(const XClient& client, const std::string& monitor) const;
     [[nodiscard]] double scale(const std::string& monitor) const;
     [[nodiscard]] std::vector<ScreenSnapshot> snapshots(const XClient& client) const;
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <csignal>
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
@@ -81,24 +82,30 @@ VirtualDesktop::VirtualDesktop(Programs programs, const Options& options)
         environment_["QT_SCREEN_SCALE_FACTORS"] = scaleFactors(options.scales);
     if (options.installedApps)
         environment_["XDG_DATA_DIRS"] += std::string{":"} + installedData;
-    if (!options.monitors.empty())
+    if (desktop::isWayland(manager_))
+        startSway(options.monitors);
+    else if (!options.monitors.empty())
         setMonitors(options.monitors);
     if (options.sessionBus || options.accessibility)
         startSessionBus();
     if (options.accessibility)
         startAccessibilityBus();
-    if (options.windowManager)
+    if (options.windowManager && !sway_)
         startWindowManager();
-    if (options.compositor)
+    if (options.compositor && !sway_)
         startCompositor();
 }
 
 void VirtualDesktop::setMonitors(const std::vector<Monitor>& monitors) {
     displays_.monitors = monitors;
-    if (hasOutputs_)
+    if (sway_) {
+        sway_->setMonitors(monitors);
+        sortMonitors();
+    } else if (hasOutputs_) {
         setOutputs(*client_, monitors);
-    else
+    } else {
         desktop::setMonitors(*client_, monitors);
+    }
 }
 
 const Monitor& VirtualDesktop::monitor(const std::string& name) const {
@@ -106,7 +113,27 @@ const Monitor& VirtualDesktop::monitor(const std::string& name) const {
 }
 
 std::uint32_t VirtualDesktop::displayIDOf(const std::string& monitor) const {
-    return displayID(*client_, monitor);
+    return displays_.idOf(*client_, monitor);
+}
+
+void VirtualDesktop::startSway(const std::vector<Monitor>& monitors) {
+    displays_.monitors = monitors;
+    displays_.showsOnlyStrips = true;
+    sway_ = std::make_unique<SwaySession>(*client_, server_.display(), home_.scratch() / "sway",
+                                          monitors);
+    sortMonitors();
+    environment_.erase("DISPLAY");
+    environment_.merge(sway_->environment());
+}
+
+/// Wayland has no primary display: the one at the layout's origin counts as such.
+void VirtualDesktop::sortMonitors() {
+    std::ranges::sort(displays_.monitors, {}, [](const Monitor& monitor) {
+        return std::abs(monitor.frame.x) + std::abs(monitor.frame.y);
+    });
+    // Those of outputs that are gone stay known.
+    for (const auto& [monitor, id] : sway_->displayIDs())
+        displays_.ids.insert_or_assign(monitor, id);
 }
 
 Environment VirtualDesktop::sessionEnvironment() const {

@@ -14,6 +14,10 @@ void DestroyProxy::operator()(wl_display* display) const {
     wl_display_disconnect(display);
 }
 
+void DestroyProxy::operator()(wl_buffer* buffer) const {
+    wl_buffer_destroy(buffer);
+}
+
 void DestroyProxy::operator()(wl_compositor* compositor) const {
     wl_compositor_destroy(compositor);
 }

@@ -4,6 +4,7 @@
 
 #include <memory>
 
+struct wl_buffer;
 struct wl_compositor;
 struct wl_display;
 struct wl_region;
@@ -29,6 +30,7 @@ namespace vireline::wayland {
 struct DestroyProxy {
     /// Closes a connection of our own.
     void operator()(wl_display* display) const;
+    void operator()(wl_buffer* buffer) const;
     void operator()(wl_compositor* compositor) const;
     void operator()(wl_region* region) const;
     void operator()(wl_registry* registry) const;
