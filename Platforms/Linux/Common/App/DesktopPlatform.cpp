@@ -8,6 +8,7 @@
 #include "WindowSystem/WindowSystem.hpp"
 
 #include <string>
+#include <utility>
 
 namespace vireline::xdg {
 namespace {
@@ -63,6 +64,8 @@ DesktopPlatform::DesktopPlatform(QApplication& qt, RunLoop& runLoop, WindowSyste
 }
 
 Platform DesktopPlatform::ports() {
+    DesktopWords words = linuxWords();
+    windowSystem_.adapt(words);
     return {.application = application_,
             .runLoop = runLoop_,
             .fileSystem = fileSystem_,
@@ -83,7 +86,7 @@ Platform DesktopPlatform::ports() {
             .statusBar = statusBar_,
             .loginItemService = loginItem_,
             .programWindows = programWindows_,
-            .words = linuxWords()};
+            .words = std::move(words)};
 }
 
 }
