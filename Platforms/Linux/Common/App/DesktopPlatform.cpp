@@ -32,6 +32,7 @@ DesktopPlatform::DesktopPlatform(QApplication& qt, RunLoop& runLoop, WindowSyste
     , motionSettings_(settings_.numbers)
     , appearance_(widgetTheme(settings_))
     , catalog_(runLoop)
+    , announcements_(catalog_)
     , runningApplications_(windowSystem.windows(), windowSystem.startupNotices(), runLoop, catalog_)
     , workspace_(windowSystem.startupNotices(), catalog_, runningApplications_, userFolders_,
                  pointerSettings_)
@@ -86,7 +87,8 @@ Platform DesktopPlatform::ports() {
             .statusBar = statusBar_,
             .loginItemService = loginItem_,
             .programWindows = programWindows_,
-            .words = std::move(words)};
+            .words = std::move(words),
+            .launcherAnnouncements = &announcements_};
 }
 
 }

@@ -181,6 +181,7 @@ xdg::ClientWindow SwayWindowList::describe(const SwayWindow& window) const {
     client.isOrdinary = true;
     client.isDialog = window.isTransient;
     client.isHidden = window.isInScratchpad;
+    client.isUrgent = window.isUrgent;
     const auto active = lastActive_.find(window.id);
     client.lastActive = active == lastActive_.end() ? 0 : active->second;
     return client;
