@@ -252,6 +252,8 @@ void LayerPanelWindow::mousePressEvent(QMouseEvent* event) {
         tracker_.pressed(viewPosition(pointer_));
     } else if (event->button() == Qt::RightButton) {
         tracker_.secondaryPressed(viewPosition(pointer_));
+    } else if (event->button() == Qt::MiddleButton) {
+        tracker_.middlePressed(viewPosition(pointer_));
     }
 }
 
