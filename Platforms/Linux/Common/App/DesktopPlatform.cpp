@@ -8,6 +8,7 @@
 #include "WindowSystem/WindowSystem.hpp"
 
 #include <string>
+#include <utility>
 
 namespace vireline::xdg {
 namespace {
@@ -64,6 +65,8 @@ DesktopPlatform::DesktopPlatform(QApplication& qt, RunLoop& runLoop, WindowSyste
 }
 
 Platform DesktopPlatform::ports() {
+    DesktopWords words = linuxWords();
+    windowSystem_.adapt(words);
     return {.application = application_,
             .runLoop = runLoop_,
             .fileSystem = fileSystem_,
@@ -84,7 +87,7 @@ Platform DesktopPlatform::ports() {
             .statusBar = statusBar_,
             .loginItemService = loginItem_,
             .programWindows = programWindows_,
-            .words = linuxWords(),
+            .words = std::move(words),
             .launcherAnnouncements = &announcements_};
 }
 

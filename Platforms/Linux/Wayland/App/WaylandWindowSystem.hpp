@@ -2,6 +2,7 @@
 #pragma once
 
 #include "App/Absent.hpp"
+#include "App/WaylandWords.hpp"
 #include "Connection/WaylandConnection.hpp"
 #include "Displays/WaylandScreens.hpp"
 #include "Foundation/NonCopyable.hpp"
@@ -34,6 +35,7 @@ public:
     makeAccessibility(xdg::DesktopRunningApplications& applications) override;
     [[nodiscard]] std::unique_ptr<xdg::SystemTray> makeTray() override;
     void openAtPointer(QMenu& menu) override;
+    void adapt(DesktopWords& words) const override { WaylandWords::adapt(words); }
     void bringToFront(QWindow& window) override;
 
 private:
