@@ -16,11 +16,17 @@ set(CPACK_DEBIAN_PACKAGE_SECTION x11)
 # time, such as Qt's X11 plugin, is installed along with those.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS hicolor-icon-theme)
+# Qt's plugin for Wayland, unlike that for X11, is a package of its own. Without it, the program runs
+# under Xwayland.
+if(VIRELINE_HAS_WAYLAND)
+    set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qt6-wayland)
+endif()
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "The desktop's own dock stays where it is, on its display. Vireline gives
 every other display one of its own: the apps pinned there, mirrored live, or
 a list of your own; then the apps that run; then Downloads and Trash. A click
-launches an app, brings it forward or hides it. It runs under X11.")
+launches an app, brings it forward or hides it. It runs under X11, and under
+Wayland compositors with the layer shell.")
 set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/DebianFiles.cmake)
 
 set(CPACK_SOURCE_GENERATOR TGZ)

@@ -8,6 +8,7 @@
 #include "Platform/ApplicationCatalog.hpp"
 #include "Platform/DockPreferences.hpp"
 #include "Platform/Icons.hpp"
+#include "Platform/LauncherAnnouncements.hpp"
 #include "Platform/RunningApplications.hpp"
 #include "Platform/Workspace.hpp"
 
@@ -16,6 +17,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vireline::test {
@@ -77,6 +79,17 @@ public:
     [[nodiscard]] Subscription observeDidLaunch(Handler handler) override;
     [[nodiscard]] Subscription observeDidTerminate(Handler handler) override;
 
+    [[nodiscard]] AppAttention attention() const override { return attention_; }
+    [[nodiscard]] Subscription observeAttention(std::function<void()> handler) override {
+        return attentionChanges_.add(std::move(handler));
+    }
+
+    /// Simulates that windows of these apps demand attention, while another app is active.
+    void demandAttention(const AppAttention& attention) {
+        attention_ = attention;
+        attentionChanges_.notify();
+    }
+
     /// Only announces; the test maintains the list of apps itself.
     void announceWillLaunch(const std::optional<RunningApplication>& app) {
         willLaunch_.notify(app);
@@ -101,9 +114,44 @@ public:
 private:
     using Listeners = CallbackList<std::optional<RunningApplication>>;
 
+    AppAttention attention_;
+    CallbackList<> attentionChanges_;
     Listeners willLaunch_;
     Listeners didLaunch_;
     Listeners didTerminate_;
+};
+
+class FakeLauncherAnnouncements final : public LauncherAnnouncements {
+public:
+    [[nodiscard]] std::map<std::string, TileStatus> current() override {
+        ++reads;
+        isTold_ = false;
+        return statuses;
+    }
+    [[nodiscard]] Subscription observe(std::function<void()> handler) override {
+        return changes_.add(std::move(handler));
+    }
+
+    void announce(const std::string& bundleID, const TileStatus& status) {
+        statuses[bundleID] = status;
+        tell();
+    }
+    void withdraw(const std::string& bundleID) {
+        statuses.erase(bundleID);
+        tell();
+    }
+
+    std::map<std::string, TileStatus> statuses;
+    int reads = 0;
+
+private:
+    void tell() {
+        if (!std::exchange(isTold_, true))
+            changes_.notify();
+    }
+
+    bool isTold_ = false;
+    CallbackList<> changes_;
 };
 
 class FakeWorkspace final : public Workspace {

@@ -25,6 +25,7 @@ Platform FakePlatform::ports() {
         .loginItemService = loginItem,
         .programWindows = programWindows,
         .words = words,
+        .launcherAnnouncements = &announcements,
     };
 }
 

@@ -49,6 +49,7 @@ public:
     FakeLoginItemService loginItem;
     FakeProgramWindows programWindows;
     FakeApplication application;
+    FakeLauncherAnnouncements announcements;
     DesktopWords words;
 };
 

@@ -28,6 +28,7 @@ Platform with(const OtherPorts& others, const Platform& platform) {
         .loginItemService = either(others.loginItemService, platform.loginItemService),
         .programWindows = either(others.programWindows, platform.programWindows),
         .words = platform.words,
+        .launcherAnnouncements = platform.launcherAnnouncements,
     };
 }
 

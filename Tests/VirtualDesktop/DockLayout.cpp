@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 namespace vireline::desktop {
 namespace {
@@ -50,6 +51,32 @@ Overhang overhangOf(const PanelSpec& spec, const PanelPlanner::Request& request)
 
 }
 
+PixelRect panelFrame(const Monitor& monitor, Edge edge, int thickness) {
+    PixelRect frame = monitor.frame;
+    if (edge == Edge::bottom)
+        frame.y = frame.bottom() - thickness;
+    if (edge == Edge::right)
+        frame.x = frame.right() - thickness;
+    if (edge == Edge::bottom || edge == Edge::top)
+        frame.height = thickness;
+    else
+        frame.width = thickness;
+    return frame;
+}
+
+void Displays::sortForWayland(const std::map<std::string, std::uint32_t>& current) {
+    std::ranges::sort(monitors, {}, [](const Monitor& monitor) {
+        return std::abs(monitor.frame.x) + std::abs(monitor.frame.y);
+    });
+    for (const auto& [monitor, id] : current)
+        ids.insert_or_assign(monitor, id);
+}
+
+std::uint32_t Displays::idOf(const XClient& client, const std::string& monitor) const {
+    const auto found = ids.find(monitor);
+    return found == ids.end() ? displayID(client, monitor) : found->second;
+}
+
 double Displays::scale(const std::string& monitor) const {
     const auto found = scales.find(monitor);
     return found == scales.end() ? 1 : found->second;
@@ -59,7 +86,7 @@ std::vector<ScreenSnapshot> Displays::snapshots(const XClient& client) const {
     std::vector<ScreenSnapshot> screens;
     for (const auto& monitor : monitors) {
         ScreenSnapshot screen;
-        screen.id = displayID(client, monitor.name);
+        screen.id = idOf(client, monitor.name);
         screen.backingScaleFactor = scale(monitor.name);
         screen.frame = frameOf(monitor, monitors.front().frame, screen.backingScaleFactor);
         screen.visibleFrame = screen.frame;
@@ -88,12 +115,15 @@ std::vector<PlannedDock> plannedDocks(const XClient& client, const Displays& dis
     std::vector<PlannedDock> docks;
     for (const auto& spec : PanelPlanner::desiredPanels(displays.snapshots(client), request)) {
         const auto monitor = std::ranges::find_if(displays.monitors, [&](const auto& candidate) {
-            return displayID(client, candidate.name) == spec.displayID;
+            return displays.idOf(client, candidate.name) == spec.displayID;
         });
         const Overhang overhang = overhangOf(spec, request);
         docks.push_back({*monitor, displays.scale(monitor->name), spec,
                          displays.pixels(*monitor, spec.frame), overhang,
                          displays.pixels(*monitor, overhang.around(spec.frame))});
+        if (displays.showsOnlyStrips)
+            docks.back().window =
+                DockLayout{docks.back(), request.counts, request.maxIconSize}.strip();
     }
     std::ranges::sort(docks, {}, [](const auto& dock) { return dock.spec.displayID; });
     return docks;

@@ -24,6 +24,9 @@ struct Reservation {
     int thickness = 0;
 };
 
+/// Where another program's panel is that reserves its thickness at an edge.
+[[nodiscard]] PixelRect panelFrame(const Monitor& monitor, Edge edge, int thickness);
+
 /// The displays as the program should see them.
 struct Displays {
     std::vector<Monitor> monitors;
@@ -31,6 +34,16 @@ struct Displays {
     /// Pixels per point, for monitors where that is not 1.
     std::map<std::string, double> scales;
 
+    /// The display IDs by monitor if they are not those of the X server.
+    std::map<std::string, std::uint32_t> ids{};
+    /// Whether docks are recognised by what can be seen of them, which is their strips.
+    bool showsOnlyStrips = false;
+
+    /// Puts the monitors in the program's order: Wayland has no primary display, so the one at the
+    /// layout's origin counts as such. The IDs of outputs that are gone stay known.
+    void sortForWayland(const std::map<std::string, std::uint32_t>& current);
+
+    [[nodiscard]] std::uint32_t idOf(const XClient& client, const std::string& monitor) const;
     [[nodiscard]] double scale(const std::string& monitor) const;
     [[nodiscard]] std::vector<ScreenSnapshot> snapshots(const XClient& client) const;
 

@@ -1,5 +1,7 @@
 #include "VirtualDesktop/DockWindows.hpp"
 
+#include "VirtualDesktop/SwaySession.hpp"
+
 #include <xcb/shape.h>
 
 #include <algorithm>
@@ -39,6 +41,8 @@ std::vector<PixelRect> shapeRectangles(const XClient& client, xcb_window_t windo
 }
 
 std::vector<DockWindow> DockWindows::shown() const {
+    if (sway_ != nullptr)
+        return sway_->shown();
     std::vector<DockWindow> docks;
     for (const xcb_window_t window : client_.allWindows()) {
         const auto id = displayIDOf(client_.text(window, "_NET_WM_NAME"));

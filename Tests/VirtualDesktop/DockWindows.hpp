@@ -23,9 +23,13 @@ inline std::ostream& operator<<(std::ostream& out, const DockWindow& dock) {
     return out << '#' << dock.displayID << ' ' << dock.frame;
 }
 
+class SwaySession;
+
 class DockWindows {
 public:
-    explicit DockWindows(const XClient& client) : client_(client) {}
+    /// `sway` is null on an X desktop.
+    explicit DockWindows(const XClient& client, const SwaySession* sway = nullptr)
+        : client_(client), sway_(sway) {}
 
     /// The visible docks, in ascending order of display IDs.
     [[nodiscard]] std::vector<DockWindow> shown() const;
@@ -46,6 +50,7 @@ public:
 
 private:
     const XClient& client_;
+    const SwaySession* sway_;
 };
 
 }

@@ -28,19 +28,6 @@ XServer::Options serverOptions(const VirtualDesktop::Options& options, const Hom
     return server;
 }
 
-PixelRect panelFrame(const Monitor& monitor, Edge edge, int thickness) {
-    PixelRect frame = monitor.frame;
-    if (edge == Edge::bottom)
-        frame.y = frame.bottom() - thickness;
-    if (edge == Edge::right)
-        frame.x = frame.right() - thickness;
-    if (edge == Edge::bottom || edge == Edge::top)
-        frame.height = thickness;
-    else
-        frame.width = thickness;
-    return frame;
-}
-
 std::string nameOf(Edge edge) {
     constexpr std::array<const char*, 4> names{"bottom", "left", "right", "top"};
     return names.at(static_cast<std::size_t>(edge));
@@ -81,24 +68,30 @@ VirtualDesktop::VirtualDesktop(Programs programs, const Options& options)
         environment_["QT_SCREEN_SCALE_FACTORS"] = scaleFactors(options.scales);
     if (options.installedApps)
         environment_["XDG_DATA_DIRS"] += std::string{":"} + installedData;
-    if (!options.monitors.empty())
+    if (desktop::isWayland(manager_))
+        startSway(options.monitors);
+    else if (!options.monitors.empty())
         setMonitors(options.monitors);
     if (options.sessionBus || options.accessibility)
         startSessionBus();
     if (options.accessibility)
         startAccessibilityBus();
-    if (options.windowManager)
+    if (options.windowManager && !sway_)
         startWindowManager();
-    if (options.compositor)
+    if (options.compositor && !sway_)
         startCompositor();
 }
 
 void VirtualDesktop::setMonitors(const std::vector<Monitor>& monitors) {
     displays_.monitors = monitors;
-    if (hasOutputs_)
+    if (sway_) {
+        sway_->setMonitors(monitors);
+        displays_.sortForWayland(sway_->displayIDs());
+    } else if (hasOutputs_) {
         setOutputs(*client_, monitors);
-    else
+    } else {
         desktop::setMonitors(*client_, monitors);
+    }
 }
 
 const Monitor& VirtualDesktop::monitor(const std::string& name) const {
@@ -106,7 +99,17 @@ const Monitor& VirtualDesktop::monitor(const std::string& name) const {
 }
 
 std::uint32_t VirtualDesktop::displayIDOf(const std::string& monitor) const {
-    return displayID(*client_, monitor);
+    return displays_.idOf(*client_, monitor);
+}
+
+void VirtualDesktop::startSway(const std::vector<Monitor>& monitors) {
+    displays_.monitors = monitors;
+    displays_.showsOnlyStrips = true;
+    sway_ = std::make_unique<SwaySession>(*client_, server_.display(), home_.scratch() / "sway",
+                                          monitors);
+    displays_.sortForWayland(sway_->displayIDs());
+    environment_.erase("DISPLAY");
+    environment_.merge(sway_->environment());
 }
 
 Environment VirtualDesktop::sessionEnvironment() const {

@@ -15,6 +15,7 @@
 #include "VirtualDesktop/Picture.hpp"
 #include "VirtualDesktop/Pointer.hpp"
 #include "VirtualDesktop/ProgramLog.hpp"
+#include "VirtualDesktop/SwaySession.hpp"
 #include "VirtualDesktop/WindowManagers.hpp"
 #include "VirtualDesktop/XClient.hpp"
 #include "VirtualDesktop/XServer.hpp"
@@ -74,12 +75,15 @@ public:
     [[nodiscard]] const Programs& programs() const noexcept { return programs_; }
     [[nodiscard]] Home& home() noexcept { return home_; }
     [[nodiscard]] const XClient& client() const noexcept { return *client_; }
-    [[nodiscard]] DockWindows docks() const { return DockWindows{*client_}; }
+    [[nodiscard]] DockWindows docks() const { return DockWindows{*client_, sway_.get()}; }
     [[nodiscard]] Pointer pointer() const { return Pointer{*client_}; }
     [[nodiscard]] Keyboard keyboard() const { return Keyboard{*client_}; }
     [[nodiscard]] ProgramLog log() const { return ProgramLog{home_.log()}; }
     [[nodiscard]] const Displays& displays() const noexcept { return displays_; }
     [[nodiscard]] const std::string& display() const noexcept { return server_.display(); }
+
+    /// Whether it is a Wayland desktop.
+    [[nodiscard]] bool isWayland() const noexcept { return sway_ != nullptr; }
 
     /// The environment for programs on this desktop; tests may add to it before they start one.
     [[nodiscard]] Environment& environment() noexcept { return environment_; }
@@ -90,6 +94,9 @@ public:
     /// The session bus's process, which is also the session leader of what it starts; 0 without
     /// one.
     [[nodiscard]] pid_t sessionBus() const { return bus_ ? bus_->pid() : 0; }
+
+    /// Ends the Wayland compositor abruptly.
+    void killWaylandCompositor() const { sway_->kill(); }
 
     /// Ends the X server abruptly; afterwards the desktop cannot be used any more.
     void stopServer() { server_.stop(); }
@@ -166,6 +173,7 @@ private:
     [[nodiscard]] static std::string startBus(std::optional<ChildProcess>& bus,
                                               const std::filesystem::path& socket,
                                               const Environment& environment);
+    void startSway(const std::vector<Monitor>& monitors);
     void startSessionBus();
     void startAccessibilityBus();
     [[nodiscard]] Environment managerEnvironment();
@@ -182,6 +190,7 @@ private:
     Manager manager_;
     bool managerComposites_;
     bool hasOutputs_;
+    std::unique_ptr<SwaySession> sway_;
     std::optional<ChildProcess> bus_;
     std::optional<ChildProcess> accessibilityBus_;
     std::string accessibilityAddress_;

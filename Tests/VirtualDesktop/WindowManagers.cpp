@@ -106,6 +106,9 @@ constexpr std::array kinds{
          /*canComposite=*/false, /*handsOver=*/false},
     Kind{WindowManager::bspwm, "bspwm", "bspwm", /*needsSessionBus=*/false, /*canComposite=*/false,
          /*handsOver=*/false},
+    // Started by `SwaySession`.
+    Kind{WindowManager::sway, "sway", "sway", /*needsSessionBus=*/false, /*canComposite=*/false,
+         /*handsOver=*/false},
 };
 
 const Kind& kindOf(WindowManager manager) {
@@ -147,6 +150,7 @@ std::vector<std::string> configure(WindowManager manager, bool composites, const
         writeFile(folder / "config", i3Configuration);
         return {"-c", (folder / "config").string()};
     case WindowManager::awesome:
+    case WindowManager::sway:
         return {};
     case WindowManager::bspwm:
         writeFile(folder / "bspwmrc", bspwmConfiguration);

@@ -21,8 +21,14 @@ enum class WindowManager : std::uint8_t {
     icewm,
     i3,
     awesome,
-    bspwm
+    bspwm,
+    sway
 };
+
+/// Whether it is a Wayland compositor, which runs on the X server in windows, but manages none.
+[[nodiscard]] constexpr bool isWayland(WindowManager manager) {
+    return manager == WindowManager::sway;
+}
 
 /// Its common name, in lower case.
 [[nodiscard]] std::string_view shortName(WindowManager manager);

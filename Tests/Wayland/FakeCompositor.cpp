@@ -11,6 +11,7 @@
 #include <mutex>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace vireline::wayland {
 namespace {
@@ -19,12 +20,15 @@ struct Offer {
     wl_global* global = nullptr;
     const wl_interface* interface = nullptr;
     int bound = 0;
+    FakeCompositor::Bound onBound;
 };
 
 void bind(wl_client* client, void* data, std::uint32_t version, std::uint32_t id) {
     auto& offer = *static_cast<Offer*>(data);
     offer.bound = static_cast<int>(version);
-    wl_resource_create(client, offer.interface, offer.bound, id);
+    wl_resource* const object = wl_resource_create(client, offer.interface, offer.bound, id);
+    if (offer.onBound)
+        offer.onBound(object);
 }
 
 }
@@ -85,10 +89,11 @@ void FakeCompositor::run(const std::function<void()>& task) {
     server_->done.wait(lock, [this] { return server_->task == nullptr; });
 }
 
-void FakeCompositor::offer(const wl_interface& interface, int version) {
+void FakeCompositor::offer(const wl_interface& interface, int version, Bound onBound) {
     run([&] {
         Offer& offer = server_->offers[interface.name];
         offer.interface = &interface;
+        offer.onBound = std::move(onBound);
         offer.global = wl_global_create(server_->display, &interface, version, &offer, bind);
     });
 }

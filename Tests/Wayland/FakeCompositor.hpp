@@ -1,4 +1,5 @@
-/// A compositor in a thread of this process that only offers globals.
+/// A compositor in a thread of this process that only offers globals; what they do is left to who
+/// offers them.
 #pragma once
 
 #include "Connection/Proxies.hpp"
@@ -9,6 +10,7 @@
 #include <thread>
 
 struct wl_interface;
+struct wl_resource;
 
 namespace vireline::wayland {
 
@@ -17,7 +19,10 @@ public:
     FakeCompositor();
     ~FakeCompositor();
 
-    void offer(const wl_interface& interface, int version);
+    /// Called in the compositor's thread with each object that a client binds.
+    using Bound = std::function<void(wl_resource*)>;
+
+    void offer(const wl_interface& interface, int version, Bound onBound = {});
     void withdraw(const wl_interface& interface);
     /// Ends all connections, as a compositor that dies.
     void die();
@@ -28,9 +33,10 @@ public:
     /// The version in which a client has bound a global of this interface; 0 if none has.
     [[nodiscard]] int boundVersion(const wl_interface& interface);
 
-private:
     /// Runs `task` in the compositor's thread, and waits until that is done.
     void run(const std::function<void()>& task);
+
+private:
     void serve();
 
     struct Server;

@@ -37,8 +37,12 @@ protected:
     ElementHandle run(const std::string& size = "400x300") {
         process_ = desk().run({"--class", "org.example.one", "--size", size}).pid();
         EXPECT_TRUE(test::waitUntil([&] { return apps_->windows("org.example.one").size() == 1; }));
+        settle();
         const auto app = port_->application(process_, "org.example.one");
         return port_->mainWindow(*app).value_or(nullptr);
+    }
+    static void settle() {
+        EXPECT_TRUE(desktop::eventually([] { return desk().isSettled(); }));
     }
     [[nodiscard]] static SwayWindow window() { return desk().windows("org.example.one").at(0); }
     [[nodiscard]] static std::string outputShowing(const std::string& workspace) {
@@ -63,6 +67,7 @@ TEST_F(SwayAccessibility, MovesAFloatingWindowWithItsTitleBarToThatPlace) {
     const auto element = run();
     ASSERT_NE(element, nullptr);
     desk().command("floating enable");
+    settle();
     const Size size = window().frame.size();
 
     // The last is on the other output.
@@ -79,6 +84,7 @@ TEST_F(SwayAccessibility, CountsFromThePrimaryDisplaysCorner) {
     const auto element = run();
     ASSERT_NE(element, nullptr);
     desk().command("floating enable");
+    settle();
     primaryCorner_ = {1280, 0};
 
     ASSERT_TRUE(port_->setPosition(*element, {-900, 60}));
@@ -115,6 +121,7 @@ TEST_F(SwayAccessibility, PutsAFilledWindowRightThatGoesBackToItsOwnSize) {
     const auto element = run();
     ASSERT_NE(element, nullptr);
     desk().command("floating enable");
+    settle();
     const Rect wanted{100, 50, 800, 600};
 
     ASSERT_TRUE(port_->setPosition(*element, wanted.origin()));
@@ -129,10 +136,13 @@ TEST_F(SwayAccessibility, LeavesAWindowToTheUserThatWasMovedElsewhere) {
     const auto element = run();
     ASSERT_NE(element, nullptr);
     desk().command("floating enable");
+    settle();
     ASSERT_TRUE(port_->setSize(*element, {800, 600}));
+    settle();
 
     ASSERT_TRUE(port_->setPosition(*element, {300, 40}));
     desk().command("[app_id=org.example.one] resize set 500 px 400 px");
+    settle();
     const Rect chosen = window().frame;
 
     EXPECT_FALSE(desktop::eventually(

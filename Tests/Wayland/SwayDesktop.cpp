@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -90,6 +91,8 @@ std::string SwayDesktop::display() const {
 
 desktop::ChildProcess& SwayDesktop::run(std::vector<std::string> arguments) {
     auto variables = environment(folder_.path());
+    ++started_;
+    arguments.insert(arguments.end(), {"--sizes", sizes()});
     // Qt's plugin leaks what it knows about outputs.
     variables.insert({{"WAYLAND_DISPLAY", "wayland-1"},
                       {"QT_QPA_PLATFORM", "wayland"},
@@ -115,9 +118,28 @@ void SwayDesktop::closeAll() {
 
 SwayTree SwayDesktop::tree() const {
     const auto connection = SwayConnection::open(socket_);
-    const auto reply = connection ? connection->request(SwayMessageType::getTree, {}, requestSeconds)
-                                  : Result<std::string>{};
+    const auto reply = connection
+                           ? connection->request(SwayMessageType::getTree, {}, requestSeconds)
+                           : Result<std::string>{};
     return SwayTree::parse(reply.value_or("")).value_or(SwayTree{});
+}
+
+bool SwayDesktop::isSettled() const {
+    std::string drawn;
+    std::ifstream file{sizes()};
+    for (std::string line; std::getline(file, line);)
+        drawn = line;
+    // The title bar and two borders.
+    constexpr int border = 2;
+    constexpr int titleBar = 25;
+    const auto isDrawn = [&](const SwayWindow& window) {
+        return drawn == std::to_string(std::lround(window.frame.width) - 2 * border) + 'x' +
+                            std::to_string(std::lround(window.frame.height) - titleBar - border);
+    };
+    const auto all = tree().windows;
+    return std::ranges::any_of(all, [&](const SwayWindow& window) {
+        return window.processIdentifier == programs_.back()->pid() && isDrawn(window);
+    });
 }
 
 std::vector<SwayWindow> SwayDesktop::windows(const std::string& appID) const {

@@ -5,6 +5,7 @@
 #include "Support/TemporaryFolder.hpp"
 #include "VirtualDesktop/ChildProcess.hpp"
 
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -33,14 +34,22 @@ public:
     [[nodiscard]] SwayTree tree() const;
     /// The windows of programs with that ID, the oldest first.
     [[nodiscard]] std::vector<SwayWindow> windows(const std::string& appID) const;
+    /// Whether the program that was started last has drawn its window in the size that sway gave
+    /// it. Until then, sway may still adopt another.
+    [[nodiscard]] bool isSettled() const;
     /// Whether sway accepts the command.
     bool command(const std::string& text) const;
 
 private:
+    [[nodiscard]] std::filesystem::path sizes() const {
+        return folder_.path() / ("sizes-" + std::to_string(started_));
+    }
+
     test::TemporaryFolder folder_;
     std::string socket_;
     std::optional<desktop::ChildProcess> sway_;
     std::vector<std::unique_ptr<desktop::ChildProcess>> programs_;
+    int started_ = 0;
 };
 
 }

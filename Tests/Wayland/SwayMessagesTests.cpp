@@ -12,8 +12,8 @@ namespace {
 TEST(SwayMessages, AreReadFromWhateverPiecesTheyArriveIn) {
     const SwayMessage first{SwayMessageType::getTree, R"({"type": "root"})"};
     const SwayMessage second{SwayMessageType::windowEvent, ""};
-    const std::string bytes = SwayMessages::bytes(first.type, first.text) +
-                              SwayMessages::bytes(second.type, second.text);
+    const std::string bytes =
+        SwayMessages::bytes(first.type, first.text) + SwayMessages::bytes(second.type, second.text);
     for (std::size_t piece = 1; piece <= bytes.size(); ++piece) {
         SwayMessageReader reader;
         std::vector<SwayMessage> messages;
@@ -151,9 +151,8 @@ TEST(SwayTree, IsReadHoweverOddItIs) {
 
 TEST(SwayTree, BoundsWhatWindowsSayOfThemselves) {
     const std::string huge(1U << 20U, 'x');
-    const auto tree =
-        SwayTree::parse(R"({"type": "root", "nodes": [{"pid": 1, "app_id": ")" + huge +
-                        R"(", "name": ")" + huge + R"("}]})");
+    const auto tree = SwayTree::parse(R"({"type": "root", "nodes": [{"pid": 1, "app_id": ")" +
+                                      huge + R"(", "name": ")" + huge + R"("}]})");
 
     ASSERT_TRUE(tree);
     EXPECT_EQ(tree->windows.at(0).appID.size(), 256U);

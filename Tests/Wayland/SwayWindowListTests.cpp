@@ -5,6 +5,7 @@
 #include "SilentNotices.hpp"
 #include "SwayTest.hpp"
 #include "Toolkit/QtRunLoop.hpp"
+#include "VirtualDesktop/Waiting.hpp"
 
 #include <unistd.h>
 
@@ -129,6 +130,7 @@ TEST_F(SwayWindowListTest, HidesAnAppAndBringsItsWindowsBackToTheirPlaces) {
 TEST_F(SwayWindowListTest, BringsAWindowBackToTheWorkspaceThatItWasOn) {
     run("org.example.one");
     desk().command("floating enable, resize set 500 px 400 px, move absolute position 200 100");
+    EXPECT_TRUE(desktop::eventually([] { return desk().isSettled(); }));
     const auto before = desk().windows("org.example.one").at(0);
     hide("org.example.one");
     EXPECT_TRUE(test::waitUntil([&] { return allHidden("org.example.one"); }));
@@ -152,7 +154,8 @@ TEST_F(SwayWindowListTest, HidesAndBringsBackHoweverQuicklyThatIsAskedFor) {
 
     EXPECT_TRUE(test::waitUntil([&] {
         const auto windows = desk().windows("org.example.one");
-        return isActive("org.example.one") && std::ranges::none_of(windows, &SwayWindow::isFloating);
+        return isActive("org.example.one") &&
+               std::ranges::none_of(windows, &SwayWindow::isFloating);
     }));
 }
 
@@ -186,7 +189,18 @@ TEST_F(SwayWindowListTest, IsNotTroubledByATitleOfAMegabyte) {
     desk().run({"--class", "org.example.long", "--title-bytes", "1048576"});
     run("org.example.one");
 
-    EXPECT_TRUE(test::waitUntil([&] { return isActive("org.example.one"); }));
+    EXPECT_TRUE(test::waitUntil([&] { return count("org.example.long") == 1; }));
+}
+
+TEST_F(SwayWindowListTest, KnowsTitlesAlsoAfterTheyChange) {
+    run("org.example.one");
+
+    desk().run({"--class", "org.example.late", "--title", "first", "--retitle", "second"});
+
+    EXPECT_TRUE(test::waitUntil([&] {
+        const auto& all = list_->windows();
+        return all.size() == 2 && list_->titles(std::vector{all[1].id}).at(0) == "second";
+    }));
 }
 
 TEST_F(SwayWindowListTest, DoesNotListTheProgramsOwnWindows) {

@@ -24,6 +24,8 @@ AppDelegate::AppDelegate(const Platform& platform)
     : platform_(platform)
     , icons_(platform.icons)
     , monitor_(platform.runningApplications)
+    , signals_(platform.launcherAnnouncements, platform.runningApplications, platform.runLoop,
+               model_)
     , activator_(platform.runningApplications, platform.workspace, platform.catalog,
                  platform.screens, platform.accessibility)
     , loginItem_(platform.loginItemService)
@@ -46,6 +48,7 @@ void AppDelegate::applicationDidFinishLaunching() {
     resolver_.start();
     monitor_.start();
     coordinator_.start();
+    signals_.start();
     if (!store_.settings().onboardingCompleted)
         showOnboarding();
     secondStarts_ =

@@ -21,6 +21,7 @@
 #include "Sources/AppSourceResolver.hpp"
 #include "Sources/IconStore.hpp"
 #include "Sources/RunningAppsMonitor.hpp"
+#include "Sources/TileSignals.hpp"
 
 #include <optional>
 #include <span>
@@ -53,6 +54,7 @@ private:
     DockViewModel model_;
     IconStore icons_;
     RunningAppsMonitor monitor_;
+    TileSignals signals_;
     AppActivator activator_;
     LoginItemManager loginItem_;
     DockAnchorGuard anchorGuard_;

@@ -5,8 +5,10 @@
 #include "Foundation/Observable.hpp"
 #include "Model/DockItem.hpp"
 #include "Model/DockMetrics.hpp"
+#include "Presentation/TileStatus.hpp"
 
 #include <functional>
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -23,6 +25,11 @@ public:
     Observable<double> magnification{1.0};
     /// Bundle identifiers of apps that are launching.
     Observable<std::set<std::string>> launching;
+    /// What apps announce, by bundle identifier.
+    Observable<std::map<std::string, TileStatus>> statuses;
+    /// Apps that want the user's attention, and those that have just begun to.
+    Observable<std::set<std::string>> marked;
+    Observable<std::set<std::string>> bobbing;
 
     /// Called by the owner when the number of tiles or separators has changed.
     std::function<void()> onLayoutChange;

@@ -27,6 +27,9 @@ struct DesktopWords {
         "Needs the Accessibility permission, asked for when you switch it on.";
     std::string windowFeaturesNeed =
         "All three switches use the same Accessibility permission as the Dock anchor.";
+    /// Why those three do nothing, where other programs' windows cannot be moved.
+    std::string cannotMoveWindows =
+        "There is no window manager here that can move other programs' windows.";
     /// The tour's text above the list of the four window features.
     std::string fourFeatures = "One macOS permission unlocks four more features";
 

@@ -12,6 +12,7 @@ class DockPreferences;
 class FileEvents;
 class FileSystem;
 class Icons;
+class LauncherAnnouncements;
 class LoginItemService;
 class MotionSettings;
 class PanelWindows;
@@ -49,6 +50,8 @@ struct Platform {
     LoginItemService& loginItemService;
     ProgramWindows& programWindows;
     DesktopWords words{};
+    /// Null where apps cannot announce anything.
+    LauncherAnnouncements* launcherAnnouncements = nullptr;
 };
 
 }

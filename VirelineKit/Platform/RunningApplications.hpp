@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -32,6 +33,16 @@ struct RunningApplication {
     bool operator==(const RunningApplication&) const = default;
 };
 
+/// Which apps want the user's attention, by bundle identifier.
+struct AppAttention {
+    /// Those of which a window demands it.
+    std::set<std::string> demanding = {};
+    /// The frontmost app, which has it.
+    std::optional<std::string> active = {};
+
+    bool operator==(const AppAttention&) const = default;
+};
+
 class RunningApplications {
 public:
     /// Receives the app concerned; nullopt if the system did not say which.
@@ -51,6 +62,14 @@ public:
 
     /// Asks the app to quit; it may refuse or ask the user first.
     virtual void terminate(const RunningApplication& app) = 0;
+
+    /// Empty where the system does not tell.
+    [[nodiscard]] virtual AppAttention attention() const { return {}; }
+    /// Calls `handler` when the result of `attention` has changed.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): implementations keep it
+    [[nodiscard]] virtual Subscription observeAttention(std::function<void()> /*handler*/) {
+        return {};
+    }
 
     [[nodiscard]] virtual Subscription observeWillLaunch(Handler handler) = 0;
     [[nodiscard]] virtual Subscription observeDidLaunch(Handler handler) = 0;

@@ -63,9 +63,41 @@ struct HandleNode {
     bool operator==(const HandleNode&) const = default;
 };
 
+/// A short text on a capsule in the system's colour for what is new.
+struct BadgeNode {
+    std::string text;
+
+    bool operator==(const BadgeNode&) const = default;
+};
+
+/// A bar that is filled from the left.
+struct ProgressNode {
+    /// From 0 to 1.
+    double fraction = 0;
+
+    bool operator==(const ProgressNode&) const = default;
+};
+
+/// A capsule in the system's colour for warnings: something wants the user's attention.
+struct MarkNode {
+    bool operator==(const MarkNode&) const = default;
+};
+
 /// Identifies a node within its scene, and across scenes.
 struct NodeID {
-    enum class Part { strip, separator, icon, dot, label, handle };
+    enum class Part {
+        strip,
+        separator,
+        icon,
+        dot,
+        label,
+        handle,
+        badge,
+        progress,
+        mark,
+        /// On a collapsed dock's line.
+        lineMark,
+    };
 
     Part part = Part::strip;
     /// The serial of the tile, or the number of the separator; 0 for a part that exists once.
@@ -93,7 +125,9 @@ struct SceneNode {
     NodeID id;
     /// Without scale and offset.
     Rect frame;
-    std::variant<GlassNode, ImageNode, DotNode, SeparatorNode, LabelNode, HandleNode> content;
+    std::variant<GlassNode, ImageNode, DotNode, SeparatorNode, LabelNode, HandleNode, BadgeNode,
+                 ProgressNode, MarkNode>
+        content;
     /// Scaled about `anchor`, by default the frame's centre.
     double scale = 1;
     std::optional<Point> anchor = {};

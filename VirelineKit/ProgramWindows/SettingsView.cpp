@@ -164,8 +164,7 @@ FormSection windows(const Settings& settings, const Surroundings& surroundings,
                        words.windowFeaturesNeed))}};
     if (!surroundings.canMoveWindows) {
         for (FormRow& row : section.rows)
-            row.status =
-                warning("There is no window manager here that can move other programs' windows.");
+            row.status = warning(words.cannotMoveWindows);
     }
     return section;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Layout/StripLayout.hpp"
+#include "Model/DockViewModel.hpp"
 #include "Presentation/AccessibleTile.hpp"
 #include "Views/DockTiles.hpp"
 
@@ -10,8 +11,9 @@
 
 namespace vireline::AccessibleTiles {
 
-/// In the order of the strip. `frames` must have one entry for each tile.
-[[nodiscard]] std::vector<AccessibleTile> describe(std::span<const DockTile> tiles,
-                                                   const StripFrames& frames);
+/// In the order of the strip. `frames` must have one entry for each tile. The values include what
+/// the apps signal.
+[[nodiscard]] std::vector<AccessibleTile>
+describe(std::span<const DockTile> tiles, const StripFrames& frames, const DockViewModel& model);
 
 }

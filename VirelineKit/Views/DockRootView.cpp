@@ -2,6 +2,7 @@
 
 #include "Interaction/DockActions.hpp"
 #include "Model/DockMetrics.hpp"
+#include "Platform/MotionSettings.hpp"
 #include "Platform/RunLoop.hpp"
 #include "Sources/IconStore.hpp"
 #include "Views/AccessibleTiles.hpp"
@@ -49,6 +50,9 @@ DockRootView::DockRootView(const DockViewContext& context, PanelUIState& ui, con
                      context_.model.configuredIconSize.observe(invalidated),
                      context_.model.magnification.observe(invalidated),
                      context_.model.launching.observe(invalidated),
+                     context_.model.statuses.observe(invalidated),
+                     context_.model.marked.observe(invalidated),
+                     context_.model.bobbing.observe(invalidated),
                      ui_.collapsed.observe(invalidated)};
     if (context_.demoCursorFraction && model.magnification.get() > 1) {
         cursorAxis_ =
@@ -111,7 +115,7 @@ Scene DockRootView::makeScene() {
     layoutIfNeeded();
     const bool isCollapsed = ui_.collapsed.get();
     const Edge& edge = request_.edge;
-    Scene scene = isCollapsed ? DockScene::collapsed(edge) : makeExpandedScene();
+    Scene scene = isCollapsed ? DockScene::collapsed(edge, lineMarks()) : makeExpandedScene();
     scene.viewPlace = viewPlace_;
     if (isCollapsed) {
         // The view of a collapsed dock is in the gap between the planned frame and the display's
@@ -149,6 +153,30 @@ Scene DockRootView::makeExpandedScene() {
     return scene;
 }
 
+std::vector<DockScene::LineMark> DockRootView::lineMarks() const {
+    std::vector<DockScene::LineMark> marks;
+    const auto& marked = context_.model.marked.get();
+    for (std::size_t i = 0; i < tiles_.all().size(); ++i) {
+        const DockTile& tile = tiles_.all()[i];
+        if (tile.kind == TileKind::app && marked.contains(tile.item.id))
+            marks.push_back({tile.serial, request_.edge.along(frames_.tiles.at(i).hit.center())});
+    }
+    return marks;
+}
+
+void DockRootView::addSignals(TileLook& look, const DockItem& item) const {
+    const auto& model = context_.model;
+    if (const auto status = model.statuses.get().find(item.id);
+        status != model.statuses.get().end()) {
+        if (const auto count = status->second.count)
+            look.badge = TileStatuses::badge(*count);
+        look.progress = status->second.progress;
+    }
+    look.wantsAttention = model.marked.get().contains(item.id);
+    look.isBobbing =
+        model.bobbing.get().contains(item.id) && !context_.motionSettings.reducesMotion();
+}
+
 TileLook DockRootView::lookOf(const DockTile& tile, int index) const {
     TileLook look;
     look.serial = tile.serial;
@@ -156,6 +184,8 @@ TileLook DockRootView::lookOf(const DockTile& tile, int index) const {
     look.isRunning = tile.item.isRunning;
     look.isLaunching =
         tile.kind == TileKind::app && context_.model.launching.get().contains(tile.item.id);
+    if (tile.kind == TileKind::app)
+        addSignals(look, tile.item);
     look.isPulsing = tile.pulse;
     look.isDropTargeted = drops_.target() == tile.serial;
     look.wasDropTargeted = shownDropTarget_ == tile.serial;
@@ -335,7 +365,7 @@ std::vector<AccessibleTile> DockRootView::accessibleTiles() {
     if (ui_.collapsed.get())
         return {};
     layoutIfNeeded();
-    return AccessibleTiles::describe(tiles_.all(), frames_);
+    return AccessibleTiles::describe(tiles_.all(), frames_, context_.model);
 }
 
 void DockRootView::press(std::uint32_t serial) {

@@ -72,6 +72,8 @@ private:
     [[nodiscard]] StripLayout::Request layoutRequest() const;
     [[nodiscard]] Scene makeExpandedScene();
     [[nodiscard]] TileLook lookOf(const DockTile& tile, int index) const;
+    void addSignals(TileLook& look, const DockItem& item) const;
+    [[nodiscard]] std::vector<DockScene::LineMark> lineMarks() const;
     [[nodiscard]] std::optional<LabelLook> label() const;
     /// The index of the tile under the pointer, in the current layout.
     [[nodiscard]] std::optional<std::size_t> hoveredTile() const;
@@ -119,7 +121,7 @@ private:
     DockDrops drops_;
     DockMenus menus_;
 
-    std::array<Subscription, 6> observations_;
+    std::array<Subscription, 9> observations_;
     Lifetime lifetime_;
 };
 

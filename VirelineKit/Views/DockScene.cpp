@@ -3,6 +3,8 @@
 #include "Model/DockMetrics.hpp"
 
 #include <algorithm>
+#include <array>
+#include <string>
 #include <utility>
 
 namespace vireline::DockScene {
@@ -25,6 +27,18 @@ constexpr double handleOpacity = 0.4;
 constexpr double handlePadding = 10;
 constexpr double separatorRadius = 0.5;
 constexpr double labelFontSize = 12;
+/// Of a badge: its height, and its width for one, two and three characters, as parts of the icon.
+constexpr double badgeHeight = 0.4;
+constexpr std::array badgeWidths{0.4, 0.52, 0.68};
+/// How far a badge extends beyond the icon's side.
+constexpr double badgeReach = 0.08;
+/// Of a progress bar: its height, its distance from the icon's bottom and sides.
+constexpr double progressHeight = 0.13;
+constexpr double progressBottom = 0.1;
+constexpr double progressInset = 0.08;
+/// A mark's length, in diameters of a dot, and on the line of a collapsed dock, in points.
+constexpr double markLength = 4;
+constexpr double lineMarkLength = 28;
 constexpr Size labelPadding{9, 3};
 
 double scaleOf(const TileLook& tile) {
@@ -53,12 +67,16 @@ std::optional<Curve> scaleMotion(const TileLook& tile) {
     return tile.isDropTargeted || tile.wasDropTargeted ? dropTarget : pulse;
 }
 
+bool bounces(const TileLook& tile) {
+    return tile.isLaunching || tile.isBobbing;
+}
+
 Motion tileMotion(const DockLook& look, const TileLook& tile) {
     Motion motion = listMotion(look);
     if (!tile.isBeingDragged)
         motion.slide = look.settles ? settling : makingRoom;
     motion.scale = scaleMotion(tile);
-    motion.bounce = tile.isLaunching ? bouncing : landing;
+    motion.bounce = bounces(tile) ? bouncing : landing;
     return motion;
 }
 
@@ -66,6 +84,44 @@ ImageNode imageOf(const TileLook& tile, const StripFrames& frames) {
     return {.image = tile.image,
             .restingSide = frames.iconSize,
             .largestSide = std::max(frames.magnifiedIconSize, frames.iconSize * dropTargetScale)};
+}
+
+Rect badgeFrame(const Rect& icon, std::size_t characters) {
+    const std::size_t last = badgeWidths.size() - 1;
+    const double width = badgeWidths.at(std::min(std::max<std::size_t>(characters, 1) - 1, last));
+    return {icon.maxX() + (badgeReach - width) * icon.width, icon.minY(), width * icon.width,
+            badgeHeight * icon.height};
+}
+
+Rect progressFrame(const Rect& icon) {
+    return {icon.minX() + progressInset * icon.width,
+            icon.maxY() - (progressBottom + progressHeight) * icon.height,
+            (1 - 2 * progressInset) * icon.width, progressHeight * icon.height};
+}
+
+/// In place of the dot, and longer along the axis.
+Rect markFrame(const Rect& dot, const Edge& edge) {
+    const double longer = (markLength - 1) * std::max(dot.width, dot.height);
+    return edge.isHorizontal() ? Rect{dot.x - longer / 2, dot.y, dot.width + longer, dot.height}
+                               : Rect{dot.x, dot.y - longer / 2, dot.width, dot.height + longer};
+}
+
+/// What the app signals. `node` has the motion of the tile's other nodes.
+void addSignals(std::vector<SceneNode>& nodes, const DockLook& look, const TileLook& tile,
+                const TileFrames& frames, SceneNode node) {
+    node.motion.presence = dotChange;
+    const auto add = [&](NodeID::Part part, const Rect& frame, auto content) {
+        node.id.part = part;
+        node.frame = frame;
+        node.content = std::move(content);
+        nodes.push_back(node);
+    };
+    if (tile.wantsAttention)
+        add(NodeID::Part::mark, markFrame(frames.dot, look.edge), MarkNode{});
+    if (tile.progress)
+        add(NodeID::Part::progress, progressFrame(frames.icon), ProgressNode{*tile.progress});
+    if (!tile.badge.empty())
+        add(NodeID::Part::badge, badgeFrame(frames.icon, tile.badge.size()), BadgeNode{tile.badge});
 }
 
 void addTile(std::vector<SceneNode>& nodes, const DockLook& look, std::size_t index) {
@@ -77,7 +133,7 @@ void addTile(std::vector<SceneNode>& nodes, const DockLook& look, std::size_t in
     node.scale = scaleOf(tile);
     node.anchor = frames.icon.united(frames.dot).center();
     node.slide = look.edge.vector(tile.slide, 0);
-    node.bounce = look.edge.vector(0, tile.isLaunching ? StripLayout::bounceHeight : 0);
+    node.bounce = look.edge.vector(0, bounces(tile) ? StripLayout::bounceHeight : 0);
     node.motion = tileMotion(look, tile);
     nodes.push_back(node);
 
@@ -85,9 +141,11 @@ void addTile(std::vector<SceneNode>& nodes, const DockLook& look, std::size_t in
     node.id.part = NodeID::Part::dot;
     node.frame = frames.dot;
     node.content = DotNode{};
-    node.opacity = tile.isRunning ? 1 : 0;
+    node.opacity = tile.isRunning && !tile.wantsAttention ? 1 : 0;
     node.motion.opacity = dotChange;
-    nodes.push_back(std::move(node));
+    nodes.push_back(node);
+    node.opacity = 1;
+    addSignals(nodes, look, tile, frames, std::move(node));
 }
 
 }
@@ -130,14 +188,22 @@ Scene expanded(const DockLook& look) {
     return scene;
 }
 
-Scene collapsed(const Edge& edge) {
+Scene collapsed(const Edge& edge, const std::vector<LineMark>& marks) {
     const double length = std::max(0.0, edge.length() - 2 * handlePadding);
-    SceneNode handle{.id = {NodeID::Part::handle},
-                     .frame = edge.rect(handlePadding, length, 0, DockMetrics::sliverThickness),
-                     .content = HandleNode{},
-                     .opacity = handleOpacity,
-                     .motion = {.presence = listChange}};
-    return {{std::move(handle)}, std::nullopt};
+    Scene scene{{{.id = {NodeID::Part::handle},
+                  .frame = edge.rect(handlePadding, length, 0, DockMetrics::sliverThickness),
+                  .content = HandleNode{},
+                  .opacity = handleOpacity,
+                  .motion = {.presence = listChange}}},
+                std::nullopt};
+    for (const auto& [serial, along] : marks) {
+        scene.nodes.push_back({.id = {NodeID::Part::lineMark, serial},
+                               .frame = edge.rect(along - lineMarkLength / 2, lineMarkLength, 0,
+                                                  DockMetrics::sliverThickness),
+                               .content = MarkNode{},
+                               .motion = {.presence = dotChange}});
+    }
+    return scene;
 }
 
 }

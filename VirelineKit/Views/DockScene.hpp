@@ -27,6 +27,12 @@ struct TileLook {
     /// The same, in the previous scene.
     bool wasDropTargeted = false;
     bool wasBeingDragged = false;
+    /// The text of its badge; empty for none.
+    std::string badge = {};
+    std::optional<double> progress = {};
+    bool wantsAttention = false;
+    /// It has just begun to want attention.
+    bool isBobbing = false;
     /// The offset along the axis: of a dragged tile, or of one that makes room for it.
     double slide = 0;
 };
@@ -53,8 +59,14 @@ namespace DockScene {
 
 [[nodiscard]] Scene expanded(const DockLook& look);
 
+/// A tile that wants attention while its dock is collapsed, and its place along the axis.
+struct LineMark {
+    std::uint32_t serial = 0;
+    double along = 0;
+};
+
 /// The handle that an auto-hidden dock leaves at the display's edge.
-[[nodiscard]] Scene collapsed(const Edge& edge);
+[[nodiscard]] Scene collapsed(const Edge& edge, const std::vector<LineMark>& marks = {});
 
 }
 }

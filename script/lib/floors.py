@@ -16,13 +16,14 @@ SUFFIXES = (".hpp", ".cpp", ".mm")
 
 # Part: the parts whose files it may not include, and the headers that are for those parts only.
 LINUX = pathlib.Path("Platforms/Linux")
-COMMON, X11, WAYLAND = (f"{LINUX}/{part}" for part in ("Common", "X11", "Wayland"))
+COMMON, X11, WAYLAND, HOST = (f"{LINUX}/{part}" for part in ("Common", "X11", "Wayland", "Host"))
 X11_HEADERS = ("<xcb/", "<X11/")
 WAYLAND_HEADERS = ("<wayland-", "<wlr-", "<xdg-shell-", "<qpa/")
 CLOSED = {
-    COMMON: ((X11, WAYLAND), X11_HEADERS + WAYLAND_HEADERS),
-    X11: ((WAYLAND,), WAYLAND_HEADERS),
-    WAYLAND: ((X11,), X11_HEADERS),
+    COMMON: ((X11, WAYLAND, HOST), X11_HEADERS + WAYLAND_HEADERS),
+    X11: ((WAYLAND, HOST), WAYLAND_HEADERS),
+    WAYLAND: ((X11, HOST), X11_HEADERS),
+    HOST: ((), X11_HEADERS + WAYLAND_HEADERS),
 }
 
 

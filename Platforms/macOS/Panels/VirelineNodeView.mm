@@ -11,11 +11,14 @@
 #include <algorithm>
 #include <variant>
 
+using vireline::BadgeNode;
 using vireline::DotNode;
 using vireline::GlassNode;
 using vireline::HandleNode;
 using vireline::ImageNode;
 using vireline::LabelNode;
+using vireline::MarkNode;
+using vireline::ProgressNode;
 using vireline::SceneNode;
 using vireline::SeparatorNode;
 using vireline::macos::attempt;
@@ -28,6 +31,14 @@ namespace ScenePlacement = vireline::macos::ScenePlacement;
 
 /// Shows a node that is filled with one colour.
 @interface VirelineFillNodeView : VirelineNodeView
+@end
+
+/// Such a node with a text in its middle.
+@interface VirelineBadgeNodeView : VirelineFillNodeView
+@end
+
+/// Such a node with a second one inside, for what is done.
+@interface VirelineProgressNodeView : VirelineFillNodeView
 @end
 
 @interface VirelineImageNodeView : VirelineNodeView
@@ -53,6 +64,9 @@ struct FillOf {
 
     Fill operator()(const DotNode&) const { return {NSColor.secondaryLabelColor, capsule()}; }
     Fill operator()(const HandleNode&) const { return {NSColor.labelColor, capsule()}; }
+    Fill operator()(const MarkNode&) const { return {NSColor.systemOrangeColor, capsule()}; }
+    Fill operator()(const BadgeNode&) const { return {NSColor.systemRedColor, capsule()}; }
+    Fill operator()(const ProgressNode&) const { return {NSColor.labelColor, capsule()}; }
     Fill operator()(const SeparatorNode& separator) const {
         const double asked = separator.cornerRadius * node.scale;
         return {NSColor.separatorColor, ScenePlacement::cornerRadius(asked, size)};
@@ -74,6 +88,12 @@ struct MakeView {
     }
     VirelineNodeView* operator()(const LabelNode&) const {
         return [[VirelineLabelNodeView alloc] initWithFrame:NSZeroRect];
+    }
+    VirelineNodeView* operator()(const BadgeNode&) const {
+        return [[VirelineBadgeNodeView alloc] initWithFrame:NSZeroRect];
+    }
+    VirelineNodeView* operator()(const ProgressNode&) const {
+        return [[VirelineProgressNodeView alloc] initWithFrame:NSZeroRect];
     }
     VirelineNodeView* operator()(const auto&) const {
         return [[VirelineFillNodeView alloc] initWithFrame:NSZeroRect];
@@ -141,6 +161,68 @@ NSImage* colored(NSImage* image) {
 /// Called again whenever the system goes from light to dark or back.
 - (void)updateLayer {
     attempt("updateLayer", [&] { self.layer.backgroundColor = _color.CGColor; });
+}
+
+@end
+
+@implementation VirelineBadgeNodeView {
+    NSTextField* _text;
+}
+
+- (instancetype)initWithFrame:(NSRect)frame {
+    self = [super initWithFrame:frame];
+    if (self == nil)
+        return nil;
+    _text = [NSTextField labelWithString:@""];
+    _text.textColor = NSColor.whiteColor;
+    _text.alignment = NSTextAlignmentCenter;
+    _text.usesSingleLineMode = YES;
+    [self addSubview:_text];
+    return self;
+}
+
+- (void)showNode:(const SceneNode&)node scale:(CGFloat)scale {
+    [super showNode:node scale:scale];
+    const auto* const badge = std::get_if<BadgeNode>(&node.content);
+    if (badge == nullptr)
+        return;
+    constexpr double textHeight = 0.68;
+    const NSSize size = self.frame.size;
+    _text.font = [NSFont systemFontOfSize:textHeight * size.height weight:NSFontWeightMedium];
+    _text.stringValue = toNSString(badge->text);
+    const double height = _text.intrinsicContentSize.height;
+    _text.frame = NSMakeRect(0, (size.height - height) / 2, size.width, height);
+}
+
+@end
+
+@implementation VirelineProgressNodeView {
+    VirelineFillNodeView* _done;
+}
+
+- (instancetype)initWithFrame:(NSRect)frame {
+    self = [super initWithFrame:frame];
+    if (self == nil)
+        return nil;
+    _done = [[VirelineFillNodeView alloc] initWithFrame:NSZeroRect];
+    [self addSubview:_done];
+    return self;
+}
+
+- (void)showNode:(const SceneNode&)node scale:(CGFloat)scale {
+    [super showNode:node scale:scale];
+    const auto* const progress = std::get_if<ProgressNode>(&node.content);
+    if (progress == nullptr)
+        return;
+    const NSSize size = self.frame.size;
+    const double line = 1 / scale;
+    const double height = std::max(line, size.height - 2 * line);
+    const double longest = std::max(height, size.width - 2 * line);
+    const SceneNode done{
+        .id = node.id,
+        .frame = {line, line, height + progress->fraction * (longest - height), height},
+        .content = MarkNode{}};
+    [_done showNode:done scale:scale];
 }
 
 @end

@@ -28,6 +28,9 @@ struct Placing {
     Rect operator()(const HandleNode&) const { return snapped(rect, scale); }
     Rect operator()(const DotNode&) const { return snappedAsWhole(rect, scale); }
     Rect operator()(const SeparatorNode&) const { return snappedAsWhole(rect, scale); }
+    Rect operator()(const MarkNode&) const { return snappedAsWhole(rect, scale); }
+    Rect operator()(const BadgeNode&) const { return snappedAsWhole(rect, scale); }
+    Rect operator()(const ProgressNode&) const { return snappedAsWhole(rect, scale); }
     Rect operator()(const LabelNode&) const { return rect; }
     Rect operator()(const ImageNode& image) const {
         constexpr double tolerance = 1.0 / 64;

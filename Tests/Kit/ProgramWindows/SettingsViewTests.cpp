@@ -278,6 +278,16 @@ TEST(SettingsView, SaysAtEachWindowFeatureThatNoWindowCanBeMoved) {
     EXPECT_EQ(statusOf(SettingsField::anchorAppleDock, false), std::nullopt);
 }
 
+TEST(SettingsView, SaysInTheDesktopsWordsWhyNoWindowCanBeMoved) {
+    DesktopWords words;
+    words.cannotMoveWindows = "Nothing moves here.";
+    const Form form =
+        SettingsView::form({}, {.anchorStatus = Status::off, .canMoveWindows = false}, words);
+
+    EXPECT_EQ(rowOf(form, SettingsField::summonOnClick).status.value_or(StatusLine{}).text,
+              "Nothing moves here.");
+}
+
 TEST(SettingsView, TheAnchorNeedsNoWindowManager) {
     Settings settings;
     settings.anchorAppleDock = true;

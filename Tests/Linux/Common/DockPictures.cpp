@@ -119,6 +119,12 @@ PicturedDock::PicturedDock(const Options& options) : parts_(std::make_unique<Par
 
 PicturedDock::~PicturedDock() = default;
 
+void PicturedDock::signal() {
+    DockViewModel& model = parts_->fixture.model;
+    model.statuses.set({{"Browser", {.count = 7}}, {"Mail", {.count = 120, .progress = 0.6}}});
+    model.marked.set({"Terminal"});
+}
+
 void PicturedDock::pointAt(std::size_t tile) {
     std::size_t count = 0;
     for (const SceneNode& node : scene().nodes) {

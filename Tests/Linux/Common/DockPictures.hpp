@@ -25,6 +25,10 @@ public:
     explicit PicturedDock(const Options& options);
     ~PicturedDock();
 
+    /// The first app has a badge, the second one shows progress and a badge, and the last one wants
+    /// attention.
+    void signal();
+
     /// Moves the pointer to the middle of a tile.
     void pointAt(std::size_t tile);
     void press();

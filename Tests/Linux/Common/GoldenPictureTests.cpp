@@ -150,6 +150,30 @@ INSTANTIATE_TEST_SUITE_P(All, GoldenSizes,
                                          DockPosition::right),
                          [](const auto& edge) { return std::string{rawValue(edge.param)}; });
 
+/// What apps signal, one row per scale: at rest, magnified, and on the line of a collapsed dock.
+TEST_F(GoldenPicture, ShowsWhatAppsSignal) {
+    std::vector<QImage> pictures;
+    for (const double scale : {1.0, 1.5, 2.0}) {
+        PicturedDock dock{{.magnification = 2}};
+        dock.signal();
+        pictures.push_back(dock.picture(scale, false));
+        pictures.push_back(dock.picture(scale, true));
+        dock.pointAt(1);
+        pictures.push_back(dock.picture(scale, false));
+        PicturedDock collapsed{{.autoHide = true}};
+        collapsed.signal();
+        pictures.push_back(collapsed.picture(scale, true));
+    }
+    compare("signals", sheetOf(pictures, 4));
+    std::vector<QImage> sides;
+    for (const DockPosition position : {DockPosition::left, DockPosition::right}) {
+        PicturedDock dock{{.position = position, .magnification = 1}};
+        dock.signal();
+        sides.push_back(dock.picture(1, false));
+    }
+    compare("signalsAtTheSides", sheetOf(sides, 2));
+}
+
 /// At fractional scales, icons at rest are as sharp as at integer ones.
 TEST_F(GoldenPicture, IsSharpAtScalesInBetween) {
     std::vector<QImage> pictures;

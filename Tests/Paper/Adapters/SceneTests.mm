@@ -107,6 +107,26 @@ TEST_F(Scenes, FillDotsHandlesAndLinesWithTheirColours) {
     }
 }
 
+TEST_F(Scenes, ShowWhatAppsSignal) {
+    @autoreleasepool {
+        show({node(Part::mark, 1, {10, 10, 16, 4}, MarkNode{}),
+              node(Part::badge, 1, {40, 10, 30, 18}, BadgeNode{"99+"}),
+              node(Part::progress, 1, {100, 10, 40, 6}, ProgressNode{0.5})});
+        EXPECT_EQ(backgroundOf(view(0)), "systemOrange");
+        EXPECT_DOUBLE_EQ(view(0).layer.cornerRadius, 2);
+        EXPECT_EQ(backgroundOf(view(1)), "systemRed");
+        EXPECT_DOUBLE_EQ(view(1).layer.cornerRadius, 9);
+        NSTextField* const text = static_cast<NSTextField*>(view(1).subviews.firstObject);
+        EXPECT_EQ(text.stringValue.paperText, "99+");
+        EXPECT_DOUBLE_EQ(text.frame.size.width, 30);
+        EXPECT_EQ(backgroundOf(view(2)), "label");
+        NSView* const done = view(2).subviews.firstObject;
+        EXPECT_EQ(backgroundOf(done), "systemOrange");
+        EXPECT_DOUBLE_EQ(done.frame.size.width, 22) << "a circle, and half of what is left";
+        EXPECT_DOUBLE_EQ(done.frame.size.height, 5);
+    }
+}
+
 TEST_F(Scenes, KeepTheViewOfANodeThatStaysAndReplaceOneOfAnotherKind) {
     @autoreleasepool {
         const SceneNode dot = node(Part::dot, 1, {10, 10, 4, 4}, DotNode{});

@@ -64,6 +64,14 @@ static NSColor* named(NSString* name) {
     return named(@"systemOrange");
 }
 
++ (NSColor*)systemRedColor {
+    return named(@"systemRed");
+}
+
++ (NSColor*)whiteColor {
+    return named(@"white");
+}
+
 + (NSColor*)controlAccentColor {
     return named(@"controlAccent");
 }

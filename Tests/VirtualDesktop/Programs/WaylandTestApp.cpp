@@ -1,10 +1,12 @@
 /// A program with plain windows for tests under a Wayland compositor:
 ///
 ///     WaylandTestApp [--class ID] [--windows N] [--title TEXT] [--size WxH] [--title-bytes N]
-///                    [--delay MS] [--ignore-close] [--record FILE]
+///                    [--delay MS] [--ignore-close] [--record FILE] [--sizes FILE]
+///                    [--retitle TEXT]
 ///
 /// Ends when its last window is closed. With --record, writes whether it was given an activation
-/// token.
+/// token; with --sizes, the size of each window, such as "320x200", whenever it is drawn; with
+/// --retitle, changes the titles once the windows have been shown for a tenth of a second.
 #include <QApplication>
 #include <QCloseEvent>
 #include <QTimer>
@@ -19,13 +21,20 @@ namespace {
 
 class Window final : public QWidget {
 public:
-    explicit Window(bool ignoresClose) : ignoresClose_(ignoresClose) {}
+    Window(bool ignoresClose, std::string sizes)
+        : ignoresClose_(ignoresClose), sizes_(std::move(sizes)) {}
 
 protected:
+    void paintEvent(QPaintEvent* event) override {
+        QWidget::paintEvent(event);
+        if (!sizes_.empty())
+            std::ofstream{sizes_, std::ios::app} << width() << 'x' << height() << '\n';
+    }
     void closeEvent(QCloseEvent* event) override { event->setAccepted(!ignoresClose_); }
 
 private:
     bool ignoresClose_;
+    std::string sizes_;
 };
 
 std::map<std::string, std::string> options(int count, char** arguments) {
@@ -59,13 +68,19 @@ int main(int count, char** arguments) {
     std::vector<std::unique_ptr<Window>> windows;
     const auto open = [&] {
         for (int i = 0; i < number(values, "--windows", 1); ++i) {
-            auto& window =
-                windows.emplace_back(std::make_unique<Window>(values.contains("--ignore-close")));
+            auto& window = windows.emplace_back(
+                std::make_unique<Window>(values.contains("--ignore-close"), values["--sizes"]));
             window->setWindowTitle(title);
             window->resize(std::stoi(size.substr(0, cross)), std::stoi(size.substr(cross + 1)));
             window->show();
         }
     };
+    const auto retitle = [&] {
+        for (const auto& window : windows)
+            window->setWindowTitle(QString::fromStdString(values["--retitle"]));
+    };
+    if (values.contains("--retitle"))
+        QTimer::singleShot(number(values, "--delay", 0) + 100, retitle);
     QTimer::singleShot(number(values, "--delay", 0), open);
     return QApplication::exec();
 }

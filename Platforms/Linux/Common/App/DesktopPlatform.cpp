@@ -8,6 +8,7 @@
 #include "WindowSystem/WindowSystem.hpp"
 
 #include <string>
+#include <utility>
 
 namespace vireline::xdg {
 namespace {
@@ -31,6 +32,7 @@ DesktopPlatform::DesktopPlatform(QApplication& qt, RunLoop& runLoop, WindowSyste
     , motionSettings_(settings_.numbers)
     , appearance_(widgetTheme(settings_))
     , catalog_(runLoop)
+    , announcements_(catalog_)
     , runningApplications_(windowSystem.windows(), windowSystem.startupNotices(), runLoop, catalog_)
     , workspace_(windowSystem.startupNotices(), catalog_, runningApplications_, userFolders_,
                  pointerSettings_)
@@ -63,6 +65,8 @@ DesktopPlatform::DesktopPlatform(QApplication& qt, RunLoop& runLoop, WindowSyste
 }
 
 Platform DesktopPlatform::ports() {
+    DesktopWords words = linuxWords();
+    windowSystem_.adapt(words);
     return {.application = application_,
             .runLoop = runLoop_,
             .fileSystem = fileSystem_,
@@ -83,7 +87,8 @@ Platform DesktopPlatform::ports() {
             .statusBar = statusBar_,
             .loginItemService = loginItem_,
             .programWindows = programWindows_,
-            .words = linuxWords()};
+            .words = std::move(words),
+            .launcherAnnouncements = &announcements_};
 }
 
 }

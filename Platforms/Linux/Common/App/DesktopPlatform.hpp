@@ -2,6 +2,7 @@
 /// adapters and creates them in dependency order.
 #pragma once
 
+#include "Applications/BusAnnouncements.hpp"
 #include "Applications/DesktopEntryCatalog.hpp"
 #include "Applications/DesktopRunningApplications.hpp"
 #include "Applications/GioWorkspace.hpp"
@@ -53,6 +54,7 @@ private:
     DesktopMotionSettings motionSettings_;
     Appearance appearance_;
     DesktopEntryCatalog catalog_;
+    BusAnnouncements announcements_;
     DesktopRunningApplications runningApplications_;
     GioWorkspace workspace_;
     DesktopDockPreferences dockPreferences_;

@@ -50,6 +50,7 @@ DesktopRunningApplications::DesktopRunningApplications(WindowList& windowList,
     };
     catalogChanges_ = catalog_.observeChanges(lifetime_.guard([this] { identifyAgain(); }));
     groups_ = currentGroups();
+    noteAttention();
 }
 
 std::vector<RunningApplication> DesktopRunningApplications::running() const {
@@ -195,6 +196,21 @@ void DesktopRunningApplications::update() {
     hidden_.update(groups_, windows_.activeWindow());
     noteDesktops();
     announce(before);
+    noteAttention();
+}
+
+void DesktopRunningApplications::noteAttention() {
+    AppAttention now;
+    for (const AppGroup& group : groups_) {
+        if (std::ranges::any_of(group.windows, &ClientWindow::isUrgent))
+            now.demanding.insert(group.app.bundleID);
+        if (AppGroups::isActive(group, windows_.activeWindow(), windows_.currentDesktop()))
+            now.active = group.app.bundleID;
+    }
+    if (now == attention_)
+        return;
+    attention_ = std::move(now);
+    attentionChanges_.notify();
 }
 
 /// Drops requested states once the window manager has reported them.

@@ -16,9 +16,11 @@
 #include "Platform/RunningApplications.hpp"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace vireline::xdg {
@@ -39,6 +41,10 @@ public:
     void hide(const RunningApplication& app) override;
     /// Closes the app's windows the way their close buttons do.
     void terminate(const RunningApplication& app) override;
+    [[nodiscard]] AppAttention attention() const override { return attention_; }
+    [[nodiscard]] Subscription observeAttention(std::function<void()> handler) override {
+        return attentionChanges_.add(std::move(handler));
+    }
     [[nodiscard]] Subscription observeWillLaunch(Handler handler) override;
     [[nodiscard]] Subscription observeDidLaunch(Handler handler) override;
     [[nodiscard]] Subscription observeDidTerminate(Handler handler) override;
@@ -95,6 +101,7 @@ private:
     void update();
     void identifyAgain();
     void announce(const std::vector<AppGroup>& before);
+    void noteAttention();
     void handle(const StartupMessage& message);
     [[nodiscard]] std::vector<AppGroup> currentGroups();
     [[nodiscard]] IdentifiedApp identify(const ClientWindow& window);
@@ -129,6 +136,8 @@ private:
     std::optional<std::uint32_t> desktopBefore_;
     /// Launches that were broadcast to other programs.
     std::vector<std::string> announced_;
+    AppAttention attention_;
+    CallbackList<> attentionChanges_;
     CallbackList<std::optional<RunningApplication>> willLaunch_;
     CallbackList<std::optional<RunningApplication>> didLaunch_;
     CallbackList<std::optional<RunningApplication>> didTerminate_;

@@ -115,11 +115,16 @@ void GioWorkspace::launch(const std::string& bundleID, const DesktopEntry& entry
         if (running_.launchFailed(startupID))
             DevLog::write("launch failed " + bundleID + ": " + described(error));
     });
-    const std::string passedID = handsOn ? startupID : std::string{};
-    if (actionID.empty())
-        launcher_.launch(entry, passedID, failed);
+    const auto start = [this, entry, actionID, failed](const LaunchPass& pass) {
+        if (actionID.empty())
+            launcher_.launch(entry, pass, failed);
+        else
+            launcher_.perform(entry, actionID, pass, failed);
+    };
+    if (handsOn)
+        notices_.makePass(startupID, lifetime_.guard(start));
     else
-        launcher_.perform(entry, actionID, passedID, failed);
+        start({});
 }
 
 void GioWorkspace::openFolders(const std::vector<FileURL>& files) {

@@ -28,6 +28,12 @@ struct DockColors {
     QColor dot;
     QColor separator;
     QColor handle;
+    QColor badge{208, 42, 42};
+    QColor badgeText{255, 255, 255};
+    QColor badgeOutline{255, 255, 255, 210};
+    QColor progressGroove{20, 20, 24, 190};
+    QColor progressFill{90, 160, 255};
+    QColor mark{255, 138, 0};
 
     bool operator==(const DockColors&) const = default;
 

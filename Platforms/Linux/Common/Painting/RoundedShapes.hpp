@@ -27,8 +27,9 @@ private:
         QImage picture;
     };
 
-    /// A dot, a separator and a handle, each in the current look and the previous one.
-    static constexpr std::size_t most = 6;
+    /// A dot, a separator, a handle and a mark, each in the current look and the previous one, and
+    /// some progress bars.
+    static constexpr std::size_t most = 16;
 
     std::vector<Entry> entries_;
 };

@@ -3,6 +3,7 @@
 #include "Icons/RasterImage.hpp"
 
 #include <algorithm>
+#include <cmath>
 
 namespace vireline::xdg {
 namespace {
@@ -56,8 +57,30 @@ struct NodePainter {
         drawShape(place.rect.height() + place.rect.width(), colors.handle);
     }
 
+    void operator()(const BadgeNode& badge) const {
+        cache.badge.draw(canvas, badge.text, place, colors, clip);
+    }
+
+    /// The fill is inside the groove, and at least a circle, so that the beginning can be seen.
+    void operator()(const ProgressNode& progress) const {
+        const QRect groove = place.rect.toRect();
+        drawShape(groove, groove.height(), colors.progressGroove);
+        const int line = std::max(1, groove.height() / 5);
+        QRect fill = groove.adjusted(line, line, -line, -line);
+        const double width = fill.height() + progress.fraction * (fill.width() - fill.height());
+        fill.setWidth(std::max(1, static_cast<int>(std::lround(width))));
+        drawShape(fill, fill.height(), colors.progressFill);
+    }
+
+    void operator()(const MarkNode& /*mark*/) const {
+        drawShape(place.rect.height() + place.rect.width(), colors.mark);
+    }
+
     void drawShape(double radius, const QColor& colour) const {
-        const QRect whole = place.rect.toRect();
+        drawShape(place.rect.toRect(), radius, colour);
+    }
+
+    void drawShape(const QRect& whole, double radius, const QColor& colour) const {
         const QImage& picture = cache.shapes.picture({whole.size(), radius, colour});
         Pixels::blend(canvas, Pixels::pieceOf(picture, whole.topLeft()), place.alpha, clip);
     }

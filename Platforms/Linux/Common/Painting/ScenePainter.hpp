@@ -1,6 +1,7 @@
 /// Paints a scene's nodes, and caches images of what looks the same from frame to frame.
 #pragma once
 
+#include "Painting/BadgePainter.hpp"
 #include "Painting/DockColors.hpp"
 #include "Painting/Glass.hpp"
 #include "Painting/LabelPainter.hpp"
@@ -23,6 +24,7 @@ public:
         GlassPainter glass;
         LabelPainter label;
         RoundedShapes shapes;
+        BadgePainter badge;
         SmoothScaler scaler;
     };
 

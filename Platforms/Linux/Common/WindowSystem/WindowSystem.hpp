@@ -13,6 +13,7 @@ class Accessibility;
 class PanelWindows;
 class PointerTaps;
 class Screens;
+struct DesktopWords;
 }
 
 namespace vireline::xdg {
@@ -56,6 +57,9 @@ public:
 
     /// Opens a filled menu beside the pointer.
     virtual void openAtPointer(QMenu& menu) = 0;
+
+    /// Replaces the words that are different under this window system.
+    virtual void adapt(DesktopWords& /*words*/) const {}
 
     /// Raises one of the program's windows above the windows of all programs and gives it the
     /// focus.

@@ -12,6 +12,7 @@ namespace vireline::wayland {
 
 enum class SwayMessageType : std::uint32_t {
     runCommand = 0,
+    getWorkspaces = 1,
     subscribe = 2,
     getTree = 4,
     workspaceEvent = 0x80000000,

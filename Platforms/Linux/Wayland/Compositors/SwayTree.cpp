@@ -67,6 +67,7 @@ SwayWindow describe(const Place& place) {
         window.workspace = place.workspace;
     window.isFloating = text(node, QLatin1StringView{"type"}) == "floating_con";
     window.isFocused = node[QLatin1StringView{"focused"}].toBool();
+    window.isUrgent = node[QLatin1StringView{"urgent"}].toBool();
     window.isVisible = node[QLatin1StringView{"visible"}].toBool();
     window.isTransient = !x11[QLatin1StringView{"transient_for"}].isNull() &&
                          x11.contains(QLatin1StringView{"transient_for"});

@@ -29,6 +29,7 @@ struct SwayWindow {
     std::string workspace;
     bool isFloating = false;
     bool isFocused = false;
+    bool isUrgent = false;
     /// Whether its workspace is shown, and it is not behind another tab.
     bool isVisible = false;
     bool isInScratchpad = false;

@@ -1,5 +1,6 @@
 #include "Compositors/SwayWindowList.hpp"
 
+#include "Applications/Identity/PlainText.hpp"
 #include "Compositors/SwayCommands.hpp"
 
 #include <QByteArray>
@@ -16,12 +17,6 @@ namespace {
 
 /// How long the first list of windows may take.
 constexpr double startSeconds = 1;
-
-/// What sway calls "title" happens often, and says nothing of which program a window is.
-bool isTitleChange(const std::string& event) {
-    const auto document = QJsonDocument::fromJson(QByteArray::fromStdString(event));
-    return document.object()[QLatin1StringView{"change"}].toString() == QLatin1StringView{"title"};
-}
 
 xdg::WindowID windowID(std::int64_t id) {
     return static_cast<xdg::WindowID>(id);
@@ -102,7 +97,7 @@ void SwayWindowList::handle(const SwayMessage& message) {
             readTreeAgain();
         break;
     case SwayMessageType::windowEvent:
-        if (!isTitleChange(message.text))
+        if (!noteTitle(message.text))
             readTreeAgain();
         break;
     case SwayMessageType::workspaceEvent:
@@ -111,6 +106,20 @@ void SwayWindowList::handle(const SwayMessage& message) {
     default:
         break;
     }
+}
+
+/// Some programs change their titles often, which must not cost a tree each time.
+bool SwayWindowList::noteTitle(const std::string& event) {
+    const auto change = QJsonDocument::fromJson(QByteArray::fromStdString(event)).object();
+    if (change[QLatin1StringView{"change"}].toString() != QLatin1StringView{"title"})
+        return false;
+    const auto node = change[QLatin1StringView{"container"}].toObject();
+    const auto id = node[QLatin1StringView{"id"}].toInteger();
+    const auto window = std::ranges::find(tree_.windows, id, &SwayWindow::id);
+    if (window != tree_.windows.end())
+        window->title =
+            xdg::PlainText::clean(node[QLatin1StringView{"name"}].toString().toStdString());
+    return true;
 }
 
 /// One request at a time, so that a burst of events costs two.
@@ -172,6 +181,7 @@ xdg::ClientWindow SwayWindowList::describe(const SwayWindow& window) const {
     client.isOrdinary = true;
     client.isDialog = window.isTransient;
     client.isHidden = window.isInScratchpad;
+    client.isUrgent = window.isUrgent;
     const auto active = lastActive_.find(window.id);
     client.lastActive = active == lastActive_.end() ? 0 : active->second;
     return client;

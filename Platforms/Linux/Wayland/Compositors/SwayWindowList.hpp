@@ -56,6 +56,8 @@ private:
     SwayWindowList(std::unique_ptr<SwayConnection> connection, pid_t self, SwayTree tree);
 
     void handle(const SwayMessage& message);
+    /// Takes over the title if that is all that the event is about; false otherwise.
+    bool noteTitle(const std::string& event);
     /// Requests the tree.
     void readTree();
     void readTreeAgain();

@@ -1,4 +1,4 @@
-/// The header of the layer shell, a parameter of which has the name of a keyword.
+/// The protocol of the layer shell. In its header, a parameter has the name of a keyword.
 #pragma once
 
 #include <wayland-client.h>
@@ -8,3 +8,12 @@
 #include <wlr-layer-shell-unstable-v1-client-protocol.h>
 #undef namespace
 // NOLINTEND
+
+#include <cstdint>
+
+namespace vireline::wayland {
+
+/// The newest version that we know.
+inline constexpr std::uint32_t layerShellVersion = 4;
+
+}

@@ -4,12 +4,18 @@
 
 #include <blur-client-protocol.h>
 #include <wayland-client.h>
+#include <wlr-foreign-toplevel-management-unstable-v1-client-protocol.h>
+#include <xdg-activation-v1-client-protocol.h>
 #include <xdg-shell-client-protocol.h>
 
 namespace vireline::wayland {
 
 void DestroyProxy::operator()(wl_display* display) const {
     wl_display_disconnect(display);
+}
+
+void DestroyProxy::operator()(wl_buffer* buffer) const {
+    wl_buffer_destroy(buffer);
 }
 
 void DestroyProxy::operator()(wl_compositor* compositor) const {
@@ -24,12 +30,24 @@ void DestroyProxy::operator()(wl_registry* registry) const {
     wl_registry_destroy(registry);
 }
 
+void DestroyProxy::operator()(wl_seat* seat) const {
+    wl_seat_destroy(seat);
+}
+
 void DestroyProxy::operator()(wl_shm* memory) const {
     wl_shm_destroy(memory);
 }
 
 void DestroyProxy::operator()(wl_surface* surface) const {
     wl_surface_destroy(surface);
+}
+
+void DestroyProxy::operator()(xdg_activation_token_v1* token) const {
+    xdg_activation_token_v1_destroy(token);
+}
+
+void DestroyProxy::operator()(xdg_activation_v1* activation) const {
+    xdg_activation_v1_destroy(activation);
 }
 
 void DestroyProxy::operator()(xdg_popup* popup) const {
@@ -46,6 +64,16 @@ void DestroyProxy::operator()(xdg_surface* surface) const {
 
 void DestroyProxy::operator()(xdg_wm_base* base) const {
     xdg_wm_base_destroy(base);
+}
+
+void DestroyProxy::operator()(zwlr_foreign_toplevel_handle_v1* handle) const {
+    zwlr_foreign_toplevel_handle_v1_destroy(handle);
+}
+
+void DestroyProxy::operator()(zwlr_foreign_toplevel_manager_v1* manager) const {
+    // It has no destructor: the compositor lets go of it when it is stopped.
+    zwlr_foreign_toplevel_manager_v1_stop(manager);
+    zwlr_foreign_toplevel_manager_v1_destroy(manager);
 }
 
 void DestroyProxy::operator()(zwlr_layer_shell_v1* shell) const {

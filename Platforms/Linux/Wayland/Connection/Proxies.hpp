@@ -4,16 +4,22 @@
 
 #include <memory>
 
+struct wl_buffer;
 struct wl_compositor;
 struct wl_display;
 struct wl_region;
 struct wl_registry;
+struct wl_seat;
 struct wl_shm;
 struct wl_surface;
+struct xdg_activation_token_v1;
+struct xdg_activation_v1;
 struct xdg_popup;
 struct xdg_positioner;
 struct xdg_surface;
 struct xdg_wm_base;
+struct zwlr_foreign_toplevel_handle_v1;
+struct zwlr_foreign_toplevel_manager_v1;
 struct zwlr_layer_shell_v1;
 struct zwlr_layer_surface_v1;
 struct org_kde_kwin_blur;
@@ -24,15 +30,21 @@ namespace vireline::wayland {
 struct DestroyProxy {
     /// Closes a connection of our own.
     void operator()(wl_display* display) const;
+    void operator()(wl_buffer* buffer) const;
     void operator()(wl_compositor* compositor) const;
     void operator()(wl_region* region) const;
     void operator()(wl_registry* registry) const;
+    void operator()(wl_seat* seat) const;
     void operator()(wl_shm* memory) const;
     void operator()(wl_surface* surface) const;
+    void operator()(xdg_activation_token_v1* token) const;
+    void operator()(xdg_activation_v1* activation) const;
     void operator()(xdg_popup* popup) const;
     void operator()(xdg_positioner* positioner) const;
     void operator()(xdg_surface* surface) const;
     void operator()(xdg_wm_base* base) const;
+    void operator()(zwlr_foreign_toplevel_handle_v1* handle) const;
+    void operator()(zwlr_foreign_toplevel_manager_v1* manager) const;
     void operator()(zwlr_layer_shell_v1* shell) const;
     void operator()(zwlr_layer_surface_v1* surface) const;
     void operator()(org_kde_kwin_blur* blur) const;

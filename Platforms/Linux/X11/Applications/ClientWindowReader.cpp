@@ -20,8 +20,8 @@ constexpr std::array<std::string_view, 11> windowProperties{
     "_NET_WM_PID",   "WM_CLIENT_MACHINE",   "WM_CLIENT_LEADER",         "_NET_WM_WINDOW_TYPE",
     "_NET_WM_STATE", "_NET_WM_DESKTOP",     "WM_TRANSIENT_FOR"};
 
-constexpr std::array<std::string_view, 2> states{"_NET_WM_STATE_SKIP_TASKBAR",
-                                                 "_NET_WM_STATE_HIDDEN"};
+constexpr std::array<std::string_view, 3> states{
+    "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_HIDDEN", "_NET_WM_STATE_DEMANDS_ATTENTION"};
 
 /// Types of programs' main windows first.
 constexpr std::array<std::string_view, 14> types{
@@ -146,6 +146,7 @@ std::optional<xdg::ClientWindow> ClientWindowReader::collect(PropertyBatch& batc
         windowKind != Kind::other && !hasState(batch, requests, "_NET_WM_STATE_SKIP_TASKBAR");
     window.isDialog = windowKind == Kind::dialog;
     window.isHidden = hasState(batch, requests, "_NET_WM_STATE_HIDDEN");
+    window.isUrgent = hasState(batch, requests, "_NET_WM_STATE_DEMANDS_ATTENTION");
     window.desktop = batch.word(requests.desktop, XCB_ATOM_CARDINAL);
     if (window.desktop == allDesktops)
         window.desktop.reset();

@@ -22,7 +22,7 @@ constexpr int maximumCorrections = 6;
 constexpr double checkSeconds = 0.1;
 
 /// EWMH source indication 2: the request comes from the user.
-constexpr std::uint32_t fromPager = 2;
+constexpr std::uint32_t sourcePager = 2;
 
 /// The events that report that a window was moved, changed or destroyed.
 constexpr std::uint32_t windowEvents =
@@ -61,7 +61,7 @@ void WindowKeeper::send(xcb_window_t window, const WindowSnapshot& now, const Wi
 
 void WindowKeeper::makeMovable(xcb_window_t window, const WindowSnapshot& now) const {
     if (const auto& shown = now.currentDesktop; shown && now.isOnAnotherDesktop())
-        connection_.sendToRoot(window, "_NET_WM_DESKTOP", std::array{*shown, fromPager});
+        connection_.sendToRoot(window, "_NET_WM_DESKTOP", std::array{*shown, sourcePager});
     setFill(window, now.fill, false);
     if (now.isIconified)
         xcb_map_window(connection_.get(), window);
@@ -71,7 +71,7 @@ void WindowKeeper::setFill(xcb_window_t window, const WindowFill& fill, bool isO
     const std::uint32_t action = isOn ? 1 : 0;
     const auto set = [&](std::string_view state) {
         connection_.sendToRoot(window, "_NET_WM_STATE",
-                               std::array{action, connection_.atom(state), 0U, fromPager});
+                               std::array{action, connection_.atom(state), 0U, sourcePager});
     };
     if (fill.screen)
         set("_NET_WM_STATE_FULLSCREEN");
@@ -79,7 +79,7 @@ void WindowKeeper::setFill(xcb_window_t window, const WindowFill& fill, bool isO
         connection_.sendToRoot(window, "_NET_WM_STATE",
                                std::array{action, connection_.atom("_NET_WM_STATE_MAXIMIZED_HORZ"),
                                           connection_.atom("_NET_WM_STATE_MAXIMIZED_VERT"),
-                                          fromPager});
+                                          sourcePager});
     } else if (fill.width) {
         set("_NET_WM_STATE_MAXIMIZED_HORZ");
     } else if (fill.height) {
@@ -98,7 +98,7 @@ void WindowKeeper::request(xcb_window_t window, const WindowSnapshot& now,
     const PixelRect client = now.clientFor(WindowGoals::outerFrame(goal, now, displays));
     const auto number = [](int value) { return static_cast<std::uint32_t>(value); };
     connection_.sendToRoot(window, "_NET_MOVERESIZE_WINDOW",
-                           std::array{position | (goal.isSized ? size : 0) | fromPager << 12U,
+                           std::array{position | (goal.isSized ? size : 0) | sourcePager << 12U,
                                       number(client.x), number(client.y), number(client.width),
                                       number(client.height)});
     connection_.flush();

@@ -21,6 +21,8 @@ struct ClientWindow {
     bool isDialog = false;
     /// Iconified or otherwise hidden.
     bool isHidden = false;
+    /// It asks for the user's attention.
+    bool isUrgent = false;
     /// nullopt for a window that is on every desktop or does not say.
     std::optional<std::uint32_t> desktop;
     /// Activation counter value when it was last active; 0 for never, greater is later.

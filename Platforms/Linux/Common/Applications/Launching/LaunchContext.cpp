@@ -40,8 +40,7 @@ void launchFailed(GAppLaunchContext*, const char*, gpointer callback) {
 
 }
 
-GObjectHandle<GAppLaunchContext> make(const std::string& startupID,
-                                      std::function<void()> onFailed) {
+GObjectHandle<GAppLaunchContext> make(const LaunchPass& pass, std::function<void()> onFailed) {
     GObjectHandle<GAppLaunchContext> context{
         static_cast<GAppLaunchContext*>(g_object_new(contextType(), nullptr))};
     for (const auto& [name, value] : LaunchEnvironment::changes()) {
@@ -50,11 +49,15 @@ GObjectHandle<GAppLaunchContext> make(const std::string& startupID,
         else
             g_app_launch_context_unsetenv(context.get(), name.c_str());
     }
-    if (!startupID.empty()) {
+    if (!pass.startupID.empty()) {
         // GIO itself passes the ID only to entries that ask for it.
-        g_app_launch_context_setenv(context.get(), "DESKTOP_STARTUP_ID", startupID.c_str());
-        g_object_set_data_full(G_OBJECT(context.get()), startupIDKey, g_strdup(startupID.c_str()),
-                               g_free);
+        g_app_launch_context_setenv(context.get(), "DESKTOP_STARTUP_ID", pass.startupID.c_str());
+        g_object_set_data_full(G_OBJECT(context.get()), startupIDKey,
+                               g_strdup(pass.startupID.c_str()), g_free);
+    }
+    if (!pass.activationToken.empty()) {
+        g_app_launch_context_setenv(context.get(), "XDG_ACTIVATION_TOKEN",
+                                    pass.activationToken.c_str());
     }
     auto callback = std::make_unique<Callback>(std::move(onFailed));
     const auto end = [](gpointer data, GClosure*) {

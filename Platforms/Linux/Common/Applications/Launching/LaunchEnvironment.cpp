@@ -11,8 +11,9 @@ namespace {
 constexpr std::size_t maximumBytes = 4UL << 20U;
 
 /// The variables that this program sets in its own process.
-constexpr std::array<std::string_view, 2> setHere{"DBUS_FATAL_WARNINGS",
-                                                  "DBUS_SESSION_BUS_ADDRESS"};
+constexpr std::array<std::string_view, 4> setHere{"DBUS_FATAL_WARNINGS", "DBUS_SESSION_BUS_ADDRESS",
+                                                  "QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT",
+                                                  "QT_WAYLAND_DISABLE_FIXED_POSITIONS"};
 
 constexpr std::array<std::string_view, 5> ownStart{
     "DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN", "DESKTOP_AUTOSTART_ID",

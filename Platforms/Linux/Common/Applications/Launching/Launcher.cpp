@@ -113,12 +113,11 @@ void watch(GPid child, FailureHandler onFailure) {
 
 }
 
-void Launcher::launch(const DesktopEntry& entry, const std::string& startupID,
-                      FailureHandler onFailure) {
+void Launcher::launch(const DesktopEntry& entry, const LaunchPass& pass, FailureHandler onFailure) {
     const FailureHandler guarded = lifetime_.guard(std::move(onFailure));
     const PlatformError notActivated{.code = EIO, .description = "activation failed"};
     const SharedContext context{
-        LaunchContext::make(startupID, [guarded, notActivated] { guarded(notActivated); })};
+        LaunchContext::make(pass, [guarded, notActivated] { guarded(notActivated); })};
     runInWorker<Result<Children>>(
         [path = entry.path, context] { return start(path, context.get()); },
         [guarded](const Result<Children>& outcome) {
@@ -132,11 +131,11 @@ void Launcher::launch(const DesktopEntry& entry, const std::string& startupID,
 }
 
 void Launcher::perform(const DesktopEntry& entry, const std::string& actionID,
-                       const std::string& startupID, FailureHandler onFailure) {
+                       const LaunchPass& pass, FailureHandler onFailure) {
     const FailureHandler guarded = lifetime_.guard(std::move(onFailure));
     const PlatformError notStarted{.code = EIO, .description = "the action was not started"};
     const SharedContext context{
-        LaunchContext::make(startupID, [guarded, notStarted] { guarded(notStarted); })};
+        LaunchContext::make(pass, [guarded, notStarted] { guarded(notStarted); })};
     runInWorker<Result<void>>([path = entry.path, actionID,
                                context] { return performAction(path, actionID, context.get()); },
                               [guarded](const Result<void>& outcome) {

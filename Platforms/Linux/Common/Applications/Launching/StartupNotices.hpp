@@ -9,13 +9,32 @@
 
 namespace vireline::xdg {
 
+/// What a launched program is given so that its first window may come to the front. Empty texts are
+/// not passed on.
+struct LaunchPass {
+    /// For DESKTOP_STARTUP_ID.
+    std::string startupID;
+    /// For XDG_ACTIVATION_TOKEN.
+    std::string activationToken;
+
+    bool operator==(const LaunchPass&) const = default;
+};
+
 class StartupNotices {
 public:
     virtual ~StartupNotices() = default;
 
     /// Identifies a launch that the user has just requested: unique among all programs and earlier
-    /// runs. It allows the new window to come to the front.
+    /// runs.
     [[nodiscard]] virtual std::string nextStartupID() = 0;
+
+    /// Calls `done` once with the pass for the program that this launch starts, either at once or
+    /// after the window system has issued one, which takes no more than half a second. Where
+    /// nothing issues any, the ID is the pass.
+    virtual void makePass(const std::string& startupID,
+                          const std::function<void(LaunchPass)>& done) {
+        done({.startupID = startupID, .activationToken = {}});
+    }
 
     /// Sends to every program, including this one.
     virtual void broadcast(StartupMessage message) = 0;

@@ -12,6 +12,8 @@ NS_ASSUME_NONNULL_BEGIN
 @property (class, strong, readonly) NSColor* separatorColor API_AVAILABLE(macos(10.14));
 @property (class, strong, readonly) NSColor* systemGreenColor;
 @property (class, strong, readonly) NSColor* systemOrangeColor;
+@property (class, strong, readonly) NSColor* systemRedColor;
+@property (class, strong, readonly) NSColor* whiteColor;
 @property (class, strong, readonly) NSColor* controlAccentColor API_AVAILABLE(macos(10.14));
 @property (readonly) CGColorRef CGColor API_AVAILABLE(macos(10.8));
 + (nullable NSColor*)colorWithCGColor:(CGColorRef)cgColor API_AVAILABLE(macos(10.8));

@@ -1,5 +1,5 @@
-/// The Linux platform as the executable sees it, on X11: owns the window system and everything that
-/// stands on it.
+/// The Linux platform as the executable sees it: chooses the window system, and owns it and
+/// everything that stands on it.
 #pragma once
 
 #include "Foundation/NonCopyable.hpp"
@@ -12,9 +12,11 @@ namespace vireline {
 
 class HostPlatform : private NonCopyable {
 public:
-    /// Exit status if the program must not go on: there is no X server (a line for the user has
-    /// been printed), or another instance runs and was asked to show its settings.
+    /// Exit status if the program must not go on: there is no window system (a line for the user
+    /// has been printed), or another instance runs and was asked to show its settings.
     using ExitStatus = int;
+
+    struct Parts;
 
     [[nodiscard]] static std::expected<std::unique_ptr<HostPlatform>, ExitStatus> start();
 
@@ -23,8 +25,6 @@ public:
     [[nodiscard]] Platform ports();
 
 private:
-    struct Parts;
-
     explicit HostPlatform(std::unique_ptr<Parts> parts);
 
     std::unique_ptr<Parts> parts_;

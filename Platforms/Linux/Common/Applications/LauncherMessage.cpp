@@ -1,0 +1,75 @@
+#include "Applications/LauncherMessage.hpp"
+
+#include "Applications/Entries/DesktopEntry.hpp"
+#include "Applications/Identity/PlainText.hpp"
+#include "GLib/GLibHandles.hpp"
+
+#include <algorithm>
+#include <string_view>
+
+namespace vireline::xdg {
+namespace {
+
+/// Far above what apps send.
+constexpr gsize maximumBytes = 16UL * 1024;
+
+using Value = GLibHandle<GVariant, g_variant_unref>;
+
+Value property(GVariant* properties, const char* name, const GVariantType* type) {
+    return Value{g_variant_lookup_value(properties, name, type)};
+}
+
+std::optional<bool> flag(GVariant* properties, const char* name) {
+    const auto value = property(properties, name, G_VARIANT_TYPE_BOOLEAN);
+    return value ? std::optional{g_variant_get_boolean(value.get()) != FALSE} : std::nullopt;
+}
+
+/// Programs send the count as any integer type.
+std::optional<std::int64_t> integer(GVariant* properties, const char* name) {
+    if (const auto value = property(properties, name, G_VARIANT_TYPE_INT64))
+        return g_variant_get_int64(value.get());
+    if (const auto value = property(properties, name, G_VARIANT_TYPE_INT32))
+        return g_variant_get_int32(value.get());
+    if (const auto value = property(properties, name, G_VARIANT_TYPE_UINT32))
+        return g_variant_get_uint32(value.get());
+    return std::nullopt;
+}
+
+std::optional<double> number(GVariant* properties, const char* name) {
+    const auto value = property(properties, name, G_VARIANT_TYPE_DOUBLE);
+    return value ? std::optional{g_variant_get_double(value.get())} : std::nullopt;
+}
+
+/// The app of an address such as "application://org.example.Mail.desktop"; empty for any other.
+std::string appOf(std::string_view address) {
+    constexpr std::string_view scheme = "application://";
+    if (!address.starts_with(scheme) || !address.ends_with(DesktopEntries::extension))
+        return {};
+    address.remove_prefix(scheme.size());
+    address.remove_suffix(std::min(address.size(), DesktopEntries::extension.size()));
+    return PlainText::isClean(address) ? std::string{address} : std::string{};
+}
+
+}
+
+std::optional<LauncherMessage> LauncherMessage::parse(GVariant* parameters) {
+    if (parameters == nullptr ||
+        g_variant_is_of_type(parameters, G_VARIANT_TYPE("(sa{sv})")) == FALSE ||
+        g_variant_get_size(parameters) > maximumBytes)
+        return std::nullopt;
+    const char* address = nullptr;
+    GVariant* raw = nullptr;
+    g_variant_get(parameters, "(&s@a{sv})", &address, &raw);
+    const Value properties{raw};
+    LauncherMessage message{.app = appOf(address), .update = {}};
+    if (message.app.empty())
+        return std::nullopt;
+    message.update = {.count = integer(raw, "count"),
+                      .isCountVisible = flag(raw, "count-visible"),
+                      .progress = number(raw, "progress"),
+                      .isProgressVisible = flag(raw, "progress-visible"),
+                      .isUrgent = flag(raw, "urgent")};
+    return message;
+}
+
+}

@@ -1,0 +1,42 @@
+#include "App/WaylandSession.hpp"
+
+#include "Connection/WaylandConnection.hpp"
+
+#include <wayland-client.h>
+
+#include <QDir>
+#include <QLibraryInfo>
+#include <cstdlib>
+
+namespace vireline::wayland {
+
+CompositorOffer CompositorOffer::of(wl_display* display) {
+    const WaylandConnection connection{display};
+    const auto has = [&](const char* interface) { return connection.offered(interface) > 0; };
+    return {.hasLayerShell = has("zwlr_layer_shell_v1") && has("xdg_wm_base"),
+            .listsWindows = has("zwlr_foreign_toplevel_manager_v1")};
+}
+
+WaylandSession::WaylandSession() {
+    // Windows with that hint get no role from Qt, so that they can have one of ours.
+    qputenv("QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT", "1");
+    // Otherwise Qt believes that every window is in the corner of its display.
+    qputenv("QT_WAYLAND_DISABLE_FIXED_POSITIONS", "1");
+}
+
+std::optional<CompositorOffer> WaylandSession::offer() {
+    // Without a name, the library would try a usual one.
+    if (std::getenv("WAYLAND_DISPLAY") == nullptr)
+        return std::nullopt;
+    const Proxy<wl_display> display{wl_display_connect(nullptr)};
+    if (!display)
+        return std::nullopt;
+    return CompositorOffer::of(display.get());
+}
+
+bool WaylandSession::hasPlugin() {
+    const QDir plugins{QLibraryInfo::path(QLibraryInfo::PluginsPath) + QLatin1String("/platforms")};
+    return !plugins.entryList({QStringLiteral("libqwayland*.so")}, QDir::Files).isEmpty();
+}
+
+}

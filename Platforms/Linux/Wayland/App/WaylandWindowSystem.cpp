@@ -1,0 +1,74 @@
+#include "App/WaylandWindowSystem.hpp"
+
+#include "ClientWindows/WlrWindowList.hpp"
+#include "Compositors/CompositorAccessibility.hpp"
+#include "Compositors/SwayPlacer.hpp"
+#include "Compositors/SwayWindowList.hpp"
+#include "Connection/QtNative.hpp"
+#include "Panels/LayerPanelWindows.hpp"
+#include "StatusBar/SystemTray.hpp"
+
+#include <unistd.h>
+
+#include <QCursor>
+#include <QMenu>
+#include <QWindow>
+#include <utility>
+
+namespace vireline::wayland {
+
+namespace {
+
+constexpr const char* ownAppID = "vireline";
+
+std::unique_ptr<xdg::WindowList> windowList(const WaylandConnection& connection,
+                                            const std::string& swaySocket) {
+    if (auto windows = SwayWindowList::open(swaySocket, getpid()))
+        return windows;
+    if (auto windows = WlrWindowList::create(connection, ownAppID, QtNative::seat))
+        return windows;
+    return std::make_unique<NoWindows>();
+}
+
+}
+
+WaylandWindowSystem::WaylandWindowSystem(xdg::SecondStarts& secondStarts, RunLoop& runLoop)
+    : secondStarts_(secondStarts)
+    , runLoop_(runLoop)
+    , swaySocket_(qEnvironmentVariable("SWAYSOCK").toStdString())
+    , connection_(QtNative::display())
+    , windows_(windowList(connection_, swaySocket_))
+    , activationTokens_(connection_, runLoop,
+                        [] { return InputProof{QtNative::seat(), QtNative::inputSerial()}; }) {}
+
+std::unique_ptr<PanelWindows> WaylandWindowSystem::makePanelWindows(xdg::Appearance& appearance) {
+    return std::make_unique<LayerPanelWindows>(connection_, screens_, appearance);
+}
+
+std::unique_ptr<Accessibility>
+WaylandWindowSystem::makeAccessibility(xdg::DesktopRunningApplications& applications) {
+    auto placer =
+        swaySocket_.empty() ? nullptr : std::make_unique<SwayPlacer>(swaySocket_, runLoop_);
+    return std::make_unique<CompositorAccessibility>(std::move(placer), applications, [this] {
+        const QPoint corner = screens_.primary().topLeft();
+        return Point{static_cast<double>(corner.x()), static_cast<double>(corner.y())};
+    });
+}
+
+/// Wayland has none: status items are on the session bus.
+std::unique_ptr<xdg::SystemTray> WaylandWindowSystem::makeTray() {
+    return nullptr;
+}
+
+/// Only for panels that show the menu of a status item by themselves in no way.
+void WaylandWindowSystem::openAtPointer(QMenu& menu) {
+    menu.popup(QCursor::pos());
+}
+
+/// Qt asks the compositor with the token of the user's last action.
+void WaylandWindowSystem::bringToFront(QWindow& window) {
+    window.raise();
+    window.requestActivate();
+}
+
+}

@@ -1,0 +1,54 @@
+/// Wayland as the platform's window system. Owns everything that exists once per connection.
+#pragma once
+
+#include "App/Absent.hpp"
+#include "App/WaylandWords.hpp"
+#include "Connection/WaylandConnection.hpp"
+#include "Displays/WaylandScreens.hpp"
+#include "Foundation/NonCopyable.hpp"
+#include "Session/ActivationTokens.hpp"
+#include "WindowSystem/WindowSystem.hpp"
+
+#include <memory>
+#include <string>
+
+namespace vireline {
+class RunLoop;
+}
+
+namespace vireline::wayland {
+
+class WaylandWindowSystem final : public xdg::WindowSystem, private NonCopyable {
+public:
+    /// Needs the running QApplication. The arguments must outlive this object.
+    WaylandWindowSystem(xdg::SecondStarts& secondStarts, RunLoop& runLoop);
+
+    [[nodiscard]] xdg::SecondStarts& secondStarts() override { return secondStarts_; }
+    [[nodiscard]] xdg::SettingsDaemon& settings() override { return settings_; }
+    [[nodiscard]] xdg::WindowList& windows() override { return *windows_; }
+    [[nodiscard]] xdg::StartupNotices& startupNotices() override { return activationTokens_; }
+    [[nodiscard]] Screens& screens() override { return screens_; }
+    [[nodiscard]] PointerTaps& pointerTaps() override { return pointerTaps_; }
+    [[nodiscard]] std::unique_ptr<PanelWindows>
+    makePanelWindows(xdg::Appearance& appearance) override;
+    [[nodiscard]] std::unique_ptr<Accessibility>
+    makeAccessibility(xdg::DesktopRunningApplications& applications) override;
+    [[nodiscard]] std::unique_ptr<xdg::SystemTray> makeTray() override;
+    void openAtPointer(QMenu& menu) override;
+    void adapt(DesktopWords& words) const override { WaylandWords::adapt(words); }
+    void bringToFront(QWindow& window) override;
+
+private:
+    xdg::SecondStarts& secondStarts_;
+    RunLoop& runLoop_;
+    /// Empty under other compositors.
+    std::string swaySocket_;
+    WaylandConnection connection_;
+    NoSettingsDaemon settings_;
+    std::unique_ptr<xdg::WindowList> windows_;
+    ActivationTokens activationTokens_;
+    WaylandScreens screens_{connection_, swaySocket_};
+    NoPointerTaps pointerTaps_;
+};
+
+}

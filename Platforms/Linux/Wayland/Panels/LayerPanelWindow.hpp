@@ -1,0 +1,127 @@
+/// The window of one dock on Wayland: a window of Qt's that Qt gives no role, so that it can be
+/// ours, a layer surface. Qt paints it and delivers its events.
+#pragma once
+
+#include "Foundation/Lifetime.hpp"
+#include "Foundation/ScopedHandle.hpp"
+#include "Painting/ViewMapping.hpp"
+#include "Panels/Accessible/AccessibleDock.hpp"
+#include "Panels/LayerPicture.hpp"
+#include "Panels/LayerRole.hpp"
+#include "Panels/MenuPopup.hpp"
+#include "Platform/PanelWindow.hpp"
+#include "Toolkit/PopUpMenu.hpp"
+#include "Views/PointerTracker.hpp"
+
+#include <QTimer>
+#include <QWindow>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace vireline::wayland {
+
+class LayerShellContext;
+
+class LayerPanelWindow final : public QWindow, public PanelWindow {
+public:
+    LayerPanelWindow(LayerShellContext& context, std::uint32_t displayID, const Rect& frame,
+                     PanelWindowListener& listener);
+    ~LayerPanelWindow() override;
+
+    void setOverhang(const Overhang& overhang) override { nextOverhang_ = overhang; }
+    void setFrame(const Rect& frame, bool animate) override;
+    void setHostedFrame(const Rect& frame) override;
+    void present(const Scene& scene) override;
+    void orderFrontRegardless() override;
+    void orderOut() override;
+    void requestFrame() override;
+    void watchForCancel(bool watches) override;
+    void checkPress() override;
+    void popUpMenu(const Menu& menu, const MenuPlace& place,
+                   std::function<void()> onClose) override;
+
+    [[nodiscard]] QAccessibleInterface* accessibleRoot() const override;
+
+private:
+    bool event(QEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void dragMoved(QDropEvent& event);
+    void dropped(QDropEvent& event);
+
+    void makeSurface();
+    void removeSurface();
+    void configured();
+    void closedByCompositor();
+    void displaysChanged();
+    void lookChanged();
+    void takeKeyboard(bool takes);
+    void openMenu(QMenu& menu, const MenuPlace& place);
+    void requestTick();
+    void showFrame();
+    void deliverMove();
+    void updateSoon();
+    void update();
+    void relayout();
+    void redrawBelow();
+    bool moveToPlace();
+
+    /// Converts from global coordinates to those relative to the display.
+    [[nodiscard]] QRectF onDisplay(const Rect& global) const;
+    /// The frame including its overhang, relative to the display.
+    [[nodiscard]] QRectF extent() const;
+    /// The surface in Qt's screen coordinates.
+    [[nodiscard]] QRect placeInQt() const;
+    /// Converts a position on the surface, as Qt reports it, to the view's coordinates.
+    [[nodiscard]] Point viewPosition(QPointF position) const;
+    [[nodiscard]] PointerTracker::PointerState pointerState() const;
+    /// Converts a part of the view to Qt's screen coordinates.
+    [[nodiscard]] QRect placeOnScreen(const Rect& view) const;
+
+    LayerShellContext& context_;
+    std::uint32_t displayID_;
+    PanelWindowListener& listener_;
+    PointerTracker tracker_;
+    /// The planned frame, relative to its display's top-left corner, y downwards. A display that
+    /// moves takes its dock along, without waiting for a new plan.
+    QRectF frame_;
+    Rect hostedFrame_;
+    /// The overhang of the current frame, and that of future frames.
+    Overhang overhang_;
+    Overhang nextOverhang_;
+    /// While it shrinks with an animation, the surface keeps its previous extent.
+    std::optional<QRectF> extentBefore_;
+    /// The surface, relative to the display.
+    QRect place_;
+    xdg::ViewMapping mapping_;
+    Scene scene_;
+    bool isWanted_ = false;
+    bool isConfigured_ = false;
+    bool updateIsDue_ = false;
+    bool isFrameAsked_ = false;
+    bool isInFrame_ = false;
+    bool isPlacing_ = false;
+    /// The last place of the pointer on the surface, whether it is there, and whether the primary
+    /// button is held.
+    QPointF pointer_;
+    bool isPointerOver_ = false;
+    bool isButtonHeld_ = false;
+    bool moveIsDue_ = false;
+    /// Paces frames while there is no surface.
+    QTimer hiddenFrames_;
+    std::unique_ptr<LayerRole> role_;
+    std::unique_ptr<LayerPicture> picture_;
+    std::unique_ptr<xdg::PopUpMenu> menu_;
+    std::unique_ptr<MenuPopup> popup_;
+    QMenu* openMenu_ = nullptr;
+    std::unique_ptr<xdg::AccessibleDock> accessible_;
+    std::vector<Subscription> subscriptions_;
+    Lifetime lifetime_;
+};
+
+}

@@ -1,0 +1,57 @@
+#include "Panels/LayerRole.hpp"
+
+#include "Connection/LayerShell.hpp"
+
+#include <utility>
+
+namespace vireline::wayland {
+
+struct LayerRole::Listener {
+    static void configure(void* data, zwlr_layer_surface_v1* role, std::uint32_t serial,
+                          std::uint32_t /*width*/, std::uint32_t /*height*/) {
+        zwlr_layer_surface_v1_ack_configure(role, serial);
+        static_cast<LayerRole*>(data)->events_.configured();
+    }
+    static void closed(void* data, zwlr_layer_surface_v1* /*role*/) {
+        static_cast<LayerRole*>(data)->events_.closed();
+    }
+
+    static constexpr zwlr_layer_surface_v1_listener listener{.configure = configure,
+                                                             .closed = closed};
+};
+
+LayerRole::LayerRole(zwlr_layer_shell_v1& shell, wl_surface& surface, wl_output* output,
+                     Events events)
+    : events_(std::move(events))
+    , role_(zwlr_layer_shell_v1_get_layer_surface(&shell, &surface, output,
+                                                  ZWLR_LAYER_SHELL_V1_LAYER_TOP, "vireline-dock")) {
+    zwlr_layer_surface_v1_add_listener(role_.get(), &Listener::listener, this);
+    zwlr_layer_surface_v1_set_anchor(role_.get(), ZWLR_LAYER_SURFACE_V1_ANCHOR_TOP |
+                                                      ZWLR_LAYER_SURFACE_V1_ANCHOR_LEFT);
+    // Measured from the display's true corner, not from that of the area which panels leave free.
+    constexpr int ignoresPanels = -1;
+    zwlr_layer_surface_v1_set_exclusive_zone(role_.get(), ignoresPanels);
+}
+
+void LayerRole::setPlace(const QRect& place) {
+    if (place == place_)
+        return;
+    if (place.size() != place_.size()) {
+        zwlr_layer_surface_v1_set_size(role_.get(), static_cast<std::uint32_t>(place.width()),
+                                       static_cast<std::uint32_t>(place.height()));
+    }
+    zwlr_layer_surface_v1_set_margin(role_.get(), place.y(), 0, 0, place.x());
+    place_ = place;
+}
+
+void LayerRole::setTakesKeyboard(bool takesKeyboard) {
+    zwlr_layer_surface_v1_set_keyboard_interactivity(
+        role_.get(), takesKeyboard ? ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_EXCLUSIVE
+                                   : ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_NONE);
+}
+
+void LayerRole::adopt(xdg_popup& popup) const {
+    zwlr_layer_surface_v1_get_popup(role_.get(), &popup);
+}
+
+}

@@ -1,0 +1,180 @@
+/// What apps signal on their tiles: badges, progress, and that they want attention.
+#include "DesktopTest.hpp"
+#include "VirtualDesktop/Announcer.hpp"
+#include "VirtualDesktop/Picture.hpp"
+#include "VirtualDesktop/ProcessFigures.hpp"
+
+#include <chrono>
+#include <memory>
+
+namespace vireline::desktop {
+namespace {
+
+constexpr Colour badge{208, 42, 42};
+constexpr Colour progressFill{90, 160, 255};
+constexpr Colour mark{255, 138, 0};
+
+class AppSignals : public DesktopTest {
+protected:
+    void run(const std::string& preferences = {}, bool isAccessible = false) {
+        auto& desktop =
+            make({.monitors = twoMonitors(), .sessionBus = true, .accessibility = isAccessible});
+        for (const auto& app : apps)
+            desktop.home().install(app);
+        desktop.home().pin(apps);
+        desktop.home().writePreferences(R"({"onboardingCompleted": true)" + preferences + "}");
+        // A sanitized program would keep what it has freed.
+        desktop.environment()["ASAN_OPTIONS"] +=
+            ":quarantine_size_mb=0:thread_local_quarantine_size_kb=0";
+        desktop.runVireline();
+        const BusClient bus{address()};
+        ASSERT_TRUE(eventually([&] { return bus.hasOwner("com.canonical.Unity"); }));
+    }
+    void runExpanded() {
+        run();
+        ASSERT_TRUE(docksSettle(tiles(2)));
+    }
+
+    [[nodiscard]] std::string address() {
+        return desktop().environment().at("DBUS_SESSION_BUS_ADDRESS");
+    }
+
+    /// The dock's display from the strip's height down to its edge.
+    [[nodiscard]] int pixelsOf(Colour colour) {
+        PixelRect area = desktop().monitor("right").frame;
+        constexpr int height = 100;
+        area.y += area.height - height;
+        area.height = height;
+        return Picture::ofScreen(desktop().client(), area).count(colour);
+    }
+    [[nodiscard]] bool shows(Colour colour) {
+        return eventually([&] { return pixelsOf(colour) > 20; });
+    }
+    [[nodiscard]] bool showsNo(Colour colour) {
+        return eventually([&] { return pixelsOf(colour) == 0; });
+    }
+
+    [[nodiscard]] xcb_window_t launch(const App& app) {
+        desktop().launch(app);
+        EXPECT_TRUE(eventually([&] { return desktop().isActive(app); }));
+        return desktop().windowsOf(app).at(0);
+    }
+
+    /// Asks the window manager to add the state to the window, as toolkits do.
+    void demandAttention(xcb_window_t window) {
+        constexpr std::uint32_t add = 1;
+        constexpr std::uint32_t fromApplication = 1;
+        const auto& client = desktop().client();
+        client.sendToRoot(
+            window, "_NET_WM_STATE",
+            {add, client.atom("_NET_WM_STATE_DEMANDS_ATTENTION"), 0, fromApplication});
+    }
+
+    const std::vector<App> apps = someApps(2);
+    const App& alpha = apps[0];
+    const App& beta = apps[1];
+};
+
+TEST_F(AppSignals, ABadgeShowsUntilTheAppWithdrawsItOrLeavesTheBus) {
+    runExpanded();
+    auto announcer = std::make_unique<Announcer>(address());
+    announcer->announce(alpha.id, "{'count': <int64 7>, 'count-visible': <true>}");
+    EXPECT_TRUE(shows(badge));
+    announcer->announce(alpha.id, "{'count-visible': <false>}");
+    EXPECT_TRUE(showsNo(badge));
+    announcer->announce(alpha.id, "{'count-visible': <true>}");
+    EXPECT_TRUE(shows(badge));
+    announcer.reset();
+    EXPECT_TRUE(showsNo(badge));
+}
+
+TEST_F(AppSignals, ProgressShows) {
+    runExpanded();
+    const Announcer announcer{address()};
+    announcer.announce(beta.id, "{'progress': <0.9>, 'progress-visible': <true>}");
+    EXPECT_TRUE(shows(progressFill));
+    const int most = pixelsOf(progressFill);
+    announcer.announce(beta.id, "{'progress': <0.3>}");
+    EXPECT_TRUE(eventually([&] { return pixelsOf(progressFill) < most / 2; }));
+}
+
+TEST_F(AppSignals, WhatIsAnnouncedAboutNoInstalledAppOrIsNonsenseShowsNothing) {
+    runExpanded();
+    const Announcer announcer{address()};
+    announcer.announce("no.such.app", "{'count': <int64 7>, 'count-visible': <true>}");
+    announcer.announce(alpha.id, "{'count': <int64 -7>, 'count-visible': <true>}");
+    announcer.announce(alpha.id, "{'count': <'many'>, 'progress': <'much'>}");
+    announcer.announce(beta.id, "{'progress': <1.0>, 'progress-visible': <true>}");
+    EXPECT_TRUE(shows(progressFill));
+    EXPECT_EQ(pixelsOf(badge), 0);
+    EXPECT_TRUE(desktop().vireline().isRunning());
+}
+
+TEST_F(AppSignals, AFloodCostsNeitherMemoryNorTheDocksResponse) {
+    runExpanded();
+    const Announcer announcer{address()};
+    announcer.announce(alpha.id, "{'progress': <0.5>, 'progress-visible': <true>}");
+    ASSERT_TRUE(shows(progressFill));
+    const auto pid = desktop().vireline().pid();
+    const auto flood = [&] {
+        constexpr int rounds = 30'000;
+        for (int i = 0; i < rounds; ++i) {
+            announcer.announceSoon(alpha.id,
+                                   "{'progress': <" + std::to_string(i / double{rounds}) + ">}");
+            if (i % 1000 == 0)
+                announcer.announce(alpha.id, "{'urgent': <false>}");
+        }
+    };
+    // What the first flood takes, such as for buffers, is kept.
+    flood();
+    const long before = kilobytes(pid, "Pss:");
+    flood();
+    announcer.announce(alpha.id, "{'progress-visible': <false>, 'count': <int64 1>, "
+                                 "'count-visible': <true>}");
+    EXPECT_TRUE(shows(badge));
+    EXPECT_EQ(pixelsOf(progressFill), 0);
+    EXPECT_LT(kilobytes(pid, "Pss:") - before, 4096);
+    desktop().pointer().click(layout("right", tiles(2)).icon(1));
+    EXPECT_TRUE(logs("click launch " + beta.id));
+}
+
+TEST_F(AppSignals, AnAppThatDemandsAttentionIsMarkedUntilItIsActive) {
+    runExpanded();
+    const auto window = launch(alpha);
+    static_cast<void>(launch(beta));
+    demandAttention(window);
+    EXPECT_TRUE(shows(mark));
+    desktop().pointer().click(layout("right", tiles(2)).icon(0));
+    EXPECT_TRUE(eventually([&] { return desktop().isActive(alpha); }));
+    EXPECT_TRUE(showsNo(mark));
+}
+
+TEST_F(AppSignals, AnAutoHiddenDockShowsTheMarkOnItsLineAndStaysHidden) {
+    run(R"(, "autoHide": true)");
+    const Announcer announcer{address()};
+    const auto line = [&] { return pixelsOf(alpha.colour) == 0; };
+    ASSERT_TRUE(eventually(line));
+    announcer.announce(alpha.id, "{'urgent': <true>}");
+    EXPECT_TRUE(shows(mark));
+    EXPECT_TRUE(line()) << "the tiles are still hidden";
+}
+
+TEST_F(AppSignals, AreToldToScreenReaders) {
+    run({}, true);
+    ASSERT_TRUE(docksSettle(tiles(2)));
+    const Announcer announcer{address()};
+    const auto description = [&](const std::string& name) {
+        const auto tree = desktop().controls();
+        const auto tile = tree.find(AccessibleRole::pushButton, name);
+        return tile ? tree.description(*tile) : std::string{};
+    };
+    ASSERT_TRUE(eventually([&] { return description("Alpha") == "not running"; }));
+    announcer.announce(alpha.id, "{'count': <int64 3>, 'count-visible': <true>, 'progress': "
+                                 "<0.5>, 'progress-visible': <true>}");
+    EXPECT_TRUE(eventually([&] {
+        return description("Alpha") == "not running, badge 3, 50 percent";
+    })) << description("Alpha");
+}
+
+}
+}
