@@ -117,8 +117,8 @@ void SwaySession::start(const std::string& display, std::size_t outputs) {
         demand(chown(folder_.c_str(), otherUser, otherUser) == 0,
                "sway's folder cannot be given to another user");
         const auto user = std::to_string(otherUser);
-        const std::array<std::string, 4> prefix{"--reuid=" + user, "--regid=" + user,
-                                                "--clear-groups", "sway"};
+        const std::array<std::string, 5> prefix{"--reuid=" + user, "--regid=" + user,
+                                                "--clear-groups", "--pdeathsig=KILL", "sway"};
         command.program = "setpriv";
         command.arguments.insert(command.arguments.begin(), prefix.begin(), prefix.end());
     }

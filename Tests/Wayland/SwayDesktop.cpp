@@ -56,8 +56,8 @@ desktop::Command swayCommand(const fs::path& folder) {
         if (chown(folder.c_str(), nobody, nobody) != 0)
             throw std::runtime_error{"cannot make the folder another user's"};
         const auto user = std::to_string(nobody);
-        arguments.insert(arguments.begin(),
-                         {"setpriv", "--reuid=" + user, "--regid=" + user, "--clear-groups"});
+        arguments.insert(arguments.begin(), {"setpriv", "--reuid=" + user, "--regid=" + user,
+                                             "--clear-groups", "--pdeathsig=KILL"});
     }
     const std::string program = arguments.front();
     arguments.erase(arguments.begin());

@@ -1,78 +1,12 @@
-#include "Sources/AppSourceResolver.hpp"
-#include "Support/FakePlatform.hpp"
-#include "Support/LoggedLines.hpp"
-#include "Support/Printing.hpp"
-#include "Support/Recorder.hpp"
-
-#include <gtest/gtest.h>
+#include "Kit/Sources/AppSourceResolverTest.hpp"
 
 namespace vireline {
 namespace {
 
-using test::FakePlatform;
-using test::LoggedLines;
-using test::Recorder;
+using test::AppSourceResolverTest;
+using test::stored;
 using Apps = std::vector<AppRef>;
 using Lines = std::vector<std::string>;
-
-StoredApp stored(const AppRef& app) {
-    return {app.bundleID, app.name, app.url.path()};
-}
-
-std::vector<StoredApp> stored(const Apps& apps) {
-    std::vector<StoredApp> list;
-    for (const AppRef& app : apps)
-        list.push_back(stored(app));
-    return list;
-}
-
-/// A resolver whose owner calls `emit` after every change of the settings.
-struct AppSourceResolverTest : testing::Test {
-    void owned() {
-        store.onChange = [this] { resolver.emit(); };
-    }
-
-    void startMirroring() {
-        platform.pin({finder, mail, notes, music, maps});
-        owned();
-        resolver.start();
-        log.clear();
-        lists.values.clear();
-    }
-
-    void startManual(const Apps& apps) {
-        setManual(stored(apps));
-        platform.pin({finder, mail});
-        owned();
-        resolver.start();
-        log.clear();
-        lists.values.clear();
-    }
-
-    void setManual(std::vector<StoredApp> apps, SourceMode mode = SourceMode::manual) {
-        Settings settings = store.settings();
-        settings.manualApps = std::move(apps);
-        settings.sourceMode = mode;
-        store.setSettings(settings);
-    }
-
-    [[nodiscard]] const std::vector<StoredApp>& manualApps() const {
-        return store.settings().manualApps;
-    }
-    [[nodiscard]] SourceMode mode() const { return store.settings().sourceMode; }
-
-    LoggedLines log;
-    FakePlatform platform;
-    AppRef finder = platform.install("com.apple.finder", "Finder");
-    AppRef mail = platform.install("com.apple.mail", "Mail");
-    AppRef notes = platform.install("com.apple.Notes", "Notes");
-    AppRef music = platform.install("com.apple.Music", "Music");
-    AppRef maps = platform.install("com.apple.Maps", "Maps");
-    AppRef chess = platform.install("com.apple.Chess", "Chess");
-    PreferencesStore store{platform.fileSystem, platform.userFolders};
-    AppSourceResolver resolver{store, platform.ports()};
-    Recorder<Apps> lists{resolver.onChange};
-};
 
 TEST_F(AppSourceResolverTest, PassesTheMirroredListOn) {
     platform.pin({mail, notes});
@@ -373,77 +307,6 @@ TEST_F(AppSourceResolverTest, AMoveKeepsEveryHiddenAppBetweenItsNeighbours) {
 
     EXPECT_EQ(lists.last(), (Apps{maps, finder, mail}));
     EXPECT_EQ(manualApps(), stored(Apps{maps, finder, notes, mail, music}));
-}
-
-// Behaviour: undo-1
-TEST_F(AppSourceResolverTest, UndoingTheMoveThatEndedMirroringMirrorsAgainWithTheOldManualList) {
-    startMirroring();
-
-    resolver.moveManualApp(notes.bundleID, 0);
-    ASSERT_EQ(mode(), SourceMode::manual);
-    EXPECT_EQ(resolver.undoTitle(), "Undo Move of Notes");
-    log.clear();
-    resolver.undo();
-
-    EXPECT_EQ(mode(), SourceMode::mirror);
-    EXPECT_TRUE(manualApps().empty());
-    EXPECT_EQ(lists.values.back(), (Apps{finder, mail, notes, music, maps}));
-    EXPECT_EQ(log.messages(), (Lines{"manual undo com.apple.Notes"}));
-    EXPECT_EQ(resolver.undoTitle(), std::nullopt);
-}
-
-TEST_F(AppSourceResolverTest, UndoesAnAddedAndARemovedAppStepByStep) {
-    startManual({mail, notes, mail});
-    const auto original = manualApps();
-
-    resolver.removeManualApp(mail.bundleID);
-    resolver.addManualApp(chess.url);
-    EXPECT_EQ(resolver.undoTitle(), "Undo Adding Chess");
-    resolver.undo();
-    EXPECT_EQ(manualApps(), stored(Apps{notes}));
-    EXPECT_EQ(resolver.undoTitle(), "Undo Removing Mail");
-    resolver.undo();
-
-    EXPECT_EQ(manualApps(), original);
-    EXPECT_EQ(mode(), SourceMode::manual);
-    EXPECT_EQ(resolver.undoTitle(), std::nullopt);
-}
-
-// Behaviour: undo-2
-TEST_F(AppSourceResolverTest, AChangeOfTheListFromElsewhereLeavesNothingToUndo) {
-    startManual({mail, notes});
-    resolver.removeManualApp(mail.bundleID);
-
-    setManual(stored(Apps{music}));
-    EXPECT_EQ(resolver.undoTitle(), std::nullopt);
-    resolver.undo();
-    EXPECT_EQ(manualApps(), stored(Apps{music}));
-    setManual(stored(Apps{notes}));
-    EXPECT_EQ(resolver.undoTitle(), std::nullopt);
-}
-
-TEST_F(AppSourceResolverTest, AnotherSettingThatChangesLeavesTheListsEditsUndoable) {
-    startManual({mail, notes});
-    resolver.removeManualApp(mail.bundleID);
-
-    Settings settings = store.settings();
-    settings.iconSize = 60;
-    store.setSettings(settings);
-    EXPECT_EQ(resolver.undoTitle(), "Undo Removing Mail");
-    resolver.undo();
-
-    EXPECT_EQ(manualApps(), stored(Apps{mail, notes}));
-    EXPECT_EQ(store.settings().iconSize, 60);
-}
-
-TEST_F(AppSourceResolverTest, AnEditWithoutEffectCannotBeUndone) {
-    startManual({mail, notes});
-
-    resolver.addManualApp(mail.url);
-    resolver.removeManualApp(chess.bundleID);
-    resolver.moveManualApp(mail.bundleID, 0);
-
-    EXPECT_EQ(resolver.undoTitle(), std::nullopt);
 }
 
 }
