@@ -105,6 +105,7 @@ TEST_F(SessionInstanceTest, IsOneOfManyThatStartAtOnce) {
     std::vector<std::unique_ptr<SessionInstance>> instances(16);
     {
         std::vector<std::jthread> starts;
+        starts.reserve(instances.size());
         for (auto& instance : instances)
             starts.emplace_back([&] { instance = claim(); });
     }

@@ -201,7 +201,7 @@ std::optional<StoredApp> AppSourceResolver::moveInList(std::string_view bundleID
     const std::ptrdiff_t to = places[static_cast<std::size_t>(target)];
     if (to == found - apps.begin())
         return std::nullopt;
-    const StoredApp moved = *found;
+    StoredApp moved = std::move(*found);
     apps.erase(found);
     // Each of the two writes is saved and announced: the docks see the app disappear before it
     // reappears in its new place.

@@ -19,6 +19,7 @@ inline StoredApp stored(const AppRef& app) {
 
 inline std::vector<StoredApp> stored(const std::vector<AppRef>& apps) {
     std::vector<StoredApp> list;
+    list.reserve(apps.size());
     for (const AppRef& app : apps)
         list.push_back(stored(app));
     return list;

@@ -61,6 +61,7 @@ TEST_F(FormWindows, ShowTheValueOfEveryControl) {
         EXPECT_EQ(slider.minValue, 32);
         EXPECT_EQ(slider.maxValue, 64);
         EXPECT_NE(label(content(), "44"), nil);
+        EXPECT_EQ(label(content(), "44").alignment, NSTextAlignmentRight);
         EXPECT_EQ([controlNamed(shown(), "Anchor") state], NSControlStateValueOn);
         EXPECT_NE(label(content(), "First"), nil);
         EXPECT_NE(label(content(), "Source"), nil);
@@ -142,6 +143,14 @@ TEST_F(FormWindows, KeepTheControlsOfRowsThatStay) {
         EXPECT_EQ([controlNamed(shown(), "Third") state], NSControlStateValueOn);
         EXPECT_EQ([controlNamed(shown(), "Position") selectedSegment], 2);
         EXPECT_EQ([controlNamed(shown(), "Position") paperLabels].count, 3U);
+        Form larger = everything();
+        larger.sections[1].rows[0].control = Slider{16, 128, 1, 100, "100"};
+        show(larger);
+        NSSlider* const slider = controlNamed(shown(), "Size");
+        EXPECT_EQ(slider.minValue, 16);
+        EXPECT_EQ(slider.maxValue, 128);
+        EXPECT_EQ(slider.doubleValue, 100);
+        show(form);
         // Includes the button of a hidden status line.
         EXPECT_EQ(viewsOf(content(), NSButton.class).size(), 4U);
         form.sections.pop_back();
@@ -234,13 +243,17 @@ TEST_F(FormWindows, PutAStatusIntoOneLineWithinTheRow) {
         EXPECT_LE(toRect(button.frame).maxX(), FormLayout::rowWidth(480));
         EXPECT_GT(status.frame.size.width, 0);
         EXPECT_GT(button.frame.size.width, 0);
+        EXPECT_DOUBLE_EQ(static_cast<NSButton*>(controlNamed(shown(), "Open…")).font.paperSize,
+                         NSFont.smallSystemFontSize);
     }
 }
 
 TEST_F(FormWindows, CanBeScrolledWhereTheyDoNotFit) {
     @autoreleasepool {
         ASSERT_TRUE([content() isKindOfClass:NSScrollView.class]);
-        EXPECT_TRUE(static_cast<NSScrollView*>(static_cast<id>(content())).hasVerticalScroller);
+        NSScrollView* const scrolling = static_cast<NSScrollView*>(static_cast<id>(content()));
+        EXPECT_TRUE(scrolling.hasVerticalScroller);
+        EXPECT_TRUE(scrolling.autohidesScrollers);
     }
 }
 

@@ -1,6 +1,7 @@
 // Each of the ports that query the system.
 #include "App/MacMotionSettings.hpp"
 #include "App/MacPointerSettings.hpp"
+#include "App/MainRunLoop.hpp"
 #include "Applications/WorkspaceApplications.hpp"
 #include "Applications/WorkspaceCatalog.hpp"
 #include "ClientWindows/AXAccessibility.hpp"
@@ -13,6 +14,7 @@
 #include "Icons/WorkspaceIcons.hpp"
 #include "Session/MainAppLoginItem.hpp"
 #include "StatusBar/MenuBar.hpp"
+#include "Support/LoggedLines.hpp"
 #include "Unseen.hpp"
 
 #include <gtest/gtest.h>
@@ -253,8 +255,21 @@ TEST_F(Ports, ReadNoPropertyListThatIsNone) {
     }
 }
 
+TEST_F(Ports, CallNothingLaterThatWasDroppedEvenIfTheTimerCannotBeEnded) {
+    int fired = 0;
+    MainRunLoop loop;
+    Timer timer = loop.after(1, [&] { ++fired; });
+    paper::rt::makeRaise("invalidate");
+    timer = {};
+    EXPECT_EQ(paper::rt::raised("invalidate"), 1);
+    paper::rt::clearFaults();
+    paper::advance(2);
+    EXPECT_EQ(fired, 0);
+}
+
 TEST_F(Ports, ShowAStatusItemWhoseMenuIsUpToDateWheneverItOpens) {
     @autoreleasepool {
+        const test::LoggedLines log;
         int looks = 0;
         std::vector<std::string> chosen;
         const auto item = MenuBar{}.makeStatusItem();
@@ -270,6 +285,7 @@ TEST_F(Ports, ShowAStatusItemWhoseMenuIsUpToDateWheneverItOpens) {
                                      .action = [&] { chosen.push_back("second"); }}}};
         });
         ASSERT_TRUE(item->hasPlace());
+        EXPECT_EQ(log.messages(), std::vector<std::string>{}) << "the menu bar has taken it";
         NSStatusItem* const shown = paper::statusItems().front();
         EXPECT_EQ(shown.button.image.paperName.paperText, "dock.rectangle");
         [shown.menu paperUpdate];
