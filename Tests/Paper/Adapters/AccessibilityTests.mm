@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 namespace vireline::macos {
 namespace {
 
@@ -89,14 +91,72 @@ TEST_F(Elements, TellATitleThatIsNoTextAsNone) {
 }
 
 TEST_F(Elements, GiveUpOnTheTitlesOfASlowAppAfterHalfASecondInTotal) {
-    paper::foreignApps()[501].windows.resize(40);
-    paper::foreignApps()[501].delay = 0.05;
+    paper::foreignApps()[501].windows.resize(100);
+    paper::foreignApps()[501].delay = 0.01;
     const double before = paper::now();
     EXPECT_FALSE(port.openWindows(*app));
-    EXPECT_LE(paper::now() - before, 0.65);
+    EXPECT_NEAR(paper::now() - before, 0.5, 0.02);
+}
+
+TEST_F(Elements, AreNotAskedForATitleWhenNoTimeIsLeft) {
+    paper::foreignApps()[501].delay = 0.25;
+    const int before = paper::foreignApps()[501].questions;
+    EXPECT_FALSE(port.openWindows(*app));
+    EXPECT_EQ(paper::foreignApps()[501].questions - before, 2)
+        << "the windows, and whether in front";
+}
+
+TEST_F(Elements, WaitForATitleNoLongerThanTheTimeThatIsLeft) {
+    paper::foreignApps()[501].delay = 0.125;
+    EXPECT_TRUE(port.openWindows(*app));
+    paper::foreignApps()[501].delay = 0;
+    paper::foreignApps()[501].isHung = true;
+    const double before = paper::now();
+    EXPECT_FALSE(port.mainWindow(*app));
+    EXPECT_DOUBLE_EQ(paper::now() - before, 0.125) << "after three answers";
+}
+
+TEST_F(Elements, TellTitlesAlsoWhereTheTimeIsUnknown) {
+    paper::rt::makeRaise("systemUptime");
+    EXPECT_EQ(port.openWindows(*app)->size(), 2U);
+    EXPECT_GE(paper::rt::raised("systemUptime"), 1);
+    paper::rt::clearFaults();
+}
+
+TEST_F(Elements, AreNotTakenFromAListForWhatIsNone) {
+    paper::foreignApps()[501].listsNonsense = true;
+    const auto windows = port.windows(*app);
+    ASSERT_TRUE(windows);
+    EXPECT_EQ(windows->size(), 3U);
+    EXPECT_EQ(windows->front(), nullptr);
+    EXPECT_EQ(port.openWindows(*app)->size(), 2U);
+}
+
+TEST_F(Elements, SayWhichFailureItWas) {
+    const auto main = port.mainWindow(*app).value();
+    paper::foreignApps()[501].windows.front().error = kAXErrorAPIDisabled;
+    EXPECT_EQ(port.position(*main).error().code, kAXErrorAPIDisabled);
+    EXPECT_EQ(port.setPosition(*main, {}).error().code, kAXErrorAPIDisabled);
+    // Success, but no value.
+    paper::foreignApps()[501].errors["AXMainWindow"] = kAXErrorSuccess;
+    EXPECT_EQ(port.mainWindow(*app).error().code, kAXErrorFailure);
+    paper::foreignApps()[501].errors["AXWindows"] = kAXErrorAPIDisabled;
+    EXPECT_EQ(port.openWindows(*app).error().code, kAXErrorAPIDisabled);
+}
+
+TEST_F(Elements, AreBroughtForwardAsFarAsTheSystemDoesNotRaise) {
+    const auto main = port.mainWindow(*app).value();
+    constexpr std::array selectors{"numberWithBool:", "runningApplicationWithProcessIdentifier:"};
+    for (const char* const selector : selectors)
+        paper::rt::makeRaise(selector);
+    EXPECT_TRUE(port.bringForward(*main));
+    for (const char* const selector : selectors)
+        EXPECT_EQ(paper::rt::raised(selector), 1) << selector;
+    paper::rt::clearFaults();
 }
 
 TEST_F(Elements, AreRestoredRaisedAndTheirAppActivated) {
+    paper::run({"com.example.Notes", "Notes", 501, "/Applications/Notes.app"});
     paper::requests().clear();
     auto& window = paper::foreignApps()[501].windows[1];
     window.title = "Ideas";
@@ -106,8 +166,8 @@ TEST_F(Elements, AreRestoredRaisedAndTheirAppActivated) {
         EXPECT_TRUE(port.bringForward(*open->at(1).element));
     }
     EXPECT_FALSE(window.isMinimized);
-    EXPECT_EQ(paper::requests(), std::vector<std::string>{"AXRaise Ideas"})
-        << "the app itself is not running on paper";
+    EXPECT_EQ(paper::requests(),
+              (std::vector<std::string>{"AXRaise Ideas", "activate com.example.Notes"}));
     window.error = kAXErrorFailure;
     EXPECT_EQ(port.bringForward(*open->at(1).element).error().code, kAXErrorFailure);
 }
@@ -120,6 +180,7 @@ TEST_F(Elements, AreNotAskedWhereTheSystemMakesNone) {
     EXPECT_EQ(port.mainWindow(*none).error().code, kAXErrorIllegalArgument);
     EXPECT_EQ(port.windows(*none).error().code, kAXErrorIllegalArgument);
     EXPECT_EQ(port.setPosition(*none, {}).error().code, kAXErrorIllegalArgument);
+    EXPECT_EQ(port.bringForward(*none).error().code, kAXErrorIllegalArgument);
     EXPECT_EQ(paper::foreignApps()[501].questions, 0);
 }
 

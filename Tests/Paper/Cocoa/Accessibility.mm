@@ -85,6 +85,8 @@ AXError copyOfApp(PaperElement* element, const paper::ForeignApp& app, const std
         return kAXErrorSuccess;
     }
     NSMutableArray* const windows = [NSMutableArray array];
+    if (app.listsNonsense)
+        [windows addObject:paper::text("nonsense")];
     for (std::size_t index = 0; index < app.windows.size(); ++index)
         [windows addObject:makeElement(element.processIdentifier, static_cast<NSInteger>(index))];
     *value = (__bridge_retained CFTypeRef)windows;

@@ -131,6 +131,8 @@ struct ForeignApp {
     /// Front to back, and the first is the main window.
     std::vector<ForeignWindow> windows;
     bool isFrontmost = false;
+    /// Whether a text comes first in its list of windows.
+    bool listsNonsense = false;
     /// How long each call takes, in seconds.
     double delay = 0;
     /// Does not respond: each call runs into its timeout.

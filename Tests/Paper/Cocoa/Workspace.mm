@@ -103,8 +103,8 @@ void announce(NSNotificationName name, NSRunningApplication* app) {
 
 // Belief: an active program may activate another one; since version 14 only after yielding.
 - (BOOL)activateWithOptions:(NSApplicationActivationOptions)options {
-    static_cast<void>(options);
-    paper::requests().push_back("activate " + self.bundleIdentifier.paperText);
+    paper::requests().push_back("activate " + self.bundleIdentifier.paperText +
+                                (options == 0 ? "" : " with options"));
     NSApplication.sharedApplication.paperIsActive = NO;
     self.active = YES;
     return YES;
