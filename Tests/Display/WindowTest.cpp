@@ -60,8 +60,8 @@ std::string place(Point at) {
 }
 
 void EventLog::pointerEvent(const PointerEvent& event) {
-    static constexpr std::array names{"moved",    "exited",    "pressed",
-                                      "released", "secondary", "cancelled"};
+    static constexpr std::array names{"moved",     "exited", "pressed",  "released",
+                                      "secondary", "middle", "cancelled"};
     std::string word = names.at(static_cast<std::size_t>(event.kind));
     if (event.kind != PointerEvent::Kind::exited && event.kind != PointerEvent::Kind::cancelled) {
         word += ' ' + place(event.position);
