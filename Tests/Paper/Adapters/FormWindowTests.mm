@@ -143,6 +143,7 @@ TEST_F(FormWindows, KeepTheControlsOfRowsThatStay) {
         EXPECT_EQ([controlNamed(shown(), "Third") state], NSControlStateValueOn);
         EXPECT_EQ([controlNamed(shown(), "Position") selectedSegment], 2);
         EXPECT_EQ([controlNamed(shown(), "Position") paperLabels].count, 3U);
+        show(everything());
         Form larger = everything();
         larger.sections[1].rows[0].control = Slider{16, 128, 1, 100, "100"};
         show(larger);

@@ -119,6 +119,7 @@ TEST_F(Scenes, ShowWhatAppsSignal) {
         NSTextField* const text = static_cast<NSTextField*>(view(1).subviews.firstObject);
         EXPECT_EQ(text.stringValue.paperText, "99+");
         EXPECT_DOUBLE_EQ(text.frame.size.width, 30);
+        EXPECT_DOUBLE_EQ(text.font.paperSize, 0.68 * 18);
         EXPECT_EQ(backgroundOf(view(2)), "label");
         NSView* const done = view(2).subviews.firstObject;
         EXPECT_EQ(backgroundOf(done), "systemOrange");
