@@ -28,7 +28,7 @@ WaylandConnection::WaylandConnection(wl_display* display) : display_(display) {
     readGlobals();
 }
 
-/// On a queue of its own, so that nobody else's events are dispatched from here.
+/// On a queue of its own, so that this dispatches no events of other objects.
 void WaylandConnection::readGlobals() {
     wl_event_queue* const queue = wl_display_create_queue(display_);
     auto* const wrapper = static_cast<wl_display*>(wl_proxy_create_wrapper(display_));

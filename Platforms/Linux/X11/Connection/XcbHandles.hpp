@@ -32,7 +32,7 @@ using Owned = std::unique_ptr<T, Freed>;
     return event.response_type & 0x7fU;
 }
 
-/// XCB_NONE if nobody owns the selection, or the server is gone.
+/// XCB_NONE if the selection has no owner, or the server is gone.
 [[nodiscard]] inline xcb_window_t selectionOwner(xcb_connection_t* connection,
                                                  xcb_atom_t selection) {
     const Owned<xcb_get_selection_owner_reply_t> reply{xcb_get_selection_owner_reply(
