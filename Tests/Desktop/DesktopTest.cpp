@@ -138,6 +138,19 @@ xcb_window_t DesktopTest::openMenu(PixelPoint icon) {
     return desktop().docks().menus().front();
 }
 
+xcb_window_t DesktopTest::openMenuBesideTiles(const DockLayout& dock) {
+    const PixelRect strip = dock.strip();
+    const PixelPoint place{strip.x + 3, strip.y + strip.height / 2};
+    // A strip that changes grows to its new length in an animation.
+    const auto isReached = [&] {
+        const auto under = desktop().client().windowsAt(place);
+        return std::ranges::any_of(desktop().docks().shown(), [&](const DockWindow& shown) {
+            return std::ranges::find(under, shown.window) != under.end();
+        });
+    };
+    return eventually(isReached) ? openMenu(place) : xcb_window_t{XCB_NONE};
+}
+
 void DesktopTest::choose(xcb_window_t menu, int index, int count) {
     const auto frame = desktop().client().frame(menu).value_or(PixelRect{});
     desktop().pointer().click(

@@ -60,6 +60,7 @@ packages_desktop=(
     sway
     tint2
     xfwm4
+    xterm
     xvfb
 )
 
@@ -80,7 +81,6 @@ packages_tour=(
     papirus-icon-theme
     pcmanfm
     x11vnc
-    xterm
 )
 
 # Only for script/mutate and script/soak --valgrind.
