@@ -1,5 +1,6 @@
 #include "App/WaylandWindowSystem.hpp"
 
+#include "ClientWindows/PlasmaWindowList.hpp"
 #include "ClientWindows/WlrWindowList.hpp"
 #include "Compositors/CompositorAccessibility.hpp"
 #include "Compositors/SwayPlacer.hpp"
@@ -26,6 +27,8 @@ std::unique_ptr<xdg::WindowList> windowList(const WaylandConnection& connection,
     if (auto windows = SwayWindowList::open(swaySocket, getpid()))
         return windows;
     if (auto windows = WlrWindowList::create(connection, ownAppID, QtNative::seat))
+        return windows;
+    if (auto windows = PlasmaWindowList::create(connection, ownAppID))
         return windows;
     return std::make_unique<NoWindows>();
 }
