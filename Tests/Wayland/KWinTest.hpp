@@ -71,7 +71,8 @@ protected:
     }
     /// What KWin itself says of the window.
     [[nodiscard]] KWinDesktop::Window actual(xdg::WindowID window) const {
-        return desk().window(list_->uuid(window)).value_or(KWinDesktop::Window{});
+        const auto details = list_->details(window);
+        return desk().window(details ? details->uuid : "").value_or(KWinDesktop::Window{});
     }
 
     Proxy<wl_display> display_;

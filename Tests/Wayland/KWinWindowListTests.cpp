@@ -26,7 +26,7 @@ TEST_F(KWinWindowList, KnowsProgramsTheirProcessesAndTitles) {
     EXPECT_EQ(later->activeWindow(), later->windows()[1].id);
     EXPECT_GT(later->windows()[1].lastActive, later->windows()[0].lastActive);
     EXPECT_EQ(later->titles(std::array{later->windows()[0].id}).at(0).find("One"), 0U);
-    EXPECT_EQ(later->frame(later->windows()[0].id)->size(), (Size{320, 200}));
+    EXPECT_EQ(later->details(later->windows()[0].id)->frame.size(), (Size{320, 200}));
 }
 
 TEST_F(KWinWindowList, HidesAndBringsBack) {
@@ -68,7 +68,8 @@ TEST_F(KWinWindowList, SaysWhichWindowDemandsAttention) {
     run("org.example.two");
     EXPECT_FALSE(window(0).isUrgent);
 
-    desk().script("(workspace.windowList || workspace.clientList)().forEach(function(window) {"
+    desk().script("(workspace.windowList ? workspace.windowList() : workspace.clientList())"
+                  ".forEach(function(window) {"
                   "  if (window.resourceClass == 'org.example.one') window.demandsAttention = true;"
                   "});");
 

@@ -140,8 +140,7 @@ TEST_F(PlasmaWindowListTest, AnnouncesOnlyWhatMatters) {
     sync();
     EXPECT_EQ(changes_, 1);
     EXPECT_EQ(list_->titles(std::array{window(0).id}), Texts{"Another"});
-    EXPECT_EQ(list_->frame(window(0).id), (Rect{1, 2, 300, 200}));
-    EXPECT_EQ(list_->uuid(window(0).id), "0");
+    EXPECT_EQ(list_->details(window(0).id), (KWinWindow{.uuid = "0", .frame = {1, 2, 300, 200}}));
 }
 
 TEST_F(PlasmaWindowListTest, LeavesOutItsOwnWindowsAndThoseThatTaskbarsSkip) {
@@ -187,8 +186,7 @@ TEST_F(PlasmaWindowListTest, RequestsNothingForAWindowThatIsGone) {
 
     EXPECT_EQ(requests(), Texts{"0 destroy"});
     EXPECT_EQ(list_->titles(std::array{id}), Texts{""});
-    EXPECT_EQ(list_->frame(id), std::nullopt);
-    EXPECT_EQ(list_->uuid(id), "");
+    EXPECT_EQ(list_->details(id), std::nullopt);
 }
 
 TEST(PlasmaWindowList, IsThereOnlyWhereWindowsAreNamedByUUID) {

@@ -64,6 +64,8 @@ struct PlasmaWindowList::Events {
             window.state.isActive = has(ORG_KDE_PLASMA_WINDOW_MANAGEMENT_STATE_ACTIVE);
             window.state.isMinimised = has(ORG_KDE_PLASMA_WINDOW_MANAGEMENT_STATE_MINIMIZED);
             window.state.isUrgent = has(ORG_KDE_PLASMA_WINDOW_MANAGEMENT_STATE_DEMANDS_ATTENTION);
+            window.details.isMaximised = has(ORG_KDE_PLASMA_WINDOW_MANAGEMENT_STATE_MAXIMIZED);
+            window.details.isFullScreen = has(ORG_KDE_PLASMA_WINDOW_MANAGEMENT_STATE_FULLSCREEN);
             window.state.isSkipped = has(ORG_KDE_PLASMA_WINDOW_MANAGEMENT_STATE_SKIPTASKBAR);
         });
     }
@@ -78,8 +80,8 @@ struct PlasmaWindowList::Events {
     static void geometry(void* data, PlasmaHandle* handle, std::int32_t x, std::int32_t y,
                          std::uint32_t width, std::uint32_t height) {
         if (Window* const window = list(data).find(handle))
-            window->frame = {static_cast<double>(x), static_cast<double>(y),
-                             static_cast<double>(width), static_cast<double>(height)};
+            window->details.frame = {static_cast<double>(x), static_cast<double>(y),
+                                     static_cast<double>(width), static_cast<double>(height)};
     }
     static void process(void* data, PlasmaHandle* handle, std::uint32_t identifier) {
         update(data, handle, [identifier](Window& window) {
@@ -154,7 +156,8 @@ void PlasmaWindowList::readFirst() {
         changed(window);
     std::istringstream order{stacking_};
     for (std::string uuid; std::getline(order, uuid, ';');) {
-        const auto window = std::ranges::find(handles_, uuid, &Window::uuid);
+        const auto window = std::ranges::find_if(
+            handles_, [&uuid](const Window& each) { return each.details.uuid == uuid; });
         if (window == handles_.end() || !window->isDescribed)
             continue;
         ToplevelState active = window->state;
@@ -173,10 +176,9 @@ void PlasmaWindowList::came(const std::string& uuid) {
     org_kde_plasma_window_add_listener(handle, &Events::handle, this);
     handles_.push_back({.handle = Proxy<org_kde_plasma_window>{handle},
                         .id = nextID(),
-                        .uuid = uuid,
+                        .details = {.uuid = uuid, .frame = {}},
                         .state = {},
                         .title = {},
-                        .frame = {},
                         .isDescribed = false});
 }
 
@@ -217,14 +219,9 @@ std::vector<std::string> PlasmaWindowList::titles(std::span<const xdg::WindowID>
     return titles;
 }
 
-std::string PlasmaWindowList::uuid(xdg::WindowID window) const {
+std::optional<KWinWindow> PlasmaWindowList::details(xdg::WindowID window) const {
     const Window* const found = find(window);
-    return found == nullptr ? std::string{} : found->uuid;
-}
-
-std::optional<Rect> PlasmaWindowList::frame(xdg::WindowID window) const {
-    const Window* const found = find(window);
-    return found == nullptr ? std::nullopt : std::optional{found->frame};
+    return found == nullptr ? std::nullopt : std::optional{found->details};
 }
 
 void PlasmaWindowList::iconify(xdg::WindowID window) {

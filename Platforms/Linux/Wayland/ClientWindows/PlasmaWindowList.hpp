@@ -2,10 +2,10 @@
 /// whose desktop entry asks for it.
 #pragma once
 
+#include "ClientWindows/KWinWindow.hpp"
 #include "ClientWindows/ToplevelList.hpp"
 #include "Connection/Proxies.hpp"
 #include "Connection/WaylandConnection.hpp"
-#include "Foundation/Geometry.hpp"
 
 #include <cstdint>
 #include <memory>
@@ -36,10 +36,8 @@ public:
     void close(xdg::WindowID window) override;
     void flush() override { connection_.flush(); }
 
-    /// The name by which KWin's other interfaces know the window; empty if the window is gone.
-    [[nodiscard]] std::string uuid(xdg::WindowID window) const;
-    /// The window with its decoration, as KWin last reported it.
-    [[nodiscard]] std::optional<Rect> frame(xdg::WindowID window) const;
+    /// nullopt if the window is gone.
+    [[nodiscard]] std::optional<KWinWindow> details(xdg::WindowID window) const;
 
 private:
     struct Events;
@@ -47,10 +45,9 @@ private:
     struct Window {
         Proxy<org_kde_plasma_window> handle;
         xdg::WindowID id = xdg::WindowID::none;
-        std::string uuid;
+        KWinWindow details;
         ToplevelState state;
         std::string title;
-        Rect frame;
         /// KWin has described the window completely.
         bool isDescribed = false;
     };
