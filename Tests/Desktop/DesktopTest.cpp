@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <cstdlib>
 #include <sstream>
 #include <stdexcept>
@@ -138,17 +139,19 @@ xcb_window_t DesktopTest::openMenu(PixelPoint icon) {
     return desktop().docks().menus().front();
 }
 
-xcb_window_t DesktopTest::openMenuBesideTiles(const DockLayout& dock) {
-    const PixelRect strip = dock.strip();
-    const PixelPoint place{strip.x + 3, strip.y + strip.height / 2};
-    // A strip that changes grows to its new length in an animation.
-    const auto isReached = [&] {
-        const auto under = desktop().client().windowsAt(place);
-        return std::ranges::any_of(desktop().docks().shown(), [&](const DockWindow& shown) {
-            return std::ranges::find(under, shown.window) != under.end();
-        });
-    };
-    return eventually(isReached) ? openMenu(place) : xcb_window_t{XCB_NONE};
+xcb_window_t DesktopTest::openMenuBesideTiles(const DockLayout& dock, int pinned) {
+    // At the separator, where there is a strip even while it still grows or shrinks.
+    const PixelPoint last = dock.icon(pinned - 1);
+    const PixelPoint place{(last.x + dock.icon(pinned).x) / 2, last.y};
+    // A click is lost in the frame of the dock's window while the window manager resizes both, so
+    // this clicks again, as a user would.
+    constexpr std::chrono::milliseconds clickTimeout{700};
+    const auto menus = [&] { return desktop().docks().menus(); };
+    static_cast<void>(eventually([&] {
+        desktop().pointer().click(place, Pointer::Button::secondary);
+        return eventually([&] { return !menus().empty(); }, clickTimeout);
+    }));
+    return menus().empty() ? xcb_window_t{XCB_NONE} : menus().front();
 }
 
 void DesktopTest::choose(xcb_window_t menu, int index, int count) {

@@ -218,7 +218,7 @@ TEST_F(TileMenu, UndoesARemovalFromTheMenuBesideTheTiles) {
     ASSERT_NE(menu, xcb_window_t{XCB_NONE});
     choose(menu, 2, 3);
     ASSERT_TRUE(docksSettle(tiles(1)));
-    const auto beside = openMenuBesideTiles(layout("right", tiles(1)));
+    const auto beside = openMenuBesideTiles(layout("right", tiles(1)), 1);
     ASSERT_NE(beside, xcb_window_t{XCB_NONE});
     choose(beside, 0, 3);
     EXPECT_TRUE(logs("manual undo " + apps[0].id));

@@ -221,7 +221,7 @@ TEST_F(TileDrag, IsUndoneFromTheMenuBesideTheTiles) {
     letGo();
     expectTiles({beta, gamma, alpha});
 
-    const auto menu = openMenuBesideTiles(layout(display, request));
+    const auto menu = openMenuBesideTiles(layout(display, request), 3);
     ASSERT_NE(menu, xcb_window_t{XCB_NONE});
     choose(menu, 0, 3);
 

@@ -1,119 +1,18 @@
-/// What every Accessibility port does, the fake and the real one alike. The real one meets programs
-/// of their own under a window manager; whatever it asks of that one comes true a little later.
-#include "Display/AccessibilityDesktops.hpp"
+/// What every Accessibility port does with windows, the fake and the real one alike.
+#include "Display/AccessibilityContract.hpp"
 
 #include <chrono>
-#include <type_traits>
 
 namespace vireline {
 namespace {
 
-using contract::EwmhDesktop;
-using contract::FakeDesktop;
+using contract::AccessibilityContract;
+using contract::Desktops;
+using contract::fails;
 using contract::Kind;
+using contract::Names;
 using contract::Program;
 
-template <class Value>
-testing::AssertionResult fails(const Result<Value>& outcome) {
-    if (outcome)
-        return testing::AssertionFailure() << "it succeeds";
-    if (outcome.error().code == 0 || outcome.error().description.empty())
-        return testing::AssertionFailure() << "the error tells nothing: " << outcome.error();
-    return testing::AssertionSuccess();
-}
-
-template <class Desktop>
-class AccessibilityContract : public Desktop {
-protected:
-    ElementHandle app(const Program& program) {
-        return this->port.application(program.process, program.bundleID);
-    }
-
-    std::vector<ElementHandle> windows(const Program& program) {
-        return this->port.windows(*app(program)).value_or(std::vector<ElementHandle>{});
-    }
-
-    /// A program whose windows have different corners, in their listed order.
-    Program runPlaced(std::size_t count) {
-        const Program program = this->run(count);
-        const auto elements = windows(program);
-        EXPECT_EQ(elements.size(), count);
-        for (std::size_t i = 0; i < elements.size(); ++i)
-            EXPECT_TRUE(this->port.setPosition(*elements[i], corner(i)));
-        for (std::size_t i = 0; i < elements.size(); ++i)
-            EXPECT_TRUE(this->eventually([&] { return isAt(*elements[i], corner(i)); }));
-        return program;
-    }
-
-    static Point corner(std::size_t window) {
-        return {100 + 250 * static_cast<double>(window), 150};
-    }
-
-    ElementHandle window(const Program& program, std::size_t index = 0) {
-        return windows(program).at(index);
-    }
-
-    bool isAt(AccessibilityElement& element, Point corner) {
-        return this->port.position(element) == Result<Point>{corner};
-    }
-
-    bool isMain(const Program& program, std::size_t window) {
-        const auto main = this->port.mainWindow(*app(program));
-        return main && *main && isAt(**main, corner(window));
-    }
-
-    std::vector<OpenWindow> openWindows(const Program& program) {
-        return this->port.openWindows(*app(program)).value_or(std::vector<OpenWindow>{});
-    }
-
-    /// A program with a window for each title, the last of which is active.
-    Program runTitled(const std::vector<std::string>& titles) {
-        const Program program = this->run(titles.size());
-        for (std::size_t i = 0; i < titles.size(); ++i) {
-            this->setTitle(program, i, titles[i]);
-            this->activate(program, i);
-        }
-        return program;
-    }
-
-    /// Waits until the program's windows are listed like this, with an asterisk at the active one.
-    testing::AssertionResult lists(const Program& program,
-                                   const std::vector<std::string>& expected) {
-        std::vector<std::string> listed;
-        if (this->eventually([&] {
-                listed.clear();
-                for (const OpenWindow& window : openWindows(program))
-                    listed.push_back(window.title + (window.isActive ? "*" : ""));
-                return listed == expected;
-            }))
-            return testing::AssertionSuccess();
-        return testing::AssertionFailure() << "the list is " << testing::PrintToString(listed);
-    }
-
-    testing::AssertionResult comesTo(const Program& program, const Rect& frame) {
-        if (this->eventually([&] { return this->outerFrame(program, 0) == frame; }))
-            return testing::AssertionSuccess();
-        return testing::AssertionFailure()
-               << "the window is at " << this->outerFrame(program, 0) << " and not at " << frame;
-    }
-
-    /// Whether every call about the window fails.
-    testing::AssertionResult failsAtAll(AccessibilityElement& window) {
-        auto outcome = fails(this->port.position(window));
-        outcome = outcome ? fails(this->port.size(window)) : outcome;
-        outcome = outcome ? fails(this->port.setPosition(window, {1, 2})) : outcome;
-        return outcome ? fails(this->port.setSize(window, {300, 200})) : outcome;
-    }
-};
-
-struct Names {
-    template <class Desktop>
-    static std::string GetName(int /*index*/) {
-        return std::is_same_v<Desktop, FakeDesktop> ? "Fake" : "Ewmh";
-    }
-};
-
-using Desktops = testing::Types<FakeDesktop, EwmhDesktop>;
 TYPED_TEST_SUITE(AccessibilityContract, Desktops, Names);
 
 TYPED_TEST(AccessibilityContract, IsTrustedForAsLongAsThePermissionIsThere) {
@@ -330,72 +229,6 @@ TYPED_TEST(AccessibilityContract, FailsWithAWindowThatIsGoneAndLeavesTheOthersAl
 
     EXPECT_TRUE(this->failsAtAll(*gone));
     EXPECT_TRUE(this->isAt(*other, this->corner(1)));
-}
-
-TYPED_TEST(AccessibilityContract, ListsTheOpenWindowsWithTheirTitlesMostRecentlyActiveFirst) {
-    const Program program = this->runTitled({"first", "second", "third — é"});
-    const Program other = this->runTitled({"other"});
-
-    EXPECT_TRUE(this->lists(program, {"third — é", "second", "first"}));
-    EXPECT_TRUE(this->lists(other, {"other*"}));
-    this->activate(program, 1);
-    this->setTitle(program, 0, "first, changed");
-    EXPECT_TRUE(this->lists(program, {"second*", "third — é", "first, changed"}));
-    EXPECT_TRUE(this->lists(other, {"other"}));
-}
-
-TYPED_TEST(AccessibilityContract, ListsAHiddenWindowUntilItIsClosed) {
-    const Program program = this->runTitled({"first", "second"});
-    this->activate(program, 0);
-    this->hide(program, 1);
-
-    EXPECT_TRUE(this->lists(program, {"first*", "second"}));
-    this->close(program, 1);
-    EXPECT_TRUE(this->lists(program, {"first*"}));
-}
-
-TYPED_TEST(AccessibilityContract, ListsNoOpenWindowsOfAnAppThatDoesNotRun) {
-    this->run(1);
-
-    const auto open = this->port.openWindows(*this->port.application(4711, "absent"));
-
-    ASSERT_TRUE(open) << open.error();
-    EXPECT_TRUE(open->empty());
-}
-
-TYPED_TEST(AccessibilityContract, BringsOneWindowForwardAndLeavesTheOthersWhereTheyAre) {
-    const Program program = this->runTitled({"first", "second", "third"});
-    this->hide(program, 1);
-    this->activate(program, 2);
-    const auto first = this->openWindows(program).at(2);
-    ASSERT_EQ(first.title, "first");
-
-    ASSERT_TRUE(this->port.bringForward(*first.element));
-
-    EXPECT_TRUE(this->lists(program, {"first*", "third", "second"}));
-    EXPECT_FALSE(this->isShown(program, 1));
-}
-
-TYPED_TEST(AccessibilityContract, BringsAHiddenWindowForward) {
-    const Program program = this->runTitled({"first", "second"});
-    this->activate(program, 0);
-    this->hide(program, 1);
-    const auto hidden = this->openWindows(program).at(1);
-
-    ASSERT_TRUE(this->port.bringForward(*hidden.element));
-
-    EXPECT_TRUE(this->eventually([&] { return this->isShown(program, 1); }));
-    EXPECT_TRUE(this->lists(program, {"second*", "first"}));
-}
-
-TYPED_TEST(AccessibilityContract, FailsToBringAClosedWindowForward) {
-    const Program program = this->runTitled({"first", "second"});
-    const auto closed = this->openWindows(program).at(1);
-    this->close(program, 0);
-    ASSERT_TRUE(this->lists(program, {"second*"}));
-
-    EXPECT_TRUE(fails(this->port.bringForward(*closed.element)));
-    EXPECT_TRUE(this->lists(program, {"second*"}));
 }
 
 TYPED_TEST(AccessibilityContract, FailsWhenNobodyAnswersWithinTheTimeOut) {
