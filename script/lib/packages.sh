@@ -47,6 +47,7 @@ packages_test=(
     libpng-dev
     libxcb-xtest0-dev
     lintian
+    lld-19
     llvm-19
 )
 
