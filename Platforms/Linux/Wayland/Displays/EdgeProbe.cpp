@@ -48,7 +48,13 @@ struct EdgeProbe::Events {
     }
 
     static constexpr zwlr_layer_surface_v1_listener role{.configure = configure, .closed = closed};
-    static constexpr wl_surface_listener surface{.enter = enter, .leave = leave};
+    /// Newer libraries know more events, which the version that is bound here does not have.
+    static constexpr wl_surface_listener surface = [] {
+        wl_surface_listener listener{};
+        listener.enter = enter;
+        listener.leave = leave;
+        return listener;
+    }();
 };
 
 EdgeProbe::EdgeProbe(const WaylandConnection& connection, wl_output* output, Edge edge,
