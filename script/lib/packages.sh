@@ -58,6 +58,7 @@ packages_desktop=(
     at-spi2-core
     dbus
     fonts-dejavu-core
+    kwin-wayland
     openbox
     picom
     sway
