@@ -11,7 +11,7 @@
 namespace vireline::desktop {
 namespace {
 
-constexpr int killsPerTest = 40;
+constexpr int killsPerTest = 16;
 constexpr double smallestSize = 32;
 constexpr double largestSize = 64;
 

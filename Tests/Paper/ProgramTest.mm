@@ -21,7 +21,7 @@ std::size_t entriesOf(const fs::path& folder) {
     return static_cast<std::size_t>(std::ranges::distance(fs::directory_iterator{folder}));
 }
 
-std::string read(const fs::path& file) {
+std::string contentOf(const fs::path& file) {
     std::ifstream in{file, std::ios::binary};
     std::ostringstream content;
     content << in.rdbuf();
@@ -93,11 +93,11 @@ void ProgramTest::writePreferences(std::string_view json) const {
 }
 
 std::string ProgramTest::preferences() const {
-    return read(supportFolder() + "/preferences.json");
+    return contentOf(supportFolder() + "/preferences.json");
 }
 
 std::vector<std::string> ProgramTest::log() const {
-    std::istringstream in{read(supportFolder() + "/vireline.log")};
+    std::istringstream in{contentOf(supportFolder() + "/vireline.log")};
     std::vector<std::string> lines;
     for (std::string line; std::getline(in, line);)
         lines.push_back(line.substr(line.find(' ') + 1));

@@ -32,6 +32,7 @@ TEST_F(KWinWindowList, KnowsProgramsTheirProcessesAndTitles) {
 TEST_F(KWinWindowList, HidesAndBringsBack) {
     run("org.example.one");
     const auto id = window(0).id;
+    ASSERT_TRUE(eventually([&] { return list_->activeWindow() == id; }));
 
     list_->iconify(id);
     EXPECT_TRUE(eventually([&] { return window(0).isHidden; }));
@@ -66,6 +67,7 @@ TEST_F(KWinWindowList, ClosesPolitely) {
 TEST_F(KWinWindowList, SaysWhichWindowDemandsAttention) {
     run("org.example.one");
     run("org.example.two");
+    ASSERT_TRUE(eventually([&] { return list_->activeWindow() == window(1).id; }));
     EXPECT_FALSE(window(0).isUrgent);
 
     desk().script("(workspace.windowList ? workspace.windowList() : workspace.clientList())"

@@ -50,6 +50,7 @@ packages_test=(
     libpng-dev
     libxcb-xtest0-dev
     lintian
+    lld-19
     llvm-19
 )
 

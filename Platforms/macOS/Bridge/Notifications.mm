@@ -11,11 +11,11 @@
 namespace vireline::macos {
 namespace {
 
-using Handler = std::function<void(NSNotification*)>;
+using NotificationHandler = std::function<void(NSNotification*)>;
 
 /// Removes the observer when it is destroyed.
 struct Observation : private NonCopyable {
-    Observation(NSNotificationCenter* observed, Handler called)
+    Observation(NSNotificationCenter* observed, NotificationHandler called)
         : center(observed), handler(std::move(called)) {}
     ~Observation() {
         if (id<NSObject> installed = token; installed != nil)
@@ -23,7 +23,7 @@ struct Observation : private NonCopyable {
     }
 
     NSNotificationCenter* center;
-    Handler handler;
+    NotificationHandler handler;
     id<NSObject> token = nil;
 };
 

@@ -17,7 +17,7 @@
 namespace vireline::macos {
 namespace {
 
-using Handler = std::function<void()>;
+using ScreensHandler = std::function<void()>;
 
 /// nullopt if the entry is missing, not an integer, or out of range.
 std::optional<std::uint32_t> displayNumber(NSScreen* screen) {
@@ -37,7 +37,8 @@ PlatformScreen describe(NSScreen* screen) {
 /// Calls `handler` when another display becomes the main one.
 class MainDisplayWatch : private NonCopyable {
 public:
-    explicit MainDisplayWatch(std::shared_ptr<Handler> handler) : handler_(std::move(handler)) {
+    explicit MainDisplayWatch(std::shared_ptr<ScreensHandler> handler)
+        : handler_(std::move(handler)) {
         CGDisplayRegisterReconfigurationCallback(&reconfigured, this);
     }
     ~MainDisplayWatch() { CGDisplayRemoveReconfigurationCallback(&reconfigured, this); }
@@ -46,7 +47,7 @@ private:
     static void reconfigured(CGDirectDisplayID, CGDisplayChangeSummaryFlags flags, void* watch) {
         if ((flags & kCGDisplaySetMainFlag) == 0)
             return;
-        const std::weak_ptr<Handler> weak = static_cast<MainDisplayWatch*>(watch)->handler_;
+        const std::weak_ptr<ScreensHandler> weak = static_cast<MainDisplayWatch*>(watch)->handler_;
         // NSScreen is not up to date until the run loop's next turn.
         dispatch_async(dispatch_get_main_queue(), ^{
           if (const auto handler = weak.lock())
@@ -54,15 +55,15 @@ private:
         });
     }
 
-    std::shared_ptr<Handler> handler_;
+    std::shared_ptr<ScreensHandler> handler_;
 };
 
 /// What the subscription of one observer owns.
-struct Observation {
-    explicit Observation(Handler handler)
-        : shared(std::make_shared<Handler>(std::move(handler))), mainDisplay(shared) {}
+struct ScreensObservation {
+    explicit ScreensObservation(ScreensHandler handler)
+        : shared(std::make_shared<ScreensHandler>(std::move(handler))), mainDisplay(shared) {}
 
-    std::shared_ptr<Handler> shared;
+    std::shared_ptr<ScreensHandler> shared;
     MainDisplayWatch mainDisplay;
     std::vector<Subscription> notifications;
 };
@@ -89,7 +90,7 @@ std::vector<PlatformScreen> MacScreens::screens() const {
 }
 
 Subscription MacScreens::observeParameters(std::function<void()> handler) {
-    auto observation = std::make_shared<Observation>(std::move(handler));
+    auto observation = std::make_shared<ScreensObservation>(std::move(handler));
     const auto announce = [shared = observation->shared](NSNotification*) { (*shared)(); };
     observation->notifications.push_back(
         observe(ownCenter(), NSApplicationDidChangeScreenParametersNotification, announce));

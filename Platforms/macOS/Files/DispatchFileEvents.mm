@@ -20,9 +20,9 @@ static_assert(VnodeEvents::written == DISPATCH_VNODE_WRITE);
 static_assert(VnodeEvents::extended == DISPATCH_VNODE_EXTEND);
 static_assert(VnodeEvents::renamed == DISPATCH_VNODE_RENAME);
 
-using Handler = std::function<void(FileEventSet)>;
+using EventsHandler = std::function<void(FileEventSet)>;
 
-std::unexpected<PlatformError> failure(int code) {
+std::unexpected<PlatformError> watchFailure(int code) {
     return std::unexpected{
         attemptOr(raisedError(), "localizedDescription", [&] { return toPlatformError(code); })};
 }
@@ -37,19 +37,19 @@ int openForEvents(const FileURL& url) {
 
 }
 
-Result<Subscription> DispatchFileEvents::watch(const FileURL& url, Handler handler) {
+Result<Subscription> DispatchFileEvents::watch(const FileURL& url, EventsHandler handler) {
     const int file = openForEvents(url);
     if (file < 0)
-        return failure(errno);
+        return watchFailure(errno);
     const dispatch_source_t source =
         dispatch_source_create(DISPATCH_SOURCE_TYPE_VNODE, static_cast<uintptr_t>(file),
                                VnodeEvents::all, dispatch_get_main_queue());
     if (source == nil) {
         ::close(file);
-        return failure(ENOMEM);
+        return watchFailure(ENOMEM);
     }
-    const auto shared = std::make_shared<Handler>(std::move(handler));
-    const std::weak_ptr<Handler> weakHandler = shared;
+    const auto shared = std::make_shared<EventsHandler>(std::move(handler));
+    const std::weak_ptr<EventsHandler> weakHandler = shared;
     __weak dispatch_source_t weakSource = source;
     dispatch_source_set_event_handler(source, ^{
       const auto held = weakHandler.lock();

@@ -1,6 +1,7 @@
 // Finds views in a window on paper.
 #pragma once
 
+#include "Bridge/Conversions.hpp"
 #include "Cocoa/Paper.hpp"
 #include "Foundation/Geometry.hpp"
 
@@ -8,10 +9,6 @@
 #include <vector>
 
 namespace vireline::macos {
-
-inline Rect toRect(NSRect rect) {
-    return {rect.origin.x, rect.origin.y, rect.size.width, rect.size.height};
-}
 
 inline void collect(NSView* view, Class kind, std::vector<NSView*>& found) {
     for (NSView* child in view.subviews) {

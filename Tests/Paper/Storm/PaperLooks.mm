@@ -1,4 +1,5 @@
 // The checks once everything is idle.
+#include "Bridge/Conversions.hpp"
 #include "ProgramTest.hpp"
 #include "Settings/SettingsCoding.hpp"
 #include "Storm/PaperWorld.hpp"
@@ -13,10 +14,6 @@ namespace {
 /// Points; tolerance for accumulated rounding errors.
 constexpr double rounding = 1e-6;
 
-Rect toRect(NSRect rect) {
-    return {rect.origin.x, rect.origin.y, rect.size.width, rect.size.height};
-}
-
 bool areNear(const Rect& one, const Rect& other, double tolerance) {
     return std::abs(one.minX() - other.minX()) <= tolerance &&
            std::abs(one.minY() - other.minY()) <= tolerance &&
@@ -29,8 +26,8 @@ std::vector<ScreenSnapshot> snapshots(const std::vector<paper::Display>& display
     for (const paper::Display& display : displays)
         all.push_back({.id = display.number,
                        .unitNumber = display.unit,
-                       .frame = toRect(display.frame),
-                       .visibleFrame = toRect(display.visible),
+                       .frame = macos::toRect(display.frame),
+                       .visibleFrame = macos::toRect(display.visible),
                        .backingScaleFactor = display.scale});
     return all;
 }
@@ -57,7 +54,7 @@ Rect drawn(const SceneNode& node) {
 
 Rect onDisplay(NSView* view) {
     const NSRect bounds = view.bounds;
-    return toRect(NSAccessibilityFrameInView(view, bounds));
+    return macos::toRect(NSAccessibilityFrameInView(view, bounds));
 }
 
 NSView* dockViewOf(NSWindow* window) {
@@ -123,8 +120,8 @@ void PaperWorld::lookAtDock(const PanelSpec& spec, bool isCollapsed) {
         return fail("dock #", spec.displayID, " was told ", (*told)->frame, ", planned ", frame,
                     " for ", testing::PrintToString(tileNames(found.front())));
     const Rect expected = (*told)->overhang.around(frame);
-    if (!areNear(toRect(found.front().frame), expected, rounding))
-        return fail("dock #", spec.displayID, " lies at ", toRect(found.front().frame),
+    if (!areNear(macos::toRect(found.front().frame), expected, rounding))
+        return fail("dock #", spec.displayID, " lies at ", macos::toRect(found.front().frame),
                     ", planned ", expected);
     lookAtNodes(**told, found.front());
     lookAtTiles(**told, found.front());
@@ -160,7 +157,7 @@ void PaperWorld::lookAtTiles(const ToldWindow& told, NSWindow* window) {
     if (tiles.count != icons.size())
         return fail(tiles.count, " tiles for ", icons.size(), " icons");
     for (id tile in tiles) {
-        const Rect frame = toRect([tile accessibilityFrame]);
+        const Rect frame = macos::toRect([tile accessibilityFrame]);
         const bool isThere =
             std::ranges::count_if(icons, [&](Point icon) { return frame.contains(icon); }) == 1;
         if (!isThere)

@@ -1,7 +1,5 @@
 #include "Compositors/KWinConnection.hpp"
 
-#include <unistd.h>
-
 #include <QDir>
 #include <QStandardPaths>
 #include <QTemporaryFile>
@@ -19,11 +17,12 @@ constexpr const char* scriptingPath = "/Scripting";
 constexpr const char* scriptingInterface = "org.kde.kwin.Scripting";
 constexpr const char* scriptInterface = "org.kde.kwin.Script";
 
-/// The number of a loaded script.
-std::string numberIn(GVariant* reply) {
-    std::int32_t number = 0;
-    g_variant_get(reply, "(i)", &number);
-    return std::to_string(number);
+/// The number of a loaded script; negative if it was not loaded.
+int numberIn(GVariant* reply) {
+    std::int32_t number = -1;
+    if (g_variant_is_of_type(reply, G_VARIANT_TYPE("(i)")) != FALSE)
+        g_variant_get(reply, "(i)", &number);
+    return number;
 }
 
 }
@@ -84,16 +83,16 @@ Result<void> KWinConnection::run(const std::string& script, double seconds) {
     if (!file.open() || file.write(script.data(), static_cast<qint64>(script.size())) < 0 ||
         !file.flush())
         return std::unexpected{PlatformError{EIO, "no file for a script can be written"}};
-    const auto name = "vireline-" + std::to_string(getpid()) + '-' + std::to_string(++scripts_);
-    const auto loaded =
-        call(scriptingPath, scriptingInterface, "loadScript",
-             g_variant_new("(ss)", file.fileName().toUtf8().constData(), name.c_str()), deadline);
+    const std::string name = file.fileName().toStdString();
+    const auto loaded = call(scriptingPath, scriptingInterface, "loadScript",
+                             g_variant_new("(ss)", name.c_str(), name.c_str()), deadline);
     if (!loaded)
         return std::unexpected{loaded.error()};
-    auto outcome = g_variant_is_of_type(loaded->get(), G_VARIANT_TYPE("(i)")) != FALSE
-                       ? runLoaded(numberIn(loaded->get()), deadline)
-                       : std::unexpected{PlatformError{EPROTO, "KWin does not load a script"}};
-    unload(name);
+    const int number = numberIn(loaded->get());
+    if (number < 0)
+        return std::unexpected{PlatformError{EPROTO, "KWin does not load a script"}};
+    auto outcome = runLoaded(std::to_string(number), deadline);
+    unload(name, deadline);
     return outcome;
 }
 
@@ -108,11 +107,11 @@ Result<void> KWinConnection::runLoaded(const std::string& number, const Deadline
     return {};
 }
 
-/// Not waited for.
-void KWinConnection::unload(const std::string& name) {
-    g_dbus_connection_call(bus_.get(), kwinName, scriptingPath, scriptingInterface, "unloadScript",
-                           g_variant_new("(s)", name.c_str()), nullptr,
-                           G_DBUS_CALL_FLAGS_NO_AUTO_START, -1, nullptr, nullptr, nullptr);
+/// Waits, because KWin gives the number of a script that it has yet to unload to another one, which
+/// then cannot be run.
+void KWinConnection::unload(const std::string& name, const Deadline& deadline) {
+    (void)call(scriptingPath, scriptingInterface, "unloadScript",
+               g_variant_new("(s)", name.c_str()), deadline);
 }
 
 Result<xdg::GLibHandle<GVariant, g_variant_unref>>

@@ -34,12 +34,11 @@ private:
     call(const char* path, const char* interfaceName, const char* method, GVariant* parameters,
          const Deadline& deadline);
     [[nodiscard]] Result<void> runLoaded(const std::string& number, const Deadline& deadline);
-    void unload(const std::string& name);
+    void unload(const std::string& name, const Deadline& deadline);
 
     Bus bus_;
     unsigned int watch_ = 0;
     bool isAvailable_ = false;
-    int scripts_ = 0;
     Lifetime lifetime_;
 };
 
