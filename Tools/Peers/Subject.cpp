@@ -10,6 +10,7 @@
 #include <iterator>
 #include <stdexcept>
 #include <thread>
+#include <utility>
 
 namespace vireline::desktop {
 namespace {
@@ -135,8 +136,7 @@ double Subject::start() {
         std::this_thread::sleep_for(2s);
         frame = desktop_->client().frame(dock.window).value_or(PixelRect{});
     } else {
-        start = Clock::now();
-        shown = waitForFirstPixels();
+        shown = waitForFirstPixels(start);
         std::this_thread::sleep_for(2s);
         frame = frameOfDock();
     }
@@ -144,13 +144,22 @@ double Subject::start() {
     return Milliseconds{shown - start}.count();
 }
 
-Clock::time_point Subject::waitForFirstPixels() {
+Clock::time_point Subject::waitForFirstPixels(Clock::time_point& start) {
     constexpr auto pause = 1ms;
+    constexpr auto calm = 500ms;
     const auto pixels = [this] { return desktop_->picture(peer_.firstPixels); };
-    const Picture before = pixels();
+    // A compositor may draw its background late, and may still show what has ended.
+    Picture empty = pixels();
+    require(eventually([&] {
+                std::this_thread::sleep_for(calm);
+                const Picture before = std::exchange(empty, pixels());
+                return before == empty;
+            }),
+            "the desktop does not come to rest");
+    start = Clock::now();
     startProcess();
-    const auto latest = Clock::now() + conditionTimeout;
-    while (pixels() == before) {
+    const auto latest = start + conditionTimeout;
+    while (pixels() == empty) {
         require(Clock::now() < latest, "the program shows nothing");
         std::this_thread::sleep_for(pause);
     }

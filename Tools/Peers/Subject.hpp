@@ -62,7 +62,9 @@ private:
     [[nodiscard]] Cost costSince(const Cost& before) const;
     [[nodiscard]] bool isOnX() const { return !peer_.isOnSway; }
     void startProcess();
-    [[nodiscard]] std::chrono::steady_clock::time_point waitForFirstPixels();
+    /// Starts the process at `start`, and returns when its first pixels were there.
+    [[nodiscard]] std::chrono::steady_clock::time_point
+    waitForFirstPixels(std::chrono::steady_clock::time_point& start);
     [[nodiscard]] PixelRect frameOfDock() const;
     /// The X server, or the compositor.
     [[nodiscard]] pid_t server() const;

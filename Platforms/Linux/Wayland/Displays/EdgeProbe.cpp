@@ -48,13 +48,7 @@ struct EdgeProbe::Events {
     }
 
     static constexpr zwlr_layer_surface_v1_listener role{.configure = configure, .closed = closed};
-    /// Newer libraries know more events, which the version that is bound here does not have.
-    static constexpr wl_surface_listener surface = [] {
-        wl_surface_listener listener{};
-        listener.enter = enter;
-        listener.leave = leave;
-        return listener;
-    }();
+    static constexpr wl_surface_listener surface{.enter = enter, .leave = leave};
 };
 
 EdgeProbe::EdgeProbe(const WaylandConnection& connection, wl_output* output, Edge edge,
