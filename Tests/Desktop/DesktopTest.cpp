@@ -46,7 +46,12 @@ void DesktopTest::TearDown() {
 VirtualDesktop& DesktopTest::make(Options options) {
     if (!options.manager)
         options.manager = testedManager();
-    desktop_ = std::make_unique<VirtualDesktop>(testedPrograms(), options);
+    auto programs = testedPrograms();
+#ifdef WAYLAND_TEST_APP
+    if (options.manager && isWayland(*options.manager))
+        programs.testApp = WAYLAND_TEST_APP;
+#endif
+    desktop_ = std::make_unique<VirtualDesktop>(programs, options);
     return *desktop_;
 }
 

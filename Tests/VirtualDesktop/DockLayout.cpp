@@ -4,6 +4,7 @@
 #include "Model/DockMetrics.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdlib>
 
@@ -51,6 +52,11 @@ Overhang overhangOf(const PanelSpec& spec, const PanelPlanner::Request& request)
 
 }
 
+std::string nameOf(Edge edge) {
+    constexpr std::array<const char*, 4> names{"bottom", "left", "right", "top"};
+    return names.at(static_cast<std::size_t>(edge));
+}
+
 PixelRect panelFrame(const Monitor& monitor, Edge edge, int thickness) {
     PixelRect frame = monitor.frame;
     if (edge == Edge::bottom)
@@ -80,6 +86,13 @@ std::uint32_t Displays::idOf(const XClient& client, const std::string& monitor) 
 double Displays::scale(const std::string& monitor) const {
     const auto found = scales.find(monitor);
     return found == scales.end() ? 1 : found->second;
+}
+
+std::string Displays::scaleFactors() const {
+    std::string text;
+    for (const auto& [monitor, scale] : scales)
+        text += (text.empty() ? "" : ";") + monitor + "=" + std::to_string(scale);
+    return text;
 }
 
 std::vector<ScreenSnapshot> Displays::snapshots(const XClient& client) const {

@@ -17,6 +17,8 @@ namespace vireline::desktop {
 
 enum class Edge : std::uint8_t { bottom, left, right, top };
 
+[[nodiscard]] std::string nameOf(Edge edge);
+
 /// Space that another program reserves at one edge of a monitor; pixels.
 struct Reservation {
     std::string monitor;
@@ -45,6 +47,8 @@ struct Displays {
 
     [[nodiscard]] std::uint32_t idOf(const XClient& client, const std::string& monitor) const;
     [[nodiscard]] double scale(const std::string& monitor) const;
+    /// For QT_SCREEN_SCALE_FACTORS.
+    [[nodiscard]] std::string scaleFactors() const;
     [[nodiscard]] std::vector<ScreenSnapshot> snapshots(const XClient& client) const;
 
     /// Converts a rectangle in global space on `monitor` to whole pixels.

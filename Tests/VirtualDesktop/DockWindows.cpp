@@ -1,6 +1,6 @@
 #include "VirtualDesktop/DockWindows.hpp"
 
-#include "VirtualDesktop/SwaySession.hpp"
+#include "VirtualDesktop/CompositorSession.hpp"
 
 #include <xcb/shape.h>
 
@@ -41,8 +41,8 @@ std::vector<PixelRect> shapeRectangles(const XClient& client, xcb_window_t windo
 }
 
 std::vector<DockWindow> DockWindows::shown() const {
-    if (sway_ != nullptr)
-        return sway_->shown();
+    if (session_ != nullptr)
+        return session_->shown();
     std::vector<DockWindow> docks;
     for (const xcb_window_t window : client_.allWindows()) {
         const auto id = displayIDOf(client_.text(window, "_NET_WM_NAME"));

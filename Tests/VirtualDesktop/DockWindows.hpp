@@ -23,13 +23,13 @@ inline std::ostream& operator<<(std::ostream& out, const DockWindow& dock) {
     return out << '#' << dock.displayID << ' ' << dock.frame;
 }
 
-class SwaySession;
+class CompositorSession;
 
 class DockWindows {
 public:
-    /// `sway` is null on an X desktop.
-    explicit DockWindows(const XClient& client, const SwaySession* sway = nullptr)
-        : client_(client), sway_(sway) {}
+    /// `session` is null on an X desktop.
+    explicit DockWindows(const XClient& client, const CompositorSession* session = nullptr)
+        : client_(client), session_(session) {}
 
     /// The visible docks, in ascending order of display IDs.
     [[nodiscard]] std::vector<DockWindow> shown() const;
@@ -50,7 +50,7 @@ public:
 
 private:
     const XClient& client_;
-    const SwaySession* sway_;
+    const CompositorSession* session_;
 };
 
 }

@@ -1,7 +1,6 @@
 #include "VirtualDesktop/SwaySession.hpp"
 
 #include "VirtualDesktop/Home.hpp"
-#include "VirtualDesktop/Picture.hpp"
 #include "VirtualDesktop/Waiting.hpp"
 
 #include <sys/stat.h>
@@ -43,33 +42,6 @@ std::string fileIn(const fs::path& folder, std::string_view beginning) {
     return {};
 }
 
-/// FNV-1a, as documented for the program's log.
-std::uint32_t idOf(std::string_view name) {
-    std::uint32_t hash = 2166136261U;
-    for (const char letter : name)
-        hash = (hash ^ static_cast<unsigned char>(letter)) * 16777619U;
-    return hash;
-}
-
-/// The bounding rectangle of everything in the picture that is not the empty desktop.
-PixelRect content(const Picture& picture) {
-    int left = picture.width();
-    int top = picture.height();
-    int right = 0;
-    int bottom = 0;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            if (picture.at(x, y) == background)
-                continue;
-            left = std::min(left, x);
-            right = std::max(right, x + 1);
-            top = std::min(top, y);
-            bottom = std::max(bottom, y + 1);
-        }
-    }
-    return right == 0 ? PixelRect{} : PixelRect{left, top, right - left, bottom - top};
-}
-
 void demand(bool holds, const char* what) {
     if (!holds)
         throw std::runtime_error{what};
@@ -79,19 +51,19 @@ void demand(bool holds, const char* what) {
 
 SwaySession::SwaySession(const XClient& client, const std::string& display, fs::path folder,
                          const std::vector<Monitor>& monitors)
-    : client_(client), folder_(std::move(folder)) {
+    : CompositorSession(client, background), folder_(std::move(folder)) {
     makeAtoms(client);
     fs::create_directories(folder_);
     start(display, monitors.size());
     for (std::size_t i = 0; i < monitors.size(); ++i) {
         std::optional<Output> output;
-        demand(eventually([&] { return (output = newOutput()).has_value(); }),
+        demand(eventually([&] { return (output = newOutput(windowTitle)).has_value(); }),
                "sway shows no window for an output");
-        outputs_.push_back(*output);
+        outputs().push_back(*output);
     }
-    std::ranges::sort(outputs_, {}, &Output::name);
+    std::ranges::sort(outputs(), {}, &Output::name);
     for (std::size_t i = 0; i < monitors.size(); ++i)
-        place(outputs_[i], monitors[i]);
+        place(outputs()[i], monitors[i]);
 }
 
 /// As root, sway refuses to run.
@@ -150,28 +122,9 @@ void SwaySession::command(const std::vector<std::string>& words) const {
     demand(message.waitForExit() == 0, "sway refuses a command");
 }
 
-/// One whose window is not known yet.
-std::optional<SwaySession::Output> SwaySession::newOutput() const {
-    for (const xcb_window_t window : client_.children(client_.root())) {
-        const std::string title = client_.text(window, "_NET_WM_NAME");
-        if (title.starts_with(windowTitle) && client_.isViewable(window) &&
-            std::ranges::find(outputs_, window, &Output::window) == outputs_.end())
-            return Output{title.substr(windowTitle.size()), window, {}};
-    }
-    return std::nullopt;
-}
-
 void SwaySession::place(Output& output, const Monitor& monitor) const {
-    output.monitor = monitor;
+    placeWindow(output, monitor);
     const auto& frame = monitor.frame;
-    const std::array<std::uint32_t, 4> values{
-        static_cast<std::uint32_t>(frame.x), static_cast<std::uint32_t>(frame.y),
-        static_cast<std::uint32_t>(frame.width), static_cast<std::uint32_t>(frame.height)};
-    xcb_configure_window(client_.get(), output.window,
-                         XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH |
-                             XCB_CONFIG_WINDOW_HEIGHT,
-                         values.data());
-    client_.sync();
     command({"output", output.name, "position", std::to_string(frame.x), std::to_string(frame.y)});
 }
 
@@ -180,17 +133,17 @@ void SwaySession::close(const Output& output) const {
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 32;
     message.window = output.window;
-    message.type = client_.atom("WM_PROTOCOLS");
-    message.data.data32[0] = client_.atom("WM_DELETE_WINDOW");
-    xcb_send_event(client_.get(), 0, output.window, XCB_EVENT_MASK_NO_EVENT,
+    message.type = client().atom("WM_PROTOCOLS");
+    message.data.data32[0] = client().atom("WM_DELETE_WINDOW");
+    xcb_send_event(client().get(), 0, output.window, XCB_EVENT_MASK_NO_EVENT,
                    reinterpret_cast<const char*>(&message));
-    client_.sync();
-    demand(eventually([&] { return !client_.frame(output.window).has_value(); }),
+    client().sync();
+    demand(eventually([&] { return !client().frame(output.window).has_value(); }),
            "sway does not remove an output");
 }
 
 void SwaySession::setMonitors(const std::vector<Monitor>& monitors) {
-    std::erase_if(outputs_, [&](const Output& output) {
+    std::erase_if(outputs(), [&](const Output& output) {
         const bool stays =
             std::ranges::find(monitors, output.monitor.name, &Monitor::name) != monitors.end();
         if (!stays)
@@ -199,40 +152,19 @@ void SwaySession::setMonitors(const std::vector<Monitor>& monitors) {
     });
     for (const Monitor& monitor : monitors) {
         const auto known = std::ranges::find_if(
-            outputs_, [&](const Output& output) { return output.monitor.name == monitor.name; });
-        if (known != outputs_.end()) {
+            outputs(), [&](const Output& output) { return output.monitor.name == monitor.name; });
+        if (known != outputs().end()) {
             if (known->monitor != monitor)
                 place(*known, monitor);
             continue;
         }
         command({"create_output"});
         std::optional<Output> made;
-        demand(eventually([&] { return (made = newOutput()).has_value(); }), "sway adds no output");
+        demand(eventually([&] { return (made = newOutput(windowTitle)).has_value(); }),
+               "sway adds no output");
         place(*made, monitor);
-        outputs_.push_back(*made);
+        outputs().push_back(*made);
     }
-}
-
-std::map<std::string, std::uint32_t> SwaySession::displayIDs() const {
-    std::map<std::string, std::uint32_t> ids;
-    for (const Output& output : outputs_)
-        ids[output.monitor.name] = idOf(output.name);
-    return ids;
-}
-
-std::vector<DockWindow> SwaySession::shown() const {
-    std::vector<DockWindow> docks;
-    for (const Output& output : outputs_) {
-        const auto& frame = output.monitor.frame;
-        const PixelRect seen = content(Picture::ofScreen(client_, frame));
-        if (seen != PixelRect{}) {
-            docks.push_back({idOf(output.name),
-                             {frame.x + seen.x, frame.y + seen.y, seen.width, seen.height},
-                             output.window});
-        }
-    }
-    std::ranges::sort(docks, {}, &DockWindow::displayID);
-    return docks;
 }
 
 void SwaySession::kill() const {

@@ -1,10 +1,10 @@
 #include "VirtualDesktop/VirtualDesktop.hpp"
 
+#include "VirtualDesktop/CompositorStart.hpp"
 #include "VirtualDesktop/ManagerState.hpp"
 #include "VirtualDesktop/Waiting.hpp"
 
 #include <algorithm>
-#include <array>
 #include <csignal>
 #include <fstream>
 #include <iterator>
@@ -26,18 +26,6 @@ XServer::Options serverOptions(const VirtualDesktop::Options& options, const Hom
         server.height = std::max(server.height, monitor.frame.bottom());
     }
     return server;
-}
-
-std::string nameOf(Edge edge) {
-    constexpr std::array<const char*, 4> names{"bottom", "left", "right", "top"};
-    return names.at(static_cast<std::size_t>(edge));
-}
-
-std::string scaleFactors(const std::map<std::string, double>& scales) {
-    std::string text;
-    for (const auto& [monitor, scale] : scales)
-        text += (text.empty() ? "" : ";") + monitor + "=" + std::to_string(scale);
-    return text;
 }
 
 xcb_window_t selectionOwner(const XClient& client, std::string_view selection) {
@@ -65,28 +53,28 @@ VirtualDesktop::VirtualDesktop(Programs programs, const Options& options)
     environment_ = home_.environment();
     environment_["DISPLAY"] = server_.display();
     if (!options.scales.empty())
-        environment_["QT_SCREEN_SCALE_FACTORS"] = scaleFactors(options.scales);
+        environment_["QT_SCREEN_SCALE_FACTORS"] = displays_.scaleFactors();
     if (options.installedApps)
         environment_["XDG_DATA_DIRS"] += std::string{":"} + installedData;
     if (desktop::isWayland(manager_))
-        startSway(options.monitors);
+        startSession(options);
     else if (!options.monitors.empty())
         setMonitors(options.monitors);
-    if (options.sessionBus || options.accessibility)
+    if ((options.sessionBus || options.accessibility) && !bus_)
         startSessionBus();
     if (options.accessibility)
         startAccessibilityBus();
-    if (options.windowManager && !sway_)
+    if (options.windowManager && !session_)
         startWindowManager();
-    if (options.compositor && !sway_)
+    if (options.compositor && !session_)
         startCompositor();
 }
 
 void VirtualDesktop::setMonitors(const std::vector<Monitor>& monitors) {
     displays_.monitors = monitors;
-    if (sway_) {
-        sway_->setMonitors(monitors);
-        displays_.sortForWayland(sway_->displayIDs());
+    if (session_) {
+        session_->setMonitors(monitors);
+        displays_.sortForWayland(session_->displayIDs());
     } else if (hasOutputs_) {
         setOutputs(*client_, monitors);
     } else {
@@ -102,14 +90,21 @@ std::uint32_t VirtualDesktop::displayIDOf(const std::string& monitor) const {
     return displays_.idOf(*client_, monitor);
 }
 
-void VirtualDesktop::startSway(const std::vector<Monitor>& monitors) {
-    displays_.monitors = monitors;
+void VirtualDesktop::startSession(const Options& options) {
+    displays_.monitors = options.monitors;
     displays_.showsOnlyStrips = true;
-    sway_ = std::make_unique<SwaySession>(*client_, server_.display(), home_.scratch() / "sway",
-                                          monitors);
-    displays_.sortForWayland(sway_->displayIDs());
+    if (needsSessionBus(manager_))
+        startSessionBus();
+    session_ = desktop::startCompositor(
+        *client_, {.compositor = manager_,
+                   .home = home_,
+                   .display = server_.display(),
+                   .sessionBus = environment_["DBUS_SESSION_BUS_ADDRESS"],
+                   .monitors = options.monitors,
+                   .permitted = options.isPermitted ? programs_.vireline : fs::path{}});
+    displays_.sortForWayland(session_->displayIDs());
     environment_.erase("DISPLAY");
-    environment_.merge(sway_->environment());
+    environment_.merge(session_->environment());
 }
 
 Environment VirtualDesktop::sessionEnvironment() const {

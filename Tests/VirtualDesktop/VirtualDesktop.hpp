@@ -6,6 +6,7 @@
 #include "VirtualDesktop/AccessibleEvents.hpp"
 #include "VirtualDesktop/AccessibleTree.hpp"
 #include "VirtualDesktop/ChildProcess.hpp"
+#include "VirtualDesktop/CompositorSession.hpp"
 #include "VirtualDesktop/DockLayout.hpp"
 #include "VirtualDesktop/DockWindows.hpp"
 #include "VirtualDesktop/Home.hpp"
@@ -15,7 +16,6 @@
 #include "VirtualDesktop/Picture.hpp"
 #include "VirtualDesktop/Pointer.hpp"
 #include "VirtualDesktop/ProgramLog.hpp"
-#include "VirtualDesktop/SwaySession.hpp"
 #include "VirtualDesktop/WindowManagers.hpp"
 #include "VirtualDesktop/XClient.hpp"
 #include "VirtualDesktop/XServer.hpp"
@@ -59,6 +59,8 @@ public:
         /// need for it.
         bool accessibility = false;
         bool randr = true;
+        /// Whether KWin lists windows for the program, which needs an installed desktop entry.
+        bool isPermitted = true;
         /// Whether the X server has a real output for each monitor; they are named by `outputName`.
         bool outputs = false;
         /// Whether the apps installed on this computer are available besides the home folder's.
@@ -75,7 +77,7 @@ public:
     [[nodiscard]] const Programs& programs() const noexcept { return programs_; }
     [[nodiscard]] Home& home() noexcept { return home_; }
     [[nodiscard]] const XClient& client() const noexcept { return *client_; }
-    [[nodiscard]] DockWindows docks() const { return DockWindows{*client_, sway_.get()}; }
+    [[nodiscard]] DockWindows docks() const { return DockWindows{*client_, session_.get()}; }
     [[nodiscard]] Pointer pointer() const { return Pointer{*client_}; }
     [[nodiscard]] Keyboard keyboard() const { return Keyboard{*client_}; }
     [[nodiscard]] ProgramLog log() const { return ProgramLog{home_.log()}; }
@@ -83,7 +85,7 @@ public:
     [[nodiscard]] const std::string& display() const noexcept { return server_.display(); }
 
     /// Whether it is a Wayland desktop.
-    [[nodiscard]] bool isWayland() const noexcept { return sway_ != nullptr; }
+    [[nodiscard]] bool isWayland() const noexcept { return session_ != nullptr; }
 
     /// The environment for programs on this desktop; tests may add to it before they start one.
     [[nodiscard]] Environment& environment() noexcept { return environment_; }
@@ -96,7 +98,7 @@ public:
     [[nodiscard]] pid_t sessionBus() const { return bus_ ? bus_->pid() : 0; }
 
     /// Ends the Wayland compositor abruptly.
-    void killWaylandCompositor() const { sway_->kill(); }
+    void killWaylandCompositor() const { session_->kill(); }
 
     /// Ends the X server abruptly; afterwards the desktop cannot be used any more.
     void stopServer() { server_.stop(); }
@@ -173,7 +175,7 @@ private:
     [[nodiscard]] static std::string startBus(std::optional<ChildProcess>& bus,
                                               const std::filesystem::path& socket,
                                               const Environment& environment);
-    void startSway(const std::vector<Monitor>& monitors);
+    void startSession(const Options& options);
     void startSessionBus();
     void startAccessibilityBus();
     [[nodiscard]] Environment managerEnvironment();
@@ -190,7 +192,7 @@ private:
     Manager manager_;
     bool managerComposites_;
     bool hasOutputs_;
-    std::unique_ptr<SwaySession> sway_;
+    std::unique_ptr<CompositorSession> session_;
     std::optional<ChildProcess> bus_;
     std::optional<ChildProcess> accessibilityBus_;
     std::string accessibilityAddress_;

@@ -106,9 +106,11 @@ constexpr std::array kinds{
          /*canComposite=*/false, /*handsOver=*/false},
     Kind{WindowManager::bspwm, "bspwm", "bspwm", /*needsSessionBus=*/false, /*canComposite=*/false,
          /*handsOver=*/false},
-    // Started by `SwaySession`.
+    // Started by `startCompositor`.
     Kind{WindowManager::sway, "sway", "sway", /*needsSessionBus=*/false, /*canComposite=*/false,
          /*handsOver=*/false},
+    Kind{WindowManager::kwinWayland, "kwin-wayland", "kwin_wayland", /*needsSessionBus=*/true,
+         /*canComposite=*/false, /*handsOver=*/false},
 };
 
 const Kind& kindOf(WindowManager manager) {
@@ -151,6 +153,7 @@ std::vector<std::string> configure(WindowManager manager, bool composites, const
         return {"-c", (folder / "config").string()};
     case WindowManager::awesome:
     case WindowManager::sway:
+    case WindowManager::kwinWayland:
         return {};
     case WindowManager::bspwm:
         writeFile(folder / "bspwmrc", bspwmConfiguration);

@@ -22,12 +22,13 @@ enum class WindowManager : std::uint8_t {
     i3,
     awesome,
     bspwm,
-    sway
+    sway,
+    kwinWayland
 };
 
 /// Whether it is a Wayland compositor, which runs on the X server in windows, but manages none.
 [[nodiscard]] constexpr bool isWayland(WindowManager manager) {
-    return manager == WindowManager::sway;
+    return manager == WindowManager::sway || manager == WindowManager::kwinWayland;
 }
 
 /// Its common name, in lower case.

@@ -4,7 +4,6 @@
 #include "Panels/LayerShellContext.hpp"
 #include "Toolkit/Appearance.hpp"
 
-#include <blur-client-protocol.h>
 #include <wayland-client.h>
 
 #include <QPainter>
@@ -108,25 +107,13 @@ bool LayerPicture::applyInput() {
     return true;
 }
 
-bool LayerPicture::applyBlur() {
-    org_kde_kwin_blur_manager* const manager = context_.blur();
-    wl_surface* const surface = QtNative::surface(window_);
-    if (manager == nullptr) {
-        blurred_ = {};
-        blur_.reset();
-        return false;
+void LayerPicture::applyBlur() {
+    if (org_kde_kwin_blur_manager* const manager = context_.blur()) {
+        blurred_.set(*manager, *context_.compositor, *QtNative::surface(window_),
+                     logical(picture_.glass()));
+    } else {
+        blurred_.clear();
     }
-    const QRegion glass = logical(picture_.glass());
-    if (glass == blurred_ && blur_)
-        return false;
-    blurred_ = glass;
-    blur_.reset(org_kde_kwin_blur_manager_create(manager, surface));
-    const Proxy<wl_region> region{wl_compositor_create_region(context_.compositor.get())};
-    for (const QRect& rect : glass)
-        wl_region_add(region.get(), rect.x(), rect.y(), rect.width(), rect.height());
-    org_kde_kwin_blur_set_region(blur_.get(), region.get());
-    org_kde_kwin_blur_commit(blur_.get());
-    return true;
 }
 
 xdg::Backdrop LayerPicture::backdrop() const {

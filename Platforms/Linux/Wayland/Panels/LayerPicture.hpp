@@ -2,8 +2,8 @@
 /// input and blur.
 #pragma once
 
-#include "Connection/Proxies.hpp"
 #include "Foundation/NonCopyable.hpp"
+#include "Panels/BlurredRegion.hpp"
 #include "Panels/PanelPicture.hpp"
 
 #include <QBackingStore>
@@ -39,7 +39,7 @@ private:
     [[nodiscard]] xdg::Backdrop backdrop() const;
     [[nodiscard]] QRegion logical(const QRegion& pixels) const;
     bool applyInput();
-    bool applyBlur();
+    void applyBlur();
     void flush(const QRegion& pixels);
 
     const LayerShellContext& context_;
@@ -48,8 +48,7 @@ private:
     QImage canvas_;
     xdg::PanelPicture picture_;
     QRegion input_;
-    QRegion blurred_;
-    Proxy<org_kde_kwin_blur> blur_;
+    BlurredRegion blurred_;
 };
 
 }

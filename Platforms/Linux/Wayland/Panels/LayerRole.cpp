@@ -6,6 +6,14 @@
 
 namespace vireline::wayland {
 
+namespace {
+
+/// The purpose of the surface. KWin takes one of this name for a panel, and any other for an
+/// ordinary window, which it would give the keyboard with each click.
+constexpr const char* purpose = "dock";
+
+}
+
 struct LayerRole::Listener {
     static void configure(void* data, zwlr_layer_surface_v1* role, std::uint32_t serial,
                           std::uint32_t /*width*/, std::uint32_t /*height*/) {
@@ -24,7 +32,7 @@ LayerRole::LayerRole(zwlr_layer_shell_v1& shell, wl_surface& surface, wl_output*
                      Events events)
     : events_(std::move(events))
     , role_(zwlr_layer_shell_v1_get_layer_surface(&shell, &surface, output,
-                                                  ZWLR_LAYER_SHELL_V1_LAYER_TOP, "vireline-dock")) {
+                                                  ZWLR_LAYER_SHELL_V1_LAYER_TOP, purpose)) {
     zwlr_layer_surface_v1_add_listener(role_.get(), &Listener::listener, this);
     zwlr_layer_surface_v1_set_anchor(role_.get(), ZWLR_LAYER_SURFACE_V1_ANCHOR_TOP |
                                                       ZWLR_LAYER_SURFACE_V1_ANCHOR_LEFT);

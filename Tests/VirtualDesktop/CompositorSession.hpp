@@ -1,0 +1,72 @@
+/// A Wayland compositor in windows of the virtual X server: one window for each output, at the
+/// output's place in the layout, so that the X server's pointer, keyboard and pixels are those of
+/// the Wayland session.
+#pragma once
+
+#include "VirtualDesktop/ChildProcess.hpp"
+#include "VirtualDesktop/Colour.hpp"
+#include "VirtualDesktop/DockWindows.hpp"
+#include "VirtualDesktop/Monitors.hpp"
+#include "VirtualDesktop/XClient.hpp"
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vireline::desktop {
+
+class CompositorSession {
+public:
+    CompositorSession(const CompositorSession&) = delete;
+    CompositorSession& operator=(const CompositorSession&) = delete;
+    CompositorSession(CompositorSession&&) = delete;
+    CompositorSession& operator=(CompositorSession&&) = delete;
+    virtual ~CompositorSession() = default;
+
+    /// What programs need to find it.
+    [[nodiscard]] virtual Environment environment() const = 0;
+
+    /// Adds, removes, moves and resizes outputs, without touching unchanged ones.
+    virtual void setMonitors(const std::vector<Monitor>& monitors) = 0;
+
+    /// The display IDs by monitor, which the program derives from outputs' names.
+    [[nodiscard]] std::map<std::string, std::uint32_t> displayIDs() const;
+
+    /// The docks that can be seen: what differs from the empty desktop, on each output. Their
+    /// windows are those of the outputs.
+    [[nodiscard]] std::vector<DockWindow> shown() const;
+
+    /// Ends it abruptly.
+    virtual void kill() const = 0;
+
+protected:
+    struct Output {
+        std::string name;
+        xcb_window_t window = XCB_NONE;
+        Monitor monitor;
+    };
+
+    /// The colour of the empty desktop.
+    CompositorSession(const XClient& client, Colour background)
+        : client_(client), background_(background) {}
+
+    [[nodiscard]] const XClient& client() const noexcept { return client_; }
+    [[nodiscard]] std::vector<Output>& outputs() noexcept { return outputs_; }
+    [[nodiscard]] const std::vector<Output>& outputs() const noexcept { return outputs_; }
+
+    /// The window of an output that is not among `outputs`, and its title without this beginning.
+    [[nodiscard]] std::optional<Output> newOutput(std::string_view titleBeginning) const;
+
+    /// Puts the output's window at the monitor's place and gives it its size.
+    void placeWindow(Output& output, const Monitor& monitor) const;
+
+private:
+    const XClient& client_;
+    Colour background_;
+    std::vector<Output> outputs_;
+};
+
+}

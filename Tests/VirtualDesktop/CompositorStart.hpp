@@ -1,0 +1,29 @@
+/// Starts the Wayland compositor of a virtual desktop.
+#pragma once
+
+#include "VirtualDesktop/CompositorSession.hpp"
+#include "VirtualDesktop/Home.hpp"
+#include "VirtualDesktop/WindowManagers.hpp"
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vireline::desktop {
+
+struct CompositorStart {
+    WindowManager compositor = WindowManager::sway;
+    const Home& home;
+    std::string display;
+    std::string sessionBus;
+    std::vector<Monitor> monitors;
+    /// The program for which KWin lists windows, by a desktop entry in the home; none if empty.
+    std::filesystem::path permitted;
+};
+
+/// Throws if it does not start.
+[[nodiscard]] std::unique_ptr<CompositorSession> startCompositor(const XClient& client,
+                                                                 const CompositorStart& start);
+
+}
