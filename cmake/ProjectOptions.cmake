@@ -27,10 +27,14 @@ endif()
 
 add_library(vireline_options INTERFACE)
 target_compile_options(vireline_options INTERFACE -Wall -Wextra -Wconversion -Werror)
-if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-    # With optimisation, GCC 12 has false warnings in its own std::string and std::variant (GCC bugs
-    # 105651 and 105562).
-    target_compile_options(vireline_options INTERFACE -Wno-restrict -Wno-maybe-uninitialized)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # With optimisation, GCC has false warnings in its own std::variant (GCC 12) and std::optional
+    # (GCC 14); see GCC bug 105562.
+    target_compile_options(vireline_options INTERFACE -Wno-maybe-uninitialized)
+    if(CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+        # The same in std::string: GCC bug 105651.
+        target_compile_options(vireline_options INTERFACE -Wno-restrict)
+    endif()
 endif()
 
 if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")

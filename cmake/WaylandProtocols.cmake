@@ -20,11 +20,12 @@ function(vireline_find_wayland)
     pkg_check_modules(WAYLAND_SERVER QUIET IMPORTED_TARGET GLOBAL wayland-server)
     find_program(WAYLAND_SCANNER wayland-scanner)
     pkg_get_variable(stable wayland-protocols pkgdatadir)
+    # Qt6Gui_PRIVATE_INCLUDE_DIRS has generator expressions in newer versions.
     find_path(QT_PRIVATE_HEADERS qpa/qplatformnativeinterface.h
-        PATHS ${Qt6Gui_PRIVATE_INCLUDE_DIRS} NO_DEFAULT_PATH)
+        PATHS ${Qt6Gui_INCLUDE_DIRS} PATH_SUFFIXES ${Qt6_VERSION}/QtGui NO_DEFAULT_PATH)
 
-    # Debian 13 has a package of the compositors' own protocols; in Debian 12 they are only part of
-    # another one.
+    # Some systems have a package of the compositors' own protocols; in Debian 12 and 13 they are
+    # only part of other ones.
     set(wlr /usr/share/wlr-protocols/unstable
         /usr/share/cargo/registry/wayland-protocols*/wlr-protocols/unstable)
     set(plasma /usr/share/plasma-wayland-protocols)

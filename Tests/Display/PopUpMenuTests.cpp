@@ -100,7 +100,11 @@ TEST_F(PopUpMenuTest, TellsTheChoiceOnceItIsClosed) {
     const auto dock = showDock("main", log);
     open(*dock, "main", {100, 50});
     const PixelRect frame = menuFrame();
-    desk().pointer().click({frame.center().x, frame.bottom() - 8});
+    const desktop::PixelPoint quit{frame.center().x, frame.bottom() - 12};
+    // A press before the menu knows of the movement chooses nothing in newer versions of Qt.
+    desk().pointer().moveTo(quit);
+    settle();
+    desk().pointer().click(quit);
     EXPECT_TRUE(eventually([&] { return closed == 1; }));
     EXPECT_EQ(choice, "Quit");
     EXPECT_EQ(menuFrame().width, 0);

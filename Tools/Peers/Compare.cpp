@@ -1,7 +1,8 @@
 /// Compares the program with other docks and panels, each in turn on the same virtual desktop, with
 /// the same displays and launchers, several times.
 ///
-///   DesktopPeers [--runs N] [--measures LIST] [--report FILE] [--pictures FOLDER] [NAME...]
+///   DesktopPeers [--wayland] [--runs N] [--measures LIST] [--report FILE] [--pictures FOLDER]
+///   [NAME...]
 #include "Peers/Figures.hpp"
 #include "Peers/MemoryParts.hpp"
 #include "Peers/Subject.hpp"
@@ -29,6 +30,8 @@ struct Options {
     std::set<std::string> measures{"memory", "rest", "pointer", "windows", "displays", "growth"};
     std::filesystem::path report;
     std::filesystem::path pictures;
+    /// Whether to compare under sway instead of X11.
+    bool wayland = false;
     /// Empty means all.
     std::set<std::string> names;
 };
@@ -49,7 +52,9 @@ Options parse(const std::vector<std::string>& arguments) {
                 throw std::runtime_error{arguments[i] + " wants a value"};
             return arguments[++i];
         };
-        if (arguments[i] == "--runs")
+        if (arguments[i] == "--wayland")
+            options.wayland = true;
+        else if (arguments[i] == "--runs")
             options.runs = std::max(1, std::atoi(next().c_str()));
         else if (arguments[i] == "--measures")
             options.measures = split(next());
@@ -60,6 +65,11 @@ Options parse(const std::vector<std::string>& arguments) {
         else
             options.names.insert(arguments[i]);
     }
+    // How it follows displays and grows is measured on X11.
+    if (options.wayland)
+        std::erase_if(options.measures, [](const std::string& measure) {
+            return measure == "displays" || measure == "growth";
+        });
     return options;
 }
 
@@ -84,9 +94,7 @@ public:
     explicit Comparison(Options options) : options_(std::move(options)) {}
 
     void run() {
-        auto peers = docks();
-        std::ranges::move(panels(), std::back_inserter(peers));
-        for (const Peer& peer : peers) {
+        for (const Peer& peer : options_.wayland ? waylandPeers() : xPeers()) {
             // A start that fails may be a random failure, so it is retried.
             if (options_.names.empty() || options_.names.contains(peer.name))
                 static_cast<void>(isMeasured(peer) || isMeasured(peer));
@@ -95,12 +103,21 @@ public:
 
     void write(std::ostream& out) const {
         writeTable(out, columns_);
-        writeTargets(out, columns_);
-        if (!parts_.empty())
+        if (options_.wayland)
+            writeWaylandTargets(out, columns_);
+        else
+            writeTargets(out, columns_);
+        if (!parts_.empty() && !options_.wayland)
             writeMemoryParts(out, parts_);
     }
 
 private:
+    static std::vector<Peer> xPeers() {
+        auto peers = docks();
+        std::ranges::move(panels(), std::back_inserter(peers));
+        return peers;
+    }
+
     [[nodiscard]] bool wants(const char* measure) const {
         return options_.measures.contains(measure);
     }

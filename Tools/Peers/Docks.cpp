@@ -27,20 +27,6 @@ Line middle(const PixelRect& frame, int length) {
     return {{x - length / 2, y}, {x + length / 2, y}};
 }
 
-Peer vireline(const std::string& name, bool magnifies) {
-    Peer peer;
-    peer.name = name;
-    peer.command = {TESTED_PROGRAM};
-    peer.configure = [magnifies](VirtualDesktop& desktop, std::span<const App> apps) {
-        configureVireline(desktop, apps, magnifies);
-    };
-    peer.launchers = [](const PixelRect& frame) {
-        const DockOrdering::Counts counts{.pinned = comparedLaunchers};
-        return middle(frame, static_cast<int>(DockOrdering::stripWidth(counts, launcherIconSize)));
-    };
-    return peer;
-}
-
 void configurePlank(VirtualDesktop& desktop, std::span<const App> apps) {
     const auto configuration = desktop.home().folder() / ".config";
     std::string items;
@@ -119,6 +105,20 @@ Peer cairoDock() {
     return peer;
 }
 
+}
+
+Peer vireline(const std::string& name, bool magnifies) {
+    Peer peer;
+    peer.name = name;
+    peer.command = {TESTED_PROGRAM};
+    peer.configure = [magnifies](VirtualDesktop& desktop, std::span<const App> apps) {
+        configureVireline(desktop, apps, magnifies);
+    };
+    peer.launchers = [](const PixelRect& frame) {
+        const DockOrdering::Counts counts{.pinned = comparedLaunchers};
+        return middle(frame, static_cast<int>(DockOrdering::stripWidth(counts, launcherIconSize)));
+    };
+    return peer;
 }
 
 std::vector<Peer> docks() {

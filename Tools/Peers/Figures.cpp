@@ -29,7 +29,7 @@ constexpr std::array rows{
     Row{Figure::idleTime, "processor time in 20 s at rest, ms", 1, usualRuns},
     Row{Figure::idleWakeUps, "wake-ups in 20 s at rest", 0, usualRuns},
     Row{Figure::pointerTime, "processor time for 1,000 pointer steps, ms"},
-    Row{Figure::pointerServerTime, "… the X server's, ms"},
+    Row{Figure::pointerServerTime, "… the X server's or compositor's, ms"},
     Row{Figure::windowsTime, "processor time for 100 windows, ms"},
     Row{Figure::displaysTime, "processor time for 20 display changes, ms", 0, usualRuns},
     Row{Figure::growth, "growth over 1,000 launches and exits, KB"},

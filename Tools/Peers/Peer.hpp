@@ -33,13 +33,22 @@ struct Peer {
     std::vector<std::string> command;
     /// Writes its settings to the desktop's home folder.
     std::function<void(VirtualDesktop&, std::span<const App>)> configure;
+    /// Whether it runs under sway instead of on X11.
+    bool isOnSway = false;
+    /// Where its first pixels appear, if that counts as its start instead of its first dock's
+    /// mapping, of which Wayland tells nobody else.
+    PixelRect firstPixels{};
     /// The path over the launchers, derived from the frame of the dock's window.
     std::function<Line(const PixelRect&)> launchers;
 };
 
+/// The program itself.
+[[nodiscard]] Peer vireline(const std::string& name, bool magnifies);
 /// The program with and without magnification, Plank, Cairo-Dock.
 [[nodiscard]] std::vector<Peer> docks();
 /// tint2, xfce4-panel, lxqt-panel, polybar.
 [[nodiscard]] std::vector<Peer> panels();
+/// The program under X11 and under sway, waybar, and a Qt program without content under both.
+[[nodiscard]] std::vector<Peer> waylandPeers();
 
 }

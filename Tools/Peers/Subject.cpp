@@ -10,6 +10,7 @@
 #include <iterator>
 #include <stdexcept>
 #include <thread>
+#include <utility>
 
 namespace vireline::desktop {
 namespace {
@@ -55,8 +56,10 @@ const std::vector<Monitor>& twoDisplays() {
     return monitors;
 }
 
-std::unique_ptr<VirtualDesktop> makeDesktop(const std::vector<App>& apps) {
+std::unique_ptr<VirtualDesktop> makeDesktop(const std::vector<App>& apps, bool isOnSway) {
     VirtualDesktop::Options options;
+    if (isOnSway)
+        options.manager = WindowManager::sway;
     options.monitors = twoDisplays();
     // Only as large as the displays, because some of the programs know only the whole screen.
     options.width = 0;
@@ -69,7 +72,8 @@ std::unique_ptr<VirtualDesktop> makeDesktop(const std::vector<App>& apps) {
     // Without services that any session starts anyway, so that they are not charged to one program.
     desktop->environment()["NO_AT_BRIDGE"] = "1";
     desktop->environment()["GIO_USE_VFS"] = "local";
-    paintWallpaper(desktop->client(), desktop->displays().monitors);
+    if (!isOnSway)
+        paintWallpaper(desktop->client(), desktop->displays().monitors);
     writeFile(desktop->home().folder() / ".config/gtk-3.0/settings.ini",
               "[Settings]\ngtk-icon-theme-name=Papirus\n");
     for (const App& app : apps)
@@ -103,25 +107,80 @@ void require(bool came, const char* what) {
 
 }
 
-Subject::Subject(const Peer& peer) : peer_(peer), apps_(makeApps()), desktop_(makeDesktop(apps_)) {
+Subject::Subject(const Peer& peer)
+    : peer_(peer), apps_(makeApps()), desktop_(makeDesktop(apps_, peer.isOnSway)) {
     peer_.configure(*desktop_, std::span{apps_}.first(comparedLaunchers));
 }
 
-double Subject::start() {
-    DockWatch watch{desktop_->display()};
-    leaveDock();
-    const auto start = Clock::now();
+void Subject::startProcess() {
     process_.emplace(Command{peer_.command.front(),
                              {peer_.command.begin() + 1, peer_.command.end()},
                              desktop_->environment(),
                              desktop_->home().scratch() / "subject.out",
                              desktop_->home().scratch() / "subject.err",
                              {}});
-    const DockWatch::Shown dock = watch.waitForDocks(1).front();
-    // Some move and grow until all their launchers are shown.
-    std::this_thread::sleep_for(2s);
-    dock_ = desktop_->client().frame(dock.window).value_or(PixelRect{});
-    return Milliseconds{dock.when - start}.count();
+}
+
+double Subject::start() {
+    leaveDock();
+    Clock::time_point start;
+    Clock::time_point shown;
+    PixelRect frame{};
+    if (peer_.firstPixels == PixelRect{}) {
+        DockWatch watch{desktop_->display()};
+        start = Clock::now();
+        startProcess();
+        const DockWatch::Shown dock = watch.waitForDocks(1).front();
+        shown = dock.when;
+        // Some move and grow until all their launchers are shown.
+        std::this_thread::sleep_for(2s);
+        frame = desktop_->client().frame(dock.window).value_or(PixelRect{});
+    } else {
+        shown = waitForFirstPixels(start);
+        std::this_thread::sleep_for(2s);
+        frame = frameOfDock();
+    }
+    dock_ = frame;
+    return Milliseconds{shown - start}.count();
+}
+
+Clock::time_point Subject::waitForFirstPixels(Clock::time_point& start) {
+    constexpr auto pause = 1ms;
+    constexpr auto calm = 500ms;
+    const auto pixels = [this] { return desktop_->picture(peer_.firstPixels); };
+    // A compositor may draw its background late, and may still show what has ended.
+    Picture empty = pixels();
+    require(eventually([&] {
+                std::this_thread::sleep_for(calm);
+                const Picture before = std::exchange(empty, pixels());
+                return before == empty;
+            }),
+            "the desktop does not come to rest");
+    start = Clock::now();
+    startProcess();
+    const auto latest = start + conditionTimeout;
+    while (pixels() == empty) {
+        require(Clock::now() < latest, "the program shows nothing");
+        std::this_thread::sleep_for(pause);
+    }
+    return Clock::now();
+}
+
+PixelRect Subject::frameOfDock() const {
+    const auto docks = desktop_->docks().shown();
+    const auto found = std::ranges::find_if(docks, [this](const DockWindow& dock) {
+        return dock.frame.x <= peer_.firstPixels.x &&
+               dock.frame.right() >= peer_.firstPixels.right();
+    });
+    return found == docks.end() ? twoDisplays().front().frame : found->frame;
+}
+
+/// The compositor's process ID is part of its socket's name: "sway-ipc.<user>.<process>.sock".
+pid_t Subject::server() const {
+    if (isOnX())
+        return desktop_->server();
+    const std::filesystem::path socket{desktop_->environment()["SWAYSOCK"]};
+    return std::stoi(socket.stem().extension().string().substr(1));
 }
 
 void Subject::stop() {
@@ -147,7 +206,7 @@ Subject::Memory Subject::memory() const {
 }
 
 Subject::Cost Subject::spent() const {
-    return {processorTime(own()).count(), processorTime(desktop_->server()).count()};
+    return {processorTime(own()).count(), processorTime(server()).count()};
 }
 
 Subject::Cost Subject::costSince(const Cost& before) const {
@@ -198,10 +257,19 @@ Subject::Cost Subject::sweep(int steps) const {
 }
 
 Subject::Cost Subject::openWindows(int count) const {
-    constexpr auto between = 10ms;
     constexpr auto longestAnimation = 500ms;
-    const XClient& client = desktop_->client();
     const Cost before = spent();
+    if (isOnX())
+        openXWindows(count);
+    else
+        openWaylandWindows(count);
+    std::this_thread::sleep_for(longestAnimation);
+    return costSince(before);
+}
+
+void Subject::openXWindows(int count) const {
+    constexpr auto between = 10ms;
+    const XClient& client = desktop_->client();
     for (int i = 0; i < count; ++i) {
         const auto window =
             openWindow(client, apps_.at(static_cast<std::size_t>(i) % apps_.size()));
@@ -211,8 +279,29 @@ Subject::Cost Subject::openWindows(int count) const {
         client.destroy(window);
         std::this_thread::sleep_for(between);
     }
-    std::this_thread::sleep_for(longestAnimation);
-    return costSince(before);
+}
+
+/// Each is a program of its own, which tells in a file when it has drawn its window.
+void Subject::openWaylandWindows(int count) const {
+    constexpr auto between = 10ms;
+    const auto drawn = desktop_->home().scratch() / "drawn";
+    for (int i = 0; i < count; ++i) {
+        const App& app = apps_.at(static_cast<std::size_t>(i) % apps_.size());
+        std::filesystem::remove(drawn);
+        ChildProcess program{
+            Command{WAYLAND_TEST_APP,
+                    {"--class", windowClass(app), "--title", app.name, "--sizes", drawn.string()},
+                    desktop_->environment(),
+                    {},
+                    desktop_->home().scratch() / "apps.log",
+                    {}}};
+        require(eventually([&] { return std::filesystem::exists(drawn); }),
+                "the window does not open");
+        std::this_thread::sleep_for(between);
+        program.signal(SIGTERM);
+        static_cast<void>(program.waitForExit());
+        std::this_thread::sleep_for(between);
+    }
 }
 
 Subject::Cost Subject::changeDisplays(int changes) {

@@ -35,7 +35,8 @@ public:
 
     explicit Subject(const Peer& peer);
 
-    /// Milliseconds from the start of its process until its first dock is on the screen.
+    /// Milliseconds from the start of its process until its first dock, or where those are watched
+    /// its first pixels, are on the screen.
     double start();
     void stop();
 
@@ -59,6 +60,16 @@ public:
 private:
     [[nodiscard]] Cost spent() const;
     [[nodiscard]] Cost costSince(const Cost& before) const;
+    [[nodiscard]] bool isOnX() const { return !peer_.isOnSway; }
+    void startProcess();
+    /// Starts the process at `start`, and returns when its first pixels were there.
+    [[nodiscard]] std::chrono::steady_clock::time_point
+    waitForFirstPixels(std::chrono::steady_clock::time_point& start);
+    [[nodiscard]] PixelRect frameOfDock() const;
+    /// The X server, or the compositor.
+    [[nodiscard]] pid_t server() const;
+    void openWaylandWindows(int count) const;
+    void openXWindows(int count) const;
     void leaveDock() const;
     void launchAndEnd(std::span<const App> apps) const;
     void launchByTurns(int launches) const;

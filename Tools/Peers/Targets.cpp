@@ -94,4 +94,33 @@ void writeTargets(std::ostream& out, const std::vector<Column>& columns) {
     out << '\n';
 }
 
+void writeWaylandTargets(std::ostream& out, const std::vector<Column>& columns) {
+    const auto figureOf = [&](const std::string& name, Figure figure) {
+        const Column* const column = find(columns, name);
+        return column == nullptr ? std::nan("") : value(column->figures, figure);
+    };
+    const auto report = [&](const std::string& what, double figure, double limit,
+                            const std::string& against) {
+        if (!std::isnan(figure) && !std::isnan(limit))
+            write(out, what, figure, limit, against);
+    };
+    constexpr double pointerShare = 1.5;
+    out << '\n';
+    for (const auto& name : {std::string{plain}, std::string{magnified}}) {
+        const auto onX = [&](Figure figure) { return figureOf(name + ", X11", figure); };
+        const auto withPlugin = [&](Figure figure) {
+            return onX(figure) + figureOf("Qt alone", figure) - figureOf("Qt alone, X11", figure);
+        };
+        const std::string plugin = " on X11 and of Qt's plugin";
+        report(name + ", start", figureOf(name, Figure::start), withPlugin(Figure::start), plugin);
+        report(name + ", memory (PSS)", figureOf(name, Figure::proportionalMemory),
+               withPlugin(Figure::proportionalMemory), plugin);
+        report(name + ", wake-ups at rest", figureOf(name, Figure::idleWakeUps), 0, "");
+        report(name + ", one and a half times the pointer's cost",
+               figureOf(name, Figure::pointerTime), pointerShare * onX(Figure::pointerTime),
+               " on X11");
+    }
+    out << '\n';
+}
+
 }

@@ -12,4 +12,8 @@ namespace vireline::desktop {
 /// whose programs or figures are missing are omitted.
 void writeTargets(std::ostream& out, const std::vector<Column>& columns);
 
+/// The same for the program under sway: relative to what it costs under X11, and to what Qt alone
+/// costs more under sway.
+void writeWaylandTargets(std::ostream& out, const std::vector<Column>& columns);
+
 }

@@ -3,6 +3,7 @@
 
 #include "Foundation/NonCopyable.hpp"
 
+#include <concepts>
 #include <functional>
 #include <memory>
 #include <type_traits>
@@ -14,11 +15,14 @@ namespace vireline {
 /// destroyed first.
 class Lifetime : private NonCopyable {
 public:
-    /// Wraps `function` so that calls do nothing once this object is gone.
+    /// Wraps `function` so that calls do nothing once this object is gone. What is returned takes
+    /// only what `function` takes, because Qt asks of a callable whether it takes other arguments.
     template <class Function>
     [[nodiscard]] auto guard(Function function) const {
         return [weak = std::weak_ptr{token_},
-                function = std::move(function)]<class... Arguments>(Arguments&&... arguments) {
+                function = std::move(function)]<class... Arguments>(Arguments&&... arguments)
+            requires std::invocable<const Function&, Arguments...>
+        {
             static_assert(std::is_void_v<std::invoke_result_t<const Function&, Arguments...>>,
                           "a result needs guardOr");
             if (!weak.expired())
@@ -31,7 +35,9 @@ public:
     [[nodiscard]] auto guardOr(Fallback fallback, Function function) const {
         return [weak = std::weak_ptr{token_}, function = std::move(function),
                 fallback =
-                    std::move(fallback)]<class... Arguments>(Arguments&&... arguments) -> Fallback {
+                    std::move(fallback)]<class... Arguments>(Arguments&&... arguments) -> Fallback
+                   requires std::invocable<const Function&, Arguments...>
+        {
             if (weak.expired())
                 return fallback;
             return std::invoke(function, std::forward<Arguments>(arguments)...);

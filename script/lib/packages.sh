@@ -1,9 +1,11 @@
 # Debian packages by purpose. To be sourced. shellcheck shell=bash disable=SC2034
 
-# For building and running the program.
+# For building, running and packing the program.
 packages_build=(
     ccache
     cmake
+    dpkg-dev
+    file
     g++
     git
     libplist-dev
@@ -27,13 +29,14 @@ packages_build=(
     wayland-protocols
 )
 
-# The layer shell's description is a package of its own in Debian 13, and part of another one in Debian 12.
-# Without either, the program is built for X11 only.
-if apt-cache show wlr-protocols > /dev/null 2>&1; then
-    packages_build+=(wlr-protocols)
-else
-    packages_build+=(librust-wayland-protocols-dev)
-fi
+# Where the layer shell's description is depends on the release: a package of its own in some, part of another
+# one in Debian 13 and in Debian 12. Without any, the program is built for X11 only.
+for package in wlr-protocols librust-wayland-protocols-wlr-dev librust-wayland-protocols-dev; do
+    if apt-cache show "$package" > /dev/null 2>&1; then
+        packages_build+=("$package")
+        break
+    fi
+done
 
 # For testing it. Clang's sanitizers are a package of their own, unlike GCC's.
 packages_test=(
@@ -63,6 +66,21 @@ packages_desktop=(
     tint2
     xfwm4
     xterm
+    xvfb
+)
+
+# What script/try-package runs the tests with.
+packages_test_root=(
+    at-spi2-core
+    dbus
+    fonts-dejavu-core
+    libgtest-dev
+    libpng-dev
+    libxcb-xtest0-dev
+    openbox
+    picom
+    sway
+    xfwm4
     xvfb
 )
 

@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <type_traits>
 
 namespace vireline {
 namespace {
@@ -92,6 +93,17 @@ TEST(Lifetime, MayEndInsideTheGuardedCall) {
     ending();
 
     EXPECT_EQ(calls, 100);
+}
+
+TEST(Lifetime, GuardsTakeOnlyWhatTheirFunctionsTake) {
+    const Lifetime lifetime;
+    const auto guarded = lifetime.guard([](int) {});
+    const auto guardedOr = lifetime.guardOr(0, [](int number) { return number; });
+
+    EXPECT_TRUE((std::is_invocable_v<decltype(guarded), int>));
+    EXPECT_TRUE((std::is_invocable_v<decltype(guardedOr), int>));
+    EXPECT_FALSE((std::is_invocable_v<decltype(guarded), std::string>));
+    EXPECT_FALSE((std::is_invocable_v<decltype(guardedOr), std::string>));
 }
 
 }

@@ -104,10 +104,11 @@ TEST_F(ImageFileTest, DoesNotWaitForAPipe) {
 }
 
 TEST_F(ImageFileTest, SurvivesDrawingsThatRepeatThemselvesOrNeverEnd) {
+    // Newer versions of Qt discard these, older ones draw them without the repetition.
     for (const char* content :
          {R"(<g id="a"><use xlink:href="#a"/></g>)", R"(<g id="a"><use xlink:href="#b"/></g>)"
                                                      R"(<g id="b"><use xlink:href="#a"/></g>)"})
-        EXPECT_TRUE(ImageFile::load(write("loop.svg", svg(content)), 44)) << content;
+        static_cast<void>(ImageFile::load(write("loop.svg", svg(content)), 44));
 
     std::string deep;
     for (int i = 0; i < 100'000; ++i)

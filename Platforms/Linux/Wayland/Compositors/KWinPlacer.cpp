@@ -16,17 +16,10 @@ Result<Rect> KWinPlacer::frame(xdg::WindowID window, double /*seconds*/) {
     return found->frame;
 }
 
-/// A program takes a moment to draw the size that it was given, and until then KWin goes by the
-/// size before.
 Result<void> KWinPlacer::move(xdg::WindowID window, Point corner, double seconds) {
     const auto found = find(window);
     if (!found)
         return std::unexpected{found.error()};
-    if (placed_ && placed_->window == window && placed_->before == *found) {
-        const Size size = placed_->size;
-        return connection_.run(
-            KWinScripts::place(*found, {corner.x, corner.y, size.width, size.height}), seconds);
-    }
     return connection_.run(KWinScripts::move(*found, corner), seconds);
 }
 
@@ -34,7 +27,6 @@ Result<void> KWinPlacer::place(xdg::WindowID window, const Rect& frame, double s
     const auto found = find(window);
     if (!found)
         return std::unexpected{found.error()};
-    placed_ = {window, *found, frame.size()};
     return connection_.run(KWinScripts::place(*found, frame), seconds);
 }
 

@@ -6,8 +6,6 @@
 #include "Compositors/WindowPlacer.hpp"
 #include "Foundation/NonCopyable.hpp"
 
-#include <optional>
-
 namespace vireline::wayland {
 
 class PlasmaWindowList;
@@ -26,18 +24,8 @@ public:
 private:
     [[nodiscard]] Result<KWinWindow> find(xdg::WindowID window) const;
 
-    /// A window that was given a frame.
-    struct Placed {
-        xdg::WindowID window = xdg::WindowID::none;
-        /// What KWin had reported by then.
-        KWinWindow before;
-        Size size;
-    };
-
     const PlasmaWindowList& list_;
     KWinConnection connection_;
-    /// The last one.
-    std::optional<Placed> placed_;
 };
 
 }

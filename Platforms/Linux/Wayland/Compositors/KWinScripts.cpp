@@ -64,6 +64,7 @@ std::string cornerOf(Point point) {
 }
 
 std::string move(const KWinWindow& window, Point corner) {
+    // A size that the program has yet to draw is kept, although KWin says the one before.
     if (!window.isMaximised && !window.isFullScreen) {
         return onWindow(window, setFrame(cornerOf(corner), "window.frameGeometry.width",
                                          "window.frameGeometry.height"));

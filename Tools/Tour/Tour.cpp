@@ -1,14 +1,15 @@
 /// A short tour of the program on a headless desktop: shows its features step by step, and leaves a
 /// picture of each step and the program's log.
+#include "Tour/TourSession.hpp"
 #include "VirtualDesktop/VirtualDesktop.hpp"
 #include "VirtualDesktop/Waiting.hpp"
-#include "VirtualDesktop/Wallpaper.hpp"
 
 #include <algorithm>
 #include <csignal>
 #include <cstdlib>
 #include <fstream>
 #include <iostream>
+#include <memory>
 #include <stdexcept>
 #include <string_view>
 
@@ -20,6 +21,7 @@ namespace fs = std::filesystem;
 struct TourOptions {
     fs::path folder = "build/tour";
     bool stay = false;
+    bool wayland = false;
 };
 
 TourOptions parse(const std::vector<std::string>& arguments) {
@@ -27,10 +29,12 @@ TourOptions parse(const std::vector<std::string>& arguments) {
     for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
         if (*argument == "--stay")
             options.stay = true;
+        else if (*argument == "--wayland")
+            options.wayland = true;
         else if (*argument == "--folder" && argument + 1 != arguments.end())
             options.folder = *++argument;
         else
-            throw std::runtime_error{"usage: DesktopTour [--folder <folder>] [--stay]"};
+            throw std::runtime_error{"usage: DesktopTour [--folder <folder>] [--wayland] [--stay]"};
     }
     return options;
 }
@@ -65,16 +69,12 @@ std::vector<App> scenery() {
             app("Software", "system-software-install")};
 }
 
-std::vector<Monitor> tourMonitors() {
-    return {{"main", {1280, 620, 1600, 900}},
-            {"above-left", {0, 0, 1280, 800}},
-            {"side", {2880, 500, 1080, 1020}}};
-}
-
 class Tour {
 public:
     explicit Tour(TourOptions options)
-        : options_(std::move(options)), desktop_(programs(), setUp()) {}
+        : options_(std::move(options))
+        , session_(tourSession(options_.wayland))
+        , desktop_(session_->programs(), setUp()) {}
 
     void take() {
         fs::remove_all(options_.folder);
@@ -88,6 +88,8 @@ public:
         openMenu();
         unplug();
         plugIn();
+        showSettings();
+        welcome();
         fs::copy_file(desktop_.log().file(), options_.folder / "vireline.log");
         std::cout << "The pictures and the log are in " << fs::absolute(options_.folder).string()
                   << '\n';
@@ -118,11 +120,10 @@ public:
     }
 
 private:
-    static Programs programs() { return {TESTED_PROGRAM, TEST_APP, FILE_MANAGER}; }
-
-    static VirtualDesktop::Options setUp() {
+    [[nodiscard]] VirtualDesktop::Options setUp() const {
         VirtualDesktop::Options options;
-        options.monitors = tourMonitors();
+        options.monitors = session_->monitors();
+        options.manager = session_->manager();
         options.compositor = true;
         options.sessionBus = true;
         options.installedApps = true;
@@ -131,28 +132,29 @@ private:
         return options;
     }
 
-    /// Sets up everything except the program: wallpaper, icon theme, apps, and another program's
-    /// panel.
+    /// Sets up everything except the program: the session, icon theme, apps.
     void populate() {
-        paintWallpaper(desktop_.client(), desktop_.displays().monitors);
+        session_->decorate(desktop_);
         auto& home = desktop_.home();
         writeFile(home.folder() / ".config/gtk-3.0/settings.ini",
                   "[Settings]\ngtk-icon-theme-name=Papirus\n");
-        home.writePreferences(R"({
-            "onboardingCompleted": true, "iconSize": 48,
-            "magnificationEnabled": true, "magnification": 1.5})");
+        writePreferences(/*isWelcomed=*/true);
         pins_ = {fileManager(), terminal(), editor()};
         for (const auto& app : scenery())
             pins_.push_back({app.id, app.name, home.install(app)});
         home.pin(pins_);
         home.setFileManager(fileManager().id);
-        constexpr int panelThickness = 44;
-        desktop_.reserve({"main", Edge::bottom, panelThickness});
         desktop_.launch(scenery().front());
     }
 
+    void writePreferences(bool isWelcomed) {
+        desktop_.home().writePreferences(
+            std::string{R"({"onboardingCompleted": )"} + (isWelcomed ? "true" : "false") +
+            R"(, "iconSize": 48, "magnificationEnabled": true, "magnification": 1.5})");
+    }
+
     void seeDocks() {
-        if (!eventually([&] { return desktop_.docks().shown().size() == 2; }))
+        if (!eventually([&] { return docks() == 2; }))
             throw std::runtime_error{"the docks do not come up"};
         picture("docks", "a dock on every display but the one with the other panel");
     }
@@ -163,25 +165,26 @@ private:
     }
 
     void launch() {
-        desktop_.pointer().click(tile(terminalIndex));
-        if (!eventually([&] { return !terminals().empty(); }))
-            throw std::runtime_error{"a click does not launch the terminal"};
-        picture("launched", "a click launches: the terminal has a window, its tile a dot");
+        desktop_.pointer().click(tile(editorIndex));
+        if (!eventually([&] { return session_->shows(desktop_, editorsWindow); }))
+            throw std::runtime_error{"a click does not launch the editor"};
+        picture("launched", "a click launches: the editor has a window, its tile a dot");
     }
 
     void hide() {
-        desktop_.pointer().click(tile(terminalIndex));
-        if (!eventually([&] { return !desktop_.client().isViewable(terminals().front()); }))
-            throw std::runtime_error{"a second click does not hide the terminal"};
+        desktop_.pointer().click(tile(editorIndex));
+        if (!eventually([&] { return !session_->shows(desktop_, editorsWindow); }))
+            throw std::runtime_error{"a second click does not hide the editor"};
         picture("hidden", "another click hides it; the dot stays");
-        desktop_.pointer().click(tile(terminalIndex));
-        if (!eventually([&] { return desktop_.client().isViewable(terminals().front()); }))
-            throw std::runtime_error{"a third click does not bring the terminal back"};
+        desktop_.pointer().click(tile(editorIndex));
+        if (!eventually([&] { return session_->shows(desktop_, editorsWindow); }))
+            throw std::runtime_error{"a third click does not bring the editor back"};
     }
 
     void openMenu() {
-        desktop_.pointer().click(tile(terminalIndex), Pointer::Button::secondary);
-        if (!eventually([&] { return !desktop_.docks().menus().empty(); }))
+        const auto before = Picture::ofScreen(desktop_.client());
+        desktop_.pointer().click(tile(editorIndex), Pointer::Button::secondary);
+        if (!eventually([&] { return session_->showsMenu(desktop_, before); }))
             throw std::runtime_error{"no menu opens"};
         picture("menu", "a secondary click opens the tile's menu");
         desktop_.keyboard().type(Keyboard::escape);
@@ -189,40 +192,56 @@ private:
     }
 
     void unplug() {
-        auto monitors = tourMonitors();
+        auto monitors = session_->monitors();
         monitors.pop_back();
         desktop_.setMonitors(monitors);
-        if (!eventually([&] { return desktop_.docks().shown().size() == 1; }))
+        if (!eventually([&] { return docks() == 1; }))
             throw std::runtime_error{"the dock of the display that is gone stays"};
         picture("unplugged", "its display unplugged, the dock on the right is gone");
     }
 
     void plugIn() {
-        desktop_.setMonitors(tourMonitors());
-        if (!eventually([&] { return desktop_.docks().shown().size() == 2; }))
+        desktop_.setMonitors(session_->monitors());
+        if (!eventually([&] { return docks() == 2; }))
             throw std::runtime_error{"no dock comes to the display that is back"};
         picture("plugged-in", "the display is back, and so is its dock");
     }
 
-    /// The centre of a tile in the dock on the upper left display.
+    void showSettings() {
+        desktop_.run(TESTED_PROGRAM, {});
+        if (!eventually([&] { return session_->shows(desktop_, programsWindow); }))
+            throw std::runtime_error{"a second start does not show the settings"};
+        picture("settings", "a second start shows the settings of the first");
+    }
+
+    void welcome() {
+        desktop_.stopVireline();
+        if (!eventually([&] { return !session_->shows(desktop_, programsWindow); }))
+            throw std::runtime_error{"the settings stay without the program"};
+        writePreferences(/*isWelcomed=*/false);
+        desktop_.runVireline();
+        if (!eventually([&] { return session_->shows(desktop_, programsWindow); }))
+            throw std::runtime_error{"the first start shows no welcome"};
+        picture("welcome", "what a first start shows");
+    }
+
+    /// Under sway, windows are not told from docks, but they open on the main display.
+    [[nodiscard]] std::ptrdiff_t docks() const {
+        return std::ranges::count_if(desktop_.docks().shown(), [&](const DockWindow& dock) {
+            return dock.displayID != desktop_.displayIDOf("main");
+        });
+    }
+
+    /// The centre of a tile in the dock that the tour uses.
     [[nodiscard]] PixelPoint tile(int index) const {
         PanelPlanner::Request request;
         request.counts.pinned = static_cast<int>(pins_.size());
         request.maxIconSize = 48;
         request.magnification = 1.5;
         const auto planned = desktop_.planned(request);
-        const auto dock = std::ranges::find(planned, "above-left",
+        const auto dock = std::ranges::find(planned, session_->dock(),
                                             [](const auto& plan) { return plan.monitor.name; });
         return DockLayout{*dock, request.counts, request.maxIconSize}.icon(index);
-    }
-
-    [[nodiscard]] std::vector<xcb_window_t> terminals() const {
-        auto windows = desktop_.client().managedWindows();
-        std::erase_if(windows, [&](xcb_window_t window) {
-            return desktop_.client().text(window, "WM_CLASS") !=
-                   std::string_view{"xterm\0XTerm\0", 12};
-        });
-        return windows;
     }
 
     /// Takes a picture when nothing moves any more, or after a timeout.
@@ -243,9 +262,12 @@ private:
         std::cout << file << ": " << caption << '\n' << std::flush;
     }
 
-    static constexpr int terminalIndex = 1;
+    static constexpr int editorIndex = 2;
+    static constexpr const char* editorsWindow = "org.xfce.mousepad";
+    static constexpr const char* programsWindow = "vireline";
 
     TourOptions options_;
+    std::unique_ptr<TourSession> session_;
     VirtualDesktop desktop_;
     std::vector<Pin> pins_;
     int pictures_ = 0;
