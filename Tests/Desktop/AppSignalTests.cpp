@@ -1,7 +1,6 @@
 /// What apps signal on their tiles: badges, progress, and that they want attention.
-#include "DesktopTest.hpp"
+#include "SignalTest.hpp"
 #include "VirtualDesktop/Announcer.hpp"
-#include "VirtualDesktop/Picture.hpp"
 #include "VirtualDesktop/ProcessFigures.hpp"
 
 #include <chrono>
@@ -10,11 +9,7 @@
 namespace vireline::desktop {
 namespace {
 
-constexpr Colour badge{208, 42, 42};
-constexpr Colour progressFill{90, 160, 255};
-constexpr Colour mark{255, 138, 0};
-
-class AppSignals : public DesktopTest {
+class AppSignals : public SignalTest {
 protected:
     void run(const std::string& preferences = {}, bool isAccessible = false) {
         auto& desktop =
@@ -37,21 +32,6 @@ protected:
 
     [[nodiscard]] std::string address() {
         return desktop().environment().at("DBUS_SESSION_BUS_ADDRESS");
-    }
-
-    /// The dock's display from the strip's height down to its edge.
-    [[nodiscard]] int pixelsOf(Colour colour) {
-        PixelRect area = desktop().monitor("right").frame;
-        constexpr int height = 100;
-        area.y += area.height - height;
-        area.height = height;
-        return Picture::ofScreen(desktop().client(), area).count(colour);
-    }
-    [[nodiscard]] bool shows(Colour colour) {
-        return eventually([&] { return pixelsOf(colour) > 20; });
-    }
-    [[nodiscard]] bool showsNo(Colour colour) {
-        return eventually([&] { return pixelsOf(colour) == 0; });
     }
 
     [[nodiscard]] xcb_window_t launch(const App& app) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <cstdlib>
 #include <sstream>
 #include <stdexcept>
@@ -141,6 +142,21 @@ xcb_window_t DesktopTest::openMenu(PixelPoint icon) {
     if (!eventually([&] { return !desktop().docks().menus().empty(); }))
         return XCB_NONE;
     return desktop().docks().menus().front();
+}
+
+xcb_window_t DesktopTest::openMenuBesideTiles(const DockLayout& dock, int pinned) {
+    // At the separator, where there is a strip even while it still grows or shrinks.
+    const PixelPoint last = dock.icon(pinned - 1);
+    const PixelPoint place{(last.x + dock.icon(pinned).x) / 2, last.y};
+    // A click is lost in the frame of the dock's window while the window manager resizes both, so
+    // this clicks again, as a user would.
+    constexpr std::chrono::milliseconds clickTimeout{700};
+    const auto menus = [&] { return desktop().docks().menus(); };
+    static_cast<void>(eventually([&] {
+        desktop().pointer().click(place, Pointer::Button::secondary);
+        return eventually([&] { return !menus().empty(); }, clickTimeout);
+    }));
+    return menus().empty() ? xcb_window_t{XCB_NONE} : menus().front();
 }
 
 void DesktopTest::choose(xcb_window_t menu, int index, int count) {

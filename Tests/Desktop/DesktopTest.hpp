@@ -67,6 +67,8 @@ protected:
 
     /// Opens the menu of the tile at `icon` and returns its window; XCB_NONE if none opens.
     [[nodiscard]] xcb_window_t openMenu(PixelPoint icon);
+    /// Opens the menu of the strip of a dock with so many pinned apps; XCB_NONE if none opens.
+    [[nodiscard]] xcb_window_t openMenuBesideTiles(const DockLayout& dock, int pinned);
     /// Clicks one of the menu's `count` entries.
     void choose(xcb_window_t menu, int index, int count);
 

@@ -65,6 +65,22 @@ TEST_F(Drop, OfAnAppAddsItToAListOfTheUsersOwn) {
     EXPECT_TRUE(saved.contains(apps[2].id)) << saved;
 }
 
+TEST_F(Drop, OfAnAppIsUndoneFromTheMenuBesideTheTiles) {
+    run();
+    ASSERT_EQ(drop({urlList({thirdApp()})}, 1), taken);
+    ASSERT_TRUE(docksSettle(tiles(3)));
+    ASSERT_TRUE(turns(layout("right", tiles(3)).icon(2), apps[2].colour));
+    const auto menu = openMenuBesideTiles(layout("right", tiles(3)), 3);
+    ASSERT_NE(menu, xcb_window_t{XCB_NONE});
+    choose(menu, 0, 3);
+    EXPECT_TRUE(logs("manual undo " + apps[2].id));
+    EXPECT_TRUE(docksSettle(tiles(2)));
+    EXPECT_TRUE(turns(tile(1), apps[1].colour));
+    EXPECT_TRUE(eventually([&] {
+        return readFile(desktop().home().preferences()).contains(R"("sourceMode": "mirror")");
+    })) << readFile(desktop().home().preferences());
+}
+
 TEST_F(Drop, OfAnAppShowsOnEveryDock) {
     run({.monitors = threeMonitors()});
     FileDrag drag{desktop(), {urlList({thirdApp()})}};

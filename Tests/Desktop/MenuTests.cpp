@@ -211,6 +211,22 @@ TEST_F(TileMenu, RemovesAnAppFromTheManualList) {
     EXPECT_TRUE(turns(layout("right", tiles(1)).icon(0), apps[1].colour));
 }
 
+TEST_F(TileMenu, UndoesARemovalFromTheMenuBesideTheTiles) {
+    const auto apps = someApps(2);
+    runWithManualList(apps);
+    const auto menu = openMenu(layout("right", tiles(2)).icon(0));
+    ASSERT_NE(menu, xcb_window_t{XCB_NONE});
+    choose(menu, 2, 3);
+    ASSERT_TRUE(docksSettle(tiles(1)));
+    const auto beside = openMenuBesideTiles(layout("right", tiles(1)), 1);
+    ASSERT_NE(beside, xcb_window_t{XCB_NONE});
+    choose(beside, 0, 3);
+    EXPECT_TRUE(logs("manual undo " + apps[0].id));
+    EXPECT_TRUE(docksSettle(tiles(2)));
+    EXPECT_TRUE(turns(layout("right", tiles(2)).icon(0), apps[0].colour));
+    EXPECT_TRUE(turns(layout("right", tiles(2)).icon(1), apps[1].colour));
+}
+
 TEST_F(TileMenu, WritesARemovalIntoThePreferencesAtOnce) {
     const auto apps = someApps(2);
     runWithManualList(apps);

@@ -221,8 +221,7 @@ TEST_F(TileDrag, IsUndoneFromTheMenuBesideTheTiles) {
     letGo();
     expectTiles({beta, gamma, alpha});
 
-    const PixelRect strip = layout(display, request).strip();
-    const auto menu = openMenu({strip.x + 3, strip.y + strip.height / 2});
+    const auto menu = openMenuBesideTiles(layout(display, request), 3);
     ASSERT_NE(menu, xcb_window_t{XCB_NONE});
     choose(menu, 0, 3);
 

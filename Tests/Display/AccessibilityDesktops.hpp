@@ -51,6 +51,15 @@ protected:
     void activate(const Program& program, std::size_t window) {
         port.activate(*windows_[program.bundleID].at(window));
     }
+    void setTitle(const Program& program, std::size_t window, const std::string& title) {
+        windows_[program.bundleID].at(window)->title = title;
+    }
+    void hide(const Program& program, std::size_t window) {
+        windows_[program.bundleID].at(window)->isHidden = true;
+    }
+    [[nodiscard]] bool isShown(const Program& program, std::size_t window) {
+        return !windows_[program.bundleID].at(window)->isHidden;
+    }
     void close(const Program& program, std::size_t window) {
         auto& windows = windows_[program.bundleID];
         port.close(*windows.at(window));
@@ -123,6 +132,19 @@ protected:
         client().sendToRoot(id, "_NET_ACTIVE_WINDOW", {fromPager, XCB_CURRENT_TIME});
         EXPECT_TRUE(eventually([&] { return client().activeWindow() == id; }));
         settle();
+    }
+    void setTitle(const Program& program, std::size_t window, const std::string& title) {
+        client().setText(idOf(program, window), "_NET_WM_NAME", title);
+        client().sync();
+    }
+    void hide(const Program& program, std::size_t window) {
+        constexpr std::uint32_t iconicState = 3;
+        client().sendToRoot(idOf(program, window), "WM_CHANGE_STATE", {iconicState});
+        EXPECT_TRUE(eventually([&] { return !isShown(program, window); }));
+        settle();
+    }
+    [[nodiscard]] bool isShown(const Program& program, std::size_t window) {
+        return client().isViewable(idOf(program, window));
     }
     void close(const Program& program, std::size_t window) {
         client().destroy(idOf(program, window));

@@ -93,7 +93,7 @@ TEST_F(PointerSamplerTest, TakesNoPlaceBehindAReleaseForADrag) {
     const x11::DrawingConnection drawing{connection};
     x11::DesktopWatch watch{connection};
     const x11::PanelContext context{connection, drawing, screens, watch, appearance};
-    x11::PointerSampler sampler{context, windowOf("main"), {}};
+    x11::PointerSampler sampler{context, windowOf("main")};
     moveTo({100, 50});
     desk().pointer().press(Pointer::Button::primary);
     EXPECT_EQ(sampler.sample(true), QPoint(100, 50));

@@ -87,14 +87,15 @@ Result<std::vector<OpenWindow>> FakeAccessibility::openWindows(AccessibilityElem
     open.reserve(windows.size());
     for (const Owned& owned : windows)
         open.push_back({std::make_shared<Element>(owned.window), owned.window->title,
-                        owned.lastActive == activations_});
+                        owned.lastActive == activations_ && !owned.window->isHidden});
     return open;
 }
 
 Result<void> FakeAccessibility::bringForward(AccessibilityElement& window) {
     if (const auto failure = failureOf("bringForward", window))
         return std::unexpected{*failure};
-    const FakeWindow& shown = *Element::of(window).window.lock();
+    FakeWindow& shown = *Element::of(window).window.lock();
+    shown.isHidden = false;
     broughtForward.push_back(shown.title);
     activate(shown);
     return {};

@@ -23,6 +23,8 @@ struct FakeWindow {
     /// A dialog is never an app's main window.
     bool isDialog = false;
     std::string title{};
+    /// Minimised or otherwise not shown.
+    bool isHidden = false;
 };
 
 class FakeAccessibility final : public Accessibility {

@@ -19,9 +19,20 @@ AccessibleEvents::~AccessibleEvents() {
 }
 
 bool AccessibleEvents::has(const BusObject& source, const std::string& kind) {
+    update();
+    return std::ranges::find(events_, Event{source, kind}) != events_.end();
+}
+
+std::optional<BusObject> AccessibleEvents::lastSource(const std::string& kind) {
+    update();
+    const auto found = std::find_if(events_.rbegin(), events_.rend(),
+                                    [&](const Event& event) { return event.kind == kind; });
+    return found == events_.rend() ? std::nullopt : std::optional{found->source};
+}
+
+void AccessibleEvents::update() {
     while (g_main_context_iteration(nullptr, FALSE) != FALSE) {
     }
-    return std::ranges::find(events_, Event{source, kind}) != events_.end();
 }
 
 void AccessibleEvents::note(GDBusConnection* /*connection*/, const char* sender, const char* path,

@@ -4,6 +4,7 @@
 #include "Foundation/NonCopyable.hpp"
 #include "VirtualDesktop/BusClient.hpp"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,8 @@ public:
 
     /// Whether an object has emitted an event of this kind, such as "ChildrenChanged add".
     [[nodiscard]] bool has(const BusObject& source, const std::string& kind);
+    /// The object that has emitted the last event of this kind, if any.
+    [[nodiscard]] std::optional<BusObject> lastSource(const std::string& kind);
 
 private:
     struct Event {
@@ -27,6 +30,8 @@ private:
         bool operator==(const Event&) const = default;
     };
 
+    /// Receives the events that have arrived.
+    static void update();
     static void note(GDBusConnection* connection, const char* sender, const char* path,
                      const char* interfaceName, const char* member, GVariant* parameters,
                      gpointer self);

@@ -155,10 +155,6 @@ struct Scene {
     /// reach the window below. nullopt means the window's whole frame.
     std::optional<Rect> inputRegion;
 
-    /// Disjoint parts of the view, one per tile. While no button is held, all that matters is which
-    /// of them the pointer is in, if any; nullopt if every movement matters.
-    std::optional<std::vector<Rect>> hoverAreas = {};
-
     /// The offset at which new nodes start to appear and removed nodes end up.
     Point presenceOffset = {};
 

@@ -170,7 +170,6 @@ void Animator::setTarget(const Scene& scene, double now, bool reducesMotion) {
     std::swap(actors_, next_);
     next_.clear();
     inputRegion_ = scene.inputRegion;
-    frame_.hoverAreas = scene.hoverAreas;
     viewPlace_ = scene.viewPlace;
 }
 

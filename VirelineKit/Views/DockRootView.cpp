@@ -144,12 +144,6 @@ Scene DockRootView::makeExpandedScene() {
     shownDragged_ = gestures_.dragged();
     Scene scene = DockScene::expanded(look);
     scene.inputRegion = inputRegion();
-    if (request_.magnification <= 1) {
-        auto& areas = scene.hoverAreas.emplace();
-        areas.reserve(frames_.tiles.size());
-        for (const TileFrames& tile : frames_.tiles)
-            areas.push_back(tile.hit);
-    }
     return scene;
 }
 

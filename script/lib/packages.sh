@@ -65,6 +65,7 @@ packages_desktop=(
     sway
     tint2
     xfwm4
+    xterm
     xvfb
 )
 
@@ -101,7 +102,6 @@ packages_tour=(
     papirus-icon-theme
     pcmanfm
     x11vnc
-    xterm
 )
 
 # Only for script/mutate and script/soak --valgrind.

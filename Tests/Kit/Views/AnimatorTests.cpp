@@ -317,12 +317,10 @@ TEST(Animator, RegionsAreThoseOfTheSceneToComeAtOnce) {
     animator.setTarget(scene, 0);
     scene = sceneOf({movingDotAt(100)});
     scene.inputRegion = Rect{0, 0, 20, 20};
-    scene.hoverAreas = {{0, 0, 5, 5}};
     animator.setTarget(scene, 0);
 
     const Scene shown = animator.frame(0.5);
     EXPECT_EQ(shown.inputRegion, scene.inputRegion);
-    EXPECT_EQ(shown.hoverAreas, scene.hoverAreas);
 }
 
 }

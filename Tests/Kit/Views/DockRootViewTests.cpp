@@ -233,7 +233,6 @@ TEST_F(DockRootViewTest, ACollapsedDockShowsOnlyItsHandleAtTheEdge) {
         ASSERT_EQ(view().makeScene().nodes.size(), 1U);
         EXPECT_EQ(view().makeScene().nodes[0].frame, frame);
         EXPECT_EQ(view().makeScene().nodes[0].opacity, 0.4);
-        EXPECT_FALSE(view().makeScene().hoverAreas);
     }
 }
 
@@ -288,31 +287,16 @@ TEST_F(DockRootViewTest, ThePointerIsTakenBeyondTheViewOnlyWhereTilesAreDrawn) {
     EXPECT_DOUBLE_EQ(view().makeScene().inputRegion->maxX(), 86);
 }
 
-TEST_F(DockRootViewTest, APointerWithinATileNeedsNoTelling) {
+TEST_F(DockRootViewTest, APointerThatMovesWithinATileChangesNothing) {
     dock.setTiles(3, 0);
     show();
     const Point overTile = centerOfIcon(1);
-    const auto areas = view().makeScene().hoverAreas;
-    ASSERT_TRUE(areas);
-    ASSERT_EQ(areas->size(), 5U);
-    EXPECT_TRUE(areas->at(1).contains(overTile));
-
     send(Kind::moved, overTile);
     int invalidations = 0;
     view().onInvalidate = [&] { ++invalidations; };
     send(Kind::moved, {overTile.x + 15, overTile.y});
 
     EXPECT_EQ(invalidations, 0);
-    EXPECT_EQ(view().makeScene().hoverAreas, areas);
-}
-
-TEST_F(DockRootViewTest, EveryMovementCountsWhereTilesGrow) {
-    dock.setTiles(3, 0);
-    show(DockPosition::bottom, 1000, 128);
-    dock.model.magnification.set(1.2);
-    EXPECT_FALSE(view().makeScene().hoverAreas);
-    dock.model.magnification.set(1);
-    EXPECT_TRUE(view().makeScene().hoverAreas);
 }
 
 TEST_F(DockRootViewTest, ATileKeepsItsIdentityFromSceneToScene) {

@@ -3,7 +3,6 @@
 #include "Panels/DesktopWatch.hpp"
 #include "Panels/OpaqueOutline.hpp"
 #include "Panels/PanelContext.hpp"
-#include "Panels/Pointer/QuietAreas.hpp"
 #include "Toolkit/Appearance.hpp"
 
 #include <QRegion>
@@ -25,19 +24,11 @@ PanelPresenter::PanelPresenter(const PanelContext& context, xcb_window_t window)
     , surface_(context.connection, context.drawing, window)
     , shape_(context.connection, window) {}
 
-void PanelPresenter::setScene(const Scene& scene) {
-    const bool hasNewAreas = scene.hoverAreas != picture_.scene().hoverAreas;
-    picture_.setScene(scene);
-    if (hasNewAreas)
-        quietAreas_ = QuietAreas::of(scene, picture_.layout());
-}
-
 void PanelPresenter::setLayout(const xdg::PanelLayout& layout, const PanelDelay& delay) {
     if (layout == picture_.layout() && delay == delay_)
         return;
     delay_ = delay;
     picture_.setLayout(layout);
-    quietAreas_ = QuietAreas::of(picture_.scene(), layout);
 }
 
 void PanelPresenter::update(bool isShown) {

@@ -36,7 +36,7 @@ public:
     /// The window must outlive this object, and so must everything in `context`.
     PanelPresenter(const PanelContext& context, xcb_window_t window);
 
-    void setScene(const Scene& scene);
+    void setScene(const Scene& scene) { picture_.setScene(scene); }
     [[nodiscard]] const Scene& scene() const noexcept { return picture_.scene(); }
     void setLayout(const xdg::PanelLayout& layout, const PanelDelay& delay);
     /// The colours or the backdrop have changed.
@@ -53,8 +53,6 @@ public:
 
     /// Paints, and lets the server itself show the picture from the moment the window appears.
     void prepareToAppear();
-
-    [[nodiscard]] const std::vector<QRect>& quietAreas() const noexcept { return quietAreas_; }
 
     /// Whether the window receives the pointer at this pixel.
     [[nodiscard]] bool takesPointer(int x, int y) const;
@@ -74,7 +72,6 @@ private:
     PanelSurface surface_;
     WindowShape shape_;
     xdg::PanelPicture picture_;
-    std::vector<QRect> quietAreas_;
     PanelDelay delay_;
     /// The server paints the window by itself until it is first exposed.
     bool hasBackground_ = false;

@@ -192,8 +192,6 @@ bool QtPanelWindow::nativeEvent(const QByteArray& type, void* message, qintptr* 
     if (type != "xcb_generic_event_t" || !drops_)
         return false;
     const auto& event = *static_cast<const xcb_generic_event_t*>(message);
-    if (pointer_.handle(event))
-        return true;
     return eventType(event) == XCB_CLIENT_MESSAGE &&
            drops_->handle(reinterpret_cast<const xcb_client_message_event_t&>(event));
 }
@@ -336,10 +334,6 @@ QPointF QtPanelWindow::pixel(QPointF position) const {
 
 Point QtPanelWindow::viewPosition(QPointF pixel) const {
     return mapping_.toView(pixel);
-}
-
-const std::vector<QRect>& QtPanelWindow::quietAreas() const {
-    return picture_->quietAreas();
 }
 
 bool QtPanelWindow::takesPointer(QPointF pixel) const {

@@ -70,7 +70,6 @@ private:
 
     [[nodiscard]] bool takesPointer(QPointF pixel) const override;
     [[nodiscard]] Point viewPosition(QPointF pixel) const override;
-    [[nodiscard]] const std::vector<QRect>& quietAreas() const override;
     void requestTick() override;
 
     /// The frame including its overhang, in global coordinates.

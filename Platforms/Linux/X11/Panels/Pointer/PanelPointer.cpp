@@ -1,19 +1,13 @@
 #include "Panels/Pointer/PanelPointer.hpp"
 
 #include "Panels/PanelContext.hpp"
-#include "Panels/Pointer/PointerCrossing.hpp"
 #include "Panels/Pointer/PointerQuery.hpp"
-
-#include <utility>
 
 namespace vireline::x11 {
 namespace {
 
 /// Milliseconds between two checks of a pointer that another client has grabbed.
 constexpr int doubtInterval = 250;
-/// Milliseconds, about one frame: a pointer that crosses the gap between two tiles takes no longer
-/// than that.
-constexpr int crossingTime = 16;
 
 }
 
@@ -22,18 +16,13 @@ PanelPointer::PanelPointer(const PanelContext& context, PanelWindowListener& lis
     : context_(context), owner_(window), tracker_(listener) {
     doubt_.setInterval(doubtInterval);
     QObject::connect(&doubt_, &QTimer::timeout, &doubt_, [this] { look(); });
-    crossing_.setInterval(crossingTime);
-    crossing_.setTimerType(Qt::PreciseTimer);
-    crossing_.setSingleShot(true);
-    QObject::connect(&crossing_, &QTimer::timeout, &crossing_, [this] { crossingIsOver(); });
 }
 
 void PanelPointer::setWindow(xcb_window_t window) {
     window_ = window;
     sampler_.reset();
     if (window != XCB_NONE)
-        sampler_ = std::make_unique<PointerSampler>(context_, window,
-                                                    [this](QPoint pixel) { areaEntered(pixel); });
+        sampler_ = std::make_unique<PointerSampler>(context_, window);
 }
 
 void PanelPointer::entered(QPointF pixel) {
@@ -113,30 +102,8 @@ void PanelPointer::menuClosed() {
     tracker_.menuClosed(pointerState());
 }
 
-/// Handles crossings between the window and the quiet areas in it, which Qt mistakes for leaving
-/// the window, and between those areas and other windows, which Qt ignores.
-bool PanelPointer::handle(const xcb_generic_event_t& event) {
-    const auto crossing = PointerCrossing::of(event, context_.connection);
-    if (!crossing || !crossing->isOfChild() || !sampler_)
-        return false;
-    if (crossing->isEntry) {
-        // Also when a press in the window grabs the pointer.
-        leaveIsDue_ = false;
-        sampler_->start();
-    } else if (!crossing->isWithin()) {
-        leaveIsDue_ = sampler_->isSampling();
-    }
-    sampler_->endWait();
-    owner_.requestTick();
-    return true;
-}
-
 void PanelPointer::sample() {
     if (!sampler_ || !sampler_->isSampling())
-        return;
-    if (std::exchange(leaveIsDue_, false))
-        return left();
-    if (sampler_->isWaiting())
         return;
     const auto pixel = sampler_->sample(tracker_.isPressed());
     // Outside the window the pointer is leaving it, unless a button is held.
@@ -145,32 +112,8 @@ void PanelPointer::sample() {
 }
 
 void PanelPointer::follow() {
-    if (!sampler_ || !sampler_->isSampling())
-        return;
-    if (tracker_.isPressed() || tracker_.hasMenu()) {
-        sampler_->setQuietAreas({});
-    } else {
-        sampler_->setQuietAreas(owner_.quietAreas());
-    }
-    if (!sampler_->isWaiting())
+    if (sampler_ && sampler_->isSampling())
         owner_.requestTick();
-}
-
-/// Debounces: of two entries in quick succession only the second counts.
-void PanelPointer::areaEntered(QPoint pixel) {
-    entered_ = pixel;
-    if (crossing_.isActive()) {
-        crossingIsOver();
-    } else {
-        crossing_.start();
-    }
-}
-
-void PanelPointer::crossingIsOver() {
-    crossing_.stop();
-    // Ignored if samples are being taken, since those are more recent.
-    if (sampler_ && sampler_->isWaiting())
-        tracker_.moved(owner_.viewPosition(entered_));
 }
 
 PointerTracker::PointerState PanelPointer::pointerState() const {

@@ -9,10 +9,8 @@
 #include <xcb/xcb.h>
 
 #include <QPoint>
-#include <QRect>
 #include <QTimer>
 #include <memory>
-#include <vector>
 
 namespace vireline::x11 {
 
@@ -26,8 +24,6 @@ public:
         virtual ~Window() = default;
         [[nodiscard]] virtual bool takesPointer(QPointF pixel) const = 0;
         [[nodiscard]] virtual Point viewPosition(QPointF pixel) const = 0;
-        /// See `QuietAreas`.
-        [[nodiscard]] virtual const std::vector<QRect>& quietAreas() const = 0;
         /// Causes `sample` to be called in the next frame.
         virtual void requestTick() = 0;
     };
@@ -55,9 +51,6 @@ public:
     void menuOpened() { tracker_.menuOpened(); }
     void menuClosed();
 
-    /// Handles an event of the window before Qt sees it; returns false to pass it on to Qt.
-    bool handle(const xcb_generic_event_t& event);
-
     /// Must be called once per frame.
     void sample();
     /// Must be called after changes that may affect whether sampling is needed.
@@ -66,8 +59,6 @@ public:
 private:
     [[nodiscard]] PointerTracker::PointerState pointerState() const;
     void hasLeft();
-    void areaEntered(QPoint pixel);
-    void crossingIsOver();
 
     const PanelContext& context_;
     Window& owner_;
@@ -76,11 +67,6 @@ private:
     std::unique_ptr<PointerSampler> sampler_;
     /// Polls while another client has grabbed the pointer.
     QTimer doubt_;
-    /// Position at the latest entry into a quiet area, and the timer that delays its handling.
-    QPoint entered_;
-    QTimer crossing_;
-    /// The pointer moved from a quiet area to another window, or was grabbed there.
-    bool leaveIsDue_ = false;
 };
 
 }

@@ -42,11 +42,9 @@ std::vector<PointerSampler::Selection> selections(xcb_connection_t* connection,
 
 }
 
-PointerSampler::PointerSampler(const PanelContext& context, xcb_window_t window,
-                               std::function<void(QPoint)> onEntry)
+PointerSampler::PointerSampler(const PanelContext& context, xcb_window_t window)
     : context_(context)
     , window_(window)
-    , onEntry_(std::move(onEntry))
     , selections_(selections(context.connection.get(), window)) {}
 
 void PointerSampler::start() {
@@ -58,19 +56,8 @@ void PointerSampler::start() {
 }
 
 void PointerSampler::stop() {
-    quiet_.reset();
-    isWaiting_ = false;
     if (std::exchange(isSampling_, false))
         select(true);
-}
-
-void PointerSampler::setQuietAreas(const std::vector<QRect>& areas) {
-    if (quiet_ ? quiet_->areas() == areas : areas.empty())
-        return;
-    isWaiting_ = false;
-    quiet_.reset();
-    if (!areas.empty())
-        quiet_.emplace(window_, areas, onEntry_);
 }
 
 std::optional<QPoint> PointerSampler::sample(bool isPressed) {
@@ -89,7 +76,6 @@ std::optional<QPoint> PointerSampler::sample(bool isPressed) {
     const QPoint place{reply->win_x, reply->win_y};
     // A button pressed in the meantime withholds events until its release.
     const bool reportsEvents = (reply->mask & buttons) == 0;
-    isWaiting_ = reportsEvents && quiet_ && quiet_->watches(place);
     const bool isStill = reportsEvents && last_ == place;
     stillSamples_ = isStill ? stillSamples_ + 1 : 0;
     if (isPressed && (reply->mask & XCB_BUTTON_MASK_1) == 0)

@@ -1,16 +1,11 @@
 /// Polls the pointer once per frame while it moves over a window, instead of receiving an event per
-/// movement: there can be a thousand of those per second, each of which wakes up the program. In
-/// areas where movement makes no difference, it waits until the pointer leaves them.
+/// movement: there can be a thousand of those per second, each of which wakes up the program.
 #pragma once
-
-#include "Panels/Pointer/PointerGrid.hpp"
 
 #include <xcb/xinput.h>
 
 #include <QPoint>
-#include <QRect>
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <vector>
 
@@ -27,9 +22,7 @@ public:
     };
 
     /// The window must be newly created with its events selected, and must outlive this object.
-    /// `onEntry` receives the position, in pixels, where the pointer entered another quiet area.
-    PointerSampler(const PanelContext& context, xcb_window_t window,
-                   std::function<void(QPoint)> onEntry);
+    PointerSampler(const PanelContext& context, xcb_window_t window);
 
     /// Switches from events to samples. Motion events already on their way still arrive, except
     /// during a press.
@@ -40,14 +33,6 @@ public:
 
     /// The next sample counts as a movement even if the position is unchanged.
     void forget() { last_.reset(); }
-
-    /// In these areas of the window, in pixels, movements need not be reported. Takes effect with
-    /// the next sample.
-    void setQuietAreas(const std::vector<QRect>& areas);
-    /// No sample is needed: the pointer is in a quiet area, and leaving it will be reported.
-    [[nodiscard]] bool isWaiting() const noexcept { return isWaiting_; }
-    /// Resumes sampling.
-    void endWait() { isWaiting_ = false; }
 
     /// The pointer's position, in pixels from the window's corner, if it has moved since the
     /// previous sample. One round trip. Sampling stops once the pointer has been still for a while.
@@ -60,14 +45,11 @@ private:
 
     const PanelContext& context_;
     xcb_window_t window_;
-    std::function<void(QPoint)> onEntry_;
     /// The selections that include motion.
     std::vector<Selection> selections_;
     bool isSampling_ = false;
     std::optional<QPoint> last_;
     int stillSamples_ = 0;
-    std::optional<PointerGrid> quiet_;
-    bool isWaiting_ = false;
 };
 
 }
