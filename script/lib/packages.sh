@@ -91,6 +91,7 @@ packages_comparison=(
     lxqt-qtplugin
     plank
     polybar
+    waybar
     xfce4-panel
 )
 

@@ -12,32 +12,17 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
-#include <algorithm>
 #include <cmath>
 #include <utility>
 
 namespace vireline::wayland {
 
-/// At most one position is passed on for each frame, and none while only the tile under the pointer
-/// matters and that is still the same.
+/// At most one position is passed on for each frame.
 void LayerPanelWindow::mouseMoveEvent(QMouseEvent* event) {
-    const auto tileBefore = tileAt(pointer_);
-    const bool wasOver = std::exchange(isPointerOver_, true);
     pointer_ = event->position();
-    if (scene_.hoverAreas && wasOver && !moveIsDue_ && !isButtonHeld_ &&
-        tileAt(pointer_) == tileBefore)
-        return;
+    isPointerOver_ = true;
     moveIsDue_ = true;
     requestTick();
-}
-
-std::ptrdiff_t LayerPanelWindow::tileAt(QPointF position) const {
-    if (!scene_.hoverAreas)
-        return 0;
-    const Point place = viewPosition(position);
-    const auto& tiles = *scene_.hoverAreas;
-    return std::ranges::find_if(tiles, [&](const Rect& tile) { return tile.contains(place); }) -
-           tiles.begin();
 }
 
 void LayerPanelWindow::deliverMove() {

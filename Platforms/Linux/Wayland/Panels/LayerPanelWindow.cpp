@@ -88,11 +88,6 @@ void LayerPanelWindow::setHostedFrame(const Rect& frame) {
 }
 
 void LayerPanelWindow::present(const Scene& scene) {
-    if (isPointerOver_ && scene.hoverAreas != scene_.hoverAreas) {
-        // Another tile may be under the pointer now, whose last movements were not passed on.
-        moveIsDue_ = true;
-        requestTick();
-    }
     scene_ = scene;
     if (picture_)
         picture_->setScene(scene);

@@ -65,9 +65,6 @@ private:
     void requestTick();
     void showFrame();
     void deliverMove();
-    /// The index of the scene's area at this position on the surface, or their number if there is
-    /// none.
-    [[nodiscard]] std::ptrdiff_t tileAt(QPointF position) const;
     void updateSoon();
     void update();
     void relayout();
