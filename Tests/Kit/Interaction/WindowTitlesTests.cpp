@@ -17,6 +17,7 @@ std::string repeated(std::string_view character, std::size_t count) {
 
 TEST(WindowTitles, KeepsATitleThatFits) {
     EXPECT_EQ(menuTitle("Notes – Editor", "Editor"), "Notes – Editor");
+    EXPECT_EQ(menuTitle("Wow!~", "Editor"), "Wow!~") << "next to control characters";
     const std::string longest = repeated("ä", maximumCharacters);
     EXPECT_EQ(menuTitle(longest, "Editor"), longest);
 }

@@ -71,6 +71,8 @@ TEST(LauncherEntries, AreLimitedInNumber) {
     EXPECT_FALSE(entries.update(":2.0", "late", one));
 
     entries.clear();
+    EXPECT_TRUE(entries.update(":1.1", std::string(256, 'x'), one));
+    entries.clear();
     EXPECT_FALSE(entries.update(":1.1", "", one));
     EXPECT_FALSE(entries.update(":1.1", std::string(300, 'x'), one));
     EXPECT_EQ(entries.statuses(), Statuses{});

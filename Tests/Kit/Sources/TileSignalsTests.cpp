@@ -68,6 +68,16 @@ TEST_F(TileSignalsTest, AnAppThatDemandsAttentionIsMarkedUntilItIsActiveAndBobsT
     EXPECT_EQ(platform.runLoop.pendingTimers(), 0);
 }
 
+TEST_F(TileSignalsTest, AMarkedAppBobsOnceHoweverOftenOthersAnnounceSomething) {
+    platform.running.demandAttention({.demanding = {"u0"}, .active = "u1"});
+    platform.runLoop.advance(2);
+
+    platform.announcements.announce("p0", {.count = 3});
+
+    EXPECT_EQ(marked(), AppNames{"u0"});
+    EXPECT_EQ(bobbing(), AppNames{});
+}
+
 TEST_F(TileSignalsTest, AnUrgentAppIsMarkedLikeOneWhoseWindowDemandsAttention) {
     platform.announcements.announce("u0", {.isUrgent = true});
     EXPECT_EQ(marked(), AppNames{"u0"});
