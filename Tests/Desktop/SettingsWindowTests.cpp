@@ -78,7 +78,8 @@ TEST_F(SettingsWindow, ComesBackFromBeingMinimised) {
     openSettings();
     const auto first = window(settingsTitle);
     constexpr std::uint32_t iconic = 3;
-    // Repeated, because the program's own request to activate the window may arrive after the first.
+    // Repeated, because the program's own request to activate the window may arrive after the
+    // first.
     ASSERT_TRUE(eventually([&] {
         desktop().client().sendToRoot(first, "WM_CHANGE_STATE", {iconic});
         return window(settingsTitle) == XCB_NONE;
