@@ -78,23 +78,6 @@ TEST_F(PanelPointerTest, DoesNotTakeTheWheelForALeave) {
     EXPECT_FALSE(log.has("out"));
 }
 
-TEST_F(PanelPointerTest, SeesThePointerLeaveDuringAnotherClientsGrab) {
-    comeTo({100, 50});
-    const auto grab = xcb_grab_pointer(client().get(), 0, client().root(), 0, XCB_GRAB_MODE_ASYNC,
-                                       XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME);
-    desktop::Owned<xcb_grab_pointer_reply_t> granted{
-        xcb_grab_pointer_reply(client().get(), grab, nullptr)};
-    ASSERT_EQ(granted->status, XCB_GRAB_STATUS_SUCCESS);
-    settle();
-    EXPECT_FALSE(log.has("out"));
-
-    // No event is sent for this move.
-    desk().pointer().moveTo({5, 5});
-    EXPECT_TRUE(eventually([&] { return log.has("out"); }));
-    xcb_ungrab_pointer(client().get(), XCB_CURRENT_TIME);
-    client().sync();
-}
-
 TEST_F(PanelPointerTest, LosesThePointerToAWindowThatCoversIt) {
     comeTo({100, 50});
     const auto place = pixelAt("main", {90, 40});

@@ -149,7 +149,7 @@ TEST_F(PanelWindowTest, FollowsAPressThatIsQuickerThanAFrame) {
     }
 }
 
-TEST_F(PanelWindowTest, TakesAGrabBySomebodyElseForNoLeave) {
+TEST_F(PanelWindowTest, SeesThePointerLeaveDuringAnotherClientsGrab) {
     const auto dock = showDock("main", log);
     moveTo("main", {100, 40});
     EXPECT_TRUE(eventually([&] { return log.has("moved 100,40"); }));
@@ -161,7 +161,7 @@ TEST_F(PanelWindowTest, TakesAGrabBySomebodyElseForNoLeave) {
     settle();
     EXPECT_FALSE(log.has("out"));
 
-    // No event tells of this one.
+    // No event is sent for this move.
     desk().pointer().moveTo({5, 5});
     EXPECT_TRUE(eventually([&] { return log.has("out"); }));
     xcb_ungrab_pointer(client().get(), XCB_CURRENT_TIME);

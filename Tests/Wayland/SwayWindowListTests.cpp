@@ -62,7 +62,7 @@ TEST_F(SwayWindowListTest, IsNotAskedOnTheSocketOfAnotherCompositor) {
     EXPECT_EQ(compositor, desk().process());
     EXPECT_EQ(SwayConnection::socketOf(desk().socket(), compositor), desk().socket());
     EXPECT_EQ(SwayConnection::socketOf(desk().socket(), getpid()), "");
-    EXPECT_EQ(SwayConnection::socketOf("/nowhere", compositor), "");
+    EXPECT_EQ(SwayConnection::socketOf("/no/such/socket", compositor), "");
 }
 
 TEST_F(SwayWindowListTest, ListsAppsAndTheirWindowsOldestFirst) {

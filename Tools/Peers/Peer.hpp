@@ -35,8 +35,8 @@ struct Peer {
     std::function<void(VirtualDesktop&, std::span<const App>)> configure;
     /// Whether it runs under sway instead of on X11.
     bool isOnSway = false;
-    /// Where its first pixels appear, if that counts as its start instead of its first dock's
-    /// mapping, of which Wayland tells nobody else.
+    /// Where its first pixels appear, if its start lasts until then. Otherwise it lasts until its
+    /// first dock is mapped, which other programs cannot see under Wayland.
     PixelRect firstPixels{};
     /// The path over the launchers, derived from the frame of the dock's window.
     std::function<Line(const PixelRect&)> launchers;
