@@ -45,14 +45,20 @@ print_step_times() {
 
 # build_with <preset> [target...]
 build_with() {
+    local preset=$1 arguments=(--preset "$1" --parallel "$jobs")
+    shift
+    (($# == 0)) || arguments+=(--target "$@")
+    # Ninja shows its progress in one line of a terminal, but in a log as a line for each file.
+    [[ -t 1 ]] || arguments+=(-- --quiet)
+    cmake --preset "$preset" > /dev/null
+    cmake --build "${arguments[@]}"
+}
+
+# run_tests <preset> <ctest's arguments...>: prints only the tests that fail, and the summary.
+run_tests() {
     local preset=$1
     shift
-    cmake --preset "$preset" > /dev/null
-    if (($# > 0)); then
-        cmake --build --preset "$preset" --parallel "$jobs" --target "$@"
-    else
-        cmake --build --preset "$preset" --parallel "$jobs"
-    fi
+    ctest --preset "$preset" "$@" | grep --line-buffered -vE '^ +Start +[0-9]+: |^ *[0-9]+/[0-9]+ Test .* Passed '
 }
 
 # replace_part <document> <name> <file>: replaces what is between the two markers of that name with the file.
