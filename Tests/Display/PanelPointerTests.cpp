@@ -1,6 +1,8 @@
 #include "Display/WindowTest.hpp"
 #include "VirtualDesktop/Waiting.hpp"
 
+#include <algorithm>
+#include <chrono>
 #include <cstdint>
 #include <string>
 
@@ -38,6 +40,22 @@ TEST_F(PanelPointerTest, SeesThePointerLeaveAndComeBack) {
     EXPECT_TRUE(log.has("exited"));
     moveTo({300, 50});
     EXPECT_TRUE(eventually([&] { return log.has("in") && log.has("moved 300,50"); }));
+}
+
+TEST_F(PanelPointerTest, LooksLessOftenThanPerFrameWhileMovementsChangeNothing) {
+    using std::chrono::steady_clock;
+    comeTo({100, 50});
+    const auto start = steady_clock::now();
+    // The dock of this test never requests a frame.
+    for (int step = 1; step <= 100; ++step) {
+        moveTo({100.0 + step, 50});
+        settle();
+    }
+    const auto looks = std::ranges::count_if(
+        log.words, [](const auto& word) { return word.starts_with("moved "); });
+    const auto time = steady_clock::now() - start;
+    EXPECT_LE(looks, time / std::chrono::milliseconds{50} + 2);
+    EXPECT_TRUE(eventually([&] { return log.has("moved 200,50"); }));
 }
 
 TEST_F(PanelPointerTest, ReportsClicks) {

@@ -17,12 +17,14 @@
 
 namespace vireline::wayland {
 
-/// At most one position is passed on for each frame.
+/// While a frame is due, only the position at that frame is passed on. No frame is requested for a
+/// movement that changes nothing.
 void LayerPanelWindow::mouseMoveEvent(QMouseEvent* event) {
     pointer_ = event->position();
     isPointerOver_ = true;
     moveIsDue_ = true;
-    requestTick();
+    if (!isFrameAsked_)
+        deliverMove();
 }
 
 void LayerPanelWindow::deliverMove() {

@@ -71,11 +71,13 @@ private:
     [[nodiscard]] bool takesPointer(QPointF pixel) const override;
     [[nodiscard]] Point viewPosition(QPointF pixel) const override;
     void requestTick() override;
+    [[nodiscard]] bool isFrameRequested() const override { return isFrameAsked_; }
 
     /// The frame including its overhang, in global coordinates.
     [[nodiscard]] Rect extent() const { return overhang_.around(frame_); }
-    /// The window's corner in the root window.
-    [[nodiscard]] QPoint corner() const;
+    /// Where the picture assumes the window to be; in pixels of the root window.
+    [[nodiscard]] PixelRect drawnPlace() const;
+    [[nodiscard]] QPoint corner() const { return {drawnPlace().x, drawnPlace().y}; }
     /// Converts a position reported by Qt.
     [[nodiscard]] QPointF pixel(QPointF position) const;
     /// Converts a part of the view to Qt's screen coordinates.

@@ -9,6 +9,10 @@ namespace {
 /// Milliseconds between two checks of a pointer that another client has grabbed.
 constexpr int doubtInterval = 250;
 
+/// Milliseconds without samples after a movement that changed nothing, as within a tile of a dock
+/// that does not magnify. A label that appears this much later is not noticed, since it fades in.
+constexpr int pauseInterval = 50;
+
 }
 
 PanelPointer::PanelPointer(const PanelContext& context, PanelWindowListener& listener,
@@ -16,6 +20,10 @@ PanelPointer::PanelPointer(const PanelContext& context, PanelWindowListener& lis
     : context_(context), owner_(window), tracker_(listener) {
     doubt_.setInterval(doubtInterval);
     QObject::connect(&doubt_, &QTimer::timeout, &doubt_, [this] { look(); });
+    pause_.setSingleShot(true);
+    pause_.setInterval(pauseInterval);
+    pause_.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&pause_, &QTimer::timeout, &pause_, [this] { owner_.requestTick(); });
 }
 
 void PanelPointer::setWindow(xcb_window_t window) {
@@ -69,6 +77,7 @@ void PanelPointer::moved(QPointF pixel) {
 }
 
 void PanelPointer::pressed(Qt::MouseButton button, QPointF pixel) {
+    pause_.stop();
     // The last sample may be newer than the press.
     if (sampler_)
         sampler_->forget();
@@ -103,16 +112,20 @@ void PanelPointer::menuClosed() {
 }
 
 void PanelPointer::sample() {
-    if (!sampler_ || !sampler_->isSampling())
+    if (!sampler_ || !sampler_->isSampling() || pause_.isActive())
         return;
     const auto pixel = sampler_->sample(tracker_.isPressed());
+    if (!pixel)
+        return;
     // Outside the window the pointer is leaving it, unless a button is held.
-    if (pixel && (tracker_.isPressed() || owner_.takesPointer(*pixel)))
+    if (tracker_.isPressed() || owner_.takesPointer(*pixel))
         tracker_.moved(owner_.viewPosition(*pixel));
+    if (!owner_.isFrameRequested())
+        pause_.start();
 }
 
 void PanelPointer::follow() {
-    if (sampler_ && sampler_->isSampling())
+    if (sampler_ && sampler_->isSampling() && !pause_.isActive())
         owner_.requestTick();
 }
 
