@@ -76,28 +76,61 @@ TEST_F(PanelWindowTest, StaysAboveWhenAnotherWindowManagerComes) {
     client().sync();
 }
 
-TEST_F(PanelWindowTest, TellsEveryWindowManagerAgainWhereItTakesThePointer) {
-    const auto dock = showDock("main", log);
-    const xcb_window_t window = windowOf("main");
-    const auto* shape = xcb_get_extension_data(client().get(), &xcb_shape_id);
-    ASSERT_NE(shape, nullptr);
-    xcb_shape_select_input(client().get(), window, 1);
-    client().sync();
-    while (client().pollEvent()) {
+class PanelWindowInputTest : public PanelWindowTest {
+protected:
+    void watch(xcb_window_t window) {
+        window_ = window;
+        xcb_shape_select_input(client().get(), window, 1);
+        client().sync();
+        static_cast<void>(extents());
     }
-    const auto isTold = [&] {
+
+    /// The extents of each input region that the window has been given since the last call.
+    [[nodiscard]] std::vector<PixelRect> extents() const {
+        const auto* shape = xcb_get_extension_data(client().get(), &xcb_shape_id);
+        std::vector<PixelRect> extents;
         while (const auto event = client().pollEvent()) {
             const auto& notify = reinterpret_cast<const xcb_shape_notify_event_t&>(*event);
-            if (x11::eventType(*event) == shape->first_event && notify.affected_window == window &&
+            if (x11::eventType(*event) == shape->first_event && notify.affected_window == window_ &&
                 notify.shape_kind == XCB_SHAPE_SK_INPUT)
-                return true;
+                extents.push_back({notify.extents_x, notify.extents_y, notify.extents_width,
+                                   notify.extents_height});
         }
-        return false;
-    };
+        return extents;
+    }
+
+private:
+    xcb_window_t window_ = XCB_NONE;
+};
+
+TEST_F(PanelWindowInputTest, IsToldToEveryWindowManagerAgain) {
+    const auto dock = showDock("main", log);
+    watch(windowOf("main"));
+    const auto isTold = [&] { return !extents().empty(); };
     desk().stopWindowManager();
     EXPECT_TRUE(eventually(isTold)) << "it went back to the root window";
     desk().startWindowManager();
     EXPECT_TRUE(eventually(isTold)) << "it got a frame";
+}
+
+// A click at the moment of its return must not fall through the dock.
+TEST_F(PanelWindowInputTest, AlwaysCoversThePlannedPlaceWhenTheWindowIsMovedAwayAndReturns) {
+    const auto dock = showDock("main", log);
+    const PixelRect planned = frameOf("main");
+    watch(windowOf("main"));
+    for (const int offset : {-100, -1000}) {
+        const auto x = static_cast<std::uint32_t>(planned.x + offset);
+        xcb_configure_window(client().get(), windowOf("main"), XCB_CONFIG_WINDOW_X, &x);
+        client().sync();
+        EXPECT_TRUE(eventually([&] {
+            settle();
+            return frameOf("main") == planned;
+        }));
+        for (const auto& region : extents()) {
+            EXPECT_LE(region.x, 0) << region;
+            EXPECT_GE(region.right(), planned.width) << region;
+        }
+    }
 }
 
 TEST_F(PanelWindowTest, MayComeBeforeTheWindowManager) {

@@ -33,15 +33,15 @@ void PanelPresenter::setLayout(const xdg::PanelLayout& layout, const PanelDelay&
 
 void PanelPresenter::update(bool isShown) {
     applyInput();
-    if (picture_.isDamaged()) {
-        surface_.resize(picture_.layout().window);
-        const xdg::Damage painted = picture_.paint(surface_.canvas(), colors(), backdrop());
-        applyBackdrop();
-        if (isShown)
-            surface_.upload(painted, base());
-    }
-    // Must come last, so that the old regions stay covered until the new ones are in place.
     shape_.coverUpcomingMove({delay_.lag.x(), delay_.lag.y()});
+    if (!picture_.isDamaged())
+        return shape_.apply();
+    surface_.resize(picture_.layout().window);
+    const xdg::Damage painted = picture_.paint(surface_.canvas(), colors(), backdrop());
+    applyBackdrop();
+    shape_.apply();
+    if (isShown)
+        surface_.upload(painted, base());
 }
 
 void PanelPresenter::exposed() {

@@ -17,6 +17,7 @@
 #include <utility>
 
 namespace vireline::x11 {
+
 QtPanelWindow::QtPanelWindow(const PanelContext& context, std::uint32_t displayID,
                              const Rect& frame, PanelWindowListener& listener)
     : context_(context)
@@ -292,8 +293,9 @@ void QtPanelWindow::update() {
 
 /// Whatever is presented for a frame is shown in that frame.
 void QtPanelWindow::showFrame() {
+    const bool wasAsked = std::exchange(isFrameAsked_, false);
     pointer_.sample();
-    if (std::exchange(isFrameAsked_, false)) {
+    if (std::exchange(isFrameAsked_, false) || wasAsked) {
         isInFrame_ = true;
         listener_.frameDue();
         isInFrame_ = false;
@@ -306,7 +308,7 @@ void QtPanelWindow::showFrame() {
 /// Keeps the view at its planned position on the display, wherever the window currently is.
 void QtPanelWindow::relayout() {
     target_ = DisplayGeometry::toPixels(display_, extentBefore_.value_or(extent()));
-    const PixelRect actual = keeper_ ? keeper_->place().actual().value_or(target_) : target_;
+    const PixelRect actual = drawnPlace();
     const bool isToMove = keeper_ && keeper_->place().isBoundFor(target_);
     const PixelRect planned = DisplayGeometry::toPixels(display_, frame_);
     const PixelRect view = DisplayGeometry::viewPixels(display_, frame_, hostedFrame_);
@@ -323,9 +325,12 @@ void QtPanelWindow::relayout() {
     }
 }
 
-QPoint QtPanelWindow::corner() const {
+/// Far from its place a window shows nothing of the dock. It keeps the picture and the regions for
+/// its return: window managers put a new frame in the screen's corner before they move it.
+PixelRect QtPanelWindow::drawnPlace() const {
     const PixelRect actual = keeper_ ? keeper_->place().actual().value_or(target_) : target_;
-    return {actual.x, actual.y};
+    const bool isAway = actual.overlap(target_) == 0;
+    return isAway ? PixelRect{target_.x, target_.y, actual.width, actual.height} : actual;
 }
 
 QPointF QtPanelWindow::pixel(QPointF position) const {

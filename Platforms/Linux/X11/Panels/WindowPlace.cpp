@@ -36,12 +36,9 @@ WindowPlace::WindowPlace(const X11Connection& connection, xcb_window_t window,
 
 void WindowPlace::set(const PixelRect& place) {
     asked_ = place;
-    isUnderWay_ = actual_ != asked_;
-    if (isUnderWay_)
-        arrival_.start();
     hasGivenUp_ = false;
     corrections_.refill();
-    send(place);
+    move(place);
 }
 
 void WindowPlace::startOver() {
@@ -110,7 +107,7 @@ void WindowPlace::correct() {
     }
     // Qt may have set its own hints in the meantime, with increments that do not fit the size.
     DockHints::applySizeHints(connection_, window_);
-    send(*asked_);
+    move(*asked_);
     isAnswered_ = false;
     silentPauses_ = 0;
     pause_.start();
@@ -120,7 +117,10 @@ bool WindowPlace::mayStillAnswer() {
     return !isAnswered_ && ++silentPauses_ < patientPauses;
 }
 
-void WindowPlace::send(const PixelRect& place) const {
+void WindowPlace::move(const PixelRect& place) {
+    isUnderWay_ = actual_ != place;
+    if (isUnderWay_)
+        arrival_.start();
     const std::array<std::uint32_t, 4> values{
         static_cast<std::uint32_t>(place.x), static_cast<std::uint32_t>(place.y),
         static_cast<std::uint32_t>(place.width), static_cast<std::uint32_t>(place.height)};

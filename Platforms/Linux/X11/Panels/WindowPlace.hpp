@@ -59,7 +59,7 @@ private:
     void correct();
     /// Whether to wait for another pause instead of correcting again.
     [[nodiscard]] bool mayStillAnswer();
-    void send(const PixelRect& place) const;
+    void move(const PixelRect& place);
     [[nodiscard]] std::optional<PixelRect> now() const;
 
     const X11Connection& connection_;

@@ -22,23 +22,20 @@ bool areEqual(std::span<const xcb_rectangle_t> first, std::span<const xcb_rectan
     return std::ranges::equal(first, second, {}, fields, fields);
 }
 
+xcb_rectangle_t xcbRectangle(const PixelRect& rect) {
+    return {static_cast<std::int16_t>(rect.x), static_cast<std::int16_t>(rect.y),
+            static_cast<std::uint16_t>(rect.width), static_cast<std::uint16_t>(rect.height)};
 }
 
-void WindowShape::setBounding(std::vector<xcb_rectangle_t> rectangles) {
-    if (bounding_ && areEqual(rectangles, *bounding_))
-        return;
-    bounding_ = std::move(rectangles);
-    sendBounding();
+xcb_rectangle_t movedBy(PixelPoint offset, xcb_rectangle_t rectangle) {
+    rectangle.x = static_cast<std::int16_t>(rectangle.x + offset.x);
+    rectangle.y = static_cast<std::int16_t>(rectangle.y + offset.y);
+    return rectangle;
 }
 
-void WindowShape::setInput(const PixelRect& region) {
-    if (region == input_)
-        return;
-    input_ = region;
-    sendInput();
 }
 
-void WindowShape::setBlurred(std::vector<xcb_rectangle_t> region) {
+void WindowShape::setBlurred(Rectangles region) {
     if (areEqual(region, blurred_))
         return;
     blurred_ = std::move(region);
@@ -55,40 +52,38 @@ void WindowShape::setBlurred(std::vector<xcb_rectangle_t> region) {
     connection_.setWords(window_, blurProperty, XCB_ATOM_CARDINAL, words);
 }
 
-void WindowShape::coverUpcomingMove(PixelPoint offset) {
-    if (offset == coveredOffset_)
-        return;
-    coveredOffset_ = offset;
+void WindowShape::apply() {
     if (bounding_)
-        sendBounding();
+        change(XCB_SHAPE_SK_BOUNDING, covering(*bounding_), sentBounding_);
     if (input_)
-        sendInput();
+        change(XCB_SHAPE_SK_INPUT, covering({xcbRectangle(*input_)}), sentInput_);
 }
 
-void WindowShape::sendBounding() const {
-    if (bounding_)
-        send(XCB_SHAPE_SK_BOUNDING, *bounding_);
+void WindowShape::resendInput() const {
+    if (sentInput_)
+        send(XCB_SHAPE_SK_INPUT, *sentInput_);
 }
 
-void WindowShape::sendInput() const {
-    if (!input_)
+WindowShape::Rectangles WindowShape::covering(Rectangles rectangles) const {
+    if (upcomingOffset_ == PixelPoint{})
+        return rectangles;
+    for (std::size_t i = 0, count = rectangles.size(); i < count; ++i)
+        rectangles.push_back(movedBy(upcomingOffset_, rectangles[i]));
+    return rectangles;
+}
+
+void WindowShape::change(xcb_shape_kind_t kind, Rectangles rectangles,
+                         std::optional<Rectangles>& sent) const {
+    if (sent && areEqual(rectangles, *sent))
         return;
-    const xcb_rectangle_t rectangle{
-        static_cast<std::int16_t>(input_->x), static_cast<std::int16_t>(input_->y),
-        static_cast<std::uint16_t>(input_->width), static_cast<std::uint16_t>(input_->height)};
-    send(XCB_SHAPE_SK_INPUT, std::span{&rectangle, 1});
+    send(kind, rectangles);
+    sent = std::move(rectangles);
 }
 
-void WindowShape::send(xcb_shape_kind_t kind, std::span<const xcb_rectangle_t> rectangles) const {
-    const auto sendAt = [&](xcb_shape_op_t operation, PixelPoint offset) {
-        xcb_shape_rectangles(connection_.get(), operation, kind, XCB_CLIP_ORDERING_YX_BANDED,
-                             window_, static_cast<std::int16_t>(offset.x),
-                             static_cast<std::int16_t>(offset.y),
-                             static_cast<std::uint32_t>(rectangles.size()), rectangles.data());
-    };
-    sendAt(XCB_SHAPE_SO_SET, {});
-    if (coveredOffset_ != PixelPoint{})
-        sendAt(XCB_SHAPE_SO_UNION, coveredOffset_);
+void WindowShape::send(xcb_shape_kind_t kind, const Rectangles& rectangles) const {
+    xcb_shape_rectangles(connection_.get(), XCB_SHAPE_SO_SET, kind, XCB_CLIP_ORDERING_UNSORTED,
+                         window_, 0, 0, static_cast<std::uint32_t>(rectangles.size()),
+                         rectangles.data());
 }
 
 bool WindowShape::takesPointer(int x, int y) const {
