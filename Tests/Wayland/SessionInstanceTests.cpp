@@ -87,6 +87,25 @@ TEST_F(SessionInstanceTest, IsTheNextStartOnceItHasEnded) {
     EXPECT_TRUE(test::waitUntil([&] { return starts == 1; }));
 }
 
+TEST_F(SessionInstanceTest, IsFoundUnderACompositorWhoseSocketHasALongPath) {
+    const std::string display = "/somewhere/" + std::string(90, 'x') + "/wayland-1";
+    const auto first = claim(display);
+    ASSERT_NE(first, nullptr);
+    int starts = 0;
+    const auto watch = first->observe([&] { ++starts; });
+
+    EXPECT_EQ(claim(display), nullptr);
+    EXPECT_NE(claim("/elsewhere/wayland-1"), nullptr);
+
+    EXPECT_TRUE(test::waitUntil([&] { return starts == 1; }));
+}
+
+TEST_F(SessionInstanceTest, IsTheSameByTheNameAndByThePathOfTheSocket) {
+    const auto first = claim("wayland-1");
+    ASSERT_NE(first, nullptr);
+    EXPECT_EQ(claim(folder_.path() / "wayland-1"), nullptr);
+}
+
 TEST_F(SessionInstanceTest, IsTheNextStartAfterACrash) {
     const pid_t child = fork();
     if (child == 0) {

@@ -11,7 +11,9 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace vireline::wayland {
@@ -25,10 +27,23 @@ constexpr std::string_view showSettings = "show settings 1";
 constexpr int attempts = 40;
 constexpr int attemptMilliseconds = 25;
 
-std::filesystem::path fileFor(const std::filesystem::path& folder, std::string display,
-                              const char* ending) {
-    std::ranges::replace(display, '/', '-');
-    return folder / ("vireline-" + display + ending);
+/// The compositor's socket may have any path. In the runtime folder it also has a short name, under
+/// which it is the same compositor; elsewhere a hash keeps our own socket's path short enough.
+std::string nameOf(const std::filesystem::path& runtimeFolder,
+                   const std::filesystem::path& display) {
+    if (!display.has_parent_path() || display.parent_path() == runtimeFolder)
+        return display.filename();
+    constexpr std::uint64_t start = 14695981039346656037U;
+    constexpr std::uint64_t prime = 1099511628211U;
+    std::uint64_t hash = start;
+    for (const char letter : display.native())
+        hash = (hash ^ static_cast<unsigned char>(letter)) * prime;
+    return std::to_string(hash);
+}
+
+std::filesystem::path fileFor(const std::filesystem::path& runtimeFolder,
+                              const std::filesystem::path& display, const char* ending) {
+    return runtimeFolder / ("vireline-" + nameOf(runtimeFolder, display) + ending);
 }
 
 /// nullopt if the path is too long for a socket.
