@@ -7,7 +7,7 @@
 
 #include <wayland-client.h>
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QMenu>
@@ -58,7 +58,8 @@ void LayerPanelWindow::mouseReleaseEvent(QMouseEvent* event) {
 /// the surface and not to its popup.
 void LayerPanelWindow::keyPressEvent(QKeyEvent* event) {
     if (menu_ && openMenu_ != nullptr) {
-        QCoreApplication::sendEvent(openMenu_, event);
+        QWidget* const submenu = QApplication::activePopupWidget();
+        QCoreApplication::sendEvent(submenu == nullptr ? openMenu_ : submenu, event);
     } else if (event->key() == Qt::Key_Escape) {
         tracker_.cancelled();
     }

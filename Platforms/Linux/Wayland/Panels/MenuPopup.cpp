@@ -3,6 +3,8 @@
 #include "Connection/QtNative.hpp"
 #include "Panels/LayerRole.hpp"
 #include "Panels/LayerShellContext.hpp"
+#include "Panels/PopupPosition.hpp"
+#include "Panels/SubmenuPopup.hpp"
 
 #include <wayland-client.h>
 #include <xdg-shell-client-protocol.h>
@@ -15,25 +17,6 @@
 
 namespace vireline::wayland {
 namespace {
-
-/// The protocol demands an anchor on the parent; the rest of the way is an offset.
-Proxy<xdg_positioner> positioner(xdg_wm_base& base, QSize menu, const QRect& parent,
-                                 QPoint corner) {
-    Proxy<xdg_positioner> result{xdg_wm_base_create_positioner(&base)};
-    const QPoint wanted = corner - parent.topLeft();
-    const QPoint anchor{std::clamp(wanted.x(), 0, parent.width() - 1),
-                        std::clamp(wanted.y(), 0, parent.height() - 1)};
-    const QPoint offset = wanted - anchor;
-    xdg_positioner_set_size(result.get(), menu.width(), menu.height());
-    xdg_positioner_set_anchor_rect(result.get(), anchor.x(), anchor.y(), 1, 1);
-    xdg_positioner_set_anchor(result.get(), XDG_POSITIONER_ANCHOR_TOP_LEFT);
-    xdg_positioner_set_gravity(result.get(), XDG_POSITIONER_GRAVITY_BOTTOM_RIGHT);
-    xdg_positioner_set_offset(result.get(), offset.x(), offset.y());
-    xdg_positioner_set_constraint_adjustment(result.get(),
-                                             XDG_POSITIONER_CONSTRAINT_ADJUSTMENT_SLIDE_X |
-                                                 XDG_POSITIONER_CONSTRAINT_ADJUSTMENT_SLIDE_Y);
-    return result;
-}
 
 /// As near to `corner` as the screen allows.
 QPoint inside(const QRect& screen, QSize menu, QPoint corner) {
@@ -76,6 +59,10 @@ MenuPopup::MenuPopup(const LayerShellContext& context, const LayerRole& parent, 
         if (!shows)
             dropRole();
     });
+    for (QMenu* const submenu : menu.findChildren<QMenu*>(Qt::FindDirectChildrenOnly)) {
+        submenus_.push_back(
+            std::make_unique<SubmenuPopup>(context, *submenu, [this] { return surface_.get(); }));
+    }
     makeRole(context, parent, place);
     context.connection.flush();
 }
@@ -91,7 +78,7 @@ void MenuPopup::makeRole(const LayerShellContext& context, const LayerRole& pare
     const QPoint corner = inside(place.screen.geometry(), size, place.corner);
     surface_.reset(xdg_wm_base_get_xdg_surface(context.base.get(), surface));
     xdg_surface_add_listener(surface_.get(), &Events::surface, this);
-    const auto position = positioner(*context.base, size, place.parent, corner);
+    const auto position = PopupPosition::make(*context.base, size, place.parent, corner);
     popup_.reset(xdg_surface_get_popup(surface_.get(), nullptr, position.get()));
     xdg_popup_add_listener(popup_.get(), &Events::popup, this);
     parent.adopt(*popup_);
@@ -108,6 +95,8 @@ void MenuPopup::configured(std::uint32_t serial) {
 }
 
 void MenuPopup::dropRole() {
+    for (const auto& submenu : submenus_)
+        submenu->dropRole();
     popup_.reset();
     surface_.reset();
 }

@@ -10,6 +10,8 @@
 #include <QRect>
 #include <cstdint>
 #include <functional>
+#include <memory>
+#include <vector>
 
 class QMenu;
 class QScreen;
@@ -18,6 +20,7 @@ namespace vireline::wayland {
 
 class LayerRole;
 class LayerShellContext;
+class SubmenuPopup;
 
 class MenuPopup : private NonCopyable {
 public:
@@ -50,6 +53,7 @@ private:
     Proxy<xdg_surface> surface_;
     /// Destroyed before the former.
     Proxy<xdg_popup> popup_;
+    std::vector<std::unique_ptr<SubmenuPopup>> submenus_;
     QObject context_;
 };
 
