@@ -131,23 +131,30 @@ testing::AssertionResult DesktopTest::dotShows(PixelPoint dot, bool shows) {
            << "the dot at " << dot << (shows ? " does not show" : " still shows");
 }
 
-xcb_window_t DesktopTest::openMenu(PixelPoint icon) {
+PixelRect DesktopTest::openMenu(PixelPoint icon) {
     desktop().pointer().click(icon, Pointer::Button::secondary);
     if (!eventually([&] { return !desktop().docks().menus().empty(); }))
-        return XCB_NONE;
+        return {};
     return desktop().docks().menus().front();
 }
 
-void DesktopTest::choose(xcb_window_t menu, int index, int count) {
-    const auto frame = desktop().client().frame(menu).value_or(PixelRect{});
+void DesktopTest::choose(const PixelRect& menu, int index, int count) {
     desktop().pointer().click(
-        {frame.x + frame.width / 2, frame.y + frame.height * (2 * index + 1) / (2 * count)});
+        {menu.x + menu.width / 2, menu.y + menu.height * (2 * index + 1) / (2 * count)});
 }
 
 Programs testedPrograms() {
     const char* other = std::getenv("VIRELINE_TESTED_PROGRAM");
-    return {other == nullptr ? TESTED_PROGRAM : other, TEST_APP, FILE_MANAGER, NOTIFIER_HOST,
-            MONITOR_OUTPUTS};
+    return {other == nullptr ? TESTED_PROGRAM : other,
+            TEST_APP,
+            FILE_MANAGER,
+            NOTIFIER_HOST,
+            MONITOR_OUTPUTS,
+#ifdef WAYLAND_APP
+            WAYLAND_APP,
+            WAYLAND_PANEL
+#endif
+    };
 }
 
 std::optional<VirtualDesktop::Manager> testedManager() {

@@ -41,6 +41,7 @@ TEST_F(Session, WithoutADisplayEndsWithOneLine) {
     make({});
     Environment environment = desktop().environment();
     environment.erase("DISPLAY");
+    environment.erase("WAYLAND_DISPLAY");
     const auto end = runToTheEnd(environment);
     EXPECT_EQ(end.exitCode, 1);
     EXPECT_EQ(lineCount(end.errors), 1) << end.errors;
@@ -50,7 +51,7 @@ TEST_F(Session, WithoutADisplayEndsWithOneLine) {
 TEST_F(Session, WithADisplayThatIsNotThereEndsWithOneLine) {
     make({});
     Environment environment = desktop().environment();
-    environment["DISPLAY"] = ":64321";
+    environment[desktop().isWayland() ? "WAYLAND_DISPLAY" : "DISPLAY"] = ":64321";
     const auto end = runToTheEnd(environment);
     EXPECT_EQ(end.exitCode, 1);
     EXPECT_EQ(lineCount(end.errors), 1) << end.errors;

@@ -1,7 +1,6 @@
 #include "VirtualDesktop/SwaySession.hpp"
 
 #include "VirtualDesktop/Home.hpp"
-#include "VirtualDesktop/Picture.hpp"
 #include "VirtualDesktop/Waiting.hpp"
 
 #include <sys/stat.h>
@@ -9,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <csignal>
 #include <cstdlib>
 #include <stdexcept>
@@ -23,7 +23,11 @@ constexpr Colour background{0x33, 0x55, 0x77};
 constexpr std::string_view configuration = "xwayland disable\n"
                                            "output * bg #335577 solid_color\n"
                                            "focus_follows_mouse no\n"
-                                           "default_border none\n";
+                                           "default_border none\n"
+                                           "default_floating_border none\n"
+                                           "for_window [shell=\".*\"] floating enable\n";
+/// Of the menus of Qt's style that the program uses without a desktop's settings.
+constexpr Colour menuColour{0xff, 0xff, 0xff};
 constexpr std::string_view windowTitle = "wlroots - ";
 
 /// It asks only for atoms that exist already, and without them its windows have no titles and
@@ -78,8 +82,10 @@ void demand(bool holds, const char* what) {
 }
 
 SwaySession::SwaySession(const XClient& client, const std::string& display, fs::path folder,
-                         const std::vector<Monitor>& monitors)
-    : client_(client), folder_(std::move(folder)) {
+                         const std::vector<Monitor>& monitors, std::map<std::string, double> scales)
+    : client_(client), folder_(std::move(folder)), scales_(std::move(scales)) {
+    if (!monitors.empty())
+        origin_ = {monitors.front().frame.x, monitors.front().frame.y};
     makeAtoms(client);
     fs::create_directories(folder_);
     start(display, monitors.size());
@@ -92,6 +98,15 @@ SwaySession::SwaySession(const XClient& client, const std::string& display, fs::
     std::ranges::sort(outputs_, {}, &Output::name);
     for (std::size_t i = 0; i < monitors.size(); ++i)
         place(outputs_[i], monitors[i]);
+    takeKeyboard();
+}
+
+/// Without that, keys would reach sway only while the pointer is over one of its windows.
+void SwaySession::takeKeyboard() const {
+    if (!outputs_.empty())
+        xcb_set_input_focus(client_.get(), XCB_INPUT_FOCUS_POINTER_ROOT, outputs_.front().window,
+                            XCB_CURRENT_TIME);
+    client_.sync();
 }
 
 /// As root, sway refuses to run.
@@ -128,6 +143,7 @@ void SwaySession::start(const std::string& display, std::size_t outputs) {
                return !socket_.empty() && !fileIn(folder_, "wayland-").empty();
            }),
            "sway does not start");
+    control_ = SwayControl{socket_};
 }
 
 Environment SwaySession::environment() const {
@@ -135,19 +151,6 @@ Environment SwaySession::environment() const {
             {"SWAYSOCK", socket_},
             {"XDG_SESSION_TYPE", "wayland"},
             {"XDG_CURRENT_DESKTOP", "sway"}};
-}
-
-void SwaySession::command(const std::vector<std::string>& words) const {
-    const char* const path = std::getenv("PATH");
-    std::vector<std::string> arguments{"--socket", socket_, "--"};
-    arguments.insert(arguments.end(), words.begin(), words.end());
-    ChildProcess message{{.program = "swaymsg",
-                          .arguments = std::move(arguments),
-                          .environment = {{"PATH", path == nullptr ? "/usr/bin:/bin" : path}},
-                          .output = {},
-                          .errors = folder_.string() + "-messages.log",
-                          .inherited = {}}};
-    demand(message.waitForExit() == 0, "sway refuses a command");
 }
 
 /// One whose window is not known yet.
@@ -172,7 +175,9 @@ void SwaySession::place(Output& output, const Monitor& monitor) const {
                              XCB_CONFIG_WINDOW_HEIGHT,
                          values.data());
     client_.sync();
-    command({"output", output.name, "position", std::to_string(frame.x), std::to_string(frame.y)});
+    control_.command("output " + output.name + " position " + std::to_string(frame.x - origin_.x) +
+                     ' ' + std::to_string(frame.y - origin_.y) + " scale " +
+                     std::to_string(scale(monitor)));
 }
 
 void SwaySession::close(const Output& output) const {
@@ -205,12 +210,13 @@ void SwaySession::setMonitors(const std::vector<Monitor>& monitors) {
                 place(*known, monitor);
             continue;
         }
-        command({"create_output"});
+        control_.command("create_output");
         std::optional<Output> made;
         demand(eventually([&] { return (made = newOutput()).has_value(); }), "sway adds no output");
         place(*made, monitor);
         outputs_.push_back(*made);
     }
+    takeKeyboard();
 }
 
 std::map<std::string, std::uint32_t> SwaySession::displayIDs() const {
@@ -220,11 +226,30 @@ std::map<std::string, std::uint32_t> SwaySession::displayIDs() const {
     return ids;
 }
 
+std::string SwaySession::outputOf(const std::string& monitor) const {
+    const auto found = std::ranges::find_if(
+        outputs_, [&](const Output& output) { return output.monitor.name == monitor; });
+    return found == outputs_.end() ? std::string{} : found->name;
+}
+
+std::vector<PixelRect> SwaySession::menus() const {
+    std::vector<PixelRect> menus;
+    for (const Output& output : outputs_) {
+        const auto& frame = output.monitor.frame;
+        for (PixelRect menu : emptied(output).areas(menuColour)) {
+            menu.x += frame.x;
+            menu.y += frame.y;
+            menus.push_back(menu);
+        }
+    }
+    return menus;
+}
+
 std::vector<DockWindow> SwaySession::shown() const {
     std::vector<DockWindow> docks;
     for (const Output& output : outputs_) {
         const auto& frame = output.monitor.frame;
-        const PixelRect seen = content(Picture::ofScreen(client_, frame));
+        const PixelRect seen = content(emptied(output));
         if (seen != PixelRect{}) {
             docks.push_back({idOf(output.name),
                              {frame.x + seen.x, frame.y + seen.y, seen.width, seen.height},
@@ -233,6 +258,71 @@ std::vector<DockWindow> SwaySession::shown() const {
     }
     std::ranges::sort(docks, {}, &DockWindow::displayID);
     return docks;
+}
+
+double SwaySession::scale(const Monitor& monitor) const {
+    const auto found = scales_.find(monitor.name);
+    return found == scales_.end() ? 1 : found->second;
+}
+
+PixelRect SwaySession::frameOf(const Output& output) const {
+    const auto& frame = output.monitor.frame;
+    const double factor = scale(output.monitor);
+    return {frame.x - origin_.x, frame.y - origin_.y,
+            static_cast<int>(std::lround(frame.width / factor)),
+            static_cast<int>(std::lround(frame.height / factor))};
+}
+
+PixelPoint SwaySession::toLayout(PixelPoint place) const {
+    const auto on = std::ranges::find_if(
+        outputs_, [&](const Output& output) { return output.monitor.frame.contains(place); });
+    if (on == outputs_.end())
+        return {place.x - origin_.x, place.y - origin_.y};
+    const auto& pixels = on->monitor.frame;
+    const PixelRect layout = frameOf(*on);
+    const double factor = scale(on->monitor);
+    return {layout.x + static_cast<int>(std::lround((place.x - pixels.x) / factor)),
+            layout.y + static_cast<int>(std::lround((place.y - pixels.y) / factor))};
+}
+
+std::vector<SwayControl::Window> SwaySession::windows() const {
+    auto windows = control_.windows();
+    for (auto& window : windows) {
+        const auto on = std::ranges::find_if(outputs_, [&](const Output& output) {
+            return frameOf(output).contains(window.frame.center());
+        });
+        if (on == outputs_.end())
+            continue;
+        const auto& corner = on->monitor.frame;
+        const PixelRect layout = frameOf(*on);
+        const double factor = scale(on->monitor);
+        const auto pixels = [factor](int points) {
+            return static_cast<int>(std::lround(points * factor));
+        };
+        window.frame = {corner.x + pixels(window.frame.x - layout.x),
+                        corner.y + pixels(window.frame.y - layout.y), pixels(window.frame.width),
+                        pixels(window.frame.height)};
+    }
+    return windows;
+}
+
+Picture SwaySession::emptied(const Output& output) const {
+    const auto& frame = output.monitor.frame;
+    Picture picture = Picture::ofScreen(client_, frame);
+    std::vector<PixelRect> covers = ignored_;
+    for (const auto& window : windows()) {
+        if (window.isVisible)
+            covers.push_back(window.frame);
+    }
+    for (const PixelRect& cover : covers) {
+        const int right = std::min(cover.right(), frame.right());
+        const int bottom = std::min(cover.bottom(), frame.bottom());
+        for (int y = std::max(cover.y, frame.y); y < bottom; ++y) {
+            for (int x = std::max(cover.x, frame.x); x < right; ++x)
+                picture.set(x - frame.x, y - frame.y, background);
+        }
+    }
+    return picture;
 }
 
 void SwaySession::kill() const {

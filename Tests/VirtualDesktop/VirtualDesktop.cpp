@@ -46,6 +46,27 @@ xcb_window_t selectionOwner(const XClient& client, std::string_view selection) {
     return reply ? reply->owner : XCB_NONE;
 }
 
+/// The place that the test app is to put its windows at.
+std::optional<PixelPoint> placeIn(const std::vector<std::string>& arguments) {
+    const auto option = std::ranges::find(arguments, "--at");
+    if (option == arguments.end())
+        return std::nullopt;
+    const std::string corner = *std::next(option);
+    const auto comma = corner.find(',');
+    return PixelPoint{std::stoi(corner.substr(0, comma)), std::stoi(corner.substr(comma + 1))};
+}
+
+std::string toPlace(PixelPoint corner) {
+    return "move absolute position " + std::to_string(corner.x) + ' ' + std::to_string(corner.y);
+}
+
+/// The programs for the kind of desktop that the options ask for.
+Programs suited(Programs programs, const VirtualDesktop::Options& options) {
+    if (isWayland(options.manager.value_or(WindowManager::openbox)))
+        programs.testApp = programs.waylandApp;
+    return programs;
+}
+
 void require(bool came, const char* what) {
     if (!came)
         throw std::runtime_error{std::string{what} + " does not start"};
@@ -54,7 +75,7 @@ void require(bool came, const char* what) {
 }
 
 VirtualDesktop::VirtualDesktop(Programs programs, const Options& options)
-    : programs_(std::move(programs))
+    : programs_(suited(std::move(programs), options))
     , home_(programs_.testApp)
     , server_(serverOptions(options, home_))
     , client_(std::make_unique<XClient>(server_.display()))
@@ -64,12 +85,12 @@ VirtualDesktop::VirtualDesktop(Programs programs, const Options& options)
     displays_.scales = options.scales;
     environment_ = home_.environment();
     environment_["DISPLAY"] = server_.display();
-    if (!options.scales.empty())
+    if (!options.scales.empty() && !desktop::isWayland(manager_))
         environment_["QT_SCREEN_SCALE_FACTORS"] = scaleFactors(options.scales);
     if (options.installedApps)
         environment_["XDG_DATA_DIRS"] += std::string{":"} + installedData;
     if (desktop::isWayland(manager_))
-        startSway(options.monitors);
+        startSway(options);
     else if (!options.monitors.empty())
         setMonitors(options.monitors);
     if (options.sessionBus || options.accessibility)
@@ -86,7 +107,7 @@ void VirtualDesktop::setMonitors(const std::vector<Monitor>& monitors) {
     displays_.monitors = monitors;
     if (sway_) {
         sway_->setMonitors(monitors);
-        displays_.sortForWayland(sway_->displayIDs());
+        displays_.sortForWayland(sway_->displayIDs(), sway_->origin());
     } else if (hasOutputs_) {
         setOutputs(*client_, monitors);
     } else {
@@ -102,12 +123,12 @@ std::uint32_t VirtualDesktop::displayIDOf(const std::string& monitor) const {
     return displays_.idOf(*client_, monitor);
 }
 
-void VirtualDesktop::startSway(const std::vector<Monitor>& monitors) {
-    displays_.monitors = monitors;
+void VirtualDesktop::startSway(const Options& options) {
+    displays_.monitors = options.monitors;
     displays_.showsOnlyStrips = true;
     sway_ = std::make_unique<SwaySession>(*client_, server_.display(), home_.scratch() / "sway",
-                                          monitors);
-    displays_.sortForWayland(sway_->displayIDs());
+                                          options.monitors, options.scales);
+    displays_.sortForWayland(sway_->displayIDs(), sway_->origin());
     environment_.erase("DISPLAY");
     environment_.merge(sway_->environment());
 }
@@ -246,6 +267,28 @@ void VirtualDesktop::requireCompositor() const {
 
 void VirtualDesktop::reserve(const Reservation& reservation) {
     displays_.reservations.push_back(reservation);
+    if (sway_)
+        startWaylandPanel(reservation);
+    else
+        startPanel(reservation);
+}
+
+void VirtualDesktop::startWaylandPanel(const Reservation& reservation) {
+    const auto frame =
+        panelFrame(monitor(reservation.monitor), reservation.edge, reservation.thickness);
+    sway_->ignore(frame);
+    panels_.emplace_back(Command{programs_.waylandPanel.string(),
+                                 {sway_->outputOf(reservation.monitor), nameOf(reservation.edge),
+                                  std::to_string(reservation.thickness), "202830"},
+                                 environment_,
+                                 {},
+                                 home_.scratch() / "panel.log",
+                                 {}});
+    constexpr Colour colour{0x20, 0x28, 0x30};
+    require(eventually([&] { return isSame(pixel(frame.center()), colour); }), "the panel");
+}
+
+void VirtualDesktop::startPanel(const Reservation& reservation) {
     const auto frame =
         panelFrame(monitor(reservation.monitor), reservation.edge, reservation.thickness);
     const auto title = "panel " + std::to_string(displays_.reservations.size());
@@ -271,6 +314,8 @@ void VirtualDesktop::reserve(const Reservation& reservation) {
 void VirtualDesktop::endReservations() {
     displays_.reservations.clear();
     panels_.clear();
+    if (sway_)
+        sway_->ignoreNothing();
 }
 
 ChildProcess& VirtualDesktop::startVireline() {
@@ -308,6 +353,7 @@ ChildProcess& VirtualDesktop::run(const std::string& program, std::vector<std::s
 }
 
 ChildProcess& VirtualDesktop::launch(const App& app, std::vector<std::string> arguments) {
+    placeWindowsOf(app, arguments);
     std::vector<std::string> all{"--class", windowClass(app), "--title", app.name};
     std::ranges::copy(app.arguments, std::back_inserter(all));
     std::ranges::move(arguments, std::back_inserter(all));
@@ -336,25 +382,109 @@ fs::path VirtualDesktop::startFileManagerService() {
     return calls;
 }
 
+template <class Condition>
+std::vector<xcb_window_t> VirtualDesktop::swayWindows(const Condition& matches) const {
+    std::vector<xcb_window_t> found;
+    for (const auto& window : sway_->windows()) {
+        if (matches(window))
+            found.push_back(window.id);
+    }
+    return found;
+}
+
 std::vector<xcb_window_t> VirtualDesktop::windowsOf(const App& app) const {
+    const std::string wanted = windowClass(app);
+    if (sway_)
+        return swayWindows([&](const auto& window) { return window.appID == wanted; });
     auto windows = client_->managedWindows();
     std::erase_if(windows, [&](xcb_window_t window) {
         const std::string classes = client_->text(window, "WM_CLASS");
-        const std::string wanted = windowClass(app);
         return classes != wanted + '\0' + wanted + '\0';
     });
     return windows;
 }
 
 std::vector<xcb_window_t> VirtualDesktop::visibleWindowsOf(const App& app) const {
+    if (sway_) {
+        return swayWindows([&](const auto& window) {
+            return window.appID == windowClass(app) && window.isVisible;
+        });
+    }
     auto windows = windowsOf(app);
     std::erase_if(windows, [&](xcb_window_t window) { return !client_->isViewable(window); });
     return windows;
 }
 
+std::vector<xcb_window_t> VirtualDesktop::windowsTitled(std::string_view title) const {
+    if (sway_) {
+        return swayWindows(
+            [&](const auto& window) { return window.title == title && window.isVisible; });
+    }
+    auto windows = client_->managedWindows();
+    std::erase_if(windows, [&](xcb_window_t window) {
+        return client_->text(window, "_NET_WM_NAME") != title || !client_->isViewable(window);
+    });
+    return windows;
+}
+
 bool VirtualDesktop::isActive(const App& app) const {
     const auto windows = windowsOf(app);
-    return std::ranges::find(windows, client_->activeWindow()) != windows.end();
+    return std::ranges::find(windows, activeWindow()) != windows.end();
+}
+
+xcb_window_t VirtualDesktop::activeWindow() const {
+    if (!sway_)
+        return client_->activeWindow();
+    const auto active = swayWindows([](const auto& window) { return window.isFocused; });
+    return active.empty() ? xcb_window_t{XCB_NONE} : active.front();
+}
+
+std::optional<PixelRect> VirtualDesktop::frameOf(xcb_window_t window) const {
+    if (!sway_)
+        return client_->frame(window);
+    const auto windows = sway_->windows();
+    const auto found = std::ranges::find(windows, window, &SwayControl::Window::id);
+    return found == windows.end() ? std::nullopt : std::optional{found->frame};
+}
+
+void VirtualDesktop::moveWindow(xcb_window_t window, PixelPoint corner) const {
+    if (sway_)
+        return sway_->control().command("[con_id=" + std::to_string(window) + "] " +
+                                        toPlace(sway_->toLayout(corner)));
+    constexpr std::uint32_t placeOnly = (1U << 8U) | (1U << 9U) | (2U << 12U);
+    client_->sendToRoot(
+        window, "_NET_MOVERESIZE_WINDOW",
+        {placeOnly, static_cast<std::uint32_t>(corner.x), static_cast<std::uint32_t>(corner.y)});
+}
+
+void VirtualDesktop::placeWindowsOf(const App& app,
+                                    const std::vector<std::string>& arguments) const {
+    const auto corner = placeIn(arguments);
+    if (!sway_ || !corner)
+        return;
+    const std::string rule = "for_window [app_id=\"" + windowClass(app) + "\"] ";
+    sway_->control().command(rule + toPlace(sway_->toLayout(*corner)));
+    sway_->control().command(rule + "focus");
+}
+
+void VirtualDesktop::closeWindow(xcb_window_t window) const {
+    if (sway_)
+        return sway_->control().command("[con_id=" + std::to_string(window) + "] kill");
+    client_->sendToRoot(window, "_NET_CLOSE_WINDOW", {0, 2});
+}
+
+void VirtualDesktop::demandAttention(xcb_window_t window) const {
+    if (sway_)
+        return sway_->control().command("[con_id=" + std::to_string(window) + "] urgent enable");
+    constexpr std::uint32_t add = 1;
+    constexpr std::uint32_t fromApplication = 1;
+    client_->sendToRoot(
+        window, "_NET_WM_STATE",
+        {add, client_->atom("_NET_WM_STATE_DEMANDS_ATTENTION"), 0, fromApplication});
+}
+
+bool VirtualDesktop::isKeyboardTaken() const {
+    return sway_ ? sway_->control().isKeyboardTaken() : keyboard().isHeld();
 }
 
 std::vector<PlannedDock> VirtualDesktop::planned(const PanelPlanner::Request& request) const {

@@ -26,6 +26,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vireline::desktop {
@@ -38,6 +39,9 @@ struct Programs {
     std::filesystem::path notifierHost{}; // NOLINT(readability-redundant-member-init)
     /// Preloaded into window managers that need an output for each monitor.
     std::filesystem::path monitorOutputs{}; // NOLINT(readability-redundant-member-init)
+    /// The test app and a panel for Wayland desktops.
+    std::filesystem::path waylandApp{};   // NOLINT(readability-redundant-member-init)
+    std::filesystem::path waylandPanel{}; // NOLINT(readability-redundant-member-init)
 };
 
 class VirtualDesktop {
@@ -84,6 +88,9 @@ public:
 
     /// Whether it is a Wayland desktop.
     [[nodiscard]] bool isWayland() const noexcept { return sway_ != nullptr; }
+
+    /// The compositor of a Wayland desktop.
+    [[nodiscard]] const SwaySession& sway() const { return *sway_; }
 
     /// The environment for programs on this desktop; tests may add to it before they start one.
     [[nodiscard]] Environment& environment() noexcept { return environment_; }
@@ -150,11 +157,29 @@ public:
     /// Starts the service that shows files on the session bus; returns the file with its calls.
     std::filesystem::path startFileManagerService();
 
+    // On a Wayland desktop, windows are known by the compositor's own IDs.
+
     /// The app's managed windows, visible or not.
     [[nodiscard]] std::vector<xcb_window_t> windowsOf(const App& app) const;
     /// The app's windows that the user can see: managed and not hidden.
     [[nodiscard]] std::vector<xcb_window_t> visibleWindowsOf(const App& app) const;
+    /// The visible windows with this title.
+    [[nodiscard]] std::vector<xcb_window_t> windowsTitled(std::string_view title) const;
     [[nodiscard]] bool isActive(const App& app) const;
+    [[nodiscard]] xcb_window_t activeWindow() const;
+    /// Without the window manager's decoration; nullopt if the window is gone.
+    [[nodiscard]] std::optional<PixelRect> frameOf(xcb_window_t window) const;
+    /// Moves the window as a pager or a shortcut would.
+    void moveWindow(xcb_window_t window, PixelPoint corner) const;
+    /// On a Wayland desktop, makes the app's windows open where these arguments of the test app
+    /// say, since programs cannot choose that. `launch` does so itself.
+    void placeWindowsOf(const App& app, const std::vector<std::string>& arguments) const;
+    /// Closes the window as its close button would.
+    void closeWindow(xcb_window_t window) const;
+    /// Marks the window as one that demands attention, as toolkits do.
+    void demandAttention(xcb_window_t window) const;
+    /// Whether keys go to a menu or a drag instead of the active window.
+    [[nodiscard]] bool isKeyboardTaken() const;
 
     /// The expected docks for these tiles and settings.
     [[nodiscard]] std::vector<PlannedDock> planned(const PanelPlanner::Request& request) const;
@@ -173,7 +198,12 @@ private:
     [[nodiscard]] static std::string startBus(std::optional<ChildProcess>& bus,
                                               const std::filesystem::path& socket,
                                               const Environment& environment);
-    void startSway(const std::vector<Monitor>& monitors);
+    void startSway(const Options& options);
+    void startPanel(const Reservation& reservation);
+    void startWaylandPanel(const Reservation& reservation);
+    /// The windows for which `matches` is true.
+    template <class Condition>
+    [[nodiscard]] std::vector<xcb_window_t> swayWindows(const Condition& matches) const;
     void startSessionBus();
     void startAccessibilityBus();
     [[nodiscard]] Environment managerEnvironment();
