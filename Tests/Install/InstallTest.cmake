@@ -22,3 +22,9 @@ endif()
 execute_process(
     COMMAND ${VALIDATE} ${SCRATCH}/usr/share/applications/vireline.desktop
     COMMAND_ERROR_IS_FATAL ANY)
+
+# KWin compares the path with that of the running program.
+file(STRINGS ${SCRATCH}/usr/share/applications/vireline.desktop command REGEX "^Exec=")
+if(NOT command STREQUAL "Exec=/usr/bin/vireline")
+    message(FATAL_ERROR "The desktop entry has ${command}")
+endif()

@@ -52,6 +52,13 @@ if(NOT packed STREQUAL expected)
     message(FATAL_ERROR "packed: ${packed}\nexpected: ${expected}")
 endif()
 
+# KWin compares the path with that of the running program.
+execute_process(COMMAND dpkg-deb --extract ${package} ${SCRATCH}/files COMMAND_ERROR_IS_FATAL ANY)
+file(STRINGS ${SCRATCH}/files/usr/share/applications/vireline.desktop command REGEX "^Exec=")
+if(NOT command STREQUAL "Exec=/usr/bin/vireline")
+    message(FATAL_ERROR "The desktop entry has ${command}")
+endif()
+
 find_program(LINTIAN lintian)
 if(LINTIAN)
     # There is no address to write to.

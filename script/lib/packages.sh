@@ -55,6 +55,7 @@ packages_desktop=(
     at-spi2-core
     dbus
     fonts-dejavu-core
+    kwin-wayland
     openbox
     picom
     sway

@@ -51,6 +51,19 @@ TEST(WindowSystemChoice, IsWaylandNeverthelessWithoutXwayland) {
     EXPECT_FALSE(choice.remark.empty());
 }
 
+TEST(WindowSystemChoice, IsWaylandWithARemarkUnderAKWinThatListsNoWindows) {
+    SessionFacts facts = everything;
+    facts.isKWin = true;
+    EXPECT_EQ(WindowSystemChoice::of(facts), (WindowSystemChoice{Kind::wayland, ""}));
+
+    facts.listsWindows = false;
+    const auto choice = WindowSystemChoice::of(facts);
+    EXPECT_EQ(choice.kind, Kind::wayland);
+    EXPECT_TRUE(choice.remark.starts_with("KWin lists windows only for programs whose installed "
+                                          "desktop entry asks for it"))
+        << choice.remark;
+}
+
 TEST(WindowSystemChoice, IsX11WithoutQtsPlugin) {
     SessionFacts facts = everything;
     facts.hasWaylandPlugin = false;

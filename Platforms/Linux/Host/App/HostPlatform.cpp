@@ -130,6 +130,7 @@ SessionFacts facts() {
         facts.hasWaylandPlugin = wayland::WaylandSession::hasPlugin();
         facts.hasLayerShell = offer->hasLayerShell;
         facts.listsWindows = offer->listsWindows;
+        facts.isKWin = offer->isKWin;
     }
 #endif
     return facts;

@@ -9,7 +9,8 @@ constexpr const char* underXwayland =
 }
 
 /// Half a dock is worse than one under Xwayland: its place and its list of apps belong together.
-/// But without an X server, half a dock is better than none.
+/// But without an X server, half a dock is better than none. Under KWin, a refusal means that the
+/// program is not installed properly, and Xwayland would not make up for that.
 WindowSystemChoice WindowSystemChoice::of(const SessionFacts& facts) {
     if (!facts.hasCompositor)
         return {};
@@ -19,6 +20,10 @@ WindowSystemChoice WindowSystemChoice::of(const SessionFacts& facts) {
         return {Kind::x11, std::string{"this compositor has no layer shell"} + underXwayland};
     if (facts.listsWindows)
         return {Kind::wayland, {}};
+    if (facts.isKWin) {
+        return {Kind::wayland, "KWin lists windows only for programs whose installed desktop entry "
+                               "asks for it: running apps do not show"};
+    }
     if (facts.hasXServer)
         return {Kind::x11, std::string{"this compositor does not list windows"} + underXwayland};
     return {Kind::wayland, "this compositor does not list windows: running apps do not show"};

@@ -16,6 +16,8 @@ struct SessionFacts {
     bool hasLayerShell = false;
     /// Whether programs are told of other programs' windows.
     bool listsWindows = false;
+    /// Whether the compositor is KWin, which lists windows only for programs that it permits to.
+    bool isKWin = false;
     /// Whether there may be an X server, under Wayland usually Xwayland.
     bool hasXServer = false;
 };

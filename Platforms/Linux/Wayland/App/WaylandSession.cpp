@@ -14,7 +14,10 @@ CompositorOffer CompositorOffer::of(wl_display* display) {
     const WaylandConnection connection{display};
     const auto has = [&](const char* interface) { return connection.offered(interface) > 0; };
     return {.hasLayerShell = has("zwlr_layer_shell_v1") && has("xdg_wm_base"),
-            .listsWindows = has("zwlr_foreign_toplevel_manager_v1")};
+            .listsWindows =
+                has("zwlr_foreign_toplevel_manager_v1") || has("org_kde_plasma_window_management"),
+            // No other compositor has that interface, and KWin offers it to all programs.
+            .isKWin = has("org_kde_plasma_shell")};
 }
 
 WaylandSession::WaylandSession() {

@@ -13,6 +13,7 @@ namespace vireline::wayland {
 struct CompositorOffer {
     bool hasLayerShell = false;
     bool listsWindows = false;
+    bool isKWin = false;
 
     bool operator==(const CompositorOffer&) const = default;
 

@@ -1,10 +1,13 @@
 #include "App/WaylandWindowSystem.hpp"
 
+#include "ClientWindows/PlasmaWindowList.hpp"
 #include "ClientWindows/WlrWindowList.hpp"
 #include "Compositors/CompositorAccessibility.hpp"
+#include "Compositors/KWinPlacer.hpp"
 #include "Compositors/SwayPlacer.hpp"
 #include "Compositors/SwayWindowList.hpp"
 #include "Connection/QtNative.hpp"
+#include "GLib/SessionBus.hpp"
 #include "Panels/LayerPanelWindows.hpp"
 #include "StatusBar/SystemTray.hpp"
 
@@ -27,6 +30,8 @@ std::unique_ptr<xdg::WindowList> windowList(const WaylandConnection& connection,
         return windows;
     if (auto windows = WlrWindowList::create(connection, ownAppID, QtNative::seat))
         return windows;
+    if (auto windows = PlasmaWindowList::create(connection, ownAppID))
+        return windows;
     return std::make_unique<NoWindows>();
 }
 
@@ -47,12 +52,19 @@ std::unique_ptr<PanelWindows> WaylandWindowSystem::makePanelWindows(xdg::Appeara
 
 std::unique_ptr<Accessibility>
 WaylandWindowSystem::makeAccessibility(xdg::DesktopRunningApplications& applications) {
-    auto placer =
-        swaySocket_.empty() ? nullptr : std::make_unique<SwayPlacer>(swaySocket_, runLoop_);
-    return std::make_unique<CompositorAccessibility>(std::move(placer), applications, [this] {
+    return std::make_unique<CompositorAccessibility>(placer(), applications, [this] {
         const QPoint corner = screens_.primary().topLeft();
         return Point{static_cast<double>(corner.x()), static_cast<double>(corner.y())};
     });
+}
+
+/// Null under compositors that move no windows.
+std::unique_ptr<WindowPlacer> WaylandWindowSystem::placer() {
+    if (!swaySocket_.empty())
+        return std::make_unique<SwayPlacer>(swaySocket_, runLoop_);
+    if (const auto* const plasma = dynamic_cast<const PlasmaWindowList*>(windows_.get()))
+        return std::make_unique<KWinPlacer>(*plasma, xdg::SessionBus::connect);
+    return nullptr;
 }
 
 /// Wayland has none: status items are on the session bus.

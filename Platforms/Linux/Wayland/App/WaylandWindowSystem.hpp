@@ -18,6 +18,8 @@ class RunLoop;
 
 namespace vireline::wayland {
 
+class WindowPlacer;
+
 class WaylandWindowSystem final : public xdg::WindowSystem, private NonCopyable {
 public:
     /// Needs the running QApplication. The arguments must outlive this object.
@@ -39,6 +41,8 @@ public:
     void bringToFront(QWindow& window) override;
 
 private:
+    [[nodiscard]] std::unique_ptr<WindowPlacer> placer();
+
     xdg::SecondStarts& secondStarts_;
     RunLoop& runLoop_;
     /// Empty under other compositors.

@@ -19,6 +19,7 @@ void ToplevelList::set(xdg::WindowID id, const ToplevelState& state) {
     found->isOrdinary = true;
     found->isDialog = state.isDialog;
     found->isHidden = state.isMinimised;
+    found->isUrgent = state.isUrgent;
     if (state.isActive && active_ != id)
         found->lastActive = ++activations_;
     const bool isChanged = *found != before;

@@ -22,6 +22,7 @@ struct ToplevelState {
     bool isActive = false;
     bool isMinimised = false;
     bool isDialog = false;
+    bool isUrgent = false;
     /// Whether it is not to appear in lists of windows.
     bool isSkipped = false;
 };

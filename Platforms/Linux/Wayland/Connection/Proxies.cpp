@@ -3,6 +3,7 @@
 #include "Connection/LayerShell.hpp"
 
 #include <blur-client-protocol.h>
+#include <plasma-window-management-client-protocol.h>
 #include <wayland-client.h>
 #include <wlr-foreign-toplevel-management-unstable-v1-client-protocol.h>
 #include <xdg-activation-v1-client-protocol.h>
@@ -94,6 +95,15 @@ void DestroyProxy::operator()(org_kde_kwin_blur* blur) const {
 
 void DestroyProxy::operator()(org_kde_kwin_blur_manager* manager) const {
     org_kde_kwin_blur_manager_destroy(manager);
+}
+
+void DestroyProxy::operator()(org_kde_plasma_window* window) const {
+    org_kde_plasma_window_destroy(window);
+}
+
+void DestroyProxy::operator()(org_kde_plasma_window_management* manager) const {
+    // It has no destructor.
+    org_kde_plasma_window_management_destroy(manager);
 }
 
 }

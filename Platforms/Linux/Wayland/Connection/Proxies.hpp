@@ -24,6 +24,8 @@ struct zwlr_layer_shell_v1;
 struct zwlr_layer_surface_v1;
 struct org_kde_kwin_blur;
 struct org_kde_kwin_blur_manager;
+struct org_kde_plasma_window;
+struct org_kde_plasma_window_management;
 
 namespace vireline::wayland {
 
@@ -49,6 +51,8 @@ struct DestroyProxy {
     void operator()(zwlr_layer_surface_v1* surface) const;
     void operator()(org_kde_kwin_blur* blur) const;
     void operator()(org_kde_kwin_blur_manager* manager) const;
+    void operator()(org_kde_plasma_window* window) const;
+    void operator()(org_kde_plasma_window_management* manager) const;
 };
 
 template <class Object>

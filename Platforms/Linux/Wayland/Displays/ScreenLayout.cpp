@@ -18,7 +18,7 @@ QRect without(const QRect& whole, const Insets& reserved) {
 
 }
 
-// FNV-1a. Connectors' names are too few and too short for two of them to collide in practice.
+// FNV-1a. Connectors' names are too few for two of them to collide in practice.
 std::uint32_t displayID(const std::string& name) {
     constexpr std::uint32_t start = 2166136261U;
     constexpr std::uint32_t prime = 16777619U;

@@ -1,0 +1,19 @@
+/// What KWin is told to do with a window, as the scripts that it runs. They work with KWin 5.27
+/// and 6.
+#pragma once
+
+#include "ClientWindows/KWinWindow.hpp"
+#include "Foundation/Geometry.hpp"
+
+#include <string>
+
+/// In all of them the window ends up unminimised and on the current desktop.
+namespace vireline::wayland::KWinScripts {
+
+/// Puts the window's corner there. A window that fills its display, fills the one at that place
+/// afterwards.
+[[nodiscard]] std::string move(const KWinWindow& window, Point corner);
+
+[[nodiscard]] std::string place(const KWinWindow& window, const Rect& frame);
+
+}
