@@ -20,45 +20,17 @@ FileDrag::FileDrag(VirtualDesktop& desktop, const Content& content)
     const auto file = desktop.home().scratch() / "dragged";
     writeFile(file, content.text);
     std::filesystem::remove(record_);
-    const std::vector<std::string> arguments{"--form",       content.form, "--action",
-                                             content.action, "--record",   record_.string()};
-    if (desktop.isWayland())
-        showOnWayland(arguments, file);
-    else
-        show(arguments, file);
+    program_ =
+        &desktop.run(DRAG_SOURCE, {"--form", content.form, "--content", file.string(), "--action",
+                                   content.action, "--record", record_.string()});
+    const auto needs = [this](std::string_view line) {
+        if (!eventually([&] { return readFile(record_).contains(line); }))
+            throw std::runtime_error{"the program that one can drag from does not work"};
+    };
+    needs("shown");
+    desktop.pointer().moveTo({20, 20});
     desktop.pointer().press(Pointer::Button::primary);
-    require("began");
-}
-
-void FileDrag::show(std::vector<std::string> arguments, const std::filesystem::path& file) {
-    arguments.insert(arguments.end(), {"--content", file.string()});
-    program_ = &desktop_.run(DRAG_SOURCE, std::move(arguments));
-    require("shown");
-    desktop_.pointer().moveTo({20, 20});
-}
-
-void FileDrag::showOnWayland(std::vector<std::string> arguments,
-                             const std::filesystem::path& file) {
-    // A pinned app, so that it adds no tile.
-    const App source{"org.example.Alpha", "Alpha", {}, {}};
-    // The pointer cannot leave the window of an output while a button is held.
-    const auto& display = desktop_.displays().monitors.back().frame;
-    const auto corner = std::to_string(display.x) + ',' + std::to_string(display.y);
-    arguments.insert(arguments.end(),
-                     {"--drag", file.string(), "--size", "100x60", "--at", corner});
-    program_ = &desktop_.launch(source, std::move(arguments));
-    if (!eventually([&] {
-            const auto windows = desktop_.visibleWindowsOf(source);
-            const auto frame = windows.empty() ? std::nullopt : desktop_.frameOf(windows.front());
-            return frame && frame->x == display.x && frame->y == display.y;
-        }))
-        throw std::runtime_error{"the program that one can drag from does not show itself"};
-    desktop_.pointer().moveTo({display.x + 20, display.y + 20});
-}
-
-void FileDrag::require(std::string_view line) const {
-    if (!eventually([&] { return readFile(record_).contains(line); }))
-        throw std::runtime_error{"the program that one can drag from does not work"};
+    needs("began");
 }
 
 std::string FileDrag::moveTo(PixelPoint place) {
@@ -68,10 +40,6 @@ std::string FileDrag::moveTo(PixelPoint place) {
     };
     const PixelPoint nearby{place.x - 1, place.y};
     desktop_.pointer().moveTo(nearby);
-    if (desktop_.isWayland()) {
-        desktop_.pointer().moveTo(place);
-        return recorded("answer ");
-    }
     static_cast<void>(recorded(at(nearby)));
     std::filesystem::resize_file(record_, 0);
     desktop_.pointer().moveTo(place);

@@ -21,12 +21,11 @@ public:
         std::string action = "XdndActionCopy";
     };
 
-    /// Shows the source window in the first display's top-left corner and starts the drag.
+    /// Shows the source window in the screen's top-left corner and starts the drag.
     FileDrag(VirtualDesktop& desktop, const Content& content);
 
     /// The drag source's report of the target's answer, such as "accepted XdndActionCopy",
     /// "refused" or "no-target" (no window under the pointer takes drops); empty if there is none.
-    /// Under Wayland, sources are told only of changes: the answer is the first since the start.
     [[nodiscard]] std::string moveTo(PixelPoint place);
 
     /// The outcome of dropping: "done XdndActionCopy", "not done", "not dropped"; empty if there is
@@ -38,11 +37,6 @@ public:
 private:
     /// Waits for a line that begins with `beginning`, and returns the rest of it.
     [[nodiscard]] std::string recorded(std::string_view beginning) const;
-
-    void show(std::vector<std::string> arguments, const std::filesystem::path& file);
-    void showOnWayland(std::vector<std::string> arguments, const std::filesystem::path& file);
-    /// Waits for this line; throws if it does not come.
-    void require(std::string_view line) const;
 
     VirtualDesktop& desktop_;
     std::filesystem::path record_;

@@ -10,7 +10,6 @@
 
 #include <QEvent>
 #include <QMenu>
-#include <QPointer>
 #include <QWindow>
 #include <utility>
 
@@ -24,8 +23,8 @@ struct SubmenuPopup::Events {
                           std::int32_t /*y*/, std::int32_t /*width*/, std::int32_t /*height*/) {}
     static void done(void* data, xdg_popup* /*popup*/) {
         // It cannot be destroyed from its own event.
-        const QPointer submenu{&static_cast<SubmenuPopup*>(data)->submenu_};
-        QMetaObject::invokeMethod(submenu, &QWidget::hide, Qt::QueuedConnection);
+        QMenu* const submenu = &static_cast<SubmenuPopup*>(data)->submenu_;
+        QMetaObject::invokeMethod(submenu, [submenu] { submenu->hide(); }, Qt::QueuedConnection);
     }
     static void repositioned(void* /*data*/, xdg_popup* /*popup*/, std::uint32_t /*token*/) {}
 
@@ -52,26 +51,31 @@ bool SubmenuPopup::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
+/// If the menu was shown before, Qt has kept the window without its surface.
+wl_surface* SubmenuPopup::freshSurface() {
+    (void)submenu_.winId();
+    QWindow& window = *submenu_.windowHandle();
+    if (QtNative::surface(window) == nullptr) {
+        window.destroy();
+        window.create();
+    }
+    // Hidden: the last moment before Qt destroys the surface.
+    QObject::disconnect(hidden_);
+    hidden_ = QObject::connect(&window, &QWindow::visibleChanged, this, [this](bool shows) {
+        if (!shows)
+            dropRole();
+    });
+    return QtNative::surface(window);
+}
+
 void SubmenuPopup::makeRole() {
     auto* const parent = qobject_cast<QMenu*>(submenu_.parentWidget());
     xdg_surface* const parentRole = parentRole_();
     if (parent == nullptr || parentRole == nullptr)
         return;
-    // Makes the window and its surface, again if it was shown before.
-    (void)submenu_.winId();
-    QWindow& window = *submenu_.windowHandle();
-    window.create();
-    wl_surface* const surface = QtNative::surface(window);
+    wl_surface* const surface = freshSurface();
     if (surface == nullptr)
         return;
-    QObject::connect(&window, &QWindow::visibleChanged, this, [this, &window](bool shows) {
-        if (shows)
-            return;
-        // The last moment before Qt destroys the surface.
-        dropRole();
-        window.disconnect(this);
-        QMetaObject::invokeMethod(&window, &QWindow::destroy, Qt::QueuedConnection);
-    });
     surface_.reset(xdg_wm_base_get_xdg_surface(shell_.base.get(), surface));
     const auto position =
         PopupPosition::make(*shell_.base, submenu_.size(), parent->geometry(), submenu_.pos());

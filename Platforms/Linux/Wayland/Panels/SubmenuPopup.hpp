@@ -32,10 +32,12 @@ private:
 
     bool eventFilter(QObject* watched, QEvent* event) override;
     void makeRole();
+    [[nodiscard]] wl_surface* freshSurface();
 
     const LayerShellContext& shell_;
     QMenu& submenu_;
     std::function<xdg_surface*()> parentRole_;
+    QMetaObject::Connection hidden_;
     Proxy<xdg_surface> surface_;
     /// Destroyed before the former.
     Proxy<xdg_popup> popup_;
