@@ -1,11 +1,13 @@
 #include "App/WaylandSession.hpp"
 
 #include "Connection/WaylandConnection.hpp"
+#include "Foundation/DevLog.hpp"
 
 #include <wayland-client.h>
 
 #include <QDir>
 #include <QLibraryInfo>
+#include <cstdio>
 #include <cstdlib>
 
 namespace vireline::wayland {
@@ -20,7 +22,19 @@ CompositorOffer CompositorOffer::of(wl_display* display) {
             .isKWin = has("org_kde_plasma_shell")};
 }
 
+namespace {
+
+/// Qt ends the process, with status 1, right after saying that the connection is broken.
+void report(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    if (text.startsWith(QLatin1StringView{"The Wayland connection"}))
+        DevLog::write("the Wayland compositor has ended the connection, quitting");
+    std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
+}
+
+}
+
 WaylandSession::WaylandSession() {
+    qInstallMessageHandler(report);
     // Windows with that hint get no role from Qt, so that they can have one of ours.
     qputenv("QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT", "1");
     // Otherwise Qt believes that every window is in the corner of its display.

@@ -24,7 +24,8 @@ struct CompositorOffer {
 class WaylandSession : private NonCopyable {
 public:
     /// Prepares the environment for Qt's plugin, which looks at it whenever it shows a window. Must
-    /// come before the application object. Launched apps do not get these variables.
+    /// come before the application object. Launched apps do not get these variables. From now on,
+    /// the end of the connection is logged.
     WaylandSession();
 
     /// nullopt if no compositor accepts connections.
