@@ -14,10 +14,12 @@ TEST(WaylandWords, DoNotBlameAnXServer) {
 
     WaylandWords::adapt(words);
 
-    for (const std::string& text : {words.anchorWaits, words.tourWaits, words.cannotMoveWindows}) {
+    for (const std::string& text :
+         {words.anchorWaits, words.threeFeatures, words.cannotMoveWindows}) {
         EXPECT_EQ(text.find("X server"), std::string::npos) << text;
         EXPECT_EQ(text.find("window manager"), std::string::npos) << text;
     }
+    EXPECT_FALSE(words.offersAnchor);
     EXPECT_NE(words.anchorWaits, xdg::linuxWords().anchorWaits);
 }
 

@@ -30,8 +30,12 @@ struct DesktopWords {
     /// Why those three do nothing, where other programs' windows cannot be moved.
     std::string cannotMoveWindows =
         "There is no window manager here that can move other programs' windows.";
-    /// The tour's text above the list of the four window features.
+    /// The tour's text above the list of the four window features, or of three without the anchor.
     std::string fourFeatures = "One macOS permission unlocks four more features";
+    std::string threeFeatures = "Three more features that you can switch on";
+    /// Whether the desktop's own dock can be kept in its place. Otherwise the tour does not offer
+    /// it.
+    bool offersAnchor = true;
 
     /// Why the anchor is switched on but not active, in the settings and in the tour.
     std::string anchorWaits = "Waiting for permission.";

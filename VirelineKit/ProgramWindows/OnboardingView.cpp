@@ -47,13 +47,20 @@ PermissionBlock permission(DockAnchorGuard::Status status, const DesktopWords& w
     return block;
 }
 
+std::string featuresText(bool canMoveWindows, const DesktopWords& words) {
+    if (canMoveWindows)
+        return words.offersAnchor ? words.fourFeatures : words.threeFeatures;
+    if (!words.offersAnchor)
+        return words.cannotMoveWindows;
+    return "The last three need a window manager that can move other programs' windows. "
+           "No such window manager is running now.";
+}
+
 OnboardingPage features(const Surroundings& surroundings, const DesktopWords& words) {
+    using Status = DockAnchorGuard::Status;
     OnboardingPage page;
     page.title = "Window superpowers";
-    page.text = surroundings.canMoveWindows
-                    ? words.fourFeatures
-                    : "The last three need a window manager that can move other programs' windows. "
-                      "No such window manager is running now.";
+    page.text = featuresText(surroundings.canMoveWindows, words);
     page.rows = {
         {"pin", "Anchor: " + words.dock + " stops jumping between displays"},
         {"macwindow.badge.plus", "Open here: apps launched from a dock open on that display"},
@@ -61,6 +68,11 @@ OnboardingPage features(const Surroundings& surroundings, const DesktopWords& wo
         {"rectangle.expand.vertical", "Fill: double-click to fill the display, dock kept clear"},
     };
     page.permission = permission(surroundings.anchorStatus, words);
+    if (!words.offersAnchor) {
+        page.rows.erase(page.rows.begin());
+        page.permission =
+            permission(surroundings.hasFeatures ? Status::active : Status::off, words);
+    }
     return page;
 }
 

@@ -15,6 +15,8 @@ struct Surroundings {
     DockAnchorGuard::Status anchorStatus = DockAnchorGuard::Status::off;
     /// Whether this desktop lets programs move other programs' windows.
     bool canMoveWindows = true;
+    /// Whether the features that the tour offers are switched on; counts only without the anchor.
+    bool hasFeatures = false;
 };
 
 /// The page with this index, from 0 to `lastStep`.

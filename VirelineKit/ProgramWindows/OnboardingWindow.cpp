@@ -43,8 +43,12 @@ void OnboardingWindowController::makeWindow() {
 }
 
 void OnboardingWindowController::present() {
+    const Settings& settings = store_.settings();
     const OnboardingView::Surroundings surroundings{
-        .anchorStatus = anchorGuard_.status(), .canMoveWindows = accessibility_.canMoveWindows()};
+        .anchorStatus = anchorGuard_.status(),
+        .canMoveWindows = accessibility_.canMoveWindows(),
+        .hasFeatures =
+            settings.openOnThisDisplay && settings.summonOnClick && settings.fillOnDoubleClick};
     window_->present(OnboardingView::page(step_, surroundings, words_));
 }
 
@@ -70,12 +74,16 @@ void OnboardingWindowController::enableFeatures() {
     for (bool Settings::* const feature :
          {&Settings::anchorAppleDock, &Settings::openOnThisDisplay, &Settings::summonOnClick,
           &Settings::fillOnDoubleClick}) {
+        if (feature == &Settings::anchorAppleDock && !words_.offersAnchor)
+            continue;
         Settings settings = store_.settings();
         settings.*feature = true;
         store_.setSettings(std::move(settings));
     }
     if (!words_.permissionPane.empty())
         workspace_.openSystemSettings(words_.permissionPane);
+    // Without the anchor, nothing else tells that the page has changed.
+    present();
 }
 
 void OnboardingWindowController::finish() {

@@ -115,6 +115,37 @@ TEST(OnboardingView, ShowsInGreenThatTheFeaturesAreEnabled) {
                                std::nullopt, ""}));
 }
 
+TEST(OnboardingView, LeavesOutTheAnchorWhereItIsNotPossible) {
+    DesktopWords words;
+    words.offersAnchor = false;
+    const OnboardingPage page = OnboardingView::page(2, {Status::off}, words);
+    EXPECT_EQ(page.text, "Three more features that you can switch on");
+    ASSERT_EQ(page.rows.size(), 3U);
+    EXPECT_TRUE(page.rows.at(0).text.starts_with("Open here"));
+    EXPECT_EQ(OnboardingView::page(2, {Status::off, false}, words).text, words.cannotMoveWindows);
+}
+
+TEST(OnboardingWindow, EnablesTheOtherFeaturesWhereTheAnchorIsNotPossible) {
+    test::FakePlatform platform;
+    platform.words.offersAnchor = false;
+    platform.words.permissionPane.clear();
+    PreferencesStore store{platform.fileSystem, platform.userFolders};
+    DockAnchorGuard anchorGuard{platform.accessibility, platform.pointerTaps, platform.runLoop};
+    OnboardingWindowController controller{store, anchorGuard, platform.ports()};
+    controller.show();
+    auto& tour = *platform.programWindows.tours.at(0);
+    tour.listener.onboardingActed(OnboardingAction::advance);
+    tour.listener.onboardingActed(OnboardingAction::advance);
+
+    tour.listener.onboardingActed(OnboardingAction::enableFeatures);
+
+    EXPECT_FALSE(store.settings().anchorAppleDock);
+    EXPECT_TRUE(store.settings().openOnThisDisplay && store.settings().summonOnClick &&
+                store.settings().fillOnDoubleClick);
+    ASSERT_TRUE(tour.content.permission && tour.content.permission->line);
+    EXPECT_EQ(tour.content.permission->line->text, "Enabled. Enjoy.");
+}
+
 TEST(OnboardingWindow, OpensNoPaneWhereThereIsNothingToGrant) {
     test::FakePlatform platform;
     platform.words.permissionPane.clear();
