@@ -2,12 +2,14 @@
 #include "Applications/DesktopEntryCatalog.hpp"
 #include "Applications/DesktopRunningApplications.hpp"
 #include "Compositors/SwayWindowList.hpp"
+#include "Connection/WaylandConnection.hpp"
 #include "SilentNotices.hpp"
 #include "SwayTest.hpp"
 #include "Toolkit/QtRunLoop.hpp"
 #include "VirtualDesktop/Waiting.hpp"
 
 #include <unistd.h>
+#include <wayland-client.h>
 
 #include <algorithm>
 #include <csignal>
@@ -51,6 +53,17 @@ protected:
     std::unique_ptr<SwayWindowList> list_;
     std::optional<xdg::DesktopRunningApplications> apps_;
 };
+
+TEST_F(SwayWindowListTest, IsNotAskedOnTheSocketOfAnotherCompositor) {
+    const Proxy<wl_display> display{wl_display_connect(desk().display().c_str())};
+    ASSERT_NE(display, nullptr);
+    const pid_t compositor = WaylandConnection{display.get()}.compositor();
+
+    EXPECT_EQ(compositor, desk().process());
+    EXPECT_EQ(SwayConnection::socketOf(desk().socket(), compositor), desk().socket());
+    EXPECT_EQ(SwayConnection::socketOf(desk().socket(), getpid()), "");
+    EXPECT_EQ(SwayConnection::socketOf("/nowhere", compositor), "");
+}
 
 TEST_F(SwayWindowListTest, ListsAppsAndTheirWindowsOldestFirst) {
     const auto& process = run("org.example.one", 2);

@@ -40,8 +40,9 @@ std::unique_ptr<xdg::WindowList> windowList(const WaylandConnection& connection,
 WaylandWindowSystem::WaylandWindowSystem(xdg::SecondStarts& secondStarts, RunLoop& runLoop)
     : secondStarts_(secondStarts)
     , runLoop_(runLoop)
-    , swaySocket_(qEnvironmentVariable("SWAYSOCK").toStdString())
     , connection_(QtNative::display())
+    , swaySocket_(SwayConnection::socketOf(qEnvironmentVariable("SWAYSOCK").toStdString(),
+                                           connection_.compositor()))
     , windows_(windowList(connection_, swaySocket_))
     , activationTokens_(connection_, runLoop,
                         [] { return InputProof{QtNative::seat(), QtNative::inputSerial()}; }) {}

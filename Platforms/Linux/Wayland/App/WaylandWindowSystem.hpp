@@ -45,9 +45,9 @@ private:
 
     xdg::SecondStarts& secondStarts_;
     RunLoop& runLoop_;
+    WaylandConnection connection_;
     /// Empty under other compositors.
     std::string swaySocket_;
-    WaylandConnection connection_;
     NoSettingsDaemon settings_;
     std::unique_ptr<xdg::WindowList> windows_;
     ActivationTokens activationTokens_;

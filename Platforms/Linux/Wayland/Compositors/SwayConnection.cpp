@@ -49,6 +49,14 @@ std::unique_ptr<SwayConnection> SwayConnection::open(const std::string& path) {
     return isConnected ? std::move(connection) : nullptr;
 }
 
+std::string SwayConnection::socketOf(const std::string& path, pid_t compositor) {
+    const auto connection = open(path);
+    if (!connection)
+        return {};
+    const pid_t listener = connection->peer();
+    return listener == compositor || listener == 0 || compositor == 0 ? path : std::string{};
+}
+
 SwayConnection::~SwayConnection() {
     stop();
     close(socket_);

@@ -21,6 +21,10 @@ public:
     /// Null if there is no such socket, or if sway does not accept connections.
     [[nodiscard]] static std::unique_ptr<SwayConnection> open(const std::string& path);
 
+    /// The path if that process listens there, or if the processes cannot be compared; otherwise
+    /// empty. SWAYSOCK may be another session's, such as in a terminal that outlived its session.
+    [[nodiscard]] static std::string socketOf(const std::string& path, pid_t compositor);
+
     ~SwayConnection();
 
     /// The process at the other end; 0 if unknown.

@@ -1,5 +1,6 @@
 #include "Connection/WaylandConnection.hpp"
 
+#include <sys/socket.h>
 #include <wayland-client.h>
 
 #include <algorithm>
@@ -57,6 +58,14 @@ void* WaylandConnection::bindGlobal(const wl_interface& interface, std::uint32_t
     const auto known = static_cast<std::uint32_t>(interface.version);
     return wl_registry_bind(registry_.get(), found->first, &interface,
                             std::min({found->second.version, newest, known}));
+}
+
+pid_t WaylandConnection::compositor() const {
+    ucred credentials{};
+    socklen_t size = sizeof credentials;
+    const bool isKnown =
+        getsockopt(wl_display_get_fd(display_), SOL_SOCKET, SO_PEERCRED, &credentials, &size) == 0;
+    return isKnown ? credentials.pid : 0;
 }
 
 void WaylandConnection::flush() const {

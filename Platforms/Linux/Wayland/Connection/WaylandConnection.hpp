@@ -6,6 +6,8 @@
 #include "Foundation/CallbackList.hpp"
 #include "Foundation/NonCopyable.hpp"
 
+#include <sys/types.h>
+
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -38,6 +40,9 @@ public:
     [[nodiscard]] Subscription observe(std::function<void()> handler) {
         return observers_.add(std::move(handler));
     }
+
+    /// The compositor's process; 0 if unknown.
+    [[nodiscard]] pid_t compositor() const;
 
     /// Sends what has been requested so far.
     void flush() const;
