@@ -106,6 +106,29 @@ TEST_F(Session, EndsWhenTheXServerDoes) {
     EXPECT_TRUE(process.waitForExit().has_value());
 }
 
+TEST_F(Session, EndsWithOneLineWhenTheWaylandCompositorDies) {
+    runWithTwoDisplays(apps);
+    ASSERT_TRUE(docksSettle(twoTiles));
+    auto& process = desktop().vireline();
+    desktop().killWaylandCompositor();
+    EXPECT_EQ(process.waitForExit(), 1);
+    EXPECT_EQ(desktop().log().messages().back(),
+              "the Wayland compositor has ended the connection, quitting");
+    EXPECT_EQ(desktop().log().count("the Wayland compositor"), 1);
+}
+
+TEST_F(Session, ListsTheWindowsOfItsOwnCompositorIfSwaysSocketIsAnothers) {
+    auto& desktop = make({.monitors = twoMonitors()});
+    VirtualDesktop other{testedPrograms(), {.monitors = twoMonitors(), .manager = testedManager()}};
+    desktop.environment()["SWAYSOCK"] = other.environment().at("SWAYSOCK");
+    desktop.home().install(apps[0]);
+    desktop.home().pin(std::vector{apps[0]});
+    desktop.runVireline();
+    ASSERT_TRUE(docksSettle(tiles(1)));
+    desktop.launch(apps[0]);
+    EXPECT_TRUE(dotShows(layout("right", tiles(1)).dot(0), true));
+}
+
 TEST_F(Session, PlacesItsDocksWithoutAWindowManager) {
     runWithTwoDisplays(apps, {.windowManager = false});
     EXPECT_TRUE(docksSettle(twoTiles));

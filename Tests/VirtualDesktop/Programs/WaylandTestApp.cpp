@@ -2,26 +2,19 @@
 ///
 ///     WaylandTestApp [--class ID] [--windows N] [--title TEXT] [--size WxH] [--title-bytes N]
 ///                    [--colour RRGGBB] [--delay MS] [--crash] [--ignore-close] [--activate]
-///                    [--record FILE] [--token FILE] [--sizes FILE] [--retitle TEXT]
-///                    [--drag FILE] [--form FORM] [--action XdndActionCopy|XdndActionMove]
-///                    [FILE...]
+///                    [--record FILE] [--token FILE] [--sizes FILE] [--retitle TEXT] [FILE...]
 ///
-/// Ends when its last window is closed. Without --class, its windows have no ID. With --record,
-/// writes what happens to it; with --token, the activation token that it was given; with --sizes,
-/// the size of each window, such as "320x200", whenever it is drawn; with --retitle, changes the
-/// titles once the windows have been shown for a tenth of a second; with --activate, asks for the
-/// focus with its token; with --drag, the content of that file can be dragged out of its windows.
+/// Ends when its last window is closed. With --record, writes what happens to it; with --token, the
+/// activation token that it was given; with --sizes, the size of each window, such as "320x200",
+/// whenever it is drawn; with --retitle, changes the titles once the windows have been shown for a
+/// tenth of a second; with --activate, asks for the focus with its token.
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDrag>
-#include <QMimeData>
-#include <QMouseEvent>
 #include <QTimer>
 #include <QWidget>
 #include <QWindow>
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
 #include <map>
 #include <memory>
 #include <string>
@@ -68,14 +61,6 @@ private:
     std::map<std::string, std::string> values_;
 };
 
-Qt::DropAction actionNamed(const std::string& name) {
-    return name == "XdndActionMove" ? Qt::MoveAction : Qt::CopyAction;
-}
-
-std::string nameOf(Qt::DropAction action) {
-    return action == Qt::MoveAction ? "XdndActionMove" : "XdndActionCopy";
-}
-
 class Window final : public QWidget {
 public:
     explicit Window(const Options& options) : options_(options) {
@@ -100,31 +85,8 @@ protected:
         options_.record(ignores ? "asked to close" : "closed");
         event->setAccepted(!ignores);
     }
-    void mousePressEvent(QMouseEvent* /*event*/) override {
-        if (options_.has("--drag"))
-            QTimer::singleShot(0, this, [this] { drag(); });
-    }
 
 private:
-    /// Waits until the drag is over.
-    void drag() {
-        std::ifstream file{options_.text("--drag"), std::ios::binary};
-        const std::string content{std::istreambuf_iterator<char>{file}, {}};
-        auto* const data = new QMimeData;
-        data->setData(QString::fromStdString(options_.text("--form", "text/uri-list")),
-                      QByteArray::fromStdString(content));
-        auto* const drag = new QDrag{this};
-        drag->setMimeData(data);
-        const auto report = [this](Qt::DropAction action) {
-            if (action != Qt::IgnoreAction)
-                options_.record("answer accepted " + nameOf(action));
-        };
-        QObject::connect(drag, &QDrag::actionChanged, this, report);
-        options_.record("began");
-        const auto action = drag->exec(actionNamed(options_.text("--action")));
-        options_.record(action == Qt::IgnoreAction ? "not dropped" : "done " + nameOf(action));
-    }
-
     const Options& options_;
 };
 
