@@ -91,7 +91,7 @@ xcb_window_t WindowFeatureTest::windowOf(int index) {
 PixelRect WindowFeatureTest::outerFrame(xcb_window_t window) {
     auto outer = desktop().client().frame(window).value_or(PixelRect{});
     const auto extend = [&](const std::string& property, int sign) {
-        const auto sides = desktop().client().words(window, property);
+        const auto sides = desktop().client().items(window, property);
         if (sides.size() < 4)
             return;
         const auto side = [&](std::size_t index) { return sign * static_cast<int>(sides[index]); };

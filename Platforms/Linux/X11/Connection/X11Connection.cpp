@@ -114,7 +114,7 @@ std::string X11Connection::atomName(xcb_atom_t atom) const {
     return {xcb_get_atom_name_name(reply.get()), length};
 }
 
-std::vector<std::uint32_t> X11Connection::words(xcb_window_t window, std::string_view name,
+std::vector<std::uint32_t> X11Connection::items(xcb_window_t window, std::string_view name,
                                                 xcb_atom_t type) const {
     const auto reply = property(connection_, window, atom(name), type);
     if (!reply || reply->type != type || reply->format != 32)
@@ -144,14 +144,14 @@ std::string X11Connection::bytes(xcb_window_t window, std::string_view name,
 }
 
 std::vector<xcb_atom_t> X11Connection::atoms(xcb_window_t window, std::string_view name) const {
-    return words(window, name, XCB_ATOM_ATOM);
+    return items(window, name, XCB_ATOM_ATOM);
 }
 
 std::vector<xcb_window_t> X11Connection::windows(xcb_window_t window, std::string_view name) const {
-    return words(window, name, XCB_ATOM_WINDOW);
+    return items(window, name, XCB_ATOM_WINDOW);
 }
 
-void X11Connection::setWords(xcb_window_t window, std::string_view name, xcb_atom_t type,
+void X11Connection::setItems(xcb_window_t window, std::string_view name, xcb_atom_t type,
                              std::span<const std::uint32_t> values) const {
     xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, window, atom(name), type, 32,
                         static_cast<std::uint32_t>(values.size()), values.data());
