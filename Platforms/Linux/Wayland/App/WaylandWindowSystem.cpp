@@ -73,7 +73,7 @@ std::unique_ptr<xdg::SystemTray> WaylandWindowSystem::makeTray() {
     return nullptr;
 }
 
-/// Only for panels that show the menu of a status item by themselves in no way.
+/// Needed only if a panel cannot show the menu of a status item itself.
 void WaylandWindowSystem::openAtPointer(QMenu& menu) {
     menu.popup(QCursor::pos());
 }
