@@ -87,12 +87,13 @@ TEST_F(ActivationTokensTest, AreRequestedWithTheProofOfTheLastInput) {
 
     request();
     sync();
+    sync();
 
-    EXPECT_EQ(activation.requests(), (RequestLog::Requests{
-                                         "xdg_activation_v1 get_activation_token",
-                                         "xdg_activation_token_v1 set_serial 4711",
-                                         "xdg_activation_token_v1 commit",
-                                     }));
+    EXPECT_EQ(activation.requests(),
+              (RequestLog::Requests{"xdg_activation_v1 get_activation_token",
+                                    "xdg_activation_token_v1 set_serial 4711",
+                                    "xdg_activation_token_v1 commit",
+                                    "xdg_activation_token_v1 destroy"}));
 }
 
 /// No surface of a dock has the focus, so none is named.
@@ -102,9 +103,11 @@ TEST_F(ActivationTokensTest, AreRequestedWithoutProofWhereThereIsNoInputDevice) 
 
     request();
     sync();
+    sync();
 
     EXPECT_EQ(activation.requests(), (RequestLog::Requests{"xdg_activation_v1 get_activation_token",
-                                                           "xdg_activation_token_v1 commit"}));
+                                                           "xdg_activation_token_v1 commit",
+                                                           "xdg_activation_token_v1 destroy"}));
     EXPECT_EQ(passes_.size(), 1U);
 }
 

@@ -27,6 +27,12 @@ protected:
         probe_.emplace(*connection_, output_.get(), edge, [this] { ++changes_; });
         sync();
     }
+    void close() {
+        probe_.reset();
+        output_.reset();
+        connection_.reset();
+        display_.reset();
+    }
     /// Twice, since the surface gets its content once its role is configured.
     void sync() const {
         wl_display_roundtrip(display_.get());
@@ -49,7 +55,7 @@ protected:
 TEST_F(EdgeProbeTest, IsOnePixelBeyondItsEdge) {
     for (const auto& [edge, anchor] :
          {std::pair{Edge::bottom, 2}, std::pair{Edge::left, 4}, std::pair{Edge::right, 8}}) {
-        probe_.reset();
+        close();
         open(edge);
         opening_ = shell_.requests();
         EXPECT_TRUE(isRequested("zwlr_layer_surface_v1 set_anchor " + std::to_string(anchor)));

@@ -99,6 +99,24 @@ TEST_F(MenuPopupTest, IsOnTheDisplayAsFarAsThereIsRoom) {
                                  std::to_string(-dock.y())});
 }
 
+TEST_F(MenuPopupTest, GrabsNoInputWithoutASeat) {
+    open({350, 400});
+    settle();
+
+    EXPECT_EQ(shell().requests("xdg_popup grab"), Requests{});
+}
+
+TEST_F(MenuPopupTest, GrabsTheInputOfASeat) {
+    compositor().offer(wl_seat_interface, 5);
+    settle();
+    open({350, 400});
+    settle();
+    EXPECT_EQ(shell().requests("xdg_popup grab"), Requests{"xdg_popup grab 0"});
+
+    compositor().withdraw(wl_seat_interface);
+    settle();
+}
+
 TEST_F(MenuPopupTest, ReportsThatTheCompositorHasDismissedIt) {
     open({350, 400});
     EXPECT_TRUE(eventually([&] { return menu_->isVisible(); }));

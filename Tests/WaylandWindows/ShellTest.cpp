@@ -10,7 +10,6 @@
 #include <QWindow>
 #include <array>
 #include <cstdlib>
-#include <memory>
 #include <string>
 
 namespace vireline::wayland {
@@ -39,28 +38,25 @@ struct QtOnFakeShell {
     std::optional<QApplication> application;
 };
 
-/// Exists while the tests run, since both threads have to end before the program's statics do.
-class QtEnvironment final : public testing::Environment {
-public:
-    [[nodiscard]] static QtOnFakeShell& fake() { return *fake_; }
+/// Never destroyed: Qt's plugin does not free everything, so the leak checker would complain.
+QtOnFakeShell& fake() {
+    // NOLINTNEXTLINE(cppcoreguidelines-owning-memory)
+    static auto& instance = *new QtOnFakeShell;
+    return instance;
+}
 
-private:
-    void SetUp() override { fake_ = std::make_unique<QtOnFakeShell>(); }
-    void TearDown() override { fake_.reset(); }
+}
 
-    static inline std::unique_ptr<QtOnFakeShell> fake_;
-};
-
-const testing::Environment* const registered =
-    testing::AddGlobalTestEnvironment(std::make_unique<QtEnvironment>().release());
-
+FakeCompositor& ShellTest::compositor() {
+    return fake().compositor;
 }
 
 FakeShell& ShellTest::shell() {
-    return QtEnvironment::fake().shell;
+    return fake().shell;
 }
 
 void ShellTest::SetUp() {
+    (void)fake();
     connection_.emplace(QtNative::display());
     appearance_.emplace("");
     screens_.emplace(*connection_, "");

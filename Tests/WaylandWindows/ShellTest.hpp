@@ -25,6 +25,7 @@ protected:
     /// Fails if the test has broken a rule of the protocols.
     void TearDown() override;
 
+    [[nodiscard]] static FakeCompositor& compositor();
     [[nodiscard]] static FakeShell& shell();
 
     /// Handles events until the condition holds; returns false after a timeout.

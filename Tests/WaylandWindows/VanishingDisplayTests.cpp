@@ -45,7 +45,8 @@ protected:
     }
 
     void showDock() {
-        dock_ = std::make_unique<LayerPanelWindow>(context(), screens().screens().front().number,
+        dock_ = std::make_unique<LayerPanelWindow>(context(),
+                                                   screens().screens().front().number.value_or(0),
                                                    Rect{300, 0, 200, 60}, listener_);
         dock_->orderFrontRegardless();
         ASSERT_TRUE(eventually([&] { return layers() == measuring + 1; }));
@@ -68,6 +69,18 @@ protected:
     std::unique_ptr<LayerPanelWindow> dock_;
     int closedMenus_ = 0;
 };
+
+class HiddenDock : public VanishingDisplay {};
+
+TEST_F(HiddenDock, HasNoSurfaceUntilItIsShownAgain) {
+    showDock();
+
+    dock_->orderOut();
+    EXPECT_TRUE(eventually([] { return layers() == measuring; }));
+
+    dock_->orderFrontRegardless();
+    EXPECT_TRUE(eventually([] { return layers() == measuring + 1; }));
+}
 
 TEST_F(VanishingDisplay, TakesItsProbesAlong) {
     unplug();
