@@ -16,7 +16,7 @@ namespace {
 using PropertyReply = Owned<xcb_get_property_reply_t>;
 
 template <class T>
-std::span<const T> items(const PropertyReply& reply) {
+std::span<const T> contentAs(const PropertyReply& reply) {
     const auto bytes = static_cast<std::size_t>(xcb_get_property_value_length(reply.get()));
     return {static_cast<const T*>(xcb_get_property_value(reply.get())), bytes / sizeof(T)};
 }
@@ -119,7 +119,7 @@ std::vector<std::uint32_t> X11Connection::items(xcb_window_t window, std::string
     const auto reply = property(connection_, window, atom(name), type);
     if (!reply || reply->type != type || reply->format != 32)
         return {};
-    const auto values = items<std::uint32_t>(reply);
+    const auto values = contentAs<std::uint32_t>(reply);
     return {values.begin(), values.end()};
 }
 
@@ -129,7 +129,7 @@ std::optional<std::string> X11Connection::text(xcb_window_t window, std::string_
         return std::nullopt;
     if (reply->type != XCB_ATOM_STRING && reply->type != atom("UTF8_STRING"))
         return std::nullopt;
-    const auto bytes = items<char>(reply);
+    const auto bytes = contentAs<char>(reply);
     return std::string{bytes.begin(), bytes.end()};
 }
 
@@ -139,7 +139,7 @@ std::string X11Connection::bytes(xcb_window_t window, std::string_view name,
     const auto reply = property(connection_, window, atom(name), typeAtom);
     if (!reply || reply->type != typeAtom || reply->format != 8)
         return {};
-    const auto bytes = items<char>(reply);
+    const auto bytes = contentAs<char>(reply);
     return {bytes.begin(), bytes.end()};
 }
 
