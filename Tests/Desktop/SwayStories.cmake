@@ -23,6 +23,8 @@ set(sway_stories
     DockPlacement.ShowsNoDock*
     DockPlacement.StandsBeyond*
     DockPlacement.TellsWhat*
+    Drop.OfAnAppAdds*
+    Drop.OnTrashTrashes*
     Edges/AutoHideAtEdge.*
     Edges/TileDragAtEdge.*
     Edges/TileMenuAtEdge.*
@@ -74,7 +76,11 @@ set(more_sway_stories
     BesideTheTiles.NothingQuitsWhileAHost*
     Click.On*
     Click.WorksOnEveryDock
+    AutoHide.ComesOutForFiles*
     DockPlacement.LeavesOutThePrimary*
+    Drop.OfAnApp*
+    Drop.OnDownloads*
+    Drop.OnTrash*
     LaunchBounce.StartsNoSecond*
     PinnedList.*
     RunningApps.Have*
