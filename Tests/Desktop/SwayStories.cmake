@@ -45,8 +45,10 @@ set(sway_stories
     SettingsWindow.ClosesOnEscape*
     SettingsWindow.IsNoApp*
     SettingsWindow.OpenedTwice*
+    StatusItem.ClosesItsOwnMenu*
     StatusItem.IsShownByAHost*
     StatusItem.OpensTheSettings*
+    StatusItem.PopsItsOwnMenuUp*
     TileDrag.Begins*
     TileDrag.Carries*
     TileDrag.EndsWithEscape*

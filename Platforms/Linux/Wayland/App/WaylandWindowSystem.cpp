@@ -9,11 +9,11 @@
 #include "Connection/QtNative.hpp"
 #include "GLib/SessionBus.hpp"
 #include "Panels/LayerPanelWindows.hpp"
+#include "Panels/PointerMenu.hpp"
 #include "StatusBar/SystemTray.hpp"
 
 #include <unistd.h>
 
-#include <QCursor>
 #include <QMenu>
 #include <QWindow>
 #include <utility>
@@ -47,7 +47,10 @@ WaylandWindowSystem::WaylandWindowSystem(xdg::SecondStarts& secondStarts, RunLoo
     , activationTokens_(connection_, runLoop,
                         [] { return InputProof{QtNative::seat(), QtNative::inputSerial()}; }) {}
 
+WaylandWindowSystem::~WaylandWindowSystem() = default;
+
 std::unique_ptr<PanelWindows> WaylandWindowSystem::makePanelWindows(xdg::Appearance& appearance) {
+    appearance_ = &appearance;
     return std::make_unique<LayerPanelWindows>(connection_, screens_, appearance);
 }
 
@@ -73,9 +76,11 @@ std::unique_ptr<xdg::SystemTray> WaylandWindowSystem::makeTray() {
     return nullptr;
 }
 
-/// Only for panels that show the menu of a status item by themselves in no way.
+/// Only for panels that do not show the menu of a status item themselves.
 void WaylandWindowSystem::openAtPointer(QMenu& menu) {
-    menu.popup(QCursor::pos());
+    pointerMenu_.reset();
+    pointerMenu_ = std::make_unique<PointerMenu>(connection_, screens_, *appearance_, menu,
+                                                 [this] { pointerMenu_.reset(); });
 }
 
 /// Qt asks the compositor with the token of the user's last action.
