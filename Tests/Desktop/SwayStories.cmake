@@ -5,19 +5,22 @@
 set(sway_stories
     AppActions.AMiddleClickLaunches*
     AppSignals.AnAppThat*
-    AutoHide.ComesOutAtAnInnerEdge*
     AutoHide.FindsAPointerThatWasThere*
-    AutoHide.WaitsFor*
+    AutoHide.WaitsForAnOpenMenu
     AutoHide.WorksAtTwiceTheScale
     BesideTheTiles.IsAnother*
     Click.BringsA*
-    Click.Hides*
+    Click.HidesAll*
     Click.Launches*
-    DisplayChange.*
-    DockPlacement.ComesBack*
+    DisplayChange.ComesBack*
+    DisplayChange.FollowsADisplayThatIsRotated
+    DisplayChange.FollowsADisplayThatMoves
+    DisplayChange.GivesADock*
+    DisplayChange.KeepsTheTiles*
+    DisplayChange.LeavesNoDock*
+    DisplayChange.ReconcilesOnce*
+    DisplayChange.TakesTheDock*
     DockPlacement.FindsTheOtherDock*
-    DockPlacement.IgnoresAPanel*
-    DockPlacement.LeavesOutTheDisplay*
     DockPlacement.MovesAway*
     DockPlacement.ReachesDisplays*
     DockPlacement.ShowsNoDock*
@@ -27,34 +30,28 @@ set(sway_stories
     Drop.OnTrashTrashes*
     Edges/AutoHideAtEdge.*
     Edges/TileDragAtEdge.*
-    Edges/TileMenuAtEdge.*
-    Every/FillBeside.*/Sway_*_Plain
-    LaunchBounce.LastsUntil*
+    Edges/TileMenuAtEdge.*/left
+    Every/FillBeside.*/Sway_bottom_Fixed_Plain
+    Every/FillBeside.*/Sway_left_Hiding_Plain
     PinnedList.FollowsAListThatIsReplaced*
-    PinnedList.Overflows*
     PinnedList.Shrinks*
     RunningApps.GetATile*
-    RunningApps.HaveOneTile*
-    RunningApps.LoseTheirTileWhenTheyQuit
     Session.EndsWithOneLine*
     Session.ListsTheWindows*
     Session.StartsOnce*
     Session.WithADisplay*
-    Session.WithoutADisplay*
     SettingsSlider.OfTheIconSizeIsDragged*
     SettingsWindow.ClosesOnEscape*
     SettingsWindow.IsNoApp*
     SettingsWindow.OpenedTwice*
     StatusItem.ClosesItsOwnMenu*
-    StatusItem.IsShownByAHost*
-    StatusItem.OpensTheSettings*
+    StatusItem.OpensTheSettingsAndQuits*
     StatusItem.PopsItsOwnMenuUp*
     TileDrag.Begins*
     TileDrag.Carries*
     TileDrag.EndsWithEscape*
     TileDrag.GoesOnFar*
     TileDrag.LeavesATile*
-    TileDrag.ShowsOnEveryDock
     TileMenu.BringsTheChosen*
     TileMenu.Closes*
     TileMenu.ListsMoreThanTen*
@@ -65,24 +62,30 @@ set(sway_stories
     Under/Fill.StopsAt*/Sway
     Under/Fill.TakesAWindow*/Sway
     Under/OpenHere.*Display/Sway
-    Under/OpenHere.WaitsFor*/Sway
-    Under/Summon.BringsAWindow*Others/Sway
-    Under/Summon.BringsAnApp*/Sway
-    Under/Summon.HidesAnApp*/Sway
+    Under/Summon.BringsAWindow*BetweenTheOthers/Sway
     Under/Summon.SummonsThe*/Sway)
 
 # These pass there too, but repeat what the ones above and the X11 runs show.
 set(more_sway_stories
     AppActions.AMiddleClickStarts*
     AppSignals.ABadge*
+    AutoHide.ComesOutAtAnInnerEdge*
+    AutoHide.ComesOutForFiles*
+    AutoHide.WaitsFor*
     BesideTheTiles.NothingQuitsWhileAHost*
+    Click.Hides*
     Click.On*
     Click.WorksOnEveryDock
-    AutoHide.ComesOutForFiles*
-    DockPlacement.LeavesOutThePrimary*
+    DisplayChange.*
+    DockPlacement.ComesBack*
+    DockPlacement.IgnoresAPanel*
+    DockPlacement.LeavesOut*
     Drop.OfAnApp*
     Drop.OnDownloads*
     Drop.OnTrash*
+    Edges/TileMenuAtEdge.*
+    Every/FillBeside.*/Sway_*_Plain
+    LaunchBounce.LastsUntil*
     LaunchBounce.StartsNoSecond*
     PinnedList.*
     RunningApps.Have*
@@ -90,15 +93,21 @@ set(more_sway_stories
     Session.Logs*
     Session.RunsWith*
     Session.StartsAgain*
+    Session.WithoutADisplay*
     SettingsSlider.*
     SettingsWindow.FollowsADrag*
     SettingsWindow.ShowsTheFactor*
+    StatusItem.IsShownByAHost*
     StatusItem.IsThereForAHost*
+    StatusItem.OpensTheSettings*
     StatusItem.OutlivesTheSessionBus
     TileDrag.MakesTheMirrored*
+    TileDrag.ShowsOnEveryDock
     TileMenu.*
     Under/OpenHere.KeepsTwo*/Sway
+    Under/OpenHere.WaitsFor*/Sway
     Under/Summon.Brings*/Sway
+    Under/Summon.HidesAnApp*/Sway
     Under/Summon.MovesTheWindow*/Sway)
 
 # This one measures the dock in the moment in which the program cannot draw.
