@@ -44,9 +44,11 @@ PixelPoint FileDrag::showWindow(const Content& content, const std::string& file)
     return {20, 20};
 }
 
+/// Drags cannot leave the output on which they begin: the X server reports the pointer to the
+/// window of that output for as long as a button is held. The last monitor has a dock.
 PixelPoint FileDrag::showPanel(const Content& content, const std::string& file) {
     constexpr int thickness = 40;
-    const Monitor& monitor = desktop_.displays().monitors.front();
+    const Monitor& monitor = desktop_.displays().monitors.back();
     program_ = &desktop_.runPanel({monitor.name, Edge::top, thickness},
                                   {content.form, file, record_.string()});
     require("shown");

@@ -22,7 +22,7 @@ public:
     };
 
     /// Shows the source in the screen's top-left corner and starts the drag. Under Wayland, it is
-    /// always a copy.
+    /// at the top of the last monitor, which the drag cannot leave, and always a copy.
     FileDrag(VirtualDesktop& desktop, const Content& content);
 
     /// The drag source's report of the target's answer, such as "accepted XdndActionCopy",

@@ -10,17 +10,21 @@ namespace vireline::desktop {
 struct WaylandDrag::Events {
     static WaylandDrag& self(void* data) { return *static_cast<WaylandDrag*>(data); }
 
-    static constexpr wl_pointer_listener pointer{
-        .enter = [](void*, wl_pointer*, std::uint32_t, wl_surface*, wl_fixed_t, wl_fixed_t) {},
-        .leave = [](void*, wl_pointer*, std::uint32_t, wl_surface*) {},
-        .motion = [](void*, wl_pointer*, std::uint32_t, wl_fixed_t, wl_fixed_t) {},
-        .button =
-            [](void* data, wl_pointer*, std::uint32_t serial, std::uint32_t, std::uint32_t,
-               std::uint32_t state) {
-                if (state == WL_POINTER_BUTTON_STATE_PRESSED)
-                    self(data).begin(serial);
-            },
-        .axis = [](void*, wl_pointer*, std::uint32_t, std::uint32_t, wl_fixed_t) {}};
+    /// Only those of the bound version; newer descriptions of the protocol have more.
+    static constexpr wl_pointer_listener pointer = [] {
+        wl_pointer_listener events{};
+        events.enter = [](void*, wl_pointer*, std::uint32_t, wl_surface*, wl_fixed_t, wl_fixed_t) {
+        };
+        events.leave = [](void*, wl_pointer*, std::uint32_t, wl_surface*) {};
+        events.motion = [](void*, wl_pointer*, std::uint32_t, wl_fixed_t, wl_fixed_t) {};
+        events.button = [](void* data, wl_pointer*, std::uint32_t serial, std::uint32_t,
+                           std::uint32_t, std::uint32_t state) {
+            if (state == WL_POINTER_BUTTON_STATE_PRESSED)
+                self(data).begin(serial);
+        };
+        events.axis = [](void*, wl_pointer*, std::uint32_t, std::uint32_t, wl_fixed_t) {};
+        return events;
+    }();
     static constexpr wl_data_source_listener source{
         .target =
             [](void* data, wl_data_source*, const char* form) {
