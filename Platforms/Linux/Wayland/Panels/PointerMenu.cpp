@@ -46,12 +46,15 @@ void PointerMenu::cover(QScreen& screen) {
             [this](ScreenCover& cover, QPoint place) { openAt(cover, place); },
             [this] { closeSoon(); },
             [this](QKeyEvent& event) { pass(event); },
-            [this] { closeSoon(); },
+            [this] {
+                popup_.reset();
+                closeSoon();
+            },
         }));
 }
 
 void PointerMenu::openAt(ScreenCover& cover, QPoint place) {
-    if (popup_ || !menu_ || cover.role() == nullptr)
+    if (popup_ || !menu_ || menu_->isVisible() || cover.role() == nullptr)
         return;
     noPointer_.stop();
     cover.takeKeyboard();

@@ -33,8 +33,9 @@ ScreenCover::ScreenCover(const LayerShellContext& context, QScreen& screen, Even
     context.connection.flush();
 }
 
-/// Ends with `surfaceAboutToBeDestroyed`.
+/// Qt 6.4 destroys the surface of a visible window before it sends `SurfaceAboutToBeDestroyed`.
 ScreenCover::~ScreenCover() {
+    role_.reset();
     destroy();
 }
 
@@ -52,10 +53,12 @@ void ScreenCover::takeKeyboard() {
 bool ScreenCover::event(QEvent* event) {
     switch (event->type()) {
     case QEvent::PlatformSurface:
-        // The surface's role must go before it does.
-        if (static_cast<QPlatformSurfaceEvent*>(event)->surfaceEventType() ==
-            QPlatformSurfaceEvent::SurfaceAboutToBeDestroyed)
+        // The surface's role must go before it does, after those of popups.
+        if (role_ && static_cast<QPlatformSurfaceEvent*>(event)->surfaceEventType() ==
+                         QPlatformSurfaceEvent::SurfaceAboutToBeDestroyed) {
+            events_.closed();
             role_.reset();
+        }
         break;
     case QEvent::Enter:
         events_.pointed(*this, static_cast<QEnterEvent*>(event)->globalPosition().toPoint());

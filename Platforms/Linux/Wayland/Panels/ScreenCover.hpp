@@ -23,7 +23,7 @@ public:
         std::function<void(ScreenCover&, QPoint)> pointed;
         std::function<void()> pressed;
         std::function<void(QKeyEvent&)> keyPressed;
-        /// The display is gone.
+        /// The display is gone. Called once or more, before the role is destroyed.
         std::function<void()> closed;
     };
 
