@@ -2,7 +2,7 @@
 #include "Storm/Model.hpp"
 
 #include <algorithm>
-#include <utility>
+#include <cmath>
 
 namespace vireline::storm {
 namespace {
@@ -90,10 +90,9 @@ std::string Model::valueOf(const DockItem& item) const {
         const TileStatus& status = found->second;
         if (status.count)
             value += ", badge " + std::to_string(*status.count);
-        // Rounded half up; storms announce whole percents.
+        // Storms announce whole percents.
         if (status.progress)
-            value +=
-                ", " + std::to_string(static_cast<int>(*status.progress * 100 + 0.5)) + " percent";
+            value += ", " + std::to_string(std::lround(*status.progress * 100)) + " percent";
     }
     return marked.contains(item.id) ? value + ", wants attention" : value;
 }
