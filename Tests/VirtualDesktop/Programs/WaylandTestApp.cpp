@@ -2,13 +2,15 @@
 ///
 ///     WaylandTestApp [--class ID] [--windows N] [--title TEXT] [--size WxH] [--title-bytes N]
 ///                    [--delay MS] [--ignore-close] [--record FILE] [--sizes FILE]
-///                    [--retitle TEXT]
+///                    [--retitle TEXT] [--titles FILE]
 ///
 /// Ends when its last window is closed. With --record, writes whether it was given an activation
 /// token; with --sizes, the size of each window, such as "320x200", whenever it is drawn; with
-/// --retitle, changes the titles once the windows have been shown for a tenth of a second.
+/// --retitle, changes the titles once the windows have been shown for a tenth of a second; with
+/// --titles, the windows have the lines of that file as titles, also once it is written again.
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFileSystemWatcher>
 #include <QTimer>
 #include <QWidget>
 #include <fstream>
@@ -66,6 +68,12 @@ int main(int count, char** arguments) {
     const auto size = values.contains("--size") ? values["--size"] : "320x200";
     const auto cross = size.find('x');
     std::vector<std::unique_ptr<Window>> windows;
+    const auto readTitles = [&] {
+        std::ifstream file{values["--titles"]};
+        std::string line;
+        for (std::size_t i = 0; i < windows.size() && std::getline(file, line); ++i)
+            windows[i]->setWindowTitle(QString::fromStdString(line));
+    };
     const auto open = [&] {
         for (int i = 0; i < number(values, "--windows", 1); ++i) {
             auto& window = windows.emplace_back(
@@ -74,11 +82,17 @@ int main(int count, char** arguments) {
             window->resize(std::stoi(size.substr(0, cross)), std::stoi(size.substr(cross + 1)));
             window->show();
         }
+        readTitles();
     };
     const auto retitle = [&] {
         for (const auto& window : windows)
             window->setWindowTitle(QString::fromStdString(values["--retitle"]));
     };
+    QFileSystemWatcher watcher;
+    if (values.contains("--titles")) {
+        watcher.addPath(QString::fromStdString(values["--titles"]));
+        QObject::connect(&watcher, &QFileSystemWatcher::fileChanged, readTitles);
+    }
     if (values.contains("--retitle"))
         QTimer::singleShot(number(values, "--delay", 0) + 100, retitle);
     QTimer::singleShot(number(values, "--delay", 0), open);
