@@ -43,16 +43,6 @@ protected:
         return desktop().windowsOf(app).at(0);
     }
 
-    /// Asks the window manager to add the state to the window, as toolkits do.
-    void demandAttention(xcb_window_t window) {
-        constexpr std::uint32_t add = 1;
-        constexpr std::uint32_t fromApplication = 1;
-        const auto& client = desktop().client();
-        client.sendToRoot(
-            window, "_NET_WM_STATE",
-            {add, client.atom("_NET_WM_STATE_DEMANDS_ATTENTION"), 0, fromApplication});
-    }
-
     /// Whether the desktop wants animations.
     bool animates = true;
     /// Longer than the interval of any timer that the program might have while it is idle.
@@ -129,7 +119,7 @@ TEST_F(AppSignals, AnAppThatDemandsAttentionIsMarkedUntilItIsActive) {
     runExpanded();
     const auto window = launch(alpha);
     static_cast<void>(launch(beta));
-    demandAttention(window);
+    desktop().demandAttention(window);
     EXPECT_TRUE(shows(mark));
     desktop().pointer().click(layout("right", tiles(2)).icon(0));
     EXPECT_TRUE(eventually([&] { return desktop().isActive(alpha); }));

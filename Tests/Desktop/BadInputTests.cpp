@@ -298,7 +298,7 @@ protected:
 
     void removeFirstApp() {
         const auto menu = openMenu(layout("right", twoTiles).icon(0));
-        ASSERT_NE(menu, xcb_window_t{XCB_NONE});
+        ASSERT_NE(menu, PixelRect{});
         choose(menu, 2, 3);
         ASSERT_TRUE(docksSettle(tiles(1)));
     }

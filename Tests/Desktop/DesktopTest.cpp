@@ -137,14 +137,14 @@ testing::AssertionResult DesktopTest::dotShows(PixelPoint dot, bool shows) {
            << "the dot at " << dot << (shows ? " does not show" : " still shows");
 }
 
-xcb_window_t DesktopTest::openMenu(PixelPoint icon) {
+PixelRect DesktopTest::openMenu(PixelPoint icon) {
     desktop().pointer().click(icon, Pointer::Button::secondary);
     if (!eventually([&] { return !desktop().docks().menus().empty(); }))
-        return XCB_NONE;
+        return {};
     return desktop().docks().menus().front();
 }
 
-xcb_window_t DesktopTest::openMenuBesideTiles(const DockLayout& dock, int pinned) {
+PixelRect DesktopTest::openMenuBesideTiles(const DockLayout& dock, int pinned) {
     // At the separator, where there is a strip even while it still grows or shrinks.
     const PixelPoint last = dock.icon(pinned - 1);
     const PixelPoint place{(last.x + dock.icon(pinned).x) / 2, last.y};
@@ -156,19 +156,25 @@ xcb_window_t DesktopTest::openMenuBesideTiles(const DockLayout& dock, int pinned
         desktop().pointer().click(place, Pointer::Button::secondary);
         return eventually([&] { return !menus().empty(); }, clickTimeout);
     }));
-    return menus().empty() ? xcb_window_t{XCB_NONE} : menus().front();
+    return menus().empty() ? PixelRect{} : menus().front();
 }
 
-void DesktopTest::choose(xcb_window_t menu, int index, int count) {
-    const auto frame = desktop().client().frame(menu).value_or(PixelRect{});
+void DesktopTest::choose(const PixelRect& menu, int index, int count) {
     desktop().pointer().click(
-        {frame.x + frame.width / 2, frame.y + frame.height * (2 * index + 1) / (2 * count)});
+        {menu.x + menu.width / 2, menu.y + menu.height * (2 * index + 1) / (2 * count)});
 }
 
 Programs testedPrograms() {
     const char* other = std::getenv("VIRELINE_TESTED_PROGRAM");
-    return {other == nullptr ? TESTED_PROGRAM : other, TEST_APP, FILE_MANAGER, NOTIFIER_HOST,
-            MONITOR_OUTPUTS};
+    return {other == nullptr ? TESTED_PROGRAM : other,
+            TEST_APP,
+            FILE_MANAGER,
+            NOTIFIER_HOST,
+            MONITOR_OUTPUTS,
+#ifdef WAYLAND_TEST_PANEL
+            WAYLAND_TEST_PANEL
+#endif
+    };
 }
 
 std::optional<VirtualDesktop::Manager> testedManager() {

@@ -65,12 +65,12 @@ protected:
     /// Waits until the running dot under the icon is shown, or is gone.
     [[nodiscard]] testing::AssertionResult dotShows(PixelPoint dot, bool shows);
 
-    /// Opens the menu of the tile at `icon` and returns its window; XCB_NONE if none opens.
-    [[nodiscard]] xcb_window_t openMenu(PixelPoint icon);
-    /// Opens the menu of the strip of a dock with so many pinned apps; XCB_NONE if none opens.
-    [[nodiscard]] xcb_window_t openMenuBesideTiles(const DockLayout& dock, int pinned);
+    /// Opens the menu of the tile at `icon` and returns its frame; empty if none opens.
+    [[nodiscard]] PixelRect openMenu(PixelPoint icon);
+    /// Opens the menu of the strip of a dock with so many pinned apps; empty if none opens.
+    [[nodiscard]] PixelRect openMenuBesideTiles(const DockLayout& dock, int pinned);
     /// Clicks one of the menu's `count` entries.
-    void choose(xcb_window_t menu, int index, int count);
+    void choose(const PixelRect& menu, int index, int count);
 
 private:
     std::unique_ptr<VirtualDesktop> desktop_;

@@ -15,7 +15,7 @@ protected:
     /// Opens Alpha's menu, which has `count` entries, and chooses one of them.
     void chooseOf(int index, int count) {
         const auto menu = openMenu(alphaTile());
-        ASSERT_NE(menu, xcb_window_t{XCB_NONE});
+        ASSERT_NE(menu, PixelRect{});
         choose(menu, index, count);
     }
 
@@ -92,7 +92,7 @@ TEST_F(TileMenu, OpensTheEntrysFolderWhereThereIsNoSuchService) {
     desktop.runVireline();
     ASSERT_TRUE(docksSettle(tiles(2)));
     const auto menu = openMenu(layout("right", tiles(2)).icon(0));
-    ASSERT_NE(menu, xcb_window_t{XCB_NONE});
+    ASSERT_NE(menu, PixelRect{});
     choose(menu, 1, 2);
     EXPECT_TRUE(logs("menu show-in-finder " + alpha.id));
     const auto folder = desktop.home().entry(alpha.id).parent_path().string() + '\n';
@@ -130,7 +130,7 @@ TEST_F(TileMenu, QuitsAllWindowsOfAnApp) {
 TEST_F(TileMenu, BringsTheChosenWindowForward) {
     runWithAlpha();
     const auto windows = launchWindows(2);
-    const auto active = [&] { return desktop().client().activeWindow(); };
+    const auto active = [&] { return desktop().activeWindow(); };
     ASSERT_TRUE(eventually([&] { return std::ranges::count(windows, active()) > 0; }));
     const auto first = active();
     // The second entry is the window that is not active.
@@ -161,27 +161,25 @@ TEST_F(TileMenu, OpensAtOnceForAnAppThatHangs) {
     const auto menu = openMenu(alphaTile());
     const auto took = std::chrono::steady_clock::now() - before;
     app.signal(SIGCONT);
-    ASSERT_NE(menu, xcb_window_t{XCB_NONE});
+    ASSERT_NE(menu, PixelRect{});
     EXPECT_LT(took, std::chrono::milliseconds{400});
-    const auto frame = desktop().client().frame(menu).value_or(PixelRect{});
-    EXPECT_GT(frame.height, 4 * 20) << "the window is listed all the same";
+    EXPECT_GT(menu.height, 4 * 20) << "the window is listed all the same";
 }
 
 TEST_F(TileMenu, ListsMoreThanTenWindowsInASubmenu) {
     runWithAlpha();
     const auto windows = launchWindows(12);
-    const auto active = [&] { return desktop().client().activeWindow(); };
+    const auto active = [&] { return desktop().activeWindow(); };
     const auto first = active();
     const auto menu = openMenu(alphaTile());
-    ASSERT_NE(menu, xcb_window_t{XCB_NONE});
+    ASSERT_NE(menu, PixelRect{});
     constexpr int listed = 10;
     constexpr int more = 1;
     choose(menu, listed, listed + more + 3);
     ASSERT_TRUE(eventually([&] { return desktop().docks().menus().size() == 2; }));
     const auto menus = desktop().docks().menus();
     const auto submenu = menus[0] == menu ? menus[1] : menus[0];
-    const auto frame = desktop().client().frame(submenu).value_or(PixelRect{});
-    EXPECT_TRUE(desktop().monitor("right").frame.contains(frame)) << frame;
+    EXPECT_TRUE(desktop().monitor("right").frame.contains(submenu)) << submenu;
     choose(submenu, 1, 2);
     EXPECT_TRUE(logs("menu window " + alpha.id));
     EXPECT_TRUE(eventually([&] { return desktop().docks().menus().empty(); }));
@@ -204,7 +202,7 @@ TEST_F(TileMenu, RemovesAnAppFromTheManualList) {
     const auto apps = someApps(2);
     runWithManualList(apps);
     const auto menu = openMenu(layout("right", tiles(2)).icon(0));
-    ASSERT_NE(menu, xcb_window_t{XCB_NONE});
+    ASSERT_NE(menu, PixelRect{});
     choose(menu, 2, 3);
     EXPECT_TRUE(logs("manual remove " + apps[0].id));
     EXPECT_TRUE(docksSettle(tiles(1)));
@@ -215,11 +213,11 @@ TEST_F(TileMenu, UndoesARemovalFromTheMenuBesideTheTiles) {
     const auto apps = someApps(2);
     runWithManualList(apps);
     const auto menu = openMenu(layout("right", tiles(2)).icon(0));
-    ASSERT_NE(menu, xcb_window_t{XCB_NONE});
+    ASSERT_NE(menu, PixelRect{});
     choose(menu, 2, 3);
     ASSERT_TRUE(docksSettle(tiles(1)));
     const auto beside = openMenuBesideTiles(layout("right", tiles(1)), 1);
-    ASSERT_NE(beside, xcb_window_t{XCB_NONE});
+    ASSERT_NE(beside, PixelRect{});
     choose(beside, 0, 3);
     EXPECT_TRUE(logs("manual undo " + apps[0].id));
     EXPECT_TRUE(docksSettle(tiles(2)));
@@ -231,7 +229,7 @@ TEST_F(TileMenu, WritesARemovalIntoThePreferencesAtOnce) {
     const auto apps = someApps(2);
     runWithManualList(apps);
     const auto menu = openMenu(layout("right", tiles(2)).icon(0));
-    ASSERT_NE(menu, xcb_window_t{XCB_NONE});
+    ASSERT_NE(menu, PixelRect{});
     choose(menu, 2, 3);
     ASSERT_TRUE(logs("manual remove " + apps[0].id));
     const auto saved = readFile(desktop().home().preferences());
@@ -244,7 +242,7 @@ TEST_F(TileMenu, WritesARemovalIntoThePreferencesAtOnce) {
 
 TEST_F(TileMenu, ClosesWithEscapeAndDoesNothing) {
     runWithAlpha();
-    ASSERT_NE(openMenu(alphaTile()), xcb_window_t{XCB_NONE});
+    ASSERT_NE(openMenu(alphaTile()), PixelRect{});
     desktop().keyboard().type(Keyboard::escape);
     EXPECT_TRUE(eventually([&] { return desktop().docks().menus().empty(); }));
     desktop().pointer().click(alphaTile());
@@ -255,9 +253,9 @@ TEST_F(TileMenu, ClosesWithEscapeAndDoesNothing) {
 
 TEST_F(TileMenu, ClosesWithAClickElsewhereThatDoesNothingElse) {
     runWithAlpha();
-    ASSERT_NE(openMenu(alphaTile()), xcb_window_t{XCB_NONE});
+    ASSERT_NE(openMenu(alphaTile()), PixelRect{});
     // The menu is visible slightly before it has grabbed the keyboard and pointer.
-    ASSERT_TRUE(eventually([&] { return desktop().keyboard().isHeld(); }));
+    ASSERT_TRUE(eventually([&] { return desktop().isKeyboardTaken(); }));
     desktop().pointer().click(desktop().monitor("left").frame.center());
     EXPECT_TRUE(eventually([&] { return desktop().docks().menus().empty(); }));
     desktop().pointer().click(alphaTile());
@@ -282,9 +280,8 @@ TEST_P(TileMenuAtEdge, OpensInsideTheDocksDisplay) {
     request.position = dockPosition(GetParam()).value_or(DockPosition::bottom);
     ASSERT_TRUE(docksSettle(request));
     const auto menu = openMenu(layout("right", request).icon(7));
-    ASSERT_NE(menu, xcb_window_t{XCB_NONE});
-    const auto frame = desktop.client().frame(menu).value_or(PixelRect{});
-    EXPECT_TRUE(desktop.monitor("right").frame.contains(frame)) << frame;
+    ASSERT_NE(menu, PixelRect{});
+    EXPECT_TRUE(desktop.monitor("right").frame.contains(menu)) << menu;
 }
 
 INSTANTIATE_TEST_SUITE_P(Edges, TileMenuAtEdge, testing::Values("bottom", "left", "right"),

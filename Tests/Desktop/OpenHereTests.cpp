@@ -13,15 +13,9 @@ protected:
     /// Sets the arguments of the app at `index`; must be called before the program runs.
     void setArguments(std::size_t index, const std::vector<std::string>& arguments) {
         App changed = apps.at(index);
+        desktop().placeWindowsOf(changed, arguments);
         changed.arguments = arguments;
         desktop().home().install(changed);
-    }
-    /// Asks the window manager to move the window's corner there.
-    void moveTo(xcb_window_t window, PixelPoint corner) {
-        constexpr std::uint32_t toPosition = 10U | 1U << 8U | 1U << 9U | 2U << 12U;
-        desktop().client().sendToRoot(window, "_NET_MOVERESIZE_WINDOW",
-                                      {toPosition, static_cast<std::uint32_t>(corner.x),
-                                       static_cast<std::uint32_t>(corner.y), 0, 0});
     }
     /// An app's argument that requests a position on that display.
     [[nodiscard]] std::string cornerOn(const std::string& monitor) {
@@ -137,7 +131,7 @@ TEST_P(OpenHere, LeavesAWindowToTheUserOnceItHasRested) {
 
     // Moved without a button held, like by a pager, a shortcut or the window menu.
     const PixelRect above = desktop().monitor("above").frame;
-    moveTo(window, {above.x + 300, above.y + 200});
+    desktop().moveWindow(window, {above.x + 300, above.y + 200});
     ASSERT_TRUE(comesOnto(window, "above"));
     // A click on the other tile is handled after the events about the window.
     desktop().client().sync();
@@ -158,7 +152,7 @@ TEST_P(OpenHere, LeavesAWindowToTheUsersHand) {
     const PixelRect above = desktop().monitor("above").frame;
     desktop().pointer().moveTo(outerFrame(window).center());
     desktop().pointer().press(Pointer::Button::primary);
-    moveTo(window, {above.x + 300, above.y + 200});
+    desktop().moveWindow(window, {above.x + 300, above.y + 200});
     ASSERT_TRUE(comesOnto(window, "above"));
     // The button is held for longer than the program's polling interval.
     const auto start = std::chrono::steady_clock::now();

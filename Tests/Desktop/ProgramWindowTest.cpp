@@ -39,12 +39,8 @@ VirtualDesktop& ProgramWindowTest::runForTheFirstTime() {
 }
 
 xcb_window_t ProgramWindowTest::window(std::string_view title) {
-    const auto& client = desktop().client();
-    for (const xcb_window_t window : client.managedWindows()) {
-        if (client.text(window, "_NET_WM_NAME") == title && client.isViewable(window))
-            return window;
-    }
-    return XCB_NONE;
+    const auto windows = desktop().windowsTitled(title);
+    return windows.empty() ? xcb_window_t{XCB_NONE} : windows.front();
 }
 
 testing::AssertionResult ProgramWindowTest::opens(std::string_view title) {
@@ -68,12 +64,11 @@ void ProgramWindowTest::startAgain() {
 void ProgramWindowTest::openSettings() {
     startAgain();
     ASSERT_TRUE(opens(settingsTitle));
-    ASSERT_TRUE(
-        eventually([&] { return desktop().client().activeWindow() == window(settingsTitle); }));
+    ASSERT_TRUE(eventually([&] { return desktop().activeWindow() == window(settingsTitle); }));
 }
 
 void ProgramWindowTest::close(std::string_view title) {
-    desktop().client().sendToRoot(window(title), "_NET_CLOSE_WINDOW", {0, 2});
+    desktop().closeWindow(window(title));
     ASSERT_TRUE(closes(title));
 }
 
@@ -92,27 +87,43 @@ bool ProgramWindowTest::has(Role role, const std::string& name) {
 }
 
 PixelRect ProgramWindowTest::bringIntoView(const BusObject& control) {
-    const auto& client = desktop().client();
-    const auto settings = client.frame(window(settingsTitle)).value_or(PixelRect{});
+    const auto settings = desktop().frameOf(window(settingsTitle)).value_or(PixelRect{});
     desktop().pointer().moveTo({settings.x + 3, settings.y + settings.height / 2});
-    const auto tree = desktop().controls();
     constexpr int mostTurns = 60;
-    for (int i = 0; i < mostTurns && !liesIn(tree.frame(control), settings); ++i) {
-        const auto before = tree.frame(control);
+    for (int i = 0; i < mostTurns && !liesIn(frameOf(control), settings); ++i) {
+        const auto before = frameOf(control);
         const bool isBelow = before.bottom() > settings.bottom();
         const auto wheel = isBelow ? Pointer::Button::wheelDown : Pointer::Button::wheelUp;
         desktop().pointer().press(wheel);
         desktop().pointer().release(wheel);
-        static_cast<void>(eventually([&] { return tree.frame(control) != before; },
-                                     std::chrono::milliseconds{500}));
+        static_cast<void>(
+            eventually([&] { return frameOf(control) != before; }, std::chrono::milliseconds{500}));
     }
-    return tree.frame(control);
+    return frameOf(control);
+}
+
+PixelRect ProgramWindowTest::frameOf(const BusObject& control) {
+    const auto tree = desktop().controls();
+    PixelRect frame = tree.frame(control);
+    if (!desktop().isWayland())
+        return frame;
+    // Programs do not know where their windows are.
+    for (const std::string_view title : {settingsTitle, tourTitle}) {
+        const auto root = tree.find(Role::frame, std::string{title});
+        const auto seen = desktop().frameOf(window(title));
+        if (!root || !seen)
+            continue;
+        const PixelRect reported = tree.frame(*root);
+        frame.x += seen->x - reported.x;
+        frame.y += seen->y - reported.y;
+        break;
+    }
+    return frame;
 }
 
 void ProgramWindowTest::click(Role role, const std::string& name) {
     const auto found = control(role, name);
-    const auto frame = window(settingsTitle) != XCB_NONE ? bringIntoView(found)
-                                                         : desktop().controls().frame(found);
+    const auto frame = window(settingsTitle) != XCB_NONE ? bringIntoView(found) : frameOf(found);
     desktop().pointer().click(frame.center());
 }
 

@@ -39,6 +39,8 @@ protected:
     /// Waits for the control; throws if it does not appear.
     [[nodiscard]] BusObject control(Role role, const std::string& name);
     [[nodiscard]] bool has(Role role, const std::string& name);
+    /// The control's frame on the screen. On a Wayland desktop, only one window may be open.
+    [[nodiscard]] PixelRect frameOf(const BusObject& control);
     /// Scrolls the settings until the whole control is visible; returns its frame.
     [[nodiscard]] PixelRect bringIntoView(const BusObject& control);
     /// Clicks the centre of a control.

@@ -41,6 +41,7 @@ TEST_F(Session, WithoutADisplayEndsWithOneLine) {
     make({});
     Environment environment = desktop().environment();
     environment.erase("DISPLAY");
+    environment.erase("WAYLAND_DISPLAY");
     const auto end = runToTheEnd(environment);
     EXPECT_EQ(end.exitCode, 1);
     EXPECT_EQ(lineCount(end.errors), 1) << end.errors;
@@ -50,7 +51,7 @@ TEST_F(Session, WithoutADisplayEndsWithOneLine) {
 TEST_F(Session, WithADisplayThatIsNotThereEndsWithOneLine) {
     make({});
     Environment environment = desktop().environment();
-    environment["DISPLAY"] = ":64321";
+    environment[desktop().isWayland() ? "WAYLAND_DISPLAY" : "DISPLAY"] = ":64321";
     const auto end = runToTheEnd(environment);
     EXPECT_EQ(end.exitCode, 1);
     EXPECT_EQ(lineCount(end.errors), 1) << end.errors;
@@ -103,6 +104,33 @@ TEST_F(Session, EndsWhenTheXServerDoes) {
     auto& process = desktop().vireline();
     desktop().stopServer();
     EXPECT_TRUE(process.waitForExit().has_value());
+}
+
+TEST_F(Session, EndsWithOneLineWhenTheWaylandCompositorDies) {
+    runWithTwoDisplays(apps);
+    if (!desktop().isWayland())
+        GTEST_SKIP() << "needs a Wayland compositor";
+    ASSERT_TRUE(docksSettle(twoTiles));
+    auto& process = desktop().vireline();
+    desktop().killWaylandCompositor();
+    EXPECT_EQ(process.waitForExit(), 1);
+    EXPECT_EQ(desktop().log().messages().back(),
+              "the Wayland compositor has ended the connection, quitting");
+    EXPECT_EQ(desktop().log().count("the Wayland compositor"), 1);
+}
+
+TEST_F(Session, ListsTheWindowsOfItsOwnCompositorIfSwaysSocketIsAnothers) {
+    if (testedManager() != VirtualDesktop::Manager::sway)
+        GTEST_SKIP() << "needs sway";
+    auto& desktop = make({.monitors = twoMonitors()});
+    VirtualDesktop other{testedPrograms(), {.monitors = twoMonitors(), .manager = testedManager()}};
+    desktop.environment()["SWAYSOCK"] = other.environment().at("SWAYSOCK");
+    desktop.home().install(apps[0]);
+    desktop.home().pin(std::vector{apps[0]});
+    desktop.runVireline();
+    ASSERT_TRUE(docksSettle(tiles(1)));
+    desktop.launch(apps[0]);
+    EXPECT_TRUE(dotShows(layout("right", tiles(1)).dot(0), true));
 }
 
 TEST_F(Session, PlacesItsDocksWithoutAWindowManager) {

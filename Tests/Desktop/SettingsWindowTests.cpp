@@ -18,12 +18,7 @@ TEST_F(SettingsWindow, OpenedTwiceIsOneWindow) {
     openSettings();
 
     EXPECT_EQ(window(settingsTitle), first);
-    EXPECT_EQ(std::ranges::count_if(desktop().client().managedWindows(),
-                                    [&](xcb_window_t managed) {
-                                        return desktop().client().text(managed, "_NET_WM_NAME") ==
-                                               settingsTitle;
-                                    }),
-              1);
+    EXPECT_EQ(desktop().windowsTitled(settingsTitle).size(), 1U);
 }
 
 TEST_F(SettingsWindow, IsAsLargeAsItShouldBeAndInTheMiddleOfTheDisplayWithThePointer) {

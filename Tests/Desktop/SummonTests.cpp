@@ -71,7 +71,7 @@ TEST_P(Summon, BringsAWindowFromThePrimaryDisplayToTheOneAtItsSide) {
 TEST_P(Summon, SummonsTheFrontmostAppInsteadOfHidingIt) {
     runWith(summonOnClick);
     const auto window = open(0, placeOn("main"));
-    ASSERT_EQ(desktop().client().activeWindow(), window);
+    ASSERT_EQ(desktop().activeWindow(), window);
 
     summonTo("side");
 
@@ -121,7 +121,7 @@ TEST_P(Summon, MovesTheWindowThatWasActiveLastAndNoOther) {
     open(0, {main.x + 100, main.y + 120}, {"--windows", "3"});
     ASSERT_TRUE(eventually([&] {
         const auto windows = desktop().visibleWindowsOf(apps[0]);
-        return windows.size() == 3 && desktop().client().activeWindow() == windows.back();
+        return windows.size() == 3 && desktop().activeWindow() == windows.back();
     }));
     const auto windows = desktop().windowsOf(apps[0]);
     const auto before = outerFrame(windows[0]);
@@ -138,7 +138,7 @@ TEST_P(Summon, BringsTheWindowThatIsChosenInTheMenu) {
     runWith(summonOnClick);
     const auto window = open(0, placeOn("main"));
     const auto menu = openMenu(tile("side"));
-    ASSERT_NE(menu, xcb_window_t{XCB_NONE});
+    ASSERT_NE(menu, PixelRect{});
     // The window, a separator, "Show", "Show in" and "Quit".
     choose(menu, 0, 5);
     EXPECT_TRUE(comesToMiddle(window, "side"));

@@ -145,7 +145,7 @@ TEST_F(TileDrag, EndsWithEscapeAndLeavesTheListAlone) {
     run();
     drag(0, 2);
     ASSERT_TRUE(turns(tile(0), beta.colour));
-    ASSERT_TRUE(eventually([&] { return desktop().keyboard().isHeld(); }));
+    ASSERT_TRUE(eventually([&] { return desktop().isKeyboardTaken(); }));
     desktop().keyboard().type(Keyboard::escape);
     expectTiles({alpha, beta, gamma});
     letGo();
@@ -157,13 +157,13 @@ TEST_F(TileDrag, EndsWithEscapeAndLeavesTheListAlone) {
 
 TEST_F(TileDrag, GivesTheKeyboardBack) {
     run();
-    EXPECT_FALSE(desktop().keyboard().isHeld());
+    EXPECT_FALSE(desktop().isKeyboardTaken());
     drag(0, 1);
     // Must come first, because checking the grab takes it for a moment.
     ASSERT_TRUE(turns(tile(0), beta.colour));
-    EXPECT_TRUE(eventually([&] { return desktop().keyboard().isHeld(); }));
+    EXPECT_TRUE(eventually([&] { return desktop().isKeyboardTaken(); }));
     letGo();
-    EXPECT_TRUE(eventually([&] { return !desktop().keyboard().isHeld(); }));
+    EXPECT_TRUE(eventually([&] { return !desktop().isKeyboardTaken(); }));
 }
 
 TEST_F(TileDrag, GoesOnFarFromTheDock) {
@@ -211,7 +211,7 @@ TEST_F(TileDrag, IsOffWhenItsTileLeavesTheList) {
     ASSERT_TRUE(docksSettle(request));
     letGo();
     expectTiles({beta, gamma});
-    EXPECT_TRUE(eventually([&] { return !desktop().keyboard().isHeld(); }));
+    EXPECT_TRUE(eventually([&] { return !desktop().isKeyboardTaken(); }));
     EXPECT_EQ(desktop().log().count("manual"), 0);
 }
 
@@ -222,7 +222,7 @@ TEST_F(TileDrag, IsUndoneFromTheMenuBesideTheTiles) {
     expectTiles({beta, gamma, alpha});
 
     const auto menu = openMenuBesideTiles(layout(display, request), 3);
-    ASSERT_NE(menu, xcb_window_t{XCB_NONE});
+    ASSERT_NE(menu, PixelRect{});
     choose(menu, 0, 3);
 
     EXPECT_TRUE(logs("manual undo " + alpha.id));

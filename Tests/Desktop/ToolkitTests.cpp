@@ -157,7 +157,7 @@ TEST_P(ToolkitWindows, AreReadOutByTheirTitlesAndTheChosenOneComesForward) {
     activate(shown);
     iconify(hidden);
 
-    ASSERT_NE(openMenu(alphaTile()), xcb_window_t{XCB_NONE});
+    ASSERT_NE(openMenu(alphaTile()), PixelRect{});
     ASSERT_TRUE(eventually([&] { return desktop().keyboard().isHeld(); }));
     const auto isReadOut = [&](const std::string& title) {
         const auto item = events.lastSource("StateChanged focused");
@@ -181,7 +181,7 @@ TEST_P(ToolkitWindows, AreListedAtOnceWhileTheAppHangs) {
     const auto menu = openMenu(alphaTile());
     const auto took = std::chrono::steady_clock::now() - before;
     signalAll(SIGCONT);
-    ASSERT_NE(menu, xcb_window_t{XCB_NONE});
+    ASSERT_NE(menu, PixelRect{});
     EXPECT_LT(took, std::chrono::milliseconds{400});
     // Two windows, a separator, an action, a separator, "Show", "Show in" and "Quit".
     const auto last = isActive("One") ? "Two" : "One";

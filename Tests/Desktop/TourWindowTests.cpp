@@ -80,7 +80,7 @@ TEST_F(TourWindow, ComesBackAfterItWasClosedUnfinished) {
 TEST_F(TourWindow, GoesByKeyboard) {
     runForTheFirstTime();
     ASSERT_TRUE(opens(tourTitle));
-    ASSERT_TRUE(eventually([&] { return desktop().client().activeWindow() == window(tourTitle); }));
+    ASSERT_TRUE(eventually([&] { return desktop().activeWindow() == window(tourTitle); }));
 
     desktop().keyboard().type(Keyboard::enter);
     EXPECT_TRUE(says("It behaves like the real thing"));

@@ -75,7 +75,9 @@ protected:
 };
 
 [[nodiscard]] inline auto eachManager() {
-    return testing::Values(VirtualDesktop::Manager::openbox, VirtualDesktop::Manager::xfwm4);
+    // Only the stories that are listed for it run under sway.
+    return testing::Values(VirtualDesktop::Manager::openbox, VirtualDesktop::Manager::xfwm4,
+                           VirtualDesktop::Manager::sway);
 }
 
 [[nodiscard]] std::string nameOf(VirtualDesktop::Manager manager);

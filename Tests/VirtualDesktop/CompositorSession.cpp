@@ -1,12 +1,13 @@
 #include "VirtualDesktop/CompositorSession.hpp"
 
-#include "VirtualDesktop/Picture.hpp"
-
 #include <algorithm>
 #include <array>
 
 namespace vireline::desktop {
 namespace {
+
+/// Of the menus of Qt's style that the program uses without a desktop's settings.
+constexpr Colour menuColour{0xff, 0xff, 0xff};
 
 /// FNV-1a, as documented for the program's log.
 std::uint32_t idOf(std::string_view name) {
@@ -68,11 +69,17 @@ std::map<std::string, std::uint32_t> CompositorSession::displayIDs() const {
     return ids;
 }
 
+std::string CompositorSession::outputOf(const std::string& monitor) const {
+    const auto found = std::ranges::find_if(
+        outputs_, [&](const Output& output) { return output.monitor.name == monitor; });
+    return found == outputs_.end() ? std::string{} : found->name;
+}
+
 std::vector<DockWindow> CompositorSession::shown() const {
     std::vector<DockWindow> docks;
     for (const Output& output : outputs_) {
         const auto& frame = output.monitor.frame;
-        const PixelRect seen = content(Picture::ofScreen(client_, frame), background_);
+        const PixelRect seen = content(emptied(output), background_);
         if (seen != PixelRect{}) {
             docks.push_back({idOf(output.name),
                              {frame.x + seen.x, frame.y + seen.y, seen.width, seen.height},
@@ -81,6 +88,35 @@ std::vector<DockWindow> CompositorSession::shown() const {
     }
     std::ranges::sort(docks, {}, &DockWindow::displayID);
     return docks;
+}
+
+std::vector<PixelRect> CompositorSession::menus() const {
+    std::vector<PixelRect> menus;
+    for (const Output& output : outputs_) {
+        const auto& frame = output.monitor.frame;
+        for (PixelRect menu : emptied(output).areas(menuColour)) {
+            menu.x += frame.x;
+            menu.y += frame.y;
+            menus.push_back(menu);
+        }
+    }
+    return menus;
+}
+
+Picture CompositorSession::emptied(const Output& output) const {
+    const auto& frame = output.monitor.frame;
+    Picture picture = Picture::ofScreen(client_, frame);
+    std::vector<PixelRect> covers = windowFrames();
+    covers.insert(covers.end(), ignored_.begin(), ignored_.end());
+    for (const PixelRect& cover : covers) {
+        const int right = std::min(cover.right(), frame.right());
+        const int bottom = std::min(cover.bottom(), frame.bottom());
+        for (int y = std::max(cover.y, frame.y); y < bottom; ++y) {
+            for (int x = std::max(cover.x, frame.x); x < right; ++x)
+                picture.set(x - frame.x, y - frame.y, background_);
+        }
+    }
+    return picture;
 }
 
 }

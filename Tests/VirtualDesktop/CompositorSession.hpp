@@ -7,6 +7,7 @@
 #include "VirtualDesktop/Colour.hpp"
 #include "VirtualDesktop/DockWindows.hpp"
 #include "VirtualDesktop/Monitors.hpp"
+#include "VirtualDesktop/Picture.hpp"
 #include "VirtualDesktop/XClient.hpp"
 
 #include <cstdint>
@@ -35,9 +36,22 @@ public:
     /// The display IDs by monitor, which the program derives from outputs' names.
     [[nodiscard]] std::map<std::string, std::uint32_t> displayIDs() const;
 
+    /// The name of the output that is this monitor.
+    [[nodiscard]] std::string outputOf(const std::string& monitor) const;
+
+    /// Where the layout begins on the screen.
+    [[nodiscard]] virtual PixelPoint origin() const { return {}; }
+
     /// The docks that can be seen: what differs from the empty desktop, on each output. Their
     /// windows are those of the outputs.
     [[nodiscard]] std::vector<DockWindow> shown() const;
+
+    /// The program's popup menus that can be seen, by their colour.
+    [[nodiscard]] std::vector<PixelRect> menus() const;
+
+    /// Areas with something that is neither a dock nor a window.
+    void ignore(const PixelRect& area) { ignored_.push_back(area); }
+    void ignoreNothing() { ignored_.clear(); }
 
     /// Ends it abruptly.
     virtual void kill() const = 0;
@@ -57,6 +71,10 @@ protected:
     [[nodiscard]] std::vector<Output>& outputs() noexcept { return outputs_; }
     [[nodiscard]] const std::vector<Output>& outputs() const noexcept { return outputs_; }
 
+    /// The frames of visible windows, which are not taken for docks; none if the compositor does
+    /// not tell them.
+    [[nodiscard]] virtual std::vector<PixelRect> windowFrames() const { return {}; }
+
     /// The window of an output that is not among `outputs`, and its title without this beginning.
     [[nodiscard]] std::optional<Output> newOutput(std::string_view titleBeginning) const;
 
@@ -64,9 +82,13 @@ protected:
     void placeWindow(Output& output, const Monitor& monitor) const;
 
 private:
+    /// What the output shows, with windows and what is ignored in the colour of the background.
+    [[nodiscard]] Picture emptied(const Output& output) const;
+
     const XClient& client_;
     Colour background_;
     std::vector<Output> outputs_;
+    std::vector<PixelRect> ignored_;
 };
 
 }

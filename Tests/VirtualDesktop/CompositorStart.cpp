@@ -9,7 +9,8 @@ std::unique_ptr<CompositorSession> startCompositor(const XClient& client,
                                                    const CompositorStart& start) {
     const auto folder = start.home.scratch() / shortName(start.compositor);
     if (start.compositor == WindowManager::sway)
-        return std::make_unique<SwaySession>(client, start.display, folder, start.monitors);
+        return std::make_unique<SwaySession>(client, start.display, folder, start.monitors,
+                                             start.scales);
     if (!start.permitted.empty()) {
         start.home.installEntry("vireline", "[Desktop Entry]\nType=Application\nName=Vireline\n"
                                             "X-KDE-Wayland-Interfaces="

@@ -6,6 +6,7 @@
 #include "VirtualDesktop/WindowManagers.hpp"
 
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -18,6 +19,8 @@ struct CompositorStart {
     std::string display;
     std::string sessionBus;
     std::vector<Monitor> monitors;
+    /// Pixels per point, by monitor, where that is not 1. Only for sway.
+    std::map<std::string, double> scales;
     /// The program for which KWin lists windows, by a desktop entry in the home; none if empty.
     std::filesystem::path permitted;
 };

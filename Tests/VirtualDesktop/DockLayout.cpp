@@ -70,9 +70,10 @@ PixelRect panelFrame(const Monitor& monitor, Edge edge, int thickness) {
     return frame;
 }
 
-void Displays::sortForWayland(const std::map<std::string, std::uint32_t>& current) {
-    std::ranges::sort(monitors, {}, [](const Monitor& monitor) {
-        return std::abs(monitor.frame.x) + std::abs(monitor.frame.y);
+void Displays::sortForWayland(const std::map<std::string, std::uint32_t>& current,
+                              PixelPoint origin) {
+    std::ranges::sort(monitors, {}, [origin](const Monitor& monitor) {
+        return std::abs(monitor.frame.x - origin.x) + std::abs(monitor.frame.y - origin.y);
     });
     for (const auto& [monitor, id] : current)
         ids.insert_or_assign(monitor, id);

@@ -43,7 +43,7 @@ struct Displays {
 
     /// Puts the monitors in the program's order: Wayland has no primary display, so the one at the
     /// layout's origin counts as such. The IDs of outputs that are gone stay known.
-    void sortForWayland(const std::map<std::string, std::uint32_t>& current);
+    void sortForWayland(const std::map<std::string, std::uint32_t>& current, PixelPoint origin);
 
     [[nodiscard]] std::uint32_t idOf(const XClient& client, const std::string& monitor) const;
     [[nodiscard]] double scale(const std::string& monitor) const;

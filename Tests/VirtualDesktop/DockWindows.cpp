@@ -84,14 +84,18 @@ bool DockWindows::isAbove(xcb_window_t upper, xcb_window_t lower) const {
     return place(upper) > place(lower);
 }
 
-std::vector<xcb_window_t> DockWindows::menus() const {
+std::vector<PixelRect> DockWindows::menus() const {
+    if (session_ != nullptr)
+        return session_->menus();
     constexpr std::string_view programsClass{"vireline\0Vireline\0", 18};
-    std::vector<xcb_window_t> menus;
+    std::vector<PixelRect> menus;
     for (const xcb_window_t window : client_.children(client_.root())) {
         if (client_.overridesRedirect(window) && client_.isViewable(window) &&
             client_.text(window, "WM_CLASS") == programsClass &&
-            !displayIDOf(client_.text(window, "_NET_WM_NAME")))
-            menus.push_back(window);
+            !displayIDOf(client_.text(window, "_NET_WM_NAME"))) {
+            if (const auto frame = client_.frame(window))
+                menus.push_back(*frame);
+        }
     }
     return menus;
 }

@@ -45,8 +45,9 @@ public:
     /// Whether `upper` covers `lower` where they overlap.
     [[nodiscard]] bool isAbove(xcb_window_t upper, xcb_window_t lower) const;
 
-    /// The program's popup menus: its visible override-redirect windows other than docks.
-    [[nodiscard]] std::vector<xcb_window_t> menus() const;
+    /// The frames of the program's popup menus. On an X desktop, these are its visible
+    /// override-redirect windows other than docks.
+    [[nodiscard]] std::vector<PixelRect> menus() const;
 
 private:
     const XClient& client_;

@@ -3,6 +3,7 @@
 #include <png.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <stdexcept>
 
@@ -81,6 +82,53 @@ PixelRect Picture::bounds(Colour colour) const {
     if (right == 0)
         return {};
     return {left, top, right - left, bottom - top};
+}
+
+std::vector<PixelRect> Picture::areas(Colour colour) const {
+    constexpr int smallest = 24;
+    constexpr int frameWidth = 4;
+    std::vector<PixelRect> areas;
+    std::vector<bool> isSeen(pixels_.size());
+    std::vector<PixelPoint> open;
+    const auto visit = [&](int x, int y) {
+        if (x < 0 || y < 0 || x >= width_ || y >= height_ || isSeen[index(x, y)] ||
+            pixels_[index(x, y)] != colour)
+            return;
+        isSeen[index(x, y)] = true;
+        open.push_back({x, y});
+    };
+    const auto add = [&](const PixelRect& area) {
+        if (area.width < smallest)
+            return;
+        const auto same = std::ranges::find_if(areas, [&](const PixelRect& other) {
+            return std::abs(other.x - area.x) <= frameWidth &&
+                   std::abs(other.right() - area.right()) <= frameWidth;
+        });
+        if (same == areas.end())
+            areas.push_back(area);
+        else
+            same->height = area.bottom() - same->y;
+    };
+    for (int y = 0; y < height_; ++y) {
+        for (int x = 0; x < width_; ++x) {
+            visit(x, y);
+            PixelRect area{x, y, 0, 0};
+            while (!open.empty()) {
+                const PixelPoint next = open.back();
+                open.pop_back();
+                const int left = std::min(area.x, next.x);
+                area.width = std::max(area.right(), next.x + 1) - left;
+                area.x = left;
+                area.height = std::max(area.height, next.y + 1 - area.y);
+                visit(next.x - 1, next.y);
+                visit(next.x + 1, next.y);
+                visit(next.x, next.y - 1);
+                visit(next.x, next.y + 1);
+            }
+            add(area);
+        }
+    }
+    return areas;
 }
 
 bool Picture::writePNG(const std::filesystem::path& file) const {

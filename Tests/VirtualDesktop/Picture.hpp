@@ -33,6 +33,10 @@ public:
     /// The bounding rectangle of all pixels of this colour; empty if there are none.
     [[nodiscard]] PixelRect bounds(Colour colour) const;
 
+    /// The bounding rectangles of the large areas of this colour, from top to bottom. Parts with
+    /// the same left and right edge are one area.
+    [[nodiscard]] std::vector<PixelRect> areas(Colour colour) const;
+
     /// Returns false if the file cannot be written.
     bool writePNG(const std::filesystem::path& file) const;
 

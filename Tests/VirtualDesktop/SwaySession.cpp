@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <csignal>
 #include <cstdlib>
 #include <stdexcept>
@@ -22,7 +23,9 @@ constexpr Colour background{0x33, 0x55, 0x77};
 constexpr std::string_view configuration = "xwayland disable\n"
                                            "output * bg #335577 solid_color\n"
                                            "focus_follows_mouse no\n"
-                                           "default_border none\n";
+                                           "default_border none\n"
+                                           "default_floating_border none\n"
+                                           "for_window [shell=\".*\"] floating enable\n";
 constexpr std::string_view windowTitle = "wlroots - ";
 
 /// It asks only for atoms that exist already, and without them its windows have no titles and
@@ -50,8 +53,12 @@ void demand(bool holds, const char* what) {
 }
 
 SwaySession::SwaySession(const XClient& client, const std::string& display, fs::path folder,
-                         const std::vector<Monitor>& monitors)
-    : CompositorSession(client, background), folder_(std::move(folder)) {
+                         const std::vector<Monitor>& monitors, std::map<std::string, double> scales)
+    : CompositorSession(client, background)
+    , folder_(std::move(folder))
+    , scales_(std::move(scales)) {
+    if (!monitors.empty())
+        origin_ = {monitors.front().frame.x, monitors.front().frame.y};
     makeAtoms(client);
     fs::create_directories(folder_);
     start(display, monitors.size());
@@ -64,6 +71,15 @@ SwaySession::SwaySession(const XClient& client, const std::string& display, fs::
     std::ranges::sort(outputs(), {}, &Output::name);
     for (std::size_t i = 0; i < monitors.size(); ++i)
         place(outputs()[i], monitors[i]);
+    takeKeyboard();
+}
+
+/// Without that, keys would reach sway only while the pointer is over one of its windows.
+void SwaySession::takeKeyboard() const {
+    if (!outputs().empty())
+        xcb_set_input_focus(client().get(), XCB_INPUT_FOCUS_POINTER_ROOT, outputs().front().window,
+                            XCB_CURRENT_TIME);
+    client().sync();
 }
 
 /// As root, sway refuses to run.
@@ -100,6 +116,7 @@ void SwaySession::start(const std::string& display, std::size_t outputs) {
                return !socket_.empty() && !fileIn(folder_, "wayland-").empty();
            }),
            "sway does not start");
+    control_ = SwayControl{socket_};
 }
 
 Environment SwaySession::environment() const {
@@ -109,23 +126,12 @@ Environment SwaySession::environment() const {
             {"XDG_CURRENT_DESKTOP", "sway"}};
 }
 
-void SwaySession::command(const std::vector<std::string>& words) const {
-    const char* const path = std::getenv("PATH");
-    std::vector<std::string> arguments{"--socket", socket_, "--"};
-    arguments.insert(arguments.end(), words.begin(), words.end());
-    ChildProcess message{{.program = "swaymsg",
-                          .arguments = std::move(arguments),
-                          .environment = {{"PATH", path == nullptr ? "/usr/bin:/bin" : path}},
-                          .output = {},
-                          .errors = folder_.string() + "-messages.log",
-                          .inherited = {}}};
-    demand(message.waitForExit() == 0, "sway refuses a command");
-}
-
 void SwaySession::place(Output& output, const Monitor& monitor) const {
     placeWindow(output, monitor);
     const auto& frame = monitor.frame;
-    command({"output", output.name, "position", std::to_string(frame.x), std::to_string(frame.y)});
+    control_.command("output " + output.name + " position " + std::to_string(frame.x - origin_.x) +
+                     ' ' + std::to_string(frame.y - origin_.y) + " scale " +
+                     std::to_string(scale(monitor)));
 }
 
 void SwaySession::close(const Output& output) const {
@@ -158,13 +164,69 @@ void SwaySession::setMonitors(const std::vector<Monitor>& monitors) {
                 place(*known, monitor);
             continue;
         }
-        command({"create_output"});
+        control_.command("create_output");
         std::optional<Output> made;
         demand(eventually([&] { return (made = newOutput(windowTitle)).has_value(); }),
                "sway adds no output");
         place(*made, monitor);
         outputs().push_back(*made);
     }
+    takeKeyboard();
+}
+
+double SwaySession::scale(const Monitor& monitor) const {
+    const auto found = scales_.find(monitor.name);
+    return found == scales_.end() ? 1 : found->second;
+}
+
+PixelRect SwaySession::frameOf(const Output& output) const {
+    const auto& frame = output.monitor.frame;
+    const double factor = scale(output.monitor);
+    return {frame.x - origin_.x, frame.y - origin_.y,
+            static_cast<int>(std::lround(frame.width / factor)),
+            static_cast<int>(std::lround(frame.height / factor))};
+}
+
+PixelPoint SwaySession::toLayout(PixelPoint place) const {
+    const auto on = std::ranges::find_if(
+        outputs(), [&](const Output& output) { return output.monitor.frame.contains(place); });
+    if (on == outputs().end())
+        return {place.x - origin_.x, place.y - origin_.y};
+    const auto& pixels = on->monitor.frame;
+    const PixelRect layout = frameOf(*on);
+    const double factor = scale(on->monitor);
+    return {layout.x + static_cast<int>(std::lround((place.x - pixels.x) / factor)),
+            layout.y + static_cast<int>(std::lround((place.y - pixels.y) / factor))};
+}
+
+std::vector<SwayControl::Window> SwaySession::windows() const {
+    auto windows = control_.windows();
+    for (auto& window : windows) {
+        const auto on = std::ranges::find_if(outputs(), [&](const Output& output) {
+            return frameOf(output).contains(window.frame.center());
+        });
+        if (on == outputs().end())
+            continue;
+        const auto& corner = on->monitor.frame;
+        const PixelRect layout = frameOf(*on);
+        const double factor = scale(on->monitor);
+        const auto pixels = [factor](int points) {
+            return static_cast<int>(std::lround(points * factor));
+        };
+        window.frame = {corner.x + pixels(window.frame.x - layout.x),
+                        corner.y + pixels(window.frame.y - layout.y), pixels(window.frame.width),
+                        pixels(window.frame.height)};
+    }
+    return windows;
+}
+
+std::vector<PixelRect> SwaySession::windowFrames() const {
+    std::vector<PixelRect> frames;
+    for (const auto& window : windows()) {
+        if (window.isVisible)
+            frames.push_back(window.frame);
+    }
+    return frames;
 }
 
 void SwaySession::kill() const {

@@ -2,11 +2,11 @@
 
 #include "VirtualDesktop/CompositorStart.hpp"
 #include "VirtualDesktop/ManagerState.hpp"
+#include "VirtualDesktop/SwaySession.hpp"
 #include "VirtualDesktop/Waiting.hpp"
 
 #include <algorithm>
 #include <csignal>
-#include <fstream>
 #include <iterator>
 #include <stdexcept>
 
@@ -52,7 +52,7 @@ VirtualDesktop::VirtualDesktop(Programs programs, const Options& options)
     displays_.scales = options.scales;
     environment_ = home_.environment();
     environment_["DISPLAY"] = server_.display();
-    if (!options.scales.empty())
+    if (!options.scales.empty() && !desktop::isWayland(manager_))
         environment_["QT_SCREEN_SCALE_FACTORS"] = displays_.scaleFactors();
     if (options.installedApps)
         environment_["XDG_DATA_DIRS"] += std::string{":"} + installedData;
@@ -74,7 +74,7 @@ void VirtualDesktop::setMonitors(const std::vector<Monitor>& monitors) {
     displays_.monitors = monitors;
     if (session_) {
         session_->setMonitors(monitors);
-        displays_.sortForWayland(session_->displayIDs());
+        displays_.sortForWayland(session_->displayIDs(), session_->origin());
     } else if (hasOutputs_) {
         setOutputs(*client_, monitors);
     } else {
@@ -101,8 +101,10 @@ void VirtualDesktop::startSession(const Options& options) {
                    .display = server_.display(),
                    .sessionBus = environment_["DBUS_SESSION_BUS_ADDRESS"],
                    .monitors = options.monitors,
+                   .scales = options.scales,
                    .permitted = options.isPermitted ? programs_.vireline : fs::path{}});
-    displays_.sortForWayland(session_->displayIDs());
+    sway_ = dynamic_cast<const SwaySession*>(session_.get());
+    displays_.sortForWayland(session_->displayIDs(), session_->origin());
     environment_.erase("DISPLAY");
     environment_.merge(session_->environment());
 }
@@ -241,6 +243,28 @@ void VirtualDesktop::requireCompositor() const {
 
 void VirtualDesktop::reserve(const Reservation& reservation) {
     displays_.reservations.push_back(reservation);
+    if (session_)
+        startWaylandPanel(reservation);
+    else
+        startPanel(reservation);
+}
+
+void VirtualDesktop::startWaylandPanel(const Reservation& reservation) {
+    const auto frame =
+        panelFrame(monitor(reservation.monitor), reservation.edge, reservation.thickness);
+    session_->ignore(frame);
+    panels_.emplace_back(Command{programs_.waylandPanel.string(),
+                                 {session_->outputOf(reservation.monitor), nameOf(reservation.edge),
+                                  std::to_string(reservation.thickness), "202830"},
+                                 environment_,
+                                 {},
+                                 home_.scratch() / "panel.log",
+                                 {}});
+    constexpr Colour colour{0x20, 0x28, 0x30};
+    require(eventually([&] { return isSame(pixel(frame.center()), colour); }), "the panel");
+}
+
+void VirtualDesktop::startPanel(const Reservation& reservation) {
     const auto frame =
         panelFrame(monitor(reservation.monitor), reservation.edge, reservation.thickness);
     const auto title = "panel " + std::to_string(displays_.reservations.size());
@@ -266,6 +290,8 @@ void VirtualDesktop::reserve(const Reservation& reservation) {
 void VirtualDesktop::endReservations() {
     displays_.reservations.clear();
     panels_.clear();
+    if (session_)
+        session_->ignoreNothing();
 }
 
 ChildProcess& VirtualDesktop::startVireline() {
@@ -303,6 +329,7 @@ ChildProcess& VirtualDesktop::run(const std::string& program, std::vector<std::s
 }
 
 ChildProcess& VirtualDesktop::launch(const App& app, std::vector<std::string> arguments) {
+    placeWindowsOf(app, arguments);
     std::vector<std::string> all{"--class", windowClass(app), "--title", app.name};
     std::ranges::copy(app.arguments, std::back_inserter(all));
     std::ranges::move(arguments, std::back_inserter(all));
@@ -331,62 +358,12 @@ fs::path VirtualDesktop::startFileManagerService() {
     return calls;
 }
 
-std::vector<xcb_window_t> VirtualDesktop::windowsOf(const App& app) const {
-    auto windows = client_->managedWindows();
-    std::erase_if(windows, [&](xcb_window_t window) {
-        const std::string classes = client_->text(window, "WM_CLASS");
-        const std::string wanted = windowClass(app);
-        return classes != wanted + '\0' + wanted + '\0';
-    });
-    return windows;
-}
-
-std::vector<xcb_window_t> VirtualDesktop::visibleWindowsOf(const App& app) const {
-    auto windows = windowsOf(app);
-    std::erase_if(windows, [&](xcb_window_t window) { return !client_->isViewable(window); });
-    return windows;
-}
-
-bool VirtualDesktop::isActive(const App& app) const {
-    const auto windows = windowsOf(app);
-    return std::ranges::find(windows, client_->activeWindow()) != windows.end();
-}
-
 std::vector<PlannedDock> VirtualDesktop::planned(const PanelPlanner::Request& request) const {
     return plannedDocks(*client_, displays_, request);
 }
 
 Colour VirtualDesktop::pixel(PixelPoint place) const {
     return picture({place.x, place.y, 1, 1}).at(0, 0);
-}
-
-void VirtualDesktop::leaveEvidence(const fs::path& folder, const std::string& name) const {
-    fs::create_directories(folder);
-    Picture::ofScreen(*client_).writePNG(folder / (name + ".png"));
-    std::ofstream logs{folder / (name + ".log")};
-    for (const auto& dock : docks().shown()) {
-        logs << "== dock " << dock << "\noutline:";
-        for (const auto& part : docks().outline(dock.window))
-            logs << ' ' << part;
-        logs << "\ninput:";
-        for (const auto& part : docks().inputRegion(dock.window))
-            logs << ' ' << part;
-        for (const auto top : client_->children(client_->root())) {
-            const auto inside = client_->children(top);
-            if (std::ranges::find(inside, dock.window) == inside.end())
-                continue;
-            logs << "\nframe:";
-            for (const auto& part : docks().outline(top))
-                logs << ' ' << part;
-        }
-        logs << '\n';
-    }
-    logs << "== vireline.log\n" << readFile(log().file());
-    for (const auto& file : fs::directory_iterator{home_.scratch()}) {
-        const auto extension = file.path().extension();
-        if (extension == ".log" || extension == ".out" || extension == ".err")
-            logs << "== " << file.path().filename().string() << '\n' << readFile(file.path());
-    }
 }
 
 }

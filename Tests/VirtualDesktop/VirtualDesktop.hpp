@@ -26,9 +26,12 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vireline::desktop {
+
+class SwaySession;
 
 /// The paths of the programs that the harness runs.
 struct Programs {
@@ -38,6 +41,8 @@ struct Programs {
     std::filesystem::path notifierHost{}; // NOLINT(readability-redundant-member-init)
     /// Preloaded into window managers that need an output for each monitor.
     std::filesystem::path monitorOutputs{}; // NOLINT(readability-redundant-member-init)
+    /// A panel for Wayland desktops.
+    std::filesystem::path waylandPanel{}; // NOLINT(readability-redundant-member-init)
 };
 
 class VirtualDesktop {
@@ -152,11 +157,29 @@ public:
     /// Starts the service that shows files on the session bus; returns the file with its calls.
     std::filesystem::path startFileManagerService();
 
+    // Under sway, windows are known by its own IDs. Under KWin, they are not known.
+
     /// The app's managed windows, visible or not.
     [[nodiscard]] std::vector<xcb_window_t> windowsOf(const App& app) const;
     /// The app's windows that the user can see: managed and not hidden.
     [[nodiscard]] std::vector<xcb_window_t> visibleWindowsOf(const App& app) const;
+    /// The visible windows with this title.
+    [[nodiscard]] std::vector<xcb_window_t> windowsTitled(std::string_view title) const;
     [[nodiscard]] bool isActive(const App& app) const;
+    [[nodiscard]] xcb_window_t activeWindow() const;
+    /// Without the window manager's decoration; nullopt if the window is gone.
+    [[nodiscard]] std::optional<PixelRect> frameOf(xcb_window_t window) const;
+    /// Moves the window as a pager or a shortcut would.
+    void moveWindow(xcb_window_t window, PixelPoint corner) const;
+    /// Under sway, makes the app's windows open where these arguments of the test app
+    /// say, since programs cannot choose that. `launch` does so itself.
+    void placeWindowsOf(const App& app, const std::vector<std::string>& arguments) const;
+    /// Closes the window as its close button would.
+    void closeWindow(xcb_window_t window) const;
+    /// Marks the window as one that demands attention, as toolkits do.
+    void demandAttention(xcb_window_t window) const;
+    /// Whether keys go to a menu or a drag instead of the active window.
+    [[nodiscard]] bool isKeyboardTaken() const;
 
     /// The expected docks for these tiles and settings.
     [[nodiscard]] std::vector<PlannedDock> planned(const PanelPlanner::Request& request) const;
@@ -176,6 +199,11 @@ private:
                                               const std::filesystem::path& socket,
                                               const Environment& environment);
     void startSession(const Options& options);
+    void startPanel(const Reservation& reservation);
+    void startWaylandPanel(const Reservation& reservation);
+    /// The windows for which `matches` is true.
+    template <class Condition>
+    [[nodiscard]] std::vector<xcb_window_t> swayWindows(const Condition& matches) const;
     void startSessionBus();
     void startAccessibilityBus();
     [[nodiscard]] Environment managerEnvironment();
@@ -192,7 +220,10 @@ private:
     Manager manager_;
     bool managerComposites_;
     bool hasOutputs_;
+    /// The compositor of a Wayland desktop.
     std::unique_ptr<CompositorSession> session_;
+    /// The same if it is sway, which tells more than others; null otherwise.
+    const SwaySession* sway_ = nullptr;
     std::optional<ChildProcess> bus_;
     std::optional<ChildProcess> accessibilityBus_;
     std::string accessibilityAddress_;

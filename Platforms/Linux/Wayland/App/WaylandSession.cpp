@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QLibraryInfo>
+#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 
@@ -24,9 +25,11 @@ CompositorOffer CompositorOffer::of(wl_display* display) {
 
 namespace {
 
-/// Qt ends the process, with status 1, right after saying that the connection is broken.
+/// Qt ends the process, with status 1, right after saying that the connection is broken. Several of
+/// its threads may say so at the same time.
 void report(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-    if (text.startsWith(QLatin1StringView{"The Wayland connection"}))
+    static std::atomic_flag isReported;
+    if (text.startsWith(QLatin1StringView{"The Wayland connection"}) && !isReported.test_and_set())
         DevLog::write("the Wayland compositor has ended the connection, quitting");
     std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
 }
