@@ -22,7 +22,8 @@ template <class Value>
     if (outcome)
         return testing::AssertionFailure() << "it succeeds";
     if (outcome.error().code == 0 || outcome.error().description.empty())
-        return testing::AssertionFailure() << "the error tells nothing: " << outcome.error();
+        return testing::AssertionFailure()
+               << "the error has no code or no description: " << outcome.error();
     return testing::AssertionSuccess();
 }
 

@@ -212,20 +212,20 @@ TEST_F(BadInput, WindowPropertiesOfAbsurdLengthAndTypeHarmNoOther) {
     const auto window = client.createWindow({100, 100, 200, 200}, 0xffffff);
     const std::string endless(megabyte, 'x');
     client.setText(window, "WM_CLASS", "STRING", endless);
-    client.setWords(window, "_NET_WM_NAME", XCB_ATOM_CARDINAL, {1, 2, 3});
+    client.setItems(window, "_NET_WM_NAME", XCB_ATOM_CARDINAL, {1, 2, 3});
     client.setText(window, "_GTK_APPLICATION_ID", "../../../" + endless);
     client.setText(window, "_NET_STARTUP_ID", noise(megabyte));
     // An icon with an impossibly large size, and one that is truncated.
-    client.setWords(window, "_NET_WM_ICON", XCB_ATOM_CARDINAL, {0xffffffff, 0xffffffff, 1, 2, 3});
+    client.setItems(window, "_NET_WM_ICON", XCB_ATOM_CARDINAL, {0xffffffff, 0xffffffff, 1, 2, 3});
     client.setText(window, "_NET_WM_PID", "not a number");
-    client.setWords(window, "_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL, {0xffffffff, 7});
-    client.setWords(window, "_NET_WM_WINDOW_TYPE", XCB_ATOM_WINDOW, {0xffffffff});
+    client.setItems(window, "_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL, {0xffffffff, 7});
+    client.setItems(window, "_NET_WM_WINDOW_TYPE", XCB_ATOM_WINDOW, {0xffffffff});
     client.map(window);
     ASSERT_TRUE(eventually([&] { return client.hasProperty(window, "WM_STATE"); }));
     // As far as the dock can tell, it is an app of its own.
     ASSERT_TRUE(docksSettle(tiles(2, 1)));
-    client.setWords(window, "_NET_WM_ICON", XCB_ATOM_CARDINAL, {64, 64, 0xff00ff00});
-    client.setWords(window, "WM_CLASS", XCB_ATOM_INTEGER, {42});
+    client.setItems(window, "_NET_WM_ICON", XCB_ATOM_CARDINAL, {64, 64, 0xff00ff00});
+    client.setItems(window, "WM_CLASS", XCB_ATOM_INTEGER, {42});
     client.destroy(window);
     expectWorking();
 }
@@ -236,10 +236,10 @@ TEST_F(BadInput, ABogusListOfWindowsHarmsNothing) {
         desktop.home().install(app);
     desktop.home().pin(apps);
     const auto& client = desktop.client();
-    client.setWords(client.root(), "_NET_CLIENT_LIST", XCB_ATOM_WINDOW,
+    client.setItems(client.root(), "_NET_CLIENT_LIST", XCB_ATOM_WINDOW,
                     {0, 1, 0xffffffff, 0x1234567});
     client.setText(client.root(), "_NET_ACTIVE_WINDOW", "nobody");
-    client.setWords(client.root(), "_NET_SUPPORTING_WM_CHECK", XCB_ATOM_WINDOW, {0xfffffff0});
+    client.setItems(client.root(), "_NET_SUPPORTING_WM_CHECK", XCB_ATOM_WINDOW, {0xfffffff0});
     desktop.runVireline();
     ASSERT_TRUE(docksSettle(twoTiles));
     client.setText(client.root(), "_NET_CLIENT_LIST", noise(megabyte));

@@ -108,7 +108,7 @@ TEST_F(Click, GoesToTheDesktopOfAnApp) {
     launchAlpha();
     const auto& client = desktop().client();
     const auto isShown = [&](std::uint32_t number) {
-        return client.words(client.root(), "_NET_CURRENT_DESKTOP") == std::vector{number};
+        return client.items(client.root(), "_NET_CURRENT_DESKTOP") == std::vector{number};
     };
     client.sendToRoot(client.root(), "_NET_CURRENT_DESKTOP", {1, XCB_CURRENT_TIME});
     ASSERT_TRUE(eventually([&] { return isShown(1); }));

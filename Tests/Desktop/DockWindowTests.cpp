@@ -48,7 +48,7 @@ TEST_F(DockWindowProperties, PutItOnAllDesktops) {
     constexpr std::uint32_t allDesktops = 0xffffffff;
     const auto dock = runWithOneDock();
     EXPECT_TRUE(eventually([&] {
-        return desktop().client().words(dock, "_NET_WM_DESKTOP") == std::vector{allDesktops};
+        return desktop().client().items(dock, "_NET_WM_DESKTOP") == std::vector{allDesktops};
     }));
 }
 
@@ -60,15 +60,15 @@ TEST_F(DockWindowProperties, KeepItOutOfLists) {
 
 TEST_F(DockWindowProperties, ReserveNoRoom) {
     const auto dock = runWithOneDock();
-    const auto strut = desktop().client().words(dock, "_NET_WM_STRUT");
+    const auto strut = desktop().client().items(dock, "_NET_WM_STRUT");
     EXPECT_TRUE(std::ranges::all_of(strut, [](auto length) { return length == 0; }));
-    const auto partial = desktop().client().words(dock, "_NET_WM_STRUT_PARTIAL");
+    const auto partial = desktop().client().items(dock, "_NET_WM_STRUT_PARTIAL");
     EXPECT_TRUE(std::ranges::all_of(partial, [](auto length) { return length == 0; }));
 }
 
 TEST_F(DockWindowProperties, RefuseTheKeyboard) {
     const auto dock = runWithOneDock();
-    const auto hints = desktop().client().words(dock, "WM_HINTS");
+    const auto hints = desktop().client().items(dock, "WM_HINTS");
     constexpr std::uint32_t inputFlag = 1;
     ASSERT_GE(hints.size(), 2U);
     EXPECT_EQ(hints[0] & inputFlag, inputFlag);

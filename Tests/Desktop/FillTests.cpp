@@ -13,7 +13,7 @@ struct Hints {
     PixelPoint base;
     PixelPoint increment{1, 1};
 
-    [[nodiscard]] std::vector<std::uint32_t> words() const {
+    [[nodiscard]] std::vector<std::uint32_t> items() const {
         constexpr std::uint32_t minimumIncrementAndBase = 1U << 4U | 1U << 6U | 1U << 8U;
         std::vector<std::uint32_t> all(18, 0);
         all[0] = minimumIncrementAndBase;
@@ -37,8 +37,8 @@ protected:
 
     /// Sets the window's hints and waits until other clients see them.
     void setHints(xcb_window_t window, const Hints& hints) {
-        desktop().client().setWords(window, "WM_NORMAL_HINTS", XCB_ATOM_WM_SIZE_HINTS,
-                                    hints.words());
+        desktop().client().setItems(window, "WM_NORMAL_HINTS", XCB_ATOM_WM_SIZE_HINTS,
+                                    hints.items());
         desktop().client().sync();
     }
 
@@ -181,7 +181,7 @@ TEST_P(Fill, LetsAWindowThatIsTooHighReachAwayFromTheDock) {
 TEST_P(Fill, LeavesAWindowsShadowBeyondTheArea) {
     runWith(fillOnDoubleClick);
     const auto window = open(0, placeOn("main"));
-    desktop().client().setWords(window, "_GTK_FRAME_EXTENTS", XCB_ATOM_CARDINAL, {20, 20, 10, 40});
+    desktop().client().setItems(window, "_GTK_FRAME_EXTENTS", XCB_ATOM_CARDINAL, {20, 20, 10, 40});
     desktop().client().sync();
 
     doubleClickTile("side");

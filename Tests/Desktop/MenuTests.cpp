@@ -50,6 +50,15 @@ protected:
         ASSERT_TRUE(docksSettle(tiles(static_cast<int>(apps.size()))));
     }
 
+    /// Runs with these apps in the manual list, and removes the first of them by its menu.
+    void runAndRemoveFirstOf(const std::vector<App>& apps) {
+        runWithManualList(apps);
+        const auto menu = openMenu(layout("right", tiles(static_cast<int>(apps.size()))).icon(0));
+        ASSERT_NE(menu, PixelRect{});
+        choose(menu, 2, 3);
+        ASSERT_TRUE(logs("manual remove " + apps[0].id));
+    }
+
     /// The windows that Alpha has, in the order in which they opened.
     [[nodiscard]] std::vector<xcb_window_t> launchWindows(int count) {
         desktop().launch(alpha, {"--windows", std::to_string(count)});
@@ -200,21 +209,14 @@ TEST_F(TileMenu, OnlyAsksAnAppToQuit) {
 
 TEST_F(TileMenu, RemovesAnAppFromTheManualList) {
     const auto apps = someApps(2);
-    runWithManualList(apps);
-    const auto menu = openMenu(layout("right", tiles(2)).icon(0));
-    ASSERT_NE(menu, PixelRect{});
-    choose(menu, 2, 3);
-    EXPECT_TRUE(logs("manual remove " + apps[0].id));
+    runAndRemoveFirstOf(apps);
     EXPECT_TRUE(docksSettle(tiles(1)));
     EXPECT_TRUE(turns(layout("right", tiles(1)).icon(0), apps[1].colour));
 }
 
 TEST_F(TileMenu, UndoesARemovalFromTheMenuBesideTheTiles) {
     const auto apps = someApps(2);
-    runWithManualList(apps);
-    const auto menu = openMenu(layout("right", tiles(2)).icon(0));
-    ASSERT_NE(menu, PixelRect{});
-    choose(menu, 2, 3);
+    runAndRemoveFirstOf(apps);
     ASSERT_TRUE(docksSettle(tiles(1)));
     const auto beside = openMenuBesideTiles(layout("right", tiles(1)), 1);
     ASSERT_NE(beside, PixelRect{});
@@ -227,11 +229,7 @@ TEST_F(TileMenu, UndoesARemovalFromTheMenuBesideTheTiles) {
 
 TEST_F(TileMenu, WritesARemovalIntoThePreferencesAtOnce) {
     const auto apps = someApps(2);
-    runWithManualList(apps);
-    const auto menu = openMenu(layout("right", tiles(2)).icon(0));
-    ASSERT_NE(menu, PixelRect{});
-    choose(menu, 2, 3);
-    ASSERT_TRUE(logs("manual remove " + apps[0].id));
+    runAndRemoveFirstOf(apps);
     const auto saved = readFile(desktop().home().preferences());
     EXPECT_FALSE(saved.contains(apps[0].id)) << saved;
     EXPECT_TRUE(saved.contains(apps[1].id)) << saved;

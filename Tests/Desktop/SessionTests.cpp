@@ -208,7 +208,7 @@ TEST_F(Session, DoesWithoutASessionBusThatNeverAnswers) {
     // Apps get the address of the real bus.
     desktop().pointer().click(layout("right", twoTiles).icon(0));
     EXPECT_TRUE(eventually([&] { return desktop().isActive(apps[0]); }));
-    const auto app = desktop().client().words(desktop().windowsOf(apps[0]).at(0), "_NET_WM_PID");
+    const auto app = desktop().client().items(desktop().windowsOf(apps[0]).at(0), "_NET_WM_PID");
     ASSERT_EQ(app.size(), 1U);
     EXPECT_TRUE(readFile("/proc/" + std::to_string(app[0]) + "/environ")
                     .contains("DBUS_SESSION_BUS_ADDRESS=unix:path=" + socket.string()));

@@ -218,14 +218,14 @@ TEST_P(Summon, FetchesAWindowFromAnotherDesktop) {
     summonTo("side");
 
     EXPECT_TRUE(eventually([&] { return desktop().visibleWindowsOf(apps[0]).size() == 1; }));
-    EXPECT_EQ(desktop().client().words(desktop().client().root(), "_NET_CURRENT_DESKTOP"),
+    EXPECT_EQ(desktop().client().items(desktop().client().root(), "_NET_CURRENT_DESKTOP"),
               std::vector<std::uint32_t>{0});
 }
 
 TEST_P(Summon, CentresWhatAWindowShowsWithoutItsShadow) {
     runWith(summonOnClick);
     const auto window = open(0, placeOn("main"));
-    desktop().client().setWords(window, "_GTK_FRAME_EXTENTS", XCB_ATOM_CARDINAL, {20, 20, 10, 40});
+    desktop().client().setItems(window, "_GTK_FRAME_EXTENTS", XCB_ATOM_CARDINAL, {20, 20, 10, 40});
     desktop().client().sync();
 
     clickTile("side");
@@ -290,11 +290,11 @@ TEST_P(Summon, IsSaidOnceToBeImpossibleUnderAWindowManagerThatMovesNoWindows) {
     runWith(summonOnClick);
     const auto& client = desktop().client();
     const auto becomeOneThatMovesNone = [&] {
-        auto supported = client.words(client.root(), "_NET_SUPPORTED");
+        auto supported = client.items(client.root(), "_NET_SUPPORTED");
         std::erase(supported, client.atom("_NET_MOVERESIZE_WINDOW"));
-        client.setWords(client.root(), "_NET_SUPPORTED", XCB_ATOM_ATOM, supported);
-        client.setWords(client.root(), "_NET_SUPPORTING_WM_CHECK", XCB_ATOM_WINDOW,
-                        client.words(client.root(), "_NET_SUPPORTING_WM_CHECK"));
+        client.setItems(client.root(), "_NET_SUPPORTED", XCB_ATOM_ATOM, supported);
+        client.setItems(client.root(), "_NET_SUPPORTING_WM_CHECK", XCB_ATOM_WINDOW,
+                        client.items(client.root(), "_NET_SUPPORTING_WM_CHECK"));
         client.sync();
     };
     desktop().stopVireline();

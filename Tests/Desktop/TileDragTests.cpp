@@ -124,7 +124,7 @@ TEST_F(TileDrag, BeginsAfterFourPointsAndIsAClickBefore) {
     EXPECT_EQ(desktop().log().count("manual"), 0);
 }
 
-TEST_F(TileDrag, LeavesATileThatIsLetGoNearbyWhereItWas) {
+TEST_F(TileDrag, LeavesATileThatIsReleasedNearbyWhereItWas) {
     run();
     const auto place = tile(1);
     desktop().pointer().moveTo(place);

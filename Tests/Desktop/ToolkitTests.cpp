@@ -1,5 +1,5 @@
-/// Windows of real toolkits, each of which tells in its own way what its windows are called and
-/// that they want attention: GTK, Qt, and xterm for the Athena widgets.
+/// Windows of real toolkits: GTK, Qt, and xterm for the Athena widgets. Each has its own way of
+/// setting titles and demanding attention.
 #include "SignalTest.hpp"
 
 #include <chrono>
@@ -54,7 +54,7 @@ protected:
     /// XCB_NONE if no window has this title.
     [[nodiscard]] xcb_window_t windowTitled(const std::string& title) {
         for (const auto window : desktop().client().managedWindows()) {
-            // Openbox tells the titles of all windows alike, however they were set.
+            // Openbox publishes all titles in this property, however they were set.
             if (desktop().client().text(window, "_NET_WM_VISIBLE_NAME") == title)
                 return window;
         }

@@ -43,7 +43,7 @@ TEST_F(StatusItem, OpensItsMenuInTheTrayForAClickAlone) {
         pointer.release(Pointer::Button::primary);
     }
 
-    // A menu would take this click for its own.
+    // If a menu were open, this click would only close it.
     pointer.click(layout("right", twoTiles).icon(0));
     EXPECT_TRUE(logs("click launch " + apps[0].id));
     EXPECT_TRUE(desktop().docks().menus().empty());
@@ -106,7 +106,7 @@ TEST_F(StatusItem, MovesFromTheTrayToAHostAndBack) {
     EXPECT_TRUE(trayHasIcon(true));
 }
 
-TEST_F(StatusItem, StaysInTheTrayWhileNobodyShowsTheListOfItems) {
+TEST_F(StatusItem, StaysInTheTrayWhileNoHostShowsTheItems) {
     runWith();
     startTray();
     const auto host = desktop().startNotifierHost(false);

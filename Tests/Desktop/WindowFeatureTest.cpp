@@ -97,7 +97,7 @@ PixelRect WindowFeatureTest::outerFrame(xcb_window_t window) {
     if (desktop().isWayland())
         return outer;
     const auto extend = [&](const std::string& property, int sign) {
-        const auto sides = desktop().client().words(window, property);
+        const auto sides = desktop().client().items(window, property);
         if (sides.size() < 4)
             return;
         const auto side = [&](std::size_t index) { return sign * static_cast<int>(sides[index]); };

@@ -231,7 +231,7 @@ TYPED_TEST(AccessibilityContract, FailsWithAWindowThatIsGoneAndLeavesTheOthersAl
     EXPECT_TRUE(this->isAt(*other, this->corner(1)));
 }
 
-TYPED_TEST(AccessibilityContract, FailsWhenNobodyAnswersWithinTheTimeOut) {
+TYPED_TEST(AccessibilityContract, FailsIfThereIsNoAnswerWithinTheTimeout) {
     using Clock = std::chrono::steady_clock;
     const Program program = this->runPlaced(1);
     const auto window = this->window(program);

@@ -165,7 +165,7 @@ protected:
         hints[0] = hasMinimum;
         hints[5] = static_cast<std::uint32_t>(outer.width - sides.left - sides.right);
         hints[6] = static_cast<std::uint32_t>(outer.height - sides.top - sides.bottom);
-        client().setWords(id, "WM_NORMAL_HINTS", XCB_ATOM_WM_SIZE_HINTS, hints);
+        client().setItems(id, "WM_NORMAL_HINTS", XCB_ATOM_WM_SIZE_HINTS, hints);
         // The window manager enlarges the window at once, and moves it too.
         EXPECT_TRUE(eventually([&] { return outerFrame(program, window).size() == outer; }));
     }
@@ -180,14 +180,14 @@ protected:
     }
     /// The window manager goes on, but says what one says that moves no windows.
     void loseTheAbilityToMoveWindows() {
-        supported_ = client().words(client().root(), "_NET_SUPPORTED");
+        supported_ = client().items(client().root(), "_NET_SUPPORTED");
         auto fewer = supported_;
         std::erase(fewer, client().atom("_NET_MOVERESIZE_WINDOW"));
-        client().setWords(client().root(), "_NET_SUPPORTED", XCB_ATOM_ATOM, fewer);
+        client().setItems(client().root(), "_NET_SUPPORTED", XCB_ATOM_ATOM, fewer);
         client().sync();
     }
     void regainTheAbilityToMoveWindows() {
-        client().setWords(client().root(), "_NET_SUPPORTED", XCB_ATOM_ATOM, supported_);
+        client().setItems(client().root(), "_NET_SUPPORTED", XCB_ATOM_ATOM, supported_);
         client().sync();
     }
     static void stopAnswering() { ::kill(desk().server(), SIGSTOP); }
@@ -219,7 +219,7 @@ private:
     }
 
     [[nodiscard]] static Sides decoration(xcb_window_t window) {
-        const auto extents = client().words(window, "_NET_FRAME_EXTENTS");
+        const auto extents = client().items(window, "_NET_FRAME_EXTENTS");
         if (extents.size() < 4)
             return {};
         return {static_cast<double>(extents[0]), static_cast<double>(extents[1]),

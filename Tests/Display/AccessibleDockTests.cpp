@@ -209,7 +209,7 @@ TEST_F(AccessibleDockTest, ATileIsTheSameForAsLongAsItStays) {
     EXPECT_EQ(QAccessible::accessibleInterface(beta), nullptr) << "it is gone";
 }
 
-TEST_F(AccessibleDockTest, NobodyIsAskedForTilesWithoutAssistiveTechnology) {
+TEST_F(AccessibleDockTest, TilesAreNotRequestedWithoutAssistiveTechnology) {
     showTiles({app(1, "Alpha")});
     const auto button = idOfTile(0);
     QAccessible::setActive(false);
@@ -225,7 +225,7 @@ TEST_F(AccessibleDockTest, IsUpToDateWhenAssistiveTechnologyComesLater) {
     showTiles({app(1, "Alpha")});
     QAccessible::setActive(false);
     showTiles({app(2, "Beta")});
-    EXPECT_EQ(names(), Words{"Beta"}) << "somebody asked without listening";
+    EXPECT_EQ(names(), Words{"Beta"}) << "queried without a listener";
     log.tiles = {app(3, "Gamma")};
 
     QAccessible::setActive(true);

@@ -93,7 +93,7 @@ TEST_F(IconThemeWatchTest, FollowsTheUsersFileFromItsFirstLineOn) {
     EXPECT_TRUE(eventually([&] { return watch.name() == "hicolor"; }));
 }
 
-TEST_F(IconThemeWatchTest, SaysNothingOfAChoiceThatComesToTheSame) {
+TEST_F(IconThemeWatchTest, DoesNotReportAChoiceThatChangesNothing) {
     startDaemon("one");
     auto watch = makeWatch();
     int changes = 0;

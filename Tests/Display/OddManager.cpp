@@ -20,10 +20,10 @@ OddManager::OddManager(const std::string& display, Habit habit)
     const std::uint32_t events =
         XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
     xcb_change_window_attributes(client_.get(), client_.root(), XCB_CW_EVENT_MASK, &events);
-    client_.setWords(mark_, check, XCB_ATOM_WINDOW, {mark_});
-    client_.setWords(client_.root(), check, XCB_ATOM_WINDOW, {mark_});
+    client_.setItems(mark_, check, XCB_ATOM_WINDOW, {mark_});
+    client_.setItems(client_.root(), check, XCB_ATOM_WINDOW, {mark_});
     client_.setAtoms(client_.root(), "_NET_SUPPORTED", {"_NET_WM_STATE_FULLSCREEN"});
-    client_.setWords(client_.root(), "_NET_CLIENT_LIST", XCB_ATOM_WINDOW, {});
+    client_.setItems(client_.root(), "_NET_CLIENT_LIST", XCB_ATOM_WINDOW, {});
     client_.sync();
     thread_ = std::thread{[this] { run(); }};
 }
@@ -72,14 +72,14 @@ void OddManager::show(xcb_window_t window) {
                              place.data());
     }
     if (isDockWindow && habit_ == Habit::bordersDocks)
-        client_.setWords(window, "_NET_FRAME_EXTENTS", XCB_ATOM_CARDINAL, {1, 1, 1, 1});
+        client_.setItems(window, "_NET_FRAME_EXTENTS", XCB_ATOM_CARDINAL, {1, 1, 1, 1});
     const bool isLeftAlone =
         isDockWindow && (habit_ == Habit::ignoresDocks || habit_ == Habit::fightsDocks ||
                          habit_ == Habit::framesWindows);
-    client_.setWords(window, "WM_STATE", client_.atom("WM_STATE"), {1, 0});
+    client_.setItems(window, "WM_STATE", client_.atom("WM_STATE"), {1, 0});
     if (!isLeftAlone) {
         listed_.push_back(window);
-        client_.setWords(client_.root(), "_NET_CLIENT_LIST", XCB_ATOM_WINDOW, listed_);
+        client_.setItems(client_.root(), "_NET_CLIENT_LIST", XCB_ATOM_WINDOW, listed_);
     }
     if (!isDockWindow) {
         top_ = habit_ == Habit::framesWindows ? putInFrame(window) : window;
@@ -107,7 +107,7 @@ void OddManager::stack(xcb_window_t window) {
                              below.data());
     }
     stacking_.insert(place, window);
-    client_.setWords(client_.root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW, stacking_);
+    client_.setItems(client_.root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW, stacking_);
 }
 
 xcb_window_t OddManager::putInFrame(xcb_window_t window) {
@@ -155,7 +155,7 @@ void OddManager::stacked(const xcb_configure_notify_event_t& change) {
 /// By its input hint, and by not being prepared to take the focus itself.
 bool OddManager::refusesFocus(xcb_window_t window) const {
     constexpr std::uint32_t inputHint = 1;
-    const auto hints = client_.words(window, "WM_HINTS");
+    const auto hints = client_.items(window, "WM_HINTS");
     const bool takesInput = hints.size() < 2 || (hints[0] & inputHint) == 0 || hints[1] != 0;
     return !takesInput && std::ranges::count(client_.atoms(window, "WM_PROTOCOLS"),
                                              client_.atom("WM_TAKE_FOCUS")) == 0;

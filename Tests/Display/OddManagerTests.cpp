@@ -136,7 +136,7 @@ TEST_F(OddManagerTest, IsNotExpectedToCarryOutAMoveForEver) {
     moving.set({100, 200, 300, 60});
     EXPECT_TRUE(moving.isUnderWay());
     EXPECT_TRUE(eventually([&] { return !moving.isUnderWay(); }));
-    EXPECT_GT(changes, 0) << "no event tells of it";
+    EXPECT_GT(changes, 0) << "no event announces that it has ended";
     EXPECT_EQ(moving.actual(), (x11::PixelRect{0, 0, 300, 60}));
     close(window);
 }

@@ -89,7 +89,7 @@ TEST_F(PanelWindowTest, FindsOutThatAReleaseWentElsewhere) {
     desk().pointer().press(Pointer::Button::primary);
     moveTo("main", {100, -200});
     EXPECT_TRUE(eventually([&] { return log.has("moved 100,-200"); }));
-    // The window loses the pointer that the press gave it; nothing will tell of the release.
+    // The window loses the pointer that the press gave it, so it does not see the release.
     xcb_ungrab_pointer(connection.get(), XCB_CURRENT_TIME);
     connection.flush();
     settle();
@@ -123,7 +123,7 @@ TEST_F(PanelWindowTest, FollowsAPressFromAMovingPointerOutOfTheWindow) {
     desk().pointer().release(Pointer::Button::primary);
     EXPECT_TRUE(eventually([&] { return log.has("out"); }));
 
-    // Nothing tells of it any more.
+    // It gets no more events.
     log.words.clear();
     moveTo("main", {130, -250});
     settle();
@@ -161,7 +161,7 @@ TEST_F(PanelWindowTest, TakesAGrabBySomebodyElseForNoLeave) {
     settle();
     EXPECT_FALSE(log.has("out"));
 
-    // No event tells of this one.
+    // This movement is not reported to it.
     desk().pointer().moveTo({5, 5});
     EXPECT_TRUE(eventually([&] { return log.has("out"); }));
     xcb_ungrab_pointer(client().get(), XCB_CURRENT_TIME);

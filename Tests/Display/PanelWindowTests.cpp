@@ -41,7 +41,7 @@ TEST_F(PanelWindowTest, TellsTheWindowManagerThatItIsADock) {
         << "some window managers put a dock that asks for it over full-screen windows";
     EXPECT_TRUE(hasAtom(window, "_NET_WM_STATE", "_NET_WM_STATE_SKIP_TASKBAR"));
     EXPECT_TRUE(hasAtom(window, "_NET_WM_STATE", "_NET_WM_STATE_SKIP_PAGER"));
-    EXPECT_EQ(client().words(window, "_NET_WM_DESKTOP"), (std::vector<std::uint32_t>{0xffffffff}));
+    EXPECT_EQ(client().items(window, "_NET_WM_DESKTOP"), (std::vector<std::uint32_t>{0xffffffff}));
     EXPECT_EQ(client().text(window, "WM_CLASS"), std::string("vireline\0Vireline\0", 18));
     EXPECT_FALSE(client().hasProperty(window, "_NET_WM_STRUT"));
     EXPECT_FALSE(client().hasProperty(window, "_NET_WM_STRUT_PARTIAL"));
@@ -156,7 +156,7 @@ TEST_F(PanelWindowTest, LosesItsOutlineUnderACompositorAndAsksItToBlur) {
     const char* const blur = "_KDE_NET_WM_BLUR_BEHIND_REGION";
     EXPECT_FALSE(client().hasProperty(windowOf("main"), blur));
 
-    client().setWords(client().root(), blur, XCB_ATOM_CARDINAL, {0});
+    client().setItems(client().root(), blur, XCB_ATOM_CARDINAL, {0});
     client().sync();
     EXPECT_TRUE(eventually([&] { return client().hasProperty(windowOf("main"), blur); }));
 

@@ -29,7 +29,7 @@ protected:
     EventLog log;
 };
 
-TEST_F(PointerSamplerTest, HearsOfAMovementAndNotOfEveryOtherThatFollows) {
+TEST_F(PointerSamplerTest, StopsReceivingMovementsAfterTheFirst) {
     const auto dock = showDock("main", log);
     EXPECT_TRUE(hearsMovements());
     moveTo({100, 50});

@@ -148,7 +148,7 @@ TEST_F(PopUpMenuTest, IsNoReasonToLeaveTheDock) {
     EXPECT_TRUE(eventually([&] { return log.has("out"); }));
 }
 
-TEST_F(PopUpMenuTest, ClosesWithItsDockAndTellsNobody) {
+TEST_F(PopUpMenuTest, ClosesWithItsDockWithoutReportingIt) {
     auto dock = showDock("main", log);
     open(*dock, "main", {100, 50});
     dock.reset();

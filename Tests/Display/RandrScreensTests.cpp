@@ -59,7 +59,7 @@ TEST_F(RandrScreensTest, HearOfAStrutThatChanges) {
     settle();
     EXPECT_EQ(screen("main").visibleFrame, screen("main").frame);
 
-    client().setWords(panel, "_NET_WM_STRUT", XCB_ATOM_CARDINAL, {0, 0, 330, 0});
+    client().setItems(panel, "_NET_WM_STRUT", XCB_ATOM_CARDINAL, {0, 0, 330, 0});
     client().sync();
     EXPECT_TRUE(eventually([&] { return screen("main").visibleFrame == Rect{0, 0, 1280, 770}; }));
 
@@ -112,7 +112,7 @@ TEST_F(RandrScreensTest, FindPanelsThatTheWindowManagerDoesNotList) {
     const PixelRect edge{1280, 1060, 1280, 40};
     const auto frame = client().createWindow(edge, 0);
     const auto panel = client().createWindow({0, 0, 1280, 40}, 0);
-    client().setWords(panel, "_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL,
+    client().setItems(panel, "_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL,
                       {0, 0, 0, 1244, 0, 0, 0, 0, 0, 0, 1280, 2559});
     const std::uint32_t unmanaged = 1;
     xcb_change_window_attributes(client().get(), frame, XCB_CW_OVERRIDE_REDIRECT, &unmanaged);

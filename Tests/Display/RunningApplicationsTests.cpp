@@ -22,7 +22,7 @@ class RunningApplicationsTest : public WindowTest {
 protected:
     void SetUp() override {
         WindowTest::SetUp();
-        manager_ = processOf(client().words(client().root(), "_NET_SUPPORTING_WM_CHECK").at(0));
+        manager_ = processOf(client().items(client().root(), "_NET_SUPPORTING_WM_CHECK").at(0));
         ASSERT_GT(manager_, 1);
         showDesktop(0);
     }
@@ -67,7 +67,7 @@ protected:
         settle();
     }
     [[nodiscard]] static bool isDesktop(std::uint32_t desktop) {
-        return client().words(client().root(), "_NET_CURRENT_DESKTOP") == std::vector{desktop};
+        return client().items(client().root(), "_NET_CURRENT_DESKTOP") == std::vector{desktop};
     }
 
 private:
@@ -160,9 +160,9 @@ TEST_F(RunningApplicationsTest, IsNotFrontmostWhileAnotherDesktopIsShown) {
 
     // Some window managers leave the window active.
     stopManager();
-    client().setWords(client().root(), "_NET_CURRENT_DESKTOP", XCB_ATOM_CARDINAL, {1});
+    client().setItems(client().root(), "_NET_CURRENT_DESKTOP", XCB_ATOM_CARDINAL, {1});
     EXPECT_TRUE(eventually([&] { return !isActive("far"); }));
-    client().setWords(client().root(), "_NET_CURRENT_DESKTOP", XCB_ATOM_CARDINAL, {0});
+    client().setItems(client().root(), "_NET_CURRENT_DESKTOP", XCB_ATOM_CARDINAL, {0});
     EXPECT_TRUE(eventually([&] { return isActive("far"); }));
 }
 

@@ -140,7 +140,7 @@ void WindowTest::settle() {
         const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
         isHeard = isHeard || change.atom == connection.atom(mark);
     });
-    client().setWords(client().root(), mark, XCB_ATOM_CARDINAL, {1});
+    client().setItems(client().root(), mark, XCB_ATOM_CARDINAL, {1});
     client().sync();
     EXPECT_TRUE(eventually([&] { return isHeard; }));
     QCoreApplication::processEvents();
@@ -195,7 +195,7 @@ xcb_window_t WindowTest::addPanel(const PixelRect& frame, const std::vector<std:
     const xcb_window_t window = client().createWindow(frame, 0x00202830);
     client().setAtoms(window, "_NET_WM_WINDOW_TYPE", {"_NET_WM_WINDOW_TYPE_DOCK"});
     if (!strut.empty())
-        client().setWords(window, "_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL, strut);
+        client().setItems(window, "_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL, strut);
     client().map(window);
     client().sync();
     EXPECT_TRUE(eventually([&] { return client().isViewable(window); }));

@@ -62,7 +62,7 @@ protected:
 };
 
 TEST_F(XdndTargetTest, SaysThatItTakesDrags) {
-    EXPECT_EQ(client().words(windowOf("main"), "XdndAware"), (std::vector<std::uint32_t>{5}));
+    EXPECT_EQ(client().items(windowOf("main"), "XdndAware"), (std::vector<std::uint32_t>{5}));
 }
 
 TEST_F(XdndTargetTest, TellsWhatIsDraggedAndWhereInTheViewsPoints) {
@@ -270,7 +270,7 @@ TEST_F(XdndTargetTest, ASourceThatDiedBeforeItsMessagesWereReadDragsNothing) {
     EXPECT_EQ(events.words, (Words{"drag in file:///c", "drag at 110,40"}));
 }
 
-TEST_F(XdndTargetTest, ADragThatNobodyEndedGivesWayToTheNext) {
+TEST_F(XdndTargetTest, ADragThatWasNeverEndedIsReplacedByTheNext) {
     enter();
     moveTo({100, 40});
     EXPECT_TRUE(isAnswered());

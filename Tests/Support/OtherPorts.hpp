@@ -1,4 +1,4 @@
-/// A platform of which a test replaces some ports.
+/// A platform with some ports replaced by a test.
 #pragma once
 
 #include "Platform/Platform.hpp"

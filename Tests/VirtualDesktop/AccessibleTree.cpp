@@ -97,10 +97,10 @@ bool AccessibleTree::is(const BusObject& control, AccessibleState state) const {
     const auto reply = bus_.call(control, accessible, "GetState", nullptr);
     if (!reply)
         return false;
-    const Variant words{g_variant_get_child_value(reply.get(), 0)};
+    const Variant numbers{g_variant_get_child_value(reply.get(), 0)};
     gsize count = 0;
     const auto* const bits = static_cast<const std::uint32_t*>(
-        g_variant_get_fixed_array(words.get(), &count, sizeof(std::uint32_t)));
+        g_variant_get_fixed_array(numbers.get(), &count, sizeof(std::uint32_t)));
     constexpr std::uint32_t wordBits = 32;
     const auto bit = static_cast<std::uint32_t>(state);
     return bit / wordBits < count && ((bits[bit / wordBits] >> (bit % wordBits)) & 1U) != 0;

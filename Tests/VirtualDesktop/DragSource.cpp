@@ -23,12 +23,12 @@ void DragSource::enter(xcb_window_t target, std::uint32_t version) {
     types.reserve(contents.size());
     for (const auto& [type, content] : contents)
         types.push_back(client_.atom(type));
-    client_.setWords(window_, "XdndTypeList", XCB_ATOM_ATOM, types);
+    client_.setItems(window_, "XdndTypeList", XCB_ATOM_ATOM, types);
     std::vector<xcb_atom_t> offered;
     offered.reserve(actions.size());
     for (const auto& action : actions)
         offered.push_back(client_.atom(action));
-    client_.setWords(window_, "XdndActionList", XCB_ATOM_ATOM, offered);
+    client_.setItems(window_, "XdndActionList", XCB_ATOM_ATOM, offered);
     const bool hasMore = types.size() > 3;
     types.resize(3);
     send("XdndEnter",

@@ -7,8 +7,8 @@
 namespace vireline::desktop {
 
 xcb_window_t managerWindow(const XClient& client) {
-    const auto check = client.words(client.root(), "_NET_SUPPORTING_WM_CHECK");
-    if (check.empty() || client.words(check.front(), "_NET_SUPPORTING_WM_CHECK") != check)
+    const auto check = client.items(client.root(), "_NET_SUPPORTING_WM_CHECK");
+    if (check.empty() || client.items(check.front(), "_NET_SUPPORTING_WM_CHECK") != check)
         return XCB_NONE;
     return check.front();
 }

@@ -111,20 +111,20 @@ private:
 
     /// A 60 Hz mode with blanking intervals as short as monitors support.
     [[nodiscard]] xcb_randr_mode_t create(int width, int height) const {
-        const auto word = [](int value) { return static_cast<std::uint16_t>(value); };
+        const auto card16 = [](int value) { return static_cast<std::uint16_t>(value); };
         const std::string name = std::to_string(width) + 'x' + std::to_string(height);
         xcb_randr_mode_info_t mode{};
-        mode.width = word(width);
-        mode.height = word(height);
-        mode.hsync_start = word(width + 48);
-        mode.hsync_end = word(width + 80);
-        mode.htotal = word(width + 160);
-        mode.vsync_start = word(height + 3);
-        mode.vsync_end = word(height + 13);
-        mode.vtotal = word(height + 30);
+        mode.width = card16(width);
+        mode.height = card16(height);
+        mode.hsync_start = card16(width + 48);
+        mode.hsync_end = card16(width + 80);
+        mode.htotal = card16(width + 160);
+        mode.vsync_start = card16(height + 3);
+        mode.vsync_end = card16(height + 13);
+        mode.vtotal = card16(height + 30);
         constexpr std::uint32_t refreshRate = 60;
         mode.dot_clock = refreshRate * mode.htotal * mode.vtotal;
-        mode.name_len = word(static_cast<int>(name.size()));
+        mode.name_len = card16(static_cast<int>(name.size()));
         const Owned<xcb_randr_create_mode_reply_t> reply{xcb_randr_create_mode_reply(
             client_.get(),
             xcb_randr_create_mode(client_.get(), client_.root(), mode, mode.name_len, name.data()),

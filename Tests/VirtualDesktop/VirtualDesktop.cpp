@@ -207,7 +207,7 @@ void VirtualDesktop::startWindowManager(const ManagerOptions& options) {
 void VirtualDesktop::requireDesktops() {
     const std::vector wanted{static_cast<std::uint32_t>(2 * displays_.monitors.size())};
     require(eventually([&] {
-                return client_->words(client_->root(), "_NET_NUMBER_OF_DESKTOPS") == wanted;
+                return client_->items(client_->root(), "_NET_NUMBER_OF_DESKTOPS") == wanted;
             }),
             "the window manager's desktops");
 }

@@ -56,8 +56,8 @@ void paintWallpaper(const XClient& client, const std::vector<Monitor>& monitors)
 
     xcb_change_window_attributes(client.get(), client.root(), XCB_CW_BACK_PIXMAP, &pixmap);
     // Compositors paint the root window from the pixmap in this property.
-    client.setWords(client.root(), "_XROOTPMAP_ID", XCB_ATOM_PIXMAP, {pixmap});
-    client.setWords(client.root(), "ESETROOT_PMAP_ID", XCB_ATOM_PIXMAP, {pixmap});
+    client.setItems(client.root(), "_XROOTPMAP_ID", XCB_ATOM_PIXMAP, {pixmap});
+    client.setItems(client.root(), "ESETROOT_PMAP_ID", XCB_ATOM_PIXMAP, {pixmap});
     xcb_clear_area(client.get(), 0, client.root(), 0, 0, 0, 0);
     client.sync();
 }

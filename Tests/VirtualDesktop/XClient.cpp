@@ -8,7 +8,7 @@
 namespace vireline::desktop {
 namespace {
 
-constexpr std::uint32_t maximumPropertyWords = 1U << 20U;
+constexpr std::uint32_t maximumPropertyItems = 1U << 20U;
 
 const xcb_screen_t* screenOf(xcb_connection_t* connection, int number) {
     auto screen = xcb_setup_roots_iterator(xcb_get_setup(connection));
@@ -56,11 +56,11 @@ xcb_atom_t XClient::atom(std::string_view name) const {
 Owned<xcb_get_property_reply_t> XClient::property(xcb_window_t window,
                                                   std::string_view name) const {
     const auto cookie = xcb_get_property(get(), 0, window, atom(name), XCB_GET_PROPERTY_TYPE_ANY, 0,
-                                         maximumPropertyWords);
+                                         maximumPropertyItems);
     return Owned<xcb_get_property_reply_t>{xcb_get_property_reply(get(), cookie, nullptr)};
 }
 
-std::vector<std::uint32_t> XClient::words(xcb_window_t window, std::string_view name) const {
+std::vector<std::uint32_t> XClient::items(xcb_window_t window, std::string_view name) const {
     const auto reply = property(window, name);
     constexpr int wordFormat = 32;
     if (!reply || reply->format != wordFormat)
@@ -69,7 +69,7 @@ std::vector<std::uint32_t> XClient::words(xcb_window_t window, std::string_view 
 }
 
 std::vector<xcb_atom_t> XClient::atoms(xcb_window_t window, std::string_view name) const {
-    return words(window, name);
+    return items(window, name);
 }
 
 std::string XClient::text(xcb_window_t window, std::string_view name) const {
@@ -92,7 +92,7 @@ bool XClient::isManaged() const {
     return reply && (reply->all_event_masks & XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT) != 0;
 }
 
-void XClient::setWords(xcb_window_t window, std::string_view name, xcb_atom_t type,
+void XClient::setItems(xcb_window_t window, std::string_view name, xcb_atom_t type,
                        const std::vector<std::uint32_t>& values) const {
     xcb_change_property(get(), XCB_PROP_MODE_REPLACE, window, atom(name), type, 32,
                         static_cast<std::uint32_t>(values.size()), values.data());
@@ -104,7 +104,7 @@ void XClient::setAtoms(xcb_window_t window, std::string_view name,
     std::vector<std::uint32_t> atoms;
     for (const auto value : values)
         atoms.push_back(atom(value));
-    setWords(window, name, XCB_ATOM_ATOM, atoms);
+    setItems(window, name, XCB_ATOM_ATOM, atoms);
 }
 
 void XClient::setText(xcb_window_t window, std::string_view name, std::string_view value) const {
@@ -199,11 +199,11 @@ int XClient::depth(xcb_window_t window) const {
 }
 
 std::vector<xcb_window_t> XClient::managedWindows() const {
-    return words(root(), "_NET_CLIENT_LIST");
+    return items(root(), "_NET_CLIENT_LIST");
 }
 
 xcb_window_t XClient::activeWindow() const {
-    const auto active = words(root(), "_NET_ACTIVE_WINDOW");
+    const auto active = items(root(), "_NET_ACTIVE_WINDOW");
     return active.empty() ? XCB_NONE : active.front();
 }
 

@@ -40,7 +40,7 @@ public:
 
     [[nodiscard]] xcb_atom_t atom(std::string_view name) const;
 
-    [[nodiscard]] std::vector<std::uint32_t> words(xcb_window_t window,
+    [[nodiscard]] std::vector<std::uint32_t> items(xcb_window_t window,
                                                    std::string_view property) const;
     [[nodiscard]] std::vector<xcb_atom_t> atoms(xcb_window_t window,
                                                 std::string_view property) const;
@@ -50,7 +50,7 @@ public:
     /// Whether a window manager has redirected the root window's children.
     [[nodiscard]] bool isManaged() const;
 
-    void setWords(xcb_window_t window, std::string_view property, xcb_atom_t type,
+    void setItems(xcb_window_t window, std::string_view property, xcb_atom_t type,
                   const std::vector<std::uint32_t>& values) const;
     void setAtoms(xcb_window_t window, std::string_view property,
                   std::initializer_list<std::string_view> values) const;

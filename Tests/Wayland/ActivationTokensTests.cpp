@@ -1,6 +1,8 @@
 #include "FakeCompositor.hpp"
+#include "RequestLog.hpp"
 #include "Session/ActivationTokens.hpp"
 #include "Support/FakeRunLoop.hpp"
+#include "SwayTest.hpp"
 
 #include <gtest/gtest.h>
 #include <wayland-client.h>
@@ -9,7 +11,6 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace vireline::wayland {
@@ -18,38 +19,23 @@ namespace {
 /// Issues that text as the token, or none if there is no text.
 class FakeActivation {
 public:
-    explicit FakeActivation(FakeCompositor& compositor) {
-        compositor.offer(xdg_activation_v1_interface, 1, [this](wl_resource* activation) {
-            wl_resource_set_dispatcher(activation, getToken, nullptr, this, nullptr);
-        });
+    explicit FakeActivation(FakeCompositor& compositor) : log_(compositor) {
+        log_.onRequest = [this](const RequestLog::Request& request) {
+            constexpr std::uint32_t done = 0;
+            if (request.name == "commit" && text)
+                wl_resource_post_event(request.object, done, text->c_str());
+        };
+        compositor.offer(xdg_activation_v1_interface, 1,
+                         [this](wl_resource* activation) { log_.watch(activation); });
     }
+
+    /// Since the last time.
+    [[nodiscard]] RequestLog::Requests requests() { return log_.take(); }
 
     std::optional<std::string> text = "token-1";
 
 private:
-    static int getToken(const void* /*implementation*/, void* target, std::uint32_t /*opcode*/,
-                        const wl_message* message, wl_argument* arguments) {
-        auto* const activation = static_cast<wl_resource*>(target);
-        if (std::string_view{message->name} != "get_activation_token")
-            return 0;
-        wl_resource* const token =
-            wl_resource_create(wl_resource_get_client(activation),
-                               &xdg_activation_token_v1_interface, 1, arguments[0].n);
-        wl_resource_set_dispatcher(token, request, nullptr, wl_resource_get_user_data(activation),
-                                   nullptr);
-        return 0;
-    }
-    static int request(const void* /*implementation*/, void* target, std::uint32_t /*opcode*/,
-                       const wl_message* message, wl_argument* /*arguments*/) {
-        auto* const token = static_cast<wl_resource*>(target);
-        const auto& self = *static_cast<FakeActivation*>(wl_resource_get_user_data(token));
-        constexpr std::uint32_t done = 0;
-        if (std::string_view{message->name} == "commit" && self.text)
-            wl_resource_post_event(token, done, self.text->c_str());
-        else if (std::string_view{message->name} == "destroy")
-            wl_resource_destroy(token);
-        return 0;
-    }
+    RequestLog log_;
 };
 
 class ActivationTokensTest : public testing::Test {
@@ -57,7 +43,7 @@ protected:
     void open() {
         display_ = compositor_.connect();
         connection_.emplace(display_.get());
-        tokens_.emplace(*connection_, runLoop_, [] { return InputProof{}; });
+        tokens_.emplace(*connection_, runLoop_, [this] { return lastInput_; });
     }
     void TearDown() override {
         tokens_.reset();
@@ -74,6 +60,7 @@ protected:
     test::FakeRunLoop runLoop_;
     Proxy<wl_display> display_;
     std::optional<WaylandConnection> connection_;
+    InputProof lastInput_;
     std::optional<ActivationTokens> tokens_;
     std::vector<xdg::LaunchPass> passes_;
 };
@@ -89,6 +76,62 @@ TEST_F(ActivationTokensTest, AreTheCompositorsForBothKindsOfToolkits) {
     EXPECT_EQ(passes_, (std::vector<xdg::LaunchPass>{{"token-1", "token-1"}}));
     runLoop_.advance(10);
     EXPECT_EQ(passes_.size(), 1U);
+}
+
+TEST_F(ActivationTokensTest, AreRequestedWithTheProofOfTheLastInput) {
+    compositor_.offer(wl_seat_interface, 1);
+    FakeActivation activation{compositor_};
+    open();
+    const auto seat = connection_->bind<wl_seat>(wl_seat_interface, 1);
+    lastInput_ = {.seat = seat.get(), .serial = 4711};
+
+    request();
+    sync();
+    sync();
+
+    EXPECT_EQ(activation.requests(),
+              (RequestLog::Requests{"xdg_activation_v1 get_activation_token",
+                                    "xdg_activation_token_v1 set_serial 4711",
+                                    "xdg_activation_token_v1 commit",
+                                    "xdg_activation_token_v1 destroy"}));
+}
+
+/// No surface of a dock has the focus, so none is named.
+TEST_F(ActivationTokensTest, AreRequestedWithoutProofWhereThereIsNoInputDevice) {
+    FakeActivation activation{compositor_};
+    open();
+
+    request();
+    sync();
+    sync();
+
+    EXPECT_EQ(activation.requests(), (RequestLog::Requests{"xdg_activation_v1 get_activation_token",
+                                                           "xdg_activation_token_v1 commit",
+                                                           "xdg_activation_token_v1 destroy"}));
+    EXPECT_EQ(passes_.size(), 1U);
+}
+
+TEST_F(ActivationTokensTest, MayBeEmpty) {
+    FakeActivation activation{compositor_};
+    activation.text = "";
+    open();
+
+    request();
+    sync();
+
+    EXPECT_EQ(passes_, std::vector<xdg::LaunchPass>{{}});
+}
+
+TEST_F(ActivationTokensTest, AreNotWaitedForOnceTheCompositorHasDied) {
+    const FakeActivation activation{compositor_};
+    open();
+    compositor_.die();
+    sync();
+
+    request();
+    runLoop_.advance(ActivationTokens::timeoutSeconds);
+
+    EXPECT_EQ(passes_, std::vector<xdg::LaunchPass>{{}});
 }
 
 TEST_F(ActivationTokensTest, AreNotWaitedForWhereThereAreNone) {
@@ -159,6 +202,23 @@ TEST_F(ActivationTokensTest, IdentifyLaunches) {
 
     EXPECT_FALSE(first.empty());
     EXPECT_NE(first, tokens_->nextStartupID());
+}
+
+using ActivationTokensUnderSway = SwayTest;
+
+TEST_F(ActivationTokensUnderSway, AreIssuedWithoutAFocusedSurface) {
+    const Proxy<wl_display> display{wl_display_connect(desk().display().c_str())};
+    ASSERT_NE(display, nullptr);
+    const WaylandConnection connection{display.get()};
+    test::FakeRunLoop runLoop;
+    ActivationTokens tokens{connection, runLoop, [] { return InputProof{}; }};
+    std::optional<xdg::LaunchPass> received;
+
+    tokens.makePass("id", [&](const xdg::LaunchPass& pass) { received = pass; });
+    wl_display_roundtrip(display.get());
+
+    ASSERT_TRUE(received);
+    EXPECT_NE(received->activationToken, "");
 }
 
 }

@@ -115,12 +115,20 @@ int FakeCompositor::boundVersion(const wl_interface& interface) {
     return version;
 }
 
+void FakeCompositor::offerMemory() {
+    run([this] { wl_display_init_shm(server_->display); });
+}
+
 Proxy<wl_display> FakeCompositor::connect() {
+    return Proxy<wl_display>{wl_display_connect_to_fd(makeSocket())};
+}
+
+int FakeCompositor::makeSocket() {
     std::array<int, 2> ends{};
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0)
         throw std::runtime_error{"no sockets"};
     run([&] { wl_client_create(server_->display, ends[0]); });
-    return Proxy<wl_display>{wl_display_connect_to_fd(ends[1])};
+    return ends[1];
 }
 
 }

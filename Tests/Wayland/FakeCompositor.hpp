@@ -1,5 +1,4 @@
-/// A compositor in a thread of this process that only offers globals; what they do is left to who
-/// offers them.
+/// A compositor in a thread of this process. It only offers globals; tests implement them.
 #pragma once
 
 #include "Connection/Proxies.hpp"
@@ -27,8 +26,13 @@ public:
     /// Ends all connections, as a compositor that dies.
     void die();
 
+    /// Offers shared memory, as libwayland implements it.
+    void offerMemory();
+
     /// A client's connection to it.
     [[nodiscard]] Proxy<wl_display> connect();
+    /// The client's end of such a connection, which the caller owns.
+    [[nodiscard]] int makeSocket();
 
     /// The version in which a client has bound a global of this interface; 0 if none has.
     [[nodiscard]] int boundVersion(const wl_interface& interface);

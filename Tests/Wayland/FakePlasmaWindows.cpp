@@ -3,9 +3,6 @@
 #include <plasma-window-management-client-protocol.h>
 #include <wayland-server-core.h>
 
-#include <algorithm>
-#include <string_view>
-
 namespace vireline::wayland {
 namespace {
 
@@ -26,6 +23,10 @@ enum PlasmaWindowEvent : std::uint32_t {
 
 FakePlasmaWindows::FakePlasmaWindows(FakeCompositor& compositor, int version)
     : compositor_(compositor) {
+    log_.onRequest = [this](const RequestLog::Request& request) {
+        if (request.name == "get_window_by_uuid")
+            describe(std::stoul(request.arguments[1].s), request.created);
+    };
     compositor.offer(org_kde_plasma_window_management_interface, version,
                      [this](wl_resource* manager) { bound(manager); });
 }
@@ -37,7 +38,7 @@ void FakePlasmaWindows::send(std::size_t window, std::uint32_t event, Values... 
 
 std::size_t FakePlasmaWindows::add(const std::string& appID, std::uint32_t flags, bool isComplete) {
     compositor_.run([&] {
-        windows_.push_back({appID, flags, isComplete, nullptr});
+        windows_.push_back({appID, flags, isComplete});
         if (manager_ != nullptr)
             announce(windows_.size() - 1);
     });
@@ -76,23 +77,13 @@ void FakePlasmaWindows::close(std::size_t window) {
     send(window, plasmaUnmapped);
 }
 
-std::vector<std::string> FakePlasmaWindows::requests() {
-    std::vector<std::string> requests;
-    compositor_.run([&] { requests = requests_; });
-    return requests;
+void FakePlasmaWindows::closeOnceDescribed(std::size_t window) {
+    compositor_.run([&] { windows_[window].closesOnceDescribed = true; });
 }
 
 void FakePlasmaWindows::bound(wl_resource* manager) {
     manager_ = manager;
-    const auto handle = [](const void* /*implementation*/, void* target, std::uint32_t /*opcode*/,
-                           const wl_message* message, wl_argument* arguments) {
-        auto& self = *static_cast<FakePlasmaWindows*>(
-            wl_resource_get_user_data(static_cast<wl_resource*>(target)));
-        if (std::string_view{message->name} == "get_window_by_uuid")
-            self.describe(std::stoul(arguments[1].s), arguments[0].n);
-        return 0;
-    };
-    wl_resource_set_dispatcher(manager, handle, nullptr, this, nullptr);
+    log_.watch(manager, "");
     for (std::size_t i = 0; i < windows_.size(); ++i)
         announce(i);
     if (!stacking_.empty())
@@ -104,35 +95,20 @@ void FakePlasmaWindows::announce(std::size_t window) {
                            std::to_string(window).c_str());
 }
 
-void FakePlasmaWindows::describe(std::size_t index, std::uint32_t object) {
+void FakePlasmaWindows::describe(std::size_t index, wl_resource* handle) {
     Window& window = windows_[index];
-    window.handle =
-        wl_resource_create(wl_resource_get_client(manager_), &org_kde_plasma_window_interface,
-                           wl_resource_get_version(manager_), object);
-    const auto note = [](const void* /*implementation*/, void* target, std::uint32_t /*opcode*/,
-                         const wl_message* message, wl_argument* arguments) {
-        auto* const handle = static_cast<wl_resource*>(target);
-        auto& self = *static_cast<FakePlasmaWindows*>(wl_resource_get_user_data(handle));
-        const auto found = std::ranges::find(self.windows_, handle, &Window::handle);
-        const std::string_view name{message->name};
-        std::string request =
-            std::to_string(found - self.windows_.begin()) + ' ' + std::string{name};
-        if (name == "set_state")
-            request += ' ' + std::to_string(arguments[0].u) + ' ' + std::to_string(arguments[1].u);
-        self.requests_.push_back(request);
-        if (name == "destroy")
-            wl_resource_destroy(handle);
-        return 0;
-    };
-    wl_resource_set_dispatcher(window.handle, note, nullptr, this, nullptr);
+    window.handle = handle;
+    log_.watch(handle, std::to_string(index));
     constexpr std::uint32_t process = 1000;
-    wl_resource_post_event(window.handle, plasmaTitle, "Title");
-    wl_resource_post_event(window.handle, plasmaAppID, window.appID.c_str());
-    wl_resource_post_event(window.handle, plasmaState, window.flags);
-    wl_resource_post_event(window.handle, plasmaProcess,
-                           process + static_cast<std::uint32_t>(index));
+    wl_resource_post_event(handle, plasmaTitle, "Title");
+    if (!window.appID.empty())
+        wl_resource_post_event(handle, plasmaAppID, window.appID.c_str());
+    wl_resource_post_event(handle, plasmaState, window.flags);
+    wl_resource_post_event(handle, plasmaProcess, process + static_cast<std::uint32_t>(index));
     if (window.isComplete)
-        wl_resource_post_event(window.handle, plasmaDescribed);
+        wl_resource_post_event(handle, plasmaDescribed);
+    if (window.closesOnceDescribed)
+        wl_resource_post_event(handle, plasmaUnmapped);
 }
 
 }

@@ -2,13 +2,13 @@
 #pragma once
 
 #include "FakeCompositor.hpp"
+#include "RequestLog.hpp"
 
 #include <cstdint>
 #include <string>
 #include <vector>
 
 struct wl_resource;
-union wl_argument;
 
 namespace vireline::wayland {
 
@@ -35,9 +35,11 @@ public:
     void setFrame(std::size_t window, int x, int y, int width, int height);
     void complete(std::size_t window);
     void close(std::size_t window);
+    /// Closes a window as soon as a client has been told about it.
+    void closeOnceDescribed(std::size_t window);
 
-    /// What the client has requested so far, such as "0 close".
-    [[nodiscard]] std::vector<std::string> requests();
+    /// What the client has requested of windows since the last time, such as "0 close".
+    [[nodiscard]] RequestLog::Requests requests() { return log_.take(); }
 
 private:
     struct Window {
@@ -45,11 +47,12 @@ private:
         std::uint32_t flags = 0;
         bool isComplete = true;
         wl_resource* handle = nullptr;
+        bool closesOnceDescribed = false;
     };
 
     void bound(wl_resource* manager);
     void announce(std::size_t window);
-    void describe(std::size_t window, std::uint32_t object);
+    void describe(std::size_t window, wl_resource* handle);
     /// Sends an event of a window.
     template <class... Values>
     void send(std::size_t window, std::uint32_t event, Values... values);
@@ -58,7 +61,7 @@ private:
     wl_resource* manager_ = nullptr;
     std::string stacking_;
     std::vector<Window> windows_;
-    std::vector<std::string> requests_;
+    RequestLog log_{compositor_};
 };
 
 }

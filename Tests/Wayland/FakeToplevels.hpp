@@ -2,6 +2,7 @@
 #pragma once
 
 #include "FakeCompositor.hpp"
+#include "RequestLog.hpp"
 
 #include <cstdint>
 #include <string>
@@ -24,13 +25,16 @@ public:
                     const std::vector<State>& states = {});
     void setStates(std::size_t window, const std::vector<State>& states);
     void setAppID(std::size_t window, const std::string& appID);
+    void setTitle(std::size_t window, const std::string& title);
     void setParent(std::size_t window, std::size_t parent);
     void close(std::size_t window);
+    /// Closes a window as soon as a client has been told about it.
+    void closeOnceDescribed(std::size_t window);
     /// Announces no more windows.
     void finish();
 
-    /// What the client has requested so far, such as "0 set_minimized".
-    [[nodiscard]] std::vector<std::string> requests();
+    /// What the client has requested of windows since the last time, such as "0 set_minimized".
+    [[nodiscard]] RequestLog::Requests requests() { return log_.take(); }
 
 private:
     struct Window {
@@ -38,6 +42,7 @@ private:
         std::string title;
         std::vector<State> states;
         wl_resource* handle = nullptr;
+        bool closesOnceDescribed = false;
     };
 
     void bound(wl_resource* manager);
@@ -47,7 +52,7 @@ private:
     FakeCompositor& compositor_;
     wl_resource* manager_ = nullptr;
     std::vector<Window> windows_;
-    std::vector<std::string> requests_;
+    RequestLog log_{compositor_};
 };
 
 }

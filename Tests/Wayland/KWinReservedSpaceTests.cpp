@@ -1,35 +1,15 @@
-/// The space that panels reserve, felt for under a real KWin.
+/// The space that panels reserve, measured under a real KWin.
 #include "Connection/LayerShell.hpp"
 #include "Displays/ReservedSpace.hpp"
 #include "Files/FileDescriptor.hpp"
+#include "FirstOutput.hpp"
 #include "KWinTest.hpp"
 
 #include <sys/mman.h>
 #include <unistd.h>
 
-#include <string_view>
-
 namespace vireline::wayland {
 namespace {
-
-/// The compositor's first output, as an object of this connection, which is never destroyed.
-wl_output* firstOutput(wl_display* display) {
-    wl_output* output = nullptr;
-    const Proxy<wl_registry> registry{wl_display_get_registry(display)};
-    static constexpr wl_registry_listener listener{
-        .global =
-            [](void* data, wl_registry* globals, std::uint32_t name, const char* interface,
-               std::uint32_t /*version*/) {
-                auto& first = *static_cast<wl_output**>(data);
-                if (first == nullptr && std::string_view{interface} == "wl_output")
-                    first = static_cast<wl_output*>(
-                        wl_registry_bind(globals, name, &wl_output_interface, 1));
-            },
-        .global_remove = [](void* /*data*/, wl_registry* /*registry*/, std::uint32_t /*name*/) {}};
-    wl_registry_add_listener(registry.get(), &listener, &output);
-    wl_display_roundtrip(display);
-    return output;
-}
 
 /// Another program's panel at an edge of the first output.
 class Panel {
@@ -41,7 +21,7 @@ public:
         , compositor_(connection_.bind<wl_compositor>(wl_compositor_interface, 1))
         , shell_(connection_.bind<zwlr_layer_shell_v1>(zwlr_layer_shell_v1_interface, 3))
         , surface_(wl_compositor_create_surface(compositor_.get()))
-        , role_(zwlr_layer_shell_v1_get_layer_surface(shell_.get(), surface_.get(), output_,
+        , role_(zwlr_layer_shell_v1_get_layer_surface(shell_.get(), surface_.get(), output_.get(),
                                                       ZWLR_LAYER_SHELL_V1_LAYER_TOP, "dock")) {
         static constexpr zwlr_layer_surface_v1_listener listener{.configure = acknowledge,
                                                                  .closed = ignore};
@@ -53,11 +33,6 @@ public:
         wl_display_roundtrip(display_.get());
         draw();
     }
-    ~Panel() { wl_output_destroy(output_); }
-    Panel(const Panel&) = delete;
-    Panel& operator=(const Panel&) = delete;
-    Panel(Panel&&) = delete;
-    Panel& operator=(Panel&&) = delete;
 
 private:
     static constexpr int side = 16;
@@ -84,7 +59,7 @@ private:
 
     Proxy<wl_display> display_;
     WaylandConnection connection_;
-    wl_output* output_;
+    OwnedOutput output_;
     Proxy<wl_compositor> compositor_;
     Proxy<zwlr_layer_shell_v1> shell_;
     Proxy<wl_buffer> pixels_;
@@ -100,32 +75,29 @@ protected:
 };
 
 TEST_F(KWinReservedSpace, IsFoundAtEachEdgeWhilePanelsComeAndGo) {
-    wl_output* const output = firstOutput(display_.get());
-    {
-        ReservedSpace space{*connection_, output};
-        space.onChange = [] {};
-        ASSERT_TRUE(eventually([&] { return space.free() == QSize{1280, 720}; }));
+    const auto output = firstOutput(display_.get());
+    ReservedSpace space{*connection_, output.get()};
+    space.onChange = [] {};
+    ASSERT_TRUE(eventually([&] { return space.free() == QSize{1280, 720}; }));
 
-        const auto& display = desk().display();
-        {
-            const Panel panel{display, ZWLR_LAYER_SURFACE_V1_ANCHOR_BOTTOM, 70};
-            EXPECT_TRUE(becomes(space, {.bottom = 70}));
-        }
-        {
-            const Panel panel{display, ZWLR_LAYER_SURFACE_V1_ANCHOR_LEFT, 50};
-            EXPECT_TRUE(becomes(space, {.left = 50}));
-        }
-        {
-            const Panel panel{display, ZWLR_LAYER_SURFACE_V1_ANCHOR_RIGHT, 40};
-            EXPECT_TRUE(becomes(space, {.right = 40}));
-        }
-        {
-            const Panel panel{display, ZWLR_LAYER_SURFACE_V1_ANCHOR_TOP, 30};
-            EXPECT_TRUE(becomes(space, {.top = 30}));
-        }
-        EXPECT_TRUE(becomes(space, {}));
+    const auto& display = desk().display();
+    {
+        const Panel panel{display, ZWLR_LAYER_SURFACE_V1_ANCHOR_BOTTOM, 70};
+        EXPECT_TRUE(becomes(space, {.bottom = 70}));
     }
-    wl_output_destroy(output);
+    {
+        const Panel panel{display, ZWLR_LAYER_SURFACE_V1_ANCHOR_LEFT, 50};
+        EXPECT_TRUE(becomes(space, {.left = 50}));
+    }
+    {
+        const Panel panel{display, ZWLR_LAYER_SURFACE_V1_ANCHOR_RIGHT, 40};
+        EXPECT_TRUE(becomes(space, {.right = 40}));
+    }
+    {
+        const Panel panel{display, ZWLR_LAYER_SURFACE_V1_ANCHOR_TOP, 30};
+        EXPECT_TRUE(becomes(space, {.top = 30}));
+    }
+    EXPECT_TRUE(becomes(space, {}));
 }
 
 }

@@ -140,7 +140,7 @@ TEST(SwayTree, IsNotReadFromSomethingElse) {
         EXPECT_FALSE(SwayTree::parse(text)) << text;
 }
 
-TEST(SwayTree, IsReadHoweverOddItIs) {
+TEST(SwayTree, IsReadEvenIfValuesHaveWrongTypes) {
     const auto tree = SwayTree::parse(
         R"({"type": "root", "nodes": [7, {"pid": "x", "id": "y", "rect": []}, {"nodes": 3}]})");
 

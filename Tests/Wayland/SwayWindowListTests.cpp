@@ -173,7 +173,7 @@ TEST_F(SwayWindowListTest, BringsAWindowBackToTheWorkspaceThatItWasOn) {
     EXPECT_EQ(after, before);
 }
 
-TEST_F(SwayWindowListTest, HidesAndBringsBackHoweverQuicklyThatIsAskedFor) {
+TEST_F(SwayWindowListTest, HidesAndBringsBackInQuickSuccession) {
     run("org.example.one", 3);
 
     for (int round = 0; round < 5; ++round) {
@@ -215,7 +215,7 @@ TEST_F(SwayWindowListTest, TakesAWindowThatDoesNotSayWhatItIsForItsProgram) {
     EXPECT_EQ(apps_->running().at(0).processIdentifier, process.pid());
 }
 
-TEST_F(SwayWindowListTest, IsNotTroubledByATitleOfAMegabyte) {
+TEST_F(SwayWindowListTest, ListsAWindowWithATitleOfAMegabyte) {
     desk().run({"--class", "org.example.long", "--title-bytes", "1048576"});
     run("org.example.one");
 

@@ -19,7 +19,7 @@ TEST(AccessibilityErrors, HaveAPhraseEach) {
     EXPECT_FALSE(phrases.contains(describe(-1)));
 }
 
-TEST(AccessibilityErrors, TellOfAnAppThatIsGoneOrSilent) {
+TEST(AccessibilityErrors, ReportAnAppThatIsGoneOrDoesNotAnswer) {
     EXPECT_STREQ(describe(-25202), "element is gone");
     EXPECT_STREQ(describe(-25204), "no answer from the app");
 }

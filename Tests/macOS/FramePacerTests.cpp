@@ -46,7 +46,7 @@ TEST(FramePacer, ATickBeforeTheFirstFrameShowsIt) {
     EXPECT_FALSE(pacer.fire());
 }
 
-TEST(FramePacer, TheTicksEndWithTheFirstThatNobodyAskedFor) {
+TEST(FramePacer, TheTicksEndWithTheFirstThatWasNotRequested) {
     FramePacer pacer;
     EXPECT_EQ(pacer.request(), Start::ticks);
     EXPECT_TRUE(pacer.fire());

@@ -181,7 +181,7 @@ TEST_F(PanelInputTest, ADragBringsItsURLsOnceAndThenItsPlaces) {
     EXPECT_EQ(listener.dragPoints, (std::vector<Point>{{10, 8}, {20, 28}}));
 }
 
-TEST_F(PanelInputTest, ADragThatNobodyTakesIsRefused) {
+TEST_F(PanelInputTest, ADragThatTheViewRefusesIsRefused) {
     listener.takesDrops = false;
 
     EXPECT_FALSE(input.dragEntered({"file:///a"}, {10, 80}));

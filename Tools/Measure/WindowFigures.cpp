@@ -125,7 +125,7 @@ public:
 private:
     [[nodiscard]] PixelRect outerFrame(xcb_window_t window) const {
         auto frame = desktop_.client().frame(window).value_or(PixelRect{});
-        const auto sides = desktop_.client().words(window, "_NET_FRAME_EXTENTS");
+        const auto sides = desktop_.client().items(window, "_NET_FRAME_EXTENTS");
         if (sides.size() < 4)
             return frame;
         const auto side = [&](std::size_t index) { return static_cast<int>(sides[index]); };

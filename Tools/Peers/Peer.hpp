@@ -35,8 +35,8 @@ struct Peer {
     std::function<void(VirtualDesktop&, std::span<const App>)> configure;
     /// Whether it runs under sway instead of on X11.
     bool isOnSway = false;
-    /// Where its first pixels appear, if that counts as its start instead of its first dock's
-    /// mapping, of which Wayland tells nobody else.
+    /// Where its first pixels appear. Used under Wayland, where other programs cannot observe that
+    /// a dock is mapped.
     PixelRect firstPixels{};
     /// The path over the launchers, derived from the frame of the dock's window.
     std::function<Line(const PixelRect&)> launchers;

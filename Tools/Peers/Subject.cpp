@@ -281,7 +281,7 @@ void Subject::openXWindows(int count) const {
     }
 }
 
-/// Each is a program of its own, which tells in a file when it has drawn its window.
+/// Each is a program of its own, which writes to a file once it has drawn its window.
 void Subject::openWaylandWindows(int count) const {
     constexpr auto between = 10ms;
     const auto drawn = desktop_->home().scratch() / "drawn";

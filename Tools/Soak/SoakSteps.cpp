@@ -30,7 +30,7 @@ std::optional<DockLayout> anyShownDock(SoakWorld& world) {
 void clickTile(SoakWorld& world, const DockLayout& dock, std::size_t index) {
     const int before = world.desktop().log().count("click ");
     world.desktop().pointer().click(dock.icon(static_cast<int>(index)));
-    require(world.desktop().log().reaches("click ", before + 1), "a click comes to nothing");
+    require(world.desktop().log().reaches("click ", before + 1), "a click has no effect");
 }
 
 // Apps.

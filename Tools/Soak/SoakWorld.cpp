@@ -162,9 +162,9 @@ void SoakWorld::loseBus() {
 std::set<pid_t> SoakWorld::processesOf(const App& app) const {
     std::set<pid_t> processes;
     for (const xcb_window_t window : desktop_->windowsOf(app)) {
-        const auto words = desktop_->client().words(window, "_NET_WM_PID");
-        if (!words.empty() && words.front() > 1)
-            processes.insert(static_cast<pid_t>(words.front()));
+        const auto items = desktop_->client().items(window, "_NET_WM_PID");
+        if (!items.empty() && items.front() > 1)
+            processes.insert(static_cast<pid_t>(items.front()));
     }
     return processes;
 }

@@ -48,7 +48,7 @@ public:
     /// Whether the settings window is visible at this position.
     [[nodiscard]] bool areSettingsAt(PixelPoint place) const;
     void closeSettings();
-    /// Quits it with its shortcut, upon which it must exit cleanly.
+    /// Quits it with its shortcut; throws unless it exits cleanly.
     void end();
     /// Kills it, as a crash or power failure would.
     void kill();

@@ -203,7 +203,7 @@ private:
     void plugIn() {
         desktop_.setMonitors(session_->monitors());
         if (!eventually([&] { return docks() == 2; }))
-            throw std::runtime_error{"no dock comes to the display that is back"};
+            throw std::runtime_error{"the display that was plugged in again gets no dock"};
         picture("plugged-in", "the display is back, and so is its dock");
     }
 
@@ -225,7 +225,7 @@ private:
         picture("welcome", "what a first start shows");
     }
 
-    /// Under sway, windows are not told from docks, but they open on the main display.
+    /// Under sway this counts windows too, but those open on the main display.
     [[nodiscard]] std::ptrdiff_t docks() const {
         return std::ranges::count_if(desktop_.docks().shown(), [&](const DockWindow& dock) {
             return dock.displayID != desktop_.displayIDOf("main");

@@ -35,7 +35,7 @@ struct RunningApplication {
 
 /// Which apps want the user's attention, by bundle identifier.
 struct AppAttention {
-    /// Those of which a window demands it.
+    /// Those with a window that demands it.
     std::set<std::string> demanding = {};
     /// The frontmost app, which has it.
     std::optional<std::string> active = {};
@@ -63,7 +63,7 @@ public:
     /// Asks the app to quit; it may refuse or ask the user first.
     virtual void terminate(const RunningApplication& app) = 0;
 
-    /// Empty where the system does not tell.
+    /// Empty if the system does not report it.
     [[nodiscard]] virtual AppAttention attention() const { return {}; }
     /// Calls `handler` when the result of `attention` has changed.
     // NOLINTNEXTLINE(performance-unnecessary-value-param): implementations keep it

@@ -16,8 +16,8 @@ public:
     /// Launches the application at `url`, or activates and re-opens it if it is running.
     virtual void openApplication(const std::string& bundleID, const FileURL& url) = 0;
 
-    /// Starts the application at `url` once more, even if it is running. What it makes of that is
-    /// its own affair; most open a window. Does nothing where the system does not support it.
+    /// Starts the application at `url` once more, even if it is running. What happens then is up
+    /// to the application; most open a window. Does nothing where the system does not support it.
     virtual void launchAgain(const std::string& /*bundleID*/, const FileURL& /*url*/) {}
 
     /// Carries out one of the application's `ApplicationCatalog::actions`.

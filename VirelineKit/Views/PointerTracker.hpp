@@ -56,8 +56,8 @@ public:
 
     [[nodiscard]] bool hasMenu() const noexcept { return hasMenu_; }
 
-    /// Whether another program has grabbed the pointer while it was over this window. No event will
-    /// tell when it leaves.
+    /// Whether another program has grabbed the pointer while it was over this window. There will be
+    /// no event when it leaves.
     [[nodiscard]] bool isPointerGrabbed() const noexcept { return isPointerGrabbed_; }
 
 private:

@@ -33,9 +33,10 @@ def read(command):
 
 def make_protocol_headers():
     """Tests include the headers that are generated for Wayland, where the program is built for that."""
-    target = "VirelineProtocols"
-    if f"build {target}:" in (BUILD / "build.ninja").read_text():
-        subprocess.run(["cmake", "--build", BUILD, "--target", target], check=True, stdout=subprocess.DEVNULL)
+    known = (BUILD / "build.ninja").read_text()
+    for target in "VirelineProtocols", "VirelineTestProtocols":
+        if f"build {target}:" in known:
+            subprocess.run(["cmake", "--build", BUILD, "--target", target], check=True, stdout=subprocess.DEVNULL)
 
 
 def main():

@@ -1,5 +1,5 @@
 /// Detects when a drag of a tile is cancelled: by the Escape key, which goes to the program with
-/// the focus, or by a release of the button of which no event arrives.
+/// the focus, or by a release of the button that is not reported.
 #pragma once
 
 #include "Foundation/ScopedHandle.hpp"

@@ -100,6 +100,15 @@ struct MakeView {
     }
 };
 
+/// A label for one line of text.
+NSTextField* centredText(NSColor* color) {
+    NSTextField* const text = [NSTextField labelWithString:@""];
+    text.textColor = color;
+    text.alignment = NSTextAlignmentCenter;
+    text.usesSingleLineMode = YES;
+    return text;
+}
+
 /// Fills a template image, such as a symbol, with the label colour. The colour is resolved here,
 /// since the image is drawn later, when the appearance may not be set.
 NSImage* colored(NSImage* image) {
@@ -173,10 +182,7 @@ NSImage* colored(NSImage* image) {
     self = [super initWithFrame:frame];
     if (self == nil)
         return nil;
-    _text = [NSTextField labelWithString:@""];
-    _text.textColor = NSColor.whiteColor;
-    _text.alignment = NSTextAlignmentCenter;
-    _text.usesSingleLineMode = YES;
+    _text = centredText(NSColor.whiteColor);
     [self addSubview:_text];
     return self;
 }
@@ -306,11 +312,8 @@ NSImage* colored(NSImage* image) {
     self = [super initWithFrame:frame];
     if (self == nil)
         return nil;
-    _text = [NSTextField labelWithString:@""];
-    _text.textColor = NSColor.labelColor;
-    _text.alignment = NSTextAlignmentCenter;
+    _text = centredText(NSColor.labelColor);
     _text.lineBreakMode = NSLineBreakByTruncatingTail;
-    _text.usesSingleLineMode = YES;
     NSView* const room = [[NSView alloc] initWithFrame:NSZeroRect];
     [room addSubview:_text];
     _glass = [[VirelineGlassView alloc] initWithFrame:self.bounds];

@@ -18,8 +18,8 @@ bool isOnAnotherDesktop(const XClient& client, xcb_window_t window) {
     if (manager != WindowManager::kwin && manager != WindowManager::mutter)
         return false;
     constexpr std::uint32_t all = 0xffffffff;
-    const auto own = client.words(window, "_NET_WM_DESKTOP");
-    const auto current = client.words(client.root(), "_NET_CURRENT_DESKTOP");
+    const auto own = client.items(window, "_NET_WM_DESKTOP");
+    const auto current = client.items(client.root(), "_NET_CURRENT_DESKTOP");
     return !own.empty() && own.front() != all && own != current;
 }
 
@@ -185,7 +185,7 @@ bool ManagerStory::has(xcb_window_t window, const std::string& state) {
 
 PixelRect ManagerStory::outer(xcb_window_t window) {
     const auto inner = desktop().client().frame(window).value_or(PixelRect{});
-    const auto sides = desktop().client().words(window, "_NET_FRAME_EXTENTS");
+    const auto sides = desktop().client().items(window, "_NET_FRAME_EXTENTS");
     if (sides.size() < 4)
         return inner;
     const auto side = [&](std::size_t index) { return static_cast<int>(sides[index]); };
@@ -200,8 +200,8 @@ bool ManagerStory::leaveDesktopOf(const App& app) {
         desktop().run("bspc", {"desktop", "--focus", "next.local"});
     } else {
         const auto& client = desktop().client();
-        const auto number = client.words(client.root(), "_NET_NUMBER_OF_DESKTOPS");
-        const auto own = client.words(desktop().windowsOf(app).front(), "_NET_WM_DESKTOP");
+        const auto number = client.items(client.root(), "_NET_NUMBER_OF_DESKTOPS");
+        const auto own = client.items(desktop().windowsOf(app).front(), "_NET_WM_DESKTOP");
         if (number.empty() || number.front() < 2 || own.empty())
             return false;
         client.sendToRoot(client.root(), "_NET_CURRENT_DESKTOP",

@@ -104,7 +104,7 @@ TEST_P(Drags, LeaveTheDockWhereItIs) {
     desktop().pointer().release(Pointer::Button::primary);
     desktop().keyboard().release(GetParam());
     checkDocks();
-    const auto sides = desktop().client().words(dock(middle).window, "_NET_FRAME_EXTENTS");
+    const auto sides = desktop().client().items(dock(middle).window, "_NET_FRAME_EXTENTS");
     check(std::ranges::all_of(sides, [](auto side) { return side == 0; }),
           "the window manager puts a border around the dock");
 }

@@ -97,8 +97,8 @@ protected:
         return most;
     }
 
-    /// Shows frames for a while and tells the greatest jump from one to the next, `before` being
-    /// what was seen last.
+    /// Shows frames for a while and returns the greatest jump from one to the next. `before` is
+    /// the latest frame before them.
     double greatestJump(Places before, double seconds) {
         constexpr double step = 1.0 / 60;
         double most = 0;
@@ -113,7 +113,7 @@ protected:
     }
 };
 
-/// What a movement over a dock's thickness, or a tile's width, comes to in one frame at most.
+/// The most that anything moves in one frame when it moves by a dock's thickness or a tile's width.
 constexpr double fastest = 25;
 
 TEST_F(DockInMotion, SlidesOutToTheEdgeAndBack) {

@@ -164,7 +164,7 @@ TEST_F(PanelLifetimeTest, WhatTheWindowOfADockThatIsGoneStillReportsIsIgnored) {
     EXPECT_EQ(panel.frameChanges.size(), moves);
 }
 
-TEST_F(PanelLifetimeTest, ADockThatGoesWhileATileIsDraggedLetsGoOfTheKeyboard) {
+TEST_F(PanelLifetimeTest, ADockThatIsRemovedDuringADragReleasesTheKeyboard) {
     FakePanel& panel = dock();
     const Point from = tileCenter(0);
     panel.pointer().pressed(from);

@@ -70,7 +70,7 @@ TEST_F(TileDragTest, LettingGoMovesTheAppAndIsNoClick) {
     EXPECT_EQ(icons()[1].motion.slide, (Curve{0.15, Easing::easeInOut}));
 }
 
-TEST_F(TileDragTest, ATileLetGoWhereItWasSettlesAndMovesNothing) {
+TEST_F(TileDragTest, ATileReleasedWhereItWasSettlesAndMovesNothing) {
     moveTile(1, 20);
 
     EXPECT_TRUE(dock.actionsTaken.empty());
@@ -78,7 +78,7 @@ TEST_F(TileDragTest, ATileLetGoWhereItWasSettlesAndMovesNothing) {
 }
 
 /// The final movement may not have been reported before the release.
-TEST_F(TileDragTest, ATileLandsWhereTheButtonIsLetGo) {
+TEST_F(TileDragTest, ATileLandsWhereTheButtonIsReleased) {
     const Point p = centerOfIcon(1);
     dragTile(1, 20);
     send(Kind::released, {p.x + 110, p.y});

@@ -43,7 +43,7 @@ TEST_F(DockRootViewTest, TapsAreToldApartByWhenTheyHappenedNotByWhenTheyAreTold)
     EXPECT_EQ(dock.actionsTaken, (std::vector<std::string>{"click p0 #2", "double-click p0 #2"}));
 }
 
-TEST_F(DockRootViewTest, TheDoubleClickIntervalIsReadAfreshOnEveryTap) {
+TEST_F(DockRootViewTest, TheDoubleClickIntervalIsReadAgainOnEveryTap) {
     dock.setTiles(1, 0);
     show();
 

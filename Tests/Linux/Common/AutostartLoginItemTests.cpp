@@ -174,7 +174,7 @@ TEST_F(AutostartLoginItemTest, SaysWhyItCannotRemove) {
         fs::permissions(folder, fs::perms::owner_all);
 }
 
-TEST_F(AutostartLoginItemTest, CannotTellOfAnEntryThatCannotBeRead) {
+TEST_F(AutostartLoginItemTest, DoesNotKnowWhetherAnUnreadableEntryIsEnabled) {
     fs::create_directories(entry.path());
     EXPECT_EQ(item.status(), Status::notFound);
     EXPECT_FALSE(item.registerItem());

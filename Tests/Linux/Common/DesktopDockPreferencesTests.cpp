@@ -327,7 +327,7 @@ TEST_F(DesktopDockPreferencesTest, SaysNothingAboutListsThatAreNotInUse) {
     EXPECT_EQ(newAnnouncements(), 0);
 }
 
-TEST_F(DesktopDockPreferencesTest, HearsOfTheNextListWhenTheOneInUseIsGone) {
+TEST_F(DesktopDockPreferencesTest, SwitchesToTheNextListWhenTheOneInUseIsGone) {
     makeFolder(plistFile.parent());
     overwrite(plistFile, plistWith("file:///from/plist"));
     start("GNOME");

@@ -120,7 +120,7 @@ TEST_F(FormViewTest, TellsWhatTheUserGaveAControl) {
                                                      {SettingsField::fillOnDoubleClick, true}}));
 }
 
-TEST_F(FormViewTest, TellsOfAnOptionOnceWhenItIsChosen) {
+TEST_F(FormViewTest, ReportsAnOptionOnceWhenItIsChosen) {
     present({});
     const auto options = view.findChildren<QRadioButton*>();
     ASSERT_EQ(options.size(), 5);

@@ -51,7 +51,7 @@ TEST_F(FrameClockTest, GivesOneFrameForManyRequests) {
     EXPECT_EQ(frames, 1);
 }
 
-TEST_F(FrameClockTest, GivesNoFrameThatNobodyAskedFor) {
+TEST_F(FrameClockTest, GivesNoFrameThatWasNotRequested) {
     timeOf(1);
     bool isLater = false;
     QTimer::singleShot(milliseconds{60}, [&] { isLater = true; });

@@ -91,7 +91,7 @@ TEST_F(Marks, AreTriedOnceWhereFilesCannotBeMarked) {
     ::close(file);
 }
 
-TEST_F(Marks, TellOfAFileThatHasLostItsName) {
+TEST_F(Marks, ReportAFileThatHasLostItsName) {
     const int file = make("file");
     ::unlink(path("file").c_str());
     EXPECT_FALSE(holdAgainstRemoval(file));

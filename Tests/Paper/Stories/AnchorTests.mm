@@ -98,7 +98,7 @@ TEST_F(Anchor, EndsWithTheSwitch) {
     });
 }
 
-TEST_F(Anchor, LetsGoOfThePointerWhenThePermissionIsWithdrawn) {
+TEST_F(Anchor, ReleasesThePointerWhenThePermissionIsWithdrawn) {
     paper::setTrusted(true);
     runProgram([] {
         const std::size_t watching = paper::eventTaps();

@@ -188,8 +188,8 @@ private:
 
     void moveByItself() {
         hasMoved_ = true;
-        const auto word = [](int value) { return static_cast<std::uint32_t>(value); };
-        const std::array place{word(options_.laterPlace->x), word(options_.laterPlace->y)};
+        const auto card32 = [](int value) { return static_cast<std::uint32_t>(value); };
+        const std::array place{card32(options_.laterPlace->x), card32(options_.laterPlace->y)};
         for (const xcb_window_t window : windows_) {
             xcb_configure_window(client_.get(), window, XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y,
                                  place.data());
@@ -204,14 +204,14 @@ private:
         client_.setText(window, "_NET_WM_NAME", options_.title);
         client_.setAtoms(window, "WM_PROTOCOLS", {"WM_DELETE_WINDOW"});
         client_.setAtoms(window, "_NET_WM_WINDOW_TYPE", {"_NET_WM_WINDOW_TYPE_" + options_.type});
-        client_.setWords(window, "_NET_WM_PID", XCB_ATOM_CARDINAL,
+        client_.setItems(window, "_NET_WM_PID", XCB_ATOM_CARDINAL,
                          {static_cast<std::uint32_t>(getpid())});
         if (options_.skipTaskbar)
             client_.setAtoms(window, "_NET_WM_STATE", {"_NET_WM_STATE_SKIP_TASKBAR"});
         if (!startupID_.empty())
             client_.setText(window, "_NET_STARTUP_ID", startupID_);
         if (options_.desktop)
-            client_.setWords(window, "_NET_WM_DESKTOP", XCB_ATOM_CARDINAL, {*options_.desktop});
+            client_.setItems(window, "_NET_WM_DESKTOP", XCB_ATOM_CARDINAL, {*options_.desktop});
         if (options_.icon)
             setIcon(window, *options_.icon);
         if (options_.isPlaced)
@@ -226,7 +226,7 @@ private:
         std::vector<std::uint32_t> icon(2 + side * side, opaque | colour);
         icon[0] = side;
         icon[1] = side;
-        client_.setWords(window, "_NET_WM_ICON", XCB_ATOM_CARDINAL, icon);
+        client_.setItems(window, "_NET_WM_ICON", XCB_ATOM_CARDINAL, icon);
     }
 
     /// Marks the position as chosen by the user, so that the window manager respects it.
@@ -236,23 +236,23 @@ private:
         hints[0] = userPosition;
         hints[1] = static_cast<std::uint32_t>(options_.frame.x);
         hints[2] = static_cast<std::uint32_t>(options_.frame.y);
-        client_.setWords(window, "WM_NORMAL_HINTS", XCB_ATOM_WM_SIZE_HINTS, hints);
+        client_.setItems(window, "WM_NORMAL_HINTS", XCB_ATOM_WM_SIZE_HINTS, hints);
     }
 
     void reserve(xcb_window_t window, const Strut& strut) const {
         const PixelRect& frame = options_.frame;
         const int width = client_.screen().width_in_pixels;
         const int height = client_.screen().height_in_pixels;
-        const auto word = [](int value) { return static_cast<std::uint32_t>(value); };
+        const auto card32 = [](int value) { return static_cast<std::uint32_t>(value); };
         // left, right, top, bottom, followed by a start and an end for each.
         std::vector<std::uint32_t> values(12, 0);
         if (strut.edge == "left")
-            values = {word(frame.right()),
+            values = {card32(frame.right()),
                       0,
                       0,
                       0,
-                      word(frame.y),
-                      word(frame.bottom() - 1),
+                      card32(frame.y),
+                      card32(frame.bottom() - 1),
                       0,
                       0,
                       0,
@@ -261,37 +261,46 @@ private:
                       0};
         else if (strut.edge == "right")
             values = {0,
-                      word(width - frame.x),
+                      card32(width - frame.x),
                       0,
                       0,
                       0,
                       0,
-                      word(frame.y),
-                      word(frame.bottom() - 1),
+                      card32(frame.y),
+                      card32(frame.bottom() - 1),
                       0,
                       0,
                       0,
                       0};
         else if (strut.edge == "top")
-            values = {
-                0, 0, word(frame.bottom()), 0, 0, 0, 0, 0, word(frame.x), word(frame.right() - 1),
-                0, 0};
+            values = {0,
+                      0,
+                      card32(frame.bottom()),
+                      0,
+                      0,
+                      0,
+                      0,
+                      0,
+                      card32(frame.x),
+                      card32(frame.right() - 1),
+                      0,
+                      0};
         else
             values = {0,
                       0,
                       0,
-                      word(height - frame.y),
+                      card32(height - frame.y),
                       0,
                       0,
                       0,
                       0,
                       0,
                       0,
-                      word(frame.x),
-                      word(frame.right() - 1)};
-        client_.setWords(window, "_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL, values);
+                      card32(frame.x),
+                      card32(frame.right() - 1)};
+        client_.setItems(window, "_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL, values);
         values.resize(4);
-        client_.setWords(window, "_NET_WM_STRUT", XCB_ATOM_CARDINAL, values);
+        client_.setItems(window, "_NET_WM_STRUT", XCB_ATOM_CARDINAL, values);
     }
 
     /// Broadcasts the end of the launch, in chunks of 20 bytes.

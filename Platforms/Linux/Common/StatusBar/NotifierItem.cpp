@@ -39,16 +39,16 @@ constexpr std::array pictureSides{16, 22, 24, 32, 44, 48, 64};
 /// Pixels in the protocol's format: ARGB, big-endian.
 GVariant* pixmap(const QImage& picture) {
     const QImage pixels = picture.convertToFormat(QImage::Format_ARGB32);
-    std::vector<quint32> words;
-    words.reserve(static_cast<std::size_t>(pixels.width()) *
-                  static_cast<std::size_t>(pixels.height()));
+    std::vector<quint32> argb;
+    argb.reserve(static_cast<std::size_t>(pixels.width()) *
+                 static_cast<std::size_t>(pixels.height()));
     for (int y = 0; y < pixels.height(); ++y) {
         for (int x = 0; x < pixels.width(); ++x)
-            words.push_back(qToBigEndian(quint32{pixels.pixel(x, y)}));
+            argb.push_back(qToBigEndian(quint32{pixels.pixel(x, y)}));
     }
     return g_variant_new("(ii@ay)", pixels.width(), pixels.height(),
-                         g_variant_new_fixed_array(G_VARIANT_TYPE_BYTE, words.data(),
-                                                   words.size() * sizeof(quint32), 1));
+                         g_variant_new_fixed_array(G_VARIANT_TYPE_BYTE, argb.data(),
+                                                   argb.size() * sizeof(quint32), 1));
 }
 
 }

@@ -28,7 +28,8 @@ std::unique_ptr<xdg::WindowList> windowList(const WaylandConnection& connection,
                                             const std::string& swaySocket) {
     if (auto windows = SwayWindowList::open(swaySocket, getpid()))
         return windows;
-    if (auto windows = WlrWindowList::create(connection, ownAppID, QtNative::seat))
+    if (auto windows = WlrWindowList::create(connection, ownAppID,
+                                             [&connection] { return QtNative::seat(connection); }))
         return windows;
     if (auto windows = PlasmaWindowList::create(connection, ownAppID))
         return windows;
@@ -44,8 +45,9 @@ WaylandWindowSystem::WaylandWindowSystem(xdg::SecondStarts& secondStarts, RunLoo
     , swaySocket_(SwayConnection::socketOf(qEnvironmentVariable("SWAYSOCK").toStdString(),
                                            connection_.compositor()))
     , windows_(windowList(connection_, swaySocket_))
-    , activationTokens_(connection_, runLoop,
-                        [] { return InputProof{QtNative::seat(), QtNative::inputSerial()}; }) {}
+    , activationTokens_(connection_, runLoop, [this] {
+        return InputProof{QtNative::seat(connection_), QtNative::inputSerial(connection_)};
+    }) {}
 
 std::unique_ptr<PanelWindows> WaylandWindowSystem::makePanelWindows(xdg::Appearance& appearance) {
     return std::make_unique<LayerPanelWindows>(connection_, screens_, appearance);
@@ -73,7 +75,7 @@ std::unique_ptr<xdg::SystemTray> WaylandWindowSystem::makeTray() {
     return nullptr;
 }
 
-/// Only for panels that show the menu of a status item by themselves in no way.
+/// Needed only if a panel cannot show the menu of a status item itself.
 void WaylandWindowSystem::openAtPointer(QMenu& menu) {
     menu.popup(QCursor::pos());
 }

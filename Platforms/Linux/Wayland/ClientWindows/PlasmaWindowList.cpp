@@ -1,7 +1,7 @@
 #include "ClientWindows/PlasmaWindowList.hpp"
 
 #include "Applications/Identity/PlainText.hpp"
-#include "ClientWindows/FirstEvents.hpp"
+#include "Connection/EventText.hpp"
 
 #include <plasma-window-management-client-protocol.h>
 #include <wayland-client.h>
@@ -22,7 +22,7 @@ constexpr std::uint32_t oldestVersion =
 constexpr std::uint32_t newestVersion = 16;
 
 std::string cleaned(const char* text) {
-    return xdg::PlainText::clean(text == nullptr ? "" : text);
+    return xdg::PlainText::clean(eventText(text));
 }
 
 }
@@ -35,24 +35,24 @@ struct PlasmaWindowList::Events {
     template <class Take>
     static void update(void* data, PlasmaHandle* handle, const Take& take) {
         auto& self = list(data);
-        if (Window* const window = self.find(handle)) {
+        if (Window* const window = self.handles_.find(handle)) {
             take(*window);
             self.changed(*window);
         }
     }
 
-    static void ignoreWord(void* /*data*/, PlasmaManager* /*manager*/, std::uint32_t /*word*/) {}
-    static void ignoreArray(void* /*data*/, PlasmaManager* /*manager*/, wl_array* /*words*/) {}
+    static void ignoreState(void* /*data*/, PlasmaManager* /*manager*/, std::uint32_t /*state*/) {}
+    static void ignoreArray(void* /*data*/, PlasmaManager* /*manager*/, wl_array* /*numbers*/) {}
     static void stacking(void* data, PlasmaManager* /*manager*/, const char* uuids) {
-        list(data).stacking_ = uuids;
+        list(data).stacking_ = eventText(uuids);
     }
     static void window(void* data, PlasmaManager* /*manager*/, std::uint32_t /*number*/,
                        const char* uuid) {
-        list(data).came(uuid);
+        list(data).came(std::string{eventText(uuid)});
     }
 
     static void title(void* data, PlasmaHandle* handle, const char* text) {
-        if (Window* const window = list(data).find(handle))
+        if (Window* const window = list(data).handles_.find(handle))
             window->title = cleaned(text);
     }
     static void appID(void* data, PlasmaHandle* handle, const char* id) {
@@ -69,7 +69,10 @@ struct PlasmaWindowList::Events {
             window.state.isSkipped = has(ORG_KDE_PLASMA_WINDOW_MANAGEMENT_STATE_SKIPTASKBAR);
         });
     }
-    static void unmapped(void* data, PlasmaHandle* handle) { list(data).went(handle); }
+    static void unmapped(void* data, PlasmaHandle* handle) {
+        if (const auto gone = list(data).handles_.remove(handle))
+            list(data).remove(*gone);
+    }
     static void described(void* data, PlasmaHandle* handle) {
         update(data, handle, [](Window& window) { window.isDescribed = true; });
     }
@@ -79,7 +82,7 @@ struct PlasmaWindowList::Events {
     }
     static void geometry(void* data, PlasmaHandle* handle, std::int32_t x, std::int32_t y,
                          std::uint32_t width, std::uint32_t height) {
-        if (Window* const window = list(data).find(handle))
+        if (Window* const window = list(data).handles_.find(handle))
             window->details.frame = {static_cast<double>(x), static_cast<double>(y),
                                      static_cast<double>(width), static_cast<double>(height)};
     }
@@ -97,7 +100,7 @@ struct PlasmaWindowList::Events {
                                 std::uint32_t /*number*/) {}
 
     static constexpr org_kde_plasma_window_management_listener manager{
-        .show_desktop_changed = ignoreWord,
+        .show_desktop_changed = ignoreState,
         .window = ignoreOldWindow,
         .stacking_order_changed = ignoreArray,
         .stacking_order_uuid_changed = stacking,
@@ -143,84 +146,45 @@ PlasmaWindowList::~PlasmaWindowList() = default;
 /// KWin names the windows first, and describes each when asked for it. Windows that are higher are
 /// taken to have been active later.
 void PlasmaWindowList::readFirst() {
-    {
-        FirstEvents first{connection_.display()};
-        first_ = &first;
-        first.add(reinterpret_cast<wl_proxy*>(manager_.get()));
+    handles_.readFirst(connection_.display(), *manager_, 2, [this] {
         org_kde_plasma_window_management_add_listener(manager_.get(), &Events::manager, this);
-        first.wait();
-        first.wait();
-    }
-    first_ = nullptr;
-    for (const Window& window : handles_)
+    });
+    const auto& windows = handles_.windows();
+    for (const Window& window : windows)
         changed(window);
     std::istringstream order{stacking_};
     for (std::string uuid; std::getline(order, uuid, ';');) {
         const auto window = std::ranges::find_if(
-            handles_, [&uuid](const Window& each) { return each.details.uuid == uuid; });
-        if (window == handles_.end() || !window->isDescribed)
+            windows, [&uuid](const Window& each) { return each.details.uuid == uuid; });
+        if (window == windows.end() || !window->isDescribed)
             continue;
         ToplevelState active = window->state;
         active.isActive = true;
         set(window->id, active);
     }
-    for (const Window& window : handles_)
+    for (const Window& window : windows)
         changed(window);
 }
 
 void PlasmaWindowList::came(const std::string& uuid) {
     auto* const handle =
         org_kde_plasma_window_management_get_window_by_uuid(manager_.get(), uuid.c_str());
-    if (first_ != nullptr)
-        first_->add(reinterpret_cast<wl_proxy*>(handle));
     org_kde_plasma_window_add_listener(handle, &Events::handle, this);
-    handles_.push_back({.handle = Proxy<org_kde_plasma_window>{handle},
-                        .id = nextID(),
-                        .details = {.uuid = uuid, .frame = {}},
-                        .state = {},
-                        .title = {},
-                        .isDescribed = false});
-}
-
-void PlasmaWindowList::went(org_kde_plasma_window* handle) {
-    const Window* const window = find(handle);
-    if (window == nullptr)
-        return;
-    if (first_ != nullptr)
-        first_->remove(reinterpret_cast<const wl_proxy*>(handle));
-    const xdg::WindowID id = window->id;
-    std::erase_if(handles_, [id](const Window& each) { return each.id == id; });
-    remove(id);
+    handles_.add({.handle = Proxy<org_kde_plasma_window>{handle},
+                  .id = nextID(),
+                  .details = {.uuid = uuid, .frame = {}},
+                  .state = {},
+                  .title = {},
+                  .isDescribed = false});
 }
 
 void PlasmaWindowList::changed(const Window& window) {
-    if (window.isDescribed && first_ == nullptr)
+    if (window.isDescribed && !handles_.isReadingFirst())
         set(window.id, window.state);
 }
 
-PlasmaWindowList::Window* PlasmaWindowList::find(org_kde_plasma_window* handle) {
-    const auto found = std::ranges::find_if(
-        handles_, [handle](const Window& window) { return window.handle.get() == handle; });
-    return found == handles_.end() ? nullptr : &*found;
-}
-
-const PlasmaWindowList::Window* PlasmaWindowList::find(xdg::WindowID window) const {
-    const auto found = std::ranges::find(handles_, window, &Window::id);
-    return found == handles_.end() ? nullptr : &*found;
-}
-
-std::vector<std::string> PlasmaWindowList::titles(std::span<const xdg::WindowID> windows) const {
-    std::vector<std::string> titles;
-    titles.reserve(windows.size());
-    for (const xdg::WindowID id : windows) {
-        const Window* const window = find(id);
-        titles.push_back(window == nullptr ? std::string{} : window->title);
-    }
-    return titles;
-}
-
 std::optional<KWinWindow> PlasmaWindowList::details(xdg::WindowID window) const {
-    const Window* const found = find(window);
+    const Window* const found = handles_.find(window);
     return found == nullptr ? std::nullopt : std::optional{found->details};
 }
 
@@ -234,18 +198,18 @@ void PlasmaWindowList::restore(xdg::WindowID window) {
 
 void PlasmaWindowList::setMinimised(xdg::WindowID window, bool isMinimised) {
     constexpr std::uint32_t flag = ORG_KDE_PLASMA_WINDOW_MANAGEMENT_STATE_MINIMIZED;
-    if (const Window* const found = find(window))
+    if (const Window* const found = handles_.find(window))
         org_kde_plasma_window_set_state(found->handle.get(), flag, isMinimised ? flag : 0);
 }
 
 void PlasmaWindowList::activate(xdg::WindowID window) {
     constexpr std::uint32_t flag = ORG_KDE_PLASMA_WINDOW_MANAGEMENT_STATE_ACTIVE;
-    if (const Window* const found = find(window))
+    if (const Window* const found = handles_.find(window))
         org_kde_plasma_window_set_state(found->handle.get(), flag, flag);
 }
 
 void PlasmaWindowList::close(xdg::WindowID window) {
-    if (const Window* const found = find(window))
+    if (const Window* const found = handles_.find(window))
         org_kde_plasma_window_close(found->handle.get());
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "ClientWindows/KWinWindow.hpp"
+#include "ClientWindows/ToplevelHandles.hpp"
 #include "ClientWindows/ToplevelList.hpp"
 #include "Connection/Proxies.hpp"
 #include "Connection/WaylandConnection.hpp"
@@ -19,8 +20,6 @@ struct org_kde_plasma_window_management;
 
 namespace vireline::wayland {
 
-class FirstEvents;
-
 class PlasmaWindowList final : public ToplevelList {
 public:
     /// Null if the compositor does not offer the protocol. Waits for the list of windows.
@@ -29,7 +28,9 @@ public:
     ~PlasmaWindowList() override;
 
     [[nodiscard]] std::vector<std::string>
-    titles(std::span<const xdg::WindowID> windows) const override;
+    titles(std::span<const xdg::WindowID> windows) const override {
+        return handles_.titles(windows);
+    }
     void iconify(xdg::WindowID window) override;
     void restore(xdg::WindowID window) override;
     void activate(xdg::WindowID window) override;
@@ -57,19 +58,13 @@ private:
 
     void readFirst();
     void came(const std::string& uuid);
-    void went(org_kde_plasma_window* handle);
     /// Passes on what has changed, except while the first list is being read.
     void changed(const Window& window);
-    [[nodiscard]] Window* find(org_kde_plasma_window* handle);
-    [[nodiscard]] const Window* find(xdg::WindowID window) const;
     void setMinimised(xdg::WindowID window, bool isMinimised);
 
     const WaylandConnection& connection_;
     Proxy<org_kde_plasma_window_management> manager_;
-    /// In the order in which they came.
-    std::vector<Window> handles_;
-    /// While the first list is being read.
-    FirstEvents* first_ = nullptr;
+    ToplevelHandles<Window> handles_;
     /// From the lowest window to the topmost, as of the first list.
     std::string stacking_;
 };

@@ -44,7 +44,7 @@ public:
     void showDesktop(std::uint32_t /*desktop*/) override {}
 
 protected:
-    /// Windows with the program's own ID are left out, by which compositors know its windows.
+    /// Windows with this app ID, the program's own, are left out.
     explicit ToplevelList(std::string ownAppID) : ownAppID_(std::move(ownAppID)) {}
 
     [[nodiscard]] xdg::WindowID nextID() { return static_cast<xdg::WindowID>(++lastID_); }

@@ -1,7 +1,7 @@
 #include "ClientWindows/WlrWindowList.hpp"
 
 #include "Applications/Identity/PlainText.hpp"
-#include "ClientWindows/FirstEvents.hpp"
+#include "Connection/EventText.hpp"
 
 #include <wayland-client.h>
 #include <wlr-foreign-toplevel-management-unstable-v1-client-protocol.h>
@@ -26,35 +26,39 @@ struct WlrWindowList::Events {
     static void finished(void* data, ManagerObject* /*manager*/) { list(data).finish(); }
 
     static void title(void* data, HandleObject* handle, const char* title) {
-        if (Window* const window = list(data).find(handle))
-            window->title = xdg::PlainText::clean(title == nullptr ? "" : title);
+        if (Window* const window = list(data).handles_.find(handle))
+            window->title = xdg::PlainText::clean(eventText(title));
     }
     static void appID(void* data, HandleObject* handle, const char* id) {
-        if (Window* const window = list(data).find(handle))
-            window->state.appID = xdg::PlainText::clean(id == nullptr ? "" : id);
+        if (Window* const window = list(data).handles_.find(handle))
+            window->state.appID = xdg::PlainText::clean(eventText(id));
     }
     static void outputChanged(void* /*data*/, HandleObject* /*handle*/, wl_output* /*output*/) {}
     static void state(void* data, HandleObject* handle, wl_array* states) {
-        Window* const window = list(data).find(handle);
+        Window* const window = list(data).handles_.find(handle);
         if (window == nullptr)
             return;
         const auto has = [states](std::uint32_t wanted) {
-            const std::span words{static_cast<const std::uint32_t*>(states->data),
-                                  states->size / sizeof(std::uint32_t)};
-            return std::ranges::find(words, wanted) != words.end();
+            const std::span all{static_cast<const std::uint32_t*>(states->data),
+                                states->size / sizeof(std::uint32_t)};
+            return std::ranges::find(all, wanted) != all.end();
         };
         window->state.isActive = has(ZWLR_FOREIGN_TOPLEVEL_HANDLE_V1_STATE_ACTIVATED);
         window->state.isMinimised = has(ZWLR_FOREIGN_TOPLEVEL_HANDLE_V1_STATE_MINIMIZED);
     }
     static void done(void* data, HandleObject* handle) {
         auto& self = list(data);
-        // The first list is the other way round.
-        if (const Window* const window = self.find(handle); window != nullptr && !self.first_)
+        // While the first list is read, the newest window comes first.
+        const Window* const window = self.handles_.find(handle);
+        if (window != nullptr && !self.handles_.isReadingFirst())
             self.set(window->id, window->state);
     }
-    static void closed(void* data, HandleObject* handle) { list(data).went(handle); }
+    static void closed(void* data, HandleObject* handle) {
+        if (const auto gone = list(data).handles_.remove(handle))
+            list(data).remove(*gone);
+    }
     static void parent(void* data, HandleObject* handle, HandleObject* parent) {
-        if (Window* const window = list(data).find(handle))
+        if (Window* const window = list(data).handles_.find(handle))
             window->state.isDialog = parent != nullptr;
     }
 
@@ -96,67 +100,29 @@ WlrWindowList::~WlrWindowList() = default;
 
 /// wlroots lists the newest window first.
 void WlrWindowList::readFirst() {
-    {
-        FirstEvents first{connection_.display()};
-        first_ = &first;
-        first.add(reinterpret_cast<wl_proxy*>(manager_.get()));
+    handles_.readFirst(connection_.display(), *manager_, 1, [this] {
         zwlr_foreign_toplevel_manager_v1_add_listener(manager_.get(), &Events::manager, this);
-        first.wait();
-    }
-    first_ = nullptr;
-    std::ranges::reverse(handles_);
-    for (Window& window : handles_) {
+    });
+    std::ranges::reverse(handles_.windows());
+    for (Window& window : handles_.windows()) {
         window.id = nextID();
         set(window.id, window.state);
     }
 }
 
 void WlrWindowList::came(zwlr_foreign_toplevel_handle_v1* handle) {
-    if (first_ != nullptr)
-        first_->add(reinterpret_cast<wl_proxy*>(handle));
     zwlr_foreign_toplevel_handle_v1_add_listener(handle, &Events::handle, this);
-    handles_.push_back({Proxy<zwlr_foreign_toplevel_handle_v1>{handle}, nextID(), {}, {}});
+    handles_.add({Proxy<zwlr_foreign_toplevel_handle_v1>{handle}, nextID(), {}, {}});
 }
 
 void WlrWindowList::finish() {
-    if (first_ != nullptr) {
-        for (const Window& window : handles_)
-            first_->remove(reinterpret_cast<const wl_proxy*>(window.handle.get()));
-    }
     handles_.clear();
     removeAll();
 }
 
-void WlrWindowList::went(zwlr_foreign_toplevel_handle_v1* handle) {
-    const Window* const window = find(handle);
-    if (window == nullptr)
-        return;
-    if (first_ != nullptr)
-        first_->remove(reinterpret_cast<const wl_proxy*>(handle));
-    const xdg::WindowID id = window->id;
-    std::erase_if(handles_, [id](const Window& each) { return each.id == id; });
-    remove(id);
-}
-
-WlrWindowList::Window* WlrWindowList::find(zwlr_foreign_toplevel_handle_v1* handle) {
-    const auto found = std::ranges::find_if(
-        handles_, [handle](const Window& window) { return window.handle.get() == handle; });
-    return found == handles_.end() ? nullptr : &*found;
-}
-
 zwlr_foreign_toplevel_handle_v1* WlrWindowList::handleOf(xdg::WindowID window) const {
-    const auto found = std::ranges::find(handles_, window, &Window::id);
-    return found == handles_.end() ? nullptr : found->handle.get();
-}
-
-std::vector<std::string> WlrWindowList::titles(std::span<const xdg::WindowID> windows) const {
-    std::vector<std::string> titles;
-    titles.reserve(windows.size());
-    for (const xdg::WindowID id : windows) {
-        const auto found = std::ranges::find(handles_, id, &Window::id);
-        titles.push_back(found == handles_.end() ? std::string{} : found->title);
-    }
-    return titles;
+    const Window* const found = handles_.find(window);
+    return found == nullptr ? nullptr : found->handle.get();
 }
 
 void WlrWindowList::iconify(xdg::WindowID window) {

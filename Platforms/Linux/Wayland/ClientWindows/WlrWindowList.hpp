@@ -2,6 +2,7 @@
 /// are built on wlroots.
 #pragma once
 
+#include "ClientWindows/ToplevelHandles.hpp"
 #include "ClientWindows/ToplevelList.hpp"
 #include "Connection/Proxies.hpp"
 #include "Connection/WaylandConnection.hpp"
@@ -18,8 +19,6 @@ struct zwlr_foreign_toplevel_manager_v1;
 
 namespace vireline::wayland {
 
-class FirstEvents;
-
 class WlrWindowList final : public ToplevelList {
 public:
     /// Null if the compositor does not offer the protocol. `seat` is asked for the user's seat when
@@ -30,7 +29,9 @@ public:
     ~WlrWindowList() override;
 
     [[nodiscard]] std::vector<std::string>
-    titles(std::span<const xdg::WindowID> windows) const override;
+    titles(std::span<const xdg::WindowID> windows) const override {
+        return handles_.titles(windows);
+    }
     void iconify(xdg::WindowID window) override;
     void restore(xdg::WindowID window) override;
     void activate(xdg::WindowID window) override;
@@ -55,17 +56,13 @@ private:
     void readFirst();
     void finish();
     void came(zwlr_foreign_toplevel_handle_v1* handle);
-    void went(zwlr_foreign_toplevel_handle_v1* handle);
-    [[nodiscard]] Window* find(zwlr_foreign_toplevel_handle_v1* handle);
     /// Null if the window is gone.
     [[nodiscard]] zwlr_foreign_toplevel_handle_v1* handleOf(xdg::WindowID window) const;
 
     const WaylandConnection& connection_;
     std::function<wl_seat*()> seat_;
-    std::vector<Window> handles_;
+    ToplevelHandles<Window> handles_;
     Proxy<zwlr_foreign_toplevel_manager_v1> manager_;
-    /// Only during `readFirst`.
-    FirstEvents* first_ = nullptr;
 };
 
 }

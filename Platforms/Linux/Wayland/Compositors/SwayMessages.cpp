@@ -13,24 +13,24 @@ namespace {
 constexpr std::string_view magic = "i3-ipc";
 constexpr std::size_t headerBytes = magic.size() + 2 * sizeof(std::uint32_t);
 
-std::uint32_t wordAt(std::string_view bytes, std::size_t position) {
-    std::uint32_t word = 0;
-    std::memcpy(&word, bytes.data() + position, sizeof word);
-    return word;
+std::uint32_t numberAt(std::string_view bytes, std::size_t position) {
+    std::uint32_t number = 0;
+    std::memcpy(&number, bytes.data() + position, sizeof number);
+    return number;
 }
 
-void appendWord(std::string& bytes, std::uint32_t word) {
+void appendNumber(std::string& bytes, std::uint32_t number) {
     const auto position = bytes.size();
-    bytes.resize(position + sizeof word);
-    std::memcpy(bytes.data() + position, &word, sizeof word);
+    bytes.resize(position + sizeof number);
+    std::memcpy(bytes.data() + position, &number, sizeof number);
 }
 
 }
 
 std::string SwayMessages::bytes(SwayMessageType type, std::string_view text) {
     std::string bytes{magic};
-    appendWord(bytes, static_cast<std::uint32_t>(text.size()));
-    appendWord(bytes, static_cast<std::uint32_t>(type));
+    appendNumber(bytes, static_cast<std::uint32_t>(text.size()));
+    appendNumber(bytes, static_cast<std::uint32_t>(type));
     return bytes.append(text);
 }
 
@@ -45,7 +45,7 @@ bool SwayMessages::reportsSuccess(std::string_view reply) {
 std::optional<SwayMessage> SwayMessageReader::next() {
     if (isBroken_ || buffer_.size() < headerBytes)
         return std::nullopt;
-    const std::size_t length = wordAt(buffer_, magic.size());
+    const std::size_t length = numberAt(buffer_, magic.size());
     if (!buffer_.starts_with(magic) || length > SwayMessages::maximumBytes) {
         isBroken_ = true;
         return std::nullopt;
@@ -53,7 +53,7 @@ std::optional<SwayMessage> SwayMessageReader::next() {
     if (buffer_.size() < headerBytes + length)
         return std::nullopt;
     SwayMessage message{
-        static_cast<SwayMessageType>(wordAt(buffer_, magic.size() + sizeof(std::uint32_t))),
+        static_cast<SwayMessageType>(numberAt(buffer_, magic.size() + sizeof(std::uint32_t))),
         buffer_.substr(headerBytes, length)};
     buffer_.erase(0, headerBytes + length);
     return message;

@@ -62,8 +62,8 @@ std::vector<std::string> SwayWindowList::titles(std::span<const xdg::WindowID> w
     return titles;
 }
 
-/// How the window is now is read once more before it goes, because sway does not announce every
-/// change, and some only late.
+/// Reads the windows' places again before hiding one, because sway does not announce every change,
+/// and some only late.
 void SwayWindowList::iconify(xdg::WindowID window) {
     if (!std::exchange(isPlacesRead_, true))
         readTree();

@@ -1,5 +1,5 @@
-/// All programs' windows as sway lists them. It tells more than the protocol for window lists, such
-/// as processes, and hides windows in its scratchpad, since it never minimises any.
+/// All programs' windows through sway's IPC, which reports more than the protocol for window lists,
+/// such as processes. sway never minimises windows, so they are hidden in its scratchpad.
 #pragma once
 
 #include "Applications/ClientWindows/WindowList.hpp"

@@ -1,5 +1,7 @@
 #include "Connection/QtNative.hpp"
 
+#include "Connection/WaylandConnection.hpp"
+
 #include <qpa/qplatformnativeinterface.h>
 
 #include <QGuiApplication>
@@ -13,6 +15,11 @@ void* ofIntegration(const char* name) {
     return QGuiApplication::platformNativeInterface()->nativeResourceForIntegration(name);
 }
 
+/// Without a seat, Qt crashes when it is asked for it or for the serial.
+bool hasSeat(const WaylandConnection& connection) {
+    return connection.offered("wl_seat") > 0;
+}
+
 }
 
 wl_display* display() {
@@ -23,11 +30,13 @@ wl_compositor* compositor() {
     return static_cast<wl_compositor*>(ofIntegration("compositor"));
 }
 
-wl_seat* seat() {
-    return static_cast<wl_seat*>(ofIntegration("wl_seat"));
+wl_seat* seat(const WaylandConnection& connection) {
+    return hasSeat(connection) ? static_cast<wl_seat*>(ofIntegration("wl_seat")) : nullptr;
 }
 
-std::uint32_t inputSerial() {
+std::uint32_t inputSerial(const WaylandConnection& connection) {
+    if (!hasSeat(connection))
+        return 0;
     return static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(ofIntegration("serial")));
 }
 

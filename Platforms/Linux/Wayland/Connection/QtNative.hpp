@@ -12,15 +12,19 @@ struct wl_output;
 struct wl_seat;
 struct wl_surface;
 
+namespace vireline::wayland {
+class WaylandConnection;
+}
+
 /// All need the running QApplication on Qt's wayland plugin.
 namespace vireline::wayland::QtNative {
 
 [[nodiscard]] wl_display* display();
 [[nodiscard]] wl_compositor* compositor();
-/// The user's seat; null without any input device.
-[[nodiscard]] wl_seat* seat();
-/// The serial of the latest event of a button, key or touch.
-[[nodiscard]] std::uint32_t inputSerial();
+/// The user's seat; null if the compositor has none.
+[[nodiscard]] wl_seat* seat(const WaylandConnection& connection);
+/// The serial of the latest event of a button, key or touch; 0 without a seat.
+[[nodiscard]] std::uint32_t inputSerial(const WaylandConnection& connection);
 
 /// Null before the window's platform window has been created.
 [[nodiscard]] wl_surface* surface(QWindow& window);

@@ -1,7 +1,6 @@
-/// What panels reserve at the edges of one display. No protocol tells, so invisible surfaces of our
-/// own feel for it: one without content is told how large the free area is, and a transparent pixel
-/// that would lie just inside an edge, were nothing reserved there, learns whether it is on the
-/// display.
+/// What panels reserve at the edges of one display. No protocol reports that, so it is inferred
+/// from invisible surfaces of our own: the compositor tells one without content how large the free
+/// area is, and `EdgeProbe` finds out at which edges something is reserved.
 #pragma once
 
 #include "Connection/Proxies.hpp"

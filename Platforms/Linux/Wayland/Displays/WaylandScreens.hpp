@@ -52,7 +52,7 @@ private:
     [[nodiscard]] Insets reservedOn(QScreen& screen) const;
 
     const WaylandConnection& connection_;
-    /// Only under sway, which tells surfaces nothing of edges before its version 1.8.
+    /// Only under sway, since `EdgeProbe` does not work there before version 1.8.
     std::unique_ptr<SwayWorkspaces> workspaces_;
     std::map<std::string, std::unique_ptr<ReservedSpace>> reserved_;
     /// In order, the primary display first.

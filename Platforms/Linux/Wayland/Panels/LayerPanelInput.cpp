@@ -102,13 +102,14 @@ void LayerPanelWindow::takeKeyboard(bool takes) {
 
 void LayerPanelWindow::popUpMenu(const Menu& menu, const MenuPlace& place,
                                  std::function<void()> onClose) {
-    if (!picture_ || menu.entries.empty())
+    QScreen* const screen = context_.screens.qtScreen(displayID_);
+    if (!picture_ || screen == nullptr || menu.entries.empty())
         return onClose();
     if (menu_)
         menu_->end();
     tracker_.menuOpened();
     menu_ = std::make_unique<xdg::PopUpMenu>(
-        menu, [this, &place](QMenu& filled) { openMenu(filled, place); },
+        menu, [this, screen, &place](QMenu& filled) { openMenu(filled, *screen, place); },
         [this, onClose = std::move(onClose)](const MenuAction& chosen) {
             popup_.reset();
             openMenu_ = nullptr;
@@ -122,8 +123,7 @@ void LayerPanelWindow::popUpMenu(const Menu& menu, const MenuPlace& place,
         });
 }
 
-void LayerPanelWindow::openMenu(QMenu& menu, const MenuPlace& place) {
-    QScreen* const screen = context_.screens.qtScreen(displayID_);
+void LayerPanelWindow::openMenu(QMenu& menu, QScreen& screen, const MenuPlace& place) {
     const QSize size = menu.sizeHint();
     const QPointF at = placeInQt().topLeft() + mapping_.toPixels(place.at) / mapping_.scale;
     const Point corner = MenuPlace{{at.x(), at.y()}, place.side}.corner(
@@ -132,7 +132,7 @@ void LayerPanelWindow::openMenu(QMenu& menu, const MenuPlace& place) {
     takeKeyboard(true);
     popup_ =
         std::make_unique<MenuPopup>(context_, *role_, menu,
-                                    MenuPopup::Place{*screen,
+                                    MenuPopup::Place{screen,
                                                      placeInQt(),
                                                      {static_cast<int>(std::lround(corner.x)),
                                                       static_cast<int>(std::lround(corner.y))}},

@@ -127,10 +127,19 @@ void LayerPanelWindow::makeSurface() {
     context_.connection.flush();
 }
 
-/// Destroying the platform's window ends with `surfaceAboutToBeDestroyed`, like everything else
-/// that makes Qt destroy the surface.
+/// Qt 6.4 destroys the surface of a visible window before it sends `SurfaceAboutToBeDestroyed`.
 void LayerPanelWindow::removeSurface() {
+    dropRoles();
     destroy();
+}
+
+/// The surface's roles must go before it does, those of popups first.
+void LayerPanelWindow::dropRoles() {
+    popup_.reset();
+    picture_.reset();
+    role_.reset();
+    isConfigured_ = false;
+    isPointerOver_ = false;
 }
 
 void LayerPanelWindow::configured() {
@@ -174,14 +183,8 @@ bool LayerPanelWindow::event(QEvent* event) {
     switch (event->type()) {
     case QEvent::PlatformSurface:
         if (static_cast<QPlatformSurfaceEvent*>(event)->surfaceEventType() ==
-            QPlatformSurfaceEvent::SurfaceAboutToBeDestroyed) {
-            // The surface's roles must go before it does, those of popups first.
-            popup_.reset();
-            picture_.reset();
-            role_.reset();
-            isConfigured_ = false;
-            isPointerOver_ = false;
-        }
+            QPlatformSurfaceEvent::SurfaceAboutToBeDestroyed)
+            dropRoles();
         break;
     case QEvent::Expose:
         // Qt sends this when the surface's scale has changed, too.

@@ -56,12 +56,13 @@ private:
 
     void makeSurface();
     void removeSurface();
+    void dropRoles();
     void configured();
     void closedByCompositor();
     void displaysChanged();
     void lookChanged();
     void takeKeyboard(bool takes);
-    void openMenu(QMenu& menu, const MenuPlace& place);
+    void openMenu(QMenu& menu, QScreen& screen, const MenuPlace& place);
     void requestTick();
     void showFrame();
     void deliverMove();

@@ -82,8 +82,8 @@ void MenuPopup::makeRole(const LayerShellContext& context, const LayerRole& pare
     popup_.reset(xdg_surface_get_popup(surface_.get(), nullptr, position.get()));
     xdg_popup_add_listener(popup_.get(), &Events::popup, this);
     parent.adopt(*popup_);
-    if (wl_seat* const seat = QtNative::seat())
-        xdg_popup_grab(popup_.get(), seat, QtNative::inputSerial());
+    if (wl_seat* const seat = QtNative::seat(context.connection))
+        xdg_popup_grab(popup_.get(), seat, QtNative::inputSerial(context.connection));
     wl_surface_commit(surface);
 }
 

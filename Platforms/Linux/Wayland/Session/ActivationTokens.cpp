@@ -1,6 +1,7 @@
 #include "Session/ActivationTokens.hpp"
 
 #include "Applications/Identity/PlainText.hpp"
+#include "Connection/EventText.hpp"
 
 #include <unistd.h>
 #include <xdg-activation-v1-client-protocol.h>
@@ -19,7 +20,7 @@ constexpr std::size_t maximumTokenBytes = 1024;
 
 struct ActivationTokens::Events {
     static void done(void* data, xdg_activation_token_v1* token, const char* text) {
-        static_cast<ActivationTokens*>(data)->answer(token, text == nullptr ? "" : text);
+        static_cast<ActivationTokens*>(data)->answer(token, eventText(text));
     }
 
     static constexpr xdg_activation_token_v1_listener listener{.done = done};
@@ -57,7 +58,7 @@ void ActivationTokens::makePass(const std::string& /*startupID*/,
                          }))});
 }
 
-void ActivationTokens::answer(xdg_activation_token_v1* token, const std::string& text) {
+void ActivationTokens::answer(xdg_activation_token_v1* token, std::string_view text) {
     const auto found = std::ranges::find_if(
         requests_, [token](const Request& request) { return request.token.get() == token; });
     if (found == requests_.end())
@@ -65,7 +66,7 @@ void ActivationTokens::answer(xdg_activation_token_v1* token, const std::string&
     const auto done = std::move(found->done);
     requests_.erase(found);
     const bool isUsable = xdg::PlainText::isClean(text, maximumTokenBytes);
-    const std::string usable = isUsable ? text : std::string{};
+    const std::string usable{isUsable ? text : std::string_view{}};
     done({.startupID = usable, .activationToken = usable});
 }
 

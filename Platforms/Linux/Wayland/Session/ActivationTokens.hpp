@@ -14,6 +14,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 struct wl_seat;
@@ -56,7 +57,7 @@ private:
         Timer timeout;
     };
 
-    void answer(xdg_activation_token_v1* token, const std::string& text);
+    void answer(xdg_activation_token_v1* token, std::string_view text);
 
     const WaylandConnection& connection_;
     RunLoop& runLoop_;

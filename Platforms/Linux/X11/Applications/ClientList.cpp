@@ -125,15 +125,16 @@ std::vector<xcb_window_t> ClientList::listedWindows() {
     const auto active = batch.ask(root, "_NET_ACTIVE_WINDOW", 4);
     const auto desktop = batch.ask(root, "_NET_CURRENT_DESKTOP", 4);
     const auto check = batch.ask(root, "_NET_SUPPORTING_WM_CHECK", 4);
-    desktop_ = batch.word(desktop, XCB_ATOM_CARDINAL);
-    watchManager(batch.word(check, XCB_ATOM_WINDOW).value_or(XCB_NONE));
-    noteActive(hasManager_ ? batch.word(active, XCB_ATOM_WINDOW).value_or(XCB_NONE) : XCB_NONE);
+    desktop_ = batch.firstItem(desktop, XCB_ATOM_CARDINAL);
+    watchManager(batch.firstItem(check, XCB_ATOM_WINDOW).value_or(XCB_NONE));
+    noteActive(hasManager_ ? batch.firstItem(active, XCB_ATOM_WINDOW).value_or(XCB_NONE)
+                           : XCB_NONE);
     if (!hasManager_)
         return {};
-    const auto words = batch.words(list, XCB_ATOM_WINDOW);
+    const auto items = batch.items(list, XCB_ATOM_WINDOW);
     std::vector<xcb_window_t> listed;
     std::unordered_set<xcb_window_t> seen;
-    for (const xcb_window_t window : words) {
+    for (const xcb_window_t window : items) {
         if (window != XCB_NONE && seen.insert(window).second)
             listed.push_back(window);
     }
@@ -149,7 +150,7 @@ void ClientList::watchManager(xcb_window_t manager) {
             connection_.selectInput(manager, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
         PropertyBatch batch{connection_};
         const auto check = batch.ask(manager, "_NET_SUPPORTING_WM_CHECK", 4);
-        isAlive = batch.word(check, XCB_ATOM_WINDOW) == manager;
+        isAlive = batch.firstItem(check, XCB_ATOM_WINDOW) == manager;
     }
     manager_ = manager;
     hasManager_ = isAlive;

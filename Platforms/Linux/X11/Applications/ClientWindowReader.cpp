@@ -104,7 +104,7 @@ ClientWindowReader::Requests ClientWindowReader::ask(PropertyBatch& batch,
     const auto text = [&](std::string_view name) {
         return batch.ask(window, name, maximumTextBytes);
     };
-    const auto words = [&](std::string_view name) {
+    const auto items = [&](std::string_view name) {
         return batch.ask(window, name, maximumAtomBytes);
     };
     Requests requests{.window = window,
@@ -112,13 +112,13 @@ ClientWindowReader::Requests ClientWindowReader::ask(PropertyBatch& batch,
                       .gtkID = text("_GTK_APPLICATION_ID"),
                       .kdeFile = text("_KDE_NET_WM_DESKTOP_FILE"),
                       .startupID = text("_NET_STARTUP_ID"),
-                      .processID = words("_NET_WM_PID"),
+                      .processID = items("_NET_WM_PID"),
                       .machine = text("WM_CLIENT_MACHINE"),
-                      .leader = words("WM_CLIENT_LEADER"),
-                      .type = words("_NET_WM_WINDOW_TYPE"),
-                      .state = words("_NET_WM_STATE"),
-                      .desktop = words("_NET_WM_DESKTOP"),
-                      .transientFor = words("WM_TRANSIENT_FOR"),
+                      .leader = items("WM_CLIENT_LEADER"),
+                      .type = items("_NET_WM_WINDOW_TYPE"),
+                      .state = items("_NET_WM_STATE"),
+                      .desktop = items("_NET_WM_DESKTOP"),
+                      .transientFor = items("WM_TRANSIENT_FOR"),
                       .owner = std::nullopt};
     if (hasResourceExtension_) {
         const xcb_res_client_id_spec_t spec{.client = window,
@@ -147,7 +147,7 @@ std::optional<xdg::ClientWindow> ClientWindowReader::collect(PropertyBatch& batc
     window.isDialog = windowKind == Kind::dialog;
     window.isHidden = hasState(batch, requests, "_NET_WM_STATE_HIDDEN");
     window.isUrgent = hasState(batch, requests, "_NET_WM_STATE_DEMANDS_ATTENTION");
-    window.desktop = batch.word(requests.desktop, XCB_ATOM_CARDINAL);
+    window.desktop = batch.firstItem(requests.desktop, XCB_ATOM_CARDINAL);
     if (window.desktop == allDesktops)
         window.desktop.reset();
     return window;
@@ -155,7 +155,7 @@ std::optional<xdg::ClientWindow> ClientWindowReader::collect(PropertyBatch& batc
 
 bool ClientWindowReader::hasState(PropertyBatch& batch, const Requests& requests,
                                   std::string_view state) const {
-    const auto states = batch.words(requests.state, XCB_ATOM_ATOM);
+    const auto states = batch.items(requests.state, XCB_ATOM_ATOM);
     return std::ranges::find(states, connection_.atom(state)) != states.end();
 }
 
@@ -163,7 +163,7 @@ ClientWindowReader::Kind ClientWindowReader::kind(PropertyBatch& batch,
                                                   const Requests& requests) const {
     // A window lists its types in order of preference; unknown ones, which may be made up, are
     // skipped.
-    for (const xcb_atom_t type : batch.words(requests.type, XCB_ATOM_ATOM)) {
+    for (const xcb_atom_t type : batch.items(requests.type, XCB_ATOM_ATOM)) {
         const auto known = std::ranges::find_if(
             types, [this, type](std::string_view name) { return connection_.atom(name) == type; });
         if (known == types.begin())
@@ -171,7 +171,7 @@ ClientWindowReader::Kind ClientWindowReader::kind(PropertyBatch& batch,
         if (known != types.end())
             return known == types.begin() + 1 ? Kind::dialog : Kind::other;
     }
-    const auto owner = batch.word(requests.transientFor, XCB_ATOM_WINDOW);
+    const auto owner = batch.firstItem(requests.transientFor, XCB_ATOM_WINDOW);
     return owner.value_or(XCB_NONE) == XCB_NONE ? Kind::normal : Kind::dialog;
 }
 
@@ -189,7 +189,7 @@ std::int32_t ClientWindowReader::process(PropertyBatch& batch, const Requests& r
         return 0;
     if (owner > 0)
         return owner;
-    return validProcess(batch.word(requests.processID, XCB_ATOM_CARDINAL).value_or(0));
+    return validProcess(batch.firstItem(requests.processID, XCB_ATOM_CARDINAL).value_or(0));
 }
 
 /// Toolkits may set the startup ID on the group leader instead of on the window itself.
@@ -203,7 +203,7 @@ void ClientWindowReader::completeStartupIDs(
         if (!window || !window->traits.startupID.empty())
             continue;
         const xcb_window_t leader =
-            batch.word(requests[i].leader, XCB_ATOM_WINDOW).value_or(requests[i].window);
+            batch.firstItem(requests[i].leader, XCB_ATOM_WINDOW).value_or(requests[i].window);
         if (leader != requests[i].window)
             asked.emplace_back(leaders.ask(leader, "_NET_STARTUP_ID", maximumTextBytes), &*window);
     }

@@ -51,7 +51,7 @@ std::vector<std::string> EwmhWindowList::titles(std::span<const xdg::WindowID> w
 
 std::vector<xdg::WindowIcon> EwmhWindowList::icons(xdg::WindowID window) const {
     return WindowIcons::parse(
-        connection_.words(xcbWindow(window), "_NET_WM_ICON", XCB_ATOM_CARDINAL));
+        connection_.items(xcbWindow(window), "_NET_WM_ICON", XCB_ATOM_CARDINAL));
 }
 
 void EwmhWindowList::iconify(xdg::WindowID window) {

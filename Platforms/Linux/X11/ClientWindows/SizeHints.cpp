@@ -20,14 +20,14 @@ constexpr std::size_t maximumAt = 7;
 constexpr std::size_t incrementAt = 9;
 constexpr std::size_t baseAt = 15;
 
-std::optional<PixelSize> sizeAt(std::span<const std::uint32_t> words, std::uint32_t flag,
+std::optional<PixelSize> sizeAt(std::span<const std::uint32_t> items, std::uint32_t flag,
                                 std::size_t index) {
-    if (words.size() < index + 2 || (words[0] & flag) == 0)
+    if (items.size() < index + 2 || (items[0] & flag) == 0)
         return std::nullopt;
-    const auto length = [](std::uint32_t word) {
-        return std::clamp(static_cast<std::int32_t>(word), 0, greatest);
+    const auto length = [](std::uint32_t item) {
+        return std::clamp(static_cast<std::int32_t>(item), 0, greatest);
     };
-    return PixelSize{length(words[index]), length(words[index + 1])};
+    return PixelSize{length(items[index]), length(items[index + 1])};
 }
 
 int constrainedLength(int wanted, int minimum, int maximum, int base, int increment) {
@@ -41,11 +41,11 @@ int constrainedLength(int wanted, int minimum, int maximum, int base, int increm
 
 }
 
-SizeHints SizeHints::parse(std::span<const std::uint32_t> words) {
-    const auto minimum = sizeAt(words, hasMinimum, minimumAt);
-    const auto maximum = sizeAt(words, hasMaximum, maximumAt);
-    const auto base = sizeAt(words, hasBase, baseAt);
-    const auto increment = sizeAt(words, hasIncrement, incrementAt);
+SizeHints SizeHints::parse(std::span<const std::uint32_t> items) {
+    const auto minimum = sizeAt(items, hasMinimum, minimumAt);
+    const auto maximum = sizeAt(items, hasMaximum, maximumAt);
+    const auto base = sizeAt(items, hasBase, baseAt);
+    const auto increment = sizeAt(items, hasIncrement, incrementAt);
     SizeHints hints;
     // If only one of the two is set, it serves as the other.
     if (const auto least = minimum ? minimum : base)

@@ -22,7 +22,7 @@ struct SizeHints {
     PixelSize increment{1, 1};
 
     /// Parsed from the property's 32-bit items. Missing or nonsensical values are treated as unset.
-    [[nodiscard]] static SizeHints parse(std::span<const std::uint32_t> words);
+    [[nodiscard]] static SizeHints parse(std::span<const std::uint32_t> items);
 
     /// The largest valid size that does not exceed `wanted`, otherwise the smallest valid one.
     [[nodiscard]] PixelSize constrained(PixelSize wanted) const noexcept;

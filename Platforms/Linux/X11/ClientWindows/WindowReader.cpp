@@ -30,19 +30,19 @@ constexpr std::array<std::string_view, 3> requests{"_NET_MOVERESIZE_WINDOW", "_N
                                                    "_NET_ACTIVE_WINDOW"};
 
 constexpr std::uint32_t allDesktops = 0xffffffff;
-constexpr std::size_t word = sizeof(std::uint32_t);
+constexpr std::size_t itemBytes = sizeof(std::uint32_t);
 /// A sanity limit on the number of supported atoms.
 constexpr std::size_t maximumAtoms = 4096;
 
 /// A sanity limit: no frame is this thick.
 constexpr std::uint32_t maximumFrame = 4096;
 
-FrameExtents extents(std::span<const std::uint32_t> words) {
+FrameExtents extents(std::span<const std::uint32_t> items) {
     constexpr std::size_t sides = 4;
-    if (words.size() < sides ||
-        std::ranges::any_of(words.first(sides), [](auto side) { return side > maximumFrame; }))
+    if (items.size() < sides ||
+        std::ranges::any_of(items.first(sides), [](auto side) { return side > maximumFrame; }))
         return {};
-    const auto side = [words](std::size_t index) { return static_cast<int>(words[index]); };
+    const auto side = [items](std::size_t index) { return static_cast<int>(items[index]); };
     return {.left = side(0), .right = side(1), .top = side(2), .bottom = side(3)};
 }
 
@@ -66,12 +66,12 @@ Result<WindowSnapshot> WindowReader::read(xcb_window_t window,
     const auto geometryAsked = xcb_get_geometry(side_.get(), window);
     const auto cornerAsked = xcb_translate_coordinates(side_.get(), window, side_.root(), 0, 0);
     PropertyBatch batch{connection_, side_, deadline};
-    const auto decoration = batch.ask(window, "_NET_FRAME_EXTENTS", 4 * word);
-    const auto shadow = batch.ask(window, "_GTK_FRAME_EXTENTS", 4 * word);
-    const auto hints = batch.ask(window, "WM_NORMAL_HINTS", 18 * word);
-    const auto state = batch.ask(window, "_NET_WM_STATE", 64 * word);
-    const auto desktop = batch.ask(window, "_NET_WM_DESKTOP", word);
-    const auto currentDesktop = batch.ask(side_.root(), "_NET_CURRENT_DESKTOP", word);
+    const auto decoration = batch.ask(window, "_NET_FRAME_EXTENTS", 4 * itemBytes);
+    const auto shadow = batch.ask(window, "_GTK_FRAME_EXTENTS", 4 * itemBytes);
+    const auto hints = batch.ask(window, "WM_NORMAL_HINTS", 18 * itemBytes);
+    const auto state = batch.ask(window, "_NET_WM_STATE", 64 * itemBytes);
+    const auto desktop = batch.ask(window, "_NET_WM_DESKTOP", itemBytes);
+    const auto currentDesktop = batch.ask(side_.root(), "_NET_CURRENT_DESKTOP", itemBytes);
 
     const auto geometry = side_.reply<xcb_get_geometry_reply_t>(geometryAsked, deadline);
     const auto corner = side_.reply<xcb_translate_coordinates_reply_t>(cornerAsked, deadline);
@@ -82,20 +82,20 @@ Result<WindowSnapshot> WindowReader::read(xcb_window_t window,
     }
     WindowSnapshot snapshot;
     snapshot.client = {corner->dst_x, corner->dst_y, geometry->width, geometry->height};
-    snapshot.decoration = extents(batch.words(decoration, XCB_ATOM_CARDINAL));
-    snapshot.shadow = extents(batch.words(shadow, XCB_ATOM_CARDINAL));
-    snapshot.hints = SizeHints::parse(batch.words(hints, XCB_ATOM_WM_SIZE_HINTS));
-    const auto isIn = [&, all = batch.words(state, XCB_ATOM_ATOM)](std::string_view name) {
+    snapshot.decoration = extents(batch.items(decoration, XCB_ATOM_CARDINAL));
+    snapshot.shadow = extents(batch.items(shadow, XCB_ATOM_CARDINAL));
+    snapshot.hints = SizeHints::parse(batch.items(hints, XCB_ATOM_WM_SIZE_HINTS));
+    const auto isIn = [&, all = batch.items(state, XCB_ATOM_ATOM)](std::string_view name) {
         return has(all, connection_.atom(name));
     };
     snapshot.fill = {.width = isIn("_NET_WM_STATE_MAXIMIZED_HORZ"),
                      .height = isIn("_NET_WM_STATE_MAXIMIZED_VERT"),
                      .screen = isIn("_NET_WM_STATE_FULLSCREEN")};
     snapshot.isIconified = isIn("_NET_WM_STATE_HIDDEN");
-    snapshot.desktop = batch.word(desktop, XCB_ATOM_CARDINAL);
+    snapshot.desktop = batch.firstItem(desktop, XCB_ATOM_CARDINAL);
     if (snapshot.desktop == allDesktops)
         snapshot.desktop.reset();
-    snapshot.currentDesktop = batch.word(currentDesktop, XCB_ATOM_CARDINAL);
+    snapshot.currentDesktop = batch.firstItem(currentDesktop, XCB_ATOM_CARDINAL);
     return snapshot;
 }
 
@@ -107,16 +107,16 @@ bool WindowReader::concerns(xcb_atom_t property) const {
 
 ManagerAbility WindowReader::managerAbility(SideConnection::Deadline deadline) const {
     PropertyBatch ofRoot{connection_, side_, deadline};
-    const auto check = ofRoot.ask(side_.root(), "_NET_SUPPORTING_WM_CHECK", word);
-    const auto supported = ofRoot.ask(side_.root(), "_NET_SUPPORTED", maximumAtoms * word);
-    const auto manager = ofRoot.word(check, XCB_ATOM_WINDOW);
-    const auto all = ofRoot.words(supported, XCB_ATOM_ATOM);
+    const auto check = ofRoot.ask(side_.root(), "_NET_SUPPORTING_WM_CHECK", itemBytes);
+    const auto supported = ofRoot.ask(side_.root(), "_NET_SUPPORTED", maximumAtoms * itemBytes);
+    const auto manager = ofRoot.firstItem(check, XCB_ATOM_WINDOW);
+    const auto all = ofRoot.items(supported, XCB_ATOM_ATOM);
     if (!manager)
         return ManagerAbility::noManager;
     // A window manager that was killed leaves its properties behind, but its window is destroyed.
     PropertyBatch ofManager{connection_, side_, deadline};
-    const auto same = ofManager.ask(*manager, "_NET_SUPPORTING_WM_CHECK", word);
-    if (ofManager.word(same, XCB_ATOM_WINDOW) != manager)
+    const auto same = ofManager.ask(*manager, "_NET_SUPPORTING_WM_CHECK", itemBytes);
+    if (ofManager.firstItem(same, XCB_ATOM_WINDOW) != manager)
         return ManagerAbility::noManager;
     const bool moves = std::ranges::all_of(
         requests, [&](std::string_view name) { return has(all, connection_.atom(name)); });
@@ -125,8 +125,8 @@ ManagerAbility WindowReader::managerAbility(SideConnection::Deadline deadline) c
 
 std::optional<xcb_window_t> WindowReader::managerWindow(SideConnection::Deadline deadline) const {
     PropertyBatch batch{connection_, side_, deadline};
-    const auto check = batch.ask(side_.root(), "_NET_SUPPORTING_WM_CHECK", word);
-    return batch.word(check, XCB_ATOM_WINDOW);
+    const auto check = batch.ask(side_.root(), "_NET_SUPPORTING_WM_CHECK", itemBytes);
+    return batch.firstItem(check, XCB_ATOM_WINDOW);
 }
 
 bool WindowReader::isUserAtWork(SideConnection::Deadline deadline) const {

@@ -9,13 +9,13 @@ PropertyBatch::~PropertyBatch() {
 
 std::size_t PropertyBatch::ask(xcb_window_t window, std::string_view property,
                                std::size_t maximumBytes) {
-    const auto words = static_cast<std::uint32_t>((maximumBytes + 3) / 4);
+    const auto units = static_cast<std::uint32_t>((maximumBytes + 3) / 4);
     cookies_.push_back(xcb_get_property(server_, 0, window, connection_.atom(property),
-                                        XCB_GET_PROPERTY_TYPE_ANY, 0, words));
+                                        XCB_GET_PROPERTY_TYPE_ANY, 0, units));
     return cookies_.size() - 1;
 }
 
-std::span<const std::uint32_t> PropertyBatch::words(std::size_t request, xcb_atom_t type) {
+std::span<const std::uint32_t> PropertyBatch::items(std::size_t request, xcb_atom_t type) {
     const auto* answer = reply(request);
     if (answer == nullptr || answer->type != type || answer->format != 32)
         return {};
@@ -23,8 +23,8 @@ std::span<const std::uint32_t> PropertyBatch::words(std::size_t request, xcb_ato
     return {static_cast<const std::uint32_t*>(xcb_get_property_value(answer)), length / 4};
 }
 
-std::optional<std::uint32_t> PropertyBatch::word(std::size_t request, xcb_atom_t type) {
-    const auto found = words(request, type);
+std::optional<std::uint32_t> PropertyBatch::firstItem(std::size_t request, xcb_atom_t type) {
+    const auto found = items(request, type);
     return found.empty() ? std::nullopt : std::optional{found.front()};
 }
 

@@ -29,9 +29,9 @@ public:
     std::size_t ask(xcb_window_t window, std::string_view property, std::size_t maximumBytes);
 
     /// The 32-bit items of a property of this type. Valid for the lifetime of this object.
-    [[nodiscard]] std::span<const std::uint32_t> words(std::size_t request, xcb_atom_t type);
-    /// The first of `words`.
-    [[nodiscard]] std::optional<std::uint32_t> word(std::size_t request, xcb_atom_t type);
+    [[nodiscard]] std::span<const std::uint32_t> items(std::size_t request, xcb_atom_t type);
+    /// The first of `items`.
+    [[nodiscard]] std::optional<std::uint32_t> firstItem(std::size_t request, xcb_atom_t type);
     /// The bytes of a property of format 8 and any type. Valid for the lifetime of this object.
     [[nodiscard]] std::string_view bytes(std::size_t request);
     /// Whether the window existed when the request was processed.

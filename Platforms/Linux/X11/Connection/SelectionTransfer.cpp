@@ -56,11 +56,11 @@ void SelectionTransfer::answered(const xcb_selection_notify_event_t& answer) {
 /// Deleting a chunk asks the owner for the next one; an empty chunk is the last.
 void SelectionTransfer::takePiece() {
     limit_.start();
-    constexpr auto maximumWords = static_cast<std::uint32_t>(maximumBytes / 4);
+    constexpr auto maximumUnits = static_cast<std::uint32_t>(maximumBytes / 4);
     const Owned<xcb_get_property_reply_t> piece{xcb_get_property_reply(
         connection_.get(),
         xcb_get_property(connection_.get(), 1, request_.requestor, request_.property,
-                         XCB_GET_PROPERTY_TYPE_ANY, 0, maximumWords),
+                         XCB_GET_PROPERTY_TYPE_ANY, 0, maximumUnits),
         nullptr)};
     if (!piece || piece->type == XCB_ATOM_NONE)
         return fail("it never came");

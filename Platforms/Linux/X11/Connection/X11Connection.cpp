@@ -16,7 +16,7 @@ namespace {
 using PropertyReply = Owned<xcb_get_property_reply_t>;
 
 template <class T>
-std::span<const T> items(const PropertyReply& reply) {
+std::span<const T> contentAs(const PropertyReply& reply) {
     const auto bytes = static_cast<std::size_t>(xcb_get_property_value_length(reply.get()));
     return {static_cast<const T*>(xcb_get_property_value(reply.get())), bytes / sizeof(T)};
 }
@@ -114,12 +114,12 @@ std::string X11Connection::atomName(xcb_atom_t atom) const {
     return {xcb_get_atom_name_name(reply.get()), length};
 }
 
-std::vector<std::uint32_t> X11Connection::words(xcb_window_t window, std::string_view name,
+std::vector<std::uint32_t> X11Connection::items(xcb_window_t window, std::string_view name,
                                                 xcb_atom_t type) const {
     const auto reply = property(connection_, window, atom(name), type);
     if (!reply || reply->type != type || reply->format != 32)
         return {};
-    const auto values = items<std::uint32_t>(reply);
+    const auto values = contentAs<std::uint32_t>(reply);
     return {values.begin(), values.end()};
 }
 
@@ -129,7 +129,7 @@ std::optional<std::string> X11Connection::text(xcb_window_t window, std::string_
         return std::nullopt;
     if (reply->type != XCB_ATOM_STRING && reply->type != atom("UTF8_STRING"))
         return std::nullopt;
-    const auto bytes = items<char>(reply);
+    const auto bytes = contentAs<char>(reply);
     return std::string{bytes.begin(), bytes.end()};
 }
 
@@ -139,19 +139,19 @@ std::string X11Connection::bytes(xcb_window_t window, std::string_view name,
     const auto reply = property(connection_, window, atom(name), typeAtom);
     if (!reply || reply->type != typeAtom || reply->format != 8)
         return {};
-    const auto bytes = items<char>(reply);
+    const auto bytes = contentAs<char>(reply);
     return {bytes.begin(), bytes.end()};
 }
 
 std::vector<xcb_atom_t> X11Connection::atoms(xcb_window_t window, std::string_view name) const {
-    return words(window, name, XCB_ATOM_ATOM);
+    return items(window, name, XCB_ATOM_ATOM);
 }
 
 std::vector<xcb_window_t> X11Connection::windows(xcb_window_t window, std::string_view name) const {
-    return words(window, name, XCB_ATOM_WINDOW);
+    return items(window, name, XCB_ATOM_WINDOW);
 }
 
-void X11Connection::setWords(xcb_window_t window, std::string_view name, xcb_atom_t type,
+void X11Connection::setItems(xcb_window_t window, std::string_view name, xcb_atom_t type,
                              std::span<const std::uint32_t> values) const {
     xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, window, atom(name), type, 32,
                         static_cast<std::uint32_t>(values.size()), values.data());

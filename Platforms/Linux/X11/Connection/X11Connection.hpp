@@ -45,7 +45,7 @@ public:
     [[nodiscard]] std::string atomName(xcb_atom_t atom) const;
 
     /// The 32-bit items of a property of this type; empty if it is missing or of another type.
-    [[nodiscard]] std::vector<std::uint32_t> words(xcb_window_t window, std::string_view property,
+    [[nodiscard]] std::vector<std::uint32_t> items(xcb_window_t window, std::string_view property,
                                                    xcb_atom_t type) const;
     /// The raw bytes of a text property (STRING or UTF8_STRING).
     [[nodiscard]] std::optional<std::string> text(xcb_window_t window,
@@ -59,7 +59,7 @@ public:
     [[nodiscard]] std::vector<xcb_window_t> windows(xcb_window_t window,
                                                     std::string_view property) const;
 
-    void setWords(xcb_window_t window, std::string_view property, xcb_atom_t type,
+    void setItems(xcb_window_t window, std::string_view property, xcb_atom_t type,
                   std::span<const std::uint32_t> values) const;
     void setText(xcb_window_t window, std::string_view property, std::string_view text) const;
 

@@ -67,9 +67,9 @@ private:
             xcb_translate_coordinates_reply(x, question.corner, nullptr)};
         const Owned<xcb_get_window_attributes_reply_t> attributes{
             xcb_get_window_attributes_reply(x, question.attributes, nullptr)};
-        const auto strut = Struts::read(properties_.words(question.partial, XCB_ATOM_CARDINAL),
-                                        properties_.words(question.plain, XCB_ATOM_CARDINAL));
-        const auto types = properties_.words(question.type, XCB_ATOM_ATOM);
+        const auto strut = Struts::read(properties_.items(question.partial, XCB_ATOM_CARDINAL),
+                                        properties_.items(question.plain, XCB_ATOM_CARDINAL));
+        const auto types = properties_.items(question.type, XCB_ATOM_ATOM);
         Answer answer;
         answer.isWatched =
             strut || std::ranges::count(types, connection_.atom("_NET_WM_WINDOW_TYPE_DOCK")) > 0;
@@ -143,7 +143,7 @@ bool StrutWindows::listsDocks(std::span<const xcb_window_t> windows) const {
     for (const xcb_window_t window : windows)
         types.ask(window, "_NET_WM_WINDOW_TYPE", typeBytes);
     for (std::size_t i = 0; i < windows.size(); ++i) {
-        if (std::ranges::count(types.words(i, XCB_ATOM_ATOM), dock) > 0)
+        if (std::ranges::count(types.items(i, XCB_ATOM_ATOM), dock) > 0)
             return true;
     }
     return false;

@@ -23,7 +23,7 @@ void setAtoms(const X11Connection& connection, xcb_window_t window, std::string_
     for (const std::string_view name : names) {
         atoms.push_back(connection.atom(name));
     }
-    connection.setWords(window, property, XCB_ATOM_ATOM, atoms);
+    connection.setItems(window, property, XCB_ATOM_ATOM, atoms);
 }
 
 void setNoInput(const X11Connection& connection, xcb_window_t window) {
@@ -31,7 +31,7 @@ void setNoInput(const X11Connection& connection, xcb_window_t window) {
     constexpr std::uint32_t stateHint = 1U << 1U;
     constexpr std::uint32_t normalState = 1;
     const std::array<std::uint32_t, 9> hints{inputHint | stateHint, 0, normalState};
-    connection.setWords(window, "WM_HINTS", XCB_ATOM_WM_HINTS, hints);
+    connection.setItems(window, "WM_HINTS", XCB_ATOM_WM_HINTS, hints);
 }
 
 }
@@ -40,7 +40,7 @@ void apply(const X11Connection& connection, xcb_window_t window, std::uint32_t d
     using namespace std::string_view_literals;
     setAtoms(connection, window, "_NET_WM_WINDOW_TYPE", std::array{"_NET_WM_WINDOW_TYPE_DOCK"sv});
     setAtoms(connection, window, "_NET_WM_STATE", states);
-    connection.setWords(window, "_NET_WM_DESKTOP", XCB_ATOM_CARDINAL, std::array{allDesktops});
+    connection.setItems(window, "_NET_WM_DESKTOP", XCB_ATOM_CARDINAL, std::array{allDesktops});
     // Without WM_TAKE_FOCUS, because a dock never takes the focus.
     setAtoms(connection, window, "WM_PROTOCOLS",
              std::array{"WM_DELETE_WINDOW"sv, "_NET_WM_PING"sv});
@@ -65,7 +65,7 @@ void applySizeHints(const X11Connection& connection, xcb_window_t window) {
     std::array<std::uint32_t, 18> hints{};
     hints.front() = userPosition | userSize | programPosition | gravity;
     hints.back() = XCB_GRAVITY_STATIC;
-    connection.setWords(window, "WM_NORMAL_HINTS", XCB_ATOM_WM_SIZE_HINTS, hints);
+    connection.setItems(window, "WM_NORMAL_HINTS", XCB_ATOM_WM_SIZE_HINTS, hints);
 }
 
 void assertState(const X11Connection& connection, xcb_window_t window) {

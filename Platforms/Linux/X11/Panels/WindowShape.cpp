@@ -46,13 +46,13 @@ void WindowShape::setBlurred(std::vector<xcb_rectangle_t> region) {
         xcb_delete_property(connection_.get(), window_, connection_.atom(blurProperty));
         return;
     }
-    std::vector<std::uint32_t> words;
+    std::vector<std::uint32_t> items;
     for (const xcb_rectangle_t& rect : blurred_) {
-        words.insert(words.end(),
+        items.insert(items.end(),
                      {static_cast<std::uint32_t>(rect.x), static_cast<std::uint32_t>(rect.y),
                       std::uint32_t{rect.width}, std::uint32_t{rect.height}});
     }
-    connection_.setWords(window_, blurProperty, XCB_ATOM_CARDINAL, words);
+    connection_.setItems(window_, blurProperty, XCB_ATOM_CARDINAL, items);
 }
 
 void WindowShape::coverUpcomingMove(PixelPoint offset) {

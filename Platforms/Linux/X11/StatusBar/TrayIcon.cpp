@@ -34,7 +34,7 @@ const xcb_screen_t& screenOf(const X11Connection& connection) {
 /// screen's.
 Visual visualFor(const X11Connection& connection, xcb_window_t manager) {
     const xcb_screen_t& screen = screenOf(connection);
-    const auto asked = connection.words(manager, "_NET_SYSTEM_TRAY_VISUAL", XCB_ATOM_VISUALID);
+    const auto asked = connection.items(manager, "_NET_SYSTEM_TRAY_VISUAL", XCB_ATOM_VISUALID);
     for (auto depths = xcb_screen_allowed_depths_iterator(&screen); depths.rem > 0;
          xcb_depth_next(&depths)) {
         if (depths.data->depth != translucentDepth || asked.empty())
@@ -110,7 +110,7 @@ void TrayIcon::dock() {
     constexpr std::uint32_t protocolVersion = 0;
     constexpr std::uint32_t wantsToBeMapped = 1;
     constexpr std::uint32_t requestDock = 0;
-    connection_.setWords(window_, "_XEMBED_INFO", connection_.atom("_XEMBED_INFO"),
+    connection_.setItems(window_, "_XEMBED_INFO", connection_.atom("_XEMBED_INFO"),
                          std::array{protocolVersion, wantsToBeMapped});
     connection_.sendToWindow(
         manager_, "_NET_SYSTEM_TRAY_OPCODE",
@@ -210,7 +210,7 @@ QImage TrayIcon::ground() const {
 
 /// The tray's own symbol colour if it sets one, otherwise one with good contrast.
 QColor TrayIcon::colourOn(const QImage& ground) const {
-    const auto colours = connection_.words(manager_, "_NET_SYSTEM_TRAY_COLORS", XCB_ATOM_CARDINAL);
+    const auto colours = connection_.items(manager_, "_NET_SYSTEM_TRAY_COLORS", XCB_ATOM_CARDINAL);
     constexpr std::size_t foreground = 3;
     constexpr unsigned toByte = 8;
     if (colours.size() >= foreground)

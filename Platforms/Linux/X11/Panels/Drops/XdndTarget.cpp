@@ -45,7 +45,7 @@ XdndTarget::XdndTarget(X11Connection& connection, xcb_window_t window,
     connection_.intern(xdg::DroppedText::formats);
     connection_.intern(properties);
     connection_.selectInput(window_, XCB_EVENT_MASK_PROPERTY_CHANGE);
-    connection_.setWords(window_, "XdndAware", XCB_ATOM_ATOM, std::array{version});
+    connection_.setItems(window_, "XdndAware", XCB_ATOM_ATOM, std::array{version});
 }
 
 XdndTarget::~XdndTarget() {
@@ -102,9 +102,9 @@ void XdndTarget::enter(const xcb_client_message_event_t& message) {
 
 std::string_view XdndTarget::bestFormat(const xcb_client_message_event_t& message) const {
     const bool hasMore = (message.data.data32[1] & 1U) != 0;
-    const std::span<const std::uint32_t> words{message.data.data32};
-    const auto few = words.subspan(2);
-    const auto offered = hasMore ? connection_.atoms(words[0], "XdndTypeList")
+    const std::span<const std::uint32_t> data{message.data.data32};
+    const auto few = data.subspan(2);
+    const auto offered = hasMore ? connection_.atoms(data[0], "XdndTypeList")
                                  : std::vector<xcb_atom_t>{few.begin(), few.end()};
     for (const std::string_view format : xdg::DroppedText::formats) {
         if (std::ranges::find(offered, connection_.atom(format)) != offered.end())

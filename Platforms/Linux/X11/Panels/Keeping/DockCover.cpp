@@ -76,13 +76,13 @@ private:
     }
 
     [[nodiscard]] bool has(std::size_t request, std::string_view atom) {
-        return std::ranges::count(properties_.words(request, XCB_ATOM_ATOM),
+        return std::ranges::count(properties_.items(request, XCB_ATOM_ATOM),
                                   connection_.atom(atom)) > 0;
     }
 
     /// As programs do that make themselves full-screen by size.
     [[nodiscard]] bool fillsDisplay(const Question& question, const PixelRect& frame) {
-        const auto sides = properties_.words(question.extents, XCB_ATOM_CARDINAL);
+        const auto sides = properties_.items(question.extents, XCB_ATOM_CARDINAL);
         return frame.overlap(display_) == display_.overlap(display_) &&
                std::ranges::all_of(sides, [](auto side) { return side == 0; }) &&
                !has(question.state, "_NET_WM_STATE_MAXIMIZED_VERT");
@@ -91,9 +91,9 @@ private:
     [[nodiscard]] bool isOrdinary(const Question& question) {
         constexpr std::array extraordinary{"_NET_WM_STATE_ABOVE"sv, "_NET_WM_STATE_MODAL"sv,
                                            "_NET_WM_STATE_HIDDEN"sv};
-        const bool isNormal = properties_.words(question.type, XCB_ATOM_ATOM).empty() ||
+        const bool isNormal = properties_.items(question.type, XCB_ATOM_ATOM).empty() ||
                               has(question.type, "_NET_WM_WINDOW_TYPE_NORMAL");
-        return isNormal && !properties_.word(question.transient, XCB_ATOM_WINDOW) &&
+        return isNormal && !properties_.firstItem(question.transient, XCB_ATOM_WINDOW) &&
                std::ranges::none_of(extraordinary, [&](std::string_view state) {
                    return has(question.state, state);
                });
@@ -136,7 +136,7 @@ PixelPoint centerOfOverlap(const PixelRect& a, const PixelRect& b) {
 
 }
 
-/// What counts is the actual stack, of which a window manager's list may be a simplification.
+/// Goes by the server's stacking order, since the window manager's list may be a simplification.
 bool isCovered(const X11Connection& connection, xcb_window_t dock, const PixelRect& frame,
                const PixelRect& display) {
     const auto stacking = connection.windows(connection.root(), "_NET_CLIENT_LIST_STACKING");

@@ -120,7 +120,7 @@ void DockKeeper::readFacts() {
 
 bool DockKeeper::isMistreated() const {
     const X11Connection& connection = context_.connection;
-    const auto border = connection.words(window_, "_NET_FRAME_EXTENTS", XCB_ATOM_CARDINAL);
+    const auto border = connection.items(window_, "_NET_FRAME_EXTENTS", XCB_ATOM_CARDINAL);
     if (std::ranges::any_of(border, [](auto side) { return side != 0; }))
         return true;
     const auto display = context_.screens.display(displayID_);

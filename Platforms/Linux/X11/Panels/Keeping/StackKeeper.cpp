@@ -158,7 +158,7 @@ void StackKeeper::findFullScreen(std::vector<StackedWindow>& windows) const {
     for (const auto& [window, tree] : candidates) {
         PropertyBatch properties{connection_};
         const auto has = [&](std::size_t request, std::string_view atom) {
-            const auto atoms = properties.words(request, XCB_ATOM_ATOM);
+            const auto atoms = properties.items(request, XCB_ATOM_ATOM);
             return std::ranges::count(atoms, connection_.atom(atom)) > 0;
         };
         const auto type = properties.ask(window->id, "_NET_WM_WINDOW_TYPE", atomsBytes);

@@ -1,4 +1,4 @@
-/// Queries the pointer's position from the X server, for when events do not tell.
+/// Queries the pointer's position from the X server, for when there are no events.
 #pragma once
 
 #include <xcb/xcb.h>
@@ -14,7 +14,7 @@ struct PointerPlace {
     /// Pixels from the window's corner.
     int x = 0;
     int y = 0;
-    /// As far as can be told, no other client's window covers it.
+    /// Whether no other client's window covers it, as far as can be determined.
     bool isUncovered = false;
     bool isPrimaryHeld = false;
     bool isAnyHeld = false;

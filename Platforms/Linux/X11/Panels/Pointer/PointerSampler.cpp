@@ -20,7 +20,7 @@ constexpr std::uint32_t movements = XCB_INPUT_XI_EVENT_MASK_MOTION;
 constexpr std::uint32_t coreMovements =
     XCB_EVENT_MASK_POINTER_MOTION | XCB_EVENT_MASK_BUTTON_MOTION;
 /// Size of a request's header, before the event masks.
-constexpr std::size_t headWords = sizeof(xcb_input_event_mask_t) / sizeof(std::uint32_t);
+constexpr std::size_t headUnits = sizeof(xcb_input_event_mask_t) / sizeof(std::uint32_t);
 
 /// This client's event selections on the window, per kind of device.
 std::vector<PointerSampler::Selection> selections(xcb_connection_t* connection,
@@ -33,9 +33,9 @@ std::vector<PointerSampler::Selection> selections(xcb_connection_t* connection,
     std::vector<PointerSampler::Selection> found;
     for (auto mask = xcb_input_xi_get_selected_events_masks_iterator(reply.get()); mask.rem > 0;
          xcb_input_event_mask_next(&mask)) {
-        const std::span words{xcb_input_event_mask_mask(mask.data), mask.data->mask_len};
-        if (!words.empty() && (words.front() & movements) != 0)
-            found.push_back({mask.data->deviceid, {words.begin(), words.end()}});
+        const std::span masks{xcb_input_event_mask_mask(mask.data), mask.data->mask_len};
+        if (!masks.empty() && (masks.front() & movements) != 0)
+            found.push_back({mask.data->deviceid, {masks.begin(), masks.end()}});
     }
     return found;
 }
@@ -91,13 +91,13 @@ void PointerSampler::select(bool motion) const {
         context_.connection.deselectInput(window_, coreMovements);
     }
     for (const Selection& selection : selections_) {
-        std::vector<std::uint32_t> request(headWords);
+        std::vector<std::uint32_t> request(headUnits);
         const xcb_input_event_mask_t head{selection.device,
                                           static_cast<std::uint16_t>(selection.events.size())};
         std::memcpy(request.data(), &head, sizeof head);
         request.insert(request.end(), selection.events.begin(), selection.events.end());
         if (!motion)
-            request[headWords] &= ~movements;
+            request[headUnits] &= ~movements;
         xcb_input_xi_select_events(context_.connection.get(), window_, 1,
                                    reinterpret_cast<const xcb_input_event_mask_t*>(request.data()));
     }

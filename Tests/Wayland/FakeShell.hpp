@@ -1,0 +1,85 @@
+/// What a compositor offers for docks: one output, surfaces, the layer shell and popups. Notes all
+/// requests, and where a client breaks the protocols' rules about the order of things.
+#pragma once
+
+#include "FakeCompositor.hpp"
+#include "RequestLog.hpp"
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace vireline::wayland {
+
+class FakeShell : private NonCopyable {
+public:
+    static constexpr int outputWidth = 800;
+    static constexpr int outputHeight = 600;
+
+    explicit FakeShell(FakeCompositor& compositor);
+
+    /// The output comes or goes.
+    void plugIn();
+    void unplug();
+
+    /// Whether roles are configured when they are first committed, as by a real compositor.
+    void setConfigures(bool configures);
+    /// Configures all roles that wait for that. Popups come to that place on their parent.
+    void configure(int popupX = 0, int popupY = 0);
+    /// Closes all layer surfaces, as when their output has gone.
+    void closeLayers();
+    void dismissPopups();
+
+    /// All surfaces enter or leave the output.
+    void enterOutput();
+    void leaveOutput();
+    /// Another output of the same client.
+    void enterOtherOutput();
+
+    /// What has been requested since the last time; see `RequestLog`.
+    [[nodiscard]] RequestLog::Requests requests() { return log_.take(); }
+    /// Those among them that begin like this.
+    [[nodiscard]] RequestLog::Requests requests(const std::string& beginning);
+
+    /// How many surfaces have that role; the names are those of the interfaces.
+    [[nodiscard]] int count(const std::string& role);
+    /// How many surfaces have been given content.
+    [[nodiscard]] int withContent();
+    /// What a real compositor would have ended the connection for, since the last time.
+    [[nodiscard]] std::vector<std::string> takeViolations();
+
+private:
+    struct Surface {
+        /// A layer surface or popup; null without a role.
+        wl_resource* role = nullptr;
+        /// Of a popup.
+        wl_resource* xdgSurface = nullptr;
+        wl_resource* buffer = nullptr;
+        std::vector<wl_resource*> frames;
+        bool isConfigured = false;
+        bool hasContent = false;
+    };
+
+    void describeOutput(wl_resource* output);
+    void handle(const RequestLog::Request& request);
+    void handleSurface(const RequestLog::Request& request);
+    void giveRole(const RequestLog::Request& request);
+    void forget(wl_resource* object);
+    void commit(Surface& surface);
+    void configureRole(Surface& surface);
+    void toSurfaces(std::uint32_t event, const std::vector<wl_resource*>& outputs);
+
+    FakeCompositor& compositor_;
+    RequestLog log_{compositor_};
+    std::map<wl_resource*, Surface> surfaces_;
+    /// The client's objects for the output.
+    std::vector<wl_resource*> outputs_;
+    std::vector<std::string> violations_;
+    std::uint32_t serial_ = 0;
+    int popupX_ = 0;
+    int popupY_ = 0;
+    bool configures_ = true;
+};
+
+}

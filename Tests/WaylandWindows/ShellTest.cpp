@@ -1,0 +1,105 @@
+#include "ShellTest.hpp"
+
+#include "App/WaylandSession.hpp"
+#include "Connection/QtNative.hpp"
+#include "VirtualDesktop/Waiting.hpp"
+
+#include <wayland-client.h>
+
+#include <QApplication>
+#include <QWindow>
+#include <array>
+#include <cstdlib>
+#include <string>
+
+namespace vireline::wayland {
+namespace {
+
+/// The fake compositor and Qt's application object on it.
+struct QtOnFakeShell {
+    QtOnFakeShell() {
+        // Qt connects to this instead of WAYLAND_DISPLAY.
+        setenv("WAYLAND_SOCKET", std::to_string(compositor.makeSocket()).c_str(), 1);
+        setenv("QT_WAYLAND_DISABLE_HW_INTEGRATION", "1", 1);
+        setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 1);
+        unsetenv("QT_QPA_PLATFORMTHEME");
+        unsetenv("XDG_CURRENT_DESKTOP");
+        application.emplace(count, arguments.data());
+    }
+
+    FakeCompositor compositor;
+    FakeShell shell{compositor};
+    WaylandSession session;
+    std::array<char, 20> name{"WaylandWindowTests"};
+    std::array<char, 10> option{"-platform"};
+    std::array<char, 8> platform{"wayland"};
+    std::array<char*, 4> arguments{name.data(), option.data(), platform.data(), nullptr};
+    int count = 3;
+    std::optional<QApplication> application;
+};
+
+/// Never destroyed: Qt's plugin does not free everything, so the leak checker would complain.
+QtOnFakeShell& fake() {
+    // NOLINTNEXTLINE(cppcoreguidelines-owning-memory)
+    static auto& instance = *new QtOnFakeShell;
+    return instance;
+}
+
+}
+
+FakeCompositor& ShellTest::compositor() {
+    return fake().compositor;
+}
+
+FakeShell& ShellTest::shell() {
+    return fake().shell;
+}
+
+void ShellTest::SetUp() {
+    (void)fake();
+    connection_.emplace(QtNative::display());
+    appearance_.emplace("");
+    screens_.emplace(*connection_, "");
+    context_.emplace(*connection_, *screens_, *appearance_);
+    settle();
+    (void)shell().requests();
+}
+
+void ShellTest::TearDown() {
+    context_.reset();
+    screens_.reset();
+    appearance_.reset();
+    connection_.reset();
+    settle();
+    EXPECT_EQ(shell().count("zwlr_layer_surface_v1"), 0);
+    EXPECT_EQ(shell().count("xdg_popup"), 0);
+    EXPECT_EQ(shell().takeViolations(), Requests{});
+}
+
+bool ShellTest::eventually(const std::function<bool()>& condition) {
+    return desktop::eventually([&] {
+        settle();
+        return condition();
+    });
+}
+
+/// Events may lead to requests, whose answers are then on their way.
+void ShellTest::settle() {
+    constexpr int rounds = 3;
+    for (int i = 0; i < rounds; ++i) {
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        wl_display_roundtrip(QtNative::display());
+        QCoreApplication::processEvents();
+    }
+}
+
+void ShellTest::prepare(QWindow& window) {
+    window.setFlags(Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus |
+                    Qt::BypassWindowManagerHint);
+    QSurfaceFormat format;
+    format.setAlphaBufferSize(8);
+    window.setFormat(format);
+}
+
+}

@@ -1,0 +1,49 @@
+/// Base of the tests of what Qt shows on Wayland. Qt's own plugin runs in the test program,
+/// connected to a fake compositor in another thread, which all tests share.
+#pragma once
+
+#include "Connection/WaylandConnection.hpp"
+#include "Displays/WaylandScreens.hpp"
+#include "FakeShell.hpp"
+#include "Panels/LayerShellContext.hpp"
+#include "Toolkit/Appearance.hpp"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <optional>
+
+class QWindow;
+
+namespace vireline::wayland {
+
+class ShellTest : public testing::Test {
+protected:
+    using Requests = RequestLog::Requests;
+
+    void SetUp() override;
+    /// Fails if the test has broken a rule of the protocols.
+    void TearDown() override;
+
+    [[nodiscard]] static FakeCompositor& compositor();
+    [[nodiscard]] static FakeShell& shell();
+
+    /// Handles events until the condition holds; returns false after a timeout.
+    [[nodiscard]] static bool eventually(const std::function<bool()>& condition);
+    /// Waits until both sides have handled everything so far.
+    static void settle();
+
+    [[nodiscard]] WaylandScreens& screens() { return *screens_; }
+    [[nodiscard]] LayerShellContext& context() { return *context_; }
+
+    /// A window that Qt gives no role.
+    static void prepare(QWindow& window);
+
+private:
+    std::optional<WaylandConnection> connection_;
+    std::optional<xdg::Appearance> appearance_;
+    std::optional<WaylandScreens> screens_;
+    std::optional<LayerShellContext> context_;
+};
+
+}
