@@ -1,5 +1,6 @@
 /// What apps offer in the menus of their tiles, and the middle button.
 #include "DesktopTest.hpp"
+#include "VirtualDesktop/Picture.hpp"
 
 namespace vireline::desktop {
 namespace {
@@ -8,17 +9,22 @@ class AppActions : public DesktopTest {
 protected:
     /// Runs the program with Alpha, whose entry has these actions.
     void runWithActions(const std::vector<std::string>& ids) {
+        auto& desktop = make({.monitors = twoMonitors()});
+        const auto icon = desktop.home().scratch() / "action.png";
+        Picture{iconSide, iconSide, iconColour}.writePNG(icon);
         std::string list;
         std::vector<std::string> groups;
         for (const auto& id : ids) {
             list += id + ";";
-            groups.push_back("[Desktop Action " + id + "]\nName=Action " + id +
-                             "\nIcon=" + alpha.id + "\nExec=" + testedPrograms().testApp.string() +
+            groups.push_back("[Desktop Action " + id + "]\nName=Action " + id + "\nIcon=" +
+                             icon.string() + "\nExec=" + testedPrograms().testApp.string() +
                              " --class " + alpha.id + " --title " + id);
         }
         alpha.keys.push_back("Actions=" + list);
         alpha.keys.insert(alpha.keys.end(), groups.begin(), groups.end());
-        runWithTwoDisplays({alpha});
+        desktop.home().install(alpha);
+        desktop.home().pin(std::vector{alpha});
+        desktop.runVireline();
         ASSERT_TRUE(docksSettle(tiles(1)));
     }
 
@@ -42,6 +48,13 @@ protected:
         });
     }
 
+    /// How often the actions' icon is in the menu.
+    [[nodiscard]] int iconsIn(const PixelRect& menu) {
+        return desktop().picture(menu).count(iconColour) / (iconSide * iconSide);
+    }
+
+    static constexpr int iconSide = 16;
+    static constexpr Colour iconColour{200, 40, 160};
     App alpha = someApps(1)[0];
 };
 
@@ -49,6 +62,7 @@ TEST_F(AppActions, AreInTheMenuOfAnAppThatDoesNotRunToo) {
     runWithActions({"compose", "calendar"});
     const auto menu = openMenu(alphaTile());
     ASSERT_NE(menu, PixelRect{});
+    EXPECT_TRUE(eventually([&] { return iconsIn(menu) == 2; }));
     // Two actions, a separator, "Open" and "Show in".
     choose(menu, 1, 5);
     EXPECT_TRUE(logs("menu action calendar of " + alpha.id));

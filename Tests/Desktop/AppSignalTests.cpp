@@ -2,6 +2,7 @@
 #include "SignalTest.hpp"
 #include "VirtualDesktop/Announcer.hpp"
 #include "VirtualDesktop/ProcessFigures.hpp"
+#include "VirtualDesktop/WidgetTheme.hpp"
 
 #include <chrono>
 #include <memory>
@@ -21,6 +22,8 @@ protected:
         // A sanitized program would keep what it has freed.
         desktop.environment()["ASAN_OPTIONS"] +=
             ":quarantine_size_mb=0:thread_local_quarantine_size_kb=0";
+        if (!animates)
+            announceNoAnimations(desktop.client());
         desktop.runVireline();
         const BusClient bus{address()};
         ASSERT_TRUE(eventually([&] { return bus.hasOwner("com.canonical.Unity"); }));
@@ -40,6 +43,10 @@ protected:
         return desktop().windowsOf(app).at(0);
     }
 
+    /// Whether the desktop wants animations.
+    bool animates = true;
+    /// Longer than the interval of any timer that the program might have while it is idle.
+    static constexpr std::chrono::milliseconds rest{400};
     const std::vector<App> apps = someApps(2);
     const App& alpha = apps[0];
     const App& beta = apps[1];
@@ -119,6 +126,23 @@ TEST_F(AppSignals, AnAppThatDemandsAttentionIsMarkedUntilItIsActive) {
     EXPECT_TRUE(showsNo(mark));
 }
 
+// Behaviour: attention-3
+TEST_F(AppSignals, WithoutAnimationsTheMarkIsAlone) {
+    animates = false;
+    runExpanded();
+    const auto dock = layout("right", tiles(2));
+    const PixelPoint icon = dock.icon(0);
+    ASSERT_TRUE(turns(icon, alpha.colour));
+    // Nothing of the icon is there while it rests.
+    const PixelPoint above{icon.x, icon.y - static_cast<int>(dock.iconSize() / 2) - 3};
+    const Announcer announcer{address()};
+    announcer.announce(alpha.id, "{'urgent': <true>}");
+    EXPECT_TRUE(shows(mark));
+    // A tile that bobs goes up and down within this time.
+    constexpr std::chrono::milliseconds once{600};
+    EXPECT_FALSE(eventually([&] { return isSame(desktop().pixel(above), alpha.colour); }, once));
+}
+
 TEST_F(AppSignals, AnAutoHiddenDockShowsTheMarkOnItsLineAndStaysHidden) {
     run(R"(, "autoHide": true)");
     const Announcer announcer{address()};
@@ -127,6 +151,21 @@ TEST_F(AppSignals, AnAutoHiddenDockShowsTheMarkOnItsLineAndStaysHidden) {
     announcer.announce(alpha.id, "{'urgent': <true>}");
     EXPECT_TRUE(shows(mark));
     EXPECT_TRUE(line()) << "the tiles are still hidden";
+    EXPECT_TRUE(comesToRest(desktop().vireline().pid(), rest));
+    EXPECT_TRUE(shows(mark));
+    EXPECT_TRUE(line());
+}
+
+// Behaviour: tile-badges-5
+TEST_F(AppSignals, CostNothingOnceTheTileHasBobbed) {
+    runExpanded();
+    const Announcer announcer{address()};
+    announcer.announce(alpha.id, "{'urgent': <true>, 'count': <int64 7>, 'count-visible': <true>, "
+                                 "'progress': <0.5>, 'progress-visible': <true>}");
+    const auto showsEverything = [&] { return shows(mark) && shows(badge) && shows(progressFill); };
+    ASSERT_TRUE(showsEverything());
+    EXPECT_TRUE(comesToRest(desktop().vireline().pid(), rest));
+    EXPECT_TRUE(showsEverything());
 }
 
 TEST_F(AppSignals, AreToldToScreenReaders) {

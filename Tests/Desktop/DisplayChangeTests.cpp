@@ -119,6 +119,21 @@ TEST_F(DisplayChange, ReconcilesOnceAfterABurst) {
     EXPECT_EQ(countSince(reconciles, "reconcile "), 2);
 }
 
+TEST_F(DisplayChange, ComesBackWithOneReconciliationWhenThereWasNoDisplayAtAll) {
+    runWithThreeDisplays();
+    const int reconciles = desktop().log().count("reconcile ");
+    desktop().setMonitors({});
+    desktop().setMonitors(threeMonitors());
+    ASSERT_TRUE(logs("reconcile ", reconciles + 1));
+    EXPECT_TRUE(docksSettle(threeTiles));
+    EXPECT_EQ(desktop().docks().shown().size(), 2U);
+    // Another reconciliation shows that nothing of the change is pending.
+    desktop().setMonitors({threeMonitors().front()});
+    ASSERT_TRUE(logs("reconcile ", reconciles + 2));
+    EXPECT_TRUE(docksSettle(threeTiles));
+    EXPECT_EQ(countSince(reconciles, "reconcile "), 2);
+}
+
 TEST_F(DisplayChange, HasOneDockForEachDisplayAfterChaos) {
     runWithThreeDisplays();
     const int reconciles = desktop().log().count("reconcile ");

@@ -43,11 +43,13 @@ protected:
     static constexpr int downloads = 2;
     static constexpr int trash = 3;
 
-    /// Drags the content to a tile and drops it; returns the outcome.
+    /// Drags the content to a tile, drops it and moves the pointer away; returns the outcome.
     std::string drop(const FileDrag::Content& content, int onTile) {
         FileDrag drag{desktop(), content};
         static_cast<void>(drag.moveTo(tile(onTile)));
-        return drag.drop();
+        auto outcome = drag.drop();
+        desktop().pointer().moveTo(desktop().monitor("right").frame.center());
+        return outcome;
     }
 
     const std::vector<App> apps = someApps(3);
@@ -86,6 +88,7 @@ TEST_F(Drop, OfAnAppShowsOnEveryDock) {
     FileDrag drag{desktop(), {urlList({thirdApp()})}};
     static_cast<void>(drag.moveTo(layout("side", tiles(2)).icon(0)));
     EXPECT_EQ(drag.drop(), taken);
+    desktop().pointer().moveTo(desktop().monitor("main").frame.center());
     ASSERT_TRUE(docksSettle(tiles(3)));
     EXPECT_TRUE(turns(layout("above", tiles(3)).icon(2), apps[2].colour));
     EXPECT_TRUE(turns(layout("side", tiles(3)).icon(2), apps[2].colour));

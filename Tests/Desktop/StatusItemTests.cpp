@@ -168,8 +168,32 @@ TEST_F(StatusItem, PopsItsOwnMenuUpForAHostThatShowsNone) {
     host.activate();
 
     ASSERT_TRUE(eventually([&] { return !desktop().docks().menus().empty(); }));
-    choose(desktop().docks().menus().front(), 0, menuEntryCount);
+    const auto menu = desktop().docks().menus().front();
+    EXPECT_NEAR(menu.x, display.center().x, 8) << menu;
+    EXPECT_NEAR(menu.y, display.center().y, 8) << menu;
+    choose(menu, 0, menuEntryCount);
     EXPECT_TRUE(opens(settingsTitle));
+}
+
+TEST_F(StatusItem, ClosesItsOwnMenuWithEscapeOrAClickElsewhere) {
+    runWith();
+    const auto host = desktop().startNotifierHost();
+    ASSERT_TRUE(isRegistered(host));
+    const auto display = desktop().monitor("left").frame;
+    const auto menus = [&] { return desktop().docks().menus(); };
+    for (const bool byKey : {true, false}) {
+        desktop().pointer().moveTo(display.center());
+        host.activate();
+        ASSERT_TRUE(eventually([&] { return !menus().empty() && desktop().isKeyboardTaken(); }));
+        if (byKey)
+            desktop().keyboard().type(Keyboard::escape);
+        else
+            desktop().pointer().click({display.x + 100, display.y + 100});
+        EXPECT_TRUE(eventually([&] { return menus().empty(); }));
+        EXPECT_TRUE(eventually([&] { return !desktop().isKeyboardTaken(); }));
+    }
+    desktop().pointer().click(layout("right", twoTiles).icon(0));
+    EXPECT_TRUE(logs("click launch " + apps[0].id));
 }
 
 TEST_F(StatusItem, IsNotNeededWhereThereIsNoPlaceForIt) {

@@ -134,6 +134,17 @@ TEST_P(Summon, MovesTheWindowThatWasActiveLastAndNoOther) {
     EXPECT_TRUE(main.contains(outerFrame(windows[1]).center()));
 }
 
+TEST_P(Summon, BringsTheWindowThatIsChosenInTheMenu) {
+    runWith(summonOnClick);
+    const auto window = open(0, placeOn("main"));
+    const auto menu = openMenu(tile("side"));
+    ASSERT_NE(menu, PixelRect{});
+    // The window, a separator, "Show", "Show in" and "Quit".
+    choose(menu, 0, 5);
+    EXPECT_TRUE(comesToMiddle(window, "side"));
+    EXPECT_TRUE(logs("menu window " + apps[0].id));
+}
+
 TEST_P(Summon, KeepsAMaximisedWindowMaximised) {
     runWith(summonOnClick);
     const auto window = open(0, placeOn("main"));

@@ -5,8 +5,6 @@
 set(sway_stories
     AppActions.AMiddleClickLaunches*
     AppSignals.AnAppThat*
-    AutoHide.FindsAPointerThatWasThere*
-    AutoHide.WaitsForAnOpenMenu
     AutoHide.WorksAtTwiceTheScale
     BesideTheTiles.IsAnother*
     Click.BringsA*
@@ -24,12 +22,12 @@ set(sway_stories
     DockPlacement.MovesAway*
     DockPlacement.ReachesDisplays*
     DockPlacement.ShowsNoDock*
-    DockPlacement.StandsBeyond*
     DockPlacement.TellsWhat*
+    Drop.OfAnAppAdds*
+    Drop.OnTrashTrashes*
     Edges/AutoHideAtEdge.*
     Edges/TileDragAtEdge.*
     Edges/TileMenuAtEdge.*/left
-    Every/FillBeside.*/Sway_bottom_Fixed_Plain
     Every/FillBeside.*/Sway_left_Hiding_Plain
     PinnedList.FollowsAListThatIsReplaced*
     PinnedList.Shrinks*
@@ -38,11 +36,12 @@ set(sway_stories
     Session.ListsTheWindows*
     Session.StartsOnce*
     Session.WithADisplay*
-    SettingsSlider.OfTheIconSizeIsDragged*
     SettingsWindow.ClosesOnEscape*
     SettingsWindow.IsNoApp*
     SettingsWindow.OpenedTwice*
+    StatusItem.ClosesItsOwnMenu*
     StatusItem.OpensTheSettingsAndQuits*
+    StatusItem.PopsItsOwnMenuUp*
     TileDrag.Begins*
     TileDrag.Carries*
     TileDrag.EndsWithEscape*
@@ -66,6 +65,8 @@ set(more_sway_stories
     AppActions.AMiddleClickStarts*
     AppSignals.ABadge*
     AutoHide.ComesOutAtAnInnerEdge*
+    AutoHide.ComesOutForFiles*
+    AutoHide.FindsAPointerThatWasThere*
     AutoHide.WaitsFor*
     BesideTheTiles.NothingQuitsWhileAHost*
     Click.Hides*
@@ -75,6 +76,10 @@ set(more_sway_stories
     DockPlacement.ComesBack*
     DockPlacement.IgnoresAPanel*
     DockPlacement.LeavesOut*
+    DockPlacement.StandsBeyond*
+    Drop.OfAnApp*
+    Drop.OnDownloads*
+    Drop.OnTrash*
     Edges/TileMenuAtEdge.*
     Every/FillBeside.*/Sway_*_Plain
     LaunchBounce.LastsUntil*

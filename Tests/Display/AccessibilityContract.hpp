@@ -9,16 +9,6 @@
 
 namespace vireline::contract {
 
-template <class Value>
-[[nodiscard]] testing::AssertionResult fails(const Result<Value>& outcome) {
-    if (outcome)
-        return testing::AssertionFailure() << "it succeeds";
-    if (outcome.error().code == 0 || outcome.error().description.empty())
-        return testing::AssertionFailure()
-               << "the error has no code or no description: " << outcome.error();
-    return testing::AssertionSuccess();
-}
-
 template <class Desktop>
 class AccessibilityContract : public Desktop {
 protected:

@@ -7,6 +7,7 @@
 #include "Applications/EwmhWindowList.hpp"
 #include "Applications/StartupMessenger.hpp"
 #include "ClientWindows/EwmhAccessibility.hpp"
+#include "Contract/Programs.hpp"
 #include "Display/WindowTest.hpp"
 #include "Support/FakeAccessibility.hpp"
 #include "Toolkit/QtRunLoop.hpp"
@@ -23,13 +24,6 @@
 namespace vireline::contract {
 
 enum class Kind : std::uint8_t { normal, dialogs, ofUnknownProcess };
-
-/// A program that was started; it calls its windows by number, the oldest 0.
-struct Program {
-    std::string bundleID;
-    /// 0 when the port cannot know it.
-    std::int32_t process = 0;
-};
 
 class FakeDesktop : public testing::Test {
 protected:

@@ -128,6 +128,8 @@ void World::lookAtDocks() {
         if (window->watchesForCancel != isDragging)
             return fail("dock ", window->id.display, isDragging ? " forgets" : " thinks of",
                         " a tile that is dragged");
+        if (!wasInterrupted_ && !dock.isIn && model.bobsVisibly() && !window->awaitsFrame)
+            return fail("dock ", window->id.display, " has a tile that should bob and rests");
     }
     for (const auto& [display, dock] : model.docks) {
         if (shown[display] != 1)
@@ -145,7 +147,7 @@ void World::lookAtTiles(StormWindow& window, const ModelDock& dock) {
     std::vector<std::pair<std::string, std::optional<std::string>>> expected;
     expected.reserve(model.items.size() + 2);
     for (const DockItem& item : model.items)
-        expected.emplace_back(item.name, item.isRunning ? "running" : "not running");
+        expected.emplace_back(item.name, model.valueOf(item));
     if (dock.hasDownloads)
         expected.emplace_back("Downloads", std::nullopt);
     if (dock.hasTrash)
@@ -158,7 +160,8 @@ void World::lookAtTiles(StormWindow& window, const ModelDock& dock) {
         ids.insert(tiles[i].id);
         if (tiles[i].label != expected[i].first || tiles[i].value != expected[i].second)
             return fail("tile ", i, " is ", tiles[i].label, ", ", tiles[i].value.value_or("no app"),
-                        ", instead of ", expected[i].first);
+                        ", instead of ", expected[i].first, ", ",
+                        expected[i].second.value_or("no app"));
         if (tiles[i].hasMenu != (i < model.items.size()))
             return fail("tile ", i, tiles[i].hasMenu ? " has a menu" : " has no menu");
     }
@@ -172,14 +175,7 @@ void World::lookAtPlaces(const StormWindow& window, const ModelDock& dock,
     if (model.magnification() > 1 && !dock.isCursorKnown)
         return;
     const double view = lengthAlong(window.hosted, dock.position);
-    const auto expected = tileExtents(
-        {.counts = model.counts(),
-         .iconSize = fittedIconSize(model.counts(), dock.available, model.settings.iconSize),
-         .magnification = model.magnification(),
-         .view = view,
-         .cursor = model.magnification() > 1 ? dock.cursor : std::nullopt,
-         .hasDownloads = dock.hasDownloads,
-         .hasTrash = dock.hasTrash});
+    const auto expected = expectedPlaces(window, dock);
     for (std::size_t i = 0; i < tiles.size(); ++i) {
         const Rect& frame = tiles[i].frame;
         const double at = startAlong(frame, dock.position);
@@ -191,6 +187,18 @@ void World::lookAtPlaces(const StormWindow& window, const ModelDock& dock,
     }
     if (!tiles.empty() && expected.back().start + expected.back().length > view + tolerance)
         fail("the tiles of dock ", dock.id.display, " overflow its view of ", view);
+}
+
+std::vector<TileExtent> World::expectedPlaces(const StormWindow& window,
+                                              const ModelDock& dock) const {
+    return tileExtents(
+        {.counts = model.counts(),
+         .iconSize = fittedIconSize(model.counts(), dock.available, model.settings.iconSize),
+         .magnification = model.magnification(),
+         .view = lengthAlong(window.hosted, dock.position),
+         .cursor = model.magnification() > 1 ? dock.cursor : std::nullopt,
+         .hasDownloads = dock.hasDownloads,
+         .hasTrash = dock.hasTrash});
 }
 
 void World::lookAtGuard() {
@@ -276,7 +284,7 @@ void World::lookAtRest() {
     if (around.platform.runLoop.pendingTimers() != model.restingTimers())
         fail(around.platform.runLoop.pendingTimers(), " timers at rest instead of ",
              model.restingTimers());
-    for (const StormWindow* const window : windows_) {
+    for (StormWindow* const window : std::vector{windows_}) {
         const ModelDock* const dock = model.find(window->id);
         if (!window->isShown || dock == nullptr) {
             fail("a window that was ordered out is still there");
@@ -287,6 +295,10 @@ void World::lookAtRest() {
         const bool mayMove = bounces && !dock->isIn && !around.platform.motionSettings.reduces;
         if (window->awaitsFrame && !mayMove)
             fail("dock ", dock->id.display, " asks for frames at rest");
+        if (dock->isIn)
+            lookAtLineMarks(*window, *dock);
+        else
+            lookAtSignals(*window, *dock);
     }
 }
 

@@ -22,6 +22,7 @@ void Model::start() {
         emit();
     showTiles();
     reconcile();
+    readAnnouncements();
 }
 
 void Model::quit() {
@@ -31,6 +32,12 @@ void Model::quit() {
     pinned_.clear();
     lastMirror_.clear();
     launching.clear();
+    statuses.clear();
+    marked.clear();
+    asked_.clear();
+    bobs_.clear();
+    readAt_.reset();
+    lastRead_.reset();
     docks.clear();
     bands.clear();
     guard = Guard::off;
@@ -51,10 +58,12 @@ int Model::restingTimers() const {
 
 std::vector<Time> Model::dues() const {
     std::vector<Time> all;
-    for (const auto& due : {mirrorAt_, reconcileAt_, retryWatchAt_, pollAt_}) {
+    for (const auto& due : {mirrorAt_, reconcileAt_, retryWatchAt_, pollAt_, readAt_}) {
         if (due)
             all.push_back(*due);
     }
+    for (const auto& [app, bob] : bobs_)
+        all.push_back(bob.ends);
     for (const auto& [display, dock] : docks) {
         if (dock.hidesAt)
             all.push_back(*dock.hidesAt);
@@ -81,6 +90,7 @@ void Model::pass(Time duration) {
         pollAt_ = now_ + pollEvery_;
         lookAtPermission();
     }
+    std::erase_if(bobs_, [this](const auto& bob) { return bob.second.ends <= now_; });
     if (isDue(retryWatchAt_))
         watch();
     for (auto& [display, dock] : docks) {
@@ -91,6 +101,8 @@ void Model::pass(Time duration) {
         reconcile();
     if (isDue(mirrorAt_))
         readMirror();
+    if (isDue(readAt_))
+        readAnnouncements();
 }
 
 void Model::write(const Settings& changed) {

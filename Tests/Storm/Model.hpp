@@ -4,9 +4,13 @@
 #pragma once
 
 #include "Model/DockItem.hpp"
+#include "Platform/ApplicationCatalog.hpp"
 #include "Platform/PanelWindow.hpp"
+#include "Platform/RunningApplications.hpp"
+#include "Presentation/TileStatus.hpp"
 #include "Storm/Formulas.hpp"
 #include "Storm/ModelDock.hpp"
+#include "Storm/ModelWindow.hpp"
 #include "Storm/Surroundings.hpp"
 
 #include <cstdint>
@@ -49,6 +53,17 @@ public:
     void screensAnnounced();
     void willLaunch(const std::string& bundleID) { launching.insert(bundleID); }
     void settled(const std::optional<std::string>& bundleID);
+    /// What apps announce has changed already.
+    void announced();
+    void attentionChanged(const AppAttention& attention);
+    /// Animations may have been switched on or off.
+    void motionChanged();
+
+    /// Other programs' windows.
+    void windowOpened(const RunningApplication& app, const std::string& title,
+                      test::FakeWindow& actual);
+    void windowActivated(ModelWindow& window) { window.lastActive = ++activations_; }
+    void windowClosed(int number);
 
     /// The program has read the running apps or the displays at some time after an interruption.
     void runningAppsRead(const std::vector<RunningApplication>& apps) { showTiles(apps); }
@@ -74,6 +89,8 @@ public:
     void tapped(DockID id, std::size_t tile);
     /// `title` was chosen from that app's menu.
     void chosen(const DockItem& item, std::uint32_t display, const std::string& title);
+    /// A window was chosen from that app's menu; it may be closed by now.
+    void windowChosen(const DockItem& item, int number);
     /// The dock lays out its tiles, so all earlier changes are now in force.
     void laidOut(DockID id);
     /// Assistive technology reads the tiles; a hidden dock has none to lay out.
@@ -85,6 +102,14 @@ public:
     [[nodiscard]] bool isManual() const { return settings.sourceMode == SourceMode::manual; }
     [[nodiscard]] TileCounts counts() const;
     [[nodiscard]] double magnification() const;
+    /// What assistive technology reads of an app's tile.
+    [[nodiscard]] std::string valueOf(const DockItem& item) const;
+    /// Whether an app in the docks bobs that began to while animations were on.
+    [[nodiscard]] bool bobsVisibly() const;
+    /// The windows in that app's menu, most recently active first.
+    [[nodiscard]] std::vector<ModelWindow> windowsOf(const DockItem& item) const;
+    /// What an app's entry offers.
+    [[nodiscard]] std::vector<ApplicationCatalog::Action> actionsOf(const DockItem& item) const;
 
     /// An edit of the pinned list in a dock.
     struct Edit {
@@ -100,6 +125,12 @@ public:
     std::vector<Edit> edits;
     std::vector<DockItem> items;
     std::set<std::string> launching;
+    /// What apps announce, as far as the program has read it.
+    std::map<std::string, TileStatus> statuses;
+    /// The apps that want attention.
+    std::set<std::string> marked;
+    /// All open windows of other programs, oldest first.
+    std::vector<ModelWindow> windows;
     std::map<std::uint32_t, ModelDock> docks;
     std::vector<Rect> bands;
     std::vector<Rect> displays;
@@ -159,6 +190,17 @@ private:
     void click(const DockItem& item, std::uint32_t display);
     [[nodiscard]] std::vector<TileKey> tilesOf(const ModelDock& dock) const;
 
+    void readAnnouncements();
+    void lookForAttention();
+    [[nodiscard]] bool isPresent(const std::string& app) const;
+    void middleClicked(const DockItem& item);
+
+    /// A tile that has just been marked.
+    struct Bob {
+        Time ends = 0;
+        bool isSeen = false;
+    };
+
     const Surroundings& around_;
     bool runs_ = false;
     bool isEditing_ = false;
@@ -173,6 +215,15 @@ private:
     std::optional<Time> reconcileAt_;
     std::optional<Time> retryWatchAt_;
     std::optional<Time> pollAt_;
+    /// When announcements are read next, and when they last were; nullopt before the first time.
+    std::optional<Time> readAt_;
+    std::optional<Time> lastRead_;
+    AppAttention attention_;
+    /// The apps that asked for attention when the program last looked.
+    std::set<std::string> asked_;
+    std::map<std::string, Bob> bobs_;
+    int windowsOpened_ = 0;
+    int activations_ = 0;
     Time pollEvery_ = 0;
     /// The most recent request for a tap failed.
     bool tapFailed_ = false;

@@ -250,6 +250,7 @@ void Model::showTiles(const std::vector<RunningApplication>& apps) {
     items = std::move(merged);
     for (auto& [display, dock] : docks)
         dock.tilesAreStale = true;
+    lookForAttention();
     // The length depends on the number of tiles, and on whether there is a separator before the
     // running ones.
     const TileCounts after = counts();

@@ -226,6 +226,10 @@ void Model::pointer(DockID id, const PointerEvent& event, std::optional<std::siz
         return release(*dock, event.position, tile);
     case Kind::cancelled:
         return letGo(*dock);
+    case Kind::middlePressed:
+        if (tile && *tile < items.size())
+            middleClicked(items[*tile]);
+        return;
     case Kind::moved:
         if (dock->press) {
             const Point at = dock->press->at;
@@ -336,6 +340,10 @@ void Model::chosen(const DockItem& item, std::uint32_t display, const std::strin
         line("menu quit " + item.id);
     else if (title == "Remove from Dock")
         removeApp(item.id);
+    for (const ApplicationCatalog::Action& action : actionsOf(item)) {
+        if (action.name == title)
+            line("menu action " + action.id + " of " + item.id);
+    }
 }
 
 void Model::laidOut(DockID id) {

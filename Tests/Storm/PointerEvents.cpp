@@ -120,16 +120,22 @@ void secondaryClick(World& world, Random& random) {
     }
 }
 
+void middleClick(World& world, Random& random) {
+    if (StormWindow* const window = world.anyWindow(random)) {
+        const Point at = anyPlace(*window, random);
+        world.note(' ', window->id.display, ' ', at);
+        gesture(world, window, [&] { window->enter(at); }, [&] { window->pressMiddle(at); });
+    }
+}
+
 void useMenu(World& world, Random& random) {
     StormWindow* const window = world.anyWindow(random);
     if (window == nullptr || !window->hasMenu)
         return;
-    const auto entries = static_cast<int>(window->menu.entries.size());
-    const int choice = random.integer(-1, entries - 1);
-    world.note(' ', window->id.display, " entry ", choice);
-    const bool isCommand =
-        choice >= 0 &&
-        std::holds_alternative<MenuCommand>(window->menu.entries[static_cast<std::size_t>(choice)]);
+    const auto lines = linesOf(window->menu);
+    const int choice = random.integer(-1, static_cast<int>(lines.size()) - 1);
+    world.note(' ', window->id.display, " line ", choice);
+    const bool isCommand = choice >= 0 && lines[static_cast<std::size_t>(choice)].isCommand;
     window->closeMenu(isCommand ? std::optional{static_cast<std::size_t>(choice)} : std::nullopt);
 }
 
@@ -257,6 +263,7 @@ std::vector<Event> pointerEvents() {
             {"clicks", 16, clickTile},
             {"a tile is dragged", 30, dragTile},
             {"a secondary click", 12, secondaryClick},
+            {"a middle click", 4, middleClick},
             {"a menu is used", 20, useMenu},
             {"a menu is dismissed", 6, dismissMenu, true},
             {"files come", 12, dragFilesIn},

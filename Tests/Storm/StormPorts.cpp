@@ -24,14 +24,16 @@ StormPorts::StormPorts(test::FakePlatform& platform, WindowWitness& witness, boo
     , workspace_(platform.workspace, witness) {}
 
 Platform StormPorts::ports() {
-    return test::with({.application = &application_,
-                       .dockPreferences = &dockPreferences_,
-                       .runningApplications = &running_,
-                       .workspace = &workspace_,
-                       .icons = &icons_,
-                       .screens = &screens_,
-                       .panelWindows = &panelWindows_},
-                      fake_.ports());
+    Platform ports = test::with({.application = &application_,
+                                 .dockPreferences = &dockPreferences_,
+                                 .runningApplications = &running_,
+                                 .workspace = &workspace_,
+                                 .icons = &icons_,
+                                 .screens = &screens_,
+                                 .panelWindows = &panelWindows_},
+                                fake_.ports());
+    ports.launcherAnnouncements = &announcements_;
+    return ports;
 }
 
 }

@@ -104,6 +104,10 @@ public:
         running_.terminate(app);
         witness_.called("terminate");
     }
+    [[nodiscard]] AppAttention attention() const override { return running_.attention(); }
+    [[nodiscard]] Subscription observeAttention(std::function<void()> handler) override {
+        return running_.observeAttention(listeners_.counted(std::move(handler)));
+    }
     [[nodiscard]] Subscription observeWillLaunch(Handler handler) override {
         return running_.observeWillLaunch(listeners_.counted(std::move(handler)));
     }
@@ -118,6 +122,23 @@ private:
     RunningApplications& running_;
     const Listeners& listeners_;
     WindowWitness& witness_;
+};
+
+class StormAnnouncements final : public LauncherAnnouncements {
+public:
+    StormAnnouncements(LauncherAnnouncements& announcements, const Listeners& listeners)
+        : announcements_(announcements), listeners_(listeners) {}
+
+    [[nodiscard]] std::map<std::string, TileStatus> current() override {
+        return announcements_.current();
+    }
+    [[nodiscard]] Subscription observe(std::function<void()> handler) override {
+        return announcements_.observe(listeners_.counted(std::move(handler)));
+    }
+
+private:
+    LauncherAnnouncements& announcements_;
+    const Listeners& listeners_;
 };
 
 class StormIcons final : public Icons {
@@ -217,6 +238,7 @@ private:
     StormApplication application_{fake_.application, listeners_};
     StormDockPreferences dockPreferences_{fake_.dockPreferences, listeners_};
     StormIcons icons_{fake_.icons, listeners_};
+    StormAnnouncements announcements_{fake_.announcements, listeners_};
     StormRunningApplications running_;
     StormWorkspace workspace_;
 };

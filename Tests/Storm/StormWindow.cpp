@@ -6,6 +6,26 @@ namespace vireline::storm {
 
 using Kind = PointerEvent::Kind;
 
+std::vector<MenuLine> linesOf(const Menu& menu) {
+    std::vector<MenuLine> lines;
+    const auto add = [&](const MenuCommand& command, const std::string& before) {
+        const bool isChecked = command.isChecked.value_or(false);
+        lines.push_back({before + command.title + (isChecked ? " *" : ""), true, command.action});
+    };
+    for (const MenuItem& entry : menu.entries) {
+        if (const auto* const command = std::get_if<MenuCommand>(&entry)) {
+            add(*command, "");
+        } else if (const auto* const submenu = std::get_if<MenuSubmenu>(&entry)) {
+            lines.push_back({submenu->title, false, nullptr});
+            for (const MenuCommand& inner : submenu->entries)
+                add(inner, "> ");
+        } else {
+            lines.push_back({"-", false, nullptr});
+        }
+    }
+    return lines;
+}
+
 StormWindow::StormWindow(DockID dock, PanelWindowListener& listener, WindowWitness& witness,
                          bool isTracked)
     : id(dock), listener_(listener), witness_(witness), isTracked_(isTracked) {
@@ -33,7 +53,8 @@ void StormWindow::setHostedFrame(const Rect& moved) {
     witness_.called("setHostedFrame");
 }
 
-void StormWindow::present(const Scene& scene) {
+void StormWindow::present(const Scene& shown) {
+    scene = shown;
     witness_.presented(*this, scene);
     witness_.called("present");
 }
@@ -113,6 +134,12 @@ void StormWindow::pressSecondary(Point at) {
     pointerEvent({Kind::secondaryPressed, at});
 }
 
+void StormWindow::pressMiddle(Point at) {
+    if (isTracked_)
+        return tracker_.middlePressed(at);
+    pointerEvent({Kind::middlePressed, at});
+}
+
 void StormWindow::cancel() {
     if (isTracked_)
         return tracker_.cancelled();
@@ -124,7 +151,7 @@ void StormWindow::closeMenu(std::optional<std::size_t> chosen) {
     const auto tell = std::exchange(onMenuClosed_, nullptr);
     MenuAction act;
     if (chosen)
-        act = std::get<MenuCommand>(menu.entries.at(*chosen)).action;
+        act = linesOf(menu).at(*chosen).action;
     if (isTracked_)
         tracker_.menuClosed({});
     witness_.menuClosed(*this, chosen);
@@ -181,7 +208,7 @@ void StormWindow::mouseExited() {
 
 void StormWindow::pointerEvent(const PointerEvent& event) {
     const bool isButton = event.kind == Kind::pressed || event.kind == Kind::released ||
-                          event.kind == Kind::secondaryPressed;
+                          event.kind == Kind::secondaryPressed || event.kind == Kind::middlePressed;
     witness_.pointer(id, event, isButton ? tileAt(event.position) : std::nullopt);
     listener_.pointerEvent(event);
 }

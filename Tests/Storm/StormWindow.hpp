@@ -19,6 +19,16 @@ namespace vireline::storm {
 
 class StormWindow;
 
+/// A line of a menu, or of a submenu, whose lines follow its title.
+struct MenuLine {
+    /// "-" for a separator; with an asterisk behind that of a checked command.
+    std::string title;
+    bool isCommand = false;
+    MenuAction action;
+};
+
+[[nodiscard]] std::vector<MenuLine> linesOf(const Menu& menu);
+
 class WindowWitness {
 public:
     virtual ~WindowWitness() = default;
@@ -70,8 +80,9 @@ public:
     void press(Point at);
     void release(Point at, bool isOver);
     void pressSecondary(Point at);
+    void pressMiddle(Point at);
     void cancel();
-    /// Closes the menu, with or without a choice.
+    /// Closes the menu, with or without a choice of one of its `linesOf`.
     void closeMenu(std::optional<std::size_t> chosen);
     void showFrame();
 
@@ -93,6 +104,10 @@ public:
     Menu menu;
     /// The app that the menu belongs to; nullopt for the program's own menu.
     std::optional<DockItem> menuItem;
+    /// The numbers of the windows that the menu lists, from the top.
+    std::vector<int> menuWindows;
+    /// What it shows.
+    Scene scene;
     /// The files that another program is dragging over the window.
     std::vector<FileURL> dragged;
     /// A frame was requested.

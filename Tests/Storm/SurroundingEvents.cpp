@@ -126,6 +126,7 @@ void endApp(World& world, Random& random) {
     const RunningApplication app = running.apps[index];
     running.apps.erase(running.apps.begin() + static_cast<std::ptrdiff_t>(index));
     world.note(' ', app.bundleID.value_or("unknown"));
+    world.closeWindowsOfEndedApps();
     if (random.integer(0, 5) == 0)
         return;
     world.model.settled(app.bundleID);
@@ -135,14 +136,6 @@ void endApp(World& world, Random& random) {
 void changeFrontmost(World& world, Random& random) {
     const std::string id = random.boolean() ? anyApp(world, random).bundleID : "";
     world.around.platform.running.bringToFront(id);
-}
-
-void openWindow(World& world, Random& random) {
-    auto& platform = world.around.platform;
-    if (platform.running.apps.empty())
-        return;
-    platform.accessibility.addWindow(platform.running.apps.back(),
-                                     {random.real(-500, 2500), random.real(0, 900), 400, 300});
 }
 
 void changePins(World& world, Random& random) {
@@ -268,6 +261,7 @@ void disableTap(World& world, Random& random) {
 
 void changeMotion(World& world, Random& random) {
     world.around.platform.motionSettings.reduces = random.integer(0, 2) == 0;
+    world.model.motionChanged();
     world.around.platform.pointerSettings.interval = random.boolean() ? 0.5 : 0.3;
 }
 
@@ -282,7 +276,6 @@ std::vector<Event> surroundingEvents() {
             {"a start is over", 8, settleLaunch, true},
             {"an app ends", 12, endApp, true},
             {"another app is frontmost", 8, changeFrontmost, true},
-            {"an app opens a window", 4, openWindow},
             {"pins change", 14, changePins, true},
             {"pins are announced", 4, announcePins, true},
             {"the pins' file goes", 4, replacePinsFile, true},

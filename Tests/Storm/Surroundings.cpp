@@ -25,8 +25,6 @@ Surroundings::Surroundings()
     platform.fileSystem.put(letter);
     platform.fileSystem.put(locked);
     platform.trash.failures[locked.path()] = {13, "locked"};
-    // The windows of apps are not modelled.
-    platform.accessibility.listsWindows = false;
     // So that the menu beside the tiles has all of its entries.
     platform.statusBar.hasPlace = false;
 }

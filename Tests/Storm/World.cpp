@@ -13,7 +13,8 @@ namespace {
 const std::vector<Event>& allEvents() {
     static const std::vector<Event> events = [] {
         std::vector<Event> all;
-        for (auto some : {pointerEvents(), surroundingEvents(), settingsEvents(), timeEvents()})
+        for (auto some : {pointerEvents(), surroundingEvents(), signalEvents(), windowEvents(),
+                          settingsEvents(), timeEvents()})
             all.insert(all.end(), some.begin(), some.end());
         return all;
     }();
@@ -41,12 +42,6 @@ bool hasReconciledSince(std::size_t lines) {
 }
 
 /// A small change of the number yields an entirely different sequence.
-/// "-" for a separator.
-std::string titleOf(const MenuItem& entry) {
-    const auto* const command = std::get_if<MenuCommand>(&entry);
-    return command == nullptr ? "-" : command->title;
-}
-
 unsigned mixed(unsigned seed, int step) {
     std::seed_seq sequence{seed, static_cast<unsigned>(step)};
     std::array<unsigned, 1> mixture{};
@@ -170,6 +165,20 @@ void World::catchUp() {
     model.recognise(shown, ports_.windowsMade(), docksBefore_);
     cancelPresses();
     renewTiles();
+    endAttention();
+}
+
+/// It is unknown which apps ran when the program looked for those that want attention, so each of
+/// them gets it.
+void World::endAttention() {
+    for (const AppRef& app : around.apps)
+        demandAttention({.demanding = {}, .active = app.bundleID});
+    demandAttention({});
+}
+
+void World::demandAttention(const AppAttention& attention) {
+    model.attentionChanged(attention);
+    around.platform.running.demandAttention(attention);
 }
 
 /// It is unknown which tiles were laid out before the interruption, so all are laid out again.
@@ -275,46 +284,6 @@ void World::pointer(DockID dock, const PointerEvent& event, std::optional<std::s
     if (event.kind == PointerEvent::Kind::secondaryPressed)
         expectMenuOf(tile);
     model.pointer(dock, event, tile);
-}
-
-void World::expectMenuOf(std::optional<std::size_t> tile) {
-    menuItem_.reset();
-    if (tile && *tile < model.items.size())
-        menuItem_ = model.items[*tile];
-}
-
-void World::menuOpened(StormWindow& window) {
-    model.menuOpened(window.id);
-    window.menuItem = menuItem_;
-    std::vector<std::string> expected{"Settings…", "Quit Vireline"};
-    if (!model.edits.empty())
-        expected.insert(expected.begin(), {model.edits.back().title, "-"});
-    if (menuItem_) {
-        expected = {menuItem_->isRunning ? "Show" : "Open", "Show in Finder"};
-        if (model.isManual() && menuItem_->isPinned)
-            expected.emplace_back("Remove from Dock");
-        if (menuItem_->isRunning)
-            expected.emplace_back("Quit");
-    }
-    std::vector<std::string> titles;
-    titles.reserve(window.menu.entries.size());
-    for (const MenuItem& entry : window.menu.entries)
-        titles.push_back(titleOf(entry));
-    if (titles != expected)
-        fail("a menu with ", titles.size(), " entries that should have ", expected.size());
-}
-
-void World::menuClosed(StormWindow& window, std::optional<std::size_t> chosen) {
-    model.menuClosed(window.id);
-    if (!chosen)
-        return;
-    const std::string title = titleOf(window.menu.entries.at(*chosen));
-    if (window.menuItem)
-        model.chosen(*window.menuItem, window.id.display, title);
-    else if (title.starts_with("Undo "))
-        model.undo();
-    else if (title == "Quit Vireline")
-        model.lines.emplace_back("quit from dock");
 }
 
 void World::presented(const StormWindow& window, const Scene& scene) {

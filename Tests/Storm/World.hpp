@@ -84,6 +84,10 @@ public:
     void cancelPresses();
     /// For a menu that assistive technology requests.
     void expectMenuOf(std::optional<std::size_t> tile);
+    void demandAttention(const AppAttention& attention);
+    /// Closes a window of another program, for the model and for the program.
+    void closeWindow(const ModelWindow& window);
+    void closeWindowsOfEndedApps();
 
 private:
     void windowMade(StormWindow& window) override { windows_.push_back(&window); }
@@ -104,12 +108,17 @@ private:
     void look();
     void catchUp();
     void renewTiles();
+    void endAttention();
     void lookAtLog();
     void lookAtDisk();
     void lookAtDocks();
     void lookAtTiles(StormWindow& window, const ModelDock& dock);
     void lookAtPlaces(const StormWindow& window, const ModelDock& dock,
                       const std::vector<AccessibleTile>& tiles);
+    [[nodiscard]] std::vector<TileExtent> expectedPlaces(const StormWindow& window,
+                                                         const ModelDock& dock) const;
+    void lookAtSignals(StormWindow& window, const ModelDock& dock);
+    void lookAtLineMarks(const StormWindow& window, const ModelDock& dock);
     void lookAtGuard();
     void lookAtForm();
     void lookForRemains();
@@ -127,7 +136,10 @@ private:
     bool runs_ = false;
     std::size_t formsBefore_ = 0;
     std::size_t toursBefore_ = 0;
+    /// What the next menu should have.
     std::optional<DockItem> menuItem_;
+    std::vector<int> menuWindows_;
+    std::vector<std::string> menuTitles_;
     std::size_t writesSeen_ = 0;
     int step_ = 0;
 
@@ -155,6 +167,8 @@ private:
 /// All possible events.
 [[nodiscard]] std::vector<Event> pointerEvents();
 [[nodiscard]] std::vector<Event> surroundingEvents();
+[[nodiscard]] std::vector<Event> signalEvents();
+[[nodiscard]] std::vector<Event> windowEvents();
 [[nodiscard]] std::vector<Event> settingsEvents();
 [[nodiscard]] std::vector<Event> timeEvents();
 

@@ -232,6 +232,10 @@ public:
                                      const std::string& accessibilityDescription,
                                      Size size) override;
 
+    [[nodiscard]] ImageHandle actionIcon(const std::string& name, Size size) override {
+        return std::make_shared<FakeImage>(name, size);
+    }
+
     [[nodiscard]] Subscription observeChanges(std::function<void()> handler) override {
         return changes_.add(std::move(handler));
     }

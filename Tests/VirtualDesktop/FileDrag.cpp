@@ -7,6 +7,11 @@
 #include <stdexcept>
 
 namespace vireline::desktop {
+namespace {
+
+constexpr const char* copy = "XdndActionCopy";
+
+}
 
 std::string urlList(const std::vector<std::filesystem::path>& files) {
     std::string list;
@@ -20,17 +25,34 @@ FileDrag::FileDrag(VirtualDesktop& desktop, const Content& content)
     const auto file = desktop.home().scratch() / "dragged";
     writeFile(file, content.text);
     std::filesystem::remove(record_);
-    program_ =
-        &desktop.run(DRAG_SOURCE, {"--form", content.form, "--content", file.string(), "--action",
-                                   content.action, "--record", record_.string()});
-    const auto needs = [this](std::string_view line) {
-        if (!eventually([&] { return readFile(record_).contains(line); }))
-            throw std::runtime_error{"the program that one can drag from does not work"};
-    };
-    needs("shown");
-    desktop.pointer().moveTo({20, 20});
+    const PixelPoint place =
+        desktop.isWayland() ? showPanel(content, file) : showWindow(content, file);
+    desktop.pointer().moveTo(place);
     desktop.pointer().press(Pointer::Button::primary);
-    needs("began");
+    require("began");
+}
+
+void FileDrag::require(std::string_view line) const {
+    if (!eventually([&] { return readFile(record_).contains(line); }))
+        throw std::runtime_error{"the program that one can drag from does not work"};
+}
+
+PixelPoint FileDrag::showWindow(const Content& content, const std::string& file) {
+    program_ = &desktop_.run(DRAG_SOURCE, {"--form", content.form, "--content", file, "--action",
+                                           content.action, "--record", record_.string()});
+    require("shown");
+    return {20, 20};
+}
+
+/// Drags cannot leave the output on which they begin: the X server reports the pointer to the
+/// window of that output for as long as a button is held. The last monitor has a dock.
+PixelPoint FileDrag::showPanel(const Content& content, const std::string& file) {
+    constexpr int thickness = 40;
+    const Monitor& monitor = desktop_.displays().monitors.back();
+    program_ = &desktop_.runPanel({monitor.name, Edge::top, thickness},
+                                  {content.form, file, record_.string()});
+    require("shown");
+    return panelFrame(monitor, Edge::top, thickness).center();
 }
 
 std::string FileDrag::moveTo(PixelPoint place) {
@@ -40,16 +62,32 @@ std::string FileDrag::moveTo(PixelPoint place) {
     };
     const PixelPoint nearby{place.x - 1, place.y};
     desktop_.pointer().moveTo(nearby);
+    if (desktop_.isWayland()) {
+        desktop_.pointer().moveTo(place);
+        return answerOnWayland();
+    }
     static_cast<void>(recorded(at(nearby)));
     std::filesystem::resize_file(record_, 0);
     desktop_.pointer().moveTo(place);
     return recorded(at(place));
 }
 
+std::string FileDrag::answerOnWayland() const {
+    const bool isAccepted = eventually([&] {
+        const std::string record = readFile(record_);
+        const auto last = record.rfind("answer ");
+        return last != std::string::npos && record.substr(last).starts_with("answer accepted\n");
+    });
+    return isAccepted ? std::string{"accepted "} + copy : "refused";
+}
+
 std::string FileDrag::drop() {
     std::filesystem::resize_file(record_, 0);
     desktop_.pointer().release(Pointer::Button::primary);
-    return recorded("");
+    if (!desktop_.isWayland())
+        return recorded("");
+    const std::string outcome = recorded("end ");
+    return outcome == "done" ? outcome + ' ' + copy : outcome;
 }
 
 std::string FileDrag::recorded(std::string_view beginning) const {

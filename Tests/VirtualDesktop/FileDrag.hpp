@@ -1,4 +1,4 @@
-/// A drag out of another program's window.
+/// A drag out of another program's window, or under Wayland out of its panel.
 #pragma once
 
 #include "VirtualDesktop/VirtualDesktop.hpp"
@@ -21,11 +21,14 @@ public:
         std::string action = "XdndActionCopy";
     };
 
-    /// Shows the source window in the screen's top-left corner and starts the drag.
+    /// Shows the source in the screen's top-left corner and starts the drag. Under Wayland, it is
+    /// at the top of the last monitor, which the drag cannot leave, and always a copy.
     FileDrag(VirtualDesktop& desktop, const Content& content);
 
     /// The drag source's report of the target's answer, such as "accepted XdndActionCopy",
     /// "refused" or "no-target" (no window under the pointer takes drops); empty if there is none.
+    /// Under Wayland, a source hears of the answer only when it changes: this waits until the drag
+    /// is accepted, here or before.
     [[nodiscard]] std::string moveTo(PixelPoint place);
 
     /// The outcome of dropping: "done XdndActionCopy", "not done", "not dropped"; empty if there is
@@ -35,12 +38,19 @@ public:
     [[nodiscard]] ChildProcess& program() noexcept { return *program_; }
 
 private:
+    /// Starts the source and returns a place on it.
+    [[nodiscard]] PixelPoint showWindow(const Content& content, const std::string& file);
+    [[nodiscard]] PixelPoint showPanel(const Content& content, const std::string& file);
+    [[nodiscard]] std::string answerOnWayland() const;
+    /// Waits until the source has recorded that.
+    void require(std::string_view line) const;
+
     /// Waits for a line that begins with `beginning`, and returns the rest of it.
     [[nodiscard]] std::string recorded(std::string_view beginning) const;
 
     VirtualDesktop& desktop_;
     std::filesystem::path record_;
-    ChildProcess* program_;
+    ChildProcess* program_ = nullptr;
 };
 
 }

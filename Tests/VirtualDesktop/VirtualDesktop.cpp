@@ -244,24 +244,27 @@ void VirtualDesktop::requireCompositor() const {
 void VirtualDesktop::reserve(const Reservation& reservation) {
     displays_.reservations.push_back(reservation);
     if (session_)
-        startWaylandPanel(reservation);
+        runPanel(reservation, {});
     else
         startPanel(reservation);
 }
 
-void VirtualDesktop::startWaylandPanel(const Reservation& reservation) {
-    const auto frame =
-        panelFrame(monitor(reservation.monitor), reservation.edge, reservation.thickness);
+ChildProcess& VirtualDesktop::runPanel(const Reservation& place,
+                                       const std::vector<std::string>& arguments) {
+    const auto frame = panelFrame(monitor(place.monitor), place.edge, place.thickness);
     session_->ignore(frame);
-    panels_.emplace_back(Command{programs_.waylandPanel.string(),
-                                 {session_->outputOf(reservation.monitor), nameOf(reservation.edge),
-                                  std::to_string(reservation.thickness), "202830"},
-                                 environment_,
-                                 {},
-                                 home_.scratch() / "panel.log",
-                                 {}});
+    std::vector<std::string> all{session_->outputOf(place.monitor), nameOf(place.edge),
+                                 std::to_string(place.thickness), "202830"};
+    std::ranges::copy(arguments, std::back_inserter(all));
+    auto& panel = panels_.emplace_back(Command{programs_.waylandPanel.string(),
+                                               std::move(all),
+                                               environment_,
+                                               {},
+                                               home_.scratch() / "panel.log",
+                                               {}});
     constexpr Colour colour{0x20, 0x28, 0x30};
     require(eventually([&] { return isSame(pixel(frame.center()), colour); }), "the panel");
+    return panel;
 }
 
 void VirtualDesktop::startPanel(const Reservation& reservation) {

@@ -123,6 +123,9 @@ public:
 
     /// Adds another program's panel at an edge of a monitor, which reserves its thickness.
     void reserve(const Reservation& reservation);
+    /// On a Wayland desktop, runs a panel at an edge of a monitor with these additional arguments,
+    /// and waits until it can be seen.
+    ChildProcess& runPanel(const Reservation& place, const std::vector<std::string>& arguments);
     /// Removes all such panels.
     void endReservations();
 
@@ -200,7 +203,6 @@ private:
                                               const Environment& environment);
     void startSession(const Options& options);
     void startPanel(const Reservation& reservation);
-    void startWaylandPanel(const Reservation& reservation);
     /// The windows for which `matches` is true.
     template <class Condition>
     [[nodiscard]] std::vector<xcb_window_t> swayWindows(const Condition& matches) const;

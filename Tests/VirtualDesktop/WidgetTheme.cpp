@@ -23,23 +23,28 @@ std::string padded(std::string_view text) {
     return result;
 }
 
-/// The XSETTINGS property with a single text setting.
-std::string settings(std::string_view name, std::string_view value) {
+enum class SettingKind : std::uint8_t { number, text };
+
+/// The XSETTINGS property with a single setting, whose value is encoded.
+std::string property(SettingKind kind, std::string_view name, const std::string& value) {
     constexpr std::size_t leastFirst = 0;
     constexpr std::size_t serial = 1;
     constexpr std::size_t count = 1;
-    constexpr std::size_t textKind = 1;
-    return number(leastFirst, 4) + number(serial, 4) + number(count, 4) + number(textKind, 2) +
-           number(name.size(), 2) + padded(name) + number(serial, 4) + number(value.size(), 4) +
-           padded(value);
+    return number(leastFirst, 4) + number(serial, 4) + number(count, 4) +
+           number(static_cast<std::size_t>(kind), 2) + number(name.size(), 2) + padded(name) +
+           number(serial, 4) + value;
 }
 
-constexpr std::string_view property = "_XSETTINGS_SETTINGS";
+std::string settings(std::string_view name, std::string_view value) {
+    return property(SettingKind::text, name, number(value.size(), 4) + padded(value));
+}
+
+constexpr std::string_view propertyName = "_XSETTINGS_SETTINGS";
 constexpr std::string_view selection = "_XSETTINGS_S0";
 
-xcb_window_t start(const XClient& client, std::string_view name, std::string_view value) {
+xcb_window_t start(const XClient& client, const std::string& content) {
     const xcb_window_t daemon = client.createWindow({0, 0, 1, 1}, 0);
-    client.setText(daemon, property, property, settings(name, value));
+    client.setText(daemon, propertyName, propertyName, content);
     xcb_set_selection_owner(client.get(), daemon, client.atom(selection), XCB_CURRENT_TIME);
     return daemon;
 }
@@ -47,12 +52,17 @@ xcb_window_t start(const XClient& client, std::string_view name, std::string_vie
 }
 
 void announceWidgetTheme(const XClient& client, std::string_view name) {
-    start(client, "Net/ThemeName", name);
+    start(client, settings("Net/ThemeName", name));
+    client.sync();
+}
+
+void announceNoAnimations(const XClient& client) {
+    start(client, property(SettingKind::number, "Gtk/EnableAnimations", number(0, 4)));
     client.sync();
 }
 
 xcb_window_t announceIconTheme(const XClient& client, std::string_view name) {
-    const xcb_window_t daemon = start(client, "Net/IconThemeName", name);
+    const xcb_window_t daemon = start(client, settings("Net/IconThemeName", name));
     xcb_client_message_event_t event{};
     event.response_type = XCB_CLIENT_MESSAGE;
     event.format = 32;
@@ -67,7 +77,7 @@ xcb_window_t announceIconTheme(const XClient& client, std::string_view name) {
 }
 
 void changeIconTheme(const XClient& client, xcb_window_t daemon, std::string_view name) {
-    client.setText(daemon, property, property, settings("Net/IconThemeName", name));
+    client.setText(daemon, propertyName, propertyName, settings("Net/IconThemeName", name));
     client.sync();
 }
 

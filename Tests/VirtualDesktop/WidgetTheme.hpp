@@ -1,5 +1,5 @@
 /// Simulates the part of a settings daemon that announces the names of themes: the widget theme,
-/// which is light or dark, and the icon theme.
+/// which is light or dark, and the icon theme; and whether programs should animate.
 #pragma once
 
 #include "VirtualDesktop/XClient.hpp"
@@ -10,6 +10,9 @@ namespace vireline::desktop {
 
 /// Announces it during the lifetime of this client, to programs started from now on.
 void announceWidgetTheme(const XClient& client, std::string_view name);
+
+/// Announces likewise that programs should not animate.
+void announceNoAnimations(const XClient& client);
 
 /// Announces it to all programs, like a newly started daemon. Returns the daemon's window;
 /// destroying that ends it.

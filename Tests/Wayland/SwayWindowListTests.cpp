@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <set>
 
 namespace vireline::wayland {
 namespace {
@@ -103,6 +104,22 @@ TEST_F(SwayWindowListTest, NoticesThatAnAppHasEnded) {
     EXPECT_TRUE(test::waitUntil([&] { return !ended.empty(); }));
     EXPECT_EQ(ended, std::vector<std::string>{"org.example.two"});
     EXPECT_TRUE(test::waitUntil([&] { return isActive("org.example.one"); }));
+}
+
+TEST_F(SwayWindowListTest, SaysWhichAppDemandsAttentionUntilItHasTheFocus) {
+    run("org.example.one");
+    run("org.example.two");
+    using Names = std::set<std::string>;
+    EXPECT_EQ(apps_->attention(), (AppAttention{{}, "org.example.two"}));
+
+    desk().command("[app_id=org.example.one] urgent enable");
+    EXPECT_TRUE(
+        test::waitUntil([&] { return apps_->attention().demanding == Names{"org.example.one"}; }));
+    EXPECT_EQ(apps_->attention().active, "org.example.two");
+
+    EXPECT_TRUE(apps_->bringForward("org.example.one"));
+    EXPECT_TRUE(
+        test::waitUntil([&] { return apps_->attention() == AppAttention{{}, "org.example.one"}; }));
 }
 
 TEST_F(SwayWindowListTest, FollowsTheFocus) {

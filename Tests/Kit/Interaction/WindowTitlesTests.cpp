@@ -26,6 +26,7 @@ TEST(WindowTitles, ShortensALongTitleInTheMiddleBetweenCharacters) {
     const std::string title = repeated("ä", 40) + repeated("z", 40);
 
     EXPECT_EQ(menuTitle(title, "Editor"), repeated("ä", 24) + "…" + repeated("z", 23));
+    EXPECT_EQ(menuTitle(repeated("é", 80), "Editor"), repeated("é", 24) + "…" + repeated("é", 23));
 }
 
 TEST(WindowTitles, CallsAWindowWithoutATitleLikeItsApp) {

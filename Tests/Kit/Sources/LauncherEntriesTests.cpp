@@ -23,6 +23,14 @@ TEST(LauncherEntries, ShowWhatIsVisibleOnly) {
     EXPECT_EQ(entries.statuses(), (Statuses{{"mail", {.progress = 0.5}}}));
 }
 
+TEST(LauncherEntries, WithoutANumberCountNothingAndBeginAtNothing) {
+    LauncherEntries entries;
+
+    entries.update(":1.1", "mail", {.isCountVisible = true, .isProgressVisible = true});
+
+    EXPECT_EQ(entries.statuses(), (Statuses{{"mail", {.progress = 0.0}}}));
+}
+
 // Behaviour: tile-badges-2
 TEST(LauncherEntries, ClampWhatIsBeyondItsLimits) {
     LauncherEntries entries;
@@ -62,19 +70,20 @@ TEST(LauncherEntries, AreLimitedInNumber) {
     const LauncherEntries::Update one{.count = 1, .isCountVisible = true};
     for (int app = 0; app < 1000; ++app)
         entries.update(":1.1", "app" + std::to_string(app), one);
-    EXPECT_EQ(entries.statuses().size(), LauncherEntries::maximumApps);
+    EXPECT_EQ(entries.statuses().size(), 16U);
+    EXPECT_FALSE(entries.update(":1.1", "late", one));
 
     entries.clear();
     for (int sender = 0; sender < 1000; ++sender)
         entries.update(":1." + std::to_string(sender), "app" + std::to_string(sender), one);
-    EXPECT_EQ(entries.statuses().size(), LauncherEntries::maximumSenders);
+    EXPECT_EQ(entries.statuses().size(), 64U);
     EXPECT_FALSE(entries.update(":2.0", "late", one));
 
     entries.clear();
     EXPECT_TRUE(entries.update(":1.1", std::string(256, 'x'), one));
     entries.clear();
     EXPECT_FALSE(entries.update(":1.1", "", one));
-    EXPECT_FALSE(entries.update(":1.1", std::string(300, 'x'), one));
+    EXPECT_FALSE(entries.update(":1.1", std::string(257, 'x'), one));
     EXPECT_EQ(entries.statuses(), Statuses{});
 }
 

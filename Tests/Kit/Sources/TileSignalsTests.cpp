@@ -49,6 +49,16 @@ TEST_F(TileSignalsTest, AFloodOfAnnouncementsChangesTheModelEvery16MillisecondsA
     EXPECT_EQ(platform.runLoop.pendingTimers(), 0);
 }
 
+TEST_F(TileSignalsTest, WhatIsAnnouncedSoonAfterAnotherShows16MillisecondsAfterThat) {
+    platform.announcements.announce("p0", {.count = 1});
+    platform.announcements.announce("p0", {.count = 2});
+
+    platform.runLoop.advance(0.0159);
+    EXPECT_EQ(dock.model.statuses.get().at("p0").count, 1);
+    platform.runLoop.advance(0.0002);
+    EXPECT_EQ(dock.model.statuses.get().at("p0").count, 2);
+}
+
 // Behaviour: attention-1
 TEST_F(TileSignalsTest, AnAppThatDemandsAttentionIsMarkedUntilItIsActiveAndBobsThreeTimes) {
     platform.running.demandAttention({.demanding = {"u0"}, .active = "u1"});

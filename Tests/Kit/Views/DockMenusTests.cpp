@@ -142,6 +142,21 @@ TEST_F(DockRootViewTest, WhatAnAppOffersIsListedBetweenItsWindowsAndTheOtherEntr
     EXPECT_EQ(dock.actionsTaken, (std::vector<std::string>{"action private of u0"}));
 }
 
+TEST_F(DockRootViewTest, AnActionHasTheIconThatItsEntryNames) {
+    dock.appActions = {{"compose", "Compose", "mail-new"}, {"plain", "Plain", ""}};
+    dock.setTiles(1, 0);
+    show();
+
+    send(Kind::secondaryPressed, centerOfIcon(0));
+
+    const ImageHandle icon = std::get<MenuCommand>(menu.entries.at(0)).image;
+    const auto* const image = dynamic_cast<const test::FakeImage*>(icon.get());
+    ASSERT_NE(image, nullptr);
+    EXPECT_EQ(image->source(), "mail-new");
+    EXPECT_EQ(image->size(), (Size{16, 16}));
+    EXPECT_EQ(std::get<MenuCommand>(menu.entries.at(1)).image, nullptr);
+}
+
 TEST_F(DockRootViewTest, AMiddleClickConcernsAppsOnly) {
     dock.setTiles(1, 0);
     show();

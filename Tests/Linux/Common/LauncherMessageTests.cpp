@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <string>
 
 namespace vireline::xdg {
@@ -48,6 +49,11 @@ TEST(LauncherMessage, TakesCountsOfAnyIntegerTypeAndIgnoresOtherTypes) {
     };
     EXPECT_EQ(count("int32 -4"), -4);
     EXPECT_EQ(count("uint32 4000000000"), 4000000000);
+    EXPECT_EQ(count("uint64 5000000000"), 5000000000);
+    EXPECT_EQ(count("uint64 18446744073709551615"), std::numeric_limits<std::int64_t>::max());
+    EXPECT_EQ(count("int16 -4"), -4);
+    EXPECT_EQ(count("uint16 65535"), 65535);
+    EXPECT_EQ(count("byte 255"), 255);
     EXPECT_EQ(count("'3'"), std::nullopt);
     EXPECT_EQ(count("3.5"), std::nullopt);
     EXPECT_EQ(parsedMessage("('application://mail.desktop', {'urgent': <1>})")->update.isUrgent,

@@ -132,6 +132,16 @@ TEST_F(ThemeIconsTest, TakesEveryIconFromAnotherThemeOnceThatIsChosen) {
     EXPECT_EQ(colour(before), QColor(Qt::red));
 }
 
+TEST_F(ThemeIconsTest, FindsTheIconOfAnActionByItsNameOrItsFileAndHasNoOther) {
+    constexpr Size entry{16, 16};
+    addIcon("icons/hicolor/48/all/mail-new.png", Qt::red);
+    const std::string file = addIcon("own/action.png", Qt::green);
+
+    EXPECT_EQ(colour(icons().actionIcon("mail-new", entry), 16), QColor(Qt::red));
+    EXPECT_EQ(colour(icons().actionIcon(file, entry), 16), QColor(Qt::green));
+    EXPECT_EQ(icons().actionIcon("missing", entry), nullptr);
+}
+
 TEST_F(ThemeIconsTest, TellsWhetherAnIconLeadsToAPicture) {
     addIcon("icons/hicolor/48/all/mailer.png", Qt::red);
     const std::string file = addIcon("own/icon.png", Qt::green);

@@ -2,14 +2,17 @@
 ///
 ///     WaylandTestApp [--class ID] [--windows N] [--title TEXT] [--size WxH] [--title-bytes N]
 ///                    [--colour RRGGBB] [--delay MS] [--crash] [--ignore-close] [--activate]
-///                    [--record FILE] [--token FILE] [--sizes FILE] [--retitle TEXT] [FILE...]
+///                    [--record FILE] [--token FILE] [--sizes FILE] [--retitle TEXT]
+///                    [--titles FILE] [FILE...]
 ///
 /// Ends when its last window is closed. With --record, writes what happens to it; with --token, the
 /// activation token that it was given; with --sizes, the size of each window, such as "320x200",
 /// whenever it is drawn; with --retitle, changes the titles once the windows have been shown for a
-/// tenth of a second; with --activate, asks for the focus with its token.
+/// tenth of a second; with --titles, the windows have the lines of that file as titles, also once
+/// it is written again; with --activate, asks for the focus with its token.
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFileSystemWatcher>
 #include <QTimer>
 #include <QWidget>
 #include <QWindow>
@@ -123,13 +126,27 @@ int main(int count, char** arguments) {
         QGuiApplication::setDesktopFileName(QString::fromStdString(options.text("--class")));
     const QApplication application{count, arguments};
     std::vector<std::unique_ptr<Window>> windows;
+    const auto readTitles = [&] {
+        std::ifstream file{options.text("--titles")};
+        std::string line;
+        for (std::size_t i = 0; i < windows.size() && std::getline(file, line); ++i)
+            windows[i]->setWindowTitle(QString::fromStdString(line));
+    };
     const auto retitle = [&] {
         for (const auto& window : windows)
             window->setWindowTitle(QString::fromStdString(options.text("--retitle")));
     };
+    QFileSystemWatcher watcher;
+    if (options.has("--titles")) {
+        watcher.addPath(QString::fromStdString(options.text("--titles")));
+        QObject::connect(&watcher, &QFileSystemWatcher::fileChanged, readTitles);
+    }
     const int delay = options.number("--delay", 0);
     if (options.has("--retitle"))
         QTimer::singleShot(delay + 100, retitle);
-    QTimer::singleShot(delay, [&] { windows = openWindows(options); });
+    QTimer::singleShot(delay, [&] {
+        windows = openWindows(options);
+        readTitles();
+    });
     return QApplication::exec();
 }

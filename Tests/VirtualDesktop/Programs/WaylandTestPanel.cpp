@@ -1,18 +1,24 @@
 /// A panel for tests under a Wayland compositor: a bar at an edge of an output that reserves its
 /// thickness.
 ///
-///     WaylandTestPanel OUTPUT bottom|left|right|top THICKNESS COLOUR
+///     WaylandTestPanel OUTPUT bottom|left|right|top THICKNESS COLOUR [FORM FILE RECORD]
 ///
-/// Runs until it is killed or the compositor ends.
+/// With the last three, it reserves nothing, and the file's content can be dragged out of it in
+/// that form; see `WaylandDrag` for what it records. Runs until it is killed or the compositor
+/// ends.
 #include "Connection/LayerShell.hpp"
+#include "WaylandDrag.hpp"
 
 #include <sys/mman.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
+#include <fstream>
 #include <iostream>
+#include <iterator>
 #include <list>
+#include <optional>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -20,11 +26,14 @@
 
 namespace {
 
+using vireline::desktop::WaylandDrag;
+
 struct Options {
     std::string output;
     std::string edge;
     std::int32_t thickness = 0;
     std::uint32_t colour = 0;
+    std::optional<WaylandDrag::Options> drag;
 };
 
 /// An output and its name.
@@ -39,6 +48,8 @@ public:
         : options_(std::move(options)), display_(wl_display_connect(nullptr)) {
         if (display_ == nullptr)
             throw std::runtime_error{"no compositor"};
+        if (options_.drag)
+            drag_.emplace(*display_, *options_.drag);
         wl_registry* const registry = wl_display_get_registry(display_);
         wl_registry_add_listener(registry, &globals, this);
         // The globals, and then the outputs' names.
@@ -60,6 +71,8 @@ private:
             return wl_registry_bind(registry, name, &wanted, version);
         };
         const std::string_view offered = interface;
+        if (self.drag_)
+            self.drag_->offered(*registry, name, offered);
         if (offered == wl_compositor_interface.name) {
             self.compositor_ = static_cast<wl_compositor*>(bind(wl_compositor_interface, 1));
         } else if (offered == wl_shm_interface.name) {
@@ -77,8 +90,10 @@ private:
     static void configured(void* data, zwlr_layer_surface_v1* role, std::uint32_t serial,
                            std::uint32_t width, std::uint32_t height) {
         zwlr_layer_surface_v1_ack_configure(role, serial);
-        static_cast<const Panel*>(data)->paint(static_cast<std::int32_t>(width),
-                                               static_cast<std::int32_t>(height));
+        auto& self = *static_cast<Panel*>(data);
+        self.paint(static_cast<std::int32_t>(width), static_cast<std::int32_t>(height));
+        if (self.drag_)
+            self.drag_->shown();
     }
     static void closed(void* /*data*/, zwlr_layer_surface_v1* /*role*/) {}
 
@@ -101,7 +116,10 @@ private:
             anchor = options_.edge == "top" ? top : bottom;
         zwlr_layer_surface_v1_set_anchor(role, anchor | (lies ? left | right : top | bottom));
         zwlr_layer_surface_v1_set_size(role, lies ? 0 : thickness, lies ? thickness : 0);
-        zwlr_layer_surface_v1_set_exclusive_zone(role, options_.thickness);
+        if (drag_)
+            drag_->beginOn(*surface_);
+        else
+            zwlr_layer_surface_v1_set_exclusive_zone(role, options_.thickness);
         wl_surface_commit(surface_);
     }
 
@@ -147,22 +165,34 @@ private:
     zwlr_layer_shell_v1* shell_ = nullptr;
     wl_surface* surface_ = nullptr;
     std::list<Output> outputs_;
+    std::optional<WaylandDrag> drag_;
 };
+
+Options parse(std::span<char* const> words) {
+    constexpr std::size_t withoutDrag = 4;
+    constexpr std::size_t withDrag = 7;
+    constexpr int hexadecimal = 16;
+    if (words.size() != withoutDrag && words.size() != withDrag)
+        throw std::runtime_error{"wrong number of arguments"};
+    Options options{.output = words[0],
+                    .edge = words[1],
+                    .thickness = std::stoi(words[2]),
+                    .colour =
+                        static_cast<std::uint32_t>(std::stoul(words[3], nullptr, hexadecimal)),
+                    .drag = {}};
+    if (words.size() == withDrag) {
+        std::ifstream file{words[5], std::ios::binary};
+        options.drag = {words[4], {std::istreambuf_iterator<char>{file}, {}}, words[6]};
+    }
+    return options;
+}
 
 }
 
 int main(int count, char** arguments) {
     const std::span<char*> all{arguments, static_cast<std::size_t>(count)};
     try {
-        constexpr std::size_t expected = 5;
-        constexpr int hexadecimal = 16;
-        if (all.size() != expected)
-            throw std::runtime_error{"wrong number of arguments"};
-        const Panel panel{
-            {.output = all[1],
-             .edge = all[2],
-             .thickness = std::stoi(all[3]),
-             .colour = static_cast<std::uint32_t>(std::stoul(all[4], nullptr, hexadecimal))}};
+        const Panel panel{parse(all.subspan(1))};
         panel.run();
         return EXIT_SUCCESS;
     } catch (const std::exception& error) {

@@ -5,6 +5,8 @@
 #include "GLib/GLibHandles.hpp"
 
 #include <algorithm>
+#include <cstdint>
+#include <limits>
 #include <string_view>
 
 namespace vireline::xdg {
@@ -26,13 +28,29 @@ std::optional<bool> flag(GVariant* properties, const char* name) {
 
 /// Programs send the count as any integer type.
 std::optional<std::int64_t> integer(GVariant* properties, const char* name) {
-    if (const auto value = property(properties, name, G_VARIANT_TYPE_INT64))
-        return g_variant_get_int64(value.get());
-    if (const auto value = property(properties, name, G_VARIANT_TYPE_INT32))
+    constexpr std::uint64_t most = std::numeric_limits<std::int64_t>::max();
+    const auto value = property(properties, name, nullptr);
+    if (!value)
+        return std::nullopt;
+    switch (g_variant_classify(value.get())) {
+    case G_VARIANT_CLASS_BYTE:
+        return g_variant_get_byte(value.get());
+    case G_VARIANT_CLASS_INT16:
+        return g_variant_get_int16(value.get());
+    case G_VARIANT_CLASS_UINT16:
+        return g_variant_get_uint16(value.get());
+    case G_VARIANT_CLASS_INT32:
         return g_variant_get_int32(value.get());
-    if (const auto value = property(properties, name, G_VARIANT_TYPE_UINT32))
+    case G_VARIANT_CLASS_UINT32:
         return g_variant_get_uint32(value.get());
-    return std::nullopt;
+    case G_VARIANT_CLASS_INT64:
+        return g_variant_get_int64(value.get());
+    case G_VARIANT_CLASS_UINT64:
+        return static_cast<std::int64_t>(
+            std::min<std::uint64_t>(g_variant_get_uint64(value.get()), most));
+    default:
+        return std::nullopt;
+    }
 }
 
 std::optional<double> number(GVariant* properties, const char* name) {

@@ -9,11 +9,11 @@
 #include "Connection/QtNative.hpp"
 #include "GLib/SessionBus.hpp"
 #include "Panels/LayerPanelWindows.hpp"
+#include "Panels/PointerMenu.hpp"
 #include "StatusBar/SystemTray.hpp"
 
 #include <unistd.h>
 
-#include <QCursor>
 #include <QMenu>
 #include <QWindow>
 #include <utility>
@@ -49,7 +49,10 @@ WaylandWindowSystem::WaylandWindowSystem(xdg::SecondStarts& secondStarts, RunLoo
         return InputProof{QtNative::seat(connection_), QtNative::inputSerial(connection_)};
     }) {}
 
+WaylandWindowSystem::~WaylandWindowSystem() = default;
+
 std::unique_ptr<PanelWindows> WaylandWindowSystem::makePanelWindows(xdg::Appearance& appearance) {
+    appearance_ = &appearance;
     return std::make_unique<LayerPanelWindows>(connection_, screens_, appearance);
 }
 
@@ -77,7 +80,9 @@ std::unique_ptr<xdg::SystemTray> WaylandWindowSystem::makeTray() {
 
 /// Needed only if a panel cannot show the menu of a status item itself.
 void WaylandWindowSystem::openAtPointer(QMenu& menu) {
-    menu.popup(QCursor::pos());
+    pointerMenu_.reset();
+    pointerMenu_ = std::make_unique<PointerMenu>(connection_, screens_, *appearance_, menu,
+                                                 [this] { pointerMenu_.reset(); });
 }
 
 /// Qt asks the compositor with the token of the user's last action.

@@ -18,12 +18,14 @@ class RunLoop;
 
 namespace vireline::wayland {
 
+class PointerMenu;
 class WindowPlacer;
 
 class WaylandWindowSystem final : public xdg::WindowSystem, private NonCopyable {
 public:
     /// Needs the running QApplication. The arguments must outlive this object.
     WaylandWindowSystem(xdg::SecondStarts& secondStarts, RunLoop& runLoop);
+    ~WaylandWindowSystem() override;
 
     [[nodiscard]] xdg::SecondStarts& secondStarts() override { return secondStarts_; }
     [[nodiscard]] xdg::SettingsDaemon& settings() override { return settings_; }
@@ -53,6 +55,10 @@ private:
     ActivationTokens activationTokens_;
     WaylandScreens screens_{connection_, swaySocket_};
     NoPointerTaps pointerTaps_;
+    /// Known before there are menus.
+    xdg::Appearance* appearance_ = nullptr;
+    /// The menu that is open at the pointer.
+    std::unique_ptr<PointerMenu> pointerMenu_;
 };
 
 }
