@@ -54,8 +54,8 @@ build_with() {
     cmake --build "${arguments[@]}"
 }
 
-# run_tests <preset> <ctest's arguments...>: prints only the tests that fail, and the summary.
-run_tests() {
+# run_ctest <preset> <ctest's arguments...>: prints only the tests that fail, and the summary.
+run_ctest() {
     local preset=$1
     shift
     ctest --preset "$preset" "$@" | grep --line-buffered -vE '^ +Start +[0-9]+: |^ *[0-9]+/[0-9]+ Test .* Passed '
