@@ -54,7 +54,7 @@ TEST_F(PanelPointerTest, LooksLessOftenThanPerFrameWhileMovementsChangeNothing) 
     const auto looks = std::ranges::count_if(
         log.words, [](const auto& word) { return word.starts_with("moved "); });
     const auto time = steady_clock::now() - start;
-    EXPECT_LE(looks, time / std::chrono::milliseconds{50} + 2);
+    EXPECT_LE(looks, time / std::chrono::milliseconds{33} + 2);
     EXPECT_TRUE(eventually([&] { return log.has("moved 200,50"); }));
 }
 

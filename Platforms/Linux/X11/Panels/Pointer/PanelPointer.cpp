@@ -10,8 +10,9 @@ namespace {
 constexpr int doubtInterval = 250;
 
 /// Milliseconds without samples after a movement that changed nothing, as within a tile of a dock
-/// that does not magnify. A label that appears this much later is not noticed, since it fades in.
-constexpr int pauseInterval = 50;
+/// that does not magnify. Two frames of usual displays: while a dock magnifies, a movement across
+/// it changes nothing either, and one that follows along it must not be seen to start late.
+constexpr int pauseInterval = 33;
 
 }
 
