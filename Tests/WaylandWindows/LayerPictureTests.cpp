@@ -1,4 +1,5 @@
 #include "Panels/LayerPicture.hpp"
+#include "Panels/LayerRole.hpp"
 #include "ShellTest.hpp"
 
 #include <QWindow>
@@ -16,7 +17,7 @@ protected:
     void SetUp() override {
         ShellTest::SetUp();
         window_.emplace();
-        prepare(*window_);
+        LayerRole::prepare(*window_);
         window_->setGeometry(0, 0, 100, 50);
         window_->create();
         window_->setVisible(true);

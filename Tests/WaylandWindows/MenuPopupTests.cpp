@@ -1,10 +1,10 @@
-#include "Connection/QtNative.hpp"
 #include "Panels/LayerRole.hpp"
 #include "Panels/MenuPopup.hpp"
 #include "ShellTest.hpp"
 
 #include <wayland-client.h>
 
+#include <QGuiApplication>
 #include <QMenu>
 #include <QScreen>
 #include <QWindow>
@@ -21,13 +21,9 @@ protected:
     void SetUp() override {
         ShellTest::SetUp();
         parent_.emplace();
-        prepare(*parent_);
-        parent_->setGeometry(dock);
-        parent_->create();
-        role_.emplace(*context().shell, *QtNative::surface(*parent_), nullptr,
+        LayerRole::prepare(*parent_);
+        role_.emplace(context(), *parent_, *QGuiApplication::primaryScreen(), dock,
                       LayerRole::Events{[] {}, [] {}});
-        role_->setPlace(dock);
-        wl_surface_commit(QtNative::surface(*parent_));
         menu_ = std::make_unique<QMenu>();
         menu_->addAction(QStringLiteral("First"));
         menu_->addAction(QStringLiteral("Second"));

@@ -7,7 +7,6 @@
 #include <wayland-client.h>
 
 #include <QApplication>
-#include <QWindow>
 #include <array>
 #include <cstdlib>
 #include <string>
@@ -92,14 +91,6 @@ void ShellTest::settle() {
         wl_display_roundtrip(QtNative::display());
         QCoreApplication::processEvents();
     }
-}
-
-void ShellTest::prepare(QWindow& window) {
-    window.setFlags(Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus |
-                    Qt::BypassWindowManagerHint);
-    QSurfaceFormat format;
-    format.setAlphaBufferSize(8);
-    window.setFormat(format);
 }
 
 }

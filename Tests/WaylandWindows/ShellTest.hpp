@@ -13,8 +13,6 @@
 #include <functional>
 #include <optional>
 
-class QWindow;
-
 namespace vireline::wayland {
 
 class ShellTest : public testing::Test {
@@ -35,9 +33,6 @@ protected:
 
     [[nodiscard]] WaylandScreens& screens() { return *screens_; }
     [[nodiscard]] LayerShellContext& context() { return *context_; }
-
-    /// A window that Qt gives no role.
-    static void prepare(QWindow& window);
 
 private:
     std::optional<WaylandConnection> connection_;

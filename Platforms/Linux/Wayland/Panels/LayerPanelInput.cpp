@@ -1,11 +1,8 @@
 /// What the user does with a dock's window: the pointer, keys, drags and menus.
-#include "Connection/QtNative.hpp"
 #include "Displays/WaylandScreens.hpp"
 #include "Panels/DraggedFiles.hpp"
 #include "Panels/LayerPanelWindow.hpp"
 #include "Panels/LayerShellContext.hpp"
-
-#include <wayland-client.h>
 
 #include <QApplication>
 #include <QDropEvent>
@@ -98,11 +95,8 @@ void LayerPanelWindow::watchForCancel(bool watches) {
 }
 
 void LayerPanelWindow::takeKeyboard(bool takes) {
-    if (!role_)
-        return;
-    role_->setTakesKeyboard(takes);
-    wl_surface_commit(QtNative::surface(*this));
-    context_.connection.flush();
+    if (role_)
+        role_->takeKeyboard(takes);
 }
 
 void LayerPanelWindow::popUpMenu(const Menu& menu, const MenuPlace& place,

@@ -50,10 +50,7 @@ LayerPanelWindow::LayerPanelWindow(LayerShellContext& context, std::uint32_t dis
     , accessible_(std::make_unique<xdg::AccessibleDock>(
           xdg::DockAccess{*this, listener, "Vireline dock on " + context.screens.nameOf(displayID),
                           [this](const Rect& view) { return placeOnScreen(view); }})) {
-    setFlags(Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::BypassWindowManagerHint);
-    QSurfaceFormat format;
-    format.setAlphaBufferSize(8);
-    setFormat(format);
+    LayerRole::prepare(*this);
     setTitle(QStringLiteral("Vireline dock #%1").arg(displayID));
     tracker_.setViewArea(overhang_.around(hostedFrame_.size()));
     hiddenFrames_.setSingleShot(true);
@@ -107,24 +104,16 @@ void LayerPanelWindow::orderOut() {
     tracker_.hidden();
 }
 
-/// Nothing may be painted before the compositor has configured the role.
 void LayerPanelWindow::makeSurface() {
     QScreen* const screen = context_.screens.qtScreen(displayID_);
     if (screen == nullptr || role_)
         return;
     // Qt may have made a surface of its own while the window's screen was gone.
     destroy();
-    setScreen(screen);
     relayout();
-    setGeometry(placeInQt());
-    create();
-    wl_surface* const surface = QtNative::surface(*this);
     role_ = std::make_unique<LayerRole>(
-        *context_.shell, *surface, QtNative::output(*screen),
+        context_, *this, *screen, place_,
         LayerRole::Events{[this] { configured(); }, [this] { closedByCompositor(); }});
-    role_->setPlace(place_);
-    wl_surface_commit(surface);
-    context_.connection.flush();
 }
 
 /// Qt 6.4 destroys the surface of a visible window before it sends `SurfaceAboutToBeDestroyed`.

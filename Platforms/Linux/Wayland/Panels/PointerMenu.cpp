@@ -57,7 +57,7 @@ void PointerMenu::openAt(ScreenCover& cover, QPoint place) {
     if (popup_ || !menu_ || menu_->isVisible() || cover.role() == nullptr)
         return;
     noPointer_.stop();
-    cover.takeKeyboard();
+    cover.role()->takeKeyboard(true);
     QScreen& screen = *cover.screen();
     const QPoint corner = xdg::MenuCorner::at(place, menu_->sizeHint(), screen.geometry());
     popup_ = std::make_unique<MenuPopup>(context_, *cover.role(), *menu_,

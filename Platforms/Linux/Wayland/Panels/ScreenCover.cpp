@@ -1,10 +1,5 @@
 #include "Panels/ScreenCover.hpp"
 
-#include "Connection/QtNative.hpp"
-#include "Panels/LayerShellContext.hpp"
-
-#include <wayland-client.h>
-
 #include <QEnterEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -14,23 +9,12 @@
 
 namespace vireline::wayland {
 
-/// Nothing may be painted before the compositor has configured the role.
 ScreenCover::ScreenCover(const LayerShellContext& context, QScreen& screen, Events events)
-    : context_(context), events_(std::move(events)) {
-    setFlags(Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::BypassWindowManagerHint);
-    QSurfaceFormat format;
-    format.setAlphaBufferSize(8);
-    setFormat(format);
-    setScreen(&screen);
-    setGeometry(screen.geometry());
-    create();
-    wl_surface* const surface = QtNative::surface(*this);
+    : events_(std::move(events)) {
+    LayerRole::prepare(*this);
     role_ = std::make_unique<LayerRole>(
-        *context.shell, *surface, QtNative::output(screen),
+        context, *this, screen, QRect{{0, 0}, screen.geometry().size()},
         LayerRole::Events{[this] { configured(); }, [this] { events_.closed(); }});
-    role_->setPlace({{0, 0}, screen.geometry().size()});
-    wl_surface_commit(surface);
-    context.connection.flush();
 }
 
 /// Qt 6.4 destroys the surface of a visible window before it sends `SurfaceAboutToBeDestroyed`.
@@ -42,12 +26,6 @@ ScreenCover::~ScreenCover() {
 void ScreenCover::configured() {
     if (!std::exchange(isShown_, true))
         setVisible(true);
-}
-
-void ScreenCover::takeKeyboard() {
-    role_->setTakesKeyboard(true);
-    wl_surface_commit(QtNative::surface(*this));
-    context_.connection.flush();
 }
 
 bool ScreenCover::event(QEvent* event) {

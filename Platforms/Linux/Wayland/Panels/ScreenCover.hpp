@@ -34,15 +34,11 @@ public:
     /// Null before the compositor shows the surface, and once the display is gone.
     [[nodiscard]] LayerRole* role() const noexcept { return isShown_ ? role_.get() : nullptr; }
 
-    /// The surface gets the keyboard instead of windows.
-    void takeKeyboard();
-
 private:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void configured();
 
-    const LayerShellContext& context_;
     Events events_;
     std::unique_ptr<LayerRole> role_;
     bool isShown_ = false;
