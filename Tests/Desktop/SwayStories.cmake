@@ -23,6 +23,8 @@ set(sway_stories
     DockPlacement.ReachesDisplays*
     DockPlacement.ShowsNoDock*
     DockPlacement.TellsWhat*
+    Drop.FindsNoTarget*
+    Drop.IsRefusedInTimeForA*
     Drop.OfAnAppAdds*
     Drop.OnTrashTrashes*
     Edges/AutoHideAtEdge.*
@@ -67,6 +69,9 @@ set(more_sway_stories
     AutoHide.ComesOutAtAnInnerEdge*
     AutoHide.ComesOutForFiles*
     AutoHide.FindsAPointerThatWasThere*
+    AutoHide.HidesWhenFiles*
+    AutoHide.HidesWhenTheSource*
+    AutoHide.StaysInForWhat*
     AutoHide.WaitsFor*
     BesideTheTiles.NothingQuitsWhileAHost*
     Click.Hides*
@@ -77,7 +82,11 @@ set(more_sway_stories
     DockPlacement.IgnoresAPanel*
     DockPlacement.LeavesOut*
     DockPlacement.StandsBeyond*
+    Drop.Is*InTime*
+    Drop.IsOff*
+    Drop.LetsTheTrash*
     Drop.OfAnApp*
+    Drop.OfPlainText*
     Drop.OnDownloads*
     Drop.OnTrash*
     Edges/TileMenuAtEdge.*

@@ -61,24 +61,25 @@ std::string FileDrag::moveTo(PixelPoint place) {
         return "at " + std::to_string(p.x) + ',' + std::to_string(p.y) + ' ';
     };
     const PixelPoint nearby{place.x - 1, place.y};
-    desktop_.pointer().moveTo(nearby);
     if (desktop_.isWayland()) {
+        std::filesystem::resize_file(record_, 0);
+        desktop_.pointer().moveTo(nearby);
         desktop_.pointer().moveTo(place);
-        return answerOnWayland();
+        const std::string answer = recorded("answer ");
+        return answer == "accepted" ? answer + ' ' + copy : answer;
     }
+    desktop_.pointer().moveTo(nearby);
     static_cast<void>(recorded(at(nearby)));
     std::filesystem::resize_file(record_, 0);
     desktop_.pointer().moveTo(place);
     return recorded(at(place));
 }
 
-std::string FileDrag::answerOnWayland() const {
-    const bool isAccepted = eventually([&] {
-        const std::string record = readFile(record_);
-        const auto last = record.rfind("answer ");
-        return last != std::string::npos && record.substr(last).starts_with("answer accepted\n");
-    });
-    return isAccepted ? std::string{"accepted "} + copy : "refused";
+bool FileDrag::moveAway(PixelPoint place) {
+    if (!desktop_.isWayland())
+        return moveTo(place) == "no-target";
+    desktop_.pointer().moveTo(place);
+    return true;
 }
 
 std::string FileDrag::drop() {

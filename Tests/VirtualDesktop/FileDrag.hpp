@@ -27,9 +27,13 @@ public:
 
     /// The drag source's report of the target's answer, such as "accepted XdndActionCopy",
     /// "refused" or "no-target" (no window under the pointer takes drops); empty if there is none.
-    /// Under Wayland, a source hears of the answer only when it changes: this waits until the drag
-    /// is accepted, here or before.
+    /// Under Wayland, it is the first answer that comes after the movement has begun, and a source
+    /// does not hear that there is no target; see `moveAway`.
     [[nodiscard]] std::string moveTo(PixelPoint place);
+
+    /// Moves to a place without a target; returns whether the source hears that there is none.
+    /// Under Wayland, where only the outcome of dropping shows it, the result is true.
+    [[nodiscard]] bool moveAway(PixelPoint place);
 
     /// The outcome of dropping: "done XdndActionCopy", "not done", "not dropped"; empty if there is
     /// none.
@@ -41,7 +45,6 @@ private:
     /// Starts the source and returns a place on it.
     [[nodiscard]] PixelPoint showWindow(const Content& content, const std::string& file);
     [[nodiscard]] PixelPoint showPanel(const Content& content, const std::string& file);
-    [[nodiscard]] std::string answerOnWayland() const;
     /// Waits until the source has recorded that.
     void require(std::string_view line) const;
 

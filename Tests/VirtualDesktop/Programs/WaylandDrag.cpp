@@ -28,8 +28,9 @@ struct WaylandDrag::Events {
     static constexpr wl_data_source_listener source{
         .target =
             [](void* data, wl_data_source*, const char* form) {
-                self(data).hasForm_ = form != nullptr;
-                self(data).answered();
+                // Qt refuses with an empty form.
+                self(data).hasForm_ = form != nullptr && *form != 0;
+                self(data).targetAnswered();
             },
         .send = [](void* data, wl_data_source*, const char*,
                    std::int32_t file) { self(data).send(file); },
@@ -39,7 +40,7 @@ struct WaylandDrag::Events {
         .action =
             [](void* data, wl_data_source*, std::uint32_t action) {
                 self(data).action_ = action;
-                self(data).answered();
+                self(data).recordAcceptance();
             }};
     static constexpr wl_callback_listener handled{
         .done = [](void* data, wl_callback* callback, std::uint32_t) {
@@ -91,9 +92,17 @@ void WaylandDrag::end(const char* outcome) {
     record(std::string{"end "} + outcome);
 }
 
-void WaylandDrag::answered() {
-    const bool isAccepted = hasForm_ && action_ != WL_DATA_DEVICE_MANAGER_DND_ACTION_NONE;
-    record(isAccepted ? "answer accepted" : "answer refused");
+void WaylandDrag::targetAnswered() const {
+    if (hasForm_)
+        recordAcceptance();
+    else
+        record("answer refused");
+}
+
+/// The action and the form may be chosen in any order.
+void WaylandDrag::recordAcceptance() const {
+    if (hasForm_ && action_ != WL_DATA_DEVICE_MANAGER_DND_ACTION_NONE)
+        record("answer accepted");
 }
 
 void WaylandDrag::send(int file) const {

@@ -3,7 +3,7 @@
 ///
 ///     shown
 ///     began
-///     answer accepted|refused     what the target says, whenever that changes
+///     answer accepted|refused     what the target says, perhaps repeatedly; nothing outside of one
 ///     end done|not dropped
 #pragma once
 
@@ -42,7 +42,8 @@ private:
     void recordHandled(const char* line);
     void begin(std::uint32_t serial);
     void end(const char* outcome);
-    void answered();
+    void targetAnswered() const;
+    void recordAcceptance() const;
     void send(int file) const;
     void record(const std::string& line) const;
 
