@@ -8,23 +8,12 @@
 
 #include <array>
 #include <cstring>
-#include <fstream>
 #include <stdexcept>
 
 namespace vireline::desktop {
 namespace {
 
 using Clock = std::chrono::steady_clock;
-
-/// The time that the process's main thread has spent waiting for a processor.
-std::chrono::nanoseconds queueingOf(pid_t process) {
-    const std::string number = std::to_string(process);
-    std::ifstream statistics{"/proc/" + number + "/task/" + number + "/schedstat"};
-    long long running = 0;
-    long long waiting = 0;
-    statistics >> running >> waiting;
-    return std::chrono::nanoseconds{waiting};
-}
 
 /// The process at the other end of the client's socket.
 pid_t serverOf(const XClient& client) {
@@ -58,26 +47,18 @@ AnswerTimes::Milliseconds AnswerTimes::ask() {
     std::array<char, sizeof ping> bytes{};
     std::memcpy(bytes.data(), &ping, sizeof ping);
 
-    const auto queued = queueing();
-    const auto start = Clock::now();
+    const UndisturbedTime time{{processes_.begin(), processes_.end()}};
+    const auto deadline = Clock::now() + conditionTimeout;
     xcb_send_event(client_.get(), 0, window_, XCB_EVENT_MASK_NO_EVENT, bytes.data());
     xcb_flush(client_.get());
     while (!isAnswered()) {
-        if (Clock::now() > start + conditionTimeout)
+        if (Clock::now() > deadline)
             throw std::runtime_error{"the program does not answer"};
         pollfd readable{xcb_get_file_descriptor(client_.get()), POLLIN, 0};
         constexpr int limit = 1000;
         poll(&readable, 1, limit);
     }
-    const Milliseconds elapsed = Clock::now() - start;
-    return elapsed - Milliseconds{queueing() - queued};
-}
-
-std::chrono::nanoseconds AnswerTimes::queueing() const {
-    std::chrono::nanoseconds sum{0};
-    for (const pid_t process : processes_)
-        sum += queueingOf(process);
-    return sum;
+    return time.elapsed();
 }
 
 bool AnswerTimes::isAnswered() {

@@ -2,6 +2,7 @@
 /// to detect hung programs.
 #pragma once
 
+#include "VirtualDesktop/ProcessFigures.hpp"
 #include "VirtualDesktop/XClient.hpp"
 
 #include <sys/types.h>
@@ -13,7 +14,7 @@ namespace vireline::desktop {
 
 class AnswerTimes {
 public:
-    using Milliseconds = std::chrono::duration<double, std::milli>;
+    using Milliseconds = UndisturbedTime::Milliseconds;
 
     /// `window` must be one of the program's that supports _NET_WM_PING.
     AnswerTimes(const std::string& display, xcb_window_t window, pid_t program);
@@ -24,7 +25,6 @@ public:
 
 private:
     [[nodiscard]] bool isAnswered();
-    [[nodiscard]] std::chrono::nanoseconds queueing() const;
 
     XClient client_;
     xcb_window_t window_;

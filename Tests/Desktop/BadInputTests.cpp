@@ -108,9 +108,9 @@ TEST_P(AbsurdNumbers, StillGiveADockThatLaunches) {
     auto& desktop = prepare();
     desktop.home().writePreferences(GetParam().content);
     desktop.runVireline();
-    ASSERT_TRUE(eventually([&] { return desktop.docks().shown().size() == 1; }));
-    const auto dock = desktop.docks().shown().front().frame;
-    desktop.pointer().moveTo(dock.center());
+    std::vector<DockWindow> docks;
+    ASSERT_TRUE(eventually([&] { return (docks = desktop.docks().shown()).size() == 1; }));
+    desktop.pointer().moveTo(docks.front().frame.center());
     desktop.home().pin(std::vector{apps[0]});
     EXPECT_TRUE(logs("mirror: 1 pinned apps from Apple's Dock"));
     EXPECT_TRUE(desktop.vireline().isRunning());

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdlib>
 #include <sstream>
 #include <stdexcept>
@@ -139,24 +138,15 @@ testing::AssertionResult DesktopTest::dotShows(PixelPoint dot, bool shows) {
 
 PixelRect DesktopTest::openMenu(PixelPoint icon) {
     desktop().pointer().click(icon, Pointer::Button::secondary);
-    if (!eventually([&] { return !desktop().docks().menus().empty(); }))
-        return {};
-    return desktop().docks().menus().front();
+    std::vector<PixelRect> menus;
+    const auto isOpen = [&] { return !(menus = desktop().docks().menus()).empty(); };
+    return eventually(isOpen) ? menus.front() : PixelRect{};
 }
 
 PixelRect DesktopTest::openMenuBesideTiles(const DockLayout& dock, int pinned) {
     // At the separator, where there is a strip even while it still grows or shrinks.
     const PixelPoint last = dock.icon(pinned - 1);
-    const PixelPoint place{(last.x + dock.icon(pinned).x) / 2, last.y};
-    // A click is lost in the frame of the dock's window while the window manager resizes both, so
-    // this clicks again, as a user would.
-    constexpr std::chrono::milliseconds clickTimeout{700};
-    const auto menus = [&] { return desktop().docks().menus(); };
-    static_cast<void>(eventually([&] {
-        desktop().pointer().click(place, Pointer::Button::secondary);
-        return eventually([&] { return !menus().empty(); }, clickTimeout);
-    }));
-    return menus().empty() ? PixelRect{} : menus().front();
+    return openMenu({(last.x + dock.icon(pinned).x) / 2, last.y});
 }
 
 void DesktopTest::choose(const PixelRect& menu, int index, int count) {

@@ -118,7 +118,8 @@ protected:
 TEST_F(DockSurface, StaysAboveOtherWindows) {
     const auto dock = runWithOneDock();
     putBehind(red, "f01010");
-    EXPECT_TRUE(desktop().docks().isAbove(dock, desktop().windowsOf(red).at(0)));
+    const auto behind = desktop().windowsOf(red).at(0);
+    EXPECT_TRUE(eventually([&] { return desktop().docks().isAbove(dock, behind); }));
     EXPECT_TRUE(turns(layout("right", twoTiles).icon(0), apps[0].colour));
 }
 

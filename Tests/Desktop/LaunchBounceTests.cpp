@@ -1,5 +1,6 @@
 /// Tiles bounce while their apps are starting.
 #include "DesktopTest.hpp"
+#include "Support/TemporaryFolder.hpp"
 
 namespace vireline::desktop {
 namespace {
@@ -44,29 +45,40 @@ protected:
         return eventually([&] { return !eventually([&] { return isUp(); }, 1s); }, 40s);
     }
 
+    /// An app that starts without showing its window, until it may.
+    [[nodiscard]] App slowStarter() const {
+        App slow = someApps(1)[0];
+        slow.arguments = {"--wait-for", permission().string()};
+        return slow;
+    }
+    void letItShowItsWindow() const { writeFile(permission(), ""); }
+    [[nodiscard]] std::filesystem::path permission() const { return folder_.path() / "permission"; }
+
     void click() { desktop().pointer().click(layout("right", tiles(1)).icon(0)); }
 
     const Colour colour = someApps(1)[0].colour;
+
+private:
+    test::TemporaryFolder folder_;
 };
 
 TEST_F(LaunchBounce, LastsUntilASlowStarterShowsItsWindow) {
-    App slow = someApps(1)[0];
-    slow.arguments = {"--delay", "3000"};
+    const App slow = slowStarter();
     run(slow);
     EXPECT_FALSE(isUp());
     click();
     EXPECT_TRUE(bounces());
-    EXPECT_TRUE(desktop().windowsOf(slow).empty()) << "it has started already";
+    letItShowItsWindow();
     ASSERT_TRUE(eventually([&] { return desktop().isActive(slow); }));
     EXPECT_TRUE(rests());
     EXPECT_TRUE(turns(layout("right", tiles(1)).icon(0), colour));
 }
 
 TEST_F(LaunchBounce, StartsNoSecondCopyForAnotherClick) {
-    App slow = someApps(1)[0];
+    App slow = slowStarter();
     auto& desktop = make({.monitors = twoMonitors()});
     const auto record = desktop.home().scratch() / "starts";
-    slow.arguments = {"--delay", "3000", "--record", record.string()};
+    slow.arguments.insert(slow.arguments.end(), {"--record", record.string()});
     desktop.home().install(slow);
     desktop.home().pin(std::vector{slow});
     desktop.runVireline();
@@ -77,29 +89,29 @@ TEST_F(LaunchBounce, StartsNoSecondCopyForAnotherClick) {
     const auto start = std::chrono::steady_clock::now();
     // Later than the second click of any double click, and still without a window.
     ASSERT_TRUE(eventually([&] { return std::chrono::steady_clock::now() - start > 1500ms; }));
-    ASSERT_TRUE(desktop.windowsOf(slow).empty()) << "it has started already";
     click();
     ASSERT_TRUE(logs("click launch " + slow.id, 2));
 
+    letItShowItsWindow();
     ASSERT_TRUE(eventually([&] { return desktop.isActive(slow); }));
     EXPECT_EQ(readFile(record), "started\n");
 }
 
 TEST_F(LaunchBounce, ShowsOnEveryDock) {
-    App slow = someApps(1)[0];
-    slow.arguments = {"--delay", "3000"};
-    run(slow, {.monitors = {{"left", {0, 0, 1920, 1080}},
-                            {"right", {1920, 0, 1280, 1024}},
-                            {"above", {0, 1080, 1280, 800}}}});
+    run(slowStarter(), {.monitors = {{"left", {0, 0, 1920, 1080}},
+                                     {"right", {1920, 0, 1280, 1024}},
+                                     {"above", {0, 1080, 1280, 800}}}});
     click();
     EXPECT_TRUE(bounces("right"));
     EXPECT_TRUE(bounces("above"));
 }
 
 TEST_F(LaunchBounce, EndsWhenTheAppFailsBeforeItsWindow) {
-    runCommand(R"(sh -c "sleep 2; exit 1")");
+    runCommand("sh -c \"until [ -e '" + permission().string() +
+               "' ]; do sleep 0.1; done; exit 1\"");
     click();
     EXPECT_TRUE(bounces());
+    letItShowItsWindow();
     const auto start = std::chrono::steady_clock::now();
     EXPECT_TRUE(rests());
     EXPECT_LT(std::chrono::steady_clock::now() - start, 10s) << "only the timeout ended it";

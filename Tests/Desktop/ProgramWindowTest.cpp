@@ -67,6 +67,12 @@ void ProgramWindowTest::openSettings() {
     ASSERT_TRUE(eventually([&] { return desktop().activeWindow() == window(settingsTitle); }));
 }
 
+testing::AssertionResult ProgramWindowTest::takesKeys() {
+    if (eventually([&] { return desktop().controls().focused().has_value(); }))
+        return testing::AssertionSuccess();
+    return testing::AssertionFailure() << "no control has the focus";
+}
+
 void ProgramWindowTest::close(std::string_view title) {
     desktop().closeWindow(window(title));
     ASSERT_TRUE(closes(title));

@@ -33,6 +33,9 @@ protected:
     void startAgain();
     /// As above, and waits until the settings window has the keyboard focus.
     void openSettings();
+    /// Waits until the program knows that a window of its own has the keyboard focus, which is a
+    /// little later than the window manager or compositor does. Until then, keys may be lost.
+    [[nodiscard]] testing::AssertionResult takesKeys();
     /// Closes the window as its close button does.
     void close(std::string_view title);
 

@@ -219,6 +219,9 @@ TEST_F(TileDrag, IsUndoneFromTheMenuBesideTheTiles) {
     run();
     drag(0, 2);
     letGo();
+    // The tiles were in this order already while the button was held.
+    ASSERT_TRUE(logs("manual move " + alpha.id + " to 2"));
+    ASSERT_TRUE(docksSettle(request));
     expectTiles({beta, gamma, alpha});
 
     const auto menu = openMenuBesideTiles(layout(display, request), 3);

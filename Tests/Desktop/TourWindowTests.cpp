@@ -81,6 +81,7 @@ TEST_F(TourWindow, GoesByKeyboard) {
     runForTheFirstTime();
     ASSERT_TRUE(opens(tourTitle));
     ASSERT_TRUE(eventually([&] { return desktop().activeWindow() == window(tourTitle); }));
+    ASSERT_TRUE(takesKeys());
 
     desktop().keyboard().type(Keyboard::enter);
     EXPECT_TRUE(says("It behaves like the real thing"));

@@ -68,13 +68,15 @@ TEST_F(StatusItem, FollowsTheKeysOfItsMenuInTheTray) {
     ASSERT_TRUE(trayHasIcon(true));
 
     desktop().pointer().click(trayIconFrame().center());
-    ASSERT_TRUE(eventually([&] { return !desktop().docks().menus().empty(); }));
+    ASSERT_TRUE(eventually(
+        [&] { return !desktop().docks().menus().empty() && desktop().isKeyboardTaken(); }));
     desktop().keyboard().typeWithControl(',');
     EXPECT_TRUE(opens(settingsTitle));
     EXPECT_TRUE(eventually([&] { return desktop().docks().menus().empty(); }));
 
     desktop().pointer().click(trayIconFrame().center());
-    ASSERT_TRUE(eventually([&] { return !desktop().docks().menus().empty(); }));
+    ASSERT_TRUE(eventually(
+        [&] { return !desktop().docks().menus().empty() && desktop().isKeyboardTaken(); }));
     desktop().keyboard().typeWithControl('q');
     EXPECT_EQ(desktop().vireline().waitForExit(), 0);
     EXPECT_EQ(desktop().log().messages().back(), "quit from menu bar");

@@ -23,14 +23,15 @@ inline QApplication& testApplication() {
     return application;
 }
 
-/// Runs the loop until `condition` holds; returns false after ten seconds.
+/// Runs the loop until `condition` holds; returns false after twenty seconds, which is long enough
+/// for a busy machine.
 inline bool waitUntil(const std::function<bool()>& condition) {
     testApplication();
     bool isLate = false;
     QTimer limit;
     limit.setSingleShot(true);
     QObject::connect(&limit, &QTimer::timeout, [&] { isLate = true; });
-    limit.start(std::chrono::seconds{10});
+    limit.start(std::chrono::seconds{20});
     while (!condition()) {
         if (isLate)
             return false;

@@ -89,13 +89,13 @@ void Keyboard::typeWithControlAndShift(xcb_keysym_t symbol) const {
 
 bool Keyboard::isHeld() const {
     auto* const x = client_.get();
-    const Owned<xcb_grab_keyboard_reply_t> grab{
-        xcb_grab_keyboard_reply(x,
-                                xcb_grab_keyboard(x, 0, client_.root(), XCB_CURRENT_TIME,
-                                                  XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC),
-                                nullptr)};
+    // Otherwise, a program that grabs the keyboard in between would be refused.
+    xcb_grab_server(x);
+    const auto asked = xcb_grab_keyboard(x, 0, client_.root(), XCB_CURRENT_TIME,
+                                         XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
     xcb_ungrab_keyboard(x, XCB_CURRENT_TIME);
-    client_.sync();
+    xcb_ungrab_server(x);
+    const Owned<xcb_grab_keyboard_reply_t> grab{xcb_grab_keyboard_reply(x, asked, nullptr)};
     return grab && grab->status == XCB_GRAB_STATUS_ALREADY_GRABBED;
 }
 

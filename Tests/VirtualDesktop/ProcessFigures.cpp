@@ -53,6 +53,15 @@ std::optional<long> memoryOf(pid_t pid, std::string_view key) {
     return std::nullopt;
 }
 
+/// The time that the process's main thread has spent waiting for a processor.
+std::chrono::nanoseconds queueingOf(pid_t pid) {
+    std::ifstream statistics{folderOf(pid) / "task" / std::to_string(pid) / "schedstat"};
+    long long running = 0;
+    long long waiting = 0;
+    statistics >> running >> waiting;
+    return std::chrono::nanoseconds{waiting};
+}
+
 /// The leader of the process's session; 0 for a process that has exited.
 pid_t leaderOf(pid_t pid) {
     std::ifstream file{folderOf(pid) / "stat"};
@@ -106,6 +115,23 @@ long kilobytes(std::span<const pid_t> pids, std::string_view key) {
     long sum = 0;
     for (const pid_t pid : pids)
         sum += memoryOf(pid, key).value_or(0);
+    return sum;
+}
+
+UndisturbedTime::UndisturbedTime(std::vector<pid_t> participants)
+    : participants_(std::move(participants))
+    , queued_(queueing())
+    , start_(std::chrono::steady_clock::now()) {}
+
+UndisturbedTime::Milliseconds UndisturbedTime::elapsed() const {
+    const Milliseconds elapsed = std::chrono::steady_clock::now() - start_;
+    return elapsed - Milliseconds{queueing() - queued_};
+}
+
+std::chrono::nanoseconds UndisturbedTime::queueing() const {
+    std::chrono::nanoseconds sum{0};
+    for (const pid_t pid : participants_)
+        sum += queueingOf(pid);
     return sum;
 }
 

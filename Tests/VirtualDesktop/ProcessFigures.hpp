@@ -30,6 +30,25 @@ using ProcessorTime = std::chrono::duration<double, std::milli>;
 /// The sum over all of them; processes that have exited count as nothing.
 [[nodiscard]] long kilobytes(std::span<const pid_t> pids, std::string_view key);
 
+/// Measures how long something takes. Time that the main threads of the participating processes
+/// spent waiting for a busy processor is subtracted.
+class UndisturbedTime {
+public:
+    using Milliseconds = std::chrono::duration<double, std::milli>;
+
+    explicit UndisturbedTime(std::vector<pid_t> participants);
+
+    /// Since the object was made.
+    [[nodiscard]] Milliseconds elapsed() const;
+
+private:
+    [[nodiscard]] std::chrono::nanoseconds queueing() const;
+
+    std::vector<pid_t> participants_;
+    std::chrono::nanoseconds queued_;
+    std::chrono::steady_clock::time_point start_;
+};
+
 /// Counts the context switches of all threads from now on; sleeping threads make none.
 class ContextSwitches {
 public:

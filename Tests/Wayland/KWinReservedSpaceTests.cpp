@@ -4,6 +4,7 @@
 #include "Files/FileDescriptor.hpp"
 #include "FirstOutput.hpp"
 #include "KWinTest.hpp"
+#include "VirtualDesktop/Waiting.hpp"
 
 #include <sys/mman.h>
 #include <unistd.h>
@@ -25,21 +26,26 @@ public:
                                                       ZWLR_LAYER_SHELL_V1_LAYER_TOP, "dock")) {
         static constexpr zwlr_layer_surface_v1_listener listener{.configure = acknowledge,
                                                                  .closed = ignore};
-        zwlr_layer_surface_v1_add_listener(role_.get(), &listener, nullptr);
+        zwlr_layer_surface_v1_add_listener(role_.get(), &listener, this);
         zwlr_layer_surface_v1_set_anchor(role_.get(), edge);
         zwlr_layer_surface_v1_set_size(role_.get(), side, side);
         zwlr_layer_surface_v1_set_exclusive_zone(role_.get(), thickness);
         wl_surface_commit(surface_.get());
-        wl_display_roundtrip(display_.get());
+        // KWin may configure it some time after the commit, and content before that is an error.
+        EXPECT_TRUE(desktop::eventually([this] {
+            wl_display_roundtrip(display_.get());
+            return isConfigured_;
+        }));
         draw();
     }
 
 private:
     static constexpr int side = 16;
 
-    static void acknowledge(void* /*data*/, zwlr_layer_surface_v1* role, std::uint32_t serial,
+    static void acknowledge(void* data, zwlr_layer_surface_v1* role, std::uint32_t serial,
                             std::uint32_t /*width*/, std::uint32_t /*height*/) {
         zwlr_layer_surface_v1_ack_configure(role, serial);
+        static_cast<Panel*>(data)->isConfigured_ = true;
     }
     static void ignore(void* /*data*/, zwlr_layer_surface_v1* /*role*/) {}
 
@@ -65,6 +71,7 @@ private:
     Proxy<wl_buffer> pixels_;
     Proxy<wl_surface> surface_;
     Proxy<zwlr_layer_surface_v1> role_;
+    bool isConfigured_ = false;
 };
 
 class KWinReservedSpace : public KWinTest {

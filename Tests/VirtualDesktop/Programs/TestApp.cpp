@@ -11,6 +11,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <functional>
 #include <iostream>
@@ -33,6 +34,8 @@ struct Options {
     std::string windowInstance;
     std::string title = "Test app";
     int delay = 0;
+    /// Its windows open once this file exists.
+    std::string awaited;
     int windows = 1;
     PixelRect frame{0, 0, 320, 200};
     bool isPlaced = false;
@@ -78,6 +81,7 @@ Options parse(const std::vector<std::string>& arguments) {
         {"--instance", [&](const auto& value) { options.windowInstance = value; }},
         {"--title", [&](const auto& value) { options.title = value; }},
         {"--delay", [&](const auto& value) { options.delay = number(value); }},
+        {"--wait-for", [&](const auto& value) { options.awaited = value; }},
         {"--windows", [&](const auto& value) { options.windows = number(value); }},
         {"--size",
          [&](const auto& value) {
@@ -368,6 +372,9 @@ int run(const std::vector<std::string>& arguments) {
         app.record("open " + operand);
     app.record("started");
     std::this_thread::sleep_for(std::chrono::milliseconds{options.delay});
+    constexpr std::chrono::milliseconds interval{10};
+    while (!options.awaited.empty() && !std::filesystem::exists(options.awaited))
+        std::this_thread::sleep_for(interval);
     app.openWindows();
     app.run();
     return EXIT_SUCCESS;

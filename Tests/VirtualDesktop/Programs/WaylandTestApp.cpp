@@ -3,24 +3,28 @@
 ///     WaylandTestApp [--class ID] [--windows N] [--title TEXT] [--size WxH] [--title-bytes N]
 ///                    [--colour RRGGBB] [--delay MS] [--crash] [--ignore-close] [--activate]
 ///                    [--record FILE] [--token FILE] [--sizes FILE] [--retitle TEXT]
-///                    [--titles FILE] [FILE...]
+///                    [--titles FILE] [--wait-for FILE] [FILE...]
 ///
 /// Ends when its last window is closed. With --record, writes what happens to it; with --token, the
 /// activation token that it was given; with --sizes, the size of each window, such as "320x200",
 /// whenever it is drawn; with --retitle, changes the titles once the windows have been shown for a
 /// tenth of a second; with --titles, the windows have the lines of that file as titles, also once
-/// it is written again; with --activate, asks for the focus with its token.
+/// it is written again; with --wait-for, opens its windows once that file exists; with --activate,
+/// asks for the focus with its token.
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileSystemWatcher>
 #include <QTimer>
 #include <QWidget>
 #include <QWindow>
+#include <chrono>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <map>
 #include <memory>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -142,6 +146,9 @@ int main(int count, char** arguments) {
         QObject::connect(&watcher, &QFileSystemWatcher::fileChanged, readTitles);
     }
     const int delay = options.number("--delay", 0);
+    constexpr std::chrono::milliseconds interval{10};
+    while (options.has("--wait-for") && !std::filesystem::exists(options.text("--wait-for")))
+        std::this_thread::sleep_for(interval);
     if (options.has("--retitle"))
         QTimer::singleShot(delay + 100, retitle);
     QTimer::singleShot(delay, [&] {
