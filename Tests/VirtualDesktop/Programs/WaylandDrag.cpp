@@ -42,11 +42,16 @@ struct WaylandDrag::Events {
                 self(data).action_ = action;
                 self(data).recordAcceptance();
             }};
-    static constexpr wl_callback_listener handled{
-        .done = [](void* data, wl_callback* callback, std::uint32_t) {
-            wl_callback_destroy(callback);
-            self(data).record(self(data).lineWhenHandled_);
-        }};
+    static void shown(void* data, wl_callback* callback, std::uint32_t /*time*/) {
+        wl_callback_destroy(callback);
+        self(data).record("shown");
+    }
+    static void began(void* data, wl_callback* callback, std::uint32_t /*time*/) {
+        wl_callback_destroy(callback);
+        self(data).record("began");
+    }
+    static constexpr wl_callback_listener isShown{.done = shown};
+    static constexpr wl_callback_listener hasBegun{.done = began};
 };
 
 WaylandDrag::WaylandDrag(wl_display& display, Options options)
@@ -75,16 +80,17 @@ void WaylandDrag::begin(std::uint32_t serial) {
     wl_data_source_offer(source_, options_.form.c_str());
     wl_data_source_set_actions(source_, WL_DATA_DEVICE_MANAGER_DND_ACTION_COPY);
     wl_data_device_start_drag(device_, source_, surface_, nullptr, serial);
-    recordHandled("began");
+    onceHandled(Events::hasBegun);
 }
 
 void WaylandDrag::shown() {
-    recordHandled("shown");
+    // Compositors may configure a surface again at any time.
+    if (!std::exchange(isShown_, true))
+        onceHandled(Events::isShown);
 }
 
-void WaylandDrag::recordHandled(const char* line) {
-    lineWhenHandled_ = line;
-    wl_callback_add_listener(wl_display_sync(&display_), &Events::handled, this);
+void WaylandDrag::onceHandled(const wl_callback_listener& listener) {
+    wl_callback_add_listener(wl_display_sync(&display_), &listener, this);
 }
 
 void WaylandDrag::end(const char* outcome) {

@@ -38,8 +38,8 @@ public:
 private:
     struct Events;
 
-    /// Records it once the compositor has handled all requests so far.
-    void recordHandled(const char* line);
+    /// Calls the listener once the compositor has handled all requests so far.
+    void onceHandled(const wl_callback_listener& listener);
     void begin(std::uint32_t serial);
     void end(const char* outcome);
     void targetAnswered() const;
@@ -54,7 +54,7 @@ private:
     wl_data_device* device_ = nullptr;
     wl_surface* surface_ = nullptr;
     wl_data_source* source_ = nullptr;
-    const char* lineWhenHandled_ = "";
+    bool isShown_ = false;
     /// What the target says.
     bool hasForm_ = false;
     std::uint32_t action_ = WL_DATA_DEVICE_MANAGER_DND_ACTION_NONE;
