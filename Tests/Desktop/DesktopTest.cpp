@@ -143,10 +143,10 @@ PixelRect DesktopTest::openMenu(PixelPoint icon) {
     return eventually(isOpen) ? menus.front() : PixelRect{};
 }
 
-PixelRect DesktopTest::openMenuBesideTiles(const DockLayout& dock, int pinned) {
+PixelPoint DesktopTest::besideTiles(const DockLayout& dock, int pinned) {
     // At the separator, where there is a strip even while it still grows or shrinks.
     const PixelPoint last = dock.icon(pinned - 1);
-    return openMenu({(last.x + dock.icon(pinned).x) / 2, last.y});
+    return {(last.x + dock.icon(pinned).x) / 2, last.y};
 }
 
 void DesktopTest::choose(const PixelRect& menu, int index, int count) {

@@ -67,8 +67,8 @@ protected:
 
     /// Opens the menu of the tile at `icon` and returns its frame; empty if none opens.
     [[nodiscard]] PixelRect openMenu(PixelPoint icon);
-    /// Opens the menu of the strip of a dock with so many pinned apps; empty if none opens.
-    [[nodiscard]] PixelRect openMenuBesideTiles(const DockLayout& dock, int pinned);
+    /// A place on the strip of a dock with so many pinned apps where its own menu opens.
+    [[nodiscard]] static PixelPoint besideTiles(const DockLayout& dock, int pinned);
     /// Clicks one of the menu's `count` entries.
     void choose(const PixelRect& menu, int index, int count);
 

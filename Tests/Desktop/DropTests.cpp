@@ -72,7 +72,7 @@ TEST_F(Drop, OfAnAppIsUndoneFromTheMenuBesideTheTiles) {
     ASSERT_EQ(drop({urlList({thirdApp()})}, 1), taken);
     ASSERT_TRUE(docksSettle(tiles(3)));
     ASSERT_TRUE(turns(layout("right", tiles(3)).icon(2), apps[2].colour));
-    const auto menu = openMenuBesideTiles(layout("right", tiles(3)), 3);
+    const auto menu = openMenu(besideTiles(layout("right", tiles(3)), 3));
     ASSERT_NE(menu, PixelRect{});
     choose(menu, 0, 3);
     EXPECT_TRUE(logs("manual undo " + apps[2].id));

@@ -217,7 +217,7 @@ TEST_F(TileMenu, UndoesARemovalFromTheMenuBesideTheTiles) {
     const auto apps = someApps(2);
     runAndRemoveFirstOf(apps);
     ASSERT_TRUE(docksSettle(tiles(1)));
-    const auto beside = openMenuBesideTiles(layout("right", tiles(1)), 1);
+    const auto beside = openMenu(besideTiles(layout("right", tiles(1)), 1));
     ASSERT_NE(beside, PixelRect{});
     choose(beside, 0, 3);
     EXPECT_TRUE(logs("manual undo " + apps[0].id));
