@@ -1,6 +1,8 @@
 /// Docks follow displays that are attached, removed or changed.
 #include "DesktopTest.hpp"
 
+#include <chrono>
+
 namespace vireline::desktop {
 namespace {
 
@@ -102,10 +104,16 @@ TEST_F(DisplayChange, ReconcilesOnceAfterABurst) {
     const int reconciles = desktop().log().count("reconcile ");
     const int notices = desktop().log().count("screen-params #");
     constexpr int changes = 50;
+    // Half of the time that the program waits for further changes. A machine that is so busy makes
+    // more than one burst of them.
+    constexpr std::chrono::milliseconds longPause{250};
+    int pauses = 0;
     auto monitors = threeMonitors();
     for (int i = 1; i <= changes; ++i) {
+        const auto start = std::chrono::steady_clock::now();
         monitors[2].frame.y = 600 + i;
         desktop().setMonitors(monitors);
+        pauses += std::chrono::steady_clock::now() - start > longPause ? 1 : 0;
     }
     // On Wayland, a dock moves along with its display before anything is planned.
     ASSERT_TRUE(logs("reconcile ", reconciles + 1));
@@ -116,7 +124,8 @@ TEST_F(DisplayChange, ReconcilesOnceAfterABurst) {
     desktop().setMonitors(monitors);
     ASSERT_TRUE(logs("reconcile ", reconciles + 2));
     ASSERT_TRUE(docksSettle(threeTiles));
-    EXPECT_EQ(countSince(reconciles, "reconcile "), 2);
+    EXPECT_GE(countSince(reconciles, "reconcile "), 2);
+    EXPECT_LE(countSince(reconciles, "reconcile "), 2 + pauses);
 }
 
 TEST_F(DisplayChange, ComesBackWithOneReconciliationWhenThereWasNoDisplayAtAll) {
