@@ -217,9 +217,9 @@ TEST_F(SwayWindowListTest, TakesAWindowThatDoesNotSayWhatItIsForItsProgram) {
 
 TEST_F(SwayWindowListTest, ListsAWindowWithATitleOfAMegabyte) {
     desk().run({"--class", "org.example.long", "--title-bytes", "1048576"});
-    run("org.example.one");
-
     EXPECT_TRUE(test::waitUntil([&] { return count("org.example.long") == 1; }));
+
+    run("org.example.one");
 }
 
 TEST_F(SwayWindowListTest, KnowsTitlesAlsoAfterTheyChange) {

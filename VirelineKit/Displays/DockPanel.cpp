@@ -12,6 +12,10 @@ namespace {
 
 constexpr double collapseDelay = 0.6;
 constexpr double pressCheckInterval = 0.25;
+/// Between two frames in which only opacities change: half as many steps look the same, and labels
+/// fade for as long as the pointer moves along a dock. Less than two frames of usual displays, so
+/// that the second of these can show it.
+constexpr double fadeInterval = 0.03;
 
 /// Where the hosted view's bottom-left corner lies in a window of this size, y upwards. The view
 /// always has the size of the planned frame, so that nothing in it moves when the window grows to
@@ -219,6 +223,7 @@ void DockPanel::sceneInvalidated() {
 }
 
 void DockPanel::showFrame() {
+    fadeTimer_.reset();
     const double now = runLoop_.now();
     if (std::exchange(sceneIsStale_, false)) {
         animator_.setTarget(hosting_.makeScene(), now, motionSettings_.reducesMotion());
@@ -227,7 +232,12 @@ void DockPanel::showFrame() {
             placeWindow(false);
     }
     window_->present(animator_.frame(now));
-    if (animator_.isMoving(now))
+    if (!animator_.isMoving(now))
+        return;
+    if (animator_.onlyFades(now))
+        fadeTimer_ =
+            runLoop_.after(fadeInterval, lifetime_.guard([this] { window_->requestFrame(); }));
+    else
         window_->requestFrame();
 }
 

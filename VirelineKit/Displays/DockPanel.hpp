@@ -76,6 +76,8 @@ private:
     const MotionSettings& motionSettings_;
     Timer collapseTimer_;
     Timer pressWatch_;
+    /// Until the next frame of an animation in which nothing moves.
+    Timer fadeTimer_;
     bool isRetired_ = false;
     /// What holds an auto-hiding panel open.
     bool isPointerOver_ = false;

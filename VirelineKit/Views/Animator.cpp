@@ -1,6 +1,7 @@
 #include "Views/Animator.hpp"
 
 #include <algorithm>
+#include <span>
 #include <utility>
 
 namespace vireline {
@@ -193,6 +194,14 @@ const Scene& Animator::frame(double now) {
 
 bool Animator::isMoving(double now) const noexcept {
     return std::ranges::any_of(actors_, [=](const Actor& actor) { return isMoving(actor, now); });
+}
+
+bool Animator::onlyFades(double now) const noexcept {
+    return std::ranges::none_of(actors_, [=](const Actor& actor) {
+        // Opacity is the last property.
+        return std::ranges::any_of(std::span{actor.tracks}.first<opacityIndex>(),
+                                   [=](const Track& track) { return track.isMoving(now); });
+    });
 }
 
 }

@@ -24,6 +24,9 @@ public:
     /// Whether a later frame would differ.
     [[nodiscard]] bool isMoving(double now) const noexcept;
 
+    /// Whether later frames would differ in opacity at most.
+    [[nodiscard]] bool onlyFades(double now) const noexcept;
+
 private:
     /// x, y, width and height of the frame; x and y of slide, bounce and presence offset; scale;
     /// opacity.

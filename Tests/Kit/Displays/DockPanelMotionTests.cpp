@@ -48,6 +48,46 @@ TEST_F(DockPanelTest, FramesGoOnUntilTheLastAnimationHasEnded) {
     EXPECT_FALSE(window().isFrameRequested());
 }
 
+TEST_F(DockPanelTest, ALabelThatFadesGetsEveryOtherFrameOfAUsualDisplay) {
+    dock.setTiles(2, 0);
+    show(bottomSpec, false);
+    const Point icon = firstIconCenter();
+    const double begin = dock.platform.runLoop.now();
+
+    window().listener().pointerEvent({PointerEvent::Kind::moved, icon});
+    const auto opacity = [&] {
+        window().nextFrame();
+        return window().scene->nodes.back().opacity;
+    };
+
+    EXPECT_EQ(opacity(), 0);
+    std::vector<double> shown;
+    for (int i = 0; i < 12; ++i) {
+        EXPECT_FALSE(window().isFrameRequested());
+        advance(1.0 / 60);
+        if (window().isFrameRequested())
+            shown.push_back(opacity());
+    }
+    EXPECT_EQ(shown.size(), 4U);
+    EXPECT_TRUE(std::ranges::is_sorted(shown));
+    EXPECT_EQ(shown.back(), 1);
+    EXPECT_NEAR(dock.platform.runLoop.now() - begin, 0.2, 0.001);
+}
+
+TEST_F(DockPanelTest, AChangeDuringAFadeIsShownWithTheNextFrame) {
+    dock.setTiles(2, 0);
+    show(bottomSpec, false);
+    window().listener().pointerEvent({PointerEvent::Kind::moved, firstIconCenter()});
+    window().nextFrame();
+    ASSERT_FALSE(window().isFrameRequested());
+
+    dock.setTiles(3, 0);
+    EXPECT_TRUE(window().isFrameRequested());
+    window().nextFrame();
+
+    EXPECT_TRUE(window().isFrameRequested()) << "tiles move while the label fades";
+}
+
 TEST_F(DockPanelTest, ADesktopThatAsksForLessMotionGetsNone) {
     dock.platform.motionSettings.reduces = true;
     dock.setTiles(2, 0);

@@ -42,6 +42,26 @@ TEST(Animator, AChangeWithACurveIsUnderWayUntilItsDurationIsOver) {
     EXPECT_FALSE(animator.isMoving(11));
 }
 
+TEST(Animator, TellsAFadeFromAMovement) {
+    Animator animator;
+    SceneNode fading = dotAt(0);
+    fading.motion.opacity = fade;
+    SceneNode moving = movingDotAt(0);
+    moving.id.owner = 1;
+    animator.setTarget(sceneOf({fading, moving}), 0);
+    EXPECT_TRUE(animator.onlyFades(0));
+
+    fading.opacity = 0.5;
+    animator.setTarget(sceneOf({fading, moving}), 1);
+    EXPECT_TRUE(animator.isMoving(1));
+    EXPECT_TRUE(animator.onlyFades(1));
+
+    moving.frame.x = 100;
+    animator.setTarget(sceneOf({fading, moving}), 2);
+    EXPECT_FALSE(animator.onlyFades(2.5));
+    EXPECT_TRUE(animator.onlyFades(3));
+}
+
 TEST(Animator, AChangeWithoutACurveShowsAtOnce) {
     Animator animator;
     animator.setTarget(sceneOf({dotAt(0)}), 0);

@@ -70,6 +70,15 @@ TEST_F(FrameClockTest, NeverComesFasterThanTheDisplay) {
     EXPECT_GE(timeOf(21).count(), 199);
 }
 
+TEST_F(FrameClockTest, CountsTheNextIntervalFromAFrameThatWasRequestedLate) {
+    clock.setRefreshRate(20);
+    timeOf(1);
+    bool isLater = false;
+    QTimer::singleShot(milliseconds{80}, [&] { isLater = true; });
+    EXPECT_TRUE(test::waitUntil([&] { return isLater; }));
+    EXPECT_GE(timeOf(2).count(), 49);
+}
+
 TEST_F(FrameClockTest, TakesAnImpossibleRateForAnOrdinaryOne) {
     for (const double rate : {0.0, -1.0, 1e9, std::numeric_limits<double>::quiet_NaN()}) {
         clock.setRefreshRate(rate);

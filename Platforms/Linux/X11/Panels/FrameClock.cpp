@@ -28,14 +28,14 @@ void FrameClock::setRefreshRate(double rate) {
     interval_ = intervalOf(isPlausible ? rate : usualRate);
 }
 
-/// Measured from when the last frame was due rather than when it came, so that frames stay in step
-/// with the display despite late timers and Qt's whole milliseconds.
+/// Measured from when the last frame was due rather than when it came, so that consecutive frames
+/// stay in step with the display despite late timers and Qt's whole milliseconds.
 void FrameClock::request() {
     if (timer_.isActive())
         return;
     const auto now = Clock::now();
     const auto due = lastDue_ + interval_;
-    lastDue_ = due + interval_ < now ? now : due;
+    lastDue_ = std::max(due, now);
     const auto wait = std::chrono::ceil<std::chrono::milliseconds>(lastDue_ - now);
     timer_.start(std::max(wait, std::chrono::milliseconds{0}));
 }

@@ -9,9 +9,10 @@ namespace {
 /// Milliseconds between two checks of a pointer that another client has grabbed.
 constexpr int doubtInterval = 250;
 
-/// Milliseconds without samples after a movement that changed nothing, as within a tile of a dock
-/// that does not magnify. Two frames of usual displays: while a dock magnifies, a movement across
-/// it changes nothing either, and one that follows along it must not be seen to start late.
+/// Milliseconds until the next frame is requested for a sample after a movement that changed
+/// nothing, as within a tile of a dock that does not magnify. Two frames of usual displays: while a
+/// dock magnifies, a movement across it changes nothing either, and one that follows along it must
+/// not be seen to start late. Longer than a fade's frame, which takes a sample too.
 constexpr int pauseInterval = 33;
 
 }
@@ -113,7 +114,7 @@ void PanelPointer::menuClosed() {
 }
 
 void PanelPointer::sample() {
-    if (!sampler_ || !sampler_->isSampling() || pause_.isActive())
+    if (!sampler_ || !sampler_->isSampling())
         return;
     const auto pixel = sampler_->sample(tracker_.isPressed());
     if (!pixel)
@@ -121,7 +122,9 @@ void PanelPointer::sample() {
     // Outside the window the pointer is leaving it, unless a button is held.
     if (tracker_.isPressed() || owner_.takesPointer(*pixel))
         tracker_.moved(owner_.viewPosition(*pixel));
-    if (!owner_.isFrameRequested())
+    if (owner_.isFrameRequested())
+        pause_.stop();
+    else
         pause_.start();
 }
 
