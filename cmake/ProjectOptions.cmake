@@ -73,7 +73,7 @@ if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT APPLE)
         -fstack-protector-strong -fstack-clash-protection
         -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
     target_link_options(vireline_options INTERFACE
-        -Wl,-z,relro,-z,now,-z,noexecstack -Wl,--as-needed)
+        -Wl,-z,relro,-z,now,-z,noexecstack,-z,pack-relative-relocs -Wl,--as-needed)
     include(CheckPIESupported)
     check_pie_supported(LANGUAGES CXX)
 endif()

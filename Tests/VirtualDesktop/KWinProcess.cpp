@@ -6,6 +6,7 @@
 
 #include <cstdlib>
 #include <stdexcept>
+#include <string_view>
 
 namespace vireline::desktop {
 namespace {
@@ -23,6 +24,11 @@ std::string busSettings(const std::string& address) {
 <allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/><allow own="*"/>
 </policy></busconfig>)";
 }
+
+/// KWin 6 finds programs' desktop entries only through the applications menu, which otherwise comes
+/// with Plasma.
+constexpr std::string_view applicationsMenu =
+    "<Menu><Name>Applications</Name><DefaultAppDirs/><Include><All/></Include></Menu>";
 
 std::string pathVariable() {
     const char* const path = std::getenv("PATH");
@@ -71,7 +77,7 @@ void require(bool holds, const char* what) {
 }
 
 KWinProcess::KWinProcess(const Options& options) : folder_(options.folder), address_(options.bus) {
-    fs::create_directories(folder_ / "home");
+    writeFile(folder_ / "home/.config/menus/applications.menu", applicationsMenu);
     fs::permissions(folder_, fs::perms::owner_all);
     if (address_.empty())
         startBus();

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace vireline::wayland {
@@ -62,6 +63,18 @@ TEST_F(EdgeProbeTest, IsOnePixelBeyondItsEdge) {
         EXPECT_TRUE(isRequested("zwlr_layer_surface_v1 set_size 1 1"));
         EXPECT_TRUE(isRequested("zwlr_layer_surface_v1 set_margin 0 -1 -1 -1"));
     }
+}
+
+/// What something opaque covers is on no display for some compositors.
+TEST_F(EdgeProbeTest, IsAboveThePanelThatItIsToFind) {
+    open();
+    const auto requests = shell_.requests();
+    const auto role = std::ranges::find_if(requests, [](const auto& each) {
+        return each.starts_with("zwlr_layer_shell_v1 get_layer_surface");
+    });
+    ASSERT_NE(role, requests.end());
+    constexpr std::string_view overlay = " 3";
+    EXPECT_TRUE(role->ends_with(overlay)) << *role;
 }
 
 TEST_F(EdgeProbeTest, TakesNoInput) {

@@ -49,6 +49,9 @@ protected:
     ElementHandle runOne(const std::string& size = "400x300") {
         process_ = run(app, {"--size", size});
         EXPECT_TRUE(eventually([&] { return list_->activeWindow() != xdg::WindowID::none; }));
+        // KWin 6 may open it on either output.
+        onWindow("window.frameGeometry = {x: 100, y: 100, width: window.frameGeometry.width, "
+                 "height: window.frameGeometry.height};");
         return port_->mainWindow(*port_->application(process_, app)).value_or(nullptr);
     }
     [[nodiscard]] KWinDesktop::Window now() const { return actual(window(0).id); }

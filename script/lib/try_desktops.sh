@@ -1,7 +1,7 @@
 # Headless desktops with two displays in a fresh Debian, for script/try-package. To be sourced.
 # shellcheck shell=bash disable=SC2154
 #
-# Both kinds have displays of 1000 × 600 side by side. The docks on them are printed as <width>x<height>+<x>+<y>.
+# All have displays of 1000 × 600 side by side. The docks on them are printed as <width>x<height>+<x>+<y>.
 
 display=:${TRY_DISPLAY:-160}
 desktop_environment=()
@@ -49,7 +49,15 @@ wayland_socket() {
     find "$root/home/$name/.run" -name 'wayland-*' -type s -printf '%f\n' | grep .
 }
 
-start_wayland_desktop() {
+# await_wayland_desktop <name> [<variable=value>...]: waits until a compositor can be used.
+await_wayland_desktop() {
+    until_true wayland_socket
+    desktop_environment=("WAYLAND_DISPLAY=$(wayland_socket)" XDG_SESSION_TYPE=wayland
+        "XDG_CURRENT_DESKTOP=$1" "${@:2}")
+    until_true in_session grim -t ppm /tmp/empty.ppm
+}
+
+start_sway_desktop() {
     install_inside qt6-wayland sway grim
     # Without Xwayland and with windows put away, so that what is seen is layer surfaces.
     printf '%s\n' 'xwayland disable' 'for_window [app_id=".*"] move scratchpad' \
@@ -58,10 +66,35 @@ start_wayland_desktop() {
     as_user env WLR_BACKENDS=headless WLR_RENDERER=pixman WLR_HEADLESS_OUTPUTS=2 WLR_LIBINPUT_NO_DEVICES=1 \
         sway --config /tmp/sway.config > "$root/tmp/sway.log" 2>&1 &
     until_true wayland_socket
-    desktop_environment=("WAYLAND_DISPLAY=$(wayland_socket)" XDG_SESSION_TYPE=wayland
-        XDG_CURRENT_DESKTOP=sway
-        "SWAYSOCK=/home/$name/.run/$(basename "$(ls "$root/home/$name/.run"/sway-ipc.*)")")
-    until_true in_session grim -t ppm /tmp/empty.ppm
+    await_wayland_desktop sway \
+        "SWAYSOCK=/home/$name/.run/$(basename "$(ls "$root/home/$name/.run"/sway-ipc.*)")"
+}
+
+has_labwc() {
+    inside apt-cache show labwc > /dev/null 2>&1
+}
+
+# Its windows are minimised, for the same reason.
+start_labwc_desktop() {
+    install_inside qt6-wayland labwc wlr-randr grim
+    rm -f "$root/home/$name/.run"/wayland-*
+    mkdir -p "$root/tmp/labwc"
+    printf '%s\n' '<labwc_config><windowRules><windowRule identifier="*"><action name="Iconify"/>' \
+        '</windowRule></windowRules></labwc_config>' > "$root/tmp/labwc/rc.xml"
+    as_user env WLR_BACKENDS=headless WLR_RENDERER=pixman WLR_HEADLESS_OUTPUTS=2 WLR_LIBINPUT_NO_DEVICES=1 \
+        labwc --config-dir /tmp/labwc > "$root/tmp/labwc.log" 2>&1 &
+    await_wayland_desktop labwc:wlroots
+    in_session wlr-randr --output HEADLESS-1 --custom-mode 1000x600 --pos 0,0 \
+        --output HEADLESS-2 --custom-mode 1000x600 --pos 1000,0
+    until_true is_still
+}
+
+# Whether the picture of the empty desktop is final: labwc draws a pointer.
+is_still() {
+    in_session grim -t ppm /tmp/empty.ppm
+    sleep 0.5
+    in_session grim -t ppm /tmp/now.ppm
+    cmp "$root/tmp/empty.ppm" "$root/tmp/now.ppm"
 }
 
 # What differs from the empty desktop: the tools of older versions of sway do not list layer surfaces.

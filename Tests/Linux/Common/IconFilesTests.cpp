@@ -71,6 +71,23 @@ TEST_F(ImageFileTest, DrawsSVGSharpAtAnySize) {
     }
 }
 
+TEST_F(ImageFileTest, DrawsNothingOfWhatSVGOnlyRefersTo) {
+    const std::string small = R"(<rect x="8" y="8" width="8" height="8" fill="#ff0000"/>)";
+    for (const std::string& definition :
+         {R"(<clipPath id="a"><rect width="16" height="16"/></clipPath>)",
+          R"(<clipPath id="a"><path d="M0 0h8v8z"/></clipPath><clipPath id="b"/>)",
+          R"(<mask id="a"><g><rect width="16" height="16"/></g></mask>)"}) {
+        const QImage picture = loaded(write("a.svg", svg(definition + small)), 64);
+        ASSERT_FALSE(picture.isNull()) << definition;
+        EXPECT_EQ(picture.pixelColor(6, 6).alpha(), 0) << definition;
+        EXPECT_EQ(picture.pixelColor(48, 48), QColor(Qt::red)) << definition;
+    }
+}
+
+TEST_F(ImageFileTest, GivesNothingForADefinitionThatNeverEnds) {
+    EXPECT_FALSE(ImageFile::load(write("a.svg", svg("<clipPath><rect/>")), 44));
+}
+
 TEST_F(ImageFileTest, KnowsSVGByItsContent) {
     EXPECT_TRUE(ImageFile::load(write("a.png", svg(R"(<rect width="9" height="9"/>)")), 44));
 }

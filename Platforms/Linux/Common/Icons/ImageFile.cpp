@@ -27,10 +27,43 @@ bool looksLikeSvg(const QByteArray& content) {
     return content.left(preamble).contains("<svg");
 }
 
+/// Where the element ends that starts at `start`; the content's size if it does not end.
+qsizetype endOfElement(const QByteArray& content, const QByteArray& name, qsizetype start) {
+    const qsizetype tagEnd = content.indexOf('>', start);
+    if (tagEnd > start && content.at(tagEnd - 1) == '/')
+        return tagEnd + 1;
+    const QByteArray endTag = "</" + name + '>';
+    const qsizetype end = content.indexOf(endTag, start);
+    return end < 0 ? content.size() : end + endTag.size();
+}
+
+QByteArray without(const QByteArray& content, const QByteArray& name) {
+    const QByteArray startTag = '<' + name;
+    QByteArray others;
+    qsizetype end = 0;
+    for (qsizetype start = content.indexOf(startTag); start >= 0;
+         start = content.indexOf(startTag, end)) {
+        others.append(content.constData() + end, start - end);
+        end = endOfElement(content, name, start);
+    }
+    return end == 0 ? content : others.append(content.constData() + end, content.size() - end);
+}
+
+/// Without the elements that only others refer to. Where Qt does not support them, it draws what
+/// they contain: icons of Adwaita would have a black background.
+QByteArray withoutDefinitions(const QByteArray& content) {
+    const QByteArray unclipped = without(content, "clipPath");
+#if QT_VERSION < QT_VERSION_CHECK(6, 7, 0)
+    return without(unclipped, "mask");
+#else
+    return unclipped;
+#endif
+}
+
 std::optional<QImage> renderSvg(const QByteArray& content, int side) {
     if (content.size() > maximumSvgBytes)
         return std::nullopt;
-    QSvgRenderer renderer{content};
+    QSvgRenderer renderer{withoutDefinitions(content)};
     if (!renderer.isValid())
         return std::nullopt;
     renderer.setAspectRatioMode(Qt::KeepAspectRatio);

@@ -7,9 +7,9 @@
 
 #include <QDir>
 #include <QLibraryInfo>
-#include <atomic>
 #include <cstdio>
 #include <cstdlib>
+#include <mutex>
 
 namespace vireline::wayland {
 
@@ -25,13 +25,19 @@ CompositorOffer CompositorOffer::of(wl_display* display) {
 
 namespace {
 
-/// Qt ends the process, with status 1, right after saying that the connection is broken. Several of
-/// its threads may say so at the same time.
+/// Qt ends the process right after saying that the connection is broken, with a status that depends
+/// on its version, so this does it first. Several of its threads may say so at the same time; the
+/// others wait here.
 void report(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-    static std::atomic_flag isReported;
-    if (text.startsWith(QLatin1StringView{"The Wayland connection"}) && !isReported.test_and_set())
-        DevLog::write("the Wayland compositor has ended the connection, quitting");
+    static std::once_flag isOver;
     std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
+    if (!text.startsWith(QLatin1StringView{"The Wayland connection"}))
+        return;
+    std::call_once(isOver, [] {
+        DevLog::write("the Wayland compositor has ended the connection, quitting");
+        std::fflush(nullptr);
+        std::_Exit(EXIT_FAILURE);
+    });
 }
 
 }

@@ -65,9 +65,10 @@ EdgeProbe::EdgeProbe(const WaylandConnection& connection, wl_output* output, Edg
     wl_surface_add_listener(surface_.get(), &Events::surface, this);
     const Proxy<wl_region> nothing{wl_compositor_create_region(compositor_.get())};
     wl_surface_set_input_region(surface_.get(), nothing.get());
-    role_.reset(zwlr_layer_shell_v1_get_layer_surface(shell_.get(), surface_.get(), output,
-                                                      ZWLR_LAYER_SHELL_V1_LAYER_BACKGROUND,
-                                                      "vireline-probe"));
+    // Above the panel itself and above windows: wlroots since 0.17 counts a surface that something
+    // opaque covers as one that has left the display.
+    role_.reset(zwlr_layer_shell_v1_get_layer_surface(
+        shell_.get(), surface_.get(), output, ZWLR_LAYER_SHELL_V1_LAYER_OVERLAY, "vireline-probe"));
     zwlr_layer_surface_v1_add_listener(role_.get(), &Events::role, this);
     zwlr_layer_surface_v1_set_anchor(role_.get(), anchor(edge));
     zwlr_layer_surface_v1_set_size(role_.get(), 1, 1);
