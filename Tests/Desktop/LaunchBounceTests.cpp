@@ -52,7 +52,8 @@ protected:
         return slow;
     }
     void letItShowItsWindow() const { writeFile(permission(), ""); }
-    [[nodiscard]] std::filesystem::path permission() const { return folder_.path() / "permission"; }
+    [[nodiscard]] std::filesystem::path permission() const { return folder() / "permission"; }
+    [[nodiscard]] std::filesystem::path folder() const { return folder_.path(); }
 
     void click() { desktop().pointer().click(layout("right", tiles(1)).icon(0)); }
 
@@ -107,8 +108,8 @@ TEST_F(LaunchBounce, ShowsOnEveryDock) {
 }
 
 TEST_F(LaunchBounce, EndsWhenTheAppFailsBeforeItsWindow) {
-    runCommand("sh -c \"until [ -e '" + permission().string() +
-               "' ]; do sleep 0.1; done; exit 1\"");
+    runCommand("sh -c \"while [ -d '" + folder().string() + "' ] && [ ! -e '" +
+               permission().string() + "' ]; do sleep 0.1; done; exit 1\"");
     click();
     EXPECT_TRUE(bounces());
     letItShowItsWindow();

@@ -373,8 +373,13 @@ int run(const std::vector<std::string>& arguments) {
     app.record("started");
     std::this_thread::sleep_for(std::chrono::milliseconds{options.delay});
     constexpr std::chrono::milliseconds interval{10};
-    while (!options.awaited.empty() && !std::filesystem::exists(options.awaited))
+    const std::filesystem::path awaited = options.awaited;
+    while (!awaited.empty() && !std::filesystem::exists(awaited)) {
+        // The test is over.
+        if (!std::filesystem::exists(awaited.parent_path()))
+            return EXIT_FAILURE;
         std::this_thread::sleep_for(interval);
+    }
     app.openWindows();
     app.run();
     return EXIT_SUCCESS;

@@ -147,8 +147,13 @@ int main(int count, char** arguments) {
     }
     const int delay = options.number("--delay", 0);
     constexpr std::chrono::milliseconds interval{10};
-    while (options.has("--wait-for") && !std::filesystem::exists(options.text("--wait-for")))
+    const std::filesystem::path awaited = options.text("--wait-for");
+    while (!awaited.empty() && !std::filesystem::exists(awaited)) {
+        // The test is over.
+        if (!std::filesystem::exists(awaited.parent_path()))
+            return EXIT_FAILURE;
         std::this_thread::sleep_for(interval);
+    }
     if (options.has("--retitle"))
         QTimer::singleShot(delay + 100, retitle);
     QTimer::singleShot(delay, [&] {
