@@ -103,6 +103,12 @@ std::vector<PixelRect> CompositorSession::menus() const {
     return menus;
 }
 
+bool CompositorSession::showsBackground(const Output& output) const {
+    const PixelRect& frame = output.monitor.frame;
+    const PixelRect corner{frame.right() - 1, frame.bottom() - 1, 1, 1};
+    return Picture::ofScreen(client_, corner).at(0, 0) == background_;
+}
+
 Picture CompositorSession::emptied(const Output& output) const {
     const auto& frame = output.monitor.frame;
     Picture picture = Picture::ofScreen(client_, frame);

@@ -78,6 +78,9 @@ protected:
     /// The window of an output that is not among `outputs`, and its title without this beginning.
     [[nodiscard]] std::optional<Output> newOutput(std::string_view titleBeginning) const;
 
+    /// Whether the output has the colour of the empty desktop as far as its corner.
+    [[nodiscard]] bool showsBackground(const Output& output) const;
+
     /// Puts the output's window at the monitor's place and gives it its size.
     void placeWindow(Output& output, const Monitor& monitor) const;
 

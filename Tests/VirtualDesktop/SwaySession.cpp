@@ -71,6 +71,11 @@ SwaySession::SwaySession(const XClient& client, const std::string& display, fs::
     std::ranges::sort(outputs(), {}, &Output::name);
     for (std::size_t i = 0; i < monitors.size(); ++i)
         place(outputs()[i], monitors[i]);
+    demand(eventually([this] {
+               return std::ranges::all_of(
+                   outputs(), [this](const Output& output) { return showsBackground(output); });
+           }),
+           "sway does not draw its background");
     takeKeyboard();
 }
 

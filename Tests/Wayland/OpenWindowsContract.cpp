@@ -82,6 +82,9 @@ protected:
                 this->eventually([&] { return windowTitled(bundleID, title).has_value(); }));
             program.windows.push_back(windowTitled(bundleID, title).value_or(xdg::WindowID::none));
         }
+        // Each takes the focus when it opens, which would undo what a test does before that.
+        EXPECT_TRUE(this->eventually(
+            [&] { return this->list_->activeWindow() == program.windows.back(); }));
         return {bundleID, process};
     }
 
