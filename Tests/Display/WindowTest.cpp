@@ -25,7 +25,7 @@ struct Session {
     Session() {
         ::setenv("DISPLAY", desk.display().c_str(), 1);
         ::setenv("QT_SCREEN_SCALE_FACTORS", "left=1;main=1;dense=2", 1);
-        application.emplace("xcb");
+        application.emplace("xcb", xdg::PluginApplication::InactivePopups::stay);
     }
 
     desktop::VirtualDesktop desk{{}, {.monitors = {{"main", {1280, 300, 1280, 800}}}}};

@@ -11,9 +11,12 @@ namespace vireline::xdg {
 
 class PluginApplication {
 public:
+    /// What happens to popup menus when another program, or none, gets the keyboard.
+    enum class InactivePopups { close, stay };
+
     /// `plugin` is the name of Qt's plugin for the window system, which must be running, because Qt
     /// aborts the process otherwise.
-    explicit PluginApplication(const std::string& plugin);
+    PluginApplication(const std::string& plugin, InactivePopups inactivePopups);
 
     [[nodiscard]] QApplication& qt() noexcept { return *application_; }
 

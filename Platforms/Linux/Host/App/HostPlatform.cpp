@@ -50,7 +50,9 @@ struct X11Parts final : HostPlatform::Parts {
     Platform ports() override { return desktop.ports(); }
 
     std::unique_ptr<x11::SingleInstance> instance;
-    xdg::PluginApplication qt{"xcb"};
+    // A menu has grabbed pointer and keyboard, so nothing else can get them. But a tenth of a
+    // second after a drag has ungrabbed the keyboard, Qt takes the program for inactive.
+    xdg::PluginApplication qt{"xcb", xdg::PluginApplication::InactivePopups::stay};
     xdg::QtRunLoop runLoop;
     x11::X11WindowSystem windowSystem{*instance, runLoop};
     xdg::DesktopPlatform desktop{qt.qt(), runLoop, windowSystem};
@@ -66,7 +68,8 @@ struct WaylandParts final : HostPlatform::Parts {
 
     std::unique_ptr<wayland::SessionInstance> instance;
     wayland::WaylandSession session;
-    xdg::PluginApplication qt{"wayland"};
+    // Only this tells of a click elsewhere.
+    xdg::PluginApplication qt{"wayland", xdg::PluginApplication::InactivePopups::close};
     xdg::QtRunLoop runLoop;
     wayland::WaylandWindowSystem windowSystem{*instance, runLoop};
     xdg::DesktopPlatform desktop{qt.qt(), runLoop, windowSystem};
