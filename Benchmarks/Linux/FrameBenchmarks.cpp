@@ -115,7 +115,7 @@ struct Dock {
 
 void magnifyFrames(benchmark::State& state, const Dock& dock, double scale) {
     const Server server{scale};
-    const xdg::PluginApplication application{"xcb"};
+    const xdg::PluginApplication application{"xcb", xdg::PluginApplication::InactivePopups::stay};
     X11Connection connection;
     RandrScreens screens{connection};
     xdg::Appearance appearance{{}};
