@@ -73,7 +73,7 @@ TEST_F(ImageFileTest, DrawsSVGSharpAtAnySize) {
 
 TEST_F(ImageFileTest, DrawsNothingOfWhatSVGOnlyRefersTo) {
     const std::string small = R"(<rect x="8" y="8" width="8" height="8" fill="#ff0000"/>)";
-    for (const std::string& definition :
+    for (const char* const definition :
          {R"(<clipPath id="a"><rect width="16" height="16"/></clipPath>)",
           R"(<clipPath id="a"><path d="M0 0h8v8z"/></clipPath><clipPath id="b"/>)",
           R"(<mask id="a"><g><rect width="16" height="16"/></g></mask>)"}) {
