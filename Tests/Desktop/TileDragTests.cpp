@@ -1,8 +1,6 @@
 /// Dragging tiles to other positions in their dock.
 #include "DesktopTest.hpp"
 
-#include <chrono>
-
 namespace vireline::desktop {
 namespace {
 

@@ -1,6 +1,9 @@
 #include "Display/WindowTest.hpp"
 #include "VirtualDesktop/Pointer.hpp"
 
+#include <QCoreApplication>
+#include <QEvent>
+
 namespace vireline {
 namespace {
 
@@ -108,6 +111,21 @@ TEST_F(PopUpMenuTest, TellsTheChoiceOnceItIsClosed) {
     EXPECT_TRUE(eventually([&] { return closed == 1; }));
     EXPECT_EQ(choice, "Quit");
     EXPECT_EQ(menuFrame().width, 0);
+}
+
+/// Qt sends this a tenth of a second after a drag has ungrabbed the keyboard.
+TEST_F(PopUpMenuTest, StaysOpenWhenQtTakesTheProgramForInactive) {
+    const auto dock = showDock("main", log);
+    open(*dock, "main", {100, 50});
+
+    QEvent inactive{QEvent::ApplicationDeactivate};
+    QCoreApplication::sendEvent(QCoreApplication::instance(), &inactive);
+    settle();
+
+    EXPECT_GT(menuFrame().width, 0);
+    EXPECT_EQ(closed, 0);
+    desk().keyboard().type(Keyboard::escape);
+    EXPECT_TRUE(eventually([&] { return closed == 1; }));
 }
 
 TEST_F(PopUpMenuTest, TakesKeysAlthoughTheDockHasNoFocus) {
