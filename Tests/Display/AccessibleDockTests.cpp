@@ -263,10 +263,10 @@ TEST_F(AccessibleEventsTest, TellThatADockComesAndGoes) {
     present({app(1, "Alpha")});
     EXPECT_EQ(told(), Words{"new Vireline dock on main"});
 
-    window.setVisible(true);
+    dock->setShown(true);
     EXPECT_EQ(told(), Words{"shown Vireline dock on main"});
 
-    window.setVisible(false);
+    dock->setShown(false);
     EXPECT_EQ(told(), Words{"hidden Vireline dock on main"});
 
     dock.reset();

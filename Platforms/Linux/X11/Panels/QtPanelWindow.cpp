@@ -50,6 +50,10 @@ QtPanelWindow::QtPanelWindow(const PanelContext& context, std::uint32_t displayI
 }
 
 void QtPanelWindow::observe() {
+    QObject::connect(this, &QWindow::visibleChanged, this, [this](bool isShown) {
+        if (accessible_)
+            accessible_->setShown(isShown);
+    });
     subscriptions_.push_back(context_.connection.observe(
         [this](const xcb_generic_event_t& event) { handleNative(event); }));
     subscriptions_.push_back(context_.screens.observeParameters([this] { displaysChanged(); }));

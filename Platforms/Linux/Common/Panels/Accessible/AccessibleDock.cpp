@@ -2,17 +2,12 @@
 
 #include "Platform/PanelWindow.hpp"
 
-#include <QWindow>
 #include <utility>
 
 namespace vireline::xdg {
 
 AccessibleDock::AccessibleDock(DockAccess dock) : dock_(std::move(dock)) {
     QAccessible::installActivationObserver(this);
-    QObject::connect(&dock_.window, &QWindow::visibleChanged, &dock_.window,
-                     lifetime_.guard([this](bool isVisible) {
-                         notify(isVisible ? QAccessible::ObjectShow : QAccessible::ObjectHide);
-                     }));
 }
 
 AccessibleDock::~AccessibleDock() {
@@ -24,6 +19,11 @@ AccessibleDock::~AccessibleDock() {
 void AccessibleDock::accessibilityActiveChanged(bool isActive) {
     isActive_ = isActive;
     root_.reset();
+}
+
+void AccessibleDock::setShown(bool isShown) {
+    dock_.isShown = isShown;
+    notify(isShown ? QAccessible::ObjectShow : QAccessible::ObjectHide);
 }
 
 QAccessibleInterface* AccessibleDock::root() {

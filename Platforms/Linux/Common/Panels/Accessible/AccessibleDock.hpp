@@ -2,7 +2,6 @@
 /// technology is active. Owned by the dock's window.
 #pragma once
 
-#include "Foundation/Lifetime.hpp"
 #include "Foundation/NonCopyable.hpp"
 #include "Panels/Accessible/DockAccess.hpp"
 #include "Panels/Accessible/DockInterface.hpp"
@@ -20,6 +19,9 @@ public:
     /// The window's interface; from now on Qt also finds it through the window.
     [[nodiscard]] QAccessibleInterface* root();
 
+    /// Call when the dock's window has been shown or hidden.
+    void setShown(bool isShown);
+
     /// Call when the dock's content may have changed. May destroy buttons, so it must not be called
     /// while Qt is using one.
     void refresh();
@@ -31,7 +33,6 @@ private:
     DockAccess dock_;
     bool isActive_ = QAccessible::isActive();
     Registered<DockInterface> root_;
-    Lifetime lifetime_;
 };
 
 }

@@ -27,6 +27,7 @@ struct DockAccess {
     /// Sends an accessibility event; called only while assistive technology is active.
     std::function<void(QAccessibleInterface& about, QAccessible::Event what)> notify =
         AccessibleEvents::notify;
+    bool isShown = false;
 };
 
 }

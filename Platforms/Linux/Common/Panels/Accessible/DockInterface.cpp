@@ -108,7 +108,7 @@ QRect DockInterface::rect() const {
 
 QAccessible::State DockInterface::state() const {
     QAccessible::State state;
-    state.invisible = !dock_.window.isVisible();
+    state.invisible = !dock_.isShown;
     return state;
 }
 
