@@ -30,6 +30,10 @@ function(vireline_find_wayland)
         /usr/share/cargo/registry/wayland-protocols*/wlr-protocols/unstable)
     set(plasma /usr/share/plasma-wayland-protocols)
     vireline_find_protocol(xdg_shell xdg-shell.xml ${stable}/stable/xdg-shell)
+    vireline_find_protocol(viewporter viewporter.xml ${stable}/stable/viewporter)
+    vireline_find_protocol(fractional_scale fractional-scale-v1.xml
+        ${stable}/staging/fractional-scale)
+    vireline_find_protocol(xdg_output xdg-output-unstable-v1.xml ${stable}/unstable/xdg-output)
     vireline_find_protocol(activation xdg-activation-v1.xml ${stable}/staging/xdg-activation)
     vireline_find_protocol(layer_shell wlr-layer-shell-unstable-v1.xml ${wlr})
     vireline_find_protocol(toplevels wlr-foreign-toplevel-management-unstable-v1.xml ${wlr})
@@ -38,7 +42,8 @@ function(vireline_find_wayland)
 
     set(missing)
     foreach(need IN ITEMS WAYLAND_FOUND WAYLAND_SCANNER QT_PRIVATE_HEADERS
-            xdg_shell activation layer_shell toplevels plasma_windows blur)
+            xdg_shell viewporter fractional_scale xdg_output activation layer_shell toplevels
+            plasma_windows blur)
         if(NOT ${need})
             list(APPEND missing ${need})
         endif()
@@ -49,8 +54,8 @@ function(vireline_find_wayland)
         return()
     endif()
     set(VIRELINE_HAS_WAYLAND ON PARENT_SCOPE)
-    set(VIRELINE_PROTOCOLS ${xdg_shell} ${activation} ${layer_shell} ${toplevels}
-        ${plasma_windows} ${blur} PARENT_SCOPE)
+    set(VIRELINE_PROTOCOLS ${xdg_shell} ${viewporter} ${fractional_scale} ${xdg_output}
+        ${activation} ${layer_shell} ${toplevels} ${plasma_windows} ${blur} PARENT_SCOPE)
 endfunction()
 
 # Adds a library of the code that wayland-scanner makes of the protocols: <name>-client-protocol.h.

@@ -50,13 +50,27 @@ std::uint32_t WaylandConnection::offered(std::string_view interface) const {
     return found == globals_.end() ? 0 : found->second.version;
 }
 
-void* WaylandConnection::bindGlobal(const wl_interface& interface, std::uint32_t newest) const {
-    const auto found = std::ranges::find_if(
-        globals_, [&](const auto& entry) { return entry.second.interface == interface.name; });
+std::vector<std::uint32_t> WaylandConnection::numbers(std::string_view interface) const {
+    std::vector<std::uint32_t> found;
+    for (const auto& [number, global] : globals_) {
+        if (global.interface == interface)
+            found.push_back(number);
+    }
+    return found;
+}
+
+void* WaylandConnection::bindFirst(const wl_interface& interface, std::uint32_t newest) const {
+    const auto all = numbers(interface.name);
+    return all.empty() ? nullptr : bindGlobal(all.front(), interface, newest);
+}
+
+void* WaylandConnection::bindGlobal(std::uint32_t number, const wl_interface& interface,
+                                    std::uint32_t newest) const {
+    const auto found = globals_.find(number);
     if (found == globals_.end())
         return nullptr;
     const auto known = static_cast<std::uint32_t>(interface.version);
-    return wl_registry_bind(registry_.get(), found->first, &interface,
+    return wl_registry_bind(registry_.get(), number, &interface,
                             std::min({found->second.version, newest, known}));
 }
 

@@ -1,5 +1,5 @@
-/// The compositor's globals on one connection. With Qt's connection, everything bound here is
-/// dispatched on the main thread by Qt's event loop.
+/// The compositor's globals on one connection. Whatever is bound here is dispatched on the main
+/// thread: by Qt on its connection, and otherwise by `OwnConnection`.
 #pragma once
 
 #include "Connection/Proxies.hpp"
@@ -13,6 +13,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 struct wl_interface;
 
@@ -33,7 +34,17 @@ public:
     /// events are in the display's default queue.
     template <class Object>
     [[nodiscard]] Proxy<Object> bind(const wl_interface& interface, std::uint32_t newest) const {
-        return Proxy<Object>{static_cast<Object*>(bindGlobal(interface, newest))};
+        return Proxy<Object>{static_cast<Object*>(bindFirst(interface, newest))};
+    }
+
+    /// The compositor's numbers of all globals of an interface.
+    [[nodiscard]] std::vector<std::uint32_t> numbers(std::string_view interface) const;
+
+    /// Binds one global by its number, otherwise as `bind`.
+    template <class Object>
+    [[nodiscard]] Proxy<Object> bindNumber(std::uint32_t number, const wl_interface& interface,
+                                           std::uint32_t newest) const {
+        return Proxy<Object>{static_cast<Object*>(bindGlobal(number, interface, newest))};
     }
 
     /// Calls `handler` after a global came or went.
@@ -54,7 +65,9 @@ private:
     };
     struct Events;
 
-    [[nodiscard]] void* bindGlobal(const wl_interface& interface, std::uint32_t newest) const;
+    [[nodiscard]] void* bindFirst(const wl_interface& interface, std::uint32_t newest) const;
+    [[nodiscard]] void* bindGlobal(std::uint32_t number, const wl_interface& interface,
+                                   std::uint32_t newest) const;
     void readGlobals();
 
     wl_display* display_;

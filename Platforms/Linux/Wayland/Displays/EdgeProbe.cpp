@@ -2,10 +2,6 @@
 
 #include "Connection/LayerShell.hpp"
 #include "Connection/WaylandConnection.hpp"
-#include "Files/FileDescriptor.hpp"
-
-#include <sys/mman.h>
-#include <unistd.h>
 
 #include <utility>
 
@@ -31,7 +27,7 @@ struct EdgeProbe::Events {
                           std::uint32_t /*width*/, std::uint32_t /*height*/) {
         auto& self = *static_cast<EdgeProbe*>(data);
         zwlr_layer_surface_v1_ack_configure(role, serial);
-        wl_surface_attach(self.surface_.get(), self.pixel_.get(), 0, 0);
+        wl_surface_attach(self.surface_.get(), self.pixel_->buffer(), 0, 0);
         wl_surface_damage(self.surface_.get(), 0, 0, 1, 1);
         wl_surface_commit(self.surface_.get());
     }
@@ -58,7 +54,8 @@ EdgeProbe::EdgeProbe(const WaylandConnection& connection, wl_output* output, Edg
     , compositor_(connection.bind<wl_compositor>(wl_compositor_interface, 1))
     , shell_(
           connection.bind<zwlr_layer_shell_v1>(zwlr_layer_shell_v1_interface, layerShellVersion)) {
-    makePixel(connection);
+    if (const auto memory = connection.bind<wl_shm>(wl_shm_interface, 1))
+        pixel_ = SharedImage::make(*memory, {1, 1});
     if (!compositor_ || !shell_ || !pixel_)
         return;
     surface_.reset(wl_compositor_create_surface(compositor_.get()));
@@ -79,17 +76,6 @@ EdgeProbe::EdgeProbe(const WaylandConnection& connection, wl_output* output, Edg
 }
 
 EdgeProbe::~EdgeProbe() = default;
-
-void EdgeProbe::makePixel(const WaylandConnection& connection) {
-    constexpr int bytes = 4;
-    const auto memory = connection.bind<wl_shm>(wl_shm_interface, 1);
-    const xdg::FileDescriptor file{memfd_create("vireline-probe", MFD_CLOEXEC)};
-    if (!memory || ftruncate(file.get(), bytes) != 0)
-        return;
-    wl_shm_pool* const pool = wl_shm_create_pool(memory.get(), file.get(), bytes);
-    pixel_.reset(wl_shm_pool_create_buffer(pool, 0, 1, 1, bytes, WL_SHM_FORMAT_ARGB8888));
-    wl_shm_pool_destroy(pool);
-}
 
 void EdgeProbe::setReserved(bool isReserved) {
     if (std::exchange(isReserved_, isReserved) != isReserved)

@@ -3,12 +3,13 @@
 #pragma once
 
 #include "Connection/Proxies.hpp"
+#include "Connection/SharedImage.hpp"
 #include "Foundation/NonCopyable.hpp"
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 
-struct wl_buffer;
 struct wl_output;
 
 namespace vireline::wayland {
@@ -29,7 +30,6 @@ public:
 private:
     struct Events;
 
-    void makePixel(const WaylandConnection& connection);
     void setReserved(bool isReserved);
 
     wl_output* output_;
@@ -38,7 +38,7 @@ private:
     Proxy<zwlr_layer_shell_v1> shell_;
     Proxy<wl_surface> surface_;
     Proxy<zwlr_layer_surface_v1> role_;
-    Proxy<wl_buffer> pixel_;
+    std::unique_ptr<SharedImage> pixel_;
     bool isReserved_ = false;
 };
 

@@ -1,0 +1,120 @@
+#include "Input/DragDevice.hpp"
+
+#include "Connection/WaylandConnection.hpp"
+#include "Input/SurfaceInput.hpp"
+
+#include <wayland-client.h>
+
+#include <utility>
+
+namespace vireline::wayland {
+namespace {
+
+/// With actions.
+constexpr std::uint32_t dragVersion = 3;
+
+}
+
+struct DragDevice::Events {
+    static DragDevice& device(void* data) { return *static_cast<DragDevice*>(data); }
+
+    static void offered(void* data, wl_data_device* /*device*/, wl_data_offer* offer) {
+        device(data).announced_ = std::make_unique<DragOffer>(Proxy<wl_data_offer>{offer});
+    }
+    static void enter(void* data, wl_data_device* /*device*/, std::uint32_t serial,
+                      wl_surface* surface, wl_fixed_t x, wl_fixed_t y, wl_data_offer* offer) {
+        device(data).enter(serial, surface, {wl_fixed_to_double(x), wl_fixed_to_double(y)}, offer);
+    }
+    static void leave(void* data, wl_data_device* /*device*/) { device(data).leave(); }
+    static void motion(void* data, wl_data_device* /*device*/, std::uint32_t /*time*/, wl_fixed_t x,
+                       wl_fixed_t y) {
+        auto& self = device(data);
+        if (!self.drag_)
+            return;
+        self.drag_->position = {wl_fixed_to_double(x), wl_fixed_to_double(y)};
+        self.answer();
+    }
+    static void drop(void* data, wl_data_device* /*device*/) { device(data).drop(); }
+    /// The clipboard is of no use here.
+    static void selection(void* data, wl_data_device* /*device*/, wl_data_offer* /*offer*/) {
+        device(data).announced_.reset();
+    }
+
+    static constexpr wl_data_device_listener listener{.data_offer = offered,
+                                                      .enter = enter,
+                                                      .leave = leave,
+                                                      .motion = motion,
+                                                      .drop = drop,
+                                                      .selection = selection};
+};
+
+std::unique_ptr<DragDevice> DragDevice::create(const WaylandConnection& connection, wl_seat& seat,
+                                               const InputSurfaces& surfaces) {
+    auto manager =
+        connection.bind<wl_data_device_manager>(wl_data_device_manager_interface, dragVersion);
+    const bool hasActions =
+        manager && wl_data_device_manager_get_version(manager.get()) >= dragVersion;
+    return hasActions ? std::make_unique<DragDevice>(std::move(manager), seat, surfaces) : nullptr;
+}
+
+DragDevice::DragDevice(Proxy<wl_data_device_manager> manager, wl_seat& seat,
+                       const InputSurfaces& surfaces)
+    : surfaces_(surfaces)
+    , manager_(std::move(manager))
+    , device_(wl_data_device_manager_get_data_device(manager_.get(), &seat)) {
+    wl_data_device_add_listener(device_.get(), &Events::listener, this);
+}
+
+DragDevice::~DragDevice() = default;
+
+SurfaceInput* DragDevice::target() const {
+    return drag_ ? surfaces_.find(drag_->surface) : nullptr;
+}
+
+void DragDevice::enter(std::uint32_t serial, wl_surface* surface, QPointF at,
+                       wl_data_offer* offered) {
+    leave();
+    if (!announced_ || announced_->get() != offered)
+        return;
+    drag_ = Drag{.offer = std::exchange(announced_, nullptr),
+                 .surface = surface,
+                 .serial = serial,
+                 .position = at};
+    if (drag_->offer->isReadable())
+        drag_->offer->read([this](const std::vector<std::string>& urls) { introduce(urls); });
+    answer();
+}
+
+void DragDevice::introduce(const std::vector<std::string>& urls) {
+    if (SurfaceInput* const entered = target()) {
+        drag_->isKnown = true;
+        entered->dragEntered(urls);
+        answer();
+    }
+}
+
+void DragDevice::answer() {
+    SurfaceInput* const under = target();
+    drag_->canDrop = drag_->isKnown && under != nullptr && under->dragMoved(drag_->position);
+    drag_->offer->answer(drag_->serial, drag_->canDrop);
+}
+
+void DragDevice::leave() {
+    SurfaceInput* const left = target();
+    const bool isKnown = drag_ && drag_->isKnown;
+    drag_.reset();
+    if (isKnown && left != nullptr)
+        left->dragLeft();
+}
+
+/// Compositors report only drops that have been allowed.
+void DragDevice::drop() {
+    SurfaceInput* const under = target();
+    if (under == nullptr || !drag_->canDrop)
+        return leave();
+    const auto drag = std::exchange(drag_, std::nullopt);
+    if (under->dragDropped(drag->position))
+        drag->offer->finish();
+}
+
+}

@@ -1,0 +1,57 @@
+/// Drags from other programs over surfaces of ours.
+#pragma once
+
+#include "Connection/Proxies.hpp"
+#include "Foundation/NonCopyable.hpp"
+#include "Input/DragOffer.hpp"
+#include "Input/InputSurfaces.hpp"
+
+#include <QPointF>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vireline::wayland {
+
+class WaylandConnection;
+
+class DragDevice : private NonCopyable {
+public:
+    /// Null if the compositor knows no drags. The surfaces must outlive the result.
+    [[nodiscard]] static std::unique_ptr<DragDevice>
+    create(const WaylandConnection& connection, wl_seat& seat, const InputSurfaces& surfaces);
+
+    DragDevice(Proxy<wl_data_device_manager> manager, wl_seat& seat, const InputSurfaces& surfaces);
+    ~DragDevice();
+
+private:
+    struct Events;
+    /// A drag over a surface of ours.
+    struct Drag {
+        std::unique_ptr<DragOffer> offer;
+        wl_surface* surface = nullptr;
+        std::uint32_t serial = 0;
+        QPointF position;
+        /// The surface has been told of the files.
+        bool isKnown = false;
+        bool canDrop = false;
+    };
+
+    void enter(std::uint32_t serial, wl_surface* surface, QPointF at, wl_data_offer* offered);
+    void introduce(const std::vector<std::string>& urls);
+    void answer();
+    void leave();
+    void drop();
+    [[nodiscard]] SurfaceInput* target() const;
+
+    const InputSurfaces& surfaces_;
+    Proxy<wl_data_device_manager> manager_;
+    Proxy<wl_data_device> device_;
+    /// Announced, but neither dragged over a surface of ours nor put on the clipboard yet.
+    std::unique_ptr<DragOffer> announced_;
+    std::optional<Drag> drag_;
+};
+
+}
