@@ -36,6 +36,8 @@ void bind(wl_client* client, void* data, std::uint32_t version, std::uint32_t id
 struct FakeCompositor::Server {
     wl_display* display = wl_display_create();
     std::map<std::string, Offer> offers;
+    /// Only compared with others, since it may have gone.
+    const wl_client* first = nullptr;
     std::array<int, 2> wakeUp{};
     std::mutex mutex;
     std::condition_variable done;
@@ -109,6 +111,10 @@ void FakeCompositor::die() {
     run([this] { wl_display_destroy_clients(server_->display); });
 }
 
+bool FakeCompositor::isFirst(const wl_client* client) const {
+    return client == server_->first;
+}
+
 int FakeCompositor::boundVersion(const wl_interface& interface) {
     int version = 0;
     run([&] { version = server_->offers[interface.name].bound; });
@@ -127,7 +133,11 @@ int FakeCompositor::makeSocket() {
     std::array<int, 2> ends{};
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0)
         throw std::runtime_error{"no sockets"};
-    run([&] { wl_client_create(server_->display, ends[0]); });
+    run([&] {
+        const wl_client* const client = wl_client_create(server_->display, ends[0]);
+        if (server_->first == nullptr)
+            server_->first = client;
+    });
     return ends[1];
 }
 

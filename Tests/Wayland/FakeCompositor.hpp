@@ -8,6 +8,7 @@
 #include <memory>
 #include <thread>
 
+struct wl_client;
 struct wl_interface;
 struct wl_resource;
 
@@ -33,6 +34,9 @@ public:
     [[nodiscard]] Proxy<wl_display> connect();
     /// The client's end of such a connection, which the caller owns.
     [[nodiscard]] int makeSocket();
+
+    /// Whether that client was the first to connect. To be called in the compositor's thread.
+    [[nodiscard]] bool isFirst(const wl_client* client) const;
 
     /// The version in which a client has bound a global of this interface; 0 if none has.
     [[nodiscard]] int boundVersion(const wl_interface& interface);

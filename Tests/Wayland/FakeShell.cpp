@@ -106,22 +106,35 @@ void FakeShell::dismissPopups() {
 }
 
 void FakeShell::enterOutput() {
-    compositor_.run([this] { toSurfaces(surfaceEnter, {outputs_.front()}); });
+    compositor_.run([this] {
+        for (const auto& [object, surface] : surfaces_)
+            wl_resource_post_event(object, surfaceEnter, outputsOf(object).front());
+    });
 }
 
 void FakeShell::leaveOutput() {
-    compositor_.run([this] { toSurfaces(surfaceLeave, {outputs_.front()}); });
+    compositor_.run([this] {
+        for (const auto& [object, surface] : surfaces_)
+            wl_resource_post_event(object, surfaceLeave, outputsOf(object).front());
+    });
 }
 
 void FakeShell::enterOtherOutput() {
-    compositor_.run([this] { toSurfaces(surfaceEnter, {outputs_.begin() + 1, outputs_.end()}); });
+    compositor_.run([this] {
+        for (const auto& [object, surface] : surfaces_) {
+            const auto outputs = outputsOf(object);
+            for (auto other = outputs.begin() + 1; other != outputs.end(); ++other)
+                wl_resource_post_event(object, surfaceEnter, *other);
+        }
+    });
 }
 
-void FakeShell::toSurfaces(std::uint32_t event, const std::vector<wl_resource*>& outputs) {
-    for (const auto& [object, surface] : surfaces_) {
-        for (wl_resource* const output : outputs)
-            wl_resource_post_event(object, event, output);
-    }
+std::vector<wl_resource*> FakeShell::outputsOf(wl_resource* surface) const {
+    std::vector<wl_resource*> own = outputs_;
+    std::erase_if(own, [&](wl_resource* output) {
+        return wl_resource_get_client(output) != wl_resource_get_client(surface);
+    });
+    return own;
 }
 
 RequestLog::Requests FakeShell::requests(const std::string& beginning) {
@@ -185,7 +198,7 @@ void FakeShell::handleSurface(const RequestLog::Request& request) {
     else if (request.name == "frame")
         surface.frames.push_back(request.created);
     else if (request.name == "commit")
-        commit(surface);
+        commit(request.object, surface);
 }
 
 void FakeShell::giveRole(const RequestLog::Request& request) {
@@ -222,7 +235,7 @@ void FakeShell::forget(wl_resource* object) {
     }
 }
 
-void FakeShell::commit(Surface& surface) {
+void FakeShell::commit(wl_resource* object, Surface& surface) {
     const bool hasRole = surface.role != nullptr || surface.xdgSurface != nullptr;
     if (surface.buffer != nullptr) {
         if (hasRole && !surface.isConfigured)
@@ -232,13 +245,15 @@ void FakeShell::commit(Surface& surface) {
         wl_resource_post_event(surface.buffer, bufferRelease);
         surface.buffer = nullptr;
     }
+    if (configures_)
+        configureRole(surface);
+    if (!framesForFirst_ && compositor_.isFirst(wl_resource_get_client(object)))
+        return;
     for (wl_resource* const frame : surface.frames) {
         wl_resource_post_event(frame, callbackDone, ++serial_);
         wl_resource_destroy(frame);
     }
     surface.frames.clear();
-    if (configures_)
-        configureRole(surface);
 }
 
 void FakeShell::configureRole(Surface& surface) {

@@ -23,6 +23,10 @@ public:
     void plugIn();
     void unplug();
 
+    /// The first client is never told that it may draw its next frame. Qt 6.4 reads that in another
+    /// thread, and crashes now and then when a window is destroyed at the same time.
+    void leaveFirstClientWithoutFrames() { framesForFirst_ = false; }
+
     /// Whether roles are configured when they are first committed, as by a real compositor.
     void setConfigures(bool configures);
     /// Configures all roles that wait for that. Popups come to that place on their parent.
@@ -66,20 +70,22 @@ private:
     void handleSurface(const RequestLog::Request& request);
     void giveRole(const RequestLog::Request& request);
     void forget(wl_resource* object);
-    void commit(Surface& surface);
+    void commit(wl_resource* object, Surface& surface);
     void configureRole(Surface& surface);
-    void toSurfaces(std::uint32_t event, const std::vector<wl_resource*>& outputs);
+    /// A client's objects for the output, in the order in which it bound them.
+    [[nodiscard]] std::vector<wl_resource*> outputsOf(wl_resource* surface) const;
 
     FakeCompositor& compositor_;
     RequestLog log_{compositor_};
     std::map<wl_resource*, Surface> surfaces_;
-    /// The client's objects for the output.
+    /// The clients' objects for the output.
     std::vector<wl_resource*> outputs_;
     std::vector<std::string> violations_;
     std::uint32_t serial_ = 0;
     int popupX_ = 0;
     int popupY_ = 0;
     bool configures_ = true;
+    bool framesForFirst_ = true;
 };
 
 }

@@ -1,28 +1,40 @@
+#include "Input/SurfaceInput.hpp"
+#include "Panels/DockSurface.hpp"
 #include "Panels/LayerPicture.hpp"
-#include "Panels/LayerRole.hpp"
 #include "ShellTest.hpp"
 
-#include <QWindow>
 #include <algorithm>
 #include <cstdio>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace vireline::wayland {
 namespace {
+
+class NoInput final : public SurfaceInput {
+public:
+    [[nodiscard]] double pixelsPerPoint() const override { return 1; }
+    void pointerEntered(QPointF /*at*/) override {}
+    void pointerMoved(QPointF /*at*/) override {}
+    void pointerLeft() override {}
+    void buttonPressed(PointerButton /*button*/) override {}
+    void buttonReleased(PointerButton /*button*/) override {}
+    void dragEntered(const std::vector<std::string>& /*urls*/) override {}
+    [[nodiscard]] bool dragMoved(QPointF /*at*/) override { return false; }
+    void dragLeft() override {}
+    [[nodiscard]] bool dragDropped(QPointF /*at*/) override { return false; }
+};
 
 /// The picture of a dock of 100 x 40 points, on a surface with 10 points above it.
 class LayerPictureTest : public ShellTest {
 protected:
     void SetUp() override {
         ShellTest::SetUp();
-        window_.emplace();
-        LayerRole::prepare(*window_);
-        window_->setGeometry(0, 0, 100, 50);
-        window_->create();
-        window_->setVisible(true);
-        settle();
-        picture_.emplace(context(), *window_);
+        surface_.emplace(context(), output(), QRect{0, 0, 100, 50}, input_,
+                         DockSurface::Events{[this] { ++configured_; }, [] {}, [] {}});
+        ASSERT_TRUE(eventually([this] { return configured_ == 1; }));
+        picture_.emplace(context(), *surface_);
         picture_->setLayout({.window = {100, 50},
                              .active = {0, 10, 100, 40},
                              .mapping = {QPoint{0, 10}, 1},
@@ -32,7 +44,7 @@ protected:
     }
     void TearDown() override {
         picture_.reset();
-        window_.reset();
+        surface_.reset();
         ShellTest::TearDown();
     }
 
@@ -59,7 +71,9 @@ protected:
         return std::ranges::count(requests, wanted) > 0;
     }
 
-    std::optional<QWindow> window_;
+    NoInput input_;
+    std::optional<DockSurface> surface_;
+    int configured_ = 0;
     std::optional<LayerPicture> picture_;
 };
 
@@ -101,13 +115,6 @@ TEST_F(LayerPictureTest, CommitsSomethingWhenAFrameIsAwaited) {
     EXPECT_TRUE(has(requests, "wl_surface commit"));
 }
 
-TEST_F(LayerPictureTest, CommitsEverythingAgain) {
-    const Requests requests = committed([this] { picture_->repaint(); });
-
-    EXPECT_TRUE(has(requests, "wl_surface damage_buffer 0 0 100 50"));
-    EXPECT_TRUE(has(requests, "wl_surface commit"));
-}
-
 TEST_F(LayerPictureTest, PaintsEverythingInNewColours) {
     picture_->lookChanged();
 
@@ -135,13 +142,17 @@ TEST_F(LayerPictureTest, CommitsAnInputRegionThatHasChanged) {
     EXPECT_TRUE(picture_->takesPointer({50, 45}));
 }
 
-/// For Qt, no region at all would mean the whole window.
+/// No region at all would mean the whole surface.
 TEST_F(LayerPictureTest, TakesThePointerNowhereIfTheSceneSaysSo) {
     Scene scene = dotAt(20);
     scene.inputRegion = Rect{};
     picture_->setScene(scene);
 
-    EXPECT_TRUE(has(updated(), "wl_region add -2 -2 1 1"));
+    const Requests requests = updated();
+
+    EXPECT_TRUE(has(requests, "wl_surface set_input_region"));
+    EXPECT_TRUE(std::ranges::none_of(
+        requests, [](const std::string& request) { return request.starts_with("wl_region add"); }));
     EXPECT_FALSE(picture_->takesPointer({50, 20}));
 }
 

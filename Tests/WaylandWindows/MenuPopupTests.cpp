@@ -1,4 +1,4 @@
-#include "Panels/LayerRole.hpp"
+#include "Panels/InvisibleSurface.hpp"
 #include "Panels/MenuPopup.hpp"
 #include "ShellTest.hpp"
 
@@ -7,7 +7,6 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <QScreen>
-#include <QWindow>
 #include <algorithm>
 #include <memory>
 #include <string>
@@ -20,10 +19,9 @@ class MenuPopupTest : public ShellTest {
 protected:
     void SetUp() override {
         ShellTest::SetUp();
-        parent_.emplace();
-        LayerRole::prepare(*parent_);
-        role_.emplace(context(), *parent_, *QGuiApplication::primaryScreen(), dock,
-                      LayerRole::Events{[] {}, [] {}});
+        parent_.emplace(context().menus, *QGuiApplication::primaryScreen(), dock,
+                        InvisibleSurface::Events{});
+        ASSERT_TRUE(eventually([this] { return parent_->role() != nullptr; }));
         menu_ = std::make_unique<QMenu>();
         menu_->addAction(QStringLiteral("First"));
         menu_->addAction(QStringLiteral("Second"));
@@ -34,21 +32,19 @@ protected:
         shell().setConfigures(true);
         popup_.reset();
         menu_.reset();
-        role_.reset();
         parent_.reset();
         ShellTest::TearDown();
     }
 
     void open(QPoint corner) {
-        popup_.emplace(context(), *role_, *menu_,
+        popup_.emplace(context().menus, *parent_->role(), *menu_,
                        MenuPopup::Place{*parent_->screen(), dock, corner},
                        [this] { ++dismissals_; });
     }
 
     static constexpr QRect dock{300, 540, 200, 60};
 
-    std::optional<QWindow> parent_;
-    std::optional<LayerRole> role_;
+    std::optional<InvisibleSurface> parent_;
     std::unique_ptr<QMenu> menu_;
     std::optional<MenuPopup> popup_;
     int dismissals_ = 0;

@@ -33,11 +33,10 @@ protected:
 
     void open() {
         (void)shell().requests();
-        menu_ = std::make_unique<PointerMenu>(context().connection, screens(), context().appearance,
-                                              *items_, [this] {
-                                                  ++closed_;
-                                                  menu_.reset();
-                                              });
+        menu_ = std::make_unique<PointerMenu>(context().menus.connection, *items_, [this] {
+            ++closed_;
+            menu_.reset();
+        });
         settle();
     }
     [[nodiscard]] static int layers() { return shell().count("zwlr_layer_surface_v1"); }

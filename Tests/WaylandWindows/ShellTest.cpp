@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <array>
 #include <cstdlib>
+#include <stdexcept>
 #include <string>
 
 namespace vireline::wayland {
@@ -17,6 +18,7 @@ namespace {
 /// The fake compositor and Qt's application object on it.
 struct QtOnFakeShell {
     QtOnFakeShell() {
+        shell.leaveFirstClientWithoutFrames();
         // Qt connects to this instead of WAYLAND_DISPLAY.
         setenv("WAYLAND_SOCKET", std::to_string(compositor.makeSocket()).c_str(), 1);
         setenv("QT_WAYLAND_DISABLE_HW_INTEGRATION", "1", 1);
@@ -24,6 +26,7 @@ struct QtOnFakeShell {
         unsetenv("QT_QPA_PLATFORMTHEME");
         unsetenv("XDG_CURRENT_DESKTOP");
         application.emplace(count, arguments.data());
+        own.emplace(compositor.connect());
     }
 
     FakeCompositor compositor;
@@ -35,6 +38,7 @@ struct QtOnFakeShell {
     std::array<char*, 4> arguments{name.data(), option.data(), platform.data(), nullptr};
     int count = 3;
     std::optional<QApplication> application;
+    std::optional<OwnConnection> own;
 };
 
 /// Never destroyed: Qt's plugin does not free everything, so the leak checker would complain.
@@ -59,13 +63,16 @@ void ShellTest::SetUp() {
     connection_.emplace(QtNative::display());
     appearance_.emplace("");
     screens_.emplace(*connection_, "");
-    context_.emplace(*connection_, *screens_, *appearance_);
+    seat_.emplace(*fake().own);
+    context_.emplace(
+        DockContext::Needs{*connection_, *fake().own, *seat_, *screens_, *appearance_});
     settle();
     (void)shell().requests();
 }
 
 void ShellTest::TearDown() {
     context_.reset();
+    seat_.reset();
     screens_.reset();
     appearance_.reset();
     connection_.reset();
@@ -73,6 +80,13 @@ void ShellTest::TearDown() {
     EXPECT_EQ(shell().count("zwlr_layer_surface_v1"), 0);
     EXPECT_EQ(shell().count("xdg_popup"), 0);
     EXPECT_EQ(shell().takeViolations(), Requests{});
+}
+
+const Output& ShellTest::output() {
+    const Output* const found = context().outputs.named("FAKE-1");
+    if (found == nullptr)
+        throw std::runtime_error{"no output"};
+    return *found;
 }
 
 bool ShellTest::eventually(const std::function<bool()>& condition) {
@@ -89,6 +103,7 @@ void ShellTest::settle() {
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         wl_display_roundtrip(QtNative::display());
+        wl_display_roundtrip(fake().own->globals().display());
         QCoreApplication::processEvents();
     }
 }

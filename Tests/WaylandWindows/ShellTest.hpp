@@ -1,11 +1,13 @@
-/// Base of the tests of what Qt shows on Wayland. Qt's own plugin runs in the test program,
-/// connected to a fake compositor in another thread, which all tests share.
+/// Base of the tests of what the program shows on Wayland. Qt's own plugin runs in the test
+/// program, connected to a fake compositor in another thread, which all tests share; so is a
+/// connection of our own.
 #pragma once
 
 #include "Connection/WaylandConnection.hpp"
 #include "Displays/WaylandScreens.hpp"
 #include "FakeShell.hpp"
-#include "Panels/LayerShellContext.hpp"
+#include "Input/Seat.hpp"
+#include "Panels/DockContext.hpp"
 #include "Toolkit/Appearance.hpp"
 
 #include <gtest/gtest.h>
@@ -32,13 +34,16 @@ protected:
     static void settle();
 
     [[nodiscard]] WaylandScreens& screens() { return *screens_; }
-    [[nodiscard]] LayerShellContext& context() { return *context_; }
+    [[nodiscard]] DockContext& context() { return *context_; }
+    /// The display as our own connection knows it.
+    [[nodiscard]] const Output& output();
 
 private:
     std::optional<WaylandConnection> connection_;
     std::optional<xdg::Appearance> appearance_;
     std::optional<WaylandScreens> screens_;
-    std::optional<LayerShellContext> context_;
+    std::optional<Seat> seat_;
+    std::optional<DockContext> context_;
 };
 
 }

@@ -36,24 +36,32 @@ std::unique_ptr<xdg::WindowList> windowList(const WaylandConnection& connection,
     return std::make_unique<NoWindows>();
 }
 
+/// Without it there are no docks; the compositor has probably just ended.
+std::unique_ptr<OwnConnection> connect() {
+    auto connection = OwnConnection::open();
+    if (!connection)
+        qFatal("The Wayland connection of the docks could not be made.");
+    return connection;
+}
+
 }
 
 WaylandWindowSystem::WaylandWindowSystem(xdg::SecondStarts& secondStarts, RunLoop& runLoop)
     : secondStarts_(secondStarts)
     , runLoop_(runLoop)
     , connection_(QtNative::display())
+    , own_(connect())
     , swaySocket_(SwayConnection::socketOf(qEnvironmentVariable("SWAYSOCK").toStdString(),
                                            connection_.compositor()))
     , windows_(windowList(connection_, swaySocket_))
-    , activationTokens_(connection_, runLoop, [this] {
-        return InputProof{QtNative::seat(connection_), QtNative::inputSerial(connection_)};
-    }) {}
+    , activationTokens_(own_->globals(), runLoop,
+                        [this] { return InputProof{seat_.get(), seat_.lastPress()}; }) {}
 
 WaylandWindowSystem::~WaylandWindowSystem() = default;
 
 std::unique_ptr<PanelWindows> WaylandWindowSystem::makePanelWindows(xdg::Appearance& appearance) {
-    appearance_ = &appearance;
-    return std::make_unique<LayerPanelWindows>(connection_, screens_, appearance);
+    return std::make_unique<LayerPanelWindows>(
+        DockContext::Needs{connection_, *own_, seat_, screens_, appearance});
 }
 
 std::unique_ptr<Accessibility>
@@ -81,8 +89,8 @@ std::unique_ptr<xdg::SystemTray> WaylandWindowSystem::makeTray() {
 /// Needed only if a panel cannot show the menu of a status item itself.
 void WaylandWindowSystem::openAtPointer(QMenu& menu) {
     pointerMenu_.reset();
-    pointerMenu_ = std::make_unique<PointerMenu>(connection_, screens_, *appearance_, menu,
-                                                 [this] { pointerMenu_.reset(); });
+    pointerMenu_ =
+        std::make_unique<PointerMenu>(connection_, menu, [this] { pointerMenu_.reset(); });
 }
 
 /// Qt asks the compositor with the token of the user's last action.

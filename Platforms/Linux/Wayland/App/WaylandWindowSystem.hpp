@@ -3,9 +3,11 @@
 
 #include "App/Absent.hpp"
 #include "App/WaylandWords.hpp"
+#include "Connection/OwnConnection.hpp"
 #include "Connection/WaylandConnection.hpp"
 #include "Displays/WaylandScreens.hpp"
 #include "Foundation/NonCopyable.hpp"
+#include "Input/Seat.hpp"
 #include "Session/ActivationTokens.hpp"
 #include "WindowSystem/WindowSystem.hpp"
 
@@ -47,7 +49,11 @@ private:
 
     xdg::SecondStarts& secondStarts_;
     RunLoop& runLoop_;
+    /// Qt's.
     WaylandConnection connection_;
+    /// For the docks.
+    std::unique_ptr<OwnConnection> own_;
+    Seat seat_{*own_};
     /// Empty under other compositors.
     std::string swaySocket_;
     NoSettingsDaemon settings_;
@@ -55,8 +61,6 @@ private:
     ActivationTokens activationTokens_;
     WaylandScreens screens_{connection_, swaySocket_};
     NoPointerTaps pointerTaps_;
-    /// Known before there are menus.
-    xdg::Appearance* appearance_ = nullptr;
     /// The menu that is open at the pointer.
     std::unique_ptr<PointerMenu> pointerMenu_;
 };

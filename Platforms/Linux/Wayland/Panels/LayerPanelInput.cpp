@@ -1,30 +1,30 @@
 /// What the user does with a dock's window: the pointer, keys, drags and menus.
 #include "Displays/WaylandScreens.hpp"
-#include "Panels/DraggedFiles.hpp"
+#include "Panels/DockContext.hpp"
 #include "Panels/LayerPanelWindow.hpp"
-#include "Panels/LayerShellContext.hpp"
 
-#include <QApplication>
-#include <QDropEvent>
 #include <QKeyEvent>
 #include <QMenu>
-#include <QMouseEvent>
+#include <QScreen>
 #include <cmath>
 #include <utility>
 
 namespace vireline::wayland {
 
+void LayerPanelWindow::pointerEntered(QPointF at) {
+    pointer_ = at;
+    isPointerOver_ = true;
+    tracker_.entered(viewPosition(pointer_));
+}
+
 /// While a frame is due, only the position at that frame is passed on. No frame is requested for a
 /// movement that changes nothing.
-void LayerPanelWindow::mouseMoveEvent(QMouseEvent* event) {
-    pointer_ = event->position();
+void LayerPanelWindow::pointerMoved(QPointF at) {
+    pointer_ = at;
     isPointerOver_ = true;
     moveIsDue_ = true;
-    if (isFrameAsked_) {
-        requestTick();
-    } else {
+    if (!isFrameAsked_)
         deliverMove();
-    }
 }
 
 void LayerPanelWindow::deliverMove() {
@@ -32,50 +32,50 @@ void LayerPanelWindow::deliverMove() {
         tracker_.moved(viewPosition(pointer_));
 }
 
-void LayerPanelWindow::mousePressEvent(QMouseEvent* event) {
+void LayerPanelWindow::pointerLeft() {
+    moveIsDue_ = false;
+    isPointerOver_ = false;
+    isButtonHeld_ = false;
+    tracker_.left(pointerState());
+}
+
+void LayerPanelWindow::buttonPressed(PointerButton button) {
     if (menu_)
-        return menu_->close();
+        return menu_->end();
     deliverMove();
-    pointer_ = event->position();
-    if (event->button() == Qt::LeftButton) {
+    switch (button) {
+    case PointerButton::left:
         isButtonHeld_ = true;
-        tracker_.pressed(viewPosition(pointer_));
-    } else if (event->button() == Qt::RightButton) {
-        tracker_.secondaryPressed(viewPosition(pointer_));
-    } else if (event->button() == Qt::MiddleButton) {
-        tracker_.middlePressed(viewPosition(pointer_));
+        return tracker_.pressed(viewPosition(pointer_));
+    case PointerButton::right:
+        return tracker_.secondaryPressed(viewPosition(pointer_));
+    case PointerButton::middle:
+        return tracker_.middlePressed(viewPosition(pointer_));
     }
 }
 
-void LayerPanelWindow::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton)
+void LayerPanelWindow::buttonReleased(PointerButton button) {
+    if (button != PointerButton::left)
         return;
     deliverMove();
-    pointer_ = event->position();
     isButtonHeld_ = false;
     tracker_.released(viewPosition(pointer_), picture_ && picture_->takesPointer(pointer_));
 }
 
-/// Keys arrive only during a drag and while a menu is open, since compositors give the keyboard to
-/// the surface and not to its popup.
-void LayerPanelWindow::keyPressEvent(QKeyEvent* event) {
-    if (menu_ && openMenu_ != nullptr) {
-        QWidget* const submenu = QApplication::activePopupWidget();
-        QCoreApplication::sendEvent(submenu == nullptr ? openMenu_ : submenu, event);
-    } else if (event->key() == Qt::Key_Escape) {
-        tracker_.cancelled();
-    }
+void LayerPanelWindow::dragEntered(const std::vector<std::string>& urls) {
+    listener_.dragEntered(urls);
 }
 
-void LayerPanelWindow::dragMoved(QDropEvent& event) {
-    const bool canDrop = listener_.dragMoved(viewPosition(event.position()));
-    event.setDropAction(DraggedFiles::chosenAction(event));
-    event.setAccepted(canDrop);
+bool LayerPanelWindow::dragMoved(QPointF at) {
+    return listener_.dragMoved(viewPosition(at));
 }
 
-void LayerPanelWindow::dropped(QDropEvent& event) {
-    event.setDropAction(DraggedFiles::chosenAction(event));
-    event.setAccepted(listener_.dropped(viewPosition(event.position())));
+void LayerPanelWindow::dragLeft() {
+    listener_.dragExited();
+}
+
+bool LayerPanelWindow::dragDropped(QPointF at) {
+    return listener_.dropped(viewPosition(at));
 }
 
 void LayerPanelWindow::checkPress() {
@@ -91,12 +91,20 @@ PointerTracker::PointerState LayerPanelWindow::pointerState() const {
 
 /// Escape has to reach the dock during a drag, but at other times it must not have the keyboard.
 void LayerPanelWindow::watchForCancel(bool watches) {
-    takeKeyboard(watches);
+    QScreen* const screen = context_.screens.qtScreen(displayID_);
+    if (!watches || !surface_ || screen == nullptr)
+        return keys_.reset();
+    const QRect anywhere{place_.topLeft(), QSize{1, 1}};
+    keys_.reset(new InvisibleSurface{
+        context_.menus, *screen, anywhere, {.keyPressed = [this](const QKeyEvent& event) {
+            keyPressed(event);
+        }}});
+    keys_->takeKeyboard();
 }
 
-void LayerPanelWindow::takeKeyboard(bool takes) {
-    if (role_)
-        role_->takeKeyboard(takes);
+void LayerPanelWindow::keyPressed(const QKeyEvent& event) {
+    if (event.key() == Qt::Key_Escape)
+        tracker_.cancelled();
 }
 
 void LayerPanelWindow::popUpMenu(const Menu& menu, const MenuPlace& place,
@@ -110,10 +118,8 @@ void LayerPanelWindow::popUpMenu(const Menu& menu, const MenuPlace& place,
     menu_ = std::make_unique<xdg::PopUpMenu>(
         menu, [this, screen, &place](QMenu& filled) { openMenu(filled, *screen, place); },
         [this, onClose = std::move(onClose)](const MenuAction& chosen) {
-            popup_.reset();
-            openMenu_ = nullptr;
+            openMenu_.reset();
             menu_.reset();
-            takeKeyboard(false);
             tracker_.menuClosed(pointerState());
             // From here on this window may be gone.
             onClose();
@@ -127,22 +133,20 @@ void LayerPanelWindow::openMenu(QMenu& menu, QScreen& screen, const MenuPlace& p
     const QPointF at = placeInQt().topLeft() + mapping_.toPixels(place.at) / mapping_.scale;
     const Point corner = MenuPlace{{at.x(), at.y()}, place.side}.corner(
         {static_cast<double>(size.width()), static_cast<double>(size.height())});
-    openMenu_ = &menu;
-    takeKeyboard(true);
-    popup_ =
-        std::make_unique<MenuPopup>(context_, *role_, menu,
-                                    MenuPopup::Place{screen,
-                                                     placeInQt(),
-                                                     {static_cast<int>(std::lround(corner.x)),
-                                                      static_cast<int>(std::lround(corner.y))}},
-                                    [this] {
-                                        // It cannot be destroyed from its own event.
-                                        QMetaObject::invokeMethod(this, lifetime_.guard([this] {
-                                            if (menu_)
-                                                menu_->end();
-                                        }),
-                                                                  Qt::QueuedConnection);
-                                    });
+    const auto end = [this] {
+        if (menu_)
+            menu_->end();
+    };
+    openMenu_ = std::make_unique<DockMenu>(
+        context_.menus, menu,
+        DockMenu::Place{
+            screen,
+            placeInQt(),
+            {static_cast<int>(std::lround(corner.x)), static_cast<int>(std::lround(corner.y))}},
+        [this, end] {
+            // It cannot be destroyed from its popup's own event.
+            QMetaObject::invokeMethod(this, lifetime_.guard(end), Qt::QueuedConnection);
+        });
 }
 
 }

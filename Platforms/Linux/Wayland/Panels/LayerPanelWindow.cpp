@@ -1,18 +1,9 @@
 #include "Panels/LayerPanelWindow.hpp"
 
-#include "Connection/QtNative.hpp"
 #include "Displays/WaylandScreens.hpp"
-#include "Panels/DraggedFiles.hpp"
-#include "Panels/LayerShellContext.hpp"
+#include "Panels/DockContext.hpp"
 #include "Toolkit/Appearance.hpp"
 
-#include <wayland-client.h>
-
-#include <QDragEnterEvent>
-#include <QEnterEvent>
-#include <QGuiApplication>
-#include <QMouseEvent>
-#include <QPlatformSurfaceEvent>
 #include <QScreen>
 #include <cmath>
 #include <utility>
@@ -39,8 +30,8 @@ QRect pixelsOf(const QRectF& rect, double scale) {
 
 }
 
-LayerPanelWindow::LayerPanelWindow(LayerShellContext& context, std::uint32_t displayID,
-                                   const Rect& frame, PanelWindowListener& listener)
+LayerPanelWindow::LayerPanelWindow(DockContext& context, std::uint32_t displayID, const Rect& frame,
+                                   PanelWindowListener& listener)
     : context_(context)
     , displayID_(displayID)
     , listener_(listener)
@@ -50,21 +41,21 @@ LayerPanelWindow::LayerPanelWindow(LayerShellContext& context, std::uint32_t dis
     , accessible_(std::make_unique<xdg::AccessibleDock>(
           xdg::DockAccess{*this, listener, "Vireline dock on " + context.screens.nameOf(displayID),
                           [this](const Rect& view) { return placeOnScreen(view); }})) {
-    LayerRole::prepare(*this);
     setTitle(QStringLiteral("Vireline dock #%1").arg(displayID));
     tracker_.setViewArea(overhang_.around(hostedFrame_.size()));
     hiddenFrames_.setSingleShot(true);
     hiddenFrames_.setInterval(hiddenFrameInterval);
     QObject::connect(&hiddenFrames_, &QTimer::timeout, this, [this] { showFrame(); });
     subscriptions_.push_back(context.screens.observeParameters([this] { displaysChanged(); }));
+    subscriptions_.push_back(context.outputs.observe([this] { displaysChanged(); }));
     subscriptions_.push_back(context.observeBlur([this] { lookChanged(); }));
     subscriptions_.push_back(context.appearance.observe([this] { lookChanged(); }));
 }
 
 LayerPanelWindow::~LayerPanelWindow() {
     menu_.reset();
-    accessible_.reset();
     removeSurface();
+    accessible_.reset();
 }
 
 /// The kit animates the content; the surface only has to be large enough for both frames.
@@ -104,40 +95,41 @@ void LayerPanelWindow::orderOut() {
     tracker_.hidden();
 }
 
+/// The display as our own connection knows it; null if it, or Qt, does not know it.
+const Output* LayerPanelWindow::output() const {
+    return context_.outputs.named(context_.screens.nameOf(displayID_));
+}
+
 void LayerPanelWindow::makeSurface() {
-    QScreen* const screen = context_.screens.qtScreen(displayID_);
-    if (screen == nullptr || role_)
+    const Output* const shownOn = output();
+    if (shownOn == nullptr || surface_)
         return;
-    // Qt may have made a surface of its own while the window's screen was gone.
-    destroy();
     relayout();
-    role_ = std::make_unique<LayerRole>(
-        context_, *this, *screen, place_,
-        LayerRole::Events{[this] { configured(); }, [this] { closedByCompositor(); }});
+    surface_ = std::make_unique<DockSurface>(context_, *shownOn, place_, *this,
+                                             DockSurface::Events{[this] { configured(); },
+                                                                 [this] { closedByCompositor(); },
+                                                                 [this] { frameDue(); }});
 }
 
-/// Qt 6.4 destroys the surface of a visible window before it sends `SurfaceAboutToBeDestroyed`.
 void LayerPanelWindow::removeSurface() {
-    dropRoles();
-    destroy();
-}
-
-/// The surface's roles must go before it does, those of popups first.
-void LayerPanelWindow::dropRoles() {
-    popup_.reset();
+    openMenu_.reset();
+    keys_.reset();
     picture_.reset();
-    role_.reset();
-    isConfigured_ = false;
+    if (std::exchange(surface_, nullptr))
+        accessible_->setShown(false);
     isPointerOver_ = false;
+    if (isFrameAsked_)
+        requestTick();
 }
 
+/// Also called when the surface's scale has changed.
 void LayerPanelWindow::configured() {
-    if (std::exchange(isConfigured_, true))
-        return;
-    picture_ = std::make_unique<LayerPicture>(context_, *this);
-    picture_->setScene(scene_);
-    setVisible(true);
-    hiddenFrames_.stop();
+    if (!picture_) {
+        picture_ = std::make_unique<LayerPicture>(context_, *surface_);
+        picture_->setScene(scene_);
+        accessible_->setShown(true);
+        hiddenFrames_.stop();
+    }
     updateIsDue_ = true;
     update();
     if (isFrameAsked_)
@@ -159,6 +151,9 @@ void LayerPanelWindow::closedByCompositor() {
 void LayerPanelWindow::displaysChanged() {
     if (isWanted_)
         makeSurface();
+    const Output* const shownOn = output();
+    if (surface_ && shownOn != nullptr)
+        surface_->follow(*shownOn);
     updateSoon();
 }
 
@@ -168,71 +163,29 @@ void LayerPanelWindow::lookChanged() {
     updateSoon();
 }
 
-bool LayerPanelWindow::event(QEvent* event) {
-    switch (event->type()) {
-    case QEvent::PlatformSurface:
-        if (static_cast<QPlatformSurfaceEvent*>(event)->surfaceEventType() ==
-            QPlatformSurfaceEvent::SurfaceAboutToBeDestroyed)
-            dropRoles();
-        break;
-    case QEvent::Expose:
-        // Qt sends this when the surface's scale has changed, too.
-        if (picture_ && isExposed() && !isPlacing_) {
-            updateIsDue_ = true;
-            update();
-            picture_->repaint();
-        }
-        break;
-    case QEvent::UpdateRequest:
-        showFrame();
-        return true;
-    case QEvent::Enter:
-        pointer_ = static_cast<QEnterEvent*>(event)->position();
-        isPointerOver_ = true;
-        tracker_.entered(viewPosition(pointer_));
-        break;
-    case QEvent::Leave:
-        moveIsDue_ = false;
-        isPointerOver_ = false;
-        isButtonHeld_ = false;
-        tracker_.left(pointerState());
-        break;
-    case QEvent::DragEnter:
-        listener_.dragEntered(
-            DraggedFiles::urls(*static_cast<QDragEnterEvent*>(event)->mimeData()));
-        event->accept();
-        return true;
-    case QEvent::DragMove:
-        dragMoved(*static_cast<QDropEvent*>(event));
-        return true;
-    case QEvent::DragLeave:
-        listener_.dragExited();
-        return true;
-    case QEvent::Drop:
-        dropped(*static_cast<QDropEvent*>(event));
-        return true;
-    case QEvent::Close:
-        // A dock is closed only together with its display.
-        event->ignore();
-        return true;
-    default:
-        break;
-    }
-    return QWindow::event(event);
-}
-
 void LayerPanelWindow::requestFrame() {
     isFrameAsked_ = true;
     requestTick();
 }
 
-/// A visible surface gets its frames from the compositor: none while its display is off.
+/// A visible surface gets its frames from the compositor, none while its display is off, but the
+/// first one at once.
 void LayerPanelWindow::requestTick() {
-    if (picture_) {
-        requestUpdate();
-    } else if (!hiddenFrames_.isActive()) {
-        hiddenFrames_.start();
+    if (!picture_) {
+        if (!hiddenFrames_.isActive())
+            hiddenFrames_.start();
+    } else if (!surface_->isFramePending() && !std::exchange(tickIsDue_, true)) {
+        QMetaObject::invokeMethod(this, lifetime_.guard([this] {
+            tickIsDue_ = false;
+            showFrame();
+        }),
+                                  Qt::QueuedConnection);
     }
+}
+
+void LayerPanelWindow::frameDue() {
+    if (isFrameAsked_ || moveIsDue_)
+        showFrame();
 }
 
 /// Whatever is presented for a frame is shown in that frame.
@@ -263,37 +216,17 @@ void LayerPanelWindow::update() {
     bool hasMoved = false;
     if (isDue) {
         relayout();
-        hasMoved = moveToPlace();
+        hasMoved = place_ != surface_->place();
+        if (hasMoved)
+            surface_->setPlace(place_);
     }
     picture_->update(hasMoved, isFrameAsked_);
 }
 
-/// Returns whether the surface has to be committed for that.
-bool LayerPanelWindow::moveToPlace() {
-    const bool hasMoved = place_ != role_->place();
-    if (hasMoved) {
-        redrawBelow();
-        role_->setPlace(place_);
-    }
-    // Qt reports an exposure from within, but there is nothing to show yet.
-    isPlacing_ = true;
-    if (geometry() != placeInQt())
-        setGeometry(placeInQt());
-    isPlacing_ = false;
-    return hasMoved;
-}
-
-/// Has the compositor draw everything at the surface's present place again. sway 1.7 forgets the
-/// old place of a surface that moves or shrinks, except on the output at the layout's origin.
-void LayerPanelWindow::redrawBelow() {
-    wl_surface* const surface = QtNative::surface(*this);
-    wl_surface_damage(surface, 0, 0, role_->place().width(), role_->place().height());
-    wl_surface_commit(surface);
-}
-
 void LayerPanelWindow::relayout() {
     place_ = whole(extentBefore_.value_or(extent()));
-    const double scale = handle() != nullptr ? devicePixelRatio() : 1;
+    setGeometry(placeInQt());
+    const double scale = surface_ ? surface_->scale() : 1;
     const QRectF view{frame_.x() + hostedFrame_.x,
                       frame_.y() + frame_.height() - hostedFrame_.y - hostedFrame_.height,
                       hostedFrame_.width, hostedFrame_.height};

@@ -1,14 +1,16 @@
-/// The window of one dock on Wayland: a window of Qt's that Qt gives no role, so that it can be
-/// ours, a layer surface. Qt paints it and delivers its events.
+/// The window of one dock on Wayland: a layer surface on a connection of our own. For Qt it is a
+/// window without a surface, by which assistive technology finds the dock.
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
 #include "Foundation/ScopedHandle.hpp"
+#include "Input/SurfaceInput.hpp"
 #include "Painting/ViewMapping.hpp"
 #include "Panels/Accessible/AccessibleDock.hpp"
+#include "Panels/DockMenu.hpp"
+#include "Panels/DockSurface.hpp"
+#include "Panels/InvisibleSurface.hpp"
 #include "Panels/LayerPicture.hpp"
-#include "Panels/LayerRole.hpp"
-#include "Panels/MenuPopup.hpp"
 #include "Platform/PanelWindow.hpp"
 #include "Toolkit/PopUpMenu.hpp"
 #include "Views/PointerTracker.hpp"
@@ -19,15 +21,17 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace vireline::wayland {
 
-class LayerShellContext;
+class DockContext;
+class Output;
 
-class LayerPanelWindow final : public QWindow, public PanelWindow {
+class LayerPanelWindow final : public QWindow, public PanelWindow, public SurfaceInput {
 public:
-    LayerPanelWindow(LayerShellContext& context, std::uint32_t displayID, const Rect& frame,
+    LayerPanelWindow(DockContext& context, std::uint32_t displayID, const Rect& frame,
                      PanelWindowListener& listener);
     ~LayerPanelWindow() override;
 
@@ -46,45 +50,47 @@ public:
     [[nodiscard]] QAccessibleInterface* accessibleRoot() const override;
 
 private:
-    bool event(QEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void dragMoved(QDropEvent& event);
-    void dropped(QDropEvent& event);
+    [[nodiscard]] double pixelsPerPoint() const override { return mapping_.scale; }
+    void pointerEntered(QPointF at) override;
+    void pointerMoved(QPointF at) override;
+    void pointerLeft() override;
+    void buttonPressed(PointerButton button) override;
+    void buttonReleased(PointerButton button) override;
+    void dragEntered(const std::vector<std::string>& urls) override;
+    [[nodiscard]] bool dragMoved(QPointF at) override;
+    void dragLeft() override;
+    [[nodiscard]] bool dragDropped(QPointF at) override;
 
     void makeSurface();
     void removeSurface();
-    void dropRoles();
     void configured();
     void closedByCompositor();
     void displaysChanged();
     void lookChanged();
-    void takeKeyboard(bool takes);
     void openMenu(QMenu& menu, QScreen& screen, const MenuPlace& place);
+    void keyPressed(const QKeyEvent& event);
     void requestTick();
+    void frameDue();
     void showFrame();
     void deliverMove();
     void updateSoon();
     void update();
     void relayout();
-    void redrawBelow();
-    bool moveToPlace();
 
+    [[nodiscard]] const Output* output() const;
     /// Converts from global coordinates to those relative to the display.
     [[nodiscard]] QRectF onDisplay(const Rect& global) const;
     /// The frame including its overhang, relative to the display.
     [[nodiscard]] QRectF extent() const;
     /// The surface in Qt's screen coordinates.
     [[nodiscard]] QRect placeInQt() const;
-    /// Converts a position on the surface, as Qt reports it, to the view's coordinates.
+    /// Converts a position on the surface to the view's coordinates.
     [[nodiscard]] Point viewPosition(QPointF position) const;
     [[nodiscard]] PointerTracker::PointerState pointerState() const;
     /// Converts a part of the view to Qt's screen coordinates.
     [[nodiscard]] QRect placeOnScreen(const Rect& view) const;
 
-    LayerShellContext& context_;
+    DockContext& context_;
     std::uint32_t displayID_;
     PanelWindowListener& listener_;
     PointerTracker tracker_;
@@ -102,11 +108,10 @@ private:
     xdg::ViewMapping mapping_;
     Scene scene_;
     bool isWanted_ = false;
-    bool isConfigured_ = false;
     bool updateIsDue_ = false;
     bool isFrameAsked_ = false;
     bool isInFrame_ = false;
-    bool isPlacing_ = false;
+    bool tickIsDue_ = false;
     /// The last place of the pointer on the surface, whether it is there, and whether the primary
     /// button is held.
     QPointF pointer_;
@@ -115,11 +120,13 @@ private:
     bool moveIsDue_ = false;
     /// Paces frames while there is no surface.
     QTimer hiddenFrames_;
-    std::unique_ptr<LayerRole> role_;
+    std::unique_ptr<DockSurface> surface_;
+    /// Null before the compositor is ready for the surface's content.
     std::unique_ptr<LayerPicture> picture_;
     std::unique_ptr<xdg::PopUpMenu> menu_;
-    std::unique_ptr<MenuPopup> popup_;
-    QMenu* openMenu_ = nullptr;
+    std::unique_ptr<DockMenu> openMenu_;
+    /// Gets the keys during a drag.
+    InvisibleSurface::Retiring keys_;
     std::unique_ptr<xdg::AccessibleDock> accessible_;
     std::vector<Subscription> subscriptions_;
     Lifetime lifetime_;

@@ -13,9 +13,7 @@ constexpr std::chrono::milliseconds fontDelay{400};
 
 }
 
-LayerPanelWindows::LayerPanelWindows(WaylandConnection& connection, WaylandScreens& screens,
-                                     xdg::Appearance& appearance)
-    : context_(connection, screens, appearance) {
+LayerPanelWindows::LayerPanelWindows(const DockContext::Needs& needs) : context_(needs) {
     QObject::connect(&fontIsDue_, &QTimer::timeout, &xdg::LabelPainter::prepareFont);
     fontIsDue_.setSingleShot(true);
     fontIsDue_.start(fontDelay);

@@ -1,7 +1,7 @@
 /// Creates the docks' windows on Wayland and owns what they share.
 #pragma once
 
-#include "Panels/LayerShellContext.hpp"
+#include "Panels/DockContext.hpp"
 #include "Platform/PanelWindow.hpp"
 
 #include <QTimer>
@@ -10,15 +10,13 @@ namespace vireline::wayland {
 
 class LayerPanelWindows final : public PanelWindows {
 public:
-    /// See `LayerShellContext`.
-    LayerPanelWindows(WaylandConnection& connection, WaylandScreens& screens,
-                      xdg::Appearance& appearance);
+    explicit LayerPanelWindows(const DockContext::Needs& needs);
 
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanel(std::uint32_t displayID, const Rect& frame,
                                                          PanelWindowListener& listener) override;
 
 private:
-    LayerShellContext context_;
+    DockContext context_;
     QTimer fontIsDue_;
 };
 

@@ -1,27 +1,27 @@
-/// Shows a dock's picture on its surface: pixels through Qt's backing store, and the regions for
-/// input and blur.
+/// Shows a dock's picture on its surface: pixels, and the regions for input and blur.
 #pragma once
 
 #include "Foundation/NonCopyable.hpp"
 #include "Panels/BlurredRegion.hpp"
 #include "Panels/PanelPicture.hpp"
+#include "Panels/PictureBuffers.hpp"
 
-#include <QBackingStore>
-#include <QImage>
+#include <QPointF>
 #include <QRegion>
-
-class QWindow;
+#include <optional>
 
 namespace vireline::wayland {
 
-class LayerShellContext;
+class DockContext;
+class DockSurface;
 
 class LayerPicture : private NonCopyable {
 public:
-    /// Both must outlive this object; the window must have a surface.
-    LayerPicture(const LayerShellContext& context, QWindow& window);
+    /// Both must outlive this object.
+    LayerPicture(const DockContext& context, DockSurface& surface);
 
     void setScene(const Scene& scene) { picture_.setScene(scene); }
+    /// A layout for which there is no memory is not shown.
     void setLayout(const xdg::PanelLayout& layout);
     /// The colours or the backdrop have changed.
     void lookChanged() { picture_.damageAll(); }
@@ -29,10 +29,8 @@ public:
     /// Paints what changed and commits the surface, also if only a region or the surface's place
     /// has changed. `awaitsFrame` makes the compositor announce the next frame in any case.
     void update(bool mustCommit, bool awaitsFrame);
-    /// Commits everything again.
-    void repaint();
 
-    /// Whether the window receives the pointer at this position of the surface.
+    /// Whether the surface receives the pointer at this position.
     [[nodiscard]] bool takesPointer(QPointF position) const;
 
 private:
@@ -40,14 +38,14 @@ private:
     [[nodiscard]] QRegion logical(const QRegion& pixels) const;
     bool applyInput();
     void applyBlur();
-    void flush(const QRegion& pixels);
+    void paint();
 
-    const LayerShellContext& context_;
-    QWindow& window_;
-    QBackingStore store_;
-    QImage canvas_;
+    const DockContext& context_;
+    DockSurface& surface_;
+    PictureBuffers buffers_;
     xdg::PanelPicture picture_;
-    QRegion input_;
+    /// nullopt before the surface has one.
+    std::optional<QRegion> input_;
     BlurredRegion blurred_;
 };
 

@@ -1,13 +1,10 @@
 #include "Panels/LayerRole.hpp"
 
 #include "Connection/LayerShell.hpp"
-#include "Connection/QtNative.hpp"
-#include "Panels/LayerShellContext.hpp"
+#include "Connection/WaylandConnection.hpp"
 
 #include <wayland-client.h>
 
-#include <QScreen>
-#include <QWindow>
 #include <utility>
 
 namespace vireline::wayland {
@@ -16,13 +13,6 @@ namespace {
 /// The purpose of the surface. KWin takes one of this name for a panel, and any other for an
 /// ordinary window, which it would give the keyboard with each click.
 constexpr const char* purpose = "dock";
-
-wl_surface* makeSurface(QWindow& window, QScreen& screen, const QRect& place) {
-    window.setScreen(&screen);
-    window.setGeometry(place.translated(screen.geometry().topLeft()));
-    window.create();
-    return QtNative::surface(window);
-}
 
 }
 
@@ -40,21 +30,12 @@ struct LayerRole::Listener {
                                                              .closed = closed};
 };
 
-void LayerRole::prepare(QWindow& window) {
-    window.setFlags(Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus |
-                    Qt::BypassWindowManagerHint);
-    QSurfaceFormat format;
-    format.setAlphaBufferSize(8);
-    window.setFormat(format);
-}
-
-LayerRole::LayerRole(const LayerShellContext& context, QWindow& window, QScreen& screen,
-                     const QRect& place, Events events)
-    : context_(context)
+LayerRole::LayerRole(const WaylandConnection& connection, zwlr_layer_shell_v1& shell,
+                     wl_surface& surface, wl_output* output, const QRect& place, Events events)
+    : connection_(connection)
     , events_(std::move(events))
-    , surface_(makeSurface(window, screen, place))
-    , role_(zwlr_layer_shell_v1_get_layer_surface(context.shell.get(), surface_,
-                                                  QtNative::output(screen),
+    , surface_(surface)
+    , role_(zwlr_layer_shell_v1_get_layer_surface(&shell, &surface, output,
                                                   ZWLR_LAYER_SHELL_V1_LAYER_TOP, purpose)) {
     zwlr_layer_surface_v1_add_listener(role_.get(), &Listener::listener, this);
     zwlr_layer_surface_v1_set_anchor(role_.get(), ZWLR_LAYER_SURFACE_V1_ANCHOR_TOP |
@@ -63,8 +44,8 @@ LayerRole::LayerRole(const LayerShellContext& context, QWindow& window, QScreen&
     constexpr int ignoresPanels = -1;
     zwlr_layer_surface_v1_set_exclusive_zone(role_.get(), ignoresPanels);
     setPlace(place);
-    wl_surface_commit(surface_);
-    context.connection.flush();
+    wl_surface_commit(&surface_);
+    connection_.flush();
 }
 
 void LayerRole::setPlace(const QRect& place) {
@@ -78,12 +59,11 @@ void LayerRole::setPlace(const QRect& place) {
     place_ = place;
 }
 
-void LayerRole::takeKeyboard(bool takes) {
+void LayerRole::takeKeyboard() {
     zwlr_layer_surface_v1_set_keyboard_interactivity(
-        role_.get(), takes ? ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_EXCLUSIVE
-                           : ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_NONE);
-    wl_surface_commit(surface_);
-    context_.connection.flush();
+        role_.get(), ZWLR_LAYER_SURFACE_V1_KEYBOARD_INTERACTIVITY_EXCLUSIVE);
+    wl_surface_commit(&surface_);
+    connection_.flush();
 }
 
 void LayerRole::adopt(xdg_popup& popup) const {

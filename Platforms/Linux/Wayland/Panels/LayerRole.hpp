@@ -1,5 +1,5 @@
-/// Makes the surface of a window of Qt's a layer surface: above other windows, without the
-/// keyboard, at a fixed place on a display. Destroyed before its surface.
+/// Makes a surface a layer surface: above other windows, without the keyboard, at a fixed place on
+/// a display. Destroyed before its surface.
 #pragma once
 
 #include "Connection/Proxies.hpp"
@@ -8,12 +8,9 @@
 #include <QRect>
 #include <functional>
 
-class QScreen;
-class QWindow;
-
 namespace vireline::wayland {
 
-class LayerShellContext;
+class WaylandConnection;
 
 class LayerRole : private NonCopyable {
 public:
@@ -24,21 +21,19 @@ public:
         std::function<void()> closed;
     };
 
-    /// Prepares a new window for a role that Qt does not give it, and for translucent pixels.
-    static void prepare(QWindow& window);
-
-    /// Makes the window's surface on that screen. Nothing may be painted before the compositor has
-    /// configured the role. The context must outlive this object.
-    LayerRole(const LayerShellContext& context, QWindow& window, QScreen& screen,
-              const QRect& place, Events events);
+    /// Nothing may be shown on the surface before the compositor has configured the role. The
+    /// connection must outlive this object.
+    LayerRole(const WaylandConnection& connection, zwlr_layer_shell_v1& shell, wl_surface& surface,
+              wl_output* output, const QRect& place, Events events);
 
     /// Relative to the display's top-left corner, whatever other panels reserve. Takes effect when
     /// the surface is next committed.
     void setPlace(const QRect& place);
     [[nodiscard]] const QRect& place() const noexcept { return place_; }
 
-    /// Whether the surface gets the keyboard instead of windows. Takes effect at once.
-    void takeKeyboard(bool takes);
+    /// Gives the surface the keyboard instead of windows, until it is destroyed. Takes effect at
+    /// once.
+    void takeKeyboard();
 
     /// Makes a popup a child of the surface.
     void adopt(xdg_popup& popup) const;
@@ -46,9 +41,9 @@ public:
 private:
     struct Listener;
 
-    const LayerShellContext& context_;
+    const WaylandConnection& connection_;
     Events events_;
-    wl_surface* surface_;
+    wl_surface& surface_;
     QRect place_;
     Proxy<zwlr_layer_surface_v1> role_;
 };

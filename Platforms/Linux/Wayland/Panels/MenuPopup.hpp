@@ -1,4 +1,4 @@
-/// Opens a menu as a popup of a dock's surface. Qt cannot do that itself, since its popups need a
+/// Opens a menu as a popup of a layer surface. Qt cannot do that itself, since its popups need a
 /// parent with a role of Qt's own.
 #pragma once
 
@@ -26,7 +26,7 @@ class MenuPopup : private NonCopyable {
 public:
     struct Place {
         QScreen& screen;
-        /// The dock's surface, in Qt's screen coordinates.
+        /// That surface, in Qt's screen coordinates.
         QRect parent;
         /// The menu's top-left corner, as far as there is room.
         QPoint corner;

@@ -1,9 +1,9 @@
 #include "Panels/PointerMenu.hpp"
 
+#include "Panels/DockMenu.hpp"
 #include "Toolkit/MenuCorner.hpp"
 
-#include <QApplication>
-#include <QKeyEvent>
+#include <QGuiApplication>
 #include <QMenu>
 #include <QScreen>
 #include <algorithm>
@@ -13,14 +13,15 @@
 namespace vireline::wayland {
 namespace {
 
-/// A compositor with a pointer has told by then where it is.
+/// A compositor that shows a cover and has a pointer has told by then where it is.
 constexpr std::chrono::milliseconds pointerTimeout{300};
+/// By then a compositor has shown a cover, unless it refuses.
+constexpr std::chrono::milliseconds coverTimeout{1000};
 
 }
 
-PointerMenu::PointerMenu(WaylandConnection& connection, WaylandScreens& screens,
-                         xdg::Appearance& appearance, QMenu& menu, std::function<void()> onClosed)
-    : context_(connection, screens, appearance), menu_(&menu), onClosed_(std::move(onClosed)) {
+PointerMenu::PointerMenu(WaylandConnection& connection, QMenu& menu, std::function<void()> onClosed)
+    : context_(connection), menu_(&menu), onClosed_(std::move(onClosed)) {
     menu.installEventFilter(this);
     for (QScreen* const screen : QGuiApplication::screens()) {
         // Qt's placeholder while there is no display.
@@ -29,7 +30,7 @@ PointerMenu::PointerMenu(WaylandConnection& connection, WaylandScreens& screens,
     }
     QObject::connect(&noPointer_, &QTimer::timeout, this, [this] { openWithoutPointer(); });
     noPointer_.setSingleShot(true);
-    noPointer_.start(pointerTimeout);
+    noPointer_.start(coverTimeout);
 }
 
 PointerMenu::~PointerMenu() {
@@ -40,24 +41,30 @@ PointerMenu::~PointerMenu() {
 }
 
 void PointerMenu::cover(QScreen& screen) {
-    covers_.push_back(std::make_unique<ScreenCover>(
-        context_, screen,
-        ScreenCover::Events{
-            [this](ScreenCover& cover, QPoint place) { openAt(cover, place); },
-            [this] { closeSoon(); },
-            [this](QKeyEvent& event) { pass(event); },
-            [this] {
-                popup_.reset();
-                closeSoon();
-            },
+    covers_.push_back(std::make_unique<InvisibleSurface>(
+        context_, screen, QRect{{0, 0}, screen.geometry().size()},
+        InvisibleSurface::Events{
+            .shown =
+                [this] {
+                    if (!popup_)
+                        noPointer_.start(pointerTimeout);
+                },
+            .pointed = [this](InvisibleSurface& cover, QPoint place) { openAt(cover, place); },
+            .pressed = [this] { closeSoon(); },
+            .keyPressed = &DockMenu::pass,
+            .closed =
+                [this] {
+                    popup_.reset();
+                    closeSoon();
+                },
         }));
 }
 
-void PointerMenu::openAt(ScreenCover& cover, QPoint place) {
+void PointerMenu::openAt(InvisibleSurface& cover, QPoint place) {
     if (popup_ || !menu_ || menu_->isVisible() || cover.role() == nullptr)
         return;
     noPointer_.stop();
-    cover.role()->takeKeyboard(true);
+    cover.takeKeyboard();
     QScreen& screen = *cover.screen();
     const QPoint corner = xdg::MenuCorner::at(place, menu_->sizeHint(), screen.geometry());
     popup_ = std::make_unique<MenuPopup>(context_, *cover.role(), *menu_,
@@ -72,13 +79,6 @@ void PointerMenu::openWithoutPointer() {
         closeSoon();
     else
         openAt(**shown, (*shown)->geometry().center());
-}
-
-/// Compositors give the keyboard to the surface and not to its popup.
-void PointerMenu::pass(QKeyEvent& event) {
-    QWidget* const submenu = QApplication::activePopupWidget();
-    if (submenu != nullptr)
-        QCoreApplication::sendEvent(submenu, &event);
 }
 
 /// Queued, since neither the popup nor a cover can be destroyed from its own event.

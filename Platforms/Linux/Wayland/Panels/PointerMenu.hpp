@@ -4,9 +4,9 @@
 #pragma once
 
 #include "Foundation/NonCopyable.hpp"
+#include "Panels/InvisibleSurface.hpp"
 #include "Panels/LayerShellContext.hpp"
 #include "Panels/MenuPopup.hpp"
-#include "Panels/ScreenCover.hpp"
 
 #include <QObject>
 #include <QPoint>
@@ -24,22 +24,20 @@ class PointerMenu final : public QObject, private NonCopyable {
 public:
     /// `onClosed` is called once, after the menu has been hidden, and may destroy this object. The
     /// others must outlive it, except the menu, which may be deleted after it has been hidden.
-    PointerMenu(WaylandConnection& connection, WaylandScreens& screens, xdg::Appearance& appearance,
-                QMenu& menu, std::function<void()> onClosed);
+    PointerMenu(WaylandConnection& connection, QMenu& menu, std::function<void()> onClosed);
     ~PointerMenu() override;
 
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void cover(QScreen& screen);
-    void openAt(ScreenCover& cover, QPoint place);
+    void openAt(InvisibleSurface& cover, QPoint place);
     void openWithoutPointer();
-    void pass(QKeyEvent& event);
     void closeSoon();
 
     LayerShellContext context_;
     QPointer<QMenu> menu_;
     std::function<void()> onClosed_;
-    std::vector<std::unique_ptr<ScreenCover>> covers_;
+    std::vector<std::unique_ptr<InvisibleSurface>> covers_;
     /// Null before the pointer has been found.
     std::unique_ptr<MenuPopup> popup_;
     QTimer noPointer_;

@@ -1,0 +1,52 @@
+/// The memory that a dock's pictures are painted in. A picture is never painted where the
+/// compositor still reads another.
+#pragma once
+
+#include "Connection/SharedImage.hpp"
+#include "Foundation/NonCopyable.hpp"
+#include "Painting/Damage.hpp"
+
+#include <QImage>
+#include <QSize>
+#include <cstddef>
+#include <vector>
+
+namespace vireline::wayland {
+
+class PictureBuffers : private NonCopyable {
+public:
+    /// Compositors read one buffer and hold on to the one before. One that holds more may see a
+    /// picture change.
+    static constexpr std::size_t maximum = 4;
+
+    explicit PictureBuffers(wl_shm& memory) : memory_(memory) {}
+
+    /// The size in pixels. A new size makes the content transparent. Returns false if there is no
+    /// memory for it; the size is empty then.
+    [[nodiscard]] bool resize(QSize size);
+    [[nodiscard]] QSize size() const noexcept { return size_; }
+
+    /// The image to paint on, with the content of the latest picture. The size may not be empty.
+    [[nodiscard]] QImage& next();
+    /// The latest picture has been painted on `next`, and differs there from the one before.
+    /// Returns its buffer, to be attached to a surface.
+    [[nodiscard]] wl_buffer& finish(const xdg::Damage& changed);
+
+private:
+    struct Buffer {
+        std::unique_ptr<SharedImage> shared;
+        /// Where it differs from the latest picture.
+        xdg::Damage outdated;
+    };
+
+    [[nodiscard]] std::size_t freeBuffer();
+
+    wl_shm& memory_;
+    QSize size_;
+    /// Not empty unless the size is.
+    std::vector<Buffer> buffers_;
+    std::size_t latest_ = 0;
+    std::size_t next_ = 0;
+};
+
+}
