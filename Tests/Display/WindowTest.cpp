@@ -67,6 +67,8 @@ void EventLog::pointerEvent(const PointerEvent& event) {
         word += ' ' + place(event.position);
     }
     words.push_back(word);
+    if (onPointer)
+        onPointer();
 }
 
 void EventLog::dragEntered(const std::vector<std::string>& urls) {

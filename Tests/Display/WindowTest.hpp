@@ -42,6 +42,8 @@ public:
     bool takesDrops = true;
     std::vector<AccessibleTile> tiles;
     int tilesAsked = 0;
+    /// Called after each pointer event, if set.
+    std::function<void()> onPointer;
 };
 
 class WindowTest : public testing::Test {

@@ -162,6 +162,10 @@ struct Scene {
     /// animations start from the node's old position on the display when the view moves.
     Point viewPlace = {};
 
+    /// Whether nodes move with every movement of the pointer along the dock. If not, a window may
+    /// look at the pointer less often than once per frame.
+    bool followsPointer = false;
+
     bool operator==(const Scene&) const = default;
 };
 

@@ -172,6 +172,7 @@ void Animator::setTarget(const Scene& scene, double now, bool reducesMotion) {
     next_.clear();
     inputRegion_ = scene.inputRegion;
     viewPlace_ = scene.viewPlace;
+    frame_.followsPointer = scene.followsPointer;
 }
 
 const Scene& Animator::frame(double now) {

@@ -144,6 +144,7 @@ Scene DockRootView::makeExpandedScene() {
     shownDragged_ = gestures_.dragged();
     Scene scene = DockScene::expanded(look);
     scene.inputRegion = inputRegion();
+    scene.followsPointer = request_.cursorAxis.has_value() || gestures_.dragged().has_value();
     return scene;
 }
 

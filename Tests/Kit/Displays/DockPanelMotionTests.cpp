@@ -88,6 +88,24 @@ TEST_F(DockPanelTest, AChangeDuringAFadeIsShownWithTheNextFrame) {
     EXPECT_TRUE(window().isFrameRequested()) << "tiles move while the label fades";
 }
 
+TEST_F(DockPanelTest, ItsPictureFollowsThePointerOnlyWhileTilesAreMagnifiedOrDragged) {
+    dock.setTiles(2, 0);
+    show(bottomSpec, false);
+    const Point icon = firstIconCenter();
+    const auto followsAfter = [&](PointerEvent::Kind kind, Point at) {
+        window().listener().pointerEvent({kind, at});
+        return scene().followsPointer;
+    };
+
+    EXPECT_FALSE(followsAfter(PointerEvent::Kind::moved, icon)) << "only the label changes";
+    EXPECT_FALSE(followsAfter(PointerEvent::Kind::pressed, icon));
+    EXPECT_TRUE(followsAfter(PointerEvent::Kind::moved, {icon.x + 20, icon.y}));
+    EXPECT_FALSE(followsAfter(PointerEvent::Kind::released, {icon.x + 20, icon.y}));
+    dock.model.magnification.set(1.5);
+    EXPECT_TRUE(followsAfter(PointerEvent::Kind::moved, icon));
+    EXPECT_FALSE(followsAfter(PointerEvent::Kind::exited, {}));
+}
+
 TEST_F(DockPanelTest, ADesktopThatAsksForLessMotionGetsNone) {
     dock.platform.motionSettings.reduces = true;
     dock.setTiles(2, 0);

@@ -298,7 +298,9 @@ void QtPanelWindow::update() {
 /// Whatever is presented for a frame is shown in that frame.
 void QtPanelWindow::showFrame() {
     const bool wasAsked = std::exchange(isFrameAsked_, false);
+    isSampling_ = true;
     pointer_.sample();
+    isSampling_ = false;
     if (std::exchange(isFrameAsked_, false) || wasAsked) {
         isInFrame_ = true;
         listener_.frameDue();
@@ -341,10 +343,6 @@ QPointF QtPanelWindow::pixel(QPointF position) const {
     return position * devicePixelRatio();
 }
 
-Point QtPanelWindow::viewPosition(QPointF pixel) const {
-    return mapping_.toView(pixel);
-}
-
 bool QtPanelWindow::takesPointer(QPointF pixel) const {
     const int x = static_cast<int>(std::floor(pixel.x()));
     const int y = static_cast<int>(std::floor(pixel.y()));
@@ -362,7 +360,8 @@ QAccessibleInterface* QtPanelWindow::accessibleRoot() const {
 
 void QtPanelWindow::requestFrame() {
     isFrameAsked_ = true;
-    requestTick();
+    if (!isSampling_)
+        requestTick();
 }
 
 void QtPanelWindow::requestTick() {

@@ -69,8 +69,13 @@ private:
     void showFrame();
 
     [[nodiscard]] bool takesPointer(QPointF pixel) const override;
-    [[nodiscard]] Point viewPosition(QPointF pixel) const override;
+    [[nodiscard]] Point viewPosition(QPointF pixel) const override {
+        return mapping_.toView(pixel);
+    }
     void requestTick() override;
+    [[nodiscard]] bool followsPointer() const override {
+        return picture_ && picture_->scene().followsPointer;
+    }
     [[nodiscard]] bool isFrameRequested() const override { return isFrameAsked_; }
 
     /// The frame including its overhang, in global coordinates.
@@ -104,6 +109,8 @@ private:
     bool updateIsDue_ = false;
     bool isFrameAsked_ = false;
     bool isInFrame_ = false;
+    /// What the dock requests now is shown in the current frame.
+    bool isSampling_ = false;
     /// Who keeps the X window in place.
     Keeper keptBy_;
     /// The current X window; Qt creates a new one when the screen is lost.

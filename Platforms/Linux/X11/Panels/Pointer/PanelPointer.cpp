@@ -9,10 +9,11 @@ namespace {
 /// Milliseconds between two checks of a pointer that another client has grabbed.
 constexpr int doubtInterval = 250;
 
-/// Milliseconds until the next frame is requested for a sample after a movement that changed
-/// nothing, as within a tile of a dock that does not magnify. Two frames of usual displays: while a
-/// dock magnifies, a movement across it changes nothing either, and one that follows along it must
-/// not be seen to start late. Longer than a fade's frame, which takes a sample too.
+/// Milliseconds until the next frame is requested for a sample after a movement that moved nothing,
+/// as on a dock that does not magnify, where at most the label changes. Two frames of usual
+/// displays: on a dock that magnifies, a movement across it changes nothing either, and one that
+/// follows along it must not be seen to start late. Longer than a fade's frame, which takes a
+/// sample too.
 constexpr int pauseInterval = 33;
 
 }
@@ -129,8 +130,12 @@ void PanelPointer::sample() {
 }
 
 void PanelPointer::follow() {
-    if (sampler_ && sampler_->isSampling() && !pause_.isActive())
+    if (!sampler_ || !sampler_->isSampling() || pause_.isActive())
+        return;
+    if (owner_.followsPointer() || tracker_.isPressed())
         owner_.requestTick();
+    else
+        pause_.start();
 }
 
 PointerTracker::PointerState PanelPointer::pointerState() const {

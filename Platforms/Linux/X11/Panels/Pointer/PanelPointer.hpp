@@ -26,6 +26,8 @@ public:
         [[nodiscard]] virtual Point viewPosition(QPointF pixel) const = 0;
         /// Causes `sample` to be called in the next frame.
         virtual void requestTick() = 0;
+        /// Whether what the dock shows moves with every movement of the pointer along it.
+        [[nodiscard]] virtual bool followsPointer() const = 0;
         /// Whether the dock has requested a frame since the current one began.
         [[nodiscard]] virtual bool isFrameRequested() const = 0;
     };
@@ -67,7 +69,7 @@ private:
     xcb_window_t window_ = XCB_NONE;
     PointerTracker tracker_;
     std::unique_ptr<PointerSampler> sampler_;
-    /// Runs after a movement that changed nothing in the dock's picture.
+    /// Runs after a movement, unless what the dock shows moves along with the pointer.
     QTimer pause_;
     /// Polls while another client has grabbed the pointer.
     QTimer doubt_;

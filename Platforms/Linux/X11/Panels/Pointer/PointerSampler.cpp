@@ -14,7 +14,8 @@
 namespace vireline::x11 {
 namespace {
 
-/// A tenth of a second on usual displays, since hands pause while moving.
+/// A tenth of a second on usual displays, since hands pause while moving; twice that on a dock that
+/// does not magnify, which is sampled half as often.
 constexpr int samplesUntilStill = 6;
 constexpr std::uint32_t movements = XCB_INPUT_XI_EVENT_MASK_MOTION;
 constexpr std::uint32_t coreMovements =
