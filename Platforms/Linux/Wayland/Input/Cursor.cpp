@@ -47,8 +47,10 @@ void Cursor::load(int scale) {
     scale_ = scale;
     const auto arrow =
         CursorTheme::arrow(xdg::IconTheme::userFolders().themes, themeName(), themeSize() * scale);
-    image_ =
-        arrow ? SharedImage::make(*memory_, multipleOf(scale, arrow->picture.size())) : nullptr;
+    image_ = nullptr;
+    if (!arrow)
+        return;
+    image_ = SharedImage::make(*memory_, multipleOf(scale, arrow->picture.size()));
     if (!image_)
         return;
     hotspot_ = arrow->hotspot;

@@ -76,24 +76,27 @@ void DragDevice::enter(std::uint32_t serial, wl_surface* surface, QPointF at,
     leave();
     if (!announced_ || announced_->get() != offered)
         return;
-    drag_ = Drag{.offer = std::exchange(announced_, nullptr),
-                 .surface = surface,
-                 .serial = serial,
-                 .position = at};
-    if (drag_->offer->isReadable())
-        drag_->offer->read([this](const std::vector<std::string>& urls) { introduce(urls); });
+    auto& drag = drag_.emplace(Drag{.offer = std::exchange(announced_, nullptr),
+                                    .surface = surface,
+                                    .serial = serial,
+                                    .position = at});
+    if (drag.offer->isReadable())
+        drag.offer->read([this](const std::vector<std::string>& urls) { introduce(urls); });
     answer();
 }
 
 void DragDevice::introduce(const std::vector<std::string>& urls) {
-    if (SurfaceInput* const entered = target()) {
-        drag_->isKnown = true;
-        entered->dragEntered(urls);
-        answer();
-    }
+    SurfaceInput* const entered = target();
+    if (!drag_ || entered == nullptr)
+        return;
+    drag_->isKnown = true;
+    entered->dragEntered(urls);
+    answer();
 }
 
 void DragDevice::answer() {
+    if (!drag_)
+        return;
     SurfaceInput* const under = target();
     drag_->canDrop = drag_->isKnown && under != nullptr && under->dragMoved(drag_->position);
     drag_->offer->answer(drag_->serial, drag_->canDrop);
@@ -101,20 +104,20 @@ void DragDevice::answer() {
 
 void DragDevice::leave() {
     SurfaceInput* const left = target();
-    const bool isKnown = drag_ && drag_->isKnown;
-    drag_.reset();
-    if (isKnown && left != nullptr)
+    const auto drag = std::exchange(drag_, std::nullopt);
+    if (drag && drag->isKnown && left != nullptr)
         left->dragLeft();
 }
 
 /// Compositors report only drops that have been allowed.
 void DragDevice::drop() {
     SurfaceInput* const under = target();
-    if (under == nullptr || !drag_->canDrop)
+    if (!drag_ || !drag_->canDrop || under == nullptr)
         return leave();
-    const auto drag = std::exchange(drag_, std::nullopt);
-    if (under->dragDropped(drag->position))
-        drag->offer->finish();
+    const Drag drag = std::move(*drag_);
+    drag_.reset();
+    if (under->dragDropped(drag.position))
+        drag.offer->finish();
 }
 
 }

@@ -11,10 +11,8 @@ namespace vireline::wayland {
 DockMenu::DockMenu(const LayerShellContext& context, QMenu& menu, const Place& place,
                    std::function<void()> onDismissed)
     : onDismissed_(std::move(onDismissed))
-    , cover_(new InvisibleSurface{
-          context,
-          place.screen,
-          place.dock.translated(-place.screen.geometry().topLeft()),
+    , cover_(InvisibleSurface::make(
+          context, place.screen, place.dock.translated(-place.screen.geometry().topLeft()),
           {.shown = [this, &context, &menu, place] { open(context, menu, place); },
            .pressed = [this] { onDismissed_(); },
            .keyPressed = &DockMenu::pass,
@@ -22,7 +20,7 @@ DockMenu::DockMenu(const LayerShellContext& context, QMenu& menu, const Place& p
                [this] {
                    popup_.reset();
                    onDismissed_();
-               }}}) {
+               }})) {
     cover_->takeKeyboard();
 }
 

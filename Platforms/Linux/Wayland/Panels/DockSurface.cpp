@@ -96,26 +96,19 @@ void DockSurface::setInput(const QRegion& region) {
     wl_surface_set_input_region(surface_.get(), sent.get());
 }
 
-void DockSurface::show(wl_buffer& buffer, std::span<const QRect> changed) {
+void DockSurface::attach(wl_buffer& buffer, std::span<const QRect> changed) {
     if (!viewport_)
         wl_surface_set_buffer_scale(surface_.get(), static_cast<std::int32_t>(scale_));
     wl_surface_attach(surface_.get(), &buffer, 0, 0);
     for (const QRect& rect : changed)
         wl_surface_damage_buffer(surface_.get(), rect.x(), rect.y(), rect.width(), rect.height());
-    requestFrame();
-    commit();
-}
-
-/// Compositors need not draw, and so announce, a frame in which nothing has changed.
-void DockSurface::awaitFrame() {
-    wl_surface_damage_buffer(surface_.get(), 0, 0, 1, 1);
-    requestFrame();
-    commit();
 }
 
 void DockSurface::requestFrame() {
     if (frame_)
         return;
+    // Compositors need not draw, and so announce, a frame in which nothing has changed.
+    wl_surface_damage_buffer(surface_.get(), 0, 0, 1, 1);
     frame_.reset(wl_surface_frame(surface_.get()));
     wl_callback_add_listener(frame_.get(), &Listener::frame, this);
     context_.seat.frameBegins(interval_);

@@ -48,11 +48,11 @@ public:
     /// Where the surface gets the pointer, in points. Takes effect with the next commit.
     void setInput(const QRegion& region);
 
-    /// Shows that buffer, of `scale` pixels per point, which differs in these pixels from the one
-    /// before. `frameDue` follows.
-    void show(wl_buffer& buffer, std::span<const QRect> changed);
-    /// Has `frameDue` follow without a new picture.
-    void awaitFrame();
+    /// Attaches that buffer, of `scale` pixels per point, which differs in these pixels from the
+    /// one before. It is shown with the next commit.
+    void attach(wl_buffer& buffer, std::span<const QRect> changed);
+    /// Has `frameDue` follow the next commit.
+    void requestFrame();
     void commit();
     [[nodiscard]] bool isFramePending() const noexcept { return frame_ != nullptr; }
 
@@ -61,7 +61,6 @@ private:
 
     void learnFractionalScale();
     void setScale(double scale);
-    void requestFrame();
     void redrawBelow();
 
     DockContext& context_;

@@ -49,9 +49,15 @@ void InvisibleSurface::shown() {
         events_.shown();
 }
 
-void InvisibleSurface::closed() {
+void InvisibleSurface::closed() const {
     if (!isRetired_)
         events_.closed();
+}
+
+InvisibleSurface::Retiring InvisibleSurface::make(const LayerShellContext& context, QScreen& screen,
+                                                  const QRect& place, Events events) {
+    return Retiring{
+        std::make_unique<InvisibleSurface>(context, screen, place, std::move(events)).release()};
 }
 
 void InvisibleSurface::retire() {

@@ -30,11 +30,20 @@ public:
         std::function<void()> closed = [] {};
     };
 
+    /// Has the surface deleted soon; until then there are no more events. An owner of this kind may
+    /// let go of the surface in one of its events.
+    struct Retire {
+        void operator()(InvisibleSurface* surface) const { surface->retire(); }
+    };
+    using Retiring = std::unique_ptr<InvisibleSurface, Retire>;
+
     /// `place` is relative to the display. The context must outlive this object. The events may not
-    /// destroy it, but may retire it.
+    /// destroy it.
     InvisibleSurface(const LayerShellContext& context, QScreen& screen, const QRect& place,
                      Events events);
     ~InvisibleSurface() override;
+    [[nodiscard]] static Retiring make(const LayerShellContext& context, QScreen& screen,
+                                       const QRect& place, Events events);
 
     /// Null before the compositor shows the surface, and once the display is gone.
     [[nodiscard]] LayerRole* role() const noexcept { return isShown_ ? role_.get() : nullptr; }
@@ -42,20 +51,14 @@ public:
     /// Gives the surface the keyboard, as soon as it is shown.
     void takeKeyboard();
 
-    /// From now on there are no events, and soon no surface.
-    void retire();
-    struct Retire {
-        void operator()(InvisibleSurface* surface) const { surface->retire(); }
-    };
-    using Retiring = std::unique_ptr<InvisibleSurface, Retire>;
-
 private:
+    void retire();
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     bool report(QEvent& event);
     void configured();
     void shown();
-    void closed();
+    void closed() const;
 
     Events events_;
     std::unique_ptr<LayerRole> role_;

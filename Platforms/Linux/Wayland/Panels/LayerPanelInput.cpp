@@ -95,10 +95,9 @@ void LayerPanelWindow::watchForCancel(bool watches) {
     if (!watches || !surface_ || screen == nullptr)
         return keys_.reset();
     const QRect anywhere{place_.topLeft(), QSize{1, 1}};
-    keys_.reset(new InvisibleSurface{
-        context_.menus, *screen, anywhere, {.keyPressed = [this](const QKeyEvent& event) {
-            keyPressed(event);
-        }}});
+    keys_ = InvisibleSurface::make(
+        context_.menus, *screen, anywhere,
+        {.keyPressed = [this](const QKeyEvent& event) { keyPressed(event); }});
     keys_->takeKeyboard();
 }
 

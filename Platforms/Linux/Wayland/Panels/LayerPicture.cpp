@@ -35,20 +35,20 @@ void LayerPicture::update(bool mustCommit, bool awaitsFrame) {
     if (buffers_.size().isEmpty())
         return;
     mustCommit |= applyInput();
-    if (picture_.isDamaged()) {
+    const bool isDamaged = picture_.isDamaged();
+    if (isDamaged)
         paint();
-    } else if (awaitsFrame) {
-        surface_.awaitFrame();
-    } else if (mustCommit) {
+    if (awaitsFrame)
+        surface_.requestFrame();
+    if (isDamaged || awaitsFrame || mustCommit)
         surface_.commit();
-    }
 }
 
 void LayerPicture::paint() {
     const auto colors = xdg::DockColors::of(context_.appearance.isDark(), backdrop());
     const xdg::Damage painted = picture_.paint(buffers_.next(), colors, backdrop());
     applyBlur();
-    surface_.show(buffers_.finish(painted), painted.rects());
+    surface_.attach(buffers_.finish(painted), painted.rects());
 }
 
 /// The whole logical pixels that contain these of the device.
