@@ -86,10 +86,10 @@ function(vireline_library name)
     target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
 endfunction()
 
-# vireline_build_at_once(<name>): makes cross-builds and builds on paper compile a platform-independent
-# library as a unity build. Other builds already check its files one by one.
+# vireline_build_at_once(<name>): makes builds on paper compile a platform-independent library as a unity build,
+# unless the whole build is one. Other builds already check its files one by one.
 function(vireline_build_at_once name)
-    if(CMAKE_CROSSCOMPILING OR VIRELINE_PAPER)
+    if(VIRELINE_PAPER AND NOT CMAKE_UNITY_BUILD)
         set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
     endif()
 endfunction()

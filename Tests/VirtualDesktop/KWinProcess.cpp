@@ -30,13 +30,13 @@ std::string busSettings(const std::string& address) {
 constexpr std::string_view applicationsMenu =
     "<Menu><Name>Applications</Name><DefaultAppDirs/><Include><All/></Include></Menu>";
 
-std::string pathVariable() {
+std::string pathForKWin() {
     const char* const path = std::getenv("PATH");
     return path == nullptr ? "/usr/bin:/bin" : path;
 }
 
 Environment kwinEnvironment(const KWinProcess::Options& options, const std::string& bus) {
-    Environment environment{{"PATH", pathVariable()},
+    Environment environment{{"PATH", pathForKWin()},
                             {"HOME", options.folder / "home"},
                             {"XDG_RUNTIME_DIR", options.folder},
                             {"XDG_DATA_DIRS", options.dataFolders + ":/usr/local/share:/usr/share"},
@@ -69,7 +69,7 @@ std::vector<std::string> kwinArguments(const KWinProcess::Options& options) {
     return arguments;
 }
 
-void require(bool holds, const char* what) {
+void requireOfKWin(bool holds, const char* what) {
     if (!holds)
         throw std::runtime_error{what};
 }
@@ -91,8 +91,8 @@ KWinProcess::KWinProcess(const Options& options) : folder_(options.folder), addr
                           .errors = folder_.string() + ".log",
                           .inherited = {}});
     const BusClient bus{address_};
-    require(eventually([&] { return fs::exists(display()) && bus.hasOwner("org.kde.KWin"); }),
-            "KWin does not start");
+    requireOfKWin(eventually([&] { return fs::exists(display()) && bus.hasOwner("org.kde.KWin"); }),
+                  "KWin does not start");
 }
 
 void KWinProcess::startBus() {
@@ -101,11 +101,12 @@ void KWinProcess::startBus() {
     bus_.emplace(Command{.program = "dbus-daemon",
                          .arguments = {"--config-file=" + (folder_ / "bus.conf").string(),
                                        "--nofork", "--nopidfile"},
-                         .environment = {{"PATH", pathVariable()}},
+                         .environment = {{"PATH", pathForKWin()}},
                          .output = {},
                          .errors = folder_.string() + "-bus.log",
                          .inherited = {}});
-    require(eventually([&] { return BusClient::answers(address_); }), "the bus does not start");
+    requireOfKWin(eventually([&] { return BusClient::answers(address_); }),
+                  "the bus does not start");
 }
 
 Environment KWinProcess::environment() const {

@@ -8,10 +8,10 @@ namespace vireline {
 namespace {
 
 using Placement = WindowPlacement::Placement;
-using Screens = std::vector<ScreenSnapshot>;
+using Snapshots = std::vector<ScreenSnapshot>;
 
 /// The primary display with a menu bar of 30 points.
-ScreenSnapshot primary() {
+ScreenSnapshot primaryWithMenuBar() {
     ScreenSnapshot screen = test::sampleScreen(1, {0, 0, 1920, 1080});
     screen.visibleFrame = {0, 0, 1920, 1050};
     return screen;
@@ -31,7 +31,7 @@ FillContext reserved(DockPosition position, double magnification = 1, double ico
 
 // Behaviour: window-mover-1
 TEST(WindowPlacement, LeavesAReservedBottomDockAndItsMagnifiedIconsTheirRoom) {
-    EXPECT_EQ(WindowPlacement::fillFrame(primary(), Screens{primary()},
+    EXPECT_EQ(WindowPlacement::fillFrame(primaryWithMenuBar(), Snapshots{primaryWithMenuBar()},
                                          reserved(DockPosition::bottom, 2, 48)),
               (Placement{{0, 30}, {1920, 1050 - 140}}));
 }
@@ -41,12 +41,13 @@ TEST(WindowPlacement, FillsTheWholeVisibleFrameWhereNoDockIsReserved) {
     FillContext context = reserved(DockPosition::bottom, 2, 48);
     context.dockReserved = false;
 
-    EXPECT_EQ(WindowPlacement::fillFrame(primary(), Screens{primary()}, context),
-              (Placement{{0, 30}, {1920, 1050}}));
+    EXPECT_EQ(
+        WindowPlacement::fillFrame(primaryWithMenuBar(), Snapshots{primaryWithMenuBar()}, context),
+        (Placement{{0, 30}, {1920, 1050}}));
 }
 
 TEST(WindowPlacement, LeavesASideDockItsStrip) {
-    const Screens screens{primary(), lowerLeft()};
+    const Snapshots screens{primaryWithMenuBar(), lowerLeft()};
 
     EXPECT_EQ(WindowPlacement::fillFrame(lowerLeft(), screens, reserved(DockPosition::left)),
               (Placement{{-1280 + 66, 256}, {1280 - 66, 1024}}));
@@ -55,21 +56,21 @@ TEST(WindowPlacement, LeavesASideDockItsStrip) {
 }
 
 TEST(WindowPlacement, LeavesMagnifiedIconsOfASideDockTheirRoom) {
-    EXPECT_EQ(WindowPlacement::fillFrame(primary(), Screens{primary()},
+    EXPECT_EQ(WindowPlacement::fillFrame(primaryWithMenuBar(), Snapshots{primaryWithMenuBar()},
                                          reserved(DockPosition::left, 1.5, 40)),
               (Placement{{86, 30}, {1920 - 86, 1050}}));
 }
 
 TEST(WindowPlacement, AMagnificationThatDoesNotGrowTakesNoRoom) {
-    EXPECT_EQ(WindowPlacement::fillFrame(primary(), Screens{primary()},
+    EXPECT_EQ(WindowPlacement::fillFrame(primaryWithMenuBar(), Snapshots{primaryWithMenuBar()},
                                          reserved(DockPosition::bottom, 0.5, 100)),
               (Placement{{0, 30}, {1920, 1050 - 92}}));
 }
 
 TEST(WindowPlacement, CentresAWindowOnTheWholeDisplay) {
-    const Screens screens{primary(), lowerLeft()};
+    const Snapshots screens{primaryWithMenuBar(), lowerLeft()};
 
-    EXPECT_EQ(WindowPlacement::centeredAXPosition({400, 300}, primary(), screens),
+    EXPECT_EQ(WindowPlacement::centeredAXPosition({400, 300}, primaryWithMenuBar(), screens),
               (Point{760, 390}));
     EXPECT_EQ(WindowPlacement::centeredAXPosition({400, 301}, lowerLeft(), screens),
               (Point{-840, 617.5}));
@@ -77,7 +78,7 @@ TEST(WindowPlacement, CentresAWindowOnTheWholeDisplay) {
 
 // Behaviour: window-mover-3
 TEST(WindowPlacement, FindsNoDisplayForAWindowWhoseCentreIsBesideAll) {
-    const Screens screens{primary(), lowerLeft()};
+    const Snapshots screens{primaryWithMenuBar(), lowerLeft()};
 
     // 99 points of this one are still visible.
     EXPECT_EQ(WindowPlacement::displayContaining({1821, 100}, {200, 100}, screens), std::nullopt);
@@ -85,20 +86,21 @@ TEST(WindowPlacement, FindsNoDisplayForAWindowWhoseCentreIsBesideAll) {
 }
 
 TEST(WindowPlacement, FindsTheDisplayThatHoldsTheCentre) {
-    const Screens screens{primary(), lowerLeft()};
+    const Snapshots screens{primaryWithMenuBar(), lowerLeft()};
 
     EXPECT_EQ(WindowPlacement::displayContaining({-120, 500}, {200, 100}, screens), 2U);
     EXPECT_EQ(WindowPlacement::displayContaining({-80, 500}, {200, 100}, screens), 1U);
 }
 
 TEST(WindowPlacement, FindsTheFirstOfDisplaysThatOverlap) {
-    const Screens screens{primary(), test::sampleScreen(2, {0, 0, 1920, 1080})};
+    const Snapshots screens{primaryWithMenuBar(), test::sampleScreen(2, {0, 0, 1920, 1080})};
 
     EXPECT_EQ(WindowPlacement::displayContaining({10, 10}, {20, 20}, screens), 1U);
 }
 
 TEST(WindowPlacement, AWindowThatWasCentredIsFoundWhereItWasPut) {
-    const Screens screens{primary(), lowerLeft(), test::sampleScreen(3, {1920, 700, 800, 600})};
+    const Snapshots screens{primaryWithMenuBar(), lowerLeft(),
+                            test::sampleScreen(3, {1920, 700, 800, 600})};
     const Size size{700, 500};
 
     for (const ScreenSnapshot& screen : screens) {
@@ -108,14 +110,14 @@ TEST(WindowPlacement, AWindowThatWasCentredIsFoundWhereItWasPut) {
 }
 
 TEST(WindowPlacement, HasNoAnswersWithoutScreens) {
-    EXPECT_EQ(WindowPlacement::centeredAXPosition({400, 300}, primary(), {}), Point{});
-    EXPECT_EQ(WindowPlacement::fillFrame(primary(), {}, reserved(DockPosition::bottom)),
+    EXPECT_EQ(WindowPlacement::centeredAXPosition({400, 300}, primaryWithMenuBar(), {}), Point{});
+    EXPECT_EQ(WindowPlacement::fillFrame(primaryWithMenuBar(), {}, reserved(DockPosition::bottom)),
               Placement{});
     EXPECT_EQ(WindowPlacement::displayContaining({10, 10}, {20, 20}, {}), std::nullopt);
 }
 
 TEST(WindowPlacement, AWindowWhoseCentreIsBelowEveryDisplayIsOnNone) {
-    const Screens screens{primary()};
+    const Snapshots screens{primaryWithMenuBar()};
 
     EXPECT_EQ(WindowPlacement::displayContaining({10, 1000}, {200, 200}, screens), std::nullopt);
     EXPECT_EQ(WindowPlacement::displayContaining({10, 1000}, {200, 150}, screens), 1U);

@@ -8,7 +8,7 @@ namespace {
 using WindowTitles::maximumCharacters;
 using WindowTitles::menuTitle;
 
-std::string repeated(std::string_view character, std::size_t count) {
+std::string repeatedCharacter(std::string_view character, std::size_t count) {
     std::string text;
     for (std::size_t i = 0; i < count; ++i)
         text += character;
@@ -18,21 +18,23 @@ std::string repeated(std::string_view character, std::size_t count) {
 TEST(WindowTitles, KeepsATitleThatFits) {
     EXPECT_EQ(menuTitle("Notes – Editor", "Editor"), "Notes – Editor");
     EXPECT_EQ(menuTitle("Wow!~", "Editor"), "Wow!~") << "next to control characters";
-    const std::string longest = repeated("ä", maximumCharacters);
+    const std::string longest = repeatedCharacter("ä", maximumCharacters);
     EXPECT_EQ(menuTitle(longest, "Editor"), longest);
 }
 
 TEST(WindowTitles, ShortensALongTitleInTheMiddleBetweenCharacters) {
-    const std::string title = repeated("ä", 40) + repeated("z", 40);
+    const std::string title = repeatedCharacter("ä", 40) + repeatedCharacter("z", 40);
 
-    EXPECT_EQ(menuTitle(title, "Editor"), repeated("ä", 24) + "…" + repeated("z", 23));
-    EXPECT_EQ(menuTitle(repeated("é", 80), "Editor"), repeated("é", 24) + "…" + repeated("é", 23));
+    EXPECT_EQ(menuTitle(title, "Editor"),
+              repeatedCharacter("ä", 24) + "…" + repeatedCharacter("z", 23));
+    EXPECT_EQ(menuTitle(repeatedCharacter("é", 80), "Editor"),
+              repeatedCharacter("é", 24) + "…" + repeatedCharacter("é", 23));
 }
 
 TEST(WindowTitles, CallsAWindowWithoutATitleLikeItsApp) {
     EXPECT_EQ(menuTitle("", "Editor"), "Editor");
     EXPECT_EQ(menuTitle(" \n\t ", "Editor"), "Editor");
-    EXPECT_EQ(menuTitle("", repeated("x", 100)).size(), maximumCharacters - 1 + 3);
+    EXPECT_EQ(menuTitle("", repeatedCharacter("x", 100)).size(), maximumCharacters - 1 + 3);
 }
 
 TEST(WindowTitles, PutsATitleIntoOneLine) {

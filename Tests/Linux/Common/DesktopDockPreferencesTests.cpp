@@ -48,9 +48,9 @@ using SchemaSource = GLibHandle<GSettingsSchemaSource, g_settings_schema_source_
 using Schema = GLibHandle<GSettingsSchema, g_settings_schema_unref>;
 
 /// Desktop settings in memory, with schemas defined by the test.
-class Settings {
+class PrivateSettings {
 public:
-    Settings(const FileURL& folder, std::string_view described) {
+    PrivateSettings(const FileURL& folder, std::string_view described) {
         makeFolder(folder);
         overwrite(folder.appending("test.gschema.xml"), described);
         const std::string command = "glib-compile-schemas '" + folder.path() + "'";
@@ -91,7 +91,7 @@ protected:
     }
 
     void start(const std::string& currentDesktop = "", std::string_view described = schemas) {
-        settings = std::make_unique<Settings>(home.appending("schemas"), described);
+        settings = std::make_unique<PrivateSettings>(home.appending("schemas"), described);
         if (!settings->areThere())
             GTEST_SKIP() << "glib-compile-schemas is not installed";
         preferences = std::make_unique<DesktopDockPreferences>(
@@ -164,7 +164,7 @@ protected:
     FileURL launchers = home.appending(".config/plank/dock1/launchers");
     PosixFileSystem fileSystem;
     test::FakeApplicationCatalog catalog;
-    std::unique_ptr<Settings> settings;
+    std::unique_ptr<PrivateSettings> settings;
     std::unique_ptr<DesktopDockPreferences> preferences;
     int announced = 0;
     Subscription changes;

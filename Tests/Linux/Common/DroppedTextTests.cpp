@@ -8,7 +8,7 @@ namespace {
 using URLs = std::vector<std::string>;
 
 constexpr std::string_view list = "text/uri-list";
-constexpr std::string_view plain = "text/plain";
+constexpr std::string_view plainText = "text/plain";
 
 URLs urls(std::string_view format, std::string_view content) {
     return DroppedText::urls(format, content, "ada-desk");
@@ -42,19 +42,19 @@ TEST(DroppedText, TakesNoNameOutWhereTheComputerHasNone) {
 }
 
 TEST(DroppedText, ReadsPathsAndFileURLsFromPlainText) {
-    EXPECT_EQ(urls(plain, "/home/ada/a b\nfile:///c\n"),
+    EXPECT_EQ(urls(plainText, "/home/ada/a b\nfile:///c\n"),
               (URLs{"file:///home/ada/a%20b", "file:///c"}));
 }
 
 TEST(DroppedText, FindsNoFilesInTextThatOnlyMentionsSome) {
-    EXPECT_EQ(urls(plain, "See also\n/home/ada/a"), URLs{});
-    EXPECT_EQ(urls(plain, "https://example.org/a"), URLs{});
+    EXPECT_EQ(urls(plainText, "See also\n/home/ada/a"), URLs{});
+    EXPECT_EQ(urls(plainText, "https://example.org/a"), URLs{});
     EXPECT_EQ(urls("UTF8_STRING", "a/relative/path"), URLs{});
 }
 
 TEST(DroppedText, FindsNothingInNothing) {
     EXPECT_EQ(urls(list, ""), URLs{});
-    EXPECT_EQ(urls(plain, "\n\r\n"), URLs{});
+    EXPECT_EQ(urls(plainText, "\n\r\n"), URLs{});
 }
 
 TEST(DroppedText, SurvivesEveryByte) {
@@ -62,7 +62,7 @@ TEST(DroppedText, SurvivesEveryByte) {
     for (int byte = 0; byte < 256; ++byte)
         bytes += static_cast<char>(byte);
     EXPECT_LE(urls(list, bytes).size(), 2U);
-    EXPECT_EQ(urls(plain, bytes), URLs{});
+    EXPECT_EQ(urls(plainText, bytes), URLs{});
 }
 
 }

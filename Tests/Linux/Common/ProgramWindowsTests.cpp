@@ -22,7 +22,7 @@
 namespace vireline::xdg {
 namespace {
 
-using Status = DockAnchorGuard::Status;
+using AnchorStatus = DockAnchorGuard::Status;
 
 class ProgramWindowsTest : public testing::Test {
 protected:
@@ -34,7 +34,7 @@ protected:
 
 class FormViewTest : public ProgramWindowsTest {
 protected:
-    void present(const Settings& settings, Status anchor = Status::off) {
+    void present(const Settings& settings, AnchorStatus anchor = AnchorStatus::off) {
         view.present(
             SettingsView::form(settings, {.launchesAtLogin = false, .anchorStatus = anchor}, {}));
     }
@@ -136,14 +136,14 @@ TEST_F(FormViewTest, ReportsAnOptionOnceWhenItIsChosen) {
 TEST_F(FormViewTest, ShowsTheStatusLineWithItsButtonOnlyWhileThereIsOne) {
     Settings settings;
     settings.anchorAppleDock = true;
-    present(settings, Status::waitingForPermission);
+    present(settings, AnchorStatus::waitingForPermission);
     auto* const button = view.findChild<QPushButton*>();
     ASSERT_NE(button, nullptr);
     EXPECT_EQ(button->text(), QStringLiteral("Open Accessibility Settings"));
     button->click();
     EXPECT_EQ(listener.pressed, std::vector{SettingsField::anchorAppleDock});
 
-    present(settings, Status::active);
+    present(settings, AnchorStatus::active);
     EXPECT_FALSE(button->isVisibleTo(&view));
     present({});
     EXPECT_FALSE(view.findChildren<QLabel*>().isEmpty());
@@ -162,7 +162,7 @@ TEST_F(FormViewTest, ShowsValuesWithoutClampingWhatTheFileHolds) {
 TEST_F(ProgramWindowsTest, HaveASymbolForEveryNameThatTheProgramUses) {
     std::vector<std::string> names{"dock.rectangle", "checkmark.circle.fill"};
     for (int step = 0; step <= OnboardingView::lastStep; ++step) {
-        for (const FeatureRow& row : OnboardingView::page(step, {Status::active}, {}).rows)
+        for (const FeatureRow& row : OnboardingView::page(step, {AnchorStatus::active}, {}).rows)
             names.push_back(row.symbol);
     }
     EXPECT_EQ(names.size(), 10U);
@@ -181,7 +181,7 @@ TEST_F(ProgramWindowsTest, HaveASymbolForEveryNameThatTheProgramUses) {
 
 TEST_F(ProgramWindowsTest, ShowAPageOfTheTourWithItsButtons) {
     std::vector<OnboardingAction> actions;
-    const OnboardingPageView page{OnboardingView::page(2, {Status::off}, {}), symbols,
+    const OnboardingPageView page{OnboardingView::page(2, {AnchorStatus::off}, {}), symbols,
                                   [&](OnboardingAction action) { actions.push_back(action); }};
 
     for (QPushButton* const button : page.findChildren<QPushButton*>())

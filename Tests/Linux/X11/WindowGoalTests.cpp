@@ -10,7 +10,7 @@ namespace {
 constexpr PixelRect monitor{1000, 0, 800, 600};
 
 /// Two displays side by side with one pixel per point; goals are on the second.
-std::vector<Display> displays() {
+std::vector<Display> twoDisplays() {
     const PixelRect primary{0, 0, 1000, 600};
     return {DisplayGeometry::display(primary, primary, 1),
             DisplayGeometry::display(monitor, primary, 1)};
@@ -25,7 +25,7 @@ WindowSnapshot windowOfAtLeast(int width, int height) {
 
 PixelRect placed(const Rect& frame, const WindowSnapshot& window,
                  const Rect& visible = {1000, 0, 800, 600}) {
-    const auto all = displays();
+    const auto all = twoDisplays();
     return WindowGoals::outerFrame({.frame = frame, .isSized = true, .visible = visible}, window,
                                    all);
 }

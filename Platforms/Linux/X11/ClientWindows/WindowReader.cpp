@@ -14,11 +14,11 @@ namespace {
 
 static_assert(WindowReader::noAnswer == ETIMEDOUT);
 
-constexpr std::array<std::string_view, 5> windowProperties{"_NET_FRAME_EXTENTS",
-                                                           "_GTK_FRAME_EXTENTS", "WM_NORMAL_HINTS",
-                                                           "_NET_WM_STATE", "_NET_WM_DESKTOP"};
+constexpr std::array<std::string_view, 5> placementProperties{
+    "_NET_FRAME_EXTENTS", "_GTK_FRAME_EXTENTS", "WM_NORMAL_HINTS", "_NET_WM_STATE",
+    "_NET_WM_DESKTOP"};
 
-constexpr std::array<std::string_view, 4> states{
+constexpr std::array<std::string_view, 4> placementStates{
     "_NET_WM_STATE_MAXIMIZED_HORZ", "_NET_WM_STATE_MAXIMIZED_VERT", "_NET_WM_STATE_FULLSCREEN",
     "_NET_WM_STATE_HIDDEN"};
 
@@ -29,7 +29,7 @@ constexpr std::array<std::string_view, 3> rootProperties{"_NET_SUPPORTING_WM_CHE
 constexpr std::array<std::string_view, 3> requests{"_NET_MOVERESIZE_WINDOW", "_NET_CLIENT_LIST",
                                                    "_NET_ACTIVE_WINDOW"};
 
-constexpr std::uint32_t allDesktops = 0xffffffff;
+constexpr std::uint32_t everyDesktop = 0xffffffff;
 constexpr std::size_t itemBytes = sizeof(std::uint32_t);
 /// A sanity limit on the number of supported atoms.
 constexpr std::size_t maximumAtoms = 4096;
@@ -55,8 +55,8 @@ bool has(const Range& values, std::uint32_t value) {
 
 WindowReader::WindowReader(const X11Connection& connection, SideConnection& side)
     : connection_(connection), side_(side) {
-    connection_.intern(windowProperties);
-    connection_.intern(states);
+    connection_.intern(placementProperties);
+    connection_.intern(placementStates);
     connection_.intern(rootProperties);
     connection_.intern(requests);
 }
@@ -93,14 +93,14 @@ Result<WindowSnapshot> WindowReader::read(xcb_window_t window,
                      .screen = isIn("_NET_WM_STATE_FULLSCREEN")};
     snapshot.isIconified = isIn("_NET_WM_STATE_HIDDEN");
     snapshot.desktop = batch.firstItem(desktop, XCB_ATOM_CARDINAL);
-    if (snapshot.desktop == allDesktops)
+    if (snapshot.desktop == everyDesktop)
         snapshot.desktop.reset();
     snapshot.currentDesktop = batch.firstItem(currentDesktop, XCB_ATOM_CARDINAL);
     return snapshot;
 }
 
 bool WindowReader::concerns(xcb_atom_t property) const {
-    return std::ranges::any_of(windowProperties, [this, property](std::string_view name) {
+    return std::ranges::any_of(placementProperties, [this, property](std::string_view name) {
         return connection_.atom(name) == property;
     });
 }
