@@ -5,6 +5,7 @@
 #include <wayland-client.h>
 
 #include <cstdint>
+#include <limits>
 
 namespace vireline::wayland {
 namespace {
@@ -14,6 +15,13 @@ constexpr int bytesPerPixel = 4;
 std::size_t bytesOf(QSize size) {
     return static_cast<std::size_t>(size.width()) * static_cast<std::size_t>(size.height()) *
            bytesPerPixel;
+}
+
+/// Whether the protocol, which counts bytes in 31 bits, has images of that size. Compositors end
+/// the connection for larger ones.
+bool isPossible(QSize size) {
+    return !size.isEmpty() &&
+           size.width() <= std::numeric_limits<std::int32_t>::max() / bytesPerPixel / size.height();
 }
 
 }
@@ -27,7 +35,7 @@ struct SharedImage::Events {
 };
 
 std::unique_ptr<SharedImage> SharedImage::make(wl_shm& memory, QSize size) {
-    if (size.isEmpty())
+    if (!isPossible(size))
         return nullptr;
     const xdg::FileDescriptor file{memfd_create("vireline", MFD_CLOEXEC)};
     if (!file || ftruncate(file.get(), static_cast<off_t>(bytesOf(size))) != 0)

@@ -15,7 +15,7 @@ namespace vireline::wayland {
 class SharedImage : private NonCopyable {
 public:
     /// Transparent, with premultiplied colours. `size` is in pixels. Null if there is no memory for
-    /// it, or if the size is empty.
+    /// it, or if the size is empty or too large for the protocol.
     [[nodiscard]] static std::unique_ptr<SharedImage> make(wl_shm& memory, QSize size);
     ~SharedImage();
 
