@@ -76,13 +76,15 @@ std::optional<CursorImage> parse(std::string_view content, int size) {
     const std::size_t chunk = content.starts_with(magic) ? bestImage(content, size) : 0;
     const std::uint32_t width = words.at(chunk + 16);
     const std::uint32_t height = words.at(chunk + 20);
+    const std::uint32_t hotspotX = words.at(chunk + 24);
+    const std::uint32_t hotspotY = words.at(chunk + 28);
     if (chunk == 0 || width == 0 || height == 0 || width > largestSide || height > largestSide ||
+        hotspotX > width || hotspotY > height ||
         chunk + chunkHeaderBytes + sizeof(std::uint32_t) * width * height > content.size())
         return std::nullopt;
     CursorImage image{QImage{static_cast<int>(width), static_cast<int>(height),
                              QImage::Format_ARGB32_Premultiplied},
-                      {static_cast<int>(std::min(words.at(chunk + 24), width)),
-                       static_cast<int>(std::min(words.at(chunk + 28), height))}};
+                      {static_cast<int>(hotspotX), static_cast<int>(hotspotY)}};
     std::size_t from = chunk + chunkHeaderBytes;
     for (int y = 0; y < image.picture.height(); ++y) {
         auto* const row = reinterpret_cast<std::uint32_t*>(image.picture.scanLine(y));
