@@ -45,12 +45,7 @@ struct TouchDevice::Events {
     }
     static void frame(void* /*data*/, wl_touch* /*touch*/) {}
     /// The compositor has taken the touch for a gesture of its own.
-    static void cancel(void* data, wl_touch* /*touch*/) {
-        auto& self = device(data);
-        SurfaceInput* const target = self.surfaces_.find(self.surface_);
-        if (std::exchange(self.finger_, std::nullopt) && target != nullptr)
-            target->pointerLeft();
-    }
+    static void cancel(void* data, wl_touch* /*touch*/) { device(data).cancel(); }
 
     /// Newer versions have more events, which are never sent to this one.
     static constexpr wl_touch_listener listener = [] {
@@ -70,6 +65,15 @@ TouchDevice::TouchDevice(wl_seat& seat, const InputSurfaces& surfaces,
     wl_touch_add_listener(touch_.get(), &Events::listener, this);
 }
 
-TouchDevice::~TouchDevice() = default;
+/// A screen that is unplugged is no longer touched.
+TouchDevice::~TouchDevice() {
+    cancel();
+}
+
+void TouchDevice::cancel() {
+    SurfaceInput* const target = surfaces_.find(surface_);
+    if (std::exchange(finger_, std::nullopt) && target != nullptr)
+        target->pointerLeft();
+}
 
 }

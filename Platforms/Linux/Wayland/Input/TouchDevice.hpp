@@ -21,6 +21,8 @@ public:
 private:
     struct Events;
 
+    void cancel();
+
     const InputSurfaces& surfaces_;
     std::function<void(std::uint32_t)> onPress_;
     Proxy<wl_touch> touch_;
