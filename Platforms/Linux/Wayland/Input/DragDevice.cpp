@@ -54,18 +54,23 @@ std::unique_ptr<DragDevice> DragDevice::create(const WaylandConnection& connecti
         connection.bind<wl_data_device_manager>(wl_data_device_manager_interface, dragVersion);
     const bool hasActions =
         manager && wl_data_device_manager_get_version(manager.get()) >= dragVersion;
-    return hasActions ? std::make_unique<DragDevice>(std::move(manager), seat, surfaces) : nullptr;
+    return hasActions ? std::make_unique<DragDevice>(connection, std::move(manager), seat, surfaces)
+                      : nullptr;
 }
 
-DragDevice::DragDevice(Proxy<wl_data_device_manager> manager, wl_seat& seat,
-                       const InputSurfaces& surfaces)
-    : surfaces_(surfaces)
+DragDevice::DragDevice(const WaylandConnection& connection, Proxy<wl_data_device_manager> manager,
+                       wl_seat& seat, const InputSurfaces& surfaces)
+    : connection_(connection)
+    , surfaces_(surfaces)
     , manager_(std::move(manager))
     , device_(wl_data_device_manager_get_data_device(manager_.get(), &seat)) {
     wl_data_device_add_listener(device_.get(), &Events::listener, this);
 }
 
-DragDevice::~DragDevice() = default;
+/// A drag ends with the seat.
+DragDevice::~DragDevice() {
+    leave();
+}
 
 SurfaceInput* DragDevice::target() const {
     return drag_ ? surfaces_.find(drag_->surface) : nullptr;
@@ -86,12 +91,14 @@ void DragDevice::enter(std::uint32_t serial, wl_surface* surface, QPointF at,
 }
 
 void DragDevice::introduce(const std::vector<std::string>& urls) {
-    SurfaceInput* const entered = target();
+    SurfaceInput* const entered = urls.empty() ? nullptr : target();
     if (!drag_ || entered == nullptr)
         return;
     drag_->isKnown = true;
     entered->dragEntered(urls);
     answer();
+    // The files have not arrived on the connection, which would be flushed then.
+    connection_.flush();
 }
 
 void DragDevice::answer() {

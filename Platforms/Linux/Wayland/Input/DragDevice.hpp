@@ -19,11 +19,12 @@ class WaylandConnection;
 
 class DragDevice : private NonCopyable {
 public:
-    /// Null if the compositor knows no drags. The surfaces must outlive the result.
+    /// Null if the compositor knows no drags. The others must outlive the result.
     [[nodiscard]] static std::unique_ptr<DragDevice>
     create(const WaylandConnection& connection, wl_seat& seat, const InputSurfaces& surfaces);
 
-    DragDevice(Proxy<wl_data_device_manager> manager, wl_seat& seat, const InputSurfaces& surfaces);
+    DragDevice(const WaylandConnection& connection, Proxy<wl_data_device_manager> manager,
+               wl_seat& seat, const InputSurfaces& surfaces);
     ~DragDevice();
 
 private:
@@ -46,6 +47,7 @@ private:
     void drop();
     [[nodiscard]] SurfaceInput* target() const;
 
+    const WaylandConnection& connection_;
     const InputSurfaces& surfaces_;
     Proxy<wl_data_device_manager> manager_;
     Proxy<wl_data_device> device_;
