@@ -9,7 +9,8 @@
 namespace vireline::wayland {
 
 PipeReader::PipeReader(xdg::FileDescriptor end,
-                       std::function<void(std::optional<std::string>)> done)
+                       std::function<void(std::optional<std::string>)> done,
+                       std::chrono::milliseconds timeout)
     : end_(std::move(end)), done_(std::move(done)), readable_(end_.get(), QSocketNotifier::Read) {
     QObject::connect(&readable_, &QSocketNotifier::activated, &readable_, [this] { read(); });
     tooLate_.setSingleShot(true);

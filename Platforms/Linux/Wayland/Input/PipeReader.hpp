@@ -17,12 +17,13 @@ namespace vireline::wayland {
 class PipeReader : private NonCopyable {
 public:
     static constexpr std::size_t maximumBytes = 16U << 20U;
-    static constexpr std::chrono::seconds timeout{2};
+    static constexpr std::chrono::milliseconds usualTimeout{2000};
 
     /// Takes the pipe's end for reading, which must not block. `done` is called once, from the
     /// event loop, with everything up to the end, or with nothing if that is too long or too late.
     /// It may destroy this object.
-    PipeReader(xdg::FileDescriptor end, std::function<void(std::optional<std::string>)> done);
+    PipeReader(xdg::FileDescriptor end, std::function<void(std::optional<std::string>)> done,
+               std::chrono::milliseconds timeout = usualTimeout);
 
 private:
     void read();
