@@ -34,6 +34,11 @@ void OwnConnection::pause(std::chrono::milliseconds duration) {
     pause_.start(duration);
 }
 
+void OwnConnection::shortenPause(std::chrono::milliseconds longest) {
+    if (pause_.isActive() && pause_.remainingTimeAsDuration() > longest)
+        pause_.start(longest);
+}
+
 void OwnConnection::read() {
     if (!readWhatHasArrived()) {
         readable_.setEnabled(false);

@@ -29,6 +29,8 @@ public:
 
     /// Leaves events unread for that long, so that they are handled together.
     void pause(std::chrono::milliseconds duration);
+    /// Ends a pause within that time.
+    void shortenPause(std::chrono::milliseconds longest);
 
     /// Calls `handler` after events have been handled.
     [[nodiscard]] Subscription observeReads(std::function<void()> handler) {

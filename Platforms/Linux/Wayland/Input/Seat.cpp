@@ -66,7 +66,9 @@ void Seat::setCapabilities(std::uint32_t capabilities) {
 
 void Seat::frameBegins(std::chrono::microseconds untilNext) {
     // A little early, so that the frame itself is never late.
-    nextFrame_ = Clock::now() + untilNext * 9 / 10;
+    const auto untilRead = untilNext * 9 / 10;
+    nextFrame_ = Clock::now() + untilRead;
+    connection_.shortenPause(std::chrono::floor<std::chrono::milliseconds>(untilRead));
 }
 
 /// A pointer that moves sends many more events than there are frames.
