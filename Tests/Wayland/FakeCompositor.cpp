@@ -7,6 +7,7 @@
 
 #include <array>
 #include <condition_variable>
+#include <list>
 #include <map>
 #include <mutex>
 #include <stdexcept>
@@ -35,7 +36,8 @@ void bind(wl_client* client, void* data, std::uint32_t version, std::uint32_t id
 
 struct FakeCompositor::Server {
     wl_display* display = wl_display_create();
-    std::map<std::string, Offer> offers;
+    /// By the interface; the nodes stay where they are.
+    std::map<std::string, std::list<Offer>> offers;
     /// Only compared with others, since it may have gone.
     const wl_client* first = nullptr;
     std::array<int, 2> wakeUp{};
@@ -91,9 +93,15 @@ void FakeCompositor::run(const std::function<void()>& task) {
     server_->done.wait(lock, [this] { return server_->task == nullptr; });
 }
 
+void FakeCompositor::send(const std::function<void()>& events) {
+    run(events);
+    // The thread sends the events of one task before it starts the next.
+    run([] {});
+}
+
 void FakeCompositor::offer(const wl_interface& interface, int version, Bound onBound) {
     run([&] {
-        Offer& offer = server_->offers[interface.name];
+        Offer& offer = server_->offers[interface.name].emplace_back();
         offer.interface = &interface;
         offer.onBound = std::move(onBound);
         offer.global = wl_global_create(server_->display, &interface, version, &offer, bind);
@@ -102,8 +110,9 @@ void FakeCompositor::offer(const wl_interface& interface, int version, Bound onB
 
 void FakeCompositor::withdraw(const wl_interface& interface) {
     run([&] {
-        wl_global_destroy(server_->offers.at(interface.name).global);
-        server_->offers.erase(interface.name);
+        auto& offers = server_->offers.at(interface.name);
+        wl_global_destroy(offers.back().global);
+        offers.pop_back();
     });
 }
 
@@ -117,7 +126,10 @@ bool FakeCompositor::isFirst(const wl_client* client) const {
 
 int FakeCompositor::boundVersion(const wl_interface& interface) {
     int version = 0;
-    run([&] { version = server_->offers[interface.name].bound; });
+    run([&] {
+        if (const auto& offers = server_->offers[interface.name]; !offers.empty())
+            version = offers.back().bound;
+    });
     return version;
 }
 

@@ -27,6 +27,7 @@ enum ShellEvent : std::uint32_t {
     outputGeometry = 0,
     outputMode = 1,
     outputDone = 2,
+    outputScale = 3,
     xdgOutputPosition = 0,
     xdgOutputSize = 1,
     xdgOutputName = 3,
@@ -71,7 +72,42 @@ void FakeShell::describeOutput(wl_resource* output) {
     constexpr std::uint32_t current = 1;
     constexpr int milliHertz = 60'000;
     wl_resource_post_event(output, outputMode, current, outputWidth, outputHeight, milliHertz);
+    wl_resource_post_event(output, outputScale, scale_);
     wl_resource_post_event(output, outputDone);
+}
+
+void FakeShell::setScale(int scale) {
+    compositor_.send([&] {
+        scale_ = scale;
+        for (wl_resource* const output : outputs_)
+            describeOutput(output);
+    });
+}
+
+void FakeShell::setAnnouncesFrames(bool announces) {
+    compositor_.run([&] { announcesFrames_ = announces; });
+}
+
+void FakeShell::announceFrames() {
+    compositor_.send([this] {
+        for (auto& [object, surface] : surfaces_)
+            announceFrames(surface);
+    });
+}
+
+int FakeShell::waitingFrames() {
+    std::size_t count = 0;
+    compositor_.run([&] {
+        for (const auto& [object, surface] : surfaces_)
+            count += surface.frames.size();
+    });
+    return static_cast<int>(count);
+}
+
+FakeShell::Content FakeShell::latestContent() {
+    Content content;
+    compositor_.run([&] { content = latestContent_; });
+    return content;
 }
 
 void FakeShell::setConfigures(bool configures) {
@@ -197,6 +233,8 @@ void FakeShell::handleSurface(const RequestLog::Request& request) {
         surface.buffer = objectOf(request.arguments[0]);
     else if (request.name == "frame")
         surface.frames.push_back(request.created);
+    else if (request.name == "set_buffer_scale")
+        surface.bufferScale = request.arguments[0].i;
     else if (request.name == "commit")
         commit(request.object, surface);
 }
@@ -240,15 +278,30 @@ void FakeShell::commit(wl_resource* object, Surface& surface) {
     if (surface.buffer != nullptr) {
         if (hasRole && !surface.isConfigured)
             violations_.emplace_back("a surface gets content before its role is configured");
-        surface.hasContent = true;
-        // It is not shown, so the client may use it again at once.
-        wl_resource_post_event(surface.buffer, bufferRelease);
-        surface.buffer = nullptr;
+        show(surface);
     }
     if (configures_)
         configureRole(surface);
-    if (!framesForFirst_ && compositor_.isFirst(wl_resource_get_client(object)))
-        return;
+    const bool isFirst = compositor_.isFirst(wl_resource_get_client(object));
+    if (announcesFrames_ && (framesForFirst_ || !isFirst))
+        announceFrames(surface);
+}
+
+void FakeShell::show(Surface& surface) {
+    surface.hasContent = true;
+    if (wl_shm_buffer* const content = wl_shm_buffer_get(surface.buffer)) {
+        latestContent_ = {wl_shm_buffer_get_width(content), wl_shm_buffer_get_height(content),
+                          surface.bufferScale};
+        if (latestContent_.width % surface.bufferScale != 0 ||
+            latestContent_.height % surface.bufferScale != 0)
+            violations_.emplace_back("a buffer's size is no multiple of its scale");
+    }
+    // It is not shown, so the client may use it again at once.
+    wl_resource_post_event(surface.buffer, bufferRelease);
+    surface.buffer = nullptr;
+}
+
+void FakeShell::announceFrames(Surface& surface) {
     for (wl_resource* const frame : surface.frames) {
         wl_resource_post_event(frame, callbackDone, ++serial_);
         wl_resource_destroy(frame);

@@ -35,6 +35,15 @@ public:
     void closeLayers();
     void dismissPopups();
 
+    /// Whole pixels per point of the output.
+    void setScale(int scale);
+
+    /// Whether frames are announced as soon as a surface is committed; otherwise they wait.
+    void setAnnouncesFrames(bool announces);
+    /// Announces all frames that wait.
+    void announceFrames();
+    [[nodiscard]] int waitingFrames();
+
     /// All surfaces enter or leave the output.
     void enterOutput();
     void leaveOutput();
@@ -50,6 +59,14 @@ public:
     [[nodiscard]] int count(const std::string& role);
     /// How many surfaces have been given content.
     [[nodiscard]] int withContent();
+    /// The content that was committed last, of any surface.
+    struct Content {
+        int width = 0;
+        int height = 0;
+        /// That which the surface then had.
+        int bufferScale = 1;
+    };
+    [[nodiscard]] Content latestContent();
     /// What a real compositor would have ended the connection for, since the last time.
     [[nodiscard]] std::vector<std::string> takeViolations();
 
@@ -61,6 +78,7 @@ private:
         wl_resource* xdgSurface = nullptr;
         wl_resource* buffer = nullptr;
         std::vector<wl_resource*> frames;
+        int bufferScale = 1;
         bool isConfigured = false;
         bool hasContent = false;
     };
@@ -71,6 +89,8 @@ private:
     void giveRole(const RequestLog::Request& request);
     void forget(wl_resource* object);
     void commit(wl_resource* object, Surface& surface);
+    void show(Surface& surface);
+    void announceFrames(Surface& surface);
     void configureRole(Surface& surface);
     /// A client's objects for the output, in the order in which it bound them.
     [[nodiscard]] std::vector<wl_resource*> outputsOf(wl_resource* surface) const;
@@ -84,8 +104,11 @@ private:
     std::uint32_t serial_ = 0;
     int popupX_ = 0;
     int popupY_ = 0;
+    int scale_ = 1;
+    Content latestContent_;
     bool configures_ = true;
     bool framesForFirst_ = true;
+    bool announcesFrames_ = true;
 };
 
 }

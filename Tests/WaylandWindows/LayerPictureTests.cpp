@@ -1,7 +1,7 @@
-#include "Input/SurfaceInput.hpp"
 #include "Panels/DockSurface.hpp"
 #include "Panels/LayerPicture.hpp"
 #include "ShellTest.hpp"
+#include "SilentWindow.hpp"
 
 #include <algorithm>
 #include <cstdio>
@@ -11,20 +11,6 @@
 
 namespace vireline::wayland {
 namespace {
-
-class NoInput final : public SurfaceInput {
-public:
-    [[nodiscard]] double pixelsPerPoint() const override { return 1; }
-    void pointerEntered(QPointF /*at*/) override {}
-    void pointerMoved(QPointF /*at*/) override {}
-    void pointerLeft() override {}
-    void buttonPressed(PointerButton /*button*/) override {}
-    void buttonReleased(PointerButton /*button*/) override {}
-    void dragEntered(const std::vector<std::string>& /*urls*/) override {}
-    [[nodiscard]] bool dragMoved(QPointF /*at*/) override { return false; }
-    void dragLeft() override {}
-    [[nodiscard]] bool dragDropped(QPointF /*at*/) override { return false; }
-};
 
 /// The picture of a dock of 100 x 40 points, on a surface with 10 points above it.
 class LayerPictureTest : public ShellTest {
@@ -71,7 +57,7 @@ protected:
         return std::ranges::count(requests, wanted) > 0;
     }
 
-    NoInput input_;
+    NoSurfaceInput input_;
     std::optional<DockSurface> surface_;
     int configured_ = 0;
     std::optional<LayerPicture> picture_;

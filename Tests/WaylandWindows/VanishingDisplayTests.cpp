@@ -2,6 +2,7 @@
 #include "Connection/QtNative.hpp"
 #include "Panels/LayerPanelWindow.hpp"
 #include "ShellTest.hpp"
+#include "SilentWindow.hpp"
 
 #include <QGuiApplication>
 #include <memory>
@@ -10,20 +11,6 @@
 
 namespace vireline::wayland {
 namespace {
-
-class SilentListener final : public PanelWindowListener {
-public:
-    void mouseEntered() override {}
-    void mouseExited() override {}
-    void frameDue() override { ++frames; }
-    void pointerEvent(const PointerEvent& /*event*/) override {}
-    void dragEntered(const std::vector<std::string>& /*urls*/) override {}
-    bool dragMoved(Point /*at*/) override { return false; }
-    void dragExited() override {}
-    bool dropped(Point /*at*/) override { return false; }
-
-    int frames = 0;
-};
 
 /// A dock at the bottom of the only display. Each display has a surface of its own that measures
 /// the free space, and three probes at its edges.
@@ -65,7 +52,7 @@ protected:
     [[nodiscard]] static int layers() { return shell().count("zwlr_layer_surface_v1"); }
     [[nodiscard]] static int menus() { return shell().count("xdg_popup"); }
 
-    SilentListener listener_;
+    SilentWindow listener_;
     std::unique_ptr<LayerPanelWindow> dock_;
     int closedMenus_ = 0;
 };
