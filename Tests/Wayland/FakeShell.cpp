@@ -67,7 +67,7 @@ void FakeShell::unplug() {
     compositor_.withdraw(wl_output_interface);
 }
 
-void FakeShell::describeOutput(wl_resource* output) {
+void FakeShell::describeOutput(wl_resource* output) const {
     wl_resource_post_event(output, outputGeometry, 0, 0, 0, 0, 0, "", "", 0);
     constexpr std::uint32_t current = 1;
     constexpr int milliHertz = 60'000;

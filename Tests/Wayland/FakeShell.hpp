@@ -83,7 +83,7 @@ private:
         bool hasContent = false;
     };
 
-    void describeOutput(wl_resource* output);
+    void describeOutput(wl_resource* output) const;
     void handle(const RequestLog::Request& request);
     void handleSurface(const RequestLog::Request& request);
     void giveRole(const RequestLog::Request& request);

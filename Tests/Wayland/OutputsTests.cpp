@@ -34,7 +34,7 @@ protected:
                 named_[reinterpret_cast<wl_resource*>(request.arguments[1].o)] = request.created;
         };
     }
-    ~OutputsTest() override {
+    void TearDown() override {
         watch_ = {};
         outputs_.reset();
         connection_.reset();

@@ -166,6 +166,17 @@ TEST_F(PointerTest, LeavesWhenItIsUnplugged) {
     enterAt(2, 2);
 }
 
+TEST_F(PointerTest, LeavesNothingThatItHasLeftAlready) {
+    enterAt(1, 1);
+    receive([&] { fake_.leave(surface_.get()); });
+    (void)input_.take();
+
+    fake_.setCapabilities(FakeSeat::touch);
+    awaitRead();
+
+    EXPECT_TRUE(input_.isEmpty());
+}
+
 TEST_F(PointerTest, LeavesWhenItsSeatGoes) {
     enterAt(1, 1);
 

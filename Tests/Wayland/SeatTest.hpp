@@ -86,7 +86,7 @@ protected:
     using Happenings = RecordedInput::Happenings;
 
     SeatTest() { test::testApplication(); }
-    ~SeatTest() override {
+    void TearDown() override {
         surface_.reset();
         surfaces_.reset();
         seat_.reset();
@@ -117,7 +117,7 @@ protected:
         awaitRead();
     }
     /// Waits until everything has been read that has arrived by now.
-    void awaitRead() {
+    void awaitRead() const {
         const int before = reads_;
         EXPECT_TRUE(test::waitUntil([&] { return reads_ > before; }));
     }
