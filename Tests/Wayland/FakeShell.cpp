@@ -59,12 +59,14 @@ void FakeShell::plugIn() {
     compositor_.offer(wl_output_interface, 3, [this](wl_resource* output) {
         log_.watch(output);
         outputs_.push_back(output);
+        pluggedIn_.push_back(output);
         describeOutput(output);
     });
 }
 
 void FakeShell::unplug() {
     compositor_.withdraw(wl_output_interface);
+    compositor_.run([this] { pluggedIn_.clear(); });
 }
 
 void FakeShell::describeOutput(wl_resource* output) const {
@@ -79,7 +81,7 @@ void FakeShell::describeOutput(wl_resource* output) const {
 void FakeShell::setScale(int scale) {
     compositor_.send([&] {
         scale_ = scale;
-        for (wl_resource* const output : outputs_)
+        for (wl_resource* const output : pluggedIn_)
             describeOutput(output);
     });
 }
@@ -255,6 +257,7 @@ void FakeShell::giveRole(const RequestLog::Request& request) {
 /// Called before the object is destroyed.
 void FakeShell::forget(wl_resource* object) {
     std::erase(outputs_, object);
+    std::erase(pluggedIn_, object);
     if (const auto found = surfaces_.find(object); found != surfaces_.end()) {
         if (found->second.role != nullptr || found->second.xdgSurface != nullptr)
             violations_.emplace_back("a surface is destroyed before its role");

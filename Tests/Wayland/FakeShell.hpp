@@ -100,6 +100,8 @@ private:
     std::map<wl_resource*, Surface> surfaces_;
     /// The clients' objects for the output.
     std::vector<wl_resource*> outputs_;
+    /// Those among them whose output is still there. Some clients never destroy the others.
+    std::vector<wl_resource*> pluggedIn_;
     std::vector<std::string> violations_;
     std::uint32_t serial_ = 0;
     int popupX_ = 0;
