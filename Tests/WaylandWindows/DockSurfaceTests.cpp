@@ -177,8 +177,13 @@ protected:
         ShellTest::TearDown();
     }
     void show() {
-        surface_->show(*buffer_->buffer(), std::array{QRect{0, 0, 100, 50}});
+        surface_->attach(*buffer_->buffer(), std::array{QRect{0, 0, 100, 50}});
+        awaitFrame();
         settle();
+    }
+    void awaitFrame() {
+        surface_->requestFrame();
+        surface_->commit();
     }
 
     NoSurfaceInput input_;
@@ -203,7 +208,7 @@ TEST_F(DockSurfaceTest, IsToldOfTheFrameAfterAPicture) {
 TEST_F(DockSurfaceTest, AwaitsOneFrameAtATime) {
     show();
     show();
-    surface_->awaitFrame();
+    awaitFrame();
     settle();
     EXPECT_EQ(shell().requests("wl_surface frame").size(), 1U);
     EXPECT_EQ(shell().waitingFrames(), 1);
@@ -215,7 +220,7 @@ TEST_F(DockSurfaceTest, AwaitsOneFrameAtATime) {
 }
 
 TEST_F(DockSurfaceTest, AwaitsAFrameWithoutANewPicture) {
-    surface_->awaitFrame();
+    awaitFrame();
     settle();
 
     EXPECT_EQ(shell().requests("wl_surface"), (Requests{"wl_surface damage_buffer 0 0 1 1",
@@ -229,7 +234,7 @@ TEST_F(DockSurfaceTest, MayShowAPictureWhenAFrameIsDue) {
                      DockSurface::Events{[this] { ++configured_; }, [] {},
                                          [this] {
                                              if (++frames_ == 1)
-                                                 surface_->awaitFrame();
+                                                 awaitFrame();
                                          }});
     ASSERT_TRUE(eventually([this] { return configured_ == 2; }));
     show();

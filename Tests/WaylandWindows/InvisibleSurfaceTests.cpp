@@ -47,16 +47,14 @@ class InvisibleSurfaceTest : public ShellTest {
 protected:
     void SetUp() override {
         ShellTest::SetUp();
-        surface_.reset(new InvisibleSurface{
-            context().menus,
-            *QGuiApplication::primaryScreen(),
-            coveredPlace,
+        surface_ = InvisibleSurface::make(
+            context().menus, *QGuiApplication::primaryScreen(), coveredPlace,
             {.shown = [this] { events_.emplace_back("shown"); },
              .pointed = [this](InvisibleSurface& /*self*/,
                                QPoint /*at*/) { events_.emplace_back("pointed"); },
              .pressed = [this] { events_.emplace_back("pressed"); },
              .keyPressed = [this](QKeyEvent& /*event*/) { events_.emplace_back("key"); },
-             .closed = [this] { events_.emplace_back("closed"); }}});
+             .closed = [this] { events_.emplace_back("closed"); }});
     }
     void TearDown() override {
         surface_.reset();
@@ -126,8 +124,8 @@ TEST_F(InvisibleSurfaceTest, ReportsThatItsDisplayIsGone) {
 TEST_F(InvisibleSurfaceTest, ReportsNothingOnceItIsRetired) {
     awaitShown();
     events_.clear();
-    InvisibleSurface* const retired = surface_.release();
-    retired->retire();
+    InvisibleSurface* const retired = surface_.get();
+    surface_.reset();
 
     click(*retired);
     pressKey(*retired, Qt::Key_Escape);

@@ -101,6 +101,15 @@ TEST_F(LayerPictureTest, CommitsSomethingWhenAFrameIsAwaited) {
     EXPECT_TRUE(has(requests, "wl_surface commit"));
 }
 
+/// The compositor would wake the program up for it.
+TEST_F(LayerPictureTest, AwaitsNoFrameAfterAPictureUnlessItIsToldTo) {
+    picture_->setScene(dotAt(60));
+    EXPECT_FALSE(has(updated(), "wl_surface frame"));
+
+    picture_->setScene(dotAt(20));
+    EXPECT_TRUE(has(updated(false, /*awaitsFrame=*/true), "wl_surface frame"));
+}
+
 TEST_F(LayerPictureTest, PaintsEverythingInNewColours) {
     picture_->lookChanged();
 

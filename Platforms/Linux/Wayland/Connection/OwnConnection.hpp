@@ -5,7 +5,6 @@
 #include "Connection/Proxies.hpp"
 #include "Connection/WaylandConnection.hpp"
 #include "Foundation/CallbackList.hpp"
-#include "Foundation/Lifetime.hpp"
 #include "Foundation/NonCopyable.hpp"
 
 #include <QSocketNotifier>
@@ -46,7 +45,6 @@ private:
     QSocketNotifier readable_;
     QTimer pause_;
     CallbackList<> readObservers_;
-    Lifetime lifetime_;
 };
 
 }

@@ -70,11 +70,8 @@ void DragOffer::read(std::function<void(std::vector<std::string>)> done) {
 
 /// A copy if the source allows it; if it insists on another action, it may have a reason.
 std::uint32_t DragOffer::chosenAction() const noexcept {
-    constexpr std::uint32_t copy = WL_DATA_DEVICE_MANAGER_DND_ACTION_COPY;
-    if ((possibleActions_ & copy) != 0)
-        return copy;
-    return possibleActions_ == 0 ? 0U
-                                 : 1U << static_cast<unsigned>(std::countr_zero(possibleActions_));
+    static_assert(WL_DATA_DEVICE_MANAGER_DND_ACTION_COPY == 1);
+    return possibleActions_ == 0 ? 0U : 1U << std::countr_zero(possibleActions_);
 }
 
 void DragOffer::answer(std::uint32_t serial, bool canDrop) {
