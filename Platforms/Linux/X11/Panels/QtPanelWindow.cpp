@@ -50,10 +50,8 @@ QtPanelWindow::QtPanelWindow(const PanelContext& context, std::uint32_t displayI
 }
 
 void QtPanelWindow::observe() {
-    QObject::connect(this, &QWindow::visibleChanged, this, [this](bool isShown) {
-        if (accessible_)
-            accessible_->setShown(isShown);
-    });
+    QObject::connect(this, &QWindow::visibleChanged, this,
+                     [this](bool isShown) { accessible_->setShown(isShown); });
     subscriptions_.push_back(context_.connection.observe(
         [this](const xcb_generic_event_t& event) { handleNative(event); }));
     subscriptions_.push_back(context_.screens.observeParameters([this] { displaysChanged(); }));
@@ -67,7 +65,6 @@ void QtPanelWindow::observe() {
 
 QtPanelWindow::~QtPanelWindow() {
     menu_.reset();
-    accessible_.reset();
     destroy();
 }
 
@@ -344,9 +341,8 @@ QPointF QtPanelWindow::pixel(QPointF position) const {
 }
 
 bool QtPanelWindow::takesPointer(QPointF pixel) const {
-    const int x = static_cast<int>(std::floor(pixel.x()));
-    const int y = static_cast<int>(std::floor(pixel.y()));
-    return picture_ && picture_->takesPointer(x, y);
+    const auto whole = [](double position) { return static_cast<int>(std::floor(position)); };
+    return picture_ && picture_->takesPointer(whole(pixel.x()), whole(pixel.y()));
 }
 
 QRect QtPanelWindow::placeOnScreen(const Rect& view) const {
