@@ -227,6 +227,17 @@ TEST_F(MovingPointer, IsReadAgainSoonIfNoFrameIsDue) {
     EXPECT_EQ(input_.take(), (Happenings{"moved 2 1", "moved 3 1"}));
 }
 
+TEST_F(MovingPointer, IsReadLessOftenIfNothingFollowsIt) {
+    input_.follows = false;
+    const auto begin = std::chrono::steady_clock::now();
+    move(2);
+    awaitRead();
+    move(3);
+    awaitRead();
+    EXPECT_GE(std::chrono::steady_clock::now() - begin, 30ms);
+    EXPECT_EQ(input_.take(), (Happenings{"moved 2 1", "moved 3 1"}));
+}
+
 TEST_F(MovingPointer, IsReadAgainShortlyBeforeTheNextFrame) {
     // Another program may delay the test, but hardly each time.
     constexpr auto frame = 400ms;

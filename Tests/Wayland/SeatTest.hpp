@@ -33,9 +33,11 @@ public:
     /// Whether drags can be dropped, and whether drops are accepted.
     bool canDrop = true;
     bool accepts = true;
+    bool follows = true;
 
 private:
     [[nodiscard]] double pixelsPerPoint() const override { return 1; }
+    [[nodiscard]] bool followsPointer() const override { return follows; }
     void pointerEntered(QPointF at) override { note("entered", at); }
     void pointerMoved(QPointF at) override { note("moved", at); }
     void pointerLeft() override { happenings_.emplace_back("left"); }

@@ -26,6 +26,7 @@ public:
 class NoSurfaceInput final : public SurfaceInput {
 public:
     [[nodiscard]] double pixelsPerPoint() const override { return 1; }
+    [[nodiscard]] bool followsPointer() const override { return false; }
     void pointerEntered(QPointF /*at*/) override {}
     void pointerMoved(QPointF /*at*/) override {}
     void pointerLeft() override {}

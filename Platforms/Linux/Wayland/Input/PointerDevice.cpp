@@ -119,4 +119,9 @@ bool PointerDevice::deliverMove() {
     return true;
 }
 
+bool PointerDevice::isFollowed() const {
+    const SurfaceInput* const under = target();
+    return under != nullptr && under->followsPointer();
+}
+
 }

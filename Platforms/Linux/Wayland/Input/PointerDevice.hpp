@@ -22,6 +22,8 @@ public:
 
     /// Passes the movement on that has been read, if any; returns whether there was one.
     bool deliverMove();
+    /// Whether the surface under the pointer follows it.
+    [[nodiscard]] bool isFollowed() const;
 
 private:
     struct Events;

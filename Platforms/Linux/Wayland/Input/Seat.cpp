@@ -10,8 +10,10 @@ namespace {
 /// With the events of discrete scroll steps, but without newer ones.
 constexpr std::uint32_t seatVersion = 5;
 
-/// The pointer is looked at that often while it moves and no frame is due.
-constexpr std::chrono::milliseconds lookInterval{16};
+/// The pointer is looked at that often while it moves and no frame is due: once per frame of usual
+/// displays if what is shown moves along, otherwise half as often.
+constexpr std::chrono::milliseconds followInterval{16};
+constexpr std::chrono::milliseconds lookInterval{33};
 
 }
 
@@ -77,8 +79,9 @@ void Seat::finishRead() {
         return;
     const auto now = Clock::now();
     const auto untilFrame = std::chrono::floor<std::chrono::milliseconds>(nextFrame_ - now);
-    const bool awaitsFrame = now - nextFrame_ < lookInterval;
-    const auto duration = awaitsFrame ? untilFrame : lookInterval;
+    const bool awaitsFrame = now - nextFrame_ < followInterval;
+    const auto whenIdle = pointer_->isFollowed() ? followInterval : lookInterval;
+    const auto duration = awaitsFrame ? untilFrame : whenIdle;
     if (duration.count() > 0)
         connection_.pause(duration);
 }

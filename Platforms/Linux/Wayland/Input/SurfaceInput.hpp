@@ -17,6 +17,10 @@ public:
     /// Pixels per point, for the pointer's image.
     [[nodiscard]] virtual double pixelsPerPoint() const = 0;
 
+    /// Whether what the surface shows moves along with the pointer. If not, movements may come
+    /// later.
+    [[nodiscard]] virtual bool followsPointer() const = 0;
+
     virtual void pointerEntered(QPointF at) = 0;
     virtual void pointerMoved(QPointF at) = 0;
     /// Not while a button is held that was pressed here.

@@ -51,6 +51,9 @@ public:
 
 private:
     [[nodiscard]] double pixelsPerPoint() const override { return mapping_.scale; }
+    [[nodiscard]] bool followsPointer() const override {
+        return scene_.followsPointer || tracker_.isPressed();
+    }
     void pointerEntered(QPointF at) override;
     void pointerMoved(QPointF at) override;
     void pointerLeft() override;
