@@ -26,10 +26,6 @@ wl_display* display() {
     return static_cast<wl_display*>(ofIntegration("wl_display"));
 }
 
-wl_compositor* compositor() {
-    return static_cast<wl_compositor*>(ofIntegration("compositor"));
-}
-
 wl_seat* seat(const WaylandConnection& connection) {
     return hasSeat(connection) ? static_cast<wl_seat*>(ofIntegration("wl_seat")) : nullptr;
 }

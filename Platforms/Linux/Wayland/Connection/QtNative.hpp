@@ -6,7 +6,6 @@
 
 class QScreen;
 class QWindow;
-struct wl_compositor;
 struct wl_display;
 struct wl_output;
 struct wl_seat;
@@ -20,7 +19,6 @@ class WaylandConnection;
 namespace vireline::wayland::QtNative {
 
 [[nodiscard]] wl_display* display();
-[[nodiscard]] wl_compositor* compositor();
 /// The user's seat; null if the compositor has none.
 [[nodiscard]] wl_seat* seat(const WaylandConnection& connection);
 /// The serial of the latest event of a button, key or touch; 0 without a seat.

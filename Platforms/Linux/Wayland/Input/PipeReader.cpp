@@ -35,6 +35,8 @@ void PipeReader::read() {
 void PipeReader::finish(std::optional<std::string> content) {
     readable_.setEnabled(false);
     tooLate_.stop();
+    // A program that still writes must not wait for a reader.
+    end_.close();
     const auto done = std::exchange(done_, nullptr);
     done(std::move(content));
 }

@@ -5,7 +5,6 @@
 #include "Toolkit/Appearance.hpp"
 
 #include <QScreen>
-#include <cmath>
 #include <utility>
 
 namespace vireline::wayland {
@@ -13,14 +12,6 @@ namespace {
 
 /// Milliseconds between the frames of a dock that is not shown.
 constexpr int hiddenFrameInterval = 16;
-
-/// The whole logical pixels that contain the rectangle, since surfaces have no fractions.
-QRect whole(const QRectF& rect) {
-    const int left = static_cast<int>(std::floor(rect.left()));
-    const int top = static_cast<int>(std::floor(rect.top()));
-    return {left, top, static_cast<int>(std::ceil(rect.right())) - left,
-            static_cast<int>(std::ceil(rect.bottom())) - top};
-}
 
 QRect pixelsOf(const QRectF& rect, double scale) {
     const QPoint corner = (rect.topLeft() * scale).toPoint();
@@ -224,7 +215,8 @@ void LayerPanelWindow::update() {
 }
 
 void LayerPanelWindow::relayout() {
-    place_ = whole(extentBefore_.value_or(extent()));
+    // Surfaces have no fractions of logical pixels.
+    place_ = extentBefore_.value_or(extent()).toAlignedRect();
     setGeometry(placeInQt());
     const double scale = surface_ ? surface_->scale() : 1;
     const QRectF view{frame_.x() + hostedFrame_.x,
@@ -259,8 +251,8 @@ Point LayerPanelWindow::viewPosition(QPointF position) const {
 
 QRect LayerPanelWindow::placeOnScreen(const Rect& view) const {
     const QRectF pixels = mapping_.pixels(view);
-    return whole({placeInQt().topLeft() + pixels.topLeft() / mapping_.scale,
-                  pixels.size() / mapping_.scale});
+    const QPointF corner = placeInQt().topLeft() + pixels.topLeft() / mapping_.scale;
+    return QRectF{corner, pixels.size() / mapping_.scale}.toAlignedRect();
 }
 
 QAccessibleInterface* LayerPanelWindow::accessibleRoot() const {

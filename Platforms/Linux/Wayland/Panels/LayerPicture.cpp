@@ -8,18 +8,6 @@
 #include <cmath>
 
 namespace vireline::wayland {
-namespace {
-
-QRect outward(const QRectF& rect) {
-    const QPoint corner(static_cast<int>(std::floor(rect.left())),
-                        static_cast<int>(std::floor(rect.top())));
-    const QPoint opposite(static_cast<int>(std::ceil(rect.right())),
-                          static_cast<int>(std::ceil(rect.bottom())));
-    return {corner, QSize{opposite.x() - corner.x(), opposite.y() - corner.y()}};
-}
-
-}
-
 LayerPicture::LayerPicture(const DockContext& context, DockSurface& surface)
     : context_(context), surface_(surface), buffers_(*context.memory) {}
 
@@ -55,10 +43,9 @@ void LayerPicture::paint() {
 QRegion LayerPicture::logical(const QRegion& pixels) const {
     const double ratio = picture_.layout().mapping.scale;
     QRegion region;
-    for (const QRect& rect : pixels) {
-        region += outward(
-            {rect.x() / ratio, rect.y() / ratio, rect.width() / ratio, rect.height() / ratio});
-    }
+    for (const QRect& rect : pixels)
+        region +=
+            QRectF{QPointF{rect.topLeft()} / ratio, QSizeF{rect.size()} / ratio}.toAlignedRect();
     return region;
 }
 
