@@ -55,7 +55,7 @@ if(VIRELINE_SANITIZE)
     set(is_sanitized "$<NOT:$<BOOL:$<TARGET_PROPERTY:NOT_SANITIZED>>>")
     target_compile_options(vireline_options INTERFACE "$<${is_sanitized}:\
 -fsanitize=address,undefined;-fno-sanitize-recover=all;-fno-omit-frame-pointer>")
-    target_link_options(vireline_options INTERFACE -fsanitize=address,undefined)
+    target_link_options(vireline_options INTERFACE "$<${is_sanitized}:-fsanitize=address,undefined>")
 endif()
 
 if(VIRELINE_FUZZ)

@@ -88,8 +88,8 @@ protected:
 constexpr FileEventSet changed{.changed = true};
 constexpr FileEventSet removed{.removed = true};
 
-using Implementations = testing::Types<FakeWatch, RealWatch>;
-TYPED_TEST_SUITE(FileEventsContract, Implementations);
+using Watches = testing::Types<FakeWatch, RealWatch>;
+TYPED_TEST_SUITE(FileEventsContract, Watches);
 
 TYPED_TEST(FileEventsContract, ReportsEveryChange) {
     using Reports = typename TestFixture::Reports;

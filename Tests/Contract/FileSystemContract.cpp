@@ -34,8 +34,8 @@ protected:
     FileSystem& port = files.port;
 };
 
-using Implementations = testing::Types<FakeFiles, RealFiles>;
-TYPED_TEST_SUITE(FileSystemContract, Implementations);
+using FileSystems = testing::Types<FakeFiles, RealFiles>;
+TYPED_TEST_SUITE(FileSystemContract, FileSystems);
 
 int codeOf(std::errc error) {
     return static_cast<int>(error);

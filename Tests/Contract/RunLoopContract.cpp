@@ -52,8 +52,8 @@ protected:
     RunLoop& loop = time.loop;
 };
 
-using Implementations = testing::Types<VirtualTime, RealTime>;
-TYPED_TEST_SUITE(RunLoopContract, Implementations);
+using RunLoops = testing::Types<VirtualTime, RealTime>;
+TYPED_TEST_SUITE(RunLoopContract, RunLoops);
 
 TYPED_TEST(RunLoopContract, FiresOnceAndNotBeforeTheTimeIsUp) {
     const double start = this->loop.now();

@@ -49,7 +49,11 @@ protected:
 
 struct Sample {
     const char* name;
-    std::string content;
+    std::string beginning;
+    /// Long, so made only by the test that uses it: every test's process registers all tests.
+    std::string (*rest)() = [] { return std::string{}; };
+
+    [[nodiscard]] std::string content() const { return beginning + rest(); }
 
     friend std::ostream& operator<<(std::ostream& out, const Sample& sample) {
         return out << sample.name;
@@ -78,13 +82,13 @@ class BadPreferences : public BadInput, public testing::WithParamInterface<Sampl
 
 TEST_P(BadPreferences, AreKeptAsTheyAreAndReplacedByDefaults) {
     auto& desktop = prepare();
-    desktop.home().writePreferences(GetParam().content);
+    desktop.home().writePreferences(GetParam().content());
     desktop.runVireline();
     EXPECT_TRUE(logs("preferences unreadable, using defaults (file kept)"));
     expectWelcome();
     expectWorking();
     // Not EXPECT_EQ, which would print the whole content.
-    EXPECT_TRUE(readFile(desktop.home().preferences()) == GetParam().content);
+    EXPECT_TRUE(readFile(desktop.home().preferences()) == GetParam().content());
 }
 
 constexpr std::size_t megabyte = std::size_t{1} << 20U;
@@ -98,15 +102,16 @@ INSTANTIATE_TEST_SUITE_P(
                     Sample{"UnknownPosition", R"({"position": "top"})"},
                     Sample{"EntryWithoutPath",
                            R"({"manualApps": [{"bundleID": "a", "name": "b"}]})"},
-                    Sample{"Noise", noise(4096)}, Sample{"NestedArrays", nested(depth, "[")},
-                    Sample{"NestedObjects", nested(depth, R"({"a":)")}),
+                    Sample{"Noise", "", [] { return noise(4096); }},
+                    Sample{"NestedArrays", "", [] { return nested(depth, "["); }},
+                    Sample{"NestedObjects", "", [] { return nested(depth, R"({"a":)"); }}),
     [](const auto& sample) { return std::string{sample.param.name}; });
 
 class AbsurdNumbers : public BadInput, public testing::WithParamInterface<Sample> {};
 
 TEST_P(AbsurdNumbers, StillGiveADockThatLaunches) {
     auto& desktop = prepare();
-    desktop.home().writePreferences(GetParam().content);
+    desktop.home().writePreferences(GetParam().content());
     desktop.runVireline();
     std::vector<DockWindow> docks;
     ASSERT_TRUE(eventually([&] { return (docks = desktop.docks().shown()).size() == 1; }));
@@ -144,7 +149,7 @@ class BadDockList : public BadInput, public testing::WithParamInterface<Sample> 
 
 TEST_P(BadDockList, ShowsNothingPinnedAndFollowsABetterOne) {
     auto& desktop = prepare();
-    writeFile(desktop.home().dockPreferences(), GetParam().content);
+    writeFile(desktop.home().dockPreferences(), GetParam().content());
     desktop.runVireline();
     EXPECT_TRUE(logs("mirror: 0 pinned apps from Apple's Dock"));
     EXPECT_TRUE(docksSettle(tiles(0)));
@@ -154,13 +159,13 @@ TEST_P(BadDockList, ShowsNothingPinnedAndFollowsABetterOne) {
 
 INSTANTIATE_TEST_SUITE_P(
     Content, BadDockList,
-    testing::Values(Sample{"Empty", ""}, Sample{"Noise", noise(65536)},
-                    Sample{"TruncatedXml",
-                           "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>"},
-                    Sample{"WrongShape", "<plist version=\"1.0\"><dict><key>persistent-apps</key>"
-                                         "<string>none</string></dict></plist>"},
-                    Sample{"NestedXml", "<plist version=\"1.0\">" + nested(depth, "<array>")},
-                    Sample{"BinaryNoise", "bplist00" + noise(4096)}),
+    testing::Values(
+        Sample{"Empty", ""}, Sample{"Noise", "", [] { return noise(65536); }},
+        Sample{"TruncatedXml", "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>"},
+        Sample{"WrongShape", "<plist version=\"1.0\"><dict><key>persistent-apps</key>"
+                             "<string>none</string></dict></plist>"},
+        Sample{"NestedXml", "<plist version=\"1.0\">", [] { return nested(depth, "<array>"); }},
+        Sample{"BinaryNoise", "bplist00", [] { return noise(4096); }}),
     [](const auto& sample) { return std::string{sample.param.name}; });
 
 TEST_F(BadInput, DesktopEntriesThatAreMalformedHarmNoOther) {

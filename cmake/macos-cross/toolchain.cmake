@@ -24,11 +24,13 @@ set(CMAKE_RANLIB ${tools}/ranlib)
 # Only needed for shared libraries, of which there are none, but CMake requires it.
 set(CMAKE_INSTALL_NAME_TOOL ${CMAKE_COMMAND})
 
-# The deployment target is part of Zig's target name. Zig enables UndefinedBehaviorSanitizer traps
+# The deployment target is part of Zig's target name. CMake has to know the target, or to identify the compiler
+# it would link a program for the build machine, for which Zig would first compile a C++ library. Zig enables UndefinedBehaviorSanitizer traps
 # by default, which would only make the objects larger, since nothing is run here.
+set(CMAKE_CXX_COMPILER_TARGET ${target}-macos.13.0)
 set(CMAKE_OSX_DEPLOYMENT_TARGET "" CACHE STRING "")
 set(CMAKE_OSX_SYSROOT "" CACHE STRING "")
-set(CMAKE_CXX_FLAGS_INIT "-target ${target}-macos.13.0 -fno-sanitize=undefined -F${CMAKE_CURRENT_LIST_DIR}/Frameworks")
+set(CMAKE_CXX_FLAGS_INIT "-fno-sanitize=undefined -F${CMAKE_CURRENT_LIST_DIR}/Frameworks")
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-L${CMAKE_CURRENT_LIST_DIR}/lib")
 
 # Nothing of the build machine is used, except for the JSON headers and GoogleTest's sources, which

@@ -12,7 +12,7 @@ namespace {
 using SettingsCoding::decode;
 using SettingsCoding::encode;
 
-constexpr std::size_t absurdDepth = 100'000;
+constexpr std::size_t absurdDepth = 40'000;
 
 std::string repeated(std::string_view text, std::size_t times) {
     std::string all;
