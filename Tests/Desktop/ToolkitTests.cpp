@@ -87,7 +87,7 @@ protected:
         ASSERT_TRUE(eventually([&] { return !isVisible(title); }));
     }
 
-    /// Has the first window ask for attention as programs of this toolkit do.
+    /// Makes the first window ask for attention as programs of this toolkit do.
     void demandAttention() {
         if (GetParam() == Toolkit::athena)
             std::ofstream{output(), std::ios::app} << '\a' << std::flush;

@@ -1,6 +1,6 @@
 /// Runs the platform's displays and dock windows in this process, on a virtual X desktop with three
 /// displays, the last of which has two pixels per point. The tests of a process share one desktop;
-/// run through ctest, every test has its own process.
+/// run through ctest, each of eight processes runs an eighth of the tests.
 #pragma once
 
 #include "Connection/X11Connection.hpp"

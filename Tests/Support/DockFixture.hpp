@@ -23,7 +23,7 @@ struct DockFixture {
     std::vector<std::string> actionsTaken;
     bool manualMode = false;
     std::optional<std::string> undoTitle;
-    /// Of every app.
+    /// Open windows, the same for every app.
     std::vector<OpenWindow> windows;
     std::vector<ApplicationCatalog::Action> appActions;
     DockActions actions = recordingActions();

@@ -70,7 +70,7 @@ protected:
     PanelUIState ui;
     DockViewContext context = dock.context();
     Menu menu;
-    /// Of all menus that were asked for.
+    /// The titles of all requested menus.
     std::vector<std::string> menuTitles;
     MenuPlace menuPlace;
 

@@ -38,7 +38,7 @@ public:
 
     explicit UndisturbedTime(std::vector<pid_t> participants);
 
-    /// Since the object was made.
+    /// The time since this object was constructed.
     [[nodiscard]] Milliseconds elapsed() const;
 
 private:

@@ -29,7 +29,7 @@ public:
                          [this](wl_resource* activation) { log_.watch(activation); });
     }
 
-    /// Since the last time.
+    /// The requests since the previous call.
     [[nodiscard]] RequestLog::Requests requests() { return log_.take(); }
 
     std::optional<std::string> text = "token-1";

@@ -29,7 +29,7 @@ protected:
         surface_.reset(wl_compositor_create_surface(compositor_.get()));
         (void)requested();
     }
-    /// Since the last time.
+    /// The requests since the previous call.
     Requests requested() {
         wl_display_roundtrip(display_.get());
         return log_.take();

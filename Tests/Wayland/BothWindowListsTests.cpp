@@ -153,7 +153,7 @@ TYPED_TEST(BothWindowLists, DoNotListWindowsThatCloseWhileTheyAreReadFirst) {
     EXPECT_EQ(this->requests(), Texts{"0 destroy"});
 }
 
-TYPED_TEST(BothWindowLists, AreWhatTheyWereOnceTheCompositorHasDied) {
+TYPED_TEST(BothWindowLists, KeepTheirContentWhenTheCompositorDies) {
     this->add("org.example.a");
     this->open();
     const auto id = this->window(0).id;

@@ -41,7 +41,7 @@ public:
     void offerClipboard();
     void answerPipes();
 
-    /// What has been requested of offers since the last time, such as "accept text/plain",
+    /// The requests to offers since the previous call, such as "accept text/plain",
     /// "receive text/plain", "refuse", "set_actions 1 1", "finish" or "destroy".
     [[nodiscard]] RequestLog::Requests requests();
 

@@ -38,7 +38,7 @@ public:
     /// Closes a window as soon as a client has been told about it.
     void closeOnceDescribed(std::size_t window);
 
-    /// What the client has requested of windows since the last time, such as "0 close".
+    /// The client's requests to windows since the previous call, such as "0 close".
     [[nodiscard]] RequestLog::Requests requests() { return log_.take(); }
 
 private:

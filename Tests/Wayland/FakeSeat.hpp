@@ -23,7 +23,7 @@ public:
     /// The seat as a whole goes.
     void withdraw();
 
-    /// What has been requested since the last time.
+    /// The requests since the previous call.
     [[nodiscard]] RequestLog::Requests requests() { return log_.take(); }
 
     /// These events belong to the compositor's thread; see `FakeCompositor::send`. Surfaces are the
@@ -39,7 +39,7 @@ public:
     void touchUp(int finger);
     void cancelTouch();
 
-    /// That of the latest event that has one.
+    /// The serial of the latest event that carries one.
     [[nodiscard]] std::uint32_t serial() const noexcept { return serial_; }
 
 private:

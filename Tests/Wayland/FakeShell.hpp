@@ -50,9 +50,9 @@ public:
     /// Another output of the same client.
     void enterOtherOutput();
 
-    /// What has been requested since the last time; see `RequestLog`.
+    /// The requests since the previous call; see `RequestLog`.
     [[nodiscard]] RequestLog::Requests requests() { return log_.take(); }
-    /// Those among them that begin like this.
+    /// Only the requests that start with `beginning`.
     [[nodiscard]] RequestLog::Requests requests(const std::string& beginning);
 
     /// How many surfaces have that role; the names are those of the interfaces.
@@ -63,18 +63,19 @@ public:
     struct Content {
         int width = 0;
         int height = 0;
-        /// That which the surface then had.
+        /// The surface's buffer scale at that commit.
         int bufferScale = 1;
     };
     [[nodiscard]] Content latestContent();
-    /// What a real compositor would have ended the connection for, since the last time.
+    /// The errors since the previous call for which a real compositor would have ended the
+    /// connection.
     [[nodiscard]] std::vector<std::string> takeViolations();
 
 private:
     struct Surface {
         /// A layer surface or popup; null without a role.
         wl_resource* role = nullptr;
-        /// Of a popup.
+        /// Set for popups only.
         wl_resource* xdgSurface = nullptr;
         wl_resource* buffer = nullptr;
         std::vector<wl_resource*> frames;
@@ -100,7 +101,8 @@ private:
     std::map<wl_resource*, Surface> surfaces_;
     /// The clients' objects for the output.
     std::vector<wl_resource*> outputs_;
-    /// Those among them whose output is still there. Some clients never destroy the others.
+    /// The ones among `outputs_` whose output is still there. Some clients never destroy the
+    /// others.
     std::vector<wl_resource*> pluggedIn_;
     std::vector<std::string> violations_;
     std::uint32_t serial_ = 0;

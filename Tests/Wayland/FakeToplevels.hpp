@@ -33,7 +33,7 @@ public:
     /// Announces no more windows.
     void finish();
 
-    /// What the client has requested of windows since the last time, such as "0 set_minimized".
+    /// The client's requests to windows since the previous call, such as "0 set_minimized".
     [[nodiscard]] RequestLog::Requests requests() { return log_.take(); }
 
 private:

@@ -45,7 +45,7 @@ TEST_F(PlasmaWindowListTest, TakesHigherWindowsToHaveBeenActiveLater) {
     EXPECT_EQ(list_->activeWindow(), window(1).id);
 }
 
-TEST_F(PlasmaWindowListTest, KnowsNoActiveWindowIfThatIsSo) {
+TEST_F(PlasmaWindowListTest, MayHaveNoActiveWindow) {
     fake_.add("org.example.a");
     fake_.setStacking("0");
 
@@ -97,7 +97,7 @@ TEST_F(PlasmaWindowListTest, LeavesOutWindowsThatTaskbarsSkip) {
     EXPECT_EQ(classesOf(*list_), Texts{});
 }
 
-TEST_F(PlasmaWindowListTest, RequestsWhatTheProtocolHasForIt) {
+TEST_F(PlasmaWindowListTest, SendsTheProtocolsRequests) {
     fake_.add("org.example.a");
     fake_.add("org.example.b");
     open();

@@ -70,7 +70,7 @@ TEST_F(PointerTest, MovesBeforeItLeaves) {
     EXPECT_EQ(input_.take(), (Happenings{"moved 2 2", "left"}));
 }
 
-TEST_F(PointerTest, DoesNotMoveWhereItOnlyWasBefore) {
+TEST_F(PointerTest, DoesNotRepeatAMovementFromBeforeItLeft) {
     receive([&] {
         fake_.enter(surface_.get(), 1, 1);
         fake_.move(2, 2);

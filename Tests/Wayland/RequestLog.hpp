@@ -44,7 +44,7 @@ public:
     /// Called with each request that has been noted, before its object is destroyed.
     std::function<void(const Request&)> onRequest = [](const Request& /*request*/) {};
 
-    /// What has been requested since the last time: the object's name, the request's, and its
+    /// The requests since the previous call: the object's name, the request's, and its
     /// numbers, such as "wl_region add 0 0 8 8".
     [[nodiscard]] Requests take();
 

@@ -9,7 +9,7 @@ namespace {
 const OutputState left{.name = "DP-1", .geometry = {0, 0, 1920, 1080}, .reserved = {}};
 const OutputState right{.name = "DP-2", .geometry = {1920, -200, 1280, 1024}, .reserved = {}};
 
-TEST(ScreenLayout, TakesTheDisplayAtTheOriginForThePrimaryOne) {
+TEST(ScreenLayout, TreatsTheDisplayAtTheOriginAsPrimary) {
     const auto ordered = ScreenLayout::inOrder({right, left});
     EXPECT_EQ(ordered.front(), left);
 }

@@ -26,7 +26,7 @@ class RecordedInput final : public SurfaceInput {
 public:
     using Happenings = std::vector<std::string>;
 
-    /// What has happened since the last time.
+    /// What has happened since the previous call.
     [[nodiscard]] Happenings take() { return std::exchange(happenings_, {}); }
     [[nodiscard]] bool isEmpty() const noexcept { return happenings_.empty(); }
 
@@ -113,7 +113,7 @@ protected:
         wl_display_roundtrip(own_->globals().display());
         wl_display_roundtrip(own_->globals().display());
     }
-    /// Has the compositor send events together, and waits until they have been read.
+    /// Makes the compositor send events together, and waits until they have been read.
     void receive(const std::function<void()>& events) {
         compositor_.send(events);
         awaitRead();

@@ -66,7 +66,7 @@ TEST_F(SessionInstanceTest, ReportsStartsBeforeItWasObserved) {
     EXPECT_EQ(starts, 1) << "for all of them";
 }
 
-TEST_F(SessionInstanceTest, IsAnotherInAnotherSession) {
+TEST_F(SessionInstanceTest, IsSeparateForEachSession) {
     const auto first = claim("wayland-1");
     const auto other = claim("wayland-2");
     const auto nested = claim("/run/user/1/wayland-1");
@@ -148,7 +148,7 @@ TEST_F(SessionInstanceTest, IgnoresWhatElseIsSentToIt) {
     EXPECT_TRUE(test::waitUntil([&] { return starts == 1; }));
 }
 
-TEST_F(SessionInstanceTest, FollowsNoLinkThatSomebodyHasPutThere) {
+TEST_F(SessionInstanceTest, FollowsNoSymbolicLink) {
     std::filesystem::create_symlink(folder_.path() / "elsewhere",
                                     folder_.path() / "vireline-wayland-1.lock");
 
@@ -156,7 +156,7 @@ TEST_F(SessionInstanceTest, FollowsNoLinkThatSomebodyHasPutThere) {
     EXPECT_FALSE(std::filesystem::exists(folder_.path() / "elsewhere"));
 }
 
-TEST(SessionInstance, IsEveryStartWithoutARuntimeFolder) {
+TEST(SessionInstance, LetsEveryStartRunWithoutARuntimeFolder) {
     EXPECT_NE(SessionInstance::claim({}, "wayland-1"), nullptr);
     const auto instance = SessionInstance::claim("/nonexistent", "wayland-1");
     ASSERT_NE(instance, nullptr);

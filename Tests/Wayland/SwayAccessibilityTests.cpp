@@ -118,7 +118,7 @@ TEST_F(SwayAccessibility, FillsAPlaceWithATiledWindow) {
     EXPECT_EQ(port_->size(*element), Result<Size>{wanted.size()});
 }
 
-TEST_F(SwayAccessibility, PutsAFilledWindowRightThatGoesBackToItsOwnSize) {
+TEST_F(SwayAccessibility, CorrectsAFilledWindowThatRevertsItsSize) {
     const auto element = run();
     ASSERT_NE(element, nullptr);
     desk().command("floating enable");

@@ -208,7 +208,7 @@ TEST_F(SwayWindowListTest, AsksAppsToQuit) {
     EXPECT_EQ(process.waitForExit(), 0);
 }
 
-TEST_F(SwayWindowListTest, TakesAWindowThatDoesNotSayWhatItIsForItsProgram) {
+TEST_F(SwayWindowListTest, IdentifiesAWindowWithoutAppIDByItsProgram) {
     const auto& process = desk().run({});
     EXPECT_TRUE(test::waitUntil([&] { return !apps_->running().empty(); }));
 

@@ -46,7 +46,7 @@ protected:
     [[nodiscard]] const xdg::ClientWindow& window(std::size_t index) const {
         return list_->windows().at(index);
     }
-    /// Since the last time.
+    /// The requests since the previous call.
     [[nodiscard]] Texts requests() {
         list_->flush();
         sync();

@@ -68,7 +68,7 @@ TEST_F(WlrWindowListTest, AnnouncesOnlyWhatMatters) {
     EXPECT_EQ(changes_, 1);
 }
 
-TEST_F(WlrWindowListTest, RequestsWhatTheProtocolHasForIt) {
+TEST_F(WlrWindowListTest, SendsTheProtocolsRequests) {
     compositor_.offer(wl_seat_interface, 1);
     fake_.add("org.example.a", "A");
     fake_.add("org.example.b", "B");

@@ -97,7 +97,7 @@ protected:
             wl_resource_post_event(scale_, preferredScale, parts);
         });
     }
-    /// What has been requested of viewports since the last time.
+    /// The requests to viewports since the previous call.
     [[nodiscard]] Requests viewports() {
         Requests all = log_->take();
         std::erase_if(all, [](const auto& each) { return !each.starts_with("wp_viewport set_"); });

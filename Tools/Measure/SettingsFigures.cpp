@@ -34,7 +34,7 @@ template <class Condition>
 double timeUntil(Clock::time_point start, const Condition& condition) {
     while (!condition()) {
         if (Clock::now() - start > conditionTimeout)
-            throw std::runtime_error{"what is to be measured does not come"};
+            throw std::runtime_error{"timed out waiting for the measured event"};
     }
     return millisecondsSince(start);
 }

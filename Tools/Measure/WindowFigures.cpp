@@ -28,7 +28,7 @@ double timeUntil(const Condition& condition) {
     const auto start = Clock::now();
     while (!condition()) {
         if (Clock::now() - start > conditionTimeout)
-            throw std::runtime_error{"what is to be measured does not come"};
+            throw std::runtime_error{"timed out waiting for the measured event"};
     }
     return Milliseconds{Clock::now() - start}.count();
 }

@@ -16,7 +16,7 @@ struct Counts {
     /// Downloads and Trash, which every dock has room for.
     int utility = 2;
 
-    /// Of the app tiles.
+    /// Counts the app tiles.
     [[nodiscard]] static Counts of(std::span<const DockItem> items);
 
     [[nodiscard]] int tiles() const;

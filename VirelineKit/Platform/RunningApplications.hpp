@@ -35,9 +35,9 @@ struct RunningApplication {
 
 /// Which apps want the user's attention, by bundle identifier.
 struct AppAttention {
-    /// Those with a window that demands it.
+    /// Apps with a window that demands attention.
     std::set<std::string> demanding = {};
-    /// The frontmost app, which has it.
+    /// The frontmost app, which has the user's attention.
     std::optional<std::string> active = {};
 
     bool operator==(const AppAttention&) const = default;

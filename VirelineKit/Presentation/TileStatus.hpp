@@ -8,9 +8,10 @@
 namespace vireline {
 
 struct TileStatus {
-    /// Such as unread messages; at least 1. nullopt if there is nothing to count.
+    /// The number of unread messages, for example; at least 1. nullopt if there is nothing to
+    /// count.
     std::optional<std::int64_t> count = {};
-    /// Of what the app is doing, from 0 to 1.
+    /// Progress of the app's task, from 0 to 1.
     std::optional<double> progress = {};
     /// The app asks for the user's attention.
     bool isUrgent = false;

@@ -11,7 +11,7 @@ namespace vireline::Attention {
 using Apps = std::set<std::string>;
 
 struct State {
-    /// Which asked for attention when this was last looked at.
+    /// Apps that were asking for attention at the previous call of `next`.
     Apps asking;
     Apps marked;
 
@@ -27,7 +27,7 @@ struct Facts {
 };
 
 /// An app is marked once it begins to ask, unless it is active, and until it becomes active or is
-/// no longer present. One that goes on asking while it is active has been heard.
+/// no longer present. An app that keeps asking while it is active is not marked again.
 [[nodiscard]] State next(const State& before, const Facts& now);
 
 }

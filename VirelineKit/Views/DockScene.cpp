@@ -23,16 +23,18 @@ constexpr Curve landing{0.2, Easing::easeOut};
 constexpr double pulseScale = 0.92;
 constexpr double dropTargetScale = 1.1;
 constexpr double handleOpacity = 0.4;
-/// At each end of a collapsed dock's handle.
+/// The margin at each end of a collapsed dock's handle.
 constexpr double handlePadding = 10;
 constexpr double separatorRadius = 0.5;
 constexpr double labelFontSize = 12;
-/// Of a badge: its height, and its width for one, two and three characters, as parts of the icon.
+/// A badge's height, and its width for one, two and three characters, as fractions of the icon's
+/// size.
 constexpr double badgeHeight = 0.4;
 constexpr std::array badgeWidths{0.4, 0.52, 0.68};
 /// How far a badge extends beyond the icon's side.
 constexpr double badgeReach = 0.08;
-/// Of a progress bar: its height, its distance from the icon's bottom and sides.
+/// A progress bar's height and its distances from the icon's bottom and sides, as fractions of the
+/// icon's size.
 constexpr double progressHeight = 0.13;
 constexpr double progressBottom = 0.1;
 constexpr double progressInset = 0.08;

@@ -31,7 +31,7 @@ struct ModelDock {
 
     [[nodiscard]] bool isHeld() const { return hasPointer || hasMenu || hasFiles || isDragging; }
 
-    void comeOut() {
+    void expand() {
         if (!hides)
             return;
         hidesAt.reset();
@@ -154,7 +154,7 @@ void PanelWalk::pointerStep(PanelWindowListener& listener, ModelDock& state) {
     case 0:
         listener.mouseEntered();
         state.hasPointer = true;
-        state.comeOut();
+        state.expand();
         break;
     case 1:
     case 2:
@@ -194,7 +194,7 @@ void PanelWalk::filesStep(PanelWindowListener& listener, ModelDock& state) {
     case 0:
         listener.dragEntered({"https://example.org/a", "file:///a"});
         state.hasFiles = true;
-        state.comeOut();
+        state.expand();
         break;
     case 1:
         if (!state.hasFiles)

@@ -78,7 +78,7 @@ protected:
         }
     }
     [[nodiscard]] NSView* view(NSUInteger index) const { return dock.subviews[index]; }
-    /// Of the glass that a node shows.
+    /// The background of the glass that a node shows.
     [[nodiscard]] NSView* background(NSUInteger index) const {
         return view(index).subviews.firstObject.subviews.firstObject;
     }
@@ -350,7 +350,7 @@ TEST_F(Scenes, TellAssistiveTechnologyOfOtherTilesAndOfAppsThatRun) {
         static_cast<void>([dock accessibilityChildren]);
         dot.opacity = 0;
         show({notes, mail, dot});
-        // Of the tile that changed alone.
+        // Only the tile that changed announces it.
         ASSERT_EQ(paper::requests().size(), 1U);
         EXPECT_TRUE(paper::requests()[0].ends_with("AXValueChanged"));
         show({});

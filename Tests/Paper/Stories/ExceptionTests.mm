@@ -267,7 +267,7 @@ private:
         return all;
     }
 
-    /// Of the file that a process writes.
+    /// The end of the name of the file that a process writes.
     mutable std::string suffix_;
 };
 

@@ -12,7 +12,7 @@
 namespace vireline::xdg {
 namespace {
 
-/// Of the capsule's height.
+/// The text's height and the outline's width, as fractions of the capsule's height.
 constexpr double textHeight = 0.68;
 constexpr double outlineWidth = 0.07;
 

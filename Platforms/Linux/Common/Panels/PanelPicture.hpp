@@ -33,7 +33,7 @@ class PanelPicture {
 public:
     void setScene(const Scene& scene);
     [[nodiscard]] const Scene& scene() const noexcept { return scene_; }
-    /// Has everything painted again.
+    /// Everything is painted again afterwards.
     void setLayout(const PanelLayout& layout);
     [[nodiscard]] const PanelLayout& layout() const noexcept { return layout_; }
 

@@ -1,6 +1,5 @@
 /// What the platform needs from the window system under which the desktop runs. Everything that
-/// only a window system can know or do is behind this class, or behind the classes that it gives
-/// out.
+/// only a window system can know or do is behind this class, or behind the classes that it returns.
 #pragma once
 
 #include <memory>

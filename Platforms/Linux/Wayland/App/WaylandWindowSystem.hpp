@@ -49,9 +49,9 @@ private:
 
     xdg::SecondStarts& secondStarts_;
     RunLoop& runLoop_;
-    /// Qt's.
+    /// Qt's connection, for menus and the program's windows.
     WaylandConnection connection_;
-    /// For the docks.
+    /// Our own connection, for the docks.
     std::unique_ptr<OwnConnection> own_;
     Seat seat_{*own_};
     /// Empty under other compositors.

@@ -1,4 +1,4 @@
-/// What KWin's own interfaces know a window by, and how the window lies.
+/// A window's identifier in KWin's own interfaces, and its geometry.
 #pragma once
 
 #include "Foundation/Geometry.hpp"

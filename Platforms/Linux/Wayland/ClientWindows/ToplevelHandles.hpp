@@ -22,8 +22,8 @@ public:
     using Handle = typename decltype(Window::handle)::element_type;
 
     /// Reads the windows that there are already. `listen` adds the listener of `manager`; then this
-    /// waits that many times for the compositor's answers, dispatching only events of `manager` and
-    /// of handles that are added meanwhile.
+    /// waits `roundTrips` times for the compositor's answers, dispatching only events of `manager`
+    /// and of handles that are added meanwhile.
     template <class Manager>
     void readFirst(wl_display* display, Manager& manager, int roundTrips,
                    const std::function<void()>& listen) {

@@ -1,4 +1,4 @@
-/// Has KWin run scripts, over the session bus.
+/// Runs scripts in KWin, over the session bus.
 #pragma once
 
 #include "Foundation/Lifetime.hpp"
@@ -22,7 +22,7 @@ public:
     /// Whether KWin is on the bus; known some time after the start.
     [[nodiscard]] bool isAvailable() const noexcept { return isAvailable_; }
 
-    /// Waits until the script has been run, but at most so long. What it reports is lost.
+    /// Waits up to `seconds` for the script to finish. Its output is discarded.
     Result<void> run(const std::string& script, double seconds);
 
 private:

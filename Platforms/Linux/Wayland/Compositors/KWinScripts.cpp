@@ -41,7 +41,7 @@ std::string number(double value) {
     return std::to_string(std::lround(value));
 }
 
-/// What KWin sends as an ID becomes part of a script.
+/// Only the characters of a UUID are kept, because the ID becomes part of a script.
 std::string onWindow(const KWinWindow& window, const std::string& statements) {
     std::string id = window.uuid;
     std::erase_if(id, [](char letter) {
@@ -64,12 +64,12 @@ std::string cornerOf(Point point) {
 }
 
 std::string move(const KWinWindow& window, Point corner) {
-    // A size that the program has yet to draw is kept, although KWin says the one before.
+    // A pending resize is kept, although `frameGeometry` still reports the old size.
     if (!window.isMaximised && !window.isFullScreen) {
         return onWindow(window, setFrame(cornerOf(corner), "window.frameGeometry.width",
                                          "window.frameGeometry.height"));
     }
-    // KWin makes it fill that one.
+    // KWin then makes the window fill that display.
     const Point centre = Rect{corner.x, corner.y, window.frame.width, window.frame.height}.center();
     return std::string{displayAt} +
            onWindow(window, "    var display = displayAt(" + number(centre.x) + ", " +

@@ -10,8 +10,8 @@
 /// In all of them the window ends up unminimised and on the current desktop.
 namespace vireline::wayland::KWinScripts {
 
-/// Puts the window's corner there. A window that fills its display, fills the one at that place
-/// afterwards.
+/// Moves the window's corner there. A maximised or full-screen window then fills the display at
+/// that point.
 [[nodiscard]] std::string move(const KWinWindow& window, Point corner);
 
 [[nodiscard]] std::string place(const KWinWindow& window, const Rect& frame);

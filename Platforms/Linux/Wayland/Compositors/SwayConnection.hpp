@@ -30,8 +30,8 @@ public:
     /// The process at the other end; 0 if unknown.
     [[nodiscard]] pid_t peer() const;
 
-    /// Sends a request and waits up to that many seconds for its reply, discarding events. After
-    /// an error, the connection is of no use any more. Not to be used after `listen`.
+    /// Sends a request and waits up to `seconds` for its reply, discarding events. The connection
+    /// cannot be used after an error. Not to be used after `listen`.
     [[nodiscard]] Result<std::string> request(SwayMessageType type, std::string_view text,
                                               double seconds);
 

@@ -16,9 +16,9 @@
 
 namespace vireline::wayland {
 
-/// Windows are those of `SwayWindowList`. A window that was given a frame is put right for half a
-/// second: a program that has yet to draw the size that it had before makes sway go back to that.
-/// Any change after that is considered the user's.
+/// Windows are those of `SwayWindowList`. A window's new frame is corrected for half a second: sway
+/// reverts it if the program has not yet drawn its previous size. Any change after that is
+/// considered the user's.
 class SwayPlacer final : public WindowPlacer, private NonCopyable {
 public:
     SwayPlacer(std::string socket, RunLoop& runLoop);

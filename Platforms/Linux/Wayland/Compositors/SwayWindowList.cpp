@@ -48,7 +48,7 @@ SwayWindowList::SwayWindowList(std::unique_ptr<SwayConnection> connection, pid_t
     take(std::move(tree));
     connection_->listen([this](const SwayMessage& message) { handle(message); });
     connection_->send(SwayMessageType::subscribe, R"(["window", "workspace"])");
-    // For what has changed before that.
+    // Catches changes from before the subscription.
     readTree();
 }
 

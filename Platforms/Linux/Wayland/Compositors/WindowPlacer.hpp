@@ -8,7 +8,7 @@
 namespace vireline::wayland {
 
 /// Frames include what the compositor draws around a window. They are in its own coordinates:
-/// logical pixels, y downwards. Each call may block for that many seconds.
+/// logical pixels, y downwards. Each call may block for up to `seconds`.
 class WindowPlacer {
 public:
     virtual ~WindowPlacer() = default;
@@ -18,7 +18,7 @@ public:
 
     [[nodiscard]] virtual Result<Rect> frame(xdg::WindowID window, double seconds) = 0;
 
-    /// Puts the window's corner there, and the window on what is shown there.
+    /// Moves the window's corner there, and the window to the desktop that is shown there.
     virtual Result<void> move(xdg::WindowID window, Point corner, double seconds) = 0;
 
     virtual Result<void> place(xdg::WindowID window, const Rect& frame, double seconds) = 0;

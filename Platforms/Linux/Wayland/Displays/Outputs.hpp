@@ -22,7 +22,7 @@ public:
     Output(Proxy<wl_output> output, std::function<void()> onChange);
     ~Output();
 
-    /// Has the compositor tell the name.
+    /// Requests the name from the compositor.
     void learnName(zxdg_output_manager_v1& manager);
 
     [[nodiscard]] wl_output* get() const noexcept { return output_.get(); }
@@ -30,7 +30,7 @@ public:
     [[nodiscard]] const std::string& name() const noexcept { return name_; }
     /// Whole pixels per point, rounded up.
     [[nodiscard]] int scale() const noexcept { return scale_; }
-    /// From one frame to the next.
+    /// The time from one frame to the next.
     [[nodiscard]] std::chrono::microseconds interval() const noexcept { return interval_; }
 
 private:

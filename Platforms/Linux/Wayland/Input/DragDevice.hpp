@@ -35,7 +35,7 @@ private:
         wl_surface* surface = nullptr;
         std::uint32_t serial = 0;
         QPointF position;
-        /// The surface has been told of the files.
+        /// The surface has been given the files.
         bool isKnown = false;
         bool canDrop = false;
     };

@@ -25,14 +25,15 @@ public:
 
     /// Whether there is a format that may contain files.
     [[nodiscard]] bool isReadable() const noexcept { return !format().empty(); }
-    /// Calls `done` once with the texts of all URLs, unless this object is destroyed before. There
-    /// are none if the other program sends nonsense, or nothing in time.
+    /// Calls `done` once with the texts of all URLs, unless this object is destroyed before. The
+    /// list is empty if the other program sends invalid data, or nothing in time.
     void read(std::function<void(std::vector<std::string>)> done);
 
     /// Tells the other program whether the files can be dropped. `serial` is that of the event with
     /// which the drag entered.
     void answer(std::uint32_t serial, bool canDrop);
-    /// Tells it that the drop has been carried out. May follow only an `answer` that allowed it.
+    /// Tells the other program that the drop has been carried out. May follow only an `answer` that
+    /// allowed it.
     void finish();
 
 private:
@@ -42,7 +43,7 @@ private:
     [[nodiscard]] std::uint32_t chosenAction() const noexcept;
 
     Proxy<wl_data_offer> offer_;
-    /// Which of `DroppedText::formats` are offered.
+    /// A bit for each of `DroppedText::formats` that is offered.
     std::uint32_t formats_ = 0;
     std::uint32_t possibleActions_ = 0;
     /// What the compositor has decided on.

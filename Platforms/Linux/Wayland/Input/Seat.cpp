@@ -7,11 +7,11 @@
 namespace vireline::wayland {
 namespace {
 
-/// With the events of discrete scroll steps, but without newer ones.
+/// This version has the events of discrete scroll steps, but none of the newer ones.
 constexpr std::uint32_t seatVersion = 5;
 
-/// The pointer is looked at that often while it moves and no frame is due: once per frame of usual
-/// displays if what is shown moves along, otherwise half as often.
+/// Sampling intervals of a moving pointer while no frame is due: a frame of usual displays if
+/// something moves along with it, otherwise twice that.
 constexpr std::chrono::milliseconds followInterval{16};
 constexpr std::chrono::milliseconds lookInterval{33};
 

@@ -21,11 +21,11 @@ class WaylandScreens;
 class DockContext : private NonCopyable {
 public:
     struct Needs {
-        /// Qt's, for the docks' menus.
+        /// Qt's connection, for the docks' menus.
         WaylandConnection& qt;
-        /// For everything else.
+        /// Our own connection, for everything else.
         OwnConnection& own;
-        /// On our own connection.
+        /// The input devices on our own connection.
         Seat& seat;
         WaylandScreens& screens;
         xdg::Appearance& appearance;
@@ -44,7 +44,7 @@ public:
     Proxy<wl_compositor> compositor;
     Proxy<wl_shm> memory;
     Proxy<zwlr_layer_shell_v1> shell;
-    /// Both or none.
+    /// Either both are set or neither.
     Proxy<wp_viewporter> viewporter;
     Proxy<wp_fractional_scale_manager_v1> fractionalScales;
 

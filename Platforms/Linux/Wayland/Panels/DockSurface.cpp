@@ -82,8 +82,8 @@ void DockSurface::setPlace(const QRect& place) {
         wp_viewport_set_destination(viewport_.get(), place.width(), place.height());
 }
 
-/// Has the compositor draw everything at the surface's present place again. sway 1.7 forgets the
-/// old place of a surface that moves or shrinks, except on the output at the layout's origin.
+/// Makes the compositor redraw everything at the surface's present place. sway 1.7 forgets the old
+/// place of a surface that moves or shrinks, except on the output at the layout's origin.
 void DockSurface::redrawBelow() {
     wl_surface_damage(surface_.get(), 0, 0, place().width(), place().height());
     wl_surface_commit(surface_.get());

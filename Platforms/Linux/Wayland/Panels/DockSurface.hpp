@@ -22,7 +22,7 @@ class SurfaceInput;
 class DockSurface : private NonCopyable {
 public:
     struct Events {
-        /// See `LayerRole`; the former also when the scale has changed.
+        /// As in `LayerRole`; `configured` is also called when the scale has changed.
         std::function<void()> configured;
         std::function<void()> closed;
         /// The compositor is ready for the frame after the latest picture.
@@ -48,10 +48,10 @@ public:
     /// Where the surface gets the pointer, in points. Takes effect with the next commit.
     void setInput(const QRegion& region);
 
-    /// Attaches that buffer, of `scale` pixels per point, which differs in these pixels from the
-    /// one before. It is shown with the next commit.
+    /// Attaches a buffer of `scale` pixels per point. `changed` are the pixels in which it differs
+    /// from the previous one. It is shown with the next commit.
     void attach(wl_buffer& buffer, std::span<const QRect> changed);
-    /// Has `frameDue` follow the next commit.
+    /// Requests a call of `frameDue` after the next commit.
     void requestFrame();
     void commit();
     [[nodiscard]] bool isFramePending() const noexcept { return frame_ != nullptr; }

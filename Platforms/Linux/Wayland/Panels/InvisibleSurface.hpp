@@ -30,8 +30,8 @@ public:
         std::function<void()> closed = [] {};
     };
 
-    /// Has the surface deleted soon; until then there are no more events. An owner of this kind may
-    /// let go of the surface in one of its events.
+    /// Stops the surface's events and schedules it for deletion, so that an owner may let go of it
+    /// in one of its events.
     struct Retire {
         void operator()(InvisibleSurface* surface) const { surface->retire(); }
     };

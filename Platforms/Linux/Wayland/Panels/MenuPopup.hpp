@@ -26,7 +26,7 @@ class MenuPopup : private NonCopyable {
 public:
     struct Place {
         QScreen& screen;
-        /// That surface, in Qt's screen coordinates.
+        /// The parent surface's frame, in Qt's screen coordinates.
         QRect parent;
         /// The menu's top-left corner, as far as there is room.
         QPoint corner;
@@ -51,7 +51,7 @@ private:
     /// Relative to the parent, as the compositor has placed it.
     QPoint placed_;
     Proxy<xdg_surface> surface_;
-    /// Destroyed before the former.
+    /// Declared after the surface, so that it is destroyed first.
     Proxy<xdg_popup> popup_;
     std::vector<std::unique_ptr<SubmenuPopup>> submenus_;
     QObject context_;

@@ -1,5 +1,5 @@
-/// The memory that a dock's pictures are painted in. A picture is never painted where the
-/// compositor still reads another.
+/// The memory that a dock's pictures are painted in. Never paints into a buffer that the compositor
+/// is still reading.
 #pragma once
 
 #include "Connection/SharedImage.hpp"

@@ -13,9 +13,9 @@
 namespace vireline::wayland {
 namespace {
 
-/// A compositor that shows a cover and has a pointer has told by then where it is.
+/// Time limit for the pointer to enter a cover, once covers are shown.
 constexpr std::chrono::milliseconds pointerTimeout{300};
-/// By then a compositor has shown a cover, unless it refuses.
+/// Time limit for the first cover to be shown.
 constexpr std::chrono::milliseconds coverTimeout{1000};
 
 }

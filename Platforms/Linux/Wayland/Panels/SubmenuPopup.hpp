@@ -39,7 +39,7 @@ private:
     std::function<xdg_surface*()> parentRole_;
     QMetaObject::Connection hidden_;
     Proxy<xdg_surface> surface_;
-    /// Destroyed before the former.
+    /// Declared after the surface, so that it is destroyed first.
     Proxy<xdg_popup> popup_;
 };
 

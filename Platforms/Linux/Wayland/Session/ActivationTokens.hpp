@@ -1,5 +1,4 @@
-/// Has the compositor issue the tokens that let launched apps' windows come to the front
-/// (xdg_activation_v1).
+/// Requests the tokens with which launched apps' windows may come to the front (xdg_activation_v1).
 #pragma once
 
 #include "Applications/Launching/StartupNotices.hpp"
@@ -22,7 +21,7 @@ struct wl_seat;
 namespace vireline::wayland {
 
 /// The user's last press of a button or key, which proves to the compositor that the user wanted
-/// this.
+/// the launch.
 struct InputProof {
     /// Null if there is none.
     wl_seat* seat = nullptr;
@@ -39,7 +38,7 @@ public:
     ~ActivationTokens() override;
 
     [[nodiscard]] std::string nextStartupID() override;
-    /// Without an answer in time, an empty pass.
+    /// `done` receives an empty pass if there is no answer in time.
     void makePass(const std::string& startupID,
                   const std::function<void(xdg::LaunchPass)>& done) override;
     /// Programs do not announce launches to each other here.
