@@ -29,7 +29,7 @@ protected:
             log.words, [](const auto& word) { return word.starts_with("moved "); });
         const std::chrono::duration<double, std::milli> time = steady_clock::now() - start;
         EXPECT_TRUE(eventually([&] { return log.has("moved 200,50"); }));
-        // One at either end.
+        // A look at either end of the time does not stand for a whole pause.
         return static_cast<double>(looks - 2) * 33 / time.count();
     }
 
@@ -66,7 +66,7 @@ TEST_F(PanelPointerTest, LooksLessOftenThanPerFrameWhileMovementsChangeNothing) 
 }
 
 TEST_F(PanelPointerTest, LooksLessOftenThanPerFrameWhileMovementsMoveNothing) {
-    // As when labels change.
+    // A changing label requests frames like this.
     log.onPointer = [&] { dock->requestFrame(); };
     EXPECT_LE(looksPerPause(), 1);
 }

@@ -53,7 +53,7 @@ public:
     void screensAnnounced();
     void willLaunch(const std::string& bundleID) { launching.insert(bundleID); }
     void settled(const std::optional<std::string>& bundleID);
-    /// What apps announce has changed already.
+    /// To be called after the announcements have changed.
     void announced();
     void attentionChanged(const AppAttention& attention);
     /// Animations may have been switched on or off.

@@ -20,7 +20,7 @@ void Model::windowClosed(int number) {
     std::erase_if(windows, [=](const ModelWindow& window) { return window.number == number; });
 }
 
-/// None without the permission, or if the app does not run.
+/// Empty without the permission, or if the app does not run.
 std::vector<ModelWindow> Model::windowsOf(const DockItem& item) const {
     const auto& platform = around_.platform;
     std::vector<ModelWindow> its;

@@ -9,7 +9,7 @@
 namespace vireline::test {
 namespace {
 
-/// As on macOS.
+/// The error codes of macOS.
 constexpr int invalidElement = -25202;
 constexpr int cannotComplete = -25204;
 constexpr int noValue = -25212;

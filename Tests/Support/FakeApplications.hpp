@@ -36,7 +36,7 @@ public:
         return found == offered.end() ? std::vector<Action>{} : found->second;
     }
 
-    /// By the apps' paths.
+    /// The apps' actions, by the apps' paths.
     std::map<std::string, std::vector<Action>> offered;
     std::vector<AppRef> installed;
     std::string appExtension = ApplicationCatalog::bundleExtension();

@@ -6,7 +6,7 @@
 namespace vireline::desktop {
 namespace {
 
-/// Of the menus of Qt's style that the program uses without a desktop's settings.
+/// The background of menus in the style that Qt uses without a desktop's settings.
 constexpr Colour menuColour{0xff, 0xff, 0xff};
 
 /// FNV-1a, as documented for the program's log.

@@ -47,7 +47,7 @@ struct Displays {
 
     [[nodiscard]] std::uint32_t idOf(const XClient& client, const std::string& monitor) const;
     [[nodiscard]] double scale(const std::string& monitor) const;
-    /// For QT_SCREEN_SCALE_FACTORS.
+    /// The value of QT_SCREEN_SCALE_FACTORS.
     [[nodiscard]] std::string scaleFactors() const;
     [[nodiscard]] std::vector<ScreenSnapshot> snapshots(const XClient& client) const;
 

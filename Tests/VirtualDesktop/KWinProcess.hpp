@@ -13,7 +13,7 @@ namespace vireline::desktop {
 class KWinProcess {
 public:
     struct Options {
-        /// For its files, and the home folder that it sees.
+        /// The home folder that KWin sees, and where its other files are.
         std::filesystem::path folder;
         /// The X server on which it opens a window for each output; none if empty.
         std::string xDisplay{};
@@ -33,7 +33,7 @@ public:
 
     /// What programs need to find it.
     [[nodiscard]] Environment environment() const;
-    /// To connect to it as a Wayland client.
+    /// The socket that Wayland clients connect to.
     [[nodiscard]] std::string display() const { return folder_ / "wayland-kwin"; }
     [[nodiscard]] const std::string& bus() const noexcept { return address_; }
     [[nodiscard]] const ChildProcess& process() const { return *kwin_; }

@@ -70,7 +70,7 @@ public:
     [[nodiscard]] std::vector<xcb_window_t> windowsAt(PixelPoint place) const;
     /// The innermost of them, which the pointer would be over.
     [[nodiscard]] xcb_window_t windowAt(PixelPoint place) const { return windowsAt(place).back(); }
-    /// Without the window's border.
+    /// The window's frame without its border.
     [[nodiscard]] std::optional<PixelRect> frame(xcb_window_t window) const;
     /// Whether the window and all its parents are mapped.
     [[nodiscard]] bool isViewable(xcb_window_t window) const;

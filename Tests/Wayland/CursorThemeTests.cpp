@@ -186,7 +186,7 @@ protected:
         std::filesystem::create_directories(file.parent_path());
         std::ofstream{file, std::ios::binary} << content;
     }
-    /// 0 if there is none.
+    /// The width of the theme's arrow; 0 if there is none.
     [[nodiscard]] int arrowOf(const std::string& theme) const {
         const auto image = CursorTheme::arrow(
             {(folder_.path() / "own").string(), (folder_.path() / "system").string()}, theme, 24);

@@ -14,7 +14,7 @@ namespace {
 using Formats = std::vector<std::string>;
 using Requests = RequestLog::Requests;
 
-/// Empty if there is none.
+/// The first text; empty if there is none.
 std::string firstOf(const std::vector<std::string>& texts) {
     return texts.empty() ? std::string{} : texts.front();
 }

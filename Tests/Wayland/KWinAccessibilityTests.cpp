@@ -206,7 +206,7 @@ TEST_F(KWinAccessibility, WaitsNoLongerThanToldForAKWinThatHangs) {
     EXPECT_LT(undisturbed, std::chrono::milliseconds{450}) << undisturbed.count();
 }
 
-/// Without a bus, or with one that KWin is not on.
+/// The same holds for a bus that KWin is not on.
 TEST(KWinPlacer, MovesNothingWithoutKWinOnTheBus) {
     KWinConnection connection{
         [](const auto& done) { done(std::unexpected{PlatformError{1, "no bus"}}); }};

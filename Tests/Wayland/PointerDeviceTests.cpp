@@ -9,7 +9,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Beyond the end of every test.
+/// A time after the end of every test.
 constexpr std::chrono::hours farAway{1};
 
 class PointerTest : public SeatTest {

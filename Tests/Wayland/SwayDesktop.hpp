@@ -21,7 +21,7 @@ public:
     ~SwayDesktop();
 
     [[nodiscard]] const std::string& socket() const noexcept { return socket_; }
-    /// To connect to it as a Wayland client.
+    /// The socket that Wayland clients connect to.
     [[nodiscard]] std::string display() const;
     [[nodiscard]] pid_t process() const { return sway_->pid(); }
 

@@ -158,7 +158,7 @@ TEST_F(MenuPopupTest, OutlivesItsMenu) {
     EXPECT_EQ(dismissals_, 0);
 }
 
-/// As when its display is unplugged.
+/// This is what happens when its display is unplugged.
 TEST_F(MenuPopupTest, GoesWhileItIsShown) {
     open({350, 400});
     EXPECT_TRUE(eventually([&] { return menu_->isVisible(); }));

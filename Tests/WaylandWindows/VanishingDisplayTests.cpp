@@ -43,7 +43,7 @@ protected:
         dock_->popUpMenu({{MenuCommand{.title = "Quit"}, MenuSubmenu{"More", {{.title = "A"}}}}},
                          {{100, 0}, MenuPlace::Side::above}, [this] { ++closedMenus_; });
     }
-    /// As KWin and newer versions of sway do.
+    /// Closes the layer surfaces too, as KWin and newer versions of sway do.
     void unplug() {
         shell().unplug();
         shell().closeLayers();

@@ -49,7 +49,7 @@ void configureWaybar(VirtualDesktop& desktop, std::span<const App> apps) {
                   std::to_string(panelThickness) + R"(, "modules-left": [)" + names.str() +
                   "\"wlr/taskbar\"]" + modules.str() + ",\n" +
                   R"("wlr/taskbar": {"format": "{icon}", "icon-theme": "Papirus"}})");
-    // Without the icon font that its own style asks for.
+    // Its own style asks for an icon font, which this one does without.
     writeFile(desktop.home().folder() / ".config/waybar/style.css",
               "* { font-family: DejaVu Sans; font-size: 16px; padding: 0 4px; }\n"
               "window#waybar { background: #202020; color: #ffffff; }\n");

@@ -6,7 +6,7 @@ namespace vireline::DockMetrics {
 inline constexpr double iconSize = 44;
 /// Gap between adjacent tiles and separators.
 inline constexpr double iconSpacing = 6;
-/// At each end of the strip.
+/// The margin at each end of the strip.
 inline constexpr double stripPadding = 7;
 /// Added to the icon size across the strip.
 inline constexpr double stripHeightPadding = 14;
@@ -15,7 +15,7 @@ inline constexpr double bottomMargin = 4;
 inline constexpr double separatorWidth = 1;
 /// Icons are never fitted to less than this; the strip overflows instead.
 inline constexpr double minIconSize = 16;
-/// Kept free at each end of the display along the strip.
+/// The space kept free at each end of the display along the strip.
 inline constexpr double screenEdgeMargin = 10;
 /// Thickness of a collapsed panel.
 inline constexpr double sliverThickness = 4;

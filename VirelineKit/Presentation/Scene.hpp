@@ -72,7 +72,7 @@ struct BadgeNode {
 
 /// A bar that is filled from the left.
 struct ProgressNode {
-    /// From 0 to 1.
+    /// The filled part of the bar, from 0 to 1.
     double fraction = 0;
 
     bool operator==(const ProgressNode&) const = default;
@@ -95,7 +95,7 @@ struct NodeID {
         badge,
         progress,
         mark,
-        /// On a collapsed dock's line.
+        /// A mark on a collapsed dock's line.
         lineMark,
     };
 
@@ -123,7 +123,7 @@ struct Motion {
 
 struct SceneNode {
     NodeID id;
-    /// Without scale and offset.
+    /// Before the scale and the offset are applied.
     Rect frame;
     std::variant<GlassNode, ImageNode, DotNode, SeparatorNode, LabelNode, HandleNode, BadgeNode,
                  ProgressNode, MarkNode>

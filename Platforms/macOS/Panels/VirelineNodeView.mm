@@ -33,11 +33,11 @@ namespace ScenePlacement = vireline::macos::ScenePlacement;
 @interface VirelineFillNodeView : VirelineNodeView
 @end
 
-/// Such a node with a text in its middle.
+/// A filled node with a text in its middle.
 @interface VirelineBadgeNodeView : VirelineFillNodeView
 @end
 
-/// Such a node with a second one inside, for what is done.
+/// A filled node with a second one inside, for the part that is done.
 @interface VirelineProgressNodeView : VirelineFillNodeView
 @end
 

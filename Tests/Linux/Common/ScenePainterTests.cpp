@@ -83,7 +83,7 @@ protected:
 TEST_F(ScenePainterTest, DrawsImagesPixelForPixelAtEveryScale) {
     for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
         Checkers checkers;
-        // At a fractional position.
+        // The position is fractional.
         const QImage canvas = painted(one({10.3, 20.4, 44, 44}, icon(checkers)), scale);
         const int side = static_cast<int>(44 * scale);
         ASSERT_EQ(checkers.sides, std::vector{side});

@@ -23,7 +23,7 @@ using Names = std::set<std::string>;
 /// What is sent for the first time in each part of the day, launch and end included.
 using Firsts = std::vector<Names>;
 
-/// Without these there are no objects.
+/// The selectors without which no object can be created.
 const Names& indispensable() {
     static const Names names{"alloc", "init"};
     return names;
@@ -62,7 +62,7 @@ void clickTiles() {
 void dropFiles() {
     drop("/letter.txt", "Trash");
     drop("/Applications/Paint.app", "Mail");
-    // One that thinks better of it.
+    // A drag that is cancelled.
     paper::beginFileDrag({paper::home() + "/letter.txt"}, NSDragOperationCopy);
     paper::movePointer(centre("Mail"));
     paper::movePointer({2400, 500});

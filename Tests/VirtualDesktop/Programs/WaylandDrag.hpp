@@ -55,7 +55,7 @@ private:
     wl_surface* surface_ = nullptr;
     wl_data_source* source_ = nullptr;
     bool isShown_ = false;
-    /// What the target says.
+    /// The target's answer: whether it takes one of the formats, and the action.
     bool hasForm_ = false;
     std::uint32_t action_ = WL_DATA_DEVICE_MANAGER_DND_ACTION_NONE;
 };

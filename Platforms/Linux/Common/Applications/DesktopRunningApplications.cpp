@@ -115,8 +115,8 @@ bool DesktopRunningApplications::bringForward(const std::string& bundleID) {
     const ClientWindow& front = AppGroups::mostRecent(*group);
     for (const auto& [window, isKnownIconified] : hidden_.bringBack(*group, runLoop_.now())) {
         windows_.restore(window);
-        // That has no effect on a window that is yet to be iconified. Requests are carried out
-        // in order, so activating it restores it after that.
+        // `restore` has no effect on a window that is yet to be iconified. Requests are carried
+        // out in order, so activating it restores it after that.
         if (!isKnownIconified && window != front.id)
             windows_.activate(window);
     }

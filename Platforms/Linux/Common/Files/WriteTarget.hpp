@@ -17,7 +17,7 @@ struct WriteTarget {
     int error = 0;
 };
 
-/// As `FollowedLinks` decides.
+/// Where a write to `url` goes; `FollowedLinks` decides which symbolic links are followed.
 [[nodiscard]] WriteTarget resolvedWriteTarget(const FileURL& url);
 
 }

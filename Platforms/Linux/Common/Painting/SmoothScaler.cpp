@@ -90,7 +90,7 @@ void SmoothScaler::draw(const Canvas& canvas, const Picture& picture, const QRec
         return;
     findTaps(columns_, area.left(), area.right() + 1, rect.left(), rect.width(), picture.width());
     findTaps(rows_, area.top(), area.bottom() + 1, rect.top(), rect.height(), picture.height());
-    // One extra, because columns are drawn in pairs.
+    // One extra column, because columns are drawn in pairs.
     columns_.push_back(columns_.back());
     const int evenWidth = picture.width() + picture.width() % 2;
     line_.resize(static_cast<std::size_t>(evenWidth));

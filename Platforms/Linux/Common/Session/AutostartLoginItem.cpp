@@ -82,7 +82,7 @@ Result<void> AutostartLoginItem::registerItem() {
     return entry ? write(*entry) : std::unexpected{notAnEntry(entry_)};
 }
 
-/// For example a script that starts this program.
+/// Whether the entry starts a program of the user's, such as a script that starts this one.
 bool AutostartLoginItem::startsUsersOwnProgram(const std::string& text) const {
     const auto programs = AutostartEntry::neededPrograms(text);
     return std::ranges::all_of(programs, isInstalled) &&

@@ -233,7 +233,7 @@ void NotifierMenu::handle(std::int32_t id, const std::string& event) {
     const auto* const command = std::get_if<MenuCommand>(item);
     if (event != "clicked" || command == nullptr)
         return;
-    // What it does may end this menu.
+    // Copied, because the action may destroy this menu.
     const MenuAction act = command->action;
     if (act)
         act();

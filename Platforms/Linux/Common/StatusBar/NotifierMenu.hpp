@@ -27,7 +27,7 @@ private:
     void handle(std::int32_t id, const std::string& event);
 
     std::function<Menu()> source_;
-    /// As it was shown last.
+    /// The menu as the host last saw it.
     Menu menu_;
     DBusObject object_;
 };

@@ -68,7 +68,7 @@ struct WaylandParts final : HostPlatform::Parts {
 
     std::unique_ptr<wayland::SessionInstance> instance;
     wayland::WaylandSession session;
-    // Only this tells of a click elsewhere.
+    // Menus close when the keyboard leaves the program, the only sign of a click elsewhere.
     xdg::PluginApplication qt{"wayland", xdg::PluginApplication::InactivePopups::close};
     xdg::QtRunLoop runLoop;
     wayland::WaylandWindowSystem windowSystem{*instance, runLoop};

@@ -49,7 +49,7 @@ private:
         KWinWindow details;
         ToplevelState state;
         std::string title;
-        /// KWin has described the window completely.
+        /// Whether KWin has described the window completely.
         bool isDescribed = false;
     };
 
@@ -65,7 +65,7 @@ private:
     const WaylandConnection& connection_;
     Proxy<org_kde_plasma_window_management> manager_;
     ToplevelHandles<Window> handles_;
-    /// From the lowest window to the topmost, as of the first list.
+    /// The windows' UUIDs from the lowest to the topmost, as of the first list.
     std::string stacking_;
 };
 

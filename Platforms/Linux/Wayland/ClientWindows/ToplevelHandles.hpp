@@ -62,7 +62,7 @@ public:
     /// In the order in which they were added.
     [[nodiscard]] std::vector<Window>& windows() noexcept { return windows_; }
 
-    /// Null if there is no such window; so is the following.
+    /// Both return null if there is no such window.
     [[nodiscard]] Window* find(Handle* handle) {
         const auto found = std::ranges::find(windows_, handle, handleOf);
         return found == windows_.end() ? nullptr : &*found;
@@ -86,14 +86,14 @@ public:
 private:
     [[nodiscard]] static Handle* handleOf(const Window& window) { return window.handle.get(); }
 
-    /// To be called before its handle is destroyed.
+    /// To be called before the window's handle is destroyed.
     void forget(const Window& window) {
         if (first_ != nullptr)
             first_->remove(reinterpret_cast<const wl_proxy*>(window.handle.get()));
     }
 
     std::vector<Window> windows_;
-    /// Only during `readFirst`.
+    /// Null except during `readFirst`.
     FirstEvents* first_ = nullptr;
 };
 

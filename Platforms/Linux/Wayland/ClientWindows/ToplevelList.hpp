@@ -23,7 +23,7 @@ struct ToplevelState {
     bool isMinimised = false;
     bool isDialog = false;
     bool isUrgent = false;
-    /// Whether it is not to appear in lists of windows.
+    /// Whether the window asks to be left out of lists of windows.
     bool isSkipped = false;
 };
 

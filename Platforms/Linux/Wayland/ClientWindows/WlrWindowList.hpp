@@ -1,5 +1,5 @@
-/// All programs' windows through zwlr_foreign_toplevel_manager_v1, which most compositors have that
-/// are built on wlroots.
+/// All programs' windows through zwlr_foreign_toplevel_manager_v1, which most compositors that are
+/// built on wlroots offer.
 #pragma once
 
 #include "ClientWindows/ToplevelHandles.hpp"
@@ -44,7 +44,7 @@ private:
     struct Window {
         Proxy<zwlr_foreign_toplevel_handle_v1> handle;
         xdg::WindowID id = xdg::WindowID::none;
-        /// What was announced; valid once "done" has come.
+        /// What was announced; valid once the event `done` has arrived.
         ToplevelState state;
         std::string title;
     };

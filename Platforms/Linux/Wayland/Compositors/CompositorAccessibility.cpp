@@ -35,7 +35,8 @@ Result<void> CompositorAccessibility::setPosition(AccessibilityElement& window, 
                          static_cast<double>(element.timeout));
 }
 
-/// A tiled window does not go to the position that was set before, but gets it with its size.
+/// Sets the position again together with the size, because a tiled window cannot take the position
+/// that was set before.
 Result<void> CompositorAccessibility::setSize(AccessibilityElement& window, Size size) {
     const WindowElement& element = WindowElement::of(window);
     const auto now = frame(element);

@@ -34,7 +34,7 @@ public:
         : end_(Clock::now() + std::chrono::duration_cast<Clock::duration>(
                                   std::chrono::duration<double>{seconds})) {}
 
-    /// In milliseconds, for GIO, to which 0 would mean no wait at all.
+    /// The time left in milliseconds, at least 1, because GIO does not wait at all if it is 0.
     [[nodiscard]] int remaining() const {
         const auto left =
             std::chrono::duration_cast<std::chrono::milliseconds>(end_ - Clock::now());

@@ -21,7 +21,7 @@ constexpr std::string_view beginning = R"(
     }
 )";
 
-/// The display at a place, as a value that KWin knows it by.
+/// Finds the display at a place: an object in KWin 6, a number in KWin 5.
 constexpr std::string_view displayAt = R"(
 function displayAt(x, y) {
     function contains(area) {

@@ -1,5 +1,4 @@
-/// What KWin is told to do with a window, as the scripts that it runs. They work with KWin 5.27
-/// and 6.
+/// The scripts that make KWin move a window. They work with KWin 5.27 and 6.
 #pragma once
 
 #include "ClientWindows/KWinWindow.hpp"

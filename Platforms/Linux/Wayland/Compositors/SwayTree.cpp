@@ -74,7 +74,7 @@ SwayWindow describe(const Place& place) {
     return window;
 }
 
-/// The node's children, those that had the focus last first.
+/// The node's children, the most recently focused first.
 std::vector<QJsonObject> children(const QJsonObject& node) {
     std::vector<qint64> order;
     for (const auto id : node[QLatin1StringView{"focus"}].toArray())
@@ -123,7 +123,7 @@ std::optional<SwayTree> SwayTree::parse(std::string_view json) {
     if (!document.isObject() || text(document.object(), QLatin1StringView{"type"}) != "root")
         return std::nullopt;
     SwayTree tree;
-    // The next node last.
+    // The nodes yet to be visited; the next one is the last.
     std::vector<Place> open{{document.object(), {}, {}}};
     while (!open.empty()) {
         Place place = std::move(open.back());

@@ -47,14 +47,14 @@ inline std::ostream& operator<<(std::ostream& out, const SwayWindow& window) {
 struct SwayOutput {
     std::string name;
     Rect frame;
-    /// Shown on it at present.
+    /// The workspace that the output shows.
     std::string workspace;
 
     bool operator==(const SwayOutput&) const = default;
 };
 
 struct SwayTree {
-    /// Those that had the focus last come first.
+    /// In the order in which they last had the focus, the most recent first.
     std::vector<SwayWindow> windows;
     std::vector<SwayOutput> outputs;
 

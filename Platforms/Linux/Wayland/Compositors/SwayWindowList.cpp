@@ -151,7 +151,7 @@ void SwayWindowList::take(SwayTree tree) {
     std::vector<xdg::ClientWindow> windows;
     std::ranges::transform(tree_.windows, std::back_inserter(windows),
                            [this](const SwayWindow& window) { return describe(window); });
-    // sway counts windows as they come.
+    // sway numbers windows in the order in which they open.
     std::ranges::sort(windows, {}, &xdg::ClientWindow::id);
     const bool isChanged = active_ != activeBefore || windows != windows_;
     windows_ = std::move(windows);

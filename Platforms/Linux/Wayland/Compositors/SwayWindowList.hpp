@@ -40,7 +40,7 @@ public:
     }
     [[nodiscard]] std::vector<std::string>
     titles(std::span<const xdg::WindowID> windows) const override;
-    /// Not known to sway.
+    /// Always empty: sway knows no icons.
     [[nodiscard]] std::vector<xdg::WindowIcon> icons(xdg::WindowID /*window*/) const override {
         return {};
     }
@@ -78,7 +78,7 @@ private:
     std::map<std::int64_t, SwayWindow> places_;
     /// Trees that have been requested and have not arrived.
     int expectedTrees_ = 0;
-    /// Something has changed since.
+    /// Something has changed since the latest tree was requested.
     bool isOutdated_ = false;
     /// The tree has been requested for the places of windows that are being hidden.
     bool isPlacesRead_ = false;

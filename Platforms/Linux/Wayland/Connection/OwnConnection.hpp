@@ -20,15 +20,14 @@ public:
     /// Null if the compositor accepts no connection.
     [[nodiscard]] static std::unique_ptr<OwnConnection> open();
 
-    /// Needs an event loop. When the connection breaks, that is reported as Qt reports it of its
-    /// own.
+    /// Needs an event loop. A broken connection is reported in the same way as Qt reports its own.
     explicit OwnConnection(Proxy<wl_display> display);
 
     [[nodiscard]] WaylandConnection& globals() noexcept { return globals_; }
 
-    /// Leaves events unread for that long, so that they are handled together.
+    /// Leaves events unread for `duration`, so that they are handled together.
     void pause(std::chrono::milliseconds duration);
-    /// Ends a pause within that time.
+    /// Limits what is left of a pause to `longest`.
     void shortenPause(std::chrono::milliseconds longest);
 
     /// Calls `handler` after events have been handled.

@@ -23,7 +23,8 @@ public:
     /// To be attached to a surface.
     [[nodiscard]] wl_buffer* buffer() const noexcept { return buffer_.get(); }
 
-    /// Whether the compositor may be reading it: from the call of `lend` until it gives it back.
+    /// Whether the compositor may be reading the image: from the call of `lend` until it releases
+    /// the buffer.
     [[nodiscard]] bool isLent() const noexcept { return isLent_; }
     void lend() noexcept { isLent_ = true; }
 
@@ -33,7 +34,7 @@ private:
     SharedImage(wl_shm& memory, const xdg::FileDescriptor& file, QSize size);
 
     std::size_t bytes_;
-    /// Mapped pages; MAP_FAILED if that failed.
+    /// The mapped pages; MAP_FAILED if mapping failed.
     void* pages_;
     QImage image_;
     Proxy<wl_buffer> buffer_;

@@ -72,7 +72,7 @@ private:
 
     wl_display* display_;
     Proxy<wl_registry> registry_;
-    /// By the compositor's number.
+    /// The globals by the compositor's numbers.
     std::map<std::uint32_t, Global> globals_;
     CallbackList<> observers_;
 };

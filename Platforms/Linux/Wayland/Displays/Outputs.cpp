@@ -14,7 +14,7 @@ namespace {
 constexpr std::uint32_t outputVersion = 3;
 constexpr std::uint32_t namesVersion = 3;
 
-/// For outputs that tell none, such as those of nested compositors.
+/// For outputs that report no refresh rate, such as those of nested compositors.
 constexpr std::chrono::microseconds usualInterval{16'667};
 
 }

@@ -16,20 +16,20 @@ namespace vireline::wayland {
 
 class SwayWorkspaces : private NonCopyable {
 public:
-    /// By the output's name, in the coordinates of the layout.
+    /// The shown workspaces' areas by the output's name, in the coordinates of the layout.
     using Areas = std::map<std::string, QRect>;
 
     /// Null if sway does not answer on that socket. Needs the event loop.
     [[nodiscard]] static std::unique_ptr<SwayWorkspaces> open(const std::string& socket,
                                                               std::function<void()> onChange);
 
-    /// Reads them; `onChange` is called if they have changed.
+    /// Reads the areas; `onChange` is called if they have changed.
     void refresh();
 
-    /// nullopt if that is not known yet.
+    /// nullopt if the output's area is not known yet.
     [[nodiscard]] std::optional<QRect> on(const std::string& output) const;
 
-    /// From sway's answer; empty if that makes no sense.
+    /// The areas in sway's reply; empty if the reply is malformed.
     [[nodiscard]] static Areas parse(std::string_view json);
 
 private:

@@ -55,7 +55,7 @@ private:
     /// Only under sway, since `EdgeProbe` does not work there before version 1.8.
     std::unique_ptr<SwayWorkspaces> workspaces_;
     std::map<std::string, std::unique_ptr<ReservedSpace>> reserved_;
-    /// In order, the primary display first.
+    /// Sorted by `ScreenLayout::inOrder`, the primary display first.
     std::vector<OutputState> outputs_;
     bool refreshIsDue_ = false;
     CallbackList<> observers_;

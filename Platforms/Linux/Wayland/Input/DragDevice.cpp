@@ -10,7 +10,7 @@
 namespace vireline::wayland {
 namespace {
 
-/// With actions.
+/// The first version in which drags have actions.
 constexpr std::uint32_t dragVersion = 3;
 
 }
@@ -35,7 +35,7 @@ struct DragDevice::Events {
         self.answer();
     }
     static void drop(void* data, wl_data_device* /*device*/) { device(data).drop(); }
-    /// The clipboard is of no use here.
+    /// Docks do not use the clipboard.
     static void selection(void* data, wl_data_device* /*device*/, wl_data_offer* /*offer*/) {
         device(data).announced_.reset();
     }

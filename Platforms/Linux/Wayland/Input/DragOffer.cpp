@@ -43,7 +43,7 @@ DragOffer::DragOffer(Proxy<wl_data_offer> offer) : offer_(std::move(offer)) {
 
 DragOffer::~DragOffer() = default;
 
-/// The best of those that are offered; they are in order.
+/// The best format that is offered: `knownFormats` begins with the best.
 std::string_view DragOffer::format() const noexcept {
     return formats_ == 0 ? std::string_view{}
                          : knownFormats.at(static_cast<std::size_t>(std::countr_zero(formats_)));

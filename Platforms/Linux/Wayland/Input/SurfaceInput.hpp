@@ -23,7 +23,7 @@ public:
 
     virtual void pointerEntered(QPointF at) = 0;
     virtual void pointerMoved(QPointF at) = 0;
-    /// Not while a button is held that was pressed here.
+    /// Not called while a button is held that was pressed on this surface.
     virtual void pointerLeft() = 0;
     virtual void buttonPressed(PointerButton button) = 0;
     virtual void buttonReleased(PointerButton button) = 0;

@@ -9,7 +9,7 @@
 namespace vireline::wayland {
 namespace {
 
-/// With damage in a buffer's pixels.
+/// The first version in which damage can be given in a buffer's pixels.
 constexpr std::uint32_t compositorVersion = 4;
 
 }

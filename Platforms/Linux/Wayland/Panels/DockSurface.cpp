@@ -14,7 +14,7 @@ namespace vireline::wayland {
 
 struct DockSurface::Listener {
     static void preferred(void* data, wp_fractional_scale_v1* /*scale*/, std::uint32_t parts) {
-        // The protocol's unit.
+        // The protocol counts scales in 120ths.
         constexpr double partsOfOne = 120;
         if (parts > 0)
             static_cast<DockSurface*>(data)->setScale(parts / partsOfOne);
@@ -52,8 +52,8 @@ DockSurface::~DockSurface() {
     context_.seat.surfaces().remove(*surface_);
 }
 
-/// Where scales can be fractional, the compositor tells which one it wants; the buffer then has no
-/// scale of its own.
+/// Where scales can be fractional, the compositor announces the one that it prefers; the buffer
+/// then has no scale of its own.
 void DockSurface::learnFractionalScale() {
     if (!context_.fractionalScales)
         return;

@@ -1,5 +1,5 @@
-/// An invisible surface above windows and panels. It gets the clicks and keys that are meant for
-/// nothing of the program's, learns where the pointer is, and menus open from it.
+/// An invisible surface above windows and panels. It gets clicks outside of the program's menus,
+/// and keys; it learns where the pointer is, and menus open from it.
 #pragma once
 
 #include "Panels/LayerRole.hpp"

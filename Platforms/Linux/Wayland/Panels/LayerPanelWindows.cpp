@@ -8,7 +8,8 @@
 namespace vireline::wayland {
 namespace {
 
-/// By then the docks are visible, but the user has hardly pointed at one yet.
+/// When the labels' font is loaded: the docks are visible by then, but the user has hardly pointed
+/// at one yet.
 constexpr std::chrono::milliseconds fontDelay{400};
 
 }

@@ -39,7 +39,7 @@ void LayerPicture::paint() {
     surface_.attach(buffers_.finish(painted), painted.rects());
 }
 
-/// The whole logical pixels that contain these of the device.
+/// The smallest region of whole logical pixels that contains these device pixels.
 QRegion LayerPicture::logical(const QRegion& pixels) const {
     const double ratio = picture_.layout().mapping.scale;
     QRegion region;

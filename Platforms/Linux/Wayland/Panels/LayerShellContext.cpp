@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::uint32_t baseVersion = 3;
 
-/// The compositor considers a client hung that does not answer.
+/// Compositors consider a client that does not answer pings hung.
 constexpr xdg_wm_base_listener alive{
     .ping = [](void* /*data*/, xdg_wm_base* base, std::uint32_t serial) {
         xdg_wm_base_pong(base, serial);

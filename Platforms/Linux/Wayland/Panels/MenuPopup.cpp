@@ -87,7 +87,7 @@ void MenuPopup::makeRole(const LayerShellContext& context, const LayerRole& pare
     wl_surface_commit(surface);
 }
 
-/// Nothing may be painted before.
+/// Shows the menu only now, since nothing may be painted before the role is configured.
 void MenuPopup::configured(std::uint32_t serial) {
     xdg_surface_ack_configure(surface_.get(), serial);
     if (!menu_.isVisible())

@@ -15,8 +15,8 @@ namespace vireline::wayland {
 
 class PictureBuffers : private NonCopyable {
 public:
-    /// Compositors read one buffer and hold on to the one before. One that holds more may see a
-    /// picture change.
+    /// Compositors read one buffer and hold on to the previous one. A compositor that holds on to
+    /// more of them may see a picture change.
     static constexpr std::size_t maximum = 4;
 
     explicit PictureBuffers(wl_shm& memory) : memory_(memory) {}
@@ -28,14 +28,14 @@ public:
 
     /// The image to paint on, with the content of the latest picture. The size may not be empty.
     [[nodiscard]] QImage& next();
-    /// The latest picture has been painted on `next`, and differs there from the one before.
-    /// Returns its buffer, to be attached to a surface.
+    /// To be called when a picture has been painted on `next`; `changed` is where it differs from
+    /// the previous picture. Returns its buffer, to be attached to a surface.
     [[nodiscard]] wl_buffer& finish(const xdg::Damage& changed);
 
 private:
     struct Buffer {
         std::unique_ptr<SharedImage> shared;
-        /// Where it differs from the latest picture.
+        /// Where the buffer differs from the latest picture.
         xdg::Damage outdated;
     };
 
@@ -43,7 +43,7 @@ private:
 
     wl_shm& memory_;
     QSize size_;
-    /// Not empty unless the size is.
+    /// Has at least one buffer unless the size is empty.
     std::vector<Buffer> buffers_;
     std::size_t latest_ = 0;
     std::size_t next_ = 0;

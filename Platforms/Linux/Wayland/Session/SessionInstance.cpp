@@ -19,7 +19,7 @@
 namespace vireline::wayland {
 namespace {
 
-/// What a further start sends.
+/// The message that a further start sends to the running instance.
 constexpr std::string_view showSettings = "show settings 1";
 
 /// How often a further start tries to reach an instance that has just taken the lock, and how long

@@ -33,7 +33,7 @@ private:
 
     void read();
 
-    /// Both are -1 if there is none.
+    /// The descriptors of the lock and the socket; -1 without them.
     int lock_;
     int socket_;
     CallbackList<> starts_;

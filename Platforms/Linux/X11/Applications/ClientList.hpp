@@ -70,7 +70,7 @@ private:
     bool hasManager_ = true;
     /// As `hasManager_`, but not reset while one window manager hands over to the next.
     bool isManaged_ = true;
-    /// Since when the list has lacked windows that are still mapped.
+    /// The time at which the list began to lack windows that are still mapped.
     std::optional<double> handOverSince_;
     Timer refresh_;
     bool isRefreshDue_ = false;

@@ -17,7 +17,7 @@ struct Claim {
     std::int64_t room = 0;
 };
 
-/// How much to take off the edge. A strut that does not end inside the monitor is nonsense or was
+/// How much to take off the edge. A strut that does not end inside the monitor is invalid or was
 /// wrongly measured from the monitor's own edge; then the window's rectangle is used instead.
 std::int64_t depth(const Claim& claim) {
     if (claim.strut == 0)

@@ -17,7 +17,7 @@ class X11Connection;
 
 class WindowShape {
 public:
-    /// For a newly created window.
+    /// `window` must be newly created, without any shape.
     WindowShape(const X11Connection& connection, xcb_window_t window)
         : connection_(connection), window_(window) {}
 

@@ -47,7 +47,7 @@ public:
     virtual void restore(WindowID window) = 0;
     /// Brings the window to the front and gives it the focus.
     virtual void activate(WindowID window) = 0;
-    /// As its close button does.
+    /// Asks the window to close, as its close button does.
     virtual void close(WindowID window) = 0;
     virtual void showDesktop(std::uint32_t desktop) = 0;
     virtual void flush() = 0;

@@ -56,7 +56,7 @@ inline constexpr std::string_view extension = ".desktop";
 /// One of an entry's actions.
 struct EntryAction {
     std::string id;
-    /// As in `DesktopEntry`.
+    /// The name and the icon are given as in `DesktopEntry`.
     std::string name;
     std::string icon;
 

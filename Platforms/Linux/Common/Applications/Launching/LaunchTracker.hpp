@@ -60,7 +60,7 @@ private:
         bool isOurs = false;
         bool isPending = true;
         bool hasFailed = false;
-        /// On the run loop's clock.
+        /// When the launch began, on the run loop's clock.
         double began = 0;
         /// The process that owns the app's first window; nullopt until there is one.
         std::optional<std::int32_t> owner;

@@ -12,9 +12,9 @@ namespace vireline::xdg {
 /// What a launched program is given so that its first window may come to the front. Empty texts are
 /// not passed on.
 struct LaunchPass {
-    /// For DESKTOP_STARTUP_ID.
+    /// The value of DESKTOP_STARTUP_ID.
     std::string startupID;
-    /// For XDG_ACTIVATION_TOKEN.
+    /// The value of XDG_ACTIVATION_TOKEN.
     std::string activationToken;
 
     bool operator==(const LaunchPass&) const = default;

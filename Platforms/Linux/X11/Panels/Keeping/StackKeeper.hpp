@@ -42,7 +42,7 @@ private:
     PixelRect screen_;
     CorrectionBudget budget_;
     Subscription topLevels_;
-    /// Those windows that contain a window manager's clients, as of the latest check.
+    /// The windows that contain a window manager's clients, as of the latest check.
     std::vector<xcb_window_t> frames_;
     /// Runs after each check; changes in the meantime cause another check when it ends.
     QTimer pause_;
