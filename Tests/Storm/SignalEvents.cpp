@@ -12,7 +12,7 @@ const std::string& anyAppID(World& world, Random& random) {
     return world.around.apps.at(static_cast<std::size_t>(random.integer(0, 8))).bundleID;
 }
 
-/// Whatever the model knows of it then, the program is told of the same afterwards.
+/// The model learns of the announcement first, then the program.
 void announceStatus(World& world, const std::string& app, const TileStatus& status) {
     auto& announcements = world.around.platform.announcements;
     if (status == TileStatus{}) {

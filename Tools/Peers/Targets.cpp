@@ -28,14 +28,13 @@ const std::vector<Target>& targets() {
     const std::vector<std::string_view> full{"Plank", "cairo-dock", "xfce4-panel", "lxqt-panel"};
     constexpr double quarter = 0.25;
     static const std::vector<Target> list{
-        {plain, Figure::idleTime, "first of all in processor time at rest", 1, all},
-        {plain, Figure::pointerTime, "first of all under the pointer", 1, all},
-        {magnified, Figure::pointerTime, "magnified, a quarter of the docks under the pointer",
-         quarter, docks},
-        {plain, Figure::start, "first of docks and full panels to start", 1, full},
-        {plain, Figure::proportionalMemory, "first of docks and full panels in memory (PSS)", 1,
-         full},
-        {plain, Figure::privateMemory, "… in private memory", 1, full},
+        {plain, Figure::idleTime, "lowest processor time at rest", 1, all},
+        {plain, Figure::pointerTime, "lowest cost under the pointer", 1, all},
+        {magnified, Figure::pointerTime,
+         "magnified, at most a quarter of the docks' cost under the pointer", quarter, docks},
+        {plain, Figure::start, "fastest start of docks and full panels", 1, full},
+        {plain, Figure::proportionalMemory, "least memory (PSS) of docks and full panels", 1, full},
+        {plain, Figure::privateMemory, "least private memory of docks and full panels", 1, full},
     };
     return list;
 }
@@ -111,12 +110,12 @@ void writeWaylandTargets(std::ostream& out, const std::vector<Column>& columns) 
         const auto withPlugin = [&](Figure figure) {
             return onX(figure) + figureOf("Qt alone", figure) - figureOf("Qt alone, X11", figure);
         };
-        const std::string plugin = " on X11 and of Qt's plugin";
+        const std::string plugin = " (X11 plus the cost of Qt's Wayland plugin)";
         report(name + ", start", figureOf(name, Figure::start), withPlugin(Figure::start), plugin);
         report(name + ", memory (PSS)", figureOf(name, Figure::proportionalMemory),
                withPlugin(Figure::proportionalMemory), plugin);
         report(name + ", wake-ups at rest", figureOf(name, Figure::idleWakeUps), 0, "");
-        report(name + ", one and a half times the pointer's cost",
+        report(name + ", at most one and a half times the cost under the pointer",
                figureOf(name, Figure::pointerTime), pointerShare * onX(Figure::pointerTime),
                " on X11");
     }
