@@ -75,7 +75,7 @@ TEST_F(AppSignals, ProgressShows) {
     EXPECT_TRUE(eventually([&] { return pixelsOf(progressFill) < most / 2; }));
 }
 
-TEST_F(AppSignals, WhatIsAnnouncedAboutNoInstalledAppOrIsNonsenseShowsNothing) {
+TEST_F(AppSignals, ShowNothingForInvalidAnnouncementsAndUnknownApps) {
     runExpanded();
     const Announcer announcer{address()};
     announcer.announce("no.such.app", "{'count': <int64 7>, 'count-visible': <true>}");

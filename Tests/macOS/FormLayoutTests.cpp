@@ -64,7 +64,7 @@ TEST(FormLayout, PutsTheLastPartOfATrailingLineAtItsEnd) {
     EXPECT_EQ(frames, (std::vector<Rect>{{374, 406, 50, 20}, {432, 401, 80, 30}}));
 }
 
-TEST(FormLayout, PutsNothingIntoALineOfNothing) {
+TEST(FormLayout, AcceptsAnEmptyLine) {
     EXPECT_TRUE(FormLayout::line({}, 10, {}, 8).empty());
     EXPECT_TRUE(FormLayout::trailingLine({}, 10, {}, 8).empty());
 }

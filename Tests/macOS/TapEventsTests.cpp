@@ -21,7 +21,7 @@ TEST(TapEvents, NoticeThatTheTapWasDisabled) {
     EXPECT_EQ(TapEvents::kind(0xFFFFFFFF), PointerTapEvent::tapDisabledByUserInput);
 }
 
-TEST(TapEvents, LetPassWhatWasNotAskedFor) {
+TEST(TapEvents, IgnoreOtherEvents) {
     EXPECT_EQ(TapEvents::kind(1), std::nullopt);
     EXPECT_EQ(TapEvents::kind(0), std::nullopt);
 }

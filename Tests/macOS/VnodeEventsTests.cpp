@@ -27,7 +27,7 @@ TEST(VnodeEvents, TellABatchAsAllThatItHolds) {
               (FileEventSet{.changed = true, .removed = true}));
 }
 
-TEST(VnodeEvents, TellNothingOfWhatWasNotAskedFor) {
+TEST(VnodeEvents, IgnoreOtherEvents) {
     constexpr unsigned long attributes = 0x8;
     EXPECT_EQ(VnodeEvents::fileEvents(attributes), FileEventSet{});
 }

@@ -59,7 +59,7 @@ await_wayland_desktop() {
 
 start_sway_desktop() {
     install_inside qt6-wayland sway grim
-    # Without Xwayland and with windows put away, so that what is seen is layer surfaces.
+    # Without Xwayland and with windows hidden, so that only layer surfaces can be seen.
     printf '%s\n' 'xwayland disable' 'for_window [app_id=".*"] move scratchpad' \
         'output * resolution 1000x600' 'output * bg #335577 solid_color' \
         'output HEADLESS-1 position 0 0' 'output HEADLESS-2 position 1000 0' > "$root/tmp/sway.config"

@@ -138,7 +138,7 @@ TEST_F(AppDelegateTest, AClickLaunchesHidesAndReopens) {
     EXPECT_EQ(log.messages().back(), "click reopen com.apple.mail");
 }
 
-TEST_F(AppDelegateTest, AUtilityTileOpensItsFolderAndSaysSo) {
+TEST_F(AppDelegateTest, AUtilityTileOpensItsFolderAndLogsIt) {
     start();
 
     clickTile(2);

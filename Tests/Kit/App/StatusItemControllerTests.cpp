@@ -62,7 +62,7 @@ TEST_F(StatusItemControllerTest, TogglesTheLoginItem) {
     EXPECT_EQ(service.current, LoginStatus::notRegistered);
 }
 
-TEST_F(StatusItemControllerTest, QuitsAndSaysSo) {
+TEST_F(StatusItemControllerTest, QuitsAndLogsIt) {
     statusBar.choose("Quit Vireline");
 
     EXPECT_EQ(application.terminations, 1);

@@ -123,7 +123,7 @@ TEST_F(DockAnchorGuardTest, EnablingAgainSeesAPermissionThatCameMeanwhile) {
     EXPECT_EQ(taps.created, 1);
 }
 
-TEST_F(DockAnchorGuardTest, WaitsForATapThatIsNotToBeHadAndSaysSoOnce) {
+TEST_F(DockAnchorGuardTest, KeepsWaitingIfNoTapCanBeCreatedAndLogsItOnce) {
     taps.failure = PlatformError{1, "no tap"};
 
     guard->enable();

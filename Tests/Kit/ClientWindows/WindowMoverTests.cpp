@@ -55,7 +55,7 @@ TEST_F(WindowMoverTest, TellsOnWhichDisplayTheMainWindowIs) {
 }
 
 // Behaviour: window-mover-3
-TEST_F(WindowMoverTest, AWindowWhoseCentreIsOnNoDisplayIsNowhere) {
+TEST_F(WindowMoverTest, AWindowWhoseCentreIsOnNoDisplayBelongsToNone) {
     ax.addWindow(running, {-300, 100, 400, 300});
 
     EXPECT_FALSE(hasWindowOn(1));

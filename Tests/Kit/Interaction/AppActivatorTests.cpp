@@ -75,7 +75,7 @@ TEST_F(AppActivatorTest, AsksTheSystemInsteadOfTheTileWhetherTheAppRuns) {
     EXPECT_EQ(log.messages(), Lines{"click launch com.apple.mail"});
 }
 
-TEST_F(AppActivatorTest, TakesADoubleClickForOneMoreClick) {
+TEST_F(AppActivatorTest, TreatsADoubleClickAsOneMoreClick) {
     platform.running.apps = {FakePlatform::instanceOf(app)};
     platform.running.bringToFront(app.bundleID);
 

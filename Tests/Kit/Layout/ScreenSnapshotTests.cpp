@@ -35,7 +35,7 @@ TEST(ScreenSnapshot, IgnoresAScreenWithoutADisplayID) {
     EXPECT_EQ(snapshots[1].id, 4U);
 }
 
-TEST(ScreenSnapshot, TakesADisplayIDOfZeroForOne) {
+TEST(ScreenSnapshot, AcceptsZeroAsADisplayID) {
     PlatformScreen screen;
     screen.number = 0;
     EXPECT_TRUE(ScreenSnapshot::of(screen));

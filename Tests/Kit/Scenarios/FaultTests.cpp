@@ -151,7 +151,7 @@ bool mayEndDifferently(const test::FaultScenario& scenario, const Trial& trial,
 
 class EveryCallFailsOnce : public testing::TestWithParam<test::FaultScenario> {};
 
-TEST_P(EveryCallFailsOnce, AndTheProgramGoesOnLosesNothingAndSaysSo) {
+TEST_P(EveryCallFailsOnce, AndTheProgramContinuesLosesNothingAndLogsIt) {
     const test::FaultScenario& scenario = GetParam();
     const Trial baseline = tryOut(scenario, 0);
 

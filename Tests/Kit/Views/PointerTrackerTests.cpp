@@ -148,7 +148,7 @@ TEST_F(PointerTrackerTest, StaysWhenTheButtonIsReleasedInside) {
     EXPECT_EQ(listener.take(), (Log{"pressed 10", "moved 30", "released 30", "moved 30"}));
 }
 
-TEST_F(PointerTrackerTest, CancelsAPressThatSomebodyElseTook) {
+TEST_F(PointerTrackerTest, CancelsAPressWhenThePointerIsTaken) {
     enter();
     tracker.pressed({10, 10});
     listener.take();

@@ -62,7 +62,7 @@ TEST(AppGroups, AnAppWithoutAnOrdinaryWindowDoesNotRun) {
     EXPECT_TRUE(AppGroups::group(std::vector{of("tray", helper(WindowID{1}))}).empty());
 }
 
-TEST(AppGroups, OfNoWindowsAreNone) {
+TEST(AppGroups, AreEmptyWithoutWindows) {
     EXPECT_TRUE(AppGroups::group({}).empty());
 }
 

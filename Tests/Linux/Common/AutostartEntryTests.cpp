@@ -170,7 +170,7 @@ TEST(AutostartEntry, HiddenKeepsEverythingElse) {
     EXPECT_TRUE(AutostartEntry::isEnabled(*AutostartEntry::enabled(*after, gnome()), gnome()));
 }
 
-TEST(AutostartEntry, OfWhatIsNoneMakesNothing) {
+TEST(AutostartEntry, IsNotMadeFromInvalidText) {
     EXPECT_EQ(AutostartEntry::enabled("something else", gnome()), std::nullopt);
     EXPECT_EQ(AutostartEntry::hidden("something else"), std::nullopt);
 }

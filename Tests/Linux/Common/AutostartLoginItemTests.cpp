@@ -119,7 +119,7 @@ TEST_F(AutostartLoginItemTest, SwitchedOnStartsThisProgramFromWhereItIsNow) {
     EXPECT_EQ(content(), "[Desktop Entry]\nType=Application\nExec=" + ours + " --mine\n");
 }
 
-TEST_F(AutostartLoginItemTest, NeverOverwritesWhatIsNoEntry) {
+TEST_F(AutostartLoginItemTest, NeverOverwritesAFileThatIsNotAnEntry) {
     put("a note of mine\n");
     EXPECT_EQ(item.status(), Status::notRegistered);
 

@@ -342,7 +342,7 @@ TEST_F(DesktopDockPreferencesTest, SwitchesToTheNextListWhenTheOneInUseIsGone) {
     EXPECT_EQ(urls(), entryURLs({"web"}));
 }
 
-TEST_F(DesktopDockPreferencesTest, AnnouncesNothingToWhoNoLongerListens) {
+TEST_F(DesktopDockPreferencesTest, AnnouncesNothingAfterTheSubscriptionEnds) {
     start();
     changes.reset();
 

@@ -62,7 +62,7 @@ TEST(DesktopEntryCatalog, FindsEntriesInFoldersBelow) {
     EXPECT_EQ(installation.ids(), (IDs{"a", "wine-Programs-b"}));
 }
 
-TEST(DesktopEntryCatalog, TheUsersEntryStandsForTheSystems) {
+TEST(DesktopEntryCatalog, TheUsersEntryReplacesTheSystems) {
     Installation installation;
     Installation::write(installation.system / "a.desktop", entryText("System"));
     Installation::write(installation.user / "a.desktop", entryText("User"));
@@ -130,7 +130,7 @@ TEST(DesktopEntryCatalog, TheWellKnownAppsAreThoseThatAUserWouldStartFromAMenu) 
     EXPECT_EQ(installation.catalog.fileManager().bundleID, "pcmanfm");
 }
 
-TEST(DesktopEntryCatalog, AnEntryWhoseProgramIsMissingIsNowhere) {
+TEST(DesktopEntryCatalog, AnEntryWhoseProgramIsMissingIsNotInstalled) {
     Installation installation;
     Installation::write(installation.system / "gone.desktop", entryText("A", "/no/such/program"));
     Installation::write(installation.system / "tried.desktop",

@@ -112,17 +112,17 @@ TEST(DesktopEntry, EscapesAreResolved) {
               "A B\\C");
 }
 
-TEST(DesktopEntry, OfAnotherTypeIsNone) {
+TEST(DesktopEntry, MustBeAnApplication) {
     EXPECT_FALSE(parse("[Desktop Entry]\nType=Link\nName=A\nExec=e\n"));
     EXPECT_FALSE(parse("[Desktop Entry]\nName=A\nExec=e\n"));
 }
 
-TEST(DesktopEntry, WithoutANameIsNone) {
+TEST(DesktopEntry, NeedsAName) {
     EXPECT_FALSE(parse("[Desktop Entry]\nType=Application\nExec=e\n"));
     EXPECT_FALSE(parse("[Desktop Entry]\nType=Application\nName= \nExec=e\n"));
 }
 
-TEST(DesktopEntry, WithoutExecIsNoneUnlessDBusActivatesIt) {
+TEST(DesktopEntry, NeedsExecUnlessDBusActivatesIt) {
     EXPECT_FALSE(parse("[Desktop Entry]\nType=Application\nName=A\n"));
     EXPECT_TRUE(parse("[Desktop Entry]\nType=Application\nName=A\nDBusActivatable=true\n"));
 }
@@ -131,7 +131,7 @@ TEST(DesktopEntry, HiddenNeedsNothingElse) {
     EXPECT_TRUE(entryIn("[Desktop Entry]\nHidden=true\n").hidden);
 }
 
-TEST(DesktopEntry, WithoutItsGroupIsNone) {
+TEST(DesktopEntry, NeedsItsGroup) {
     EXPECT_FALSE(parse(""));
     EXPECT_FALSE(parse("Type=Application\nName=A\nExec=e\n"));
     EXPECT_FALSE(parse("[Other]\nType=Application\nName=A\nExec=e\n"));

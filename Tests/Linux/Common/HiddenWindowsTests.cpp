@@ -96,7 +96,7 @@ TEST_F(HiddenWindowsTest, HidesAgainWhatIsStillToBeRestored) {
     EXPECT_EQ(bringBack(), (Restored{{first, false}, {second, false}, {third, false}}));
 }
 
-TEST_F(HiddenWindowsTest, TakesAWindowThatIsIconifiedMuchLaterForOneThatTheUserIconified) {
+TEST_F(HiddenWindowsTest, AttributesAMuchLaterIconificationToTheUser) {
     hide();
     report(first, true);
     bringBack();

@@ -24,7 +24,7 @@ TEST(IniText, ReadsGroupsKeysAndLists) {
     EXPECT_EQ(text.list("A", "list"), (std::vector<std::string_view>{"a", "b", "c"}));
 }
 
-TEST(IconThemeIndex, LeavesOutFoldersThatAreNoneOfTheTheme) {
+TEST(IconThemeIndex, SkipsInvalidFolders) {
     const auto index = IconThemeIndexes::parse(
         "[Icon Theme]\nDirectories=48/apps,../etc,/etc,none,bad,22@2x/apps\nInherits=B,A\n"
         "[48/apps]\nSize=48\nType=Fixed\n[../etc]\nSize=48\n[/etc]\nSize=48\n[bad]\nSize=-3\n"

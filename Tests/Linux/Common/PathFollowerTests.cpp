@@ -108,7 +108,7 @@ TEST_F(PathFollower, ReportsAReplacementByRenameAndFollowsTheNewFile) {
     EXPECT_EQ(newReports(), Reports{changed});
 }
 
-TEST_F(PathFollower, NoticesThatAFileWhichSomebodyHoldsOpenWasReplaced) {
+TEST_F(PathFollower, NoticesThatAnOpenFileWasReplaced) {
     makeFolder(file.parent());
     overwrite(file, "one");
     const std::ifstream holder{file.path()};

@@ -288,7 +288,7 @@ TEST_F(PosixFileSystemTest, BoundsFilesThatDoNotSayTheirLength) {
     EXPECT_EQ(bounded.error().code, EFBIG);
 }
 
-TEST_F(PosixFileSystemTest, NeverWaitsForWhatIsNoFile) {
+TEST_F(PosixFileSystemTest, NeverWaitsForPipesDevicesOrFolders) {
     ASSERT_EQ(::mkfifo(file.path().c_str(), 0600), 0);
     EXPECT_FALSE(fileSystem.read(file, 100));
     EXPECT_FALSE(fileSystem.read(FileURL::fromPath("/dev/zero"), 100));

@@ -55,7 +55,7 @@ TEST(ProcessFacts, OfALivingProcessAreRead) {
     EXPECT_TRUE(facts.arguments.front().ends_with("LinuxTests"));
 }
 
-TEST(ProcessFacts, OfNoProcessAreEmpty) {
+TEST(ProcessFacts, AreEmptyWithoutSuchAProcess) {
     EXPECT_EQ(ProcessInspection::read(0), ProcessFacts{});
     EXPECT_EQ(ProcessInspection::read(-1), ProcessFacts{});
     EXPECT_EQ(ProcessInspection::read(2'000'000'000), ProcessFacts{});

@@ -87,7 +87,7 @@ TEST(PropertyListReader, ReadsEveryKindOfValueFromBinary) {
     EXPECT_EQ(*list, expected);
 }
 
-TEST(PropertyListReader, RefusesWhatIsNoPropertyList) {
+TEST(PropertyListReader, RefusesOtherFormats) {
     for (const std::string_view bytes :
          {std::string_view{}, std::string_view{"no property list"}, std::string_view{"{ a = b; }"},
           std::string_view{"\0\0\0\0", 4}, std::string_view{"<plist>"},

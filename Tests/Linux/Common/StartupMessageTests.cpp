@@ -41,7 +41,7 @@ TEST(StartupMessage, QuotesAndBackslashesSurviveTheWay) {
     EXPECT_EQ(StartupMessages::parse(StartupMessages::text(message)), message);
 }
 
-TEST(StartupMessage, WithoutAnIdOrOfAnotherKindIsNone) {
+TEST(StartupMessage, NeedsAnIDAndAKnownKind) {
     EXPECT_FALSE(StartupMessages::parse("new: NAME=x"));
     EXPECT_FALSE(StartupMessages::parse("old: ID=x"));
     EXPECT_FALSE(StartupMessages::parse("remove"));

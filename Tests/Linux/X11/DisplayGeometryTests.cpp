@@ -36,7 +36,7 @@ TEST(DisplayGeometry, MeasuresOtherDisplaysFromThePrimarysCornerUnscaled) {
     EXPECT_EQ(DisplayGeometry::frame(below), (Rect{0, -1200, 1600, 1200}));
 }
 
-TEST(DisplayGeometry, TakesAScaleThatIsNoneForOne) {
+TEST(DisplayGeometry, TreatsAnInvalidScaleAsOne) {
     for (const double scale : {0.0, -2.0, std::nan(""), std::numeric_limits<double>::infinity()}) {
         EXPECT_EQ(DisplayGeometry::display(primary, primary, scale).scale, 1);
     }

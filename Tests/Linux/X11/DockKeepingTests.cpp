@@ -30,7 +30,7 @@ TEST(CorrectionBudget, GivesInToAnOpponent) {
     EXPECT_EQ(taken(budget, 50, 100ms), CorrectionBudget::maximum);
 }
 
-TEST(CorrectionBudget, PutsRightWhatHappensNowAndThenForEver) {
+TEST(CorrectionBudget, NeverRunsOutForOccasionalCorrections) {
     CorrectionBudget budget;
     EXPECT_EQ(taken(budget, 50, 1001ms), 50);
 }

@@ -22,7 +22,7 @@ QRegion outlineOf(const QImage& image) {
     return region;
 }
 
-TEST(OpaqueOutline, OfNothingIsEmpty) {
+TEST(OpaqueOutline, IsEmptyForATransparentImage) {
     EXPECT_TRUE(OpaqueOutline::rectangles(blank(20, 10)).empty());
 }
 

@@ -103,13 +103,13 @@ TEST(Struts, ArePartialOnesBeforePlainOnes) {
     EXPECT_EQ(Struts::read({}, plain), (Strut{.top = 25}));
 }
 
-TEST(Struts, OfTheWrongLengthAreNone) {
+TEST(Struts, AreAbsentIfTheirLengthIsWrong) {
     const std::vector<std::uint32_t> three{1, 2, 3};
     EXPECT_EQ(Struts::read(three, three), std::nullopt);
     EXPECT_EQ(Struts::read({}, {}), std::nullopt);
 }
 
-TEST(Struts, OfNothingAreNone) {
+TEST(Struts, AreAbsentIfAllNumbersAreZero) {
     const std::vector<std::uint32_t> zeros(12, 0);
     EXPECT_EQ(Struts::read(zeros, {}), std::nullopt);
 }

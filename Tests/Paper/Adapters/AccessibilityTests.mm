@@ -123,7 +123,7 @@ TEST_F(Elements, TellTitlesAlsoWhereTheTimeIsUnknown) {
     paper::rt::clearFaults();
 }
 
-TEST_F(Elements, AreNotTakenFromAListForWhatIsNone) {
+TEST_F(Elements, AreNullForInvalidListEntries) {
     paper::foreignApps()[501].listsNonsense = true;
     const auto windows = port.windows(*app);
     ASSERT_TRUE(windows);

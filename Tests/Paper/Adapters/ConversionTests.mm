@@ -72,7 +72,7 @@ TEST(TextsForTheSystem, SurviveBytesThatAreNoUTF8) {
     }
 }
 
-TEST(FileURLsFromTheSystem, AreNothingForWhatIsNoFile) {
+TEST(FileURLsFromTheSystem, AreEmptyForOtherURLs) {
     @autoreleasepool {
         EXPECT_EQ(toFileURL(nil), std::nullopt);
         EXPECT_EQ(toFileURL([NSURL URLWithString:@"https://example.org/app"]), std::nullopt);

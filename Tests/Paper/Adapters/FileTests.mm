@@ -76,7 +76,7 @@ TEST_F(Files, ThatAreWrittenAreTheUsersAlone) {
     EXPECT_EQ(found.st_mode & 0777U, 0700U);
 }
 
-TEST_F(Files, ThatAreNoneAreRefusedWithoutWaiting) {
+TEST_F(Files, AreRefusedWithoutWaitingIfTheyArePipes) {
     ASSERT_EQ(::mkfifo(pathOf("pipe").c_str(), S_IRUSR | S_IWUSR), 0);
     const auto read = port.read(at("pipe"), 10);
     ASSERT_FALSE(read);

@@ -64,7 +64,7 @@ TEST_F(Taps, SeeMovesWithTheButtonHeldAsWell) {
     EXPECT_EQ(movedTo(10, true), 110);
 }
 
-TEST_F(Taps, LeaveThePointerWhereTheRuleSaysNothing) {
+TEST_F(Taps, LeaveThePointerAloneIfTheRuleDoes) {
     const auto tap = makeEnabled(nowhereElse);
     EXPECT_EQ(movedTo(10), 10);
 }

@@ -64,7 +64,7 @@ TEST_F(Ports, KnowWhatTheSystemCallsADisplay) {
     }
 }
 
-TEST_F(Ports, GiveNoNumberToADisplayWhoseNumberIsNone) {
+TEST_F(Ports, IgnoreAnInvalidDisplayNumber) {
     @autoreleasepool {
         paper::plug({{.number = 1, .unit = 5}});
         NSScreen* const screen = NSScreen.screens.firstObject;
@@ -247,7 +247,7 @@ TEST_F(Ports, TellWhyALoginItemCannotBeRegistered) {
     }
 }
 
-TEST_F(Ports, ReadNoPropertyListThatIsNone) {
+TEST_F(Ports, RefuseAnEmptyPropertyList) {
     @autoreleasepool {
         const auto decoded = FoundationPropertyLists{}.decode({});
         ASSERT_FALSE(decoded);
