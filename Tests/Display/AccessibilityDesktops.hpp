@@ -178,7 +178,8 @@ protected:
         desk().startWindowManager();
         isManaged_ = true;
     }
-    /// The window manager goes on, but says what one says that moves no windows.
+    /// The window manager keeps running, but announces the abilities of one that cannot move
+    /// windows.
     void loseTheAbilityToMoveWindows() {
         supported_ = client().items(client().root(), "_NET_SUPPORTED");
         auto fewer = supported_;

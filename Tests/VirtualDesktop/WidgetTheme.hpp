@@ -11,7 +11,7 @@ namespace vireline::desktop {
 /// Announces it during the lifetime of this client, to programs started from now on.
 void announceWidgetTheme(const XClient& client, std::string_view name);
 
-/// Announces likewise that programs should not animate.
+/// Announces in the same way that programs should not animate.
 void announceNoAnimations(const XClient& client);
 
 /// Announces it to all programs, like a newly started daemon. Returns the daemon's window;

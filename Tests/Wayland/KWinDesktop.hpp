@@ -18,8 +18,8 @@ namespace vireline::wayland {
 /// Each output has 1280 x 720 pixels.
 class KWinDesktop {
 public:
-    /// `entries` is a data folder with desktop entries, for whose programs alone KWin lists
-    /// windows; without it, it does so for all.
+    /// KWin lists windows only for the programs of the desktop entries in the data folder
+    /// `entries`; without a folder, for all programs.
     explicit KWinDesktop(const std::filesystem::path& entries = {});
 
     [[nodiscard]] static bool isInstalled();

@@ -5,8 +5,8 @@
 #include <cstdlib>
 
 // Documented: an opaque reference to a program or a window; two that name the same one are equal.
-// Belief: a window goes on being named while others of its program come and go; here it is known by
-// its place among them.
+// Belief: a reference stays valid while other windows of the program come and go; here it is known
+// by its place among them.
 @implementation PaperElement
 
 - (BOOL)isEqual:(id)other {

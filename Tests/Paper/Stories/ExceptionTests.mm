@@ -218,7 +218,8 @@ private:
         write("escaped" + suffix_, {exceptions.begin(), exceptions.end()});
     }
 
-    /// False in a process that tries it, and has yet to live the rest of the day.
+    /// Forks: false in the child, which throws the exception and runs the rest of the day; true in
+    /// the parent.
     bool isTried(const std::string& selector) const {
         const pid_t child = ::fork();
         if (child == 0) {

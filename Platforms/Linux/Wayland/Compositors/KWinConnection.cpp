@@ -107,8 +107,8 @@ Result<void> KWinConnection::runLoaded(const std::string& number, const Deadline
     return {};
 }
 
-/// Waits, because KWin gives the number of a script that it has yet to unload to another one, which
-/// then cannot be run.
+/// Waits, because until KWin has unloaded a script, it may give that script's number to another
+/// one, which then cannot be run.
 void KWinConnection::unload(const std::string& name, const Deadline& deadline) {
     (void)call(scriptingPath, scriptingInterface, "unloadScript",
                g_variant_new("(s)", name.c_str()), deadline);

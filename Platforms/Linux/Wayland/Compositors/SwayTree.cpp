@@ -123,7 +123,7 @@ std::optional<SwayTree> SwayTree::parse(std::string_view json) {
     if (!document.isObject() || text(document.object(), QLatin1StringView{"type"}) != "root")
         return std::nullopt;
     SwayTree tree;
-    // The nodes yet to be visited; the next one is the last.
+    // The nodes that still have to be visited, in reverse order.
     std::vector<Place> open{{document.object(), {}, {}}};
     while (!open.empty()) {
         Place place = std::move(open.back());

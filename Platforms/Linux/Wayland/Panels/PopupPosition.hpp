@@ -1,4 +1,4 @@
-/// Where a popup is to be, in the form of the protocol.
+/// The position of a popup, in the form of the protocol.
 #pragma once
 
 #include "Connection/Proxies.hpp"

@@ -16,7 +16,7 @@ constexpr double arrivalSeconds = 2;
 /// How long the window has to stay there; seconds. A program that moves its newly shown window does
 /// so at once, and a user takes longer than this to move it.
 constexpr double restSeconds = 0.5;
-/// Something that has moved the window away this often does so deliberately.
+/// A program or a window manager that has moved the window away this often does so deliberately.
 constexpr int maximumCorrections = 6;
 /// Timeout for one check; seconds.
 constexpr double checkSeconds = 0.1;
