@@ -88,13 +88,18 @@ void DockRootView::layoutIfNeeded() {
     frames_ = StripLayout::layout(request_);
 }
 
+double DockRootView::iconSize() const {
+    return DockOrdering::fittedIconSize(DockOrdering::Counts::of(context_.model.items.get()),
+                                        spec_.availableWidth,
+                                        context_.model.configuredIconSize.get());
+}
+
 StripLayout::Request DockRootView::layoutRequest() const {
     StripLayout::Request request;
     request.counts = DockOrdering::Counts::of(context_.model.items.get());
     request.hasDownloads = tiles_.has(TileKind::downloads);
     request.hasTrash = tiles_.has(TileKind::trash);
-    request.iconSize = DockOrdering::fittedIconSize(request.counts, spec_.availableWidth,
-                                                    context_.model.configuredIconSize.get());
+    request.iconSize = iconSize();
     request.magnification = context_.model.magnification.get();
     request.edge = {spec_.position, spec_.frame.size()};
     // Magnification may have been switched off while the pointer is over the dock.
@@ -279,14 +284,20 @@ void DockRootView::pointerMoved(Point p) {
     pointer_ = p;
     gestures_.move(p);
     // The strip is not magnified while a tile is being dragged.
-    if (!gestures_.dragged() && context_.model.magnification.get() > 1) {
-        const Edge edge{spec_.position, spec_.frame.size()};
-        const bool magnifies = StripLayout::isInMagnificationBand(p, edge, request_.iconSize);
-        cursorAxis_ = magnifies ? std::optional{edge.along(p)} : std::nullopt;
-    }
+    if (!gestures_.dragged())
+        magnifyAt(p);
     // Movement within one tile of a strip that is not magnified changes nothing.
     if (gestures_.isPressed() || shows() != before)
         invalidate();
+}
+
+/// The pointer may come before the frame that shows a change of the icons' size.
+void DockRootView::magnifyAt(Point p) {
+    if (context_.model.magnification.get() <= 1)
+        return;
+    const Edge edge{spec_.position, spec_.frame.size()};
+    const bool magnifies = StripLayout::isInMagnificationBand(p, edge, iconSize());
+    cursorAxis_ = magnifies ? std::optional{edge.along(p)} : std::nullopt;
 }
 
 void DockRootView::pointerExited() {

@@ -69,6 +69,8 @@ public:
 private:
     void invalidate();
     void layoutIfNeeded();
+    /// The current one, which the last layout may not have yet.
+    [[nodiscard]] double iconSize() const;
     [[nodiscard]] StripLayout::Request layoutRequest() const;
     [[nodiscard]] Scene makeExpandedScene();
     [[nodiscard]] TileLook lookOf(const DockTile& tile, int index) const;
@@ -82,6 +84,7 @@ private:
     [[nodiscard]] std::optional<std::size_t> indexAt(Point p);
     [[nodiscard]] DockTile* tileAt(Point p);
     void pointerMoved(Point p);
+    void magnifyAt(Point p);
     void pointerExited();
     void released(const PointerEvent& event);
     void middlePressed(Point p);

@@ -169,6 +169,23 @@ TEST_F(DockRootViewTest, MagnificationEndsBeyondTheBandAndWhenThePointerLeaves) 
     EXPECT_EQ(icons()[1].frame.width, 44);
 }
 
+/// A pointer that then rests would see the wrong strip for as long as it does.
+TEST_F(DockRootViewTest, TheBandIsThatOfIconsWhoseSizeHasChangedSinceTheLastFrame) {
+    dock.setTiles(3, 0);
+    dock.model.magnification.set(2);
+    show(DockPosition::bottom, 1000, 148);
+    const Point aboveSmallIcons{500, 148 - 70};
+    static_cast<void>(view().makeScene());
+
+    dock.model.configuredIconSize.set(64);
+    send(Kind::moved, aboveSmallIcons);
+    EXPECT_GT(icons()[2].frame.width, 64);
+
+    dock.model.configuredIconSize.set(44);
+    send(Kind::moved, aboveSmallIcons);
+    EXPECT_EQ(icons()[2].frame.width, 44);
+}
+
 // Behaviour: dock-strip-4
 TEST_F(DockRootViewTest, APointerBeyondTheFirstOrTheLastTileHoldsThatTileInPlace) {
     dock.setTiles(3, 0);
