@@ -312,10 +312,13 @@ void DockRootView::released(const PointerEvent& event) {
     const Point p = event.position;
     // If the list has changed since the last frame, this may end the press.
     layoutIfNeeded();
-    const bool wasDragging = gestures_.dragged().has_value();
+    // Before the tile is moved: with another list the dock may get another frame, to which the
+    // point would not belong.
+    if (gestures_.dragged()) {
+        pointer_ = p;
+        magnifyAt(p);
+    }
     gestures_.release(tileAt(p), p, event.time.value_or(context_.runLoop.now()));
-    if (wasDragging)
-        pointerMoved(p);
 }
 
 void DockRootView::middlePressed(Point p) {

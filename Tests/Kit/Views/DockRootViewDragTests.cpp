@@ -160,6 +160,21 @@ TEST_F(TileDragTest, AMagnifiedStripKeepsStillWhileATileIsDragged) {
     EXPECT_EQ(icons()[2].frame, before);
 }
 
+/// The point of the release belongs to the view that the tile was dropped on.
+TEST_F(TileDragTest, ThePointerMagnifiesWhereATileWasDroppedThoughTheMoveChangesTheDocksSize) {
+    dock.model.magnification.set(2);
+    show(DockPosition::right, 1000, 102);
+    dock.actions.moveApp = [this](const std::string&, int) {
+        view().update({2, {0, 0, 202, 1000}, 1000, DockPosition::right}, false);
+    };
+    const Point p = centerOfIcon(1);
+    dragTile(1, 0, 110);
+    ASSERT_EQ(icons()[3].frame.width, 44);
+    send(Kind::released, {p.x, p.y + 110});
+
+    EXPECT_GT(icons()[3].frame.width, 44);
+}
+
 TEST_F(TileDragTest, SideDocksReorderAlongTheirLength) {
     show(DockPosition::left, 1000, 58);
     moveTile(0, 3, 110);
