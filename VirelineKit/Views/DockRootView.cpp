@@ -77,7 +77,8 @@ void DockRootView::invalidate() {
 }
 
 void DockRootView::layoutIfNeeded() {
-    if (std::exchange(tilesAreStale_, false)) {
+    // The end of a drag is reported, and the list may change again from within that.
+    while (std::exchange(tilesAreStale_, false)) {
         tiles_.rebuild(context_.model.items.get(), context_.icons, context_.trash);
         listChanged_ = true;
         gestures_.tilesChanged();

@@ -129,6 +129,17 @@ TEST_F(TileDragTest, ADragEndsWhenItsTileLeavesTheList) {
     EXPECT_TRUE(dock.actionsTaken.empty());
 }
 
+TEST_F(TileDragTest, EveryTileHasItsPlaceThoughTheListChangesAgainWhileADragEnds) {
+    dragTile(3, 60);
+    view().onReorderDrag = [this](bool isDragged) {
+        if (!isDragged)
+            dock.setTiles(2, 0);
+    };
+    dock.setTiles(3, 1);
+
+    EXPECT_EQ(view().accessibleTiles().size(), 4U);
+}
+
 TEST_F(TileDragTest, ADragEndsWhenItsTileIsNotPinnedAnyMore) {
     dragTile(3, -60);
     auto items = dock.model.items.get();
