@@ -10,7 +10,8 @@
 namespace vireline {
 
 /// Owns a token, whose destructor does the actual release. The callback that a handle stands for
-/// may destroy the handle while it runs.
+/// may destroy the handle while it runs. `Purpose` keeps handles of different things apart.
+template <class Purpose>
 class ScopedHandle {
 public:
     ScopedHandle() = default;
@@ -39,9 +40,9 @@ private:
 };
 
 /// Keeps an observer registered.
-using Subscription = ScopedHandle;
+using Subscription = ScopedHandle<struct OfObserver>;
 
 /// Keeps a timer scheduled. The handle of a one-shot timer stays set after it has fired.
-using Timer = ScopedHandle;
+using Timer = ScopedHandle<struct OfTimer>;
 
 }

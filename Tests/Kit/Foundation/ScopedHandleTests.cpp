@@ -8,7 +8,7 @@ namespace {
 TEST(ScopedHandle, EndsOnceWhenItIsDropped) {
     int ends = 0;
     {
-        ScopedHandle handle = ScopedHandle::calling([&] { ++ends; });
+        Subscription handle = Subscription::calling([&] { ++ends; });
         EXPECT_TRUE(handle);
         EXPECT_EQ(ends, 0);
     }
@@ -18,7 +18,7 @@ TEST(ScopedHandle, EndsOnceWhenItIsDropped) {
 TEST(ScopedHandle, EndsOnceWhenItIsReset) {
     int ends = 0;
     {
-        ScopedHandle handle = ScopedHandle::calling([&] { ++ends; });
+        Subscription handle = Subscription::calling([&] { ++ends; });
         handle.reset();
         EXPECT_FALSE(handle);
         EXPECT_EQ(ends, 1);
@@ -29,10 +29,10 @@ TEST(ScopedHandle, EndsOnceWhenItIsReset) {
 
 TEST(ScopedHandle, EndsOnlyWhereItWasMovedTo) {
     int ends = 0;
-    ScopedHandle target;
+    Subscription target;
     EXPECT_FALSE(target);
     {
-        ScopedHandle source = ScopedHandle::calling([&] { ++ends; });
+        Subscription source = Subscription::calling([&] { ++ends; });
         target = std::move(source);
     }
     EXPECT_EQ(ends, 0);
@@ -43,16 +43,16 @@ TEST(ScopedHandle, EndsOnlyWhereItWasMovedTo) {
 TEST(ScopedHandle, EndsWhatItHeldWhenAnotherIsAssigned) {
     int firstEnds = 0;
     int secondEnds = 0;
-    ScopedHandle handle = ScopedHandle::calling([&] { ++firstEnds; });
-    handle = ScopedHandle::calling([&] { ++secondEnds; });
+    Subscription handle = Subscription::calling([&] { ++firstEnds; });
+    handle = Subscription::calling([&] { ++secondEnds; });
     EXPECT_EQ(firstEnds, 1);
     EXPECT_EQ(secondEnds, 0);
 }
 
 TEST(ScopedHandle, IsEmptyWhileItsEndIsCalled) {
-    ScopedHandle handle;
+    Subscription handle;
     bool wasSet = true;
-    handle = ScopedHandle::calling([&] {
+    handle = Subscription::calling([&] {
         wasSet = static_cast<bool>(handle);
         handle.reset();
     });
