@@ -4,6 +4,7 @@
 #include "Applications/LauncherMessage.hpp"
 #include "GLib/GLibHandles.hpp"
 #include "GLib/SessionBus.hpp"
+#include "GLib/WeakData.hpp"
 #include "Sources/LauncherEntries.hpp"
 
 #include <memory>
@@ -95,7 +96,8 @@ public:
         : bus_(std::move(bus)), mailbox_(std::move(mailbox)) {}
 
     void start() {
-        filter_ = g_dbus_connection_add_filter(bus_.get(), filter, handle(), deleteHandle);
+        filter_ =
+            g_dbus_connection_add_filter(bus_.get(), filter, Data::make(mailbox_), Data::destroy);
         // The filter takes the signals; this only makes the bus send them.
         signals_ = g_dbus_connection_signal_subscribe(
             bus_.get(), nullptr, launcherInterface, "Update", nullptr, nullptr,
@@ -107,8 +109,8 @@ public:
                                              G_BUS_NAME_OWNER_FLAGS_ALLOW_REPLACEMENT, nullptr,
                                              nullptr, nullptr, nullptr);
         closed_ = g_signal_connect_data(
-            bus_.get(), "closed", G_CALLBACK(closed), handle(),
-            [](gpointer data, GClosure*) { deleteHandle(data); }, G_CONNECT_DEFAULT);
+            bus_.get(), "closed", G_CALLBACK(closed), Data::make(mailbox_),
+            [](gpointer data, GClosure*) { Data::destroy(data); }, G_CONNECT_DEFAULT);
     }
     ~Connection() {
         for (const auto& [sender, watch] : watches_)
@@ -129,12 +131,7 @@ public:
     }
 
 private:
-    using Handle = std::weak_ptr<Mailbox>;
-
-    [[nodiscard]] Handle* handle() const { return std::make_unique<Handle>(mailbox_).release(); }
-    static void deleteHandle(gpointer data) {
-        std::unique_ptr<Handle>{static_cast<Handle*>(data)}.reset();
-    }
+    using Data = WeakData<Mailbox>;
 
     /// Called on GIO's thread. Returns null for a message that has been taken.
     static GDBusMessage* filter(GDBusConnection*, GDBusMessage* message, gboolean isIncoming,
@@ -147,7 +144,7 @@ private:
         const GObjectHandle<GDBusMessage> taken{message};
         const char* const sender = g_dbus_message_get_sender(message);
         const auto parsed = LauncherMessage::parse(g_dbus_message_get_body(message));
-        const auto box = static_cast<Handle*>(data)->lock();
+        const auto box = Data::lock(data);
         if (box && parsed && sender != nullptr)
             Mailbox::take(box, sender, *parsed);
         return nullptr;
@@ -164,7 +161,7 @@ private:
     }
 
     static void closed(GDBusConnection*, gboolean, GError*, gpointer data) {
-        if (const auto box = static_cast<Handle*>(data)->lock())
+        if (const auto box = Data::lock(data))
             Mailbox::clear(box);
     }
 

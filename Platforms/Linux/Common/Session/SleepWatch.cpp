@@ -1,38 +1,30 @@
 #include "Session/SleepWatch.hpp"
 
 #include "GLib/GLibHandles.hpp"
+#include "GLib/WeakData.hpp"
 
 #include <utility>
 
 namespace vireline::xdg {
 
-struct SleepWatch::State {
+struct SleepWatch::State : private NonCopyable {
+    /// Weak, so that GIO does not keep the state alive.
+    using Data = WeakData<State>;
+
     std::function<void()> onResume;
     GObjectHandle<GCancellable> connecting{g_cancellable_new()};
     GObjectHandle<GDBusConnection> bus;
     guint subscription = 0;
 
     explicit State(std::function<void()> callback) : onResume(std::move(callback)) {}
-    State(const State&) = delete;
-    State& operator=(const State&) = delete;
-    State(State&&) = delete;
-    State& operator=(State&&) = delete;
     ~State() {
         if (bus)
             g_dbus_connection_signal_unsubscribe(bus.get(), subscription);
     }
 
-    /// What GIO's callbacks hold: weak, so that they do not keep the state alive.
-    using Handle = std::weak_ptr<State>;
-
-    static void deleteHandle(gpointer data) {
-        const std::unique_ptr<Handle> handle{static_cast<Handle*>(data)};
-    }
-
     static void connected(GObject* /*source*/, GAsyncResult* result, gpointer data) {
-        const std::unique_ptr<Handle> handle{static_cast<Handle*>(data)};
         GObjectHandle<GDBusConnection> bus{g_bus_get_finish(result, nullptr)};
-        const auto state = handle->lock();
+        const auto state = Data::take(data);
         if (!bus || !state)
             return;
         // By default GIO ends the process when the bus goes away.
@@ -40,7 +32,7 @@ struct SleepWatch::State {
         state->subscription = g_dbus_connection_signal_subscribe(
             bus.get(), "org.freedesktop.login1", "org.freedesktop.login1.Manager",
             "PrepareForSleep", "/org/freedesktop/login1", nullptr, G_DBUS_SIGNAL_FLAGS_NONE,
-            prepareForSleep, std::make_unique<Handle>(state).release(), deleteHandle);
+            prepareForSleep, Data::make(state), Data::destroy);
         state->bus = std::move(bus);
     }
 
@@ -51,7 +43,7 @@ struct SleepWatch::State {
             return;
         gboolean goesToSleep = FALSE;
         g_variant_get(parameters, "(b)", &goesToSleep);
-        const auto state = static_cast<Handle*>(data)->lock();
+        const auto state = Data::lock(data);
         if (state && goesToSleep == FALSE)
             state->onResume();
     }
@@ -60,7 +52,7 @@ struct SleepWatch::State {
 SleepWatch::SleepWatch(std::function<void()> onResume)
     : state_(std::make_shared<State>(std::move(onResume))) {
     g_bus_get(G_BUS_TYPE_SYSTEM, state_->connecting.get(), State::connected,
-              std::make_unique<State::Handle>(state_).release());
+              State::Data::make(state_));
 }
 
 SleepWatch::~SleepWatch() {

@@ -1,5 +1,7 @@
 #include "StatusBar/NotifierHosts.hpp"
 
+#include "GLib/WeakData.hpp"
+
 #include <utility>
 
 namespace vireline::xdg {
@@ -13,8 +15,8 @@ using Value = GLibHandle<GVariant, g_variant_unref>;
 
 }
 
-struct NotifierHosts::Watch : std::enable_shared_from_this<Watch> {
-    using Handle = std::weak_ptr<Watch>;
+struct NotifierHosts::Watch : std::enable_shared_from_this<Watch>, private NonCopyable {
+    using Data = WeakData<Watch>;
 
     Observable<State> state{State::unknown};
     SessionBus::Connection bus;
@@ -26,10 +28,6 @@ struct NotifierHosts::Watch : std::enable_shared_from_this<Watch> {
     std::uint64_t question = 0;
 
     Watch() = default;
-    Watch(const Watch&) = delete;
-    Watch& operator=(const Watch&) = delete;
-    Watch(Watch&&) = delete;
-    Watch& operator=(Watch&&) = delete;
     ~Watch() {
         if (name != 0)
             g_bus_unwatch_name(name);
@@ -49,30 +47,19 @@ struct NotifierHosts::Watch : std::enable_shared_from_this<Watch> {
         });
     }
 
-    /// Owned by GIO until it calls the destroy function.
-    [[nodiscard]] Handle* makeHandle() {
-        return std::make_unique<Handle>(weak_from_this()).release();
-    }
-
-    static void deleteHandle(gpointer data) {
-        std::unique_ptr<Handle>{static_cast<Handle*>(data)}.reset();
-    }
-
-    static std::shared_ptr<Watch> lock(gpointer data) { return static_cast<Handle*>(data)->lock(); }
-
     void follow(SessionBus::Connection connected) {
         bus = std::move(connected);
-        signals = g_dbus_connection_signal_subscribe(bus.get(), watcherName, watcherName, nullptr,
-                                                     watcherPath, nullptr, G_DBUS_SIGNAL_FLAGS_NONE,
-                                                     hostsChanged, makeHandle(), deleteHandle);
+        signals = g_dbus_connection_signal_subscribe(
+            bus.get(), watcherName, watcherName, nullptr, watcherPath, nullptr,
+            G_DBUS_SIGNAL_FLAGS_NONE, hostsChanged, Data::make(weak_from_this()), Data::destroy);
         name = g_bus_watch_name_on_connection(bus.get(), watcherName, G_BUS_NAME_WATCHER_FLAGS_NONE,
-                                              watcherAppeared, watcherVanished, makeHandle(),
-                                              deleteHandle);
+                                              watcherAppeared, watcherVanished,
+                                              Data::make(weak_from_this()), Data::destroy);
     }
 
     static void watcherAppeared(GDBusConnection* /*bus*/, const gchar* /*name*/,
                                 const gchar* /*owner*/, gpointer data) {
-        const auto self = lock(data);
+        const auto self = Data::lock(data);
         if (!self)
             return;
         self->hasWatcher = true;
@@ -81,7 +68,7 @@ struct NotifierHosts::Watch : std::enable_shared_from_this<Watch> {
     }
 
     static void watcherVanished(GDBusConnection* /*bus*/, const gchar* /*name*/, gpointer data) {
-        const auto self = lock(data);
+        const auto self = Data::lock(data);
         if (!self)
             return;
         self->hasWatcher = false;
@@ -92,14 +79,14 @@ struct NotifierHosts::Watch : std::enable_shared_from_this<Watch> {
     static void hostsChanged(GDBusConnection* /*bus*/, const gchar* /*sender*/,
                              const gchar* /*path*/, const gchar* /*interface*/, const gchar* signal,
                              GVariant* /*parameters*/, gpointer data) {
-        const auto self = lock(data);
+        const auto self = Data::lock(data);
         if (self && std::string_view{signal}.starts_with("StatusNotifierHost"))
             self->askForHosts();
     }
 
     void askForHosts() {
         struct Question {
-            Handle watch;
+            std::weak_ptr<Watch> watch;
             std::uint64_t number;
         };
         const auto answered = [](GObject* source, GAsyncResult* result, gpointer data) {
