@@ -1,6 +1,6 @@
 #include "Applications/DesktopEntryCatalog.hpp"
 #include "Applications/WindowIconSource.hpp"
-#include "Icons/RasterImage.hpp"
+#include "Icons/IconImage.hpp"
 #include "Icons/ThemeIcons.hpp"
 #include "Linux/Environment.hpp"
 #include "Linux/EventLoop.hpp"
@@ -80,7 +80,7 @@ protected:
     }
 
     static QColor colour(const ImageHandle& image, int side = 44) {
-        const auto* raster = dynamic_cast<const RasterImage*>(image.get());
+        const auto* raster = dynamic_cast<const IconImage*>(image.get());
         if (raster == nullptr)
             return {};
         const QImage picture = raster->exact(side);

@@ -1,6 +1,6 @@
 #include "Painting/ScenePainter.hpp"
 
-#include "Icons/RasterImage.hpp"
+#include "Icons/IconImage.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -29,7 +29,7 @@ struct NodePainter {
 
     /// A sharp image is drawn unscaled; any other is scaled down from a larger one.
     void operator()(const ImageNode& node) const {
-        const auto* const image = dynamic_cast<const RasterImage*>(node.image.get());
+        const auto* const image = dynamic_cast<const IconImage*>(node.image.get());
         if (image == nullptr || place.rect.isEmpty())
             return;
         if (place.isSharp) {

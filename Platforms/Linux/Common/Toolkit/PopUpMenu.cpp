@@ -1,6 +1,6 @@
 #include "Toolkit/PopUpMenu.hpp"
 
-#include "Icons/RasterImage.hpp"
+#include "Icons/IconImage.hpp"
 
 #include <QIcon>
 #include <QKeyEvent>
@@ -23,7 +23,7 @@ QString plainTitle(const std::string& title) {
 }
 
 QIcon iconOf(const Image& image, double scale) {
-    const auto* const raster = dynamic_cast<const RasterImage*>(&image);
+    const auto* const raster = dynamic_cast<const IconImage*>(&image);
     if (raster == nullptr)
         return {};
     QImage picture = raster->exact(static_cast<int>(std::lround(image.size().width * scale)));
