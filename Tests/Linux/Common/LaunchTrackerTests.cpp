@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <string>
 #include <vector>
 
@@ -20,16 +21,11 @@ IdentifiedApp app(const std::string& id) {
 /// A tracker and its callbacks, in order.
 struct Tracking {
     Tracking() {
-        tracker.onWillLaunch = [this](const IdentifiedApp& a) {
-            said.push_back("will " + a.bundleID);
+        tracker.onChange = [this](const xdg::LaunchTracker::Change& change) {
+            constexpr std::array states{"began", "finished", "failed", "showed window"};
+            said.push_back(change.startupID + ' ' + change.app.bundleID + ' ' +
+                           states.at(static_cast<std::size_t>(change.state)));
         };
-        tracker.onFinished = [this](const IdentifiedApp& a) {
-            said.push_back("did " + a.bundleID);
-        };
-        tracker.onFailed = [this](const IdentifiedApp& a) {
-            said.push_back("failed " + a.bundleID);
-        };
-        tracker.onOurEnd = [this](const std::string& id) { said.push_back("end " + id); };
     }
 
     test::FakeRunLoop loop;
@@ -44,7 +40,7 @@ TEST(LaunchTracker, AnnouncesALaunchAndItsEnd) {
     tracking.tracker.finish("id");
     tracking.tracker.finish("id");
 
-    EXPECT_EQ(tracking.said, (Lines{"will a", "did a"}));
+    EXPECT_EQ(tracking.said, (Lines{"id a began", "id a finished"}));
 }
 
 TEST(LaunchTracker, HearingOfItsOwnLaunchAgainChangesNothing) {
@@ -53,7 +49,7 @@ TEST(LaunchTracker, HearingOfItsOwnLaunchAgainChangesNothing) {
     tracking.tracker.begin("id", app("a"), true);
     tracking.tracker.begin("id", app("a"), false);
 
-    EXPECT_EQ(tracking.said, Lines{"will a"});
+    EXPECT_EQ(tracking.said, Lines{"id a began"});
 }
 
 TEST(LaunchTracker, ALaunchIsUnderWayUntilItIsOver) {
@@ -101,22 +97,22 @@ TEST(LaunchTracker, ALaunchThatShowsNothingEndsAfterFifteenSeconds) {
     tracking.tracker.begin("id", app("a"), true);
 
     tracking.loop.advance(14.9);
-    EXPECT_EQ(tracking.said, Lines{"will a"});
+    EXPECT_EQ(tracking.said, Lines{"id a began"});
     tracking.loop.advance(0.2);
 
-    EXPECT_EQ(tracking.said, (Lines{"will a", "end id", "failed a"}));
+    EXPECT_EQ(tracking.said, (Lines{"id a began", "id a failed"}));
 }
 
 TEST(LaunchTracker, TheAppsFirstWindowEndsAllItsLaunches) {
     Tracking tracking;
     tracking.tracker.begin("1", app("a"), true);
-    tracking.tracker.begin("2", app("a"), true);
+    tracking.tracker.begin("2", app("a"), false);
     tracking.tracker.begin("3", app("b"), true);
     tracking.said.clear();
 
     tracking.tracker.appShowed("a", 7);
 
-    EXPECT_EQ(tracking.said, (Lines{"end 1", "end 2"}));
+    EXPECT_EQ(tracking.said, (Lines{"1 a showed window", "2 a showed window"}));
     EXPECT_FALSE(tracking.tracker.fail("1"));
     EXPECT_TRUE(tracking.tracker.fail("3"));
 }
@@ -129,7 +125,7 @@ TEST(LaunchTracker, AFailureIsToldOnce) {
     EXPECT_FALSE(tracking.tracker.fail("id"));
     EXPECT_FALSE(tracking.tracker.fail("unheard"));
 
-    EXPECT_EQ(tracking.said, (Lines{"will a", "failed a"}));
+    EXPECT_EQ(tracking.said, (Lines{"id a began", "id a failed"}));
 }
 
 TEST(LaunchTracker, OnlyOurOwnLaunchesTellWindowsApart) {
@@ -158,7 +154,7 @@ TEST(LaunchTracker, RemembersTheNewestLaunchesAndSettlesTheRest) {
 
     EXPECT_FALSE(tracking.tracker.launchedApp("0", 1));
     EXPECT_TRUE(tracking.tracker.launchedApp("1", 1));
-    EXPECT_NE(std::ranges::find(tracking.said, "failed a0"), tracking.said.end());
+    EXPECT_NE(std::ranges::find(tracking.said, "0 a0 failed"), tracking.said.end());
 }
 
 }

@@ -35,19 +35,7 @@ DesktopRunningApplications::DesktopRunningApplications(WindowList& windowList,
     , launches_(runLoop) {
     windowChanges_ = windows_.observe([this] { update(); });
     messages_ = notices_.observe([this](const StartupMessage& message) { handle(message); });
-    launches_.onWillLaunch = [this](const IdentifiedApp& app) {
-        willLaunch_.notify(describeApp(app));
-    };
-    launches_.onFinished = [this](const IdentifiedApp& app) {
-        didLaunch_.notify(describeApp(app));
-    };
-    launches_.onFailed = [this](const IdentifiedApp& app) {
-        didTerminate_.notify(describeApp(app));
-    };
-    launches_.onOurEnd = [this](const std::string& startupID) {
-        if (std::erase(announced_, startupID) > 0)
-            notices_.broadcast({.kind = "remove", .values = {{"ID", startupID}}});
-    };
+    launches_.onChange = [this](const LaunchTracker::Change& change) { launchChanged(change); };
     catalogChanges_ = catalog_.observeChanges(lifetime_.guard([this] { identifyAgain(); }));
     groups_ = currentGroups();
     noteAttention();
@@ -180,6 +168,19 @@ void DesktopRunningApplications::launchBegan(const std::string& startupID,
     if (!entry.startupWMClass.empty())
         message.values["WMCLASS"] = entry.startupWMClass;
     notices_.broadcast(std::move(message));
+}
+
+void DesktopRunningApplications::launchChanged(const LaunchTracker::Change& change) {
+    using State = LaunchTracker::State;
+    const bool isOver = change.state == State::failed || change.state == State::showedWindow;
+    if (isOver && std::erase(announced_, change.startupID) > 0)
+        notices_.broadcast({.kind = "remove", .values = {{"ID", change.startupID}}});
+    if (change.state == State::began)
+        willLaunch_.notify(describeApp(change.app));
+    else if (change.state == State::finished)
+        didLaunch_.notify(describeApp(change.app));
+    else if (change.state == State::failed)
+        didTerminate_.notify(describeApp(change.app));
 }
 
 bool DesktopRunningApplications::launchFailed(const std::string& startupID) {

@@ -103,6 +103,7 @@ private:
     void announce(const std::vector<AppGroup>& before);
     void noteAttention();
     void handle(const StartupMessage& message);
+    void launchChanged(const LaunchTracker::Change& change);
     [[nodiscard]] std::vector<AppGroup> currentGroups();
     [[nodiscard]] IdentifiedApp identify(const ClientWindow& window);
     [[nodiscard]] std::optional<IdentifiedApp> appNamedBy(const StartupMessage& message) const;

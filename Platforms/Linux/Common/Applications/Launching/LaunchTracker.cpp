@@ -1,6 +1,7 @@
 #include "Applications/Launching/LaunchTracker.hpp"
 
 #include <algorithm>
+#include <utility>
 
 namespace vireline::xdg {
 
@@ -8,7 +9,7 @@ void LaunchTracker::begin(const std::string& startupID, const IdentifiedApp& app
     if (find(startupID) != nullptr)
         return;
     if (launches_.size() >= maximumLaunches) {
-        fail(std::string{launches_.front().startupID});
+        fail(launches_.front().startupID);
         launches_.erase(launches_.begin());
     }
     Launch& launch = launches_.emplace_back();
@@ -16,11 +17,9 @@ void LaunchTracker::begin(const std::string& startupID, const IdentifiedApp& app
     launch.app = app;
     launch.isOurs = isOurs;
     launch.began = runLoop_.now();
-    // A copy of the ID, because `fail` destroys the timer and with it everything captured.
-    launch.timeout = runLoop_.after(
-        timeoutSeconds, lifetime_.guard([this, startupID] { fail(std::string{startupID}); }));
-    if (onWillLaunch)
-        onWillLaunch(app);
+    launch.timeout =
+        runLoop_.after(timeoutSeconds, lifetime_.guard([this, startupID] { fail(startupID); }));
+    notify({startupID, app, State::began});
 }
 
 bool LaunchTracker::isUnderWay(const std::string& bundleID, double doubleClickSeconds) const {
@@ -40,42 +39,33 @@ void LaunchTracker::finish(const std::string& startupID) {
         return;
     launch->isPending = false;
     launch->timeout.reset();
-    if (onFinished)
-        onFinished(IdentifiedApp{launch->app});
+    notify({startupID, launch->app, State::finished});
 }
 
-bool LaunchTracker::fail(const std::string& startupID) {
+bool LaunchTracker::fail(std::string startupID) {
     Launch* launch = find(startupID);
     if (launch == nullptr || !launch->isPending)
         return false;
     launch->isPending = false;
     launch->hasFailed = true;
-    const bool isOurs = launch->isOurs;
-    const IdentifiedApp app = launch->app;
     launch->timeout.reset();
-    if (isOurs && onOurEnd)
-        onOurEnd(startupID);
-    if (onFailed)
-        onFailed(app);
+    notify({std::move(startupID), launch->app, State::failed});
     return true;
 }
 
 void LaunchTracker::appShowed(const std::string& bundleID, std::int32_t processIdentifier) {
-    std::vector<std::string> ended;
+    std::vector<Change> ended;
     for (Launch& launch : launches_) {
         if (launch.app.bundleID != bundleID)
             continue;
         if (!launch.owner)
             launch.owner = processIdentifier;
-        if (launch.isPending && launch.isOurs)
-            ended.push_back(launch.startupID);
+        if (launch.isPending)
+            ended.push_back({launch.startupID, launch.app, State::showedWindow});
         launch.isPending = false;
         launch.timeout.reset();
     }
-    for (const std::string& startupID : ended) {
-        if (onOurEnd)
-            onOurEnd(startupID);
-    }
+    std::ranges::for_each(ended, [this](const Change& change) { notify(change); });
 }
 
 std::optional<IdentifiedApp> LaunchTracker::launchedApp(const std::string& startupID,
@@ -91,6 +81,11 @@ std::optional<IdentifiedApp> LaunchTracker::launchedApp(const std::string& start
 LaunchTracker::Launch* LaunchTracker::find(const std::string& startupID) {
     const auto found = std::ranges::find(launches_, startupID, &Launch::startupID);
     return found == launches_.end() ? nullptr : &*found;
+}
+
+void LaunchTracker::notify(const Change& change) const {
+    if (onChange)
+        onChange(change);
 }
 
 }

@@ -22,6 +22,14 @@ public:
     /// Limit on remembered launches, newest kept: later windows may still carry their startup IDs.
     static constexpr std::size_t maximumLaunches = 64;
 
+    enum class State { began, finished, failed, showedWindow };
+
+    struct Change {
+        std::string startupID;
+        IdentifiedApp app;
+        State state = State::began;
+    };
+
     explicit LaunchTracker(RunLoop& runLoop) : runLoop_(runLoop) {}
 
     /// `isOurs`: only our own launches are used to identify windows. Does nothing if the ID is
@@ -36,7 +44,7 @@ public:
     void finish(const std::string& startupID);
 
     /// The launch failed. Returns false if it had already ended.
-    bool fail(const std::string& startupID);
+    bool fail(std::string startupID);
 
     /// The app's first window, owned by this process, has appeared. Ends all launches of the app.
     void appShowed(const std::string& bundleID, std::int32_t processIdentifier);
@@ -47,11 +55,8 @@ public:
     [[nodiscard]] std::optional<IdentifiedApp> launchedApp(const std::string& startupID,
                                                            std::int32_t processIdentifier) const;
 
-    std::function<void(const IdentifiedApp&)> onWillLaunch;
-    std::function<void(const IdentifiedApp&)> onFinished;
-    std::function<void(const IdentifiedApp&)> onFailed;
-    /// One of our launches has ended; not called if it ended through `finish`.
-    std::function<void(const std::string& startupID)> onOurEnd;
+    /// Called when a launch begins, and once when it ends.
+    std::function<void(const Change&)> onChange;
 
 private:
     struct Launch {
@@ -68,6 +73,7 @@ private:
     };
 
     [[nodiscard]] Launch* find(const std::string& startupID);
+    void notify(const Change& change) const;
 
     RunLoop& runLoop_;
     /// Oldest first.
