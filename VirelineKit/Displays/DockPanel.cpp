@@ -78,45 +78,40 @@ void DockPanel::update(const PanelSpec& spec, bool autoHide) {
     const bool wasAutoHiding = std::exchange(autoHide_, autoHide);
     hosting_.update(spec, autoHide);
     if (autoHide) {
-        applyCollapsed(collapsed_, false);
+        applyCollapsed(collapsed(), false);
         if (!wasAutoHiding)
             collapseLater();
         return;
     }
     collapseTimer_.reset();
-    setCollapsed(false);
+    uiState_.collapsed.set(false);
     placeWindow(false);
 }
 
 void DockPanel::applyCollapsed(bool collapsed, bool animate) {
-    setCollapsed(collapsed);
+    uiState_.collapsed.set(collapsed);
     placeWindow(animate && !motionSettings_.reducesMotion());
 }
 
 Rect DockPanel::windowFrame() const {
     if (!autoHide_)
         return spec_.frame;
-    return collapsed_ ? spec_.collapsedFrame() : spec_.hoverFrame();
+    return collapsed() ? spec_.collapsedFrame() : spec_.hoverFrame();
 }
 
 /// A sliver needs no overhang. The state is read again for each call, since the window may report
 /// an event from within the previous one.
 void DockPanel::placeWindow(bool animate) {
-    overhang_ = collapsed_ ? Overhang{} : hosting_.overhang();
+    overhang_ = collapsed() ? Overhang{} : hosting_.overhang();
     window_->setOverhang(overhang_);
     window_->setFrame(windowFrame(), animate);
     pinHosting();
 }
 
-void DockPanel::setCollapsed(bool collapsed) {
-    collapsed_ = collapsed;
-    uiState_.collapsed.set(collapsed);
-}
-
 void DockPanel::pinHosting() {
     const Size view = spec_.frame.size();
     const Point origin =
-        hostedOrigin(spec_.position, autoHide_, collapsed_, windowFrame().size(), view);
+        hostedOrigin(spec_.position, autoHide_, collapsed(), windowFrame().size(), view);
     window_->setHostedFrame({origin.x, origin.y, view.width, view.height});
 }
 
@@ -134,12 +129,12 @@ void DockPanel::expand() {
     if (!autoHide_ || isRetired_)
         return;
     collapseTimer_.reset();
-    if (collapsed_)
+    if (collapsed())
         applyCollapsed(false, true);
 }
 
 void DockPanel::collapseLater() {
-    if (!autoHide_ || isRetired_ || collapsed_ || isHeldOpen())
+    if (!autoHide_ || isRetired_ || collapsed() || isHeldOpen())
         return;
     collapseTimer_ = runLoop_.after(collapseDelay, lifetime_.guard([this] {
         // Whatever holds it open now calls collapseLater() when it lets go.
@@ -228,7 +223,7 @@ void DockPanel::showFrame() {
     if (std::exchange(sceneIsStale_, false)) {
         animator_.setTarget(hosting_.makeScene(), now, motionSettings_.reducesMotion());
         // The overhang depends on the icon size, which can change without a new plan.
-        if (!collapsed_ && overhang_ != hosting_.overhang())
+        if (!collapsed() && overhang_ != hosting_.overhang())
             placeWindow(false);
     }
     window_->present(animator_.frame(now));

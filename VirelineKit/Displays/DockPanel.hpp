@@ -22,7 +22,7 @@ public:
     ~DockPanel() override;
 
     [[nodiscard]] const PanelSpec& spec() const noexcept { return spec_; }
-    [[nodiscard]] bool collapsed() const noexcept { return collapsed_; }
+    [[nodiscard]] bool collapsed() const noexcept { return uiState_.collapsed.get(); }
 
     void orderFrontRegardless();
 
@@ -50,7 +50,6 @@ private:
     void pressTile(std::uint32_t id) override;
     void showTileMenu(std::uint32_t id) override;
 
-    void setCollapsed(bool collapsed);
     /// Where the window belongs in the current state.
     [[nodiscard]] Rect windowFrame() const;
     void placeWindow(bool animate);
@@ -71,7 +70,6 @@ private:
 
     PanelSpec spec_;
     bool autoHide_;
-    bool collapsed_ = false;
     RunLoop& runLoop_;
     const MotionSettings& motionSettings_;
     Timer collapseTimer_;
