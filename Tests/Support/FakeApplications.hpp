@@ -39,9 +39,10 @@ public:
     /// The apps' actions, by the apps' paths.
     std::map<std::string, std::vector<Action>> offered;
     std::vector<AppRef> installed;
-    std::string appExtension = ApplicationCatalog::bundleExtension();
-    FileManager manager = ApplicationCatalog::fileManager();
-    std::vector<std::string> wellKnown = ApplicationCatalog::wellKnownBundleIDs();
+    std::string appExtension = "app";
+    FileManager manager{"com.apple.finder", "Finder"};
+    std::vector<std::string> wellKnown{"com.apple.finder", "com.apple.Safari", "com.google.Chrome",
+                                       "com.apple.mail", "com.apple.Notes"};
 };
 
 class FakeDockPreferences final : public DockPreferences {

@@ -45,18 +45,13 @@ public:
     [[nodiscard]] virtual std::string displayName(const FileURL& url) const = 0;
 
     /// The path extension of an application bundle, without the dot.
-    [[nodiscard]] virtual std::string bundleExtension() const { return "app"; }
+    [[nodiscard]] virtual std::string bundleExtension() const = 0;
 
-    [[nodiscard]] virtual FileManager fileManager() const { return {"com.apple.finder", "Finder"}; }
+    [[nodiscard]] virtual FileManager fileManager() const = 0;
 
     /// Well-known apps, the file manager first. The docks show those that are installed if there is
     /// nothing to mirror.
-    [[nodiscard]] virtual std::vector<std::string> wellKnownBundleIDs() const {
-        return {"com.apple.finder",      "com.apple.Safari",     "com.google.Chrome",
-                "com.apple.mail",        "com.microsoft.VSCode", "com.apple.dt.Xcode",
-                "net.whatsapp.WhatsApp", "com.spotify.client",   "com.apple.iCal",
-                "com.apple.Notes"};
-    }
+    [[nodiscard]] virtual std::vector<std::string> wellKnownBundleIDs() const = 0;
 };
 
 }

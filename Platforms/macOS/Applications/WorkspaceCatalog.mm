@@ -26,4 +26,11 @@ std::string WorkspaceCatalog::displayName(const FileURL& url) const {
     });
 }
 
+std::vector<std::string> WorkspaceCatalog::wellKnownBundleIDs() const {
+    return {"com.apple.finder",      "com.apple.Safari",     "com.google.Chrome",
+            "com.apple.mail",        "com.microsoft.VSCode", "com.apple.dt.Xcode",
+            "net.whatsapp.WhatsApp", "com.spotify.client",   "com.apple.iCal",
+            "com.apple.Notes"};
+}
+
 }

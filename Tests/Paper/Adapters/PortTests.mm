@@ -106,6 +106,16 @@ TEST_F(Ports, HearOfEveryChangeOfTheDisplays) {
     EXPECT_EQ(heard, 7);
 }
 
+TEST_F(Ports, KnowTenAppsForAMacWithNothingToMirror) {
+    const WorkspaceCatalog catalog;
+    EXPECT_EQ(catalog.wellKnownBundleIDs(),
+              (std::vector<std::string>{
+                  "com.apple.finder", "com.apple.Safari", "com.google.Chrome", "com.apple.mail",
+                  "com.microsoft.VSCode", "com.apple.dt.Xcode", "net.whatsapp.WhatsApp",
+                  "com.spotify.client", "com.apple.iCal", "com.apple.Notes"}));
+    EXPECT_EQ(catalog.fileManager().bundleID, catalog.wellKnownBundleIDs().front());
+}
+
 TEST_F(Ports, AnswerAsIsUsualWhereTheSystemRaises) {
     paper::plug({{.number = 1}});
     constexpr std::array selectors{"doubleClickInterval", "sharedWorkspace",    "screens",
