@@ -15,13 +15,12 @@
 namespace vireline::wayland {
 namespace {
 
-using Edge = EdgeProbe::Edge;
 using Requests = RequestLog::Requests;
 
 /// Events are dispatched by `sync` only.
 class EdgeProbeTest : public testing::Test {
 protected:
-    void open(Edge edge = Edge::bottom) {
+    void open(DockPosition edge = DockPosition::bottom) {
         display_ = compositor_.connect();
         connection_.emplace(display_.get());
         output_ = firstOutput(display_.get());
@@ -55,7 +54,8 @@ protected:
 
 TEST_F(EdgeProbeTest, IsOnePixelBeyondItsEdge) {
     for (const auto& [edge, anchor] :
-         {std::pair{Edge::bottom, 2}, std::pair{Edge::left, 4}, std::pair{Edge::right, 8}}) {
+         {std::pair{DockPosition::bottom, 2}, std::pair{DockPosition::left, 4},
+          std::pair{DockPosition::right, 8}}) {
         close();
         open(edge);
         opening_ = shell_.requests();
@@ -174,7 +174,7 @@ TEST(EdgeProbe, FindsNothingWithoutTheLayerShell) {
     const WaylandConnection connection{display.get()};
     const auto output = firstOutput(display.get());
 
-    const EdgeProbe probe{connection, output.get(), Edge::left, [] {}};
+    const EdgeProbe probe{connection, output.get(), DockPosition::left, [] {}};
     wl_display_roundtrip(display.get());
 
     EXPECT_FALSE(probe.isReserved());

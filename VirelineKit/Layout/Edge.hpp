@@ -6,7 +6,8 @@
 
 namespace vireline {
 
-/// The display edge that a view of this size sits on.
+/// The display edge that a view of this size sits on: the `DockEdge` of the view's coordinates,
+/// together with the size from which it measures.
 struct Edge {
     DockPosition position = DockPosition::bottom;
     Size view;

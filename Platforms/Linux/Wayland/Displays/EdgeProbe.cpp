@@ -3,18 +3,19 @@
 #include "Connection/LayerShell.hpp"
 #include "Connection/WaylandConnection.hpp"
 
+#include <cstdint>
 #include <utility>
 
 namespace vireline::wayland {
 namespace {
 
-std::uint32_t anchor(EdgeProbe::Edge edge) {
+std::uint32_t anchor(DockPosition edge) {
     switch (edge) {
-    case EdgeProbe::Edge::left:
+    case DockPosition::left:
         return ZWLR_LAYER_SURFACE_V1_ANCHOR_LEFT;
-    case EdgeProbe::Edge::right:
+    case DockPosition::right:
         return ZWLR_LAYER_SURFACE_V1_ANCHOR_RIGHT;
-    case EdgeProbe::Edge::bottom:
+    case DockPosition::bottom:
         break;
     }
     return ZWLR_LAYER_SURFACE_V1_ANCHOR_BOTTOM;
@@ -47,7 +48,7 @@ struct EdgeProbe::Events {
     static constexpr wl_surface_listener surface{.enter = enter, .leave = leave};
 };
 
-EdgeProbe::EdgeProbe(const WaylandConnection& connection, wl_output* output, Edge edge,
+EdgeProbe::EdgeProbe(const WaylandConnection& connection, wl_output* output, DockPosition edge,
                      std::function<void()> onChange)
     : output_(output)
     , onChange_(std::move(onChange))

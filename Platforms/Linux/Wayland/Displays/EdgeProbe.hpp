@@ -5,8 +5,8 @@
 #include "Connection/Proxies.hpp"
 #include "Connection/SharedImage.hpp"
 #include "Foundation/NonCopyable.hpp"
+#include "Settings/Settings.hpp"
 
-#include <cstdint>
 #include <functional>
 #include <memory>
 
@@ -18,10 +18,8 @@ class WaylandConnection;
 
 class EdgeProbe : private NonCopyable {
 public:
-    enum class Edge : std::uint8_t { bottom, left, right };
-
     /// `onChange` is called when the answer of `isReserved` changes.
-    EdgeProbe(const WaylandConnection& connection, wl_output* output, Edge edge,
+    EdgeProbe(const WaylandConnection& connection, wl_output* output, DockPosition edge,
               std::function<void()> onChange);
     ~EdgeProbe();
 

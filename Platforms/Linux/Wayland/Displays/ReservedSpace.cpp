@@ -59,13 +59,13 @@ void ReservedSpace::measured(QSize free) {
     if (free == free_)
         return;
     free_ = free;
-    const auto probe = [this](EdgeProbe::Edge edge) {
+    const auto probe = [this](DockPosition edge) {
         return std::make_unique<EdgeProbe>(connection_, output_, edge, [this] { onChange(); });
     };
     if (!bottom_) {
-        bottom_ = probe(EdgeProbe::Edge::bottom);
-        left_ = probe(EdgeProbe::Edge::left);
-        right_ = probe(EdgeProbe::Edge::right);
+        bottom_ = probe(DockPosition::bottom);
+        left_ = probe(DockPosition::left);
+        right_ = probe(DockPosition::right);
     }
     onChange();
 }
