@@ -1,4 +1,5 @@
-/// Finds the displays that a full-screen window covers.
+/// Finds the displays that a full-screen window covers. Kept for a later version; nothing asks it
+/// yet.
 #pragma once
 
 #include "Layout/ScreenSnapshot.hpp"

@@ -57,7 +57,7 @@ struct Request {
     DockPosition position = DockPosition::bottom;
     /// The factor under the pointer; 1 means off.
     double magnification = 1;
-    /// Displays that get no panel.
+    /// Displays that get no panel. Kept for a later version; nothing sets it yet.
     std::set<std::uint32_t> hiddenDisplays;
 };
 

@@ -18,10 +18,11 @@ class Screens;
 struct ScreenSnapshot {
     /// The display ID, by which panels, clicks and guard zones refer to displays.
     std::uint32_t id = 0;
+    /// Kept for a later version; nothing consults it yet.
     std::uint32_t unitNumber = 0;
     Rect frame;
     Rect visibleFrame;
-    /// Pixels per point.
+    /// Pixels per point. Kept for a later version; nothing consults it yet.
     double backingScaleFactor = 1;
 
     /// nullopt for a screen without a display ID.

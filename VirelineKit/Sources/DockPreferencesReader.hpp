@@ -34,7 +34,8 @@ namespace DockPreferencesReader {
 [[nodiscard]] Result<std::optional<PropertyList>> tileList(std::span<const std::byte> data,
                                                            const PropertyListDecoder& decoder);
 
-/// The tiles in a preferences file. Fails only if the bytes are not a property list.
+/// The tiles in a preferences file. Fails only if the bytes are not a property list. Kept for a
+/// later version; nothing calls it yet.
 [[nodiscard]] Result<std::vector<ParsedDockEntry>> parse(std::span<const std::byte> data,
                                                          const PropertyListDecoder& decoder);
 
