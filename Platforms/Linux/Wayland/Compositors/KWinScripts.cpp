@@ -1,8 +1,9 @@
 #include "Compositors/KWinScripts.hpp"
 
+#include "Compositors/CommandNumber.hpp"
+
 #include <algorithm>
 #include <cctype>
-#include <cmath>
 #include <string_view>
 
 namespace vireline::wayland::KWinScripts {
@@ -36,10 +37,6 @@ function displayAt(x, y) {
 )";
 
 constexpr std::string_view end = "});\n";
-
-std::string number(double value) {
-    return std::to_string(std::lround(value));
-}
 
 /// Only the characters of a UUID are kept, because the ID becomes part of a script.
 std::string onWindow(const KWinWindow& window, const std::string& statements) {

@@ -1,16 +1,12 @@
 #include "Compositors/SwayCommands.hpp"
 
-#include <cmath>
+#include "Compositors/CommandNumber.hpp"
 
 namespace vireline::wayland::SwayCommands {
 namespace {
 
 std::string criteria(std::int64_t window) {
     return "[con_id=" + std::to_string(window) + "] ";
-}
-
-std::string number(double value) {
-    return std::to_string(std::lround(value));
 }
 
 /// sway keeps backslashes in a quoted name, so a quote inside of one cannot be escaped.
