@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -13,6 +14,23 @@ namespace vireline::xdg {
 namespace {
 
 namespace fs = std::filesystem;
+
+/// A valid cache of GTK's, in big-endian words.
+std::string cacheWithoutIcons() {
+    constexpr std::uint32_t version = 1U << 16U;
+    constexpr std::uint32_t hashTable = 3 * 4;
+    constexpr std::uint32_t folderList = hashTable + 2 * 4;
+    constexpr std::uint32_t buckets = 1;
+    constexpr std::uint32_t emptyBucket = 0xffffffff;
+    constexpr std::uint32_t folders = 0;
+    std::string bytes;
+    for (const std::uint32_t word :
+         {version, hashTable, folderList, buckets, emptyBucket, folders}) {
+        for (const unsigned shift : {24U, 16U, 8U, 0U})
+            bytes += static_cast<char>(word >> shift & 0xffU);
+    }
+    return bytes;
+}
 
 TEST(IniText, ReadsGroupsKeysAndLists) {
     const IniText text{"# comment\nstray=1\n[A]\n key = a value \nkey=second\nlist=a,, b ;c\n"
@@ -152,9 +170,8 @@ TEST_F(IconThemeTest, KnowsNoNamesThatLeadElsewhere) {
 TEST_F(IconThemeTest, LooksIntoTheFoldersWhenACacheDoesNotKnow) {
     addTheme("A");
     write("icons/A/48x48/apps/x.png");
-    // A valid cache without any icons, newer than the folder.
-    write("icons/A/icon-theme.cache",
-          std::string("\0\1\0\0\0\0\0\x0c\0\0\0\x14\0\0\0\1\xff\xff\xff\xff\0\0\0\0", 24));
+    // Newer than the folder.
+    write("icons/A/icon-theme.cache", cacheWithoutIcons());
     EXPECT_EQ(find("A", "x"), "icons/A/48x48/apps/x.png");
 }
 
