@@ -48,18 +48,15 @@ bool isStartable(const DesktopEntry& entry) {
 
 /// GIO's notification that an applications folder changed. GIO sends it only once after each query
 /// about an application, so it has to be re-armed.
-class DesktopEntryCatalog::FolderWatch {
+class DesktopEntryCatalog::FolderWatch : private NonCopyable {
 public:
     explicit FolderWatch(DesktopEntryCatalog& catalog)
         : monitor_(g_app_info_monitor_get())
         , handler_(g_signal_connect(monitor_.get(), "changed", G_CALLBACK(changed), &catalog)) {}
-    FolderWatch(const FolderWatch&) = delete;
-    FolderWatch& operator=(const FolderWatch&) = delete;
-    FolderWatch(FolderWatch&&) = delete;
-    FolderWatch& operator=(FolderWatch&&) = delete;
     ~FolderWatch() { g_signal_handler_disconnect(monitor_.get(), handler_); }
 
-    /// Re-arms the notification by querying an app that does not exist.
+    /// Re-arms the notification: any query does, and for an app that does not exist it reads no
+    /// entry.
     static void arm() {
         const GObjectHandle<GDesktopAppInfo> none{g_desktop_app_info_new("none.desktop")};
     }
