@@ -31,19 +31,15 @@
 }
 
 - (void)applicationDidFinishLaunching:(NSNotification*)notification {
-    static_cast<void>(notification);
     _onFinishedLaunching();
 }
 
 /// There is no state to restore, but without this method the system logs a warning at each start.
 - (BOOL)applicationSupportsSecureRestorableState:(NSApplication*)application {
-    static_cast<void>(application);
     return YES;
 }
 
 - (BOOL)applicationShouldHandleReopen:(NSApplication*)sender hasVisibleWindows:(BOOL)hasWindows {
-    static_cast<void>(sender);
-    static_cast<void>(hasWindows);
     _onReopened();
     return NO;
 }

@@ -14,7 +14,6 @@
 }
 
 - (void)act:(id)sender {
-    static_cast<void>(sender);
     // Copied, since the action may destroy this object.
     const auto onAction = _onAction;
     onAction();

@@ -26,7 +26,6 @@
 }
 
 - (void)choose:(NSMenuItem*)item {
-    static_cast<void>(item);
     // Copied, since the callback may destroy this object.
     const auto onChoose = _onChoose;
     onChoose();

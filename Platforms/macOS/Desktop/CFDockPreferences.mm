@@ -28,7 +28,6 @@
 }
 
 - (void)notificationPosted:(NSNotification*)notification {
-    static_cast<void>(notification);
     // Copied, since the handler may destroy this object.
     const auto handler = _handler;
     handler();

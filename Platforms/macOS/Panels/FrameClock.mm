@@ -25,7 +25,6 @@
 }
 
 - (void)tick:(id)sender {
-    static_cast<void>(sender);
     // Copied, since the tick may destroy this object.
     const auto onTick = _onTick;
     onTick();
@@ -46,10 +45,6 @@ public:
         link_.paused = YES;
         [link_ addToRunLoop:NSRunLoop.mainRunLoop forMode:NSRunLoopCommonModes];
     }
-    DisplayLinkTicks(const DisplayLinkTicks&) = delete;
-    DisplayLinkTicks& operator=(const DisplayLinkTicks&) = delete;
-    DisplayLinkTicks(DisplayLinkTicks&&) = delete;
-    DisplayLinkTicks& operator=(DisplayLinkTicks&&) = delete;
     ~DisplayLinkTicks() override {
         attempt("invalidate", [this] { [link_ invalidate]; });
     }

@@ -58,7 +58,6 @@ static_assert(onEveryDesktop == 273);
 
 /// AppKit must not move the dock.
 - (NSRect)constrainFrameRect:(NSRect)frameRect toScreen:(NSScreen*)screen {
-    static_cast<void>(screen);
     return frameRect;
 }
 
@@ -84,7 +83,6 @@ static_assert(onEveryDesktop == 273);
 }
 
 - (void)mouseExited:(NSEvent*)event {
-    static_cast<void>(event);
     attempt("mouseExited", [&] {
         if (const auto input = _input.lock())
             input->pointerLeft((NSEvent.pressedMouseButtons & 1) != 0);

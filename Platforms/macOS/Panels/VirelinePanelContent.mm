@@ -75,7 +75,6 @@ NSDragOperation operation(BOOL canDrop, id<NSDraggingInfo> drag) {
 
 /// The first click works even while another program is active.
 - (BOOL)acceptsFirstMouse:(NSEvent*)event {
-    static_cast<void>(event);
     return YES;
 }
 
@@ -149,7 +148,6 @@ NSDragOperation operation(BOOL canDrop, id<NSDraggingInfo> drag) {
 }
 
 - (void)draggingExited:(id<NSDraggingInfo>)sender {
-    static_cast<void>(sender);
     if (const auto input = _input.lock())
         input->dragEnded();
 }

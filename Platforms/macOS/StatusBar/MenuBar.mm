@@ -28,7 +28,6 @@
 }
 
 - (void)menuNeedsUpdate:(NSMenu*)menu {
-    static_cast<void>(menu);
     _onOpening();
 }
 
