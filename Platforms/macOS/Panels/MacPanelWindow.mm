@@ -6,6 +6,7 @@
 #include "Displays/MacScreens.hpp"
 #include "Panels/CancelWatch.hpp"
 #include "Panels/VirelinePanelContent.hpp"
+#include "Platform/PanelTitles.hpp"
 
 #import <dispatch/dispatch.h>
 
@@ -39,12 +40,11 @@ VirelineDockView* attemptToFill(VirelinePanel* panel, const std::shared_ptr<Pane
 /// The panel has no title bar, so only lists of windows show its title. Assistive technology gets
 /// the name of the display, which is more useful than its number.
 void name(VirelinePanel* panel, std::uint32_t displayID) {
-    attempt("setTitle",
-            [&] { panel.title = toNSString("Vireline dock #" + std::to_string(displayID)); });
+    attempt("setTitle", [&] { panel.title = toNSString(panelTitle(displayID)); });
     const auto display = displayName(displayID);
     if (display)
         attempt("setAccessibilityTitle",
-                [&] { panel.accessibilityTitle = toNSString("Vireline dock on " + *display); });
+                [&] { panel.accessibilityTitle = toNSString(accessiblePanelTitle(*display)); });
 }
 
 }

@@ -2,6 +2,7 @@
 
 #include "Displays/WaylandScreens.hpp"
 #include "Panels/DockContext.hpp"
+#include "Platform/PanelTitles.hpp"
 #include "Toolkit/Appearance.hpp"
 
 #include <QScreen>
@@ -30,9 +31,9 @@ LayerPanelWindow::LayerPanelWindow(DockContext& context, std::uint32_t displayID
     , frame_(onDisplay(frame))
     , hostedFrame_{0, 0, frame.width, frame.height}
     , accessible_(std::make_unique<xdg::AccessibleDock>(
-          xdg::DockAccess{*this, listener, "Vireline dock on " + context.screens.nameOf(displayID),
+          xdg::DockAccess{*this, listener, accessiblePanelTitle(context.screens.nameOf(displayID)),
                           [this](const Rect& view) { return placeOnScreen(view); }})) {
-    setTitle(QStringLiteral("Vireline dock #%1").arg(displayID));
+    setTitle(QString::fromStdString(panelTitle(displayID)));
     tracker_.setViewArea(overhang_.around(hostedFrame_.size()));
     hiddenFrames_.setSingleShot(true);
     hiddenFrames_.setInterval(hiddenFrameInterval);

@@ -1,6 +1,7 @@
 #include "Panels/DockHints.hpp"
 
 #include "Connection/X11Connection.hpp"
+#include "Platform/PanelTitles.hpp"
 
 #include <array>
 #include <span>
@@ -51,7 +52,7 @@ void apply(const X11Connection& connection, xcb_window_t window, std::uint32_t d
     xcb_change_property(connection.get(), XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_CLASS,
                         XCB_ATOM_STRING, 8, static_cast<std::uint32_t>(windowClass.size()),
                         windowClass.data());
-    const std::string title = "Vireline dock #" + std::to_string(displayID);
+    const std::string title = panelTitle(displayID);
     connection.setText(window, "_NET_WM_NAME", title);
     xcb_change_property(connection.get(), XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_NAME,
                         XCB_ATOM_STRING, 8, static_cast<std::uint32_t>(title.size()), title.data());
