@@ -3,6 +3,7 @@
 /// the Wayland session.
 #pragma once
 
+#include "Foundation/NonCopyable.hpp"
 #include "VirtualDesktop/ChildProcess.hpp"
 #include "VirtualDesktop/Colour.hpp"
 #include "VirtualDesktop/DockWindows.hpp"
@@ -19,12 +20,8 @@
 
 namespace vireline::desktop {
 
-class CompositorSession {
+class CompositorSession : private NonCopyable {
 public:
-    CompositorSession(const CompositorSession&) = delete;
-    CompositorSession& operator=(const CompositorSession&) = delete;
-    CompositorSession(CompositorSession&&) = delete;
-    CompositorSession& operator=(CompositorSession&&) = delete;
     virtual ~CompositorSession() = default;
 
     /// What programs need to find it.

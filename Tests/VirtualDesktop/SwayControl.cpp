@@ -1,5 +1,7 @@
 #include "VirtualDesktop/SwayControl.hpp"
 
+#include "Foundation/NonCopyable.hpp"
+
 #include <nlohmann/json.hpp>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -27,7 +29,7 @@ struct Header {
     static constexpr std::size_t size = 14;
 };
 
-class Connection {
+class Connection : private NonCopyable {
 public:
     explicit Connection(const std::string& path)
         : socket_(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
@@ -38,8 +40,6 @@ public:
         isOpen_ =
             connect(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
     }
-    Connection(const Connection&) = delete;
-    Connection& operator=(const Connection&) = delete;
     ~Connection() { close(socket_); }
 
     [[nodiscard]] bool write(std::string_view bytes) const {
