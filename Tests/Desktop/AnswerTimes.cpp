@@ -44,12 +44,10 @@ AnswerTimes::Milliseconds AnswerTimes::ask() {
     ping.data.data32[0] = client_.atom("_NET_WM_PING");
     ping.data.data32[1] = ++question_;
     ping.data.data32[2] = window_;
-    std::array<char, sizeof ping> bytes{};
-    std::memcpy(bytes.data(), &ping, sizeof ping);
 
     const UndisturbedTime time{{processes_.begin(), processes_.end()}};
     const auto deadline = Clock::now() + conditionTimeout;
-    xcb_send_event(client_.get(), 0, window_, XCB_EVENT_MASK_NO_EVENT, bytes.data());
+    sendEvent(client_.get(), window_, XCB_EVENT_MASK_NO_EVENT, ping);
     xcb_flush(client_.get());
     while (!isAnswered()) {
         if (Clock::now() > deadline)
@@ -63,9 +61,9 @@ AnswerTimes::Milliseconds AnswerTimes::ask() {
 
 bool AnswerTimes::isAnswered() {
     while (const auto event = client_.pollEvent()) {
-        if ((event->response_type & 0x7f) != XCB_CLIENT_MESSAGE)
+        if (eventType(*event) != XCB_CLIENT_MESSAGE)
             continue;
-        const auto& message = reinterpret_cast<const xcb_client_message_event_t&>(*event);
+        const auto& message = as<xcb_client_message_event_t>(*event);
         if (message.window == client_.root() && message.data.data32[1] == question_)
             return true;
     }

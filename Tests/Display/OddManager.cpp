@@ -47,13 +47,13 @@ void OddManager::run() {
 }
 
 void OddManager::handle(const xcb_generic_event_t& event) {
-    switch (event.response_type & 0x7f) {
+    switch (x11::eventType(event)) {
     case XCB_MAP_REQUEST:
-        return show(reinterpret_cast<const xcb_map_request_event_t&>(event).window);
+        return show(x11::as<xcb_map_request_event_t>(event).window);
     case XCB_CONFIGURE_REQUEST:
-        return configure(reinterpret_cast<const xcb_configure_request_event_t&>(event));
+        return configure(x11::as<xcb_configure_request_event_t>(event));
     case XCB_CONFIGURE_NOTIFY:
-        return stacked(reinterpret_cast<const xcb_configure_notify_event_t&>(event));
+        return stacked(x11::as<xcb_configure_notify_event_t>(event));
     default:
         break;
     }

@@ -90,7 +90,7 @@ protected:
         const auto* shape = xcb_get_extension_data(client().get(), &xcb_shape_id);
         std::vector<PixelRect> extents;
         while (const auto event = client().pollEvent()) {
-            const auto& notify = reinterpret_cast<const xcb_shape_notify_event_t&>(*event);
+            const auto& notify = x11::as<xcb_shape_notify_event_t>(*event);
             if (x11::eventType(*event) == shape->first_event && notify.affected_window == window_ &&
                 notify.shape_kind == XCB_SHAPE_SK_INPUT)
                 extents.push_back({notify.extents_x, notify.extents_y, notify.extents_width,

@@ -139,7 +139,7 @@ void WindowTest::settle() {
     const auto hearing = connection.observe([&](const xcb_generic_event_t& event) {
         if (x11::eventType(event) != XCB_PROPERTY_NOTIFY)
             return;
-        const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+        const auto& change = x11::as<xcb_property_notify_event_t>(event);
         isHeard = isHeard || change.atom == connection.atom(mark);
     });
     client().setItems(client().root(), mark, XCB_ATOM_CARDINAL, {1});

@@ -33,15 +33,14 @@ void DockWatch::waitForEvents() {
 
 void DockWatch::handle(const xcb_generic_event_t& event) {
     if (event.response_type == XCB_CREATE_NOTIFY) {
-        const auto& created = reinterpret_cast<const xcb_create_notify_event_t&>(event);
+        const auto& created = as<xcb_create_notify_event_t>(event);
         // After the window manager has reparented it, the root window reports no more about it.
         listen(created.window, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
         xcb_flush(client_.get());
     } else if (event.response_type == XCB_MAP_NOTIFY) {
-        note(reinterpret_cast<const xcb_map_notify_event_t&>(event).window, Clock::now());
+        note(as<xcb_map_notify_event_t>(event).window, Clock::now());
     } else if (event.response_type == XCB_PROPERTY_NOTIFY &&
-               reinterpret_cast<const xcb_property_notify_event_t&>(event).atom ==
-                   client_.atom("_NET_CLIENT_LIST")) {
+               as<xcb_property_notify_event_t>(event).atom == client_.atom("_NET_CLIENT_LIST")) {
         // Windows that appeared before their events could be selected.
         const auto now = Clock::now();
         for (const xcb_window_t window : client_.managedWindows()) {

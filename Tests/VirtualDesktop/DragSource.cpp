@@ -1,8 +1,6 @@
 #include "VirtualDesktop/DragSource.hpp"
 
 #include <algorithm>
-#include <array>
-#include <cstring>
 #include <utility>
 
 namespace vireline::desktop {
@@ -48,16 +46,8 @@ void DragSource::drop() {
     send("XdndDrop", {window_, 0, XCB_CURRENT_TIME});
 }
 
-void DragSource::send(std::string_view type, std::vector<std::uint32_t> data) const {
-    xcb_client_message_event_t event{};
-    event.response_type = XCB_CLIENT_MESSAGE;
-    event.format = 32;
-    event.window = target_;
-    event.type = client_.atom(type);
-    std::ranges::copy(data, std::begin(event.data.data32));
-    std::array<char, sizeof event> bytes{};
-    std::memcpy(bytes.data(), &event, sizeof event);
-    xcb_send_event(client_.get(), 0, target_, XCB_EVENT_MASK_NO_EVENT, bytes.data());
+void DragSource::send(std::string_view type, const std::vector<std::uint32_t>& data) const {
+    client_.send(target_, type, data);
     client_.sync();
 }
 
@@ -65,15 +55,15 @@ bool DragSource::work() {
     bool hasWorked = false;
     while (const auto event = client_.pollEvent()) {
         hasWorked = true;
-        switch (event->response_type & 0x7f) {
+        switch (eventType(*event)) {
         case XCB_SELECTION_REQUEST:
-            serve(reinterpret_cast<const xcb_selection_request_event_t&>(*event));
+            serve(as<xcb_selection_request_event_t>(*event));
             break;
         case XCB_CLIENT_MESSAGE:
-            hear(reinterpret_cast<const xcb_client_message_event_t&>(*event));
+            hear(as<xcb_client_message_event_t>(*event));
             break;
         case XCB_PROPERTY_NOTIFY: {
-            const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(*event);
+            const auto& change = as<xcb_property_notify_event_t>(*event);
             if (pieces_ && change.window == pieces_->requestor &&
                 change.atom == pieces_->property && change.state == XCB_PROPERTY_DELETE)
                 sendPiece();
@@ -125,9 +115,7 @@ void DragSource::serve(const xcb_selection_request_event_t& request) {
         break;
     }
     }
-    std::array<char, 32> bytes{};
-    std::memcpy(bytes.data(), &answered, sizeof answered);
-    xcb_send_event(client_.get(), 0, request.requestor, XCB_EVENT_MASK_NO_EVENT, bytes.data());
+    sendEvent(client_.get(), request.requestor, XCB_EVENT_MASK_NO_EVENT, answered);
     client_.sync();
 }
 

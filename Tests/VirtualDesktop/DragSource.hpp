@@ -66,7 +66,7 @@ private:
         bool isOver = false;
     };
 
-    void send(std::string_view type, std::vector<std::uint32_t> data) const;
+    void send(std::string_view type, const std::vector<std::uint32_t>& data) const;
     void serve(const xcb_selection_request_event_t& request);
     void sendPiece();
     void hear(const xcb_client_message_event_t& message);

@@ -140,14 +140,7 @@ void SwaySession::place(Output& output, const Monitor& monitor) const {
 }
 
 void SwaySession::close(const Output& output) const {
-    xcb_client_message_event_t message{};
-    message.response_type = XCB_CLIENT_MESSAGE;
-    message.format = 32;
-    message.window = output.window;
-    message.type = client().atom("WM_PROTOCOLS");
-    message.data.data32[0] = client().atom("WM_DELETE_WINDOW");
-    xcb_send_event(client().get(), 0, output.window, XCB_EVENT_MASK_NO_EVENT,
-                   reinterpret_cast<const char*>(&message));
+    client().send(output.window, "WM_PROTOCOLS", {client().atom("WM_DELETE_WINDOW")});
     client().sync();
     demand(eventually([&] { return !client().frame(output.window).has_value(); }),
            "sway does not remove an output");

@@ -28,12 +28,6 @@ XServer::Options serverOptions(const VirtualDesktop::Options& options, const Hom
     return server;
 }
 
-xcb_window_t selectionOwner(const XClient& client, std::string_view selection) {
-    const Owned<xcb_get_selection_owner_reply_t> reply{xcb_get_selection_owner_reply(
-        client.get(), xcb_get_selection_owner(client.get(), client.atom(selection)), nullptr)};
-    return reply ? reply->owner : XCB_NONE;
-}
-
 void require(bool came, const char* what) {
     if (!came)
         throw std::runtime_error{std::string{what} + " does not start"};
@@ -237,7 +231,7 @@ void VirtualDesktop::startCompositor() {
 }
 
 void VirtualDesktop::requireCompositor() const {
-    require(eventually([&] { return selectionOwner(*client_, "_NET_WM_CM_S0") != XCB_NONE; }),
+    require(eventually([&] { return client_->selectionOwner("_NET_WM_CM_S0") != XCB_NONE; }),
             "the compositor");
 }
 

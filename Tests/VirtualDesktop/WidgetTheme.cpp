@@ -63,15 +63,8 @@ void announceNoAnimations(const XClient& client) {
 
 xcb_window_t announceIconTheme(const XClient& client, std::string_view name) {
     const xcb_window_t daemon = start(client, settings("Net/IconThemeName", name));
-    xcb_client_message_event_t event{};
-    event.response_type = XCB_CLIENT_MESSAGE;
-    event.format = 32;
-    event.window = client.root();
-    event.type = client.atom("MANAGER");
-    event.data.data32[1] = client.atom(selection);
-    event.data.data32[2] = daemon;
-    xcb_send_event(client.get(), 0, client.root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY,
-                   reinterpret_cast<const char*>(&event));
+    client.sendTo(client.root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY, client.root(), "MANAGER",
+                  {0, client.atom(selection), daemon});
     client.sync();
     return daemon;
 }

@@ -118,8 +118,23 @@ void XClient::setText(xcb_window_t window, std::string_view name, std::string_vi
     xcb_flush(get());
 }
 
+xcb_window_t XClient::selectionOwner(std::string_view selection) const {
+    return x11::selectionOwner(get(), atom(selection));
+}
+
+void XClient::send(xcb_window_t window, std::string_view message,
+                   const std::vector<std::uint32_t>& data) const {
+    sendTo(window, XCB_EVENT_MASK_NO_EVENT, window, message, data);
+}
+
 void XClient::sendToRoot(xcb_window_t window, std::string_view message,
                          const std::vector<std::uint32_t>& data) const {
+    sendTo(root(), XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+           window, message, data);
+}
+
+void XClient::sendTo(xcb_window_t destination, std::uint32_t mask, xcb_window_t window,
+                     std::string_view message, const std::vector<std::uint32_t>& data) const {
     xcb_client_message_event_t event{};
     event.response_type = XCB_CLIENT_MESSAGE;
     event.format = 32;
@@ -127,11 +142,7 @@ void XClient::sendToRoot(xcb_window_t window, std::string_view message,
     event.type = atom(message);
     constexpr std::size_t longestMessage = 5;
     std::copy_n(data.begin(), std::min(data.size(), longestMessage), std::begin(event.data.data32));
-    std::array<char, sizeof event> bytes{};
-    std::memcpy(bytes.data(), &event, sizeof event);
-    xcb_send_event(get(), 0, root(),
-                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
-                   bytes.data());
+    sendEvent(get(), destination, mask, event);
     xcb_flush(get());
 }
 

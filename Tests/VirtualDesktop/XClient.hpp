@@ -2,15 +2,14 @@
 /// windows of its own. Queries about destroyed windows have no result.
 #pragma once
 
+#include "Connection/XcbHandles.hpp"
 #include "VirtualDesktop/PixelGeometry.hpp"
 
 #include <xcb/xcb.h>
 
 #include <cstdint>
-#include <cstdlib>
 #include <initializer_list>
 #include <map>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,15 +17,10 @@
 
 namespace vireline::desktop {
 
-struct Freed {
-    void operator()(void* memory) const noexcept {
-        std::free(memory); // NOLINT(cppcoreguidelines-owning-memory): xcb returns malloc'ed memory
-    }
-};
-
-/// Owns a reply or an event of xcb.
-template <class T>
-using Owned = std::unique_ptr<T, Freed>;
+using x11::as;
+using x11::eventType;
+using x11::Owned;
+using x11::sendEvent;
 
 class XClient {
 public:
@@ -58,6 +52,14 @@ public:
     void setText(xcb_window_t window, std::string_view property, std::string_view type,
                  std::string_view value) const;
 
+    /// XCB_NONE if the selection has no owner.
+    [[nodiscard]] xcb_window_t selectionOwner(std::string_view selection) const;
+
+    /// Sends a client message about `window` to it, or to all that select `mask` on another one.
+    void send(xcb_window_t window, std::string_view message,
+              const std::vector<std::uint32_t>& data) const;
+    void sendTo(xcb_window_t destination, std::uint32_t mask, xcb_window_t window,
+                std::string_view message, const std::vector<std::uint32_t>& data) const;
     /// Sends a client message about `window` to the root window, as EWMH requires.
     void sendToRoot(xcb_window_t window, std::string_view message,
                     const std::vector<std::uint32_t>& data) const;
@@ -94,14 +96,10 @@ public:
     void sync() const;
 
 private:
-    struct Disconnected {
-        void operator()(xcb_connection_t* connection) const noexcept { xcb_disconnect(connection); }
-    };
-
     [[nodiscard]] Owned<xcb_get_property_reply_t> property(xcb_window_t window,
                                                            std::string_view name) const;
 
-    std::unique_ptr<xcb_connection_t, Disconnected> connection_;
+    x11::ConnectionHandle connection_;
     const xcb_screen_t* screen_ = nullptr;
     mutable std::map<std::string, xcb_atom_t, std::less<>> atoms_;
 };

@@ -84,15 +84,15 @@ private:
     }
 
     void handle(const xcb_generic_event_t& event) {
-        switch (event.response_type & 0x7f) {
+        switch (eventType(event)) {
         case XCB_BUTTON_PRESS:
-            source_.own(reinterpret_cast<const xcb_button_press_event_t&>(event).time);
+            source_.own(as<xcb_button_press_event_t>(event).time);
             isDragging_ = true;
             told_.reset();
             record("began");
             break;
         case XCB_MOTION_NOTIFY: {
-            const auto& motion = reinterpret_cast<const xcb_motion_notify_event_t&>(event);
+            const auto& motion = as<xcb_motion_notify_event_t>(event);
             pointer_ = PixelPoint{motion.root_x, motion.root_y};
             break;
         }

@@ -321,25 +321,21 @@ private:
             const auto length = std::min(piece, message.size() - start);
             std::copy_n(message.begin() + static_cast<std::ptrdiff_t>(start), length,
                         std::begin(event.data.data8));
-            std::array<char, sizeof event> bytes{};
-            std::memcpy(bytes.data(), &event, sizeof event);
-            xcb_send_event(client_.get(), 0, client_.root(), XCB_EVENT_MASK_PROPERTY_CHANGE,
-                           bytes.data());
+            sendEvent(client_.get(), client_.root(), XCB_EVENT_MASK_PROPERTY_CHANGE, event);
             event.type = client_.atom("_NET_STARTUP_INFO");
         }
     }
 
     void handle(const xcb_generic_event_t& event) {
-        constexpr unsigned sentFlag = 0x80;
-        switch (event.response_type & ~sentFlag) {
+        switch (eventType(event)) {
         case XCB_CLIENT_MESSAGE:
             if (!options_.ignoreClose)
-                close(reinterpret_cast<const xcb_client_message_event_t&>(event).window);
+                close(as<xcb_client_message_event_t>(event).window);
             else
                 record("asked to close");
             break;
         case XCB_BUTTON_PRESS: {
-            const auto& press = reinterpret_cast<const xcb_button_press_event_t&>(event);
+            const auto& press = as<xcb_button_press_event_t>(event);
             record("press " + std::to_string(press.root_x) + ' ' + std::to_string(press.root_y));
             break;
         }

@@ -3,8 +3,6 @@
 #include "Connection/X11Connection.hpp"
 
 #include <QTimer>
-#include <array>
-#include <cstring>
 #include <string>
 
 namespace vireline::x11 {
@@ -33,11 +31,8 @@ xcb_timestamp_t serverTime(const XServer& server, xcb_window_t window) {
                         8, 0, nullptr);
     xcb_flush(connection);
     while (const Owned<xcb_generic_event_t> event{xcb_wait_for_event(connection)}) {
-        if (eventType(*event) != XCB_PROPERTY_NOTIFY)
-            continue;
-        xcb_property_notify_event_t change{};
-        std::memcpy(&change, event.get(), sizeof change);
-        return change.time;
+        if (eventType(*event) == XCB_PROPERTY_NOTIFY)
+            return as<xcb_property_notify_event_t>(*event).time;
     }
     return XCB_CURRENT_TIME;
 }
@@ -56,14 +51,6 @@ xcb_window_t ownerOrTake(const XServer& server, xcb_atom_t selection, xcb_window
     return owner;
 }
 
-template <class Event>
-void send(const XServer& server, xcb_window_t destination, const Event& event) {
-    static_assert(sizeof event <= 32);
-    std::array<char, 32> bytes{};
-    std::memcpy(bytes.data(), &event, sizeof event);
-    xcb_send_event(server.connection(), 0, destination, XCB_EVENT_MASK_NO_EVENT, bytes.data());
-}
-
 /// Asks the current owner, and waits until the server has delivered the message.
 void sendClaim(const XServer& server, xcb_window_t owner, xcb_atom_t type) {
     xcb_client_message_event_t message{};
@@ -72,7 +59,7 @@ void sendClaim(const XServer& server, xcb_window_t owner, xcb_atom_t type) {
     message.window = owner;
     message.type = type;
     message.data.data32[0] = claimVersion;
-    send(server, owner, message);
+    sendEvent(server.connection(), owner, XCB_EVENT_MASK_NO_EVENT, message);
     const Owned<xcb_get_input_focus_reply_t> passed{xcb_get_input_focus_reply(
         server.connection(), xcb_get_input_focus(server.connection()), nullptr)};
 }
@@ -113,15 +100,10 @@ void SingleInstance::listen() {
 void SingleInstance::readEvents() {
     int claims = 0;
     while (const Owned<xcb_generic_event_t> event{xcb_poll_for_event(server_.connection())}) {
-        if (eventType(*event) == XCB_CLIENT_MESSAGE) {
-            xcb_client_message_event_t message{};
-            std::memcpy(&message, event.get(), sizeof message);
-            claims += isClaim(message) ? 1 : 0;
-        } else if (eventType(*event) == XCB_SELECTION_REQUEST) {
-            xcb_selection_request_event_t request{};
-            std::memcpy(&request, event.get(), sizeof request);
-            refuse(request);
-        }
+        if (eventType(*event) == XCB_CLIENT_MESSAGE)
+            claims += isClaim(as<xcb_client_message_event_t>(*event)) ? 1 : 0;
+        else if (eventType(*event) == XCB_SELECTION_REQUEST)
+            refuse(as<xcb_selection_request_event_t>(*event));
     }
     // A closed connection stays readable forever.
     if (xcb_connection_has_error(server_.connection()) != 0)
@@ -144,7 +126,7 @@ void SingleInstance::refuse(const xcb_selection_request_event_t& request) const 
     answer.selection = request.selection;
     answer.target = request.target;
     answer.property = XCB_NONE;
-    send(server_, request.requestor, answer);
+    sendEvent(server_.connection(), request.requestor, XCB_EVENT_MASK_NO_EVENT, answer);
     xcb_flush(server_.connection());
 }
 

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <utility>
 
 namespace vireline::x11 {
@@ -20,14 +19,6 @@ constexpr double handOverCheckSeconds = 0.25;
 
 /// A sanity limit: any program can write this property.
 constexpr std::size_t maximumWindows = 4096;
-
-template <class Event>
-Event as(const xcb_generic_event_t& event) {
-    static_assert(sizeof(Event) <= sizeof event);
-    Event result{};
-    std::memcpy(&result, &event, sizeof result);
-    return result;
-}
 
 /// Whether any of the windows exists and is mapped.
 bool isAnyMapped(xcb_connection_t* connection, std::span<const xcb_window_t> windows) {
@@ -62,7 +53,7 @@ ClientList::ClientList(X11Connection& connection, RunLoop& runLoop)
 void ClientList::handle(const xcb_generic_event_t& event) {
     switch (eventType(event)) {
     case XCB_PROPERTY_NOTIFY: {
-        const auto change = as<xcb_property_notify_event_t>(event);
+        const auto& change = as<xcb_property_notify_event_t>(event);
         if (change.window == connection_.root()) {
             const bool concernsList = change.atom == connection_.atom("_NET_CLIENT_LIST") ||
                                       change.atom == connection_.atom("_NET_ACTIVE_WINDOW") ||

@@ -3,8 +3,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
-#include <cstring>
 
 namespace vireline::x11 {
 namespace {
@@ -49,10 +47,7 @@ void StartupMessenger::broadcast(xdg::StartupMessage message) {
     event.type = connection_.atom(beginName);
     for (const auto& chunk : xdg::StartupMessages::chunks(xdg::StartupMessages::text(message))) {
         std::ranges::copy(chunk, event.data.data8);
-        std::array<char, 32> bytes{};
-        std::memcpy(bytes.data(), &event, sizeof event);
-        xcb_send_event(connection_.get(), 0, connection_.root(), XCB_EVENT_MASK_PROPERTY_CHANGE,
-                       bytes.data());
+        sendEvent(connection_.get(), connection_.root(), XCB_EVENT_MASK_PROPERTY_CHANGE, event);
         event.type = connection_.atom(continueName);
     }
     connection_.flush();
@@ -61,13 +56,12 @@ void StartupMessenger::broadcast(xdg::StartupMessage message) {
 void StartupMessenger::handle(const xcb_generic_event_t& event) {
     if (eventType(event) != XCB_CLIENT_MESSAGE)
         return;
-    xcb_client_message_event_t message{};
-    std::memcpy(&message, &event, sizeof message);
+    const auto& message = as<xcb_client_message_event_t>(event);
     const bool isFirst = message.type == connection_.atom(beginName);
     if (message.format != 8 || (!isFirst && message.type != connection_.atom(continueName)))
         return;
     xdg::StartupMessages::Chunk chunk{};
-    std::memcpy(chunk.data(), message.data.data8, chunk.size());
+    std::ranges::copy(message.data.data8, chunk.begin());
     const auto text = assembler_.take(message.window, isFirst, chunk);
     const auto parsed = text ? xdg::StartupMessages::parse(*text) : std::nullopt;
     if (parsed)

@@ -31,11 +31,11 @@ ManagerNotice::ManagerNotice(X11Connection& connection, const WindowReader& read
 void ManagerNotice::handle(const xcb_generic_event_t& event) {
     const auto kind = eventType(event);
     if (kind == XCB_DESTROY_NOTIFY) {
-        const auto& destroyed = reinterpret_cast<const xcb_destroy_notify_event_t&>(event);
+        const auto& destroyed = as<xcb_destroy_notify_event_t>(event);
         if (last_ && destroyed.window == last_->window)
             lookSoon();
     } else if (kind == XCB_PROPERTY_NOTIFY &&
-               concernsManager(reinterpret_cast<const xcb_property_notify_event_t&>(event))) {
+               concernsManager(as<xcb_property_notify_event_t>(event))) {
         // The new manager's window may have the same ID as its predecessor's.
         last_.reset();
         lookSoon();

@@ -107,16 +107,16 @@ void WindowKeeper::request(xcb_window_t window, const WindowSnapshot& now,
 void WindowKeeper::handle(const xcb_generic_event_t& event) {
     switch (eventType(event)) {
     case XCB_CONFIGURE_NOTIFY:
-        noteChange(reinterpret_cast<const xcb_configure_notify_event_t&>(event).window);
+        noteChange(as<xcb_configure_notify_event_t>(event).window);
         break;
     case XCB_PROPERTY_NOTIFY: {
-        const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+        const auto& change = as<xcb_property_notify_event_t>(event);
         if (reader_.concerns(change.atom))
             noteChange(change.window);
         break;
     }
     case XCB_DESTROY_NOTIFY:
-        kept_.erase(reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window);
+        kept_.erase(as<xcb_destroy_notify_event_t>(event).window);
         break;
     default:
         break;

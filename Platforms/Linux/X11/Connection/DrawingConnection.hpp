@@ -45,7 +45,7 @@ public:
 
 private:
     const X11Connection& qt_;
-    OwnConnection own_;
+    ConnectionHandle own_;
 };
 
 }

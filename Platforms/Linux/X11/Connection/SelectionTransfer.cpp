@@ -27,10 +27,10 @@ SelectionTransfer::SelectionTransfer(X11Connection& connection, const Request& r
 void SelectionTransfer::handle(const xcb_generic_event_t& event) {
     switch (eventType(event)) {
     case XCB_SELECTION_NOTIFY:
-        answered(reinterpret_cast<const xcb_selection_notify_event_t&>(event));
+        answered(as<xcb_selection_notify_event_t>(event));
         break;
     case XCB_PROPERTY_NOTIFY: {
-        const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+        const auto& change = as<xcb_property_notify_event_t>(event);
         if (comesInPieces_ && change.window == request_.requestor &&
             change.atom == request_.property && change.state == XCB_PROPERTY_NEW_VALUE)
             takePiece();

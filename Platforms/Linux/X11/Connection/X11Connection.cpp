@@ -7,7 +7,6 @@
 
 #include <QGuiApplication>
 #include <algorithm>
-#include <array>
 #include <cstring>
 
 namespace vireline::x11 {
@@ -51,11 +50,8 @@ std::uint8_t opcodeOf(xcb_connection_t* connection, std::string_view extension) 
 std::optional<xcb_timestamp_t> pressTime(const xcb_generic_event_t& event,
                                          std::uint8_t inputExtension) {
     const int type = eventType(event);
-    if (type == XCB_BUTTON_PRESS || type == XCB_KEY_PRESS) {
-        xcb_button_press_event_t press{};
-        std::memcpy(&press, &event, sizeof press);
-        return press.time;
-    }
+    if (type == XCB_BUTTON_PRESS || type == XCB_KEY_PRESS)
+        return as<xcb_button_press_event_t>(event).time;
     if (type != XCB_GE_GENERIC)
         return std::nullopt;
     // All device events have the same layout up to the time.
@@ -233,9 +229,7 @@ void X11Connection::send(xcb_window_t destination, std::uint32_t eventMask, xcb_
     event.window = window;
     event.type = atom(message);
     std::ranges::copy(data.first(std::min<std::size_t>(data.size(), 5)), event.data.data32);
-    std::array<char, 32> bytes{};
-    std::memcpy(bytes.data(), &event, sizeof event);
-    xcb_send_event(connection_, 0, destination, eventMask, bytes.data());
+    sendEvent(connection_, destination, eventMask, event);
 }
 
 void X11Connection::flush() const {

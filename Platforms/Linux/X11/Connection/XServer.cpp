@@ -16,7 +16,7 @@ PlatformError noServer(int code) {
 
 }
 
-XServer::XServer(OwnConnection connection, int screenNumber)
+XServer::XServer(ConnectionHandle connection, int screenNumber)
     : connection_(std::move(connection))
     , screenNumber_(screenNumber)
     , root_(rootOf(connection_.get(), screenNumber)) {}
@@ -24,7 +24,7 @@ XServer::XServer(OwnConnection connection, int screenNumber)
 Result<XServer> XServer::connect() {
     int screenNumber = 0;
     // xcb_connect returns an object even on failure, and it has to be freed.
-    OwnConnection connection{xcb_connect(nullptr, &screenNumber)};
+    ConnectionHandle connection{xcb_connect(nullptr, &screenNumber)};
     if (const int code = xcb_connection_has_error(connection.get()); code != 0)
         return std::unexpected{noServer(code)};
     return XServer{std::move(connection), screenNumber};

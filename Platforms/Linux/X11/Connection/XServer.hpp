@@ -22,9 +22,9 @@ public:
     [[nodiscard]] xcb_atom_t atom(const std::string& name) const;
 
 private:
-    XServer(OwnConnection connection, int screenNumber);
+    XServer(ConnectionHandle connection, int screenNumber);
 
-    OwnConnection connection_;
+    ConnectionHandle connection_;
     int screenNumber_;
     xcb_window_t root_;
 };

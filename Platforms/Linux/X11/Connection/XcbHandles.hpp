@@ -3,8 +3,11 @@
 
 #include <xcb/xcb.h>
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 
 namespace vireline::x11 {
@@ -14,7 +17,7 @@ struct Disconnect {
 };
 
 /// A connection of our own. Even one that failed is an object that must be given back.
-using OwnConnection = std::unique_ptr<xcb_connection_t, Disconnect>;
+using ConnectionHandle = std::unique_ptr<xcb_connection_t, Disconnect>;
 
 struct Freed {
     void operator()(void* memory) const noexcept {
@@ -30,6 +33,24 @@ using Owned = std::unique_ptr<T, Freed>;
 /// The event's type without the flag of events that another client has sent.
 [[nodiscard]] constexpr std::uint8_t eventType(const xcb_generic_event_t& event) noexcept {
     return event.response_type & 0x7fU;
+}
+
+/// The event as one of the kind that its type says it is.
+template <class Event>
+[[nodiscard]] const Event& as(const xcb_generic_event_t& event) noexcept {
+    static_assert(sizeof(Event) <= sizeof event);
+    return reinterpret_cast<const Event&>(event);
+}
+
+/// Sends an event, padded to the size that the protocol gives all events.
+template <class Event>
+void sendEvent(xcb_connection_t* connection, xcb_window_t destination, std::uint32_t mask,
+               const Event& event) {
+    constexpr std::size_t size = 32;
+    static_assert(sizeof event <= size);
+    std::array<char, size> bytes{};
+    std::memcpy(bytes.data(), &event, sizeof event);
+    xcb_send_event(connection, 0, destination, mask, bytes.data());
 }
 
 /// XCB_NONE if the selection has no owner, or the server is gone.

@@ -137,8 +137,7 @@ void RandrScreens::handle(const xcb_generic_event_t& event) {
 /// A change of user-defined monitors is only announced by a ConfigureNotify on the root window.
 bool RandrScreens::isScreenReconfigured(const xcb_generic_event_t& event) const {
     return eventType(event) == XCB_CONFIGURE_NOTIFY &&
-           reinterpret_cast<const xcb_configure_notify_event_t&>(event).window ==
-               connection_.root();
+           as<xcb_configure_notify_event_t>(event).window == connection_.root();
 }
 
 /// Deferred to the event loop's next turn, so that Qt has handled the events too and bursts are

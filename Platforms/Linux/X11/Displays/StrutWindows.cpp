@@ -194,7 +194,7 @@ bool StrutWindows::isRelevantMapChange(xcb_window_t reporter, xcb_window_t windo
 bool StrutWindows::concerns(const xcb_generic_event_t& event) const {
     switch (eventType(event)) {
     case XCB_PROPERTY_NOTIFY: {
-        const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+        const auto& change = as<xcb_property_notify_event_t>(event);
         if (change.window == connection_.root())
             return change.atom == connection_.atom("_NET_CLIENT_LIST");
         return watched_.contains(change.window) &&
@@ -202,15 +202,15 @@ bool StrutWindows::concerns(const xcb_generic_event_t& event) const {
                 change.atom == connection_.atom("_NET_WM_STRUT"));
     }
     case XCB_CONFIGURE_NOTIFY: {
-        const auto& change = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
+        const auto& change = as<xcb_configure_notify_event_t>(event);
         return watched_.contains(change.window);
     }
     case XCB_MAP_NOTIFY: {
-        const auto& change = reinterpret_cast<const xcb_map_notify_event_t&>(event);
+        const auto& change = as<xcb_map_notify_event_t>(event);
         return isRelevantMapChange(change.event, change.window);
     }
     case XCB_UNMAP_NOTIFY: {
-        const auto& change = reinterpret_cast<const xcb_unmap_notify_event_t&>(event);
+        const auto& change = as<xcb_unmap_notify_event_t>(event);
         return isRelevantMapChange(change.event, change.window);
     }
     default:

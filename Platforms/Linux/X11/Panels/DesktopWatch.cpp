@@ -59,7 +59,7 @@ void DesktopWatch::watchWindowManager() {
 void DesktopWatch::handle(const xcb_generic_event_t& event) {
     const auto kind = eventType(event);
     if (kind == XCB_PROPERTY_NOTIFY) {
-        const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+        const auto& change = as<xcb_property_notify_event_t>(event);
         if (change.window != connection_.root())
             return;
         if (change.atom == connection_.atom("_NET_SUPPORTED") ||
@@ -72,14 +72,14 @@ void DesktopWatch::handle(const xcb_generic_event_t& event) {
             windowManager_.notify();
         }
     } else if (kind == XCB_DESTROY_NOTIFY) {
-        const auto& end = reinterpret_cast<const xcb_destroy_notify_event_t&>(event);
+        const auto& end = as<xcb_destroy_notify_event_t>(event);
         if (managerMark_ != XCB_NONE && end.window == managerMark_) {
             managerMark_ = XCB_NONE;
             misplacesDocks_ = false;
             windowManager_.notify();
         }
     } else if (selectionEvent_ != 0 && kind == selectionEvent_) {
-        const auto& change = reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(event);
+        const auto& change = as<xcb_xfixes_selection_notify_event_t>(event);
         if (change.selection == connection_.atom(compositorSelection_))
             offer_.set(read());
     }

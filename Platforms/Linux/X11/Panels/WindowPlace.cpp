@@ -51,7 +51,7 @@ void WindowPlace::startOver() {
 bool WindowPlace::handle(const xcb_generic_event_t& event) {
     switch (eventType(event)) {
     case XCB_CONFIGURE_NOTIFY: {
-        const auto& change = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
+        const auto& change = as<xcb_configure_notify_event_t>(event);
         if (change.window != window_)
             return false;
         const PixelRect told{change.x, change.y, change.width, change.height};
@@ -60,7 +60,7 @@ bool WindowPlace::handle(const xcb_generic_event_t& event) {
         return true;
     }
     case XCB_REPARENT_NOTIFY:
-        if (reinterpret_cast<const xcb_reparent_notify_event_t&>(event).window != window_)
+        if (as<xcb_reparent_notify_event_t>(event).window != window_)
             return false;
         isAnswered_ = true;
         found(now());

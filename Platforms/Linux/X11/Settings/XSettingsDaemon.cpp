@@ -22,12 +22,11 @@ xdg::DesktopSettings XSettingsDaemon::read() const {
 void XSettingsDaemon::handle(const xcb_generic_event_t& event) {
     switch (eventType(event)) {
     case XCB_PROPERTY_NOTIFY:
-        if (window_ != XCB_NONE &&
-            reinterpret_cast<const xcb_property_notify_event_t&>(event).window == window_)
+        if (window_ != XCB_NONE && as<xcb_property_notify_event_t>(event).window == window_)
             changes_.notify();
         break;
     case XCB_CLIENT_MESSAGE: {
-        const auto& message = reinterpret_cast<const xcb_client_message_event_t&>(event);
+        const auto& message = as<xcb_client_message_event_t>(event);
         if (message.window == connection_.root() && message.format == 32 &&
             message.type == connection_.atom("MANAGER") &&
             message.data.data32[1] == connection_.atom(XSettings::selection(connection_))) {
@@ -37,7 +36,7 @@ void XSettingsDaemon::handle(const xcb_generic_event_t& event) {
         break;
     }
     case XCB_DESTROY_NOTIFY:
-        if (reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window == window_)
+        if (as<xcb_destroy_notify_event_t>(event).window == window_)
             window_ = XCB_NONE;
         break;
     default:

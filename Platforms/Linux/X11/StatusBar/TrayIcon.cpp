@@ -121,11 +121,11 @@ void TrayIcon::dock() {
 void TrayIcon::handle(const xcb_generic_event_t& event) {
     switch (eventType(event)) {
     case XCB_EXPOSE:
-        if (reinterpret_cast<const xcb_expose_event_t&>(event).window == window_)
+        if (as<xcb_expose_event_t>(event).window == window_)
             paint();
         break;
     case XCB_CONFIGURE_NOTIFY: {
-        const auto& configured = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
+        const auto& configured = as<xcb_configure_notify_event_t>(event);
         if (configured.window != window_)
             break;
         width_ = configured.width;
@@ -134,14 +134,14 @@ void TrayIcon::handle(const xcb_generic_event_t& event) {
         break;
     }
     case XCB_BUTTON_PRESS:
-        buttonPressed(reinterpret_cast<const xcb_button_press_event_t&>(event));
+        buttonPressed(as<xcb_button_press_event_t>(event));
         break;
     case XCB_BUTTON_RELEASE:
-        buttonReleased(reinterpret_cast<const xcb_button_release_event_t&>(event));
+        buttonReleased(as<xcb_button_release_event_t>(event));
         break;
     case XCB_DESTROY_NOTIFY:
         // A tray that exits may destroy its icons.
-        if (reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window == window_)
+        if (as<xcb_destroy_notify_event_t>(event).window == window_)
             window_ = XCB_NONE;
         break;
     default:

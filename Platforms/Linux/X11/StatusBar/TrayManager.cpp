@@ -23,12 +23,12 @@ std::unique_ptr<xdg::SystemTray::Icon> TrayManager::makeIcon(const std::string& 
 void TrayManager::handle(const xcb_generic_event_t& event) {
     const auto type = eventType(event);
     if (type == XCB_CLIENT_MESSAGE) {
-        const auto& message = reinterpret_cast<const xcb_client_message_event_t&>(event);
+        const auto& message = as<xcb_client_message_event_t>(event);
         if (message.type == connection_.atom("MANAGER") && message.format == 32 &&
             message.data.data32[1] == selection_)
             look();
     } else if (type == XCB_DESTROY_NOTIFY) {
-        const auto& gone = reinterpret_cast<const xcb_destroy_notify_event_t&>(event);
+        const auto& gone = as<xcb_destroy_notify_event_t>(event);
         if (gone.window == window_.get())
             look();
     }

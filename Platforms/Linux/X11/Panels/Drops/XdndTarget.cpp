@@ -89,7 +89,7 @@ void XdndTarget::enter(const xcb_client_message_event_t& message) {
         return;
     sourceEvents_ = connection_.observe([this, source](const xcb_generic_event_t& event) {
         if (eventType(event) == XCB_DESTROY_NOTIFY &&
-            reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window == source)
+            as<xcb_destroy_notify_event_t>(event).window == source)
             leave();
     });
     Drag drag{.source = source,

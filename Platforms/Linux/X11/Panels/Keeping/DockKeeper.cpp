@@ -75,9 +75,9 @@ void DockKeeper::handle(const xcb_generic_event_t& event) {
 bool DockKeeper::mayBeManaged(const xcb_generic_event_t& event) const {
     switch (eventType(event)) {
     case XCB_MAP_NOTIFY:
-        return reinterpret_cast<const xcb_map_notify_event_t&>(event).window == window_;
+        return as<xcb_map_notify_event_t>(event).window == window_;
     case XCB_REPARENT_NOTIFY:
-        return reinterpret_cast<const xcb_reparent_notify_event_t&>(event).window == window_;
+        return as<xcb_reparent_notify_event_t>(event).window == window_;
     default:
         return false;
     }
@@ -86,7 +86,7 @@ bool DockKeeper::mayBeManaged(const xcb_generic_event_t& event) const {
 bool DockKeeper::mayBeCovered(const xcb_generic_event_t& event) const {
     if (eventType(event) != XCB_PROPERTY_NOTIFY)
         return false;
-    const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+    const auto& change = as<xcb_property_notify_event_t>(event);
     return change.window == context_.connection.root() &&
            change.atom == context_.connection.atom("_NET_CLIENT_LIST_STACKING");
 }

@@ -50,17 +50,16 @@ bool StackKeeper::concerns(const xcb_generic_event_t& event) const {
     const xcb_window_t root = connection_.root();
     switch (eventType(event)) {
     case XCB_MAP_NOTIFY:
-        return reinterpret_cast<const xcb_map_notify_event_t&>(event).event == root;
+        return as<xcb_map_notify_event_t>(event).event == root;
     case XCB_UNMAP_NOTIFY:
-        return reinterpret_cast<const xcb_unmap_notify_event_t&>(event).event == root;
+        return as<xcb_unmap_notify_event_t>(event).event == root;
     case XCB_CONFIGURE_NOTIFY: {
-        const auto& change = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
+        const auto& change = as<xcb_configure_notify_event_t>(event);
         return change.event == root && change.window != window_ &&
                (change.override_redirect == 0 || std::ranges::count(frames_, change.window) > 0);
     }
     case XCB_PROPERTY_NOTIFY:
-        return reinterpret_cast<const xcb_property_notify_event_t&>(event).atom ==
-               connection_.atom("_NET_WM_STATE");
+        return as<xcb_property_notify_event_t>(event).atom == connection_.atom("_NET_WM_STATE");
     default:
         return false;
     }
