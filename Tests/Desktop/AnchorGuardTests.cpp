@@ -28,11 +28,10 @@ protected:
 
     [[nodiscard]] testing::AssertionResult restsAt(PixelPoint place) {
         // Polls without pausing, since each query waits for the server's reply anyway.
-        const auto deadline = std::chrono::steady_clock::now() + conditionTimeout;
-        while (std::chrono::steady_clock::now() < deadline) {
-            if (desktop().pointer().position() == place)
-                return testing::AssertionSuccess();
-        }
+        constexpr std::chrono::milliseconds interval{0};
+        if (eventually([&] { return desktop().pointer().position() == place; }, conditionTimeout,
+                       interval))
+            return testing::AssertionSuccess();
         return testing::AssertionFailure()
                << "the pointer is at " << desktop().pointer().position() << " and not at " << place;
     }

@@ -25,20 +25,6 @@ using Clock = std::chrono::steady_clock;
 constexpr int pinnedApps = 18;
 constexpr double smallestSize = 32;
 
-double millisecondsSince(Clock::time_point start) {
-    return std::chrono::duration<double, std::milli>{Clock::now() - start}.count();
-}
-
-/// Polls without pausing, because pauses would show in the figures.
-template <class Condition>
-double timeUntil(Clock::time_point start, const Condition& condition) {
-    while (!condition()) {
-        if (Clock::now() - start > conditionTimeout)
-            throw std::runtime_error{"timed out waiting for the measured event"};
-    }
-    return millisecondsSince(start);
-}
-
 void reportAll(const std::string& what, std::vector<double> times, const std::string& promise) {
     std::ranges::sort(times);
     report(what + ", median", times[times.size() / 2], "ms", promise);
@@ -136,19 +122,10 @@ private:
     /// As a second start of the program does.
     void askForSettings() {
         const auto& client = desktop_.client();
-        const Owned<xcb_get_selection_owner_reply_t> owner{xcb_get_selection_owner_reply(
-            client.get(), xcb_get_selection_owner(client.get(), client.atom("_VIRELINE_S0")),
-            nullptr)};
-        if (!owner)
+        const xcb_window_t owner = client.selectionOwner("_VIRELINE_S0");
+        if (owner == XCB_NONE)
             throw std::runtime_error{"no running program owns the selection"};
-        xcb_client_message_event_t message{};
-        message.response_type = XCB_CLIENT_MESSAGE;
-        message.format = 32;
-        message.window = owner->owner;
-        message.type = client.atom("_VIRELINE_SHOW_SETTINGS");
-        message.data.data32[0] = 1;
-        xcb_send_event(client.get(), 0, owner->owner, XCB_EVENT_MASK_NO_EVENT,
-                       reinterpret_cast<const char*>(&message));
+        client.send(owner, "_VIRELINE_SHOW_SETTINGS", {1});
         client.sync();
     }
 

@@ -17,21 +17,10 @@ namespace vireline::desktop {
 namespace {
 
 using Clock = std::chrono::steady_clock;
-using Milliseconds = std::chrono::duration<double, std::milli>;
 
 constexpr int bandDepth = 3;
 constexpr int motionEvents = 5000;
 constexpr int summons = 20;
-
-template <class Condition>
-double timeUntil(const Condition& condition) {
-    const auto start = Clock::now();
-    while (!condition()) {
-        if (Clock::now() - start > conditionTimeout)
-            throw std::runtime_error{"timed out waiting for the measured event"};
-    }
-    return Milliseconds{Clock::now() - start}.count();
-}
 
 double median(std::vector<double> values) {
     std::ranges::sort(values);
@@ -70,8 +59,7 @@ public:
                                   isAimedAtBand && isGuarded_ ? side.bottom() - bandDepth : to.y};
             const auto start = Clock::now();
             pointer.moveTo(to);
-            timeUntil([&] { return pointer.position() == rest; });
-            times.push_back(Milliseconds{Clock::now() - start}.count());
+            times.push_back(timeUntil(start, [&] { return pointer.position() == rest; }));
         }
         return times;
     }
@@ -115,8 +103,7 @@ public:
             const auto start = Clock::now();
             desktop_.pointer().press(Pointer::Button::primary);
             desktop_.pointer().release(Pointer::Button::primary);
-            timeUntil([&] { return isInMiddle(window); });
-            times.push_back(Milliseconds{Clock::now() - start}.count());
+            times.push_back(timeUntil(start, [&] { return isInMiddle(window); }));
             sendBack(window, home);
         }
         return times;
