@@ -6,6 +6,7 @@
 #include "Displays/RandrScreens.hpp"
 #include "Panels/DesktopWatch.hpp"
 #include "Panels/DockHints.hpp"
+#include "Platform/PanelTitles.hpp"
 #include "Toolkit/Appearance.hpp"
 
 #include <QEnterEvent>
@@ -24,29 +25,28 @@ QtPanelWindow::QtPanelWindow(const PanelContext& context, std::uint32_t displayI
     , displayID_(displayID)
     , listener_(listener)
     , pointer_(context_, listener, *this)
-    , display_(context.screens.display(displayID).value_or(Display{}))
-    , frame_(frame)
-    , hostedFrame_{0, 0, frame.width, frame.height}
+    , geometry_(context.screens.display(displayID).value_or(Display{}), frame)
     , keptBy_(context.desktop.misplacesDocks() ? Keeper::program : Keeper::windowManager)
     , accessible_(std::make_unique<xdg::AccessibleDock>(
-          xdg::DockAccess{*this, listener, "Vireline dock on " + context.screens.nameOf(displayID),
+          xdg::DockAccess{*this, listener, accessiblePanelTitle(context.screens.nameOf(displayID)),
                           [this](const Rect& view) { return placeOnScreen(view); }}))
     , frames_(lifetime_.guard([this] { showFrame(); })) {
     setFlags(Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
     QSurfaceFormat format;
     format.setAlphaBufferSize(8);
     setFormat(format);
-    setTitle(QStringLiteral("Vireline dock #%1").arg(displayID));
-    pointer_.setViewArea(overhang_.around(hostedFrame_.size()));
+    setTitle(QString::fromStdString(panelTitle(displayID)));
+    pointer_.setViewArea(geometry_.viewArea());
     observe();
     relayout();
     if (QScreen* const screen = context.screens.qtScreen(displayID)) {
         setScreen(screen);
-        const QRect target{target_.x, target_.y, target_.width, target_.height};
-        setGeometry(QtCoordinates::rect(*screen, display_, target));
+        const PixelRect& target = geometry_.target();
+        const QRect pixels{target.x, target.y, target.width, target.height};
+        setGeometry(QtCoordinates::rect(*screen, geometry_.display(), pixels));
     }
     create();
-    keeper_->place().set(target_);
+    keeper_->place().set(geometry_.target());
 }
 
 void QtPanelWindow::observe() {
@@ -68,21 +68,16 @@ QtPanelWindow::~QtPanelWindow() {
     destroy();
 }
 
-/// The kit animates the content; the window only has to be large enough for both frames.
 void QtPanelWindow::setFrame(const Rect& frame, bool animate) {
-    display_ = context_.screens.display(displayID_).value_or(display_);
-    const Rect before = extentBefore_.value_or(extent());
-    frame_ = frame;
-    overhang_ = nextOverhang_;
-    const bool shrinks = before.united(extent()) == before;
-    extentBefore_ = animate && shrinks ? std::optional{before} : std::nullopt;
-    pointer_.setViewArea(overhang_.around(hostedFrame_.size()));
+    geometry_.setDisplay(context_.screens.display(displayID_).value_or(geometry_.display()));
+    geometry_.setFrame(frame, animate);
+    pointer_.setViewArea(geometry_.viewArea());
     updateSoon();
 }
 
 void QtPanelWindow::setHostedFrame(const Rect& frame) {
-    hostedFrame_ = frame;
-    pointer_.setViewArea(overhang_.around(frame.size()));
+    geometry_.setHostedFrame(frame);
+    pointer_.setViewArea(geometry_.viewArea());
     updateSoon();
 }
 
@@ -100,7 +95,7 @@ void QtPanelWindow::orderFrontRegardless() {
     if (window_ == XCB_NONE)
         create();
     relayout();
-    keeper_->place().set(target_);
+    keeper_->place().set(geometry_.target());
     if (isVisible()) {
         // A window that the program keeps in place needs no raising.
         if (keptBy_ == Keeper::windowManager)
@@ -115,7 +110,7 @@ void QtPanelWindow::show() {
     picture_->prepareToAppear();
     setVisible(true);
     DockHints::applySizeHints(context_.connection, window_);
-    keeper_->place().set(target_);
+    keeper_->place().set(geometry_.target());
     keeper_->shown();
     updateSoon();
 }
@@ -134,10 +129,10 @@ void QtPanelWindow::orderOut() {
 /// planned; otherwise a new plan will follow.
 void QtPanelWindow::displaysChanged() {
     const auto display = context_.screens.display(displayID_);
-    if (!display || *display == display_ ||
-        DisplayGeometry::frame(*display) != DisplayGeometry::frame(display_))
+    if (!display || *display == geometry_.display() ||
+        DisplayGeometry::frame(*display) != DisplayGeometry::frame(geometry_.display()))
         return;
-    display_ = *display;
+    geometry_.setDisplay(*display);
     updateSoon();
 }
 
@@ -195,7 +190,7 @@ bool QtPanelWindow::nativeEvent(const QByteArray& type, void* message, qintptr* 
         return false;
     const auto& event = *static_cast<const xcb_generic_event_t*>(message);
     return eventType(event) == XCB_CLIENT_MESSAGE &&
-           drops_->handle(reinterpret_cast<const xcb_client_message_event_t&>(event));
+           drops_->handle(as<xcb_client_message_event_t>(event));
 }
 
 void QtPanelWindow::mouseMoveEvent(QMouseEvent* event) {
@@ -226,7 +221,7 @@ void QtPanelWindow::surfaceCreated() {
     keep();
     drops_ =
         std::make_unique<XdndTarget>(context_.connection, window_, listener_, [this](int x, int y) {
-            return mapping_.toView(QPointF(x, y) - corner());
+            return viewPosition(QPointF(x, y) - corner());
         });
     context_.connection.selectInput(window_,
                                     XCB_EVENT_MASK_EXPOSURE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
@@ -285,8 +280,8 @@ void QtPanelWindow::update() {
         relayout();
         picture_->update(isVisible());
         // After the regions, which move along with the window.
-        if (keeper_->place().asked() != target_)
-            keeper_->place().set(target_);
+        if (keeper_->place().asked() != geometry_.target())
+            keeper_->place().set(geometry_.target());
         context_.connection.flush();
     }
     pointer_.follow();
@@ -303,37 +298,27 @@ void QtPanelWindow::showFrame() {
         listener_.frameDue();
         isInFrame_ = false;
     }
-    if (!isFrameAsked_ && std::exchange(extentBefore_, std::nullopt))
+    if (!isFrameAsked_ && geometry_.endAnimation())
         updateIsDue_ = true;
     update();
 }
 
 /// Keeps the view at its planned position on the display, wherever the window currently is.
 void QtPanelWindow::relayout() {
-    target_ = DisplayGeometry::toPixels(display_, extentBefore_.value_or(extent()));
-    const PixelRect actual = drawnPlace();
-    const bool isToMove = keeper_ && keeper_->place().isBoundFor(target_);
-    const PixelRect planned = DisplayGeometry::toPixels(display_, frame_);
-    const PixelRect view = DisplayGeometry::viewPixels(display_, frame_, hostedFrame_);
-    const QPoint plannedCorner = QPoint{planned.x, planned.y} - QPoint{actual.x, actual.y};
-    mapping_ = {plannedCorner + QPoint{view.x, view.y}, display_.scale};
-    if (picture_) {
-        picture_->setLayout(
-            {.window = {actual.width, actual.height},
-             .active = {plannedCorner, QSize{planned.width, planned.height}},
-             .mapping = mapping_,
-             .view = hostedFrame_.size()},
-            {.asked = {target_.width, target_.height},
-             .lag = isToMove ? QPoint{actual.x - target_.x, actual.y - target_.y} : QPoint{}});
-    }
+    geometry_.aim();
+    const PixelRect& target = geometry_.target();
+    const PixelRect drawn = drawnPlace();
+    const auto layout = geometry_.layOut(drawn);
+    if (!picture_)
+        return;
+    const bool isToMove = keeper_ && keeper_->place().isBoundFor(target);
+    picture_->setLayout(
+        layout, {.asked = {target.width, target.height},
+                 .lag = isToMove ? QPoint{drawn.x - target.x, drawn.y - target.y} : QPoint{}});
 }
 
-/// Far from its place a window shows nothing of the dock. It keeps the picture and the regions for
-/// its return: window managers put a new frame in the screen's corner before they move it.
 PixelRect QtPanelWindow::drawnPlace() const {
-    const PixelRect actual = keeper_ ? keeper_->place().actual().value_or(target_) : target_;
-    const bool isAway = actual.overlap(target_) == 0;
-    return isAway ? PixelRect{target_.x, target_.y, actual.width, actual.height} : actual;
+    return geometry_.drawnPlace(keeper_ ? keeper_->place().actual() : std::nullopt);
 }
 
 QPointF QtPanelWindow::pixel(QPointF position) const {
@@ -346,8 +331,9 @@ bool QtPanelWindow::takesPointer(QPointF pixel) const {
 }
 
 QRect QtPanelWindow::placeOnScreen(const Rect& view) const {
-    const QRectF pixels = mapping_.pixels(view).translated(corner());
-    return screen() != nullptr ? QtCoordinates::rect(*screen(), display_, pixels) : QRect{};
+    const QRectF pixels = geometry_.mapping().pixels(view).translated(corner());
+    return screen() != nullptr ? QtCoordinates::rect(*screen(), geometry_.display(), pixels)
+                               : QRect{};
 }
 
 QAccessibleInterface* QtPanelWindow::accessibleRoot() const {
@@ -377,8 +363,8 @@ void QtPanelWindow::popUpMenu(const Menu& menu, const MenuPlace& place,
         return onClose();
     if (menu_)
         menu_->end();
-    const QPointF rootPixel = mapping_.toPixels(place.at) + corner();
-    const QPoint at = QtCoordinates::position(*screen, display_, rootPixel);
+    const QPointF rootPixel = geometry_.mapping().toPixels(place.at) + corner();
+    const QPoint at = QtCoordinates::position(*screen, geometry_.display(), rootPixel);
     pointer_.menuOpened();
     const MenuPlace onScreen{{static_cast<double>(at.x()), static_cast<double>(at.y())},
                              place.side};

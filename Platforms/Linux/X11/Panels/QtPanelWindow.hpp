@@ -2,15 +2,14 @@
 /// shape are sent directly to the server in whole pixels, at any display scale.
 #pragma once
 
-#include "Displays/DisplayGeometry.hpp"
 #include "Foundation/Lifetime.hpp"
 #include "Foundation/ScopedHandle.hpp"
-#include "Painting/ViewMapping.hpp"
 #include "Panels/Accessible/AccessibleDock.hpp"
 #include "Panels/Drops/XdndTarget.hpp"
 #include "Panels/FrameClock.hpp"
 #include "Panels/Keeping/DockKeeper.hpp"
 #include "Panels/PanelContext.hpp"
+#include "Panels/PanelGeometry.hpp"
 #include "Panels/PanelPresenter.hpp"
 #include "Panels/Pointer/PanelPointer.hpp"
 #include "Platform/PanelWindow.hpp"
@@ -31,7 +30,7 @@ public:
                   PanelWindowListener& listener);
     ~QtPanelWindow() override;
 
-    void setOverhang(const Overhang& overhang) override { nextOverhang_ = overhang; }
+    void setOverhang(const Overhang& overhang) override { geometry_.setOverhang(overhang); }
     void setFrame(const Rect& frame, bool animate) override;
     void setHostedFrame(const Rect& frame) override;
     void present(const Scene& scene) override;
@@ -70,7 +69,7 @@ private:
 
     [[nodiscard]] bool takesPointer(QPointF pixel) const override;
     [[nodiscard]] Point viewPosition(QPointF pixel) const override {
-        return mapping_.toView(pixel);
+        return geometry_.mapping().toView(pixel);
     }
     void requestTick() override;
     [[nodiscard]] bool followsPointer() const override {
@@ -78,8 +77,6 @@ private:
     }
     [[nodiscard]] bool isFrameRequested() const override { return isFrameAsked_; }
 
-    /// The frame including its overhang, in global coordinates.
-    [[nodiscard]] Rect extent() const { return overhang_.around(frame_); }
     /// Where the picture assumes the window to be; in pixels of the root window.
     [[nodiscard]] PixelRect drawnPlace() const;
     [[nodiscard]] QPoint corner() const { return {drawnPlace().x, drawnPlace().y}; }
@@ -92,18 +89,7 @@ private:
     std::uint32_t displayID_;
     PanelWindowListener& listener_;
     PanelPointer pointer_;
-    Display display_;
-    Rect frame_;
-    Rect hostedFrame_;
-    /// The overhang of the current frame, and that of future frames.
-    Overhang overhang_;
-    Overhang nextOverhang_;
-    /// While it shrinks with an animation, the window keeps its previous extent, including its
-    /// overhang, in global coordinates.
-    std::optional<Rect> extentBefore_;
-    /// The intended position in the root window.
-    PixelRect target_;
-    xdg::ViewMapping mapping_;
+    PanelGeometry geometry_;
     /// The scene to show once there is an X window.
     Scene scene_;
     bool updateIsDue_ = false;
