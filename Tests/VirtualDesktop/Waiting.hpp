@@ -31,7 +31,7 @@ double timeUntil(std::chrono::steady_clock::time_point start, const Condition& c
     // Pauses would show in the figures.
     constexpr std::chrono::milliseconds interval{0};
     if (!eventually(condition, conditionTimeout, interval))
-        throw std::runtime_error{"what is to be measured does not come"};
+        throw std::runtime_error{"timed out waiting for the measured event"};
     return std::chrono::duration<double, std::milli>{std::chrono::steady_clock::now() - start}
         .count();
 }
