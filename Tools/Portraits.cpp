@@ -1,9 +1,9 @@
 /// Takes the screenshots for the documentation: docks and the program's own windows, light and
 /// dark, at one and two pixels per point.
+#include "VirtualDesktop/Processes/Waiting.hpp"
+#include "VirtualDesktop/Screen/Wallpaper.hpp"
+#include "VirtualDesktop/Session/WidgetTheme.hpp"
 #include "VirtualDesktop/VirtualDesktop.hpp"
-#include "VirtualDesktop/Waiting.hpp"
-#include "VirtualDesktop/Wallpaper.hpp"
-#include "VirtualDesktop/WidgetTheme.hpp"
 
 #include <algorithm>
 #include <cstdlib>

@@ -11,7 +11,7 @@
 #pragma once
 
 #include "Contract/Programs.hpp"
-#include "Platform/Accessibility.hpp"
+#include "Platform/Applications/Accessibility.hpp"
 
 #include <cstddef>
 #include <string>

@@ -1,6 +1,6 @@
 #include "AnswerTimes.hpp"
 
-#include "VirtualDesktop/Waiting.hpp"
+#include "VirtualDesktop/Processes/Waiting.hpp"
 
 #include <poll.h>
 #include <sys/socket.h>

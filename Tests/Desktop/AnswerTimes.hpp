@@ -2,8 +2,8 @@
 /// to detect hung programs.
 #pragma once
 
-#include "VirtualDesktop/ProcessFigures.hpp"
-#include "VirtualDesktop/XClient.hpp"
+#include "VirtualDesktop/Processes/ProcessFigures.hpp"
+#include "VirtualDesktop/Screen/XClient.hpp"
 
 #include <sys/types.h>
 

@@ -1,6 +1,6 @@
 /// What apps offer in the menus of their tiles, and the middle button.
 #include "DesktopTest.hpp"
-#include "VirtualDesktop/Picture.hpp"
+#include "VirtualDesktop/Screen/Picture.hpp"
 
 namespace vireline::desktop {
 namespace {

@@ -1,8 +1,8 @@
 /// What apps signal on their tiles: badges, progress, and that they want attention.
 #include "SignalTest.hpp"
-#include "VirtualDesktop/Announcer.hpp"
-#include "VirtualDesktop/ProcessFigures.hpp"
-#include "VirtualDesktop/WidgetTheme.hpp"
+#include "VirtualDesktop/Buses/Announcer.hpp"
+#include "VirtualDesktop/Processes/ProcessFigures.hpp"
+#include "VirtualDesktop/Session/WidgetTheme.hpp"
 
 #include <chrono>
 #include <memory>

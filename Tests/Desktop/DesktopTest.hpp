@@ -2,8 +2,8 @@
 /// assertions that wait.
 #pragma once
 
+#include "VirtualDesktop/Processes/Waiting.hpp"
 #include "VirtualDesktop/VirtualDesktop.hpp"
-#include "VirtualDesktop/Waiting.hpp"
 
 #include <gtest/gtest.h>
 

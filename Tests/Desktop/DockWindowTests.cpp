@@ -1,6 +1,6 @@
 /// The dock's window: its hints for the window manager, its visible parts, and its input region.
 #include "DesktopTest.hpp"
-#include "VirtualDesktop/ProcessFigures.hpp"
+#include "VirtualDesktop/Processes/ProcessFigures.hpp"
 
 #include <algorithm>
 #include <chrono>

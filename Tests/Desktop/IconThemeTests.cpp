@@ -1,7 +1,7 @@
 /// Tiles follow the desktop's icon theme while the program runs.
 #include "DesktopTest.hpp"
-#include "VirtualDesktop/Picture.hpp"
-#include "VirtualDesktop/WidgetTheme.hpp"
+#include "VirtualDesktop/Screen/Picture.hpp"
+#include "VirtualDesktop/Session/WidgetTheme.hpp"
 
 namespace vireline::desktop {
 namespace {

@@ -1,6 +1,6 @@
 /// The menus of the tiles.
 #include "DesktopTest.hpp"
-#include "VirtualDesktop/ProcessFigures.hpp"
+#include "VirtualDesktop/Processes/ProcessFigures.hpp"
 
 #include <unistd.h>
 

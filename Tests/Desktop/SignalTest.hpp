@@ -2,7 +2,7 @@
 #pragma once
 
 #include "DesktopTest.hpp"
-#include "VirtualDesktop/Picture.hpp"
+#include "VirtualDesktop/Screen/Picture.hpp"
 
 namespace vireline::desktop {
 

@@ -1,5 +1,5 @@
 /// Clicking a running app's tile brings its window to the clicked display.
-#include "VirtualDesktop/ProcessFigures.hpp"
+#include "VirtualDesktop/Processes/ProcessFigures.hpp"
 #include "WindowFeatureTest.hpp"
 
 #include <unistd.h>

@@ -1,7 +1,7 @@
 /// Windows of real toolkits: GTK, Qt, and xterm for the Athena widgets. Each has its own way of
 /// setting titles and demanding attention.
 #include "SignalTest.hpp"
-#include "VirtualDesktop/ProcessFigures.hpp"
+#include "VirtualDesktop/Processes/ProcessFigures.hpp"
 
 #include <unistd.h>
 

@@ -1,7 +1,7 @@
 /// What every Accessibility port does with windows, the fake and the real one alike.
 #include "Display/AccessibilityContract.hpp"
 
-#include "VirtualDesktop/ProcessFigures.hpp"
+#include "VirtualDesktop/Processes/ProcessFigures.hpp"
 
 #include <unistd.h>
 

@@ -1,9 +1,9 @@
 #include "Display/WindowTest.hpp"
-#include "Icons/IconThemeWatch.hpp"
+#include "Icons/Themes/IconThemeWatch.hpp"
 #include "Settings/XSettingsDaemon.hpp"
 #include "Support/TemporaryFolder.hpp"
 #include "Toolkit/QtRunLoop.hpp"
-#include "VirtualDesktop/WidgetTheme.hpp"
+#include "VirtualDesktop/Session/WidgetTheme.hpp"
 
 #include <filesystem>
 #include <fstream>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "Foundation/NonCopyable.hpp"
-#include "VirtualDesktop/XClient.hpp"
+#include "VirtualDesktop/Screen/XClient.hpp"
 
 #include <atomic>
 #include <cstdint>

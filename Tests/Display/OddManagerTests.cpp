@@ -1,8 +1,8 @@
 /// Docks under window managers that do not keep them in place.
 #include "Display/OddManager.hpp"
 #include "Display/WindowTest.hpp"
-#include "Panels/WindowPlace.hpp"
-#include "VirtualDesktop/Waiting.hpp"
+#include "Panels/Keeping/WindowPlace.hpp"
+#include "VirtualDesktop/Processes/Waiting.hpp"
 
 #include <algorithm>
 #include <chrono>

@@ -1,5 +1,5 @@
 #include "Display/WindowTest.hpp"
-#include "VirtualDesktop/Waiting.hpp"
+#include "VirtualDesktop/Processes/Waiting.hpp"
 
 #include <algorithm>
 #include <chrono>

@@ -1,5 +1,5 @@
 #include "Display/PanelWindowTest.hpp"
-#include "VirtualDesktop/Waiting.hpp"
+#include "VirtualDesktop/Processes/Waiting.hpp"
 
 #include <xcb/shape.h>
 

@@ -1,7 +1,7 @@
 #include "Connection/DrawingConnection.hpp"
 #include "Display/WindowTest.hpp"
-#include "Panels/DesktopWatch.hpp"
-#include "Panels/PanelContext.hpp"
+#include "Panels/Context/DesktopWatch.hpp"
+#include "Panels/Context/PanelContext.hpp"
 #include "Panels/Pointer/PointerSampler.hpp"
 
 #include <algorithm>

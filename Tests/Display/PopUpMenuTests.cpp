@@ -1,5 +1,5 @@
 #include "Display/WindowTest.hpp"
-#include "VirtualDesktop/Pointer.hpp"
+#include "VirtualDesktop/Screen/Pointer.hpp"
 
 #include <QCoreApplication>
 #include <QEvent>

@@ -3,14 +3,14 @@
 #include "App/VirelineApp.hpp"
 #include "App/X11WindowSystem.hpp"
 #include "Display/WindowTest.hpp"
-#include "Icons/IconTheme.hpp"
-#include "Platform/MotionSettings.hpp"
+#include "Icons/Themes/IconTheme.hpp"
+#include "Platform/Desktop/MotionSettings.hpp"
 #include "ProgramWindows/QtProgramWindow.hpp"
 #include "ProgramWindows/QtProgramWindows.hpp"
 #include "ProgramWindows/SettingsView.hpp"
-#include "ProgramWindows/Symbols.hpp"
+#include "ProgramWindows/Style/Symbols.hpp"
 #include "Toolkit/QtApplication.hpp"
-#include "VirtualDesktop/Pointer.hpp"
+#include "VirtualDesktop/Screen/Pointer.hpp"
 
 #include <QAbstractScrollArea>
 #include <QApplication>

@@ -1,8 +1,8 @@
 /// Qt's use of a session bus that has gone away, in the environment that the program sets up.
 #include "Display/WindowTest.hpp"
-#include "VirtualDesktop/BusClient.hpp"
-#include "VirtualDesktop/ChildProcess.hpp"
-#include "VirtualDesktop/Waiting.hpp"
+#include "VirtualDesktop/Buses/BusClient.hpp"
+#include "VirtualDesktop/Processes/ChildProcess.hpp"
+#include "VirtualDesktop/Processes/Waiting.hpp"
 
 #include <unistd.h>
 

@@ -1,7 +1,7 @@
 #include "Display/WindowTest.hpp"
 
 #include "Toolkit/PluginApplication.hpp"
-#include "VirtualDesktop/Waiting.hpp"
+#include "VirtualDesktop/Processes/Waiting.hpp"
 
 #include <QGuiApplication>
 #include <algorithm>

@@ -1,5 +1,5 @@
 /// Fuzzes VIRELINE_DEMO_CURSOR, and the magnification of a dock at the resulting position.
-#include "Views/DemoCursor.hpp"
+#include "Views/Input/DemoCursor.hpp"
 
 #include "Foundation/Require.hpp"
 #include "Fuzz/FuzzTarget.hpp"

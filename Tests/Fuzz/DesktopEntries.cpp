@@ -2,10 +2,10 @@
 #include "Applications/Entries/AppCommand.hpp"
 #include "Applications/Entries/DesktopEntry.hpp"
 #include "Applications/Entries/DesktopEntryIndex.hpp"
-#include "Applications/Identity/PlainText.hpp"
 #include "Foundation/Require.hpp"
 #include "Fuzz/FuzzTarget.hpp"
 #include "Session/AutostartEntry.hpp"
+#include "Text/PlainText.hpp"
 
 #include <array>
 #include <string>

@@ -1,11 +1,11 @@
 /// Fuzzes the announcements of counts, progress and urgency that any program can send over the
 /// session bus. The input is a signal's parameters in GVariant's binary form, after a first byte
 /// that chooses their type. Whatever is read from them is announced by two programs in turn.
-#include "Applications/Identity/PlainText.hpp"
 #include "Applications/LauncherMessage.hpp"
 #include "Foundation/Require.hpp"
 #include "Fuzz/FuzzTarget.hpp"
 #include "GLib/GLibHandles.hpp"
+#include "Text/PlainText.hpp"
 
 #include <array>
 

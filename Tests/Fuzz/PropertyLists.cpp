@@ -1,6 +1,6 @@
 /// Fuzzes the property list of the desktop's own dock.
-#include "Desktop/PropertyListLimits.hpp"
-#include "Desktop/PropertyListReader.hpp"
+#include "Desktop/PropertyLists/PropertyListLimits.hpp"
+#include "Desktop/PropertyLists/PropertyListReader.hpp"
 #include "Foundation/Require.hpp"
 #include "Fuzz/FuzzTarget.hpp"
 #include "Sources/DockPreferencesReader.hpp"

@@ -2,10 +2,10 @@
 /// "%%": WM_CLASS, the IDs of two toolkits, the startup ID, _NET_WM_ICON, the executable's path,
 /// its command line, its control group, and its sandbox's file.
 #include "Applications/Identity/AppIdentity.hpp"
-#include "Applications/Identity/PlainText.hpp"
 #include "Applications/WindowIcons.hpp"
 #include "Foundation/Require.hpp"
 #include "Fuzz/FuzzTarget.hpp"
+#include "Text/PlainText.hpp"
 
 #include <algorithm>
 #include <array>

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "Foundation/Geometry.hpp"
-#include "Platform/Screens.hpp"
+#include "Platform/Desktop/Screens.hpp"
 #include "Settings/Settings.hpp"
 
 #include <cstdint>

@@ -4,9 +4,9 @@
 #pragma once
 
 #include "Model/DockItem.hpp"
-#include "Platform/ApplicationCatalog.hpp"
+#include "Platform/Applications/ApplicationCatalog.hpp"
+#include "Platform/Applications/RunningApplications.hpp"
 #include "Platform/PanelWindow.hpp"
-#include "Platform/RunningApplications.hpp"
 #include "Presentation/TileStatus.hpp"
 #include "Storm/Formulas.hpp"
 #include "Storm/ModelDock.hpp"

@@ -7,7 +7,7 @@
 #include "Model/DockItem.hpp"
 #include "Platform/PanelWindow.hpp"
 #include "Storm/ModelDock.hpp"
-#include "Views/PointerTracker.hpp"
+#include "Views/Input/PointerTracker.hpp"
 
 #include <cstddef>
 #include <functional>

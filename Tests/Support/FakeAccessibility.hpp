@@ -2,9 +2,9 @@
 #pragma once
 
 #include "Foundation/CallbackList.hpp"
-#include "Platform/Accessibility.hpp"
-#include "Platform/PointerTap.hpp"
-#include "Platform/RunningApplications.hpp"
+#include "Platform/Applications/Accessibility.hpp"
+#include "Platform/Applications/RunningApplications.hpp"
+#include "Platform/Desktop/PointerTap.hpp"
 
 #include <cstdint>
 #include <map>

@@ -5,12 +5,12 @@
 #include "Foundation/CallbackList.hpp"
 #include "Model/DockItem.hpp"
 #include "Platform/Application.hpp"
-#include "Platform/ApplicationCatalog.hpp"
-#include "Platform/DockPreferences.hpp"
-#include "Platform/Icons.hpp"
-#include "Platform/LauncherAnnouncements.hpp"
-#include "Platform/RunningApplications.hpp"
-#include "Platform/Workspace.hpp"
+#include "Platform/Applications/ApplicationCatalog.hpp"
+#include "Platform/Applications/DockPreferences.hpp"
+#include "Platform/Applications/Icons.hpp"
+#include "Platform/Applications/LauncherAnnouncements.hpp"
+#include "Platform/Applications/RunningApplications.hpp"
+#include "Platform/Applications/Workspace.hpp"
 
 #include <functional>
 #include <map>

@@ -3,10 +3,10 @@
 #pragma once
 
 #include "Foundation/CallbackList.hpp"
-#include "Platform/FileEvents.hpp"
-#include "Platform/FileSystem.hpp"
-#include "Platform/Trash.hpp"
-#include "Platform/UserFolders.hpp"
+#include "Platform/Files/FileEvents.hpp"
+#include "Platform/Files/FileSystem.hpp"
+#include "Platform/Files/Trash.hpp"
+#include "Platform/Files/UserFolders.hpp"
 
 #include <map>
 #include <memory>

@@ -4,11 +4,11 @@
 
 #include "Foundation/CallbackList.hpp"
 #include "Foundation/NonCopyable.hpp"
-#include "Platform/MotionSettings.hpp"
+#include "Platform/Desktop/MotionSettings.hpp"
+#include "Platform/Desktop/PointerSettings.hpp"
+#include "Platform/Desktop/Screens.hpp"
 #include "Platform/PanelWindow.hpp"
-#include "Platform/PointerSettings.hpp"
-#include "Platform/Screens.hpp"
-#include "Views/PointerTracker.hpp"
+#include "Views/Input/PointerTracker.hpp"
 
 #include <cstdint>
 #include <functional>

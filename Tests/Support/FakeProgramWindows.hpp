@@ -2,7 +2,7 @@
 /// outlives the window, so that a test can inspect it afterwards.
 #pragma once
 
-#include "Platform/LoginItemService.hpp"
+#include "Platform/Desktop/LoginItemService.hpp"
 #include "Platform/ProgramWindows.hpp"
 #include "Platform/StatusBar.hpp"
 

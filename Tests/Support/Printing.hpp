@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Interaction/ClickPolicy.hpp"
-#include "Platform/DesktopWords.hpp"
+#include "Platform/Desktop/DesktopWords.hpp"
 #include "Settings/Settings.hpp"
 
 #include <ostream>

@@ -1,5 +1,5 @@
 /// The windows of apps on a virtual desktop, of either kind.
-#include "VirtualDesktop/SwaySession.hpp"
+#include "VirtualDesktop/Compositors/SwaySession.hpp"
 #include "VirtualDesktop/VirtualDesktop.hpp"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 /// as slow, silent and wrong as a test wants.
 #pragma once
 
-#include "VirtualDesktop/XClient.hpp"
+#include "VirtualDesktop/Screen/XClient.hpp"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,7 +1,7 @@
 #include "VirtualDesktop/FileDrag.hpp"
 
 #include "Foundation/FileURL.hpp"
-#include "VirtualDesktop/Waiting.hpp"
+#include "VirtualDesktop/Processes/Waiting.hpp"
 
 #include <sstream>
 #include <stdexcept>

@@ -1,9 +1,9 @@
 #include "VirtualDesktop/VirtualDesktop.hpp"
 
-#include "VirtualDesktop/CompositorStart.hpp"
-#include "VirtualDesktop/ManagerState.hpp"
-#include "VirtualDesktop/SwaySession.hpp"
-#include "VirtualDesktop/Waiting.hpp"
+#include "VirtualDesktop/Compositors/CompositorStart.hpp"
+#include "VirtualDesktop/Compositors/SwaySession.hpp"
+#include "VirtualDesktop/Processes/Waiting.hpp"
+#include "VirtualDesktop/Session/ManagerState.hpp"
 
 #include <algorithm>
 #include <csignal>

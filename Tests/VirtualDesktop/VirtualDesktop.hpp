@@ -3,22 +3,22 @@
 /// can run at the same time.
 #pragma once
 
-#include "VirtualDesktop/AccessibleEvents.hpp"
-#include "VirtualDesktop/AccessibleTree.hpp"
-#include "VirtualDesktop/ChildProcess.hpp"
-#include "VirtualDesktop/CompositorSession.hpp"
-#include "VirtualDesktop/DockLayout.hpp"
-#include "VirtualDesktop/DockWindows.hpp"
-#include "VirtualDesktop/Home.hpp"
-#include "VirtualDesktop/Monitors.hpp"
-#include "VirtualDesktop/NotifierHost.hpp"
-#include "VirtualDesktop/Outputs.hpp"
-#include "VirtualDesktop/Picture.hpp"
-#include "VirtualDesktop/Pointer.hpp"
-#include "VirtualDesktop/ProgramLog.hpp"
-#include "VirtualDesktop/WindowManagers.hpp"
-#include "VirtualDesktop/XClient.hpp"
-#include "VirtualDesktop/XServer.hpp"
+#include "VirtualDesktop/Buses/AccessibleEvents.hpp"
+#include "VirtualDesktop/Buses/AccessibleTree.hpp"
+#include "VirtualDesktop/Buses/NotifierHost.hpp"
+#include "VirtualDesktop/Compositors/CompositorSession.hpp"
+#include "VirtualDesktop/Docks/DockLayout.hpp"
+#include "VirtualDesktop/Docks/DockWindows.hpp"
+#include "VirtualDesktop/Processes/ChildProcess.hpp"
+#include "VirtualDesktop/Processes/ProgramLog.hpp"
+#include "VirtualDesktop/Screen/Monitors.hpp"
+#include "VirtualDesktop/Screen/Outputs.hpp"
+#include "VirtualDesktop/Screen/Picture.hpp"
+#include "VirtualDesktop/Screen/Pointer.hpp"
+#include "VirtualDesktop/Screen/XClient.hpp"
+#include "VirtualDesktop/Session/Home.hpp"
+#include "VirtualDesktop/Session/WindowManagers.hpp"
+#include "VirtualDesktop/Session/XServer.hpp"
 
 #include <filesystem>
 #include <list>

@@ -1,6 +1,6 @@
 #include "App/WaylandWords.hpp"
 #include "Desktop/LinuxWords.hpp"
-#include "Platform/DesktopWords.hpp"
+#include "Platform/Desktop/DesktopWords.hpp"
 
 #include <gtest/gtest.h>
 

@@ -2,11 +2,11 @@
 /// uses, and whether it is idle while nothing happens.
 #include "Measure/SettingsFigures.hpp"
 #include "Measure/WindowFigures.hpp"
-#include "VirtualDesktop/DockWatch.hpp"
-#include "VirtualDesktop/ProcessFigures.hpp"
+#include "VirtualDesktop/Docks/DockWatch.hpp"
+#include "VirtualDesktop/Processes/ProcessFigures.hpp"
+#include "VirtualDesktop/Processes/Waiting.hpp"
 #include "VirtualDesktop/Report.hpp"
 #include "VirtualDesktop/VirtualDesktop.hpp"
-#include "VirtualDesktop/Waiting.hpp"
 
 #include <algorithm>
 #include <chrono>

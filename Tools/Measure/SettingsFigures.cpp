@@ -1,9 +1,9 @@
 #include "Measure/SettingsFigures.hpp"
 
 #include "Foundation/NonCopyable.hpp"
+#include "VirtualDesktop/Processes/Waiting.hpp"
 #include "VirtualDesktop/Report.hpp"
 #include "VirtualDesktop/VirtualDesktop.hpp"
-#include "VirtualDesktop/Waiting.hpp"
 
 #include <unistd.h>
 

@@ -1,9 +1,9 @@
 #include "Measure/WindowFigures.hpp"
 
-#include "VirtualDesktop/ProcessFigures.hpp"
+#include "VirtualDesktop/Processes/ProcessFigures.hpp"
+#include "VirtualDesktop/Processes/Waiting.hpp"
 #include "VirtualDesktop/Report.hpp"
 #include "VirtualDesktop/VirtualDesktop.hpp"
-#include "VirtualDesktop/Waiting.hpp"
 
 #include <algorithm>
 #include <chrono>

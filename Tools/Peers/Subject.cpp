@@ -1,8 +1,8 @@
 #include "Peers/Subject.hpp"
 
-#include "VirtualDesktop/DockWatch.hpp"
-#include "VirtualDesktop/Waiting.hpp"
-#include "VirtualDesktop/Wallpaper.hpp"
+#include "VirtualDesktop/Docks/DockWatch.hpp"
+#include "VirtualDesktop/Processes/Waiting.hpp"
+#include "VirtualDesktop/Screen/Wallpaper.hpp"
 
 #include <algorithm>
 #include <array>

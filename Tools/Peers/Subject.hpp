@@ -4,7 +4,7 @@
 #pragma once
 
 #include "Peers/Peer.hpp"
-#include "VirtualDesktop/ProcessFigures.hpp"
+#include "VirtualDesktop/Processes/ProcessFigures.hpp"
 
 #include <chrono>
 #include <memory>

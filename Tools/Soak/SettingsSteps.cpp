@@ -3,7 +3,7 @@
 #include "Settings/SettingsCoding.hpp"
 #include "Soak/SoakChecks.hpp"
 #include "Soak/SoakWorld.hpp"
-#include "VirtualDesktop/Waiting.hpp"
+#include "VirtualDesktop/Processes/Waiting.hpp"
 
 #include <array>
 #include <chrono>

@@ -4,7 +4,7 @@
 #include "Soak/SettingsSteps.hpp"
 #include "Soak/SoakChecks.hpp"
 #include "VirtualDesktop/FileDrag.hpp"
-#include "VirtualDesktop/Waiting.hpp"
+#include "VirtualDesktop/Processes/Waiting.hpp"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #include "Soak/SoakWorld.hpp"
 
 #include "Settings/SettingsCoding.hpp"
-#include "VirtualDesktop/Waiting.hpp"
+#include "VirtualDesktop/Processes/Waiting.hpp"
 
 #include <signal.h>
 

@@ -1,8 +1,8 @@
 /// A short tour of the program on a headless desktop: shows its features step by step, and leaves a
 /// picture of each step and the program's log.
 #include "Tour/TourSession.hpp"
+#include "VirtualDesktop/Processes/Waiting.hpp"
 #include "VirtualDesktop/VirtualDesktop.hpp"
-#include "VirtualDesktop/Waiting.hpp"
 
 #include <algorithm>
 #include <csignal>

@@ -1,6 +1,6 @@
 #include "Tour/TourSession.hpp"
 
-#include "VirtualDesktop/Wallpaper.hpp"
+#include "VirtualDesktop/Screen/Wallpaper.hpp"
 
 #include <nlohmann/json.hpp>
 

@@ -2,8 +2,8 @@
 
 #include "Foundation/DevLog.hpp"
 #include "Platform/Application.hpp"
-#include "Platform/Workspace.hpp"
-#include "Views/DemoCursor.hpp"
+#include "Platform/Applications/Workspace.hpp"
+#include "Views/Input/DemoCursor.hpp"
 
 #include <algorithm>
 #include <cstdlib>

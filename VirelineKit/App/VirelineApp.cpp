@@ -4,8 +4,8 @@
 #include "Foundation/DevLog.hpp"
 #include "Foundation/Require.hpp"
 #include "Platform/Application.hpp"
-#include "Platform/FileSystem.hpp"
-#include "Platform/UserFolders.hpp"
+#include "Platform/Files/FileSystem.hpp"
+#include "Platform/Files/UserFolders.hpp"
 
 namespace vireline::VirelineApp {
 

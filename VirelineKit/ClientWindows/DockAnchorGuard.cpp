@@ -2,7 +2,7 @@
 
 #include "ClientWindows/GuardMath.hpp"
 #include "Foundation/DevLog.hpp"
-#include "Platform/Accessibility.hpp"
+#include "Platform/Applications/Accessibility.hpp"
 #include "Platform/RunLoop.hpp"
 
 #include <string>

@@ -7,7 +7,7 @@
 #include "Foundation/NonCopyable.hpp"
 #include "Foundation/Observable.hpp"
 #include "Foundation/ScopedHandle.hpp"
-#include "Platform/PointerTap.hpp"
+#include "Platform/Desktop/PointerTap.hpp"
 
 #include <functional>
 #include <memory>

@@ -8,8 +8,8 @@
 #include "Foundation/NonCopyable.hpp"
 #include "Foundation/ScopedHandle.hpp"
 #include "Layout/ScreenSnapshot.hpp"
-#include "Platform/Accessibility.hpp"
-#include "Platform/RunningApplications.hpp"
+#include "Platform/Applications/Accessibility.hpp"
+#include "Platform/Applications/RunningApplications.hpp"
 
 #include <cstdint>
 #include <map>

@@ -2,8 +2,8 @@
 
 #include "ClientWindows/GuardMath.hpp"
 #include "Foundation/DevLog.hpp"
+#include "Platform/Desktop/Screens.hpp"
 #include "Platform/RunLoop.hpp"
-#include "Platform/Screens.hpp"
 
 #include <algorithm>
 #include <ranges>

@@ -2,7 +2,7 @@
 
 #include "Layout/DockEdge.hpp"
 #include "Model/DockMetrics.hpp"
-#include "Platform/MotionSettings.hpp"
+#include "Platform/Desktop/MotionSettings.hpp"
 #include "Platform/RunLoop.hpp"
 
 #include <utility>

@@ -6,9 +6,9 @@
 #include "Foundation/NonCopyable.hpp"
 #include "Layout/PanelPlanner.hpp"
 #include "Platform/PanelWindow.hpp"
-#include "Views/Animator.hpp"
+#include "Views/Contents/Animator.hpp"
+#include "Views/Contents/PanelUIState.hpp"
 #include "Views/DockRootView.hpp"
-#include "Views/PanelUIState.hpp"
 
 #include <memory>
 

@@ -4,10 +4,10 @@
 #include "Foundation/NonCopyable.hpp"
 #include "Interaction/ClickPolicy.hpp"
 #include "Model/DockItem.hpp"
-#include "Platform/Accessibility.hpp"
-#include "Platform/ApplicationCatalog.hpp"
-#include "Platform/RunningApplications.hpp"
-#include "Platform/Workspace.hpp"
+#include "Platform/Applications/Accessibility.hpp"
+#include "Platform/Applications/ApplicationCatalog.hpp"
+#include "Platform/Applications/RunningApplications.hpp"
+#include "Platform/Applications/Workspace.hpp"
 #include "Settings/Settings.hpp"
 
 #include <cstdint>

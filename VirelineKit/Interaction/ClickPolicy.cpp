@@ -1,6 +1,6 @@
 #include "Interaction/ClickPolicy.hpp"
 
-#include "Platform/DesktopWords.hpp"
+#include "Platform/Desktop/DesktopWords.hpp"
 
 namespace vireline {
 

@@ -5,8 +5,8 @@
 #include "Foundation/FileURL.hpp"
 #include "Interaction/ClickPolicy.hpp"
 #include "Model/DockItem.hpp"
-#include "Platform/Accessibility.hpp"
-#include "Platform/ApplicationCatalog.hpp"
+#include "Platform/Applications/Accessibility.hpp"
+#include "Platform/Applications/ApplicationCatalog.hpp"
 
 #include <cstdint>
 #include <functional>

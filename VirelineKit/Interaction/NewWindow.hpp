@@ -1,7 +1,7 @@
 /// Finds an app's action that opens a new window.
 #pragma once
 
-#include "Platform/ApplicationCatalog.hpp"
+#include "Platform/Applications/ApplicationCatalog.hpp"
 
 #include <optional>
 #include <span>

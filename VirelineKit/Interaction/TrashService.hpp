@@ -5,8 +5,8 @@
 #include "Foundation/Lifetime.hpp"
 #include "Foundation/NonCopyable.hpp"
 #include "Foundation/ScopedHandle.hpp"
-#include "Platform/Trash.hpp"
-#include "Platform/UserFolders.hpp"
+#include "Platform/Files/Trash.hpp"
+#include "Platform/Files/UserFolders.hpp"
 
 #include <cstdint>
 #include <deque>

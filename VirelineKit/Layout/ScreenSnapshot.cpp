@@ -1,6 +1,6 @@
 #include "Layout/ScreenSnapshot.hpp"
 
-#include "Platform/Screens.hpp"
+#include "Platform/Desktop/Screens.hpp"
 
 namespace vireline {
 

@@ -1,7 +1,7 @@
 /// All ports of one platform, as the application delegate receives them.
 #pragma once
 
-#include "Platform/DesktopWords.hpp"
+#include "Platform/Desktop/DesktopWords.hpp"
 
 namespace vireline {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "ClientWindows/DockAnchorGuard.hpp"
-#include "Platform/DesktopWords.hpp"
+#include "Platform/Desktop/DesktopWords.hpp"
 #include "Presentation/OnboardingPage.hpp"
 
 namespace vireline::OnboardingView {

@@ -2,9 +2,9 @@
 
 #include "ClientWindows/DockAnchorGuard.hpp"
 #include "Foundation/DevLog.hpp"
-#include "Platform/Accessibility.hpp"
+#include "Platform/Applications/Accessibility.hpp"
+#include "Platform/Applications/Workspace.hpp"
 #include "Platform/Platform.hpp"
-#include "Platform/Workspace.hpp"
 #include "ProgramWindows/OnboardingView.hpp"
 #include "Settings/PreferencesStore.hpp"
 

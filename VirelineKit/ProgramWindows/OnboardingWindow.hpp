@@ -5,7 +5,7 @@
 #include "Foundation/Lifetime.hpp"
 #include "Foundation/NonCopyable.hpp"
 #include "Foundation/ScopedHandle.hpp"
-#include "Platform/DesktopWords.hpp"
+#include "Platform/Desktop/DesktopWords.hpp"
 #include "Platform/ProgramWindows.hpp"
 
 #include <array>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "ClientWindows/DockAnchorGuard.hpp"
-#include "Platform/DesktopWords.hpp"
+#include "Platform/Desktop/DesktopWords.hpp"
 #include "Presentation/Form.hpp"
 #include "Settings/Settings.hpp"
 

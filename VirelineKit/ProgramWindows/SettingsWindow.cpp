@@ -1,9 +1,9 @@
 #include "ProgramWindows/SettingsWindow.hpp"
 
 #include "ClientWindows/DockAnchorGuard.hpp"
-#include "Platform/Accessibility.hpp"
+#include "Platform/Applications/Accessibility.hpp"
+#include "Platform/Applications/Workspace.hpp"
 #include "Platform/Platform.hpp"
-#include "Platform/Workspace.hpp"
 #include "ProgramWindows/SettingsView.hpp"
 #include "Settings/LoginItemManager.hpp"
 #include "Settings/PreferencesStore.hpp"

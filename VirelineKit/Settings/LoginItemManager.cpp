@@ -1,7 +1,7 @@
 #include "Settings/LoginItemManager.hpp"
 
 #include "Foundation/DevLog.hpp"
-#include "Platform/LoginItemService.hpp"
+#include "Platform/Desktop/LoginItemService.hpp"
 
 namespace vireline {
 

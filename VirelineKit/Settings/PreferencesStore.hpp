@@ -5,8 +5,8 @@
 #include "Foundation/FileURL.hpp"
 #include "Foundation/NonCopyable.hpp"
 #include "Foundation/Observable.hpp"
-#include "Platform/FileSystem.hpp"
-#include "Platform/UserFolders.hpp"
+#include "Platform/Files/FileSystem.hpp"
+#include "Platform/Files/UserFolders.hpp"
 #include "Settings/Settings.hpp"
 
 #include <functional>

@@ -1,8 +1,8 @@
 #include "Sources/AppSourceResolver.hpp"
 
 #include "Foundation/DevLog.hpp"
-#include "Platform/ApplicationCatalog.hpp"
-#include "Platform/FileSystem.hpp"
+#include "Platform/Applications/ApplicationCatalog.hpp"
+#include "Platform/Files/FileSystem.hpp"
 #include "Sources/RunningAppsMonitor.hpp"
 
 #include <algorithm>

@@ -5,8 +5,8 @@
 #include "Foundation/FileURL.hpp"
 #include "Foundation/PropertyList.hpp"
 #include "Foundation/Result.hpp"
-#include "Platform/DockPreferences.hpp"
-#include "Platform/UserFolders.hpp"
+#include "Platform/Applications/DockPreferences.hpp"
+#include "Platform/Files/UserFolders.hpp"
 
 #include <optional>
 #include <span>

@@ -5,7 +5,7 @@
 #include "Foundation/CallbackList.hpp"
 #include "Foundation/Lifetime.hpp"
 #include "Foundation/NonCopyable.hpp"
-#include "Platform/Icons.hpp"
+#include "Platform/Applications/Icons.hpp"
 
 #include <functional>
 #include <string>

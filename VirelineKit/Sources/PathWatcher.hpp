@@ -4,7 +4,7 @@
 #include "Foundation/FileURL.hpp"
 #include "Foundation/Lifetime.hpp"
 #include "Foundation/NonCopyable.hpp"
-#include "Platform/FileEvents.hpp"
+#include "Platform/Files/FileEvents.hpp"
 #include "Platform/RunLoop.hpp"
 
 #include <functional>

@@ -5,8 +5,8 @@
 #include "Foundation/Lifetime.hpp"
 #include "Foundation/NonCopyable.hpp"
 #include "Model/DockItem.hpp"
-#include "Platform/ApplicationCatalog.hpp"
-#include "Platform/RunningApplications.hpp"
+#include "Platform/Applications/ApplicationCatalog.hpp"
+#include "Platform/Applications/RunningApplications.hpp"
 
 #include <array>
 #include <functional>

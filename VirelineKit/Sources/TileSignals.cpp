@@ -1,9 +1,9 @@
 #include "Sources/TileSignals.hpp"
 
 #include "Model/DockViewModel.hpp"
-#include "Platform/LauncherAnnouncements.hpp"
+#include "Platform/Applications/LauncherAnnouncements.hpp"
+#include "Platform/Applications/RunningApplications.hpp"
 #include "Platform/RunLoop.hpp"
-#include "Platform/RunningApplications.hpp"
 
 #include <algorithm>
 #include <utility>

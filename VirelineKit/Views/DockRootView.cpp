@@ -2,10 +2,10 @@
 
 #include "Interaction/DockActions.hpp"
 #include "Model/DockMetrics.hpp"
-#include "Platform/MotionSettings.hpp"
+#include "Platform/Desktop/MotionSettings.hpp"
 #include "Platform/RunLoop.hpp"
 #include "Sources/IconStore.hpp"
-#include "Views/AccessibleTiles.hpp"
+#include "Views/Contents/AccessibleTiles.hpp"
 
 #include <algorithm>
 #include <cmath>

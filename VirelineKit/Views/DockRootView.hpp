@@ -8,13 +8,13 @@
 #include "Layout/StripLayout.hpp"
 #include "Model/DockViewModel.hpp"
 #include "Platform/PanelWindow.hpp"
-#include "Views/DockDrops.hpp"
-#include "Views/DockMenus.hpp"
-#include "Views/DockScene.hpp"
-#include "Views/DockTiles.hpp"
-#include "Views/DockViewContext.hpp"
-#include "Views/PanelUIState.hpp"
-#include "Views/TileGestures.hpp"
+#include "Views/Contents/DockScene.hpp"
+#include "Views/Contents/DockTiles.hpp"
+#include "Views/Contents/DockViewContext.hpp"
+#include "Views/Contents/PanelUIState.hpp"
+#include "Views/Input/DockDrops.hpp"
+#include "Views/Input/DockMenus.hpp"
+#include "Views/Input/TileGestures.hpp"
 
 #include <array>
 #include <cstddef>

@@ -1,7 +1,7 @@
 /// The Reduce Motion option of the system's accessibility settings.
 #pragma once
 
-#include "Platform/MotionSettings.hpp"
+#include "Platform/Desktop/MotionSettings.hpp"
 
 namespace vireline::macos {
 

@@ -1,7 +1,7 @@
 /// The pointer options of the system's settings.
 #pragma once
 
-#include "Platform/PointerSettings.hpp"
+#include "Platform/Desktop/PointerSettings.hpp"
 
 namespace vireline::macos {
 

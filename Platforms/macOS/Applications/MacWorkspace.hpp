@@ -1,7 +1,7 @@
 /// Opens things through NSWorkspace.
 #pragma once
 
-#include "Platform/Workspace.hpp"
+#include "Platform/Applications/Workspace.hpp"
 
 namespace vireline::macos {
 

@@ -1,7 +1,7 @@
 /// The running applications, as NSWorkspace lists and announces them.
 #pragma once
 
-#include "Platform/RunningApplications.hpp"
+#include "Platform/Applications/RunningApplications.hpp"
 
 namespace vireline::macos {
 

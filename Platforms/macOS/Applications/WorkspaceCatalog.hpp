@@ -1,7 +1,7 @@
 /// The applications installed on this Mac.
 #pragma once
 
-#include "Platform/ApplicationCatalog.hpp"
+#include "Platform/Applications/ApplicationCatalog.hpp"
 
 namespace vireline::macos {
 

@@ -1,7 +1,7 @@
 /// Moves other programs' windows through the system's Accessibility interface.
 #pragma once
 
-#include "Platform/Accessibility.hpp"
+#include "Platform/Applications/Accessibility.hpp"
 
 namespace vireline::macos {
 

@@ -1,7 +1,7 @@
 /// Pointer taps, at the point where hardware events enter the session.
 #pragma once
 
-#include "Platform/PointerTap.hpp"
+#include "Platform/Desktop/PointerTap.hpp"
 
 namespace vireline::macos {
 

@@ -1,7 +1,7 @@
 /// The preferences of Apple's Dock, which are only read.
 #pragma once
 
-#include "Platform/DockPreferences.hpp"
+#include "Platform/Applications/DockPreferences.hpp"
 
 namespace vireline::macos {
 

@@ -1,7 +1,7 @@
 /// Decodes property lists in any of the system's formats.
 #pragma once
 
-#include "Platform/DockPreferences.hpp"
+#include "Platform/Applications/DockPreferences.hpp"
 
 namespace vireline::macos {
 

@@ -1,7 +1,7 @@
 /// The displays, and notifications of everything that may have changed them.
 #pragma once
 
-#include "Platform/Screens.hpp"
+#include "Platform/Desktop/Screens.hpp"
 
 #include <cstdint>
 #include <optional>

@@ -1,7 +1,7 @@
 /// File events from dispatch sources, on descriptors that are opened for events only.
 #pragma once
 
-#include "Platform/FileEvents.hpp"
+#include "Platform/Files/FileEvents.hpp"
 
 namespace vireline::macos {
 

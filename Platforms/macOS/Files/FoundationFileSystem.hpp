@@ -2,7 +2,7 @@
 /// user's language.
 #pragma once
 
-#include "Platform/FileSystem.hpp"
+#include "Platform/Files/FileSystem.hpp"
 
 namespace vireline::macos {
 

@@ -1,7 +1,7 @@
 /// Moves files to the user's Trash with NSFileManager.
 #pragma once
 
-#include "Platform/Trash.hpp"
+#include "Platform/Files/Trash.hpp"
 
 #import <dispatch/dispatch.h>
 

@@ -1,7 +1,7 @@
 /// The user's folders, according to NSFileManager.
 #pragma once
 
-#include "Platform/UserFolders.hpp"
+#include "Platform/Files/UserFolders.hpp"
 
 namespace vireline::macos {
 

@@ -1,7 +1,7 @@
 /// An NSImage behind the kit's image handle.
 #pragma once
 
-#include "Platform/Icons.hpp"
+#include "Platform/Applications/Icons.hpp"
 
 #import <AppKit/AppKit.h>
 

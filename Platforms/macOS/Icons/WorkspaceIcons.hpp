@@ -1,7 +1,7 @@
 /// The system's icons, named images and symbols.
 #pragma once
 
-#include "Platform/Icons.hpp"
+#include "Platform/Applications/Icons.hpp"
 
 namespace vireline::macos {
 

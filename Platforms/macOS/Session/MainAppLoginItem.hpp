@@ -1,7 +1,7 @@
 /// Launching at login, through the system's list of login items.
 #pragma once
 
-#include "Platform/LoginItemService.hpp"
+#include "Platform/Desktop/LoginItemService.hpp"
 
 namespace vireline::macos {
 

@@ -1,7 +1,7 @@
 /// The statuses of a login item, with the system's values.
 #pragma once
 
-#include "Platform/LoginItemService.hpp"
+#include "Platform/Desktop/LoginItemService.hpp"
 
 namespace vireline::macos::LoginItemStatuses {
 

@@ -4,7 +4,7 @@
 
 #include "Foundation/NonCopyable.hpp"
 #include "Translation/HostedView.hpp"
-#include "Views/PointerTracker.hpp"
+#include "Views/Input/PointerTracker.hpp"
 
 #include <optional>
 #include <string>

@@ -1,7 +1,7 @@
 /// Converts what the system reports of a process into the kit's types.
 #pragma once
 
-#include "Platform/RunningApplications.hpp"
+#include "Platform/Applications/RunningApplications.hpp"
 
 namespace vireline::macos::ProcessFacts {
 

@@ -1,7 +1,7 @@
 /// The events of a pointer tap, with the system's values.
 #pragma once
 
-#include "Platform/PointerTap.hpp"
+#include "Platform/Desktop/PointerTap.hpp"
 
 #include <cstdint>
 #include <optional>

@@ -1,7 +1,7 @@
 /// Converts what the system reports of an open file into the kit's file events.
 #pragma once
 
-#include "Platform/FileEvents.hpp"
+#include "Platform/Files/FileEvents.hpp"
 
 namespace vireline::macos::VnodeEvents {
 

@@ -1,8 +1,8 @@
 /// The real adapters that the contract tests use on Linux.
 #pragma once
 
-#include "Files/InotifyFileEvents.hpp"
 #include "Files/PosixFileSystem.hpp"
+#include "Files/Watching/InotifyFileEvents.hpp"
 #include "Linux/EventLoop.hpp"
 #include "Toolkit/QtRunLoop.hpp"
 

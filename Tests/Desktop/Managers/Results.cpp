@@ -1,6 +1,6 @@
 #include "Results.hpp"
 
-#include "VirtualDesktop/Home.hpp"
+#include "VirtualDesktop/Session/Home.hpp"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 /// Bobbing dots, and sizes that change in the middle of an animation.
 #include "Kit/Views/AnimatorScenes.hpp"
-#include "Views/Animator.hpp"
+#include "Views/Contents/Animator.hpp"
 
 #include <gtest/gtest.h>
 

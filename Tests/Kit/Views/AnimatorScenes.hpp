@@ -1,7 +1,7 @@
 /// Small scenes for the animator's tests.
 #pragma once
 
-#include "Views/Animator.hpp"
+#include "Views/Contents/Animator.hpp"
 
 #include <cstdint>
 #include <utility>

@@ -1,5 +1,5 @@
 #include "Kit/Views/AnimatorScenes.hpp"
-#include "Views/Animator.hpp"
+#include "Views/Contents/Animator.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "Views/DemoCursor.hpp"
+#include "Views/Input/DemoCursor.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "Support/FakeApplications.hpp"
-#include "Views/DockScene.hpp"
+#include "Views/Contents/DockScene.hpp"
 
 #include <gtest/gtest.h>
 

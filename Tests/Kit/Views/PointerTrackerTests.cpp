@@ -1,4 +1,4 @@
-#include "Views/PointerTracker.hpp"
+#include "Views/Input/PointerTracker.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "Linux/EventLoop.hpp"
-#include "Panels/FrameClock.hpp"
+#include "Panels/Picture/FrameClock.hpp"
 
 #include <gtest/gtest.h>
 

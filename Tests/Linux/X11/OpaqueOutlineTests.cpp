@@ -1,4 +1,4 @@
-#include "Panels/OpaqueOutline.hpp"
+#include "Panels/Picture/OpaqueOutline.hpp"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 /// pointer, finds the window under it that accepts drags, and communicates with that window.
 #include "VirtualDesktop/DragSource.hpp"
 
-#include "VirtualDesktop/Home.hpp"
-#include "VirtualDesktop/PixelGeometry.hpp"
+#include "VirtualDesktop/Screen/PixelGeometry.hpp"
+#include "VirtualDesktop/Session/Home.hpp"
 
 #include <poll.h>
 

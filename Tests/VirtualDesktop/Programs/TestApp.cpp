@@ -1,6 +1,6 @@
 /// A small X program that plays the apps and panels on the virtual desktop. Its arguments tell what
 /// it does besides opening a window.
-#include "VirtualDesktop/XClient.hpp"
+#include "VirtualDesktop/Screen/XClient.hpp"
 
 #include <poll.h>
 #include <unistd.h>

@@ -2,9 +2,9 @@
 
 #include "Desktop/DesktopNames.hpp"
 #include "Desktop/LinuxWords.hpp"
-#include "Icons/ChosenIconTheme.hpp"
-#include "Platform/PointerTap.hpp"
-#include "Platform/Screens.hpp"
+#include "Icons/Themes/ChosenIconTheme.hpp"
+#include "Platform/Desktop/PointerTap.hpp"
+#include "Platform/Desktop/Screens.hpp"
 #include "WindowSystem/WindowSystem.hpp"
 
 #include <string>

@@ -5,7 +5,7 @@
 
 #include "Foundation/CallbackList.hpp"
 #include "Foundation/NonCopyable.hpp"
-#include "Platform/LauncherAnnouncements.hpp"
+#include "Platform/Applications/LauncherAnnouncements.hpp"
 
 #include <functional>
 #include <map>

@@ -4,7 +4,7 @@
 
 #include "Applications/ClientWindows/ClientWindow.hpp"
 #include "Foundation/NonCopyable.hpp"
-#include "Platform/Accessibility.hpp"
+#include "Platform/Applications/Accessibility.hpp"
 
 #include <memory>
 #include <optional>

@@ -2,10 +2,10 @@
 
 #include "Applications/Entries/DesktopEntryFiles.hpp"
 #include "Applications/Entries/WellKnownApplications.hpp"
-#include "Applications/Identity/PlainText.hpp"
 #include "Files/BoundedFile.hpp"
-#include "Files/StartLog.hpp"
+#include "Files/Log/StartLog.hpp"
 #include "GLib/GLibHandles.hpp"
+#include "Text/PlainText.hpp"
 
 #include <gio/gdesktopappinfo.h>
 

@@ -7,7 +7,7 @@
 #include "Foundation/CallbackList.hpp"
 #include "Foundation/Lifetime.hpp"
 #include "Foundation/NonCopyable.hpp"
-#include "Platform/ApplicationCatalog.hpp"
+#include "Platform/Applications/ApplicationCatalog.hpp"
 #include "Platform/RunLoop.hpp"
 
 #include <functional>

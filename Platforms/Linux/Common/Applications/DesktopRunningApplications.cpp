@@ -2,8 +2,8 @@
 
 #include "Applications/ClientWindows/AppWindows.hpp"
 #include "Applications/Identity/AppIdentity.hpp"
-#include "Applications/Identity/PlainText.hpp"
 #include "Applications/Identity/ProcessFacts.hpp"
+#include "Text/PlainText.hpp"
 
 #include <algorithm>
 #include <iterator>

@@ -4,16 +4,16 @@
 
 #include "Applications/ClientWindows/AppGroups.hpp"
 #include "Applications/ClientWindows/HiddenWindows.hpp"
+#include "Applications/ClientWindows/WindowIconSource.hpp"
 #include "Applications/ClientWindows/WindowList.hpp"
 #include "Applications/DesktopEntryCatalog.hpp"
 #include "Applications/Launching/LaunchTracker.hpp"
 #include "Applications/Launching/StartupNotices.hpp"
-#include "Applications/WindowIconSource.hpp"
 #include "Foundation/CallbackList.hpp"
 #include "Foundation/Lifetime.hpp"
 #include "Foundation/NonCopyable.hpp"
+#include "Platform/Applications/RunningApplications.hpp"
 #include "Platform/RunLoop.hpp"
-#include "Platform/RunningApplications.hpp"
 
 #include <cstdint>
 #include <functional>

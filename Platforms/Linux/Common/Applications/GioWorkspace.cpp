@@ -1,8 +1,8 @@
 #include "Applications/GioWorkspace.hpp"
 
-#include "Applications/Identity/PlainText.hpp"
 #include "Desktop/DesktopNames.hpp"
 #include "Foundation/DevLog.hpp"
+#include "Text/PlainText.hpp"
 
 #include <algorithm>
 #include <filesystem>

@@ -7,9 +7,9 @@
 #include "Applications/Launching/Launcher.hpp"
 #include "Applications/Launching/StartupNotices.hpp"
 #include "Foundation/Lifetime.hpp"
-#include "Platform/PointerSettings.hpp"
-#include "Platform/UserFolders.hpp"
-#include "Platform/Workspace.hpp"
+#include "Platform/Applications/Workspace.hpp"
+#include "Platform/Desktop/PointerSettings.hpp"
+#include "Platform/Files/UserFolders.hpp"
 
 #include <string>
 #include <vector>

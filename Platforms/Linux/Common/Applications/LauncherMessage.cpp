@@ -1,8 +1,8 @@
 #include "Applications/LauncherMessage.hpp"
 
 #include "Applications/Entries/DesktopEntry.hpp"
-#include "Applications/Identity/PlainText.hpp"
 #include "GLib/GLibHandles.hpp"
+#include "Text/PlainText.hpp"
 
 #include <algorithm>
 #include <cstdint>

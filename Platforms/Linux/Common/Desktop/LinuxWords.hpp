@@ -2,7 +2,7 @@
 /// desktop names its parts differently.
 #pragma once
 
-#include "Platform/DesktopWords.hpp"
+#include "Platform/Desktop/DesktopWords.hpp"
 
 namespace vireline::xdg {
 

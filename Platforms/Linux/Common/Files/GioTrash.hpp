@@ -1,7 +1,7 @@
 /// The freedesktop.org Trash through GIO, which picks the trash folder of the file's own volume.
 #pragma once
 
-#include "Platform/Trash.hpp"
+#include "Platform/Files/Trash.hpp"
 
 namespace vireline::xdg {
 

@@ -1,7 +1,7 @@
 /// Files through plain system calls. Errors carry errno and read "<path>: <system error message>".
 #pragma once
 
-#include "Platform/FileSystem.hpp"
+#include "Platform/Files/FileSystem.hpp"
 
 namespace vireline::xdg {
 

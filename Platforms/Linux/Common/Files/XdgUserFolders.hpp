@@ -2,7 +2,7 @@
 /// at start-up.
 #pragma once
 
-#include "Platform/UserFolders.hpp"
+#include "Platform/Files/UserFolders.hpp"
 
 namespace vireline::xdg {
 

@@ -2,7 +2,7 @@
 /// the few sizes in use.
 #pragma once
 
-#include "Platform/Icons.hpp"
+#include "Platform/Applications/Icons.hpp"
 
 #include <QImage>
 #include <functional>

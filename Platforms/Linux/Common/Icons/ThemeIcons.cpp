@@ -1,12 +1,12 @@
 #include "Icons/ThemeIcons.hpp"
 
+#include "Applications/ClientWindows/WindowIconSource.hpp"
 #include "Applications/DesktopEntryCatalog.hpp"
-#include "Applications/Identity/PlainText.hpp"
-#include "Applications/WindowIconSource.hpp"
-#include "Files/StartLog.hpp"
+#include "Files/Log/StartLog.hpp"
 #include "Icons/DrawnIcons.hpp"
 #include "Icons/IconImage.hpp"
 #include "Icons/ImageFile.hpp"
+#include "Text/PlainText.hpp"
 
 #include <glib.h>
 

@@ -4,8 +4,8 @@
 
 #include "Foundation/CallbackList.hpp"
 #include "Foundation/NonCopyable.hpp"
-#include "Icons/IconTheme.hpp"
-#include "Platform/Icons.hpp"
+#include "Icons/Themes/IconTheme.hpp"
+#include "Platform/Applications/Icons.hpp"
 
 #include <QImage>
 #include <functional>

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "Painting/DockColors.hpp"
-#include "Painting/Pixels.hpp"
-#include "Painting/ViewMapping.hpp"
+#include "Painting/Pixels/Pixels.hpp"
+#include "Painting/Pixels/ViewMapping.hpp"
 
 #include <QImage>
 #include <QSize>

@@ -2,7 +2,7 @@
 /// and a light line inside it.
 #pragma once
 
-#include "Painting/Pixels.hpp"
+#include "Painting/Pixels/Pixels.hpp"
 
 #include <QColor>
 #include <QImage>

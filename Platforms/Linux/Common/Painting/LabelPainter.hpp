@@ -3,8 +3,8 @@
 #pragma once
 
 #include "Painting/DockColors.hpp"
-#include "Painting/Pixels.hpp"
-#include "Painting/ViewMapping.hpp"
+#include "Painting/Pixels/Pixels.hpp"
+#include "Painting/Pixels/ViewMapping.hpp"
 #include "Presentation/Scene.hpp"
 
 #include <QFont>

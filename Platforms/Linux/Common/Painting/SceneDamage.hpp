@@ -1,8 +1,8 @@
 /// Computes which pixels differ between two scenes.
 #pragma once
 
-#include "Painting/Damage.hpp"
-#include "Painting/ViewMapping.hpp"
+#include "Painting/Pixels/Damage.hpp"
+#include "Painting/Pixels/ViewMapping.hpp"
 #include "Presentation/Scene.hpp"
 
 #include <span>

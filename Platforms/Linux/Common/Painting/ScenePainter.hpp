@@ -5,10 +5,10 @@
 #include "Painting/DockColors.hpp"
 #include "Painting/Glass.hpp"
 #include "Painting/LabelPainter.hpp"
-#include "Painting/Pixels.hpp"
+#include "Painting/Pixels/Pixels.hpp"
+#include "Painting/Pixels/SmoothScaler.hpp"
 #include "Painting/RoundedShapes.hpp"
 #include "Painting/SceneDamage.hpp"
-#include "Painting/SmoothScaler.hpp"
 
 #include <QPainterPath>
 #include <QRect>

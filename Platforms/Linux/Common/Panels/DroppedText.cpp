@@ -1,7 +1,7 @@
 #include "Panels/DroppedText.hpp"
 
-#include "Files/TextLines.hpp"
 #include "Foundation/FileURL.hpp"
+#include "Text/TextLines.hpp"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "Panels/PanelPicture.hpp"
 
-#include "Painting/Pixels.hpp"
+#include "Painting/Pixels/Pixels.hpp"
 #include "Painting/SceneDamage.hpp"
 
 #include <QPolygon>

@@ -2,10 +2,10 @@
 /// changed, and into the regions that the window needs.
 #pragma once
 
-#include "Painting/Damage.hpp"
 #include "Painting/DockColors.hpp"
+#include "Painting/Pixels/Damage.hpp"
+#include "Painting/Pixels/ViewMapping.hpp"
 #include "Painting/ScenePainter.hpp"
-#include "Painting/ViewMapping.hpp"
 #include "Presentation/Scene.hpp"
 
 #include <QImage>

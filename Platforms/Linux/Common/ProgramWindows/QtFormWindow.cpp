@@ -1,6 +1,6 @@
 #include "ProgramWindows/QtFormWindow.hpp"
 
-#include "Platform/MotionSettings.hpp"
+#include "Platform/Desktop/MotionSettings.hpp"
 #include "ProgramWindows/Pages/PageScroller.hpp"
 
 namespace vireline::xdg {

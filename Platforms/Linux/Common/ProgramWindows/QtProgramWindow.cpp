@@ -1,7 +1,7 @@
 #include "ProgramWindows/QtProgramWindow.hpp"
 
-#include "ProgramWindows/ProgramIcon.hpp"
-#include "ProgramWindows/WindowPalette.hpp"
+#include "ProgramWindows/Style/ProgramIcon.hpp"
+#include "ProgramWindows/Style/WindowPalette.hpp"
 #include "Toolkit/Appearance.hpp"
 #include "Toolkit/QtApplication.hpp"
 

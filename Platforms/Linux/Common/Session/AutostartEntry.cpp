@@ -1,8 +1,8 @@
 #include "Session/AutostartEntry.hpp"
 
 #include "Applications/Entries/AppCommand.hpp"
-#include "Applications/Identity/PlainText.hpp"
 #include "GLib/GLibHandles.hpp"
+#include "Text/PlainText.hpp"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,8 +1,8 @@
 #include "Session/AutostartLoginItem.hpp"
 
-#include "Applications/Identity/PlainText.hpp"
 #include "GLib/GLibHandles.hpp"
 #include "Session/AutostartEntry.hpp"
+#include "Text/PlainText.hpp"
 
 #include <unistd.h>
 

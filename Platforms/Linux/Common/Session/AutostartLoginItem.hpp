@@ -4,8 +4,8 @@
 #pragma once
 
 #include "Foundation/FileURL.hpp"
-#include "Platform/FileSystem.hpp"
-#include "Platform/LoginItemService.hpp"
+#include "Platform/Desktop/LoginItemService.hpp"
+#include "Platform/Files/FileSystem.hpp"
 
 #include <string>
 #include <vector>

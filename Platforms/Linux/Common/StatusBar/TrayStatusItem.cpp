@@ -1,7 +1,7 @@
 #include "StatusBar/TrayStatusItem.hpp"
 
-#include "Icons/IconTheme.hpp"
-#include "ProgramWindows/Symbols.hpp"
+#include "Icons/Themes/IconTheme.hpp"
+#include "ProgramWindows/Style/Symbols.hpp"
 #include "Toolkit/Appearance.hpp"
 
 #include <utility>

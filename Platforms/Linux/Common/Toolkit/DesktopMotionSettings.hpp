@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Desktop/SettingsDaemon.hpp"
-#include "Platform/MotionSettings.hpp"
+#include "Platform/Desktop/MotionSettings.hpp"
 
 namespace vireline::xdg {
 

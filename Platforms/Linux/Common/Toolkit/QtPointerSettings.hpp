@@ -1,7 +1,7 @@
 /// The desktop's pointer settings, as Qt reports them.
 #pragma once
 
-#include "Platform/PointerSettings.hpp"
+#include "Platform/Desktop/PointerSettings.hpp"
 
 #include <QGuiApplication>
 #include <QStyleHints>

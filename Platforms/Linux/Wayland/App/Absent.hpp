@@ -3,7 +3,7 @@
 
 #include "Applications/ClientWindows/WindowList.hpp"
 #include "Desktop/SettingsDaemon.hpp"
-#include "Platform/PointerTap.hpp"
+#include "Platform/Desktop/PointerTap.hpp"
 
 namespace vireline::wayland {
 

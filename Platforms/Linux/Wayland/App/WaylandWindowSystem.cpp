@@ -3,13 +3,13 @@
 #include "ClientWindows/PlasmaWindowList.hpp"
 #include "ClientWindows/WlrWindowList.hpp"
 #include "Compositors/CompositorAccessibility.hpp"
-#include "Compositors/KWinPlacer.hpp"
-#include "Compositors/SwayPlacer.hpp"
-#include "Compositors/SwayWindowList.hpp"
+#include "Compositors/KWin/KWinPlacer.hpp"
+#include "Compositors/Sway/SwayPlacer.hpp"
+#include "Compositors/Sway/SwayWindowList.hpp"
 #include "Connection/QtNative.hpp"
 #include "GLib/SessionBus.hpp"
 #include "Panels/LayerPanelWindows.hpp"
-#include "Panels/PointerMenu.hpp"
+#include "Panels/Menus/PointerMenu.hpp"
 #include "StatusBar/SystemTray.hpp"
 
 #include <unistd.h>

@@ -1,6 +1,6 @@
 #include "App/WaylandWords.hpp"
 
-#include "Platform/DesktopWords.hpp"
+#include "Platform/Desktop/DesktopWords.hpp"
 
 namespace vireline::wayland::WaylandWords {
 

@@ -1,7 +1,7 @@
 #include "ClientWindows/PlasmaWindowList.hpp"
 
-#include "Applications/Identity/PlainText.hpp"
 #include "Connection/EventText.hpp"
+#include "Text/PlainText.hpp"
 
 #include <plasma-window-management-client-protocol.h>
 #include <wayland-client.h>

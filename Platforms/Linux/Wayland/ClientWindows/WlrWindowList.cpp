@@ -1,7 +1,7 @@
 #include "ClientWindows/WlrWindowList.hpp"
 
-#include "Applications/Identity/PlainText.hpp"
 #include "Connection/EventText.hpp"
+#include "Text/PlainText.hpp"
 
 #include <wayland-client.h>
 #include <wlr-foreign-toplevel-management-unstable-v1-client-protocol.h>

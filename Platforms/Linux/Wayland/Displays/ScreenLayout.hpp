@@ -3,7 +3,7 @@
 #pragma once
 
 #include "Foundation/Geometry.hpp"
-#include "Platform/Screens.hpp"
+#include "Platform/Desktop/Screens.hpp"
 
 #include <QRect>
 #include <QRectF>

@@ -1,7 +1,7 @@
 /// Where sway puts the workspaces that it shows, which is what panels leave free of its outputs.
 #pragma once
 
-#include "Compositors/SwayConnection.hpp"
+#include "Compositors/Sway/SwayConnection.hpp"
 #include "Foundation/NonCopyable.hpp"
 
 #include <QRect>

@@ -6,7 +6,7 @@
 #include "Displays/SwayWorkspaces.hpp"
 #include "Foundation/CallbackList.hpp"
 #include "Foundation/NonCopyable.hpp"
-#include "Platform/Screens.hpp"
+#include "Platform/Desktop/Screens.hpp"
 
 #include <QObject>
 #include <QRectF>

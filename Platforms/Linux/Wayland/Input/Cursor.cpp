@@ -1,9 +1,9 @@
 #include "Input/Cursor.hpp"
 
 #include "Connection/WaylandConnection.hpp"
-#include "Icons/IconTheme.hpp"
+#include "Icons/Themes/IconTheme.hpp"
 #include "Input/CursorTheme.hpp"
-#include "Painting/Pixels.hpp"
+#include "Painting/Pixels/Pixels.hpp"
 
 #include <wayland-client.h>
 

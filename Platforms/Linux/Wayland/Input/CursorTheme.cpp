@@ -1,7 +1,7 @@
 #include "Input/CursorTheme.hpp"
 
 #include "Files/BoundedFile.hpp"
-#include "Icons/IconThemeIndex.hpp"
+#include "Icons/Themes/IconThemeIndex.hpp"
 
 #include <algorithm>
 #include <bit>

@@ -1,7 +1,7 @@
 /// What the user does with a dock's window: the pointer, keys, drags and menus.
 #include "Displays/WaylandScreens.hpp"
-#include "Panels/DockContext.hpp"
 #include "Panels/LayerPanelWindow.hpp"
+#include "Panels/Surfaces/DockContext.hpp"
 
 #include <QKeyEvent>
 #include <QMenu>

@@ -1,7 +1,7 @@
 #include "Panels/LayerPanelWindow.hpp"
 
 #include "Displays/WaylandScreens.hpp"
-#include "Panels/DockContext.hpp"
+#include "Panels/Surfaces/DockContext.hpp"
 #include "Platform/PanelTitles.hpp"
 #include "Toolkit/Appearance.hpp"
 

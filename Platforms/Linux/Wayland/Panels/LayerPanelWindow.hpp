@@ -5,15 +5,15 @@
 #include "Foundation/Lifetime.hpp"
 #include "Foundation/ScopedHandle.hpp"
 #include "Input/SurfaceInput.hpp"
-#include "Painting/ViewMapping.hpp"
+#include "Painting/Pixels/ViewMapping.hpp"
 #include "Panels/Accessible/AccessibleDock.hpp"
-#include "Panels/DockMenu.hpp"
-#include "Panels/DockSurface.hpp"
-#include "Panels/InvisibleSurface.hpp"
-#include "Panels/LayerPicture.hpp"
+#include "Panels/Menus/DockMenu.hpp"
+#include "Panels/Picture/LayerPicture.hpp"
+#include "Panels/Surfaces/DockSurface.hpp"
+#include "Panels/Surfaces/InvisibleSurface.hpp"
 #include "Platform/PanelWindow.hpp"
 #include "Toolkit/PopUpMenu.hpp"
-#include "Views/PointerTracker.hpp"
+#include "Views/Input/PointerTracker.hpp"
 
 #include <QTimer>
 #include <QWindow>

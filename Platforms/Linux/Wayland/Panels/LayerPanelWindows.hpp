@@ -1,7 +1,7 @@
 /// Creates the docks' windows on Wayland and owns what they share.
 #pragma once
 
-#include "Panels/DockContext.hpp"
+#include "Panels/Surfaces/DockContext.hpp"
 #include "Platform/PanelWindow.hpp"
 
 #include <QTimer>

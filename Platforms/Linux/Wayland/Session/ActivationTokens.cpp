@@ -1,7 +1,7 @@
 #include "Session/ActivationTokens.hpp"
 
-#include "Applications/Identity/PlainText.hpp"
 #include "Connection/EventText.hpp"
+#include "Text/PlainText.hpp"
 
 #include <unistd.h>
 #include <xdg-activation-v1-client-protocol.h>

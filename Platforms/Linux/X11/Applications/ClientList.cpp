@@ -2,7 +2,7 @@
 
 #include "Connection/PropertyBatch.hpp"
 #include "Connection/XcbWindows.hpp"
-#include "Files/StartLog.hpp"
+#include "Files/Log/StartLog.hpp"
 
 #include <unistd.h>
 

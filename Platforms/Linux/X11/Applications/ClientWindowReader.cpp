@@ -1,9 +1,9 @@
 #include "Applications/ClientWindowReader.hpp"
 
 #include "Applications/Identity/HostName.hpp"
-#include "Applications/Identity/PlainText.hpp"
 #include "Connection/PropertyBatch.hpp"
 #include "Connection/XcbWindows.hpp"
+#include "Text/PlainText.hpp"
 
 #include <xcb/res.h>
 

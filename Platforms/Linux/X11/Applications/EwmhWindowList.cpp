@@ -1,8 +1,8 @@
 #include "Applications/EwmhWindowList.hpp"
 
-#include "Applications/Identity/PlainText.hpp"
 #include "Applications/WindowIcons.hpp"
 #include "Connection/PropertyBatch.hpp"
+#include "Text/PlainText.hpp"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 /// Parses the property `_NET_WM_ICON`, which any client can fill with arbitrary data.
 #pragma once
 
-#include "Applications/WindowIconSource.hpp"
+#include "Applications/ClientWindows/WindowIconSource.hpp"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include "Displays/DisplayGeometry.hpp"
 
-#include "Painting/NearestPixel.hpp"
+#include "Painting/Pixels/NearestPixel.hpp"
 
 #include <algorithm>
 #include <cmath>

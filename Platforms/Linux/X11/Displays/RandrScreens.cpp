@@ -1,7 +1,7 @@
 #include "Displays/RandrScreens.hpp"
 
 #include "Connection/X11Connection.hpp"
-#include "Files/StartLog.hpp"
+#include "Files/Log/StartLog.hpp"
 
 #include <xcb/randr.h>
 

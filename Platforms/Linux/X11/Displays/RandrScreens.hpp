@@ -7,7 +7,7 @@
 #include "Displays/StrutWindows.hpp"
 #include "Foundation/CallbackList.hpp"
 #include "Foundation/NonCopyable.hpp"
-#include "Platform/Screens.hpp"
+#include "Platform/Desktop/Screens.hpp"
 #include "Session/SleepWatch.hpp"
 
 #include <QObject>

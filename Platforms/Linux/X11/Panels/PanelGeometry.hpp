@@ -3,7 +3,7 @@
 
 #include "Connection/PixelRect.hpp"
 #include "Displays/DisplayGeometry.hpp"
-#include "Painting/ViewMapping.hpp"
+#include "Painting/Pixels/ViewMapping.hpp"
 #include "Panels/PanelPicture.hpp"
 #include "Platform/PanelWindow.hpp"
 

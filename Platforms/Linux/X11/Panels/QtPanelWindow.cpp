@@ -4,8 +4,8 @@
 #include "Displays/MenuPlacement.hpp"
 #include "Displays/QtCoordinates.hpp"
 #include "Displays/RandrScreens.hpp"
-#include "Panels/DesktopWatch.hpp"
-#include "Panels/DockHints.hpp"
+#include "Panels/Context/DesktopWatch.hpp"
+#include "Panels/Keeping/DockHints.hpp"
 #include "Platform/PanelTitles.hpp"
 #include "Toolkit/Appearance.hpp"
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Connection/DrawingConnection.hpp"
-#include "Panels/DesktopWatch.hpp"
+#include "Panels/Context/DesktopWatch.hpp"
 #include "Platform/PanelWindow.hpp"
 
 #include <QTimer>

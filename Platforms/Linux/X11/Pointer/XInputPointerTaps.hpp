@@ -3,7 +3,7 @@
 /// already moved it, but for less time than a frame.
 #pragma once
 
-#include "Platform/PointerTap.hpp"
+#include "Platform/Desktop/PointerTap.hpp"
 
 namespace vireline::x11 {
 

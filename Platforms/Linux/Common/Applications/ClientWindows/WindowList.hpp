@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Applications/ClientWindows/ClientWindow.hpp"
-#include "Applications/WindowIconSource.hpp"
+#include "Applications/ClientWindows/WindowIconSource.hpp"
 #include "Foundation/ScopedHandle.hpp"
 
 #include <cstdint>

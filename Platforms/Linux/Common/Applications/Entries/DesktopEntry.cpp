@@ -1,7 +1,7 @@
 #include "Applications/Entries/DesktopEntry.hpp"
 
-#include "Applications/Identity/PlainText.hpp"
 #include "GLib/GLibHandles.hpp"
+#include "Text/PlainText.hpp"
 
 #include <algorithm>
 #include <utility>

@@ -1,7 +1,7 @@
 #include "Applications/Entries/DesktopEntryFiles.hpp"
 
-#include "Applications/Identity/PlainText.hpp"
 #include "Files/BoundedFile.hpp"
+#include "Text/PlainText.hpp"
 
 #include <sys/stat.h>
 #include <unistd.h>

@@ -1,6 +1,6 @@
 #include "Applications/Entries/DesktopEntryIndex.hpp"
 
-#include "Applications/Identity/PlainText.hpp"
+#include "Text/PlainText.hpp"
 
 #include <algorithm>
 #include <string>

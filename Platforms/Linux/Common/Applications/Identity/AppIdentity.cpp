@@ -1,7 +1,7 @@
 #include "Applications/Identity/AppIdentity.hpp"
 
 #include "Applications/Identity/ExecMatching.hpp"
-#include "Applications/Identity/PlainText.hpp"
+#include "Text/PlainText.hpp"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,8 @@
 #include "Applications/Identity/ProcessFacts.hpp"
 
-#include "Applications/Identity/PlainText.hpp"
 #include "Files/BoundedFile.hpp"
-#include "Files/TextLines.hpp"
+#include "Text/PlainText.hpp"
+#include "Text/TextLines.hpp"
 
 #include <unistd.h>
 

@@ -1,6 +1,6 @@
 #include "Applications/Identity/WindowTraits.hpp"
 
-#include "Applications/Identity/PlainText.hpp"
+#include "Text/PlainText.hpp"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "ProgramWindows/Controls/SegmentedControl.hpp"
 
 #include "ProgramWindows/Controls/Painting.hpp"
-#include "ProgramWindows/WindowPalette.hpp"
+#include "ProgramWindows/Style/WindowPalette.hpp"
 
 #include <QHBoxLayout>
 #include <QSignalBlocker>

@@ -3,7 +3,7 @@
 #include "ProgramWindows/Controls/PushButton.hpp"
 #include "ProgramWindows/Controls/SymbolView.hpp"
 #include "ProgramWindows/Controls/TextLabel.hpp"
-#include "ProgramWindows/WindowPalette.hpp"
+#include "ProgramWindows/Style/WindowPalette.hpp"
 
 #include <QEvent>
 #include <QHBoxLayout>

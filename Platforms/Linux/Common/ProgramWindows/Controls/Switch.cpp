@@ -1,7 +1,7 @@
 #include "ProgramWindows/Controls/Switch.hpp"
 
 #include "ProgramWindows/Controls/Painting.hpp"
-#include "ProgramWindows/WindowPalette.hpp"
+#include "ProgramWindows/Style/WindowPalette.hpp"
 
 #include <QSignalBlocker>
 

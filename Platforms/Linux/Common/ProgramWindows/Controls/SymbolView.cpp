@@ -1,8 +1,8 @@
 #include "ProgramWindows/Controls/SymbolView.hpp"
 
 #include "ProgramWindows/Controls/Painting.hpp"
-#include "ProgramWindows/Symbols.hpp"
-#include "ProgramWindows/WindowPalette.hpp"
+#include "ProgramWindows/Style/Symbols.hpp"
+#include "ProgramWindows/Style/WindowPalette.hpp"
 
 #include <cmath>
 

@@ -6,7 +6,7 @@
 #include "ProgramWindows/Controls/SymbolView.hpp"
 #include "ProgramWindows/Controls/TextLabel.hpp"
 #include "ProgramWindows/Controls/WidgetFactory.hpp"
-#include "ProgramWindows/ProgramIcon.hpp"
+#include "ProgramWindows/Style/ProgramIcon.hpp"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>

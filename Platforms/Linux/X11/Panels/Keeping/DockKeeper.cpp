@@ -2,10 +2,10 @@
 
 #include "Connection/X11Connection.hpp"
 #include "Displays/RandrScreens.hpp"
-#include "Panels/DesktopWatch.hpp"
-#include "Panels/DockHints.hpp"
+#include "Panels/Context/DesktopWatch.hpp"
+#include "Panels/Context/PanelContext.hpp"
 #include "Panels/Keeping/DockCover.hpp"
-#include "Panels/PanelContext.hpp"
+#include "Panels/Keeping/DockHints.hpp"
 
 #include <algorithm>
 #include <chrono>

@@ -5,7 +5,7 @@
 #include "Foundation/NonCopyable.hpp"
 #include "Panels/Keeping/DockKeeping.hpp"
 #include "Panels/Keeping/StackKeeper.hpp"
-#include "Panels/WindowPlace.hpp"
+#include "Panels/Keeping/WindowPlace.hpp"
 
 #include <xcb/xcb.h>
 

@@ -1,6 +1,6 @@
 #include "Panels/Pointer/PanelPointer.hpp"
 
-#include "Panels/PanelContext.hpp"
+#include "Panels/Context/PanelContext.hpp"
 #include "Panels/Pointer/PointerQuery.hpp"
 
 namespace vireline::x11 {

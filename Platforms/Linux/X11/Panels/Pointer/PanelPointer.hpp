@@ -4,7 +4,7 @@
 
 #include "Panels/Pointer/PointerSampler.hpp"
 #include "Platform/PanelWindow.hpp"
-#include "Views/PointerTracker.hpp"
+#include "Views/Input/PointerTracker.hpp"
 
 #include <xcb/xcb.h>
 

@@ -2,7 +2,7 @@
 
 #include "Connection/DrawingConnection.hpp"
 #include "Connection/X11Connection.hpp"
-#include "Panels/PanelContext.hpp"
+#include "Panels/Context/PanelContext.hpp"
 
 #include <xcb/xinput.h>
 
