@@ -4,9 +4,9 @@
 #pragma once
 
 #include "Foundation/NonCopyable.hpp"
-#include "VirtualDesktop/Docks/DockWindows.hpp"
 #include "VirtualDesktop/Processes/ChildProcess.hpp"
 #include "VirtualDesktop/Screen/Colour.hpp"
+#include "VirtualDesktop/Screen/DockWindow.hpp"
 #include "VirtualDesktop/Screen/Monitors.hpp"
 #include "VirtualDesktop/Screen/Picture.hpp"
 #include "VirtualDesktop/Screen/XClient.hpp"

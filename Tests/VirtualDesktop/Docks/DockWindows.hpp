@@ -1,27 +1,15 @@
 /// The docks on the screen, recognised by their titles.
 #pragma once
 
+#include "VirtualDesktop/Screen/DockWindow.hpp"
 #include "VirtualDesktop/Screen/PixelGeometry.hpp"
 #include "VirtualDesktop/Screen/XClient.hpp"
 
 #include <cstdint>
-#include <ostream>
 #include <string>
 #include <vector>
 
 namespace vireline::desktop {
-
-struct DockWindow {
-    std::uint32_t displayID = 0;
-    PixelRect frame;
-    xcb_window_t window = XCB_NONE;
-
-    bool operator==(const DockWindow&) const = default;
-};
-
-inline std::ostream& operator<<(std::ostream& out, const DockWindow& dock) {
-    return out << '#' << dock.displayID << ' ' << dock.frame;
-}
 
 class CompositorSession;
 
