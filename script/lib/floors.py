@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Checks the direction of includes: docs/architecture.md lists the folders of each part from top to bottom,
-and no folder may include a file of a folder above it. A part that stands below another or beside it may not
+and no folder may include a file of a folder above it. Below those, includes between a folder's own files and
+its subfolders may not form a cycle, at any depth. A part that stands below another or beside it may not
 include that one's files at all, nor the headers of libraries that only the other part may use.
 
     script/lib/floors.py
@@ -13,6 +14,8 @@ import sys
 DOCUMENT = pathlib.Path("docs/architecture.md")
 INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s+(["<][^">]+)[">]', re.MULTILINE)
 SUFFIXES = (".hpp", ".cpp", ".mm")
+# Of each step of a cycle.
+SHOWN = 8
 
 # Part: the parts whose files it may not include, and the headers that are for those parts only.
 LINUX = pathlib.Path("Platforms/Linux")
@@ -62,6 +65,58 @@ def complaints(part, folders):
                 yield f"{path}: includes {name}, which is above {folder}"
 
 
+def includes_in(root):
+    """Yields every include in a part of one of its own files, as two paths in that part."""
+    for path in sources_in(root):
+        for written in INCLUDE.findall(path.read_text()):
+            if written.startswith('"') and (root / written[1:]).exists():
+                yield path.relative_to(root), pathlib.PurePath(written[1:])
+
+
+def shortest_cycle(graph):
+    """The nodes of a cycle in {node: {node: anything}}, or nothing if there is none."""
+    shortest = []
+    for start in sorted(graph):
+        seen = set()
+        ways = [[start]]
+        for way in ways:  # Breadth first: grows as it goes.
+            for node in sorted(graph.get(way[-1], {})):
+                if node == start and (not shortest or len(way) < len(shortest)):
+                    shortest = way
+                if node not in seen:
+                    seen.add(node)
+                    ways.append([*way, node])
+    return shortest
+
+
+def cycles(part):
+    """Yields the includes of every cycle that a folder's own files and its subfolders form."""
+    root = pathlib.Path(part)
+    graphs = {}  # {folder: {subfolder: {subfolder: includes}}}; a folder's own files count as a subfolder.
+    for path, included in includes_in(root):
+        for folder in path.parents:
+            if folder == pathlib.PurePath() or folder not in included.parents:
+                continue
+            depth = len(folder.parts)
+            inside = [file.parts[depth] if len(file.parts) > depth + 1 else "" for file in (path, included)]
+            if inside[0] != inside[1]:
+                ways = graphs.setdefault(folder, {}).setdefault(inside[0], {})
+                ways.setdefault(inside[1], []).append(f"{root / path}: includes {included}")
+    for folder, graph in sorted(graphs.items()):
+        while cycle := shortest_cycle(graph):
+            names = [str(root / folder / name) for name in cycle]
+            yield f"{' -> '.join([*names, names[0]])} is a cycle:"
+            steps = list(zip(cycle, cycle[1:] + cycle[:1]))
+            for start, end in steps:
+                includes = graph[start][end]
+                yield from (f"    {line}" for line in includes[:SHOWN])
+                if len(includes) > SHOWN:
+                    yield f"    and {len(includes) - SHOWN} more from {folder / start} to {folder / end}"
+            # Most likely the wrong one; without it, other cycles are found.
+            start, end = min(steps, key=lambda step: len(graph[step[0]][step[1]]))
+            del graph[start][end]
+
+
 def complaints_between(part, closed, reserved):
     """Yields a line for every include in a part that only other parts may have."""
     root = pathlib.Path(part)
@@ -90,7 +145,7 @@ def main():
     parts = listed_folders()
     if not parts:
         sys.exit(f"{DOCUMENT} has no tables of folders")
-    found = [line for part, folders in parts.items() for line in complaints(part, folders)]
+    found = [line for part, folders in parts.items() for line in [*complaints(part, folders), *cycles(part)]]
     for part, (closed, reserved) in CLOSED.items():
         if part not in parts:
             found.append(f"{DOCUMENT}: has no table of {part}")
