@@ -11,7 +11,7 @@
 namespace vireline::x11 {
 namespace {
 
-constexpr const char* blurProperty = "_KDE_NET_WM_BLUR_BEHIND_REGION";
+constexpr const char* blurSupport = "_KDE_NET_WM_BLUR_BEHIND_REGION";
 
 }
 
@@ -63,7 +63,7 @@ void DesktopWatch::handle(const xcb_generic_event_t& event) {
         if (change.window != connection_.root())
             return;
         if (change.atom == connection_.atom("_NET_SUPPORTED") ||
-            change.atom == connection_.atom(blurProperty)) {
+            change.atom == connection_.atom(blurSupport)) {
             offer_.set(read());
         } else if (change.atom == connection_.atom("_NET_SUPPORTING_WM_CHECK") &&
                    change.state == XCB_PROPERTY_NEW_VALUE) {
@@ -94,7 +94,7 @@ DesktopOffer DesktopWatch::read() const {
 /// Compositors announce blur either in the list of features that the window manager supports, or by
 /// the mere presence of a property on the root window.
 bool DesktopWatch::announcesBlur() const {
-    const xcb_atom_t blur = connection_.atom(blurProperty);
+    const xcb_atom_t blur = connection_.atom(blurSupport);
     if (std::ranges::count(connection_.atoms(connection_.root(), "_NET_SUPPORTED"), blur) > 0)
         return true;
     const Owned<xcb_list_properties_reply_t> reply{xcb_list_properties_reply(
