@@ -18,9 +18,10 @@ MirrorSource::MirrorSource(const Platform& platform)
                platform.runLoop, lifetime_.guard([this] { scheduleEmit(); })) {}
 
 void MirrorSource::start() {
-    emit();
+    // Changes are observed first, so that none is missed while the first reading is shown.
     changes_ = preferences_.observeChanges(lifetime_.guard([this] { scheduleEmit(); }));
     watcher_.start();
+    emit();
 }
 
 void MirrorSource::scheduleEmit() {

@@ -38,6 +38,21 @@ TEST_F(MirrorSourceTest, ReadsAtOnceWhenItStarts) {
     EXPECT_EQ(log.messages(), Lines{"mirror: 2 pinned apps from Apple's Dock"});
 }
 
+TEST_F(MirrorSourceTest, ReadsAgainAfterAChangeDuringTheFirstReading) {
+    source->onChange = [this](const Apps& apps) {
+        readings.values.push_back(apps);
+        if (readings.count() == 1) {
+            platform.pin({});
+            platform.fileEvents.fire(plist, test::fileRemoved);
+        }
+    };
+    source->start();
+
+    platform.runLoop.advance(0.3);
+
+    EXPECT_EQ(readings.values, (std::vector<Apps>{{finder, mail}, {finder}}));
+}
+
 // Behaviour: mirror-source-1
 TEST_F(MirrorSourceTest, ReadsOnceAfterABurstOfSignals) {
     source->start();
