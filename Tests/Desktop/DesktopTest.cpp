@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <iostream>
 #include <sstream>
 #include <stdexcept>
 #include <string_view>
@@ -41,6 +42,8 @@ void DesktopTest::TearDown() {
         name.append(".").append(shortName(*manager));
     std::ranges::replace(name, '/', '-');
     desktop_->leaveEvidence(EVIDENCE_FOLDER, name);
+    // Where a build server runs the tests, its output is all that can be seen of them.
+    std::cout << "The program's log:\n" << readFile(desktop_->log().file()) << std::flush;
 }
 
 VirtualDesktop& DesktopTest::make(Options options) {
