@@ -158,10 +158,10 @@ TEST_F(LaunchOrderTest, IsAlwaysTheSame) {
                   "Vireline started pid=4711",
                   "> status item",
                   "anchor guard off",
+                  "> mirror follows",
                   "mirror: 1 pinned apps from Apple's Dock",
                   "reconcile screens=[1, 2] desired=[2] create=1 destroy=0 reframe=0",
                   "created panel #2 at (2769, 4, 222, 84) autoHide=false",
-                  "> mirror follows",
                   "> monitor follows",
                   "reconcile screens=[1, 2] desired=[2] create=0 destroy=0 reframe=0",
                   "> coordinator follows",
@@ -178,13 +178,14 @@ TEST_F(LaunchOrderTest, TheGuardIsSetUpBeforeTheListsAreRead) {
     delegate.applicationDidFinishLaunching();
 
     const auto lines = log.messages();
-    ASSERT_GE(lines.size(), 5U);
-    EXPECT_EQ(std::vector(lines.begin(), lines.begin() + 5),
+    ASSERT_GE(lines.size(), 6U);
+    EXPECT_EQ(std::vector(lines.begin(), lines.begin() + 6),
               (std::vector<std::string>{
                   "Vireline started pid=4711",
                   "> status item",
                   "> tap",
                   "anchor guard active, 0 zones",
+                  "> mirror follows",
                   "mirror: 1 pinned apps from Apple's Dock",
               }));
     EXPECT_EQ(lines.back(), "> coordinator follows");
