@@ -2,7 +2,6 @@
 
 #include "Interaction/DockActions.hpp"
 #include "Model/DockMetrics.hpp"
-#include "Platform/Desktop/MotionSettings.hpp"
 #include "Platform/RunLoop.hpp"
 #include "Sources/IconStore.hpp"
 #include "Views/Contents/AccessibleTiles.hpp"
@@ -33,6 +32,7 @@ DockRootView::DockRootView(const DockViewContext& context, PanelUIState& ui, con
     , ui_(ui)
     , spec_(spec)
     , takesWholeWindow_(takesWholeWindow)
+    , looks_(context_.model, context_.motionSettings)
     , gestures_(context_, tiles_, request_, spec.displayID)
     , drops_(context.actions)
     , menus_(context.actions, context.icons, context.words) {
@@ -121,7 +121,9 @@ Scene DockRootView::makeScene() {
     layoutIfNeeded();
     const bool isCollapsed = ui_.collapsed.get();
     const Edge& edge = request_.edge;
-    Scene scene = isCollapsed ? DockScene::collapsed(edge, lineMarks()) : makeExpandedScene();
+    Scene scene = isCollapsed
+                      ? DockScene::collapsed(edge, looks_.lineMarks(tiles_.all(), frames_, edge))
+                      : makeExpandedScene();
     scene.viewPlace = viewPlace_;
     if (isCollapsed) {
         // The view of a collapsed dock is in the gap between the planned frame and the display's
@@ -136,66 +138,18 @@ Scene DockRootView::makeScene() {
 }
 
 Scene DockRootView::makeExpandedScene() {
-    DockLook look{.edge = request_.edge,
-                  .frames = frames_,
-                  .tiles = {},
-                  .label = label(),
-                  .listChanged = std::exchange(listChanged_, false),
-                  .settles = std::exchange(settles_, false)};
-    look.tiles.reserve(tiles_.all().size());
-    int index = 0;
-    for (const DockTile& tile : tiles_.all())
-        look.tiles.push_back(lookOf(tile, index++));
-    shownDropTarget_ = drops_.target();
-    shownDragged_ = gestures_.dragged();
-    Scene scene = DockScene::expanded(look);
+    const TileLooks::Gestures gestures{.dropTarget = drops_.target(),
+                                       .dragged = gestures_.dragged(),
+                                       .reorder = gestures_.reorder()};
+    Scene scene = DockScene::expanded({.edge = request_.edge,
+                                       .frames = frames_,
+                                       .tiles = looks_.next(tiles_.all(), gestures),
+                                       .label = label(),
+                                       .listChanged = std::exchange(listChanged_, false),
+                                       .settles = std::exchange(settles_, false)});
     scene.inputRegion = inputRegion();
-    scene.followsPointer = request_.cursorAxis.has_value() || gestures_.dragged().has_value();
+    scene.followsPointer = request_.cursorAxis.has_value() || gestures.dragged.has_value();
     return scene;
-}
-
-std::vector<DockScene::LineMark> DockRootView::lineMarks() const {
-    std::vector<DockScene::LineMark> marks;
-    const auto& marked = context_.model.marked.get();
-    for (std::size_t i = 0; i < tiles_.all().size(); ++i) {
-        const DockTile& tile = tiles_.all()[i];
-        if (tile.kind == TileKind::app && marked.contains(tile.item.id))
-            marks.push_back({tile.serial, request_.edge.along(frames_.tiles.at(i).hit.center())});
-    }
-    return marks;
-}
-
-void DockRootView::addSignals(TileLook& look, const DockItem& item) const {
-    const auto& model = context_.model;
-    if (const auto status = model.statuses.get().find(item.id);
-        status != model.statuses.get().end()) {
-        if (const auto count = status->second.count)
-            look.badge = TileStatuses::badge(*count);
-        look.progress = status->second.progress;
-    }
-    look.wantsAttention = model.marked.get().contains(item.id);
-    look.isBobbing =
-        model.bobbing.get().contains(item.id) && !context_.motionSettings.reducesMotion();
-}
-
-TileLook DockRootView::lookOf(const DockTile& tile, int index) const {
-    TileLook look;
-    look.serial = tile.serial;
-    look.image = tile.image;
-    look.isRunning = tile.item.isRunning;
-    look.isLaunching =
-        tile.kind == TileKind::app && context_.model.launching.get().contains(tile.item.id);
-    if (tile.kind == TileKind::app)
-        addSignals(look, tile.item);
-    look.isPulsing = tile.pulse;
-    look.isDropTargeted = drops_.target() == tile.serial;
-    look.wasDropTargeted = shownDropTarget_ == tile.serial;
-    look.wasBeingDragged = shownDragged_ == tile.serial;
-    if (const auto drag = gestures_.reorder(); drag && tile.isPinnedApp()) {
-        look.isBeingDragged = index == drag->draggedIndex;
-        look.slide = look.isBeingDragged ? drag->offset : ReorderMath::neighborOffset(index, *drag);
-    }
-    return look;
 }
 
 std::optional<LabelLook> DockRootView::label() const {

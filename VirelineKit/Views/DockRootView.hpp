@@ -12,6 +12,7 @@
 #include "Views/Contents/DockTiles.hpp"
 #include "Views/Contents/DockViewContext.hpp"
 #include "Views/Contents/PanelUIState.hpp"
+#include "Views/Contents/TileLooks.hpp"
 #include "Views/Input/DockDrops.hpp"
 #include "Views/Input/DockMenus.hpp"
 #include "Views/Input/TileGestures.hpp"
@@ -73,9 +74,6 @@ private:
     [[nodiscard]] double iconSize() const;
     [[nodiscard]] StripLayout::Request layoutRequest() const;
     [[nodiscard]] Scene makeExpandedScene();
-    [[nodiscard]] TileLook lookOf(const DockTile& tile, int index) const;
-    void addSignals(TileLook& look, const DockItem& item) const;
-    [[nodiscard]] std::vector<DockScene::LineMark> lineMarks() const;
     [[nodiscard]] std::optional<LabelLook> label() const;
     /// The index of the tile under the pointer, in the current layout.
     [[nodiscard]] std::optional<std::size_t> hoveredTile() const;
@@ -101,6 +99,7 @@ private:
     bool takesWholeWindow_;
 
     DockTiles tiles_;
+    TileLooks looks_;
     StripLayout::Request request_;
     StripFrames frames_;
     bool tilesAreStale_ = true;
@@ -108,9 +107,6 @@ private:
     /// Apply to the next scene only.
     bool listChanged_ = false;
     bool settles_ = false;
-    /// The drop target and the dragged tile in the previous scene.
-    std::optional<std::uint32_t> shownDropTarget_;
-    std::optional<std::uint32_t> shownDragged_;
     /// Whether the previous scene was that of a collapsed dock.
     bool wasCollapsed_ = false;
     /// See `Scene::viewPlace`.
