@@ -50,16 +50,26 @@ void* SideConnection::wait(unsigned int sequence, Deadline deadline) {
         pollfd readable{xcb_get_file_descriptor(get()), POLLIN, 0};
         poll(&readable, 1, static_cast<int>(std::min<milliseconds::rep>(left.count(), 1000)));
     }
-    keepEvents();
+    keepReceived();
     return answer;
 }
 
-void SideConnection::keepEvents() {
-    while (Owned<xcb_generic_event_t> event{xcb_poll_for_queued_event(get())})
-        events_.push_back(std::move(event));
-    if (events_.empty() || std::exchange(isDispatchDue_, true))
+void SideConnection::awaitReply(unsigned int sequence, std::function<void(void*)> handler) {
+    awaited_.push_back({sequence, std::move(handler)});
+    flush();
+}
+
+/// The socket will not signal again what was read along with a reply.
+void SideConnection::keepReceived() {
+    keepQueuedEvents();
+    if ((events_.empty() && awaited_.empty()) || std::exchange(isDispatchDue_, true))
         return;
     QMetaObject::invokeMethod(&context_, [this] { dispatch(); }, Qt::QueuedConnection);
+}
+
+void SideConnection::keepQueuedEvents() {
+    while (Owned<xcb_generic_event_t> event{xcb_poll_for_queued_event(get())})
+        events_.push_back(std::move(event));
 }
 
 void SideConnection::dispatch() {
@@ -67,8 +77,17 @@ void SideConnection::dispatch() {
     while (Owned<xcb_generic_event_t> event{xcb_poll_for_event(get())})
         events_.push_back(std::move(event));
     // A closed connection stays readable forever.
-    if (xcb_connection_has_error(get()) != 0)
+    if (xcb_connection_has_error(get()) != 0) {
         notifier_.setEnabled(false);
+        awaited_.clear();
+    }
+    dispatchReplies();
+    // Looking for replies may have read more events.
+    keepQueuedEvents();
+    dispatchEvents();
+}
+
+void SideConnection::dispatchEvents() {
     if (events_.empty())
         return;
     for (const auto& event : std::exchange(events_, {})) {
@@ -77,6 +96,19 @@ void SideConnection::dispatch() {
     }
     if (onRest)
         onRest();
+}
+
+void SideConnection::dispatchReplies() {
+    while (!awaited_.empty()) {
+        void* reply = nullptr;
+        xcb_generic_error_t* error = nullptr;
+        if (xcb_poll_for_reply(get(), awaited_.front().sequence, &reply, &error) == 0)
+            break;
+        const Owned<xcb_generic_error_t> refusal{error};
+        const auto handler = std::move(awaited_.front().handler);
+        awaited_.pop_front();
+        handler(reply);
+    }
 }
 
 }

@@ -16,6 +16,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <utility>
 
 namespace vireline::x11 {
 
@@ -38,6 +39,16 @@ public:
         return Owned<Reply>{static_cast<Reply*>(wait(cookie.sequence, deadline))};
     }
 
+    /// Calls `handler` from the event loop with the reply to a request on this connection, or with
+    /// null on an error. Replies are passed on in the order of the requests. Not called if the
+    /// server is lost. The handler must not destroy this connection.
+    template <class Reply, class Cookie>
+    void whenReplied(Cookie cookie, std::function<void(const Owned<Reply>&)> handler) {
+        awaitReply(cookie.sequence, [handler = std::move(handler)](void* reply) {
+            handler(Owned<Reply>{static_cast<Reply*>(reply)});
+        });
+    }
+
     void flush() const { xcb_flush(get()); }
 
     /// Blocks until the server has processed all requests on this connection so far, or the
@@ -52,13 +63,24 @@ public:
 private:
     explicit SideConnection(XServer server);
 
+    struct AwaitedReply {
+        unsigned int sequence = 0;
+        /// Takes ownership of the reply, which is to be freed.
+        std::function<void(void*)> handler;
+    };
+
     [[nodiscard]] void* wait(unsigned int sequence, Deadline deadline);
-    void keepEvents();
+    void awaitReply(unsigned int sequence, std::function<void(void*)> handler);
+    void keepReceived();
+    void keepQueuedEvents();
     void dispatch();
+    void dispatchEvents();
+    void dispatchReplies();
 
     XServer server_;
     /// Events that arrived along with replies; the socket will not signal them again.
     std::deque<Owned<xcb_generic_event_t>> events_;
+    std::deque<AwaitedReply> awaited_;
     bool isDispatchDue_ = false;
     QSocketNotifier notifier_;
     /// Owns the queued calls, which end with this object.

@@ -15,8 +15,7 @@
 namespace vireline::x11 {
 namespace {
 
-/// Timeout for querying the pointer's position; seconds.
-constexpr double querySeconds = 0.05;
+/// Timeout for querying the extension's version; seconds.
 constexpr double creationSeconds = 0.5;
 
 /// 1 in the protocol's 16.16 fixed-point numbers.
@@ -58,10 +57,11 @@ public:
         , inputExtension_(xcb_get_extension_data(connection->get(), &xcb_input_id)->major_opcode)
         , connection_(std::move(connection)) {
         connection_->onEvent = [this](const xcb_generic_event_t& event) { noteMotion(event); };
-        connection_->onRest = [this] { passMotion(); };
+        connection_->onRest = [this] { query(); };
     }
 
     void setEnabled(bool isEnabled) override {
+        isEnabled_ = isEnabled;
         struct {
             xcb_input_event_mask_t head;
             std::uint32_t mask;
@@ -82,35 +82,59 @@ private:
             moved_.insert(motion.deviceid);
     }
 
-    /// Coalesces motion events: only the current position matters.
-    void passMotion() {
-        for (const xcb_input_device_id_t pointer : std::exchange(moved_, {}))
-            pass(pointer);
+    /// Coalesces motion events: only the current position matters. It is never waited for, so that
+    /// a busy server neither blocks the program nor makes it miss the pointer's last position.
+    void query() {
+        std::erase_if(moved_, [this](xcb_input_device_id_t pointer) {
+            const bool isDue = queried_.insert(pointer).second;
+            if (isDue)
+                query(pointer);
+            return isDue;
+        });
     }
 
-    void pass(xcb_input_device_id_t pointer) {
-        const auto reply = connection_->reply<xcb_input_xi_query_pointer_reply_t>(
+    void query(xcb_input_device_id_t pointer) {
+        connection_->whenReplied<xcb_input_xi_query_pointer_reply_t>(
             xcb_input_xi_query_pointer(connection_->get(), connection_->root(), pointer),
-            SideConnection::in(querySeconds));
+            [this, pointer](const Owned<xcb_input_xi_query_pointer_reply_t>& reply) {
+                queried_.erase(pointer);
+                if (reply)
+                    pass(pointer, *reply);
+                query();
+            });
+    }
+
+    void pass(xcb_input_device_id_t pointer, const xcb_input_xi_query_pointer_reply_t& state) {
         const std::span<const Display> displays{screens_.displays()};
-        if (!reply || !concerns(buttonsHeld(*reply)) || displays.empty())
+        if (!isEnabled_ || !concerns(buttonsHeld(state)) || displays.empty())
             return;
-        const PixelPoint now{reply->root_x >> 16, reply->root_y >> 16};
+        const PixelPoint now{state.root_x >> 16, state.root_y >> 16};
         const auto wanted = rule_(DisplayGeometry::eventPoint(displays, now.x, now.y));
         if (!wanted)
             return;
         const PixelPoint pixel = DisplayGeometry::pixelAt(displays, *wanted);
-        if (pixel == now)
-            return;
-        xcb_input_xi_warp_pointer(connection_->get(), XCB_NONE, connection_->root(), 0, 0, 0, 0,
-                                  pixel.x * fixedOne, pixel.y * fixedOne, pointer);
+        if (pixel != now)
+            move(pointer, now, pixel);
+    }
+
+    /// Moves the pointer by the distance between the pixels if it is still in the row of `from`.
+    /// If it has gone on since its position was queried, it is not pulled back there.
+    void move(xcb_input_device_id_t pointer, PixelPoint from, PixelPoint to) {
+        constexpr std::uint16_t wholeWidth = 0;
+        constexpr std::uint16_t oneRow = 1;
+        xcb_input_xi_warp_pointer(connection_->get(), connection_->root(), XCB_NONE, 0,
+                                  from.y * fixedOne, wholeWidth, oneRow, (to.x - from.x) * fixedOne,
+                                  (to.y - from.y) * fixedOne, pointer);
         connection_->flush();
     }
 
     const RandrScreens& screens_;
     PointerRule rule_;
     std::uint8_t inputExtension_;
+    bool isEnabled_ = false;
     std::set<xcb_input_device_id_t> moved_;
+    /// Those whose position has been queried and is not known yet.
+    std::set<xcb_input_device_id_t> queried_;
     std::unique_ptr<SideConnection> connection_;
 };
 
