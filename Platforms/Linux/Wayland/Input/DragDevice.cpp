@@ -85,24 +85,28 @@ void DragDevice::enter(std::uint32_t serial, wl_surface* surface, QPointF at,
                                     .surface = surface,
                                     .serial = serial,
                                     .position = at});
-    if (drag.offer->isReadable())
+    drag.isBeingRead = drag.offer->isReadable();
+    if (drag.isBeingRead)
         drag.offer->read([this](const std::vector<std::string>& urls) { introduce(urls); });
-    answer();
+    else
+        answer();
 }
 
 void DragDevice::introduce(const std::vector<std::string>& urls) {
-    SurfaceInput* const entered = urls.empty() ? nullptr : target();
-    if (!drag_ || entered == nullptr)
+    if (!drag_)
         return;
-    drag_->isKnown = true;
-    entered->dragEntered(urls);
+    drag_->isBeingRead = false;
+    SurfaceInput* const entered = target();
+    drag_->isKnown = entered != nullptr && !urls.empty();
+    if (drag_->isKnown)
+        entered->dragEntered(urls);
     answer();
     // The files have not arrived on the connection, which would be flushed then.
     connection_.flush();
 }
 
 void DragDevice::answer() {
-    if (!drag_)
+    if (!drag_ || drag_->isBeingRead)
         return;
     SurfaceInput* const under = target();
     drag_->canDrop = drag_->isKnown && under != nullptr && under->dragMoved(drag_->position);

@@ -35,6 +35,8 @@ private:
         wl_surface* surface = nullptr;
         std::uint32_t serial = 0;
         QPointF position;
+        /// Whether it has files is not known yet.
+        bool isBeingRead = false;
         /// The surface has been given the files.
         bool isKnown = false;
         bool canDrop = false;
@@ -42,6 +44,8 @@ private:
 
     void enter(std::uint32_t serial, wl_surface* surface, QPointF at, wl_data_offer* offered);
     void introduce(const std::vector<std::string>& urls);
+    /// Tells the source whether it can drop there. Nothing is told before the files are known:
+    /// until then there is no drop anyway, and a source would show a refusal for a moment.
     void answer();
     void leave();
     void drop();
