@@ -21,7 +21,7 @@ std::string urlList(const std::vector<std::filesystem::path>& files) {
 }
 
 FileDrag::FileDrag(VirtualDesktop& desktop, const Content& content)
-    : desktop_(desktop), record_(desktop.home().scratch() / "drag") {
+    : desktop_(desktop), record_(desktop.home().scratch() / "drag.log") {
     const auto file = desktop.home().scratch() / "dragged";
     writeFile(file, content.text);
     std::filesystem::remove(record_);
