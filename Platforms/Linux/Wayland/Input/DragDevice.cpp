@@ -85,20 +85,18 @@ void DragDevice::enter(std::uint32_t serial, wl_surface* surface, QPointF at,
                                     .surface = surface,
                                     .serial = serial,
                                     .position = at});
-    drag.isBeingRead = drag.offer->isReadable();
-    if (drag.isBeingRead)
-        drag.offer->read([this](const std::vector<std::string>& urls) { introduce(urls); });
-    else
-        answer();
+    if (!drag.offer->isReadable())
+        return answer();
+    drag.files = Files::beingRead;
+    drag.offer->read([this](const std::vector<std::string>& urls) { introduce(urls); });
 }
 
 void DragDevice::introduce(const std::vector<std::string>& urls) {
     if (!drag_)
         return;
-    drag_->isBeingRead = false;
     SurfaceInput* const entered = target();
-    drag_->isKnown = entered != nullptr && !urls.empty();
-    if (drag_->isKnown)
+    drag_->files = entered == nullptr || urls.empty() ? Files::none : Files::known;
+    if (drag_->files == Files::known)
         entered->dragEntered(urls);
     answer();
     // The files have not arrived on the connection, which would be flushed then.
@@ -106,17 +104,18 @@ void DragDevice::introduce(const std::vector<std::string>& urls) {
 }
 
 void DragDevice::answer() {
-    if (!drag_ || drag_->isBeingRead)
+    if (!drag_ || drag_->files == Files::beingRead)
         return;
     SurfaceInput* const under = target();
-    drag_->canDrop = drag_->isKnown && under != nullptr && under->dragMoved(drag_->position);
+    drag_->canDrop =
+        drag_->files == Files::known && under != nullptr && under->dragMoved(drag_->position);
     drag_->offer->answer(drag_->serial, drag_->canDrop);
 }
 
 void DragDevice::leave() {
     SurfaceInput* const left = target();
     const auto drag = std::exchange(drag_, std::nullopt);
-    if (drag && drag->isKnown && left != nullptr)
+    if (drag && drag->files == Files::known && left != nullptr)
         left->dragLeft();
 }
 

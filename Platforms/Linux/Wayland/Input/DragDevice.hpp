@@ -29,16 +29,20 @@ public:
 
 private:
     struct Events;
+    enum class Files {
+        none,
+        /// Whether there are any is not known yet.
+        beingRead,
+        /// The surface has been given them.
+        known,
+    };
     /// A drag over a surface of ours.
     struct Drag {
         std::unique_ptr<DragOffer> offer;
         wl_surface* surface = nullptr;
         std::uint32_t serial = 0;
         QPointF position;
-        /// Whether it has files is not known yet.
-        bool isBeingRead = false;
-        /// The surface has been given the files.
-        bool isKnown = false;
+        Files files = Files::none;
         bool canDrop = false;
     };
 

@@ -54,7 +54,7 @@ void* SideConnection::wait(unsigned int sequence, Deadline deadline) {
     return answer;
 }
 
-void SideConnection::awaitReply(unsigned int sequence, std::function<void(void*)> handler) {
+void SideConnection::awaitReply(unsigned int sequence, std::function<void(Owned<void>)> handler) {
     awaited_.push_back({sequence, std::move(handler)});
     flush();
 }
@@ -107,7 +107,7 @@ void SideConnection::dispatchReplies() {
         const Owned<xcb_generic_error_t> refusal{error};
         const auto handler = std::move(awaited_.front().handler);
         awaited_.pop_front();
-        handler(reply);
+        handler(Owned<void>{reply});
     }
 }
 

@@ -44,8 +44,8 @@ public:
     /// server is lost. The handler must not destroy this connection.
     template <class Reply, class Cookie>
     void whenReplied(Cookie cookie, std::function<void(const Owned<Reply>&)> handler) {
-        awaitReply(cookie.sequence, [handler = std::move(handler)](void* reply) {
-            handler(Owned<Reply>{static_cast<Reply*>(reply)});
+        awaitReply(cookie.sequence, [handler = std::move(handler)](Owned<void> reply) {
+            handler(Owned<Reply>{static_cast<Reply*>(reply.release())});
         });
     }
 
@@ -65,12 +65,11 @@ private:
 
     struct AwaitedReply {
         unsigned int sequence = 0;
-        /// Takes ownership of the reply, which is to be freed.
-        std::function<void(void*)> handler;
+        std::function<void(Owned<void>)> handler;
     };
 
     [[nodiscard]] void* wait(unsigned int sequence, Deadline deadline);
-    void awaitReply(unsigned int sequence, std::function<void(void*)> handler);
+    void awaitReply(unsigned int sequence, std::function<void(Owned<void>)> handler);
     void keepReceived();
     void keepQueuedEvents();
     void dispatch();
